@@ -1,0 +1,75 @@
+# Compiler settings that all targets share, and the helpers by which the folders declare theirs.
+
+option(VESK_TESTS "Build the tests" ON)
+option(VESK_BENCH "Build the benchmark" OFF)
+option(VESK_WERROR "Treat warnings as errors" OFF)
+set(VESK_SANITIZE "" CACHE STRING "address (with undefined behaviour) or thread")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTOUIC ON)
+set(CMAKE_AUTORCC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_UNITY_BUILD_BATCH_SIZE 8)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+find_program(VESK_CCACHE ccache)
+if(VESK_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_NOHASHDIR=1
+      CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} ${VESK_CCACHE})
+endif()
+find_program(VESK_MOLD mold)
+if(VESK_MOLD AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_link_options(-fuse-ld=mold)
+endif()
+
+if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
+  add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion)
+  if(VESK_WERROR)
+    add_compile_options(-Werror)
+  endif()
+  if(CMAKE_BUILD_TYPE STREQUAL "Debug")
+    # Line tables are enough for stack traces and halve the size of what is linked.
+    string(REPLACE "-g" "-g1" CMAKE_CXX_FLAGS_DEBUG "${CMAKE_CXX_FLAGS_DEBUG}")
+  endif()
+endif()
+if(VESK_SANITIZE STREQUAL "address")
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+elseif(VESK_SANITIZE STREQUAL "thread")
+  add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=thread)
+endif()
+
+add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
+                        QT_NO_URL_CAST_FROM_STRING QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+include_directories(${CMAKE_SOURCE_DIR})
+
+# vesk_objects(NAME SOURCES... LINK libraries...): code that ends up in more than one binary
+# (a module folder goes into the module and into the tests of its dialogs).
+function(vesk_objects name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} OBJECT ${ARG_SOURCES})
+  target_link_libraries(${name} PUBLIC ${ARG_LINK})
+endfunction()
+
+# vesk_test(NAME SOURCES... LINK libraries... [LABELS labels...]): one GoogleTest program, run
+# without a display; the label "threads" takes it into the thread sanitizer's run.
+function(vesk_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK;LABELS" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gmock)
+  set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES
+    LABELS "${ARG_LABELS}"
+    TIMEOUT 600
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=Asia/Shanghai;TSAN_OPTIONS=ignore_noninstrumented_modules=1 halt_on_error=1;UBSAN_OPTIONS=print_stacktrace=1;ASAN_OPTIONS=detect_leaks=1")
+endfunction()

@@ -1,0 +1,34 @@
+// The drawing service: checkpoints and their comments.
+#pragma once
+
+#include "services/DrawingRecords.h"
+
+namespace KX_DATA {
+
+/// Comments come in pages of this size.
+inline constexpr qint32 kCommentPageSize = 50;
+
+/// PDF drawings. Thread: user interface.
+class IPDFDrawingMng {
+public:
+    virtual ~IPDFDrawingMng() = default;
+
+    virtual void Reserved1() = 0;
+    virtual void Reserved2() = 0;
+    virtual void Reserved3() = 0;
+    virtual void Reserved4() = 0;
+    virtual void Reserved5() = 0;
+    virtual void Reserved6() = 0;
+    /// 101 on success, here and below where the result is a number.
+    virtual qint32 AddComment(qint32 drawingId, const QString& text,
+                              CheckpointComment& comment) = 0;
+    /// `page` counts from 0.
+    virtual qint32 GetComments(qint32 drawingId, qint32 page, qint32 pageSize,
+                               std::vector<CheckpointComment>& comments) = 0;
+    virtual bool DeleteComment(qint32 drawingId, qint64 commentId) = 0;
+    /// `drawingId` is that of PdfPicRecord: the id of the checkpoint point.
+    virtual qint32 GetDrawing(qint32 drawingId, DrawingRecord& record) = 0;
+    virtual qint32 UpdateCheckpoint(const CheckpointEdit& edit, qint32& value) = 0;
+};
+
+} // namespace KX_DATA
