@@ -24,7 +24,7 @@ struct DrawingRecord {
     QString description;
     qint32 markColor = 0; ///< 0xBBGGRR
     QString markName;
-    std::pair<qint64, qint64> position; ///< passed through to the checkpoint editor
+    std::pair<qint64, qint64> position;              ///< passed through to the checkpoint editor
     std::vector<std::pair<QString, QString>> labels; ///< id, name
     std::vector<DrawingPicRef> pics;
     QString updateTime;

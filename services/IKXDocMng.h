@@ -16,8 +16,8 @@ public:
     /// kLabelsOk on success; `kind` is kPhotoDocKind, here and below.
     virtual qint32 GetLabels(qint32 kind, std::vector<LabelEntry>& labels) = 0;
     /// kLabelAdded on success; `value` is 2, `parent` "0".
-    virtual qint32 AddLabel(qint32 kind, const QString& label, qint32 value,
-                            const QString& parent, QString& labelId) = 0;
+    virtual qint32 AddLabel(qint32 kind, const QString& label, qint32 value, const QString& parent,
+                            QString& labelId) = 0;
 };
 
 } // namespace KX_DATA

@@ -13,8 +13,8 @@ public:
     virtual ~IKXFilesDownloadMng() = default;
 
     /// Blocks until the file is at `localPath` or has failed; `kind` is 5, `value` 0.
-    virtual void DownloadFile(TransferResult& result, const QString& uuid,
-                              const QString& localPath, qint32 kind, bool flag, qint32 value) = 0;
+    virtual void DownloadFile(TransferResult& result, const QString& uuid, const QString& localPath,
+                              qint32 kind, bool flag, qint32 value) = 0;
 };
 
 /// Stores files. Thread: any.

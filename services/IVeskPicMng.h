@@ -45,8 +45,7 @@ public:
     virtual qint32 GetPdfPicDetail(qint32 ppid, qint32 picId, PdfPicDetail& detail) = 0;
     /// Status. Floors sort as numbers where they are numbers.
     virtual qint32 GetProjectFloors(qint32 ppid, std::vector<QString>& floors) = 0;
-    virtual qint32 GetFloorAxesX(qint32 ppid, const QString& floor,
-                                 std::vector<QString>& axes) = 0;
+    virtual qint32 GetFloorAxesX(qint32 ppid, const QString& floor, std::vector<QString>& axes) = 0;
     virtual qint32 GetFloorAxesY(qint32 ppid, const QString& floor, const QString& axisX,
                                  std::vector<AxisYEntry>& axes) = 0;
     virtual bool UpdateBimPic(qint32 ppid, const BimPicUpdate& update) = 0;

@@ -20,8 +20,8 @@ struct PicQueryFilter {
     bool noDateLimit = true;
     qint64 startTime = 0; ///< both inclusive, seconds since 1970
     qint64 endTime = 0;
-    QString status;      ///< name of a rectification state; "全部" or empty: all
-    QString presetExtra; ///< issues, together with presetKey: handle of a component
+    QString status;                 ///< name of a rectification state; "全部" or empty: all
+    QString presetExtra;            ///< issues, together with presetKey: handle of a component
     std::vector<qint32> projectIds; ///< empty: matches nothing
 };
 

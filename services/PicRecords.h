@@ -17,10 +17,10 @@ inline constexpr qint32 kStatusHidden = 1;
 struct PicMsgRecord {
     QString reserved; ///< never filled
     QString floor;
-    QString userName;  ///< who uploaded the photo or raised the issue
-    QString picName;   ///< photo messages only
-    QString labelText; ///< empty when the labels come as an array; photo messages only
-    QString pos;       ///< position text shown to the user
+    QString userName;       ///< who uploaded the photo or raised the issue
+    QString picName;        ///< photo messages only
+    QString labelText;      ///< empty when the labels come as an array; photo messages only
+    QString pos;            ///< position text shown to the user
     QString intersectionId; ///< position key; photo messages only
     QString uuid;           ///< the preview picture
     qint32 markerId = 0;
@@ -81,7 +81,7 @@ struct BimPicDetail {
     QString text5;
     qint32 markId = 0;
     QString markName;
-    QString fileName; ///< with extension
+    QString fileName;     ///< with extension
     qint32 markColor = 0; ///< 0xBBGGRR
     std::vector<LabelEntry> labels;
     QString uploaderName;

@@ -1,0 +1,39 @@
+// A balloon that points at a control.
+#pragma once
+
+#include "toolkit/ToolkitExport.h"
+
+#include <QString>
+#include <QWidget>
+
+namespace toolkit {
+
+/// Painted frame with an arrow; goes by itself after a while, at a click, a key, or with its
+/// control. Named "balloonTip" for tests; its text is its accessible name. Plain text only.
+class TOOLKIT_EXPORT BalloonTip final : public QWidget {
+    Q_OBJECT
+public:
+    /// Shows a balloon at `control`, in place of one that is open. Owned by the control's window.
+    static BalloonTip* ShowAt(QWidget* control, const QString& text);
+    /// The open one, or null.
+    [[nodiscard]] static BalloonTip* Current();
+
+    [[nodiscard]] const QString& Text() const { return m_text; }
+    [[nodiscard]] QWidget* Control() const { return m_control; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    BalloonTip(QWidget* control, const QString& text);
+    void Place();
+
+    QWidget* m_control;
+    QString m_text;
+    int m_arrowX = 0;
+    bool m_arrowUp = true;
+};
+
+} // namespace toolkit

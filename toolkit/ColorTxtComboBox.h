@@ -1,0 +1,33 @@
+// A drop list of colours with names.
+#pragma once
+
+#include "toolkit/DropCombo.h"
+
+#include <QString>
+
+#include <vector>
+
+/// Colour 0xBBGGRR and name.
+struct ColorAndName {
+    int color = 0;
+    QString name;
+};
+
+/// Each entry shows a swatch of its colour and its name, in the list and when selected.
+class TOOLKIT_EXPORT CColorTxtComboBox final : public DropCombo {
+    Q_OBJECT
+public:
+    explicit CColorTxtComboBox(QWidget* parent = nullptr);
+
+    /// 1: the swatch as a small flag before the name; 0: the name on a field of the colour.
+    void SetVeskStyle(int style);
+    /// Replaces all entries and selects the first.
+    void OnInitialize(const std::vector<ColorAndName>& entries);
+    [[nodiscard]] const std::vector<ColorAndName>& Entries() const { return m_entries; }
+
+private:
+    void Rebuild();
+
+    std::vector<ColorAndName> m_entries;
+    int m_style = 0;
+};

@@ -1,0 +1,18 @@
+// A combo box with an edit field, a hint text, and a list of recent entries.
+#pragma once
+
+#include "toolkit/DropCombo.h"
+
+/// Text with recent entries. The hint shows while the field is empty; it is never part of the text.
+class TOOLKIT_EXPORT KXComboBox final : public DropCombo {
+    Q_OBJECT
+public:
+    explicit KXComboBox(QWidget* parent = nullptr);
+
+    void SetTipInfo(const QString& hint);
+    [[nodiscard]] QString TipInfo() const;
+
+signals:
+    /// Enter in the edit field.
+    void returnPressed();
+};

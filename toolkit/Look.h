@@ -1,0 +1,44 @@
+// One look for host and module: palette, font, metrics, style.
+#pragma once
+
+#include "toolkit/ToolkitExport.h"
+
+#include <QColor>
+#include <QFont>
+
+class QApplication;
+
+namespace toolkit {
+
+/// Colours in use; see the palette in docs.
+struct TOOLKIT_EXPORT Colors {
+    static QColor Pane();       ///< background of pictures and panes
+    static QColor Text();       ///< running text
+    static QColor TextAccent(); ///< navy
+    static QColor Accent();
+    static QColor Hover();
+    static QColor Frame();
+    static QColor Error();     ///< marks: invalid position
+    static QColor ErrorText(); ///< running text that tells of an error
+    static QColor Link();
+    static QColor Selection(); ///< accent at low strength, under dark text
+    static QColor AlternateRow();
+    static QColor HintText();
+};
+
+/// From a number 0xBBGGRR.
+[[nodiscard]] TOOLKIT_EXPORT QColor ColorFromBgr(int bgr);
+/// Black or white, whichever reads better on `background`.
+[[nodiscard]] TOOLKIT_EXPORT QColor TextOn(const QColor& background);
+
+/// Base step of all distances, device-independent pixels.
+inline constexpr int kStep = 4;
+
+/// The controls' face at a height in pixels (12 is the normal one).
+[[nodiscard]] TOOLKIT_EXPORT QFont UiFont(int pixelHeight = 12);
+
+/// Sets style, palette, font, font substitutions and Qt's Chinese texts for the whole program.
+/// Called once, before the first window.
+TOOLKIT_EXPORT void ApplyLook(QApplication& app);
+
+} // namespace toolkit

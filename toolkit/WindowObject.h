@@ -1,0 +1,75 @@
+// A window object outlives its window: the object stays, its Qt window comes and goes.
+#pragma once
+
+#include "toolkit/ToolkitExport.h"
+#include "toolkit/WindowRegistry.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <map>
+#include <memory>
+
+class QTimer;
+
+namespace toolkit {
+
+/// Owns at most one Qt window at a time.
+///
+/// Shows nothing itself: a subclass makes the widget in MakeWindow and fills it in OnCreated.
+/// Without a window the object holds no Qt widget, so it may die at process exit in any order.
+/// Thread: user interface. Owned by whoever made it; mostly a process-wide singleton.
+class TOOLKIT_EXPORT WindowObject {
+public:
+    WindowObject();
+    virtual ~WindowObject();
+    WindowObject(const WindowObject&) = delete;
+    WindowObject& operator=(const WindowObject&) = delete;
+
+    [[nodiscard]] bool HasWindow() const { return !m_widget.isNull(); }
+    /// kNoWindow without a window.
+    [[nodiscard]] WindowId Id() const { return m_id; }
+    /// Null without a window.
+    [[nodiscard]] QWidget* Widget() const { return m_widget; }
+
+    /// Makes the window. Does nothing and answers false if there is one already.
+    bool Create(WindowId parent);
+    /// Hides the window at once and ends it; the widget is freed once the events in progress have
+    /// unwound. Does nothing without a window.
+    void Destroy();
+
+    /// Shows the window in its normal size, also out of minimised.
+    void ShowRestored();
+    /// Asks the window manager; it may refuse.
+    void BringToForeground();
+    void Minimise();
+    void Hide();
+
+    /// Starts a timer; setting one that runs starts it again. All end with the window.
+    void SetTimer(int timerId, int milliseconds);
+    void KillTimer(int timerId);
+
+protected:
+    /// Makes the window's widget, with `parent` (possibly null) as Qt parent.
+    virtual QWidget* MakeWindow(QWidget* parent) = 0;
+    /// The window exists and has its id.
+    virtual void OnCreated() {}
+    /// The window is about to end, or was ended by Qt (then HasWindow() is already false).
+    virtual void OnDestroyed() {}
+    /// The window manager or the host asks the window to close. Default: Destroy().
+    virtual void OnClose() { Destroy(); }
+    virtual void OnResized() {}
+    virtual qintptr OnEvent(const WindowEvent& event);
+    virtual void OnTimer(int timerId);
+
+private:
+    class Watcher;
+    void EndWindow(bool widgetGone);
+
+    QPointer<QWidget> m_widget;
+    WindowId m_id = kNoWindow;
+    std::unique_ptr<Watcher> m_watcher;
+    std::map<int, std::unique_ptr<QTimer>> m_timers;
+};
+
+} // namespace toolkit
