@@ -64,7 +64,8 @@ protected:
 
 private:
     class Watcher;
-    void EndWindow(bool widgetGone);
+    /// Forgets the window; the widget itself is the caller's affair.
+    void Release();
 
     QPointer<QWidget> m_widget;
     WindowId m_id = kNoWindow;

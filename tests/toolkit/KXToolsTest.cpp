@@ -1,0 +1,31 @@
+#include "toolkit/KXTools.h"
+
+#include <QDateTime>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+qint64 At(int hour, int minute, int second) {
+    return QDateTime(QDate(2026, 3, 5), QTime(hour, minute, second)).toSecsSinceEpoch();
+}
+
+} // namespace
+
+TEST(KXTools, StartOfTheDayIsMidnightOfThatDay) {
+    qint64 time = At(17, 45, 3);
+    KXTools::Set0Hour0Minute0Second(time);
+    EXPECT_EQ(time, At(0, 0, 0));
+}
+
+TEST(KXTools, EndOfTheDayIsItsLastSecond) {
+    qint64 time = At(0, 0, 0);
+    KXTools::Set23Hour59Minute59Second(time);
+    EXPECT_EQ(time, At(23, 59, 59));
+}
+
+TEST(KXTools, TimesPrintInLocalForm) {
+    EXPECT_EQ(KXTools::MinuteText(At(7, 5, 9)), u"2026-03-05 07:05"_s);
+    EXPECT_EQ(KXTools::SecondText(At(7, 5, 9)), u"2026-03-05 07:05:09"_s);
+}

@@ -1,0 +1,143 @@
+#include "toolkit/WindowObject.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <gtest/gtest.h>
+
+using toolkit::WindowId;
+
+namespace {
+
+class Sample final : public toolkit::WindowObject {
+public:
+    int created = 0;
+    int destroyed = 0;
+    int closes = 0;
+    int ticks = 0;
+    bool destroyInTick = false;
+    std::vector<int> events;
+
+protected:
+    QWidget* MakeWindow(QWidget* parent) override { return new QWidget(parent, Qt::Window); }
+    void OnCreated() override { ++created; }
+    void OnDestroyed() override { ++destroyed; }
+    void OnClose() override {
+        ++closes;
+        Destroy();
+    }
+    qintptr OnEvent(const toolkit::WindowEvent& event) override {
+        events.push_back(event.number);
+        return 1;
+    }
+    void OnTimer(int) override {
+        ++ticks;
+        if (destroyInTick)
+            Destroy();
+    }
+};
+
+void WaitForTick(const Sample& sample, int ticks) {
+    const QDeadlineTimer deadline(5000);
+    while (sample.ticks < ticks && !deadline.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+}
+
+} // namespace
+
+TEST(WindowObject, HasAWindowOnlyBetweenCreationAndDestruction) {
+    Sample sample;
+    EXPECT_FALSE(sample.HasWindow());
+    EXPECT_EQ(sample.Id(), toolkit::kNoWindow);
+    EXPECT_TRUE(sample.Create(toolkit::kNoWindow));
+    EXPECT_TRUE(sample.HasWindow());
+    EXPECT_FALSE(sample.Create(toolkit::kNoWindow));
+    sample.Destroy();
+    EXPECT_FALSE(sample.HasWindow());
+    EXPECT_EQ(sample.destroyed, 1);
+    sample.Destroy();
+    EXPECT_EQ(sample.destroyed, 1);
+}
+
+TEST(WindowObject, CanBeCreatedAgainUnderANewId) {
+    Sample sample;
+    sample.Create(toolkit::kNoWindow);
+    const WindowId first = sample.Id();
+    sample.Destroy();
+    sample.Create(toolkit::kNoWindow);
+    EXPECT_NE(sample.Id(), first);
+    EXPECT_EQ(toolkit::SendWindowEvent(first, 7), 0);
+    EXPECT_EQ(toolkit::SendWindowEvent(sample.Id(), 8), 1);
+    EXPECT_EQ(sample.events, std::vector<int>{8});
+}
+
+TEST(WindowObject, DestroyingHidesAtOnce) {
+    Sample sample;
+    sample.Create(toolkit::kNoWindow);
+    sample.ShowRestored();
+    const QPointer<QWidget> widget = sample.Widget();
+    ASSERT_TRUE(widget->isVisible());
+    sample.Destroy();
+    EXPECT_TRUE(widget.isNull() || !widget->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(widget.isNull());
+}
+
+TEST(WindowObject, EndsTheSameWayWhenItsParentDies) {
+    Sample sample;
+    {
+        QWidget parent;
+        const WindowId id =
+            toolkit::RegisterWindow(&parent, [](const toolkit::WindowEvent&) { return 0; });
+        sample.Create(id);
+        EXPECT_EQ(sample.Widget()->parentWidget(), &parent);
+    }
+    EXPECT_FALSE(sample.HasWindow());
+    EXPECT_EQ(sample.Id(), toolkit::kNoWindow);
+    EXPECT_EQ(sample.destroyed, 1);
+}
+
+TEST(WindowObject, AskingTheWindowToCloseGoesThroughTheCloseEvent) {
+    Sample sample;
+    sample.Create(toolkit::kNoWindow);
+    sample.ShowRestored();
+    sample.Widget()->close();
+    EXPECT_EQ(sample.closes, 1);
+    EXPECT_FALSE(sample.HasWindow());
+}
+
+TEST(WindowObject, DyingWithAWindowFreesIt) {
+    QPointer<QWidget> widget;
+    {
+        Sample sample;
+        sample.Create(toolkit::kNoWindow);
+        widget = sample.Widget();
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(widget.isNull());
+}
+
+TEST(WindowObject, ATimerMayEndItsOwnWindowAndNeverTicksAgain) {
+    Sample sample;
+    sample.Create(toolkit::kNoWindow);
+    sample.destroyInTick = true;
+    sample.SetTimer(101, 1);
+    WaitForTick(sample, 1);
+    EXPECT_EQ(sample.ticks, 1);
+    EXPECT_FALSE(sample.HasWindow());
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    EXPECT_EQ(sample.ticks, 1);
+}
+
+TEST(WindowObject, AStoppedTimerTicksNoMoreAndOneSetAgainDoes) {
+    Sample sample;
+    sample.Create(toolkit::kNoWindow);
+    sample.SetTimer(104, 1);
+    sample.KillTimer(104);
+    sample.KillTimer(103);
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    EXPECT_EQ(sample.ticks, 0);
+    sample.SetTimer(104, 1);
+    WaitForTick(sample, 2);
+    EXPECT_GE(sample.ticks, 2);
+}

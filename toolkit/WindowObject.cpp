@@ -1,0 +1,143 @@
+#include "toolkit/WindowObject.h"
+
+#include <QEvent>
+#include <QTimer>
+
+namespace toolkit {
+
+/// Sees what happens to the widget and hands it to the object.
+class WindowObject::Watcher final : public QObject {
+public:
+    Watcher(WindowObject& owner, QWidget* widget) : m_owner(owner) {
+        widget->installEventFilter(this);
+        connect(widget, &QObject::destroyed, this, [this] {
+            WindowObject& ended = m_owner;
+            ended.Release();
+            ended.OnDestroyed();
+        });
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::Close:
+            // The object decides what a close means; Qt must not hide or delete by itself.
+            event->ignore();
+            m_owner.OnClose();
+            return true;
+        case QEvent::Resize:
+            m_owner.OnResized();
+            break;
+        default:
+            break;
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    WindowObject& m_owner;
+};
+
+WindowObject::WindowObject() = default;
+
+WindowObject::~WindowObject() {
+    if (!HasWindow())
+        return;
+    // The subclass is gone already, so OnDestroyed stays uncalled.
+    QWidget* widget = m_widget;
+    Release();
+    widget->hide();
+    widget->deleteLater();
+}
+
+bool WindowObject::Create(WindowId parent) {
+    if (HasWindow())
+        return false;
+    m_widget = MakeWindow(WidgetOf(parent));
+    m_id = RegisterWindow(m_widget, [this](const WindowEvent& event) { return OnEvent(event); });
+    m_watcher = std::make_unique<Watcher>(*this, m_widget);
+    OnCreated();
+    return true;
+}
+
+void WindowObject::Destroy() {
+    if (!HasWindow())
+        return;
+    QWidget* widget = m_widget;
+    OnDestroyed();
+    Release();
+    widget->hide();
+    widget->deleteLater();
+}
+
+void WindowObject::Release() {
+    // Timers and watcher may be what is running now, so they end with the events in progress.
+    for (auto& entry : m_timers) {
+        entry.second->stop();
+        entry.second.release()->deleteLater();
+    }
+    m_timers.clear();
+    UnregisterWindow(m_id);
+    m_id = kNoWindow;
+    if (m_watcher) {
+        m_watcher->disconnect();
+        if (HasWindow()) {
+            m_widget->removeEventFilter(m_watcher.get());
+            QObject::disconnect(m_widget, nullptr, m_watcher.get(), nullptr);
+        }
+        m_watcher.release()->deleteLater();
+    }
+    m_widget.clear();
+}
+
+void WindowObject::ShowRestored() {
+    if (!HasWindow())
+        return;
+    m_widget->showNormal();
+}
+
+void WindowObject::BringToForeground() {
+    if (!HasWindow())
+        return;
+    m_widget->raise();
+    m_widget->activateWindow();
+}
+
+void WindowObject::Minimise() {
+    if (HasWindow())
+        m_widget->showMinimized();
+}
+
+void WindowObject::Hide() {
+    if (HasWindow())
+        m_widget->hide();
+}
+
+void WindowObject::SetTimer(int timerId, int milliseconds) {
+    if (!HasWindow())
+        return;
+    std::unique_ptr<QTimer>& timer = m_timers[timerId];
+    if (!timer) {
+        timer = std::make_unique<QTimer>();
+        QObject::connect(timer.get(), &QTimer::timeout, m_widget,
+                         [this, timerId] { OnTimer(timerId); });
+    }
+    timer->start(milliseconds);
+}
+
+void WindowObject::KillTimer(int timerId) {
+    const auto found = m_timers.find(timerId);
+    if (found == m_timers.end())
+        return;
+    found->second->stop();
+}
+
+qintptr WindowObject::OnEvent(const WindowEvent& event) {
+    Q_UNUSED(event);
+    return 0;
+}
+
+void WindowObject::OnTimer(int timerId) {
+    Q_UNUSED(timerId);
+}
+
+} // namespace toolkit
