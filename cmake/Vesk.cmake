@@ -60,16 +60,34 @@ function(vesk_objects name)
   target_link_libraries(${name} PUBLIC ${ARG_LINK})
 endfunction()
 
+# All test programs in which threads run: what the thread sanitizer's preset builds.
+add_custom_target(thread_tests)
+
+# What a test sees of its surroundings, the same on every machine: a screen larger than the
+# offscreen platform's own, one zone, one locale, no desktop bus.
+set(VESK_TEST_ENVIRONMENT
+  "QT_QPA_PLATFORM=offscreen:configfile=${CMAKE_SOURCE_DIR}/dev/offscreen.json"
+  LC_ALL=C.UTF-8
+  TZ=Asia/Shanghai
+  DBUS_SESSION_BUS_ADDRESS=disabled:
+  "TSAN_OPTIONS=ignore_noninstrumented_modules=1 halt_on_error=1"
+  UBSAN_OPTIONS=print_stacktrace=1
+  ASAN_OPTIONS=detect_leaks=1)
+
 # vesk_test(NAME SOURCES... LINK libraries... [LABELS labels...]): one GoogleTest program, run
 # without a display; the label "threads" takes it into the thread sanitizer's run.
 function(vesk_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK;LABELS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gmock)
+  # The module that a test loads finds the services' factories in the program.
   set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
     LABELS "${ARG_LABELS}"
     TIMEOUT 600
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=Asia/Shanghai;TSAN_OPTIONS=ignore_noninstrumented_modules=1 halt_on_error=1;UBSAN_OPTIONS=print_stacktrace=1;ASAN_OPTIONS=detect_leaks=1")
+    ENVIRONMENT "${VESK_TEST_ENVIRONMENT}")
+  if("threads" IN_LIST ARG_LABELS)
+    add_dependencies(thread_tests ${name})
+  endif()
 endfunction()

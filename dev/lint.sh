@@ -1,0 +1,144 @@
+#!/usr/bin/env bash
+# dev/lint.sh [ROOT]: rules of the code that the compiler doesn't know. One line for each fault;
+# exit code 1 if there is one.
+set -euo pipefail
+export LC_ALL=C
+root=${1:-$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)}
+cd "$root"
+
+module_folders=(base console editors frame issues reminder report richtext viewers)
+plain_folders=(services include toolkit host)
+folders=("${plain_folders[@]}" "${module_folders[@]}")
+max_lines=600
+max_readme_lines=12
+
+# What each folder may include, itself included. A folder that isn't named may include all.
+may_include() {
+    case "$1" in
+    services) echo services ;;
+    include) echo services include ;;
+    toolkit) echo toolkit ;;
+    host) echo include services toolkit host ;;
+    base) echo include services toolkit base ;;
+    editors | richtext | report) echo include services toolkit base "$1" ;;
+    viewers) echo include services toolkit base editors richtext report viewers ;;
+    issues | reminder) echo include services toolkit base editors richtext report viewers "$1" ;;
+    console) echo include services toolkit base editors richtext report viewers issues console ;;
+    frame) echo include services toolkit "${module_folders[@]}" ;;
+    esac
+}
+
+# sources FOLDER...: our C++ files below the folders that exist.
+sources() {
+    local folder
+    for folder in "$@"; do
+        if [ -d "$folder" ]; then
+            find "$folder" -name build -prune -o -type f \( -name '*.h' -o -name '*.cpp' \) -print
+        fi
+    done | sort
+}
+
+# grep_sources PATTERN FOLDER...: file:line:text of what matches.
+grep_sources() {
+    local pattern="$1"
+    shift
+    sources "$@" | xargs -r grep -HnE "$pattern" || true
+}
+
+# Includes of our own are written from the top ("toolkit/Clock.h"); generated ones have no folder.
+check_includes() {
+    local folder allowed
+    for folder in "${folders[@]}"; do
+        allowed=" $(may_include "$folder") "
+        grep_sources '^[[:space:]]*#[[:space:]]*include[[:space:]]+["<]' "$folder" |
+            awk -v folder="$folder" -v allowed="$allowed" -v ours=" ${folders[*]} tests bench " '
+            {
+                quoted = match($0, /"[^"]+"/)
+                if (!quoted) match($0, /<[^>]+>/)
+                path = substr($0, RSTART + 1, RLENGTH - 2)
+                slash = index(path, "/")
+                top = slash ? substr(path, 1, slash - 1) : ""
+                where = $0
+                sub(/:[^:]*#.*/, "", where)
+                if (quoted && !slash && path ~ /^ui_.*\.h$|\.moc$|^moc_.*\.cpp$/) next
+                if (quoted && !index(ours, " " top " "))
+                    print where ": include \"" path "\" from the top folder"
+                else if (index(ours, " " top " ") && !index(allowed, " " top " "))
+                    print where ": " folder "/ must not include " path
+            }'
+    done
+}
+
+check_umbrellas() {
+    grep_sources '#[[:space:]]*include[[:space:]]*<(Qt(Core|Gui|Widgets|Sql|Svg|Test)/)?Qt(Core|Gui|Widgets|Sql|Svg|Test)>' \
+        "${folders[@]}" tests bench | sed 's/$/   : include the class, not the whole of Qt/'
+}
+
+check_sql() {
+    grep_sources '#[[:space:]]*include[[:space:]]*<(QtSql/|QSql|sqlite3)' \
+        include services toolkit "${module_folders[@]}" | sed 's/$/   : SQL belongs to host\//'
+}
+
+check_sleeps() {
+    grep_sources '\<(sleep_for|sleep_until|QThread::(m|u)?sleep|qSleep|qWait|usleep|nanosleep)\>' tests |
+        sed 's/$/   : wait on a condition (WaitFor) or turn the clock by hand/'
+}
+
+# Several files of a target share one translation unit under the sanitizers.
+check_namespaces() {
+    grep_sources '^using namespace' "${folders[@]}" tests bench |
+        grep -v 'using namespace Qt::StringLiterals;' |
+        sed 's/$/   : no using-directive for a whole file/' || true
+}
+
+check_lengths() {
+    sources "${folders[@]}" tests bench | while read -r file; do
+        lines=$(wc -l <"$file")
+        if [ "$lines" -gt "$max_lines" ]; then
+            echo "$file: $lines lines, over $max_lines; split it by concern"
+        fi
+    done
+}
+
+check_readmes() {
+    local folder
+    for folder in "${folders[@]}" tests bench; do
+        if [ -n "$(sources "$folder" | head -n 1)" ] && [ ! -f "$folder/README.md" ]; then
+            echo "$folder: has no README.md"
+        fi
+    done
+    find . \( -path ./build -o -path './.[!.]*' -o -path ./README.md \) -prune -o \
+        -name README.md -print | sort | while read -r file; do
+        lines=$(wc -l <"$file")
+        if [ "$lines" -gt "$max_readme_lines" ]; then
+            echo "$file: $lines lines, over $max_readme_lines"
+        fi
+    done
+}
+
+check_exports() {
+    local here module
+    here=$(dirname "${BASH_SOURCE[0]}")
+    for module in build/dev/bin/libKXVeskPicture.so build/release/bin/libKXVeskPicture.so; do
+        if [ -f "$module" ]; then
+            "$here/exports.sh" "$module" || true
+        fi
+    done
+}
+
+faults=$(
+    check_includes
+    check_umbrellas
+    check_sql
+    check_sleeps
+    check_namespaces
+    check_lengths
+    check_readmes
+    check_exports
+)
+if [ -n "$faults" ]; then
+    echo "$faults"
+    echo "lint: $(wc -l <<<"$faults") faults"
+    exit 1
+fi
+echo 'lint: no faults'

@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# Shows dev/lint.sh one tree with every fault that it knows, and one without.
+set -euo pipefail
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+tree=$(mktemp -d)
+trap 'rm -rf "$tree"' EXIT
+
+put() {
+    mkdir -p "$tree/$(dirname "$1")"
+    printf '%s\n' "${@:2}" >"$tree/$1"
+}
+
+fail() {
+    echo "lint self-test: $1"
+    echo "$output"
+    exit 1
+}
+
+put services/README.md services
+put services/Good.h '#include <QString>' '#include "services/Other.h"'
+put console/README.md console
+put console/Good.cpp '#include "ui_Good.h"' '#include "viewers/Below.h"' 'using namespace Qt::StringLiterals;'
+put tests/README.md tests
+put tests/GoodTest.cpp '#include "console/Good.h"' '// sleeps for nobody'
+output=$("$here/lint.sh" "$tree") || fail 'a clean tree was refused'
+
+put services/Up.h '#include "toolkit/Clock.h"'
+put console/Aside.cpp '#include "reminder/Thread.h"'
+put viewers/Above.cpp '#include "console/Good.h"'
+put host/Inside.cpp '#include <frame/Facade.h>'
+put frame/Outside.cpp '# include "host/Main.h"'
+put base/Short.cpp '#include "Log.h"'
+put toolkit/Umbrella.cpp '#include <QtWidgets>'
+put base/Sql.cpp '#include <QSqlQuery>'
+put tests/SleepTest.cpp 'std::this_thread::sleep_for(1s);'
+put tests/WaitTest.cpp 'QTest::qWait(10);'
+put base/Using.cpp 'using namespace std;'
+put base/Long.cpp "$(seq 601)"
+put tests/deep/README.md "$(seq 13)"
+
+output=$("$here/lint.sh" "$tree") && fail 'a tree full of faults was let through'
+for fault in \
+    'services/Up.h:1: services/ must not include toolkit/Clock.h' \
+    'console/Aside.cpp:1: console/ must not include reminder/Thread.h' \
+    'viewers/Above.cpp:1: viewers/ must not include console/Good.h' \
+    'host/Inside.cpp:1: host/ must not include frame/Facade.h' \
+    'frame/Outside.cpp:1: frame/ must not include host/Main.h' \
+    'base/Short.cpp:1: include "Log.h" from the top folder' \
+    'toolkit/Umbrella.cpp:1:' \
+    'base/Sql.cpp:1:' \
+    'tests/SleepTest.cpp:1:' \
+    'tests/WaitTest.cpp:1:' \
+    'base/Using.cpp:1:' \
+    'base/Long.cpp: 601 lines' \
+    'viewers: has no README.md' \
+    './tests/deep/README.md: 13 lines'; do
+    grep -qF "$fault" <<<"$output" || fail "not found: $fault"
+done
+grep -q 'Good' <<<"$(grep -v 'console/Good.h' <<<"$output")" && fail 'a good file was refused'
+echo 'lint self-test: passed'
