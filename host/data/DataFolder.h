@@ -1,0 +1,66 @@
+// The folder in which a site lives: database, stored files, bin, and the clients' caches.
+#pragma once
+
+#include "host/data/DataError.h"
+
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+namespace host {
+
+class Database;
+class FileStore;
+
+/// Why a data folder could not be opened.
+struct OpenFault {
+    Fault fault = Fault::kOther;
+    QString text; ///< Chinese, for a person
+};
+
+/// Knows where everything lies below its path, and owns database and store while it is open.
+/// Thread: the one that opened it, except the path functions.
+class DataFolder final {
+public:
+    struct Options {
+        int busyTimeoutMs = 5000; ///< how long an operation waits for another process's lock
+        bool cleanUp = true;      ///< remove leftovers of crashes and bin entries past their time
+    };
+
+    explicit DataFolder(const QString& path);
+    ~DataFolder();
+    DataFolder(const DataFolder&) = delete;
+    DataFolder& operator=(const DataFolder&) = delete;
+
+    /// Makes what is missing, brings the schema up to date, cleans up. Empty on success; on a fault
+    /// nothing stays open. A second process may have the same folder open.
+    [[nodiscard]] std::optional<OpenFault> Open(const Options& options);
+    [[nodiscard]] std::optional<OpenFault> Open() { return Open(Options{}); }
+    void Close();
+    [[nodiscard]] bool IsOpen() const { return database != nullptr; }
+
+    [[nodiscard]] QString Path() const { return root; }
+    [[nodiscard]] QString DatabasePath() const;
+    [[nodiscard]] QString StorePath() const;
+    [[nodiscard]] QString BinPath() const;
+    [[nodiscard]] QString WorkPath() const;
+    [[nodiscard]] QString LogPath() const;
+    /// `leaf` is "pics", "thumbs" or "attach"; the folder is made, and "" comes back if it can't
+    /// be.
+    [[nodiscard]] QString CachePath(qint32 ppid, const QString& leaf) const;
+
+    /// Only while open.
+    [[nodiscard]] Database& Db() const { return *database; }
+    [[nodiscard]] FileStore& Store() const { return *store; }
+
+private:
+    void MakeFolders() const;
+    void CleanUp() const;
+
+    QString root;
+    std::unique_ptr<Database> database;
+    std::unique_ptr<FileStore> store;
+};
+
+} // namespace host
