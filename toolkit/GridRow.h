@@ -23,8 +23,8 @@ public:
     /// Sets the value of the cell's item.
     void SetText(int column, const QVariant& value);
 
-    void SetData(const void* data) { m_data = data; }
-    [[nodiscard]] const void* GetData() const { return m_data; }
+    void SetData(void* data) { m_data = data; }
+    [[nodiscard]] void* GetData() const { return m_data; }
     /// Place in the grid; -1 for a row that isn't in one.
     [[nodiscard]] int GetRowId() const { return m_index; }
 
@@ -33,7 +33,7 @@ private:
     friend class CMultiPageGrid;
 
     std::vector<std::unique_ptr<CGridItem>> m_items;
-    const void* m_data = nullptr;
+    void* m_data = nullptr;
     CMultiPageGrid* m_grid = nullptr;
     int m_index = -1;
 };
