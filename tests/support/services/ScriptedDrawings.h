@@ -1,0 +1,64 @@
+// The drawing service, QR codes and rich text, on records in memory.
+#pragma once
+
+#include "services/IPDFDrawingMng.h"
+#include "services/IRichTextMsgMng.h"
+#include "services/ITNQRCodeMng.h"
+#include "tests/support/Reserved.h"
+#include "tests/support/Script.h"
+
+#include <map>
+
+namespace support {
+
+class ScriptedPDFDrawingMng final : public WithReserved6<KX_DATA::IPDFDrawingMng> {
+public:
+    explicit ScriptedPDFDrawingMng(Script& script) : m_script(script) {}
+
+    std::map<qint32, KX_DATA::DrawingRecord> drawings; ///< by id of the checkpoint point
+    std::vector<KX_DATA::CheckpointComment> comments;  ///< of every drawing
+    KX_DATA::CheckpointEdit lastEdit;
+
+    qint32 AddComment(qint32 drawingId, const QString& text,
+                      KX_DATA::CheckpointComment& comment) override;
+    qint32 GetComments(qint32 drawingId, qint32 page, qint32 pageSize,
+                       std::vector<KX_DATA::CheckpointComment>& list) override;
+    bool DeleteComment(qint32 drawingId, qint64 commentId) override;
+    qint32 GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) override;
+    qint32 UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) override;
+
+private:
+    Script& m_script;
+};
+
+class ScriptedTNQRCodeMng final : public KX_DATA::ITNQRCodeMng {
+public:
+    explicit ScriptedTNQRCodeMng(Script& script) : m_script(script) {}
+
+    QString code; ///< what is made
+    KX_DATA::QRCodeQuery lastQuery;
+
+    qint32 CreateQRCode(const KX_DATA::QRCodeQuery& query, QString& text) override;
+
+private:
+    Script& m_script;
+};
+
+class ScriptedRichTextMsgMng final : public WithReserved1<KX_DATA::IRichTextMsgMng> {
+public:
+    explicit ScriptedRichTextMsgMng(Script& script) : m_script(script) {}
+
+    KX_DATA::RichTextMsg message; ///< of every object
+    KX_DATA::RichTextMsg lastSaved;
+
+    bool GetRichText(const KX_DATA::RichTextKey& key, KX_DATA::RichTextMsg& target,
+                     std::vector<KX_DATA::RichAttachment>& attachments) override;
+    bool SaveRichText(const QString& stateText, const KX_DATA::RichTextMsg& saved,
+                      const KX_DATA::RichTextKey& key, const std::vector<QString>& removedUuids,
+                      const std::vector<KX_DATA::RichAttachment>& added) override;
+
+private:
+    Script& m_script;
+};
+
+} // namespace support

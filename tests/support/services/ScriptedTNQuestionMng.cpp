@@ -1,0 +1,143 @@
+#include "tests/support/services/ScriptedTNQuestionMng.h"
+
+#include "services/IVeskPicMng.h"
+#include "tests/support/ArgText.h"
+
+#include <algorithm>
+
+namespace support {
+
+namespace {
+
+bool Names(const std::vector<QString>& ids, const QString& id) {
+    return std::find(ids.begin(), ids.end(), id) != ids.end();
+}
+
+} // namespace
+
+bool ScriptedTNQuestionMng::DeletePics(qint32 kind, const std::vector<QString>& picIds) {
+    return m_script.Call("DeletePics", {Arg("kind", kind), Arg("ids", picIds)});
+}
+
+qint32 ScriptedTNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
+                                          const KX_DATA::PageRequest& request,
+                                          KX_DATA::PageResult& result,
+                                          std::vector<KX_DATA::IssueRow>& rows) {
+    lastFilter = filter;
+    query.lastRequest = request;
+    if (!m_script.Call("QueryIssues", {RequestText(request)}))
+        return 0;
+    TakePage(issues, request, query, result, rows);
+    return query.status.value_or(KX_DATA::kServiceOk);
+}
+
+void ScriptedTNQuestionMng::GetIssueGroups(quint8 flag, const qint64* from, const qint64* to,
+                                           KX_DATA::MarkFilterArg&,
+                                           std::vector<KX_DATA::IssueMarkGroup>& groups) {
+    if (m_script.Call("GetIssueGroups",
+                      {Arg("flag", qint32(flag)), Arg("from", *from), Arg("to", *to)}))
+        groups = markGroups;
+}
+
+void ScriptedTNQuestionMng::GetIssueFilterList(quint8 flag, const qint64* from, const qint64* to,
+                                               KX_DATA::MarkFilterArg&,
+                                               std::vector<KX_DATA::IssueFilterSource>& entries) {
+    if (m_script.Call("GetIssueFilterList",
+                      {Arg("flag", qint32(flag)), Arg("from", *from), Arg("to", *to)}))
+        entries = filterEntries;
+}
+
+bool ScriptedTNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
+    if (!m_script.Call("DeleteIssues", {Arg("ids", questionIds)}))
+        return false;
+    std::erase_if(issues,
+                  [&](const KX_DATA::IssueRow& row) { return Names(questionIds, row.questionId); });
+    return true;
+}
+
+bool ScriptedTNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& questionIds,
+                                           bool hidden) {
+    if (!m_script.Call("SetIssuesShown",
+                       {Arg("ppid", ppid), Arg("ids", questionIds), Arg("hidden", hidden)}))
+        return false;
+    for (KX_DATA::IssueRow& row : issues) {
+        if (Names(questionIds, row.questionId))
+            row.status = hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown;
+    }
+    return true;
+}
+
+qint32 ScriptedTNQuestionMng::GetIssueDetail(const qint32& ppid, const QString& questionId,
+                                             KX_DATA::QuestionDetail& detail) {
+    const bool succeeds =
+        m_script.Call("GetIssueDetail", {Arg("ppid", ppid), Arg("id", questionId)});
+    const auto row = std::find_if(issues.begin(), issues.end(), [&](const KX_DATA::IssueRow& each) {
+        return each.questionId == questionId;
+    });
+    if (!succeeds || row == issues.end())
+        return 0;
+    detail.componentName = row->compName;
+    detail.createTime = row->createTime;
+    detail.creatorName = row->creatorName;
+    detail.description = row->description;
+    detail.floor = row->floor;
+    detail.markId = row->markId;
+    detail.updateTime = row->updateTime;
+    detail.updaterName = row->updaterName;
+    detail.questionName = row->theme;
+    detail.status = row->status;
+    return 1;
+}
+
+bool ScriptedTNQuestionMng::UpdateIssue(qint32 ppid, const KX_DATA::IssueUpdate& update) {
+    lastUpdate = update;
+    return m_script.Call("UpdateIssue", {Arg("ppid", ppid), Arg("id", update.questionId)});
+}
+
+qint32 ScriptedTNQuestionMng::GetIssuePics(const qint32& ppid, const QString& questionId,
+                                           qint32 kind,
+                                           std::vector<KX_DATA::QuestionPicRecord>& list) {
+    if (!m_script.Call("GetIssuePics",
+                       {Arg("ppid", ppid), Arg("id", questionId), Arg("kind", kind)}))
+        return 0;
+    list = pics[questionId];
+    return 1;
+}
+
+bool ScriptedTNQuestionMng::GetRectification(const QString& questionId,
+                                             KX_DATA::RectifyRecord& record) {
+    const bool succeeds = m_script.Call("GetRectification", {Arg("id", questionId)});
+    const auto found = rectifications.find(questionId);
+    if (!succeeds || found == rectifications.end())
+        return false;
+    record = found->second;
+    return true;
+}
+
+bool ScriptedTNQuestionMng::SaveRectification(const KX_DATA::RectifySave& record) {
+    lastRectifySave = record;
+    return m_script.Call("SaveRectification",
+                         {Arg("id", record.questionId), Arg("state", record.state)});
+}
+
+bool ScriptedTNQuestionMng::DeleteRectifyPics(qint32 kind, const KX_DATA::RectifyRecord& record,
+                                              const std::vector<QString>& picIds) {
+    return m_script.Call("DeleteRectifyPics",
+                         {Arg("kind", kind), Arg("id", record.questionId), Arg("ids", picIds)});
+}
+
+bool ScriptedTNQuestionMng::AddRectifyPics(qint32 kind, const KX_DATA::RectifyRecord& record,
+                                           const std::vector<KX_DATA::QuestionPicRecord>& list) {
+    lastAddedPics = list;
+    return m_script.Call("AddRectifyPics", {Arg("kind", kind), Arg("id", record.questionId),
+                                            Arg("count", qint32(list.size()))});
+}
+
+bool ScriptedTNQuestionMng::GetUsedMarks(qint32 kind, std::vector<qint32>& markIds) {
+    if (!m_script.Call("GetUsedMarks", {Arg("kind", kind)}))
+        return false;
+    markIds = usedMarks;
+    return true;
+}
+
+} // namespace support

@@ -1,0 +1,86 @@
+// The photo service on records in memory.
+#pragma once
+
+#include "services/IVeskPicMng.h"
+#include "tests/support/Reserved.h"
+#include "tests/support/Script.h"
+#include "tests/support/services/Paging.h"
+
+#include <map>
+
+namespace support {
+
+/// Queries answer pages of the records in their order, whatever the filter, which is kept for the
+/// test; showing, hiding and deleting change the records. A failing operation changes nothing.
+class ScriptedVeskPicMng final : public WithReserved5<KX_DATA::IVeskPicMng> {
+public:
+    explicit ScriptedVeskPicMng(Script& script) : m_script(script) {}
+
+    std::vector<KX_DATA::BimPicRow> bimPics;
+    std::vector<KX_DATA::PdfPicRecord> pdfPics;
+    std::map<qint32, KX_DATA::CheckpointPicDetail> checkpointPics;
+    std::vector<KX_DATA::PicFileEntry> files;
+    std::vector<QString> floors;
+    std::vector<QString> axesX;
+    std::vector<KX_DATA::AxisYEntry> axesY;
+    std::vector<KX_DATA::LabelEntry> bimLabels;
+    std::vector<KX_DATA::LabelEntry> pdfLabels;
+    std::vector<qint32> usedBimMarks;
+    std::vector<qint32> usedPdfMarks;
+    std::vector<QString> stateNames;
+    std::vector<KX_DATA::PicFilterEntry> filterEntries;
+    std::vector<KX_DATA::PicMarkGroup> markGroups;
+    std::vector<qint32> markerIds;
+
+    QueryScript bimQuery;
+    QueryScript pdfQuery;
+    KX_DATA::PicQueryFilter lastBimFilter;
+    KX_DATA::PdfQueryFilter lastPdfFilter;
+    KX_DATA::BimPicUpdate lastBimUpdate;
+    KX_DATA::PdfPicUpdate lastPdfUpdate;
+
+    qint32 QueryBimPics(const KX_DATA::PicQueryFilter& filter, const KX_DATA::PageRequest& request,
+                        KX_DATA::PageResult& result,
+                        std::vector<KX_DATA::BimPicRow>& rows) override;
+    qint32 QueryPdfPics(const KX_DATA::PdfQueryFilter& filter, const KX_DATA::PageRequest& request,
+                        KX_DATA::PageResult& result,
+                        std::vector<KX_DATA::PdfPicRecord>& rows) override;
+    void GetBimPicFilterGroups(qint64 from, qint64 to, quint8 flag,
+                               KX_DATA::MarkFilterArg& filterArg,
+                               std::vector<KX_DATA::PicFilterEntry>& entries) override;
+    qint32 GetBimPicMarkerList(qint64 from, qint64 to, quint8 flag, qint32 markId,
+                               KX_DATA::MarkFilterArg& filterArg,
+                               std::vector<qint32>& picIds) override;
+    bool DeleteBimPics(const std::vector<qint32>& picIds) override;
+    bool DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) override;
+    bool SetBimPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) override;
+    bool SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) override;
+    qint32 GetBimPicDetail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) override;
+    qint32 GetPdfPicDetail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) override;
+    qint32 GetProjectFloors(qint32 ppid, std::vector<QString>& names) override;
+    qint32 GetFloorAxesX(qint32 ppid, const QString& floor, std::vector<QString>& axes) override;
+    qint32 GetFloorAxesY(qint32 ppid, const QString& floor, const QString& axisX,
+                         std::vector<KX_DATA::AxisYEntry>& axes) override;
+    bool UpdateBimPic(qint32 ppid, const KX_DATA::BimPicUpdate& update) override;
+    bool UpdatePdfPic(qint32 ppid, const KX_DATA::PdfPicUpdate& update) override;
+    qint32 GetPicFiles(const std::vector<qint32>& picIds,
+                       std::vector<KX_DATA::PicFileEntry>& entries) override;
+    qint32 GetCheckpointPics(qint32 ppid, qint32 picId,
+                             KX_DATA::CheckpointPicDetail& detail) override;
+    void GetBimPicFilterValues(qint64 from, qint64 to, quint8 flag,
+                               KX_DATA::MarkFilterArg& filterArg,
+                               std::vector<KX_DATA::PicMarkGroup>& groups) override;
+    qint32 DeleteCheckpointPic(qint32 drawingId, qint32 picId) override;
+    qint32 GetPicFilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId,
+                                 std::vector<KX_DATA::PicFileEntry>& entries) override;
+    bool GetBimLabels(std::vector<KX_DATA::LabelEntry>& labels) override;
+    bool GetPdfLabels(std::vector<KX_DATA::LabelEntry>& labels) override;
+    bool GetUsedBimMarks(std::vector<qint32>& markIds) override;
+    bool GetUsedPdfMarks(std::vector<qint32>& markIds) override;
+    void GetStateNames(std::vector<QString>& names) override;
+
+private:
+    Script& m_script;
+};
+
+} // namespace support
