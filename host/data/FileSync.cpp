@@ -1,0 +1,78 @@
+#include "host/data/FileSync.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+
+#if defined(Q_OS_UNIX)
+#include <fcntl.h>
+#include <unistd.h>
+#elif defined(Q_OS_WIN)
+#include <io.h>
+#endif
+
+namespace host {
+
+namespace {
+
+constexpr qint64 kBlockSize = 256 * 1024;
+
+} // namespace
+
+bool SyncFile(QFileDevice& file) {
+    if (!file.flush()) {
+        return false;
+    }
+#if defined(Q_OS_UNIX)
+    return ::fsync(file.handle()) == 0;
+#elif defined(Q_OS_WIN)
+    return ::_commit(file.handle()) == 0;
+#else
+    return true;
+#endif
+}
+
+void SyncFolder(const QString& path) {
+#if defined(Q_OS_UNIX)
+    const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY);
+    if (folder >= 0) {
+        ::fsync(folder);
+        ::close(folder);
+    }
+#else
+    Q_UNUSED(path);
+#endif
+}
+
+CopyOutcome CopySynced(QIODevice& source, const QString& target,
+                       const std::function<bool(qint64)>& onBlock) {
+    CopyOutcome outcome;
+    QFile file(target);
+    QCryptographicHash hash(QCryptographicHash::Md5);
+    bool good = file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered);
+    if (!good) {
+        return outcome; // an older file of this name isn't ours to remove
+    }
+    while (good) {
+        const QByteArray block = source.read(kBlockSize);
+        if (block.isEmpty()) {
+            good = source.atEnd();
+            break;
+        }
+        hash.addData(block);
+        good = file.write(block) == block.size();
+        outcome.size += block.size();
+        good = good && (!onBlock || onBlock(outcome.size));
+    }
+    good = good && SyncFile(file);
+    outcome.diskFull = file.error() == QFileDevice::ResourceError;
+    file.close();
+    if (!good) {
+        QFile::remove(target);
+        return outcome;
+    }
+    outcome.ok = true;
+    outcome.md5 = QString::fromLatin1(hash.result().toHex());
+    return outcome;
+}
+
+} // namespace host

@@ -1,0 +1,103 @@
+#include "host/data/Bin.h"
+#include "host/data/Database.h"
+#include "host/data/FileStore.h"
+#include "tests/host/data/TempSite.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+using hosttest::TempSite;
+
+namespace {
+
+struct Filed {
+    qint32 ppid = 0;
+    qint32 picId = 0;
+};
+
+Filed FileOne(DataFolder& folder, const QByteArray& bytes) {
+    SiteWriter writer(folder);
+    Filed filed;
+    filed.ppid = writer.AddProject(u"一号楼"_s);
+    NewPosition position{filed.ppid, u"3"_s, u"A"_s, u"2"_s, u"k1"_s, true};
+    if (writer.FindPosition(filed.ppid, u"3"_s, u"A"_s, u"2"_s).isEmpty()) {
+        writer.AddPosition(position);
+    }
+    NewBimPhoto photo;
+    photo.ppid = filed.ppid;
+    photo.fileName = u"外墙.jpg"_s;
+    photo.positionKey = u"k1"_s;
+    photo.uploader = u"zhang"_s;
+    photo.uploadTime = 1700000000;
+    photo.labelIds = {writer.AddLabel(u"质量"_s)};
+    filed.picId = writer.FilePhoto(photo, {{}, bytes});
+    return filed;
+}
+
+QString UuidOf(DataFolder& folder, qint32 picId) {
+    return folder.Db().Value(u"SELECT file_uuid FROM bim_photo WHERE id = ?"_s, {picId}).toString();
+}
+
+} // namespace
+
+TEST(SiteWriter, AFiledPhotoHasItsRowItsFileAndItsMd5) {
+    TempSite site;
+    const QByteArray bytes("picture");
+    const Filed filed = FileOne(site.folder, bytes);
+
+    QFile stored(site.folder.Store().PathOf(UuidOf(site.folder, filed.picId)));
+    ASSERT_TRUE(stored.open(QIODevice::ReadOnly));
+    EXPECT_EQ(stored.readAll(), bytes);
+    const QString md5 =
+        QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Md5).toHex());
+    SiteWriter writer(site.folder);
+    EXPECT_EQ(writer.FindPhotoByMd5(filed.ppid, md5), filed.picId);
+    EXPECT_EQ(writer.FindPhotoByMd5(filed.ppid + 1, md5), 0);
+}
+
+TEST(SiteWriter, ABatchThatIsNotCommittedLeavesNeitherRowsNorFiles) {
+    TempSite site;
+    QString uuid;
+    {
+        SiteWriter writer(site.folder);
+        writer.BeginBatch();
+        const qint32 ppid = writer.AddProject(u"二号楼"_s);
+        NewBimPhoto photo;
+        photo.ppid = ppid;
+        photo.fileName = u"a.jpg"_s;
+        uuid = UuidOf(site.folder, writer.FilePhoto(photo, {{}, "x"}));
+        ASSERT_TRUE(site.folder.Store().Has(uuid));
+    }
+    EXPECT_FALSE(site.folder.Store().Has(uuid));
+    EXPECT_TRUE(SiteWriter(site.folder).IsEmpty());
+}
+
+TEST(Bin, ADeletedPhotoComesBackWithItsLabelsAndItsFile) {
+    TempSite site;
+    const Filed filed = FileOne(site.folder, "picture");
+    const QString uuid = UuidOf(site.folder, filed.picId);
+    Bin bin(site.folder.Db(), site.folder.Store());
+
+    EXPECT_EQ(bin.DeleteBimPhotos({filed.picId, 4711}, u"li"_s), 1);
+    EXPECT_FALSE(site.folder.Store().Has(uuid));
+    EXPECT_TRUE(QFile::exists(site.folder.BinPath() + u'/' + uuid));
+    const auto entries = bin.List();
+    ASSERT_EQ(entries.size(), 1u);
+    EXPECT_EQ(entries[0].title, u"外墙.jpg"_s);
+    EXPECT_EQ(entries[0].deletedBy, u"li"_s);
+
+    EXPECT_EQ(bin.Restore({entries[0].id}), 1);
+    EXPECT_TRUE(site.folder.Store().Has(uuid));
+    EXPECT_EQ(UuidOf(site.folder, filed.picId), uuid);
+    EXPECT_EQ(site.folder.Db()
+                  .Value(u"SELECT count(*) FROM bim_label WHERE photo_id = ?"_s, {filed.picId})
+                  .toInt(),
+              1);
+    EXPECT_TRUE(bin.List().empty());
+}
+
+} // namespace host
