@@ -1,0 +1,51 @@
+// What dialogs may ask of the facade. They include this header and never the facade's own.
+#pragma once
+
+#include "include/IKXVeskPictureSink.h"
+#include "include/KXWindow.h"
+
+#include <QString>
+
+namespace ZelvorNRQ_KXVeskPicture {
+
+class IQuestionRefresh;
+
+/// "No photo waits to be selected."
+inline constexpr qint32 kNoPendingPic = -1;
+
+/// The facade as the dialogs see it. Thread: user interface.
+class IPictureFacade {
+public:
+    virtual ~IPictureFacade() = default;
+
+    /// The host's sink; one that only writes the log while the host has set none.
+    [[nodiscard]] virtual IKXVeskPictureSink& Sink() = 0;
+    virtual qint32 ShowPicMng(qint32 kind) = 0;
+    virtual void OpenBimPicView(qint32 ppid, const QString& floor, const QString& positionKey,
+                                qint32 markId) = 0;
+    virtual void ShowPdfPicView(qint32 ppid, qint32 drawingId, const QString& drawingName,
+                                KXWindow parent) = 0;
+    /// Hands changes of issues on to the host.
+    [[nodiscard]] virtual IQuestionRefresh& IssueRefresh() = 0;
+
+    /// Gives the photo that the next viewer must select and forgets it.
+    [[nodiscard]] qint32 TakePendingPic() {
+        const qint32 taken = pendingPicId;
+        pendingPicId = kNoPendingPic;
+        return taken;
+    }
+
+    /// The drawing photo editor waits hidden while the user picks another drawing in the host.
+    bool backToPdfEdit = false;
+    /// The console was minimised by a reverse lookup: the viewer that closes brings it back.
+    bool reopenConsole = false;
+    /// The photo that the next viewer to open must select.
+    qint32 pendingPicId = kNoPendingPic;
+};
+
+/// The facade of this process.
+[[nodiscard]] IPictureFacade& PictureFacade();
+/// Named once by the facade itself; null when it ends.
+void SetPictureFacade(IPictureFacade* facade);
+
+} // namespace ZelvorNRQ_KXVeskPicture

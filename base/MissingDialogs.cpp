@@ -1,0 +1,48 @@
+#include "base/MissingDialogs.h"
+
+#include "base/PictureLog.h"
+
+#include <QString>
+
+namespace ZelvorNRQ_KXVeskPicture {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString NameOf(MissingDialog dialog) {
+    switch (dialog) {
+    case MissingDialog::BimPicViewer:
+        return u"BIM照片查看"_s;
+    case MissingDialog::BimPicEditor:
+        return u"BIM照片编辑"_s;
+    case MissingDialog::PdfPicViewer:
+        return u"图纸照片查看"_s;
+    case MissingDialog::PdfPicEditor:
+        return u"图纸照片编辑"_s;
+    case MissingDialog::ConsolePicViewer:
+        return u"照片预览"_s;
+    case MissingDialog::IssueViewer:
+        return u"问题查看"_s;
+    case MissingDialog::IssueEditor:
+        return u"问题编辑"_s;
+    case MissingDialog::SavePicAs:
+        return u"照片另存"_s;
+    case MissingDialog::BatchDownload:
+        return u"批量下载"_s;
+    case MissingDialog::ReminderFeed:
+        return u"消息提醒"_s;
+    case MissingDialog::MarkData:
+        return u"图形标识"_s;
+    }
+    return {};
+}
+
+} // namespace
+
+bool AnswerAsCancelled(MissingDialog dialog) {
+    WriteLog(u"此版本尚不提供："_s + NameOf(dialog));
+    return false;
+}
+
+} // namespace ZelvorNRQ_KXVeskPicture

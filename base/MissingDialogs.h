@@ -1,0 +1,25 @@
+// The one list of what this build doesn't have yet. Each use does everything up to the opening and
+// then goes on as if the user had cancelled.
+#pragma once
+
+namespace ZelvorNRQ_KXVeskPicture {
+
+/// A dialog or a feed that comes with a later version. An entry goes when its dialog comes.
+enum class MissingDialog {
+    BimPicViewer,
+    BimPicEditor,
+    PdfPicViewer,
+    PdfPicEditor,
+    ConsolePicViewer,
+    IssueViewer,
+    IssueEditor,
+    SavePicAs,
+    BatchDownload,
+    ReminderFeed,
+    MarkData,
+};
+
+/// Writes one line to the log and answers what a cancelled dialog answers: false.
+bool AnswerAsCancelled(MissingDialog dialog);
+
+} // namespace ZelvorNRQ_KXVeskPicture

@@ -1,0 +1,18 @@
+// The kinds of thing that the console lists.
+#pragma once
+
+#include <QtCore/qglobal.h>
+
+/// 0 before the first opening; the facade's kinds have the same values.
+using ConsoleMode = qint32;
+
+inline constexpr ConsoleMode kModeNone = 0;
+inline constexpr ConsoleMode kModeBim = 1;
+inline constexpr ConsoleMode kModePdf = 2;
+inline constexpr ConsoleMode kModeIssue = 3;
+
+/// Rows of one page.
+inline constexpr int kConsolePageSize = 30;
+
+/// What an icon of a row does.
+enum class RowCommand : int { Edit = 1, Locate, Preview, Download, Delete };

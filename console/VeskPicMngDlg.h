@@ -1,0 +1,127 @@
+// The management console.
+#pragma once
+
+#include "base/SingletonTmpl.h"
+#include "console/ConsoleControls.h"
+#include "console/ConsoleMode.h"
+#include "console/VeskPicMngGrid.h"
+#include "toolkit/MultiPageGridManager.h"
+#include "toolkit/PopTipDlg.h"
+
+#include <QKeySequence>
+
+#include <map>
+#include <memory>
+
+/// Filters on top, the grid in the middle, paging bar and actions below, a status bar.
+///
+/// Shows one kind at a time; knows no record, those are the grid's manager's. The object lives to
+/// the end of the process, its window comes and goes. Thread: user interface.
+class CVeskPicMngDlg final : public CPopTipDlg, public NRQUtility::SingletonTmpl<CVeskPicMngDlg> {
+public:
+    /// Sets the kind, makes the grid if there is none, and checks the kind's radio button.
+    void SetMode(ConsoleMode newMode);
+    [[nodiscard]] ConsoleMode GetMode() const { return m_mode; }
+    /// Closes the window if it shows another kind, so that what is set next acts on a fresh one.
+    void MakeRoomFor(ConsoleMode newMode);
+    /// Searches with what the controls, or a preset, say.
+    void RunSearch();
+    /// Saves the recent keywords, ends the window and forgets what it showed.
+    void CloseConsole();
+    /// Selects the photo of a preset on the present page, if it is there.
+    void SelectPresetPic();
+
+    /// A preset acts on one search: set its fields, then open the console.
+    struct Preset {
+        qint32 markId = 0;
+        QString key;
+        QString extra;
+        qint32 picId = KX_DATA::kNoPic;
+        qint32 drawingId = -1;
+        qint32 checkpointId = -1;
+    };
+    void SetBimPreset(const QString& key, qint32 markId, qint32 picId);
+    void SetIssuePreset(const QString& key, qint32 markId, const QString& extra);
+    void SetPdfPreset(qint32 markId, qint32 drawingId, qint32 checkpointId);
+
+    [[nodiscard]] const boost::shared_ptr<CVeskPicMngGrid>& Grid() const { return m_grid; }
+    [[nodiscard]] CMultiPageGridManager* Paging() const { return m_gridManager.get(); }
+    /// Null without a window.
+    [[nodiscard]] const ConsoleControls* Controls() const { return m_controls.get(); }
+    [[nodiscard]] const Preset& CurrentPreset() const { return m_preset; }
+    [[nodiscard]] qint32 MarkId() const { return m_markId; }
+
+protected:
+    void OnCreated() override;
+    void OnDestroyed() override;
+    void OnClose() override { CloseConsole(); }
+    void OnResized() override;
+    qintptr OnEvent(const toolkit::WindowEvent& event) override;
+
+private:
+    friend class NRQUtility::SingletonTmpl<CVeskPicMngDlg>;
+    CVeskPicMngDlg() = default;
+
+    // Initialisation.
+    void FillProjects();
+    void InitControls();
+    void InitDates();
+    void InitKeywords();
+    void ShowAllowedControls();
+    void InitPaging();
+    void FillStates();
+    void ConnectControls();
+    void ConnectFilters();
+    void ConnectActions();
+    void AddShortcut(const QKeySequence& key, void (CVeskPicMngDlg::*action)());
+    void CentreWindow();
+
+    // Filters.
+    void ResetMarkBox();
+    void FillMarkBox();
+    void ResetLabelBox();
+    void FillLabelBox();
+    void OnMarkChosen(int index);
+    void OnLabelChosen(int index);
+    void OnNoLimitToggled();
+    void OnDateChanged(bool start);
+    void OnModeRadio(ConsoleMode newMode);
+    void RememberKeyword(const QString& keyword);
+    [[nodiscard]] QString ChosenState() const;
+    template <class Filter> void FillFilter(Filter& filter, const QString& keyword);
+    void ClearUsedPreset();
+
+    // Actions.
+    void OnShowHide(bool show);
+    void OnDelete();
+    void OnDownload();
+    void OnRefreshPage();
+    void FocusKeyword();
+    [[nodiscard]] bool CheckSelection(QWidget* control, const QString& tip);
+
+    // Window.
+    void ApplyLayout();
+    void UpdateLeastSize();
+    [[nodiscard]] CPicMngBase* Manager() const;
+    void OnSearchStart();
+    void OnSearchDone();
+    void OnRefreshEvent();
+
+    std::unique_ptr<ConsoleControls> m_controls;
+    boost::shared_ptr<CVeskPicMngGrid> m_grid;
+    std::unique_ptr<CMultiPageGridManager> m_gridManager;
+    ConsoleMode m_mode = kModeNone;
+    std::vector<qint32> m_markIds;
+    std::vector<QString> m_labelIds;
+    qint32 m_markId = 0;
+    QString m_labelId;
+    Preset m_preset;
+    bool m_presetActive = false;
+    bool m_marksLoaded = false;
+    bool m_labelsLoaded = false;
+    bool m_waitCursor = false;
+    qint64 m_savedStart = 0;
+    qint64 m_savedEnd = 0;
+    QRect m_projectComboRect;
+    std::map<QString, std::vector<qint32>> m_projectMap;
+};

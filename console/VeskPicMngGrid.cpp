@@ -1,0 +1,198 @@
+#include "console/VeskPicMngGrid.h"
+
+#include "base/Guard.h"
+#include "console/BimPicMng.h"
+#include "console/ColumnTable.h"
+#include "console/ConsoleEvents.h"
+#include "console/PDFPicMng.h"
+#include "console/SortKeys.h"
+#include "console/TNPicMng.h"
+#include "services/Factories.h"
+#include "services/IProjCacheMng.h"
+#include "toolkit/Icons.h"
+#include "toolkit/MultiPageGridManager.h"
+#include "toolkit/WindowRegistry.h"
+
+#include <boost/make_shared.hpp>
+
+using namespace Qt::StringLiterals;
+
+using ZelvorNRQ_KXVeskPicture::CatchStatus;
+using ZelvorNRQ_KXVeskPicture::ShowStatus;
+
+namespace {
+
+constexpr int kFontHeight = -12;
+constexpr int kRowHeightAdd = 4;
+
+enum HeaderImage { kUnchecked = 0, kChecked = 1 };
+
+boost::shared_ptr<CPicMngBase> MakeManager(ConsoleMode mode, CVeskPicMngGrid* grid) {
+    switch (mode) {
+    case kModePdf:
+        return boost::make_shared<CPDFPicMng>(grid);
+    case kModeIssue:
+        return boost::make_shared<CTNPicMng>(grid);
+    default:
+        return boost::make_shared<CBimPicMng>(grid);
+    }
+}
+
+toolkit::ImageList MakeRowImages() {
+    toolkit::ImageList images;
+    images.Set(12, toolkit::Icon(u"edit"_s));
+    images.Set(5, toolkit::Icon(u"locate"_s));
+    images.Set(4, toolkit::Icon(u"preview"_s));
+    images.Set(2, toolkit::Icon(u"download"_s));
+    images.Set(11, toolkit::Icon(u"delete"_s));
+    return images;
+}
+
+toolkit::ImageList MakeHeaderImages() {
+    toolkit::ImageList images;
+    images.Set(kUnchecked, toolkit::Icon(u"checkbox-off"_s));
+    images.Set(kChecked, toolkit::Icon(u"checkbox-on"_s));
+    return images;
+}
+
+QString EmptyText(ConsoleMode mode) {
+    return mode == kModeIssue ? u"没有符合条件的问题。可以放宽筛选条件，再点“搜索”。"_s
+                              : u"没有符合条件的照片。可以放宽筛选条件，再点“搜索”。"_s;
+}
+
+} // namespace
+
+void CVeskPicMngGrid::OnInitialize() {
+    SetMicrosoftYaheiFont(kFontHeight);
+    SetRowHeightAdd(kRowHeightAdd);
+    m_rowImages = MakeRowImages();
+    m_headerImages = MakeHeaderImages();
+    SetHeaderImageList(m_headerImages);
+    SetMode(m_mode);
+    const KX_DATA::ProjectRecord* project = nullptr;
+    if (KX_DATA::IProjCacheHandle* handle = GetProjCacheMng()->GetCurrentProject())
+        project = handle->GetProjectRecord();
+    m_projectId = project != nullptr ? project->ppid : 0;
+    m_projectName = project != nullptr ? project->name : QString();
+}
+
+void CVeskPicMngGrid::CreateManager(ConsoleMode newMode) {
+    // Rows point into the records of the manager that goes.
+    Empty();
+    m_mode = newMode;
+    m_manager = MakeManager(newMode, this);
+}
+
+void CVeskPicMngGrid::SetMode(ConsoleMode newMode) {
+    Empty();
+    DeleteAllColumns();
+    CreateManager(newMode);
+    m_sortField = DefaultSortField(newMode);
+    m_sortOrder = u"desc"_s;
+    sortable.clear();
+    m_manager->InitColumns(sortable);
+    SetHeaderImage(kCheckColumn, kUnchecked);
+    SetEmptyText(EmptyText(newMode));
+    AdjustLayout();
+}
+
+void CVeskPicMngGrid::Empty() {
+    RemoveAll();
+    CheckAll(false);
+}
+
+void CVeskPicMngGrid::CheckAll(bool checked) {
+    m_allChecked = checked;
+    SetHeaderImage(kCheckColumn, checked ? kChecked : kUnchecked);
+    for (int i = 0; i < GetRowCount(); ++i)
+        GetRow(i)->SetText(m_manager->GetCheckColumn(), checked);
+    AdjustLayout();
+}
+
+void CVeskPicMngGrid::OnHeaderClick(int column) {
+    if (column == kCheckColumn) {
+        CheckAll(!m_allChecked);
+        return;
+    }
+    // A column that the map doesn't have is entered as not sortable.
+    if (sortable[column])
+        SortBy(column);
+}
+
+void CVeskPicMngGrid::SortBy(int column) {
+    m_sortField = SortField(m_mode, column);
+    m_sortOrder = SortOrderAfter(GetColumnState(column));
+    for (int i = 0; i < GetColumnCount(); ++i)
+        SetColumnState(i, i == column ? ColumnStateOf(m_sortOrder) : 0);
+    if (GetManager() != nullptr)
+        GetManager()->DoFirstPage();
+}
+
+bool CVeskPicMngGrid::CompareRows(const CGridRow& first, const CGridRow& second) const {
+    const int column = m_manager->GetIndexColumn();
+    return first.GetItem(column)->GetValue().toInt() > second.GetItem(column)->GetValue().toInt();
+}
+
+void CVeskPicMngGrid::OnPreparePage() {
+    if (m_manager)
+        m_manager->currentPage = GetCurrentPage();
+}
+
+void CVeskPicMngGrid::OnQueryPage() {
+    if (!m_manager)
+        return;
+    const auto self = shared_from_this();
+    toolkit::SendWindowEvent(ParentId(), WM_PIC_SEARCH_START);
+    const auto raised = CatchStatus([this] { FetchPage(); });
+    if (raised) {
+        totalCount = 0;
+        m_queryFailed = true;
+        ShowStatus(ParentId(), *raised);
+    }
+    toolkit::SendWindowEvent(ParentId(), WM_PIC_SEARCH_DONE);
+}
+
+void CVeskPicMngGrid::FetchPage() {
+    Empty();
+    KX_DATA::PageRequest request;
+    request.page = GetCurrentPage();
+    request.pageSize = kConsolePageSize;
+    request.sortField = m_sortField;
+    request.sortOrder = m_sortOrder;
+    KX_DATA::PageResult result;
+    // A refused query leaves an empty page and no hits; nothing else is told.
+    m_queryFailed = !m_manager->QueryPage(m_rowImages, request, result);
+    totalCount = result.totalCount;
+    AdjustLayout();
+    if (GetManager() != nullptr)
+        GetManager()->SetPageCount(result.pageCount);
+}
+
+void CVeskPicMngGrid::FetchCurrentPage() {
+    DoCurrentPage();
+}
+
+void CVeskPicMngGrid::FetchAfterDelete() {
+    DoCurrentPage();
+    if (m_queryFailed || GetManager() == nullptr)
+        return;
+    // What was deleted may have been all of the last page.
+    const int last = GetManager()->GetPageCount();
+    if (last > 0 && GetCurrentPage() > last)
+        GetManager()->DoPage(last);
+}
+
+void CVeskPicMngGrid::Refresh() {
+    const auto self = shared_from_this();
+    DoCurrentPage();
+    AdjustLayout();
+    if (m_manager)
+        m_manager->NotifyChanged();
+}
+
+bool CVeskPicMngGrid::HasCheckedRow() const {
+    for (int i = GetRowCount() - 1; i >= 0; --i)
+        if (GetRow(i)->GetItem(m_manager->GetCheckColumn())->GetBool())
+            return true;
+    return false;
+}
