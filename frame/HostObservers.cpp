@@ -1,0 +1,59 @@
+#include "frame/HostObservers.h"
+
+#include "base/MissingDialogs.h"
+#include "base/PictureLog.h"
+#include "console/VeskPicMngDlg.h"
+#include "frame/KXVeskPictureImpl.h"
+#include "services/Factories.h"
+#include "services/IKXPathMng.h"
+#include "services/IProjCacheMng.h"
+
+using namespace Qt::StringLiterals;
+
+using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
+using ZelvorNRQ_KXVeskPicture::MissingDialog;
+
+CVeskPicProjChangeObs::CVeskPicProjChangeObs() {
+    QString folder;
+    GetKXCommonPathMng()->GetLogFolder(folder);
+    ZelvorNRQ_KXVeskPicture::SetLogFilePath(folder + u"VeskPicture.log"_s);
+}
+
+QString CVeskPicProjChangeObs::GetObsName() const {
+    return u"ProjChange"_s;
+}
+
+QString CVeskPicProjChangeObs::GetObsClassName() const {
+    return u"CVeskPicProjChangeObs"_s;
+}
+
+void CVeskPicProjChangeObs::OnProjChange() {
+    CVeskPicMngDlg::Instance().CloseConsole();
+    const KX_DATA::ProjectRecord* project = nullptr;
+    if (KX_DATA::IProjCacheHandle* handle = GetProjCacheMng()->GetCurrentProject())
+        project = handle->GetProjectRecord();
+    ZelvorNRQ_KXVeskPicture::LogProjectChange(project != nullptr ? &project->name : nullptr,
+                                              project != nullptr ? project->ppid : 0);
+}
+
+QString CViewBimPicObs::GetObsName() const {
+    return u"ViewBimPic"_s;
+}
+
+QString CViewBimPicObs::GetObsClassName() const {
+    return u"CViewBimPicObs"_s;
+}
+
+void CViewBimPicObs::ViewBimPic(const qint32* ppid, const QString& floor,
+                                const QString& positionKey, qint32 markId) {
+    CKXVeskPictureImpl::Instance().OpenBimPicView(*ppid, floor, positionKey, markId);
+}
+
+void CViewBimPicObs::OpenIssueEdit(qint32 mode) {
+    Q_UNUSED(mode);
+    AnswerAsCancelled(MissingDialog::IssueEditor);
+}
+
+void CViewBimPicObs::LocateIssue(qint32 ppid, const QString& questionId) {
+    CKXVeskPictureImpl::Instance().LocateIssue(ppid, questionId);
+}

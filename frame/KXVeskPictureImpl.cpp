@@ -1,0 +1,246 @@
+#include "frame/KXVeskPictureImpl.h"
+
+#include "base/Guard.h"
+#include "base/MissingDialogs.h"
+#include "console/ConsoleEvents.h"
+#include "console/VeskPicMngDlg.h"
+#include "frame/HostObservers.h"
+#include "services/Factories.h"
+#include "services/IKXGlobalData.h"
+#include "services/IKXPathMng.h"
+#include "services/IKXView.h"
+#include "services/IProjCacheMng.h"
+#include "services/ITNQuestionMng.h"
+#include "services/IVeskPicMng.h"
+#include "toolkit/KXTools.h"
+#include "toolkit/WindowRegistry.h"
+
+using namespace Qt::StringLiterals;
+
+using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
+using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
+using ZelvorNRQ_KXVeskPicture::kNoPendingPic;
+using ZelvorNRQ_KXVeskPicture::MissingDialog;
+using ZelvorNRQ_KXVeskPicture::ShowStatus;
+using ZelvorNRQ_KXVeskPicture::ViewPicRequest;
+
+CKXVeskPictureImpl::CKXVeskPictureImpl()
+    : m_projChangeObs(std::make_unique<CVeskPicProjChangeObs>()),
+      m_viewBimPicObs(std::make_unique<CViewBimPicObs>()) {
+    SetPictureFacade(this);
+}
+
+CKXVeskPictureImpl::~CKXVeskPictureImpl() {
+    ZelvorNRQ_KXVeskPicture::SetPictureFacade(nullptr);
+}
+
+ZelvorNRQ_KXVeskPicture::IKXVeskPictureSink& CKXVeskPictureImpl::Sink() {
+    return m_sink != nullptr ? *m_sink : m_unsetSink;
+}
+
+qint32 CKXVeskPictureImpl::ShowPicMng(qint32 kind) {
+    backToPdfEdit = false;
+    CVeskPicMngDlg& console = CVeskPicMngDlg::Instance();
+    console.MakeRoomFor(kind);
+    console.SetMode(kind);
+    if (reopenConsole && console.HasWindow())
+        reopenConsole = false;
+    else if (!console.HasWindow())
+        console.Create(toolkit::MainWindow());
+    console.ShowRestored();
+    console.BringToForeground();
+    console.RunSearch();
+    NotifyConsoleOpened(kind);
+    return 1;
+}
+
+void CKXVeskPictureImpl::NotifyConsoleOpened(qint32 kind) {
+    // Crossed against the notifications of changes: the host expects it so.
+    if (kind == kModeIssue)
+        Sink().RefreshTNMarks();
+    else if (kind == kModeBim)
+        Sink().RefreshPdfMarks();
+    else if (kind == kModePdf)
+        Sink().RefreshBimMarks();
+}
+
+qint32 CKXVeskPictureImpl::ShowBimPicMngFor(qint32 unread, const QString& presetText,
+                                            qint32 presetMarkId, qint32 presetPicId) {
+    Q_UNUSED(unread);
+    CVeskPicMngDlg& console = CVeskPicMngDlg::Instance();
+    console.MakeRoomFor(kModeBim);
+    const bool wasOpen = console.HasWindow();
+    console.SetBimPreset(presetText, presetMarkId, presetPicId);
+    ShowPicMng(kModeBim);
+    // A console that opens selects by itself once it is there; one that was open must be told.
+    if (wasOpen)
+        toolkit::PostWindowEvent(console.Id(), WM_PIC_MNG_SELECT);
+    return 1;
+}
+
+qint32 CKXVeskPictureImpl::ShowIssueMngFor(qint32 unread, const QString& presetText,
+                                           qint32 presetMarkId, const QString& presetText2) {
+    Q_UNUSED(unread);
+    CVeskPicMngDlg& console = CVeskPicMngDlg::Instance();
+    console.MakeRoomFor(kModeIssue);
+    console.SetIssuePreset(presetText, presetMarkId, presetText2);
+    return ShowPicMng(kModeIssue);
+}
+
+qint32 CKXVeskPictureImpl::ShowPdfPicMngFor(qint32 unread, qint32 presetMarkId, qint32 presetB) {
+    Q_UNUSED(unread);
+    KX_DATA::CurrentDrawing drawing;
+    if (KX_DATA::IProjCacheHandle* project = GetProjCacheMng()->GetCurrentProject())
+        project->GetCurrentDrawing(drawing);
+    CVeskPicMngDlg& console = CVeskPicMngDlg::Instance();
+    console.MakeRoomFor(kModePdf);
+    console.SetPdfPreset(presetMarkId, drawing.drawingId, presetB);
+    return ShowPicMng(kModePdf);
+}
+
+void CKXVeskPictureImpl::AttachObservers(KXFRAME::IKXObserverHub* hub) {
+    hub->AddObserver(m_projChangeObs.get());
+    hub->AddObserver(m_viewBimPicObs.get());
+}
+
+void CKXVeskPictureImpl::SetPicSink(ZelvorNRQ_KXVeskPicture::IKXVeskPictureSink* sink) {
+    m_sink = sink;
+}
+
+void CKXVeskPictureImpl::SetIssueEditSink(ZelvorNRQ_KXVeskPicture::IKXIssueEditSink* sink) {
+    m_issueEditSink = sink;
+}
+
+void CKXVeskPictureImpl::ViewBimPic(const ViewPicRequest& request) {
+    KX_DATA::BimPicDetail detail;
+    if (GetVeskPicMng()->GetBimPicDetail(request.ppid, request.picId, detail) !=
+        KX_DATA::kServiceOk) {
+        ShowStatus(toolkit::kNoWindow, e_VeskPicMngStatus::PicHidden);
+        return;
+    }
+    pendingPicId = request.picId;
+    KX_DATA::IKXView* view = GetKXHoopsModuleMng()->GetView();
+    const bool located = view != nullptr && view->LocatePicture(detail.positionKey, detail.markId);
+    if (!located && !detail.floor.isEmpty()) {
+        pendingPicId = kNoPendingPic;
+        ShowStatus(toolkit::kNoWindow, e_VeskPicMngStatus::DisplayOff);
+        return;
+    }
+    if (!located)
+        detail.positionKey = request.positionKey;
+    OpenBimPicView(request.ppid, detail.floor, detail.positionKey, detail.markId);
+}
+
+void CKXVeskPictureImpl::OpenBimPicView(qint32 ppid, const QString& floor,
+                                        const QString& positionKey, qint32 markId) {
+    Q_UNUSED(ppid);
+    Q_UNUSED(floor);
+    Q_UNUSED(positionKey);
+    Q_UNUSED(markId);
+    static_cast<void>(TakePendingPic());
+    AnswerAsCancelled(MissingDialog::BimPicViewer);
+}
+
+void CKXVeskPictureImpl::ShowPdfPicView(qint32 ppid, qint32 drawingId, const QString& drawingName,
+                                        KXWindow parent) {
+    Q_UNUSED(ppid);
+    Q_UNUSED(drawingId);
+    Q_UNUSED(drawingName);
+    Q_UNUSED(parent);
+    if (backToPdfEdit) {
+        backToPdfEdit = false;
+        AnswerAsCancelled(MissingDialog::PdfPicEditor);
+        return;
+    }
+    static_cast<void>(TakePendingPic());
+    AnswerAsCancelled(MissingDialog::PdfPicViewer);
+}
+
+bool CKXVeskPictureImpl::EditBimPic(qint32 ppid, qint32 picId) {
+    KX_DATA::BimPicDetail detail;
+    if (GetVeskPicMng()->GetBimPicDetail(ppid, picId, detail) != KX_DATA::kServiceOk)
+        return false;
+    detail.picId = picId;
+    if (AnswerAsCancelled(MissingDialog::BimPicEditor))
+        Sink().RefreshBimMarks();
+    return true;
+}
+
+bool CKXVeskPictureImpl::EditIssue(const qint32* issueKey, QString questionId) {
+    Q_UNUSED(issueKey);
+    Q_UNUSED(questionId);
+    AnswerAsCancelled(MissingDialog::IssueEditor);
+    return true;
+}
+
+qint32 CKXVeskPictureImpl::SaveBimPicAs(qint32 ppid, qint32 picId, QString target) {
+    Q_UNUSED(target);
+    std::vector<KX_DATA::PicFileEntry> files;
+    if (GetVeskPicMng()->GetPicFiles({picId}, files) != KX_DATA::kServiceOk || files.empty())
+        return 0;
+    KX_DATA::BimPicDetail detail;
+    if (GetVeskPicMng()->GetBimPicDetail(ppid, picId, detail) != KX_DATA::kServiceOk)
+        return 0;
+    QString name;
+    QString folder;
+    GetKXGlobalData()->GetProjectName(name, ppid);
+    GetKXPathMng()->GetPicFolder(folder, ppid, name);
+    AnswerAsCancelled(MissingDialog::SavePicAs);
+    return 1;
+}
+
+bool CKXVeskPictureImpl::DeleteBimPic(qint32 picId) {
+    if (!GetVeskPicMng()->DeleteBimPics({picId}))
+        return false;
+    Sink().RefreshBimMarks();
+    return true;
+}
+
+bool CKXVeskPictureImpl::DeleteIssue(const QString& questionId) {
+    return GetTNQuestionMng()->DeleteIssues({questionId});
+}
+
+void CKXVeskPictureImpl::LocateIssue(qint32 ppid, const QString& questionId) {
+    Q_UNUSED(ppid);
+    KX_DATA::IKXView* view = GetKXHoopsModuleMng()->GetView();
+    if (view == nullptr || !view->LocateIssue(questionId)) {
+        KXTools::ShowMsgBox(toolkit::kNoWindow, u"请先开启TN问题显示再定位！"_s);
+        return;
+    }
+    AnswerAsCancelled(MissingDialog::IssueViewer);
+}
+
+void CKXVeskPictureImpl::ShowIssueView() {
+    AnswerAsCancelled(MissingDialog::IssueViewer);
+}
+
+void CKXVeskPictureImpl::Refresh() {
+    Sink().RefreshTNMarks();
+}
+
+void CKXVeskPictureImpl::RefreshPicMarks() {
+    AnswerAsCancelled(MissingDialog::MarkData);
+}
+
+void CKXVeskPictureImpl::RefreshIssueMarks() {
+    AnswerAsCancelled(MissingDialog::MarkData);
+}
+
+void CKXVeskPictureImpl::OnPicMessage(KXWindow window, const std::string& json) {
+    Q_UNUSED(window);
+    Q_UNUSED(json);
+    AnswerAsCancelled(MissingDialog::ReminderFeed);
+}
+
+void CKXVeskPictureImpl::OnIssueMessage(KXWindow window, const std::string& json) {
+    OnPicMessage(window, json);
+}
+
+void CKXVeskPictureImpl::ShowPicPopups(KXWindow owner) {
+    Q_UNUSED(owner);
+    AnswerAsCancelled(MissingDialog::ReminderFeed);
+}
+
+void CKXVeskPictureImpl::ShowIssuePopups(KXWindow owner) {
+    ShowPicPopups(owner);
+}
