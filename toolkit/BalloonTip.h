@@ -3,13 +3,17 @@
 
 #include "toolkit/ToolkitExport.h"
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
+class QPainterPath;
+
 namespace toolkit {
 
-/// Painted frame with an arrow; goes by itself after a while, at a click, a key, or with its
-/// control. Named "balloonTip" for tests; its text is its accessible name. Plain text only.
+/// Painted frame with an arrow; goes by itself after 5 seconds, at a click, a key, or with its
+/// control and its window. Named "balloonTip" for tests; its text is its accessible name. Plain
+/// text only. Never takes the keyboard.
 class TOOLKIT_EXPORT BalloonTip final : public QWidget {
     Q_OBJECT
 public:
@@ -20,6 +24,8 @@ public:
 
     [[nodiscard]] const QString& Text() const { return m_text; }
     [[nodiscard]] QWidget* Control() const { return m_control; }
+    /// Hides at once; the widget is freed later.
+    void Dismiss();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -29,10 +35,14 @@ protected:
 private:
     BalloonTip(QWidget* control, const QString& text);
     void Place();
+    void Watch();
+    [[nodiscard]] bool IsEnd(const QObject* watched, const QEvent& event) const;
+    [[nodiscard]] QRect Body() const;
+    [[nodiscard]] QPainterPath Outline(qreal inset) const;
 
-    QWidget* m_control;
+    QPointer<QWidget> m_control;
     QString m_text;
-    int m_arrowX = 0;
+    int m_arrowX = 0; ///< of the point, from the balloon's left edge
     bool m_arrowUp = true;
 };
 

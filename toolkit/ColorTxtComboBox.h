@@ -25,6 +25,9 @@ public:
     void OnInitialize(const std::vector<ColorAndName>& entries);
     [[nodiscard]] const std::vector<ColorAndName>& Entries() const { return m_entries; }
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     void Rebuild();
 

@@ -32,7 +32,8 @@ public:
     void SetValue(const QVariant& value);
     /// The value as the cell shows it; empty for icons and check boxes.
     [[nodiscard]] virtual QString GetText() const { return m_value.toString(); }
-    /// The value as a boolean; a value of another type is converted. Throws BadCellValue.
+    /// The value as a boolean; a value of another type is converted, no value is false. A text
+    /// counts if it is a number, "true" or "false". Throws BadCellValue.
     [[nodiscard]] bool GetBool() const;
 
     [[nodiscard]] bool IsEnabled() const { return m_enabled; }
@@ -75,6 +76,8 @@ public:
         : m_images(&images), m_image(image), m_command(command), m_tip(std::move(tip)) {}
     [[nodiscard]] QString GetText() const override { return {}; }
     [[nodiscard]] QIcon Icon() const { return m_images->At(m_image); }
+    /// Device-independent pixels.
+    [[nodiscard]] QSize ImageSize() const { return m_images->ImageSize(); }
     [[nodiscard]] int Image() const { return m_image; }
     [[nodiscard]] int Command() const { return m_command; }
     [[nodiscard]] const QString& Tip() const { return m_tip; }

@@ -3,7 +3,11 @@
 
 #include "toolkit/DropCombo.h"
 
+#include <QString>
+
 /// Text with recent entries. The hint shows while the field is empty; it is never part of the text.
+/// What is typed is never completed or added to the list by itself; an entry replaces it only when
+/// it is chosen.
 class TOOLKIT_EXPORT KXComboBox final : public DropCombo {
     Q_OBJECT
 public:
@@ -15,4 +19,7 @@ public:
 signals:
     /// Enter in the edit field.
     void returnPressed();
+
+private:
+    QString m_textBeforeFill;
 };

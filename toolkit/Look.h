@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QString>
 
 class QApplication;
 
@@ -24,12 +25,20 @@ struct TOOLKIT_EXPORT Colors {
     static QColor Selection(); ///< accent at low strength, under dark text
     static QColor AlternateRow();
     static QColor HintText();
+    static QColor DisabledText();
+    static QColor Window();   ///< a shade under white
+    static QColor Header();   ///< headers of lists
+    static QColor GridLine(); ///< between the cells of a list
 };
 
 /// From a number 0xBBGGRR.
 [[nodiscard]] TOOLKIT_EXPORT QColor ColorFromBgr(int bgr);
 /// Black or white, whichever reads better on `background`.
 [[nodiscard]] TOOLKIT_EXPORT QColor TextOn(const QColor& background);
+
+/// A text for setToolTip and QToolTip that shows as it stands, whatever it looks like, and wraps
+/// when it is long.
+[[nodiscard]] TOOLKIT_EXPORT QString PlainTip(const QString& text);
 
 /// Base step of all distances, device-independent pixels.
 inline constexpr int kStep = 4;

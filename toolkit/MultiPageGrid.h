@@ -40,7 +40,7 @@ public:
     [[nodiscard]] QWidget* Widget() const;
     /// The registered window that the view lies in; kNoWindow without one.
     [[nodiscard]] toolkit::WindowId ParentId() const;
-    /// Makes the view. Called by the manager; then OnInitialize.
+    /// Makes the view, in place of one that there is; then OnInitialize. Called by the manager.
     void CreateView(QWidget* parent);
     /// Repaints and re-measures after changes of rows, columns or items.
     void AdjustLayout();
@@ -51,13 +51,15 @@ public:
     void SetRowHeightAdd(int pixels);
     /// Text shown in place of rows while there are none.
     void SetEmptyText(const QString& text);
+    [[nodiscard]] const QString& GetEmptyText() const { return m_emptyText; }
 
     // Columns. Indexes out of range change nothing and read as empty, 0 or false.
     void InsertColumn(int index, const QString& caption, int width);
     void DeleteAllColumns();
     [[nodiscard]] int GetColumnCount() const;
     [[nodiscard]] QString GetColumnCaption(int column) const;
-    /// Device-independent pixels, also while hidden.
+    /// Device-independent pixels, also while hidden: what was told, or what the user made of it.
+    /// The view may show a column wider where there is room.
     [[nodiscard]] int GetColumnWidth(int column) const;
     void SetHeaderAlign(int column, Qt::Alignment alignment);
     [[nodiscard]] Qt::Alignment GetHeaderAlign(int column) const;
@@ -69,7 +71,13 @@ public:
     void SetColumnVisible(int column, bool visible);
     [[nodiscard]] bool IsColumnVisible(int column) const;
     void SetColumnTip(int column, const QString& tip);
+    [[nodiscard]] QString GetColumnTip(int column) const;
+    /// Share of the room that the columns leave free, beside the other columns' shares; 0: none.
+    /// Unless set: 1 for left-aligned columns that aren't locked, 0 for all others.
+    void SetColumnStretch(int column, int share);
+    [[nodiscard]] int GetColumnStretch(int column) const;
     void SetHeaderImageList(const toolkit::ImageList& images);
+    [[nodiscard]] const toolkit::ImageList& GetHeaderImageList() const { return m_headerImages; }
     /// Image in a column's header, -1 for none.
     void SetHeaderImage(int column, int image);
     [[nodiscard]] int GetHeaderImage(int column) const;
@@ -86,16 +94,18 @@ public:
     [[nodiscard]] CGridRow* GetRow(int index) const;
     /// Null if nothing is selected.
     [[nodiscard]] CGridRow* GetCurSel() const;
-    /// -1: nothing.
+    /// -1: nothing; a row that isn't there changes nothing.
     void SetCurSel(int index);
-    /// Orders the rows by CompareRows.
+    /// Orders the rows by CompareRows; equal ones keep their order. The selection goes with its
+    /// row.
     void SortRows();
 
     // Paging.
     [[nodiscard]] int GetCurrentPage() const { return m_currentPage; }
     void SetManager(CMultiPageGridManager* manager) { m_manager = manager; }
     [[nodiscard]] CMultiPageGridManager* GetManager() const { return m_manager; }
-    /// Prepares and fetches a page; numbers below 1 mean 1.
+    /// Prepares and fetches a page; numbers below 1 mean 1. The same page again keeps the scroll
+    /// position. The grid may end in what it calls.
     void DoPage(int page);
     void DoCurrentPage();
 
@@ -123,6 +133,7 @@ private:
 
     void ItemChanged(const CGridRow& row);
     [[nodiscard]] Column* ColumnAt(int column) const;
+    void ColumnChanged();
 
     std::vector<std::unique_ptr<Column>> m_columns;
     std::vector<std::unique_ptr<CGridRow>> m_rows;
@@ -134,4 +145,6 @@ private:
     int m_fontHeight = 12;
     int m_rowHeightAdd = 0;
     int m_curSel = -1;
+    /// Expires with the grid: tells who called out of it whether it is still there.
+    std::shared_ptr<void> m_alive = std::make_shared<int>();
 };

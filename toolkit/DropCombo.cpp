@@ -1,0 +1,33 @@
+#include "toolkit/DropCombo.h"
+
+#include <QAbstractItemView>
+#include <QPointer>
+#include <QScreen>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+DropCombo::DropCombo(QWidget* parent) : QComboBox(parent) {
+    setMaxVisibleItems(20);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void DropCombo::showPopup() {
+    const QPointer<DropCombo> self(this);
+    emit dropDown();
+    // The handler may have ended the window, or asked something while the box was disabled.
+    if (!self || !isVisible() || !isEnabled())
+        return;
+    // The list is as wide as its longest entry, but not wider than half the screen.
+    constexpr int kListMargin = 28;
+    const int longest = view()->sizeHintForColumn(0) + kListMargin;
+    view()->setMinimumWidth(std::min(longest, screen()->availableGeometry().width() / 2));
+    QComboBox::showPopup();
+}
+
+void DropCombo::wheelEvent(QWheelEvent* event) {
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}

@@ -1,0 +1,111 @@
+#include "toolkit/LookStyle.h"
+
+#include "toolkit/Icons.h"
+#include "toolkit/Look.h"
+
+#include <QPainter>
+#include <QStyleFactory>
+#include <QStyleOption>
+
+using namespace Qt::StringLiterals;
+
+namespace toolkit {
+
+namespace {
+
+constexpr int kCheckBoxSide = 16;
+
+void DrawCheckBox(const QStyleOption& option, QPainter& painter) {
+    QString name = u"checkbox-off"_s;
+    if (option.state.testFlag(QStyle::State_NoChange))
+        name = u"checkbox-mixed"_s;
+    else if (option.state.testFlag(QStyle::State_On))
+        name = u"checkbox-on"_s;
+    QIcon::Mode mode = QIcon::Normal;
+    if (!option.state.testFlag(QStyle::State_Enabled))
+        mode = QIcon::Disabled;
+    else if (option.state.testFlag(QStyle::State_MouseOver))
+        mode = QIcon::Active;
+    QRect area(0, 0, kCheckBoxSide, kCheckBoxSide);
+    area.moveCenter(option.rect.center());
+    Icon(name).paint(&painter, area, Qt::AlignCenter, mode);
+}
+
+void DrawHeaderField(const QStyleOption& option, QPainter& painter) {
+    const bool pressed = option.state.testFlag(QStyle::State_Sunken);
+    painter.fillRect(option.rect, pressed ? Colors::Hover() : Colors::Header());
+    painter.setPen(Colors::Frame());
+    painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    painter.drawLine(option.rect.topRight(), option.rect.bottomRight());
+}
+
+void DrawFocusFrame(const QStyleOption& option, QPainter& painter) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Colors::TextAccent());
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter.restore();
+}
+
+} // namespace
+
+LookStyle::LookStyle() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) {}
+
+void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
+    switch (element) {
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorItemViewItemCheck:
+        DrawCheckBox(*option, *painter);
+        return;
+    case PE_FrameFocusRect:
+        DrawFocusFrame(*option, *painter);
+        return;
+    default:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void LookStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
+    switch (element) {
+    case CE_HeaderSection:
+    case CE_HeaderEmptyArea:
+        DrawHeaderField(*option, *painter);
+        return;
+    default:
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+}
+
+int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                           const QWidget* widget) const {
+    switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+        return kCheckBoxSide;
+    case PM_SmallIconSize:
+    case PM_ButtonIconSize:
+        return 16;
+    case PM_ToolBarIconSize:
+        return 20;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* returnData) const {
+    switch (hint) {
+    case SH_ComboBox_Popup:
+        return 0;
+    case SH_EtchDisabledText:
+    case SH_ItemView_ActivateItemOnSingleClick:
+        return 0;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+}
+
+} // namespace toolkit
