@@ -1,0 +1,117 @@
+#include "host/app/CommandLine.h"
+
+#include <map>
+#include <optional>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Takes the value of an option, "--data DIR" or "--data=DIR"; moves `at` past what it took.
+std::optional<QString> TakeValue(const QStringList& words, qsizetype& at) {
+    const qsizetype equals = words[at].indexOf(u'=');
+    if (equals >= 0)
+        return words[at].mid(equals + 1);
+    if (at + 1 >= words.size() || words[at + 1].startsWith(u"--"_s))
+        return std::nullopt;
+    return words[++at];
+}
+
+bool ReadSample(const QString& value, SampleSize& sample) {
+    static const std::map<QString, SampleSize> sizes = {{u"small"_s, SampleSize::kSmall},
+                                                        {u"full"_s, SampleSize::kFull},
+                                                        {u"none"_s, SampleSize::kNone}};
+    const auto found = sizes.find(value);
+    if (found == sizes.end())
+        return false;
+    sample = found->second;
+    return true;
+}
+
+bool ReadScale(const QString& value, int& scale) {
+    bool isNumber = false;
+    scale = value.toInt(&isNumber);
+    return isNumber && scale >= 1 && scale <= 4;
+}
+
+/// Takes one option of the client itself. False: `line.error` says why.
+bool TakeOption(const QString& name, const QString& value, CommandLine& line) {
+    if (value.isEmpty()) {
+        line.error = u"选项 %1 后面缺少内容。"_s.arg(name);
+        return false;
+    }
+    if (name == u"--data"_s) {
+        line.dataFolder = value;
+    } else if (name == u"--user"_s) {
+        line.userName = value;
+    } else if (name == u"--tour"_s) {
+        line.road = Road::kTour;
+        line.tourFolder = value;
+    } else if (name == u"--sample"_s && !ReadSample(value, line.sample)) {
+        line.error = u"--sample 只能是 small、full 或 none，不能是“%1”。"_s.arg(value);
+    } else if (name == u"--tour-scale"_s && !ReadScale(value, line.tourScale)) {
+        line.error = u"--tour-scale 只能是 1 到 4 的整数，不能是“%1”。"_s.arg(value);
+    }
+    return line.error.isEmpty();
+}
+
+/// The import has options of its own; of them only the data folder is the client's.
+CommandLine ParseImport(const QStringList& words) {
+    CommandLine line;
+    line.road = Road::kImport;
+    for (qsizetype at = 1; at < words.size(); ++at) {
+        if (words[at].section(u'=', 0, 0) != u"--data"_s) {
+            line.importWords << words[at];
+            continue;
+        }
+        if (!TakeOption(u"--data"_s, TakeValue(words, at).value_or(QString()), line))
+            return line;
+    }
+    return line;
+}
+
+} // namespace
+
+CommandLine ParseCommandLine(const QStringList& words) {
+    static const QStringList options = {u"--data"_s, u"--user"_s, u"--sample"_s, u"--tour"_s,
+                                        u"--tour-scale"_s};
+    if (words.value(0) == u"import"_s)
+        return ParseImport(words);
+    CommandLine line;
+    for (qsizetype at = 0; at < words.size(); ++at) {
+        if (words[at] == u"--help"_s || words[at] == u"-h"_s) {
+            line.road = Road::kHelp;
+            return line;
+        }
+        const QString name = words[at].section(u'=', 0, 0);
+        if (!options.contains(name)) {
+            line.error = u"不认识“%1”。"_s.arg(words[at]);
+            return line;
+        }
+        if (!TakeOption(name, TakeValue(words, at).value_or(QString()), line))
+            return line;
+    }
+    return line;
+}
+
+QString HelpText() {
+    return uR"(用法：
+  vesk-client [选项]                  打开客户端
+  vesk-client import 文件夹 [选项]    把一个文件夹里的照片导入工程
+  vesk-client --tour 文件夹           无显示器时走一遍客户端，把各窗口的图片存到该文件夹
+
+选项：
+  --data 文件夹       数据文件夹；不写则用当前用户自己的数据文件夹
+  --user 姓名         以此用户登录，不再询问
+  --sample 规模       数据文件夹还没有工程时生成的示例：small（小）、full（完整）、none（不生成）
+  --tour-scale 倍数   走查时的屏幕缩放，1 到 4
+  --help              显示本说明
+
+导入选项：
+  --project 工程  --user 姓名  [--floor 楼层 --x 轴 --y 轴 --mark 标识]
+)"_s;
+}
+
+} // namespace host

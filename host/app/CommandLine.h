@@ -1,0 +1,38 @@
+// What the person wrote behind the program's name.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace host {
+
+/// What the program is to do.
+enum class Road {
+    kClient, ///< open the client
+    kImport, ///< file a folder of photos and end
+    kTour,   ///< walk through the client without a display and end
+    kHelp,
+};
+
+/// The site that a folder without one gets.
+enum class SampleSize { kNone, kSmall, kFull };
+
+struct CommandLine {
+    Road road = Road::kClient;
+    QString dataFolder; ///< empty: the user's own
+    QString userName;   ///< empty: asked for
+    SampleSize sample = SampleSize::kFull;
+    QString tourFolder;
+    int tourScale = 1;       ///< device pixels for each pixel, 1 to 4
+    QStringList importWords; ///< what stands behind "import", --data left out
+    QString error;           ///< Chinese; empty: nothing to complain of
+};
+
+/// @param words  the command line without the program's name.
+/// @return       with `error` set at the first word that makes no sense; the rest is then unread.
+[[nodiscard]] CommandLine ParseCommandLine(const QStringList& words);
+
+/// What --help prints.
+[[nodiscard]] QString HelpText();
+
+} // namespace host

@@ -1,0 +1,35 @@
+// Loads the picture module at run time.
+#pragma once
+
+#include <QLibrary>
+#include <QString>
+
+#include <optional>
+
+namespace ZelvorNRQ_KXVeskPicture {
+class IKXVeskPicture;
+class IKXVeskPicData;
+} // namespace ZelvorNRQ_KXVeskPicture
+
+namespace host {
+
+/// Holds the module from Load to Unload. Thread: user interface.
+class ModuleLoader final {
+public:
+    /// @param folder  where the module lies: that of the program.
+    /// @return        Chinese, complete, what is missing; nothing on success.
+    [[nodiscard]] std::optional<QString> Load(const QString& folder);
+    /// The module joins its workers here. Nothing of it may be used any more.
+    void Unload();
+
+    /// Null unless loaded.
+    [[nodiscard]] ZelvorNRQ_KXVeskPicture::IKXVeskPicture* Pictures() const { return pictures; }
+    [[nodiscard]] ZelvorNRQ_KXVeskPicture::IKXVeskPicData* PictureData() const { return data; }
+
+private:
+    QLibrary library;
+    ZelvorNRQ_KXVeskPicture::IKXVeskPicture* pictures = nullptr;
+    ZelvorNRQ_KXVeskPicture::IKXVeskPicData* data = nullptr;
+};
+
+} // namespace host

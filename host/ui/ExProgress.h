@@ -1,0 +1,34 @@
+// The client's progress service.
+#pragma once
+
+#include "services/IExProgress.h"
+
+#include <memory>
+
+namespace host {
+
+class ProgressWindow;
+
+/// A progress window without a way to cancel, as the service has none. It comes up half a second
+/// after Show; without Create all else does nothing. Thread: user interface.
+class ExProgress final : public KX_DATA::IExProgress {
+public:
+    ExProgress();
+    ~ExProgress() override;
+
+    void Close() override;
+    void Create(quint64 parent, const QString& name) override;
+    void Show() override;
+    void SetTitle(const QString& title) override;
+    void SetRange(qint32 count) override;
+    void SetPos(qint32 done) override;
+
+    /// Null between Close and Create.
+    [[nodiscard]] ProgressWindow* Window() const { return window.get(); }
+
+private:
+    std::unique_ptr<ProgressWindow> window;
+    qint32 range = 0;
+};
+
+} // namespace host

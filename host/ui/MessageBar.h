@@ -1,0 +1,33 @@
+// The bar below the toolbar in which the host says what happened.
+#pragma once
+
+#include "host/ui/MessageList.h"
+
+#include <QFrame>
+
+class QVBoxLayout;
+
+namespace host {
+
+/// Shows the newest messages with their kind, lets the person copy and close each. Hidden while
+/// there is none. Knows nothing of where messages come from. Lives on the interface thread, owned
+/// by its parent widget.
+class MessageBar final : public QFrame {
+    Q_OBJECT
+
+public:
+    explicit MessageBar(QWidget* parent);
+
+    void Show(MessageKind kind, const QString& text);
+    void Clear();
+    [[nodiscard]] const std::vector<HostMessage>& Messages() const { return list.All(); }
+
+private:
+    void Rebuild();
+    [[nodiscard]] QWidget* MakeLine(int at);
+
+    MessageList list;
+    QVBoxLayout* lines = nullptr;
+};
+
+} // namespace host

@@ -1,0 +1,36 @@
+// Which of the host's own messages the bar shows.
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+namespace host {
+
+enum class MessageKind { kInfo, kWarning, kError };
+
+struct HostMessage {
+    MessageKind kind = MessageKind::kInfo;
+    QString text;
+    int times = 1; ///< how often in a row it came
+};
+
+/// The newest messages, newest first. Thread: any, one at a time.
+class MessageList final {
+public:
+    static constexpr int kMost = 4;
+
+    /// The newest message said again counts up; otherwise the oldest one beyond kMost goes.
+    void Add(MessageKind kind, const QString& text);
+    void Remove(int at);
+    void Clear() { messages.clear(); }
+    [[nodiscard]] const std::vector<HostMessage>& All() const { return messages; }
+
+private:
+    std::vector<HostMessage> messages;
+};
+
+/// A message as one line of text: with its number of times where it came more than once.
+[[nodiscard]] QString MessageLine(const HostMessage& message);
+
+} // namespace host

@@ -1,0 +1,39 @@
+#include "host/ui/ObserverHub.h"
+
+#include <algorithm>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+void ObserverHub::AddObserver(KXFRAME::IBaseObs* observer) {
+    const bool known = std::find(observers.begin(), observers.end(), observer) != observers.end();
+    if (observer != nullptr && !known)
+        observers.push_back(observer);
+}
+
+void ObserverHub::TellProjectChange() const {
+    // A copy, since an observer may register another one.
+    const std::vector<KXFRAME::IBaseObs*> told = observers;
+    for (KXFRAME::IBaseObs* observer : told) {
+        if (observer->GetObsName() != u"ProjChange"_s)
+            continue;
+        if (auto* onChange = dynamic_cast<KXFRAME::IProjChangeObs*>(observer))
+            onChange->OnProjChange();
+    }
+}
+
+bool ObserverHub::ViewBimPic(qint32 ppid, const QString& floor, const QString& positionKey,
+                             qint32 markId) const {
+    for (KXFRAME::IBaseObs* observer : observers) {
+        if (observer->GetObsName() != u"ViewBimPic"_s)
+            continue;
+        if (auto* viewer = dynamic_cast<KXFRAME::IViewBimPicObs*>(observer)) {
+            viewer->ViewBimPic(&ppid, floor, positionKey, markId);
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace host

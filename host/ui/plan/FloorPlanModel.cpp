@@ -1,0 +1,124 @@
+#include "host/ui/plan/FloorPlanModel.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Numbers first, by value; names behind them, short ones before long ones, so that AA follows Z.
+bool AxisLess(const QString& left, const QString& right) {
+    bool leftIsNumber = false;
+    bool rightIsNumber = false;
+    const int leftValue = left.toInt(&leftIsNumber);
+    const int rightValue = right.toInt(&rightIsNumber);
+    if (leftIsNumber != rightIsNumber)
+        return leftIsNumber;
+    if (leftIsNumber && leftValue != rightValue)
+        return leftValue < rightValue;
+    if (left.size() != right.size())
+        return left.size() < right.size();
+    return left < right;
+}
+
+void SortAxes(std::vector<QString>& axes) {
+    std::sort(axes.begin(), axes.end(), AxisLess);
+    axes.erase(std::unique(axes.begin(), axes.end()), axes.end());
+}
+
+int IndexOf(const std::vector<QString>& axes, const QString& name) {
+    return int(std::find(axes.begin(), axes.end(), name) - axes.begin());
+}
+
+QString AxisCaption(const QString& name) {
+    return name.endsWith(u'轴') ? name : name + u"轴"_s;
+}
+
+} // namespace
+
+std::optional<PlanPlace> FindPlace(const FloorPlanModel& model, const QString& positionKey) {
+    if (positionKey.isEmpty())
+        return std::nullopt;
+    for (int floor = 0; floor < int(model.floors.size()); ++floor) {
+        const auto& places = model.floors[floor].intersections;
+        for (int place = 0; place < int(places.size()); ++place) {
+            if (places[place].positionKey == positionKey)
+                return PlanPlace{floor, place};
+        }
+    }
+    return std::nullopt;
+}
+
+int FindFloor(const FloorPlanModel& model, const QString& name) {
+    const auto found = std::find_if(model.floors.begin(), model.floors.end(),
+                                    [&](const PlanFloor& floor) { return floor.name == name; });
+    return found == model.floors.end() ? -1 : int(found - model.floors.begin());
+}
+
+int PhotoCount(const PlanFloor& floor) {
+    return std::accumulate(
+        floor.intersections.begin(), floor.intersections.end(), 0,
+        [](int sum, const PlanIntersection& place) { return sum + place.photoCount; });
+}
+
+int NeighbourOf(const PlanFloor& floor, int from, int dx, int dy) {
+    const auto& places = floor.intersections;
+    if (places.empty())
+        return -1;
+    if (from < 0 || from >= int(places.size()))
+        return 0;
+    int best = from;
+    int bestDistance = std::numeric_limits<int>::max();
+    for (int at = 0; at < int(places.size()); ++at) {
+        const int stepX = places[at].axisX - places[from].axisX;
+        const int stepY = places[at].axisY - places[from].axisY;
+        const int ahead = stepX * dx + stepY * dy;
+        const int aside = std::abs(stepX * dy) + std::abs(stepY * dx);
+        if (ahead > 0 && aside == 0 && ahead < bestDistance) {
+            best = at;
+            bestDistance = ahead;
+        }
+    }
+    return best;
+}
+
+QString PlaceCaption(const PlanFloor& floor, const PlanIntersection& place) {
+    return u"%1 / %2"_s.arg(AxisCaption(floor.axesX[place.axisX]),
+                            AxisCaption(floor.axesY[place.axisY]));
+}
+
+PlanFloorBuilder::PlanFloorBuilder(const QString& name) : floorName(name) {}
+
+void PlanFloorBuilder::Add(const QString& axisX, const QString& axisY, const QString& positionKey,
+                           int photoCount) {
+    entries.push_back({axisX, axisY, positionKey, photoCount});
+}
+
+PlanFloor PlanFloorBuilder::Finish() {
+    PlanFloor floor;
+    floor.name = floorName;
+    for (const Entry& entry : entries) {
+        floor.axesX.push_back(entry.axisX);
+        floor.axesY.push_back(entry.axisY);
+    }
+    SortAxes(floor.axesX);
+    SortAxes(floor.axesY);
+    for (const Entry& entry : entries) {
+        floor.intersections.push_back({IndexOf(floor.axesX, entry.axisX),
+                                       IndexOf(floor.axesY, entry.axisY), entry.positionKey,
+                                       entry.photoCount});
+    }
+    std::stable_sort(floor.intersections.begin(), floor.intersections.end(),
+                     [](const PlanIntersection& left, const PlanIntersection& right) {
+                         return std::pair(left.axisX, left.axisY) <
+                                std::pair(right.axisX, right.axisY);
+                     });
+    return floor;
+}
+
+} // namespace host

@@ -1,0 +1,72 @@
+// What the floor plan shows: floors with their grid axes and intersections.
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace host {
+
+/// Where two axes of a floor meet.
+struct PlanIntersection {
+    int axisX = 0; ///< index into the floor's axesX
+    int axisY = 0; ///< index into the floor's axesY
+    QString positionKey;
+    int photoCount = 0;
+};
+
+struct PlanFloor {
+    QString name;
+    std::vector<QString> axesX; ///< left to right
+    std::vector<QString> axesY; ///< bottom to top
+    std::vector<PlanIntersection> intersections;
+};
+
+struct FloorPlanModel {
+    QString projectName; ///< empty: no project is open
+    std::vector<PlanFloor> floors;
+};
+
+/// Which floor and which intersection.
+struct PlanPlace {
+    int floor = 0;
+    int intersection = 0;
+};
+
+/// Nothing for a key that no floor has; an empty key is no key.
+[[nodiscard]] std::optional<PlanPlace> FindPlace(const FloorPlanModel& model,
+                                                 const QString& positionKey);
+/// Index of a floor; -1 for a name that no floor has.
+[[nodiscard]] int FindFloor(const FloorPlanModel& model, const QString& name);
+[[nodiscard]] int PhotoCount(const PlanFloor& floor);
+/// The intersection next to `from` in the direction (dx, dy), dy upwards; `from` itself where there
+/// is none, the first one for -1. -1 for a floor without intersections.
+[[nodiscard]] int NeighbourOf(const PlanFloor& floor, int from, int dx, int dy);
+/// "3轴 / B轴".
+[[nodiscard]] QString PlaceCaption(const PlanFloor& floor, const PlanIntersection& place);
+
+/// Puts a floor together from the axes as they come, one X axis with its Y axes after the other.
+class PlanFloorBuilder final {
+public:
+    explicit PlanFloorBuilder(const QString& name);
+
+    void Add(const QString& axisX, const QString& axisY, const QString& positionKey,
+             int photoCount);
+    /// Axes in their order: numbers as numbers, other names as text behind them. Intersections in
+    /// the order of their X axis, then of their Y axis.
+    [[nodiscard]] PlanFloor Finish();
+
+private:
+    struct Entry {
+        QString axisX;
+        QString axisY;
+        QString positionKey;
+        int photoCount = 0;
+    };
+    QString floorName;
+    std::vector<Entry> entries;
+};
+
+} // namespace host

@@ -1,0 +1,140 @@
+#include "host/ui/plan/FloorPlanPaint.h"
+
+#include "host/ui/LocateText.h"
+#include "toolkit/Look.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kColumnSide = 8;
+constexpr double kTitleX = 20;
+constexpr double kTitleBase = 28;
+
+void PaintEmpty(QPainter& painter, const FloorPlanScene& scene) {
+    const QString text =
+        scene.model.projectName.isEmpty()
+            ? u"没有打开的工程\n请在工具栏左端选择工程。"_s
+            : u"工程“%1”还没有楼层和轴网\n导入照片时写明楼层与轴线，它们就会出现在这里。"_s.arg(
+                  scene.model.projectName);
+    painter.setFont(toolkit::UiFont(14));
+    painter.setPen(toolkit::Colors::HintText());
+    painter.drawText(QRectF(QPointF(), scene.pane), Qt::AlignCenter, text);
+}
+
+void PaintTitle(QPainter& painter, const PlanFloor& floor) {
+    const QFont big = toolkit::UiFont(16);
+    painter.setFont(big);
+    painter.setPen(toolkit::Colors::TextAccent());
+    const QString caption = FloorCaption(floor.name);
+    painter.drawText(QPointF(kTitleX, kTitleBase), caption);
+    const double behind = kTitleX + QFontMetricsF(big).horizontalAdvance(caption) + 16;
+    painter.setFont(toolkit::UiFont());
+    painter.setPen(toolkit::Colors::HintText());
+    painter.drawText(QPointF(behind, kTitleBase),
+                     u"轴网 %1 × %2，照片 %3 张"_s.arg(floor.axesX.size())
+                         .arg(floor.axesY.size())
+                         .arg(PhotoCount(floor)));
+}
+
+void PaintAxes(QPainter& painter, const FloorPlanLayout& layout) {
+    QPen pen(toolkit::Colors::Frame(), 1);
+    pen.setDashPattern({12, 3, 2, 3});
+    painter.setPen(pen);
+    for (std::size_t at = 0; at < layout.linesX.size(); ++at)
+        painter.drawLine(QPointF(layout.linesX[at], layout.bubblesX[at].top()),
+                         QPointF(layout.linesX[at], layout.lineTop));
+    for (std::size_t at = 0; at < layout.linesY.size(); ++at)
+        painter.drawLine(QPointF(layout.bubblesY[at].right(), layout.linesY[at]),
+                         QPointF(layout.lineRight, layout.linesY[at]));
+}
+
+/// A name that is wider than its bubble is set in a smaller face.
+void PaintBubble(QPainter& painter, const QRectF& bubble, const QString& name, bool chosen) {
+    painter.setPen(QPen(toolkit::Colors::TextAccent(), chosen ? 2 : 1));
+    painter.setBrush(chosen ? toolkit::Colors::Selection() : QColor(Qt::white));
+    painter.drawEllipse(bubble);
+    QFont font = toolkit::UiFont(13);
+    const double width = QFontMetricsF(font).horizontalAdvance(name);
+    if (width > bubble.width() - 6)
+        font = toolkit::UiFont(std::max(8, int(13 * (bubble.width() - 6) / width)));
+    painter.setFont(font);
+    painter.setPen(toolkit::Colors::TextAccent());
+    painter.drawText(bubble, Qt::AlignCenter, name);
+}
+
+void PaintBubbles(QPainter& painter, const FloorPlanScene& scene, const PlanFloor& floor) {
+    const int chosen = scene.state.chosen;
+    const PlanIntersection* place = chosen >= 0 ? &floor.intersections[chosen] : nullptr;
+    for (int at = 0; at < int(floor.axesX.size()); ++at)
+        PaintBubble(painter, scene.layout.bubblesX[at], floor.axesX[at],
+                    place != nullptr && place->axisX == at);
+    for (int at = 0; at < int(floor.axesY.size()); ++at)
+        PaintBubble(painter, scene.layout.bubblesY[at], floor.axesY[at],
+                    place != nullptr && place->axisY == at);
+}
+
+void PaintRing(QPainter& painter, const QRectF& rect, const QColor& color, double width) {
+    painter.setPen(QPen(color, width));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(rect);
+}
+
+void PaintPlace(QPainter& painter, const QRectF& rect, int photoCount) {
+    if (photoCount == 0) {
+        QRectF column(0, 0, kColumnSide, kColumnSide);
+        column.moveCenter(rect.center());
+        painter.fillRect(column, toolkit::Colors::Frame());
+        return;
+    }
+    painter.setPen(QPen(Qt::white, 1.5));
+    painter.setBrush(toolkit::Colors::TextAccent());
+    painter.drawEllipse(rect);
+    const QString text = photoCount > 999 ? u"999+"_s : QString::number(photoCount);
+    const int height = int(rect.height() * (text.size() > 3 ? 0.34 : text.size() > 2 ? 0.4 : 0.46));
+    painter.setFont(toolkit::UiFont(std::max(7, height)));
+    painter.setPen(Qt::white);
+    painter.drawText(rect, Qt::AlignCenter, text);
+}
+
+void PaintPlaces(QPainter& painter, const FloorPlanScene& scene, const PlanFloor& floor) {
+    for (int at = 0; at < int(floor.intersections.size()); ++at) {
+        const QRectF rect = PlaceRect(scene.layout, at);
+        if (at == scene.state.hovered)
+            PaintRing(painter, rect.adjusted(-2, -2, 2, 2), toolkit::Colors::Hover(), 4);
+        PaintPlace(painter, rect, floor.intersections[at].photoCount);
+        if (at == scene.state.chosen)
+            PaintRing(painter, rect.adjusted(-4, -4, 4, 4), toolkit::Colors::Accent(), 3);
+    }
+}
+
+} // namespace
+
+void PaintFloorPlan(QPainter& painter, const FloorPlanScene& scene) {
+    painter.fillRect(QRectF(QPointF(), scene.pane), toolkit::Colors::Pane());
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (scene.state.floor >= int(scene.model.floors.size())) {
+        PaintEmpty(painter, scene);
+        return;
+    }
+    const PlanFloor& floor = scene.model.floors[scene.state.floor];
+    PaintTitle(painter, floor);
+    painter.setPen(QPen(toolkit::Colors::Frame(), 2));
+    painter.setBrush(Qt::white);
+    painter.drawRect(scene.layout.building);
+    PaintAxes(painter, scene.layout);
+    PaintBubbles(painter, scene, floor);
+    PaintPlaces(painter, scene, floor);
+    if (scene.focused) {
+        painter.setPen(QPen(toolkit::Colors::Accent(), 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(QRectF(QPointF(0.5, 0.5), scene.pane - QSizeF(1, 1)));
+    }
+}
+
+} // namespace host

@@ -1,0 +1,70 @@
+#include "host/ui/plan/FloorPlanPane.h"
+
+#include "host/ui/LocateText.h"
+#include "host/ui/plan/FloorPlanCanvas.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QListWidget>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+FloorPlanPane::FloorPlanPane(QWidget* parent) : QWidget(parent) {
+    floors = new QListWidget(this);
+    floors->setObjectName(u"floorList"_s);
+    floors->setAccessibleName(u"楼层"_s);
+    floors->setToolTip(u"楼层（在平面图中按 PageUp、PageDown 切换）"_s);
+    floors->setFrameShape(QFrame::NoFrame);
+    auto* caption = new QLabel(u"楼层"_s, this);
+    caption->setContentsMargins(12, 8, 12, 4);
+    caption->setBuddy(floors);
+    canvas = new FloorPlanCanvas(this);
+
+    auto* left = new QVBoxLayout;
+    left->setSpacing(0);
+    left->addWidget(caption);
+    left->addWidget(floors, 1);
+    auto* all = new QHBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(0);
+    all->addLayout(left);
+    all->addWidget(canvas, 1);
+    floors->setFixedWidth(std::max(132, floors->fontMetrics().averageCharWidth() * 22));
+
+    connect(floors, &QListWidget::currentRowChanged, canvas, &FloorPlanCanvas::SetFloor);
+    connect(canvas, &FloorPlanCanvas::FloorChanged, this, [this](int floor) {
+        const QSignalBlocker quiet(floors);
+        floors->setCurrentRow(floor);
+    });
+}
+
+void FloorPlanPane::SetModel(FloorPlanModel model) {
+    canvas->SetModel(std::move(model));
+    FillFloors();
+}
+
+void FloorPlanPane::FillFloors() {
+    const QSignalBlocker quiet(floors);
+    floors->clear();
+    for (const PlanFloor& floor : canvas->Model().floors) {
+        const int count = PhotoCount(floor);
+        auto* item =
+            new QListWidgetItem(count > 0 ? u"%1（%2）"_s.arg(FloorCaption(floor.name)).arg(count)
+                                          : FloorCaption(floor.name),
+                                floors);
+        item->setToolTip(u"%1 张照片"_s.arg(count));
+    }
+    floors->setCurrentRow(canvas->State().floor);
+}
+
+QString FloorPlanPane::CurrentFloor() const {
+    const int row = canvas->State().floor;
+    const auto& list = canvas->Model().floors;
+    return row < int(list.size()) ? list[row].name : QString();
+}
+
+} // namespace host

@@ -1,0 +1,33 @@
+// What of the floor plan is shown, hovered and chosen; events are functions from state to state.
+#pragma once
+
+#include "host/ui/plan/FloorPlanModel.h"
+
+namespace host {
+
+inline constexpr int kNoPlace = -1;
+
+struct FloorPlanState {
+    int floor = 0;
+    int hovered = kNoPlace; ///< intersection under the mouse
+    int chosen = kNoPlace;  ///< intersection that the person clicked or that was looked up
+    bool cardOpen = false;  ///< the card with what can be done at the chosen intersection
+
+    bool operator==(const FloorPlanState&) const = default;
+};
+
+/// Another floor: nothing on it is chosen yet. An index that is no floor changes nothing.
+[[nodiscard]] FloorPlanState ShowFloor(FloorPlanState state, const FloorPlanModel& model,
+                                       int floor);
+[[nodiscard]] FloorPlanState Hover(FloorPlanState state, int place);
+/// A click: on an intersection it chooses it and opens its card, beside one it closes the card.
+[[nodiscard]] FloorPlanState Click(FloorPlanState state, int place);
+/// An arrow key: moves the choice, without a card.
+[[nodiscard]] FloorPlanState Step(FloorPlanState state, const FloorPlanModel& model, int dx,
+                                  int dy);
+/// Escape: first the card goes, then the choice.
+[[nodiscard]] FloorPlanState Retreat(FloorPlanState state);
+/// A lookup from elsewhere: brings up the floor and chooses the intersection.
+[[nodiscard]] FloorPlanState Locate(FloorPlanState state, const PlanPlace& place);
+
+} // namespace host

@@ -1,0 +1,70 @@
+#include "host/app/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+namespace host {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(CommandLine, WithoutWordsTheClientOpensOnTheUsersFolderWithTheFullSample) {
+    const CommandLine line = ParseCommandLine({});
+    EXPECT_EQ(line.road, Road::kClient);
+    EXPECT_TRUE(line.dataFolder.isEmpty());
+    EXPECT_TRUE(line.userName.isEmpty());
+    EXPECT_EQ(line.sample, SampleSize::kFull);
+    EXPECT_TRUE(line.error.isEmpty());
+}
+
+TEST(CommandLine, OptionsTakeTheNextWordOrWhatFollowsTheEqualsSign) {
+    const CommandLine line =
+        ParseCommandLine({u"--data"_s, u"/tmp/a b"_s, u"--user=张伟"_s, u"--sample"_s, u"small"_s});
+    EXPECT_EQ(line.dataFolder, u"/tmp/a b"_s);
+    EXPECT_EQ(line.userName, u"张伟"_s);
+    EXPECT_EQ(line.sample, SampleSize::kSmall);
+    EXPECT_TRUE(line.error.isEmpty());
+}
+
+TEST(CommandLine, ATourNamesItsFolderAndMayScaleTheScreen) {
+    const CommandLine line = ParseCommandLine({u"--tour"_s, u"out"_s, u"--tour-scale"_s, u"2"_s});
+    EXPECT_EQ(line.road, Road::kTour);
+    EXPECT_EQ(line.tourFolder, u"out"_s);
+    EXPECT_EQ(line.tourScale, 2);
+}
+
+TEST(CommandLine, ImportKeepsItsOwnWordsInOrderAndGivesTheDataFolderToTheClient) {
+    const CommandLine line = ParseCommandLine({u"import"_s, u"照片"_s, u"--project"_s, u"一期"_s,
+                                               u"--data"_s, u"d"_s, u"--user"_s, u"李"_s});
+    EXPECT_EQ(line.road, Road::kImport);
+    EXPECT_EQ(line.dataFolder, u"d"_s);
+    EXPECT_EQ(line.importWords,
+              QStringList({u"照片"_s, u"--project"_s, u"一期"_s, u"--user"_s, u"李"_s}));
+    EXPECT_TRUE(line.error.isEmpty());
+}
+
+TEST(CommandLine, HelpWinsOverWhatFollowsIt) {
+    EXPECT_EQ(ParseCommandLine({u"--help"_s, u"--nonsense"_s}).road, Road::kHelp);
+    EXPECT_EQ(ParseCommandLine({u"-h"_s}).road, Road::kHelp);
+    EXPECT_TRUE(HelpText().contains(u"--tour"_s));
+}
+
+TEST(CommandLine, AnUnknownWordIsNamedInTheError) {
+    EXPECT_TRUE(ParseCommandLine({u"--dta"_s, u"x"_s}).error.contains(u"--dta"_s));
+}
+
+TEST(CommandLine, AnOptionWithoutItsValueIsAnError) {
+    for (const QString& option : {u"--data"_s, u"--user"_s, u"--tour"_s, u"--sample"_s}) {
+        EXPECT_TRUE(ParseCommandLine({option}).error.contains(option)) << qPrintable(option);
+        EXPECT_TRUE(ParseCommandLine({option, u"--user"_s}).error.contains(option));
+    }
+    EXPECT_FALSE(ParseCommandLine({u"import"_s, u"--data"_s}).error.isEmpty());
+}
+
+TEST(CommandLine, SizesAndScalesThatDontExistAreErrors) {
+    EXPECT_TRUE(ParseCommandLine({u"--sample"_s, u"huge"_s}).error.contains(u"huge"_s));
+    for (const QString& scale : {u"0"_s, u"5"_s, u"two"_s})
+        EXPECT_TRUE(ParseCommandLine({u"--tour-scale"_s, scale}).error.contains(scale));
+}
+
+} // namespace
+} // namespace host

@@ -1,0 +1,77 @@
+#include "host/ui/plan/FloorPlanModel.h"
+
+#include <gtest/gtest.h>
+
+namespace host {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+PlanFloor TwoByTwo() {
+    PlanFloorBuilder builder(u"1"_s);
+    builder.Add(u"10"_s, u"B"_s, u"k10B"_s, 3);
+    builder.Add(u"2"_s, u"A"_s, u"k2A"_s, 0);
+    builder.Add(u"2"_s, u"B"_s, u"k2B"_s, 4);
+    builder.Add(u"10"_s, u"A"_s, u"k10A"_s, 0);
+    return builder.Finish();
+}
+
+TEST(PlanFloorBuilder, SortsNumbersAsNumbersAndLettersBehindThem) {
+    PlanFloorBuilder builder(u"1"_s);
+    for (const QString& axis : {u"AA"_s, u"10"_s, u"B"_s, u"2"_s, u"1"_s, u"A"_s})
+        builder.Add(axis, u"A"_s, axis, 0);
+    const PlanFloor floor = builder.Finish();
+    EXPECT_EQ(floor.axesX,
+              (std::vector<QString>{u"1"_s, u"2"_s, u"10"_s, u"A"_s, u"B"_s, u"AA"_s}));
+    EXPECT_EQ(floor.axesY, std::vector<QString>{u"A"_s});
+}
+
+TEST(PlanFloorBuilder, PutsEachKeyWhereItsAxesMeet) {
+    const PlanFloor floor = TwoByTwo();
+    ASSERT_EQ(floor.intersections.size(), 4U);
+    EXPECT_EQ(floor.intersections[0].positionKey, u"k2A"_s);
+    EXPECT_EQ(floor.intersections[3].positionKey, u"k10B"_s);
+    EXPECT_EQ(floor.intersections[3].axisX, 1);
+    EXPECT_EQ(floor.intersections[3].axisY, 1);
+    EXPECT_EQ(PhotoCount(floor), 7);
+}
+
+TEST(FloorPlanModel, FindsAKeyOnAnyFloorAndNothingForNoKey) {
+    FloorPlanModel model;
+    model.floors.push_back(PlanFloor{u"-1"_s, {}, {}, {}});
+    model.floors.push_back(TwoByTwo());
+    const auto place = FindPlace(model, u"k10A"_s);
+    ASSERT_TRUE(place);
+    EXPECT_EQ(place->floor, 1);
+    EXPECT_EQ(model.floors[1].intersections[place->intersection].positionKey, u"k10A"_s);
+    EXPECT_FALSE(FindPlace(model, u"other"_s));
+    model.floors[1].intersections[0].positionKey.clear();
+    EXPECT_FALSE(FindPlace(model, QString()));
+    EXPECT_EQ(FindFloor(model, u"1"_s), 1);
+    EXPECT_EQ(FindFloor(model, u"9"_s), -1);
+}
+
+TEST(NeighbourOf, StepsAlongTheAxesAndStopsAtTheEdge) {
+    const PlanFloor floor = TwoByTwo(); // 0: 2/A, 1: 2/B, 2: 10/A, 3: 10/B
+    EXPECT_EQ(NeighbourOf(floor, 0, 1, 0), 2);
+    EXPECT_EQ(NeighbourOf(floor, 0, 0, 1), 1);
+    EXPECT_EQ(NeighbourOf(floor, 0, -1, 0), 0);
+    EXPECT_EQ(NeighbourOf(floor, 3, 0, -1), 2);
+}
+
+TEST(NeighbourOf, BeginsWithTheFirstPlaceAndKnowsAFloorWithoutAny) {
+    EXPECT_EQ(NeighbourOf(TwoByTwo(), -1, 1, 0), 0);
+    EXPECT_EQ(NeighbourOf(PlanFloor(), -1, 1, 0), -1);
+}
+
+TEST(PlaceCaption, NamesBothAxes) {
+    const PlanFloor floor = TwoByTwo();
+    EXPECT_EQ(PlaceCaption(floor, floor.intersections[3]), u"10轴 / B轴"_s);
+    PlanFloorBuilder named(u"1"_s);
+    named.Add(u"3轴"_s, u"C"_s, u"k"_s, 0);
+    const PlanFloor suffixed = named.Finish();
+    EXPECT_EQ(PlaceCaption(suffixed, suffixed.intersections[0]), u"3轴 / C轴"_s);
+}
+
+} // namespace
+} // namespace host
