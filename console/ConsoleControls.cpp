@@ -62,10 +62,10 @@ QRadioButton* MakeRadio(QWidget* window, const char16_t* name, const QString& ca
 } // namespace
 
 ConsoleControls::ConsoleControls(QWidget* window)
-    : projectCombo(Named(new DropCombo(window), u"projectCombo", u"工程"_s, 150)),
-      markCombo(Named(new CColorTxtComboBox(window), u"markCombo", u"按标识筛选"_s, 120)),
-      labelCombo(Named(new DropCombo(window), u"labelCombo", u"按标签筛选"_s, 110)),
-      statusCombo(Named(new DropCombo(window), u"statusCombo", u"按整改情况筛选"_s, 100)),
+    : projectCombo(Named(new DropCombo(window), u"projectCombo", u"工程"_s, 144)),
+      markCombo(Named(new CColorTxtComboBox(window), u"markCombo", u"按标识筛选"_s, 112)),
+      labelCombo(Named(new DropCombo(window), u"labelCombo", u"按标签筛选"_s, 104)),
+      statusCombo(Named(new DropCombo(window), u"statusCombo", u"按整改情况筛选"_s, 96)),
       noDateLimit(Named(new QCheckBox(u"不限"_s, window), u"noDateLimit", u"不限日期"_s, 54)),
       startPicker(MakePicker(window, u"startPicker", u"开始日期"_s)),
       dateDash(Named(new QLabel(u"-"_s, window), u"dateDash", u"至"_s, 8)),
@@ -94,6 +94,9 @@ ConsoleControls::ConsoleControls(QWidget* window)
     statusPane->setObjectName(u"statusPane"_s);
     statusPane->setTextFormat(Qt::PlainText);
     statusBar->addWidget(statusPane, 1);
+    statusBar->setContentsMargins(8, 0, 8, 0);
+    // Where the form has it; the place of all others follows from it.
+    projectCombo->move(10, 10);
 }
 
 std::array<QWidget*, kFilterControls> ConsoleControls::Filters() const {

@@ -12,6 +12,10 @@ constexpr int kFilterHeightLine = 24;
 constexpr std::array<int, kFilterControls> kPhotoGaps = {0, 4, 4, 4, 8, 4, 4, 4, 8, 4};
 constexpr std::array<int, kFilterControls> kIssueGaps = {0, 3, 0, 3, 3, 3, 1, 1, 3, 3};
 
+/// The keyword box takes what the line leaves, within these limits; for issues it keeps its size.
+constexpr int kKeywordLeast = 180;
+constexpr int kKeywordMost = 420;
+
 constexpr int kRadioAboveBottom = 75;
 constexpr int kBimRadioX = 8;
 constexpr int kPdfRadioX = 100;
@@ -27,6 +31,12 @@ QRect Normal(int left, int top, int right, int bottom) {
     return {left, top, std::max(0, right - left), std::max(0, bottom - top)};
 }
 
+int KeywordWidth(const ConsoleLayoutRequest& request, int left) {
+    const int search = kPhotoGaps[kSearchButton] + request.filters[kSearchButton].width();
+    const int right = request.client.width() - kGridRightGap - search;
+    return std::clamp(right - left, kKeywordLeast, kKeywordMost);
+}
+
 void PlaceFilters(const ConsoleLayoutRequest& request, ConsoleLayout& layout) {
     const bool issues = request.mode == kModeIssue;
     const auto& gaps = issues ? kIssueGaps : kPhotoGaps;
@@ -36,9 +46,10 @@ void PlaceFilters(const ConsoleLayoutRequest& request, ConsoleLayout& layout) {
     for (size_t i = 0; i < kFilterControls; ++i) {
         if (issues && i == kLabelBox)
             continue;
-        const QSize size =
-            issues && i == kProjectBox ? request.projectBox.size() : request.filters[i];
+        QSize size = issues && i == kProjectBox ? request.projectBox.size() : request.filters[i];
         x += gaps[i];
+        if (!issues && i == kKeywordBox)
+            size.setWidth(KeywordWidth(request, x));
         const int centring = issues ? 0 : std::max(0, (kFilterHeightLine - size.height()) / 2);
         layout.filters[i] = QRect(QPoint(x, kTop + centring), size);
         x += size.width();
