@@ -1,5 +1,7 @@
 // The `main` of test programs with windows: without a display unless the caller names a platform.
+#if VESK_HAS_LOOK
 #include "toolkit/Look.h"
+#endif
 
 #include <QApplication>
 #include <gtest/gtest.h>
@@ -8,7 +10,9 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VESK_OFFSCREEN_SCREEN);
     QApplication app(argc, argv);
+#if VESK_HAS_LOOK
     toolkit::ApplyLook(app);
+#endif
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,31 @@
+#include "host/sample/scenes/SceneKinds.h"
+
+namespace host {
+
+Scene BuildScene(SceneKind kind, Dice& dice) {
+    switch (kind) {
+    case SceneKind::Room:
+        return BuildRoom(dice);
+    case SceneKind::Corridor:
+        return BuildCorridor(dice);
+    case SceneKind::Garage:
+        return BuildGarage(dice);
+    case SceneKind::Facade:
+        return BuildFacade(dice);
+    case SceneKind::Rebar:
+        return BuildRebar(dice);
+    case SceneKind::Frame:
+        return BuildFrame(dice);
+    case SceneKind::Defect:
+        return BuildDefect(dice);
+    case SceneKind::Stairs:
+        return BuildStairs(dice);
+    case SceneKind::Pit:
+        return BuildPit(dice);
+    case SceneKind::Pipes:
+        return BuildPipes(dice);
+    }
+    return BuildRoom(dice);
+}
+
+} // namespace host
