@@ -1,0 +1,45 @@
+// BIM photos in the database: reading them for lists and viewers, changing them.
+#pragma once
+
+#include "services/PicRecords.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace host {
+
+class Database;
+
+/// Operations throw DataError; changes are one transaction each. Thread: the database's.
+class BimPhotos final {
+public:
+    explicit BimPhotos(Database& owner) : database(owner) {}
+
+    /// In the order of the ids; ids without a photo are left out.
+    [[nodiscard]] std::vector<KX_DATA::BimPicRow> Rows(const std::vector<qint64>& ids);
+    /// False for an unknown photo of the project.
+    [[nodiscard]] bool Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail);
+    /// Files of BIM and drawing photos, in the order of the ids; unknown ids are left out.
+    [[nodiscard]] std::vector<KX_DATA::PicFileEntry> Files(const std::vector<qint32>& picIds);
+    /// Shown photos only, latest change first.
+    [[nodiscard]] std::vector<KX_DATA::PicFileEntry>
+    FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId);
+
+    /// Counts as a change by nobody: people and times stay.
+    void SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status);
+    /// False for an unknown photo of the project. `person` becomes the updater, `now` the time.
+    bool Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const QString& person,
+                qint64 now);
+
+    /// In use on any photo; marks that the mark table doesn't know are left out.
+    [[nodiscard]] std::vector<KX_DATA::LabelEntry> UsedLabels();
+    [[nodiscard]] std::vector<qint32> UsedMarks();
+
+private:
+    void AddLabels(std::vector<KX_DATA::BimPicRow>& rows);
+
+    Database& database;
+};
+
+} // namespace host

@@ -1,0 +1,172 @@
+#include "host/data/HostSession.h"
+
+#include <QDateTime>
+#include <QDebug>
+
+#include <algorithm>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+HostSession* current = nullptr;
+
+} // namespace
+
+HostSession::HostSession() {
+    current = this;
+}
+
+HostSession::~HostSession() {
+    CloseFolder();
+    if (current == this) {
+        current = nullptr;
+    }
+}
+
+HostSession* HostSession::Current() {
+    return current;
+}
+
+std::optional<OpenFault> HostSession::OpenFolder(const QString& path,
+                                                 const DataFolder::Options& options) {
+    CloseFolder();
+    auto opened = std::make_unique<DataFolder>(path);
+    auto fault = opened->Open(options);
+    if (!fault) {
+        folder = std::move(opened);
+        lists = std::make_unique<ListQuery>(folder->Db());
+    }
+    return fault;
+}
+
+void HostSession::CloseFolder() {
+    CloseProject();
+    user.clear();
+    rights.clear();
+    projectNames.clear();
+    marks.clear();
+    tableStamp = {};
+    lists.reset();
+    folder.reset();
+}
+
+bool HostSession::SignIn(const QString& name) {
+    const std::vector<QString> people = Tables().People();
+    if (std::find(people.begin(), people.end(), name) == people.end()) {
+        return false;
+    }
+    user = name;
+    rights = Tables().RightsOf(name);
+    return true;
+}
+
+bool HostSession::HasRight(qint32 right) const {
+    return std::find(rights.begin(), rights.end(), right) != rights.end();
+}
+
+bool HostSession::OpenProject(qint32 ppid) {
+    const ProjectEntry found = Tables().Project(ppid);
+    if (found.ppid == 0) {
+        return false;
+    }
+    CloseProject();
+    project = found;
+    return true;
+}
+
+bool HostSession::OpenWorkset(qint32 worksetId) {
+    for (const WorksetEntry& entry : Tables().Worksets()) {
+        if (entry.id == worksetId) {
+            CloseProject();
+            workset = entry;
+            project = Tables().Project(entry.ppids.front());
+            return true;
+        }
+    }
+    return false;
+}
+
+void HostSession::CloseProject() {
+    project = {};
+    workset = {};
+    drawing = {};
+    shownPicMarks.clear();
+    shownIssueMarks.clear();
+}
+
+std::vector<ProjectEntry> HostSession::OpenProjects() {
+    std::vector<ProjectEntry> projects;
+    if (IsWorkset()) {
+        for (const qint32 ppid : workset.ppids) {
+            projects.push_back(Tables().Project(ppid));
+        }
+    } else if (project.ppid != 0) {
+        projects.push_back(project);
+    }
+    return projects;
+}
+
+void HostSession::SetMessageSink(MessageSink sink) {
+    const QMutexLocker guard(&lock);
+    messageSink = std::move(sink);
+}
+
+void HostSession::ReportHostMessage(MessageLevel level, const QString& text) {
+    MessageSink sink;
+    {
+        const QMutexLocker guard(&lock);
+        sink = messageSink;
+    }
+    if (sink) {
+        sink(level, text);
+    } else {
+        qWarning().noquote() << text;
+    }
+}
+
+void HostSession::LogAction(const QString& action) {
+    const LoggedAction entry{QDateTime::currentSecsSinceEpoch(), user, project.ppid, action};
+    Tables().LogAction(entry);
+    if (actionSink) {
+        actionSink(entry);
+    }
+}
+
+TransferRules HostSession::Transfers() const {
+    const QMutexLocker guard(&lock);
+    return transfers;
+}
+
+void HostSession::SetTransfers(const TransferRules& rules) {
+    const QMutexLocker guard(&lock);
+    transfers = rules;
+}
+
+void HostSession::RefreshTables() {
+    const Database::Stamp now = folder->Db().ChangeStamp();
+    if (now == tableStamp) {
+        return;
+    }
+    projectNames.clear();
+    for (const ProjectEntry& entry : Tables().Projects()) {
+        projectNames[entry.ppid] = entry.name;
+    }
+    marks = Tables().Marks();
+    tableStamp = now;
+}
+
+QString HostSession::ProjectName(qint32 ppid) {
+    RefreshTables();
+    const auto found = projectNames.find(ppid);
+    return found != projectNames.end() ? found->second : QString();
+}
+
+const std::map<qint32, KX_DATA::MarkRecord>& HostSession::Marks() {
+    RefreshTables();
+    return marks;
+}
+
+} // namespace host

@@ -1,0 +1,122 @@
+// Who works on what in this process: the open data folder, the user, the project, the view.
+#pragma once
+
+#include "host/data/Catalogue.h"
+#include "host/data/DataFolder.h"
+#include "host/data/ListQuery.h"
+#include "services/DrawingRecords.h"
+#include "services/MarkGroups.h"
+
+#include <QMutex>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace KX_DATA {
+class IExProgress;
+class IKXView;
+} // namespace KX_DATA
+
+namespace host {
+
+enum class MessageLevel { kInfo, kWarning, kError };
+
+/// How transfers between store and cache behave; for tests and for trying slow networks.
+struct TransferRules {
+    int blockDelayMs = 0; ///< wait for each block of 256 KiB
+    bool fail = false;    ///< every transfer fails in its middle
+};
+
+/// Made once by the program (or by each test) before any service is asked for; services act on the
+/// living one. Owns the folder; knows no widget. Thread: user interface, except where said.
+class HostSession final {
+public:
+    HostSession();
+    ~HostSession();
+    HostSession(const HostSession&) = delete;
+    HostSession& operator=(const HostSession&) = delete;
+
+    /// The living session, or null.
+    [[nodiscard]] static HostSession* Current();
+
+    /// Opens a data folder; a fault leaves the session without one.
+    [[nodiscard]] std::optional<OpenFault> OpenFolder(const QString& path,
+                                                      const DataFolder::Options& options = {});
+    void CloseFolder();
+    /// Null while none is open, as the two below.
+    [[nodiscard]] DataFolder* Folder() const { return folder.get(); }
+    [[nodiscard]] ListQuery* Lists() const { return lists.get(); }
+    /// Only with an open folder.
+    [[nodiscard]] Catalogue Tables() const { return Catalogue(folder->Db()); }
+
+    /// False for a user whom the database doesn't know.
+    bool SignIn(const QString& name);
+    [[nodiscard]] QString UserName() const { return user; }
+    [[nodiscard]] bool HasRight(qint32 right) const;
+
+    /// Ends an open workset. Clears drawing and ticked marks. False for an unknown project.
+    bool OpenProject(qint32 ppid);
+    /// Its first project becomes the current one. False for an unknown workset.
+    bool OpenWorkset(qint32 worksetId);
+    void CloseProject();
+    /// ppid 0: none is open.
+    [[nodiscard]] const ProjectEntry& CurrentProject() const { return project; }
+    [[nodiscard]] bool IsWorkset() const { return workset.id != 0; }
+    [[nodiscard]] const WorksetEntry& CurrentWorkset() const { return workset; }
+    /// Projects of the workset, else the open one; empty without any.
+    [[nodiscard]] std::vector<ProjectEntry> OpenProjects();
+
+    void SetDrawing(const KX_DATA::CurrentDrawing& current) { drawing = current; }
+    [[nodiscard]] const KX_DATA::CurrentDrawing& Drawing() const { return drawing; }
+    /// What is ticked in the mark panel.
+    KX_DATA::ShownPicMarks shownPicMarks;
+    KX_DATA::ShownIssueMarks shownIssueMarks;
+
+    /// Not owned; null while there is none.
+    KX_DATA::IKXView* view = nullptr;
+    KX_DATA::IExProgress* progress = nullptr;
+    /// Folder of the module's fixed images, with its separator; empty: the folder's work folder.
+    QString imageFolder;
+    bool remindOfIssues = true;
+
+    using MessageSink = std::function<void(MessageLevel, const QString&)>;
+    using ActionSink = std::function<void(const LoggedAction&)>;
+    /// Takes what ReportHostMessage is told, on the reporting thread.
+    void SetMessageSink(MessageSink sink);
+    void SetActionSink(ActionSink sink) { actionSink = std::move(sink); }
+    /// For the person at the client, in Chinese. Thread: any.
+    void ReportHostMessage(MessageLevel level, const QString& text);
+    /// Writes the record of what users did and tells the action sink.
+    void LogAction(const QString& action);
+
+    /// Thread: any.
+    [[nodiscard]] TransferRules Transfers() const;
+    void SetTransfers(const TransferRules& rules);
+
+    /// Project names by id, read once for each change of the data.
+    [[nodiscard]] QString ProjectName(qint32 ppid);
+    [[nodiscard]] const std::map<qint32, KX_DATA::MarkRecord>& Marks();
+
+private:
+    void RefreshTables();
+
+    std::unique_ptr<DataFolder> folder;
+    std::unique_ptr<ListQuery> lists;
+    QString user;
+    std::vector<qint32> rights;
+    ProjectEntry project;
+    WorksetEntry workset;
+    KX_DATA::CurrentDrawing drawing;
+    ActionSink actionSink;
+    Database::Stamp tableStamp;
+    std::map<qint32, QString> projectNames;
+    std::map<qint32, KX_DATA::MarkRecord> marks;
+    mutable QMutex lock; ///< guards messageSink and transfers
+    MessageSink messageSink;
+    TransferRules transfers;
+};
+
+} // namespace host

@@ -1,0 +1,39 @@
+// Which rows a keyword and a label leave, kept until the data change.
+#pragma once
+
+#include "host/data/Database.h"
+#include "host/data/HitSet.h"
+#include "host/data/ListFilter.h"
+
+#include <list>
+#include <memory>
+
+namespace host {
+
+/// Thread: the database's.
+class ListHits final {
+public:
+    explicit ListHits(Database& owner) : database(owner) {}
+
+    struct Hits {
+        HitSet set;
+        qint64 count = 0;
+    };
+    /// Null if the filter has neither keyword nor label. Holds rows of the filter's projects only.
+    [[nodiscard]] std::shared_ptr<Hits> Of(const ListShape& shape, const ListFilter& filter,
+                                           const Database::Stamp& stamp);
+
+private:
+    struct Kept {
+        QString key;
+        Database::Stamp stamp;
+        std::shared_ptr<Hits> hits;
+    };
+    void AddKeyword(const ListShape& shape, const ListFilter& filter, HitSet& set);
+    void AddLabel(const ListShape& shape, const ListFilter& filter, HitSet& set);
+
+    Database& database;
+    std::list<Kept> kept; ///< latest first
+};
+
+} // namespace host
