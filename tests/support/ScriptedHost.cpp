@@ -14,6 +14,7 @@ ScriptedHost::ScriptedHost() : m_before(g_current) {
     g_current = this;
     project.project = KX_DATA::ProjectRecord{u"示例工程"_s, 1};
     global.projects = {{1, u"示例工程"_s}};
+    paths.root = folder.Path();
     global.clientVersion = u"1.0"_s;
     marks.marks = {
         {1, {u"质量"_s, 0x0000FF}}, {2, {u"安全"_s, 0x00FFFF}}, {3, {u"进度"_s, 0x00FF00}}};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/support/Script.h"
+#include "tests/support/TempFolder.h"
 #include "tests/support/services/ScriptedDrawings.h"
 #include "tests/support/services/ScriptedEnvironment.h"
 #include "tests/support/services/ScriptedFiles.h"
@@ -13,8 +14,8 @@ namespace support {
 
 /// The services' factory functions give the objects of the host made last, while it lives.
 ///
-/// Starts with one open project (id 1, "示例工程"), all rights, three marks, the states and no
-/// photo, drawing photo or issue.
+/// Starts with one open project (id 1, "示例工程"), all rights, three marks, the states, no
+/// photo, drawing photo or issue, and a folder of its own, which goes with it.
 class ScriptedHost {
 public:
     ScriptedHost();
@@ -26,6 +27,7 @@ public:
     [[nodiscard]] static ScriptedHost& Current();
 
     Script script;
+    TempFolder folder; ///< below it are all folders of the client
     ScriptedVeskPicMng pics{script};
     ScriptedTNQuestionMng questions{script};
     ScriptedPDFDrawingMng drawings{script};

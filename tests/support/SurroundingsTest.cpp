@@ -90,9 +90,7 @@ TEST(ScriptedFiles, AStoredFileArrivesAndAnUnknownOneFails) {
 
 TEST(ScriptedPaths, FoldersEndWithTheirSeparatorAndExist) {
     support::ScriptedHost host;
-    const support::TempFolder root;
-    host.paths.root = root.Path();
     QString folder;
-    EXPECT_EQ(host.paths.GetPicFolder(folder, 1, u"示例工程"_s), root.Path() + u"/1/pics/"_s);
+    EXPECT_EQ(host.paths.GetPicFolder(folder, 1, u"示例工程"_s), host.folder.Path(u"1/pics/"_s));
     EXPECT_TRUE(QFileInfo(folder).isDir());
 }

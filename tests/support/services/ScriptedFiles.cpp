@@ -12,7 +12,7 @@ namespace support {
 const QString& ScriptedPaths::Fill(const std::string& operation, QString& folder,
                                    const QString& name) {
     folder.clear();
-    if (m_script.Call(operation) && !root.isEmpty()) {
+    if (m_script.Call(operation)) {
         folder = root + u'/' + name + u'/';
         QDir().mkpath(folder);
     }

@@ -21,7 +21,7 @@ class ScriptedPaths final : public KX_DATA::IKXPathMng,
 public:
     explicit ScriptedPaths(Script& script) : m_script(script) {}
 
-    QString root; ///< without it all folders are empty texts
+    QString root;
 
     const QString& GetPicFolder(QString& folder, qint32 ppid, const QString& name) override;
     const QString& GetThumbFolder(QString& folder, qint32 ppid, const QString& name) override;
