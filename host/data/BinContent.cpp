@@ -39,7 +39,7 @@ bool IsComputed(const QString& column) {
     return column == u"modifier"_s || column == u"modified"_s;
 }
 
-QJsonObject RowOf(const Statement& statement) {
+QJsonObject BinRowOf(const Statement& statement) {
     QJsonObject row;
     const QSqlRecord record = statement.Query().record();
     for (int i = 0; i < record.count(); ++i) {
@@ -54,7 +54,7 @@ QJsonArray RowsOf(Database& database, const QString& table, const QString& colum
                   const QVariant& key) {
     QJsonArray rows;
     database.ForEach(u"SELECT * FROM %1 WHERE %2 = ?"_s.arg(table, column), {key},
-                     [&](const Statement& statement) { rows.append(RowOf(statement)); });
+                     [&](const Statement& statement) { rows.append(BinRowOf(statement)); });
     return rows;
 }
 

@@ -17,7 +17,7 @@ std::vector<QString> Settings() {
     };
 }
 
-std::vector<QString> Catalogue() {
+std::vector<QString> CatalogueTables() {
     return {
         u"CREATE TABLE project (ppid INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE,"
         " major INTEGER NOT NULL)"_s,
@@ -52,7 +52,7 @@ std::vector<QString> Catalogue() {
     };
 }
 
-std::vector<QString> Files() {
+std::vector<QString> FilesTables() {
     return {
         u"CREATE TABLE file (uuid TEXT PRIMARY KEY, md5 TEXT NOT NULL, size INTEGER NOT NULL,"
         " kind INTEGER NOT NULL, ppid INTEGER NOT NULL, owner INTEGER NOT NULL) WITHOUT ROWID"_s,
@@ -128,7 +128,7 @@ QString SearchTable(const QString& name, const QString& columns) {
         .arg(name, columns);
 }
 
-std::vector<QString> BimPhotos() {
+std::vector<QString> BimPhotosTables() {
     std::vector<QString> statements{
         u"CREATE TABLE bim_photo (id INTEGER PRIMARY KEY AUTOINCREMENT, ppid INTEGER NOT NULL"
         " REFERENCES project(ppid), name TEXT NOT NULL, description TEXT NOT NULL,"
@@ -158,7 +158,7 @@ std::vector<QString> BimPhotos() {
 }
 
 // Mark, drawing and number are those of the checkpoint, kept here for the orders of the console.
-std::vector<QString> PdfPhotos() {
+std::vector<QString> PdfPhotosTables() {
     std::vector<QString> statements{
         u"CREATE TABLE pdf_photo (id INTEGER PRIMARY KEY AUTOINCREMENT, ppid INTEGER NOT NULL"
         " REFERENCES project(ppid), checkpoint_id INTEGER NOT NULL REFERENCES checkpoint(id),"
@@ -187,7 +187,7 @@ std::vector<QString> PdfPhotos() {
     return statements;
 }
 
-std::vector<QString> Issues() {
+std::vector<QString> IssuesTables() {
     std::vector<QString> statements{
         u"CREATE TABLE issue (id INTEGER PRIMARY KEY AUTOINCREMENT, question_id TEXT NOT NULL"
         " UNIQUE, ppid INTEGER NOT NULL REFERENCES project(ppid), theme TEXT NOT NULL,"
@@ -225,7 +225,8 @@ std::vector<QString> Issues() {
 
 std::vector<std::vector<QString>> SchemaSteps() {
     std::vector<QString> first = Settings();
-    for (const auto& part : {Catalogue(), Files(), BimPhotos(), PdfPhotos(), Issues()}) {
+    for (const auto& part :
+         {CatalogueTables(), FilesTables(), BimPhotosTables(), PdfPhotosTables(), IssuesTables()}) {
         first.insert(first.end(), part.begin(), part.end());
     }
     return {first};

@@ -28,8 +28,8 @@ namespace {
 
 /// A fixed number in [0, 1) for a cell of a pattern.
 [[nodiscard]] float CellValue(float column, float row) {
-    const auto mix = static_cast<quint32>(static_cast<qint32>(column) * 73856093) ^
-                     static_cast<quint32>(static_cast<qint32>(row) * 19349663);
+    const auto mix = static_cast<quint32>(static_cast<qint32>(column)) * 73856093U ^
+                     static_cast<quint32>(static_cast<qint32>(row)) * 19349663U;
     return static_cast<float>((mix * 2654435761U) >> 16) / 65536.0F;
 }
 
