@@ -84,6 +84,8 @@ void CVeskPicMngDlg::InitControls() {
     ResetMarkBox();
     ResetLabelBox();
     InitPaging();
+    for (size_t i = 0; i < kFilterControls; ++i)
+        m_filterSizes[i] = m_controls->Filters()[i]->size();
     const QWidget& box = *m_controls->projectCombo;
     // The left edge stays a position on the screen; required as is.
     m_projectComboRect = QRect(box.mapToGlobal(QPoint(0, 0)), box.size());
@@ -224,8 +226,7 @@ void CVeskPicMngDlg::ApplyLayout() {
     ConsoleLayoutRequest request;
     request.client = Widget()->size();
     request.mode = m_mode;
-    for (size_t i = 0; i < filters.size(); ++i)
-        request.filters[i] = filters[i]->size();
+    request.filters = m_filterSizes;
     request.projectBox = m_projectComboRect;
     request.radio = m_controls->bimRadio->size();
     request.action = m_controls->downloadButton->size();

@@ -12,9 +12,11 @@ constexpr int kFilterHeightLine = 24;
 constexpr std::array<int, kFilterControls> kPhotoGaps = {0, 4, 4, 4, 8, 4, 4, 4, 8, 4};
 constexpr std::array<int, kFilterControls> kIssueGaps = {0, 3, 0, 3, 3, 3, 1, 1, 3, 3};
 
-/// The keyword box takes what the line leaves, within these limits; for issues it keeps its size.
-constexpr int kKeywordLeast = 180;
+/// The keyword box takes what the line leaves, within these limits; the lists give way to it on a
+/// narrow screen. For issues all controls keep their sizes.
+constexpr int kKeywordLeast = 120;
 constexpr int kKeywordMost = 420;
+constexpr int kListLeast = 80;
 
 constexpr int kRadioAboveBottom = 75;
 constexpr int kBimRadioX = 8;
@@ -31,28 +33,46 @@ QRect Normal(int left, int top, int right, int bottom) {
     return {left, top, std::max(0, right - left), std::max(0, bottom - top)};
 }
 
-int KeywordWidth(const ConsoleLayoutRequest& request, int left) {
-    const int search = kPhotoGaps[kSearchButton] + request.filters[kSearchButton].width();
-    const int right = request.client.width() - kGridRightGap - search;
-    return std::clamp(right - left, kKeywordLeast, kKeywordMost);
+using FilterSizes = std::array<QSize, kFilterControls>;
+
+/// Sizes of the photos' filter line, fitted to the width of the client area.
+FilterSizes FittedSizes(const ConsoleLayoutRequest& request) {
+    FilterSizes sizes = request.filters;
+    int spare = request.client.width() - kLeftEdge - kGridRightGap;
+    for (size_t i = 0; i < kFilterControls; ++i)
+        spare -= kPhotoGaps[i] + (i == kKeywordBox ? 0 : sizes[i].width());
+    for (const size_t list : {kProjectBox, kMarkBox, kLabelBox, kStatusBox}) {
+        const int missing = std::max(0, kKeywordLeast - spare);
+        const int given = std::min(missing, std::max(0, sizes[list].width() - kListLeast));
+        sizes[list].rwidth() -= given;
+        spare += given;
+    }
+    sizes[kKeywordBox].setWidth(std::clamp(spare, kKeywordLeast, kKeywordMost));
+    return sizes;
 }
 
-void PlaceFilters(const ConsoleLayoutRequest& request, ConsoleLayout& layout) {
-    const bool issues = request.mode == kModeIssue;
-    const auto& gaps = issues ? kIssueGaps : kPhotoGaps;
-    // For issues the project box keeps the screen position that it had at creation as its left
-    // edge; required as is.
-    int x = issues ? request.projectBox.left() : kLeftEdge;
+void PlacePhotoFilters(const ConsoleLayoutRequest& request, ConsoleLayout& layout) {
+    const FilterSizes sizes = FittedSizes(request);
+    int x = kLeftEdge;
     for (size_t i = 0; i < kFilterControls; ++i) {
-        if (issues && i == kLabelBox)
+        x += kPhotoGaps[i];
+        const int centring = std::max(0, (kFilterHeightLine - sizes[i].height()) / 2);
+        layout.filters[i] = QRect(QPoint(x, kTop + centring), sizes[i]);
+        x += sizes[i].width();
+    }
+}
+
+void PlaceIssueFilters(const ConsoleLayoutRequest& request, ConsoleLayout& layout) {
+    // The project box keeps the screen position that it had at creation as its left edge; required
+    // as is.
+    layout.filters[kProjectBox] = request.projectBox;
+    int x = request.projectBox.left() + request.projectBox.width();
+    for (size_t i = kMarkBox; i < kFilterControls; ++i) {
+        if (i == kLabelBox)
             continue;
-        QSize size = issues && i == kProjectBox ? request.projectBox.size() : request.filters[i];
-        x += gaps[i];
-        if (!issues && i == kKeywordBox)
-            size.setWidth(KeywordWidth(request, x));
-        const int centring = issues ? 0 : std::max(0, (kFilterHeightLine - size.height()) / 2);
-        layout.filters[i] = QRect(QPoint(x, kTop + centring), size);
-        x += size.width();
+        x += kIssueGaps[i];
+        layout.filters[i] = QRect(QPoint(x, kTop), request.filters[i]);
+        x += request.filters[i].width();
     }
 }
 
@@ -73,7 +93,10 @@ ConsoleLayout LayoutConsole(const ConsoleLayoutRequest& request) {
     ConsoleLayout layout;
     const int right = request.client.width();
     const int bottom = request.client.height();
-    PlaceFilters(request, layout);
+    if (request.mode == kModeIssue)
+        PlaceIssueFilters(request, layout);
+    else
+        PlacePhotoFilters(request, layout);
     layout.bimRadio = QRect(QPoint(kBimRadioX, bottom - kRadioAboveBottom), request.radio);
     layout.pdfRadio = QRect(QPoint(kPdfRadioX, bottom - kRadioAboveBottom), request.radio);
     PlaceActions(request, layout);

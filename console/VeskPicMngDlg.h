@@ -123,5 +123,6 @@ private:
     qint64 m_savedStart = 0;
     qint64 m_savedEnd = 0;
     QRect m_projectComboRect;
+    std::array<QSize, kFilterControls> m_filterSizes; ///< as the controls were made
     std::map<QString, std::vector<qint32>> m_projectMap;
 };
