@@ -17,7 +17,7 @@ namespace toolkit {
 namespace {
 
 constexpr int kArrowHeight = 8;
-constexpr int kArrowHalfWidth = 7;
+constexpr int kArrowHalfWidth = 9;
 constexpr int kBalloonPadding = 9;
 constexpr int kWidestText = 320;
 constexpr int kLifetime = 5000;
@@ -110,7 +110,8 @@ QRect BalloonTip::Body() const {
 
 QPainterPath BalloonTip::Outline(qreal inset) const {
     const QRectF body = QRectF(Body()).adjusted(inset, inset, -inset, -inset);
-    const qreal edge = m_arrowUp ? body.top() : body.bottom();
+    // Its foot lies inside the frame, so that the two become one outline.
+    const qreal edge = m_arrowUp ? body.top() + 2 : body.bottom() - 2;
     const qreal point = m_arrowUp ? inset : height() - inset;
     QPainterPath frame;
     frame.addRoundedRect(body, 4, 4);

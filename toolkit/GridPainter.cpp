@@ -10,8 +10,6 @@
 
 #include <algorithm>
 
-using namespace Qt::StringLiterals;
-
 namespace toolkit {
 
 namespace {
@@ -22,17 +20,12 @@ int GridSwatchWidth() {
     return SwatchSize().width() + kSwatchGap;
 }
 
-QString GridLineText(const QString& text) {
-    if (!text.contains(u'\n') && !text.contains(u'\r'))
-        return text;
-    return QString(text).replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ');
-}
-
-GridPainter::GridPainter(QPainter& painter, const QWidget& view,
+GridPainter::GridPainter(QPainter& painter, const QWidget& view, GridTextCache& texts,
                          std::vector<GridColumnPlace> columns, const GridPaintState& state)
-    : m_painter(painter), m_view(view), m_metrics(view.fontMetrics()),
+    : m_painter(painter), m_view(view), m_texts(texts), m_lineHeight(view.fontMetrics().height()),
       m_columns(std::move(columns)), m_state(state) {
     m_painter.setFont(view.font());
+    m_texts.SetFont(view.font());
 }
 
 void GridPainter::PaintRow(const CGridRow& row, const QRect& area) {
@@ -57,6 +50,11 @@ void GridPainter::PaintRow(const CGridRow& row, const QRect& area) {
             m_painter.setPen(Colors::GridLine());
         }
     }
+}
+
+void GridPainter::PaintFocusFrame(const QRect& area) {
+    m_painter.setPen(Colors::TextAccent());
+    m_painter.drawRect(area.adjusted(0, 0, -1, -1));
 }
 
 void GridPainter::PaintEmptyText(const QRect& area, const QString& text) {
@@ -87,20 +85,13 @@ void GridPainter::PaintCell(const CGridItem& item, const QRect& cell, const Grid
 void GridPainter::PaintText(const QString& text, const QRect& area, Qt::Alignment align) {
     if (text.isEmpty() || area.width() <= 0)
         return;
-    const QString line = GridLineText(text);
-    int width = m_metrics.horizontalAdvance(line);
-    QString shown = line;
-    if (width > area.width()) {
-        shown = m_metrics.elidedText(line, Qt::ElideRight, area.width());
-        width = m_metrics.horizontalAdvance(shown);
-    }
+    const GridLine& line = m_texts.Line(text, area.width());
     int left = area.left();
     if (align & Qt::AlignHCenter)
-        left += std::max((area.width() - width) / 2, 0);
+        left += std::max((area.width() - line.width) / 2, 0);
     else if (align & Qt::AlignRight)
-        left += std::max(area.width() - width, 0);
-    const int top = area.top() + (area.height() - m_metrics.height()) / 2;
-    m_painter.drawText(left, top + m_metrics.ascent(), shown);
+        left += std::max(area.width() - line.width, 0);
+    m_painter.drawStaticText(left, area.top() + (area.height() - m_lineHeight) / 2, line.text);
 }
 
 void GridPainter::PaintCheckBox(const CGridItem& item, const QRect& cell) {

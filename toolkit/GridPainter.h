@@ -1,9 +1,9 @@
 // Paints the rows of a grid.
 #pragma once
 
+#include "toolkit/GridTextCache.h"
 #include "toolkit/GridView.h"
 
-#include <QFontMetrics>
 #include <QRect>
 #include <QString>
 
@@ -38,10 +38,12 @@ inline constexpr int kGridCellPadding = 4;
 /// Paints rows over their whole width: background, cells, lines. One object per paint event.
 class GridPainter final {
 public:
-    GridPainter(QPainter& painter, const QWidget& view, std::vector<GridColumnPlace> columns,
-                const GridPaintState& state);
+    GridPainter(QPainter& painter, const QWidget& view, GridTextCache& texts,
+                std::vector<GridColumnPlace> columns, const GridPaintState& state);
 
     void PaintRow(const CGridRow& row, const QRect& area);
+    /// For a view that has the keyboard but no current row.
+    void PaintFocusFrame(const QRect& area);
     void PaintEmptyText(const QRect& area, const QString& text);
 
 private:
@@ -53,14 +55,13 @@ private:
 
     QPainter& m_painter;
     const QWidget& m_view;
-    QFontMetrics m_metrics;
+    GridTextCache& m_texts;
+    int m_lineHeight;
     std::vector<GridColumnPlace> m_columns;
     GridPaintState m_state;
 };
 
 /// Width of a colour item's swatch with the gap behind it, device-independent pixels.
 [[nodiscard]] int GridSwatchWidth();
-/// A cell's text in one line: line breaks become blanks.
-[[nodiscard]] QString GridLineText(const QString& text);
 
 } // namespace toolkit

@@ -200,7 +200,7 @@ void GridView::paintEvent(QPaintEvent* event) {
     }
     const GridPaintState state{m_hover, m_pressed, hasFocus() ? CurrentCell() : GridCell{},
                                m_grid->m_curSel};
-    GridPainter rows(painter, *this, std::move(columns), state);
+    GridPainter rows(painter, *this, m_texts, std::move(columns), state);
     if (m_grid->GetRowCount() == 0)
         rows.PaintEmptyText(viewport()->rect(), m_grid->m_emptyText);
     const int first = std::max(rowAt(std::max(event->rect().top(), 0)), 0);
@@ -210,6 +210,8 @@ void GridView::paintEvent(QPaintEvent* event) {
             break;
         rows.PaintRow(*m_grid->GetRow(row), area);
     }
+    if (hasFocus() && !currentIndex().isValid())
+        rows.PaintFocusFrame(viewport()->rect());
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {

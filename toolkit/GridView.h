@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/GridModel.h"
+#include "toolkit/GridTextCache.h"
 
 #include <QPointer>
 #include <QTableView>
@@ -90,6 +91,7 @@ private:
     CMultiPageGrid* m_grid;
     GridModel* m_model;
     GridHeader* m_header;
+    GridTextCache m_texts;
     QPointer<QMenu> m_menu;
     GridCell m_hover;
     GridCell m_pressed;

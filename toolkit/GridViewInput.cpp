@@ -84,9 +84,9 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
     const GridCell cell = CellAt(event->position().toPoint());
     const CGridItem* item = ItemAt(cell);
     const bool active = IsButton(cell) && item->IsEnabled();
-    SetHover(active && event->buttons() == Qt::NoButton ? cell
-             : m_hover == cell                          ? cell
-                                                        : GridCell{});
+    // With the button held, only the cell where it went down answers.
+    const bool mine = event->buttons() == Qt::NoButton || cell == m_pressed;
+    SetHover(active && mine ? cell : GridCell{});
 }
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {

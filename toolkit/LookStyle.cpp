@@ -4,8 +4,11 @@
 #include "toolkit/Look.h"
 
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOption>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -48,6 +51,24 @@ void DrawFocusFrame(const QStyleOption& option, QPainter& painter) {
     painter.restore();
 }
 
+bool HasKeyboard(const QStyleOption& option) {
+    return option.state.testFlag(QStyle::State_HasFocus) &&
+           option.state.testFlag(QStyle::State_Enabled);
+}
+
+/// The default button is tinted: Fusion's own mark is too faint for this palette.
+QStyleOptionButton ButtonPanel(const QStyleOption& option) {
+    QStyleOptionButton panel;
+    if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option))
+        panel = *button;
+    else
+        panel.QStyleOption::operator=(option);
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    if (enabled && panel.features.testFlag(QStyleOptionButton::DefaultButton))
+        panel.palette.setColor(QPalette::Button, QColor(0xCF, 0xEA, 0xF7));
+    return panel;
+}
+
 } // namespace
 
 LookStyle::LookStyle() : QProxyStyle(QStyleFactory::create(u"Fusion"_s)) {}
@@ -59,8 +80,26 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
     case PE_IndicatorItemViewItemCheck:
         DrawCheckBox(*option, *painter);
         return;
-    case PE_FrameFocusRect:
-        DrawFocusFrame(*option, *painter);
+    case PE_FrameFocusRect: {
+        // Buttons show it around themselves, lists by the selection.
+        const bool isButton = qobject_cast<const QPushButton*>(widget) != nullptr;
+        const bool isSelected =
+            option->state.testFlag(State_Item) && option->state.testFlag(State_Selected);
+        if (!isButton && !isSelected)
+            DrawFocusFrame(*option, *painter);
+        return;
+    }
+    case PE_PanelButtonCommand: {
+        const QStyleOptionButton panel = ButtonPanel(*option);
+        QProxyStyle::drawPrimitive(element, &panel, painter, widget);
+        if (HasKeyboard(*option))
+            DrawFocusFrame(*option, *painter);
+        return;
+    }
+    case PE_FrameLineEdit:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (HasKeyboard(*option))
+            DrawFocusFrame(*option, *painter);
         return;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -77,6 +116,26 @@ void LookStyle::drawControl(ControlElement element, const QStyleOption* option, 
     default:
         QProxyStyle::drawControl(element, option, painter, widget);
     }
+}
+
+void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    if ((control == CC_ComboBox || control == CC_SpinBox) && HasKeyboard(*option))
+        DrawFocusFrame(*option, *painter);
+}
+
+QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                                  const QWidget* widget) const {
+    QSize result = QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type == CT_ItemViewItem) {
+        // The same line height in every list.
+        constexpr int kLinePadding = 8;
+        const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
+        if (item != nullptr)
+            result.setHeight(std::max(result.height(), item->fontMetrics.height() + kLinePadding));
+    }
+    return result;
 }
 
 int LookStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
