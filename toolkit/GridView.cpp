@@ -24,7 +24,10 @@ GridView::GridView(CMultiPageGrid& grid, QWidget* parent)
     setObjectName(u"grid"_s);
     setAccessibleName(u"列表"_s);
     setHorizontalHeader(m_header);
+    // A new model starts without a current row; the grid's selection outlasts that.
+    const int selected = grid.m_curSel;
     setModel(m_model);
+    grid.m_curSel = selected;
     ConnectHeader();
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);

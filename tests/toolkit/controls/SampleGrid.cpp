@@ -59,8 +59,7 @@ void SampleGrid::OnHeaderClick(int column) {
 }
 
 bool SampleGrid::CompareRows(const CGridRow& first, const CGridRow& second) const {
-    return first.GetItem(kNumber)->GetValue().toInt() >
-           second.GetItem(kNumber)->GetValue().toInt();
+    return first.GetItem(kNumber)->GetValue().toInt() > second.GetItem(kNumber)->GetValue().toInt();
 }
 
 void SampleGrid::OnQueryPage() {
