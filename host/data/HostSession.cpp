@@ -4,6 +4,7 @@
 #include <QDebug>
 
 #include <algorithm>
+#include <atomic>
 
 namespace host {
 
@@ -11,7 +12,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-HostSession* current = nullptr;
+constexpr int kTransferWorkers = 2;
+
+std::atomic<HostSession*> current{nullptr};
 
 } // namespace
 
@@ -21,9 +24,8 @@ HostSession::HostSession() {
 
 HostSession::~HostSession() {
     CloseFolder();
-    if (current == this) {
-        current = nullptr;
-    }
+    HostSession* self = this;
+    current.compare_exchange_strong(self, nullptr);
 }
 
 HostSession* HostSession::Current() {
@@ -38,11 +40,14 @@ std::optional<OpenFault> HostSession::OpenFolder(const QString& path,
     if (!fault) {
         folder = std::move(opened);
         lists = std::make_unique<ListQuery>(folder->Db());
+        const QMutexLocker guard(&lock);
+        dataPath = folder->Path();
     }
     return fault;
 }
 
 void HostSession::CloseFolder() {
+    workers.waitForDone();
     CloseProject();
     user.clear();
     rights.clear();
@@ -51,6 +56,8 @@ void HostSession::CloseFolder() {
     tableStamp = {};
     lists.reset();
     folder.reset();
+    const QMutexLocker guard(&lock);
+    dataPath.clear();
 }
 
 bool HostSession::SignIn(const QString& name) {
@@ -133,6 +140,11 @@ void HostSession::LogAction(const QString& action) {
     if (actionSink) {
         actionSink(entry);
     }
+}
+
+QString HostSession::DataPath() const {
+    const QMutexLocker guard(&lock);
+    return dataPath;
 }
 
 TransferRules HostSession::Transfers() const {

@@ -4,10 +4,12 @@
 #include "host/data/Catalogue.h"
 #include "host/data/DataFolder.h"
 #include "host/data/ListQuery.h"
+#include "host/data/Transfer.h"
 #include "services/DrawingRecords.h"
 #include "services/MarkGroups.h"
 
 #include <QMutex>
+#include <QThreadPool>
 
 #include <functional>
 #include <map>
@@ -23,12 +25,6 @@ class IKXView;
 namespace host {
 
 enum class MessageLevel { kInfo, kWarning, kError };
-
-/// How transfers between store and cache behave; for tests and for trying slow networks.
-struct TransferRules {
-    int blockDelayMs = 0; ///< wait for each block of 256 KiB
-    bool fail = false;    ///< every transfer fails in its middle
-};
 
 /// Made once by the program (or by each test) before any service is asked for; services act on the
 /// living one. Owns the folder; knows no widget. Thread: user interface, except where said.
@@ -92,9 +88,12 @@ public:
     /// Writes the record of what users did and tells the action sink.
     void LogAction(const QString& action);
 
-    /// Thread: any.
+    /// Path of the open folder, empty without one. Thread: any, as the two below.
+    [[nodiscard]] QString DataPath() const;
     [[nodiscard]] TransferRules Transfers() const;
     void SetTransfers(const TransferRules& rules);
+    /// Runs transfers; they have ended before the folder is closed.
+    [[nodiscard]] QThreadPool& Workers() { return workers; }
 
     /// Project names by id, read once for each change of the data.
     [[nodiscard]] QString ProjectName(qint32 ppid);
@@ -114,9 +113,11 @@ private:
     Database::Stamp tableStamp;
     std::map<qint32, QString> projectNames;
     std::map<qint32, KX_DATA::MarkRecord> marks;
-    mutable QMutex lock; ///< guards messageSink and transfers
+    mutable QMutex lock; ///< guards the three below
+    QString dataPath;
     MessageSink messageSink;
     TransferRules transfers;
+    QThreadPool workers;
 };
 
 } // namespace host

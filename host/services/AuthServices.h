@@ -1,0 +1,27 @@
+// Who is signed in, and what they may do.
+#pragma once
+
+#include "services/IKXAuthMng.h"
+#include "services/IRichEditorAuth.h"
+
+namespace host {
+
+class AuthMng final : public KX_DATA::IKXAuthMng {
+public:
+    void GetUserName(std::string& name) override;
+    bool HasRight(qint32 right) override;
+};
+
+class ActingUser final : public KX_DATA::INRQAuthMng {
+public:
+    KX_DATA::LoginInfo GetLoginInfo() override;
+};
+
+/// Rich text isn't built yet: viewers come without its pane.
+class RichEditorAuth final : public KX_DATA::IRichEditorAuth {
+public:
+    bool IsRichTextEnabled() override { return false; }
+    bool IsRichTextReadOnly() override { return true; }
+};
+
+} // namespace host

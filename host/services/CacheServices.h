@@ -1,0 +1,53 @@
+// The open project, its drawing, the ticked marks, the table of marks, the view.
+#pragma once
+
+#include "services/IKXLocalCacheData.h"
+#include "services/IKXView.h"
+#include "services/IProjCacheMng.h"
+
+namespace host {
+
+/// All over the session. Thread: user interface.
+class ProjCacheHandle final : public KX_DATA::IProjCacheHandle {
+public:
+    const KX_DATA::ProjectRecord* GetProjectRecord() override;
+    void GetCurrentDrawing(KX_DATA::CurrentDrawing& drawing) override;
+    qint32 GetProjectMajor() override;
+
+private:
+    KX_DATA::ProjectRecord record;
+};
+
+class ProjModelHandle final : public KX_DATA::IProjModelHandle {
+public:
+    const KX_DATA::ShownPicMarks& GetShownPicMarks() override;
+    const KX_DATA::ShownIssueMarks& GetShownIssueMarks() override;
+
+private:
+    KX_DATA::ShownPicMarks noPicMarks;
+    KX_DATA::ShownIssueMarks noIssueMarks;
+};
+
+/// Both handles exist with or without an open project.
+class ProjCacheMng final : public KX_DATA::IProjCacheMng {
+public:
+    KX_DATA::IProjCacheHandle* GetCurrentProject() override { return &project; }
+    KX_DATA::IProjModelHandle* GetCurrentModel() override { return &model; }
+
+private:
+    ProjCacheHandle project;
+    ProjModelHandle model;
+};
+
+class LocalCacheData final : public KX_DATA::IKXLocalCacheData {
+public:
+    bool GetMarkTable(std::map<qint32, KX_DATA::MarkRecord>& table) override;
+    bool GetMarkInfo(qint32 markId, KX_DATA::MarkRecord& record) override;
+};
+
+class HoopsModuleMng final : public KX_DATA::IKXHoopsModuleMng {
+public:
+    KX_DATA::IKXView* GetView() override;
+};
+
+} // namespace host

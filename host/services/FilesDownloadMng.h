@@ -1,0 +1,15 @@
+// Fetching one stored file into the cache.
+#pragma once
+
+#include "services/IKXFilesMng.h"
+
+namespace host {
+
+/// A failure is told in the client's message bar as well. Thread: any.
+class FilesDownloadMng final : public KX_DATA::IKXFilesDownloadMng {
+public:
+    void DownloadFile(KX_DATA::TransferResult& result, const QString& uuid,
+                      const QString& localPath, qint32 kind, bool flag, qint32 value) override;
+};
+
+} // namespace host

@@ -1,0 +1,15 @@
+// Taking files into the store.
+#pragma once
+
+#include "services/IKXFilesMng.h"
+
+namespace host {
+
+/// One file at a time, as its callers do. Thread: any.
+class FilesUploadMng final : public KX_DATA::IKXFilesUploadMng {
+public:
+    bool UploadFile(const std::vector<KX_DATA::UploadItem>& items, qint32 count,
+                    KX_DATA::UploadResult& result, QString& errorText) override;
+};
+
+} // namespace host

@@ -1,0 +1,54 @@
+#include "host/services/GlobalData.h"
+
+#include "host/services/PicPanelTree.h"
+#include "host/services/ServiceGuard.h"
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+void GlobalData::GetClientVersionText(QString& text) {
+    text = u"1.0"_s;
+}
+
+void GlobalData::GetGroupName(QString& name, qint32 groupId) {
+    name = GroupNameOf(groupId);
+}
+
+bool GlobalData::IsTNReminderEnabled() {
+    const HostSession* session = HostSession::Current();
+    return session != nullptr && session->remindOfIssues;
+}
+
+bool GlobalData::IsWorksetMode() {
+    const HostSession* session = HostSession::Current();
+    return session != nullptr && session->IsWorkset();
+}
+
+void GlobalData::GetOpenProjectIds(std::vector<qint32>& ids) {
+    ids.clear();
+    Guarded(u"读取工程"_s, false, [&](HostSession& session) {
+        for (const ProjectEntry& project : session.OpenProjects()) {
+            ids.push_back(project.ppid);
+        }
+        return true;
+    });
+}
+
+void GlobalData::GetWorksetProjects(std::vector<KX_DATA::WorksetProject>& projects) {
+    projects.clear();
+    Guarded(u"读取工程"_s, false, [&](HostSession& session) {
+        for (const ProjectEntry& project : session.OpenProjects()) {
+            projects.push_back({project.ppid, project.name});
+        }
+        return true;
+    });
+}
+
+const QString& GlobalData::GetProjectName(QString& name, qint32 ppid) {
+    name = Guarded(u"读取工程"_s, QString(),
+                   [&](HostSession& session) { return session.ProjectName(ppid); });
+    return name;
+}
+
+} // namespace host

@@ -1,0 +1,88 @@
+#include "host/services/ListFilters.h"
+
+#include "host/data/RectifyStates.h"
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// What the filters of all three lists have in common.
+template <typename Filter> ListFilter CommonFilterOf(const Filter& filter) {
+    ListFilter result;
+    result.ppids = filter.projectIds;
+    result.keyword = filter.keyword;
+    if (filter.markId != 0) {
+        result.markId = filter.markId;
+    }
+    if (!filter.noDateLimit) {
+        result.modified = {filter.startTime, filter.endTime};
+    }
+    if (!filter.status.isEmpty() && filter.status != StateNames().front()) {
+        result.state = StateFromName(filter.status);
+        result.nothing = result.state == kStateUnknown;
+    }
+    return result;
+}
+
+void AddLabel(const QString& labelId, ListFilter& filter) {
+    if (!labelId.isEmpty()) {
+        bool isNumber = false;
+        filter.labelId = labelId.toInt(&isNumber);
+        filter.nothing = filter.nothing || !isNumber;
+    }
+}
+
+} // namespace
+
+ListFilter BimFilterOf(const KX_DATA::PicQueryFilter& filter) {
+    ListFilter result = CommonFilterOf(filter);
+    AddLabel(filter.labelId, result);
+    if (!filter.presetKey.isEmpty()) {
+        result.fixed = {{u"position_key"_s, filter.presetKey}};
+        result.fixedIndex = u"bim_by_key"_s;
+    }
+    return result;
+}
+
+ListFilter IssueFilterOf(const KX_DATA::PicQueryFilter& filter) {
+    ListFilter result = CommonFilterOf(filter);
+    if (!filter.presetKey.isEmpty()) {
+        result.fixed = {{u"floor"_s, filter.presetKey}};
+        result.fixedIndex = u"issue_of_floor"_s;
+        if (!filter.presetExtra.isEmpty()) {
+            result.fixed.emplace_back(u"component_handle"_s, filter.presetExtra);
+        }
+    }
+    return result;
+}
+
+ListFilter PdfFilterOf(const KX_DATA::PdfQueryFilter& filter) {
+    constexpr qint32 kNoLimit = -1;
+    ListFilter result = CommonFilterOf(filter);
+    AddLabel(filter.labelId, result);
+    if (filter.drawingId != kNoLimit) {
+        result.fixed.emplace_back(u"drawing_id"_s, filter.drawingId);
+        result.fixedIndex = u"pdf_of_drawing"_s;
+    }
+    if (filter.checkpointId != kNoLimit) {
+        result.fixed.emplace_back(u"checkpoint_id"_s, filter.checkpointId);
+        result.fixedIndex = u"pdf_of_checkpoint"_s;
+    }
+    return result;
+}
+
+ListOrder OrderOf(const KX_DATA::PageRequest& request) {
+    return {request.sortField, request.sortOrder == u"desc"_s};
+}
+
+KX_DATA::PageResult ResultOf(const ListPage& page, const KX_DATA::PageRequest& request) {
+    KX_DATA::PageResult result;
+    const qint64 size = request.pageSize;
+    result.totalCount = static_cast<qint32>(page.total);
+    result.pageCount = size > 0 ? static_cast<qint32>((page.total + size - 1) / size) : 0;
+    return result;
+}
+
+} // namespace host

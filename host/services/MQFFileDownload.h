@@ -1,0 +1,41 @@
+// Fetching stored files in the background.
+#pragma once
+
+#include "host/data/Transfer.h"
+#include "services/IKXFilesMng.h"
+
+#include <QHash>
+#include <QMutex>
+
+#include <functional>
+
+namespace host {
+
+/// Each task runs on a worker of the session and is forgotten when its end has been read.
+/// Thread: any.
+class MQFFileDownload final : public KX_DATA::IMQFFileDownload {
+public:
+    void StartDownload(const QString& taskId, const KX_DATA::FileDownloadRecord& record,
+                       qint32 kind) override;
+    /// False for an unknown task.
+    bool GetDownloadState(const QString& taskId, qint32& state, qint32& bytes) override;
+    /// Forgets the task.
+    void GetErrorText(const QString& taskId, QString& text) override;
+    void GetFileSize(const QString& taskId, qint32& size) override;
+
+private:
+    struct Task {
+        qint32 state = 1; ///< running
+        qint64 bytes = 0;
+        qint64 size = 0;
+        QString error;
+    };
+    void Run(const QString& taskId, const KX_DATA::FileDownloadRecord& record,
+             const TransferRules& rules, const QString& folder);
+    void Note(const QString& taskId, const std::function<void(Task&)>& change);
+
+    QMutex lock; ///< guards tasks
+    QHash<QString, Task> tasks;
+};
+
+} // namespace host

@@ -1,0 +1,44 @@
+#include "host/services/PDFDrawingMng.h"
+
+#include "host/data/PdfPhotos.h"
+#include "host/services/ServiceGuard.h"
+#include "services/IVeskPicMng.h"
+
+#include <QDateTime>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+qint32 PDFDrawingMng::AddComment(qint32 /*drawingId*/, const QString& /*text*/,
+                                 KX_DATA::CheckpointComment& /*comment*/) {
+    return Unimplemented("IPDFDrawingMng::AddComment", 0);
+}
+
+qint32 PDFDrawingMng::GetComments(qint32 /*drawingId*/, qint32 /*page*/, qint32 /*pageSize*/,
+                                  std::vector<KX_DATA::CheckpointComment>& /*comments*/) {
+    return Unimplemented("IPDFDrawingMng::GetComments", 0);
+}
+
+bool PDFDrawingMng::DeleteComment(qint32 /*drawingId*/, qint64 /*commentId*/) {
+    return Unimplemented("IPDFDrawingMng::DeleteComment", false);
+}
+
+qint32 PDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) {
+    return Guarded(u"读取检查点"_s, 0, [&](HostSession& session) {
+        return PdfPhotos(session.Folder()->Db()).Checkpoint(drawingId, record) ? KX_DATA::kServiceOk
+                                                                               : 0;
+    });
+}
+
+qint32 PDFDrawingMng::UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) {
+    value = 0;
+    return Guarded(u"修改检查点"_s, 0, [&](HostSession& session) {
+        return PdfPhotos(session.Folder()->Db())
+                       .UpdateCheckpoint(edit, QDateTime::currentSecsSinceEpoch())
+                   ? KX_DATA::kServiceOk
+                   : 0;
+    });
+}
+
+} // namespace host

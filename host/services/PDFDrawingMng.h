@@ -1,0 +1,26 @@
+// The drawing service.
+#pragma once
+
+#include "services/IPDFDrawingMng.h"
+
+namespace host {
+
+/// Checkpoints over the session's database; comments aren't built yet. Thread: user interface.
+class PDFDrawingMng final : public KX_DATA::IPDFDrawingMng {
+public:
+    void Reserved1() override {}
+    void Reserved2() override {}
+    void Reserved3() override {}
+    void Reserved4() override {}
+    void Reserved5() override {}
+    void Reserved6() override {}
+    qint32 AddComment(qint32 drawingId, const QString& text,
+                      KX_DATA::CheckpointComment& comment) override;
+    qint32 GetComments(qint32 drawingId, qint32 page, qint32 pageSize,
+                       std::vector<KX_DATA::CheckpointComment>& comments) override;
+    bool DeleteComment(qint32 drawingId, qint64 commentId) override;
+    qint32 GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) override;
+    qint32 UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) override;
+};
+
+} // namespace host

@@ -1,0 +1,44 @@
+// What every service does around its work: no session, a fault of the data, nothing built yet.
+#pragma once
+
+#include "host/data/HostSession.h"
+
+#include <QLoggingCategory>
+
+#include <exception>
+#include <utility>
+
+namespace host {
+
+Q_DECLARE_LOGGING_CATEGORY(serviceLog)
+
+/// Tells the log that an operation isn't built yet; returns its failure value.
+template <typename Result> Result Unimplemented(const char* operation, Result failure) {
+    qCWarning(serviceLog, "%s is not available yet", operation);
+    return failure;
+}
+inline void Unimplemented(const char* operation) {
+    qCWarning(serviceLog, "%s is not available yet", operation);
+}
+
+/// Tells log and message bar of a fault; `what` is the operation in Chinese.
+void ReportFault(const QString& what, const std::exception& fault);
+
+/// Runs `work(session)`, whose result is the service's. Any fault, or no open folder, gives
+/// `failure`, and the person reads what could not be done and what to do.
+template <typename Result, typename Work>
+Result Guarded(const QString& what, Result failure, Work work) {
+    HostSession* session = HostSession::Current();
+    if (session == nullptr || session->Folder() == nullptr) {
+        qCWarning(serviceLog, "no data folder is open: %s", qUtf8Printable(what));
+        return failure;
+    }
+    try {
+        return work(*session);
+    } catch (const std::exception& fault) {
+        ReportFault(what, fault);
+        return failure;
+    }
+}
+
+} // namespace host

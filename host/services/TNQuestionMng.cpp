@@ -1,0 +1,109 @@
+#include "host/services/TNQuestionMng.h"
+
+#include "host/data/Bin.h"
+#include "host/data/Issues.h"
+#include "host/services/ListFilters.h"
+#include "host/services/ServiceGuard.h"
+#include "services/IVeskPicMng.h"
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+bool TNQuestionMng::DeletePics(qint32 /*kind*/, const std::vector<QString>& /*picIds*/) {
+    return Unimplemented("ITNQuestionMng::DeletePics", false);
+}
+
+qint32 TNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
+                                  const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
+                                  std::vector<KX_DATA::IssueRow>& rows) {
+    return Guarded(u"查询TN问题"_s, 0, [&](HostSession& session) {
+        const ListPage page =
+            session.Lists()->Fetch(ListKind::kIssues, IssueFilterOf(filter), OrderOf(request),
+                                   request.page, request.pageSize);
+        result = ResultOf(page, request);
+        rows = Issues(session.Folder()->Db()).Rows(page.ids);
+        return KX_DATA::kServiceOk;
+    });
+}
+
+void TNQuestionMng::GetIssueGroups(quint8 /*flag*/, const qint64* /*from*/, const qint64* /*to*/,
+                                   KX_DATA::MarkFilterArg& /*filterArg*/,
+                                   std::vector<KX_DATA::IssueMarkGroup>& groups) {
+    groups.clear();
+    Unimplemented("ITNQuestionMng::GetIssueGroups");
+}
+
+void TNQuestionMng::GetIssueFilterList(quint8 /*flag*/, const qint64* /*from*/,
+                                       const qint64* /*to*/, KX_DATA::MarkFilterArg& /*filterArg*/,
+                                       std::vector<KX_DATA::IssueFilterSource>& entries) {
+    entries.clear();
+    Unimplemented("ITNQuestionMng::GetIssueFilterList");
+}
+
+bool TNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
+    return Guarded(u"删除TN问题"_s, false, [&](HostSession& session) {
+        const DataFolder& folder = *session.Folder();
+        Bin(folder.Db(), folder.Store()).DeleteIssues(questionIds, session.UserName());
+        return true;
+    });
+}
+
+bool TNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& questionIds,
+                                   bool hidden) {
+    return Guarded(u"修改问题状态"_s, false, [&](HostSession& session) {
+        Issues(session.Folder()->Db())
+            .SetStatus(ppid, questionIds, hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown);
+        return true;
+    });
+}
+
+qint32 TNQuestionMng::GetIssueDetail(const qint32& ppid, const QString& questionId,
+                                     KX_DATA::QuestionDetail& detail) {
+    return Guarded(u"读取TN问题"_s, 0, [&](HostSession& session) {
+        return Issues(session.Folder()->Db()).Detail(ppid, questionId, detail) ? 1 : 0;
+    });
+}
+
+bool TNQuestionMng::UpdateIssue(qint32 /*ppid*/, const KX_DATA::IssueUpdate& /*update*/) {
+    return Unimplemented("ITNQuestionMng::UpdateIssue", false);
+}
+
+qint32 TNQuestionMng::GetIssuePics(const qint32& ppid, const QString& questionId, qint32 /*kind*/,
+                                   std::vector<KX_DATA::QuestionPicRecord>& pics) {
+    return Guarded(u"读取问题照片"_s, 0, [&](HostSession& session) {
+        return Issues(session.Folder()->Db()).Pics(ppid, questionId, pics) ? 1 : 0;
+    });
+}
+
+bool TNQuestionMng::GetRectification(const QString& questionId, KX_DATA::RectifyRecord& record) {
+    return Guarded(u"读取整改情况"_s, false, [&](HostSession& session) {
+        return Issues(session.Folder()->Db()).Rectification(questionId, record);
+    });
+}
+
+bool TNQuestionMng::SaveRectification(const KX_DATA::RectifySave& /*record*/) {
+    return Unimplemented("ITNQuestionMng::SaveRectification", false);
+}
+
+bool TNQuestionMng::DeleteRectifyPics(qint32 /*kind*/, const KX_DATA::RectifyRecord& /*record*/,
+                                      const std::vector<QString>& /*picIds*/) {
+    return Unimplemented("ITNQuestionMng::DeleteRectifyPics", false);
+}
+
+bool TNQuestionMng::AddRectifyPics(qint32 /*kind*/, const KX_DATA::RectifyRecord& /*record*/,
+                                   const std::vector<KX_DATA::QuestionPicRecord>& /*pics*/) {
+    return Unimplemented("ITNQuestionMng::AddRectifyPics", false);
+}
+
+bool TNQuestionMng::GetUsedMarks(qint32 kind, std::vector<qint32>& markIds) {
+    if (kind != KX_DATA::kIssueMarkKind) {
+        return false;
+    }
+    return Guarded(u"读取问题标识"_s, false, [&](HostSession& session) {
+        markIds = Issues(session.Folder()->Db()).UsedMarks();
+        return true;
+    });
+}
+
+} // namespace host

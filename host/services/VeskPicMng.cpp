@@ -1,0 +1,246 @@
+#include "host/services/VeskPicMng.h"
+
+#include "host/data/BimPhotos.h"
+#include "host/data/Bin.h"
+#include "host/data/PdfPhotos.h"
+#include "host/data/RectifyStates.h"
+#include "host/services/ListFilters.h"
+#include "host/services/PicPanelTree.h"
+#include "host/services/ServiceGuard.h"
+
+#include <QDateTime>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+using KX_DATA::kServiceOk;
+
+namespace {
+
+constexpr qint32 kServiceFailed = 0;
+
+// A fault of the data in the operations of this service, with its result.
+template <typename Work> qint32 Status(const QString& what, Work work) {
+    return Guarded(what, kServiceFailed, [&](HostSession& session) {
+        return work(session) ? kServiceOk : kServiceFailed;
+    });
+}
+
+template <typename Work> bool Done(const QString& what, Work work) {
+    return Guarded(what, false, work);
+}
+
+qint64 Now() {
+    return QDateTime::currentSecsSinceEpoch();
+}
+
+} // namespace
+
+qint32 VeskPicMng::QueryBimPics(const KX_DATA::PicQueryFilter& filter,
+                                const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
+                                std::vector<KX_DATA::BimPicRow>& rows) {
+    return Status(u"查询BIM模型照片"_s, [&](HostSession& session) {
+        const ListPage page =
+            session.Lists()->Fetch(ListKind::kBimPhotos, BimFilterOf(filter), OrderOf(request),
+                                   request.page, request.pageSize);
+        result = ResultOf(page, request);
+        rows = BimPhotos(session.Folder()->Db()).Rows(page.ids);
+        return true;
+    });
+}
+
+qint32 VeskPicMng::QueryPdfPics(const KX_DATA::PdfQueryFilter& filter,
+                                const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
+                                std::vector<KX_DATA::PdfPicRecord>& rows) {
+    return Status(u"查询平面图纸照片"_s, [&](HostSession& session) {
+        const ListPage page =
+            session.Lists()->Fetch(ListKind::kPdfPhotos, PdfFilterOf(filter), OrderOf(request),
+                                   request.page, request.pageSize);
+        result = ResultOf(page, request);
+        rows = PdfPhotos(session.Folder()->Db()).Rows(page.ids);
+        return true;
+    });
+}
+
+void VeskPicMng::GetBimPicFilterGroups(qint64 from, qint64 to, quint8 flag,
+                                       KX_DATA::MarkFilterArg& filterArg,
+                                       std::vector<KX_DATA::PicFilterEntry>& entries) {
+    entries.clear();
+    Done(u"读取照片标识"_s, [&](HostSession& session) {
+        entries = PicFilterEntries(session, PanelFilterOf(session, from, to, flag, filterArg));
+        return true;
+    });
+}
+
+qint32 VeskPicMng::GetBimPicMarkerList(qint64 from, qint64 to, quint8 flag, qint32 markId,
+                                       KX_DATA::MarkFilterArg& filterArg,
+                                       std::vector<qint32>& picIds) {
+    picIds.clear();
+    Done(u"读取照片标识"_s, [&](HostSession& session) {
+        picIds = PicPanel(session.Folder()->Db())
+                     .PicsOfMark(PanelFilterOf(session, from, to, flag, filterArg), markId);
+        return true;
+    });
+    return static_cast<qint32>(picIds.size());
+}
+
+void VeskPicMng::GetBimPicFilterValues(qint64 from, qint64 to, quint8 flag,
+                                       KX_DATA::MarkFilterArg& filterArg,
+                                       std::vector<KX_DATA::PicMarkGroup>& groups) {
+    groups.clear();
+    Done(u"读取照片标识"_s, [&](HostSession& session) {
+        groups = PicMarkGroups(session, PanelFilterOf(session, from, to, flag, filterArg));
+        return true;
+    });
+}
+
+bool VeskPicMng::DeleteBimPics(const std::vector<qint32>& picIds) {
+    return Done(u"删除BIM模型照片"_s, [&](HostSession& session) {
+        const DataFolder& folder = *session.Folder();
+        Bin(folder.Db(), folder.Store()).DeleteBimPhotos(picIds, session.UserName());
+        return true;
+    });
+}
+
+bool VeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) {
+    return Done(u"删除平面图纸照片"_s, [&](HostSession& session) {
+        const DataFolder& folder = *session.Folder();
+        Bin(folder.Db(), folder.Store()).DeletePdfPhotos(ppid, picIds, session.UserName());
+        return true;
+    });
+}
+
+qint32 VeskPicMng::DeleteCheckpointPic(qint32 drawingId, qint32 picId) {
+    return Guarded(u"删除检查点照片"_s, 0, [&](HostSession& session) {
+        const DataFolder& folder = *session.Folder();
+        // The viewers call the checkpoint a drawing.
+        const qint32 ppid = PdfPhotos(folder.Db()).ProjectOf(drawingId, picId);
+        Bin bin(folder.Db(), folder.Store());
+        return ppid != 0 ? bin.DeletePdfPhotos(ppid, {picId}, session.UserName()) : 0;
+    });
+}
+
+bool VeskPicMng::SetBimPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) {
+    return Done(u"修改照片状态"_s, [&](HostSession& session) {
+        BimPhotos(session.Folder()->Db())
+            .SetStatus(ppid, picIds, hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown);
+        return true;
+    });
+}
+
+bool VeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) {
+    return Done(u"修改照片状态"_s, [&](HostSession& session) {
+        PdfPhotos(session.Folder()->Db())
+            .SetStatus(ppid, picIds, hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown);
+        return true;
+    });
+}
+
+qint32 VeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) {
+    return Status(u"读取照片"_s, [&](HostSession& session) {
+        KX_DATA::BimPicDetail found;
+        if (!BimPhotos(session.Folder()->Db()).Detail(ppid, picId, found) ||
+            found.status != KX_DATA::kStatusShown) {
+            return false;
+        }
+        detail = found;
+        return true;
+    });
+}
+
+qint32 VeskPicMng::GetPdfPicDetail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) {
+    return Status(u"读取照片"_s, [&](HostSession& session) {
+        return PdfPhotos(session.Folder()->Db()).Detail(ppid, picId, detail);
+    });
+}
+
+qint32 VeskPicMng::GetProjectFloors(qint32 ppid, std::vector<QString>& floors) {
+    return Status(u"读取楼层"_s, [&](HostSession& session) {
+        floors = session.Tables().Floors(ppid);
+        return true;
+    });
+}
+
+qint32 VeskPicMng::GetFloorAxesX(qint32 ppid, const QString& floor, std::vector<QString>& axes) {
+    return Status(u"读取轴线"_s, [&](HostSession& session) {
+        axes = session.Tables().AxesX(ppid, floor);
+        return true;
+    });
+}
+
+qint32 VeskPicMng::GetFloorAxesY(qint32 ppid, const QString& floor, const QString& axisX,
+                                 std::vector<KX_DATA::AxisYEntry>& axes) {
+    return Status(u"读取轴线"_s, [&](HostSession& session) {
+        axes = session.Tables().AxesY(ppid, floor, axisX);
+        return true;
+    });
+}
+
+bool VeskPicMng::UpdateBimPic(qint32 ppid, const KX_DATA::BimPicUpdate& update) {
+    return Done(u"修改照片"_s, [&](HostSession& session) {
+        return BimPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now());
+    });
+}
+
+bool VeskPicMng::UpdatePdfPic(qint32 ppid, const KX_DATA::PdfPicUpdate& update) {
+    return Done(u"修改照片"_s, [&](HostSession& session) {
+        return PdfPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now());
+    });
+}
+
+qint32 VeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,
+                               std::vector<KX_DATA::PicFileEntry>& files) {
+    return Status(u"读取照片文件"_s, [&](HostSession& session) {
+        files = BimPhotos(session.Folder()->Db()).Files(picIds);
+        return true;
+    });
+}
+
+qint32 VeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
+                                     KX_DATA::CheckpointPicDetail& detail) {
+    return Status(u"读取照片"_s, [&](HostSession& session) {
+        return PdfPhotos(session.Folder()->Db()).PicDetail(ppid, picId, detail);
+    });
+}
+
+qint32 VeskPicMng::GetPicFilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId,
+                                         std::vector<KX_DATA::PicFileEntry>& files) {
+    return Status(u"读取照片文件"_s, [&](HostSession& session) {
+        files = BimPhotos(session.Folder()->Db()).FilesByPosition(ppid, positionKey, markId);
+        return true;
+    });
+}
+
+bool VeskPicMng::GetBimLabels(std::vector<KX_DATA::LabelEntry>& labels) {
+    return Done(u"读取标签"_s, [&](HostSession& session) {
+        labels = BimPhotos(session.Folder()->Db()).UsedLabels();
+        return true;
+    });
+}
+
+bool VeskPicMng::GetPdfLabels(std::vector<KX_DATA::LabelEntry>& labels) {
+    return Done(u"读取标签"_s, [&](HostSession& session) {
+        labels = PdfPhotos(session.Folder()->Db()).UsedLabels();
+        return true;
+    });
+}
+
+bool VeskPicMng::GetUsedBimMarks(std::vector<qint32>& markIds) {
+    return Done(u"读取照片标识"_s, [&](HostSession& session) {
+        markIds = BimPhotos(session.Folder()->Db()).UsedMarks();
+        return true;
+    });
+}
+
+bool VeskPicMng::GetUsedPdfMarks(std::vector<qint32>& markIds) {
+    return Done(u"读取照片标识"_s, [&](HostSession& session) {
+        markIds = PdfPhotos(session.Folder()->Db()).UsedMarks();
+        return true;
+    });
+}
+
+void VeskPicMng::GetStateNames(std::vector<QString>& names) {
+    names = StateNames();
+}
+
+} // namespace host
