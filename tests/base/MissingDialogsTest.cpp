@@ -1,0 +1,35 @@
+#include "base/MissingDialogs.h"
+
+#include "base/PictureLog.h"
+#include "tests/support/TempFolder.h"
+
+#include <QStringDecoder>
+#include <gtest/gtest.h>
+
+#include <set>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
+using ZelvorNRQ_KXVeskPicture::MissingDialog;
+using ZelvorNRQ_KXVeskPicture::SetLogFilePath;
+
+TEST(MissingDialogs, EachAnswersAsCancelledAndNamesItselfInTheLog) {
+    const support::TempFolder folder;
+    std::set<QString> lines;
+    for (int dialog = 0; dialog <= int(MissingDialog::MarkData); ++dialog) {
+        SetLogFilePath(folder.Path(u"%1.log"_s.arg(dialog)));
+        EXPECT_FALSE(AnswerAsCancelled(MissingDialog(dialog)));
+        QStringDecoder decode("GBK");
+        const QString line = decode(folder.Read(u"%1.log"_s.arg(dialog)));
+        EXPECT_TRUE(line.contains(u"此版本尚不提供："_s)) << line.toStdString();
+        EXPECT_FALSE(line.trimmed().endsWith(u'：')) << line.toStdString();
+        lines.insert(line.mid(line.indexOf(u'：')));
+    }
+    EXPECT_EQ(int(lines.size()), int(MissingDialog::MarkData) + 1);
+    SetLogFilePath(QString());
+}
+
+} // namespace
