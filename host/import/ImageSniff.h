@@ -1,0 +1,19 @@
+// What kind of picture the bytes of a file are, and whether they are all there.
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+
+namespace host {
+
+enum class ImageKind { kNone, kJpeg, kPng, kBmp, kGif, kHeic };
+
+/// By the first bytes; needs at most the first 32. Thread: any.
+[[nodiscard]] ImageKind SniffImage(QByteArrayView head);
+
+/// False for a file that ends before its picture does: walks the segments, chunks or blocks to the
+/// end mark. What stands behind the end mark doesn't matter (phones append to their pictures).
+/// Kinds that aren't read here are never whole. Thread: any.
+[[nodiscard]] bool ReachesItsEnd(ImageKind kind, QByteArrayView bytes);
+
+} // namespace host

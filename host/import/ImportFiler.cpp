@@ -1,0 +1,36 @@
+#include "host/import/ImportFiler.h"
+
+#include "host/data/DataError.h"
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+ImportFiler::ImportFiler(DataFolder& folder, ImportRequest target)
+    : writer(folder), request(std::move(target)) {}
+
+ImportLine ImportFiler::File(const ExaminedFile& file) {
+    if (!file.refusal.isEmpty()) {
+        return {file.path, ImportOutcome::kRefused, file.refusal};
+    }
+    try {
+        if (writer.FindPhotoByMd5(request.ppid, file.md5) != 0) {
+            return {file.path, ImportOutcome::kDuplicate, u"工程中已有相同的照片"_s};
+        }
+        NewBimPhoto photo;
+        photo.ppid = request.ppid;
+        photo.fileName = file.displayName;
+        photo.positionKey = request.positionKey;
+        photo.markId = request.markId;
+        photo.uploader = request.user;
+        photo.uploadTime = file.time;
+        writer.FilePhoto(photo, {{}, file.bytes});
+        return {file.path, ImportOutcome::kFiled, photo.fileName};
+    } catch (const DataError& error) {
+        const bool onlyThisFile = error.GetFault() == Fault::kBadName;
+        return {file.path, onlyThisFile ? ImportOutcome::kRefused : ImportOutcome::kFailed,
+                error.Text()};
+    }
+}
+
+} // namespace host

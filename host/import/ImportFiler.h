@@ -1,0 +1,24 @@
+// Files examined pictures as photos of a project.
+#pragma once
+
+#include "host/data/SiteWriter.h"
+#include "host/import/FileExamination.h"
+#include "host/import/ImportReport.h"
+
+namespace host {
+
+/// Each picture is one transaction: a crash loses nothing that was reported as filed and leaves
+/// nothing half filed. Thread: that of the data folder.
+class ImportFiler final {
+public:
+    ImportFiler(DataFolder& folder, ImportRequest target);
+
+    /// Never throws; kFailed means that no further file needs to be tried.
+    [[nodiscard]] ImportLine File(const ExaminedFile& file);
+
+private:
+    SiteWriter writer;
+    ImportRequest request;
+};
+
+} // namespace host

@@ -1,0 +1,52 @@
+// Imports folders of pictures while a window stays alive.
+#pragma once
+
+#include "host/import/ImportReport.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace host {
+
+class DataFolder;
+class ImportFiler;
+class ImportScanner;
+
+/// One import at a time. Reading and examining happen on a worker; each file is filed in an event
+/// of its own on the thread of the data folder, so other events come in between. Destroying the job
+/// ends the import after the present file; what was filed stays filed.
+class ImportJob final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The folder must be open and outlive the job.
+    explicit ImportJob(DataFolder& dataFolder, QObject* parent = nullptr);
+    ~ImportJob() override;
+
+    /// False while one is running: nothing happens then.
+    bool Start(const ImportRequest& request);
+    /// The import ends with Finished and `cancelled`; does nothing unless one is running.
+    void Cancel();
+    [[nodiscard]] bool IsRunning() const { return scanner != nullptr; }
+
+Q_SIGNALS:
+    void Stepped(const host::ImportStep& step);
+    /// The last word of an import, also of a cancelled or failed one.
+    void Finished(const host::ImportReport& report);
+
+protected:
+    bool event(QEvent* happening) override;
+
+private:
+    void FileOne();
+    void End();
+
+    DataFolder& folder;
+    std::unique_ptr<ImportFiler> filer;
+    std::unique_ptr<ImportScanner> scanner; ///< null: no import is running
+    ImportReport report;
+    ImportStep step;
+};
+
+} // namespace host

@@ -1,0 +1,53 @@
+// What an import is asked for, and what it did.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+namespace host {
+
+/// Where the pictures go. Everything here is known to exist; see ImportTarget.h.
+struct ImportRequest {
+    QStringList roots; ///< folders and files
+    qint32 ppid = 0;
+    QString user;        ///< login name of the uploader
+    QString positionKey; ///< empty: without position
+    qint32 markId = 0;   ///< 0: none
+};
+
+enum class ImportOutcome {
+    kFiled,
+    kDuplicate, ///< a photo of the project has these bytes already
+    kRefused,   ///< no picture that can be read
+    kFailed     ///< could not be stored; the import ends here
+};
+
+struct ImportLine {
+    QString path;
+    ImportOutcome outcome = ImportOutcome::kFiled;
+    QString text; ///< Chinese, why; for a filed photo its display name
+};
+
+/// One file is done.
+struct ImportStep {
+    int done = 0;
+    int total = -1; ///< -1 while the folders are still being walked
+    ImportLine line;
+};
+
+struct ImportReport {
+    int filed = 0;
+    int duplicates = 0;
+    int refused = 0;
+    bool cancelled = false;
+    QString fault;                 ///< Chinese, what ended the import; empty: nothing did
+    std::vector<ImportLine> lines; ///< of all files that weren't filed
+
+    void Add(const ImportLine& line);
+    /// One sentence in Chinese: the counts, and how it ended.
+    [[nodiscard]] QString Summary() const;
+};
+
+} // namespace host

@@ -1,0 +1,30 @@
+#include "host/import/Importer.h"
+
+#include "host/import/ImportFiler.h"
+#include "host/import/ImportScanner.h"
+
+namespace host {
+
+ImportReport Importer::Run(const ImportRequest& request, const ImportProgress& progress) {
+    ImportReport report;
+    ImportFiler filer(folder, request);
+    ImportScanner scanner(request.roots);
+    ImportStep step;
+    while (const std::optional<ExaminedFile> file = scanner.WaitForNext()) {
+        step.line = filer.File(*file);
+        step.total = scanner.Total();
+        ++step.done;
+        report.Add(step.line);
+        const bool goOn = !progress || progress(step);
+        if (!report.fault.isEmpty()) {
+            break;
+        }
+        if (!goOn) {
+            report.cancelled = step.done < scanner.Total();
+            break;
+        }
+    }
+    return report;
+}
+
+} // namespace host

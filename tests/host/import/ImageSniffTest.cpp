@@ -1,0 +1,71 @@
+#include "host/import/ImageSniff.h"
+
+#include "tests/host/import/TestPictures.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using host::ImageKind;
+using importtest::Picture;
+
+TEST(ImageSniff, TellsTheKindByTheFirstBytes) {
+    EXPECT_EQ(host::SniffImage(Picture("jpeg", 1)), ImageKind::kJpeg);
+    EXPECT_EQ(host::SniffImage(Picture("png", 1)), ImageKind::kPng);
+    EXPECT_EQ(host::SniffImage(Picture("bmp", 1)), ImageKind::kBmp);
+    EXPECT_EQ(host::SniffImage(importtest::Gif()), ImageKind::kGif);
+    EXPECT_EQ(host::SniffImage(QByteArrayView("\0\0\0\x18"
+                                              "ftypheic\0\0\0\0",
+                                              16)),
+              ImageKind::kHeic);
+}
+
+TEST(ImageSniff, TextIsNoPicture) {
+    EXPECT_EQ(host::SniffImage("BMW drove up the site road, said the log."), ImageKind::kNone);
+    EXPECT_EQ(host::SniffImage("\xFF\xD8"), ImageKind::kNone);
+    EXPECT_EQ(host::SniffImage(""), ImageKind::kNone);
+}
+
+TEST(ImageSniff, APictureIsWholeOnlyWithItsLastByte) {
+    const struct {
+        ImageKind kind;
+        QByteArray bytes;
+    } pictures[] = {{ImageKind::kJpeg, Picture("jpeg", 2)},
+                    {ImageKind::kJpeg, Picture("jpeg", 2, {64, 48}, true)},
+                    {ImageKind::kPng, Picture("png", 2)},
+                    {ImageKind::kBmp, Picture("bmp", 2)},
+                    {ImageKind::kGif, importtest::Gif()}};
+    for (const auto& [kind, bytes] : pictures) {
+        EXPECT_TRUE(host::ReachesItsEnd(kind, bytes)) << static_cast<int>(kind);
+        for (qsizetype length = 0; length < bytes.size(); ++length) {
+            ASSERT_FALSE(host::ReachesItsEnd(kind, QByteArrayView(bytes).first(length)))
+                << static_cast<int>(kind) << " cut at " << length;
+        }
+    }
+}
+
+TEST(ImageSniff, WhatAPhoneAppendsDoesNoHarm) {
+    EXPECT_TRUE(host::ReachesItsEnd(ImageKind::kJpeg, Picture("jpeg", 3) + "MotionPhoto\xFF\xD8"));
+}
+
+TEST(ImageSniff, TheEndOfAThumbnailIsNotTheEndOfThePicture) {
+    const QByteArray thumbnail = Picture("jpeg", 4, {16, 16});
+    const QByteArray whole =
+        importtest::WithSegment(Picture("jpeg", 5), '\xE1', "Exif" + thumbnail);
+    EXPECT_TRUE(host::ReachesItsEnd(ImageKind::kJpeg, whole));
+    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::kJpeg, whole.chopped(40)));
+}
+
+TEST(ImageSniff, HostileLengthsEndTheWalk) {
+    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::kJpeg, QByteArray::fromHex("FFD8FFE0FFFF00")));
+    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::kJpeg, QByteArray::fromHex("FFD8FFE00000FFD9")));
+    EXPECT_FALSE(host::ReachesItsEnd(
+        ImageKind::kPng, QByteArray::fromHex("89504E470D0A1A0AFFFFFFFF4948445200000000")));
+    EXPECT_FALSE(
+        host::ReachesItsEnd(ImageKind::kGif, QByteArray::fromHex("474946383961040004008700002C")));
+    QByteArray bmp = Picture("bmp", 1);
+    bmp[25] = '\x7F'; // the height's highest byte
+    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::kBmp, bmp));
+}
+
+} // namespace

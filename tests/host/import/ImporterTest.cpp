@@ -1,0 +1,165 @@
+#include "host/import/Importer.h"
+
+#include "tests/host/import/ImportSite.h"
+#include "tests/host/import/TestPictures.h"
+
+#include <QBuffer>
+#include <QImageReader>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using importtest::ImportSite;
+using importtest::Picture;
+
+TEST(Importer, FilesEachPictureWithItsOwnBytes) {
+    ImportSite site;
+    site.Put(u"a.jpg"_s, Picture("jpeg", 1));
+    site.Put(u"b.png"_s, Picture("png", 2));
+    site.Put(u"deep/er/c.bmp"_s, Picture("bmp", 3));
+    const host::ImportReport report = host::Importer(site.folder).Run(site.Request());
+    EXPECT_EQ(report.filed, 3);
+    EXPECT_EQ(report.Summary(), u"导入 3 张照片，重复 0 张，跳过 0 个文件。"_s);
+    const auto photos = site.Filed();
+    ASSERT_EQ(photos.size(), 3);
+    EXPECT_EQ(photos[0].name, u"a.jpg"_s);
+    EXPECT_EQ(photos[0].bytes, Picture("jpeg", 1));
+    EXPECT_EQ(photos[0].uploader, u"张工"_s);
+    EXPECT_EQ(photos[1].bytes, Picture("png", 2));
+    EXPECT_EQ(photos[2].name, u"c.bmp"_s);
+    EXPECT_EQ(photos[2].bytes, Picture("bmp", 3));
+}
+
+TEST(Importer, PlaceAndMarkGoToEveryPhoto) {
+    ImportSite site;
+    site.Put(u"a.jpg"_s, Picture("jpeg", 1));
+    host::ImportRequest request = site.Request();
+    request.positionKey = u"key-2B"_s;
+    request.markId = 2;
+    (void)host::Importer(site.folder).Run(request);
+    ASSERT_EQ(site.Filed().size(), 1);
+    EXPECT_EQ(site.Filed()[0].positionKey, u"key-2B"_s);
+    EXPECT_EQ(site.Filed()[0].markId, 2);
+}
+
+TEST(Importer, TheOrientationStaysInTheStoredFile) {
+    ImportSite site;
+    const QByteArray upright =
+        importtest::WithExif(Picture("jpeg", 1, {64, 48}), {{}, {}, {}, {}, 6});
+    site.Put(u"a.jpg"_s, upright);
+    (void)host::Importer(site.folder).Run(site.Request());
+    ASSERT_EQ(site.Filed().size(), 1);
+    QByteArray stored = site.Filed()[0].bytes;
+    EXPECT_EQ(stored, upright);
+    QBuffer buffer(&stored);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    EXPECT_EQ(reader.read().size(), QSize(48, 64));
+}
+
+TEST(Importer, ASecondRunDoublesNothing) {
+    ImportSite site;
+    site.Put(u"a.jpg"_s, Picture("jpeg", 1));
+    site.Put(u"b.jpg"_s, Picture("jpeg", 2));
+    (void)host::Importer(site.folder).Run(site.Request());
+    const host::ImportReport again = host::Importer(site.folder).Run(site.Request());
+    EXPECT_EQ(again.filed, 0);
+    EXPECT_EQ(again.duplicates, 2);
+    ASSERT_EQ(again.lines.size(), 2);
+    EXPECT_EQ(again.lines[0].text, u"工程中已有相同的照片"_s);
+    EXPECT_EQ(site.Filed().size(), 2);
+    EXPECT_EQ(site.StoredFiles(), 2);
+}
+
+TEST(Importer, EqualBytesUnderTwoNamesAreOnePhoto) {
+    ImportSite site;
+    site.Put(u"a.jpg"_s, Picture("jpeg", 1));
+    site.Put(u"copy.jpg"_s, Picture("jpeg", 1));
+    const host::ImportReport report = host::Importer(site.folder).Run(site.Request());
+    EXPECT_EQ(report.filed, 1);
+    EXPECT_EQ(report.duplicates, 1);
+}
+
+TEST(Importer, AnotherProjectMayHaveTheSamePhoto) {
+    ImportSite site;
+    site.Put(u"a.jpg"_s, Picture("jpeg", 1));
+    (void)host::Importer(site.folder).Run(site.Request());
+    host::ImportRequest other = site.Request();
+    other.ppid = 2;
+    EXPECT_EQ(host::Importer(site.folder).Run(other).filed, 1);
+    EXPECT_EQ(site.Filed(2).size(), 1);
+}
+
+TEST(Importer, WhatIsNoPictureGetsALineAndTheRestIsFiled) {
+    ImportSite site;
+    site.Put(u"a.txt"_s, "text");
+    site.Put(u"b.heic"_s, "heic");
+    site.Put(u"c.jpg"_s, Picture("jpeg", 1));
+    const host::ImportReport report = host::Importer(site.folder).Run(site.Request());
+    EXPECT_EQ(report.filed, 1);
+    EXPECT_EQ(report.refused, 2);
+    EXPECT_TRUE(report.fault.isEmpty());
+    ASSERT_EQ(report.lines.size(), 2);
+    EXPECT_TRUE(report.lines[0].path.endsWith(u"a.txt"_s));
+    EXPECT_TRUE(report.lines[1].path.endsWith(u"b.heic"_s));
+}
+
+TEST(Importer, AnEmptyFolderImportsNothing) {
+    ImportSite site;
+    const host::ImportReport report = host::Importer(site.folder).Run(site.Request());
+    EXPECT_EQ(report.Summary(), u"导入 0 张照片，重复 0 张，跳过 0 个文件。"_s);
+}
+
+TEST(Importer, ProgressCountsEveryFileUpToTheTotal) {
+    ImportSite site;
+    site.Put(u"a.jpg"_s, Picture("jpeg", 1));
+    site.Put(u"b.txt"_s, "text");
+    std::vector<std::pair<int, int>> steps;
+    (void)host::Importer(site.folder).Run(site.Request(), [&](const host::ImportStep& step) {
+        steps.emplace_back(step.done, step.total);
+        return true;
+    });
+    EXPECT_THAT(steps, testing::ElementsAre(testing::Pair(1, 2), testing::Pair(2, 2)));
+}
+
+TEST(Importer, ACancelledRunKeepsWhatWasFiled) {
+    ImportSite site;
+    for (int index = 0; index < 6; ++index) {
+        site.Put(u"%1.jpg"_s.arg(index), Picture("jpeg", index));
+    }
+    const host::ImportReport report =
+        host::Importer(site.folder).Run(site.Request(), [](const host::ImportStep& step) {
+            return step.done < 2;
+        });
+    EXPECT_TRUE(report.cancelled);
+    EXPECT_EQ(report.Summary(), u"已取消。导入 2 张照片，重复 0 张，跳过 0 个文件。"_s);
+    EXPECT_EQ(site.Filed().size(), 2);
+    EXPECT_EQ(site.StoredFiles(), 2);
+}
+
+TEST(Importer, NamesAreCleanedBeforeTheyAreShown) {
+    ImportSite site;
+    site.Put(u"a\\b:c\u0007.jpg"_s, Picture("jpeg", 1));
+    (void)host::Importer(site.folder).Run(site.Request());
+    ASSERT_EQ(site.Filed().size(), 1);
+    EXPECT_EQ(site.Filed()[0].name, u"a_b_c.jpg"_s);
+}
+
+TEST(Importer, AFolderThatLostItsDatabaseStopsTheRunWithAMessage) {
+    ImportSite site;
+    site.Put(u"a.jpg"_s, Picture("jpeg", 1));
+    site.Put(u"b.jpg"_s, Picture("jpeg", 2));
+    host::ImportRequest nowhere = site.Request();
+    nowhere.ppid = 99; // the database refuses a photo of a project that it doesn't know
+    const host::ImportReport report = host::Importer(site.folder).Run(nowhere);
+    EXPECT_FALSE(report.fault.isEmpty());
+    EXPECT_EQ(report.filed, 0);
+    EXPECT_EQ(report.lines.size(), 1);
+    EXPECT_TRUE(report.Summary().startsWith(u"导入中止："_s));
+    EXPECT_EQ(site.StoredFiles(), 0);
+}
+
+} // namespace
