@@ -1,6 +1,8 @@
 // What the person wrote behind the program's name.
 #pragma once
 
+#include "host/sample/SampleSize.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -13,9 +15,6 @@ enum class Road {
     kTour,   ///< walk through the client without a display and end
     kHelp,
 };
-
-/// The site that a folder without one gets.
-enum class SampleSize { kNone, kSmall, kFull };
 
 struct CommandLine {
     Road road = Road::kClient;
