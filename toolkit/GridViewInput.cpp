@@ -275,7 +275,7 @@ void GridView::ShowRowMenu(const QPoint& globalPosition) {
 
 void GridView::focusInEvent(QFocusEvent* event) {
     // Not the base: it would make the first row the current one by itself.
-    QFrame::focusInEvent(event);
+    QFrame::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
 }
 

@@ -20,7 +20,7 @@ QString TempFolder::Path(const QString& name) const {
 }
 
 QString TempFolder::Write(const QString& name, const QByteArray& contents) const {
-    const QString path = Path(name);
+    QString path = Path(name);
     QDir().mkpath(QFileInfo(path).path());
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(contents) == contents.size())

@@ -1,7 +1,5 @@
 // The `main` of test programs with windows: without a display unless the caller names a platform.
-#if VESK_HAS_LOOK
 #include "toolkit/Look.h"
-#endif
 
 #include <QApplication>
 #include <gtest/gtest.h>
@@ -9,13 +7,8 @@
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VESK_OFFSCREEN_SCREEN);
-    // Times are printed in the tests' zone, also when a program is started by hand.
-    if (qEnvironmentVariableIsEmpty("TZ"))
-        qputenv("TZ", "Asia/Shanghai");
     QApplication app(argc, argv);
-#if VESK_HAS_LOOK
     toolkit::ApplyLook(app);
-#endif
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
