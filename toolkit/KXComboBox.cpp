@@ -1,16 +1,17 @@
 #include "toolkit/KXComboBox.h"
 
 #include <QAbstractItemModel>
+#include <QKeyEvent>
 #include <QLineEdit>
 
 KXComboBox::KXComboBox(QWidget* parent) : DropCombo(parent) {
     setEditable(true);
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
-    // Else Enter on a text of the list would count as a choice from the list too.
-    setDuplicatesEnabled(true);
+    // The base would take a typed text that is in the list for a choice from the list, at Enter and
+    // when the keyboard leaves.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     lineEdit()->setClearButtonEnabled(true);
-    connect(lineEdit(), &QLineEdit::returnPressed, this, &KXComboBox::returnPressed);
     // The base takes the first entry that ever comes into an empty list for its text.
     connect(model(), &QAbstractItemModel::rowsAboutToBeInserted, this, [this] {
         if (count() == 0)
@@ -23,6 +24,15 @@ KXComboBox::KXComboBox(QWidget* parent) : DropCombo(parent) {
                 setCurrentIndex(-1);
                 setEditText(m_textBeforeFill);
             });
+}
+
+void KXComboBox::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        DropCombo::keyPressEvent(event);
+        return;
+    }
+    event->ignore();
+    emit returnPressed();
 }
 
 void KXComboBox::SetTipInfo(const QString& hint) {

@@ -17,8 +17,12 @@ public:
     [[nodiscard]] QString TipInfo() const;
 
 signals:
-    /// Enter in the edit field.
+    /// Enter in the edit field. The key then goes on, to the dialog's default button if there is
+    /// one.
     void returnPressed();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     QString m_textBeforeFill;

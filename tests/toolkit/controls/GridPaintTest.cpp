@@ -1,0 +1,176 @@
+// Pixels of the grid at computed places.
+#include "tests/toolkit/controls/SampleGrid.h"
+
+#include "toolkit/Look.h"
+
+#include <QHeaderView>
+#include <QImage>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using toolkit::Colors;
+
+namespace {
+
+struct GridPaint : ::testing::Test {
+    SampleGrid grid;
+    std::unique_ptr<SampleWindow> window;
+
+    void Open(int rows) {
+        grid.AddColumns();
+        window = std::make_unique<SampleWindow>(grid);
+        grid.Fill(rows);
+        window->setFocus();
+        QCoreApplication::processEvents();
+    }
+    [[nodiscard]] QImage Shot() const { return grid.View()->viewport()->grab().toImage(); }
+    [[nodiscard]] QRect Cell(int row, int column) const {
+        return grid.View()->visualRect(grid.View()->model()->index(row, column));
+    }
+    /// Pixels of a colour inside an area.
+    [[nodiscard]] static int Count(const QImage& image, const QRect& area, const QColor& color) {
+        int found = 0;
+        for (int y = area.top(); y <= area.bottom(); ++y) {
+            for (int x = area.left(); x <= area.right(); ++x)
+                found += image.pixelColor(x, y) == color ? 1 : 0;
+        }
+        return found;
+    }
+    /// Pixels of an area darker than a lightness: the strokes of a text.
+    [[nodiscard]] static int CountDark(const QImage& image, const QRect& area, int lightness) {
+        int found = 0;
+        for (int y = area.top(); y <= area.bottom(); ++y) {
+            for (int x = area.left(); x <= area.right(); ++x)
+                found += image.pixelColor(x, y).lightness() < lightness ? 1 : 0;
+        }
+        return found;
+    }
+};
+
+TEST_F(GridPaint, SelectedRowIsTintedOverItsWholeWidth) {
+    Open(4);
+    grid.SetCurSel(2);
+    const QImage image = Shot();
+    const int y = Cell(2, 0).top() + 1;
+    for (const int column : {SampleGrid::kNumber, SampleGrid::kName, SampleGrid::kLocate})
+        EXPECT_EQ(image.pixelColor(Cell(2, column).left() + 1, y), Colors::Selection());
+    EXPECT_EQ(image.pixelColor(Cell(0, 1).left() + 1, Cell(0, 1).top() + 1), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(Cell(1, 1).left() + 1, Cell(1, 1).top() + 1),
+              Colors::AlternateRow());
+}
+
+TEST_F(GridPaint, LinesStandBetweenRowsAndColumns) {
+    Open(3);
+    const QImage image = Shot();
+    const QRect cell = Cell(0, SampleGrid::kName);
+    EXPECT_EQ(image.pixelColor(cell.right() + 1, cell.center().y()), Colors::GridLine());
+    EXPECT_EQ(image.pixelColor(cell.center().x(), cell.bottom() + 1), Colors::GridLine());
+}
+
+TEST_F(GridPaint, ColourItemShowsItsSwatchBeforeTheName) {
+    Open(1);
+    const QRect cell = Cell(0, SampleGrid::kMark);
+    const QImage image = Shot();
+    EXPECT_EQ(image.pixelColor(cell.left() + 10, cell.center().y()), QColor(Qt::red));
+    EXPECT_GT(CountDark(image, cell.adjusted(22, 0, 0, 0), 120), 5);
+}
+
+TEST_F(GridPaint, CheckBoxShowsItsState) {
+    Open(1);
+    const QRect cell = Cell(0, SampleGrid::kCheck);
+    EXPECT_EQ(Count(Shot(), cell, Colors::TextAccent()), 0);
+    grid.GetRow(0)->GetItem(SampleGrid::kCheck)->SetValue(true);
+    EXPECT_GT(Count(Shot(), cell, Colors::TextAccent()), 50);
+}
+
+TEST_F(GridPaint, DisabledIconIsGrey) {
+    Open(2);
+    const QImage image = Shot();
+    EXPECT_GT(Count(image, Cell(0, SampleGrid::kLocate), Colors::TextAccent()), 5);
+    EXPECT_EQ(Count(image, Cell(1, SampleGrid::kLocate), Colors::TextAccent()), 0);
+}
+
+TEST_F(GridPaint, TextColourOfAnItemIsTaken) {
+    Open(1);
+    grid.GetRow(0)->GetItem(SampleGrid::kName)->SetTextColor(QColor(255, 0, 0));
+    EXPECT_GT(Count(Shot(), Cell(0, SampleGrid::kName), QColor(255, 0, 0)), 5);
+}
+
+TEST_F(GridPaint, HoveredIconIsHighlightedUntilThePointerLeaves) {
+    Open(3);
+    const QRect cell = Cell(2, SampleGrid::kEdit);
+    QTest::mouseMove(grid.View()->viewport(), cell.center());
+    EXPECT_EQ(Shot().pixelColor(cell.topLeft() + QPoint(1, 1)), Colors::Hover());
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(grid.View()->viewport(), &leave);
+    EXPECT_EQ(Shot().pixelColor(cell.topLeft() + QPoint(1, 1)), QColor(Qt::white));
+}
+
+TEST_F(GridPaint, CellWithTheKeyboardHasAFrame) {
+    Open(2);
+    grid.SetCurSel(1);
+    const QPoint corner = Cell(1, 0).topLeft();
+    EXPECT_EQ(Shot().pixelColor(corner), Colors::Selection());
+    grid.SetFocus();
+    EXPECT_EQ(Shot().pixelColor(corner), Colors::TextAccent());
+}
+
+TEST_F(GridPaint, EmptyGridSaysWhyAndShowsFocusAllTheSame) {
+    Open(0);
+    const QRect middle(grid.View()->viewport()->rect().center() - QPoint(60, 15), QSize(120, 30));
+    EXPECT_EQ(CountDark(Shot(), middle, 170), 0);
+    grid.SetEmptyText(u"没有符合条件的照片"_s);
+    EXPECT_GT(CountDark(Shot(), middle, 170), 20);
+    grid.SetFocus();
+    EXPECT_EQ(Shot().pixelColor(0, 0), Colors::TextAccent());
+    grid.Fill(1);
+    EXPECT_EQ(CountDark(Shot(), middle, 170), 0);
+}
+
+TEST_F(GridPaint, LongTextEndsInsideItsCell) {
+    Open(1);
+    grid.GetRow(0)->SetText(SampleGrid::kNumber, u"一二三四五六七八九十"_s);
+    const QImage image = Shot();
+    const QRect cell = Cell(0, SampleGrid::kNumber);
+    EXPECT_EQ(image.pixelColor(cell.right() + 1, cell.center().y()), Colors::GridLine());
+    EXPECT_EQ(CountDark(image, QRect(cell.right() - 2, cell.top(), 3, cell.height()), 200), 0);
+}
+
+TEST_F(GridPaint, HeaderShowsCaptionsAndTheImageOfTheFirstColumn) {
+    Open(1);
+    QHeaderView* header = grid.View()->horizontalHeader();
+    const QImage off = header->viewport()->grab().toImage();
+    const QRect box(0, 0, 20, header->height());
+    EXPECT_EQ(off.pixelColor(1, 1), Colors::Header());
+    EXPECT_EQ(Count(off, box, Colors::TextAccent()), 0);
+    grid.SetHeaderImage(SampleGrid::kCheck, 1);
+    EXPECT_GT(Count(header->viewport()->grab().toImage(), box, Colors::TextAccent()), 50);
+    const QRect caption(header->sectionViewportPosition(SampleGrid::kName), 0,
+                        header->sectionSize(SampleGrid::kName), header->height());
+    EXPECT_GT(CountDark(off, caption, 150), 10);
+}
+
+TEST_F(GridPaint, HeaderLightsUpOnlyWhereAClickSorts) {
+    Open(1);
+    QHeaderView* header = grid.View()->horizontalHeader();
+    const auto corner = [&](int column) {
+        const QPoint place(header->sectionViewportPosition(column) + 8, 2);
+        QTest::mouseMove(header->viewport(), place + QPoint(2, 8));
+        return header->viewport()->grab().toImage().pixelColor(place);
+    };
+    EXPECT_EQ(corner(SampleGrid::kName), Colors::Hover());
+    EXPECT_EQ(corner(SampleGrid::kNumber), Colors::Header());
+}
+
+TEST_F(GridPaint, SortStateDrawsNoMark) {
+    Open(1);
+    QHeaderView* header = grid.View()->horizontalHeader();
+    const QImage before = header->viewport()->grab().toImage();
+    grid.SetColumnState(SampleGrid::kName, 1);
+    EXPECT_EQ(header->viewport()->grab().toImage(), before);
+    EXPECT_EQ(grid.GetColumnState(SampleGrid::kName), 1);
+}
+
+} // namespace

@@ -1,0 +1,169 @@
+// Colours, faces and texts of the whole program.
+#include "toolkit/Look.h"
+#include "toolkit/Icons.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFontInfo>
+#include <QImage>
+#include <QPushButton>
+#include <QStyle>
+#include <QTextDocument>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+using toolkit::Colors;
+
+namespace {
+
+double Luminance(const QColor& color) {
+    const auto linear = [](double value) {
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+           0.0722 * linear(color.blueF());
+}
+
+double Contrast(const QColor& first, const QColor& second) {
+    const double one = Luminance(first);
+    const double two = Luminance(second);
+    return (std::max(one, two) + 0.05) / (std::min(one, two) + 0.05);
+}
+
+bool HasColor(const QImage& image, const QColor& color) {
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y) == color)
+                return true;
+        }
+    }
+    return false;
+}
+
+TEST(Look, TextReadsOnEveryGroundThatItStandsOn) {
+    const QColor grounds[] = {
+        Qt::white,        Colors::Pane(),  Colors::Window(),      Colors::Selection(),
+        Colors::Header(), Colors::Hover(), Colors::AlternateRow()};
+    for (const QColor& ground : grounds) {
+        EXPECT_GE(Contrast(Colors::Text(), ground), 4.5) << ground.name().toStdString();
+        EXPECT_GE(Contrast(Colors::TextAccent(), ground), 4.5) << ground.name().toStdString();
+    }
+    for (const QColor& text : {Colors::HintText(), Colors::ErrorText(), Colors::Link()}) {
+        EXPECT_GE(Contrast(text, Qt::white), 4.5) << text.name().toStdString();
+        EXPECT_GE(Contrast(text, Colors::Window()), 4.5) << text.name().toStdString();
+    }
+}
+
+TEST(Look, PaletteOfTheProgramReadsToo) {
+    const QPalette palette = QApplication::palette();
+    EXPECT_GE(
+        Contrast(palette.color(QPalette::HighlightedText), palette.color(QPalette::Highlight)),
+        4.5);
+    EXPECT_GE(Contrast(palette.color(QPalette::ToolTipText), palette.color(QPalette::ToolTipBase)),
+              4.5);
+    EXPECT_GE(Contrast(palette.color(QPalette::ButtonText), palette.color(QPalette::Button)), 4.5);
+    EXPECT_GE(Contrast(palette.color(QPalette::PlaceholderText), palette.color(QPalette::Base)),
+              4.5);
+}
+
+TEST(Look, MarksCarryBlackOrWhiteWhicheverReadsBetter) {
+    for (const QRgb rgb :
+         {0x000000U, 0xFFFFFFU, 0xFF0000U, 0x00FF00U, 0x0000FFU, 0xFFFF00U, 0x15428BU, 0x808080U}) {
+        const QColor ground(rgb);
+        const QColor text = toolkit::TextOn(ground);
+        const QColor other = text == QColor(Qt::black) ? Qt::white : Qt::black;
+        EXPECT_GE(Contrast(text, ground), Contrast(other, ground)) << ground.name().toStdString();
+    }
+}
+
+TEST(Look, ColourNumbersAreBlueGreenRed) {
+    EXPECT_EQ(toolkit::ColorFromBgr(0x8B4215), QColor(0x15, 0x42, 0x8B));
+    EXPECT_EQ(toolkit::ColorFromBgr(0x0000FF), QColor(Qt::red));
+    EXPECT_EQ(toolkit::ColorFromBgr(0), QColor(Qt::black));
+}
+
+TEST(Look, ControlsSpeakChinese) {
+    const QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    EXPECT_EQ(box.button(QDialogButtonBox::Ok)->text(), u"确定"_s);
+    EXPECT_EQ(box.button(QDialogButtonBox::Cancel)->text(), u"取消"_s);
+}
+
+TEST(Look, FaceIsTwelvePixelsAndWindowsNamesLeadToAnInstalledOne) {
+    EXPECT_EQ(QApplication::font().pixelSize(), 12);
+    EXPECT_EQ(toolkit::UiFont(18).pixelSize(), 18);
+    const QString family = QFontInfo(toolkit::UiFont()).family();
+    for (const QString& name : {u"宋体"_s, u"SimSun"_s, u"微软雅黑"_s, u"Microsoft YaHei"_s})
+        EXPECT_EQ(QFontInfo(QFont(name, 12)).family(), family) << name.toStdString();
+}
+
+TEST(Look, TipsShowTheirTextAsItStands) {
+    EXPECT_EQ(toolkit::PlainTip(u"外墙.jpg"_s), u"外墙.jpg"_s);
+    const QString tagged = toolkit::PlainTip(u"<b>x</b>.jpg"_s);
+    EXPECT_TRUE(tagged.contains(u"&lt;b&gt;x&lt;/b&gt;.jpg"_s));
+    EXPECT_TRUE(Qt::mightBeRichText(toolkit::PlainTip(QString(200, u'长'))));
+    EXPECT_TRUE(toolkit::PlainTip(QString(50, u'x') + u"\ny"_s).contains(u"<br/>"_s));
+    EXPECT_EQ(toolkit::PlainTip(QString()), QString());
+}
+
+TEST(Look, FocusShowsHoweverItCame) {
+    QWidget window;
+    auto* box = new QCheckBox(u"不限"_s, &window);
+    auto* button = new QPushButton(u"搜索"_s, &window);
+    button->move(0, 40);
+    window.resize(200, 100);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    box->setFocus(Qt::MouseFocusReason);
+    EXPECT_TRUE(HasColor(box->grab().toImage(), Colors::TextAccent()));
+    EXPECT_FALSE(HasColor(button->grab().toImage(), Colors::TextAccent()));
+    button->setFocus(Qt::MouseFocusReason);
+    EXPECT_FALSE(HasColor(box->grab().toImage(), Colors::TextAccent()));
+    EXPECT_TRUE(HasColor(button->grab().toImage(), Colors::TextAccent()));
+}
+
+TEST(Icons, EveryNameThatTheProgramUsesHasADrawing) {
+    for (const char* name :
+         {"edit",     "locate",  "preview", "download", "delete",       "first",      "previous",
+          "next",     "last",    "search",  "refresh",  "import",       "bin",        "restore",
+          "user",     "project", "console", "drawing",  "issue",        "log",        "plan",
+          "warning",  "error",   "info",    "close",    "show",         "hide",       "calendar",
+          "settings", "folder",  "play",    "stop",     "checkbox-off", "checkbox-on"}) {
+        const QIcon icon = toolkit::Icon(QLatin1String(name));
+        ASSERT_FALSE(icon.isNull()) << name;
+        const QImage image = icon.pixmap(16).toImage();
+        int painted = 0;
+        for (int index = 0; index < 256; ++index)
+            painted += image.pixelColor(index % 16, index / 16).alpha() > 100 ? 1 : 0;
+        EXPECT_GT(painted, 12) << name;
+    }
+    EXPECT_TRUE(toolkit::Icon(u"unknown"_s).isNull());
+}
+
+TEST(Icons, StateGivesTheColour) {
+    const QIcon icon = toolkit::Icon(u"stop"_s);
+    const auto middle = [&](QIcon::Mode mode) {
+        return icon.pixmap(QSize(16, 16), 1.0, mode).toImage().pixelColor(8, 8);
+    };
+    EXPECT_EQ(middle(QIcon::Normal), Colors::TextAccent());
+    EXPECT_EQ(middle(QIcon::Selected), Colors::TextAccent());
+    EXPECT_EQ(middle(QIcon::Active), Colors::Accent());
+    EXPECT_EQ(middle(QIcon::Disabled), QColor(0xA7, 0xB0, 0xBB));
+}
+
+TEST(Icons, DrawnSharpAtTwiceTheScale) {
+    const QPixmap pixmap = toolkit::Icon(u"edit"_s).pixmap(QSize(16, 16), 2.0);
+    EXPECT_EQ(pixmap.size(), QSize(32, 32));
+    EXPECT_EQ(pixmap.devicePixelRatio(), 2.0);
+    EXPECT_NE(pixmap.toImage(), toolkit::Icon(u"edit"_s)
+                                    .pixmap(QSize(16, 16), 1.0)
+                                    .toImage()
+                                    .scaled(32, 32, Qt::KeepAspectRatio));
+}
+
+} // namespace
