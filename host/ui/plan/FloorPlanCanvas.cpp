@@ -41,7 +41,7 @@ void FloorPlanCanvas::MakeCard() {
     lines->setSpacing(8);
     cardText = new QLabel(card);
     cardText->setTextFormat(Qt::PlainText);
-    cardButton = new QPushButton(toolkit::Icon(u"photos"_s), u"查看此处照片"_s, card);
+    cardButton = new QPushButton(toolkit::Icon(u"photo"_s), u"查看此处照片"_s, card);
     cardButton->setObjectName(u"planCardPhotos"_s);
     cardButton->setToolTip(u"在控制台中列出此轴线交点的照片（Enter）"_s);
     lines->addWidget(cardText);

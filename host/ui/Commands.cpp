@@ -1,0 +1,95 @@
+#include "host/ui/Commands.h"
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+const std::vector<CommandRow>& CommandTable() {
+    static const QString file = u"文件(&F)"_s;
+    static const QString console = u"控制台(&C)"_s;
+    static const QString view = u"视图(&V)"_s;
+    static const QString help = u"帮助(&H)"_s;
+    static const std::vector<CommandRow> rows = {
+        {Command::kImport, file, u"导入照片..."_s, u"import"_s, Qt::CTRL | Qt::Key_I,
+         u"把一个文件夹里的照片导入当前工程，也可以把文件夹拖到窗口上"_s, u"导入照片"_s, true},
+        {Command::kBin, file, u"回收站..."_s, u"bin"_s, Qt::CTRL | Qt::Key_B,
+         u"查看并恢复 30 天内删除的照片和问题"_s, u"回收站"_s},
+        {Command::kOpenFolder,
+         file,
+         u"打开数据文件夹"_s,
+         u"folder"_s,
+         {},
+         u"在文件管理器中打开数据文件夹"_s,
+         {},
+         true},
+        {Command::kQuit, file, u"退出"_s, {}, Qt::CTRL | Qt::Key_Q, u"结束客户端"_s, {}, true},
+        {Command::kBimConsole, console, u"BIM模型照片"_s, u"photo"_s, Qt::CTRL | Qt::Key_1,
+         u"在控制台中管理BIM模型照片"_s, u"BIM模型照片"_s, true},
+        {Command::kPdfConsole, console, u"图纸照片"_s, u"drawing"_s, Qt::CTRL | Qt::Key_2,
+         u"在控制台中管理平面图纸照片"_s, u"图纸照片"_s},
+        {Command::kIssueConsole, console, u"TN问题"_s, u"issue"_s, Qt::CTRL | Qt::Key_3,
+         u"在控制台中管理TN问题"_s, u"TN问题"_s},
+        {Command::kPlacePhotos,
+         console,
+         u"所选轴线交点的照片"_s,
+         u"locate"_s,
+         Qt::CTRL | Qt::Key_4,
+         u"只列出平面图中所选轴线交点的照片"_s,
+         {},
+         true},
+        {Command::kFloorIssues,
+         console,
+         u"本楼层的TN问题"_s,
+         u"plan"_s,
+         Qt::CTRL | Qt::Key_5,
+         u"只列出平面图中所示楼层的TN问题"_s,
+         {}},
+        {Command::kDrawingPhotos,
+         console,
+         u"当前图纸的照片"_s,
+         u"drawing"_s,
+         Qt::CTRL | Qt::Key_6,
+         u"只列出当前图纸的照片"_s,
+         {}},
+        {Command::kRefresh,
+         view,
+         u"刷新平面图"_s,
+         u"refresh"_s,
+         Qt::Key_F5,
+         u"重新读取楼层、轴网和照片数"_s,
+         {}},
+        {Command::kClearMessages,
+         view,
+         u"清除消息"_s,
+         u"close"_s,
+         Qt::CTRL | Qt::Key_M,
+         u"关闭消息栏中的所有消息"_s,
+         {}},
+        {Command::kKeys, help, u"快捷键"_s, u"info"_s, Qt::Key_F1, u"列出所有快捷键"_s, {}},
+        {Command::kAbout, help, u"关于"_s, {}, {}, u"版本与数据文件夹"_s, {}},
+    };
+    return rows;
+}
+
+QString TipWithKey(const CommandRow& row) {
+    return row.key.isEmpty()
+               ? row.tip
+               : u"%1（%2）"_s.arg(row.tip, row.key.toString(QKeySequence::NativeText));
+}
+
+QString KeysText() {
+    QString text;
+    for (const CommandRow& row : CommandTable()) {
+        if (!row.key.isEmpty())
+            text += u"%1\t%2\n"_s.arg(row.key.toString(QKeySequence::NativeText), row.text);
+    }
+    return text + uR"(Ctrl+L	显示或隐藏操作记录
+方向键	平面图：移到相邻的轴线交点
+空格	平面图：打开所选交点的卡片
+Enter	平面图：查看所选交点的照片
+PageUp / PageDown	平面图：切换楼层
+Esc	平面图：关闭卡片，放弃选择
+F5	控制台：重新读取当前页)"_s;
+}
+
+} // namespace host

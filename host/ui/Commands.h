@@ -1,0 +1,47 @@
+// What a person can ask of the client by menu, toolbar and key.
+#pragma once
+
+#include <QKeySequence>
+#include <QString>
+
+#include <vector>
+
+namespace host {
+
+enum class Command {
+    kImport,
+    kOpenFolder,
+    kQuit,
+    kBimConsole,
+    kPdfConsole,
+    kIssueConsole,
+    kPlacePhotos,   ///< photos of the chosen intersection
+    kFloorIssues,   ///< issues of the shown floor
+    kDrawingPhotos, ///< photos of the current drawing
+    kBin,
+    kRefresh,
+    kClearMessages,
+    kKeys,
+    kAbout,
+};
+
+/// One line of a menu, possibly with a button on the toolbar.
+struct CommandRow {
+    Command command;
+    QString menu; ///< title of the menu in which it stands
+    QString text;
+    QString icon; ///< may be empty
+    QKeySequence key;
+    QString tip;            ///< without the key
+    QString toolText;       ///< empty: not on the toolbar
+    bool afterLine = false; ///< a separating line stands before it, in menu and toolbar
+};
+
+/// All commands in the order of the menus.
+[[nodiscard]] const std::vector<CommandRow>& CommandTable();
+/// "tip（Ctrl+1）"; the tip alone without a key.
+[[nodiscard]] QString TipWithKey(const CommandRow& row);
+/// The keys of all commands and of the floor plan, for the help window; one a line.
+[[nodiscard]] QString KeysText();
+
+} // namespace host

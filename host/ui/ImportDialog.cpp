@@ -1,0 +1,160 @@
+#include "host/ui/ImportDialog.h"
+
+#include "host/ui/LocateText.h"
+#include "services/Factories.h"
+#include "services/IKXLocalCacheData.h"
+#include "services/IVeskPicMng.h"
+#include "toolkit/Icons.h"
+#include "toolkit/Look.h"
+#include "toolkit/Prompts.h"
+#include "toolkit/WindowRegistry.h"
+#include "ui_ImportDialog.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QPushButton>
+
+#include <map>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Keeps the entry that stands for nothing, with empty data, at the top.
+void Refill(QComboBox* combo, const std::vector<QString>& names, bool areFloors) {
+    combo->clear();
+    combo->addItem(u"不指定"_s, QString());
+    for (const QString& name : names)
+        combo->addItem(areFloors ? FloorCaption(name) : name, name);
+    combo->setEnabled(!names.empty());
+}
+
+QPixmap MarkSwatch(qint32 color) {
+    QPixmap swatch(12, 12);
+    swatch.fill(toolkit::ColorFromBgr(color));
+    return swatch;
+}
+
+} // namespace
+
+ImportDialog::ImportDialog(QWidget* parent, const QStringList& paths,
+                           const std::vector<ImportProject>& projects)
+    : QDialog(parent), form(std::make_unique<Ui::ImportDialog>()), dropped(paths) {
+    form->setupUi(this);
+    setObjectName(u"importDialog"_s);
+    form->noteLabel->setForegroundRole(QPalette::PlaceholderText);
+    for (const ImportProject& project : projects)
+        form->projectCombo->addItem(project.name, project.ppid);
+    if (dropped.size() == 1) {
+        form->pathsEdit->setText(QDir::toNativeSeparators(dropped.front()));
+        dropped.clear();
+    } else if (!dropped.isEmpty()) {
+        form->pathsEdit->setText(u"拖入的 %1 个文件和文件夹"_s.arg(dropped.size()));
+        form->pathsEdit->setToolTip(toolkit::PlainTip(dropped.join(u'\n')));
+        form->pathsEdit->setReadOnly(true);
+        form->browseButton->setEnabled(false);
+    }
+    QPushButton* ok = form->buttons->button(QDialogButtonBox::Ok);
+    ok->setObjectName(u"importStart"_s);
+    ok->setText(u"导入"_s);
+    ok->setToolTip(u"开始导入（Enter）"_s);
+    FillMarks();
+    FillFloors();
+    Validate();
+
+    connect(form->pathsEdit, &QLineEdit::textChanged, this, &ImportDialog::Validate);
+    connect(form->browseButton, &QPushButton::clicked, this, &ImportDialog::Browse);
+    connect(form->projectCombo, &QComboBox::activated, this, &ImportDialog::FillFloors);
+    connect(form->floorCombo, &QComboBox::activated, this, &ImportDialog::FillAxesX);
+    connect(form->axisXCombo, &QComboBox::activated, this, &ImportDialog::FillAxesY);
+    connect(form->axisYCombo, &QComboBox::activated, this, &ImportDialog::Validate);
+    connect(form->buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(form->buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+ImportDialog::~ImportDialog() = default;
+
+qint32 ImportDialog::Ppid() const {
+    return form->projectCombo->currentData().toInt();
+}
+
+QStringList ImportDialog::Paths() const {
+    if (!dropped.isEmpty())
+        return dropped;
+    const QString typed = form->pathsEdit->text().trimmed();
+    return typed.isEmpty() ? QStringList() : QStringList{QDir::fromNativeSeparators(typed)};
+}
+
+ImportChoice ImportDialog::Choice() const {
+    ImportChoice choice;
+    choice.paths = Paths();
+    choice.ppid = Ppid();
+    choice.floor = form->floorCombo->currentData().toString();
+    choice.axisX = form->axisXCombo->currentData().toString();
+    choice.axisY = form->axisYCombo->currentData().toString();
+    choice.markId = form->markCombo->currentData().toInt();
+    return choice;
+}
+
+void ImportDialog::FillMarks() {
+    form->markCombo->addItem(u"不指定"_s, 0);
+    std::map<qint32, KX_DATA::MarkRecord> marks;
+    GetKXLocalCacheData()->GetMarkTable(marks);
+    for (const auto& [markId, mark] : marks)
+        form->markCombo->addItem(MarkSwatch(mark.color), mark.name, markId);
+}
+
+void ImportDialog::FillFloors() {
+    std::vector<QString> floors;
+    GetVeskPicMng()->GetProjectFloors(Ppid(), floors);
+    Refill(form->floorCombo, floors, true);
+    FillAxesX();
+}
+
+void ImportDialog::FillAxesX() {
+    std::vector<QString> axes;
+    const QString floor = form->floorCombo->currentData().toString();
+    if (!floor.isEmpty())
+        GetVeskPicMng()->GetFloorAxesX(Ppid(), floor, axes);
+    Refill(form->axisXCombo, axes, false);
+    FillAxesY();
+}
+
+void ImportDialog::FillAxesY() {
+    std::vector<KX_DATA::AxisYEntry> entries;
+    const QString axisX = form->axisXCombo->currentData().toString();
+    if (!axisX.isEmpty())
+        GetVeskPicMng()->GetFloorAxesY(Ppid(), form->floorCombo->currentData().toString(), axisX,
+                                       entries);
+    std::vector<QString> axes;
+    for (const KX_DATA::AxisYEntry& entry : entries)
+        axes.push_back(entry.first);
+    Refill(form->axisYCombo, axes, false);
+    Validate();
+}
+
+void ImportDialog::Browse() {
+    const QString folder =
+        toolkit::Prompts().AskFolder(toolkit::WindowOf(parentWidget()), u"选择照片所在的文件夹"_s);
+    if (!folder.isEmpty())
+        form->pathsEdit->setText(QDir::toNativeSeparators(folder));
+}
+
+void ImportDialog::Validate() {
+    const QStringList paths = Paths();
+    const ImportChoice choice = Choice();
+    QString lack;
+    if (paths.isEmpty())
+        lack = u"请选择照片所在的文件夹。"_s;
+    else if (dropped.isEmpty() && !QFileInfo::exists(paths.front()))
+        lack = u"这个文件夹不存在。"_s;
+    else if (!choice.floor.isEmpty() && (choice.axisX.isEmpty() || choice.axisY.isEmpty()))
+        lack = u"指定了楼层，请同时选择X轴和Y轴。"_s;
+    QPushButton* ok = form->buttons->button(QDialogButtonBox::Ok);
+    ok->setEnabled(lack.isEmpty());
+    ok->setToolTip(lack.isEmpty() ? u"开始导入（Enter）"_s : lack);
+}
+
+} // namespace host

@@ -1,0 +1,251 @@
+#include "host/ui/MainWindow.h"
+
+#include "host/ui/ActionLogDock.h"
+#include "host/ui/MessageBar.h"
+#include "host/ui/plan/FloorPlanPane.h"
+#include "include/KXEvents.h"
+#include "toolkit/Icons.h"
+#include "toolkit/Look.h"
+
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What a drop holds as paths on this machine.
+QStringList LocalPaths(const QMimeData* data) {
+    QStringList paths;
+    const QList<QUrl> urls = data->urls();
+    for (const QUrl& url : urls) {
+        if (url.isLocalFile())
+            paths << url.toLocalFile();
+    }
+    return paths;
+}
+
+} // namespace
+
+MainWindow::MainWindow() {
+    setObjectName(u"mainWindow"_s);
+    setWindowTitle(QApplication::applicationDisplayName());
+    setWindowIcon(toolkit::Icon(u"console"_s));
+    setAcceptDrops(true);
+    resize(1280, 820);
+    MakeCentre();
+    MakeMenus();
+    MakeToolbar();
+    MakeStatusBar();
+    id = toolkit::RegisterWindow(
+        this, [this](const toolkit::WindowEvent& event) { return OnNumberedEvent(event); });
+    toolkit::SetMainWindow(id);
+}
+
+MainWindow::~MainWindow() {
+    toolkit::UnregisterWindow(id);
+}
+
+void MainWindow::MakeCentre() {
+    auto* centre = new QWidget(this);
+    auto* lines = new QVBoxLayout(centre);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->setSpacing(0);
+    messages = new MessageBar(centre);
+    plan = new FloorPlanPane(centre);
+    lines->addWidget(messages);
+    lines->addWidget(plan, 1);
+    setCentralWidget(centre);
+    actionLog = new ActionLogDock(this);
+    addDockWidget(Qt::BottomDockWidgetArea, actionLog);
+    resizeDocks({actionLog}, {168}, Qt::Vertical);
+}
+
+QMenu* MainWindow::MenuNamed(const QString& title) {
+    QMenu*& menu = menus[title];
+    if (menu == nullptr) {
+        menu = menuBar()->addMenu(title);
+        menu->setToolTipsVisible(true);
+    }
+    return menu;
+}
+
+void MainWindow::MakeMenus() {
+    for (const CommandRow& row : CommandTable()) {
+        QMenu* menu = MenuNamed(row.menu);
+        if (row.afterLine && !menu->isEmpty())
+            menu->addSeparator();
+        auto* action = new QAction(row.text, this);
+        if (!row.icon.isEmpty())
+            action->setIcon(toolkit::Icon(row.icon));
+        action->setShortcut(row.key);
+        action->setToolTip(TipWithKey(row));
+        connect(action, &QAction::triggered, this,
+                [this, command = row.command] { emit CommandGiven(command); });
+        menu->addAction(action);
+        actions[row.command] = action;
+    }
+    drawings = new QActionGroup(this);
+    drawingMenu = new QMenu(u"当前图纸"_s, this);
+    drawingMenu->setObjectName(u"drawingMenu"_s);
+    MenuNamed(u"控制台(&C)"_s)->addMenu(drawingMenu);
+    connect(drawings, &QActionGroup::triggered, this,
+            [this](const QAction* action) { emit DrawingChosen(action->data().toInt()); });
+    SetDrawings({}, -1);
+
+    QMenu* view = MenuNamed(u"视图(&V)"_s);
+    view->addSeparator();
+    QAction* showLog = actionLog->toggleViewAction();
+    showLog->setIcon(toolkit::Icon(u"log"_s));
+    showLog->setShortcut(Qt::CTRL | Qt::Key_L);
+    showLog->setToolTip(u"显示或隐藏操作记录（Ctrl+L）"_s);
+    view->addAction(showLog);
+}
+
+void MainWindow::MakeToolbar() {
+    auto* bar = addToolBar(u"工具栏"_s);
+    bar->setObjectName(u"mainToolbar"_s);
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->toggleViewAction()->setEnabled(false);
+    auto* caption = new QLabel(u"工程："_s, bar);
+    caption->setContentsMargins(8, 0, 4, 0);
+    projectCombo = new QComboBox(bar);
+    projectCombo->setObjectName(u"projectChoice"_s);
+    projectCombo->setAccessibleName(u"工程或工作集"_s);
+    projectCombo->setMinimumContentsLength(16);
+    projectCombo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    caption->setBuddy(projectCombo);
+    bar->addWidget(caption);
+    bar->addWidget(projectCombo);
+    connect(projectCombo, &QComboBox::activated, this, &MainWindow::ProjectChosen);
+
+    for (const Command command : {Command::kBimConsole, Command::kPdfConsole,
+                                  Command::kIssueConsole, Command::kImport, Command::kBin}) {
+        if (command == Command::kBimConsole || command == Command::kImport)
+            bar->addSeparator();
+        QAction* action = actions[command];
+        for (const CommandRow& row : CommandTable()) {
+            if (row.command == command)
+                action->setIconText(row.toolText);
+        }
+        bar->addAction(action);
+    }
+    auto* stretch = new QWidget(bar);
+    stretch->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(stretch);
+    auto* userIcon = new QLabel(bar);
+    userIcon->setPixmap(toolkit::Icon(u"user"_s).pixmap(16, 16));
+    userLabel = new QLabel(bar);
+    userLabel->setObjectName(u"userName"_s);
+    userLabel->setTextFormat(Qt::PlainText);
+    userLabel->setContentsMargins(4, 0, 12, 0);
+    bar->addWidget(userIcon);
+    bar->addWidget(userLabel);
+}
+
+void MainWindow::MakeStatusBar() {
+    folderLabel = new QLabel(this);
+    folderLabel->setObjectName(u"dataFolder"_s);
+    folderLabel->setTextFormat(Qt::PlainText);
+    folderLabel->setForegroundRole(QPalette::PlaceholderText);
+    folderLabel->setContentsMargins(8, 0, 8, 0);
+    statusBar()->setObjectName(u"mainStatus"_s);
+    statusBar()->addPermanentWidget(folderLabel);
+}
+
+void MainWindow::SetProjects(const QStringList& names, int current) {
+    projectCombo->clear();
+    projectCombo->addItems(names);
+    projectCombo->setCurrentIndex(current);
+    projectCombo->setPlaceholderText(names.isEmpty() ? u"没有工程"_s : u"请选择工程"_s);
+    const QString name = names.value(current);
+    projectCombo->setToolTip(toolkit::PlainTip(u"当前工程或工作集：%1"_s.arg(name)));
+    setWindowTitle(name.isEmpty() ? QApplication::applicationDisplayName()
+                                  : u"%1 - %2"_s.arg(name, QApplication::applicationDisplayName()));
+}
+
+void MainWindow::SetDrawings(const QStringList& names, int current) {
+    drawingMenu->clear();
+    for (int at = 0; at < int(names.size()); ++at) {
+        QString text = names[at];
+        QAction* action = drawingMenu->addAction(text.replace(u'&', u"&&"_s));
+        action->setCheckable(true);
+        action->setChecked(at == current);
+        action->setData(at);
+        drawings->addAction(action);
+    }
+    drawingMenu->setEnabled(!names.isEmpty());
+}
+
+void MainWindow::SetUserName(const QString& name) {
+    userLabel->setText(name);
+    userLabel->setToolTip(toolkit::PlainTip(u"当前用户：%1"_s.arg(name)));
+}
+
+void MainWindow::SetDataFolder(const QString& folder) {
+    const QString path = QDir::toNativeSeparators(folder);
+    folderLabel->setText(
+        folderLabel->fontMetrics().elidedText(u"数据文件夹：%1"_s.arg(path), Qt::ElideMiddle, 480));
+    folderLabel->setToolTip(toolkit::PlainTip(path));
+}
+
+void MainWindow::SetEnabled(Command command, bool enabled) {
+    actions[command]->setEnabled(enabled);
+}
+
+void MainWindow::ShowStatus(const QString& text) {
+    statusBar()->showMessage(text);
+}
+
+qintptr MainWindow::OnNumberedEvent(const toolkit::WindowEvent& event) {
+    using namespace ZelvorNRQ_KXVeskPicture;
+    if (event.number != WM_VESK_PIC_LOCATE)
+        return 0;
+    if (event.first == 3)
+        emit DrawingLocated(int(event.second));
+    else if (event.first == 0 && event.second != 0)
+        emit PhotoLocated(*reinterpret_cast<const QString*>(event.second));
+    return 1;
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    emit Closing();
+    event->accept();
+}
+
+bool MainWindow::event(QEvent* event) {
+    // Another project under a dialog of the module would pull its data from under it.
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)
+        projectCombo->setEnabled(event->type() == QEvent::WindowUnblocked);
+    return QMainWindow::event(event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (QApplication::activeModalWidget() == nullptr && !LocalPaths(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QStringList paths = LocalPaths(event->mimeData());
+    if (paths.isEmpty() || QApplication::activeModalWidget() != nullptr)
+        return;
+    event->acceptProposedAction();
+    emit PathsDropped(paths);
+}
+
+} // namespace host

@@ -1,0 +1,87 @@
+// The client's main window.
+#pragma once
+
+#include "host/ui/Commands.h"
+#include "host/ui/MessageList.h"
+#include "toolkit/WindowRegistry.h"
+
+#include <QMainWindow>
+
+#include <map>
+
+class QActionGroup;
+class QComboBox;
+class QLabel;
+class QMenu;
+
+namespace host {
+
+class ActionLogDock;
+class FloorPlanPane;
+class MessageBar;
+
+/// Frame of the client: menus, toolbar with the choice of project and the user's name, messages,
+/// floor plan, action log, status bar. It tells what the person wants by signals and doesn't know
+/// the services or the module. Lives on the interface thread, owned by the client.
+class MainWindow final : public QMainWindow {
+    Q_OBJECT
+
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /// Id in the registry of windows; the toolkit knows it as the main window.
+    [[nodiscard]] toolkit::WindowId Id() const { return id; }
+    [[nodiscard]] FloorPlanPane& Plan() const { return *plan; }
+    [[nodiscard]] ActionLogDock& ActionLog() const { return *actionLog; }
+    [[nodiscard]] MessageBar& Messages() const { return *messages; }
+
+    /// Entries of the choice of project; `current` -1: none is open. Sends no signal.
+    void SetProjects(const QStringList& names, int current);
+    /// Entries of the menu of drawings; `current` -1: none. Sends no signal.
+    void SetDrawings(const QStringList& names, int current);
+    void SetUserName(const QString& name);
+    void SetDataFolder(const QString& folder);
+    void SetEnabled(Command command, bool enabled);
+    void ShowStatus(const QString& text);
+
+signals:
+    void CommandGiven(host::Command command);
+    /// The person took another entry of the choice of project.
+    void ProjectChosen(int index);
+    void DrawingChosen(int index);
+    /// Files and folders were dropped on the window.
+    void PathsDropped(const QStringList& paths);
+    /// A lookup in the console: text floor-mark-picture.
+    void PhotoLocated(const QString& text);
+    void DrawingLocated(int drawingId);
+    void Closing();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool event(QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void MakeMenus();
+    void MakeToolbar();
+    void MakeCentre();
+    void MakeStatusBar();
+    QMenu* MenuNamed(const QString& title);
+    qintptr OnNumberedEvent(const toolkit::WindowEvent& event);
+
+    toolkit::WindowId id = toolkit::kNoWindow;
+    FloorPlanPane* plan = nullptr;
+    ActionLogDock* actionLog = nullptr;
+    MessageBar* messages = nullptr;
+    QComboBox* projectCombo = nullptr;
+    QLabel* userLabel = nullptr;
+    QLabel* folderLabel = nullptr;
+    QMenu* drawingMenu = nullptr;
+    QActionGroup* drawings = nullptr;
+    std::map<QString, QMenu*> menus;
+    std::map<Command, QAction*> actions;
+};
+
+} // namespace host
