@@ -27,10 +27,10 @@ BinWindow::BinWindow(QWidget* parent, IBinSource& binSource) : QDialog(parent), 
     table->setModel(model);
     table->SetHint(
         u"回收站是空的。\n在控制台中删除的照片和问题会在这里保留 30 天，期间可以恢复。"_s);
-    const QList<int> widths = {90, 250, 150, 90, 130};
+    const QList<int> widths = {96, 240, 160, 96, 136, 80};
     for (int column = 0; column < widths.size(); ++column)
         table->setColumnWidth(column, widths[column]);
-    table->horizontalHeader()->setStretchLastSection(true);
+    table->horizontalHeader()->setSectionResizeMode(BinModel::kName, QHeaderView::Stretch);
 
     summary = new QLabel(this);
     summary->setObjectName(u"binSummary"_s);

@@ -17,6 +17,7 @@ HintTable::HintTable(QWidget* parent) : QTableView(parent) {
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setFixedHeight(fontMetrics().height() + 12);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
 }
 

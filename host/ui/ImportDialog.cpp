@@ -45,6 +45,7 @@ ImportDialog::ImportDialog(QWidget* parent, const QStringList& paths,
     form->setupUi(this);
     setObjectName(u"importDialog"_s);
     form->noteLabel->setForegroundRole(QPalette::PlaceholderText);
+    note = form->noteLabel->text();
     for (const ImportProject& project : projects)
         form->projectCombo->addItem(project.name, project.ppid);
     if (dropped.size() == 1) {
@@ -155,6 +156,7 @@ void ImportDialog::Validate() {
     QPushButton* ok = form->buttons->button(QDialogButtonBox::Ok);
     ok->setEnabled(lack.isEmpty());
     ok->setToolTip(lack.isEmpty() ? u"开始导入（Enter）"_s : lack);
+    form->noteLabel->setText(lack.isEmpty() || paths.isEmpty() ? note : lack);
 }
 
 } // namespace host

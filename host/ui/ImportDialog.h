@@ -55,6 +55,7 @@ private:
 
     std::unique_ptr<Ui::ImportDialog> form;
     QStringList dropped;
+    QString note; ///< what the dialog says while nothing is amiss
 };
 
 } // namespace host

@@ -87,10 +87,11 @@ QWidget* MessageBar::MakeLine(int at) {
     line->setStyleSheet(u"QFrame#messageLine { background: %1; border-left: 4px solid %2; }"_s.arg(
         QColor(look.background).name(), QColor(look.stripe).name()));
     auto* row = new QHBoxLayout(line);
-    row->setContentsMargins(12, 4, 8, 4);
+    row->setContentsMargins(12, 2, 8, 2);
     row->setSpacing(8);
 
     auto* sign = new QLabel(line);
+    sign->setContentsMargins(0, 4, 0, 0);
     const QIcon icon = toolkit::Icon(look.icon);
     if (icon.isNull())
         sign->setText(look.name);
@@ -101,6 +102,7 @@ QWidget* MessageBar::MakeLine(int at) {
     text->setTextFormat(Qt::PlainText);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setWordWrap(true);
+    text->setContentsMargins(0, 4, 0, 4);
     text->setAccessibleName(look.name);
     auto* copy = MakeButton(line, u"messageCopy"_s, u"copy"_s, u"复制这条消息"_s);
     auto* close = MakeButton(line, u"messageClose"_s, u"close"_s, u"关闭这条消息"_s);

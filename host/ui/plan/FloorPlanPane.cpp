@@ -20,11 +20,12 @@ FloorPlanPane::FloorPlanPane(QWidget* parent) : QWidget(parent) {
     floors->setToolTip(u"楼层（在平面图中按 PageUp、PageDown 切换）"_s);
     floors->setFrameShape(QFrame::NoFrame);
     auto* caption = new QLabel(u"楼层"_s, this);
-    caption->setContentsMargins(12, 8, 12, 4);
+    caption->setContentsMargins(4, 8, 8, 4);
     caption->setBuddy(floors);
     canvas = new FloorPlanCanvas(this);
 
     auto* left = new QVBoxLayout;
+    left->setContentsMargins(8, 0, 0, 8);
     left->setSpacing(0);
     left->addWidget(caption);
     left->addWidget(floors, 1);
@@ -57,6 +58,7 @@ void FloorPlanPane::FillFloors() {
                                           : FloorCaption(floor.name),
                                 floors);
         item->setToolTip(u"%1 张照片"_s.arg(count));
+        item->setSizeHint(QSize(0, floors->fontMetrics().height() + 12));
     }
     floors->setCurrentRow(canvas->State().floor);
 }
