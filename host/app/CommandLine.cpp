@@ -57,16 +57,15 @@ bool TakeOption(const QString& name, const QString& value, CommandLine& line) {
     return line.error.isEmpty();
 }
 
-/// The import has options of its own; of them only the data folder is the client's.
+/// The import has options of its own; of them only data folder and sample are the client's.
 CommandLine ParseImport(const QStringList& words) {
     CommandLine line;
     line.road = Road::kImport;
     for (qsizetype at = 1; at < words.size(); ++at) {
-        if (words[at].section(u'=', 0, 0) != u"--data"_s) {
+        const QString name = words[at].section(u'=', 0, 0);
+        if (name != u"--data"_s && name != u"--sample"_s)
             line.importWords << words[at];
-            continue;
-        }
-        if (!TakeOption(u"--data"_s, TakeValue(words, at).value_or(QString()), line))
+        else if (!TakeOption(name, TakeValue(words, at).value_or(QString()), line))
             return line;
     }
     return line;

@@ -23,7 +23,7 @@ struct CommandLine {
     SampleSize sample = SampleSize::kFull;
     QString tourFolder;
     int tourScale = 1;       ///< device pixels for each pixel, 1 to 4
-    QStringList importWords; ///< what stands behind "import", --data left out
+    QStringList importWords; ///< what stands behind "import", without --data and --sample
     QString error;           ///< Chinese; empty: nothing to complain of
 };
 

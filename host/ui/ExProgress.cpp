@@ -34,8 +34,10 @@ void ExProgress::SetRange(qint32 count) {
 }
 
 void ExProgress::SetPos(qint32 done) {
-    if (window)
-        window->Report(done, range);
+    if (!window)
+        return;
+    window->Report(done, range);
+    window->LetThrough();
 }
 
 } // namespace host

@@ -23,12 +23,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Keeps the entry that stands for nothing, with empty data, at the top.
-void Refill(QComboBox* combo, const std::vector<QString>& names, bool areFloors) {
+void Refill(QComboBox* combo, const std::vector<std::pair<QString, QString>>& namesAndData) {
     combo->clear();
     combo->addItem(u"不指定"_s, QString());
-    for (const QString& name : names)
-        combo->addItem(areFloors ? FloorCaption(name) : name, name);
-    combo->setEnabled(!names.empty());
+    for (const auto& [name, data] : namesAndData)
+        combo->addItem(name, data);
+    combo->setEnabled(!namesAndData.empty());
 }
 
 QPixmap MarkSwatch(qint32 color) {
@@ -92,9 +92,7 @@ ImportChoice ImportDialog::Choice() const {
     ImportChoice choice;
     choice.paths = Paths();
     choice.ppid = Ppid();
-    choice.floor = form->floorCombo->currentData().toString();
-    choice.axisX = form->axisXCombo->currentData().toString();
-    choice.axisY = form->axisYCombo->currentData().toString();
+    choice.positionKey = form->axisYCombo->currentData().toString();
     choice.markId = form->markCombo->currentData().toInt();
     return choice;
 }
@@ -110,7 +108,10 @@ void ImportDialog::FillMarks() {
 void ImportDialog::FillFloors() {
     std::vector<QString> floors;
     GetVeskPicMng()->GetProjectFloors(Ppid(), floors);
-    Refill(form->floorCombo, floors, true);
+    std::vector<std::pair<QString, QString>> entries;
+    for (const QString& floor : floors)
+        entries.emplace_back(FloorCaption(floor), floor);
+    Refill(form->floorCombo, entries);
     FillAxesX();
 }
 
@@ -119,7 +120,10 @@ void ImportDialog::FillAxesX() {
     const QString floor = form->floorCombo->currentData().toString();
     if (!floor.isEmpty())
         GetVeskPicMng()->GetFloorAxesX(Ppid(), floor, axes);
-    Refill(form->axisXCombo, axes, false);
+    std::vector<std::pair<QString, QString>> entries;
+    for (const QString& axis : axes)
+        entries.emplace_back(axis, axis);
+    Refill(form->axisXCombo, entries);
     FillAxesY();
 }
 
@@ -129,10 +133,7 @@ void ImportDialog::FillAxesY() {
     if (!axisX.isEmpty())
         GetVeskPicMng()->GetFloorAxesY(Ppid(), form->floorCombo->currentData().toString(), axisX,
                                        entries);
-    std::vector<QString> axes;
-    for (const KX_DATA::AxisYEntry& entry : entries)
-        axes.push_back(entry.first);
-    Refill(form->axisYCombo, axes, false);
+    Refill(form->axisYCombo, entries);
     Validate();
 }
 
@@ -143,20 +144,23 @@ void ImportDialog::Browse() {
         form->pathsEdit->setText(QDir::toNativeSeparators(folder));
 }
 
-void ImportDialog::Validate() {
+QString ImportDialog::Lack() const {
     const QStringList paths = Paths();
-    const ImportChoice choice = Choice();
-    QString lack;
     if (paths.isEmpty())
-        lack = u"请选择照片所在的文件夹。"_s;
-    else if (dropped.isEmpty() && !QFileInfo::exists(paths.front()))
-        lack = u"这个文件夹不存在。"_s;
-    else if (!choice.floor.isEmpty() && (choice.axisX.isEmpty() || choice.axisY.isEmpty()))
-        lack = u"指定了楼层，请同时选择X轴和Y轴。"_s;
+        return u"请选择照片所在的文件夹。"_s;
+    if (dropped.isEmpty() && !QFileInfo::exists(paths.front()))
+        return u"这个文件夹不存在。"_s;
+    if (form->floorCombo->currentIndex() > 0 && form->axisYCombo->currentIndex() <= 0)
+        return u"指定了楼层，请同时选择X轴和Y轴。"_s;
+    return {};
+}
+
+void ImportDialog::Validate() {
+    const QString lack = Lack();
     QPushButton* ok = form->buttons->button(QDialogButtonBox::Ok);
     ok->setEnabled(lack.isEmpty());
     ok->setToolTip(lack.isEmpty() ? u"开始导入（Enter）"_s : lack);
-    form->noteLabel->setText(lack.isEmpty() || paths.isEmpty() ? note : lack);
+    form->noteLabel->setText(lack.isEmpty() || Paths().isEmpty() ? note : lack);
 }
 
 } // namespace host

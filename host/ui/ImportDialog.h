@@ -13,14 +13,12 @@ class ImportDialog;
 
 namespace host {
 
-/// What the person chose. Without a floor the photos get no position.
+/// What the person chose.
 struct ImportChoice {
     QStringList paths;
     qint32 ppid = 0;
-    QString floor;
-    QString axisX;
-    QString axisY;
-    qint32 markId = 0;
+    QString positionKey; ///< empty: the photos get no position
+    qint32 markId = 0;   ///< 0: none
 };
 
 /// One entry of the dialog's lists.
@@ -51,6 +49,7 @@ private:
     void Browse();
     void Validate();
     [[nodiscard]] qint32 Ppid() const;
+    [[nodiscard]] QString Lack() const;
     [[nodiscard]] QStringList Paths() const;
 
     std::unique_ptr<Ui::ImportDialog> form;

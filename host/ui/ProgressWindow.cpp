@@ -67,6 +67,9 @@ void ProgressWindow::Report(int done, int total) {
                         : done > 0 ? QString::number(done)
                                    : QString());
     ShowIfDue();
+}
+
+void ProgressWindow::LetThrough() {
     if (!isVisible())
         return;
     QCoreApplication::processEvents(cancelButton->isHidden() ? QEventLoop::ExcludeUserInputEvents

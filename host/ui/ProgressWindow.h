@@ -25,9 +25,11 @@ public:
     /// Starts to count the time. A window that blocks its parent from Begin to End.
     void Begin(int delayMs = kDelayMs);
     void SetText(const QString& text);
-    /// `total` 0: unknown, the bar then only moves. Lets the window paint, also where the work
-    /// holds the interface thread.
+    /// `total` 0: unknown, the bar then only moves.
     void Report(int done, int total);
+    /// For work that holds the interface thread: lets this window paint and be cancelled. Work that
+    /// goes by events must not call it, or its next piece would begin inside this one.
+    void LetThrough();
     void End();
     [[nodiscard]] bool IsCancelled() const { return cancelled; }
 

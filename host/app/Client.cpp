@@ -1,0 +1,217 @@
+#include "host/app/Client.h"
+
+#include "host/app/Faults.h"
+#include "host/app/ImportFlow.h"
+#include "host/app/PlanReader.h"
+#include "host/ui/ActionLogDock.h"
+#include "host/ui/ActionLogModel.h"
+#include "host/ui/LocateText.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/MessageBar.h"
+#include "host/ui/plan/FloorPlanCanvas.h"
+#include "host/ui/plan/FloorPlanPane.h"
+#include "host/ui/plan/FloorPlanView.h"
+#include "include/IKXVeskPicture.h"
+
+#include <QApplication>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+Client::Client(HostSession& hostSession) : session(hostSession), binSource(hostSession) {}
+
+Client::~Client() {
+    Stop();
+}
+
+std::optional<QString> Client::Start(const QString& moduleFolder) {
+    window = std::make_unique<MainWindow>();
+    view = std::make_unique<FloorPlanView>(window->Plan());
+    imports = std::make_unique<ImportFlow>(session, *window);
+    session.view = view.get();
+    session.progress = &progress;
+    ConnectWindow();
+    ConnectSession();
+    ConnectSink();
+    if (auto lack = module.Load(moduleFolder))
+        return lack;
+    module.Pictures()->SetPicSink(&sink);
+    module.Pictures()->SetIssueEditSink(&sink);
+    module.Pictures()->AttachObservers(&hub);
+    window->SetUserName(session.UserName());
+    window->SetDataFolder(session.Folder()->Path());
+    window->show();
+    OpenRemembered();
+    return std::nullopt;
+}
+
+void Client::Stop() {
+    if (!window)
+        return;
+    imports.reset();
+    // The observers shut the module's windows before the main window takes them along.
+    hub.TellProjectChange();
+    hub.Clear();
+    delete binWindow;
+    progress.Close();
+    session.view = nullptr;
+    session.progress = nullptr;
+    session.SetMessageSink({});
+    session.SetActionSink({});
+    window->disconnect(this);
+    window->hide();
+    if (module.Pictures() != nullptr) {
+        module.Pictures()->SetPicSink(nullptr);
+        module.Pictures()->SetIssueEditSink(nullptr);
+    }
+    view.reset();
+    window.reset();
+    module.Unload();
+}
+
+void Client::ConnectWindow() {
+    connect(window.get(), &MainWindow::CommandGiven, this, &Client::Obey);
+    connect(window.get(), &MainWindow::ProjectChosen, this, &Client::TakeProject);
+    connect(window.get(), &MainWindow::DrawingChosen, this, &Client::TakeDrawing);
+    connect(window.get(), &MainWindow::PhotoLocated, this, &Client::OnPhotoLocated);
+    connect(window.get(), &MainWindow::DrawingLocated, this,
+            [this](int pointId) { window->ShowStatus(u"定位图纸上的检查点 %1"_s.arg(pointId)); });
+    connect(window.get(), &MainWindow::PathsDropped, imports.get(), &ImportFlow::Ask);
+    connect(window.get(), &MainWindow::Closing, qApp, &QApplication::quit);
+    connect(imports.get(), &ImportFlow::Imported, this, &Client::ReadPlan);
+    FloorPlanCanvas& canvas = window->Plan().Canvas();
+    connect(&canvas, &FloorPlanCanvas::PhotosWanted, this, &Client::ShowPhotosAt);
+    connect(&canvas, &FloorPlanCanvas::ChoiceChanged, this, &Client::EnableCommands);
+    connect(&canvas, &FloorPlanCanvas::FloorChanged, this, &Client::EnableCommands);
+}
+
+void Client::ConnectSession() {
+    session.SetMessageSink([this](MessageLevel level, const QString& text) {
+        // Transfers report from their own threads.
+        QMetaObject::invokeMethod(window.get(), [this, level, text] {
+            window->Messages().Show(static_cast<MessageKind>(level), text);
+        });
+    });
+    session.SetActionSink([this](const LoggedAction& action) {
+        window->ActionLog().Model().Add({action.at, action.person, action.action});
+    });
+    WithoutFault(session, [this] {
+        std::vector<ActionLogEntry> entries;
+        for (const LoggedAction& action : session.Tables().Actions(ActionLogModel::kMost))
+            entries.push_back({action.at, action.person, action.action});
+        window->ActionLog().Model().SetEntries(entries);
+    });
+}
+
+void Client::ConnectSink() {
+    const auto refresh = [this](const QString& what) {
+        window->ShowStatus(u"已刷新%1标识"_s.arg(what));
+        ReadPlan();
+    };
+    connect(&sink, &PictureSink::BimMarksChanged, this, [=] { refresh(u"照片"_s); });
+    connect(&sink, &PictureSink::IssueMarksChanged, this, [=] { refresh(u"问题"_s); });
+    connect(&sink, &PictureSink::PdfMarksChanged, this, [=] { refresh(u"图纸"_s); });
+    connect(&sink, &PictureSink::DrawingWanted, this, &Client::BringUpDrawing);
+    connect(&sink, &PictureSink::MarkWanted, this,
+            [this](const QString& floor, qint32 markId, qint32 picId) {
+                OnPhotoLocated(u"%1-%2-%3"_s.arg(floor).arg(markId).arg(picId));
+            });
+}
+
+void Client::OnPhotoLocated(const QString& text) {
+    const auto target = ParseLocateText(text);
+    window->ShowStatus(target ? u"定位照片 %1：%2，标识 %3"_s.arg(target->picId)
+                                    .arg(FloorCaption(target->floor))
+                                    .arg(target->markId)
+                              : u"无法识别的定位请求：%1"_s.arg(text));
+}
+
+void Client::OpenRemembered() {
+    ReadProjects();
+    WithoutFault(session, [this] {
+        const int remembered = RememberedChoice(session, choices);
+        if (remembered >= 0)
+            TakeChoice(session, choices[remembered]);
+    });
+    ProjectChanged();
+}
+
+void Client::ReadProjects() {
+    WithoutFault(session, [this] { choices = ReadProjectChoices(session); });
+}
+
+void Client::TakeProject(int index) {
+    if (index < 0 || index >= int(choices.size()) || index == OpenChoice(session, choices))
+        return;
+    WithoutFault(session, [&] { TakeChoice(session, choices[index]); });
+    ProjectChanged();
+}
+
+void Client::ProjectChanged() {
+    hub.TellProjectChange();
+    QStringList names;
+    for (const ProjectChoice& choice : choices)
+        names << choice.text;
+    window->SetProjects(names, OpenChoice(session, choices));
+    ReadDrawings();
+    ReadPlan();
+    window->ShowStatus(session.CurrentProject().ppid == 0 ? u"没有打开的工程"_s : u"就绪"_s);
+}
+
+void Client::ReadDrawings() {
+    drawings.clear();
+    WithoutFault(session, [this] {
+        if (session.CurrentProject().ppid != 0)
+            drawings = session.Tables().Drawings(session.CurrentProject().ppid);
+    });
+    if (!drawings.empty() && session.Drawing().drawingId < 0)
+        session.SetDrawing(drawings.front());
+    ShowDrawings();
+}
+
+void Client::ShowDrawings() {
+    QStringList names;
+    int current = -1;
+    for (const KX_DATA::CurrentDrawing& drawing : drawings) {
+        if (drawing.drawingId == session.Drawing().drawingId)
+            current = int(names.size());
+        names << drawing.drawingName;
+    }
+    window->SetDrawings(names, current);
+    EnableCommands();
+}
+
+void Client::TakeDrawing(int index) {
+    if (index < 0 || index >= int(drawings.size()))
+        return;
+    session.SetDrawing(drawings[index]);
+    ShowDrawings();
+    window->ShowStatus(u"当前图纸：%1"_s.arg(drawings[index].drawingName));
+}
+
+void Client::BringUpDrawing(qint32 drawingId) {
+    for (int at = 0; at < int(drawings.size()); ++at) {
+        if (drawings[at].drawingId == drawingId)
+            TakeDrawing(at);
+    }
+}
+
+void Client::ReadPlan() {
+    const ProjectEntry& project = session.CurrentProject();
+    window->Plan().SetModel(ReadFloorPlan(project.ppid, project.name));
+    EnableCommands();
+}
+
+void Client::EnableCommands() {
+    const bool hasProject = session.CurrentProject().ppid != 0;
+    const PlanIntersection* chosen = window->Plan().Canvas().Chosen();
+    for (const Command command : {Command::kBimConsole, Command::kPdfConsole,
+                                  Command::kIssueConsole, Command::kImport, Command::kRefresh})
+        window->SetEnabled(command, hasProject);
+    window->SetEnabled(Command::kPlacePhotos, chosen != nullptr);
+    window->SetEnabled(Command::kFloorIssues, !window->Plan().CurrentFloor().isEmpty());
+    window->SetEnabled(Command::kDrawingPhotos, session.Drawing().drawingId >= 0);
+}
+
+} // namespace host

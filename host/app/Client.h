@@ -1,0 +1,79 @@
+// The client at work: session, windows and module held together.
+#pragma once
+
+#include "host/app/ModuleLoader.h"
+#include "host/app/ProjectChoices.h"
+#include "host/app/SessionBin.h"
+#include "host/ui/Commands.h"
+#include "host/ui/ExProgress.h"
+#include "host/ui/ObserverHub.h"
+#include "host/ui/PictureSink.h"
+#include "services/DrawingRecords.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+#include <optional>
+
+namespace host {
+
+class FloorPlanView;
+class HostSession;
+class ImportFlow;
+class MainWindow;
+
+/// Makes the main window over a session whose folder is open and whose user is signed in, loads the
+/// module and carries orders from one to the other. Start and Stop keep the order in which things
+/// depend on each other. Thread: user interface.
+class Client final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The session must outlive the client.
+    explicit Client(HostSession& hostSession);
+    ~Client() override;
+
+    /// @param moduleFolder  where the module's library lies.
+    /// @return              Chinese, why the client can't work; nothing on success.
+    [[nodiscard]] std::optional<QString> Start(const QString& moduleFolder);
+    /// Closes the windows and unloads the module. Does nothing the second time.
+    void Stop();
+
+    [[nodiscard]] MainWindow* Window() const { return window.get(); }
+
+private:
+    void ConnectWindow();
+    void ConnectSession();
+    void ConnectSink();
+    void Obey(Command command);
+    void ObeyHost(Command command);
+    void ShowBin();
+    void ShowPhotosAt(const QString& positionKey);
+    void OnPhotoLocated(const QString& text);
+    void OpenRemembered();
+    void ReadProjects();
+    void TakeProject(int index);
+    void ProjectChanged();
+    void ReadDrawings();
+    void ShowDrawings();
+    void TakeDrawing(int index);
+    void BringUpDrawing(qint32 drawingId);
+    void ReadPlan();
+    void EnableCommands();
+
+    HostSession& session;
+    SessionBin binSource;
+    ExProgress progress;
+    PictureSink sink;
+    ObserverHub hub;
+    ModuleLoader module;
+    std::unique_ptr<MainWindow> window;
+    std::unique_ptr<FloorPlanView> view;
+    std::unique_ptr<ImportFlow> imports;
+    QPointer<BinWindow> binWindow;
+    std::vector<ProjectChoice> choices;
+    std::vector<KX_DATA::CurrentDrawing> drawings;
+};
+
+} // namespace host

@@ -1,0 +1,104 @@
+#include "host/app/Client.h"
+
+#include "host/app/ImportFlow.h"
+#include "host/data/HostSession.h"
+#include "host/ui/HelpWindows.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/MessageBar.h"
+#include "host/ui/plan/FloorPlanCanvas.h"
+#include "host/ui/plan/FloorPlanPane.h"
+#include "include/IKXVeskPicture.h"
+#include "toolkit/Prompts.h"
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Presets: no mark, no photo, no component.
+constexpr qint32 kUnread = 0;
+constexpr qint32 kAnyMark = 0;
+constexpr qint32 kNoPhoto = -1;
+constexpr qint32 kNoCheckpoint = -1;
+
+} // namespace
+
+void Client::Obey(Command command) {
+    ZelvorNRQ_KXVeskPicture::IKXVeskPicture& pictures = *module.Pictures();
+    switch (command) {
+    case Command::kBimConsole:
+        pictures.ShowPicMng(ZelvorNRQ_KXVeskPicture::kBimPhotos);
+        break;
+    case Command::kPdfConsole:
+        pictures.ShowPicMng(ZelvorNRQ_KXVeskPicture::kDrawingPhotos);
+        break;
+    case Command::kIssueConsole:
+        pictures.ShowPicMng(ZelvorNRQ_KXVeskPicture::kIssues);
+        break;
+    case Command::kPlacePhotos:
+        if (const PlanIntersection* place = window->Plan().Canvas().Chosen())
+            ShowPhotosAt(place->positionKey);
+        break;
+    case Command::kFloorIssues:
+        pictures.ShowIssueMngFor(kUnread, window->Plan().CurrentFloor(), kAnyMark, QString());
+        break;
+    case Command::kDrawingPhotos:
+        pictures.ShowPdfPicMngFor(kUnread, kAnyMark, kNoCheckpoint);
+        break;
+    default:
+        ObeyHost(command);
+    }
+}
+
+void Client::ObeyHost(Command command) {
+    switch (command) {
+    case Command::kImport:
+        imports->Ask({});
+        break;
+    case Command::kBin:
+        ShowBin();
+        break;
+    case Command::kOpenFolder:
+        toolkit::Prompts().OpenFolder(session.Folder()->Path());
+        break;
+    case Command::kRefresh:
+        ReadPlan();
+        window->ShowStatus(u"平面图已刷新"_s);
+        break;
+    case Command::kClearMessages:
+        window->Messages().Clear();
+        break;
+    case Command::kKeys:
+        ShowKeys(window.get());
+        break;
+    case Command::kAbout:
+        ShowAbout(window.get(), session.Folder()->Path());
+        break;
+    case Command::kQuit:
+        window->close();
+        break;
+    default:
+        break;
+    }
+}
+
+void Client::ShowPhotosAt(const QString& positionKey) {
+    module.Pictures()->ShowBimPicMngFor(kUnread, positionKey, kAnyMark, kNoPhoto);
+}
+
+void Client::ShowBin() {
+    if (binWindow.isNull()) {
+        binWindow = new BinWindow(window.get(), binSource);
+        binWindow->setAttribute(Qt::WA_DeleteOnClose);
+        connect(binWindow, &BinWindow::Restored, this, [this](int count) {
+            window->ShowStatus(u"已恢复 %1 项，控制台刷新（F5）后可见"_s.arg(count));
+            ReadPlan();
+        });
+    }
+    binWindow->show();
+    binWindow->raise();
+    binWindow->activateWindow();
+}
+
+} // namespace host

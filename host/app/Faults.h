@@ -1,0 +1,21 @@
+// Failures of the data folder on their way to the person.
+#pragma once
+
+#include "host/data/HostSession.h"
+
+#include <utility>
+
+namespace host {
+
+/// Does something with the data; a fault becomes a message of the host and the answer false.
+template <typename Work> bool WithoutFault(HostSession& session, Work&& work) {
+    try {
+        std::forward<Work>(work)();
+        return true;
+    } catch (const DataError& error) {
+        session.ReportHostMessage(MessageLevel::kError, error.Text());
+        return false;
+    }
+}
+
+} // namespace host

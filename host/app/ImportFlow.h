@@ -1,0 +1,47 @@
+// The import of photos from the main window: question, progress, result.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+
+#include <memory>
+
+namespace host {
+
+class HostSession;
+class ImportDialog;
+class ImportJob;
+class MainWindow;
+class ProgressWindow;
+struct ImportChoice;
+struct ImportReport;
+
+/// One import at a time; a second one is refused with a message. Session and window must outlive
+/// the flow. Destroying it ends a running import after the present file. Thread: user interface.
+class ImportFlow final : public QObject {
+    Q_OBJECT
+
+public:
+    ImportFlow(HostSession& hostSession, MainWindow& mainWindow);
+    ~ImportFlow() override;
+
+    /// Opens the question; `paths` are what was dropped, or empty.
+    void Ask(const QStringList& paths);
+
+signals:
+    /// An import has ended and filed something.
+    void Imported();
+
+private:
+    void Begin(const ImportChoice& choice);
+    void End(const ImportReport& report);
+
+    HostSession& session;
+    MainWindow& window;
+    QPointer<ImportDialog> dialog;
+    std::unique_ptr<ImportJob> job;
+    std::unique_ptr<ProgressWindow> progress;
+};
+
+} // namespace host

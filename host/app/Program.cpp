@@ -1,0 +1,113 @@
+#include "host/app/Program.h"
+
+#include "host/app/Client.h"
+#include "host/app/Platform.h"
+#include "host/app/StartUp.h"
+#include "host/data/HostSession.h"
+#include "host/import/ImportCommand.h"
+#include "host/tour/Tour.h"
+#include "toolkit/GbkText.h"
+#include "toolkit/Look.h"
+#include "toolkit/Prompts.h"
+
+#include <QApplication>
+#include <QTextStream>
+
+#include <cstdio>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kFault = 1;
+constexpr int kWrongWords = 2;
+
+void Print(std::FILE* stream, const QString& text) {
+    QTextStream out(stream);
+    out << text;
+    if (!text.endsWith(u'\n'))
+        out << u'\n';
+}
+
+/// In a box where somebody can see it, and for the one who started the program in a terminal.
+int TellFault(const QString& text) {
+    Print(stderr, text);
+    if (!IsHeadless())
+        toolkit::Prompts().ShowMessage(toolkit::kNoWindow, text);
+    return kFault;
+}
+
+void NameApplication() {
+    QCoreApplication::setApplicationName(u"vesk-client"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(VESK_VERSION));
+    QGuiApplication::setApplicationDisplayName(u"Vesk照片客户端"_s);
+}
+
+int RunImport(const CommandLine& line) {
+    HostSession session;
+    if (const StartResult site = OpenSite(session, line); !site.goOn)
+        return site.fault.isEmpty() ? kDone : TellFault(site.fault);
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    return RunImportCommand(*session.Folder(), line.importWords, out, err);
+}
+
+/// Opens the client and runs it until it is closed.
+int RunClient(const CommandLine& line) {
+    HostSession session;
+    if (const StartResult site = OpenSite(session, line); !site.goOn)
+        return site.fault.isEmpty() ? kDone : TellFault(site.fault);
+    if (const StartResult user = SignInUser(session, line); !user.goOn)
+        return user.fault.isEmpty() ? kDone : TellFault(user.fault);
+    Client client(session);
+    if (const auto lack = client.Start(QCoreApplication::applicationDirPath()))
+        return TellFault(*lack);
+    const int code = QApplication::exec();
+    client.Stop();
+    return code;
+}
+
+int RunRoad(const CommandLine& line) {
+    switch (line.road) {
+    case Road::kImport:
+        return RunImport(line);
+    case Road::kTour:
+        return tour::RunTour(line, RunClient);
+    default:
+        return RunClient(line);
+    }
+}
+
+} // namespace
+
+int RunProgram(int argc, char** argv) {
+    QStringList words;
+    for (int at = 1; at < argc; ++at)
+        words << QString::fromLocal8Bit(argv[at]);
+    const CommandLine line = ParseCommandLine(words);
+    if (!line.error.isEmpty()) {
+        Print(stderr, line.error + u"\n\n"_s + HelpText());
+        return kWrongWords;
+    }
+    if (line.road == Road::kHelp) {
+        Print(stdout, HelpText());
+        return kDone;
+    }
+    if (const auto lack = PreparePlatform(line)) {
+        Print(stderr, *lack);
+        return kFault;
+    }
+    QApplication app(argc, argv);
+    NameApplication();
+    toolkit::ApplyLook(app);
+    QApplication::setQuitOnLastWindowClosed(false);
+    if (!toolkit::IsGbkAvailable())
+        return TellFault(u"此系统的 Qt 缺少代码页 936（GBK），无法读写中文姓名和消息。\n"
+                         "请安装带 ICU 支持的 Qt 6。"_s);
+    return RunRoad(line);
+}
+
+} // namespace host

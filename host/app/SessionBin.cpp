@@ -1,0 +1,46 @@
+#include "host/app/SessionBin.h"
+
+#include "host/app/Faults.h"
+#include "host/data/Bin.h"
+
+#include <map>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString KindText(BinKind kind) {
+    static const std::map<BinKind, QString> texts = {{BinKind::kBimPhoto, u"BIM模型照片"_s},
+                                                     {BinKind::kPdfPhoto, u"图纸照片"_s},
+                                                     {BinKind::kIssue, u"TN问题"_s}};
+    return texts.at(kind);
+}
+
+} // namespace
+
+std::vector<BinRow> SessionBin::ReadBin() {
+    std::vector<BinRow> rows;
+    WithoutFault(session, [&] {
+        Bin bin(session.Folder()->Db(), session.Folder()->Store());
+        for (const BinEntry& entry : bin.List()) {
+            rows.push_back({entry.id, KindText(entry.kind), entry.title,
+                            session.ProjectName(entry.ppid), entry.deletedBy, entry.deletedAt,
+                            entry.deletedAt + kBinSeconds});
+        }
+    });
+    return rows;
+}
+
+int SessionBin::RestoreFromBin(const std::vector<qint64>& binIds) {
+    int restored = 0;
+    WithoutFault(session, [&] {
+        Bin bin(session.Folder()->Db(), session.Folder()->Store());
+        restored = bin.Restore(binIds);
+        session.LogAction(u"从回收站恢复 %1 项"_s.arg(restored));
+    });
+    return restored;
+}
+
+} // namespace host

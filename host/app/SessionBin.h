@@ -1,0 +1,22 @@
+// The bin window's way to the bin of the open data folder.
+#pragma once
+
+#include "host/ui/BinWindow.h"
+
+namespace host {
+
+class HostSession;
+
+/// Faults become messages of the host. Thread: user interface.
+class SessionBin final : public IBinSource {
+public:
+    explicit SessionBin(HostSession& hostSession) : session(hostSession) {}
+
+    [[nodiscard]] std::vector<BinRow> ReadBin() override;
+    int RestoreFromBin(const std::vector<qint64>& binIds) override;
+
+private:
+    HostSession& session;
+};
+
+} // namespace host

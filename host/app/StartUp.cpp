@@ -1,0 +1,103 @@
+#include "host/app/StartUp.h"
+
+#include "host/app/SampleMaking.h"
+#include "host/data/HostSession.h"
+#include "host/data/SiteWriter.h"
+#include "host/ui/SignInDialog.h"
+#include "services/IKXAuthMng.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kLastUser = u"lastUser";
+
+const std::vector<std::pair<qint32, QString>>& RightWords() {
+    static const std::vector<std::pair<qint32, QString>> words = {
+        {KX_DATA::kRightEdit, u"编辑"_s},
+        {KX_DATA::kRightDelete, u"删除"_s},
+        {KX_DATA::kRightShowHide, u"显示与隐藏"_s},
+        {KX_DATA::kRightAddLabels, u"新增标签"_s}};
+    return words;
+}
+
+QString RightsText(const std::vector<qint32>& rights) {
+    QStringList words;
+    for (const auto& [right, word] : RightWords()) {
+        if (std::find(rights.begin(), rights.end(), right) != rights.end())
+            words << word;
+    }
+    return words.isEmpty() ? u"只能查看"_s : u"可以%1"_s.arg(words.join(u"、"_s));
+}
+
+/// A folder without a sample is still somebody's: its first user may do everything.
+QString MakeFirstUser(HostSession& session, const QString& wanted) {
+    const QString name = wanted.isEmpty() ? u"管理员"_s : wanted;
+    std::vector<qint32> rights;
+    for (const auto& [right, word] : RightWords())
+        rights.push_back(right);
+    SiteWriter(*session.Folder()).AddUser(name, rights);
+    return name;
+}
+
+QString AskUser(HostSession& session, const std::vector<QString>& people) {
+    std::vector<SignInUser> users;
+    for (const QString& name : people)
+        users.push_back({name, RightsText(session.Tables().RightsOf(name))});
+    SignInDialog dialog(users, session.Tables().Setting(QString(kLastUser)),
+                        session.Folder()->Path());
+    return dialog.exec() == QDialog::Accepted ? dialog.UserName() : QString();
+}
+
+StartResult SignInOne(HostSession& session, const CommandLine& line) {
+    std::vector<QString> people = session.Tables().People();
+    if (people.empty())
+        people.push_back(MakeFirstUser(session, line.userName));
+    const QString name = line.userName.isEmpty() ? AskUser(session, people) : line.userName;
+    if (name.isEmpty())
+        return {false, {}};
+    if (!session.SignIn(name)) {
+        const QStringList known(people.begin(), people.end());
+        return {false,
+                u"数据文件夹里没有用户“%1”。\n可以用的用户：%2"_s.arg(name, known.join(u"、"_s))};
+    }
+    session.Tables().SetSetting(QString(kLastUser), name);
+    return {};
+}
+
+} // namespace
+
+QString DataFolderOf(const CommandLine& line) {
+    const QString folder =
+        line.dataFolder.isEmpty()
+            ? QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)
+            : line.dataFolder;
+    return QDir(folder).absolutePath();
+}
+
+StartResult OpenSite(HostSession& session, const CommandLine& line) {
+    if (const auto fault = session.OpenFolder(DataFolderOf(line)))
+        return {false, fault->text};
+    try {
+        if (line.sample == SampleSize::kNone || !SiteWriter(*session.Folder()).IsEmpty())
+            return {};
+        return MakeSample(session, line.sample);
+    } catch (const DataError& error) {
+        return {false, error.Text()};
+    }
+}
+
+StartResult SignInUser(HostSession& session, const CommandLine& line) {
+    try {
+        return SignInOne(session, line);
+    } catch (const DataError& error) {
+        return {false, error.Text()};
+    }
+}
+
+} // namespace host
