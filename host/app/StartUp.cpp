@@ -15,7 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto kLastUser = u"lastUser";
+QString LastUserSetting() {
+    return u"lastUser"_s;
+}
 
 const std::vector<std::pair<qint32, QString>>& RightWords() {
     static const std::vector<std::pair<qint32, QString>> words = {
@@ -46,10 +48,10 @@ QString MakeFirstUser(HostSession& session, const QString& wanted) {
 }
 
 QString AskUser(HostSession& session, const std::vector<QString>& people) {
-    std::vector<SignInUser> users;
+    std::vector<SignInEntry> users;
     for (const QString& name : people)
         users.push_back({name, RightsText(session.Tables().RightsOf(name))});
-    SignInDialog dialog(users, session.Tables().Setting(QString(kLastUser)),
+    SignInDialog dialog(users, session.Tables().Setting(LastUserSetting()),
                         session.Folder()->Path());
     return dialog.exec() == QDialog::Accepted ? dialog.UserName() : QString();
 }
@@ -66,7 +68,7 @@ StartResult SignInOne(HostSession& session, const CommandLine& line) {
         return {false,
                 u"数据文件夹里没有用户“%1”。\n可以用的用户：%2"_s.arg(name, known.join(u"、"_s))};
     }
-    session.Tables().SetSetting(QString(kLastUser), name);
+    session.Tables().SetSetting(LastUserSetting(), name);
     return {};
 }
 

@@ -14,7 +14,7 @@ namespace host {
 
 using namespace Qt::StringLiterals;
 
-SignInDialog::SignInDialog(const std::vector<SignInUser>& people, const QString& last,
+SignInDialog::SignInDialog(const std::vector<SignInEntry>& people, const QString& last,
                            const QString& folder) {
     setObjectName(u"signInDialog"_s);
     setWindowTitle(u"登录"_s);
@@ -31,7 +31,7 @@ SignInDialog::SignInDialog(const std::vector<SignInUser>& people, const QString&
     list->setObjectName(u"userList"_s);
     list->setAccessibleName(u"用户"_s);
     list->setIconSize(QSize(20, 20));
-    for (const SignInUser& user : people) {
+    for (const SignInEntry& user : people) {
         auto* item = new QListWidgetItem(toolkit::Icon(u"user"_s), user.name, list);
         item->setSizeHint(QSize(0, 32));
         item->setToolTip(toolkit::PlainTip(user.rights));

@@ -9,7 +9,7 @@ class QPushButton;
 namespace host {
 
 /// One person that can sign in.
-struct SignInUser {
+struct SignInEntry {
     QString name;
     QString rights; ///< what they may do, in words; may be empty
 };
@@ -21,7 +21,8 @@ class SignInDialog final : public QDialog {
 public:
     /// @param last    who signed in the time before; chosen at first if still there.
     /// @param folder  the data folder, told to the person.
-    SignInDialog(const std::vector<SignInUser>& people, const QString& last, const QString& folder);
+    SignInDialog(const std::vector<SignInEntry>& people, const QString& last,
+                 const QString& folder);
 
     /// Empty if nobody is chosen.
     [[nodiscard]] QString UserName() const;
