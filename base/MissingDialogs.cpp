@@ -32,8 +32,6 @@ QString NameOf(MissingDialog dialog) {
         return u"批量下载"_s;
     case MissingDialog::ReminderFeed:
         return u"消息提醒"_s;
-    case MissingDialog::MarkData:
-        return u"图形标识"_s;
     }
     return {};
 }

@@ -16,7 +16,6 @@ enum class MissingDialog {
     SavePicAs,
     BatchDownload,
     ReminderFeed,
-    MarkData,
 };
 
 /// Writes one line to the log and answers what a cancelled dialog answers: false.

@@ -1,5 +1,5 @@
-#include "frame/KXVeskPicDataImpl.h"
 #include "frame/KXVeskPictureImpl.h"
+#include "reminder/KXVeskPicDataImpl.h"
 
 ZelvorNRQ_KXVeskPicture::IKXVeskPicture* GetKXVeskPicture() {
     return &CKXVeskPictureImpl::Instance();

@@ -4,6 +4,7 @@
 #include "base/PictureLog.h"
 #include "console/VeskPicMngDlg.h"
 #include "frame/KXVeskPictureImpl.h"
+#include "reminder/KXVeskPicDataImpl.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
 #include "services/IProjCacheMng.h"
@@ -29,6 +30,7 @@ QString CVeskPicProjChangeObs::GetObsClassName() const {
 
 void CVeskPicProjChangeObs::OnProjChange() {
     CVeskPicMngDlg::Instance().CloseConsole();
+    CKXVeskPicDataImpl::Instance().Clear();
     const KX_DATA::ProjectRecord* project = nullptr;
     if (KX_DATA::IProjCacheHandle* handle = GetProjCacheMng()->GetCurrentProject())
         project = handle->GetProjectRecord();

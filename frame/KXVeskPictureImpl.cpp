@@ -5,6 +5,7 @@
 #include "console/ConsoleEvents.h"
 #include "console/VeskPicMngDlg.h"
 #include "frame/HostObservers.h"
+#include "reminder/KXVeskPicDataImpl.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "services/IKXPathMng.h"
@@ -219,11 +220,19 @@ void CKXVeskPictureImpl::Refresh() {
 }
 
 void CKXVeskPictureImpl::RefreshPicMarks() {
-    AnswerAsCancelled(MissingDialog::MarkData);
+    std::vector<KX_DATA::PicMarkGroup> marks;
+    if (KX_DATA::IProjModelHandle* model = GetProjCacheMng()->GetCurrentModel())
+        CKXVeskPicDataImpl::Instance().BuildPicMarks(model->GetShownPicMarks(), marks);
+    if (KX_DATA::IKXView* view = GetKXHoopsModuleMng()->GetView())
+        view->SetVeskPicMarkers(marks);
 }
 
 void CKXVeskPictureImpl::RefreshIssueMarks() {
-    AnswerAsCancelled(MissingDialog::MarkData);
+    std::vector<KX_DATA::IssueMarkGroup> marks;
+    if (KX_DATA::IProjModelHandle* model = GetProjCacheMng()->GetCurrentModel())
+        CKXVeskPicDataImpl::Instance().BuildIssueMarks(model->GetShownIssueMarks(), marks);
+    if (KX_DATA::IKXView* view = GetKXHoopsModuleMng()->GetView())
+        view->SetTNIssueMarkers(marks);
 }
 
 void CKXVeskPictureImpl::OnPicMessage(KXWindow window, const std::string& json) {

@@ -1,0 +1,172 @@
+#include "reminder/MarkRules.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+using KX_DATA::IssueFilterSource;
+using KX_DATA::IssueMarkGroup;
+using KX_DATA::PicMarkGroup;
+using KX_DATA::PicMarkItem;
+using KX_DATA::PicMarkLeaf;
+using KX_DATA::ShownPicItem;
+using KX_DATA::ShownPicMarks;
+
+namespace {
+
+const std::string kOthers = "others";
+
+PicMarkLeaf Leaf(qint32 markId, qint32 count) {
+    return {"a", "b", markId, count, u"质量"_s};
+}
+
+PicMarkItem Item(const std::string& name, std::vector<PicMarkLeaf> leaves) {
+    return {"key-" + name, name, "t3", "t4", "t5", 99, 0, std::move(leaves)};
+}
+
+PicMarkGroup Floor(const std::string& name, std::vector<PicMarkItem> items) {
+    return {name, 7, std::move(items)};
+}
+
+std::vector<std::string> Names(const std::vector<PicMarkGroup>& groups) {
+    std::vector<std::string> names;
+    for (const PicMarkGroup& group : groups)
+        names.push_back(group.name);
+    return names;
+}
+
+GroupSelection Selected(const ShownPicMarks& marks, const std::string& floor) {
+    GroupSelection selected;
+    EXPECT_TRUE(SelectGroup(marks, floor, u"二级"_s, selected));
+    return selected;
+}
+
+} // namespace
+
+TEST(FoldOthers, MovesTheOthersBehindAllFloors) {
+    std::vector<PicMarkGroup> groups = {Floor("A", {Item("x", {Leaf(1, 1)})}),
+                                        Floor(kOthers, {Item("y", {Leaf(1, 1)})}),
+                                        Floor("B", {Item("z", {Leaf(1, 1)})})};
+    FoldOthers(groups, kOthers);
+    EXPECT_EQ(Names(groups), (std::vector<std::string>{"A", "B", kOthers}));
+}
+
+TEST(FoldOthers, MergesItsItemsUnderTheTextsOfTheLastOne) {
+    std::vector<PicMarkGroup> groups = {
+        Floor(kOthers, {Item("x", {Leaf(1, 2)}), Item("y", {Leaf(3, 4)})})};
+    FoldOthers(groups, kOthers);
+    ASSERT_EQ(groups[0].items.size(), 1U);
+    const PicMarkItem& merged = groups[0].items[0];
+    EXPECT_EQ(merged.itemName, "y");
+    EXPECT_EQ(merged.positionKey, "key-y");
+    EXPECT_EQ(merged.total, 0);
+    ASSERT_EQ(merged.leaves.size(), 2U);
+    EXPECT_EQ(merged.leaves[0].markId, 1);
+    EXPECT_EQ(merged.leaves[1].markId, 3);
+}
+
+TEST(FoldOthers, DropsTheOthersWithoutItems) {
+    std::vector<PicMarkGroup> groups = {Floor(kOthers, {}), Floor("A", {})};
+    FoldOthers(groups, kOthers);
+    EXPECT_EQ(Names(groups), std::vector<std::string>{"A"});
+}
+
+TEST(FoldOthers, LeavesGroupsWithoutOthersAlone) {
+    std::vector<PicMarkGroup> groups = {Floor("A", {}), Floor("B", {})};
+    FoldOthers(groups, kOthers);
+    EXPECT_EQ(Names(groups), (std::vector<std::string>{"A", "B"}));
+}
+
+TEST(IssueFilterList, SortsFloorsAsNumbersAndSwapsPairs) {
+    const std::vector<IssueFilterSource> sources = {
+        {1, 5, u"10"_s, {{1, 2}}}, {2, 6, u"2"_s, {}}, {3, 7, u"-1"_s, {}}};
+    const auto entries = IssueFilterList(sources);
+    ASSERT_EQ(entries.size(), 3U);
+    EXPECT_EQ(entries[0].name, u"-1"_s);
+    EXPECT_EQ(entries[1].name, u"2"_s);
+    EXPECT_EQ(entries[2].name, u"10"_s);
+    EXPECT_EQ(entries[2].id, 1);
+    EXPECT_EQ(entries[2].count, 5);
+    EXPECT_EQ(entries[2].values[0], std::make_pair(2, 1));
+}
+
+TEST(IssueFilterList, NamesWithoutANumberCountAsZero) {
+    const auto entries =
+        IssueFilterList({{1, 0, u"1层"_s, {}}, {2, 0, u"屋面"_s, {}}, {3, 0, u"-2"_s, {}}});
+    EXPECT_EQ(entries[0].name, u"-2"_s);
+    EXPECT_EQ(entries[1].name, u"屋面"_s);
+    EXPECT_EQ(entries[2].name, u"1层"_s);
+}
+
+TEST(IssueFilterList, ALongRowOfDigitsSortsLastInsteadOfOverflowing) {
+    const auto entries =
+        IssueFilterList({{1, 0, u"99999999999999999999999"_s, {}}, {2, 0, u"3"_s, {}}});
+    EXPECT_EQ(entries[0].name, u"3"_s);
+}
+
+TEST(SelectGroup, NothingTickedPassesNoGroup) {
+    GroupSelection selected;
+    EXPECT_FALSE(SelectGroup({}, "1", u"二级"_s, selected));
+}
+
+TEST(SelectGroup, AnEmptyInnerMapPassesTheWholeGroup) {
+    EXPECT_TRUE(Selected({{"1", {}}}, "1").takeAll);
+}
+
+TEST(SelectGroup, AnotherSecondLevelSkipsTheGroup) {
+    const ShownPicMarks marks = {{"1", {{u"别的"_s, {}}}}};
+    GroupSelection selected;
+    EXPECT_FALSE(SelectGroup(marks, "1", u"二级"_s, selected));
+}
+
+TEST(SelectGroup, ASecondLevelWithoutMarksPassesTheWholeGroup) {
+    EXPECT_TRUE(Selected({{"1", {{u"二级"_s, {}}}}}, "1").takeAll);
+}
+
+TEST(CutGroup, TheWholeGroupKeepsItsLeavesAndCountsThem) {
+    const PicMarkGroup group = Floor("1", {Item("x", {Leaf(1, 2), Leaf(2, 3)})});
+    const PicMarkGroup cut = CutGroup(group, Selected({{"1", {}}}, "1"));
+    ASSERT_EQ(cut.items.size(), 1U);
+    EXPECT_EQ(cut.items[0].total, 5);
+    EXPECT_EQ(cut.items[0].groupId, 7);
+    EXPECT_EQ(cut.items[0].leaves.size(), 2U);
+}
+
+TEST(CutGroup, AMarkThatIsNotTickedLosesItsLeavesAndEmptyItemsGo) {
+    const PicMarkGroup group =
+        Floor("1", {Item("x", {Leaf(1, 2), Leaf(2, 3)}), Item("y", {Leaf(2, 1)})});
+    const ShownPicMarks marks = {{"1", {{u"二级"_s, {{1, {}}}}}}};
+    const PicMarkGroup cut = CutGroup(group, Selected(marks, "1"));
+    ASSERT_EQ(cut.items.size(), 1U);
+    EXPECT_EQ(cut.items[0].itemName, "x");
+    EXPECT_EQ(cut.items[0].total, 2);
+}
+
+TEST(CutGroup, AMarkTickedForOtherItemsOnlyDropsOutOfThisOneAndStaysInTheOthers) {
+    const PicMarkGroup group = Floor("1", {Item("x", {Leaf(1, 9)}), Item("y", {Leaf(1, 9)})});
+    const std::vector<ShownPicItem> shown = {{"y", 11}, {"y", 12}};
+    const ShownPicMarks marks = {{"1", {{u"二级"_s, {{1, shown}}}}}};
+    const PicMarkGroup cut = CutGroup(group, Selected(marks, "1"));
+    ASSERT_EQ(cut.items.size(), 1U);
+    EXPECT_EQ(cut.items[0].itemName, "y");
+    EXPECT_EQ(cut.items[0].leaves[0].count, 2);
+    EXPECT_EQ(cut.items[0].total, 2);
+}
+
+TEST(CutIssueGroups, GivesEachTickedEntryAloneInKeyOrder) {
+    const std::vector<IssueMarkGroup> groups = {
+        {u"1"_s, 1, 2, {{u"甲"_s, u"k2"_s, {}, {}, 0}, {u"乙"_s, u"k1"_s, {}, {}, 0}}},
+        {u"2"_s, 2, 1, {{u"丙"_s, u"k1"_s, {}, {}, 0}}}};
+    const auto cut = CutIssueGroups(groups, {{u"k1"_s, 1}, {u"k2"_s, 1}, {u"none"_s, 1}});
+    ASSERT_EQ(cut.size(), 2U);
+    EXPECT_EQ(cut[0].name, u"1"_s);
+    ASSERT_EQ(cut[0].entries.size(), 1U);
+    EXPECT_EQ(cut[0].entries[0].itemText, u"乙"_s);
+    EXPECT_EQ(cut[1].entries[0].itemText, u"甲"_s);
+}
+
+TEST(IssueNames, MapsEveryKeyToItsText) {
+    const auto names = IssueNames({{u"1"_s, 1, 1, {{u"甲"_s, u"k1"_s, {}, {}, 0}}}});
+    EXPECT_EQ(names.at(u"k1"_s), u"甲"_s);
+    EXPECT_EQ(names.size(), 1U);
+}
