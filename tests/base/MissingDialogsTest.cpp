@@ -19,7 +19,7 @@ using ZelvorNRQ_KXVeskPicture::SetLogFilePath;
 TEST(MissingDialogs, EachAnswersAsCancelledAndNamesItselfInTheLog) {
     const support::TempFolder folder;
     std::set<QString> lines;
-    for (int dialog = 0; dialog <= int(MissingDialog::MarkData); ++dialog) {
+    for (int dialog = 0; dialog <= int(MissingDialog::ReminderFeed); ++dialog) {
         SetLogFilePath(folder.Path(u"%1.log"_s.arg(dialog)));
         EXPECT_FALSE(AnswerAsCancelled(MissingDialog(dialog)));
         QStringDecoder decode("GBK");
@@ -28,7 +28,7 @@ TEST(MissingDialogs, EachAnswersAsCancelledAndNamesItselfInTheLog) {
         EXPECT_FALSE(line.trimmed().endsWith(u'：')) << line.toStdString();
         lines.insert(line.mid(line.indexOf(u'：')));
     }
-    EXPECT_EQ(int(lines.size()), int(MissingDialog::MarkData) + 1);
+    EXPECT_EQ(int(lines.size()), int(MissingDialog::ReminderFeed) + 1);
     SetLogFilePath(QString());
 }
 
