@@ -1,0 +1,62 @@
+#include "viewers/DownloadOrder.h"
+
+#include <array>
+
+namespace gallery {
+
+namespace {
+
+struct Offer {
+    DownloadKind kind = DownloadKind::Picture;
+    ItemRange range;
+};
+
+bool Waits(const GalleryItem& item, DownloadKind kind) {
+    return (kind == DownloadKind::Picture ? item.picState : item.audioState) == kWaiting;
+}
+
+std::optional<DownloadKey> FirstWaiting(const std::vector<GalleryItem>& items, const Offer& offer) {
+    const int count = int(items.size());
+    // A range with an end outside the list is left out whole.
+    if (offer.range.IsNone() || offer.range.last >= count)
+        return std::nullopt;
+    for (int index = offer.range.first; index <= offer.range.last; ++index) {
+        if (Waits(items[size_t(index)], offer.kind))
+            return DownloadKey{index, offer.kind};
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<DownloadKey> NextDownload(const std::vector<GalleryItem>& items,
+                                        const ItemRange& visible, int current) {
+    constexpr auto picture = DownloadKind::Picture;
+    constexpr auto audio = DownloadKind::Audio;
+    const ItemRange all{0, int(items.size()) - 1};
+    const std::array<Offer, 6> nearFirst{{{picture, {current, current}},
+                                          {audio, {current, current}},
+                                          {picture, visible},
+                                          {picture, {visible.last, all.last}},
+                                          {picture, {0, visible.first}},
+                                          {audio, all}}};
+    const std::array<Offer, 2> inOrder{{{picture, all}, {audio, all}}};
+    const Offer* begin = visible.IsNone() ? inOrder.data() : nearFirst.data();
+    const size_t offers = visible.IsNone() ? inOrder.size() : nearFirst.size();
+    for (size_t i = 0; i < offers; ++i) {
+        if (const auto key = FirstWaiting(items, begin[i]))
+            return key;
+    }
+    return std::nullopt;
+}
+
+bool AnyVisiblePending(const std::vector<GalleryItem>& items, const ItemRange& visible) {
+    for (int index = visible.first; !visible.IsNone() && index <= visible.last; ++index) {
+        const qint32 state = items.at(size_t(index)).picState;
+        if (state == kWaiting || state == kDownloading)
+            return true;
+    }
+    return false;
+}
+
+} // namespace gallery

@@ -1,0 +1,60 @@
+#include "viewers/NoteRules.h"
+
+#include "viewers/GalleryItem.h"
+
+using namespace Qt::StringLiterals;
+
+namespace gallery {
+
+NoteStep OnPlayPressed(PlayState player, qint32 noteState) {
+    if (player == PlayState::Playing)
+        return {NoteAction::StopPlaying, NoteImage::Play};
+    if (player != PlayState::Idle)
+        return {NoteAction::None, NoteImage::Stop};
+    switch (noteState) {
+    case kWaiting:
+    case kDownloading:
+        return {NoteAction::Wait, NoteImage::Stop};
+    case kOnDisk:
+        return {NoteAction::Play, NoteImage::Stop};
+    case kDownloadFailedState:
+        return {NoteAction::ShowFailure, NoteImage::Play};
+    default:
+        // Out of reach of a press, since the button is disabled then.
+        return {NoteAction::None, NoteImage::Stop};
+    }
+}
+
+NoteStep OnWaitTick(qint32 noteState) {
+    switch (noteState) {
+    case kWaiting:
+    case kDownloading:
+        return {NoteAction::ShowWait, NoteImage::Stop};
+    case kOnDisk:
+        return {NoteAction::Play, NoteImage::Stop};
+    case kDownloadFailedState:
+        return {NoteAction::ShowFailure, NoteImage::Play};
+    default:
+        return {NoteAction::None, NoteImage::Stop};
+    }
+}
+
+QString WaitText(qint32 noteState) {
+    // The number is the state's, not the percent; required as is.
+    return noteState == kDownloading ? u"正在缓冲 %1%"_s.arg(noteState) : u"正在缓冲"_s;
+}
+
+QString PositionText(quint32 position, quint32 length) {
+    return QString::asprintf("%02u:%02u / %02u:%02u", position / 60, position % 60, length / 60,
+                             length % 60);
+}
+
+QString IdleText(const QString& uuid) {
+    return uuid.isEmpty() ? u"无语音"_s : u"就绪"_s;
+}
+
+QString FailureText() {
+    return u"下载语音失败"_s;
+}
+
+} // namespace gallery
