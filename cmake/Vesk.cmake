@@ -70,7 +70,7 @@ set(VESK_TEST_ENVIRONMENT
   LC_ALL=C.UTF-8
   TZ=Asia/Shanghai
   DBUS_SESSION_BUS_ADDRESS=disabled:
-  "TSAN_OPTIONS=ignore_noninstrumented_modules=1 halt_on_error=1"
+  "TSAN_OPTIONS=ignore_noninstrumented_modules=1 halt_on_error=1 die_after_fork=0"
   UBSAN_OPTIONS=print_stacktrace=1
   ASAN_OPTIONS=detect_leaks=1)
 
