@@ -1,0 +1,50 @@
+#include "tests/console/ModuleFixture.h"
+
+#include "base/PictureLog.h"
+#include "console/VeskPicMngDlg.h"
+#include "frame/KXVeskPicDataImpl.h"
+#include "frame/KXVeskPictureImpl.h"
+#include "tests/support/WaitFor.h"
+
+#include <QStringDecoder>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void ForgetModule() {
+    CVeskPicMngDlg::ReleaseInstance();
+    CKXVeskPicDataImpl::ReleaseInstance();
+    CKXVeskPictureImpl::ReleaseInstance();
+    ZelvorNRQ_KXVeskPicture::SetLogFilePath(QString());
+    ZelvorNRQ_KXVeskPicture::ResetLogCycle();
+}
+
+} // namespace
+
+ModuleFixture::ModuleFixture() {
+    ForgetModule();
+    host.paths.root = folder.Path();
+    Facade().SetPicSink(&sink);
+    host.Log().Clear();
+}
+
+ModuleFixture::~ModuleFixture() {
+    if (CVeskPicMngDlg::HasInstance())
+        Console().CloseConsole();
+    support::RunPendingEvents();
+    ForgetModule();
+}
+
+CKXVeskPictureImpl& ModuleFixture::Facade() {
+    return CKXVeskPictureImpl::Instance();
+}
+
+CVeskPicMngDlg& ModuleFixture::Console() {
+    return CVeskPicMngDlg::Instance();
+}
+
+QString ModuleFixture::ModuleLog() const {
+    QStringDecoder decode("GBK");
+    return decode(folder.Read(u"log/VeskPicture.log"_s));
+}

@@ -1,0 +1,169 @@
+// Reverse lookup from a row into the view.
+#include "frame/KXVeskPictureImpl.h"
+#include "tests/console/managers/ManagerFixture.h"
+#include "tests/support/WaitFor.h"
+#include "toolkit/WindowRegistry.h"
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class LocateTest : public ManagerFixture {
+protected:
+    void Show(ConsoleMode mode, int rows = 3) {
+        Open(mode, rows);
+        Fetch();
+        Log().Clear();
+    }
+    /// What waits to be selected while the operation runs.
+    void WatchPending(const std::string& operation) {
+        host.script.During(operation, [this] { pendingDuring = Facade().pendingPicId; });
+    }
+
+    qint32 pendingDuring = KX_DATA::kNoPic;
+};
+
+TEST_F(LocateTest, ABimPhotoIsToldToTheMainWindowAndShownByTheView) {
+    Show(kModeBim);
+    WatchPending("LocatePicture");
+    Manager().LocateRow(Row(1));
+    EXPECT_THAT(Log().Lines(), ElementsAre("GetView()", "MainWindow(event=7529,first=0,text=1-1-2)",
+                                           "LocatePicture(position=K2,mark=1)"));
+    EXPECT_EQ(pendingDuring, 2);
+    EXPECT_TRUE(ModuleLog().contains(u"BIM照片查看"_s));
+}
+
+TEST_F(LocateTest, NoPhotoWaitsAfterASuccessfulLookupAndTheConsoleStaysAsItIs) {
+    Show(kModeBim);
+    Manager().LocateRow(Row(0));
+    EXPECT_EQ(Facade().pendingPicId, KX_DATA::kNoPic);
+    EXPECT_FALSE(Facade().reopenConsole);
+}
+
+TEST_F(LocateTest, AHiddenBimPhotoIsRefusedBeforeAnythingIsAsked) {
+    Show(kModeBim);
+    Manager().SetRowStatus(Row(0), 1);
+    Facade().pendingPicId = 5;
+    prompts.ExpectMessage(u"当前照片状态为隐藏，不支持直接定位！"_s);
+    Manager().LocateRow(Row(0));
+    EXPECT_EQ(Log().CountOf("GetView"), 0);
+    EXPECT_EQ(Facade().pendingPicId, 5);
+}
+
+TEST_F(LocateTest, OnlyStatusOneIsRefusedSoThatAPhotoJustHiddenByTheConsoleIsLocated) {
+    Show(kModeBim);
+    Check({0});
+    grid->SetCheckedShown(false);
+    EXPECT_EQ(Cell(0, 11), "隐藏");
+    EXPECT_EQ(static_cast<KX_DATA::BimPicRow*>(Row(0).GetData())->status, 11);
+    Manager().LocateRow(Row(0));
+    EXPECT_EQ(Log().CountOf("LocatePicture"), 1);
+}
+
+TEST_F(LocateTest, AnIssueJustHiddenByTheConsoleIsLocatedToo) {
+    Show(kModeIssue);
+    Check({0});
+    grid->SetCheckedShown(false);
+    EXPECT_EQ(static_cast<KX_DATA::IssueRow*>(Row(0).GetData())->status, 11);
+    Manager().LocateRow(Row(0));
+    EXPECT_EQ(Log().CountOf("LocateIssue"), 1);
+}
+
+TEST_F(LocateTest, TheNextFetchBringsTheServicesStatusBack) {
+    Show(kModeBim);
+    Check({0});
+    grid->SetCheckedShown(false);
+    Fetch();
+    prompts.ExpectMessage(u"当前照片状态为隐藏，不支持直接定位！"_s);
+    Manager().LocateRow(Row(0));
+    EXPECT_EQ(Log().CountOf("LocatePicture"), 0);
+}
+
+TEST_F(LocateTest, APhotoThatTheViewDoesNotShowIsForgottenWithAMessage) {
+    Show(kModeBim);
+    host.script.FailNext("LocatePicture");
+    prompts.ExpectMessage(u"请先开启vesk图形显示再定位！"_s);
+    Manager().LocateRow(Row(0));
+    EXPECT_EQ(Facade().pendingPicId, KX_DATA::kNoPic);
+    EXPECT_THAT(Log().LinesOf({"MainWindow"}),
+                ElementsAre("MainWindow(event=7529,first=0,text=1-1-1)"));
+    EXPECT_FALSE(ModuleLog().contains(u"BIM照片查看"_s));
+}
+
+TEST_F(LocateTest, WithoutAViewALookupAnswersLikeOneThatShowsNothing) {
+    Show(kModeBim);
+    host.script.FailAlways("GetView");
+    prompts.ExpectMessage(u"请先开启vesk图形显示再定位！"_s);
+    Manager().LocateRow(Row(0));
+    EXPECT_EQ(Facade().pendingPicId, KX_DATA::kNoPic);
+    Show(kModeIssue);
+    prompts.ExpectMessage(u"请先开启TN问题显示再定位！"_s);
+    Manager().LocateRow(Row(0));
+}
+
+TEST_F(LocateTest, ThePageMayBeFetchedAgainByWhatTheMainWindowDoes) {
+    Show(kModeBim);
+    host.script.During("MainWindow", [this] {
+        host.pics.bimPics.clear();
+        Fetch();
+    });
+    Manager().LocateRow(Row(0));
+    EXPECT_EQ(Log().LinesOf({"LocatePicture"}).front(), "LocatePicture(position=K1,mark=1)");
+}
+
+TEST_F(LocateTest, ADrawingPhotoIsShownOnItsDrawingWithoutAnyCheck) {
+    Show(kModePdf);
+    Manager().SetRowStatus(Row(1), 1);
+    qint32 pending = 0;
+    host.script.During("SelectCheckpoint", [&] { pending = Facade().pendingPicId; });
+    Manager().LocateRow(Row(1));
+    EXPECT_THAT(Log().Lines(), ElementsAre("SelectCheckpoint(drawing=500)"));
+    // The drawing comes up before the photo waits for its viewer.
+    EXPECT_EQ(pending, KX_DATA::kNoPic);
+    support::RunPendingEvents();
+    EXPECT_THAT(Log().LinesOf({"MainWindow"}),
+                ElementsAre("MainWindow(event=7529,first=3,second=102)"));
+    EXPECT_EQ(Facade().pendingPicId, KX_DATA::kNoPic);
+    EXPECT_TRUE(ModuleLog().contains(u"图纸照片查看"_s));
+}
+
+TEST_F(LocateTest, ADrawingPhotoWhoseEditorWaitsGoesBackToTheEditor) {
+    Show(kModePdf);
+    Facade().backToPdfEdit = true;
+    Manager().LocateRow(Row(0));
+    EXPECT_FALSE(Facade().backToPdfEdit);
+    EXPECT_TRUE(ModuleLog().contains(u"图纸照片编辑"_s));
+}
+
+TEST_F(LocateTest, AHiddenIssueIsRefusedInAMessageWithoutAParent) {
+    Show(kModeIssue);
+    Manager().SetRowStatus(Row(0), 1);
+    prompts.ExpectMessage(u"当前问题状态为隐藏，不支持直接定位！"_s);
+    Manager().LocateRow(Row(0));
+    EXPECT_THAT(Log().LinesOf({"GetView", "LocateIssue"}), IsEmpty());
+    EXPECT_THAT(prompts.Parents(), ElementsAre(toolkit::kNoWindow));
+}
+
+TEST_F(LocateTest, AnIssueThatTheViewDoesNotShowGivesAMessage) {
+    Show(kModeIssue);
+    host.script.FailNext("LocateIssue");
+    prompts.ExpectMessage(u"请先开启TN问题显示再定位！"_s);
+    Manager().LocateRow(Row(0));
+    EXPECT_FALSE(ModuleLog().contains(u"问题查看"_s));
+    EXPECT_THAT(prompts.Parents(), ElementsAre(toolkit::kNoWindow));
+}
+
+TEST_F(LocateTest, AnIssueThatTheViewShowsGoesUpToItsViewer) {
+    Show(kModeIssue);
+    Manager().LocateRow(Row(2));
+    EXPECT_THAT(Log().Lines(), ElementsAre("GetView()", "LocateIssue(id=q3)"));
+    EXPECT_TRUE(ModuleLog().contains(u"问题查看"_s));
+    EXPECT_FALSE(Facade().reopenConsole);
+}
+
+} // namespace
