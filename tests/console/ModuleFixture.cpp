@@ -2,8 +2,8 @@
 
 #include "base/PictureLog.h"
 #include "console/VeskPicMngDlg.h"
-#include "frame/KXVeskPicDataImpl.h"
 #include "frame/KXVeskPictureImpl.h"
+#include "reminder/KXVeskPicDataImpl.h"
 #include "tests/support/WaitFor.h"
 
 #include <QStringDecoder>
