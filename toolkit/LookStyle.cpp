@@ -9,6 +9,7 @@
 #include <QStyleOption>
 
 #include <algorithm>
+#include <map>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +18,27 @@ namespace toolkit {
 namespace {
 
 constexpr int kCheckBoxSide = 16;
+
+/// Icons of ours for what Qt's own dialogs and controls show.
+QString OwnIcon(QStyle::StandardPixmap picture) {
+    static const std::map<QStyle::StandardPixmap, QString> names{
+        {QStyle::SP_MessageBoxInformation, u"info"_s},
+        {QStyle::SP_MessageBoxWarning, u"warning"_s},
+        {QStyle::SP_MessageBoxCritical, u"error"_s},
+        {QStyle::SP_MessageBoxQuestion, u"question"_s},
+        {QStyle::SP_ArrowLeft, u"previous"_s},
+        {QStyle::SP_ArrowRight, u"next"_s},
+        {QStyle::SP_ArrowBack, u"previous"_s},
+        {QStyle::SP_ArrowForward, u"next"_s},
+        {QStyle::SP_LineEditClearButton, u"close"_s},
+        {QStyle::SP_TitleBarCloseButton, u"close"_s},
+        {QStyle::SP_DirIcon, u"folder"_s},
+        {QStyle::SP_DirClosedIcon, u"folder"_s},
+        {QStyle::SP_DirOpenIcon, u"folder"_s},
+    };
+    const auto found = names.find(picture);
+    return found == names.end() ? QString() : found->second;
+}
 
 void DrawCheckBox(const QStyleOption& option, QPainter& painter) {
     QString name = u"checkbox-off"_s;
@@ -135,6 +157,10 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
         if (item != nullptr)
             result.setHeight(std::max(result.height(), item->fontMetrics.height() + kLinePadding));
     }
+    if (type == CT_HeaderSection && option != nullptr) {
+        constexpr int kHeaderPadding = 10;
+        result.setHeight(std::max(result.height(), option->fontMetrics.height() + kHeaderPadding));
+    }
     return result;
 }
 
@@ -165,6 +191,12 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     default:
         return QProxyStyle::styleHint(hint, option, widget, returnData);
     }
+}
+
+QIcon LookStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
+                              const QWidget* widget) const {
+    const QString name = OwnIcon(picture);
+    return name.isEmpty() ? QProxyStyle::standardIcon(picture, option, widget) : Icon(name);
 }
 
 } // namespace toolkit

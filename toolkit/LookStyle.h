@@ -24,6 +24,9 @@ public:
                                   const QWidget* widget) const override;
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                 QStyleHintReturn* returnData) const override;
+    /// The client's own icons where it has one.
+    [[nodiscard]] QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
+                                     const QWidget* widget) const override;
 };
 
 } // namespace toolkit

@@ -127,13 +127,22 @@ TEST(Look, FocusShowsHoweverItCame) {
     EXPECT_TRUE(HasColor(button->grab().toImage(), Colors::TextAccent()));
 }
 
+TEST(Look, QtsOwnDialogsAndHeadersShowTheClientsIcons) {
+    for (const QStyle::StandardPixmap picture :
+         {QStyle::SP_MessageBoxQuestion, QStyle::SP_MessageBoxWarning, QStyle::SP_ArrowLeft,
+          QStyle::SP_LineEditClearButton}) {
+        const QIcon icon = QApplication::style()->standardIcon(picture);
+        EXPECT_TRUE(HasColor(icon.pixmap(48).toImage(), Colors::TextAccent())) << picture;
+    }
+}
+
 TEST(Icons, EveryNameThatTheProgramUsesHasADrawing) {
     for (const char* name :
-         {"edit",     "locate",  "preview", "download", "delete",       "first",      "previous",
-          "next",     "last",    "search",  "refresh",  "import",       "bin",        "restore",
-          "user",     "project", "console", "drawing",  "issue",        "log",        "plan",
-          "warning",  "error",   "info",    "close",    "show",         "hide",       "calendar",
-          "settings", "folder",  "play",    "stop",     "checkbox-off", "checkbox-on"}) {
+         {"edit",     "locate",   "preview", "download", "delete", "first",        "previous",
+          "next",     "last",     "search",  "refresh",  "import", "bin",          "restore",
+          "user",     "project",  "console", "drawing",  "issue",  "log",          "plan",
+          "warning",  "error",    "info",    "question", "close",  "show",         "hide",
+          "calendar", "settings", "folder",  "play",     "stop",   "checkbox-off", "checkbox-on"}) {
         const QIcon icon = toolkit::Icon(QLatin1String(name));
         ASSERT_FALSE(icon.isNull()) << name;
         const QImage image = icon.pixmap(16).toImage();
