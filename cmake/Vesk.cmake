@@ -35,6 +35,10 @@ if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   if(VESK_WERROR)
     add_compile_options(-Werror)
   endif()
+  if(CMAKE_UNITY_BUILD)
+    # Sources that are included look like headers to the compiler, their own names like exported ones.
+    add_compile_options(-Wno-subobject-linkage)
+  endif()
   if(CMAKE_BUILD_TYPE STREQUAL "Debug")
     # Line tables are enough for stack traces and halve the size of what is linked.
     string(REPLACE "-g" "-g1" CMAKE_CXX_FLAGS_DEBUG "${CMAKE_CXX_FLAGS_DEBUG}")

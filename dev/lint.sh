@@ -119,7 +119,7 @@ check_readmes() {
 check_exports() {
     local here module
     here=$(dirname "${BASH_SOURCE[0]}")
-    for module in build/dev/bin/libKXVeskPicture.so build/release/bin/libKXVeskPicture.so; do
+    for module in build/*/bin/libKXVeskPicture.so; do
         if [ -f "$module" ]; then
             "$here/exports.sh" "$module" || true
         fi
