@@ -7,6 +7,9 @@
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VESK_OFFSCREEN_SCREEN);
+    // Times are printed in the tests' zone, also when a program is started by hand.
+    if (qEnvironmentVariableIsEmpty("TZ"))
+        qputenv("TZ", "Asia/Shanghai");
     QApplication app(argc, argv);
     toolkit::ApplyLook(app);
     testing::InitGoogleTest(&argc, argv);
