@@ -45,8 +45,12 @@ void CBimPicMng::NotifyChanged() {
 bool CBimPicMng::QueryPage(const toolkit::ImageList& rowImages, const KX_DATA::PageRequest& request,
                            KX_DATA::PageResult& result) {
     records.clear();
-    if (GetVeskPicMng()->QueryBimPics(PicFilter(), request, result, records) != KX_DATA::kServiceOk)
+    const int filling = grid->Filling();
+    std::vector<KX_DATA::BimPicRow> page;
+    if (GetVeskPicMng()->QueryBimPics(PicFilter(), request, result, page) != KX_DATA::kServiceOk ||
+        grid->Filling() != filling)
         return false;
+    records = std::move(page);
     for (size_t i = 0; i < records.size(); ++i)
         BuildRow(rowImages, int(i), records[i]);
     return true;

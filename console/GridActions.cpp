@@ -73,10 +73,11 @@ void CVeskPicMngGrid::DeleteOneRow(CGridRow& row) {
         const DeleteResult result = manager->DeleteRow(m_projectId, row);
         if (result == DeleteResult::Refused)
             throw e_VeskPicMngStatus::DeleteFailed;
-        // The console may have been closed, or have another kind, behind the question.
-        if (result == DeleteResult::Cancelled || !HasWindow() || manager != m_manager)
+        if (result == DeleteResult::Cancelled)
             return;
-        FetchAfterDelete();
+        // The console may have been closed, or have another kind, behind the question.
+        if (manager == m_manager)
+            FetchAfterDelete();
         if (notify)
             manager->NotifyChanged();
     });

@@ -50,9 +50,13 @@ void CPDFPicMng::NotifyChanged() {
 bool CPDFPicMng::QueryPage(const toolkit::ImageList& rowImages, const KX_DATA::PageRequest& request,
                            KX_DATA::PageResult& result) {
     records.clear();
+    const int filling = grid->Filling();
+    std::vector<KX_DATA::PdfPicRecord> page;
     // The service of drawing photos tells success by any value but 0.
-    if (GetVeskPicMng()->QueryPdfPics(PdfFilter(), request, result, records) == 0)
+    if (GetVeskPicMng()->QueryPdfPics(PdfFilter(), request, result, page) == 0 ||
+        grid->Filling() != filling)
         return false;
+    records = std::move(page);
     for (size_t i = 0; i < records.size(); ++i)
         BuildRow(rowImages, int(i), records[i]);
     return true;

@@ -39,8 +39,12 @@ void CTNPicMng::NotifyChanged() {
 bool CTNPicMng::QueryPage(const toolkit::ImageList& rowImages, const KX_DATA::PageRequest& request,
                           KX_DATA::PageResult& result) {
     records.clear();
-    if (GetTNQuestionMng()->QueryIssues(PicFilter(), request, result, records) != 101)
+    const int filling = grid->Filling();
+    std::vector<KX_DATA::IssueRow> page;
+    if (GetTNQuestionMng()->QueryIssues(PicFilter(), request, result, page) != 101 ||
+        grid->Filling() != filling)
         return false;
+    records = std::move(page);
     for (size_t i = 0; i < records.size(); ++i)
         BuildRow(rowImages, int(i), records[i]);
     return true;

@@ -97,6 +97,7 @@ void CVeskPicMngGrid::SetMode(ConsoleMode newMode) {
 }
 
 void CVeskPicMngGrid::Empty() {
+    ++m_filling;
     RemoveAll();
     CheckAll(false);
 }
@@ -160,8 +161,15 @@ void CVeskPicMngGrid::FetchPage() {
     request.sortField = m_sortField;
     request.sortOrder = m_sortOrder;
     KX_DATA::PageResult result;
+    // While the service answers, another page or another kind may have been asked for: that one is
+    // shown then, and the manager asked here may be gone.
+    const auto manager = m_manager;
+    const int filling = m_filling;
+    const bool built = manager->QueryPage(m_rowImages, request, result);
+    if (m_filling != filling)
+        return;
     // A refused query leaves an empty page and no hits; nothing else is told.
-    m_queryFailed = !m_manager->QueryPage(m_rowImages, request, result);
+    m_queryFailed = !built;
     totalCount = result.totalCount;
     AdjustLayout();
     if (GetManager() != nullptr)
@@ -172,9 +180,15 @@ void CVeskPicMngGrid::FetchCurrentPage() {
     DoCurrentPage();
 }
 
+bool CVeskPicMngGrid::IsInDialog() const {
+    return HasWindow() && GetManager() != nullptr;
+}
+
 void CVeskPicMngGrid::FetchAfterDelete() {
+    if (!IsInDialog())
+        return;
     DoCurrentPage();
-    if (m_queryFailed || GetManager() == nullptr)
+    if (m_queryFailed || !IsInDialog())
         return;
     // What was deleted may have been all of the last page.
     const int last = GetManager()->GetPageCount();

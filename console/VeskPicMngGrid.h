@@ -46,6 +46,9 @@ public:
     [[nodiscard]] const QString& SortFieldName() const { return m_sortField; }
     [[nodiscard]] const QString& SortOrder() const { return m_sortOrder; }
     [[nodiscard]] bool AllChecked() const { return m_allChecked; }
+    /// Changes each time the grid is emptied: who asked a service for rows before that must not add
+    /// them any more.
+    [[nodiscard]] int Filling() const { return m_filling; }
 
 protected:
     void OnInitialize() override;
@@ -63,6 +66,8 @@ private:
     void SortBy(int column);
     void FetchPage();
     void FetchAfterDelete();
+    /// The dialog has this grid, in a window.
+    [[nodiscard]] bool IsInDialog() const;
     void RunCommand(RowCommand command, CGridRow& row);
     void LocateSelected(CGridRow& row);
     void DeleteOneRow(CGridRow& row);
@@ -77,5 +82,6 @@ private:
     QString m_sortOrder = QStringLiteral("desc");
     bool m_allChecked = false;
     bool m_queryFailed = false;
+    int m_filling = 0;
     boost::shared_ptr<CPicMngBase> m_manager;
 };

@@ -1,0 +1,331 @@
+// What the row icons, a double click, the row's menu and the actions on checked rows do.
+#include "base/Status.h"
+#include "tests/console/grid/GridFixture.h"
+#include "tests/support/WaitFor.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QtTest/QTest>
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
+
+class GridActionsTest : public GridFixture {
+protected:
+    GridActionsTest() { host.project.drawing = {500, u"一层平面"_s}; }
+
+    QMenu* OpenRowMenu(int row) {
+        const QPoint place = CellCentre(row, 3);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place,
+                                View().viewport()->mapToGlobal(place));
+        QApplication::sendEvent(View().viewport(), &event);
+        return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    }
+    static std::vector<std::string> Entries(const QMenu& menu) {
+        std::vector<std::string> texts;
+        for (const QAction* action : menu.actions())
+            texts.push_back(action->text().toStdString() + (action->isEnabled() ? "" : " off"));
+        return texts;
+    }
+};
+
+TEST_F(GridActionsTest, AClickOnTheEditIconSelectsItsRowAndGoesToItsEditor) {
+    Show(kModeBim, 3);
+    ClickCell(1, 12);
+    ASSERT_NE(grid->GetCurSel(), nullptr);
+    EXPECT_EQ(grid->GetCurSel()->GetRowId(), 1);
+    EXPECT_TRUE(ModuleLog().contains(u"BIM照片编辑"_s));
+    // Cancelled: nothing is fetched again.
+    EXPECT_THAT(Log().LinesOf({"Dialog", "RefreshBimMarks"}), IsEmpty());
+}
+
+TEST_F(GridActionsTest, TheOtherIconsGoToTheirDialogs) {
+    Show(kModeBim, 3);
+    ClickCell(0, 13);
+    EXPECT_EQ(Log().LinesOf({"LocatePicture"}).front(), "LocatePicture(position=K1,mark=1)");
+    ClickCell(0, 14);
+    EXPECT_TRUE(ModuleLog().contains(u"照片预览"_s));
+    ClickCell(0, 15);
+    EXPECT_TRUE(ModuleLog().contains(u"照片另存"_s));
+}
+
+TEST_F(GridActionsTest, ADisabledLookupIconDoesNothing) {
+    Show(kModeBim, 3);
+    host.pics.bimPics[0].floor.clear();
+    paging->DoFirstPage();
+    Log().Clear();
+    ClickCell(0, 13);
+    EXPECT_THAT(Log().Lines(), IsEmpty());
+}
+
+TEST_F(GridActionsTest, ADoubleClickLooksTheRowUp) {
+    Show(kModeBim, 3);
+    DoubleClickCell(2, 3);
+    EXPECT_THAT(Log().LinesOf({"LocatePicture"}), ElementsAre("LocatePicture(position=K3,mark=1)"));
+}
+
+TEST_F(GridActionsTest, ADoubleClickOnAPhotoWithoutAFloorDoesNothing) {
+    Show(kModeBim, 3);
+    host.pics.bimPics[0].floor.clear();
+    paging->DoFirstPage();
+    Log().Clear();
+    DoubleClickCell(0, 3);
+    EXPECT_THAT(Log().Lines(), IsEmpty());
+}
+
+TEST_F(GridActionsTest, ADoubleClickOnADrawingPhotoIsJudgedByTheEditIconAndAlwaysLooksUp) {
+    Show(kModePdf, 3);
+    DoubleClickCell(1, 3);
+    EXPECT_EQ(Log().CountOf("SelectCheckpoint"), 1);
+    // The icon of the column that holds the lookup in the other kinds decides.
+    Item(1, 13).Enable(false);
+    DoubleClickCell(1, 3);
+    EXPECT_EQ(Log().CountOf("SelectCheckpoint"), 1);
+    Item(2, 14).Enable(false);
+    DoubleClickCell(2, 3);
+    EXPECT_EQ(Log().CountOf("SelectCheckpoint"), 2);
+}
+
+TEST_F(GridActionsTest, ADoubleClickOnAnIssueLooksItUp) {
+    Show(kModeIssue, 3);
+    DoubleClickCell(1, 3);
+    EXPECT_THAT(Log().LinesOf({"LocateIssue"}), ElementsAre("LocateIssue(id=q2)"));
+}
+
+TEST_F(GridActionsTest, EnterDoesWhatADoubleClickDoes) {
+    Show(kModeIssue, 3);
+    ClickCell(1, 3);
+    QTest::keyClick(&View(), Qt::Key_Return);
+    EXPECT_THAT(Log().LinesOf({"LocateIssue"}), ElementsAre("LocateIssue(id=q2)"));
+}
+
+TEST_F(GridActionsTest, DeletingARowAsksFetchesThePageAgainAndTellsTheHost) {
+    Show(kModeBim, 3);
+    prompts.ExpectOkCancel(u"确认删除照片 照片2.jpg ？"_s, true);
+    ClickCell(1, 16);
+    EXPECT_THAT(Log().LinesOf({"AskOkCancel", "DeleteBimPics", "WriteActionLog", "Dialog",
+                               "QueryBimPics", "RefreshBimMarks"}),
+                ElementsAre("AskOkCancel(确认删除照片 照片2.jpg ？)", "DeleteBimPics(ids=[2])",
+                            "WriteActionLog(删除Vesk照片)", "Dialog(1026)",
+                            "QueryBimPics(page=1,size=30,sort=last_modifytime desc)",
+                            "Dialog(1025)", "RefreshBimMarks()"));
+    EXPECT_EQ(grid->GetRowCount(), 2);
+    EXPECT_THAT(prompts.Parents(), ElementsAre(windowId));
+}
+
+TEST_F(GridActionsTest, ACancelledDeleteLeavesThePageAsItIsAndTellsNobody) {
+    Show(kModeBim, 3);
+    Check({0});
+    prompts.ExpectOkCancel(u"确认删除照片 照片2.jpg ？"_s, false);
+    ClickCell(1, 16);
+    EXPECT_THAT(Log().Lines(), ElementsAre("AskOkCancel(确认删除照片 照片2.jpg ？)"));
+    EXPECT_EQ(grid->GetRowCount(), 3);
+    EXPECT_THAT(Checked(), ElementsAre(0));
+}
+
+TEST_F(GridActionsTest, ARefusedDeleteShowsItsMessageAndLeavesThePage) {
+    Show(kModeBim, 3);
+    host.script.FailNext("DeleteBimPics");
+    prompts.ExpectOkCancel(u"确认删除照片 照片1.jpg ？"_s, true);
+    prompts.ExpectMessage(u"删除Vesk照片失败！"_s);
+    ClickCell(0, 16);
+    EXPECT_EQ(grid->GetRowCount(), 3);
+    EXPECT_THAT(Log().LinesOf({"Dialog", "RefreshBimMarks"}), IsEmpty());
+}
+
+TEST_F(GridActionsTest, ADrawingPhotoDeletedFromTheOpenDrawingIsTold) {
+    Show(kModePdf, 3);
+    prompts.ExpectOkCancel(u"确认删除照片 图片1.jpg ？"_s, true);
+    ClickCell(0, 17);
+    EXPECT_THAT(Log().LinesOf({"DeletePdfPics", "QueryPdfPics", "RefreshPdfMarks"}),
+                ElementsAre("DeletePdfPics(ppid=1,ids=[1])",
+                            "QueryPdfPics(page=1,size=30,sort=last_modifytime desc)",
+                            "RefreshPdfMarks()"));
+}
+
+TEST_F(GridActionsTest, ADrawingPhotoDeletedFromAnotherDrawingIsNotToldButThePageIsFetched) {
+    host.project.drawing = {1, u"二层平面"_s};
+    Show(kModePdf, 3);
+    prompts.ExpectOkCancel(u"确认删除照片 图片1.jpg ？"_s, true);
+    ClickCell(0, 17);
+    EXPECT_EQ(Log().CountOf("QueryPdfPics"), 1);
+    EXPECT_EQ(Log().CountOf("RefreshPdfMarks"), 0);
+}
+
+TEST_F(GridActionsTest, AnIssueIsDeletedByItsUuid) {
+    Show(kModeIssue, 3);
+    prompts.ExpectOkCancel(u"确认删除该问题和所附照片吗 ？"_s, true);
+    ClickCell(2, 16);
+    EXPECT_THAT(Log().LinesOf({"DeleteIssues", "RefreshTNMarks"}),
+                ElementsAre("DeleteIssues(ids=[q3])", "RefreshTNMarks()"));
+}
+
+TEST_F(GridActionsTest, DeletingTheLastRowOfTheLastPageFetchesTheNewLastPageAfterTheEnd) {
+    Show(kModeBim, 31);
+    paging->DoPage(2);
+    Log().Clear();
+    prompts.ExpectOkCancel(u"确认删除照片 照片31.jpg ？"_s, true);
+    ClickCell(0, 16);
+    EXPECT_THAT(Log().LinesOf({"Dialog", "QueryBimPics", "RefreshBimMarks"}),
+                ElementsAre("Dialog(1026)",
+                            "QueryBimPics(page=2,size=30,sort=last_modifytime desc)",
+                            "Dialog(1025)", "Dialog(1026)",
+                            "QueryBimPics(page=1,size=30,sort=last_modifytime desc)",
+                            "Dialog(1025)", "RefreshBimMarks()"));
+    EXPECT_EQ(grid->GetCurrentPage(), 1);
+    EXPECT_EQ(grid->GetRowCount(), 30);
+}
+
+TEST_F(GridActionsTest, AfterAFailedQueryNoOtherPageIsFetched) {
+    Show(kModeBim, 31);
+    paging->DoPage(2);
+    Log().Clear();
+    host.script.FailNext("QueryBimPics");
+    prompts.ExpectOkCancel(u"确认删除照片 照片31.jpg ？"_s, true);
+    ClickCell(0, 16);
+    EXPECT_EQ(Log().CountOf("QueryBimPics"), 1);
+    EXPECT_EQ(grid->GetCurrentPage(), 2);
+}
+
+TEST_F(GridActionsTest, DeletingWhatIsCheckedFetchesThePageAndTellsTheHost) {
+    Show(kModeBim, 3);
+    Check({0, 2});
+    grid->DeleteChecked();
+    EXPECT_THAT(Log().LinesOf({"DeleteBimPics", "Dialog", "RefreshBimMarks"}),
+                ElementsAre("DeleteBimPics(ids=[3 1])", "Dialog(1026)", "Dialog(1025)",
+                            "RefreshBimMarks()"));
+    EXPECT_EQ(Cell(0, 3), "照片2.jpg");
+}
+
+TEST_F(GridActionsTest, ARefusalToDeleteWhatIsCheckedIsNotLookedAt) {
+    Show(kModeBim, 3);
+    Check({0});
+    host.script.FailNext("DeleteBimPics");
+    grid->DeleteChecked();
+    EXPECT_THAT(Log().LinesOf({"QueryBimPics", "RefreshBimMarks"}).size(), 2U);
+    EXPECT_THAT(prompts.Parents(), IsEmpty());
+}
+
+TEST_F(GridActionsTest, DeletingCheckedDrawingPhotosOfOtherDrawingsTellsNobody) {
+    host.project.drawing = {1, u"二层平面"_s};
+    Show(kModePdf, 3);
+    Check({0});
+    grid->DeleteChecked();
+    EXPECT_EQ(Log().CountOf("QueryPdfPics"), 1);
+    EXPECT_EQ(Log().CountOf("RefreshPdfMarks"), 0);
+}
+
+TEST_F(GridActionsTest, AStatusRaisedByADeleteIsShown) {
+    Show(kModeBim, 3);
+    Check({0});
+    host.script.During("DeleteBimPics", [] { throw e_VeskPicMngStatus::NothingToDelete; });
+    prompts.ExpectMessage(u"无照片可删！"_s);
+    grid->DeleteChecked();
+    EXPECT_EQ(grid->GetRowCount(), 3);
+}
+
+TEST_F(GridActionsTest, HidingChangesTheCellsOfTheCheckedRowsWithoutAFetch) {
+    Show(kModeBim, 3);
+    Check({0, 2});
+    grid->SetCheckedShown(false);
+    EXPECT_THAT(Log().Lines(),
+                ElementsAre("SetBimPicsShown(ppid=1,ids=[3 1],hidden=true)", "RefreshBimMarks()"));
+    EXPECT_EQ(Cell(0, 11), "隐藏");
+    EXPECT_EQ(Cell(1, 11), "显示");
+    EXPECT_EQ(Cell(2, 11), "隐藏");
+    EXPECT_THAT(Checked(), ElementsAre(0, 2));
+}
+
+TEST_F(GridActionsTest, ShowingIsTheSameWithTheOtherFlagAndText) {
+    Show(kModeIssue, 2);
+    Check({1});
+    grid->SetCheckedShown(false);
+    Log().Clear();
+    grid->SetCheckedShown(true);
+    EXPECT_THAT(Log().Lines(),
+                ElementsAre("SetIssuesShown(ppid=1,ids=[q2],hidden=false)", "RefreshTNMarks()"));
+    EXPECT_EQ(Cell(1, 11), "显示");
+}
+
+TEST_F(GridActionsTest, TheRecordHoldsTheNumberOfTheStatusColumnThenAndNotTheStatus) {
+    Show(kModePdf, 2);
+    Check({0});
+    grid->SetCheckedShown(true);
+    EXPECT_EQ(static_cast<KX_DATA::PdfPicRecord*>(grid->GetRow(0)->GetData())->status, 12);
+    EXPECT_EQ(static_cast<KX_DATA::PdfPicRecord*>(grid->GetRow(1)->GetData())->status, 0);
+}
+
+TEST_F(GridActionsTest, ARefusalToHideShowsItsMessageAndChangesNothing) {
+    Show(kModeBim, 3);
+    Check({0});
+    host.script.FailNext("SetBimPicsShown");
+    prompts.ExpectMessage(u"修改照片状态出错！"_s);
+    grid->SetCheckedShown(false);
+    EXPECT_EQ(Cell(0, 11), "显示");
+    EXPECT_EQ(Log().CountOf("RefreshBimMarks"), 0);
+    EXPECT_EQ(static_cast<KX_DATA::BimPicRow*>(grid->GetRow(0)->GetData())->status, 0);
+}
+
+TEST_F(GridActionsTest, WithNothingCheckedHidingSaysWhatItSaysHere) {
+    Show(kModeBim, 3);
+    prompts.ExpectMessage(u"必须选择新的楼层轴网信息才能提交！"_s);
+    grid->SetCheckedShown(false);
+    EXPECT_EQ(Log().CountOf("SetBimPicsShown"), 0);
+}
+
+TEST_F(GridActionsTest, HidingDrawingPhotosOfOtherDrawingsTellsNobody) {
+    host.project.drawing = {1, u"二层平面"_s};
+    Show(kModePdf, 3);
+    Check({0});
+    grid->SetCheckedShown(false);
+    EXPECT_EQ(Cell(0, 12), "隐藏");
+    EXPECT_EQ(Log().CountOf("RefreshPdfMarks"), 0);
+}
+
+TEST_F(GridActionsTest, TheRowsMenuOffersTheVisibleIcons) {
+    Show(kModeBim, 3);
+    QMenu* menu = OpenRowMenu(1);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_THAT(Entries(*menu), ElementsAre("编辑", "反查", "预览", "下载", "删除"));
+    EXPECT_EQ(grid->GetCurSel()->GetRowId(), 1);
+    menu->close();
+}
+
+TEST_F(GridActionsTest, TheRowsMenuLeavesOutHiddenIconsAndDisablesDisabledOnes) {
+    host.auth.rights = {};
+    Show(kModeBim, 1);
+    host.pics.bimPics[0].floor.clear();
+    paging->DoFirstPage();
+    QMenu* menu = OpenRowMenu(0);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_THAT(Entries(*menu), ElementsAre("反查 off", "预览", "下载"));
+    menu->close();
+}
+
+TEST_F(GridActionsTest, TheMenuOfIssuesHasNoDownload) {
+    Show(kModeIssue, 1);
+    QMenu* menu = OpenRowMenu(0);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_THAT(Entries(*menu), ElementsAre("编辑", "反查", "预览", "删除"));
+    menu->close();
+}
+
+TEST_F(GridActionsTest, AnEntryOfTheMenuDoesWhatItsIconDoes) {
+    Show(kModeBim, 3);
+    QMenu* menu = OpenRowMenu(1);
+    ASSERT_NE(menu, nullptr);
+    prompts.ExpectOkCancel(u"确认删除照片 照片2.jpg ？"_s, false);
+    QTest::mouseClick(menu, Qt::LeftButton, {},
+                      menu->actionGeometry(menu->actions().back()).center());
+    support::RunPendingEvents();
+    EXPECT_TRUE(prompts.AllAnswered());
+}
+
+} // namespace

@@ -1,0 +1,159 @@
+// Fetching a page: the events around it, what it asks for, what it leaves behind.
+#include "base/Status.h"
+#include "tests/console/grid/GridFixture.h"
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
+
+class GridFetchTest : public GridFixture {
+protected:
+    /// The events and queries since the log was cleared.
+    [[nodiscard]] Calls Protocol() {
+        return Log().LinesOf({"Dialog", "QueryBimPics", "QueryPdfPics", "QueryIssues"});
+    }
+    static Calls Around(const std::string& query) {
+        return {"Dialog(1026)", query, "Dialog(1025)"};
+    }
+};
+
+constexpr const char* kFirstBimPage = "QueryBimPics(page=1,size=30,sort=last_modifytime desc)";
+
+TEST_F(GridFetchTest, TheDialogIsToldBeforeAndAfter) {
+    Open(kModeBim, 3);
+    paging->DoFirstPage();
+    EXPECT_THAT(Protocol(), Around(kFirstBimPage));
+}
+
+TEST_F(GridFetchTest, EachKindAsksForThirtyRowsInItsDefaultOrder) {
+    Open(kModePdf, 3);
+    paging->DoFirstPage();
+    EXPECT_THAT(Protocol(), Around("QueryPdfPics(page=1,size=30,sort=last_modifytime desc)"));
+    Open(kModeIssue, 3);
+    paging->DoFirstPage();
+    EXPECT_THAT(Protocol(), Around("QueryIssues(page=1,size=30,sort=modifytime desc)"));
+}
+
+TEST_F(GridFetchTest, RowsTotalAndPageCountAreTheServices) {
+    Show(kModeBim, 65);
+    EXPECT_EQ(grid->GetRowCount(), 30);
+    EXPECT_EQ(grid->totalCount, 65);
+    EXPECT_EQ(paging->GetPageCount(), 3);
+}
+
+TEST_F(GridFetchTest, AnotherPageIsAskedForByItsNumber) {
+    Show(kModeBim, 65);
+    paging->DoPage(3);
+    EXPECT_THAT(Protocol(), Around("QueryBimPics(page=3,size=30,sort=last_modifytime desc)"));
+    EXPECT_EQ(grid->Manager()->currentPage, 3);
+    EXPECT_EQ(Cell(0, 1), "61");
+}
+
+TEST_F(GridFetchTest, ARefusedQueryLeavesNoRowsNoHitsAndSaysNothing) {
+    Show(kModeBim, 65);
+    host.script.FailNext("QueryBimPics");
+    paging->DoFirstPage();
+    EXPECT_THAT(Protocol(), Around(kFirstBimPage));
+    EXPECT_EQ(grid->GetRowCount(), 0);
+    EXPECT_EQ(grid->totalCount, 0);
+    EXPECT_EQ(paging->GetPageCount(), 0);
+    EXPECT_THAT(prompts.Parents(), IsEmpty());
+}
+
+TEST_F(GridFetchTest, EveryKindTellsTheEndOfARefusedQuery) {
+    for (const ConsoleMode mode : {kModeBim, kModePdf, kModeIssue}) {
+        Show(mode, 3);
+        for (const char* query : {"QueryBimPics", "QueryPdfPics", "QueryIssues"})
+            host.script.FailAlways(query);
+        grid->DoCurrentPage();
+        EXPECT_THAT(Log().LinesOf({"Dialog"}), ElementsAre("Dialog(1026)", "Dialog(1025)")) << mode;
+        EXPECT_EQ(grid->GetRowCount(), 0) << mode;
+        for (const char* query : {"QueryBimPics", "QueryPdfPics", "QueryIssues"})
+            host.script.Succeed(query);
+    }
+}
+
+TEST_F(GridFetchTest, ARaisedStatusIsShownAtTheDialogAndTheEndIsToldAllTheSame) {
+    Show(kModeBim, 65);
+    host.script.During("QueryBimPics", [] { throw e_VeskPicMngStatus::PicInfoFailed; });
+    prompts.ExpectMessage(u"获取Vesk照片信息失败！"_s);
+    paging->DoFirstPage();
+    EXPECT_THAT(Log().LinesOf({"Dialog", "QueryBimPics", "ShowMessage"}),
+                ElementsAre("Dialog(1026)", kFirstBimPage, "ShowMessage(获取Vesk照片信息失败！)",
+                            "Dialog(1025)"));
+    EXPECT_THAT(prompts.Parents(), ElementsAre(windowId));
+    EXPECT_EQ(grid->totalCount, 0);
+    EXPECT_EQ(grid->GetRowCount(), 0);
+}
+
+TEST_F(GridFetchTest, TheGridWorksAgainAfterARaisedStatus) {
+    Show(kModeBim, 3);
+    host.script.During("QueryBimPics", [] { throw e_VeskPicMngStatus::PicInfoFailed; });
+    prompts.ExpectMessage(u"获取Vesk照片信息失败！"_s);
+    paging->DoFirstPage();
+    host.script.During("QueryBimPics", nullptr);
+    paging->DoFirstPage();
+    EXPECT_EQ(grid->GetRowCount(), 3);
+    EXPECT_EQ(grid->totalCount, 3);
+}
+
+TEST_F(GridFetchTest, AnEmptyResultBuildsNoRow) {
+    Show(kModeBim, 0);
+    EXPECT_EQ(grid->GetRowCount(), 0);
+    EXPECT_EQ(grid->totalCount, 0);
+    EXPECT_EQ(paging->GetPageCount(), 0);
+}
+
+TEST_F(GridFetchTest, OldRowsAreGoneBeforeTheServiceIsAsked) {
+    Show(kModeBim, 3);
+    int rowsDuring = -1;
+    host.script.During("QueryBimPics", [&] { rowsDuring = grid->GetRowCount(); });
+    paging->DoFirstPage();
+    EXPECT_EQ(rowsDuring, 0);
+}
+
+TEST_F(GridFetchTest, APageForgetsTheSelectedRow) {
+    Show(kModeBim, 65);
+    grid->SetCurSel(2);
+    paging->DoPage(2);
+    EXPECT_EQ(grid->GetCurSel(), nullptr);
+}
+
+TEST_F(GridFetchTest, RefreshFetchesThePresentPageAndThenTellsTheHost) {
+    Show(kModeBim, 65);
+    paging->DoPage(2);
+    Log().Clear();
+    grid->Refresh();
+    EXPECT_THAT(Log().LinesOf({"Dialog", "QueryBimPics", "RefreshBimMarks"}),
+                ElementsAre("Dialog(1026)",
+                            "QueryBimPics(page=2,size=30,sort=last_modifytime desc)",
+                            "Dialog(1025)", "RefreshBimMarks()"));
+}
+
+TEST_F(GridFetchTest, WithoutAProjectTheGridOpensAllTheSame) {
+    host.project.project.reset();
+    Show(kModeBim, 3);
+    EXPECT_EQ(grid->GetRowCount(), 3);
+    host.script.FailAlways("GetCurrentProject");
+    Show(kModeBim, 3);
+    EXPECT_EQ(grid->GetRowCount(), 3);
+}
+
+TEST_F(GridFetchTest, RowsOrderByTheirRunningNumber) {
+    Show(kModeBim, 3);
+    grid->SortRows();
+    EXPECT_EQ(Cell(0, 1), "1");
+    EXPECT_EQ(Cell(2, 1), "3");
+    // Numbers, not texts.
+    Item(0, 1).SetValue(10);
+    grid->SortRows();
+    EXPECT_EQ(Cell(2, 1), "10");
+}
+
+} // namespace
