@@ -65,6 +65,15 @@ bool IsBlockedByDialog(const QWidget* widget) {
            !modal->isAncestorOf(widget->window());
 }
 
+/// What a click on a window does first of all. False: not active yet, to be tried again.
+bool IsBroughtUp(QWidget* widget) {
+    QWidget* top = widget->window();
+    if (top->isActiveWindow() || IsPopup(widget))
+        return true;
+    top->activateWindow();
+    return false;
+}
+
 QString Plain(QString text) {
     const qsizetype shortcut = text.indexOf(u'\t');
     if (shortcut >= 0)
@@ -92,7 +101,7 @@ bool Click(QWidget* widget, Qt::MouseButton button) {
 }
 
 bool ClickAt(QWidget* widget, const QPoint& place, Qt::MouseButton button) {
-    if (!CanReach(widget) || !widget->rect().contains(place))
+    if (!CanReach(widget) || !widget->rect().contains(place) || !IsBroughtUp(widget))
         return false;
     SendClick(widget, place, button, NextTimestamp(kFarApart));
     return true;
@@ -114,7 +123,7 @@ bool MoveTo(QWidget* widget, const QPoint& place) {
 }
 
 bool PressKey(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    if (!CanReach(widget))
+    if (!CanReach(widget) || !IsBroughtUp(widget))
         return false;
     QWindow* window = widget->window()->windowHandle();
     const QPointer<QWindow> guarded(window);
@@ -194,7 +203,11 @@ bool DropPaths(QWidget* widget, const QStringList& paths) {
 }
 
 bool CloseWindow(QWidget* window) {
-    return CanReach(window) && window->close();
+    if (!CanReach(window))
+        return false;
+    // The window object behind it may end the window by itself and refuse the event.
+    window->close();
+    return true;
 }
 
 } // namespace host::tour

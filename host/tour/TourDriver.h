@@ -15,7 +15,8 @@ namespace host::tour {
 
 /// Events enter where a window system would hand them over, so that focus, popups, shortcuts and
 /// blocking by dialogs work as for a person. Each operation answers false, having done nothing,
-/// where a person could not do it: null, hidden or disabled widget, or a dialog in the way.
+/// where a person could not do it: null, hidden or disabled widget, or a dialog in the way; and
+/// once when the window must come to the foreground first.
 /// Thread: user interface.
 
 [[nodiscard]] bool CanReach(const QWidget* widget);

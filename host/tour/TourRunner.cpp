@@ -32,6 +32,11 @@ void TourRunner::Start() {
     PollLater();
 }
 
+void TourRunner::RunToEnd() {
+    while (phase != Phase::kOver)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
 void TourRunner::PollLater() {
     // A new timer each time: a repeating one stays silent while a dialog runs inside its handler.
     QTimer::singleShot(kPollMs, this, &TourRunner::Poll);
@@ -95,7 +100,8 @@ void TourRunner::Fail(const QString& what) {
         if (window->isVisible())
             SavePicture(window, QDir(options.folder).filePath(u"failed-%1.png"_s.arg(++number)));
     }
-    emit Finished(u"第 %1 步“%2”：%3"_s.arg(at + 1).arg(Step().text, what));
+    failure = u"第 %1 步“%2”：%3"_s.arg(at + 1).arg(Step().text, what);
+    emit Finished(failure);
 }
 
 } // namespace host::tour

@@ -36,10 +36,14 @@ public:
     TourRunner(std::vector<TourStep> tourSteps, const Options& tourOptions);
 
     void Start();
+    /// For after the program's event loop, which the last step ended: runs what is left.
+    void RunToEnd();
+    /// Empty while all steps happened so far.
+    [[nodiscard]] const QString& Failure() const { return failure; }
 
 signals:
-    /// Once. `failure` is empty if all steps happened, else it says which one did not.
-    void Finished(const QString& failure);
+    /// Once. `what` is empty if all steps happened, else it says which one did not.
+    void Finished(const QString& what);
 
 private:
     enum class Phase { kAct, kActing, kSee, kSettle, kOver };
@@ -57,6 +61,7 @@ private:
     std::size_t at = 0;
     Phase phase = Phase::kAct;
     QElapsedTimer sinceStep;
+    QString failure;
 };
 
 } // namespace host::tour

@@ -1,0 +1,21 @@
+// Names of windows on the walk, and what one step leaves for the next.
+#pragma once
+
+#include <QString>
+
+namespace host::tour {
+
+inline const QString kMain = QStringLiteral("mainWindow");
+inline const QString kConsole = QStringLiteral("VeskPicMngDlg");
+inline const QString kSignIn = QStringLiteral("signInDialog");
+inline const QString kBin = QStringLiteral("binWindow");
+inline const QString kImport = QStringLiteral("importDialog");
+inline const QString kKeys = QStringLiteral("keysWindow");
+
+/// A number that a step saw before it did something. Thread: user interface.
+inline int& Remembered() {
+    static int number = 0;
+    return number;
+}
+
+} // namespace host::tour

@@ -1,0 +1,40 @@
+// The walk's steps, written down one after the other.
+#pragma once
+
+#include "host/tour/TourRunner.h"
+
+namespace host::tour {
+
+/// Where a walk finds its own files.
+struct TourPlaces {
+    QString photoFolder; ///< made by the tour: pictures to import, and a text file among them
+    int photoCount = 0;  ///< pictures in it that can be read
+};
+
+/// Writes the steps down.
+class TourScript final {
+public:
+    using Act = std::function<bool()>;
+
+    /// What is done, how, and how one sees that it happened.
+    void Do(const QString& text, Act act, Act seen);
+    /// A picture of the window that bears this name or title, once the step before is seen.
+    void Picture(const QString& window, const QString& file);
+    [[nodiscard]] std::vector<TourStep> Take() { return std::move(steps); }
+
+private:
+    std::vector<TourStep> steps;
+};
+
+/// Sign-in and main window with its floor plan.
+void WriteStart(TourScript& script);
+/// The console with BIM photos: presets, search, filters, order, pages, row actions.
+void WriteBimConsole(TourScript& script);
+/// The console with drawing photos and with issues.
+void WriteOtherConsoles(TourScript& script);
+/// Bin, import, help, another project, a workset.
+void WriteHostWindows(TourScript& script, const TourPlaces& places);
+/// Closes the client.
+void WriteEnd(TourScript& script);
+
+} // namespace host::tour
