@@ -19,6 +19,21 @@ namespace host {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+MessageKind KindOf(MessageLevel level) {
+    switch (level) {
+    case MessageLevel::kError:
+        return MessageKind::kError;
+    case MessageLevel::kWarning:
+        return MessageKind::kWarning;
+    default:
+        return MessageKind::kInfo;
+    }
+}
+
+} // namespace
+
 Client::Client(HostSession& hostSession) : session(hostSession), binSource(hostSession) {}
 
 Client::~Client() {
@@ -89,9 +104,8 @@ void Client::ConnectWindow() {
 void Client::ConnectSession() {
     session.SetMessageSink([this](MessageLevel level, const QString& text) {
         // Transfers report from their own threads.
-        QMetaObject::invokeMethod(window.get(), [this, level, text] {
-            window->Messages().Show(static_cast<MessageKind>(level), text);
-        });
+        QMetaObject::invokeMethod(
+            window.get(), [this, level, text] { window->Messages().Show(KindOf(level), text); });
     });
     session.SetActionSink([this](const LoggedAction& action) {
         window->ActionLog().Model().Add({action.at, action.person, action.action});

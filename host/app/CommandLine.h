@@ -3,6 +3,8 @@
 
 #include "host/sample/SampleSize.h"
 
+#include "host/sample/SampleSize.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -18,9 +20,9 @@ enum class Road {
 
 struct CommandLine {
     Road road = Road::kClient;
-    QString dataFolder; ///< empty: the user's own
-    QString userName;   ///< empty: asked for
-    SampleSize sample = SampleSize::kFull;
+    QString dataFolder;                    ///< empty: the user's own
+    QString userName;                      ///< empty: asked for
+    SampleSize sample = SampleSize::kFull; ///< the site that a folder without one gets
     QString tourFolder;
     int tourScale = 1;       ///< device pixels for each pixel, 1 to 4
     QStringList importWords; ///< what stands behind "import", without --data and --sample

@@ -98,13 +98,22 @@ QString ReadText(const QWidget* widget) {
 }
 
 bool SavePicture(QWidget* window, const QString& path) {
-    QPixmap picture = window->grab();
-    QPainter painter(&picture);
+    QList<QWidget*> shown{window};
+    QRect area = window->geometry();
     const QList<QWidget*> all = QApplication::topLevelWidgets();
     for (QWidget* other : all) {
-        if (LiesOver(other, window))
-            painter.drawPixmap(window->mapFromGlobal(other->mapToGlobal(QPoint())), other->grab());
+        if (!LiesOver(other, window))
+            continue;
+        shown << other;
+        area |= other->geometry();
     }
+    const double scale = window->devicePixelRatioF();
+    QPixmap picture(area.size() * scale);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(window->palette().color(QPalette::Mid));
+    QPainter painter(&picture);
+    for (QWidget* one : shown)
+        painter.drawPixmap(one->geometry().topLeft() - area.topLeft(), one->grab());
     painter.end();
     return picture.save(path);
 }

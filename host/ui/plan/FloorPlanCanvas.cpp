@@ -158,8 +158,11 @@ void FloorPlanCanvas::mousePressEvent(QMouseEvent* event) {
 }
 
 void FloorPlanCanvas::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton && PlaceAt(layout, event->position()) != kNoPlace)
-        AskForPhotos();
+    const int place = PlaceAt(layout, event->position());
+    if (event->button() != Qt::LeftButton || place == kNoPlace)
+        return;
+    Apply(Click(state, place));
+    AskForPhotos();
 }
 
 void FloorPlanCanvas::keyPressEvent(QKeyEvent* event) {

@@ -1,0 +1,123 @@
+#include "host/ui/BinWindow.h"
+
+#include "host/app/SessionBin.h"
+#include "host/data/Bin.h"
+#include "host/data/HostSession.h"
+#include "host/data/SiteWriter.h"
+#include "host/ui/HintTable.h"
+#include "tests/support/TempFolder.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace host {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr qint64 kDay = 24 * 60 * 60;
+
+TEST(DaysLeft, CountsABegunDayAndEndsAtZero) {
+    EXPECT_EQ(DaysLeft(30 * kDay, 0), 30);
+    EXPECT_EQ(DaysLeft(30 * kDay, 1), 30);
+    EXPECT_EQ(DaysLeft(30 * kDay, kDay), 29);
+    EXPECT_EQ(DaysLeft(30 * kDay, 30 * kDay - 1), 1);
+    EXPECT_EQ(DaysLeft(30 * kDay, 30 * kDay), 0);
+    EXPECT_EQ(DaysLeft(0, kDay), 0);
+}
+
+/// A real data folder with one project, two photos and one issue, all of them deleted.
+class BinOfAFolder : public testing::Test {
+protected:
+    void SetUp() override {
+        const auto fault = session.OpenFolder(folder.Path(u"data"_s));
+        ASSERT_FALSE(fault);
+        SiteWriter writer(*session.Folder());
+        const qint32 ppid = writer.AddProject(u"一期工程"_s);
+        writer.AddUser(u"张伟"_s, {});
+        ASSERT_TRUE(session.SignIn(u"张伟"_s));
+        for (const QString& name : {u"甲.jpg"_s, u"乙.jpg"_s}) {
+            NewBimPhoto photo;
+            photo.ppid = ppid;
+            photo.fileName = name;
+            photo.uploader = u"张伟"_s;
+            photo.uploadTime = 1'700'000'000;
+            photos.push_back(writer.FilePhoto(photo, {QString(), name.toUtf8()}));
+        }
+        NewIssue issue;
+        issue.ppid = ppid;
+        issue.theme = u"梁底露筋"_s;
+        issue.creator = u"张伟"_s;
+        issue.createTime = 1'700'000'000;
+        const QString question = writer.FileIssue(issue);
+        Bin bin(session.Folder()->Db(), session.Folder()->Store());
+        ASSERT_EQ(bin.DeleteBimPhotos(photos, u"张伟"_s), 2);
+        ASSERT_EQ(bin.DeleteIssues({question}, u"张伟"_s), 1);
+    }
+
+    static QAbstractItemModel* ModelOf(const BinWindow& window) {
+        return window.findChild<HintTable*>(u"binTable"_s)->model();
+    }
+    static QString Text(const BinWindow& window, int row, int column) {
+        return ModelOf(window)->index(row, column).data().toString();
+    }
+
+    support::TempFolder folder;
+    HostSession session;
+    std::vector<qint32> photos;
+};
+
+TEST_F(BinOfAFolder, ListsWhatWasDeletedByWhomAndForHowLong) {
+    SessionBin source(session);
+    BinWindow window(nullptr, source);
+    ASSERT_EQ(ModelOf(window)->rowCount(), 3);
+    QStringList names;
+    for (int row = 0; row < 3; ++row) {
+        names << Text(window, row, BinModel::kName);
+        EXPECT_EQ(Text(window, row, BinModel::kProject), u"一期工程"_s);
+        EXPECT_EQ(Text(window, row, BinModel::kDeletedBy), u"张伟"_s);
+        EXPECT_EQ(Text(window, row, BinModel::kDaysLeft), u"30 天"_s);
+    }
+    names.sort();
+    EXPECT_EQ(names, QStringList({u"乙.jpg"_s, u"梁底露筋"_s, u"甲.jpg"_s}));
+}
+
+TEST_F(BinOfAFolder, RestoresTheChosenRowAndLogsIt) {
+    QStringList actions;
+    session.SetActionSink([&](const LoggedAction& action) { actions << action.action; });
+    SessionBin source(session);
+    BinWindow window(nullptr, source);
+    int restored = 0;
+    QObject::connect(&window, &BinWindow::Restored, [&](int count) { restored = count; });
+    window.show();
+    auto* table = window.findChild<HintTable*>(u"binTable"_s);
+    auto* button = window.findChild<QPushButton*>(u"binRestore"_s);
+    EXPECT_FALSE(button->isEnabled());
+    const QString name = Text(window, 1, BinModel::kName);
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                      table->visualRect(table->model()->index(1, 1)).center());
+    ASSERT_TRUE(button->isEnabled());
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(restored, 1);
+    EXPECT_EQ(actions, QStringList{u"从回收站恢复 1 项"_s});
+    ASSERT_EQ(ModelOf(window)->rowCount(), 2);
+    for (int row = 0; row < 2; ++row)
+        EXPECT_NE(Text(window, row, BinModel::kName), name);
+    EXPECT_FALSE(button->isEnabled());
+}
+
+TEST_F(BinOfAFolder, AFaultOfTheDataBecomesAMessageAndTheListIsEmpty) {
+    QStringList messages;
+    session.SetMessageSink([&](MessageLevel, const QString& text) { messages << text; });
+    session.Folder()->Db().Exec(u"ALTER TABLE bin RENAME TO bin_elsewhere"_s);
+    SessionBin source(session);
+    EXPECT_TRUE(source.ReadBin().empty());
+    EXPECT_EQ(source.RestoreFromBin({1}), 0);
+    EXPECT_EQ(messages.size(), 2);
+}
+
+} // namespace
+} // namespace host

@@ -1,0 +1,210 @@
+#include "host/ui/ExProgress.h"
+#include "host/ui/ImportDialog.h"
+#include "host/ui/ProgressWindow.h"
+#include "host/ui/SignInDialog.h"
+
+#include "tests/support/AnsweredPrompts.h"
+#include "tests/support/ScriptedHost.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/WaitFor.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace host {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(SignInDialog, BeginsWithWhoSignedInLast) {
+    const SignInDialog dialog({{u"张伟"_s, {}}, {u"李娜"_s, {}}}, u"李娜"_s, u"/data"_s);
+    EXPECT_EQ(dialog.UserName(), u"李娜"_s);
+}
+
+TEST(SignInDialog, BeginsWithTheFirstWhereTheLastOneIsGone) {
+    const SignInDialog dialog({{u"张伟"_s, {}}, {u"李娜"_s, {}}}, u"王强"_s, u"/data"_s);
+    EXPECT_EQ(dialog.UserName(), u"张伟"_s);
+}
+
+TEST(SignInDialog, EnterSignsInWhomTheArrowKeysChose) {
+    SignInDialog dialog({{u"张伟"_s, {}}, {u"李娜"_s, {}}}, {}, u"/data"_s);
+    dialog.show();
+    auto* list = dialog.findChild<QListWidget*>(u"userList"_s);
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_EQ(dialog.UserName(), u"李娜"_s);
+}
+
+TEST(SignInDialog, WithoutPeopleNobodyCanSignIn) {
+    const SignInDialog dialog({}, {}, u"/data"_s);
+    EXPECT_FALSE(dialog.findChild<QPushButton*>(u"signInButton"_s)->isEnabled());
+    EXPECT_TRUE(dialog.UserName().isEmpty());
+}
+
+TEST(ProgressWindow, ComesUpOnlyWhenTheWorkTakesItsTime) {
+    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
+    window.Begin(1'000'000);
+    window.Report(1, 10);
+    EXPECT_FALSE(window.isVisible());
+    window.End();
+    window.Begin(0);
+    window.Report(3, 10);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.findChild<QLabel*>(u"progressCount"_s)->text(), u"3 / 10"_s);
+    window.End();
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST(ProgressWindow, ComesUpByItselfWhileTheWorkIsSilent) {
+    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
+    window.Begin(1);
+    EXPECT_TRUE(support::WaitFor([&] { return window.isVisible(); }));
+}
+
+TEST(ProgressWindow, CancelsOnceByButtonOrEscape) {
+    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
+    int cancelled = 0;
+    QObject::connect(&window, &ProgressWindow::Cancelled, [&] { ++cancelled; });
+    window.Begin(0);
+    window.Report(1, 2);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_EQ(cancelled, 1);
+    EXPECT_TRUE(window.IsCancelled());
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST(ProgressWindow, WithoutAWayToCancelEscapeDoesNothing) {
+    ProgressWindow window(nullptr, u"下载"_s, ProgressWindow::Cancel::kImpossible);
+    window.Begin(0);
+    window.Report(1, 2);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.IsCancelled());
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST(ExProgress, ShowsTitleAndCountFromCreateToClose) {
+    ExProgress progress;
+    progress.SetPos(3);
+    progress.Show();
+    EXPECT_EQ(progress.Window(), nullptr);
+    progress.Create(toolkit::kNoWindow, u"下载照片"_s);
+    progress.SetTitle(u"正在下载"_s);
+    progress.SetRange(4);
+    progress.Show();
+    progress.SetPos(2);
+    ASSERT_NE(progress.Window(), nullptr);
+    EXPECT_EQ(progress.Window()->windowTitle(), u"下载照片"_s);
+    EXPECT_EQ(progress.Window()->findChild<QLabel*>(u"progressText"_s)->text(), u"正在下载"_s);
+    EXPECT_EQ(progress.Window()->findChild<QProgressBar*>(u"progressBar"_s)->value(), 2);
+    EXPECT_TRUE(support::WaitFor([&] { return progress.Window()->isVisible(); }));
+    progress.Close();
+    EXPECT_EQ(progress.Window(), nullptr);
+    progress.Close();
+}
+
+class ImportQuestion : public testing::Test {
+protected:
+    ImportQuestion() {
+        scripted.pics.floors = {u"-1"_s, u"1"_s};
+        scripted.pics.axesX = {u"3"_s};
+        scripted.pics.axesY = {{u"B"_s, u"key-3B"_s}};
+    }
+
+    [[nodiscard]] static QComboBox* Combo(const ImportDialog& dialog, const QString& name) {
+        return dialog.findChild<QComboBox*>(name);
+    }
+    static void Choose(const ImportDialog& dialog, const QString& name, int index) {
+        QComboBox* combo = Combo(dialog, name);
+        combo->setFocus();
+        while (combo->currentIndex() < index)
+            QTest::keyClick(combo, Qt::Key_Down);
+    }
+    [[nodiscard]] static bool CanStart(const ImportDialog& dialog) {
+        return dialog.findChild<QPushButton*>(u"importStart"_s)->isEnabled();
+    }
+
+    support::ScriptedHost scripted;
+    support::TempFolder folder;
+    std::vector<ImportProject> projects = {{1, u"一期"_s}, {2, u"二期"_s}};
+};
+
+TEST_F(ImportQuestion, NeedsAFolderThatExists) {
+    ImportDialog dialog(nullptr, {}, projects);
+    EXPECT_FALSE(CanStart(dialog));
+    auto* paths = dialog.findChild<QLineEdit*>(u"pathsEdit"_s);
+    paths->setText(folder.Path(u"nothing"_s));
+    EXPECT_FALSE(CanStart(dialog));
+    EXPECT_EQ(dialog.findChild<QLabel*>(u"noteLabel"_s)->text(), u"这个文件夹不存在。"_s);
+    paths->setText(u"  "_s + folder.Path());
+    EXPECT_TRUE(CanStart(dialog));
+    EXPECT_EQ(dialog.Choice().paths, QStringList{folder.Path()});
+}
+
+TEST_F(ImportQuestion, AsksForTheFolderOnWish) {
+    support::AnsweredPrompts prompts;
+    prompts.ExpectFolder(u"选择照片所在的文件夹"_s, folder.Path());
+    ImportDialog dialog(nullptr, {}, projects);
+    dialog.findChild<QPushButton*>(u"browseButton"_s)->click();
+    EXPECT_EQ(dialog.Choice().paths, QStringList{folder.Path()});
+}
+
+TEST_F(ImportQuestion, WithoutAPlacePhotosGoToTheFirstProjectWithoutPosition) {
+    const ImportDialog dialog(nullptr, {folder.Path()}, projects);
+    EXPECT_TRUE(CanStart(dialog));
+    const ImportChoice choice = dialog.Choice();
+    EXPECT_EQ(choice.ppid, 1);
+    EXPECT_TRUE(choice.positionKey.isEmpty());
+    EXPECT_EQ(choice.markId, 0);
+}
+
+TEST_F(ImportQuestion, AFloorNeedsBothAxes) {
+    ImportDialog dialog(nullptr, {folder.Path()}, projects);
+    dialog.show();
+    EXPECT_FALSE(Combo(dialog, u"axisXCombo"_s)->isEnabled());
+    Choose(dialog, u"floorCombo"_s, 1);
+    EXPECT_EQ(Combo(dialog, u"floorCombo"_s)->currentText(), u"-1层"_s);
+    EXPECT_FALSE(CanStart(dialog));
+    Choose(dialog, u"axisXCombo"_s, 1);
+    EXPECT_FALSE(CanStart(dialog));
+    Choose(dialog, u"axisYCombo"_s, 1);
+    EXPECT_TRUE(CanStart(dialog));
+    EXPECT_EQ(dialog.Choice().positionKey, u"key-3B"_s);
+}
+
+TEST_F(ImportQuestion, AnotherProjectForgetsTheFloor) {
+    ImportDialog dialog(nullptr, {folder.Path()}, projects);
+    dialog.show();
+    Choose(dialog, u"floorCombo"_s, 1);
+    Choose(dialog, u"projectCombo"_s, 1);
+    EXPECT_EQ(dialog.Choice().ppid, 2);
+    EXPECT_EQ(Combo(dialog, u"floorCombo"_s)->currentIndex(), 0);
+    EXPECT_TRUE(CanStart(dialog));
+}
+
+TEST_F(ImportQuestion, SeveralDroppedPathsStandAsTheyWereDropped) {
+    const QStringList paths = {folder.Path(u"a.jpg"_s), folder.Path(u"b.jpg"_s)};
+    const ImportDialog dialog(nullptr, paths, projects);
+    EXPECT_TRUE(dialog.findChild<QLineEdit*>(u"pathsEdit"_s)->isReadOnly());
+    EXPECT_EQ(dialog.Choice().paths, paths);
+    EXPECT_TRUE(CanStart(dialog));
+}
+
+TEST_F(ImportQuestion, OffersTheMarksOfTheClient) {
+    ImportDialog dialog(nullptr, {folder.Path()}, projects);
+    dialog.show();
+    ASSERT_EQ(Combo(dialog, u"markCombo"_s)->count(), 4);
+    Choose(dialog, u"markCombo"_s, 2);
+    EXPECT_EQ(dialog.Choice().markId, 2);
+}
+
+} // namespace
+} // namespace host
