@@ -45,11 +45,15 @@ void CVeskPicMngDlg::OnCreated() {
     m_controls = std::make_unique<ConsoleControls>(window);
     if (!m_grid)
         SetMode(m_mode == kModeNone ? kModeBim : m_mode);
+    MeasureControls();
     ZelvorNRQ_KXVeskPicture::Guarded(Id(), [this] {
         FillProjects();
         InitControls();
         FillStates();
     });
+    // After a status the window opens all the same, and without its grid it couldn't search.
+    if (!m_gridManager)
+        InitPaging();
     window->setWindowTitle(m_mode == kModeIssue ? u"TN问题管理"_s : u"Vesk照片管理"_s);
     ConnectControls();
     UpdateLeastSize();
@@ -84,6 +88,9 @@ void CVeskPicMngDlg::InitControls() {
     ResetMarkBox();
     ResetLabelBox();
     InitPaging();
+}
+
+void CVeskPicMngDlg::MeasureControls() {
     for (size_t i = 0; i < kFilterControls; ++i)
         m_filterSizes[i] = m_controls->Filters()[i]->size();
     const QWidget& box = *m_controls->projectCombo;

@@ -108,7 +108,8 @@ void CVeskPicMngDlg::RunSearch() {
         Manager()->filter = &std::as_const(m_grid->picFilter);
     }
     m_gridManager->DoFirstPage();
-    if (m_presetActive)
+    // The console may have been closed while the service answered.
+    if (m_presetActive && HasWindow())
         ClearUsedPreset();
 }
 

@@ -63,6 +63,7 @@ private:
     CVeskPicMngDlg() = default;
 
     // Initialisation.
+    void MeasureControls();
     void FillProjects();
     void InitControls();
     void InitDates();
