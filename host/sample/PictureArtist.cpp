@@ -16,6 +16,13 @@ namespace {
 constexpr int kLeastSide = 64;
 constexpr int kJpegQuality = 82;
 
+/// The lens of a phone resolves about half of what its sensor has in each direction; drawing more
+/// of a big picture would cost four times the time and show nothing.
+[[nodiscard]] QSize RenderSize(QSize size) {
+    constexpr int kSharpPixels = 6'000'000;
+    return size.width() * size.height() > kSharpPixels ? size / 2 : size;
+}
+
 [[nodiscard]] FinishSettings FinishFor(const PictureOrder& order, Dice& dice) {
     FinishSettings finish;
     finish.vignette = dice.Between(0.1F, 0.45F);
@@ -46,7 +53,12 @@ QImage PictureArtist::Paint(const PictureOrder& order) {
     }
     Dice dice(order.seed);
     const Scene scene = BuildScene(order.kind, dice);
-    QImage image = tools->renderer.Render(scene, order.size);
+    const QSize size = RenderSize(order.size);
+    QImage image = tools->renderer.Render(scene, size);
+    if (size != order.size) {
+        image = image.scaled(order.size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                    .convertToFormat(QImage::Format_RGB32);
+    }
     FinishPicture(image, FinishFor(order, dice));
     DrawCaption(image, order.caption, order.lines);
     return image;

@@ -9,7 +9,7 @@ void DepthBuffer::Reset(int newWidth, int newHeight, float farthest) {
     width = newWidth;
     height = newHeight;
     const size_t count = static_cast<size_t>(width) * height;
-    nearest.assign(count, farthest);
+    nearest.assign(count + kPadding, farthest);
     ids.assign(count, kNothing);
 }
 

@@ -25,6 +25,8 @@ struct Nearness {
 class DepthBuffer final {
 public:
     static constexpr quint16 kNothing = 0xFFFF;
+    /// Depths that may be read behind the end of the last row.
+    static constexpr size_t kPadding = 8;
 
     /// Empties the buffer: no patch anywhere, nearness `farthest`.
     void Reset(int newWidth, int newHeight, float farthest);

@@ -17,7 +17,11 @@ namespace {
 /// How much of a pixel lies in a line of half width `half` whose middle is `distance` away.
 [[nodiscard]] float LineCover(float distance, float half, float footprint) {
     const float soft = std::max(footprint, 0.002F);
-    const float edge = std::clamp((half + soft - std::fabs(distance)) / (2 * soft), 0.0F, 1.0F);
+    const float distinct = std::fabs(distance) - half;
+    if (distinct >= soft) {
+        return 0; // by far the most places
+    }
+    const float edge = std::min((soft - distinct) / (2 * soft), 1.0F);
     return edge * std::min(1.0F, 2 * half / soft);
 }
 

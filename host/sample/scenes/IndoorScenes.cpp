@@ -53,7 +53,8 @@ void AddReveals(SceneBuilder& builder, const Vec3& origin, const Vec3& edgeU, co
 void AddDoorRoom(SceneBuilder& builder, float x, float y, float height, const Finish& finish) {
     // What one sees through the door of the left wall: a dim neighbouring room.
     builder.AddPatch({x - 3, y - 2, 0}, {0, 6, 0}, {0, 0, height}, finish);
-    builder.AddPatch({x - 3, y - 2, 0}, {3, 0, 0}, {0, 6, 0}, {Surface::Slab, {0.6F, 0.6F, 0.6F}});
+    builder.AddPatch({x - 3, y - 2, -0.02F}, {3, 0, 0}, {0, 6, 0},
+                     {Surface::Slab, {0.6F, 0.6F, 0.6F}});
     builder.AddPatch({x - 3, y + 4, 0}, {3, 0, 0}, {0, 0, height}, finish);
     builder.AddPatch({x - 3, y - 2, height}, {3, 0, 0}, {0, 6, 0}, {Surface::Concrete, {1, 1, 1}});
 }
@@ -68,10 +69,13 @@ Scene BuildRoom(Dice& dice) {
     const float height = dice.Between(2.8F, 3.8F);
     const float left = -width / 2;
     const Finish wall = WallFinish(dice);
-    builder.AddPatch({left, -1, 0}, {width, 0, 0}, {0, depth + 1, 0},
+    // Floor and ceiling reach below the walls, so that no sun comes through the seams.
+    builder.AddPatch({left - 0.4F, -1, 0}, {width + 0.8F, 0, 0}, {0, depth + 1.3F, 0},
                      {dice.Chance(0.2F) ? Surface::Tile : Surface::Slab, {1, 1, 1}});
-    builder.AddPatch({left, -1, height}, {width, 0, 0}, {0, depth + 1, 0},
+    builder.AddPatch({left - 0.4F, -1, height}, {width + 0.8F, 0, 0}, {0, depth + 1.3F, 0},
                      {Surface::Concrete, {1.1F, 1.1F, 1.1F}});
+    builder.AddPatch({left + width + 0.1F, -1, -0.3F}, {0, depth + 1.3F, 0}, {0, 0, height + 0.6F},
+                     wall);
     builder.AddPatch({left, -1, 0}, {width, 0, 0}, {0, 0, height}, wall);
     builder.AddPatch({left + width, -1, 0}, {0, depth + 1, 0}, {0, 0, height}, wall);
     const Vec3 across{width, 0, 0};

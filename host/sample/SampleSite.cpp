@@ -1,0 +1,119 @@
+#include "host/sample/SampleSite.h"
+
+#include "host/data/DataError.h"
+#include "host/data/DataFolder.h"
+#include "host/sample/site/PictureStudio.h"
+#include "host/sample/site/PlanFiling.h"
+#include "host/sample/site/SitePlan.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QLockFile>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::chrono::milliseconds kProgressPause{50};
+
+/// Thrown out of the filing when the person has had enough.
+struct Cancelled {};
+
+/// The pictures on their way into the store. What a crash leaves is removed by whoever comes next;
+/// a lock tells the two apart.
+class Workshop final {
+public:
+    explicit Workshop(const QString& root)
+        : place(root + u"/sample.part"_s), lock(root + u"/sample.lock"_s) {
+        lock.setStaleLockTime(0);
+    }
+    ~Workshop() {
+        if (lock.isLocked()) {
+            QDir(place).removeRecursively();
+        }
+    }
+    Workshop(const Workshop&) = delete;
+    Workshop& operator=(const Workshop&) = delete;
+
+    /// False while another process has it.
+    [[nodiscard]] bool Enter() {
+        if (!lock.tryLock()) {
+            return false;
+        }
+        QDir(place).removeRecursively();
+        return QDir().mkpath(place);
+    }
+    [[nodiscard]] QString Place() const { return place; }
+
+private:
+    QString place;
+    QLockFile lock;
+};
+
+void DrawPictures(PictureStudio& studio, int count, int total, const SampleProgress& progress) {
+    while (true) {
+        const int drawn = studio.WaitForNews(kProgressPause);
+        if (studio.HasFailed()) {
+            throw DataError(Fault::kDiskFull, FaultText(Fault::kDiskFull, u"生成示例工程"_s));
+        }
+        if (progress && !progress(drawn, total, u"正在绘制示例照片"_s)) {
+            throw Cancelled();
+        }
+        if (drawn == count) {
+            return;
+        }
+    }
+}
+
+void Build(DataFolder& folder, const QString& place, const SitePlan& plan,
+           const SampleProgress& progress) {
+    const std::vector<PictureOrder> orders = OrdersOf(plan);
+    const auto pictures = static_cast<int>(orders.size());
+    const int total = pictures + PlanFiling::Steps(plan);
+    PictureStudio studio(orders, place);
+    DrawPictures(studio, pictures, total, progress);
+    int done = pictures;
+    PlanFiling filing(
+        folder, plan, [&](size_t order) { return studio.FilePath(order); },
+        [&] {
+            if (progress && !progress(++done, total, u"正在保存示例工程"_s)) {
+                throw Cancelled();
+            }
+        });
+    filing.Run();
+}
+
+} // namespace
+
+bool CreateSampleSite(DataFolder& folder, SampleSize size, const SampleProgress& progress,
+                      QString& error) {
+    error.clear();
+    if (size == SampleSize::kNone) {
+        return true;
+    }
+    try {
+        Workshop workshop(folder.Path());
+        if (!SiteWriter(folder).IsEmpty()) {
+            return true;
+        }
+        if (!workshop.Enter()) {
+            error = u"另一个客户端正在这个数据文件夹中生成示例工程，请稍后再打开。"_s;
+            return false;
+        }
+        if (!SiteWriter(folder).IsEmpty()) {
+            return true; // made by another process between the two questions
+        }
+        Build(folder, workshop.Place(), MakeSitePlan(size, QDateTime::currentSecsSinceEpoch()),
+              progress);
+        return true;
+    } catch (const Cancelled&) {
+        return false;
+    } catch (const DataError& fault) {
+        error = fault.Text();
+        return false;
+    }
+}
+
+} // namespace host

@@ -1,0 +1,222 @@
+#include "host/sample/SampleSite.h"
+
+#include "host/data/Catalogue.h"
+#include "host/data/DataFolder.h"
+#include "host/data/Database.h"
+#include "host/data/FileStore.h"
+#include "tests/host/sample/SampleChild.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QDirIterator>
+#include <QImageReader>
+#include <QLockFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <memory>
+#include <unistd.h>
+
+namespace sampletest {
+
+using namespace Qt::StringLiterals;
+using host::SampleSize;
+
+namespace {
+
+const char16_t* const kChildWord = u"--sample-child";
+constexpr int kFilingBegun = 90; // all pictures of the small site are drawn by then
+
+struct EmptySite {
+    EmptySite() : folder(dir.path() + u"/site"_s) { EXPECT_FALSE(folder.Open().has_value()); }
+
+    [[nodiscard]] bool Create(const host::SampleProgress& progress = {}) {
+        return host::CreateSampleSite(folder, SampleSize::kSmall, progress, error);
+    }
+    [[nodiscard]] int Count(const QString& table) const {
+        return folder.Db().Value(u"SELECT count(*) FROM "_s + table).toInt();
+    }
+    [[nodiscard]] int StoredFiles() const {
+        int count = 0;
+        QDirIterator walk(folder.StorePath(), QDir::Files, QDirIterator::Subdirectories);
+        while (walk.hasNext()) {
+            walk.next();
+            count += walk.filePath().contains(u"/incoming/"_s) ? 0 : 1;
+        }
+        return count;
+    }
+    [[nodiscard]] bool HasWorkshop() const {
+        return QDir(folder.Path() + u"/sample.part"_s).exists();
+    }
+    void ExpectNothing() const {
+        for (const QString& table : {u"project"_s, u"bim_photo"_s, u"issue"_s, u"file"_s}) {
+            EXPECT_EQ(Count(table), 0) << table.toStdString();
+        }
+        EXPECT_EQ(StoredFiles(), 0);
+    }
+
+    QTemporaryDir dir;
+    host::DataFolder folder;
+    QString error;
+};
+
+} // namespace
+
+QStringList ChildWords(const QString& data, int killAt) {
+    return {QString::fromUtf16(kChildWord), data, QString::number(killAt)};
+}
+
+std::optional<int> RunAsChild(const QStringList& words) {
+    if (words.size() < 4 || words[1] != QStringView(kChildWord)) {
+        return std::nullopt;
+    }
+    host::DataFolder folder(words[2]);
+    if (folder.Open()) {
+        return 3;
+    }
+    QString error;
+    const bool made = host::CreateSampleSite(
+        folder, SampleSize::kSmall,
+        [&](int done, int, const QString&) {
+            if (done >= words[3].toInt()) {
+                kill(getpid(), SIGKILL);
+            }
+            return true;
+        },
+        error);
+    return made ? 0 : 1;
+}
+
+/// One small site for the tests that only look at it.
+class MadeSite : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        site = std::make_unique<EmptySite>();
+        made = site->Create([](int done, int all, const QString& what) {
+            ordered = ordered && done >= last && !what.isEmpty();
+            last = done;
+            total = all;
+            return true;
+        });
+    }
+    static void TearDownTestSuite() { site.reset(); }
+
+    static inline std::unique_ptr<EmptySite> site;
+    static inline bool made = false;
+    static inline bool ordered = true;
+    static inline int last = 0;
+    static inline int total = -1;
+};
+
+TEST_F(MadeSite, IsFiledWithItsFiles) {
+    ASSERT_TRUE(made) << site->error.toStdString();
+    EXPECT_EQ(site->Count(u"project"_s), 2);
+    EXPECT_EQ(site->Count(u"workset"_s), 1);
+    EXPECT_EQ(site->Count(u"bim_photo"_s), 40);
+    EXPECT_EQ(site->Count(u"pdf_photo"_s), 10);
+    EXPECT_EQ(site->Count(u"drawing"_s), 4);
+    EXPECT_EQ(site->Count(u"issue"_s), 8);
+    EXPECT_EQ(site->StoredFiles(), site->Count(u"file"_s));
+    EXPECT_FALSE(site->HasWorkshop());
+}
+
+TEST_F(MadeSite, TheProgressRoseToTheTotal) {
+    EXPECT_TRUE(ordered);
+    EXPECT_EQ(last, total);
+}
+
+TEST_F(MadeSite, PeopleHaveDifferentRights) {
+    host::Catalogue tables(site->folder.Db());
+    EXPECT_EQ(tables.RightsOf(u"张工"_s), (std::vector<qint32>{5, 21, 22, 38}));
+    EXPECT_EQ(tables.RightsOf(u"李工"_s), (std::vector<qint32>{5, 21, 22}));
+    EXPECT_EQ(tables.RightsOf(u"王工"_s), (std::vector<qint32>{5, 21, 38}));
+    EXPECT_TRUE(tables.RightsOf(u"赵总"_s).empty());
+    EXPECT_EQ(tables.People().size(), 6);
+}
+
+TEST_F(MadeSite, EveryPhotoIsAPictureOfItsOwn) {
+    EXPECT_EQ(site->folder.Db()
+                  .Value(u"SELECT count(DISTINCT f.md5) FROM bim_photo p JOIN file f ON f.uuid = "
+                         "p.file_uuid"_s)
+                  .toInt(),
+              40);
+    site->folder.Db().ForEach(u"SELECT file_uuid FROM bim_photo"_s, {},
+                              [&](const host::Statement& row) {
+                                  QImageReader reader(site->folder.Store().PathOf(row.Text(0)));
+                                  EXPECT_EQ(reader.format(), "jpeg");
+                                  const QSize size = reader.read().size();
+                                  EXPECT_EQ(size.width() * size.height(), 800 * 600);
+                              });
+}
+
+TEST(SampleSite, ASiteThatExistsStaysAsItIs) {
+    EmptySite site;
+    host::SiteWriter(site.folder).AddProject(u"自己的工程"_s);
+    EXPECT_TRUE(site.Create());
+    EXPECT_EQ(site.Count(u"project"_s), 1);
+    EXPECT_EQ(site.Count(u"bim_photo"_s), 0);
+}
+
+TEST(SampleSite, NoSiteIsMadeForNone) {
+    EmptySite site;
+    EXPECT_TRUE(host::CreateSampleSite(site.folder, SampleSize::kNone, {}, site.error));
+    site.ExpectNothing();
+}
+
+TEST(SampleSite, CancelledWhileDrawingNothingStays) {
+    EmptySite site;
+    EXPECT_FALSE(site.Create([&](int done, int, const QString&) { return done < 3; }));
+    EXPECT_EQ(site.error, QString());
+    site.ExpectNothing();
+    EXPECT_FALSE(site.HasWorkshop());
+}
+
+TEST(SampleSite, CancelledWhileFilingNothingStays) {
+    EmptySite site;
+    EXPECT_FALSE(site.Create([&](int done, int, const QString&) { return done < kFilingBegun; }));
+    EXPECT_EQ(site.error, QString());
+    site.ExpectNothing();
+    EXPECT_FALSE(site.HasWorkshop());
+}
+
+TEST(SampleSite, KilledWhileDrawingOrFilingTheNextStartMakesItAnew) {
+    EmptySite site;
+    for (const int killAt : {5, kFilingBegun}) {
+        site.folder.Close();
+        QProcess child;
+        child.start(QCoreApplication::applicationFilePath(),
+                    ChildWords(site.folder.Path(), killAt));
+        ASSERT_TRUE(child.waitForFinished(120000));
+        ASSERT_EQ(child.exitStatus(), QProcess::CrashExit);
+        ASSERT_FALSE(site.folder.Open().has_value());
+        EXPECT_TRUE(site.HasWorkshop());
+        site.ExpectNothing();
+    }
+    EXPECT_TRUE(site.Create()) << site.error.toStdString();
+    EXPECT_EQ(site.Count(u"bim_photo"_s), 40);
+    EXPECT_EQ(site.StoredFiles(), site.Count(u"file"_s));
+    EXPECT_FALSE(site.HasWorkshop());
+}
+
+TEST(SampleSite, ASecondClientIsToldThatTheFirstIsStillAtIt) {
+    EmptySite site;
+    QLockFile first(site.folder.Path() + u"/sample.lock"_s);
+    ASSERT_TRUE(first.tryLock());
+    EXPECT_FALSE(site.Create());
+    EXPECT_EQ(site.error, u"另一个客户端正在这个数据文件夹中生成示例工程，请稍后再打开。"_s);
+    site.ExpectNothing();
+}
+
+TEST(SampleSite, AFolderWithoutRoomSaysSo) {
+    EmptySite site;
+    // A file where the workshop's folder should be stands for a disk that takes nothing more.
+    QFile blocker(site.folder.Path() + u"/sample.part"_s);
+    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    EXPECT_FALSE(site.Create());
+    EXPECT_FALSE(site.error.isEmpty());
+    site.ExpectNothing();
+}
+
+} // namespace sampletest
