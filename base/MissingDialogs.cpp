@@ -26,10 +26,6 @@ QString NameOf(MissingDialog dialog) {
         return u"问题查看"_s;
     case MissingDialog::IssueEditor:
         return u"问题编辑"_s;
-    case MissingDialog::SavePicAs:
-        return u"照片另存"_s;
-    case MissingDialog::BatchDownload:
-        return u"批量下载"_s;
     case MissingDialog::ReminderFeed:
         return u"消息提醒"_s;
     }

@@ -13,8 +13,6 @@ enum class MissingDialog {
     ConsolePicViewer,
     IssueViewer,
     IssueEditor,
-    SavePicAs,
-    BatchDownload,
     ReminderFeed,
 };
 

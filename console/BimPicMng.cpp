@@ -8,6 +8,7 @@
 #include "console/VeskPicMngGrid.h"
 #include "include/KXEvents.h"
 #include "services/Factories.h"
+#include "services/IKXPathMng.h"
 #include "services/IKXView.h"
 #include "services/IVeskPicMng.h"
 #include "toolkit/WindowRegistry.h"
@@ -116,6 +117,15 @@ void CBimPicMng::LocateRow(CGridRow& row) {
     }
     facade.pendingPicId = ZelvorNRQ_KXVeskPicture::kNoPendingPic;
     ShowStatus(grid->ParentId(), e_VeskPicMngStatus::DisplayOff);
+}
+
+DownloadSource CBimPicMng::GetDownloadSource(const CGridRow& row) const {
+    const auto& record = RecordOf<KX_DATA::BimPicRow>(row);
+    // The folder is that of the open project, not of the row's.
+    const KX_DATA::ProjectRecord project = CurrentProject();
+    QString folder;
+    GetKXPathMng()->GetPicFolder(folder, project.ppid, project.name);
+    return {record.text8, record.fileName, folder + record.text8 + u".jpg"_s};
 }
 
 bool CBimPicMng::DeleteIds(qint32 projectId, const std::vector<qint32>& picIds) {

@@ -2,7 +2,6 @@
 #include "console/VeskPicMngDlg.h"
 
 #include "base/Guard.h"
-#include "base/MissingDialogs.h"
 #include "services/Factories.h"
 #include "services/IKXLocalCacheData.h"
 #include "services/IVeskPicMng.h"
@@ -167,9 +166,15 @@ void CVeskPicMngDlg::OnDelete() {
 }
 
 void CVeskPicMngDlg::OnDownload() {
-    if (CheckSelection(m_grid->Widget(), u"请选择要下载的图片！"_s))
-        ZelvorNRQ_KXVeskPicture::AnswerAsCancelled(
-            ZelvorNRQ_KXVeskPicture::MissingDialog::BatchDownload);
+    if (!CheckSelection(m_grid->Widget(), u"请选择要下载的图片！"_s))
+        return;
+    const auto grid = m_grid;
+    QString folder = toolkit::Prompts().AskFolder(Id(), u"请选择文件存放的路径："_s);
+    if (folder.size() > 1 && folder.endsWith(u'/'))
+        folder.chop(1);
+    // The console may be gone, or have another grid, when the folder is chosen.
+    if (!folder.isEmpty() && grid == m_grid)
+        grid->DownloadChecked(folder);
 }
 
 void CVeskPicMngDlg::OnRefreshPage() {

@@ -2,20 +2,19 @@
 #include "console/VeskPicMngGrid.h"
 
 #include "base/Guard.h"
-#include "base/MissingDialogs.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "toolkit/KXTools.h"
+#include "viewers/PicNames.h"
+#include "viewers/SavePicAs.h"
 
 #include <QAction>
 #include <QMenu>
 
 using namespace Qt::StringLiterals;
 
-using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
 using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
 using ZelvorNRQ_KXVeskPicture::Guarded;
-using ZelvorNRQ_KXVeskPicture::MissingDialog;
 
 namespace {
 
@@ -51,7 +50,7 @@ void CVeskPicMngGrid::RunCommand(RowCommand command, CGridRow& row) {
         manager->PreviewRow(row);
         break;
     case RowCommand::Download:
-        AnswerAsCancelled(MissingDialog::SavePicAs);
+        SaveSelectedAs(row);
         break;
     case RowCommand::Delete:
         DeleteOneRow(row);
@@ -64,6 +63,26 @@ void CVeskPicMngGrid::LocateSelected(CGridRow& row) {
     const CGridItem* item = row.GetItem(kLocateColumn);
     if (item != nullptr && item->IsEnabled())
         manager->LocateRow(row);
+}
+
+void CVeskPicMngGrid::SaveSelectedAs(const CGridRow& row) {
+    const QString name = row.GetItem(kNameColumn)->GetText();
+    const DownloadSource source = m_manager->GetDownloadSource(row);
+    // A separator in the name would lead the dialog into another folder.
+    ZelvorNRQ_KXVeskPicture::SavePicAs(
+        source.uuid, name.isEmpty() ? name : ZelvorNRQ_KXVeskPicture::SafeFileName(name),
+        source.localPath);
+}
+
+void CVeskPicMngGrid::DownloadChecked(const QString& folder) {
+    const auto self = shared_from_this();
+    std::vector<BatchRow> rows;
+    for (int i = 0; i < GetRowCount(); ++i) {
+        const CGridRow& row = *GetRow(i);
+        const bool checked = row.GetItem(m_manager->GetCheckColumn())->GetBool();
+        rows.push_back({checked, checked ? m_manager->GetDownloadSource(row) : DownloadSource()});
+    }
+    DownloadRows(rows, folder);
 }
 
 void CVeskPicMngGrid::DeleteOneRow(CGridRow& row) {

@@ -7,6 +7,7 @@
 #include "console/VeskPicMngGrid.h"
 #include "include/KXEvents.h"
 #include "services/Factories.h"
+#include "services/IKXPathMng.h"
 #include "services/IVeskPicMng.h"
 #include "toolkit/WindowRegistry.h"
 
@@ -120,6 +121,15 @@ void CPDFPicMng::LocateRow(CGridRow& row) {
     toolkit::PostWindowEvent(toolkit::MainWindow(), ZelvorNRQ_KXVeskPicture::WM_VESK_PDF_LOCATE,
                              kLocateDrawing, quintptr(photo.drawingId));
     // The console stays as it is until the viewer exists that brings it back.
+}
+
+DownloadSource CPDFPicMng::GetDownloadSource(const CGridRow& row) const {
+    const auto& record = RecordOf<KX_DATA::PdfPicRecord>(row);
+    // The folder is that of the open project, not of the row's.
+    const KX_DATA::ProjectRecord project = CurrentProject();
+    QString folder;
+    GetKXPathMng()->GetThumbFolder(folder, project.ppid, project.name);
+    return {record.text1, record.fileName, folder + record.text1 + u".jpg"_s};
 }
 
 bool CPDFPicMng::DeleteIds(qint32 projectId, const std::vector<qint32>& picIds) {

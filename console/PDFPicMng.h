@@ -21,6 +21,7 @@ public:
     bool GetUsedMarks(std::vector<qint32>& markIds) override;
     bool EditRow(CGridRow& row) override;
     void LocateRow(CGridRow& row) override;
+    [[nodiscard]] DownloadSource GetDownloadSource(const CGridRow& row) const override;
 
     bool DeleteIds(qint32 projectId, const std::vector<qint32>& picIds) override;
     void BuildPreviewList(std::vector<KX_DATA::PicViewItem>& items) const override;

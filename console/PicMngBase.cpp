@@ -102,6 +102,13 @@ QString CPicMngBase::CurrentDrawingName() {
     return drawing.drawingName;
 }
 
+KX_DATA::ProjectRecord CPicMngBase::CurrentProject() {
+    KX_DATA::IProjCacheHandle* project = GetProjCacheMng()->GetCurrentProject();
+    const KX_DATA::ProjectRecord* record =
+        project != nullptr ? project->GetProjectRecord() : nullptr;
+    return record != nullptr ? *record : KX_DATA::ProjectRecord{};
+}
+
 void CPicMngBase::WriteAction(const QString& action) {
     GetKXSysMng()->WriteActionLog(action);
 }

@@ -1,7 +1,9 @@
 // What differs between the kinds of the console: the strategy behind the grid.
 #pragma once
 
+#include "console/BatchDownload.h"
 #include "console/ConsoleMode.h"
+#include "services/EnvRecords.h"
 #include "services/PageQuery.h"
 #include "toolkit/GridRow.h"
 #include "toolkit/ImageList.h"
@@ -70,6 +72,11 @@ public:
         Q_UNUSED(row);
         return KX_DATA::kNoPic;
     }
+    /// Where a row's photo comes from when it is downloaded; empty texts for kinds that have none.
+    [[nodiscard]] virtual DownloadSource GetDownloadSource(const CGridRow& row) const {
+        Q_UNUSED(row);
+        return {};
+    }
     /// Whether the view must be told when this row is deleted.
     [[nodiscard]] virtual bool IsRowInView(const CGridRow& row) {
         Q_UNUSED(row);
@@ -95,6 +102,8 @@ protected:
     /// Name of the drawing that is open in the host.
     [[nodiscard]] static QString CurrentDrawingName();
     static void WriteAction(const QString& action);
+    /// The open project; number 0 and no name without one.
+    [[nodiscard]] static KX_DATA::ProjectRecord CurrentProject();
 
     /// Checked rows from the last to the first, so that lists made of them come out in that order.
     [[nodiscard]] std::vector<CGridRow*> CheckedRows() const;

@@ -33,6 +33,8 @@ public:
     [[nodiscard]] bool HasCheckedRow() const;
     void SetCheckedShown(bool show);
     void DeleteChecked();
+    /// Copies the checked photos into a folder, given without a closing separator.
+    void DownloadChecked(const QString& folder);
 
     /// Fetches the page again and tells the host.
     void Refresh() override;
@@ -70,6 +72,7 @@ private:
     [[nodiscard]] bool IsInDialog() const;
     void RunCommand(RowCommand command, CGridRow& row);
     void LocateSelected(CGridRow& row);
+    void SaveSelectedAs(const CGridRow& row);
     void DeleteOneRow(CGridRow& row);
     void ShowCheckedStatus(bool show);
 

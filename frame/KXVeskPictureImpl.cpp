@@ -15,6 +15,7 @@
 #include "services/IVeskPicMng.h"
 #include "toolkit/KXTools.h"
 #include "toolkit/WindowRegistry.h"
+#include "viewers/SavePicAs.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +23,7 @@ using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
 using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
 using ZelvorNRQ_KXVeskPicture::kNoPendingPic;
 using ZelvorNRQ_KXVeskPicture::MissingDialog;
+using ZelvorNRQ_KXVeskPicture::SavePicAs;
 using ZelvorNRQ_KXVeskPicture::ShowStatus;
 using ZelvorNRQ_KXVeskPicture::ViewPicRequest;
 
@@ -175,7 +177,6 @@ bool CKXVeskPictureImpl::EditIssue(const qint32* issueKey, QString questionId) {
 }
 
 qint32 CKXVeskPictureImpl::SaveBimPicAs(qint32 ppid, qint32 picId, QString target) {
-    Q_UNUSED(target);
     std::vector<KX_DATA::PicFileEntry> files;
     if (GetVeskPicMng()->GetPicFiles({picId}, files) != KX_DATA::kServiceOk || files.empty())
         return 0;
@@ -186,7 +187,8 @@ qint32 CKXVeskPictureImpl::SaveBimPicAs(qint32 ppid, qint32 picId, QString targe
     QString folder;
     GetKXGlobalData()->GetProjectName(name, ppid);
     GetKXPathMng()->GetPicFolder(folder, ppid, name);
-    AnswerAsCancelled(MissingDialog::SavePicAs);
+    const QString uuid = files.front().picUuid;
+    SavePicAs(uuid, target, folder + uuid + u".jpg"_s);
     return 1;
 }
 

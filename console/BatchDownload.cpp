@@ -1,0 +1,70 @@
+#include "console/BatchDownload.h"
+
+#include "base/PictureLog.h"
+#include "services/Factories.h"
+#include "services/IExProgress.h"
+#include "services/IKXFilesMng.h"
+#include "services/IKXSysMng.h"
+#include "toolkit/FileCopy.h"
+#include "toolkit/KXTools.h"
+#include "toolkit/Prompts.h"
+#include "toolkit/WindowRegistry.h"
+#include "viewers/PicNames.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint32 kDownloadKind = 5;
+
+KX_DATA::IExProgress& OpenProgress(qint32 rows) {
+    KX_DATA::IExProgress& progress = *GetExProgress();
+    progress.Create(toolkit::MainWindow(), u"ZVKX"_s);
+    progress.SetTitle(u"正在下载Vesk照片..."_s);
+    progress.Show();
+    progress.SetRange(rows);
+    return progress;
+}
+
+/// Failures other than a taken name, and running out of numbers, pass without a message.
+void CopyUnderOwnName(const DownloadSource& source, const QString& folder) {
+    using namespace ZelvorNRQ_KXVeskPicture;
+    QString base;
+    QString extension;
+    SplitPicName(source.name, base, extension, false);
+    for (int number = 0; number <= kMostCopyNumbers; ++number) {
+        const QString target = CopyTarget(folder, base, number, extension);
+        if (toolkit::CopyFileWhole(source.localPath, target, toolkit::IfExists::Keep) !=
+            toolkit::CopyOutcome::TargetExists)
+            return;
+    }
+}
+
+} // namespace
+
+void DownloadRows(const std::vector<BatchRow>& rows, const QString& folder) {
+    KX_DATA::IExProgress& progress = OpenProgress(qint32(rows.size()));
+    bool anyDone = false;
+    qint32 done = 0;
+    for (const BatchRow& row : rows) {
+        if (row.checked) {
+            KX_DATA::TransferResult result;
+            GetKXFilesDownloadMng()->DownloadFile(result, row.source.uuid, row.source.localPath,
+                                                  kDownloadKind, false, 0);
+            if (result.success == 0) {
+                // The progress window stays open, nobody is told; required as is.
+                ZelvorNRQ_KXVeskPicture::WriteLog(result.message);
+                return;
+            }
+            anyDone = true;
+            CopyUnderOwnName(row.source, folder);
+        }
+        progress.SetPos(++done);
+    }
+    if (anyDone &&
+        KXTools::ShowQuestionBox(toolkit::kNoWindow, u"下载成功，是否打开下载照片的所在目录？"_s) ==
+            KXTools::kYes)
+        toolkit::Prompts().OpenFolder(folder);
+    progress.Close();
+    GetKXSysMng()->WriteActionLog(u"下载Vesk照片"_s);
+}
