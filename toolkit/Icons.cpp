@@ -20,7 +20,9 @@ QIcon Icon(const QString& name) {
     QFile file(u":/toolkit/icons/%1.svg"_s.arg(name));
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    return known.emplace(name, QIcon(new IconEngine(file.readAll()))).first->second;
+    // A copy of the characters: a literal of a module is gone once the module is unloaded.
+    const QString key(name.constData(), name.size());
+    return known.emplace(key, QIcon(new IconEngine(file.readAll()))).first->second;
 }
 
 } // namespace toolkit

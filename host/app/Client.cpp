@@ -119,13 +119,15 @@ void Client::ConnectSession() {
 }
 
 void Client::ConnectSink() {
-    const auto refresh = [this](const QString& what) {
+    const auto tell = [this](const QString& what) {
         window->ShowStatus(u"已刷新%1标识"_s.arg(what));
-        ReadPlan();
     };
-    connect(&sink, &PictureSink::BimMarksChanged, this, [=] { refresh(u"照片"_s); });
-    connect(&sink, &PictureSink::IssueMarksChanged, this, [=] { refresh(u"问题"_s); });
-    connect(&sink, &PictureSink::PdfMarksChanged, this, [=] { refresh(u"图纸"_s); });
+    connect(&sink, &PictureSink::BimMarksChanged, this, [this, tell] {
+        tell(u"照片"_s);
+        ReadPlan();
+    });
+    connect(&sink, &PictureSink::IssueMarksChanged, this, [tell] { tell(u"问题"_s); });
+    connect(&sink, &PictureSink::PdfMarksChanged, this, [tell] { tell(u"图纸"_s); });
     connect(&sink, &PictureSink::DrawingWanted, this, &Client::BringUpDrawing);
     connect(&sink, &PictureSink::MarkWanted, this,
             [this](const QString& floor, qint32 markId, qint32 picId) {

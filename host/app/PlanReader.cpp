@@ -7,20 +7,32 @@ namespace host {
 
 namespace {
 
-/// Photos at one intersection, hidden ones included, as the console lists them.
-int CountPhotosAt(qint32 ppid, const QString& positionKey) {
-    KX_DATA::PicQueryFilter filter;
-    filter.presetKey = positionKey;
-    filter.projectIds = {ppid};
-    KX_DATA::PageRequest request;
-    request.pageSize = 1;
-    KX_DATA::PageResult result;
-    std::vector<KX_DATA::BimPicRow> rows;
-    GetVeskPicMng()->QueryBimPics(filter, request, result, rows);
-    return result.totalCount;
-}
+/// Counts photos at intersections, hidden ones included, as the console lists them. Once a query
+/// has failed it asks no more: the person has been told, and once is enough.
+class PhotoCounter final {
+public:
+    explicit PhotoCounter(qint32 projectId) : ppid(projectId) {}
 
-PlanFloor ReadFloor(qint32 ppid, const QString& name) {
+    int CountAt(const QString& positionKey) {
+        KX_DATA::PicQueryFilter filter;
+        filter.presetKey = positionKey;
+        filter.projectIds = {ppid};
+        KX_DATA::PageRequest request;
+        request.pageSize = 1;
+        KX_DATA::PageResult result;
+        std::vector<KX_DATA::BimPicRow> rows;
+        if (!failed)
+            failed = GetVeskPicMng()->QueryBimPics(filter, request, result, rows) !=
+                     KX_DATA::kServiceOk;
+        return failed ? 0 : result.totalCount;
+    }
+
+private:
+    qint32 ppid;
+    bool failed = false;
+};
+
+PlanFloor ReadFloor(qint32 ppid, const QString& name, PhotoCounter& counter) {
     KX_DATA::IVeskPicMng& photos = *GetVeskPicMng();
     PlanFloorBuilder builder(name);
     std::vector<QString> axesX;
@@ -29,7 +41,7 @@ PlanFloor ReadFloor(qint32 ppid, const QString& name) {
         std::vector<KX_DATA::AxisYEntry> axesY;
         photos.GetFloorAxesY(ppid, name, axisX, axesY);
         for (const auto& [axisY, key] : axesY)
-            builder.Add(axisX, axisY, key, CountPhotosAt(ppid, key));
+            builder.Add(axisX, axisY, key, counter.CountAt(key));
     }
     return builder.Finish();
 }
@@ -42,8 +54,9 @@ FloorPlanModel ReadFloorPlan(qint32 ppid, const QString& projectName) {
     std::vector<QString> floors;
     if (ppid == 0 || GetVeskPicMng()->GetProjectFloors(ppid, floors) != KX_DATA::kServiceOk)
         return model;
+    PhotoCounter counter(ppid);
     for (const QString& floor : floors)
-        model.floors.push_back(ReadFloor(ppid, floor));
+        model.floors.push_back(ReadFloor(ppid, floor, counter));
     return model;
 }
 

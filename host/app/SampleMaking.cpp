@@ -1,9 +1,67 @@
 #include "host/app/SampleMaking.h"
 
+#include "host/app/Platform.h"
+#include "host/data/HostSession.h"
+#include "host/sample/SampleSite.h"
+#include "host/ui/ProgressWindow.h"
+
+#include <QElapsedTimer>
+
+#include <cstdio>
+
 namespace host {
 
-StartResult MakeSample(HostSession&, SampleSize) {
-    return {};
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kLineEveryMs = 2000;
+
+/// For a start from a terminal without a display: a line now and then.
+bool PrintProgress(QElapsedTimer& sinceLine, int done, int total, const QString& what) {
+    if (sinceLine.elapsed() < kLineEveryMs)
+        return true;
+    sinceLine.restart();
+    std::printf("正在生成示例工程：%s（%d / %d）\n", qUtf8Printable(what), done, total);
+    std::fflush(stdout);
+    return true;
+}
+
+bool CreateWithLines(DataFolder& folder, SampleSize size, QString& error) {
+    QElapsedTimer sinceLine;
+    sinceLine.start();
+    return CreateSampleSite(
+        folder, size,
+        [&](int done, int total, const QString& what) {
+            return PrintProgress(sinceLine, done, total, what);
+        },
+        error);
+}
+
+bool CreateWithWindow(DataFolder& folder, SampleSize size, QString& error) {
+    ProgressWindow window(nullptr, u"首次启动：正在生成示例工程"_s,
+                          ProgressWindow::Cancel::kPossible);
+    window.Begin();
+    const bool isMade = CreateSampleSite(
+        folder, size,
+        [&](int done, int total, const QString& what) {
+            window.SetText(u"数据文件夹还没有工程，正在生成示例工程。\n"_s + what);
+            window.Report(done, total);
+            window.LetThrough();
+            return !window.IsCancelled();
+        },
+        error);
+    window.End();
+    return isMade;
+}
+
+} // namespace
+
+StartResult MakeSample(HostSession& session, SampleSize size) {
+    QString error;
+    const bool isMade = IsHeadless() ? CreateWithLines(*session.Folder(), size, error)
+                                     : CreateWithWindow(*session.Folder(), size, error);
+    return {isMade, error};
 }
 
 } // namespace host

@@ -41,5 +41,19 @@ TEST(PlanReader, AFailingServiceGivesAPlanWithoutFloors) {
     EXPECT_EQ(model.projectName, u"一期"_s);
 }
 
+TEST(PlanReader, AsksForNoMoreCountsOnceOneFailed) {
+    support::ScriptedHost scripted;
+    scripted.pics.floors = {u"1"_s};
+    scripted.pics.axesX = {u"1"_s};
+    scripted.pics.axesY = {{u"A"_s, u"keyA"_s}, {u"B"_s, u"keyB"_s}};
+    scripted.pics.bimPics.resize(3);
+    scripted.script.FailNext("QueryBimPics");
+    const FloorPlanModel model = ReadFloorPlan(7, u"一期"_s);
+    ASSERT_EQ(model.floors.size(), 1U);
+    EXPECT_EQ(PhotoCount(model.floors[0]), 0);
+    EXPECT_EQ(model.floors[0].intersections.size(), 2U);
+    EXPECT_EQ(scripted.pics.lastBimFilter.presetKey, u"keyA"_s);
+}
+
 } // namespace
 } // namespace host

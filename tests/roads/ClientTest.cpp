@@ -1,0 +1,210 @@
+#include "host/app/Client.h"
+
+#include "host/app/Faults.h"
+#include "host/data/HostSession.h"
+#include "host/tour/ConsoleEyes.h"
+#include "host/tour/TourDriver.h"
+#include "host/tour/TourEyes.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/MessageBar.h"
+#include "host/ui/plan/FloorPlanCanvas.h"
+#include "host/ui/plan/FloorPlanPane.h"
+#include "include/KXEvents.h"
+#include "services/Factories.h"
+#include "services/IKXView.h"
+#include "tests/roads/SmallSite.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/WaitFor.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+
+#include <gtest/gtest.h>
+
+namespace roads {
+namespace {
+
+using namespace Qt::StringLiterals;
+using host::tour::ConsoleTotal;
+using support::WaitFor;
+
+/// The client at work on a small data folder, with the real module.
+class ClientOnAFolder : public testing::Test {
+protected:
+    void SetUp() override {
+        site = MakeSmallSite(folder.Path(u"data"_s));
+        ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
+        ASSERT_TRUE(session.SignIn(u"张伟"_s));
+        Start();
+    }
+
+    void Start() {
+        client = std::make_unique<host::Client>(session);
+        const auto lack = client->Start(QCoreApplication::applicationDirPath());
+        ASSERT_FALSE(lack) << lack->toStdString();
+        // A platform that grants the focus at once is not to be relied on.
+        ASSERT_TRUE(WaitFor([this] { return client->Window()->isVisible(); }));
+    }
+
+    bool Press(Qt::Key key) {
+        return WaitFor([this, key] {
+            return host::tour::PressKey(client->Window(), key, Qt::ControlModifier);
+        });
+    }
+    bool ChooseProject(const QString& entry) {
+        auto* combo = client->Window()->findChild<QComboBox*>(u"projectChoice"_s);
+        return WaitFor([combo, entry] { return host::tour::ChooseInCombo(combo, entry); });
+    }
+    [[nodiscard]] host::FloorPlanCanvas& Plan() const { return client->Window()->Plan().Canvas(); }
+    [[nodiscard]] QStringList Messages() const {
+        QStringList texts;
+        for (const host::HostMessage& message : client->Window()->Messages().Messages())
+            texts << message.text;
+        return texts;
+    }
+
+    support::TempFolder folder;
+    SmallSite site;
+    host::HostSession session;
+    std::unique_ptr<host::Client> client;
+};
+
+TEST_F(ClientOnAFolder, OpensTheFirstProjectWithItsPlan) {
+    EXPECT_TRUE(client->Window()->windowTitle().startsWith(u"一期工程"_s));
+    ASSERT_EQ(Plan().Model().floors.size(), 2U);
+    EXPECT_EQ(Plan().Model().floors[0].name, u"-1"_s);
+    EXPECT_EQ(host::PhotoCount(Plan().Model().floors[0]), 5);
+}
+
+TEST_F(ClientOnAFolder, OpensTheThreeConsolesByTheirKeys) {
+    ASSERT_TRUE(Press(Qt::Key_1));
+    EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
+    ASSERT_TRUE(Press(Qt::Key_2));
+    EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 1; }));
+    ASSERT_TRUE(Press(Qt::Key_3));
+    EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 2; }));
+}
+
+TEST_F(ClientOnAFolder, PresetsLimitTheConsoleToPlaceFloorAndDrawing) {
+    ASSERT_TRUE(Plan().LocateKey(site.positionKey));
+    ASSERT_TRUE(Press(Qt::Key_4));
+    EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
+    ASSERT_TRUE(Press(Qt::Key_5));
+    EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 1; }));
+    EXPECT_EQ(host::tour::ConsoleText(0, u"问题主题"_s), u"问题-1"_s);
+    ASSERT_TRUE(Press(Qt::Key_6));
+    EXPECT_TRUE(WaitFor([] { return host::tour::ConsoleColumn(u"图纸"_s) >= 0; }));
+    EXPECT_EQ(ConsoleTotal(), 1);
+}
+
+TEST_F(ClientOnAFolder, AnotherProjectShutsTheConsoleAndIsRememberedForThePerson) {
+    ASSERT_TRUE(Press(Qt::Key_1));
+    ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
+    ASSERT_TRUE(ChooseProject(u"二期工程"_s));
+    EXPECT_EQ(host::tour::Console(), nullptr);
+    EXPECT_EQ(session.CurrentProject().ppid, site.secondProject);
+    client->Stop();
+    session.CloseProject();
+    Start();
+    EXPECT_TRUE(client->Window()->windowTitle().startsWith(u"二期工程"_s));
+}
+
+TEST_F(ClientOnAFolder, AWorksetHidesWhatChangesPhotos) {
+    ASSERT_TRUE(ChooseProject(u"工作集：总包"_s));
+    ASSERT_TRUE(Press(Qt::Key_1));
+    EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
+    EXPECT_EQ(host::tour::ConsoleControl(u"deleteButton"_s), nullptr);
+    EXPECT_GE(host::tour::ConsoleColumn(u"所属工程"_s), 0);
+}
+
+TEST_F(ClientOnAFolder, TheModulesViewIsTheFloorPlan) {
+    KX_DATA::IKXView* view = GetKXHoopsModuleMng()->GetView();
+    ASSERT_NE(view, nullptr);
+    Plan().SetFloor(1);
+    EXPECT_TRUE(view->LocatePicture(site.positionKey, 1));
+    EXPECT_EQ(Plan().State().floor, 0);
+    client->Stop();
+    EXPECT_EQ(GetKXHoopsModuleMng()->GetView(), nullptr);
+}
+
+TEST_F(ClientOnAFolder, ALookupIsToldInTheStatusBar) {
+    const QString text = u"-1-1-17"_s;
+    toolkit::SendWindowEvent(client->Window()->Id(), ZelvorNRQ_KXVeskPicture::WM_VESK_PIC_LOCATE, 0,
+                             quintptr(&text));
+    const QWidget* status = client->Window()->findChild<QWidget*>(u"mainStatus"_s);
+    EXPECT_TRUE(host::tour::ReadText(status).startsWith(u"定位照片 17：-1层，标识 1"_s));
+}
+
+TEST_F(ClientOnAFolder, AFailedQueryIsToldInTheMessageBar) {
+    session.Folder()->Db().Exec(u"DROP TABLE bim_photo"_s);
+    ASSERT_TRUE(Press(Qt::Key_1));
+    EXPECT_TRUE(WaitFor([this] { return !Messages().isEmpty(); }));
+    // The console told the person in its own way, and stays open.
+    EXPECT_TRUE(WaitFor([] {
+        return host::tour::OpenMessageBox() == nullptr || host::tour::AnswerMessageBox(u"确定"_s);
+    }));
+}
+
+TEST_F(ClientOnAFolder, AMessageFromAnotherThreadReachesTheBar) {
+    QThreadPool pool;
+    pool.start([this] { session.ReportHostMessage(host::MessageLevel::kError, u"传输失败"_s); });
+    pool.waitForDone();
+    EXPECT_TRUE(WaitFor([this] { return Messages().contains(u"传输失败"_s); }));
+}
+
+TEST_F(ClientOnAFolder, AFolderDroppedOnTheWindowIsImportedOnce) {
+    const QString photos = folder.Path(u"photos"_s);
+    folder.Write(u"photos/a.jpg"_s, JpegBytes(qRgb(250, 1, 1)));
+    folder.Write(u"photos/b.jpg"_s, JpegBytes(qRgb(1, 250, 1)));
+    folder.Write(u"photos/c.jpg"_s, "text");
+    for (const QString& expected : {u"导入 2 张照片，重复 0 张，跳过 1 个文件。"_s,
+                                    u"导入 0 张照片，重复 2 张，跳过 1 个文件。"_s}) {
+        ASSERT_TRUE(WaitFor([&] { return host::tour::DropPaths(client->Window(), {photos}); }));
+        ASSERT_TRUE(WaitFor([] {
+            return host::tour::Click(
+                host::tour::FindIn(host::tour::FindWindow(u"importDialog"_s), u"importStart"_s));
+        }));
+        EXPECT_TRUE(WaitFor([&] {
+            return !Messages().isEmpty() && Messages().front().startsWith(expected);
+        })) << Messages().join(u'\n').toStdString();
+    }
+    ASSERT_TRUE(Press(Qt::Key_1));
+    EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 7; }));
+}
+
+TEST_F(ClientOnAFolder, StoppingWithOpenWindowsLeavesNone) {
+    ASSERT_TRUE(Press(Qt::Key_1));
+    ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
+    ASSERT_TRUE(Press(Qt::Key_B));
+    ASSERT_TRUE(WaitFor([] { return host::tour::FindWindow(u"binWindow"_s) != nullptr; }));
+    client->Stop();
+    client->Stop();
+    support::RunPendingEvents();
+    const QList<QWidget*> windows = QApplication::topLevelWidgets();
+    for (const QWidget* window : windows)
+        EXPECT_FALSE(window->isVisible()) << window->objectName().toStdString();
+    EXPECT_EQ(client->Window(), nullptr);
+}
+
+TEST_F(ClientOnAFolder, WithoutItsModuleTheClientSaysWhatIsMissing) {
+    client->Stop();
+    host::Client other(session);
+    const auto lack = other.Start(folder.Path());
+    ASSERT_TRUE(lack);
+    EXPECT_TRUE(lack->contains(u"KXVeskPicture"_s));
+}
+
+TEST_F(ClientOnAFolder, WithoutRightsTheConsoleHidesItsButtons) {
+    client->Stop();
+    ASSERT_TRUE(session.SignIn(u"李娜"_s));
+    Start();
+    ASSERT_TRUE(Press(Qt::Key_1));
+    ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
+    EXPECT_EQ(host::tour::ConsoleControl(u"deleteButton"_s), nullptr);
+    EXPECT_EQ(host::tour::ConsoleControl(u"hideButton"_s), nullptr);
+    EXPECT_NE(host::tour::ConsoleControl(u"downloadButton"_s), nullptr);
+}
+
+} // namespace
+} // namespace roads
