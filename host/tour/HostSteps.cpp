@@ -8,9 +8,6 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
-#include <QLineEdit>
-#include <QMainWindow>
-#include <QMenuBar>
 
 #include <algorithm>
 
@@ -34,16 +31,12 @@ QString ProjectAt(int index) {
     return combo == nullptr ? QString() : combo->itemText(index);
 }
 
-QString LastMessage() {
-    return ReadText(FindIn(FindWindow(kMain), u"messageText"_s));
-}
-
 void WriteBin(TourScript& script) {
     script.Do(
         u"主窗口 Ctrl+B：回收站列出删除的照片和问题"_s,
         [] { return PressKey(FindWindow(kMain), Qt::Key_B, Qt::ControlModifier); },
         [] { return BinRows() >= 2; });
-    script.Picture(kBin, u"16-bin.png"_s);
+    script.Picture(kBin, u"18-bin.png"_s);
     script.Do(
         u"选中第一行，单击“恢复所选”"_s,
         [] {
@@ -60,52 +53,10 @@ void WriteBin(TourScript& script) {
                    Click(FindIn(FindWindow(kBin), u"binRestore"_s));
         },
         [] { return BinRows() == 0; });
-    script.Picture(kBin, u"17-bin-empty.png"_s);
+    script.Picture(kBin, u"19-bin-empty.png"_s);
     script.Do(
         u"关闭回收站（Esc）"_s, [] { return PressKey(FindWindow(kBin), Qt::Key_Escape); },
         [] { return FindWindow(kBin) == nullptr; });
-}
-
-bool FillImport(const QString& folder) {
-    return TypeOver(FindIn(FindWindow(kImport), u"pathsEdit"_s), folder) &&
-           ChooseInCombo(Find<QComboBox>(kImport, u"floorCombo"_s),
-                         Find<QComboBox>(kImport, u"floorCombo"_s)->itemText(1)) &&
-           ChooseInCombo(Find<QComboBox>(kImport, u"axisXCombo"_s),
-                         Find<QComboBox>(kImport, u"axisXCombo"_s)->itemText(1)) &&
-           ChooseInCombo(Find<QComboBox>(kImport, u"axisYCombo"_s),
-                         Find<QComboBox>(kImport, u"axisYCombo"_s)->itemText(1));
-}
-
-void WriteImport(TourScript& script, const TourPlaces& places) {
-    script.Do(
-        u"菜单“文件 / 导入照片...”"_s,
-        [] {
-            auto* window = qobject_cast<QMainWindow*>(FindWindow(kMain));
-            return window != nullptr &&
-                   ClickInMenuBar(window->menuBar(), u"文件(F)"_s, u"导入照片..."_s);
-        },
-        [] { return FindWindow(kImport) != nullptr; });
-    script.Do(
-        u"填写文件夹，选择楼层和轴线"_s, [places] { return FillImport(places.photoFolder); },
-        [] { return CanReach(FindIn(FindWindow(kImport), u"importStart"_s)); });
-    script.Picture(kImport, u"18-import.png"_s);
-    const QString filed = QString::number(places.photoCount);
-    script.Do(
-        u"单击“导入”：消息栏给出结果"_s,
-        [] { return Click(FindIn(FindWindow(kImport), u"importStart"_s)); },
-        [filed] { return LastMessage().contains(filed); });
-    script.Picture(kMain, u"19-import-done.png"_s);
-    script.Do(
-        u"把同一文件夹拖到主窗口"_s,
-        [places] { return DropPaths(FindWindow(kMain), {places.photoFolder}); },
-        [] { return FindWindow(kImport) != nullptr; });
-    script.Do(
-        u"再导入一次：没有重复的照片"_s,
-        [] {
-            Remembered() = int(LastMessage().size());
-            return Click(FindIn(FindWindow(kImport), u"importStart"_s));
-        },
-        [filed] { return FindWindow(kImport) == nullptr && LastMessage().contains(u" 0 张"_s); });
 }
 
 void WriteHelp(TourScript& script) {
@@ -144,9 +95,8 @@ void WriteProjects(TourScript& script) {
 
 } // namespace
 
-void WriteHostWindows(TourScript& script, const TourPlaces& places) {
+void WriteHostWindows(TourScript& script) {
     WriteBin(script);
-    WriteImport(script, places);
     WriteHelp(script);
     WriteProjects(script);
 }

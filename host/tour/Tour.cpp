@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kDone = 0;
 constexpr int kFault = 1;
-constexpr int kImports = 8;
+constexpr int kImports = 12;
 
 int Complain(const QString& text) {
     std::fprintf(stderr, "走查失败：%s\n", qUtf8Printable(text));
@@ -51,9 +51,11 @@ std::vector<TourStep> WriteSteps(const CommandLine& line, const TourPlaces& plac
     TourScript script;
     WriteStart(script);
     if (line.tourScale == 1) {
-        WriteBimConsole(script);
+        WriteBimSearch(script);
+        WriteImport(script, places);
+        WriteBimActions(script);
         WriteOtherConsoles(script);
-        WriteHostWindows(script, places);
+        WriteHostWindows(script);
     }
     WriteEnd(script);
     return script.Take();

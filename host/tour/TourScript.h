@@ -28,12 +28,16 @@ private:
 
 /// Sign-in and main window with its floor plan.
 void WriteStart(TourScript& script);
-/// The console with BIM photos: presets, search, filters, order, pages, row actions.
-void WriteBimConsole(TourScript& script);
-/// The console with drawing photos and with issues.
+/// The console with BIM photos: search and filters.
+void WriteBimSearch(TourScript& script);
+/// Photos are imported by menu and by drop while the console is open.
+void WriteImport(TourScript& script, const TourPlaces& places);
+/// The console with BIM photos: order, pages, row actions; closed at the end.
+void WriteBimActions(TourScript& script);
+/// The console with drawing photos and with issues; closed at the end.
 void WriteOtherConsoles(TourScript& script);
-/// Bin, import, help, another project, a workset.
-void WriteHostWindows(TourScript& script, const TourPlaces& places);
+/// Bin, help, another project, a workset.
+void WriteHostWindows(TourScript& script);
 /// Closes the client.
 void WriteEnd(TourScript& script);
 
