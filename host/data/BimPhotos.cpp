@@ -3,6 +3,7 @@
 #include "host/data/Database.h"
 #include "host/data/FloorOrder.h"
 #include "host/data/IdChunks.h"
+#include "host/data/LastChange.h"
 #include "host/data/RectifyStates.h"
 #include "host/data/SearchIndex.h"
 #include "host/data/TimeText.h"
@@ -179,6 +180,7 @@ bool BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const Q
     if (!Detail(ppid, update.picId, old)) {
         return false;
     }
+    const LastChange last(old.uploaderName, old.uploadTime, person, now);
     RemoveSearchRow(database, ListKind::kBimPhotos, update.picId);
     // An unchanged key keeps the place, even one that the model has no longer.
     if (update.positionKey != old.positionKey) {
@@ -198,9 +200,9 @@ bool BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const Q
                        PositionText(axisX, axisY), update.picId});
     }
     database.Exec(u"UPDATE bim_photo SET description = ?, mark_id = ?, name = ?, status = ?,"
-                  " updater = ?, updated = ? WHERE id = ?"_s,
+                  " updater = ?, updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
                   {update.description, update.markId, update.fileName, update.status, person, now,
-                   update.picId});
+                   last.person, last.time, update.picId});
     database.Exec(u"DELETE FROM bim_label WHERE photo_id = ?"_s, {update.picId});
     for (const QString& labelId : update.labelIds) {
         database.Exec(u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?)"

@@ -34,18 +34,11 @@ std::vector<Section> SectionsOf(BinKind kind) {
     return {};
 }
 
-// The database computes these itself.
-bool IsComputed(const QString& column) {
-    return column == u"modifier"_s || column == u"modified"_s;
-}
-
 QJsonObject BinRowOf(const Statement& statement) {
     QJsonObject row;
     const QSqlRecord record = statement.Query().record();
     for (int i = 0; i < record.count(); ++i) {
-        if (!IsComputed(record.fieldName(i))) {
-            row.insert(record.fieldName(i), QJsonValue::fromVariant(statement.Query().value(i)));
-        }
+        row.insert(record.fieldName(i), QJsonValue::fromVariant(statement.Query().value(i)));
     }
     return row;
 }

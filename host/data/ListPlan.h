@@ -22,6 +22,7 @@ struct PlanFacts {
     qint64 sourceRows = 0;    ///< entries from which the matching rows are gathered for sorting
     bool keyInSource = false; ///< these entries hold the sort key, the row needn't be fetched
     bool hits = false;        ///< each entry is judged by a hit set as well
+    bool clustered = false;   ///< the matching rows may lie together at one end of the sort index
     int projects = 1;
 };
 

@@ -40,6 +40,13 @@ QString IdList(const std::vector<qint64>& ids) {
     return text + u']';
 }
 
+// These columns stand at the end of every sort index.
+bool IsKeyInEveryIndex(const SortShape& sort) {
+    return sort.columns.empty() || (sort.columns.size() == 1 && (sort.columns[0] == u"modified"_s ||
+                                                                 sort.columns[0] == u"mark_id"_s ||
+                                                                 sort.columns[0] == u"state"_s));
+}
+
 // in_hits() reads this set for as long as the object lives.
 class HitSource {
 public:
@@ -87,11 +94,9 @@ std::vector<qint64> ListQuery::Ids(const Search& search, qint64 total, const Pag
     facts.total = total;
     facts.walkRows = WalkRows(search);
     facts.sourceRows = source.rows;
-    facts.keyInSource =
-        !source.index.isEmpty() && search.sort.columns.size() <= 1 &&
-        (search.sort.columns.empty() || search.sort.columns[0] == u"modified"_s ||
-         search.sort.columns[0] == u"mark_id"_s || search.sort.columns[0] == u"state"_s);
+    facts.keyInSource = IsKeyInEveryIndex(search.sort);
     facts.hits = search.hits != nullptr;
+    facts.clustered = search.filter.modified.has_value();
     facts.projects = static_cast<int>(search.filter.ppids.size());
     const bool canSort = !source.column.isEmpty();
     const bool backwards = search.descending != span.fromEnd;
@@ -133,22 +138,52 @@ qint64 ListQuery::CountRows(const Search& search) {
         return 0;
     }
     const Source source = BestSource(search);
+    if (search.hits && source.column != u"id"_s && IsComplementSmaller(search, source)) {
+        return search.hits->count - CountOutside(search, source);
+    }
     const Part conditions = Conditions(search);
+    QString from = search.shape.table + sqlite::UseIndex(source.index);
+    QVariantList values;
     if (source.column == u"id"_s) {
-        return database
-            .Value(u"SELECT count(*) FROM json_each(?) AS j CROSS JOIN %1 ON id = j.value WHERE"
-                   " ppid IN (%2)%3"_s.arg(search.shape.table, Marks(filter.ppids.size()),
-                                           conditions.text),
-                   QVariantList{IdList(search.hits->set.Ids())} + Values(filter.ppids) +
-                       conditions.values)
-            .toLongLong();
+        from = HitRows(search, true);
+        values << IdList(search.hits->set.Ids());
     }
     return database
-        .Value(u"SELECT count(*) FROM %1%2 WHERE ppid IN (%3)%4"_s.arg(
-                   search.shape.table, sqlite::UseIndex(source.index), Marks(filter.ppids.size()),
-                   conditions.text),
-               Values(filter.ppids) + conditions.values)
+        .Value(u"SELECT count(*) FROM %1 WHERE ppid IN (%2)%3"_s.arg(
+                   from, Marks(filter.ppids.size()), conditions.text),
+               values + Values(filter.ppids) + conditions.values)
         .toLongLong();
+}
+
+QString ListQuery::HitRows(const Search& search, bool byIndex) const {
+    const QString index = byIndex ? sqlite::UseIndex(search.shape.prefix + u"_by_id"_s) : QString();
+    return u"(SELECT value AS hit FROM json_each(?)) CROSS JOIN %1%2 ON id = hit"_s.arg(
+        search.shape.table, index);
+}
+
+bool ListQuery::IsComplementSmaller(const Search& search, const Source& source) {
+    const ListFilter& filter = search.filter;
+    const int limits = (filter.markId ? 1 : 0) + (filter.state ? 1 : 0) + (filter.modified ? 1 : 0);
+    return limits == 1 && filter.fixed.empty() &&
+           source.rows > Tally(search.shape, filter, false, false) / 2;
+}
+
+qint64 ListQuery::CountOutside(const Search& search, const Source& source) {
+    const ListFilter& filter = search.filter;
+    const QVariant low =
+        filter.modified ? filter.modified->first : filter.markId.value_or(filter.state.value_or(0));
+    const QVariant high = filter.modified ? QVariant(filter.modified->second) : low;
+    qint64 count = 0;
+    for (const auto& [sign, limit] : {std::pair{u"<"_s, low}, std::pair{u">"_s, high}}) {
+        count +=
+            database
+                .Value(u"SELECT count(*) FROM %1%2 WHERE ppid IN (%3) AND %4 %5 ?"
+                       " AND in_hits(id)"_s.arg(search.shape.table, sqlite::UseIndex(source.index),
+                                                Marks(filter.ppids.size()), source.column, sign),
+                       Values(filter.ppids) << limit)
+                .toLongLong();
+    }
+    return count;
 }
 
 qint64 ListQuery::Tally(const ListShape& shape, const ListFilter& filter, bool marks, bool states) {
@@ -293,8 +328,7 @@ ListQuery::Part ListQuery::SortSql(const Search& search, const Source& source,
     const QString where = u" WHERE ppid IN (%1)"_s.arg(Marks(search.filter.ppids.size()));
     Part part;
     if (source.column == u"id"_s) {
-        part.text = u"SELECT id FROM json_each(?) AS j CROSS JOIN %1 ON id = j.value"_s.arg(
-            search.shape.table);
+        part.text = u"SELECT id FROM "_s + HitRows(search, IsKeyInEveryIndex(search.sort));
         part.values << IdList(search.hits->set.Ids());
     } else {
         part.text = u"SELECT id FROM "_s + search.shape.table + sqlite::UseIndex(source.index);

@@ -47,11 +47,16 @@ private:
 
     [[nodiscard]] qint64 TotalOf(const Search& search);
     [[nodiscard]] qint64 CountRows(const Search& search);
+    /// Counting what a filter leaves out, where that is less.
+    [[nodiscard]] bool IsComplementSmaller(const Search& search, const Source& source);
+    [[nodiscard]] qint64 CountOutside(const Search& search, const Source& source);
     [[nodiscard]] qint64 Tally(const ListShape& shape, const ListFilter& filter, bool marks,
                                bool states);
     [[nodiscard]] qint64 CountModified(const ListShape& shape, const ListFilter& filter);
     [[nodiscard]] Source BestSource(const Search& search);
     [[nodiscard]] qint64 WalkRows(const Search& search);
+    /// The hits as a source of rows; one place for the list of ids.
+    [[nodiscard]] QString HitRows(const Search& search, bool byIndex) const;
     [[nodiscard]] Part Conditions(const Search& search) const;
     [[nodiscard]] Part WalkSql(const Search& search, bool backwards) const;
     [[nodiscard]] Part SortSql(const Search& search, const Source& source, bool backwards) const;

@@ -3,6 +3,7 @@
 #include "host/data/BinContent.h"
 #include "host/data/Database.h"
 #include "host/data/IdChunks.h"
+#include "host/data/LastChange.h"
 #include "host/data/RectifyStates.h"
 #include "host/data/SearchIndex.h"
 #include "host/data/TimeText.h"
@@ -126,6 +127,9 @@ bool PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const Q
     if (!Detail(ppid, update.picId, old)) {
         return false;
     }
+    const LastChange last(
+        database.Value(u"SELECT uploader FROM pdf_photo WHERE id = ?"_s, {update.picId}).toString(),
+        now, person, now);
     RemoveSearchRow(database, ListKind::kPdfPhotos, update.picId);
     if (update.pointId > 0) {
         const QVariant owner =
@@ -140,8 +144,9 @@ bool PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const Q
         RefreshFromCheckpoint(database, update.picId);
     }
     database.Exec(u"UPDATE pdf_photo SET description = ?, name = ?, status = ?, updater = ?,"
-                  " updated = ? WHERE id = ?"_s,
-                  {update.description, update.fileName, update.status, person, now, update.picId});
+                  " updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
+                  {update.description, update.fileName, update.status, person, now, last.person,
+                   last.time, update.picId});
     AddSearchRow(database, ListKind::kPdfPhotos, update.picId);
     transaction.Commit();
     return true;

@@ -5,6 +5,7 @@
 #include "host/data/FileKinds.h"
 #include "host/data/FileStore.h"
 #include "host/data/FloorOrder.h"
+#include "host/data/LastChange.h"
 #include "host/data/SearchIndex.h"
 #include "host/data/StoreName.h"
 
@@ -50,9 +51,17 @@ public:
         if (!IsGiven(source)) {
             return {};
         }
-        StoredFile file = store.Put(source);
-        waiting.push_back(file.uuid);
-        return file;
+        try {
+            StoredFile file = store.Put(source);
+            waiting.push_back(file.uuid);
+            return file;
+        } catch (...) {
+            // The picture of a photo whose note can't be stored goes too.
+            if (!batch) {
+                DiscardAll();
+            }
+            throw;
+        }
     }
 
     void InsertFile(const StoredFile& file, FileKind kind, qint32 ppid, qint64 owner) {
@@ -115,6 +124,7 @@ qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture
     }
     const StoredFile file = impl->Put(picture);
     const StoredFile note = impl->Put(voice);
+    const LastChange last(photo.uploader, photo.uploadTime, photo.updater, photo.updateTime);
     return impl->Change([&] {
         QString floor;
         QString axisX;
@@ -128,12 +138,28 @@ qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture
         const qint64 id = impl->db.Insert(
             u"INSERT INTO bim_photo (ppid, name, description, floor, floor_sort, axis_x, axis_y,"
             " pos_text, position_key, mark_id, file_uuid, audio_uuid, state, status, uploader,"
-            " uploaded, updater, updated) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?,"
-            " ?, ?)"_s,
-            {photo.ppid, photo.fileName, photo.description, floor, FloorSortKey(floor), axisX,
-             axisY, PositionText(axisX, axisY), photo.positionKey, photo.markId, file.uuid,
-             note.uuid, photo.state, photo.status, photo.uploader, photo.uploadTime, photo.updater,
-             photo.updateTime});
+            " uploaded, updater, updated, modifier, modified) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?,"
+            " ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
+            {photo.ppid,
+             photo.fileName,
+             photo.description,
+             floor,
+             FloorSortKey(floor),
+             axisX,
+             axisY,
+             PositionText(axisX, axisY),
+             photo.positionKey,
+             photo.markId,
+             file.uuid,
+             note.uuid,
+             photo.state,
+             photo.status,
+             photo.uploader,
+             photo.uploadTime,
+             photo.updater,
+             photo.updateTime,
+             last.person,
+             last.time});
         for (const qint32 label : photo.labelIds) {
             impl->db.Exec(
                 u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?) ON CONFLICT DO NOTHING"_s,
@@ -151,6 +177,7 @@ qint32 SiteWriter::FilePdfPhoto(const NewPdfPhoto& photo, const FileSource& pict
         throw DataError(Fault::kBadName, FaultText(Fault::kBadName, photo.fileName.left(80)));
     }
     const StoredFile file = impl->Put(picture);
+    const LastChange last(photo.uploader, photo.uploadTime, photo.updater, photo.updateTime);
     return impl->Change([&] {
         const qint32 ppid = impl->Find(u"SELECT d.ppid FROM checkpoint c JOIN drawing d"
                                        " ON d.id = c.drawing_id WHERE c.id = ?"_s,
@@ -158,11 +185,11 @@ qint32 SiteWriter::FilePdfPhoto(const NewPdfPhoto& photo, const FileSource& pict
         const qint64 id = impl->db.Insert(
             u"INSERT INTO pdf_photo (ppid, checkpoint_id, drawing_id, drawing_name, checkpoint_no,"
             " name, description, mark_id, file_uuid, state, status, uploader, uploaded, updater,"
-            " updated) SELECT d.ppid, c.id, d.id, d.name, c.number, ?, ?, c.mark_id, ?, ?, ?, ?, ?,"
-            " ?, ? FROM checkpoint c JOIN drawing d ON d.id = c.drawing_id WHERE c.id = ?"_s,
+            " updated, modifier, modified) SELECT d.ppid, c.id, d.id, d.name, c.number, ?, ?,"
+            " c.mark_id, ?, ?, ?, ?, ?, ?, ?, ?, ? FROM checkpoint c JOIN drawing d ON d.id = c.drawing_id WHERE c.id = ?"_s,
             {photo.fileName, photo.description, file.uuid, photo.state, photo.status,
-             photo.uploader, photo.uploadTime, photo.updater, photo.updateTime,
-             photo.checkpointId});
+             photo.uploader, photo.uploadTime, photo.updater, photo.updateTime, last.person,
+             last.time, photo.checkpointId});
         if (ppid == 0) {
             throw DataError(Fault::kMissing, FaultText(Fault::kMissing, u"检查点"_s));
         }
@@ -187,18 +214,36 @@ void SiteWriter::SetCheckpointVoice(qint32 checkpointId, const FileSource& voice
 
 QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice) {
     const StoredFile note = impl->Put(voice);
+    const LastChange last(issue.creator, issue.createTime, issue.updater, issue.updateTime);
     const QString questionId = issue.questionId.isEmpty() ? NewStoreName() : issue.questionId;
     return impl->Change([&] {
         const qint64 id = impl->db.Insert(
             u"INSERT INTO issue (question_id, ppid, theme, description, floor, floor_sort, "
             u"pos_info,"
             " component_name, component_sub_name, component_handle, mark_id, qr_code, voice_uuid,"
-            " state, status, creator, created, updater, updated) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?,"
-            " ?, ?, '', ?, ?, ?, ?, ?, ?, ?)"_s,
-            {questionId, issue.ppid, issue.theme, issue.description, issue.floor,
-             FloorSortKey(issue.floor), issue.posInfo, issue.componentName, issue.componentSubName,
-             issue.componentHandle, issue.markId, note.uuid, issue.state, issue.status,
-             issue.creator, issue.createTime, issue.updater, issue.updateTime});
+            " state, status, creator, created, updater, updated, modifier, modified) VALUES (?, ?, "
+            "?, ?,"
+            " ?, ?, ?, ?, ?, ?, ?, '', ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
+            {questionId,
+             issue.ppid,
+             issue.theme,
+             issue.description,
+             issue.floor,
+             FloorSortKey(issue.floor),
+             issue.posInfo,
+             issue.componentName,
+             issue.componentSubName,
+             issue.componentHandle,
+             issue.markId,
+             note.uuid,
+             issue.state,
+             issue.status,
+             issue.creator,
+             issue.createTime,
+             issue.updater,
+             issue.updateTime,
+             last.person,
+             last.time});
         if (!issue.rectifier.isEmpty()) {
             impl->db.Exec(u"INSERT INTO rectification (issue_id, text, rectifier, voice_uuid)"
                           " VALUES (?, ?, ?, '')"_s,
