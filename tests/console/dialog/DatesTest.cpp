@@ -1,0 +1,101 @@
+// "不限" and the two dates.
+#include "tests/console/dialog/ConsoleFixture.h"
+
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QDateTime>
+#include <QPushButton>
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const char* const kWrongOrder = "开始时间不能大于结束时间!";
+
+/// The start is 2026-02-26 and the end 2026-03-05; an arrow key turns the year.
+class DatesTest : public ConsoleFixture {
+protected:
+    void OpenWithDates() {
+        Open(kModeBim);
+        Click(C().noDateLimit);
+        Log().Clear();
+    }
+    static void TurnYear(QDateEdit* picker, Qt::Key key) {
+        picker->setFocus();
+        picker->setCurrentSection(QDateTimeEdit::YearSection);
+        QTest::keyClick(picker, key);
+    }
+    static qint64 Start(const QDate& date) { return date.startOfDay().toSecsSinceEpoch(); }
+};
+
+TEST_F(DatesTest, TurningTheLimitOnEnablesTheDatesAndSearches) {
+    Open(kModeBim);
+    Click(C().noDateLimit);
+    EXPECT_TRUE(C().startPicker->isEnabled());
+    EXPECT_TRUE(C().endPicker->isEnabled());
+    EXPECT_EQ(Searches(), 1);
+    EXPECT_FALSE(BimFilter().noDateLimit);
+    Click(C().noDateLimit);
+    EXPECT_FALSE(C().startPicker->isEnabled());
+    EXPECT_FALSE(C().endPicker->isEnabled());
+    EXPECT_EQ(Searches(), 2);
+    EXPECT_TRUE(BimFilter().noDateLimit);
+}
+
+TEST_F(DatesTest, AChangedDateSearchesNothingUntilTheButtonIsPressed) {
+    OpenWithDates();
+    TurnYear(C().startPicker, Qt::Key_Down);
+    EXPECT_EQ(C().startPicker->date(), QDate(2025, 2, 26));
+    EXPECT_EQ(Searches(), 0);
+    Click(C().searchButton);
+    EXPECT_EQ(BimFilter().startTime, Start(QDate(2025, 2, 26)));
+}
+
+TEST_F(DatesTest, AStartBehindTheEndGoesBackWithATipAtItsPicker) {
+    OpenWithDates();
+    TurnYear(C().startPicker, Qt::Key_Up);
+    EXPECT_EQ(C().startPicker->date(), QDate(2026, 2, 26));
+    EXPECT_EQ(BalloonAt(C().startPicker), kWrongOrder);
+    EXPECT_EQ(Searches(), 0);
+    Click(C().searchButton);
+    EXPECT_EQ(BimFilter().startTime, Start(QDate(2026, 2, 26)));
+}
+
+TEST_F(DatesTest, AnEndBeforeTheStartGoesBackWithATipAtItsPicker) {
+    OpenWithDates();
+    TurnYear(C().endPicker, Qt::Key_Down);
+    EXPECT_EQ(C().endPicker->date(), QDate(2026, 3, 5));
+    EXPECT_EQ(BalloonAt(C().endPicker), kWrongOrder);
+    EXPECT_EQ(Searches(), 0);
+}
+
+TEST_F(DatesTest, ADateGoesBackToItsLastGoodValueAndNotToTheFirst) {
+    OpenWithDates();
+    TurnYear(C().endPicker, Qt::Key_Up);
+    TurnYear(C().startPicker, Qt::Key_Up);
+    EXPECT_EQ(C().startPicker->date(), QDate(2027, 2, 26));
+    TurnYear(C().startPicker, Qt::Key_Up);
+    EXPECT_EQ(C().startPicker->date(), QDate(2027, 2, 26));
+    TurnYear(C().endPicker, Qt::Key_Down);
+    EXPECT_EQ(C().endPicker->date(), QDate(2027, 3, 5));
+}
+
+TEST_F(DatesTest, OneDayIsARange) {
+    OpenWithDates();
+    C().startPicker->setDate(QDate(2026, 3, 5));
+    EXPECT_EQ(C().startPicker->date(), QDate(2026, 3, 5));
+    EXPECT_EQ(BalloonAt(C().startPicker), "");
+    Click(C().searchButton);
+    EXPECT_EQ(BimFilter().endTime - BimFilter().startTime, 86399);
+}
+
+TEST_F(DatesTest, DatesArePassedOnEvenWhileTheyAreOff) {
+    OpenWithDates();
+    TurnYear(C().startPicker, Qt::Key_Down);
+    Click(C().noDateLimit);
+    EXPECT_TRUE(BimFilter().noDateLimit);
+    EXPECT_EQ(BimFilter().startTime, Start(QDate(2025, 2, 26)));
+}
+
+} // namespace
