@@ -1,0 +1,212 @@
+// Places of the controls, sizes, events from others, and the end of the window.
+#include "console/ConsoleEvents.h"
+#include "frame/KXVeskPictureImpl.h"
+#include "tests/console/dialog/ConsoleFixture.h"
+#include "tests/support/WaitFor.h"
+#include "toolkit/ColorTxtComboBox.h"
+#include "toolkit/KXComboBox.h"
+#include "toolkit/WindowRegistry.h"
+
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStatusBar>
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ConsoleWindowTest : public ConsoleFixture {
+protected:
+    void Resize(int width, int height) {
+        Window()->resize(width, height);
+        support::RunPendingEvents();
+    }
+    [[nodiscard]] QRect BarRect() { return Console().Paging()->GetRect(); }
+};
+
+TEST_F(ConsoleWindowTest, PhotosLieWhereTheLayoutSays) {
+    Open(kModeBim);
+    EXPECT_EQ(C().bimRadio->pos(), QPoint(8, 770));
+    EXPECT_EQ(C().pdfRadio->pos(), QPoint(100, 770));
+    EXPECT_EQ(C().pdfRadio->size(), C().bimRadio->size());
+    EXPECT_EQ(C().downloadButton->pos(), QPoint(10, 790));
+    EXPECT_EQ(C().deleteButton->pos(), QPoint(60, 790));
+    EXPECT_EQ(C().showButton->pos(), QPoint(110, 790));
+    EXPECT_EQ(C().hideButton->pos(), QPoint(160, 790));
+    EXPECT_EQ(C().hideButton->size(), C().downloadButton->size());
+    EXPECT_EQ(C().statusBar->geometry(), QRect(0, 825, 1085, 20));
+    EXPECT_EQ(BarRect().right() + 1, 1085);
+    EXPECT_EQ(BarRect().bottom() + 1, 825);
+    EXPECT_EQ(View().geometry(), QRect(10, 40, 1060, BarRect().top() - 20 - 40));
+}
+
+TEST_F(ConsoleWindowTest, IssuesUseTheLineOfTheRadioButtons) {
+    Open(kModeIssue);
+    EXPECT_EQ(View().geometry().bottom() + 1, BarRect().top());
+    EXPECT_EQ(C().deleteButton->pos(), QPoint(10, 765));
+    EXPECT_EQ(C().showButton->pos(), QPoint(60, 765));
+    EXPECT_EQ(C().hideButton->pos(), QPoint(110, 765));
+}
+
+TEST_F(ConsoleWindowTest, TheFiltersOfIssuesFollowEachOther) {
+    Open(kModeIssue);
+    const int y = 10;
+    EXPECT_EQ(C().projectCombo->y(), y);
+    const std::vector<std::pair<QWidget*, int>> line = {
+        {C().markCombo, 3}, {C().statusCombo, 3}, {C().noDateLimit, 3},  {C().startPicker, 3},
+        {C().dateDash, 1},  {C().endPicker, 1},   {C().keywordCombo, 3}, {C().searchButton, 3}};
+    const QWidget* before = C().projectCombo;
+    for (const auto& [control, gap] : line) {
+        EXPECT_EQ(control->pos(), QPoint(before->x() + before->width() + gap, y))
+            << control->objectName().toStdString();
+        before = control;
+    }
+    EXPECT_LE(before->geometry().right(), Window()->width());
+}
+
+TEST_F(ConsoleWindowTest, EverythingFollowsALargerWindow) {
+    Open(kModeBim);
+    Resize(1400, 1000);
+    EXPECT_EQ(C().bimRadio->pos(), QPoint(8, 925));
+    EXPECT_EQ(C().downloadButton->pos(), QPoint(10, 945));
+    EXPECT_EQ(C().statusBar->geometry(), QRect(0, 980, 1400, 20));
+    EXPECT_EQ(BarRect().right() + 1, 1400);
+    EXPECT_EQ(View().geometry().right() + 1, 1385);
+    EXPECT_EQ(View().geometry().bottom() + 1, BarRect().top() - 20);
+}
+
+TEST_F(ConsoleWindowTest, TheWindowDoesNotGetSmallerThanItsKindAllows) {
+    Open(kModeBim);
+    Resize(300, 200);
+    EXPECT_EQ(Window()->size(), QSize(1085, 845));
+}
+
+TEST_F(ConsoleWindowTest, WithoutTheRightToDeleteTheButtonsCloseUp) {
+    host.auth.rights = {21, 38};
+    Open(kModeBim);
+    EXPECT_EQ(C().showButton->pos(), QPoint(60, 790));
+    EXPECT_EQ(C().hideButton->pos(), QPoint(110, 790));
+}
+
+TEST_F(ConsoleWindowTest, NoFilterOfPhotosIsCutOff) {
+    Open(kModePdf);
+    int end = 0;
+    for (const QWidget* control : C().Filters()) {
+        EXPECT_LE(control->geometry().right(), Window()->width() - 15);
+        EXPECT_GT(control->x(), end) << control->objectName().toStdString();
+        end = control->geometry().right();
+    }
+}
+
+TEST_F(ConsoleWindowTest, AChangedPhotoIsToldToTheHostAndThePageFetched) {
+    Open(kModePdf, 65);
+    Console().Paging()->DoPage(2);
+    Log().Clear();
+    toolkit::SendWindowEvent(Console().Id(), WM_PIC_MNG_REFRESH);
+    EXPECT_THAT(
+        Log().LinesOf({"RefreshPdfMarks", "QueryPdfPics"}),
+        ElementsAre("RefreshPdfMarks()", "QueryPdfPics(page=2,size=30,sort=last_modifytime desc)"));
+}
+
+TEST_F(ConsoleWindowTest, UnknownEventsAreIgnored) {
+    Open(kModeBim);
+    EXPECT_EQ(toolkit::SendWindowEvent(Console().Id(), 4711), 0);
+    EXPECT_THAT(Log().Lines(), IsEmpty());
+}
+
+TEST_F(ConsoleWindowTest, TheWindowManagersCloseClosesTheConsole) {
+    Open(kModeBim);
+    Window()->close();
+    support::RunPendingEvents();
+    EXPECT_FALSE(Console().HasWindow());
+    EXPECT_EQ(Log().CountOf("SaveRecent"), 1);
+}
+
+TEST_F(ConsoleWindowTest, ClosingAsksNothingAndEndsGridAndPaging) {
+    Open(kModeBim);
+    Console().CloseConsole();
+    EXPECT_FALSE(Console().HasWindow());
+    EXPECT_EQ(Console().Grid(), nullptr);
+    EXPECT_EQ(Console().Paging(), nullptr);
+    EXPECT_EQ(Console().Controls(), nullptr);
+    EXPECT_EQ(Console().GetMode(), kModeBim);
+    EXPECT_THAT(prompts.Parents(), IsEmpty());
+}
+
+TEST_F(ConsoleWindowTest, ClosingResetsTheKindToBimPhotos) {
+    Open(kModeIssue);
+    Console().CloseConsole();
+    EXPECT_EQ(Console().GetMode(), kModeBim);
+}
+
+TEST_F(ConsoleWindowTest, ClosingWithoutAWindowDoesNothing) {
+    Console().CloseConsole();
+    EXPECT_THAT(Log().Lines(), IsEmpty());
+    EXPECT_EQ(Console().GetMode(), kModeNone);
+}
+
+TEST_F(ConsoleWindowTest, ClosingForgetsTheFiltersButNotTheSecondPresetText) {
+    host.questions.usedMarks = {1, 2};
+    FillService(host, kModeIssue, 2);
+    Facade().ShowIssueMngFor(0, u"3"_s, 2, u"H77"_s);
+    Settle();
+    Choose(*C().markCombo, 1);
+    Console().CloseConsole();
+    EXPECT_EQ(Console().MarkId(), 0);
+    EXPECT_EQ(Console().CurrentPreset().key, QString());
+    EXPECT_EQ(Console().CurrentPreset().extra, u"H77"_s);
+    Open(kModeIssue);
+    EXPECT_EQ(IssueFilter().markId, 0);
+    EXPECT_EQ(IssueFilter().presetExtra, u"H77"_s);
+    // The lists are fetched anew.
+    DropDown(*C().markCombo);
+    EXPECT_EQ(Log().CountOf("GetUsedMarks"), 1);
+}
+
+TEST_F(ConsoleWindowTest, AClosedConsoleOpensAgainLikeTheFirstTime) {
+    Open(kModeBim);
+    TypeKeyword(u"abc"_s);
+    Click(C().searchButton);
+    Click(C().noDateLimit);
+    Console().CloseConsole();
+    Open(kModeBim, 2);
+    EXPECT_TRUE(C().noDateLimit->isChecked());
+    EXPECT_EQ(C().keywordCombo->currentText(), QString());
+    EXPECT_THAT(Entries(*C().keywordCombo), ElementsAre("abc"));
+    EXPECT_EQ(Grid().GetRowCount(), 2);
+    EXPECT_EQ(BimFilter().keyword, QString());
+}
+
+TEST_F(ConsoleWindowTest, EventsForAClosedConsoleAreDropped) {
+    Open(kModeBim);
+    const toolkit::WindowId id = Console().Id();
+    toolkit::PostWindowEvent(id, WM_PIC_MNG_REFRESH);
+    Console().CloseConsole();
+    Log().Clear();
+    support::RunPendingEvents();
+    EXPECT_EQ(toolkit::SendWindowEvent(id, WM_PIC_MNG_REFRESH), 0);
+    EXPECT_THAT(Log().Lines(), IsEmpty());
+}
+
+TEST_F(ConsoleWindowTest, TheConsoleEndsWithTheMainWindowThatItLiesOn) {
+    auto* parent = new QWidget;
+    const toolkit::WindowId id =
+        toolkit::RegisterWindow(parent, [](const toolkit::WindowEvent&) { return qintptr(0); });
+    Console().SetMode(kModeBim);
+    Console().Create(id);
+    ASSERT_TRUE(Console().HasWindow());
+    delete parent;
+    EXPECT_FALSE(Console().HasWindow());
+    EXPECT_EQ(Console().Controls(), nullptr);
+    Open(kModeBim);
+    EXPECT_EQ(Grid().GetRowCount(), 3);
+}
+
+} // namespace
