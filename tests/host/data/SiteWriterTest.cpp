@@ -1,10 +1,9 @@
-#include "host/data/Bin.h"
 #include "host/data/Database.h"
 #include "host/data/FileStore.h"
 #include "tests/host/data/TempSite.h"
 
 #include <QCryptographicHash>
-#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 
 namespace host {
@@ -76,28 +75,30 @@ TEST(SiteWriter, ABatchThatIsNotCommittedLeavesNeitherRowsNorFiles) {
     EXPECT_TRUE(SiteWriter(site.folder).IsEmpty());
 }
 
-TEST(Bin, ADeletedPhotoComesBackWithItsLabelsAndItsFile) {
+TEST(SiteWriter, APhotoWhoseNameIsAPathIsRefusedAndLeavesNoFile) {
     TempSite site;
-    const Filed filed = FileOne(site.folder, "picture");
-    const QString uuid = UuidOf(site.folder, filed.picId);
-    Bin bin(site.folder.Db(), site.folder.Store());
+    SiteWriter writer(site.folder);
+    NewBimPhoto photo;
+    photo.ppid = writer.AddProject(u"一号楼"_s);
+    photo.fileName = u"../a.jpg"_s;
+    EXPECT_THROW(writer.FilePhoto(photo, {{}, "x"}), DataError);
+    photo.fileName = u"a.jpg"_s;
+    photo.ppid = 99; // no such project
+    EXPECT_THROW(writer.FilePhoto(photo, {{}, "x"}), DataError);
+    int files = 0;
+    QDirIterator below(site.folder.StorePath(), QDir::Files, QDirIterator::Subdirectories);
+    while (below.hasNext()) {
+        files += below.next().endsWith(u".pid"_s) ? 0 : 1;
+    }
+    EXPECT_EQ(files, 0);
+}
 
-    EXPECT_EQ(bin.DeleteBimPhotos({filed.picId, 4711}, u"li"_s), 1);
-    EXPECT_FALSE(site.folder.Store().Has(uuid));
-    EXPECT_TRUE(QFile::exists(site.folder.BinPath() + u'/' + uuid));
-    const auto entries = bin.List();
-    ASSERT_EQ(entries.size(), 1u);
-    EXPECT_EQ(entries[0].title, u"外墙.jpg"_s);
-    EXPECT_EQ(entries[0].deletedBy, u"li"_s);
-
-    EXPECT_EQ(bin.Restore({entries[0].id}), 1);
-    EXPECT_TRUE(site.folder.Store().Has(uuid));
-    EXPECT_EQ(UuidOf(site.folder, filed.picId), uuid);
-    EXPECT_EQ(site.folder.Db()
-                  .Value(u"SELECT count(*) FROM bim_label WHERE photo_id = ?"_s, {filed.picId})
-                  .toInt(),
-              1);
-    EXPECT_TRUE(bin.List().empty());
+TEST(SiteWriter, NamesThatAreThereAreUsedAgain) {
+    TempSite site;
+    SiteWriter writer(site.folder);
+    EXPECT_EQ(writer.AddProject(u"一号楼"_s), writer.AddProject(u"一号楼"_s));
+    EXPECT_EQ(writer.AddLabel(u"质量"_s), writer.AddLabel(u"质量"_s));
+    EXPECT_EQ(writer.AddUser(u"li"_s, {5}), writer.AddUser(u"li"_s, {21}));
 }
 
 } // namespace host
