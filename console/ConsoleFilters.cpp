@@ -160,8 +160,8 @@ void CVeskPicMngDlg::OnDelete() {
     const auto grid = m_grid;
     const QString question =
         m_mode == kModeIssue ? u"确认删除该问题和所附照片吗 ？"_s : u"确认删除所选的照片？"_s;
-    // The console may be gone, or have another grid, when the question is answered.
-    if (toolkit::Prompts().AskOkCancel(Id(), question) && grid == m_grid)
+    // The console may be gone, have another grid or another page when the question is answered.
+    if (toolkit::Prompts().AskOkCancel(Id(), question) && grid == m_grid && grid->HasCheckedRow())
         grid->DeleteChecked();
 }
 
