@@ -14,6 +14,7 @@ struct ColumnSpec {
     bool centred = false;  ///< the cells; headers always are
     bool locked = false;   ///< the user can't change the width
     bool sortable = false; ///< a click on the header sorts
+    int stretch = 0;       ///< share of the room that a wide window leaves; 0: none
 };
 
 /// Columns of a kind, in their order; those of BIM photos for an unknown kind.

@@ -53,6 +53,7 @@ void CPicMngBase::InsertColumns(ConsoleMode mode, std::map<int, bool>& sortable)
         grid->SetColumnAlign(i,
                              column.centred ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignVCenter);
         grid->SetColumnLocked(i, column.locked);
+        grid->SetColumnStretch(i, column.stretch);
         sortable[i] = column.sortable;
     }
     ColumnRights rights;

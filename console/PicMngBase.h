@@ -77,6 +77,10 @@ public:
         Q_UNUSED(row);
         return {};
     }
+    /// Names the row's item among all of its kind.
+    [[nodiscard]] virtual QString GetRowKey(const CGridRow& row) const {
+        return QString::number(GetRowPicId(row));
+    }
     /// Whether the view must be told when this row is deleted.
     [[nodiscard]] virtual bool IsRowInView(const CGridRow& row) {
         Q_UNUSED(row);

@@ -127,6 +127,10 @@ bool CTNPicMng::GetUsedMarks(std::vector<qint32>& markIds) {
     return GetTNQuestionMng()->GetUsedMarks(KX_DATA::kIssueMarkKind, markIds);
 }
 
+QString CTNPicMng::GetRowKey(const CGridRow& row) const {
+    return RecordOf<KX_DATA::IssueRow>(row).questionId;
+}
+
 bool CTNPicMng::EditRow(CGridRow& row) {
     Q_UNUSED(row);
     return AnswerAsCancelled(MissingDialog::IssueEditor);

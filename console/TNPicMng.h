@@ -21,6 +21,7 @@ public:
     DeleteResult DeleteRow(qint32 projectId, CGridRow& row) override;
     bool GetUsedMarks(std::vector<qint32>& markIds) override;
     [[nodiscard]] QSize GetMinTrackSize() const override { return {1025, 820}; }
+    [[nodiscard]] QString GetRowKey(const CGridRow& row) const override;
     bool EditRow(CGridRow& row) override;
     void LocateRow(CGridRow& row) override;
     void PreviewRow(CGridRow& row) override;

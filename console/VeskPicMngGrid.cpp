@@ -153,7 +153,19 @@ void CVeskPicMngGrid::OnQueryPage() {
     toolkit::SendWindowEvent(ParentId(), WM_PIC_SEARCH_DONE);
 }
 
+QString CVeskPicMngGrid::SelectedKey() const {
+    const CGridRow* selected = GetCurSel();
+    return selected != nullptr ? m_manager->GetRowKey(*selected) : QString();
+}
+
+void CVeskPicMngGrid::SelectKey(const QString& key) {
+    for (int i = 0; !key.isEmpty() && i < GetRowCount(); ++i)
+        if (m_manager->GetRowKey(*GetRow(i)) == key)
+            SetCurSel(i);
+}
+
 void CVeskPicMngGrid::FetchPage() {
+    const QString selected = SelectedKey();
     Empty();
     KX_DATA::PageRequest request;
     request.page = GetCurrentPage();
@@ -172,6 +184,7 @@ void CVeskPicMngGrid::FetchPage() {
     m_queryFailed = !built;
     totalCount = result.totalCount;
     AdjustLayout();
+    SelectKey(selected);
     if (GetManager() != nullptr)
         GetManager()->SetPageCount(result.pageCount);
 }

@@ -67,6 +67,8 @@ private:
     void CheckAll(bool checked);
     void SortBy(int column);
     void FetchPage();
+    [[nodiscard]] QString SelectedKey() const;
+    void SelectKey(const QString& key);
     void FetchAfterDelete();
     /// The dialog has this grid, in a window.
     [[nodiscard]] bool IsInDialog() const;
