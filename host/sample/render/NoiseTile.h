@@ -48,23 +48,21 @@ private:
 };
 
 inline float NoiseTile::Sample(const std::vector<qint8>& field, int size, float u, float v) {
-    // The offset keeps the truncation a floor for every coordinate that a scene has.
-    const float x = (u + 64.0F) * static_cast<float>(size);
-    const float y = (v + 64.0F) * static_cast<float>(size);
-    const int column = static_cast<int>(x);
-    const int row = static_cast<int>(y);
-    const float fx = x - static_cast<float>(column);
-    const float fy = y - static_cast<float>(row);
+    // Whole numbers of 1/256 texel: conversions between float and int are what costs here. The
+    // offset keeps the truncation a floor for every coordinate that a scene has.
+    const float scale = static_cast<float>(size) * 256;
+    const int x = static_cast<int>((u + 64.0F) * scale);
+    const int y = static_cast<int>((v + 64.0F) * scale);
+    const int fx = x & 255;
+    const int fy = y & 255;
     const int mask = size - 1;
-    const qint8* line0 = field.data() + (row & mask) * size;
-    const qint8* line1 = field.data() + ((row + 1) & mask) * size;
-    const int c0 = column & mask;
-    const int c1 = (column + 1) & mask;
-    const float top =
-        static_cast<float>(line0[c0]) + fx * static_cast<float>(line0[c1] - line0[c0]);
-    const float bottom =
-        static_cast<float>(line1[c0]) + fx * static_cast<float>(line1[c1] - line1[c0]);
-    return (top + fy * (bottom - top)) * (1.0F / 127.0F);
+    const qint8* line0 = field.data() + ((y >> 8) & mask) * size;
+    const qint8* line1 = field.data() + (((y >> 8) + 1) & mask) * size;
+    const int c0 = (x >> 8) & mask;
+    const int c1 = (c0 + 1) & mask;
+    const int top = line0[c0] * 256 + fx * (line0[c1] - line0[c0]);
+    const int bottom = line1[c0] * 256 + fx * (line1[c1] - line1[c0]);
+    return static_cast<float>(top * 256 + fy * (bottom - top)) * (1.0F / (127 * 65536));
 }
 
 } // namespace host

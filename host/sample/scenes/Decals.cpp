@@ -102,8 +102,13 @@ QImage DrawHoneycomb(QSize size, Dice& dice) {
     painter.setPen(Qt::NoPen);
     const QPointF centre(size.width() * 0.5, size.height() * 0.5);
     const double radius = size.width() * 0.36;
-    painter.setBrush(QColor(78, 73, 66, 120));
-    painter.drawPath(Blob(centre, radius, 0.22, dice));
+    for (int layer = 0; layer < 14; ++layer) {
+        const QPointF shift(radius * static_cast<double>(dice.Between(-0.25F, 0.25F)),
+                            radius * static_cast<double>(dice.Between(-0.25F, 0.25F)));
+        painter.setBrush(QColor(70, 65, 58, 24));
+        painter.drawPath(Blob(centre + shift,
+                              radius * static_cast<double>(dice.Between(0.5F, 0.95F)), 0.12, dice));
+    }
     for (int pit = 0; pit < 900; ++pit) {
         const double angle = static_cast<double>(dice.Between(0, 6.2832F));
         const double spread = radius * std::sqrt(static_cast<double>(dice.Unit())) * 1.05;

@@ -10,16 +10,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-[[nodiscard]] QImage DamagePicture(Dice& dice) {
+[[nodiscard]] QImage DamagePicture(SceneKind kind, Dice& dice) {
     const QSize size(1100, 1100);
     QImage picture;
     QString note;
-    switch (dice.Pick(3)) {
-    case 0:
+    switch (kind) {
+    case SceneKind::Crack:
         picture = DrawCrack(size, dice);
         note = u"裂缝 %1mm"_s.arg(0.2 + 0.1 * dice.Pick(9), 0, 'f', 1);
         break;
-    case 1:
+    case SceneKind::Leak:
         picture = DrawLeak(size, dice);
         note = u"渗水 %1号"_s.arg(1 + dice.Pick(30));
         break;
@@ -55,7 +55,7 @@ void AddSurroundings(SceneBuilder& builder, const Finish& wall, Dice& dice) {
 
 } // namespace
 
-Scene BuildDefect(Dice& dice) {
+Scene BuildDefect(SceneKind kind, Dice& dice) {
     Scene scene;
     SceneBuilder builder(scene);
     const Surface surfaces[] = {Surface::Concrete, Surface::Plaster, Surface::Concrete};
@@ -64,7 +64,7 @@ Scene BuildDefect(Dice& dice) {
     builder.AddPatch({-4, 1.5F, 0}, {8, 0, 0}, {0, 0, 3.2F}, wall);
     const float side = dice.Between(0.75F, 1.15F);
     const Vec3 low{dice.Between(-0.6F, -0.3F), 1.495F, dice.Between(0.8F, 1.2F)};
-    builder.AddDecal(low, {side, 0, 0}, {0, 0, side}, DamagePicture(dice), wall);
+    builder.AddDecal(low, {side, 0, 0}, {0, 0, side}, DamagePicture(kind, dice), wall);
     AddSurroundings(builder, wall, dice);
     if (dice.Chance(0.5F)) {
         // A folding rule held against the wall.

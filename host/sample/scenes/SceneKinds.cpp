@@ -16,8 +16,10 @@ Scene BuildScene(SceneKind kind, Dice& dice) {
         return BuildRebar(dice);
     case SceneKind::Frame:
         return BuildFrame(dice);
-    case SceneKind::Defect:
-        return BuildDefect(dice);
+    case SceneKind::Crack:
+    case SceneKind::Leak:
+    case SceneKind::Honeycomb:
+        return BuildDefect(kind, dice);
     case SceneKind::Stairs:
         return BuildStairs(dice);
     case SceneKind::Pit:

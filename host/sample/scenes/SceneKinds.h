@@ -17,15 +17,18 @@ enum class SceneKind : quint8 {
     Facade,   ///< scaffold and nets before a wall
     Rebar,    ///< mats on formwork
     Frame,    ///< concrete frame and tower crane
-    Defect,   ///< close view of a wall: crack, leak, honeycombing
+    Crack,    ///< close view of a wall, as the two below
+    Leak,
+    Honeycomb,
     Stairs,
     Pit,  ///< excavation with piles and struts
     Pipes ///< pump room
 };
 
 inline constexpr std::array kAllSceneKinds{
-    SceneKind::Room,  SceneKind::Corridor, SceneKind::Garage, SceneKind::Facade, SceneKind::Rebar,
-    SceneKind::Frame, SceneKind::Defect,   SceneKind::Stairs, SceneKind::Pit,    SceneKind::Pipes};
+    SceneKind::Room,  SceneKind::Corridor, SceneKind::Garage,    SceneKind::Facade,
+    SceneKind::Rebar, SceneKind::Frame,    SceneKind::Crack,     SceneKind::Stairs,
+    SceneKind::Leak,  SceneKind::Pit,      SceneKind::Honeycomb, SceneKind::Pipes};
 
 /// A scene of the kind; sizes, light, material and viewpoint come from the dice.
 [[nodiscard]] Scene BuildScene(SceneKind kind, Dice& dice);
@@ -36,7 +39,8 @@ inline constexpr std::array kAllSceneKinds{
 [[nodiscard]] Scene BuildFacade(Dice& dice);
 [[nodiscard]] Scene BuildRebar(Dice& dice);
 [[nodiscard]] Scene BuildFrame(Dice& dice);
-[[nodiscard]] Scene BuildDefect(Dice& dice);
+/// @param kind  Crack, Leak or Honeycomb.
+[[nodiscard]] Scene BuildDefect(SceneKind kind, Dice& dice);
 [[nodiscard]] Scene BuildStairs(Dice& dice);
 [[nodiscard]] Scene BuildPit(Dice& dice);
 [[nodiscard]] Scene BuildPipes(Dice& dice);

@@ -36,6 +36,17 @@ void PlanPositions(SitePlan& plan) {
     }
 }
 
+/// The same day in working hours, or a day earlier if that is still to come.
+[[nodiscard]] qint64 AtWork(qint64 time, qint64 now, Dice& dice) {
+    constexpr int kFirstMinute = 7 * 60 + 30;
+    constexpr int kMinutes = 10 * 60 + 30;
+    const QDateTime day = QDateTime::fromSecsSinceEpoch(time);
+    const int second = (kFirstMinute + dice.Pick(kMinutes)) * 60 + dice.Pick(60);
+    const qint64 moment =
+        QDateTime(day.date(), QTime::fromMSecsSinceStartOfDay(second * 1000)).toSecsSinceEpoch();
+    return moment < now - 60 ? moment : moment - kDay;
+}
+
 } // namespace
 
 PlanScale ScaleOf(SampleSize size) {
@@ -59,10 +70,10 @@ PlannedTimes PlanTimes(qint64 now, Dice& dice) {
     PlannedTimes times;
     times.author = author();
     const bool recent = dice.Chance(0.13F);
-    const qint64 span = recent ? 7 * kDay : 2 * 365 * kDay;
+    const qint64 span = recent ? 6 * kDay : (2 * 365 - 2) * kDay;
     const auto back =
         static_cast<qint64>(static_cast<double>(dice.Unit()) * static_cast<double>(span));
-    times.made = now - std::max<qint64>(back, 60);
+    times.made = AtWork(now - back, now, dice);
     if (dice.Chance(0.4F)) {
         times.updater = dice.Chance(0.3F) ? times.author : author();
         const qint64 later = 60 + static_cast<qint64>(dice.Pick(20 * static_cast<int>(kDay)));

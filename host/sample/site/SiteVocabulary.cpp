@@ -79,8 +79,10 @@ constexpr std::array kRebarWords{u"板面钢筋间距偏大", u"钢筋保护层�
                                  u"双层双向钢筋绑扎", u"负筋被踩弯",         u"钢筋搭接长度不足"};
 constexpr std::array kFrameWords{u"主体结构进度",     u"塔吊吊装作业",     u"临边防护栏杆",
                                  u"混凝土浇筑前检查", u"模板支撑体系验收", u"楼层材料堆放"};
-constexpr std::array kDefectWords{u"剪力墙竖向裂缝", u"外墙渗水痕迹",     u"混凝土蜂窝麻面",
-                                  u"梁侧露筋",       u"穿墙螺杆孔未封堵", u"墙体渗漏返碱"};
+constexpr std::array kCrackWords{u"剪力墙竖向裂缝", u"填充墙与梁交接处开裂", u"楼板收缩裂缝",
+                                 u"抹灰层龟裂"};
+constexpr std::array kLeakWords{u"外墙渗水痕迹", u"墙体渗漏返碱", u"管根渗漏", u"地下室侧墙渗水"};
+constexpr std::array kHoneycombWords{u"混凝土蜂窝麻面", u"梁侧露筋", u"柱根烂根", u"墙面局部孔洞"};
 constexpr std::array kStairsWords{u"楼梯踏步高差", u"楼梯临时栏杆", u"休息平台标高偏差",
                                   u"梯段板底裂缝", u"踏步阳角破损"};
 constexpr std::array kPitWords{u"基坑支护监测",     u"钢支撑轴力复核", u"坑底积水",
@@ -104,8 +106,12 @@ using Words = std::span<const char16_t* const>;
         return kRebarWords;
     case SceneKind::Frame:
         return kFrameWords;
-    case SceneKind::Defect:
-        return kDefectWords;
+    case SceneKind::Crack:
+        return kCrackWords;
+    case SceneKind::Leak:
+        return kLeakWords;
+    case SceneKind::Honeycomb:
+        return kHoneycombWords;
     case SceneKind::Stairs:
         return kStairsWords;
     case SceneKind::Pit:

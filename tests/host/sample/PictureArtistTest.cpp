@@ -59,7 +59,7 @@ TEST(PictureArtist, EqualOrdersGiveEqualFiles) {
 }
 
 TEST(PictureArtist, TwoThreadsDrawWhatOneDraws) {
-    const host::PictureOrder order = Order(5, host::SceneKind::Defect);
+    const host::PictureOrder order = Order(5, host::SceneKind::Crack);
     host::PictureArtist here;
     const QImage expected = here.Paint(order);
     QImage left;

@@ -5,10 +5,12 @@
 #include "host/sample/site/PlanFiling.h"
 #include "host/sample/site/SiteVocabulary.h"
 
+#include <QDateTime>
 #include <QFileInfo>
 #include <QStringList>
 
 #include <algorithm>
+#include <functional>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -186,6 +188,14 @@ TEST_P(SitePlanOf, DatesLieInTwoYearsAndSomeInTheLastWeek) {
     }
     EXPECT_GE(recent, 2);
     EXPECT_GE(old, 5);
+}
+
+TEST_P(SitePlanOf, PhotosAreTakenInWorkingHours) {
+    for (const auto& photo : plan.photos) {
+        const int hour = QDateTime::fromSecsSinceEpoch(photo.record.uploadTime).time().hour();
+        EXPECT_GE(hour, 7);
+        EXPECT_LE(hour, 18);
+    }
 }
 
 TEST_P(SitePlanOf, IssuesHavePicturesAndTheDoneOnesAPictureOfTheRemedy) {
