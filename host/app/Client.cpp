@@ -65,8 +65,7 @@ void Client::Stop() {
     if (!window)
         return;
     imports.reset();
-    // The observers shut the module's windows before the main window takes them along.
-    hub.TellProjectChange();
+    window->CloseOtherWindows();
     hub.Clear();
     delete binWindow;
     progress.Close();
@@ -93,7 +92,7 @@ void Client::ConnectWindow() {
     connect(window.get(), &MainWindow::DrawingLocated, this,
             [this](int pointId) { window->ShowStatus(u"定位图纸上的检查点 %1"_s.arg(pointId)); });
     connect(window.get(), &MainWindow::PathsDropped, imports.get(), &ImportFlow::Ask);
-    connect(window.get(), &MainWindow::Closing, qApp, &QApplication::quit);
+    connect(window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
     connect(imports.get(), &ImportFlow::Imported, this, &Client::ReadPlan);
     FloorPlanCanvas& canvas = window->Plan().Canvas();
     connect(&canvas, &FloorPlanCanvas::PhotosWanted, this, &Client::ShowPhotosAt);

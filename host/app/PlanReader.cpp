@@ -22,8 +22,8 @@ public:
         KX_DATA::PageResult result;
         std::vector<KX_DATA::BimPicRow> rows;
         if (!failed)
-            failed = GetVeskPicMng()->QueryBimPics(filter, request, result, rows) !=
-                     KX_DATA::kServiceOk;
+            failed =
+                GetVeskPicMng()->QueryBimPics(filter, request, result, rows) != KX_DATA::kServiceOk;
         return failed ? 0 : result.totalCount;
     }
 

@@ -57,10 +57,11 @@ bool CreateWithWindow(DataFolder& folder, SampleSize size, QString& error) {
 
 } // namespace
 
-StartResult MakeSample(HostSession& session, SampleSize size) {
+StartResult MakeSample(HostSession& session, const CommandLine& line) {
     QString error;
-    const bool isMade = IsHeadless() ? CreateWithLines(*session.Folder(), size, error)
-                                     : CreateWithWindow(*session.Folder(), size, error);
+    const bool isSeen = line.road == Road::kTour || !IsHeadless();
+    const bool isMade = isSeen ? CreateWithWindow(*session.Folder(), line.sample, error)
+                               : CreateWithLines(*session.Folder(), line.sample, error);
     return {isMade, error};
 }
 

@@ -8,8 +8,8 @@ namespace host {
 
 class HostSession;
 
-/// With a progress window that can be cancelled; without a display lines on the standard output.
-/// Throws DataError. Thread: user interface.
-[[nodiscard]] StartResult MakeSample(HostSession& session, SampleSize size);
+/// Makes the site that the command line asks for, with a progress window that can be cancelled;
+/// with lines on the standard output where nobody can see a window. Thread: user interface.
+[[nodiscard]] StartResult MakeSample(HostSession& session, const CommandLine& line);
 
 } // namespace host

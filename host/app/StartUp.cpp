@@ -88,7 +88,7 @@ StartResult OpenSite(HostSession& session, const CommandLine& line) {
     try {
         if (line.sample == SampleSize::kNone || !SiteWriter(*session.Folder()).IsEmpty())
             return {};
-        return MakeSample(session, line.sample);
+        return MakeSample(session, line);
     } catch (const DataError& error) {
         return {false, error.Text()};
     }

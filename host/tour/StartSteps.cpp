@@ -16,6 +16,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QWidget* FirstWindow() {
+    QWidget* progress = FindWindow(u"progressWindow"_s);
+    return progress != nullptr ? progress : FindWindow(kSignIn);
+}
+
 FloorPlanCanvas* Plan() {
     return Find<FloorPlanCanvas>(kMain, u"floorPlanCanvas"_s);
 }
@@ -57,20 +62,24 @@ void WriteFloorPlan(TourScript& script) {
         u"单击一个有照片的轴线交点，出现卡片"_s,
         [] { return FullestPlace() >= 0 && ClickAt(Plan(), Plan()->CentreOf(FullestPlace())); },
         [] { return FindIn(FindWindow(kMain), u"planCardPhotos"_s) != nullptr; });
-    script.Picture(kMain, u"03-floor-plan.png"_s);
+    script.Picture(kMain, u"04-floor-plan.png"_s);
     script.Do(
         u"单击“查看此处照片”，控制台只列出此处的照片"_s,
         [] { return Click(FindIn(FindWindow(kMain), u"planCardPhotos"_s)); },
         [] { return ConsoleTotal() > 0 && ConsoleTotal() == Plan()->Chosen()->photoCount; });
-    script.Picture(u"VeskPicMngDlg"_s, u"04-console-preset.png"_s);
+    script.Picture(u"VeskPicMngDlg"_s, u"05-console-preset.png"_s);
 }
 
 } // namespace
 
 void WriteStart(TourScript& script) {
-    script.Do(u"首次启动：生成示例工程，出现登录窗口"_s, nullptr,
+    // Fast machines may be done before the progress comes up.
+    script.Do(u"首次启动：显示生成示例工程的进度"_s, nullptr,
+              [] { return FirstWindow() != nullptr; });
+    script.Picture(FirstWindow, u"01-first-start.png"_s);
+    script.Do(u"示例工程生成完毕，出现登录窗口"_s, nullptr,
               [] { return FindWindow(kSignIn) != nullptr; });
-    script.Picture(kSignIn, u"01-sign-in.png"_s);
+    script.Picture(kSignIn, u"02-sign-in.png"_s);
     script.Do(
         u"选择第一个用户并登录"_s,
         [] {
@@ -82,7 +91,7 @@ void WriteStart(TourScript& script) {
             return window != nullptr && !ReadText(FindIn(window, u"userName"_s)).isEmpty() &&
                    !ReadText(FindIn(window, u"projectChoice"_s)).isEmpty();
         });
-    script.Picture(kMain, u"02-main-window.png"_s);
+    script.Picture(kMain, u"03-main-window.png"_s);
     WriteFloorPlan(script);
 }
 

@@ -9,8 +9,12 @@ void TourScript::Do(const QString& text, Act act, Act seen) {
 }
 
 void TourScript::Picture(const QString& window, const QString& file) {
+    Picture([window] { return FindWindow(window); }, file);
+}
+
+void TourScript::Picture(const std::function<QWidget*()>& find, const QString& file) {
     steps.back().picture = file;
-    steps.back().pictureOf = [window] { return FindWindow(window); };
+    steps.back().pictureOf = find;
 }
 
 } // namespace host::tour

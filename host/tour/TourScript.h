@@ -20,6 +20,7 @@ public:
     void Do(const QString& text, Act act, Act seen);
     /// A picture of the window that bears this name or title, once the step before is seen.
     void Picture(const QString& window, const QString& file);
+    void Picture(const std::function<QWidget*()>& find, const QString& file);
     [[nodiscard]] std::vector<TourStep> Take() { return std::move(steps); }
 
 private:

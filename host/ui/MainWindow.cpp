@@ -17,10 +17,13 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPointer>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace host {
 
@@ -225,7 +228,29 @@ qintptr MainWindow::OnNumberedEvent(const toolkit::WindowEvent& event) {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     emit Closing();
+    if (!CloseOtherWindows()) {
+        event->ignore();
+        return;
+    }
     event->accept();
+    emit Closed();
+}
+
+bool MainWindow::CloseOtherWindows() {
+    const QList<QWidget*> all = QApplication::topLevelWidgets();
+    QList<QPointer<QWidget>> others;
+    for (QWidget* other : all) {
+        if (other != this && other->isVisible())
+            others << other;
+    }
+    // One may take others along, so each is looked at again.
+    for (const QPointer<QWidget>& other : others) {
+        if (!other.isNull() && other->isVisible())
+            other->close();
+    }
+    return std::none_of(others.begin(), others.end(), [](const QPointer<QWidget>& other) {
+        return !other.isNull() && other->isVisible();
+    });
 }
 
 bool MainWindow::event(QEvent* event) {

@@ -44,6 +44,8 @@ public:
     void SetDataFolder(const QString& folder);
     void SetEnabled(Command command, bool enabled);
     void ShowStatus(const QString& text);
+    /// Sends all other windows of the program their close event; false if one of them stays.
+    bool CloseOtherWindows();
 
 signals:
     void CommandGiven(host::Command command);
@@ -55,7 +57,10 @@ signals:
     /// A lookup in the console: text floor-mark-picture.
     void PhotoLocated(const QString& text);
     void DrawingLocated(int drawingId);
+    /// The person closes the window: first comes this, then the other windows are closed, and only
+    /// if all of them went, Closed.
     void Closing();
+    void Closed();
 
 protected:
     void closeEvent(QCloseEvent* event) override;

@@ -1,0 +1,93 @@
+#include "tests/roads/SmallSite.h"
+#include "tests/support/TempFolder.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QProcess>
+
+#include <gtest/gtest.h>
+
+namespace roads {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct ProgramEnd {
+    int code = -1;
+    QString out;
+    QString err;
+};
+
+/// Runs the program itself to its end.
+ProgramEnd RunProgram(const QStringList& words, bool withPlatform = true) {
+    QProcess process;
+    QProcessEnvironment surroundings = QProcessEnvironment::systemEnvironment();
+    if (!withPlatform) {
+        for (const QString& name : {u"QT_QPA_PLATFORM"_s, u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s})
+            surroundings.remove(name);
+    }
+    process.setProcessEnvironment(surroundings);
+    process.start(QDir(QCoreApplication::applicationDirPath()).filePath(u"vesk-client"_s), words);
+    EXPECT_TRUE(process.waitForFinished(60'000));
+    ProgramEnd end;
+    end.code = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+    end.out = QString::fromUtf8(process.readAllStandardOutput());
+    end.err = QString::fromUtf8(process.readAllStandardError());
+    return end;
+}
+
+TEST(Program, ExplainsItselfInChinese) {
+    const ProgramEnd end = RunProgram({u"--help"_s}, false);
+    EXPECT_EQ(end.code, 0);
+    EXPECT_TRUE(end.out.startsWith(u"用法："_s));
+}
+
+TEST(Program, WordsThatMakeNoSenseEndItWithTheHelp) {
+    const ProgramEnd end = RunProgram({u"--nonsense"_s}, false);
+    EXPECT_EQ(end.code, 2);
+    EXPECT_TRUE(end.err.contains(u"--nonsense"_s));
+    EXPECT_TRUE(end.err.contains(u"用法："_s));
+}
+
+TEST(Program, WithoutADisplayItSaysWhatCanBeDoneInstead) {
+    const support::TempFolder folder;
+    const ProgramEnd end = RunProgram({u"--data"_s, folder.Path()}, false);
+    EXPECT_EQ(end.code, 1);
+    EXPECT_TRUE(end.err.contains(u"--tour"_s)) << end.err.toStdString();
+    EXPECT_TRUE(QDir(folder.Path()).isEmpty());
+}
+
+TEST(Program, AFolderThatCannotBeMadeIsTold) {
+    const support::TempFolder folder;
+    folder.Write(u"file"_s, "x");
+    const ProgramEnd end = RunProgram({u"--data"_s, folder.Path(u"file/data"_s)});
+    EXPECT_EQ(end.code, 1);
+    EXPECT_TRUE(end.err.contains(folder.Path(u"file/data"_s))) << end.err.toStdString();
+}
+
+TEST(Program, AnUnknownUserEndsIt) {
+    const support::TempFolder folder;
+    static_cast<void>(MakeSmallSite(folder.Path(u"data"_s)));
+    const ProgramEnd end = RunProgram({u"--data"_s, folder.Path(u"data"_s), u"--user"_s, u"谁"_s});
+    EXPECT_EQ(end.code, 1);
+    EXPECT_TRUE(end.err.contains(u"张伟"_s)) << end.err.toStdString();
+}
+
+TEST(Program, ImportsAFolderFromTheCommandLineAndDoesNotDoubleIt) {
+    const support::TempFolder folder;
+    static_cast<void>(MakeSmallSite(folder.Path(u"data"_s)));
+    folder.Write(u"photos/a.jpg"_s, JpegBytes(qRgb(9, 200, 9)));
+    const QStringList words = {u"import"_s,    folder.Path(u"photos"_s),
+                               u"--project"_s, u"一期工程"_s,
+                               u"--user"_s,    u"张伟"_s,
+                               u"--data"_s,    folder.Path(u"data"_s)};
+    const ProgramEnd first = RunProgram(words, false);
+    EXPECT_EQ(first.code, 0) << first.err.toStdString();
+    EXPECT_TRUE(first.out.contains(u"导入 1 张照片"_s)) << first.out.toStdString();
+    const ProgramEnd second = RunProgram(words, false);
+    EXPECT_EQ(second.code, 0);
+    EXPECT_TRUE(second.out.contains(u"导入 0 张照片，重复 1 张"_s)) << second.out.toStdString();
+}
+
+} // namespace
+} // namespace roads
