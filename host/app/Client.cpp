@@ -81,7 +81,7 @@ void Client::Stop() {
     }
     view.reset();
     window.reset();
-    module.Unload();
+    module.Release();
 }
 
 void Client::ConnectWindow() {

@@ -37,7 +37,7 @@ public:
     /// @param moduleFolder  where the module's library lies.
     /// @return              Chinese, why the client can't work; nothing on success.
     [[nodiscard]] std::optional<QString> Start(const QString& moduleFolder);
-    /// Closes the windows and unloads the module. Does nothing the second time.
+    /// Closes the windows and lets go of the module. Does nothing the second time.
     void Stop();
 
     [[nodiscard]] MainWindow* Window() const { return window.get(); }

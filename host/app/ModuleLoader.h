@@ -13,14 +13,15 @@ class IKXVeskPicData;
 
 namespace host {
 
-/// Holds the module from Load to Unload. Thread: user interface.
+/// Knows the module from Load to Release. The library itself stays to the end of the process: texts
+/// and records of it live on in Qt's tables and caches. Thread: user interface.
 class ModuleLoader final {
 public:
     /// @param folder  where the module lies: that of the program.
     /// @return        Chinese, complete, what is missing; nothing on success.
     [[nodiscard]] std::optional<QString> Load(const QString& folder);
-    /// The module joins its workers here. Nothing of it may be used any more.
-    void Unload();
+    /// The client asks nothing of the module any more.
+    void Release();
 
     /// Null unless loaded.
     [[nodiscard]] ZelvorNRQ_KXVeskPicture::IKXVeskPicture* Pictures() const { return pictures; }
