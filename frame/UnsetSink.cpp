@@ -29,5 +29,6 @@ void UnsetSink::SelectCheckpoint(qint32 drawingId) {
 }
 
 void UnsetSink::SelectPictureMark(const QString& floor, qint32 markId, qint32 picId) {
-    LogSkipped(u"SelectPictureMark %1 %2 %3"_s.arg(floor).arg(markId).arg(picId));
+    LogSkipped(u"SelectPictureMark %1 %2 %3"_s.arg(floor, QString::number(markId),
+                                                   QString::number(picId)));
 }
