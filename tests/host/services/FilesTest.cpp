@@ -1,0 +1,151 @@
+#include "host/data/FileStore.h"
+#include "services/Factories.h"
+#include "services/IKXFilesMng.h"
+#include "services/IKXPathMng.h"
+#include "tests/host/services/ServiceSite.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QThread>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+using hosttest::ServiceSite;
+
+namespace {
+
+/// One photo and the path that it has in the cache.
+class FilesSite : public ServiceSite {
+public:
+    FilesSite() {
+        AddPhoto([](NewBimPhoto&) {});
+        uuid = Photos(Filter())[0].text8;
+        GetKXPathMng()->GetPicFolder(local, first, {});
+        local += uuid + u".jpg"_s;
+    }
+
+    [[nodiscard]] KX_DATA::TransferResult Download() {
+        KX_DATA::TransferResult result;
+        GetKXFilesDownloadMng()->DownloadFile(result, uuid, local, 5, false, 0);
+        return result;
+    }
+
+    /// The state in which a background download ends.
+    [[nodiscard]] qint32 EndOf(const QString& task) {
+        qint32 state = 0;
+        qint32 bytes = 0;
+        const QDeadlineTimer limit(20000);
+        while (GetMQFFileDownLPtr()->GetDownloadState(task, state, bytes) &&
+               state != KX_DATA::kDownloadFailed && state != KX_DATA::kDownloadFinished &&
+               !limit.hasExpired()) {
+            QThread::yieldCurrentThread();
+        }
+        return state;
+    }
+
+    QString uuid;
+    QString local;
+};
+
+} // namespace
+
+TEST(Download, BringsTheFileIntoTheCache) {
+    FilesSite site;
+    EXPECT_NE(site.Download().success, 0);
+    EXPECT_EQ(QFile(site.local).size(), 4);
+    EXPECT_TRUE(site.messages.empty());
+}
+
+TEST(Download, AFailureHasATextAndAMessageForThePerson) {
+    FilesSite site;
+    site.session.SetTransfers({0, true});
+    const KX_DATA::TransferResult result = site.Download();
+    EXPECT_EQ(result.success, 0);
+    EXPECT_FALSE(result.message.isEmpty());
+    EXPECT_FALSE(QFile::exists(site.local));
+    ASSERT_EQ(site.messages.size(), 1u);
+    EXPECT_TRUE(site.messages[0].startsWith(u"下载文件失败："_s));
+}
+
+TEST(Download, AFileMissingFromTheStoreFailsWithItsName) {
+    FilesSite site;
+    ASSERT_TRUE(QFile::remove(site.session.Folder()->Store().PathOf(site.uuid)));
+    EXPECT_TRUE(site.Download().message.contains(site.uuid));
+}
+
+TEST(BackgroundDownload, EndsFinishedWithTheFileInTheCache) {
+    FilesSite site;
+    KX_DATA::FileDownloadRecord record;
+    record.uuid = site.uuid;
+    record.localPath = site.local;
+    GetMQFFileDownLPtr()->StartDownload(u"t1"_s, record, 2);
+    EXPECT_EQ(site.EndOf(u"t1"_s), KX_DATA::kDownloadFinished);
+    EXPECT_EQ(QFile(site.local).size(), 4);
+    qint32 state = 0;
+    qint32 bytes = 0;
+    EXPECT_FALSE(GetMQFFileDownLPtr()->GetDownloadState(u"t1"_s, state, bytes));
+}
+
+TEST(BackgroundDownload, AFailureKeepsItsTextUntilItIsRead) {
+    FilesSite site;
+    site.session.SetTransfers({0, true});
+    KX_DATA::FileDownloadRecord record;
+    record.uuid = site.uuid;
+    record.localPath = site.local;
+    GetMQFFileDownLPtr()->StartDownload(u"t2"_s, record, 2);
+    EXPECT_EQ(site.EndOf(u"t2"_s), KX_DATA::kDownloadFailed);
+    qint32 size = 0;
+    GetMQFFileDownLPtr()->GetFileSize(u"t2"_s, size);
+    EXPECT_EQ(size, 4);
+    QString text;
+    GetMQFFileDownLPtr()->GetErrorText(u"t2"_s, text);
+    EXPECT_FALSE(text.isEmpty());
+    GetMQFFileDownLPtr()->GetErrorText(u"t2"_s, text);
+    EXPECT_TRUE(text.isEmpty());
+}
+
+TEST(BackgroundDownload, ManyAtOnceAllArrive) {
+    FilesSite site;
+    KX_DATA::FileDownloadRecord record;
+    record.uuid = site.uuid;
+    for (int i = 0; i < 12; ++i) {
+        record.localPath = site.local + QString::number(i);
+        GetMQFFileDownLPtr()->StartDownload(u"many-%1"_s.arg(i), record, 2);
+    }
+    for (int i = 0; i < 12; ++i) {
+        EXPECT_EQ(site.EndOf(u"many-%1"_s.arg(i)), KX_DATA::kDownloadFinished);
+    }
+}
+
+TEST(BackgroundDownload, ClosingTheFolderWaitsForWhatRuns) {
+    FilesSite site;
+    KX_DATA::FileDownloadRecord record;
+    record.uuid = site.uuid;
+    record.localPath = site.local;
+    site.session.SetTransfers({30, false});
+    GetMQFFileDownLPtr()->StartDownload(u"last"_s, record, 2);
+    site.writer.reset();
+    site.session.CloseFolder();
+    EXPECT_EQ(QFile(site.local).size(), 4);
+    EXPECT_EQ(site.EndOf(u"last"_s), KX_DATA::kDownloadFinished);
+}
+
+TEST(Upload, StoresOneFileAndTellsWhatItBecame) {
+    FilesSite site;
+    QFile file(site.dir.filePath(u"up.jpg"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("abc");
+    file.close();
+    KX_DATA::UploadResult result;
+    QString error;
+    EXPECT_TRUE(GetKXFilesUploadMng()->UploadFile({{file.fileName()}}, 1, result, error));
+    EXPECT_EQ(result.size, 3);
+    EXPECT_EQ(result.md5, u"900150983cd24fb0d6963f7d28e17f72"_s);
+    EXPECT_TRUE(site.session.Folder()->Store().Has(result.uuid));
+    EXPECT_FALSE(GetKXFilesUploadMng()->UploadFile({{u"/no/such"_s}}, 1, result, error));
+    EXPECT_FALSE(error.isEmpty());
+    EXPECT_FALSE(GetKXFilesUploadMng()->UploadFile({}, 0, result, error));
+}
+
+} // namespace host

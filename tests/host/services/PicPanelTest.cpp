@@ -1,0 +1,89 @@
+#include "services/Factories.h"
+#include "services/IKXGlobalData.h"
+#include "tests/host/services/ServiceSite.h"
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+using hosttest::ServiceSite;
+
+namespace {
+
+/// Photos on floors 2 and 10 and on none, one of them hidden.
+class PanelSite : public ServiceSite {
+public:
+    PanelSite() {
+        writer->AddPosition({first, u"10"_s, u"A"_s, u"1"_s, u"ten"_s, true});
+        writer->AddPosition({first, u"2"_s, u"A"_s, u"1"_s, u"two-1"_s, true});
+        writer->AddPosition({first, u"2"_s, u"B"_s, u"1"_s, u"two-2"_s, true});
+        Add(u"ten"_s, 1, 0, u"zhang"_s, 1000);
+        Add(u"two-1"_s, 1, 0, u"zhang"_s, 2000);
+        Add(u"two-1"_s, 1, 0, u"wang"_s, 3000);
+        Add(u"two-1"_s, 2, 0, u"wang"_s, 3000);
+        Add(u"two-2"_s, 2, 0, u"wang"_s, 3000);
+        Add({}, 1, 0, u"zhang"_s, 3000);
+        Add(u"two-2"_s, 1, 1, u"zhang"_s, 3000);
+    }
+
+    KX_DATA::MarkFilterArg arg;
+
+private:
+    void Add(const QString& key, qint32 mark, qint32 status, const QString& person, qint64 time) {
+        AddPhoto([&](NewBimPhoto& photo) {
+            photo.positionKey = key;
+            photo.markId = mark;
+            photo.status = status;
+            photo.uploader = person;
+            photo.uploadTime = time;
+        });
+    }
+};
+
+} // namespace
+
+TEST(PicPanel, TheListHasEachFloorWithItsMarksAndReplacesWhatWasThere) {
+    PanelSite site;
+    std::vector<KX_DATA::PicFilterEntry> entries(5);
+    GetVeskPicMng()->GetBimPicFilterGroups(0, 0, 0, site.arg, entries);
+    ASSERT_EQ(entries.size(), 3u);
+    EXPECT_EQ(entries[0].name, u"其他"_s);
+    EXPECT_EQ(entries[1].name, u"2"_s);
+    EXPECT_EQ(entries[1].count, 4);
+    EXPECT_EQ(entries[1].values, (std::vector<std::pair<qint32, qint32>>{{1, 2}, {2, 2}}));
+    EXPECT_EQ(entries[2].name, u"10"_s);
+}
+
+TEST(PicPanel, TheTreeHasFloorsIntersectionsAndMarks) {
+    PanelSite site;
+    std::vector<KX_DATA::PicMarkGroup> groups(2);
+    GetVeskPicMng()->GetBimPicFilterValues(0, 0, 0, site.arg, groups);
+    ASSERT_EQ(groups.size(), 3u);
+    EXPECT_EQ(groups[0].name, "\xc6\xe4\xcb\xfb"); // the group of no floor, in code page 936
+    ASSERT_EQ(groups[1].items.size(), 2u);
+    const KX_DATA::PicMarkItem& item = groups[1].items[0];
+    EXPECT_EQ(item.positionKey, "two-1");
+    EXPECT_EQ(item.itemName, "A/1");
+    EXPECT_EQ(item.total, 3);
+    ASSERT_EQ(item.leaves.size(), 2u);
+    EXPECT_EQ(item.leaves[0].markId, 1);
+    EXPECT_EQ(item.leaves[0].count, 2);
+    EXPECT_EQ(item.leaves[0].markName, u"质量"_s);
+    QString group;
+    GetKXGlobalData()->GetGroupName(group, groups[1].id);
+    EXPECT_FALSE(group.isEmpty());
+}
+
+TEST(PicPanel, TimesCountOnlyWithTheFlagAndPeopleAndProjectsLimit) {
+    PanelSite site;
+    std::vector<qint32> ids;
+    EXPECT_EQ(GetVeskPicMng()->GetBimPicMarkerList(2000, 3000, 0, 1, site.arg, ids), 4);
+    EXPECT_EQ(GetVeskPicMng()->GetBimPicMarkerList(2000, 3000, 1, 1, site.arg, ids), 3);
+    site.arg.userName = u"wang"_s;
+    EXPECT_EQ(GetVeskPicMng()->GetBimPicMarkerList(2000, 3000, 1, 1, site.arg, ids), 1);
+    EXPECT_EQ(ids.size(), 1u);
+    site.arg.projectIds = {site.second};
+    EXPECT_EQ(GetVeskPicMng()->GetBimPicMarkerList(0, 0, 0, 1, site.arg, ids), 0);
+    EXPECT_TRUE(ids.empty());
+}
+
+} // namespace host
