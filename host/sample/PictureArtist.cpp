@@ -56,6 +56,9 @@ QImage PictureArtist::Paint(const PictureOrder& order) {
     const QSize size = RenderSize(order.size);
     QImage image = tools->renderer.Render(scene, size);
     if (size != order.size) {
+        for (int pass = 0; pass < 3; ++pass) {
+            SoftenEdges(image); // stairs would grow with the picture
+        }
         image = image.scaled(order.size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                     .convertToFormat(QImage::Format_RGB32);
     }

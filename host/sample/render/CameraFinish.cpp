@@ -32,7 +32,8 @@ constexpr int kGlowStep = 8;
     return result;
 }
 
-/// Rounds off the stairs of hard edges; smooth places stay as they are.
+} // namespace
+
 void SoftenEdges(QImage& image) {
     const int width = image.width();
     std::vector<quint32> above(width);
@@ -54,6 +55,8 @@ void SoftenEdges(QImage& image) {
         above.swap(current);
     }
 }
+
+namespace {
 
 void Shake(QImage& image, int pixels) {
     const int width = image.width();

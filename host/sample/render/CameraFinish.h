@@ -17,6 +17,9 @@ struct FinishSettings {
     quint32 seed = 0;   ///< shifts the noise and places the dust
 };
 
+/// Rounds off the stairs of hard edges; smooth places stay as they are. Format_RGB32, in place.
+void SoftenEdges(QImage& image);
+
 /// Applies the settings to a Format_RGB32 picture in place.
 void FinishPicture(QImage& image, const FinishSettings& settings);
 
