@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kTitle = u"请选择文件存放的路径："_s;
-const QString kQuestion = u"下载成功，是否打开下载照片的所在目录？"_s;
+const QString kDownloadQuestion = u"下载成功，是否打开下载照片的所在目录？"_s;
 
 class ConsoleDownload : public ModuleFixture {
 protected:
@@ -50,7 +50,7 @@ TEST_F(ConsoleDownload, CopiesTheCheckedRowsOfBothKindsOfPhotos) {
         Check(0);
         Check(2);
         prompts.ExpectFolder(kTitle, folder.Path(u"out"_s));
-        prompts.ExpectYesNo(kQuestion, false);
+        prompts.ExpectYesNo(kDownloadQuestion, false);
         PressDownload();
         EXPECT_EQ(Files().size(), 2);
         EXPECT_EQ(QDir(folder.Path(c.cache)).entryList(QDir::Files).size(), 2);

@@ -13,7 +13,7 @@ using ZelvorNRQ_KXVeskPicture::SavePicAs;
 
 namespace {
 
-const QString kQuestion = u"下载成功，是否打开下载照片的所在目录？"_s;
+const QString kSavedQuestion = u"下载成功，是否打开下载照片的所在目录？"_s;
 
 class SavePicAsTest : public ModuleFixture {
 protected:
@@ -81,19 +81,20 @@ TEST_F(SavePicAsTest, ACancelledDialogIsNoFailureAndFetchesNothing) {
 
 TEST_F(SavePicAsTest, FetchesCopiesAsksAndWritesTheActionLog) {
     prompts.ExpectSaveFile(u"a"_s, target);
-    prompts.ExpectYesNo(kQuestion, false);
+    prompts.ExpectYesNo(kSavedQuestion, false);
     EXPECT_TRUE(SavePicAs(u"u1"_s, u"a.jpg"_s, local));
     EXPECT_EQ(folder.Read(u"out.jpg"_s), "photo");
     EXPECT_EQ(folder.Read(u"cache/u1.jpg"_s), "photo");
-    EXPECT_EQ(Log().LinesOf({"AskSaveFile", "DownloadFile", "AskYesNo", "WriteActionLog"}),
-              (Calls{"AskSaveFile(a)", "DownloadFile(uuid=u1,kind=5,flag=true,value=0)",
-                     "AskYesNo(" + kQuestion.toStdString() + ")", "WriteActionLog(下载Vesk照片)"}));
+    EXPECT_EQ(
+        Log().LinesOf({"AskSaveFile", "DownloadFile", "AskYesNo", "WriteActionLog"}),
+        (Calls{"AskSaveFile(a)", "DownloadFile(uuid=u1,kind=5,flag=true,value=0)",
+               "AskYesNo(" + kSavedQuestion.toStdString() + ")", "WriteActionLog(下载Vesk照片)"}));
     EXPECT_TRUE(ModuleLog().contains(u"[开始]下载图片,UUID=u1, Path="_s + target));
 }
 
 TEST_F(SavePicAsTest, OnYesTheFileIsShownInItsFolder) {
     prompts.ExpectSaveFile(u"a"_s, target);
-    prompts.ExpectYesNo(kQuestion, true);
+    prompts.ExpectYesNo(kSavedQuestion, true);
     prompts.ExpectRevealFile(target);
     EXPECT_TRUE(SavePicAs(u"u1"_s, u"a.jpg"_s, local));
     EXPECT_EQ(Log().CountOf("WriteActionLog"), 1);
@@ -112,14 +113,14 @@ TEST_F(SavePicAsTest, AFailedDownloadIsShownLoggedAndLeavesTheTarget) {
 TEST_F(SavePicAsTest, AFailedCopyIsNotNoticed) {
     const QString nowhere = folder.Path(u"no/folder/a.jpg"_s);
     prompts.ExpectSaveFile(u"a"_s, nowhere);
-    prompts.ExpectYesNo(kQuestion, false);
+    prompts.ExpectYesNo(kSavedQuestion, false);
     EXPECT_TRUE(SavePicAs(u"u1"_s, u"a.jpg"_s, local));
     EXPECT_EQ(Log().CountOf("WriteActionLog"), 1);
 }
 
 TEST_F(SavePicAsTest, SavingOverTheCachedFileItselfLeavesIt) {
     prompts.ExpectSaveFile(u"a"_s, local);
-    prompts.ExpectYesNo(kQuestion, false);
+    prompts.ExpectYesNo(kSavedQuestion, false);
     EXPECT_TRUE(SavePicAs(u"u1"_s, u"a.jpg"_s, local));
     EXPECT_EQ(folder.Read(u"cache/u1.jpg"_s), "photo");
 }
@@ -131,7 +132,7 @@ TEST_F(SavePicAsTest, TheFacadeProposesTheTargetThatItIsGiven) {
     host.pics.files = {file};
     host.pics.bimPics = {BimPhoto(7)};
     prompts.ExpectSaveFile(folder.Path(u"chosen"_s), target);
-    prompts.ExpectYesNo(kQuestion, false);
+    prompts.ExpectYesNo(kSavedQuestion, false);
     EXPECT_EQ(Facade().SaveBimPicAs(1, 7, folder.Path(u"chosen.jpg"_s)), 1);
     EXPECT_EQ(folder.Read(u"out.jpg"_s), "photo");
     EXPECT_EQ(folder.Read(u"1/pics/u1.jpg"_s), "photo") << "by way of the project's folder";
