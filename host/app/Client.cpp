@@ -56,6 +56,7 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     module.Pictures()->AttachObservers(&hub);
     window->SetUserName(session.UserName());
     window->SetDataFolder(session.Folder()->Path());
+    BringBackLayout();
     window->show();
     OpenRemembered();
     return std::nullopt;
@@ -65,6 +66,7 @@ void Client::Stop() {
     if (!window)
         return;
     imports.reset();
+    KeepLayout();
     window->CloseOtherWindows();
     hub.Clear();
     delete binWindow;
@@ -82,6 +84,29 @@ void Client::Stop() {
     view.reset();
     window.reset();
     module.Release();
+}
+
+QString Client::LayoutSetting() const {
+    return u"layout:"_s + session.UserName();
+}
+
+void Client::BringBackLayout() {
+    WithoutFault(session, [this] {
+        const QString kept = session.Tables().Setting(LayoutSetting());
+        window->restoreGeometry(QByteArray::fromBase64(kept.section(u' ', 0, 0).toLatin1()));
+        window->restoreState(QByteArray::fromBase64(kept.section(u' ', 1).toLatin1()));
+    });
+}
+
+void Client::KeepLayout() {
+    // A client that didn't come as far as its user has nothing to keep.
+    if (module.Pictures() == nullptr || session.Folder() == nullptr)
+        return;
+    WithoutFault(session, [this] {
+        session.Tables().SetSetting(LayoutSetting(),
+                                    QString::fromLatin1(window->saveGeometry().toBase64() + ' ' +
+                                                        window->saveState().toBase64()));
+    });
 }
 
 void Client::ConnectWindow() {

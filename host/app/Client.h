@@ -48,9 +48,14 @@ private:
     void ConnectSink();
     void Obey(Command command);
     void ObeyHost(Command command);
+    void MakeProject();
     void ShowBin();
     void ShowPhotosAt(const QString& positionKey);
     void OnPhotoLocated(const QString& text);
+    /// Size of the window and place of its docks, for each person.
+    [[nodiscard]] QString LayoutSetting() const;
+    void BringBackLayout();
+    void KeepLayout();
     void OpenRemembered();
     void ReadProjects();
     void TakeProject(int index);

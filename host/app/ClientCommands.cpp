@@ -1,10 +1,12 @@
 #include "host/app/Client.h"
 
+#include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
-#include "host/data/HostSession.h"
+#include "host/data/SiteWriter.h"
 #include "host/ui/HelpWindows.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
+#include "host/ui/ProjectNameDialog.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "include/IKXVeskPicture.h"
@@ -53,6 +55,9 @@ void Client::Obey(Command command) {
 
 void Client::ObeyHost(Command command) {
     switch (command) {
+    case Command::kNewProject:
+        MakeProject();
+        break;
     case Command::kImport:
         imports->Ask({});
         break;
@@ -85,6 +90,26 @@ void Client::ObeyHost(Command command) {
 
 void Client::ShowPhotosAt(const QString& positionKey) {
     module.Pictures()->ShowBimPicMngFor(kUnread, positionKey, kAnyMark, kNoPhoto);
+}
+
+void Client::MakeProject() {
+    QStringList taken;
+    for (const ProjectChoice& choice : choices)
+        taken << choice.text;
+    ProjectNameDialog dialog(window.get(), taken);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const bool isMade = WithoutFault(session, [&] {
+        SiteWriter(*session.Folder()).AddProject(dialog.Name());
+        session.LogAction(u"新建工程“%1”"_s.arg(dialog.Name()));
+    });
+    if (!isMade)
+        return;
+    ReadProjects();
+    for (int at = 0; at < int(choices.size()); ++at) {
+        if (choices[at].ppid != 0 && choices[at].text == dialog.Name())
+            TakeProject(at);
+    }
 }
 
 void Client::ShowBin() {

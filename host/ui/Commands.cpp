@@ -10,6 +10,13 @@ const std::vector<CommandRow>& CommandTable() {
     static const QString view = u"视图(&V)"_s;
     static const QString help = u"帮助(&H)"_s;
     static const std::vector<CommandRow> rows = {
+        {Command::kNewProject,
+         file,
+         u"新建工程..."_s,
+         u"project"_s,
+         Qt::CTRL | Qt::Key_N,
+         u"在数据文件夹里建一个新工程并打开它"_s,
+         {}},
         {Command::kImport, file, u"导入照片..."_s, u"import"_s, Qt::CTRL | Qt::Key_I,
          u"把一个文件夹里的照片导入当前工程，也可以把文件夹拖到窗口上"_s, u"导入照片"_s, true},
         {Command::kBin, file, u"回收站..."_s, u"bin"_s, Qt::CTRL | Qt::Key_B,

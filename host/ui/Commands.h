@@ -9,6 +9,7 @@
 namespace host {
 
 enum class Command {
+    kNewProject,
     kImport,
     kOpenFolder,
     kQuit,

@@ -18,7 +18,12 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCloseEvent>
 #include <QComboBox>
+#include <QDialog>
+#include <QLineEdit>
+#include <QThreadPool>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -185,6 +190,49 @@ TEST_F(ClientOnAFolder, StoppingWithOpenWindowsLeavesNone) {
     for (const QWidget* window : windows)
         EXPECT_FALSE(window->isVisible()) << window->objectName().toStdString();
     EXPECT_EQ(client->Window(), nullptr);
+}
+
+TEST_F(ClientOnAFolder, AWindowThatStaysKeepsTheClientOpen) {
+    class Stubborn final : public QWidget {
+    public:
+        bool stays = true;
+
+    protected:
+        void closeEvent(QCloseEvent* event) override { event->setAccepted(!stays); }
+    } stubborn;
+    stubborn.show();
+    EXPECT_FALSE(client->Window()->close());
+    EXPECT_TRUE(client->Window()->isVisible());
+    stubborn.stays = false;
+    EXPECT_TRUE(client->Window()->close());
+    EXPECT_FALSE(stubborn.isVisible());
+}
+
+TEST_F(ClientOnAFolder, ANewProjectIsOpenedAndTakesPhotos) {
+    QTimer answer;
+    QObject::connect(&answer, &QTimer::timeout, [&] {
+        auto* dialog = qobject_cast<QDialog*>(host::tour::FindWindow(u"projectNameDialog"_s));
+        if (dialog == nullptr)
+            return;
+        answer.stop();
+        dialog->findChild<QLineEdit*>(u"projectName"_s)->setText(u" 三期工程 "_s);
+        dialog->accept();
+    });
+    answer.start(1);
+    ASSERT_TRUE(Press(Qt::Key_N));
+    EXPECT_EQ(session.CurrentProject().name, u"三期工程"_s);
+    EXPECT_TRUE(client->Window()->windowTitle().startsWith(u"三期工程"_s));
+    EXPECT_TRUE(Plan().Model().floors.empty());
+}
+
+TEST_F(ClientOnAFolder, TheWindowComesBackAsItWasLeft) {
+    client->Window()->resize(1000, 700);
+    auto* dock = client->Window()->findChild<QWidget*>(u"actionLogDock"_s);
+    dock->hide();
+    client->Stop();
+    Start();
+    EXPECT_EQ(client->Window()->size(), QSize(1000, 700));
+    EXPECT_FALSE(client->Window()->findChild<QWidget*>(u"actionLogDock"_s)->isVisible());
 }
 
 TEST_F(ClientOnAFolder, WithoutItsModuleTheClientSaysWhatIsMissing) {

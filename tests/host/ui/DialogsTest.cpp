@@ -1,6 +1,7 @@
 #include "host/ui/ExProgress.h"
 #include "host/ui/ImportDialog.h"
 #include "host/ui/ProgressWindow.h"
+#include "host/ui/ProjectNameDialog.h"
 #include "host/ui/SignInDialog.h"
 
 #include "tests/support/AnsweredPrompts.h"
@@ -9,6 +10,7 @@
 #include "tests/support/WaitFor.h"
 
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -47,6 +49,23 @@ TEST(SignInDialog, WithoutPeopleNobodyCanSignIn) {
     const SignInDialog dialog({}, {}, u"/data"_s);
     EXPECT_FALSE(dialog.findChild<QPushButton*>(u"signInButton"_s)->isEnabled());
     EXPECT_TRUE(dialog.UserName().isEmpty());
+}
+
+TEST(ProjectNameDialog, TakesANameThatIsNeitherBlankNorTaken) {
+    ProjectNameDialog dialog(nullptr, {u"一期"_s});
+    auto* name = dialog.findChild<QLineEdit*>(u"projectName"_s);
+    const auto canAccept = [&] {
+        return dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->isEnabled();
+    };
+    EXPECT_FALSE(canAccept());
+    name->setText(u"   "_s);
+    EXPECT_FALSE(canAccept());
+    name->setText(u" 一期 "_s);
+    EXPECT_FALSE(canAccept());
+    EXPECT_EQ(dialog.findChild<QLabel*>(u"projectNameNote"_s)->text(), u"已经有同名的工程。"_s);
+    name->setText(u" 二期 "_s);
+    EXPECT_TRUE(canAccept());
+    EXPECT_EQ(dialog.Name(), u"二期"_s);
 }
 
 TEST(ProgressWindow, ComesUpOnlyWhenTheWorkTakesItsTime) {

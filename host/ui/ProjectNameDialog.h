@@ -1,0 +1,34 @@
+// Asks for the name of a new project.
+#pragma once
+
+#include <QDialog>
+#include <QStringList>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace host {
+
+/// Accepts a name that isn't blank and not taken yet. Lives on the interface thread.
+class ProjectNameDialog final : public QDialog {
+    Q_OBJECT
+
+public:
+    static constexpr int kLongestName = 60;
+
+    ProjectNameDialog(QWidget* parent, const QStringList& takenNames);
+
+    /// Without blanks at its ends.
+    [[nodiscard]] QString Name() const;
+
+private:
+    void Validate();
+
+    QStringList taken;
+    QLineEdit* nameEdit = nullptr;
+    QLabel* note = nullptr;
+    QPushButton* okButton = nullptr;
+};
+
+} // namespace host
