@@ -46,12 +46,12 @@ TourPlaces MakePlaces(const QString& folder) {
     return places;
 }
 
-/// At another scale a look at the main windows is enough.
+/// At another scale a look at the windows with most in them is enough.
 std::vector<TourStep> WriteSteps(const CommandLine& line, const TourPlaces& places) {
     TourScript script;
     WriteStart(script);
+    WriteBimSearch(script);
     if (line.tourScale == 1) {
-        WriteBimSearch(script);
         WriteImport(script, places);
         WriteBimActions(script);
         WriteOtherConsoles(script);
