@@ -53,7 +53,7 @@ void WriteSearch(TourScript& script) {
             return PressKey(FindWindow(kMain), Qt::Key_1, Qt::ControlModifier);
         },
         [] { return ConsoleTotal() > Notes().total && ConsoleRows() > 20; });
-    script.Picture(kConsole, u"06-console-bim.png"_s);
+    script.Picture(kConsole, u"console-bim"_s);
     script.Do(
         u"输入关键字并单击“搜索”"_s,
         [] {
@@ -63,7 +63,7 @@ void WriteSearch(TourScript& script) {
                    TypeOver(ConsoleControl(u"keywordCombo"_s), Notes().keyword) && ClickSearch();
         },
         [] { return ConsoleTotal() > 0 && ConsoleTotal() < Notes().total; });
-    script.Picture(kConsole, u"07-console-keyword.png"_s);
+    script.Picture(kConsole, u"console-keyword"_s);
     script.Do(
         u"清空关键字再搜索"_s,
         [] { return TypeOver(ConsoleControl(u"keywordCombo"_s), QString()) && ClickSearch(); },
@@ -82,7 +82,7 @@ void WriteFilters(TourScript& script) {
             return ConsoleTotal() < Notes().total && ConsoleRows() > 0 &&
                    ConsoleRowsWith(u"整改情况"_s, Notes().state) == ConsoleRows();
         });
-    script.Picture(kConsole, u"08-console-state.png"_s);
+    script.Picture(kConsole, u"console-state"_s);
     script.Do(
         u"整改情况改回“全部状态”"_s,
         [] { return ChooseInConsole(u"statusCombo"_s, u"全部状态"_s); },
@@ -93,7 +93,7 @@ void WriteFilters(TourScript& script) {
             const auto* combo = qobject_cast<QComboBox*>(ConsoleControl(u"markCombo"_s));
             return combo->view()->isVisible() && combo->count() > 1;
         });
-    script.Picture(kConsole, u"09-console-marks.png"_s);
+    script.Picture(kConsole, u"console-marks"_s);
     script.Do(
         u"选择一个标识"_s,
         [] {
@@ -122,7 +122,7 @@ void WriteOrderAndPages(TourScript& script) {
             return Click(ConsoleControl(u"pagingNext"_s));
         },
         [name] { return ConsolePage() == 2 && ConsoleText(0, name) != Notes().page; });
-    script.Picture(kConsole, u"12-console-page-2.png"_s);
+    script.Picture(kConsole, u"console-page-2"_s);
     script.Do(
         u"F5 重新读取，仍在第 2 页"_s, [] { return PressKey(Console(), Qt::Key_F5); },
         [name] { return ConsolePage() == 2 && ConsoleRows() == std::min(30, Notes().total - 30); });
@@ -135,7 +135,7 @@ void WriteShowAndHide(TourScript& script) {
     script.Do(
         u"没有勾选就单击“隐藏”，出现提示"_s, [] { return Click(ConsoleControl(u"hideButton"_s)); },
         [] { return FindWindow(u"balloonTip"_s) != nullptr; });
-    script.Picture(kConsole, u"13-console-balloon.png"_s);
+    script.Picture(kConsole, u"console-balloon"_s);
     script.Do(
         u"勾选前两行"_s, [] { return ClickConsoleCheck(0) && ClickConsoleCheck(1); },
         [] { return ConsoleCheckedRows() == 2; });
@@ -144,7 +144,7 @@ void WriteShowAndHide(TourScript& script) {
         [] {
             return ConsoleText(0, u"状态"_s) == u"隐藏"_s && ConsoleText(1, u"状态"_s) == u"隐藏"_s;
         });
-    script.Picture(kConsole, u"14-console-hidden.png"_s);
+    script.Picture(kConsole, u"console-hidden"_s);
     script.Do(
         u"再次显示"_s, [] { return Click(ConsoleControl(u"showButton"_s)); },
         [] {
@@ -160,6 +160,7 @@ void WriteDelete(TourScript& script) {
                    ClickConsoleCheck(0) && Click(ConsoleControl(u"deleteButton"_s));
         },
         [] { return MessageBoxText() == u"确认删除所选的照片？"_s; });
+    script.Picture(OpenMessageBox, u"console-question"_s);
     script.Do(
         u"回答“取消”：什么也没有删除"_s, [] { return AnswerMessageBox(u"取消"_s); },
         [] { return OpenMessageBox() == nullptr && ConsoleTotal() == Notes().total; });
@@ -188,14 +189,14 @@ void WriteRowMenu(TourScript& script) {
     script.Do(
         u"在有位置的一行上单击右键，出现菜单"_s, [] { return OpenRowMenu(RowWithPlace()); },
         [] { return Console()->findChild<QMenu*>() != nullptr; });
-    script.Picture(kConsole, u"15-console-row-menu.png"_s);
+    script.Picture(kConsole, u"console-row-menu"_s);
     script.Do(
         u"菜单中选择“反查”：主窗口定位到照片"_s,
         [] { return ClickInMenu(Console()->findChild<QMenu*>(), u"反查"_s); },
         [] {
             return ReadText(FindIn(FindWindow(kMain), u"mainStatus"_s)).startsWith(u"定位照片"_s);
         });
-    script.Picture(kMain, u"16-main-located.png"_s);
+    script.Picture(kMain, u"main-located"_s);
     script.Do(
         u"关闭控制台"_s, [] { return CloseWindow(Console()); },
         [] { return Console() == nullptr; });

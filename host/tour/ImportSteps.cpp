@@ -42,13 +42,13 @@ void WriteImport(TourScript& script, const TourPlaces& places) {
     script.Do(
         u"填写文件夹，选择楼层和轴线"_s, [places] { return FillImport(places.photoFolder); },
         [] { return CanReach(FindIn(FindWindow(kImport), u"importStart"_s)); });
-    script.Picture(kImport, u"10-import.png"_s);
+    script.Picture(kImport, u"import"_s);
     const QString filed = QString::number(places.photoCount);
     script.Do(
         u"单击“导入”：消息栏给出结果"_s,
         [] { return Click(FindIn(FindWindow(kImport), u"importStart"_s)); },
         [filed] { return LastMessage().contains(filed); });
-    script.Picture(kMain, u"11-import-done.png"_s);
+    script.Picture(kMain, u"import-done"_s);
     script.Do(
         u"把同一文件夹拖到主窗口"_s,
         [places] { return DropPaths(FindWindow(kMain), {places.photoFolder}); },

@@ -20,7 +20,7 @@ void WriteDrawings(TourScript& script) {
     script.Do(
         u"主窗口 Ctrl+2：控制台列出图纸照片"_s, [] { return PressInMain(Qt::Key_2); },
         [] { return ConsoleTotal() > 0 && ConsoleColumn(u"图纸"_s) >= 0; });
-    script.Picture(kConsole, u"17-console-drawings.png"_s);
+    script.Picture(kConsole, u"console-drawings"_s);
     script.Do(
         u"主窗口 Ctrl+6：只列出当前图纸的照片"_s,
         [] {
@@ -47,7 +47,7 @@ void WriteIssues(TourScript& script) {
             return ConsoleTotal() > 0 && Console()->windowTitle() == u"TN问题管理"_s &&
                    ConsoleColumn(u"问题主题"_s) >= 0;
         });
-    script.Picture(kConsole, u"18-console-issues.png"_s);
+    script.Picture(kConsole, u"console-issues"_s);
     script.Do(
         u"勾选第一个问题，单击“删除”"_s,
         [] {

@@ -62,12 +62,12 @@ void WriteFloorPlan(TourScript& script) {
         u"单击一个有照片的轴线交点，出现卡片"_s,
         [] { return FullestPlace() >= 0 && ClickAt(Plan(), Plan()->CentreOf(FullestPlace())); },
         [] { return FindIn(FindWindow(kMain), u"planCardPhotos"_s) != nullptr; });
-    script.Picture(kMain, u"04-floor-plan.png"_s);
+    script.Picture(kMain, u"floor-plan"_s);
     script.Do(
         u"单击“查看此处照片”，控制台只列出此处的照片"_s,
         [] { return Click(FindIn(FindWindow(kMain), u"planCardPhotos"_s)); },
         [] { return ConsoleTotal() > 0 && ConsoleTotal() == Plan()->Chosen()->photoCount; });
-    script.Picture(u"VeskPicMngDlg"_s, u"05-console-preset.png"_s);
+    script.Picture(u"VeskPicMngDlg"_s, u"console-preset"_s);
 }
 
 } // namespace
@@ -76,10 +76,10 @@ void WriteStart(TourScript& script) {
     // Fast machines may be done before the progress comes up.
     script.Do(u"首次启动：显示生成示例工程的进度"_s, nullptr,
               [] { return FirstWindow() != nullptr; });
-    script.Picture(FirstWindow, u"01-first-start.png"_s);
+    script.Picture(FirstWindow, u"first-start"_s);
     script.Do(u"示例工程生成完毕，出现登录窗口"_s, nullptr,
               [] { return FindWindow(kSignIn) != nullptr; });
-    script.Picture(kSignIn, u"02-sign-in.png"_s);
+    script.Picture(kSignIn, u"sign-in"_s);
     script.Do(
         u"选择第一个用户并登录"_s,
         [] {
@@ -91,7 +91,7 @@ void WriteStart(TourScript& script) {
             return window != nullptr && !ReadText(FindIn(window, u"userName"_s)).isEmpty() &&
                    !ReadText(FindIn(window, u"projectChoice"_s)).isEmpty();
         });
-    script.Picture(kMain, u"03-main-window.png"_s);
+    script.Picture(kMain, u"main-window"_s);
     WriteFloorPlan(script);
 }
 

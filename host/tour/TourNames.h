@@ -10,6 +10,8 @@ inline const QString kConsole = QStringLiteral("VeskPicMngDlg");
 inline const QString kSignIn = QStringLiteral("signInDialog");
 inline const QString kBin = QStringLiteral("binWindow");
 inline const QString kImport = QStringLiteral("importDialog");
+inline const QString kAbout = QStringLiteral("aboutWindow");
+inline const QString kNewProject = QStringLiteral("projectNameDialog");
 inline const QString kKeys = QStringLiteral("keysWindow");
 
 /// A number that a step saw before it did something. Thread: user interface.

@@ -4,16 +4,18 @@
 
 namespace host::tour {
 
+using namespace Qt::StringLiterals;
+
 void TourScript::Do(const QString& text, Act act, Act seen) {
     steps.push_back({text, std::move(act), std::move(seen), {}, {}});
 }
 
-void TourScript::Picture(const QString& window, const QString& file) {
-    Picture([window] { return FindWindow(window); }, file);
+void TourScript::Picture(const QString& window, const QString& what) {
+    Picture([window] { return FindWindow(window); }, what);
 }
 
-void TourScript::Picture(const std::function<QWidget*()>& find, const QString& file) {
-    steps.back().picture = file;
+void TourScript::Picture(const std::function<QWidget*()>& find, const QString& what) {
+    steps.back().picture = u"%1-%2.png"_s.arg(++pictures, 2, 10, QChar(u'0')).arg(what);
     steps.back().pictureOf = find;
 }
 

@@ -18,13 +18,15 @@ public:
 
     /// What is done, how, and how one sees that it happened.
     void Do(const QString& text, Act act, Act seen);
-    /// A picture of the window that bears this name or title, once the step before is seen.
-    void Picture(const QString& window, const QString& file);
-    void Picture(const std::function<QWidget*()>& find, const QString& file);
+    /// A picture of the window that bears this name or title, once the step before is seen. Its
+    /// file is named by its place in the walk and `what`: "06-console.png".
+    void Picture(const QString& window, const QString& what);
+    void Picture(const std::function<QWidget*()>& find, const QString& what);
     [[nodiscard]] std::vector<TourStep> Take() { return std::move(steps); }
 
 private:
     std::vector<TourStep> steps;
+    int pictures = 0;
 };
 
 /// Sign-in and main window with its floor plan.
