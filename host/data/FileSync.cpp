@@ -59,12 +59,15 @@ CopyOutcome CopySynced(QIODevice& source, const QString& target,
             break;
         }
         hash.addData(block);
-        good = file.write(block) == block.size();
+        const qint64 written = file.write(block);
+        // What the last free blocks take of it is written without an error.
+        outcome.diskFull = written >= 0 && written < block.size();
+        good = written == block.size();
         outcome.size += block.size();
         good = good && (!onBlock || onBlock(outcome.size));
     }
     good = good && SyncFile(file);
-    outcome.diskFull = file.error() == QFileDevice::ResourceError;
+    outcome.diskFull = outcome.diskFull || file.error() == QFileDevice::ResourceError;
     file.close();
     if (!good) {
         QFile::remove(target);

@@ -7,7 +7,7 @@ namespace host {
 namespace {
 
 constexpr double kBubble = 28;
-constexpr double kTitleHeight = 44;
+constexpr double kTitleHeight = 56;
 constexpr double kEdge = 24;
 constexpr double kStub = 28;     ///< from the slab to a bubble
 constexpr double kOverhang = 26; ///< from the outermost axis to the edge of the slab
