@@ -178,7 +178,7 @@ std::vector<QString> PdfPhotosTables() {
                     {u"pdf_by_description"_s, u"description"_s},
                     {u"pdf_by_status"_s, u"status"_s},
                     {u"pdf_by_state"_s, u"state"_s}});
-    statements.push_back(u"CREATE INDEX pdf_of_checkpoint ON pdf_photo (checkpoint_id, id)"_s);
+    statements.push_back(u"CREATE INDEX pdf_of_checkpoint ON pdf_photo (checkpoint_id, ppid, id)"_s);
     statements.push_back(u"CREATE INDEX pdf_of_drawing ON pdf_photo (drawing_id, id)"_s);
     return statements;
 }
