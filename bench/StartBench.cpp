@@ -11,6 +11,7 @@
 #include <QAbstractItemView>
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QProcess>
 #include <QTextStream>
 
@@ -21,6 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kStarts = 7;
+constexpr int kPatienceMilliseconds = 5000;
 const QString kSampleUser = u"张工"_s;
 
 double Since(qint64 spawned) {
@@ -45,8 +47,13 @@ int RunStartProbe(const QString& folder, qint64 spawned) {
         QCoreApplication::processEvents();
     client.Window()->repaint();
     const double mainWindow = Since(spawned);
-    if (!host::tour::PressKey(client.Window(), Qt::Key_1, Qt::ControlModifier))
-        return 1;
+    // The platform grants the focus in its own time.
+    const QDeadlineTimer patience(kPatienceMilliseconds);
+    while (!host::tour::PressKey(client.Window(), Qt::Key_1, Qt::ControlModifier)) {
+        if (patience.hasExpired())
+            return 1;
+        QCoreApplication::processEvents();
+    }
     QAbstractItemView* rows = host::tour::ConsoleGrid();
     if (rows == nullptr || rows->model()->rowCount() == 0)
         return 1;
