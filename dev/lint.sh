@@ -10,6 +10,7 @@ module_folders=(base console editors frame issues reminder report richtext viewe
 plain_folders=(services include toolkit host)
 folders=("${plain_folders[@]}" "${module_folders[@]}")
 max_lines=600
+max_function_lines=60
 max_readme_lines=12
 
 # What each folder may include, itself included. A folder that isn't named may include all.
@@ -100,6 +101,26 @@ check_lengths() {
     done
 }
 
+# By the form that clang-format gives: bodies of functions begin and end at the margin. Functions
+# that give a table are as long as the table.
+check_functions() {
+    # shellcheck disable=SC2016 # the variables are those of awk
+    sources "${folders[@]}" tests bench | xargs -r awk -v limit="$max_function_lines" '
+        FNR == 1 { inside = 0; start = 0 }
+        inside && /^}/ {
+            lines = FNR - start + 1
+            if ($0 == "}" && lines > limit && name !~ /^(static )?const std::vector<.*>& /)
+                print FILENAME ":" start ": a function of " lines " lines, over " limit
+            inside = 0
+            start = 0
+            next
+        }
+        inside { next }
+        /^[A-Za-z_~[]/ && !/^(namespace|using)/ && !start { start = FNR; name = $0 }
+        /;( \/\/.*)?$/ { start = 0 }
+        /\{$/ && !/^namespace/ && start { inside = 1 }'
+}
+
 check_readmes() {
     local folder
     for folder in "${folders[@]}" tests bench; do
@@ -133,6 +154,7 @@ faults=$(
     check_sleeps
     check_namespaces
     check_lengths
+    check_functions
     check_readmes
     check_exports
 )

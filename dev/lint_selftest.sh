@@ -20,6 +20,7 @@ put services/README.md services
 put services/Good.h '#include <QString>' '#include "services/Other.h"'
 put console/README.md console
 put console/Good.cpp '#include "ui_Good.h"' '#include "viewers/Below.h"' 'using namespace Qt::StringLiterals;'
+put console/Table.cpp 'const std::vector<int>& Table() {' "$(seq 60)" '}' 'int Short(int a,' '          int b) {' '}'
 put tests/README.md tests
 put tests/GoodTest.cpp '#include "console/Good.h"' '// sleeps for nobody'
 output=$("$here/lint.sh" "$tree") || fail 'a clean tree was refused'
@@ -36,6 +37,7 @@ put tests/SleepTest.cpp 'std::this_thread::sleep_for(1s);'
 put tests/WaitTest.cpp 'QTest::qWait(10);'
 put base/Using.cpp 'using namespace std;'
 put base/Long.cpp "$(seq 601)"
+put base/Function.cpp 'int Short() {' '}' '' '[[nodiscard]] int Long(int a,' '    int b) {' "$(seq 58)" '}'
 put tests/deep/README.md "$(seq 13)"
 
 output=$("$here/lint.sh" "$tree") && fail 'a tree full of faults was let through'
@@ -52,9 +54,10 @@ for fault in \
     'tests/WaitTest.cpp:1:' \
     'base/Using.cpp:1:' \
     'base/Long.cpp: 601 lines' \
+    'base/Function.cpp:4: a function of 61 lines' \
     'viewers: has no README.md' \
     './tests/deep/README.md: 13 lines'; do
     grep -qF "$fault" <<<"$output" || fail "not found: $fault"
 done
-grep -q 'Good' <<<"$(grep -v 'console/Good.h' <<<"$output")" && fail 'a good file was refused'
+grep -qE 'Good|Table' <<<"$(grep -v 'console/Good.h' <<<"$output")" && fail 'a good file was refused'
 echo 'lint self-test: passed'

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the commands: installs those Debian packages of dev/packages.txt that are missing.
 
 # vesk_packages GROUP...: names of the packages that stand in one of the groups.
