@@ -239,7 +239,9 @@ void Client::BringUpDrawing(qint32 drawingId) {
 
 void Client::ReadPlan() {
     const ProjectEntry& project = session.CurrentProject();
-    window->Plan().SetModel(ReadFloorPlan(project.ppid, project.name));
+    PhotoCounts counts;
+    WithoutFault(session, [&] { counts = session.Tables().PhotoCounts(project.ppid); });
+    window->Plan().SetModel(ReadFloorPlan(project.ppid, project.name, counts));
     EnableCommands();
 }
 

@@ -7,32 +7,12 @@ namespace host {
 
 namespace {
 
-/// Counts photos at intersections, hidden ones included, as the console lists them. Once a query
-/// has failed it asks no more: the person has been told, and once is enough.
-class PhotoCounter final {
-public:
-    explicit PhotoCounter(qint32 projectId) : ppid(projectId) {}
+int CountAt(const PhotoCounts& counts, const QString& positionKey) {
+    const auto found = counts.find(positionKey);
+    return found == counts.end() ? 0 : found->second;
+}
 
-    int CountAt(const QString& positionKey) {
-        KX_DATA::PicQueryFilter filter;
-        filter.presetKey = positionKey;
-        filter.projectIds = {ppid};
-        KX_DATA::PageRequest request;
-        request.pageSize = 1;
-        KX_DATA::PageResult result;
-        std::vector<KX_DATA::BimPicRow> rows;
-        if (!failed)
-            failed =
-                GetVeskPicMng()->QueryBimPics(filter, request, result, rows) != KX_DATA::kServiceOk;
-        return failed ? 0 : result.totalCount;
-    }
-
-private:
-    qint32 ppid;
-    bool failed = false;
-};
-
-PlanFloor ReadFloor(qint32 ppid, const QString& name, PhotoCounter& counter) {
+PlanFloor ReadFloor(qint32 ppid, const QString& name, const PhotoCounts& counts) {
     KX_DATA::IVeskPicMng& photos = *GetVeskPicMng();
     PlanFloorBuilder builder(name);
     std::vector<QString> axesX;
@@ -41,22 +21,21 @@ PlanFloor ReadFloor(qint32 ppid, const QString& name, PhotoCounter& counter) {
         std::vector<KX_DATA::AxisYEntry> axesY;
         photos.GetFloorAxesY(ppid, name, axisX, axesY);
         for (const auto& [axisY, key] : axesY)
-            builder.Add(axisX, axisY, key, counter.CountAt(key));
+            builder.Add(axisX, axisY, key, CountAt(counts, key));
     }
     return builder.Finish();
 }
 
 } // namespace
 
-FloorPlanModel ReadFloorPlan(qint32 ppid, const QString& projectName) {
+FloorPlanModel ReadFloorPlan(qint32 ppid, const QString& projectName, const PhotoCounts& counts) {
     FloorPlanModel model;
     model.projectName = projectName;
     std::vector<QString> floors;
     if (ppid == 0 || GetVeskPicMng()->GetProjectFloors(ppid, floors) != KX_DATA::kServiceOk)
         return model;
-    PhotoCounter counter(ppid);
     for (const QString& floor : floors)
-        model.floors.push_back(ReadFloor(ppid, floor, counter));
+        model.floors.push_back(ReadFloor(ppid, floor, counts));
     return model;
 }
 

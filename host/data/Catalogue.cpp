@@ -106,6 +106,16 @@ std::vector<KX_DATA::AxisYEntry> Catalogue::AxesY(qint32 ppid, const QString& fl
     return axes;
 }
 
+std::map<QString, qint32> Catalogue::PhotoCounts(qint32 ppid) {
+    std::map<QString, qint32> counts;
+    // A key belongs to one project, so the index on keys answers by itself.
+    database.ForEach(u"SELECT position_key, (SELECT count(*) FROM bim_photo INDEXED BY bim_by_key"
+                     " WHERE bim_photo.position_key = position.position_key)"
+                     " FROM position WHERE ppid = ? AND valid <> 0"_s,
+                     {ppid}, [&](const Statement& row) { counts[row.Text(0)] = row.Int(1); });
+    return counts;
+}
+
 std::vector<KX_DATA::CurrentDrawing> Catalogue::Drawings(qint32 ppid) {
     std::vector<KX_DATA::CurrentDrawing> drawings;
     database.ForEach(u"SELECT id, name FROM drawing WHERE ppid = ? ORDER BY id"_s, {ppid},

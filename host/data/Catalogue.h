@@ -57,6 +57,9 @@ public:
     [[nodiscard]] std::vector<KX_DATA::AxisYEntry> AxesY(qint32 ppid, const QString& floor,
                                                          const QString& axisX);
 
+    /// How many BIM photos, hidden ones included, each valid position of a project has, by its key.
+    [[nodiscard]] std::map<QString, qint32> PhotoCounts(qint32 ppid);
+
     [[nodiscard]] std::vector<KX_DATA::CurrentDrawing> Drawings(qint32 ppid);
 
     /// Newest first.

@@ -1,6 +1,7 @@
 #include "host/app/Client.h"
 
 #include "host/app/Faults.h"
+#include "host/data/Bin.h"
 #include "host/data/HostSession.h"
 #include "host/tour/ConsoleEyes.h"
 #include "host/tour/TourDriver.h"
@@ -12,6 +13,7 @@
 #include "include/KXEvents.h"
 #include "services/Factories.h"
 #include "services/IKXView.h"
+#include "services/IVeskPicMng.h"
 #include "tests/roads/SmallSite.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
@@ -80,6 +82,15 @@ TEST_F(ClientOnAFolder, OpensTheFirstProjectWithItsPlan) {
     ASSERT_EQ(Plan().Model().floors.size(), 2U);
     EXPECT_EQ(Plan().Model().floors[0].name, u"-1"_s);
     EXPECT_EQ(host::PhotoCount(Plan().Model().floors[0]), 5);
+}
+
+TEST_F(ClientOnAFolder, ThePlanCountsHiddenPhotosAndNotThoseOfTheBin) {
+    host::Bin bin(session.Folder()->Db(), session.Folder()->Store());
+    ASSERT_EQ(bin.DeleteBimPhotos({site.photos[0]}, u"张伟"_s), 1);
+    ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.firstProject, {site.photos[1]}, true));
+    const std::map<QString, qint32> counts = session.Tables().PhotoCounts(site.firstProject);
+    EXPECT_EQ(counts.size(), 8U);
+    EXPECT_EQ(counts.at(site.positionKey), 4);
 }
 
 TEST_F(ClientOnAFolder, OpensTheThreeConsolesByTheirKeys) {
