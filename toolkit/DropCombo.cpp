@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QPointer>
 #include <QScreen>
+#include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -23,6 +24,16 @@ void DropCombo::showPopup() {
     const int longest = view()->sizeHintForColumn(0) + kListMargin;
     view()->setMinimumWidth(std::min(longest, screen()->availableGeometry().width() / 2));
     QComboBox::showPopup();
+}
+
+void DropCombo::initStyleOption(QStyleOptionComboBox* option) const {
+    QComboBox::initStyleOption(option);
+    const QRect field =
+        style()->subControlRect(QStyle::CC_ComboBox, option, QStyle::SC_ComboBoxEditField, this);
+    constexpr int kTextMargins = 2;
+    const int icon = option->currentIcon.isNull() ? 0 : option->iconSize.width() + 4;
+    option->currentText = fontMetrics().elidedText(option->currentText, Qt::ElideRight,
+                                                   field.width() - icon - kTextMargins);
 }
 
 void DropCombo::wheelEvent(QWheelEvent* event) {

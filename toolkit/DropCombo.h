@@ -18,6 +18,8 @@ signals:
     void dropDown();
 
 protected:
+    /// What the style draws; a text too long for the box is elided.
+    void initStyleOption(QStyleOptionComboBox* option) const override;
     /// The wheel turns a page of whatever lies below, unless the combo has the keyboard.
     void wheelEvent(QWheelEvent* event) override;
 };

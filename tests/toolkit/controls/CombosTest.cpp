@@ -11,6 +11,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QStyleOptionComboBox>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <QtTest/QTest>
@@ -114,6 +115,27 @@ TEST_F(DropComboTest, WheelTurnsOnlyTheBoxThatHasTheKeyboard) {
     combo->setFocus();
     turn();
     EXPECT_EQ(combo->currentIndex(), 1);
+}
+
+class StyledCombo final : public DropCombo {
+public:
+    [[nodiscard]] QString ShownText() const {
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        return option.currentText;
+    }
+};
+
+TEST_F(DropComboTest, TextTooLongForTheBoxIsElided) {
+    StyledCombo box;
+    box.resize(144, 24);
+    box.addItem(u"短名"_s);
+    box.addItem(u"很长很长很长很长很长很长很长的工程名称"_s);
+    EXPECT_EQ(box.ShownText(), u"短名"_s);
+    box.setCurrentIndex(1);
+    EXPECT_TRUE(box.ShownText().endsWith(u'…')) << box.ShownText().toStdString();
+    EXPECT_LT(box.fontMetrics().horizontalAdvance(box.ShownText()), 144);
+    EXPECT_EQ(box.currentText(), u"很长很长很长很长很长很长很长的工程名称"_s);
 }
 
 TEST_F(DropComboTest, ListIsWideEnoughForItsLongestEntry) {
