@@ -14,9 +14,9 @@ constexpr std::array<int, kFilterControls> kIssueGaps = {0, 3, 0, 3, 3, 3, 1, 1,
 
 /// The keyword box takes what the line leaves, within these limits; the lists give way to it on a
 /// narrow screen. For issues all controls keep their sizes.
-constexpr int kKeywordLeast = 120;
+constexpr int kKeywordLeast = 96;
 constexpr int kKeywordMost = 420;
-constexpr int kListLeast = 80;
+constexpr int kListLeast = 72;
 
 constexpr int kRadioAboveBottom = 75;
 constexpr int kBimRadioX = 8;

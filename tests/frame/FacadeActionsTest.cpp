@@ -219,6 +219,25 @@ TEST_F(FacadeActionsTest, WithoutAWaitingEditorADrawingGoesToItsViewerWithThePen
     EXPECT_EQ(Facade().pendingPicId, -1);
 }
 
+TEST_F(FacadeActionsTest, MarksOfPhotosAndIssuesGoFromThePanelsTicksToTheView) {
+    Facade().RefreshPicMarks();
+    Facade().RefreshIssueMarks();
+    EXPECT_THAT(Log().LinesOf({"GetShownPicMarks", "SetVeskPicMarkers", "GetShownIssueMarks",
+                               "SetTNIssueMarkers"}),
+                ElementsAre("GetShownPicMarks()", "SetVeskPicMarkers(groups=0)",
+                            "GetShownIssueMarks()", "SetTNIssueMarkers(groups=0)"));
+}
+
+TEST_F(FacadeActionsTest, WithoutAViewOrAModelNoMarksAreDrawn) {
+    host.script.FailAlways("GetView");
+    Facade().RefreshPicMarks();
+    Facade().RefreshIssueMarks();
+    host.script.FailAlways("GetCurrentModel");
+    Facade().RefreshPicMarks();
+    Facade().RefreshIssueMarks();
+    EXPECT_THAT(Log().LinesOf({"SetVeskPicMarkers", "SetTNIssueMarkers"}), IsEmpty());
+}
+
 TEST_F(FacadeActionsTest, AChangedIssueIsHandedOnToTheHost) {
     Facade().IssueRefresh().Refresh();
     EXPECT_THAT(Log().Lines(), ElementsAre("RefreshTNMarks()"));

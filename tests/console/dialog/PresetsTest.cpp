@@ -63,6 +63,14 @@ TEST_F(PresetsTest, APhotoThatIsNotOnThePageStaysWantedForLaterSearches) {
     EXPECT_EQ(BimFilter().picId, 99);
 }
 
+TEST_F(PresetsTest, APhotoThatWasNeverFoundIsStillWantedAfterClosing) {
+    Facade().ShowBimPicMngFor(0, QString(), 0, 99);
+    Settle();
+    Console().CloseConsole();
+    Open(kModeBim, 5);
+    EXPECT_EQ(BimFilter().picId, 99);
+}
+
 TEST_F(PresetsTest, WithoutAPhotoNoRowIsTickedOrSelected) {
     FillService(host, kModeBim, 5);
     Facade().ShowBimPicMngFor(0, u"K7"_s, 2, -1);

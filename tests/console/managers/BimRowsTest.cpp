@@ -34,6 +34,30 @@ TEST_F(BimRowsTest, EveryCellSaysWhatTheRecordHolds) {
     EXPECT_EQ(Row(0).GetItemCount(), 17);
 }
 
+TEST_F(BimRowsTest, AServiceThatAnswersOneFailsBimPhotosAndPassesDrawingPhotos) {
+    host.pics.bimQuery.status = 1;
+    host.pics.pdfQuery.status = 1;
+    Open(kModeBim, 3);
+    Fetch();
+    EXPECT_EQ(grid->GetRowCount(), 0);
+    Open(kModePdf, 3);
+    Fetch();
+    EXPECT_EQ(grid->GetRowCount(), 3);
+}
+
+TEST_F(BimRowsTest, DeletingBimPhotosNamesNoProjectAndDeletingDrawingPhotosDoes) {
+    Open(kModeBim, 1);
+    Fetch();
+    Check({0});
+    Manager().DeleteChecked(9);
+    EXPECT_EQ(Log().LinesOf({"DeleteBimPics"}).front(), "DeleteBimPics(ids=[1])");
+    Open(kModePdf, 1);
+    Fetch();
+    Check({0});
+    Manager().DeleteChecked(9);
+    EXPECT_EQ(Log().LinesOf({"DeletePdfPics"}).front(), "DeletePdfPics(ppid=9,ids=[1])");
+}
+
 TEST_F(BimRowsTest, AnEmptyPageBuildsNoRow) {
     Open(kModeBim);
     Fetch();

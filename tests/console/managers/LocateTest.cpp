@@ -116,7 +116,7 @@ TEST_F(LocateTest, ThePageMayBeFetchedAgainByWhatTheMainWindowDoes) {
     EXPECT_EQ(Log().LinesOf({"LocatePicture"}).front(), "LocatePicture(position=K1,mark=1)");
 }
 
-TEST_F(LocateTest, ADrawingPhotoIsShownOnItsDrawingWithoutAnyCheck) {
+TEST_F(LocateTest, AHiddenDrawingPhotoIsShownOnItsDrawingWithoutAnyCheck) {
     Show(kModePdf);
     Manager().SetRowStatus(Row(1), 1);
     qint32 pending = 0;

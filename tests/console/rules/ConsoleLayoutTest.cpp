@@ -124,7 +124,7 @@ TEST(ConsoleLayout, TheKeywordBoxOfPhotosGrowsWithTheWindowUpToALimit) {
     };
     EXPECT_EQ(keywordWidth(1185), keywordWidth(1085) + 100);
     EXPECT_EQ(keywordWidth(3000), 420);
-    EXPECT_EQ(keywordWidth(400), 120);
+    EXPECT_EQ(keywordWidth(400), 96);
 }
 
 TEST(ConsoleLayout, TheListsOfPhotosGiveWayOnANarrowScreen) {
@@ -133,7 +133,7 @@ TEST(ConsoleLayout, TheListsOfPhotosGiveWayOnANarrowScreen) {
     EXPECT_EQ(narrow.filters[kStartDate].width(), 104);
     const ConsoleLayout tiny = LayoutConsole(Request(kModeBim, QSize(300, 845)));
     for (const FilterControl list : {kProjectBox, kMarkBox, kLabelBox, kStatusBox})
-        EXPECT_EQ(tiny.filters[list].width(), 80) << list;
+        EXPECT_EQ(tiny.filters[list].width(), 72) << list;
 }
 
 TEST(ConsoleLayout, LowControlsOfPhotosAreCentredInTheirLine) {
