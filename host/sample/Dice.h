@@ -6,7 +6,8 @@
 namespace host {
 
 /// A small counter-based generator (SplitMix64). Equal seeds give equal sequences everywhere,
-/// which the distributions of the standard library don't promise.
+/// which the distributions of the standard library don't promise. Roll once in an argument list:
+/// the order of arguments is the compiler's (inside braces it is ours).
 class Dice final {
 public:
     explicit Dice(quint64 seed) : state(seed * 0x9E3779B97F4A7C15ULL + 0x1234567ULL) {}

@@ -99,10 +99,11 @@ struct GlowMap {
 };
 
 /// One box blur along a row or a column.
-void Spread(float* values, int count, int stride, int radius, std::vector<float>& buffer) {
+void Spread(float* values, qsizetype count, qsizetype stride, qsizetype radius,
+            std::vector<float>& buffer) {
     buffer.resize(static_cast<size_t>(count));
     float sum = 0;
-    for (int i = -radius; i < count; ++i) {
+    for (qsizetype i = -radius; i < count; ++i) {
         if (i + radius < count) {
             sum += values[(i + radius) * stride];
         }
@@ -113,7 +114,7 @@ void Spread(float* values, int count, int stride, int radius, std::vector<float>
             buffer[static_cast<size_t>(i)] = sum / static_cast<float>(2 * radius + 1);
         }
     }
-    for (int i = 0; i < count; ++i) {
+    for (qsizetype i = 0; i < count; ++i) {
         values[i * stride] = buffer[static_cast<size_t>(i)];
     }
 }

@@ -52,7 +52,7 @@ std::vector<float> Halved(const std::vector<float>& field, int size) {
     std::vector<float> result(static_cast<size_t>(half) * half);
     for (int y = 0; y < half; ++y) {
         for (int x = 0; x < half; ++x) {
-            const size_t at = static_cast<size_t>(2 * y) * size + 2 * x;
+            const size_t at = 2 * (static_cast<size_t>(y) * size + static_cast<size_t>(x));
             result[static_cast<size_t>(y) * half + x] =
                 (field[at] + field[at + 1] + field[at + size] + field[at + size + 1]) / 4;
         }

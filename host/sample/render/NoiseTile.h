@@ -56,8 +56,8 @@ inline float NoiseTile::Sample(const std::vector<qint8>& field, int size, float 
     const int fx = x & 255;
     const int fy = y & 255;
     const int mask = size - 1;
-    const qint8* line0 = field.data() + ((y >> 8) & mask) * size;
-    const qint8* line1 = field.data() + (((y >> 8) + 1) & mask) * size;
+    const qint8* line0 = field.data() + static_cast<ptrdiff_t>((y >> 8) & mask) * size;
+    const qint8* line1 = field.data() + static_cast<ptrdiff_t>(((y >> 8) + 1) & mask) * size;
     const int c0 = (x >> 8) & mask;
     const int c1 = (c0 + 1) & mask;
     const int top = line0[c0] * 256 + fx * (line0[c1] - line0[c0]);

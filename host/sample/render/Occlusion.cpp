@@ -57,10 +57,11 @@ void Occlusion::Find(const Scene& scene, const ViewFrame& frame, const DepthBuff
     open.assign(static_cast<size_t>(width) * height, 1.0F);
     for (int row = 0; row < height; ++row) {
         for (int column = 0; column < width; ++column) {
-            const quint16 id = buffer.IdRow(row * kStep)[column * kStep];
+            const int x = column * kStep;
+            const int y = row * kStep;
+            const quint16 id = buffer.IdRow(y)[x];
             if (id != DepthBuffer::kNothing) {
-                open[static_cast<size_t>(row) * width + column] =
-                    OpenAt(scene.patches[id], column * kStep, row * kStep);
+                open[static_cast<size_t>(row) * width + column] = OpenAt(scene.patches[id], x, y);
             }
         }
     }

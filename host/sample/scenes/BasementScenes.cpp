@@ -17,9 +17,9 @@ Scene BuildGarage(Dice& dice) {
     builder.AddPatch({30, -4, 0}, {0, reach + 4, 0}, {0, 0, height}, concrete);
     const float side = dice.Between(0.25F, 0.4F);
     const bool painted = dice.Chance(0.5F);
-    for (float y = pitch * 0.8F; y < reach; y += pitch) {
+    for (const float y : Steps(pitch * 0.8F, reach, pitch)) {
         builder.AddBox({-30, y - 0.2F, height - 0.55F}, {30, y + 0.2F, height}, concrete);
-        for (float x = -3.5F * pitch; x < 4 * pitch; x += pitch) {
+        for (const float x : Steps(-3.5F * pitch, 4 * pitch, pitch)) {
             builder.AddBox({x - side, y - side, 0}, {x + side, y + side, height}, concrete);
             if (painted) {
                 const float out = side + 0.005F;
@@ -107,7 +107,7 @@ Scene BuildPipes(Dice& dice) {
     const float header = height - dice.Between(0.5F, 0.9F);
     const float first = dice.Between(-3.6F, -2.6F);
     const float gap = dice.Between(1.3F, 1.9F);
-    for (float x = first; x < 3.4F; x += gap) {
+    for (const float x : Steps(first, 3.4F, gap)) {
         AddPump(builder, {x, depth - 2.1F, 0}, paint, header);
     }
     builder.AddTube({-5, depth - 0.8F, header}, {5, depth - 0.8F, header}, 0.14F,

@@ -74,8 +74,8 @@ QImage DrawLeak(QSize size, Dice& dice) {
     painter.setPen(Qt::NoPen);
     const double unit = size.width();
     for (int layer = 0; layer < 26; ++layer) {
-        const QPointF at(unit * static_cast<double>(dice.Between(0.2F, 0.8F)),
-                         size.height() * static_cast<double>(dice.Between(0.05F, 0.35F)));
+        const QPointF at{unit * static_cast<double>(dice.Between(0.2F, 0.8F)),
+                         size.height() * static_cast<double>(dice.Between(0.05F, 0.35F))};
         painter.setBrush(QColor(70, 58, 40, 26));
         painter.drawPath(
             Blob(at, unit * static_cast<double>(dice.Between(0.05F, 0.2F)), 0.16, dice));
@@ -103,8 +103,8 @@ QImage DrawHoneycomb(QSize size, Dice& dice) {
     const QPointF centre(size.width() * 0.5, size.height() * 0.5);
     const double radius = size.width() * 0.36;
     for (int layer = 0; layer < 14; ++layer) {
-        const QPointF shift(radius * static_cast<double>(dice.Between(-0.25F, 0.25F)),
-                            radius * static_cast<double>(dice.Between(-0.25F, 0.25F)));
+        const QPointF shift{radius * static_cast<double>(dice.Between(-0.25F, 0.25F)),
+                            radius * static_cast<double>(dice.Between(-0.25F, 0.25F))};
         painter.setBrush(QColor(70, 65, 58, 24));
         painter.drawPath(Blob(centre + shift,
                               radius * static_cast<double>(dice.Between(0.5F, 0.95F)), 0.12, dice));

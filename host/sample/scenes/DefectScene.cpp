@@ -71,7 +71,7 @@ Scene BuildDefect(SceneKind kind, Dice& dice) {
         const float x = low.x - dice.Between(0.06F, 0.15F);
         builder.AddBox({x, 1.47F, low.z - 0.1F}, {x + 0.035F, 1.485F, low.z + 0.9F},
                        {Surface::Metal, {0.88F, 0.72F, 0.06F}});
-        for (float z = low.z - 0.08F; z < low.z + 0.88F; z += 0.05F) {
+        for (const float z : Steps(low.z - 0.08F, low.z + 0.88F, 0.05F)) {
             builder.AddBox({x, 1.466F, z}, {x + 0.016F, 1.469F, z + 0.006F},
                            {Surface::Metal, {0.04F, 0.04F, 0.04F}});
         }

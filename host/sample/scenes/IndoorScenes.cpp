@@ -88,7 +88,8 @@ Scene BuildRoom(Dice& dice) {
     builder.AddWall({left, -1, 0}, {0, depth + 1, 0}, upward,
                     {{door, 0, door + 1.0F / (depth + 1), 2.15F / height}}, wall);
     AddDoorRoom(builder, left, door * (depth + 1) - 1, height, wall);
-    for (float y = dice.Between(1.5F, 3); y < depth; y += dice.Between(2.8F, 4)) {
+    const float firstBeam = dice.Between(1.5F, 3);
+    for (const float y : Steps(firstBeam, depth, dice.Between(2.8F, 4))) {
         builder.AddBox({left, y, height - 0.45F}, {left + width, y + 0.25F, height},
                        {Surface::Concrete, {1, 1, 1}});
     }
@@ -144,7 +145,7 @@ void AddCeilingServices(SceneBuilder& builder, float left, float right, float le
             x += radius * 2 + 0.15F;
         }
     }
-    for (float y = 0.8F; y < length; y += 2.4F) {
+    for (const float y : Steps(0.8F, length, 2.4F)) {
         builder.AddBox({left + 0.15F, y, height - 0.62F},
                        {right - 0.15F, y + 0.05F, height - 0.57F},
                        {Surface::Metal, {0.4F, 0.41F, 0.42F}});
@@ -172,7 +173,8 @@ Scene BuildCorridor(Dice& dice) {
     const Vec3 along{0, length + 2, 0};
     for (const float side : {-half, half}) {
         std::vector<Opening> doors;
-        for (float y = dice.Between(3, 5); y + 1.2F < length; y += dice.Between(4, 7)) {
+        const float firstDoor = dice.Between(3, 5);
+        for (const float y : Steps(firstDoor, length - 1.2F, dice.Between(4, 7))) {
             doors.push_back({y / (length + 2), 0, (y + 1.0F) / (length + 2), 2.15F / height});
         }
         builder.AddWall({side, -2, 0}, along, upward, doors, wall);
@@ -194,7 +196,7 @@ Scene BuildCorridor(Dice& dice) {
     light.skyLow = light.skyHigh = {1.6F, 1.65F, 1.7F};
     const Vec3 lamp = dice.Chance(0.5F) ? Vec3{1.5F, 1.35F, 1.1F} : Vec3{1.2F, 1.35F, 1.45F};
     light.lamps.push_back({{0, length - 0.3F, height * 0.5F}, lamp * 0.9F, 3});
-    for (float y = 2; y < length && light.lamps.size() < 4; y += 5) {
+    for (const float y : Steps(2, std::min(length, 17.0F), 5)) {
         builder.AddBox({-0.06F, y - 0.6F, height - 0.72F}, {0.06F, y + 0.6F, height - 0.68F},
                        {Surface::Glow, {2.6F, 2.6F, 2.5F}});
         light.lamps.push_back({{0, y, height - 0.85F}, lamp, 1.7F});

@@ -73,7 +73,7 @@ Scene BuildFacade(Dice& dice) {
         }
     }
     ScatterProps(builder, {-5, 3, 0}, {5, distance - 3, 0}, dice);
-    for (float x = -16; x < 16; x += 2) {
+    for (const float x : Steps(-16, 16, 2)) {
         builder.AddBox(
             {x, distance - 2.6F, 0}, {x + 1.9F, distance - 2.55F, 1.1F},
             {Surface::Metal, static_cast<int>(x) % 4 == 0 ? kSafetyRed : Vec3{0.7F, 0.7F, 0.7F}});
@@ -112,7 +112,7 @@ void AddStarterBars(SceneBuilder& builder, const Vec3& at, float height, Dice& d
         const Vec3 lean{dice.Between(-0.04F, 0.04F), dice.Between(-0.04F, 0.04F), height};
         builder.AddTube(foot, foot + lean, 0.013F, steel, 6);
     }
-    for (float z = 0.12F; z < height * 0.6F; z += 0.15F) {
+    for (const float z : Steps(0.12F, height * 0.6F, 0.15F)) {
         const Vec3 low = at + Vec3{-0.015F, -0.015F, z};
         const float side = 0.57F;
         const Vec3 ring[] = {low, low + Vec3{side, 0, 0}, low + Vec3{side, side, 0},
@@ -136,18 +136,19 @@ Scene BuildRebar(Dice& dice) {
     if (dice.Chance(0.7F)) {
         AddMat(builder, 0.13F, pitch, radius, extent);
     }
-    for (float y = 0.5F; y < extent; y += 0.9F) {
-        for (float x = -4; x < 4.5F; x += 0.9F) {
+    for (const float y : Steps(0.5F, extent, 0.9F)) {
+        for (const float x : Steps(-4, 4.5F, 0.9F)) {
             builder.AddBox({x, y, 0}, {x + 0.04F, y + 0.04F, 0.03F},
                            {Surface::Plaster, {0.8F, 0.8F, 0.78F}});
         }
     }
-    for (float x = -6; x < 7; x += dice.Between(2.6F, 4)) {
-        AddStarterBars(builder, {x, dice.Between(3, 8), 0}, dice.Between(1.0F, 1.6F), dice);
+    for (const float x : Steps(-6, 7, dice.Between(2.6F, 4))) {
+        const Vec3 foot{x, dice.Between(3, 8), 0};
+        AddStarterBars(builder, foot, dice.Between(1.0F, 1.6F), dice);
     }
     builder.AddBox({-12, extent + 0.4F, 0}, {12, extent + 0.5F, 0.35F},
                    {Surface::Plywood, {1.1F, 1.1F, 1.1F}});
-    for (float x = -12; x < 12; x += 1.6F) {
+    for (const float x : Steps(-12, 12, 1.6F)) {
         builder.AddTube({x, extent + 1.2F, -1}, {x, extent + 1.2F, 1.6F}, 0.024F,
                         {Surface::Metal, kTubeYellow});
     }
@@ -187,7 +188,7 @@ void AddCrane(SceneBuilder& builder, const Vec3& foot, float height, float jib, 
         const Vec3 at = foot + Vec3{leg & 1 ? side : 0, leg & 2 ? side : 0, 0};
         builder.AddTube(at, at + Vec3{0, 0, height}, 0.09F, steel, 4);
     }
-    for (float z = 0; z + 2 <= height; z += 2) {
+    for (const float z : Steps(0, height - 1.9F, 2)) {
         const Vec3 low = foot + Vec3{0, 0, z};
         builder.AddTube(low, low + Vec3{side, 0, 2}, 0.05F, steel, 4);
         builder.AddTube(low + Vec3{side, 0, 0}, low + Vec3{side, side, 2}, 0.05F, steel, 4);
@@ -199,7 +200,7 @@ void AddCrane(SceneBuilder& builder, const Vec3& foot, float height, float jib, 
     for (const float rise : {0.0F, 1.3F}) {
         builder.AddTube(tail + Vec3{0, 0, rise}, tip + Vec3{0, 0, rise * 0.6F}, 0.08F, steel, 4);
     }
-    for (float t = 0; t < 1; t += 0.04F) {
+    for (const float t : Steps(0, 1, 0.04F)) {
         const Vec3 a = Mix(tail, tip, t);
         const Vec3 b = Mix(tail, tip, t + 0.02F) + Vec3{0, 0, 1.2F};
         const Vec3 c = Mix(tail, tip, t + 0.04F);
@@ -228,7 +229,7 @@ void AddFrameBuilding(SceneBuilder& builder, const Vec3& at, int columns, int fl
                        concrete);
         const bool top = floor == floors;
         for (int column = 0; column <= columns; ++column) {
-            for (float y = at.y; y < at.y + 13; y += 6) {
+            for (const float y : Steps(at.y, at.y + 13, 6)) {
                 const float x = at.x + kBay * static_cast<float>(column);
                 if (top) {
                     AddStarterBars(builder, {x - 0.25F, y, z}, 1.4F, dice);
@@ -250,7 +251,7 @@ void AddFrameBuilding(SceneBuilder& builder, const Vec3& at, int columns, int fl
                             {Surface::Metal, kSafetyRed}, 4);
         }
         if (floor + 2 == floors) {
-            for (float x = at.x; x < at.x + width; x += 1) {
+            for (const float x : Steps(at.x, at.x + width, 1)) {
                 builder.AddTube({x, at.y + 0.6F, z}, {x, at.y + 0.6F, z + kFloor}, 0.03F,
                                 {Surface::Metal, kTubeYellow}, 4);
             }
@@ -270,9 +271,10 @@ Scene BuildFrame(Dice& dice) {
     const float left = -dice.Between(6, 20);
     AddFrameBuilding(builder, {left, distance, 0}, columns, 3 + dice.Pick(6), dice);
     const Vec3 paint = dice.Chance(0.6F) ? kSafetyYellow : kSafetyRed;
-    AddCrane(builder, {left + dice.Between(-8, 40), distance + 16, 0}, dice.Between(32, 46),
-             dice.Between(26, 40), paint);
-    for (float x = -60; x < 60; x += 3) {
+    const Vec3 foot{left + dice.Between(-8, 40), distance + 16, 0};
+    const float height = dice.Between(32, 46);
+    AddCrane(builder, foot, height, dice.Between(26, 40), paint);
+    for (const float x : Steps(-60, 60, 3)) {
         builder.AddPatch(
             {x, distance - 6, 0}, {2.96F, 0, 0}, {0, 0, 2},
             {Surface::Metal, dice.Chance(0.5F) ? Vec3{0.55F, 0.58F, 0.6F} : kSiteBlue * 1.3F});
@@ -310,18 +312,18 @@ Scene BuildPit(Dice& dice) {
     const float half = width / 2;
     builder.AddPatch({-half, 2, bottom}, {width, 0, 0}, {0, length, 0}, {Surface::Soil, {1, 1, 1}});
     const Finish pile{Surface::Concrete, {0.95F, 0.93F, 0.9F}};
-    for (float y = 2; y < length + 2; y += 1) {
+    for (const float y : Steps(2, length + 2, 1)) {
         builder.AddTube({-half, y, bottom}, {-half, y, 0}, 0.5F, pile, 10);
         builder.AddTube({half, y, bottom}, {half, y, 0}, 0.5F, pile, 10);
     }
-    for (float x = -half; x < half; x += 1) {
+    for (const float x : Steps(-half, half, 1)) {
         builder.AddTube({x, length + 2, bottom}, {x, length + 2, 0}, 0.5F, pile, 10);
     }
     for (const float side : {-half - 0.5F, half - 0.3F}) {
         builder.AddBox({side, 2, -0.8F}, {side + 0.8F, length + 2, 0.1F},
                        {Surface::Concrete, {1.1F, 1.1F, 1.1F}});
     }
-    for (float y = 6; y < length; y += dice.Between(5, 7)) {
+    for (const float y : Steps(6, length, dice.Between(5, 7))) {
         builder.AddTube({-half, y, -0.4F}, {half, y, -0.4F}, 0.35F,
                         {Surface::Metal, kSiteBlue * 1.2F}, 14);
         builder.AddTube({-half, y, bottom * 0.55F}, {half, y, bottom * 0.55F}, 0.3F,
@@ -334,7 +336,7 @@ Scene BuildPit(Dice& dice) {
     builder.AddPatch({half + 0.4F, -3, 0}, {90 - half, 0, 0}, {0, length + 6, 0},
                      {Surface::Slab, {1.1F, 1.1F, 1.1F}});
     builder.AddPatch({-half, -3, 0}, {width, 0, 0}, {0, 4, 0}, {Surface::Slab, {1.1F, 1.1F, 1.1F}});
-    for (float x = -half; x < half; x += 2) {
+    for (const float x : Steps(-half, half, 2)) {
         builder.AddTube({x, 1, 0}, {x, 1, 1.2F}, 0.024F, {Surface::Metal, kSafetyRed});
     }
     builder.AddTube({-half, 1, 1.15F}, {half, 1, 1.15F}, 0.024F, {Surface::Metal, kSafetyRed});

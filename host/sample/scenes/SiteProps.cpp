@@ -1,6 +1,20 @@
 #include "host/sample/scenes/SiteProps.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace host {
+
+std::vector<float> Steps(float from, float to, float pitch) {
+    constexpr int kMost = 1000;
+    const int count = std::clamp(static_cast<int>(std::ceil((to - from) / pitch)), 0, kMost);
+    std::vector<float> steps;
+    steps.reserve(static_cast<size_t>(count));
+    for (int index = 0; index < count; ++index) {
+        steps.push_back(from + pitch * static_cast<float>(index));
+    }
+    return steps;
+}
 
 void AddBlockStack(SceneBuilder& builder, const Vec3& at, Dice& dice) {
     const int layers = 2 + dice.Pick(4);
@@ -31,7 +45,8 @@ void AddTimbers(SceneBuilder& builder, const Vec3& at, bool alongX, Dice& dice) 
     const int count = 6 + dice.Pick(8);
     for (int index = 0; index < count; ++index) {
         const float side = 0.11F * static_cast<float>(index % 6);
-        const float rise = 0.09F * static_cast<float>(index / 6);
+        const int layer = index / 6;
+        const float rise = 0.09F * static_cast<float>(layer);
         const float length = dice.Between(2.2F, 3.6F);
         const float slide = dice.Between(-0.2F, 0.2F);
         const Vec3 low = at + (alongX ? Vec3{slide, side, rise} : Vec3{side, slide, rise});
@@ -48,7 +63,7 @@ void AddLadder(SceneBuilder& builder, const Vec3& foot, float height, Dice& dice
     const Vec3 width{0.42F, 0, 0};
     builder.AddTube(foot, foot + lean, 0.025F, finish);
     builder.AddTube(foot + width, foot + width + lean, 0.025F, finish);
-    for (float z = 0.3F; z < height; z += 0.3F) {
+    for (const float z : Steps(0.3F, height, 0.3F)) {
         const Vec3 rung = foot + lean * (z / height);
         builder.AddTube(rung, rung + width, 0.016F, finish);
     }
@@ -121,7 +136,7 @@ void AddScaffold(SceneBuilder& builder, const Vec3& at, int bays, int lifts, con
     }
     for (int bay = 0; bay + 4 <= bays; bay += 5) {
         const Vec3 foot = at + Vec3{kBay * static_cast<float>(bay), -0.05F, 0};
-        for (float z = 0; z + 5 * kLift <= height + 1; z += 5 * kLift) {
+        for (const float z : Steps(0, height + 1.1F - 5 * kLift, 5 * kLift)) {
             builder.AddTube(foot + Vec3{0, 0, z}, foot + Vec3{kBay * 4, 0, z + 5 * kLift}, 0.022F,
                             {Surface::Metal, kSafetyRed}, 4);
         }

@@ -4,6 +4,8 @@
 #include "host/sample/Dice.h"
 #include "host/sample/render/SceneBuilder.h"
 
+#include <vector>
+
 namespace host {
 
 inline constexpr Vec3 kSafetyYellow{0.62F, 0.41F, 0.07F};
@@ -12,6 +14,9 @@ inline constexpr Vec3 kTubeYellow{0.50F, 0.37F, 0.10F};
 inline constexpr Vec3 kTubeGrey{0.42F, 0.43F, 0.44F};
 inline constexpr Vec3 kNetGreen{0.075F, 0.22F, 0.125F};
 inline constexpr Vec3 kSiteBlue{0.09F, 0.19F, 0.36F};
+
+/// from, from + pitch, ... below `to`; at most a thousand.
+[[nodiscard]] std::vector<float> Steps(float from, float to, float pitch);
 
 /// A stack of aerated blocks, about 1.2 m wide, with its corner at `at`.
 void AddBlockStack(SceneBuilder& builder, const Vec3& at, Dice& dice);

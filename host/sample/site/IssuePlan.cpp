@@ -66,7 +66,8 @@ void PlanPics(PlannedIssue& issue, SceneKind kind, QSize size, const QString& pr
         record.rectifier = SamplePeople()[static_cast<size_t>(dice.Pick(3))].name;
         if (record.updateTime == 0) {
             record.updater = record.rectifier;
-            record.updateTime = std::min(record.createTime + 3600 * (1 + dice.Pick(200)), now - 1);
+            record.updateTime =
+                std::min(record.createTime + 3600LL * (1 + dice.Pick(200)), now - 1);
         }
     }
     issue.voice = PlanVoice(0.15F, dice);

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kDay = 24 * 60 * 60;
+constexpr qint64 kDay = 24LL * 60 * 60;
 
 void PlanPositions(SitePlan& plan) {
     const std::vector<SampleProject>& projects = SampleProjects();
@@ -41,7 +41,7 @@ void PlanPositions(SitePlan& plan) {
     constexpr int kFirstMinute = 7 * 60 + 30;
     constexpr int kMinutes = 10 * 60 + 30;
     const QDateTime day = QDateTime::fromSecsSinceEpoch(time);
-    const int second = (kFirstMinute + dice.Pick(kMinutes)) * 60 + dice.Pick(60);
+    const int second = kFirstMinute * 60 + dice.Pick(kMinutes * 60);
     const qint64 moment =
         QDateTime(day.date(), QTime::fromMSecsSinceStartOfDay(second * 1000)).toSecsSinceEpoch();
     return moment < now - 60 ? moment : moment - kDay;
