@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <utility>
+
 namespace {
 
 constexpr int kFrames = 4;
@@ -117,8 +119,12 @@ void CDirectUIButton::PaintArrow(QPainter& painter) const {
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(QRectF(rect).center());
     painter.rotate(ArrowAngle(m_arrow));
-    painter.setPen(QPen(ArrowColor(FrameIndex()), 2.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
-    painter.drawPath(path);
+    // A light rim, since the arrow may stand on a dark picture.
+    for (const auto& [color, width] :
+         {std::pair(QColor(255, 255, 255, 200), 5.0), std::pair(ArrowColor(FrameIndex()), 2.5)}) {
+        painter.setPen(QPen(color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPath(path);
+    }
     painter.restore();
 }

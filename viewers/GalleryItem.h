@@ -27,8 +27,9 @@ struct GalleryItem {
     QString audioPath;
     qint32 audioProgress = 0; ///< stays 0: a note's percent goes to OnAudioProgress
     qint32 audioState = kWaiting;
-    QRect thumbRect; ///< device-independent pixels of the pane; valid for visible items
-    QRect coverRect; ///< part of the picture that fills `thumbRect`, upright image pixels
-    QSize picSize;   ///< upright, image pixels; empty until it is known
+    QRect thumbRect;         ///< device-independent pixels of the pane; valid for visible items
+    QRect coverRect;         ///< part of the picture that fills `thumbRect`, upright image pixels
+    bool unreadable = false; ///< the file is there but can't be decoded
+    QSize picSize;           ///< upright, image pixels; empty until it is known
     std::shared_ptr<CKxMemDC> thumbDC; ///< rendering of the thumbnail; null until it is painted
 };

@@ -10,8 +10,6 @@ namespace gallery {
 
 namespace {
 
-constexpr int kPictureMargin = 5;
-
 RangeRequest RequestOf(const GalleryState& state, StripMode mode) {
     return {
         mode,         state.Count(), state.strip.Capacity(), state.currentIndex, state.shownIndex,

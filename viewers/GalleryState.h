@@ -14,6 +14,9 @@
 
 namespace gallery {
 
+/// Kept free around the big picture, device-independent pixels.
+inline constexpr int kPictureMargin = 5;
+
 /// Size of an item's picture, upright, in image pixels; empty while it isn't known.
 using SizeReader = std::function<QSize(int index)>;
 

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kQuestion = u"下载成功，是否打开下载照片的所在目录？"_s;
+const QString kBatchQuestion = u"下载成功，是否打开下载照片的所在目录？"_s;
 
 class BatchDownloadTest : public ModuleFixture {
 protected:
@@ -26,7 +26,7 @@ protected:
     }
     void Run(const std::vector<BatchRow>& rows, bool anyDone = true) {
         if (anyDone)
-            prompts.ExpectYesNo(kQuestion, false);
+            prompts.ExpectYesNo(kBatchQuestion, false);
         DownloadRows(rows, out);
     }
     [[nodiscard]] QStringList Files() const {
@@ -39,17 +39,17 @@ protected:
 } // namespace
 
 TEST_F(BatchDownloadTest, GoesThroughTheRowsInOrderWithProgress) {
-    prompts.ExpectYesNo(kQuestion, true);
+    prompts.ExpectYesNo(kBatchQuestion, true);
     prompts.ExpectOpenFolder(out);
     DownloadRows({Row(u"u1"_s, u"a.jpg"_s), BatchRow(), Row(u"u2"_s, u"b.jpg"_s)}, out);
-    EXPECT_EQ(
-        Log().Lines(),
-        (Calls{"Progress.Create(ZVKX)", "Progress.SetTitle(正在下载Vesk照片...)", "Progress.Show()",
-               "Progress.SetRange(3)", "DownloadFile(uuid=u1,kind=5,flag=false,value=0)",
-               "Progress.SetPos(1)", "Progress.SetPos(2)",
-               "DownloadFile(uuid=u2,kind=5,flag=false,value=0)", "Progress.SetPos(3)",
-               "AskYesNo(" + kQuestion.toStdString() + ")", "OpenFolder(" + out.toStdString() + ")",
-               "Progress.Close()", "WriteActionLog(下载Vesk照片)"}));
+    EXPECT_EQ(Log().Lines(),
+              (Calls{"Progress.Create(ZVKX)", "Progress.SetTitle(正在下载Vesk照片...)",
+                     "Progress.Show()", "Progress.SetRange(3)",
+                     "DownloadFile(uuid=u1,kind=5,flag=false,value=0)", "Progress.SetPos(1)",
+                     "Progress.SetPos(2)", "DownloadFile(uuid=u2,kind=5,flag=false,value=0)",
+                     "Progress.SetPos(3)", "AskYesNo(" + kBatchQuestion.toStdString() + ")",
+                     "OpenFolder(" + out.toStdString() + ")", "Progress.Close()",
+                     "WriteActionLog(下载Vesk照片)"}));
     EXPECT_EQ(folder.Read(u"out/a.jpg"_s), "u1");
     EXPECT_EQ(folder.Read(u"out/b.jpg"_s), "u2");
 }

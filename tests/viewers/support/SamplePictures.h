@@ -14,6 +14,9 @@ inline const QColor kTopRight(30, 180, 30);
 inline const QColor kBottomLeft(30, 30, 220);
 inline const QColor kBottomRight(230, 200, 30);
 
+/// Background of the gallery.
+inline const QColor kPaneColour(0xFA, 0xFA, 0xFA);
+
 /// Each quarter has its colour, so that a turned, mirrored or cropped picture shows as such.
 [[nodiscard]] QImage CornerMarked(const QSize& size);
 [[nodiscard]] QImage OneColour(const QSize& size, const QColor& colour);

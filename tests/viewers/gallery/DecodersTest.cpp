@@ -1,0 +1,118 @@
+// Decoding beside the interface thread.
+#include "viewers/Decoders.h"
+#include "viewers/PictureCache.h"
+
+#include "tests/support/TempFolder.h"
+#include "tests/support/WaitFor.h"
+#include "tests/viewers/support/SamplePictures.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using gallery::DecodeJob;
+
+namespace {
+
+class DecodersTest : public testing::Test {
+protected:
+    ~DecodersTest() override { gallery::JoinDecoders(); }
+
+    QString Picture(const QString& name, const QColor& colour) {
+        return folder.Write(name, support::PngBytes(support::OneColour({64, 64}, colour)));
+    }
+    static toolkit::PictureRequest Request(const QString& path) {
+        toolkit::PictureRequest request;
+        request.path = path;
+        request.size = {16, 16};
+        return request;
+    }
+
+    support::TempFolder folder;
+};
+
+} // namespace
+
+TEST_F(DecodersTest, TheThreadThatNeedsAPictureDecodesItIfNobodyHasBegun) {
+    DecodeJob job(Request(Picture(u"a"_s, Qt::red)));
+    EXPECT_FALSE(job.IsDone());
+    EXPECT_TRUE(job.GetIfDone().isNull());
+    EXPECT_EQ(job.Get().pixelColor(0, 0), QColor(Qt::red));
+    EXPECT_TRUE(job.IsDone());
+}
+
+TEST_F(DecodersTest, DecodersDoJobsAndTell) {
+    std::atomic<int> told{0};
+    std::vector<std::shared_ptr<DecodeJob>> jobs;
+    for (int i = 0; i < 20; ++i) {
+        jobs.push_back(std::make_shared<DecodeJob>(
+            Request(Picture(u"p%1"_s.arg(i), QColor(i * 10, 0, 0))), [&] { ++told; }));
+        gallery::DecodeInBackground(jobs.back(), gallery::Urgency::Ahead);
+    }
+    EXPECT_TRUE(support::WaitFor([&] { return told.load() == 20; }));
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(jobs[size_t(i)]->Get().pixelColor(5, 5), QColor(i * 10, 0, 0));
+}
+
+TEST_F(DecodersTest, WorkIsSharedWithWhoeverWaits) {
+    for (int round = 0; round < 30; ++round) {
+        const auto job = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)));
+        gallery::DecodeInBackground(job, gallery::Urgency::Wanted);
+        EXPECT_EQ(job->Get().pixelColor(0, 0), QColor(Qt::red));
+    }
+}
+
+TEST_F(DecodersTest, AJobThatIsGivenUpHasNoResult) {
+    const auto job = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)),
+                                                 [] { ADD_FAILURE() << "told"; });
+    job->GiveUp();
+    gallery::DecodeInBackground(job, gallery::Urgency::Wanted);
+    EXPECT_TRUE(job->Get().isNull());
+}
+
+TEST_F(DecodersTest, DecodersThatWereJoinedStartAgain) {
+    gallery::JoinDecoders();
+    const auto job = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)));
+    gallery::DecodeInBackground(job, gallery::Urgency::Ahead);
+    EXPECT_TRUE(support::WaitFor([&] { return job->IsDone(); }));
+}
+
+TEST_F(DecodersTest, TheCacheKeepsAFewAndPreparesTheNext) {
+    gallery::PictureCache cache;
+    const QString first = Picture(u"a"_s, Qt::red);
+    const QString next = Picture(u"b"_s, Qt::blue);
+    EXPECT_EQ(cache.Get(first, {20, 20}).size(), QSize(20, 20));
+    EXPECT_TRUE(cache.Find(next).isNull());
+    cache.Prepare(next, {20, 20});
+    EXPECT_TRUE(support::WaitFor([&] { return !cache.Find(next).isNull(); }));
+    for (int i = 0; i < 4; ++i)
+        (void)cache.Get(Picture(u"c%1"_s.arg(i), Qt::green), {20, 20});
+    EXPECT_TRUE(cache.Find(first).isNull()) << "the oldest goes first";
+}
+
+TEST_F(DecodersTest, TheCacheHoldsFewerOfLargerPictures) {
+    gallery::PictureCache cache;
+    const QSize large(3000, 2000);
+    for (int i = 0; i < 3; ++i)
+        (void)cache.Get(Picture(u"c%1"_s.arg(i), Qt::green), large);
+    EXPECT_TRUE(cache.Find(folder.Path(u"c0"_s)).isNull());
+    EXPECT_FALSE(cache.Find(folder.Path(u"c1"_s)).isNull());
+    EXPECT_FALSE(cache.Find(folder.Path(u"c2"_s)).isNull());
+}
+
+TEST_F(DecodersTest, AReplacedFileIsDecodedAnew) {
+    gallery::PictureCache cache;
+    const QString path = Picture(u"a"_s, Qt::red);
+    EXPECT_EQ(cache.Get(path, {8, 8}).pixelColor(0, 0), QColor(Qt::red));
+    folder.Write(u"a"_s, support::PngBytes(support::OneColour({65, 64}, Qt::blue)));
+    EXPECT_TRUE(cache.Find(path).isNull());
+    EXPECT_EQ(cache.Get(path, {8, 8}).pixelColor(0, 0), QColor(Qt::blue));
+}
+
+TEST_F(DecodersTest, WhatIsPreparedForOthersIsGivenUp) {
+    gallery::PictureCache cache;
+    const QString kept = Picture(u"a"_s, Qt::red);
+    cache.Prepare(Picture(u"b"_s, Qt::blue), {20, 20});
+    cache.Prepare(kept, {20, 20});
+    cache.GiveUpOthers(kept);
+    EXPECT_EQ(cache.Get(kept, {20, 20}).pixelColor(0, 0), QColor(Qt::red));
+}

@@ -1,0 +1,242 @@
+#include "viewers/GalleryPainter.h"
+
+#include "tests/viewers/support/SamplePictures.h"
+
+#include <QPainter>
+#include <gtest/gtest.h>
+
+using gallery::Cell;
+using gallery::CellFrame;
+using gallery::GalleryState;
+using support::IsNear;
+
+namespace {
+
+const QColor kTrack(0xB1, 0xC3, 0xD9);
+const QColor kAccent(0x00, 0xB6, 0xF0);
+const QColor kHover(0xA9, 0xDA, 0xF5);
+const QRect kRect(20, 20, 94, 79);
+
+Cell SampleCell(qint32 state) {
+    Cell cell;
+    cell.rect = kRect;
+    cell.state = state;
+    return cell;
+}
+
+QImage Painted(const Cell& cell, qreal ratio = 1) {
+    const QImage dark = support::OneColour(kRect.size(), QColor(40, 60, 80));
+    QImage image(QSize(140, 120) * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(support::kPaneColour);
+    QPainter painter(&image);
+    gallery::PaintCell(painter, cell, dark);
+    return image;
+}
+
+/// Number of pixels of a rectangle near a colour.
+int CountNear(const QImage& image, const QRect& rect, const QColor& colour, int tolerance = 40) {
+    int count = 0;
+    for (int y = rect.top(); y <= rect.bottom(); ++y) {
+        for (int x = rect.left(); x <= rect.right(); ++x)
+            count += IsNear(image.pixelColor(x, y), colour, tolerance);
+    }
+    return count;
+}
+
+/// The band across the middle of the sample cell.
+QRect Band() {
+    return {20, 20 + 79 / 2 - 10, 94, 20};
+}
+
+/// Dark under white of 100 in 255.
+const QColor kBandColour(124, 136, 149);
+
+GalleryState WideState() {
+    GalleryState state;
+    state.items.resize(20);
+    for (GalleryItem& item : state.items)
+        item.picState = kOnDisk;
+    state.stripBar.maxPos = 19;
+    gallery::PlaceAreas(state, QRect(0, 0, 500, 295), QRect(5, 300, 490, 95),
+                        [](int) { return QSize(300, 200); });
+    return state;
+}
+
+QImage PaintedStrip(const GalleryState& state, const std::vector<Cell>& cells) {
+    QImage image(500, 400, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    QPainter painter(&image);
+    gallery::PaintStrip(painter, state, cells, QImage());
+    return image;
+}
+
+} // namespace
+
+TEST(GalleryPainter, AWaitingCellHasABandWithWhiteTextOnTheDefaultPicture) {
+    const QImage image = Painted(SampleCell(kWaiting));
+    EXPECT_EQ(image.pixelColor(22, 22), QColor(40, 60, 80));
+    EXPECT_TRUE(IsNear(image.pixelColor(22, Band().top() + 1), kBandColour, 3));
+    EXPECT_EQ(image.pixelColor(22, Band().top() - 1), QColor(40, 60, 80));
+    EXPECT_EQ(image.pixelColor(22, Band().bottom() + 1), QColor(40, 60, 80));
+    EXPECT_GT(CountNear(image, Band(), Qt::white), 60);
+}
+
+TEST(GalleryPainter, EveryStateSaysSomethingElse) {
+    Cell gone = SampleCell(kOnDisk);
+    gone.fileThere = false;
+    const std::vector<QImage> images{Painted(SampleCell(kWaiting)),
+                                     Painted(SampleCell(kDownloading)),
+                                     Painted(SampleCell(kDownloadFailedState)), Painted(gone)};
+    for (size_t i = 0; i < images.size(); ++i) {
+        for (size_t j = 0; j < i; ++j)
+            EXPECT_NE(images[i], images[j]) << i << " and " << j;
+    }
+    EXPECT_GT(CountNear(images[2], Band(), QColor(255, 0, 0), 60), 40) << "failed: red text";
+    EXPECT_GT(CountNear(images[3], Band(), Qt::white), 60);
+}
+
+TEST(GalleryPainter, TheProgressBandGrowsWithThePercent) {
+    // 92 pixels between the band's edges, accent of 150 in 255 over the band's colour.
+    const QColor accent(51, 166, 202);
+    for (const int percent : {0, 1, 25, 50, 99, 100}) {
+        Cell cell = SampleCell(kDownloading);
+        cell.percent = percent;
+        const QImage image = Painted(cell);
+        const int row = Band().top() + 1;
+        int filled = 0;
+        for (int x = Band().left(); x <= Band().right(); ++x)
+            filled += IsNear(image.pixelColor(x, row), accent, 6);
+        EXPECT_EQ(filled, 92 * percent / 100) << percent;
+        EXPECT_GT(CountNear(image, Band(), Qt::white), 15) << percent;
+        EXPECT_TRUE(IsNear(image.pixelColor(60, Band().top()), kBandColour, 3)) << "its edge stays";
+    }
+}
+
+TEST(GalleryPainter, APictureHasAFrameOfTwoPixels) {
+    Cell cell = SampleCell(kOnDisk);
+    cell.picture = support::OneColour({92, 77}, Qt::darkGreen);
+    const QImage image = Painted(cell);
+    EXPECT_EQ(image.pixelColor(18, 60), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(19, 60), kTrack);
+    EXPECT_EQ(image.pixelColor(20, 60), kTrack);
+    EXPECT_EQ(image.pixelColor(21, 60), QColor(Qt::darkGreen));
+    EXPECT_EQ(image.pixelColor(112, 60), QColor(Qt::darkGreen));
+    EXPECT_EQ(image.pixelColor(113, 60), kTrack);
+    EXPECT_EQ(image.pixelColor(114, 60), kTrack);
+    EXPECT_EQ(image.pixelColor(115, 60), support::kPaneColour);
+}
+
+TEST(GalleryPainter, CurrentAndHoverFramesLieThreePixelsWideAroundTheCell) {
+    for (const auto& [frame, colour] :
+         {std::pair(CellFrame::Current, kAccent), std::pair(CellFrame::Hover, kHover)}) {
+        Cell cell = SampleCell(kWaiting);
+        cell.frame = frame;
+        const QImage image = Painted(cell);
+        for (int outside = 1; outside <= 3; ++outside) {
+            EXPECT_EQ(image.pixelColor(20 - outside, 40), colour);
+            EXPECT_EQ(image.pixelColor(113 + outside, 40), colour);
+            EXPECT_EQ(image.pixelColor(60, 20 - outside), colour);
+            EXPECT_EQ(image.pixelColor(60, 98 + outside), colour);
+        }
+        EXPECT_EQ(image.pixelColor(16, 40), support::kPaneColour);
+        EXPECT_EQ(image.pixelColor(20, 40), QColor(40, 60, 80));
+    }
+}
+
+TEST(GalleryPainter, OnADenseScreenEveryPixelOfAFrameIsTwo) {
+    Cell cell = SampleCell(kWaiting);
+    cell.frame = CellFrame::Current;
+    const QImage image = Painted(cell, 2);
+    EXPECT_EQ(image.pixelColor(34, 80), kAccent);
+    EXPECT_EQ(image.pixelColor(39, 80), kAccent);
+    EXPECT_EQ(image.pixelColor(33, 80), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(40, 80), QColor(40, 60, 80));
+}
+
+TEST(GalleryPainter, ACellWithNothingToFetchIsEmpty) {
+    const QImage image = Painted(SampleCell(kNothingToFetch));
+    EXPECT_EQ(CountNear(image, kRect, support::kPaneColour, 0), 94 * 79);
+}
+
+TEST(GalleryPainter, TheIndicatorShowsTrackAndThumbWhereThereIsMoreThanTheStripShows) {
+    GalleryState state = WideState();
+    const QImage image = PaintedStrip(state, {});
+    const QRect track = state.stripBar.trackRect;
+    const QRect thumb = state.stripBar.thumbRect;
+    ASSERT_FALSE(track.isEmpty());
+    EXPECT_EQ(image.pixelColor(thumb.left(), thumb.top()), kAccent);
+    EXPECT_EQ(image.pixelColor(thumb.right(), thumb.bottom()), kAccent);
+    EXPECT_EQ(image.pixelColor(thumb.right() + 1, thumb.top()), kTrack);
+    EXPECT_EQ(image.pixelColor(track.right(), track.bottom()), kTrack);
+    EXPECT_EQ(image.pixelColor(track.right() + 1, track.top()), support::kPaneColour);
+    state.stripBar.overflow = false;
+    EXPECT_EQ(PaintedStrip(state, {}).pixelColor(thumb.topLeft()), support::kPaneColour);
+}
+
+TEST(GalleryPainter, TheStripFillsItsAreaAndNothingElse) {
+    const QImage image = PaintedStrip(WideState(), {});
+    EXPECT_EQ(image.pixelColor(5, 300), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(494, 394), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(4, 300), QColor(Qt::magenta));
+    EXPECT_EQ(image.pixelColor(495, 394), QColor(Qt::magenta));
+}
+
+TEST(GalleryPainter, ACurrentIndexOutsideTheListLeavesTheStripEmpty) {
+    GalleryState state = WideState();
+    state.currentIndex = 20;
+    Cell cell = SampleCell(kWaiting);
+    cell.rect = state.items[0].thumbRect;
+    const QImage image = PaintedStrip(state, {cell});
+    EXPECT_EQ(CountNear(image, state.stripArea, support::kPaneColour, 0),
+              state.stripArea.width() * state.stripArea.height());
+}
+
+TEST(GalleryPainter, WithoutAPictureTheAreaSaysSoInItsMiddle) {
+    const GalleryState state = WideState();
+    QImage image(500, 400, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    QPainter painter(&image);
+    gallery::PaintNoBigPicture(painter, state);
+    const QRect middle(220, 135, 60, 25);
+    EXPECT_GT(CountNear(image, middle, QColor(0x15, 0x42, 0x8B), 60), 60);
+    EXPECT_EQ(image.pixelColor(150, 100), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(499, 294), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(499, 295), QColor(Qt::magenta));
+}
+
+TEST(GalleryPainter, TheBigPictureIsCopiedToItsPlaceOnTheBackground) {
+    GalleryState state = WideState();
+    QImage image(500, 400, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    QPainter painter(&image);
+    const QRect place = state.picRect;
+    gallery::PaintBigPicture(painter, state,
+                             {{QRectF(place), support::CornerMarked(place.size())}});
+    EXPECT_EQ(image.pixelColor(place.topLeft()), support::kTopLeft);
+    EXPECT_EQ(image.pixelColor(place.bottomRight()), support::kBottomRight);
+    EXPECT_EQ(image.pixelColor(place.left() - 1, 5), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(0, 0), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(0, 295), QColor(Qt::magenta));
+}
+
+TEST(GalleryPainter, ASlideShowsBothImagesAtTheirOffsets) {
+    const GalleryState state = WideState();
+    gallery::SlideScene scene;
+    scene.ofPicture = true;
+    scene.slide = gallery::PictureSlide(
+        {state.bigArea, QRect(100, 0, 300, 295), QRect(100, 0, 300, 295), true, 0, 1});
+    scene.oldImage = support::OneColour({300, 295}, Qt::red);
+    scene.newImage = support::OneColour({300, 295}, Qt::blue);
+    scene.offset = 200;
+    QImage image(500, 400, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    QPainter painter(&image);
+    gallery::PaintSlide(painter, state, scene);
+    // Distance 401: the old one ends at 200, the new one begins at 301.
+    EXPECT_EQ(image.pixelColor(199, 20), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(200, 20), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(300, 20), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(301, 20), QColor(Qt::blue));
+    EXPECT_EQ(image.pixelColor(301, 296), QColor(Qt::magenta));
+}

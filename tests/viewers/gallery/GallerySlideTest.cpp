@@ -1,0 +1,161 @@
+// The slides, frame by frame.
+#include "tests/viewers/gallery/GalleryFixture.h"
+
+#include "tests/viewers/support/SamplePictures.h"
+
+#include <QTest>
+#include <gmock/gmock.h>
+
+#include <functional>
+
+using gallery::ItemRange;
+
+namespace {
+
+/// Does something in every sleep of the interface thread.
+class FrameClock final : public toolkit::IClock {
+public:
+    explicit FrameClock(std::function<void()> frame)
+        : m_frame(std::move(frame)), m_before(toolkit::SetClock(this)) {}
+    ~FrameClock() override { toolkit::SetClock(m_before); }
+
+    std::vector<int> sleeps;
+
+    qint64 NowSeconds() override { return 0; }
+    void SleepMilliseconds(int milliseconds) override {
+        sleeps.push_back(milliseconds);
+        m_frame();
+    }
+
+private:
+    std::function<void()> m_frame;
+    toolkit::IClock* m_before;
+};
+
+class GallerySlide : public GalleryFixture {
+protected:
+    void Start(bool horizontal = true) {
+        Open(true, horizontal);
+        SetItems(OnDisk(20));
+        gallery->told.clear();
+    }
+    /// What the window shows in each frame of what `action` does.
+    std::vector<QImage> Frames(const std::function<void()>& action) {
+        std::vector<QImage> frames;
+        FrameClock frameClock([&] { frames.push_back(Shown()); });
+        action();
+        for (const int pause : frameClock.sleeps)
+            EXPECT_EQ(pause, 10);
+        return frames;
+    }
+};
+
+} // namespace
+
+TEST_F(GallerySlide, ThePictureLeavesToTheLeftAndTheNextArrivesExactly) {
+    Start();
+    const QRect place = State().picRect;
+    const auto frames = Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); });
+    const int distance = (500 - place.width()) / 2 + place.width() + 1;
+    const auto offsets = gallery::SlideOffsets(distance);
+    ASSERT_EQ(frames.size(), offsets.size());
+    const int y = place.center().y();
+    EXPECT_EQ(frames.front().pixelColor(place.left(), 20), ColourOf(0));
+    const int middle = offsets[5];
+    EXPECT_EQ(frames[5].pixelColor(place.right() - middle, 20), ColourOf(0));
+    EXPECT_EQ(frames[5].pixelColor(place.right() - middle + 1, 20), support::kPaneColour);
+    EXPECT_EQ(frames[5].pixelColor(place.left() + distance - middle, 20), ColourOf(1));
+    EXPECT_EQ(frames[5].pixelColor(place.left() + distance - middle - 1, 20), support::kPaneColour);
+    EXPECT_EQ(frames.back().pixelColor(place.left(), y), ColourOf(1));
+    EXPECT_EQ(frames.back().pixelColor(place.left() - 1, 20), support::kPaneColour);
+    EXPECT_EQ(State().shownIndex, 1);
+}
+
+TEST_F(GallerySlide, GoingBackSlidesToTheRightAndAVerticalStripSlidesDown) {
+    Start();
+    gallery->SelectPic(1, gallery::kCurrentLast);
+    const QRect place = State().picRect;
+    auto frames = Frames([this] { gallery->SelectPic(0, gallery::kCurrentFirst); });
+    int offset = ((500 - place.width()) / 2 + place.width() + 1) / 10;
+    EXPECT_EQ(frames[1].pixelColor(place.left() + offset - 1, 20), support::kPaneColour);
+    EXPECT_EQ(frames[1].pixelColor(place.left() + offset, 20), ColourOf(1));
+    gallery->Destroy();
+    Start(false);
+    gallery->SelectPic(1, gallery::kCurrentLast);
+    const QRect tall = State().picRect;
+    frames = Frames([this] { gallery->SelectPic(0, gallery::kCurrentFirst); });
+    ASSERT_FALSE(frames.empty());
+    offset = ((400 - tall.height()) / 2 + tall.height() + 1) / 10;
+    EXPECT_EQ(frames[1].pixelColor(tall.left() + 5, tall.top() + offset - 1), support::kPaneColour);
+    EXPECT_EQ(frames[1].pixelColor(tall.left() + 5, tall.top() + offset), ColourOf(1));
+}
+
+TEST_F(GallerySlide, TheStepButtonsStayAboveTheSlide) {
+    Start();
+    const QImage before = Shown();
+    const QRect button = State().buttons[gallery::kNextPic].rect;
+    const auto frames = Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); });
+    QPoint ink;
+    for (int y = button.top(); y <= button.bottom() && ink.isNull(); ++y) {
+        for (int x = button.left(); x <= button.right(); ++x) {
+            if (before.pixelColor(x, y).blue() > before.pixelColor(x, y).red() + 60)
+                ink = {x, y};
+        }
+    }
+    ASSERT_FALSE(ink.isNull()) << "the button shows something";
+    for (const QImage& frame : frames)
+        EXPECT_EQ(frame.pixelColor(ink), before.pixelColor(ink));
+}
+
+TEST_F(GallerySlide, TheStripSlidesByTheCellsThatLeaveIt) {
+    Start();
+    const auto frames = Frames([this] { gallery->PageStrip(true); });
+    ASSERT_EQ(frames.size(), 11U);
+    const QPoint second(kFirstCell - 15 + 150, 340);
+    EXPECT_EQ(frames.front().pixelColor(second), ColourOf(1));
+    EXPECT_EQ(frames[5].pixelColor(second), ColourOf(3)) << "half way: two cells on";
+    EXPECT_EQ(frames.back().pixelColor(second), ColourOf(5));
+    EXPECT_EQ(Shown().pixelColor(second), ColourOf(5));
+    EXPECT_FALSE(State().stripSlidePending);
+}
+
+TEST_F(GallerySlide, AClickedThumbnailSlidesPictureThenStrip) {
+    Start();
+    const auto frames =
+        Frames([this] { QTest::mouseClick(Pane(), Qt::LeftButton, {}, ThumbMiddle(3)); });
+    const QRect place = State().picRect;
+    const size_t pictures =
+        gallery::SlideOffsets((500 - place.width()) / 2 + place.width() + 1).size();
+    // One cell leaves the strip: a distance of 100.
+    EXPECT_EQ(frames.size(), pictures + 11);
+    EXPECT_EQ(State().visible, (ItemRange{1, 4}));
+    EXPECT_EQ(frames.back().pixelColor(PictureMiddle()), ColourOf(3));
+}
+
+TEST_F(GallerySlide, NoOtherEventIsHandledInBetween) {
+    Start();
+    const auto handled = std::make_shared<bool>(false);
+    QMetaObject::invokeMethod(
+        Pane(), [handled] { *handled = true; }, Qt::QueuedConnection);
+    Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); });
+    EXPECT_FALSE(*handled);
+}
+
+TEST_F(GallerySlide, AHiddenWindowChangesWithoutASlide) {
+    Open(false);
+    SetItems(OnDisk(5));
+    EXPECT_TRUE(Frames([this] {
+                    gallery->SelectPic(1, gallery::kCurrentLast);
+                    gallery->PageStrip(true);
+                }).empty());
+    EXPECT_EQ(State().currentIndex, 1);
+}
+
+TEST_F(GallerySlide, FromNoPictureNothingSlides) {
+    Open();
+    auto items = OnDisk(3);
+    items[0].picPath = folder.Path(QStringLiteral("none.jpg"));
+    items[0].picState = kDownloadFailedState;
+    SetItems(items);
+    EXPECT_TRUE(Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); }).empty());
+}

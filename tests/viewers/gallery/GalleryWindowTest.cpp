@@ -1,0 +1,116 @@
+// The gallery's window: sizes, repaints, its life.
+#include "tests/viewers/gallery/GalleryFixture.h"
+
+#include "tests/support/WaitFor.h"
+#include "tests/viewers/support/SamplePictures.h"
+
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class GalleryWindow : public GalleryFixture {};
+
+/// Counts the paint events of a widget.
+class PaintCounter final : public QObject {
+public:
+    explicit PaintCounter(QWidget* watched) { watched->installEventFilter(this); }
+    [[nodiscard]] int Count() const { return m_count; }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        m_count += event->type() == QEvent::Paint;
+        return false;
+    }
+
+private:
+    int m_count = 0;
+};
+
+} // namespace
+
+TEST_F(GalleryWindow, AResizeStretchesThePictureAtOnceAndRendersItASecondLater) {
+    Open();
+    folder.Write(u"a.png"_s, support::PngBytes(support::CornerMarked({300, 200})));
+    SetItems(support::FolderGallery::ItemsOf({folder.Path(u"a.png"_s)}));
+    Pane()->resize(700, 600);
+    support::RunPendingEvents();
+    const QRect place = State().picRect;
+    EXPECT_EQ(place.width(), 690);
+    QImage shown = Shown();
+    EXPECT_EQ(shown.pixelColor(place.topLeft()), support::kTopLeft);
+    EXPECT_EQ(shown.pixelColor(place.bottomRight()), support::kBottomRight);
+    EXPECT_EQ(shown.pixelColor(place.left() - 1, place.top()), QColor(0xFA, 0xFA, 0xFA));
+    // A stretched rendering and one of the true size differ where the colours meet.
+    const QRect seam(place.center() - QPoint(3, 3), QSize(7, 7));
+    const QImage stretched = shown.copy(seam);
+    const PaintCounter paints(Pane());
+    ASSERT_TRUE(support::WaitFor([&] { return paints.Count() > 0; }));
+    EXPECT_NE(Shown().copy(seam), stretched);
+}
+
+TEST_F(GalleryWindow, WhatTheAreasLeaveFreeIsErased) {
+    Open();
+    SetItems(OnDisk(3));
+    gallery->SetPicRects(QRect(50, 50, 200, 150), QRect(50, 250, 300, 95));
+    const QImage shown = Shown();
+    EXPECT_EQ(shown.pixelColor(400, 100), QColor(0xFA, 0xFA, 0xFA));
+    EXPECT_EQ(shown.pixelColor(State().picRect.center()), ColourOf(0));
+}
+
+TEST_F(GalleryWindow, AnEmptyAreaLeavesThePlacesAsTheyAre) {
+    Open();
+    SetItems(OnDisk(3));
+    const QRect before = State().bigArea;
+    gallery->SetPicRects(QRect(), QRect(0, 0, 300, 95));
+    gallery->SetPicRects(QRect(0, 0, 300, 300), QRect());
+    EXPECT_EQ(State().bigArea, before);
+}
+
+TEST_F(GalleryWindow, AWindowThatEndsLeavesAFreshGalleryThatCanBeCreatedAgain) {
+    Open();
+    SetItems(OnDisk(5), 3);
+    gallery->Destroy();
+    EXPECT_TRUE(State().items.empty());
+    EXPECT_EQ(State().currentIndex, 0);
+    EXPECT_EQ(State().shownIndex, -1);
+    Open();
+    SetItems(OnDisk(5));
+    EXPECT_EQ(PixelAt(PictureMiddle()), ColourOf(0));
+}
+
+TEST_F(GalleryWindow, EndsWithItsParent) {
+    auto parent = std::make_unique<QWidget>();
+    const toolkit::WindowId id =
+        toolkit::RegisterWindow(parent.get(), [](const toolkit::WindowEvent&) { return 0; });
+    gallery->Create(id);
+    EXPECT_EQ(Pane()->parentWidget(), parent.get());
+    SetItems(OnDisk(5));
+    parent.reset();
+    EXPECT_FALSE(gallery->HasWindow());
+    EXPECT_TRUE(State().items.empty());
+}
+
+TEST_F(GalleryWindow, AnObjectThatDiesLeavesItsPaneToTheEventLoop) {
+    Open();
+    SetItems(OnDisk(5));
+    const QPointer<QWidget> pane = Pane();
+    gallery.reset();
+    if (pane)
+        QTest::keyClick(pane, Qt::Key_Right);
+    support::RunPendingEvents();
+    EXPECT_TRUE(pane.isNull());
+}
+
+TEST_F(GalleryWindow, ButtonImagesComeFromTheWorkFolder) {
+    folder.Write(u"work/left_pic.png"_s,
+                 support::PngBytes(support::OneColour({200, 90}, Qt::darkRed)));
+    folder.Write(u"work/down_thumb.png"_s,
+                 support::PngBytes(support::OneColour({110, 120}, Qt::darkCyan)));
+    Open(true, false);
+    SetItems(OnDisk(20));
+    EXPECT_TRUE(State().buttons[gallery::kPrevPic].HasImage());
+    EXPECT_FALSE(State().buttons[gallery::kNextPic].HasImage());
+    EXPECT_EQ(PixelAt(State().buttons[gallery::kPrevPic].rect.center()), QColor(Qt::darkRed));
+    EXPECT_EQ(PixelAt(State().buttons[gallery::kThumbDown].rect.center()), QColor(Qt::darkCyan));
+}

@@ -1,0 +1,38 @@
+// A gallery and nothing beside it.
+#pragma once
+
+#include "viewers/PicViewDlg.h"
+
+#include <vector>
+
+namespace support {
+
+/// Lays picture and strip out over the whole window and records what it is told.
+class FolderGallery final : public CPicViewDlg {
+public:
+    using CPicViewDlg::extraAudio;
+    using CPicViewDlg::StartDownload;
+
+    /// The strip lies below the picture, otherwise to its right.
+    bool horizontal = true;
+    std::vector<int> told;      ///< of OnCurPicChanged
+    std::vector<int> audioTold; ///< of OnAudioProgress
+    int closed = 0;
+
+    /// Items for files, one each; their uuids are the files' base names.
+    [[nodiscard]] static std::vector<GalleryItem> ItemsOf(const QStringList& paths);
+    /// The picture files of a folder by name.
+    [[nodiscard]] static QStringList PicturesIn(const QString& folder);
+
+protected:
+    void OnCurPicChanged(int index) override { told.push_back(index); }
+    void OnAudioProgress(int value) override { audioTold.push_back(value); }
+    void OnCreated() override;
+    void OnResized() override { LayOut(); }
+    void OnClose() override;
+
+private:
+    void LayOut();
+};
+
+} // namespace support

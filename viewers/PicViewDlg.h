@@ -1,0 +1,134 @@
+// The gallery that every viewer is built on.
+#pragma once
+
+#include "toolkit/PopTipDlg.h"
+#include "viewers/DownloadWorker.h"
+#include "viewers/GalleryPane.h"
+#include "viewers/GalleryPictures.h"
+#include "viewers/GalleryState.h"
+#include "viewers/GalleryTimers.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+/// A big picture, a strip of thumbnails with page buttons and indicator, two step buttons; pictures
+/// and voice notes that are not on disk arrive in the background.
+///
+/// Knows nothing of photos, issues or checkpoints: a subclass hands it items and is told which one
+/// is current. What a viewer shows beside the pictures is the subclass's, as children of the pane.
+/// Thread: user interface. The object outlives its window and can be created again.
+class CPicViewDlg : public CPopTipDlg, private gallery::IGalleryEvents {
+public:
+    CPicViewDlg();
+    ~CPicViewDlg() override;
+
+    /// Replaces the list. Set the current index first. The current item is told, unless the list is
+    /// empty.
+    void SetPicItems(const std::vector<GalleryItem>& items);
+    /// Places of picture and strip, device-independent pixels of the pane; ignored if either is
+    /// empty.
+    void SetPicRects(const QRect& bigArea, const QRect& stripArea);
+    /// Shows another item; an index that is current or not in the list only has the present picture
+    /// rendered again.
+    void SelectPic(int index, gallery::StripMode mode);
+    /// Pages the strip; the current item stays.
+    void PageStrip(bool forward);
+    void SetCurrentIndex(int index) { m_state.currentIndex = index; }
+
+    [[nodiscard]] const gallery::GalleryState& State() const { return m_state; }
+
+protected:
+    /// The current item is now `index`: show its texts.
+    virtual void OnCurPicChanged(int index) = 0;
+    /// Percent of a running voice note's download; 1 also when one has ended well.
+    virtual void OnAudioProgress(int value) { Q_UNUSED(value); }
+
+    /// Starts a download unless enough run; index kExtraAudio: the list's own voice note.
+    void StartDownload(int index, gallery::DownloadKind kind);
+    /// Frees all items and renderings.
+    void ClearPicItems();
+    /// The state of a new gallery, with the texts of the services.
+    void ResetGallery();
+    /// First field of each download record.
+    [[nodiscard]] const QString& ServerText() const { return m_serverText; }
+
+    QWidget* MakeWindow(QWidget* parent) override;
+    void OnCreated() override;
+    void OnDestroyed() override;
+    qintptr OnEvent(const toolkit::WindowEvent& event) override;
+    /// Subclasses call it at the end of their own.
+    void OnTimer(int timerId) override;
+
+    /// A voice note that belongs to the list as a whole and to no item.
+    struct ExtraAudio {
+        QString uuid;
+        QString path;
+        int progress = 0;
+        qint32 state = kWaiting;
+    };
+    ExtraAudio extraAudio;
+
+private:
+    // Painting.
+    void OnPaint(QPainter& painter, const QRegion& region, bool onScreen) override;
+    void PaintPicture(QPainter& painter);
+    [[nodiscard]] bool RenderBigPicture();
+    [[nodiscard]] std::vector<gallery::PlacedImage> PictureLayers();
+    void PaintPictureArea(QPainter& painter);
+    /// @param later  the background only; the cells follow in a paint of their own.
+    void PaintStripArea(QPainter& painter, bool later);
+    [[nodiscard]] bool MayPaintStripLater(const QRegion& region) const;
+    [[nodiscard]] std::vector<gallery::Cell> CellsOf(const gallery::ItemRange& range);
+    [[nodiscard]] QImage DefaultPicture();
+    void Repaint(const QRect& area);
+    void UpdateAreas();
+    void RunPictureSlide();
+    void RunStripSlide();
+    void RunSlide(gallery::SlideScene scene);
+    [[nodiscard]] QImage RenderStripCells(const gallery::ItemRange& range);
+    [[nodiscard]] qreal Ratio() const;
+    [[nodiscard]] QSize SizeOf(int index);
+    [[nodiscard]] gallery::SizeReader Sizes();
+    void EraseFreed(const QRect& oldBig, const QRect& oldStrip);
+
+    // Input.
+    void OnLeftButtonDown(const QPoint& point) override;
+    void OnLeftButtonUp(const QPoint& point) override;
+    void OnDoubleClick(const QPoint& point) override;
+    void OnMouseMove(const QPoint& point) override;
+    void OnMouseLeave() override;
+    void OnMouseWheel(int delta, const QPoint& point, bool control) override;
+    bool OnKey(int key, Qt::KeyboardModifiers modifiers, bool onPane) override;
+    [[nodiscard]] QString TipAt(const QPoint& point) const override;
+    [[nodiscard]] QRect TipPlace(const QPoint& point) const override;
+    void OnCommand(int commandId);
+    bool StepByKey(int key);
+    bool PressButton(const QPoint& point);
+    void ClickThumb(int index);
+    void TakeFocus();
+    void SetHover(int index);
+    void SetZoom(const gallery::Zoom& zoom);
+    void UpdateCursor(const QPoint& point);
+    void CopyPicture() const;
+
+    // Downloads.
+    void StartDownloads();
+    void UpdateStripTimer();
+    void OnDownloadDone(const gallery::DownloadKey& key, qint32 status);
+    void OnDownloadProgress(const gallery::DownloadKey& key, int percent);
+    void ShowFinishedPicture(int index);
+    [[nodiscard]] qint32* StateOf(const gallery::DownloadKey& key);
+
+    gallery::GalleryState m_state;
+    gallery::GalleryPictures m_pictures;
+    QPointer<QWidget> m_pane;
+    QString m_serverText;
+    QString m_defaultPicPath;
+    std::unique_ptr<CKxMemDC> m_bigPicDC; ///< null if stale
+    QRect m_bigPicDCRect;                 ///< place of the picture when it was rendered
+    std::optional<gallery::SlideScene> m_slide;
+    std::optional<QPoint> m_dragFrom;
+    bool m_stripPutOff = false;
+    int m_travel = 1; ///< direction in which the user steps
+};

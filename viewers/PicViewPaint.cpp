@@ -1,0 +1,215 @@
+// How the gallery is painted, and its slides.
+#include "viewers/PicViewDlg.h"
+
+#include "toolkit/Clock.h"
+#include "toolkit/Look.h"
+
+#include <QFileInfo>
+#include <QPainter>
+
+namespace {
+
+constexpr int kRenderDelayMs = 1000;
+
+} // namespace
+
+qreal CPicViewDlg::Ratio() const {
+    return m_pane ? m_pane->devicePixelRatio() : 1.0;
+}
+
+void CPicViewDlg::Repaint(const QRect& area) {
+    if (!m_pane || area.isEmpty())
+        return;
+    // A window that gets its new size is painted right afterwards.
+    if (static_cast<gallery::GalleryPane*>(m_pane.data())->IsResizing())
+        m_pane->update(area);
+    else
+        m_pane->repaint(area);
+}
+
+void CPicViewDlg::EraseFreed(const QRect& oldBig, const QRect& oldStrip) {
+    const QRegion kept = QRegion(m_state.bigArea) + m_state.stripArea;
+    m_state.paintEnabled = false;
+    for (const QRect& freed : (QRegion(oldBig) + oldStrip) - kept)
+        Repaint(freed);
+    m_state.paintEnabled = true;
+    UpdateAreas();
+}
+
+void CPicViewDlg::UpdateAreas() {
+    if (gallery::SlidesPicture(m_state))
+        RunPictureSlide();
+    Repaint(m_state.bigArea);
+    RunStripSlide();
+    Repaint(m_state.stripArea);
+}
+
+void CPicViewDlg::OnPaint(QPainter& painter, const QRegion& region, bool onScreen) {
+    const QRegion areas = QRegion(m_state.bigArea) + m_state.stripArea;
+    for (const QRect& rest : m_state.paintEnabled ? region - areas : region)
+        painter.fillRect(rest, toolkit::Colors::Pane());
+    if (!m_state.paintEnabled)
+        return;
+    // Asked first, since painting the picture may make a thumbnail.
+    const bool later = onScreen && MayPaintStripLater(region);
+    if (region.intersects(m_state.bigArea))
+        PaintPictureArea(painter);
+    if (region.intersects(m_state.stripArea))
+        PaintStripArea(painter, later);
+}
+
+void CPicViewDlg::PaintPictureArea(QPainter& painter) {
+    if (m_slide && m_slide->ofPicture)
+        gallery::PaintSlide(painter, m_state, *m_slide);
+    else
+        PaintPicture(painter);
+}
+
+/// The big picture comes to the screen before thumbnails are decoded.
+bool CPicViewDlg::MayPaintStripLater(const QRegion& region) const {
+    return !m_stripPutOff && region.intersects(m_state.bigArea) &&
+           region.intersects(m_state.stripArea) && !m_state.picRect.isEmpty() &&
+           gallery::GalleryPictures::LacksThumbs(m_state.items, m_state.visible, Ratio());
+}
+
+void CPicViewDlg::PaintPicture(QPainter& painter) {
+    if (m_state.picRect.isEmpty() || !RenderBigPicture()) {
+        m_state.picRect = {};
+        m_state.shownIndex = -1;
+        gallery::PaintNoBigPicture(painter, m_state);
+        return;
+    }
+    m_state.skipSlide = false;
+    gallery::PaintBigPicture(painter, m_state, PictureLayers());
+    gallery::PaintZoomLabel(painter, m_state);
+    m_state.shownIndex = m_state.currentIndex;
+}
+
+/// False: the file can't be decoded.
+bool CPicViewDlg::RenderBigPicture() {
+    if (m_bigPicDC)
+        return true;
+    GalleryItem* item = m_state.ItemAt(m_state.currentIndex);
+    const QImage image =
+        item == nullptr ? QImage() : m_pictures.Big(*item, m_state.picRect.size(), Ratio());
+    if (image.isNull())
+        return false;
+    m_bigPicDC = std::make_unique<CKxMemDC>(image);
+    m_bigPicDCRect = m_state.picRect;
+    return true;
+}
+
+std::vector<gallery::PlacedImage> CPicViewDlg::PictureLayers() {
+    const gallery::ZoomView view = gallery::ViewOf(m_state, Ratio());
+    m_state.zoom = gallery::ClampZoom(m_state.zoom, view);
+    const QRectF place = gallery::ZoomedRect(m_state.zoom, view);
+    std::vector<gallery::PlacedImage> layers{{place, m_bigPicDC->Bitmap()}};
+    if (m_state.picRect.size() != m_bigPicDCRect.size())
+        SetTimer(gallery::kRenderTimer, kRenderDelayMs);
+    if (!m_state.zoom.fit)
+        layers.push_back(m_pictures.Sharp(m_state, Id(), Ratio()));
+    return layers;
+}
+
+QImage CPicViewDlg::DefaultPicture() {
+    const GalleryItem* first = m_state.ItemAt(m_state.visible.first);
+    const QSize size = first == nullptr ? QSize() : first->thumbRect.size();
+    return size.isEmpty() ? QImage() : m_pictures.Default(m_defaultPicPath, size, Ratio());
+}
+
+std::vector<gallery::Cell> CPicViewDlg::CellsOf(const gallery::ItemRange& range) {
+    std::vector<gallery::Cell> cells;
+    m_pictures.MakeThumbs(m_state.items, range, Ratio());
+    for (int i = range.first; !range.IsNone() && i <= range.last; ++i) {
+        const GalleryItem& item = m_state.items[size_t(i)];
+        gallery::Cell cell;
+        cell.rect = item.thumbRect;
+        cell.state = item.picState;
+        cell.percent = item.picProgress;
+        cell.fileThere = item.picState != kOnDisk || QFileInfo::exists(item.picPath);
+        if (item.thumbDC)
+            cell.picture = item.thumbDC->Bitmap();
+        if (i == m_state.currentIndex)
+            cell.frame = gallery::CellFrame::Current;
+        else if (i == m_state.hoverIndex)
+            cell.frame = gallery::CellFrame::Hover;
+        cells.push_back(cell);
+    }
+    return cells;
+}
+
+void CPicViewDlg::PaintStripArea(QPainter& painter, bool later) {
+    m_stripPutOff = later;
+    if (later) {
+        painter.fillRect(m_state.stripArea, toolkit::Colors::Pane());
+        m_pane->update(m_state.stripArea);
+        return;
+    }
+    const std::vector<gallery::Cell> cells = CellsOf(m_state.visible);
+    painter.save();
+    painter.setClipRect(m_state.stripArea, Qt::IntersectClip);
+    gallery::PaintStrip(painter, m_state, cells, DefaultPicture());
+    if (m_slide && !m_slide->ofPicture)
+        gallery::PaintSlide(painter, m_state, *m_slide);
+    painter.restore();
+    // What the user sees now is complete: time for what comes next.
+    if (m_pane->isVisible())
+        m_pictures.LookAhead(m_state, m_travel, Ratio());
+}
+
+/// Every frame is a state, a repaint and a sleep; no other event is handled in between.
+void CPicViewDlg::RunSlide(gallery::SlideScene scene) {
+    if (!m_pane || !m_pane->isVisible())
+        return;
+    m_slide = std::move(scene);
+    for (const int offset : gallery::SlideOffsets(m_slide->slide.distance)) {
+        m_slide->offset = offset;
+        m_pane->repaint(m_slide->slide.bounds);
+        toolkit::Clock().SleepMilliseconds(gallery::kSlideFrameMs);
+    }
+    m_slide.reset();
+}
+
+void CPicViewDlg::RunPictureSlide() {
+    GalleryItem* shown = m_state.ItemAt(m_state.shownIndex);
+    if (!m_pane || !m_pane->isVisible() || m_state.prevPicRect.isEmpty())
+        return;
+    gallery::SlideScene scene;
+    scene.slide =
+        gallery::PictureSlide({m_state.bigArea, m_state.prevPicRect, m_state.picRect,
+                               m_state.strip.horizontal, m_state.shownIndex, m_state.currentIndex});
+    scene.ofPicture = true;
+    scene.oldImage = m_pictures.Big(*shown, m_state.prevPicRect.size(), Ratio());
+    if (scene.oldImage.isNull() || !RenderBigPicture())
+        return;
+    scene.newImage = m_bigPicDC->Bitmap();
+    RunSlide(std::move(scene));
+    m_state.shownIndex = m_state.currentIndex;
+}
+
+/// Cells side by side from 0, 0 on.
+QImage CPicViewDlg::RenderStripCells(const gallery::ItemRange& range) {
+    std::vector<gallery::Cell> cells = CellsOf(range);
+    const gallery::StripShape& strip = m_state.strip;
+    const QSize cell(strip.cellWidth, strip.cellHeight);
+    const QPoint step = strip.horizontal ? QPoint(cell.width(), 0) : QPoint(0, cell.height());
+    for (size_t i = 0; i < cells.size(); ++i)
+        cells[i].rect = gallery::ThumbRectOf(QRect(step * int(i), cell));
+    const QPoint end = step * int(cells.size() - 1);
+    return gallery::RenderCells(cells, DefaultPicture(), QSize(end.x(), end.y()) + cell, Ratio());
+}
+
+void CPicViewDlg::RunStripSlide() {
+    if (!m_state.stripSlidePending)
+        return;
+    m_state.stripSlidePending = false;
+    const auto plan =
+        gallery::PlanStripSlide({m_state.strip, m_state.prevVisible, m_state.visible});
+    if (!plan || !m_pane || !m_pane->isVisible())
+        return;
+    gallery::SlideScene scene;
+    scene.slide = plan->slide;
+    scene.oldImage = RenderStripCells(plan->outgoing);
+    scene.newImage = RenderStripCells(m_state.visible);
+    RunSlide(std::move(scene));
+}
