@@ -3,8 +3,6 @@
 
 #include "host/sample/SampleSize.h"
 
-#include "host/sample/SampleSize.h"
-
 #include <QString>
 #include <QStringList>
 
