@@ -1,5 +1,6 @@
 #include "console/BatchDownload.h"
 
+#include "base/PicNames.h"
 #include "base/PictureLog.h"
 #include "services/Factories.h"
 #include "services/IExProgress.h"
@@ -9,7 +10,6 @@
 #include "toolkit/KXTools.h"
 #include "toolkit/Prompts.h"
 #include "toolkit/WindowRegistry.h"
-#include "viewers/PicNames.h"
 
 using namespace Qt::StringLiterals;
 

@@ -2,10 +2,10 @@
 #include "console/VeskPicMngGrid.h"
 
 #include "base/Guard.h"
+#include "base/PicNames.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "toolkit/KXTools.h"
-#include "viewers/PicNames.h"
 #include "viewers/SavePicAs.h"
 
 #include <QAction>

@@ -1,5 +1,6 @@
 #include "viewers/SavePicAs.h"
 
+#include "base/PicNames.h"
 #include "base/PictureLog.h"
 #include "services/Factories.h"
 #include "services/IKXFilesMng.h"
@@ -7,7 +8,6 @@
 #include "toolkit/FileCopy.h"
 #include "toolkit/KXTools.h"
 #include "toolkit/Prompts.h"
-#include "viewers/PicNames.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,4 +1,4 @@
-#include "viewers/PicNames.h"
+#include "base/PicNames.h"
 
 #include <gtest/gtest.h>
 
