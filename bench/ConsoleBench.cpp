@@ -1,6 +1,7 @@
 // The console on a site of a million photos: the time from the search to painted rows.
 #include "bench/BareGrid.h"
 #include "bench/ConsoleDriver.h"
+#include "bench/PeakMemory.h"
 #include "bench/Report.h"
 #include "bench/StartBench.h"
 #include "bench/StatementTrace.h"
@@ -13,7 +14,6 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QFile>
 #include <QProcess>
 #include <QTextStream>
 
@@ -131,17 +131,6 @@ void MeasureList(const ListCase& list, bench::Report& report) {
     }
 }
 
-/// Peak of the process's memory in MB; 0 where the platform doesn't tell.
-double PeakMegabytes() {
-    QFile status(u"/proc/self/status"_s);
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    for (const QByteArray& line : status.readAll().split('\n'))
-        if (line.startsWith("VmHWM:"))
-            return line.mid(6).trimmed().split(' ').first().toDouble() / 1024;
-    return 0;
-}
-
 /// Fills an empty folder; in a process of its own, so that its memory doesn't count.
 int FillSite(const QCommandLineParser& options) {
     host::HostSession session;
@@ -196,7 +185,7 @@ int MeasureConsole(const QCommandLineParser& options) {
     for (const ListCase& list : Lists())
         MeasureList(list, report);
     report.PrintTable();
-    report.AddFigure(u"peak memory"_s, PeakMegabytes(), u"MB"_s);
+    report.AddFigure(u"peak memory"_s, bench::PeakMegabytes(), u"MB"_s);
     CVeskPicMngDlg::ReleaseInstance();
     return report.WriteJson(options.value(u"out"_s)) ? 0 : 1;
 }

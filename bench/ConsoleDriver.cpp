@@ -1,5 +1,6 @@
 #include "bench/ConsoleDriver.h"
 
+#include "bench/Stopwatch.h"
 #include "console/VeskPicMngDlg.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "toolkit/ColorTxtComboBox.h"
@@ -9,7 +10,6 @@
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QDateEdit>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -96,15 +96,14 @@ void ConsoleDriver::SortBy(int column, const QString& order) {
 
 double ConsoleDriver::FetchAndPaint(int page) {
     auto& view = *qobject_cast<QTableView*>(m_console.Grid()->Widget());
-    QElapsedTimer timer;
-    timer.start();
+    const Stopwatch timer;
     if (page == 1)
         m_console.Controls()->searchButton->click();
     else
         m_console.Paging()->DoPage(page);
     view.viewport()->repaint();
     m_console.Widget()->repaint();
-    return double(timer.nsecsElapsed()) / 1e6;
+    return timer.Milliseconds();
 }
 
 int ConsoleDriver::PageCount() const {

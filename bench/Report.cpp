@@ -47,7 +47,7 @@ void Report::Add(const CaseResult& result) {
 
 void Report::AddFigure(const QString& name, double value, const QString& unit) {
     m_figures[name] = QJsonObject{{u"value"_s, value}, {u"unit"_s, unit}};
-    QTextStream(stdout) << name << u": "_s << QString::number(value, 'f', 1) << u' ' << unit
+    QTextStream(stdout) << name << u": "_s << QString::number(value, 'f', 2) << u' ' << unit
                         << Qt::endl;
 }
 

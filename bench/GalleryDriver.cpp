@@ -1,0 +1,134 @@
+#include "bench/GalleryDriver.h"
+
+#include "bench/Stopwatch.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+namespace bench {
+
+namespace {
+
+constexpr QSize kWindow(1920, 1080);
+constexpr int kNotch = 120;
+constexpr int kPatienceMs = 20'000;
+
+void SendMouse(QWidget& target, QEvent::Type type, const QPoint& place) {
+    QMouseEvent event(type, place, target.mapToGlobal(place), Qt::LeftButton,
+                      type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&target, &event);
+}
+
+} // namespace
+
+bool WatchedApplication::notify(QObject* receiver, QEvent* event) {
+    const bool painted = receiver == watched && event->type() == QEvent::Paint;
+    const bool answer = QApplication::notify(receiver, event);
+    if (painted && onPainted)
+        onPainted();
+    return answer;
+}
+
+GalleryDriver::GalleryDriver(WatchedApplication& application) : m_application(application) {
+    m_gallery.Create(toolkit::kNoWindow);
+    m_gallery.Widget()->resize(kWindow);
+    m_gallery.Widget()->show();
+    m_application.watched = m_gallery.Widget();
+    Settle(50);
+}
+
+GalleryDriver::~GalleryDriver() {
+    m_application.watched = nullptr;
+    m_gallery.Destroy();
+}
+
+bool GalleryDriver::StripIsComplete() const {
+    const gallery::GalleryState& state = m_gallery.State();
+    if (state.visible.IsNone())
+        return false;
+    for (int i = state.visible.first; i <= state.visible.last; ++i)
+        if (!state.items[size_t(i)].thumbDC)
+            return false;
+    return true;
+}
+
+PaintTimes GalleryDriver::Watch(const std::function<void()>& act) {
+    PaintTimes times;
+    Stopwatch timer;
+    m_application.onPainted = [&] {
+        const gallery::GalleryState& state = m_gallery.State();
+        if (times.picture < 0 && state.shownIndex == state.currentIndex)
+            times.picture = timer.Milliseconds();
+        if (times.strip < 0 && StripIsComplete())
+            times.strip = timer.Milliseconds();
+    };
+    act();
+    const QDeadlineTimer patience(kPatienceMs);
+    while ((times.picture < 0 || times.strip < 0) && !patience.hasExpired())
+        QCoreApplication::processEvents();
+    m_application.onPainted = {};
+    return times;
+}
+
+PaintTimes GalleryDriver::Open(const QStringList& paths, int index) {
+    m_gallery.SetPicItems({});
+    m_gallery.SetCurrentIndex(index);
+    const std::vector<GalleryItem> items = support::FolderGallery::ItemsOf(paths);
+    return Watch([&] { m_gallery.SetPicItems(items); });
+}
+
+PaintTimes GalleryDriver::Press(int key) {
+    return Watch([&] {
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, Qt::NoModifier);
+            QCoreApplication::sendEvent(m_gallery.Widget(), &event);
+        }
+    });
+}
+
+PaintTimes GalleryDriver::Wheel(int notches) {
+    return Watch([&] {
+        QWidget& pane = *m_gallery.Widget();
+        const QPoint place = State().bigArea.center();
+        QWheelEvent event(place, pane.mapToGlobal(place), {}, QPoint(0, -kNotch * notches),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&pane, &event);
+    });
+}
+
+double GalleryDriver::Repaint() {
+    const Stopwatch timer;
+    m_gallery.Widget()->repaint();
+    return timer.Milliseconds();
+}
+
+std::vector<double> GalleryDriver::SlideToNext() {
+    const QPoint button = State().buttons[gallery::kNextPic].rect.center();
+    std::vector<double> frames;
+    const Stopwatch timer;
+    m_application.onPainted = [&] { frames.push_back(timer.Milliseconds()); };
+    SendMouse(*m_gallery.Widget(), QEvent::MouseButtonPress, button);
+    frames.clear();
+    SendMouse(*m_gallery.Widget(), QEvent::MouseButtonRelease, button);
+    m_application.onPainted = {};
+    std::vector<double> between;
+    for (size_t i = 1; i < frames.size(); ++i)
+        between.push_back(frames[i] - frames[i - 1]);
+    return between;
+}
+
+void GalleryDriver::Settle(int milliseconds) {
+    const QDeadlineTimer end(milliseconds);
+    while (!end.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+}
+
+QSize GalleryDriver::PictureSize() const {
+    return gallery::DeviceSize(State().picRect.size(), m_gallery.Widget()->devicePixelRatio());
+}
+
+} // namespace bench
