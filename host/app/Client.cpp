@@ -14,6 +14,7 @@
 #include "include/IKXVeskPicture.h"
 
 #include <QApplication>
+#include <QDir>
 
 namespace host {
 
@@ -46,6 +47,7 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     imports = std::make_unique<ImportFlow>(session, *window);
     session.view = view.get();
     session.progress = &progress;
+    session.imageFolder = QDir(moduleFolder).filePath(u"work"_s);
     ConnectWindow();
     ConnectSession();
     ConnectSink();

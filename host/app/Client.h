@@ -34,7 +34,7 @@ public:
     explicit Client(HostSession& hostSession);
     ~Client() override;
 
-    /// @param moduleFolder  where the module's library lies.
+    /// @param moduleFolder  where the module's library lies, and its fixed images in `work`.
     /// @return              Chinese, why the client can't work; nothing on success.
     [[nodiscard]] std::optional<QString> Start(const QString& moduleFolder);
     /// Closes the windows and lets go of the module. Does nothing the second time.

@@ -12,6 +12,7 @@
 #include "host/ui/plan/FloorPlanPane.h"
 #include "include/KXEvents.h"
 #include "services/Factories.h"
+#include "services/IKXPathMng.h"
 #include "services/IKXView.h"
 #include "services/IVeskPicMng.h"
 #include "tests/roads/SmallSite.h"
@@ -23,6 +24,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDialog>
+#include <QImage>
 #include <QLineEdit>
 #include <QThreadPool>
 #include <QTimer>
@@ -142,6 +144,15 @@ TEST_F(ClientOnAFolder, TheModulesViewIsTheFloorPlan) {
     EXPECT_EQ(Plan().State().floor, 0);
     client->Stop();
     EXPECT_EQ(GetKXHoopsModuleMng()->GetView(), nullptr);
+}
+
+TEST_F(ClientOnAFolder, GivesTheModuleItsFixedImages) {
+    QString work;
+    GetKXPathMng()->GetWorkFolder(work);
+    for (const QString& name :
+         {u"DefaultPic.jpg"_s, u"left_pic.png"_s, u"right_pic.png"_s, u"left_thumb.png"_s,
+          u"right_thumb.png"_s, u"up_thumb.png"_s, u"down_thumb.png"_s})
+        EXPECT_FALSE(QImage(work + name).isNull()) << name.toStdString();
 }
 
 TEST_F(ClientOnAFolder, ALookupIsToldInTheStatusBar) {

@@ -22,6 +22,11 @@ QSize SizeOf(const QString& text) {
     return size.isEmpty() ? QSize(900, 700) : size;
 }
 
+/// The client's fixed images lie beside the programs.
+QString OwnWorkFolder() {
+    return QDir(QCoreApplication::applicationDirPath()).filePath(u"work"_s);
+}
+
 /// Saves what the window shows and ends the program.
 void SaveAndQuit(support::FolderGallery& gallery, const QString& path) {
     const bool saved = gallery.Widget()->grab().save(path);
@@ -36,11 +41,12 @@ int main(int argc, char** argv) {
     QCommandLineParser options;
     options.addHelpOption();
     options.addPositionalArgument(u"folder"_s, u"folder of pictures"_s);
-    options.addOptions({{u"size"_s, u"size of the window"_s, u"WxH"_s, u"900x700"_s},
-                        {u"index"_s, u"the picture shown first"_s, u"N"_s, u"0"_s},
-                        {u"vertical"_s, u"the strip stands to the right"_s},
-                        {u"work"_s, u"folder with the images of the buttons"_s, u"DIR"_s},
-                        {u"shot"_s, u"saves a picture of the window and ends"_s, u"FILE"_s}});
+    options.addOptions(
+        {{u"size"_s, u"size of the window"_s, u"WxH"_s, u"900x700"_s},
+         {u"index"_s, u"the picture shown first"_s, u"N"_s, u"0"_s},
+         {u"vertical"_s, u"the strip stands to the right"_s},
+         {u"work"_s, u"folder with the images of the buttons"_s, u"DIR"_s, OwnWorkFolder()},
+         {u"shot"_s, u"saves a picture of the window and ends"_s, u"FILE"_s}});
     options.process(app);
     const QStringList arguments = options.positionalArguments();
     if (arguments.size() != 1)
@@ -49,8 +55,7 @@ int main(int argc, char** argv) {
     support::ScriptedHost host;
     const QTemporaryDir root;
     host.paths.root = root.path();
-    if (options.isSet(u"work"_s))
-        QFile::link(QDir(options.value(u"work"_s)).absolutePath(), root.filePath(u"work"_s));
+    QFile::link(QDir(options.value(u"work"_s)).absolutePath(), root.filePath(u"work"_s));
     support::FolderGallery gallery;
     gallery.horizontal = !options.isSet(u"vertical"_s);
     gallery.Create(toolkit::kNoWindow);
