@@ -7,6 +7,8 @@
 
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kFrames = 4;
@@ -39,6 +41,10 @@ qreal ArrowAngle(ButtonArrow arrow) {
 }
 
 } // namespace
+
+QString CDirectUIButton::Tip() const {
+    return shortcut.isEmpty() ? name : u"%1（%2）"_s.arg(name, shortcut);
+}
 
 void CDirectUIButton::Enable(bool enabled) {
     m_enabled = enabled;

@@ -23,12 +23,17 @@ enum class ButtonArrow { Left, Right, Up, Down };
 class TOOLKIT_EXPORT CDirectUIButton final {
 public:
     CDirectUIButton() = default;
-    CDirectUIButton(int commandId, ButtonArrow arrow, const QString& buttonName)
-        : id(commandId), name(buttonName), m_arrow(arrow) {}
+    CDirectUIButton(int commandId, ButtonArrow arrow, const QString& buttonName,
+                    const QString& keyName = {})
+        : id(commandId), name(buttonName), shortcut(keyName), m_arrow(arrow) {}
 
     int id = 0;
-    QRect rect;   ///< device-independent pixels of the owner; empty: neither painted nor hit
-    QString name; ///< tip and accessible name
+    QRect rect;       ///< device-independent pixels of the owner; empty: neither painted nor hit
+    QString name;     ///< what a screen reader says
+    QString shortcut; ///< the key that does the same; empty: none
+
+    /// Name and key.
+    [[nodiscard]] QString Tip() const;
 
     [[nodiscard]] bool IsEnabled() const { return m_enabled; }
     /// Disabling ends hover and press.

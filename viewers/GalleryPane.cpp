@@ -1,6 +1,7 @@
 #include "viewers/GalleryPane.h"
 
 #include "toolkit/Look.h"
+#include "viewers/GalleryAccess.h"
 
 #include <QApplication>
 #include <QBackingStore>
@@ -22,6 +23,28 @@ GalleryPane::GalleryPane(IGalleryEvents& events, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     // Keys of controls are seen here before the controls get them.
     qApp->installEventFilter(this);
+    LetReadersIn();
+}
+
+std::span<const CDirectUIButton> GalleryPane::Buttons() const {
+    return m_events == nullptr ? std::span<const CDirectUIButton>() : m_events->Buttons();
+}
+
+void GalleryPane::PressButton(int index) {
+    if (m_events != nullptr && index >= 0 && index < int(Buttons().size()))
+        m_events->OnButtonPressed(index);
+}
+
+/// What was enabled or disabled since the last paint.
+void GalleryPane::TellChangedButtons() {
+    const std::span<const CDirectUIButton> buttons = Buttons();
+    m_toldEnabled.resize(buttons.size(), false);
+    for (size_t at = 0; at < buttons.size(); ++at) {
+        if (m_toldEnabled[at] == buttons[at].IsEnabled())
+            continue;
+        m_toldEnabled[at] = buttons[at].IsEnabled();
+        emit ButtonEnabledChanged(int(at));
+    }
 }
 
 bool GalleryPane::event(QEvent* event) {
@@ -59,6 +82,7 @@ void GalleryPane::paintEvent(QPaintEvent* event) {
                           painter.paintEngine()->paintDevice() == store->paintDevice();
     if (m_events != nullptr)
         m_events->OnPaint(painter, event->region(), onScreen);
+    TellChangedButtons();
 }
 
 void GalleryPane::mousePressEvent(QMouseEvent* event) {

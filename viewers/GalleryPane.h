@@ -1,10 +1,15 @@
 // The window of a gallery: hands what happens to it to whoever paints and answers.
 #pragma once
 
+#include "toolkit/DirectUIButton.h"
+
 #include <QPoint>
 #include <QRegion>
 #include <QString>
 #include <QWidget>
+
+#include <span>
+#include <vector>
 
 class QPainter;
 
@@ -29,17 +34,31 @@ public:
     /// Empty: none.
     [[nodiscard]] virtual QString TipAt(const QPoint& point) const = 0;
     [[nodiscard]] virtual QRect TipPlace(const QPoint& point) const = 0;
+    /// The painted buttons, always the same number, as a screen reader finds them.
+    [[nodiscard]] virtual std::span<const CDirectUIButton> Buttons() const = 0;
+    /// A screen reader presses one of them by its place in Buttons; a disabled one does nothing.
+    virtual void OnButtonPressed(int index) = 0;
 };
 
-/// Opaque; sees the keys of its controls before they do. Knows nothing of pictures.
-/// Thread: user interface. Owned by its parent or by the dialog that made it.
+/// Opaque; its painted buttons are children for screen readers (see GalleryAccess.h); sees the keys
+/// of its controls before they do. Knows nothing of pictures. Thread: user interface. Owned by its
+/// parent or by the dialog that made it.
 class GalleryPane final : public QWidget {
+    Q_OBJECT
+
 public:
     GalleryPane(IGalleryEvents& events, QWidget* parent);
     /// The dialog is gone: nothing is handed on any more.
     void Detach() { m_events = nullptr; }
     /// True while the window gets its new size; it is painted afterwards.
     [[nodiscard]] bool IsResizing() const { return m_resizing; }
+
+    /// Empty once detached.
+    [[nodiscard]] std::span<const CDirectUIButton> Buttons() const;
+    void PressButton(int index);
+
+signals:
+    void ButtonEnabledChanged(int index);
 
 protected:
     bool event(QEvent* event) override;
@@ -53,8 +72,11 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    void TellChangedButtons();
+
     IGalleryEvents* m_events;
     bool m_resizing = false;
+    std::vector<bool> m_toldEnabled; ///< of each button, at the last paint
 };
 
 } // namespace gallery

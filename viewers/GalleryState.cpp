@@ -39,12 +39,12 @@ void PlaceCells(GalleryState& state, const SizeReader& sizeOf) {
 } // namespace
 
 GalleryState::GalleryState()
-    : buttons{CDirectUIButton(24066, ButtonArrow::Left, u"上一张（←）"_s),
-              CDirectUIButton(24068, ButtonArrow::Right, u"下一张（→）"_s),
-              CDirectUIButton(24069, ButtonArrow::Left, u"前一页（Page Up）"_s),
-              CDirectUIButton(24070, ButtonArrow::Right, u"后一页（Page Down）"_s),
-              CDirectUIButton(24071, ButtonArrow::Up, u"前一页（Page Up）"_s),
-              CDirectUIButton(24073, ButtonArrow::Down, u"后一页（Page Down）"_s)} {}
+    : buttons{CDirectUIButton(24066, ButtonArrow::Left, u"上一张"_s, u"←"_s),
+              CDirectUIButton(24068, ButtonArrow::Right, u"下一张"_s, u"→"_s),
+              CDirectUIButton(24069, ButtonArrow::Left, u"前一页"_s, u"Page Up"_s),
+              CDirectUIButton(24070, ButtonArrow::Right, u"后一页"_s, u"Page Down"_s),
+              CDirectUIButton(24071, ButtonArrow::Up, u"前一页"_s, u"Page Up"_s),
+              CDirectUIButton(24073, ButtonArrow::Down, u"后一页"_s, u"Page Down"_s)} {}
 
 GalleryItem* GalleryState::ItemAt(int index) {
     return HasItem(index) ? &items[size_t(index)] : nullptr;

@@ -102,6 +102,8 @@ private:
     bool OnKey(int key, Qt::KeyboardModifiers modifiers, bool onPane) override;
     [[nodiscard]] QString TipAt(const QPoint& point) const override;
     [[nodiscard]] QRect TipPlace(const QPoint& point) const override;
+    [[nodiscard]] std::span<const CDirectUIButton> Buttons() const override;
+    void OnButtonPressed(int index) override;
     void OnCommand(int commandId);
     bool StepByKey(int key);
     bool PressButton(const QPoint& point);

@@ -11,12 +11,18 @@ namespace {
 
 constexpr int kWheelNotch = 120;
 
-const CDirectUIButton* ButtonAt(const gallery::GalleryState& state, const QPoint& point) {
+/// Also a disabled one.
+const CDirectUIButton* ButtonUnder(const gallery::GalleryState& state, const QPoint& point) {
     for (const CDirectUIButton& button : state.buttons) {
-        if (button.Hits(point))
+        if (button.rect.contains(point))
             return &button;
     }
     return nullptr;
+}
+
+const CDirectUIButton* ButtonAt(const gallery::GalleryState& state, const QPoint& point) {
+    const CDirectUIButton* button = ButtonUnder(state, point);
+    return button != nullptr && button->IsEnabled() ? button : nullptr;
 }
 
 } // namespace
@@ -206,11 +212,21 @@ void CPicViewDlg::CopyPicture() const {
 }
 
 QString CPicViewDlg::TipAt(const QPoint& point) const {
-    const CDirectUIButton* button = ButtonAt(m_state, point);
-    return button == nullptr ? QString() : button->name;
+    const CDirectUIButton* button = ButtonUnder(m_state, point);
+    return button == nullptr ? QString() : button->Tip();
 }
 
 QRect CPicViewDlg::TipPlace(const QPoint& point) const {
-    const CDirectUIButton* button = ButtonAt(m_state, point);
+    const CDirectUIButton* button = ButtonUnder(m_state, point);
     return button == nullptr ? QRect() : button->rect;
+}
+
+std::span<const CDirectUIButton> CPicViewDlg::Buttons() const {
+    return m_state.buttons;
+}
+
+void CPicViewDlg::OnButtonPressed(int index) {
+    const CDirectUIButton& button = m_state.buttons[size_t(index)];
+    if (button.IsEnabled())
+        OnCommand(button.id);
 }

@@ -112,3 +112,8 @@ TEST(DirectUIButton, WithoutAPlaceNothingIsPaintedOrHit) {
     const QImage image = Painted(button);
     EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::white));
 }
+
+TEST(DirectUIButton, ItsTipIsNameAndKey) {
+    EXPECT_EQ(CDirectUIButton(7, ButtonArrow::Left, u"上一张"_s, u"←"_s).Tip(), u"上一张（←）"_s);
+    EXPECT_EQ(CDirectUIButton(7, ButtonArrow::Left, u"上一张"_s).Tip(), u"上一张"_s);
+}

@@ -222,10 +222,16 @@ TEST_F(GalleryInput, QuickClicksOnAStepButtonAllCount) {
     EXPECT_TRUE(State().zoom.fit);
 }
 
-TEST_F(GalleryInput, TheButtonsHaveTips) {
-    const QPoint next = State().buttons[gallery::kNextPic].rect.center();
-    QHelpEvent help(QEvent::ToolTip, next, Pane()->mapToGlobal(next));
-    QApplication::sendEvent(Pane(), &help);
-    EXPECT_TRUE(QToolTip::text().contains(u"下一张"_s));
+TEST_F(GalleryInput, AllButtonsHaveTipsWithTheirKeysAlsoWhileDisabled) {
+    ASSERT_FALSE(State().buttons[gallery::kPrevPic].IsEnabled());
+    for (const auto& [button, tip] : {std::pair(gallery::kPrevPic, u"上一张（←）"_s),
+                                      std::pair(gallery::kNextPic, u"下一张（→）"_s),
+                                      std::pair(gallery::kThumbLeft, u"前一页（Page Up）"_s),
+                                      std::pair(gallery::kThumbRight, u"后一页（Page Down）"_s)}) {
+        const QPoint place = State().buttons[button].rect.center();
+        QHelpEvent help(QEvent::ToolTip, place, Pane()->mapToGlobal(place));
+        QApplication::sendEvent(Pane(), &help);
+        EXPECT_TRUE(QToolTip::text().contains(tip)) << tip.toStdString();
+    }
     QToolTip::hideText();
 }

@@ -4,6 +4,7 @@
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/support/SamplePictures.h"
 
+#include <QDir>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -113,4 +114,29 @@ TEST_F(GalleryWindow, ButtonImagesComeFromTheWorkFolder) {
     EXPECT_FALSE(State().buttons[gallery::kNextPic].HasImage());
     EXPECT_EQ(PixelAt(State().buttons[gallery::kPrevPic].rect.center()), QColor(Qt::darkRed));
     EXPECT_EQ(PixelAt(State().buttons[gallery::kThumbDown].rect.center()), QColor(Qt::darkCyan));
+}
+
+TEST_F(GalleryWindow, TheClientsImagesDressAllSixButtonsAndTheWaitingCells) {
+    const QDir images(QCoreApplication::applicationDirPath() + u"/work"_s);
+    for (const QString& name : images.entryList(QDir::Files))
+        QFile::copy(images.filePath(name), folder.Path(u"work/"_s + name));
+    gallery = std::make_unique<support::FolderGallery>();
+    folder.Write(u"module.log"_s, "");
+    Open();
+    host.script.FailAlways("GetDownloadState");
+    SetItems(InStore(10, false), 5);
+    ASSERT_TRUE(WaitForDownloads());
+    EXPECT_FALSE(ModuleLog().contains(u"找不到图片文件"_s));
+    for (const CDirectUIButton& button : State().buttons)
+        EXPECT_TRUE(button.HasImage()) << button.id;
+    const QRect next = State().buttons[gallery::kNextPic].rect;
+    const QPoint plate = next.topLeft() + QPoint(8, 8);
+    QTest::mouseMove(Pane(), next.center());
+    EXPECT_TRUE(support::WaitFor([&] { return State().buttons[gallery::kNextPic].IsHot(); }));
+    EXPECT_TRUE(support::IsNear(PixelAt(plate), QColor(0xA9, 0xDA, 0xF5), 12)) << "hover";
+    QTest::mousePress(Pane(), Qt::LeftButton, {}, next.center());
+    EXPECT_TRUE(support::IsNear(PixelAt(plate), QColor(0x00, 0xB6, 0xF0), 12)) << "pressed";
+    QTest::mouseRelease(Pane(), Qt::LeftButton, {}, PictureMiddle());
+    const QRect cell = State().items[size_t(State().visible.first)].thumbRect;
+    EXPECT_LT(PixelAt(cell.topLeft() + QPoint(2, 2)).lightness(), 80) << "the default picture";
 }
