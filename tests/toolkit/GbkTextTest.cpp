@@ -30,3 +30,13 @@ TEST(GbkText, EmptyTextStaysEmpty) {
     EXPECT_TRUE(toolkit::ToGbk(QString()).empty());
     EXPECT_TRUE(toolkit::FromGbk(std::string()).isEmpty());
 }
+
+TEST(GbkText, PlainTextIsTheSameAloneAndAmongChineseCharacters) {
+    for (char byte = 1; byte > 0; ++byte) {
+        const QString alone(QLatin1Char{byte});
+        EXPECT_EQ(toolkit::ToGbk(alone), std::string(1, byte));
+        EXPECT_EQ(toolkit::ToGbk(alone + u'中').substr(0, 1), std::string(1, byte));
+        EXPECT_EQ(toolkit::FromGbk(std::string(1, byte)), alone);
+        EXPECT_EQ(toolkit::FromGbk(byte + toolkit::ToGbk(u"中"_s)), alone + u'中');
+    }
+}
