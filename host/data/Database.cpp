@@ -72,6 +72,13 @@ void Database::ForEach(const QString& sql, const QVariantList& values,
     }
 }
 
+void Database::Scan(const QString& sql, const QVariantList& values, const sqlite::TakeRow& take) {
+    const QSqlError error = sqlite::Scan(connection, sql, values, take);
+    if (error.isValid()) {
+        Fail(error, sql);
+    }
+}
+
 Database::Stamp Database::ChangeStamp() {
     return {Value(sqlite::DataVersionSql()).toLongLong(), sqlite::TotalChanges(connection)};
 }

@@ -36,6 +36,9 @@ public:
     void ForEach(const QString& sql, const QVariantList& values,
                  const std::function<void(const Statement&)>& take);
 
+    /// The same for very many rows: about five times as fast, and prepared anew each time.
+    void Scan(const QString& sql, const QVariantList& values, const sqlite::TakeRow& take);
+
     /// Differs from an earlier stamp if anybody has changed data since.
     struct Stamp {
         qint64 others = -1;

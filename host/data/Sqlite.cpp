@@ -11,6 +11,7 @@
 #include <sqlite3.h>
 
 #include <array>
+#include <memory>
 
 namespace host::sqlite {
 
@@ -55,6 +56,26 @@ void AddHit(sqlite3_context* context, int /*count*/, sqlite3_value** values) {
         slot->hits->Add(sqlite3_value_int64(values[0]));
     }
     sqlite3_result_int(context, 1);
+}
+
+/// Ends a statement on every way out.
+struct StatementEnd {
+    void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+
+QSqlError LastErrorOf(sqlite3* handle) {
+    return QSqlError(QString(), QString::fromUtf8(sqlite3_errmsg(handle)),
+                     QSqlError::StatementError, QString::number(sqlite3_extended_errcode(handle)));
+}
+
+void Bind(sqlite3_stmt* statement, int place, const QVariant& value) {
+    if (value.typeId() == QMetaType::QString) {
+        const QByteArray text = value.toString().toUtf8();
+        sqlite3_bind_text(statement, place, text.constData(), static_cast<int>(text.size()),
+                          SQLITE_TRANSIENT);
+    } else {
+        sqlite3_bind_int64(statement, place, value.toLongLong());
+    }
 }
 
 } // namespace
@@ -137,6 +158,41 @@ Fault FaultOf(const QSqlError& error) {
     default:
         return Fault::kOther;
     }
+}
+
+qint64 RawRow::Int64(int column) const {
+    return sqlite3_column_int64(statement, column);
+}
+
+std::string_view RawRow::Utf8(int column) const {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    return {text != nullptr ? text : "",
+            static_cast<size_t>(sqlite3_column_bytes(statement, column))};
+}
+
+QString RawRow::Text(int column) const {
+    const std::string_view text = Utf8(column);
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QSqlError Scan(const QSqlDatabase& connection, const QString& sql, const QVariantList& values,
+               const TakeRow& take) {
+    sqlite3* handle = HandleOf(connection);
+    const QByteArray text = sql.toUtf8();
+    sqlite3_stmt* prepared = nullptr;
+    if (sqlite3_prepare_v2(handle, text.constData(), static_cast<int>(text.size()), &prepared,
+                           nullptr) != SQLITE_OK) {
+        return LastErrorOf(handle);
+    }
+    const std::unique_ptr<sqlite3_stmt, StatementEnd> statement(prepared);
+    for (qsizetype i = 0; i < values.size(); ++i) {
+        Bind(statement.get(), static_cast<int>(i) + 1, values[i]);
+    }
+    int step = sqlite3_step(statement.get());
+    for (; step == SQLITE_ROW; step = sqlite3_step(statement.get())) {
+        take(RawRow(statement.get()));
+    }
+    return step == SQLITE_DONE ? QSqlError() : LastErrorOf(handle);
 }
 
 QString UseIndex(const QString& index) {

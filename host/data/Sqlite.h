@@ -6,6 +6,12 @@
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QString>
+#include <QVariant>
+
+#include <functional>
+#include <string_view>
+
+struct sqlite3_stmt;
 
 namespace host {
 
@@ -34,6 +40,25 @@ void AddFunctions(QSqlDatabase& connection, HitSlot* slot);
 /// True if the database passes PRAGMA quick_check; reads all of it.
 [[nodiscard]] bool PassesQuickCheck(QSqlDatabase& connection);
 [[nodiscard]] Fault FaultOf(const QSqlError& error);
+
+/// One row as SQLite holds it; its texts last until the next row.
+class RawRow final {
+public:
+    explicit RawRow(sqlite3_stmt* rowStatement) : statement(rowStatement) {}
+
+    [[nodiscard]] qint64 Int64(int column) const;
+    [[nodiscard]] qint32 Int(int column) const { return static_cast<qint32>(Int64(column)); }
+    [[nodiscard]] std::string_view Utf8(int column) const;
+    [[nodiscard]] QString Text(int column) const;
+
+private:
+    sqlite3_stmt* statement;
+};
+using TakeRow = std::function<void(const RawRow&)>;
+/// Every row of a query in turn, without a variant for each value. `values` are numbers and texts.
+/// Gives the error, an invalid one if all went well.
+[[nodiscard]] QSqlError Scan(const QSqlDatabase& connection, const QString& sql,
+                             const QVariantList& values, const TakeRow& take);
 
 /// Clause that makes the planner take an index; the names are ours, so it can't be missing.
 [[nodiscard]] QString UseIndex(const QString& index);

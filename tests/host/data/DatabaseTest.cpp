@@ -106,4 +106,28 @@ TEST(Database, AStatementInUseCanBeRunInsideItself) {
     EXPECT_EQ(inner, 4);
 }
 
+TEST(DatabaseScan, GivesEveryRowWithItsNumbersAndTexts) {
+    TempSite site;
+    Database& db = site.folder.Db();
+    db.Exec(u"INSERT INTO setting (key, value) VALUES ('一', '质量'), ('b', '')"_s);
+    QString seen;
+    db.Scan(
+        u"SELECT key, value, length(value), NULL FROM setting WHERE length(value) < ? AND key"
+        " <> ? ORDER BY key DESC"_s,
+        {5, QString()}, [&](const sqlite::RawRow& row) {
+            seen +=
+                u"%1=%2 %3 [%4];"_s.arg(row.Text(0), row.Text(1)).arg(row.Int(2)).arg(row.Text(3));
+        });
+    EXPECT_EQ(seen, u"一=质量 2 [];b= 0 [];"_s);
+}
+
+TEST(DatabaseScan, AFaultIsThrownAndToldToTheWatch) {
+    TempSite site;
+    Database& db = site.folder.Db();
+    int told = 0;
+    db.SetFaultWatch([&](Fault) { ++told; });
+    EXPECT_EQ(FaultThrownBy([&] { db.Scan(u"SELECT x FROM nowhere"_s, {}, {}); }), Fault::kOther);
+    EXPECT_EQ(told, 1);
+}
+
 } // namespace host
