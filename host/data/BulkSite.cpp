@@ -6,6 +6,7 @@
 #include "host/data/FloorOrder.h"
 #include "host/data/LastChange.h"
 #include "host/data/ListShape.h"
+#include "host/data/PlaceTally.h"
 #include "host/data/RectifyStates.h"
 #include "host/data/SearchIndex.h"
 #include "host/data/SearchText.h"
@@ -150,6 +151,9 @@ void BulkFiller::Fill(const ListShape& shape, qint32 count, AddRow add) {
     }
     db.Exec(u"INSERT INTO %1 SELECT ppid, mark_id, state, count(*) FROM %2"
             " GROUP BY ppid, mark_id, state"_s.arg(shape.tally, shape.table));
+    if (shape.kind == ListKind::kBimPhotos) {
+        db.Exec(PlaceTallyFillSql());
+    }
     transaction.Commit();
 }
 

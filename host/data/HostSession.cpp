@@ -40,6 +40,7 @@ std::optional<OpenFault> HostSession::OpenFolder(const QString& path,
     if (!fault) {
         folder = std::move(opened);
         lists = std::make_unique<ListQuery>(folder->Db());
+        panel = std::make_unique<PanelCache>(folder->Db());
         const QMutexLocker guard(&lock);
         dataPath = folder->Path();
     }
@@ -54,6 +55,7 @@ void HostSession::CloseFolder() {
     projectNames.clear();
     marks.clear();
     tableStamp = {};
+    panel.reset();
     lists.reset();
     folder.reset();
     const QMutexLocker guard(&lock);

@@ -4,6 +4,7 @@
 #include "host/data/Catalogue.h"
 #include "host/data/DataFolder.h"
 #include "host/data/ListQuery.h"
+#include "host/data/PanelCache.h"
 #include "host/data/Transfer.h"
 #include "services/DrawingRecords.h"
 #include "services/MarkGroups.h"
@@ -45,6 +46,7 @@ public:
     /// Null while none is open, as the two below.
     [[nodiscard]] DataFolder* Folder() const { return folder.get(); }
     [[nodiscard]] ListQuery* Lists() const { return lists.get(); }
+    [[nodiscard]] PanelCache* Panel() const { return panel.get(); }
     /// Only with an open folder.
     [[nodiscard]] Catalogue Tables() const { return Catalogue(folder->Db()); }
 
@@ -104,6 +106,7 @@ private:
 
     std::unique_ptr<DataFolder> folder;
     std::unique_ptr<ListQuery> lists;
+    std::unique_ptr<PanelCache> panel;
     QString user;
     std::vector<qint32> rights;
     ProjectEntry project;

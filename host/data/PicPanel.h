@@ -1,32 +1,31 @@
 // What the mark panel offers of the shown BIM photos: floors, intersections, marks, counts.
 #pragma once
 
-#include "services/MarkGroups.h"
+#include "host/data/PanelFilter.h"
 
-#include <QString>
-
-#include <vector>
+#include <map>
 
 namespace host {
 
 class Database;
 
-/// Limits of the panel. Without a time range all times count.
-struct PanelFilter {
-    std::vector<qint32> ppids;
-    QString person; ///< who uploaded or changed; empty: everybody
-    bool timed = false;
-    qint64 from = 0; ///< both inclusive, seconds since 1970
-    qint64 to = 0;
-};
-
 /// Shown photos of one mark at one intersection.
-struct PanelCount {
-    QString floor; ///< empty: no position
-    QString positionKey;
-    QString posText;
+struct PanelMark {
     qint32 markId = 0;
     qint32 count = 0;
+    std::vector<qint32> picIds; ///< only under limits; then picIds.size() == count
+};
+
+struct PanelPlace {
+    qint32 ppid = 0;
+    QString positionKey; ///< empty on no floor
+    QString posText;
+    std::vector<PanelMark> marks; ///< by mark id
+};
+
+struct PanelFloor {
+    QString name; ///< empty: photos without a floor
+    std::vector<PanelPlace> places;
 };
 
 /// Operations throw DataError. Thread: the database's.
@@ -34,12 +33,17 @@ class PicPanel final {
 public:
     explicit PicPanel(Database& owner) : database(owner) {}
 
-    /// In the order of floors, intersections and marks.
-    [[nodiscard]] std::vector<PanelCount> Counts(const PanelFilter& filter);
+    /// In the order of floors; places by project, then by their text. Without limits the counts are
+    /// those of a table that the database keeps, with limits the photos are looked at.
+    [[nodiscard]] std::vector<PanelFloor> Floors(const PanelFilter& filter);
     /// Latest change first.
     [[nodiscard]] std::vector<qint32> PicsOfMark(const PanelFilter& filter, qint32 markId);
 
 private:
+    class Builder;
+    void AddCounts(Builder& builder, qint32 ppid);
+    void AddPhotos(Builder& builder, const PanelFilter& filter, qint32 ppid);
+
     Database& database;
 };
 

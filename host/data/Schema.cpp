@@ -1,4 +1,5 @@
 #include "host/data/Migrations.h"
+#include "host/data/PlaceTally.h"
 
 namespace host {
 
@@ -178,7 +179,8 @@ std::vector<QString> PdfPhotosTables() {
                     {u"pdf_by_description"_s, u"description"_s},
                     {u"pdf_by_status"_s, u"status"_s},
                     {u"pdf_by_state"_s, u"state"_s}});
-    statements.push_back(u"CREATE INDEX pdf_of_checkpoint ON pdf_photo (checkpoint_id, ppid, id)"_s);
+    statements.push_back(
+        u"CREATE INDEX pdf_of_checkpoint ON pdf_photo (checkpoint_id, ppid, id)"_s);
     statements.push_back(u"CREATE INDEX pdf_of_drawing ON pdf_photo (drawing_id, id)"_s);
     return statements;
 }
@@ -217,6 +219,17 @@ std::vector<QString> IssuesTables() {
     return statements;
 }
 
+// What the mark panel offers: counts of the shown photos without counting, and an index that has
+// all it says of an issue.
+std::vector<QString> MarkPanelTables() {
+    std::vector<QString> statements = PlaceTallySchema();
+    statements.push_back(PlaceTallyFillSql());
+    statements.push_back(
+        u"CREATE INDEX issue_panel ON issue (ppid, floor_sort, pos_info, id, mark_id, status,"
+        " modified, modifier, floor, question_id, theme, component_name)"_s);
+    return statements;
+}
+
 } // namespace
 
 std::vector<std::vector<QString>> SchemaSteps() {
@@ -225,7 +238,7 @@ std::vector<std::vector<QString>> SchemaSteps() {
          {CatalogueTables(), FilesTables(), BimPhotosTables(), PdfPhotosTables(), IssuesTables()}) {
         first.insert(first.end(), part.begin(), part.end());
     }
-    return {first};
+    return {first, MarkPanelTables()};
 }
 
 } // namespace host

@@ -1,6 +1,5 @@
 #include "host/services/GlobalData.h"
 
-#include "host/services/PicPanelTree.h"
 #include "host/services/ServiceGuard.h"
 
 namespace host {
@@ -11,8 +10,9 @@ void GlobalData::GetClientVersionText(QString& text) {
     text = u"1.0"_s;
 }
 
-void GlobalData::GetGroupName(QString& name, qint32 groupId) {
-    name = GroupNameOf(groupId);
+void GlobalData::GetGroupName(QString& name, qint32 /*groupId*/) {
+    // Photos have one second level, and viewers look for it under no name.
+    name.clear();
 }
 
 bool GlobalData::IsTNReminderEnabled() {

@@ -2,18 +2,41 @@
 
 #include "toolkit/GbkText.h"
 
-#include <algorithm>
-
 namespace host {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+KX_DATA::PicMarkItem ItemOf(HostSession& session, const PanelFilter& filter,
+                            const PanelPlace& place) {
+    const std::map<qint32, KX_DATA::MarkRecord>& marks = session.Marks();
+    const std::string project = std::to_string(place.ppid);
+    KX_DATA::PicMarkItem item;
+    item.positionKey = toolkit::ToGbk(place.positionKey);
+    item.itemName = PanelItemName(session, filter, place);
+    item.groupId = kPicGroup;
+    item.leaves.reserve(place.marks.size());
+    for (const PanelMark& counted : place.marks) {
+        const auto mark = marks.find(counted.markId);
+        item.leaves.push_back({project,
+                               {},
+                               counted.markId,
+                               counted.count,
+                               mark != marks.end() ? mark->second.name : QString()});
+        item.total += counted.count;
+    }
+    return item;
+}
+
+} // namespace
 
 QString OtherGroupName() {
     return u"其他"_s;
 }
 
-QString GroupNameOf(qint32 groupId) {
-    return groupId == kPicGroup ? u"照片"_s : QString();
+QString PanelGroupName(const QString& floor) {
+    return floor.isEmpty() ? OtherGroupName() : floor;
 }
 
 PanelFilter PanelFilterOf(HostSession& session, qint64 from, qint64 to, quint8 flag,
@@ -35,55 +58,43 @@ PanelFilter PanelFilterOf(HostSession& session, qint64 from, qint64 to, quint8 f
 std::vector<KX_DATA::PicFilterEntry> PicFilterEntries(HostSession& session,
                                                       const PanelFilter& filter) {
     std::vector<KX_DATA::PicFilterEntry> entries;
-    for (const PanelCount& count : PicPanel(session.Folder()->Db()).Counts(filter)) {
-        const QString name = count.floor.isEmpty() ? OtherGroupName() : count.floor;
-        if (entries.empty() || entries.back().name != name) {
-            KX_DATA::PicFilterEntry entry;
-            entry.name = name;
-            entry.id = kPicGroup;
-            entries.push_back(entry);
+    for (const PanelFloor& floor : session.Panel()->Photos(filter)) {
+        KX_DATA::PicFilterEntry& entry = entries.emplace_back();
+        entry.name = PanelGroupName(floor.name);
+        entry.id = kPicGroup;
+        std::map<qint32, qint32> counts;
+        for (const PanelPlace& place : floor.places) {
+            for (const PanelMark& mark : place.marks) {
+                counts[mark.markId] += mark.count;
+                entry.count += mark.count;
+            }
         }
-        KX_DATA::PicFilterEntry& entry = entries.back();
-        entry.count += count.count;
-        const auto known =
-            std::find_if(entry.values.begin(), entry.values.end(),
-                         [&](const auto& pair) { return pair.first == count.markId; });
-        if (known != entry.values.end()) {
-            known->second += count.count;
-        } else {
-            entry.values.emplace_back(count.markId, count.count);
-        }
+        entry.values.assign(counts.begin(), counts.end());
     }
     return entries;
 }
 
 std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session, const PanelFilter& filter) {
     std::vector<KX_DATA::PicMarkGroup> groups;
-    const std::map<qint32, KX_DATA::MarkRecord> marks = session.Marks();
-    for (const PanelCount& count : PicPanel(session.Folder()->Db()).Counts(filter)) {
-        const std::string name =
-            toolkit::ToGbk(count.floor.isEmpty() ? OtherGroupName() : count.floor);
-        if (groups.empty() || groups.back().name != name) {
-            groups.push_back({name, kPicGroup, {}});
+    for (const PanelFloor& floor : session.Panel()->Photos(filter)) {
+        KX_DATA::PicMarkGroup& group = groups.emplace_back();
+        group.name = toolkit::ToGbk(PanelGroupName(floor.name));
+        group.id = kPicGroup;
+        group.items.reserve(floor.places.size());
+        for (const PanelPlace& place : floor.places) {
+            group.items.push_back(ItemOf(session, filter, place));
         }
-        std::vector<KX_DATA::PicMarkItem>& items = groups.back().items;
-        const std::string key = toolkit::ToGbk(count.positionKey);
-        if (items.empty() || items.back().positionKey != key) {
-            KX_DATA::PicMarkItem item;
-            item.positionKey = key;
-            item.itemName = toolkit::ToGbk(count.posText);
-            item.groupId = kPicGroup;
-            items.push_back(item);
-        }
-        KX_DATA::PicMarkLeaf leaf;
-        leaf.markId = count.markId;
-        leaf.count = count.count;
-        const auto mark = marks.find(count.markId);
-        leaf.markName = mark != marks.end() ? mark->second.name : QString();
-        items.back().leaves.push_back(leaf);
-        items.back().total += count.count;
     }
     return groups;
+}
+
+std::string PanelItemName(HostSession& session, const PanelFilter& filter,
+                          const PanelPlace& place) {
+    // What hangs on no floor ends up in a single item, whose name is then the only one.
+    if (filter.ppids.size() < 2 || place.positionKey.isEmpty()) {
+        return toolkit::ToGbk(place.posText);
+    }
+    return toolkit::ToGbk(session.ProjectName(place.ppid) + u' ' + place.posText);
 }
 
 } // namespace host

@@ -1,16 +1,19 @@
-// The mark panel's list and tree of BIM photos, from counts of the database.
+// The mark panel's list and tree of BIM photos, and what of them is ticked, from the data.
 #pragma once
 
 #include "host/data/HostSession.h"
 #include "host/data/PicPanel.h"
 
+#include <string>
+
 namespace host {
 
 /// Group of everything that hangs on no floor.
 [[nodiscard]] QString OtherGroupName();
-/// Id and display name of the second level of the tree: there is one for photos.
+/// Name of a floor's group: the floor's own, or the above.
+[[nodiscard]] QString PanelGroupName(const QString& floor);
+/// Id of the second level of the tree. Photos have one level there, and that one has no name.
 inline constexpr qint32 kPicGroup = 1;
-[[nodiscard]] QString GroupNameOf(qint32 groupId);
 
 /// With a flag of 0 all times count. Without projects the open ones do.
 [[nodiscard]] PanelFilter PanelFilterOf(HostSession& session, qint64 from, qint64 to, quint8 flag,
@@ -18,8 +21,14 @@ inline constexpr qint32 kPicGroup = 1;
 /// One entry a floor, with pairs of mark and count.
 [[nodiscard]] std::vector<KX_DATA::PicFilterEntry> PicFilterEntries(HostSession& session,
                                                                     const PanelFilter& filter);
-/// One group a floor, one item an intersection, one leaf a mark.
+/// One group a floor, one item an intersection, one leaf a mark. A leaf's first text is its project
+/// id in digits.
 [[nodiscard]] std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session,
                                                                const PanelFilter& filter);
+
+/// Name of an intersection in the tree and in what is ticked, in code page 936: different for each
+/// place of a floor, also where several projects are open.
+[[nodiscard]] std::string PanelItemName(HostSession& session, const PanelFilter& filter,
+                                        const PanelPlace& place);
 
 } // namespace host

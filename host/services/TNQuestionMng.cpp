@@ -2,13 +2,27 @@
 
 #include "host/data/Bin.h"
 #include "host/data/Issues.h"
+#include "host/services/IssuePanelTree.h"
 #include "host/services/ListFilters.h"
+#include "host/services/PicPanelTree.h"
 #include "host/services/ServiceGuard.h"
 #include "services/IVeskPicMng.h"
 
 namespace host {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Without both ends all times count.
+PanelFilter IssuePanelFilterOf(HostSession& session, quint8 flag, const qint64* from,
+                               const qint64* to, const KX_DATA::MarkFilterArg& filterArg) {
+    const bool isTimed = from != nullptr && to != nullptr;
+    return PanelFilterOf(session, isTimed ? *from : 0, isTimed ? *to : 0, isTimed ? flag : 0,
+                         filterArg);
+}
+
+} // namespace
 
 bool TNQuestionMng::DeletePics(qint32 /*kind*/, const std::vector<QString>& /*picIds*/) {
     return Unimplemented("ITNQuestionMng::DeletePics", false);
@@ -27,18 +41,25 @@ qint32 TNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
     });
 }
 
-void TNQuestionMng::GetIssueGroups(quint8 /*flag*/, const qint64* /*from*/, const qint64* /*to*/,
-                                   KX_DATA::MarkFilterArg& /*filterArg*/,
+void TNQuestionMng::GetIssueGroups(quint8 flag, const qint64* from, const qint64* to,
+                                   KX_DATA::MarkFilterArg& filterArg,
                                    std::vector<KX_DATA::IssueMarkGroup>& groups) {
     groups.clear();
-    Unimplemented("ITNQuestionMng::GetIssueGroups");
+    Guarded(u"读取问题标识"_s, false, [&](HostSession& session) {
+        groups = IssueMarkGroups(session, IssuePanelFilterOf(session, flag, from, to, filterArg));
+        return true;
+    });
 }
 
-void TNQuestionMng::GetIssueFilterList(quint8 /*flag*/, const qint64* /*from*/,
-                                       const qint64* /*to*/, KX_DATA::MarkFilterArg& /*filterArg*/,
+void TNQuestionMng::GetIssueFilterList(quint8 flag, const qint64* from, const qint64* to,
+                                       KX_DATA::MarkFilterArg& filterArg,
                                        std::vector<KX_DATA::IssueFilterSource>& entries) {
     entries.clear();
-    Unimplemented("ITNQuestionMng::GetIssueFilterList");
+    Guarded(u"读取问题标识"_s, false, [&](HostSession& session) {
+        entries =
+            IssueFilterEntries(session, IssuePanelFilterOf(session, flag, from, to, filterArg));
+        return true;
+    });
 }
 
 bool TNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {

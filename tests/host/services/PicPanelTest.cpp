@@ -1,6 +1,9 @@
+#include "host/data/Database.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "tests/host/services/ServiceSite.h"
+
+#include <set>
 
 namespace host {
 
@@ -68,9 +71,72 @@ TEST(PicPanel, TheTreeHasFloorsIntersectionsAndMarks) {
     EXPECT_EQ(item.leaves[0].markId, 1);
     EXPECT_EQ(item.leaves[0].count, 2);
     EXPECT_EQ(item.leaves[0].markName, u"质量"_s);
-    QString group;
+    EXPECT_EQ(item.leaves[0].text1, std::to_string(site.first));
+}
+
+TEST(PicPanel, TheSecondLevelOfPhotosHasNoName) {
+    PanelSite site;
+    std::vector<KX_DATA::PicMarkGroup> groups;
+    GetVeskPicMng()->GetBimPicFilterValues(0, 0, 0, site.arg, groups);
+    QString group = u"old"_s;
     GetKXGlobalData()->GetGroupName(group, groups[1].id);
-    EXPECT_FALSE(group.isEmpty());
+    EXPECT_TRUE(group.isEmpty());
+}
+
+TEST(PicPanel, UnderADateRangeOnlyItsPhotosCount) {
+    PanelSite site;
+    std::vector<KX_DATA::PicMarkGroup> groups;
+    GetVeskPicMng()->GetBimPicFilterValues(1000, 2000, 1, site.arg, groups);
+    ASSERT_EQ(groups.size(), 2u);
+    EXPECT_EQ(groups[0].name, "2");
+    ASSERT_EQ(groups[0].items.size(), 1u);
+    ASSERT_EQ(groups[0].items[0].leaves.size(), 1u);
+    EXPECT_EQ(groups[0].items[0].leaves[0].count, 1);
+    EXPECT_EQ(groups[1].name, "10");
+}
+
+TEST(PicPanel, TheSamePlaceOfTwoProjectsHasTwoNames) {
+    PanelSite site;
+    site.writer->AddPosition({site.second, u"2"_s, u"A"_s, u"1"_s, u"other-1"_s, true});
+    site.AddPhoto([&](NewBimPhoto& photo) {
+        photo.ppid = site.second;
+        photo.positionKey = u"other-1"_s;
+    });
+    ASSERT_TRUE(site.session.OpenWorkset(site.workset));
+    std::vector<KX_DATA::PicMarkGroup> groups;
+    GetVeskPicMng()->GetBimPicFilterValues(0, 0, 0, site.arg, groups);
+    ASSERT_EQ(groups.size(), 3u);
+    ASSERT_EQ(groups[1].items.size(), 3u);
+    std::set<std::string> names;
+    for (const KX_DATA::PicMarkItem& item : groups[1].items) {
+        names.insert(item.itemName);
+    }
+    EXPECT_EQ(names.size(), 3u);
+    EXPECT_EQ(groups[1].items[2].positionKey, "other-1");
+    EXPECT_EQ(groups[1].items[2].leaves[0].text1, std::to_string(site.second));
+}
+
+TEST(PicPanel, AFailedReadLeavesTheListsEmptyAndTellsThePerson) {
+    PanelSite site;
+    site.session.Folder()->Db().Exec(u"DROP TABLE bim_place_tally"_s);
+    std::vector<KX_DATA::PicFilterEntry> entries(2);
+    GetVeskPicMng()->GetBimPicFilterGroups(0, 0, 0, site.arg, entries);
+    EXPECT_TRUE(entries.empty());
+    std::vector<KX_DATA::PicMarkGroup> groups(2);
+    GetVeskPicMng()->GetBimPicFilterValues(0, 0, 0, site.arg, groups);
+    EXPECT_TRUE(groups.empty());
+    EXPECT_EQ(site.messages.size(), 2u);
+}
+
+TEST(PicPanel, AChangeByAnotherClientCountsAtOnce) {
+    PanelSite site;
+    std::vector<KX_DATA::PicFilterEntry> entries;
+    GetVeskPicMng()->GetBimPicFilterGroups(0, 0, 0, site.arg, entries);
+    DataFolder other(site.session.Folder()->Path());
+    ASSERT_FALSE(other.Open().has_value());
+    other.Db().Exec(u"UPDATE bim_photo SET status = 1 WHERE floor = '10'"_s);
+    GetVeskPicMng()->GetBimPicFilterGroups(0, 0, 0, site.arg, entries);
+    EXPECT_EQ(entries.size(), 2u);
 }
 
 TEST(PicPanel, TimesCountOnlyWithTheFlagAndPeopleAndProjectsLimit) {

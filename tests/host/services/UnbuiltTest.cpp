@@ -38,13 +38,6 @@ TEST(UnbuiltOperations, AnswerWithTheirFailureValueAndInventNothing) {
     EXPECT_FALSE(GetTNQuestionMng()->DeletePics(1, {}));
     EXPECT_FALSE(GetTNQuestionMng()->AddRectifyPics(0, {}, {}));
     EXPECT_FALSE(GetTNQuestionMng()->DeleteRectifyPics(0, {}, {}));
-    KX_DATA::MarkFilterArg arg;
-    std::vector<KX_DATA::IssueMarkGroup> groups(1);
-    GetTNQuestionMng()->GetIssueGroups(0, nullptr, nullptr, arg, groups);
-    EXPECT_TRUE(groups.empty());
-    std::vector<KX_DATA::IssueFilterSource> entries(1);
-    GetTNQuestionMng()->GetIssueFilterList(0, nullptr, nullptr, arg, entries);
-    EXPECT_TRUE(entries.empty());
     GetPicReportCtrl()->OutputBimReport(nullptr); // a log line and nothing else
 }
 

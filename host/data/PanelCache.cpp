@@ -1,0 +1,26 @@
+#include "host/data/PanelCache.h"
+
+namespace host {
+
+template <typename Rows, typename Read>
+const Rows& PanelCache::Refreshed(Kept<Rows>& kept, const PanelFilter& filter, Read read) {
+    const Database::Stamp now = database.ChangeStamp();
+    if (!(kept.stamp == now && kept.filter == filter)) {
+        // A read that fails leaves nothing that could be taken for its result.
+        kept = {};
+        kept.rows = read();
+        kept.filter = filter;
+        kept.stamp = now;
+    }
+    return kept.rows;
+}
+
+const std::vector<PanelFloor>& PanelCache::Photos(const PanelFilter& filter) {
+    return Refreshed(photos, filter, [&] { return PicPanel(database).Floors(filter); });
+}
+
+const std::vector<PanelIssueFloor>& PanelCache::Issues(const PanelFilter& filter) {
+    return Refreshed(issues, filter, [&] { return ReadIssuePanel(database, filter); });
+}
+
+} // namespace host

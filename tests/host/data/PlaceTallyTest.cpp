@@ -1,0 +1,204 @@
+// The counts that the database keeps are those that counting gives, whatever changed the photos.
+#include "host/data/PlaceTally.h"
+
+#include "host/data/BimPhotos.h"
+#include "host/data/Bin.h"
+#include "host/data/BulkSite.h"
+#include "host/data/Database.h"
+#include "host/data/Migrations.h"
+#include "host/data/PicPanel.h"
+#include "tests/host/data/TempSite.h"
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+using hosttest::TempSite;
+
+namespace {
+
+QString Listed(Database& db, const QString& sql) {
+    QString lines;
+    db.ForEach(sql, {}, [&](const Statement& row) {
+        for (int column = 0; column < 7; ++column) {
+            lines += row.Text(column) + u'|';
+        }
+        lines += u'\n';
+    });
+    return lines;
+}
+
+void ExpectTallyIsRight(Database& db) {
+    const QString order = u" ORDER BY ppid, floor_sort, pos_text, position_key, mark_id"_s;
+    EXPECT_EQ(
+        Listed(db, u"SELECT ppid, floor_sort, pos_text, position_key, mark_id, floor, n FROM"
+                   " bim_place_tally"_s +
+                       order),
+        Listed(db, u"SELECT ppid, floor_sort, pos_text, CASE WHEN floor = '' THEN '' ELSE"
+                   " position_key END AS position_key, mark_id, floor, count(*) FROM bim_photo"
+                   " WHERE status = 0 GROUP BY 1, 2, 3, 4, 5"_s +
+                       order));
+}
+
+/// Three photos at one place, one elsewhere, one nowhere.
+class TallySite : public TempSite {
+public:
+    TallySite() {
+        ppid = writer.AddProject(u"一号楼"_s);
+        writer.AddPosition({ppid, u"2"_s, u"A"_s, u"1"_s, u"two"_s, true});
+        writer.AddPosition({ppid, u"-1"_s, u"B"_s, u"1"_s, u"low"_s, true});
+        for (const QString& key : {u"two"_s, u"two"_s, u"two"_s, u"low"_s, QString()}) {
+            ids.push_back(Add(key));
+        }
+    }
+
+    qint32 Add(const QString& key) {
+        NewBimPhoto photo;
+        photo.ppid = ppid;
+        photo.fileName = u"a.jpg"_s;
+        photo.positionKey = key;
+        photo.markId = 1;
+        photo.uploader = u"zhang"_s;
+        photo.uploadTime = 1700000000 + qint64(ids.size());
+        return writer.FilePhoto(photo, {{}, "jpeg"});
+    }
+    [[nodiscard]] int CountAt(const QString& key, qint32 mark = 1) {
+        return folder.Db()
+            .Value(u"SELECT coalesce(sum(n), 0) FROM bim_place_tally WHERE position_key = ? AND"
+                   " mark_id = ?"_s,
+                   {key, mark})
+            .toInt();
+    }
+
+    SiteWriter writer{folder};
+    qint32 ppid = 0;
+    std::vector<qint32> ids;
+};
+
+} // namespace
+
+TEST(PlaceTally, CountsAPhotoAsSoonAsItIsFiled) {
+    TallySite site;
+    EXPECT_EQ(site.CountAt(u"two"_s), 3);
+    site.Add(u"two"_s);
+    EXPECT_EQ(site.CountAt(u"two"_s), 4);
+    EXPECT_EQ(site.CountAt(QString()), 1);
+    ExpectTallyIsRight(site.folder.Db());
+}
+
+TEST(PlaceTally, AHiddenPhotoDoesNotCountAndOneShownAgainDoes) {
+    TallySite site;
+    BimPhotos photos(site.folder.Db());
+    photos.SetStatus(site.ppid, {site.ids[0], site.ids[3]}, 1);
+    EXPECT_EQ(site.CountAt(u"two"_s), 2);
+    ExpectTallyIsRight(site.folder.Db());
+    photos.SetStatus(site.ppid, {site.ids[0], site.ids[0]}, 0);
+    EXPECT_EQ(site.CountAt(u"two"_s), 3);
+    ExpectTallyIsRight(site.folder.Db());
+}
+
+TEST(PlaceTally, ThePlaceGoesWithItsLastPhotoAndComesBackOutOfTheBin) {
+    TallySite site;
+    Bin bin(site.folder.Db(), site.folder.Store());
+    ASSERT_EQ(bin.DeleteBimPhotos({site.ids[3]}, u"li"_s), 1);
+    EXPECT_EQ(site.folder.Db()
+                  .Value(u"SELECT count(*) FROM bim_place_tally WHERE floor = '-1'"_s)
+                  .toInt(),
+              0);
+    ASSERT_EQ(bin.Restore({bin.List().front().id}), 1);
+    EXPECT_EQ(site.CountAt(u"low"_s), 1);
+    ExpectTallyIsRight(site.folder.Db());
+}
+
+TEST(PlaceTally, AnEditMovesThePhotoToItsNewMarkAndPlace) {
+    TallySite site;
+    BimPhotos photos(site.folder.Db());
+    KX_DATA::BimPicUpdate update;
+    update.picId = site.ids[0];
+    update.fileName = u"b.jpg"_s;
+    update.positionKey = u"low"_s;
+    update.markId = 7;
+    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000000));
+    EXPECT_EQ(site.CountAt(u"two"_s), 2);
+    EXPECT_EQ(site.CountAt(u"low"_s, 7), 1);
+    update.status = 1;
+    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000001));
+    EXPECT_EQ(site.CountAt(u"low"_s, 7), 0);
+    update.status = 0;
+    update.positionKey.clear();
+    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000002));
+    EXPECT_EQ(site.CountAt(QString(), 7), 1);
+    ExpectTallyIsRight(site.folder.Db());
+}
+
+TEST(PlaceTally, AChangeThatIsUndoneLeavesTheCounts) {
+    TallySite site;
+    {
+        Transaction transaction(site.folder.Db());
+        BimPhotos(site.folder.Db()).SetStatus(site.ppid, {site.ids[0]}, 1);
+    }
+    EXPECT_EQ(site.CountAt(u"two"_s), 3);
+    ExpectTallyIsRight(site.folder.Db());
+}
+
+TEST(PlaceTally, PhotosWithoutAFloorShareOnePlaceWhateverTheirKey) {
+    TallySite site;
+    site.Add(u"a key that no position has"_s);
+    EXPECT_EQ(site.CountAt(QString()), 2);
+    ExpectTallyIsRight(site.folder.Db());
+}
+
+TEST(PlaceTally, IsRightAfterABulkFilling) {
+    TempSite site;
+    FillBulkSite(site.folder, {2000, 0, 0, 3, 60});
+    ExpectTallyIsRight(site.folder.Db());
+    EXPECT_GT(site.folder.Db().Value(u"SELECT sum(n) FROM bim_place_tally"_s).toInt(), 1500);
+}
+
+TEST(PlaceTally, AFolderOfTheFirstSchemaIsCountedWhenItIsOpened) {
+    TempSite site;
+    FillBulkSite(site.folder, {500, 0, 20, 2, 60});
+    Database& db = site.folder.Db();
+    for (const char* name : {"add", "remove", "leave", "come"}) {
+        db.Exec(u"DROP TRIGGER bim_place_tally_%1"_s.arg(QLatin1String(name)));
+    }
+    db.Exec(u"DROP TABLE bim_place_tally"_s);
+    db.Exec(u"DROP INDEX issue_panel"_s);
+    db.Exec(u"DELETE FROM schema_version WHERE version > 1"_s);
+    DataFolder again(site.folder.Path());
+    ASSERT_FALSE(again.Open().has_value());
+    ExpectTallyIsRight(again.Db());
+    again.Db().Exec(u"UPDATE bim_photo SET status = 1 - status"_s);
+    ExpectTallyIsRight(again.Db());
+}
+
+TEST(PicPanelFloors, CountedByTheTableAndByLookingAtThePhotosAreTheSame) {
+    TempSite site;
+    FillBulkSite(site.folder, {3000, 0, 0, 3, 60});
+    PanelFilter all;
+    all.ppids = {2, 1, 2};
+    PanelFilter limited = all;
+    limited.timed = true;
+    limited.to = 4000000000;
+    PicPanel panel(site.folder.Db());
+    const auto counted = panel.Floors(all);
+    const auto looked = panel.Floors(limited);
+    ASSERT_EQ(counted.size(), looked.size());
+    for (size_t floor = 0; floor < counted.size(); ++floor) {
+        EXPECT_EQ(counted[floor].name, looked[floor].name);
+        ASSERT_EQ(counted[floor].places.size(), looked[floor].places.size());
+        for (size_t place = 0; place < counted[floor].places.size(); ++place) {
+            const PanelPlace& one = counted[floor].places[place];
+            const PanelPlace& other = looked[floor].places[place];
+            EXPECT_EQ(one.positionKey, other.positionKey);
+            ASSERT_EQ(one.marks.size(), other.marks.size());
+            for (size_t mark = 0; mark < one.marks.size(); ++mark) {
+                EXPECT_EQ(one.marks[mark].markId, other.marks[mark].markId);
+                EXPECT_EQ(one.marks[mark].count, other.marks[mark].count);
+                EXPECT_TRUE(one.marks[mark].picIds.empty());
+                EXPECT_EQ(other.marks[mark].picIds.size(), size_t(other.marks[mark].count));
+            }
+        }
+    }
+}
+
+} // namespace host
