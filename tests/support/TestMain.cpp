@@ -1,4 +1,6 @@
-// The `main` of test programs with windows: without a display unless the caller names a platform.
+// The `main` of test programs with windows: without a display unless the caller names a platform,
+// and without sound.
+#include "tests/support/ScriptedAudio.h"
 #include "toolkit/Look.h"
 
 #include <QApplication>
@@ -11,6 +13,7 @@ int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("TZ"))
         qputenv("TZ", "Asia/Shanghai");
     QApplication app(argc, argv);
+    const support::ScriptedAudio noSound;
     toolkit::ApplyLook(app);
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
