@@ -57,4 +57,20 @@ QString FailureText() {
     return u"下载语音失败"_s;
 }
 
+QString NotePath(const QString& folder, const QString& uuid) {
+    return folder + uuid + u".amr"_s;
+}
+
+int ProgressEnd(quint32 seconds) {
+    // Passes through 16 bits, so that it begins anew at 65,536 seconds; required as is.
+    return quint16(seconds);
+}
+
+NoteSource CurrentNote(const GalleryState& gallery) {
+    const GalleryItem* item = gallery.ItemAt(gallery.currentIndex);
+    if (item == nullptr)
+        return {};
+    return {item->audioUuid, item->audioPath, item->audioState};
+}
+
 } // namespace gallery

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/PlayState.h"
+#include "viewers/GalleryState.h"
 
 #include <QString>
 
@@ -35,5 +36,19 @@ struct NoteStep {
 /// What the player says of a note that isn't played yet.
 [[nodiscard]] QString IdleText(const QString& uuid);
 [[nodiscard]] QString FailureText();
+
+/// Where a note lies on disk. `folder` ends with its separator.
+[[nodiscard]] QString NotePath(const QString& folder, const QString& uuid);
+/// Upper end of the progress bar for a note of so many seconds.
+[[nodiscard]] int ProgressEnd(quint32 seconds);
+
+/// The note of the moment, as a viewer knows it.
+struct NoteSource {
+    QString uuid; ///< empty: no note
+    QString path;
+    qint32 state = 0; ///< a DownloadState
+};
+/// That of the gallery's current item; none if there is no such item.
+[[nodiscard]] NoteSource CurrentNote(const GalleryState& gallery);
 
 } // namespace gallery

@@ -21,6 +21,11 @@ std::vector<GalleryItem> FolderGallery::ItemsOf(const QStringList& paths) {
         GalleryItem item;
         item.picUuid = QFileInfo(path).completeBaseName();
         item.picPath = path;
+        const QFileInfo note(QFileInfo(path).dir(), item.picUuid + u".amr"_s);
+        if (note.exists()) {
+            item.audioUuid = item.picUuid;
+            item.audioPath = note.filePath();
+        }
         items.push_back(item);
     }
     return items;

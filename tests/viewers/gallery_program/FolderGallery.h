@@ -19,7 +19,8 @@ public:
     std::vector<int> audioTold; ///< of OnAudioProgress
     int closed = 0;
 
-    /// Items for files, one each; their uuids are the files' base names.
+    /// Items for files, one each; their uuids are the files' base names. A voice note with the same
+    /// base name beside the file belongs to it.
     [[nodiscard]] static std::vector<GalleryItem> ItemsOf(const QStringList& paths);
     /// The picture files of a folder by name.
     [[nodiscard]] static QStringList PicturesIn(const QString& folder);

@@ -1,6 +1,7 @@
 // Opens a folder of pictures in a plain gallery.
 #include "tests/support/ScriptedHost.h"
 #include "tests/viewers/gallery_program/FolderGallery.h"
+#include "tests/viewers/gallery_program/NotedGallery.h"
 #include "toolkit/Look.h"
 
 #include <QApplication>
@@ -11,6 +12,7 @@
 #include <QTimer>
 
 #include <cstdio>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -27,8 +29,17 @@ QString OwnWorkFolder() {
     return QDir(QCoreApplication::applicationDirPath()).filePath(u"work"_s);
 }
 
+/// The plain gallery, or the one with the player where there is something to play.
+std::unique_ptr<CPicViewDlg> GalleryFor(const std::vector<GalleryItem>& items, bool vertical) {
+    if (!vertical && support::NotedGallery::HasNotes(items))
+        return std::make_unique<support::NotedGallery>();
+    auto gallery = std::make_unique<support::FolderGallery>();
+    gallery->horizontal = !vertical;
+    return gallery;
+}
+
 /// Saves what the window shows and ends the program.
-void SaveAndQuit(support::FolderGallery& gallery, const QString& path) {
+void SaveAndQuit(const CPicViewDlg& gallery, const QString& path) {
     const bool saved = gallery.Widget()->grab().save(path);
     QCoreApplication::exit(saved ? 0 : 1);
 }
@@ -56,16 +67,16 @@ int main(int argc, char** argv) {
     const QTemporaryDir root;
     host.paths.root = root.path();
     QFile::link(QDir(options.value(u"work"_s)).absolutePath(), root.filePath(u"work"_s));
-    support::FolderGallery gallery;
-    gallery.horizontal = !options.isSet(u"vertical"_s);
-    gallery.Create(toolkit::kNoWindow);
-    gallery.Widget()->resize(SizeOf(options.value(u"size"_s)));
-    gallery.Widget()->show();
-    gallery.SetCurrentIndex(options.value(u"index"_s).toInt());
-    const QStringList pictures = support::FolderGallery::PicturesIn(arguments.front());
-    gallery.SetPicItems(support::FolderGallery::ItemsOf(pictures));
-    std::printf("%d pictures\n", int(pictures.size()));
+    const std::vector<GalleryItem> items =
+        support::FolderGallery::ItemsOf(support::FolderGallery::PicturesIn(arguments.front()));
+    const auto gallery = GalleryFor(items, options.isSet(u"vertical"_s));
+    gallery->Create(toolkit::kNoWindow);
+    gallery->Widget()->resize(SizeOf(options.value(u"size"_s)));
+    gallery->Widget()->show();
+    gallery->SetCurrentIndex(options.value(u"index"_s).toInt());
+    gallery->SetPicItems(items);
+    std::printf("%d pictures\n", int(items.size()));
     if (options.isSet(u"shot"_s))
-        QTimer::singleShot(0, &app, [&] { SaveAndQuit(gallery, options.value(u"shot"_s)); });
+        QTimer::singleShot(0, &app, [&] { SaveAndQuit(*gallery, options.value(u"shot"_s)); });
     return QApplication::exec();
 }
