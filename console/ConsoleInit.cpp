@@ -12,13 +12,13 @@
 #include "toolkit/ColorTxtComboBox.h"
 #include "toolkit/DropCombo.h"
 #include "toolkit/KXComboBox.h"
+#include "toolkit/WindowPlace.h"
 
 #include <QCheckBox>
 #include <QDateEdit>
 #include <QDateTime>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
 
@@ -59,7 +59,7 @@ void CVeskPicMngDlg::OnCreated() {
     UpdateLeastSize();
     window->resize(window->minimumSize());
     ApplyLayout();
-    CentreWindow();
+    toolkit::CentreWindow(*Widget());
     toolkit::PostWindowEvent(Id(), WM_PIC_MNG_SELECT);
 }
 
@@ -202,23 +202,9 @@ void CVeskPicMngDlg::AddShortcut(const QKeySequence& key, void (CVeskPicMngDlg::
                      [this, action] { (this->*action)(); });
 }
 
-void CVeskPicMngDlg::CentreWindow() {
-    const QWidget* parent = Widget()->parentWidget();
-    const QRect screen = Widget()->screen()->availableGeometry();
-    QRect place(QPoint(0, 0), Widget()->size());
-    place.moveCenter(parent != nullptr ? parent->frameGeometry().center() : screen.center());
-    place.moveLeft(std::clamp(place.left(), screen.left(),
-                              std::max(screen.left(), screen.right() - place.width() + 1)));
-    place.moveTop(std::clamp(place.top(), screen.top(),
-                             std::max(screen.top(), screen.bottom() - place.height() + 1)));
-    Widget()->move(place.topLeft());
-}
-
 void CVeskPicMngDlg::UpdateLeastSize() {
     const QSize wanted = Manager() != nullptr ? Manager()->GetMinTrackSize() : QSize(1280, 670);
-    // A screen may be smaller than the told least size; title bar and frame need room too.
-    const QSize screen = Widget()->screen()->availableSize() - QSize(8, 32);
-    Widget()->setMinimumSize(wanted.boundedTo(screen));
+    toolkit::SetLeastSize(*Widget(), wanted);
 }
 
 void CVeskPicMngDlg::OnResized() {

@@ -75,7 +75,6 @@ private:
     void ConnectFilters();
     void ConnectActions();
     void AddShortcut(const QKeySequence& key, void (CVeskPicMngDlg::*action)());
-    void CentreWindow();
 
     // Filters.
     void ResetMarkBox();

@@ -33,4 +33,8 @@ QString SecondText(qint64 time) {
     return QDateTime::fromSecsSinceEpoch(time).toString(u"yyyy-MM-dd HH:mm:ss"_s);
 }
 
+QString timeToCString(qint64 time) {
+    return time == 0 ? QString() : SecondText(time);
+}
+
 } // namespace KXTools

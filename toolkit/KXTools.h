@@ -24,5 +24,7 @@ TOOLKIT_EXPORT void Set23Hour59Minute59Second(qint64& time);
 /// A time in local form: "yyyy-MM-dd HH:mm" and the same with seconds.
 [[nodiscard]] TOOLKIT_EXPORT QString MinuteText(qint64 time);
 [[nodiscard]] TOOLKIT_EXPORT QString SecondText(qint64 time);
+/// A record's time as viewers show it, to the second; empty for 0, which is no time.
+[[nodiscard]] TOOLKIT_EXPORT QString timeToCString(qint64 time);
 
 } // namespace KXTools

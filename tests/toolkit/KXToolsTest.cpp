@@ -29,3 +29,8 @@ TEST(KXTools, TimesPrintInLocalForm) {
     EXPECT_EQ(KXTools::MinuteText(At(7, 5, 9)), u"2026-03-05 07:05"_s);
     EXPECT_EQ(KXTools::SecondText(At(7, 5, 9)), u"2026-03-05 07:05:09"_s);
 }
+
+TEST(KXTools, ARecordsTimeIsShownToTheSecondAndNoTimeNotAtAll) {
+    EXPECT_EQ(KXTools::timeToCString(At(7, 5, 9)), u"2026-03-05 07:05:09"_s);
+    EXPECT_EQ(KXTools::timeToCString(0), QString());
+}

@@ -1,0 +1,165 @@
+// Texts beside values, and frames around them.
+#include "toolkit/StaticText.h"
+#include "toolkit/Look.h"
+#include "toolkit/TitledGroup.h"
+
+#include <QImage>
+#include <QPainter>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Rows in which something was drawn in a dark colour.
+std::vector<int> InkRows(QWidget& widget) {
+    QImage image(widget.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    widget.render(&image, {}, {}, QWidget::DrawChildren);
+    std::vector<int> rows;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qGray(image.pixel(x, y)) < 100) {
+                rows.push_back(y);
+                break;
+            }
+    return rows;
+}
+
+QImage Drawn(QWidget& widget) {
+    QImage image(widget.size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    widget.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
+}
+
+TEST(StaticFilespec, DrawsAnAmpersandAsItStands) {
+    QWidget parent;
+    CStaticFilespec with(&parent);
+    CStaticFilespec without(&parent);
+    with.setText(u"A&B"_s);
+    without.setText(u"AB"_s);
+    for (CStaticFilespec* text : {&with, &without})
+        text->resize(100, 20);
+    EXPECT_NE(Drawn(with), Drawn(without));
+}
+
+TEST(StaticFilespec, StandsInTheMiddleOfItsHeight) {
+    QWidget parent;
+    CStaticFilespec text(&parent);
+    text.setText(u"国国"_s);
+    text.resize(100, 60);
+    const std::vector<int> rows = InkRows(text);
+    ASSERT_FALSE(rows.empty());
+    EXPECT_NEAR((rows.front() + rows.back()) / 2, 30, 2);
+}
+
+TEST(StaticFilespec, ALongTextEndsInDotsWithinItsWidth) {
+    QWidget parent;
+    CStaticFilespec text(&parent);
+    CStaticFilespec elided(&parent);
+    const QString whole = QString(60, u'国');
+    text.setText(whole);
+    elided.setText(text.fontMetrics().elidedText(whole, Qt::ElideRight, 100));
+    for (CStaticFilespec* each : {&text, &elided})
+        each->resize(100, 20);
+    EXPECT_EQ(Drawn(text), Drawn(elided));
+    EXPECT_EQ(text.text(), whole) << "screen readers get all of it";
+}
+
+TEST(StaticFilespec, ATextWithALineFeedStaysOneLine) {
+    QWidget parent;
+    CStaticFilespec text(&parent);
+    CStaticFilespec blank(&parent);
+    text.setText(u"一\n二"_s);
+    blank.setText(u"一 二"_s);
+    for (CStaticFilespec* each : {&text, &blank})
+        each->resize(100, 40);
+    EXPECT_EQ(Drawn(text), Drawn(blank));
+}
+
+TEST(AutoLineStatic, BreaksIntoTheLinesThatFit) {
+    QWidget parent;
+    CAutoLineStatic text(&parent);
+    text.setText(QString(30, u'国'));
+    text.resize(100, text.fontMetrics().lineSpacing());
+    const size_t oneLine = InkRows(text).size();
+    text.resize(100, 3 * text.fontMetrics().lineSpacing());
+    EXPECT_GT(InkRows(text).size(), 2 * oneLine);
+}
+
+TEST(AutoLineStatic, TheLastLineThatFitsSaysThatThereIsMore) {
+    QWidget parent;
+    CAutoLineStatic text(&parent);
+    text.resize(100, 2 * text.fontMetrics().lineSpacing());
+    text.setText(QString(30, u'国'));
+    const QImage much = Drawn(text);
+    text.setText(QString(60, u'国'));
+    EXPECT_EQ(Drawn(text), much);
+    text.setText(QString(12, u'国'));
+    EXPECT_NE(Drawn(text), much);
+}
+
+TEST(ColorStatic, FillsItsGroundAndCentresItsText) {
+    QWidget parent;
+    CColorStatic mark(&parent);
+    mark.SetTxtAlian(CColorStatic::kCentredLine);
+    mark.SetBGColor(toolkit::ColorFromBgr(0x00C0FF));
+    mark.setText(u"一"_s);
+    mark.resize(80, 20);
+    const QImage image = Drawn(mark);
+    EXPECT_EQ(image.pixelColor(0, 0), QColor(0xFF, 0xC0, 0));
+    EXPECT_EQ(image.pixelColor(79, 19), QColor(0xFF, 0xC0, 0));
+    int left = 80;
+    int right = 0;
+    for (int x = 0; x < 80; ++x)
+        for (int y = 0; y < 20; ++y)
+            if (qGray(image.pixel(x, y)) < 80) {
+                left = qMin(left, x);
+                right = qMax(right, x);
+            }
+    EXPECT_NEAR((left + right) / 2, 40, 2);
+}
+
+TEST(ColorStatic, ABlackTextTurnsWhiteOnAGroundThatHidesIt) {
+    QWidget parent;
+    CColorStatic mark(&parent);
+    mark.SetFontColor(Qt::black);
+    mark.SetBGColor(Qt::yellow);
+    EXPECT_EQ(mark.DrawnFontColor(), QColor(Qt::black));
+    mark.SetBGColor(QColor(0, 0, 128));
+    EXPECT_EQ(mark.DrawnFontColor(), QColor(Qt::white));
+    mark.SetFontColor(Qt::white);
+    EXPECT_EQ(mark.DrawnFontColor(), QColor(Qt::white));
+}
+
+TEST(PlaceLine, AHighEnoughPlaceIsTakenAsItIs) {
+    QLabel line;
+    toolkit::PlaceLine(line, QRect(5, 10, 80, 40));
+    EXPECT_EQ(line.geometry(), QRect(5, 10, 80, 40));
+}
+
+TEST(PlaceLine, ALowPlaceGrowsUpAndDownUntilTheLineFits) {
+    QLabel line;
+    line.setFont(toolkit::UiFont(24));
+    toolkit::PlaceLine(line, QRect(5, 50, 80, 14));
+    const int height = line.fontMetrics().height();
+    EXPECT_EQ(line.height(), height);
+    EXPECT_EQ(line.width(), 80);
+    EXPECT_NEAR(line.geometry().center().y(), 50 + 7, 1);
+}
+
+TEST(TitledGroup, ItsFrameRunsThroughTheMiddleOfItsTitle) {
+    QWidget parent;
+    CTitledGroup group(&parent);
+    group.setTitle(u"语音"_s);
+    group.resize(150, 70);
+    const QImage image = Drawn(group);
+    const int line = group.fontMetrics().height() / 2;
+    EXPECT_NE(image.pixelColor(120, line), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(120, 1), QColor(Qt::white));
+    EXPECT_NE(image.pixelColor(120, 69), QColor(Qt::white));
+    EXPECT_EQ(image.pixelColor(9, line), QColor(Qt::white)) << "the line leaves room for the title";
+}
+
+} // namespace
