@@ -12,8 +12,6 @@ namespace {
 
 QString NameOf(MissingDialog dialog) {
     switch (dialog) {
-    case MissingDialog::BimPicViewer:
-        return u"BIM照片查看"_s;
     case MissingDialog::BimPicEditor:
         return u"BIM照片编辑"_s;
     case MissingDialog::PdfPicViewer:
@@ -28,6 +26,8 @@ QString NameOf(MissingDialog dialog) {
         return u"问题编辑"_s;
     case MissingDialog::ReminderFeed:
         return u"消息提醒"_s;
+    case MissingDialog::Report:
+        return u"输出报告"_s;
     }
     return {};
 }

@@ -4,9 +4,9 @@
 
 namespace ZelvorNRQ_KXVeskPicture {
 
-/// A dialog or a feed that comes with a later version. An entry goes when its dialog comes.
+/// A dialog, a feed or an output that comes with a later version. An entry goes when its dialog
+/// comes.
 enum class MissingDialog {
-    BimPicViewer,
     BimPicEditor,
     PdfPicViewer,
     PdfPicEditor,
@@ -14,6 +14,7 @@ enum class MissingDialog {
     IssueViewer,
     IssueEditor,
     ReminderFeed,
+    Report,
 };
 
 /// Writes one line to the log and answers what a cancelled dialog answers: false.

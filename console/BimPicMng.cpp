@@ -111,8 +111,9 @@ void CBimPicMng::LocateRow(CGridRow& row) {
     toolkit::SendWindowEvent(toolkit::MainWindow(), ZelvorNRQ_KXVeskPicture::WM_VESK_PIC_LOCATE, 0,
                              quintptr(&place));
     if (view != nullptr && view->LocatePicture(photo.positionKey, photo.markId)) {
-        // The console stays as it is until the viewer exists that brings it back.
-        facade.OpenBimPicView(photo.ppid, photo.floor, photo.positionKey, photo.markId);
+        // Only behind a viewer that opened: nothing else brings a minimised console back.
+        if (facade.OpenBimPicView(photo.ppid, photo.floor, photo.positionKey, photo.markId))
+            LeaveToViewer();
         return;
     }
     facade.pendingPicId = ZelvorNRQ_KXVeskPicture::kNoPendingPic;

@@ -1,15 +1,7 @@
-// The kinds of thing that the console lists.
+// What the console's pages and rows have in common, whatever their kind.
 #pragma once
 
-#include <QtCore/qglobal.h>
-
-/// 0 before the first opening; the facade's kinds have the same values.
-using ConsoleMode = qint32;
-
-inline constexpr ConsoleMode kModeNone = 0;
-inline constexpr ConsoleMode kModeBim = 1;
-inline constexpr ConsoleMode kModePdf = 2;
-inline constexpr ConsoleMode kModeIssue = 3;
+#include "base/ConsoleMode.h"
 
 /// Rows of one page.
 inline constexpr int kConsolePageSize = 30;

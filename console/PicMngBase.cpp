@@ -1,5 +1,6 @@
 #include "console/PicMngBase.h"
 
+#include "base/FacadeAccess.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
@@ -9,6 +10,9 @@
 #include "services/IKXLocalCacheData.h"
 #include "services/IKXSysMng.h"
 #include "services/IProjCacheMng.h"
+#include "toolkit/WindowRegistry.h"
+
+#include <QWidget>
 
 using namespace Qt::StringLiterals;
 
@@ -123,4 +127,10 @@ std::vector<CGridRow*> CPicMngBase::CheckedRows() const {
             rows.push_back(row);
     }
     return rows;
+}
+
+void CPicMngBase::LeaveToViewer() {
+    ZelvorNRQ_KXVeskPicture::PictureFacade().reopenConsole = true;
+    if (QWidget* console = toolkit::WidgetOf(grid->ParentId()))
+        console->showMinimized();
 }

@@ -92,6 +92,8 @@ public:
     int currentPage = 1; ///< written by the grid before each query
 
 protected:
+    /// A viewer has opened that brings the console back when it closes.
+    void LeaveToViewer();
     [[nodiscard]] const KX_DATA::PicQueryFilter& PicFilter() const;
     [[nodiscard]] const KX_DATA::PdfQueryFilter& PdfFilter() const;
 

@@ -8,6 +8,7 @@
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
 #include "services/IProjCacheMng.h"
+#include "viewers/BimPicViewWrap.h"
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +31,7 @@ QString CVeskPicProjChangeObs::GetObsClassName() const {
 
 void CVeskPicProjChangeObs::OnProjChange() {
     CVeskPicMngDlg::Instance().CloseConsole();
+    CBimPicViewWrap::Instance().DestroyViews();
     CKXVeskPicDataImpl::Instance().Clear();
     const KX_DATA::ProjectRecord* project = nullptr;
     if (KX_DATA::IProjCacheHandle* handle = GetProjCacheMng()->GetCurrentProject())

@@ -15,6 +15,7 @@
 #include "services/IVeskPicMng.h"
 #include "toolkit/KXTools.h"
 #include "toolkit/WindowRegistry.h"
+#include "viewers/BimPicViewWrap.h"
 #include "viewers/SavePicAs.h"
 
 using namespace Qt::StringLiterals;
@@ -134,14 +135,20 @@ void CKXVeskPictureImpl::ViewBimPic(const ViewPicRequest& request) {
     OpenBimPicView(request.ppid, detail.floor, detail.positionKey, detail.markId);
 }
 
-void CKXVeskPictureImpl::OpenBimPicView(qint32 ppid, const QString& floor,
+bool CKXVeskPictureImpl::OpenBimPicView(qint32 ppid, const QString& floor,
                                         const QString& positionKey, qint32 markId) {
-    Q_UNUSED(ppid);
-    Q_UNUSED(floor);
-    Q_UNUSED(positionKey);
-    Q_UNUSED(markId);
-    static_cast<void>(TakePendingPic());
-    AnswerAsCancelled(MissingDialog::BimPicViewer);
+    CBimPicViewWrap& viewer = CBimPicViewWrap::Instance();
+    viewer.Create(toolkit::MainWindow());
+    if (viewer.OpenView({ppid, floor, positionKey, markId}, TakePendingPic())) {
+        viewer.ShowRestored();
+        viewer.BringToForeground();
+        return true;
+    }
+    ShowStatus(viewer.Id(), e_VeskPicMngStatus::PicInfoFailed);
+    // It may have been closed while its message was open.
+    if (viewer.HasWindow())
+        viewer.Widget()->close();
+    return false;
 }
 
 void CKXVeskPictureImpl::ShowPdfPicView(qint32 ppid, qint32 drawingId, const QString& drawingName,

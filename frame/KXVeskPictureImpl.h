@@ -49,7 +49,7 @@ public:
     void ShowIssueView() override;
 
     [[nodiscard]] ZelvorNRQ_KXVeskPicture::IKXVeskPictureSink& Sink() override;
-    void OpenBimPicView(qint32 ppid, const QString& floor, const QString& positionKey,
+    bool OpenBimPicView(qint32 ppid, const QString& floor, const QString& positionKey,
                         qint32 markId) override;
     [[nodiscard]] ZelvorNRQ_KXVeskPicture::IQuestionRefresh& IssueRefresh() override {
         return *this;

@@ -17,7 +17,7 @@ class EmptyFacade final : public IPictureFacade, public IQuestionRefresh {
 public:
     ZelvorNRQ_KXVeskPicture::IKXVeskPictureSink& Sink() override { return m_sink; }
     qint32 ShowPicMng(qint32) override { return 1; }
-    void OpenBimPicView(qint32, const QString&, const QString&, qint32) override {}
+    bool OpenBimPicView(qint32, const QString&, const QString&, qint32) override { return true; }
     void ShowPdfPicView(qint32, qint32, const QString&, KXWindow) override {}
     IQuestionRefresh& IssueRefresh() override { return *this; }
     void Refresh() override {}

@@ -5,6 +5,9 @@
 #include "frame/KXVeskPictureImpl.h"
 #include "reminder/KXVeskPicDataImpl.h"
 #include "tests/support/WaitFor.h"
+#include "viewers/BimPicViewWrap.h"
+#include "viewers/Decoders.h"
+#include "viewers/DownloadWorker.h"
 
 #include <QStringDecoder>
 
@@ -14,6 +17,7 @@ namespace {
 
 void ForgetModule() {
     CVeskPicMngDlg::ReleaseInstance();
+    CBimPicViewWrap::ReleaseInstance();
     CKXVeskPicDataImpl::ReleaseInstance();
     CKXVeskPictureImpl::ReleaseInstance();
     ZelvorNRQ_KXVeskPicture::SetLogFilePath(QString());
@@ -32,7 +36,12 @@ ModuleFixture::ModuleFixture() {
 ModuleFixture::~ModuleFixture() {
     if (CVeskPicMngDlg::HasInstance())
         Console().CloseConsole();
+    if (CBimPicViewWrap::HasInstance())
+        CBimPicViewWrap::Instance().DestroyViews();
     support::RunPendingEvents();
+    // They use the services, which end with the test.
+    gallery::JoinDownloadWorkers();
+    gallery::JoinDecoders();
     ForgetModule();
 }
 

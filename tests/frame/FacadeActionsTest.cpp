@@ -31,7 +31,7 @@ protected:
     void WatchPending() {
         host.script.During("LocatePicture", [this] { pendingDuring = Facade().pendingPicId; });
     }
-    [[nodiscard]] bool ViewerOpened() { return ModuleLog().contains(u"BIM照片查看"_s); }
+    [[nodiscard]] bool ViewerOpened() { return ModuleLog().contains(u"BIM模型照片查看"_s); }
     KX_DATA::PicFileEntry FileOf(qint32 picId) {
         KX_DATA::PicFileEntry entry;
         entry.picId = picId;
@@ -45,8 +45,11 @@ protected:
 TEST_F(FacadeActionsTest, ViewingAPhotoLocatesItAndThenOpensItsViewer) {
     WatchPending();
     Facade().ViewBimPic(Request(2));
-    EXPECT_THAT(Log().Lines(), ElementsAre("GetBimPicDetail(ppid=1,id=2)", "GetView()",
-                                           "LocatePicture(position=K2,mark=1)"));
+    EXPECT_THAT(
+        Log().LinesOf({"GetBimPicDetail", "GetView", "LocatePicture", "GetPicFilesByPosition"}),
+        ElementsAre("GetBimPicDetail(ppid=1,id=2)", "GetView()",
+                    "LocatePicture(position=K2,mark=1)",
+                    "GetPicFilesByPosition(ppid=1,position=K2,mark=1)"));
     EXPECT_EQ(pendingDuring, 2);
     EXPECT_TRUE(ViewerOpened());
     EXPECT_EQ(Facade().pendingPicId, -1);

@@ -8,6 +8,7 @@
 #include "tests/console/ModuleFixture.h"
 #include "tests/console/SampleRecords.h"
 #include "tests/support/WaitFor.h"
+#include "viewers/BimPicViewWrap.h"
 
 #include <gmock/gmock.h>
 
@@ -63,8 +64,11 @@ TEST_F(HostObserversTest, AChangeWithNoDialogEverOpenedMakesTheObjectsAndEndsNot
     ChangeProject(u"示例工程"_s, 1);
     EXPECT_TRUE(CVeskPicMngDlg::HasInstance());
     EXPECT_TRUE(CKXVeskPicDataImpl::HasInstance());
+    EXPECT_TRUE(CBimPicViewWrap::HasInstance());
     EXPECT_FALSE(Console().HasWindow());
-    EXPECT_THAT(Log().Lines(), ElementsAre("GetCurrentProject()", "GetProjectRecord()"));
+    EXPECT_FALSE(CBimPicViewWrap::Instance().HasWindow());
+    EXPECT_THAT(Log().LinesOf({"GetCurrentProject", "GetProjectRecord"}),
+                ElementsAre("GetCurrentProject()", "GetProjectRecord()"));
 }
 
 TEST_F(HostObserversTest, AChangeShutsTheConsoleWithoutAQuestion) {
@@ -138,7 +142,7 @@ TEST_F(HostObserversTest, AnotherModuleOpensAPhotoWhichTakesThePendingOne) {
     Facade().pendingPicId = 7;
     const qint32 ppid = 1;
     Observer<KXFRAME::IViewBimPicObs>(1).ViewBimPic(&ppid, u"1"_s, u"K1"_s, 1);
-    EXPECT_TRUE(ModuleLog().contains(u"BIM照片查看"_s));
+    EXPECT_TRUE(ModuleLog().contains(u"BIM模型照片查看"_s));
     EXPECT_EQ(Facade().pendingPicId, -1);
 }
 

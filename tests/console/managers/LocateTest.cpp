@@ -32,17 +32,19 @@ TEST_F(LocateTest, ABimPhotoIsToldToTheMainWindowAndShownByTheView) {
     Show(kModeBim);
     WatchPending("LocatePicture");
     Manager().LocateRow(Row(1));
-    EXPECT_THAT(Log().Lines(), ElementsAre("GetView()", "MainWindow(event=7529,first=0,text=1-1-2)",
-                                           "LocatePicture(position=K2,mark=1)"));
+    EXPECT_THAT(Log().LinesOf({"GetView", "MainWindow", "LocatePicture", "GetPicFilesByPosition"}),
+                ElementsAre("GetView()", "MainWindow(event=7529,first=0,text=1-1-2)",
+                            "LocatePicture(position=K2,mark=1)",
+                            "GetPicFilesByPosition(ppid=1,position=K2,mark=1)"));
     EXPECT_EQ(pendingDuring, 2);
-    EXPECT_TRUE(ModuleLog().contains(u"BIM照片查看"_s));
+    EXPECT_TRUE(ModuleLog().contains(u"BIM模型照片查看"_s));
 }
 
-TEST_F(LocateTest, NoPhotoWaitsAfterASuccessfulLookupAndTheConsoleStaysAsItIs) {
+TEST_F(LocateTest, NoPhotoWaitsAfterASuccessfulLookupAndTheViewerWillBringTheConsoleBack) {
     Show(kModeBim);
     Manager().LocateRow(Row(0));
     EXPECT_EQ(Facade().pendingPicId, KX_DATA::kNoPic);
-    EXPECT_FALSE(Facade().reopenConsole);
+    EXPECT_TRUE(Facade().reopenConsole);
 }
 
 TEST_F(LocateTest, AHiddenBimPhotoIsRefusedBeforeAnythingIsAsked) {

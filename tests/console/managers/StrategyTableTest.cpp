@@ -138,6 +138,11 @@ protected:
         Fetch();
         Log().Clear();
     }
+    /// Calls of a lookup, up to the viewer that it opens.
+    [[nodiscard]] std::vector<std::string> LookupCalls() {
+        return Log().LinesOf(
+            {"GetView", "MainWindow", "LocatePicture", "LocateIssue", "SelectCheckpoint"});
+    }
     /// What the service of this kind answers to queries.
     std::optional<qint32>& QueryStatus() {
         if (GetParam().mode == kModeIssue)
@@ -341,7 +346,7 @@ TEST_P(StrategyTable, LocateRowAsksTheViewOfItsKind) {
     OpenKind();
     Manager().LocateRow(Row(0));
     support::RunPendingEvents();
-    EXPECT_THAT(Log().Lines(), ElementsAreArray(GetParam().locate));
+    EXPECT_THAT(LookupCalls(), ElementsAreArray(GetParam().locate));
 }
 
 TEST_P(StrategyTable, LocateRowOfAHiddenRow) {
@@ -354,7 +359,7 @@ TEST_P(StrategyTable, LocateRowOfAHiddenRow) {
     Manager().LocateRow(Row(0));
     support::RunPendingEvents();
     if (GetParam().locatesHidden) {
-        EXPECT_THAT(Log().Lines(), ElementsAreArray(GetParam().locate));
+        EXPECT_THAT(LookupCalls(), ElementsAreArray(GetParam().locate));
     } else {
         // The message, and nothing asked of the view.
         EXPECT_EQ(Log().Lines().size(), 1U);

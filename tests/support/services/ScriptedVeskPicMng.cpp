@@ -142,6 +142,10 @@ qint32 ScriptedVeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId,
     detail.updaterName = row->updaterName;
     detail.updateTime = row->updateStamp;
     detail.status = row->status;
+    detail.markName = detailMarkName;
+    detail.markColor = detailMarkColor;
+    for (const QString& label : row->labelNames)
+        detail.labels.push_back({label, label});
     return kServiceOk;
 }
 

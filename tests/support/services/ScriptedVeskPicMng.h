@@ -20,6 +20,8 @@ public:
     std::vector<KX_DATA::PdfPicRecord> pdfPics;
     std::map<qint32, KX_DATA::CheckpointPicDetail> checkpointPics;
     std::vector<KX_DATA::PicFileEntry> files;
+    QString detailMarkName; ///< of every BIM photo's detail, as the colour
+    qint32 detailMarkColor = 0;
     std::vector<QString> floors;
     std::vector<QString> axesX;
     std::vector<KX_DATA::AxisYEntry> axesY;

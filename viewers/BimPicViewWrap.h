@@ -1,0 +1,38 @@
+// The window of the BIM photo viewer.
+#pragma once
+
+#include "base/SingletonTmpl.h"
+#include "viewers/BimPicViewDlg.h"
+#include "viewers/ClientBlock.h"
+#include "viewers/PicViewWrap.h"
+
+/// Photos of one place in the model; a second opening shows another place in the same window.
+///
+/// Knows the place, not its photos. Its window exists from the first opening until the user closes
+/// it. Thread: user interface. Exists once in a process.
+class CBimPicViewWrap final : public CPicViewWrap,
+                              public NRQUtility::SingletonTmpl<CBimPicViewWrap>,
+                              public ITitleNotify {
+public:
+    /// Shows a place. False: its photos can't be listed.
+    bool OpenView(const BimPlace& place, qint32 wantedPicId);
+    /// Ends pane and window without asking or saving anything.
+    void DestroyViews();
+
+    [[nodiscard]] CBimPicViewDlg& Pane() { return picView; }
+
+    void OnTitleChanged(const QString& title) override;
+    void OnOutputReport() override;
+    void OnTimer(int timerId) override;
+
+protected:
+    [[nodiscard]] CPicViewDlg& PaneOf() override { return picView; }
+    void OnCreated() override;
+    void OnDestroyed() override;
+    void OnClose() override;
+
+private:
+    CBimPicViewDlg picView;
+    BimPlace m_place;
+    gallery::ClientBlock m_block;
+};
