@@ -2,9 +2,11 @@
 
 #include <QFile>
 #include <QImageReader>
+#include <QLoggingCategory>
 #include <QPainter>
 #include <QTransform>
 
+#include <atomic>
 #include <mutex>
 
 using namespace Qt::StringLiterals;
@@ -40,10 +42,24 @@ bool ReducesWhileReading(const QImageReader& reader) {
     return reader.format() == "jpeg" || reader.format() == "jpg";
 }
 
+std::atomic<QLoggingCategory::CategoryFilter> filterBefore{nullptr};
+
+/// What a decoder says of a damaged file, or of one whose reading was given up, the user is told on
+/// the screen.
+void SilenceDecoders(QLoggingCategory* category) {
+    if (const QLoggingCategory::CategoryFilter before = filterBefore.load())
+        before(category);
+    if (QByteArrayView(category->categoryName()).startsWith("qt.gui.imageio"))
+        category->setEnabled(QtWarningMsg, false);
+}
+
 /// Opens a reader on a file. False: no picture of a known kind.
 bool Open(QImageReader& reader, QFile& file) {
-    static std::once_flag raised;
-    std::call_once(raised, [] { QImageReader::setAllocationLimit(kAllocationLimitMb); });
+    static std::once_flag prepared;
+    std::call_once(prepared, [] {
+        QImageReader::setAllocationLimit(kAllocationLimitMb);
+        filterBefore = QLoggingCategory::installFilter(SilenceDecoders);
+    });
     if (!file.open(QIODevice::ReadOnly))
         return false;
     reader.setDecideFormatFromContent(true);

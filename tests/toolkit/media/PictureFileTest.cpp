@@ -42,6 +42,22 @@ void ExpectUpright(const QImage& image, int orientation) {
         << orientation;
 }
 
+/// Counts what is said to nobody while it lives.
+class Overheard final {
+public:
+    Overheard() : m_before(qInstallMessageHandler(&Overheard::Count)) { said = 0; }
+    ~Overheard() { qInstallMessageHandler(m_before); }
+    Overheard(const Overheard&) = delete;
+    Overheard& operator=(const Overheard&) = delete;
+
+    static inline int said = 0;
+
+private:
+    static void Count(QtMsgType, const QMessageLogContext&, const QString&) { ++said; }
+
+    QtMessageHandler m_before;
+};
+
 /// Check sum of a PNG chunk (PNG, annex D).
 quint32 Crc32(const QByteArray& bytes) {
     quint32 sum = 0xFFFFFFFFU;
@@ -150,6 +166,15 @@ TEST_F(PictureFile, AFileThatBreaksOffGivesWhatThereIsOfIt) {
     const QImage image = Decode(path, {30, 20});
     ASSERT_FALSE(image.isNull());
     EXPECT_TRUE(IsNear(image.pixelColor(5, 2), support::kTopLeft));
+}
+
+TEST_F(PictureFile, ADamagedFileSaysNothingBesideTheScreen) {
+    const QByteArray jpeg = support::JpegBytes(CornerMarked({300, 200}));
+    const QString path = Write(jpeg.left(jpeg.size() * 2 / 3));
+    ASSERT_FALSE(Decode(Write(jpeg), {30, 20}).isNull());
+    const Overheard overheard;
+    EXPECT_FALSE(Decode(path, {30, 20}).isNull());
+    EXPECT_EQ(overheard.said, 0);
 }
 
 TEST_F(PictureFile, InksAndGreyAndSixteenBitsAreShown) {
