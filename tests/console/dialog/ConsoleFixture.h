@@ -5,6 +5,7 @@
 #include "console/VeskPicMngDlg.h"
 #include "tests/console/ModuleFixture.h"
 #include "tests/console/SampleRecords.h"
+#include "tests/support/Hands.h"
 
 #include <QTableView>
 #include <QtTest/QTest>
@@ -33,22 +34,20 @@ protected:
     [[nodiscard]] const KX_DATA::PdfQueryFilter& PdfFilter() { return host.pics.lastPdfFilter; }
     [[nodiscard]] const KX_DATA::PicQueryFilter& IssueFilter() { return host.questions.lastFilter; }
 
-    static void Click(QWidget* control);
-    /// Drops a list down by mouse; CloseList ends it again without a choice.
-    static void DropDown(QComboBox& box);
-    static void CloseList(QComboBox& box);
-    /// Drops a list down and chooses an entry with the keyboard.
-    static void Choose(QComboBox& box, int index);
+    static void Click(QWidget* control) { support::Click(control); }
+    static void DropDown(QComboBox& box) { support::DropDown(box); }
+    static void CloseList(QComboBox& box) { support::CloseList(box); }
+    static void Choose(QComboBox& box, int index) { support::Choose(box, index); }
     /// Replaces the text of the keyword box, key by key.
     void TypeKeyword(const QString& keyword);
     void ClickCell(int row, int column);
     void CheckRows(std::initializer_list<int> rows);
     void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
 
-    /// Entries of a list.
-    [[nodiscard]] static std::vector<std::string> Entries(const QComboBox& box);
+    [[nodiscard]] static Calls Entries(const QComboBox& box) { return support::Entries(box); }
     /// How often a query of any kind was asked.
     [[nodiscard]] int Searches();
-    /// Text of the open balloon, and whether it points at this control; "" without one.
-    [[nodiscard]] static std::string BalloonAt(const QWidget* control);
+    [[nodiscard]] static std::string BalloonAt(const QWidget* control) {
+        return support::BalloonAt(control);
+    }
 };

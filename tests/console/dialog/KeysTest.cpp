@@ -22,28 +22,9 @@ using testing::IsEmpty;
 
 class KeysTest : public ConsoleFixture {
 protected:
-    /// Name of what has the keyboard: the control itself, not its edit field.
-    [[nodiscard]] std::string Focused() {
-        const QWidget* widget = QApplication::focusWidget();
-        while (widget != nullptr &&
-               (widget->objectName().isEmpty() || widget->objectName().startsWith(u"qt_"_s)))
-            widget = widget->parentWidget();
-        return widget == nullptr ? std::string() : widget->objectName().toStdString();
-    }
-    /// What Tab comes by, from the project box on, until it comes back.
-    [[nodiscard]] Calls TabOrder() {
-        C().projectCombo->setFocus();
-        Calls names = {Focused()};
-        for (int step = 0; step < 40; ++step) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            if (Focused() == names.front())
-                return names;
-            // A date takes three steps, one for each of its parts.
-            if (Focused() != names.back())
-                names.push_back(Focused());
-        }
-        return names;
-    }
+    [[nodiscard]] static std::string Focused() { return support::FocusedName(); }
+    /// From the project box on.
+    [[nodiscard]] Calls TabOrder() { return support::TabOrder(C().projectCombo); }
     /// A button shows itself pressed for a moment before it acts.
     void Alt(Qt::Key key, const std::function<bool()>& done) {
         Key(key, Qt::AltModifier);
