@@ -1,5 +1,6 @@
 #include "toolkit/BalloonTip.h"
 
+#include "toolkit/Icons.h"
 #include "toolkit/Look.h"
 
 #include <QApplication>
@@ -21,6 +22,8 @@ constexpr int kArrowHalfWidth = 9;
 constexpr int kBalloonPadding = 9;
 constexpr int kWidestText = 320;
 constexpr int kLifetime = 5000;
+constexpr int kIconSide = 16;
+constexpr int kIconGap = 6;
 constexpr int kTextFlags = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap;
 
 QPointer<BalloonTip>& OpenBalloon() {
@@ -30,12 +33,12 @@ QPointer<BalloonTip>& OpenBalloon() {
 
 } // namespace
 
-BalloonTip* BalloonTip::ShowAt(QWidget* control, const QString& text) {
+BalloonTip* BalloonTip::ShowAt(QWidget* control, const QString& text, BalloonKind kind) {
     if (BalloonTip* open = Current())
         open->Dismiss();
     if (control == nullptr)
         return nullptr;
-    auto* balloon = new BalloonTip(control, text);
+    auto* balloon = new BalloonTip(control, text, kind);
     OpenBalloon() = balloon;
     balloon->show();
     return balloon;
@@ -45,9 +48,9 @@ BalloonTip* BalloonTip::Current() {
     return OpenBalloon();
 }
 
-BalloonTip::BalloonTip(QWidget* control, const QString& text)
+BalloonTip::BalloonTip(QWidget* control, const QString& text, BalloonKind kind)
     : QWidget(control->window(), Qt::ToolTip | Qt::FramelessWindowHint), m_control(control),
-      m_text(text) {
+      m_text(text), m_kind(kind) {
     setObjectName(u"balloonTip"_s);
     setAccessibleName(text);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -84,8 +87,9 @@ void BalloonTip::Place() {
     const QFontMetrics metrics(font());
     const QSize text =
         metrics.boundingRect(QRect(0, 0, kWidestText, 10000), kTextFlags, m_text).size();
-    const QSize size(text.width() + 2 * kBalloonPadding + 2,
-                     text.height() + 2 * kBalloonPadding + kArrowHeight);
+    const int least = m_kind == BalloonKind::Error ? kIconSide : 0;
+    const QSize size(TextStart() + text.width() + kBalloonPadding + 1,
+                     std::max(text.height(), least) + 2 * kBalloonPadding + kArrowHeight);
     const QRect control(m_control->mapToGlobal(QPoint(0, 0)), m_control->size());
     const QRect screen = m_control->screen()->availableGeometry();
 
@@ -108,6 +112,10 @@ QRect BalloonTip::Body() const {
                      : rect().adjusted(0, 0, 0, -kArrowHeight);
 }
 
+int BalloonTip::TextStart() const {
+    return kBalloonPadding + 1 + (m_kind == BalloonKind::Error ? kIconSide + kIconGap : 0);
+}
+
 QPainterPath BalloonTip::Outline(qreal inset) const {
     const QRectF body = QRectF(Body()).adjusted(inset, inset, -inset, -inset);
     // Its foot lies inside the frame, so that the two become one outline.
@@ -127,12 +135,17 @@ void BalloonTip::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(Colors::TextAccent(), 1));
+    const bool isError = m_kind == BalloonKind::Error;
+    painter.setPen(QPen(isError ? Colors::ErrorText() : Colors::TextAccent(), 1));
     painter.setBrush(palette().color(QPalette::ToolTipBase));
     painter.drawPath(Outline(0.5));
     painter.setPen(Colors::Text());
-    painter.drawText(Body().adjusted(kBalloonPadding + 1, 0, -kBalloonPadding, 0), kTextFlags,
-                     m_text);
+    if (isError) {
+        QRect icon(Body().left() + kBalloonPadding + 1, 0, kIconSide, kIconSide);
+        icon.moveTop(Body().center().y() - kIconSide / 2 + 1);
+        Icon(u"error"_s).paint(&painter, icon);
+    }
+    painter.drawText(Body().adjusted(TextStart(), 0, -kBalloonPadding, 0), kTextFlags, m_text);
 }
 
 void BalloonTip::mousePressEvent(QMouseEvent* event) {

@@ -23,6 +23,12 @@ void CColorTxtComboBox::OnInitialize(const std::vector<ColorAndName>& entries) {
     Rebuild();
 }
 
+void CColorTxtComboBox::SetSelectColorName(const QString& name) {
+    const auto found = std::find_if(m_entries.begin(), m_entries.end(),
+                                    [&](const ColorAndName& entry) { return entry.name == name; });
+    setCurrentIndex(found == m_entries.end() ? -1 : int(found - m_entries.begin()));
+}
+
 void CColorTxtComboBox::Rebuild() {
     const int selected = std::max(currentIndex(), 0);
     clear();

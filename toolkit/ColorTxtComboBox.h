@@ -23,6 +23,8 @@ public:
     void SetVeskStyle(int style);
     /// Replaces all entries and selects the first.
     void OnInitialize(const std::vector<ColorAndName>& entries);
+    /// Selects the first entry of this name; none if there is no such entry.
+    void SetSelectColorName(const QString& name);
     [[nodiscard]] const std::vector<ColorAndName>& Entries() const { return m_entries; }
 
 protected:

@@ -4,6 +4,7 @@
 #include "toolkit/KXTools.h"
 
 #include <QDialog>
+#include <QEventLoop>
 #include <QKeyEvent>
 
 namespace {
@@ -28,6 +29,31 @@ protected:
     }
 };
 
+/// Leaves a loop when a window is hidden by its program or destroyed.
+class LoopEnd final : public QObject {
+public:
+    LoopEnd(QEventLoop& loop, QWidget* window) : m_loop(loop) {
+        window->installEventFilter(this);
+        connect(window, &QObject::destroyed, this, &LoopEnd::Leave);
+    }
+    [[nodiscard]] bool HasCome() const { return m_come; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Hide && !event->spontaneous())
+            Leave();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    void Leave() {
+        m_come = true;
+        m_loop.quit();
+    }
+
+    QEventLoop& m_loop;
+    bool m_come = false;
+};
+
 } // namespace
 
 void CPopTipDlg::PopTip(QWidget* control, const QString& text, bool focus) {
@@ -41,11 +67,39 @@ void CPopTipDlg::PopTip(QWidget* control, const QString& text, bool focus) {
 }
 
 void CPopTipDlg::ShowMsg(const QString& text, QWidget* control) {
-    const QPointer<QWidget> target(control);
-    KXTools::ShowMsgBox(Id(), text);
-    // The dialog may have ended while its message was open.
-    if (target)
-        target->setFocus(Qt::OtherFocusReason);
+    if (control == nullptr || !control->isVisible()) {
+        KXTools::ShowMsgBox(Id(), text);
+        return;
+    }
+    control->setFocus(Qt::OtherFocusReason);
+    toolkit::BalloonTip::ShowAt(control, text, toolkit::BalloonKind::Error);
+}
+
+DialogResult CPopTipDlg::DoModal(toolkit::WindowId parent) {
+    if (HasWindow())
+        return DialogResult::Cancelled;
+    m_result = DialogResult::Cancelled;
+    Create(parent);
+    // A fault while it opened may have been answered by closing it.
+    if (!HasWindow())
+        return m_result;
+    QWidget* window = Widget();
+    window->setWindowModality(Qt::ApplicationModal);
+    window->setWindowFlag(Qt::WindowMinimizeButtonHint, false);
+    QEventLoop loop;
+    const LoopEnd end(loop, window);
+    ShowRestored();
+    BringToForeground();
+    if (!end.HasCome())
+        loop.exec(QEventLoop::DialogExec);
+    // The loop also ends with the program.
+    Destroy();
+    return m_result;
+}
+
+void CPopTipDlg::EndDialog(DialogResult result) {
+    m_result = result;
+    Destroy();
 }
 
 QWidget* CPopTipDlg::MakeWindow(QWidget* parent) {

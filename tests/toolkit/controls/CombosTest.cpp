@@ -260,4 +260,14 @@ TEST_F(ColorTxtComboBoxTest, OtherStyleWritesTheNameOnItsColour) {
     EXPECT_NE(plain.pixelColor(plain.width() / 2, plain.height() / 2), QColor(Qt::red));
 }
 
+TEST_F(ColorTxtComboBoxTest, AnEntryIsSelectedByItsName) {
+    combo->OnInitialize({{0xFF, u"质量"_s}, {0xFF00, u"安全"_s}, {0, u"安全"_s}});
+    combo->SetSelectColorName(u"安全"_s);
+    EXPECT_EQ(combo->currentIndex(), 1);
+    combo->SetSelectColorName(u"没有"_s);
+    EXPECT_EQ(combo->currentIndex(), -1);
+    combo->SetSelectColorName(QString());
+    EXPECT_EQ(combo->currentIndex(), -1);
+}
+
 } // namespace
