@@ -12,8 +12,6 @@ namespace {
 
 QString NameOf(MissingDialog dialog) {
     switch (dialog) {
-    case MissingDialog::BimPicEditor:
-        return u"BIM照片编辑"_s;
     case MissingDialog::PdfPicViewer:
         return u"图纸照片查看"_s;
     case MissingDialog::PdfPicEditor:

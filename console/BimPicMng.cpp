@@ -2,10 +2,10 @@
 
 #include "base/FacadeAccess.h"
 #include "base/Guard.h"
-#include "base/MissingDialogs.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
+#include "editors/BimPicEditDlg.h"
 #include "include/KXEvents.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
@@ -15,10 +15,8 @@
 
 using namespace Qt::StringLiterals;
 
-using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
 using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
 using ZelvorNRQ_KXVeskPicture::IPictureFacade;
-using ZelvorNRQ_KXVeskPicture::MissingDialog;
 using ZelvorNRQ_KXVeskPicture::PictureFacade;
 using ZelvorNRQ_KXVeskPicture::ShowStatus;
 
@@ -90,8 +88,9 @@ bool CBimPicMng::GetUsedMarks(std::vector<qint32>& markIds) {
 }
 
 bool CBimPicMng::EditRow(CGridRow& row) {
-    Q_UNUSED(row);
-    return AnswerAsCancelled(MissingDialog::BimPicEditor);
+    CBimPicEditDlg editor(RecordOf<KX_DATA::BimPicRow>(row));
+    // Neither row nor record need be there any more when it comes back.
+    return editor.DoModal(grid->ParentId()) == DialogResult::Ok;
 }
 
 void CBimPicMng::LocateRow(CGridRow& row) {

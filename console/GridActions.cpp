@@ -40,8 +40,7 @@ void CVeskPicMngGrid::RunCommand(RowCommand command, CGridRow& row) {
     const auto manager = m_manager;
     switch (command) {
     case RowCommand::Edit:
-        if (manager->EditRow(row))
-            Refresh();
+        EditOneRow(row);
         break;
     case RowCommand::Locate:
         LocateSelected(row);
@@ -83,6 +82,17 @@ void CVeskPicMngGrid::DownloadChecked(const QString& folder) {
         rows.push_back({checked, checked ? m_manager->GetDownloadSource(row) : DownloadSource()});
     }
     DownloadRows(rows, folder);
+}
+
+void CVeskPicMngGrid::EditOneRow(CGridRow& row) {
+    const auto manager = m_manager;
+    if (!manager->EditRow(row))
+        return;
+    // The console may have been closed, or have another kind, while the editor was open.
+    if (manager == m_manager && IsInDialog())
+        Refresh();
+    else
+        manager->NotifyChanged();
 }
 
 void CVeskPicMngGrid::DeleteOneRow(CGridRow& row) {

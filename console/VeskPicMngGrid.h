@@ -75,6 +75,7 @@ private:
     void RunCommand(RowCommand command, CGridRow& row);
     void LocateSelected(CGridRow& row);
     void SaveSelectedAs(const CGridRow& row);
+    void EditOneRow(CGridRow& row);
     void DeleteOneRow(CGridRow& row);
     void ShowCheckedStatus(bool show);
 

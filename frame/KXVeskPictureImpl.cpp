@@ -4,6 +4,7 @@
 #include "base/MissingDialogs.h"
 #include "console/ConsoleEvents.h"
 #include "console/VeskPicMngDlg.h"
+#include "editors/BimPicEditDlg.h"
 #include "frame/HostObservers.h"
 #include "reminder/KXVeskPicDataImpl.h"
 #include "services/Factories.h"
@@ -171,7 +172,9 @@ bool CKXVeskPictureImpl::EditBimPic(qint32 ppid, qint32 picId) {
     if (GetVeskPicMng()->GetBimPicDetail(ppid, picId, detail) != KX_DATA::kServiceOk)
         return false;
     detail.picId = picId;
-    if (AnswerAsCancelled(MissingDialog::BimPicEditor))
+    detail.ppid = ppid;
+    CBimPicEditDlg editor(detail);
+    if (editor.DoModal(toolkit::MainWindow()) == DialogResult::Ok)
         Sink().RefreshBimMarks();
     return true;
 }

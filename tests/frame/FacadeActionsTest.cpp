@@ -2,18 +2,24 @@
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/ModuleFixture.h"
 #include "tests/console/SampleRecords.h"
+#include "tests/support/Hands.h"
+#include "tests/support/ModalVisit.h"
 #include "toolkit/WindowRegistry.h"
 
+#include <QPushButton>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+using support::ModalVisit;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using ZelvorNRQ_KXVeskPicture::ViewPicRequest;
+
+const QString kPhotoEditor = u"BimPicEditDlg"_s;
 
 class FacadeActionsTest : public ModuleFixture {
 protected:
@@ -27,6 +33,9 @@ protected:
         request.picId = picId;
         request.ppid = 1;
         return request;
+    }
+    static void Press(QWidget& window, const QString& button) {
+        support::Click(window.findChild<QPushButton*>(button));
     }
     void WatchPending() {
         host.script.During("LocatePicture", [this] { pendingDuring = Facade().pendingPicId; });
@@ -98,14 +107,35 @@ TEST_F(FacadeActionsTest, WithoutAViewAPhotoOnAFloorIsNotShown) {
     EXPECT_TRUE(ViewerOpened());
 }
 
-TEST_F(FacadeActionsTest, EditingAPhotoReadsItFirst) {
-    EXPECT_TRUE(Facade().EditBimPic(1, 2));
-    EXPECT_THAT(Log().Lines(), ElementsAre("GetBimPicDetail(ppid=1,id=2)"));
-    EXPECT_TRUE(ModuleLog().contains(u"BIM照片编辑"_s));
+TEST_F(FacadeActionsTest, EditingAPhotoEditsItsDetailInTheGivenProjectAndTellsTheHost) {
+    const ModalVisit visit(kPhotoEditor, [this](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), u"编辑照片-照片2.jpg"_s);
+        EXPECT_EQ(window.parentWidget(), mainWindow.Widget());
+        Press(window, u"okButton"_s);
+    });
+    EXPECT_TRUE(Facade().EditBimPic(9, 2));
+    EXPECT_THAT(Log().LinesOf({"GetBimPicDetail", "GetLabels", "UpdateBimPic", "RefreshBimMarks"}),
+                ElementsAre("GetBimPicDetail(ppid=9,id=2)", "GetLabels(kind=2)",
+                            "UpdateBimPic(ppid=9,id=2)", "RefreshBimMarks()"));
+    EXPECT_EQ(host.pics.lastBimUpdate.positionKey, u"K2"_s);
 }
 
-TEST_F(FacadeActionsTest, ACancelledEditTellsNobody) {
-    Facade().EditBimPic(1, 2);
+TEST_F(FacadeActionsTest, EditBimPicCancelledByTheUserSendsNoNotification) {
+    const ModalVisit visit(kPhotoEditor, [](QWidget& window) { Press(window, u"cancelButton"_s); });
+    EXPECT_TRUE(Facade().EditBimPic(1, 2));
+    EXPECT_EQ(Log().CountOf("UpdateBimPic"), 0);
+    EXPECT_EQ(Log().CountOf("RefreshBimMarks"), 0);
+}
+
+TEST_F(FacadeActionsTest, AnEditThatTheServiceRefusedAndTheUserGaveUpTellsNobody) {
+    host.script.FailNext("UpdateBimPic");
+    const ModalVisit visit(kPhotoEditor, [](QWidget& window) {
+        Press(window, u"okButton"_s);
+        ASSERT_TRUE(window.isVisible());
+        Press(window, u"cancelButton"_s);
+    });
+    EXPECT_TRUE(Facade().EditBimPic(1, 2));
+    EXPECT_EQ(Log().CountOf("UpdateBimPic"), 1);
     EXPECT_EQ(Log().CountOf("RefreshBimMarks"), 0);
 }
 
@@ -113,7 +143,9 @@ TEST_F(FacadeActionsTest, APhotoThatCannotBeReadIsNotEdited) {
     EXPECT_FALSE(Facade().EditBimPic(1, 77));
     host.script.FailNext("GetBimPicDetail");
     EXPECT_FALSE(Facade().EditBimPic(1, 2));
-    EXPECT_FALSE(ModuleLog().contains(u"BIM照片编辑"_s));
+    host.pics.bimPics[1].status = KX_DATA::kStatusHidden;
+    EXPECT_FALSE(Facade().EditBimPic(1, 2));
+    EXPECT_EQ(Log().CountOf("GetLabels"), 0);
     EXPECT_THAT(prompts.Parents(), IsEmpty());
 }
 

@@ -3,6 +3,7 @@
 #include "frame/HostObservers.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/dialog/ConsoleFixture.h"
+#include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 #include "toolkit/ColorTxtComboBox.h"
 
@@ -82,6 +83,46 @@ TEST_F(InterruptionsTest, WhileARowsDeletionIsAskedACancelledOneDoesNothing) {
     prompts.Meanwhile([] { Console().CloseConsole(); });
     ClickCell(1, 16);
     EXPECT_THAT(Log().LinesOf({"DeleteBimPics", "RefreshBimMarks"}), IsEmpty());
+}
+
+TEST_F(InterruptionsTest, WhileARowIsEditedItsEditorGoesWithTheConsole) {
+    for (const auto& end : Ends()) {
+        Open(kModeBim, 3);
+        const support::ModalVisit visit(u"BimPicEditDlg"_s, [&](QWidget&) {
+            end();
+            support::RunPendingEvents();
+        });
+        ClickCell(1, 12);
+        EXPECT_THAT(Log().LinesOf({"UpdateBimPic", "QueryBimPics", "RefreshBimMarks"}), IsEmpty());
+        ExpectUsable();
+    }
+}
+
+TEST_F(InterruptionsTest, WhileAnEditIsSavedItIsToldAllTheSame) {
+    for (const auto& end : Ends()) {
+        Open(kModeBim, 3);
+        host.script.During("UpdateBimPic", end);
+        const support::ModalVisit visit(u"BimPicEditDlg"_s, [](QWidget& editor) {
+            Click(editor.findChild<QPushButton*>(u"okButton"_s));
+        });
+        ClickCell(1, 12);
+        host.script.During("UpdateBimPic", nullptr);
+        EXPECT_THAT(Log().LinesOf({"UpdateBimPic", "QueryBimPics", "RefreshBimMarks"}),
+                    ElementsAre("UpdateBimPic(ppid=1,id=2)", "RefreshBimMarks()"));
+        ExpectUsable();
+    }
+}
+
+TEST_F(InterruptionsTest, WhileARowIsEditedANewPageMayCome) {
+    Open(kModeBim, 3);
+    const support::ModalVisit visit(u"BimPicEditDlg"_s, [this](QWidget& editor) {
+        FillService(host, kModeBim, 1);
+        Grid().FetchCurrentPage();
+        Click(editor.findChild<QPushButton*>(u"okButton"_s));
+    });
+    ClickCell(1, 12);
+    EXPECT_THAT(Log().LinesOf({"UpdateBimPic"}), ElementsAre("UpdateBimPic(ppid=1,id=2)"));
+    EXPECT_EQ(Grid().GetRowCount(), 1);
 }
 
 TEST_F(InterruptionsTest, WhileARefusalIsShown) {

@@ -1,11 +1,15 @@
 // What the row icons, a double click, the row's menu and the actions on checked rows do.
 #include "base/Status.h"
 #include "tests/console/grid/GridFixture.h"
+#include "tests/support/Hands.h"
+#include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QPushButton>
 #include <QtTest/QTest>
 #include <gmock/gmock.h>
 
@@ -13,9 +17,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using support::ModalVisit;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
+
+const QString kPhotoEditor = u"BimPicEditDlg"_s;
 
 class GridActionsTest : public GridFixture {
 protected:
@@ -36,14 +43,42 @@ protected:
     }
 };
 
-TEST_F(GridActionsTest, AClickOnTheEditIconSelectsItsRowAndGoesToItsEditor) {
+TEST_F(GridActionsTest, AClickOnTheEditIconSelectsItsRowAndOpensItsEditor) {
     Show(kModeBim, 3);
+    const ModalVisit visit(kPhotoEditor, [this](QWidget& editor) {
+        EXPECT_EQ(editor.windowTitle(), u"编辑照片-照片2.jpg"_s);
+        EXPECT_EQ(editor.parentWidget(), window.get());
+        editor.close();
+    });
     ClickCell(1, 12);
     ASSERT_NE(grid->GetCurSel(), nullptr);
     EXPECT_EQ(grid->GetCurSel()->GetRowId(), 1);
-    EXPECT_TRUE(ModuleLog().contains(u"BIM照片编辑"_s));
     // Cancelled: nothing is fetched again.
-    EXPECT_THAT(Log().LinesOf({"Dialog", "RefreshBimMarks"}), IsEmpty());
+    EXPECT_THAT(Log().LinesOf({"Dialog", "UpdateBimPic", "RefreshBimMarks"}), IsEmpty());
+}
+
+TEST_F(GridActionsTest, ASavedEditFetchesThePageAgainAndTellsTheHost) {
+    Show(kModeBim, 3);
+    const ModalVisit visit(kPhotoEditor, [](QWidget& editor) {
+        support::Click(editor.findChild<QPushButton*>(u"okButton"_s));
+    });
+    ClickCell(1, 12);
+    EXPECT_THAT(Log().LinesOf({"UpdateBimPic", "Dialog", "QueryBimPics", "RefreshBimMarks"}),
+                ElementsAre("UpdateBimPic(ppid=1,id=2)", "Dialog(1026)",
+                            "QueryBimPics(page=1,size=30,sort=last_modifytime desc)",
+                            "Dialog(1025)", "RefreshBimMarks()"));
+    EXPECT_EQ(grid->GetCurSel()->GetRowId(), 1);
+}
+
+TEST_F(GridActionsTest, AStatusThatTheConsoleLeftInTheRecordSelectsNothingInTheEditor) {
+    Show(kModeBim, 3);
+    Check({1});
+    grid->SetCheckedShown(false);
+    const ModalVisit visit(kPhotoEditor, [](QWidget& editor) {
+        EXPECT_EQ(editor.findChild<QComboBox*>(u"statusCombo"_s)->currentIndex(), -1);
+        editor.close();
+    });
+    ClickCell(1, 12);
 }
 
 TEST_F(GridActionsTest, TheOtherIconsGoToTheirDialogs) {

@@ -3,9 +3,12 @@
 #include "console/PDFPicMng.h"
 #include "console/TNPicMng.h"
 #include "tests/console/managers/ManagerFixture.h"
+#include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 
 #include <gmock/gmock.h>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +37,7 @@ struct Strategy {
     bool affectsOtherView; ///< also if no checked row lies on the open drawing
     std::string usedMarks;
     QSize leastSize;
+    QString editorWindow;            ///< modal; else what the log says
     QString editor;                  ///< what the log says of the missing dialog
     std::vector<std::string> locate; ///< calls of a lookup of row 1
     bool locatesHidden;
@@ -66,7 +70,8 @@ const std::vector<Strategy>& Strategies() {
             .affectsOtherView = true,
             .usedMarks = "GetUsedBimMarks()",
             .leastSize = QSize(1085, 845),
-            .editor = u"BIM照片编辑"_s,
+            .editorWindow = u"BimPicEditDlg"_s,
+            .editor = {},
             .locate = {"GetView()", "MainWindow(event=7529,first=0,text=1-1-1)",
                        "LocatePicture(position=K1,mark=1)"},
             .locatesHidden = false,
@@ -92,6 +97,7 @@ const std::vector<Strategy>& Strategies() {
             .affectsOtherView = false,
             .usedMarks = "GetUsedPdfMarks()",
             .leastSize = QSize(1085, 845),
+            .editorWindow = {},
             .editor = u"图纸照片编辑"_s,
             .locate = {"SelectCheckpoint(drawing=500)",
                        "MainWindow(event=7529,first=3,second=101)"},
@@ -118,6 +124,7 @@ const std::vector<Strategy>& Strategies() {
             .affectsOtherView = true,
             .usedMarks = "GetUsedMarks(kind=9)",
             .leastSize = QSize(1025, 820),
+            .editorWindow = {},
             .editor = u"问题编辑"_s,
             .locate = {"GetView()", "LocateIssue(id=q1)"},
             .locatesHidden = false,
@@ -338,6 +345,9 @@ TEST_P(StrategyTable, GetMinTrackSize) {
 
 TEST_P(StrategyTable, EditRowGoesUpToItsEditor) {
     OpenKind();
+    std::optional<support::ModalVisit> visit;
+    if (!GetParam().editorWindow.isEmpty())
+        visit.emplace(GetParam().editorWindow, [](QWidget& window) { window.close(); });
     EXPECT_FALSE(Manager().EditRow(Row(0)));
     EXPECT_TRUE(ModuleLog().contains(GetParam().editor)) << ModuleLog().toStdString();
 }

@@ -1,0 +1,185 @@
+#include "editors/BimPicEditDlg.h"
+
+#include "base/Guard.h"
+#include "editors/LabelTreeEdit.h"
+#include "services/Factories.h"
+#include "services/IKXAuthMng.h"
+#include "services/IKXLocalCacheData.h"
+#include "services/IVeskPicMng.h"
+#include "toolkit/Look.h"
+#include "toolkit/TextLimit.h"
+#include "toolkit/WaitCursor.h"
+#include "ui_BimPicEditDlg.h"
+
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+using ZelvorNRQ_KXVeskPicture::BimPicEdit;
+using ZelvorNRQ_KXVeskPicture::CatchStatus;
+using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
+using ZelvorNRQ_KXVeskPicture::GetStatusMessage;
+using ZelvorNRQ_KXVeskPicture::kNoEntry;
+
+namespace {
+
+constexpr int kLongestName = 250;
+constexpr int kLongestNewLabel = 127;
+constexpr int kLongestDescription = 255;
+
+} // namespace
+
+CBimPicEditDlg::CBimPicEditDlg(const KX_DATA::BimPicRow& row)
+    : CBimPicEditDlg(ZelvorNRQ_KXVeskPicture::EditOf(row)) {}
+
+CBimPicEditDlg::CBimPicEditDlg(const KX_DATA::BimPicDetail& detail)
+    : CBimPicEditDlg(ZelvorNRQ_KXVeskPicture::EditOf(detail)) {}
+
+CBimPicEditDlg::CBimPicEditDlg(BimPicEdit edit) : m_edit(std::move(edit)) {}
+
+CBimPicEditDlg::~CBimPicEditDlg() = default;
+
+void CBimPicEditDlg::OnCreated() {
+    m_form = std::make_unique<Ui::BimPicEditDlg>();
+    m_form->setupUi(Widget());
+    m_labels = std::make_unique<LabelTreeEdit>(
+        *this,
+        LabelTreeEdit::Parts{m_form->labelTree, m_form->newLabelCaption, m_form->newLabelEdit,
+                             m_form->addLabelButton},
+        [this] { ReadFields(); });
+    ConnectControls();
+    const auto fault = CatchStatus([this] {
+        const toolkit::WaitCursor wait;
+        Open();
+    });
+    if (!fault || !HasWindow())
+        return;
+    // Told once the dialog can be seen, which stays open with what it has.
+    QMetaObject::invokeMethod(
+        Widget(), [this, fault] { ZelvorNRQ_KXVeskPicture::ShowStatus(Id(), *fault); },
+        Qt::QueuedConnection);
+}
+
+void CBimPicEditDlg::Open() {
+    ShowTexts();
+    m_labels->Fill(m_edit.labelNames);
+    if (!HasWindow())
+        return;
+    m_labels->ShowAddingIfAllowed();
+    if (!HasWindow())
+        return;
+    FillStatus();
+    if (!HasWindow())
+        return;
+    FillMarks();
+    if (HasWindow())
+        FillPosition();
+}
+
+void CBimPicEditDlg::ShowTexts() {
+    Widget()->setWindowTitle(EditTitle(m_edit));
+    m_form->picNameEdit->setText(m_edit.picName);
+    m_form->picNameEdit->setCursorPosition(0);
+    m_form->extensionText->setText(m_edit.extension);
+    m_form->descriptionEdit->setPlainText(m_edit.description);
+    toolkit::LimitText(*m_form->picNameEdit, kLongestName);
+    toolkit::LimitText(*m_form->newLabelEdit, kLongestNewLabel);
+    toolkit::LimitText(*m_form->descriptionEdit, kLongestDescription);
+}
+
+void CBimPicEditDlg::FillStatus() {
+    DropCombo& combo = *m_form->statusCombo;
+    combo.addItems({u"显示"_s, u"隐藏"_s});
+    // The console's show and hide leave another number behind, which selects nothing.
+    const bool isEntry = m_edit.statusIndex >= 0 && m_edit.statusIndex < combo.count();
+    combo.setCurrentIndex(isEntry ? m_edit.statusIndex : kNoEntry);
+    if (GetKXAuthMng()->HasRight(KX_DATA::kRightShowHide) || !HasWindow())
+        return;
+    m_form->statusCaption->hide();
+    combo.hide();
+}
+
+void CBimPicEditDlg::FillMarks() {
+    std::map<qint32, KX_DATA::MarkRecord> table;
+    if (!GetKXLocalCacheData()->GetMarkTable(table))
+        throw e_VeskPicMngStatus::MarksFailed;
+    if (!HasWindow())
+        return;
+    m_edit.markIds.clear();
+    std::vector<ColorAndName> marks;
+    for (const auto& [markId, mark] : table) {
+        marks.push_back({mark.color, mark.name});
+        m_edit.markIds.push_back(markId);
+    }
+    CColorTxtComboBox& combo = *m_form->markCombo;
+    combo.OnInitialize(marks);
+    const auto own = table.find(m_edit.markId);
+    if (own == table.end()) {
+        combo.setCurrentIndex(kNoEntry);
+        return;
+    }
+    combo.SetSelectColorName(own->second.name);
+    // Of two marks with one name the photo's own is meant.
+    if (m_edit.markIds[size_t(combo.currentIndex())] != m_edit.markId)
+        combo.setCurrentIndex(int(std::distance(table.begin(), table.find(m_edit.markId))));
+}
+
+void CBimPicEditDlg::ConnectControls() {
+    QObject::connect(m_form->okButton, &QPushButton::clicked, Widget(), [this] { OnSave(); });
+    QObject::connect(m_form->cancelButton, &QPushButton::clicked, Widget(),
+                     [this] { EndDialog(DialogResult::Cancelled); });
+    ConnectPosition();
+    // What a box has no room for stands in its tip.
+    for (QComboBox* combo : Widget()->findChildren<QComboBox*>()) {
+        const QString purpose = combo->toolTip();
+        QObject::connect(combo, &QComboBox::currentTextChanged, combo,
+                         [combo, purpose](const QString& text) {
+                             const QString tip = text.isEmpty() ? purpose : text + u'\n' + purpose;
+                             combo->setToolTip(toolkit::PlainTip(tip));
+                         });
+    }
+}
+
+void CBimPicEditDlg::ReadFields() {
+    m_edit.picName = m_form->picNameEdit->text();
+    // The box has its own line breaks and blanks: an untouched text is sent as it came.
+    if (m_form->descriptionEdit->document()->isModified())
+        m_edit.description = m_form->descriptionEdit->toPlainText();
+    m_edit.newLabel = m_form->newLabelEdit->text();
+    m_edit.markIndex = m_form->markCombo->currentIndex();
+    m_edit.statusIndex = m_form->statusCombo->currentIndex();
+    m_edit.axisYIndex = m_form->axisYCombo->currentIndex();
+}
+
+void CBimPicEditDlg::OnSave() {
+    const auto status = CatchStatus([this] { Save(); });
+    if (status && HasWindow())
+        ShowMsg(GetStatusMessage(*status), ControlOf(*status));
+}
+
+void CBimPicEditDlg::Save() {
+    ReadFields();
+    const KX_DATA::BimPicUpdate update = TakeUpdate(m_edit, m_labels->CheckedIds());
+    bool saved = false;
+    {
+        const toolkit::WaitCursor wait;
+        saved = GetVeskPicMng()->UpdateBimPic(m_edit.projectId, update);
+    }
+    if (!saved)
+        throw e_VeskPicMngStatus::UpdateFailed;
+    EndDialog(DialogResult::Ok);
+}
+
+QWidget* CBimPicEditDlg::ControlOf(e_VeskPicMngStatus status) const {
+    const std::map<e_VeskPicMngStatus, QWidget*> controls = {
+        {e_VeskPicMngStatus::NameMissing, m_form->picNameEdit},
+        {e_VeskPicMngStatus::StatusMissing, m_form->statusCombo},
+        // Nothing raises these two: floor and X axis aren't checked; required as is.
+        {e_VeskPicMngStatus::FloorWrong, m_form->floorCombo},
+        {e_VeskPicMngStatus::AxisXWrong, m_form->axisXCombo},
+        {e_VeskPicMngStatus::AxisYWrong, m_form->axisYCombo},
+        {e_VeskPicMngStatus::UpdateFailed, m_form->okButton},
+    };
+    const auto found = controls.find(status);
+    return found == controls.end() ? nullptr : found->second;
+}
