@@ -52,7 +52,8 @@ IAudioOutputs* SetAudioOutputs(IAudioOutputs* outputs) {
     return std::exchange(ReplacedOutputs(), outputs);
 }
 
-bool SilentOutput::Open(int rate) {
+bool SilentOutput::Open(int rate, const std::stop_token& stop) {
+    Q_UNUSED(stop);
     m_rate = rate;
     return true;
 }

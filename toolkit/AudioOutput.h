@@ -18,8 +18,8 @@ public:
     virtual ~IAudioOutput() = default;
 
     /// @param rate  samples in a second; 16-bit, one channel.
-    /// @return      false: nothing can be played here.
-    virtual bool Open(int rate) = 0;
+    /// @return      false: nothing can be played here, or a stop is requested.
+    virtual bool Open(int rate, const std::stop_token& stop) = 0;
     /// Takes the samples at the speed at which they sound, so it waits most of the time; returns
     /// early once a stop is requested. False if no more can be played.
     virtual bool Write(std::span<const qint16> samples, const std::stop_token& stop) = 0;
@@ -36,8 +36,9 @@ public:
     virtual std::unique_ptr<IAudioOutput> Make() = 0;
 };
 
-/// An output for one note on the default device; null if there is none. The first call loads what
-/// knows of devices, so that a program that plays nothing doesn't. Thread: user interface.
+/// An output for one note on the default device; null if devices aren't known here. The first call
+/// loads what knows of devices, so that a program that plays nothing doesn't. Thread: user
+/// interface.
 [[nodiscard]] TOOLKIT_EXPORT std::unique_ptr<IAudioOutput> MakeAudioOutput();
 /// Replaces the devices, null for the machine's. Gives what was there before. It stays the
 /// caller's. Thread: user interface.
@@ -46,7 +47,7 @@ TOOLKIT_EXPORT IAudioOutputs* SetAudioOutputs(IAudioOutputs* outputs);
 /// Makes no sound but takes as long as if it did, by the clock of Clock.h.
 class TOOLKIT_EXPORT SilentOutput final : public IAudioOutput {
 public:
-    bool Open(int rate) override;
+    bool Open(int rate, const std::stop_token& stop) override;
     bool Write(std::span<const qint16> samples, const std::stop_token& stop) override;
     void Drain(const std::stop_token& stop) override { Q_UNUSED(stop); }
 

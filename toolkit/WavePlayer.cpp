@@ -33,7 +33,7 @@ void DecodeBlock(AmrReader& file, IAmrDecoder& decoder, std::vector<qint16>& blo
 
 std::unique_ptr<IAudioOutput> Silence(int rate) {
     auto output = std::make_unique<toolkit::SilentOutput>();
-    output->Open(rate);
+    output->Open(rate, {});
     return output;
 }
 
@@ -43,7 +43,7 @@ void PlayFile(const QString& path, std::unique_ptr<IAudioOutput> output,
     const std::unique_ptr<IAmrDecoder> decoder = toolkit::MakeAmrDecoder(file.Band());
     if (!decoder)
         return;
-    if (!output || !output->Open(decoder->Rate()))
+    if (!output || !output->Open(decoder->Rate(), stop))
         output = Silence(decoder->Rate());
     std::vector<qint16> block;
     for (DecodeBlock(file, *decoder, block); !block.empty() && !stop.stop_requested();

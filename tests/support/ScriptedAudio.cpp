@@ -27,7 +27,8 @@ public:
         --m_record->alive;
     }
 
-    bool Open(int rate) override {
+    bool Open(int rate, const std::stop_token& stop) override {
+        Q_UNUSED(stop);
         const std::lock_guard lock(m_record->lock);
         m_record->rate = rate;
         return m_device != Device::FailsToOpen;
