@@ -9,6 +9,7 @@
 #include <cmath>
 #include <memory>
 #include <numbers>
+#include <vector>
 
 namespace host {
 
@@ -17,6 +18,7 @@ namespace {
 constexpr int kSampleRate = 8000;
 constexpr int kFrameSamples = 160;
 constexpr int kFrameMs = 20;
+constexpr size_t kPauseSamples = 2000;
 
 /// A two-pole filter that rings at one frequency, as a formant of the mouth does.
 class Resonator final {
@@ -95,27 +97,58 @@ struct EncoderDeleter {
     void operator()(void* encoder) const { Encoder_Interface_exit(encoder); }
 };
 
-} // namespace
-
-QByteArray MakeVoiceNote(quint64 seed, int milliseconds) {
+/// @param next  gives the samples, -1 to 1.
+template <typename Next> QByteArray Encode(int frames, Next next) {
     const std::unique_ptr<void, EncoderDeleter> encoder(Encoder_Interface_init(0));
     if (!encoder) {
         return {};
     }
-    Babble babble(seed);
     QByteArray file("#!AMR\n");
-    const int frames = std::max(1, (milliseconds + kFrameMs - 1) / kFrameMs);
     std::array<short, kFrameSamples> samples{};
     std::array<unsigned char, 64> packed{};
     for (int frame = 0; frame < frames; ++frame) {
         for (short& sample : samples) {
-            sample = static_cast<short>(std::clamp(babble.Next() * 26000, -32000.0F, 32000.0F));
+            sample = static_cast<short>(std::clamp(next() * 26000, -32000.0F, 32000.0F));
         }
         const int size =
             Encoder_Interface_Encode(encoder.get(), MR74, samples.data(), packed.data(), 0);
         file.append(reinterpret_cast<const char*>(packed.data()), size);
     }
     return file;
+}
+
+/// Makes the loudest sample 1; silence stays silence.
+void Normalise(std::vector<float>& samples) {
+    float peak = 0;
+    for (const float sample : samples) {
+        peak = std::max(peak, std::abs(sample));
+    }
+    for (float& sample : samples) {
+        sample = peak > 0 ? sample / peak : 0;
+    }
+}
+
+} // namespace
+
+QByteArray MakeVoiceNote(quint64 seed, int milliseconds) {
+    Babble babble(seed);
+    const int frames = std::max(1, (milliseconds + kFrameMs - 1) / kFrameMs);
+    return Encode(frames, [&] { return babble.Next(); });
+}
+
+QByteArray MakeSpokenNote(const QString& text, quint64 seed, int milliseconds,
+                          const QString& program) {
+    const std::optional<SpokenSound> spoken = Speak(text, seed, program);
+    if (!spoken) {
+        return MakeVoiceNote(seed, milliseconds);
+    }
+    std::vector<float> samples = Resampled(*spoken, kSampleRate);
+    Normalise(samples);
+    samples.insert(samples.begin(), kPauseSamples, 0.0F);
+    samples.insert(samples.end(), kPauseSamples, 0.0F);
+    const auto frames = static_cast<int>((samples.size() + kFrameSamples - 1) / kFrameSamples);
+    size_t at = 0;
+    return Encode(frames, [&] { return at < samples.size() ? samples[at++] : 0.0F; });
 }
 
 } // namespace host

@@ -41,6 +41,7 @@ void PlanCheckpoints(SitePlan& plan, int drawing, int count, qint64 now, Dice& d
             record.labelIds.push_back(dice.Pick(static_cast<int>(SampleLabels().size())));
         }
         checkpoint.voice = PlanVoice(0.2F, dice);
+        checkpoint.voice.text = record.description;
         plan.checkpoints.push_back(std::move(checkpoint));
     }
 }

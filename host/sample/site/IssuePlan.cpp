@@ -71,6 +71,7 @@ void PlanPics(PlannedIssue& issue, SceneKind kind, QSize size, const QString& pr
         }
     }
     issue.voice = PlanVoice(0.15F, dice);
+    issue.voice.text = record.description.isEmpty() ? record.theme : record.description;
     PlanPics(issue, kind, size, project.name, dice);
     return issue;
 }

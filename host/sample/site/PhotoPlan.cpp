@@ -143,6 +143,7 @@ struct Place {
     record.labelIds = LabelsFor(dice);
     const QString project = SampleProjects()[static_cast<size_t>(record.ppid)].name;
     photo.voice = PlanVoice(0.16F, dice);
+    photo.voice.text = record.description.isEmpty() ? finding : record.description;
     photo.picture = PlanPicture(kind, size,
                                 {project, record.positionKey.isEmpty() ? QString() : place.text,
                                  finding, times.author, times.made},

@@ -8,8 +8,10 @@ namespace host {
 namespace {
 
 [[nodiscard]] FileSource VoiceOf(const PlannedVoice& voice) {
-    return voice.milliseconds > 0 ? FileSource{{}, MakeVoiceNote(voice.seed, voice.milliseconds)}
-                                  : FileSource{};
+    if (voice.milliseconds == 0) {
+        return {};
+    }
+    return {{}, MakeSpokenNote(voice.text, voice.seed, voice.milliseconds)};
 }
 
 } // namespace

@@ -15,7 +15,8 @@ namespace host {
 /// A voice note; 0 milliseconds: none.
 struct PlannedVoice {
     quint64 seed = 0;
-    int milliseconds = 0;
+    int milliseconds = 0; ///< where nobody can speak the text
+    QString text;
 };
 
 /// Numbers in place of ids, which the database gives later: projects from 0 in the order of

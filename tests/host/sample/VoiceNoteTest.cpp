@@ -6,6 +6,8 @@
 #include <array>
 #include <cmath>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr std::array kFrameSizes{12, 13, 15, 17, 19, 20, 26, 31, 5, 0, 0, 0, 0, 0, 0, 0};
@@ -58,6 +60,27 @@ TEST(VoiceNote, CanBeHeard) {
 TEST(VoiceNote, EqualSeedsSpeakEqually) {
     EXPECT_EQ(host::MakeVoiceNote(4, 1000), host::MakeVoiceNote(4, 1000));
     EXPECT_NE(host::MakeVoiceNote(4, 1000), host::MakeVoiceNote(5, 1000));
+}
+
+TEST(VoiceNote, ASentenceIsSpokenForAsLongAsItTakes) {
+    const QString text = u"剪力墙根部漏浆，请尽快安排整改。"_s;
+    const QByteArray file = host::MakeSpokenNote(text, 5, 1000);
+    ASSERT_TRUE(file.startsWith("#!AMR\n"));
+    const Decoded decoded = Decode(file);
+    EXPECT_TRUE(decoded.whole);
+    EXPECT_GT(decoded.frames, 2 * 50);
+    EXPECT_LT(decoded.frames, 12 * 50);
+    EXPECT_GT(decoded.loudness, 300);
+    EXPECT_LT(decoded.loudness, 15000);
+    EXPECT_EQ(file, host::MakeSpokenNote(text, 5, 1000));
+    EXPECT_NE(file, host::MakeSpokenNote(u"模板拼缝过大。"_s, 5, 1000));
+}
+
+TEST(VoiceNote, WhereNobodySpeaksOrThereIsNoTextSyllablesOfTheOrderedLengthStandIn) {
+    const QByteArray babble = host::MakeVoiceNote(5, 1000);
+    EXPECT_EQ(host::MakeSpokenNote(u"有裂缝"_s, 5, 1000, u"no-such-speaker"_s), babble);
+    EXPECT_EQ(host::MakeSpokenNote(u"有裂缝"_s, 5, 1000, u"false"_s), babble);
+    EXPECT_EQ(host::MakeSpokenNote(QString(), 5, 1000), babble);
 }
 
 TEST(VoiceNote, TheShortestIsOneFrame) {
