@@ -47,6 +47,7 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     imports = std::make_unique<ImportFlow>(session, *window);
     session.view = view.get();
     session.progress = &progress;
+    session.transferWait = &transferWait;
     session.imageFolder = QDir(moduleFolder).filePath(u"work"_s);
     ConnectWindow();
     ConnectSession();
@@ -75,6 +76,7 @@ void Client::Stop() {
     progress.Close();
     session.view = nullptr;
     session.progress = nullptr;
+    session.transferWait = nullptr;
     session.SetMessageSink({});
     session.SetActionSink({});
     window->disconnect(this);

@@ -4,6 +4,7 @@
 #include "host/app/ModuleLoader.h"
 #include "host/app/ProjectChoices.h"
 #include "host/app/SessionBin.h"
+#include "host/app/TransferWait.h"
 #include "host/ui/Commands.h"
 #include "host/ui/ExProgress.h"
 #include "host/ui/ObserverHub.h"
@@ -70,6 +71,7 @@ private:
     HostSession& session;
     SessionBin binSource;
     ExProgress progress;
+    TransferWait transferWait{progress};
     PictureSink sink;
     ObserverHub hub;
     ModuleLoader module;

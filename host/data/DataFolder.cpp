@@ -4,6 +4,7 @@
 #include "host/data/Database.h"
 #include "host/data/FileStore.h"
 #include "host/data/Migrations.h"
+#include "host/data/Transfer.h"
 
 #include <QDir>
 #include <QFile>
@@ -110,6 +111,7 @@ void DataFolder::CleanUp() const {
     Bin bin(*database, *store);
     bin.Reconcile();
     bin.PurgeOld();
+    RemoveLeftovers(root + u"/cache"_s);
 }
 
 } // namespace host

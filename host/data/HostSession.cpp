@@ -1,7 +1,6 @@
 #include "host/data/HostSession.h"
 
 #include <QDateTime>
-#include <QDebug>
 
 #include <algorithm>
 #include <atomic>
@@ -12,20 +11,40 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kTransferWorkers = 2;
-
 std::atomic<HostSession*> current{nullptr};
+
+/// The desk of the living session. Left to the process: threads may ask until the very end.
+struct CurrentDeskPlace {
+    std::mutex lock; ///< guards desk
+    std::shared_ptr<SessionDesk> desk;
+};
+CurrentDeskPlace& DeskPlace() {
+    static CurrentDeskPlace& place = *new CurrentDeskPlace;
+    return place;
+}
 
 } // namespace
 
 HostSession::HostSession() {
     current = this;
+    const std::lock_guard guard(DeskPlace().lock);
+    DeskPlace().desk = desk;
 }
 
 HostSession::~HostSession() {
     CloseFolder();
+    desk->SetMessageSink({});
     HostSession* self = this;
     current.compare_exchange_strong(self, nullptr);
+    const std::lock_guard guard(DeskPlace().lock);
+    if (DeskPlace().desk == desk) {
+        DeskPlace().desk.reset();
+    }
+}
+
+std::shared_ptr<SessionDesk> HostSession::CurrentDesk() {
+    const std::lock_guard guard(DeskPlace().lock);
+    return DeskPlace().desk;
 }
 
 HostSession* HostSession::Current() {
@@ -41,14 +60,13 @@ std::optional<OpenFault> HostSession::OpenFolder(const QString& path,
         folder = std::move(opened);
         lists = std::make_unique<ListQuery>(folder->Db());
         panel = std::make_unique<PanelCache>(folder->Db());
-        const QMutexLocker guard(&lock);
-        dataPath = folder->Path();
+        desk->Open(folder->Path());
     }
     return fault;
 }
 
 void HostSession::CloseFolder() {
-    workers.waitForDone();
+    desk->Close();
     CloseProject();
     user.clear();
     rights.clear();
@@ -58,8 +76,6 @@ void HostSession::CloseFolder() {
     panel.reset();
     lists.reset();
     folder.reset();
-    const QMutexLocker guard(&lock);
-    dataPath.clear();
 }
 
 bool HostSession::SignIn(const QString& name) {
@@ -118,45 +134,12 @@ std::vector<ProjectEntry> HostSession::OpenProjects() {
     return projects;
 }
 
-void HostSession::SetMessageSink(MessageSink sink) {
-    const QMutexLocker guard(&lock);
-    messageSink = std::move(sink);
-}
-
-void HostSession::ReportHostMessage(MessageLevel level, const QString& text) {
-    MessageSink sink;
-    {
-        const QMutexLocker guard(&lock);
-        sink = messageSink;
-    }
-    if (sink) {
-        sink(level, text);
-    } else {
-        qWarning().noquote() << text;
-    }
-}
-
 void HostSession::LogAction(const QString& action) {
     const LoggedAction entry{QDateTime::currentSecsSinceEpoch(), user, project.ppid, action};
     Tables().LogAction(entry);
     if (actionSink) {
         actionSink(entry);
     }
-}
-
-QString HostSession::DataPath() const {
-    const QMutexLocker guard(&lock);
-    return dataPath;
-}
-
-TransferRules HostSession::Transfers() const {
-    const QMutexLocker guard(&lock);
-    return transfers;
-}
-
-void HostSession::SetTransfers(const TransferRules& rules) {
-    const QMutexLocker guard(&lock);
-    transfers = rules;
 }
 
 void HostSession::RefreshTables() {

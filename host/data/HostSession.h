@@ -5,12 +5,9 @@
 #include "host/data/DataFolder.h"
 #include "host/data/ListQuery.h"
 #include "host/data/PanelCache.h"
-#include "host/data/Transfer.h"
+#include "host/data/SessionDesk.h"
 #include "services/DrawingRecords.h"
 #include "services/MarkGroups.h"
-
-#include <QMutex>
-#include <QThreadPool>
 
 #include <functional>
 #include <map>
@@ -25,7 +22,7 @@ class IKXView;
 
 namespace host {
 
-enum class MessageLevel { kInfo, kWarning, kError };
+class ITransferWait;
 
 /// Made once by the program (or by each test) before any service is asked for; services act on the
 /// living one. Owns the folder; knows no widget. Thread: user interface, except where said.
@@ -76,26 +73,23 @@ public:
     /// Not owned; null while there is none.
     KX_DATA::IKXView* view = nullptr;
     KX_DATA::IExProgress* progress = nullptr;
+    ITransferWait* transferWait = nullptr;
     /// Folder of the module's fixed images, with its separator; empty: the folder's work folder.
     QString imageFolder;
     bool remindOfIssues = true;
 
-    using MessageSink = std::function<void(MessageLevel, const QString&)>;
     using ActionSink = std::function<void(const LoggedAction&)>;
-    /// Takes what ReportHostMessage is told, on the reporting thread.
-    void SetMessageSink(MessageSink sink);
+    /// See SessionDesk, as the three below.
+    void SetMessageSink(SessionDesk::MessageSink sink) { desk->SetMessageSink(std::move(sink)); }
+    void ReportHostMessage(MessageLevel level, const QString& text) { desk->Report(level, text); }
+    void SetTransfers(const TransferRules& rules) { desk->SetRules(rules); }
+    /// The living session's, for services that are called on any thread; null without a session.
+    /// Thread: any.
+    [[nodiscard]] static std::shared_ptr<SessionDesk> CurrentDesk();
+
     void SetActionSink(ActionSink sink) { actionSink = std::move(sink); }
-    /// For the person at the client, in Chinese. Thread: any.
-    void ReportHostMessage(MessageLevel level, const QString& text);
     /// Writes the record of what users did and tells the action sink.
     void LogAction(const QString& action);
-
-    /// Path of the open folder, empty without one. Thread: any, as the two below.
-    [[nodiscard]] QString DataPath() const;
-    [[nodiscard]] TransferRules Transfers() const;
-    void SetTransfers(const TransferRules& rules);
-    /// Runs transfers; they have ended before the folder is closed.
-    [[nodiscard]] QThreadPool& Workers() { return workers; }
 
     /// Project names by id, read once for each change of the data.
     [[nodiscard]] QString ProjectName(qint32 ppid);
@@ -116,11 +110,7 @@ private:
     Database::Stamp tableStamp;
     std::map<qint32, QString> projectNames;
     std::map<qint32, KX_DATA::MarkRecord> marks;
-    mutable QMutex lock; ///< guards the three below
-    QString dataPath;
-    MessageSink messageSink;
-    TransferRules transfers;
-    QThreadPool workers;
+    const std::shared_ptr<SessionDesk> desk = std::make_shared<SessionDesk>();
 };
 
 } // namespace host

@@ -6,12 +6,16 @@
 #include "host/data/FileSync.h"
 #include "host/data/StoreName.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QThread>
 
+#include <chrono>
+#include <condition_variable>
 #include <filesystem>
+#include <mutex>
 
 namespace host {
 
@@ -20,6 +24,26 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kReaderTimeoutMs = 5000;
+constexpr int kSecondsOfADay = 24 * 3600;
+const QString kPartial = u".part"_s;
+
+/// Waits, for ever if `milliseconds` is negative. False: told to stop.
+bool Pause(int milliseconds, const std::stop_token& stop) {
+    std::mutex mutex;
+    std::unique_lock lock(mutex);
+    std::condition_variable_any never;
+    const auto isOver = [] { return false; };
+    if (milliseconds < 0) {
+        never.wait(lock, stop, isOver);
+    } else if (milliseconds > 0) {
+        never.wait_for(lock, stop, std::chrono::milliseconds(milliseconds), isOver);
+    }
+    return !stop.stop_requested();
+}
+
+[[noreturn]] void ThrowBroken() {
+    throw DataError(Fault::kOther, u"文件传输中断，请检查网络后重试。"_s);
+}
 
 QString StoredMd5(const DataFolder& paths, const QString& uuid) {
     Database reader(paths.DatabasePath(), kReaderTimeoutMs);
@@ -39,37 +63,63 @@ void Replace(const QString& from, const QString& to) {
     }
 }
 
-void Fetch(const QString& dataFolder, const QString& uuid, const QString& localPath,
-           const TransferRules& rules, const std::function<void(qint64)>& onBytes) {
-    const DataFolder paths(dataFolder);
-    const FileStore store(paths.StorePath(), paths.BinPath());
-    QFile source(store.PathOf(uuid));
-    const QString md5 = StoredMd5(paths, uuid);
-    const QString folder = QFileInfo(localPath).path();
-    if (!QDir().mkpath(folder) || !source.open(QIODevice::ReadOnly)) {
-        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, folder));
+/// What happens before a block is written. False: the transfer ends here.
+bool PassBlock(const TransferPlace& place, qint64 bytes, qint64 total) {
+    const bool half = bytes * 2 >= total;
+    if (half && place.rules.fault == TransferFault::kInTheMiddle) {
+        return false;
     }
-    if (rules.fail) {
-        throw DataError(Fault::kOther, u"文件传输中断，请检查网络后重试。"_s);
-    }
-    const QString partial = folder + u'/' + NewStoreName() + u".part"_s;
+    const bool hangs = half && place.rules.fault == TransferFault::kNeverEnds;
+    return Pause(hangs ? -1 : place.rules.blockDelayMs, place.stop);
+}
+
+void CopyChecked(const TransferPlace& place, QFile& source, const QString& partial,
+                 const QString& md5, const std::function<void(qint64)>& onBytes) {
+    const qint64 total = source.size();
+    bool broken = false;
     const CopyOutcome outcome = CopySynced(source, partial, [&](qint64 bytes) {
-        if (rules.blockDelayMs > 0) {
-            QThread::msleep(static_cast<unsigned long>(rules.blockDelayMs));
-        }
-        if (onBytes) {
+        broken = !PassBlock(place, bytes, total);
+        if (!broken && onBytes) {
             onBytes(bytes);
         }
-        return true;
+        return !broken;
     });
+    if (place.stop.stop_requested()) {
+        QFile::remove(partial);
+        throw DataError(Fault::kOther, u"文件传输已取消。"_s);
+    }
+    if (broken) {
+        ThrowBroken();
+    }
     if (!outcome.ok) {
         const Fault fault = outcome.diskFull ? Fault::kDiskFull : Fault::kNotWritable;
-        throw DataError(fault, FaultText(fault, folder));
+        throw DataError(fault, FaultText(fault, QFileInfo(partial).path()));
     }
     if (outcome.md5 != md5) {
         QFile::remove(partial);
-        throw DataError(Fault::kDamaged, u"文件 "_s + uuid + u" 的内容已损坏，请从备份恢复。"_s);
+        throw DataError(Fault::kDamaged, u"文件 "_s + QFileInfo(source).fileName() +
+                                             u" 的内容已损坏，请从备份恢复。"_s);
     }
+}
+
+void Fetch(const TransferPlace& place, const QString& uuid, const QString& localPath,
+           const std::function<void(qint64)>& onBytes) {
+    const DataFolder paths(place.dataFolder);
+    const FileStore store(paths.StorePath(), paths.BinPath());
+    QFile source(store.PathOf(uuid));
+    const QString md5 = StoredMd5(paths, uuid);
+    if (!source.open(QIODevice::ReadOnly)) {
+        throw DataError(Fault::kMissing, FaultText(Fault::kMissing, u"文件 "_s + uuid));
+    }
+    const QString folder = QFileInfo(localPath).path();
+    if (!QDir().mkpath(folder)) {
+        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, folder));
+    }
+    if (place.rules.fault == TransferFault::kAtStart) {
+        ThrowBroken();
+    }
+    const QString partial = folder + u'/' + NewStoreName() + kPartial;
+    CopyChecked(place, source, partial, md5, onBytes);
     Replace(partial, localPath);
 }
 
@@ -84,14 +134,26 @@ qint64 StoredSize(const QString& dataFolder, const QString& uuid) {
     }
 }
 
-TransferOutcome FetchFile(const QString& dataFolder, const QString& uuid, const QString& localPath,
-                          const TransferRules& rules, const std::function<void(qint64)>& onBytes) {
+TransferOutcome FetchFile(const TransferPlace& place, const QString& uuid, const QString& localPath,
+                          const std::function<void(qint64)>& onBytes) {
     try {
-        Fetch(dataFolder, uuid, localPath, rules, onBytes);
+        Fetch(place, uuid, localPath, onBytes);
     } catch (const DataError& error) {
         return {false, error.Text()};
     }
     return {true, {}};
+}
+
+void RemoveLeftovers(const QString& folder) {
+    const QDateTime limit = QDateTime::currentDateTime().addSecs(-kSecondsOfADay);
+    QDirIterator files(folder, {u'*' + kPartial}, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QFileInfo file(files.next());
+        const QString name = file.completeBaseName();
+        if (IsStoreName(name) && file.lastModified() < limit) {
+            QFile::remove(file.filePath());
+        }
+    }
 }
 
 } // namespace host

@@ -4,13 +4,28 @@
 #include <QString>
 
 #include <functional>
+#include <stop_token>
 
 namespace host {
 
-/// How transfers behave; for tests and for trying slow networks.
+enum class TransferFault {
+    kNone,
+    kAtStart,     ///< before the first block
+    kInTheMiddle, ///< when half of the bytes have come
+    kNeverEnds,   ///< stands still when half of the bytes have come, until it is told to stop
+};
+
+/// How transfers behave; for tests, demonstrations and trying slow networks.
 struct TransferRules {
     int blockDelayMs = 0; ///< wait before each block of 256 KiB
-    bool fail = false;    ///< every transfer fails before its first block
+    TransferFault fault = TransferFault::kNone;
+};
+
+/// Where transfers run, and what ends them early.
+struct TransferPlace {
+    QString dataFolder;
+    TransferRules rules;
+    std::stop_token stop;
 };
 
 struct TransferOutcome {
@@ -22,10 +37,15 @@ struct TransferOutcome {
 [[nodiscard]] qint64 StoredSize(const QString& dataFolder, const QString& uuid);
 
 /// Copies a stored file to `localPath`: in blocks to a temporary name beside it, checked against
-/// the MD5 that the database holds, then renamed over what was there. On failure what was there
-/// stays. `onBytes` is told the bytes so far. Opens a connection of its own. Thread: any.
-[[nodiscard]] TransferOutcome FetchFile(const QString& dataFolder, const QString& uuid,
-                                        const QString& localPath, const TransferRules& rules,
+/// the MD5 that the database holds, then renamed over what was there. On failure, and when told to
+/// stop, what was there stays and nothing is left behind. `onBytes` is told the bytes so far. Opens
+/// a connection of its own. Thread: any.
+[[nodiscard]] TransferOutcome FetchFile(const TransferPlace& place, const QString& uuid,
+                                        const QString& localPath,
                                         const std::function<void(qint64)>& onBytes = {});
+
+/// Removes what transfers of a killed process left behind in a folder and those in it; what was
+/// touched within the last day may belong to another process and stays.
+void RemoveLeftovers(const QString& folder);
 
 } // namespace host

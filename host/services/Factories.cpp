@@ -16,9 +16,10 @@
 
 namespace {
 
-// Services live as long as the process: the module keeps what it was given.
+// Services live as long as the process: the module keeps what it was given, and its workers may ask
+// until they are joined, whatever else has ended by then.
 template <typename Service> Service* Only() {
-    static Service service;
+    static Service& service = *new Service;
     return &service;
 }
 

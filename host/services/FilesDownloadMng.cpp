@@ -1,27 +1,70 @@
 #include "host/services/FilesDownloadMng.h"
 
-#include "host/services/ServiceGuard.h"
+#include "host/data/HostSession.h"
+#include "host/data/RunningTransfer.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include <system_error>
+#include <thread>
 
 namespace host {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Who keeps the person informed; null where nobody waits at a window.
+ITransferWait* WaitOfThisThread() {
+    const HostSession* session = HostSession::Current();
+    const QCoreApplication* app = QCoreApplication::instance();
+    return app != nullptr && QThread::currentThread() == app->thread() && session != nullptr
+               ? session->transferWait
+               : nullptr;
+}
+
+/// On a thread of its own, while the interface thread keeps the person informed.
+TransferOutcome FetchWaiting(const TransferPlace& place, const QString& uuid,
+                             const QString& localPath, ITransferWait& wait) {
+    RunningTransfer transfer;
+    TransferOutcome outcome;
+    const auto work = [&] {
+        transfer.NoteTotal(StoredSize(place.dataFolder, uuid));
+        outcome =
+            FetchFile(place, uuid, localPath, [&](qint64 bytes) { transfer.NoteBytes(bytes); });
+        transfer.Finish();
+    };
+    try {
+        const std::jthread worker(work);
+        wait.Wait(transfer);
+    } catch (const std::system_error&) {
+        work(); // no thread to be had
+    }
+    return outcome;
+}
+
+} // namespace
+
 void FilesDownloadMng::DownloadFile(KX_DATA::TransferResult& result, const QString& uuid,
                                     const QString& localPath, qint32 /*kind*/, bool /*flag*/,
                                     qint32 /*value*/) {
     result = {};
-    HostSession* session = HostSession::Current();
-    const QString folder = session != nullptr ? session->DataPath() : QString();
-    if (folder.isEmpty()) {
+    const auto desk = HostSession::CurrentDesk();
+    TransferOutcome outcome;
+    const auto fetch = [&](const TransferPlace& place) {
+        ITransferWait* wait = WaitOfThisThread();
+        outcome = wait == nullptr ? FetchFile(place, uuid, localPath)
+                                  : FetchWaiting(place, uuid, localPath, *wait);
+    };
+    if (desk == nullptr || !desk->Run(fetch)) {
         result.message = u"没有打开数据文件夹。"_s;
         return;
     }
-    const TransferOutcome outcome = FetchFile(folder, uuid, localPath, session->Transfers());
     result.success = outcome.ok ? 1 : 0;
     result.message = outcome.text;
-    if (!outcome.ok) {
-        session->ReportHostMessage(MessageLevel::kWarning, u"下载文件失败："_s + outcome.text);
-    }
+    if (!outcome.ok)
+        desk->Report(MessageLevel::kWarning, u"下载文件失败："_s + outcome.text);
 }
 
 } // namespace host

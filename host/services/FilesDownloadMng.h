@@ -5,7 +5,8 @@
 
 namespace host {
 
-/// A failure is told in the client's message bar as well. Thread: any.
+/// On the interface thread the session's transferWait keeps the person informed meanwhile. A
+/// failure is told in the client's message bar as well. Thread: any.
 class FilesDownloadMng final : public KX_DATA::IKXFilesDownloadMng {
 public:
     void DownloadFile(KX_DATA::TransferResult& result, const QString& uuid,

@@ -1,7 +1,7 @@
 #include "host/services/FilesUploadMng.h"
 
+#include "host/data/HostSession.h"
 #include "host/data/Upload.h"
-#include "host/services/ServiceGuard.h"
 
 namespace host {
 
@@ -9,20 +9,23 @@ using namespace Qt::StringLiterals;
 
 bool FilesUploadMng::UploadFile(const std::vector<KX_DATA::UploadItem>& items, qint32 count,
                                 KX_DATA::UploadResult& result, QString& errorText) {
-    HostSession* session = HostSession::Current();
-    const QString folder = session != nullptr ? session->DataPath() : QString();
-    if (folder.isEmpty() || count != 1 || items.size() != 1) {
+    const auto desk = HostSession::CurrentDesk();
+    bool stored = false;
+    const auto store = [&](const TransferPlace& place) {
+        try {
+            result = StoreUpload(place.dataFolder, items.front().path);
+            stored = true;
+        } catch (const DataError& fault) {
+            errorText = fault.Text();
+        }
+    };
+    if (count != 1 || items.size() != 1 || desk == nullptr || !desk->Run(store)) {
         errorText = u"没有可以上传的文件。"_s;
         return false;
     }
-    try {
-        result = StoreUpload(folder, items.front().path);
-        return true;
-    } catch (const DataError& fault) {
-        errorText = fault.Text();
-        session->ReportHostMessage(MessageLevel::kWarning, u"上传文件失败："_s + errorText);
-        return false;
-    }
+    if (!stored)
+        desk->Report(MessageLevel::kWarning, u"上传文件失败："_s + errorText);
+    return stored;
 }
 
 } // namespace host

@@ -1,8 +1,6 @@
 #include "host/services/MQFFileDownload.h"
 
-#include "host/services/ServiceGuard.h"
-
-#include <QMutexLocker>
+#include "host/data/HostSession.h"
 
 #include <algorithm>
 #include <limits>
@@ -20,33 +18,31 @@ qint32 Clamped(qint64 bytes) {
 } // namespace
 
 void MQFFileDownload::Note(const QString& taskId, const std::function<void(Task&)>& change) {
-    const QMutexLocker guard(&lock);
+    const std::lock_guard guard(lock);
     change(tasks[taskId]);
 }
 
 void MQFFileDownload::StartDownload(const QString& taskId,
                                     const KX_DATA::FileDownloadRecord& record, qint32 /*kind*/) {
-    HostSession* session = HostSession::Current();
-    const QString folder = session != nullptr ? session->DataPath() : QString();
     Note(taskId, [](Task& task) { task = {}; });
-    if (folder.isEmpty()) {
+    const auto desk = HostSession::CurrentDesk();
+    const auto run = [this, taskId, record](const TransferPlace& place) {
+        Run(taskId, record, place);
+    };
+    if (desk == nullptr || !desk->Start(run)) {
         Note(taskId, [](Task& task) {
             task.error = u"没有打开数据文件夹。"_s;
             task.state = KX_DATA::kDownloadFailed;
         });
-        return;
     }
-    session->Workers().start([this, taskId, record, folder, rules = session->Transfers()] {
-        Run(taskId, record, rules, folder);
-    });
 }
 
 void MQFFileDownload::Run(const QString& taskId, const KX_DATA::FileDownloadRecord& record,
-                          const TransferRules& rules, const QString& folder) {
-    const qint64 size = StoredSize(folder, record.uuid);
+                          const TransferPlace& place) {
+    const qint64 size = StoredSize(place.dataFolder, record.uuid);
     Note(taskId, [size](Task& task) { task.size = std::max<qint64>(size, 0); });
     const TransferOutcome outcome =
-        FetchFile(folder, record.uuid, record.localPath, rules,
+        FetchFile(place, record.uuid, record.localPath,
                   [&](qint64 bytes) { Note(taskId, [bytes](Task& task) { task.bytes = bytes; }); });
     Note(taskId, [&outcome](Task& task) {
         task.error = outcome.text;
@@ -55,7 +51,7 @@ void MQFFileDownload::Run(const QString& taskId, const KX_DATA::FileDownloadReco
 }
 
 bool MQFFileDownload::GetDownloadState(const QString& taskId, qint32& state, qint32& bytes) {
-    const QMutexLocker guard(&lock);
+    const std::lock_guard guard(lock);
     const auto task = tasks.find(taskId);
     if (task == tasks.end()) {
         return false;
@@ -69,12 +65,12 @@ bool MQFFileDownload::GetDownloadState(const QString& taskId, qint32& state, qin
 }
 
 void MQFFileDownload::GetErrorText(const QString& taskId, QString& text) {
-    const QMutexLocker guard(&lock);
+    const std::lock_guard guard(lock);
     text = tasks.take(taskId).error;
 }
 
 void MQFFileDownload::GetFileSize(const QString& taskId, qint32& size) {
-    const QMutexLocker guard(&lock);
+    const std::lock_guard guard(lock);
     const auto task = tasks.constFind(taskId);
     if (task != tasks.cend()) {
         size = Clamped(task->size);

@@ -1,17 +1,18 @@
 // Fetching stored files in the background.
 #pragma once
 
-#include "host/data/Transfer.h"
+#include "host/data/SessionDesk.h"
 #include "services/IKXFilesMng.h"
 
 #include <QHash>
-#include <QMutex>
 
 #include <functional>
+#include <mutex>
 
 namespace host {
 
-/// Each task runs on a worker of the session and is forgotten when its end has been read.
+/// Each task runs on a thread of the session, which ends it with the data folder, and is forgotten
+/// when its end has been read.
 /// Thread: any.
 class MQFFileDownload final : public KX_DATA::IMQFFileDownload {
 public:
@@ -31,10 +32,10 @@ private:
         QString error;
     };
     void Run(const QString& taskId, const KX_DATA::FileDownloadRecord& record,
-             const TransferRules& rules, const QString& folder);
+             const TransferPlace& place);
     void Note(const QString& taskId, const std::function<void(Task&)>& change);
 
-    QMutex lock; ///< guards tasks
+    std::mutex lock; ///< guards tasks
     QHash<QString, Task> tasks;
 };
 

@@ -10,7 +10,9 @@ namespace host {
 class ProgressWindow;
 
 /// A progress window without a way to cancel, as the service has none. It comes up half a second
-/// after Show; without Create all else does nothing. Thread: user interface.
+/// after Show; without Create all else does nothing. Work that ends without Close leaves its window
+/// behind: as soon as the event loop runs again, the window blocks nothing and can be closed.
+/// Thread: user interface.
 class ExProgress final : public KX_DATA::IExProgress {
 public:
     ExProgress();
@@ -23,12 +25,27 @@ public:
     void SetRange(qint32 count) override;
     void SetPos(qint32 done) override;
 
+    /// While it lives, an event loop that runs is part of the work.
+    class Hold final {
+    public:
+        explicit Hold(ExProgress& held) : progress(held) { ++progress.holds; }
+        ~Hold();
+        Hold(const Hold&) = delete;
+        Hold& operator=(const Hold&) = delete;
+
+    private:
+        ExProgress& progress;
+    };
+
     /// Null between Close and Create.
     [[nodiscard]] ProgressWindow* Window() const { return window.get(); }
 
 private:
+    void LetGoLater(int milliseconds);
+
     std::unique_ptr<ProgressWindow> window;
     qint32 range = 0;
+    int holds = 0;
 };
 
 } // namespace host

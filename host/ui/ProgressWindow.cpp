@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimerEvent>
@@ -11,6 +12,19 @@
 namespace host {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kBytesScale = 1000; ///< steps of the bar, whatever the number of bytes
+
+} // namespace
+
+QString BytesText(qint64 done, qint64 total) {
+    const auto text = [](qint64 bytes) {
+        return QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeTraditionalFormat);
+    };
+    return total > 0 ? u"%1 / %2"_s.arg(text(done), text(total)) : text(done);
+}
 
 ProgressWindow::ProgressWindow(QWidget* parent, const QString& title, Cancel cancel)
     : QDialog(parent) {
@@ -26,6 +40,9 @@ ProgressWindow::ProgressWindow(QWidget* parent, const QString& title, Cancel can
     textLabel->setWordWrap(true);
     countLabel = new QLabel(this);
     countLabel->setObjectName(u"progressCount"_s);
+    detailLabel = new QLabel(this);
+    detailLabel->setObjectName(u"progressDetail"_s);
+    detailLabel->setTextFormat(Qt::PlainText);
     bar = new QProgressBar(this);
     bar->setObjectName(u"progressBar"_s);
     bar->setAccessibleName(u"进度"_s);
@@ -38,6 +55,7 @@ ProgressWindow::ProgressWindow(QWidget* parent, const QString& title, Cancel can
 
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(countLabel, 1);
+    bottom->addWidget(detailLabel);
     bottom->addWidget(cancelButton);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(16, 16, 16, 12);
@@ -69,6 +87,18 @@ void ProgressWindow::Report(int done, int total) {
     ShowIfDue();
 }
 
+void ProgressWindow::SetDetail(const QString& detail) {
+    detailLabel->setText(detail);
+    ShowIfDue();
+}
+
+void ProgressWindow::ReportBytes(qint64 done, qint64 total) {
+    bar->setRange(0, total > 0 ? kBytesScale : 0);
+    bar->setValue(total > 0 ? int(done * kBytesScale / total) : 0);
+    countLabel->setText(BytesText(done, total));
+    ShowIfDue();
+}
+
 void ProgressWindow::LetThrough() {
     if (!isVisible())
         return;
@@ -76,15 +106,40 @@ void ProgressWindow::LetThrough() {
                                                              : QEventLoop::AllEvents);
 }
 
-void ProgressWindow::End() {
+void ProgressWindow::LetGo() {
+    if (letGo)
+        return;
+    StopTime();
+    if (!isVisible())
+        return;
+    letGo = true;
+    detailLabel->clear();
+    cancelButton->setText(u"关闭"_s);
+    cancelButton->setToolTip(u"关闭此窗口（Esc）"_s);
+    cancelButton->setVisible(true);
+    // A window begins and ends to block others only by coming up.
+    hide();
+    setModal(false);
+    show();
+}
+
+void ProgressWindow::StopTime() {
     if (timerId != 0)
         killTimer(timerId);
     timerId = 0;
     sinceBegin.invalidate();
+}
+
+void ProgressWindow::End() {
+    StopTime();
     hide();
 }
 
 void ProgressWindow::reject() {
+    if (letGo) {
+        hide();
+        return;
+    }
     if (cancelButton->isHidden() || cancelled)
         return;
     cancelled = true;

@@ -30,6 +30,13 @@ public:
     /// For work that holds the interface thread: lets this window paint and be cancelled. Work that
     /// goes by events must not call it, or its next piece would begin inside this one.
     void LetThrough();
+    /// Beside the count, about the piece of work that runs just now; empty: nothing.
+    void SetDetail(const QString& detail);
+    /// Takes the bar for bytes; `total` 0: unknown.
+    void ReportBytes(qint64 done, qint64 total);
+    /// The work is over and nobody ended the window: from now on it blocks nothing and can be
+    /// closed. One that hasn't come up yet stays away.
+    void LetGo();
     void End();
     [[nodiscard]] bool IsCancelled() const { return cancelled; }
 
@@ -37,21 +44,28 @@ signals:
     void Cancelled();
 
 protected:
-    /// Escape and the window's close button cancel where that is possible, and do nothing else.
+    /// Escape and the window's close button cancel where that is possible, close a window that was
+    /// let go, and do nothing else.
     void reject() override;
     void timerEvent(QTimerEvent* event) override;
 
 private:
     void ShowIfDue();
+    void StopTime();
 
     QLabel* textLabel = nullptr;
     QLabel* countLabel = nullptr;
+    QLabel* detailLabel = nullptr;
     QProgressBar* bar = nullptr;
     QPushButton* cancelButton = nullptr;
     QElapsedTimer sinceBegin;
     int delay = kDelayMs;
     int timerId = 0;
     bool cancelled = false;
+    bool letGo = false;
 };
+
+/// "1.2 MB / 3.4 MB", or the first alone while the total isn't known.
+[[nodiscard]] QString BytesText(qint64 done, qint64 total);
 
 } // namespace host

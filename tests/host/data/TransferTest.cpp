@@ -2,11 +2,16 @@
 
 #include "host/data/Database.h"
 #include "host/data/FileStore.h"
+#include "host/data/StoreName.h"
 #include "host/data/Upload.h"
 #include "tests/host/data/TempSite.h"
+#include "tests/support/FileSizeLimit.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+
+#include <thread>
 
 namespace host {
 
@@ -27,16 +32,31 @@ public:
     }
 
     [[nodiscard]] TransferOutcome Fetch(const TransferRules& rules = {}) {
-        return FetchFile(folder.Path(), uuid, target, rules,
+        return FetchFile({folder.Path(), rules, stop.get_token()}, uuid, target,
                          [&](qint64 bytes) { steps.push_back(bytes); });
     }
+    /// A failure that left what was there and nothing else, and says what is wrong.
+    void ExpectFailure(const TransferOutcome& outcome, const QString& text) {
+        EXPECT_FALSE(outcome.ok);
+        EXPECT_TRUE(outcome.text.contains(text)) << outcome.text.toStdString();
+        EXPECT_EQ(Cached(), QStringList{u"a.jpg"_s});
+        EXPECT_EQ(QFileInfo(target).size(), 3);
+    }
+    /// The cache holds an older file under the name.
+    void PutOld() {
+        QDir().mkpath(QFileInfo(target).path());
+        QFile old(target);
+        EXPECT_TRUE(old.open(QIODevice::WriteOnly));
+        old.write("old");
+    }
     [[nodiscard]] QStringList Cached() const {
-        return QDir(dir.filePath(u"cache"_s)).entryList(QDir::Files);
+        return QDir(dir.filePath(u"cache"_s)).entryList(QDir::Files | QDir::Hidden);
     }
 
     QString uuid;
     QString target;
     std::vector<qint64> steps;
+    std::stop_source stop;
 };
 
 } // namespace
@@ -51,17 +71,111 @@ TEST(Transfer, AFileArrivesWholeAndUnderItsNameAlone) {
     EXPECT_EQ(StoredSize(site.folder.Path(), site.uuid), 600000);
 }
 
-TEST(Transfer, AFileThatIsThereIsReplacedOnlyByAWholeOne) {
+TEST(Transfer, AFileThatIsThereIsReplacedByAWholeOne) {
     TransferSite site;
-    QDir().mkpath(QFileInfo(site.target).path());
-    QFile old(site.target);
-    ASSERT_TRUE(old.open(QIODevice::WriteOnly));
-    old.write("old");
-    old.close();
-    EXPECT_FALSE(site.Fetch({0, true}).ok);
-    EXPECT_EQ(QFile(site.target).size(), 3);
+    site.PutOld();
     EXPECT_TRUE(site.Fetch().ok);
     EXPECT_EQ(QFile(site.target).size(), 600000);
+}
+
+TEST(Transfer, AFailureAtTheStartOrInTheMiddleKeepsWhatWasThere) {
+    TransferSite site;
+    site.PutOld();
+    site.ExpectFailure(site.Fetch({0, TransferFault::kAtStart}), u"传输中断"_s);
+    EXPECT_TRUE(site.steps.empty());
+    site.ExpectFailure(site.Fetch({0, TransferFault::kInTheMiddle}), u"传输中断"_s);
+    EXPECT_EQ(site.steps, (std::vector<qint64>{262144}));
+}
+
+TEST(Transfer, OneThatNeverEndsEndsWhenItIsToldTo) {
+    TransferSite site;
+    site.PutOld();
+    TransferOutcome outcome;
+    {
+        const std::jthread waiting([&] { outcome = site.Fetch({0, TransferFault::kNeverEnds}); });
+        site.stop.request_stop();
+    }
+    site.ExpectFailure(outcome, u"已取消"_s);
+}
+
+TEST(Transfer, ASlowOneEndsAtOnceWhenItIsToldTo) {
+    TransferSite site;
+    site.PutOld();
+    site.stop.request_stop();
+    site.ExpectFailure(site.Fetch({1'000'000}), u"已取消"_s);
+}
+
+TEST(Transfer, AFullDiskIsToldAndKeepsWhatWasThere) {
+    TransferSite site;
+    site.PutOld();
+    // The reader of the database writes nothing of that size.
+    const support::FileSizeLimit limit(300'000);
+    site.ExpectFailure(site.Fetch(), u"磁盘空间不足"_s);
+}
+
+TEST(Transfer, AFolderInWhichNothingCanBeWrittenIsTold) {
+    TransferSite site;
+    site.target = QString::fromLatin1(support::kUnwritableFolder) + u"/a.jpg"_s;
+    TransferOutcome outcome = site.Fetch();
+    EXPECT_FALSE(outcome.ok);
+    EXPECT_TRUE(outcome.text.contains(u"没有写入权限"_s)) << outcome.text.toStdString();
+    // A file stands where the folder should be.
+    site.target = site.dir.filePath(u"cache/a.jpg"_s);
+    site.PutOld();
+    site.target = site.dir.filePath(u"cache/a.jpg/b.jpg"_s);
+    outcome = site.Fetch();
+    EXPECT_FALSE(outcome.ok);
+    EXPECT_TRUE(outcome.text.contains(u"没有写入权限"_s)) << outcome.text.toStdString();
+}
+
+TEST(Transfer, AMissingFolderIsMade) {
+    TransferSite site;
+    site.target = site.dir.filePath(u"cache/1/pics/a.jpg"_s);
+    EXPECT_TRUE(site.Fetch().ok);
+    EXPECT_EQ(QFile(site.target).size(), 600000);
+}
+
+TEST(Transfer, TwoAtOnceMayFetchTheSameFile) {
+    TransferSite site;
+    TransferOutcome other;
+    {
+        const std::jthread second([&] {
+            other = FetchFile({site.folder.Path(), {1}, {}}, site.uuid, site.target);
+        });
+        EXPECT_TRUE(site.Fetch({1}).ok);
+    }
+    EXPECT_TRUE(other.ok);
+    EXPECT_EQ(site.Cached(), QStringList{u"a.jpg"_s});
+    EXPECT_EQ(QFile(site.target).size(), 600000);
+}
+
+TEST(Transfer, AnEmptyFileArrivesAsOne) {
+    TransferSite site;
+    QFile empty(site.dir.filePath(u"empty"_s));
+    ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
+    empty.close();
+    site.uuid = StoreUpload(site.folder.Path(), empty.fileName()).uuid;
+    EXPECT_TRUE(site.Fetch().ok);
+    EXPECT_EQ(QFileInfo(site.target).size(), 0);
+}
+
+TEST(Transfer, LeftoversOfAKilledProcessGoAfterADay) {
+    TransferSite site;
+    site.PutOld();
+    const QString folder = QFileInfo(site.target).path();
+    const QDateTime longAgo = QDateTime::currentDateTime().addDays(-2);
+    for (const auto& [name, time] :
+         {std::pair(NewStoreName() + u".part"_s, longAgo),
+          std::pair(NewStoreName() + u".part"_s, QDateTime::currentDateTime()),
+          std::pair(u"我的 笔记.part"_s, longAgo)}) {
+        QFile file(folder + u'/' + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(file.setFileTime(time, QFileDevice::FileModificationTime));
+    }
+    EXPECT_EQ(site.Cached().size(), 4);
+    RemoveLeftovers(site.dir.path());
+    EXPECT_EQ(site.Cached().size(), 3);
+    EXPECT_TRUE(site.Cached().contains(u"我的 笔记.part"_s));
 }
 
 TEST(Transfer, AStoredFileThatHasChangedIsRefused) {

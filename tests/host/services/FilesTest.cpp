@@ -1,12 +1,17 @@
 #include "host/data/FileStore.h"
+#include "host/data/RunningTransfer.h"
 #include "services/Factories.h"
 #include "services/IKXFilesMng.h"
 #include "services/IKXPathMng.h"
 #include "tests/host/services/ServiceSite.h"
 
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QFile>
 #include <QThread>
+
+#include <atomic>
+#include <thread>
 
 namespace host {
 
@@ -59,7 +64,7 @@ TEST(Download, BringsTheFileIntoTheCache) {
 
 TEST(Download, AFailureHasATextAndAMessageForThePerson) {
     FilesSite site;
-    site.session.SetTransfers({0, true});
+    site.session.SetTransfers({0, TransferFault::kAtStart});
     const KX_DATA::TransferResult result = site.Download();
     EXPECT_EQ(result.success, 0);
     EXPECT_FALSE(result.message.isEmpty());
@@ -89,7 +94,7 @@ TEST(BackgroundDownload, EndsFinishedWithTheFileInTheCache) {
 
 TEST(BackgroundDownload, AFailureKeepsItsTextUntilItIsRead) {
     FilesSite site;
-    site.session.SetTransfers({0, true});
+    site.session.SetTransfers({0, TransferFault::kAtStart});
     KX_DATA::FileDownloadRecord record;
     record.uuid = site.uuid;
     record.localPath = site.local;
@@ -118,17 +123,84 @@ TEST(BackgroundDownload, ManyAtOnceAllArrive) {
     }
 }
 
-TEST(BackgroundDownload, ClosingTheFolderWaitsForWhatRuns) {
-    FilesSite site;
+TEST(BackgroundDownload, ClosingTheFolderEndsWhatRuns) {
+    for (const TransferRules& rules :
+         {TransferRules{1'000'000}, TransferRules{0, TransferFault::kNeverEnds}}) {
+        FilesSite site;
+        KX_DATA::FileDownloadRecord record;
+        record.uuid = site.uuid;
+        record.localPath = site.local;
+        site.session.SetTransfers(rules);
+        GetMQFFileDownLPtr()->StartDownload(u"last"_s, record, 2);
+        site.writer.reset();
+        site.session.CloseFolder();
+        EXPECT_EQ(site.EndOf(u"last"_s), KX_DATA::kDownloadFailed);
+        QString text;
+        GetMQFFileDownLPtr()->GetErrorText(u"last"_s, text);
+        EXPECT_TRUE(text.contains(u"已取消"_s)) << text.toStdString();
+        EXPECT_TRUE(QDir(QFileInfo(site.local).path()).isEmpty());
+    }
+}
+
+TEST(BackgroundDownload, WithoutASessionATaskFailsAtOnce) {
     KX_DATA::FileDownloadRecord record;
-    record.uuid = site.uuid;
-    record.localPath = site.local;
-    site.session.SetTransfers({30, false});
-    GetMQFFileDownLPtr()->StartDownload(u"last"_s, record, 2);
-    site.writer.reset();
-    site.session.CloseFolder();
-    EXPECT_EQ(QFile(site.local).size(), 4);
-    EXPECT_EQ(site.EndOf(u"last"_s), KX_DATA::kDownloadFinished);
+    record.uuid = u"u"_s;
+    GetMQFFileDownLPtr()->StartDownload(u"none"_s, record, 2);
+    qint32 state = 0;
+    qint32 bytes = 0;
+    EXPECT_TRUE(GetMQFFileDownLPtr()->GetDownloadState(u"none"_s, state, bytes));
+    EXPECT_EQ(state, KX_DATA::kDownloadFailed);
+    QString text;
+    GetMQFFileDownLPtr()->GetErrorText(u"none"_s, text);
+    EXPECT_FALSE(text.isEmpty());
+}
+
+TEST(BackgroundDownload, ASessionMayEndWhileOtherThreadsStartTasks) {
+    for (int round = 0; round < 10; ++round) {
+        auto site = std::make_unique<FilesSite>();
+        KX_DATA::FileDownloadRecord record;
+        record.uuid = site->uuid;
+        record.localPath = site->local;
+        std::atomic<int> begun{0};
+        const std::jthread other([&] {
+            for (int i = 0; i < 20; ++i, ++begun)
+                GetMQFFileDownLPtr()->StartDownload(u"%1-%2"_s.arg(round).arg(i), record, 2);
+        });
+        while (begun < round)
+            QThread::yieldCurrentThread();
+        site->writer.reset();
+        site.reset();
+    }
+}
+
+TEST(Download, OnTheInterfaceThreadThePersonIsKeptInformed) {
+    class Recorder final : public ITransferWait {
+    public:
+        void Wait(RunningTransfer& transfer) override {
+            ++waits;
+            transfer.WaitDone();
+            total = transfer.Total();
+            bytes = transfer.Bytes();
+        }
+        int waits = 0;
+        qint64 total = 0;
+        qint64 bytes = 0;
+    } recorder;
+    FilesSite site;
+    site.session.transferWait = &recorder;
+    EXPECT_NE(site.Download().success, 0);
+    EXPECT_EQ(recorder.waits, 1);
+    EXPECT_EQ(recorder.total, 4);
+    EXPECT_EQ(recorder.bytes, 4);
+    std::jthread([&] { EXPECT_NE(site.Download().success, 0); }).join();
+    EXPECT_EQ(recorder.waits, 1) << "nobody waits at a window";
+}
+
+TEST(Download, WithoutASessionItFailsWithAText) {
+    KX_DATA::TransferResult result;
+    GetKXFilesDownloadMng()->DownloadFile(result, u"u"_s, u"/nowhere/u.jpg"_s, 5, true, 0);
+    EXPECT_EQ(result.success, 0);
+    EXPECT_FALSE(result.message.isEmpty());
 }
 
 TEST(Upload, StoresOneFileAndTellsWhatItBecame) {

@@ -1,20 +1,16 @@
-#include "host/ui/ExProgress.h"
 #include "host/ui/ImportDialog.h"
-#include "host/ui/ProgressWindow.h"
 #include "host/ui/ProjectNameDialog.h"
 #include "host/ui/SignInDialog.h"
 
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/ScriptedHost.h"
 #include "tests/support/TempFolder.h"
-#include "tests/support/WaitFor.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QtTest/QTest>
 
@@ -66,68 +62,6 @@ TEST(ProjectNameDialog, TakesANameThatIsNeitherBlankNorTaken) {
     name->setText(u" 二期 "_s);
     EXPECT_TRUE(canAccept());
     EXPECT_EQ(dialog.Name(), u"二期"_s);
-}
-
-TEST(ProgressWindow, ComesUpOnlyWhenTheWorkTakesItsTime) {
-    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
-    window.Begin(1'000'000);
-    window.Report(1, 10);
-    EXPECT_FALSE(window.isVisible());
-    window.End();
-    window.Begin(0);
-    window.Report(3, 10);
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(window.findChild<QLabel*>(u"progressCount"_s)->text(), u"3 / 10"_s);
-    window.End();
-    EXPECT_FALSE(window.isVisible());
-}
-
-TEST(ProgressWindow, ComesUpByItselfWhileTheWorkIsSilent) {
-    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
-    window.Begin(1);
-    EXPECT_TRUE(support::WaitFor([&] { return window.isVisible(); }));
-}
-
-TEST(ProgressWindow, CancelsOnceByButtonOrEscape) {
-    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
-    int cancelled = 0;
-    QObject::connect(&window, &ProgressWindow::Cancelled, [&] { ++cancelled; });
-    window.Begin(0);
-    window.Report(1, 2);
-    QTest::keyClick(&window, Qt::Key_Escape);
-    QTest::keyClick(&window, Qt::Key_Escape);
-    EXPECT_EQ(cancelled, 1);
-    EXPECT_TRUE(window.IsCancelled());
-    EXPECT_TRUE(window.isVisible());
-}
-
-TEST(ProgressWindow, WithoutAWayToCancelEscapeDoesNothing) {
-    ProgressWindow window(nullptr, u"下载"_s, ProgressWindow::Cancel::kImpossible);
-    window.Begin(0);
-    window.Report(1, 2);
-    QTest::keyClick(&window, Qt::Key_Escape);
-    EXPECT_FALSE(window.IsCancelled());
-    EXPECT_TRUE(window.isVisible());
-}
-
-TEST(ExProgress, ShowsTitleAndCountFromCreateToClose) {
-    ExProgress progress;
-    progress.SetPos(3);
-    progress.Show();
-    EXPECT_EQ(progress.Window(), nullptr);
-    progress.Create(toolkit::kNoWindow, u"下载照片"_s);
-    progress.SetTitle(u"正在下载"_s);
-    progress.SetRange(4);
-    progress.Show();
-    progress.SetPos(2);
-    ASSERT_NE(progress.Window(), nullptr);
-    EXPECT_EQ(progress.Window()->windowTitle(), u"下载照片"_s);
-    EXPECT_EQ(progress.Window()->findChild<QLabel*>(u"progressText"_s)->text(), u"正在下载"_s);
-    EXPECT_EQ(progress.Window()->findChild<QProgressBar*>(u"progressBar"_s)->value(), 2);
-    EXPECT_TRUE(support::WaitFor([&] { return progress.Window()->isVisible(); }));
-    progress.Close();
-    EXPECT_EQ(progress.Window(), nullptr);
-    progress.Close();
 }
 
 class ImportQuestion : public testing::Test {

@@ -1,0 +1,34 @@
+// What a person sees while a file is fetched on which everything waits.
+#pragma once
+
+#include "host/data/RunningTransfer.h"
+
+namespace host {
+
+class ExProgress;
+
+/// Nothing for a transfer of a tenth of a second; then the wait cursor, and from half a second on a
+/// window with the bytes done: the client's progress window if one is open, else one of its own.
+/// All windows go on painting; no input gets through. Thread: user interface.
+class TransferWait final : public ITransferWait {
+public:
+    struct Times {
+        int cursorMs = 100;
+        int windowMs = 500;
+    };
+
+    /// The progress service must outlive it.
+    explicit TransferWait(ExProgress& progressService) : progress(progressService) {}
+    TransferWait(ExProgress& progressService, const Times& other)
+        : progress(progressService), times(other) {}
+
+    void Wait(RunningTransfer& transfer) override;
+
+private:
+    void RunLoop(RunningTransfer& transfer);
+
+    ExProgress& progress;
+    const Times times;
+};
+
+} // namespace host

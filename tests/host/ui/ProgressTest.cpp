@@ -1,0 +1,157 @@
+#include "host/ui/ExProgress.h"
+#include "host/ui/ProgressWindow.h"
+
+#include "tests/support/WaitFor.h"
+#include "toolkit/WindowRegistry.h"
+
+#include <QLabel>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace host {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+TEST(ProgressWindow, ComesUpOnlyWhenTheWorkTakesItsTime) {
+    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
+    window.Begin(1'000'000);
+    window.Report(1, 10);
+    EXPECT_FALSE(window.isVisible());
+    window.End();
+    window.Begin(0);
+    window.Report(3, 10);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.findChild<QLabel*>(u"progressCount"_s)->text(), u"3 / 10"_s);
+    window.End();
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST(ProgressWindow, ComesUpByItselfWhileTheWorkIsSilent) {
+    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
+    window.Begin(1);
+    EXPECT_TRUE(support::WaitFor([&] { return window.isVisible(); }));
+}
+
+TEST(ProgressWindow, CancelsOnceByButtonOrEscape) {
+    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
+    int cancelled = 0;
+    QObject::connect(&window, &ProgressWindow::Cancelled, [&] { ++cancelled; });
+    window.Begin(0);
+    window.Report(1, 2);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_EQ(cancelled, 1);
+    EXPECT_TRUE(window.IsCancelled());
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST(ProgressWindow, WithoutAWayToCancelEscapeDoesNothing) {
+    ProgressWindow window(nullptr, u"下载"_s, ProgressWindow::Cancel::kImpossible);
+    window.Begin(0);
+    window.Report(1, 2);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.IsCancelled());
+    EXPECT_TRUE(window.isVisible());
+}
+
+TEST(ExProgress, ShowsTitleAndCountFromCreateToClose) {
+    ExProgress progress;
+    progress.SetPos(3);
+    progress.Show();
+    EXPECT_EQ(progress.Window(), nullptr);
+    progress.Create(toolkit::kNoWindow, u"下载照片"_s);
+    progress.SetTitle(u"正在下载"_s);
+    progress.SetRange(4);
+    progress.Show();
+    progress.SetPos(2);
+    ASSERT_NE(progress.Window(), nullptr);
+    EXPECT_EQ(progress.Window()->windowTitle(), u"下载照片"_s);
+    EXPECT_EQ(progress.Window()->findChild<QLabel*>(u"progressText"_s)->text(), u"正在下载"_s);
+    EXPECT_EQ(progress.Window()->findChild<QProgressBar*>(u"progressBar"_s)->value(), 2);
+    {
+        const ExProgress::Hold hold(progress);
+        EXPECT_TRUE(support::WaitFor([&] { return progress.Window()->isVisible(); }));
+    }
+    progress.Close();
+    EXPECT_EQ(progress.Window(), nullptr);
+    progress.Close();
+}
+
+/// A progress service whose window has come up.
+class LeftProgress : public testing::Test {
+protected:
+    LeftProgress() {
+        progress.Create(toolkit::kNoWindow, u"ZVKX"_s);
+        progress.SetTitle(u"正在下载Vesk照片..."_s);
+        progress.Show();
+        progress.SetRange(5);
+    }
+    void ComeUp() {
+        progress.Window()->Begin(0);
+        progress.SetPos(2);
+        ASSERT_TRUE(progress.Window()->isVisible());
+    }
+    [[nodiscard]] QPushButton* Button() {
+        return progress.Window()->findChild<QPushButton*>(u"progressCancel"_s);
+    }
+
+    ExProgress progress;
+};
+
+TEST_F(LeftProgress, WorkThatEndsWithoutClosingLeavesAWindowThatCanBeClosed) {
+    ComeUp();
+    EXPECT_TRUE(progress.Window()->isModal());
+    EXPECT_FALSE(Button()->isVisible());
+    ASSERT_TRUE(support::WaitFor([this] { return !progress.Window()->isModal(); }));
+    EXPECT_TRUE(progress.Window()->isVisible()) << "it stays open";
+    EXPECT_EQ(progress.Window()->findChild<QLabel*>(u"progressCount"_s)->text(), u"2 / 5"_s);
+    EXPECT_EQ(Button()->text(), u"关闭"_s);
+    QTest::mouseClick(Button(), Qt::LeftButton);
+    EXPECT_FALSE(progress.Window()->isVisible());
+}
+
+TEST_F(LeftProgress, WorkThatFailsBeforeTheWindowComesUpLeavesNone) {
+    // Due at the next report, had nobody let go of it.
+    progress.Window()->Begin(0);
+    progress.Window()->LetGo();
+    progress.Window()->Report(3, 5);
+    support::RunPendingEvents();
+    EXPECT_FALSE(progress.Window()->isVisible());
+}
+
+TEST_F(LeftProgress, AQuestionOfTheWorkItselfLeavesTheWindowAsItIs) {
+    ComeUp();
+    QMessageBox question(QMessageBox::Question, u"问题"_s, u"是否打开？"_s, QMessageBox::Yes);
+    bool wasModal = false;
+    QTimer::singleShot(20, &question, [&] {
+        wasModal = progress.Window()->isModal();
+        question.accept();
+    });
+    question.exec();
+    EXPECT_TRUE(wasModal);
+    progress.Close();
+    EXPECT_EQ(progress.Window(), nullptr);
+}
+
+TEST_F(LeftProgress, TheNextWorkBlocksAgain) {
+    ComeUp();
+    ASSERT_TRUE(support::WaitFor([this] { return !progress.Window()->isModal(); }));
+    progress.Create(toolkit::kNoWindow, u"ZVKX"_s);
+    progress.Show();
+    EXPECT_TRUE(progress.Window()->isModal());
+    EXPECT_FALSE(progress.Window()->isVisible());
+}
+
+TEST(BytesText, CountsInUnitsThatSuitTheSize) {
+    EXPECT_EQ(BytesText(0, 0), u"0 bytes"_s);
+    EXPECT_EQ(BytesText(1536, 2 * 1024 * 1024), u"1.5 kB / 2.0 MB"_s);
+}
+
+} // namespace
+} // namespace host
