@@ -5,7 +5,9 @@
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "services/IKXPathMng.h"
+#include "viewers/Decoders.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
 #include <array>
@@ -28,6 +30,19 @@ constexpr std::array<ButtonImage, gallery::kGalleryButtons> kButtonImages{{
     {gallery::kThumbDown, u"down_thumb.png", ClipType::Stacked},
 }};
 
+/// Threads that galleries began end before the application does, when all that they need still
+/// lives. The host has ended its transfers by then.
+void EndWithApplication() {
+    static const bool once = [] {
+        qAddPostRoutine([] {
+            gallery::JoinDownloadWorkers();
+            gallery::JoinDecoders();
+        });
+        return true;
+    }();
+    Q_UNUSED(once);
+}
+
 QString WorkFile(QStringView name) {
     QString folder;
     GetKXPathMng()->GetWorkFolder(folder);
@@ -46,6 +61,7 @@ CPicViewDlg::~CPicViewDlg() {
 }
 
 QWidget* CPicViewDlg::MakeWindow(QWidget* parent) {
+    EndWithApplication();
     m_pane = new gallery::GalleryPane(*this, parent);
     return m_pane;
 }

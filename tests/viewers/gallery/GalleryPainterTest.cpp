@@ -96,6 +96,16 @@ TEST(GalleryPainter, EveryStateSaysSomethingElse) {
     EXPECT_GT(CountNear(images[3], Band(), Qt::white), 60);
 }
 
+TEST(GalleryPainter, TheRedTextOfAFailureHasALightRim) {
+    const QImage image = Painted(SampleCell(kDownloadFailedState));
+    int light = 0;
+    for (int y = Band().top(); y <= Band().bottom(); ++y) {
+        for (int x = Band().left(); x <= Band().right(); ++x)
+            light += image.pixelColor(x, y).blue() > kBandColour.blue() + 30;
+    }
+    EXPECT_GT(light, 60);
+}
+
 TEST(GalleryPainter, TheProgressBandGrowsWithThePercent) {
     // 92 pixels between the band's edges, accent of 150 in 255 over the band's colour.
     const QColor accent(51, 166, 202);
