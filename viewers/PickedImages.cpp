@@ -53,7 +53,8 @@ bool SaveReducedJpeg(const QString& source, const QString& target) {
         return false;
     QImageWriter writer(&file, "jpeg");
     writer.setQuality(kReducedQuality);
-    return writer.write(image) && file.commit();
+    // What closing writes is not looked at: on a full disk half a file would stand there.
+    return writer.write(image) && file.flush() && file.commit();
 }
 
 } // namespace ZelvorNRQ_KXVeskPicture

@@ -92,6 +92,28 @@ TEST_F(GridActionsTest, TheOtherIconsGoToTheirDialogs) {
     EXPECT_EQ(Log().LinesOf({"DownloadFile"}), Calls{}) << "cancelled";
 }
 
+TEST_F(GridActionsTest, TheDownloadIconSavesItsRowUnderTheNameThatIsShown) {
+    struct Case {
+        ConsoleMode mode;
+        int column;
+        QString cache;
+    };
+    for (const Case& c : {Case{kModeBim, 15, u"1/pics"_s}, Case{kModePdf, 16, u"1/thumbs"_s}}) {
+        Show(c.mode, 3);
+        const QString uuid =
+            c.mode == kModeBim ? host.pics.bimPics[1].text8 : host.pics.pdfPics[1].text1;
+        host.files.stored[uuid] = "photo";
+        const QString shown = grid->GetRow(1)->GetItem(3)->GetText();
+        prompts.ExpectSaveFile(shown.left(shown.lastIndexOf(u'.')), folder.Path(u"saved.jpg"_s));
+        prompts.ExpectYesNo(u"下载成功，是否打开下载照片的所在目录？"_s, false);
+        Log().Clear();
+        ClickCell(1, c.column);
+        EXPECT_EQ(Log().LinesOf({"DownloadFile"}).size(), 1U);
+        EXPECT_EQ(folder.Read(u"saved.jpg"_s), "photo");
+        EXPECT_EQ(folder.Read(c.cache + u'/' + uuid + u".jpg"_s), "photo");
+    }
+}
+
 TEST_F(GridActionsTest, ADisabledLookupIconDoesNothing) {
     Show(kModeBim, 3);
     host.pics.bimPics[0].floor.clear();

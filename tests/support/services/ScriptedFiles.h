@@ -47,6 +47,8 @@ public:
     explicit ScriptedFiles(Script& script) : m_script(script) {}
 
     std::map<QString, QByteArray> stored; ///< contents by uuid
+    /// Downloads succeed and leave the local file as it is.
+    bool keepsWhatIsThere = false;
     KX_DATA::UploadResult uploadResult;
 
     void DownloadFile(KX_DATA::TransferResult& result, const QString& uuid,

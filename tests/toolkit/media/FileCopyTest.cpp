@@ -1,5 +1,6 @@
 #include "toolkit/FileCopy.h"
 
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
 
 #include <QDir>
@@ -64,6 +65,27 @@ TEST(FileCopy, AFailureLeavesTheTargetAsItWas) {
     EXPECT_EQ(CopyFileWhole(source, folder.Path(u"folder"_s), IfExists::Replace),
               CopyOutcome::Failed);
     EXPECT_EQ(FilesOf(folder), (QStringList{u"a"_s, u"b"_s}));
+}
+
+TEST(FileCopy, AFullDiskLeavesTheTargetAsItWasAndNothingHalf) {
+    const support::TempFolder folder;
+    const QString source = folder.Write(u"a"_s, QByteArray(300'000, 'x'));
+    const QString target = folder.Write(u"b"_s, "old");
+    const support::FileSizeLimit limit(100'000);
+    EXPECT_EQ(CopyFileWhole(source, target, IfExists::Replace), CopyOutcome::Failed);
+    EXPECT_EQ(CopyFileWhole(source, folder.Path(u"c"_s), IfExists::Keep), CopyOutcome::Failed);
+    EXPECT_EQ(folder.Read(u"b"_s), "old");
+    EXPECT_EQ(FilesOf(folder), (QStringList{u"a"_s, u"b"_s}));
+}
+
+TEST(FileCopy, AFolderThatCantBeWrittenIsAFailure) {
+    const support::TempFolder folder;
+    const QString source = folder.Write(u"a"_s, "photo");
+    EXPECT_EQ(CopyFileWhole(source, QString::fromLatin1(support::kUnwritableFolder) + u"/b"_s,
+                            IfExists::Keep),
+              CopyOutcome::Failed);
+    EXPECT_EQ(CopyFileWhole(source, source + u"/b"_s, IfExists::Keep), CopyOutcome::Failed);
+    EXPECT_EQ(folder.Read(u"a"_s), "photo");
 }
 
 TEST(FileCopy, ALinkThatLeadsNowhereTakesItsName) {

@@ -1,6 +1,7 @@
 #include "console/BatchDownload.h"
 
 #include "tests/console/ModuleFixture.h"
+#include "tests/support/FileSizeLimit.h"
 
 #include <QDir>
 #include <QFile>
@@ -104,6 +105,44 @@ TEST_F(BatchDownloadTest, AFolderThatIsGonePassesSilently) {
     QDir(out).removeRecursively();
     Run({Row(u"u1"_s, u"a.jpg"_s)});
     EXPECT_FALSE(QDir(out).exists());
+    EXPECT_EQ(Log().CountOf("WriteActionLog"), 1);
+}
+
+TEST_F(BatchDownloadTest, AFolderThatCantBeWrittenPassesSilentlyAndTheNextRowFollows) {
+    for (const QString& unwritable : {QString::fromLatin1(support::kUnwritableFolder),
+                                      folder.Write(u"file"_s, "stands in the way")}) {
+        out = unwritable;
+        Log().Clear();
+        Run({Row(u"u1"_s, u"a.jpg"_s), Row(u"u2"_s, u"b.jpg"_s)});
+        EXPECT_EQ(Log().CountOf("DownloadFile"), 2);
+        EXPECT_EQ(Log().CountOf("Progress.Close"), 1);
+        EXPECT_EQ(Log().CountOf("WriteActionLog"), 1);
+        EXPECT_FALSE(QFile::exists(out + u"/a.jpg"_s));
+    }
+    EXPECT_EQ(folder.Read(u"file"_s), "stands in the way");
+}
+
+TEST_F(BatchDownloadTest, AFullFolderPassesSilentlyAndKeepsNothingHalf) {
+    const BatchRow large = Row(u"u1"_s, u"a.jpg"_s);
+    const BatchRow small = Row(u"u2"_s, u"b.jpg"_s);
+    // Both in the cache already, so that only the copies meet the limit.
+    folder.Write(u"cache/u1.jpg"_s, QByteArray(300'000, 'x'));
+    folder.Write(u"cache/u2.jpg"_s, "u2");
+    host.files.keepsWhatIsThere = true;
+    {
+        const support::FileSizeLimit limit(100'000);
+        Run({large, small});
+    }
+    EXPECT_EQ(Files(), QStringList{u"b.jpg"_s});
+    EXPECT_EQ(Log().CountOf("WriteActionLog"), 1);
+}
+
+TEST_F(BatchDownloadTest, APhotoThatIsGoneFromTheCacheAfterItsDownloadPassesSilently) {
+    BatchRow lost = Row(u"u1"_s, u"a.jpg"_s);
+    lost.source.localPath = folder.Path(u"cache/u1.jpg"_s);
+    host.files.keepsWhatIsThere = true;
+    Run({lost, Row(u"u2"_s, u"b.jpg"_s)});
+    EXPECT_TRUE(Files().isEmpty());
     EXPECT_EQ(Log().CountOf("WriteActionLog"), 1);
 }
 

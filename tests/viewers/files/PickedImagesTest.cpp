@@ -1,6 +1,7 @@
 #include "viewers/PickedImages.h"
 
 #include "tests/support/AnsweredPrompts.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
 #include "tests/viewers/support/SamplePictures.h"
 
@@ -89,4 +90,17 @@ TEST(SaveReducedJpeg, WhatIsNoPictureOrCantBeWrittenFails) {
         folder.Write(u"a.png"_s, support::PngBytes(support::CornerMarked({8, 8})));
     EXPECT_FALSE(SaveReducedJpeg(picture, folder.Path(u"no/folder.jpg"_s)));
     EXPECT_EQ(QDir(folder.Path()).entryList(QDir::Files).size(), 2);
+}
+
+TEST(SaveReducedJpeg, OnAFullDiskItFailsAndKeepsTheOldFile) {
+    const support::TempFolder folder;
+    QImage noise(200, 200, QImage::Format_RGB32);
+    for (int i = 0; i < 200 * 200; ++i)
+        noise.setPixel(i % 200, i / 200, qRgb(i * 7919 % 256, i * 104729 % 256, i * 31 % 256));
+    const QString source = folder.Write(u"a.png"_s, support::PngBytes(noise));
+    const QString target = folder.Write(u"small.jpg"_s, "old");
+    const support::FileSizeLimit limit(1'000);
+    EXPECT_FALSE(SaveReducedJpeg(source, target));
+    EXPECT_EQ(folder.Read(u"small.jpg"_s), "old");
+    EXPECT_EQ(QDir(folder.Path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
 }

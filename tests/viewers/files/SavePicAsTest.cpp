@@ -3,6 +3,7 @@
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/ModuleFixture.h"
 #include "tests/console/SampleRecords.h"
+#include "tests/support/FileSizeLimit.h"
 #include "toolkit/Prompts.h"
 
 #include <QDir>
@@ -116,6 +117,21 @@ TEST_F(SavePicAsTest, AFailedCopyIsNotNoticed) {
     prompts.ExpectYesNo(kSavedQuestion, false);
     EXPECT_TRUE(SavePicAs(u"u1"_s, u"a.jpg"_s, local));
     EXPECT_EQ(Log().CountOf("WriteActionLog"), 1);
+}
+
+TEST_F(SavePicAsTest, AFullDiskKeepsTheOldFileAndLeavesNothingHalf) {
+    folder.Write(u"out.jpg"_s, "old");
+    folder.Write(u"cache/u1.jpg"_s, QByteArray(300'000, 'x'));
+    host.files.keepsWhatIsThere = true;
+    prompts.ExpectSaveFile(u"a"_s, target);
+    prompts.ExpectYesNo(kSavedQuestion, false);
+    {
+        const support::FileSizeLimit limit(100'000);
+        EXPECT_TRUE(SavePicAs(u"u1"_s, u"a.jpg"_s, local));
+    }
+    EXPECT_EQ(folder.Read(u"out.jpg"_s), "old");
+    EXPECT_EQ(QDir(folder.Path()).entryList({u"*.part"_s}, QDir::Files | QDir::Hidden),
+              QStringList());
 }
 
 TEST_F(SavePicAsTest, SavingOverTheCachedFileItselfLeavesIt) {

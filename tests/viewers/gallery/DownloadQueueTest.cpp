@@ -6,6 +6,7 @@
 #include "viewers/DownloadWorker.h"
 
 #include <QDir>
+#include <QTimer>
 #include <gmock/gmock.h>
 
 #include <condition_variable>
@@ -163,6 +164,9 @@ TEST_F(DownloadQueue, TheStripRepaintsWhileAVisiblePictureIsMissingAndAfterTheLa
     ASSERT_TRUE(WaitForDownloads());
     // The timer runs on: what it repaints shows a picture that nobody was told of.
     EXPECT_TRUE(support::WaitFor([this] { return State().items[1].thumbDC != nullptr; }));
+    gallery->timersTold.clear();
+    EXPECT_TRUE(support::WaitFor([this] { return gallery->timersTold.size() >= 2; }));
+    EXPECT_EQ(gallery->timersTold.front(), gallery::kStripTimer);
     // The next list clears the process's flag.
     SetItems(OnDisk(1));
 }
@@ -172,6 +176,13 @@ TEST_F(DownloadQueue, AnEmptyListStartsNeitherThreadNorTimer) {
     SetItems({});
     EXPECT_EQ(State().activeDownloads, 0);
     EXPECT_EQ(Log().CountOf("StartDownload"), 0);
+    // Longer than the strip's timer by a timer of the same kind.
+    int rounds = 0;
+    QTimer control;
+    QObject::connect(&control, &QTimer::timeout, [&] { ++rounds; });
+    control.start(100);
+    EXPECT_TRUE(support::WaitFor([&] { return rounds == 3; }));
+    EXPECT_TRUE(gallery->timersTold.empty());
 }
 
 TEST_F(DownloadQueue, PercentsReachTheItemAndOfNotesTheSubclass) {

@@ -81,6 +81,19 @@ QPoint GalleryFixture::ThumbMiddle(int index) const {
     return State().items.at(size_t(index)).thumbRect.center();
 }
 
+bool GalleryFixture::SaysNoPicture() {
+    const QImage shown = Shown();
+    QRect middle(0, 0, 60, 25);
+    middle.moveCenter(PictureMiddle());
+    int navy = 0;
+    for (int y = middle.top(); y <= middle.bottom(); ++y) {
+        for (int x = middle.left(); x <= middle.right(); ++x)
+            navy += support::IsNear(shown.pixelColor(x, y), QColor(0x15, 0x42, 0x8B), 60);
+    }
+    const QColor corner = shown.pixelColor(State().bigArea.center() - QPoint(60, 60));
+    return navy > 60 && corner == support::kPaneColour;
+}
+
 bool GalleryFixture::WaitForDownloads() {
     return support::WaitFor([this] {
         return State().activeDownloads <= 0 &&

@@ -34,6 +34,8 @@ protected:
     [[nodiscard]] QWidget* Pane() { return gallery->Widget(); }
     [[nodiscard]] QImage Shown() { return gallery->Widget()->grab().toImage(); }
     [[nodiscard]] QColor PixelAt(const QPoint& point) { return Shown().pixelColor(point); }
+    /// Whether the picture area shows the navy text "无图片" in its middle.
+    [[nodiscard]] bool SaysNoPicture();
     [[nodiscard]] QPoint PictureMiddle() const { return gallery->State().bigArea.center(); }
     [[nodiscard]] QPoint ThumbMiddle(int index) const;
     [[nodiscard]] const gallery::GalleryState& State() const { return gallery->State(); }

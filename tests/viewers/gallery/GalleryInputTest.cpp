@@ -159,6 +159,17 @@ TEST_F(GalleryInput, AWheelNotchStepsOnePictureAndLessThanOneSteps) {
     EXPECT_EQ(NewSleeps(), 0U) << "the wheel never slides";
 }
 
+TEST_F(GalleryInput, AWheelBelowANotchOnlyRendersThePictureAnew) {
+    EXPECT_EQ(PixelAt(PictureMiddle()), ColourOf(0));
+    QFile::remove(State().items[0].picPath);
+    QFile::copy(State().items[7].picPath, State().items[0].picPath);
+    EXPECT_EQ(PixelAt(PictureMiddle()), ColourOf(0)) << "its rendering is kept";
+    Wheel(119);
+    EXPECT_EQ(PixelAt(PictureMiddle()), ColourOf(7));
+    EXPECT_EQ(State().currentIndex, 0);
+    EXPECT_THAT(gallery->told, IsEmpty());
+}
+
 TEST_F(GalleryInput, AWheelPastTheEndOfTheListStaysWhereItIs) {
     Wheel(120);
     Wheel(-120 * 20);

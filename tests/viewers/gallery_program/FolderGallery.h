@@ -17,6 +17,7 @@ public:
     bool horizontal = true;
     std::vector<int> told;      ///< of OnCurPicChanged
     std::vector<int> audioTold; ///< of OnAudioProgress
+    std::vector<int> timersTold;
     int closed = 0;
 
     /// Items for files, one each; their uuids are the files' base names. A voice note with the same
@@ -31,6 +32,10 @@ protected:
     void OnCreated() override;
     void OnResized() override { LayOut(); }
     void OnClose() override;
+    void OnTimer(int timerId) override {
+        timersTold.push_back(timerId);
+        CPicViewDlg::OnTimer(timerId);
+    }
 
 private:
     void LayOut();
