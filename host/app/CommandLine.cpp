@@ -30,6 +30,19 @@ bool ReadSample(const QString& value, SampleSize& sample) {
     return true;
 }
 
+bool ReadTransfers(const QString& value, TransferRules& rules) {
+    static const std::map<QString, TransferRules> kinds = {
+        {u"normal"_s, {}},
+        {u"slow"_s, {400}},
+        {u"fail"_s, {0, TransferFault::kInTheMiddle}},
+        {u"hang"_s, {0, TransferFault::kNeverEnds}}};
+    const auto found = kinds.find(value);
+    if (found == kinds.end())
+        return false;
+    rules = found->second;
+    return true;
+}
+
 bool ReadScale(const QString& value, int& scale) {
     bool isNumber = false;
     scale = value.toInt(&isNumber);
@@ -51,6 +64,8 @@ bool TakeOption(const QString& name, const QString& value, CommandLine& line) {
         line.tourFolder = value;
     } else if (name == u"--sample"_s && !ReadSample(value, line.sample)) {
         line.error = u"--sample 只能是 small、full 或 none，不能是“%1”。"_s.arg(value);
+    } else if (name == u"--transfers"_s && !ReadTransfers(value, line.transfers)) {
+        line.error = u"--transfers 只能是 normal、slow、fail 或 hang，不能是“%1”。"_s.arg(value);
     } else if (name == u"--tour-scale"_s && !ReadScale(value, line.tourScale)) {
         line.error = u"--tour-scale 只能是 1 到 4 的整数，不能是“%1”。"_s.arg(value);
     }
@@ -74,8 +89,8 @@ CommandLine ParseImport(const QStringList& words) {
 } // namespace
 
 CommandLine ParseCommandLine(const QStringList& words) {
-    static const QStringList options = {u"--data"_s, u"--user"_s, u"--sample"_s, u"--tour"_s,
-                                        u"--tour-scale"_s};
+    static const QStringList options = {u"--data"_s, u"--user"_s,       u"--sample"_s,
+                                        u"--tour"_s, u"--tour-scale"_s, u"--transfers"_s};
     if (words.value(0) == u"import"_s)
         return ParseImport(words);
     CommandLine line;
@@ -106,6 +121,7 @@ QString HelpText() {
   --user 姓名         以此用户登录，不再询问
   --sample 规模       数据文件夹还没有工程时生成的示例：small（小）、full（完整）、none（不生成）
   --tour-scale 倍数   走查时的屏幕缩放，1 到 4
+  --transfers 方式    演示文件传输：normal（正常）、slow（慢）、fail（中途失败）、hang（停住不动）
   --help              显示本说明
 
 导入选项：

@@ -1,6 +1,7 @@
 // What the person wrote behind the program's name.
 #pragma once
 
+#include "host/data/Transfer.h"
 #include "host/sample/SampleSize.h"
 
 #include <QString>
@@ -21,6 +22,7 @@ struct CommandLine {
     QString dataFolder;                    ///< empty: the user's own
     QString userName;                      ///< empty: asked for
     SampleSize sample = SampleSize::kFull; ///< the site that a folder without one gets
+    TransferRules transfers;               ///< slow or failing, for demonstrations
     QString tourFolder;
     int tourScale = 1;       ///< device pixels for each pixel, 1 to 4
     QStringList importWords; ///< what stands behind "import", without --data and --sample

@@ -62,6 +62,7 @@ int RunClient(const CommandLine& line) {
         return site.fault.isEmpty() ? kDone : TellFault(site.fault);
     if (const StartResult user = SignInUser(session, line); !user.goOn)
         return user.fault.isEmpty() ? kDone : TellFault(user.fault);
+    session.SetTransfers(line.transfers);
     Client client(session);
     if (const auto lack = client.Start(QCoreApplication::applicationDirPath()))
         return TellFault(*lack);

@@ -15,13 +15,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint64 kKilobyte = 1024;
 constexpr int kBytesScale = 1000; ///< steps of the bar, whatever the number of bytes
 
 } // namespace
 
 QString BytesText(qint64 done, qint64 total) {
     const auto text = [](qint64 bytes) {
-        return QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeTraditionalFormat);
+        return bytes < kKilobyte
+                   ? u"%1 B"_s.arg(bytes)
+                   : QLocale::c().formattedDataSize(bytes, 1, QLocale::DataSizeTraditionalFormat);
     };
     return total > 0 ? u"%1 / %2"_s.arg(text(done), text(total)) : text(done);
 }

@@ -32,6 +32,16 @@ TEST(CommandLine, ATourNamesItsFolderAndMayScaleTheScreen) {
     EXPECT_EQ(line.tourScale, 2);
 }
 
+TEST(CommandLine, TransfersMayBeSlowOrFailForDemonstrations) {
+    EXPECT_EQ(ParseCommandLine({}).transfers.blockDelayMs, 0);
+    EXPECT_GT(ParseCommandLine({u"--transfers=slow"_s}).transfers.blockDelayMs, 0);
+    EXPECT_EQ(ParseCommandLine({u"--transfers"_s, u"fail"_s}).transfers.fault,
+              TransferFault::kInTheMiddle);
+    EXPECT_EQ(ParseCommandLine({u"--transfers"_s, u"hang"_s}).transfers.fault,
+              TransferFault::kNeverEnds);
+    EXPECT_TRUE(ParseCommandLine({u"--transfers"_s, u"lost"_s}).error.contains(u"lost"_s));
+}
+
 TEST(CommandLine, ImportKeepsItsOwnWordsInOrderAndGivesTheDataFolderToTheClient) {
     const CommandLine line = ParseCommandLine({u"import"_s, u"照片"_s, u"--project"_s, u"一期"_s,
                                                u"--data"_s, u"d"_s, u"--user"_s, u"李"_s});
