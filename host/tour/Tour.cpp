@@ -29,8 +29,10 @@ int Complain(const QString& text) {
 }
 
 /// Pictures to import, and a file that is none.
-TourPlaces MakePlaces(const QString& folder) {
+TourPlaces MakePlaces(const QString& folder, const QString& pictures) {
     TourPlaces places;
+    places.pictures = pictures;
+    places.downloadFolder = QDir(folder).filePath(u"下载"_s);
     places.photoFolder = QDir(folder).filePath(u"现场照片"_s);
     QDir().mkpath(places.photoFolder);
     for (int number = 1; number <= kImports; ++number) {
@@ -54,6 +56,7 @@ std::vector<TourStep> WriteSteps(const CommandLine& line, const TourPlaces& plac
     if (line.tourScale == 1) {
         WriteImport(script, places);
         WriteBimActions(script);
+        WriteDownloads(script, places);
         WriteOtherConsoles(script);
         WriteHostWindows(script);
     }
@@ -67,7 +70,8 @@ int Walk(const CommandLine& line, const std::function<int(const CommandLine&)>& 
     if (walked.dataFolder.isEmpty())
         walked.dataFolder = ownFolder.filePath(u"data"_s);
     walked.sample = SampleSize::kSmall;
-    TourRunner runner(WriteSteps(line, MakePlaces(ownFolder.path())), {line.tourFolder});
+    TourRunner runner(WriteSteps(line, MakePlaces(ownFolder.path(), line.tourFolder)),
+                      {line.tourFolder});
     QObject::connect(&runner, &TourRunner::Finished, &runner, [](const QString& failure) {
         if (!failure.isEmpty())
             QCoreApplication::exit(kFault);

@@ -10,6 +10,7 @@ inline const QString kConsole = QStringLiteral("VeskPicMngDlg");
 inline const QString kSignIn = QStringLiteral("signInDialog");
 inline const QString kBin = QStringLiteral("binWindow");
 inline const QString kImport = QStringLiteral("importDialog");
+inline const QString kProgress = QStringLiteral("progressWindow");
 inline const QString kAbout = QStringLiteral("aboutWindow");
 inline const QString kNewProject = QStringLiteral("projectNameDialog");
 inline const QString kKeys = QStringLiteral("keysWindow");

@@ -7,8 +7,10 @@ namespace host::tour {
 
 /// Where a walk finds its own files.
 struct TourPlaces {
-    QString photoFolder; ///< made by the tour: pictures to import, and a text file among them
-    int photoCount = 0;  ///< pictures in it that can be read
+    QString photoFolder;    ///< made by the tour: pictures to import, and a text file among them
+    int photoCount = 0;     ///< pictures in it that can be read
+    QString downloadFolder; ///< where downloaded photos go; made by the walk
+    QString pictures;       ///< where the pictures of the walk go
 };
 
 /// Writes the steps down.
@@ -37,6 +39,8 @@ void WriteBimSearch(TourScript& script);
 void WriteImport(TourScript& script, const TourPlaces& places);
 /// The console with BIM photos: order, pages, row actions; closed at the end.
 void WriteBimActions(TourScript& script);
+/// The checked photos of a page into a folder, over slow transfers, and the gallery with them.
+void WriteDownloads(TourScript& script, const TourPlaces& places);
 /// The console with drawing photos and with issues; closed at the end.
 void WriteOtherConsoles(TourScript& script);
 /// Bin, help, another project, a workset.
