@@ -6,6 +6,7 @@
 #include "bench/PeakMemory.h"
 #include "bench/PhotoSet.h"
 #include "bench/Report.h"
+#include "bench/ViewerBench.h"
 #include "host/data/HostSession.h"
 #include "toolkit/Look.h"
 
@@ -216,6 +217,18 @@ void MeasureMemory(const QString& folder, bench::Report& report) {
                      u"MB"_s);
 }
 
+int MeasureViewers(bench::WatchedApplication& application, const QCommandLineParser& options) {
+    bench::Report report;
+    const QStringList paths =
+        bench::MakePhotos(bench::PhotoClasses()[1], options.value(u"originals"_s),
+                          QDir(options.value(u"photos"_s)).filePath(u"24"_s));
+    if (paths.isEmpty())
+        return 1;
+    bench::MeasureDownload(paths, report);
+    bench::MeasureViewer(application, paths.front(), report);
+    return report.WriteJson(options.value(u"out"_s)) ? 0 : 1;
+}
+
 int Measure(bench::WatchedApplication& application, const QCommandLineParser& options) {
     bench::Report report;
     const QDir photos(options.value(u"photos"_s));
@@ -239,6 +252,7 @@ int Measure(bench::WatchedApplication& application, const QCommandLineParser& op
         MeasureSteps(driver, many, u"1,000 of 24 MP"_s, report);
         MeasureMemory(manyFolder, report);
         bench::MeasureDownload(paths, report);
+        bench::MeasureViewer(application, paths.front(), report);
     }
     return report.WriteJson(options.value(u"out"_s)) ? 0 : 1;
 }
@@ -255,9 +269,12 @@ int main(int argc, char** argv) {
     options.addOption(
         {u"originals"_s, u"Folder of photographs."_s, u"folder"_s, u"/usr/share/backgrounds"_s});
     options.addOption({u"out"_s, u"JSON file of the results."_s, u"file"_s, u"gallery.json"_s});
+    options.addOption(QCommandLineOption(u"viewer"_s, u"Only the downloads and the viewer."_s));
     options.addOption({u"memory-probe"_s, u"Only step through a folder."_s, u"folder"_s});
     options.process(app);
     host::HostSession session;
+    if (options.isSet(u"viewer"_s))
+        return MeasureViewers(app, options);
     return options.isSet(u"memory-probe"_s) ? ProbeMemory(app, options.value(u"memory-probe"_s))
                                             : Measure(app, options);
 }
