@@ -2,6 +2,7 @@
 
 #include "host/data/DataFolder.h"
 #include "host/data/Database.h"
+#include "host/data/FetchedFiles.h"
 #include "host/data/FileStore.h"
 #include "host/data/FileSync.h"
 #include "host/data/StoreName.h"
@@ -108,6 +109,12 @@ void Fetch(const TransferPlace& place, const QString& uuid, const QString& local
     const FileStore store(paths.StorePath(), paths.BinPath());
     QFile source(store.PathOf(uuid));
     const QString md5 = StoredMd5(paths, uuid);
+    if (IsWhole(localPath, uuid, md5)) {
+        if (onBytes) {
+            onBytes(QFileInfo(localPath).size());
+        }
+        return;
+    }
     if (!source.open(QIODevice::ReadOnly)) {
         throw DataError(Fault::kMissing, FaultText(Fault::kMissing, u"文件 "_s + uuid));
     }
@@ -121,6 +128,7 @@ void Fetch(const TransferPlace& place, const QString& uuid, const QString& local
     const QString partial = folder + u'/' + NewStoreName() + kPartial;
     CopyChecked(place, source, partial, md5, onBytes);
     Replace(partial, localPath);
+    NoteWhole(localPath, uuid);
 }
 
 } // namespace
@@ -136,6 +144,9 @@ qint64 StoredSize(const QString& dataFolder, const QString& uuid) {
 
 TransferOutcome FetchFile(const TransferPlace& place, const QString& uuid, const QString& localPath,
                           const std::function<void(qint64)>& onBytes) {
+    if (IsKnownWhole(localPath, uuid)) {
+        return {true, {}};
+    }
     try {
         Fetch(place, uuid, localPath, onBytes);
     } catch (const DataError& error) {

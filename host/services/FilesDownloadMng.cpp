@@ -1,5 +1,6 @@
 #include "host/services/FilesDownloadMng.h"
 
+#include "host/data/FetchedFiles.h"
 #include "host/data/HostSession.h"
 #include "host/data/RunningTransfer.h"
 
@@ -53,7 +54,8 @@ void FilesDownloadMng::DownloadFile(KX_DATA::TransferResult& result, const QStri
     const auto desk = HostSession::CurrentDesk();
     TransferOutcome outcome;
     const auto fetch = [&](const TransferPlace& place) {
-        ITransferWait* wait = WaitOfThisThread();
+        // What needs no transfer needs no thread and nobody kept informed.
+        ITransferWait* wait = IsKnownWhole(localPath, uuid) ? nullptr : WaitOfThisThread();
         outcome = wait == nullptr ? FetchFile(place, uuid, localPath)
                                   : FetchWaiting(place, uuid, localPath, *wait);
     };

@@ -78,6 +78,43 @@ TEST(Transfer, AFileThatIsThereIsReplacedByAWholeOne) {
     EXPECT_EQ(QFile(site.target).size(), 600000);
 }
 
+TEST(Transfer, AFileThatIsThereWholeIsNotFetchedAgain) {
+    TransferSite site;
+    ASSERT_TRUE(site.Fetch().ok);
+    site.steps.clear();
+    TransferRules broken;
+    broken.fault = TransferFault::kAtStart;
+    EXPECT_TRUE(site.Fetch(broken).ok);
+    EXPECT_TRUE(site.steps.empty());
+}
+
+TEST(Transfer, AWholeFileThatSomebodyElsePutThereIsTakenAsItIs) {
+    TransferSite site;
+    QDir().mkpath(QFileInfo(site.target).path());
+    ASSERT_TRUE(QFile::copy(site.dir.filePath(u"source"_s), site.target));
+    TransferRules broken;
+    broken.fault = TransferFault::kAtStart;
+    EXPECT_TRUE(site.Fetch(broken).ok);
+    EXPECT_EQ(site.steps, (std::vector<qint64>{600000}));
+}
+
+TEST(Transfer, AFetchedFileThatWasDamagedSinceIsFetchedAgain) {
+    TransferSite site;
+    ASSERT_TRUE(site.Fetch().ok);
+    QFile damaged(site.target);
+    ASSERT_TRUE(damaged.open(QIODevice::ReadWrite));
+    damaged.write("x");
+    // As much later as the coarsest clock of a file system sees.
+    damaged.setFileTime(QDateTime::currentDateTime().addSecs(2), QFileDevice::FileModificationTime);
+    damaged.close();
+    site.steps.clear();
+    EXPECT_TRUE(site.Fetch().ok);
+    EXPECT_EQ(site.steps.size(), 3U);
+    QFile file(site.target);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.read(1), "p");
+}
+
 TEST(Transfer, AFailureAtTheStartOrInTheMiddleKeepsWhatWasThere) {
     TransferSite site;
     site.PutOld();
