@@ -1,5 +1,6 @@
 #include "host/data/BimPhotos.h"
 
+#include "host/data/DataError.h"
 #include "host/data/Database.h"
 #include "host/data/FloorOrder.h"
 #include "host/data/IdChunks.h"
@@ -9,6 +10,7 @@
 #include "host/data/TimeText.h"
 
 #include <algorithm>
+#include <optional>
 #include <unordered_map>
 
 namespace host {
@@ -18,6 +20,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kJpegKind = 1;
+
+struct Place {
+    QString floor;
+    QString axisX;
+    QString axisY;
+};
 
 const QString& RowSql() {
     static const QString sql =
@@ -173,6 +181,36 @@ void BimPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32
     transaction.Commit();
 }
 
+void BimPhotos::MoveTo(qint32 ppid, qint32 picId, const QString& key, const QString& oldKey) {
+    std::optional<Place> place;
+    database.ForEach(u"SELECT floor, axis_x, axis_y FROM position WHERE position_key = ?"
+                     " AND ppid = ?"_s,
+                     {key, ppid}, [&](const Statement& read) {
+                         place = Place{read.Text(0), read.Text(1), read.Text(2)};
+                     });
+    // A key that the model has no longer keeps the place that the photo had with it.
+    if (!place && key == oldKey) {
+        return;
+    }
+    if (!place && !key.isEmpty()) {
+        throw DataError(Fault::kMissing, u"所选的位置已不在模型中，请重新选择楼层和轴线。"_s, key);
+    }
+    const Place now = place.value_or(Place{});
+    database.Exec(u"UPDATE bim_photo SET position_key = ?, floor = ?, floor_sort = ?, axis_x = ?,"
+                  " axis_y = ?, pos_text = ? WHERE id = ?"_s,
+                  {key, now.floor, FloorSortKey(now.floor), now.axisX, now.axisY,
+                   PositionText(now.axisX, now.axisY), picId});
+}
+
+void BimPhotos::SetLabels(qint32 ppid, qint32 picId, const std::vector<QString>& labelIds) {
+    database.Exec(u"DELETE FROM bim_label WHERE photo_id = ?"_s, {picId});
+    for (const QString& labelId : labelIds) {
+        database.Exec(u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?)"
+                      " ON CONFLICT DO NOTHING"_s,
+                      {labelId.toInt(), ppid, picId});
+    }
+}
+
 bool BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const QString& person,
                        qint64 now) {
     Transaction transaction(database);
@@ -182,33 +220,12 @@ bool BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const Q
     }
     const LastChange last(old.uploaderName, old.uploadTime, person, now);
     RemoveSearchRow(database, ListKind::kBimPhotos, update.picId);
-    // An unchanged key keeps the place, even one that the model has no longer.
-    if (update.positionKey != old.positionKey) {
-        QString floor;
-        QString axisX;
-        QString axisY;
-        database.ForEach(u"SELECT floor, axis_x, axis_y FROM position WHERE position_key = ?"
-                         " AND ppid = ?"_s,
-                         {update.positionKey, ppid}, [&](const Statement& read) {
-                             floor = read.Text(0);
-                             axisX = read.Text(1);
-                             axisY = read.Text(2);
-                         });
-        database.Exec(u"UPDATE bim_photo SET position_key = ?, floor = ?, floor_sort = ?,"
-                      " axis_x = ?, axis_y = ?, pos_text = ? WHERE id = ?"_s,
-                      {update.positionKey, floor, FloorSortKey(floor), axisX, axisY,
-                       PositionText(axisX, axisY), update.picId});
-    }
+    MoveTo(ppid, update.picId, update.positionKey, old.positionKey);
     database.Exec(u"UPDATE bim_photo SET description = ?, mark_id = ?, name = ?, status = ?,"
                   " updater = ?, updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
                   {update.description, update.markId, update.fileName, update.status, person, now,
                    last.person, last.time, update.picId});
-    database.Exec(u"DELETE FROM bim_label WHERE photo_id = ?"_s, {update.picId});
-    for (const QString& labelId : update.labelIds) {
-        database.Exec(u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?)"
-                      " ON CONFLICT DO NOTHING"_s,
-                      {labelId.toInt(), ppid, update.picId});
-    }
+    SetLabels(ppid, update.picId, update.labelIds);
     AddSearchRow(database, ListKind::kBimPhotos, update.picId);
     transaction.Commit();
     return true;

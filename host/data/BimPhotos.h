@@ -28,7 +28,10 @@ public:
 
     /// Counts as a change by nobody: people and times stay.
     void SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status);
-    /// False for an unknown photo of the project. `person` becomes the updater, `now` the time.
+    /// False for an unknown photo of the project. `person` becomes the updater, `now` the time. The
+    /// position key decides about floor and axes: they are what the model says of it, and stay
+    /// where the model has the photo's key no longer. Throws, with nothing changed, for another key
+    /// that the project hasn't and for an unknown label.
     bool Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const QString& person,
                 qint64 now);
 
@@ -38,6 +41,8 @@ public:
 
 private:
     void AddLabels(std::vector<KX_DATA::BimPicRow>& rows);
+    void MoveTo(qint32 ppid, qint32 picId, const QString& key, const QString& oldKey);
+    void SetLabels(qint32 ppid, qint32 picId, const std::vector<QString>& labelIds);
 
     Database& database;
 };

@@ -178,7 +178,11 @@ qint32 VeskPicMng::GetFloorAxesY(qint32 ppid, const QString& floor, const QStrin
 
 bool VeskPicMng::UpdateBimPic(qint32 ppid, const KX_DATA::BimPicUpdate& update) {
     return Done(u"修改照片"_s, [&](HostSession& session) {
-        return BimPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now());
+        BimPhotos photos(session.Folder()->Db());
+        if (!photos.Update(ppid, update, session.UserName(), Now())) {
+            throw DataError(Fault::kMissing, FaultText(Fault::kMissing, update.fileName));
+        }
+        return true;
     });
 }
 
