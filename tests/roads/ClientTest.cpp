@@ -1,8 +1,7 @@
-#include "host/app/Client.h"
+#include "tests/roads/ClientFixture.h"
 
 #include "host/app/Faults.h"
 #include "host/data/Bin.h"
-#include "host/data/HostSession.h"
 #include "host/tour/ConsoleEyes.h"
 #include "host/tour/TourDriver.h"
 #include "host/tour/TourEyes.h"
@@ -15,8 +14,6 @@
 #include "services/IKXPathMng.h"
 #include "services/IKXView.h"
 #include "services/IVeskPicMng.h"
-#include "tests/roads/SmallSite.h"
-#include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
 
 #include <QAbstractItemView>
@@ -37,47 +34,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using host::tour::ConsoleTotal;
 using support::WaitFor;
-
-/// The client at work on a small data folder, with the real module.
-class ClientOnAFolder : public testing::Test {
-protected:
-    void SetUp() override {
-        site = MakeSmallSite(folder.Path(u"data"_s));
-        ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
-        ASSERT_TRUE(session.SignIn(u"张伟"_s));
-        Start();
-    }
-
-    void Start() {
-        client = std::make_unique<host::Client>(session);
-        const auto lack = client->Start(QCoreApplication::applicationDirPath());
-        ASSERT_FALSE(lack) << lack->toStdString();
-        // A platform that grants the focus at once is not to be relied on.
-        ASSERT_TRUE(WaitFor([this] { return client->Window()->isVisible(); }));
-    }
-
-    bool Press(Qt::Key key) {
-        return WaitFor([this, key] {
-            return host::tour::PressKey(client->Window(), key, Qt::ControlModifier);
-        });
-    }
-    bool ChooseProject(const QString& entry) {
-        auto* combo = client->Window()->findChild<QComboBox*>(u"projectChoice"_s);
-        return WaitFor([combo, entry] { return host::tour::ChooseInCombo(combo, entry); });
-    }
-    [[nodiscard]] host::FloorPlanCanvas& Plan() const { return client->Window()->Plan().Canvas(); }
-    [[nodiscard]] QStringList Messages() const {
-        QStringList texts;
-        for (const host::HostMessage& message : client->Window()->Messages().Messages())
-            texts << message.text;
-        return texts;
-    }
-
-    support::TempFolder folder;
-    SmallSite site;
-    host::HostSession session;
-    std::unique_ptr<host::Client> client;
-};
 
 TEST_F(ClientOnAFolder, OpensTheFirstProjectWithItsPlan) {
     EXPECT_TRUE(client->Window()->windowTitle().startsWith(u"一期工程"_s));

@@ -1,0 +1,53 @@
+#include "tests/roads/ClientFixture.h"
+
+#include "host/tour/TourDriver.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/MessageBar.h"
+#include "host/ui/plan/FloorPlanPane.h"
+#include "tests/support/WaitFor.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+
+namespace roads {
+
+using namespace Qt::StringLiterals;
+using support::WaitFor;
+
+void ClientOnAFolder::SetUp() {
+    site = MakeSmallSite(folder.Path(u"data"_s));
+    ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
+    ASSERT_TRUE(session.SignIn(u"张伟"_s));
+    Start();
+}
+
+void ClientOnAFolder::Start() {
+    client = std::make_unique<host::Client>(session);
+    const auto lack = client->Start(QCoreApplication::applicationDirPath());
+    ASSERT_FALSE(lack) << lack->toStdString();
+    // A platform that grants the focus at once is not to be relied on.
+    ASSERT_TRUE(WaitFor([this] { return client->Window()->isVisible(); }));
+}
+
+bool ClientOnAFolder::Press(Qt::Key key) {
+    return WaitFor(
+        [this, key] { return host::tour::PressKey(client->Window(), key, Qt::ControlModifier); });
+}
+
+bool ClientOnAFolder::ChooseProject(const QString& entry) {
+    auto* combo = client->Window()->findChild<QComboBox*>(u"projectChoice"_s);
+    return WaitFor([combo, entry] { return host::tour::ChooseInCombo(combo, entry); });
+}
+
+host::FloorPlanCanvas& ClientOnAFolder::Plan() const {
+    return client->Window()->Plan().Canvas();
+}
+
+QStringList ClientOnAFolder::Messages() const {
+    QStringList texts;
+    for (const host::HostMessage& message : client->Window()->Messages().Messages())
+        texts << message.text;
+    return texts;
+}
+
+} // namespace roads

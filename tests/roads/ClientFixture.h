@@ -1,0 +1,37 @@
+// The whole client at work, with the real module.
+#pragma once
+
+#include "host/app/Client.h"
+#include "host/data/HostSession.h"
+#include "tests/roads/SmallSite.h"
+#include "tests/support/TempFolder.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+namespace host {
+class FloorPlanCanvas;
+}
+
+namespace roads {
+
+/// The client at work on a small data folder as "张伟", who has all rights.
+class ClientOnAFolder : public testing::Test {
+protected:
+    void SetUp() override;
+    void Start();
+    /// Ctrl and a key, in the main window.
+    bool Press(Qt::Key key);
+    bool ChooseProject(const QString& entry);
+    [[nodiscard]] host::FloorPlanCanvas& Plan() const;
+    /// Of the message bar, latest first.
+    [[nodiscard]] QStringList Messages() const;
+
+    support::TempFolder folder;
+    SmallSite site;
+    host::HostSession session;
+    std::unique_ptr<host::Client> client;
+};
+
+} // namespace roads

@@ -1,0 +1,180 @@
+// From a row of the console into its editor and back, on a real data folder.
+#include "tests/roads/ClientFixture.h"
+
+#include "host/data/Bin.h"
+#include "host/data/SiteWriter.h"
+#include "host/tour/ConsoleEyes.h"
+#include "host/tour/TourDriver.h"
+#include "host/tour/TourEyes.h"
+#include "services/Factories.h"
+#include "services/IVeskPicMng.h"
+#include "tests/support/ModalVisit.h"
+#include "tests/support/WaitFor.h"
+
+#include <QComboBox>
+
+namespace roads {
+namespace {
+
+using namespace Qt::StringLiterals;
+using host::tour::ConsoleColumn;
+using host::tour::ConsoleText;
+using support::ModalVisit;
+using support::WaitFor;
+
+const QString kPhotoEditor = u"BimPicEditDlg"_s;
+
+class EditRoad : public ClientOnAFolder {
+protected:
+    void SetUp() override {
+        ClientOnAFolder::SetUp();
+        host::SiteWriter(*session.Folder()).AddLabel(u"渗漏"_s);
+        ASSERT_TRUE(Press(Qt::Key_1));
+        ASSERT_TRUE(WaitFor([] { return host::tour::ConsoleTotal() == 5; }));
+    }
+    /// Clicks the edit icon of the first row, its photo being the latest; back when the editor has
+    /// ended.
+    bool EditFirstRow(const ModalVisit::Action& action) {
+        const ModalVisit visit(kPhotoEditor, action);
+        return WaitFor([] {
+            return host::tour::ClickCell(host::tour::ConsoleGrid(), 0, ConsoleColumn(u"编辑"_s));
+        });
+    }
+    static void ClickOn(const QWidget& window, const QString& name) {
+        EXPECT_TRUE(WaitFor([&] { return host::tour::Click(host::tour::FindIn(&window, name)); }))
+            << name.toStdString();
+    }
+    static void ChooseIn(const QWidget& window, const QString& name, const QString& entry) {
+        auto* combo = qobject_cast<QComboBox*>(host::tour::FindIn(&window, name));
+        EXPECT_TRUE(WaitFor([&] { return host::tour::ChooseInCombo(combo, entry); }))
+            << name.toStdString();
+    }
+    static void Type(const QWidget& window, const QString& name, const QString& text) {
+        EXPECT_TRUE(WaitFor([&] {
+            return host::tour::TypeOver(host::tour::FindIn(&window, name), text);
+        })) << name.toStdString();
+    }
+    [[nodiscard]] qint32 Photo() const { return site.photos.back(); }
+    [[nodiscard]] KX_DATA::BimPicDetail Detail() const {
+        KX_DATA::BimPicDetail detail;
+        EXPECT_EQ(GetVeskPicMng()->GetBimPicDetail(site.firstProject, Photo(), detail),
+                  KX_DATA::kServiceOk);
+        return detail;
+    }
+    /// As another client does it.
+    void RenameFloor(const QString& from, const QString& to) {
+        host::SiteWriter(*session.Folder()).AddFloor(site.firstProject, to);
+        host::Database& data = session.Folder()->Db();
+        data.Exec(u"UPDATE position SET floor = ? WHERE ppid = ? AND floor = ?"_s,
+                  {to, site.firstProject, from});
+        data.Exec(u"DELETE FROM floor WHERE ppid = ? AND name = ?"_s, {site.firstProject, from});
+    }
+};
+
+TEST_F(EditRoad, APhotoGetsAnotherNamePlaceMarkAndLabels) {
+    ASSERT_TRUE(EditFirstRow([](QWidget& editor) {
+        EXPECT_EQ(editor.windowTitle(), u"编辑照片-照片4.jpg"_s);
+        Type(editor, u"picNameEdit"_s, u"新照片"_s);
+        ChooseIn(editor, u"floorCombo"_s, u"1"_s);
+        ChooseIn(editor, u"axisXCombo"_s, u"2"_s);
+        ChooseIn(editor, u"axisYCombo"_s, u"B"_s);
+        Type(editor, u"newLabelEdit"_s, u"外墙"_s);
+        ClickOn(editor, u"addLabelButton"_s);
+        ClickOn(editor, u"okButton"_s);
+    }));
+    EXPECT_TRUE(WaitFor([] { return ConsoleText(0, u"照片名称"_s) == u"新照片.jpg"_s; }));
+    EXPECT_EQ(ConsoleText(0, u"位置"_s), u"1层2/B"_s);
+    EXPECT_EQ(ConsoleText(0, u"标签"_s), u"外墙 "_s);
+    EXPECT_EQ(ConsoleText(0, u"上传人/更新人"_s), u"张伟"_s);
+    EXPECT_TRUE(Messages().isEmpty()) << Messages().join(u'\n').toStdString();
+}
+
+TEST_F(EditRoad, ACancelledEditChangesNothing) {
+    const KX_DATA::BimPicDetail before = Detail();
+    ASSERT_TRUE(EditFirstRow([](QWidget& editor) {
+        Type(editor, u"picNameEdit"_s, u"新照片"_s);
+        ClickOn(editor, u"cancelButton"_s);
+    }));
+    EXPECT_EQ(Detail().fileName, before.fileName);
+    EXPECT_EQ(Detail().updateTime, before.updateTime);
+    EXPECT_EQ(ConsoleText(0, u"照片名称"_s), u"照片4.jpg"_s);
+}
+
+TEST_F(EditRoad, AFloorRenamedWhileTheEditorIsOpenLosesNothing) {
+    ASSERT_TRUE(EditFirstRow([this](QWidget& editor) {
+        RenameFloor(u"-1"_s, u"地下室"_s);
+        Type(editor, u"picNameEdit"_s, u"改名"_s);
+        ClickOn(editor, u"okButton"_s);
+    }));
+    EXPECT_EQ(Detail().positionKey, site.positionKey);
+    EXPECT_EQ(Detail().floor, u"地下室"_s);
+    EXPECT_EQ(Detail().axisX + Detail().axisY, u"2B"_s);
+    EXPECT_TRUE(WaitFor([] { return ConsoleText(0, u"位置"_s) == u"地下室层2/B"_s; }));
+}
+
+TEST_F(EditRoad, OfAFloorRenamedMeanwhileTheListOfFloorsLeavesThePlaceAlone) {
+    ASSERT_TRUE(EditFirstRow([this](QWidget& editor) {
+        RenameFloor(u"-1"_s, u"地下室"_s);
+        // Its old name is no entry any more; looking at the list chooses nothing.
+        ClickOn(editor, u"floorCombo"_s);
+        ClickOn(editor, u"floorCombo"_s);
+        ClickOn(editor, u"okButton"_s);
+    }));
+    EXPECT_EQ(Detail().positionKey, site.positionKey);
+    EXPECT_EQ(Detail().floor, u"地下室"_s);
+}
+
+TEST_F(EditRoad, OfAFloorRenamedMeanwhileTheAxesAreGoneAndTheSaveIsRefused) {
+    const KX_DATA::BimPicDetail before = Detail();
+    ASSERT_TRUE(EditFirstRow([this](QWidget& editor) {
+        RenameFloor(u"-1"_s, u"地下室"_s);
+        ClickOn(editor, u"axisYCombo"_s);
+        ClickOn(editor, u"okButton"_s);
+        const QWidget* balloon = host::tour::FindWindow(u"balloonTip"_s);
+        ASSERT_NE(balloon, nullptr);
+        EXPECT_EQ(balloon->accessibleName(), u"请设置正确的Y轴信息后重试！"_s);
+        ClickOn(editor, u"cancelButton"_s);
+    }));
+    EXPECT_EQ(Detail().positionKey, before.positionKey);
+    EXPECT_EQ(Detail().fileName, before.fileName);
+}
+
+TEST_F(EditRoad, APhotoDeletedByAnotherClientIsToldAndTheEditorStays) {
+    ASSERT_TRUE(EditFirstRow([this](QWidget& editor) {
+        host::Bin bin(session.Folder()->Db(), session.Folder()->Store());
+        ASSERT_EQ(bin.DeleteBimPhotos({Photo()}, u"李娜"_s), 1);
+        ClickOn(editor, u"okButton"_s);
+        ASSERT_TRUE(editor.isVisible());
+        const QWidget* balloon = host::tour::FindWindow(u"balloonTip"_s);
+        ASSERT_NE(balloon, nullptr);
+        EXPECT_EQ(balloon->accessibleName(), u"修改照片属性失败！"_s);
+        EXPECT_TRUE(WaitFor([this] { return !Messages().isEmpty(); }));
+        ClickOn(editor, u"cancelButton"_s);
+    }));
+    EXPECT_TRUE(Messages().front().startsWith(u"修改照片失败：照片4.jpg"_s));
+}
+
+TEST_F(EditRoad, AnotherProjectEndsTheEditorWithTheConsole) {
+    ASSERT_TRUE(EditFirstRow([this](QWidget&) {
+        // A person can't reach the main window now; the push of another client can.
+        auto* combo = client->Window()->findChild<QComboBox*>(u"projectChoice"_s);
+        const int other = combo->findText(u"二期工程"_s);
+        combo->setCurrentIndex(other);
+        emit combo->activated(other);
+        support::RunPendingEvents();
+    }));
+    EXPECT_EQ(host::tour::FindWindow(kPhotoEditor), nullptr);
+    EXPECT_EQ(host::tour::Console(), nullptr);
+    EXPECT_EQ(session.CurrentProject().ppid, site.secondProject);
+}
+
+TEST_F(EditRoad, TheClientEndsWhileTheEditorIsOpen) {
+    ASSERT_TRUE(EditFirstRow([this](QWidget&) {
+        client->Stop();
+        support::RunPendingEvents();
+    }));
+    EXPECT_EQ(host::tour::FindWindow(kPhotoEditor), nullptr);
+}
+
+} // namespace
+} // namespace roads
