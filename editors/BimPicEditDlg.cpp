@@ -65,7 +65,7 @@ void CBimPicEditDlg::Open() {
     m_labels->Fill(m_edit.labelNames);
     if (!HasWindow())
         return;
-    m_labels->ShowAddingIfAllowed();
+    m_labels->HideAddingUnlessAllowed();
     if (!HasWindow())
         return;
     FillStatus();

@@ -68,21 +68,19 @@ void LabelTreeEdit::Fill(const std::vector<QString>& checkedNames) {
     m_parts.labelTree->expandItem(m_root);
 }
 
-void LabelTreeEdit::ShowAddingIfAllowed() {
-    const bool allowed = GetKXAuthMng()->HasRight(KX_DATA::kRightAddLabels);
-    if (!m_dialog.HasWindow())
+void LabelTreeEdit::HideAddingUnlessAllowed() {
+    if (GetKXAuthMng()->HasRight(KX_DATA::kRightAddLabels) || !m_dialog.HasWindow())
         return;
-    m_parts.newLabelCaption->setVisible(allowed);
-    m_parts.newLabelEdit->setVisible(allowed);
-    m_parts.addLabelButton->setVisible(allowed);
+    m_parts.newLabelCaption->hide();
+    m_parts.newLabelEdit->hide();
+    m_parts.addLabelButton->hide();
 }
 
 void LabelTreeEdit::InsertLabel(const QString& labelId, const QString& name, bool checked) {
     m_labelIdStore.push_back(std::make_unique<QString>(labelId));
-    QTreeWidgetItem& item = *m_parts.labelTree->InsertItem(name, m_root);
-    CTreeCtrl3StateBase::SetItemData(item, m_labelIdStore.back().get());
-    if (checked)
-        CTreeCtrl3StateBase::Set3StateCheck(item, CTreeCtrl3StateBase::kChecked);
+    m_parts.labelTree->InsertItem(name, m_root, m_labelIdStore.back().get(),
+                                  checked ? CTreeCtrl3StateBase::kChecked
+                                          : CTreeCtrl3StateBase::kUnchecked);
 }
 
 std::vector<QString> LabelTreeEdit::Names() const {

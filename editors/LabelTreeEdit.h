@@ -34,7 +34,7 @@ public:
     /// tree.
     void Fill(const std::vector<QString>& checkedNames);
     /// Hides the row for new labels from a person who may not add any.
-    void ShowAddingIfAllowed();
+    void HideAddingUnlessAllowed();
     /// In the order of the tree.
     [[nodiscard]] std::vector<QString> CheckedIds() const;
 

@@ -28,11 +28,14 @@ void CTreeCtrl3StateBase::DeleteAllItems() {
     clear();
 }
 
-QTreeWidgetItem* CTreeCtrl3StateBase::InsertItem(const QString& text, QTreeWidgetItem* parent) {
+QTreeWidgetItem* CTreeCtrl3StateBase::InsertItem(const QString& text, QTreeWidgetItem* parent,
+                                                 const void* itemData, CheckState state) {
     // Made whole before it comes into the tree, which would be told of every step.
     auto* item = new QTreeWidgetItem(QStringList(text));
     item->setFlags(kItemFlags);
-    item->setCheckState(0, Qt::Unchecked);
+    item->setCheckState(0, state == kChecked ? Qt::Checked : Qt::Unchecked);
+    if (itemData != nullptr)
+        SetItemData(*item, itemData);
     if (parent == nullptr) {
         addTopLevelItem(item);
         return item;
@@ -43,8 +46,8 @@ QTreeWidgetItem* CTreeCtrl3StateBase::InsertItem(const QString& text, QTreeWidge
     return item;
 }
 
-void CTreeCtrl3StateBase::SetItemData(QTreeWidgetItem& item, const void* data) {
-    item.setData(0, kDataRole, QVariant::fromValue(quintptr(data)));
+void CTreeCtrl3StateBase::SetItemData(QTreeWidgetItem& item, const void* itemData) {
+    item.setData(0, kDataRole, QVariant::fromValue(quintptr(itemData)));
 }
 
 const void* CTreeCtrl3StateBase::GetItemData(const QTreeWidgetItem& item) {

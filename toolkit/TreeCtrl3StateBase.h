@@ -22,10 +22,11 @@ public:
     explicit CTreeCtrl3StateBase(QWidget* parent = nullptr);
 
     void DeleteAllItems();
-    /// Adds an unchecked item as last child of `parent`, at the top if that is null.
-    QTreeWidgetItem* InsertItem(const QString& text, QTreeWidgetItem* parent = nullptr);
-    /// What `data` points to is the caller's and must outlive the item.
-    static void SetItemData(QTreeWidgetItem& item, const void* data);
+    /// Adds an item as last child of `parent`, at the top if that is null; parents follow its
+    /// state. What `itemData` points to is the caller's and must outlive the item, here and below.
+    QTreeWidgetItem* InsertItem(const QString& text, QTreeWidgetItem* parent = nullptr,
+                                const void* itemData = nullptr, CheckState state = kUnchecked);
+    static void SetItemData(QTreeWidgetItem& item, const void* itemData);
     [[nodiscard]] static const void* GetItemData(const QTreeWidgetItem& item);
     /// Parents follow. kMixed is no state that can be set: it changes nothing.
     static void Set3StateCheck(QTreeWidgetItem& item, CheckState state);

@@ -15,6 +15,17 @@ namespace {
 
 using Tree = CTreeCtrl3StateBase;
 
+/// How often a widget is painted.
+class PaintCount final : public QObject {
+public:
+    explicit PaintCount(QWidget* widget) { widget->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+    int count = 0;
+};
+
 struct TreeTest : ::testing::Test {
     QWidget window;
     Tree* tree = new Tree(&window);
@@ -72,6 +83,22 @@ TEST_F(TreeTest, AChildMoreMakesAWholeRootMixed) {
     Tree::Set3StateCheck(*root, Tree::kChecked);
     tree->InsertItem(u"丁"_s, root);
     EXPECT_EQ(States(), u"2:3331"_s);
+}
+
+TEST_F(TreeTest, AnItemComesWithItsPointerAndItsState) {
+    const int data = 1;
+    const QTreeWidgetItem* item = tree->InsertItem(u"丁"_s, root, &data, Tree::kChecked);
+    EXPECT_EQ(Tree::GetItemData(*item), &data);
+    EXPECT_EQ(States(), u"2:1113"_s);
+}
+
+TEST_F(TreeTest, AClosedRootIsPaintedAnewWhenACheckedChildComes) {
+    tree->collapseItem(root);
+    QCoreApplication::processEvents();
+    PaintCount paints(tree->viewport());
+    tree->InsertItem(u"丁"_s, root, nullptr, Tree::kChecked);
+    QCoreApplication::processEvents();
+    EXPECT_GT(paints.count, 0);
 }
 
 TEST_F(TreeTest, MixedCannotBeSet) {
