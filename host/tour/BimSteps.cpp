@@ -176,18 +176,9 @@ void WriteDelete(TourScript& script) {
         });
 }
 
-/// The first row whose photo has a place that the view can show.
-int RowWithPlace() {
-    for (int row = 0; row < ConsoleRows(); ++row) {
-        if (!ConsoleText(row, u"位置"_s).isEmpty() && ConsoleText(row, u"状态"_s) == u"显示"_s)
-            return row;
-    }
-    return -1;
-}
-
 void WriteRowMenu(TourScript& script) {
     script.Do(
-        u"在有位置的一行上单击右键，出现菜单"_s, [] { return OpenRowMenu(RowWithPlace()); },
+        u"在有位置的一行上单击右键，出现菜单"_s, [] { return OpenRowMenu(ConsoleRowWithPlace()); },
         [] { return Console()->findChild<QMenu*>() != nullptr; });
     script.Picture(kConsole, u"console-row-menu"_s);
     script.Do(

@@ -85,6 +85,14 @@ int ConsolePage() {
     return ReadText(ConsoleControl(u"pagingBox"_s)).toInt();
 }
 
+int ConsoleRowWithPlace() {
+    for (int row = 0; row < ConsoleRows(); ++row) {
+        if (!ConsoleText(row, u"位置"_s).isEmpty() && ConsoleText(row, u"状态"_s) == u"显示"_s)
+            return row;
+    }
+    return -1;
+}
+
 bool ClickConsoleHeader(const QString& caption) {
     const auto* grid = qobject_cast<QTableView*>(ConsoleGrid());
     const int column = ConsoleColumn(caption);

@@ -25,6 +25,8 @@ namespace host::tour {
 /// How many rows have this text in the column.
 [[nodiscard]] int ConsoleRowsWith(const QString& caption, const QString& text);
 [[nodiscard]] int ConsolePage();
+/// The first row whose photo has a place that the view can show; -1 without one.
+[[nodiscard]] int ConsoleRowWithPlace();
 
 bool ClickConsoleHeader(const QString& caption);
 bool ClickConsoleCheck(int row);

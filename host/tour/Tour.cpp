@@ -53,6 +53,7 @@ std::vector<TourStep> WriteSteps(const CommandLine& line, const TourPlaces& plac
     TourScript script;
     WriteStart(script);
     WriteBimSearch(script);
+    WriteEditor(script);
     if (line.tourScale == 1) {
         WriteImport(script, places);
         WriteBimActions(script);

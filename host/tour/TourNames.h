@@ -7,6 +7,7 @@ namespace host::tour {
 
 inline const QString kMain = QStringLiteral("mainWindow");
 inline const QString kConsole = QStringLiteral("VeskPicMngDlg");
+inline const QString kPhotoEditor = QStringLiteral("BimPicEditDlg");
 inline const QString kSignIn = QStringLiteral("signInDialog");
 inline const QString kBin = QStringLiteral("binWindow");
 inline const QString kImport = QStringLiteral("importDialog");

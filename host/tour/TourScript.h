@@ -35,6 +35,8 @@ private:
 void WriteStart(TourScript& script);
 /// The console with BIM photos: search and filters.
 void WriteBimSearch(TourScript& script);
+/// The editor of a photo, from a row of the console that is open.
+void WriteEditor(TourScript& script);
 /// Photos are imported by menu and by drop while the console is open.
 void WriteImport(TourScript& script, const TourPlaces& places);
 /// The console with BIM photos: order, pages, row actions; closed at the end.

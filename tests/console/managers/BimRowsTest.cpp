@@ -1,8 +1,11 @@
 // Rows of BIM photos.
 #include "console/BimPicMng.h"
 #include "tests/console/managers/ManagerFixture.h"
+#include "tests/support/Hands.h"
+#include "tests/support/ModalVisit.h"
 
 #include <QColor>
+#include <QPushButton>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -262,6 +265,25 @@ TEST_F(BimRowsTest, TheListForTheViewerHoldsEveryRowAsItIsDisplayed) {
     EXPECT_EQ(item.rectifyText, u"待整改"_s);
     EXPECT_EQ(items[1].picId, 2);
     EXPECT_EQ(items[1].positionText, QString());
+}
+
+TEST_F(BimRowsTest, EditRowRunsTheEditorOnTheRowsRecordAndAnswersHowItEnded) {
+    KX_DATA::BimPicRow photo = BimPhoto(7);
+    photo.ppid = 42;
+    Show(photo);
+    {
+        const support::ModalVisit visit(u"BimPicEditDlg"_s, [](QWidget& editor) {
+            support::Click(editor.findChild<QPushButton*>(u"okButton"_s));
+        });
+        EXPECT_TRUE(Manager().EditRow(Row(0)));
+    }
+    EXPECT_THAT(Log().LinesOf({"GetBimPicDetail", "UpdateBimPic"}),
+                ElementsAre("UpdateBimPic(ppid=42,id=7)"));
+    EXPECT_EQ(host.pics.lastBimUpdate.positionKey, u"K7"_s);
+    const support::ModalVisit visit(u"BimPicEditDlg"_s, [](QWidget& editor) {
+        support::Click(editor.findChild<QPushButton*>(u"cancelButton"_s));
+    });
+    EXPECT_FALSE(Manager().EditRow(Row(0)));
 }
 
 } // namespace
