@@ -120,9 +120,13 @@ void ProgressWindow::LetGo() {
     cancelButton->setText(u"关闭"_s);
     cancelButton->setToolTip(u"关闭此窗口（Esc）"_s);
     cancelButton->setVisible(true);
-    // A window begins and ends to block others only by coming up.
+    // A window begins and ends to block others only by coming up, and is given the focus again only
+    // as a new one of the window system.
+    const QRect place = geometry();
     hide();
+    destroy();
     setModal(false);
+    setGeometry(place);
     show();
 }
 
