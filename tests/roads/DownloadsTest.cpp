@@ -1,28 +1,20 @@
 // Downloads in the real client, through its console and a viewer of the real module.
-#include "host/app/Client.h"
+#include "tests/roads/ClientFixture.h"
+
 #include "host/app/ModuleLoader.h"
-#include "host/data/HostSession.h"
 #include "host/tour/ConsoleEyes.h"
 #include "host/tour/TourDriver.h"
 #include "host/tour/TourEyes.h"
-#include "host/ui/MainWindow.h"
-#include "host/ui/MessageBar.h"
 #include "include/IKXVeskPicture.h"
-#include "services/Factories.h"
-#include "services/IKXPathMng.h"
-#include "tests/roads/SmallSite.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/HastyClock.h"
 #include "tests/support/WaitFor.h"
 #include "toolkit/Prompts.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QDir>
 #include <QImage>
 #include <QPushButton>
 #include <QTimer>
-
-#include <gtest/gtest.h>
 
 namespace roads {
 namespace {
@@ -58,35 +50,34 @@ private:
     toolkit::IPrompts* before;
 };
 
-class DownloadsInTheClient : public testing::Test {
+class DownloadsInTheClient : public ClientOnAFolder {
 protected:
     void SetUp() override {
-        site = MakeSmallSite(folder.Path(u"data"_s));
+        // The module's workers must not come late to a folder that is gone. They may look at the
+        // clock until the program ends.
+        static support::HastyClock clock;
+        toolkit::SetClock(&clock);
+        ClientOnAFolder::SetUp();
         QDir().mkpath(folder.Path(u"out"_s));
-        OpenSession();
-    }
-    void OpenSession() {
-        session = std::make_unique<host::HostSession>();
-        ASSERT_FALSE(session->OpenFolder(folder.Path(u"data"_s)));
-        ASSERT_TRUE(session->SignIn(u"张伟"_s));
-        client = std::make_unique<host::Client>(*session);
-        ASSERT_FALSE(client->Start(QCoreApplication::applicationDirPath()));
-        ASSERT_TRUE(WaitFor([this] { return client->Window()->isVisible(); }));
         ASSERT_FALSE(module.Load(QCoreApplication::applicationDirPath()));
     }
+    void TearDown() override { toolkit::SetClock(nullptr); }
     /// In the order in which the program ends.
-    void EndSession() {
+    void End() {
         client->Stop();
         client.reset();
-        session.reset();
+        session.CloseFolder();
         support::RunPendingEvents();
+    }
+    void StartAgain() {
+        ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
+        ASSERT_TRUE(session.SignIn(u"张伟"_s));
+        Start();
     }
 
     /// The console with its first rows ticked.
     void Tick(int rows) {
-        ASSERT_TRUE(WaitFor([this] {
-            return host::tour::PressKey(client->Window(), Qt::Key_1, Qt::ControlModifier);
-        }));
+        ASSERT_TRUE(Press(Qt::Key_1));
         ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
         ASSERT_TRUE(WaitFor([rows] {
             if (host::tour::ConsoleCheckedRows() < rows)
@@ -119,12 +110,6 @@ protected:
         return QDir(folder.Path(u"data/cache/%1/pics"_s.arg(site.firstProject)))
             .entryList(QDir::Files | QDir::Hidden);
     }
-    [[nodiscard]] QStringList Messages() const {
-        QStringList texts;
-        for (const host::HostMessage& message : client->Window()->Messages().Messages())
-            texts << message.text;
-        return texts;
-    }
     /// Whatever lies in the cache is whole and bears its final name.
     void ExpectNothingHalf() const {
         for (const QString& name : Cached()) {
@@ -135,16 +120,6 @@ protected:
         }
     }
 
-    /// Removed at the end of the program, when the module's workers have ended too.
-    static support::TempFolder& NewFolder() {
-        static std::vector<std::unique_ptr<support::TempFolder>> folders;
-        return *folders.emplace_back(std::make_unique<support::TempFolder>());
-    }
-
-    support::TempFolder& folder = NewFolder();
-    SmallSite site;
-    std::unique_ptr<host::HostSession> session;
-    std::unique_ptr<host::Client> client;
     host::ModuleLoader module;
 };
 
@@ -161,7 +136,7 @@ TEST_F(DownloadsInTheClient, TickedPhotosCopyIntoTheChosenFolder) {
 TEST_F(DownloadsInTheClient, ABatchThatFailsSaysWhyAndBlocksNothing) {
     const FolderChoice choice(folder.Path(u"out"_s));
     Tick(3);
-    session->SetTransfers({0, TransferFault::kInTheMiddle});
+    session.SetTransfers({0, TransferFault::kInTheMiddle});
     ASSERT_TRUE(PressDownload());
     ASSERT_TRUE(WaitFor([this] { return !Messages().isEmpty(); }));
     EXPECT_EQ(Messages().front(), u"下载文件失败：文件传输中断，请检查网络后重试。"_s);
@@ -178,11 +153,11 @@ TEST_F(DownloadsInTheClient, ABatchThatFailsSaysWhyAndBlocksNothing) {
 TEST_F(DownloadsInTheClient, ASlowBatchThatFailsLeavesAProgressWindowThatCanBeClosed) {
     const FolderChoice choice(folder.Path(u"out"_s));
     Tick(3);
-    session->SetTransfers({600});
+    session.SetTransfers({600});
     QTimer later; // while the second one comes: the third will fail
     QObject::connect(&later, &QTimer::timeout, [&] {
         if (Saved().size() == 1)
-            session->SetTransfers({0, TransferFault::kAtStart});
+            session.SetTransfers({0, TransferFault::kAtStart});
     });
     later.start(1);
     ASSERT_TRUE(PressDownload());
@@ -200,14 +175,13 @@ TEST_F(DownloadsInTheClient, ASlowBatchThatFailsLeavesAProgressWindowThatCanBeCl
 TEST_F(DownloadsInTheClient, AnotherProjectMayBeOpenedWhileAViewerFetches) {
     for (const host::TransferRules& rules :
          {host::TransferRules{20}, host::TransferRules{0, TransferFault::kNeverEnds}}) {
-        session->SetTransfers(rules);
+        session.SetTransfers(rules);
         ViewFirstPhoto();
-        auto* combo = client->Window()->findChild<QComboBox*>(u"projectChoice"_s);
-        ASSERT_TRUE(WaitFor([combo] { return host::tour::ChooseInCombo(combo, u"二期工程"_s); }));
+        ASSERT_TRUE(ChooseProject(u"二期工程"_s));
         ASSERT_TRUE(WaitFor([] { return WindowTitles().size() == 1; }));
-        ASSERT_TRUE(WaitFor([combo] { return host::tour::ChooseInCombo(combo, u"一期工程"_s); }));
+        ASSERT_TRUE(ChooseProject(u"一期工程"_s));
     }
-    EndSession();
+    End();
     ExpectNothingHalf();
 }
 
@@ -215,11 +189,11 @@ TEST_F(DownloadsInTheClient, TheClientMayEndWhileAViewerFetches) {
     for (const host::TransferRules& rules :
          {host::TransferRules{20}, host::TransferRules{0, TransferFault::kNeverEnds},
           host::TransferRules{}}) {
-        if (session == nullptr)
-            OpenSession();
-        session->SetTransfers(rules);
+        if (!client)
+            StartAgain();
+        session.SetTransfers(rules);
         ViewFirstPhoto();
-        EndSession();
+        End();
         ExpectNothingHalf();
     }
 }

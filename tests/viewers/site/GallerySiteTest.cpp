@@ -3,10 +3,10 @@
 
 #include "base/PictureLog.h"
 #include "tests/support/FileSizeLimit.h"
+#include "tests/support/HastyClock.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/support/SamplePictures.h"
-#include "toolkit/Clock.h"
 #include "viewers/Decoders.h"
 #include "viewers/DownloadWorker.h"
 
@@ -16,24 +16,10 @@
 #include <QStringDecoder>
 #include <gtest/gtest.h>
 
-#include <thread>
-
 using namespace Qt::StringLiterals;
 using host::TransferFault;
 
 namespace {
-
-/// Sleeps end at once, so that workers look without a pause.
-class HastyClock final : public toolkit::IClock {
-public:
-    HastyClock() : m_before(toolkit::SetClock(this)) {}
-    ~HastyClock() override { toolkit::SetClock(m_before); }
-    qint64 NowSeconds() override { return 1'700'000'000; }
-    void SleepMilliseconds(int) override { std::this_thread::yield(); }
-
-private:
-    toolkit::IClock* m_before;
-};
 
 class GalleryOnASite : public testing::Test {
 protected:
@@ -119,7 +105,7 @@ protected:
         }
     }
 
-    HastyClock clock;
+    support::HastyClock clock;
     support::TempFolder folder;
     support::GallerySite site;
     std::unique_ptr<support::FolderGallery> gallery;
