@@ -20,9 +20,6 @@ using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
 
 namespace {
 
-constexpr int kReportButton = 24051;
-const gallery::PhotoBlockIds kControls{24121, 24124, 24125, 24098};
-
 gallery::NoteTerms TermsOf(const CPicViewDlg& pane) {
     gallery::NoteTerms terms;
     terms.source = [&pane] { return gallery::CurrentNote(pane.State()); };
@@ -69,8 +66,7 @@ GalleryItem FilesOf(const KX_DATA::PicFileEntry& file, const QString& folder) {
 } // namespace
 
 CBimPicViewDlg::CBimPicViewDlg()
-    : m_note(*this, TermsOf(*this)),
-      m_block(gallery::BimViewerBlock(), kControls, u"   更新人："_s) {}
+    : m_note(*this, TermsOf(*this)), m_block(gallery::BimViewerBlock(), u"   更新人："_s) {}
 
 bool CBimPicViewDlg::LoadPosition(const BimPlace& place, qint32 wantedPicId) {
     const toolkit::WaitCursor wait;
@@ -156,7 +152,7 @@ void CBimPicViewDlg::ShowItem(int index) {
 
 void CBimPicViewDlg::MakeReportButton() {
     m_report = new QPushButton(u"输出报告"_s, Widget());
-    m_report->setObjectName(QString::number(kReportButton));
+    m_report->setObjectName(u"reportButton"_s);
     m_report->setToolTip(u"把此位置的照片输出为报告"_s);
     m_report->setAutoDefault(false);
     m_report->setEnabled(!GetKXGlobalData()->IsWorksetMode());

@@ -23,6 +23,7 @@ bool CBimPicViewWrap::OpenView(const BimPlace& place, qint32 wantedPicId) {
 
 void CBimPicViewWrap::OnCreated() {
     CPicViewWrap::OnCreated();
+    Widget()->setObjectName(u"BimPicViewWrap"_s);
     Widget()->setWindowTitle(u"vesk照片查看"_s);
     picView.titleNotify = this;
 }

@@ -10,18 +10,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-enum BlockControl {
-    kDescription = 24086,
-    kLabels = 24091,
-    kMark = 24093,
-    kUploader = 24096,
-    kPosition = 24099,
-    kNoteGroup = 24130,
-};
-
-template <class Control> Control* Make(QWidget& pane, int id) {
+template <class Control> Control* Make(QWidget& pane, const QString& name) {
     auto* control = new Control(&pane);
-    control->setObjectName(QString::number(id));
+    control->setObjectName(name);
     control->show();
     return control;
 }
@@ -33,26 +24,25 @@ void Say(QLabel& line, const QString& caption, const QString& value, const QStri
 
 } // namespace
 
-PhotoBlock::PhotoBlock(const PhotoBlockShape& shape, const PhotoBlockIds& ids,
-                       QString updaterCaption)
-    : m_shape(shape), m_ids(ids), m_updaterCaption(std::move(updaterCaption)) {}
+PhotoBlock::PhotoBlock(const PhotoBlockShape& shape, QString updaterCaption)
+    : m_shape(shape), m_updaterCaption(std::move(updaterCaption)) {}
 
 void PhotoBlock::MakeControls(QWidget& pane, NotePlayer& note) {
-    separator = Make<QFrame>(pane, m_ids.separator);
+    separator = Make<QFrame>(pane, u"separator"_s);
     separator->setFrameStyle(QFrame::HLine | QFrame::Sunken);
-    markText = Make<CColorStatic>(pane, kMark);
+    markText = Make<CColorStatic>(pane, u"markText"_s);
     markText->SetTxtAlian(CColorStatic::kCentredLine);
     markText->SetFontColor(toolkit::ColorFromBgr(0));
     markText->SetBGColor(toolkit::ColorFromBgr(0xfafafa));
-    posText = Make<CStaticFilespec>(pane, kPosition);
-    uploaderText = Make<CStaticFilespec>(pane, kUploader);
-    uploadTimeText = Make<CStaticFilespec>(pane, m_ids.uploadTime);
-    updaterText = Make<CStaticFilespec>(pane, m_ids.updater);
-    updateTimeText = Make<CStaticFilespec>(pane, m_ids.updateTime);
-    labelText = Make<CStaticFilespec>(pane, kLabels);
-    descText = Make<CAutoLineStatic>(pane, kDescription);
+    posText = Make<CStaticFilespec>(pane, u"posText"_s);
+    uploaderText = Make<CStaticFilespec>(pane, u"uploaderText"_s);
+    uploadTimeText = Make<CStaticFilespec>(pane, u"uploadTimeText"_s);
+    updaterText = Make<CStaticFilespec>(pane, u"updaterText"_s);
+    updateTimeText = Make<CStaticFilespec>(pane, u"updateTimeText"_s);
+    labelText = Make<CStaticFilespec>(pane, u"labelText"_s);
+    descText = Make<CAutoLineStatic>(pane, u"descText"_s);
     // Made before what stands in it, which therefore lies above it.
-    noteGroup = Make<CTitledGroup>(pane, kNoteGroup);
+    noteGroup = Make<CTitledGroup>(pane, u"noteGroup"_s);
     noteGroup->setTitle(u"语音"_s);
     note.MakeControls(&pane);
     note.Button()->show();

@@ -11,14 +11,6 @@
 
 namespace gallery {
 
-/// Control numbers in a viewer's form; they name the widgets too.
-struct PhotoBlockIds {
-    int uploadTime = 0;
-    int updater = 0;
-    int updateTime = 0;
-    int separator = 0;
-};
-
 /// What the lines say, without their captions.
 struct PhotoBlockTexts {
     QString position;
@@ -36,7 +28,7 @@ struct PhotoBlockTexts {
 class PhotoBlock final {
 public:
     /// @param updaterCaption  with its leading blanks, which differ from viewer to viewer.
-    PhotoBlock(const PhotoBlockShape& shape, const PhotoBlockIds& ids, QString updaterCaption);
+    PhotoBlock(const PhotoBlockShape& shape, QString updaterCaption);
 
     void MakeControls(QWidget& pane, NotePlayer& note);
     /// Nothing without controls.
@@ -60,7 +52,6 @@ public:
 
 private:
     const PhotoBlockShape m_shape;
-    const PhotoBlockIds m_ids;
     const QString m_updaterCaption;
 };
 

@@ -189,6 +189,9 @@ void WriteRowMenu(TourScript& script) {
         });
     script.Picture(kMain, u"main-located"_s);
     script.Do(
+        u"关闭照片查看窗口"_s, [] { return CloseWindow(FindWindow(kPhotoViewer)); },
+        [] { return FindWindow(kPhotoViewer) == nullptr; });
+    script.Do(
         u"关闭控制台"_s, [] { return CloseWindow(Console()); },
         [] { return Console() == nullptr; });
 }

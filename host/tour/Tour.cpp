@@ -54,6 +54,7 @@ std::vector<TourStep> WriteSteps(const CommandLine& line, const TourPlaces& plac
     WriteStart(script);
     WriteBimSearch(script);
     WriteEditor(script);
+    WriteViewer(script);
     if (line.tourScale == 1) {
         WriteImport(script, places);
         WriteBimActions(script);

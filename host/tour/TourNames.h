@@ -8,6 +8,7 @@ namespace host::tour {
 inline const QString kMain = QStringLiteral("mainWindow");
 inline const QString kConsole = QStringLiteral("VeskPicMngDlg");
 inline const QString kPhotoEditor = QStringLiteral("BimPicEditDlg");
+inline const QString kPhotoViewer = QStringLiteral("BimPicViewWrap");
 inline const QString kSignIn = QStringLiteral("signInDialog");
 inline const QString kBin = QStringLiteral("binWindow");
 inline const QString kImport = QStringLiteral("importDialog");

@@ -37,6 +37,8 @@ void WriteStart(TourScript& script);
 void WriteBimSearch(TourScript& script);
 /// The editor of a photo, from a row of the console that is open.
 void WriteEditor(TourScript& script);
+/// From a row of the console into the viewer and back, with a voice note.
+void WriteViewer(TourScript& script);
 /// Photos are imported by menu and by drop while the console is open.
 void WriteImport(TourScript& script, const TourPlaces& places);
 /// The console with BIM photos: order, pages, row actions; closed at the end.
