@@ -1,5 +1,6 @@
 // The console on a site of a million photos: the time from the search to painted rows.
 #include "bench/BareGrid.h"
+#include "bench/BulkFolder.h"
 #include "bench/ConsoleDriver.h"
 #include "bench/PeakMemory.h"
 #include "bench/Report.h"
@@ -8,13 +9,11 @@
 #include "console/ColumnTable.h"
 #include "console/SortKeys.h"
 #include "console/VeskPicMngDlg.h"
-#include "host/data/BulkSite.h"
 #include "host/data/HostSession.h"
 #include "toolkit/Look.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QProcess>
 #include <QTextStream>
 
 #include <cstdio>
@@ -31,8 +30,6 @@ namespace {
 
 constexpr int kRepetitions = 3;
 constexpr int kDeepPage = 1000;
-const QString kBenchUser = u"bench"_s;
-constexpr int kBigProject = 1;
 
 struct ListCase {
     QString name;
@@ -131,36 +128,6 @@ void MeasureList(const ListCase& list, bench::Report& report) {
     }
 }
 
-/// Fills an empty folder; in a process of its own, so that its memory doesn't count.
-int FillSite(const QCommandLineParser& options) {
-    host::HostSession session;
-    if (const auto fault = session.OpenFolder(options.value(u"data"_s))) {
-        QTextStream(stderr) << fault->text << Qt::endl;
-        return 1;
-    }
-    host::BulkSize size;
-    size.bimPhotos = options.value(u"photos"_s).toInt();
-    size.pdfPhotos = options.value(u"drawing-photos"_s).toInt();
-    size.issues = options.value(u"issues"_s).toInt();
-    QTextStream(stderr) << u"filling the data folder, once"_s << Qt::endl;
-    host::FillBulkSite(*session.Folder(), size);
-    return 0;
-}
-
-bool OpenSite(host::HostSession& session, const QCommandLineParser& options) {
-    if (session.OpenFolder(options.value(u"data"_s)))
-        return false;
-    if (!session.SignIn(kBenchUser)) {
-        session.CloseFolder();
-        const QStringList words = QCoreApplication::arguments().mid(1);
-        if (QProcess::execute(QCoreApplication::applicationFilePath(),
-                              QStringList{u"--fill"_s} + words) != 0 ||
-            session.OpenFolder(options.value(u"data"_s)) || !session.SignIn(kBenchUser))
-            return false;
-    }
-    return session.OpenProject(kBigProject);
-}
-
 void MeasureClientStart(const QString& dataFolder, bench::Report& report) {
     const QString folder = dataFolder + u"-sample"_s;
     const bench::StartTimes times = bench::MeasureStart(folder);
@@ -173,10 +140,8 @@ int MeasureConsole(const QCommandLineParser& options) {
     MeasureClientStart(options.value(u"data"_s), report);
     bench::StartTracing();
     host::HostSession session;
-    if (!OpenSite(session, options)) {
-        QTextStream(stderr) << u"the data folder can't be used"_s << Qt::endl;
+    if (!bench::OpenFolder(session, options))
         return 1;
-    }
     bench::BareGrid bare;
     std::vector<double> paints;
     for (int i = 0; i < 21; ++i)
@@ -192,12 +157,8 @@ int MeasureConsole(const QCommandLineParser& options) {
 
 void AddOptions(QCommandLineParser& options) {
     options.addHelpOption();
-    options.addOption({u"data"_s, u"Data folder; filled if it is empty."_s, u"folder"_s});
+    bench::AddFolderOptions(options);
     options.addOption({u"out"_s, u"JSON file of the results."_s, u"file"_s, u"bench.json"_s});
-    options.addOption({u"photos"_s, u"BIM photos."_s, u"n"_s, u"1000000"_s});
-    options.addOption({u"drawing-photos"_s, u"Drawing photos."_s, u"n"_s, u"200000"_s});
-    options.addOption({u"issues"_s, u"Issues."_s, u"n"_s, u"200000"_s});
-    options.addOption(QCommandLineOption(u"fill"_s, u"Only fill the data folder."_s));
     options.addOption({u"start-probe"_s, u"Only open the client there."_s, u"folder"_s});
     options.addOption({u"spawned"_s, u"When the probe was started."_s, u"ms"_s, u"0"_s});
 }
@@ -213,5 +174,5 @@ int main(int argc, char** argv) {
     if (options.isSet(u"start-probe"_s))
         return bench::RunStartProbe(options.value(u"start-probe"_s),
                                     options.value(u"spawned"_s).toLongLong());
-    return options.isSet(u"fill"_s) ? FillSite(options) : MeasureConsole(options);
+    return options.isSet(u"fill"_s) ? bench::FillFolder(options) : MeasureConsole(options);
 }

@@ -24,22 +24,24 @@ void CKXVeskPicDataImpl::GetPicFilterData(qint64 from, qint64 to, quint8 flag,
     // The service replaces both lists, so they aren't emptied first; required as is.
     GetVeskPicMng()->GetBimPicFilterGroups(from, to, flag, filterArg, m_picFilterList);
     entries = m_picFilterList;
-    GetVeskPicMng()->GetBimPicFilterValues(from, to, flag, filterArg, m_picGroups);
-    FoldOthers(m_picGroups, OthersName());
+    std::vector<KX_DATA::PicMarkGroup> groups = m_picGroups.TakeGroups();
+    GetVeskPicMng()->GetBimPicFilterValues(from, to, flag, filterArg, groups);
+    FoldOthers(groups, OthersName());
+    m_picGroups.SetGroups(std::move(groups));
 }
 
 void CKXVeskPicDataImpl::GetIssueFilterData(qint64 from, qint64 to, quint8 flag,
                                             KX_DATA::MarkFilterArg& filterArg,
                                             std::vector<KX_DATA::PicFilterEntry>& entries) {
     m_issueFilterList.clear();
-    m_issueGroups.clear();
-    m_issueNames.clear();
+    m_issueGroups.Clear();
     std::vector<KX_DATA::IssueFilterSource> sources;
     GetTNQuestionMng()->GetIssueFilterList(flag, &from, &to, filterArg, sources);
     m_issueFilterList = IssueFilterList(sources);
     entries = m_issueFilterList;
-    GetTNQuestionMng()->GetIssueGroups(flag, &from, &to, filterArg, m_issueGroups);
-    m_issueNames = IssueNames(m_issueGroups);
+    std::vector<KX_DATA::IssueMarkGroup> groups;
+    GetTNQuestionMng()->GetIssueGroups(flag, &from, &to, filterArg, groups);
+    m_issueGroups.SetGroups(groups);
 }
 
 qint32 CKXVeskPicDataImpl::GetBimPicMarkerList(qint64 from, qint64 to, quint8 flag, qint32 markId,
@@ -50,7 +52,8 @@ qint32 CKXVeskPicDataImpl::GetBimPicMarkerList(qint64 from, qint64 to, quint8 fl
 
 void CKXVeskPicDataImpl::BuildPicMarks(const KX_DATA::ShownPicMarks& selection,
                                        std::vector<KX_DATA::PicMarkGroup>& groups) const {
-    for (const KX_DATA::PicMarkGroup& group : m_picGroups) {
+    for (std::size_t at = 0; at < m_picGroups.Groups().size(); ++at) {
+        const KX_DATA::PicMarkGroup& group = m_picGroups.Groups()[at];
         // Asked only for floors that are ticked.
         if (!selection.contains(group.name))
             continue;
@@ -59,7 +62,7 @@ void CKXVeskPicDataImpl::BuildPicMarks(const KX_DATA::ShownPicMarks& selection,
         GroupSelection selected;
         if (!SelectGroup(selection, group.name, secondLevel, selected))
             continue;
-        KX_DATA::PicMarkGroup cut = CutGroup(group, selected);
+        KX_DATA::PicMarkGroup cut = m_picGroups.Cut(at, selected);
         if (!cut.items.empty())
             groups.push_back(std::move(cut));
     }
@@ -67,13 +70,13 @@ void CKXVeskPicDataImpl::BuildPicMarks(const KX_DATA::ShownPicMarks& selection,
 
 void CKXVeskPicDataImpl::BuildIssueMarks(const KX_DATA::ShownIssueMarks& selection,
                                          std::vector<KX_DATA::IssueMarkGroup>& groups) const {
-    groups = CutIssueGroups(m_issueGroups, selection);
+    groups = m_issueGroups.Cut(selection);
 }
 
 void CKXVeskPicDataImpl::Clear() {
-    m_picFilterList.clear();
     m_issueFilterList.clear();
-    m_picGroups.clear();
-    m_issueGroups.clear();
-    m_issueNames.clear();
+    m_picFilterList.clear();
+    m_picNames.clear();
+    m_picGroups.SetGroups({});
+    m_issueGroups.Clear();
 }

@@ -3,6 +3,8 @@
 
 #include "base/SingletonTmpl.h"
 #include "include/IKXVeskPicData.h"
+#include "reminder/IssueMarkTree.h"
+#include "reminder/PicMarkTree.h"
 
 #include <map>
 
@@ -29,12 +31,14 @@ public:
     void Clear();
 
     /// Text of an issue's entry by its key.
-    [[nodiscard]] const std::map<QString, QString>& IssueNameMap() const { return m_issueNames; }
+    [[nodiscard]] const std::map<QString, QString>& IssueNameMap() const {
+        return m_issueGroups.Names();
+    }
 
 private:
     std::vector<KX_DATA::PicFilterEntry> m_picFilterList;
     std::vector<KX_DATA::PicFilterEntry> m_issueFilterList;
-    std::vector<KX_DATA::PicMarkGroup> m_picGroups;
-    std::vector<KX_DATA::IssueMarkGroup> m_issueGroups;
-    std::map<QString, QString> m_issueNames;
+    PicMarkTree m_picGroups;
+    std::map<QString, QString> m_picNames; ///< cleared with the rest, filled by nobody
+    IssueMarkTree m_issueGroups;           ///< with the names of the entries
 };

@@ -3,7 +3,7 @@
 #include "host/data/Database.h"
 
 #include <algorithm>
-#include <memory>
+#include <map>
 #include <string>
 #include <tuple>
 #include <unordered_map>
@@ -14,6 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using FloorsByOrder = std::map<std::string, PanelFloor>;
+
 /// The entry of a mark, a new one in its place by the id if there is none.
 PanelMark& MarkOf(std::vector<PanelMark>& marks, qint32 markId) {
     const auto at = std::find_if(marks.begin(), marks.end(),
@@ -21,105 +23,107 @@ PanelMark& MarkOf(std::vector<PanelMark>& marks, qint32 markId) {
     return at != marks.end() && at->markId == markId ? *at : *marks.insert(at, {markId, 0, {}});
 }
 
-} // namespace
+/// Columns that every query here begins with: order of the floor, floor, text and key of the place.
+PanelPlace PlaceFrom(const sqlite::RawRow& row, qint32 ppid) {
+    return {ppid, row.Text(3), row.Text(2), {}};
+}
 
-/// Puts rows together whose floors come in any order.
-class PicPanel::Builder {
-public:
-    /// Floor order, floor, position text, key: the first columns of every query here.
-    PanelPlace& PlaceOf(const sqlite::RawRow& row, qint32 ppid) {
-        // Rows of one place mostly follow each other; only a change of place is looked up.
-        if (place != nullptr && row.Utf8(0) == sortKey && row.Utf8(2) == posText &&
-            row.Utf8(3) == positionKey) {
-            return *place;
-        }
-        sortKey = row.Utf8(0);
-        posText = row.Utf8(2);
-        positionKey = row.Utf8(3);
-        const auto [at, isNew] =
-            places.try_emplace(sortKey + '\n' + posText + '\n' + positionKey, nullptr);
-        if (isNew) {
-            Floor& floor = floors[sortKey];
-            floor.name = row.Text(1);
-            floor.places.push_back(
-                std::make_unique<PanelPlace>(PanelPlace{ppid, row.Text(3), row.Text(2), {}}));
-            at->second = floor.places.back().get();
-        }
-        place = at->second;
-        return *place;
+PanelFloor& FloorFrom(const sqlite::RawRow& row, FloorsByOrder& floors) {
+    PanelFloor& floor = floors[std::string(row.Utf8(0))];
+    if (floor.places.empty()) {
+        floor.name = row.Text(1);
     }
+    return floor;
+}
 
-    void NextProject() {
-        places.clear();
-        place = nullptr;
-    }
-
-    [[nodiscard]] std::vector<PanelFloor> Take() {
-        std::vector<PanelFloor> taken;
-        for (auto& [key, floor] : floors) {
-            PanelFloor& end = taken.emplace_back();
-            end.name = floor.name;
-            end.places.reserve(floor.places.size());
-            for (std::unique_ptr<PanelPlace>& one : floor.places) {
-                end.places.push_back(std::move(*one));
-            }
-            std::stable_sort(end.places.begin(), end.places.end(), PlaceComesFirst);
-        }
-        return taken;
-    }
-
-private:
-    static bool PlaceComesFirst(const PanelPlace& left, const PanelPlace& right) {
-        return std::tie(left.ppid, left.posText, left.positionKey) <
-               std::tie(right.ppid, right.posText, right.positionKey);
-    }
-
-    struct Floor {
-        QString name;
-        std::vector<std::unique_ptr<PanelPlace>> places;
-    };
-    std::map<std::string, Floor> floors; ///< by their order
-    std::unordered_map<std::string, PanelPlace*> places;
-    PanelPlace* place = nullptr;
+/// One project from the kept counts, whose rows come place by place.
+void AddCounts(Database& database, qint32 ppid, FloorsByOrder& floors) {
+    PanelFloor* floor = nullptr;
     std::string sortKey;
     std::string posText;
     std::string positionKey;
-};
-
-std::vector<PanelFloor> PicPanel::Floors(const PanelFilter& filter) {
-    Builder builder;
-    for (const qint32 ppid : DifferentProjects(filter)) {
-        if (filter.HasLimits()) {
-            AddPhotos(builder, filter, ppid);
-        } else {
-            AddCounts(builder, ppid);
+    std::vector<PanelMark> marks;
+    const auto endPlace = [&] {
+        if (floor != nullptr) {
+            floor->places.back().marks = marks; // exactly as large as needed
         }
-        builder.NextProject();
-    }
-    return builder.Take();
-}
-
-void PicPanel::AddCounts(Builder& builder, qint32 ppid) {
+        marks.clear();
+    };
+    const auto take = [&](const sqlite::RawRow& row) {
+        if (floor == nullptr || row.Utf8(3) != positionKey || row.Utf8(2) != posText ||
+            row.Utf8(0) != sortKey) {
+            endPlace();
+            sortKey = row.Utf8(0);
+            posText = row.Utf8(2);
+            positionKey = row.Utf8(3);
+            floor = &FloorFrom(row, floors);
+            floor->places.push_back(PlaceFrom(row, ppid));
+        }
+        marks.push_back({row.Int(4), row.Int(5), {}});
+    };
     database.Scan(u"SELECT floor_sort, floor, pos_text, position_key, mark_id, n"
                   " FROM bim_place_tally WHERE ppid = ?"
                   " ORDER BY floor_sort, pos_text, position_key, mark_id"_s,
-                  {ppid}, [&](const sqlite::RawRow& row) {
-                      builder.PlaceOf(row, ppid).marks.push_back({row.Int(4), row.Int(5), {}});
-                  });
+                  {ppid}, take);
+    endPlace();
 }
 
-// Sorting by the database would take several times as long as all the rest.
-void PicPanel::AddPhotos(Builder& builder, const PanelFilter& filter, qint32 ppid) {
+/// One project photo by photo, in no order: sorting them by the database would take several times
+/// as long as all the rest.
+void AddPhotos(Database& database, const PanelFilter& filter, qint32 ppid, FloorsByOrder& floors) {
+    struct Where {
+        PanelFloor* floor;
+        size_t place;
+    };
+    std::unordered_map<std::string, Where> places;
+    std::string name;
+    const auto take = [&](const sqlite::RawRow& row) {
+        name = row.Utf8(0);
+        name.append(1, '\n').append(row.Utf8(2)).append(1, '\n').append(row.Utf8(3));
+        auto found = places.find(name);
+        if (found == places.end()) {
+            PanelFloor& floor = FloorFrom(row, floors);
+            floor.places.push_back(PlaceFrom(row, ppid));
+            found = places.emplace(name, Where{&floor, floor.places.size() - 1}).first;
+        }
+        PanelPlace& place = found->second.floor->places[found->second.place];
+        PanelMark& mark = MarkOf(place.marks, row.Int(4));
+        ++mark.count;
+        mark.picIds.push_back(row.Int(5));
+    };
     QVariantList values;
     const QString condition = PanelCondition(filter, ppid, values);
     database.Scan(u"SELECT floor_sort, floor, pos_text, CASE WHEN floor = '' THEN '' ELSE"
                   " position_key END, mark_id, id FROM bim_photo"_s +
                       (filter.timed ? sqlite::UseIndex(u"bim_by_time"_s) : QString()) + condition,
-                  values, [&](const sqlite::RawRow& row) {
-                      PanelMark& mark = MarkOf(builder.PlaceOf(row, ppid).marks, row.Int(4));
-                      ++mark.count;
-                      mark.picIds.push_back(row.Int(5));
-                  });
+                  values, take);
+}
+
+bool PlaceComesFirst(const PanelPlace& left, const PanelPlace& right) {
+    return std::tie(left.ppid, left.posText, left.positionKey) <
+           std::tie(right.ppid, right.posText, right.positionKey);
+}
+
+} // namespace
+
+std::vector<PanelFloor> PicPanel::Floors(const PanelFilter& filter) {
+    FloorsByOrder floors;
+    for (const qint32 ppid : DifferentProjects(filter)) {
+        if (filter.HasLimits()) {
+            AddPhotos(database, filter, ppid, floors);
+        } else {
+            AddCounts(database, ppid, floors);
+        }
+    }
+    std::vector<PanelFloor> taken;
+    taken.reserve(floors.size());
+    for (auto& [key, floor] : floors) {
+        if (!std::is_sorted(floor.places.begin(), floor.places.end(), PlaceComesFirst)) {
+            std::sort(floor.places.begin(), floor.places.end(), PlaceComesFirst);
+        }
+        taken.push_back(std::move(floor));
+    }
+    return taken;
 }
 
 std::vector<qint32> PicPanel::PicsOfMark(const PanelFilter& filter, qint32 markId) {

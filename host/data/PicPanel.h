@@ -3,8 +3,6 @@
 
 #include "host/data/PanelFilter.h"
 
-#include <map>
-
 namespace host {
 
 class Database;
@@ -40,10 +38,6 @@ public:
     [[nodiscard]] std::vector<qint32> PicsOfMark(const PanelFilter& filter, qint32 markId);
 
 private:
-    class Builder;
-    void AddCounts(Builder& builder, qint32 ppid);
-    void AddPhotos(Builder& builder, const PanelFilter& filter, qint32 ppid);
-
     Database& database;
 };
 

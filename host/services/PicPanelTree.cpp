@@ -8,26 +8,37 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-KX_DATA::PicMarkItem ItemOf(HostSession& session, const PanelFilter& filter,
-                            const PanelPlace& place) {
-    const std::map<qint32, KX_DATA::MarkRecord>& marks = session.Marks();
-    const std::string project = std::to_string(place.ppid);
-    KX_DATA::PicMarkItem item;
-    item.positionKey = toolkit::ToGbk(place.positionKey);
-    item.itemName = PanelItemName(session, filter, place);
-    item.groupId = kPicGroup;
-    item.leaves.reserve(place.marks.size());
-    for (const PanelMark& counted : place.marks) {
-        const auto mark = marks.find(counted.markId);
-        item.leaves.push_back({project,
-                               {},
-                               counted.markId,
-                               counted.count,
-                               mark != marks.end() ? mark->second.name : QString()});
-        item.total += counted.count;
+/// Makes items of the places. The session's tables are asked once: each question to them looks
+/// whether another client has changed the data.
+class ItemMaker {
+public:
+    ItemMaker(HostSession& session, const PanelFilter& filter)
+        : names(session, filter), marks(session.Marks()) {}
+
+    [[nodiscard]] KX_DATA::PicMarkItem ItemOf(const PanelPlace& place) const {
+        const std::string project = std::to_string(place.ppid);
+        KX_DATA::PicMarkItem item;
+        item.positionKey = toolkit::ToGbk(place.positionKey);
+        item.itemName = names.NameOf(place);
+        item.groupId = kPicGroup;
+        item.leaves.reserve(place.marks.size());
+        for (const PanelMark& counted : place.marks) {
+            const auto mark = marks.find(counted.markId);
+            KX_DATA::PicMarkLeaf& leaf = item.leaves.emplace_back();
+            leaf.text1 = project;
+            leaf.markId = counted.markId;
+            leaf.count = counted.count;
+            if (mark != marks.end())
+                leaf.markName = mark->second.name;
+            item.total += counted.count;
+        }
+        return item;
     }
-    return item;
-}
+
+private:
+    PanelItemNames names;
+    std::map<qint32, KX_DATA::MarkRecord> marks;
+};
 
 } // namespace
 
@@ -76,25 +87,34 @@ std::vector<KX_DATA::PicFilterEntry> PicFilterEntries(HostSession& session,
 
 std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session, const PanelFilter& filter) {
     std::vector<KX_DATA::PicMarkGroup> groups;
+    const ItemMaker maker(session, filter);
     for (const PanelFloor& floor : session.Panel()->Photos(filter)) {
         KX_DATA::PicMarkGroup& group = groups.emplace_back();
         group.name = toolkit::ToGbk(PanelGroupName(floor.name));
         group.id = kPicGroup;
         group.items.reserve(floor.places.size());
         for (const PanelPlace& place : floor.places) {
-            group.items.push_back(ItemOf(session, filter, place));
+            group.items.push_back(maker.ItemOf(place));
         }
     }
     return groups;
 }
 
-std::string PanelItemName(HostSession& session, const PanelFilter& filter,
-                          const PanelPlace& place) {
-    // What hangs on no floor ends up in a single item, whose name is then the only one.
-    if (filter.ppids.size() < 2 || place.positionKey.isEmpty()) {
-        return toolkit::ToGbk(place.posText);
+PanelItemNames::PanelItemNames(HostSession& session, const PanelFilter& filter) {
+    if (filter.ppids.size() < 2) {
+        return;
     }
-    return toolkit::ToGbk(session.ProjectName(place.ppid) + u' ' + place.posText);
+    for (const qint32 ppid : filter.ppids) {
+        prefixes[ppid] = toolkit::ToGbk(session.ProjectName(ppid) + u' ');
+    }
+}
+
+std::string PanelItemNames::NameOf(const PanelPlace& place) const {
+    const auto prefix = prefixes.find(place.ppid);
+    // What hangs on no floor ends up in a single item, whose name is then the only one.
+    return prefix == prefixes.end() || place.positionKey.isEmpty()
+               ? toolkit::ToGbk(place.posText)
+               : prefix->second + toolkit::ToGbk(place.posText);
 }
 
 } // namespace host

@@ -4,6 +4,7 @@
 #include "host/data/HostSession.h"
 #include "host/data/PicPanel.h"
 
+#include <map>
 #include <string>
 
 namespace host {
@@ -26,9 +27,16 @@ inline constexpr qint32 kPicGroup = 1;
 [[nodiscard]] std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session,
                                                                const PanelFilter& filter);
 
-/// Name of an intersection in the tree and in what is ticked, in code page 936: different for each
-/// place of a floor, also where several projects are open.
-[[nodiscard]] std::string PanelItemName(HostSession& session, const PanelFilter& filter,
-                                        const PanelPlace& place);
+/// Names the intersections in the tree and in what is ticked, in code page 936: different for each
+/// place of a floor, also where several projects are open. Made for one run over the places.
+class PanelItemNames final {
+public:
+    PanelItemNames(HostSession& session, const PanelFilter& filter);
+
+    [[nodiscard]] std::string NameOf(const PanelPlace& place) const;
+
+private:
+    std::map<qint32, std::string> prefixes; ///< by project; empty for a single one
+};
 
 } // namespace host

@@ -5,12 +5,9 @@
 using namespace Qt::StringLiterals;
 
 using KX_DATA::IssueFilterSource;
-using KX_DATA::IssueMarkGroup;
 using KX_DATA::PicMarkGroup;
 using KX_DATA::PicMarkItem;
 using KX_DATA::PicMarkLeaf;
-using KX_DATA::ShownPicItem;
-using KX_DATA::ShownPicMarks;
 
 namespace {
 
@@ -33,12 +30,6 @@ std::vector<std::string> Names(const std::vector<PicMarkGroup>& groups) {
     for (const PicMarkGroup& group : groups)
         names.push_back(group.name);
     return names;
-}
-
-GroupSelection Selected(const ShownPicMarks& marks, const std::string& floor) {
-    GroupSelection selected;
-    EXPECT_TRUE(SelectGroup(marks, floor, u"二级"_s, selected));
-    return selected;
 }
 
 } // namespace
@@ -102,71 +93,4 @@ TEST(IssueFilterList, ALongRowOfDigitsSortsLastInsteadOfOverflowing) {
     const auto entries =
         IssueFilterList({{1, 0, u"99999999999999999999999"_s, {}}, {2, 0, u"3"_s, {}}});
     EXPECT_EQ(entries[0].name, u"3"_s);
-}
-
-TEST(SelectGroup, NothingTickedPassesNoGroup) {
-    GroupSelection selected;
-    EXPECT_FALSE(SelectGroup({}, "1", u"二级"_s, selected));
-}
-
-TEST(SelectGroup, AnEmptyInnerMapPassesTheWholeGroup) {
-    EXPECT_TRUE(Selected({{"1", {}}}, "1").takeAll);
-}
-
-TEST(SelectGroup, AnotherSecondLevelSkipsTheGroup) {
-    const ShownPicMarks marks = {{"1", {{u"别的"_s, {}}}}};
-    GroupSelection selected;
-    EXPECT_FALSE(SelectGroup(marks, "1", u"二级"_s, selected));
-}
-
-TEST(SelectGroup, ASecondLevelWithoutMarksPassesTheWholeGroup) {
-    EXPECT_TRUE(Selected({{"1", {{u"二级"_s, {}}}}}, "1").takeAll);
-}
-
-TEST(CutGroup, TheWholeGroupKeepsItsLeavesAndCountsThem) {
-    const PicMarkGroup group = Floor("1", {Item("x", {Leaf(1, 2), Leaf(2, 3)})});
-    const PicMarkGroup cut = CutGroup(group, Selected({{"1", {}}}, "1"));
-    ASSERT_EQ(cut.items.size(), 1U);
-    EXPECT_EQ(cut.items[0].total, 5);
-    EXPECT_EQ(cut.items[0].groupId, 7);
-    EXPECT_EQ(cut.items[0].leaves.size(), 2U);
-}
-
-TEST(CutGroup, AMarkThatIsNotTickedLosesItsLeavesAndEmptyItemsGo) {
-    const PicMarkGroup group =
-        Floor("1", {Item("x", {Leaf(1, 2), Leaf(2, 3)}), Item("y", {Leaf(2, 1)})});
-    const ShownPicMarks marks = {{"1", {{u"二级"_s, {{1, {}}}}}}};
-    const PicMarkGroup cut = CutGroup(group, Selected(marks, "1"));
-    ASSERT_EQ(cut.items.size(), 1U);
-    EXPECT_EQ(cut.items[0].itemName, "x");
-    EXPECT_EQ(cut.items[0].total, 2);
-}
-
-TEST(CutGroup, AMarkTickedForOtherItemsOnlyDropsOutOfThisOneAndStaysInTheOthers) {
-    const PicMarkGroup group = Floor("1", {Item("x", {Leaf(1, 9)}), Item("y", {Leaf(1, 9)})});
-    const std::vector<ShownPicItem> shown = {{"y", 11}, {"y", 12}};
-    const ShownPicMarks marks = {{"1", {{u"二级"_s, {{1, shown}}}}}};
-    const PicMarkGroup cut = CutGroup(group, Selected(marks, "1"));
-    ASSERT_EQ(cut.items.size(), 1U);
-    EXPECT_EQ(cut.items[0].itemName, "y");
-    EXPECT_EQ(cut.items[0].leaves[0].count, 2);
-    EXPECT_EQ(cut.items[0].total, 2);
-}
-
-TEST(CutIssueGroups, GivesEachTickedEntryAloneInKeyOrder) {
-    const std::vector<IssueMarkGroup> groups = {
-        {u"1"_s, 1, 2, {{u"甲"_s, u"k2"_s, {}, {}, 0}, {u"乙"_s, u"k1"_s, {}, {}, 0}}},
-        {u"2"_s, 2, 1, {{u"丙"_s, u"k1"_s, {}, {}, 0}}}};
-    const auto cut = CutIssueGroups(groups, {{u"k1"_s, 1}, {u"k2"_s, 1}, {u"none"_s, 1}});
-    ASSERT_EQ(cut.size(), 2U);
-    EXPECT_EQ(cut[0].name, u"1"_s);
-    ASSERT_EQ(cut[0].entries.size(), 1U);
-    EXPECT_EQ(cut[0].entries[0].itemText, u"乙"_s);
-    EXPECT_EQ(cut[1].entries[0].itemText, u"甲"_s);
-}
-
-TEST(IssueNames, MapsEveryKeyToItsText) {
-    const auto names = IssueNames({{u"1"_s, 1, 1, {{u"甲"_s, u"k1"_s, {}, {}, 0}}}});
-    EXPECT_EQ(names.at(u"k1"_s), u"甲"_s);
-    EXPECT_EQ(names.size(), 1U);
 }

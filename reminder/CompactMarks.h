@@ -1,0 +1,52 @@
+// A group of the photo tree in little memory, to run through quickly.
+#pragma once
+
+#include "services/MarkGroups.h"
+
+#include <array>
+#include <string_view>
+#include <vector>
+
+/// Texts of all items behind each other, leaves as numbers. Leaves of one mark mostly differ in
+/// their count alone, so a few whole ones ("kinds") stand for all.
+class CompactMarks final {
+public:
+    explicit CompactMarks(const KX_DATA::PicMarkGroup& group);
+
+    /// Complete but for their count; the same one may stand here twice.
+    [[nodiscard]] const std::vector<KX_DATA::PicMarkLeaf>& Kinds() const { return kinds; }
+    /// Of each leaf, in the order of the items: index into Kinds(), count, item.
+    struct Leaf {
+        quint32 kind = 0;
+        qint32 count = 0;
+        quint32 item = 0;
+    };
+    [[nodiscard]] std::size_t LeafCount() const { return leafKinds.size(); }
+    [[nodiscard]] Leaf LeafAt(std::size_t leaf) const {
+        return {leafKinds[leaf], leafCounts[leaf], leafItems[leaf]};
+    }
+    /// Those whose kind has a 1. @param wanted  wanted.size() == Kinds().size(), each 0 or 1.
+    [[nodiscard]] std::vector<quint32> LeavesOf(const std::vector<quint8>& wanted) const;
+
+    [[nodiscard]] std::string_view NameOf(std::size_t item) const { return TextsOf(item)[1]; }
+    /// Gives an empty item its texts.
+    void FillTexts(std::size_t item, KX_DATA::PicMarkItem& empty) const;
+
+private:
+    static constexpr std::size_t kTexts = 5;
+    struct Place {
+        quint32 start;
+        std::array<quint32, kTexts> sizes;
+    };
+    class KindFinder;
+
+    [[nodiscard]] std::array<std::string_view, kTexts> TextsOf(std::size_t item) const;
+    void AddTexts(const KX_DATA::PicMarkItem& item);
+
+    std::string texts;
+    std::vector<Place> places; ///< of each item's texts
+    std::vector<quint32> leafKinds;
+    std::vector<qint32> leafCounts;
+    std::vector<quint32> leafItems;
+    std::vector<KX_DATA::PicMarkLeaf> kinds;
+};

@@ -1,0 +1,105 @@
+#include "reminder/IssueMarkTree.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+/// Mostly the very same characters: keys are handed around without copying them.
+int CompareKeys(const QString& left, const QString& right) {
+    return left.constData() == right.constData() && left.size() == right.size()
+               ? 0
+               : QString::compare(left, right);
+}
+
+} // namespace
+
+/// One entry of the groups, on its way into the order of the keys.
+struct IssueMarkTree::Ref {
+    quint64 number;
+    quint32 group;
+    const KX_DATA::IssueMarkEntry* entry;
+
+    bool operator<(const Ref& other) const {
+        if (number != other.number)
+            return number < other.number;
+        return std::tie(entry->itemKey, group, entry) <
+               std::tie(other.entry->itemKey, other.group, other.entry);
+    }
+};
+
+std::vector<IssueMarkTree::Ref>
+IssueMarkTree::SortedRefs(const std::vector<KX_DATA::IssueMarkGroup>& groups) {
+    KeyPrefix::Finder finder;
+    std::vector<Ref> refs;
+    for (quint32 group = 0; group < groups.size(); ++group)
+        for (const KX_DATA::IssueMarkEntry& entry : groups[group].entries) {
+            refs.push_back({0, group, &entry});
+            finder.Add(entry.itemKey);
+        }
+    prefix = finder.Result();
+    for (Ref& ref : refs)
+        ref.number = prefix.NumberOf(ref.entry->itemKey);
+    std::sort(refs.begin(), refs.end());
+    return refs;
+}
+
+void IssueMarkTree::SetGroups(const std::vector<KX_DATA::IssueMarkGroup>& groups) {
+    Clear();
+    for (const KX_DATA::IssueMarkGroup& group : groups)
+        heads.push_back({group.name, group.id, group.count, {}});
+    const std::vector<Ref> refs = SortedRefs(groups);
+    numbers.reserve(refs.size());
+    entries.reserve(refs.size());
+    headOf.reserve(refs.size());
+    for (const Ref& ref : refs) {
+        names.insert_or_assign(names.end(), ref.entry->itemKey, ref.entry->itemText);
+        if (!entries.empty() && entries.back().itemKey == ref.entry->itemKey)
+            continue;
+        numbers.push_back(ref.number);
+        entries.push_back(*ref.entry);
+        headOf.push_back(ref.group);
+    }
+}
+
+std::vector<IssueMarkTree::Candidate>
+IssueMarkTree::Find(const KX_DATA::ShownIssueMarks& selection) const {
+    std::vector<Candidate> found;
+    found.reserve(std::min(selection.size(), entries.size()));
+    const auto count = quint32(entries.size());
+    quint32 at = 0;
+    for (const auto& ticked : selection) {
+        const QString& key = ticked.first;
+        if (!prefix.Fits(key))
+            continue;
+        const quint64 number = prefix.NumberOf(key);
+        while (at < count && numbers[at] < number)
+            ++at;
+        // Keys that begin alike may have the same number.
+        while (at + 1 < count && numbers[at + 1] == number &&
+               CompareKeys(entries[at].itemKey, key) < 0)
+            ++at;
+        if (at < count && numbers[at] == number)
+            found.push_back({at, &key});
+    }
+    return found;
+}
+
+std::vector<KX_DATA::IssueMarkGroup>
+IssueMarkTree::Cut(const KX_DATA::ShownIssueMarks& selection) const {
+    const std::vector<Candidate> found = Find(selection);
+    std::vector<KX_DATA::IssueMarkGroup> cut;
+    cut.reserve(found.size());
+    for (const auto& [at, key] : found) {
+        const KX_DATA::IssueMarkEntry& entry = entries[at];
+        if (CompareKeys(entry.itemKey, *key) != 0)
+            continue;
+        const KX_DATA::IssueMarkGroup& head = heads[headOf[at]];
+        KX_DATA::IssueMarkGroup& group = cut.emplace_back();
+        group.name = head.name;
+        group.id = head.id;
+        group.count = head.count;
+        group.entries.assign(1, entry);
+    }
+    return cut;
+}
