@@ -1,6 +1,8 @@
 // The small field of colour before a name.
 #pragma once
 
+#include "toolkit/ToolkitExport.h"
+
 #include <QColor>
 #include <QIcon>
 #include <QSize>
@@ -15,6 +17,6 @@ namespace toolkit {
 /// Framed, so that a light colour shows on white too.
 void PaintSwatch(QPainter& painter, const QRect& area, const QColor& color);
 /// The same as an icon, sharp at every scale.
-[[nodiscard]] QIcon SwatchIcon(const QColor& color);
+[[nodiscard]] TOOLKIT_EXPORT QIcon SwatchIcon(const QColor& color);
 
 } // namespace toolkit

@@ -142,7 +142,8 @@ TEST(Icons, EveryNameThatTheProgramUsesHasADrawing) {
           "next",     "last",     "search",  "refresh",  "import", "bin",          "restore",
           "user",     "project",  "console", "drawing",  "issue",  "log",          "plan",
           "warning",  "error",    "info",    "question", "close",  "show",         "hide",
-          "calendar", "settings", "folder",  "play",     "stop",   "checkbox-off", "checkbox-on"}) {
+          "calendar", "settings", "folder",  "flag",     "play",   "stop",         "checkbox-off",
+          "checkbox-on"}) {
         const QIcon icon = toolkit::Icon(QLatin1String(name));
         ASSERT_FALSE(icon.isNull()) << name;
         const QImage image = icon.pixmap(16).toImage();
