@@ -90,10 +90,14 @@ QString KeysText() {
         if (!row.key.isEmpty())
             text += u"%1\t%2\n"_s.arg(row.key.toString(QKeySequence::NativeText), row.text);
     }
-    return text + uR"(Ctrl+L	显示或隐藏操作记录
+    return text + uR"(Ctrl+K	显示或隐藏标识面板
+Ctrl+Shift+1	显示照片标识
+Ctrl+Shift+3	显示问题标识
+Ctrl+L	显示或隐藏操作记录
 方向键	平面图：移到相邻的轴线交点
 空格	平面图：打开所选交点的卡片
-Enter	平面图：查看所选交点的照片
+Enter	平面图：打开所选交点的标识；没有标识时列出其照片
+菜单键	平面图：所选交点的标识和照片
 PageUp / PageDown	平面图：切换楼层
 Esc	平面图：关闭卡片，放弃选择
 F5	控制台：重新读取当前页)"_s;

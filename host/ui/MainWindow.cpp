@@ -2,6 +2,7 @@
 
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/MessageBar.h"
+#include "host/ui/marks/MarkPanelDock.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "include/KXEvents.h"
 #include "toolkit/Icons.h"
@@ -75,7 +76,10 @@ void MainWindow::MakeCentre() {
     setCentralWidget(centre);
     actionLog = new ActionLogDock(this);
     addDockWidget(Qt::BottomDockWidgetArea, actionLog);
-    resizeDocks({actionLog}, {168}, Qt::Vertical);
+    resizeDocks({actionLog}, {150}, Qt::Vertical);
+    marks = new MarkPanelDock(this);
+    addDockWidget(Qt::RightDockWidgetArea, marks);
+    resizeDocks({marks}, {268}, Qt::Horizontal);
 }
 
 QMenu* MainWindow::MenuNamed(const QString& title) {
@@ -110,8 +114,20 @@ void MainWindow::MakeMenus() {
             [this](const QAction* action) { emit DrawingChosen(action->data().toInt()); });
     SetDrawings({}, -1);
 
+    AddPanelsToMenu();
+}
+
+void MainWindow::AddPanelsToMenu() {
     QMenu* view = MenuNamed(u"视图(&V)"_s);
     view->addSeparator();
+    for (const MarkKind kind : {MarkKind::kPhotos, MarkKind::kIssues})
+        view->addAction(marks->Page(kind).ShownAction());
+    view->addSeparator();
+    QAction* showMarks = marks->toggleViewAction();
+    showMarks->setIcon(toolkit::Icon(u"flag"_s));
+    showMarks->setShortcut(Qt::CTRL | Qt::Key_K);
+    showMarks->setToolTip(u"显示或隐藏标识面板（Ctrl+K）"_s);
+    view->addAction(showMarks);
     QAction* showLog = actionLog->toggleViewAction();
     showLog->setIcon(toolkit::Icon(u"log"_s));
     showLog->setShortcut(Qt::CTRL | Qt::Key_L);

@@ -18,6 +18,7 @@ namespace host {
 
 class ActionLogDock;
 class FloorPlanPane;
+class MarkPanelDock;
 class MessageBar;
 
 /// Frame of the client: menus, toolbar with the choice of project and the user's name, messages,
@@ -34,6 +35,7 @@ public:
     [[nodiscard]] toolkit::WindowId Id() const { return id; }
     [[nodiscard]] FloorPlanPane& Plan() const { return *plan; }
     [[nodiscard]] ActionLogDock& ActionLog() const { return *actionLog; }
+    [[nodiscard]] MarkPanelDock& Marks() const { return *marks; }
     [[nodiscard]] MessageBar& Messages() const { return *messages; }
 
     /// Entries of the choice of project; `current` -1: none is open. Sends no signal.
@@ -72,6 +74,7 @@ private:
     void MakeMenus();
     void MakeToolbar();
     void MakeCentre();
+    void AddPanelsToMenu();
     void MakeStatusBar();
     QMenu* MenuNamed(const QString& title);
     qintptr OnNumberedEvent(const toolkit::WindowEvent& event);
@@ -79,6 +82,7 @@ private:
     toolkit::WindowId id = toolkit::kNoWindow;
     FloorPlanPane* plan = nullptr;
     ActionLogDock* actionLog = nullptr;
+    MarkPanelDock* marks = nullptr;
     MessageBar* messages = nullptr;
     QComboBox* projectCombo = nullptr;
     QLabel* userLabel = nullptr;

@@ -23,17 +23,29 @@ void ObserverHub::TellProjectChange() const {
     }
 }
 
-bool ObserverHub::ViewBimPic(qint32 ppid, const QString& floor, const QString& positionKey,
-                             qint32 markId) const {
+KXFRAME::IViewBimPicObs* ObserverHub::Viewer() const {
     for (KXFRAME::IBaseObs* observer : observers) {
         if (observer->GetObsName() != u"ViewBimPic"_s)
             continue;
-        if (auto* viewer = dynamic_cast<KXFRAME::IViewBimPicObs*>(observer)) {
-            viewer->ViewBimPic(&ppid, floor, positionKey, markId);
-            return true;
-        }
+        if (auto* viewer = dynamic_cast<KXFRAME::IViewBimPicObs*>(observer))
+            return viewer;
     }
-    return false;
+    return nullptr;
+}
+
+bool ObserverHub::ViewBimPic(qint32 ppid, const QString& floor, const QString& positionKey,
+                             qint32 markId) const {
+    KXFRAME::IViewBimPicObs* viewer = Viewer();
+    if (viewer != nullptr)
+        viewer->ViewBimPic(&ppid, floor, positionKey, markId);
+    return viewer != nullptr;
+}
+
+bool ObserverHub::LocateIssue(qint32 ppid, const QString& questionId) const {
+    KXFRAME::IViewBimPicObs* viewer = Viewer();
+    if (viewer != nullptr)
+        viewer->LocateIssue(ppid, questionId);
+    return viewer != nullptr;
 }
 
 } // namespace host

@@ -21,10 +21,14 @@ public:
     /// Asks the first observer named "ViewBimPic"; false without one.
     bool ViewBimPic(qint32 ppid, const QString& floor, const QString& positionKey,
                     qint32 markId) const;
+    /// The same for an issue.
+    bool LocateIssue(qint32 ppid, const QString& questionId) const;
     void Clear() { observers.clear(); }
     [[nodiscard]] std::size_t Count() const { return observers.size(); }
 
 private:
+    [[nodiscard]] KXFRAME::IViewBimPicObs* Viewer() const;
+
     std::vector<KXFRAME::IBaseObs*> observers;
 };
 

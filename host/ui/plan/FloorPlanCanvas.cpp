@@ -1,20 +1,14 @@
 #include "host/ui/plan/FloorPlanCanvas.h"
 
 #include "host/ui/LocateText.h"
+#include "host/ui/plan/FlagBlink.h"
 #include "host/ui/plan/FloorPlanPaint.h"
-#include "toolkit/Icons.h"
+#include "host/ui/plan/PlaceCard.h"
+#include "toolkit/Look.h"
 
-#include <QFrame>
 #include <QHelpEvent>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QMouseEvent>
 #include <QPainter>
-#include <QPushButton>
 #include <QToolTip>
-#include <QVBoxLayout>
-
-#include <map>
 
 namespace host {
 
@@ -26,43 +20,25 @@ FloorPlanCanvas::FloorPlanCanvas(QWidget* parent) : QWidget(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setMinimumSize(320, 240);
-    MakeCard();
-}
-
-void FloorPlanCanvas::MakeCard() {
-    card = new QFrame(this);
-    card->setObjectName(u"planCard"_s);
-    card->setFrameShape(QFrame::StyledPanel);
-    card->setAutoFillBackground(true);
-    card->setBackgroundRole(QPalette::Base);
-    auto* lines = new QVBoxLayout(card);
-    lines->setContentsMargins(12, 8, 12, 12);
-    lines->setSpacing(8);
-    cardText = new QLabel(card);
-    cardText->setTextFormat(Qt::PlainText);
-    cardButton = new QPushButton(toolkit::Icon(u"photo"_s), u"查看此处照片"_s, card);
-    cardButton->setObjectName(u"planCardPhotos"_s);
-    cardButton->setToolTip(u"在控制台中列出此轴线交点的照片（Enter）"_s);
-    lines->addWidget(cardText);
-    lines->addWidget(cardButton);
-    connect(cardButton, &QPushButton::clicked, this, &FloorPlanCanvas::AskForPhotos);
-    card->hide();
+    card = new PlaceCard(this);
+    connect(card, &PlaceCard::PhotosWanted, this, &FloorPlanCanvas::AskForPhotos);
+    blink = new FlagBlink(this);
+    connect(blink, &FlagBlink::Changed, this, qOverload<>(&QWidget::update));
 }
 
 void FloorPlanCanvas::SetModel(FloorPlanModel newModel) {
     const PlanFloor* before = Floor();
     const QString floorBefore = before == nullptr ? QString() : before->name;
+    const qint32 projectBefore = before == nullptr ? 0 : before->ppid;
     const QString keyBefore = Chosen() == nullptr ? QString() : Chosen()->positionKey;
     model = std::move(newModel);
     FloorPlanState next;
-    next.floor = std::max(0, FindFloor(model, floorBefore));
+    if (before != nullptr)
+        next.floor = std::max(0, FindFloor(model, floorBefore, projectBefore));
     if (const auto place = FindPlace(model, keyBefore))
-        next = Locate(next, *place);
+        next = Locate(*place);
     state = next;
-    LayOut();
-    PlaceCard();
-    update();
+    ReadFlags();
     emit FloorChanged(state.floor);
     emit ChoiceChanged();
 }
@@ -73,9 +49,32 @@ void FloorPlanCanvas::SetFloor(int floor) {
 
 bool FloorPlanCanvas::LocateKey(const QString& positionKey) {
     const auto place = FindPlace(model, positionKey);
-    if (place)
-        Apply(Locate(state, *place));
+    if (place) {
+        Apply(Locate(*place));
+        ShowChosen();
+    }
     return place.has_value();
+}
+
+void FloorPlanCanvas::SetMarks(const ShownMarks* shownMarks) {
+    marks = shownMarks;
+    ReadFlags();
+}
+
+bool FloorPlanCanvas::LocateFlag(const MarkFlag& flag) {
+    const int floor = FloorOfFlag(model, flag);
+    if (floor < 0)
+        return false;
+    Apply(ShowFloor(state, model, floor));
+    blink->Start(flag);
+    // A flag that was folded comes to the front.
+    LayOutFlags();
+    const int found = BlinkingFlag();
+    if (found >= 0 && flags[found].place != kShelf)
+        Apply(Locate({floor, flags[found].place}));
+    if (const int box = BoxOf(flagLayout, found); found >= 0 && box >= 0)
+        emit AreaWanted(flagLayout.boxes[box].rect);
+    return true;
 }
 
 const PlanFloor* FloorPlanCanvas::Floor() const {
@@ -91,14 +90,33 @@ QPoint FloorPlanCanvas::CentreOf(int place) const {
     return layout.places[place].toPoint();
 }
 
+int FloorPlanCanvas::BlinkingFlag() const {
+    for (int at = 0; blink->Flag() && at < int(flags.size()); ++at) {
+        if (IsSameFlag(flags[at].flag, *blink->Flag()))
+            return at;
+    }
+    return -1;
+}
+
+std::vector<int> FloorPlanCanvas::FlagsAt(int place) const {
+    std::vector<int> found;
+    for (int at = 0; at < int(flags.size()); ++at) {
+        if (flags[at].place == place)
+            found.push_back(at);
+    }
+    return found;
+}
+
 void FloorPlanCanvas::Apply(const FloorPlanState& next) {
     if (next == state)
         return;
     const FloorPlanState before = state;
     state = next;
-    if (state.floor != before.floor)
-        LayOut();
-    PlaceCard();
+    if (state.floor != before.floor) {
+        blink->Stop();
+        ReadFlags();
+    }
+    ShowCard();
     update();
     if (state.floor != before.floor)
         emit FloorChanged(state.floor);
@@ -106,111 +124,94 @@ void FloorPlanCanvas::Apply(const FloorPlanState& next) {
         emit ChoiceChanged();
 }
 
-void FloorPlanCanvas::LayOut() {
-    layout = Floor() == nullptr ? FloorPlanLayout() : LayoutFloorPlan(*Floor(), size());
+void FloorPlanCanvas::ReadFlags() {
+    flags.clear();
+    if (marks != nullptr && Floor() != nullptr)
+        flags = PlaceFlags(*marks, *Floor());
+    state = ForgetFlags(state);
+    pressedBox = -1;
+    LayOut();
+    emit NeedsOtherSize();
+    ShowCard();
+    update();
 }
 
-void FloorPlanCanvas::PlaceCard() {
-    const PlanIntersection* place = Chosen();
-    if (!state.cardOpen || place == nullptr) {
-        card->hide();
+QSize FloorPlanCanvas::SizeIn(const QSize& window) const {
+    return Floor() == nullptr ? window
+                              : LayoutFloorPlan(*Floor(), window, ShelfCount(flags)).size.toSize();
+}
+
+void FloorPlanCanvas::SetVisibleArea(const QRect& area) {
+    if (area == visible)
         return;
-    }
-    cardText->setText(
-        place->photoCount > 0
-            ? u"%1\n%2 张照片"_s.arg(PlaceCaption(*Floor(), *place)).arg(place->photoCount)
-            : u"%1\n此处没有照片"_s.arg(PlaceCaption(*Floor(), *place)));
-    cardButton->setEnabled(place->photoCount > 0);
-    card->layout()->activate();
-    card->setGeometry(
-        PlaceCardBeside(PlaceRect(layout, state.chosen), card->sizeHint(), size()).toAlignedRect());
-    card->show();
-    card->raise();
+    visible = area;
+    LayOut();
+    ShowCard();
+    update();
 }
 
-void FloorPlanCanvas::AskForPhotos() {
-    if (const PlanIntersection* place = Chosen())
-        emit PhotosWanted(place->positionKey);
+void FloorPlanCanvas::LayOut() {
+    layout = FloorPlanLayout();
+    if (Floor() != nullptr) {
+        layout = LayoutFloorPlan(*Floor(), size(), ShelfCount(flags));
+        PinBubbles(layout, visible);
+    }
+    LayOutFlags();
+}
+
+void FloorPlanCanvas::LayOutFlags() {
+    flagLayout = LayoutFlags(layout, flags, BlinkingFlag());
+    state = ForgetFlags(state);
+}
+
+void FloorPlanCanvas::ShowCard() {
+    const PlanIntersection* place = Chosen();
+    if (!state.cardOpen || place == nullptr)
+        card->hide();
+    else
+        card->ShowFor(PlaceCaption(*Floor(), *place), place->photoCount,
+                      PlaceRect(layout, state.chosen), visible);
+}
+
+void FloorPlanCanvas::ShowChosen() {
+    if (Chosen() != nullptr)
+        emit AreaWanted(PlaceRect(layout, state.chosen));
 }
 
 void FloorPlanCanvas::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    PaintFloorPlan(painter, {model, state, layout, size(), hasFocus()});
+    const int lit = blink->IsLit() ? BlinkingFlag() : -1;
+    const FlagScene flagScene{flags, flagLayout, state.hoveredFlag,
+                              lit < 0 ? -1 : BoxOf(flagLayout, lit), visible};
+    PaintFloorPlan(painter, {model, state, layout, flagScene, hasFocus()});
 }
 
 void FloorPlanCanvas::resizeEvent(QResizeEvent*) {
     LayOut();
-    PlaceCard();
+    ShowCard();
 }
 
-void FloorPlanCanvas::mouseMoveEvent(QMouseEvent* event) {
-    Apply(Hover(state, PlaceAt(layout, event->position())));
-    setCursor(state.hovered == kNoPlace ? Qt::ArrowCursor : Qt::PointingHandCursor);
-}
-
-void FloorPlanCanvas::leaveEvent(QEvent*) {
-    Apply(Hover(state, kNoPlace));
-}
-
-void FloorPlanCanvas::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton)
-        Apply(Click(state, PlaceAt(layout, event->position())));
-}
-
-void FloorPlanCanvas::mouseDoubleClickEvent(QMouseEvent* event) {
-    const int place = PlaceAt(layout, event->position());
-    if (event->button() != Qt::LeftButton || place == kNoPlace)
-        return;
-    Apply(Click(state, place));
-    AskForPhotos();
-}
-
-void FloorPlanCanvas::keyPressEvent(QKeyEvent* event) {
-    static const std::map<int, std::pair<int, int>> steps = {{Qt::Key_Left, {-1, 0}},
-                                                             {Qt::Key_Right, {1, 0}},
-                                                             {Qt::Key_Up, {0, 1}},
-                                                             {Qt::Key_Down, {0, -1}}};
-    const auto step = steps.find(event->key());
-    if (step != steps.end())
-        Apply(Step(state, model, step->second.first, step->second.second));
-    else if (event->key() == Qt::Key_PageUp)
-        SetFloor(state.floor - 1);
-    else if (event->key() == Qt::Key_PageDown)
-        SetFloor(state.floor + 1);
-    else if (event->key() == Qt::Key_Space && Chosen() != nullptr)
-        Apply(Click(state, state.chosen));
-    else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        AskForPhotos();
-    else if (event->key() == Qt::Key_Escape)
-        Apply(Retreat(state));
-    else
-        QWidget::keyPressEvent(event);
-}
-
-void FloorPlanCanvas::focusInEvent(QFocusEvent*) {
-    update();
-}
-
-void FloorPlanCanvas::focusOutEvent(QFocusEvent*) {
-    update();
+QString FloorPlanCanvas::TipAt(const QPoint& point) const {
+    const int box = BoxAt(flagLayout, point);
+    if (box >= 0)
+        return FlagTip(*Floor(), flags, flagLayout.boxes[box]);
+    const int place = PlaceAt(layout, point);
+    if (place < 0)
+        return {};
+    const PlanIntersection& hit = Floor()->intersections[place];
+    return u"%1 %2，%3 张照片"_s.arg(PlanFloorCaption(*Floor()), PlaceCaption(*Floor(), hit))
+        .arg(hit.photoCount);
 }
 
 bool FloorPlanCanvas::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip)
         return QWidget::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
-    const int place = PlaceAt(layout, help->pos());
-    if (place == kNoPlace) {
+    const QString tip = TipAt(help->pos());
+    if (tip.isEmpty())
         QToolTip::hideText();
-        return true;
-    }
-    const PlanIntersection& hit = Floor()->intersections[place];
-    QToolTip::showText(help->globalPos(),
-                       u"%1 %2，%3 张照片"_s
-                           .arg(FloorCaption(Floor()->name).toHtmlEscaped(),
-                                PlaceCaption(*Floor(), hit).toHtmlEscaped())
-                           .arg(hit.photoCount),
-                       this);
+    else
+        QToolTip::showText(help->globalPos(), toolkit::PlainTip(tip), this);
     return true;
 }
 

@@ -1,20 +1,20 @@
 // The painted floor plan.
 #pragma once
 
-#include "host/ui/plan/FloorPlanLayout.h"
+#include "host/ui/ModelView.h"
+#include "host/ui/plan/FlagLayout.h"
 #include "host/ui/plan/FloorPlanState.h"
 
 #include <QWidget>
 
-class QFrame;
-class QLabel;
-class QPushButton;
-
 namespace host {
 
-/// Shows one floor of a model and lets the person choose an intersection by mouse and keyboard.
-/// Knows neither services nor where the model comes from. Lives on the interface thread, owned by
-/// its parent widget.
+class FlagBlink;
+class PlaceCard;
+
+/// Shows one floor of a model with the flags that stand on it, and lets the person choose an
+/// intersection or open a flag by mouse and keyboard. Knows neither services nor where model and
+/// marks come from. Lives on the interface thread, owned by its parent widget.
 class FloorPlanCanvas final : public QWidget {
     Q_OBJECT
 
@@ -26,6 +26,11 @@ public:
     void SetFloor(int floor);
     /// False if no floor has the key; then nothing changes.
     bool LocateKey(const QString& positionKey);
+    /// Borrowed until the next call; to be told again after each change of the marks. Null: none.
+    void SetMarks(const ShownMarks* shownMarks);
+    /// Brings up the floor of a flag that is shown and lets the flag blink; false if the plan has
+    /// no floor for it.
+    bool LocateFlag(const MarkFlag& flag);
 
     [[nodiscard]] const FloorPlanModel& Model() const { return model; }
     [[nodiscard]] const FloorPlanState& State() const { return state; }
@@ -33,6 +38,15 @@ public:
     [[nodiscard]] const PlanIntersection* Chosen() const;
     /// Middle of an intersection of the present floor, in this widget's pixels.
     [[nodiscard]] QPoint CentreOf(int place) const;
+    /// Of the present floor, and where they lie in this widget.
+    [[nodiscard]] const std::vector<PlacedFlag>& Flags() const { return flags; }
+    [[nodiscard]] const FlagLayout& FlagsLayout() const { return flagLayout; }
+    [[nodiscard]] const FlagBlink& Blink() const { return *blink; }
+
+    /// What the canvas needs in a window of this size.
+    [[nodiscard]] QSize SizeIn(const QSize& window) const;
+    /// The part that its window shows.
+    void SetVisibleArea(const QRect& area);
 
 signals:
     void FloorChanged(int floor);
@@ -40,13 +54,21 @@ signals:
     void ChoiceChanged();
     /// The person wants to see the photos of the chosen intersection.
     void PhotosWanted(const QString& positionKey);
+    void FlagOpened(const host::MarkFlag& flag);
+    void FlagMenuWanted(const host::FlagMenuRequest& request);
+    /// What SizeIn gives may be different now.
+    void NeedsOtherSize();
+    /// An area of this widget should come into sight.
+    void AreaWanted(const QRectF& area);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
@@ -54,19 +76,32 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    void MakeCard();
     void Apply(const FloorPlanState& next);
     void LayOut();
-    void PlaceCard();
+    void LayOutFlags();
+    void ReadFlags();
+    void ShowCard();
+    void ShowChosen();
     void AskForPhotos();
+    void OpenChosen();
+    void OpenBox(int box);
+    void AskForMenu(const std::vector<int>& wanted, int place, const QPoint& at);
+    [[nodiscard]] QPoint MenuPoint(const std::vector<int>& wanted) const;
+    [[nodiscard]] QString TipAt(const QPoint& point) const;
+    [[nodiscard]] int BlinkingFlag() const;
+    [[nodiscard]] std::vector<int> FlagsAt(int place) const;
     [[nodiscard]] const PlanFloor* Floor() const;
 
     FloorPlanModel model;
     FloorPlanState state;
     FloorPlanLayout layout;
-    QFrame* card = nullptr;
-    QLabel* cardText = nullptr;
-    QPushButton* cardButton = nullptr;
+    const ShownMarks* marks = nullptr;
+    std::vector<PlacedFlag> flags;
+    FlagLayout flagLayout;
+    FlagBlink* blink = nullptr;
+    PlaceCard* card = nullptr;
+    QRect visible;
+    int pressedBox = -1;
 };
 
 } // namespace host

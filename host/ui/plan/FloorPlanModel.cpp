@@ -1,5 +1,9 @@
 #include "host/ui/plan/FloorPlanModel.h"
 
+#include "host/ui/LocateText.h"
+
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -54,15 +58,40 @@ std::optional<PlanPlace> FindPlace(const FloorPlanModel& model, const QString& p
     return std::nullopt;
 }
 
-int FindFloor(const FloorPlanModel& model, const QString& name) {
-    const auto found = std::find_if(model.floors.begin(), model.floors.end(),
-                                    [&](const PlanFloor& floor) { return floor.name == name; });
+int FindFloor(const FloorPlanModel& model, const QString& name, qint32 ppid) {
+    const auto found =
+        std::find_if(model.floors.begin(), model.floors.end(), [&](const PlanFloor& floor) {
+            return floor.name == name && (ppid == 0 || floor.ppid == 0 || floor.ppid == ppid);
+        });
     return found == model.floors.end() ? -1 : int(found - model.floors.begin());
+}
+
+int FindIntersection(const PlanFloor& floor, const QString& placeText) {
+    static const QRegularExpression separator(u"[-/]"_s);
+    const qsizetype at = placeText.lastIndexOf(separator);
+    if (at <= 0)
+        return -1;
+    const QString axisX = AxisCaption(placeText.left(at).trimmed());
+    const QString axisY = AxisCaption(placeText.mid(at + 1).trimmed());
+    const auto& places = floor.intersections;
+    const auto found =
+        std::find_if(places.begin(), places.end(), [&](const PlanIntersection& place) {
+            return AxisCaption(floor.axesX[place.axisX]) == axisX &&
+                   AxisCaption(floor.axesY[place.axisY]) == axisY;
+        });
+    return found == places.end() ? -1 : int(found - places.begin());
+}
+
+QString PlanFloorCaption(const PlanFloor& floor) {
+    if (floor.name.isEmpty())
+        return u"其他"_s;
+    const QString caption = FloorCaption(floor.name);
+    return floor.project.isEmpty() ? caption : floor.project + u' ' + caption;
 }
 
 int PhotoCount(const PlanFloor& floor) {
     return std::accumulate(
-        floor.intersections.begin(), floor.intersections.end(), 0,
+        floor.intersections.begin(), floor.intersections.end(), floor.unplacedCount,
         [](int sum, const PlanIntersection& place) { return sum + place.photoCount; });
 }
 

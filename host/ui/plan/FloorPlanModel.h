@@ -18,7 +18,10 @@ struct PlanIntersection {
 };
 
 struct PlanFloor {
-    QString name;
+    QString name;               ///< empty: what hangs on no floor, without axes
+    qint32 ppid = 0;            ///< project; 0: all that are open
+    QString project;            ///< its name, where several are open
+    int unplacedCount = 0;      ///< photos that hang on none of its intersections
     std::vector<QString> axesX; ///< left to right
     std::vector<QString> axesY; ///< bottom to top
     std::vector<PlanIntersection> intersections;
@@ -38,8 +41,12 @@ struct PlanPlace {
 /// Nothing for a key that no floor has; an empty key is no key.
 [[nodiscard]] std::optional<PlanPlace> FindPlace(const FloorPlanModel& model,
                                                  const QString& positionKey);
-/// Index of a floor; -1 for a name that no floor has.
-[[nodiscard]] int FindFloor(const FloorPlanModel& model, const QString& name);
+/// Index of a floor; -1 for a name that no floor has. With a project only its floors count.
+[[nodiscard]] int FindFloor(const FloorPlanModel& model, const QString& name, qint32 ppid = 0);
+/// Where a place that was written down lies: "3-B轴", "3/B". -1: no intersection is called so.
+[[nodiscard]] int FindIntersection(const PlanFloor& floor, const QString& placeText);
+/// The floor in words: "-1层", "二期工程 -1层", "其他" for what hangs on no floor.
+[[nodiscard]] QString PlanFloorCaption(const PlanFloor& floor);
 [[nodiscard]] int PhotoCount(const PlanFloor& floor);
 /// The intersection next to `from` in the direction (dx, dy), dy upwards; `from` itself where there
 /// is none, the first one for -1. -1 for a floor without intersections.

@@ -24,22 +24,49 @@ void PaintEmpty(QPainter& painter, const FloorPlanScene& scene) {
                   .arg(scene.model.projectName);
     painter.setFont(toolkit::UiFont(14));
     painter.setPen(toolkit::Colors::HintText());
-    painter.drawText(QRectF(QPointF(), scene.pane), Qt::AlignCenter, text);
+    painter.drawText(scene.flags.visible, Qt::AlignCenter, text);
 }
 
-void PaintTitle(QPainter& painter, const PlanFloor& floor) {
+QString TitleNote(const PlanFloor& floor) {
+    return floor.name.isEmpty() ? u"没有楼层的照片 %1 张"_s.arg(PhotoCount(floor))
+                                : u"轴网 %1 × %2，照片 %3 张"_s.arg(floor.axesX.size())
+                                      .arg(floor.axesY.size())
+                                      .arg(PhotoCount(floor));
+}
+
+/// Stays where it is while the plan scrolls beneath it.
+void PaintTitle(QPainter& painter, const PlanFloor& floor, const QPointF& corner) {
     const QFont big = toolkit::UiFont(16);
+    const QFontMetricsF bigMetrics(big);
+    const QFontMetricsF metrics(toolkit::UiFont());
+    const QString caption = PlanFloorCaption(floor);
+    const QString note = TitleNote(floor);
+    const double behind = kTitleX + bigMetrics.horizontalAdvance(caption) + 16;
+    QColor ground = toolkit::Colors::Pane();
+    ground.setAlphaF(0.85F);
+    painter.fillRect(QRectF(corner + QPointF(kTitleX - 8, 6),
+                            QSizeF(behind + metrics.horizontalAdvance(note) - kTitleX + 16, 30)),
+                     ground);
     painter.setFont(big);
     painter.setPen(toolkit::Colors::TextAccent());
-    const QString caption = FloorCaption(floor.name);
-    painter.drawText(QPointF(kTitleX, kTitleBase), caption);
-    const double behind = kTitleX + QFontMetricsF(big).horizontalAdvance(caption) + 16;
+    painter.drawText(corner + QPointF(kTitleX, kTitleBase), caption);
     painter.setFont(toolkit::UiFont());
     painter.setPen(toolkit::Colors::HintText());
-    painter.drawText(QPointF(behind, kTitleBase),
-                     u"轴网 %1 × %2，照片 %3 张"_s.arg(floor.axesX.size())
-                         .arg(floor.axesY.size())
-                         .arg(PhotoCount(floor)));
+    painter.drawText(corner + QPointF(behind, kTitleBase), note);
+}
+
+void PaintShelf(QPainter& painter, const FloorPlanScene& scene, const PlanFloor& floor) {
+    const QRectF& shelf = scene.layout.shelf;
+    painter.setFont(toolkit::UiFont());
+    painter.setPen(toolkit::Colors::HintText());
+    if (!shelf.isEmpty())
+        painter.drawText(shelf.topLeft() - QPointF(0, 8), floor.name.isEmpty()
+                                                              ? u"没有楼层的照片和问题的标识："_s
+                                                              : u"不在轴网上的标识："_s);
+    else if (floor.name.isEmpty())
+        painter.drawText(scene.flags.visible, Qt::AlignCenter,
+                         u"没有显示的标识\n没有楼层的照片和问题列在这里，"
+                         "请在标识面板中勾选“其他”。"_s);
 }
 
 void PaintAxes(QPainter& painter, const FloorPlanLayout& layout) {
@@ -116,24 +143,30 @@ void PaintPlaces(QPainter& painter, const FloorPlanScene& scene, const PlanFloor
 } // namespace
 
 void PaintFloorPlan(QPainter& painter, const FloorPlanScene& scene) {
-    painter.fillRect(QRectF(QPointF(), scene.pane), toolkit::Colors::Pane());
+    const QRectF& visible = scene.flags.visible;
+    painter.fillRect(visible, toolkit::Colors::Pane());
     painter.setRenderHint(QPainter::Antialiasing);
     if (scene.state.floor >= int(scene.model.floors.size())) {
         PaintEmpty(painter, scene);
         return;
     }
     const PlanFloor& floor = scene.model.floors[scene.state.floor];
-    PaintTitle(painter, floor);
-    painter.setPen(QPen(toolkit::Colors::Frame(), 2));
-    painter.setBrush(Qt::white);
-    painter.drawRect(scene.layout.building);
-    PaintAxes(painter, scene.layout);
+    if (!scene.layout.places.empty()) {
+        painter.setPen(QPen(toolkit::Colors::Frame(), 2));
+        painter.setBrush(Qt::white);
+        painter.drawRect(scene.layout.building);
+        PaintAxes(painter, scene.layout);
+        PaintFlagPoles(painter, scene.flags);
+        PaintPlaces(painter, scene, floor);
+    }
+    PaintShelf(painter, scene, floor);
+    PaintFlags(painter, scene.flags);
     PaintBubbles(painter, scene, floor);
-    PaintPlaces(painter, scene, floor);
+    PaintTitle(painter, floor, visible.topLeft());
     if (scene.focused) {
         painter.setPen(QPen(toolkit::Colors::Accent(), 1));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRectF(QPointF(0.5, 0.5), scene.pane - QSizeF(1, 1)));
+        painter.drawRect(visible.adjusted(0.5, 0.5, -0.5, -0.5));
     }
 }
 

@@ -1,7 +1,8 @@
 #include "host/ui/plan/FloorPlanPane.h"
 
-#include "host/ui/LocateText.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
+#include "host/ui/plan/PlanScroll.h"
+#include "toolkit/Look.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -23,6 +24,7 @@ FloorPlanPane::FloorPlanPane(QWidget* parent) : QWidget(parent) {
     caption->setContentsMargins(4, 8, 8, 4);
     caption->setBuddy(floors);
     canvas = new FloorPlanCanvas(this);
+    scroll = new PlanScroll(canvas, this);
 
     auto* left = new QVBoxLayout;
     left->setContentsMargins(8, 0, 0, 8);
@@ -33,14 +35,16 @@ FloorPlanPane::FloorPlanPane(QWidget* parent) : QWidget(parent) {
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(0);
     all->addLayout(left);
-    all->addWidget(canvas, 1);
-    floors->setFixedWidth(std::max(132, floors->fontMetrics().averageCharWidth() * 22));
+    all->addWidget(scroll, 1);
+    floors->setFixedWidth(std::max(132, floors->fontMetrics().averageCharWidth() * 15));
 
     connect(floors, &QListWidget::currentRowChanged, canvas, &FloorPlanCanvas::SetFloor);
     connect(canvas, &FloorPlanCanvas::FloorChanged, this, [this](int floor) {
         const QSignalBlocker quiet(floors);
         floors->setCurrentRow(floor);
     });
+    connect(canvas, &FloorPlanCanvas::NeedsOtherSize, scroll, &PlanScroll::Fit);
+    connect(canvas, &FloorPlanCanvas::AreaWanted, scroll, &PlanScroll::ShowArea);
 }
 
 void FloorPlanPane::SetModel(FloorPlanModel model) {
@@ -53,11 +57,12 @@ void FloorPlanPane::FillFloors() {
     floors->clear();
     for (const PlanFloor& floor : canvas->Model().floors) {
         const int count = PhotoCount(floor);
-        auto* item =
-            new QListWidgetItem(count > 0 ? u"%1（%2）"_s.arg(FloorCaption(floor.name)).arg(count)
-                                          : FloorCaption(floor.name),
-                                floors);
-        item->setToolTip(u"%1 张照片"_s.arg(count));
+        const QString caption = PlanFloorCaption(floor);
+        auto* item = new QListWidgetItem(
+            count > 0 ? u"%1（%2）"_s.arg(caption).arg(count) : caption, floors);
+        item->setToolTip(toolkit::PlainTip(floor.name.isEmpty()
+                                               ? u"没有楼层的照片 %1 张"_s.arg(count)
+                                               : u"%1：%2 张照片"_s.arg(caption).arg(count)));
         item->setSizeHint(QSize(0, floors->fontMetrics().height() + 12));
     }
     floors->setCurrentRow(canvas->State().floor);

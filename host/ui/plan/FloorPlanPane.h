@@ -10,6 +10,7 @@ class QListWidget;
 namespace host {
 
 class FloorPlanCanvas;
+class PlanScroll;
 
 /// Keeps list and plan on the same floor. Knows no services. Lives on the interface thread, owned
 /// by its parent widget.
@@ -29,6 +30,7 @@ private:
 
     QListWidget* floors = nullptr;
     FloorPlanCanvas* canvas = nullptr;
+    PlanScroll* scroll = nullptr;
 };
 
 } // namespace host

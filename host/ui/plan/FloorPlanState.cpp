@@ -5,11 +5,14 @@ namespace host {
 FloorPlanState ShowFloor(FloorPlanState state, const FloorPlanModel& model, int floor) {
     if (floor < 0 || floor >= int(model.floors.size()) || floor == state.floor)
         return state;
-    return FloorPlanState{floor, kNoPlace, kNoPlace, false};
+    FloorPlanState shown;
+    shown.floor = floor;
+    return shown;
 }
 
-FloorPlanState Hover(FloorPlanState state, int place) {
-    state.hovered = place;
+FloorPlanState Hover(FloorPlanState state, int place, int flagBox) {
+    state.hovered = flagBox >= 0 ? kNoPlace : place;
+    state.hoveredFlag = flagBox;
     return state;
 }
 
@@ -35,11 +38,15 @@ FloorPlanState Retreat(FloorPlanState state) {
     return state;
 }
 
-FloorPlanState Locate(FloorPlanState state, const PlanPlace& place) {
-    state.floor = place.floor;
-    state.hovered = kNoPlace;
-    state.chosen = place.intersection;
-    state.cardOpen = false;
+FloorPlanState Locate(const PlanPlace& place) {
+    FloorPlanState found;
+    found.floor = place.floor;
+    found.chosen = place.intersection;
+    return found;
+}
+
+FloorPlanState ForgetFlags(FloorPlanState state) {
+    state.hoveredFlag = -1;
     return state;
 }
 

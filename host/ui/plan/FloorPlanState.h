@@ -10,6 +10,7 @@ inline constexpr int kNoPlace = -1;
 struct FloorPlanState {
     int floor = 0;
     int hovered = kNoPlace; ///< intersection under the mouse
+    int hoveredFlag = -1;   ///< box of flags under the mouse; an intersection below it isn't
     int chosen = kNoPlace;  ///< intersection that the person clicked or that was looked up
     bool cardOpen = false;  ///< the card with what can be done at the chosen intersection
 
@@ -19,7 +20,7 @@ struct FloorPlanState {
 /// Another floor: nothing on it is chosen yet. An index that is no floor changes nothing.
 [[nodiscard]] FloorPlanState ShowFloor(FloorPlanState state, const FloorPlanModel& model,
                                        int floor);
-[[nodiscard]] FloorPlanState Hover(FloorPlanState state, int place);
+[[nodiscard]] FloorPlanState Hover(FloorPlanState state, int place, int flagBox = -1);
 /// A click: on an intersection it chooses it and opens its card, beside one it closes the card.
 [[nodiscard]] FloorPlanState Click(FloorPlanState state, int place);
 /// An arrow key: moves the choice, without a card.
@@ -28,6 +29,8 @@ struct FloorPlanState {
 /// Escape: first the card goes, then the choice.
 [[nodiscard]] FloorPlanState Retreat(FloorPlanState state);
 /// A lookup from elsewhere: brings up the floor and chooses the intersection.
-[[nodiscard]] FloorPlanState Locate(FloorPlanState state, const PlanPlace& place);
+[[nodiscard]] FloorPlanState Locate(const PlanPlace& place);
+/// The flags of the floor are others now.
+[[nodiscard]] FloorPlanState ForgetFlags(FloorPlanState state);
 
 } // namespace host

@@ -3,11 +3,20 @@
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 
-#include <algorithm>
+#include "toolkit/GbkText.h"
 
 namespace host {
 
-FloorPlanView::FloorPlanView(FloorPlanPane& planPane) : pane(planPane) {}
+FloorPlanView::FloorPlanView(FloorPlanPane& planPane) : pane(planPane), markSet(toolkit::FromGbk) {
+    const FloorPlanCanvas& canvas = pane.Canvas();
+    connect(&canvas, &FloorPlanCanvas::FlagOpened, this, &ModelView::FlagOpened);
+    connect(&canvas, &FloorPlanCanvas::FlagMenuWanted, this, &ModelView::FlagMenuWanted);
+    Redraw();
+}
+
+FloorPlanView::~FloorPlanView() {
+    pane.Canvas().SetMarks(nullptr);
+}
 
 void FloorPlanView::GetPickedComponents(std::vector<KX_DATA::PickedComponent>& components) {
     components.clear();
@@ -32,28 +41,25 @@ void FloorPlanView::RestoreViewState(const std::vector<qint32>& viewState) {
 }
 
 void FloorPlanView::SetVeskPicMarkers(const std::vector<KX_DATA::PicMarkGroup>& groups) {
-    picMarkers = groups;
+    markSet.SetPhotos(groups);
+    Redraw();
 }
 
 void FloorPlanView::SetTNIssueMarkers(const std::vector<KX_DATA::IssueMarkGroup>& groups) {
-    issueMarkers = groups;
+    markSet.SetIssues(groups);
+    Redraw();
 }
 
-bool FloorPlanView::LocatePicture(const QString& positionKey, qint32) {
-    return pane.Canvas().LocateKey(positionKey);
+bool FloorPlanView::LocatePicture(const QString& positionKey, qint32 markId) {
+    return Locate(markSet.FindPhoto(positionKey, markId));
 }
 
 bool FloorPlanView::LocateIssue(const QString& questionId) {
-    for (const KX_DATA::IssueMarkGroup& group : issueMarkers) {
-        const bool holds = std::any_of(
-            group.entries.begin(), group.entries.end(),
-            [&](const KX_DATA::IssueMarkEntry& entry) { return entry.itemKey == questionId; });
-        if (!holds)
-            continue;
-        pane.Canvas().SetFloor(FindFloor(pane.Canvas().Model(), group.name));
-        return true;
-    }
-    return false;
+    return Locate(markSet.FindIssue(questionId));
+}
+
+bool FloorPlanView::Locate(const std::optional<MarkFlag>& flag) {
+    return flag && pane.Canvas().LocateFlag(*flag);
 }
 
 void FloorPlanView::ShowComponentProperties(qint32, const QString&, const QString&) {}
@@ -67,5 +73,24 @@ void FloorPlanView::SetViewTool(qint32 newTool) {
 }
 
 void FloorPlanView::BeginComponentPick() {}
+
+void FloorPlanView::SetMarkTable(const std::map<qint32, KX_DATA::MarkRecord>& marks) {
+    markSet.SetMarkTable(marks);
+}
+
+void FloorPlanView::ShowMarks(MarkKind kind, bool on) {
+    markSet.Show(kind, on);
+    Redraw();
+}
+
+bool FloorPlanView::ShowFloor(const QString& floor) {
+    const int index = FindFloor(pane.Canvas().Model(), floor);
+    pane.Canvas().SetFloor(index);
+    return index >= 0;
+}
+
+void FloorPlanView::Redraw() {
+    pane.Canvas().SetMarks(&markSet);
+}
 
 } // namespace host

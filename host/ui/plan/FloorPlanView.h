@@ -1,18 +1,22 @@
 // The floor plan as the view that the module works with.
 #pragma once
 
-#include "services/IKXView.h"
+#include "host/ui/ModelView.h"
+#include "host/ui/marks/ShownMarks.h"
 
 namespace host {
 
 class FloorPlanPane;
 
-/// The plain one of the client's views: it can locate intersections, keeps the marks it is given,
-/// and lets nobody pick components. Thread: user interface. Owned by the main window.
-class FloorPlanView final : public KX_DATA::IKXView {
+/// The plain one of the client's views: it shows marks at their intersections, locates them, and
+/// lets nobody pick components. Thread: user interface. Owned by the client.
+class FloorPlanView final : public ModelView {
+    Q_OBJECT
+
 public:
     /// The pane must outlive the view.
     explicit FloorPlanView(FloorPlanPane& planPane);
+    ~FloorPlanView() override;
 
     void GetPickedComponents(std::vector<KX_DATA::PickedComponent>& components) override;
     /// The state is the floor's number in the list and the chosen intersection.
@@ -20,23 +24,26 @@ public:
     void RestoreViewState(const std::vector<qint32>& viewState) override;
     void SetVeskPicMarkers(const std::vector<KX_DATA::PicMarkGroup>& groups) override;
     void SetTNIssueMarkers(const std::vector<KX_DATA::IssueMarkGroup>& groups) override;
-    /// True if a floor of the open project has the intersection; it is then shown and chosen.
+    /// True if photo marks are displayed and the mark is among them; its floor comes up, the flag
+    /// into sight, and it blinks. An empty key means what hangs on no floor.
     bool LocatePicture(const QString& positionKey, qint32 markId) override;
-    /// True if the issue is among the marks that the view was given; its floor is then shown.
+    /// The same for an issue.
     bool LocateIssue(const QString& questionId) override;
     void ShowComponentProperties(qint32 ppid, const QString& floor, const QString& handle) override;
     qint32 GetViewTool() override;
     void SetViewTool(qint32 newTool) override;
     void BeginComponentPick() override;
 
-    [[nodiscard]] const std::vector<KX_DATA::PicMarkGroup>& PicMarkers() const {
-        return picMarkers;
-    }
+    void SetMarkTable(const std::map<qint32, KX_DATA::MarkRecord>& marks) override;
+    void ShowMarks(MarkKind kind, bool on) override;
+    bool ShowFloor(const QString& floor) override;
 
 private:
+    bool Locate(const std::optional<MarkFlag>& flag);
+    void Redraw();
+
     FloorPlanPane& pane;
-    std::vector<KX_DATA::PicMarkGroup> picMarkers;
-    std::vector<KX_DATA::IssueMarkGroup> issueMarkers;
+    ShownMarks markSet;
     qint32 tool = 0;
 };
 

@@ -117,28 +117,6 @@ TEST_F(FloorPlan, AnEmptyPlanTakesClicksAndKeysWithoutHarm) {
     EXPECT_TRUE(wanted.isEmpty());
 }
 
-TEST_F(FloorPlan, TheViewLocatesAPlaceOfTheProjectAndSwitchesTheFloor) {
-    FloorPlanView view(pane);
-    EXPECT_TRUE(view.LocatePicture(u"1:3/A"_s, 2));
-    EXPECT_EQ(pane.CurrentFloor(), u"1"_s);
-    EXPECT_EQ(canvas.Chosen()->positionKey, u"1:3/A"_s);
-    EXPECT_FALSE(view.LocatePicture(u"elsewhere"_s, 2));
-    EXPECT_FALSE(view.LocatePicture(QString(), 2));
-    EXPECT_EQ(canvas.Chosen()->positionKey, u"1:3/A"_s);
-}
-
-TEST_F(FloorPlan, TheViewShowsAnIssueOnlyWhileItsMarkIsShown) {
-    FloorPlanView view(pane);
-    EXPECT_FALSE(view.LocateIssue(u"q1"_s));
-    KX_DATA::IssueMarkGroup group;
-    group.name = u"1"_s;
-    group.entries.push_back({});
-    group.entries.back().itemKey = u"q1"_s;
-    view.SetTNIssueMarkers({group});
-    EXPECT_TRUE(view.LocateIssue(u"q1"_s));
-    EXPECT_EQ(pane.CurrentFloor(), u"1"_s);
-}
-
 TEST_F(FloorPlan, TheViewsStateBringsBackFloorAndChoice) {
     FloorPlanView view(pane);
     canvas.LocateKey(u"1:3/B"_s);
@@ -152,16 +130,37 @@ TEST_F(FloorPlan, TheViewsStateBringsBackFloorAndChoice) {
     EXPECT_EQ(canvas.Chosen()->positionKey, u"1:3/B"_s);
 }
 
-TEST_F(FloorPlan, TheViewPicksNothingYetAndKeepsItsMarksAndTool) {
+TEST_F(FloorPlan, TheViewPicksNothingYetAndKeepsItsTool) {
     FloorPlanView view(pane);
     std::vector<KX_DATA::PickedComponent> picked(1);
     view.GetPickedComponents(picked);
     EXPECT_TRUE(picked.empty());
-    view.SetVeskPicMarkers(std::vector<KX_DATA::PicMarkGroup>(2));
-    EXPECT_EQ(view.PicMarkers().size(), 2U);
     EXPECT_EQ(view.GetViewTool(), 0);
     view.SetViewTool(4);
     EXPECT_EQ(view.GetViewTool(), 4);
+}
+
+TEST_F(FloorPlan, AGridLargerThanThePaneScrollsAndTheChoiceComesIntoSight) {
+    PlanFloorBuilder builder(u"1"_s);
+    for (int x = 1; x <= 30; ++x) {
+        for (int y = 1; y <= 20; ++y)
+            builder.Add(QString::number(x), QString::number(y), u"%1/%2"_s.arg(x).arg(y), 1);
+    }
+    FloorPlanModel model;
+    model.projectName = u"大"_s;
+    model.floors.push_back(builder.Finish());
+    pane.SetModel(model);
+    EXPECT_GT(canvas.width(), 2000);
+    EXPECT_EQ(canvas.pos().x(), 0);
+    ASSERT_TRUE(canvas.LocateKey(u"30/1"_s));
+    EXPECT_LT(canvas.pos().x(), 0);
+    EXPECT_TRUE(canvas.visibleRegion().contains(canvas.CentreOf(canvas.State().chosen)));
+    QTest::keyClick(&canvas, Qt::Key_Left);
+    for (int step = 0; step < 30; ++step)
+        QTest::keyClick(&canvas, Qt::Key_Left);
+    EXPECT_TRUE(canvas.visibleRegion().contains(canvas.CentreOf(canvas.State().chosen)));
+    pane.SetModel(hosttest::SmallPlan());
+    EXPECT_EQ(canvas.size(), canvas.parentWidget()->size());
 }
 
 } // namespace

@@ -33,8 +33,9 @@ TEST(FloorPlanLayout, HasOneLineAndOneBubbleForEachAxis) {
 }
 
 TEST(FloorPlanLayout, EverythingLiesInThePane) {
-    for (const QSizeF pane : {QSizeF(700, 420), QSizeF(1600, 900), QSizeF(420, 900)}) {
+    for (const QSizeF pane : {QSizeF(900, 620), QSizeF(1600, 900), QSizeF(870, 900)}) {
         const FloorPlanLayout layout = LayoutFloorPlan(Grid(8, 6), pane);
+        EXPECT_EQ(layout.size, pane);
         const QRectF all(QPointF(), pane);
         EXPECT_TRUE(all.contains(layout.building));
         for (const QRectF& bubble : layout.bubblesX)
@@ -64,7 +65,7 @@ TEST(FloorPlanLayout, BaysStayRoughlySquareInAWidePane) {
     const FloorPlanLayout layout = LayoutFloorPlan(Grid(4, 4), QSizeF(3000, 500));
     const double x = layout.linesX[1] - layout.linesX[0];
     const double y = layout.linesY[0] - layout.linesY[1];
-    EXPECT_LE(x, y * 1.36);
+    EXPECT_LE(x, y * 1.71);
 }
 
 TEST(FloorPlanLayout, OneAxisStandsInTheMiddle) {
@@ -81,6 +82,53 @@ TEST(FloorPlanLayout, APaneOfNoSizeGivesNothingNegative) {
     EXPECT_GE(layout.spacing, 0);
 }
 
+TEST(FloorPlanLayout, AGridThatNeedsMoreThanThePaneMakesThePlanLarger) {
+    const FloorPlanLayout layout = LayoutFloorPlan(Grid(20, 15), QSizeF(700, 500));
+    EXPECT_GT(layout.size.width(), 700);
+    EXPECT_GT(layout.size.height(), 500);
+    EXPECT_GE(layout.linesX[1] - layout.linesX[0], 84);
+    EXPECT_GE(layout.spacingY, 56);
+    EXPECT_TRUE(QRectF(QPointF(), layout.size).contains(layout.bubblesX.back()));
+    EXPECT_TRUE(QRectF(QPointF(), layout.size).contains(layout.building));
+}
+
+TEST(FloorPlanLayout, TheLastAxisHasRoomForItsFlagsToo) {
+    for (const QSizeF pane : {QSizeF(700, 500), QSizeF(1100, 700), QSizeF(1900, 1000)}) {
+        const FloorPlanLayout layout = LayoutFloorPlan(Grid(9, 6), pane);
+        const double right = layout.linesX.back() + PlaceRect(layout, 0).width() / 2;
+        EXPECT_GE(layout.size.width() - right, layout.flagWidth + 5);
+        EXPECT_GE(layout.flagWidth, 48);
+    }
+}
+
+TEST(FloorPlanLayout, TheShelfLiesBelowTheGridAndAloneWhereThereIsNone) {
+    const FloorPlanLayout below = LayoutFloorPlan(Grid(4, 4), QSizeF(900, 600), 7);
+    EXPECT_GT(below.shelf.top(), below.bubblesX[0].bottom());
+    EXPECT_EQ(below.shelfRows, 2);
+    EXPECT_TRUE(below.shelf.contains(ShelfCell(below, 6)));
+    EXPECT_TRUE(LayoutFloorPlan(Grid(4, 4), QSizeF(900, 600)).shelf.isEmpty());
+    const FloorPlanLayout alone = LayoutFloorPlan(PlanFloor(), QSizeF(400, 300), 30);
+    EXPECT_TRUE(alone.places.empty());
+    EXPECT_EQ(alone.shelfColumns, 2);
+    EXPECT_EQ(alone.shelfRows, 15);
+    EXPECT_GT(alone.size.height(), 300);
+    for (int cell = 1; cell < 30; ++cell)
+        EXPECT_FALSE(ShelfCell(alone, cell).intersects(ShelfCell(alone, cell - 1)));
+}
+
+TEST(PinBubbles, KeepsThemInSightOnALargePlanAndMovesNoneOfASmallOne) {
+    FloorPlanLayout layout = LayoutFloorPlan(Grid(20, 15), QSizeF(700, 500));
+    const QRectF visible(300, 100, 700, 400);
+    PinBubbles(layout, visible);
+    EXPECT_TRUE(visible.contains(layout.bubblesX[5]));
+    EXPECT_GE(layout.bubblesY[5].left(), visible.left());
+    EXPECT_DOUBLE_EQ(layout.bubblesX[5].center().x(), layout.linesX[5]);
+    FloorPlanLayout small = LayoutFloorPlan(Grid(3, 3), QSizeF(700, 500));
+    const QRectF before = small.bubblesX[0];
+    PinBubbles(small, QRectF(0, 0, 700, 500));
+    EXPECT_EQ(small.bubblesX[0], before);
+}
+
 TEST(PlaceAt, TellsNeighboursApartOnADenseGrid) {
     const FloorPlanLayout layout = LayoutFloorPlan(Grid(20, 15), QSizeF(700, 500));
     for (int place = 0; place < int(layout.places.size()); ++place)
@@ -89,13 +137,13 @@ TEST(PlaceAt, TellsNeighboursApartOnADenseGrid) {
 }
 
 TEST(PlaceCardBeside, TurnsAwayFromTheEdgesOfThePane) {
-    const QSizeF pane(600, 400);
+    const QRectF pane(100, 50, 600, 400);
     const QSizeF card(150, 80);
-    for (const QPointF corner : {QPointF(20, 20), QPointF(580, 20), QPointF(20, 380),
-                                 QPointF(580, 380), QPointF(300, 200)}) {
+    for (const QPointF corner : {QPointF(120, 70), QPointF(680, 70), QPointF(120, 430),
+                                 QPointF(680, 430), QPointF(400, 250)}) {
         const QRectF place(corner - QPointF(10, 10), QSizeF(20, 20));
         const QRectF at = PlaceCardBeside(place, card, pane);
-        EXPECT_TRUE(QRectF(QPointF(), pane).contains(at));
+        EXPECT_TRUE(pane.contains(at));
         EXPECT_FALSE(at.intersects(place));
         EXPECT_EQ(at.size(), card);
     }

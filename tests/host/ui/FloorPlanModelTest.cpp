@@ -38,7 +38,7 @@ TEST(PlanFloorBuilder, PutsEachKeyWhereItsAxesMeet) {
 
 TEST(FloorPlanModel, FindsAKeyOnAnyFloorAndNothingForNoKey) {
     FloorPlanModel model;
-    model.floors.push_back(PlanFloor{u"-1"_s, {}, {}, {}});
+    model.floors.push_back(PlanFloorBuilder(u"-1"_s).Finish());
     model.floors.push_back(TwoByTwo());
     const auto place = FindPlace(model, u"k10A"_s);
     ASSERT_TRUE(place);
@@ -49,6 +49,33 @@ TEST(FloorPlanModel, FindsAKeyOnAnyFloorAndNothingForNoKey) {
     EXPECT_FALSE(FindPlace(model, QString()));
     EXPECT_EQ(FindFloor(model, u"1"_s), 1);
     EXPECT_EQ(FindFloor(model, u"9"_s), -1);
+}
+
+TEST(FloorPlanModel, FloorsOfTheSameNameAreToldApartByTheirProject) {
+    FloorPlanModel model;
+    for (const qint32 ppid : {4, 9}) {
+        model.floors.push_back(TwoByTwo());
+        model.floors.back().ppid = ppid;
+        model.floors.back().project = u"工程%1"_s.arg(ppid);
+    }
+    model.floors.push_back(PlanFloor());
+    model.floors.back().unplacedCount = 3;
+    EXPECT_EQ(FindFloor(model, u"1"_s, 9), 1);
+    EXPECT_EQ(FindFloor(model, u"1"_s, 5), -1);
+    EXPECT_EQ(FindFloor(model, u"1"_s), 0);
+    EXPECT_EQ(FindFloor(model, QString(), 9), 2);
+    EXPECT_EQ(PlanFloorCaption(model.floors[1]), u"工程9 1层"_s);
+    EXPECT_EQ(PlanFloorCaption(model.floors[2]), u"其他"_s);
+    EXPECT_EQ(PhotoCount(model.floors[2]), 3);
+}
+
+TEST(FindIntersection, ReadsAPlaceThatWasWrittenDown) {
+    const PlanFloor floor = TwoByTwo(); // 0: 2/A, 1: 2/B, 2: 10/A, 3: 10/B
+    EXPECT_EQ(FindIntersection(floor, u"2-B轴"_s), 1);
+    EXPECT_EQ(FindIntersection(floor, u"10/A"_s), 2);
+    EXPECT_EQ(FindIntersection(floor, u"10轴 / B轴"_s), 3);
+    for (const QString& text : {u""_s, u"2"_s, u"-B"_s, u"2-"_s, u"3/A"_s, u"1/9/A"_s})
+        EXPECT_EQ(FindIntersection(floor, text), -1) << qPrintable(text);
 }
 
 TEST(NeighbourOf, StepsAlongTheAxesAndStopsAtTheEdge) {

@@ -17,12 +17,15 @@ class FloorPlanPaint : public testing::Test {
 protected:
     QImage Paint() {
         layout = state.floor < int(model.floors.size())
-                     ? LayoutFloorPlan(model.floors[state.floor], kPane)
+                     ? LayoutFloorPlan(model.floors[state.floor], kPane, ShelfCount(flags))
                      : FloorPlanLayout();
+        flagLayout = LayoutFlags(layout, flags);
         QImage image(kPane, QImage::Format_RGB32);
         image.fill(Qt::magenta);
         QPainter painter(&image);
-        PaintFloorPlan(painter, {model, state, layout, kPane, focused});
+        const FlagScene scene{flags, flagLayout, hoveredBox, litBox,
+                              QRectF(QPointF(), QSizeF(kPane))};
+        PaintFloorPlan(painter, {model, state, layout, scene, focused});
         painter.end();
         return image;
     }
@@ -33,8 +36,12 @@ protected:
     }
 
     FloorPlanModel model = hosttest::SmallPlan();
-    FloorPlanState state{1, kNoPlace, kNoPlace, false};
+    FloorPlanState state{1};
     FloorPlanLayout layout;
+    std::vector<PlacedFlag> flags;
+    FlagLayout flagLayout;
+    int hoveredBox = -1;
+    int litBox = -1;
     bool focused = false;
 };
 
@@ -87,6 +94,73 @@ TEST_F(FloorPlanPaint, AProjectWithoutFloorsSaysSoInTheMiddle) {
             written += image.pixelColor(x, y) != toolkit::Colors::Pane() ? 1 : 0;
     }
     EXPECT_GT(written, 200);
+}
+
+MarkFlag RedFlag() {
+    MarkFlag flag;
+    flag.markId = 1;
+    flag.name = QStringLiteral("质量");
+    flag.color = 0x0000C0;
+    flag.count = 12;
+    return flag;
+}
+
+/// How many pixels of a box have this colour.
+int PixelsOf(const QImage& image, const QRectF& rect, const QColor& color) {
+    int count = 0;
+    for (int x = int(rect.left()); x < int(rect.right()); ++x) {
+        for (int y = int(rect.top()); y < int(rect.bottom()); ++y)
+            count += image.pixelColor(x, y) == color ? 1 : 0;
+    }
+    return count;
+}
+
+TEST_F(FloorPlanPaint, AFlagHasItsMarksColourAndItsTextBlackOrWhiteByLuminance) {
+    flags = {{RedFlag(), 0}, {RedFlag(), 1}};
+    flags[1].flag.color = 0x40F0F0;
+    const QImage image = Paint();
+    ASSERT_EQ(flagLayout.boxes.size(), 2U);
+    const QRectF dark = flagLayout.boxes[0].rect.adjusted(3, 2, -3, -2);
+    EXPECT_GT(PixelsOf(image, dark, QColor(0xC0, 0, 0)), int(dark.width() * dark.height() / 2));
+    EXPECT_GT(PixelsOf(image, dark, Qt::white), 3);
+    EXPECT_EQ(PixelsOf(image, dark, Qt::black), 0);
+    const QRectF bright = flagLayout.boxes[1].rect.adjusted(3, 2, -3, -2);
+    EXPECT_GT(PixelsOf(image, bright, QColor(0xF0, 0xF0, 0x40)), 200);
+    EXPECT_GT(PixelsOf(image, bright, Qt::black), 3);
+    EXPECT_EQ(PixelsOf(image, bright, Qt::white), 0);
+}
+
+TEST_F(FloorPlanPaint, AnIssuesFlagBearsABadgeAndAPhotosDoesNot) {
+    flags = {{RedFlag(), 0}, {RedFlag(), 1}};
+    flags[1].flag.kind = MarkKind::kIssues;
+    const QImage image = Paint();
+    const auto whiteAtLeft = [&](int box) {
+        const QRectF rect = flagLayout.boxes[box].rect;
+        return PixelsOf(image, QRectF(rect.left() + 3, rect.center().y() - 4, 2, 8), Qt::white);
+    };
+    EXPECT_EQ(whiteAtLeft(0), 0);
+    EXPECT_GT(whiteAtLeft(1), 2);
+}
+
+TEST_F(FloorPlanPaint, TheFlagThatBlinksIsFramedWhileItIsLit) {
+    flags = {{RedFlag(), 0}};
+    const QImage dark = Paint();
+    litBox = 0;
+    const QImage lit = Paint();
+    const QRectF rect = flagLayout.boxes[0].rect;
+    const QPoint above(int(rect.center().x()), int(rect.top()) - 2);
+    EXPECT_EQ(lit.pixelColor(above), toolkit::Colors::Accent());
+    EXPECT_NE(dark.pixelColor(above), toolkit::Colors::Accent());
+}
+
+TEST_F(FloorPlanPaint, WhatHangsOnNoFloorSaysSoAndHasItsFlagsOnTheShelf) {
+    model.floors.push_back(PlanFloor());
+    state.floor = 2;
+    const QImage empty = Paint();
+    EXPECT_LT(PixelsOf(empty, QRectF(200, 220, 300, 60), toolkit::Colors::Pane()), 300 * 60 - 200);
+    flags = {{RedFlag(), kShelf}};
+    const QImage image = Paint();
+    EXPECT_GT(PixelsOf(image, flagLayout.boxes[0].rect, QColor(0xC0, 0, 0)), 1000);
 }
 
 } // namespace

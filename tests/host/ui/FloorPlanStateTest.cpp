@@ -55,8 +55,18 @@ TEST(FloorPlanState, EscapeClosesTheCardFirstAndThenGivesUpTheChoice) {
     EXPECT_EQ(Retreat(once).chosen, kNoPlace);
 }
 
+TEST(FloorPlanState, AFlagUnderTheMouseHidesThePlaceBelowIt) {
+    FloorPlanState state = Hover(FloorPlanState(), 1, 4);
+    EXPECT_EQ(state.hoveredFlag, 4);
+    EXPECT_EQ(state.hovered, kNoPlace);
+    state = ForgetFlags(state);
+    EXPECT_EQ(state.hoveredFlag, -1);
+    EXPECT_EQ(Hover(state, 1).hovered, 1);
+    EXPECT_EQ(ShowFloor(Hover(FloorPlanState(), 0, 4), TwoFloors(), 1).hoveredFlag, -1);
+}
+
 TEST(FloorPlanState, ALookupBringsUpTheFloorAndChoosesThePlace) {
-    const FloorPlanState found = Locate(Hover(FloorPlanState(), 0), PlanPlace{1, 1});
+    const FloorPlanState found = Locate(PlanPlace{1, 1});
     EXPECT_EQ(found.floor, 1);
     EXPECT_EQ(found.chosen, 1);
     EXPECT_EQ(found.hovered, kNoPlace);

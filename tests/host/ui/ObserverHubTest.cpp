@@ -31,7 +31,9 @@ struct ViewObs final : NamedObs, KXFRAME::IViewBimPicObs {
         seen = u"%1 %2 %3 %4"_s.arg(*ppid).arg(floor, key).arg(markId);
     }
     void OpenIssueEdit(qint32) override {}
-    void LocateIssue(qint32, const QString&) override {}
+    void LocateIssue(qint32 ppid, const QString& questionId) override {
+        seen = u"%1 %2"_s.arg(ppid).arg(questionId);
+    }
     QString seen;
 };
 
@@ -75,6 +77,24 @@ TEST(ObserverHub, HandsAPhotoToTheViewer) {
     hub.AddObserver(&viewer);
     EXPECT_TRUE(hub.ViewBimPic(4, u"-1"_s, u"key"_s, 3));
     EXPECT_EQ(viewer.seen, u"4 -1 key 3"_s);
+    EXPECT_TRUE(hub.LocateIssue(4, u"q1"_s));
+    EXPECT_EQ(viewer.seen, u"4 q1"_s);
+}
+
+TEST(ObserverHub, AsksTheFirstViewerUnderThatNameAndNobodyElse) {
+    ViewObs other(u"Other"_s);
+    ViewObs first(u"ViewBimPic"_s);
+    ViewObs second(u"ViewBimPic"_s);
+    ObserverHub hub;
+    EXPECT_FALSE(hub.LocateIssue(4, u"q1"_s));
+    for (ViewObs* observer : {&other, &first, &second})
+        hub.AddObserver(observer);
+    EXPECT_TRUE(hub.LocateIssue(4, u"q1"_s));
+    EXPECT_EQ(first.seen, u"4 q1"_s);
+    EXPECT_TRUE(other.seen.isEmpty());
+    EXPECT_TRUE(second.seen.isEmpty());
+    hub.Clear();
+    EXPECT_FALSE(hub.ViewBimPic(4, u"-1"_s, u"key"_s, 3));
 }
 
 } // namespace

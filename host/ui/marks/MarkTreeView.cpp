@@ -1,0 +1,44 @@
+#include "host/ui/marks/MarkTreeView.h"
+
+#include "toolkit/Look.h"
+
+#include <QHeaderView>
+#include <QPainter>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+MarkTreeView::MarkTreeView(QWidget* parent) : QTreeView(parent) {
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setExpandsOnDoubleClick(false);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    setIndentation(18);
+    header()->setStretchLastSection(false);
+    header()->setSectionsMovable(false);
+    header()->setHighlightSections(false);
+}
+
+void MarkTreeView::SetHint(const QString& text) {
+    hint = text;
+    viewport()->update();
+}
+
+void MarkTreeView::ShareWidth() {
+    header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    header()->setSectionResizeMode(1, QHeaderView::Fixed);
+    header()->resizeSection(1, fontMetrics().horizontalAdvance(u"1,000,000"_s) + 12);
+}
+
+void MarkTreeView::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    if (hint.isEmpty() || (model() != nullptr && model()->rowCount() > 0))
+        return;
+    QPainter painter(viewport());
+    painter.setPen(toolkit::Colors::HintText());
+    painter.drawText(viewport()->rect().adjusted(12, 8, -12, -8),
+                     Qt::AlignCenter | Qt::TextWordWrap, hint);
+}
+
+} // namespace host

@@ -1,0 +1,171 @@
+#include "host/ui/marks/ShownMarks.h"
+
+#include <algorithm>
+#include <charconv>
+#include <utility>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint32 kUnknownColor = 0x9E9E9E;
+
+/// The client's own tree names the group of no floor so.
+QString FloorOfGroup(const QString& name) {
+    return name == u"其他"_s ? QString() : name;
+}
+
+/// The client's own tree has the project in the first text of a leaf.
+qint32 ProjectOf(const KX_DATA::PicMarkLeaf& leaf) {
+    qint32 ppid = 0;
+    std::from_chars(leaf.text1.data(), leaf.text1.data() + leaf.text1.size(), ppid);
+    return ppid;
+}
+
+bool IsWanted(qint32 ppid, qint32 wanted) {
+    return wanted == 0 || ppid == 0 || ppid == wanted;
+}
+
+} // namespace
+
+bool IsSameFlag(const MarkFlag& one, const MarkFlag& other) {
+    return one.kind == other.kind && one.markId == other.markId && one.ppid == other.ppid &&
+           one.floor == other.floor && one.positionKey == other.positionKey &&
+           one.placeText == other.placeText;
+}
+
+QString FlagName(const MarkFlag& flag) {
+    return flag.name.isEmpty() ? u"标识 %1"_s.arg(flag.markId) : flag.name;
+}
+
+void ShownMarks::SetPhotos(const std::vector<KX_DATA::PicMarkGroup>& groups) {
+    photos.clear();
+    photos.reserve(groups.size());
+    for (const KX_DATA::PicMarkGroup& group : groups)
+        photos.push_back({FloorOfGroup(readText(group.name)), group});
+}
+
+void ShownMarks::SetIssues(const std::vector<KX_DATA::IssueMarkGroup>& groups) {
+    issues.clear();
+    // A ticked issue comes alone in its group, so one floor comes in very many of them.
+    std::map<std::pair<QString, qint32>, std::size_t> floors;
+    for (const KX_DATA::IssueMarkGroup& group : groups) {
+        const auto [found, isNew] =
+            floors.try_emplace({FloorOfGroup(group.name), group.id}, issues.size());
+        if (isNew)
+            issues.push_back({found->first.first, group.id, {}});
+        auto& entries = issues[found->second].entries;
+        entries.insert(entries.end(), group.entries.begin(), group.entries.end());
+    }
+}
+
+void ShownMarks::Show(MarkKind kind, bool on) {
+    (kind == MarkKind::kPhotos ? showPhotos : showIssues) = on;
+}
+
+bool ShownMarks::IsShown(MarkKind kind) const {
+    return kind == MarkKind::kPhotos ? showPhotos : showIssues;
+}
+
+MarkFlag ShownMarks::FlagOf(const PhotoFloor& floor, const KX_DATA::PicMarkItem& item,
+                            const KX_DATA::PicMarkLeaf& leaf) const {
+    const auto mark = marks.find(leaf.markId);
+    MarkFlag flag;
+    flag.markId = leaf.markId;
+    flag.name = leaf.markName;
+    flag.color = mark == marks.end() ? kUnknownColor : mark->second.color;
+    flag.count = leaf.count;
+    flag.ppid = ProjectOf(leaf);
+    flag.floor = floor.name;
+    flag.positionKey = readText(item.positionKey);
+    flag.placeText = readText(item.itemName);
+    return flag;
+}
+
+MarkFlag ShownMarks::FlagOf(const IssueFloor& floor, const KX_DATA::IssueMarkEntry& entry) const {
+    const auto mark = marks.find(entry.value);
+    MarkFlag flag;
+    flag.kind = MarkKind::kIssues;
+    flag.markId = entry.value;
+    flag.name = mark == marks.end() ? QString() : mark->second.name;
+    flag.color = mark == marks.end() ? kUnknownColor : mark->second.color;
+    flag.ppid = floor.ppid;
+    flag.floor = floor.name;
+    flag.placeText = entry.text3;
+    return flag;
+}
+
+void ShownMarks::AddPhotos(const PhotoFloor& floor, qint32 ppid,
+                           std::vector<MarkFlag>& flags) const {
+    for (const KX_DATA::PicMarkItem& item : floor.group.items) {
+        const std::size_t first = flags.size();
+        for (const KX_DATA::PicMarkLeaf& leaf : item.leaves) {
+            if (!IsWanted(ProjectOf(leaf), ppid))
+                continue;
+            const MarkFlag flag = FlagOf(floor, item, leaf);
+            // What hangs on no floor comes with a leaf for each of its places.
+            const auto same = std::find_if(flags.begin() + qsizetype(first), flags.end(),
+                                           [&](const auto& one) { return IsSameFlag(one, flag); });
+            if (same == flags.end())
+                flags.push_back(flag);
+            else
+                same->count += flag.count;
+        }
+    }
+}
+
+void ShownMarks::AddIssues(const IssueFloor& floor, std::vector<MarkFlag>& flags) const {
+    std::map<std::pair<QString, qint32>, std::size_t> known;
+    for (const KX_DATA::IssueMarkEntry& entry : floor.entries) {
+        const auto [found, isNew] = known.try_emplace({entry.text3, entry.value}, flags.size());
+        if (isNew)
+            flags.push_back(FlagOf(floor, entry));
+        MarkFlag& flag = flags[found->second];
+        flag.issues.push_back({entry.itemKey, entry.itemText});
+        ++flag.count;
+    }
+}
+
+std::vector<MarkFlag> ShownMarks::FlagsOf(const QString& floor, qint32 ppid) const {
+    std::vector<MarkFlag> flags;
+    for (const PhotoFloor& one : photos) {
+        if (showPhotos && one.name == floor)
+            AddPhotos(one, ppid, flags);
+    }
+    for (const IssueFloor& one : issues) {
+        if (showIssues && one.name == floor && IsWanted(one.ppid, ppid))
+            AddIssues(one, flags);
+    }
+    return flags;
+}
+
+std::optional<MarkFlag> ShownMarks::FindPhoto(const QString& positionKey, qint32 markId) const {
+    for (const PhotoFloor& floor : photos) {
+        // On no floor no item has a key of its own that counts.
+        if (!showPhotos || floor.name.isEmpty() != positionKey.isEmpty())
+            continue;
+        for (const KX_DATA::PicMarkItem& item : floor.group.items) {
+            if (!floor.name.isEmpty() && readText(item.positionKey) != positionKey)
+                continue;
+            for (const KX_DATA::PicMarkLeaf& leaf : item.leaves) {
+                if (leaf.markId == markId)
+                    return FlagOf(floor, item, leaf);
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<MarkFlag> ShownMarks::FindIssue(const QString& questionId) const {
+    for (const IssueFloor& floor : issues) {
+        for (const KX_DATA::IssueMarkEntry& entry : floor.entries) {
+            if (showIssues && entry.itemKey == questionId)
+                return FlagOf(floor, entry);
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace host

@@ -1,0 +1,64 @@
+// The marks that a view was given to show, as flags floor by floor.
+#pragma once
+
+#include "host/ui/marks/MarkFlag.h"
+#include "services/EnvRecords.h"
+#include "services/MarkGroups.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace host {
+
+/// What a view of marks knows, however it draws them. Texts of code page 936 become texts only for
+/// the floor that is asked for. Thread: user interface. Touches no window.
+class ShownMarks final {
+public:
+    using ReadText = QString (*)(const std::string& bytes);
+    /// @param reader  turns texts of code page 936 into texts.
+    explicit ShownMarks(ReadText reader) : readText(reader) {}
+
+    void SetMarkTable(std::map<qint32, KX_DATA::MarkRecord> table) { marks = std::move(table); }
+    void SetPhotos(const std::vector<KX_DATA::PicMarkGroup>& groups);
+    void SetIssues(const std::vector<KX_DATA::IssueMarkGroup>& groups);
+    /// Switches the display of a kind; its marks are kept.
+    void Show(MarkKind kind, bool on);
+    [[nodiscard]] bool IsShown(MarkKind kind) const;
+
+    /// @param floor  empty: what hangs on no floor.
+    /// @param ppid   project; 0: all of them. Flags that don't say their project always count.
+    /// @return       photos first; each mark at each place once.
+    [[nodiscard]] std::vector<MarkFlag> FlagsOf(const QString& floor, qint32 ppid) const;
+    /// The flag of a photo's mark or of an issue; nothing if it isn't shown.
+    [[nodiscard]] std::optional<MarkFlag> FindPhoto(const QString& positionKey,
+                                                    qint32 markId) const;
+    [[nodiscard]] std::optional<MarkFlag> FindIssue(const QString& questionId) const;
+
+private:
+    struct PhotoFloor {
+        QString name;
+        KX_DATA::PicMarkGroup group;
+    };
+    struct IssueFloor {
+        QString name;
+        qint32 ppid = 0;
+        std::vector<KX_DATA::IssueMarkEntry> entries;
+    };
+    [[nodiscard]] MarkFlag FlagOf(const PhotoFloor& floor, const KX_DATA::PicMarkItem& item,
+                                  const KX_DATA::PicMarkLeaf& leaf) const;
+    [[nodiscard]] MarkFlag FlagOf(const IssueFloor& floor,
+                                  const KX_DATA::IssueMarkEntry& entry) const;
+    void AddPhotos(const PhotoFloor& floor, qint32 ppid, std::vector<MarkFlag>& flags) const;
+    void AddIssues(const IssueFloor& floor, std::vector<MarkFlag>& flags) const;
+
+    ReadText readText;
+    std::map<qint32, KX_DATA::MarkRecord> marks;
+    std::vector<PhotoFloor> photos;
+    std::vector<IssueFloor> issues;
+    bool showPhotos = true;
+    bool showIssues = true;
+};
+
+} // namespace host

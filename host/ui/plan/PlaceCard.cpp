@@ -1,0 +1,44 @@
+#include "host/ui/plan/PlaceCard.h"
+
+#include "host/ui/plan/FloorPlanLayout.h"
+#include "toolkit/Icons.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+PlaceCard::PlaceCard(QWidget* parent) : QFrame(parent) {
+    setObjectName(u"planCard"_s);
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
+    auto* lines = new QVBoxLayout(this);
+    lines->setContentsMargins(12, 8, 12, 12);
+    lines->setSpacing(8);
+    text = new QLabel(this);
+    text->setTextFormat(Qt::PlainText);
+    photos = new QPushButton(toolkit::Icon(u"photo"_s), u"查看此处照片"_s, this);
+    photos->setObjectName(u"planCardPhotos"_s);
+    photos->setToolTip(u"在控制台中列出此轴线交点的照片（Ctrl+4）"_s);
+    lines->addWidget(text);
+    lines->addWidget(photos);
+    connect(photos, &QPushButton::clicked, this, &PlaceCard::PhotosWanted);
+    hide();
+}
+
+void PlaceCard::ShowFor(const QString& caption, int photoCount, const QRectF& place,
+                        const QRectF& area) {
+    text->setText(photoCount > 0 ? u"%1\n%2 张照片"_s.arg(caption).arg(photoCount)
+                                 : u"%1\n此处没有照片"_s.arg(caption));
+    photos->setEnabled(photoCount > 0);
+    layout()->activate();
+    setGeometry(PlaceCardBeside(place, sizeHint(), area).toAlignedRect());
+    show();
+    raise();
+}
+
+} // namespace host

@@ -1,0 +1,58 @@
+#include "host/ui/plan/PlanScroll.h"
+
+#include "host/ui/plan/FloorPlanCanvas.h"
+
+#include <QScrollBar>
+
+namespace host {
+
+PlanScroll::PlanScroll(FloorPlanCanvas* planCanvas, QWidget* parent)
+    : QScrollArea(parent), canvas(planCanvas) {
+    setFrameShape(QFrame::NoFrame);
+    // The canvas takes the keys.
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(canvas);
+    setMinimumSize(320, 240);
+    for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
+        bar->setSingleStep(24);
+}
+
+// Whether a bar is needed is decided here: left to the area, each bar would call for the other.
+void PlanScroll::Fit() {
+    const QSize whole = contentsRect().size();
+    const int bar = verticalScrollBar()->sizeHint().width();
+    QSize window = whole;
+    bool isWide = canvas->SizeIn(window).width() > window.width();
+    window.rheight() -= isWide ? bar : 0;
+    const bool isHigh = canvas->SizeIn(window).height() > window.height();
+    window.rwidth() -= isHigh ? bar : 0;
+    isWide = isWide || canvas->SizeIn(window).width() > window.width();
+    window.setHeight(whole.height() - (isWide ? bar : 0));
+    setHorizontalScrollBarPolicy(isWide ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    setVerticalScrollBarPolicy(isHigh ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    canvas->resize(canvas->SizeIn(window));
+    TellVisible();
+}
+
+void PlanScroll::ShowArea(const QRectF& area) {
+    constexpr int margin = 40;
+    const QPoint centre = area.center().toPoint();
+    ensureVisible(centre.x(), centre.y(), int(area.width() / 2) + margin,
+                  int(area.height() / 2) + margin);
+}
+
+void PlanScroll::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    Fit();
+}
+
+void PlanScroll::scrollContentsBy(int dx, int dy) {
+    QScrollArea::scrollContentsBy(dx, dy);
+    TellVisible();
+}
+
+void PlanScroll::TellVisible() {
+    canvas->SetVisibleArea(QRect(-canvas->pos(), viewport()->size()));
+}
+
+} // namespace host

@@ -1,0 +1,132 @@
+#include "host/ui/marks/ShownMarks.h"
+
+#include "host/ui/plan/FloorFlags.h"
+#include "tests/host/ui/FloorPlanSamples.h"
+#include "tests/host/ui/MarkSamples.h"
+
+#include <gtest/gtest.h>
+
+namespace host {
+namespace {
+
+using namespace Qt::StringLiterals;
+using hosttest::IssueGroup;
+using hosttest::PhotoGroup;
+using hosttest::PhotoItem;
+
+QString Utf8(const std::string& bytes) {
+    return QString::fromStdString(bytes);
+}
+
+class Marks : public testing::Test {
+protected:
+    Marks() {
+        marks.SetMarkTable({{1, {u"质量"_s, 0x0000FF}}, {2, {u"安全"_s, 0x00FF00}}});
+        marks.SetPhotos({PhotoGroup("1", {PhotoItem("1:2/B", "2/B", {{1, 5}, {2, 3}}),
+                                          PhotoItem("1:gone", "9/Z", {{99, 4}})}),
+                         PhotoGroup("2", {PhotoItem("2:1/A", "1/A", {{1, 1}})}),
+                         PhotoGroup("其他", {PhotoItem("", "", {{1, 2}, {2, 6}, {1, 3}})})});
+        marks.SetIssues({IssueGroup(u"1"_s, u"q1"_s, u"2-B轴"_s, 1),
+                         IssueGroup(u"1"_s, u"q2"_s, u"2-B轴"_s, 1),
+                         IssueGroup(u"1"_s, u"q3"_s, u"楼梯间"_s, 2),
+                         IssueGroup(u"其他"_s, u"q4"_s, QString(), 2)});
+    }
+
+    ShownMarks marks{Utf8};
+};
+
+TEST_F(Marks, AFloorHasAFlagForEachMarkAtEachPlacePhotosFirst) {
+    const auto flags = marks.FlagsOf(u"1"_s, 7);
+    ASSERT_EQ(flags.size(), 5U);
+    EXPECT_EQ(flags[0].positionKey, u"1:2/B"_s);
+    EXPECT_EQ(flags[0].markId, 1);
+    EXPECT_EQ(flags[0].color, 0x0000FF);
+    EXPECT_EQ(flags[0].count, 5);
+    EXPECT_EQ(flags[0].ppid, 7);
+    EXPECT_EQ(flags[0].floor, u"1"_s);
+    EXPECT_EQ(flags[1].markId, 2);
+    EXPECT_EQ(flags[3].kind, MarkKind::kIssues);
+    EXPECT_EQ(flags[3].count, 2);
+    ASSERT_EQ(flags[3].issues.size(), 2U);
+    EXPECT_EQ(flags[3].issues[1].questionId, u"q2"_s);
+    EXPECT_EQ(flags[3].name, u"质量"_s);
+    EXPECT_TRUE(marks.FlagsOf(u"5"_s, 7).empty());
+}
+
+TEST_F(Marks, AMarkThatTheTableDoesNotKnowIsGreyAndNamedByItsNumber) {
+    const MarkFlag flag = marks.FlagsOf(u"1"_s, 7)[2];
+    EXPECT_EQ(flag.markId, 99);
+    EXPECT_EQ(flag.color, 0x9E9E9E);
+    EXPECT_EQ(FlagName(flag), u"标识 99"_s);
+}
+
+TEST_F(Marks, OnNoFloorEachMarkHasOneFlagWhateverItsPlaces) {
+    const auto flags = marks.FlagsOf(QString(), 0);
+    ASSERT_EQ(flags.size(), 3U);
+    EXPECT_EQ(flags[0].count, 5);
+    EXPECT_EQ(flags[1].count, 6);
+    EXPECT_EQ(flags[2].issues[0].questionId, u"q4"_s);
+}
+
+TEST_F(Marks, AFloorOfAnotherProjectHasItsOwnFlags) {
+    EXPECT_TRUE(marks.FlagsOf(u"1"_s, 8).empty());
+    EXPECT_EQ(marks.FlagsOf(u"1"_s, 0).size(), 5U);
+}
+
+TEST_F(Marks, AKindThatIsNotDisplayedHasNoFlagsAndCannotBeFound) {
+    marks.Show(MarkKind::kPhotos, false);
+    EXPECT_EQ(marks.FlagsOf(u"1"_s, 7).size(), 2U);
+    EXPECT_FALSE(marks.FindPhoto(u"1:2/B"_s, 1));
+    EXPECT_TRUE(marks.FindIssue(u"q1"_s));
+    marks.Show(MarkKind::kPhotos, true);
+    marks.Show(MarkKind::kIssues, false);
+    EXPECT_FALSE(marks.IsShown(MarkKind::kIssues));
+    EXPECT_EQ(marks.FlagsOf(u"1"_s, 7).size(), 3U);
+    EXPECT_TRUE(marks.FindPhoto(u"1:2/B"_s, 1));
+    EXPECT_FALSE(marks.FindIssue(u"q1"_s));
+}
+
+TEST_F(Marks, OnlyWhatIsAmongThemIsFound) {
+    EXPECT_EQ(marks.FindPhoto(u"2:1/A"_s, 1)->floor, u"2"_s);
+    EXPECT_FALSE(marks.FindPhoto(u"2:1/A"_s, 2));
+    EXPECT_FALSE(marks.FindPhoto(u"elsewhere"_s, 1));
+    EXPECT_TRUE(marks.FindPhoto(QString(), 2)->floor.isEmpty());
+    EXPECT_FALSE(marks.FindPhoto(QString(), 99));
+    EXPECT_EQ(marks.FindIssue(u"q3"_s)->placeText, u"楼梯间"_s);
+    EXPECT_FALSE(marks.FindIssue(u"q9"_s));
+}
+
+TEST_F(Marks, NewMarksReplaceTheOldOnes) {
+    marks.SetPhotos({});
+    marks.SetIssues({});
+    EXPECT_TRUE(marks.FlagsOf(u"1"_s, 7).empty());
+    EXPECT_FALSE(marks.FindIssue(u"q1"_s));
+}
+
+TEST_F(Marks, FlagsStandAtTheirIntersectionsAndOthersOnTheShelf) {
+    PlanFloor floor = hosttest::SmallPlan().floors[1];
+    floor.ppid = 7;
+    const auto flags = PlaceFlags(marks, floor);
+    ASSERT_EQ(flags.size(), 5U);
+    const int place = FindPlace({u"x"_s, {floor}}, u"1:2/B"_s)->intersection;
+    EXPECT_EQ(flags[0].place, place);
+    EXPECT_EQ(flags[1].place, place);
+    EXPECT_EQ(flags[2].place, place);
+    EXPECT_EQ(flags[2].flag.kind, MarkKind::kIssues);
+    EXPECT_EQ(flags[3].place, kShelf);
+    EXPECT_EQ(flags[3].flag.placeText, u"9/Z"_s);
+    EXPECT_EQ(flags[4].place, kShelf);
+    EXPECT_EQ(ShelfCount(flags), 2);
+}
+
+TEST_F(Marks, AFlagsFloorIsThatOfItsKeyOrOfItsName) {
+    const FloorPlanModel model = hosttest::SmallPlan();
+    EXPECT_EQ(FloorOfFlag(model, *marks.FindPhoto(u"1:2/B"_s, 1)), 1);
+    EXPECT_EQ(FloorOfFlag(model, *marks.FindPhoto(u"1:gone"_s, 99)), 1);
+    EXPECT_EQ(FloorOfFlag(model, *marks.FindPhoto(u"2:1/A"_s, 1)), -1);
+    EXPECT_EQ(FloorOfFlag(model, *marks.FindPhoto(QString(), 1)), -1);
+    EXPECT_EQ(FloorOfFlag(model, *marks.FindIssue(u"q3"_s)), 1);
+}
+
+} // namespace
+} // namespace host
