@@ -164,10 +164,13 @@ std::vector<KX_DATA::PicFileEntry> BimPhotos::Files(const std::vector<qint32>& p
 std::vector<KX_DATA::PicFileEntry>
 BimPhotos::FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId) {
     std::vector<KX_DATA::PicFileEntry> files;
-    database.ForEach(u"SELECT id, file_uuid, audio_uuid FROM bim_photo WHERE position_key = ?"
+    // Photos without a floor hang on one place, whatever their key.
+    const QString place = positionKey.isEmpty() ? u"floor_sort"_s : u"position_key"_s;
+    const QString value = positionKey.isEmpty() ? FloorSortKey(QString()) : positionKey;
+    database.ForEach(u"SELECT id, file_uuid, audio_uuid FROM bim_photo WHERE %1 = ?"
                      " AND mark_id = ? AND ppid = ? AND status = 0"
-                     " ORDER BY modified DESC, id DESC"_s,
-                     {positionKey, markId, ppid},
+                     " ORDER BY modified DESC, id DESC"_s.arg(place),
+                     {value, markId, ppid},
                      [&](const Statement& read) { files.push_back(FileOf(read)); });
     return files;
 }

@@ -22,7 +22,7 @@ public:
     [[nodiscard]] bool Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail);
     /// Files of BIM and drawing photos, in the order of the ids; unknown ids are left out.
     [[nodiscard]] std::vector<KX_DATA::PicFileEntry> Files(const std::vector<qint32>& picIds);
-    /// Shown photos only, latest change first.
+    /// Shown photos only, latest change first. An empty key: those without a floor.
     [[nodiscard]] std::vector<KX_DATA::PicFileEntry>
     FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId);
 

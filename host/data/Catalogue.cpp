@@ -1,6 +1,7 @@
 #include "host/data/Catalogue.h"
 
 #include "host/data/Database.h"
+#include "host/data/FloorOrder.h"
 
 #include <QDateTime>
 
@@ -114,6 +115,14 @@ std::map<QString, qint32> Catalogue::PhotoCounts(qint32 ppid) {
                      " FROM position WHERE ppid = ? AND valid <> 0"_s,
                      {ppid}, [&](const Statement& row) { counts[row.Text(0)] = row.Int(1); });
     return counts;
+}
+
+qint32 Catalogue::PhotosWithoutFloor(qint32 ppid) {
+    return database
+        .Value(u"SELECT count(*) FROM bim_photo INDEXED BY bim_by_place WHERE ppid = ?"
+               " AND floor_sort = ?"_s,
+               {ppid, FloorSortKey(QString())})
+        .toInt();
 }
 
 std::vector<KX_DATA::CurrentDrawing> Catalogue::Drawings(qint32 ppid) {

@@ -60,6 +60,9 @@ public:
     /// How many BIM photos, hidden ones included, each valid position of a project has, by its key.
     [[nodiscard]] std::map<QString, qint32> PhotoCounts(qint32 ppid);
 
+    /// BIM photos of a project on no floor, hidden ones included.
+    [[nodiscard]] qint32 PhotosWithoutFloor(qint32 ppid);
+
     [[nodiscard]] std::vector<KX_DATA::CurrentDrawing> Drawings(qint32 ppid);
 
     /// Newest first.
