@@ -2,12 +2,14 @@
 
 #include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
+#include "host/app/MarkFlow.h"
 #include "host/app/PlanReader.h"
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/ActionLogModel.h"
 #include "host/ui/LocateText.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
+#include "host/ui/marks/MarkPanelDock.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "host/ui/plan/FloorPlanView.h"
@@ -57,6 +59,8 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     module.Pictures()->SetPicSink(&sink);
     module.Pictures()->SetIssueEditSink(&sink);
     module.Pictures()->AttachObservers(&hub);
+    marks = std::make_unique<MarkFlow>(MarkFlow::Parts{session, window->Marks(), *view, hub,
+                                                       *module.Pictures(), *module.PictureData()});
     window->SetUserName(session.UserName());
     window->SetDataFolder(session.Folder()->Path());
     BringBackLayout();
@@ -70,6 +74,8 @@ void Client::Stop() {
         return;
     imports.reset();
     KeepLayout();
+    if (marks)
+        marks->Keep();
     window->CloseOtherWindows();
     hub.Clear();
     delete binWindow;
@@ -81,6 +87,7 @@ void Client::Stop() {
     session.SetActionSink({});
     window->disconnect(this);
     window->hide();
+    marks.reset();
     if (module.Pictures() != nullptr) {
         module.Pictures()->SetPicSink(nullptr);
         module.Pictures()->SetIssueEditSink(nullptr);
@@ -122,7 +129,7 @@ void Client::ConnectWindow() {
             [this](int pointId) { window->ShowStatus(u"定位图纸上的检查点 %1"_s.arg(pointId)); });
     connect(window.get(), &MainWindow::PathsDropped, imports.get(), &ImportFlow::Ask);
     connect(window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
-    connect(imports.get(), &ImportFlow::Imported, this, &Client::ReadPlan);
+    connect(imports.get(), &ImportFlow::Imported, this, &Client::ReadAnew);
     FloorPlanCanvas& canvas = window->Plan().Canvas();
     connect(&canvas, &FloorPlanCanvas::PhotosWanted, this, &Client::ShowPhotosAt);
     connect(&canvas, &FloorPlanCanvas::ChoiceChanged, this, &Client::EnableCommands);
@@ -153,8 +160,12 @@ void Client::ConnectSink() {
     connect(&sink, &PictureSink::BimMarksChanged, this, [this, tell] {
         tell(u"照片"_s);
         ReadPlan();
+        marks->Reload(MarkKind::kPhotos);
     });
-    connect(&sink, &PictureSink::IssueMarksChanged, this, [tell] { tell(u"问题"_s); });
+    connect(&sink, &PictureSink::IssueMarksChanged, this, [this, tell] {
+        tell(u"问题"_s);
+        marks->Reload(MarkKind::kIssues);
+    });
     connect(&sink, &PictureSink::PdfMarksChanged, this, [tell] { tell(u"图纸"_s); });
     connect(&sink, &PictureSink::DrawingWanted, this, &Client::BringUpDrawing);
     connect(&sink, &PictureSink::MarkWanted, this,
@@ -165,6 +176,8 @@ void Client::ConnectSink() {
 
 void Client::OnPhotoLocated(const QString& text) {
     const auto target = ParseLocateText(text);
+    if (target)
+        view->ShowFloor(target->floor);
     window->ShowStatus(target ? u"定位照片 %1：%2，标识 %3"_s.arg(target->picId)
                                     .arg(FloorCaption(target->floor))
                                     .arg(target->markId)
@@ -188,6 +201,7 @@ void Client::ReadProjects() {
 void Client::TakeProject(int index) {
     if (index < 0 || index >= int(choices.size()) || index == OpenChoice(session, choices))
         return;
+    marks->Keep();
     WithoutFault(session, [&] { TakeChoice(session, choices[index]); });
     ProjectChanged();
 }
@@ -200,6 +214,7 @@ void Client::ProjectChanged() {
     window->SetProjects(names, OpenChoice(session, choices));
     ReadDrawings();
     ReadPlan();
+    marks->ProjectChanged();
     window->ShowStatus(session.CurrentProject().ppid == 0 ? u"没有打开的工程"_s : u"就绪"_s);
 }
 
@@ -242,11 +257,20 @@ void Client::BringUpDrawing(qint32 drawingId) {
 }
 
 void Client::ReadPlan() {
-    const ProjectEntry& project = session.CurrentProject();
-    PhotoCounts counts;
-    WithoutFault(session, [&] { counts = session.Tables().PhotoCounts(project.ppid); });
-    window->Plan().SetModel(ReadFloorPlan(project.ppid, project.name, counts));
+    std::vector<PlanProject> projects;
+    WithoutFault(session, [&] {
+        for (const ProjectEntry& open : session.OpenProjects())
+            projects.push_back({open.ppid, open.name, session.Tables().PhotoCounts(open.ppid),
+                                session.Tables().PhotosWithoutFloor(open.ppid)});
+    });
+    window->Plan().SetModel(ReadFloorPlan(projects));
     EnableCommands();
+}
+
+void Client::ReadAnew() {
+    ReadPlan();
+    marks->Reload(MarkKind::kPhotos);
+    marks->Reload(MarkKind::kIssues);
 }
 
 void Client::EnableCommands() {

@@ -23,6 +23,7 @@ class FloorPlanView;
 class HostSession;
 class ImportFlow;
 class MainWindow;
+class MarkFlow;
 
 /// Makes the main window over a session whose folder is open and whose user is signed in, loads the
 /// module and carries orders from one to the other. Start and Stop keep the order in which things
@@ -66,6 +67,8 @@ private:
     void TakeDrawing(int index);
     void BringUpDrawing(qint32 drawingId);
     void ReadPlan();
+    /// After a change of the data by the client itself.
+    void ReadAnew();
     void EnableCommands();
 
     HostSession& session;
@@ -78,6 +81,7 @@ private:
     std::unique_ptr<MainWindow> window;
     std::unique_ptr<FloorPlanView> view;
     std::unique_ptr<ImportFlow> imports;
+    std::unique_ptr<MarkFlow> marks;
     QPointer<BinWindow> binWindow;
     std::vector<ProjectChoice> choices;
     std::vector<KX_DATA::CurrentDrawing> drawings;

@@ -68,7 +68,7 @@ void Client::ObeyHost(Command command) {
         toolkit::Prompts().OpenFolder(session.Folder()->Path());
         break;
     case Command::kRefresh:
-        ReadPlan();
+        ReadAnew();
         window->ShowStatus(u"平面图已刷新"_s);
         break;
     case Command::kClearMessages:
@@ -118,7 +118,7 @@ void Client::ShowBin() {
         binWindow->setAttribute(Qt::WA_DeleteOnClose);
         connect(binWindow, &BinWindow::Restored, this, [this](int count) {
             window->ShowStatus(u"已恢复 %1 项，控制台刷新（F5）后可见"_s.arg(count));
-            ReadPlan();
+            ReadAnew();
         });
     }
     binWindow->show();

@@ -28,14 +28,25 @@ PlanFloor ReadFloor(qint32 ppid, const QString& name, const PhotoCounts& counts)
 
 } // namespace
 
-FloorPlanModel ReadFloorPlan(qint32 ppid, const QString& projectName, const PhotoCounts& counts) {
+FloorPlanModel ReadFloorPlan(const std::vector<PlanProject>& projects) {
     FloorPlanModel model;
-    model.projectName = projectName;
-    std::vector<QString> floors;
-    if (ppid == 0 || GetVeskPicMng()->GetProjectFloors(ppid, floors) != KX_DATA::kServiceOk)
-        return model;
-    for (const QString& floor : floors)
-        model.floors.push_back(ReadFloor(ppid, floor, counts));
+    PlanFloor others;
+    for (const PlanProject& project : projects) {
+        if (model.projectName.isEmpty())
+            model.projectName = project.name;
+        others.unplacedCount += project.withoutFloor;
+        std::vector<QString> floors;
+        if (GetVeskPicMng()->GetProjectFloors(project.ppid, floors) != KX_DATA::kServiceOk)
+            continue;
+        for (const QString& name : floors) {
+            PlanFloor floor = ReadFloor(project.ppid, name, project.counts);
+            floor.ppid = project.ppid;
+            floor.project = projects.size() > 1 ? project.name : QString();
+            model.floors.push_back(std::move(floor));
+        }
+    }
+    if (!model.floors.empty() || others.unplacedCount > 0)
+        model.floors.push_back(others);
     return model;
 }
 

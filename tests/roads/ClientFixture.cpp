@@ -3,6 +3,7 @@
 #include "host/tour/TourDriver.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
+#include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "tests/support/WaitFor.h"
 
@@ -41,6 +42,15 @@ bool ClientOnAFolder::ChooseProject(const QString& entry) {
 
 host::FloorPlanCanvas& ClientOnAFolder::Plan() const {
     return client->Window()->Plan().Canvas();
+}
+
+std::vector<int> ClientOnAFolder::FlagCounts() const {
+    std::vector<int> counts;
+    for (const host::PlacedFlag& placed : Plan().Flags()) {
+        if (placed.flag.kind == host::MarkKind::kPhotos)
+            counts.push_back(placed.flag.count);
+    }
+    return counts;
 }
 
 QStringList ClientOnAFolder::Messages() const {

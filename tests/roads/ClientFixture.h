@@ -25,6 +25,8 @@ protected:
     bool Press(Qt::Key key);
     bool ChooseProject(const QString& entry);
     [[nodiscard]] host::FloorPlanCanvas& Plan() const;
+    /// What the photo flags on the shown floor stand for.
+    [[nodiscard]] std::vector<int> FlagCounts() const;
     /// Of the message bar, latest first.
     [[nodiscard]] QStringList Messages() const;
 

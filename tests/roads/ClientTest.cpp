@@ -37,7 +37,7 @@ using support::WaitFor;
 
 TEST_F(ClientOnAFolder, OpensTheFirstProjectWithItsPlan) {
     EXPECT_TRUE(client->Window()->windowTitle().startsWith(u"一期工程"_s));
-    ASSERT_EQ(Plan().Model().floors.size(), 2U);
+    ASSERT_EQ(Plan().Model().floors.size(), 3U);
     EXPECT_EQ(Plan().Model().floors[0].name, u"-1"_s);
     EXPECT_EQ(host::PhotoCount(Plan().Model().floors[0]), 5);
 }
@@ -111,12 +111,70 @@ TEST_F(ClientOnAFolder, GivesTheModuleItsFixedImages) {
         EXPECT_FALSE(QImage(work + name).isNull()) << name.toStdString();
 }
 
-TEST_F(ClientOnAFolder, ALookupIsToldInTheStatusBar) {
+TEST_F(ClientOnAFolder, ALookupIsToldInTheStatusBarAndBringsUpItsFloor) {
+    Plan().SetFloor(1);
     const QString text = u"-1-1-17"_s;
     toolkit::SendWindowEvent(client->Window()->Id(), ZelvorNRQ_KXVeskPicture::WM_VESK_PIC_LOCATE, 0,
                              quintptr(&text));
     const QWidget* status = client->Window()->findChild<QWidget*>(u"mainStatus"_s);
     EXPECT_TRUE(host::tour::ReadText(status).startsWith(u"定位照片 17：-1层，标识 1"_s));
+    EXPECT_EQ(Plan().State().floor, 0);
+    EXPECT_EQ(Plan().Chosen(), nullptr);
+}
+
+TEST_F(ClientOnAFolder, ALookupThatMakesNoSenseMovesNothing) {
+    Plan().SetFloor(1);
+    for (const QString& text : {u"1-17"_s, u"77-1-17"_s, QString()})
+        toolkit::SendWindowEvent(client->Window()->Id(),
+                                 ZelvorNRQ_KXVeskPicture::WM_VESK_PIC_LOCATE, 0, quintptr(&text));
+    EXPECT_EQ(Plan().State().floor, 1);
+}
+
+TEST_F(ClientOnAFolder, HidingAPhotoInTheConsoleTakesItOffItsFlag) {
+    ASSERT_EQ(FlagCounts(), (std::vector<int>{5}));
+    ASSERT_TRUE(Press(Qt::Key_1));
+    ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
+    ASSERT_TRUE(WaitFor([] { return host::tour::ClickConsoleCheck(0); }));
+    ASSERT_TRUE(
+        WaitFor([] { return host::tour::Click(host::tour::ConsoleControl(u"hideButton"_s)); }));
+    EXPECT_TRUE(WaitFor([this] { return FlagCounts() == std::vector<int>{4}; }));
+}
+
+TEST_F(ClientOnAFolder, UntickingAllInThePanelTakesTheFlagsAwayAndStaysForThePerson) {
+    const auto click = [this](const QString& button) {
+        return WaitFor(
+            [&] { return host::tour::Click(host::tour::FindIn(client->Window(), button)); });
+    };
+    ASSERT_TRUE(click(u"noneButton"_s));
+    EXPECT_TRUE(WaitFor([this] { return FlagCounts().empty(); }));
+    EXPECT_FALSE(GetKXHoopsModuleMng()->GetView()->LocatePicture(site.positionKey, 1));
+    client->Stop();
+    session.CloseProject();
+    Start();
+    EXPECT_TRUE(FlagCounts().empty());
+    ASSERT_TRUE(click(u"allButton"_s));
+    EXPECT_TRUE(WaitFor([this] { return FlagCounts() == std::vector<int>{5}; }));
+}
+
+TEST_F(ClientOnAFolder, TheDisplayOfPhotoMarksIsSwitchedByItsKey) {
+    const auto press = [this] {
+        return WaitFor([this] {
+            return host::tour::PressKey(client->Window(), Qt::Key_1,
+                                        Qt::ControlModifier | Qt::ShiftModifier);
+        });
+    };
+    ASSERT_TRUE(press());
+    EXPECT_TRUE(WaitFor([this] { return FlagCounts().empty(); }));
+    ASSERT_TRUE(press());
+    EXPECT_TRUE(WaitFor([this] { return FlagCounts() == std::vector<int>{5}; }));
+}
+
+TEST_F(ClientOnAFolder, AnotherProjectTakesTheFlagsOfTheFirstOneAlong) {
+    ASSERT_TRUE(ChooseProject(u"二期工程"_s));
+    EXPECT_TRUE(FlagCounts().empty());
+    EXPECT_FALSE(GetKXHoopsModuleMng()->GetView()->LocatePicture(site.positionKey, 1));
+    ASSERT_TRUE(ChooseProject(u"一期工程"_s));
+    EXPECT_EQ(FlagCounts(), (std::vector<int>{5}));
 }
 
 TEST_F(ClientOnAFolder, AFailedQueryIsToldInTheMessageBar) {

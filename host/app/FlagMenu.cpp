@@ -1,0 +1,134 @@
+#include "host/app/FlagMenu.h"
+
+#include "host/app/FlagPhotos.h"
+#include "host/data/HostSession.h"
+#include "host/ui/ObserverHub.h"
+#include "include/IKXVeskPicture.h"
+#include "toolkit/Icons.h"
+#include "toolkit/Look.h"
+#include "toolkit/Swatch.h"
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+using ZelvorNRQ_KXVeskPicture::ViewPicRequest;
+
+namespace {
+
+constexpr qint32 kUnreadArgument = 0;
+constexpr qint32 kWholeList = -1; ///< no photo is ticked
+constexpr qint32 kEveryMark = 0;
+
+/// "&" as it stands.
+QString MenuText(QString text) {
+    return text.replace(u'&', u"&&"_s);
+}
+
+QString FlagTitle(const MarkFlag& flag) {
+    return flag.kind == MarkKind::kPhotos
+               ? u"%1（%2 张照片）"_s.arg(FlagName(flag)).arg(flag.count)
+               : u"%1（%2 个问题）"_s.arg(FlagName(flag)).arg(flag.count);
+}
+
+QIcon FlagIcon(const MarkFlag& flag) {
+    return toolkit::SwatchIcon(toolkit::ColorFromBgr(flag.color));
+}
+
+void AddTitle(QMenu& target, const QIcon& icon, const QString& text) {
+    QAction* title = target.addAction(icon, MenuText(text));
+    title->setEnabled(false);
+    target.addSeparator();
+}
+
+} // namespace
+
+FlagMenu::FlagMenu(const Parts& menuParts, const FlagMenuRequest& menuRequest)
+    : parts(menuParts), request(menuRequest) {
+    menu.setObjectName(u"flagMenu"_s);
+    menu.setToolTipsVisible(true);
+    Fill();
+}
+
+void FlagMenu::Run() {
+    menu.exec(request.at);
+}
+
+qint32 FlagMenu::ProjectOf(const MarkFlag& flag) const {
+    return flag.ppid != 0 ? flag.ppid : parts.session.CurrentProject().ppid;
+}
+
+void FlagMenu::Fill() {
+    if (request.flags.size() == 1) {
+        const MarkFlag& flag = request.flags.front();
+        const QString title = FlagTitle(flag);
+        AddTitle(menu, FlagIcon(flag),
+                 request.place.isEmpty() ? title : request.place + u"  "_s + title);
+        AddFlag(menu, flag);
+        return;
+    }
+    if (!request.place.isEmpty())
+        AddTitle(menu, {}, request.place);
+    for (const MarkFlag& flag : request.flags) {
+        QMenu* below = menu.addMenu(FlagIcon(flag), MenuText(FlagTitle(flag)));
+        below->setToolTipsVisible(true);
+        QObject::connect(below, &QMenu::aboutToShow, below, [this, below, flag] {
+            if (below->isEmpty())
+                AddFlag(*below, flag);
+        });
+    }
+    if (!request.positionKey.isEmpty())
+        AddConsole(menu, u"在控制台中列出此处照片"_s, request.positionKey, kEveryMark);
+}
+
+void FlagMenu::AddFlag(QMenu& target, const MarkFlag& flag) {
+    if (flag.kind == MarkKind::kPhotos)
+        AddPhotos(target, flag);
+    else
+        AddIssues(target, flag);
+}
+
+void FlagMenu::AddPhotos(QMenu& target, const MarkFlag& flag) {
+    const qint32 ppid = ProjectOf(flag);
+    QAction* open =
+        target.addAction(toolkit::Icon(u"preview"_s), u"打开照片"_s, &target, [this, flag, ppid] {
+            parts.hub.ViewBimPic(ppid, flag.floor, flag.positionKey, flag.markId);
+        });
+    target.setDefaultAction(open);
+    if (!flag.positionKey.isEmpty())
+        AddConsole(target, u"在控制台中列出"_s, flag.positionKey, flag.markId);
+    target.addSeparator();
+    const FlagPhotos photos = ReadFlagPhotos(parts.session, ppid, flag, kMostNamed);
+    for (const FlagPhoto& photo : photos.named) {
+        const ViewPicRequest wanted{flag.positionKey, photo.picId, flag.floor, flag.markId, ppid};
+        QAction* action = target.addAction(MenuText(photo.caption), &target,
+                                           [this, wanted] { parts.pictures.ViewBimPic(wanted); });
+        action->setToolTip(toolkit::PlainTip(photo.tip));
+    }
+    if (photos.others > 0)
+        target.addAction(u"另有 %1 张"_s.arg(photos.others))->setEnabled(false);
+    if (photos.named.empty())
+        target.addAction(u"读不到照片，请刷新后再试"_s)->setEnabled(false);
+}
+
+void FlagMenu::AddIssues(QMenu& target, const MarkFlag& flag) {
+    const qint32 ppid = ProjectOf(flag);
+    for (const IssueName& issue : flag.issues) {
+        if (target.actions().size() > kMostNamed) {
+            target.addAction(u"另有 %1 个"_s.arg(int(flag.issues.size()) - kMostNamed))
+                ->setEnabled(false);
+            return;
+        }
+        const QString id = issue.questionId;
+        target.addAction(toolkit::Icon(u"issue"_s), MenuText(issue.theme), &target,
+                         [this, ppid, id] { parts.hub.LocateIssue(ppid, id); });
+    }
+}
+
+void FlagMenu::AddConsole(QMenu& target, const QString& text, const QString& positionKey,
+                          qint32 markId) {
+    target.addAction(toolkit::Icon(u"console"_s), text, &target, [this, positionKey, markId] {
+        parts.pictures.ShowBimPicMngFor(kUnreadArgument, positionKey, markId, kWholeList);
+    });
+}
+
+} // namespace host

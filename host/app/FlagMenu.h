@@ -1,0 +1,49 @@
+// What can be done with flags of the view, as a menu.
+#pragma once
+
+#include "host/ui/ModelView.h"
+
+#include <QMenu>
+
+namespace ZelvorNRQ_KXVeskPicture {
+class IKXVeskPicture;
+}
+
+namespace host {
+
+class HostSession;
+class ObserverHub;
+
+/// Opens a flag's position in the viewer or one of its photos, lists them in the console, locates
+/// issues. One flag makes the menu itself, several a menu of menus that are filled when they open.
+/// Thread: user interface.
+class FlagMenu final {
+public:
+    struct Parts {
+        HostSession& session;
+        ObserverHub& hub;
+        ZelvorNRQ_KXVeskPicture::IKXVeskPicture& pictures;
+    };
+    /// Photos and issues that are named; the rest is counted.
+    static constexpr int kMostNamed = 20;
+
+    FlagMenu(const Parts& menuParts, const FlagMenuRequest& menuRequest);
+
+    /// Until the person has chosen something or nothing; does what was chosen.
+    void Run();
+    [[nodiscard]] QMenu& Menu() { return menu; }
+
+private:
+    void Fill();
+    void AddFlag(QMenu& target, const MarkFlag& flag);
+    void AddPhotos(QMenu& target, const MarkFlag& flag);
+    void AddIssues(QMenu& target, const MarkFlag& flag);
+    void AddConsole(QMenu& target, const QString& text, const QString& positionKey, qint32 markId);
+    [[nodiscard]] qint32 ProjectOf(const MarkFlag& flag) const;
+
+    Parts parts;
+    FlagMenuRequest request;
+    QMenu menu;
+};
+
+} // namespace host

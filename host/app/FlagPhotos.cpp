@@ -1,0 +1,67 @@
+#include "host/app/FlagPhotos.h"
+
+#include "host/app/Faults.h"
+#include "host/data/BimPhotos.h"
+#include "host/services/PicPanelTree.h"
+#include "services/Factories.h"
+#include "services/IVeskPicMng.h"
+#include "toolkit/GbkText.h"
+
+#include <set>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Ticked photos of the flag's mark; empty: all of them are.
+std::set<qint32> TickedPhotos(const HostSession& session, const MarkFlag& flag) {
+    std::set<qint32> ids;
+    const auto floor = session.shownPicMarks.find(toolkit::ToGbk(PanelGroupName(flag.floor)));
+    if (floor == session.shownPicMarks.end())
+        return ids;
+    const auto marks = floor->second.find(QString());
+    if (marks == floor->second.end())
+        return ids;
+    const auto photos = marks->second.find(flag.markId);
+    if (photos == marks->second.end())
+        return ids;
+    for (const KX_DATA::ShownPicItem& photo : photos->second)
+        ids.insert(photo.picId);
+    return ids;
+}
+
+FlagPhoto PhotoOf(const KX_DATA::BimPicRow& row) {
+    const QString time = row.updateTime.isEmpty() ? row.uploadTime : row.updateTime;
+    const QString person = row.updaterName.isEmpty() ? row.uploaderName : row.updaterName;
+    return {row.picId, row.fileName + u"  "_s + time,
+            row.description.isEmpty() ? person : person + u"："_s + row.description};
+}
+
+} // namespace
+
+FlagPhotos ReadFlagPhotos(HostSession& session, qint32 ppid, const MarkFlag& flag, int most) {
+    FlagPhotos photos;
+    std::vector<KX_DATA::PicFileEntry> files;
+    if (GetVeskPicMng()->GetPicFilesByPosition(ppid, flag.positionKey, flag.markId, files) !=
+        KX_DATA::kServiceOk)
+        return photos;
+    const std::set<qint32> ticked = TickedPhotos(session, flag);
+    std::vector<qint64> ids;
+    for (const KX_DATA::PicFileEntry& file : files) {
+        if (!ticked.empty() && !ticked.contains(file.picId))
+            continue;
+        if (int(ids.size()) < most)
+            ids.push_back(file.picId);
+        else
+            ++photos.others;
+    }
+    WithoutFault(session, [&] {
+        for (const KX_DATA::BimPicRow& row : BimPhotos(session.Folder()->Db()).Rows(ids))
+            photos.named.push_back(PhotoOf(row));
+    });
+    return photos;
+}
+
+} // namespace host

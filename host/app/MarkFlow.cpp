@@ -1,0 +1,232 @@
+#include "host/app/MarkFlow.h"
+
+#include "host/app/Faults.h"
+#include "host/app/FlagMenu.h"
+#include "host/services/PicPanelTree.h"
+#include "host/services/TickedMarks.h"
+#include "host/ui/ObserverHub.h"
+#include "host/ui/marks/MarkPanelDock.h"
+#include "include/IKXVeskPicData.h"
+#include "include/IKXVeskPicture.h"
+#include "toolkit/WaitCursor.h"
+
+#include <QCursor>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// After the last tick the state is kept so much later, milliseconds.
+constexpr int kKeepDelay = 3000;
+
+/// Limits as the module passes them through.
+struct PassedLimits {
+    explicit PassedLimits(const PanelFilter& filter)
+        : from(filter.from), to(filter.to), flag(filter.timed ? 1 : 0) {}
+
+    qint64 from;
+    qint64 to;
+    quint8 flag;
+    KX_DATA::MarkFilterArg arg; ///< all that is open
+};
+
+} // namespace
+
+MarkFlow::MarkFlow(const Parts& flowParts) : parts(flowParts) {
+    for (const MarkKind kind : {MarkKind::kPhotos, MarkKind::kIssues})
+        ConnectPage(parts.panel.Page(kind));
+    parts.panel.Page(MarkKind::kIssues).SetEntryReader([this](const QString& group, qint32 markId) {
+        return IssuesOf(group, markId);
+    });
+    connect(&parts.panel, &MarkPanelDock::PageShown, this, &MarkFlow::Read);
+    connect(&parts.view, &ModelView::FlagOpened, this, &MarkFlow::OpenFlag);
+    connect(&parts.view, &ModelView::FlagMenuWanted, this, [this](const FlagMenuRequest& request) {
+        FlagMenu({parts.session, parts.hub, parts.pictures}, request).Run();
+    });
+    keeping.setSingleShot(true);
+    keeping.setInterval(kKeepDelay);
+    connect(&keeping, &QTimer::timeout, this, &MarkFlow::Keep);
+}
+
+MarkFlow::~MarkFlow() {
+    parts.panel.Page(MarkKind::kIssues).SetEntryReader({});
+}
+
+void MarkFlow::ConnectPage(MarkPage& page) {
+    const MarkKind kind = page.Kind();
+    connect(&page, &MarkPage::TicksChanged, this, [this, kind] {
+        keeping.start();
+        Apply(kind);
+    });
+    connect(&page, &MarkPage::DaysChanged, this, [this, kind] {
+        keeping.start();
+        Read(kind);
+    });
+    connect(&page, &MarkPage::ShownChanged, this, [this, kind](bool on) {
+        keeping.start();
+        OnShownChanged(kind, on);
+    });
+    connect(&page, &MarkPage::FloorWanted, this, [this](const QString& group) {
+        parts.view.ShowFloor(group == OtherGroupName() ? QString() : group);
+    });
+    connect(&page, &MarkPage::IssueWanted, this,
+            [this](const QString& questionId) { parts.view.LocateIssue(questionId); });
+}
+
+QString MarkFlow::SettingName() const {
+    const HostSession& session = parts.session;
+    if (session.CurrentProject().ppid == 0)
+        return {};
+    const QString open = session.IsWorkset() ? u"workset-%1"_s.arg(session.CurrentWorkset().id)
+                                             : QString::number(session.CurrentProject().ppid);
+    return u"marks:%1:%2"_s.arg(session.UserName(), open);
+}
+
+void MarkFlow::Keep() {
+    keeping.stop();
+    const QString text = ToText(parts.panel.State());
+    if (keptAs.isEmpty() || text == keptText || parts.session.Folder() == nullptr)
+        return;
+    WithoutFault(parts.session, [&] { parts.session.Tables().SetSetting(keptAs, text); });
+    keptText = text;
+}
+
+void MarkFlow::ProjectChanged() {
+    keptAs = SettingName();
+    keptText.clear();
+    WithoutFault(parts.session, [this] {
+        if (!keptAs.isEmpty())
+            keptText = parts.session.Tables().Setting(keptAs);
+        parts.view.SetMarkTable(parts.session.Marks());
+    });
+    const MarkState state = MarkStateFrom(keptText);
+    parts.panel.SetState(state);
+    parts.view.ShowMarks(MarkKind::kPhotos, state.photos.shown);
+    parts.view.ShowMarks(MarkKind::kIssues, state.issues.shown);
+    lastReads.clear();
+    parts.session.shownPicMarks.clear();
+    parts.session.shownIssueMarks.clear();
+    for (const MarkKind kind : {MarkKind::kPhotos, MarkKind::kIssues}) {
+        parts.panel.Page(kind).SetTree({});
+        parts.panel.Page(kind).SetHint(keptAs.isEmpty() ? u"没有打开的工程。"_s : QString());
+    }
+    // The module has forgotten the issues of the old project, and so the view does.
+    parts.pictures.RefreshIssueMarks();
+    Read(MarkKind::kPhotos);
+    ReadIssuesWhenIdle();
+}
+
+void MarkFlow::Reload(MarkKind kind) {
+    Read(kind);
+}
+
+void MarkFlow::ReadIssuesWhenIdle() {
+    QTimer::singleShot(0, this, [this] { Read(MarkKind::kIssues); });
+}
+
+bool MarkFlow::IsNeeded(MarkKind kind) const {
+    return kind == MarkKind::kPhotos || parts.panel.Page(kind).State().shown ||
+           parts.panel.IsPageInSight(kind);
+}
+
+PanelFilter MarkFlow::FilterOf(MarkKind kind) const {
+    const MarkDays days = parts.panel.Page(kind).State().days;
+    const auto [from, to] = days.limited ? SecondsOf(days) : std::pair<qint64, qint64>();
+    return PanelFilterOf(parts.session, from, to, days.limited ? 1 : 0, {});
+}
+
+void MarkFlow::Read(MarkKind kind) {
+    if (parts.session.Folder() == nullptr || !IsNeeded(kind))
+        return;
+    WithoutFault(parts.session, [&] {
+        const PanelFilter filter = FilterOf(kind);
+        const Database::Stamp stamp = parts.session.Folder()->Db().ChangeStamp();
+        LastRead& last = lastReads[kind];
+        if (last.stamp == stamp && last.filter == filter)
+            return;
+        last = {};
+        const toolkit::WaitCursor waiting;
+        parts.view.SetMarkTable(parts.session.Marks());
+        ReadEntries(kind, filter);
+        last = {filter, stamp};
+    });
+    Apply(kind);
+}
+
+void MarkFlow::ReadEntries(MarkKind kind, const PanelFilter& filter) {
+    PassedLimits limits(filter);
+    std::vector<KX_DATA::PicFilterEntry> entries;
+    if (kind == MarkKind::kPhotos)
+        parts.pictureData.GetPicFilterData(limits.from, limits.to, limits.flag, limits.arg,
+                                           entries);
+    else
+        parts.pictureData.GetIssueFilterData(limits.from, limits.to, limits.flag, limits.arg,
+                                             entries);
+    parts.panel.Page(kind).SetTree(MakeMarkTree(entries, parts.session.Marks()));
+}
+
+void MarkFlow::Apply(MarkKind kind) {
+    HostSession& session = parts.session;
+    MarkPage& page = parts.panel.Page(kind);
+    const MarkTicks& ticks = page.Model().Ticks();
+    const bool isRead = WithoutFault(session, [&] {
+        if (kind == MarkKind::kIssues) {
+            session.shownIssueMarks =
+                TickedIssues(session, FilterOf(kind),
+                             [&](const QString& group, qint32 markId, const QString& questionId) {
+                                 return ticks.IsEntryTicked(group, markId, questionId);
+                             });
+            return;
+        }
+        std::map<QString, Qt::CheckState> states;
+        for (const MarkTreeFloor& floor : page.Model().Tree())
+            states[floor.group] = ticks.StateOf(floor);
+        session.shownPicMarks = TickedPics(session, FilterOf(kind),
+                                           {[&](const QString& group) { return states[group]; },
+                                            [&](const QString& group, qint32 markId) {
+                                                return ticks.IsMarkTicked(group, markId);
+                                            }});
+    });
+    page.SetHint(isRead ? QString() : u"读取标识时出错，请按 F5 重试。"_s);
+    if (kind == MarkKind::kPhotos)
+        parts.pictures.RefreshPicMarks();
+    else
+        parts.pictures.RefreshIssueMarks();
+}
+
+void MarkFlow::OnShownChanged(MarkKind kind, bool on) {
+    parts.view.ShowMarks(kind, on);
+    if (on)
+        Read(kind);
+}
+
+std::vector<IssueName> MarkFlow::IssuesOf(const QString& group, qint32 markId) const {
+    std::vector<IssueName> issues;
+    WithoutFault(parts.session, [&] {
+        for (const PanelIssueFloor& floor :
+             parts.session.Panel()->Issues(FilterOf(MarkKind::kIssues))) {
+            if (PanelGroupName(floor.name) != group)
+                continue;
+            for (const PanelIssue& issue : floor.issues) {
+                if (issue.markId == markId)
+                    issues.push_back({issue.questionId, issue.theme});
+            }
+        }
+    });
+    return issues;
+}
+
+void MarkFlow::OpenFlag(const MarkFlag& flag) {
+    const qint32 ppid = flag.ppid != 0 ? flag.ppid : parts.session.CurrentProject().ppid;
+    if (flag.kind == MarkKind::kPhotos)
+        parts.hub.ViewBimPic(ppid, flag.floor, flag.positionKey, flag.markId);
+    else if (flag.issues.size() == 1)
+        parts.hub.LocateIssue(ppid, flag.issues.front().questionId);
+    else
+        FlagMenu({parts.session, parts.hub, parts.pictures}, {{flag}, {}, {}, QCursor::pos()})
+            .Run();
+}
+
+} // namespace host

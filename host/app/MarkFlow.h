@@ -1,0 +1,77 @@
+// Marks on their way from the data over the panel and the module to the view, and back by clicks.
+#pragma once
+
+#include "host/data/Database.h"
+#include "host/data/PanelFilter.h"
+#include "host/ui/ModelView.h"
+#include "host/ui/marks/MarkState.h"
+
+#include <QObject>
+#include <QTimer>
+
+#include <map>
+
+namespace ZelvorNRQ_KXVeskPicture {
+class IKXVeskPicture;
+class IKXVeskPicData;
+} // namespace ZelvorNRQ_KXVeskPicture
+
+namespace host {
+
+class HostSession;
+class MarkPage;
+class MarkPanelDock;
+class ObserverHub;
+
+/// Fills the mark panel through the module's data provider, hands what is ticked to the session,
+/// and lets the module draw it. Keeps the panel's state for each person and project. Session,
+/// panel, view, hub and module must outlive the flow. Thread: user interface.
+class MarkFlow final : public QObject {
+    Q_OBJECT
+
+public:
+    struct Parts {
+        HostSession& session;
+        MarkPanelDock& panel;
+        ModelView& view;
+        ObserverHub& hub;
+        ZelvorNRQ_KXVeskPicture::IKXVeskPicture& pictures;
+        ZelvorNRQ_KXVeskPicture::IKXVeskPicData& pictureData;
+    };
+    explicit MarkFlow(const Parts& flowParts);
+    ~MarkFlow() override;
+
+    /// Keeps the state of the panel for what was open; before another project is opened.
+    void Keep();
+    /// Brings back the state of what is open now and reads its marks; issues behind the photos.
+    void ProjectChanged();
+    /// After a change of the data: reads the lists anew, keeps what is ticked, draws anew. What
+    /// nobody looks at is read when somebody does.
+    void Reload(MarkKind kind);
+
+private:
+    /// What was read at last; reading it again would give the same.
+    struct LastRead {
+        PanelFilter filter;
+        Database::Stamp stamp;
+    };
+    void ConnectPage(MarkPage& page);
+    void Read(MarkKind kind);
+    void ReadEntries(MarkKind kind, const PanelFilter& filter);
+    void ReadIssuesWhenIdle();
+    void Apply(MarkKind kind);
+    void OnShownChanged(MarkKind kind, bool on);
+    void OpenFlag(const MarkFlag& flag);
+    [[nodiscard]] bool IsNeeded(MarkKind kind) const;
+    [[nodiscard]] PanelFilter FilterOf(MarkKind kind) const;
+    [[nodiscard]] std::vector<IssueName> IssuesOf(const QString& group, qint32 markId) const;
+    [[nodiscard]] QString SettingName() const;
+
+    Parts parts;
+    QString keptAs;   ///< setting of what the panel shows; empty: nothing is open
+    QString keptText; ///< what that setting holds
+    QTimer keeping;
+    std::map<MarkKind, LastRead> lastReads;
+};
+
+} // namespace host

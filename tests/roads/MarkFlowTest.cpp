@@ -1,0 +1,465 @@
+// From the data over the panel and the module's data provider to the flags of the plan, and back by
+// clicks; what the clicks ask of the module is written down.
+#include "host/app/MarkFlow.h"
+
+#include "host/app/FlagMenu.h"
+#include "host/app/ModuleLoader.h"
+#include "host/app/PlanReader.h"
+#include "host/data/Bin.h"
+#include "host/data/HostSession.h"
+#include "host/data/SiteWriter.h"
+#include "host/ui/ObserverHub.h"
+#include "host/ui/marks/MarkPanelDock.h"
+#include "host/ui/plan/FlagBlink.h"
+#include "host/ui/plan/FloorPlanCanvas.h"
+#include "host/ui/plan/FloorPlanPane.h"
+#include "host/ui/plan/FloorPlanView.h"
+#include "services/Factories.h"
+#include "services/IKXView.h"
+#include "services/IProjCacheMng.h"
+#include "services/ITNQuestionMng.h"
+#include "services/IVeskPicMng.h"
+#include "tests/roads/RecordingPictures.h"
+#include "tests/roads/SmallSite.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/WaitFor.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace roads {
+namespace {
+
+using namespace Qt::StringLiterals;
+using host::MarkKind;
+using support::WaitFor;
+
+/// Photos of two marks on floors -1 and 1, one on none, and the issues of the small site.
+class MarksOfAFolder : public testing::Test {
+protected:
+    void SetUp() override {
+        site = MakeSmallSite(folder.Path(u"data"_s));
+        ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
+        ASSERT_TRUE(session.SignIn(u"张伟"_s));
+        ASSERT_TRUE(session.OpenProject(site.firstProject));
+        AddMorePhotos();
+        ASSERT_FALSE(module.Load(QCoreApplication::applicationDirPath()));
+        pictures = std::make_unique<RecordingPictures>(*module.Pictures());
+        hub.AddObserver(&viewer);
+        session.view = &view;
+        pane.resize(900, 600);
+        pane.show();
+        panel.show();
+        flow = MakeFlow();
+        OpenPlan();
+    }
+    void TearDown() override {
+        flow.reset();
+        session.view = nullptr;
+        module.Release();
+    }
+
+    std::unique_ptr<host::MarkFlow> MakeFlow() {
+        return std::make_unique<host::MarkFlow>(
+            host::MarkFlow::Parts{session, panel, view, hub, *pictures, *module.PictureData()});
+    }
+    /// What the client does at a change of project.
+    void OpenPlan() {
+        std::vector<host::PlanProject> projects;
+        for (const host::ProjectEntry& open : session.OpenProjects())
+            projects.push_back({open.ppid, open.name, session.Tables().PhotoCounts(open.ppid),
+                                session.Tables().PhotosWithoutFloor(open.ppid)});
+        pane.SetModel(host::ReadFloorPlan(projects));
+        flow->ProjectChanged();
+        support::RunPendingEvents();
+    }
+    void AddMorePhotos() {
+        host::SiteWriter writer(*session.Folder());
+        writer.AddMark(2, u"安全"_s, 0x00FF00);
+        upperKey = writer.FindPosition(site.firstProject, u"1"_s, u"1"_s, u"A"_s);
+        lastPhoto = Add(writer, upperKey, 2, 1'700'000'000);
+        Add(writer, site.positionKey, 2, 1'600'000'000);
+        Add(writer, QString(), 1, 1'700'000'000);
+    }
+    qint32 Add(host::SiteWriter& writer, const QString& key, qint32 mark, qint64 time) {
+        host::NewBimPhoto photo;
+        photo.ppid = site.firstProject;
+        photo.fileName = u"更多%1.jpg"_s.arg(++added);
+        photo.positionKey = key;
+        photo.markId = mark;
+        photo.uploader = u"张伟"_s;
+        photo.uploadTime = time;
+        return writer.FilePhoto(photo, {{}, JpegBytes(qRgb(added, 200, 1))});
+    }
+
+    [[nodiscard]] host::FloorPlanCanvas& Plan() { return pane.Canvas(); }
+    [[nodiscard]] host::MarkPage& Page(MarkKind kind) { return panel.Page(kind); }
+    /// How many photos or issues the flag of a mark at a key of the shown floor stands for; 0: no
+    /// flag.
+    int FlagCount(const QString& key, qint32 markId, MarkKind kind = MarkKind::kPhotos) {
+        for (const host::PlacedFlag& flag : Plan().Flags()) {
+            if (flag.flag.kind == kind && flag.flag.markId == markId &&
+                flag.flag.positionKey == key)
+                return flag.flag.count;
+        }
+        return 0;
+    }
+    void Tick(MarkKind kind, int floor, int mark, bool on) {
+        host::MarkTreeModel& model = Page(kind).Model();
+        QModelIndex index = model.index(floor, 0);
+        if (mark >= 0)
+            index = model.index(mark, 0, index);
+        ASSERT_TRUE(model.setData(index, on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole));
+    }
+    void ClickFlag(const QString& key, qint32 markId) {
+        for (const host::FlagBox& box : Plan().FlagsLayout().boxes) {
+            const host::MarkFlag& flag = Plan().Flags()[box.flag].flag;
+            if (flag.positionKey == key && flag.markId == markId) {
+                QTest::mouseClick(&Plan(), Qt::LeftButton, {}, box.rect.center().toPoint());
+                return;
+            }
+        }
+        FAIL() << "no such flag";
+    }
+    [[nodiscard]] const KX_DATA::ShownPicMarks& Shown() const {
+        return GetProjCacheMng()->GetCurrentModel()->GetShownPicMarks();
+    }
+    host::FlagMenu Menu(const host::FlagMenuRequest& request) {
+        return host::FlagMenu({session, hub, *pictures}, request);
+    }
+    [[nodiscard]] static QStringList Texts(const QMenu& menu) {
+        QStringList texts;
+        for (const QAction* action : menu.actions()) {
+            if (!action->isSeparator())
+                texts << action->text();
+        }
+        return texts;
+    }
+
+    support::TempFolder folder;
+    SmallSite site;
+    QString upperKey;
+    qint32 lastPhoto = 0;
+    int added = 0;
+    host::HostSession session;
+    host::ModuleLoader module;
+    host::ObserverHub hub;
+    RecordingViewer viewer;
+    host::FloorPlanPane pane{nullptr};
+    host::FloorPlanView view{pane};
+    host::MarkPanelDock panel{nullptr};
+    std::unique_ptr<RecordingPictures> pictures;
+    std::unique_ptr<host::MarkFlow> flow;
+};
+
+TEST_F(MarksOfAFolder, AtFirstEverythingIsTickedAndHasItsFlag) {
+    ASSERT_EQ(Page(MarkKind::kPhotos).Model().rowCount(), 3);
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 5);
+    EXPECT_EQ(FlagCount(site.positionKey, 2), 1);
+    Plan().SetFloor(1);
+    EXPECT_EQ(FlagCount(upperKey, 2), 1);
+    Plan().SetFloor(2);
+    EXPECT_EQ(FlagCount(QString(), 1), 1);
+    EXPECT_EQ(Shown().size(), 3U);
+    EXPECT_TRUE(Shown().at("-1").empty());
+}
+
+TEST_F(MarksOfAFolder, AMarkThatIsUntickedLosesItsFlagAndGetsItBack) {
+    Tick(MarkKind::kPhotos, 0, 0, false);
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
+    EXPECT_EQ(FlagCount(site.positionKey, 2), 1);
+    ASSERT_TRUE(Shown().at("-1").contains(QString()));
+    EXPECT_EQ(Shown().at("-1").at(QString()).size(), 1U);
+    EXPECT_FALSE(view.LocatePicture(site.positionKey, 1));
+    Tick(MarkKind::kPhotos, 0, 0, true);
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 5);
+    EXPECT_TRUE(view.LocatePicture(site.positionKey, 1));
+}
+
+TEST_F(MarksOfAFolder, WithNothingTickedThereIsNoFlag) {
+    Page(MarkKind::kPhotos).Model().TickAll(false);
+    EXPECT_TRUE(Shown().empty());
+    EXPECT_EQ(FlagCount(site.positionKey, 1) + FlagCount(site.positionKey, 2), 0);
+}
+
+TEST_F(MarksOfAFolder, WhatIsNotDisplayedCannotBeLocatedAndStaysTicked) {
+    Page(MarkKind::kPhotos).ShownAction()->trigger();
+    EXPECT_FALSE(view.LocatePicture(site.positionKey, 1));
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
+    EXPECT_EQ(Shown().size(), 3U);
+    Page(MarkKind::kPhotos).ShownAction()->trigger();
+    EXPECT_TRUE(view.LocatePicture(site.positionKey, 1));
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 5);
+}
+
+TEST_F(MarksOfAFolder, CountsFollowEachChangeOfAPhoto) {
+    const qint32 ppid = site.firstProject;
+    host::SiteWriter writer(*session.Folder());
+    Add(writer, site.positionKey, 1, 1'700'000'100);
+    flow->Reload(MarkKind::kPhotos);
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 6);
+    ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(ppid, {site.photos[0], site.photos[1]}, true));
+    flow->Reload(MarkKind::kPhotos);
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 4);
+    ASSERT_TRUE(GetVeskPicMng()->DeleteBimPics({site.photos[2]}));
+    flow->Reload(MarkKind::kPhotos);
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 3);
+    KX_DATA::BimPicUpdate update;
+    update.picId = site.photos[3];
+    update.fileName = u"a.jpg"_s;
+    update.positionKey = upperKey;
+    update.markId = 2;
+    ASSERT_TRUE(GetVeskPicMng()->UpdateBimPic(ppid, update));
+    flow->Reload(MarkKind::kPhotos);
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 2);
+    Plan().SetFloor(1);
+    EXPECT_EQ(FlagCount(upperKey, 2), 2);
+}
+
+TEST_F(MarksOfAFolder, AReloadKeepsTicksAndReadsNothingWhereNothingHasChanged) {
+    Tick(MarkKind::kPhotos, 0, 0, false);
+    int changes = 0;
+    QObject::connect(&Page(MarkKind::kPhotos).Model(), &QAbstractItemModel::dataChanged,
+                     [&] { ++changes; });
+    flow->Reload(MarkKind::kPhotos);
+    EXPECT_EQ(changes, 0);
+    host::SiteWriter writer(*session.Folder());
+    Add(writer, site.positionKey, 1, 1'700'000'100);
+    flow->Reload(MarkKind::kPhotos);
+    EXPECT_GT(changes, 0);
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
+}
+
+TEST_F(MarksOfAFolder, DaysLimitFlagsCountsAndThePhotosThatViewersShow) {
+    host::MarkPageState state = Page(MarkKind::kPhotos).State();
+    const QDate day = QDateTime::fromSecsSinceEpoch(1'600'000'000).date();
+    state.days = {true, day, day};
+    Page(MarkKind::kPhotos).SetState(state);
+    flow->Reload(MarkKind::kPhotos);
+    EXPECT_EQ(Page(MarkKind::kPhotos).Model().rowCount(), 1);
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
+    EXPECT_EQ(FlagCount(site.positionKey, 2), 1);
+    ASSERT_EQ(Shown().size(), 1U);
+    const auto& photos = Shown().at("-1").at(QString()).at(2);
+    ASSERT_EQ(photos.size(), 1U);
+    EXPECT_EQ(photos[0].itemName, "2/B");
+    EXPECT_EQ(photos[0].picId, lastPhoto + 1);
+}
+
+TEST_F(MarksOfAFolder, AllDaysAsALimitGiveTheSameFlagsAsNone) {
+    host::MarkPageState state = Page(MarkKind::kPhotos).State();
+    state.days = {true, QDate(2000, 1, 1), QDate(2100, 1, 1)};
+    Page(MarkKind::kPhotos).SetState(state);
+    flow->Reload(MarkKind::kPhotos);
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 5);
+    EXPECT_EQ(FlagCount(site.positionKey, 2), 1);
+    Plan().SetFloor(2);
+    EXPECT_EQ(FlagCount(QString(), 1), 1);
+    EXPECT_EQ(Shown().at("-1").at(QString()).at(1).size(), 5U);
+}
+
+TEST_F(MarksOfAFolder, AnotherProjectHasItsOwnMarksAndTicksAndTheFirstOnesComeBack) {
+    Tick(MarkKind::kPhotos, 0, 0, false);
+    flow->Keep();
+    ASSERT_TRUE(session.OpenProject(site.secondProject));
+    OpenPlan();
+    EXPECT_EQ(Page(MarkKind::kPhotos).Model().rowCount(), 0);
+    EXPECT_TRUE(Plan().Flags().empty());
+    EXPECT_FALSE(view.LocatePicture(site.positionKey, 2));
+    EXPECT_TRUE(Shown().empty());
+    ASSERT_TRUE(session.OpenProject(site.firstProject));
+    OpenPlan();
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
+    EXPECT_EQ(FlagCount(site.positionKey, 2), 1);
+}
+
+TEST_F(MarksOfAFolder, WithoutAProjectNothingIsLeft) {
+    session.CloseProject();
+    OpenPlan();
+    EXPECT_TRUE(Plan().Flags().empty());
+    EXPECT_TRUE(Shown().empty());
+    EXPECT_FALSE(view.LocatePicture(site.positionKey, 1));
+    flow->Keep();
+}
+
+TEST_F(MarksOfAFolder, TheStateIsKeptForEachPerson) {
+    Tick(MarkKind::kPhotos, 0, 0, false);
+    flow->Keep();
+    ASSERT_TRUE(session.SignIn(u"李娜"_s));
+    flow = MakeFlow();
+    OpenPlan();
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 5);
+}
+
+TEST_F(MarksOfAFolder, AWorksetShowsTheFloorsAndFlagsOfAllItsProjects) {
+    host::SiteWriter writer(*session.Folder());
+    const QString key = writer.FindPosition(site.secondProject, u"-1"_s, u"2"_s, u"B"_s);
+    host::NewBimPhoto photo;
+    photo.ppid = site.secondProject;
+    photo.fileName = u"b.jpg"_s;
+    photo.positionKey = key;
+    photo.markId = 1;
+    photo.uploader = u"张伟"_s;
+    photo.uploadTime = 1'700'000'000;
+    writer.FilePhoto(photo, {{}, JpegBytes(qRgb(9, 9, 9))});
+    ASSERT_TRUE(session.OpenWorkset(session.Tables().Worksets().front().id));
+    OpenPlan();
+    EXPECT_EQ(Plan().Model().floors.size(), 5U);
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 5);
+    EXPECT_EQ(FlagCount(key, 1), 0);
+    ASSERT_TRUE(view.LocatePicture(key, 1));
+    EXPECT_EQ(Plan().State().floor, 2);
+    EXPECT_EQ(FlagCount(key, 1), 1);
+    ClickFlag(key, 1);
+    EXPECT_EQ(viewer.calls,
+              QStringList{u"ViewBimPic %1 -1 %2 1"_s.arg(site.secondProject).arg(key)});
+}
+
+TEST_F(MarksOfAFolder, AClickOnAFlagAsksTheViewerForItsPositionAndMark) {
+    ClickFlag(site.positionKey, 1);
+    EXPECT_EQ(viewer.calls,
+              QStringList{u"ViewBimPic %1 -1 %2 1"_s.arg(site.firstProject).arg(site.positionKey)});
+    EXPECT_TRUE(pictures->calls.isEmpty());
+}
+
+TEST_F(MarksOfAFolder, TheMenuOfAFlagOpensOnePhotoThroughTheFacade) {
+    host::MarkFlag flag = Plan().Flags().front().flag;
+    ASSERT_EQ(flag.count, 5);
+    host::FlagMenu menu = Menu({{flag}, u"2轴 / B轴"_s, site.positionKey, {}});
+    const QStringList texts = Texts(menu.Menu());
+    ASSERT_EQ(texts.size(), 8);
+    EXPECT_TRUE(texts[0].contains(u"质量（5 张照片）"_s));
+    EXPECT_EQ(texts[1], u"打开照片"_s);
+    EXPECT_TRUE(texts[3].startsWith(u"照片4.jpg"_s));
+    for (QAction* action : menu.Menu().actions()) {
+        if (action->text().startsWith(u"照片2.jpg"_s) || action->text() == u"在控制台中列出"_s)
+            action->trigger();
+    }
+    EXPECT_EQ(pictures->calls, (QStringList{u"ShowBimPicMngFor %1 1 -1"_s.arg(site.positionKey),
+                                            u"ViewBimPic %1 -1 %2 1 %3"_s.arg(site.firstProject)
+                                                .arg(site.positionKey)
+                                                .arg(site.photos[2])}));
+}
+
+TEST_F(MarksOfAFolder, TheMenuOfAPlaceHasAMenuForEachOfItsFlags) {
+    std::vector<host::MarkFlag> flags;
+    for (const host::PlacedFlag& placed : Plan().Flags())
+        flags.push_back(placed.flag);
+    ASSERT_GE(flags.size(), 2U);
+    host::FlagMenu menu = Menu({{flags[0], flags[1]}, u"2轴 / B轴"_s, site.positionKey, {}});
+    EXPECT_EQ(Texts(menu.Menu()),
+              (QStringList{u"2轴 / B轴"_s, u"质量（5 张照片）"_s, u"安全（1 张照片）"_s,
+                           u"在控制台中列出此处照片"_s}));
+    QMenu* below = menu.Menu().actions()[3]->menu();
+    ASSERT_NE(below, nullptr);
+    EXPECT_TRUE(below->isEmpty());
+    emit below->aboutToShow();
+    EXPECT_EQ(Texts(*below).size(), 3);
+    below->actions().front()->trigger();
+    EXPECT_EQ(viewer.calls.size(), 1);
+}
+
+TEST_F(MarksOfAFolder, APhotoThatCannotBeReadIsNotOffered) {
+    const host::MarkFlag flag = Plan().Flags().front().flag;
+    session.Folder()->Db().Exec(u"ALTER TABLE bim_photo RENAME TO moved"_s);
+    host::FlagMenu menu = Menu({{flag}, {}, {}, {}});
+    EXPECT_TRUE(Texts(menu.Menu()).contains(u"读不到照片，请刷新后再试"_s));
+}
+
+TEST_F(MarksOfAFolder, OfVeryManyPhotosTheLatestAreNamed) {
+    host::SiteWriter writer(*session.Folder());
+    writer.BeginBatch();
+    for (int more = 0; more < 30; ++more)
+        Add(writer, upperKey, 2, 1'700'001'000 + more);
+    writer.CommitBatch();
+    flow->Reload(MarkKind::kPhotos);
+    Plan().SetFloor(1);
+    host::FlagMenu menu = Menu({{Plan().Flags().front().flag}, {}, {}, {}});
+    const QStringList texts = Texts(menu.Menu());
+    EXPECT_EQ(texts.size(), 3 + host::FlagMenu::kMostNamed + 1);
+    EXPECT_EQ(texts.back(), u"另有 11 张"_s);
+    EXPECT_TRUE(texts[3].startsWith(u"更多33.jpg"_s));
+}
+
+TEST_F(MarksOfAFolder, IssuesHaveFlagsAreTickedAndLocated) {
+    host::SiteWriter writer(*session.Folder());
+    host::NewIssue issue;
+    issue.ppid = site.firstProject;
+    issue.questionId = u"q-crack"_s;
+    issue.theme = u"裂缝"_s;
+    issue.floor = u"1"_s;
+    issue.posInfo = u"2-B轴"_s;
+    issue.markId = 1;
+    issue.creator = u"张伟"_s;
+    issue.createTime = 1'700'000'000;
+    writer.FileIssue(issue);
+    flow->Reload(MarkKind::kIssues);
+    EXPECT_TRUE(view.LocateIssue(u"q-crack"_s));
+    EXPECT_EQ(pane.CurrentFloor(), u"1"_s);
+    ASSERT_NE(Plan().Chosen(), nullptr);
+    EXPECT_EQ(Plan().Chosen()->positionKey,
+              writer.FindPosition(site.firstProject, u"1"_s, u"2"_s, u"B"_s));
+    EXPECT_TRUE(Plan().Blink().IsLit());
+    host::MarkTreeModel& model = Page(MarkKind::kIssues).Model();
+    ASSERT_EQ(model.rowCount(), 2);
+    Tick(MarkKind::kIssues, 1, -1, false);
+    EXPECT_FALSE(view.LocateIssue(u"q-crack"_s));
+    EXPECT_EQ(GetProjCacheMng()->GetCurrentModel()->GetShownIssueMarks().size(), 1U);
+    const QModelIndex mark = model.index(1, 0, model.index(1, 0));
+    ASSERT_EQ(model.MarkOf(mark), 1);
+    model.fetchMore(mark);
+    ASSERT_EQ(model.rowCount(mark), 1);
+    EXPECT_EQ(model.EntryOf(model.index(0, 0, mark)), u"q-crack"_s);
+    ASSERT_TRUE(model.setData(model.index(0, 0, mark), Qt::Checked, Qt::CheckStateRole));
+    EXPECT_TRUE(view.LocateIssue(u"q-crack"_s));
+    Page(MarkKind::kIssues).ShownAction()->trigger();
+    EXPECT_FALSE(view.LocateIssue(u"q-crack"_s));
+}
+
+TEST_F(MarksOfAFolder, AClickOnAnIssuesFlagLocatesItAndSeveralAreOffered) {
+    host::MarkFlag flag;
+    flag.kind = MarkKind::kIssues;
+    flag.markId = 1;
+    flag.count = 2;
+    flag.ppid = site.firstProject;
+    flag.issues = {{u"q1"_s, u"裂缝 & 渗漏"_s}, {u"q2"_s, u"空鼓"_s}};
+    host::FlagMenu menu = Menu({{flag}, {}, {}, {}});
+    EXPECT_EQ(Texts(menu.Menu()),
+              (QStringList{u"标识 1（2 个问题）"_s, u"裂缝 && 渗漏"_s, u"空鼓"_s}));
+    menu.Menu().actions().back()->trigger();
+    flag.issues.pop_back();
+    emit view.FlagOpened(flag);
+    EXPECT_EQ(viewer.calls, (QStringList{u"LocateIssue %1 q2"_s.arg(site.firstProject),
+                                         u"LocateIssue %1 q1"_s.arg(site.firstProject)}));
+}
+
+TEST_F(MarksOfAFolder, IssuesThatNobodySeesAreReadOnceTheyAreShown) {
+    host::MarkState state;
+    state.issues.shown = false;
+    panel.SetState(state);
+    flow->Keep();
+    OpenPlan();
+    EXPECT_EQ(Page(MarkKind::kIssues).Model().rowCount(), 0);
+    EXPECT_TRUE(GetProjCacheMng()->GetCurrentModel()->GetShownIssueMarks().empty());
+    Page(MarkKind::kIssues).ShownAction()->trigger();
+    EXPECT_EQ(Page(MarkKind::kIssues).Model().rowCount(), 2);
+    EXPECT_EQ(GetProjCacheMng()->GetCurrentModel()->GetShownIssueMarks().size(), 2U);
+}
+
+TEST_F(MarksOfAFolder, AFailedReadLeavesNoFlagsAndSaysSo) {
+    QStringList messages;
+    session.SetMessageSink([&](host::MessageLevel, const QString& text) { messages << text; });
+    session.Folder()->Db().Exec(u"DROP TABLE bim_place_tally"_s);
+    session.Tables().SetSetting(u"anything"_s, u"changed"_s);
+    flow->Reload(MarkKind::kPhotos);
+    EXPECT_FALSE(messages.isEmpty());
+    EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
+    EXPECT_FALSE(view.LocatePicture(site.positionKey, 1));
+    session.SetMessageSink({});
+}
+
+} // namespace
+} // namespace roads
