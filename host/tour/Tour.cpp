@@ -60,6 +60,7 @@ std::vector<TourStep> WriteSteps(const CommandLine& line, const TourPlaces& plac
         WriteBimActions(script);
         WriteDownloads(script, places);
         WriteOtherConsoles(script);
+        WriteMarks(script);
         WriteHostWindows(script);
     }
     WriteEnd(script);

@@ -47,6 +47,8 @@ void WriteBimActions(TourScript& script);
 void WriteDownloads(TourScript& script, const TourPlaces& places);
 /// The console with drawing photos and with issues; closed at the end.
 void WriteOtherConsoles(TourScript& script);
+/// The plan's flags and the mark panel.
+void WriteMarks(TourScript& script);
 /// Bin, help, another project, a workset.
 void WriteHostWindows(TourScript& script);
 /// Closes the client.
