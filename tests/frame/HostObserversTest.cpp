@@ -71,6 +71,28 @@ TEST_F(HostObserversTest, AChangeWithNoDialogEverOpenedMakesTheObjectsAndEndsNot
                 ElementsAre("GetCurrentProject()", "GetProjectRecord()"));
 }
 
+TEST_F(HostObserversTest, AChangeWithNoDialogEverOpenedStillClearsTheProvider) {
+    host.pics.markGroups = {{"1", 1, {{"key", "2/B", {}, {}, {}, 1, 1, {{"", "", 1, 1, {}}}}}}};
+    host.pics.filterEntries = {{u"1"_s, 1, {{1, 1}}, 1}};
+    host.questions.markGroups = {{u"1"_s, 1, 1, {{u"开裂"_s, u"k1"_s, {}, {}, 1}}}};
+    KX_DATA::MarkFilterArg filterArg;
+    std::vector<KX_DATA::PicFilterEntry> entries;
+    CKXVeskPicDataImpl& data = CKXVeskPicDataImpl::Instance();
+    data.GetPicFilterData(0, 0, 0, filterArg, entries);
+    data.GetIssueFilterData(0, 0, 0, filterArg, entries);
+    std::vector<KX_DATA::PicMarkGroup> photos;
+    data.BuildPicMarks({{"1", {}}}, photos);
+    ASSERT_EQ(photos.size(), 1U);
+    ChangeProject(u"乙"_s, 2);
+    photos.clear();
+    std::vector<KX_DATA::IssueMarkGroup> issues;
+    data.BuildPicMarks({{"1", {}}}, photos);
+    data.BuildIssueMarks({{u"k1"_s, 1}}, issues);
+    EXPECT_THAT(photos, IsEmpty());
+    EXPECT_THAT(issues, IsEmpty());
+    EXPECT_TRUE(data.IssueNameMap().empty());
+}
+
 TEST_F(HostObserversTest, AChangeShutsTheConsoleWithoutAQuestion) {
     FillService(host, kModeIssue, 2);
     Facade().ShowPicMng(3);

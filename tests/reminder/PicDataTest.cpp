@@ -47,6 +47,50 @@ TEST_F(PicData, TheServicesGroupsComeOutWithTheOthersLast) {
     EXPECT_EQ(marks[2].name, toolkit::ToGbk(u"其他"_s));
 }
 
+TEST_F(PicData, TheOthersComeOutWithOneItemThatHoldsTheLeavesOfAll) {
+    KX_DATA::PicMarkGroup others = Group(u"其他"_s);
+    others.items.push_back({"last key", "last", {}, {}, {}, 9, 9, {{"", "", 2, 4, u"安全"_s}}});
+    m_host.pics.markGroups = {others};
+    Fetch();
+    std::vector<KX_DATA::PicMarkGroup> marks;
+    m_data.BuildPicMarks({{toolkit::ToGbk(u"其他"_s), {}}}, marks);
+    ASSERT_EQ(marks.size(), 1U);
+    ASSERT_EQ(marks[0].items.size(), 1U);
+    EXPECT_EQ(marks[0].items[0].positionKey, "last key");
+    EXPECT_EQ(marks[0].items[0].leaves.size(), 2U);
+    EXPECT_EQ(marks[0].items[0].total, 7);
+}
+
+TEST_F(PicData, WithNothingTickedThereAreNoMarksAtAll) {
+    m_host.pics.markGroups = {Group(u"A"_s), Group(u"其他"_s)};
+    Fetch();
+    std::vector<KX_DATA::PicMarkGroup> marks;
+    m_data.BuildPicMarks({}, marks);
+    EXPECT_TRUE(marks.empty());
+}
+
+TEST_F(PicData, TheSecondLevelIsLookedUpByTheNameOfTheGroupsId) {
+    m_host.pics.markGroups = {Group(u"A"_s), Group(u"B"_s)};
+    Fetch();
+    QString second;
+    m_host.global.GetGroupName(second, m_host.pics.markGroups[0].id);
+    std::vector<KX_DATA::PicMarkGroup> marks;
+    m_data.BuildPicMarks({{"A", {{second, {{1, {}}}}}}, {"B", {{second + u"?"_s, {{1, {}}}}}}},
+                         marks);
+    ASSERT_EQ(marks.size(), 1U);
+    EXPECT_EQ(marks[0].name, "A");
+}
+
+TEST_F(PicData, AServiceThatReplacesNothingLeavesTheLastFetch) {
+    m_host.pics.markGroups = {Group(u"A"_s)};
+    Fetch();
+    m_host.script.FailNext("GetBimPicFilterValues");
+    Fetch();
+    std::vector<KX_DATA::PicMarkGroup> marks;
+    m_data.BuildPicMarks({{"A", {}}}, marks);
+    EXPECT_EQ(marks.size(), 1U);
+}
+
 TEST_F(PicData, MarksBuiltBeforeAnyFetchAreEmpty) {
     std::vector<KX_DATA::PicMarkGroup> marks;
     m_data.BuildPicMarks({{"A", {}}}, marks);
