@@ -73,7 +73,7 @@ void WriteTicks(TourScript& script) {
         [page] {
             QAbstractItemView* tree = MarkTreeOf(page);
             Remembered() = FlagsInSight();
-            return ClickCell(tree, RowOfShownFloor(page), 1) && PressKey(tree, Qt::Key_Right);
+            return ClickCell(tree, RowOfShownFloor(page), 0) && PressKey(tree, Qt::Key_Right);
         },
         [page] {
             const QAbstractItemView* tree = MarkTreeOf(page);
