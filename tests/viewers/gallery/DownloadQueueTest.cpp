@@ -270,9 +270,10 @@ TEST_F(DownloadQueue, AMissingCacheFolderIsMade) {
 }
 
 TEST_F(DownloadQueue, GalleriesThatComeAndGoDuringDownloadsTakeNoHarm) {
+    const std::vector<GalleryItem> items = InStore(4);
     for (int round = 0; round < 20; ++round) {
         Open(round % 2 == 0);
-        SetItems(InStore(4), round % 4);
+        SetItems(items, round % 4);
         if (round % 3 == 0)
             support::RunPendingEvents();
         gallery->Destroy();
