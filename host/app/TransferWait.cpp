@@ -6,10 +6,10 @@
 
 #include <QApplication>
 #include <QEventLoop>
+#include <QPointer>
 #include <QTimer>
 
 #include <algorithm>
-#include <memory>
 
 namespace host {
 
@@ -32,10 +32,10 @@ void TransferWait::Wait(RunningTransfer& transfer) {
 
 void TransferWait::RunLoop(RunningTransfer& transfer) {
     const ExProgress::Hold hold(progress);
-    std::unique_ptr<ProgressWindow> own;
+    QPointer<ProgressWindow> own; // goes with its parent if that ends meanwhile
     if (progress.Window() == nullptr) {
-        own = std::make_unique<ProgressWindow>(QApplication::activeWindow(), u"正在下载文件"_s,
-                                               ProgressWindow::Cancel::kImpossible);
+        own = new ProgressWindow(QApplication::activeWindow(), u"正在下载文件"_s,
+                                 ProgressWindow::Cancel::kImpossible);
         own->SetText(u"正在下载文件，请稍候..."_s);
         own->Begin(std::max(0, times.windowMs - times.cursorMs));
     }
@@ -53,7 +53,8 @@ void TransferWait::RunLoop(RunningTransfer& transfer) {
         [&loop] { QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection); });
     loop.exec();
     transfer.WhenDone({});
-    if (ProgressWindow* window = own ? nullptr : progress.Window())
+    delete own;
+    if (ProgressWindow* window = progress.Window())
         window->SetDetail({});
 }
 
