@@ -145,8 +145,7 @@ TEST_F(DownloadsInTheClient, ABatchThatFailsSaysWhyAndBlocksNothing) {
     EXPECT_TRUE(Cached().isEmpty());
     // Once the window would have come up, the client still takes orders.
     EXPECT_TRUE(WaitFor([] { return host::tour::CloseWindow(host::tour::Console()); }));
-    EXPECT_TRUE(WaitFor(
-        [this] { return host::tour::PressKey(client->Window(), Qt::Key_B, Qt::ControlModifier); }));
+    EXPECT_TRUE(Press(Qt::Key_B));
     EXPECT_TRUE(WaitFor([] { return host::tour::FindWindow(u"binWindow"_s) != nullptr; }));
 }
 

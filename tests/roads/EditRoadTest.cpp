@@ -6,6 +6,7 @@
 #include "host/tour/ConsoleEyes.h"
 #include "host/tour/TourDriver.h"
 #include "host/tour/TourEyes.h"
+#include "host/ui/MainWindow.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
 #include "tests/support/ModalVisit.h"
