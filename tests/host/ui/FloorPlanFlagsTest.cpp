@@ -52,10 +52,12 @@ protected:
     /// The box of a mark at a place, or of the rest there.
     [[nodiscard]] QPoint BoxPoint(const QString& key, qint32 markId) const {
         for (const FlagBox& box : canvas.FlagsLayout().boxes) {
-            const bool isRest = box.flag < 0 && markId == 0;
-            const PlacedFlag& flag = canvas.Flags()[isRest ? box.rest.front() : box.flag];
-            if (flag.flag.positionKey == key && (isRest || flag.flag.markId == markId) &&
-                (isRest || box.flag >= 0))
+            const bool isRest = box.flag < 0;
+            if (isRest != (markId == 0))
+                continue;
+            const int index = isRest ? box.rest.front() : box.flag;
+            const MarkFlag& flag = canvas.Flags()[size_t(index)].flag;
+            if (flag.positionKey == key && (isRest || flag.markId == markId))
                 return box.rect.center().toPoint();
         }
         ADD_FAILURE() << "no such box";
