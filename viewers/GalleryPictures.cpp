@@ -2,13 +2,12 @@
 
 #include "toolkit/PictureFile.h"
 #include "toolkit/PictureRects.h"
+#include "toolkit/WaitCursor.h"
 #include "toolkit/WindowRegistry.h"
 #include "viewers/Decoders.h"
 
-#include <QCursor>
-#include <QGuiApplication>
-
 #include <cmath>
+#include <optional>
 
 namespace gallery {
 
@@ -19,25 +18,6 @@ constexpr int kThumbsKept = 48; ///< beyond each end of the visible range
 constexpr qint64 kSlowPixels = 40'000'000;
 /// Corners of decoded parts lie on whole blocks of JPEG files.
 constexpr int kBlock = 8;
-
-/// The wait cursor, while a picture is decoded that takes long.
-class WaitCursor final {
-public:
-    explicit WaitCursor(const QSize& picture)
-        : m_shown(qint64(picture.width()) * picture.height() > kSlowPixels) {
-        if (m_shown)
-            QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
-    }
-    ~WaitCursor() {
-        if (m_shown)
-            QGuiApplication::restoreOverrideCursor();
-    }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-
-private:
-    const bool m_shown;
-};
 
 QSize ThumbSize(const GalleryItem& item, qreal ratio) {
     return DeviceSize(item.thumbRect.adjusted(kFrame, kFrame, -kFrame, -kFrame).size(), ratio);
@@ -92,7 +72,9 @@ QSize GalleryPictures::SizeOf(GalleryItem& item) {
 }
 
 QImage GalleryPictures::Big(GalleryItem& item, const QSize& size, qreal ratio) {
-    const WaitCursor cursor(item.picSize);
+    std::optional<toolkit::WaitCursor> wait;
+    if (qint64(item.picSize.width()) * item.picSize.height() > kSlowPixels)
+        wait.emplace();
     QImage image = m_cache.Get(item.picPath, DeviceSize(size, ratio));
     if (image.isNull())
         MarkUnreadable(item);
