@@ -36,10 +36,10 @@ struct TransferOutcome {
 /// Size of a stored file in bytes, -1 if it isn't there or `uuid` names none. Thread: any.
 [[nodiscard]] qint64 StoredSize(const QString& dataFolder, const QString& uuid);
 
-/// Copies a stored file to `localPath` unless it lies there whole: in blocks to a temporary name beside it, checked against
-/// the MD5 that the database holds, then renamed over what was there. On failure, and when told to
-/// stop, what was there stays and nothing is left behind. `onBytes` is told the bytes so far. Opens
-/// a connection of its own. Thread: any.
+/// Copies a stored file to `localPath` unless it lies there whole: in blocks to a temporary name
+/// beside it, checked against the MD5 that the database holds, then renamed over what was there. On
+/// failure, and when told to stop, what was there stays and nothing is left behind. `onBytes` is
+/// told the bytes so far. Opens a connection of its own. Thread: any.
 [[nodiscard]] TransferOutcome FetchFile(const TransferPlace& place, const QString& uuid,
                                         const QString& localPath,
                                         const std::function<void(qint64)>& onBytes = {});

@@ -69,8 +69,9 @@ std::optional<SpokenSound> Speak(const QString& text, quint64 seed, const QStrin
     const int pitch = 35 + dice.Pick(30);
     const int speed = 160 + dice.Pick(40);
     QProcess speaker;
-    speaker.start(program, {u"-v"_s, QString::fromLatin1(voice), u"-p"_s, QString::number(pitch),
-                            u"-s"_s, QString::number(speed), u"-b"_s, u"1"_s, u"--stdin"_s, u"--stdout"_s});
+    speaker.start(program,
+                  {u"-v"_s, QString::fromLatin1(voice), u"-p"_s, QString::number(pitch), u"-s"_s,
+                   QString::number(speed), u"-b"_s, u"1"_s, u"--stdin"_s, u"--stdout"_s});
     if (!speaker.waitForStarted()) {
         SayThatNobodySpeaks(program);
         return std::nullopt;

@@ -59,8 +59,7 @@ void PaintFlag(QPainter& painter, const QRectF& rect, const PlacedFlag& placed) 
     if (isIssue)
         PaintBadge(painter, rect);
     painter.setPen(toolkit::TextOn(color));
-    PaintFlagTexts(painter, rect.adjusted(isIssue ? kBadge + 3 : kTextEdge, 0, -3, 0),
-                   placed);
+    PaintFlagTexts(painter, rect.adjusted(isIssue ? kBadge + 3 : kTextEdge, 0, -3, 0), placed);
 }
 
 void PaintRest(QPainter& painter, const FlagBox& box) {
