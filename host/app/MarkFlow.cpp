@@ -158,13 +158,33 @@ void MarkFlow::Read(MarkKind kind) {
 void MarkFlow::ReadEntries(MarkKind kind, const PanelFilter& filter) {
     PassedLimits limits(filter);
     std::vector<KX_DATA::PicFilterEntry> entries;
-    if (kind == MarkKind::kPhotos)
+    if (kind == MarkKind::kPhotos) {
         parts.pictureData.GetPicFilterData(limits.from, limits.to, limits.flag, limits.arg,
                                            entries);
-    else
+    } else {
         parts.pictureData.GetIssueFilterData(limits.from, limits.to, limits.flag, limits.arg,
                                              entries);
+        RelistTicks(filter);
+    }
     parts.panel.Page(kind).SetTree(MakeMarkTree(entries, parts.session.Marks()));
+}
+
+/// Ticks of single issues: what the limits leave out waits, what nothing leaves out is gone.
+void MarkFlow::RelistTicks(const PanelFilter& filter) {
+    MarkTreeModel& model = parts.panel.Page(MarkKind::kIssues).Model();
+    std::set<MarkEntry> missing = model.Ticks().Exceptions();
+    if (missing.empty())
+        return;
+    for (const PanelIssueFloor& floor : parts.session.Panel()->Issues(filter)) {
+        const QString group = PanelGroupName(floor.name);
+        for (const PanelIssue& issue : floor.issues)
+            missing.erase({group, issue.markId, issue.questionId});
+    }
+    MarkTicks ticks = model.Ticks();
+    if (!filter.HasLimits())
+        ticks.Forget(missing);
+    ticks.SetUnlisted(missing);
+    model.SetTicks(ticks);
 }
 
 void MarkFlow::Apply(MarkKind kind) {

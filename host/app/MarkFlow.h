@@ -58,6 +58,7 @@ private:
     void ConnectPage(MarkPage& page);
     void Read(MarkKind kind);
     void ReadEntries(MarkKind kind, const PanelFilter& filter);
+    void RelistTicks(const PanelFilter& filter);
     void ReadIssuesWhenIdle();
     void Apply(MarkKind kind);
     void OnShownChanged(MarkKind kind, bool on);

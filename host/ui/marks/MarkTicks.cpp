@@ -3,6 +3,7 @@
 #include <QJsonArray>
 
 #include <algorithm>
+#include <tuple>
 
 namespace host {
 
@@ -36,6 +37,10 @@ Qt::CheckState Checked(bool on) {
 
 } // namespace
 
+bool MarkEntry::operator<(const MarkEntry& other) const {
+    return std::tie(group, markId, key) < std::tie(other.group, other.markId, other.key);
+}
+
 void MarkTicks::SetAll(bool on) {
     rest = on;
     floors.clear();
@@ -46,49 +51,60 @@ void MarkTicks::SetFloor(const QString& group, bool on) {
 }
 
 void MarkTicks::SetMark(const QString& group, qint32 markId, bool on) {
-    MarkFor(group, markId) = {on, {}};
+    MarkFor(group, markId) = {on, {}, {}};
 }
 
 void MarkTicks::SetEntry(const QString& group, qint32 markId, const QString& key, bool on) {
     Mark& mark = MarkFor(group, markId);
+    mark.away.erase(key);
     if (on == mark.rest)
         mark.others.erase(key);
     else
         mark.others.insert(key);
 }
 
-MarkTicks::Floor MarkTicks::FloorOf(const QString& group) const {
+bool MarkTicks::RestOf(const QString& group) const {
     const auto floor = floors.find(group);
-    return floor == floors.end() ? Floor{rest, {}} : floor->second;
+    return floor == floors.end() ? rest : floor->second.rest;
 }
 
-MarkTicks::Mark MarkTicks::MarkOf(const QString& group, qint32 markId) const {
+bool MarkTicks::RestOf(const QString& group, qint32 markId) const {
+    const Mark* mark = FindMark(group, markId);
+    return mark == nullptr ? RestOf(group) : mark->rest;
+}
+
+const MarkTicks::Mark* MarkTicks::FindMark(const QString& group, qint32 markId) const {
     const auto floor = floors.find(group);
     if (floor == floors.end())
-        return {rest, {}};
+        return nullptr;
     const auto mark = floor->second.marks.find(markId);
-    return mark == floor->second.marks.end() ? Mark{floor->second.rest, {}} : mark->second;
+    return mark == floor->second.marks.end() ? nullptr : &mark->second;
 }
 
 MarkTicks::Mark& MarkTicks::MarkFor(const QString& group, qint32 markId) {
     Floor& floor = floors.try_emplace(group, Floor{rest, {}}).first->second;
-    return floor.marks.try_emplace(markId, Mark{floor.rest, {}}).first->second;
+    return floor.marks.try_emplace(markId, Mark{floor.rest, {}, {}}).first->second;
 }
 
 void MarkTicks::TidyFloor(const MarkTreeFloor& treeFloor) {
+    const auto found = floors.find(treeFloor.group);
+    if (found == floors.end())
+        return;
+    Floor& floor = found->second;
+    for (const MarkTreeMark& treeMark : treeFloor.marks) {
+        const auto mark = floor.marks.find(treeMark.markId);
+        const Qt::CheckState state = StateOf(treeFloor, treeMark);
+        if (mark == floor.marks.end() || state == Qt::PartiallyChecked)
+            continue;
+        // Where all that is listed turned round, what isn't listed is as the rest now.
+        if (mark->second.rest != (state == Qt::Checked))
+            mark->second = {state == Qt::Checked, {}, {}};
+    }
     const Qt::CheckState state = StateOf(treeFloor);
-    const auto floor = floors.find(treeFloor.group);
-    if (floor == floors.end())
+    if (state == Qt::PartiallyChecked)
         return;
-    if (state != Qt::PartiallyChecked) {
-        floor->second = {state == Qt::Checked, {}};
-        return;
-    }
-    for (const MarkTreeMark& mark : treeFloor.marks) {
-        const Qt::CheckState markState = StateOf(treeFloor, mark);
-        if (markState != Qt::PartiallyChecked && floor->second.marks.contains(mark.markId))
-            floor->second.marks[mark.markId] = {markState == Qt::Checked, {}};
-    }
+    floor.rest = state == Qt::Checked;
+    std::erase_if(floor.marks, [&](const auto& mark) { return mark.second.IsPlain(floor.rest); });
 }
 
 void MarkTicks::Tidy(const MarkTree& tree) {
@@ -97,47 +113,88 @@ void MarkTicks::Tidy(const MarkTree& tree) {
         TidyFloor(floor);
         all.Add(StateOf(floor));
     }
-    if (all.HasAny() && all.Get() != Qt::PartiallyChecked)
-        SetAll(all.Get() == Qt::Checked);
+    if (!all.HasAny() || all.Get() == Qt::PartiallyChecked)
+        return;
+    rest = all.Get() == Qt::Checked;
+    std::erase_if(floors, [&](const auto& floor) {
+        return floor.second.rest == rest && floor.second.marks.empty();
+    });
 }
 
-void MarkTicks::KeepEntries(const std::function<bool(const QString& key)>& exists) {
+std::set<MarkEntry> MarkTicks::Exceptions() const {
+    std::set<MarkEntry> exceptions;
+    for (const auto& [group, floor] : floors) {
+        for (const auto& [markId, mark] : floor.marks) {
+            for (const std::set<QString>* keys : {&mark.others, &mark.away}) {
+                for (const QString& key : *keys)
+                    exceptions.insert({group, markId, key});
+            }
+        }
+    }
+    return exceptions;
+}
+
+void MarkTicks::SetUnlisted(const std::set<MarkEntry>& unlisted) {
     for (auto& [group, floor] : floors) {
-        for (auto& [markId, mark] : floor.marks)
-            std::erase_if(mark.others, [&](const QString& key) { return !exists(key); });
+        for (auto& [markId, mark] : floor.marks) {
+            mark.others.merge(mark.away);
+            mark.away.clear();
+            std::erase_if(mark.others, [&](const QString& key) {
+                const bool isAway = unlisted.contains({group, markId, key});
+                if (isAway)
+                    mark.away.insert(key);
+                return isAway;
+            });
+        }
+    }
+}
+
+void MarkTicks::Forget(const std::set<MarkEntry>& gone) {
+    for (const MarkEntry& entry : gone) {
+        if (FindMark(entry.group, entry.markId) == nullptr)
+            continue;
+        Mark& mark = MarkFor(entry.group, entry.markId);
+        mark.others.erase(entry.key);
+        mark.away.erase(entry.key);
     }
 }
 
 bool MarkTicks::IsMarkTicked(const QString& group, qint32 markId) const {
-    return MarkOf(group, markId).rest;
+    return RestOf(group, markId);
 }
 
 bool MarkTicks::IsEntryTicked(const QString& group, qint32 markId, const QString& key) const {
-    const Mark mark = MarkOf(group, markId);
-    return mark.others.contains(key) != mark.rest;
+    const Mark* mark = FindMark(group, markId);
+    if (mark == nullptr)
+        return RestOf(group);
+    return (mark->others.contains(key) || mark->away.contains(key)) != mark->rest;
 }
 
 Qt::CheckState MarkTicks::StateOf(const MarkTreeFloor& floor, const MarkTreeMark& mark) const {
-    const Mark found = MarkOf(floor.group, mark.markId);
-    if (found.others.empty())
-        return Checked(found.rest);
-    return qint32(found.others.size()) >= mark.count ? Checked(!found.rest) : Qt::PartiallyChecked;
+    const Mark* found = FindMark(floor.group, mark.markId);
+    if (found == nullptr)
+        return Checked(RestOf(floor.group));
+    if (found->others.empty())
+        return Checked(found->rest);
+    return qint32(found->others.size()) >= mark.count ? Checked(!found->rest)
+                                                      : Qt::PartiallyChecked;
 }
 
 Qt::CheckState MarkTicks::StateOf(const MarkTreeFloor& floor) const {
     CommonState state;
     for (const MarkTreeMark& mark : floor.marks)
         state.Add(StateOf(floor, mark));
-    return state.HasAny() ? state.Get() : Checked(FloorOf(floor.group).rest);
+    return state.HasAny() ? state.Get() : Checked(RestOf(floor.group));
 }
 
 qint32 MarkTicks::TickedCount(const MarkTree& tree) const {
     qint32 count = 0;
     for (const MarkTreeFloor& floor : tree) {
         for (const MarkTreeMark& mark : floor.marks) {
-            const Mark found = MarkOf(floor.group, mark.markId);
-            const auto others = std::min(mark.count, qint32(found.others.size()));
-            count += found.rest ? mark.count - others : others;
+            const Mark* found = FindMark(floor.group, mark.markId);
+            const auto others =
+                found == nullptr ? 0 : std::min(mark.count, qint32(found->others.size()));
+            count += RestOf(floor.group, mark.markId) ? mark.count - others : others;
         }
     }
     return count;
@@ -149,8 +206,10 @@ QJsonObject MarkTicks::ToJson() const {
         QJsonObject marksJson;
         for (const auto& [markId, mark] : floor.marks) {
             QJsonArray others;
-            for (const QString& key : mark.others)
-                others.append(key);
+            for (const std::set<QString>* keys : {&mark.others, &mark.away}) {
+                for (const QString& key : *keys)
+                    others.append(key);
+            }
             marksJson[QString::number(markId)] = QJsonObject{{kRest, mark.rest}, {kOthers, others}};
         }
         floorsJson[group] = QJsonObject{{kRest, floor.rest}, {kMarks, marksJson}};

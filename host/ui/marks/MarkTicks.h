@@ -5,10 +5,19 @@
 
 #include <QJsonObject>
 
-#include <functional>
 #include <set>
 
 namespace host {
+
+/// One issue below a mark.
+struct MarkEntry {
+    QString group;
+    qint32 markId = 0;
+    QString key;
+
+    bool operator==(const MarkEntry&) const = default;
+    bool operator<(const MarkEntry& other) const;
+};
 
 /// Ticks as rules with exceptions: "all", "all but floor 3", "of floor 3 only mark 5". So what
 /// comes into the tree later is ticked as its surroundings are, and a million entries cost nothing.
@@ -23,10 +32,15 @@ public:
     void SetMark(const QString& group, qint32 markId, bool on);
     void SetEntry(const QString& group, qint32 markId, const QString& key, bool on);
     /// Writes the rules as short as the tree allows: a floor whose marks are all ticked becomes a
-    /// floor that is ticked, and so on. For after a person's click, not for after a reload.
+    /// floor that is ticked, and so on. Rules about what the tree doesn't list stay. For after a
+    /// person's click, not for after a reload.
     void Tidy(const MarkTree& tree);
+    /// The entries that are ticked otherwise than their mark.
+    [[nodiscard]] std::set<MarkEntry> Exceptions() const;
+    /// Exceptions that the tree doesn't list at present: they stay, but don't count in its states.
+    void SetUnlisted(const std::set<MarkEntry>& unlisted);
     /// Forgets exceptions about entries that are gone.
-    void KeepEntries(const std::function<bool(const QString& key)>& exists);
+    void Forget(const std::set<MarkEntry>& gone);
 
     [[nodiscard]] bool IsMarkTicked(const QString& group, qint32 markId) const;
     [[nodiscard]] bool IsEntryTicked(const QString& group, qint32 markId, const QString& key) const;
@@ -46,6 +60,10 @@ private:
     struct Mark {
         bool rest = true;
         std::set<QString> others; ///< entries that are the other way round
+        std::set<QString> away;   ///< more of them, not listed at present
+        [[nodiscard]] bool IsPlain(bool on) const {
+            return rest == on && others.empty() && away.empty();
+        }
         bool operator==(const Mark&) const = default;
     };
     struct Floor {
@@ -53,8 +71,10 @@ private:
         std::map<qint32, Mark> marks; ///< those that aren't like the rest
         bool operator==(const Floor&) const = default;
     };
-    [[nodiscard]] Floor FloorOf(const QString& group) const;
-    [[nodiscard]] Mark MarkOf(const QString& group, qint32 markId) const;
+    [[nodiscard]] bool RestOf(const QString& group) const;
+    [[nodiscard]] bool RestOf(const QString& group, qint32 markId) const;
+    /// Null: the mark is as the rest.
+    [[nodiscard]] const Mark* FindMark(const QString& group, qint32 markId) const;
     Mark& MarkFor(const QString& group, qint32 markId);
     void TidyFloor(const MarkTreeFloor& floor);
 

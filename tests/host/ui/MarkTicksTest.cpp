@@ -132,9 +132,55 @@ TEST(MarkTicks, ExceptionsAboutEntriesThatAreGoneAreForgotten) {
     MarkTicks ticks;
     ticks.SetEntry(u"1"_s, 1, u"gone"_s, false);
     ticks.SetEntry(u"1"_s, 1, u"here"_s, false);
-    ticks.KeepEntries([](const QString& key) { return key == u"here"_s; });
+    ticks.Forget({{u"1"_s, 1, u"gone"_s}});
     EXPECT_TRUE(ticks.IsEntryTicked(u"1"_s, 1, u"gone"_s));
     EXPECT_FALSE(ticks.IsEntryTicked(u"1"_s, 1, u"here"_s));
+    EXPECT_EQ(ticks.Exceptions(), (std::set<MarkEntry>{{u"1"_s, 1, u"here"_s}}));
+}
+
+TEST(MarkTicks, ExceptionsThatAreNotListedDontCountAndStay) {
+    MarkTicks ticks;
+    for (const QString& key : {u"a"_s, u"b"_s, u"c"_s})
+        ticks.SetEntry(u"1"_s, 1, key, false);
+    // The days leave two other issues of the mark.
+    ticks.SetUnlisted(ticks.Exceptions());
+    const MarkTree tree = TwoFloorTree();
+    EXPECT_EQ(ticks.StateOf(tree[0], tree[0].marks[0]), Qt::Checked);
+    EXPECT_EQ(ticks.TickedCount(tree), 10);
+    ticks.Tidy(tree);
+    EXPECT_FALSE(ticks.IsEntryTicked(u"1"_s, 1, u"b"_s));
+    EXPECT_EQ(MarkTicks::FromJson(ticks.ToJson()).Exceptions().size(), 3U);
+    // All days again.
+    ticks.SetUnlisted({});
+    EXPECT_EQ(ticks.TickedCount(MakeMarkTree({{u"1"_s, 5, {{1, 5}}, 1}}, {})), 2);
+}
+
+TEST(MarkTicks, UntickingAllThatIsListedLeavesUntickedWhatIsNot) {
+    MarkTicks ticks;
+    ticks.SetEntry(u"1"_s, 1, u"away"_s, false);
+    ticks.SetUnlisted(ticks.Exceptions());
+    ticks.SetEntry(u"1"_s, 1, u"q1"_s, false);
+    ticks.SetEntry(u"1"_s, 1, u"q2"_s, false);
+    ticks.Tidy(TwoFloorTree());
+    EXPECT_FALSE(ticks.IsMarkTicked(u"1"_s, 1));
+    EXPECT_FALSE(ticks.IsEntryTicked(u"1"_s, 1, u"away"_s));
+    ticks.SetEntry(u"1"_s, 1, u"away"_s, true);
+    EXPECT_TRUE(ticks.IsEntryTicked(u"1"_s, 1, u"away"_s));
+}
+
+TEST(MarkTicks, TidyingKeepsRulesAboutWhatIsNotListed) {
+    MarkTicks ticks;
+    ticks.SetFloor(u"3"_s, false);
+    ticks.SetMark(u"1"_s, 9, false);
+    ticks.SetMark(u"1"_s, 1, false);
+    ticks.SetMark(u"1"_s, 1, true);
+    // The days leave neither floor 3 nor mark 9.
+    ticks.Tidy(TwoFloorTree());
+    EXPECT_EQ(States(ticks, TwoFloorTree()), (AllStates{Qt::Checked, Qt::Checked}));
+    EXPECT_FALSE(ticks.IsMarkTicked(u"3"_s, 1));
+    EXPECT_FALSE(ticks.IsMarkTicked(u"1"_s, 9));
+    ticks.SetAll(true);
+    EXPECT_EQ(ticks, MarkTicks());
 }
 
 TEST(MarkTicks, AReloadChangesNoTick) {
