@@ -95,6 +95,39 @@ protected:
         return writer.FilePhoto(photo, {{}, JpegBytes(qRgb(added, 200, 1))});
     }
 
+    /// On floor 1 at 2-B, with the first mark.
+    void FileIssue(const QString& questionId, const QString& theme, qint64 time) {
+        host::SiteWriter writer(*session.Folder());
+        host::NewIssue issue;
+        issue.ppid = site.firstProject;
+        issue.questionId = questionId;
+        issue.theme = theme;
+        issue.floor = u"1"_s;
+        issue.posInfo = u"2-B轴"_s;
+        issue.markId = 1;
+        issue.creator = u"张伟"_s;
+        issue.createTime = time;
+        writer.FileIssue(issue);
+        flow->Reload(MarkKind::kIssues);
+    }
+    /// The row of the first mark of floor 1 among the issues.
+    QModelIndex IssueMark() {
+        host::MarkTreeModel& model = Page(MarkKind::kIssues).Model();
+        const QModelIndex mark = model.index(1, 0, model.index(1, 0));
+        EXPECT_EQ(model.MarkOf(mark), 1);
+        return mark;
+    }
+    [[nodiscard]] QVariant StateOf(const QModelIndex& index) {
+        return index.data(Qt::CheckStateRole);
+    }
+    void LimitIssuesTo(qint64 second) {
+        host::MarkPageState state = Page(MarkKind::kIssues).State();
+        const QDate day = QDateTime::fromSecsSinceEpoch(second).date();
+        state.days = {second != 0, day, day};
+        Page(MarkKind::kIssues).SetState(state);
+        flow->Reload(MarkKind::kIssues);
+    }
+
     [[nodiscard]] host::FloorPlanCanvas& Plan() { return pane.Canvas(); }
     [[nodiscard]] host::MarkPage& Page(MarkKind kind) { return panel.Page(kind); }
     /// How many photos or issues the flag of a mark at a key of the shown floor stands for; 0: no
@@ -385,31 +418,20 @@ TEST_F(MarksOfAFolder, OfVeryManyPhotosTheLatestAreNamed) {
 }
 
 TEST_F(MarksOfAFolder, IssuesHaveFlagsAreTickedAndLocated) {
-    host::SiteWriter writer(*session.Folder());
-    host::NewIssue issue;
-    issue.ppid = site.firstProject;
-    issue.questionId = u"q-crack"_s;
-    issue.theme = u"裂缝"_s;
-    issue.floor = u"1"_s;
-    issue.posInfo = u"2-B轴"_s;
-    issue.markId = 1;
-    issue.creator = u"张伟"_s;
-    issue.createTime = 1'700'000'000;
-    writer.FileIssue(issue);
-    flow->Reload(MarkKind::kIssues);
+    FileIssue(u"q-crack"_s, u"裂缝"_s, 1'700'000'000);
     EXPECT_TRUE(view.LocateIssue(u"q-crack"_s));
     EXPECT_EQ(pane.CurrentFloor(), u"1"_s);
     ASSERT_NE(Plan().Chosen(), nullptr);
     EXPECT_EQ(Plan().Chosen()->positionKey,
-              writer.FindPosition(site.firstProject, u"1"_s, u"2"_s, u"B"_s));
+              host::SiteWriter(*session.Folder())
+                  .FindPosition(site.firstProject, u"1"_s, u"2"_s, u"B"_s));
     EXPECT_TRUE(Plan().Blink().IsLit());
     host::MarkTreeModel& model = Page(MarkKind::kIssues).Model();
     ASSERT_EQ(model.rowCount(), 2);
     Tick(MarkKind::kIssues, 1, -1, false);
     EXPECT_FALSE(view.LocateIssue(u"q-crack"_s));
     EXPECT_EQ(GetProjCacheMng()->GetCurrentModel()->GetShownIssueMarks().size(), 1U);
-    const QModelIndex mark = model.index(1, 0, model.index(1, 0));
-    ASSERT_EQ(model.MarkOf(mark), 1);
+    const QModelIndex mark = IssueMark();
     model.fetchMore(mark);
     ASSERT_EQ(model.rowCount(mark), 1);
     EXPECT_EQ(model.EntryOf(model.index(0, 0, mark)), u"q-crack"_s);
@@ -417,6 +439,26 @@ TEST_F(MarksOfAFolder, IssuesHaveFlagsAreTickedAndLocated) {
     EXPECT_TRUE(view.LocateIssue(u"q-crack"_s));
     Page(MarkKind::kIssues).ShownAction()->trigger();
     EXPECT_FALSE(view.LocateIssue(u"q-crack"_s));
+}
+
+TEST_F(MarksOfAFolder, ASingleIssuesTickOutlastsDaysThatLeaveItOutAndGoesWithTheIssue) {
+    FileIssue(u"q-crack"_s, u"裂缝"_s, 1'700'000'000);
+    FileIssue(u"q-hollow"_s, u"空鼓"_s, 1'600'000'000);
+    host::MarkTreeModel& model = Page(MarkKind::kIssues).Model();
+    model.fetchMore(IssueMark());
+    ASSERT_EQ(model.EntryOf(model.index(0, 0, IssueMark())), u"q-crack"_s);
+    model.setData(model.index(0, 0, IssueMark()), Qt::Unchecked, Qt::CheckStateRole);
+    EXPECT_EQ(StateOf(IssueMark()), Qt::PartiallyChecked);
+    LimitIssuesTo(1'600'000'000);
+    EXPECT_EQ(StateOf(model.index(0, 0)), Qt::Checked);
+    EXPECT_TRUE(view.LocateIssue(u"q-hollow"_s));
+    LimitIssuesTo(0);
+    EXPECT_EQ(StateOf(IssueMark()), Qt::PartiallyChecked);
+    EXPECT_FALSE(view.LocateIssue(u"q-crack"_s));
+    ASSERT_TRUE(GetTNQuestionMng()->DeleteIssues({u"q-crack"_s}));
+    flow->Reload(MarkKind::kIssues);
+    EXPECT_EQ(StateOf(IssueMark()), Qt::Checked);
+    EXPECT_TRUE(model.Ticks().Exceptions().empty());
 }
 
 TEST_F(MarksOfAFolder, AClickOnAnIssuesFlagLocatesItAndSeveralAreOffered) {
