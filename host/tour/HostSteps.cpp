@@ -108,6 +108,7 @@ void WriteProjects(TourScript& script) {
     script.Do(
         u"打开工作集"_s, [] { return ChooseProject(u"工作集"_s); },
         [] { return FindWindow(kMain)->windowTitle().startsWith(u"工作集"_s); });
+    script.Picture(kMain, u"main-workset"_s);
     script.Do(
         u"工作集中的控制台：有“所属工程”列，没有删除按钮"_s,
         [] { return PressKey(FindWindow(kMain), Qt::Key_1, Qt::ControlModifier); },

@@ -7,12 +7,22 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
 namespace host {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// Widths of the list of floors, in characters of the face, and what stands beside a row's text.
+constexpr int kShortRow = 15;
+constexpr int kLongRow = 40;
+constexpr int kRowMargins = 12;
+
+} // namespace
 
 FloorPlanPane::FloorPlanPane(QWidget* parent) : QWidget(parent) {
     floors = new QListWidget(this);
@@ -36,7 +46,7 @@ FloorPlanPane::FloorPlanPane(QWidget* parent) : QWidget(parent) {
     all->setSpacing(0);
     all->addLayout(left);
     all->addWidget(scroll, 1);
-    floors->setFixedWidth(std::max(132, floors->fontMetrics().averageCharWidth() * 15));
+    FitFloors();
 
     connect(floors, &QListWidget::currentRowChanged, canvas, &FloorPlanCanvas::SetFloor);
     connect(canvas, &FloorPlanCanvas::FloorChanged, this, [this](int floor) {
@@ -66,6 +76,17 @@ void FloorPlanPane::FillFloors() {
         item->setSizeHint(QSize(0, floors->fontMetrics().height() + 12));
     }
     floors->setCurrentRow(canvas->State().floor);
+    FitFloors();
+}
+
+/// As wide as its longest row, so that the counts can be read; rows far longer are elided.
+void FloorPlanPane::FitFloors() {
+    const QFontMetrics metrics = floors->fontMetrics();
+    int width = metrics.averageCharWidth() * kShortRow;
+    for (int row = 0; row < floors->count(); ++row)
+        width = std::max(width, metrics.horizontalAdvance(floors->item(row)->text()));
+    width = std::min(width, metrics.averageCharWidth() * kLongRow);
+    floors->setFixedWidth(width + kRowMargins + floors->verticalScrollBar()->sizeHint().width());
 }
 
 QString FloorPlanPane::CurrentFloor() const {

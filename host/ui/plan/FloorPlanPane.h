@@ -27,6 +27,7 @@ public:
 
 private:
     void FillFloors();
+    void FitFloors();
 
     QListWidget* floors = nullptr;
     FloorPlanCanvas* canvas = nullptr;

@@ -4,6 +4,7 @@
 #include "host/ui/plan/FloorPlanView.h"
 #include "tests/host/ui/FloorPlanSamples.h"
 
+#include <QCoreApplication>
 #include <QListWidget>
 #include <QPushButton>
 #include <QtTest/QTest>
@@ -49,6 +50,23 @@ TEST_F(FloorPlan, ListAndPlanStayOnTheSameFloor) {
     EXPECT_EQ(pane.CurrentFloor(), u"1"_s);
     QTest::keyClick(&canvas, Qt::Key_PageUp);
     EXPECT_EQ(list->currentRow(), 0);
+}
+
+TEST_F(FloorPlan, TheListOfFloorsIsWideEnoughForTheCountsOfAWorksetAndHasALimit) {
+    auto* list = pane.findChild<QListWidget*>(u"floorList"_s);
+    const int alone = list->width();
+    FloorPlanModel workset = hosttest::SmallPlan();
+    workset.floors[1].project = u"滨江花园三期"_s;
+    pane.SetModel(workset);
+    QCoreApplication::sendPostedEvents();
+    EXPECT_EQ(list->item(1)->text(), u"滨江花园三期 1层（5）"_s);
+    EXPECT_GT(list->width(), alone);
+    EXPECT_GE(list->viewport()->width(),
+              list->fontMetrics().horizontalAdvance(list->item(1)->text()) + 8);
+    workset.floors[1].project = QString(300, u'长');
+    pane.SetModel(workset);
+    QCoreApplication::sendPostedEvents();
+    EXPECT_LT(list->width(), 400);
 }
 
 TEST_F(FloorPlan, AClickOnAPlaceWithPhotosOffersThem) {
