@@ -2,6 +2,7 @@
 
 #include "base/FacadeAccess.h"
 #include "base/Guard.h"
+#include "base/OpenProject.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
@@ -15,6 +16,7 @@
 
 using namespace Qt::StringLiterals;
 
+using ZelvorNRQ_KXVeskPicture::CurrentProject;
 using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
 using ZelvorNRQ_KXVeskPicture::IPictureFacade;
 using ZelvorNRQ_KXVeskPicture::PictureFacade;
@@ -122,7 +124,7 @@ void CBimPicMng::LocateRow(CGridRow& row) {
 DownloadSource CBimPicMng::GetDownloadSource(const CGridRow& row) const {
     const auto& record = RecordOf<KX_DATA::BimPicRow>(row);
     // The folder is that of the open project, not of the row's.
-    const KX_DATA::ProjectRecord project = CurrentProject();
+    const auto project = CurrentProject().value_or(KX_DATA::ProjectRecord());
     QString folder;
     GetKXPathMng()->GetPicFolder(folder, project.ppid, project.name);
     return {record.text8, record.fileName, folder + record.text8 + u".jpg"_s};

@@ -2,6 +2,7 @@
 
 #include "base/FacadeAccess.h"
 #include "base/MissingDialogs.h"
+#include "base/OpenProject.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
@@ -14,6 +15,8 @@
 using namespace Qt::StringLiterals;
 
 using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
+using ZelvorNRQ_KXVeskPicture::CurrentDrawing;
+using ZelvorNRQ_KXVeskPicture::CurrentProject;
 using ZelvorNRQ_KXVeskPicture::IPictureFacade;
 using ZelvorNRQ_KXVeskPicture::MissingDialog;
 using ZelvorNRQ_KXVeskPicture::PictureFacade;
@@ -91,7 +94,7 @@ int CPDFPicMng::GetStatusColumn() const {
 }
 
 bool CPDFPicMng::IsViewAffected() {
-    const QString current = CurrentDrawingName();
+    const QString current = CurrentDrawing().drawingName;
     for (const CGridRow* row : CheckedRows())
         if (RecordOf<KX_DATA::PdfPicRecord>(*row).drawingName == current)
             return true;
@@ -99,7 +102,7 @@ bool CPDFPicMng::IsViewAffected() {
 }
 
 bool CPDFPicMng::IsRowInView(const CGridRow& row) {
-    return RecordOf<KX_DATA::PdfPicRecord>(row).drawingName == CurrentDrawingName();
+    return RecordOf<KX_DATA::PdfPicRecord>(row).drawingName == CurrentDrawing().drawingName;
 }
 
 bool CPDFPicMng::GetUsedMarks(std::vector<qint32>& markIds) {
@@ -126,7 +129,7 @@ void CPDFPicMng::LocateRow(CGridRow& row) {
 DownloadSource CPDFPicMng::GetDownloadSource(const CGridRow& row) const {
     const auto& record = RecordOf<KX_DATA::PdfPicRecord>(row);
     // The folder is that of the open project, not of the row's.
-    const KX_DATA::ProjectRecord project = CurrentProject();
+    const auto project = CurrentProject().value_or(KX_DATA::ProjectRecord());
     QString folder;
     GetKXPathMng()->GetThumbFolder(folder, project.ppid, project.name);
     return {record.text1, record.fileName, folder + record.text1 + u".jpg"_s};

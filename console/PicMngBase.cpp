@@ -9,7 +9,6 @@
 #include "services/IKXGlobalData.h"
 #include "services/IKXLocalCacheData.h"
 #include "services/IKXSysMng.h"
-#include "services/IProjCacheMng.h"
 #include "toolkit/WindowRegistry.h"
 
 #include <QWidget>
@@ -98,20 +97,6 @@ void CPicMngBase::PutIcons(CGridRow& row, int firstColumn, const toolkit::ImageL
 QString CPicMngBase::ProjectName(qint32 ppid) {
     QString name;
     return GetKXGlobalData()->GetProjectName(name, ppid);
-}
-
-QString CPicMngBase::CurrentDrawingName() {
-    KX_DATA::CurrentDrawing drawing;
-    if (KX_DATA::IProjCacheHandle* project = GetProjCacheMng()->GetCurrentProject())
-        project->GetCurrentDrawing(drawing);
-    return drawing.drawingName;
-}
-
-KX_DATA::ProjectRecord CPicMngBase::CurrentProject() {
-    KX_DATA::IProjCacheHandle* project = GetProjCacheMng()->GetCurrentProject();
-    const KX_DATA::ProjectRecord* record =
-        project != nullptr ? project->GetProjectRecord() : nullptr;
-    return record != nullptr ? *record : KX_DATA::ProjectRecord{};
 }
 
 void CPicMngBase::WriteAction(const QString& action) {

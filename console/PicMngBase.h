@@ -3,7 +3,6 @@
 
 #include "console/BatchDownload.h"
 #include "console/ConsoleMode.h"
-#include "services/EnvRecords.h"
 #include "services/PageQuery.h"
 #include "toolkit/GridRow.h"
 #include "toolkit/ImageList.h"
@@ -105,11 +104,7 @@ protected:
     static void PutMark(CGridRow& row, qint32 markId);
     static void PutIcons(CGridRow& row, int firstColumn, const toolkit::ImageList& images);
     [[nodiscard]] static QString ProjectName(qint32 ppid);
-    /// Name of the drawing that is open in the host.
-    [[nodiscard]] static QString CurrentDrawingName();
     static void WriteAction(const QString& action);
-    /// The open project; number 0 and no name without one.
-    [[nodiscard]] static KX_DATA::ProjectRecord CurrentProject();
 
     /// Checked rows from the last to the first, so that lists made of them come out in that order.
     [[nodiscard]] std::vector<CGridRow*> CheckedRows() const;

@@ -1,14 +1,13 @@
 #include "console/VeskPicMngGrid.h"
 
 #include "base/Guard.h"
+#include "base/OpenProject.h"
 #include "console/BimPicMng.h"
 #include "console/ColumnTable.h"
 #include "console/ConsoleEvents.h"
 #include "console/PDFPicMng.h"
 #include "console/SortKeys.h"
 #include "console/TNPicMng.h"
-#include "services/Factories.h"
-#include "services/IProjCacheMng.h"
 #include "toolkit/Icons.h"
 #include "toolkit/MultiPageGridManager.h"
 #include "toolkit/WindowRegistry.h"
@@ -18,6 +17,7 @@
 using namespace Qt::StringLiterals;
 
 using ZelvorNRQ_KXVeskPicture::CatchStatus;
+using ZelvorNRQ_KXVeskPicture::CurrentProject;
 using ZelvorNRQ_KXVeskPicture::ShowStatus;
 
 namespace {
@@ -69,11 +69,7 @@ void CVeskPicMngGrid::OnInitialize() {
     m_headerImages = MakeHeaderImages();
     SetHeaderImageList(m_headerImages);
     SetMode(m_mode);
-    const KX_DATA::ProjectRecord* project = nullptr;
-    if (KX_DATA::IProjCacheHandle* handle = GetProjCacheMng()->GetCurrentProject())
-        project = handle->GetProjectRecord();
-    m_projectId = project != nullptr ? project->ppid : 0;
-    m_projectName = project != nullptr ? project->name : QString();
+    m_projectId = CurrentProject().value_or(KX_DATA::ProjectRecord()).ppid;
 }
 
 void CVeskPicMngGrid::CreateManager(ConsoleMode newMode) {

@@ -82,7 +82,6 @@ private:
     toolkit::ImageList m_headerImages;
     toolkit::ImageList m_rowImages;
     qint32 m_projectId = 0;
-    QString m_projectName;
     ConsoleMode m_mode = kModeBim;
     QString m_sortField = QStringLiteral("last_modifytime");
     QString m_sortOrder = QStringLiteral("desc");
