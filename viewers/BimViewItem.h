@@ -44,7 +44,7 @@ namespace gallery {
 void KeepShown(std::vector<KX_DATA::PicFileEntry>& files, const KX_DATA::ShownPicMarks& shown,
                const std::string& group, qint32 markId);
 
-/// Index of the wanted photo; 0 for one that isn't in the list, and for -1.
+/// Index of the wanted photo, the last one of its id; 0 for one that isn't in the list, and for -1.
 [[nodiscard]] int IndexOfPhoto(const std::vector<KX_DATA::PicFileEntry>& files, qint32 wantedPicId);
 
 } // namespace gallery

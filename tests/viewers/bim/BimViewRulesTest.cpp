@@ -96,6 +96,11 @@ TEST(BimViewRules, TheWantedPhotoIsFoundByItsId) {
     EXPECT_EQ(gallery::IndexOfPhoto(files, 8), 0);
     EXPECT_EQ(gallery::IndexOfPhoto(files, -1), 0);
     EXPECT_EQ(gallery::IndexOfPhoto(FilesOf({4, -1}), -1), 0);
+    EXPECT_EQ(gallery::IndexOfPhoto({}, 7), 0);
+}
+
+TEST(BimViewRules, OfTwoEntriesOfOnePhotoTheLastIsWanted) {
+    EXPECT_EQ(gallery::IndexOfPhoto(FilesOf({5, 7, 6, 7, 8}), 7), 3);
 }
 
 } // namespace
