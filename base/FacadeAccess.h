@@ -21,7 +21,8 @@ public:
     /// The host's sink; one that only writes the log while the host has set none.
     [[nodiscard]] virtual IKXVeskPictureSink& Sink() = 0;
     virtual qint32 ShowPicMng(qint32 kind) = 0;
-    /// False: the viewer couldn't be opened, which the user has been told.
+    /// False: there is no viewer; it couldn't be opened, which the user has been told, or was
+    /// closed at once.
     virtual bool OpenBimPicView(qint32 ppid, const QString& floor, const QString& positionKey,
                                 qint32 markId) = 0;
     virtual void ShowPdfPicView(qint32 ppid, qint32 drawingId, const QString& drawingName,

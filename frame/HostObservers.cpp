@@ -1,13 +1,13 @@
 #include "frame/HostObservers.h"
 
 #include "base/MissingDialogs.h"
+#include "base/OpenProject.h"
 #include "base/PictureLog.h"
 #include "console/VeskPicMngDlg.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "reminder/KXVeskPicDataImpl.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
-#include "services/IProjCacheMng.h"
 #include "viewers/BimPicViewWrap.h"
 
 using namespace Qt::StringLiterals;
@@ -32,12 +32,12 @@ QString CVeskPicProjChangeObs::GetObsClassName() const {
 void CVeskPicProjChangeObs::OnProjChange() {
     CVeskPicMngDlg::Instance().CloseConsole();
     CBimPicViewWrap::Instance().DestroyViews();
+    // The next project's first viewer must not bring up a console that nobody opened there.
+    CKXVeskPictureImpl::Instance().reopenConsole = false;
     CKXVeskPicDataImpl::Instance().Clear();
-    const KX_DATA::ProjectRecord* project = nullptr;
-    if (KX_DATA::IProjCacheHandle* handle = GetProjCacheMng()->GetCurrentProject())
-        project = handle->GetProjectRecord();
-    ZelvorNRQ_KXVeskPicture::LogProjectChange(project != nullptr ? &project->name : nullptr,
-                                              project != nullptr ? project->ppid : 0);
+    const auto project = ZelvorNRQ_KXVeskPicture::CurrentProject();
+    ZelvorNRQ_KXVeskPicture::LogProjectChange(project ? &project->name : nullptr,
+                                              project ? project->ppid : 0);
 }
 
 QString CViewBimPicObs::GetObsName() const {

@@ -2,6 +2,7 @@
 
 #include "base/Guard.h"
 #include "base/MissingDialogs.h"
+#include "base/OpenProject.h"
 #include "console/ConsoleEvents.h"
 #include "console/VeskPicMngDlg.h"
 #include "editors/BimPicEditDlg.h"
@@ -28,6 +29,18 @@ using ZelvorNRQ_KXVeskPicture::MissingDialog;
 using ZelvorNRQ_KXVeskPicture::SavePicAs;
 using ZelvorNRQ_KXVeskPicture::ShowStatus;
 using ZelvorNRQ_KXVeskPicture::ViewPicRequest;
+
+namespace {
+
+/// Brings a window up, maximised if it was.
+void ShowInFront(toolkit::WindowObject& window) {
+    QWidget& widget = *window.Widget();
+    widget.setWindowState(widget.windowState() & ~Qt::WindowMinimized);
+    widget.show();
+    window.BringToForeground();
+}
+
+} // namespace
 
 CKXVeskPictureImpl::CKXVeskPictureImpl()
     : m_projChangeObs(std::make_unique<CVeskPicProjChangeObs>()),
@@ -94,12 +107,10 @@ qint32 CKXVeskPictureImpl::ShowIssueMngFor(qint32 unread, const QString& presetT
 
 qint32 CKXVeskPictureImpl::ShowPdfPicMngFor(qint32 unread, qint32 presetMarkId, qint32 presetB) {
     Q_UNUSED(unread);
-    KX_DATA::CurrentDrawing drawing;
-    if (KX_DATA::IProjCacheHandle* project = GetProjCacheMng()->GetCurrentProject())
-        project->GetCurrentDrawing(drawing);
+    const qint32 drawingId = ZelvorNRQ_KXVeskPicture::CurrentDrawing().drawingId;
     CVeskPicMngDlg& console = CVeskPicMngDlg::Instance();
     console.MakeRoomFor(kModePdf);
-    console.SetPdfPreset(presetMarkId, drawing.drawingId, presetB);
+    console.SetPdfPreset(presetMarkId, drawingId, presetB);
     return ShowPicMng(kModePdf);
 }
 
@@ -140,14 +151,18 @@ bool CKXVeskPictureImpl::OpenBimPicView(qint32 ppid, const QString& floor,
                                         const QString& positionKey, qint32 markId) {
     CBimPicViewWrap& viewer = CBimPicViewWrap::Instance();
     viewer.Create(toolkit::MainWindow());
-    if (viewer.OpenView({ppid, floor, positionKey, markId}, TakePendingPic())) {
-        viewer.ShowRestored();
-        viewer.BringToForeground();
+    const toolkit::WindowId window = viewer.Id();
+    const bool isShown = viewer.OpenView({ppid, floor, positionKey, markId}, TakePendingPic());
+    // Closed behind a message of its own, or with its project.
+    if (viewer.Id() != window)
+        return false;
+    if (isShown) {
+        ShowInFront(viewer);
         return true;
     }
-    ShowStatus(viewer.Id(), e_VeskPicMngStatus::PicInfoFailed);
-    // It may have been closed while its message was open.
-    if (viewer.HasWindow())
+    ShowStatus(window, e_VeskPicMngStatus::PicInfoFailed);
+    // The window that failed, not one that was opened while the message was.
+    if (viewer.Id() == window)
         viewer.Widget()->close();
     return false;
 }

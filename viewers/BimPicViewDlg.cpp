@@ -3,6 +3,7 @@
 #include "base/ConsoleMode.h"
 #include "base/FacadeAccess.h"
 #include "base/Guard.h"
+#include "base/OpenProject.h"
 #include "base/PictureLog.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
@@ -13,6 +14,8 @@
 #include "toolkit/KXTools.h"
 #include "toolkit/Look.h"
 #include "toolkit/WaitCursor.h"
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -29,11 +32,9 @@ gallery::NoteTerms TermsOf(const CPicViewDlg& pane) {
 }
 
 QString PicFolder(qint32 ppid) {
-    const KX_DATA::ProjectRecord* project = nullptr;
-    if (KX_DATA::IProjCacheHandle* handle = GetProjCacheMng()->GetCurrentProject())
-        project = handle->GetProjectRecord();
+    const auto project = ZelvorNRQ_KXVeskPicture::CurrentProject();
     QString folder;
-    GetKXPathMng()->GetPicFolder(folder, ppid, project == nullptr ? QString() : project->name);
+    GetKXPathMng()->GetPicFolder(folder, ppid, project ? project->name : QString());
     return folder;
 }
 
@@ -44,6 +45,17 @@ void KeepShownInModel(std::vector<KX_DATA::PicFileEntry>& files, const BimPlace&
     const KX_DATA::ShownPicMarks shown = model->GetShownPicMarks();
     gallery::KeepShown(files, shown, toolkit::ToGbk(gallery::FloorGroup(place.floor)),
                        place.markId);
+}
+
+/// The photos of a place as the model shows them; nothing if the service can't list them.
+std::optional<std::vector<KX_DATA::PicFileEntry>> ShownFiles(const BimPlace& place) {
+    const toolkit::WaitCursor wait;
+    std::vector<KX_DATA::PicFileEntry> files;
+    if (GetVeskPicMng()->GetPicFilesByPosition(place.ppid, place.positionKey, place.markId,
+                                               files) != KX_DATA::kServiceOk)
+        return std::nullopt;
+    KeepShownInModel(files, place);
+    return files;
 }
 
 BimViewItem ItemOf(const KX_DATA::PicFileEntry& file, qint32 ppid) {
@@ -69,21 +81,23 @@ CBimPicViewDlg::CBimPicViewDlg()
     : m_note(*this, TermsOf(*this)), m_block(gallery::BimViewerBlock(), u"   更新人："_s) {}
 
 bool CBimPicViewDlg::LoadPosition(const BimPlace& place, qint32 wantedPicId) {
-    const toolkit::WaitCursor wait;
     items.clear();
-    std::vector<KX_DATA::PicFileEntry> files;
-    if (GetVeskPicMng()->GetPicFilesByPosition(place.ppid, place.positionKey, place.markId,
-                                               files) != KX_DATA::kServiceOk)
+    const auto files = ShownFiles(place);
+    if (!files || !HasWindow())
         return false;
-    KeepShownInModel(files, place);
     const QString folder = PicFolder(place.ppid);
-    SetCurrentIndex(gallery::IndexOfPhoto(files, wantedPicId));
+    SetCurrentIndex(gallery::IndexOfPhoto(*files, wantedPicId));
     std::vector<GalleryItem> pictures;
-    for (const KX_DATA::PicFileEntry& file : files) {
+    for (const KX_DATA::PicFileEntry& file : *files) {
         items.push_back(ItemOf(file, place.ppid));
         pictures.push_back(FilesOf(file, folder));
     }
     SetPicItems(pictures);
+    if (pictures.empty()) {
+        // Nobody is told of a current picture: the note of the last one goes with it.
+        m_note.OnPicChanged();
+        m_note.ShowNote();
+    }
     return true;
 }
 
@@ -93,6 +107,7 @@ void CBimPicViewDlg::OnCurPicChanged(int index) {
 }
 
 bool CBimPicViewDlg::FetchDetail(BimViewItem& item) {
+    const toolkit::WaitCursor wait;
     KX_DATA::BimPicDetail detail;
     if (GetVeskPicMng()->GetBimPicDetail(item.ppid, item.picId, detail) != KX_DATA::kServiceOk)
         return false;
@@ -119,7 +134,11 @@ void CBimPicViewDlg::ShowPicDetail(int index) {
         return;
     BimViewItem item = items[size_t(index)];
     if (item.loaded == 0) {
-        if (!FetchDetail(item)) {
+        const bool fetched = FetchDetail(item);
+        // The service may have let the viewer be closed, or another place be opened in it.
+        if (!HasWindow() || index >= int(items.size()) || items[size_t(index)].picId != item.picId)
+            return;
+        if (!fetched) {
             ShowStatus(Id(), e_VeskPicMngStatus::PicInfoFailed);
             return;
         }
@@ -129,8 +148,6 @@ void CBimPicViewDlg::ShowPicDetail(int index) {
 }
 
 void CBimPicViewDlg::ShowItem(int index) {
-    if (!m_block.HasControls())
-        return;
     const BimViewItem& item = items[size_t(index)];
     gallery::PhotoBlockTexts texts;
     texts.position = item.posText;

@@ -39,7 +39,7 @@ public:
     CBimPicViewDlg();
 
     /// Shows the photos of a place. False, and nothing changed but an emptied detail cache: they
-    /// can't be listed. An empty list is shown as such.
+    /// can't be listed, or there is no window any more. An empty list is shown as such.
     /// @param wantedPicId  the photo shown first; the first one for -1 and for one not listed.
     bool LoadPosition(const BimPlace& place, qint32 wantedPicId);
 

@@ -14,7 +14,7 @@ class CBimPicViewWrap final : public CPicViewWrap,
                               public NRQUtility::SingletonTmpl<CBimPicViewWrap>,
                               public ITitleNotify {
 public:
-    /// Shows a place. False: its photos can't be listed.
+    /// Shows a place. False: its photos can't be listed, or the window ended meanwhile.
     bool OpenView(const BimPlace& place, qint32 wantedPicId);
     /// Ends pane and window without asking or saving anything.
     void DestroyViews();

@@ -19,15 +19,18 @@ const QString& ScriptedPaths::Fill(const std::string& operation, QString& folder
     return folder;
 }
 
-const QString& ScriptedPaths::GetPicFolder(QString& folder, qint32 ppid, const QString&) {
+const QString& ScriptedPaths::GetPicFolder(QString& folder, qint32 ppid, const QString& name) {
+    lastProjectName = name;
     return Fill("GetPicFolder", folder, u"%1/pics"_s.arg(ppid));
 }
 
-const QString& ScriptedPaths::GetThumbFolder(QString& folder, qint32 ppid, const QString&) {
+const QString& ScriptedPaths::GetThumbFolder(QString& folder, qint32 ppid, const QString& name) {
+    lastProjectName = name;
     return Fill("GetThumbFolder", folder, u"%1/thumbs"_s.arg(ppid));
 }
 
-const QString& ScriptedPaths::GetAttachFolder(QString& folder, qint32 ppid, const QString&) {
+const QString& ScriptedPaths::GetAttachFolder(QString& folder, qint32 ppid, const QString& name) {
+    lastProjectName = name;
     return Fill("GetAttachFolder", folder, u"%1/attachments"_s.arg(ppid));
 }
 

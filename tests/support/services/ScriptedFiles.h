@@ -22,6 +22,7 @@ public:
     explicit ScriptedPaths(Script& script) : m_script(script) {}
 
     QString root;
+    QString lastProjectName; ///< with which a project's folder was asked for
 
     const QString& GetPicFolder(QString& folder, qint32 ppid, const QString& name) override;
     const QString& GetThumbFolder(QString& folder, qint32 ppid, const QString& name) override;

@@ -1,9 +1,13 @@
 // The pane and the window of the BIM photo viewer.
+#include "console/VeskPicMngDlg.h"
+#include "frame/KXVeskPictureImpl.h"
 #include "tests/support/ScriptedAudio.h"
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/bim/BimViewFixture.h"
+#include "toolkit/GbkText.h"
 #include "toolkit/Look.h"
 
+#include <QGuiApplication>
 #include <QPushButton>
 #include <QTest>
 #include <gmock/gmock.h>
@@ -151,12 +155,63 @@ TEST_F(BimPicViewTest, ClosedWhileItsMessageIsOpenEndsQuietly) {
     EXPECT_FALSE(Wrap().HasWindow());
 }
 
+TEST_F(BimPicViewTest, ClosedWhileTheServiceIsAskedForADetailItEndsQuietly) {
+    ASSERT_TRUE(Open());
+    host.script.During("GetBimPicDetail", [] { Wrap().Widget()->close(); });
+    Press(Qt::Key_Right);
+    EXPECT_FALSE(Wrap().HasWindow());
+    host.script.FailNext("GetBimPicDetail");
+    EXPECT_FALSE(Open());
+}
+
+TEST_F(BimPicViewTest, AnotherPlaceOpenedWhileADetailIsFetchedIsTheOneThatStays) {
+    ASSERT_TRUE(Open());
+    host.script.During("GetBimPicDetail", [this] {
+        host.script.During("GetBimPicDetail", nullptr);
+        host.pics.files.resize(1);
+        EXPECT_TRUE(Open());
+    });
+    Press(Qt::Key_Right);
+    EXPECT_EQ(Pane().Items().size(), 1U);
+    EXPECT_EQ(Wrap().Widget()->windowTitle(), u"照片1.jpg   (1/1)");
+    EXPECT_EQ(Texts().descText->text(), u"描述：描述1");
+}
+
+TEST_F(BimPicViewTest, TheWaitCursorShowsWhileTheServicesAreAskedAndNotInAMessage) {
+    const auto waits = [] { return QGuiApplication::overrideCursor() != nullptr; };
+    std::vector<bool> during;
+    for (const char* call : {"GetPicFilesByPosition", "GetBimPicDetail"})
+        host.script.During(call, [&] { during.push_back(waits()); });
+    host.script.FailNext("GetBimPicDetail");
+    prompts.ExpectMessage(u"获取Vesk照片信息失败！"_s);
+    prompts.Meanwhile([&] { during.push_back(waits()); });
+    ASSERT_TRUE(Open());
+    EXPECT_THAT(during, ElementsAre(true, true, false));
+    EXPECT_FALSE(waits());
+}
+
 TEST_F(BimPicViewTest, ShowsOnlyThePhotosThatTheModelsMarksShow) {
     host.project.shownPicMarks["1"][QString()][1] = {{"A-1", 1}, {"A-1", 3}};
     ASSERT_TRUE(Open(3));
     EXPECT_EQ(Pane().Items().size(), 2U);
     EXPECT_EQ(Current(), 1);
     EXPECT_EQ(Texts().descText->text(), u"描述：描述3");
+}
+
+TEST_F(BimPicViewTest, TheModelsMarksAreLookedUpByTheFloorInCodePage936) {
+    for (const QString& floor : {QString(), u"地下室"_s, u"-1"_s}) {
+        const QString group = floor.isEmpty() ? u"其他"_s : floor;
+        host.project.shownPicMarks = {{toolkit::ToGbk(group), {{QString(), {{1, {{"A-1", 2}}}}}}}};
+        ASSERT_TRUE(Facade().OpenBimPicView(1, floor, u"K"_s, 1));
+        ASSERT_EQ(Pane().Items().size(), 1U) << group.toStdString();
+        EXPECT_EQ(Pane().Items().front().picId, 2);
+    }
+}
+
+TEST_F(BimPicViewTest, AModelThatIsNotThereShowsAll) {
+    host.script.FailAlways("GetCurrentModel");
+    ASSERT_TRUE(Open());
+    EXPECT_EQ(Pane().Items().size(), 3U);
 }
 
 TEST_F(BimPicViewTest, APositionWithoutPhotosOpensWithNoPicture) {
@@ -166,6 +221,9 @@ TEST_F(BimPicViewTest, APositionWithoutPhotosOpensWithNoPicture) {
     EXPECT_TRUE(Pane().Items().empty());
     EXPECT_TRUE(Pane().State().picRect.isEmpty());
     EXPECT_THAT(DetailCalls(), IsEmpty());
+    EXPECT_EQ(Texts().markText->BGColor(), toolkit::ColorFromBgr(0xfafafa));
+    EXPECT_EQ(Texts().markText->DrawnFontColor(), QColor(Qt::black));
+    EXPECT_EQ(PlayerText(), u"无语音");
 }
 
 TEST_F(BimPicViewTest, APositionEmptiedMeanwhileKeepsTheTextsOfItsLastPhoto) {
@@ -174,6 +232,18 @@ TEST_F(BimPicViewTest, APositionEmptiedMeanwhileKeepsTheTextsOfItsLastPhoto) {
     ASSERT_TRUE(Open());
     EXPECT_TRUE(Pane().Items().empty());
     EXPECT_EQ(Texts().descText->text(), u"描述：描述1");
+    EXPECT_EQ(Wrap().Widget()->windowTitle(), u"照片1.jpg   (1/3)");
+}
+
+TEST_F(BimPicViewTest, APositionEmptiedWhileANotePlaysStopsItAndOffersNone) {
+    ASSERT_TRUE(Open(2));
+    ASSERT_TRUE(support::WaitFor([] { return Pane().State().items[1].audioState == kOnDisk; }));
+    Play();
+    host.pics.files.clear();
+    ASSERT_TRUE(Open());
+    EXPECT_FALSE(Pane().Note().IsPlaying());
+    EXPECT_FALSE(Pane().Note().Button()->isEnabled());
+    EXPECT_EQ(PlayerText(), u"无语音");
 }
 
 TEST_F(BimPicViewTest, FilesLieInTheProjectsFolder) {
@@ -182,6 +252,16 @@ TEST_F(BimPicViewTest, FilesLieInTheProjectsFolder) {
     EXPECT_EQ(second.picPath, folder.Path(u"1/pics/uuid2.jpg"_s));
     EXPECT_EQ(second.audioPath, folder.Path(u"1/pics/note2.amr"_s));
     EXPECT_EQ(second.picState, kOnDisk);
+}
+
+TEST_F(BimPicViewTest, TheFolderIsAskedForByTheNameOfTheOpenProject) {
+    host.project.project = KX_DATA::ProjectRecord{u"示例工程"_s, 7};
+    ASSERT_TRUE(Open());
+    EXPECT_EQ(host.paths.lastProjectName, u"示例工程");
+    EXPECT_TRUE(Pane().State().items[0].picPath.contains(u"/1/"_s)) << "of the photos' own number";
+    host.project.project.reset();
+    ASSERT_TRUE(Open());
+    EXPECT_EQ(host.paths.lastProjectName, QString());
 }
 
 TEST_F(BimPicViewTest, ANoteIsReadyAndAPhotoWithoutOneSaysSo) {
@@ -220,6 +300,24 @@ TEST_F(BimPicViewTest, ClosingWhileANotePlaysStopsItBeforeTheWindowsGo) {
     EXPECT_FALSE(Pane().HasWindow());
 }
 
+TEST_F(BimPicViewTest, ClosingThePaneAloneStopsTheNoteAndBringsTheConsoleBack) {
+    Facade().ShowPicMng(kModeBim);
+    Console().Minimise();
+    Facade().reopenConsole = true;
+    ASSERT_TRUE(Open(2));
+    ASSERT_TRUE(support::WaitFor([] { return Pane().State().items[1].audioState == kOnDisk; }));
+    Play();
+    Pane().Widget()->close();
+    EXPECT_FALSE(Pane().HasWindow());
+    EXPECT_EQ(audio.Alive(), 0);
+    EXPECT_FALSE(Facade().reopenConsole);
+    EXPECT_FALSE(Console().Widget()->isMinimized());
+    EXPECT_TRUE(Wrap().HasWindow());
+    prompts.ExpectMessage(u"获取Vesk照片信息失败！"_s);
+    EXPECT_FALSE(Open()) << "without its pane the window ends, and the next opening makes both";
+    EXPECT_TRUE(Open());
+}
+
 TEST_F(BimPicViewTest, AWorksetIsReadOnlyYetBrowsesAndPlays) {
     host.OpenWorkset({{1, u"示例工程"_s}, {2, u"二期"_s}});
     ASSERT_TRUE(Open(2));
@@ -255,6 +353,50 @@ TEST_F(BimPicViewTest, ItsLeastSizeIsThatOfThePane) {
     EXPECT_EQ(Texts().markText->geometry(), QRect(5, 570, 80, 20));
     EXPECT_EQ(Pane().State().bigArea, QRect(0, 0, 675, 550));
     EXPECT_EQ(Pane().ReportButton()->geometry(), QRect(675, 5, 110, 25));
+}
+
+TEST_F(BimPicViewTest, EveryControlStandsInItsPlace) {
+    ASSERT_TRUE(Open());
+    Wrap().Widget()->resize(1000, 700);
+    // Lines grow up and down by what their face needs.
+    const auto expectLine = [](const QWidget* line, int x, int y, int width) {
+        const std::string name = line->objectName().toStdString();
+        EXPECT_EQ(line->x(), x) << name;
+        EXPECT_EQ(line->width(), width) << name;
+        EXPECT_TRUE(line->geometry().contains(QRect(x, y, width, 14))) << name;
+        EXPECT_NEAR(line->geometry().center().y(), y + 7, 1) << name;
+    };
+    expectLine(Texts().posText, 5, 670, 100);
+    expectLine(Texts().uploaderText, 199, 645, 189);
+    expectLine(Texts().uploadTimeText, 199, 670, 189);
+    expectLine(Texts().updaterText, 398, 645, 189);
+    expectLine(Texts().updateTimeText, 398, 670, 189);
+    expectLine(Texts().labelText, 597, 645, 189);
+    expectLine(Texts().descText, 597, 670, 189);
+    expectLine(Pane().Note().Status(), 846, 650, 139);
+    EXPECT_EQ(Texts().markText->geometry(), QRect(5, 640, 80, 20));
+    EXPECT_EQ(Texts().separator->geometry(), QRect(0, 620, 1000, 2));
+    EXPECT_EQ(Texts().noteGroup->geometry(), QRect(796, 625, 199, 70));
+    EXPECT_EQ(Pane().Note().Button()->geometry(), QRect(801, 640, 42, 43));
+    EXPECT_EQ(Pane().Note().Progress()->geometry(), QRect(846, 670, 139, 5));
+    EXPECT_EQ(Pane().ReportButton()->geometry(), QRect(875, 5, 110, 25));
+    EXPECT_EQ(Pane().State().bigArea, QRect(0, 0, 875, 620));
+    EXPECT_EQ(Pane().State().stripArea, QRect(QPoint(875, 35), QPoint(994, 614)));
+}
+
+TEST_F(BimPicViewTest, TheNameOfTheMarkIsCentredOnItsColour) {
+    host.pics.detailMarkName = u"质量"_s;
+    host.pics.detailMarkColor = 0xFFFFFF;
+    ASSERT_TRUE(Open());
+    const QImage painted = Texts().markText->grab().toImage();
+    QRect ink;
+    for (int y = 0; y < painted.height(); ++y)
+        for (int x = 0; x < painted.width(); ++x)
+            if (qGray(painted.pixel(x, y)) < 128)
+                ink |= QRect(x, y, 1, 1);
+    ASSERT_FALSE(ink.isEmpty());
+    EXPECT_NEAR(ink.center().x(), painted.width() / 2, 2);
+    EXPECT_NEAR(ink.center().y(), painted.height() / 2, 2);
 }
 
 TEST_F(BimPicViewTest, ASecondOpeningShowsAnotherPositionInTheSameWindow) {

@@ -52,6 +52,42 @@ TEST_F(BimViewFacadeTest, TheMessageOfAFailedOpeningBelongsToTheViewer) {
     EXPECT_EQ(prompts.Parents().back(), viewer);
 }
 
+TEST_F(BimViewFacadeTest, TheViewerIsAWindowOfTheClientUnderItsOwnCaption) {
+    host.pics.files.clear();
+    ASSERT_TRUE(Open());
+    EXPECT_EQ(Wrap().Widget()->parentWidget(), mainWindow.Widget());
+    EXPECT_TRUE(Wrap().Widget()->isWindow());
+    EXPECT_EQ(Wrap().Widget()->windowTitle(), u"vesk照片查看");
+}
+
+TEST_F(BimViewFacadeTest, AMaximisedViewerStaysSoAtTheNextOpening) {
+    ASSERT_TRUE(Open());
+    Wrap().Widget()->showMaximized();
+    ASSERT_TRUE(Open());
+    EXPECT_TRUE(Wrap().Widget()->isMaximized());
+    Wrap().Widget()->showMinimized();
+    ASSERT_TRUE(Open());
+    EXPECT_FALSE(Wrap().Widget()->isMinimized());
+}
+
+TEST_F(BimViewFacadeTest, AViewerClosedWhileItsPhotosAreListedIsNoViewerAndSaysNothing) {
+    host.script.During("GetPicFilesByPosition", [] { Wrap().Widget()->close(); });
+    EXPECT_FALSE(Open());
+    EXPECT_FALSE(Wrap().HasWindow());
+    EXPECT_THAT(prompts.Parents(), IsEmpty());
+}
+
+TEST_F(BimViewFacadeTest, AWindowOpenedBehindTheMessageOfAFailedOpeningStays) {
+    host.script.FailNext("GetPicFilesByPosition");
+    prompts.ExpectMessage(u"获取Vesk照片信息失败！"_s);
+    prompts.Meanwhile([this] {
+        Wrap().DestroyViews();
+        EXPECT_TRUE(Open());
+    });
+    EXPECT_FALSE(Open());
+    EXPECT_TRUE(Wrap().HasWindow());
+}
+
 TEST_F(BimViewFacadeTest, AReverseLookupOpensTheViewerOnThePhotoAndMinimisesTheConsole) {
     LocateFirstRow();
     EXPECT_THAT(Log().LinesOf({"GetView", "MainWindow", "LocatePicture", "GetPicFilesByPosition"}),
@@ -85,6 +121,16 @@ TEST_F(BimViewFacadeTest, AFailedViewerLeavesTheConsoleInSight) {
     LocateFirstRow();
     EXPECT_FALSE(Facade().reopenConsole);
     EXPECT_TRUE(Console().Widget()->isVisible());
+    EXPECT_FALSE(Console().Widget()->isMinimized());
+}
+
+TEST_F(BimViewFacadeTest, AViewerClosedBehindItsFirstMessageLeavesTheConsoleInSight) {
+    host.script.FailNext("GetBimPicDetail");
+    prompts.ExpectMessage(u"获取Vesk照片信息失败！"_s);
+    prompts.Meanwhile([] { Wrap().Widget()->close(); });
+    LocateFirstRow();
+    EXPECT_FALSE(Wrap().HasWindow());
+    EXPECT_FALSE(Facade().reopenConsole);
     EXPECT_FALSE(Console().Widget()->isMinimized());
 }
 
@@ -140,6 +186,16 @@ TEST_F(BimViewFacadeTest, AChangeOfProjectEndsTheViewerWithoutBringingTheConsole
     EXPECT_FALSE(Pane().HasWindow());
     EXPECT_FALSE(Console().HasWindow());
     EXPECT_THAT(prompts.Parents(), IsEmpty());
+}
+
+TEST_F(BimViewFacadeTest, AfterAChangeOfProjectAViewerBringsUpNoConsole) {
+    LocateFirstRow();
+    CVeskPicProjChangeObs observer;
+    observer.OnProjChange();
+    EXPECT_FALSE(Facade().reopenConsole);
+    ASSERT_TRUE(Open());
+    Wrap().Widget()->close();
+    EXPECT_FALSE(Console().HasWindow());
 }
 
 TEST_F(BimViewFacadeTest, AfterAChangeOfProjectTheSameViewerOpensAgain) {
