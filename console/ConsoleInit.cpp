@@ -12,6 +12,7 @@
 #include "toolkit/ColorTxtComboBox.h"
 #include "toolkit/DropCombo.h"
 #include "toolkit/KXComboBox.h"
+#include "toolkit/Look.h"
 #include "toolkit/WindowPlace.h"
 
 #include <QCheckBox>
@@ -77,7 +78,7 @@ void CVeskPicMngDlg::FillProjects() {
         m_projectMap[kWorkset].push_back(project.ppid);
     }
     box.setCurrentIndex(0);
-    box.setToolTip(box.currentText());
+    box.setToolTip(toolkit::PlainTip(box.currentText()));
 }
 
 void CVeskPicMngDlg::InitControls() {
@@ -167,7 +168,8 @@ void CVeskPicMngDlg::ConnectFilters() {
     QWidget* window = Widget();
     const ConsoleControls& c = *m_controls;
     QObject::connect(c.projectCombo, &QComboBox::activated, window, [this] {
-        m_controls->projectCombo->setToolTip(m_controls->projectCombo->currentText());
+        m_controls->projectCombo->setToolTip(
+            toolkit::PlainTip(m_controls->projectCombo->currentText()));
         RunSearch();
     });
     QObject::connect(c.markCombo, &DropCombo::dropDown, window, [this] { FillMarkBox(); });

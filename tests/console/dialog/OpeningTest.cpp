@@ -4,6 +4,7 @@
 #include "tests/console/dialog/ConsoleFixture.h"
 #include "toolkit/ColorTxtComboBox.h"
 #include "toolkit/KXComboBox.h"
+#include "toolkit/Look.h"
 
 #include <QCheckBox>
 #include <QDateEdit>
@@ -187,6 +188,16 @@ TEST_F(OpeningTest, TheProjectBoxHoldsTheOpenProject) {
     Open(kModeBim);
     EXPECT_THAT(Entries(*C().projectCombo), ElementsAre("示例工程"));
     EXPECT_EQ(C().projectCombo->toolTip(), u"示例工程"_s);
+}
+
+TEST_F(OpeningTest, AProjectNamedLikeMarkupStandsInItsTipAsItIs) {
+    host.OpenWorkset({{1, u"<b>甲</b>"_s}, {2, u"<i>乙</i>"_s}});
+    Open(kModeBim);
+    for (const int entry : {1, 2}) {
+        support::Choose(*C().projectCombo, entry);
+        EXPECT_EQ(C().projectCombo->toolTip(), toolkit::PlainTip(C().projectCombo->currentText()));
+        EXPECT_TRUE(C().projectCombo->toolTip().contains(u"&lt;"_s));
+    }
 }
 
 TEST_F(OpeningTest, TheProjectBoxOfAWorksetBeginsWithAllOfIt) {
