@@ -218,6 +218,16 @@ TEST_F(LabelsTest, ALabelThatTheServiceRefusesIsToldAtTheButtonAndChangesNothing
     EXPECT_EQ(BalloonAt(&AddLabel()), "标签添加成功！");
 }
 
+TEST_F(LabelsTest, AnyOtherStatusIsToldAtTheDialog) {
+    Open();
+    host.script.During("AddLabel",
+                       [] { throw ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus::LabelsFailed; });
+    prompts.ExpectMessage(u"获取标签出错！"_s);
+    Add(u"外墙"_s);
+    EXPECT_THAT(prompts.Parents(), ElementsAre(Editor().Id()));
+    EXPECT_EQ(NewLabel().text(), u"外墙"_s);
+}
+
 TEST_F(LabelsTest, AnAddedLabelStaysOnTheServerWhenTheDialogIsCancelled) {
     Open();
     Add(u"外墙"_s);

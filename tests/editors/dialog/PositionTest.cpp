@@ -335,4 +335,13 @@ TEST_F(PositionTest, ANameWithoutRoomStandsInTheTip) {
     EXPECT_LT(Floor().width(), 600);
 }
 
+TEST_F(PositionTest, NamesThatLookLikeMarkupStandInTheTipsAsTheyAre) {
+    host.pics.floors = {u"<b>1</b>"_s};
+    OpenQuietly();
+    Choose(Floor(), 0);
+    EXPECT_TRUE(Floor().toolTip().contains(u"&lt;b&gt;1&lt;/b&gt;"_s))
+        << Floor().toolTip().toStdString();
+    EXPECT_EQ(Floor().currentText(), u"<b>1</b>"_s);
+}
+
 } // namespace

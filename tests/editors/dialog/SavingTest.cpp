@@ -5,6 +5,8 @@
 #include <QGuiApplication>
 #include <gmock/gmock.h>
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -14,6 +16,7 @@ using support::Choose;
 using support::TypeOver;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
 
 class SavingTest : public EditorFixture {
 protected:
@@ -158,6 +161,32 @@ TEST_F(SavingTest, AFailedSaveIsToldAtItsButtonAndTheSecondAttemptSendsTheSame) 
     EXPECT_TRUE(Save());
     ExpectEverythingSent();
     EXPECT_EQ(Saves(), 2);
+}
+
+TEST_F(SavingTest, EveryStatusPointsAtItsControl) {
+    Open();
+    const std::vector<std::tuple<e_VeskPicMngStatus, const char*, QWidget*>> controls = {
+        {e_VeskPicMngStatus::NameMissing, "请输入照片名称！", &Name()},
+        {e_VeskPicMngStatus::StatusMissing, "请选择照片状态！", &Status()},
+        {e_VeskPicMngStatus::FloorWrong, "请设置正确的楼层信息后重试！", &Floor()},
+        {e_VeskPicMngStatus::AxisXWrong, "请设置正确的X轴信息后重试！", &AxisX()},
+        {e_VeskPicMngStatus::AxisYWrong, "请设置正确的Y轴信息后重试！", &AxisY()},
+        {e_VeskPicMngStatus::UpdateFailed, "修改照片属性失败！", &Ok()},
+    };
+    for (const auto& [status, message, control] : controls) {
+        host.script.During("UpdateBimPic", [raised = status] { throw raised; });
+        EXPECT_FALSE(Save());
+        EXPECT_EQ(BalloonAt(control), message);
+        EXPECT_TRUE(control->hasFocus()) << message;
+    }
+}
+
+TEST_F(SavingTest, AnyOtherStatusIsToldAtTheDialog) {
+    Open();
+    host.script.During("UpdateBimPic", [] { throw e_VeskPicMngStatus::PicDeleted; });
+    prompts.ExpectMessage(u"照片已被删除！"_s);
+    EXPECT_FALSE(Save());
+    EXPECT_THAT(prompts.Parents(), ElementsAre(Editor().Id()));
 }
 
 TEST_F(SavingTest, AFailedSaveCanBeCancelled) {
