@@ -26,6 +26,27 @@ KX_DATA::BimPicRow EditorFixture::Photo() {
     return row;
 }
 
+KX_DATA::BimPicRow EditorFixture::PhotoAt(const QString& floor, const QString& axisX,
+                                          const QString& axisY) {
+    KX_DATA::BimPicRow row = Photo();
+    row.floor = floor;
+    row.axisX = axisX;
+    row.axisY = axisY;
+    return row;
+}
+
+KX_DATA::BimPicRow EditorFixture::PhotoNamed(const QString& fileName) {
+    KX_DATA::BimPicRow row = Photo();
+    row.fileName = fileName;
+    return row;
+}
+
+KX_DATA::BimPicRow EditorFixture::PhotoWithoutPlace() {
+    KX_DATA::BimPicRow row = PhotoAt({}, {}, {});
+    row.positionKey.clear();
+    return row;
+}
+
 void EditorFixture::Open(const KX_DATA::BimPicRow& row) {
     editor = std::make_unique<CBimPicEditDlg>(row);
     Show();
@@ -69,4 +90,12 @@ void EditorFixture::ClickBox(QTreeWidgetItem& item) {
 bool EditorFixture::Save() {
     support::Click(&Ok());
     return !IsOpen();
+}
+
+void EditorFixture::ExpectRefused(QWidget& control, const std::string& message) {
+    const int saves = Saves();
+    EXPECT_FALSE(Save());
+    EXPECT_EQ(support::BalloonAt(&control), message);
+    EXPECT_TRUE(control.hasFocus()) << message;
+    EXPECT_EQ(Saves(), saves);
 }

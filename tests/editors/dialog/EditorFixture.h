@@ -22,6 +22,12 @@ protected:
 
     /// "照片1.jpg" at A/1 of floor 1, mark 2, shown, labels 裂缝 and 渗漏; project 1.
     [[nodiscard]] static KX_DATA::BimPicRow Photo();
+    /// The same photo elsewhere on its grid, or under another name.
+    [[nodiscard]] static KX_DATA::BimPicRow PhotoAt(const QString& floor, const QString& axisX,
+                                                    const QString& axisY);
+    [[nodiscard]] static KX_DATA::BimPicRow PhotoNamed(const QString& fileName);
+    /// On no floor, with no axes and no key.
+    [[nodiscard]] static KX_DATA::BimPicRow PhotoWithoutPlace();
     /// Opens the editor, shows it and waits until it has the keyboard.
     void Open(const KX_DATA::BimPicRow& row = Photo());
     void Open(const KX_DATA::BimPicDetail& detail);
@@ -57,6 +63,9 @@ protected:
     [[nodiscard]] int Saves() { return Log().CountOf("UpdateBimPic"); }
     /// Clicks "确定"; true if the dialog ended.
     bool Save();
+    /// Clicks "确定"; the message stands at the control, which has the keyboard, and nothing is
+    /// sent.
+    void ExpectRefused(QWidget& control, const std::string& message);
 
     std::unique_ptr<CBimPicEditDlg> editor;
 

@@ -137,9 +137,7 @@ TEST_F(OpeningTest, AStatusLeftByTheConsoleSelectsNothingAndSavingAsksForOne) {
     row.status = 11;
     Open(row);
     EXPECT_EQ(Status().currentIndex(), -1);
-    EXPECT_FALSE(Save());
-    EXPECT_EQ(support::BalloonAt(&Status()), "请选择照片状态！");
-    EXPECT_EQ(Saves(), 0);
+    ExpectRefused(Status(), "请选择照片状态！");
     support::Choose(Status(), 1);
     EXPECT_TRUE(Save());
     EXPECT_EQ(Sent().status, KX_DATA::kStatusHidden);
@@ -194,9 +192,7 @@ TEST_F(OpeningTest, MarksThatCannotBeReadAreToldAndTheDialogStaysOpenWithWhatItH
     EXPECT_EQ(Status().currentIndex(), 0);
     EXPECT_EQ(Mark().count(), 0);
     EXPECT_EQ(Floor().count(), 0);
-    EXPECT_FALSE(Save());
-    EXPECT_EQ(support::BalloonAt(&AxisY()), "请设置正确的Y轴信息后重试！");
-    EXPECT_EQ(Saves(), 0);
+    ExpectRefused(AxisY(), "请设置正确的Y轴信息后重试！");
 }
 
 TEST_F(OpeningTest, AFaultIsToldOnTheDialogThatCanBeSeen) {

@@ -16,6 +16,9 @@ using support::Entries;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+const QString kNoAxes = u"获取楼层所有轴网失败！"_s;
+constexpr char kAxisYWrong[] = "请设置正确的Y轴信息后重试！";
+
 class PositionTest : public EditorFixture {
 protected:
     void OpenQuietly(const KX_DATA::BimPicRow& row = Photo()) {
@@ -25,6 +28,15 @@ protected:
     void Look(DropCombo& box) {
         DropDown(box);
         CloseList(box);
+    }
+    /// The list can't be read: that is told once, and it isn't fetched again.
+    void FailList(const std::string& call, DropCombo& box, const QString& message) {
+        host.script.FailNext(call);
+        prompts.ExpectMessage(message);
+        Look(box);
+        EXPECT_THAT(prompts.Parents(), ElementsAre(Editor().Id()));
+        Look(box);
+        EXPECT_EQ(Log().CountOf(call), 1);
     }
     [[nodiscard]] Calls PlaceCalls() {
         return Log().LinesOf({"GetProjectFloors", "GetFloorAxesX", "GetFloorAxesY"});
@@ -36,9 +48,7 @@ protected:
 };
 
 TEST_F(PositionTest, FloorsAreFetchedByTheFirstDropDownAndNotAgain) {
-    KX_DATA::BimPicRow row = Photo();
-    row.floor = u"2"_s;
-    OpenQuietly(row);
+    OpenQuietly(PhotoAt(u"2"_s, u"A"_s, u"1"_s));
     DropDown(Floor());
     EXPECT_TRUE(Floor().view()->isVisible());
     EXPECT_THAT(Entries(Floor()), ElementsAre("1", "2", "3"));
@@ -49,9 +59,7 @@ TEST_F(PositionTest, FloorsAreFetchedByTheFirstDropDownAndNotAgain) {
 }
 
 TEST_F(PositionTest, XAxesAreFetchedForTheFloorByTheFirstDropDownAndNotAgain) {
-    KX_DATA::BimPicRow row = Photo();
-    row.axisX = u"B"_s;
-    OpenQuietly(row);
+    OpenQuietly(PhotoAt(u"1"_s, u"B"_s, u"1"_s));
     Look(AxisX());
     Look(AxisX());
     EXPECT_THAT(Log().Lines(), ElementsAre("GetFloorAxesX(ppid=1,floor=1)"));
@@ -60,9 +68,7 @@ TEST_F(PositionTest, XAxesAreFetchedForTheFloorByTheFirstDropDownAndNotAgain) {
 }
 
 TEST_F(PositionTest, YAxesAreFetchedForFloorAndXAxisByTheFirstDropDownAndNotAgain) {
-    KX_DATA::BimPicRow row = Photo();
-    row.axisY = u"3"_s;
-    OpenQuietly(row);
+    OpenQuietly(PhotoAt(u"1"_s, u"A"_s, u"3"_s));
     Look(AxisY());
     Look(AxisY());
     EXPECT_THAT(Log().Lines(), ElementsAre("GetFloorAxesY(ppid=1,floor=1,x=A)"));
@@ -104,9 +110,7 @@ TEST_F(PositionTest, AChosenFloorFetchesXAxesAndYAxesAndSelectsTheirFirst) {
 }
 
 TEST_F(PositionTest, AChosenXAxisFetchesYAxesAndSelectsTheFirst) {
-    KX_DATA::BimPicRow row = Photo();
-    row.axisY = u"3"_s;
-    OpenQuietly(row);
+    OpenQuietly(PhotoAt(u"1"_s, u"A"_s, u"3"_s));
     Choose(AxisX(), 1);
     EXPECT_THAT(PlaceCalls(),
                 ElementsAre("GetFloorAxesX(ppid=1,floor=1)", "GetFloorAxesY(ppid=1,floor=1,x=B)"));
@@ -152,9 +156,7 @@ TEST_F(PositionTest, TheKeyboardChoosesWithoutDroppingDown) {
 }
 
 TEST_F(PositionTest, AFloorThatIsGoneSelectsTheFirstAndItsNameIsAskedForNext) {
-    KX_DATA::BimPicRow row = Photo();
-    row.floor = u"旧层"_s;
-    OpenQuietly(row);
+    OpenQuietly(PhotoAt(u"旧层"_s, u"A"_s, u"1"_s));
     Look(Floor());
     EXPECT_EQ(Floor().currentText(), u"1"_s);
     Look(AxisX());
@@ -167,40 +169,23 @@ TEST_F(PositionTest, AFloorThatIsGoneSelectsTheFirstAndItsNameIsAskedForNext) {
 
 TEST_F(PositionTest, FloorsThatCannotBeReadAreToldAndNotFetchedAgain) {
     OpenQuietly();
-    host.script.FailNext("GetProjectFloors");
-    prompts.ExpectMessage(u"获取工程的所有楼层失败！"_s);
-    Look(Floor());
-    EXPECT_THAT(prompts.Parents(), ElementsAre(Editor().Id()));
+    FailList("GetProjectFloors", Floor(), u"获取工程的所有楼层失败！"_s);
     EXPECT_THAT(Entries(Floor()), ElementsAre("1"));
-    Look(Floor());
-    EXPECT_EQ(Log().CountOf("GetProjectFloors"), 1);
     EXPECT_TRUE(Save());
     EXPECT_EQ(Sent().positionKey, u"K1"_s);
 }
 
 TEST_F(PositionTest, XAxesThatCannotBeReadAreToldAndNotFetchedAgain) {
     OpenQuietly();
-    host.script.FailNext("GetFloorAxesX");
-    prompts.ExpectMessage(u"获取楼层所有轴网失败！"_s);
-    Look(AxisX());
+    FailList("GetFloorAxesX", AxisX(), kNoAxes);
     EXPECT_THAT(Entries(AxisX()), ElementsAre("A"));
-    Look(AxisX());
-    EXPECT_EQ(Log().CountOf("GetFloorAxesX"), 1);
 }
 
 TEST_F(PositionTest, YAxesThatCannotBeReadAreToldAndSavingIsRefusedAtTheirBox) {
     OpenQuietly();
-    host.script.FailNext("GetFloorAxesY");
-    prompts.ExpectMessage(u"获取楼层所有轴网失败！"_s);
-    Look(AxisY());
-    EXPECT_THAT(prompts.Parents(), ElementsAre(Editor().Id()));
+    FailList("GetFloorAxesY", AxisY(), kNoAxes);
     EXPECT_THAT(Entries(AxisY()), IsEmpty());
-    Look(AxisY());
-    EXPECT_EQ(Log().CountOf("GetFloorAxesY"), 1);
-    EXPECT_FALSE(Save());
-    EXPECT_EQ(support::BalloonAt(&AxisY()), "请设置正确的Y轴信息后重试！");
-    EXPECT_TRUE(AxisY().hasFocus());
-    EXPECT_EQ(Saves(), 0);
+    ExpectRefused(AxisY(), kAxisYWrong);
     // Choosing the X axis reads them.
     Choose(AxisX(), 0);
     EXPECT_TRUE(Save());
@@ -210,14 +195,14 @@ TEST_F(PositionTest, YAxesThatCannotBeReadAreToldAndSavingIsRefusedAtTheirBox) {
 TEST_F(PositionTest, AFailureInTheCascadeIsToldAndLeavesTheBoxesAsFarAsTheyWereFilled) {
     OpenQuietly();
     host.script.FailNext("GetFloorAxesX");
-    prompts.ExpectMessage(u"获取楼层所有轴网失败！"_s);
+    prompts.ExpectMessage(kNoAxes);
     Choose(Floor(), 1);
     EXPECT_THAT(prompts.Parents(), ElementsAre(Editor().Id()));
     EXPECT_EQ(Shown(), "2|A|1");
     EXPECT_EQ(Log().CountOf("GetFloorAxesY"), 0);
 
     host.script.FailNext("GetFloorAxesY");
-    prompts.ExpectMessage(u"获取楼层所有轴网失败！"_s);
+    prompts.ExpectMessage(kNoAxes);
     Choose(Floor(), 2);
     EXPECT_EQ(Shown(), "3|A|");
     EXPECT_FALSE(Save());
@@ -230,50 +215,35 @@ TEST_F(PositionTest, AFloorWithoutAxesRefusesTheSaveAndNeverSendsAnEmptyKey) {
     Choose(Floor(), 1);
     EXPECT_EQ(Shown(), "2||");
     EXPECT_EQ(AxisY().currentIndex(), -1);
-    EXPECT_FALSE(Save());
-    EXPECT_EQ(support::BalloonAt(&AxisY()), "请设置正确的Y轴信息后重试！");
-    EXPECT_EQ(Saves(), 0);
+    ExpectRefused(AxisY(), kAxisYWrong);
 }
 
 TEST_F(PositionTest, AnEmptyListOfYAxesRefusesTheSave) {
     OpenQuietly();
     host.pics.axesY.clear();
     Look(AxisY());
-    EXPECT_FALSE(Save());
-    EXPECT_EQ(support::BalloonAt(&AxisY()), "请设置正确的Y轴信息后重试！");
-    EXPECT_EQ(Saves(), 0);
+    ExpectRefused(AxisY(), kAxisYWrong);
 }
 
 TEST_F(PositionTest, AnEmptyKeyFromTheServiceRefusesTheSave) {
     OpenQuietly();
     host.pics.axesY = {{u"1"_s, QString()}, {u"2"_s, u"N2"_s}};
     Look(AxisY());
-    EXPECT_FALSE(Save());
-    EXPECT_EQ(support::BalloonAt(&AxisY()), "请设置正确的Y轴信息后重试！");
+    ExpectRefused(AxisY(), kAxisYWrong);
     Choose(AxisY(), 1);
     EXPECT_TRUE(Save());
     EXPECT_EQ(Sent().positionKey, u"N2"_s);
 }
 
 TEST_F(PositionTest, APhotoWithoutAPlaceIsSavedWithoutOne) {
-    KX_DATA::BimPicRow row = Photo();
-    row.floor.clear();
-    row.axisX.clear();
-    row.axisY.clear();
-    row.positionKey.clear();
-    OpenQuietly(row);
+    OpenQuietly(PhotoWithoutPlace());
     EXPECT_EQ(Shown(), "||");
     EXPECT_TRUE(Save());
     EXPECT_EQ(Sent().positionKey, QString());
 }
 
 TEST_F(PositionTest, APhotoWithoutAPlaceGetsOneByTheCascade) {
-    KX_DATA::BimPicRow row = Photo();
-    row.floor.clear();
-    row.axisX.clear();
-    row.axisY.clear();
-    row.positionKey.clear();
-    OpenQuietly(row);
+    OpenQuietly(PhotoWithoutPlace());
     Choose(Floor(), 0);
     Choose(AxisX(), 1);
     Choose(AxisY(), 2);
@@ -319,7 +289,7 @@ TEST_F(PositionTest, TheWaitCursorShowsWhileAServiceIsAskedAndNotInItsMessage) {
     bool told = true;
     host.script.During("GetFloorAxesY", [&] { during = waits(); });
     host.script.FailNext("GetFloorAxesY");
-    prompts.ExpectMessage(u"获取楼层所有轴网失败！"_s);
+    prompts.ExpectMessage(kNoAxes);
     prompts.Meanwhile([&] { told = waits(); });
     Look(AxisY());
     EXPECT_TRUE(during);
