@@ -11,11 +11,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Rows in which something was drawn in a dark colour.
-std::vector<int> InkRows(QWidget& widget) {
+QImage Drawn(QWidget& widget) {
     QImage image(widget.size(), QImage::Format_RGB32);
     image.fill(Qt::white);
     widget.render(&image, {}, {}, QWidget::DrawChildren);
+    return image;
+}
+
+/// A line of text as it is drawn, 40 high.
+QImage DrawnLine(const QString& text, int width = 100) {
+    QWidget parent;
+    CStaticFilespec line(&parent);
+    line.setText(text);
+    line.resize(width, 40);
+    return Drawn(line);
+}
+
+/// Rows in which something was drawn in a dark colour.
+std::vector<int> InkRows(QWidget& widget) {
+    const QImage image = Drawn(widget);
     std::vector<int> rows;
     for (int y = 0; y < image.height(); ++y)
         for (int x = 0; x < image.width(); ++x)
@@ -26,22 +40,8 @@ std::vector<int> InkRows(QWidget& widget) {
     return rows;
 }
 
-QImage Drawn(QWidget& widget) {
-    QImage image(widget.size(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    widget.render(&image, {}, {}, QWidget::DrawChildren);
-    return image;
-}
-
 TEST(StaticFilespec, DrawsAnAmpersandAsItStands) {
-    QWidget parent;
-    CStaticFilespec with(&parent);
-    CStaticFilespec without(&parent);
-    with.setText(u"A&B"_s);
-    without.setText(u"AB"_s);
-    for (CStaticFilespec* text : {&with, &without})
-        text->resize(100, 20);
-    EXPECT_NE(Drawn(with), Drawn(without));
+    EXPECT_NE(DrawnLine(u"A&B"_s), DrawnLine(u"AB"_s));
 }
 
 TEST(StaticFilespec, StandsInTheMiddleOfItsHeight) {
@@ -57,25 +57,15 @@ TEST(StaticFilespec, StandsInTheMiddleOfItsHeight) {
 TEST(StaticFilespec, ALongTextEndsInDotsWithinItsWidth) {
     QWidget parent;
     CStaticFilespec text(&parent);
-    CStaticFilespec elided(&parent);
     const QString whole = QString(60, u'国');
     text.setText(whole);
-    elided.setText(text.fontMetrics().elidedText(whole, Qt::ElideRight, 100));
-    for (CStaticFilespec* each : {&text, &elided})
-        each->resize(100, 20);
-    EXPECT_EQ(Drawn(text), Drawn(elided));
+    text.resize(100, 40);
+    EXPECT_EQ(Drawn(text), DrawnLine(text.fontMetrics().elidedText(whole, Qt::ElideRight, 100)));
     EXPECT_EQ(text.text(), whole) << "screen readers get all of it";
 }
 
 TEST(StaticFilespec, ATextWithALineFeedStaysOneLine) {
-    QWidget parent;
-    CStaticFilespec text(&parent);
-    CStaticFilespec blank(&parent);
-    text.setText(u"一\n二"_s);
-    blank.setText(u"一 二"_s);
-    for (CStaticFilespec* each : {&text, &blank})
-        each->resize(100, 40);
-    EXPECT_EQ(Drawn(text), Drawn(blank));
+    EXPECT_EQ(DrawnLine(u"一\n二"_s), DrawnLine(u"一 二"_s));
 }
 
 TEST(AutoLineStatic, BreaksIntoTheLinesThatFit) {

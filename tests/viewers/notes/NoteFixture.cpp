@@ -47,12 +47,33 @@ GalleryItem NoteFixture::Item(const QString& uuid, int frames) {
     return item;
 }
 
+GalleryItem NoteFixture::WaitingItem(const QString& uuid) {
+    GalleryItem item = Item(uuid);
+    item.audioState = kWaiting;
+    item.picPath = folder.Path(u"none.jpg"_s);
+    return item;
+}
+
 void NoteFixture::SetItems(const std::vector<GalleryItem>& items) {
     gallery->SetPicItems(items);
 }
 
 void NoteFixture::Press() {
     QTest::mouseClick(gallery->note.Button(), Qt::LeftButton);
+}
+
+void NoteFixture::ExpectAtRest(const QString& text) const {
+    EXPECT_FALSE(IsPlaying());
+    EXPECT_EQ(Pos(), 0);
+    EXPECT_EQ(Image(), u"play");
+    EXPECT_EQ(Text(), text);
+}
+
+void NoteFixture::ExpectPlaysOn() const {
+    EXPECT_TRUE(IsPlaying());
+    EXPECT_EQ(Text(), u"00:01 / 00:10");
+    EXPECT_EQ(Pos(), 1);
+    EXPECT_EQ(Image(), u"stop");
 }
 
 int NoteFixture::Downloads() {

@@ -23,6 +23,8 @@ protected:
     void Open(support::NotesOf notes);
     /// An item with a picture on disk and, unless `uuid` is empty, a note of so many frames there.
     GalleryItem Item(const QString& uuid, int frames = 100);
+    /// An item whose note waits behind its picture, since the queue takes one at a time.
+    GalleryItem WaitingItem(const QString& uuid);
     void SetItems(const std::vector<GalleryItem>& items);
     void Step(int index) { gallery->SelectPic(index, gallery::kCurrentMiddle); }
     /// A mouse click on the play button.
@@ -37,6 +39,10 @@ protected:
     [[nodiscard]] bool IsEnabled() const { return gallery->note.Button()->isEnabled(); }
     [[nodiscard]] bool IsPlaying() const { return gallery->note.IsPlaying(); }
     [[nodiscard]] int Pos() const { return gallery->note.Progress()->GetPos(); }
+    /// Nothing plays, the bar is empty, the button offers to play, and the text says this.
+    void ExpectAtRest(const QString& text) const;
+    /// A note of ten seconds plays on with its time display.
+    void ExpectPlaysOn() const;
     /// Transfers that were begun.
     [[nodiscard]] int Downloads();
     [[nodiscard]] QString ModuleLog() const;

@@ -152,11 +152,7 @@ TEST_F(APlayer, ShowsTwoAsThePercentWhileTheDownloadRuns) {
 }
 
 TEST_F(APlayer, APressWhileWaitingDoesNotCancelTheWait) {
-    // The picture is still to come, and the queue takes one at a time.
-    GalleryItem item = Item(u"a"_s);
-    item.audioState = kWaiting;
-    item.picPath = folder.Path(u"none.jpg"_s);
-    SetItems({item});
+    SetItems({WaitingItem(u"a"_s)});
     ASSERT_EQ(gallery->State().items.front().audioState, kWaiting);
     Press();
     WaitTick();

@@ -36,10 +36,7 @@ TEST_F(NotesOfPhotos, AChangeOfPictureStopsTheNoteAndResetsTheBar) {
     Press();
     Tick();
     Step(1);
-    EXPECT_FALSE(IsPlaying());
-    EXPECT_EQ(Pos(), 0);
-    EXPECT_EQ(Image(), u"play");
-    EXPECT_EQ(Text(), u"就绪");
+    ExpectAtRest(u"就绪"_s);
 }
 
 TEST_F(NotesOfPhotos, AChangeToTheSameNoteStopsItToo) {
@@ -59,12 +56,7 @@ TEST_F(NotesOfPhotos, AnotherListStopsTheNote) {
 }
 
 TEST_F(NotesOfPhotos, ANoteThatIsReadyStartsByItselfWhenTheUserMovesOnWhileWaiting) {
-    GalleryItem missing = Item(u"a"_s);
-    missing.audioState = kDownloadFailedState;
-    GalleryItem waiting = Item(u"w"_s);
-    waiting.audioState = kWaiting;
-    waiting.picPath = folder.Path(u"none.jpg"_s);
-    SetItems({waiting, Item(u"b"_s, 150)});
+    SetItems({WaitingItem(u"w"_s), Item(u"b"_s, 150)});
     Press();
     ASSERT_FALSE(IsPlaying());
     Step(1);
@@ -76,10 +68,7 @@ TEST_F(NotesOfPhotos, ANoteThatIsReadyStartsByItselfWhenTheUserMovesOnWhileWaiti
 }
 
 TEST_F(NotesOfPhotos, AnItemWithoutANoteLeavesTheWaitWithoutEffect) {
-    GalleryItem waiting = Item(u"w"_s);
-    waiting.audioState = kWaiting;
-    waiting.picPath = folder.Path(u"none.jpg"_s);
-    SetItems({waiting, Item(QString())});
+    SetItems({WaitingItem(u"w"_s), Item(QString())});
     Press();
     Step(1);
     WaitTick();
@@ -94,9 +83,7 @@ TEST_F(NotesOfPreviews, TheSameNotePlaysOnAndKeepsItsTimeDisplay) {
     Press();
     Tick();
     Step(1);
-    EXPECT_TRUE(IsPlaying());
-    EXPECT_EQ(Text(), u"00:01 / 00:10");
-    EXPECT_EQ(Image(), u"stop");
+    ExpectPlaysOn();
 }
 
 TEST_F(NotesOfPreviews, AnotherNoteStopsIt) {
@@ -104,10 +91,7 @@ TEST_F(NotesOfPreviews, AnotherNoteStopsIt) {
     Press();
     Tick();
     Step(1);
-    EXPECT_FALSE(IsPlaying());
-    EXPECT_EQ(Pos(), 0);
-    EXPECT_EQ(Text(), u"就绪");
-    EXPECT_EQ(Image(), u"play");
+    ExpectAtRest(u"就绪"_s);
 }
 
 TEST_F(NotesOfPreviews, APhotoWithoutANoteStopsItAndSaysSo) {
@@ -134,10 +118,7 @@ TEST_F(NoteOfACheckpoint, PlaysOnAcrossPictures) {
     Press();
     Tick();
     Step(1);
-    EXPECT_TRUE(IsPlaying());
-    EXPECT_EQ(Text(), u"00:01 / 00:10");
-    EXPECT_EQ(Pos(), 1);
-    EXPECT_EQ(Image(), u"stop");
+    ExpectPlaysOn();
 }
 
 TEST_F(NoteOfACheckpoint, IsFetchedOnceForAllPictures) {
