@@ -6,15 +6,15 @@ using namespace Qt::StringLiterals;
 
 namespace gallery {
 
-NoteStep OnPlayPressed(PlayState player, qint32 noteState) {
-    if (player == PlayState::Playing)
-        return {NoteAction::StopPlaying, NoteImage::Play};
-    if (player != PlayState::Idle)
-        return {NoteAction::None, NoteImage::Stop};
+namespace {
+
+/// What follows from the state of a note that is to be played.
+/// @param onTheWay  the action while it isn't there yet.
+NoteStep StepFor(qint32 noteState, NoteAction onTheWay) {
     switch (noteState) {
     case kWaiting:
     case kDownloading:
-        return {NoteAction::Wait, NoteImage::Stop};
+        return {onTheWay, NoteImage::Stop};
     case kOnDisk:
         return {NoteAction::Play, NoteImage::Stop};
     case kDownloadFailedState:
@@ -25,18 +25,18 @@ NoteStep OnPlayPressed(PlayState player, qint32 noteState) {
     }
 }
 
-NoteStep OnWaitTick(qint32 noteState) {
-    switch (noteState) {
-    case kWaiting:
-    case kDownloading:
-        return {NoteAction::ShowWait, NoteImage::Stop};
-    case kOnDisk:
-        return {NoteAction::Play, NoteImage::Stop};
-    case kDownloadFailedState:
-        return {NoteAction::ShowFailure, NoteImage::Play};
-    default:
+} // namespace
+
+NoteStep OnPlayPressed(PlayState player, qint32 noteState) {
+    if (player == PlayState::Playing)
+        return {NoteAction::StopPlaying, NoteImage::Play};
+    if (player != PlayState::Idle)
         return {NoteAction::None, NoteImage::Stop};
-    }
+    return StepFor(noteState, NoteAction::Wait);
+}
+
+NoteStep OnWaitTick(qint32 noteState) {
+    return StepFor(noteState, NoteAction::ShowWait);
 }
 
 QString WaitText(qint32 noteState) {
