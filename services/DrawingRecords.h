@@ -63,7 +63,7 @@ struct CheckpointEdit {
     QString description;
     qint32 markId = 0;
     QString remark;
-    std::vector<QString> labelNames;
+    std::vector<QString> labelNames; ///< filled from the checkpoint: names; sent: ids
 };
 
 /// The drawing that is open in the host. The fields behind these are the host's.

@@ -211,11 +211,10 @@ bool PdfPhotos::UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint64 now
     database.Exec(u"UPDATE pdf_photo SET mark_id = ? WHERE checkpoint_id = ?"_s,
                   {edit.markId, edit.checkpointId});
     database.Exec(u"DELETE FROM checkpoint_label WHERE checkpoint_id = ?"_s, {edit.checkpointId});
-    for (const QString& name : edit.labelNames) {
-        database.Exec(u"INSERT INTO label (name) VALUES (?) ON CONFLICT DO NOTHING"_s, {name});
-        database.Exec(u"INSERT INTO checkpoint_label (label_id, checkpoint_id) SELECT id, ?"
-                      " FROM label WHERE name = ? ON CONFLICT DO NOTHING"_s,
-                      {edit.checkpointId, name});
+    for (const QString& labelId : edit.labelNames) {
+        database.Exec(u"INSERT INTO checkpoint_label (label_id, checkpoint_id) VALUES (?, ?)"
+                      " ON CONFLICT DO NOTHING"_s,
+                      {labelId.toInt(), edit.checkpointId});
     }
     transaction.Commit();
     return true;

@@ -31,7 +31,8 @@ public:
     [[nodiscard]] qint32 ProjectOf(qint32 checkpointId, qint32 picId);
 
     [[nodiscard]] bool Checkpoint(qint32 checkpointId, KX_DATA::DrawingRecord& record);
-    /// Mark and labels of its photos change with it. Labels are known by their names.
+    /// Mark and labels of its photos change with it. False for an unknown checkpoint; a label that
+    /// doesn't exist is a fault.
     bool UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint64 now);
 
     /// In use on any photo; marks that the mark table doesn't know are left out.

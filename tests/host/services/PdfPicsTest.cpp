@@ -206,7 +206,8 @@ TEST(Checkpoints, AreReadWithLabelsAndShownPicturesAndChangedWithTheirPhotos) {
     KX_DATA::CheckpointEdit edit;
     edit.checkpointId = site.points[0];
     edit.markId = 2;
-    edit.labelNames = {u"新标签"_s};
+    const qint32 added = site.writer->AddLabel(u"新标签"_s);
+    edit.labelNames = {QString::number(added)};
     qint32 value = 7;
     EXPECT_EQ(GetPDFDrawingMng()->UpdateCheckpoint(edit, value), KX_DATA::kServiceOk);
     const auto rows = site.Query(site.PdfFilter());
@@ -214,6 +215,28 @@ TEST(Checkpoints, AreReadWithLabelsAndShownPicturesAndChangedWithTheirPhotos) {
     ASSERT_EQ(rows[0].labels.size(), 1u);
     EXPECT_EQ(rows[0].labels[0].labelName, u"新标签"_s);
     EXPECT_NE(GetPDFDrawingMng()->GetDrawing(4711, record), KX_DATA::kServiceOk);
+}
+
+TEST(Checkpoints, AnUnknownLabelOrCheckpointIsRefusedWithNothingChanged) {
+    PdfSite site;
+    site.AddPdf(0, u"a.jpg"_s);
+    KX_DATA::CheckpointEdit edit;
+    edit.checkpointId = site.points[0];
+    edit.markId = 2;
+    qint32 value = 0;
+    // A name is no id, also where a label bears it.
+    for (const QString& label : {u"4711"_s, u"消防"_s}) {
+        edit.labelNames = {QString::number(site.label), label};
+        EXPECT_NE(GetPDFDrawingMng()->UpdateCheckpoint(edit, value), KX_DATA::kServiceOk);
+    }
+    const auto rows = site.Query(site.PdfFilter());
+    EXPECT_EQ(rows[0].markId, 1);
+    ASSERT_EQ(rows[0].labels.size(), 1u);
+    EXPECT_EQ(rows[0].labels[0].labelName, u"消防"_s);
+    EXPECT_EQ(site.messages.size(), 2u);
+    edit.labelNames.clear();
+    edit.checkpointId = 4711;
+    EXPECT_NE(GetPDFDrawingMng()->UpdateCheckpoint(edit, value), KX_DATA::kServiceOk);
 }
 
 } // namespace host
