@@ -8,6 +8,8 @@
 #include "toolkit/Look.h"
 #include "toolkit/Swatch.h"
 
+#include <algorithm>
+
 namespace host {
 
 using namespace Qt::StringLiterals;
@@ -19,15 +21,18 @@ constexpr qint32 kUnreadArgument = 0;
 constexpr qint32 kWholeList = -1; ///< no photo is ticked
 constexpr qint32 kEveryMark = 0;
 
-/// "&" as it stands.
+/// "&" as it stands; of what would make a menu as wide as the screen, the two ends.
 QString MenuText(QString text) {
+    constexpr qsizetype kMost = 60;
+    if (text.size() > kMost)
+        text = text.left(kMost / 2) + u'…' + text.right(kMost / 2 - 1);
     return text.replace(u'&', u"&&"_s);
 }
 
 QString FlagTitle(const MarkFlag& flag) {
-    return flag.kind == MarkKind::kPhotos
-               ? u"%1（%2 张照片）"_s.arg(FlagName(flag)).arg(flag.count)
-               : u"%1（%2 个问题）"_s.arg(FlagName(flag)).arg(flag.count);
+    const QString title =
+        flag.kind == MarkKind::kPhotos ? u"%1（%2 张照片）"_s : u"%1（%2 个问题）"_s;
+    return title.arg(FlagName(flag), QString::number(flag.count));
 }
 
 QIcon FlagIcon(const MarkFlag& flag) {
@@ -112,16 +117,17 @@ void FlagMenu::AddPhotos(QMenu& target, const MarkFlag& flag) {
 
 void FlagMenu::AddIssues(QMenu& target, const MarkFlag& flag) {
     const qint32 ppid = ProjectOf(flag);
-    for (const IssueName& issue : flag.issues) {
-        if (target.actions().size() > kMostNamed) {
-            target.addAction(u"另有 %1 个"_s.arg(int(flag.issues.size()) - kMostNamed))
-                ->setEnabled(false);
-            return;
-        }
-        const QString id = issue.questionId;
-        target.addAction(toolkit::Icon(u"issue"_s), MenuText(issue.theme), &target,
-                         [this, ppid, id] { parts.hub.LocateIssue(ppid, id); });
+    const int count = int(flag.issues.size());
+    const int named = std::min(count, kMostNamed);
+    for (int at = 0; at < named; ++at) {
+        const IssueName& issue = flag.issues[size_t(at)];
+        QAction* action = target.addAction(
+            toolkit::Icon(u"issue"_s), MenuText(issue.theme), &target,
+            [this, ppid, id = issue.questionId] { parts.hub.LocateIssue(ppid, id); });
+        action->setToolTip(toolkit::PlainTip(issue.theme));
     }
+    if (count > named)
+        target.addAction(u"另有 %1 个"_s.arg(count - named))->setEnabled(false);
 }
 
 void FlagMenu::AddConsole(QMenu& target, const QString& text, const QString& positionKey,

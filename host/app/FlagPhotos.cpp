@@ -35,8 +35,8 @@ std::set<qint32> TickedPhotos(const HostSession& session, const MarkFlag& flag) 
 FlagPhoto PhotoOf(const KX_DATA::BimPicRow& row) {
     const QString time = row.updateTime.isEmpty() ? row.uploadTime : row.updateTime;
     const QString person = row.updaterName.isEmpty() ? row.uploaderName : row.updaterName;
-    return {row.picId, row.fileName + u"  "_s + time,
-            row.description.isEmpty() ? person : person + u"："_s + row.description};
+    const QString said = row.description.isEmpty() ? person : person + u"："_s + row.description;
+    return {row.picId, row.fileName + u"  "_s + time, row.fileName + u'\n' + said};
 }
 
 } // namespace

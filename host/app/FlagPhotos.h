@@ -10,7 +10,7 @@ class HostSession;
 struct FlagPhoto {
     qint32 picId = 0;
     QString caption; ///< name and time
-    QString tip;     ///< who and what
+    QString tip;     ///< whole name, who and what
 };
 
 struct FlagPhotos {

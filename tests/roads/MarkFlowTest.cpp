@@ -478,6 +478,41 @@ TEST_F(MarksOfAFolder, AClickOnAnIssuesFlagLocatesItAndSeveralAreOffered) {
                                          u"LocateIssue %1 q1"_s.arg(site.firstProject)}));
 }
 
+TEST_F(MarksOfAFolder, OfVeryManyIssuesAsManyAreNamedInEveryMenuAndTheRestIsCounted) {
+    host::MarkFlag flag;
+    flag.kind = MarkKind::kIssues;
+    flag.ppid = site.firstProject;
+    for (const int count : {host::FlagMenu::kMostNamed, host::FlagMenu::kMostNamed + 5}) {
+        flag.count = count;
+        flag.issues.assign(size_t(count), {u"q"_s, u"裂缝"_s});
+        host::FlagMenu alone = Menu({{flag}, {}, {}, {}});
+        host::FlagMenu several = Menu({{flag, flag}, {}, {}, {}});
+        QMenu* below = several.Menu().actions()[0]->menu();
+        emit below->aboutToShow();
+        for (const QMenu* menu :
+             {static_cast<const QMenu*>(&alone.Menu()), static_cast<const QMenu*>(below)}) {
+            const QStringList texts = Texts(*menu);
+            EXPECT_EQ(texts.count(u"裂缝"_s), host::FlagMenu::kMostNamed);
+            EXPECT_EQ(texts.contains(u"另有 5 个"_s), count > host::FlagMenu::kMostNamed);
+        }
+    }
+}
+
+TEST_F(MarksOfAFolder, NamesInAMenuAreNoPlaceholdersAndNotWiderThanTheScreen) {
+    host::MarkFlag flag;
+    flag.kind = MarkKind::kIssues;
+    flag.ppid = site.firstProject;
+    flag.name = u"%2"_s;
+    flag.count = 1;
+    flag.issues = {{u"q"_s, u"首"_s + QString(500, u'长') + u"尾<b>"_s}};
+    host::FlagMenu menu = Menu({{flag}, {}, {}, {}});
+    const QAction* issue = menu.Menu().actions().back();
+    EXPECT_EQ(menu.Menu().actions().front()->text(), u"%2（1 个问题）"_s);
+    EXPECT_LE(issue->text().size(), 60);
+    EXPECT_TRUE(issue->text().startsWith(u"首长"_s) && issue->text().endsWith(u"尾<b>"_s));
+    EXPECT_TRUE(issue->toolTip().contains(flag.issues[0].theme.toHtmlEscaped()));
+}
+
 TEST_F(MarksOfAFolder, IssuesThatNobodySeesAreReadOnceTheyAreShown) {
     host::MarkState state;
     state.issues.shown = false;
