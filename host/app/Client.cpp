@@ -170,7 +170,7 @@ void Client::ConnectSink() {
     connect(&sink, &PictureSink::DrawingWanted, this, &Client::BringUpDrawing);
     connect(&sink, &PictureSink::MarkWanted, this,
             [this](const QString& floor, qint32 markId, qint32 picId) {
-                OnPhotoLocated(u"%1-%2-%3"_s.arg(floor).arg(markId).arg(picId));
+                OnPhotoLocated(floor + u"-%1-%2"_s.arg(markId).arg(picId));
             });
 }
 
@@ -178,9 +178,9 @@ void Client::OnPhotoLocated(const QString& text) {
     const auto target = ParseLocateText(text);
     if (target)
         view->ShowFloor(target->floor);
-    window->ShowStatus(target ? u"定位照片 %1：%2，标识 %3"_s.arg(target->picId)
-                                    .arg(FloorCaption(target->floor))
-                                    .arg(target->markId)
+    window->ShowStatus(target ? u"定位照片 %1：%2，标识 %3"_s.arg(QString::number(target->picId),
+                                                                  FloorCaption(target->floor),
+                                                                  QString::number(target->markId))
                               : u"无法识别的定位请求：%1"_s.arg(text));
 }
 

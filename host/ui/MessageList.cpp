@@ -20,8 +20,9 @@ void MessageList::Remove(int at) {
 }
 
 QString MessageLine(const HostMessage& message) {
-    return message.times == 1 ? message.text
-                              : u"%1（共 %2 次）"_s.arg(message.text).arg(message.times);
+    return message.times == 1
+               ? message.text
+               : u"%1（共 %2 次）"_s.arg(message.text, QString::number(message.times));
 }
 
 } // namespace host

@@ -98,8 +98,8 @@ QString FlagTip(const PlanFloor& floor, const std::vector<PlacedFlag>& flags, co
         const bool isIssue = placed.flag.kind == MarkKind::kIssues;
         const QString place = FlagPlaceCaption(floor, placed);
         lines << (isIssue ? u"问题标识 %1，%2%3 个问题"_s : u"照片标识 %1，%2%3 张照片"_s)
-                     .arg(FlagName(placed.flag), place.isEmpty() ? place : place + u"，"_s)
-                     .arg(placed.flag.count);
+                     .arg(FlagName(placed.flag), place.isEmpty() ? place : place + u"，"_s,
+                          QString::number(placed.flag.count));
         for (const IssueName& issue : placed.flag.issues)
             lines << u"· "_s + issue.theme;
     };

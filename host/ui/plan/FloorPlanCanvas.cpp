@@ -199,8 +199,8 @@ QString FloorPlanCanvas::TipAt(const QPoint& point) const {
     if (place < 0)
         return {};
     const PlanIntersection& hit = Floor()->intersections[place];
-    return u"%1 %2，%3 张照片"_s.arg(PlanFloorCaption(*Floor()), PlaceCaption(*Floor(), hit))
-        .arg(hit.photoCount);
+    return u"%1 %2，%3 张照片"_s.arg(PlanFloorCaption(*Floor()), PlaceCaption(*Floor(), hit),
+                                     QString::number(hit.photoCount));
 }
 
 bool FloorPlanCanvas::event(QEvent* event) {

@@ -69,10 +69,10 @@ void FloorPlanPane::FillFloors() {
         const int count = PhotoCount(floor);
         const QString caption = PlanFloorCaption(floor);
         auto* item = new QListWidgetItem(
-            count > 0 ? u"%1（%2）"_s.arg(caption).arg(count) : caption, floors);
-        item->setToolTip(toolkit::PlainTip(floor.name.isEmpty()
-                                               ? u"没有楼层的照片 %1 张"_s.arg(count)
-                                               : u"%1：%2 张照片"_s.arg(caption).arg(count)));
+            count > 0 ? u"%1（%2）"_s.arg(caption, QString::number(count)) : caption, floors);
+        item->setToolTip(toolkit::PlainTip(
+            floor.name.isEmpty() ? u"没有楼层的照片 %1 张"_s.arg(count)
+                                 : u"%1：%2 张照片"_s.arg(caption, QString::number(count))));
         item->setSizeHint(QSize(0, floors->fontMetrics().height() + 12));
     }
     floors->setCurrentRow(canvas->State().floor);

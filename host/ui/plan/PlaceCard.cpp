@@ -32,7 +32,7 @@ PlaceCard::PlaceCard(QWidget* parent) : QFrame(parent) {
 
 void PlaceCard::ShowFor(const QString& caption, int photoCount, const QRectF& place,
                         const QRectF& area) {
-    text->setText(photoCount > 0 ? u"%1\n%2 张照片"_s.arg(caption).arg(photoCount)
+    text->setText(photoCount > 0 ? u"%1\n%2 张照片"_s.arg(caption, QString::number(photoCount))
                                  : u"%1\n此处没有照片"_s.arg(caption));
     photos->setEnabled(photoCount > 0);
     layout()->activate();

@@ -146,6 +146,14 @@ TEST(FlagTip, NamesMarkPlaceAndCountAndTheThemesOfIssues) {
     EXPECT_EQ(FlagTip(floor, flags, {{}, kShelf, 0, {}}), u"照片标识 质量，12 张照片"_s);
 }
 
+TEST(FlagTip, NamesAreNeverTakenForPlaceholders) {
+    std::vector<PlacedFlag> flags = Flags(1, kShelf);
+    flags[0].flag.name = u"%3"_s;
+    flags[0].flag.placeText = u"%3轴"_s;
+    flags[0].flag.count = 7;
+    EXPECT_EQ(FlagTip(PlanFloor(), flags, {{}, kShelf, 0, {}}), u"照片标识 %3，%3轴，7 张照片"_s);
+}
+
 TEST(FlagTip, OfVeryManyIssuesSaysTheFirstOnes) {
     std::vector<PlacedFlag> flags = Flags(1, kShelf);
     flags[0].flag.kind = MarkKind::kIssues;

@@ -28,6 +28,10 @@ TEST(MessageList, CountsAMessageThatIsSaidAgain) {
     EXPECT_EQ(MessageLine(list.All()[0]), u"查询失败"_s);
 }
 
+TEST(MessageList, AMessageIsNeverTakenForAPlaceholder) {
+    EXPECT_EQ(MessageLine({MessageKind::kInfo, u"%2.jpg"_s, 2}), u"%2.jpg（共 2 次）"_s);
+}
+
 TEST(MessageList, DropsTheOldestBeyondItsSize) {
     MessageList list;
     for (int number = 0; number <= MessageList::kMost; ++number)
