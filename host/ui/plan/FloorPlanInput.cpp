@@ -41,8 +41,9 @@ void FloorPlanCanvas::AskForMenu(const std::vector<int>& wanted, int place, cons
 
 void FloorPlanCanvas::OpenBox(int box) {
     const FlagBox opened = flagLayout.boxes[box];
+    // A copy: what the flag opens may have the marks drawn anew.
     if (opened.flag >= 0)
-        emit FlagOpened(flags[opened.flag].flag);
+        emit FlagOpened(MarkFlag(flags[opened.flag].flag));
     else
         AskForMenu(opened.rest, opened.place, opened.rect.bottomLeft().toPoint());
 }
@@ -53,7 +54,7 @@ void FloorPlanCanvas::OpenChosen() {
         return;
     const std::vector<int> here = FlagsAt(state.chosen == kNoPlace ? kShelf : state.chosen);
     if (here.size() == 1)
-        emit FlagOpened(flags[here.front()].flag);
+        emit FlagOpened(MarkFlag(flags[here.front()].flag));
     else if (here.empty())
         AskForPhotos();
     else

@@ -91,6 +91,17 @@ TEST_F(FlagsOnThePlan, AClickOnAFlagOpensItsPositionAndMark) {
     EXPECT_TRUE(wanted.isEmpty());
 }
 
+TEST_F(FlagsOnThePlan, WhatAFlagOpensMayHaveTheMarksDrawnAnew) {
+    canvas.SetFloor(1);
+    QString key;
+    QObject::connect(&view, &ModelView::FlagOpened, &view, [&](const MarkFlag& flag) {
+        view.SetVeskPicMarkers({});
+        key = flag.positionKey;
+    });
+    QTest::mouseClick(&canvas, Qt::LeftButton, {}, BoxPoint(u"1:2/B"_s, 2));
+    EXPECT_EQ(key, u"1:2/B"_s);
+}
+
 TEST_F(FlagsOnThePlan, AClickThatIsDraggedOffAFlagOpensNothing) {
     canvas.SetFloor(1);
     QTest::mousePress(&canvas, Qt::LeftButton, {}, BoxPoint(u"1:2/B"_s, 2));
