@@ -32,16 +32,18 @@ qint32 ScriptedTNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
 }
 
 void ScriptedTNQuestionMng::GetIssueGroups(quint8 flag, const qint64* from, const qint64* to,
-                                           KX_DATA::MarkFilterArg&,
+                                           KX_DATA::MarkFilterArg& filterArg,
                                            std::vector<KX_DATA::IssueMarkGroup>& groups) {
+    lastFilterArg = &filterArg;
     if (m_script.Call("GetIssueGroups",
                       {Arg("flag", qint32(flag)), Arg("from", *from), Arg("to", *to)}))
         groups = markGroups;
 }
 
 void ScriptedTNQuestionMng::GetIssueFilterList(quint8 flag, const qint64* from, const qint64* to,
-                                               KX_DATA::MarkFilterArg&,
+                                               KX_DATA::MarkFilterArg& filterArg,
                                                std::vector<KX_DATA::IssueFilterSource>& entries) {
+    lastFilterArg = &filterArg;
     if (m_script.Call("GetIssueFilterList",
                       {Arg("flag", qint32(flag)), Arg("from", *from), Arg("to", *to)}))
         entries = filterEntries;

@@ -22,6 +22,8 @@ public:
     std::vector<KX_DATA::IssueMarkGroup> markGroups;
     std::vector<KX_DATA::IssueFilterSource> filterEntries;
 
+    /// What the last question about marks came with, to be compared by its address.
+    const KX_DATA::MarkFilterArg* lastFilterArg = nullptr;
     QueryScript query;
     KX_DATA::PicQueryFilter lastFilter;
     KX_DATA::IssueUpdate lastUpdate;

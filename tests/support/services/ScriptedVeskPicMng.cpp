@@ -73,16 +73,18 @@ qint32 ScriptedVeskPicMng::QueryPdfPics(const KX_DATA::PdfQueryFilter& filter,
 }
 
 void ScriptedVeskPicMng::GetBimPicFilterGroups(qint64 from, qint64 to, quint8 flag,
-                                               KX_DATA::MarkFilterArg&,
+                                               KX_DATA::MarkFilterArg& filterArg,
                                                std::vector<KX_DATA::PicFilterEntry>& entries) {
+    lastFilterArg = &filterArg;
     if (m_script.Call("GetBimPicFilterGroups",
                       {Arg("from", from), Arg("to", to), Arg("flag", qint32(flag))}))
         entries = filterEntries;
 }
 
 qint32 ScriptedVeskPicMng::GetBimPicMarkerList(qint64 from, qint64 to, quint8 flag, qint32 markId,
-                                               KX_DATA::MarkFilterArg&,
+                                               KX_DATA::MarkFilterArg& filterArg,
                                                std::vector<qint32>& picIds) {
+    lastFilterArg = &filterArg;
     if (!m_script.Call("GetBimPicMarkerList", {Arg("from", from), Arg("to", to),
                                                Arg("flag", qint32(flag)), Arg("mark", markId)}))
         return 0;
@@ -206,8 +208,9 @@ qint32 ScriptedVeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
 }
 
 void ScriptedVeskPicMng::GetBimPicFilterValues(qint64 from, qint64 to, quint8 flag,
-                                               KX_DATA::MarkFilterArg&,
+                                               KX_DATA::MarkFilterArg& filterArg,
                                                std::vector<KX_DATA::PicMarkGroup>& groups) {
+    lastFilterArg = &filterArg;
     if (m_script.Call("GetBimPicFilterValues",
                       {Arg("from", from), Arg("to", to), Arg("flag", qint32(flag))}))
         groups = markGroups;

@@ -34,6 +34,8 @@ public:
     std::vector<KX_DATA::PicMarkGroup> markGroups;
     std::vector<qint32> markerIds;
 
+    /// What the last question about marks came with, to be compared by its address.
+    const KX_DATA::MarkFilterArg* lastFilterArg = nullptr;
     QueryScript bimQuery;
     QueryScript pdfQuery;
     KX_DATA::PicQueryFilter lastBimFilter;
