@@ -43,6 +43,15 @@ QStringList LocalPaths(const QMimeData* data) {
     return paths;
 }
 
+/// A visible window beside this one and those; null: none.
+QWidget* OtherWindow(const QWidget* own, const QList<QPointer<QWidget>>& except) {
+    const QList<QWidget*> all = QApplication::topLevelWidgets();
+    const auto found = std::find_if(all.begin(), all.end(), [&](QWidget* other) {
+        return other != own && other->isVisible() && !except.contains(other);
+    });
+    return found == all.end() ? nullptr : *found;
+}
+
 } // namespace
 
 MainWindow::MainWindow() {
@@ -253,20 +262,13 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool MainWindow::CloseOtherWindows() {
-    const QList<QWidget*> all = QApplication::topLevelWidgets();
-    QList<QPointer<QWidget>> others;
-    for (QWidget* other : all) {
-        if (other != this && other->isVisible())
-            others << other;
+    // One may take others along, or bring another up: a viewer that closes its console.
+    QList<QPointer<QWidget>> asked;
+    while (QWidget* other = OtherWindow(this, asked)) {
+        asked << other;
+        other->close();
     }
-    // One may take others along, so each is looked at again.
-    for (const QPointer<QWidget>& other : others) {
-        if (!other.isNull() && other->isVisible())
-            other->close();
-    }
-    return std::none_of(others.begin(), others.end(), [](const QPointer<QWidget>& other) {
-        return !other.isNull() && other->isVisible();
-    });
+    return OtherWindow(this, {}) == nullptr;
 }
 
 bool MainWindow::event(QEvent* event) {

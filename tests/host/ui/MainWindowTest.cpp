@@ -80,6 +80,23 @@ TEST_F(ClientWindow, IsTheToolkitsMainWindowWhileItLives) {
     EXPECT_EQ(toolkit::MainWindow(), toolkit::kNoWindow);
 }
 
+TEST_F(ClientWindow, AWindowThatComesUpWhileAnotherClosesIsClosedToo) {
+    class Parting final : public QWidget {
+    public:
+        QWidget next;
+
+    protected:
+        void closeEvent(QCloseEvent* event) override {
+            QWidget::closeEvent(event);
+            next.show();
+        }
+    } parting;
+    parting.show();
+    EXPECT_TRUE(window.CloseOtherWindows());
+    EXPECT_FALSE(parting.isVisible());
+    EXPECT_FALSE(parting.next.isVisible());
+}
+
 TEST_F(ClientWindow, KeysGiveTheirCommandsUnlessTheseAreDisabled) {
     QTest::keyClick(&window, Qt::Key_1, Qt::ControlModifier);
     QTest::keyClick(&window, Qt::Key_B, Qt::ControlModifier);
