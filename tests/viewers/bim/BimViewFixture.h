@@ -22,6 +22,7 @@ protected:
     /// A key to the pane.
     static void Press(int key);
     static void Click(QWidget* control);
+    [[nodiscard]] static QString PlayerText() { return Pane().Note().Status()->text(); }
 
     [[nodiscard]] QString PictureFolder() const { return QStringLiteral("1/pics/"); }
 };
