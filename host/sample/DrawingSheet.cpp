@@ -19,11 +19,11 @@ namespace {
 constexpr double kSheetWidth = 4200;
 constexpr double kSheetHeight = 2970;
 constexpr double kMargin = 100;
-constexpr double kBay = 360;
+constexpr double kSheetBay = 360;
 constexpr QPointF kPlanCorner{520, 320};
 
 [[nodiscard]] QPointF Intersection(int column, int row) {
-    return kPlanCorner + QPointF(kBay * column, kBay * (kPlanRows - 1 - row));
+    return kPlanCorner + QPointF(kSheetBay * column, kSheetBay * (kPlanRows - 1 - row));
 }
 
 void DrawGrid(QPainter& painter) {
@@ -56,9 +56,9 @@ void DrawDimensions(QPainter& painter) {
     const double y = Intersection(0, 0).y() + 190;
     for (int column = 0; column + 1 < kPlanColumns; ++column) {
         const double x = Intersection(column, 0).x();
-        painter.drawLine(QPointF(x, y), QPointF(x + kBay, y));
+        painter.drawLine(QPointF(x, y), QPointF(x + kSheetBay, y));
         painter.drawLine(QPointF(x - 14, y + 14), QPointF(x + 14, y - 14));
-        painter.drawText(QRectF(x, y - 50, kBay, 46), Qt::AlignCenter, u"8400"_s);
+        painter.drawText(QRectF(x, y - 50, kSheetBay, 46), Qt::AlignCenter, u"8400"_s);
     }
 }
 
@@ -82,18 +82,18 @@ void DrawWalls(QPainter& painter, Dice& dice) {
             const QPointF at = Intersection(column, row);
             painter.setPen(QPen(Qt::black, 14));
             if (dice.Chance(0.55F)) {
-                painter.drawLine(at, at + QPointF(0, -kBay));
+                painter.drawLine(at, at + QPointF(0, -kSheetBay));
             }
             if (dice.Chance(0.6F)) {
                 painter.drawLine(at, at + QPointF(110, 0));
-                painter.drawLine(at + QPointF(190, 0), at + QPointF(kBay, 0));
+                painter.drawLine(at + QPointF(190, 0), at + QPointF(kSheetBay, 0));
                 DrawDoor(painter, at + QPointF(110, 0));
             }
             if (dice.Chance(0.5F)) {
                 painter.setPen(QColor(60, 60, 60));
                 const auto* room = kRooms[static_cast<size_t>(dice.Pick(kRooms.size()))];
-                painter.drawText(QRectF(at.x(), at.y() - kBay, kBay, kBay), Qt::AlignCenter,
-                                 QString::fromUtf16(room));
+                painter.drawText(QRectF(at.x(), at.y() - kSheetBay, kSheetBay, kSheetBay),
+                                 Qt::AlignCenter, QString::fromUtf16(room));
             }
         }
     }
