@@ -17,7 +17,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Widths of the list of floors, in characters of the face, and what stands beside a row's text.
+// Widths of the list of floors: pixels, characters of the face, and what stands beside a row's
+// text.
+constexpr int kLeastWidth = 132;
 constexpr int kShortRow = 15;
 constexpr int kLongRow = 40;
 constexpr int kRowMargins = 12;
@@ -82,11 +84,13 @@ void FloorPlanPane::FillFloors() {
 /// As wide as its longest row, so that the counts can be read; rows far longer are elided.
 void FloorPlanPane::FitFloors() {
     const QFontMetrics metrics = floors->fontMetrics();
-    int width = metrics.averageCharWidth() * kShortRow;
+    int longest = 0;
     for (int row = 0; row < floors->count(); ++row)
-        width = std::max(width, metrics.horizontalAdvance(floors->item(row)->text()));
-    width = std::min(width, metrics.averageCharWidth() * kLongRow);
-    floors->setFixedWidth(width + kRowMargins + floors->verticalScrollBar()->sizeHint().width());
+        longest = std::max(longest, metrics.horizontalAdvance(floors->item(row)->text()));
+    const int beside = kRowMargins + floors->verticalScrollBar()->sizeHint().width();
+    const int least = std::max(kLeastWidth, metrics.averageCharWidth() * kShortRow);
+    floors->setFixedWidth(std::clamp(longest + beside, least,
+                                     std::max(least, metrics.averageCharWidth() * kLongRow)));
 }
 
 QString FloorPlanPane::CurrentFloor() const {
