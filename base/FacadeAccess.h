@@ -37,6 +37,12 @@ public:
         return taken;
     }
 
+    /// For a viewer of that kind that closes: brings the console back that was minimised for it.
+    void BringConsoleBack(qint32 kind) {
+        if (reopenConsole)
+            ShowPicMng(kind);
+    }
+
     /// The drawing photo editor waits hidden while the user picks another drawing in the host.
     bool backToPdfEdit = false;
     /// The console was minimised by a reverse lookup: the viewer that closes brings it back.

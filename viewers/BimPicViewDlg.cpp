@@ -206,9 +206,7 @@ void CBimPicViewDlg::LayoutPicPane() {
 
 void CBimPicViewDlg::OnClose() {
     m_note.OnClose();
-    ZelvorNRQ_KXVeskPicture::IPictureFacade& facade = ZelvorNRQ_KXVeskPicture::PictureFacade();
-    if (facade.reopenConsole)
-        facade.ShowPicMng(kModeBim);
+    ZelvorNRQ_KXVeskPicture::PictureFacade().BringConsoleBack(kModeBim);
     Destroy();
 }
 

@@ -6,9 +6,6 @@
 
 using namespace Qt::StringLiterals;
 
-using ZelvorNRQ_KXVeskPicture::IPictureFacade;
-using ZelvorNRQ_KXVeskPicture::PictureFacade;
-
 namespace {
 
 constexpr int kReportTimer = 1;
@@ -50,9 +47,7 @@ void CBimPicViewWrap::OnTimer(int timerId) {
 
 void CBimPicViewWrap::OnClose() {
     picView.Note().StopIfPlaying();
-    IPictureFacade& facade = PictureFacade();
-    if (facade.reopenConsole)
-        facade.ShowPicMng(kModeBim);
+    ZelvorNRQ_KXVeskPicture::PictureFacade().BringConsoleBack(kModeBim);
     DestroyViews();
 }
 

@@ -16,11 +16,16 @@ using ZelvorNRQ_KXVeskPicture::SetPictureFacade;
 class EmptyFacade final : public IPictureFacade, public IQuestionRefresh {
 public:
     ZelvorNRQ_KXVeskPicture::IKXVeskPictureSink& Sink() override { return m_sink; }
-    qint32 ShowPicMng(qint32) override { return 1; }
+    qint32 ShowPicMng(qint32 kind) override {
+        shownKind = kind;
+        return 1;
+    }
     bool OpenBimPicView(qint32, const QString&, const QString&, qint32) override { return true; }
     void ShowPdfPicView(qint32, qint32, const QString&, KXWindow) override {}
     IQuestionRefresh& IssueRefresh() override { return *this; }
     void Refresh() override {}
+
+    qint32 shownKind = 0;
 
 private:
     support::Script m_script;
@@ -39,6 +44,15 @@ TEST(FacadeAccess, NothingIsPendingAtFirst) {
     EXPECT_EQ(facade.pendingPicId, -1);
     EXPECT_FALSE(facade.reopenConsole);
     EXPECT_FALSE(facade.backToPdfEdit);
+}
+
+TEST(FacadeAccess, TheConsoleComesBackOnlyIfItWasMinimisedForAViewer) {
+    EmptyFacade facade;
+    facade.BringConsoleBack(1);
+    EXPECT_EQ(facade.shownKind, 0);
+    facade.reopenConsole = true;
+    facade.BringConsoleBack(2);
+    EXPECT_EQ(facade.shownKind, 2);
 }
 
 TEST(FacadeAccess, TakingThePendingPhotoForgetsIt) {
