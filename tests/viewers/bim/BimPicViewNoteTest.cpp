@@ -1,6 +1,7 @@
 // The voice notes of the BIM photo viewer.
 #include "console/VeskPicMngDlg.h"
 #include "frame/KXVeskPictureImpl.h"
+#include "tests/support/AmrFiles.h"
 #include "tests/support/ScriptedAudio.h"
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/bim/BimViewFixture.h"
@@ -42,6 +43,26 @@ TEST_F(BimPicViewNoteTest, ANoteIsReadyAndAPhotoWithoutOneSaysSo) {
     Press(Qt::Key_Right);
     EXPECT_EQ(PlayerText(), u"就绪");
     EXPECT_TRUE(Pane().Note().Button()->isEnabled());
+}
+
+TEST_F(BimPicViewNoteTest, ANotePlaysItsSecondsAndEnds) {
+    PlayNote();
+    EXPECT_TRUE(support::WaitFor([] { return PlayerText() == u"00:01 / 00:03"; }));
+    EXPECT_EQ(Pane().Note().Progress()->GetPos(), 1);
+    EXPECT_TRUE(support::WaitFor([] { return !Pane().Note().IsPlaying(); }));
+    EXPECT_EQ(PlayerText(), u"00:00 / 00:03");
+}
+
+TEST_F(BimPicViewNoteTest, ANoteThatIsStillToComeIsAwaited) {
+    host.pics.files[1].audioUuid = u"late"_s;
+    host.files.stored[u"late"_s] = support::SilentAmr(100);
+    // Its picture is to come first, and fails.
+    host.pics.files[1].picUuid = u"none"_s;
+    ASSERT_TRUE(Open(2));
+    Click(Pane().Note().Button());
+    EXPECT_FALSE(Pane().Note().IsPlaying());
+    EXPECT_TRUE(support::WaitFor([] { return Pane().Note().IsPlaying(); }));
+    EXPECT_EQ(PlayerText(), u"00:00 / 00:02");
 }
 
 TEST_F(BimPicViewNoteTest, AChangeOfPictureStopsTheNoteAndResetsTheBar) {

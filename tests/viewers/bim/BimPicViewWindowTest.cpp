@@ -3,6 +3,7 @@
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/bim/BimViewFixture.h"
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QPushButton>
 #include <QTest>
@@ -137,11 +138,14 @@ TEST_F(BimPicViewWindowTest, TheReportBlocksTheClientUntilTheFirstTick) {
     QWidget* client = toolkit::WidgetOf(toolkit::MainWindow());
     ASSERT_NE(client, nullptr);
     ASSERT_TRUE(Open());
+    QElapsedTimer blocked;
+    blocked.start();
     Click(Pane().ReportButton());
     EXPECT_FALSE(client->isEnabled());
     EXPECT_TRUE(Wrap().Widget()->isEnabled()) << "the viewer itself can still be used";
     EXPECT_TRUE(ModuleLog().contains(u"输出报告"_s));
     EXPECT_TRUE(support::WaitFor([&] { return client->isEnabled(); }));
+    EXPECT_GE(blocked.elapsed(), 900);
 }
 
 TEST_F(BimPicViewWindowTest, TheClientStaysBlockedWhileAReportIsOpen) {
