@@ -14,6 +14,8 @@
 
 #include <boost/make_shared.hpp>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 using ZelvorNRQ_KXVeskPicture::CatchStatus;
@@ -73,6 +75,8 @@ void CVeskPicMngGrid::OnInitialize() {
 }
 
 void CVeskPicMngGrid::CreateManager(ConsoleMode newMode) {
+    // A console that is only brought back has its item selected again.
+    m_keptKey = newMode == m_mode ? TakeSelectedKey() : QString();
     // Rows point into the records of the manager that goes.
     Empty();
     m_mode = newMode;
@@ -149,9 +153,10 @@ void CVeskPicMngGrid::OnQueryPage() {
     toolkit::SendWindowEvent(ParentId(), WM_PIC_SEARCH_DONE);
 }
 
-QString CVeskPicMngGrid::SelectedKey() const {
+QString CVeskPicMngGrid::TakeSelectedKey() {
+    const QString kept = std::exchange(m_keptKey, {});
     const CGridRow* selected = GetCurSel();
-    return selected != nullptr ? m_manager->GetRowKey(*selected) : QString();
+    return selected != nullptr ? m_manager->GetRowKey(*selected) : kept;
 }
 
 void CVeskPicMngGrid::SelectKey(const QString& key) {
@@ -161,7 +166,7 @@ void CVeskPicMngGrid::SelectKey(const QString& key) {
 }
 
 void CVeskPicMngGrid::FetchPage() {
-    const QString selected = SelectedKey();
+    const QString selected = TakeSelectedKey();
     Empty();
     KX_DATA::PageRequest request;
     request.page = GetCurrentPage();

@@ -67,7 +67,7 @@ private:
     void CheckAll(bool checked);
     void SortBy(int column);
     void FetchPage();
-    [[nodiscard]] QString SelectedKey() const;
+    [[nodiscard]] QString TakeSelectedKey();
     void SelectKey(const QString& key);
     void FetchAfterDelete();
     /// The dialog has this grid, in a window.
@@ -88,5 +88,6 @@ private:
     bool m_allChecked = false;
     bool m_queryFailed = false;
     int m_filling = 0;
+    QString m_keptKey; ///< what was selected before a manager of the same kind came
     boost::shared_ptr<CPicMngBase> m_manager;
 };

@@ -288,6 +288,25 @@ TEST_F(OpeningTest, AConsoleThatWasMinimisedForALookupIsOnlyBroughtBack) {
     EXPECT_FALSE(Window()->isMinimized());
 }
 
+TEST_F(OpeningTest, AConsoleThatComesBackHasItsRowSelected) {
+    Open(kModeBim, 3);
+    Grid().SetCurSel(1);
+    Console().Minimise();
+    Facade().reopenConsole = true;
+    Facade().ShowPicMng(kModeBim);
+    ASSERT_NE(Grid().GetCurSel(), nullptr);
+    EXPECT_EQ(Grid().GetCurSel()->GetRowId(), 1);
+}
+
+TEST_F(OpeningTest, AnotherKindBeginsWithoutASelectedRow) {
+    Open(kModeBim, 3);
+    FillService(host, kModePdf, 3);
+    Grid().SetCurSel(1);
+    Click(C().pdfRadio);
+    ASSERT_EQ(Grid().GetRowCount(), 3);
+    EXPECT_EQ(Grid().GetCurSel(), nullptr);
+}
+
 TEST_F(OpeningTest, WithoutAWindowTheFlagForComingBackStays) {
     Facade().reopenConsole = true;
     Open(kModeBim, 3);
