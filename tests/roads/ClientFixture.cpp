@@ -19,6 +19,7 @@ void ClientOnAFolder::SetUp() {
     site = MakeSmallSite(folder.Path(u"data"_s));
     ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
     ASSERT_TRUE(session.SignIn(u"张伟"_s));
+    Furnish();
     Start();
 }
 

@@ -20,6 +20,8 @@ namespace roads {
 class ClientOnAFolder : public testing::Test {
 protected:
     void SetUp() override;
+    /// Adds to the small site before the client starts.
+    virtual void Furnish() {}
     void Start();
     /// Ctrl and a key, in the main window.
     bool Press(Qt::Key key);

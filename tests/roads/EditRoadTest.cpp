@@ -1,14 +1,16 @@
 // From a row of the console into its editor and back, on a real data folder.
 #include "tests/roads/ClientFixture.h"
 
-#include "host/data/Bin.h"
 #include "host/data/SiteWriter.h"
 #include "host/tour/ConsoleEyes.h"
 #include "host/tour/TourDriver.h"
 #include "host/tour/TourEyes.h"
 #include "host/ui/MainWindow.h"
+#include "host/ui/plan/FloorPlanCanvas.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
+#include "tests/roads/OtherClient.h"
+#include "tests/roads/RoadHands.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 
@@ -41,20 +43,6 @@ protected:
             return host::tour::ClickCell(host::tour::ConsoleGrid(), 0, ConsoleColumn(u"编辑"_s));
         });
     }
-    static void ClickOn(const QWidget& window, const QString& name) {
-        EXPECT_TRUE(WaitFor([&] { return host::tour::Click(host::tour::FindIn(&window, name)); }))
-            << name.toStdString();
-    }
-    static void ChooseIn(const QWidget& window, const QString& name, const QString& entry) {
-        auto* combo = qobject_cast<QComboBox*>(host::tour::FindIn(&window, name));
-        EXPECT_TRUE(WaitFor([&] { return host::tour::ChooseInCombo(combo, entry); }))
-            << name.toStdString();
-    }
-    static void Type(const QWidget& window, const QString& name, const QString& text) {
-        EXPECT_TRUE(WaitFor([&] {
-            return host::tour::TypeOver(host::tour::FindIn(&window, name), text);
-        })) << name.toStdString();
-    }
     [[nodiscard]] qint32 Photo() const { return site.photos.back(); }
     [[nodiscard]] KX_DATA::BimPicDetail Detail() const {
         KX_DATA::BimPicDetail detail;
@@ -62,13 +50,8 @@ protected:
                   KX_DATA::kServiceOk);
         return detail;
     }
-    /// As another client does it.
     void RenameFloor(const QString& from, const QString& to) {
-        host::SiteWriter(*session.Folder()).AddFloor(site.firstProject, to);
-        host::Database& data = session.Folder()->Db();
-        data.Exec(u"UPDATE position SET floor = ? WHERE ppid = ? AND floor = ?"_s,
-                  {to, site.firstProject, from});
-        data.Exec(u"DELETE FROM floor WHERE ppid = ? AND name = ?"_s, {site.firstProject, from});
+        OtherClient(folder.Path(u"data"_s)).RenameFloor(site.firstProject, from, to);
     }
 };
 
@@ -111,6 +94,10 @@ TEST_F(EditRoad, AFloorRenamedWhileTheEditorIsOpenLosesNothing) {
     EXPECT_EQ(Detail().floor, u"地下室"_s);
     EXPECT_EQ(Detail().axisX + Detail().axisY, u"2B"_s);
     EXPECT_TRUE(WaitFor([] { return ConsoleText(0, u"位置"_s) == u"地下室层2/B"_s; }));
+    EXPECT_EQ(Plan().Model().floors[0].name, u"1"_s);
+    EXPECT_EQ(Plan().Model().floors[1].name, u"地下室"_s);
+    Plan().SetFloor(1);
+    EXPECT_EQ(PhotoFlag(Plan(), site.positionKey, 1).count, 5);
 }
 
 TEST_F(EditRoad, OfAFloorRenamedMeanwhileTheListOfFloorsLeavesThePlaceAlone) {
@@ -142,8 +129,7 @@ TEST_F(EditRoad, OfAFloorRenamedMeanwhileTheAxesAreGoneAndTheSaveIsRefused) {
 
 TEST_F(EditRoad, APhotoDeletedByAnotherClientIsToldAndTheEditorStays) {
     ASSERT_TRUE(EditFirstRow([this](QWidget& editor) {
-        host::Bin bin(session.Folder()->Db(), session.Folder()->Store());
-        ASSERT_EQ(bin.DeleteBimPhotos({Photo()}, u"李娜"_s), 1);
+        OtherClient(folder.Path(u"data"_s)).DeletePhotos({Photo()});
         ClickOn(editor, u"okButton"_s);
         ASSERT_TRUE(editor.isVisible());
         const QWidget* balloon = host::tour::FindWindow(u"balloonTip"_s);

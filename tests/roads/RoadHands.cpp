@@ -1,0 +1,191 @@
+#include "tests/roads/RoadHands.h"
+
+#include "host/tour/ConsoleEyes.h"
+#include "host/tour/TourDriver.h"
+#include "host/tour/TourEyes.h"
+#include "host/tour/TourNames.h"
+#include "host/ui/plan/FloorPlanCanvas.h"
+#include "tests/support/ModalVisit.h"
+#include "tests/support/WaitFor.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QMenu>
+#include <QPixmap>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+namespace roads {
+
+using namespace Qt::StringLiterals;
+using support::WaitFor;
+
+namespace {
+
+constexpr int kJpegLoss = 6; ///< of a colour channel
+constexpr int kLookAgainMs = 2;
+/// What stands beside and below the viewer's picture, device-independent pixels.
+constexpr QSize kBesidePicture(125, 80);
+
+bool IsNear(QRgb one, QRgb other) {
+    return std::abs(qRed(one) - qRed(other)) <= kJpegLoss &&
+           std::abs(qGreen(one) - qGreen(other)) <= kJpegLoss &&
+           std::abs(qBlue(one) - qBlue(other)) <= kJpegLoss;
+}
+
+QPoint FlagPlace(const host::FloorPlanCanvas& plan, const QString& key, qint32 markId) {
+    for (const host::FlagBox& box : plan.FlagsLayout().boxes) {
+        if (box.flag < 0)
+            continue;
+        const host::MarkFlag& flag = plan.Flags()[size_t(box.flag)].flag;
+        if (flag.kind == host::MarkKind::kPhotos && flag.positionKey == key &&
+            flag.markId == markId)
+            return box.rect.center().toPoint();
+    }
+    ADD_FAILURE() << "no such flag";
+    return {-1, -1};
+}
+
+/// Null while it isn't open.
+QMenu* FlagMenuInSight() {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    return menu != nullptr && menu->objectName() == u"flagMenu"_s ? menu : nullptr;
+}
+
+/// Clicks an entry, or ends a menu that doesn't have it.
+void PickFrom(QMenu* menu, const QString& entry) {
+    for (QAction* action : menu->actions()) {
+        if (action->isEnabled() && action->text().startsWith(entry)) {
+            host::tour::ClickAt(menu, menu->actionGeometry(action).center());
+            return;
+        }
+    }
+    ADD_FAILURE() << "no such entry: " << entry.toStdString();
+    menu->close();
+}
+
+} // namespace
+
+void ClickOn(const QWidget& window, const QString& name) {
+    EXPECT_TRUE(WaitFor([&] { return host::tour::Click(host::tour::FindIn(&window, name)); }))
+        << name.toStdString();
+}
+
+void ChooseIn(const QWidget& window, const QString& name, const QString& entry) {
+    auto* combo = qobject_cast<QComboBox*>(host::tour::FindIn(&window, name));
+    EXPECT_TRUE(WaitFor([&] { return host::tour::ChooseInCombo(combo, entry); }))
+        << name.toStdString();
+}
+
+void Type(const QWidget& window, const QString& name, const QString& text) {
+    EXPECT_TRUE(WaitFor([&] {
+        return host::tour::TypeOver(host::tour::FindIn(&window, name), text);
+    })) << name.toStdString();
+}
+
+void ClickRowIcon(int row, const QString& caption) {
+    EXPECT_TRUE(WaitFor([&] {
+        return host::tour::ClickCell(host::tour::ConsoleGrid(), row,
+                                     host::tour::ConsoleColumn(caption));
+    })) << caption.toStdString();
+}
+
+QStringList ConsoleColumnTexts(const QString& caption) {
+    QStringList texts;
+    for (int row = 0; row < host::tour::ConsoleRows(); ++row)
+        texts << host::tour::ConsoleText(row, caption);
+    return texts;
+}
+
+int RowOfPhoto(const QString& fileName) {
+    return int(ConsoleColumnTexts(u"照片名称"_s).indexOf(fileName));
+}
+
+int SelectedRow() {
+    const QAbstractItemView* grid = host::tour::ConsoleGrid();
+    return grid == nullptr ? -1 : grid->currentIndex().row();
+}
+
+host::MarkFlag PhotoFlag(const host::FloorPlanCanvas& plan, const QString& key, qint32 markId) {
+    for (const host::PlacedFlag& placed : plan.Flags()) {
+        if (placed.flag.kind == host::MarkKind::kPhotos && placed.flag.positionKey == key &&
+            placed.flag.markId == markId)
+            return placed.flag;
+    }
+    return {};
+}
+
+void ClickFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId) {
+    EXPECT_TRUE(WaitFor([&] { return host::tour::ClickAt(&plan, FlagPlace(plan, key, markId)); }));
+}
+
+void ChooseOfFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId,
+                  const QString& entry, const std::function<void()>& meanwhile) {
+    // The menu holds the click that opens it.
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        QMenu* menu = FlagMenuInSight();
+        if (menu == nullptr)
+            return;
+        look.stop();
+        if (meanwhile)
+            meanwhile();
+        PickFrom(menu, entry);
+    });
+    look.start(kLookAgainMs);
+    EXPECT_TRUE(WaitFor(
+        [&] { return host::tour::ClickAt(&plan, FlagPlace(plan, key, markId), Qt::RightButton); }));
+}
+
+QWidget* Viewer() {
+    return host::tour::FindWindow(host::tour::kPhotoViewer);
+}
+
+QString ViewerTitle() {
+    return Viewer() == nullptr ? QString() : Viewer()->windowTitle();
+}
+
+QString ViewerText(const QString& name) {
+    return host::tour::ReadText(host::tour::FindIn(Viewer(), name));
+}
+
+bool ViewerShows(QRgb color) {
+    if (Viewer() == nullptr)
+        return false;
+    const QSize picture = Viewer()->size() - kBesidePicture;
+    const QImage seen = Viewer()->grab().toImage();
+    const QPointF middle = QPointF(picture.width(), picture.height()) / 2 * seen.devicePixelRatio();
+    return IsNear(seen.pixel(middle.toPoint()), color);
+}
+
+void CloseViewer() {
+    EXPECT_TRUE(WaitFor([] { return host::tour::CloseWindow(Viewer()); }));
+    EXPECT_EQ(Viewer(), nullptr);
+}
+
+QString BoxDuring(const std::function<void()>& action) {
+    QString text;
+    // Boxes have no name.
+    const support::ModalVisit visit(QString(), [&text](QWidget&) {
+        text = host::tour::MessageBoxText();
+        EXPECT_TRUE(WaitFor([] { return host::tour::AnswerMessageBox(u"确定"_s); }));
+    });
+    action();
+    return text;
+}
+
+QStringList OpenWindows() {
+    QStringList names;
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->windowType() != Qt::ToolTip)
+            names << window->objectName();
+    }
+    names.sort();
+    return names;
+}
+
+} // namespace roads
