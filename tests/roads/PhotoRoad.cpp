@@ -124,11 +124,18 @@ OtherClient PhotoRoad::Other() const {
     return OtherClient(folder.Path(u"data"_s));
 }
 
-void PhotoRoad::ExpectNothingHalf() const {
+QStringList PhotoRoad::Cached() const {
+    QStringList paths;
     const QDir cache(folder.Path(u"data/cache/%1/pics"_s.arg(site.firstProject)));
-    for (const QString& name : cache.entryList(QDir::Files | QDir::Hidden)) {
-        EXPECT_TRUE(name.endsWith(u".jpg"_s)) << name.toStdString();
-        EXPECT_FALSE(QImage(cache.filePath(name)).isNull()) << name.toStdString();
+    for (const QString& name : cache.entryList(QDir::Files | QDir::Hidden))
+        paths << cache.filePath(name);
+    return paths;
+}
+
+void PhotoRoad::ExpectNothingHalf() const {
+    for (const QString& path : Cached()) {
+        EXPECT_TRUE(path.endsWith(u".jpg"_s)) << path.toStdString();
+        EXPECT_FALSE(QImage(path).isNull()) << path.toStdString();
     }
 }
 

@@ -29,6 +29,8 @@ protected:
     [[nodiscard]] OtherClient Other() const;
     /// Colour of 照片0.jpg to 照片4.jpg.
     [[nodiscard]] static QRgb ColorOf(int number) { return qRgb(40 * number, 90, 90); }
+    /// Files that lie in the cache of the first project.
+    [[nodiscard]] QStringList Cached() const;
     /// Whatever lies in the cache is whole and bears its final name.
     void ExpectNothingHalf() const;
 
