@@ -16,8 +16,6 @@ using host::TransferRules;
 using host::tour::Console;
 using support::WaitFor;
 
-const QString kNoDetails = u"获取Vesk照片信息失败！"_s;
-
 class LookupFaults : public PhotoRoad {
 protected:
     /// As a person does it who needs the console beside the viewer.
@@ -34,7 +32,7 @@ TEST_F(LookupFaults, APlaceThatCannotBeReadLeavesTheConsoleInSightAndTheNextLook
     OpenConsole();
     OtherClient other = Other();
     other.TakePhotosAway();
-    EXPECT_EQ(BoxDuring([this] { LookUp(u"照片2.jpg"_s); }), kNoDetails);
+    EXPECT_EQ(BoxDuring([this] { LookUp(u"照片2.jpg"_s); }), kNotHad);
     EXPECT_EQ(OpenWindows(), MainAndConsole());
     EXPECT_FALSE(Console()->isMinimized());
     EXPECT_EQ(host::tour::ConsoleRows(), 7);
@@ -49,7 +47,7 @@ TEST_F(LookupFaults, AFailureOfASecondLookupClosesTheViewerAndBringsTheConsoleBa
     RestoreConsole();
     OtherClient other = Other();
     other.TakePhotosAway();
-    EXPECT_EQ(BoxDuring([this] { LookUp(u"转角.jpg"_s); }), kNoDetails);
+    EXPECT_EQ(BoxDuring([this] { LookUp(u"转角.jpg"_s); }), kNotHad);
     EXPECT_EQ(OpenWindows(), MainAndConsole());
     EXPECT_FALSE(Console()->isMinimized());
     other.BringPhotosBack();

@@ -7,6 +7,9 @@
 
 namespace roads {
 
+/// What a person is told where the photos of a place, or the details of one, can't be had.
+inline const QString kNotHad = QStringLiteral("获取Vesk照片信息失败！");
+
 /// The client on the small site and two more photos at places of their own. Downloads don't wait
 /// between their looks. No lookup of a test before waits for its viewer to close.
 class PhotoRoad : public ClientOnAFolder {

@@ -14,8 +14,6 @@ namespace {
 using namespace Qt::StringLiterals;
 using support::WaitFor;
 
-const QString kNoDetails = u"获取Vesk照片信息失败！"_s;
-
 class ViewerFaults : public PhotoRoad {
 protected:
     static void PressInViewer(Qt::Key key) {
@@ -54,12 +52,12 @@ TEST_F(ViewerFaults, APhotoThatAnotherClientDeletesIsToldOnceItIsSteppedToAndThe
     ClickFlag(Plan(), site.positionKey, 1);
     ASSERT_EQ(ViewerTitle(), u"照片4.jpg   (1/5)"_s);
     Other().DeletePhotos({site.photos[3]});
-    EXPECT_EQ(BoxDuring([] { PressInViewer(Qt::Key_Right); }), kNoDetails);
+    EXPECT_EQ(BoxDuring([] { PressInViewer(Qt::Key_Right); }), kNotHad);
     ASSERT_NE(Viewer(), nullptr);
     PressInViewer(Qt::Key_Right);
     EXPECT_EQ(ViewerTitle(), u"照片2.jpg   (3/5)"_s);
     EXPECT_TRUE(WaitFor([] { return ViewerShows(ColorOf(2)); }));
-    EXPECT_EQ(BoxDuring([] { PressInViewer(Qt::Key_Left); }), kNoDetails) << "asked for again";
+    EXPECT_EQ(BoxDuring([] { PressInViewer(Qt::Key_Left); }), kNotHad) << "asked for again";
     PressInViewer(Qt::Key_Left);
     EXPECT_EQ(ViewerTitle(), u"照片4.jpg   (1/5)"_s);
 }
@@ -90,7 +88,7 @@ TEST_F(ViewerFaults, APhotoChosenInTheMenuThatIsGoneByThenIsToldAndOpensNothing)
 TEST_F(ViewerFaults, AFlagWhosePhotosCannotBeReadIsToldAndLeavesTheMainWindowAlone) {
     OtherClient other = Other();
     other.TakePhotosAway();
-    EXPECT_EQ(BoxDuring([this] { ClickFlag(Plan(), site.positionKey, 1); }), kNoDetails);
+    EXPECT_EQ(BoxDuring([this] { ClickFlag(Plan(), site.positionKey, 1); }), kNotHad);
     EXPECT_EQ(OpenWindows(), QStringList{host::tour::kMain});
     EXPECT_TRUE(Messages().front().startsWith(u"读取照片文件失败"_s))
         << Messages().front().toStdString();
@@ -103,7 +101,7 @@ TEST_F(ViewerFaults, AnOpenViewerWhoseNextPlaceCannotBeReadIsClosed) {
     ClickFlag(Plan(), site.positionKey, 1);
     OtherClient other = Other();
     other.TakePhotosAway();
-    EXPECT_EQ(BoxDuring([this] { ClickFlag(Plan(), cornerKey, 1); }), kNoDetails);
+    EXPECT_EQ(BoxDuring([this] { ClickFlag(Plan(), cornerKey, 1); }), kNotHad);
     EXPECT_EQ(OpenWindows(), QStringList{host::tour::kMain});
     other.BringPhotosBack();
 }
