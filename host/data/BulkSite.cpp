@@ -152,7 +152,9 @@ void BulkFiller::Fill(const ListShape& shape, qint32 count, AddRow add) {
     db.Exec(u"INSERT INTO %1 SELECT ppid, mark_id, state, count(*) FROM %2"
             " GROUP BY ppid, mark_id, state"_s.arg(shape.tally, shape.table));
     if (shape.kind == ListKind::kBimPhotos) {
-        db.Exec(PlaceTallyFillSql());
+        for (const QString& statement : PlaceTallyFillSql()) {
+            db.Exec(statement);
+        }
     }
     transaction.Commit();
 }

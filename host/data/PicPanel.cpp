@@ -1,12 +1,13 @@
 #include "host/data/PicPanel.h"
 
 #include "host/data/Database.h"
+#include "host/data/MarksByPlace.h"
 
 #include <algorithm>
 #include <map>
 #include <string>
 #include <tuple>
-#include <unordered_map>
+#include <utility>
 
 namespace host {
 
@@ -16,87 +17,53 @@ namespace {
 
 using FloorsByOrder = std::map<std::string, PanelFloor>;
 
-/// The entry of a mark, a new one in its place by the id if there is none.
-PanelMark& MarkOf(std::vector<PanelMark>& marks, qint32 markId) {
-    const auto at = std::find_if(marks.begin(), marks.end(),
-                                 [markId](const PanelMark& mark) { return mark.markId >= markId; });
-    return at != marks.end() && at->markId == markId ? *at : *marks.insert(at, {markId, 0, {}});
+std::vector<PlacedMark> ReadPlaced(Database& database, const QString& sql,
+                                   const QVariantList& values) {
+    std::vector<PlacedMark> placed;
+    database.Scan(sql, values, [&](const sqlite::RawRow& row) {
+        placed.push_back({row.Int(0), row.Int(1), row.Int(2)});
+    });
+    return placed;
 }
 
-/// Columns that every query here begins with: order of the floor, floor, text and key of the place.
-PanelPlace PlaceFrom(const sqlite::RawRow& row, qint32 ppid) {
-    return {ppid, row.Text(3), row.Text(2), {}};
+/// The kept counts of one project.
+MarksByPlace Counts(Database& database, qint32 ppid) {
+    return {ReadPlaced(database, u"SELECT place, mark_id, n FROM bim_place_tally WHERE ppid = ?"_s,
+                       {ppid}),
+            MarksByPlace::Values::kCounts};
 }
 
-PanelFloor& FloorFrom(const sqlite::RawRow& row, FloorsByOrder& floors) {
-    PanelFloor& floor = floors[std::string(row.Utf8(0))];
-    if (floor.places.empty()) {
-        floor.name = row.Text(1);
+/// The shown photos of one project within the limits, those of a mark by time.
+MarksByPlace Photos(Database& database, const PanelFilter& filter, qint32 ppid) {
+    QVariantList values{ppid};
+    QString sql = u"SELECT place, mark_id, id FROM bim_place_photo WHERE ppid = ?"_s;
+    if (filter.timed) {
+        sql += u" AND modified BETWEEN ? AND ?"_s;
+        values << filter.from << filter.to;
     }
-    return floor;
+    if (!filter.person.isEmpty()) {
+        sql +=
+            u" AND id IN (SELECT id FROM bim_photo"_s + PanelCondition(filter, ppid, values) + u')';
+    }
+    return {ReadPlaced(database, sql, values), MarksByPlace::Values::kPicIds};
 }
 
-/// One project from the kept counts, whose rows come place by place.
-void AddCounts(Database& database, qint32 ppid, FloorsByOrder& floors) {
-    PanelFloor* floor = nullptr;
-    std::string sortKey;
-    std::string posText;
-    std::string positionKey;
-    std::vector<PanelMark> marks;
-    const auto endPlace = [&] {
-        if (floor != nullptr) {
-            floor->places.back().marks = marks; // exactly as large as needed
-        }
-        marks.clear();
-    };
+/// Places are joined here and not by the database, which would look each of them up for each photo.
+void AddPlaces(Database& database, qint32 ppid, const MarksByPlace& marks, FloorsByOrder& floors) {
     const auto take = [&](const sqlite::RawRow& row) {
-        if (floor == nullptr || row.Utf8(3) != positionKey || row.Utf8(2) != posText ||
-            row.Utf8(0) != sortKey) {
-            endPlace();
-            sortKey = row.Utf8(0);
-            posText = row.Utf8(2);
-            positionKey = row.Utf8(3);
-            floor = &FloorFrom(row, floors);
-            floor->places.push_back(PlaceFrom(row, ppid));
+        std::vector<PanelMark> marksHere = marks.MarksAt(row.Int(0));
+        if (marksHere.empty()) {
+            return;
         }
-        marks.push_back({row.Int(4), row.Int(5), {}});
+        PanelFloor& floor = floors[std::string(row.Utf8(1))];
+        if (floor.places.empty()) {
+            floor.name = row.Text(2);
+        }
+        floor.places.push_back({ppid, row.Text(4), row.Text(3), std::move(marksHere)});
     };
-    database.Scan(u"SELECT floor_sort, floor, pos_text, position_key, mark_id, n"
-                  " FROM bim_place_tally WHERE ppid = ?"
-                  " ORDER BY floor_sort, pos_text, position_key, mark_id"_s,
+    database.Scan(u"SELECT place, floor_sort, floor, pos_text, position_key FROM bim_place"
+                  " WHERE ppid = ? ORDER BY floor_sort, pos_text, position_key, floor"_s,
                   {ppid}, take);
-    endPlace();
-}
-
-/// One project photo by photo, in no order: sorting them by the database would take several times
-/// as long as all the rest.
-void AddPhotos(Database& database, const PanelFilter& filter, qint32 ppid, FloorsByOrder& floors) {
-    struct Where {
-        PanelFloor* floor;
-        size_t place;
-    };
-    std::unordered_map<std::string, Where> places;
-    std::string name;
-    const auto take = [&](const sqlite::RawRow& row) {
-        name = row.Utf8(0);
-        name.append(1, '\n').append(row.Utf8(2)).append(1, '\n').append(row.Utf8(3));
-        auto found = places.find(name);
-        if (found == places.end()) {
-            PanelFloor& floor = FloorFrom(row, floors);
-            floor.places.push_back(PlaceFrom(row, ppid));
-            found = places.emplace(name, Where{&floor, floor.places.size() - 1}).first;
-        }
-        PanelPlace& place = found->second.floor->places[found->second.place];
-        PanelMark& mark = MarkOf(place.marks, row.Int(4));
-        ++mark.count;
-        mark.picIds.push_back(row.Int(5));
-    };
-    QVariantList values;
-    const QString condition = PanelCondition(filter, ppid, values);
-    database.Scan(u"SELECT floor_sort, floor, pos_text, CASE WHEN floor = '' THEN '' ELSE"
-                  " position_key END, mark_id, id FROM bim_photo"_s +
-                      (filter.timed ? sqlite::UseIndex(u"bim_by_time"_s) : QString()) + condition,
-                  values, take);
 }
 
 bool PlaceComesFirst(const PanelPlace& left, const PanelPlace& right) {
@@ -109,11 +76,9 @@ bool PlaceComesFirst(const PanelPlace& left, const PanelPlace& right) {
 std::vector<PanelFloor> PicPanel::Floors(const PanelFilter& filter) {
     FloorsByOrder floors;
     for (const qint32 ppid : DifferentProjects(filter)) {
-        if (filter.HasLimits()) {
-            AddPhotos(database, filter, ppid, floors);
-        } else {
-            AddCounts(database, ppid, floors);
-        }
+        const MarksByPlace marks =
+            filter.HasLimits() ? Photos(database, filter, ppid) : Counts(database, ppid);
+        AddPlaces(database, ppid, marks, floors);
     }
     std::vector<PanelFloor> taken;
     taken.reserve(floors.size());

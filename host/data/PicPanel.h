@@ -32,7 +32,7 @@ public:
     explicit PicPanel(Database& owner) : database(owner) {}
 
     /// In the order of floors; places by project, then by their text. Without limits the counts are
-    /// those of a table that the database keeps, with limits the photos are looked at.
+    /// those that the database keeps, with limits the photos are read one by one.
     [[nodiscard]] std::vector<PanelFloor> Floors(const PanelFilter& filter);
     /// Latest change first.
     [[nodiscard]] std::vector<qint32> PicsOfMark(const PanelFilter& filter, qint32 markId);

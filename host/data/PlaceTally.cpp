@@ -6,52 +6,87 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString KeyOf(const QString& row) {
-    return u"CASE WHEN %1floor = '' THEN '' ELSE %1position_key END"_s.arg(row);
+const QString kPlaceColumns = u"ppid, floor_sort, pos_text, position_key, floor"_s;
+
+/// What tells a place from others, of a photo's row.
+QString PlaceOf(const QString& row) {
+    return u"%1.ppid, %1.floor_sort, %1.pos_text, CASE WHEN %1.floor = '' THEN '' ELSE"
+           " %1.position_key END, %1.floor"_s.arg(row);
 }
 
 QString AddSql() {
-    return u"INSERT INTO bim_place_tally (ppid, floor_sort, pos_text, position_key, mark_id, floor,"
-           " n) VALUES (new.ppid, new.floor_sort, new.pos_text, %1, new.mark_id, new.floor, 1)"
-           " ON CONFLICT DO UPDATE SET n = n + 1;"_s.arg(KeyOf(u"new."_s));
+    return u"INSERT INTO bim_place (%1) SELECT %2 WHERE new.status = 0 ON CONFLICT DO NOTHING;"
+           " INSERT INTO bim_place_photo (ppid, modified, id, place, mark_id) SELECT new.ppid,"
+           " new.modified, new.id, place, new.mark_id FROM bim_place WHERE new.status = 0 AND"
+           " (%1) = (%2);"_s.arg(kPlaceColumns, PlaceOf(u"new"_s));
 }
 
 QString RemoveSql() {
-    const QString row =
-        u"ppid = old.ppid AND floor_sort = old.floor_sort AND pos_text ="
-        " old.pos_text AND position_key = %1 AND mark_id = old.mark_id"_s.arg(KeyOf(u"old."_s));
-    return u"UPDATE bim_place_tally SET n = n - 1 WHERE %1;"
-           " DELETE FROM bim_place_tally WHERE %1 AND n <= 0;"_s.arg(row);
+    return u"DELETE FROM bim_place_photo WHERE ppid = old.ppid AND modified = old.modified AND"
+           " id = old.id;"_s;
 }
 
-QString Trigger(const QString& name, const QString& event, const QString& condition,
-                const QString& work) {
-    return u"CREATE TRIGGER bim_place_tally_%1 AFTER %2 ON bim_photo WHEN %3 BEGIN %4 END"_s.arg(
-        name, event, condition, work);
+QString Trigger(const QString& name, const QString& event, const QString& work) {
+    return u"CREATE TRIGGER bim_place_%1 AFTER %2 BEGIN %3 END"_s.arg(name, event, work);
+}
+
+std::vector<QString> RemoveEarlier() {
+    std::vector<QString> statements;
+    for (const QString& name : {u"add"_s, u"remove"_s, u"leave"_s, u"come"_s}) {
+        statements.push_back(u"DROP TRIGGER IF EXISTS bim_place_tally_"_s + name);
+    }
+    statements.push_back(u"DROP TABLE IF EXISTS bim_place_tally"_s);
+    return statements;
+}
+
+std::vector<QString> Tables() {
+    return {u"CREATE TABLE bim_place (place INTEGER PRIMARY KEY, ppid INTEGER NOT NULL, floor_sort"
+            " TEXT NOT NULL, pos_text TEXT NOT NULL, position_key TEXT NOT NULL, floor TEXT NOT"
+            " NULL, UNIQUE (%1))"_s.arg(kPlaceColumns),
+            u"CREATE TABLE bim_place_photo (ppid INTEGER NOT NULL, modified INTEGER NOT NULL, id"
+            " INTEGER NOT NULL, place INTEGER NOT NULL, mark_id INTEGER NOT NULL, PRIMARY KEY"
+            " (ppid, modified, id)) WITHOUT ROWID"_s,
+            u"CREATE TABLE bim_place_tally (ppid INTEGER NOT NULL, place INTEGER NOT NULL, mark_id"
+            " INTEGER NOT NULL, n INTEGER NOT NULL, PRIMARY KEY (ppid, place, mark_id))"
+            " WITHOUT ROWID"_s};
+}
+
+std::vector<QString> Triggers() {
+    const QString tally = u"ppid = old.ppid AND place = old.place AND mark_id = old.mark_id"_s;
+    return {Trigger(u"count"_s, u"INSERT ON bim_place_photo"_s,
+                    u"INSERT INTO bim_place_tally (ppid, place, mark_id, n) VALUES (new.ppid,"
+                    " new.place, new.mark_id, 1) ON CONFLICT DO UPDATE SET n = n + 1;"_s),
+            Trigger(u"discount"_s, u"DELETE ON bim_place_photo"_s,
+                    u"UPDATE bim_place_tally SET n = n - 1 WHERE %1;"
+                    " DELETE FROM bim_place_tally WHERE %1 AND n <= 0;"_s.arg(tally)),
+            Trigger(u"add"_s, u"INSERT ON bim_photo"_s, AddSql()),
+            Trigger(u"remove"_s, u"DELETE ON bim_photo"_s, RemoveSql()),
+            // One trigger does both: the order of several isn't laid down.
+            Trigger(u"move"_s,
+                    u"UPDATE OF ppid, floor, floor_sort, pos_text, position_key, mark_id, status,"
+                    " modified ON bim_photo"_s,
+                    RemoveSql() + u' ' + AddSql())};
 }
 
 } // namespace
 
 std::vector<QString> PlaceTallySchema() {
-    const QString shown = u"new.status = 0"_s;
-    const QString wasShown = u"old.status = 0"_s;
-    const QString move = u"UPDATE OF ppid, floor, floor_sort, pos_text, position_key, mark_id,"
-                         " status"_s;
-    return {u"CREATE TABLE bim_place_tally (ppid INTEGER NOT NULL, floor_sort TEXT NOT NULL,"
-            " pos_text TEXT NOT NULL, position_key TEXT NOT NULL, mark_id INTEGER NOT NULL,"
-            " floor TEXT NOT NULL, n INTEGER NOT NULL, PRIMARY KEY (ppid, floor_sort, pos_text,"
-            " position_key, mark_id)) WITHOUT ROWID"_s,
-            Trigger(u"add"_s, u"INSERT"_s, shown, AddSql()),
-            Trigger(u"remove"_s, u"DELETE"_s, wasShown, RemoveSql()),
-            Trigger(u"leave"_s, move, wasShown, RemoveSql()),
-            Trigger(u"come"_s, move, shown, AddSql())};
+    std::vector<QString> statements = RemoveEarlier();
+    for (const auto& part : {Tables(), Triggers()}) {
+        statements.insert(statements.end(), part.begin(), part.end());
+    }
+    return statements;
 }
 
-QString PlaceTallyFillSql() {
-    return u"INSERT INTO bim_place_tally (ppid, floor_sort, pos_text, position_key, mark_id, floor,"
-           " n) SELECT ppid, floor_sort, pos_text, %1 AS place, mark_id, min(floor),"
-           " count(*) FROM bim_photo WHERE status = 0 GROUP BY ppid, floor_sort, pos_text, place,"
-           " mark_id"_s.arg(KeyOf(QString()));
+std::vector<QString> PlaceTallyFillSql() {
+    const QString place = PlaceOf(u"photo"_s);
+    return {u"INSERT INTO bim_place (%1) SELECT DISTINCT %2 FROM bim_photo AS photo"
+            " WHERE photo.status = 0 ORDER BY 1, 2, 3, 4, 5"_s.arg(kPlaceColumns, place),
+            u"INSERT INTO bim_place_photo (ppid, modified, id, place, mark_id) SELECT photo.ppid,"
+            " photo.modified, photo.id, bim_place.place, photo.mark_id FROM bim_photo AS photo"
+            " JOIN bim_place ON (bim_place.ppid, bim_place.floor_sort, bim_place.pos_text,"
+            " bim_place.position_key, bim_place.floor) = (%1) WHERE photo.status = 0 ORDER BY 1, 2,"
+            " 3"_s.arg(place)};
 }
 
 } // namespace host

@@ -1,5 +1,5 @@
-// How many shown BIM photos there are at each place with each mark: a table that triggers keep, so
-// that every way of changing a photo keeps it right.
+// At which place each shown BIM photo is, and how many there are at each place with each mark:
+// tables that triggers keep, so that every way of changing a photo keeps them right.
 #pragma once
 
 #include <QString>
@@ -8,11 +8,15 @@
 
 namespace host {
 
-/// Table bim_place_tally (ppid, floor_sort, pos_text, position_key, mark_id, floor, n) and the
-/// triggers on bim_photo. Rows with a count of 0 are removed. Photos without a floor share one
-/// place with an empty key, whatever key they have.
+/// Tables of small numbers, so that a million photos are read quickly:
+/// - bim_place (place, ppid, floor_sort, pos_text, position_key, floor) numbers the places that
+///   have had a shown photo. Photos without a floor share one with an empty key, whatever key they
+///   have.
+/// - bim_place_photo (ppid, modified, id, place, mark_id): the shown photos by time.
+/// - bim_place_tally (ppid, place, mark_id, n): their counts, without counts of 0.
+/// With the triggers on bim_photo. Tables of the same names that earlier clients made are removed.
 [[nodiscard]] std::vector<QString> PlaceTallySchema();
-/// Counts all photos anew into the table, which must be empty.
-[[nodiscard]] QString PlaceTallyFillSql();
+/// Takes all photos into the tables, which must be empty.
+[[nodiscard]] std::vector<QString> PlaceTallyFillSql();
 
 } // namespace host

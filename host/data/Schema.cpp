@@ -219,14 +219,18 @@ std::vector<QString> IssuesTables() {
     return statements;
 }
 
-// What the mark panel offers: counts of the shown photos without counting, and an index that has
-// all it says of an issue.
-std::vector<QString> MarkPanelTables() {
+// An index that has all that the mark panel says of an issue.
+std::vector<QString> IssuePanelIndex() {
+    return {u"CREATE INDEX issue_panel ON issue (ppid, floor_sort, pos_info, id, mark_id, status,"
+            " modified, modifier, floor, question_id, theme, component_name)"_s};
+}
+
+// What the mark panel says of the shown photos, without looking at them.
+std::vector<QString> PicPanelTables() {
     std::vector<QString> statements = PlaceTallySchema();
-    statements.push_back(PlaceTallyFillSql());
-    statements.push_back(
-        u"CREATE INDEX issue_panel ON issue (ppid, floor_sort, pos_info, id, mark_id, status,"
-        " modified, modifier, floor, question_id, theme, component_name)"_s);
+    for (const QString& statement : PlaceTallyFillSql()) {
+        statements.push_back(statement);
+    }
     return statements;
 }
 
@@ -238,7 +242,7 @@ std::vector<std::vector<QString>> SchemaSteps() {
          {CatalogueTables(), FilesTables(), BimPhotosTables(), PdfPhotosTables(), IssuesTables()}) {
         first.insert(first.end(), part.begin(), part.end());
     }
-    return {first, MarkPanelTables()};
+    return {first, IssuePanelIndex(), PicPanelTables()};
 }
 
 } // namespace host

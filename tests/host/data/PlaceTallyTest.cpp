@@ -27,16 +27,24 @@ QString Listed(Database& db, const QString& sql) {
     return lines;
 }
 
+const QString kTally = u"bim_place_tally JOIN bim_place USING (place, ppid)"_s;
+
 void ExpectTallyIsRight(Database& db) {
     const QString order = u" ORDER BY ppid, floor_sort, pos_text, position_key, mark_id"_s;
     EXPECT_EQ(
-        Listed(db, u"SELECT ppid, floor_sort, pos_text, position_key, mark_id, floor, n FROM"
-                   " bim_place_tally"_s +
-                       order),
+        Listed(db, u"SELECT ppid, floor_sort, pos_text, position_key, mark_id, floor, n FROM "_s +
+                       kTally + order),
         Listed(db, u"SELECT ppid, floor_sort, pos_text, CASE WHEN floor = '' THEN '' ELSE"
                    " position_key END AS position_key, mark_id, floor, count(*) FROM bim_photo"
                    " WHERE status = 0 GROUP BY 1, 2, 3, 4, 5"_s +
                        order));
+    const QString byTime = u" ORDER BY ppid, modified, id"_s;
+    EXPECT_EQ(Listed(db, u"SELECT ppid, modified, id, mark_id, floor, pos_text, position_key FROM"
+                         " bim_place_photo JOIN bim_place USING (place, ppid)"_s +
+                             byTime),
+              Listed(db, u"SELECT ppid, modified, id, mark_id, floor, pos_text, CASE WHEN floor ="
+                         " '' THEN '' ELSE position_key END FROM bim_photo WHERE status = 0"_s +
+                             byTime));
 }
 
 /// Three photos at one place, one elsewhere, one nowhere.
@@ -63,9 +71,10 @@ public:
     }
     [[nodiscard]] int CountAt(const QString& key, qint32 mark = 1) {
         return folder.Db()
-            .Value(u"SELECT coalesce(sum(n), 0) FROM bim_place_tally WHERE position_key = ? AND"
-                   " mark_id = ?"_s,
-                   {key, mark})
+            .Value(
+                u"SELECT coalesce(sum(n), 0) FROM %1 WHERE position_key = ? AND mark_id = ?"_s.arg(
+                    kTally),
+                {key, mark})
             .toInt();
     }
 
@@ -100,10 +109,9 @@ TEST(PlaceTally, ThePlaceGoesWithItsLastPhotoAndComesBackOutOfTheBin) {
     TallySite site;
     Bin bin(site.folder.Db(), site.folder.Store());
     ASSERT_EQ(bin.DeleteBimPhotos({site.ids[3]}, u"li"_s), 1);
-    EXPECT_EQ(site.folder.Db()
-                  .Value(u"SELECT count(*) FROM bim_place_tally WHERE floor = '-1'"_s)
-                  .toInt(),
-              0);
+    EXPECT_EQ(
+        site.folder.Db().Value(u"SELECT count(*) FROM %1 WHERE floor = '-1'"_s.arg(kTally)).toInt(),
+        0);
     ASSERT_EQ(bin.Restore({bin.List().front().id}), 1);
     EXPECT_EQ(site.CountAt(u"low"_s), 1);
     ExpectTallyIsRight(site.folder.Db());
@@ -154,21 +162,33 @@ TEST(PlaceTally, IsRightAfterABulkFilling) {
     EXPECT_GT(site.folder.Db().Value(u"SELECT sum(n) FROM bim_place_tally"_s).toInt(), 1500);
 }
 
-TEST(PlaceTally, AFolderOfTheFirstSchemaIsCountedWhenItIsOpened) {
-    TempSite site;
-    FillBulkSite(site.folder, {500, 0, 20, 2, 60});
-    Database& db = site.folder.Db();
-    for (const char* name : {"add", "remove", "leave", "come"}) {
-        db.Exec(u"DROP TRIGGER bim_place_tally_%1"_s.arg(QLatin1String(name)));
+TEST(PlaceTally, AFolderOfAnEarlierSchemaIsCountedWhenItIsOpened) {
+    for (const int version : {1, 2}) {
+        TempSite site;
+        FillBulkSite(site.folder, {500, 0, 20, 2, 60});
+        Database& db = site.folder.Db();
+        for (const QString& trigger : {u"add"_s, u"remove"_s, u"move"_s}) {
+            db.Exec(u"DROP TRIGGER bim_place_"_s + trigger);
+        }
+        for (const QString& table : {u"bim_place_photo"_s, u"bim_place_tally"_s, u"bim_place"_s}) {
+            db.Exec(u"DROP TABLE "_s + table);
+        }
+        if (version == 1) {
+            db.Exec(u"DROP INDEX issue_panel"_s);
+        } else {
+            // Its table had the same name and other columns.
+            db.Exec(u"CREATE TABLE bim_place_tally (ppid INTEGER, floor TEXT, n INTEGER)"_s);
+            db.Exec(
+                u"CREATE TRIGGER bim_place_tally_add AFTER INSERT ON bim_photo BEGIN INSERT INTO"
+                " bim_place_tally VALUES (new.ppid, new.floor, 1); END"_s);
+        }
+        db.Exec(u"DELETE FROM schema_version WHERE version > ?"_s, {version});
+        DataFolder again(site.folder.Path());
+        ASSERT_FALSE(again.Open().has_value());
+        ExpectTallyIsRight(again.Db());
+        again.Db().Exec(u"UPDATE bim_photo SET status = 1 - status"_s);
+        ExpectTallyIsRight(again.Db());
     }
-    db.Exec(u"DROP TABLE bim_place_tally"_s);
-    db.Exec(u"DROP INDEX issue_panel"_s);
-    db.Exec(u"DELETE FROM schema_version WHERE version > 1"_s);
-    DataFolder again(site.folder.Path());
-    ASSERT_FALSE(again.Open().has_value());
-    ExpectTallyIsRight(again.Db());
-    again.Db().Exec(u"UPDATE bim_photo SET status = 1 - status"_s);
-    ExpectTallyIsRight(again.Db());
 }
 
 TEST(PicPanelFloors, CountedByTheTableAndByLookingAtThePhotosAreTheSame) {
@@ -199,6 +219,48 @@ TEST(PicPanelFloors, CountedByTheTableAndByLookingAtThePhotosAreTheSame) {
             }
         }
     }
+}
+
+TEST(PicPanelFloors, UnderLimitsAMarkHasItsPhotosByTheirLastChange) {
+    TallySite site;
+    BimPhotos photos(site.folder.Db());
+    KX_DATA::BimPicUpdate update;
+    update.picId = site.ids[1];
+    update.fileName = u"b.jpg"_s;
+    update.positionKey = u"two"_s;
+    update.markId = 1;
+    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000000));
+    PicPanel panel(site.folder.Db());
+    PanelFilter filter{{site.ppid}, {}, true, 1700000000, 1800000000};
+    const auto everything = panel.Floors(filter);
+    ASSERT_EQ(everything.size(), 3U);
+    EXPECT_EQ(everything[2].places[0].marks[0].picIds,
+              (std::vector<qint32>{site.ids[0], site.ids[2], site.ids[1]}));
+    filter.to = 1799999999;
+    EXPECT_EQ(panel.Floors(filter)[2].places[0].marks[0].picIds,
+              (std::vector<qint32>{site.ids[0], site.ids[2]}));
+    filter.from = filter.to;
+    EXPECT_TRUE(panel.Floors(filter).empty());
+}
+
+TEST(PicPanelFloors, APersonHasThePhotosThatThePersonChangedLast) {
+    TallySite site;
+    BimPhotos photos(site.folder.Db());
+    KX_DATA::BimPicUpdate update;
+    update.picId = site.ids[3];
+    update.fileName = u"b.jpg"_s;
+    update.positionKey = u"low"_s;
+    update.markId = 1;
+    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000000));
+    PicPanel panel(site.folder.Db());
+    PanelFilter filter{{site.ppid}, u"li"_s, false, 0, 0};
+    const auto floors = panel.Floors(filter);
+    ASSERT_EQ(floors.size(), 1U);
+    EXPECT_EQ(floors[0].name, u"-1"_s);
+    EXPECT_EQ(floors[0].places[0].marks[0].picIds, std::vector<qint32>{site.ids[3]});
+    filter.timed = true;
+    filter.to = 1799999999;
+    EXPECT_TRUE(panel.Floors(filter).empty());
 }
 
 } // namespace host
