@@ -10,7 +10,9 @@
 #include "include/IKXVeskPicture.h"
 #include "toolkit/WaitCursor.h"
 
+#include <QCoreApplication>
 #include <QCursor>
+#include <QEvent>
 
 namespace host {
 
@@ -20,6 +22,7 @@ namespace {
 
 /// After the last tick the state is kept so much later, milliseconds.
 constexpr int kKeepDelay = 3000;
+constexpr QEvent::Type kReadIssues = QEvent::Type(QEvent::User + 1);
 
 /// Limits as the module passes them through.
 struct PassedLimits {
@@ -115,15 +118,22 @@ void MarkFlow::ProjectChanged() {
     // The module has forgotten the issues of the old project, and so the view does.
     parts.pictures.RefreshIssueMarks();
     Read(MarkKind::kPhotos);
-    ReadIssuesWhenIdle();
+    ReadIssuesWhenPainted();
 }
 
 void MarkFlow::Reload(MarkKind kind) {
     Read(kind);
 }
 
-void MarkFlow::ReadIssuesWhenIdle() {
-    QTimer::singleShot(0, this, [this] { Read(MarkKind::kIssues); });
+void MarkFlow::ReadIssuesWhenPainted() {
+    // What waits to be painted comes with the low priority; the photos shouldn't wait for the
+    // issues.
+    QCoreApplication::postEvent(this, new QEvent(kReadIssues), Qt::LowEventPriority - 1);
+}
+
+void MarkFlow::customEvent(QEvent* event) {
+    if (event->type() == kReadIssues)
+        Read(MarkKind::kIssues);
 }
 
 bool MarkFlow::IsNeeded(MarkKind kind) const {

@@ -49,6 +49,9 @@ public:
     /// nobody looks at is read when somebody does.
     void Reload(MarkKind kind);
 
+protected:
+    void customEvent(QEvent* event) override;
+
 private:
     /// What was read at last; reading it again would give the same.
     struct LastRead {
@@ -59,7 +62,7 @@ private:
     void Read(MarkKind kind);
     void ReadEntries(MarkKind kind, const PanelFilter& filter);
     void RelistTicks(const PanelFilter& filter);
-    void ReadIssuesWhenIdle();
+    void ReadIssuesWhenPainted();
     void Apply(MarkKind kind);
     void OnShownChanged(MarkKind kind, bool on);
     void OpenFlag(const MarkFlag& flag);

@@ -26,6 +26,7 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QTreeView>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
@@ -524,6 +525,32 @@ TEST_F(MarksOfAFolder, IssuesThatNobodySeesAreReadOnceTheyAreShown) {
     Page(MarkKind::kIssues).ShownAction()->trigger();
     EXPECT_EQ(Page(MarkKind::kIssues).Model().rowCount(), 2);
     EXPECT_EQ(GetProjCacheMng()->GetCurrentModel()->GetShownIssueMarks().size(), 2U);
+}
+
+TEST_F(MarksOfAFolder, ThePhotosArePaintedBeforeTheIssuesAreRead) {
+    /// Notes at the first painting with rows how many rows the issues have.
+    class PaintWatch final : public QObject {
+    public:
+        PaintWatch(QTreeView& watchedTree, host::MarkTreeModel& issueModel)
+            : tree(watchedTree), issues(issueModel) {
+            tree.viewport()->installEventFilter(this);
+        }
+        int issueRows = -1;
+
+    private:
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (issueRows < 0 && event->type() == QEvent::Paint && tree.model()->rowCount() > 0)
+                issueRows = issues.rowCount();
+            return false;
+        }
+        QTreeView& tree;
+        host::MarkTreeModel& issues;
+    };
+    PaintWatch watch(*Page(MarkKind::kPhotos).findChild<QTreeView*>(),
+                     Page(MarkKind::kIssues).Model());
+    flow->ProjectChanged();
+    ASSERT_TRUE(WaitFor([&] { return Page(MarkKind::kIssues).Model().rowCount() > 0; }));
+    EXPECT_EQ(watch.issueRows, 0);
 }
 
 TEST_F(MarksOfAFolder, AFailedReadLeavesNoFlagsAndSaysSo) {
