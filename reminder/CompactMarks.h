@@ -28,7 +28,10 @@ public:
     /// Those whose kind has a 1. @param wanted  wanted.size() == Kinds().size(), each 0 or 1.
     [[nodiscard]] std::vector<quint32> LeavesOf(const std::vector<quint8>& wanted) const;
 
-    [[nodiscard]] std::string_view NameOf(std::size_t item) const { return TextsOf(item)[1]; }
+    [[nodiscard]] std::string_view NameOf(std::size_t item) const {
+        const Place& place = places[item];
+        return {texts.data() + place.start + place.sizes[0], place.sizes[1]};
+    }
     /// Gives an empty item its texts.
     void FillTexts(std::size_t item, KX_DATA::PicMarkItem& empty) const;
 

@@ -31,9 +31,13 @@ private:
         const QString* key;
     };
     [[nodiscard]] std::vector<Candidate> Find(const KX_DATA::ShownIssueMarks& selection) const;
+    [[nodiscard]] quint32 FindNear(const QString& key, quint32 from) const;
+    [[nodiscard]] quint32 FindBehind(const QString& key, quint32 from) const;
+    void FetchAhead(const std::vector<Candidate>& found, std::size_t next) const;
 
     KeyPrefix prefix;
-    std::vector<quint64> numbers; ///< of the keys, rising; numbers.size() == entries.size()
+    std::vector<quint64> numbers;       ///< of the keys, rising; numbers.size() == entries.size()
+    std::vector<const QChar*> keyTexts; ///< where the characters of each entry's key are
     std::vector<KX_DATA::IssueMarkEntry> entries;
     std::vector<quint32> headOf;                ///< of each entry
     std::vector<KX_DATA::IssueMarkGroup> heads; ///< the groups without their entries

@@ -59,6 +59,28 @@ TEST(IssueMarkTree, FindsEveryOneOfManyEntries) {
         EXPECT_EQ(group.entries[0].itemKey, u"key-%1"_s.arg(group.entries[0].value));
 }
 
+TEST(IssueMarkTree, FindsKeysThatShareTheirCharactersAndCopiesOfThemNearAndFar) {
+    IssueMarkGroup group;
+    QStringList wanted;
+    KX_DATA::ShownIssueMarks ticked;
+    for (int number = 1000; number < 2000; ++number) {
+        const QString key = u"key-%1"_s.arg(number);
+        group.entries.push_back({{}, key, {}, {}, number});
+        // Runs of neighbours, then wide gaps; every third is a copy, so is one without an entry.
+        if (number % 100 >= 3 && number % 37 != 0)
+            continue;
+        ticked[number % 3 == 0 ? QString(key.constData(), key.size()) : key] = 1;
+        ticked[key + u'x'] = 1;
+        wanted << key;
+    }
+    IssueMarkTree tree;
+    tree.SetGroups({group});
+    QStringList found;
+    for (const IssueMarkGroup& one : tree.Cut(ticked))
+        found << one.entries[0].itemKey;
+    EXPECT_EQ(found, wanted);
+}
+
 TEST(IssueMarkTree, NamesEveryKeyByTheLastEntryThatHasIt) {
     IssueMarkTree tree;
     tree.SetGroups(TwoFloors());
