@@ -64,7 +64,7 @@ void Put(bench::Report& report, const QString& name, const Series& series) {
 
 /// After a pause, so that nothing that the gallery prepares runs beside it.
 double BarePicture(const GalleryDriver& driver, const QString& path) {
-    GalleryDriver::Settle(kSettleMs);
+    bench::Settle(kSettleMs);
     return bench::BareDecode({path, driver.PictureSize(), {}});
 }
 
@@ -104,7 +104,7 @@ int StepBy(int key) {
 Series Step(GalleryDriver& driver, const QStringList& paths, int key, int steps, int& lost) {
     Series series;
     for (int i = 0; i < steps; ++i) {
-        GalleryDriver::Settle(kSettleMs);
+        bench::Settle(kSettleMs);
         const int wanted = driver.CurrentIndex() + StepBy(key);
         const PaintTimes times = driver.Press(key);
         lost += driver.CurrentIndex() == wanted ? 0 : 1;
@@ -140,7 +140,7 @@ Series Compare(GalleryDriver& driver, const QStringList& paths, int& lost) {
 Series Jump(GalleryDriver& driver, const QStringList& paths) {
     Series series;
     for (int i = 0; i < kJumps; ++i) {
-        GalleryDriver::Settle(kSettleMs);
+        bench::Settle(kSettleMs);
         const PaintTimes times = driver.Wheel(i % 3 == 2 ? -kJumpNotches / 2 : kJumpNotches);
         series.Add(times.picture, BarePicture(driver, paths[driver.CurrentIndex()]));
     }
@@ -158,7 +158,7 @@ void MeasureSteps(GalleryDriver& driver, const QStringList& paths, const QString
     static_cast<void>(driver.Open(paths, 0));
     Put(report, name + u": back to the one before"_s, Compare(driver, paths, lost));
     static_cast<void>(driver.Open(paths, 0));
-    GalleryDriver::Settle(kSettleMs);
+    bench::Settle(kSettleMs);
     report.AddFigure(name + u": next, key held"_s, Median(Hold(driver, Qt::Key_Right, steps, lost)),
                      u"ms"_s);
     static_cast<void>(driver.Open(paths, 0));
@@ -169,14 +169,14 @@ void MeasureSteps(GalleryDriver& driver, const QStringList& paths, const QString
 void MeasurePainting(GalleryDriver& driver, const QStringList& paths, const QString& name,
                      bench::Report& report) {
     static_cast<void>(driver.Open(paths, 2));
-    GalleryDriver::Settle(kSettleMs);
+    bench::Settle(kSettleMs);
     std::vector<double> repaints;
     for (int i = 0; i < kRepaints; ++i)
         repaints.push_back(driver.Repaint());
     report.AddFigure(name + u": repaint, all cached"_s, Median(repaints), u"ms"_s);
     std::vector<double> late;
     for (int i = 0; i < kSlides; ++i) {
-        GalleryDriver::Settle(kSettleMs);
+        bench::Settle(kSettleMs);
         const std::vector<double> between = driver.SlideToNext();
         for (const double time : between)
             late.push_back(time - Median(between));
@@ -194,7 +194,7 @@ int ProbeMemory(bench::WatchedApplication& application, const QString& folder) {
     static_cast<void>(driver.Open(paths, 0));
     const auto walk = [&](int steps) {
         for (int i = 0; i < steps; ++i) {
-            GalleryDriver::Settle(kSettleMs / 4);
+            bench::Settle(kSettleMs / 4);
             static_cast<void>(Hold(driver, Qt::Key_Right, 1, lost));
         }
         return bench::PeakMegabytes();

@@ -25,14 +25,6 @@ void SendMouse(QWidget& target, QEvent::Type type, const QPoint& place) {
 
 } // namespace
 
-bool WatchedApplication::notify(QObject* receiver, QEvent* event) {
-    const bool painted = receiver == watched && event->type() == QEvent::Paint;
-    const bool answer = QApplication::notify(receiver, event);
-    if (painted && onPainted)
-        onPainted();
-    return answer;
-}
-
 GalleryDriver::GalleryDriver(WatchedApplication& application) : m_application(application) {
     m_gallery.Create(toolkit::kNoWindow);
     m_gallery.Widget()->resize(kWindow);
@@ -119,12 +111,6 @@ std::vector<double> GalleryDriver::SlideToNext() {
     for (size_t i = 1; i < frames.size(); ++i)
         between.push_back(frames[i] - frames[i - 1]);
     return between;
-}
-
-void GalleryDriver::Settle(int milliseconds) {
-    const QDeadlineTimer end(milliseconds);
-    while (!end.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
 }
 
 QSize GalleryDriver::PictureSize() const {

@@ -1,25 +1,13 @@
 // Drives the gallery as a person would and sees when it has painted what.
 #pragma once
 
+#include "bench/WatchedApplication.h"
 #include "tests/viewers/gallery_program/FolderGallery.h"
-
-#include <QApplication>
 
 #include <functional>
 #include <vector>
 
 namespace bench {
-
-/// Tells an observer of every paint of one widget, once it has ended.
-class WatchedApplication final : public QApplication {
-public:
-    using QApplication::QApplication;
-
-    const QObject* watched = nullptr;
-    std::function<void()> onPainted;
-
-    bool notify(QObject* receiver, QEvent* event) override;
-};
 
 /// When something was on the screen, milliseconds from the event that asked for it; negative: it
 /// never was.
@@ -44,9 +32,6 @@ public:
     [[nodiscard]] double Repaint();
     /// The step to the next picture by the button: the times between the frames of the slide.
     [[nodiscard]] std::vector<double> SlideToNext();
-
-    /// Handles events for a while, so that what is prepared in the background gets done.
-    static void Settle(int milliseconds);
 
     [[nodiscard]] int CurrentIndex() const { return m_gallery.State().currentIndex; }
     [[nodiscard]] const gallery::GalleryState& State() const { return m_gallery.State(); }

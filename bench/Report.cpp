@@ -51,6 +51,15 @@ void Report::AddFigure(const QString& name, double value, const QString& unit) {
                         << Qt::endl;
 }
 
+void Report::AddGoal(const QString& name, double value, const QString& unit, double most) {
+    const bool met = value >= 0 && value <= most;
+    m_figures[name] =
+        QJsonObject{{u"value"_s, value}, {u"unit"_s, unit}, {u"atMost"_s, most}, {u"met"_s, met}};
+    QTextStream(stdout) << name << u": "_s << QString::number(value, 'f', 2) << u' ' << unit
+                        << u"   (goal: at most "_s << most << u' ' << unit
+                        << (met ? u", met)"_s : u", MISSED)"_s) << Qt::endl;
+}
+
 double Report::RatioFirst(const CaseResult& result) const {
     return result.first / (result.rawFirst + m_barePaint);
 }

@@ -34,6 +34,8 @@ public:
     void SetBarePaint(double milliseconds) { m_barePaint = milliseconds; }
     void Add(const CaseResult& result);
     void AddFigure(const QString& name, double value, const QString& unit);
+    /// A figure that should be at most `most`.
+    void AddGoal(const QString& name, double value, const QString& unit, double most);
 
     /// Grouped by list and filter, with medians, worst case and ratio to the bare operations.
     void PrintTable() const;

@@ -1,0 +1,24 @@
+// Sees when a widget has been painted.
+#pragma once
+
+#include <QApplication>
+
+#include <functional>
+
+namespace bench {
+
+/// Tells an observer of every paint of one widget, once it has ended.
+class WatchedApplication final : public QApplication {
+public:
+    using QApplication::QApplication;
+
+    const QObject* watched = nullptr;
+    std::function<void()> onPainted;
+
+    bool notify(QObject* receiver, QEvent* event) override;
+};
+
+/// Handles events for a while, so that what is prepared in the background gets done.
+void Settle(int milliseconds);
+
+} // namespace bench
