@@ -6,12 +6,6 @@
 #include <QColor>
 #include <QLabel>
 
-/// How a CStaticFilespec draws.
-enum StaticFormat {
-    kDrawCentredVertically = 0x0004,
-    kDrawAmpersand = 0x0800, ///< "&" as it stands
-};
-
 /// One line of plain text, "&" as it stands, centred vertically; what doesn't fit is elided at its
 /// end. Screen readers get all of it. Thread: user interface. Owned by its parent.
 class TOOLKIT_EXPORT CStaticFilespec : public QLabel {
