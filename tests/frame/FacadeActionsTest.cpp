@@ -120,6 +120,13 @@ TEST_F(FacadeActionsTest, EditingAPhotoEditsItsDetailInTheGivenProjectAndTellsTh
     EXPECT_EQ(host.pics.lastBimUpdate.positionKey, u"K2"_s);
 }
 
+TEST_F(FacadeActionsTest, APhotoWhoseDetailDoesNotNameItIsEditedUnderTheHostsIds) {
+    host.pics.detailHasIds = false;
+    const ModalVisit visit(kPhotoEditor, [](QWidget& window) { Press(window, u"okButton"_s); });
+    EXPECT_TRUE(Facade().EditBimPic(9, 2));
+    EXPECT_THAT(Log().LinesOf({"UpdateBimPic"}), ElementsAre("UpdateBimPic(ppid=9,id=2)"));
+}
+
 TEST_F(FacadeActionsTest, EditBimPicCancelledByTheUserSendsNoNotification) {
     const ModalVisit visit(kPhotoEditor, [](QWidget& window) { Press(window, u"cancelButton"_s); });
     EXPECT_TRUE(Facade().EditBimPic(1, 2));

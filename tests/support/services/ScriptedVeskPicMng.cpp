@@ -130,8 +130,8 @@ qint32 ScriptedVeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId,
     const KX_DATA::BimPicRow* row = Find(bimPics, picId);
     if (!succeeds || row == nullptr || row->status != kStatusShown)
         return kPicServiceFailed;
-    detail.picId = row->picId;
-    detail.ppid = row->ppid;
+    detail.picId = detailHasIds ? row->picId : 0;
+    detail.ppid = detailHasIds ? row->ppid : 0;
     detail.positionKey = row->positionKey;
     detail.axisX = row->axisX;
     detail.axisY = row->axisY;

@@ -22,6 +22,7 @@ public:
     std::vector<KX_DATA::PicFileEntry> files;
     QString detailMarkName; ///< of every BIM photo's detail, as the colour
     qint32 detailMarkColor = 0;
+    bool detailHasIds = true; ///< false: the service leaves photo and project to the caller
     std::vector<QString> floors;
     std::vector<QString> axesX;
     std::vector<KX_DATA::AxisYEntry> axesY;

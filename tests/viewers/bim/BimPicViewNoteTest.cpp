@@ -88,6 +88,25 @@ TEST_F(BimPicViewNoteTest, ClosingWhileANotePlaysStopsItBeforeTheWindowsGo) {
     EXPECT_FALSE(Pane().HasWindow());
 }
 
+TEST_F(BimPicViewNoteTest, ANoteStopsBeforeTheConsoleComesBack) {
+    for (const bool paneAlone : {false, true}) {
+        Facade().ShowPicMng(kModeBim);
+        Facade().reopenConsole = true;
+        PlayNote();
+        int playing = -1;
+        host.script.During("QueryBimPics", [&] { playing = audio.Alive(); });
+        (paneAlone ? Pane().Widget() : Wrap().Widget())->close();
+        EXPECT_EQ(playing, 0) << paneAlone;
+        host.script.During("QueryBimPics", nullptr);
+    }
+}
+
+TEST_F(BimPicViewNoteTest, AViewerThatEndsWithItsProjectStopsItsNoteAtOnce) {
+    PlayNote();
+    Wrap().DestroyViews();
+    EXPECT_EQ(audio.Alive(), 0);
+}
+
 TEST_F(BimPicViewNoteTest, ClosingThePaneAloneStopsTheNoteAndBringsTheConsoleBack) {
     Facade().ShowPicMng(kModeBim);
     Console().Minimise();

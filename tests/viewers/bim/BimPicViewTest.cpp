@@ -25,11 +25,17 @@ protected:
 } // namespace
 
 TEST_F(BimPicViewTest, ShowsThePhotosOfThePositionByItsService) {
+    host.pics.files[1].kind = 7;
     ASSERT_TRUE(Open());
     EXPECT_THAT(Log().LinesOf({"GetPicFilesByPosition"}),
                 ElementsAre("GetPicFilesByPosition(ppid=1,position=K,mark=1)"));
     EXPECT_TRUE(Wrap().Widget()->isVisible());
-    EXPECT_EQ(Pane().Items().size(), 3U);
+    ASSERT_EQ(Pane().Items().size(), 3U);
+    EXPECT_EQ(Pane().Items()[1].picId, 2);
+    EXPECT_EQ(Pane().Items()[1].ppid, 1);
+    EXPECT_EQ(Pane().Items()[1].kind, 7);
+    EXPECT_EQ(Pane().Items()[0].loaded, 1);
+    EXPECT_EQ(Pane().Items()[1].loaded, 0);
     EXPECT_EQ(Pane().State().Count(), 3);
     EXPECT_TRUE(ModuleLog().contains(u"-------BIM模型照片查看-------"_s));
 }

@@ -6,8 +6,11 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 #include <gmock/gmock.h>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +19,18 @@ namespace {
 using testing::ElementsAre;
 
 class BimPicViewWindowTest : public BimViewFixture {};
+
+/// Counts the paints of a control.
+class PaintCounter final : public QObject {
+public:
+    explicit PaintCounter(QWidget* control) { control->installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+    int count = 0;
+};
 
 } // namespace
 
@@ -71,6 +86,44 @@ TEST_F(BimPicViewWindowTest, EnterAndEscapeDoNotCloseIt) {
     }
     EXPECT_TRUE(Wrap().Widget()->isVisible());
     EXPECT_EQ(Current(), 0);
+    EXPECT_FALSE(ModuleLog().contains(u"输出报告"_s)) << "nor do they press the button";
+}
+
+TEST_F(BimPicViewWindowTest, ItComesUpInTheMiddleOfTheClient) {
+    mainWindow.Widget()->setGeometry(20, 10, 1600, 1000);
+    ASSERT_TRUE(Open());
+    const QRect screen = Wrap().Widget()->screen()->availableGeometry();
+    QRect middle(QPoint(), Wrap().Widget()->size());
+    middle.moveCenter(mainWindow.Widget()->frameGeometry().center());
+    // As far as the screen has room for it.
+    const int left = std::min(middle.left(), screen.right() - middle.width() + 1);
+    const int top = std::min(middle.top(), screen.bottom() - middle.height() + 1);
+    EXPECT_EQ(Wrap().Widget()->pos(), QPoint(left, top));
+    EXPECT_NE(Wrap().Widget()->pos(), QPoint(0, 0));
+}
+
+TEST_F(BimPicViewWindowTest, AnotherTitleLaysOutAgain) {
+    ASSERT_TRUE(Open());
+    Pane().Widget()->resize(100, 100);
+    Press(Qt::Key_Right);
+    EXPECT_EQ(Pane().Widget()->geometry(), Wrap().Widget()->rect());
+}
+
+TEST_F(BimPicViewWindowTest, TheMarkIsDrawnAtOnce) {
+    ASSERT_TRUE(Open());
+    support::RunPendingEvents();
+    const PaintCounter paints(Texts().markText);
+    Press(Qt::Key_Right);
+    EXPECT_EQ(paints.count, 1);
+}
+
+TEST_F(BimPicViewWindowTest, AStretchedPictureIsRenderedAgainASecondLater) {
+    ASSERT_TRUE(Open());
+    support::RunPendingEvents();
+    Wrap().Widget()->resize(900, 700);
+    support::RunPendingEvents();
+    const PaintCounter paints(Pane().Widget());
+    EXPECT_TRUE(support::WaitFor([&] { return paints.count > 0; }));
 }
 
 TEST_F(BimPicViewWindowTest, KeysOfTheGalleryWorkWhileTheReportButtonHasTheFocus) {

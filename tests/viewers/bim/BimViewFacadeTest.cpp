@@ -70,6 +70,16 @@ TEST_F(BimViewFacadeTest, AMaximisedViewerStaysSoAtTheNextOpening) {
     EXPECT_FALSE(Wrap().Widget()->isMinimized());
 }
 
+TEST_F(BimViewFacadeTest, EveryOpeningBringsTheViewerToTheForeground) {
+    mainWindow.Widget()->show();
+    for (int opening = 0; opening < 2; ++opening) {
+        mainWindow.Widget()->activateWindow();
+        ASSERT_TRUE(support::WaitFor([this] { return mainWindow.Widget()->isActiveWindow(); }));
+        ASSERT_TRUE(Open());
+        EXPECT_TRUE(support::WaitFor([] { return Wrap().Widget()->isActiveWindow(); })) << opening;
+    }
+}
+
 TEST_F(BimViewFacadeTest, AViewerClosedWhileItsPhotosAreListedIsNoViewerAndSaysNothing) {
     host.script.During("GetPicFilesByPosition", [] { Wrap().Widget()->close(); });
     EXPECT_FALSE(Open());
