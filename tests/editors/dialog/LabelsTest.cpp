@@ -137,6 +137,15 @@ TEST_F(LabelsTest, AnAddedLabelIsTheLastOfTheTreeAndChecked) {
     EXPECT_THAT(Sent().labelIds, ElementsAre(u"l1"_s, u"l3"_s, u"5"_s));
 }
 
+TEST_F(LabelsTest, AddingReadsAllFields) {
+    Open();
+    TypeOver(Name(), u"新名"_s);
+    Add(u"外墙"_s);
+    EXPECT_EQ(Editor().Fields().newLabel, u"外墙"_s);
+    EXPECT_EQ(Editor().Fields().picName, u"新名"_s);
+    EXPECT_EQ(Name().text(), u"新名"_s);
+}
+
 TEST_F(LabelsTest, SeveralCanBeAddedOneAfterTheOther) {
     Open();
     Add(u"外墙"_s);

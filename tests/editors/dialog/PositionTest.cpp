@@ -99,7 +99,7 @@ TEST_F(PositionTest, WithoutTouchingTheAxesTheKeyThatItStartedWithIsSent) {
 }
 
 TEST_F(PositionTest, AChosenFloorFetchesXAxesAndYAxesAndSelectsTheirFirst) {
-    OpenQuietly();
+    OpenQuietly(PhotoAt(u"1"_s, u"B"_s, u"3"_s));
     Choose(Floor(), 2);
     EXPECT_THAT(PlaceCalls(),
                 ElementsAre("GetProjectFloors(ppid=1)", "GetFloorAxesX(ppid=1,floor=3)",
