@@ -63,11 +63,12 @@ PanelTime PanelRig::UntilPainted(const std::function<void()>& act) {
     application.watched = tree->viewport();
     application.onPainted = [&] {
         if (painted.passed < 0 && tree->model()->rowCount() > 0)
-            painted = {timer.Milliseconds(), timer.CpuMilliseconds()};
+            painted = {timer.Milliseconds(), timer.CpuMilliseconds(), 0};
     };
     const QDeadlineTimer patience(kPanelPatienceMs);
     while (painted.passed < 0 && !patience.hasExpired())
         QCoreApplication::processEvents();
+    painted.behind = timer.CpuMilliseconds() - painted.worked;
     application.onPainted = {};
     application.watched = nullptr;
     return painted;

@@ -22,6 +22,7 @@ namespace bench {
 struct PanelTime {
     double passed = -1; ///< negative: it never came to be seen
     double worked = 0;  ///< of it, this thread's own work
+    double behind = 0;  ///< work that follows at once, such as the issues
 };
 
 /// Real panel, plan, module and services; times end when the tree of photos has been painted with
