@@ -21,6 +21,9 @@ using support::WaitFor;
 namespace {
 
 constexpr qint64 kLater = 1'700'000'100;
+constexpr int kLookForBoxesMs = 100;
+/// Longer than a test waits for the box that it expects.
+constexpr int kPatienceMs = 30'000;
 
 qint32 AddPhoto(host::SiteWriter& writer, host::NewBimPhoto photo, QRgb color, int seconds) {
     photo.uploader = u"张伟"_s;
@@ -44,6 +47,8 @@ void PhotoRoad::SetUp() {
     // The module's workers may look at the clock until the program ends.
     static support::HastyClock clock;
     toolkit::SetClock(&clock);
+    QObject::connect(&looking, &QTimer::timeout, [this] { LookForBoxes(); });
+    looking.start(kLookForBoxesMs);
     ClientOnAFolder::SetUp();
     // The module lives as long as the program: a console that is opened while it is there is no
     // longer waited for by viewers.
@@ -52,7 +57,19 @@ void PhotoRoad::SetUp() {
     ASSERT_TRUE(WaitFor([] { return host::tour::CloseWindow(host::tour::Console()); }));
 }
 
+void PhotoRoad::LookForBoxes() {
+    QWidget* open = host::tour::OpenMessageBox();
+    if (open != box) {
+        box = open;
+        boxSince.start();
+    } else if (open != nullptr && boxSince.hasExpired(kPatienceMs)) {
+        ADD_FAILURE() << "not expected: " << host::tour::MessageBoxText().toStdString();
+        open->close();
+    }
+}
+
 void PhotoRoad::TearDown() {
+    looking.stop();
     End();
     toolkit::SetClock(nullptr);
 }

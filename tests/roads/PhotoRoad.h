@@ -5,13 +5,18 @@
 #include "tests/roads/OtherClient.h"
 #include "tests/roads/RoadHands.h"
 
+#include <QElapsedTimer>
+#include <QPointer>
+#include <QTimer>
+
 namespace roads {
 
 /// What a person is told where the photos of a place, or the details of one, can't be had.
 inline const QString kNotHad = QStringLiteral("获取Vesk照片信息失败！");
 
 /// The client on the small site and two more photos at places of their own. Downloads don't wait
-/// between their looks. No lookup of a test before waits for its viewer to close.
+/// between their looks. No lookup of a test before waits for its viewer to close. A message box
+/// that nobody answers fails the test and is closed.
 class PhotoRoad : public ClientOnAFolder {
 protected:
     void SetUp() override;
@@ -43,6 +48,13 @@ protected:
     qint32 upstairsPhoto = 0; ///< 楼上.jpg with mark 2 "安全"
     static constexpr QRgb kCornerColor = qRgb(200, 40, 40);
     static constexpr QRgb kUpstairsColor = qRgb(40, 40, 200);
+
+private:
+    void LookForBoxes();
+
+    QTimer looking;
+    QPointer<QWidget> box;
+    QElapsedTimer boxSince;
 };
 
 } // namespace roads
