@@ -138,5 +138,16 @@ TEST_F(LookupFaults, AnotherProjectEndsViewerAndMinimisedConsole) {
     EXPECT_FALSE(Console()->isMinimized());
 }
 
+TEST_F(LookupFaults, AConsoleThatWentWithItsProjectIsNotBroughtBackByALaterViewer) {
+    OpenConsole();
+    LookUp(u"照片2.jpg"_s);
+    ASSERT_TRUE(ChooseProject(u"二期工程"_s));
+    ASSERT_TRUE(ChooseProject(u"一期工程"_s));
+    ClickFlag(Plan(), site.positionKey, 1);
+    EXPECT_EQ(ViewerTitle(), u"照片4.jpg   (1/5)"_s);
+    CloseViewer();
+    EXPECT_EQ(OpenWindows(), QStringList{host::tour::kMain});
+}
+
 } // namespace
 } // namespace roads
