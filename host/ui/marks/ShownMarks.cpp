@@ -13,8 +13,10 @@ namespace {
 constexpr qint32 kUnknownColor = 0x9E9E9E;
 
 /// The client's own tree names the group of no floor so.
+const QString kNoFloor = u"其他"_s;
+
 QString FloorOfGroup(const QString& name) {
-    return name == u"其他"_s ? QString() : name;
+    return name == kNoFloor ? QString() : name;
 }
 
 /// The client's own tree has the project in the first text of a leaf.
@@ -41,10 +43,7 @@ QString FlagName(const MarkFlag& flag) {
 }
 
 void ShownMarks::SetPhotos(const std::vector<KX_DATA::PicMarkGroup>& groups) {
-    photos.clear();
-    photos.reserve(groups.size());
-    for (const KX_DATA::PicMarkGroup& group : groups)
-        photos.push_back({FloorOfGroup(readText(group.name)), group});
+    photos = groups;
 }
 
 void ShownMarks::SetIssues(const std::vector<KX_DATA::IssueMarkGroup>& groups) {
@@ -69,7 +68,7 @@ bool ShownMarks::IsShown(MarkKind kind) const {
     return kind == MarkKind::kPhotos ? showPhotos : showIssues;
 }
 
-MarkFlag ShownMarks::FlagOf(const PhotoFloor& floor, const KX_DATA::PicMarkItem& item,
+MarkFlag ShownMarks::FlagOf(const QString& floor, const KX_DATA::PicMarkItem& item,
                             const KX_DATA::PicMarkLeaf& leaf) const {
     const auto mark = marks.find(leaf.markId);
     MarkFlag flag;
@@ -78,9 +77,9 @@ MarkFlag ShownMarks::FlagOf(const PhotoFloor& floor, const KX_DATA::PicMarkItem&
     flag.color = mark == marks.end() ? kUnknownColor : mark->second.color;
     flag.count = leaf.count;
     flag.ppid = ProjectOf(leaf);
-    flag.floor = floor.name;
-    flag.positionKey = readText(item.positionKey);
-    flag.placeText = readText(item.itemName);
+    flag.floor = floor;
+    flag.positionKey = codePage.read(item.positionKey);
+    flag.placeText = codePage.read(item.itemName);
     return flag;
 }
 
@@ -97,22 +96,30 @@ MarkFlag ShownMarks::FlagOf(const IssueFloor& floor, const KX_DATA::IssueMarkEnt
     return flag;
 }
 
-void ShownMarks::AddPhotos(const PhotoFloor& floor, qint32 ppid,
-                           std::vector<MarkFlag>& flags) const {
-    for (const KX_DATA::PicMarkItem& item : floor.group.items) {
-        const std::size_t first = flags.size();
-        for (const KX_DATA::PicMarkLeaf& leaf : item.leaves) {
-            if (!IsWanted(ProjectOf(leaf), ppid))
-                continue;
-            const MarkFlag flag = FlagOf(floor, item, leaf);
-            // What hangs on no floor comes with a leaf for each of its places.
-            const auto same = std::find_if(flags.begin() + qsizetype(first), flags.end(),
-                                           [&](const auto& one) { return IsSameFlag(one, flag); });
-            if (same == flags.end())
-                flags.push_back(flag);
-            else
-                same->count += flag.count;
-        }
+void ShownMarks::AddPhotos(const QString& floor, qint32 ppid, std::vector<MarkFlag>& flags) const {
+    const std::string name = codePage.write(floor.isEmpty() ? kNoFloor : floor);
+    for (const KX_DATA::PicMarkGroup& group : photos) {
+        if (group.name != name)
+            continue;
+        for (const KX_DATA::PicMarkItem& item : group.items)
+            AddItem(floor, item, ppid, flags);
+    }
+}
+
+void ShownMarks::AddItem(const QString& floor, const KX_DATA::PicMarkItem& item, qint32 ppid,
+                         std::vector<MarkFlag>& flags) const {
+    const std::size_t first = flags.size();
+    for (const KX_DATA::PicMarkLeaf& leaf : item.leaves) {
+        if (!IsWanted(ProjectOf(leaf), ppid))
+            continue;
+        const MarkFlag flag = FlagOf(floor, item, leaf);
+        // What hangs on no floor comes with a leaf for each of its places.
+        const auto same = std::find_if(flags.begin() + qsizetype(first), flags.end(),
+                                       [&](const auto& one) { return IsSameFlag(one, flag); });
+        if (same == flags.end())
+            flags.push_back(flag);
+        else
+            same->count += flag.count;
     }
 }
 
@@ -130,10 +137,8 @@ void ShownMarks::AddIssues(const IssueFloor& floor, std::vector<MarkFlag>& flags
 
 std::vector<MarkFlag> ShownMarks::FlagsOf(const QString& floor, qint32 ppid) const {
     std::vector<MarkFlag> flags;
-    for (const PhotoFloor& one : photos) {
-        if (showPhotos && one.name == floor)
-            AddPhotos(one, ppid, flags);
-    }
+    if (showPhotos)
+        AddPhotos(floor, ppid, flags);
     for (const IssueFloor& one : issues) {
         if (showIssues && one.name == floor && IsWanted(one.ppid, ppid))
             AddIssues(one, flags);
@@ -142,16 +147,19 @@ std::vector<MarkFlag> ShownMarks::FlagsOf(const QString& floor, qint32 ppid) con
 }
 
 std::optional<MarkFlag> ShownMarks::FindPhoto(const QString& positionKey, qint32 markId) const {
-    for (const PhotoFloor& floor : photos) {
+    const std::string noFloor = codePage.write(kNoFloor);
+    const std::string key = codePage.write(positionKey);
+    for (const KX_DATA::PicMarkGroup& group : photos) {
+        const bool hasFloor = group.name != noFloor;
         // On no floor no item has a key of its own that counts.
-        if (!showPhotos || floor.name.isEmpty() != positionKey.isEmpty())
+        if (!showPhotos || hasFloor == positionKey.isEmpty())
             continue;
-        for (const KX_DATA::PicMarkItem& item : floor.group.items) {
-            if (!floor.name.isEmpty() && readText(item.positionKey) != positionKey)
+        for (const KX_DATA::PicMarkItem& item : group.items) {
+            if (hasFloor && item.positionKey != key)
                 continue;
             for (const KX_DATA::PicMarkLeaf& leaf : item.leaves) {
                 if (leaf.markId == markId)
-                    return FlagOf(floor, item, leaf);
+                    return FlagOf(FloorOfGroup(codePage.read(group.name)), item, leaf);
             }
         }
     }

@@ -16,9 +16,12 @@ namespace host {
 /// the floor that is asked for. Thread: user interface. Touches no window.
 class ShownMarks final {
 public:
-    using ReadText = QString (*)(const std::string& bytes);
-    /// @param reader  turns texts of code page 936 into texts.
-    explicit ShownMarks(ReadText reader) : readText(reader) {}
+    /// Texts of code page 936 and back. A name that the code page lacks is found by its bytes.
+    struct CodePage {
+        QString (*read)(const std::string& bytes);
+        std::string (*write)(const QString& text);
+    };
+    explicit ShownMarks(const CodePage& page) : codePage(page) {}
 
     void SetMarkTable(std::map<qint32, KX_DATA::MarkRecord> table) { marks = std::move(table); }
     void SetPhotos(const std::vector<KX_DATA::PicMarkGroup>& groups);
@@ -37,25 +40,23 @@ public:
     [[nodiscard]] std::optional<MarkFlag> FindIssue(const QString& questionId) const;
 
 private:
-    struct PhotoFloor {
-        QString name;
-        KX_DATA::PicMarkGroup group;
-    };
     struct IssueFloor {
         QString name;
         qint32 ppid = 0;
         std::vector<KX_DATA::IssueMarkEntry> entries;
     };
-    [[nodiscard]] MarkFlag FlagOf(const PhotoFloor& floor, const KX_DATA::PicMarkItem& item,
+    [[nodiscard]] MarkFlag FlagOf(const QString& floor, const KX_DATA::PicMarkItem& item,
                                   const KX_DATA::PicMarkLeaf& leaf) const;
     [[nodiscard]] MarkFlag FlagOf(const IssueFloor& floor,
                                   const KX_DATA::IssueMarkEntry& entry) const;
-    void AddPhotos(const PhotoFloor& floor, qint32 ppid, std::vector<MarkFlag>& flags) const;
+    void AddPhotos(const QString& floor, qint32 ppid, std::vector<MarkFlag>& flags) const;
+    void AddItem(const QString& floor, const KX_DATA::PicMarkItem& item, qint32 ppid,
+                 std::vector<MarkFlag>& flags) const;
     void AddIssues(const IssueFloor& floor, std::vector<MarkFlag>& flags) const;
 
-    ReadText readText;
+    CodePage codePage;
     std::map<qint32, KX_DATA::MarkRecord> marks;
-    std::vector<PhotoFloor> photos;
+    std::vector<KX_DATA::PicMarkGroup> photos;
     std::vector<IssueFloor> issues;
     bool showPhotos = true;
     bool showIssues = true;

@@ -66,7 +66,10 @@ bool FloorPlanCanvas::LocateFlag(const MarkFlag& flag) {
     if (floor < 0)
         return false;
     Apply(ShowFloor(state, model, floor));
-    blink->Start(flag);
+    MarkFlag wanted = flag;
+    // A name that the code page lacks comes back from it in another shape.
+    wanted.floor = model.floors[floor].name;
+    blink->Start(wanted);
     // A flag that was folded comes to the front.
     LayOutFlags();
     const int found = BlinkingFlag();

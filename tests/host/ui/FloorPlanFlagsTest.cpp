@@ -245,6 +245,20 @@ TEST_F(FlagsOnThePlan, OnALargeFloorTheFlagIsScrolledIntoSight) {
     EXPECT_TRUE(IsInSight(BoxPoint(u"30/1"_s, 1)));
 }
 
+TEST_F(FlagsOnThePlan, AFloorWhoseNameTheCodePageLacksHasItsFlagsAndIsLocated) {
+    FloorPlanModel model = canvas.Model();
+    model.floors[1].name = u"ñ1"_s;
+    pane.SetModel(model);
+    view.SetVeskPicMarkers(
+        {PhotoGroup(toolkit::ToGbk(u"ñ1"_s), {PhotoItem("1:2/B", "2/B", {{2, 3}})})});
+    EXPECT_TRUE(view.LocatePicture(u"1:2/B"_s, 2));
+    ASSERT_EQ(canvas.Flags().size(), 1U);
+    EXPECT_EQ(canvas.Flags()[0].flag.floor, u"ñ1"_s);
+    EXPECT_TRUE(canvas.Blink().IsLit());
+    ASSERT_NE(canvas.Chosen(), nullptr);
+    EXPECT_EQ(canvas.Chosen()->positionKey, u"1:2/B"_s);
+}
+
 TEST_F(FlagsOnThePlan, IssuesAreLocatedOnlyWhileTheyAreShownAndBlinkToo) {
     EXPECT_FALSE(view.LocateIssue(u"q1"_s));
     view.SetTNIssueMarkers({IssueGroup(u"1"_s, u"q1"_s, u"3-B轴"_s, 1)});

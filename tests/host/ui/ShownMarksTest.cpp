@@ -18,6 +18,18 @@ QString Utf8(const std::string& bytes) {
     return QString::fromStdString(bytes);
 }
 
+std::string ToUtf8(const QString& text) {
+    return text.toStdString();
+}
+
+/// A code page that lacks everything beyond the first 128 characters but "其他".
+std::string ToPoorPage(const QString& text) {
+    std::string bytes;
+    for (const QChar letter : text)
+        bytes += letter.unicode() < 128 ? char(letter.unicode()) : '?';
+    return text == u"其他"_s ? ToUtf8(text) : bytes;
+}
+
 class Marks : public testing::Test {
 protected:
     Marks() {
@@ -32,7 +44,7 @@ protected:
                          IssueGroup(u"其他"_s, u"q4"_s, QString(), 2)});
     }
 
-    ShownMarks marks{Utf8};
+    ShownMarks marks{{Utf8, ToUtf8}};
 };
 
 TEST_F(Marks, AFloorHasAFlagForEachMarkAtEachPlacePhotosFirst) {
@@ -66,6 +78,16 @@ TEST_F(Marks, OnNoFloorEachMarkHasOneFlagWhateverItsPlaces) {
     EXPECT_EQ(flags[0].count, 5);
     EXPECT_EQ(flags[1].count, 6);
     EXPECT_EQ(flags[2].issues[0].questionId, u"q4"_s);
+}
+
+TEST(MarksInAPoorCodePage, AFloorWhoseNameItLacksHasItsFlags) {
+    ShownMarks marks{{Utf8, ToPoorPage}};
+    marks.SetPhotos({PhotoGroup("?1", {PhotoItem("?1:2/B", "2/B", {{1, 5}})})});
+    const auto flags = marks.FlagsOf(u"ñ1"_s, 0);
+    ASSERT_EQ(flags.size(), 1U);
+    EXPECT_EQ(flags[0].floor, u"ñ1"_s);
+    EXPECT_TRUE(marks.FindPhoto(u"ñ1:2/B"_s, 1));
+    EXPECT_FALSE(marks.FindPhoto(u"ñ1:2/C"_s, 1));
 }
 
 TEST_F(Marks, AFloorOfAnotherProjectHasItsOwnFlags) {
