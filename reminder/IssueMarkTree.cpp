@@ -7,14 +7,6 @@ namespace {
 
 /// So many entries ahead a ticked key is looked for by where its characters are.
 constexpr quint32 kNear = 16;
-/// So many entries ahead memory is asked for while one is copied.
-constexpr std::size_t kAhead = 6;
-
-/// The count of its owners, which a copy of the text changes; it stands in front of the characters.
-void FetchText(const QString& text) {
-    constexpr std::ptrdiff_t kInFront = 16;
-    __builtin_prefetch(reinterpret_cast<const char*>(text.constData()) - kInFront, 1);
-}
 
 /// Mostly the very same characters: keys are handed around without copying them.
 int CompareKeys(const QString& left, const QString& right) {
@@ -121,25 +113,12 @@ IssueMarkTree::Find(const KX_DATA::ShownIssueMarks& selection) const {
     return found;
 }
 
-/// Entries and their texts lie apart; waiting for each in turn would take most of the time.
-void IssueMarkTree::FetchAhead(const std::vector<Candidate>& found, std::size_t next) const {
-    if (next + kAhead < found.size())
-        __builtin_prefetch(&entries[found[next + kAhead].entry]);
-    if (next + kAhead / 2 >= found.size())
-        return;
-    const KX_DATA::IssueMarkEntry& entry = entries[found[next + kAhead / 2].entry];
-    for (const QString* text : {&entry.itemText, &entry.itemKey, &entry.text3, &entry.text4})
-        FetchText(*text);
-}
-
 std::vector<KX_DATA::IssueMarkGroup>
 IssueMarkTree::Cut(const KX_DATA::ShownIssueMarks& selection) const {
     const std::vector<Candidate> found = Find(selection);
     std::vector<KX_DATA::IssueMarkGroup> cut;
     cut.reserve(found.size());
-    for (std::size_t next = 0; next < found.size(); ++next) {
-        FetchAhead(found, next);
-        const auto& [at, key] = found[next];
+    for (const auto& [at, key] : found) {
         const KX_DATA::IssueMarkEntry& entry = entries[at];
         if (CompareKeys(entry.itemKey, *key) != 0)
             continue;

@@ -33,7 +33,6 @@ private:
     [[nodiscard]] std::vector<Candidate> Find(const KX_DATA::ShownIssueMarks& selection) const;
     [[nodiscard]] quint32 FindNear(const QString& key, quint32 from) const;
     [[nodiscard]] quint32 FindBehind(const QString& key, quint32 from) const;
-    void FetchAhead(const std::vector<Candidate>& found, std::size_t next) const;
 
     KeyPrefix prefix;
     std::vector<quint64> numbers;       ///< of the keys, rising; numbers.size() == entries.size()
