@@ -1,9 +1,9 @@
 #include "host/app/FlagMenu.h"
 
-#include "host/app/FlagPhotos.h"
 #include "host/data/HostSession.h"
 #include "host/ui/ObserverHub.h"
 #include "include/IKXVeskPicture.h"
+#include "services/IKXAuthMng.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
 #include "toolkit/Swatch.h"
@@ -113,6 +113,22 @@ void FlagMenu::AddPhotos(QMenu& target, const MarkFlag& flag) {
         target.addAction(u"另有 %1 张"_s.arg(photos.others))->setEnabled(false);
     if (photos.named.empty())
         target.addAction(u"读不到照片，请刷新后再试"_s)->setEnabled(false);
+    else if (parts.session.HasRight(KX_DATA::kRightEdit) && !parts.session.IsWorkset())
+        AddEditing(target, ppid, photos.named);
+}
+
+/// As in the console: only with the right to it, and not in a workset.
+void FlagMenu::AddEditing(QMenu& target, qint32 ppid, const std::vector<FlagPhoto>& photos) {
+    target.addSeparator();
+    QMenu* editing = target.addMenu(toolkit::Icon(u"edit"_s), u"编辑照片"_s);
+    editing->setToolTipsVisible(true);
+    for (const FlagPhoto& photo : photos) {
+        QAction* action =
+            editing->addAction(MenuText(photo.caption), &target, [this, ppid, id = photo.picId] {
+                parts.pictures.EditBimPic(ppid, id);
+            });
+        action->setToolTip(toolkit::PlainTip(photo.tip));
+    }
 }
 
 void FlagMenu::AddIssues(QMenu& target, const MarkFlag& flag) {

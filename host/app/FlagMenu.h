@@ -1,6 +1,7 @@
 // What can be done with flags of the view, as a menu.
 #pragma once
 
+#include "host/app/FlagPhotos.h"
 #include "host/ui/ModelView.h"
 
 #include <QMenu>
@@ -14,9 +15,9 @@ namespace host {
 class HostSession;
 class ObserverHub;
 
-/// Opens a flag's position in the viewer or one of its photos, lists them in the console, locates
-/// issues. One flag makes the menu itself, several a menu of menus that are filled when they open.
-/// Thread: user interface.
+/// Opens a flag's position in the viewer or one of its photos, lists them in the console, has one
+/// edited, locates issues. One flag makes the menu itself, several a menu of menus that are filled
+/// when they open. Thread: user interface.
 class FlagMenu final {
 public:
     struct Parts {
@@ -37,6 +38,7 @@ private:
     void Fill();
     void AddFlag(QMenu& target, const MarkFlag& flag);
     void AddPhotos(QMenu& target, const MarkFlag& flag);
+    void AddEditing(QMenu& target, qint32 ppid, const std::vector<FlagPhoto>& photos);
     void AddIssues(QMenu& target, const MarkFlag& flag);
     void AddConsole(QMenu& target, const QString& text, const QString& positionKey, qint32 markId);
     [[nodiscard]] qint32 ProjectOf(const MarkFlag& flag) const;

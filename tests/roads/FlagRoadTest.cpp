@@ -1,18 +1,14 @@
 // From a flag of the plan to its photos, from there into the editor, and what the marks say after
 // it.
-#include "host/app/ModuleLoader.h"
 #include "host/tour/ConsoleEyes.h"
 #include "host/tour/TourDriver.h"
 #include "host/tour/TourEyes.h"
 #include "host/tour/TourNames.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
-#include "include/IKXVeskPicture.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
-
-#include <QCoreApplication>
 
 namespace roads {
 namespace {
@@ -119,15 +115,13 @@ TEST_F(FlagRoad, ACancelledEditLeavesFlagsAndCounts) {
     EXPECT_EQ(PanelCount(u"-1层"_s, u"质量"_s), 6);
 }
 
-TEST_F(FlagRoad, APhotoThatTheHostHasEditedMovesItsFlagToo) {
-    host::ModuleLoader module;
-    ASSERT_FALSE(module.Load(QCoreApplication::applicationDirPath()));
+TEST_F(FlagRoad, APhotoEditedFromTheMenuOfItsFlagMovesTheFlag) {
     const ModalVisit visit(host::tour::kPhotoEditor, [this](QWidget& editor) {
         EXPECT_EQ(editor.parentWidget(), client->Window());
         ChooseIn(editor, u"floorCombo"_s, u"1"_s);
         ClickOn(editor, u"okButton"_s);
     });
-    EXPECT_TRUE(module.Pictures()->EditBimPic(site.firstProject, cornerPhoto));
+    ChooseOfFlag(Plan(), cornerKey, 1, u"编辑照片/转角.jpg"_s);
     EXPECT_EQ(Other().Photo(site.firstProject, cornerPhoto).positionKey, upstairsKey);
     EXPECT_EQ(CountAt(cornerKey, 1), 0);
     EXPECT_EQ(PanelCount(u"1层"_s, u"质量"_s), 1);

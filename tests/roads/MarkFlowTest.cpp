@@ -364,10 +364,11 @@ TEST_F(MarksOfAFolder, TheMenuOfAFlagOpensOnePhotoThroughTheFacade) {
     ASSERT_EQ(flag.count, 5);
     host::FlagMenu menu = Menu({{flag}, u"2轴 / B轴"_s, site.positionKey, {}});
     const QStringList texts = Texts(menu.Menu());
-    ASSERT_EQ(texts.size(), 8);
+    ASSERT_EQ(texts.size(), 9);
     EXPECT_TRUE(texts[0].contains(u"质量（5 张照片）"_s));
     EXPECT_EQ(texts[1], u"打开照片"_s);
     EXPECT_TRUE(texts[3].startsWith(u"照片4.jpg"_s));
+    EXPECT_EQ(texts[8], u"编辑照片"_s);
     for (QAction* action : menu.Menu().actions()) {
         if (action->text().startsWith(u"照片2.jpg"_s) || action->text() == u"在控制台中列出"_s)
             action->trigger();
@@ -376,6 +377,21 @@ TEST_F(MarksOfAFolder, TheMenuOfAFlagOpensOnePhotoThroughTheFacade) {
                                             u"ViewBimPic %1 -1 %2 1 %3"_s.arg(site.firstProject)
                                                 .arg(site.positionKey)
                                                 .arg(site.photos[2])}));
+}
+
+TEST_F(MarksOfAFolder, TheMenuOfAFlagHasAPhotoEditedByWhoMay) {
+    const host::FlagMenuRequest request{{Plan().Flags().front().flag}, {}, {}, {}};
+    host::FlagMenu menu = Menu(request);
+    const QMenu* editing = menu.Menu().actions().back()->menu();
+    ASSERT_NE(editing, nullptr);
+    ASSERT_EQ(editing->actions().size(), 5);
+    editing->actions()[1]->trigger();
+    EXPECT_EQ(pictures->calls,
+              QStringList{u"EditBimPic %1 %2"_s.arg(site.firstProject).arg(site.photos[3])});
+    host::SiteWriter(*session.Folder()).AddUser(u"王监理"_s, {});
+    ASSERT_TRUE(session.SignIn(u"王监理"_s));
+    ASSERT_TRUE(session.OpenProject(site.firstProject));
+    EXPECT_FALSE(Texts(Menu(request).Menu()).contains(u"编辑照片"_s));
 }
 
 TEST_F(MarksOfAFolder, TheMenuOfAPlaceHasAMenuForEachOfItsFlags) {
@@ -391,7 +407,7 @@ TEST_F(MarksOfAFolder, TheMenuOfAPlaceHasAMenuForEachOfItsFlags) {
     ASSERT_NE(below, nullptr);
     EXPECT_TRUE(below->isEmpty());
     emit below->aboutToShow();
-    EXPECT_EQ(Texts(*below).size(), 3);
+    EXPECT_EQ(Texts(*below).size(), 4);
     below->actions().front()->trigger();
     EXPECT_EQ(viewer.calls.size(), 1);
 }
@@ -413,8 +429,8 @@ TEST_F(MarksOfAFolder, OfVeryManyPhotosTheLatestAreNamed) {
     Plan().SetFloor(1);
     host::FlagMenu menu = Menu({{Plan().Flags().front().flag}, {}, {}, {}});
     const QStringList texts = Texts(menu.Menu());
-    EXPECT_EQ(texts.size(), 3 + host::FlagMenu::kMostNamed + 1);
-    EXPECT_EQ(texts.back(), u"另有 11 张"_s);
+    EXPECT_EQ(texts.size(), 3 + host::FlagMenu::kMostNamed + 2);
+    EXPECT_EQ(texts[texts.size() - 2], u"另有 11 张"_s);
     EXPECT_TRUE(texts[3].startsWith(u"更多33.jpg"_s));
 }
 

@@ -40,7 +40,10 @@ public:
                      .arg(request.markId)
                      .arg(request.picId);
     }
-    bool EditBimPic(qint32, qint32) override { return false; }
+    bool EditBimPic(qint32 ppid, qint32 picId) override {
+        calls << QStringLiteral("EditBimPic %1 %2").arg(ppid).arg(picId);
+        return true;
+    }
     bool EditIssue(const qint32*, QString) override { return false; }
     qint32 SaveBimPicAs(qint32, qint32, QString) override { return 0; }
     bool DeleteBimPic(qint32) override { return false; }

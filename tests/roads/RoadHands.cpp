@@ -56,13 +56,16 @@ QMenu* FlagMenuInSight() {
     return menu != nullptr && menu->objectName() == u"flagMenu"_s ? menu : nullptr;
 }
 
-/// Clicks an entry, or ends a menu that doesn't have it.
+/// Clicks an entry, "menu/entry" below another, or ends a menu that doesn't have it.
 void PickFrom(QMenu* menu, const QString& entry) {
+    const QString first = entry.section(u'/', 0, 0);
     for (QAction* action : menu->actions()) {
-        if (action->isEnabled() && action->text().startsWith(entry)) {
-            host::tour::ClickAt(menu, menu->actionGeometry(action).center());
-            return;
-        }
+        if (!action->isEnabled() || !action->text().startsWith(first))
+            continue;
+        host::tour::ClickAt(menu, menu->actionGeometry(action).center());
+        if (entry != first)
+            PickFrom(action->menu(), entry.section(u'/', 1));
+        return;
     }
     ADD_FAILURE() << "no such entry: " << entry.toStdString();
     menu->close();

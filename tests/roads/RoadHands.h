@@ -36,8 +36,8 @@ void ClickRowIcon(int row, const QString& caption);
                                        qint32 markId);
 /// Clicks the middle of a flag.
 void ClickFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId);
-/// Opens a flag's menu by the right button and clicks the entry that begins with a text; something
-/// may happen while the menu stands open.
+/// Opens a flag's menu by the right button and clicks the entry that begins with a text, after a
+/// slash one of the menu below it; something may happen while the menu stands open.
 void ChooseOfFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId,
                   const QString& entry, const std::function<void()>& meanwhile = {});
 
