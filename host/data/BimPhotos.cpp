@@ -1,5 +1,6 @@
 #include "host/data/BimPhotos.h"
 
+#include "host/data/Catalogue.h"
 #include "host/data/DataError.h"
 #include "host/data/Database.h"
 #include "host/data/FloorOrder.h"
@@ -110,9 +111,9 @@ bool BimPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail)
     bool found = false;
     database.ForEach(
         u"SELECT b.position_key, b.axis_x, b.axis_y, b.description, b.floor, b.mark_id, m.name,"
-        " b.name, m.color, b.uploader, b.uploaded, b.updater, b.modified, b.status"
+        " b.name, coalesce(m.color, ?), b.uploader, b.uploaded, b.updater, b.modified, b.status"
         " FROM bim_photo b LEFT JOIN mark m ON m.id = b.mark_id WHERE b.id = ? AND b.ppid = ?"_s,
-        {picId, ppid}, [&](const Statement& read) {
+        {kNoMarkColor, picId, ppid}, [&](const Statement& read) {
             found = true;
             detail = {};
             detail.picId = picId;

@@ -14,6 +14,9 @@ namespace host {
 
 class Database;
 
+/// Of a mark that the table doesn't have: the ground on which it would stand.
+inline constexpr qint32 kNoMarkColor = 0xFAFAFA;
+
 struct ProjectEntry {
     qint32 ppid = 0;
     QString name;

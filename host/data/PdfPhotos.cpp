@@ -1,6 +1,7 @@
 #include "host/data/PdfPhotos.h"
 
 #include "host/data/BinContent.h"
+#include "host/data/Catalogue.h"
 #include "host/data/Database.h"
 #include "host/data/IdChunks.h"
 #include "host/data/LastChange.h"
@@ -161,21 +162,22 @@ qint32 PdfPhotos::ProjectOf(qint32 checkpointId, qint32 picId) {
 
 bool PdfPhotos::Checkpoint(qint32 checkpointId, KX_DATA::DrawingRecord& record) {
     bool found = false;
-    database.ForEach(u"SELECT c.remark, c.number, c.description, m.color, m.name, c.x, c.y,"
-                     " c.updated, c.audio_uuid FROM checkpoint c LEFT JOIN mark m"
-                     " ON m.id = c.mark_id WHERE c.id = ?"_s,
-                     {checkpointId}, [&](const Statement& read) {
-                         found = true;
-                         record = {};
-                         record.remark = read.Text(0);
-                         record.checkpointNo = read.Int(1);
-                         record.description = read.Text(2);
-                         record.markColor = read.Int(3);
-                         record.markName = read.Text(4);
-                         record.position = {read.Int64(5), read.Int64(6)};
-                         record.updateTime = TimeText(read.Int64(7));
-                         record.audioUuid = read.Text(8);
-                     });
+    database.ForEach(
+        u"SELECT c.remark, c.number, c.description, coalesce(m.color, ?), m.name, c.x, c.y,"
+        " c.updated, c.audio_uuid FROM checkpoint c LEFT JOIN mark m"
+        " ON m.id = c.mark_id WHERE c.id = ?"_s,
+        {kNoMarkColor, checkpointId}, [&](const Statement& read) {
+            found = true;
+            record = {};
+            record.remark = read.Text(0);
+            record.checkpointNo = read.Int(1);
+            record.description = read.Text(2);
+            record.markColor = read.Int(3);
+            record.markName = read.Text(4);
+            record.position = {read.Int64(5), read.Int64(6)};
+            record.updateTime = TimeText(read.Int64(7));
+            record.audioUuid = read.Text(8);
+        });
     if (found) {
         AddParts(checkpointId, record);
     }

@@ -90,6 +90,16 @@ TEST(BimDetail, FailsForAHiddenPhotoAsForAnUnknownOne) {
     EXPECT_NE(GetVeskPicMng()->GetBimPicDetail(site.first, 4711, detail), KX_DATA::kServiceOk);
 }
 
+TEST(BimDetail, AMarkThatTheTableLacksHasNoNameAndTheColourOfTheGround) {
+    ServiceSite site;
+    const qint32 id = site.AddPhoto([](NewBimPhoto& photo) { photo.markId = 99; });
+    KX_DATA::BimPicDetail detail;
+    ASSERT_EQ(GetVeskPicMng()->GetBimPicDetail(site.first, id, detail), KX_DATA::kServiceOk);
+    EXPECT_EQ(detail.markId, 99);
+    EXPECT_EQ(detail.markName, QString());
+    EXPECT_EQ(detail.markColor, 0xFAFAFA);
+}
+
 TEST(BimFiles, OfAnIntersectionAreThoseOfItsShownPhotosWithTheMark) {
     ServiceSite site;
     site.writer->AddPosition({site.first, u"5"_s, u"B"_s, u"2"_s, u"key-5"_s, true});
