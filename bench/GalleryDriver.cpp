@@ -8,6 +8,9 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
+#include <cstdio>
+#include <cstdlib>
+
 namespace bench {
 
 namespace {
@@ -63,6 +66,10 @@ PaintTimes GalleryDriver::Watch(const std::function<void()>& act) {
     while ((times.picture < 0 || times.strip < 0) && !patience.hasExpired())
         QCoreApplication::processEvents();
     m_application.onPainted = {};
+    if (times.picture < 0 || times.strip < 0) {
+        std::fputs("bench: the gallery didn't show its pictures\n", stderr);
+        std::exit(EXIT_FAILURE);
+    }
     return times;
 }
 

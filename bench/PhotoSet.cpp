@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
 #include <QTextStream>
@@ -72,7 +73,11 @@ QStringList ManyNames(const QStringList& files, int count, const QString& folder
         return {};
     for (int i = 0; i < count; ++i) {
         paths.append(QDir(folder).filePath(u"%1.jpg"_s.arg(i, 5, 10, QChar(u'0'))));
-        if (!QFile::exists(paths.back()) && !QFile::link(files[i % files.size()], paths.back()))
+        if (QFile::exists(paths.back()))
+            continue;
+        QFile::remove(paths.back()); // leads nowhere, since the photos were moved
+        const QString file = QFileInfo(files[i % files.size()]).absoluteFilePath();
+        if (!QFile::link(file, paths.back()))
             return {};
     }
     return paths;
