@@ -7,7 +7,8 @@
 
 namespace host {
 
-FloorPlanView::FloorPlanView(FloorPlanPane& planPane) : pane(planPane), markSet({toolkit::FromGbk, toolkit::ToGbk}) {
+FloorPlanView::FloorPlanView(FloorPlanPane& planPane)
+    : pane(planPane), markSet({toolkit::FromGbk, toolkit::ToGbk}) {
     const FloorPlanCanvas& canvas = pane.Canvas();
     connect(&canvas, &FloorPlanCanvas::FlagOpened, this, &ModelView::FlagOpened);
     connect(&canvas, &FloorPlanCanvas::FlagMenuWanted, this, &ModelView::FlagMenuWanted);
