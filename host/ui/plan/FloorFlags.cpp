@@ -1,5 +1,7 @@
 #include "host/ui/plan/FloorFlags.h"
 
+#include <QHash>
+
 #include <algorithm>
 #include <unordered_map>
 
