@@ -9,6 +9,8 @@
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/WaitFor.h"
 
+#include <QAbstractItemView>
+
 namespace roads {
 namespace {
 
