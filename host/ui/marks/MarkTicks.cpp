@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace host {
 
@@ -137,14 +138,12 @@ std::set<MarkEntry> MarkTicks::Exceptions() const {
 void MarkTicks::SetUnlisted(const std::set<MarkEntry>& unlisted) {
     for (auto& [group, floor] : floors) {
         for (auto& [markId, mark] : floor.marks) {
-            mark.others.merge(mark.away);
+            std::set<QString> all = std::move(mark.others);
+            all.merge(mark.away);
+            mark.others.clear();
             mark.away.clear();
-            std::erase_if(mark.others, [&](const QString& key) {
-                const bool isAway = unlisted.contains({group, markId, key});
-                if (isAway)
-                    mark.away.insert(key);
-                return isAway;
-            });
+            for (const QString& key : all)
+                (unlisted.contains({group, markId, key}) ? mark.away : mark.others).insert(key);
         }
     }
 }
@@ -230,7 +229,7 @@ MarkTicks MarkTicks::FromJson(const QJsonObject& json) {
             const QJsonObject markObject = markJson.value().toObject();
             Mark& mark = floor.marks[markJson.key().toInt()];
             mark.rest = markObject[kRest].toBool(true);
-            for (const QJsonValue& key : markObject[kOthers].toArray())
+            for (const auto& key : markObject[kOthers].toArray())
                 mark.others.insert(key.toString());
         }
     }
