@@ -4,18 +4,16 @@
 #include "base/PictureLog.h"
 #include "services/Factories.h"
 #include "services/IExProgress.h"
-#include "services/IKXFilesMng.h"
 #include "services/IKXSysMng.h"
 #include "toolkit/FileCopy.h"
 #include "toolkit/KXTools.h"
 #include "toolkit/Prompts.h"
 #include "toolkit/WindowRegistry.h"
+#include "viewers/StoredFetch.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr qint32 kDownloadKind = 5;
 
 KX_DATA::IExProgress& OpenProgress(qint32 rows) {
     KX_DATA::IExProgress& progress = *GetExProgress();
@@ -48,9 +46,8 @@ void DownloadRows(const std::vector<BatchRow>& rows, const QString& folder) {
     qint32 done = 0;
     for (const BatchRow& row : rows) {
         if (row.checked) {
-            KX_DATA::TransferResult result;
-            GetKXFilesDownloadMng()->DownloadFile(result, row.source.uuid, row.source.localPath,
-                                                  kDownloadKind, false, 0);
+            const KX_DATA::TransferResult result = ZelvorNRQ_KXVeskPicture::FetchStoredFile(
+                row.source.uuid, row.source.localPath, false);
             if (result.success == 0) {
                 // The progress window stays open, nobody is told; required as is.
                 ZelvorNRQ_KXVeskPicture::WriteLog(result.message);

@@ -3,6 +3,7 @@
 #include "base/FacadeAccess.h"
 #include "base/Guard.h"
 #include "base/OpenProject.h"
+#include "base/StoredFile.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
@@ -127,7 +128,9 @@ DownloadSource CBimPicMng::GetDownloadSource(const CGridRow& row) const {
     const auto project = CurrentProject().value_or(KX_DATA::ProjectRecord());
     QString folder;
     GetKXPathMng()->GetPicFolder(folder, project.ppid, project.name);
-    return {record.text8, record.fileName, folder + record.text8 + u".jpg"_s};
+    return {record.text8, record.fileName,
+            ZelvorNRQ_KXVeskPicture::StoredFilePath(folder, record.text8,
+                                                    ZelvorNRQ_KXVeskPicture::kPictureEnding)};
 }
 
 bool CBimPicMng::DeleteIds(qint32 projectId, const std::vector<qint32>& picIds) {

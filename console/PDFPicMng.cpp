@@ -3,6 +3,7 @@
 #include "base/FacadeAccess.h"
 #include "base/MissingDialogs.h"
 #include "base/OpenProject.h"
+#include "base/StoredFile.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
@@ -132,7 +133,9 @@ DownloadSource CPDFPicMng::GetDownloadSource(const CGridRow& row) const {
     const auto project = CurrentProject().value_or(KX_DATA::ProjectRecord());
     QString folder;
     GetKXPathMng()->GetThumbFolder(folder, project.ppid, project.name);
-    return {record.text1, record.fileName, folder + record.text1 + u".jpg"_s};
+    return {record.text1, record.fileName,
+            ZelvorNRQ_KXVeskPicture::StoredFilePath(folder, record.text1,
+                                                    ZelvorNRQ_KXVeskPicture::kPictureEnding)};
 }
 
 bool CPDFPicMng::DeleteIds(qint32 projectId, const std::vector<qint32>& picIds) {

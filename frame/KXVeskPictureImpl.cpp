@@ -3,6 +3,7 @@
 #include "base/Guard.h"
 #include "base/MissingDialogs.h"
 #include "base/OpenProject.h"
+#include "base/StoredFile.h"
 #include "console/ConsoleEvents.h"
 #include "console/VeskPicMngDlg.h"
 #include "editors/BimPicEditDlg.h"
@@ -213,7 +214,8 @@ qint32 CKXVeskPictureImpl::SaveBimPicAs(qint32 ppid, qint32 picId, QString targe
     GetKXGlobalData()->GetProjectName(name, ppid);
     GetKXPathMng()->GetPicFolder(folder, ppid, name);
     const QString uuid = files.front().picUuid;
-    SavePicAs(uuid, target, folder + uuid + u".jpg"_s);
+    using namespace ZelvorNRQ_KXVeskPicture;
+    SavePicAs(uuid, target, StoredFilePath(folder, uuid, kPictureEnding));
     return 1;
 }
 

@@ -1,6 +1,7 @@
 // Rich text documents kept beside photos and issues.
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 
 #include <vector>
@@ -19,7 +20,8 @@ struct RichAttachment {
 /// One rich text as it stands on the server.
 struct RichTextMsg {
     QString docName; ///< main file; empty: no text was ever saved
-    qint64 updateTime = 0;
+    /// Of the last save, seconds since 1970; a new record holds the present time.
+    qint64 updateTime = QDateTime::currentSecsSinceEpoch();
     QString editorName;  ///< empty: nobody saved yet
     QString versionText; ///< a different text means that somebody else has saved
     QString stateText;

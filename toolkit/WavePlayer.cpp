@@ -68,7 +68,10 @@ WavePlayer::~WavePlayer() = default;
 void WavePlayer::Play(const QString& path, quint32& lengthMs) {
     Stop();
     constexpr quint64 kLongest = std::numeric_limits<quint32>::max();
-    lengthMs = quint32(std::min(AmrReader(path).CountRest() * toolkit::kAmrFrameMs, kLongest));
+    lengthMs =
+        path.isEmpty()
+            ? 0
+            : quint32(std::min(AmrReader(path).CountRest() * toolkit::kAmrFrameMs, kLongest));
     if (lengthMs == 0)
         return;
     m_playback = std::make_unique<Playback>();

@@ -2,6 +2,7 @@
 
 #include "base/PictureLog.h"
 #include "base/Status.h"
+#include "base/StoredFile.h"
 #include "services/Factories.h"
 #include "services/IKXFilesMng.h"
 #include "toolkit/Clock.h"
@@ -51,11 +52,15 @@ void PostProgress(const DownloadTask& task, qint32 bytes, qint32 total) {
                              std::make_unique<KeyPayload>(task.key));
 }
 
-[[noreturn]] void Fail(const DownloadTask& task, const QString& taskId) {
-    QString text;
-    GetMQFFileDownLPtr()->GetErrorText(taskId, text);
+[[noreturn]] void Fail(const DownloadTask& task, const QString& text) {
     WriteLog(u"下载照片失败,UUID=%1, 信息=%2"_s.arg(task.uuid, text));
     throw e_VeskPicMngStatus::DownloadFailed;
+}
+
+[[noreturn]] void FailWithItsText(const DownloadTask& task, const QString& taskId) {
+    QString text;
+    GetMQFFileDownLPtr()->GetErrorText(taskId, text);
+    Fail(task, text);
 }
 
 void Transfer(const DownloadTask& task, const QString& taskId) {
@@ -76,7 +81,7 @@ void Transfer(const DownloadTask& task, const QString& taskId) {
             PostProgress(task, bytes, total);
         qint32 state = 0;
         if (!service.GetDownloadState(taskId, state, bytes) || state == KX_DATA::kDownloadFailed)
-            Fail(task, taskId);
+            FailWithItsText(task, taskId);
         if (state == KX_DATA::kDownloadFinished)
             break;
     }
@@ -87,7 +92,10 @@ void Transfer(const DownloadTask& task, const QString& taskId) {
 void Fetch(const DownloadTask& task) {
     if (task.uuid.isEmpty())
         throw e_VeskPicMngStatus::UuidEmpty;
-    if (QFileInfo::exists(task.path))
+    // Nothing of a text that is no name of a file reaches the disk or the service.
+    if (!ZelvorNRQ_KXVeskPicture::IsUuid(task.uuid) || task.path.isEmpty())
+        Fail(task, u"UUID无效"_s);
+    if (ZelvorNRQ_KXVeskPicture::IsFetched(task.path))
         return;
     QDir().mkpath(QFileInfo(task.path).path());
     const auto thread = quintptr(QThread::currentThreadId());

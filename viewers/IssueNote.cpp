@@ -89,7 +89,7 @@ void IssueNote::OnAudioProgress(int value) {
 QString FileMd5(const QString& path) {
     QFile file(path);
     QCryptographicHash sum(QCryptographicHash::Md5);
-    if (file.open(QIODevice::ReadOnly))
+    if (!path.isEmpty() && file.open(QIODevice::ReadOnly))
         sum.addData(&file);
     return QString::fromLatin1(sum.result().toHex());
 }

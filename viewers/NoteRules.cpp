@@ -1,5 +1,6 @@
 #include "viewers/NoteRules.h"
 
+#include "base/StoredFile.h"
 #include "viewers/GalleryItem.h"
 
 using namespace Qt::StringLiterals;
@@ -58,7 +59,8 @@ QString FailureText() {
 }
 
 QString NotePath(const QString& folder, const QString& uuid) {
-    return folder + uuid + u".amr"_s;
+    return ZelvorNRQ_KXVeskPicture::StoredFilePath(folder, uuid,
+                                                   ZelvorNRQ_KXVeskPicture::kNoteEnding);
 }
 
 int ProgressEnd(quint32 seconds) {

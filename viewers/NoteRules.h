@@ -37,7 +37,7 @@ struct NoteStep {
 [[nodiscard]] QString IdleText(const QString& uuid);
 [[nodiscard]] QString FailureText();
 
-/// Where a note lies on disk. `folder` ends with its separator.
+/// Where a note lies on disk; empty for a text that is no uuid. `folder` ends with its separator.
 [[nodiscard]] QString NotePath(const QString& folder, const QString& uuid);
 /// Upper end of the progress bar for a note of so many seconds.
 [[nodiscard]] int ProgressEnd(quint32 seconds);

@@ -3,19 +3,17 @@
 #include "base/PicNames.h"
 #include "base/PictureLog.h"
 #include "services/Factories.h"
-#include "services/IKXFilesMng.h"
 #include "services/IKXSysMng.h"
 #include "toolkit/FileCopy.h"
 #include "toolkit/KXTools.h"
 #include "toolkit/Prompts.h"
+#include "viewers/StoredFetch.h"
 
 using namespace Qt::StringLiterals;
 
 namespace ZelvorNRQ_KXVeskPicture {
 
 namespace {
-
-constexpr qint32 kDownloadKind = 5;
 
 QString AskTarget(const QString& name) {
     toolkit::SaveFileRequest request;
@@ -31,8 +29,7 @@ bool SavePicAs(const QString& uuid, const QString& name, const QString& localPat
     if (target.isEmpty())
         return true;
     WriteLog(u"[开始]下载图片,UUID=%1, Path=%2"_s.arg(uuid, target));
-    KX_DATA::TransferResult result;
-    GetKXFilesDownloadMng()->DownloadFile(result, uuid, localPath, kDownloadKind, true, 0);
+    const KX_DATA::TransferResult result = FetchStoredFile(uuid, localPath, true);
     if (result.success == 0) {
         KXTools::ShowMsgBox(toolkit::kNoWindow, result.message);
         WriteLog(result.message);

@@ -1,6 +1,8 @@
 #include "services/PageQuery.h"
 #include "services/PicRecords.h"
+#include "services/RichTextRecords.h"
 
+#include <QDateTime>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -26,6 +28,13 @@ TEST(PicMsgRecord, ACopyInAQueueKeepsItsLabelsWholeAndOwnsItsTexts) {
     EXPECT_EQ(queue[0].picName, u"a.jpg"_s);
     EXPECT_THAT(queue[0].labelNames, ElementsAre(u"裂缝"_s, u"渗漏"_s));
     EXPECT_EQ(queue[0].picId, 7);
+}
+
+TEST(RichTextMsg, ANewOneHoldsThePresentTime) {
+    const qint64 before = QDateTime::currentSecsSinceEpoch();
+    const KX_DATA::RichTextMsg message;
+    EXPECT_GE(message.updateTime, before);
+    EXPECT_LE(message.updateTime, QDateTime::currentSecsSinceEpoch());
 }
 
 TEST(PageQuery, ANewRequestAsksForTheFirstPageOfThirty) {

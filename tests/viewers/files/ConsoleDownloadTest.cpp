@@ -58,6 +58,28 @@ TEST_F(ConsoleDownload, CopiesTheCheckedRowsOfBothKindsOfPhotos) {
     }
 }
 
+TEST_F(ConsoleDownload, AUuidThatLeadsOutOfTheFolderIsFetchedFromNowhere) {
+    for (const ConsoleMode mode : {kModeBim, kModePdf}) {
+        FillService(host, mode, 1);
+        folder.Write(u"secret.jpg"_s, "secret");
+        host.files.stored[u"../../secret"_s] = "written";
+        for (KX_DATA::BimPicRow& photo : host.pics.bimPics)
+            photo.text8 = u"../../secret"_s;
+        for (KX_DATA::PdfPicRecord& photo : host.pics.pdfPics)
+            photo.text1 = u"../../secret"_s;
+        Facade().ShowPicMng(mode);
+        support::RunPendingEvents();
+        QDir().mkpath(folder.Path(u"out"_s));
+        Check(0);
+        prompts.ExpectFolder(kTitle, folder.Path(u"out"_s));
+        PressDownload();
+        EXPECT_EQ(Log().CountOf("DownloadFile"), 0);
+        EXPECT_EQ(folder.Read(u"secret.jpg"_s), "secret");
+        EXPECT_EQ(Files(), QStringList());
+        EXPECT_TRUE(ModuleLog().contains(u"下载照片失败!"_s));
+    }
+}
+
 TEST_F(ConsoleDownload, ACancelledFolderDialogDoesNothing) {
     Open(kModeBim);
     Check(1);

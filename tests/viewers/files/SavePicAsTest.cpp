@@ -164,3 +164,24 @@ TEST_F(SavePicAsTest, TheFacadeAnswersOneWhateverTheDownloadDid) {
     prompts.ExpectMessage(u"scripted failure"_s);
     EXPECT_EQ(Facade().SaveBimPicAs(1, 7, u"a.jpg"_s), 1);
 }
+
+TEST_F(SavePicAsTest, AUuidThatLeadsOutOfTheFolderIsAFailedDownload) {
+    KX_DATA::PicFileEntry file;
+    file.picId = 7;
+    host.pics.bimPics = {BimPhoto(7)};
+    QDir().mkpath(folder.Path(u"1/pics"_s));
+    folder.Write(u"secret.jpg"_s, "secret");
+    for (const auto& [uuid, message] : {std::pair(u"../../secret"_s, u"下载照片失败!"_s),
+                                        std::pair(QString(), u"图片UUID为空!"_s)}) {
+        file.picUuid = uuid;
+        host.files.stored[uuid] = "written";
+        host.pics.files = {file};
+        prompts.ExpectSaveFile(u"a"_s, target);
+        prompts.ExpectMessage(message);
+        EXPECT_EQ(Facade().SaveBimPicAs(1, 7, u"a.jpg"_s), 1);
+        EXPECT_TRUE(ModuleLog().contains(message));
+    }
+    EXPECT_EQ(Log().CountOf("DownloadFile"), 0);
+    EXPECT_EQ(folder.Read(u"secret.jpg"_s), "secret");
+    EXPECT_FALSE(QFile::exists(target));
+}

@@ -7,6 +7,7 @@
 #include "tests/support/ScriptedHost.h"
 #include "tests/support/TempFolder.h"
 
+#include <QFileInfo>
 #include <QWidget>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -69,6 +70,27 @@ TEST_F(DownloadWorker, AFileThatIsThereNeedsNoTransfer) {
 TEST_F(DownloadWorker, AnEmptyUuidEndsWithItsStatus) {
     Run(QString());
     EXPECT_THAT(events, ElementsAre(std::pair(1030, 31)));
+}
+
+TEST_F(DownloadWorker, AFileWithoutBytesIsFetchedAgain) {
+    folder.Write(u"u.jpg"_s, "");
+    Run();
+    EXPECT_THAT(events, ElementsAre(std::pair(1030, 0)));
+    EXPECT_EQ(folder.Read(u"u.jpg"_s), "bytes");
+}
+
+TEST_F(DownloadWorker, WhatIsNoUuidFailsWithoutAWordToTheService) {
+    ZelvorNRQ_KXVeskPicture::SetLogFilePath(folder.Path(u"module.log"_s));
+    for (const QString& text : {u"../secret"_s, u"a/b"_s, u"照片"_s, QString(QChar(u'\0'))}) {
+        host.files.stored[text] = "bytes";
+        events.clear();
+        Run(text);
+        EXPECT_THAT(events, ElementsAre(std::pair(1030, 32))) << text.toStdString();
+    }
+    EXPECT_EQ(host.Log().CountOf("StartDownload"), 0);
+    EXPECT_FALSE(QFileInfo::exists(folder.Path(u"u.jpg"_s)));
+    EXPECT_TRUE(folder.Read(u"module.log"_s).contains(",UUID=../secret, "));
+    ZelvorNRQ_KXVeskPicture::SetLogFilePath(QString());
 }
 
 TEST_F(DownloadWorker, AFailureEndsWithItsStatus) {
