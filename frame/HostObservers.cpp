@@ -32,8 +32,6 @@ QString CVeskPicProjChangeObs::GetObsClassName() const {
 void CVeskPicProjChangeObs::OnProjChange() {
     CVeskPicMngDlg::Instance().CloseConsole();
     CBimPicViewWrap::Instance().DestroyViews();
-    // The next project's first viewer must not bring up a console that nobody opened there.
-    CKXVeskPictureImpl::Instance().reopenConsole = false;
     CKXVeskPicDataImpl::Instance().Clear();
     const auto project = ZelvorNRQ_KXVeskPicture::CurrentProject();
     ZelvorNRQ_KXVeskPicture::LogProjectChange(project ? &project->name : nullptr,

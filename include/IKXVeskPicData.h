@@ -10,8 +10,6 @@ namespace ZelvorNRQ_KXVeskPicture {
 /// Filter and mark data. `from`, `to` and `filterArg` are the host's and are passed on untouched.
 class IKXVeskPicData {
 public:
-    virtual ~IKXVeskPicData() = default;
-
     virtual void GetPicFilterData(qint64 from, qint64 to, quint8 flag,
                                   KX_DATA::MarkFilterArg& filterArg,
                                   std::vector<KX_DATA::PicFilterEntry>& entries) = 0;
@@ -21,6 +19,9 @@ public:
     virtual qint32 GetBimPicMarkerList(qint64 from, qint64 to, quint8 flag, qint32 markId,
                                        KX_DATA::MarkFilterArg& filterArg,
                                        std::vector<qint32>& picIds) = 0;
+
+protected:
+    ~IKXVeskPicData() = default;
 };
 
 } // namespace ZelvorNRQ_KXVeskPicture

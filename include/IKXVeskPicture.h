@@ -32,8 +32,6 @@ struct ViewPicRequest {
 /// with a line in the log. Failures are told in message boxes, nothing is thrown.
 class IKXVeskPicture {
 public:
-    virtual ~IKXVeskPicture() = default;
-
     /// Opens the console for one kind. Always 1.
     virtual qint32 ShowPicMng(qint32 kind) = 0;
     /// Opens the console with limits that hold for one search; picId -1: no row is ticked.
@@ -65,6 +63,9 @@ public:
     virtual void ShowIssuePopups(KXWindow owner) = 0;
     virtual void LocateIssue(qint32 ppid, const QString& questionId) = 0;
     virtual void ShowIssueView() = 0;
+
+protected:
+    ~IKXVeskPicture() = default;
 };
 
 } // namespace ZelvorNRQ_KXVeskPicture

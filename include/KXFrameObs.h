@@ -37,12 +37,13 @@ public:
 /// The host's registry of observers. The module calls AddObserver alone.
 class IKXObserverHub {
 public:
-    virtual ~IKXObserverHub() = default;
-
     virtual void Reserved1() = 0;
     virtual void Reserved2() = 0;
     /// The observer stays the caller's.
     virtual void AddObserver(IBaseObs* observer) = 0;
+
+protected:
+    ~IKXObserverHub() = default;
 };
 
 } // namespace KXFRAME
