@@ -118,10 +118,8 @@ void CBimPicEditDlg::FillMarks() {
         combo.setCurrentIndex(kNoEntry);
         return;
     }
+    // Of two marks with one name the first is selected; required as is.
     combo.SetSelectColorName(own->second.name);
-    // Of two marks with one name the photo's own is meant.
-    if (m_edit.markIds[size_t(combo.currentIndex())] != m_edit.markId)
-        combo.setCurrentIndex(int(std::distance(table.begin(), table.find(m_edit.markId))));
 }
 
 void CBimPicEditDlg::ConnectControls() {

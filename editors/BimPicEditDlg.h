@@ -50,7 +50,6 @@ private:
     void OnAxisYDropDown();
     void OnFloorChosen();
     void OnAxisXChosen();
-    void OnAxisYChosen();
     void LoadFloors();
     void LoadAxesX();
     void LoadAxesY();

@@ -4,6 +4,7 @@
 #include "base/Guard.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
+#include "toolkit/SelectionChange.h"
 #include "toolkit/WaitCursor.h"
 #include "ui_BimPicEditDlg.h"
 
@@ -56,12 +57,10 @@ void CBimPicEditDlg::ConnectPosition() {
                      [this] { OnAxisXDropDown(); });
     QObject::connect(m_form->axisYCombo, &DropCombo::dropDown, window,
                      [this] { OnAxisYDropDown(); });
-    QObject::connect(m_form->floorCombo, &QComboBox::activated, window,
-                     [this] { OnFloorChosen(); });
-    QObject::connect(m_form->axisXCombo, &QComboBox::activated, window,
-                     [this] { OnAxisXChosen(); });
-    QObject::connect(m_form->axisYCombo, &QComboBox::activated, window,
-                     [this] { OnAxisYChosen(); });
+    // The entry that is chosen already moves nothing. A chosen Y axis is read when saving, and its
+    // list, fetched once more, goes back to the first entry; required as is.
+    toolkit::ConnectSelectionChange(m_form->floorCombo, window, [this](int) { OnFloorChosen(); });
+    toolkit::ConnectSelectionChange(m_form->axisXCombo, window, [this](int) { OnAxisXChosen(); });
 }
 
 // Each list is fetched once when it drops down, failed or not: the flag is set before the call. A
@@ -97,10 +96,6 @@ void CBimPicEditDlg::OnFloorChosen() {
 
 void CBimPicEditDlg::OnAxisXChosen() {
     Guarded(Id(), [this] { TakeAxisX(); });
-}
-
-void CBimPicEditDlg::OnAxisYChosen() {
-    m_edit.axisYName = m_form->axisYCombo->currentText();
 }
 
 void CBimPicEditDlg::TakeAxisX() {

@@ -154,12 +154,12 @@ TEST_F(OpeningTest, AMarkThatTheTableLacksSelectsNothingAndIsKept) {
     EXPECT_EQ(Sent().markId, 77);
 }
 
-TEST_F(OpeningTest, OfTwoMarksWithOneNameThePhotosOwnIsSelected) {
+TEST_F(OpeningTest, OfTwoMarksWithOneNameTheFirstIsSelected) {
     host.marks.marks = {{1, {u"质量"_s, 0xFF}}, {2, {u"质量"_s, 0xFF00}}, {3, {u"进度"_s, 0}}};
     Open();
-    EXPECT_EQ(Mark().currentIndex(), 1);
+    EXPECT_EQ(Mark().currentIndex(), 0);
     EXPECT_TRUE(Save());
-    EXPECT_EQ(Sent().markId, 2);
+    EXPECT_EQ(Sent().markId, 1);
 }
 
 TEST_F(OpeningTest, MarksCarryTheirColoursAndIdsInAscendingOrder) {
