@@ -58,7 +58,7 @@ void CDirectUIButton::SetImage(const QImage& image, ClipType clipType) {
 }
 
 bool CDirectUIButton::Hits(const QPoint& point) const {
-    return m_enabled && rect.contains(point);
+    return m_enabled && Covers(point);
 }
 
 bool CDirectUIButton::PointAt(const QPoint& point) {
@@ -99,7 +99,7 @@ QRect CDirectUIButton::FrameInImage() const {
 }
 
 void CDirectUIButton::Paint(QPainter& painter) const {
-    if (rect.isEmpty())
+    if (rect.isEmpty() || !shown)
         return;
     const QRect frame = m_image.isNull() ? QRect() : FrameInImage();
     if (frame.isEmpty()) {

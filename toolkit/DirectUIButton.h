@@ -28,9 +28,10 @@ public:
         : id(commandId), name(buttonName), shortcut(keyName), m_arrow(arrow) {}
 
     int id = 0;
-    QRect rect;       ///< device-independent pixels of the owner; empty: neither painted nor hit
-    QString name;     ///< what a screen reader says
-    QString shortcut; ///< the key that does the same; empty: none
+    QRect rect;        ///< device-independent pixels of the owner; empty: neither painted nor hit
+    bool shown = true; ///< false: neither painted nor hit, its place stays
+    QString name;      ///< what a screen reader says
+    QString shortcut;  ///< the key that does the same; empty: none
 
     /// Name and key.
     [[nodiscard]] QString Tip() const;
@@ -45,6 +46,8 @@ public:
     void SetImage(const QImage& image, ClipType clipType);
     [[nodiscard]] bool HasImage() const { return !m_image.isNull(); }
 
+    /// Whether a button lies there, enabled or not.
+    [[nodiscard]] bool Covers(const QPoint& point) const { return shown && rect.contains(point); }
     /// Whether an enabled button lies there.
     [[nodiscard]] bool Hits(const QPoint& point) const;
     /// The pointer moved, or left (a point outside). True: paint again.

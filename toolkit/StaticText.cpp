@@ -9,10 +9,6 @@ namespace {
 
 constexpr int kColorTextMargin = 4;
 
-bool IsDark(const QColor& color) {
-    return toolkit::TextOn(color) == QColor(Qt::white);
-}
-
 /// As many lines of a text as a height holds, at least one; the last one with all that is left.
 QStringList LinesOf(const QString& text, const QFont& font, const QSize& size) {
     const int most = qMax(1, size.height() / QFontMetrics(font).lineSpacing());
@@ -87,16 +83,11 @@ void CColorStatic::SetBGColor(const QColor& color) {
     update();
 }
 
-QColor CColorStatic::DrawnFontColor() const {
-    return IsDark(m_fontColor) == IsDark(m_background) ? toolkit::TextOn(m_background)
-                                                       : m_fontColor;
-}
-
 void CColorStatic::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event);
     QPainter painter(this);
     painter.fillRect(rect(), m_background);
-    painter.setPen(DrawnFontColor());
+    painter.setPen(m_fontColor);
     const QRect place = rect().adjusted(kColorTextMargin, 0, -kColorTextMargin, 0);
     painter.drawText(place, int(m_alignment) | Qt::TextSingleLine,
                      fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));

@@ -37,11 +37,10 @@ public:
 
     /// kCentredLine centres; anything else stands left, centred vertically.
     void SetTxtAlian(int alignment);
-    /// Wherever it can be read on the ground; otherwise white or black stands in for it.
+    /// Drawn on whatever ground there is.
     void SetFontColor(const QColor& color);
     void SetBGColor(const QColor& color);
-    /// The colour in which the text is drawn now.
-    [[nodiscard]] QColor DrawnFontColor() const;
+    [[nodiscard]] QColor FontColor() const { return m_fontColor; }
     [[nodiscard]] QColor BGColor() const { return m_background; }
 
 protected:

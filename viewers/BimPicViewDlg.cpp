@@ -5,6 +5,7 @@
 #include "base/Guard.h"
 #include "base/OpenProject.h"
 #include "base/PictureLog.h"
+#include "base/StoredFile.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "services/IKXPathMng.h"
@@ -69,7 +70,8 @@ BimViewItem ItemOf(const KX_DATA::PicFileEntry& file, qint32 ppid) {
 GalleryItem FilesOf(const KX_DATA::PicFileEntry& file, const QString& folder) {
     GalleryItem item;
     item.picUuid = file.picUuid;
-    item.picPath = folder + file.picUuid + u".jpg"_s;
+    item.picPath = ZelvorNRQ_KXVeskPicture::StoredFilePath(folder, file.picUuid,
+                                                           ZelvorNRQ_KXVeskPicture::kPictureEnding);
     item.audioUuid = file.audioUuid;
     item.audioPath = gallery::NotePath(folder, file.audioUuid);
     return item;
@@ -92,12 +94,9 @@ bool CBimPicViewDlg::LoadPosition(const BimPlace& place, qint32 wantedPicId) {
         items.push_back(ItemOf(file, place.ppid));
         pictures.push_back(FilesOf(file, folder));
     }
+    // A place without photos changes nothing but the picture: texts and note of the last photo
+    // stay.
     SetPicItems(pictures);
-    if (pictures.empty()) {
-        // Nobody is told of a current picture: the note of the last one goes with it.
-        m_note.OnPicChanged();
-        m_note.ShowNote();
-    }
     return true;
 }
 

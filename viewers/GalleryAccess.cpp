@@ -56,7 +56,7 @@ QAccessible::State ButtonAccess::state() const {
     QAccessible::State state;
     state.invalid = !isValid();
     state.disabled = !isValid() || !Button().IsEnabled();
-    state.invisible = !isValid() || Button().rect.isEmpty() || !m_pane->isVisible();
+    state.invisible = !isValid() || rect().isEmpty() || !m_pane->isVisible();
     state.hotTracked = isValid() && Button().IsHot();
     state.pressed = isValid() && Button().IsPressed();
     return state;
@@ -71,7 +71,7 @@ QString ButtonAccess::text(QAccessible::Text kind) const {
 }
 
 QRect ButtonAccess::rect() const {
-    if (!isValid() || Button().rect.isEmpty())
+    if (!isValid() || Button().rect.isEmpty() || !Button().shown)
         return {};
     return {m_pane->mapToGlobal(Button().rect.topLeft()), Button().rect.size()};
 }

@@ -24,7 +24,6 @@ constexpr int kBandHeight = 20;
 const QColor kBandFill(255, 255, 255, 100);
 const QColor kProgressFill(0x00, 0xB6, 0xF0, 0x96);
 const QColor kFailedText(255, 0, 0);
-const QColor kFailedRim(255, 255, 255, 200);
 
 QColor Back() {
     return toolkit::ColorFromBgr(kBackColor);
@@ -46,14 +45,6 @@ void DrawBandText(QPainter& painter, const QRect& band, const QString& text,
                   const QColor& color = Qt::white) {
     painter.setPen(color);
     painter.drawText(band, Qt::AlignCenter | Qt::TextSingleLine, text);
-}
-
-/// A light rim keeps red apart from a band of the same brightness.
-void DrawFailedText(QPainter& painter, const QRect& band) {
-    const QString text = u"下载失败"_s;
-    for (const QPoint& offset : {QPoint(-1, 0), QPoint(1, 0), QPoint(0, -1), QPoint(0, 1)})
-        DrawBandText(painter, band.translated(offset), text, kFailedRim);
-    DrawBandText(painter, band, text, kFailedText);
 }
 
 void DrawBand(QPainter& painter, const QRect& rect, const QImage& defaultPicture) {
@@ -92,7 +83,7 @@ void DrawContent(QPainter& painter, const Cell& cell, const QImage& defaultPictu
     if (cell.state == kDownloading)
         DrawProgress(painter, band, cell.percent);
     else if (cell.state == kDownloadFailedState)
-        DrawFailedText(painter, band);
+        DrawBandText(painter, band, u"下载失败"_s, kFailedText);
     else
         DrawBandText(painter, band, cell.state == kOnDisk ? u"图片不存在"_s : u"等待下载"_s);
 }

@@ -66,7 +66,7 @@ QSize DeviceSize(const QSize& size, qreal ratio) {
 }
 
 QSize GalleryPictures::SizeOf(GalleryItem& item) {
-    if (item.picSize.isEmpty() && !item.unreadable)
+    if (item.picSize.isEmpty() && !item.unreadable && !item.picPath.isEmpty())
         item.picSize = toolkit::ReadPictureSize(item.picPath);
     return item.picSize;
 }

@@ -24,6 +24,12 @@ QRect RightOf(const QRect& rect, int gap, int width) {
 
 } // namespace
 
+bool SuitsStrip(GalleryButton button, const StripShape& strip) {
+    if (button == kThumbLeft || button == kThumbRight)
+        return strip.horizontal;
+    return (button != kThumbUp && button != kThumbDown) || !strip.horizontal;
+}
+
 std::array<QRect, kGalleryButtons> ButtonPlaces(const QRect& bigArea, const StripShape& strip) {
     std::array<QRect, kGalleryButtons> places;
     const int stepTop = bigArea.y() + bigArea.height() / 2 - kStepHeight / 2;

@@ -34,7 +34,9 @@ enum GalleryButton {
     kGalleryButtons
 };
 
-/// The pair of page buttons that doesn't suit the strip's orientation is empty.
+/// Whether a button stands beside a strip of this orientation; the step buttons always do.
+[[nodiscard]] bool SuitsStrip(GalleryButton button, const StripShape& strip);
+/// The places of the pair of page buttons that doesn't suit the strip are empty.
 [[nodiscard]] std::array<QRect, kGalleryButtons> ButtonPlaces(const QRect& bigArea,
                                                               const StripShape& strip);
 

@@ -36,6 +36,17 @@ void PlaceCells(GalleryState& state, const SizeReader& sizeOf) {
     }
 }
 
+/// The pair of page buttons that doesn't suit the strip's orientation isn't moved; required as is.
+void MoveButtons(GalleryState& state) {
+    const auto places = ButtonPlaces(state.bigArea, state.strip);
+    for (size_t i = 0; i < kGalleryButtons; ++i) {
+        CDirectUIButton& button = state.buttons[i];
+        button.shown = SuitsStrip(GalleryButton(i), state.strip);
+        if (button.shown)
+            button.rect = places[i];
+    }
+}
+
 } // namespace
 
 GalleryState::GalleryState()
@@ -57,7 +68,14 @@ const GalleryItem* GalleryState::ItemAt(int index) const {
 void ResetState(GalleryState& state) {
     const auto buttons = state.buttons;
     const ThumbBar bar = state.stripBar;
+    const QRect bigArea = state.bigArea;
+    const QRect stripArea = state.stripArea;
+    const StripShape strip = state.strip;
     state = GalleryState();
+    state.bigArea = bigArea;
+    state.stripArea = stripArea;
+    state.strip = strip;
+    state.strip.horizontal = false;
     state.stripBar = bar;
     state.stripBar.overflow = false;
     state.buttons = buttons;
@@ -115,9 +133,7 @@ void PlaceAreas(GalleryState& state, const QRect& bigArea, const QRect& stripAre
     ComputePicRect(state, sizeOf);
     // A resize keeps looking at the same spot.
     state.zoom = zoom;
-    const auto places = ButtonPlaces(bigArea, state.strip);
-    for (size_t i = 0; i < kGalleryButtons; ++i)
-        state.buttons[i].rect = places[i];
+    MoveButtons(state);
     state.stripBar.trackRect = BarTrack(state.strip);
     state.stripBar.horizontal =
         state.stripBar.trackRect.width() > state.stripBar.trackRect.height();

@@ -52,7 +52,8 @@ struct GalleryState {
     [[nodiscard]] const GalleryItem* ItemAt(int index) const;
 };
 
-/// Everything as in a new gallery; the buttons keep ids, names and images.
+/// Everything as in a new gallery, save that the areas of a live window stay where they are; the
+/// buttons keep places, ids, names and images.
 void ResetState(GalleryState& state);
 /// Empties the list and forgets what was shown; places and current index stay.
 void ClearItems(GalleryState& state);

@@ -83,10 +83,8 @@ void NotePlayer::OnClose() {
         m_player.Stop();
         return;
     }
+    // The wait for a note ends with the window alone, also where it is only hidden; required as is.
     StopIfPlaying();
-    // A note that is still awaited must not start in a window that nobody sees.
-    m_window.KillTimer(kNoteWaitTimer);
-    ShowImage(NoteImage::Play);
     ShowNote();
 }
 
@@ -163,9 +161,11 @@ void NotePlayer::PlayNote(const NoteSource& note) {
     quint32 milliseconds = 0;
     m_player.Play(note.path, milliseconds);
     m_audioSeconds = milliseconds / kSecondMs;
-    if (m_progress)
+    if (m_progress) {
         m_progress->SetRange(0, ProgressEnd(m_audioSeconds));
-    ShowPos(0);
+        m_progress->SetPos(0);
+    }
+    // The text stays until the first second is over; required as is.
     m_window.SetTimer(kNoteTickTimer, kSecondMs);
 }
 

@@ -2,6 +2,7 @@
 #include "viewers/PicViewDlg.h"
 
 #include "base/PictureLog.h"
+#include "base/StoredFile.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "services/IKXPathMng.h"
@@ -84,6 +85,7 @@ void CPicViewDlg::ResetGallery() {
     gallery::ResetState(m_state);
     extraAudio = {};
     m_bigPicDC.reset();
+    m_bigPicDCRect = {};
     m_pictures.Clear();
     m_dragFrom.reset();
     m_travel = 1;
@@ -108,7 +110,7 @@ void CPicViewDlg::SetPicItems(const std::vector<GalleryItem>& items) {
     ClearPicItems();
     for (GalleryItem& item : copy) {
         item.thumbDC.reset();
-        if (QFileInfo::exists(item.picPath))
+        if (ZelvorNRQ_KXVeskPicture::IsFetched(item.picPath))
             item.picState = kOnDisk;
         if (item.audioUuid.isEmpty())
             item.audioState = kNothingToFetch;
@@ -167,9 +169,8 @@ gallery::SizeReader CPicViewDlg::Sizes() {
 
 QSize CPicViewDlg::SizeOf(int index) {
     GalleryItem* item = m_state.ItemAt(index);
-    // What is still on its way has no size, wherever the file may be by then.
-    return item == nullptr || item->picState != kOnDisk ? QSize()
-                                                        : gallery::GalleryPictures::SizeOf(*item);
+    // The file counts, not the state of its download; required as is.
+    return item == nullptr ? QSize() : gallery::GalleryPictures::SizeOf(*item);
 }
 
 qintptr CPicViewDlg::OnEvent(const toolkit::WindowEvent& event) {

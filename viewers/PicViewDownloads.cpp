@@ -110,6 +110,9 @@ void CPicViewDlg::OnDownloadDone(const DownloadKey& key, qint32 status) {
 
 void CPicViewDlg::ShowFinishedPicture(int index) {
     GalleryItem* item = m_state.ItemAt(index);
+    // What was there before the file was whole may have been no picture.
+    if (item != nullptr)
+        item->unreadable = false;
     if (item != nullptr && m_state.visible.Contains(index))
         gallery::UpdateCover(*item, SizeOf(index));
     if (item == nullptr || index != m_state.currentIndex)

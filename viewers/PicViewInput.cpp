@@ -14,7 +14,7 @@ constexpr int kWheelNotch = 120;
 /// Also a disabled one.
 const CDirectUIButton* ButtonUnder(const gallery::GalleryState& state, const QPoint& point) {
     for (const CDirectUIButton& button : state.buttons) {
-        if (button.rect.contains(point))
+        if (button.Covers(point))
             return &button;
     }
     return nullptr;

@@ -62,6 +62,9 @@ void CPlayProgressCtrl::paintEvent(QPaintEvent* event) {
     if (full.isEmpty())
         return;
     const QRect inner = full.adjusted(1, 0, -1, 0);
+    // Nothing is left of a bar of one pixel or two.
+    if (inner.isEmpty())
+        return;
     for (size_t i = 0; i < kLines.size(); ++i)
         bar.fillRect(QRect(inner.x(), inner.y() + int(i), inner.width(), 1),
                      toolkit::ColorFromBgr(kLines[i]));

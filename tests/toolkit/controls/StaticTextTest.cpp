@@ -111,16 +111,25 @@ TEST(ColorStatic, FillsItsGroundAndCentresItsText) {
     EXPECT_NEAR((left + right) / 2, 40, 2);
 }
 
-TEST(ColorStatic, ABlackTextTurnsWhiteOnAGroundThatHidesIt) {
+TEST(ColorStatic, ItsTextHasItsColourOnEveryGround) {
     QWidget parent;
     CColorStatic mark(&parent);
     mark.SetFontColor(Qt::black);
-    mark.SetBGColor(Qt::yellow);
-    EXPECT_EQ(mark.DrawnFontColor(), QColor(Qt::black));
-    mark.SetBGColor(QColor(0, 0, 128));
-    EXPECT_EQ(mark.DrawnFontColor(), QColor(Qt::white));
-    mark.SetFontColor(Qt::white);
-    EXPECT_EQ(mark.DrawnFontColor(), QColor(Qt::white));
+    mark.setText(u"一"_s);
+    mark.resize(80, 20);
+    for (const QColor& ground : {QColor(Qt::yellow), QColor(0, 0, 128), QColor(40, 40, 40)}) {
+        mark.SetBGColor(ground);
+        const QImage image = Drawn(mark);
+        int lighter = 0;
+        int darker = 0;
+        for (int x = 0; x < 80; ++x)
+            for (int y = 0; y < 20; ++y) {
+                lighter += qGray(image.pixel(x, y)) > qGray(ground.rgb());
+                darker += qGray(image.pixel(x, y)) < qGray(ground.rgb());
+            }
+        EXPECT_EQ(lighter, 0);
+        EXPECT_GT(darker, 5);
+    }
 }
 
 TEST(PlaceLine, AHighEnoughPlaceIsTakenAsItIs) {

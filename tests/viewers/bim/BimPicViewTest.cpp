@@ -1,6 +1,8 @@
 // The pane of the BIM photo viewer: which photos it shows, and what it says of them.
 #include "frame/KXVeskPictureImpl.h"
+#include "tests/support/WaitFor.h"
 #include "tests/viewers/bim/BimViewFixture.h"
+#include "tests/viewers/support/SamplePictures.h"
 #include "toolkit/GbkText.h"
 #include "toolkit/Look.h"
 
@@ -55,6 +57,22 @@ TEST_F(BimPicViewTest, OpensOnTheWantedPhoto) {
     EXPECT_EQ(Current(), 2);
     EXPECT_EQ(Wrap().Widget()->windowTitle(), u"照片3.jpg   (3/3)");
     EXPECT_EQ(Pane().Widget()->windowTitle(), u"照片3.jpg   (3/3)");
+}
+
+TEST_F(BimPicViewTest, AUuidThatLeadsOutOfTheFolderShowsAndPlaysNothing) {
+    folder.Write(u"secret.jpg"_s, support::JpegBytes(support::CornerMarked(QSize(300, 200))));
+    host.pics.files[0].picUuid = u"../../secret"_s;
+    host.pics.files[0].audioUuid = u"../../secret"_s;
+    ASSERT_TRUE(Open());
+    EXPECT_EQ(Pane().State().items[0].picPath, QString());
+    EXPECT_EQ(Pane().State().items[0].audioPath, QString());
+    EXPECT_TRUE(Pane().State().picRect.isEmpty());
+    ASSERT_TRUE(support::WaitFor([this] {
+        return Pane().State().items[0].picState == kDownloadFailedState &&
+               Pane().State().items[0].audioState == kDownloadFailedState;
+    }));
+    EXPECT_EQ(Log().CountOf("StartDownload"), 0);
+    EXPECT_TRUE(ModuleLog().contains(u"下载照片失败,UUID=../../secret"_s));
 }
 
 TEST_F(BimPicViewTest, EveryLineHasItsCaptionAndItsLeadingBlanks) {
@@ -172,7 +190,7 @@ TEST_F(BimPicViewTest, APositionWithoutPhotosOpensWithNoPicture) {
     EXPECT_TRUE(Pane().State().picRect.isEmpty());
     EXPECT_THAT(DetailCalls(), IsEmpty());
     EXPECT_EQ(Texts().markText->BGColor(), toolkit::ColorFromBgr(0xfafafa));
-    EXPECT_EQ(Texts().markText->DrawnFontColor(), QColor(Qt::black));
+    EXPECT_EQ(Texts().markText->FontColor(), QColor(Qt::black));
     EXPECT_EQ(PlayerText(), u"无语音");
 }
 

@@ -198,14 +198,14 @@ TEST_F(BimViewFacadeTest, AChangeOfProjectEndsTheViewerWithoutBringingTheConsole
     EXPECT_THAT(prompts.Parents(), IsEmpty());
 }
 
-TEST_F(BimViewFacadeTest, AfterAChangeOfProjectAViewerBringsUpNoConsole) {
+TEST_F(BimViewFacadeTest, AChangeOfProjectLeavesTheConsoleToBeBroughtBackByTheNextViewer) {
     LocateFirstRow();
     CVeskPicProjChangeObs observer;
     observer.OnProjChange();
-    EXPECT_FALSE(Facade().reopenConsole);
+    EXPECT_TRUE(Facade().reopenConsole);
     ASSERT_TRUE(Open());
     Wrap().Widget()->close();
-    EXPECT_FALSE(Console().HasWindow());
+    EXPECT_TRUE(Console().HasWindow());
 }
 
 TEST_F(BimViewFacadeTest, AfterAChangeOfProjectTheSameViewerOpensAgain) {

@@ -104,7 +104,7 @@ TEST_F(DownloadQueue, WhatIsOnDiskIsNeverFetched) {
 }
 
 TEST_F(DownloadQueue, TheEndOfTheCurrentDownloadBringsThePictureByItself) {
-    Gate gate(host.script, "GetDownloadState");
+    Gate gate(host.script, "StartDownload");
     Open();
     SetItems(InStore(1, false));
     ASSERT_TRUE(support::WaitFor([&] { return gate.IsReached(); }));

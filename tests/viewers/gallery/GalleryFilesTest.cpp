@@ -1,6 +1,7 @@
 // What the gallery shows of files of all kinds, good and bad.
 #include "tests/viewers/gallery/GalleryFixture.h"
 
+#include "tests/support/WaitFor.h"
 #include "tests/viewers/support/FlatJpeg.h"
 #include "tests/viewers/support/SamplePictures.h"
 
@@ -50,9 +51,15 @@ protected:
 
 } // namespace
 
-TEST_F(GalleryFiles, AnEmptyFileIsNoPicture) {
+TEST_F(GalleryFiles, AnEmptyFileWasNotFetched) {
+    host.files.stored[u"file"_s] = support::PngBytes(support::OneColour({9, 9}, Qt::darkRed));
     ShowFile("");
-    ExpectNoPicture("empty");
+    EXPECT_TRUE(SaysNoPicture());
+    ASSERT_TRUE(support::WaitFor([this] { return State().items[1].picState == kOnDisk; }));
+    EXPECT_EQ(Log().CountOf("StartDownload"), 1);
+    EXPECT_TRUE(
+        support::WaitFor([this] { return PixelAt(ThumbMiddle(1)) == QColor(Qt::darkRed); }));
+    EXPECT_EQ(PixelAt(PictureMiddle()), QColor(Qt::darkRed));
 }
 
 TEST_F(GalleryFiles, ATextNamedJpgIsNoPicture) {

@@ -122,3 +122,17 @@ TEST_F(GalleryList, ThumbnailsFarFromTheStripAreFreed) {
     EXPECT_NE(State().items[119].thumbDC, nullptr);
     EXPECT_EQ(State().items[0].thumbDC, nullptr);
 }
+
+TEST_F(GalleryList, TheSizeOfAPictureIsItsFilesWhateverTheStateOfItsDownload) {
+    Open();
+    host.script.FailAlways("GetDownloadState");
+    std::vector<GalleryItem> items = InStore(3, false);
+    SetItems(items);
+    ASSERT_TRUE(WaitForDownloads());
+    ASSERT_EQ(State().items[1].picState, kDownloadFailedState);
+    folder.Write(u"cache/p1.jpg"_s,
+                 support::PngBytes(support::OneColour({300, 200}, Qt::darkCyan)));
+    gallery->SelectPic(1, gallery::kCurrentLast);
+    EXPECT_EQ(PixelAt(PictureMiddle()), QColor(Qt::darkCyan));
+    EXPECT_EQ(State().items[1].picState, kDownloadFailedState);
+}

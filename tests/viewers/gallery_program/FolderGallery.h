@@ -11,6 +11,7 @@ namespace support {
 class FolderGallery final : public CPicViewDlg {
 public:
     using CPicViewDlg::extraAudio;
+    using CPicViewDlg::ResetGallery;
     using CPicViewDlg::StartDownload;
 
     /// The strip lies below the picture, otherwise to its right.

@@ -167,3 +167,31 @@ TEST(GalleryState, ResettingKeepsTheButtonsAndDisablesThem) {
     EXPECT_EQ(state.buttons[gallery::kNextPic].id, 24068);
     EXPECT_FALSE(state.buttons[gallery::kThumbDown].IsEnabled());
 }
+
+TEST(GalleryState, ResettingLeavesTheAreasOfALiveWindow) {
+    GalleryState state = Filled(10);
+    const QRect next = state.buttons[gallery::kNextPic].rect;
+    gallery::ResetState(state);
+    EXPECT_EQ(state.bigArea, kBig);
+    EXPECT_EQ(state.stripArea, kStrip);
+    EXPECT_EQ(state.strip.inner, QRect(30, 405, 400, 85));
+    EXPECT_EQ(state.strip.cellWidth, 100);
+    EXPECT_FALSE(state.strip.horizontal);
+    EXPECT_EQ(state.buttons[gallery::kNextPic].rect, next);
+    EXPECT_TRUE(state.picRect.isEmpty());
+    EXPECT_TRUE(state.prevPicRect.isEmpty());
+}
+
+TEST(GalleryState, ThePairOfPageButtonsWithoutItsOrientationIsNotMoved) {
+    GalleryState state = Filled(10);
+    const QRect left = state.buttons[gallery::kThumbLeft].rect;
+    ASSERT_EQ(left, QRect(0, 405, 30, 85));
+    EXPECT_TRUE(state.buttons[gallery::kThumbUp].rect.isEmpty());
+    gallery::PlaceAreas(state, QRect(0, 0, 400, 600), QRect(405, 0, 120, 460), LandscapeSize);
+    EXPECT_EQ(state.buttons[gallery::kThumbLeft].rect, left);
+    EXPECT_EQ(state.buttons[gallery::kThumbUp].rect, QRect(405, 0, 110, 30));
+    gallery::PageStrip(state, true, LandscapeSize);
+    ASSERT_TRUE(state.buttons[gallery::kThumbLeft].IsEnabled());
+    EXPECT_FALSE(state.buttons[gallery::kThumbLeft].Hits(left.center())) << "nobody sees it there";
+    EXPECT_TRUE(state.buttons[gallery::kThumbUp].Hits({410, 10}));
+}

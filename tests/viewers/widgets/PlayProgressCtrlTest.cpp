@@ -57,6 +57,13 @@ TEST(PlayProgressCtrl, TheBarHasFourLinesAndIsNarrowedAtEachEnd) {
     EXPECT_EQ(image.pixelColor(49, 1), kGroove);
 }
 
+TEST(PlayProgressCtrl, OfABarOfOnePixelOrTwoNothingIsLeft) {
+    ExpectFrameAndGrooveOnly(Painted(0, 100, 1));
+    ExpectFrameAndGrooveOnly(Painted(0, 100, 2));
+    EXPECT_EQ(Painted(0, 100, 3).pixelColor(1, 1), kMiddle);
+    EXPECT_EQ(Painted(0, 1, 1, {1, 40}, true), Painted(0, 1, 0, {1, 40}, true)) << "upright";
+}
+
 TEST(PlayProgressCtrl, ThePixelsAreTruncated) {
     const QImage image = Painted(0, 3, 2);
     EXPECT_EQ(image.pixelColor(64, 1), kMiddle);
