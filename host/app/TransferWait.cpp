@@ -19,26 +19,39 @@ namespace {
 
 constexpr int kReportMs = 50;
 
+/// A program that is told to quit ends all loops; the transfer still has to end, so it is told too.
+void RunUntilDone(RunningTransfer& transfer) {
+    QEventLoop loop;
+    transfer.WhenDone(
+        [&loop] { QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection); });
+    loop.exec();
+    transfer.WhenDone({});
+    if (!transfer.IsDone())
+        transfer.Cancel();
+    transfer.WaitDone();
+}
+
 } // namespace
 
 void TransferWait::Wait(RunningTransfer& transfer) {
     if (transfer.WaitDone(times.cursorMs))
         return;
-    const InputBlock noInput;
-    RunLoop(transfer);
-    // A program that is told to quit ends all loops; the transfer still has to end.
-    transfer.WaitDone();
+    InputBlock noInput;
+    RunLoop(transfer, noInput);
 }
 
-void TransferWait::RunLoop(RunningTransfer& transfer) {
+void TransferWait::RunLoop(RunningTransfer& transfer, InputBlock& block) {
     const ExProgress::Hold hold(progress);
     QPointer<ProgressWindow> own; // goes with its parent if that ends meanwhile
     if (progress.Window() == nullptr) {
         own = new ProgressWindow(QApplication::activeWindow(), u"正在下载文件"_s,
-                                 ProgressWindow::Cancel::kImpossible);
+                                 ProgressWindow::Cancel::kPossible);
         own->SetText(u"正在下载文件，请稍候..."_s);
         own->Begin(std::max(0, times.windowMs - times.cursorMs));
     }
+    ProgressWindow* shown = own ? own.get() : progress.Window();
+    shown->SetCancel(ProgressWindow::Cancel::kPossible);
+    block.LetOut(shown);
     const auto report = [&] {
         if (own)
             own->ReportBytes(transfer.Bytes(), transfer.Total());
@@ -48,14 +61,15 @@ void TransferWait::RunLoop(RunningTransfer& transfer) {
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, &clock, report);
     clock.start(kReportMs);
-    QEventLoop loop;
-    transfer.WhenDone(
-        [&loop] { QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection); });
-    loop.exec();
-    transfer.WhenDone({});
+    QObject::connect(shown, &ProgressWindow::Cancelled, &clock, [&] { transfer.Cancel(); });
+    if (shown->IsCancelled())
+        transfer.Cancel();
+    RunUntilDone(transfer);
     delete own;
-    if (ProgressWindow* window = progress.Window())
+    if (ProgressWindow* window = progress.Window()) {
         window->SetDetail({});
+        window->SetCancel(ProgressWindow::Cancel::kImpossible);
+    }
 }
 
 } // namespace host

@@ -6,10 +6,13 @@
 namespace host {
 
 class ExProgress;
+class InputBlock;
 
 /// Nothing for a transfer of a tenth of a second; then the wait cursor, and from half a second on a
 /// window with the bytes done: the client's progress window if one is open, else one of its own.
-/// All windows go on painting; no input gets through. Thread: user interface.
+/// All windows go on painting; no input gets through but to that window, in which the transfer can
+/// be cancelled. What follows in a batch whose window was cancelled is cancelled at once.
+/// Thread: user interface.
 class TransferWait final : public ITransferWait {
 public:
     struct Times {
@@ -25,7 +28,7 @@ public:
     void Wait(RunningTransfer& transfer) override;
 
 private:
-    void RunLoop(RunningTransfer& transfer);
+    void RunLoop(RunningTransfer& transfer, InputBlock& block);
 
     ExProgress& progress;
     const Times times;

@@ -6,12 +6,18 @@
 #include <condition_variable>
 #include <functional>
 #include <mutex>
+#include <stop_token>
 
 namespace host {
 
 /// How far a transfer on another thread has come, and its end. Thread: any.
 class RunningTransfer final {
 public:
+    /// The person has had enough: what the transfer is told by StopToken. It still has to end.
+    void Cancel() { m_stop.request_stop(); }
+    [[nodiscard]] bool IsCancelled() const { return m_stop.stop_requested(); }
+    [[nodiscard]] std::stop_token StopToken() const { return m_stop.get_token(); }
+
     void NoteTotal(qint64 bytes);
     void NoteBytes(qint64 bytes);
     void Finish();
@@ -29,6 +35,7 @@ public:
     void WhenDone(std::function<void()> wake);
 
 private:
+    std::stop_source m_stop;
     mutable std::mutex m_lock; ///< guards what follows
     mutable std::condition_variable m_end;
     qint64 m_total = 0;
@@ -37,7 +44,7 @@ private:
     std::function<void()> m_wake;
 };
 
-/// Keeps the person informed while a transfer holds the interface thread.
+/// Keeps the person informed while a transfer holds the interface thread, and lets them cancel it.
 class ITransferWait {
 public:
     virtual ~ITransferWait() = default;

@@ -30,10 +30,12 @@ TransferOutcome FetchWaiting(const TransferPlace& place, const QString& uuid,
                              const QString& localPath, ITransferWait& wait) {
     RunningTransfer transfer;
     TransferOutcome outcome;
+    const std::stop_callback folderCloses(place.stop, [&transfer] { transfer.Cancel(); });
+    const TransferPlace cancellable{place.dataFolder, place.rules, transfer.StopToken()};
     const auto work = [&] {
         transfer.NoteTotal(StoredSize(place.dataFolder, uuid));
-        outcome =
-            FetchFile(place, uuid, localPath, [&](qint64 bytes) { transfer.NoteBytes(bytes); });
+        outcome = FetchFile(cancellable, uuid, localPath,
+                            [&](qint64 bytes) { transfer.NoteBytes(bytes); });
         transfer.Finish();
     };
     try {

@@ -3,6 +3,7 @@
 #include <QCursor>
 #include <QEvent>
 #include <QGuiApplication>
+#include <QWindow>
 
 namespace host {
 
@@ -50,9 +51,15 @@ InputBlock::~InputBlock() {
     QGuiApplication::restoreOverrideCursor();
 }
 
+bool InputBlock::IsOfFreeWindow(const QObject* watched) const {
+    if (free == nullptr)
+        return false;
+    const auto* widget = qobject_cast<const QWidget*>(watched);
+    return widget != nullptr ? widget->window() == free : watched == free->windowHandle();
+}
+
 bool InputBlock::eventFilter(QObject* watched, QEvent* event) {
-    Q_UNUSED(watched);
-    if (!IsInput(*event))
+    if (!IsInput(*event) || IsOfFreeWindow(watched))
         return false;
     event->setAccepted(event->type() != QEvent::Close);
     return true;

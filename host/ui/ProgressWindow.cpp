@@ -54,7 +54,10 @@ ProgressWindow::ProgressWindow(QWidget* parent, const QString& title, Cancel can
     cancelButton = new QPushButton(u"取消"_s, this);
     cancelButton->setObjectName(u"progressCancel"_s);
     cancelButton->setToolTip(u"停止（Esc），已完成的部分保留"_s);
-    cancelButton->setVisible(cancel == Cancel::kPossible);
+    QSizePolicy keepsItsPlace = cancelButton->sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(true);
+    cancelButton->setSizePolicy(keepsItsPlace);
+    SetCancel(cancel);
 
     auto* bottom = new QHBoxLayout;
     bottom->addWidget(countLabel, 1);
@@ -67,6 +70,10 @@ ProgressWindow::ProgressWindow(QWidget* parent, const QString& title, Cancel can
     all->addWidget(bar);
     all->addLayout(bottom);
     connect(cancelButton, &QPushButton::clicked, this, &ProgressWindow::reject);
+}
+
+void ProgressWindow::SetCancel(Cancel cancel) {
+    cancelButton->setVisible(cancel == Cancel::kPossible);
 }
 
 void ProgressWindow::Begin(int delayMs) {

@@ -39,6 +39,8 @@ public:
     void LetGo();
     void End();
     [[nodiscard]] bool IsCancelled() const { return cancelled; }
+    /// For a piece of the work that can be cancelled, or no longer can.
+    void SetCancel(Cancel cancel);
 
 signals:
     void Cancelled();

@@ -196,6 +196,23 @@ TEST(Download, OnTheInterfaceThreadThePersonIsKeptInformed) {
     EXPECT_EQ(recorder.waits, 1) << "nobody waits at a window";
 }
 
+TEST(Download, OneThatNeverEndsIsLeftByACancelAndLeavesNothing) {
+    class Impatient final : public ITransferWait {
+    public:
+        void Wait(RunningTransfer& transfer) override {
+            transfer.Cancel();
+            transfer.WaitDone();
+        }
+    } impatient;
+    FilesSite site;
+    site.session.transferWait = &impatient;
+    site.session.SetTransfers({0, TransferFault::kNeverEnds});
+    const KX_DATA::TransferResult result = site.Download();
+    EXPECT_EQ(result.success, 0);
+    EXPECT_TRUE(result.message.contains(u"已取消"_s)) << result.message.toStdString();
+    EXPECT_FALSE(QFile::exists(site.local));
+}
+
 TEST(Download, WithoutASessionItFailsWithAText) {
     KX_DATA::TransferResult result;
     GetKXFilesDownloadMng()->DownloadFile(result, u"u"_s, u"/nowhere/u.jpg"_s, 5, true, 0);

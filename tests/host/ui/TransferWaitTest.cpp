@@ -152,8 +152,6 @@ TEST_F(WaitingForATransfer, NothingThatAPersonDoesGetsThrough) {
         QTest::mouseClick(desk.button, Qt::LeftButton);
         QTest::keyClick(desk.field, Qt::Key_A);
         QTest::keyClick(&desk, Qt::Key_D, Qt::ControlModifier);
-        if (QWidget* window = ProgressOnScreen())
-            QTest::keyClick(window, Qt::Key_Escape);
         return ++round > 20 && ProgressOnScreen() != nullptr;
     });
     support::RunPendingEvents();
@@ -161,6 +159,67 @@ TEST_F(WaitingForATransfer, NothingThatAPersonDoesGetsThrough) {
     EXPECT_EQ(desk.field->text(), QString());
     QTest::mouseClick(desk.button, Qt::LeftButton);
     EXPECT_EQ(desk.clicks, 1) << "afterwards all is as before";
+    EXPECT_FALSE(transfer.IsCancelled());
+}
+
+/// Ends only when it is told to, as a server that has gone silent.
+class WaitingForASilentTransfer : public WaitingForATransfer {
+protected:
+    /// Waits with `act` done once to the window, as soon as it is on the screen.
+    void WaitAnd(const std::function<void(QWidget&)>& act) {
+        const std::stop_callback end(transfer.StopToken(), [this] { transfer.Finish(); });
+        TransferWait wait(progress, {0, 0});
+        bool acted = false;
+        QTimer clock;
+        QObject::connect(&clock, &QTimer::timeout, [&] {
+            if (QWidget* window = ProgressOnScreen(); window != nullptr && !acted) {
+                acted = true;
+                act(*window);
+            }
+        });
+        clock.start(1);
+        wait.Wait(transfer);
+        EXPECT_TRUE(transfer.IsCancelled());
+        EXPECT_EQ(ProgressOnScreen() != nullptr, progress.Window() != nullptr);
+    }
+    static QPushButton* CancelOf(const QWidget& window) {
+        return window.findChild<QPushButton*>(u"progressCancel"_s);
+    }
+};
+
+TEST_F(WaitingForASilentTransfer, ItsWindowHasAButtonThatEndsIt) {
+    WaitAnd([](QWidget& window) {
+        ASSERT_TRUE(CancelOf(window)->isVisible());
+        QTest::mouseClick(CancelOf(window), Qt::LeftButton);
+    });
+}
+
+TEST_F(WaitingForASilentTransfer, EscapeAndTheCloseButtonEndItToo) {
+    WaitAnd([](QWidget& window) { QTest::keyClick(&window, Qt::Key_Escape); });
+}
+
+TEST_F(WaitingForASilentTransfer, AskedToCloseByTheWindowManagerItEndsToo) {
+    WaitAnd([](QWidget& window) {
+        QCloseEvent close;
+        QSpontaneKeyEvent::setSpontaneous(&close);
+        qApp->notify(window.windowHandle(), &close);
+    });
+}
+
+TEST_F(WaitingForASilentTransfer, AProgramThatIsToldToQuitEndsIt) {
+    WaitAnd([](QWidget&) { QCoreApplication::quit(); });
+}
+
+TEST_F(WaitingForASilentTransfer, InABatchTheOthersAreCancelledWithIt) {
+    progress.Create(toolkit::kNoWindow, u"ZVKX"_s);
+    progress.Show();
+    progress.Window()->Begin(0);
+    WaitAnd([](QWidget& window) { QTest::mouseClick(CancelOf(window), Qt::LeftButton); });
+    EXPECT_FALSE(CancelOf(*progress.Window())->isVisible()) << "the rest can't be cancelled";
+    RunningTransfer second;
+    const std::stop_callback end(second.StopToken(), [&] { second.Finish(); });
+    TransferWait(progress, {0, 0}).Wait(second);
+    EXPECT_TRUE(second.IsCancelled());
 }
 
 TEST_F(WaitingForATransfer, TheCloseButtonOfAWindowIsDeadMeanwhile) {
