@@ -72,12 +72,20 @@ bool TakeOption(const QString& name, const QString& value, CommandLine& line) {
     return line.error.isEmpty();
 }
 
+bool IsHelp(const QString& word) {
+    return word == u"--help"_s || word == u"-h"_s;
+}
+
 /// The import has options of its own; of them only data folder and sample are the client's.
 CommandLine ParseImport(const QStringList& words) {
     CommandLine line;
     line.road = Road::kImport;
     for (qsizetype at = 1; at < words.size(); ++at) {
         const QString name = words[at].section(u'=', 0, 0);
+        if (IsHelp(name)) {
+            line.road = Road::kHelp;
+            return line;
+        }
         if (name != u"--data"_s && name != u"--sample"_s)
             line.importWords << words[at];
         else if (!TakeOption(name, TakeValue(words, at).value_or(QString()), line))
@@ -95,7 +103,7 @@ CommandLine ParseCommandLine(const QStringList& words) {
         return ParseImport(words);
     CommandLine line;
     for (qsizetype at = 0; at < words.size(); ++at) {
-        if (words[at] == u"--help"_s || words[at] == u"-h"_s) {
+        if (IsHelp(words[at])) {
             line.road = Road::kHelp;
             return line;
         }

@@ -1,5 +1,7 @@
 #include "host/import/ImageSniff.h"
 
+#include <cstdlib>
+
 namespace host {
 
 namespace {
@@ -139,13 +141,19 @@ constexpr qsizetype kStartOfScan = 0xDA;
     }
     const qsizetype pixels = LittleEndian(bytes, 10, 4);
     const qsizetype width = static_cast<qint32>(LittleEndian(bytes, 18, 4));
-    const qsizetype height = std::abs(static_cast<qint32>(LittleEndian(bytes, 22, 4)));
+    const qsizetype height = std::abs(qsizetype{static_cast<qint32>(LittleEndian(bytes, 22, 4))});
     const qsizetype depth = LittleEndian(bytes, 28, 2);
     const qsizetype compression = LittleEndian(bytes, 30, 4);
-    const bool plain = compression == 0 || compression == 3;
-    const qsizetype needed =
-        plain ? (width * depth + 31) / 32 * 4 * height : LittleEndian(bytes, 34, 4);
-    return width > 0 && pixels + needed <= bytes.size();
+    const qsizetype there = bytes.size() - pixels;
+    if (width <= 0 || there < 0) {
+        return false;
+    }
+    if (compression != 0 && compression != 3) {
+        return LittleEndian(bytes, 34, 4) <= there;
+    }
+    // Divided, since the product of what a header may claim is past 64 bits.
+    const qsizetype row = (width * depth + 31) / 32 * 4;
+    return row == 0 || height <= there / row;
 }
 
 } // namespace

@@ -68,4 +68,14 @@ TEST(ImageSniff, HostileLengthsEndTheWalk) {
     EXPECT_FALSE(host::ReachesItsEnd(ImageKind::kBmp, bmp));
 }
 
+TEST(ImageSniff, ABitmapWhoseSizeIsPastSixtyFourBitsIsNotWhole) {
+    QByteArray bmp = Picture("bmp", 1);
+    bmp.replace(18, 4, QByteArray::fromHex("00000040")); // width 2^30
+    bmp.replace(28, 2, QByteArray::fromHex("4000"));     // 64 bits a pixel: a row is 2^33 bytes
+    for (const char* height : {"00000040", "00000080", "ffffff7f"}) { // 2^30, -2^31, 2^31 - 1
+        bmp.replace(22, 4, QByteArray::fromHex(height));
+        EXPECT_FALSE(host::ReachesItsEnd(ImageKind::kBmp, bmp)) << height;
+    }
+}
+
 } // namespace

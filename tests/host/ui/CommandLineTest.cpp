@@ -58,6 +58,11 @@ TEST(CommandLine, HelpWinsOverWhatFollowsIt) {
     EXPECT_TRUE(HelpText().contains(u"--tour"_s));
 }
 
+TEST(CommandLine, TheImportHasHelpTooAndOpensNoFolderForIt) {
+    EXPECT_EQ(ParseCommandLine({u"import"_s, u"--help"_s}).road, Road::kHelp);
+    EXPECT_EQ(ParseCommandLine({u"import"_s, u"照片"_s, u"-h"_s}).road, Road::kHelp);
+}
+
 TEST(CommandLine, AnUnknownWordIsNamedInTheError) {
     EXPECT_TRUE(ParseCommandLine({u"--dta"_s, u"x"_s}).error.contains(u"--dta"_s));
 }
