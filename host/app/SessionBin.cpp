@@ -15,7 +15,8 @@ QString KindText(BinKind kind) {
     static const std::map<BinKind, QString> texts = {{BinKind::kBimPhoto, u"BIM模型照片"_s},
                                                      {BinKind::kPdfPhoto, u"图纸照片"_s},
                                                      {BinKind::kIssue, u"TN问题"_s}};
-    return texts.at(kind);
+    const auto known = texts.find(kind);
+    return known != texts.end() ? known->second : u"未知类型（%1）"_s.arg(static_cast<int>(kind));
 }
 
 } // namespace

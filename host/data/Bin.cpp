@@ -3,7 +3,9 @@
 #include "host/data/BinContent.h"
 #include "host/data/Database.h"
 #include "host/data/FileStore.h"
+#include "host/data/FolderLook.h"
 #include "host/data/SearchIndex.h"
+#include "host/data/SetAside.h"
 
 #include <QDateTime>
 #include <QJsonDocument>
@@ -16,6 +18,10 @@ namespace {
 
 ListKind ListOf(BinKind kind) {
     return static_cast<ListKind>(kind);
+}
+
+bool IsKnown(BinKind kind) {
+    return kind == BinKind::kBimPhoto || kind == BinKind::kPdfPhoto || kind == BinKind::kIssue;
 }
 
 } // namespace
@@ -106,19 +112,29 @@ std::vector<BinEntry> Bin::List() {
 
 void Bin::RestoreEntry(qint64 binId, std::vector<QString>& files) {
     QString content;
-    ListKind kind = ListKind::kBimPhotos;
+    QString title;
+    BinKind kind = BinKind::kBimPhoto;
     qint64 objectId = 0;
-    database.ForEach(u"SELECT kind, object_id, content FROM bin WHERE id = ?"_s, {binId},
+    database.ForEach(u"SELECT kind, object_id, content, title FROM bin WHERE id = ?"_s, {binId},
                      [&](const Statement& row) {
-                         kind = static_cast<ListKind>(row.Int(0));
+                         kind = static_cast<BinKind>(row.Int(0));
                          objectId = row.Int64(1);
                          content = row.Text(2);
+                         title = row.Text(3);
                      });
-    PutContent(database, QJsonDocument::fromJson(content.toUtf8()).array());
-    if (kind == ListKind::kPdfPhotos) {
+    if (!IsKnown(kind)) {
+        throw DataError(Fault::kNewer,
+                        u"回收站中的“%1”不是本版本认识的类型，没有恢复，仍在回收站中；"
+                        "请升级客户端后再恢复。"_s.arg(title));
+    }
+    if (!PutContent(database, kind, objectId, content)) {
+        throw DataError(Fault::kDamaged, u"回收站中的“%1”的记录已损坏，没有恢复，仍在回收站中；"
+                                         "请从备份恢复数据文件夹。"_s.arg(title));
+    }
+    if (kind == BinKind::kPdfPhoto) {
         RefreshFromCheckpoint(database, objectId);
     }
-    AddSearchRow(database, kind, objectId);
+    AddSearchRow(database, ListOf(kind), objectId);
     database.ForEach(u"SELECT uuid FROM bin_file WHERE bin_id = ?"_s, {binId},
                      [&](const Statement& row) { files.push_back(row.Text(0)); });
     database.Exec(u"DELETE FROM bin WHERE id = ?"_s, {binId});
@@ -165,22 +181,44 @@ void Bin::PurgeOld() {
     }
 }
 
-void Bin::Reconcile() {
-    std::vector<QString> binned;
-    database.ForEach(u"SELECT uuid FROM bin_file"_s, {},
-                     [&](const Statement& row) { binned.push_back(row.Text(0)); });
-    for (const QString& uuid : binned) {
-        if (store.Has(uuid)) {
-            store.MoveToBin(uuid);
+std::vector<QString> Bin::BinnedInStore() {
+    std::vector<QString> names;
+    database.ForEach(u"SELECT uuid FROM bin_file"_s, {}, [&](const Statement& row) {
+        if (store.Has(row.Text(0))) {
+            names.push_back(row.Text(0));
+        }
+    });
+    return names;
+}
+
+std::vector<QString> Bin::UnbinnedInBin() {
+    std::vector<QString> names;
+    for (const QString& name : store.NamesInBin()) {
+        if (!database.Value(u"SELECT 1 FROM bin_file WHERE uuid = ?"_s, {name}).isValid()) {
+            names.push_back(name);
         }
     }
-    for (const QString& uuid : store.NamesInBin()) {
-        if (database.Value(u"SELECT 1 FROM file WHERE uuid = ?"_s, {uuid}).isValid()) {
-            store.MoveFromBin(uuid);
-        } else if (!database.Value(u"SELECT 1 FROM bin_file WHERE uuid = ?"_s, {uuid}).isValid()) {
-            store.RemoveFromBin(uuid);
+    return names;
+}
+
+void Bin::Reconcile(SetAside& aside) {
+    if (BinnedInStore().empty() && UnbinnedInBin().empty()) {
+        return;
+    }
+    // Once more under the write lock: what another process deletes or restores between two
+    // questions about a file would else leave it without a row in either table.
+    Transaction transaction(database);
+    for (const QString& uuid : BinnedInStore()) {
+        store.MoveToBin(uuid);
+    }
+    for (const QString& name : UnbinnedInBin()) {
+        if (database.Value(u"SELECT 1 FROM file WHERE uuid = ?"_s, {name}).isValid()) {
+            store.MoveFromBin(name);
+        } else {
+            aside.Take(place::kBin + u'/' + name);
         }
     }
+    transaction.Commit();
 }
 
 } // namespace host

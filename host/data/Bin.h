@@ -10,6 +10,7 @@ namespace host {
 
 class Database;
 class FileStore;
+class SetAside;
 
 inline constexpr qint64 kBinSeconds = 30LL * 24 * 60 * 60;
 
@@ -18,6 +19,7 @@ enum class BinKind { kBimPhoto = 1, kPdfPhoto = 2, kIssue = 3 };
 
 struct BinEntry {
     qint64 id = 0;
+    /// May be a number that this client doesn't know.
     BinKind kind = BinKind::kBimPhoto;
     qint32 ppid = 0;
     QString title; ///< file name of a photo, theme of an issue
@@ -39,18 +41,21 @@ public:
 
     /// Latest first.
     [[nodiscard]] std::vector<BinEntry> List();
-    /// Brings rows, labels and files back under their old ids; unknown entries are passed over.
+    /// Brings rows, labels and files back under their old ids; ids that the bin doesn't have are
+    /// passed over. All or none: an entry that can't come back is named in the fault, and stays.
     int Restore(const std::vector<qint64>& binIds);
     /// Ends them for good.
     void Purge(const std::vector<qint64>& binIds);
     void PurgeOld();
-    /// Moves files to where their rows say that they are.
-    void Reconcile();
+    /// Moves files to where their rows say that they are, and what no row knows to `aside`.
+    void Reconcile(SetAside& aside);
 
 private:
     bool MoveToBin(BinKind kind, qint64 objectId, const QString& person,
                    std::vector<QString>& files);
     void RestoreEntry(qint64 binId, std::vector<QString>& files);
+    [[nodiscard]] std::vector<QString> BinnedInStore();
+    [[nodiscard]] std::vector<QString> UnbinnedInBin();
 
     Database& database;
     FileStore& store;

@@ -1,10 +1,14 @@
 #include "host/data/BinContent.h"
 
 #include "host/data/Database.h"
+#include "host/data/StoreName.h"
 
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QSqlRecord>
 #include <QStringList>
+
+#include <algorithm>
 
 namespace host {
 
@@ -66,16 +70,51 @@ void AddFiles(Database& database, const Section& section, const QJsonArray& rows
     }
 }
 
-void InsertRow(Database& database, const QString& table, const QJsonObject& row) {
+/// The table of files is that of every kind.
+Section FileSection() {
+    return {u"file"_s, u"owner"_s, {u"uuid"_s}};
+}
+
+QStringList ColumnsOf(Database& database, const QString& table) {
+    QStringList columns;
+    database.ForEach(u"SELECT name FROM pragma_table_info(?)"_s, {table},
+                     [&](const Statement& row) { columns.append(row.Text(0)); });
+    return columns;
+}
+
+bool NamesFiles(const Section& section, const QJsonObject& row) {
+    return std::all_of(section.fileColumns.begin(), section.fileColumns.end(),
+                       [&](const QString& column) {
+                           const QString uuid = row.value(column).toString();
+                           return uuid.isEmpty() || IsStoreName(uuid);
+                       });
+}
+
+bool InsertRow(Database& database, const Section& section, const QStringList& columns,
+               const QJsonObject& row) {
     QStringList marks;
     QVariantList values;
     for (const QString& column : row.keys()) {
+        if (!columns.contains(column)) {
+            return false;
+        }
         marks.append(u"?"_s);
         values.append(row.value(column).toVariant());
     }
-    database.Exec(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(table, row.keys().join(u", "_s),
+    if (row.isEmpty() || !NamesFiles(section, row)) {
+        return false;
+    }
+    database.Exec(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(section.table, row.keys().join(u", "_s),
                                                            marks.join(u", "_s)),
                   values);
+    return true;
+}
+
+bool InsertRows(Database& database, const Section& section, const QJsonArray& rows) {
+    const QStringList columns = ColumnsOf(database, section.table);
+    return std::all_of(rows.begin(), rows.end(), [&](const auto& row) {
+        return InsertRow(database, section, columns, row.toObject());
+    });
 }
 
 } // namespace
@@ -98,17 +137,30 @@ BinContent TakeContent(Database& database, BinKind kind, qint64 objectId) {
         content.sections.append(QJsonObject{{u"table"_s, section.table}, {u"rows"_s, rows}});
         AddFiles(database, section, rows, fileRows, content.files);
     }
-    content.sections.append(QJsonObject{{u"table"_s, u"file"_s}, {u"rows"_s, fileRows}});
+    content.sections.append(QJsonObject{{u"table"_s, FileSection().table}, {u"rows"_s, fileRows}});
     return content;
 }
 
-void PutContent(Database& database, const QJsonArray& sections) {
-    for (const auto& section : sections) {
-        const QString table = section.toObject().value(u"table"_s).toString();
-        for (const auto& row : section.toObject().value(u"rows"_s).toArray()) {
-            InsertRow(database, table, row.toObject());
+bool PutContent(Database& database, BinKind kind, qint64 objectId, const QString& text) {
+    std::vector<Section> sections = SectionsOf(kind);
+    sections.push_back(FileSection());
+    const QJsonArray found = QJsonDocument::fromJson(text.toUtf8()).array();
+    if (found.size() != static_cast<qsizetype>(sections.size())) {
+        return false;
+    }
+    const QJsonArray own = found.first().toObject().value(u"rows"_s).toArray();
+    if (own.size() != 1 || own.first().toObject().value(u"id"_s).toInteger() != objectId) {
+        return false;
+    }
+    for (qsizetype at = 0; at < found.size(); ++at) {
+        const QJsonObject section = found[at].toObject();
+        const Section& expected = sections[static_cast<size_t>(at)];
+        if (section.value(u"table"_s).toString() != expected.table ||
+            !InsertRows(database, expected, section.value(u"rows"_s).toArray())) {
+            return false;
         }
     }
+    return true;
 }
 
 void RefreshFromCheckpoint(Database& database, qint64 photoId) {

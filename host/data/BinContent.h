@@ -16,8 +16,12 @@ struct BinContent {
 
 /// Reads an object whole; changes nothing.
 [[nodiscard]] BinContent TakeContent(Database& database, BinKind kind, qint64 objectId);
-/// Inserts the rows again; throws kRefused if what they hang on is gone.
-void PutContent(Database& database, const QJsonArray& sections);
+/// Inserts the rows again from the text of an entry; throws kRefused if what they hang on is gone.
+/// False, perhaps after some insertions, for a text that isn't of such an object: other tables or
+/// columns, no row of its own, names of files that are none. Nothing of the text reaches a
+/// statement unchecked.
+[[nodiscard]] bool PutContent(Database& database, BinKind kind, qint64 objectId,
+                              const QString& text);
 /// Mark, drawing and number of a drawing photo are those that its checkpoint has now.
 void RefreshFromCheckpoint(Database& database, qint64 photoId);
 

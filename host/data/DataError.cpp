@@ -20,6 +20,8 @@ QString FaultText(Fault fault, const QString& what) {
         return head + u"数据库由更新版本的客户端建立，请升级客户端后再打开。"_s;
     case Fault::kDamaged:
         return head + u"数据库已损坏，请从备份恢复数据文件夹，或换一个数据文件夹。"_s;
+    case Fault::kNotASite:
+        return head + u"不是站点的数据文件夹，请选择空文件夹或已有的数据文件夹。"_s;
     case Fault::kDiskFull:
         return head + u"磁盘空间不足，请清理磁盘后重试。"_s;
     case Fault::kBadName:

@@ -12,6 +12,7 @@ enum class Fault {
     kLocked, ///< another process holds the database for longer than the busy timeout
     kNewer,  ///< written by a later version of the client
     kDamaged,
+    kNotASite, ///< a folder with other things in it
     kDiskFull,
     kBadName, ///< a uuid or file name that must not reach the file system
     kMissing, ///< a file or record that should be there is not

@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <QStringList>
+
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -34,11 +37,19 @@ public:
     DataFolder& operator=(const DataFolder&) = delete;
 
     /// Makes what is missing, brings the schema up to date, cleans up. Empty on success; on a fault
-    /// nothing stays open. A second process may have the same folder open.
+    /// nothing stays open. A second process may have the same folder open. A folder with other
+    /// things in it and no site is refused and left as it is; what isn't ours in a site's is set
+    /// aside and told, never removed. No link below the folder is followed.
     [[nodiscard]] std::optional<OpenFault> Open(const Options& options);
     [[nodiscard]] std::optional<OpenFault> Open() { return Open(Options{}); }
     void Close();
     [[nodiscard]] bool IsOpen() const { return database != nullptr; }
+
+    using Told = std::function<void(const QString&)>;
+    /// Is told, in Chinese, what a person should know of the folder; at once what was to tell
+    /// before.
+    void SetTold(Told listener);
+    void Tell(const QString& text);
 
     [[nodiscard]] QString Path() const { return root; }
     [[nodiscard]] QString DatabasePath() const;
@@ -55,10 +66,14 @@ public:
     [[nodiscard]] FileStore& Store() const { return *store; }
 
 private:
+    void Look() const;
     void MakeFolders() const;
-    void CleanUp() const;
+    void OpenDatabase(int busyTimeoutMs);
+    void CleanUp();
 
     QString root;
+    Told told;
+    QStringList untold;
     std::unique_ptr<Database> database;
     std::unique_ptr<FileStore> store;
 };

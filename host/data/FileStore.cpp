@@ -1,6 +1,8 @@
 #include "host/data/FileStore.h"
 
 #include "host/data/FileSync.h"
+#include "host/data/FolderLook.h"
+#include "host/data/SetAside.h"
 #include "host/data/StoreName.h"
 
 #include <QBuffer>
@@ -35,6 +37,7 @@ void LeaveNote(const QString& note, const QString& place) {
         return;
     }
     if (!QFile::rename(note, place)) {
+        QFile::remove(note);
         throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, u"保存文件"_s), place);
     }
     QFile(note).open(QIODevice::WriteOnly);
@@ -108,9 +111,15 @@ StoredFile FileStore::Put(const FileSource& source) {
     stored.size = outcome.size;
     const QString place = PlaceOf(stored.uuid);
     const QString folder = QFileInfo(place).path();
-    QDir().mkpath(folder);
+    if (!MakeFolderSynced(folder)) {
+        QFile::remove(note);
+        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, u"保存文件"_s), place);
+    }
     LeaveNote(note, place);
-    SyncFolder(folder);
+    if (!SyncFolder(folder)) {
+        Discard(stored.uuid);
+        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, u"保存文件"_s), place);
+    }
     return stored;
 }
 
@@ -119,7 +128,7 @@ void FileStore::Settle(const QString& uuid) {
 }
 
 void FileStore::Discard(const QString& uuid) {
-    QFile::remove(PlaceOf(uuid));
+    RemoveStored(uuid);
     QFile::remove(NotePath(uuid));
 }
 
@@ -138,58 +147,105 @@ bool FileStore::Has(const QString& uuid) const {
     return IsStoreName(uuid) && QFileInfo(PlaceOf(uuid)).isFile();
 }
 
-void FileStore::MoveToBin(const QString& uuid) {
-    QDir().mkpath(bin);
-    QFile::rename(PlaceOf(uuid), BinPlaceOf(uuid));
-    SyncFolder(bin);
+void FileStore::Tell(const QString& text) const {
+    if (told) {
+        told(text);
+    }
 }
 
-void FileStore::MoveFromBin(const QString& uuid) {
-    const QString place = PlaceOf(uuid);
-    const QString folder = QFileInfo(place).path();
-    QDir().mkpath(folder);
-    QFile::rename(BinPlaceOf(uuid), place);
+void FileStore::Move(const QString& uuid, const QString& from, const QString& to) {
+    if (!IsRealFile(from)) {
+        return;
+    }
+    const QString folder = QFileInfo(to).path();
+    // Another process may have been quicker: then the source is gone.
+    if (!MakeFolderSynced(folder) || (!QFile::rename(from, to) && IsThere(from))) {
+        Tell(
+            u"文件 %1 未能从 %2 移到 %3，下次打开数据文件夹时会再试；请检查磁盘空间和文件夹权限。"_s
+                .arg(uuid, QDir::toNativeSeparators(QFileInfo(from).path()),
+                     QDir::toNativeSeparators(folder)));
+        return;
+    }
     SyncFolder(folder);
 }
 
+void FileStore::MoveToBin(const QString& uuid) {
+    if (IsStoreName(uuid)) {
+        Move(uuid, PlaceOf(uuid), BinPlaceOf(uuid));
+    }
+}
+
+void FileStore::MoveFromBin(const QString& uuid) {
+    if (IsStoreName(uuid)) {
+        Move(uuid, BinPlaceOf(uuid), PlaceOf(uuid));
+    }
+}
+
 void FileStore::RemoveFromBin(const QString& uuid) {
-    QFile::remove(BinPlaceOf(uuid));
+    if (IsStoreName(uuid) && IsRealFolder(bin) && IsRealFile(BinPlaceOf(uuid)) &&
+        !QFile::remove(BinPlaceOf(uuid))) {
+        Tell(u"回收站里的文件 %1 未能删除，仍占用磁盘；请检查文件夹 %2 的权限。"_s.arg(
+            uuid, QDir::toNativeSeparators(bin)));
+    }
 }
 
 std::vector<QString> FileStore::NamesInBin() const {
     std::vector<QString> names;
-    for (const QString& name : QDir(bin).entryList(QDir::Files)) {
-        if (IsStoreName(name)) {
+    for (const QString& name : EntriesOf(bin)) {
+        if (!name.startsWith(u'.')) {
             names.push_back(name);
         }
     }
     return names;
 }
 
-void FileStore::CleanUp(const std::function<bool(const QString&)>& hasRow) {
-    const QDir incoming(store + u'/' + NotesFolder());
-    for (const QString& name : incoming.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-        const QString folder = incoming.filePath(name);
+void FileStore::RemoveStored(const QString& uuid) {
+    const QString place = PlaceOf(uuid);
+    const QString folder = QFileInfo(place).path();
+    if (IsRealFolder(QFileInfo(folder).path()) && IsRealFolder(folder) && IsRealFile(place)) {
+        QFile::remove(place);
+    }
+}
+
+void FileStore::CleanUp(const std::function<bool(const QString&)>& hasRow, SetAside& aside) {
+    const QString incoming = store + u'/' + NotesFolder();
+    const QString below = place::kStore + u'/' + NotesFolder();
+    if (IsThere(incoming) && !IsRealFolder(incoming)) {
+        aside.Take(below);
+        return;
+    }
+    for (const QString& name : EntriesOf(incoming)) {
+        const QString folder = incoming + u'/' + name;
+        if (!IsRealFolder(folder)) {
+            aside.Take(below + u'/' + name);
+            continue;
+        }
         QLockFile lock(folder + u'/' + LockName());
         lock.setStaleLockTime(0);
         if (folder != notes && lock.tryLock()) {
-            CleanNotes(folder, hasRow);
+            CleanNotes(name, hasRow, aside);
             lock.unlock();
             QDir().rmdir(folder);
         }
     }
 }
 
-void FileStore::CleanNotes(const QString& folder,
-                           const std::function<bool(const QString&)>& hasRow) {
-    for (const QString& name : QDir(folder).entryList(QDir::Files)) {
-        if (!IsStoreName(name)) {
+void FileStore::CleanNotes(const QString& name, const std::function<bool(const QString&)>& hasRow,
+                           SetAside& aside) {
+    const QString below = NotesFolder() + u'/' + name + u'/';
+    for (const QString& note : EntriesOf(store + u'/' + below)) {
+        const QString path = store + u'/' + below + note;
+        if (note == LockName()) {
             continue;
         }
-        if (!hasRow(name)) {
-            QFile::remove(PlaceOf(name));
+        if (!IsGivenName(note) || !IsRealFile(path)) {
+            aside.Take(place::kStore + u'/' + below + note);
+            continue;
         }
-        QFile::remove(folder + u'/' + name);
+        if (!hasRow(note)) {
+            RemoveStored(note);
+        }
+        QFile::remove(path);
     }
 }
 

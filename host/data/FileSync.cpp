@@ -1,9 +1,14 @@
 #include "host/data/FileSync.h"
 
+#include "host/data/FolderLook.h"
+
 #include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #if defined(Q_OS_UNIX)
+#include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 #elif defined(Q_OS_WIN)
@@ -31,16 +36,29 @@ bool SyncFile(QFileDevice& file) {
 #endif
 }
 
-void SyncFolder(const QString& path) {
+bool SyncFolder(const QString& path) {
 #if defined(Q_OS_UNIX)
     const int folder = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY);
-    if (folder >= 0) {
-        ::fsync(folder);
-        ::close(folder);
+    if (folder < 0) {
+        return false;
     }
+    // EINVAL: a file system whose folders can't be synced.
+    const bool good = ::fsync(folder) == 0 || errno == EINVAL;
+    ::close(folder);
+    return good;
 #else
     Q_UNUSED(path);
+    return true;
 #endif
+}
+
+bool MakeFolderSynced(const QString& path) {
+    if (IsRealFolder(path)) {
+        return true;
+    }
+    const QString above = QFileInfo(path).path();
+    const bool hasRoom = QFileInfo(above).isDir() || MakeFolderSynced(above);
+    return hasRoom && (QDir().mkdir(path) || IsRealFolder(path)) && SyncFolder(above);
 }
 
 CopyOutcome CopySynced(QIODevice& source, const QString& target,

@@ -13,8 +13,13 @@ namespace host {
 
 /// Puts what was written to the open file onto the disk. False on failure.
 [[nodiscard]] bool SyncFile(QFileDevice& file);
-/// Puts new names in a folder onto the disk; does nothing where the platform has no such thing.
-void SyncFolder(const QString& path);
+/// Puts new names in a folder onto the disk; true where platform or file system has no such thing.
+/// False on failure.
+bool SyncFolder(const QString& path);
+/// Makes a folder and what is missing above it, with all their names on the disk: a file in a
+/// folder whose own name a power cut takes back would be lost with it. False on failure, and where
+/// a link stands in place of the folder.
+[[nodiscard]] bool MakeFolderSynced(const QString& path);
 
 struct CopyOutcome {
     bool ok = false;

@@ -61,6 +61,8 @@ std::optional<OpenFault> HostSession::OpenFolder(const QString& path,
         lists = std::make_unique<ListQuery>(folder->Db());
         panel = std::make_unique<PanelCache>(folder->Db());
         desk->Open(folder->Path());
+        folder->SetTold(
+            [this](const QString& text) { desk->Report(MessageLevel::kWarning, text); });
     }
     return fault;
 }

@@ -16,14 +16,22 @@ qint64 CountTables(Database& database, const QString& condition) {
         .toLongLong();
 }
 
-int VersionOf(Database& database) {
+/// 0: nothing in it yet.
+qint64 VersionOf(Database& database) {
     if (CountTables(database, u"name = 'schema_version'"_s) == 0) {
         if (CountTables(database, u"name NOT LIKE 'sqlite_%'"_s) > 0) {
             throw DataError(Fault::kDamaged, FaultText(Fault::kDamaged, {}), u"no versions"_s);
         }
         return 0;
     }
-    return database.Value(u"SELECT max(version) FROM schema_version"_s).toInt();
+    const QVariant latest = database.Value(u"SELECT max(version) FROM schema_version"_s);
+    const qint64 version = latest.toLongLong();
+    const bool isOurs = latest.typeId() == QMetaType::LongLong && version > 0 &&
+                        CountTables(database, u"name = 'bim_photo'"_s) == 1;
+    if (!isOurs) {
+        throw DataError(Fault::kDamaged, FaultText(Fault::kDamaged, {}), u"version of no site"_s);
+    }
+    return version;
 }
 
 void RunStep(Database& database, int version, const std::vector<QString>& statements) {
@@ -43,12 +51,12 @@ void RunStep(Database& database, int version, const std::vector<QString>& statem
 } // namespace
 
 void Migrate(Database& database) {
-    const int found = VersionOf(database);
+    const qint64 found = VersionOf(database);
     if (found > kSchemaVersion) {
         throw DataError(Fault::kNewer, FaultText(Fault::kNewer, {}), u"version %1"_s.arg(found));
     }
     const auto steps = SchemaSteps();
-    for (int version = found + 1; version <= kSchemaVersion; ++version) {
+    for (int version = static_cast<int>(found) + 1; version <= kSchemaVersion; ++version) {
         RunStep(database, version, steps[static_cast<size_t>(version - 1)]);
     }
 }

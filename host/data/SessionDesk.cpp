@@ -6,6 +6,12 @@
 
 namespace host {
 
+namespace {
+
+constexpr size_t kMostWaiting = 20;
+
+} // namespace
+
 SessionDesk::~SessionDesk() {
     Close();
 }
@@ -83,6 +89,11 @@ bool SessionDesk::Start(const Work& work) {
 void SessionDesk::SetMessageSink(MessageSink sink) {
     const std::lock_guard lock(m_sinkLock);
     m_sink = std::move(sink);
+    if (m_sink) {
+        for (const auto& [level, text] : std::exchange(m_waiting, {})) {
+            m_sink(level, text);
+        }
+    }
 }
 
 void SessionDesk::Report(MessageLevel level, const QString& text) {
@@ -91,6 +102,10 @@ void SessionDesk::Report(MessageLevel level, const QString& text) {
         m_sink(level, text);
     } else {
         qWarning().noquote() << text;
+        m_waiting.emplace_back(level, text);
+        if (m_waiting.size() > kMostWaiting) {
+            m_waiting.pop_front();
+        }
     }
 }
 

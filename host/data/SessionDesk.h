@@ -10,6 +10,7 @@
 #include <list>
 #include <mutex>
 #include <thread>
+#include <utility>
 
 namespace host {
 
@@ -46,7 +47,8 @@ public:
     /// The sink is called on the reporting thread. Once this returns, the sink before isn't running
     /// and isn't called again.
     void SetMessageSink(MessageSink sink);
-    /// For the person at the client, in Chinese. Without a sink it goes to the program's log.
+    /// For the person at the client, in Chinese. Without a sink it goes to the program's log, and
+    /// to the next sink as it is set.
     void Report(MessageLevel level, const QString& text);
 
 private:
@@ -65,6 +67,7 @@ private:
 
     std::recursive_mutex m_sinkLock; ///< guards m_sink and is held while it runs
     MessageSink m_sink;
+    std::list<std::pair<MessageLevel, QString>> m_waiting; ///< guarded by m_sinkLock
 };
 
 } // namespace host

@@ -18,6 +18,11 @@ bool IsStoreName(const QString& uuid) {
            });
 }
 
+bool IsGivenName(const QString& uuid) {
+    const QUuid read = QUuid::fromString(uuid);
+    return !read.isNull() && read.toString(QUuid::WithoutBraces) == uuid;
+}
+
 QString NewStoreName() {
     return QUuid::createUuid().toString(QUuid::WithoutBraces);
 }

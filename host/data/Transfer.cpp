@@ -5,6 +5,7 @@
 #include "host/data/FetchedFiles.h"
 #include "host/data/FileStore.h"
 #include "host/data/FileSync.h"
+#include "host/data/FolderLook.h"
 #include "host/data/StoreName.h"
 
 #include <QDateTime>
@@ -157,11 +158,15 @@ TransferOutcome FetchFile(const TransferPlace& place, const QString& uuid, const
 
 void RemoveLeftovers(const QString& folder) {
     const QDateTime limit = QDateTime::currentDateTime().addSecs(-kSecondsOfADay);
-    QDirIterator files(folder, {u'*' + kPartial}, QDir::Files, QDirIterator::Subdirectories);
+    if (!IsRealFolder(folder)) {
+        return;
+    }
+    QDirIterator files(folder, {u'*' + kPartial}, QDir::Files | QDir::NoSymLinks,
+                       QDirIterator::Subdirectories);
     while (files.hasNext()) {
         const QFileInfo file(files.next());
         const QString name = file.completeBaseName();
-        if (IsStoreName(name) && file.lastModified() < limit) {
+        if (IsGivenName(name) && file.lastModified() < limit) {
             QFile::remove(file.filePath());
         }
     }

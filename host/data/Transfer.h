@@ -44,8 +44,8 @@ struct TransferOutcome {
                                         const QString& localPath,
                                         const std::function<void(qint64)>& onBytes = {});
 
-/// Removes what transfers of a killed process left behind in a folder and those in it; what was
-/// touched within the last day may belong to another process and stays.
+/// Removes what transfers of a killed process left behind in a folder and those in it, links
+/// unfollowed; what was touched within the last day may belong to another process and stays.
 void RemoveLeftovers(const QString& folder);
 
 } // namespace host

@@ -2,12 +2,15 @@
 
 #include "host/data/DataError.h"
 #include "host/data/DataFolder.h"
+#include "host/data/FolderLook.h"
+#include "host/data/SetAside.h"
 #include "host/sample/site/PictureStudio.h"
 #include "host/sample/site/PlanFiling.h"
 #include "host/sample/site/SitePlan.h"
 
 #include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QLockFile>
 
 namespace host {
@@ -22,16 +25,17 @@ constexpr std::chrono::milliseconds kProgressPause{50};
 struct Cancelled {};
 
 /// The pictures on their way into the store. What a crash leaves is removed by whoever comes next;
-/// a lock tells the two apart.
+/// a lock tells the two apart. What no studio draws is set aside.
 class Workshop final {
 public:
-    explicit Workshop(const QString& root)
-        : place(root + u"/sample.part"_s), lock(root + u"/sample.lock"_s) {
+    explicit Workshop(DataFolder& dataFolder)
+        : folder(dataFolder), part(dataFolder.Path() + u'/' + place::kSamplePart),
+          lock(dataFolder.Path() + u'/' + place::kSampleLock) {
         lock.setStaleLockTime(0);
     }
     ~Workshop() {
         if (lock.isLocked()) {
-            QDir(place).removeRecursively();
+            Clear();
         }
     }
     Workshop(const Workshop&) = delete;
@@ -42,13 +46,28 @@ public:
         if (!lock.tryLock()) {
             return false;
         }
-        QDir(place).removeRecursively();
-        return QDir().mkpath(place);
+        Clear();
+        return QDir().mkdir(part);
     }
-    [[nodiscard]] QString Place() const { return place; }
+    [[nodiscard]] QString Place() const { return part; }
 
 private:
-    QString place;
+    void Clear() {
+        for (const QString& name : EntriesOf(part)) {
+            const QString path = part + u'/' + name;
+            if (PictureStudio::IsDrawnName(name) && IsRealFile(path)) {
+                QFile::remove(path);
+            }
+        }
+        if (IsThere(part) && !QDir().rmdir(part)) {
+            SetAside aside(folder.Path(), QDate::currentDate().toString(Qt::ISODate));
+            aside.Take(place::kSamplePart);
+            folder.Tell(aside.Story());
+        }
+    }
+
+    DataFolder& folder;
+    QString part;
     QLockFile lock;
 };
 
@@ -94,7 +113,7 @@ bool CreateSampleSite(DataFolder& folder, SampleSize size, const SampleProgress&
         return true;
     }
     try {
-        Workshop workshop(folder.Path());
+        Workshop workshop(folder);
         if (!SiteWriter(folder).IsEmpty()) {
             return true;
         }

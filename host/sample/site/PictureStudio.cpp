@@ -1,6 +1,7 @@
 #include "host/sample/site/PictureStudio.h"
 
 #include <QFile>
+#include <QRegularExpression>
 
 namespace host {
 
@@ -25,6 +26,11 @@ PictureStudio::~PictureStudio() {
 
 QString PictureStudio::FilePath(size_t order) const {
     return u"%1/%2.jpg"_s.arg(folder).arg(order);
+}
+
+bool PictureStudio::IsDrawnName(const QString& name) {
+    static const QRegularExpression numbered(u"\\A[0-9]+\\.jpg\\z"_s);
+    return numbered.match(name).hasMatch();
 }
 
 bool PictureStudio::DrawOne(PictureArtist& artist, size_t index) const {

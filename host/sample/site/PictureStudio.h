@@ -30,6 +30,8 @@ public:
     /// True once a picture could not be drawn or written; the studio has stopped then.
     [[nodiscard]] bool HasFailed() const { return failed.load(); }
     [[nodiscard]] QString FilePath(size_t order) const;
+    /// True for the name of a file as FilePath gives it. Thread: any.
+    [[nodiscard]] static bool IsDrawnName(const QString& name);
 
 private:
     void Work(const std::stop_token& stop);

@@ -4,9 +4,11 @@
 #include "host/data/FileStore.h"
 #include "host/data/Issues.h"
 #include "host/data/ListQuery.h"
+#include "host/data/SetAside.h"
 #include "tests/host/data/TempSite.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 
 namespace host {
@@ -37,6 +39,32 @@ public:
         filter.ppids = {ppid};
         filter.keyword = keyword;
         return ListQuery(folder.Db()).Fetch(ListKind::kBimPhotos, filter, {}, 1, 30).total;
+    }
+
+    void Reconcile() {
+        SetAside aside(folder.Path(), u"2026-11-22"_s);
+        bin.Reconcile(aside);
+        EXPECT_EQ(aside.Story(), QString());
+    }
+    /// The entry of the photo, changed in the table as a damaged or a later client's.
+    [[nodiscard]] qint64 DeletedAs(const QString& column, const QVariant& value) {
+        bin.DeleteBimPhotos({picId}, u"li"_s);
+        folder.Db().Exec(u"UPDATE bin SET %1 = ?"_s.arg(column), {value});
+        return bin.List().front().id;
+    }
+    /// The sentence with which a restoration is refused; nothing has changed then.
+    [[nodiscard]] QString RefusalOf(qint64 binId, Fault expected) {
+        try {
+            (void)bin.Restore({binId});
+            ADD_FAILURE() << "restored";
+        } catch (const DataError& error) {
+            EXPECT_EQ(error.GetFault(), expected) << error.what();
+            EXPECT_EQ(Count(u"bin"_s), 1);
+            EXPECT_EQ(Count(u"bin_file"_s), 2);
+            EXPECT_EQ(Count(u"bim_photo"_s) + Count(u"file"_s), 0);
+            return error.Text();
+        }
+        return {};
     }
 
     Bin bin;
@@ -96,12 +124,87 @@ TEST(Bin, FilesThatACrashLeftInTheWrongPlaceFollowTheirRows) {
     const QString uuid = site.folder.Db().Value(u"SELECT file_uuid FROM bim_photo"_s).toString();
     site.bin.DeleteBimPhotos({site.picId}, u"li"_s);
     site.folder.Store().MoveFromBin(uuid); // as if the process had died after the commit
-    site.bin.Reconcile();
+    site.Reconcile();
     EXPECT_FALSE(site.folder.Store().Has(uuid));
     site.bin.Restore({site.bin.List().front().id});
     site.folder.Store().MoveToBin(uuid);
-    site.bin.Reconcile();
+    site.Reconcile();
     EXPECT_TRUE(site.folder.Store().Has(uuid));
+}
+
+TEST(Bin, AnUnknownKindIsListedAndRefusedWithASentence) {
+    BinSite site;
+    const qint64 binId = site.DeletedAs(u"kind"_s, 9);
+    const QString text = site.RefusalOf(binId, Fault::kNewer);
+    EXPECT_TRUE(text.contains(u"外墙.jpg"_s) && text.contains(u"升级"_s)) << text.toStdString();
+}
+
+TEST(Bin, ADamagedEntryIsRefusedAndStays) {
+    const QStringList damages = {
+        u""_s,
+        u"[{\"table\":"_s,
+        u"[]"_s,
+        u"[{\"table\":\"bim_photo\",\"rows\":[]},{\"table\":\"bim_label\",\"rows\":[]},"
+        "{\"table\":\"file\",\"rows\":[]}]"_s,
+    };
+    for (const QString& damage : damages) {
+        BinSite site;
+        const qint64 binId = site.DeletedAs(u"content"_s, damage);
+        const QString text = site.RefusalOf(binId, Fault::kDamaged);
+        EXPECT_TRUE(text.contains(u"外墙.jpg"_s) && text.contains(u"损坏"_s)) << text.toStdString();
+    }
+}
+
+TEST(Bin, NamesFromAnEntryNeverReachAStatementUnchecked) {
+    const std::vector<std::pair<QString, QString>> crafts = {
+        {u"\"bim_label\""_s, u"\"person\""_s},
+        {u"\"description\""_s, u"\"description) VALUES (1); DROP TABLE bim_photo; --\""_s},
+        {u"\"mark_id\""_s, u"\"unheard_of\""_s},
+        {u"\"uuid\":\""_s, u"\"uuid\":\"../../"_s},
+    };
+    for (const auto& [from, to] : crafts) {
+        BinSite site;
+        site.bin.DeleteBimPhotos({site.picId}, u"li"_s);
+        QString content = site.folder.Db().Value(u"SELECT content FROM bin"_s).toString();
+        ASSERT_TRUE(content.contains(from)) << content.toStdString();
+        site.folder.Db().Exec(u"UPDATE bin SET content = ?"_s, {content.replace(from, to)});
+        const QString text = site.RefusalOf(site.bin.List().front().id, Fault::kDamaged);
+        EXPECT_TRUE(text.contains(u"损坏"_s)) << to.toStdString();
+    }
+}
+
+TEST(Bin, WhereAFileBelongsIsAskedUnderTheWriteLock) {
+    BinSite site;
+    const QString uuid = site.folder.Db().Value(u"SELECT file_uuid FROM bim_photo"_s).toString();
+    site.folder.Store().MoveToBin(uuid); // another process restores it: its row is written last
+    site.folder.Db().Exec(u"DELETE FROM file WHERE uuid = ?"_s, {uuid});
+    Database restorer(site.folder.DatabasePath(), 100);
+    {
+        Transaction restoring(restorer);
+        restorer.Exec(u"INSERT INTO file VALUES (?, '', 5, 1, 1, 1)"_s, {uuid});
+        SetAside aside(site.folder.Path(), u"2026-11-22"_s);
+        EXPECT_THROW(site.bin.Reconcile(aside), DataError) << "decided on half of a restoration";
+        restoring.Commit();
+    }
+    site.Reconcile();
+    EXPECT_TRUE(site.folder.Store().Has(uuid));
+}
+
+TEST(Bin, AFileThatCannotBeMovedIsToldAndStays) {
+    BinSite site;
+    QStringList told;
+    site.folder.SetTold([&](const QString& text) { told << text; });
+    ASSERT_TRUE(QDir().rmdir(site.folder.BinPath()));
+    QFile inTheWay(site.folder.BinPath());
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    const QString uuid = site.folder.Db().Value(u"SELECT file_uuid FROM bim_photo"_s).toString();
+    EXPECT_EQ(site.bin.DeleteBimPhotos({site.picId}, u"li"_s), 1);
+    EXPECT_TRUE(site.folder.Store().Has(uuid));
+    ASSERT_EQ(told.size(), 2) << "picture and note";
+    EXPECT_TRUE(told.join(u' ').contains(uuid)) << told[0].toStdString();
+    ASSERT_TRUE(inTheWay.remove());
+    site.Reconcile();
+    EXPECT_EQ(site.folder.Store().NamesInBin().size(), 2U);
 }
 
 TEST(Bin, DrawingPhotosOfAnotherProjectStay) {

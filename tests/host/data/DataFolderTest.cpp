@@ -5,6 +5,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <limits>
+
 namespace host {
 
 using namespace Qt::StringLiterals;
@@ -45,6 +47,7 @@ TEST(DataFolder, AFreshFolderHasItsPartsAndThePresentSchema) {
     EXPECT_EQ(db.Value(u"SELECT max(version) FROM schema_version"_s).toInt(), kSchemaVersion);
     EXPECT_EQ(db.Value(u"PRAGMA journal_mode"_s).toString(), u"wal"_s);
     EXPECT_EQ(db.Value(u"PRAGMA foreign_keys"_s).toInt(), 1);
+    EXPECT_EQ(db.Value(u"PRAGMA synchronous"_s).toInt(), 2) << "FULL";
 }
 
 TEST(DataFolder, OpeningAgainKeepsTheDataAndMigratesNothing) {
@@ -62,6 +65,35 @@ TEST(DataFolder, ADatabaseOfALaterVersionIsRefused) {
     site.folder.Db().Exec(u"INSERT INTO schema_version VALUES (?, 0)"_s, {kSchemaVersion + 1});
     site.folder.Close();
     EXPECT_TRUE(FaultOfOpening(site.folder.Path(), Fault::kNewer).contains(u"升级"_s));
+}
+
+TEST(DataFolder, AVersionOutOfRangeIsASentence) {
+    for (const auto& [version, fault] : std::vector<std::pair<QVariant, Fault>>{
+             {-1, Fault::kDamaged},
+             {0, Fault::kDamaged},
+             {4'294'967'297LL, Fault::kNewer},
+             {std::numeric_limits<qint64>::max(), Fault::kNewer},
+         }) {
+        TempSite site;
+        site.folder.Db().Exec(u"DELETE FROM schema_version"_s);
+        site.folder.Db().Exec(u"INSERT INTO schema_version VALUES (?, 0)"_s, {version});
+        site.folder.Close();
+        EXPECT_FALSE(FaultOfOpening(site.folder.Path(), fault).isEmpty());
+    }
+}
+
+TEST(DataFolder, ATableOfVersionsOfAnotherProgramIsDamage) {
+    TempSite site;
+    site.folder.Close();
+    QFile::remove(site.folder.DatabasePath());
+    {
+        Database other(site.folder.DatabasePath(), kShortTimeoutMs);
+        other.Exec(u"CREATE TABLE schema_version (version TEXT)"_s);
+        other.Exec(u"INSERT INTO schema_version VALUES ('2.1')"_s);
+    }
+    FaultOfOpening(site.folder.Path(), Fault::kDamaged);
+    Database other(site.folder.DatabasePath(), kShortTimeoutMs);
+    EXPECT_EQ(other.Value(u"SELECT count(*) FROM sqlite_master"_s).toInt(), 1);
 }
 
 TEST(DataFolder, AFileThatIsNoDatabaseIsDamage) {

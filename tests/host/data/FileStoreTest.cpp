@@ -3,6 +3,7 @@
 #include "host/data/Database.h"
 #include "tests/host/data/TempSite.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 
@@ -77,6 +78,17 @@ TEST(FileStore, AFileWhoseProcessDiedAfterItsRowWasWrittenStays) {
     ASSERT_FALSE(site.folder.Open().has_value());
     EXPECT_TRUE(site.folder.Store().Has(uuid));
     EXPECT_FALSE(QDir(site.folder.StorePath() + u"/incoming/dead"_s).exists());
+}
+
+TEST(FileStore, AFileOfADeadProcessThatWentToTheBinStays) {
+    TempSite site;
+    const QString uuid = LeaveDeadNote(site.folder, "deleted");
+    site.folder.Db().Exec(u"INSERT INTO bin VALUES (1, 1, 1, 1, '', '', ?, '')"_s,
+                          {QDateTime::currentSecsSinceEpoch()});
+    site.folder.Db().Exec(u"INSERT INTO bin_file VALUES (?, 1)"_s, {uuid});
+    site.folder.Close();
+    ASSERT_FALSE(site.folder.Open().has_value());
+    EXPECT_EQ(site.folder.Store().PathOf(uuid), site.folder.BinPath() + u'/' + uuid);
 }
 
 TEST(FileStore, NotesOfALivingProcessAreLeftAlone) {

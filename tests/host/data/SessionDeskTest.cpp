@@ -1,6 +1,8 @@
 #include "host/data/SessionDesk.h"
 #include "host/data/RunningTransfer.h"
 
+#include <QStringList>
+
 #include <atomic>
 
 #include <gtest/gtest.h>
@@ -37,6 +39,19 @@ TEST(SessionDesk, DoesWorkOnlyWhileAFolderIsOpen) {
     EXPECT_EQ(done, 2);
     EXPECT_FALSE(desk.Run(count));
     EXPECT_EQ(desk.DataFolder(), QString());
+}
+
+TEST(SessionDesk, MessagesFromBeforeThereIsAWindowComeWithIt) {
+    SessionDesk desk;
+    desk.Report(MessageLevel::kWarning, u"移到一边"_s);
+    QStringList seen;
+    const auto sink = [&](MessageLevel, const QString& text) { seen << text; };
+    desk.SetMessageSink(sink);
+    EXPECT_EQ(seen, QStringList{u"移到一边"_s});
+    desk.Report(MessageLevel::kInfo, u"第二条"_s);
+    desk.SetMessageSink({});
+    desk.SetMessageSink(sink);
+    EXPECT_EQ(seen, (QStringList{u"移到一边"_s, u"第二条"_s})) << "each once";
 }
 
 TEST(SessionDesk, ClosingEndsWhatRunsAndWaitsForIt) {

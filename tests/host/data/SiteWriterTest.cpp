@@ -75,6 +75,28 @@ TEST(SiteWriter, ABatchThatIsNotCommittedLeavesNeitherRowsNorFiles) {
     EXPECT_TRUE(SiteWriter(site.folder).IsEmpty());
 }
 
+TEST(SiteWriter, NotesOfABatchStayUntilItsCommitIsOnTheDisk) {
+    TempSite site;
+    const auto notes = [&] {
+        int count = 0;
+        QDirIterator below(site.folder.StorePath() + u"/incoming"_s, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (below.hasNext()) {
+            count += below.next().endsWith(u".pid"_s) ? 0 : 1;
+        }
+        return count;
+    };
+    SiteWriter writer(site.folder);
+    writer.BeginBatch();
+    NewBimPhoto photo;
+    photo.ppid = writer.AddProject(u"一号楼"_s);
+    photo.fileName = u"a.jpg"_s;
+    writer.FilePhoto(photo, {{}, "x"}, {{}, "y"});
+    EXPECT_EQ(notes(), 2);
+    writer.CommitBatch();
+    EXPECT_EQ(notes(), 0);
+}
+
 TEST(SiteWriter, APhotoWhoseNameIsAPathIsRefusedAndLeavesNoFile) {
     TempSite site;
     SiteWriter writer(site.folder);

@@ -7,8 +7,11 @@
 #include "tests/host/sample/SampleChild.h"
 
 #include <QCoreApplication>
+#include <QDate>
 #include <QDir>
 #include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
 #include <QImageReader>
 #include <QLockFile>
 #include <QProcess>
@@ -62,6 +65,17 @@ struct EmptySite {
     QString error;
 };
 
+void WriteFile(const QString& path) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    file.write("mine");
+}
+
+QString AsideIn(const EmptySite& site, const QString& name) {
+    return site.folder.Path() + u"/set-aside/"_s + QDate::currentDate().toString(Qt::ISODate) +
+           u'/' + name;
+}
+
 } // namespace
 
 QStringList ChildWords(const QString& data, int killAt) {
@@ -87,6 +101,32 @@ std::optional<int> RunAsChild(const QStringList& words) {
         },
         error);
     return made ? 0 : 1;
+}
+
+TEST(SampleWorkshop, ALinkInItsPlaceIsMovedNotFollowed) {
+    EmptySite site;
+    const QString elsewhere = site.dir.filePath(u"elsewhere"_s);
+    ASSERT_TRUE(QDir().mkdir(elsewhere));
+    WriteFile(elsewhere + u"/0.jpg"_s);
+    ASSERT_TRUE(QFile::link(elsewhere, site.folder.Path() + u"/sample.part"_s));
+    EXPECT_FALSE(site.Create([](int, int, const QString&) { return false; }));
+    EXPECT_TRUE(QFile::exists(elsewhere + u"/0.jpg"_s));
+    EXPECT_TRUE(QFileInfo(AsideIn(site, u"sample.part"_s)).isSymLink());
+}
+
+TEST(SampleWorkshop, WhatItDidNotDrawIsSetAsideAndTold) {
+    EmptySite site;
+    QStringList told;
+    site.folder.SetTold([&](const QString& text) { told << text; });
+    const QString workshop = site.folder.Path() + u"/sample.part"_s;
+    ASSERT_TRUE(QDir().mkdir(workshop));
+    WriteFile(workshop + u"/0.jpg"_s); // left by a crash
+    WriteFile(workshop + u"/letter.txt"_s);
+    EXPECT_FALSE(site.Create([](int, int, const QString&) { return false; }));
+    EXPECT_EQ(QDir(AsideIn(site, u"sample.part"_s)).entryList(QDir::Files),
+              QStringList{u"letter.txt"_s});
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_FALSE(site.HasWorkshop());
 }
 
 /// One small site for the tests that only look at it.
@@ -211,9 +251,10 @@ TEST(SampleSite, ASecondClientIsToldThatTheFirstIsStillAtIt) {
 
 TEST(SampleSite, AFolderWithoutRoomSaysSo) {
     EmptySite site;
-    // A file where the workshop's folder should be stands for a disk that takes nothing more.
-    QFile blocker(site.folder.Path() + u"/sample.part"_s);
-    ASSERT_TRUE(blocker.open(QIODevice::WriteOnly));
+    // Files where the workshop's folder should be, and where they could be set aside, stand for a
+    // disk that takes nothing more.
+    WriteFile(site.folder.Path() + u"/sample.part"_s);
+    WriteFile(site.folder.Path() + u"/set-aside"_s);
     EXPECT_FALSE(site.Create());
     EXPECT_FALSE(site.error.isEmpty());
     site.ExpectNothing();

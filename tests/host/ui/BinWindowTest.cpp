@@ -109,6 +109,22 @@ TEST_F(BinOfAFolder, RestoresTheChosenRowAndLogsIt) {
     EXPECT_FALSE(button->isEnabled());
 }
 
+TEST_F(BinOfAFolder, AnUnknownKindIsListedAndTellsWhyItCannotComeBack) {
+    session.Folder()->Db().Exec(u"UPDATE bin SET kind = 7 WHERE title = '甲.jpg'"_s);
+    QStringList messages;
+    session.SetMessageSink([&](MessageLevel, const QString& text) { messages << text; });
+    SessionBin source(session);
+    const std::vector<BinRow> rows = source.ReadBin();
+    ASSERT_EQ(rows.size(), 3U);
+    const auto odd = std::find_if(rows.begin(), rows.end(),
+                                  [](const BinRow& row) { return row.name == u"甲.jpg"_s; });
+    ASSERT_NE(odd, rows.end());
+    EXPECT_EQ(odd->kind, u"未知类型（7）"_s);
+    EXPECT_EQ(source.RestoreFromBin({odd->binId}), 0);
+    ASSERT_EQ(messages.size(), 1);
+    EXPECT_TRUE(messages[0].contains(u"甲.jpg"_s)) << messages[0].toStdString();
+}
+
 TEST_F(BinOfAFolder, AFaultOfTheDataBecomesAMessageAndTheListIsEmpty) {
     QStringList messages;
     session.SetMessageSink([&](MessageLevel, const QString& text) { messages << text; });
