@@ -176,13 +176,15 @@ BimPhotos::FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markI
     return files;
 }
 
-void BimPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) {
+int BimPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) {
+    int count = 0;
     Transaction transaction(database);
     for (const qint32 picId : picIds) {
-        database.Exec(u"UPDATE bim_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
-                      {status, picId, ppid});
+        count += database.Exec(u"UPDATE bim_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
+                               {status, picId, ppid});
     }
     transaction.Commit();
+    return count;
 }
 
 void BimPhotos::MoveTo(qint32 ppid, qint32 picId, const QString& key, const QString& oldKey) {

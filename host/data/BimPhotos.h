@@ -26,8 +26,8 @@ public:
     [[nodiscard]] std::vector<KX_DATA::PicFileEntry>
     FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId);
 
-    /// Counts as a change by nobody: people and times stay.
-    void SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status);
+    /// Counts as a change by nobody: people and times stay. Returns how many there were.
+    int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status);
     /// False for an unknown photo of the project. `person` becomes the updater, `now` the time. The
     /// position key decides about floor and axes: they are what the model says of it, and stay
     /// where the model has the photo's key no longer. Throws, with nothing changed, for another key

@@ -153,13 +153,15 @@ bool Issues::Rectification(const QString& questionId, KX_DATA::RectifyRecord& re
     return found;
 }
 
-void Issues::SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status) {
+int Issues::SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status) {
+    int count = 0;
     Transaction transaction(database);
     for (const QString& questionId : questionIds) {
-        database.Exec(u"UPDATE issue SET status = ? WHERE question_id = ? AND ppid = ?"_s,
-                      {status, questionId, ppid});
+        count += database.Exec(u"UPDATE issue SET status = ? WHERE question_id = ? AND ppid = ?"_s,
+                               {status, questionId, ppid});
     }
     transaction.Commit();
+    return count;
 }
 
 std::vector<qint32> Issues::UsedMarks() {

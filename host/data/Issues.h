@@ -27,8 +27,8 @@ public:
                             std::vector<KX_DATA::QuestionPicRecord>& pics);
     /// An issue that nobody has worked on has an empty text and rectifier.
     [[nodiscard]] bool Rectification(const QString& questionId, KX_DATA::RectifyRecord& record);
-    /// Counts as a change by nobody: people and times stay.
-    void SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status);
+    /// Counts as a change by nobody: people and times stay. Returns how many there were.
+    int SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status);
     /// Marks in use on any issue that the mark table knows.
     [[nodiscard]] std::vector<qint32> UsedMarks();
 

@@ -112,13 +112,15 @@ bool PdfPhotos::PicDetail(qint32 ppid, qint32 picId, KX_DATA::CheckpointPicDetai
     return found;
 }
 
-void PdfPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) {
+int PdfPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) {
+    int count = 0;
     Transaction transaction(database);
     for (const qint32 picId : picIds) {
-        database.Exec(u"UPDATE pdf_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
-                      {status, picId, ppid});
+        count += database.Exec(u"UPDATE pdf_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
+                               {status, picId, ppid});
     }
     transaction.Commit();
+    return count;
 }
 
 bool PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const QString& person,

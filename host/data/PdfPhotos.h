@@ -22,8 +22,8 @@ public:
     /// False for an unknown photo of the project, here and below.
     [[nodiscard]] bool Detail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail);
     [[nodiscard]] bool PicDetail(qint32 ppid, qint32 picId, KX_DATA::CheckpointPicDetail& detail);
-    /// Counts as a change by nobody: people and times stay.
-    void SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status);
+    /// Counts as a change by nobody: people and times stay. Returns how many there were.
+    int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status);
     /// A point of 0 or less leaves the photo where it is; false for a point of another project too.
     bool Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const QString& person,
                 qint64 now);

@@ -26,18 +26,18 @@ bool PDFDrawingMng::DeleteComment(qint32 /*drawingId*/, qint64 /*commentId*/) {
 
 qint32 PDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) {
     return Guarded(u"读取检查点"_s, 0, [&](HostSession& session) {
-        return PdfPhotos(session.Folder()->Db()).Checkpoint(drawingId, record) ? KX_DATA::kServiceOk
-                                                                               : 0;
+        RequireFound(PdfPhotos(session.Folder()->Db()).Checkpoint(drawingId, record), u"检查点"_s);
+        return KX_DATA::kServiceOk;
     });
 }
 
 qint32 PDFDrawingMng::UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) {
     value = 0;
     return Guarded(u"修改检查点"_s, 0, [&](HostSession& session) {
-        return PdfPhotos(session.Folder()->Db())
-                       .UpdateCheckpoint(edit, QDateTime::currentSecsSinceEpoch())
-                   ? KX_DATA::kServiceOk
-                   : 0;
+        RequireFound(PdfPhotos(session.Folder()->Db())
+                         .UpdateCheckpoint(edit, QDateTime::currentSecsSinceEpoch()),
+                     u"检查点"_s);
+        return KX_DATA::kServiceOk;
     });
 }
 

@@ -5,6 +5,7 @@
 
 #include <QLoggingCategory>
 
+#include <cstddef>
 #include <exception>
 #include <utility>
 
@@ -20,6 +21,16 @@ template <typename Result> Result Unimplemented(const char* operation, Result fa
 inline void Unimplemented(const char* operation) {
     qCWarning(serviceLog, "%s is not available yet", operation);
 }
+
+/// Inside of Guarded: what was asked for isn't there, perhaps any more. `name` names it.
+inline void RequireFound(bool found, const QString& name) {
+    if (!found) {
+        throw DataError(Fault::kMissing, FaultText(Fault::kMissing, name));
+    }
+}
+
+/// The same for a change of several: none of them there is a fault, fewer than asked for is told.
+void RequireSome(HostSession& session, const QString& what, int done, size_t asked);
 
 /// Tells log and message bar of a fault; `what` is the operation in Chinese.
 void ReportFault(const QString& what, const std::exception& fault);

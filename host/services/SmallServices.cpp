@@ -18,6 +18,18 @@ void ReportFault(const QString& what, const std::exception& fault) {
     }
 }
 
+void RequireSome(HostSession& session, const QString& what, int done, size_t asked) {
+    RequireFound(done > 0 || asked == 0,
+                 asked == 1 ? u"所选的一项"_s : u"所选的 %1 项"_s.arg(asked));
+    if (static_cast<size_t>(done) < asked) {
+        session.ReportHostMessage(
+            MessageLevel::kWarning,
+            u"%1：%2 项已完成，另外 %3 项已不存在，可能已被他人删除，请刷新（F5）。"_s.arg(what)
+                .arg(done)
+                .arg(asked - static_cast<size_t>(done)));
+    }
+}
+
 void SysMng::WriteActionLog(const QString& action) {
     Guarded(u"记录操作日志"_s, false, [&](HostSession& session) {
         session.LogAction(action);

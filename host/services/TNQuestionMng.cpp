@@ -65,7 +65,9 @@ void TNQuestionMng::GetIssueFilterList(quint8 flag, const qint64* from, const qi
 bool TNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
     return Guarded(u"删除TN问题"_s, false, [&](HostSession& session) {
         const DataFolder& folder = *session.Folder();
-        Bin(folder.Db(), folder.Store()).DeleteIssues(questionIds, session.UserName());
+        const int gone =
+            Bin(folder.Db(), folder.Store()).DeleteIssues(questionIds, session.UserName());
+        RequireSome(session, u"删除TN问题"_s, gone, questionIds.size());
         return true;
     });
 }
@@ -73,8 +75,10 @@ bool TNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
 bool TNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& questionIds,
                                    bool hidden) {
     return Guarded(u"修改问题状态"_s, false, [&](HostSession& session) {
-        Issues(session.Folder()->Db())
-            .SetStatus(ppid, questionIds, hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown);
+        const int changed = Issues(session.Folder()->Db())
+                                .SetStatus(ppid, questionIds,
+                                           hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown);
+        RequireSome(session, u"修改问题状态"_s, changed, questionIds.size());
         return true;
     });
 }
@@ -82,7 +86,8 @@ bool TNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& ques
 qint32 TNQuestionMng::GetIssueDetail(const qint32& ppid, const QString& questionId,
                                      KX_DATA::QuestionDetail& detail) {
     return Guarded(u"读取TN问题"_s, 0, [&](HostSession& session) {
-        return Issues(session.Folder()->Db()).Detail(ppid, questionId, detail) ? 1 : 0;
+        RequireFound(Issues(session.Folder()->Db()).Detail(ppid, questionId, detail), u"TN问题"_s);
+        return 1;
     });
 }
 
@@ -93,13 +98,15 @@ bool TNQuestionMng::UpdateIssue(qint32 /*ppid*/, const KX_DATA::IssueUpdate& /*u
 qint32 TNQuestionMng::GetIssuePics(const qint32& ppid, const QString& questionId, qint32 /*kind*/,
                                    std::vector<KX_DATA::QuestionPicRecord>& pics) {
     return Guarded(u"读取问题照片"_s, 0, [&](HostSession& session) {
-        return Issues(session.Folder()->Db()).Pics(ppid, questionId, pics) ? 1 : 0;
+        RequireFound(Issues(session.Folder()->Db()).Pics(ppid, questionId, pics), u"TN问题"_s);
+        return 1;
     });
 }
 
 bool TNQuestionMng::GetRectification(const QString& questionId, KX_DATA::RectifyRecord& record) {
     return Guarded(u"读取整改情况"_s, false, [&](HostSession& session) {
-        return Issues(session.Folder()->Db()).Rectification(questionId, record);
+        RequireFound(Issues(session.Folder()->Db()).Rectification(questionId, record), u"TN问题"_s);
+        return true;
     });
 }
 

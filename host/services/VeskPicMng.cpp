@@ -30,6 +30,10 @@ template <typename Work> bool Done(const QString& what, Work work) {
     return Guarded(what, false, work);
 }
 
+qint32 StatusOf(bool hidden) {
+    return hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown;
+}
+
 qint64 Now() {
     return QDateTime::currentSecsSinceEpoch();
 }
@@ -97,7 +101,9 @@ void VeskPicMng::GetBimPicFilterValues(qint64 from, qint64 to, quint8 flag,
 bool VeskPicMng::DeleteBimPics(const std::vector<qint32>& picIds) {
     return Done(u"删除BIM模型照片"_s, [&](HostSession& session) {
         const DataFolder& folder = *session.Folder();
-        Bin(folder.Db(), folder.Store()).DeleteBimPhotos(picIds, session.UserName());
+        const int gone =
+            Bin(folder.Db(), folder.Store()).DeleteBimPhotos(picIds, session.UserName());
+        RequireSome(session, u"删除BIM模型照片"_s, gone, picIds.size());
         return true;
     });
 }
@@ -105,7 +111,9 @@ bool VeskPicMng::DeleteBimPics(const std::vector<qint32>& picIds) {
 bool VeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) {
     return Done(u"删除平面图纸照片"_s, [&](HostSession& session) {
         const DataFolder& folder = *session.Folder();
-        Bin(folder.Db(), folder.Store()).DeletePdfPhotos(ppid, picIds, session.UserName());
+        const int gone =
+            Bin(folder.Db(), folder.Store()).DeletePdfPhotos(ppid, picIds, session.UserName());
+        RequireSome(session, u"删除平面图纸照片"_s, gone, picIds.size());
         return true;
     });
 }
@@ -115,23 +123,25 @@ qint32 VeskPicMng::DeleteCheckpointPic(qint32 drawingId, qint32 picId) {
         const DataFolder& folder = *session.Folder();
         // The viewers call the checkpoint a drawing.
         const qint32 ppid = PdfPhotos(folder.Db()).ProjectOf(drawingId, picId);
-        Bin bin(folder.Db(), folder.Store());
-        return ppid != 0 ? bin.DeletePdfPhotos(ppid, {picId}, session.UserName()) : 0;
+        RequireFound(ppid != 0, u"检查点照片"_s);
+        return Bin(folder.Db(), folder.Store()).DeletePdfPhotos(ppid, {picId}, session.UserName());
     });
 }
 
 bool VeskPicMng::SetBimPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) {
     return Done(u"修改照片状态"_s, [&](HostSession& session) {
-        BimPhotos(session.Folder()->Db())
-            .SetStatus(ppid, picIds, hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown);
+        const int changed =
+            BimPhotos(session.Folder()->Db()).SetStatus(ppid, picIds, StatusOf(hidden));
+        RequireSome(session, u"修改照片状态"_s, changed, picIds.size());
         return true;
     });
 }
 
 bool VeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) {
     return Done(u"修改照片状态"_s, [&](HostSession& session) {
-        PdfPhotos(session.Folder()->Db())
-            .SetStatus(ppid, picIds, hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown);
+        const int changed =
+            PdfPhotos(session.Folder()->Db()).SetStatus(ppid, picIds, StatusOf(hidden));
+        RequireSome(session, u"修改照片状态"_s, changed, picIds.size());
         return true;
     });
 }
@@ -139,9 +149,9 @@ bool VeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds,
 qint32 VeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
         KX_DATA::BimPicDetail found;
-        if (!BimPhotos(session.Folder()->Db()).Detail(ppid, picId, found) ||
-            found.status != KX_DATA::kStatusShown) {
-            return false;
+        RequireFound(BimPhotos(session.Folder()->Db()).Detail(ppid, picId, found), u"照片"_s);
+        if (found.status != KX_DATA::kStatusShown) {
+            return false; // the module says so itself
         }
         detail = found;
         return true;
@@ -150,7 +160,8 @@ qint32 VeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId, KX_DATA::BimPicDet
 
 qint32 VeskPicMng::GetPdfPicDetail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
-        return PdfPhotos(session.Folder()->Db()).Detail(ppid, picId, detail);
+        RequireFound(PdfPhotos(session.Folder()->Db()).Detail(ppid, picId, detail), u"照片"_s);
+        return true;
     });
 }
 
@@ -178,17 +189,19 @@ qint32 VeskPicMng::GetFloorAxesY(qint32 ppid, const QString& floor, const QStrin
 
 bool VeskPicMng::UpdateBimPic(qint32 ppid, const KX_DATA::BimPicUpdate& update) {
     return Done(u"修改照片"_s, [&](HostSession& session) {
-        BimPhotos photos(session.Folder()->Db());
-        if (!photos.Update(ppid, update, session.UserName(), Now())) {
-            throw DataError(Fault::kMissing, FaultText(Fault::kMissing, update.fileName));
-        }
+        RequireFound(
+            BimPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now()),
+            update.fileName);
         return true;
     });
 }
 
 bool VeskPicMng::UpdatePdfPic(qint32 ppid, const KX_DATA::PdfPicUpdate& update) {
     return Done(u"修改照片"_s, [&](HostSession& session) {
-        return PdfPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now());
+        RequireFound(
+            PdfPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now()),
+            update.fileName);
+        return true;
     });
 }
 
@@ -203,7 +216,8 @@ qint32 VeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,
 qint32 VeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
                                      KX_DATA::CheckpointPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
-        return PdfPhotos(session.Folder()->Db()).PicDetail(ppid, picId, detail);
+        RequireFound(PdfPhotos(session.Folder()->Db()).PicDetail(ppid, picId, detail), u"照片"_s);
+        return true;
     });
 }
 

@@ -10,7 +10,7 @@ using hosttest::ServiceSite;
 TEST(BimChanges, HidingKeepsToTheProjectAndChangesNeitherPeopleNorTimes) {
     ServiceSite site;
     const qint32 id = site.AddPhoto([](NewBimPhoto&) {});
-    EXPECT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.second, {id}, true));
+    EXPECT_FALSE(GetVeskPicMng()->SetBimPicsShown(site.second, {id}, true));
     EXPECT_EQ(site.Photos(site.Filter())[0].status, 0);
     EXPECT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.first, {id}, true));
     const auto row = site.Photos(site.Filter())[0];

@@ -169,11 +169,11 @@ TEST(PdfPics, AChangedPhotoMovesToAnotherPointWithItsMark) {
 TEST(PdfPics, HidingShowingAndDeletingKeepToTheProject) {
     PdfSite site;
     const qint32 picId = site.AddPdf(0, u"a.jpg"_s);
-    EXPECT_TRUE(GetVeskPicMng()->SetPdfPicsShown(site.second, {picId}, true));
+    EXPECT_FALSE(GetVeskPicMng()->SetPdfPicsShown(site.second, {picId}, true));
     EXPECT_EQ(site.Query(site.PdfFilter())[0].status, 0);
     EXPECT_TRUE(GetVeskPicMng()->SetPdfPicsShown(site.first, {picId}, true));
     EXPECT_EQ(site.Query(site.PdfFilter())[0].status, 1);
-    EXPECT_TRUE(GetVeskPicMng()->DeletePdfPics(site.second, {picId}));
+    EXPECT_FALSE(GetVeskPicMng()->DeletePdfPics(site.second, {picId}));
     EXPECT_EQ(site.Query(site.PdfFilter()).size(), 1u);
     EXPECT_EQ(GetVeskPicMng()->DeleteCheckpointPic(site.points[1], picId), 0);
     EXPECT_NE(GetVeskPicMng()->DeleteCheckpointPic(site.points[0], picId), 0);
