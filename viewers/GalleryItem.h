@@ -30,6 +30,7 @@ struct GalleryItem {
     QRect thumbRect;         ///< device-independent pixels of the pane; valid for visible items
     QRect coverRect;         ///< part of the picture that fills `thumbRect`, upright image pixels
     bool unreadable = false; ///< the file is there but can't be decoded
+    bool fileThere = true;   ///< of a picture on disk, when it was last looked at
     QSize picSize;           ///< upright, image pixels; empty until it is known
     std::shared_ptr<CKxMemDC> thumbDC; ///< rendering of the thumbnail; null until it is painted
 };

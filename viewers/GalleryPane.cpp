@@ -58,7 +58,15 @@ bool GalleryPane::event(QEvent* event) {
                                m_events->TipPlace(help->pos()));
         return true;
     }
+    if (event->type() == QEvent::ScreenChangeInternal && m_events != nullptr)
+        m_events->OnShown();
     return QWidget::event(event);
+}
+
+void GalleryPane::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (m_events != nullptr)
+        m_events->OnShown();
 }
 
 bool GalleryPane::eventFilter(QObject* watched, QEvent* event) {

@@ -20,6 +20,8 @@ class IGalleryEvents {
 public:
     virtual ~IGalleryEvents() = default;
 
+    /// The pane comes up, or to another screen.
+    virtual void OnShown() = 0;
     /// @param onScreen  false: somebody takes a picture of the pane, which must be complete.
     virtual void OnPaint(QPainter& painter, const QRegion& region, bool onScreen) = 0;
     virtual void OnLeftButtonDown(const QPoint& point) = 0;
@@ -63,6 +65,7 @@ signals:
 protected:
     bool event(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

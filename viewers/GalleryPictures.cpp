@@ -6,6 +6,7 @@
 #include "toolkit/WindowRegistry.h"
 #include "viewers/Decoders.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 
@@ -28,13 +29,6 @@ bool LacksThumb(const GalleryItem& item, qreal ratio) {
            (!item.thumbDC || item.thumbDC->DeviceSize() != ThumbSize(item, ratio));
 }
 
-void MarkUnreadable(GalleryItem& item) {
-    item.unreadable = true;
-    item.picSize = {};
-    item.coverRect = {};
-    item.thumbDC.reset();
-}
-
 void PutThumb(GalleryItem& item, QImage image, qreal ratio) {
     if (image.isNull()) {
         MarkUnreadable(item);
@@ -42,6 +36,21 @@ void PutThumb(GalleryItem& item, QImage image, qreal ratio) {
     }
     image.setDevicePixelRatio(ratio);
     item.thumbDC = std::make_shared<CKxMemDC>(image);
+}
+
+toolkit::PictureRequest ThumbRequest(const GalleryItem& item, qreal ratio) {
+    toolkit::PictureRequest request;
+    request.path = item.picPath;
+    request.part = item.coverRect;
+    request.size = ThumbSize(item, ratio);
+    return request;
+}
+
+/// Whether a job decodes the thumbnail that an item lacks.
+bool Serves(const DecodeJob& job, const GalleryItem& item, qreal ratio) {
+    const toolkit::PictureRequest& request = job.Request();
+    return LacksThumb(item, ratio) && request.path == item.picPath &&
+           request.part == item.coverRect && request.size == ThumbSize(item, ratio);
 }
 
 void FreeFarThumbs(std::vector<GalleryItem>& items, const ItemRange& range) {
@@ -61,6 +70,13 @@ QRect WithMargin(const QRect& part, const QSize& whole) {
 
 } // namespace
 
+void MarkUnreadable(GalleryItem& item) {
+    item.unreadable = true;
+    item.picSize = {};
+    item.coverRect = {};
+    item.thumbDC.reset();
+}
+
 QSize DeviceSize(const QSize& size, qreal ratio) {
     return {qRound(size.width() * ratio), qRound(size.height() * ratio)};
 }
@@ -71,15 +87,12 @@ QSize GalleryPictures::SizeOf(GalleryItem& item) {
     return item.picSize;
 }
 
-QImage GalleryPictures::Big(GalleryItem& item, const QSize& size, qreal ratio) {
+QImage GalleryPictures::Big(const GalleryItem& item, const QSize& size, qreal ratio) {
     std::optional<toolkit::WaitCursor> wait;
     if (qint64(item.picSize.width()) * item.picSize.height() > kSlowPixels)
         wait.emplace();
     QImage image = m_cache.Get(item.picPath, DeviceSize(size, ratio));
-    if (image.isNull())
-        MarkUnreadable(item);
-    else
-        image.setDevicePixelRatio(ratio);
+    image.setDevicePixelRatio(ratio);
     return image;
 }
 
@@ -92,15 +105,6 @@ void GalleryPictures::LookAhead(GalleryState& state, int step, qreal ratio) {
         return;
     const QSize size = place.size() - QSize(2 * kPictureMargin, 2 * kPictureMargin);
     m_cache.Prepare(next->picPath, DeviceSize(size, ratio));
-}
-
-bool GalleryPictures::LacksThumbs(const std::vector<GalleryItem>& items, const ItemRange& range,
-                                  qreal ratio) {
-    for (int i = range.first; !range.IsNone() && i <= range.last; ++i) {
-        if (LacksThumb(items[size_t(i)], ratio))
-            return true;
-    }
-    return false;
 }
 
 QImage GalleryPictures::ThumbFromBig(const GalleryItem& item, const QSize& deviceSize) const {
@@ -117,46 +121,81 @@ QImage GalleryPictures::ThumbFromBig(const GalleryItem& item, const QSize& devic
     return big.copy(part).scaled(deviceSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
-void GalleryPictures::MakeThumbs(std::vector<GalleryItem>& items, const ItemRange& range,
-                                 qreal ratio) {
-    if (!LacksThumbs(items, range, ratio))
-        return;
-    std::vector<std::pair<int, std::shared_ptr<DecodeJob>>> jobs;
-    for (int i = range.first; i <= range.last; ++i) {
+/// What is on its way and serves none of the range's items.
+void GalleryPictures::GiveUpThumbs(const std::vector<GalleryItem>& items, const ItemRange& range,
+                                   qreal ratio) {
+    m_thumbs.remove_if([&](const std::shared_ptr<DecodeJob>& job) {
+        for (int i = range.first; !range.IsNone() && i <= range.last; ++i) {
+            if (Serves(*job, items[size_t(i)], ratio))
+                return false;
+        }
+        job->GiveUp();
+        return true;
+    });
+}
+
+void GalleryPictures::WantThumbs(std::vector<GalleryItem>& items, const ItemRange& range,
+                                 qreal ratio, toolkit::WindowId window) {
+    GiveUpThumbs(items, range, ratio);
+    FreeFarThumbs(items, range);
+    // What is handed in last is decoded first: the strip fills from its start.
+    for (int i = range.last; !range.IsNone() && i >= range.first; --i) {
         GalleryItem& item = items[size_t(i)];
-        if (!LacksThumb(item, ratio))
+        const auto serves = [&](const auto& job) { return Serves(*job, item, ratio); };
+        if (!LacksThumb(item, ratio) || std::any_of(m_thumbs.begin(), m_thumbs.end(), serves))
             continue;
         const QImage image = ThumbFromBig(item, ThumbSize(item, ratio));
         if (!image.isNull()) {
             PutThumb(item, image, ratio);
             continue;
         }
-        toolkit::PictureRequest request;
-        request.path = item.picPath;
-        request.part = item.coverRect;
-        request.size = ThumbSize(item, ratio);
-        jobs.emplace_back(i, std::make_shared<DecodeJob>(request));
+        m_thumbs.push_front(std::make_shared<DecodeJob>(ThumbRequest(item, ratio), [window] {
+            toolkit::PostWindowEvent(window, kThumbReady);
+        }));
+        DecodeInBackground(m_thumbs.front(), Urgency::Wanted);
     }
-    // The decoders begin at the far end, this thread at the near one, until they meet.
-    for (const auto& job : jobs)
-        DecodeInBackground(job.second, Urgency::Wanted);
-    for (const auto& job : jobs)
-        PutThumb(items[size_t(job.first)], job.second->Get(), ratio);
-    FreeFarThumbs(items, range);
 }
 
-QImage GalleryPictures::Default(const QString& path, const QSize& size, qreal ratio) {
-    if (!m_defaultPicDC) {
-        toolkit::PictureRequest request;
-        request.path = path;
-        request.part =
-            KXTools::RectToCoverParent(QRect(QPoint(0, 0), size), toolkit::ReadPictureSize(path));
-        request.size = DeviceSize(size, ratio);
-        QImage image = request.part.isEmpty() ? QImage() : toolkit::DecodePicture(request);
-        image.setDevicePixelRatio(ratio);
-        m_defaultPicDC = std::make_unique<CKxMemDC>(image);
-    }
-    return m_defaultPicDC->Bitmap();
+std::vector<int> GalleryPictures::TakeThumbs(std::vector<GalleryItem>& items, qreal ratio) {
+    std::vector<int> changed;
+    m_thumbs.remove_if([&](const std::shared_ptr<DecodeJob>& job) {
+        if (!job->IsDone())
+            return false;
+        for (size_t i = 0; i < items.size(); ++i) {
+            if (!Serves(*job, items[i], ratio))
+                continue;
+            PutThumb(items[i], job->GetIfDone(), ratio);
+            changed.push_back(int(i));
+        }
+        return true;
+    });
+    return changed;
+}
+
+void GalleryPictures::MakeThumbs(std::vector<GalleryItem>& items, const ItemRange& range,
+                                 qreal ratio, toolkit::WindowId window) {
+    WantThumbs(items, range, ratio, window);
+    // The decoders begin at the near end, this thread at the far one, until they meet.
+    for (auto job = m_thumbs.rbegin(); job != m_thumbs.rend(); ++job)
+        static_cast<void>((*job)->Get());
+    static_cast<void>(TakeThumbs(items, ratio));
+}
+
+void GalleryPictures::MakeDefault(const QString& path, const QSize& size, qreal ratio) {
+    if (m_defaultPicDC)
+        return;
+    toolkit::PictureRequest request;
+    request.path = path;
+    request.part =
+        KXTools::RectToCoverParent(QRect(QPoint(0, 0), size), toolkit::ReadPictureSize(path));
+    request.size = DeviceSize(size, ratio);
+    QImage image = request.part.isEmpty() ? QImage() : toolkit::DecodePicture(request);
+    image.setDevicePixelRatio(ratio);
+    m_defaultPicDC = std::make_unique<CKxMemDC>(image);
+}
+
+QImage GalleryPictures::Default() const {
+    return m_defaultPicDC ? m_defaultPicDC->Bitmap() : QImage();
 }
 
 void GalleryPictures::StartSharp(const GalleryState& state, const QRect& part,
@@ -172,26 +211,30 @@ void GalleryPictures::StartSharp(const GalleryState& state, const QRect& part,
     DecodeInBackground(m_sharpJob, Urgency::Wanted);
 }
 
-PlacedImage GalleryPictures::Sharp(const GalleryState& state, toolkit::WindowId window,
-                                   qreal ratio) {
-    const ZoomView view = ViewOf(state, ratio);
-    const QRect part = VisiblePart(state.zoom, view);
-    if (part.isEmpty())
-        return {};
+void GalleryPictures::WantSharp(const GalleryState& state, toolkit::WindowId window, qreal ratio) {
+    const QRect part = VisiblePart(state.zoom, ViewOf(state, ratio));
+    if (state.zoom.fit || part.isEmpty())
+        return;
     if (m_sharpJob && m_sharpScale != state.zoom.scale)
         ForgetSharp();
-    if (!m_sharpJob)
-        StartSharp(state, part, window);
-    QImage image = m_sharpJob->GetIfDone();
+    if (m_sharpJob && (!m_sharpJob->IsDone() || m_sharpJob->Request().part.contains(part)))
+        return;
+    m_sharpBefore = std::move(m_sharpJob);
+    StartSharp(state, part, window);
+}
+
+PlacedImage GalleryPictures::Sharp(const GalleryState& state, qreal ratio) const {
+    const bool usable = m_sharpJob && m_sharpScale == state.zoom.scale;
+    const bool before = usable && !m_sharpJob->IsDone();
+    const std::shared_ptr<DecodeJob>& job = before ? m_sharpBefore : m_sharpJob;
+    QImage image = usable && job ? job->GetIfDone() : QImage();
     if (image.isNull())
         return {};
     image.setDevicePixelRatio(ratio);
-    const QRect decoded = m_sharpJob->Request().part;
-    const QPointF corner = ZoomedRect(state.zoom, view).topLeft();
+    const QRect decoded = job->Request().part;
+    const QPointF corner = ZoomedRect(state.zoom, ViewOf(state, ratio)).topLeft();
     const QPointF offset(std::round(decoded.x() * m_sharpScale),
                          std::round(decoded.y() * m_sharpScale));
-    if (!decoded.contains(part))
-        StartSharp(state, part, window);
     return {QRectF(corner + offset / ratio, image.deviceIndependentSize()), image};
 }
 
@@ -199,10 +242,14 @@ void GalleryPictures::ForgetSharp() {
     if (m_sharpJob)
         m_sharpJob->GiveUp();
     m_sharpJob.reset();
+    m_sharpBefore.reset();
 }
 
 void GalleryPictures::Clear() {
     ForgetSharp();
+    for (const std::shared_ptr<DecodeJob>& job : m_thumbs)
+        job->GiveUp();
+    m_thumbs.clear();
     m_cache.Clear();
     m_defaultPicDC.reset();
 }

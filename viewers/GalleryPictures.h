@@ -9,12 +9,19 @@
 #include <QImage>
 #include <QString>
 
+#include <list>
 #include <memory>
+#include <vector>
 
 namespace gallery {
 
-/// Posted to the gallery's window when the sharp part of a zoomed picture is decoded.
-inline constexpr int kSharpPartReady = 1100;
+/// Posted to the gallery's window.
+enum PictureEvent {
+    kSharpPartReady = 1100,    ///< by a decoder: the sharp part of a zoomed picture
+    kThumbReady = 1101,        ///< by a decoder: a thumbnail, TakeThumbs has it
+    kPaneShown = 1102,         ///< the pane came up
+    kPictureUnreadable = 1103, ///< by a paint: the big picture of item `first` can't be decoded
+};
 
 /// Decodes files on the calling thread and on the decoders, each at most once for what is shown.
 /// Sizes are device-independent pixels, `ratio` the device pixels in one of them.
@@ -27,39 +34,53 @@ public:
     /// item once it is known.
     [[nodiscard]] static QSize SizeOf(GalleryItem& item);
 
-    /// The whole picture at a size. Null, and the item is marked, if it can't be decoded.
-    [[nodiscard]] QImage Big(GalleryItem& item, const QSize& size, qreal ratio);
+    /// The whole picture at a size, decoded now unless it is prepared; null if it can't be.
+    [[nodiscard]] QImage Big(const GalleryItem& item, const QSize& size, qreal ratio);
     /// Decodes the picture that the user is likely to step to next.
     void LookAhead(GalleryState& state, int step, qreal ratio);
     /// The user went to an item: what is prepared for others is given up.
     void GoTo(const GalleryItem& item) { m_cache.GiveUpOthers(item.picPath); }
 
-    /// Renders the thumbnails of a range that are on disk and have no rendering yet; those far away
-    /// from it are freed.
-    void MakeThumbs(std::vector<GalleryItem>& items, const ItemRange& range, qreal ratio);
-    /// Whether MakeThumbs would have to decode a file.
-    [[nodiscard]] static bool LacksThumbs(const std::vector<GalleryItem>& items,
-                                          const ItemRange& range, qreal ratio);
+    /// Has the decoders render the thumbnails of a range that are on disk and have no rendering
+    /// yet; the window is told of each. Those far away from the range are freed, what is on its way
+    /// for other places is given up.
+    void WantThumbs(std::vector<GalleryItem>& items, const ItemRange& range, qreal ratio,
+                    toolkit::WindowId window);
+    /// Gives the items what has been decoded; the places of those that changed, each once.
+    std::vector<int> TakeThumbs(std::vector<GalleryItem>& items, qreal ratio);
+    [[nodiscard]] bool AwaitsThumbs() const { return !m_thumbs.empty(); }
+    /// The same at once, on this thread too.
+    void MakeThumbs(std::vector<GalleryItem>& items, const ItemRange& range, qreal ratio,
+                    toolkit::WindowId window);
 
-    /// Rendered once, at the size asked for first; null if there is no such file.
-    [[nodiscard]] QImage Default(const QString& path, const QSize& size, qreal ratio);
+    /// Rendered once, at the size asked for first.
+    void MakeDefault(const QString& path, const QSize& size, qreal ratio);
+    /// Null before MakeDefault and if there is no such file.
+    [[nodiscard]] QImage Default() const;
 
-    /// The visible part of a zoomed picture at its own sharpness, or null while it isn't there;
-    /// then it is on its way and the window is told of it.
-    [[nodiscard]] PlacedImage Sharp(const GalleryState& state, toolkit::WindowId window,
-                                    qreal ratio);
+    /// Has the decoders render the visible part of a zoomed picture at its own sharpness, unless it
+    /// is there or on its way; the window is told of it.
+    void WantSharp(const GalleryState& state, toolkit::WindowId window, qreal ratio);
+    /// That part, or null while it isn't there.
+    [[nodiscard]] PlacedImage Sharp(const GalleryState& state, qreal ratio) const;
     void ForgetSharp();
     void Clear();
 
 private:
     [[nodiscard]] QImage ThumbFromBig(const GalleryItem& item, const QSize& deviceSize) const;
+    void GiveUpThumbs(const std::vector<GalleryItem>& items, const ItemRange& range, qreal ratio);
     void StartSharp(const GalleryState& state, const QRect& part, toolkit::WindowId window);
 
     PictureCache m_cache;
+    std::list<std::shared_ptr<DecodeJob>> m_thumbs; ///< on their way
     std::unique_ptr<CKxMemDC> m_defaultPicDC;
     std::shared_ptr<DecodeJob> m_sharpJob;
+    std::shared_ptr<DecodeJob> m_sharpBefore; ///< of the same scale, shown until the job is done
     double m_sharpScale = 0;
 };
+
+/// The file turned out to be no picture: nothing more is asked of it.
+void MarkUnreadable(GalleryItem& item);
 
 /// Device pixels of a size.
 [[nodiscard]] QSize DeviceSize(const QSize& size, qreal ratio);

@@ -110,6 +110,7 @@ void CPicViewDlg::SetPicItems(const std::vector<GalleryItem>& items) {
     ClearPicItems();
     for (GalleryItem& item : copy) {
         item.thumbDC.reset();
+        item.fileThere = true;
         if (ZelvorNRQ_KXVeskPicture::IsFetched(item.picPath))
             item.picState = kOnDisk;
         if (item.audioUuid.isEmpty())
@@ -137,6 +138,8 @@ void CPicViewDlg::SetPicRects(const QRect& bigArea, const QRect& stripArea) {
     const QRect oldBig = m_state.bigArea;
     const QRect oldStrip = m_state.stripArea;
     gallery::PlaceAreas(m_state, bigArea, stripArea, Sizes());
+    m_state.zoom = gallery::ClampZoom(m_state.zoom, gallery::ViewOf(m_state, Ratio()));
+    m_pictures.WantSharp(m_state, Id(), Ratio());
     EraseFreed(oldBig, oldStrip);
 }
 
@@ -160,7 +163,7 @@ void CPicViewDlg::PageStrip(bool forward) {
     if (!gallery::PageStrip(m_state, forward, Sizes()))
         return;
     RunStripSlide();
-    Repaint(m_state.stripArea);
+    RepaintStrip();
 }
 
 gallery::SizeReader CPicViewDlg::Sizes() {
@@ -183,8 +186,18 @@ qintptr CPicViewDlg::OnEvent(const toolkit::WindowEvent& event) {
         OnDownloadProgress(named->key, int(event.second));
         return 1;
     case gallery::kSharpPartReady:
+        m_pictures.WantSharp(m_state, Id(), Ratio());
         if (m_pane)
             m_pane->update(m_state.bigArea);
+        return 1;
+    case gallery::kThumbReady:
+        OnThumbReady();
+        return 1;
+    case gallery::kPaneShown:
+        PrepareStrip();
+        return 1;
+    case gallery::kPictureUnreadable:
+        OnUnreadable(int(event.first));
         return 1;
     default:
         return CPopTipDlg::OnEvent(event);
@@ -193,7 +206,7 @@ qintptr CPicViewDlg::OnEvent(const toolkit::WindowEvent& event) {
 
 void CPicViewDlg::OnTimer(int timerId) {
     if (timerId == gallery::kStripTimer) {
-        Repaint(m_state.stripArea);
+        RepaintStrip();
     } else if (timerId == gallery::kRenderTimer) {
         KillTimer(gallery::kRenderTimer);
         m_bigPicDC.reset();

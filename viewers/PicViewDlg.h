@@ -71,17 +71,22 @@ protected:
 
 private:
     // Painting.
+    void OnShown() override;
     void OnPaint(QPainter& painter, const QRegion& region, bool onScreen) override;
     void PaintPicture(QPainter& painter);
     [[nodiscard]] bool RenderBigPicture();
     [[nodiscard]] std::vector<gallery::PlacedImage> PictureLayers();
     void PaintPictureArea(QPainter& painter);
-    /// @param later  the background only; the cells follow in a paint of their own.
-    void PaintStripArea(QPainter& painter, bool later);
-    [[nodiscard]] bool MayPaintStripLater(const QRegion& region) const;
-    [[nodiscard]] std::vector<gallery::Cell> CellsOf(const gallery::ItemRange& range);
-    [[nodiscard]] QImage DefaultPicture();
+    void PaintStripArea(QPainter& painter);
+    [[nodiscard]] std::vector<gallery::Cell> CellsOf(const gallery::ItemRange& range) const;
     void Repaint(const QRect& area);
+    void RepaintStrip();
+    void PrepareStrip();
+    void CompleteStrip(const gallery::ItemRange& range);
+    void LookAtFiles(const gallery::ItemRange& range);
+    void LookAhead();
+    void OnThumbReady();
+    void OnUnreadable(int index);
     void UpdateAreas();
     void RunPictureSlide();
     void RunStripSlide();
@@ -131,6 +136,5 @@ private:
     QRect m_bigPicDCRect;                 ///< place of the picture when it was rendered
     std::optional<gallery::SlideScene> m_slide;
     std::optional<QPoint> m_dragFrom;
-    bool m_stripPutOff = false;
     int m_travel = 1; ///< direction in which the user steps
 };

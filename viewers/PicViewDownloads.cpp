@@ -47,7 +47,7 @@ void CPicViewDlg::UpdateStripTimer() {
     if (!StripTimerFlag())
         return;
     StripTimerFlag() = false;
-    Repaint(m_state.stripArea);
+    RepaintStrip();
     KillTimer(gallery::kStripTimer);
 }
 

@@ -106,7 +106,7 @@ void CPicViewDlg::SetHover(int index) {
     if (index == m_state.hoverIndex)
         return;
     m_state.hoverIndex = index;
-    Repaint(m_state.stripArea);
+    RepaintStrip();
 }
 
 void CPicViewDlg::OnMouseMove(const QPoint& point) {
@@ -187,9 +187,11 @@ bool CPicViewDlg::StepByKey(int key) {
 }
 
 void CPicViewDlg::SetZoom(const gallery::Zoom& zoom) {
-    m_state.zoom = zoom;
+    m_state.zoom = gallery::ClampZoom(zoom, gallery::ViewOf(m_state, Ratio()));
     if (zoom.fit)
         m_pictures.ForgetSharp();
+    else
+        m_pictures.WantSharp(m_state, Id(), Ratio());
     if (m_pane)
         m_pane->update(m_state.bigArea);
 }

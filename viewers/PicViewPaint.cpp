@@ -3,6 +3,7 @@
 
 #include "toolkit/Clock.h"
 #include "toolkit/Look.h"
+#include "toolkit/WindowRegistry.h"
 
 #include <QFileInfo>
 #include <QPainter>
@@ -41,7 +42,7 @@ void CPicViewDlg::UpdateAreas() {
         RunPictureSlide();
     Repaint(m_state.bigArea);
     RunStripSlide();
-    Repaint(m_state.stripArea);
+    RepaintStrip();
 }
 
 void CPicViewDlg::OnPaint(QPainter& painter, const QRegion& region, bool onScreen) {
@@ -50,12 +51,12 @@ void CPicViewDlg::OnPaint(QPainter& painter, const QRegion& region, bool onScree
         painter.fillRect(rest, toolkit::Colors::Pane());
     if (!m_state.paintEnabled)
         return;
-    // Asked first, since painting the picture may make a thumbnail.
-    const bool later = onScreen && MayPaintStripLater(region);
+    if (!onScreen)
+        CompleteStrip(m_state.visible);
     if (region.intersects(m_state.bigArea))
         PaintPictureArea(painter);
     if (region.intersects(m_state.stripArea))
-        PaintStripArea(painter, later);
+        PaintStripArea(painter);
 }
 
 void CPicViewDlg::PaintPictureArea(QPainter& painter) {
@@ -65,16 +66,8 @@ void CPicViewDlg::PaintPictureArea(QPainter& painter) {
         PaintPicture(painter);
 }
 
-/// The big picture comes to the screen before thumbnails are decoded.
-bool CPicViewDlg::MayPaintStripLater(const QRegion& region) const {
-    return !m_stripPutOff && region.intersects(m_state.bigArea) &&
-           region.intersects(m_state.stripArea) && !m_state.picRect.isEmpty() &&
-           gallery::GalleryPictures::LacksThumbs(m_state.items, m_state.visible, Ratio());
-}
-
 void CPicViewDlg::PaintPicture(QPainter& painter) {
     if (m_state.picRect.isEmpty() || !RenderBigPicture()) {
-        m_state.picRect = {};
         m_state.shownIndex = -1;
         gallery::PaintNoBigPicture(painter, m_state);
         return;
@@ -89,11 +82,14 @@ void CPicViewDlg::PaintPicture(QPainter& painter) {
 bool CPicViewDlg::RenderBigPicture() {
     if (m_bigPicDC)
         return true;
-    GalleryItem* item = m_state.ItemAt(m_state.currentIndex);
+    const GalleryItem* item = m_state.ItemAt(m_state.currentIndex);
     const QImage image =
         item == nullptr ? QImage() : m_pictures.Big(*item, m_state.picRect.size(), Ratio());
-    if (image.isNull())
+    if (image.isNull()) {
+        // Whoever paints leaves the state alone.
+        toolkit::PostWindowEvent(Id(), gallery::kPictureUnreadable, quintptr(m_state.currentIndex));
         return false;
+    }
     m_bigPicDC = std::make_unique<CKxMemDC>(image);
     m_bigPicDCRect = m_state.picRect;
     return true;
@@ -101,32 +97,86 @@ bool CPicViewDlg::RenderBigPicture() {
 
 std::vector<gallery::PlacedImage> CPicViewDlg::PictureLayers() {
     const gallery::ZoomView view = gallery::ViewOf(m_state, Ratio());
-    m_state.zoom = gallery::ClampZoom(m_state.zoom, view);
     const QRectF place = gallery::ZoomedRect(m_state.zoom, view);
     std::vector<gallery::PlacedImage> layers{{place, m_bigPicDC->Bitmap()}};
     if (m_state.picRect.size() != m_bigPicDCRect.size())
         SetTimer(gallery::kRenderTimer, kRenderDelayMs);
     if (!m_state.zoom.fit)
-        layers.push_back(m_pictures.Sharp(m_state, Id(), Ratio()));
+        layers.push_back(m_pictures.Sharp(m_state, Ratio()));
     return layers;
 }
 
-QImage CPicViewDlg::DefaultPicture() {
-    const GalleryItem* first = m_state.ItemAt(m_state.visible.first);
-    const QSize size = first == nullptr ? QSize() : first->thumbRect.size();
-    return size.isEmpty() ? QImage() : m_pictures.Default(m_defaultPicPath, size, Ratio());
+void CPicViewDlg::OnShown() {
+    toolkit::PostWindowEvent(Id(), gallery::kPaneShown);
 }
 
-std::vector<gallery::Cell> CPicViewDlg::CellsOf(const gallery::ItemRange& range) {
+void CPicViewDlg::LookAtFiles(const gallery::ItemRange& range) {
+    for (int i = range.first; !range.IsNone() && i <= range.last; ++i) {
+        GalleryItem& item = m_state.items[size_t(i)];
+        item.fileThere = item.picState != kOnDisk || QFileInfo::exists(item.picPath);
+    }
+    const GalleryItem* first = m_state.ItemAt(m_state.visible.first);
+    if (first != nullptr && !first->thumbRect.isEmpty())
+        m_pictures.MakeDefault(m_defaultPicPath, first->thumbRect.size(), Ratio());
+}
+
+/// What the strip needs of the disk is fetched before it is painted: looked at here, decoded by the
+/// decoders; a cell is painted again when its picture comes.
+void CPicViewDlg::PrepareStrip() {
+    if (!m_pane || m_state.stripArea.isEmpty())
+        return;
+    LookAtFiles(m_state.visible);
+    m_pictures.WantThumbs(m_state.items, m_state.visible, Ratio(), Id());
+    if (!m_pictures.AwaitsThumbs())
+        LookAhead();
+}
+
+/// Everything at once: for a slide, whose cells don't change, and for a picture of the pane.
+void CPicViewDlg::CompleteStrip(const gallery::ItemRange& range) {
+    LookAtFiles(range);
+    m_pictures.MakeThumbs(m_state.items, range, Ratio(), Id());
+}
+
+void CPicViewDlg::RepaintStrip() {
+    PrepareStrip();
+    Repaint(m_state.stripArea);
+}
+
+void CPicViewDlg::OnThumbReady() {
+    for (const int index : m_pictures.TakeThumbs(m_state.items, Ratio())) {
+        if (m_pane && m_state.visible.Contains(index))
+            m_pane->update(m_state.items[size_t(index)].thumbRect);
+    }
+    if (!m_pictures.AwaitsThumbs())
+        LookAhead();
+}
+
+/// What the user sees now is complete: time for what comes next.
+void CPicViewDlg::LookAhead() {
+    if (m_pane && m_pane->isVisible())
+        m_pictures.LookAhead(m_state, m_travel, Ratio());
+}
+
+void CPicViewDlg::OnUnreadable(int index) {
+    GalleryItem* item = m_state.ItemAt(index);
+    // By now another picture may be current, or the file whole.
+    if (item == nullptr || index != m_state.currentIndex || m_state.shownIndex != -1)
+        return;
+    gallery::MarkUnreadable(*item);
+    gallery::ComputePicRect(m_state, Sizes());
+    if (m_pane)
+        m_pane->update(m_state.bigArea);
+}
+
+std::vector<gallery::Cell> CPicViewDlg::CellsOf(const gallery::ItemRange& range) const {
     std::vector<gallery::Cell> cells;
-    m_pictures.MakeThumbs(m_state.items, range, Ratio());
     for (int i = range.first; !range.IsNone() && i <= range.last; ++i) {
         const GalleryItem& item = m_state.items[size_t(i)];
         gallery::Cell cell;
         cell.rect = item.thumbRect;
         cell.state = item.picState;
         cell.percent = item.picProgress;
-        cell.fileThere = item.picState != kOnDisk || QFileInfo::exists(item.picPath);
+        cell.fileThere = item.fileThere;
         if (item.thumbDC)
             cell.picture = item.thumbDC->Bitmap();
         if (i == m_state.currentIndex)
@@ -138,23 +188,13 @@ std::vector<gallery::Cell> CPicViewDlg::CellsOf(const gallery::ItemRange& range)
     return cells;
 }
 
-void CPicViewDlg::PaintStripArea(QPainter& painter, bool later) {
-    m_stripPutOff = later;
-    if (later) {
-        painter.fillRect(m_state.stripArea, toolkit::Colors::Pane());
-        m_pane->update(m_state.stripArea);
-        return;
-    }
-    const std::vector<gallery::Cell> cells = CellsOf(m_state.visible);
+void CPicViewDlg::PaintStripArea(QPainter& painter) {
     painter.save();
     painter.setClipRect(m_state.stripArea, Qt::IntersectClip);
-    gallery::PaintStrip(painter, m_state, cells, DefaultPicture());
+    gallery::PaintStrip(painter, m_state, CellsOf(m_state.visible), m_pictures.Default());
     if (m_slide && !m_slide->ofPicture)
         gallery::PaintSlide(painter, m_state, *m_slide);
     painter.restore();
-    // What the user sees now is complete: time for what comes next.
-    if (m_pane->isVisible())
-        m_pictures.LookAhead(m_state, m_travel, Ratio());
 }
 
 /// Every frame is a state, a repaint and a sleep; no other event is handled in between.
@@ -171,7 +211,7 @@ void CPicViewDlg::RunSlide(gallery::SlideScene scene) {
 }
 
 void CPicViewDlg::RunPictureSlide() {
-    GalleryItem* shown = m_state.ItemAt(m_state.shownIndex);
+    const GalleryItem* shown = m_state.ItemAt(m_state.shownIndex);
     if (!m_pane || !m_pane->isVisible() || m_state.prevPicRect.isEmpty())
         return;
     gallery::SlideScene scene;
@@ -189,6 +229,7 @@ void CPicViewDlg::RunPictureSlide() {
 
 /// Cells side by side from 0, 0 on.
 QImage CPicViewDlg::RenderStripCells(const gallery::ItemRange& range) {
+    CompleteStrip(range);
     std::vector<gallery::Cell> cells = CellsOf(range);
     const gallery::StripShape& strip = m_state.strip;
     const QSize cell(strip.cellWidth, strip.cellHeight);
@@ -196,7 +237,8 @@ QImage CPicViewDlg::RenderStripCells(const gallery::ItemRange& range) {
     for (size_t i = 0; i < cells.size(); ++i)
         cells[i].rect = gallery::ThumbRectOf(QRect(step * int(i), cell));
     const QPoint end = step * int(cells.size() - 1);
-    return gallery::RenderCells(cells, DefaultPicture(), QSize(end.x(), end.y()) + cell, Ratio());
+    return gallery::RenderCells(cells, m_pictures.Default(), QSize(end.x(), end.y()) + cell,
+                                Ratio());
 }
 
 void CPicViewDlg::RunStripSlide() {

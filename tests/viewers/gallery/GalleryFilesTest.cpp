@@ -27,6 +27,7 @@ protected:
     /// The big area says that there is none, the cell shows its frame alone, and one can go on.
     void ExpectNoPicture(const std::string& what) {
         EXPECT_TRUE(SaysNoPicture()) << what;
+        support::RunPendingEvents();
         EXPECT_TRUE(State().picRect.isEmpty()) << what;
         EXPECT_EQ(State().shownIndex, -1) << what;
         EXPECT_EQ(PixelAt(ThumbMiddle(1)), support::kPaneColour) << what;
