@@ -125,10 +125,17 @@ class Trial:
         """Links the program with the mutant; false if it would not come into it at all."""
         output = f"bin/{test.program}"
         if not re.search(rf"(?<!\S){re.escape(target_object)}(?!\S)", self._command(output)):
-            return any(library in self._command(output) for library in self._libraries[target_object])
+            return self._loads(output, self._libraries[target_object])
         if (self.bin / test.program).is_symlink():
             self._link(output, target_object)
         return True
+
+    def _loads(self, output: str, libraries: list[str]) -> bool:
+        """Linked with one of the libraries; of those that no program is linked with, which are loaded
+        at run time, nobody knows by whom."""
+        commands = [self._command(f"bin/{test.program}") for test in self.tests]
+        linked = [lib for lib in libraries if any(lib in command for command in commands)]
+        return bool(libraries) and (not linked or any(lib in self._command(output) for lib in linked))
 
     def _link(self, output: str, target_object: str) -> None:
         made = self.bin / Path(output).name

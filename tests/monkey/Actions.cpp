@@ -13,8 +13,10 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QDir>
-#include <QMenuBar>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPointer>
+#include <QTextEdit>
 
 #include <map>
 
@@ -25,6 +27,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLargestSide = 2400;
+constexpr int kOften = 50;         ///< of a hundred
 constexpr int kSometimes = 25;     ///< of a hundred
 constexpr int kSeldom = 8;         ///< of a hundred
 constexpr int kMostWheelSteps = 7; ///< up and down
@@ -122,6 +125,33 @@ void DoType(const Deed& deed, const Surroundings& surroundings) {
     const QString& text = Texts()[deed.Of(3, Texts().size())];
     Tell(u"'%1' into %2"_s.arg(text.left(40), TextOf(window)));
     Type(window, text);
+}
+
+bool TakesText(const QWidget* widget, const QWidget* window) {
+    const bool takes = qobject_cast<const QLineEdit*>(widget) != nullptr ||
+                       qobject_cast<const QPlainTextEdit*>(widget) != nullptr ||
+                       qobject_cast<const QTextEdit*>(widget) != nullptr;
+    return takes && widget->window() == window && CanReach(widget);
+}
+
+/// Of a field of its own, a list or a date; what is typed stays without Enter or Tab.
+void DoEdit(const Deed& deed, const Surroundings& surroundings) {
+    Q_UNUSED(surroundings);
+    const QWidget* window = WindowFor(deed);
+    if (window == nullptr)
+        return;
+    QList<QWidget*> fields = window->findChildren<QWidget*>();
+    fields.removeIf([window](const QWidget* widget) { return !TakesText(widget, window); });
+    if (fields.isEmpty())
+        return;
+    const QPointer<QWidget> field(fields[deed.Of(2, fields.size())]);
+    const QString& text = ShortTexts()[deed.Of(3, ShortTexts().size())];
+    Tell(u"'%1' into %2 of %3"_s.arg(text, TextOf(field->parentWidget()), TextOf(field)));
+    Click(field, {deed.Of(4, field->width()), field->height() / 2}, {});
+    if (!field.isNull() && deed.Chance(5, kOften))
+        PressKey(field, Qt::Key_Backspace, {});
+    if (!field.isNull())
+        Type(field, text);
 }
 
 void DoKey(const Deed& deed, const Surroundings& surroundings) {
@@ -242,14 +272,14 @@ using Way = void (*)(const Deed&, const Surroundings&);
 
 const std::map<Kind, Way>& Ways() {
     static const std::map<Kind, Way> ways = {
-        {Kind::Click, DoMouse},     {Kind::RightClick, DoMouse},    {Kind::DoubleClick, DoMouse},
-        {Kind::Hover, DoMouse},     {Kind::Wheel, DoMouse},         {Kind::Drag, DoMouse},
-        {Kind::Cell, DoCell},       {Kind::Flag, DoFlag},           {Kind::Type, DoType},
-        {Kind::Key, DoKey},         {Kind::Shortcut, DoShortcut},   {Kind::Close, DoWindow},
-        {Kind::Resize, DoWindow},   {Kind::Move, DoWindow},         {Kind::Minimise, DoWindow},
-        {Kind::Maximise, DoWindow}, {Kind::Restore, DoTaskBar},     {Kind::Activate, DoTaskBar},
-        {Kind::Project, DoProject}, {Kind::Neighbour, DoNeighbour}, {Kind::Transfers, DoTransfers},
-        {Kind::Drop, DoDrop},
+        {Kind::Click, DoMouse},         {Kind::RightClick, DoMouse}, {Kind::DoubleClick, DoMouse},
+        {Kind::Hover, DoMouse},         {Kind::Wheel, DoMouse},      {Kind::Drag, DoMouse},
+        {Kind::Cell, DoCell},           {Kind::Flag, DoFlag},        {Kind::Type, DoType},
+        {Kind::Edit, DoEdit},           {Kind::Key, DoKey},          {Kind::Shortcut, DoShortcut},
+        {Kind::Close, DoWindow},        {Kind::Resize, DoWindow},    {Kind::Move, DoWindow},
+        {Kind::Minimise, DoWindow},     {Kind::Maximise, DoWindow},  {Kind::Restore, DoTaskBar},
+        {Kind::Activate, DoTaskBar},    {Kind::Project, DoProject},  {Kind::Neighbour, DoNeighbour},
+        {Kind::Transfers, DoTransfers}, {Kind::Drop, DoDrop},
     };
     return ways;
 }

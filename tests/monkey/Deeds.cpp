@@ -25,10 +25,11 @@ const std::vector<KindRow>& KindTable() {
         {Kind::Hover, u"hover"_s, 4},
         {Kind::Wheel, u"wheel"_s, 5},
         {Kind::Drag, u"drag"_s, 5},
-        {Kind::Type, u"type"_s, 7},
+        {Kind::Type, u"type"_s, 5},
+        {Kind::Edit, u"edit"_s, 8},
         {Kind::Key, u"key"_s, 12},
-        {Kind::Shortcut, u"shortcut"_s, 5},
-        {Kind::Close, u"close"_s, 2},
+        {Kind::Shortcut, u"shortcut"_s, 7},
+        {Kind::Close, u"close"_s, 4},
         {Kind::Resize, u"resize"_s, 3},
         {Kind::Move, u"move"_s, 1},
         {Kind::Minimise, u"minimise"_s, 1},
@@ -96,6 +97,12 @@ const QStringList& Texts() {
         QString(300, u'长'),
         QString(5000, u'x'),
     };
+    return texts;
+}
+
+const QStringList& ShortTexts() {
+    static const QStringList texts = {u"1"_s, u"23"_s, u"2020"_s, u"9"_s, u"0"_s,
+                                      u"a"_s, u"照"_s, u"%"_s,    u"-"_s, u"."_s};
     return texts;
 }
 

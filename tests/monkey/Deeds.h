@@ -19,6 +19,7 @@ enum class Kind {
     Wheel,
     Drag,
     Type,
+    Edit, ///< clicks into a field and types a little
     Key,
     Shortcut, ///< a command of the main window by its key
     Close,
@@ -63,6 +64,9 @@ struct KindRow {
 
 /// What is typed: short, long, Chinese, with signs that mean something to somebody.
 [[nodiscard]] const QStringList& Texts();
+
+/// Little that fits into fields of dates and numbers too.
+[[nodiscard]] const QStringList& ShortTexts();
 
 struct KeyPress {
     Qt::Key key;

@@ -127,20 +127,26 @@ QString ChangeTransfers(host::HostSession& session, const Deed& deed) {
     return QString::fromLatin1(row.name);
 }
 
-/// One client from its start to its end. The first person signed in has all rights.
+/// The first client's person has all rights; later ones are asked, those that aren't told are next.
+bool SignIn(host::HostSession& session, int number) {
+    if (number > 0 && host::SignInUser(session, {}).goOn)
+        return true;
+    const std::vector<QString> people = session.Tables().People();
+    return !people.empty() && session.SignIn(people[size_t(number) % people.size()]);
+}
+
+/// One client from its start to its end.
 bool RunClient(const QString& folder, Monkey& monkey, int number) {
     host::HostSession session;
     if (const auto fault = session.OpenFolder(folder)) {
         TellFault(fault->text);
         return false;
     }
-    const std::vector<QString> people = session.Tables().People();
-    const QString person = people[size_t(number) % people.size()];
-    Note(u"client %1: %2"_s.arg(number).arg(person));
-    if (!session.SignIn(person)) {
-        TellFault(u"no sign-in for "_s + person);
+    if (!SignIn(session, number)) {
+        TellFault(u"nobody can sign in"_s);
         return false;
     }
+    Note(u"client %1: %2"_s.arg(number).arg(session.UserName()));
     monkey.surroundings.changeTransfers = [&session](const Deed& deed) {
         return ChangeTransfers(session, deed);
     };
