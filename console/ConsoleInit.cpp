@@ -20,6 +20,7 @@
 #include <QDateTime>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
 
@@ -28,6 +29,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kWeekSeconds = 604800;
+constexpr int kFrames = 8; ///< left and right of a window together, as a rule
 constexpr int kPagingBarWidth = 320;
 /// Fills the place between the radio buttons' line and the status bar.
 constexpr int kPagingBarHeight = 35;
@@ -96,8 +98,10 @@ void CVeskPicMngDlg::MeasureControls() {
         m_filterSizes[i] = m_controls->Filters()[i]->size();
     const QWidget& box = *m_controls->projectCombo;
     // The left edge stays a position on the screen; required as is.
-    m_projectComboRect = QRect(box.mapToGlobal(QPoint(0, 0)), box.size());
-    m_projectComboRect.moveTop(10);
+    const int left = box.mapToGlobal(QPoint(0, 0)).x();
+    m_filterSizes =
+        FilterSizesFor(m_filterSizes, left, Widget()->screen()->availableSize().width() - kFrames);
+    m_projectComboRect = QRect(QPoint(left, 10), m_filterSizes[kProjectBox]);
 }
 
 void CVeskPicMngDlg::InitDates() {

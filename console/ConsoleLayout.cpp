@@ -33,7 +33,12 @@ QRect Normal(int left, int top, int right, int bottom) {
     return {left, top, std::max(0, right - left), std::max(0, bottom - top)};
 }
 
-using FilterSizes = std::array<QSize, kFilterControls>;
+/// Takes from a list what is missing, as far as it can give.
+void Narrow(QSize& size, int least, int& missing) {
+    const int given = std::min(missing, std::max(0, size.width() - least));
+    size.rwidth() -= given;
+    missing -= given;
+}
 
 /// Sizes of the photos' filter line, fitted to the width of the client area.
 FilterSizes FittedSizes(const ConsoleLayoutRequest& request) {
@@ -41,12 +46,9 @@ FilterSizes FittedSizes(const ConsoleLayoutRequest& request) {
     int spare = request.client.width() - kLeftEdge - kGridRightGap;
     for (size_t i = 0; i < kFilterControls; ++i)
         spare -= kPhotoGaps[i] + (i == kKeywordBox ? 0 : sizes[i].width());
-    for (const size_t list : {kProjectBox, kMarkBox, kLabelBox, kStatusBox}) {
-        const int missing = std::max(0, kKeywordLeast - spare);
-        const int given = std::min(missing, std::max(0, sizes[list].width() - kListLeast));
-        sizes[list].rwidth() -= given;
-        spare += given;
-    }
+    int missing = std::max(0, kKeywordLeast - spare);
+    for (const size_t list : {kProjectBox, kMarkBox, kLabelBox, kStatusBox})
+        Narrow(sizes[list], kListLeast, missing);
     sizes[kKeywordBox].setWidth(std::clamp(spare, kKeywordLeast, kKeywordMost));
     return sizes;
 }
@@ -108,6 +110,18 @@ ConsoleLayout LayoutConsole(const ConsoleLayoutRequest& request) {
         Normal(kLeftEdge, kGridTop, right - kGridRightGap, layout.pagingBar.top() - radioLine);
     layout.statusBar = QRect(0, bottom - kStatusHeight, std::max(0, right), kStatusHeight);
     return layout;
+}
+
+FilterSizes FilterSizesFor(const FilterSizes& natural, int left, int width) {
+    FilterSizes sizes = natural;
+    int missing = left - width;
+    for (size_t i = 0; i < kFilterControls; ++i)
+        missing += i == kLabelBox ? 0 : kIssueGaps[i] + sizes[i].width();
+    missing = std::max(0, missing);
+    Narrow(sizes[kKeywordBox], kKeywordLeast, missing);
+    for (const size_t list : {kProjectBox, kMarkBox, kStatusBox})
+        Narrow(sizes[list], kListLeast, missing);
+    return sizes;
 }
 
 std::array<bool, kActionButtons> CountedActions(ConsoleMode mode, bool mayDelete,

@@ -53,6 +53,14 @@ struct ConsoleLayout {
 /// A pure function of the request; a client area too small gives rectangles of no size.
 [[nodiscard]] ConsoleLayout LayoutConsole(const ConsoleLayoutRequest& request);
 
+using FilterSizes = std::array<QSize, kFilterControls>;
+
+/// Sizes of the filter controls for the screen on which the console is made: the natural ones, or,
+/// where the line for issues would reach past the window, narrower lists and keyword box.
+/// @param left   where the line for issues begins in the client area
+/// @param width  of the client area at its least
+[[nodiscard]] FilterSizes FilterSizesFor(const FilterSizes& natural, int left, int width);
+
 /// Which action buttons take a place.
 [[nodiscard]] std::array<bool, kActionButtons> CountedActions(ConsoleMode mode, bool mayDelete,
                                                               bool mayShowHide);

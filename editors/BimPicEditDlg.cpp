@@ -9,6 +9,7 @@
 #include "toolkit/Look.h"
 #include "toolkit/TextLimit.h"
 #include "toolkit/WaitCursor.h"
+#include "toolkit/WindowPlace.h"
 #include "ui_BimPicEditDlg.h"
 
 #include <map>
@@ -42,6 +43,7 @@ CBimPicEditDlg::~CBimPicEditDlg() = default;
 void CBimPicEditDlg::OnCreated() {
     m_form = std::make_unique<Ui::BimPicEditDlg>();
     m_form->setupUi(Widget());
+    toolkit::ScrollIfTooLarge(*Widget());
     m_labels = std::make_unique<LabelTreeEdit>(
         *this,
         LabelTreeEdit::Parts{m_form->labelTree, m_form->newLabelCaption, m_form->newLabelEdit,

@@ -1,6 +1,7 @@
 #include "toolkit/Look.h"
 
 #include "toolkit/LookStyle.h"
+#include "toolkit/WindowPlace.h"
 
 #include <QApplication>
 #include <QFontDatabase>
@@ -197,6 +198,7 @@ void ApplyLook(QApplication& app) {
     QApplication::setFont(UiFont());
     QToolTip::setPalette(LookPalette());
     QToolTip::setFont(UiFont());
+    KeepNewWindowsOnScreen(app);
 }
 
 } // namespace toolkit

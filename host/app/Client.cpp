@@ -14,6 +14,7 @@
 #include "host/ui/plan/FloorPlanPane.h"
 #include "host/ui/plan/FloorPlanView.h"
 #include "include/IKXVeskPicture.h"
+#include "toolkit/WindowPlace.h"
 
 #include <QApplication>
 #include <QDir>
@@ -106,6 +107,7 @@ void Client::BringBackLayout() {
         const QString kept = session.Tables().Setting(LayoutSetting());
         window->restoreGeometry(QByteArray::fromBase64(kept.section(u' ', 0, 0).toLatin1()));
         window->restoreState(QByteArray::fromBase64(kept.section(u' ', 1).toLatin1()));
+        toolkit::KeepOnScreen(*window);
     });
 }
 

@@ -3,6 +3,7 @@
 #include "host/ui/HintTable.h"
 #include "toolkit/Clock.h"
 #include "toolkit/Icons.h"
+#include "toolkit/WindowPlace.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -18,7 +19,7 @@ BinWindow::BinWindow(QWidget* parent, IBinSource& binSource) : QDialog(parent), 
     setObjectName(u"binWindow"_s);
     setWindowTitle(u"回收站"_s);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
-    resize(820, 460);
+    toolkit::ResizeWithinScreen(*this, QSize(820, 460));
 
     model = new BinModel(this);
     table = new HintTable(this);

@@ -3,6 +3,7 @@
 #include "host/ui/Commands.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
+#include "toolkit/WindowPlace.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -29,6 +30,7 @@ void RunWithClose(QDialog& dialog, QVBoxLayout* lines) {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, &dialog);
     QObject::connect(buttons, &QDialogButtonBox::rejected, &dialog, &QDialog::reject);
     lines->addWidget(buttons);
+    toolkit::ScrollIfTooLarge(dialog);
     dialog.exec();
 }
 

@@ -6,6 +6,7 @@
 #include "services/IVeskPicMng.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
+#include "toolkit/WindowPlace.h"
 #include "toolkit/Prompts.h"
 #include "toolkit/WindowRegistry.h"
 #include "ui_ImportDialog.h"
@@ -61,6 +62,7 @@ ImportDialog::ImportDialog(QWidget* parent, const QStringList& paths,
     ok->setObjectName(u"importStart"_s);
     ok->setText(u"导入"_s);
     ok->setToolTip(u"开始导入（Enter）"_s);
+    toolkit::ScrollIfTooLarge(*this);
     FillMarks();
     FillFloors();
     Validate();

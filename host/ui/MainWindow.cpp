@@ -7,6 +7,7 @@
 #include "include/KXEvents.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
+#include "toolkit/WindowPlace.h"
 
 #include <QActionGroup>
 #include <QApplication>
@@ -59,11 +60,11 @@ MainWindow::MainWindow() {
     setWindowTitle(QApplication::applicationDisplayName());
     setWindowIcon(toolkit::Icon(u"console"_s));
     setAcceptDrops(true);
-    resize(1280, 820);
     MakeCentre();
     MakeMenus();
     MakeToolbar();
     MakeStatusBar();
+    toolkit::ResizeWithinScreen(*this, QSize(1280, 820));
     id = toolkit::RegisterWindow(
         this, [this](const toolkit::WindowEvent& event) { return OnNumberedEvent(event); });
     toolkit::SetMainWindow(id);
@@ -86,6 +87,8 @@ void MainWindow::MakeCentre() {
     actionLog = new ActionLogDock(this);
     addDockWidget(Qt::BottomDockWidgetArea, actionLog);
     resizeDocks({actionLog}, {150}, Qt::Vertical);
+    // Beside the log rather than above it: the panel has the longer list, the screen may be low.
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     marks = new MarkPanelDock(this);
     addDockWidget(Qt::RightDockWidgetArea, marks);
     resizeDocks({marks}, {268}, Qt::Horizontal);

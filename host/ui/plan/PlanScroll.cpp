@@ -12,7 +12,7 @@ PlanScroll::PlanScroll(FloorPlanCanvas* planCanvas, QWidget* parent)
     // The canvas takes the keys.
     setFocusPolicy(Qt::NoFocus);
     setWidget(canvas);
-    setMinimumSize(320, 240);
+    setMinimumSize(160, 96); // on a small screen the panels beside it need room too
     for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
         bar->setSingleStep(24);
 }

@@ -165,4 +165,24 @@ TEST(CountedActions, IssuesCountAllButTheDownloadWhateverTheRights) {
     EXPECT_THAT(CountedActions(kModeIssue, true, true), ElementsAre(false, true, true, true));
 }
 
+TEST(ConsoleLayout, OnAWideScreenTheControlsKeepTheirNaturalSizes) {
+    const FilterSizes natural = Request(kModeIssue).filters;
+    EXPECT_EQ(FilterSizesFor(natural, 210, 1358), natural);
+}
+
+TEST(ConsoleLayout, OnANarrowScreenTheLineForIssuesEndsWithTheWindow) {
+    ConsoleLayoutRequest request = Request(kModeIssue, QSize(845, 448));
+    request.filters = FilterSizesFor(request.filters, 18, 845);
+    request.projectBox = QRect(QPoint(18, 10), request.filters[kProjectBox]);
+    EXPECT_EQ(RightOf(LayoutConsole(request).filters[kSearchButton]), 845);
+    EXPECT_EQ(request.filters[kKeywordBox].width(), 121) << "the keyword box gives first";
+    EXPECT_EQ(request.filters[kStartDate].width(), 104) << "a date needs its width";
+}
+
+TEST(ConsoleLayout, OnAScreenTooNarrowForAllListsStayLegible) {
+    const FilterSizes sizes = FilterSizesFor(Request(kModeIssue).filters, 210, 300);
+    EXPECT_EQ(sizes[kKeywordBox].width(), 96);
+    EXPECT_EQ(sizes[kProjectBox].width(), 72);
+}
+
 } // namespace

@@ -1,7 +1,11 @@
 // Size and place of new windows.
 #include "toolkit/WindowPlace.h"
 
+#include <QCoreApplication>
+#include <QLineEdit>
 #include <QScreen>
+#include <QScrollArea>
+#include <QVBoxLayout>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -44,6 +48,60 @@ TEST(WindowPlace, NoWindowIsMadeLargerThanTheScreen) {
     EXPECT_LT(window.minimumHeight(), screen.height() + 1);
     toolkit::SetLeastSize(window, QSize(300, 200));
     EXPECT_EQ(window.minimumSize(), QSize(300, 200));
+}
+
+TEST(WindowPlace, TheFrameStaysOnTheScreenToo) {
+    QWidget window;
+    const QRect screen = window.screen()->availableGeometry();
+    toolkit::ResizeWithinScreen(window, screen.size() * 2);
+    toolkit::CentreWindow(window);
+    window.show();
+    EXPECT_TRUE(screen.contains(window.frameGeometry()));
+    EXPECT_GE(window.y() - screen.y() + window.geometry().y() - window.y(), 28)
+        << "room for a title bar";
+}
+
+TEST(WindowPlace, AWindowFromALargerScreenIsMadeToFitAndMovedOntoThisOne) {
+    QWidget window;
+    const QRect screen = window.screen()->availableGeometry();
+    window.setGeometry(screen.right() - 50, screen.bottom() - 50, screen.width() + 300, 200);
+    toolkit::KeepOnScreen(window);
+    window.show();
+    EXPECT_TRUE(screen.contains(window.frameGeometry()));
+    EXPECT_EQ(window.height(), 200);
+}
+
+class Form : public QWidget {
+public:
+    explicit Form(int height) {
+        auto* lines = new QVBoxLayout(this);
+        edit = new QLineEdit(this);
+        edit->setObjectName(QStringLiteral("lowest"));
+        lines->addSpacing(height);
+        lines->addWidget(edit);
+    }
+    QLineEdit* edit = nullptr;
+};
+
+TEST(WindowPlace, AFormThatFitsIsLeftAsItIs) {
+    Form form(100);
+    toolkit::ScrollIfTooLarge(form);
+    EXPECT_EQ(form.findChild<QScrollArea*>(), nullptr);
+    EXPECT_EQ(form.edit->parentWidget(), &form);
+}
+
+TEST(WindowPlace, AFormLargerThanTheScreenScrollsToTheControlWithTheFocus) {
+    QWidget probe;
+    Form form(probe.screen()->availableSize().height() + 200);
+    toolkit::ScrollIfTooLarge(form);
+    form.show();
+    EXPECT_TRUE(probe.screen()->availableSize().height() > form.height());
+    auto* area = form.findChild<QScrollArea*>();
+    ASSERT_NE(area, nullptr);
+    EXPECT_EQ(form.findChild<QLineEdit*>(QStringLiteral("lowest")), form.edit);
+    area->ensureWidgetVisible(form.edit);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(form.rect().contains(form.edit->mapTo(&form, form.edit->rect().center())));
 }
 
 } // namespace
