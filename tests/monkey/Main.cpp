@@ -173,6 +173,7 @@ void RunAll(const Words& words, const QString& folder) {
     int number = 0;
     while (!monkey.IsOver()) {
         watchdog.Beat();
+        neighbour.BringPhotosBack();
         if (!RunClient(QDir(folder).filePath(u"data"_s), monkey, number++))
             return;
     }

@@ -16,6 +16,8 @@ public:
 
     /// One change by the dice; what was done, for the history.
     QString Change(const Deed& deed);
+    /// Undoes what lets no client start.
+    void BringPhotosBack();
 
 private:
     struct Row {
@@ -34,7 +36,6 @@ private:
     QString PhotosAway(const Deed& deed);
     QString EmptyBin(const Deed& deed);
     [[nodiscard]] QVariant OneOf(const QString& column, const QString& table, const Deed& deed);
-    void BringPhotosBack();
 
     host::DataFolder m_data;
     bool m_photosAway = false;
