@@ -50,6 +50,11 @@ std::optional<DownloadKey> NextDownload(const std::vector<GalleryItem>& items,
     return std::nullopt;
 }
 
+int PercentOf(qint32 bytes, qint32 total) {
+    // A hundred times the bytes of a large file need more than 32 bits.
+    return int(qint64(bytes) * 100 / total);
+}
+
 bool AnyVisiblePending(const std::vector<GalleryItem>& items, const ItemRange& visible) {
     for (int index = visible.first; !visible.IsNone() && index <= visible.last; ++index) {
         const qint32 state = items.at(size_t(index)).picState;

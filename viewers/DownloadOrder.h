@@ -30,4 +30,7 @@ inline constexpr qint32 kExtraAudio = -1;
 [[nodiscard]] bool AnyVisiblePending(const std::vector<GalleryItem>& items,
                                      const ItemRange& visible);
 
+/// Whole percents of a download, truncated; `total` > 0 bytes.
+[[nodiscard]] int PercentOf(qint32 bytes, qint32 total);
+
 } // namespace gallery

@@ -47,8 +47,7 @@ void PostDone(const DownloadTask& task, qint32 status) {
 }
 
 void PostProgress(const DownloadTask& task, qint32 bytes, qint32 total) {
-    const qint64 percent = qint64(bytes) * 100 / total;
-    toolkit::PostWindowEvent(task.target, kDownloadProgress, 0, quintptr(percent),
+    toolkit::PostWindowEvent(task.target, kDownloadProgress, 0, quintptr(PercentOf(bytes, total)),
                              std::make_unique<KeyPayload>(task.key));
 }
 

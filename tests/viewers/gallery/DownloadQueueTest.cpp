@@ -171,6 +171,34 @@ TEST_F(DownloadQueue, TheStripRepaintsWhileAVisiblePictureIsMissingAndAfterTheLa
     SetItems(OnDisk(1));
 }
 
+TEST_F(DownloadQueue, OfTwoGalleriesThatWaitAtOnceOnlyTheFirstRepaintsItsStrip) {
+    Gate gate(host.script, "GetDownloadState");
+    Open();
+    SetItems(InStore(2, false));
+    support::FolderGallery second;
+    second.Create(toolkit::kNoWindow);
+    second.Widget()->resize(500, 400);
+    second.Widget()->show();
+    auto others = InStore(2, false);
+    for (GalleryItem& item : others)
+        item.picPath += u".other"_s;
+    second.SetPicItems(others);
+    // An end that belongs to no item of either list has the queues go on.
+    for (const toolkit::WindowId window : {gallery->Id(), second.Id()})
+        toolkit::PostWindowEvent(window, gallery::kDownloadDone, 0, 0,
+                                 std::make_unique<gallery::KeyPayload>(
+                                     gallery::DownloadKey{99, gallery::DownloadKind::Picture}));
+    ASSERT_TRUE(support::WaitFor([this] { return gallery->timersTold.size() >= 3; }));
+    EXPECT_TRUE(second.timersTold.empty()) << "one flag for the whole process";
+    EXPECT_EQ(State().activeDownloads, 1);
+    EXPECT_EQ(second.State().activeDownloads, 1) << "each has a queue of its own";
+    gate.Open();
+    ASSERT_TRUE(WaitForDownloads());
+    ASSERT_TRUE(support::WaitFor([&] { return second.State().items[1].picState == kOnDisk; }));
+    // The next list clears the process's flag.
+    SetItems(OnDisk(1));
+}
+
 TEST_F(DownloadQueue, AnEmptyListStartsNeitherThreadNorTimer) {
     Open();
     SetItems({});

@@ -246,3 +246,38 @@ TEST_F(GalleryInput, AllButtonsHaveTipsWithTheirKeysAlsoWhileDisabled) {
     }
     QToolTip::hideText();
 }
+
+TEST_F(GalleryInput, ASelectionAndAClickTakeTheFocus) {
+    QLineEdit edit(Pane());
+    edit.setGeometry(0, 0, 5, 5);
+    edit.show();
+    const auto focus = [this] { return Pane()->window()->focusWidget(); };
+    edit.setFocus();
+    ASSERT_EQ(focus(), &edit);
+    gallery->SelectPic(1, gallery::kCurrentLast);
+    EXPECT_EQ(focus(), Pane()) << "another picture";
+    edit.setFocus();
+    gallery->SelectPic(1, gallery::kCurrentLast);
+    EXPECT_EQ(focus(), &edit) << "the same picture";
+    Click(PictureMiddle());
+    EXPECT_EQ(focus(), Pane()) << "a click beside everything";
+    edit.setFocus();
+    Click(ThumbMiddle(1));
+    EXPECT_EQ(focus(), Pane()) << "a click on the current thumbnail";
+}
+
+TEST_F(GalleryInput, ANewLayoutForgetsTheThumbnailUnderTheMouse) {
+    const QColor hover(0xA9, 0xDA, 0xF5);
+    QTest::mouseMove(Pane(), {1, 1});
+    QTest::mouseMove(Pane(), ThumbMiddle(2));
+    ASSERT_EQ(State().hoverIndex, 2);
+    gallery->PageStrip(true);
+    EXPECT_EQ(State().hoverIndex, -1);
+    for (int i = State().visible.first; i <= State().visible.last; ++i)
+        EXPECT_NE(PixelAt(State().items[size_t(i)].thumbRect.topLeft() - QPoint(3, 3)), hover) << i;
+    QTest::mouseMove(Pane(), {1, 1});
+    QTest::mouseMove(Pane(), ThumbMiddle(5));
+    ASSERT_EQ(State().hoverIndex, 5);
+    gallery->SetPicRects(State().bigArea, State().stripArea);
+    EXPECT_EQ(State().hoverIndex, -1);
+}

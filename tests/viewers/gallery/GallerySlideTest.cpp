@@ -6,6 +6,7 @@
 #include <QTest>
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <functional>
 
 using gallery::ItemRange;
@@ -56,9 +57,23 @@ TEST_F(GallerySlide, ThePictureLeavesToTheLeftAndTheNextArrivesExactly) {
     Start();
     const QRect place = State().picRect;
     const auto frames = Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); });
-    const int distance = (500 - place.width()) / 2 + place.width() + 1;
-    const auto offsets = gallery::SlideOffsets(distance);
+    // The picture is 433 wide in 500: it moves (500 - 433) / 2 + 433 + 1 = 467, by 46 a frame.
+    ASSERT_EQ(place, QRect(33, 5, 433, 285));
+    const int distance = 467;
+    const std::vector<int> offsets{0, 46, 92, 138, 184, 230, 276, 322, 368, 414, 460, 467};
     ASSERT_EQ(frames.size(), offsets.size());
+    for (size_t i = 0; i < offsets.size(); ++i) {
+        const int oldLeft = 33 - offsets[i];
+        const int newLeft = 33 + 467 - offsets[i];
+        for (int x = 0; x < 500; ++x) {
+            const bool onOld = x >= oldLeft && x < oldLeft + 433;
+            const bool onNew = x >= newLeft && x < newLeft + 433;
+            const QColor expected = onOld   ? ColourOf(0)
+                                    : onNew ? ColourOf(1)
+                                            : support::kPaneColour;
+            ASSERT_EQ(frames[i].pixelColor(x, 20), expected) << "frame " << i << ", x " << x;
+        }
+    }
     const int y = place.center().y();
     EXPECT_EQ(frames.front().pixelColor(place.left(), 20), ColourOf(0));
     const int middle = offsets[5];

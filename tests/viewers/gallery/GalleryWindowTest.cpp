@@ -5,7 +5,13 @@
 #include "tests/viewers/support/SamplePictures.h"
 
 #include <QDir>
+#include <QScreen>
 #include <QTest>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -48,6 +54,50 @@ TEST_F(GalleryWindow, AResizeStretchesThePictureAtOnceAndRendersItASecondLater) 
     const PaintCounter paints(Pane());
     ASSERT_TRUE(support::WaitFor([&] { return paints.Count() > 0; }));
     EXPECT_NE(Shown().copy(seam), stretched);
+}
+
+TEST_F(GalleryWindow, ThePictureIsRenderedAnewASecondAfterTheLastPaint) {
+    Open();
+    SetItems(OnDisk(1));
+    const auto told = [this] {
+        return std::count(gallery->timersTold.begin(), gallery->timersTold.end(),
+                          gallery::kRenderTimer);
+    };
+    // Timers of the same kind, a little shorter and a little longer than that second.
+    QTimer before;
+    QTimer after;
+    std::vector<std::pair<std::string, qptrdiff>> seen;
+    for (QTimer* timer : {&before, &after}) {
+        timer->setSingleShot(true);
+        timer->setTimerType(Qt::PreciseTimer);
+        QObject::connect(timer, &QTimer::timeout, [&, timer] {
+            seen.emplace_back(timer == &before ? "before" : "after", told());
+        });
+    }
+    before.start(850);
+    gallery->SetPicRects(QRect(0, 0, 400, 250), QRect(5, 300, 490, 95));
+    Pane()->repaint();
+    after.start(1200);
+    ASSERT_TRUE(support::WaitFor([&] { return seen.size() == 2; }));
+    EXPECT_EQ(seen.front(), (std::pair<std::string, qptrdiff>("before", 0)));
+    EXPECT_EQ(seen.back(), (std::pair<std::string, qptrdiff>("after", 1))) << "and once";
+}
+
+TEST_F(GalleryWindow, WhatAnAreaLeavesFreeIsErasedOnTheScreenAtOnce) {
+    Open();
+    SetItems(OnDisk(3));
+    const auto onScreen = [this] {
+        return Pane()->screen()->grabWindow(Pane()->winId()).toImage();
+    };
+    const QPoint freedPicture(450, 20);
+    const QPoint freedStrip = State().buttons[gallery::kThumbRight].rect.center();
+    ASSERT_EQ(onScreen().pixelColor(freedPicture), ColourOf(0));
+    gallery->SetPicRects(QRect(0, 0, 300, 200), QRect(5, 300, 300, 95));
+    const QImage image = onScreen();
+    EXPECT_EQ(image.pixelColor(freedPicture), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(freedStrip), support::kPaneColour);
+    EXPECT_EQ(image.pixelColor(State().picRect.center()), ColourOf(0));
+    EXPECT_TRUE(State().paintEnabled);
 }
 
 TEST_F(GalleryWindow, WhatTheAreasLeaveFreeIsErased) {

@@ -69,3 +69,12 @@ TEST(VisiblePending, OnlyVisiblePicturesThatAreStillToComeCount) {
     EXPECT_TRUE(gallery::AnyVisiblePending(items, {0, 2}));
     EXPECT_FALSE(gallery::AnyVisiblePending(items, {}));
 }
+
+TEST(PercentOf, IsTruncatedAndHoldsForTheLargestFiles) {
+    EXPECT_EQ(gallery::PercentOf(0, 7), 0);
+    EXPECT_EQ(gallery::PercentOf(2, 3), 66);
+    EXPECT_EQ(gallery::PercentOf(7, 7), 100);
+    EXPECT_EQ(gallery::PercentOf(21'474'837, 42'949'674), 50);
+    EXPECT_EQ(gallery::PercentOf(1'500'000'000, 2'000'000'000), 75);
+    EXPECT_EQ(gallery::PercentOf(2'147'483'647, 2'147'483'647), 100);
+}

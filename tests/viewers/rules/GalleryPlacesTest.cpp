@@ -55,6 +55,18 @@ TEST(BarThumb, ShowsPlaceAndPartOfTheVisibleItems) {
     EXPECT_EQ(gallery::BarThumb(bar), QRect(90, 150, 5, 40));
 }
 
+TEST(BarThumb, CutsOffWhatIsNotAWholePixel) {
+    // Of 200: 3/7 is 85.71, 5/7 is 142.86; 2/7 is 57.14, 6/7 is 171.43, 4/11 is 72.73.
+    EXPECT_EQ(gallery::BarThumb(HorizontalBar(7, 3, 2)), QRect(185, 90, 57, 5));
+    EXPECT_EQ(gallery::BarThumb(HorizontalBar(7, 5, 2)), QRect(242, 90, 57, 5));
+    EXPECT_EQ(gallery::BarThumb(HorizontalBar(7, 0, 6)), QRect(100, 90, 171, 5));
+    EXPECT_EQ(gallery::BarThumb(HorizontalBar(11, 4, 4)), QRect(172, 90, 72, 5));
+    ThumbBar upright = HorizontalBar(11, 4, 4);
+    upright.horizontal = false;
+    upright.trackRect = QRect(90, 100, 5, 200);
+    EXPECT_EQ(gallery::BarThumb(upright), QRect(90, 172, 5, 72));
+}
+
 TEST(BarThumb, IsAtLeastTwentyLongHoweverLongTheList) {
     EXPECT_EQ(gallery::BarThumb(HorizontalBar(100000, 0, 4)).width(), 20);
 }
