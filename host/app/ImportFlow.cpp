@@ -3,6 +3,7 @@
 #include "host/app/Faults.h"
 #include "host/import/ImportJob.h"
 #include "host/ui/ImportDialog.h"
+#include "host/ui/ImportResultWindow.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/ProgressWindow.h"
 
@@ -14,18 +15,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::size_t kMostLines = 6;
-
-/// The counts, and why files were left out; not all of them where there are many.
-QString ReportText(const ImportReport& report) {
-    QString text = report.Summary();
-    for (std::size_t at = 0; at < std::min(report.lines.size(), kMostLines); ++at) {
-        const ImportLine& line = report.lines[at];
-        text += u"\n%1：%2"_s.arg(QFileInfo(line.path).fileName(), line.text);
+QString OutcomeText(ImportOutcome outcome) {
+    switch (outcome) {
+    case ImportOutcome::kFiled:
+        return u"已导入"_s;
+    case ImportOutcome::kDuplicate:
+        return u"重复"_s;
+    case ImportOutcome::kRefused:
+        return u"跳过"_s;
+    case ImportOutcome::kFailed:
+        break;
     }
-    if (report.lines.size() > kMostLines)
-        text += u"\n……以及另外 %1 个文件"_s.arg(report.lines.size() - kMostLines);
-    return text;
+    return u"失败"_s;
+}
+
+std::vector<ImportResultRow> RowsOf(const ImportReport& report) {
+    std::vector<ImportResultRow> rows;
+    for (const ImportLine& line : report.lines)
+        rows.push_back({line.path, OutcomeText(line.outcome), line.text});
+    return rows;
 }
 
 } // namespace
@@ -35,6 +43,7 @@ ImportFlow::ImportFlow(HostSession& hostSession, MainWindow& mainWindow)
 
 ImportFlow::~ImportFlow() {
     delete dialog;
+    delete result;
 }
 
 void ImportFlow::Ask(const QStringList& paths) {
@@ -76,6 +85,13 @@ void ImportFlow::Begin(const ImportChoice& choice) {
     job->Start(request);
 }
 
+void ImportFlow::ShowLeftOut(const ImportReport& report) {
+    delete result;
+    result = new ImportResultWindow(&window, report.Summary(), RowsOf(report));
+    result->setAttribute(Qt::WA_DeleteOnClose);
+    result->show();
+}
+
 void ImportFlow::End(const ImportReport& report) {
     progress->End();
     const bool failed = !report.fault.isEmpty();
@@ -83,7 +99,9 @@ void ImportFlow::End(const ImportReport& report) {
     session.ReportHostMessage(failed   ? MessageLevel::kError
                               : partly ? MessageLevel::kWarning
                                        : MessageLevel::kInfo,
-                              ReportText(report));
+                              report.Summary());
+    if (!report.lines.empty())
+        ShowLeftOut(report);
     if (report.filed > 0) {
         WithoutFault(session, [&] { session.LogAction(u"导入照片 %1 张"_s.arg(report.filed)); });
         emit Imported();

@@ -12,6 +12,7 @@ namespace host {
 class HostSession;
 class ImportDialog;
 class ImportJob;
+class ImportResultWindow;
 class MainWindow;
 class ProgressWindow;
 struct ImportChoice;
@@ -36,10 +37,13 @@ signals:
 private:
     void Begin(const ImportChoice& choice);
     void End(const ImportReport& report);
+    /// Every file that wasn't filed, with its reason; takes the place of an earlier result.
+    void ShowLeftOut(const ImportReport& report);
 
     HostSession& session;
     MainWindow& window;
     QPointer<ImportDialog> dialog;
+    QPointer<ImportResultWindow> result;
     std::unique_ptr<ImportJob> job;
     std::unique_ptr<ProgressWindow> progress;
 };

@@ -28,6 +28,12 @@ bool FillImport(const QString& folder) {
                          Find<QComboBox>(kImport, u"axisYCombo"_s)->itemText(1));
 }
 
+void CloseResult(TourScript& script) {
+    script.Do(
+        u"导入结果：Esc 关闭"_s, [] { return PressKey(FindWindow(kImportResult), Qt::Key_Escape); },
+        [] { return FindWindow(kImportResult) == nullptr; });
+}
+
 } // namespace
 
 void WriteImport(TourScript& script, const TourPlaces& places) {
@@ -48,6 +54,8 @@ void WriteImport(TourScript& script, const TourPlaces& places) {
         u"单击“导入”：消息栏给出结果"_s,
         [] { return Click(FindIn(FindWindow(kImport), u"importStart"_s)); },
         [filed] { return LastMessage().contains(filed); });
+    script.Picture(kImportResult, u"import-result"_s);
+    CloseResult(script);
     script.Picture(kMain, u"import-done"_s);
     script.Do(
         u"把同一文件夹拖到主窗口"_s,
@@ -60,6 +68,7 @@ void WriteImport(TourScript& script, const TourPlaces& places) {
             return Click(FindIn(FindWindow(kImport), u"importStart"_s));
         },
         [filed] { return FindWindow(kImport) == nullptr && LastMessage().contains(u" 0 张"_s); });
+    CloseResult(script);
     script.Do(
         u"主窗口 Ctrl+M：清除消息"_s,
         [] { return PressKey(FindWindow(kMain), Qt::Key_M, Qt::ControlModifier); },

@@ -12,6 +12,7 @@ inline const QString kPhotoViewer = QStringLiteral("BimPicViewWrap");
 inline const QString kSignIn = QStringLiteral("signInDialog");
 inline const QString kBin = QStringLiteral("binWindow");
 inline const QString kImport = QStringLiteral("importDialog");
+inline const QString kImportResult = QStringLiteral("importResult");
 inline const QString kProgress = QStringLiteral("progressWindow");
 inline const QString kAbout = QStringLiteral("aboutWindow");
 inline const QString kNewProject = QStringLiteral("projectNameDialog");

@@ -1,0 +1,125 @@
+#include "host/ui/ImportResultWindow.h"
+
+#include "host/ui/HintTable.h"
+#include "toolkit/Icons.h"
+#include "toolkit/Prompts.h"
+#include "toolkit/WindowPlace.h"
+#include "toolkit/WindowRegistry.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDir>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// With its mark, as editors on every system read it.
+bool WriteUtf8(const QString& path, const QString& text) {
+    QSaveFile file(path);
+    const QByteArray bytes = "\xEF\xBB\xBF" + text.toUtf8();
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+QPushButton* NamedButton(QWidget* parent, const QString& name, const QString& icon,
+                         const QString& text, const QString& tip) {
+    auto* button = new QPushButton(text, parent);
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    if (!icon.isEmpty())
+        button->setIcon(toolkit::Icon(icon));
+    button->setAutoDefault(false);
+    return button;
+}
+
+} // namespace
+
+ImportResultWindow::ImportResultWindow(QWidget* parent, const QString& summary,
+                                       std::vector<ImportResultRow> rows)
+    : QDialog(parent), model(new ImportResultModel(std::move(rows), this)) {
+    setObjectName(u"importResult"_s);
+    setWindowTitle(u"导入结果"_s);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    MakeTable();
+    auto* head = new QLabel(summary, this);
+    head->setObjectName(u"importSummary"_s);
+    head->setTextFormat(Qt::PlainText);
+    head->setWordWrap(true);
+    auto* copy = NamedButton(this, u"importCopy"_s, u"copy"_s, u"复制"_s,
+                             u"复制选中的行，没有选中时复制全部（Ctrl+C）"_s);
+    auto* save = NamedButton(this, u"importSave"_s, {}, u"保存..."_s,
+                             u"把全部内容存成一个文本文件（Ctrl+S）"_s);
+    save->setShortcut(Qt::CTRL | Qt::Key_S);
+    auto* close = NamedButton(this, u"importClose"_s, {}, u"关闭"_s, u"关闭此窗口（Esc）"_s);
+    auto* bottom = new QHBoxLayout;
+    bottom->setSpacing(8);
+    bottom->addStretch(1);
+    for (QPushButton* button : {copy, save, close}) {
+        button->setMinimumWidth(80);
+        bottom->addWidget(button);
+    }
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins(12, 12, 12, 12);
+    all->setSpacing(12);
+    all->addWidget(head);
+    all->addWidget(table, 1);
+    all->addLayout(bottom);
+    toolkit::ResizeWithinScreen(*this, QSize(820, 460));
+    connect(copy, &QPushButton::clicked, this, &ImportResultWindow::Copy);
+    table->installEventFilter(this);
+    connect(save, &QPushButton::clicked, this, &ImportResultWindow::Save);
+    connect(close, &QPushButton::clicked, this, &QWidget::close);
+}
+
+void ImportResultWindow::MakeTable() {
+    table = new HintTable(this);
+    table->setObjectName(u"importTable"_s);
+    table->setAccessibleName(u"没有导入的文件"_s);
+    table->setModel(model);
+    table->setTextElideMode(Qt::ElideMiddle);
+    table->setColumnWidth(ImportResultModel::kFile, 400);
+    table->setColumnWidth(ImportResultModel::kOutcome, 72);
+    table->horizontalHeader()->setSectionResizeMode(ImportResultModel::kReason,
+                                                    QHeaderView::Stretch);
+}
+
+// The table's own answer to the key is the text of one cell.
+bool ImportResultWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
+        Copy();
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void ImportResultWindow::Copy() {
+    std::vector<int> chosen;
+    for (const QModelIndex& row : table->selectionModel()->selectedRows())
+        chosen.push_back(row.row());
+    std::sort(chosen.begin(), chosen.end());
+    QApplication::clipboard()->setText(model->TextOf(chosen));
+}
+
+void ImportResultWindow::Save() {
+    const toolkit::WindowId owner = toolkit::WindowOf(this);
+    const QString path =
+        toolkit::Prompts().AskSaveFile({owner, u"导入结果.txt"_s, u"txt"_s, u"文本文件 (*.txt)"_s});
+    if (!path.isEmpty() && !WriteUtf8(path, model->TextOf({})))
+        toolkit::Prompts().ShowMessage(
+            owner, u"没有保存：无法写入 %1，请检查文件夹权限和磁盘空间，或换一个位置。"_s.arg(
+                       QDir::toNativeSeparators(path)));
+}
+
+} // namespace host

@@ -1,0 +1,97 @@
+#include "host/ui/HintTable.h"
+#include "host/ui/ImportResultWindow.h"
+#include "tests/support/AnsweredPrompts.h"
+#include "tests/support/CallLog.h"
+#include "tests/support/TempFolder.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest/QTest>
+
+#include <gtest/gtest.h>
+
+namespace host {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int kFiles = 5000;
+
+std::vector<ImportResultRow> ManyRows() {
+    std::vector<ImportResultRow> rows;
+    for (int number = 0; number < kFiles; ++number)
+        rows.push_back({u"/现场/照片 %1.txt"_s.arg(number), u"跳过"_s, u"内容不是图片"_s});
+    return rows;
+}
+
+class ImportResult : public testing::Test {
+protected:
+    void SetUp() override { window.show(); }
+    [[nodiscard]] HintTable* Table() const {
+        return window.findChild<HintTable*>(u"importTable"_s);
+    }
+    void Click(const QString& name) {
+        QTest::mouseClick(window.findChild<QPushButton*>(name), Qt::LeftButton);
+    }
+    static QString Read(const QString& path) {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return QString::fromUtf8(file.readAll());
+    }
+
+    support::CallLog log;
+    support::AnsweredPrompts prompts{&log};
+    support::TempFolder folder;
+    ImportResultWindow window{nullptr, u"导入 0 张照片，跳过 5000 个文件。"_s, ManyRows()};
+};
+
+TEST_F(ImportResult, ListsEveryFileWithItsReason) {
+    EXPECT_EQ(Table()->model()->rowCount(), kFiles);
+    EXPECT_EQ(Table()->model()->index(kFiles - 1, ImportResultModel::kFile).data().toString(),
+              u"/现场/照片 4999.txt"_s);
+    EXPECT_EQ(Table()->model()->index(kFiles - 1, ImportResultModel::kReason).data().toString(),
+              u"内容不是图片"_s);
+    EXPECT_EQ(window.findChild<QLabel*>(u"importSummary"_s)->text(),
+              u"导入 0 张照片，跳过 5000 个文件。"_s);
+}
+
+TEST_F(ImportResult, CopiesAllWhenNothingIsChosenAndElseTheChosenRows) {
+    Click(u"importCopy"_s);
+    EXPECT_EQ(QApplication::clipboard()->text().count(u'\n'), kFiles + 1) << "with the captions";
+    Table()->selectRow(2);
+    QTest::keyClick(Table(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              u"文件\t结果\t原因\n/现场/照片 2.txt\t跳过\t内容不是图片\n"_s);
+}
+
+TEST_F(ImportResult, SavesAllOfIt) {
+    const QString path = folder.Path(u"导入结果.txt"_s);
+    prompts.ExpectSaveFile(u"导入结果.txt"_s, path);
+    Click(u"importSave"_s);
+    const QString text = Read(path);
+    EXPECT_EQ(text.count(u'\n'), kFiles + 1);
+    EXPECT_TRUE(text.contains(u"照片 4999.txt"_s));
+}
+
+TEST_F(ImportResult, AFileThatCannotBeWrittenIsTold) {
+    prompts.ExpectSaveFile(u"导入结果.txt"_s, u"/nowhere/at/all.txt"_s);
+    prompts.ExpectMessage(
+        u"没有保存：无法写入 /nowhere/at/all.txt，请检查文件夹权限和磁盘空间，或换一个位置。"_s);
+    Click(u"importSave"_s);
+}
+
+TEST_F(ImportResult, ACancelledSavingSavesNothing) {
+    prompts.ExpectSaveFile(u"导入结果.txt"_s, {});
+    Click(u"importSave"_s);
+}
+
+TEST(ImportResultText, ACellBeginsNoOtherColumnOrLine) {
+    const ImportResultModel model({{u"a\tb"_s, u"跳过"_s, u"one\ntwo"_s}}, nullptr);
+    EXPECT_EQ(model.TextOf({}), u"文件\t结果\t原因\na b\t跳过\tone two\n"_s);
+}
+
+} // namespace
+} // namespace host
