@@ -16,7 +16,7 @@ enum class MissingDialog {
     Report,
 };
 
-/// Writes one line to the log and answers what a cancelled dialog answers: false.
+/// Writes one line to the log, tells the person, and answers what a cancelled dialog answers: false.
 bool AnswerAsCancelled(MissingDialog dialog);
 
 } // namespace ZelvorNRQ_KXVeskPicture

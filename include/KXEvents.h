@@ -15,4 +15,8 @@ inline constexpr int WM_VESK_TN_MSG = 7539;
 /// Sent to the main window when the state of a rich text changed.
 inline constexpr int WM_RICH_STATE_CHANGED = 7540;
 
+/// Sent or posted to the console's window: what it lists was changed by somebody else; both
+/// parameters 0. Windows of the module that don't know the number pass it over.
+inline constexpr int WM_PIC_MNG_REFRESH = 1029;
+
 } // namespace ZelvorNRQ_KXVeskPicture

@@ -14,6 +14,7 @@
 #include "host/ui/plan/FloorPlanPane.h"
 #include "host/ui/plan/FloorPlanView.h"
 #include "include/IKXVeskPicture.h"
+#include "toolkit/Notices.h"
 #include "toolkit/WindowPlace.h"
 
 #include <QApplication>
@@ -86,6 +87,7 @@ void Client::Stop() {
     session.transferWait = nullptr;
     session.SetMessageSink({});
     session.SetActionSink({});
+    toolkit::SetNoticeSink({});
     window->disconnect(this);
     window->hide();
     marks.reset();
@@ -144,6 +146,8 @@ void Client::ConnectSession() {
         QMetaObject::invokeMethod(
             window.get(), [this, level, text] { window->Messages().Show(KindOf(level), text); });
     });
+    toolkit::SetNoticeSink(
+        [this](const QString& text) { window->Messages().Show(MessageKind::kInfo, text); });
     session.SetActionSink([this](const LoggedAction& action) {
         window->ActionLog().Model().Add({action.at, action.person, action.action});
     });

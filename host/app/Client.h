@@ -52,6 +52,8 @@ private:
     void ObeyHost(Command command);
     void MakeProject();
     void ShowBin();
+    /// The module's windows fetch anew what they list.
+    void RefreshModule();
     void ShowPhotosAt(const QString& positionKey);
     void OnPhotoLocated(const QString& text);
     /// Size of the window and place of its docks, for each person.

@@ -10,7 +10,11 @@
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "include/IKXVeskPicture.h"
+#include "include/KXEvents.h"
 #include "toolkit/Prompts.h"
+#include "toolkit/WindowRegistry.h"
+
+#include <QApplication>
 
 namespace host {
 
@@ -112,13 +116,22 @@ void Client::MakeProject() {
     }
 }
 
+void Client::RefreshModule() {
+    for (const QWidget* other : QApplication::topLevelWidgets()) {
+        const toolkit::WindowId id = toolkit::WindowOf(other);
+        if (id != toolkit::kNoWindow && id != window->Id())
+            toolkit::PostWindowEvent(id, ZelvorNRQ_KXVeskPicture::WM_PIC_MNG_REFRESH);
+    }
+}
+
 void Client::ShowBin() {
     if (binWindow.isNull()) {
         binWindow = new BinWindow(window.get(), binSource);
         binWindow->setAttribute(Qt::WA_DeleteOnClose);
         connect(binWindow, &BinWindow::Restored, this, [this](int count) {
-            window->ShowStatus(u"已恢复 %1 项，控制台刷新（F5）后可见"_s.arg(count));
+            window->ShowStatus(u"已恢复 %1 项"_s.arg(count));
             ReadAnew();
+            RefreshModule();
         });
     }
     binWindow->show();

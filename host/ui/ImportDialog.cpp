@@ -6,8 +6,8 @@
 #include "services/IVeskPicMng.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
-#include "toolkit/WindowPlace.h"
 #include "toolkit/Prompts.h"
+#include "toolkit/WindowPlace.h"
 #include "toolkit/WindowRegistry.h"
 #include "ui_ImportDialog.h"
 

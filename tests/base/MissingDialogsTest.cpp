@@ -2,6 +2,7 @@
 
 #include "base/PictureLog.h"
 #include "tests/support/TempFolder.h"
+#include "toolkit/Notices.h"
 
 #include <QStringDecoder>
 #include <gtest/gtest.h>
@@ -29,6 +30,19 @@ TEST(MissingDialogs, EachAnswersAsCancelledAndNamesItselfInTheLog) {
         lines.insert(line.mid(line.indexOf(u'：')));
     }
     EXPECT_EQ(int(lines.size()), int(MissingDialog::ReminderFeed) + 1);
+    SetLogFilePath(QString());
+}
+
+TEST(MissingDialogs, WhatAPersonAskedForIsToldAndWhatComesInByItselfIsNot) {
+    const support::TempFolder folder;
+    SetLogFilePath(folder.Path(u"log"_s));
+    QStringList told;
+    toolkit::SetNoticeSink([&](const QString& text) { told << text; });
+    (void)AnswerAsCancelled(MissingDialog::ConsolePicViewer);
+    (void)AnswerAsCancelled(MissingDialog::ReminderFeed);
+    toolkit::SetNoticeSink({});
+    (void)AnswerAsCancelled(MissingDialog::IssueViewer);
+    EXPECT_EQ(told, QStringList{u"此版本尚不提供“照片预览”，请等待后续版本。"_s});
     SetLogFilePath(QString());
 }
 

@@ -14,6 +14,7 @@
 #include "services/IKXPathMng.h"
 #include "services/IKXView.h"
 #include "services/IVeskPicMng.h"
+#include "tests/roads/RoadHands.h"
 #include "tests/support/WaitFor.h"
 
 #include <QAbstractItemView>
@@ -23,6 +24,7 @@
 #include <QDialog>
 #include <QImage>
 #include <QLineEdit>
+#include <QTableView>
 #include <QThreadPool>
 #include <QTimer>
 
@@ -212,6 +214,42 @@ TEST_F(ClientOnAFolder, AFolderDroppedOnTheWindowIsImportedOnce) {
     }
     ASSERT_TRUE(Press(Qt::Key_1));
     EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 7; }));
+}
+
+TEST_F(ClientOnAFolder, EveryFileThatAnImportLeftOutIsListed) {
+    for (int number = 0; number < 30; ++number)
+        folder.Write(u"photos/%1.jpg"_s.arg(number), "text");
+    ASSERT_TRUE(WaitFor(
+        [&] { return host::tour::DropPaths(client->Window(), {folder.Path(u"photos"_s)}); }));
+    ASSERT_TRUE(WaitFor([] {
+        return host::tour::Click(
+            host::tour::FindIn(host::tour::FindWindow(u"importDialog"_s), u"importStart"_s));
+    }));
+    ASSERT_TRUE(WaitFor([] { return host::tour::FindWindow(u"importResult"_s) != nullptr; }));
+    const auto* table =
+        host::tour::FindWindow(u"importResult"_s)->findChild<QTableView*>(u"importTable"_s);
+    EXPECT_EQ(table->model()->rowCount(), 30);
+    EXPECT_EQ(Messages().front(), u"导入 0 张照片，重复 0 张，跳过 30 个文件。"_s);
+}
+
+TEST_F(ClientOnAFolder, WhatIsRestoredFromTheBinIsInTheConsoleAtOnce) {
+    ASSERT_TRUE(GetVeskPicMng()->DeleteBimPics({site.photos[0]}));
+    ASSERT_TRUE(Press(Qt::Key_1));
+    ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 4; }));
+    ASSERT_TRUE(Press(Qt::Key_B));
+    ASSERT_TRUE(WaitFor([] { return host::tour::FindWindow(u"binWindow"_s) != nullptr; }));
+    auto* bin = host::tour::FindWindow(u"binWindow"_s);
+    bin->findChild<QTableView*>(u"binTable"_s)->selectRow(0);
+    ASSERT_TRUE(
+        WaitFor([&] { return host::tour::Click(host::tour::FindIn(bin, u"binRestore"_s)); }));
+    EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
+}
+
+TEST_F(ClientOnAFolder, WhatThisVersionLacksIsSaidInTheMessageBar) {
+    ASSERT_TRUE(Press(Qt::Key_1));
+    ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
+    ClickRowIcon(0, u"预览"_s);
+    EXPECT_EQ(Messages(), QStringList{u"此版本尚不提供“照片预览”，请等待后续版本。"_s});
 }
 
 TEST_F(ClientOnAFolder, StoppingWithOpenWindowsLeavesNone) {

@@ -207,7 +207,8 @@ TEST_F(WaitingForASilentTransfer, AskedToCloseByTheWindowManagerItEndsToo) {
 }
 
 TEST_F(WaitingForASilentTransfer, AProgramThatIsToldToQuitEndsIt) {
-    WaitAnd([](QWidget&) { QCoreApplication::quit(); });
+    // What a quit comes to once all windows have agreed: every loop ends.
+    WaitAnd([](QWidget&) { QCoreApplication::exit(); });
 }
 
 TEST_F(WaitingForASilentTransfer, InABatchTheOthersAreCancelledWithIt) {
