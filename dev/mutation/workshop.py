@@ -1,5 +1,6 @@
 """A copy of the code in which mutants are built, and what its build says about the tests."""
 
+import fcntl
 import json
 import os
 import re
@@ -51,8 +52,13 @@ class Workshop:
         self.root = root
         self.tree = folder / "tree"
         self.build = self.tree / "build" / "dev"
+        folder.mkdir(parents=True, exist_ok=True)
+        self._lock = (folder / "lock").open("w")
+        try:
+            fcntl.flock(self._lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        except BlockingIOError:
+            raise WorkshopError(f"another run is at work in {folder}") from None
         if not (self.tree / ".git").exists():
-            folder.mkdir(parents=True, exist_ok=True)
             words = ["git", "clone", "-q", "--shared", "--no-checkout", str(root), str(self.tree)]
             run(words, root, "git clone")
         run(["git", "checkout", "-q", "--force", "--detach", snapshot], self.tree, "git checkout")
