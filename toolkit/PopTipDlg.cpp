@@ -2,6 +2,7 @@
 
 #include "toolkit/BalloonTip.h"
 #include "toolkit/KXTools.h"
+#include "toolkit/WindowEnd.h"
 
 #include <QDialog>
 #include <QEventLoop>
@@ -16,6 +17,9 @@ public:
     explicit DialogWindow(QWidget* parent)
         : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                               Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint) {}
+    ~DialogWindow() override { toolkit::TellWindowDies(*this); }
+    DialogWindow(const DialogWindow&) = delete;
+    DialogWindow& operator=(const DialogWindow&) = delete;
 
     void accept() override {}
     void reject() override {}

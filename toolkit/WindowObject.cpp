@@ -1,5 +1,7 @@
 #include "toolkit/WindowObject.h"
 
+#include "toolkit/WindowEnd.h"
+
 #include <QEvent>
 #include <QTimer>
 
@@ -10,14 +12,15 @@ class WindowObject::Watcher final : public QObject {
 public:
     Watcher(WindowObject& owner, QWidget* widget) : m_owner(owner) {
         widget->installEventFilter(this);
-        connect(widget, &QObject::destroyed, this, [this] {
-            WindowObject& ended = m_owner;
-            ended.Release();
-            ended.OnDestroyed();
-        });
+        connect(widget, &QObject::destroyed, this, [this] { m_owner.EndByQt(); });
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == WindowDiesEvent()) {
+            SilenceControls(*static_cast<QWidget*>(watched));
+            m_owner.EndByQt();
+            return false;
+        }
         switch (event->type()) {
         case QEvent::Close:
             // The object decides what a close means; Qt must not hide or delete by itself.
@@ -43,10 +46,8 @@ WindowObject::~WindowObject() {
     if (!HasWindow())
         return;
     // The subclass is gone already, so OnDestroyed stays uncalled.
-    QWidget* widget = m_widget;
-    Release();
-    widget->hide();
-    widget->deleteLater();
+    SilenceControls(*m_widget);
+    LetGo();
 }
 
 bool WindowObject::Create(WindowId parent) {
@@ -60,11 +61,30 @@ bool WindowObject::Create(WindowId parent) {
 }
 
 void WindowObject::Destroy() {
-    if (!HasWindow())
+    if (!HasWindow() || m_ending)
         return;
-    QWidget* widget = m_widget;
+    m_ending = true;
+    // Hiding takes the keyboard from a control, which then commits what was typed: its handlers
+    // would find the subclass without what OnDestroyed has ended.
+    SilenceControls(*m_widget);
     OnDestroyed();
+    m_ending = false;
+    LetGo();
+}
+
+void WindowObject::EndByQt() {
+    // Whoever destroys the window in OnDestroyed ends it once all the same.
+    if (m_ending)
+        return;
     Release();
+    OnDestroyed();
+}
+
+void WindowObject::LetGo() {
+    const QPointer<QWidget> widget = m_widget;
+    Release();
+    if (!widget)
+        return;
     widget->hide();
     widget->deleteLater();
 }

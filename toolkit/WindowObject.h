@@ -34,8 +34,9 @@ public:
 
     /// Makes the window. Does nothing and answers false if there is one already.
     bool Create(WindowId parent);
-    /// Hides the window at once and ends it; the widget is freed once the events in progress have
-    /// unwound. Does nothing without a window.
+    /// Ends the window: first its controls fall silent, whatever was typed and not committed, then
+    /// OnDestroyed, then the widget is hidden, and freed once the events in progress have unwound.
+    /// Does nothing without a window.
     void Destroy();
 
     /// Shows the window in its normal size, also out of minimised.
@@ -50,11 +51,13 @@ public:
     void KillTimer(int timerId);
 
 protected:
-    /// Makes the window's widget, with `parent` (possibly null) as Qt parent.
+    /// Makes the window's widget, with `parent` (possibly null) as Qt parent. Its destructor should
+    /// begin with TellWindowDies.
     virtual QWidget* MakeWindow(QWidget* parent) = 0;
     /// The window exists and has its id.
     virtual void OnCreated() {}
-    /// The window is about to end, or was ended by Qt (then HasWindow() is already false).
+    /// The window is about to end, or is being ended by Qt (then HasWindow() is already false). Its
+    /// controls are still there and tell nobody anything any more.
     virtual void OnDestroyed() {}
     /// The window manager or the host asks the window to close. Default: Destroy().
     virtual void OnClose() { Destroy(); }
@@ -66,9 +69,14 @@ private:
     class Watcher;
     /// Forgets the window; the widget itself is the caller's affair.
     void Release();
+    /// The widget is in its destructor.
+    void EndByQt();
+    /// Forgets the window and frees it.
+    void LetGo();
 
     QPointer<QWidget> m_widget;
     WindowId m_id = kNoWindow;
+    bool m_ending = false; ///< in OnDestroyed, with the window still there
     std::unique_ptr<Watcher> m_watcher;
     std::map<int, std::unique_ptr<QTimer>> m_timers;
 };
