@@ -93,6 +93,57 @@ TEST(ScriptedHost, HidingAndDeletingChangeTheRecordsUnlessTheyFail) {
                             "DeleteBimPics(ids=[1 3])", "DeleteBimPics(ids=[1 3])"));
 }
 
+TEST(ScriptedHost, ASavedPhotoIsWhatIsReadThen) {
+    ScriptedHost host;
+    host.pics.bimPics = BimPics(2);
+    host.pics.bimLabels = {{u"l1"_s, u"裂缝"_s}, {u"l2"_s, u"渗漏"_s}};
+    KX_DATA::BimPicUpdate update;
+    update.picId = 2;
+    update.fileName = u"新名.jpg"_s;
+    update.description = u"新描述"_s;
+    update.positionKey = u"K9"_s;
+    update.markId = 3;
+    update.labelIds = {u"l2"_s};
+    host.script.FailNext("UpdateBimPic");
+    EXPECT_FALSE(GetVeskPicMng()->UpdateBimPic(1, update));
+    EXPECT_NE(host.pics.bimPics[1].fileName, u"新名.jpg"_s);
+    EXPECT_TRUE(GetVeskPicMng()->UpdateBimPic(1, update));
+    KX_DATA::BimPicDetail detail;
+    ASSERT_EQ(GetVeskPicMng()->GetBimPicDetail(1, 2, detail), KX_DATA::kServiceOk);
+    EXPECT_EQ(detail.fileName, u"新名.jpg"_s);
+    EXPECT_EQ(detail.description, u"新描述"_s);
+    EXPECT_EQ(detail.positionKey, u"K9"_s);
+    EXPECT_EQ(detail.markId, 3);
+    ASSERT_EQ(detail.labels.size(), 1U);
+    EXPECT_EQ(detail.labels.front().labelId, u"l2"_s);
+    EXPECT_EQ(detail.labels.front().labelName, u"渗漏"_s);
+    EXPECT_NE(host.pics.bimPics[0].fileName, u"新名.jpg"_s);
+}
+
+TEST(ScriptedHost, ALabelsIdIsNeverItsName) {
+    ScriptedHost host;
+    host.pics.bimPics = BimPics(1);
+    host.pics.bimPics[0].labelNames = {u"返工"_s};
+    KX_DATA::BimPicDetail detail;
+    ASSERT_EQ(GetVeskPicMng()->GetBimPicDetail(1, host.pics.bimPics[0].picId, detail),
+              KX_DATA::kServiceOk);
+    ASSERT_EQ(detail.labels.size(), 1U);
+    EXPECT_EQ(detail.labels.front().labelName, u"返工"_s);
+    EXPECT_NE(detail.labels.front().labelId, u"返工"_s);
+}
+
+TEST(ScriptedHost, TheDetailOfADrawingPhotoNamesItsDrawingAndNotItsPoint) {
+    ScriptedHost host;
+    KX_DATA::PdfPicRecord photo;
+    photo.picId = 7;
+    photo.drawingId = 101;
+    photo.checkpointId = 500;
+    host.pics.pdfPics = {photo};
+    KX_DATA::PdfPicDetail detail;
+    ASSERT_EQ(GetVeskPicMng()->GetPdfPicDetail(1, 7, detail), KX_DATA::kServiceOk);
+    EXPECT_EQ(detail.drawingId, 500);
+}
+
 TEST(ScriptedHost, AWorksetReplacesTheOpenProjectInTheList) {
     ScriptedHost host;
     EXPECT_FALSE(GetKXGlobalData()->IsWorksetMode());

@@ -3,6 +3,9 @@
 #include "tests/support/ArgText.h"
 
 #include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace support {
 
@@ -36,6 +39,10 @@ template <class Row> const Row* Find(const std::vector<Row>& rows, qint32 picId)
     return found == rows.end() ? nullptr : &*found;
 }
 
+template <class Row> Row* Find(std::vector<Row>& rows, qint32 picId) {
+    return const_cast<Row*>(Find(std::as_const(rows), picId));
+}
+
 /// Fills a list if the call succeeds.
 template <class Values> qint32 Answer(bool succeeds, const Values& values, Values& target) {
     if (!succeeds)
@@ -45,6 +52,20 @@ template <class Values> qint32 Answer(bool succeeds, const Values& values, Value
 }
 
 } // namespace
+
+QString ScriptedVeskPicMng::LabelIdOf(const QString& name) const {
+    for (const KX_DATA::LabelEntry& label : bimLabels)
+        if (label.labelName == name)
+            return label.labelId;
+    return u"id-of-"_s + name;
+}
+
+QString ScriptedVeskPicMng::LabelNameOf(const QString& id) const {
+    for (const KX_DATA::LabelEntry& label : bimLabels)
+        if (label.labelId == id)
+            return label.labelName;
+    return id.startsWith(u"id-of-"_s) ? id.mid(6) : id;
+}
 
 qint32 ScriptedVeskPicMng::QueryBimPics(const KX_DATA::PicQueryFilter& filter,
                                         const KX_DATA::PageRequest& request,
@@ -146,8 +167,8 @@ qint32 ScriptedVeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId,
     detail.status = row->status;
     detail.markName = detailMarkName;
     detail.markColor = detailMarkColor;
-    for (const QString& label : row->labelNames)
-        detail.labels.push_back({label, label});
+    for (const QString& name : row->labelNames)
+        detail.labels.push_back({LabelIdOf(name), name});
     return kServiceOk;
 }
 
@@ -157,7 +178,8 @@ qint32 ScriptedVeskPicMng::GetPdfPicDetail(qint32 ppid, qint32 picId,
     const KX_DATA::PdfPicRecord* row = Find(pdfPics, picId);
     if (!succeeds || row == nullptr)
         return kPicServiceFailed;
-    detail.drawingId = row->drawingId;
+    // The row's own names are crossed: the drawing stands in the field of the checkpoint.
+    detail.drawingId = row->checkpointId;
     detail.entries = row->labels;
     return kServiceOk;
 }
@@ -181,12 +203,33 @@ qint32 ScriptedVeskPicMng::GetFloorAxesY(qint32 ppid, const QString& floor, cons
 
 bool ScriptedVeskPicMng::UpdateBimPic(qint32 ppid, const KX_DATA::BimPicUpdate& update) {
     lastBimUpdate = update;
-    return m_script.Call("UpdateBimPic", {Arg("ppid", ppid), Arg("id", update.picId)});
+    if (!m_script.Call("UpdateBimPic", {Arg("ppid", ppid), Arg("id", update.picId)}))
+        return false;
+    KX_DATA::BimPicRow* row = Find(bimPics, update.picId);
+    if (row == nullptr)
+        return true;
+    row->description = update.description;
+    row->positionKey = update.positionKey;
+    row->markId = update.markId;
+    row->fileName = update.fileName;
+    row->status = update.status;
+    row->labelNames.clear();
+    for (const QString& id : update.labelIds)
+        row->labelNames.push_back(LabelNameOf(id));
+    return true;
 }
 
 bool ScriptedVeskPicMng::UpdatePdfPic(qint32 ppid, const KX_DATA::PdfPicUpdate& update) {
     lastPdfUpdate = update;
-    return m_script.Call("UpdatePdfPic", {Arg("ppid", ppid), Arg("id", update.picId)});
+    if (!m_script.Call("UpdatePdfPic", {Arg("ppid", ppid), Arg("id", update.picId)}))
+        return false;
+    KX_DATA::PdfPicRecord* row = Find(pdfPics, update.picId);
+    if (row == nullptr)
+        return true;
+    row->description = update.description;
+    row->fileName = update.fileName;
+    row->status = update.status;
+    return true;
 }
 
 qint32 ScriptedVeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,

@@ -85,6 +85,10 @@ public:
     void GetStateNames(std::vector<QString>& names) override;
 
 private:
+    /// Labels that the lists don't have get ids of their own, which are never their names.
+    [[nodiscard]] QString LabelIdOf(const QString& name) const;
+    [[nodiscard]] QString LabelNameOf(const QString& id) const;
+
     Script& m_script;
 };
 
