@@ -24,6 +24,7 @@ GridHeader::GridHeader(CMultiPageGrid& grid, QWidget* parent)
     setStretchLastSection(false);
     setMouseTracking(true);
     connect(this, &QHeaderView::sectionClicked, this, [this](int column) { m_clicked = column; });
+    connect(this, &QHeaderView::sectionDoubleClicked, this, [this] { m_doubleClicked = true; });
 }
 
 void GridHeader::Detach() {
@@ -61,6 +62,14 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int column) 
 void GridHeader::mousePressEvent(QMouseEvent* event) {
     m_mouseDown = event->button() == Qt::LeftButton;
     QHeaderView::mousePressEvent(event);
+}
+
+void GridHeader::mouseDoubleClickEvent(QMouseEvent* event) {
+    m_doubleClicked = false;
+    QHeaderView::mouseDoubleClickEvent(event);
+    // Between the handles the second of two quick clicks is a click like the first.
+    if (std::exchange(m_doubleClicked, false))
+        mousePressEvent(event);
 }
 
 void GridHeader::mouseMoveEvent(QMouseEvent* event) {

@@ -26,6 +26,7 @@ signals:
 protected:
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     bool viewportEvent(QEvent* event) override;
@@ -38,6 +39,7 @@ private:
     int m_hover = -1;
     int m_clicked = -1;
     bool m_mouseDown = false;
+    bool m_doubleClicked = false; ///< on a section, in the event at hand
 };
 
 } // namespace toolkit

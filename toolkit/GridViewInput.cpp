@@ -103,14 +103,17 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
     event->accept();
     m_pressed = {};
-    if (event->button() != Qt::LeftButton)
+    if (event->button() != Qt::LeftButton || m_grid == nullptr)
         return;
     const GridCell cell = CellAt(event->position().toPoint());
-    // On a button the first click has acted already.
-    if (cell.row < 0 || IsButton(cell))
+    const CGridItem* item = ItemAt(cell);
+    // An icon's command has run at the first click.
+    if (dynamic_cast<const CIconGridItem*>(item) != nullptr && item->IsEnabled())
         return;
-    SetCurrent(cell);
-    DoubleClick(cell);
+    // Beside and below the rows it is the selected row's.
+    if (cell.row >= 0)
+        SetCurrent(cell);
+    DoubleClick({m_grid->m_curSel, cell.column});
 }
 
 void GridView::Activate(const GridCell& cell) {

@@ -122,6 +122,8 @@ protected:
     virtual void OnQueryPage() {}
     /// An icon of the row was clicked; the row is selected by then.
     virtual void OnIconCommand(int command, CGridRow& row);
+    /// A double click anywhere but on an icon that has just acted: the selected row's, with the
+    /// column -1 where there is no cell.
     virtual void OnDoubleClick(CGridRow& row, int column);
     /// Fills the row's context menu; nothing filled: no menu.
     virtual void FillRowMenu(CGridRow& row, QMenu& menu);

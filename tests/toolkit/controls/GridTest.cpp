@@ -33,6 +33,7 @@ struct GridMouse : ::testing::Test {
     void DoubleClick(int row, int column) const {
         Click(row, column);
         QTest::mouseDClick(Viewport(), Qt::LeftButton, {}, grid.CellCenter(row, column));
+        QTest::mouseRelease(Viewport(), Qt::LeftButton, {}, grid.CellCenter(row, column));
     }
     void ClickHeader(int column) const {
         const QHeaderView* header = grid.View()->horizontalHeader();
@@ -122,11 +123,57 @@ TEST_F(GridMouse, DoubleClickOnAnIconFiresOnceAndIsNoDoubleClick) {
     EXPECT_THAT(grid.doubleClicks, IsEmpty());
 }
 
-TEST_F(GridMouse, SecondHalfOfADoubleClickOnACheckBoxDoesNothing) {
+TEST_F(GridMouse, DoubleClickOnAnIconThatDidNothingIsOneLikeElsewhere) {
+    Open(5);
+    grid.GetRow(2)->GetItem(SampleGrid::kEdit)->Enable(false);
+    DoubleClick(2, SampleGrid::kEdit);
+    EXPECT_THAT(grid.iconCalls, IsEmpty());
+    EXPECT_THAT(grid.doubleClicks, ElementsAre(SampleGrid::DoubleClickCall{2, SampleGrid::kEdit}));
+}
+
+TEST_F(GridMouse, DoubleClickOnACheckBoxTurnsItOnceAndIsADoubleClick) {
     Open(5);
     DoubleClick(2, SampleGrid::kCheck);
     EXPECT_TRUE(grid.IsChecked(2));
-    EXPECT_THAT(grid.doubleClicks, IsEmpty());
+    EXPECT_THAT(grid.doubleClicks, ElementsAre(SampleGrid::DoubleClickCall{2, SampleGrid::kCheck}));
+}
+
+TEST_F(GridMouse, DoubleClickBelowTheLastRowIsTheSelectedRows) {
+    Open(2);
+    const QPoint below(100, Viewport()->height() - 5);
+    const auto doubleClick = [&] {
+        QTest::mouseClick(Viewport(), Qt::LeftButton, {}, below);
+        QTest::mouseDClick(Viewport(), Qt::LeftButton, {}, below);
+    };
+    doubleClick();
+    EXPECT_THAT(grid.doubleClicks, IsEmpty()) << "no row is selected";
+    Click(1, SampleGrid::kName);
+    doubleClick();
+    EXPECT_THAT(grid.doubleClicks, ElementsAre(SampleGrid::DoubleClickCall{1, -1}));
+}
+
+TEST_F(GridMouse, TwoQuickClicksOnAHeaderAreTwoClicks) {
+    Open(2);
+    const QHeaderView* header = grid.View()->horizontalHeader();
+    const QPoint place(header->sectionViewportPosition(SampleGrid::kName) +
+                           header->sectionSize(SampleGrid::kName) / 2,
+                       header->height() / 2);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, place);
+    EXPECT_THAT(grid.headerClicks, ElementsAre(SampleGrid::kName, SampleGrid::kName));
+}
+
+TEST_F(GridMouse, TwoQuickClicksOnAHandleOfTheHeaderAreNone) {
+    Open(2);
+    const QHeaderView* header = grid.View()->horizontalHeader();
+    const QPoint handle(header->sectionViewportPosition(SampleGrid::kName) +
+                            header->sectionSize(SampleGrid::kName) - 1,
+                        header->height() / 2);
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, handle);
+    QTest::mouseDClick(header->viewport(), Qt::LeftButton, {}, handle);
+    QTest::mouseRelease(header->viewport(), Qt::LeftButton, {}, handle);
+    EXPECT_THAT(grid.headerClicks, IsEmpty());
 }
 
 TEST_F(GridMouse, ClickBelowTheLastRowKeepsTheSelection) {
