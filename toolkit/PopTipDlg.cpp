@@ -10,12 +10,13 @@
 
 namespace {
 
-/// Enter presses the default button; Escape and Qt's own accept and reject do nothing, since
+/// Stays above the window that owns it: window managers keep only dialogs there. Enter presses the
+/// default button; Escape and Qt's own accept and reject do nothing, since
 /// closing belongs to the window object alone.
 class DialogWindow final : public QDialog {
 public:
     explicit DialogWindow(QWidget* parent)
-        : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+        : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                               Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint) {}
     ~DialogWindow() override { toolkit::TellWindowDies(*this); }
     DialogWindow(const DialogWindow&) = delete;

@@ -112,7 +112,8 @@ void WindowObject::Release() {
 void WindowObject::ShowRestored() {
     if (!HasWindow())
         return;
-    m_widget->showNormal();
+    m_widget->setWindowState(m_widget->windowState() & ~Qt::WindowMinimized);
+    m_widget->show();
 }
 
 void WindowObject::BringToForeground() {

@@ -39,7 +39,7 @@ public:
     /// Does nothing without a window.
     void Destroy();
 
-    /// Shows the window in its normal size, also out of minimised.
+    /// Shows the window; out of minimised it comes back as it was before, maximised or not.
     void ShowRestored();
     /// Asks the window manager; it may refuse.
     void BringToForeground();
