@@ -11,6 +11,8 @@
 #include "toolkit/WindowRegistry.h"
 #include "viewers/StoredFetch.h"
 
+#include <QWidget>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -38,9 +40,19 @@ void CopyUnderOwnName(const DownloadSource& source, const QString& folder) {
     }
 }
 
+/// The progress window was the main window's, which comes to the front as that closes.
+void BringToFront(toolkit::WindowId id) {
+    QWidget* window = toolkit::WidgetOf(id);
+    if (window == nullptr)
+        return;
+    window->raise();
+    window->activateWindow();
+}
+
 } // namespace
 
-void DownloadRows(const std::vector<BatchRow>& rows, const QString& folder) {
+void DownloadRows(const std::vector<BatchRow>& rows, const QString& folder,
+                  toolkit::WindowId console) {
     KX_DATA::IExProgress& progress = OpenProgress(qint32(rows.size()));
     bool anyDone = false;
     qint32 done = 0;
@@ -58,10 +70,10 @@ void DownloadRows(const std::vector<BatchRow>& rows, const QString& folder) {
         }
         progress.SetPos(++done);
     }
-    if (anyDone &&
-        KXTools::ShowQuestionBox(toolkit::kNoWindow, u"下载成功，是否打开下载照片的所在目录？"_s) ==
-            KXTools::kYes)
+    if (anyDone && KXTools::ShowQuestionBox(console, u"下载成功，是否打开下载照片的所在目录？"_s) ==
+                       KXTools::kYes)
         toolkit::Prompts().OpenFolder(folder);
     progress.Close();
+    BringToFront(console);
     GetKXSysMng()->WriteActionLog(u"下载Vesk照片"_s);
 }

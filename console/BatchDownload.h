@@ -1,6 +1,8 @@
 // The checked photos of a page, copied into one folder.
 #pragma once
 
+#include "toolkit/WindowId.h"
+
 #include <QString>
 
 #include <vector>
@@ -20,5 +22,9 @@ struct BatchRow {
 
 /// Fetches the checked rows in their order and copies each into `folder` under its own name, or
 /// with a number where the name is taken, with the client's progress window. A failed download ends
-/// all of it with a log line. Thread: user interface; blocks it.
-void DownloadRows(const std::vector<BatchRow>& rows, const QString& folder);
+/// all of it with a log line.
+/// @param console  the window whose rows they are: the question at the end stands at it, and it
+///                 comes to the front when all is done.
+/// Thread: user interface; blocks it.
+void DownloadRows(const std::vector<BatchRow>& rows, const QString& folder,
+                  toolkit::WindowId console);

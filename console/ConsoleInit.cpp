@@ -13,6 +13,7 @@
 #include "toolkit/DropCombo.h"
 #include "toolkit/KXComboBox.h"
 #include "toolkit/Look.h"
+#include "toolkit/SelectionChange.h"
 #include "toolkit/WindowPlace.h"
 
 #include <QCheckBox>
@@ -171,18 +172,18 @@ void CVeskPicMngDlg::ConnectControls() {
 void CVeskPicMngDlg::ConnectFilters() {
     QWidget* window = Widget();
     const ConsoleControls& c = *m_controls;
-    QObject::connect(c.projectCombo, &QComboBox::activated, window, [this] {
+    toolkit::ConnectSelectionChange(c.projectCombo, window, [this](int) {
         m_controls->projectCombo->setToolTip(
             toolkit::PlainTip(m_controls->projectCombo->currentText()));
         RunSearch();
     });
     QObject::connect(c.markCombo, &DropCombo::dropDown, window, [this] { FillMarkBox(); });
-    QObject::connect(c.markCombo, &QComboBox::activated, window,
-                     [this](int index) { OnMarkChosen(index); });
+    toolkit::ConnectSelectionChange(c.markCombo, window,
+                                    [this](int index) { OnMarkChosen(index); });
     QObject::connect(c.labelCombo, &DropCombo::dropDown, window, [this] { FillLabelBox(); });
-    QObject::connect(c.labelCombo, &QComboBox::activated, window,
-                     [this](int index) { OnLabelChosen(index); });
-    QObject::connect(c.statusCombo, &QComboBox::activated, window, [this] { RunSearch(); });
+    toolkit::ConnectSelectionChange(c.labelCombo, window,
+                                    [this](int index) { OnLabelChosen(index); });
+    toolkit::ConnectSelectionChange(c.statusCombo, window, [this](int) { RunSearch(); });
     QObject::connect(c.noDateLimit, &QCheckBox::clicked, window, [this] { OnNoLimitToggled(); });
     QObject::connect(c.startPicker, &QDateEdit::dateChanged, window,
                      [this] { OnDateChanged(true); });

@@ -22,6 +22,19 @@ namespace {
 /// which is never disabled, so that the lookup always runs there; required as is.
 constexpr int kLocateColumn = 13;
 
+/// The name without what would lead the dialog into another folder. What is too long is cut in the
+/// base: the extension decides the dialog's.
+QString ProposedName(const QString& name) {
+    using namespace ZelvorNRQ_KXVeskPicture;
+    if (name.isEmpty())
+        return name;
+    QString base;
+    QString extension;
+    SplitPicName(name, base, extension, true);
+    // A name without an extension of a picture is all base.
+    return SafeFileName(base) + (base.size() < name.size() ? extension : QString());
+}
+
 } // namespace
 
 void CVeskPicMngGrid::OnIconCommand(int command, CGridRow& row) {
@@ -67,10 +80,7 @@ void CVeskPicMngGrid::LocateSelected(CGridRow& row) {
 void CVeskPicMngGrid::SaveSelectedAs(const CGridRow& row) {
     const QString name = row.GetItem(kNameColumn)->GetText();
     const DownloadSource source = m_manager->GetDownloadSource(row);
-    // A separator in the name would lead the dialog into another folder.
-    ZelvorNRQ_KXVeskPicture::SavePicAs(
-        source.uuid, name.isEmpty() ? name : ZelvorNRQ_KXVeskPicture::SafeFileName(name),
-        source.localPath);
+    ZelvorNRQ_KXVeskPicture::SavePicAs(source.uuid, ProposedName(name), source.localPath);
 }
 
 void CVeskPicMngGrid::DownloadChecked(const QString& folder) {
@@ -81,7 +91,7 @@ void CVeskPicMngGrid::DownloadChecked(const QString& folder) {
         const bool checked = row.GetItem(m_manager->GetCheckColumn())->GetBool();
         rows.push_back({checked, checked ? m_manager->GetDownloadSource(row) : DownloadSource()});
     }
-    DownloadRows(rows, folder);
+    DownloadRows(rows, folder, ParentId());
 }
 
 void CVeskPicMngGrid::EditOneRow(CGridRow& row) {

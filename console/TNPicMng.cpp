@@ -137,7 +137,8 @@ bool CTNPicMng::EditRow(CGridRow& row) {
 }
 
 void CTNPicMng::LocateRow(CGridRow& row) {
-    const auto& record = RecordOf<KX_DATA::IssueRow>(row);
+    // A copy: what the view does may fetch the page again.
+    const auto record = RecordOf<KX_DATA::IssueRow>(row);
     // Only 1 stops here, as for BIM photos. These two messages have no parent; required as is.
     if (record.status == 1) {
         KXTools::ShowMsgBox(toolkit::kNoWindow, u"当前问题状态为隐藏，不支持直接定位！"_s);

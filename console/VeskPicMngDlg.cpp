@@ -20,6 +20,8 @@
 
 #include <boost/make_shared.hpp>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -95,7 +97,8 @@ void CVeskPicMngDlg::SetPdfPreset(qint32 markId, qint32 drawingId, qint32 checkp
 void CVeskPicMngDlg::RunSearch() {
     if (!HasWindow())
         return;
-    m_controls->searchButton->setEnabled(false);
+    CommitDates();
+    DisableSearch();
     const QString keyword =
         EffectiveKeyword(m_controls->keywordCombo->currentText(), Manager()->GetSearchHint());
     if (!keyword.isEmpty())
@@ -111,6 +114,30 @@ void CVeskPicMngDlg::RunSearch() {
     // The console may have been closed while the service answered.
     if (m_presetActive && HasWindow())
         ClearUsedPreset();
+}
+
+void CVeskPicMngDlg::CommitDates() {
+    // A shortcut moves no keyboard, so that a date may be typed and not yet committed.
+    m_controls->startPicker->interpretText();
+    m_controls->endPicker->interpretText();
+}
+
+void CVeskPicMngDlg::DisableSearch() {
+    QPushButton& button = *m_controls->searchButton;
+    // Disabled, the button would hand the keyboard to the grid, where Enter looks a row up.
+    if (Widget()->focusWidget() == &button) {
+        m_searchHadKeyboard = true;
+        Widget()->setFocus(Qt::OtherFocusReason);
+    }
+    button.setEnabled(false);
+}
+
+void CVeskPicMngDlg::EnableSearch() {
+    QPushButton& button = *m_controls->searchButton;
+    button.setEnabled(true);
+    // Unless it has been put elsewhere meanwhile.
+    if (std::exchange(m_searchHadKeyboard, false) && Widget()->focusWidget() == Widget())
+        button.setFocus(Qt::OtherFocusReason);
 }
 
 template <class Filter> void CVeskPicMngDlg::FillFilter(Filter& filter, const QString& keyword) {
@@ -182,6 +209,7 @@ void CVeskPicMngDlg::OnDestroyed() {
     m_labelsLoaded = false;
     m_labelIds.clear();
     m_labelId.clear();
+    m_searchHadKeyboard = false;
     // The second preset text stays; required as is.
 }
 
@@ -208,11 +236,14 @@ qintptr CVeskPicMngDlg::OnEvent(const toolkit::WindowEvent& event) {
 void CVeskPicMngDlg::OnSearchStart() {
     if (!m_controls)
         return;
-    m_controls->searchButton->setEnabled(false);
+    DisableSearch();
     m_controls->statusPane->setText(u"正在搜索..."_s);
     if (!m_waitCursor)
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     m_waitCursor = true;
+    // At once: nothing is painted while the service holds the thread.
+    m_controls->searchButton->repaint();
+    m_controls->statusBar->repaint();
 }
 
 void CVeskPicMngDlg::OnSearchDone() {
@@ -221,7 +252,7 @@ void CVeskPicMngDlg::OnSearchDone() {
     m_waitCursor = false;
     if (!m_controls || !m_grid)
         return;
-    m_controls->searchButton->setEnabled(true);
+    EnableSearch();
     const QString count = QString::number(m_grid->totalCount);
     m_controls->statusPane->setText(m_mode == kModeIssue ? u"本次共搜索到"_s + count + u"个问题"_s
                                                          : u"本次共搜索到"_s + count + u"张照片"_s);

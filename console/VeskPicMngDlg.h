@@ -90,6 +90,11 @@ private:
     [[nodiscard]] QString ChosenState() const;
     template <class Filter> void FillFilter(Filter& filter, const QString& keyword);
     void ClearUsedPreset();
+    /// What is typed into a date counts like one that was chosen.
+    void CommitDates();
+    /// "搜索" can't be pressed; the keyboard that it had comes back to it.
+    void DisableSearch();
+    void EnableSearch();
 
     // Actions.
     void OnShowHide(bool show);
@@ -120,6 +125,7 @@ private:
     bool m_marksLoaded = false;
     bool m_labelsLoaded = false;
     bool m_waitCursor = false;
+    bool m_searchHadKeyboard = false;
     qint64 m_savedStart = 0;
     qint64 m_savedEnd = 0;
     QRect m_projectComboRect;

@@ -57,6 +57,11 @@ toolkit::ImageList MakeHeaderImages() {
     return images;
 }
 
+QString FailedText(ConsoleMode mode) {
+    return mode == kModeIssue ? u"读取问题失败。请检查网络后按 F5 重试。"_s
+                              : u"读取照片失败。请检查网络后按 F5 重试。"_s;
+}
+
 QString EmptyText(ConsoleMode mode) {
     return mode == kModeIssue ? u"没有符合条件的问题。可以放宽筛选条件，再点“搜索”。"_s
                               : u"没有符合条件的照片。可以放宽筛选条件，再点“搜索”。"_s;
@@ -147,7 +152,7 @@ void CVeskPicMngGrid::OnQueryPage() {
     const auto raised = CatchStatus([this] { FetchPage(); });
     if (raised) {
         totalCount = 0;
-        m_queryFailed = true;
+        NoteQuery(false);
         ShowStatus(ParentId(), *raised);
     }
     toolkit::SendWindowEvent(ParentId(), WM_PIC_SEARCH_DONE);
@@ -181,13 +186,20 @@ void CVeskPicMngGrid::FetchPage() {
     const bool built = manager->QueryPage(m_rowImages, request, result);
     if (m_filling != filling)
         return;
-    // A refused query leaves an empty page and no hits; nothing else is told.
-    m_queryFailed = !built;
+    // A refused query leaves an empty page and no hits; only the empty page says that it failed.
+    NoteQuery(built);
+    if (!built)
+        result = KX_DATA::PageResult();
     totalCount = result.totalCount;
     AdjustLayout();
     SelectKey(selected);
     if (GetManager() != nullptr)
         GetManager()->SetPageCount(result.pageCount);
+}
+
+void CVeskPicMngGrid::NoteQuery(bool succeeded) {
+    m_queryFailed = !succeeded;
+    SetEmptyText(succeeded ? EmptyText(m_mode) : FailedText(m_mode));
 }
 
 void CVeskPicMngGrid::FetchCurrentPage() {

@@ -70,6 +70,8 @@ private:
     [[nodiscard]] QString TakeSelectedKey();
     void SelectKey(const QString& key);
     void FetchAfterDelete();
+    /// Says in the empty grid whether nothing matched or reading failed.
+    void NoteQuery(bool succeeded);
     /// The dialog has this grid, in a window.
     [[nodiscard]] bool IsInDialog() const;
     void RunCommand(RowCommand command, CGridRow& row);

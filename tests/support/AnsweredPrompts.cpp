@@ -106,10 +106,12 @@ QString AnsweredPrompts::AskFolder(toolkit::WindowId parent, const QString& titl
 }
 
 QString AnsweredPrompts::AskSaveFile(const toolkit::SaveFileRequest& request) {
+    m_lastFilter = request.filter;
     return Answer(request.parent, "AskSaveFile", request.proposedName).value(0);
 }
 
 QStringList AnsweredPrompts::AskOpenFiles(const toolkit::OpenFilesRequest& request) {
+    m_lastFilter = request.filter;
     return Answer(request.parent, "AskOpenFiles", request.filter);
 }
 

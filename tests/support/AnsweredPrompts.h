@@ -35,6 +35,8 @@ public:
 
     /// The parents of all prompts so far.
     [[nodiscard]] const std::vector<toolkit::WindowId>& Parents() const { return m_parents; }
+    /// Filter of the last dialog for saving or opening files.
+    [[nodiscard]] const QString& LastFilter() const { return m_lastFilter; }
     [[nodiscard]] bool AllAnswered() const { return m_expected.empty(); }
 
     void ShowMessage(toolkit::WindowId parent, const QString& text) override;
@@ -61,6 +63,7 @@ private:
     toolkit::IPrompts* m_before;
     std::deque<Expectation> m_expected;
     std::vector<toolkit::WindowId> m_parents;
+    QString m_lastFilter;
 };
 
 } // namespace support

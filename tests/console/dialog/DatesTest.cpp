@@ -1,5 +1,6 @@
 // "不限" and the two dates.
 #include "tests/console/dialog/ConsoleFixture.h"
+#include "tests/support/WaitFor.h"
 
 #include <QCheckBox>
 #include <QDateEdit>
@@ -96,6 +97,31 @@ TEST_F(DatesTest, DatesArePassedOnEvenWhileTheyAreOff) {
     Click(C().noDateLimit);
     EXPECT_TRUE(BimFilter().noDateLimit);
     EXPECT_EQ(BimFilter().startTime, Start(QDate(2025, 2, 26)));
+}
+
+TEST_F(DatesTest, ADateThatIsTypedAndNotCommittedIsWhatAltSSearches) {
+    OpenWithDates();
+    C().startPicker->setFocus();
+    QTest::keyClick(C().startPicker, Qt::Key_End);
+    QTest::keyClick(C().startPicker, Qt::Key_Backspace);
+    QTest::keyClick(C().startPicker, Qt::Key_8);
+    Key(Qt::Key_S, Qt::AltModifier);
+    ASSERT_TRUE(support::WaitFor([this] { return Searches() == 1; }));
+    EXPECT_EQ(C().startPicker->text(), u"2026-02-28"_s);
+    EXPECT_EQ(BimFilter().startTime, Start(QDate(2026, 2, 28)));
+}
+
+TEST_F(DatesTest, ATypedStartBehindTheEndGoesBackBeforeAltSSearches) {
+    OpenWithDates();
+    C().endPicker->setFocus();
+    QTest::keyClick(C().endPicker, Qt::Key_Home);
+    QTest::keyClick(C().endPicker, Qt::Key_Delete);
+    for (const char digit : {'2', '0', '2', '5'})
+        QTest::keyClick(C().endPicker, digit);
+    Key(Qt::Key_S, Qt::AltModifier);
+    ASSERT_TRUE(support::WaitFor([this] { return Searches() == 1; }));
+    EXPECT_EQ(C().endPicker->text(), u"2026-03-05"_s);
+    EXPECT_EQ(BimFilter().endTime, Start(QDate(2026, 3, 5)) + 86399);
 }
 
 } // namespace

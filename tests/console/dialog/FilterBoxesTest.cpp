@@ -224,4 +224,16 @@ TEST_F(FilterBoxesTest, ChangesByCodeSearchNothing) {
     EXPECT_EQ(Searches(), 0);
 }
 
+TEST_F(FilterBoxesTest, TheEntryAlreadyChosenSearchesNothing) {
+    Open(kModeBim);
+    Choose(*C().markCombo, 0);
+    Choose(*C().labelCombo, 0);
+    Choose(*C().statusCombo, 0);
+    Choose(*C().projectCombo, 0);
+    EXPECT_EQ(Searches(), 0);
+    Choose(*C().markCombo, 1);
+    Choose(*C().markCombo, 1);
+    EXPECT_EQ(Searches(), 1);
+}
+
 } // namespace

@@ -1,9 +1,11 @@
 // Presets: limits from the host that hold for one search.
+#include "console/ConsoleEvents.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/dialog/ConsoleFixture.h"
 #include "toolkit/ColorTxtComboBox.h"
 
 #include <QPushButton>
+#include <QRadioButton>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -195,6 +197,41 @@ TEST_F(PresetsTest, ADrawingPresetWithoutAnOpenProjectLimitsNoDrawing) {
     FillService(host, kModePdf, 2);
     Facade().ShowPdfPicMngFor(0, 2, 31);
     EXPECT_EQ(PdfFilter().drawingId, -1);
+}
+
+TEST_F(PresetsTest, AConsoleOfAnotherKindIsClosedBeforeThePresetsOpens) {
+    Open(kModeIssue, 2);
+    Facade().ShowBimPicMngFor(0, u"K7"_s, 2, 3);
+    EXPECT_THAT(Log().LinesOf({"SaveRecent", "GetRecent", "QueryBimPics", "RefreshPdfMarks"}),
+                ElementsAre("SaveRecent([])", "GetRecent()",
+                            "QueryBimPics(page=1,size=30,sort=last_modifytime desc)",
+                            "RefreshPdfMarks()"));
+    Log().Clear();
+    Facade().ShowPdfPicMngFor(0, 2, 5);
+    EXPECT_THAT(Log().LinesOf({"GetCurrentDrawing", "SaveRecent", "GetRecent", "QueryPdfPics"}),
+                ElementsAre("GetCurrentDrawing()", "SaveRecent([])", "GetRecent()",
+                            "QueryPdfPics(page=1,size=30,sort=last_modifytime desc)"));
+    Log().Clear();
+    Facade().ShowIssueMngFor(0, u"K7"_s, 2, u"H77"_s);
+    EXPECT_THAT(Log().LinesOf({"SaveRecent", "GetRecent", "QueryIssues"}),
+                ElementsAre("SaveRecent([])", "GetRecent()",
+                            "QueryIssues(page=1,size=30,sort=modifytime desc)"));
+}
+
+TEST_F(PresetsTest, ThePhotoOfAPresetIsNotLookedForAmongDrawingPhotos) {
+    Open(kModeBim, 2);
+    Facade().ShowBimPicMngFor(0, QString(), 0, 99);
+    Settle();
+    host.pics.pdfPics = {DrawingPhoto(98), DrawingPhoto(99)};
+    Click(C().pdfRadio);
+    ASSERT_EQ(Grid().GetRowCount(), 2);
+    toolkit::SendWindowEvent(Console().Id(), WM_PIC_MNG_SELECT);
+    EXPECT_EQ(SelectedRow(), -1);
+    EXPECT_EQ(Console().CurrentPreset().picId, 99);
+    host.pics.bimPics = {BimPhoto(99)};
+    Click(C().bimRadio);
+    toolkit::SendWindowEvent(Console().Id(), WM_PIC_MNG_SELECT);
+    EXPECT_EQ(SelectedRow(), 0);
 }
 
 } // namespace

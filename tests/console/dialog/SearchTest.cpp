@@ -12,6 +12,8 @@
 #include <QRadioButton>
 #include <gmock/gmock.h>
 
+#include <tuple>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -244,6 +246,85 @@ TEST_F(SearchTest, AnotherKindKeepsKeywordStateAndDates) {
     EXPECT_EQ(PdfFilter().keyword, u"abc"_s);
     EXPECT_EQ(PdfFilter().status, u"待整改"_s);
     EXPECT_FALSE(PdfFilter().noDateLimit);
+}
+
+/// What a label showed each time that it was painted.
+class PaintedTexts final : public QObject {
+public:
+    explicit PaintedTexts(QLabel* watched) : label(watched) { label->installEventFilter(this); }
+
+    std::vector<QString> texts;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            texts.push_back(label->text());
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QLabel* label;
+};
+
+TEST_F(SearchTest, ThatItSearchesIsPaintedBeforeTheServiceIsAsked) {
+    Open(kModeBim);
+    PaintedTexts painted(C().statusPane);
+    std::vector<QString> before;
+    host.script.During("QueryBimPics", [&] { before = painted.texts; });
+    Click(C().searchButton);
+    ASSERT_FALSE(before.empty());
+    EXPECT_EQ(before.back(), u"正在搜索..."_s);
+}
+
+TEST_F(SearchTest, NoSearchCanBePressedWhileAPageIsFetched) {
+    Open(kModeBim, 65);
+    bool enabled = true;
+    host.script.During("QueryBimPics", [&] { enabled = C().searchButton->isEnabled(); });
+    Console().Paging()->DoPage(2);
+    EXPECT_FALSE(enabled);
+    EXPECT_TRUE(C().searchButton->isEnabled());
+}
+
+TEST_F(SearchTest, AfterAClickOnSearchEnterSearchesAgainAndLooksNoRowUp) {
+    Open(kModeBim);
+    ClickCell(1, 3);
+    Click(C().searchButton);
+    EXPECT_EQ(support::FocusedName(), "searchButton");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(Searches(), 2);
+    EXPECT_EQ(Log().CountOf("LocatePicture"), 0);
+}
+
+TEST_F(SearchTest, EnterWhileItSearchesLooksNoRowUp) {
+    Open(kModeBim);
+    ClickCell(1, 3);
+    host.script.During("QueryBimPics", [&] {
+        host.script.During("QueryBimPics", nullptr);
+        Key(Qt::Key_Return);
+    });
+    Click(C().searchButton);
+    EXPECT_EQ(Searches(), 1);
+    EXPECT_EQ(Log().CountOf("LocatePicture"), 0);
+}
+
+TEST_F(SearchTest, TheKeyboardStaysWhereItWasPutWhileItSearched) {
+    Open(kModeBim);
+    host.script.During("QueryBimPics", [&] { View().setFocus(); });
+    Click(C().searchButton);
+    EXPECT_EQ(support::FocusedName(), "resultGrid");
+}
+
+TEST_F(SearchTest, AFailedSearchOfEachKindReportsNoHits) {
+    for (const auto& [mode, query, text] :
+         {std::tuple(kModeBim, "QueryBimPics", u"本次共搜索到0张照片"_s),
+          std::tuple(kModePdf, "QueryPdfPics", u"本次共搜索到0张照片"_s),
+          std::tuple(kModeIssue, "QueryIssues", u"本次共搜索到0个问题"_s)}) {
+        Open(mode, 65);
+        host.script.FailNext(query);
+        Click(C().searchButton);
+        EXPECT_EQ(C().statusPane->text(), text);
+        EXPECT_EQ(Grid().totalCount, 0);
+        EXPECT_EQ(Console().Paging()->GetPageCount(), 0);
+    }
 }
 
 } // namespace

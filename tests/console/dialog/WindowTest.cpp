@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
+#include <QWindow>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -207,6 +208,58 @@ TEST_F(ConsoleWindowTest, TheConsoleEndsWithTheMainWindowThatItLiesOn) {
     EXPECT_EQ(Console().Controls(), nullptr);
     Open(kModeBim);
     EXPECT_EQ(Grid().GetRowCount(), 3);
+}
+
+TEST_F(ConsoleWindowTest, ClosingForgetsTheChosenLabel) {
+    host.pics.bimLabels = {{u"l1"_s, u"裂缝"_s}};
+    Open(kModeBim);
+    Choose(*C().labelCombo, 1);
+    ASSERT_EQ(BimFilter().labelId, u"l1"_s);
+    Console().CloseConsole();
+    Open(kModeBim);
+    EXPECT_EQ(BimFilter().labelId, QString());
+}
+
+TEST_F(ConsoleWindowTest, TheMainWindowOwnsIt) {
+    mainWindow.Widget()->show();
+    Open(kModeBim);
+    ASSERT_NE(Window()->windowHandle(), nullptr);
+    EXPECT_EQ(Window()->windowHandle()->transientParent(), mainWindow.Widget()->windowHandle());
+    // Of a plain window no window manager is told so.
+    EXPECT_EQ(Window()->windowHandle()->type(), Qt::Dialog);
+    EXPECT_TRUE(Window()->windowFlags().testFlag(Qt::WindowMinimizeButtonHint));
+    EXPECT_TRUE(Window()->windowFlags().testFlag(Qt::WindowMaximizeButtonHint));
+}
+
+TEST_F(ConsoleWindowTest, MinimisedItComesBackAsItWas) {
+    for (const bool maximised : {false, true}) {
+        Open(kModeBim);
+        if (maximised)
+            Window()->showMaximized();
+        Console().Minimise();
+        ASSERT_TRUE(Window()->isMinimized());
+        Facade().ShowPicMng(kModeBim);
+        EXPECT_FALSE(Window()->isMinimized());
+        EXPECT_EQ(Window()->isMaximized(), maximised);
+        Console().CloseConsole();
+    }
+}
+
+TEST_F(ConsoleWindowTest, TheEndOfADownloadIsAskedAtItAndLeavesItInFront) {
+    mainWindow.Widget()->show();
+    Open(kModeBim);
+    host.files.stored[host.pics.bimPics[0].text8] = "photo";
+    CheckRows({0});
+    prompts.ExpectFolder(u"请选择文件存放的路径："_s, folder.Path());
+    prompts.ExpectYesNo(u"下载成功，是否打开下载照片的所在目录？"_s, false);
+    host.script.During("Progress.Close", [this] {
+        mainWindow.Widget()->activateWindow();
+        ASSERT_TRUE(support::WaitFor([this] { return mainWindow.Widget()->isActiveWindow(); }));
+    });
+    Click(C().downloadButton);
+    EXPECT_EQ(Log().CountOf("Progress.Close"), 1);
+    EXPECT_THAT(prompts.Parents(), ElementsAre(Console().Id(), Console().Id()));
+    EXPECT_TRUE(support::WaitFor([this] { return Window()->isActiveWindow(); }));
 }
 
 } // namespace

@@ -386,4 +386,42 @@ TEST_F(GridActionsTest, AnEntryOfTheMenuDoesWhatItsIconDoes) {
     EXPECT_TRUE(prompts.AllAnswered());
 }
 
+TEST_F(GridActionsTest, DeletingCheckedPhotosOfTheOpenDrawingTellsTheHost) {
+    Show(kModePdf, 3);
+    Check({0, 2});
+    grid->DeleteChecked();
+    EXPECT_THAT(Log().LinesOf({"DeletePdfPics", "QueryPdfPics", "RefreshPdfMarks"}),
+                ElementsAre("DeletePdfPics(ppid=1,ids=[3 1])",
+                            "QueryPdfPics(page=1,size=30,sort=last_modifytime desc)",
+                            "RefreshPdfMarks()"));
+}
+
+TEST_F(GridActionsTest, ADoubleClickOnTheCheckBoxLooksTheRowUpToo) {
+    Show(kModeBim, 3);
+    DoubleClickCell(1, 0);
+    EXPECT_THAT(Log().LinesOf({"LocatePicture"}), ElementsAre("LocatePicture(position=K2,mark=1)"));
+    EXPECT_THAT(Checked(), ElementsAre(1));
+}
+
+TEST_F(GridActionsTest, ADoubleClickBelowTheRowsLooksTheSelectedRowUp) {
+    Show(kModeBim, 3);
+    const QPoint below(200, View().viewport()->height() - 5);
+    QTest::mouseDClick(View().viewport(), Qt::LeftButton, {}, below);
+    EXPECT_EQ(Log().CountOf("LocatePicture"), 0);
+    ClickCell(1, 3);
+    QTest::mouseDClick(View().viewport(), Qt::LeftButton, {}, below);
+    EXPECT_THAT(Log().LinesOf({"LocatePicture"}), ElementsAre("LocatePicture(position=K2,mark=1)"));
+}
+
+TEST_F(GridActionsTest, ALongNameIsCutInItsBaseAndKeepsItsExtension) {
+    Show(kModeBim, 1);
+    host.pics.bimPics[0].fileName = QString(90, u'长') + u".PNG"_s;
+    paging->DoFirstPage();
+    // 220 bytes of three for each character.
+    prompts.ExpectSaveFile(QString(73, u'长'), QString());
+    ClickCell(0, 15);
+    EXPECT_TRUE(prompts.AllAnswered());
+    EXPECT_EQ(prompts.LastFilter(), u"KX文档(*.PNG)"_s);
+}
+
 } // namespace

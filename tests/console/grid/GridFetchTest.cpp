@@ -9,7 +9,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
 
 class GridFetchTest : public GridFixture {
@@ -154,6 +156,38 @@ TEST_F(GridFetchTest, RowsOrderByTheirRunningNumber) {
     Item(0, 1).SetValue(10);
     grid->SortRows();
     EXPECT_EQ(Cell(2, 1), "10");
+}
+
+TEST_F(GridFetchTest, AFailedQuerySaysThatReadingFailedAndNeverThatNothingMatches) {
+    for (const auto& [mode, query] :
+         {std::pair(kModeBim, "QueryBimPics"), std::pair(kModePdf, "QueryPdfPics"),
+          std::pair(kModeIssue, "QueryIssues")}) {
+        Show(mode, 3);
+        host.script.FailNext(query);
+        paging->DoFirstPage();
+        EXPECT_THAT(grid->GetEmptyText().toStdString(), HasSubstr("失败")) << mode;
+        EXPECT_THAT(grid->GetEmptyText().toStdString(), HasSubstr("F5")) << mode;
+        EXPECT_THAT(grid->GetEmptyText().toStdString(), Not(HasSubstr("没有符合条件"))) << mode;
+        FillService(host, mode, 0);
+        paging->DoFirstPage();
+        EXPECT_THAT(grid->GetEmptyText().toStdString(), HasSubstr("没有符合条件")) << mode;
+    }
+}
+
+TEST_F(GridFetchTest, ARaisedStatusLeavesAPageThatSaysThatReadingFailed) {
+    Show(kModeBim, 3);
+    host.script.During("QueryBimPics", [] { throw e_VeskPicMngStatus::PicInfoFailed; });
+    prompts.ExpectMessage(u"获取Vesk照片信息失败！"_s);
+    paging->DoFirstPage();
+    EXPECT_THAT(grid->GetEmptyText().toStdString(), HasSubstr("F5"));
+}
+
+TEST_F(GridFetchTest, ARefusedQueryHasNoHitsWhateverItCounted) {
+    Show(kModeBim, 65);
+    host.pics.bimQuery.status = 100;
+    paging->DoFirstPage();
+    EXPECT_EQ(grid->totalCount, 0);
+    EXPECT_EQ(paging->GetPageCount(), 0);
 }
 
 } // namespace

@@ -286,4 +286,16 @@ TEST_F(BimRowsTest, EditRowRunsTheEditorOnTheRowsRecordAndAnswersHowItEnded) {
     EXPECT_FALSE(Manager().EditRow(Row(0)));
 }
 
+TEST_F(BimRowsTest, TheListForTheViewerTakesPositionAndLabelsFromTheCells) {
+    Open(kModeBim, 1);
+    Fetch();
+    Row(0).SetText(7, u"别处"_s);
+    Row(0).SetText(8, u"别的标签 "_s);
+    std::vector<KX_DATA::PicViewItem> items;
+    dynamic_cast<CBimPicMng&>(Manager()).BuildPreviewList(items);
+    ASSERT_EQ(items.size(), 1U);
+    EXPECT_EQ(items[0].positionText, u"别处"_s);
+    EXPECT_EQ(items[0].labelText, u"别的标签 "_s);
+}
+
 } // namespace

@@ -94,7 +94,7 @@ TEST_F(LocateTest, APhotoThatTheViewDoesNotShowIsForgottenWithAMessage) {
     EXPECT_EQ(Facade().pendingPicId, KX_DATA::kNoPic);
     EXPECT_THAT(Log().LinesOf({"MainWindow"}),
                 ElementsAre("MainWindow(event=7529,first=0,text=1-1-1)"));
-    EXPECT_FALSE(ModuleLog().contains(u"BIM照片查看"_s));
+    EXPECT_FALSE(ModuleLog().contains(u"BIM模型照片查看"_s));
 }
 
 TEST_F(LocateTest, WithoutAViewALookupAnswersLikeOneThatShowsNothing) {
@@ -166,6 +166,16 @@ TEST_F(LocateTest, AnIssueThatTheViewShowsGoesUpToItsViewer) {
     EXPECT_THAT(Log().Lines(), ElementsAre("GetView()", "LocateIssue(id=q3)"));
     EXPECT_TRUE(ModuleLog().contains(u"问题查看"_s));
     EXPECT_FALSE(Facade().reopenConsole);
+}
+
+TEST_F(LocateTest, ThePageOfIssuesMayBeFetchedAgainByWhatTheViewDoes) {
+    Show(kModeIssue);
+    host.script.During("GetView", [this] {
+        host.questions.issues.clear();
+        Fetch();
+    });
+    Manager().LocateRow(Row(0));
+    EXPECT_EQ(Log().LinesOf({"LocateIssue"}).front(), "LocateIssue(id=q1)");
 }
 
 } // namespace

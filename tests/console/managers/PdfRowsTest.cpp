@@ -140,4 +140,14 @@ TEST_F(PdfRowsTest, TheListForTheViewerHoldsEveryRow) {
     EXPECT_EQ(item.rectifyText, u"整改中"_s);
 }
 
+TEST_F(PdfRowsTest, TheListForTheViewerTakesTheLabelsFromTheCell) {
+    Open(kModePdf, 1);
+    Fetch();
+    Row(0).SetText(9, u"别的标签 "_s);
+    std::vector<KX_DATA::PicViewItem> items;
+    dynamic_cast<CPDFPicMng&>(Manager()).BuildPreviewList(items);
+    ASSERT_EQ(items.size(), 1U);
+    EXPECT_EQ(items[0].labelText, u"别的标签 "_s);
+}
+
 } // namespace

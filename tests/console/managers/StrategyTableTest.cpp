@@ -317,6 +317,15 @@ TEST_P(StrategyTable, DeleteRowTellsARefusal) {
     EXPECT_THAT(Log().LinesOf({"WriteActionLog"}), IsEmpty());
 }
 
+TEST_P(StrategyTable, DeleteRowOfAPhotoNamesWhatItsCellShows) {
+    if (GetParam().mode == kModeIssue)
+        return; // its question names nothing
+    OpenKind();
+    Row(1).SetText(3, u"另一个名字.jpg"_s);
+    prompts.ExpectOkCancel(u"确认删除照片 另一个名字.jpg ？"_s, false);
+    EXPECT_EQ(Manager().DeleteRow(9, Row(1)), DeleteResult::Cancelled);
+}
+
 TEST_P(StrategyTable, IsViewAffected) {
     OpenKind();
     Check({0});
@@ -349,6 +358,12 @@ TEST_P(StrategyTable, EditRowGoesUpToItsEditor) {
     if (!GetParam().editorWindow.isEmpty())
         visit.emplace(GetParam().editorWindow, [](QWidget& window) { window.close(); });
     EXPECT_FALSE(Manager().EditRow(Row(0)));
+    if (visit) {
+        EXPECT_TRUE(visit->HasCome());
+        EXPECT_EQ(ModuleLog(), QString());
+        return;
+    }
+    ASSERT_FALSE(GetParam().editor.isEmpty());
     EXPECT_TRUE(ModuleLog().contains(GetParam().editor)) << ModuleLog().toStdString();
 }
 

@@ -28,7 +28,7 @@ protected:
     void Run(const std::vector<BatchRow>& rows, bool anyDone = true) {
         if (anyDone)
             prompts.ExpectYesNo(kBatchQuestion, false);
-        DownloadRows(rows, out);
+        DownloadRows(rows, out, toolkit::kNoWindow);
     }
     [[nodiscard]] QStringList Files() const {
         return QDir(out).entryList(QDir::Files | QDir::Hidden, QDir::Name);
@@ -42,7 +42,8 @@ protected:
 TEST_F(BatchDownloadTest, GoesThroughTheRowsInOrderWithProgress) {
     prompts.ExpectYesNo(kBatchQuestion, true);
     prompts.ExpectOpenFolder(out);
-    DownloadRows({Row(u"u1"_s, u"a.jpg"_s), BatchRow(), Row(u"u2"_s, u"b.jpg"_s)}, out);
+    DownloadRows({Row(u"u1"_s, u"a.jpg"_s), BatchRow(), Row(u"u2"_s, u"b.jpg"_s)}, out,
+                 toolkit::kNoWindow);
     EXPECT_EQ(Log().Lines(),
               (Calls{"Progress.Create(ZVKX)", "Progress.SetTitle(正在下载Vesk照片...)",
                      "Progress.Show()", "Progress.SetRange(3)",
