@@ -152,8 +152,10 @@ void BulkFiller::Fill(const ListShape& shape, qint32 count, AddRow add) {
     db.Exec(u"INSERT INTO %1 SELECT ppid, mark_id, state, count(*) FROM %2"
             " GROUP BY ppid, mark_id, state"_s.arg(shape.tally, shape.table));
     if (shape.kind == ListKind::kBimPhotos) {
-        for (const QString& statement : PlaceTallyFillSql()) {
-            db.Exec(statement);
+        for (const auto& fill : {PlaceTallyFillSql(), HiddenTallyFillSql()}) {
+            for (const QString& statement : fill) {
+                db.Exec(statement);
+            }
         }
     }
     transaction.Commit();

@@ -45,7 +45,7 @@ std::vector<PanelMark> MarksByPlace::MarksAt(qint32 place) const {
     if (values == Values::kCounts) {
         marks.reserve(entries.size());
         for (const Entry& entry : entries) {
-            marks.push_back({entry.markId, entry.value, {}});
+            marks.push_back({entry.markId, entry.value, {}, 0});
         }
         return marks;
     }

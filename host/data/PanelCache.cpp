@@ -16,7 +16,8 @@ const Rows& PanelCache::Refreshed(Kept<Rows>& kept, const PanelFilter& filter, R
 }
 
 const std::vector<PanelFloor>& PanelCache::Photos(const PanelFilter& filter) {
-    return Refreshed(photos, filter, [&] { return PicPanel(database).Floors(filter); });
+    Kept<std::vector<PanelFloor>>& kept = filter.HasLimits() ? limitedPhotos : photos;
+    return Refreshed(kept, filter, [&] { return PicPanel(database).Floors(filter); });
 }
 
 const std::vector<PanelIssueFloor>& PanelCache::Issues(const PanelFilter& filter) {

@@ -7,8 +7,9 @@
 
 namespace host {
 
-/// The panel asks for the same rows several times: list, tree, what is ticked. References last
-/// until the next call. Operations throw DataError. Thread: the database's.
+/// The panel asks for the same rows several times: list, tree, what is ticked; so does the plan,
+/// for those without limits. References last until the next call. Operations throw DataError.
+/// Thread: the database's.
 class PanelCache final {
 public:
     explicit PanelCache(Database& owner) : database(owner) {}
@@ -27,6 +28,7 @@ private:
 
     Database& database;
     Kept<std::vector<PanelFloor>> photos;
+    Kept<std::vector<PanelFloor>> limitedPhotos;
     Kept<std::vector<PanelIssueFloor>> issues;
 };
 

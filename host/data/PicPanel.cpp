@@ -2,6 +2,7 @@
 
 #include "host/data/Database.h"
 #include "host/data/MarksByPlace.h"
+#include "host/data/PlaceTally.h"
 
 #include <algorithm>
 #include <map>
@@ -48,10 +49,46 @@ MarksByPlace Photos(Database& database, const PanelFilter& filter, qint32 ppid) 
     return {ReadPlaced(database, sql, values), MarksByPlace::Values::kPicIds};
 }
 
+/// Counts of the hidden photos of one project, within the limits where there are some.
+MarksByPlace HiddenCounts(Database& database, const PanelFilter& filter, qint32 ppid) {
+    QString sql = u"SELECT place, mark_id, n FROM bim_hidden_tally WHERE ppid = ?"_s;
+    QVariantList values{ppid};
+    if (filter.HasLimits()) {
+        QString limits = u" AND photo.ppid = ?"_s;
+        if (filter.timed) {
+            limits += u" AND photo.modified BETWEEN ? AND ?"_s;
+            values << filter.from << filter.to;
+        }
+        if (!filter.person.isEmpty()) {
+            limits += u" AND photo.modifier = ?"_s;
+            values << filter.person;
+        }
+        sql = u"SELECT place, mark_id, n FROM (%1)"_s.arg(HiddenCountsSql(limits));
+    }
+    return {ReadPlaced(database, sql, values), MarksByPlace::Values::kCounts};
+}
+
+/// Both by mark id, and so is what comes of them.
+std::vector<PanelMark> WithHidden(std::vector<PanelMark> shown,
+                                  const std::vector<PanelMark>& hidden) {
+    for (const PanelMark& mark : hidden) {
+        auto found = std::lower_bound(
+            shown.begin(), shown.end(), mark.markId,
+            [](const PanelMark& one, qint32 markId) { return one.markId < markId; });
+        if (found == shown.end() || found->markId != mark.markId) {
+            found = shown.insert(found, {mark.markId, 0, {}, 0});
+        }
+        found->hidden = mark.count;
+    }
+    return shown;
+}
+
 /// Places are joined here and not by the database, which would look each of them up for each photo.
-void AddPlaces(Database& database, qint32 ppid, const MarksByPlace& marks, FloorsByOrder& floors) {
+void AddPlaces(Database& database, qint32 ppid, const MarksByPlace& shown,
+               const MarksByPlace& hidden, FloorsByOrder& floors) {
     const auto take = [&](const sqlite::RawRow& row) {
-        std::vector<PanelMark> marksHere = marks.MarksAt(row.Int(0));
+        std::vector<PanelMark> marksHere =
+            WithHidden(shown.MarksAt(row.Int(0)), hidden.MarksAt(row.Int(0)));
         if (marksHere.empty()) {
             return;
         }
@@ -73,12 +110,22 @@ bool PlaceComesFirst(const PanelPlace& left, const PanelPlace& right) {
 
 } // namespace
 
+bool HasShownPhotos(const PanelPlace& place) {
+    return std::any_of(place.marks.begin(), place.marks.end(),
+                       [](const PanelMark& mark) { return mark.count > 0; });
+}
+
+bool HasShownPhotos(const PanelFloor& floor) {
+    return std::any_of(floor.places.begin(), floor.places.end(),
+                       [](const PanelPlace& place) { return HasShownPhotos(place); });
+}
+
 std::vector<PanelFloor> PicPanel::Floors(const PanelFilter& filter) {
     FloorsByOrder floors;
     for (const qint32 ppid : DifferentProjects(filter)) {
         const MarksByPlace marks =
             filter.HasLimits() ? Photos(database, filter, ppid) : Counts(database, ppid);
-        AddPlaces(database, ppid, marks, floors);
+        AddPlaces(database, ppid, marks, HiddenCounts(database, filter, ppid), floors);
     }
     std::vector<PanelFloor> taken;
     taken.reserve(floors.size());

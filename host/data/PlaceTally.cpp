@@ -68,6 +68,29 @@ std::vector<QString> Triggers() {
                     RemoveSql() + u' ' + AddSql())};
 }
 
+const QString kHidden = u"bim_hidden_tally"_s;
+
+QString HideSql() {
+    return u"INSERT INTO bim_place (%1) SELECT %2 WHERE new.status <> 0 ON CONFLICT DO NOTHING;"
+           " INSERT INTO %3 (ppid, place, mark_id, n) SELECT new.ppid, place, new.mark_id, 1 FROM"
+           " bim_place WHERE new.status <> 0 AND (%1) = (%2) ON CONFLICT DO UPDATE SET n ="
+           " n + 1;"_s.arg(kPlaceColumns, PlaceOf(u"new"_s), kHidden);
+}
+
+QString UnhideSql() {
+    const QString tally =
+        u"old.status <> 0 AND ppid = old.ppid AND mark_id = old.mark_id AND place = (SELECT place"
+        " FROM bim_place WHERE (%1) = (%2))"_s.arg(kPlaceColumns, PlaceOf(u"old"_s));
+    return u"UPDATE %1 SET n = n - 1 WHERE %2; DELETE FROM %1 WHERE %2 AND n <= 0;"_s.arg(kHidden,
+                                                                                          tally);
+}
+
+/// Joins photos to their places.
+QString AtPlace(const QString& photo) {
+    return u"bim_place ON (bim_place.ppid, bim_place.floor_sort, bim_place.pos_text,"
+           " bim_place.position_key, bim_place.floor) = (%1)"_s.arg(PlaceOf(photo));
+}
+
 } // namespace
 
 std::vector<QString> PlaceTallySchema() {
@@ -84,9 +107,32 @@ std::vector<QString> PlaceTallyFillSql() {
             " WHERE photo.status = 0 ORDER BY 1, 2, 3, 4, 5"_s.arg(kPlaceColumns, place),
             u"INSERT INTO bim_place_photo (ppid, modified, id, place, mark_id) SELECT photo.ppid,"
             " photo.modified, photo.id, bim_place.place, photo.mark_id FROM bim_photo AS photo"
-            " JOIN bim_place ON (bim_place.ppid, bim_place.floor_sort, bim_place.pos_text,"
-            " bim_place.position_key, bim_place.floor) = (%1) WHERE photo.status = 0 ORDER BY 1, 2,"
-            " 3"_s.arg(place)};
+            " JOIN %1 WHERE photo.status = 0 ORDER BY 1, 2, 3"_s.arg(AtPlace(u"photo"_s))};
+}
+
+std::vector<QString> HiddenTallySchema() {
+    return {u"CREATE TABLE %1 (ppid INTEGER NOT NULL, place INTEGER NOT NULL, mark_id INTEGER NOT"
+            " NULL, n INTEGER NOT NULL, PRIMARY KEY (ppid, place, mark_id)) WITHOUT ROWID"_s.arg(
+                kHidden),
+            Trigger(u"hide"_s, u"INSERT ON bim_photo"_s, HideSql()),
+            Trigger(u"unhide"_s, u"DELETE ON bim_photo"_s, UnhideSql()),
+            Trigger(u"rehide"_s,
+                    u"UPDATE OF ppid, floor, floor_sort, pos_text, position_key, mark_id, status ON"
+                    " bim_photo"_s,
+                    UnhideSql() + u' ' + HideSql())};
+}
+
+std::vector<QString> HiddenTallyFillSql() {
+    return {u"INSERT INTO bim_place (%1) SELECT DISTINCT %2 FROM bim_photo AS photo"
+            " WHERE photo.status <> 0 ORDER BY 1, 2, 3, 4, 5 ON CONFLICT DO NOTHING"_s.arg(
+                kPlaceColumns, PlaceOf(u"photo"_s)),
+            u"INSERT INTO %1 (ppid, place, mark_id, n) %2"_s.arg(kHidden, HiddenCountsSql({}))};
+}
+
+QString HiddenCountsSql(const QString& condition) {
+    return u"SELECT photo.ppid, bim_place.place AS place, photo.mark_id AS mark_id, count(*) AS n"
+           " FROM bim_photo AS photo JOIN %1 WHERE photo.status <> 0%2 GROUP BY 1, 2, 3"_s.arg(
+               AtPlace(u"photo"_s), condition);
 }
 
 } // namespace host

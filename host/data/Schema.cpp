@@ -234,6 +234,15 @@ std::vector<QString> PicPanelTables() {
     return statements;
 }
 
+// How many hidden photos there are at each place, without looking at them.
+std::vector<QString> HiddenPhotosTable() {
+    std::vector<QString> statements = HiddenTallySchema();
+    for (const QString& statement : HiddenTallyFillSql()) {
+        statements.push_back(statement);
+    }
+    return statements;
+}
+
 } // namespace
 
 std::vector<std::vector<QString>> SchemaSteps() {
@@ -242,7 +251,7 @@ std::vector<std::vector<QString>> SchemaSteps() {
          {CatalogueTables(), FilesTables(), BimPhotosTables(), PdfPhotosTables(), IssuesTables()}) {
         first.insert(first.end(), part.begin(), part.end());
     }
-    return {first, IssuePanelIndex(), PicPanelTables()};
+    return {first, IssuePanelIndex(), PicPanelTables(), HiddenPhotosTable()};
 }
 
 } // namespace host

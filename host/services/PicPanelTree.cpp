@@ -23,6 +23,9 @@ public:
         item.groupId = kPicGroup;
         item.leaves.reserve(place.marks.size());
         for (const PanelMark& counted : place.marks) {
+            if (counted.count == 0) {
+                continue;
+            }
             const auto mark = marks.find(counted.markId);
             KX_DATA::PicMarkLeaf& leaf = item.leaves.emplace_back();
             leaf.text1 = project;
@@ -70,14 +73,19 @@ std::vector<KX_DATA::PicFilterEntry> PicFilterEntries(HostSession& session,
                                                       const PanelFilter& filter) {
     std::vector<KX_DATA::PicFilterEntry> entries;
     for (const PanelFloor& floor : session.Panel()->Photos(filter)) {
+        if (!HasShownPhotos(floor)) {
+            continue;
+        }
         KX_DATA::PicFilterEntry& entry = entries.emplace_back();
         entry.name = PanelGroupName(floor.name);
         entry.id = kPicGroup;
         std::map<qint32, qint32> counts;
         for (const PanelPlace& place : floor.places) {
             for (const PanelMark& mark : place.marks) {
-                counts[mark.markId] += mark.count;
-                entry.count += mark.count;
+                if (mark.count > 0) {
+                    counts[mark.markId] += mark.count;
+                    entry.count += mark.count;
+                }
             }
         }
         entry.values.assign(counts.begin(), counts.end());
@@ -89,12 +97,17 @@ std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session, const Pan
     std::vector<KX_DATA::PicMarkGroup> groups;
     const ItemMaker maker(session, filter);
     for (const PanelFloor& floor : session.Panel()->Photos(filter)) {
+        if (!HasShownPhotos(floor)) {
+            continue;
+        }
         KX_DATA::PicMarkGroup& group = groups.emplace_back();
         group.name = toolkit::ToGbk(PanelGroupName(floor.name));
         group.id = kPicGroup;
         group.items.reserve(floor.places.size());
         for (const PanelPlace& place : floor.places) {
-            group.items.push_back(maker.ItemOf(place));
+            if (HasShownPhotos(place)) {
+                group.items.push_back(maker.ItemOf(place));
+            }
         }
     }
     return groups;

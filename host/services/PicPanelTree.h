@@ -19,11 +19,11 @@ inline constexpr qint32 kPicGroup = 1;
 /// With a flag of 0 all times count. Without projects the open ones do.
 [[nodiscard]] PanelFilter PanelFilterOf(HostSession& session, qint64 from, qint64 to, quint8 flag,
                                         const KX_DATA::MarkFilterArg& filterArg);
-/// One entry a floor, with pairs of mark and count.
+/// One entry a floor that has shown photos, with pairs of mark and count.
 [[nodiscard]] std::vector<KX_DATA::PicFilterEntry> PicFilterEntries(HostSession& session,
                                                                     const PanelFilter& filter);
-/// One group a floor, one item an intersection, one leaf a mark. A leaf's first text is its project
-/// id in digits.
+/// The shown photos: one group a floor, one item an intersection, one leaf a mark. A leaf's first
+/// text is its project id in digits.
 [[nodiscard]] std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session,
                                                                const PanelFilter& filter);
 

@@ -17,7 +17,8 @@ MarkPhotos MarksOf(const PanelFloor& floor, const PanelItemNames& names, bool wi
     for (const PanelPlace& place : floor.places) {
         std::string name;
         for (const PanelMark& mark : place.marks) {
-            if (!isTicked(mark.markId)) {
+            // A mark without photos in its list would stand for all of its photos.
+            if (mark.count == 0 || !isTicked(mark.markId)) {
                 continue;
             }
             std::vector<KX_DATA::ShownPicItem>& photos = marks[mark.markId];
@@ -44,7 +45,7 @@ KX_DATA::ShownPicMarks TickedPics(HostSession& session, const PanelFilter& filte
     for (const PanelFloor& floor : session.Panel()->Photos(filter)) {
         const QString group = PanelGroupName(floor.name);
         const Qt::CheckState state = ticks.ofGroup(group);
-        if (state == Qt::Unchecked) {
+        if (state == Qt::Unchecked || !HasShownPhotos(floor)) {
             continue;
         }
         if (state == Qt::Checked && !filter.HasLimits()) {

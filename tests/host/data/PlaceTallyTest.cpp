@@ -45,6 +45,13 @@ void ExpectTallyIsRight(Database& db) {
               Listed(db, u"SELECT ppid, modified, id, mark_id, floor, pos_text, CASE WHEN floor ="
                          " '' THEN '' ELSE position_key END FROM bim_photo WHERE status = 0"_s +
                              byTime));
+    EXPECT_EQ(Listed(db, u"SELECT ppid, floor_sort, pos_text, position_key, mark_id, floor, n FROM"
+                         " bim_hidden_tally JOIN bim_place USING (place, ppid)"_s +
+                             order),
+              Listed(db, u"SELECT ppid, floor_sort, pos_text, CASE WHEN floor = '' THEN '' ELSE"
+                         " position_key END AS position_key, mark_id, floor, count(*) FROM"
+                         " bim_photo WHERE status <> 0 GROUP BY 1, 2, 3, 4, 5"_s +
+                             order));
 }
 
 /// Three photos at one place, one elsewhere, one nowhere.
@@ -78,10 +85,37 @@ public:
             .toInt();
     }
 
+    [[nodiscard]] int HiddenAt(const QString& key, qint32 mark = 1) {
+        return folder.Db()
+            .Value(u"SELECT coalesce(sum(n), 0) FROM bim_hidden_tally JOIN bim_place USING (place,"
+                   " ppid) WHERE position_key = ? AND mark_id = ?"_s,
+                   {key, mark})
+            .toInt();
+    }
+
     SiteWriter writer{folder};
     qint32 ppid = 0;
     std::vector<qint32> ids;
 };
+
+/// What versions of the schema after this one brought.
+void DropTallies(Database& db, int version) {
+    QStringList triggers{u"hide"_s, u"unhide"_s, u"rehide"_s};
+    QStringList tables{u"bim_hidden_tally"_s};
+    if (version < 3) {
+        triggers << u"add"_s << u"remove"_s << u"move"_s;
+        tables << u"bim_place_photo"_s << u"bim_place_tally"_s << u"bim_place"_s;
+    }
+    for (const QString& trigger : triggers) {
+        db.Exec(u"DROP TRIGGER bim_place_"_s + trigger);
+    }
+    for (const QString& table : tables) {
+        db.Exec(u"DROP TABLE "_s + table);
+    }
+    if (version == 3) {
+        db.Exec(u"DELETE FROM bim_place WHERE place NOT IN (SELECT place FROM bim_place_tally)"_s);
+    }
+}
 
 } // namespace
 
@@ -94,14 +128,17 @@ TEST(PlaceTally, CountsAPhotoAsSoonAsItIsFiled) {
     ExpectTallyIsRight(site.folder.Db());
 }
 
-TEST(PlaceTally, AHiddenPhotoDoesNotCountAndOneShownAgainDoes) {
+TEST(PlaceTally, AHiddenPhotoIsCountedApartAndOneShownAgainWithTheOthers) {
     TallySite site;
     BimPhotos photos(site.folder.Db());
     photos.SetStatus(site.ppid, {site.ids[0], site.ids[3]}, 1);
     EXPECT_EQ(site.CountAt(u"two"_s), 2);
+    EXPECT_EQ(site.HiddenAt(u"two"_s), 1);
+    EXPECT_EQ(site.HiddenAt(u"low"_s), 1);
     ExpectTallyIsRight(site.folder.Db());
     photos.SetStatus(site.ppid, {site.ids[0], site.ids[0]}, 0);
     EXPECT_EQ(site.CountAt(u"two"_s), 3);
+    EXPECT_EQ(site.HiddenAt(u"two"_s), 0);
     ExpectTallyIsRight(site.folder.Db());
 }
 
@@ -131,10 +168,30 @@ TEST(PlaceTally, AnEditMovesThePhotoToItsNewMarkAndPlace) {
     update.status = 1;
     ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000001));
     EXPECT_EQ(site.CountAt(u"low"_s, 7), 0);
+    EXPECT_EQ(site.HiddenAt(u"low"_s, 7), 1);
+    ExpectTallyIsRight(site.folder.Db());
+    update.positionKey = u"two"_s;
+    update.markId = 8;
+    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000001));
+    EXPECT_EQ(site.HiddenAt(u"low"_s, 7), 0);
+    EXPECT_EQ(site.HiddenAt(u"two"_s, 8), 1);
+    update.markId = 7;
     update.status = 0;
     update.positionKey.clear();
     ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000002));
     EXPECT_EQ(site.CountAt(QString(), 7), 1);
+    ExpectTallyIsRight(site.folder.Db());
+}
+
+TEST(PlaceTally, AHiddenPhotoGoesWithItsDeletionAndComesBackHidden) {
+    TallySite site;
+    BimPhotos(site.folder.Db()).SetStatus(site.ppid, {site.ids[3]}, 1);
+    Bin bin(site.folder.Db(), site.folder.Store());
+    ASSERT_EQ(bin.DeleteBimPhotos({site.ids[3]}, u"li"_s), 1);
+    EXPECT_EQ(site.HiddenAt(u"low"_s), 0);
+    ExpectTallyIsRight(site.folder.Db());
+    ASSERT_EQ(bin.Restore({bin.List().front().id}), 1);
+    EXPECT_EQ(site.HiddenAt(u"low"_s), 1);
     ExpectTallyIsRight(site.folder.Db());
 }
 
@@ -163,19 +220,14 @@ TEST(PlaceTally, IsRightAfterABulkFilling) {
 }
 
 TEST(PlaceTally, AFolderOfAnEarlierSchemaIsCountedWhenItIsOpened) {
-    for (const int version : {1, 2}) {
+    for (const int version : {1, 2, 3}) {
         TempSite site;
         FillBulkSite(site.folder, {500, 0, 20, 2, 60});
         Database& db = site.folder.Db();
-        for (const QString& trigger : {u"add"_s, u"remove"_s, u"move"_s}) {
-            db.Exec(u"DROP TRIGGER bim_place_"_s + trigger);
-        }
-        for (const QString& table : {u"bim_place_photo"_s, u"bim_place_tally"_s, u"bim_place"_s}) {
-            db.Exec(u"DROP TABLE "_s + table);
-        }
+        DropTallies(db, version);
         if (version == 1) {
             db.Exec(u"DROP INDEX issue_panel"_s);
-        } else {
+        } else if (version == 2) {
             // Its table had the same name and other columns.
             db.Exec(u"CREATE TABLE bim_place_tally (ppid INTEGER, floor TEXT, n INTEGER)"_s);
             db.Exec(
@@ -203,6 +255,7 @@ TEST(PicPanelFloors, CountedByTheTableAndByLookingAtThePhotosAreTheSame) {
     const auto counted = panel.Floors(all);
     const auto looked = panel.Floors(limited);
     ASSERT_EQ(counted.size(), looked.size());
+    qint32 hidden = 0;
     for (size_t floor = 0; floor < counted.size(); ++floor) {
         EXPECT_EQ(counted[floor].name, looked[floor].name);
         ASSERT_EQ(counted[floor].places.size(), looked[floor].places.size());
@@ -214,11 +267,33 @@ TEST(PicPanelFloors, CountedByTheTableAndByLookingAtThePhotosAreTheSame) {
             for (size_t mark = 0; mark < one.marks.size(); ++mark) {
                 EXPECT_EQ(one.marks[mark].markId, other.marks[mark].markId);
                 EXPECT_EQ(one.marks[mark].count, other.marks[mark].count);
+                EXPECT_EQ(one.marks[mark].hidden, other.marks[mark].hidden);
+                hidden += one.marks[mark].hidden;
                 EXPECT_TRUE(one.marks[mark].picIds.empty());
                 EXPECT_EQ(other.marks[mark].picIds.size(), size_t(other.marks[mark].count));
             }
         }
     }
+    EXPECT_GT(hidden, 100);
+}
+
+TEST(PicPanelFloors, HiddenPhotosAreCountedApartAndLikeTheOthersWithinTheLimits) {
+    TallySite site;
+    BimPhotos(site.folder.Db()).SetStatus(site.ppid, {site.ids[0], site.ids[3], site.ids[4]}, 1);
+    PicPanel panel(site.folder.Db());
+    const auto floors = panel.Floors({{site.ppid}, {}, false, 0, 0});
+    ASSERT_EQ(floors.size(), 3U);
+    EXPECT_EQ(floors[0].places[0].marks[0].hidden, 1);
+    EXPECT_FALSE(HasShownPhotos(floors[1]));
+    EXPECT_EQ(floors[1].places[0].marks[0].hidden, 1);
+    EXPECT_EQ(floors[2].places[0].marks[0].count, 2);
+    EXPECT_EQ(floors[2].places[0].marks[0].hidden, 1);
+    const auto late = panel.Floors({{site.ppid}, {}, true, 1700000003, 1800000000});
+    ASSERT_EQ(late.size(), 2U);
+    EXPECT_EQ(late[1].name, u"-1"_s);
+    EXPECT_EQ(late[1].places[0].marks[0].hidden, 1);
+    EXPECT_TRUE(panel.Floors({{site.ppid}, u"li"_s, false, 0, 0}).empty());
+    EXPECT_EQ(panel.Floors({{site.ppid}, u"zhang"_s, false, 0, 0}).size(), 3U);
 }
 
 TEST(PicPanelFloors, UnderLimitsAMarkHasItsPhotosByTheirLastChange) {

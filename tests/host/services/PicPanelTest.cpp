@@ -74,6 +74,26 @@ TEST(PicPanel, TheTreeHasFloorsIntersectionsAndMarks) {
     EXPECT_EQ(item.leaves[0].text1, std::to_string(site.first));
 }
 
+TEST(PicPanel, HiddenPhotosAreInNoneOfTheModulesLists) {
+    PanelSite site;
+    Database& db = site.session.Folder()->Db();
+    db.Exec(u"UPDATE bim_photo SET status = 1 WHERE floor = '10' OR (position_key = 'two-1' AND"
+            " mark_id = 2)"_s);
+    std::vector<KX_DATA::PicFilterEntry> entries;
+    GetVeskPicMng()->GetBimPicFilterGroups(0, 0, 0, site.arg, entries);
+    ASSERT_EQ(entries.size(), 2u);
+    EXPECT_EQ(entries[1].values, (std::vector<std::pair<qint32, qint32>>{{1, 2}, {2, 1}}));
+    std::vector<KX_DATA::PicMarkGroup> groups;
+    GetVeskPicMng()->GetBimPicFilterValues(0, 0, 0, site.arg, groups);
+    ASSERT_EQ(groups.size(), 2u);
+    EXPECT_EQ(groups[1].items[0].leaves.size(), 1u);
+    EXPECT_EQ(groups[1].items[0].total, 2);
+    EXPECT_EQ(groups[1].items[1].leaves.size(), 1u);
+    db.Exec(u"UPDATE bim_photo SET status = 1 WHERE position_key = 'two-2'"_s);
+    GetVeskPicMng()->GetBimPicFilterValues(0, 0, 0, site.arg, groups);
+    EXPECT_EQ(groups[1].items.size(), 1u);
+}
+
 TEST(PicPanel, TheSecondLevelOfPhotosHasNoName) {
     PanelSite site;
     std::vector<KX_DATA::PicMarkGroup> groups;
