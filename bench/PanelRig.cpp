@@ -19,14 +19,6 @@ constexpr QSize kPanelWindow(1400, 900);
 constexpr int kPanelPatienceMs = 120'000;
 constexpr int kPanelSettleMs = 300;
 
-host::FloorPlanModel PlanOf(host::HostSession& session) {
-    std::vector<host::PlanProject> projects;
-    for (const host::ProjectEntry& open : session.OpenProjects())
-        projects.push_back({open.ppid, open.name, session.Tables().PhotoCounts(open.ppid),
-                            session.Tables().PhotosWithoutFloor(open.ppid)});
-    return host::ReadFloorPlan(projects);
-}
-
 } // namespace
 
 PanelRig::PanelRig(WatchedApplication& watchedApplication, host::HostSession& hostSession)
@@ -37,7 +29,7 @@ PanelRig::PanelRig(WatchedApplication& watchedApplication, host::HostSession& ho
     window.addDockWidget(Qt::RightDockWidgetArea, panel);
     window.resize(kPanelWindow);
     tree = panel->Page(host::MarkKind::kPhotos).findChild<QTreeView*>();
-    plan->SetModel(PlanOf(session));
+    plan->SetModel(host::ReadFloorPlan(session));
     view = std::make_unique<host::FloorPlanView>(*plan);
     session.view = view.get();
     flow = std::make_unique<host::MarkFlow>(host::MarkFlow::Parts{session, *panel, *view, hub,

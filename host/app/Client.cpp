@@ -2,11 +2,11 @@
 
 #include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
+#include "host/app/LocateNames.h"
 #include "host/app/MarkFlow.h"
 #include "host/app/PlanReader.h"
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/ActionLogModel.h"
-#include "host/ui/LocateText.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
 #include "host/ui/marks/MarkPanelDock.h"
@@ -130,7 +130,7 @@ void Client::ConnectWindow() {
     connect(window.get(), &MainWindow::DrawingChosen, this, &Client::TakeDrawing);
     connect(window.get(), &MainWindow::PhotoLocated, this, &Client::OnPhotoLocated);
     connect(window.get(), &MainWindow::DrawingLocated, this,
-            [this](int pointId) { window->ShowStatus(u"定位图纸上的检查点 %1"_s.arg(pointId)); });
+            [this](int pointId) { window->ShowStatus(CheckpointLocatedText(session, pointId)); });
     connect(window.get(), &MainWindow::PathsDropped, imports.get(), &ImportFlow::Ask);
     connect(window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
     connect(imports.get(), &ImportFlow::Imported, this, &Client::ReadAnew);
@@ -184,10 +184,7 @@ void Client::OnPhotoLocated(const QString& text) {
     const auto target = ParseLocateText(text);
     if (target)
         view->ShowFloor(target->floor);
-    window->ShowStatus(target ? u"定位照片 %1：%2，标识 %3"_s.arg(QString::number(target->picId),
-                                                                  FloorCaption(target->floor),
-                                                                  QString::number(target->markId))
-                              : u"无法识别的定位请求：%1"_s.arg(text));
+    window->ShowStatus(target ? PhotoLocatedText(session, *target) : u"无法识别的定位请求"_s);
 }
 
 void Client::OpenRemembered() {
@@ -263,13 +260,7 @@ void Client::BringUpDrawing(qint32 drawingId) {
 }
 
 void Client::ReadPlan() {
-    std::vector<PlanProject> projects;
-    WithoutFault(session, [&] {
-        for (const ProjectEntry& open : session.OpenProjects())
-            projects.push_back({open.ppid, open.name, session.Tables().PhotoCounts(open.ppid),
-                                session.Tables().PhotosWithoutFloor(open.ppid)});
-    });
-    window->Plan().SetModel(ReadFloorPlan(projects));
+    window->Plan().SetModel(ReadFloorPlan(session));
     EnableCommands();
 }
 

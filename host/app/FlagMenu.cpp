@@ -2,6 +2,7 @@
 
 #include "host/data/HostSession.h"
 #include "host/ui/ObserverHub.h"
+#include "host/ui/PhotoCount.h"
 #include "include/IKXVeskPicture.h"
 #include "services/IKXAuthMng.h"
 #include "toolkit/Icons.h"
@@ -30,9 +31,9 @@ QString MenuText(QString text) {
 }
 
 QString FlagTitle(const MarkFlag& flag) {
-    const QString title =
-        flag.kind == MarkKind::kPhotos ? u"%1（%2 张照片）"_s : u"%1（%2 个问题）"_s;
-    return title.arg(FlagName(flag), QString::number(flag.count));
+    return flag.kind == MarkKind::kPhotos
+               ? u"%1（%2）"_s.arg(FlagName(flag), PhotosText({flag.count, flag.hidden}))
+               : u"%1（%2 个问题）"_s.arg(FlagName(flag), QString::number(flag.count));
 }
 
 QIcon FlagIcon(const MarkFlag& flag) {
@@ -111,6 +112,8 @@ void FlagMenu::AddPhotos(QMenu& target, const MarkFlag& flag) {
     }
     if (photos.others > 0)
         target.addAction(u"另有 %1 张"_s.arg(photos.others))->setEnabled(false);
+    if (flag.hidden > 0)
+        target.addAction(u"隐藏的 %1 张请在控制台中查看"_s.arg(flag.hidden))->setEnabled(false);
     if (photos.named.empty())
         target.addAction(u"读不到照片，请刷新后再试"_s)->setEnabled(false);
     else if (parts.session.HasRight(KX_DATA::kRightEdit) && !parts.session.IsWorkset())

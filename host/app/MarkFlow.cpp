@@ -168,15 +168,37 @@ void MarkFlow::Read(MarkKind kind) {
 void MarkFlow::ReadEntries(MarkKind kind, const PanelFilter& filter) {
     PassedLimits limits(filter);
     std::vector<KX_DATA::PicFilterEntry> entries;
+    std::vector<HiddenOfGroup> hidden;
     if (kind == MarkKind::kPhotos) {
         parts.pictureData.GetPicFilterData(limits.from, limits.to, limits.flag, limits.arg,
                                            entries);
+        WithoutFault(parts.session, [&] { hidden = ReadHidden(filter); });
     } else {
         parts.pictureData.GetIssueFilterData(limits.from, limits.to, limits.flag, limits.arg,
                                              entries);
         RelistTicks(filter);
     }
-    parts.panel.Page(kind).SetTree(MakeMarkTree(entries, parts.session.Marks()));
+    parts.panel.Page(kind).SetTree(MakeMarkTree(entries, parts.session.Marks(), hidden));
+}
+
+/// The module's lists leave hidden photos out; panel and flags say beside them how many there are.
+std::vector<HiddenOfGroup> MarkFlow::ReadHidden(const PanelFilter& filter) {
+    std::vector<HiddenOfGroup> groups;
+    HiddenPhotos photos;
+    for (const PanelFloor& floor : parts.session.Panel()->Photos(filter)) {
+        HiddenOfGroup& group = groups.emplace_back();
+        group.group = PanelGroupName(floor.name);
+        for (const PanelPlace& place : floor.places) {
+            for (const PanelMark& mark : place.marks) {
+                if (mark.hidden == 0)
+                    continue;
+                group.marks[mark.markId] += mark.hidden;
+                photos[{place.ppid, floor.name, place.positionKey, mark.markId}] += mark.hidden;
+            }
+        }
+    }
+    parts.view.SetHiddenPhotos(photos);
+    return groups;
 }
 
 /// Ticks of single issues: what the limits leave out waits, what nothing leaves out is gone.

@@ -61,6 +61,7 @@ private:
     void ConnectPage(MarkPage& page);
     void Read(MarkKind kind);
     void ReadEntries(MarkKind kind, const PanelFilter& filter);
+    std::vector<HiddenOfGroup> ReadHidden(const PanelFilter& filter);
     void RelistTicks(const PanelFilter& filter);
     void ReadIssuesWhenPainted();
     void Apply(MarkKind kind);

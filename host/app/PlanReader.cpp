@@ -1,18 +1,63 @@
 #include "host/app/PlanReader.h"
 
+#include "host/app/Faults.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
+
+#include <algorithm>
 
 namespace host {
 
 namespace {
 
-int CountAt(const PhotoCounts& counts, const QString& positionKey) {
-    const auto found = counts.find(positionKey);
-    return found == counts.end() ? 0 : found->second;
+using CountsByKey = std::map<QString, PhotoCount>;
+
+PhotoCount CountOf(const PanelPlace& place) {
+    PhotoCount count;
+    for (const PanelMark& mark : place.marks)
+        count += {mark.count, mark.hidden};
+    return count;
 }
 
-PlanFloor ReadFloor(qint32 ppid, const QString& name, const PhotoCounts& counts) {
+/// The photos of one project, floor by floor in the order of the floors. On no floor: by an empty
+/// key.
+class ProjectPhotos {
+public:
+    ProjectPhotos(qint32 ppid, const std::vector<PanelFloor>& photos) {
+        for (const PanelFloor& floor : photos) {
+            for (const PanelPlace& place : floor.places) {
+                if (place.ppid != ppid)
+                    continue;
+                if (names.empty() || names.back() != floor.name)
+                    names.push_back(floor.name);
+                byFloor[floor.name][place.positionKey] += CountOf(place);
+            }
+        }
+    }
+
+    [[nodiscard]] const std::vector<QString>& Floors() const { return names; }
+    [[nodiscard]] PhotoCount At(const QString& floor, const QString& key) const {
+        const auto found = byFloor.find(floor);
+        if (found == byFloor.end())
+            return {};
+        const auto count = found->second.find(key);
+        return count == found->second.end() ? PhotoCount() : count->second;
+    }
+    [[nodiscard]] PhotoCount On(const QString& floor) const {
+        PhotoCount all;
+        if (const auto found = byFloor.find(floor); found != byFloor.end()) {
+            for (const auto& [key, count] : found->second)
+                all += count;
+        }
+        return all;
+    }
+
+private:
+    std::vector<QString> names;
+    std::map<QString, CountsByKey> byFloor;
+};
+
+PlanFloor ReadFloor(qint32 ppid, const QString& name, const ProjectPhotos& counts) {
     KX_DATA::IVeskPicMng& photos = *GetVeskPicMng();
     PlanFloorBuilder builder(name);
     std::vector<QString> axesX;
@@ -21,33 +66,63 @@ PlanFloor ReadFloor(qint32 ppid, const QString& name, const PhotoCounts& counts)
         std::vector<KX_DATA::AxisYEntry> axesY;
         photos.GetFloorAxesY(ppid, name, axisX, axesY);
         for (const auto& [axisY, key] : axesY)
-            builder.Add(axisX, axisY, key, CountAt(counts, key));
+            builder.Add(axisX, axisY, key, counts.At(name, key));
     }
-    return builder.Finish();
+    PlanFloor floor = builder.Finish();
+    PhotoCount all = counts.On(name);
+    all -= CountPhotos(floor);
+    floor.unplaced = all;
+    floor.ppid = ppid;
+    return floor;
+}
+
+/// The floors of the model, and behind them those that it has no longer.
+std::vector<QString> FloorsOf(std::vector<QString> ofModel, const ProjectPhotos& counts) {
+    for (const QString& name : counts.Floors()) {
+        if (!name.isEmpty() && std::find(ofModel.begin(), ofModel.end(), name) == ofModel.end())
+            ofModel.push_back(name);
+    }
+    return ofModel;
 }
 
 } // namespace
 
-FloorPlanModel ReadFloorPlan(const std::vector<PlanProject>& projects) {
+FloorPlanModel ReadFloorPlan(const std::vector<ProjectEntry>& projects,
+                             const std::vector<PanelFloor>& photos) {
     FloorPlanModel model;
     PlanFloor others;
-    for (const PlanProject& project : projects) {
+    for (const ProjectEntry& project : projects) {
         if (model.projectName.isEmpty())
             model.projectName = project.name;
-        others.unplacedCount += project.withoutFloor;
+        const ProjectPhotos counts(project.ppid, photos);
+        others.unplaced += counts.On(QString());
         std::vector<QString> floors;
         if (GetVeskPicMng()->GetProjectFloors(project.ppid, floors) != KX_DATA::kServiceOk)
             continue;
-        for (const QString& name : floors) {
-            PlanFloor floor = ReadFloor(project.ppid, name, project.counts);
-            floor.ppid = project.ppid;
+        for (const QString& name : FloorsOf(floors, counts)) {
+            PlanFloor floor = ReadFloor(project.ppid, name, counts);
             floor.project = projects.size() > 1 ? project.name : QString();
             model.floors.push_back(std::move(floor));
         }
     }
-    if (!model.floors.empty() || others.unplacedCount > 0)
+    if (!model.floors.empty() || others.unplaced.Total() > 0)
         model.floors.push_back(others);
     return model;
+}
+
+FloorPlanModel ReadFloorPlan(HostSession& session) {
+    std::vector<ProjectEntry> projects;
+    std::vector<PanelFloor> photos;
+    const bool isRead = WithoutFault(session, [&] {
+        if (session.CurrentProject().ppid == 0)
+            return;
+        projects = session.OpenProjects();
+        PanelFilter everything;
+        for (const ProjectEntry& project : projects)
+            everything.ppids.push_back(project.ppid);
+        photos = session.Panel()->Photos(everything);
+    });
+    return isRead ? ReadFloorPlan(projects, photos) : FloorPlanModel();
 }
 
 } // namespace host

@@ -1,25 +1,23 @@
-// Reads the floor plan of a project through the client's services.
+// Reads the floor plan of what is open: floors and axes through the client's services, counts from
+// the data.
 #pragma once
 
+#include "host/data/Catalogue.h"
+#include "host/data/PicPanel.h"
 #include "host/ui/plan/FloorPlanModel.h"
-
-#include <map>
 
 namespace host {
 
-/// How many photos there are, by position key.
-using PhotoCounts = std::map<QString, qint32>;
+class HostSession;
 
-struct PlanProject {
-    qint32 ppid = 0;
-    QString name;
-    PhotoCounts counts;
-    int withoutFloor = 0; ///< photos
-};
-
-/// Floors with their axes, and how many photos there are at each intersection, project by project;
-/// at the end what hangs on no floor. Without projects there are no floors; where a service fails,
-/// what could be read so far.
-[[nodiscard]] FloorPlanModel ReadFloorPlan(const std::vector<PlanProject>& projects);
+/// Floors with their axes, and how many photos there are at each intersection and beside them all,
+/// project by project; at the end what hangs on no floor. A floor that only photos name comes
+/// behind the others. Without projects there are no floors; where a service fails, what could be
+/// read so far.
+/// @param photos  of these projects, without limits.
+[[nodiscard]] FloorPlanModel ReadFloorPlan(const std::vector<ProjectEntry>& projects,
+                                           const std::vector<PanelFloor>& photos);
+/// Of what the session has open; the person is told of a fault, and there are no floors then.
+[[nodiscard]] FloorPlanModel ReadFloorPlan(HostSession& session);
 
 } // namespace host

@@ -1,7 +1,6 @@
 #include "host/data/Catalogue.h"
 
 #include "host/data/Database.h"
-#include "host/data/FloorOrder.h"
 
 #include <QDateTime>
 
@@ -107,24 +106,6 @@ std::vector<KX_DATA::AxisYEntry> Catalogue::AxesY(qint32 ppid, const QString& fl
     return axes;
 }
 
-std::map<QString, qint32> Catalogue::PhotoCounts(qint32 ppid) {
-    std::map<QString, qint32> counts;
-    // A key belongs to one project, so the index on keys answers by itself.
-    database.ForEach(u"SELECT position_key, (SELECT count(*) FROM bim_photo INDEXED BY bim_by_key"
-                     " WHERE bim_photo.position_key = position.position_key)"
-                     " FROM position WHERE ppid = ? AND valid <> 0"_s,
-                     {ppid}, [&](const Statement& row) { counts[row.Text(0)] = row.Int(1); });
-    return counts;
-}
-
-qint32 Catalogue::PhotosWithoutFloor(qint32 ppid) {
-    return database
-        .Value(u"SELECT count(*) FROM bim_photo INDEXED BY bim_by_place WHERE ppid = ?"
-               " AND floor_sort = ?"_s,
-               {ppid, FloorSortKey(QString())})
-        .toInt();
-}
-
 std::vector<KX_DATA::CurrentDrawing> Catalogue::Drawings(qint32 ppid) {
     std::vector<KX_DATA::CurrentDrawing> drawings;
     database.ForEach(u"SELECT id, name FROM drawing WHERE ppid = ? ORDER BY id"_s, {ppid},
@@ -132,6 +113,16 @@ std::vector<KX_DATA::CurrentDrawing> Catalogue::Drawings(qint32 ppid) {
                          drawings.push_back({row.Int(0), row.Text(1)});
                      });
     return drawings;
+}
+
+CheckpointPlace Catalogue::PlaceOfCheckpoint(qint32 checkpointId) {
+    CheckpointPlace place;
+    database.ForEach(u"SELECT d.name, c.number FROM checkpoint c JOIN drawing d"
+                     " ON d.id = c.drawing_id WHERE c.id = ?"_s,
+                     {checkpointId}, [&](const Statement& row) {
+                         place = {row.Text(0), row.Int(1)};
+                     });
+    return place;
 }
 
 std::vector<QString> Catalogue::RecentSearches(const QString& person) {

@@ -29,6 +29,12 @@ struct WorksetEntry {
     std::vector<qint32> ppids;
 };
 
+/// Where a checkpoint is, as a person knows it.
+struct CheckpointPlace {
+    QString drawing; ///< name
+    qint32 number = 0;
+};
+
 struct LoggedAction {
     qint64 at = 0; ///< seconds since 1970
     QString person;
@@ -60,13 +66,9 @@ public:
     [[nodiscard]] std::vector<KX_DATA::AxisYEntry> AxesY(qint32 ppid, const QString& floor,
                                                          const QString& axisX);
 
-    /// How many BIM photos, hidden ones included, each valid position of a project has, by its key.
-    [[nodiscard]] std::map<QString, qint32> PhotoCounts(qint32 ppid);
-
-    /// BIM photos of a project on no floor, hidden ones included.
-    [[nodiscard]] qint32 PhotosWithoutFloor(qint32 ppid);
-
     [[nodiscard]] std::vector<KX_DATA::CurrentDrawing> Drawings(qint32 ppid);
+    /// An empty drawing for an unknown checkpoint.
+    [[nodiscard]] CheckpointPlace PlaceOfCheckpoint(qint32 checkpointId);
 
     /// Newest first.
     [[nodiscard]] std::vector<QString> RecentSearches(const QString& person);

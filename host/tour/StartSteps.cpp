@@ -33,9 +33,10 @@ int FullestPlace() {
     const auto& places = plan->Model().floors[std::size_t(plan->State().floor)].intersections;
     const auto fullest =
         std::max_element(places.begin(), places.end(), [](const auto& left, const auto& right) {
-            return left.photoCount < right.photoCount;
+            return left.photos.Total() < right.photos.Total();
         });
-    return fullest == places.end() || fullest->photoCount == 0 ? -1 : int(fullest - places.begin());
+    return fullest == places.end() || fullest->photos.Total() == 0 ? -1
+                                                                   : int(fullest - places.begin());
 }
 
 /// The floor with most photos; -1 if none has any.
@@ -44,7 +45,7 @@ int FullestFloor() {
     int best = -1;
     int most = 0;
     for (int at = 0; plan != nullptr && at < int(plan->Model().floors.size()); ++at) {
-        const int count = PhotoCount(plan->Model().floors[std::size_t(at)]);
+        const int count = CountPhotos(plan->Model().floors[std::size_t(at)]).Total();
         if (count > most) {
             most = count;
             best = at;
@@ -66,7 +67,7 @@ void WriteFloorPlan(TourScript& script) {
     script.Do(
         u"单击“查看此处照片”，控制台只列出此处的照片"_s,
         [] { return Click(FindIn(FindWindow(kMain), u"planCardPhotos"_s)); },
-        [] { return ConsoleTotal() > 0 && ConsoleTotal() == Plan()->Chosen()->photoCount; });
+        [] { return ConsoleTotal() > 0 && ConsoleTotal() == Plan()->Chosen()->photos.Total(); });
     script.Picture(u"VeskPicMngDlg"_s, u"console-preset"_s);
 }
 

@@ -1,7 +1,7 @@
 // What the client asks of a view of the model beyond what the module asks of it.
 #pragma once
 
-#include "host/ui/marks/MarkFlag.h"
+#include "host/ui/marks/ShownMarks.h"
 #include "services/EnvRecords.h"
 #include "services/IKXView.h"
 
@@ -31,6 +31,8 @@ public:
 
     /// Colours and names of the marks; for the next marks that are set.
     virtual void SetMarkTable(const std::map<qint32, KX_DATA::MarkRecord>& marks) = 0;
+    /// What the flags say of photos that have none; for the next marks that are set.
+    virtual void SetHiddenPhotos(const HiddenPhotos& photos) = 0;
     /// Switches the display of a kind of marks; what isn't displayed can't be located.
     virtual void ShowMarks(MarkKind kind, bool on) = 0;
     /// Brings up a floor by its name, without choosing anything on it. False: there is none.

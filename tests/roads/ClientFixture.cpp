@@ -1,5 +1,6 @@
 #include "tests/roads/ClientFixture.h"
 
+#include "host/sample/SampleSite.h"
 #include "host/tour/TourDriver.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
@@ -29,6 +30,21 @@ void ClientOnAFolder::Start() {
     ASSERT_FALSE(lack) << lack->toStdString();
     // A platform that grants the focus at once is not to be relied on.
     ASSERT_TRUE(WaitFor([this] { return client->Window()->isVisible(); }));
+}
+
+void ClientOnAFolder::StartOnTheSampleSite() {
+    {
+        host::DataFolder data(folder.Path(u"data"_s));
+        ASSERT_FALSE(data.Open());
+        QString error;
+        const auto goOn = [](int, int, const QString&) { return true; };
+        ASSERT_TRUE(host::CreateSampleSite(data, host::SampleSize::kSmall, goOn, error))
+            << error.toStdString();
+    }
+    ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
+    ASSERT_TRUE(session.SignIn(session.Tables().People().front()));
+    ASSERT_TRUE(session.OpenProject(session.Tables().Projects().front().ppid));
+    Start();
 }
 
 bool ClientOnAFolder::Press(Qt::Key key) {

@@ -23,6 +23,8 @@ protected:
     /// Adds to the small site before the client starts.
     virtual void Furnish() {}
     void Start();
+    /// Instead of SetUp: the sample site as its first person finds it at the first start.
+    void StartOnTheSampleSite();
     /// Ctrl and a key, in the main window.
     bool Press(Qt::Key key);
     bool ChooseProject(const QString& entry);

@@ -1,6 +1,7 @@
 #include "tests/roads/ClientFixture.h"
 
 #include "host/app/Faults.h"
+#include "host/app/PlanReader.h"
 #include "host/data/Bin.h"
 #include "host/tour/ConsoleEyes.h"
 #include "host/tour/TourDriver.h"
@@ -41,16 +42,18 @@ TEST_F(ClientOnAFolder, OpensTheFirstProjectWithItsPlan) {
     EXPECT_TRUE(client->Window()->windowTitle().startsWith(u"一期工程"_s));
     ASSERT_EQ(Plan().Model().floors.size(), 3U);
     EXPECT_EQ(Plan().Model().floors[0].name, u"-1"_s);
-    EXPECT_EQ(host::PhotoCount(Plan().Model().floors[0]), 5);
+    EXPECT_EQ(host::CountPhotos(Plan().Model().floors[0]), (host::PhotoCount{5, 0}));
 }
 
-TEST_F(ClientOnAFolder, ThePlanCountsHiddenPhotosAndNotThoseOfTheBin) {
+TEST_F(ClientOnAFolder, ThePlanCountsHiddenPhotosApartAndNotThoseOfTheBin) {
     host::Bin bin(session.Folder()->Db(), session.Folder()->Store());
     ASSERT_EQ(bin.DeleteBimPhotos({site.photos[0]}, u"张伟"_s), 1);
     ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.firstProject, {site.photos[1]}, true));
-    const std::map<QString, qint32> counts = session.Tables().PhotoCounts(site.firstProject);
-    EXPECT_EQ(counts.size(), 8U);
-    EXPECT_EQ(counts.at(site.positionKey), 4);
+    const host::FloorPlanModel plan = host::ReadFloorPlan(session);
+    const auto place = host::FindPlace(plan, site.positionKey);
+    ASSERT_TRUE(place);
+    EXPECT_EQ(plan.floors[place->floor].intersections[place->intersection].photos,
+              (host::PhotoCount{3, 1}));
 }
 
 TEST_F(ClientOnAFolder, OpensTheThreeConsolesByTheirKeys) {
@@ -115,13 +118,38 @@ TEST_F(ClientOnAFolder, GivesTheModuleItsFixedImages) {
 
 TEST_F(ClientOnAFolder, ALookupIsToldInTheStatusBarAndBringsUpItsFloor) {
     Plan().SetFloor(1);
-    const QString text = u"-1-1-17"_s;
+    const QString text = u"-1-1-%1"_s.arg(site.photos[2]);
     toolkit::SendWindowEvent(client->Window()->Id(), ZelvorNRQ_KXVeskPicture::WM_VESK_PIC_LOCATE, 0,
                              quintptr(&text));
     const QWidget* status = client->Window()->findChild<QWidget*>(u"mainStatus"_s);
-    EXPECT_TRUE(host::tour::ReadText(status).startsWith(u"定位照片 17：-1层，标识 1"_s));
+    EXPECT_TRUE(host::tour::ReadText(status).startsWith(
+        u"定位照片 照片2.jpg：-1层，标识 质量数据文件夹："_s));
     EXPECT_EQ(Plan().State().floor, 0);
     EXPECT_EQ(Plan().Chosen(), nullptr);
+}
+
+TEST_F(ClientOnAFolder, ALookupOfWhatIsGoneSaysSoWithoutNumbers) {
+    const QWidget* status = client->Window()->findChild<QWidget*>(u"mainStatus"_s);
+    emit client->Window()->PhotoLocated(u"-1-77-99999"_s);
+    EXPECT_TRUE(host::tour::ReadText(status).startsWith(
+        u"定位照片 （已不存在）：-1层，标识 未知数据文件夹："_s));
+    emit client->Window()->PhotoLocated(u"99999"_s);
+    EXPECT_TRUE(host::tour::ReadText(status).startsWith(u"无法识别的定位请求数据文件夹："_s));
+    emit client->Window()->DrawingLocated(99999);
+    EXPECT_TRUE(
+        host::tour::ReadText(status).startsWith(u"定位图纸上的检查点：已不存在数据文件夹："_s));
+}
+
+TEST_F(ClientOnAFolder, ALookupOnADrawingNamesTheDrawingAndTheNumberOfItsCheckpoint) {
+    const int point =
+        session.Folder()->Db().Value(u"SELECT id FROM checkpoint WHERE number = 1"_s).toInt();
+    toolkit::PostWindowEvent(client->Window()->Id(), ZelvorNRQ_KXVeskPicture::WM_VESK_PDF_LOCATE, 3,
+                             quintptr(point));
+    const QWidget* status = client->Window()->findChild<QWidget*>(u"mainStatus"_s);
+    EXPECT_TRUE(WaitFor([status] {
+        return host::tour::ReadText(status).startsWith(
+            u"定位图纸 一层平面图 的检查点 1数据文件夹："_s);
+    }));
 }
 
 TEST_F(ClientOnAFolder, ALookupThatMakesNoSenseMovesNothing) {

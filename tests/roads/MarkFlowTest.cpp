@@ -69,11 +69,7 @@ protected:
     }
     /// What the client does at a change of project.
     void OpenPlan() {
-        std::vector<host::PlanProject> projects;
-        for (const host::ProjectEntry& open : session.OpenProjects())
-            projects.push_back({open.ppid, open.name, session.Tables().PhotoCounts(open.ppid),
-                                session.Tables().PhotosWithoutFloor(open.ppid)});
-        pane.SetModel(host::ReadFloorPlan(projects));
+        pane.SetModel(host::ReadFloorPlan(session));
         flow->ProjectChanged();
         support::RunPendingEvents();
     }
@@ -365,7 +361,7 @@ TEST_F(MarksOfAFolder, TheMenuOfAFlagOpensOnePhotoThroughTheFacade) {
     host::FlagMenu menu = Menu({{flag}, u"2轴 / B轴"_s, site.positionKey, {}});
     const QStringList texts = Texts(menu.Menu());
     ASSERT_EQ(texts.size(), 9);
-    EXPECT_TRUE(texts[0].contains(u"质量（5 张照片）"_s));
+    EXPECT_TRUE(texts[0].contains(u"质量（照片 5 张）"_s));
     EXPECT_EQ(texts[1], u"打开照片"_s);
     EXPECT_TRUE(texts[3].startsWith(u"照片4.jpg"_s));
     EXPECT_EQ(texts[8], u"编辑照片"_s);
@@ -401,7 +397,7 @@ TEST_F(MarksOfAFolder, TheMenuOfAPlaceHasAMenuForEachOfItsFlags) {
     ASSERT_GE(flags.size(), 2U);
     host::FlagMenu menu = Menu({{flags[0], flags[1]}, u"2轴 / B轴"_s, site.positionKey, {}});
     EXPECT_EQ(Texts(menu.Menu()),
-              (QStringList{u"2轴 / B轴"_s, u"质量（5 张照片）"_s, u"安全（1 张照片）"_s,
+              (QStringList{u"2轴 / B轴"_s, u"质量（照片 5 张）"_s, u"安全（照片 1 张）"_s,
                            u"在控制台中列出此处照片"_s}));
     QMenu* below = menu.Menu().actions()[3]->menu();
     ASSERT_NE(below, nullptr);
@@ -478,6 +474,16 @@ TEST_F(MarksOfAFolder, ASingleIssuesTickOutlastsDaysThatLeaveItOutAndGoesWithThe
     EXPECT_TRUE(model.Ticks().Exceptions().empty());
 }
 
+TEST_F(MarksOfAFolder, AFlagsMenuTellsThePhotosThatAreHiddenBehindIt) {
+    ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.firstProject, {site.photos[0]}, true));
+    flow->Reload(MarkKind::kPhotos);
+    const host::MarkFlag flag = Plan().Flags().front().flag;
+    host::FlagMenu menu = Menu({{flag}, {}, {}, {}});
+    const QStringList texts = Texts(menu.Menu());
+    EXPECT_EQ(texts.front(), u"质量（照片 4 + 1 隐藏）"_s);
+    EXPECT_TRUE(texts.contains(u"隐藏的 1 张请在控制台中查看"_s));
+}
+
 TEST_F(MarksOfAFolder, AClickOnAnIssuesFlagLocatesItAndSeveralAreOffered) {
     host::MarkFlag flag;
     flag.kind = MarkKind::kIssues;
@@ -487,7 +493,7 @@ TEST_F(MarksOfAFolder, AClickOnAnIssuesFlagLocatesItAndSeveralAreOffered) {
     flag.issues = {{u"q1"_s, u"裂缝 & 渗漏"_s}, {u"q2"_s, u"空鼓"_s}};
     host::FlagMenu menu = Menu({{flag}, {}, {}, {}});
     EXPECT_EQ(Texts(menu.Menu()),
-              (QStringList{u"标识 1（2 个问题）"_s, u"裂缝 && 渗漏"_s, u"空鼓"_s}));
+              (QStringList{u"未知（2 个问题）"_s, u"裂缝 && 渗漏"_s, u"空鼓"_s}));
     menu.Menu().actions().back()->trigger();
     flag.issues.pop_back();
     emit view.FlagOpened(flag);

@@ -17,9 +17,10 @@ struct IssueName {
 struct MarkFlag {
     MarkKind kind = MarkKind::kPhotos;
     qint32 markId = 0;
-    QString name;     ///< of the mark; empty if the mark table doesn't know it
-    qint32 color = 0; ///< 0xBBGGRR
-    qint32 count = 0;
+    QString name;                  ///< of the mark; empty if the mark table doesn't know it
+    qint32 color = 0;              ///< 0xBBGGRR
+    qint32 count = 0;              ///< shown photos, or issues
+    qint32 hidden = 0;             ///< photos of the mark at the place that have no flag
     qint32 ppid = 0;               ///< project; 0: not said
     QString floor;                 ///< empty: on no floor
     QString positionKey;           ///< of photos; empty on no floor
@@ -29,7 +30,9 @@ struct MarkFlag {
 
 /// True for the same mark of the same kind at the same place, whatever its count.
 [[nodiscard]] bool IsSameFlag(const MarkFlag& one, const MarkFlag& other);
-/// "质量"; "标识 99" for a mark without a name.
+/// Of a mark that the mark table doesn't know: a person knows no numbers of marks.
+[[nodiscard]] QString UnknownMarkName();
+/// "质量"; the above for a mark without a name.
 [[nodiscard]] QString FlagName(const MarkFlag& flag);
 
 } // namespace host

@@ -1,5 +1,6 @@
 #include "host/ui/marks/MarkPage.h"
 
+#include "host/ui/PhotoCount.h"
 #include "host/ui/marks/MarkTreeView.h"
 #include "toolkit/Icons.h"
 #include "ui_MarkPage.h"
@@ -39,6 +40,16 @@ PageTexts TextsOf(MarkKind kind) {
             Qt::CTRL | Qt::SHIFT | Qt::Key_3,
             u"个"_s,
             u"没有TN问题"_s};
+}
+
+QString LongestCount(const MarkTree& tree) {
+    QString longest;
+    for (const MarkTreeFloor& floor : tree) {
+        const QString text = CountText({floor.count, floor.hidden});
+        if (text.size() > longest.size())
+            longest = text;
+    }
+    return longest;
 }
 
 } // namespace
@@ -130,10 +141,22 @@ void MarkPage::ShowDays() {
 
 void MarkPage::ShowCount() {
     const QString unit = TextsOf(kind).unit;
-    form->countLabel->setText(u"已选 %1 / %2 %3"_s.arg(model->Ticks().TickedCount(model->Tree()))
-                                  .arg(CountOf(model->Tree()))
-                                  .arg(unit));
-    form->countLabel->setToolTip(u"勾选的%1数，列出的总数"_s.arg(unit));
+    const qint32 hidden = HiddenCountOf(model->Tree());
+    QString text = u"已选 %1 / %2 %3"_s.arg(model->Ticks().TickedCount(model->Tree()))
+                       .arg(CountOf(model->Tree()))
+                       .arg(unit);
+    QString tip = u"勾选的%1数，列出的总数"_s.arg(unit);
+    if (hidden > 0) {
+        text += u" + %1 隐藏"_s.arg(hidden);
+        tip += u"；隐藏的照片没有标识，勾选与否都不在视图中显示"_s;
+    }
+    if (days.limited) {
+        text += u"（限日期）"_s;
+        tip += u"；只计最后修改在所选日期内的，平面图和楼层列表计全部"_s;
+    }
+    form->countLabel->setText(text);
+    form->countLabel->setToolTip(tip);
+    form->tree->FitCounts(LongestCount(model->Tree()));
 }
 
 void MarkPage::SetHint(const QString& text) {

@@ -1,10 +1,10 @@
 #include "host/ui/marks/MarkTreeModel.h"
 
+#include "host/ui/PhotoCount.h"
 #include "toolkit/Look.h"
 #include "toolkit/Swatch.h"
 
 #include <QFont>
-#include <QLocale>
 
 #include <algorithm>
 
@@ -260,7 +260,8 @@ QVariant MarkTreeModel::data(const QModelIndex& index, int role) const {
         return toolkit::Colors::HintText();
     if (role != Qt::DisplayRole || spot.entry >= 0)
         return {};
-    return QLocale::c().toString(spot.mark < 0 ? FloorAt(spot).count : MarkAt(spot).count);
+    return spot.mark < 0 ? CountText({FloorAt(spot).count, FloorAt(spot).hidden})
+                         : CountText({MarkAt(spot).count, MarkAt(spot).hidden});
 }
 
 QVariant MarkTreeModel::headerData(int section, Qt::Orientation orientation, int role) const {

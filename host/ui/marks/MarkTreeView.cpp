@@ -5,6 +5,8 @@
 #include <QHeaderView>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace host {
 
 using namespace Qt::StringLiterals;
@@ -28,7 +30,12 @@ void MarkTreeView::SetHint(const QString& text) {
 void MarkTreeView::ShareWidth() {
     header()->setSectionResizeMode(0, QHeaderView::Stretch);
     header()->setSectionResizeMode(1, QHeaderView::Fixed);
-    header()->resizeSection(1, fontMetrics().horizontalAdvance(u"1,000,000"_s) + 12);
+    FitCounts({});
+}
+
+void MarkTreeView::FitCounts(const QString& longest) {
+    const int least = fontMetrics().horizontalAdvance(u"1,000,000"_s);
+    header()->resizeSection(1, std::max(least, fontMetrics().horizontalAdvance(longest)) + 12);
 }
 
 void MarkTreeView::paintEvent(QPaintEvent* event) {

@@ -16,6 +16,8 @@ public:
     void SetHint(const QString& text);
     /// Widths of the columns; once the model is set.
     void ShareWidth();
+    /// Gives the column of counts the width of this one, or what it has always.
+    void FitCounts(const QString& longest);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -38,8 +38,12 @@ bool IsSameFlag(const MarkFlag& one, const MarkFlag& other) {
            one.placeText == other.placeText;
 }
 
+QString UnknownMarkName() {
+    return u"未知"_s;
+}
+
 QString FlagName(const MarkFlag& flag) {
-    return flag.name.isEmpty() ? u"标识 %1"_s.arg(flag.markId) : flag.name;
+    return flag.name.isEmpty() ? UnknownMarkName() : flag.name;
 }
 
 void ShownMarks::SetPhotos(const std::vector<KX_DATA::PicMarkGroup>& groups) {
@@ -80,6 +84,9 @@ MarkFlag ShownMarks::FlagOf(const QString& floor, const KX_DATA::PicMarkItem& it
     flag.floor = floor;
     flag.positionKey = codePage.read(item.positionKey);
     flag.placeText = codePage.read(item.itemName);
+    const auto behind = hidden.find(
+        {flag.ppid, floor, floor.isEmpty() ? QString() : flag.positionKey, flag.markId});
+    flag.hidden = behind == hidden.end() ? 0 : behind->second;
     return flag;
 }
 

@@ -8,9 +8,13 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace host {
+
+/// Hidden photos by project, floor, position key and mark; without a floor the key is empty.
+using HiddenPhotos = std::map<std::tuple<qint32, QString, QString, qint32>, qint32>;
 
 /// What a view of marks knows, however it draws them. Texts of code page 936 become texts only for
 /// the floor that is asked for. Thread: user interface. Touches no window.
@@ -24,6 +28,7 @@ public:
     explicit ShownMarks(const CodePage& page) : codePage(page) {}
 
     void SetMarkTable(std::map<qint32, KX_DATA::MarkRecord> table) { marks = std::move(table); }
+    void SetHidden(HiddenPhotos counts) { hidden = std::move(counts); }
     void SetPhotos(const std::vector<KX_DATA::PicMarkGroup>& groups);
     void SetIssues(const std::vector<KX_DATA::IssueMarkGroup>& groups);
     /// Switches the display of a kind; its marks are kept.
@@ -56,6 +61,7 @@ private:
 
     CodePage codePage;
     std::map<qint32, KX_DATA::MarkRecord> marks;
+    HiddenPhotos hidden;
     std::vector<KX_DATA::PicMarkGroup> photos;
     std::vector<IssueFloor> issues;
     bool showPhotos = true;

@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kFlagHeight = 17;
 constexpr double kFlagPitch = 18;
-constexpr double kPoleGap = 3; ///< from the circle of a place to the pole
+constexpr double kPoleGap = 2; ///< from the circle of a place to the pole
 constexpr double kFlagGap = 2; ///< from the pole to the flags
 
 /// Boxes for the flags of one place, the last one for those that find no room.
@@ -97,9 +97,10 @@ QString FlagTip(const PlanFloor& floor, const std::vector<PlacedFlag>& flags, co
     const auto add = [&](const PlacedFlag& placed) {
         const bool isIssue = placed.flag.kind == MarkKind::kIssues;
         const QString place = FlagPlaceCaption(floor, placed);
-        lines << (isIssue ? u"问题标识 %1，%2%3 个问题"_s : u"照片标识 %1，%2%3 张照片"_s)
+        lines << (isIssue ? u"问题标识 %1，%2%3 个问题"_s : u"照片标识 %1，%2%3"_s)
                      .arg(FlagName(placed.flag), place.isEmpty() ? place : place + u"，"_s,
-                          QString::number(placed.flag.count));
+                          isIssue ? QString::number(placed.flag.count)
+                                  : PhotosText({placed.flag.count, placed.flag.hidden}));
         for (const IssueName& issue : placed.flag.issues)
             lines << u"· "_s + issue.theme;
     };

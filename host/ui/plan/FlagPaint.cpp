@@ -15,8 +15,14 @@ constexpr double kRadius = 2.5;
 constexpr double kTextEdge = 4;
 constexpr double kTextGap = 3;
 constexpr double kBadge = 10;
+constexpr double kRightEdge = 3;
 
-QString CountText(qint32 count) {
+/// From the flag's edge to its name.
+double LeftEdge(const MarkFlag& flag) {
+    return flag.kind == MarkKind::kIssues ? kBadge + 3 : kTextEdge;
+}
+
+QString FlagCountText(qint32 count) {
     return count > 9999 ? u"9999+"_s : QString::number(count);
 }
 
@@ -38,7 +44,7 @@ void PaintFlagTexts(QPainter& painter, QRectF text, const PlacedFlag& placed) {
     const QFont font = toolkit::UiFont();
     const QFontMetricsF metrics(font);
     painter.setFont(font);
-    const QString count = CountText(placed.flag.count);
+    const QString count = FlagCountText(placed.flag.count);
     painter.drawText(text, Qt::AlignRight | Qt::AlignVCenter, count);
     text.setRight(text.right() - metrics.horizontalAdvance(count) - kTextGap);
     QString name = FlagName(placed.flag);
@@ -55,11 +61,10 @@ void PaintFlag(QPainter& painter, const QRectF& rect, const PlacedFlag& placed) 
     painter.setPen(QPen(color.darker(135), 1));
     painter.setBrush(color);
     painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
-    const bool isIssue = placed.flag.kind == MarkKind::kIssues;
-    if (isIssue)
+    if (placed.flag.kind == MarkKind::kIssues)
         PaintBadge(painter, rect);
     painter.setPen(toolkit::TextOn(color));
-    PaintFlagTexts(painter, rect.adjusted(isIssue ? kBadge + 3 : kTextEdge, 0, -3, 0), placed);
+    PaintFlagTexts(painter, rect.adjusted(LeftEdge(placed.flag), 0, -kRightEdge, 0), placed);
 }
 
 void PaintRest(QPainter& painter, const FlagBox& box) {
@@ -79,6 +84,12 @@ void PaintFlagRing(QPainter& painter, const QRectF& rect, const QColor& color, d
 }
 
 } // namespace
+
+double FlagWidth(const PlacedFlag& flag) {
+    const QFontMetricsF metrics(toolkit::UiFont());
+    return LeftEdge(flag.flag) + metrics.horizontalAdvance(FlagName(flag.flag)) + kTextGap +
+           metrics.horizontalAdvance(FlagCountText(flag.flag.count)) + kRightEdge;
+}
 
 void PaintFlagPoles(QPainter& painter, const FlagScene& scene) {
     painter.setPen(QPen(toolkit::Colors::TextAccent(), 1.5));

@@ -15,6 +15,9 @@ struct FlagScene {
     QRectF visible;  ///< boxes beyond it aren't painted
 };
 
+/// How wide a flag is that shows the whole name of its mark and its count, in the face of the
+/// program.
+[[nodiscard]] double FlagWidth(const PlacedFlag& flag);
 /// What the flags hang on; belongs below the intersections.
 void PaintFlagPoles(QPainter& painter, const FlagScene& scene);
 /// Photos are plain flags, issues bear an exclamation mark.

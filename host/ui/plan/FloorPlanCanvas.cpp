@@ -172,7 +172,7 @@ void FloorPlanCanvas::ShowCard() {
     if (!state.cardOpen || place == nullptr)
         card->hide();
     else
-        card->ShowFor(PlaceCaption(*Floor(), *place), place->photoCount,
+        card->ShowFor(PlaceCaption(*Floor(), *place), place->photos,
                       PlaceRect(layout, state.chosen), visible);
 }
 
@@ -202,8 +202,8 @@ QString FloorPlanCanvas::TipAt(const QPoint& point) const {
     if (place < 0)
         return {};
     const PlanIntersection& hit = Floor()->intersections[place];
-    return u"%1 %2，%3 张照片"_s.arg(PlanFloorCaption(*Floor()), PlaceCaption(*Floor(), hit),
-                                     QString::number(hit.photoCount));
+    return u"%1 %2，%3"_s.arg(PlanFloorCaption(*Floor()), PlaceCaption(*Floor(), hit),
+                              PhotosText(hit.photos));
 }
 
 bool FloorPlanCanvas::event(QEvent* event) {

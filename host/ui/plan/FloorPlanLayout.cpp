@@ -7,20 +7,21 @@ namespace host {
 
 namespace {
 
-constexpr double kBubble = 28;
-constexpr double kTitleHeight = 44;
-constexpr double kEdge = 12;
-constexpr double kStub = 16;     ///< from the slab to a bubble
-constexpr double kOverhang = 26; ///< from the outermost axis to the edge of the slab
-constexpr double kLeastSpacingX = 84;
-constexpr double kLeastSpacingY = 58;
+constexpr double kBubble = 26;
+constexpr double kTitleHeight = 42;
+constexpr double kEdge = 8;
+constexpr double kStub = 8;      ///< from the slab to a bubble
+constexpr double kOverhang = 20; ///< from the outermost axis to the edge of the slab
+constexpr double kLeastSpacingX = 82;
+constexpr double kLeastSpacingY = 40;    ///< two flags, where all is seen at once
+constexpr double kScrolledSpacingY = 58; ///< three, where scrolling is needed anyway
 constexpr double kMostSpacing = 150;
 constexpr double kMostStretch = 1.7; ///< bays are drawn no more oblong than this
-constexpr double kMostPlace = 26;
+constexpr double kMostPlace = 24;
 constexpr double kLeastPlace = 10;
 constexpr double kLeastRight = 62; ///< behind the slab, for the flags of the last axis
 constexpr double kMostRight = 106;
-constexpr double kBesidePlace = 9; ///< pole and gaps between a place, its flags and the next place
+constexpr double kBesidePlace = 8; ///< pole and gaps between a place, its flags and the next place
 constexpr double kMostFlagWidth = 104;
 constexpr double kShelfWidth = 150;
 constexpr double kShelfHeight = 17;
@@ -68,6 +69,15 @@ void PlaceShelf(FloorPlanLayout& layout, double top) {
                           layout.shelfRows * (kShelfHeight + kShelfGap));
 }
 
+/// As many lines as the flags need; beside a grid no more than stay without scrolling.
+int ShelfRows(int onShelf, int columns, bool hasGrid, double room) {
+    const int needed = (onShelf + columns - 1) / columns;
+    if (!hasGrid)
+        return std::min(needed, kMostLoneRows);
+    const int fitting = int((room - ShelfExtent(1)) / (kShelfHeight + kShelfGap)) + 1;
+    return std::min(needed, std::clamp(fitting, 1, kMostShelfRows));
+}
+
 /// Sizes first: the pane, or as much more as the smallest bays and the shelf need.
 void TakeRoom(FloorPlanLayout& layout, const PlanFloor& floor, const QSizeF& pane, double right,
               int onShelf) {
@@ -78,10 +88,11 @@ void TakeRoom(FloorPlanLayout& layout, const PlanFloor& floor, const QSizeF& pan
         width = std::max(width, kBefore + LeastExtent(floor.axesX.size(), kLeastSpacingX) +
                                     kOverhang + right);
         height = kAbove + LeastExtent(floor.axesY.size(), kLeastSpacingY) + kBefore;
+        if (height + ShelfExtent(onShelf > 0 ? 1 : 0) > pane.height())
+            height = kAbove + LeastExtent(floor.axesY.size(), kScrolledSpacingY) + kBefore;
     }
     layout.shelfColumns = ShelfColumns(width);
-    layout.shelfRows = std::min((onShelf + layout.shelfColumns - 1) / layout.shelfColumns,
-                                hasGrid ? kMostShelfRows : kMostLoneRows);
+    layout.shelfRows = ShelfRows(onShelf, layout.shelfColumns, hasGrid, pane.height() - height);
     height += ShelfExtent(layout.shelfRows);
     layout.size = QSizeF(width, std::max(pane.height(), height));
 }

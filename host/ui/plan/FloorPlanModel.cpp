@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numeric>
 
 namespace host {
 
@@ -89,10 +88,22 @@ QString PlanFloorCaption(const PlanFloor& floor) {
     return floor.project.isEmpty() ? caption : floor.project + u' ' + caption;
 }
 
-int PhotoCount(const PlanFloor& floor) {
-    return std::accumulate(
-        floor.intersections.begin(), floor.intersections.end(), floor.unplacedCount,
-        [](int sum, const PlanIntersection& place) { return sum + place.photoCount; });
+PhotoCount CountPhotos(const PlanFloor& floor) {
+    PhotoCount count = floor.unplaced;
+    for (const PlanIntersection& place : floor.intersections)
+        count += place.photos;
+    return count;
+}
+
+QString PlanTitleNote(const PlanFloor& floor) {
+    const QString photos = PhotosText(CountPhotos(floor));
+    if (floor.name.isEmpty())
+        return u"没有楼层的"_s + photos;
+    const QString note =
+        u"轴网 %1 × %2，%3"_s.arg(floor.axesX.size()).arg(floor.axesY.size()).arg(photos);
+    return floor.unplaced.Total() == 0
+               ? note
+               : note + u"，其中不在轴网上 %1"_s.arg(CountText(floor.unplaced));
 }
 
 int NeighbourOf(const PlanFloor& floor, int from, int dx, int dy) {
@@ -124,8 +135,8 @@ QString PlaceCaption(const PlanFloor& floor, const PlanIntersection& place) {
 PlanFloorBuilder::PlanFloorBuilder(const QString& name) : floorName(name) {}
 
 void PlanFloorBuilder::Add(const QString& axisX, const QString& axisY, const QString& positionKey,
-                           int photoCount) {
-    entries.push_back({axisX, axisY, positionKey, photoCount});
+                           const PhotoCount& photos) {
+    entries.push_back({axisX, axisY, positionKey, photos});
 }
 
 PlanFloor PlanFloorBuilder::Finish() {
@@ -140,7 +151,7 @@ PlanFloor PlanFloorBuilder::Finish() {
     for (const Entry& entry : entries) {
         floor.intersections.push_back({IndexOf(floor.axesX, entry.axisX),
                                        IndexOf(floor.axesY, entry.axisY), entry.positionKey,
-                                       entry.photoCount});
+                                       entry.photos});
     }
     std::stable_sort(floor.intersections.begin(), floor.intersections.end(),
                      [](const PlanIntersection& left, const PlanIntersection& right) {

@@ -1,6 +1,8 @@
 // What the floor plan shows: floors with their grid axes and intersections.
 #pragma once
 
+#include "host/ui/PhotoCount.h"
+
 #include <QString>
 
 #include <optional>
@@ -14,14 +16,14 @@ struct PlanIntersection {
     int axisX = 0; ///< index into the floor's axesX
     int axisY = 0; ///< index into the floor's axesY
     QString positionKey;
-    int photoCount = 0;
+    PhotoCount photos;
 };
 
 struct PlanFloor {
     QString name;               ///< empty: what hangs on no floor, without axes
     qint32 ppid = 0;            ///< project; 0: all that are open
     QString project;            ///< its name, where several are open
-    int unplacedCount = 0;      ///< photos that hang on none of its intersections
+    PhotoCount unplaced;        ///< photos that hang on none of its intersections
     std::vector<QString> axesX; ///< left to right
     std::vector<QString> axesY; ///< bottom to top
     std::vector<PlanIntersection> intersections;
@@ -47,7 +49,10 @@ struct PlanPlace {
 [[nodiscard]] int FindIntersection(const PlanFloor& floor, const QString& placeText);
 /// The floor in words: "-1层", "二期工程 -1层", "其他" for what hangs on no floor.
 [[nodiscard]] QString PlanFloorCaption(const PlanFloor& floor);
-[[nodiscard]] int PhotoCount(const PlanFloor& floor);
+/// All that lie on the floor, on an intersection or not.
+[[nodiscard]] PhotoCount CountPhotos(const PlanFloor& floor);
+/// What stands behind the floor's name: "轴网 4 × 3，照片 7 + 3 隐藏，其中不在轴网上 1 + 3 隐藏".
+[[nodiscard]] QString PlanTitleNote(const PlanFloor& floor);
 /// The intersection next to `from` in the direction (dx, dy), dy upwards; `from` itself where there
 /// is none, the first one for -1. -1 for a floor without intersections.
 [[nodiscard]] int NeighbourOf(const PlanFloor& floor, int from, int dx, int dy);
@@ -60,7 +65,7 @@ public:
     explicit PlanFloorBuilder(const QString& name);
 
     void Add(const QString& axisX, const QString& axisY, const QString& positionKey,
-             int photoCount);
+             const PhotoCount& photos);
     /// Axes in their order: numbers as numbers, other names as text behind them. Intersections in
     /// the order of their X axis, then of their Y axis.
     [[nodiscard]] PlanFloor Finish();
@@ -70,7 +75,7 @@ private:
         QString axisX;
         QString axisY;
         QString positionKey;
-        int photoCount = 0;
+        PhotoCount photos;
     };
     QString floorName;
     std::vector<Entry> entries;

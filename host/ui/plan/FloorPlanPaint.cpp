@@ -27,20 +27,13 @@ void PaintEmpty(QPainter& painter, const FloorPlanScene& scene) {
     painter.drawText(scene.flags.visible, Qt::AlignCenter, text);
 }
 
-QString TitleNote(const PlanFloor& floor) {
-    return floor.name.isEmpty() ? u"没有楼层的照片 %1 张"_s.arg(PhotoCount(floor))
-                                : u"轴网 %1 × %2，照片 %3 张"_s.arg(floor.axesX.size())
-                                      .arg(floor.axesY.size())
-                                      .arg(PhotoCount(floor));
-}
-
 /// Stays where it is while the plan scrolls beneath it.
 void PaintTitle(QPainter& painter, const PlanFloor& floor, const QPointF& corner) {
     const QFont big = toolkit::UiFont(16);
     const QFontMetricsF bigMetrics(big);
     const QFontMetricsF metrics(toolkit::UiFont());
     const QString caption = PlanFloorCaption(floor);
-    const QString note = TitleNote(floor);
+    const QString note = PlanTitleNote(floor);
     const double behind = kTitleX + bigMetrics.horizontalAdvance(caption) + 16;
     QColor ground = toolkit::Colors::Pane();
     ground.setAlphaF(0.85F);
@@ -112,7 +105,19 @@ void PaintRing(QPainter& painter, const QRectF& rect, const QColor& color, doubl
     painter.drawEllipse(rect);
 }
 
-void PaintPlace(QPainter& painter, const QRectF& rect, int photoCount) {
+/// What isn't shown hangs below on the left, away from the flags.
+void PaintHidden(QPainter& painter, const QRectF& place, int hidden) {
+    const QString text = u'+' + (hidden > 99 ? u"99"_s : QString::number(hidden));
+    painter.setFont(toolkit::UiFont(9));
+    const double width = painter.fontMetrics().horizontalAdvance(text) + 5;
+    const QRectF badge(place.left() - width + 8, place.bottom() - 7, width, 11);
+    painter.setPen(QPen(toolkit::Colors::HintText(), 1));
+    painter.setBrush(Qt::white);
+    painter.drawRoundedRect(badge, 3, 3);
+    painter.drawText(badge, Qt::AlignCenter, text);
+}
+
+void PaintShown(QPainter& painter, const QRectF& rect, int photoCount) {
     if (photoCount == 0) {
         QRectF column(0, 0, kColumnSide, kColumnSide);
         column.moveCenter(rect.center());
@@ -129,12 +134,18 @@ void PaintPlace(QPainter& painter, const QRectF& rect, int photoCount) {
     painter.drawText(rect, Qt::AlignCenter, text);
 }
 
+void PaintPlace(QPainter& painter, const QRectF& rect, const PhotoCount& photos) {
+    PaintShown(painter, rect, photos.shown);
+    if (photos.hidden > 0)
+        PaintHidden(painter, rect, photos.hidden);
+}
+
 void PaintPlaces(QPainter& painter, const FloorPlanScene& scene, const PlanFloor& floor) {
     for (int at = 0; at < int(floor.intersections.size()); ++at) {
         const QRectF rect = PlaceRect(scene.layout, at);
         if (at == scene.state.hovered)
             PaintRing(painter, rect.adjusted(-2, -2, 2, 2), toolkit::Colors::Hover(), 4);
-        PaintPlace(painter, rect, floor.intersections[at].photoCount);
+        PaintPlace(painter, rect, floor.intersections[at].photos);
         if (at == scene.state.chosen)
             PaintRing(painter, rect.adjusted(-4, -4, 4, 4), toolkit::Colors::Accent(), 3);
     }

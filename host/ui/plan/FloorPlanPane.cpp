@@ -68,13 +68,12 @@ void FloorPlanPane::FillFloors() {
     const QSignalBlocker quiet(floors);
     floors->clear();
     for (const PlanFloor& floor : canvas->Model().floors) {
-        const int count = PhotoCount(floor);
+        const PhotoCount count = CountPhotos(floor);
         const QString caption = PlanFloorCaption(floor);
         auto* item = new QListWidgetItem(
-            count > 0 ? u"%1（%2）"_s.arg(caption, QString::number(count)) : caption, floors);
+            count.Total() > 0 ? u"%1（%2）"_s.arg(caption, CountText(count)) : caption, floors);
         item->setToolTip(toolkit::PlainTip(
-            floor.name.isEmpty() ? u"没有楼层的照片 %1 张"_s.arg(count)
-                                 : u"%1：%2 张照片"_s.arg(caption, QString::number(count))));
+            (floor.name.isEmpty() ? u"没有楼层的"_s : caption + u"："_s) + PhotosText(count)));
         item->setSizeHint(QSize(0, floors->fontMetrics().height() + 12));
     }
     floors->setCurrentRow(canvas->State().floor);

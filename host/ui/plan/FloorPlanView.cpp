@@ -79,6 +79,10 @@ void FloorPlanView::SetMarkTable(const std::map<qint32, KX_DATA::MarkRecord>& ma
     markSet.SetMarkTable(marks);
 }
 
+void FloorPlanView::SetHiddenPhotos(const HiddenPhotos& photos) {
+    markSet.SetHidden(photos);
+}
+
 void FloorPlanView::ShowMarks(MarkKind kind, bool on) {
     markSet.Show(kind, on);
     Redraw();

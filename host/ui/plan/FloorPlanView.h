@@ -35,6 +35,7 @@ public:
     void BeginComponentPick() override;
 
     void SetMarkTable(const std::map<qint32, KX_DATA::MarkRecord>& marks) override;
+    void SetHiddenPhotos(const HiddenPhotos& photos) override;
     void ShowMarks(MarkKind kind, bool on) override;
     bool ShowFloor(const QString& floor) override;
 

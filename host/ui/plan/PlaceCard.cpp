@@ -20,6 +20,7 @@ PlaceCard::PlaceCard(QWidget* parent) : QFrame(parent) {
     lines->setContentsMargins(12, 8, 12, 12);
     lines->setSpacing(8);
     text = new QLabel(this);
+    text->setObjectName(u"planCardText"_s);
     text->setTextFormat(Qt::PlainText);
     photos = new QPushButton(toolkit::Icon(u"photo"_s), u"查看此处照片"_s, this);
     photos->setObjectName(u"planCardPhotos"_s);
@@ -30,11 +31,10 @@ PlaceCard::PlaceCard(QWidget* parent) : QFrame(parent) {
     hide();
 }
 
-void PlaceCard::ShowFor(const QString& caption, int photoCount, const QRectF& place,
+void PlaceCard::ShowFor(const QString& caption, const PhotoCount& count, const QRectF& place,
                         const QRectF& area) {
-    text->setText(photoCount > 0 ? u"%1\n%2 张照片"_s.arg(caption, QString::number(photoCount))
-                                 : u"%1\n此处没有照片"_s.arg(caption));
-    photos->setEnabled(photoCount > 0);
+    text->setText(caption + u'\n' + (count.Total() > 0 ? PhotosText(count) : u"此处没有照片"_s));
+    photos->setEnabled(count.Total() > 0);
     layout()->activate();
     setGeometry(PlaceCardBeside(place, sizeHint(), area).toAlignedRect());
     show();

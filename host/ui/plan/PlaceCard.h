@@ -1,6 +1,8 @@
 // The card beside a chosen intersection: what is there and what can be done.
 #pragma once
 
+#include "host/ui/PhotoCount.h"
+
 #include <QFrame>
 
 class QLabel;
@@ -16,7 +18,8 @@ public:
     explicit PlaceCard(QWidget* parent);
 
     /// Shows the card beside a place, within an area of its parent.
-    void ShowFor(const QString& caption, int photoCount, const QRectF& place, const QRectF& area);
+    void ShowFor(const QString& caption, const PhotoCount& count, const QRectF& place,
+                 const QRectF& area);
 
 signals:
     void PhotosWanted();

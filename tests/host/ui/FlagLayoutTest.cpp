@@ -57,13 +57,13 @@ TEST(FlagLayout, SeveralAtOnePlaceStandBelowEachOtherWithoutOverlap) {
         const auto here = Flags(3, place);
         flags.insert(flags.end(), here.begin(), here.end());
     }
-    const FlagLayout layout = LayoutFlags(Plan(0, QSizeF(420, 212)), flags);
+    const FlagLayout layout = LayoutFlags(Plan(0, QSizeF(420, 182)), flags);
     EXPECT_EQ(layout.boxes.size(), 18U);
     ExpectNoOverlap(layout);
 }
 
 TEST(FlagLayout, TooManyAtOnePlaceAreFoldedIntoOneBox) {
-    const FloorPlanLayout plan = Plan(0, QSizeF(420, 212));
+    const FloorPlanLayout plan = Plan(0, QSizeF(420, 182));
     const FlagLayout layout = LayoutFlags(plan, Flags(9, 0));
     ASSERT_EQ(layout.boxes.size(), 3U);
     EXPECT_EQ(layout.boxes[0].flag, 0);
@@ -77,13 +77,13 @@ TEST(FlagLayout, TooManyAtOnePlaceAreFoldedIntoOneBox) {
 }
 
 TEST(FlagLayout, AsManyAsThereIsRoomForAreNotFolded) {
-    const FlagLayout layout = LayoutFlags(Plan(0, QSizeF(420, 212)), Flags(3, 0));
+    const FlagLayout layout = LayoutFlags(Plan(0, QSizeF(420, 182)), Flags(3, 0));
     EXPECT_EQ(layout.boxes.size(), 3U);
     EXPECT_TRUE(layout.boxes[2].rest.empty());
 }
 
 TEST(FlagLayout, TheFlagThatIsLookedUpIsNotFolded) {
-    const FlagLayout layout = LayoutFlags(Plan(0, QSizeF(420, 212)), Flags(9, 0), 6);
+    const FlagLayout layout = LayoutFlags(Plan(0, QSizeF(420, 182)), Flags(9, 0), 6);
     ASSERT_EQ(layout.boxes.size(), 3U);
     EXPECT_EQ(layout.boxes[1].flag, 6);
     EXPECT_EQ(layout.boxes[2].rest.size(), 7U);
@@ -93,7 +93,7 @@ TEST(FlagLayout, OnADenseGridNothingOverlapsEither) {
     PlanFloorBuilder builder(u"1"_s);
     for (int x = 1; x <= 12; ++x) {
         for (int y = 1; y <= 8; ++y)
-            builder.Add(QString::number(x), QString::number(y), u"%1/%2"_s.arg(x).arg(y), 1);
+            builder.Add(QString::number(x), QString::number(y), u"%1/%2"_s.arg(x).arg(y), {1, 0});
     }
     const PlanFloor floor = builder.Finish();
     std::vector<PlacedFlag> flags;
@@ -138,12 +138,12 @@ TEST(FlagTip, NamesMarkPlaceAndCountAndTheThemesOfIssues) {
     flags[0].flag.count = 12;
     flags[1].flag.kind = MarkKind::kIssues;
     flags[1].flag.issues = {{u"q1"_s, u"裂缝"_s}};
-    EXPECT_EQ(FlagTip(floor, flags, {{}, 3, 0, {}}), u"照片标识 质量，2轴 / B轴，12 张照片"_s);
+    EXPECT_EQ(FlagTip(floor, flags, {{}, 3, 0, {}}), u"照片标识 质量，2轴 / B轴，照片 12 张"_s);
     EXPECT_EQ(
         FlagTip(floor, flags, {{}, 3, -1, {0, 1}}),
-        u"照片标识 质量，2轴 / B轴，12 张照片\n问题标识 标识 2，2轴 / B轴，1 个问题\n· 裂缝"_s);
+        u"照片标识 质量，2轴 / B轴，照片 12 张\n问题标识 未知，2轴 / B轴，1 个问题\n· 裂缝"_s);
     flags[0].place = kShelf;
-    EXPECT_EQ(FlagTip(floor, flags, {{}, kShelf, 0, {}}), u"照片标识 质量，12 张照片"_s);
+    EXPECT_EQ(FlagTip(floor, flags, {{}, kShelf, 0, {}}), u"照片标识 质量，照片 12 张"_s);
 }
 
 TEST(FlagTip, NamesAreNeverTakenForPlaceholders) {
@@ -151,7 +151,7 @@ TEST(FlagTip, NamesAreNeverTakenForPlaceholders) {
     flags[0].flag.name = u"%3"_s;
     flags[0].flag.placeText = u"%3轴"_s;
     flags[0].flag.count = 7;
-    EXPECT_EQ(FlagTip(PlanFloor(), flags, {{}, kShelf, 0, {}}), u"照片标识 %3，%3轴，7 张照片"_s);
+    EXPECT_EQ(FlagTip(PlanFloor(), flags, {{}, kShelf, 0, {}}), u"照片标识 %3，%3轴，照片 7 张"_s);
 }
 
 TEST(FlagTip, OfVeryManyIssuesSaysTheFirstOnes) {

@@ -162,7 +162,7 @@ TEST_F(FloorPlan, AGridLargerThanThePaneScrollsAndTheChoiceComesIntoSight) {
     PlanFloorBuilder builder(u"1"_s);
     for (int x = 1; x <= 30; ++x) {
         for (int y = 1; y <= 20; ++y)
-            builder.Add(QString::number(x), QString::number(y), u"%1/%2"_s.arg(x).arg(y), 1);
+            builder.Add(QString::number(x), QString::number(y), u"%1/%2"_s.arg(x).arg(y), {1, 0});
     }
     FloorPlanModel model;
     model.projectName = u"大"_s;

@@ -237,7 +237,7 @@ TEST_F(FlagsOnThePlan, OnALargeFloorTheFlagIsScrolledIntoSight) {
     PlanFloorBuilder builder(u"1"_s);
     for (int x = 1; x <= 30; ++x) {
         for (int y = 1; y <= 20; ++y)
-            builder.Add(QString::number(x), QString::number(y), u"%1/%2"_s.arg(x).arg(y), 1);
+            builder.Add(QString::number(x), QString::number(y), u"%1/%2"_s.arg(x).arg(y), {1, 0});
     }
     pane.SetModel({u"大"_s, {PlanFloorBuilder(u"-1"_s).Finish(), builder.Finish()}});
     view.SetVeskPicMarkers({PhotoGroup("1", {PhotoItem("30/1", "30/1", {{1, 1}})})});

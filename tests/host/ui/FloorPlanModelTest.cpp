@@ -9,17 +9,17 @@ using namespace Qt::StringLiterals;
 
 PlanFloor TwoByTwo() {
     PlanFloorBuilder builder(u"1"_s);
-    builder.Add(u"10"_s, u"B"_s, u"k10B"_s, 3);
-    builder.Add(u"2"_s, u"A"_s, u"k2A"_s, 0);
-    builder.Add(u"2"_s, u"B"_s, u"k2B"_s, 4);
-    builder.Add(u"10"_s, u"A"_s, u"k10A"_s, 0);
+    builder.Add(u"10"_s, u"B"_s, u"k10B"_s, {3, 0});
+    builder.Add(u"2"_s, u"A"_s, u"k2A"_s, {0, 0});
+    builder.Add(u"2"_s, u"B"_s, u"k2B"_s, {4, 0});
+    builder.Add(u"10"_s, u"A"_s, u"k10A"_s, {0, 0});
     return builder.Finish();
 }
 
 TEST(PlanFloorBuilder, SortsNumbersAsNumbersAndLettersBehindThem) {
     PlanFloorBuilder builder(u"1"_s);
     for (const QString& axis : {u"AA"_s, u"10"_s, u"B"_s, u"2"_s, u"1"_s, u"A"_s})
-        builder.Add(axis, u"A"_s, axis, 0);
+        builder.Add(axis, u"A"_s, axis, {0, 0});
     const PlanFloor floor = builder.Finish();
     EXPECT_EQ(floor.axesX,
               (std::vector<QString>{u"1"_s, u"2"_s, u"10"_s, u"A"_s, u"B"_s, u"AA"_s}));
@@ -33,7 +33,7 @@ TEST(PlanFloorBuilder, PutsEachKeyWhereItsAxesMeet) {
     EXPECT_EQ(floor.intersections[3].positionKey, u"k10B"_s);
     EXPECT_EQ(floor.intersections[3].axisX, 1);
     EXPECT_EQ(floor.intersections[3].axisY, 1);
-    EXPECT_EQ(PhotoCount(floor), 7);
+    EXPECT_EQ(CountPhotos(floor), (PhotoCount{7, 0}));
 }
 
 TEST(FloorPlanModel, FindsAKeyOnAnyFloorAndNothingForNoKey) {
@@ -59,14 +59,14 @@ TEST(FloorPlanModel, FloorsOfTheSameNameAreToldApartByTheirProject) {
         model.floors.back().project = u"工程%1"_s.arg(ppid);
     }
     model.floors.push_back(PlanFloor());
-    model.floors.back().unplacedCount = 3;
+    model.floors.back().unplaced = {3, 2};
     EXPECT_EQ(FindFloor(model, u"1"_s, 9), 1);
     EXPECT_EQ(FindFloor(model, u"1"_s, 5), -1);
     EXPECT_EQ(FindFloor(model, u"1"_s), 0);
     EXPECT_EQ(FindFloor(model, QString(), 9), 2);
     EXPECT_EQ(PlanFloorCaption(model.floors[1]), u"工程9 1层"_s);
     EXPECT_EQ(PlanFloorCaption(model.floors[2]), u"其他"_s);
-    EXPECT_EQ(PhotoCount(model.floors[2]), 3);
+    EXPECT_EQ(CountPhotos(model.floors[2]), (PhotoCount{3, 2}));
 }
 
 TEST(FindIntersection, ReadsAPlaceThatWasWrittenDown) {
@@ -95,7 +95,7 @@ TEST(PlaceCaption, NamesBothAxes) {
     const PlanFloor floor = TwoByTwo();
     EXPECT_EQ(PlaceCaption(floor, floor.intersections[3]), u"10轴 / B轴"_s);
     PlanFloorBuilder named(u"1"_s);
-    named.Add(u"3轴"_s, u"C"_s, u"k"_s, 0);
+    named.Add(u"3轴"_s, u"C"_s, u"k"_s, {0, 0});
     const PlanFloor suffixed = named.Finish();
     EXPECT_EQ(PlaceCaption(suffixed, suffixed.intersections[0]), u"3轴 / C轴"_s);
 }

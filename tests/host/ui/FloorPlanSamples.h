@@ -16,7 +16,7 @@ namespace hosttest {
         for (const QString& x : {u"1"_s, u"2"_s, u"3"_s}) {
             for (const QString& y : {u"A"_s, u"B"_s}) {
                 const bool isFull = floor == u"1"_s && x == u"2"_s && y == u"B"_s;
-                builder.Add(x, y, u"%1:%2/%3"_s.arg(floor, x, y), isFull ? 5 : 0);
+                builder.Add(x, y, u"%1:%2/%3"_s.arg(floor, x, y), {isFull ? 5 : 0, 0});
             }
         }
         model.floors.push_back(builder.Finish());

@@ -11,8 +11,8 @@ FloorPlanModel TwoFloors() {
     FloorPlanModel model;
     for (const QString& name : {u"1"_s, u"2"_s}) {
         PlanFloorBuilder builder(name);
-        builder.Add(u"1"_s, u"A"_s, name + u"-1A"_s, 1);
-        builder.Add(u"2"_s, u"A"_s, name + u"-2A"_s, 1);
+        builder.Add(u"1"_s, u"A"_s, name + u"-1A"_s, {1, 0});
+        builder.Add(u"2"_s, u"A"_s, name + u"-2A"_s, {1, 0});
         model.floors.push_back(builder.Finish());
     }
     return model;

@@ -36,7 +36,7 @@ TEST(MarkTree, HasFloorsInTheirOrderOthersLastAndMarksByTheirIds) {
     EXPECT_EQ(tree[0].marks[0].color, 0x0000FF);
     EXPECT_EQ(tree[0].marks[0].count, 3);
     EXPECT_EQ(tree[1].caption, u"其他"_s);
-    EXPECT_EQ(tree[1].marks[0].name, u"标识 9"_s);
+    EXPECT_EQ(tree[1].marks[0].name, u"未知"_s);
     EXPECT_FALSE(tree[1].marks[0].isKnown);
     EXPECT_EQ(CountOf(tree), 6);
     EXPECT_EQ(CountOf({}), 0);

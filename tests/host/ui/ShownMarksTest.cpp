@@ -69,7 +69,7 @@ TEST_F(Marks, AMarkThatTheTableDoesNotKnowIsGreyAndNamedByItsNumber) {
     const MarkFlag flag = marks.FlagsOf(u"1"_s, 7)[2];
     EXPECT_EQ(flag.markId, 99);
     EXPECT_EQ(flag.color, 0x9E9E9E);
-    EXPECT_EQ(FlagName(flag), u"标识 99"_s);
+    EXPECT_EQ(FlagName(flag), u"未知"_s);
 }
 
 TEST_F(Marks, OnNoFloorEachMarkHasOneFlagWhateverItsPlaces) {
