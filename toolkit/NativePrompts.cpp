@@ -8,6 +8,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPointer>
 #include <QProcess>
 #include <QUrl>
 
@@ -17,15 +18,56 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A box that says what it has to say as plain text.
+/// Runs a dialog that may lie on a window, and deletes it. `read` is told dialog and result, and
+/// nothing where the window died first, which took the dialog along.
+template <class Dialog, class Read> void RunOnWindow(Dialog* made, Read read) {
+    const QPointer<Dialog> dialog = made;
+    const int result = dialog->exec();
+    if (!dialog)
+        return;
+    read(*dialog, result);
+    delete dialog.data();
+}
+
+/// A box that says what it has to say as plain text. 0: its window died behind it.
 int RunBox(WindowId parent, QMessageBox::Icon icon, const QString& text,
            QMessageBox::StandardButtons buttons, bool topmost) {
-    QMessageBox box(icon, QApplication::applicationDisplayName(), text, buttons, WidgetOf(parent));
-    box.setTextFormat(Qt::PlainText);
-    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    auto* box = new QMessageBox(icon, QApplication::applicationDisplayName(), text, buttons,
+                                WidgetOf(parent));
+    box->setObjectName(u"messageBox"_s);
+    box->setTextFormat(Qt::PlainText);
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     if (topmost)
-        box.setWindowFlag(Qt::WindowStaysOnTopHint);
-    return box.exec();
+        box->setWindowFlag(Qt::WindowStaysOnTopHint);
+    int answer = 0;
+    RunOnWindow(box, [&answer](const QMessageBox& /*box*/, int result) { answer = result; });
+    return answer;
+}
+
+/// What a file dialog is opened with.
+struct FileQuestion {
+    QString title;
+    QString start; ///< a folder, with a proposed name or without
+    QString filter;
+    QFileDialog::AcceptMode accepts = QFileDialog::AcceptOpen;
+    QFileDialog::FileMode picks = QFileDialog::AnyFile;
+    QFileDialog::Options options;
+};
+
+/// Nothing: cancelled, or its window died behind it.
+QStringList RunFileDialog(WindowId parent, const FileQuestion& question) {
+    auto* dialog =
+        new QFileDialog(WidgetOf(parent), question.title, question.start, question.filter);
+    dialog->setObjectName(u"fileDialog"_s);
+    dialog->setAcceptMode(question.accepts);
+    dialog->setFileMode(question.picks);
+    dialog->setOptions(question.options);
+    QStringList paths;
+    RunOnWindow(dialog, [&paths](const QFileDialog& asked, int result) {
+        if (result == QDialog::Accepted)
+            paths = asked.selectedFiles();
+    });
+    return paths;
 }
 
 } // namespace
@@ -52,16 +94,28 @@ bool NativePrompts::AskYesNo(WindowId parent, const QString& text) {
 }
 
 QString NativePrompts::AskFolder(WindowId parent, const QString& title) {
-    return QFileDialog::getExistingDirectory(WidgetOf(parent), title, QDir::homePath());
+    return RunFileDialog(parent, {title,
+                                  QDir::homePath(),
+                                  {},
+                                  QFileDialog::AcceptOpen,
+                                  QFileDialog::Directory,
+                                  QFileDialog::ShowDirsOnly})
+        .value(0);
 }
 
 QString NativePrompts::AskSaveFile(const SaveFileRequest& request) {
+    const QPointer<QWidget> window = WidgetOf(request.parent);
+    const bool onWindow = !window.isNull();
     QString proposed = request.proposedName;
-    while (true) {
+    while (window || !onWindow) {
         // Overwriting is asked for the final path below, not for the name as typed.
-        const QString typed = QFileDialog::getSaveFileName(WidgetOf(request.parent), QString(),
-                                                           proposed, request.filter, nullptr,
-                                                           QFileDialog::DontConfirmOverwrite);
+        const QString typed = RunFileDialog(request.parent, {{},
+                                                             proposed,
+                                                             request.filter,
+                                                             QFileDialog::AcceptSave,
+                                                             QFileDialog::AnyFile,
+                                                             QFileDialog::DontConfirmOverwrite})
+                                  .value(0);
         const QString path = WithExtension(typed, request.defaultExtension);
         if (path.isEmpty() || !QFileInfo::exists(path))
             return path;
@@ -70,11 +124,16 @@ QString NativePrompts::AskSaveFile(const SaveFileRequest& request) {
             return path;
         proposed = path;
     }
+    return {};
 }
 
 QStringList NativePrompts::AskOpenFiles(const OpenFilesRequest& request) {
-    return QFileDialog::getOpenFileNames(WidgetOf(request.parent), QString(), QDir::homePath(),
-                                         request.filter);
+    return RunFileDialog(request.parent, {{},
+                                          QDir::homePath(),
+                                          request.filter,
+                                          QFileDialog::AcceptOpen,
+                                          QFileDialog::ExistingFiles,
+                                          {}});
 }
 
 void NativePrompts::OpenFolder(const QString& folder) {

@@ -5,7 +5,8 @@
 
 namespace toolkit {
 
-/// Texts are shown as plain text and can be copied.
+/// Texts are shown as plain text and can be copied. A prompt whose parent dies behind it ends as
+/// cancelled, or with no.
 class NativePrompts final : public IPrompts {
 public:
     void ShowMessage(WindowId parent, const QString& text) override;
