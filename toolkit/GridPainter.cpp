@@ -121,8 +121,8 @@ void GridPainter::PaintIcon(const CIconGridItem& item, const QRect& cell, const 
 void GridPainter::PaintColorText(const CColorTxtItem& item, const QRect& cell,
                                  Qt::Alignment align) {
     const QRect area = cell.adjusted(kGridCellPadding, 0, -kGridCellPadding, 0);
-    QRect swatch(QPoint(area.left(), 0), SwatchSize());
-    swatch.moveTop(area.top() + (area.height() - swatch.height()) / 2);
+    const QSize side = SwatchSize();
+    const QRect swatch(QPoint(area.left(), area.top() + (area.height() - side.height()) / 2), side);
     const QPen pen = m_painter.pen();
     PaintSwatch(m_painter, swatch, ColorFromBgr(item.Color()));
     m_painter.setPen(pen);

@@ -1,5 +1,7 @@
 #include "toolkit/KXTools.h"
 
+#include "toolkit/Clock.h"
+
 #include <QDateTime>
 #include <gtest/gtest.h>
 
@@ -33,4 +35,11 @@ TEST(KXTools, TimesPrintInLocalForm) {
 TEST(KXTools, ARecordsTimeIsShownToTheSecondAndNoTimeNotAtAll) {
     EXPECT_EQ(KXTools::timeToCString(At(7, 5, 9)), u"2026-03-05 07:05:09"_s);
     EXPECT_EQ(KXTools::timeToCString(0), QString());
+}
+
+TEST(Clock, UnlessReplacedItTellsTheSystemsTime) {
+    const qint64 before = QDateTime::currentSecsSinceEpoch();
+    const qint64 now = toolkit::Clock().NowSeconds();
+    EXPECT_LE(before, now);
+    EXPECT_LE(now, QDateTime::currentSecsSinceEpoch());
 }

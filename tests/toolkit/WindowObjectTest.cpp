@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QPointer>
 #include <gtest/gtest.h>
 
 using toolkit::WindowId;
@@ -140,4 +141,57 @@ TEST(WindowObject, AStoppedTimerTicksNoMoreAndOneSetAgainDoes) {
     sample.SetTimer(104, 1);
     WaitForTick(sample, 2);
     EXPECT_GE(sample.ticks, 2);
+}
+
+TEST(WindowObject, AfterItsEndItsOldWindowTellsNothingMore) {
+    Sample sample;
+    sample.Create(toolkit::kNoWindow);
+    const QPointer<QWidget> window = sample.Widget();
+    sample.Destroy();
+    QCloseEvent close;
+    QCoreApplication::sendEvent(window, &close);
+    EXPECT_EQ(sample.closes, 0);
+    sample.Create(toolkit::kNoWindow);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(window.isNull());
+    EXPECT_TRUE(sample.HasWindow());
+    EXPECT_EQ(sample.destroyed, 1);
+}
+
+namespace {
+
+class Raised final : public QObject {
+public:
+    int times = 0;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        times += event->type() == QEvent::ZOrderChange;
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+} // namespace
+
+TEST(WindowObject, BroughtToTheForegroundItIsRaised) {
+    Sample sample;
+    sample.Create(toolkit::kNoWindow);
+    sample.ShowRestored();
+    Raised raised;
+    sample.Widget()->installEventFilter(&raised);
+    sample.BringToForeground();
+    EXPECT_EQ(raised.times, 1);
+}
+
+TEST(WindowObject, OnlyMinimisedItsStateChangesWhenItIsShown) {
+    Sample sample;
+    sample.Create(toolkit::kNoWindow);
+    for (const bool maximised : {false, true}) {
+        sample.Widget()->setWindowState(maximised ? Qt::WindowMaximized : Qt::WindowNoState);
+        sample.ShowRestored();
+        EXPECT_TRUE(sample.Widget()->isVisible());
+        EXPECT_EQ(sample.Widget()->isMaximized(), maximised);
+        sample.Widget()->setWindowState(sample.Widget()->windowState() | Qt::WindowMinimized);
+        sample.ShowRestored();
+        EXPECT_FALSE(sample.Widget()->isMinimized());
+        EXPECT_EQ(sample.Widget()->isMaximized(), maximised);
+    }
 }

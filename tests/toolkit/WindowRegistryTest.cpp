@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <memory>
 #include <thread>
 #include <vector>
 
@@ -140,4 +141,18 @@ TEST(WindowRegistry, TheMainWindowIsForgottenWithItsWidget) {
         EXPECT_EQ(toolkit::WidgetOf(toolkit::MainWindow()), &widget);
     }
     EXPECT_EQ(toolkit::MainWindow(), toolkit::kNoWindow);
+}
+
+TEST(WindowRegistry, ManyWindowsAtOnceHaveEachTheirOwnEntry) {
+    std::vector<std::unique_ptr<QWidget>> widgets;
+    std::vector<WindowId> ids;
+    for (int i = 0; i < 40; ++i) {
+        widgets.push_back(std::make_unique<QWidget>());
+        ids.push_back(toolkit::RegisterWindow(widgets.back().get(),
+                                              [i](const WindowEvent&) { return qintptr(i + 1); }));
+    }
+    for (size_t i = 0; i < widgets.size(); ++i) {
+        EXPECT_EQ(toolkit::WidgetOf(ids[i]), widgets[i].get());
+        EXPECT_EQ(toolkit::SendWindowEvent(ids[i], 1), qintptr(i + 1));
+    }
 }

@@ -167,4 +167,26 @@ TEST_F(Balloon, NeedsAControl) {
     EXPECT_EQ(BalloonTip::Current(), nullptr);
 }
 
+TEST_F(Balloon, PointsAtTheMiddleOfASmallControlAndNearTheStartOfAWideOne) {
+    const int left = button->mapToGlobal(QPoint(0, 0)).x();
+    EXPECT_EQ(Show()->x(), left + 30 - 24);
+    button->resize(80, 24);
+    EXPECT_EQ(Show()->x(), left + 40 - 24);
+    button->resize(300, 24);
+    EXPECT_EQ(Show()->x(), left + 40 - 24);
+}
+
+TEST_F(Balloon, StandsBelowAsLongAsItFitsThereToThePixel) {
+    const int height = Show()->height();
+    const int screenBottom = window->screen()->availableGeometry().bottom();
+    const auto topWithRoom = [&](int room) {
+        const int bottom = button->mapToGlobal(QPoint(0, 23)).y();
+        window->move(window->x(), window->y() + screenBottom - room - bottom);
+        QCoreApplication::processEvents();
+        return Show()->y() - button->mapToGlobal(QPoint(0, 0)).y();
+    };
+    EXPECT_EQ(topWithRoom(height), 23 - 1);
+    EXPECT_EQ(topWithRoom(height - 1), -height + 2);
+}
+
 } // namespace

@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QImage>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -268,6 +269,34 @@ TEST_F(ColorTxtComboBoxTest, AnEntryIsSelectedByItsName) {
     EXPECT_EQ(combo->currentIndex(), -1);
     combo->SetSelectColorName(QString());
     EXPECT_EQ(combo->currentIndex(), -1);
+}
+
+TEST_F(ColorTxtComboBoxTest, ItsFieldIsFilledButForItsEdgeAndItsTextStandsFourPixelsIn) {
+    combo->OnInitialize({{0x0000FF, u"国"_s}});
+    combo->setCurrentIndex(0);
+    const QImage image = combo->grab().toImage();
+    QStyleOptionComboBox option;
+    option.initFrom(combo);
+    option.subControls = QStyle::SC_All;
+    const QRect field = combo->style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                       QStyle::SC_ComboBoxEditField, combo);
+    const int middle = field.center().y();
+    EXPECT_EQ(image.pixelColor(field.left() + 1, middle), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(field.right() - 1, middle), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(field.center().x(), field.top() + 1), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(field.center().x(), field.bottom() - 1), QColor(Qt::red));
+    EXPECT_NE(image.pixelColor(field.left(), middle), QColor(Qt::red));
+    // The same text on the same ground, painted at that place.
+    QImage wanted(image.size(), QImage::Format_RGB32);
+    wanted.fill(Qt::red);
+    QPainter painter(&wanted);
+    painter.setFont(combo->font());
+    painter.setPen(toolkit::TextOn(Qt::red));
+    painter.drawText(QRect(field.left() + 4, field.top(), field.width() - 8, field.height()),
+                     Qt::AlignLeft | Qt::AlignVCenter, u"国"_s);
+    painter.end();
+    const QRect inner = field.adjusted(1, 1, -1, -1);
+    EXPECT_EQ(image.copy(inner).convertToFormat(QImage::Format_RGB32), wanted.copy(inner));
 }
 
 } // namespace

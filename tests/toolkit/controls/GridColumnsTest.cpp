@@ -194,4 +194,41 @@ TEST_F(GridColumns, AssistiveProgramsReadCellsAndHeaders) {
     EXPECT_FALSE(grid.View()->accessibleName().isEmpty());
 }
 
+TEST_F(GridColumns, UnlessToldOnlyLeftAlignedFreeColumnsTakeOneShare) {
+    grid.AddColumns();
+    EXPECT_EQ(grid.GetColumnStretch(SampleGrid::kName), 1);
+    EXPECT_EQ(grid.GetColumnStretch(SampleGrid::kNumber), 0);
+    EXPECT_EQ(grid.GetColumnStretch(SampleGrid::kEdit), 0);
+    grid.SetColumnStretch(SampleGrid::kName, 7);
+    EXPECT_EQ(grid.GetColumnStretch(SampleGrid::kName), 7);
+    grid.SetColumnStretch(SampleGrid::kName, -3);
+    EXPECT_EQ(grid.GetColumnStretch(SampleGrid::kName), 0);
+}
+
+TEST_F(GridColumns, ACaptionThatDoesNotFitIsItsOwnTip) {
+    Open();
+    const auto tip = [this] {
+        const int left = Header()->sectionViewportPosition(SampleGrid::kName);
+        return TipAt(Header()->viewport(), QPoint(left + 5, 10));
+    };
+    EXPECT_EQ(tip(), QString());
+    Header()->resizeSection(SampleGrid::kName, 30);
+    EXPECT_EQ(tip(), u"照片名称"_s);
+}
+
+TEST_F(GridColumns, ATextThatItsSwatchLeavesNoRoomForHasATip) {
+    Open();
+    const int width = Shown(SampleGrid::kMark);
+    const QFontMetrics metrics = grid.View()->fontMetrics();
+    QString text;
+    // As long as fits a cell without a swatch.
+    while (metrics.horizontalAdvance(text + u'国') <= width - 12)
+        text += u'国';
+    grid.GetRow(0)->SetText(SampleGrid::kName, text);
+    Header()->resizeSection(SampleGrid::kName, width);
+    EXPECT_EQ(TipAt(grid.View()->viewport(), grid.CellCenter(0, SampleGrid::kName)), QString());
+    grid.GetRow(0)->PutItem(SampleGrid::kMark, std::make_unique<CColorTxtItem>(0, text));
+    EXPECT_EQ(TipAt(grid.View()->viewport(), grid.CellCenter(0, SampleGrid::kMark)), text);
+}
+
 } // namespace

@@ -196,4 +196,26 @@ TEST_F(GridKeys, OtherKeysGoOnToTheDialog) {
     EXPECT_FALSE(event.isAccepted());
 }
 
+TEST_F(GridKeys, TheMenuKeyOpensTheMenuOfTheFirstRowToo) {
+    Open(3);
+    grid.menuActions = QStringList{u"编辑"_s};
+    Press(Qt::Key_Menu);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "no row is current";
+    grid.SetCurSel(0);
+    Press(Qt::Key_Menu);
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    menu->close();
+}
+
+TEST_F(GridKeys, LeftAndRightWithoutARowGoToOne) {
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right}) {
+        grid.DeleteAllColumns();
+        Open(3);
+        Press(key);
+        EXPECT_EQ(Selected(), 0);
+        grid.RemoveAll();
+    }
+}
+
 } // namespace

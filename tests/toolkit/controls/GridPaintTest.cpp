@@ -5,9 +5,12 @@
 
 #include <QHeaderView>
 #include <QImage>
+#include <QPaintEvent>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using toolkit::Colors;
@@ -190,6 +193,132 @@ TEST_F(GridPaint, SortStateDrawsNoMark) {
     grid.SetColumnState(SampleGrid::kName, 1);
     EXPECT_EQ(Render(header->viewport()), before);
     EXPECT_EQ(grid.GetColumnState(SampleGrid::kName), 1);
+}
+
+TEST_F(GridPaint, TheFrameOfTheKeyboardClosesWithinItsCell) {
+    Open(2);
+    grid.SetCurSel(1);
+    grid.SetFocus();
+    const QImage image = Shot();
+    const QRect cell = Cell(1, 0);
+    EXPECT_EQ(image.pixelColor(cell.bottomRight()), Colors::TextAccent());
+    EXPECT_EQ(image.pixelColor(cell.right() + 1, cell.center().y()), Colors::GridLine());
+    EXPECT_EQ(image.pixelColor(cell.center().x(), cell.bottom() + 1), Colors::GridLine());
+}
+
+TEST_F(GridPaint, TheFrameOfAnEmptyGridClosesWithinIt) {
+    Open(0);
+    grid.SetFocus();
+    const QImage image = Shot();
+    EXPECT_EQ(image.pixelColor(image.rect().bottomRight()), Colors::TextAccent());
+    EXPECT_EQ(image.pixelColor(image.rect().topRight()), Colors::TextAccent());
+    EXPECT_NE(image.pixelColor(image.width() - 2, image.height() - 2), Colors::TextAccent());
+}
+
+TEST_F(GridPaint, TextStandsWhereItsColumnIsAligned) {
+    Open(1);
+    grid.GetRow(0)->SetText(SampleGrid::kDescription, u"国"_s);
+    const QRect cell = Cell(0, SampleGrid::kDescription);
+    const auto ink = [&](Qt::Alignment align) {
+        grid.SetColumnAlign(SampleGrid::kDescription, align);
+        const QImage image = Shot();
+        int left = cell.right();
+        int right = cell.left();
+        for (int x = cell.left(); x <= cell.right(); ++x)
+            if (CountDark(image, QRect(x, cell.top(), 1, cell.height()), 120) > 0) {
+                left = qMin(left, x);
+                right = qMax(right, x);
+            }
+        return std::pair(left - cell.left(), cell.right() - right);
+    };
+    const auto [left, roomAfter] = ink(Qt::AlignLeft);
+    EXPECT_LE(left, 8);
+    EXPECT_GT(roomAfter, 20);
+    const auto [roomBefore, right] = ink(Qt::AlignRight);
+    EXPECT_LE(right, 8);
+    EXPECT_GT(roomBefore, 20);
+    const auto [before, after] = ink(Qt::AlignHCenter);
+    EXPECT_NEAR(before, after, 3);
+}
+
+TEST_F(GridPaint, TheImageOfAHeaderStandsInItsMiddle) {
+    Open(1);
+    grid.SetHeaderImage(SampleGrid::kCheck, 1);
+    QHeaderView* header = grid.View()->horizontalHeader();
+    const QImage image = Render(header->viewport());
+    QRect ink;
+    for (int y = 0; y < header->height(); ++y)
+        for (int x = 0; x < 19; ++x)
+            if (image.pixelColor(x, y) == Colors::TextAccent())
+                ink |= QRect(x, y, 1, 1);
+    EXPECT_NEAR(ink.center().x(), 9, 1);
+    EXPECT_NEAR(ink.center().y(), (header->height() - 1) / 2, 1);
+}
+
+TEST_F(GridPaint, TheHeaderLightsUpAgainAfterAClick) {
+    Open(1);
+    QHeaderView* header = grid.View()->horizontalHeader();
+    const auto place = [&](int column) {
+        return QPoint(header->sectionViewportPosition(column) + 10, 10);
+    };
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, place(SampleGrid::kMark));
+    QTest::mouseMove(header->viewport(), place(SampleGrid::kName));
+    EXPECT_EQ(Render(header->viewport()).pixelColor(place(SampleGrid::kName) - QPoint(2, 8)),
+              Colors::Hover());
+}
+
+/// Where a widget paints itself anew.
+class PaintedArea final : public QObject {
+public:
+    explicit PaintedArea(QWidget* widget) {
+        QCoreApplication::processEvents();
+        widget->installEventFilter(this);
+    }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint)
+            m_area += static_cast<QPaintEvent*>(event)->region();
+        return QObject::eventFilter(watched, event);
+    }
+    /// Since the last call.
+    [[nodiscard]] QRegion Take() {
+        QCoreApplication::processEvents();
+        return std::exchange(m_area, QRegion());
+    }
+
+private:
+    QRegion m_area;
+};
+
+TEST_F(GridPaint, AChangedCellIsPaintedAnew) {
+    Open(5);
+    PaintedArea painted(grid.View()->viewport());
+    const QPoint there = Cell(2, SampleGrid::kName).center();
+    CGridItem& item = *grid.GetRow(2)->GetItem(SampleGrid::kName);
+    item.SetValue(u"新"_s);
+    EXPECT_TRUE(painted.Take().contains(there));
+    item.SetTextColor(Qt::red);
+    EXPECT_TRUE(painted.Take().contains(there));
+    item.Enable(false);
+    EXPECT_TRUE(painted.Take().contains(there));
+    EXPECT_TRUE(painted.Take().isEmpty());
+}
+
+TEST_F(GridPaint, TheSelectedRowAndTheOneBeforeArePaintedAnew) {
+    Open(5);
+    grid.SetCurSel(1);
+    PaintedArea painted(grid.View()->viewport());
+    grid.SetCurSel(3);
+    const QRegion area = painted.Take();
+    EXPECT_TRUE(area.contains(Cell(1, SampleGrid::kName).center()));
+    EXPECT_TRUE(area.contains(Cell(3, SampleGrid::kName).center()));
+}
+
+TEST_F(GridPaint, AChangedHeaderIsPaintedAnew) {
+    Open(1);
+    QHeaderView* header = grid.View()->horizontalHeader();
+    PaintedArea painted(header->viewport());
+    grid.SetHeaderImage(SampleGrid::kCheck, 1);
+    EXPECT_TRUE(painted.Take().contains(QPoint(10, 10)));
 }
 
 } // namespace

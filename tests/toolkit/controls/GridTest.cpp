@@ -250,4 +250,12 @@ TEST_F(GridMouse, ClickOnAHalfHiddenCellMovesNothing) {
     EXPECT_THAT(grid.iconCalls, ElementsAre(SampleGrid::IconCall{7, row}));
 }
 
+TEST_F(GridMouse, DoubleClickSelectsTheRowItself) {
+    Open(5);
+    Click(1, SampleGrid::kName);
+    QTest::mouseDClick(Viewport(), Qt::LeftButton, {}, grid.CellCenter(3, SampleGrid::kName));
+    EXPECT_EQ(grid.GetCurSel()->GetRowId(), 3);
+    EXPECT_THAT(grid.doubleClicks, ElementsAre(SampleGrid::DoubleClickCall{3, SampleGrid::kName}));
+}
+
 } // namespace

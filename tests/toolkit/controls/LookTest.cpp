@@ -1,12 +1,16 @@
 // Colours, faces and texts of the whole program.
 #include "toolkit/Look.h"
 #include "toolkit/Icons.h"
+#include "toolkit/Swatch.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
 #include <QDialogButtonBox>
 #include <QFontInfo>
 #include <QImage>
+#include <QPainter>
 #include <QPushButton>
 #include <QStyle>
 #include <QTextDocument>
@@ -174,6 +178,67 @@ TEST(Icons, DrawnSharpAtTwiceTheScale) {
                                     .pixmap(QSize(16, 16), 1.0)
                                     .toImage()
                                     .scaled(32, 32, Qt::KeepAspectRatio));
+}
+
+TEST(Look, ColoursAreTheseNumbers) {
+    EXPECT_EQ(Colors::TextAccent(), QColor(0x15, 0x42, 0x8B));
+    EXPECT_EQ(Colors::Accent(), QColor(0x00, 0xB6, 0xF0));
+    EXPECT_EQ(Colors::Hover(), QColor(0xA9, 0xDA, 0xF5));
+    EXPECT_EQ(Colors::Frame(), QColor(0xB1, 0xC3, 0xD9));
+    EXPECT_EQ(Colors::Error(), QColor(0xFF, 0x00, 0x00));
+}
+
+TEST(Look, EveryRoleOfThePaletteHasItsColour) {
+    const QPalette palette = QApplication::palette();
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText,
+          QPalette::ToolTipText})
+        EXPECT_EQ(palette.color(role), Colors::Text()) << role;
+    EXPECT_EQ(palette.color(QPalette::Window), Colors::Window());
+    EXPECT_EQ(palette.color(QPalette::Base), QColor(Qt::white));
+    EXPECT_EQ(palette.color(QPalette::AlternateBase), Colors::AlternateRow());
+    EXPECT_EQ(palette.color(QPalette::Highlight), Colors::Selection());
+    EXPECT_EQ(palette.color(QPalette::BrightText), Colors::ErrorText());
+    EXPECT_EQ(palette.color(QPalette::Link), Colors::Link());
+    EXPECT_EQ(palette.color(QPalette::LinkVisited), Colors::Link());
+}
+
+TEST(Look, ATipOfMoreThanFortyCharactersWraps) {
+    EXPECT_EQ(toolkit::PlainTip(QString(40, u'长')), QString(40, u'长'));
+    EXPECT_EQ(toolkit::PlainTip(QString(41, u'长')),
+              u"<span>"_s + QString(41, u'长') + u"</span>"_s);
+}
+
+TEST(Look, ListsAndDatesShowThatTheyHaveTheKeyboard) {
+    QWidget window;
+    auto* combo = new QComboBox(&window);
+    auto* date = new QDateEdit(&window);
+    date->move(0, 40);
+    window.resize(200, 100);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    combo->setFocus(Qt::MouseFocusReason);
+    EXPECT_TRUE(HasColor(combo->grab().toImage(), Colors::TextAccent()));
+    EXPECT_FALSE(HasColor(date->grab().toImage(), Colors::TextAccent()));
+    date->setFocus(Qt::MouseFocusReason);
+    EXPECT_FALSE(HasColor(combo->grab().toImage(), Colors::TextAccent()));
+    EXPECT_TRUE(HasColor(date->grab().toImage(), Colors::TextAccent()));
+}
+
+TEST(Look, ASwatchIsFramedWithinItsArea) {
+    QImage image(16, 16, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    toolkit::SwatchIcon(Qt::red).paint(&painter, QRect(2, 2, 12, 12));
+    painter.end();
+    const QColor frame = QColor(Qt::red).darker(140);
+    for (const QPoint& corner : {QPoint(2, 2), QPoint(13, 2), QPoint(2, 13), QPoint(13, 13)})
+        EXPECT_EQ(image.pixel(corner), frame.rgb());
+    EXPECT_EQ(image.pixelColor(3, 3), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(12, 12), QColor(Qt::red));
+    for (const QPoint& beside : {QPoint(1, 1), QPoint(14, 14), QPoint(14, 8), QPoint(8, 14)})
+        EXPECT_EQ(image.pixelColor(beside), QColor(Qt::white));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QToolButton>
 #include <QtTest/QTest>
 
@@ -184,6 +185,22 @@ TEST_F(PagingBar, BarAndGridArePlacedByTheManager) {
     EXPECT_EQ(none.GetRect(), QRect());
     none.DoPage(3);
     none.UpdateBar();
+}
+
+TEST_F(PagingBar, ShowsAtOnceInAWindowThatIsShown) {
+    CMultiPageGridManager other;
+    other.Create(window.get());
+    EXPECT_TRUE(other.Widget()->isVisible());
+}
+
+TEST_F(PagingBar, GoesWithItsManager) {
+    auto other = std::make_unique<CMultiPageGridManager>();
+    other->Create(window.get());
+    const QPointer<QWidget> bar = other->Widget();
+    other.reset();
+    EXPECT_TRUE(!bar || !bar->isVisible());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(bar.isNull());
 }
 
 } // namespace

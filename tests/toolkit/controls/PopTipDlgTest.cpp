@@ -163,4 +163,24 @@ TEST_F(PopTipDlgTest, ItBlocksAllOtherWindowsAndCannotBeMinimised) {
     dialog.DoModal(toolkit::kNoWindow);
 }
 
+/// Ends its dialog as that comes up.
+class EndsAtShow final : public QObject {
+public:
+    explicit EndsAtShow(SampleDialog& dialog) : m_dialog(dialog) { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show && m_dialog.HasWindow() && watched == m_dialog.Widget())
+            m_dialog.EndDialog(DialogResult::Ok);
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    SampleDialog& m_dialog;
+};
+
+TEST_F(PopTipDlgTest, AModalRunWhoseWindowGoesAsItComesUpDoesNotWait) {
+    const EndsAtShow ender(dialog);
+    EXPECT_EQ(dialog.DoModal(toolkit::kNoWindow), DialogResult::Ok);
+    EXPECT_FALSE(dialog.HasWindow());
+}
+
 } // namespace

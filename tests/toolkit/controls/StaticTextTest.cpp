@@ -161,4 +161,43 @@ TEST(TitledGroup, ItsFrameRunsThroughTheMiddleOfItsTitle) {
     EXPECT_EQ(image.pixelColor(9, line), QColor(Qt::white)) << "the line leaves room for the title";
 }
 
+TEST(StaticFilespec, ItsColourIsThePalettesOfItsState) {
+    QWidget parent;
+    CStaticFilespec text(&parent);
+    QPalette palette = text.palette();
+    palette.setColor(QPalette::Active, QPalette::WindowText, Qt::red);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, Qt::blue);
+    text.setPalette(palette);
+    text.setText(u"国国国"_s);
+    text.resize(100, 40);
+    // How much redder than blue the strokes are; below 0: bluer.
+    const auto redness = [&text] {
+        const QImage image = Drawn(text);
+        int sum = 0;
+        for (int y = 0; y < 40; ++y)
+            for (int x = 0; x < 100; ++x)
+                sum += image.pixelColor(x, y).red() - image.pixelColor(x, y).blue();
+        return sum;
+    };
+    EXPECT_GT(redness(), 1000);
+    text.setEnabled(false);
+    EXPECT_LT(redness(), -1000);
+}
+
+TEST(AutoLineStatic, OneLineStandsInTheMiddleUntilTheSecondHasItsPlace) {
+    QWidget parent;
+    CAutoLineStatic text(&parent);
+    CStaticFilespec line(&parent);
+    for (QLabel* label : std::initializer_list<QLabel*>{&text, &line})
+        label->setText(u"国"_s);
+    const int two = 2 * text.fontMetrics().lineSpacing();
+    const auto drawnAlike = [&](int height) {
+        text.resize(100, height);
+        line.resize(100, height);
+        return Drawn(text) == Drawn(line);
+    };
+    EXPECT_TRUE(drawnAlike(two - 1));
+    EXPECT_FALSE(drawnAlike(two));
+}
+
 } // namespace

@@ -104,4 +104,17 @@ TEST(WindowPlace, AFormLargerThanTheScreenScrollsToTheControlWithTheFocus) {
     EXPECT_TRUE(form.rect().contains(form.edit->mapTo(&form, form.edit->rect().center())));
 }
 
+TEST(WindowPlace, OverAParentBelowTheScreenItStandsOnTheLowerEdge) {
+    QWidget parent;
+    const QRect screen = parent.screen()->availableGeometry();
+    parent.setGeometry(screen.right() - 50, screen.bottom() - 50, 600, 400);
+    QWidget window(&parent, Qt::Window);
+    window.resize(300, 200);
+    toolkit::CentreWindow(window);
+    // 4 pixels of frame around it.
+    EXPECT_EQ(window.geometry().bottom(), screen.bottom() - 4);
+    EXPECT_EQ(window.geometry().right(), screen.right() - 4);
+    EXPECT_EQ(window.size(), QSize(300, 200));
+}
+
 } // namespace

@@ -117,3 +117,28 @@ TEST(DirectUIButton, ItsTipIsNameAndKey) {
     EXPECT_EQ(CDirectUIButton(7, ButtonArrow::Left, u"上一张"_s, u"←"_s).Tip(), u"上一张（←）"_s);
     EXPECT_EQ(CDirectUIButton(7, ButtonArrow::Left, u"上一张"_s).Tip(), u"上一张"_s);
 }
+
+TEST(DirectUIButton, EnabledAgainItIsNeitherUnderThePointerNorPressed) {
+    CDirectUIButton button = Sample();
+    button.PointAt({25, 15});
+    button.Press({25, 15});
+    button.Enable(false);
+    button.Enable(true);
+    EXPECT_EQ(ColourOf(button), kFrames[0]);
+    EXPECT_FALSE(button.Release({25, 15}));
+    EXPECT_EQ(ColourOf(button), kFrames[0]);
+}
+
+TEST(DirectUIButton, AFrameIsTakenWholeOfStackedOnes) {
+    CDirectUIButton button = Sample();
+    QImage image = Frames(ClipType::Stacked);
+    QPainter painter(&image);
+    painter.fillRect(QRect(0, 0, 3, 80), Qt::yellow);
+    painter.end();
+    button.SetImage(image, ClipType::Stacked);
+    const QImage painted = Painted(button);
+    EXPECT_EQ(painted.pixelColor(20, 20), QColor(Qt::yellow));
+    EXPECT_EQ(painted.pixelColor(21, 20), QColor(Qt::yellow));
+    EXPECT_EQ(painted.pixelColor(24, 10), QColor(Qt::red));
+    EXPECT_EQ(painted.pixelColor(29, 29), QColor(Qt::red));
+}

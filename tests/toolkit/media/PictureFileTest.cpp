@@ -237,3 +237,16 @@ TEST_F(PictureFile, AStoppedDecodingEndsWithAUselessResult) {
     const std::atomic<bool> stop{true};
     EXPECT_TRUE(DecodePicture({path, {}, {30, 20}, Qt::white}, &stop).isNull());
 }
+
+TEST_F(PictureFile, APartBelowTheMiddleIsThatPartReducedAndEnlarged) {
+    const QString path = Write(support::JpegBytes(CornerMarked({320, 160})));
+    for (const QSize& size : {QSize(44, 22), QSize(352, 176)}) {
+        const QImage image = Decode(path, size, QRect(144, 72, 176, 88));
+        ASSERT_EQ(image.size(), size);
+        const int x = size.width();
+        const int y = size.height();
+        EXPECT_TRUE(IsNear(image.pixelColor(x / 2, y / 2), support::kBottomRight));
+        EXPECT_TRUE(IsNear(image.pixelColor(x / 2, y - 2), support::kBottomRight));
+        EXPECT_TRUE(IsNear(image.pixelColor(x / 44, y / 2), support::kBottomLeft));
+    }
+}
