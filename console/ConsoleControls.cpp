@@ -112,11 +112,8 @@ std::array<QPushButton*, kActionButtons> ConsoleControls::Actions() const {
 }
 
 void ConsoleControls::SetTabOrder(QWidget* gridView, QWidget* pagingBar) const {
-    std::vector<QWidget*> order;
-    for (QWidget* filter : Filters())
-        if (filter != dateDash)
-            order.push_back(filter);
-    order.push_back(gridView);
+    // The filters come before, in the order in which they were made.
+    std::vector<QWidget*> order = {searchButton, gridView};
     order.insert(order.end(), {bimRadio, pdfRadio});
     for (QPushButton* action : Actions())
         order.push_back(action);

@@ -210,8 +210,7 @@ void CVeskPicMngDlg::AddShortcut(const QKeySequence& key, void (CVeskPicMngDlg::
 }
 
 void CVeskPicMngDlg::UpdateLeastSize() {
-    const QSize wanted = Manager() != nullptr ? Manager()->GetMinTrackSize() : QSize(1280, 670);
-    toolkit::SetLeastSize(*Widget(), wanted);
+    toolkit::SetLeastSize(*Widget(), Manager()->GetMinTrackSize());
 }
 
 void CVeskPicMngDlg::OnResized() {

@@ -93,6 +93,12 @@ TEST_F(FilterBoxesTest, AMarkThatCannotBeReadLeavesTheBoxEmptyAndAMessage) {
     EXPECT_EQ(C().markCombo->currentIndex(), -1);
     EXPECT_THAT(Log().LinesOf({"GetMarkInfo"}),
                 ElementsAre("GetMarkInfo(mark=1)", "GetMarkInfo(mark=99)"));
+    // Not asked again, so no second message.
+    CloseList(*C().markCombo);
+    DropDown(*C().markCombo);
+    EXPECT_EQ(C().markCombo->count(), 0);
+    EXPECT_EQ(Log().CountOf("GetUsedBimMarks"), 1);
+    EXPECT_EQ(Log().CountOf("GetMarkInfo"), 2);
     Click(C().searchButton);
     EXPECT_EQ(BimFilter().markId, 0);
 }
@@ -234,6 +240,29 @@ TEST_F(FilterBoxesTest, TheEntryAlreadyChosenSearchesNothing) {
     Choose(*C().markCombo, 1);
     Choose(*C().markCombo, 1);
     EXPECT_EQ(Searches(), 1);
+}
+
+TEST_F(FilterBoxesTest, TheLabelsOfIssuesAreEmptiedAndNotAsked) {
+    Open(kModeIssue);
+    ASSERT_EQ(C().labelCombo->count(), 1);
+    emit C().labelCombo->dropDown();
+    EXPECT_EQ(C().labelCombo->count(), 0);
+    EXPECT_THAT(Log().Lines(), IsEmpty());
+}
+
+TEST_F(FilterBoxesTest, AnEntryThatStandsForNothingMeansAll) {
+    Open(kModeBim);
+    Choose(*C().markCombo, 1);
+    Choose(*C().labelCombo, 1);
+    ASSERT_NE(BimFilter().markId, 0);
+    ASSERT_NE(BimFilter().labelId, QString());
+    for (QComboBox* box :
+         {static_cast<QComboBox*>(C().markCombo), static_cast<QComboBox*>(C().labelCombo)}) {
+        box->addItem(u"?"_s);
+        Choose(*box, box->count() - 1);
+    }
+    EXPECT_EQ(BimFilter().markId, 0);
+    EXPECT_EQ(BimFilter().labelId, QString());
 }
 
 } // namespace

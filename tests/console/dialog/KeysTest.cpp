@@ -96,6 +96,10 @@ TEST_F(KeysTest, TooltipsNameTheShortcuts) {
         {C().hideButton, "Alt+H"},     {C().keywordCombo, "Alt+K"}};
     for (const auto& [control, keys] : shortcuts)
         EXPECT_THAT(control->toolTip().toStdString(), HasSubstr(keys));
+    EXPECT_EQ(C().bimRadio->toolTip(), u"列出BIM模型照片（Alt+B）"_s);
+    EXPECT_EQ(C().pdfRadio->toolTip(), u"列出平面图纸照片（Alt+P）"_s);
+    EXPECT_EQ(C().searchButton->toolTip(), u"按以上条件搜索（Alt+S）"_s);
+    EXPECT_EQ(C().downloadButton->toolTip(), u"把选中的照片下载到文件夹（Alt+W）"_s);
 }
 
 TEST_F(KeysTest, EveryControlHasAnAccessibleNameAndATooltip) {

@@ -262,4 +262,32 @@ TEST_F(ConsoleWindowTest, TheEndOfADownloadIsAskedAtItAndLeavesItInFront) {
     EXPECT_TRUE(support::WaitFor([this] { return Window()->isActiveWindow(); }));
 }
 
+TEST_F(ConsoleWindowTest, MaximisedAndInSightItStaysSo) {
+    Open(kModeBim);
+    Window()->showMaximized();
+    Facade().ShowPicMng(kModeBim);
+    EXPECT_TRUE(Window()->isMaximized());
+    EXPECT_TRUE(Window()->isVisible());
+}
+
+TEST_F(ConsoleWindowTest, ItGoesOutOfTheWayOfTheViewerThatALookupOpens) {
+    Open(kModeBim);
+    Grid().Manager()->LocateRow(*Grid().GetRow(0));
+    EXPECT_TRUE(Window()->isMinimized());
+    EXPECT_TRUE(Facade().reopenConsole);
+}
+
+TEST_F(ConsoleWindowTest, ItsControlsHaveTheirSizes) {
+    Open(kModeBim);
+    // The keywords have given way to what the window is too narrow for.
+    const int widths[] = {144, 112, 104, 96, 54, 104, 8, 104, 226, 64};
+    for (size_t i = 0; i < kFilterControls; ++i)
+        EXPECT_EQ(C().Filters()[i]->size(), QSize(widths[i], 24))
+            << C().Filters()[i]->objectName().toStdString();
+    for (const QPushButton* action : C().Actions())
+        EXPECT_EQ(action->size(), QSize(46, 24));
+    for (const QRadioButton* radio : {C().bimRadio, C().pdfRadio})
+        EXPECT_EQ(radio->size(), QSize(90, 18));
+}
+
 } // namespace

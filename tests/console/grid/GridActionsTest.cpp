@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QDir>
 #include <QMenu>
 #include <QPushButton>
 #include <QtTest/QTest>
@@ -20,6 +21,7 @@ namespace {
 using support::ModalVisit;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
 
 const QString kPhotoEditor = u"BimPicEditDlg"_s;
@@ -196,6 +198,7 @@ TEST_F(GridActionsTest, ARefusedDeleteShowsItsMessageAndLeavesThePage) {
     ClickCell(0, 16);
     EXPECT_EQ(grid->GetRowCount(), 3);
     EXPECT_THAT(Log().LinesOf({"Dialog", "RefreshBimMarks"}), IsEmpty());
+    EXPECT_THAT(prompts.Parents(), ElementsAre(windowId, windowId));
 }
 
 TEST_F(GridActionsTest, ADrawingPhotoDeletedFromTheOpenDrawingIsTold) {
@@ -422,6 +425,47 @@ TEST_F(GridActionsTest, ALongNameIsCutInItsBaseAndKeepsItsExtension) {
     ClickCell(0, 15);
     EXPECT_TRUE(prompts.AllAnswered());
     EXPECT_EQ(prompts.LastFilter(), u"KX文档(*.PNG)"_s);
+}
+
+TEST_F(GridActionsTest, WhatStopsALookupIsToldAtTheConsole) {
+    Show(kModeBim, 2);
+    grid->Manager()->SetRowStatus(*grid->GetRow(0), 1);
+    prompts.ExpectMessage(u"当前照片状态为隐藏，不支持直接定位！"_s);
+    grid->Manager()->LocateRow(*grid->GetRow(0));
+    host.script.FailNext("LocatePicture");
+    prompts.ExpectMessage(u"请先开启vesk图形显示再定位！"_s);
+    grid->Manager()->LocateRow(*grid->GetRow(1));
+    EXPECT_THAT(prompts.Parents(), ElementsAre(windowId, windowId));
+}
+
+TEST_F(GridActionsTest, TheSamePhotoDownloadedAgainGetsANumber) {
+    Show(kModeBim, 2);
+    host.files.stored[host.pics.bimPics[0].text8] = "photo";
+    Check({0});
+    const support::TempFolder target;
+    for (int i = 0; i < 3; ++i) {
+        prompts.ExpectYesNo(u"下载成功，是否打开下载照片的所在目录？"_s, false);
+        grid->DownloadChecked(target.Path());
+    }
+    const QString base = grid->GetRow(0)->GetItem(3)->GetText().chopped(4);
+    EXPECT_THAT(QDir(target.Path()).entryList(QDir::Files),
+                UnorderedElementsAre(base + u".jpg"_s, base + u"(1).jpg"_s, base + u"(2).jpg"_s));
+}
+
+TEST_F(GridActionsTest, TheProgressOfADownloadCountsAllRowsOfThePage) {
+    Show(kModeBim, 3);
+    host.files.stored[host.pics.bimPics[1].text8] = "photo";
+    Check({1});
+    prompts.ExpectYesNo(u"下载成功，是否打开下载照片的所在目录？"_s, false);
+    grid->DownloadChecked(folder.Path());
+    std::vector<std::string> progress;
+    for (const std::string& line : Log().Lines())
+        if (line.starts_with("Progress.Set"))
+            progress.push_back(line);
+    ASSERT_EQ(progress.size(), 5U);
+    EXPECT_TRUE(progress[0].starts_with("Progress.SetTitle"));
+    EXPECT_THAT(progress[1], testing::MatchesRegex("Progress.SetRange.*3.*"));
+    EXPECT_THAT(progress[4], testing::MatchesRegex("Progress.SetPos.*3.*"));
 }
 
 } // namespace

@@ -170,8 +170,11 @@ TEST_F(LocateTest, AnIssueThatTheViewShowsGoesUpToItsViewer) {
 
 TEST_F(LocateTest, ThePageOfIssuesMayBeFetchedAgainByWhatTheViewDoes) {
     Show(kModeIssue);
+    // Other issues, at the places of the old ones.
     host.script.During("GetView", [this] {
-        host.questions.issues.clear();
+        for (KX_DATA::IssueRow& issue : host.questions.issues)
+            issue.questionId += u"-other"_s;
+        Fetch();
         Fetch();
     });
     Manager().LocateRow(Row(0));

@@ -118,4 +118,17 @@ TEST(HiddenColumns, IssuesAskForNoRights) {
     EXPECT_THAT(HiddenColumns(kModeIssue, {}), ElementsAre(4, 8, 15));
 }
 
+std::vector<int> Shares(ConsoleMode mode) {
+    std::vector<int> shares;
+    for (const ColumnSpec& column : ConsoleColumns(mode))
+        shares.push_back(column.stretch);
+    return shares;
+}
+
+TEST(ColumnTable, AWideWindowsRoomGoesToTextsByTheseShares) {
+    EXPECT_THAT(Shares(kModeBim), ElementsAre(0, 0, 0, 3, 2, 1, 3, 2, 2, 0, 8, 0, 0, 0, 0, 0, 0));
+    EXPECT_THAT(Shares(kModePdf),
+                ElementsAre(0, 0, 0, 4, 0, 4, 2, 3, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+}
+
 } // namespace
