@@ -20,7 +20,7 @@ using ZelvorNRQ_KXVeskPicture::SetLogFilePath;
 TEST(MissingDialogs, EachAnswersAsCancelledAndNamesItselfInTheLog) {
     const support::TempFolder folder;
     std::set<QString> lines;
-    for (int dialog = 0; dialog <= int(MissingDialog::ReminderFeed); ++dialog) {
+    for (int dialog = 0; dialog <= int(MissingDialog::Report); ++dialog) {
         SetLogFilePath(folder.Path(u"%1.log"_s.arg(dialog)));
         EXPECT_FALSE(AnswerAsCancelled(MissingDialog(dialog)));
         QStringDecoder decode("GBK");
@@ -29,7 +29,31 @@ TEST(MissingDialogs, EachAnswersAsCancelledAndNamesItselfInTheLog) {
         EXPECT_FALSE(line.trimmed().endsWith(u'：')) << line.toStdString();
         lines.insert(line.mid(line.indexOf(u'：')));
     }
-    EXPECT_EQ(int(lines.size()), int(MissingDialog::ReminderFeed) + 1);
+    EXPECT_EQ(int(lines.size()), int(MissingDialog::Report) + 1);
+    SetLogFilePath(QString());
+}
+
+TEST(MissingDialogs, EachIsToldByItsName) {
+    const support::TempFolder folder;
+    SetLogFilePath(folder.Path(u"log"_s));
+    QStringList told;
+    toolkit::SetNoticeSink([&](const QString& text) { told << text; });
+    for (const auto& [dialog, name] : {std::pair(MissingDialog::PdfPicViewer, u"图纸照片查看"_s),
+                                       std::pair(MissingDialog::PdfPicEditor, u"图纸照片编辑"_s),
+                                       std::pair(MissingDialog::ConsolePicViewer, u"照片预览"_s),
+                                       std::pair(MissingDialog::IssueViewer, u"问题查看"_s),
+                                       std::pair(MissingDialog::IssueEditor, u"问题编辑"_s),
+                                       std::pair(MissingDialog::Report, u"输出报告"_s)}) {
+        told.clear();
+        EXPECT_FALSE(AnswerAsCancelled(dialog));
+        EXPECT_EQ(told, QStringList{u"此版本尚不提供“%1”，请等待后续版本。"_s.arg(name)});
+    }
+    toolkit::SetNoticeSink({});
+    (void)AnswerAsCancelled(MissingDialog::ReminderFeed);
+    QStringDecoder decode("GBK");
+    const QString log = decode(folder.Read(u"log"_s));
+    EXPECT_TRUE(log.endsWith(u"此版本尚不提供：消息提醒\r\n"_s)) << log.toStdString();
+    EXPECT_TRUE(log.contains(u"此版本尚不提供：输出报告\r\n"_s)) << log.toStdString();
     SetLogFilePath(QString());
 }
 

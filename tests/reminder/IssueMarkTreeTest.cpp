@@ -115,3 +115,29 @@ TEST(IssueMarkTree, FindsKeysThatBeginAlikeAndKeysOfAnyCharacters) {
         EXPECT_EQ(found, wanted);
     }
 }
+
+TEST(IssueMarkTree, CopiesOfKeysThatDifferOnlyBehindTheirNumberAreToldApart) {
+    // Eight characters behind what all have in common make the number; the ninth decides.
+    IssueMarkGroup group;
+    const QStringList wanted{u"k12345678a"_s, u"k12345678b"_s, u"k12345678c"_s, u"kz"_s};
+    for (const QString& key : wanted)
+        group.entries.push_back({{}, key, {}, {}, 0});
+    IssueMarkTree tree;
+    tree.SetGroups({group});
+    for (const QString& key : wanted) {
+        const auto cut = tree.Cut({{QString(key.constData(), key.size()), 1}});
+        ASSERT_EQ(cut.size(), 1U) << key.toStdString();
+        EXPECT_EQ(cut[0].entries[0].itemKey, key);
+    }
+    EXPECT_TRUE(tree.Cut({{u"k12345678d"_s, 1}}).empty()) << "as near as the others, and not there";
+    EXPECT_TRUE(tree.Cut({{u"k12345678"_s, 1}}).empty());
+}
+
+TEST(IssueMarkTree, NoMoreOfTheTickedIsCarriedThanTheTreeHas) {
+    IssueMarkTree tree;
+    tree.SetGroups({{u"g"_s, 7, 1, {{u"text"_s, u"b"_s, {}, {}, 0}}}});
+    const auto cut = tree.Cut({{u"a"_s, 1}, {u"b"_s, 1}, {u"c"_s, 1}, {u"d"_s, 1}});
+    ASSERT_EQ(cut.size(), 1U);
+    EXPECT_EQ(cut[0].id, 7);
+    EXPECT_EQ(cut[0].entries[0].itemText, u"text"_s);
+}

@@ -88,7 +88,8 @@ bool ScriptedFiles::UploadFile(const std::vector<KX_DATA::UploadItem>& items, qi
 void ScriptedFiles::StartDownload(const QString& taskId, const KX_DATA::FileDownloadRecord& record,
                                   qint32 kind) {
     const bool succeeds =
-        m_script.Call("StartDownload", {Arg("uuid", record.uuid), Arg("kind", kind)});
+        m_script.Call("StartDownload", {Arg("uuid", record.uuid), Arg("kind", kind),
+                                        Arg("server", record.serverText)});
     const qint32 size = succeeds ? Write(record.uuid, record.localPath) : -1;
     const std::lock_guard lock(m_mutex);
     m_tasks[taskId] = size;
@@ -100,6 +101,12 @@ bool ScriptedFiles::GetDownloadState(const QString& taskId, qint32& state, qint3
     const auto found = m_tasks.find(taskId);
     if (!succeeds || found == m_tasks.end())
         return false;
+    if (looksWhileRunning > 0) {
+        --looksWhileRunning;
+        state = 0;
+        bytes = qMax(found->second, 0) / 2;
+        return true;
+    }
     state = found->second < 0 ? KX_DATA::kDownloadFailed : KX_DATA::kDownloadFinished;
     bytes = qMax(found->second, 0);
     return true;

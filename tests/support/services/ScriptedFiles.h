@@ -50,6 +50,8 @@ public:
     std::map<QString, QByteArray> stored; ///< contents by uuid
     /// Downloads succeed and leave the local file as it is.
     bool keepsWhatIsThere = false;
+    /// So many of the next looks at a state find its transfer running, half of it done.
+    int looksWhileRunning = 0;
     KX_DATA::UploadResult uploadResult;
 
     void DownloadFile(KX_DATA::TransferResult& result, const QString& uuid,

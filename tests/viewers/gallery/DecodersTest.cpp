@@ -8,6 +8,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
 using namespace Qt::StringLiterals;
 using gallery::DecodeJob;
 
@@ -67,6 +72,26 @@ TEST_F(DecodersTest, AJobThatIsGivenUpHasNoResult) {
     job->GiveUp();
     gallery::DecodeInBackground(job, gallery::Urgency::Wanted);
     EXPECT_TRUE(job->Get().isNull());
+}
+
+TEST_F(DecodersTest, AJobThatSomebodyDoesIsLeftToHimAndEndsWithoutAResultIfGivenUp) {
+    // A pipe that nobody writes to keeps the reader where it is.
+    const QByteArray pipe = folder.Path(u"pipe"_s).toLocal8Bit();
+    ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+    DecodeJob job(Request(QString::fromLocal8Bit(pipe)), [] { ADD_FAILURE() << "told"; });
+    std::jthread reader([&] { job.Run(); });
+    int writer = -1;
+    EXPECT_TRUE(support::WaitFor([&] {
+        writer = open(pipe.constData(), O_WRONLY | O_NONBLOCK);
+        return writer >= 0;
+    }));
+    job.Run();
+    EXPECT_FALSE(job.IsDone()) << "the second doesn't wait";
+    job.GiveUp();
+    EXPECT_FALSE(job.IsDone()) << "it ends where it runs";
+    close(writer);
+    EXPECT_TRUE(job.Get().isNull());
+    EXPECT_TRUE(job.IsDone());
 }
 
 TEST_F(DecodersTest, DecodersThatWereJoinedStartAgain) {

@@ -104,11 +104,37 @@ TEST_F(DownloadWorker, AFailureEndsWithItsStatus) {
 
 TEST_F(DownloadWorker, TheRecordHasServerUuidPathAndKindTwo) {
     Run();
-    EXPECT_THAT(host.Log().LinesOf({"StartDownload"}), ElementsAre("StartDownload(uuid=u,kind=2)"));
+    EXPECT_THAT(host.Log().LinesOf({"StartDownload"}),
+                ElementsAre("StartDownload(uuid=u,kind=2,server=server)"));
 }
 
 TEST_F(DownloadWorker, AnEventThatFindsNoWindowIsDropped) {
     toolkit::UnregisterWindow(id);
     Run();
     EXPECT_TRUE(events.empty());
+}
+
+TEST_F(DownloadWorker, ThePercentIsToldFromThePassBehindTheOneInWhichTheSizeComes) {
+    host.files.stored[u"u"_s] = QByteArray(200, 'x');
+    host.files.looksWhileRunning = 2;
+    Run();
+    EXPECT_THAT(clock.Sleeps(), ElementsAre(300, 300, 300, 100));
+    EXPECT_EQ(host.Log().CountOf("GetFileSize"), 1);
+    EXPECT_THAT(events, ElementsAre(std::pair(1031, 50), std::pair(1031, 50), std::pair(1030, 0)));
+}
+
+TEST_F(DownloadWorker, AFileOfOneByteHasASizeToo) {
+    host.files.stored[u"u"_s] = "x";
+    host.files.looksWhileRunning = 1;
+    Run();
+    EXPECT_EQ(host.Log().CountOf("GetFileSize"), 1);
+    EXPECT_THAT(events, ElementsAre(std::pair(1031, 0), std::pair(1030, 0)));
+}
+
+TEST_F(DownloadWorker, ASizeThatIsNotKnownYetIsAskedForAgain) {
+    host.script.FailNext("GetFileSize");
+    host.files.looksWhileRunning = 1;
+    Run();
+    EXPECT_EQ(host.Log().CountOf("GetFileSize"), 2);
+    EXPECT_THAT(events, ElementsAre(std::pair(1030, 0)));
 }

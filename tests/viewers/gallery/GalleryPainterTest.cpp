@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <gtest/gtest.h>
 
+#include <functional>
+
 using gallery::Cell;
 using gallery::CellFrame;
 using gallery::GalleryState;
@@ -250,4 +252,60 @@ TEST(GalleryPainter, ASlideShowsBothImagesAtTheirOffsets) {
     EXPECT_EQ(image.pixelColor(300, 20), support::kPaneColour);
     EXPECT_EQ(image.pixelColor(301, 20), QColor(Qt::blue));
     EXPECT_EQ(image.pixelColor(301, 296), QColor(Qt::magenta));
+}
+
+TEST(GalleryPainter, AZoomLabelASlideAndAPictureLeaveThePainterAsItWas) {
+    GalleryState state = WideState();
+    state.zoom = {false, 2, {150, 100}};
+    gallery::SlideScene scene;
+    scene.slide = gallery::PictureSlide({state.bigArea, state.picRect, state.picRect, true, 0, 1});
+    const std::vector<std::function<void(QPainter&)>> paints{
+        [&](QPainter& painter) { gallery::PaintZoomLabel(painter, state); },
+        [&](QPainter& painter) { gallery::PaintSlide(painter, state, scene); },
+        [&](QPainter& painter) { gallery::PaintBigPicture(painter, state, {}); }};
+    for (size_t i = 0; i < paints.size(); ++i) {
+        QImage image(500, 400, QImage::Format_RGB32);
+        QPainter painter(&image);
+        QFont font;
+        font.setPixelSize(31);
+        painter.setFont(font);
+        painter.setPen(QPen(Qt::red, 7));
+        painter.setBrush(Qt::green);
+        paints[i](painter);
+        EXPECT_EQ(painter.font().pixelSize(), 31) << i;
+        EXPECT_EQ(painter.pen(), QPen(Qt::red, 7)) << i;
+        EXPECT_EQ(painter.brush(), QBrush(Qt::green)) << i;
+        EXPECT_FALSE(painter.hasClipping()) << i;
+        EXPECT_FALSE(painter.testRenderHint(QPainter::Antialiasing)) << i;
+    }
+}
+
+TEST(GalleryPainter, TheCellBehindAWaitingOneIsNotClippedToIt) {
+    QImage image(300, 120, QImage::Format_RGB32);
+    image.fill(support::kPaneColour);
+    QPainter painter(&image);
+    const QImage dark = support::OneColour({300, 300}, QColor(40, 60, 80));
+    gallery::PaintCell(painter, SampleCell(kWaiting), dark);
+    EXPECT_FALSE(painter.hasClipping());
+    EXPECT_EQ(image.pixelColor(114, 22), support::kPaneColour) << "nor does its picture reach out";
+    EXPECT_EQ(image.pixelColor(113, 22), QColor(40, 60, 80));
+}
+
+TEST(GalleryPainter, TheZoomLabelStandsOnALightPlateAboveTheLowerEdge) {
+    GalleryState state = WideState();
+    state.zoom = {false, 1, {150, 100}};
+    QImage image(500, 400, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    gallery::PaintZoomLabel(painter, state);
+    // 64 by 24 about 249, 270; white of 220 in 255.
+    const QRect plate(218, 259, 64, 24);
+    EXPECT_EQ(image.pixelColor(plate.left() + 6, plate.top()), QColor(220, 220, 220));
+    EXPECT_EQ(image.pixelColor(plate.left(), plate.top() + 6), QColor(220, 220, 220));
+    EXPECT_EQ(image.pixelColor(plate.right() - 6, plate.bottom()), QColor(220, 220, 220));
+    EXPECT_EQ(image.pixelColor(plate.left() + 6, plate.top() - 1), QColor(Qt::black));
+    EXPECT_EQ(image.pixelColor(plate.left() - 1, plate.top() + 6), QColor(Qt::black));
+    EXPECT_EQ(image.pixelColor(plate.right() + 1, plate.top() + 6), QColor(Qt::black));
+    EXPECT_EQ(image.pixelColor(plate.left() + 6, plate.bottom() + 1), QColor(Qt::black));
+    EXPECT_NE(image.pixelColor(plate.topLeft()), QColor(220, 220, 220)) << "round corners";
 }

@@ -174,3 +174,17 @@ TEST_F(GallerySlide, FromNoPictureNothingSlides) {
     SetItems(items);
     EXPECT_TRUE(Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); }).empty());
 }
+
+TEST_F(GallerySlide, AVerticalStripSlidesUpByTheCellsThatLeaveIt) {
+    Start(false);
+    ASSERT_EQ(State().visible, (ItemRange{0, 2}));
+    const QPoint second = ThumbMiddle(1);
+    const auto frames = Frames([this] { gallery->PageStrip(true); });
+    ASSERT_EQ(frames.size(), 11U);
+    ASSERT_EQ(State().visible, (ItemRange{3, 5}));
+    EXPECT_EQ(frames.front().pixelColor(second), ColourOf(1));
+    EXPECT_EQ(frames.front().pixelColor(second + QPoint(0, 100)), ColourOf(2));
+    EXPECT_EQ(frames[7].pixelColor(second + QPoint(0, -10)), ColourOf(3)) << "210 of 300 up";
+    EXPECT_EQ(frames[7].pixelColor(second + QPoint(0, 90)), ColourOf(4));
+    EXPECT_EQ(frames.back().pixelColor(second), ColourOf(4));
+}

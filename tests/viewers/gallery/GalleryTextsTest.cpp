@@ -1,5 +1,6 @@
 // The words that the gallery paints.
 #include "tests/viewers/support/PaintedTexts.h"
+#include "toolkit/Look.h"
 #include "viewers/GalleryFonts.h"
 #include "viewers/GalleryPainter.h"
 
@@ -12,13 +13,13 @@ using support::PaintedText;
 
 namespace {
 
-const QRect kRect(20, 20, 94, 79);
+const QRect kCellRect(20, 20, 94, 79);
 /// Across the middle of the cell, 20 high.
-const QRect kBand(20, 49, 94, 20);
+const QRect kBandRect(20, 49, 94, 20);
 
 std::vector<PaintedText> CellTexts(qint32 state, int percent = 0, bool fileThere = true) {
     Cell cell;
-    cell.rect = kRect;
+    cell.rect = kCellRect;
     cell.state = state;
     cell.percent = percent;
     cell.fileThere = fileThere;
@@ -32,11 +33,12 @@ void ExpectBandText(const std::vector<PaintedText>& texts, const QString& text,
     EXPECT_EQ(texts[0].text, text);
     EXPECT_EQ(texts[0].colour, colour) << text.toStdString();
     EXPECT_EQ(texts[0].font.family(), u"宋体"_s);
+    EXPECT_EQ(texts[0].font.pixelSize(), 13) << "10 points";
     const QFontMetrics face(gallery::SmallFace());
-    const double left = kBand.left() + (kBand.width() - face.horizontalAdvance(text)) / 2.0;
+    const double left = kBandRect.left() + (kBandRect.width() - face.horizontalAdvance(text)) / 2.0;
     EXPECT_NEAR(texts[0].place.x(), left, 1) << text.toStdString();
-    EXPECT_GT(texts[0].place.y(), kBand.center().y());
-    EXPECT_LT(texts[0].place.y(), kBand.bottom());
+    EXPECT_GT(texts[0].place.y(), kBandRect.center().y());
+    EXPECT_LT(texts[0].place.y(), kBandRect.bottom());
 }
 
 } // namespace
@@ -62,7 +64,7 @@ TEST(GalleryTexts, AFailureIsSaidOnceInRed) {
 TEST(GalleryTexts, TheCellBehindAFailureIsWhiteAgain) {
     const auto texts = support::TextsOf([](QPainter& painter) {
         Cell cell;
-        cell.rect = kRect;
+        cell.rect = kCellRect;
         cell.state = kDownloadFailedState;
         gallery::PaintCell(painter, cell, QImage());
         cell.state = kWaiting;
@@ -102,4 +104,13 @@ TEST(GalleryTexts, AZoomedPictureSaysItsScale) {
     state.zoom = {false, 1.5, {150, 100}};
     ASSERT_EQ(label().size(), 1U);
     EXPECT_EQ(label()[0].text, u"150%"_s);
+    EXPECT_EQ(label()[0].font, toolkit::UiFont());
+    EXPECT_EQ(label()[0].colour, toolkit::Colors::TextAccent());
+    // Its plate of 64 by 24 stands in the middle, 24 above the lower edge.
+    EXPECT_NEAR(label()[0].place.x(),
+                250 - QFontMetrics(toolkit::UiFont()).horizontalAdvance(u"150%"_s) / 2.0, 2);
+    EXPECT_GT(label()[0].place.y(), 275);
+    EXPECT_LT(label()[0].place.y(), 287);
+    state.zoom.scale = 0.996;
+    EXPECT_EQ(label()[0].text, u"100%"_s) << "rounded";
 }

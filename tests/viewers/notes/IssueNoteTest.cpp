@@ -3,6 +3,7 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
 using support::NotesOf;
@@ -85,6 +86,8 @@ TEST_F(IssueVoice, IsFetchedAtThePressAndThenPlaysByItself) {
     WaitTick();
     EXPECT_EQ(Text(), u"正在缓冲");
     ASSERT_TRUE(WaitForEnd());
+    EXPECT_THAT(host.Log().LinesOf({"StartDownload"}),
+                testing::ElementsAre("StartDownload(uuid=v,kind=2,server=1.0)"));
     EXPECT_EQ(State(), kOnDisk);
     WaitTick();
     EXPECT_TRUE(IsPlaying());

@@ -71,6 +71,82 @@ TEST(GalleryState, AListOfOneItemHasBothStepButtonsDisabled) {
     EXPECT_FALSE(state.buttons[gallery::kNextPic].IsEnabled());
 }
 
+TEST(GalleryState, AListOfTwoItemsStepsFromEachToTheOther) {
+    GalleryState state = Filled(2);
+    EXPECT_FALSE(state.buttons[gallery::kPrevPic].IsEnabled());
+    EXPECT_TRUE(state.buttons[gallery::kNextPic].IsEnabled());
+    gallery::MakeCurrent(state, 1, gallery::kCurrentLast, LandscapeSize);
+    gallery::UpdateStepButtons(state);
+    EXPECT_TRUE(state.buttons[gallery::kPrevPic].IsEnabled());
+    EXPECT_FALSE(state.buttons[gallery::kNextPic].IsEnabled());
+}
+
+TEST(GalleryState, AnIndexBesideAListOfOneStepsNowhere) {
+    GalleryState state = Filled(1);
+    for (const int index : {-1, 1}) {
+        state.currentIndex = index;
+        gallery::UpdateStepButtons(state);
+        EXPECT_FALSE(state.buttons[gallery::kPrevPic].IsEnabled()) << index;
+        EXPECT_FALSE(state.buttons[gallery::kNextPic].IsEnabled()) << index;
+    }
+}
+
+TEST(GalleryState, TheSixButtonsHaveTheirIdsNamesAndKeys) {
+    const GalleryState state;
+    const struct {
+        int id;
+        QStringView name;
+        QStringView key;
+    } wanted[] = {{24066, u"上一张", u"←"},       {24068, u"下一张", u"→"},
+                  {24069, u"前一页", u"Page Up"}, {24070, u"后一页", u"Page Down"},
+                  {24071, u"前一页", u"Page Up"}, {24073, u"后一页", u"Page Down"}};
+    ASSERT_EQ(state.buttons.size(), std::size(wanted));
+    for (size_t i = 0; i < std::size(wanted); ++i) {
+        EXPECT_EQ(state.buttons[i].id, wanted[i].id);
+        EXPECT_EQ(state.buttons[i].name, wanted[i].name);
+        EXPECT_EQ(state.buttons[i].shortcut, wanted[i].key);
+    }
+}
+
+TEST(GalleryState, ClearingTheListForgetsWhatItShowedAndKeepsPlacesAndCurrentIndex) {
+    GalleryState state = Filled(10);
+    state.currentIndex = 3;
+    state.shownIndex = 3;
+    state.zoom = {false, 2, {1, 1}};
+    gallery::ClearItems(state);
+    EXPECT_EQ(state.shownIndex, -1);
+    EXPECT_TRUE(state.visible.IsNone());
+    EXPECT_TRUE(state.items.empty());
+    EXPECT_TRUE(state.picRect.isEmpty());
+    EXPECT_TRUE(state.zoom.fit);
+    EXPECT_EQ(state.currentIndex, 3);
+    EXPECT_EQ(state.bigArea, kBig);
+}
+
+TEST(GalleryState, TheIndicatorAndThePageButtonsFollowTheVisibleRange) {
+    GalleryState state = Filled(10);
+    const auto enabled = [&](gallery::GalleryButton button) {
+        return state.buttons[button].IsEnabled();
+    };
+    EXPECT_EQ(state.stripBar.pos, 0);
+    EXPECT_EQ(state.visibleCount, 4);
+    EXPECT_FALSE(enabled(gallery::kThumbLeft));
+    EXPECT_TRUE(enabled(gallery::kThumbRight));
+    gallery::PageStrip(state, true, LandscapeSize);
+    EXPECT_EQ(state.stripBar.pos, 4);
+    EXPECT_TRUE(enabled(gallery::kThumbLeft));
+    EXPECT_TRUE(enabled(gallery::kThumbUp));
+    EXPECT_TRUE(enabled(gallery::kThumbRight));
+    EXPECT_TRUE(enabled(gallery::kThumbDown));
+    gallery::PageStrip(state, true, LandscapeSize);
+    EXPECT_FALSE(enabled(gallery::kThumbRight));
+    EXPECT_FALSE(enabled(gallery::kThumbDown));
+    EXPECT_EQ(Filled(4).stripBar.overflow, false) << "all fit";
+    EXPECT_EQ(Filled(5).stripBar.overflow, true);
+    EXPECT_EQ(Filled(3).visibleCount, 3);
+    EXPECT_EQ(Filled(3).stripBar.page, 4) << "the cells that fit";
+}
+
 TEST(GalleryState, StepButtonsFollowTheCurrentItem) {
     GalleryState state = Filled(3);
     EXPECT_FALSE(state.buttons[gallery::kPrevPic].IsEnabled());

@@ -104,3 +104,32 @@ TEST(Zoom, WithoutAPictureNothingIsZoomed) {
     EXPECT_TRUE(gallery::VisiblePart({}, none).isEmpty());
     EXPECT_TRUE(gallery::ClampZoom({false, 2, {5, 5}}, none).fit);
 }
+
+TEST(Zoom, DraggingMovesThePictureByWhatThePointerMovedAtEveryScaleAndDensity) {
+    for (const qreal ratio : {1.0, 2.0}) {
+        const ZoomView view = LargePicture(ratio);
+        for (const double scale : {0.9, 2.0, 4.0}) {
+            const Zoom zoom{false, scale, {2000, 1000}};
+            const QRectF before = gallery::ZoomedRect(zoom, view);
+            const QRectF after = gallery::ZoomedRect(gallery::PanBy(zoom, view, {-30, 20}), view);
+            EXPECT_EQ(after, before.translated(-30, 20)) << scale << " at " << ratio;
+        }
+    }
+}
+
+TEST(Zoom, ClampingHoldsTheEdgesAndTakesWhatIsNearlyFittedForFitted) {
+    const ZoomView view = LargePicture();
+    const Zoom zoom = gallery::ClampZoom({false, 0.26, {0, 0}}, view);
+    EXPECT_FALSE(zoom.fit);
+    EXPECT_DOUBLE_EQ(zoom.centre.x(), 1000 / 0.26 / 2);
+    EXPECT_EQ(zoom.centre.y(), 1000) << "lower than the area: in its middle";
+    EXPECT_TRUE(gallery::ClampZoom({false, 0.2524, {0, 0}}, view).fit) << "one in a hundred";
+    EXPECT_FALSE(gallery::ClampZoom({false, 0.2526, {0, 0}}, view).fit);
+}
+
+TEST(Zoom, TheFittedScaleIsThatOfTheDeviceAndNoneWithoutAPlaceOrAPicture) {
+    EXPECT_EQ(gallery::FitScale(LargePicture()), 0.25);
+    EXPECT_EQ(gallery::FitScale(LargePicture(2)), 0.5);
+    EXPECT_EQ(gallery::FitScale({QRect(0, 0, 9, 9), QRect(), QSize(10, 10), 1}), 0);
+    EXPECT_EQ(gallery::FitScale({QRect(0, 0, 9, 9), QRect(0, 0, 9, 9), QSize(), 1}), 0);
+}

@@ -3,6 +3,8 @@
 #include "tests/support/TempFolder.h"
 #include "tests/viewers/support/SamplePictures.h"
 
+#include <QDateTime>
+#include <QFile>
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -80,4 +82,39 @@ TEST(PicStatic, APictureThatIsReplacedShowsAnew) {
     control.picPath =
         folder.Write(u"b.png"_s, support::PngBytes(support::OneColour({9, 9}, Qt::blue)));
     EXPECT_EQ(control.grab().toImage().pixelColor(10, 10), QColor(Qt::blue));
+}
+
+TEST(PicStatic, WhatAPictureLeavesTransparentIsThePanesGrey) {
+    const support::TempFolder folder;
+    QImage clear(9, 9, QImage::Format_ARGB32);
+    clear.fill(Qt::transparent);
+    const QImage image = Shown(folder.Write(u"a.png"_s, support::PngBytes(clear)), {20, 20});
+    EXPECT_EQ(image.pixelColor(10, 10), QColor(250, 250, 250));
+}
+
+TEST(PicStatic, TheSameFileIsDecodedAnewForAnotherTimeOrAnotherSizeOnly) {
+    const support::TempFolder folder;
+    const auto write = [&](const QColor& colour) {
+        return folder.Write(u"a.png"_s, support::PngBytes(support::OneColour({9, 9}, colour)));
+    };
+    const QDateTime time(QDate(2020, 1, 2), QTime(3, 4, 5));
+    const auto stamp = [&](const QDateTime& when) {
+        QFile file(folder.Path(u"a.png"_s));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(when, QFileDevice::FileModificationTime));
+    };
+    CPicStatic control;
+    control.resize(20, 20);
+    control.picPath = write(Qt::red);
+    stamp(time);
+    const auto shown = [&] { return control.grab().toImage().pixelColor(10, 10); };
+    EXPECT_EQ(shown(), QColor(Qt::red));
+    write(Qt::blue);
+    stamp(time);
+    EXPECT_EQ(shown(), QColor(Qt::red)) << "its rendering is kept";
+    control.resize(20, 21);
+    EXPECT_EQ(shown(), QColor(Qt::blue));
+    write(Qt::green);
+    stamp(time.addSecs(1));
+    EXPECT_EQ(shown(), QColor(Qt::green));
 }
