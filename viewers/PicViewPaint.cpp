@@ -188,13 +188,12 @@ std::vector<gallery::Cell> CPicViewDlg::CellsOf(const gallery::ItemRange& range)
     return cells;
 }
 
+/// The last of a paint: nobody needs the painter's clip behind it.
 void CPicViewDlg::PaintStripArea(QPainter& painter) {
-    painter.save();
     painter.setClipRect(m_state.stripArea, Qt::IntersectClip);
     gallery::PaintStrip(painter, m_state, CellsOf(m_state.visible), m_pictures.Default());
     if (m_slide && !m_slide->ofPicture)
         gallery::PaintSlide(painter, m_state, *m_slide);
-    painter.restore();
 }
 
 /// Every frame is a state, a repaint and a sleep; no other event is handled in between.
