@@ -89,3 +89,21 @@ TEST(SafeFileName, CutsWholeCharactersOffATooLongName) {
     EXPECT_EQ(astral.toUtf8().size(), 220);
     EXPECT_TRUE(astral.isValidUtf16());
 }
+
+TEST(SafeFileName, TakesTheLastControlCharactersOutAndLeavesTheirNeighbours) {
+    for (const QChar refused : {QChar(0x01), QChar(0x1F), QChar(0x7F)})
+        EXPECT_EQ(SafeFileName(u"a"_s + refused), u"a_") << int(refused.unicode());
+    for (const QChar kept : {QChar(0x20), QChar(0x7E), QChar(0x80)})
+        EXPECT_EQ(SafeFileName(u"a"_s + kept), u"a"_s + kept) << int(kept.unicode());
+}
+
+TEST(SafeFileName, AllowsTwoHundredAndTwentyBytesAndNotOneMore) {
+    EXPECT_EQ(SafeFileName(QString(220, u'a')), QString(220, u'a'));
+    EXPECT_EQ(SafeFileName(QString(221, u'a')), QString(220, u'a'));
+}
+
+TEST(SafeFileName, DotsBesideSomethingElseStay) {
+    EXPECT_EQ(SafeFileName(u"."_s), u"_");
+    EXPECT_EQ(SafeFileName(u"..."_s), u"_");
+    EXPECT_EQ(SafeFileName(u"..a"_s), u"..a");
+}

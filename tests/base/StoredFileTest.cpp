@@ -64,3 +64,10 @@ TEST(StoredFile, AFileWithoutBytesAFolderAndNoFileWereNotFetched) {
     EXPECT_FALSE(IsFetched(folder.Path()));
     EXPECT_FALSE(IsFetched(QString()));
 }
+
+TEST(StoredFile, TheNeighboursOfLettersAndDigitsNameNoFile) {
+    for (const QChar inside : u"09AZaz-_"_s)
+        EXPECT_TRUE(IsUuid(QString(inside))) << int(inside.unicode());
+    for (const QChar beside : u"/:@[`{,.^"_s)
+        EXPECT_FALSE(IsUuid(QString(beside))) << int(beside.unicode());
+}

@@ -1,5 +1,7 @@
 #include "reminder/MarkRules.h"
 
+#include <QStringList>
+
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
@@ -93,4 +95,42 @@ TEST(IssueFilterList, ALongRowOfDigitsSortsLastInsteadOfOverflowing) {
     const auto entries =
         IssueFilterList({{1, 0, u"99999999999999999999999"_s, {}}, {2, 0, u"3"_s, {}}});
     EXPECT_EQ(entries[0].name, u"3"_s);
+}
+
+TEST(IssueFilterList, ReadsBlanksAndASignBeforeTheDigitsAndStopsBehindThem) {
+    QStringList names;
+    for (const auto& entry : IssueFilterList({{1, 0, u"9"_s, {}},
+                                              {2, 0, u"  +8x7"_s, {}},
+                                              {3, 0, u" -1"_s, {}},
+                                              {4, 0, u"0"_s, {}},
+                                              {5, 0, u"- 5"_s, {}},
+                                              {6, 0, u"/1"_s, {}},
+                                              {7, 0, u":1"_s, {}},
+                                              {8, 0, u"10"_s, {}}}))
+        names << entry.name;
+    EXPECT_EQ(names, (QStringList{u" -1"_s, u"0"_s, u"- 5"_s, u"/1"_s, u":1"_s, u"  +8x7"_s, u"9"_s,
+                                  u"10"_s}));
+}
+
+TEST(IssueFilterList, NumbersBeyondTheRangeAreItsLimitAndKeepTheirOrder) {
+    const auto entries = IssueFilterList({{1, 0, u"2147483648"_s, {}},
+                                          {2, 0, u"2147483647"_s, {}},
+                                          {3, 0, u"2147483646"_s, {}},
+                                          {4, 0, u"-2147483648"_s, {}}});
+    EXPECT_EQ(entries[0].id, 4);
+    EXPECT_EQ(entries[1].id, 3);
+    EXPECT_EQ(entries[2].id, 1);
+    EXPECT_EQ(entries[3].id, 2);
+}
+
+TEST(FoldOthers, KeepsTheGroupsIdAndAllTextsOfTheLastItem) {
+    std::vector<PicMarkGroup> groups = {Floor(kOthers, {Item("x", {}), Item("y", {Leaf(3, 4)})})};
+    groups[0].items[0].text3 = "other";
+    FoldOthers(groups, kOthers);
+    EXPECT_EQ(groups[0].id, 7);
+    const PicMarkItem& merged = groups[0].items[0];
+    EXPECT_EQ(merged.text3, "t3");
+    EXPECT_EQ(merged.text4, "t4");
+    EXPECT_EQ(merged.text5, "t5");
+    EXPECT_EQ(merged.leaves[0].count, 4);
 }

@@ -139,3 +139,19 @@ TEST_F(DecodersTest, WhatIsPreparedForOthersIsGivenUp) {
     cache.GiveUpOthers(kept);
     EXPECT_EQ(cache.Get(kept, {20, 20}).pixelColor(0, 0), QColor(Qt::red));
 }
+
+TEST_F(DecodersTest, TheCacheKeepsFourSmallPicturesAndTheOneAskedForLastLongest) {
+    gallery::PictureCache cache;
+    QStringList paths;
+    for (int i = 0; i < 5; ++i)
+        paths << Picture(u"c%1"_s.arg(i), Qt::green);
+    for (int i = 0; i < 4; ++i)
+        (void)cache.Get(paths[i], {20, 20});
+    EXPECT_FALSE(cache.Find(paths[0]).isNull()) << "four have room";
+    (void)cache.Get(paths[0], {20, 20});
+    (void)cache.Get(paths[4], {20, 20});
+    EXPECT_FALSE(cache.Find(paths[0]).isNull()) << "asked for again";
+    EXPECT_TRUE(cache.Find(paths[1]).isNull());
+    cache.Clear();
+    EXPECT_TRUE(cache.Find(paths[4]).isNull());
+}

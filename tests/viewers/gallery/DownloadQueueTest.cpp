@@ -311,3 +311,12 @@ TEST_F(DownloadQueue, GalleriesThatComeAndGoDuringDownloadsTakeNoHarm) {
     support::RunPendingEvents();
     EXPECT_EQ(State().activeDownloads, 0);
 }
+
+TEST_F(DownloadQueue, EachDownloadNamesTheServerThatTheClientKnows) {
+    Open();
+    SetItems(InStore(1));
+    ASSERT_TRUE(WaitForDownloads());
+    EXPECT_THAT(Log().LinesOf({"StartDownload"}),
+                testing::ElementsAre("StartDownload(uuid=p0,kind=2,server=1.0)",
+                                     "StartDownload(uuid=a0,kind=2,server=1.0)"));
+}

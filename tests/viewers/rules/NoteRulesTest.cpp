@@ -60,3 +60,36 @@ TEST(NoteRules, AnItemWithoutANoteSaysSo) {
     EXPECT_EQ(gallery::IdleText(QString()), u"无语音");
     EXPECT_EQ(gallery::IdleText(QStringLiteral("uuid")), u"就绪");
 }
+
+TEST(NoteRules, APictureOfTheProgressStopsAtSixteenBits) {
+    EXPECT_EQ(gallery::ProgressEnd(0), 0);
+    EXPECT_EQ(gallery::ProgressEnd(65535), 65535);
+    EXPECT_EQ(gallery::ProgressEnd(65536), 0);
+    EXPECT_EQ(gallery::ProgressEnd(65537), 1);
+}
+
+TEST(NoteRules, SecondsTurnIntoMinutesAtSixty) {
+    EXPECT_EQ(gallery::PositionText(59, 60), u"00:59 / 01:00");
+    EXPECT_EQ(gallery::PositionText(60, 119), u"01:00 / 01:59");
+}
+
+TEST(NoteRules, ANoteLiesUnderItsUuidWithItsEnding) {
+    EXPECT_EQ(gallery::NotePath(QStringLiteral("/f/"), QStringLiteral("v")), u"/f/v.amr");
+    EXPECT_TRUE(gallery::NotePath(QStringLiteral("/f/"), QString()).isEmpty());
+    EXPECT_EQ(gallery::FailureText(), u"下载语音失败");
+}
+
+TEST(NoteRules, TheCurrentItemsNoteIsThatOfItsRecord) {
+    gallery::GalleryState state;
+    state.items.resize(2);
+    state.items[1].audioUuid = QStringLiteral("a");
+    state.items[1].audioPath = QStringLiteral("/f/a.amr");
+    state.items[1].audioState = kDownloading;
+    state.currentIndex = 1;
+    const gallery::NoteSource note = gallery::CurrentNote(state);
+    EXPECT_EQ(note.uuid, u"a");
+    EXPECT_EQ(note.path, u"/f/a.amr");
+    EXPECT_EQ(note.state, kDownloading);
+    state.currentIndex = 2;
+    EXPECT_TRUE(gallery::CurrentNote(state).uuid.isEmpty());
+}

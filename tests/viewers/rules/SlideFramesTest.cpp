@@ -113,3 +113,14 @@ TEST(StripSlide, AVerticalStripSlidesUpAndStandsCentred) {
     EXPECT_EQ(plan->slide.bounds, QRect(0, 45, 110, 400));
     EXPECT_EQ(plan->slide.OldAt(40), QRect(0, 5, 110, 100));
 }
+
+TEST(SlideOffsets, TenIsTheFirstDistanceOfSeveralFrames) {
+    EXPECT_THAT(gallery::SlideOffsets(10), ElementsAre(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10));
+    EXPECT_THAT(gallery::SlideOffsets(11), ElementsAre(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11));
+}
+
+TEST(StripSlide, ARangeThatTouchesByOneCellMovesOutTheOthers) {
+    EXPECT_EQ(PlanStrip({0, 3}, {3, 6})->outgoing, (ItemRange{0, 2}));
+    EXPECT_EQ(PlanStrip({3, 6}, {0, 3})->outgoing, (ItemRange{4, 6}));
+    EXPECT_EQ(PlanStrip({3, 6}, {0, 3})->slide.OldAt(0), QRect(130, 0, 300, 85));
+}

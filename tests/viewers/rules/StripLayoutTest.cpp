@@ -131,3 +131,17 @@ TEST(StripCell, AListShorterThanTheStripStartsAtTheStripsStart) {
 TEST(StripCell, TheThumbnailIsThreeSmallerOnEachSide) {
     EXPECT_EQ(gallery::ThumbRectOf(QRect(45, 0, 100, 85)), QRect(48, 3, 94, 79));
 }
+
+TEST(StripRange, TheEndsOfTheListAreReachedAtTheCellNextToThem) {
+    EXPECT_EQ(StripRange(FourCells(gallery::kCurrentFirst, 36, -1)), (ItemRange{36, 39}));
+    EXPECT_EQ(StripRange(FourCells(gallery::kCurrentFirst, 37, -1)), (ItemRange{36, 39}));
+    EXPECT_EQ(StripRange(FourCells(gallery::kCurrentLast, 3, -1)), (ItemRange{0, 3}));
+    EXPECT_EQ(StripRange(FourCells(gallery::kCurrentLast, 4, -1)), (ItemRange{1, 4}));
+    EXPECT_EQ(StripRange({gallery::kCurrentMiddle, 40, 5, 2, 1, {}}), (ItemRange{0, 4}));
+    EXPECT_EQ(StripRange({gallery::kCurrentMiddle, 40, 5, 3, 2, {}}), (ItemRange{1, 5}));
+    EXPECT_EQ(StripRange({gallery::kCurrentMiddle, 40, 5, 38, 37, {}}), (ItemRange{35, 39}));
+}
+
+TEST(MovesStrip, AListOfOneMoreThanTheStripMoves) {
+    EXPECT_TRUE(gallery::MovesStrip({gallery::kCurrentMiddle, 5, 4, 0, 3, {0, 3}}));
+}
