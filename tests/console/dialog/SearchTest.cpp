@@ -299,6 +299,7 @@ TEST_F(SearchTest, EnterWhileItSearchesLooksNoRowUp) {
     ClickCell(1, 3);
     host.script.During("QueryBimPics", [&] {
         host.script.During("QueryBimPics", nullptr);
+        EXPECT_NE(support::FocusedName(), "resultGrid");
         Key(Qt::Key_Return);
     });
     Click(C().searchButton);
