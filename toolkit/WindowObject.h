@@ -39,8 +39,9 @@ public:
     /// Does nothing without a window.
     void Destroy();
 
-    /// Shows the window; out of minimised it comes back as it was before, maximised or not. One that
-    /// is maximised and in sight stays so: whoever made it large wants it large when asked again.
+    /// Shows the window; out of minimised it comes back as it was before, maximised or not. One
+    /// that is maximised and in sight stays so: whoever made it large wants it large when asked
+    /// again.
     void ShowRestored();
     /// Asks the window manager; it may refuse.
     void BringToForeground();

@@ -250,3 +250,11 @@ TEST_F(PictureFile, APartBelowTheMiddleIsThatPartReducedAndEnlarged) {
         EXPECT_TRUE(IsNear(image.pixelColor(x / 44, y / 2), support::kBottomLeft));
     }
 }
+
+TEST_F(PictureFile, APartBetweenTheEdgesIsReducedInItsPlace) {
+    const QString path = Write(support::JpegBytes(CornerMarked({320, 160})));
+    // The middle of the picture lies 10 pixels below the part's top.
+    const QImage image = Decode(path, {44, 22}, QRect(144, 40, 176, 88));
+    EXPECT_TRUE(IsNear(image.pixelColor(22, 5), support::kTopRight));
+    EXPECT_TRUE(IsNear(image.pixelColor(22, 16), support::kBottomRight));
+}
