@@ -1,6 +1,7 @@
 #include "viewers/GalleryPane.h"
 
 #include "toolkit/Look.h"
+#include "toolkit/WindowEnd.h"
 #include "viewers/GalleryAccess.h"
 
 #include <QApplication>
@@ -24,6 +25,10 @@ GalleryPane::GalleryPane(IGalleryEvents& events, QWidget* parent)
     // Keys of controls are seen here before the controls get them.
     qApp->installEventFilter(this);
     LetReadersIn();
+}
+
+GalleryPane::~GalleryPane() {
+    toolkit::TellWindowDies(*this);
 }
 
 std::span<const CDirectUIButton> GalleryPane::Buttons() const {

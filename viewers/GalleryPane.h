@@ -50,6 +50,7 @@ class GalleryPane final : public QWidget {
 
 public:
     GalleryPane(IGalleryEvents& events, QWidget* parent);
+    ~GalleryPane() override;
     /// The dialog is gone: nothing is handed on any more.
     void Detach() { m_events = nullptr; }
     /// True while the window gets its new size; it is painted afterwards.
