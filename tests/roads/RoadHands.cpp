@@ -172,8 +172,7 @@ void CloseViewer() {
 
 QString BoxDuring(const std::function<void()>& action) {
     QString text;
-    // Boxes have no name.
-    const support::ModalVisit visit(QString(), [&text](QWidget&) {
+    const support::ModalVisit visit(u"messageBox"_s, [&text](QWidget&) {
         text = host::tour::MessageBoxText();
         EXPECT_TRUE(WaitFor([] { return host::tour::AnswerMessageBox(u"确定"_s); }));
     });
