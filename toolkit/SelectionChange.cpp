@@ -10,6 +10,21 @@ namespace toolkit {
 
 namespace {
 
+/// An entry as a person knows it. A list that is filled anew as it drops down gives the same entry
+/// another place.
+struct Entry {
+    QString text;
+    int number = 0; ///< among those of one text
+    bool operator==(const Entry&) const = default;
+};
+
+Entry EntryOf(const QComboBox& box, int index) {
+    Entry entry{box.itemText(index), 0};
+    for (int at = 0; at < index; ++at)
+        entry.number += box.itemText(at) == entry.text ? 1 : 0;
+    return entry;
+}
+
 /// Knows what a box showed before the person's present key, click or turn of the wheel: only such
 /// an event ends in a choice, and what code changes comes before it.
 class SelectionWatch final : public QObject {
@@ -22,7 +37,10 @@ public:
     }
 
     /// Whether this choice differs from what was chosen before.
-    bool TakeChoice(int index) { return std::exchange(before, index) != index; }
+    bool TakeChoice(int index) {
+        const Entry chosen = EntryOf(*box, index);
+        return std::exchange(before, chosen) != chosen;
+    }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         switch (event->type()) {
@@ -30,7 +48,7 @@ public:
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonRelease:
         case QEvent::Wheel:
-            before = box->currentIndex();
+            before = EntryOf(*box, box->currentIndex());
             break;
         default:
             break;
@@ -40,7 +58,7 @@ public:
 
 private:
     QComboBox* box;
-    int before = box->currentIndex();
+    Entry before = EntryOf(*box, box->currentIndex());
 };
 
 } // namespace
