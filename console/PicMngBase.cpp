@@ -9,6 +9,7 @@
 #include "services/IKXGlobalData.h"
 #include "services/IKXLocalCacheData.h"
 #include "services/IKXSysMng.h"
+#include "toolkit/WindowPlace.h"
 #include "toolkit/WindowRegistry.h"
 
 #include <QWidget>
@@ -117,5 +118,5 @@ std::vector<CGridRow*> CPicMngBase::CheckedRows() const {
 void CPicMngBase::LeaveToViewer() {
     ZelvorNRQ_KXVeskPicture::PictureFacade().reopenConsole = true;
     if (QWidget* console = toolkit::WidgetOf(grid->ParentId()))
-        console->showMinimized();
+        toolkit::MinimiseWindow(*console);
 }

@@ -1,6 +1,7 @@
 #include "toolkit/WindowObject.h"
 
 #include "toolkit/WindowEnd.h"
+#include "toolkit/WindowPlace.h"
 
 #include <QEvent>
 #include <QTimer>
@@ -125,7 +126,7 @@ void WindowObject::BringToForeground() {
 
 void WindowObject::Minimise() {
     if (HasWindow())
-        m_widget->showMinimized();
+        MinimiseWindow(*m_widget);
 }
 
 void WindowObject::Hide() {

@@ -107,6 +107,15 @@ void KeepOnScreen(QWidget& window) {
         window.setGeometry(place);
 }
 
+void MinimiseWindow(QWidget& window) {
+    if (window.parentWidget() == nullptr) {
+        window.showMinimized();
+        return;
+    }
+    window.hide();
+    window.setWindowState(window.windowState() | Qt::WindowMinimized);
+}
+
 void KeepNewWindowsOnScreen(QApplication& app) {
     app.installEventFilter(new WindowKeeper(&app));
 }

@@ -25,6 +25,10 @@ TOOLKIT_EXPORT void CentreWindow(QWidget& window);
 /// wholly onto it. Leaves a maximised one alone.
 TOOLKIT_EXPORT void KeepOnScreen(QWidget& window);
 
+/// Minimises a window. One that has an owner goes out of sight altogether, minimised all the same
+/// for who asks: window managers minimise the owner along with it, or bring it back with the next
+/// window that the owner has.
+TOOLKIT_EXPORT void MinimiseWindow(QWidget& window);
 /// From now on every window, except those that pop up, is kept on its screen when it is shown for
 /// the first time. Where a person puts it afterwards it stays.
 TOOLKIT_EXPORT void KeepNewWindowsOnScreen(QApplication& app);

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 bool Answers(const QWidget* window, const QString& nameOrTitle) {
-    return window->isVisible() && window->isWindow() &&
+    return window->isWindow() &&
            (window->objectName() == nameOrTitle || window->windowTitle().startsWith(nameOrTitle));
 }
 
@@ -34,13 +34,17 @@ bool LiesOver(const QWidget* other, const QWidget* window) {
 
 QWidget* FindWindow(const QString& nameOrTitle) {
     QWidget* modal = QApplication::activeModalWidget();
-    if (modal != nullptr && Answers(modal, nameOrTitle))
+    if (modal != nullptr && modal->isVisible() && Answers(modal, nameOrTitle))
         return modal;
+    // A minimised window that has an owner is out of sight, and still the window of its name.
+    QWidget* minimised = nullptr;
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (Answers(window, nameOrTitle))
+        if (window->isVisible() && Answers(window, nameOrTitle))
             return window;
+        if (window->isMinimized() && Answers(window, nameOrTitle))
+            minimised = window;
     }
-    return nullptr;
+    return minimised;
 }
 
 QWidget* FindIn(const QWidget* window, const QString& name) {

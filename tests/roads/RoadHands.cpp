@@ -183,7 +183,7 @@ QString BoxDuring(const std::function<void()>& action) {
 QStringList OpenWindows() {
     QStringList names;
     for (const QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && window->windowType() != Qt::ToolTip)
+        if ((window->isVisible() || window->isMinimized()) && window->windowType() != Qt::ToolTip)
             names << window->objectName();
     }
     names.sort();

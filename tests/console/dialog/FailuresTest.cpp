@@ -89,6 +89,7 @@ protected:
             CheckRows({0});
             const QPoint place = View().visualRect(View().model()->index(0, 3)).center();
             QTest::mouseDClick(View().viewport(), Qt::LeftButton, {}, place);
+            Console().ShowRestored(); // out of the way for a viewer
         }
         ClickIfShown(C().hideButton);
         ClickIfShown(C().deleteButton);

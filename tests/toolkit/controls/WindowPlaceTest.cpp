@@ -71,6 +71,22 @@ TEST(WindowPlace, AWindowFromALargerScreenIsMadeToFitAndMovedOntoThisOne) {
     EXPECT_EQ(window.height(), 200);
 }
 
+TEST(WindowPlace, AWindowThatHasAnOwnerIsMinimisedOutOfSight) {
+    QWidget owner;
+    owner.show();
+    QWidget window(&owner, Qt::Dialog);
+    window.showMaximized();
+    toolkit::MinimiseWindow(window);
+    EXPECT_TRUE(window.isMinimized());
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(window.windowState().testFlag(Qt::WindowMaximized)) << "for when it comes back";
+    EXPECT_TRUE(owner.isVisible() && !owner.isMinimized());
+    QWidget alone;
+    alone.show();
+    toolkit::MinimiseWindow(alone);
+    EXPECT_TRUE(alone.isMinimized() && alone.isVisible());
+}
+
 class Form : public QWidget {
 public:
     explicit Form(int height) {
