@@ -14,11 +14,14 @@
 #include "host/ui/plan/FloorPlanPane.h"
 #include "host/ui/plan/FloorPlanView.h"
 #include "include/IKXVeskPicture.h"
+#include "toolkit/Look.h"
 #include "toolkit/Notices.h"
 #include "toolkit/WindowPlace.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDir>
+#include <QToolTip>
 
 namespace host {
 
@@ -35,6 +38,19 @@ MessageKind KindOf(MessageLevel level) {
     default:
         return MessageKind::kInfo;
     }
+}
+
+/// Beside the pointer, or in the middle of the window that has the keyboard: the bar may lie behind
+/// it.
+void TellAtTheActiveWindow(const QString& text) {
+    constexpr int kShownMs = 6000;
+    QWidget* active = QApplication::activeWindow();
+    if (active == nullptr)
+        return;
+    const QPoint pointer = QCursor::pos();
+    const QRect place = active->frameGeometry();
+    QToolTip::showText(place.contains(pointer) ? pointer : place.center(), toolkit::PlainTip(text),
+                       active, {}, kShownMs);
 }
 
 } // namespace
@@ -146,8 +162,10 @@ void Client::ConnectSession() {
         QMetaObject::invokeMethod(
             window.get(), [this, level, text] { window->Messages().Show(KindOf(level), text); });
     });
-    toolkit::SetNoticeSink(
-        [this](const QString& text) { window->Messages().Show(MessageKind::kInfo, text); });
+    toolkit::SetNoticeSink([this](const QString& text) {
+        window->Messages().Show(MessageKind::kInfo, text);
+        TellAtTheActiveWindow(text);
+    });
     session.SetActionSink([this](const LoggedAction& action) {
         window->ActionLog().Model().Add({action.at, action.person, action.action});
     });

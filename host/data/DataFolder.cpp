@@ -76,6 +76,11 @@ void DataFolder::Look() const {
             u"数据文件夹 %1 中的 %2 是一个链接，站点的内容不能放在链接后面，因此没有打开。"
             "请把链接换成它所指的内容。"_s.arg(folder, found.name));
     }
+    if (QFileInfo(root).isFile()) {
+        throw DataError(
+            Fault::kNotASite,
+            u"%1 是一个文件，不是文件夹，因此没有打开。请选择一个文件夹。"_s.arg(folder));
+    }
     if (!QDir().mkpath(root) || !QFileInfo(root).isWritable()) {
         Throw(Fault::kNotWritable, u"数据文件夹 "_s + folder);
     }

@@ -120,6 +120,7 @@ void ImportResultWindow::Save() {
         toolkit::Prompts().ShowMessage(
             owner, u"没有保存：无法写入 %1，请检查文件夹权限和磁盘空间，或换一个位置。"_s.arg(
                        QDir::toNativeSeparators(path)));
+    activateWindow(); // the file dialog was the main window's, to which the focus goes as it ends
 }
 
 } // namespace host

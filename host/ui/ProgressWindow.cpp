@@ -124,6 +124,13 @@ void ProgressWindow::LetGo() {
         return;
     letGo = true;
     detailLabel->clear();
+    // What was cancelled no longer runs, whatever its text said before.
+    if (cancelled) {
+        textLabel->setText(u"已取消，已完成的部分保留。"_s);
+        bar->setRange(0, 1);
+        bar->reset();
+    }
+    cancelButton->setEnabled(true);
     cancelButton->setText(u"关闭"_s);
     cancelButton->setToolTip(u"关闭此窗口（Esc）"_s);
     cancelButton->setVisible(true);

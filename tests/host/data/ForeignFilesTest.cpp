@@ -114,6 +114,14 @@ TEST(AFolderThatIsNoSite, WithAnEmptyFileOfTheDatabasesNameIsRefusedToo) {
     EXPECT_EQ(FaultOf(home.path()).fault, Fault::kNotASite);
 }
 
+TEST(AFolderThatIsNoSite, IfItIsAFileItIsCalledOne) {
+    QTemporaryDir dir;
+    WriteFile(dir.filePath(u"letter"_s));
+    const OpenFault fault = FaultOf(dir.filePath(u"letter"_s));
+    EXPECT_EQ(fault.fault, Fault::kNotASite);
+    EXPECT_TRUE(fault.text.contains(u"不是文件夹"_s)) << fault.text.toStdString();
+}
+
 TEST(AFolderThatIsNoSite, IsTakenIfItIsEmptyOrABeginningOfOne) {
     QTemporaryDir dir;
     EXPECT_TRUE(FaultOf(dir.path()).text.isEmpty());

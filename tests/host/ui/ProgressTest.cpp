@@ -116,6 +116,19 @@ TEST_F(LeftProgress, WorkThatEndsWithoutClosingLeavesAWindowThatCanBeClosed) {
     EXPECT_FALSE(progress.Window()->isVisible());
 }
 
+TEST_F(LeftProgress, WorkThatWasCancelledSaysSoAndItsWindowCanBeClosed) {
+    progress.Window()->SetCancel(ProgressWindow::Cancel::kPossible);
+    ComeUp();
+    QTest::mouseClick(Button(), Qt::LeftButton);
+    ASSERT_TRUE(progress.Window()->IsCancelled());
+    ASSERT_TRUE(support::WaitFor([this] { return !progress.Window()->isModal(); }));
+    EXPECT_TRUE(
+        progress.Window()->findChild<QLabel*>(u"progressText"_s)->text().startsWith(u"已取消"_s));
+    ASSERT_TRUE(Button()->isEnabled());
+    QTest::mouseClick(Button(), Qt::LeftButton);
+    EXPECT_FALSE(progress.Window()->isVisible());
+}
+
 TEST_F(LeftProgress, WorkThatFailsBeforeTheWindowComesUpLeavesNone) {
     // Due at the next report, had nobody let go of it.
     progress.Window()->Begin(0);
