@@ -134,3 +134,15 @@ TEST(FoldOthers, KeepsTheGroupsIdAndAllTextsOfTheLastItem) {
     EXPECT_EQ(merged.text5, "t5");
     EXPECT_EQ(merged.leaves[0].count, 4);
 }
+
+TEST(FoldOthers, OfTwoGroupsOfThatNameTakesTheFirst) {
+    std::vector<PicMarkGroup> groups = {Floor(kOthers, {Item("x", {Leaf(1, 2)}), Item("y", {})}),
+                                        Floor("A", {Item("z", {Leaf(1, 1)})}),
+                                        Floor(kOthers, {Item("v", {Leaf(1, 1)}), Item("w", {})})};
+    FoldOthers(groups, kOthers);
+    EXPECT_EQ(Names(groups), (std::vector<std::string>{"A", kOthers, kOthers}));
+    EXPECT_EQ(groups[1].items.size(), 2U);
+    ASSERT_EQ(groups[2].items.size(), 1U);
+    EXPECT_EQ(groups[2].items[0].itemName, "y");
+    EXPECT_EQ(groups[2].items[0].leaves.size(), 1U);
+}
