@@ -113,7 +113,11 @@ void WindowObject::Release() {
 void WindowObject::ShowRestored() {
     if (!HasWindow())
         return;
-    m_widget->setWindowState(m_widget->windowState() & ~Qt::WindowMinimized);
+    const Qt::WindowStates state = m_widget->windowState();
+    // One step back, as a window manager's restore: minimised first.
+    const Qt::WindowState undone =
+        state.testFlag(Qt::WindowMinimized) ? Qt::WindowMinimized : Qt::WindowMaximized;
+    m_widget->setWindowState(state & ~Qt::WindowStates(undone));
     m_widget->show();
 }
 

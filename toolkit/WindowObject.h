@@ -40,8 +40,8 @@ public:
     void Destroy();
 
     /// Shows the window; out of minimised it comes back as it was before, maximised or not. One
-    /// that is maximised and in sight stays so: whoever made it large wants it large when asked
-    /// again.
+    /// that is maximised and in sight goes back to the size that it had before: a restore takes one
+    /// step.
     void ShowRestored();
     /// Asks the window manager; it may refuse.
     void BringToForeground();

@@ -262,11 +262,21 @@ TEST_F(ConsoleWindowTest, TheEndOfADownloadIsAskedAtItAndLeavesItInFront) {
     EXPECT_TRUE(support::WaitFor([this] { return Window()->isActiveWindow(); }));
 }
 
-TEST_F(ConsoleWindowTest, MaximisedAndInSightItStaysSo) {
+TEST_F(ConsoleWindowTest, MaximisedAndInSightItIsRestoredByTheNextOpening) {
     Open(kModeBim);
+    const QSize before = Window()->size();
     Window()->showMaximized();
     Facade().ShowPicMng(kModeBim);
-    EXPECT_TRUE(Window()->isMaximized());
+    EXPECT_FALSE(Window()->isMaximized());
+    EXPECT_TRUE(Window()->isVisible());
+    EXPECT_EQ(Window()->size(), before);
+}
+
+TEST_F(ConsoleWindowTest, MinimisedItIsRestoredByAPresetToo) {
+    Open(kModeBim);
+    Console().Minimise();
+    EXPECT_EQ(Facade().ShowBimPicMngFor(0, u"K"_s, 0, -1), 1);
+    EXPECT_FALSE(Window()->isMinimized());
     EXPECT_TRUE(Window()->isVisible());
 }
 
