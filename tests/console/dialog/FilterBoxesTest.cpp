@@ -265,4 +265,22 @@ TEST_F(FilterBoxesTest, AnEntryThatStandsForNothingMeansAll) {
     EXPECT_EQ(BimFilter().labelId, QString());
 }
 
+TEST_F(FilterBoxesTest, AChosenMarkAndLabelAreForgottenByAnotherKind) {
+    host.pics.usedBimMarks = {1, 2};
+    host.pics.bimLabels = {{u"l1"_s, u"裂缝"_s}};
+    Open(kModeBim);
+    Choose(*C().markCombo, 2);
+    Choose(*C().labelCombo, 1);
+    ASSERT_EQ(BimFilter().markId, 2);
+    ASSERT_EQ(BimFilter().labelId, u"l1"_s);
+    Click(C().pdfRadio);
+    EXPECT_EQ(PdfFilter().markId, 0);
+    EXPECT_EQ(PdfFilter().labelId, QString());
+    EXPECT_EQ(C().markCombo->currentIndex(), 0);
+    EXPECT_EQ(C().labelCombo->currentIndex(), 0);
+    Click(C().bimRadio);
+    EXPECT_EQ(BimFilter().markId, 0);
+    EXPECT_EQ(BimFilter().labelId, QString());
+}
+
 } // namespace

@@ -5,6 +5,8 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDateEdit>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
@@ -196,6 +198,21 @@ TEST_F(KeysTest, ADoubleClickLooksUpInEachKind) {
     Open(kModeIssue);
     doubleClick();
     EXPECT_EQ(Log().CountOf("LocateIssue"), 1);
+}
+
+TEST_F(KeysTest, EnterInEachFilterPressesTheDefaultButton) {
+    Open(kModeBim);
+    C().noDateLimit->setChecked(false);
+    C().startPicker->setEnabled(true);
+    C().endPicker->setEnabled(true);
+    for (QWidget* control : C().Filters()) {
+        if (control == C().dateDash)
+            continue;
+        control->setFocus();
+        Log().Clear();
+        QTest::keyClick(control, Qt::Key_Return);
+        EXPECT_EQ(Searches(), 1) << control->objectName().toStdString();
+    }
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // Presets: limits from the host that hold for one search.
+#include "base/Status.h"
 #include "console/ConsoleEvents.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/dialog/ConsoleFixture.h"
@@ -232,6 +233,30 @@ TEST_F(PresetsTest, ThePhotoOfAPresetIsNotLookedForAmongDrawingPhotos) {
     Click(C().bimRadio);
     toolkit::SendWindowEvent(Console().Id(), WM_PIC_MNG_SELECT);
     EXPECT_EQ(SelectedRow(), 0);
+}
+
+TEST_F(PresetsTest, APresetWhoseSearchRaisesAStatusIsUsedUpAllTheSame) {
+    FillService(host, kModeBim, 3);
+    host.script.During("QueryBimPics",
+                       [] { throw ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus::PicInfoFailed; });
+    prompts.ExpectMessage(u"获取Vesk照片信息失败！"_s);
+    Facade().ShowBimPicMngFor(0, u"K7"_s, 2, -1);
+    host.script.During("QueryBimPics", nullptr);
+    Settle();
+    Click(C().searchButton);
+    EXPECT_EQ(BimFilter().presetKey, QString());
+    EXPECT_EQ(BimFilter().markId, 0);
+}
+
+TEST_F(PresetsTest, SelectingThePresetPhotoHappensOnce) {
+    FillService(host, kModeBim, 3);
+    Facade().ShowBimPicMngFor(0, QString(), 0, 2);
+    Settle();
+    ASSERT_NE(Grid().GetCurSel(), nullptr);
+    EXPECT_EQ(Console().CurrentPreset().picId, -1);
+    Grid().SetCurSel(0);
+    toolkit::SendWindowEvent(Console().Id(), WM_PIC_MNG_SELECT);
+    EXPECT_EQ(Grid().GetCurSel()->GetRowId(), 0);
 }
 
 } // namespace

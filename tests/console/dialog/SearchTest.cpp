@@ -328,4 +328,38 @@ TEST_F(SearchTest, AFailedSearchOfEachKindReportsNoHits) {
     }
 }
 
+TEST_F(SearchTest, AChosenRecentKeywordSearchesOnlyWhenSearchIsPressed) {
+    host.recent.keywords = {u"a"_s, u"b"_s, u"c"_s};
+    Open(kModeBim);
+    Choose(*C().keywordCombo, 2);
+    EXPECT_EQ(Searches(), 0);
+    EXPECT_EQ(C().keywordCombo->currentText(), u"c"_s);
+    Click(C().searchButton);
+    EXPECT_EQ(BimFilter().keyword, u"c"_s);
+    EXPECT_THAT(Entries(*C().keywordCombo), ElementsAre("c", "a", "b"));
+}
+
+TEST_F(SearchTest, AKeywordThatDiffersInCaseAloneStaysAsTyped) {
+    host.recent.keywords = {u"ABC"_s};
+    Open(kModeBim);
+    TypeKeyword(u"abc"_s);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(BimFilter().keyword, u"abc"_s);
+    EXPECT_THAT(Entries(*C().keywordCombo), ElementsAre("abc", "ABC"));
+    TypeKeyword(u"ab"_s);
+    Click(C().searchButton);
+    EXPECT_EQ(BimFilter().keyword, u"ab"_s);
+}
+
+TEST_F(SearchTest, AChangedKindAsksForNothingButItsFirstPage) {
+    Open(kModeBim);
+    C().keywordCombo->setEditText(u"word"_s);
+    Click(C().pdfRadio);
+    EXPECT_EQ(C().keywordCombo->TipInfo(), u"输入照片名称、图纸、相关人账号、描述等关键字"_s);
+    EXPECT_EQ(PdfFilter().keyword, u"word"_s);
+    EXPECT_EQ(Log().CountOf("GetUsedPdfMarks") + Log().CountOf("GetPdfLabels"), 0);
+    EXPECT_EQ(Searches(), 1);
+    EXPECT_EQ(Grid().GetColumnCount(), 18);
+}
+
 } // namespace
