@@ -35,6 +35,10 @@ QRect Within(QRect place, const QRect& room) {
     return place;
 }
 
+bool FillsScreen(const QWidget& window) {
+    return window.isMaximized() || window.isFullScreen();
+}
+
 /// Sees every window as it is about to come up.
 class WindowKeeper final : public QObject {
 public:
@@ -45,6 +49,10 @@ public:
         if (window != nullptr && !event->spontaneous() && IsPlaced(*window) &&
             !window->property(kSeen).toBool()) {
             window->setProperty(kSeen, true);
+            // A dialog seeks its place after this event, and not if it has been moved before.
+            if (window->windowType() == Qt::Dialog && !window->testAttribute(Qt::WA_Moved) &&
+                !FillsScreen(*window))
+                CentreWindow(*window);
             KeepOnScreen(*window);
         }
         return QObject::eventFilter(watched, event);
@@ -98,7 +106,7 @@ void CentreWindow(QWidget& window) {
 }
 
 void KeepOnScreen(QWidget& window) {
-    if (window.isMaximized() || window.isFullScreen())
+    if (FillsScreen(window))
         return;
     const QRect before = window.geometry();
     QRect place(before.topLeft(), before.size().boundedTo(Room(window)));

@@ -1,7 +1,8 @@
 // Size and place of new windows.
 #include "toolkit/WindowPlace.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QDialog>
 #include <QLineEdit>
 #include <QScreen>
 #include <QScrollArea>
@@ -87,6 +88,23 @@ TEST(WindowPlace, AWindowThatHasAnOwnerIsMinimisedOutOfSight) {
     EXPECT_TRUE(alone.isMinimized() && alone.isVisible());
 }
 
+TEST(WindowPlace, ADialogWithoutAPlaceOfItsOwnComesUpOverItsWindow) {
+    toolkit::KeepNewWindowsOnScreen(*qApp);
+    QWidget owner;
+    const QRect screen = owner.screen()->availableGeometry();
+    owner.setGeometry(screen.center().x() - 100, screen.center().y() - 100, 300, 300);
+    owner.show();
+    QDialog dialog(&owner);
+    dialog.resize(120, 80);
+    dialog.show();
+    EXPECT_NEAR(dialog.geometry().center().x(), owner.frameGeometry().center().x(), 1);
+    EXPECT_NEAR(dialog.geometry().center().y(), owner.frameGeometry().center().y(), 1);
+    QDialog placed(&owner);
+    placed.setGeometry(screen.x() + 40, screen.y() + 60, 120, 80);
+    placed.show();
+    EXPECT_EQ(placed.geometry().topLeft(), screen.topLeft() + QPoint(40, 60));
+}
+
 class Form : public QWidget {
 public:
     explicit Form(int height) {
@@ -116,7 +134,7 @@ TEST(WindowPlace, AFormLargerThanTheScreenScrollsToTheControlWithTheFocus) {
     ASSERT_NE(area, nullptr);
     EXPECT_EQ(form.findChild<QLineEdit*>(QStringLiteral("lowest")), form.edit);
     area->ensureWidgetVisible(form.edit);
-    QCoreApplication::processEvents();
+    QApplication::processEvents();
     EXPECT_TRUE(form.rect().contains(form.edit->mapTo(&form, form.edit->rect().center())));
 }
 
