@@ -1,5 +1,7 @@
 #include "toolkit/GridTextCache.h"
 
+#include "toolkit/LineText.h"
+
 using namespace Qt::StringLiterals;
 
 namespace toolkit {
@@ -17,7 +19,8 @@ void GridTextCache::SetFont(const QFont& font) {
     m_entries.clear();
 }
 
-const GridLine& GridTextCache::Line(const QString& text, int room) {
+const GridLine& GridTextCache::Line(const QString& whole, int room) {
+    const QString text = LineStart(whole);
     constexpr int kMostEntries = 4000;
     auto found = m_entries.find(text);
     if (found == m_entries.end()) {

@@ -20,7 +20,7 @@ public:
     /// Forgets everything unless the font is the one from before.
     void SetFont(const QFont& font);
     /// The text, or what fits of it with an ellipsis. Valid until the next call.
-    const GridLine& Line(const QString& text, int room);
+    const GridLine& Line(const QString& whole, int room);
 
 private:
     struct Entry {

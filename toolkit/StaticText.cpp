@@ -1,5 +1,6 @@
 #include "toolkit/StaticText.h"
 
+#include "toolkit/LineText.h"
 #include "toolkit/Look.h"
 
 #include <QPainter>
@@ -41,7 +42,7 @@ void CStaticFilespec::paintEvent(QPaintEvent* event) {
     // A line feed would take the rest out of sight.
     const QString line = QString(text()).replace(u'\n', u' ');
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(line, Qt::ElideRight, width()));
+                     fontMetrics().elidedText(toolkit::LineStart(line), Qt::ElideRight, width()));
 }
 
 void CAutoLineStatic::paintEvent(QPaintEvent* event) {
@@ -58,7 +59,7 @@ void CAutoLineStatic::paintEvent(QPaintEvent* event) {
     for (const QString& line : lines) {
         const QRect place(0, top, width(), fontMetrics().height());
         painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                         fontMetrics().elidedText(line, Qt::ElideRight, width()));
+                         fontMetrics().elidedText(toolkit::LineStart(line), Qt::ElideRight, width()));
         top += fontMetrics().lineSpacing();
     }
 }
@@ -90,7 +91,7 @@ void CColorStatic::paintEvent(QPaintEvent* event) {
     painter.setPen(m_fontColor);
     const QRect place = rect().adjusted(kColorTextMargin, 0, -kColorTextMargin, 0);
     painter.drawText(place, int(m_alignment) | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
+                     fontMetrics().elidedText(toolkit::LineStart(text()), Qt::ElideRight, place.width()));
 }
 
 namespace toolkit {

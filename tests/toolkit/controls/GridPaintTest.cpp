@@ -120,6 +120,15 @@ TEST_F(GridPaint, TextColourOfAnItemIsTaken) {
     EXPECT_GT(countRed(), 30);
 }
 
+TEST_F(GridPaint, ATextOfMillionsOfCharactersStaysInItsCell) {
+    Open(2);
+    CGridItem* item = grid.GetRow(0)->GetItem(SampleGrid::kName);
+    item->SetValue(QString(400, u'国'));
+    const QImage longText = Shot();
+    item->SetValue(QString(5'000'000, u'国'));
+    EXPECT_EQ(Shot(), longText);
+}
+
 TEST_F(GridPaint, HoveredIconIsHighlightedUntilThePointerLeaves) {
     Open(3);
     const QRect cell = Cell(2, SampleGrid::kEdit);

@@ -64,6 +64,12 @@ TEST(StaticFilespec, ALongTextEndsInDotsWithinItsWidth) {
     EXPECT_EQ(text.text(), whole) << "screen readers get all of it";
 }
 
+// The width of so many characters overflows.
+TEST(StaticFilespec, ATextOfMillionsOfCharactersEndsInDotsToo) {
+    const QString huge(5'000'000, u'国');
+    EXPECT_EQ(DrawnLine(huge), DrawnLine(QString(60, u'国')));
+}
+
 TEST(StaticFilespec, ATextWithALineFeedStaysOneLine) {
     EXPECT_EQ(DrawnLine(u"一\n二"_s), DrawnLine(u"一 二"_s));
 }
