@@ -1,6 +1,7 @@
 #include "host/ui/ActionLogModel.h"
 
 #include "toolkit/KXTools.h"
+#include "toolkit/LineText.h"
 #include "toolkit/Look.h"
 
 #include <algorithm>
@@ -44,6 +45,7 @@ QVariant ActionLogModel::data(const QModelIndex& index, int role) const {
         text = KXTools::SecondText(entry.time);
     else if (index.column() == kUser)
         text = entry.userName;
+    text = toolkit::LineStart(text);
     return role == Qt::ToolTipRole ? toolkit::PlainTip(text) : text;
 }
 

@@ -1,6 +1,7 @@
 #include "host/ui/BinModel.h"
 
 #include "toolkit/KXTools.h"
+#include "toolkit/LineText.h"
 #include "toolkit/Look.h"
 
 namespace host {
@@ -47,7 +48,8 @@ QString BinModel::Text(const BinRow& row, int column) const {
 QVariant BinModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
-    const QString text = Text(rows[std::size_t(index.row())], index.column());
+    const QString text =
+        toolkit::LineStart(Text(rows[std::size_t(index.row())], index.column()));
     if (role == Qt::DisplayRole)
         return text;
     if (role == Qt::ToolTipRole)

@@ -4,6 +4,8 @@
 #include "host/data/Bin.h"
 #include "host/data/HostSession.h"
 #include "host/data/SiteWriter.h"
+#include "host/ui/ActionLogModel.h"
+#include "host/ui/BinModel.h"
 #include "host/ui/HintTable.h"
 #include "tests/support/TempFolder.h"
 
@@ -133,6 +135,24 @@ TEST_F(BinOfAFolder, AFaultOfTheDataBecomesAMessageAndTheListIsEmpty) {
     EXPECT_TRUE(source.ReadBin().empty());
     EXPECT_EQ(source.RestoreFromBin({1}), 0);
     EXPECT_EQ(messages.size(), 2);
+}
+
+TEST(BinModel, ATitleOfMillionsOfCharactersIsCutForItsLine) {
+    BinModel model;
+    BinRow row;
+    row.name = QString(5'000'000, u'国');
+    model.SetRows({row}, 0);
+    const QString shown = model.index(0, 1).data().toString();
+    EXPECT_LT(shown.size(), 10'000);
+    EXPECT_TRUE(shown.endsWith(u'…'));
+}
+
+TEST(ActionLogModel, AnEntryOfMillionsOfCharactersIsCutForItsLine) {
+    ActionLogModel model;
+    model.SetEntries({{0, u"张伟"_s, QString(5'000'000, u'国')}});
+    const QString shown = model.index(0, ActionLogModel::kAction).data().toString();
+    EXPECT_LT(shown.size(), 10'000);
+    EXPECT_TRUE(shown.endsWith(u'…'));
 }
 
 } // namespace
