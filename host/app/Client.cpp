@@ -102,6 +102,7 @@ void Client::Stop() {
     session.progress = nullptr;
     session.transferWait = nullptr;
     session.SetMessageSink({});
+    session.SetWithdrawSink({});
     session.SetActionSink({});
     toolkit::SetNoticeSink({});
     window->disconnect(this);
@@ -162,6 +163,8 @@ void Client::ConnectSession() {
         QMetaObject::invokeMethod(
             window.get(), [this, level, text] { window->Messages().Show(KindOf(level), text); });
     });
+    session.SetWithdrawSink(
+        [this](const QString& beginning) { window->Messages().Withdraw(beginning); });
     toolkit::SetNoticeSink([this](const QString& text) {
         window->Messages().Show(MessageKind::kInfo, text);
         TellAtTheActiveWindow(text);

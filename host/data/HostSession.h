@@ -88,6 +88,13 @@ public:
     [[nodiscard]] static std::shared_ptr<SessionDesk> CurrentDesk();
 
     void SetActionSink(ActionSink sink) { actionSink = std::move(sink); }
+    /// Is told how messages begin that no longer hold. Thread: user interface, as the one below.
+    using WithdrawSink = std::function<void(const QString& beginning)>;
+    void SetWithdrawSink(WithdrawSink sink) { withdrawSink = std::move(sink); }
+    void WithdrawHostMessages(const QString& beginning) const {
+        if (withdrawSink)
+            withdrawSink(beginning);
+    }
     /// Writes the record of what users did and tells the action sink.
     void LogAction(const QString& action);
 
@@ -107,6 +114,7 @@ private:
     WorksetEntry workset;
     KX_DATA::CurrentDrawing drawing;
     ActionSink actionSink;
+    WithdrawSink withdrawSink;
     Database::Stamp tableStamp;
     std::map<qint32, QString> projectNames;
     std::map<qint32, KX_DATA::MarkRecord> marks;

@@ -52,4 +52,20 @@ Result Guarded(const QString& what, Result failure, Work work) {
     }
 }
 
+/// How the message of ReportFault begins.
+inline QString FaultHead(const QString& what) {
+    return what + QStringLiteral("失败：");
+}
+
+/// Guarded for what a person asks again after a fault: the answer takes the messages of earlier
+/// faults back.
+template <typename Result, typename Work>
+Result GuardedQuestion(const QString& what, Result failure, Work work) {
+    return Guarded(what, failure, [&](HostSession& session) {
+        const Result answer = work(session);
+        session.WithdrawHostMessages(FaultHead(what));
+        return answer;
+    });
+}
+
 } // namespace host

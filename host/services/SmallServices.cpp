@@ -14,7 +14,7 @@ void ReportFault(const QString& what, const std::exception& fault) {
     const auto* known = dynamic_cast<const DataError*>(&fault);
     const QString reason = known != nullptr ? known->Text() : FaultText(Fault::kOther, {});
     if (HostSession* session = HostSession::Current()) {
-        session->ReportHostMessage(MessageLevel::kError, what + u"失败："_s + reason);
+        session->ReportHostMessage(MessageLevel::kError, FaultHead(what) + reason);
     }
 }
 

@@ -31,7 +31,7 @@ bool TNQuestionMng::DeletePics(qint32 /*kind*/, const std::vector<QString>& /*pi
 qint32 TNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
                                   const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                   std::vector<KX_DATA::IssueRow>& rows) {
-    return Guarded(u"查询TN问题"_s, 0, [&](HostSession& session) {
+    return GuardedQuestion(u"查询TN问题"_s, 0, [&](HostSession& session) {
         const ListPage page =
             session.Lists()->Fetch(ListKind::kIssues, IssueFilterOf(filter), OrderOf(request),
                                    request.page, request.pageSize);

@@ -26,6 +26,14 @@ template <typename Work> qint32 Status(const QString& what, Work work) {
     });
 }
 
+// The same for a page of a list.
+template <typename Work> qint32 Page(const QString& what, Work work) {
+    return GuardedQuestion(what, kServiceFailed, [&](HostSession& session) {
+        work(session);
+        return kServiceOk;
+    });
+}
+
 template <typename Work> bool Done(const QString& what, Work work) {
     return Guarded(what, false, work);
 }
@@ -43,26 +51,24 @@ qint64 Now() {
 qint32 VeskPicMng::QueryBimPics(const KX_DATA::PicQueryFilter& filter,
                                 const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                 std::vector<KX_DATA::BimPicRow>& rows) {
-    return Status(u"查询BIM模型照片"_s, [&](HostSession& session) {
+    return Page(u"查询BIM模型照片"_s, [&](HostSession& session) {
         const ListPage page =
             session.Lists()->Fetch(ListKind::kBimPhotos, BimFilterOf(filter), OrderOf(request),
                                    request.page, request.pageSize);
         result = ResultOf(page, request);
         rows = BimPhotos(session.Folder()->Db()).Rows(page.ids);
-        return true;
     });
 }
 
 qint32 VeskPicMng::QueryPdfPics(const KX_DATA::PdfQueryFilter& filter,
                                 const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                 std::vector<KX_DATA::PdfPicRecord>& rows) {
-    return Status(u"查询平面图纸照片"_s, [&](HostSession& session) {
+    return Page(u"查询平面图纸照片"_s, [&](HostSession& session) {
         const ListPage page =
             session.Lists()->Fetch(ListKind::kPdfPhotos, PdfFilterOf(filter), OrderOf(request),
                                    request.page, request.pageSize);
         result = ResultOf(page, request);
         rows = PdfPhotos(session.Folder()->Db()).Rows(page.ids);
-        return true;
     });
 }
 

@@ -67,6 +67,11 @@ void MessageBar::Clear() {
     Rebuild();
 }
 
+void MessageBar::Withdraw(const QString& beginning) {
+    if (list.RemoveBeginning(beginning))
+        Rebuild();
+}
+
 void MessageBar::Rebuild() {
     while (QLayoutItem* item = lines->takeAt(0)) {
         item->widget()->hide();

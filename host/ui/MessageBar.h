@@ -20,6 +20,8 @@ public:
 
     void Show(MessageKind kind, const QString& text);
     void Clear();
+    /// Takes back what begins so: it no longer holds.
+    void Withdraw(const QString& beginning);
     [[nodiscard]] const std::vector<HostMessage>& Messages() const { return list.All(); }
 
 private:

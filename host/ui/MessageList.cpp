@@ -19,6 +19,12 @@ void MessageList::Remove(int at) {
         messages.erase(messages.begin() + at);
 }
 
+bool MessageList::RemoveBeginning(const QString& beginning) {
+    return std::erase_if(messages, [&](const HostMessage& message) {
+               return message.text.startsWith(beginning);
+           }) > 0;
+}
+
 QString MessageLine(const HostMessage& message) {
     return message.times == 1
                ? message.text

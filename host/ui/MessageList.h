@@ -23,6 +23,8 @@ public:
     /// The newest message said again counts up; otherwise the oldest one beyond kMost goes.
     void Add(MessageKind kind, const QString& text);
     void Remove(int at);
+    /// Those whose text begins so; false if there is none.
+    bool RemoveBeginning(const QString& beginning);
     void Clear() { messages.clear(); }
     [[nodiscard]] const std::vector<HostMessage>& All() const { return messages; }
 

@@ -41,6 +41,19 @@ TEST_F(LookupFaults, APlaceThatCannotBeReadLeavesTheConsoleInSightAndTheNextLook
     EXPECT_EQ(ViewerTitle(), u"照片2.jpg   (3/5)"_s);
 }
 
+TEST_F(LookupFaults, AFailedSearchIsNoLongerToldOnceItSucceeds) {
+    const auto told = [this] { return Messages().filter(u"查询BIM模型照片失败"_s).size(); };
+    OpenConsole();
+    OtherClient other = Other();
+    other.TakePhotosAway();
+    ClickOn(*Console(), u"searchButton"_s);
+    EXPECT_TRUE(WaitFor([&] { return told() == 1; }));
+    other.BringPhotosBack();
+    ClickOn(*Console(), u"searchButton"_s);
+    EXPECT_TRUE(WaitFor([&] { return told() == 0; })) << Messages().join(u'\n').toStdString();
+    EXPECT_EQ(host::tour::ConsoleRows(), 7);
+}
+
 TEST_F(LookupFaults, AFailureOfASecondLookupClosesTheViewerAndBringsTheConsoleBack) {
     OpenConsole();
     LookUp(u"照片2.jpg"_s);

@@ -52,5 +52,16 @@ TEST(MessageList, RemovesWhatIsThereAndIgnoresWhatIsnt) {
     EXPECT_EQ(list.All()[0].text, u"一"_s);
 }
 
+TEST(MessageList, WhatNoLongerHoldsIsTakenBackByHowItBegins) {
+    MessageList list;
+    list.Add(MessageKind::kError, u"查询失败：一"_s);
+    list.Add(MessageKind::kError, u"删除失败：一"_s);
+    list.Add(MessageKind::kError, u"查询失败：二"_s);
+    EXPECT_FALSE(list.RemoveBeginning(u"修改失败："_s));
+    EXPECT_TRUE(list.RemoveBeginning(u"查询失败："_s));
+    ASSERT_EQ(list.All().size(), 1U);
+    EXPECT_EQ(list.All()[0].text, u"删除失败：一"_s);
+}
+
 } // namespace
 } // namespace host
