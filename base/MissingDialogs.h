@@ -16,7 +16,8 @@ enum class MissingDialog {
     Report,
 };
 
-/// Writes one line to the log, tells the person, and answers what a cancelled dialog answers: false.
+/// Writes one line to the log, tells the person, and answers what a cancelled dialog answers:
+/// false.
 bool AnswerAsCancelled(MissingDialog dialog);
 
 } // namespace ZelvorNRQ_KXVeskPicture

@@ -1,7 +1,7 @@
 #include "bench/BulkFolder.h"
 
-#include "host/data/BulkSite.h"
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
+#include "tests/bulk/BulkSite.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -51,12 +51,12 @@ int FillFolder(const QCommandLineParser& options) {
         QTextStream(stderr) << fault->text << Qt::endl;
         return 1;
     }
-    host::BulkSize size;
+    bulk::BulkSize size;
     size.bimPhotos = options.value(u"photos"_s).toInt();
     size.pdfPhotos = options.value(u"drawing-photos"_s).toInt();
     size.issues = options.value(u"issues"_s).toInt();
     QTextStream(stderr) << u"filling the data folder, once"_s << Qt::endl;
-    host::FillBulkSite(*session.Folder(), size);
+    bulk::FillBulkSite(*session.Folder(), size);
     return 0;
 }
 

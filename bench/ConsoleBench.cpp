@@ -9,7 +9,7 @@
 #include "console/ColumnTable.h"
 #include "console/SortKeys.h"
 #include "console/VeskPicMngDlg.h"
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 #include "toolkit/Look.h"
 
 #include <QApplication>

@@ -3,11 +3,11 @@
 #include "bench/Report.h"
 #include "bench/Stopwatch.h"
 #include "console/BatchDownload.h"
-#include "host/data/HostSession.h"
-#include "host/data/SiteWriter.h"
+#include "host/session/HostSession.h"
 #include "host/ui/ExProgress.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
+#include "site/sqlite/SiteWriter.h"
 #include "toolkit/Prompts.h"
 
 #include <QCryptographicHash>
@@ -50,12 +50,12 @@ private:
 /// A site with the pictures as its photos, opened; rows as the console would have them.
 std::vector<BatchRow> FileAll(host::HostSession& session, const QStringList& pictures,
                               const QString& cache) {
-    host::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(*session.Folder());
     const qint32 ppid = writer.AddProject(u"测速"_s);
     writer.AddUser(kUser, {});
     std::vector<qint32> ids;
     for (const QString& picture : pictures) {
-        host::NewBimPhoto photo;
+        site::NewBimPhoto photo;
         photo.ppid = ppid;
         photo.fileName = QFileInfo(picture).fileName();
         photo.uploader = kUser;

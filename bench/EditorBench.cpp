@@ -3,10 +3,10 @@
 #include "bench/Report.h"
 #include "bench/Stopwatch.h"
 #include "editors/BimPicEditDlg.h"
-#include "host/data/HostSession.h"
-#include "host/data/SiteWriter.h"
+#include "host/session/HostSession.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
+#include "site/sqlite/SiteWriter.h"
 #include "toolkit/DropCombo.h"
 #include "toolkit/Look.h"
 #include "toolkit/PopTipDlg.h"
@@ -40,7 +40,7 @@ QString FloorText(int number) {
 
 /// One photo that carries every tenth label, on the last floor.
 KX_DATA::BimPicRow FillEditorSite(host::HostSession& session) {
-    host::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(*session.Folder());
     writer.BeginBatch();
     const qint32 ppid = writer.AddProject(u"大工程"_s);
     writer.AddUser(kUser, {5, 21, 22, 38});

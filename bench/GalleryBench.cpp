@@ -7,7 +7,7 @@
 #include "bench/PhotoSet.h"
 #include "bench/Report.h"
 #include "bench/ViewerBench.h"
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 #include "toolkit/Look.h"
 
 #include <QCommandLineParser>

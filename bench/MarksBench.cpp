@@ -6,7 +6,7 @@
 #include "bench/Stopwatch.h"
 #include "bench/WatchedApplication.h"
 #include "frame/KXVeskPictureImpl.h"
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 #include "reminder/KXVeskPicDataImpl.h"
 #include "toolkit/GbkText.h"
 #include "toolkit/Look.h"
@@ -156,12 +156,12 @@ void MeasureIssues(host::HostSession& session, bench::Report& report) {
     KX_DATA::MarkFilterArg all;
     std::vector<KX_DATA::PicFilterEntry> entries;
     CKXVeskPicDataImpl::Instance().GetIssueFilterData(0, 0, 0, all, entries);
-    host::PanelFilter filter;
-    for (const host::ProjectEntry& project : session.OpenProjects())
+    site::PanelFilter filter;
+    for (const site::ProjectEntry& project : session.OpenProjects())
         filter.ppids.push_back(project.ppid);
     std::map<QString, qint32> byKey;
-    for (const host::PanelIssueFloor& floor : session.Panel()->Issues(filter))
-        for (const host::PanelIssue& issue : floor.issues)
+    for (const site::PanelIssueFloor& floor : session.Panel()->Issues(filter))
+        for (const site::PanelIssue& issue : floor.issues)
             byKey[issue.questionId] = issue.markId;
     const ShownIssueMarks everything(byKey.begin(), byKey.end());
     ShownIssueMarks tenth;

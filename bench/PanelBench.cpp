@@ -6,7 +6,7 @@
 #include "bench/PeakMemory.h"
 #include "bench/Report.h"
 #include "bench/StatementTrace.h"
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 
 namespace bench {
 

@@ -3,7 +3,7 @@
 #include "bench/Stopwatch.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "host/app/PlanReader.h"
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 #include "host/ui/marks/MarkPanelDock.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "reminder/KXVeskPicDataImpl.h"

@@ -2,11 +2,11 @@
 
 #include "bench/Report.h"
 #include "host/app/Client.h"
-#include "host/data/HostSession.h"
-#include "host/sample/SampleSite.h"
-#include "host/tour/ConsoleEyes.h"
-#include "host/tour/TourDriver.h"
+#include "host/session/HostSession.h"
 #include "host/ui/MainWindow.h"
+#include "sample/SampleSite.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
 
 #include <QAbstractItemView>
 #include <QCoreApplication>
@@ -35,8 +35,8 @@ int RunStartProbe(const QString& folder, qint64 spawned) {
     host::HostSession session;
     QString error;
     if (session.OpenFolder(folder) ||
-        !host::CreateSampleSite(
-            *session.Folder(), host::SampleSize::kFull,
+        !sample::CreateSampleSite(
+            *session.Folder(), sample::SampleSize::kFull,
             [](int, int, const QString&) { return true; }, error) ||
         !session.SignIn(kSampleUser))
         return 1;
@@ -49,12 +49,12 @@ int RunStartProbe(const QString& folder, qint64 spawned) {
     const double mainWindow = Since(spawned);
     // The platform grants the focus in its own time.
     const QDeadlineTimer patience(kPatienceMilliseconds);
-    while (!host::tour::PressKey(client.Window(), Qt::Key_1, Qt::ControlModifier)) {
+    while (!tour::PressKey(client.Window(), Qt::Key_1, Qt::ControlModifier)) {
         if (patience.hasExpired())
             return 1;
         QCoreApplication::processEvents();
     }
-    QAbstractItemView* rows = host::tour::ConsoleGrid();
+    QAbstractItemView* rows = tour::ConsoleGrid();
     if (rows == nullptr || rows->model()->rowCount() == 0)
         return 1;
     rows->window()->repaint();

@@ -6,12 +6,12 @@
 #include "bench/Stopwatch.h"
 #include "console/VeskPicMngDlg.h"
 #include "frame/KXVeskPictureImpl.h"
-#include "host/data/HostSession.h"
-#include "host/data/SiteWriter.h"
+#include "host/session/HostSession.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
 #include "services/IKXView.h"
 #include "services/IVeskPicMng.h"
+#include "site/sqlite/SiteWriter.h"
 #include "viewers/BimPicViewWrap.h"
 
 #include <QBuffer>
@@ -61,8 +61,8 @@ QByteArray SmallPicture() {
     return bytes;
 }
 
-host::NewBimPhoto PhotoAt(const QString& positionKey, int number) {
-    host::NewBimPhoto photo;
+site::NewBimPhoto PhotoAt(const QString& positionKey, int number) {
+    site::NewBimPhoto photo;
     photo.ppid = 1;
     photo.fileName = u"%1.jpg"_s.arg(number);
     photo.positionKey = positionKey;
@@ -79,7 +79,7 @@ struct ViewerSite {
 
 /// One place with the large photo, the newest of all, and one with a thousand small ones.
 ViewerSite FileSite(host::HostSession& session, const QString& photo) {
-    host::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(*session.Folder());
     writer.BeginBatch();
     writer.AddProject(u"测速"_s);
     writer.AddUser(kViewerUser, {});

@@ -7,7 +7,7 @@ root=${1:-$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)}
 cd "$root"
 
 module_folders=(base console editors frame issues reminder report richtext viewers)
-plain_folders=(services include toolkit host)
+plain_folders=(services include toolkit site sample tour host)
 folders=("${plain_folders[@]}" "${module_folders[@]}")
 max_lines=600
 max_function_lines=60
@@ -19,7 +19,10 @@ may_include() {
     services) echo services ;;
     include) echo services include ;;
     toolkit) echo toolkit ;;
-    host) echo include services toolkit host ;;
+    site) echo services site ;;
+    sample) echo services site sample ;;
+    tour) echo include services toolkit site sample host tour ;;
+    host) echo include services toolkit site sample tour host ;;
     base) echo include services toolkit base ;;
     editors | richtext | report) echo include services toolkit base "$1" ;;
     viewers) echo include services toolkit base editors richtext report viewers ;;
@@ -77,7 +80,8 @@ check_umbrellas() {
 
 check_sql() {
     grep_sources '#[[:space:]]*include[[:space:]]*<(QtSql/|QSql|sqlite3)' \
-        include services toolkit "${module_folders[@]}" | sed 's/$/   : SQL belongs to host\//'
+        include services toolkit sample tour host "${module_folders[@]}" |
+        sed 's/$/   : SQL belongs to site\//'
 }
 
 check_sleeps() {

@@ -58,8 +58,9 @@ void CAutoLineStatic::paintEvent(QPaintEvent* event) {
     int top = 0;
     for (const QString& line : lines) {
         const QRect place(0, top, width(), fontMetrics().height());
-        painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                         fontMetrics().elidedText(toolkit::LineStart(line), Qt::ElideRight, width()));
+        painter.drawText(
+            place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
+            fontMetrics().elidedText(toolkit::LineStart(line), Qt::ElideRight, width()));
         top += fontMetrics().lineSpacing();
     }
 }
@@ -90,8 +91,9 @@ void CColorStatic::paintEvent(QPaintEvent* event) {
     painter.fillRect(rect(), m_background);
     painter.setPen(m_fontColor);
     const QRect place = rect().adjusted(kColorTextMargin, 0, -kColorTextMargin, 0);
-    painter.drawText(place, int(m_alignment) | Qt::TextSingleLine,
-                     fontMetrics().elidedText(toolkit::LineStart(text()), Qt::ElideRight, place.width()));
+    painter.drawText(
+        place, int(m_alignment) | Qt::TextSingleLine,
+        fontMetrics().elidedText(toolkit::LineStart(text()), Qt::ElideRight, place.width()));
 }
 
 namespace toolkit {

@@ -30,8 +30,8 @@ TOOLKIT_EXPORT void KeepOnScreen(QWidget& window);
 /// window that the owner has.
 TOOLKIT_EXPORT void MinimiseWindow(QWidget& window);
 /// From now on every window, except those that pop up, is kept on its screen when it is shown for
-/// the first time; a dialog without a place of its own comes up over its window. Where a person puts
-/// it afterwards it stays.
+/// the first time; a dialog without a place of its own comes up over its window. Where a person
+/// puts it afterwards it stays.
 TOOLKIT_EXPORT void KeepNewWindowsOnScreen(QApplication& app);
 
 } // namespace toolkit

@@ -169,12 +169,12 @@ void Client::ConnectSession() {
         window->Messages().Show(MessageKind::kInfo, text);
         TellAtTheActiveWindow(text);
     });
-    session.SetActionSink([this](const LoggedAction& action) {
+    session.SetActionSink([this](const site::LoggedAction& action) {
         window->ActionLog().Model().Add({action.at, action.person, action.action});
     });
     WithoutFault(session, [this] {
         std::vector<ActionLogEntry> entries;
-        for (const LoggedAction& action : session.Tables().Actions(ActionLogModel::kMost))
+        for (const site::LoggedAction& action : session.Tables().Actions(ActionLogModel::kMost))
             entries.push_back({action.at, action.person, action.action});
         window->ActionLog().Model().SetEntries(entries);
     });

@@ -2,7 +2,6 @@
 
 #include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
-#include "host/data/SiteWriter.h"
 #include "host/ui/HelpWindows.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
@@ -11,6 +10,7 @@
 #include "host/ui/plan/FloorPlanPane.h"
 #include "include/IKXVeskPicture.h"
 #include "include/KXEvents.h"
+#include "site/sqlite/SiteWriter.h"
 #include "toolkit/Prompts.h"
 #include "toolkit/WindowRegistry.h"
 
@@ -104,7 +104,7 @@ void Client::MakeProject() {
     if (dialog.exec() != QDialog::Accepted)
         return;
     const bool isMade = WithoutFault(session, [&] {
-        SiteWriter(*session.Folder()).AddProject(dialog.Name());
+        site::SiteWriter(*session.Folder()).AddProject(dialog.Name());
         session.LogAction(u"新建工程“%1”"_s.arg(dialog.Name()));
     });
     if (!isMade)

@@ -19,10 +19,11 @@ std::optional<QString> TakeValue(const QStringList& words, qsizetype& at) {
     return words[++at];
 }
 
-bool ReadSample(const QString& value, SampleSize& sample) {
-    static const std::map<QString, SampleSize> sizes = {{u"small"_s, SampleSize::kSmall},
-                                                        {u"full"_s, SampleSize::kFull},
-                                                        {u"none"_s, SampleSize::kNone}};
+bool ReadSample(const QString& value, sample::SampleSize& sample) {
+    static const std::map<QString, sample::SampleSize> sizes = {
+        {u"small"_s, sample::SampleSize::kSmall},
+        {u"full"_s, sample::SampleSize::kFull},
+        {u"none"_s, sample::SampleSize::kNone}};
     const auto found = sizes.find(value);
     if (found == sizes.end())
         return false;
@@ -30,12 +31,12 @@ bool ReadSample(const QString& value, SampleSize& sample) {
     return true;
 }
 
-bool ReadTransfers(const QString& value, TransferRules& rules) {
-    static const std::map<QString, TransferRules> kinds = {
+bool ReadTransfers(const QString& value, site::TransferRules& rules) {
+    static const std::map<QString, site::TransferRules> kinds = {
         {u"normal"_s, {}},
         {u"slow"_s, {400}},
-        {u"fail"_s, {0, TransferFault::kInTheMiddle}},
-        {u"hang"_s, {0, TransferFault::kNeverEnds}}};
+        {u"fail"_s, {0, site::TransferFault::kInTheMiddle}},
+        {u"hang"_s, {0, site::TransferFault::kNeverEnds}}};
     const auto found = kinds.find(value);
     if (found == kinds.end())
         return false;

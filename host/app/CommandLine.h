@@ -1,8 +1,8 @@
 // What the person wrote behind the program's name.
 #pragma once
 
-#include "host/data/Transfer.h"
-#include "host/sample/SampleSize.h"
+#include "sample/SampleSize.h"
+#include "site/transfer/Transfer.h"
 
 #include <QString>
 #include <QStringList>
@@ -19,10 +19,11 @@ enum class Road {
 
 struct CommandLine {
     Road road = Road::kClient;
-    QString dataFolder;                    ///< empty: the user's own
-    QString userName;                      ///< empty: asked for
-    SampleSize sample = SampleSize::kFull; ///< the site that a folder without one gets
-    TransferRules transfers;               ///< slow or failing, for demonstrations
+    QString dataFolder; ///< empty: the user's own
+    QString userName;   ///< empty: asked for
+    sample::SampleSize sample =
+        sample::SampleSize::kFull; ///< the site that a folder without one gets
+    site::TransferRules transfers; ///< slow or failing, for demonstrations
     QString tourFolder;
     int tourScale = 1;       ///< device pixels for each pixel, 1 to 4
     QStringList importWords; ///< what stands behind "import", without --data and --sample

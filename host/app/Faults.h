@@ -1,7 +1,7 @@
 // Failures of the data folder on their way to the person.
 #pragma once
 
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 
 #include <utility>
 
@@ -12,7 +12,7 @@ template <typename Work> bool WithoutFault(HostSession& session, Work&& work) {
     try {
         std::forward<Work>(work)();
         return true;
-    } catch (const DataError& error) {
+    } catch (const site::DataError& error) {
         session.ReportHostMessage(MessageLevel::kError, error.Text());
         return false;
     }

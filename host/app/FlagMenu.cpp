@@ -1,6 +1,6 @@
 #include "host/app/FlagMenu.h"
 
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 #include "host/ui/ObserverHub.h"
 #include "host/ui/PhotoCount.h"
 #include "include/IKXVeskPicture.h"

@@ -1,10 +1,10 @@
 #include "host/app/FlagPhotos.h"
 
 #include "host/app/Faults.h"
-#include "host/data/BimPhotos.h"
 #include "host/services/PicPanelTree.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
+#include "site/sqlite/BimPhotos.h"
 #include "toolkit/GbkText.h"
 
 #include <set>
@@ -58,7 +58,7 @@ FlagPhotos ReadFlagPhotos(HostSession& session, qint32 ppid, const MarkFlag& fla
             ++photos.others;
     }
     WithoutFault(session, [&] {
-        for (const KX_DATA::BimPicRow& row : BimPhotos(session.Folder()->Db()).Rows(ids))
+        for (const KX_DATA::BimPicRow& row : site::BimPhotos(session.Folder()->Db()).Rows(ids))
             photos.named.push_back(PhotoOf(row));
     });
     return photos;

@@ -51,7 +51,7 @@ void ImportFlow::Ask(const QStringList& paths) {
         return;
     std::vector<ImportProject> projects;
     WithoutFault(session, [&] {
-        for (const ProjectEntry& project : session.OpenProjects())
+        for (const site::ProjectEntry& project : session.OpenProjects())
             projects.push_back({project.ppid, project.name});
     });
     if (projects.empty()) {

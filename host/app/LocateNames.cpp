@@ -1,8 +1,8 @@
 #include "host/app/LocateNames.h"
 
 #include "host/app/Faults.h"
-#include "host/data/BimPhotos.h"
 #include "host/ui/marks/MarkFlag.h"
+#include "site/sqlite/BimPhotos.h"
 
 namespace host {
 
@@ -12,7 +12,8 @@ QString PhotoLocatedText(HostSession& session, const LocateTarget& target) {
     QString photo = u"（已不存在）"_s;
     QString mark = UnknownMarkName();
     WithoutFault(session, [&] {
-        for (const KX_DATA::BimPicRow& row : BimPhotos(session.Folder()->Db()).Rows({target.picId}))
+        for (const KX_DATA::BimPicRow& row :
+             site::BimPhotos(session.Folder()->Db()).Rows({target.picId}))
             photo = row.fileName;
         const auto marks = session.Marks();
         if (const auto known = marks.find(target.markId); known != marks.end())
@@ -22,7 +23,7 @@ QString PhotoLocatedText(HostSession& session, const LocateTarget& target) {
 }
 
 QString CheckpointLocatedText(HostSession& session, qint32 checkpointId) {
-    CheckpointPlace place;
+    site::CheckpointPlace place;
     WithoutFault(session, [&] { place = session.Tables().PlaceOfCheckpoint(checkpointId); });
     return place.drawing.isEmpty()
                ? u"定位图纸上的检查点：已不存在"_s

@@ -26,7 +26,7 @@ constexpr QEvent::Type kReadIssues = QEvent::Type(QEvent::User + 1);
 
 /// Limits as the module passes them through.
 struct PassedLimits {
-    explicit PassedLimits(const PanelFilter& filter)
+    explicit PassedLimits(const site::PanelFilter& filter)
         : from(filter.from), to(filter.to), flag(filter.timed ? 1 : 0) {}
 
     qint64 from;
@@ -141,7 +141,7 @@ bool MarkFlow::IsNeeded(MarkKind kind) const {
            parts.panel.IsPageInSight(kind);
 }
 
-PanelFilter MarkFlow::FilterOf(MarkKind kind) const {
+site::PanelFilter MarkFlow::FilterOf(MarkKind kind) const {
     const MarkDays days = parts.panel.Page(kind).State().days;
     const auto [from, to] = days.limited ? SecondsOf(days) : std::pair<qint64, qint64>();
     return PanelFilterOf(parts.session, from, to, days.limited ? 1 : 0, {});
@@ -151,8 +151,8 @@ void MarkFlow::Read(MarkKind kind) {
     if (parts.session.Folder() == nullptr || !IsNeeded(kind))
         return;
     WithoutFault(parts.session, [&] {
-        const PanelFilter filter = FilterOf(kind);
-        const Database::Stamp stamp = parts.session.Folder()->Db().ChangeStamp();
+        const site::PanelFilter filter = FilterOf(kind);
+        const site::Database::Stamp stamp = parts.session.Folder()->Db().ChangeStamp();
         LastRead& last = lastReads[kind];
         if (last.stamp == stamp && last.filter == filter)
             return;
@@ -165,7 +165,7 @@ void MarkFlow::Read(MarkKind kind) {
     Apply(kind);
 }
 
-void MarkFlow::ReadEntries(MarkKind kind, const PanelFilter& filter) {
+void MarkFlow::ReadEntries(MarkKind kind, const site::PanelFilter& filter) {
     PassedLimits limits(filter);
     std::vector<KX_DATA::PicFilterEntry> entries;
     std::vector<HiddenOfGroup> hidden;
@@ -182,14 +182,14 @@ void MarkFlow::ReadEntries(MarkKind kind, const PanelFilter& filter) {
 }
 
 /// The module's lists leave hidden photos out; panel and flags say beside them how many there are.
-std::vector<HiddenOfGroup> MarkFlow::ReadHidden(const PanelFilter& filter) {
+std::vector<HiddenOfGroup> MarkFlow::ReadHidden(const site::PanelFilter& filter) {
     std::vector<HiddenOfGroup> groups;
     HiddenPhotos photos;
-    for (const PanelFloor& floor : parts.session.Panel()->Photos(filter)) {
+    for (const site::PanelFloor& floor : parts.session.Panel()->Photos(filter)) {
         HiddenOfGroup& group = groups.emplace_back();
         group.group = PanelGroupName(floor.name);
-        for (const PanelPlace& place : floor.places) {
-            for (const PanelMark& mark : place.marks) {
+        for (const site::PanelPlace& place : floor.places) {
+            for (const site::PanelMark& mark : place.marks) {
                 if (mark.hidden == 0)
                     continue;
                 group.marks[mark.markId] += mark.hidden;
@@ -202,14 +202,14 @@ std::vector<HiddenOfGroup> MarkFlow::ReadHidden(const PanelFilter& filter) {
 }
 
 /// Ticks of single issues: what the limits leave out waits, what nothing leaves out is gone.
-void MarkFlow::RelistTicks(const PanelFilter& filter) {
+void MarkFlow::RelistTicks(const site::PanelFilter& filter) {
     MarkTreeModel& model = parts.panel.Page(MarkKind::kIssues).Model();
     std::set<MarkEntry> missing = model.Ticks().Exceptions();
     if (missing.empty())
         return;
-    for (const PanelIssueFloor& floor : parts.session.Panel()->Issues(filter)) {
+    for (const site::PanelIssueFloor& floor : parts.session.Panel()->Issues(filter)) {
         const QString group = PanelGroupName(floor.name);
-        for (const PanelIssue& issue : floor.issues)
+        for (const site::PanelIssue& issue : floor.issues)
             missing.erase({group, issue.markId, issue.questionId});
     }
     MarkTicks ticks = model.Ticks();
@@ -257,11 +257,11 @@ void MarkFlow::OnShownChanged(MarkKind kind, bool on) {
 std::vector<IssueName> MarkFlow::IssuesOf(const QString& group, qint32 markId) const {
     std::vector<IssueName> issues;
     WithoutFault(parts.session, [&] {
-        for (const PanelIssueFloor& floor :
+        for (const site::PanelIssueFloor& floor :
              parts.session.Panel()->Issues(FilterOf(MarkKind::kIssues))) {
             if (PanelGroupName(floor.name) != group)
                 continue;
-            for (const PanelIssue& issue : floor.issues) {
+            for (const site::PanelIssue& issue : floor.issues) {
                 if (issue.markId == markId)
                     issues.push_back({issue.questionId, issue.theme});
             }

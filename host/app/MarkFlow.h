@@ -1,10 +1,10 @@
 // Marks on their way from the data over the panel and the module to the view, and back by clicks.
 #pragma once
 
-#include "host/data/Database.h"
-#include "host/data/PanelFilter.h"
 #include "host/ui/ModelView.h"
 #include "host/ui/marks/MarkState.h"
+#include "site/PanelFilter.h"
+#include "site/sqlite/Database.h"
 
 #include <QObject>
 #include <QTimer>
@@ -55,20 +55,20 @@ protected:
 private:
     /// What was read at last; reading it again would give the same.
     struct LastRead {
-        PanelFilter filter;
-        Database::Stamp stamp;
+        site::PanelFilter filter;
+        site::Database::Stamp stamp;
     };
     void ConnectPage(MarkPage& page);
     void Read(MarkKind kind);
-    void ReadEntries(MarkKind kind, const PanelFilter& filter);
-    std::vector<HiddenOfGroup> ReadHidden(const PanelFilter& filter);
-    void RelistTicks(const PanelFilter& filter);
+    void ReadEntries(MarkKind kind, const site::PanelFilter& filter);
+    std::vector<HiddenOfGroup> ReadHidden(const site::PanelFilter& filter);
+    void RelistTicks(const site::PanelFilter& filter);
     void ReadIssuesWhenPainted();
     void Apply(MarkKind kind);
     void OnShownChanged(MarkKind kind, bool on);
     void OpenFlag(const MarkFlag& flag);
     [[nodiscard]] bool IsNeeded(MarkKind kind) const;
-    [[nodiscard]] PanelFilter FilterOf(MarkKind kind) const;
+    [[nodiscard]] site::PanelFilter FilterOf(MarkKind kind) const;
     [[nodiscard]] std::vector<IssueName> IssuesOf(const QString& group, qint32 markId) const;
     [[nodiscard]] QString SettingName() const;
 

@@ -12,9 +12,9 @@ namespace {
 
 using CountsByKey = std::map<QString, PhotoCount>;
 
-PhotoCount CountOf(const PanelPlace& place) {
+PhotoCount CountOf(const site::PanelPlace& place) {
     PhotoCount count;
-    for (const PanelMark& mark : place.marks)
+    for (const site::PanelMark& mark : place.marks)
         count += {mark.count, mark.hidden};
     return count;
 }
@@ -23,9 +23,9 @@ PhotoCount CountOf(const PanelPlace& place) {
 /// key.
 class ProjectPhotos {
 public:
-    ProjectPhotos(qint32 ppid, const std::vector<PanelFloor>& photos) {
-        for (const PanelFloor& floor : photos) {
-            for (const PanelPlace& place : floor.places) {
+    ProjectPhotos(qint32 ppid, const std::vector<site::PanelFloor>& photos) {
+        for (const site::PanelFloor& floor : photos) {
+            for (const site::PanelPlace& place : floor.places) {
                 if (place.ppid != ppid)
                     continue;
                 if (names.empty() || names.back() != floor.name)
@@ -87,11 +87,11 @@ std::vector<QString> FloorsOf(std::vector<QString> ofModel, const ProjectPhotos&
 
 } // namespace
 
-FloorPlanModel ReadFloorPlan(const std::vector<ProjectEntry>& projects,
-                             const std::vector<PanelFloor>& photos) {
+FloorPlanModel ReadFloorPlan(const std::vector<site::ProjectEntry>& projects,
+                             const std::vector<site::PanelFloor>& photos) {
     FloorPlanModel model;
     PlanFloor others;
-    for (const ProjectEntry& project : projects) {
+    for (const site::ProjectEntry& project : projects) {
         if (model.projectName.isEmpty())
             model.projectName = project.name;
         const ProjectPhotos counts(project.ppid, photos);
@@ -111,14 +111,14 @@ FloorPlanModel ReadFloorPlan(const std::vector<ProjectEntry>& projects,
 }
 
 FloorPlanModel ReadFloorPlan(HostSession& session) {
-    std::vector<ProjectEntry> projects;
-    std::vector<PanelFloor> photos;
+    std::vector<site::ProjectEntry> projects;
+    std::vector<site::PanelFloor> photos;
     const bool isRead = WithoutFault(session, [&] {
         if (session.CurrentProject().ppid == 0)
             return;
         projects = session.OpenProjects();
-        PanelFilter everything;
-        for (const ProjectEntry& project : projects)
+        site::PanelFilter everything;
+        for (const site::ProjectEntry& project : projects)
             everything.ppids.push_back(project.ppid);
         photos = session.Panel()->Photos(everything);
     });

@@ -2,9 +2,9 @@
 // the data.
 #pragma once
 
-#include "host/data/Catalogue.h"
-#include "host/data/PicPanel.h"
 #include "host/ui/plan/FloorPlanModel.h"
+#include "site/sqlite/Catalogue.h"
+#include "site/sqlite/PicPanel.h"
 
 namespace host {
 
@@ -15,8 +15,8 @@ class HostSession;
 /// behind the others. Without projects there are no floors; where a service fails, what could be
 /// read so far.
 /// @param photos  of these projects, without limits.
-[[nodiscard]] FloorPlanModel ReadFloorPlan(const std::vector<ProjectEntry>& projects,
-                                           const std::vector<PanelFloor>& photos);
+[[nodiscard]] FloorPlanModel ReadFloorPlan(const std::vector<site::ProjectEntry>& projects,
+                                           const std::vector<site::PanelFloor>& photos);
 /// Of what the session has open; the person is told of a fault, and there are no floors then.
 [[nodiscard]] FloorPlanModel ReadFloorPlan(HostSession& session);
 

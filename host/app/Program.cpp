@@ -3,12 +3,12 @@
 #include "host/app/Client.h"
 #include "host/app/Platform.h"
 #include "host/app/StartUp.h"
-#include "host/data/HostSession.h"
 #include "host/import/ImportCommand.h"
-#include "host/tour/Tour.h"
+#include "host/session/HostSession.h"
 #include "toolkit/GbkText.h"
 #include "toolkit/Look.h"
 #include "toolkit/Prompts.h"
+#include "tour/Tour.h"
 
 #include <QApplication>
 #include <QTextStream>

@@ -1,6 +1,6 @@
 #include "host/app/ProjectChoices.h"
 
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 
 #include <algorithm>
 
@@ -23,9 +23,9 @@ QString ChoiceText(const ProjectChoice& choice) {
 
 std::vector<ProjectChoice> ReadProjectChoices(HostSession& session) {
     std::vector<ProjectChoice> choices;
-    for (const ProjectEntry& project : session.Tables().Projects())
+    for (const site::ProjectEntry& project : session.Tables().Projects())
         choices.push_back({project.name, project.ppid, 0});
-    for (const WorksetEntry& workset : session.Tables().Worksets())
+    for (const site::WorksetEntry& workset : session.Tables().Worksets())
         choices.push_back({u"工作集：%1"_s.arg(workset.name), 0, workset.id});
     return choices;
 }

@@ -1,9 +1,9 @@
 #include "host/app/SampleMaking.h"
 
 #include "host/app/Platform.h"
-#include "host/data/HostSession.h"
-#include "host/sample/SampleSite.h"
+#include "host/session/HostSession.h"
 #include "host/ui/ProgressWindow.h"
+#include "sample/SampleSite.h"
 
 #include <QElapsedTimer>
 
@@ -27,10 +27,10 @@ bool PrintProgress(QElapsedTimer& sinceLine, int done, int total, const QString&
     return true;
 }
 
-bool CreateWithLines(DataFolder& folder, SampleSize size, QString& error) {
+bool CreateWithLines(site::DataFolder& folder, sample::SampleSize size, QString& error) {
     QElapsedTimer sinceLine;
     sinceLine.start();
-    return CreateSampleSite(
+    return sample::CreateSampleSite(
         folder, size,
         [&](int done, int total, const QString& what) {
             return PrintProgress(sinceLine, done, total, what);
@@ -38,11 +38,11 @@ bool CreateWithLines(DataFolder& folder, SampleSize size, QString& error) {
         error);
 }
 
-bool CreateWithWindow(DataFolder& folder, SampleSize size, QString& error) {
+bool CreateWithWindow(site::DataFolder& folder, sample::SampleSize size, QString& error) {
     ProgressWindow window(nullptr, u"首次启动：正在生成示例工程"_s,
                           ProgressWindow::Cancel::kPossible);
     window.Begin();
-    const bool isMade = CreateSampleSite(
+    const bool isMade = sample::CreateSampleSite(
         folder, size,
         [&](int done, int total, const QString& what) {
             window.SetText(u"数据文件夹还没有工程，正在生成示例工程。\n"_s + what);

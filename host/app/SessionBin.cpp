@@ -1,7 +1,7 @@
 #include "host/app/SessionBin.h"
 
 #include "host/app/Faults.h"
-#include "host/data/Bin.h"
+#include "site/sqlite/Bin.h"
 
 #include <map>
 
@@ -11,10 +11,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString KindText(BinKind kind) {
-    static const std::map<BinKind, QString> texts = {{BinKind::kBimPhoto, u"BIM模型照片"_s},
-                                                     {BinKind::kPdfPhoto, u"图纸照片"_s},
-                                                     {BinKind::kIssue, u"TN问题"_s}};
+QString KindText(site::BinKind kind) {
+    static const std::map<site::BinKind, QString> texts = {
+        {site::BinKind::kBimPhoto, u"BIM模型照片"_s},
+        {site::BinKind::kPdfPhoto, u"图纸照片"_s},
+        {site::BinKind::kIssue, u"TN问题"_s}};
     const auto known = texts.find(kind);
     return known != texts.end() ? known->second : u"未知类型（%1）"_s.arg(static_cast<int>(kind));
 }
@@ -24,11 +25,11 @@ QString KindText(BinKind kind) {
 std::vector<BinRow> SessionBin::ReadBin() {
     std::vector<BinRow> rows;
     WithoutFault(session, [&] {
-        Bin bin(session.Folder()->Db(), session.Folder()->Store());
-        for (const BinEntry& entry : bin.List()) {
+        site::Bin bin(session.Folder()->Db(), session.Folder()->Store());
+        for (const site::BinEntry& entry : bin.List()) {
             rows.push_back({entry.id, KindText(entry.kind), entry.title,
                             session.ProjectName(entry.ppid), entry.deletedBy, entry.deletedAt,
-                            entry.deletedAt + kBinSeconds});
+                            entry.deletedAt + site::kBinSeconds});
         }
     });
     return rows;
@@ -37,7 +38,7 @@ std::vector<BinRow> SessionBin::ReadBin() {
 int SessionBin::RestoreFromBin(const std::vector<qint64>& binIds) {
     int restored = 0;
     WithoutFault(session, [&] {
-        Bin bin(session.Folder()->Db(), session.Folder()->Store());
+        site::Bin bin(session.Folder()->Db(), session.Folder()->Store());
         restored = bin.Restore(binIds);
         session.LogAction(u"从回收站恢复 %1 项"_s.arg(restored));
     });

@@ -1,10 +1,10 @@
 #include "host/app/StartUp.h"
 
 #include "host/app/SampleMaking.h"
-#include "host/data/HostSession.h"
-#include "host/data/SiteWriter.h"
+#include "host/session/HostSession.h"
 #include "host/ui/SignInDialog.h"
 #include "services/IKXAuthMng.h"
+#include "site/sqlite/SiteWriter.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -43,7 +43,7 @@ QString MakeFirstUser(HostSession& session, const QString& wanted) {
     std::vector<qint32> rights;
     for (const auto& [right, word] : RightWords())
         rights.push_back(right);
-    SiteWriter(*session.Folder()).AddUser(name, rights);
+    site::SiteWriter(*session.Folder()).AddUser(name, rights);
     return name;
 }
 
@@ -86,10 +86,11 @@ StartResult OpenSite(HostSession& session, const CommandLine& line) {
     if (const auto fault = session.OpenFolder(DataFolderOf(line)))
         return {false, fault->text};
     try {
-        if (line.sample == SampleSize::kNone || !SiteWriter(*session.Folder()).IsEmpty())
+        if (line.sample == sample::SampleSize::kNone ||
+            !site::SiteWriter(*session.Folder()).IsEmpty())
             return {};
         return MakeSample(session, line);
-    } catch (const DataError& error) {
+    } catch (const site::DataError& error) {
         return {false, error.Text()};
     }
 }
@@ -97,7 +98,7 @@ StartResult OpenSite(HostSession& session, const CommandLine& line) {
 StartResult SignInUser(HostSession& session, const CommandLine& line) {
     try {
         return SignInOne(session, line);
-    } catch (const DataError& error) {
+    } catch (const site::DataError& error) {
         return {false, error.Text()};
     }
 }

@@ -20,7 +20,7 @@ namespace {
 constexpr int kReportMs = 50;
 
 /// A program that is told to quit ends all loops; the transfer still has to end, so it is told too.
-void RunUntilDone(RunningTransfer& transfer) {
+void RunUntilDone(site::RunningTransfer& transfer) {
     QEventLoop loop;
     transfer.WhenDone(
         [&loop] { QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection); });
@@ -33,14 +33,14 @@ void RunUntilDone(RunningTransfer& transfer) {
 
 } // namespace
 
-void TransferWait::Wait(RunningTransfer& transfer) {
+void TransferWait::Wait(site::RunningTransfer& transfer) {
     if (transfer.WaitDone(times.cursorMs))
         return;
     InputBlock noInput;
     RunLoop(transfer, noInput);
 }
 
-void TransferWait::RunLoop(RunningTransfer& transfer, InputBlock& block) {
+void TransferWait::RunLoop(site::RunningTransfer& transfer, InputBlock& block) {
     const ExProgress::Hold hold(progress);
     QPointer<ProgressWindow> own; // goes with its parent if that ends meanwhile
     if (progress.Window() == nullptr) {

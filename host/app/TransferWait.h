@@ -1,7 +1,7 @@
 // What a person sees while a file is fetched on which everything waits.
 #pragma once
 
-#include "host/data/RunningTransfer.h"
+#include "site/transfer/RunningTransfer.h"
 
 namespace host {
 
@@ -13,7 +13,7 @@ class InputBlock;
 /// All windows go on painting; no input gets through but to that window, in which the transfer can
 /// be cancelled. What follows in a batch whose window was cancelled is cancelled at once.
 /// Thread: user interface.
-class TransferWait final : public ITransferWait {
+class TransferWait final : public site::ITransferWait {
 public:
     struct Times {
         int cursorMs = 100;
@@ -25,10 +25,10 @@ public:
     TransferWait(ExProgress& progressService, const Times& other)
         : progress(progressService), times(other) {}
 
-    void Wait(RunningTransfer& transfer) override;
+    void Wait(site::RunningTransfer& transfer) override;
 
 private:
-    void RunLoop(RunningTransfer& transfer, InputBlock& block);
+    void RunLoop(site::RunningTransfer& transfer, InputBlock& block);
 
     ExProgress& progress;
     const Times times;

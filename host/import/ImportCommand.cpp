@@ -1,8 +1,8 @@
 #include "host/import/ImportCommand.h"
 
-#include "host/data/DataFolder.h"
 #include "host/import/ImportTarget.h"
 #include "host/import/Importer.h"
+#include "site/sqlite/DataFolder.h"
 
 #include <QElapsedTimer>
 #include <QTextStream>
@@ -59,7 +59,7 @@ constexpr std::array kOptions{
            " [--floor 楼层 --x X轴 --y Y轴] [--mark 标识]\n"_s;
 }
 
-[[nodiscard]] int Import(DataFolder& folder, const ImportRequest& request, QTextStream& out,
+[[nodiscard]] int Import(site::DataFolder& folder, const ImportRequest& request, QTextStream& out,
                          QTextStream& err) {
     QElapsedTimer sinceLast;
     sinceLast.start();
@@ -82,7 +82,7 @@ constexpr std::array kOptions{
 
 } // namespace
 
-int RunImportCommand(DataFolder& folder, const QStringList& words, QTextStream& out,
+int RunImportCommand(site::DataFolder& folder, const QStringList& words, QTextStream& out,
                      QTextStream& err) {
     ImportNames names;
     const QString wrong = ReadWords(words, names);
@@ -93,7 +93,7 @@ int RunImportCommand(DataFolder& folder, const QStringList& words, QTextStream& 
     }
     try {
         if (!folder.IsOpen()) {
-            if (const std::optional<OpenFault> fault = folder.Open()) {
+            if (const std::optional<site::OpenFault> fault = folder.Open()) {
                 err << fault->text << u'\n';
                 err.flush();
                 return kStopped;
@@ -106,7 +106,7 @@ int RunImportCommand(DataFolder& folder, const QStringList& words, QTextStream& 
         err << target.error << u'\n';
         err.flush();
         return kWrongWords;
-    } catch (const DataError& error) {
+    } catch (const site::DataError& error) {
         err << error.Text() << u'\n';
         err.flush();
         return kStopped;

@@ -5,9 +5,11 @@
 
 class QTextStream;
 
-namespace host {
-
+namespace site {
 class DataFolder;
+} // namespace site
+
+namespace host {
 
 /// import FOLDER... --project NAME --user NAME [--floor F --x X --y Y] [--mark M]
 ///
@@ -16,7 +18,7 @@ class DataFolder;
 /// @param folder  opened here if it isn't open.
 /// @return        exit code: 0 all done (refused files included), 1 stopped by a fault, 2 the words
 ///                make no sense or name what doesn't exist.
-[[nodiscard]] int RunImportCommand(DataFolder& folder, const QStringList& words, QTextStream& out,
-                                   QTextStream& err);
+[[nodiscard]] int RunImportCommand(site::DataFolder& folder, const QStringList& words,
+                                   QTextStream& out, QTextStream& err);
 
 } // namespace host

@@ -1,12 +1,12 @@
 #include "host/import/ImportFiler.h"
 
-#include "host/data/DataError.h"
+#include "site/DataError.h"
 
 namespace host {
 
 using namespace Qt::StringLiterals;
 
-ImportFiler::ImportFiler(DataFolder& folder, ImportRequest target)
+ImportFiler::ImportFiler(site::DataFolder& folder, ImportRequest target)
     : writer(folder), request(std::move(target)) {}
 
 ImportLine ImportFiler::File(const ExaminedFile& file) {
@@ -17,7 +17,7 @@ ImportLine ImportFiler::File(const ExaminedFile& file) {
         if (writer.FindPhotoByMd5(request.ppid, file.md5) != 0) {
             return {file.path, ImportOutcome::kDuplicate, u"工程中已有相同的照片"_s};
         }
-        NewBimPhoto photo;
+        site::NewBimPhoto photo;
         photo.ppid = request.ppid;
         photo.fileName = file.displayName;
         photo.positionKey = request.positionKey;
@@ -26,8 +26,8 @@ ImportLine ImportFiler::File(const ExaminedFile& file) {
         photo.uploadTime = file.time;
         writer.FilePhoto(photo, {{}, file.bytes});
         return {file.path, ImportOutcome::kFiled, photo.fileName};
-    } catch (const DataError& error) {
-        const bool onlyThisFile = error.GetFault() == Fault::kBadName;
+    } catch (const site::DataError& error) {
+        const bool onlyThisFile = error.GetFault() == site::Fault::kBadName;
         return {file.path, onlyThisFile ? ImportOutcome::kRefused : ImportOutcome::kFailed,
                 error.Text()};
     }

@@ -1,9 +1,9 @@
 // Files examined pictures as photos of a project.
 #pragma once
 
-#include "host/data/SiteWriter.h"
 #include "host/import/FileExamination.h"
 #include "host/import/ImportReport.h"
+#include "site/sqlite/SiteWriter.h"
 
 namespace host {
 
@@ -11,13 +11,13 @@ namespace host {
 /// nothing half filed. Thread: that of the data folder.
 class ImportFiler final {
 public:
-    ImportFiler(DataFolder& folder, ImportRequest target);
+    ImportFiler(site::DataFolder& folder, ImportRequest target);
 
     /// Never throws; kFailed means that no further file needs to be tried.
     [[nodiscard]] ImportLine File(const ExaminedFile& file);
 
 private:
-    SiteWriter writer;
+    site::SiteWriter writer;
     ImportRequest request;
 };
 

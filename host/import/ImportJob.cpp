@@ -18,7 +18,7 @@ namespace {
 
 } // namespace
 
-ImportJob::ImportJob(DataFolder& dataFolder, QObject* parent)
+ImportJob::ImportJob(site::DataFolder& dataFolder, QObject* parent)
     : QObject(parent), folder(dataFolder) {}
 
 ImportJob::~ImportJob() = default;

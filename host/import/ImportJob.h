@@ -7,9 +7,12 @@
 
 #include <memory>
 
+namespace site {
+class DataFolder;
+} // namespace site
+
 namespace host {
 
-class DataFolder;
 class ImportFiler;
 class ImportScanner;
 
@@ -21,7 +24,7 @@ class ImportJob final : public QObject {
 
 public:
     /// The folder must be open and outlive the job.
-    explicit ImportJob(DataFolder& dataFolder, QObject* parent = nullptr);
+    explicit ImportJob(site::DataFolder& dataFolder, QObject* parent = nullptr);
     ~ImportJob() override;
 
     /// False while one is running: nothing happens then.
@@ -42,7 +45,7 @@ private:
     void FileOne();
     void End();
 
-    DataFolder& folder;
+    site::DataFolder& folder;
     std::unique_ptr<ImportFiler> filer;
     std::unique_ptr<ImportScanner> scanner; ///< null: no import is running
     ImportReport report;

@@ -6,9 +6,11 @@
 #include <QString>
 #include <QStringList>
 
-namespace host {
-
+namespace site {
 class DataFolder;
+} // namespace site
+
+namespace host {
 
 /// Names as written. Empty ones aren't asked for, save project and user.
 struct ImportNames {
@@ -27,6 +29,6 @@ struct ImportTarget {
 };
 
 /// Looks everything up. Throws DataError. Thread: that of the open data folder.
-[[nodiscard]] ImportTarget FindImportTarget(DataFolder& folder, const ImportNames& names);
+[[nodiscard]] ImportTarget FindImportTarget(site::DataFolder& folder, const ImportNames& names);
 
 } // namespace host

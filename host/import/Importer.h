@@ -5,9 +5,11 @@
 
 #include <functional>
 
-namespace host {
-
+namespace site {
 class DataFolder;
+} // namespace site
+
+namespace host {
 
 /// Called after each file on the thread of Run; false ends the import after this file.
 using ImportProgress = std::function<bool(const ImportStep&)>;
@@ -17,13 +19,13 @@ using ImportProgress = std::function<bool(const ImportStep&)>;
 class Importer final {
 public:
     /// The folder must be open and outlive the importer.
-    explicit Importer(DataFolder& dataFolder) : folder(dataFolder) {}
+    explicit Importer(site::DataFolder& dataFolder) : folder(dataFolder) {}
 
     [[nodiscard]] ImportReport Run(const ImportRequest& request,
                                    const ImportProgress& progress = {});
 
 private:
-    DataFolder& folder;
+    site::DataFolder& folder;
 };
 
 } // namespace host

@@ -1,6 +1,6 @@
 #include "host/services/AuthServices.h"
 
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 #include "toolkit/GbkText.h"
 
 namespace host {

@@ -1,6 +1,5 @@
 #include "services/Factories.h"
 
-#include "host/data/HostSession.h"
 #include "host/services/AuthServices.h"
 #include "host/services/CacheServices.h"
 #include "host/services/FilesDownloadMng.h"
@@ -13,6 +12,7 @@
 #include "host/services/TNQuestionMng.h"
 #include "host/services/UnbuiltServices.h"
 #include "host/services/VeskPicMng.h"
+#include "host/session/HostSession.h"
 
 namespace {
 

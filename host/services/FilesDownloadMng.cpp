@@ -1,8 +1,8 @@
 #include "host/services/FilesDownloadMng.h"
 
-#include "host/data/FetchedFiles.h"
-#include "host/data/HostSession.h"
-#include "host/data/RunningTransfer.h"
+#include "host/session/HostSession.h"
+#include "site/transfer/FetchedFiles.h"
+#include "site/transfer/RunningTransfer.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -17,7 +17,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Who keeps the person informed; null where nobody waits at a window.
-ITransferWait* WaitOfThisThread() {
+site::ITransferWait* WaitOfThisThread() {
     const HostSession* session = HostSession::Current();
     const QCoreApplication* app = QCoreApplication::instance();
     return app != nullptr && QThread::currentThread() == app->thread() && session != nullptr
@@ -26,16 +26,16 @@ ITransferWait* WaitOfThisThread() {
 }
 
 /// On a thread of its own, while the interface thread keeps the person informed.
-TransferOutcome FetchWaiting(const TransferPlace& place, const QString& uuid,
-                             const QString& localPath, ITransferWait& wait) {
-    RunningTransfer transfer;
-    TransferOutcome outcome;
+site::TransferOutcome FetchWaiting(const site::TransferPlace& place, const QString& uuid,
+                                   const QString& localPath, site::ITransferWait& wait) {
+    site::RunningTransfer transfer;
+    site::TransferOutcome outcome;
     const std::stop_callback folderCloses(place.stop, [&transfer] { transfer.Cancel(); });
-    const TransferPlace cancellable{place.dataFolder, place.rules, transfer.StopToken()};
+    const site::TransferPlace cancellable{place.dataFolder, place.rules, transfer.StopToken()};
     const auto work = [&] {
-        transfer.NoteTotal(StoredSize(place.dataFolder, uuid));
-        outcome = FetchFile(cancellable, uuid, localPath,
-                            [&](qint64 bytes) { transfer.NoteBytes(bytes); });
+        transfer.NoteTotal(site::StoredSize(place.dataFolder, uuid));
+        outcome = site::FetchFile(cancellable, uuid, localPath,
+                                  [&](qint64 bytes) { transfer.NoteBytes(bytes); });
         transfer.Finish();
     };
     try {
@@ -54,11 +54,12 @@ void FilesDownloadMng::DownloadFile(KX_DATA::TransferResult& result, const QStri
                                     qint32 /*value*/) {
     result = {};
     const auto desk = HostSession::CurrentDesk();
-    TransferOutcome outcome;
-    const auto fetch = [&](const TransferPlace& place) {
+    site::TransferOutcome outcome;
+    const auto fetch = [&](const site::TransferPlace& place) {
         // What needs no transfer needs no thread and nobody kept informed.
-        ITransferWait* wait = IsKnownWhole(localPath, uuid) ? nullptr : WaitOfThisThread();
-        outcome = wait == nullptr ? FetchFile(place, uuid, localPath)
+        site::ITransferWait* wait =
+            site::IsKnownWhole(localPath, uuid) ? nullptr : WaitOfThisThread();
+        outcome = wait == nullptr ? site::FetchFile(place, uuid, localPath)
                                   : FetchWaiting(place, uuid, localPath, *wait);
     };
     if (desk == nullptr || !desk->Run(fetch)) {

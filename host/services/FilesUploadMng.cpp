@@ -1,7 +1,7 @@
 #include "host/services/FilesUploadMng.h"
 
-#include "host/data/HostSession.h"
-#include "host/data/Upload.h"
+#include "host/session/HostSession.h"
+#include "site/transfer/Upload.h"
 
 namespace host {
 
@@ -11,11 +11,11 @@ bool FilesUploadMng::UploadFile(const std::vector<KX_DATA::UploadItem>& items, q
                                 KX_DATA::UploadResult& result, QString& errorText) {
     const auto desk = HostSession::CurrentDesk();
     bool stored = false;
-    const auto store = [&](const TransferPlace& place) {
+    const auto store = [&](const site::TransferPlace& place) {
         try {
-            result = StoreUpload(place.dataFolder, items.front().path);
+            result = site::StoreUpload(place.dataFolder, items.front().path);
             stored = true;
-        } catch (const DataError& fault) {
+        } catch (const site::DataError& fault) {
             errorText = fault.Text();
         }
     };

@@ -28,7 +28,7 @@ bool GlobalData::IsWorksetMode() {
 void GlobalData::GetOpenProjectIds(std::vector<qint32>& ids) {
     ids.clear();
     Guarded(u"读取工程"_s, false, [&](HostSession& session) {
-        for (const ProjectEntry& project : session.OpenProjects()) {
+        for (const site::ProjectEntry& project : session.OpenProjects()) {
             ids.push_back(project.ppid);
         }
         return true;
@@ -38,7 +38,7 @@ void GlobalData::GetOpenProjectIds(std::vector<qint32>& ids) {
 void GlobalData::GetWorksetProjects(std::vector<KX_DATA::WorksetProject>& projects) {
     projects.clear();
     Guarded(u"读取工程"_s, false, [&](HostSession& session) {
-        for (const ProjectEntry& project : session.OpenProjects()) {
+        for (const site::ProjectEntry& project : session.OpenProjects()) {
             projects.push_back({project.ppid, project.name});
         }
         return true;

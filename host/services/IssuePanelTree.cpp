@@ -5,10 +5,10 @@
 namespace host {
 
 std::vector<KX_DATA::IssueFilterSource> IssueFilterEntries(HostSession& session,
-                                                           const PanelFilter& filter) {
+                                                           const site::PanelFilter& filter) {
     std::vector<KX_DATA::IssueFilterSource> entries;
     std::map<qint32, qint32> counts;
-    for (const PanelIssueFloor& floor : session.Panel()->Issues(filter)) {
+    for (const site::PanelIssueFloor& floor : session.Panel()->Issues(filter)) {
         const QString name = PanelGroupName(floor.name);
         // Floors of the same name of several projects follow each other.
         if (entries.empty() || entries.back().name != name) {
@@ -16,7 +16,7 @@ std::vector<KX_DATA::IssueFilterSource> IssueFilterEntries(HostSession& session,
             counts.clear();
         }
         KX_DATA::IssueFilterSource& entry = entries.back();
-        for (const PanelIssue& issue : floor.issues) {
+        for (const site::PanelIssue& issue : floor.issues) {
             ++counts[issue.markId];
         }
         entry.count += static_cast<qint32>(floor.issues.size());
@@ -29,15 +29,15 @@ std::vector<KX_DATA::IssueFilterSource> IssueFilterEntries(HostSession& session,
 }
 
 std::vector<KX_DATA::IssueMarkGroup> IssueMarkGroups(HostSession& session,
-                                                     const PanelFilter& filter) {
+                                                     const site::PanelFilter& filter) {
     std::vector<KX_DATA::IssueMarkGroup> groups;
-    for (const PanelIssueFloor& floor : session.Panel()->Issues(filter)) {
+    for (const site::PanelIssueFloor& floor : session.Panel()->Issues(filter)) {
         KX_DATA::IssueMarkGroup& group = groups.emplace_back();
         group.name = PanelGroupName(floor.name);
         group.id = floor.ppid;
         group.count = static_cast<qint32>(floor.issues.size());
         group.entries.reserve(floor.issues.size());
-        for (const PanelIssue& issue : floor.issues) {
+        for (const site::PanelIssue& issue : floor.issues) {
             group.entries.push_back(
                 {issue.theme, issue.questionId, issue.posText, issue.component, issue.markId});
         }

@@ -1,16 +1,16 @@
 // The mark panel's list and tree of issues, from the data.
 #pragma once
 
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 
 namespace host {
 
 /// One entry a floor, with pairs of count and mark.
-[[nodiscard]] std::vector<KX_DATA::IssueFilterSource> IssueFilterEntries(HostSession& session,
-                                                                         const PanelFilter& filter);
+[[nodiscard]] std::vector<KX_DATA::IssueFilterSource>
+IssueFilterEntries(HostSession& session, const site::PanelFilter& filter);
 /// One group a floor and project, whose id is the project's, with an entry for each issue: theme,
 /// question id, place on the floor, component, mark id.
 [[nodiscard]] std::vector<KX_DATA::IssueMarkGroup> IssueMarkGroups(HostSession& session,
-                                                                   const PanelFilter& filter);
+                                                                   const site::PanelFilter& filter);
 
 } // namespace host

@@ -1,6 +1,6 @@
 #include "host/services/ListFilters.h"
 
-#include "host/data/RectifyStates.h"
+#include "site/RectifyStates.h"
 
 namespace host {
 
@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // What the filters of all three lists have in common.
-template <typename Filter> ListFilter CommonFilterOf(const Filter& filter) {
-    ListFilter result;
+template <typename Filter> site::ListFilter CommonFilterOf(const Filter& filter) {
+    site::ListFilter result;
     result.ppids = filter.projectIds;
     result.keyword = filter.keyword;
     if (filter.markId != 0) {
@@ -19,14 +19,14 @@ template <typename Filter> ListFilter CommonFilterOf(const Filter& filter) {
     if (!filter.noDateLimit) {
         result.modified = {filter.startTime, filter.endTime};
     }
-    if (!filter.status.isEmpty() && filter.status != StateNames().front()) {
-        result.state = StateFromName(filter.status);
-        result.nothing = result.state == kStateUnknown;
+    if (!filter.status.isEmpty() && filter.status != site::StateNames().front()) {
+        result.state = site::StateFromName(filter.status);
+        result.nothing = result.state == site::kStateUnknown;
     }
     return result;
 }
 
-void AddLabel(const QString& labelId, ListFilter& filter) {
+void AddLabel(const QString& labelId, site::ListFilter& filter) {
     if (!labelId.isEmpty()) {
         bool isNumber = false;
         filter.labelId = labelId.toInt(&isNumber);
@@ -36,8 +36,8 @@ void AddLabel(const QString& labelId, ListFilter& filter) {
 
 } // namespace
 
-ListFilter BimFilterOf(const KX_DATA::PicQueryFilter& filter) {
-    ListFilter result = CommonFilterOf(filter);
+site::ListFilter BimFilterOf(const KX_DATA::PicQueryFilter& filter) {
+    site::ListFilter result = CommonFilterOf(filter);
     AddLabel(filter.labelId, result);
     if (!filter.presetKey.isEmpty()) {
         result.fixed = {{u"position_key"_s, filter.presetKey}};
@@ -46,8 +46,8 @@ ListFilter BimFilterOf(const KX_DATA::PicQueryFilter& filter) {
     return result;
 }
 
-ListFilter IssueFilterOf(const KX_DATA::PicQueryFilter& filter) {
-    ListFilter result = CommonFilterOf(filter);
+site::ListFilter IssueFilterOf(const KX_DATA::PicQueryFilter& filter) {
+    site::ListFilter result = CommonFilterOf(filter);
     if (!filter.presetKey.isEmpty()) {
         result.fixed = {{u"floor"_s, filter.presetKey}};
         result.fixedIndex = u"issue_of_floor"_s;
@@ -58,9 +58,9 @@ ListFilter IssueFilterOf(const KX_DATA::PicQueryFilter& filter) {
     return result;
 }
 
-ListFilter PdfFilterOf(const KX_DATA::PdfQueryFilter& filter) {
+site::ListFilter PdfFilterOf(const KX_DATA::PdfQueryFilter& filter) {
     constexpr qint32 kNoLimit = -1;
-    ListFilter result = CommonFilterOf(filter);
+    site::ListFilter result = CommonFilterOf(filter);
     AddLabel(filter.labelId, result);
     if (filter.drawingId != kNoLimit) {
         result.fixed.emplace_back(u"drawing_id"_s, filter.drawingId);
@@ -73,11 +73,11 @@ ListFilter PdfFilterOf(const KX_DATA::PdfQueryFilter& filter) {
     return result;
 }
 
-ListOrder OrderOf(const KX_DATA::PageRequest& request) {
+site::ListOrder OrderOf(const KX_DATA::PageRequest& request) {
     return {request.sortField, request.sortOrder == u"desc"_s};
 }
 
-KX_DATA::PageResult ResultOf(const ListPage& page, const KX_DATA::PageRequest& request) {
+KX_DATA::PageResult ResultOf(const site::ListPage& page, const KX_DATA::PageRequest& request) {
     KX_DATA::PageResult result;
     const qint64 size = request.pageSize;
     result.totalCount = static_cast<qint32>(page.total);

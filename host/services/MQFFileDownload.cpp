@@ -1,6 +1,6 @@
 #include "host/services/MQFFileDownload.h"
 
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 
 #include <algorithm>
 #include <limits>
@@ -26,7 +26,7 @@ void MQFFileDownload::StartDownload(const QString& taskId,
                                     const KX_DATA::FileDownloadRecord& record, qint32 /*kind*/) {
     Note(taskId, [](Task& task) { task = {}; });
     const auto desk = HostSession::CurrentDesk();
-    const auto run = [this, taskId, record](const TransferPlace& place) {
+    const auto run = [this, taskId, record](const site::TransferPlace& place) {
         Run(taskId, record, place);
     };
     if (desk == nullptr || !desk->Start(run)) {
@@ -38,12 +38,13 @@ void MQFFileDownload::StartDownload(const QString& taskId,
 }
 
 void MQFFileDownload::Run(const QString& taskId, const KX_DATA::FileDownloadRecord& record,
-                          const TransferPlace& place) {
-    const qint64 size = StoredSize(place.dataFolder, record.uuid);
+                          const site::TransferPlace& place) {
+    const qint64 size = site::StoredSize(place.dataFolder, record.uuid);
     Note(taskId, [size](Task& task) { task.size = std::max<qint64>(size, 0); });
-    const TransferOutcome outcome =
-        FetchFile(place, record.uuid, record.localPath,
-                  [&](qint64 bytes) { Note(taskId, [bytes](Task& task) { task.bytes = bytes; }); });
+    const site::TransferOutcome outcome =
+        site::FetchFile(place, record.uuid, record.localPath, [&](qint64 bytes) {
+            Note(taskId, [bytes](Task& task) { task.bytes = bytes; });
+        });
     Note(taskId, [&outcome](Task& task) {
         task.error = outcome.text;
         task.state = outcome.ok ? KX_DATA::kDownloadFinished : KX_DATA::kDownloadFailed;

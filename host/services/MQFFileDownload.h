@@ -1,7 +1,7 @@
 // Fetching stored files in the background.
 #pragma once
 
-#include "host/data/SessionDesk.h"
+#include "host/session/SessionDesk.h"
 #include "services/IKXFilesMng.h"
 
 #include <QHash>
@@ -32,7 +32,7 @@ private:
         QString error;
     };
     void Run(const QString& taskId, const KX_DATA::FileDownloadRecord& record,
-             const TransferPlace& place);
+             const site::TransferPlace& place);
     void Note(const QString& taskId, const std::function<void(Task&)>& change);
 
     std::mutex lock; ///< guards tasks

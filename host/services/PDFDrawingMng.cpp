@@ -1,8 +1,8 @@
 #include "host/services/PDFDrawingMng.h"
 
-#include "host/data/PdfPhotos.h"
 #include "host/services/ServiceGuard.h"
 #include "services/IVeskPicMng.h"
+#include "site/sqlite/PdfPhotos.h"
 
 #include <QDateTime>
 
@@ -26,7 +26,8 @@ bool PDFDrawingMng::DeleteComment(qint32 /*drawingId*/, qint64 /*commentId*/) {
 
 qint32 PDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) {
     return Guarded(u"读取检查点"_s, 0, [&](HostSession& session) {
-        RequireFound(PdfPhotos(session.Folder()->Db()).Checkpoint(drawingId, record), u"检查点"_s);
+        RequireFound(site::PdfPhotos(session.Folder()->Db()).Checkpoint(drawingId, record),
+                     u"检查点"_s);
         return KX_DATA::kServiceOk;
     });
 }
@@ -34,7 +35,7 @@ qint32 PDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& recor
 qint32 PDFDrawingMng::UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) {
     value = 0;
     return Guarded(u"修改检查点"_s, 0, [&](HostSession& session) {
-        RequireFound(PdfPhotos(session.Folder()->Db())
+        RequireFound(site::PdfPhotos(session.Folder()->Db())
                          .UpdateCheckpoint(edit, QDateTime::currentSecsSinceEpoch()),
                      u"检查点"_s);
         return KX_DATA::kServiceOk;

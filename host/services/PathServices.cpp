@@ -1,7 +1,7 @@
 #include "host/services/PathServices.h"
 
-#include "host/data/StoreName.h"
 #include "host/services/ServiceGuard.h"
+#include "site/StoreName.h"
 
 #include <QDir>
 
@@ -20,7 +20,8 @@ QString CacheFolder(qint32 ppid, const QString& leaf) {
     return Guarded(u"读取缓存文件夹"_s, QString(), [&](HostSession& session) {
         const QString folder = session.Folder()->CachePath(ppid, leaf);
         if (folder.isEmpty()) {
-            throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, leaf));
+            throw site::DataError(site::Fault::kNotWritable,
+                                  site::FaultText(site::Fault::kNotWritable, leaf));
         }
         return WithSeparator(folder);
     });
@@ -30,7 +31,8 @@ QString MadeFolder(const QString& below) {
     return Guarded(u"读取缓存文件夹"_s, QString(), [&](HostSession& session) {
         const QString folder = session.Folder()->Path() + u'/' + below;
         if (!QDir().mkpath(folder)) {
-            throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, folder));
+            throw site::DataError(site::Fault::kNotWritable,
+                                  site::FaultText(site::Fault::kNotWritable, folder));
         }
         return WithSeparator(folder);
     });
@@ -71,7 +73,7 @@ void VeskPathTool::GetRichFolder(QString& folder) {
 }
 
 void VeskPathTool::GetAttachFolder(QString& folder, const QString& key) {
-    folder = IsPlainFileName(key) ? MadeFolder(u"cache/rich/"_s + key) : QString();
+    folder = site::IsPlainFileName(key) ? MadeFolder(u"cache/rich/"_s + key) : QString();
 }
 
 void VeskPathTool::GetOpenFolder(QString& folder) {

@@ -12,17 +12,17 @@ namespace {
 /// whether another client has changed the data.
 class ItemMaker {
 public:
-    ItemMaker(HostSession& session, const PanelFilter& filter)
+    ItemMaker(HostSession& session, const site::PanelFilter& filter)
         : names(session, filter), marks(session.Marks()) {}
 
-    [[nodiscard]] KX_DATA::PicMarkItem ItemOf(const PanelPlace& place) const {
+    [[nodiscard]] KX_DATA::PicMarkItem ItemOf(const site::PanelPlace& place) const {
         const std::string project = std::to_string(place.ppid);
         KX_DATA::PicMarkItem item;
         item.positionKey = toolkit::ToGbk(place.positionKey);
         item.itemName = names.NameOf(place);
         item.groupId = kPicGroup;
         item.leaves.reserve(place.marks.size());
-        for (const PanelMark& counted : place.marks) {
+        for (const site::PanelMark& counted : place.marks) {
             if (counted.count == 0) {
                 continue;
             }
@@ -53,12 +53,12 @@ QString PanelGroupName(const QString& floor) {
     return floor.isEmpty() ? OtherGroupName() : floor;
 }
 
-PanelFilter PanelFilterOf(HostSession& session, qint64 from, qint64 to, quint8 flag,
-                          const KX_DATA::MarkFilterArg& filterArg) {
-    PanelFilter filter;
+site::PanelFilter PanelFilterOf(HostSession& session, qint64 from, qint64 to, quint8 flag,
+                                const KX_DATA::MarkFilterArg& filterArg) {
+    site::PanelFilter filter;
     filter.ppids = filterArg.projectIds;
     if (filter.ppids.empty()) {
-        for (const ProjectEntry& project : session.OpenProjects()) {
+        for (const site::ProjectEntry& project : session.OpenProjects()) {
             filter.ppids.push_back(project.ppid);
         }
     }
@@ -70,18 +70,18 @@ PanelFilter PanelFilterOf(HostSession& session, qint64 from, qint64 to, quint8 f
 }
 
 std::vector<KX_DATA::PicFilterEntry> PicFilterEntries(HostSession& session,
-                                                      const PanelFilter& filter) {
+                                                      const site::PanelFilter& filter) {
     std::vector<KX_DATA::PicFilterEntry> entries;
-    for (const PanelFloor& floor : session.Panel()->Photos(filter)) {
-        if (!HasShownPhotos(floor)) {
+    for (const site::PanelFloor& floor : session.Panel()->Photos(filter)) {
+        if (!site::HasShownPhotos(floor)) {
             continue;
         }
         KX_DATA::PicFilterEntry& entry = entries.emplace_back();
         entry.name = PanelGroupName(floor.name);
         entry.id = kPicGroup;
         std::map<qint32, qint32> counts;
-        for (const PanelPlace& place : floor.places) {
-            for (const PanelMark& mark : place.marks) {
+        for (const site::PanelPlace& place : floor.places) {
+            for (const site::PanelMark& mark : place.marks) {
                 if (mark.count > 0) {
                     counts[mark.markId] += mark.count;
                     entry.count += mark.count;
@@ -93,19 +93,20 @@ std::vector<KX_DATA::PicFilterEntry> PicFilterEntries(HostSession& session,
     return entries;
 }
 
-std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session, const PanelFilter& filter) {
+std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session,
+                                                 const site::PanelFilter& filter) {
     std::vector<KX_DATA::PicMarkGroup> groups;
     const ItemMaker maker(session, filter);
-    for (const PanelFloor& floor : session.Panel()->Photos(filter)) {
-        if (!HasShownPhotos(floor)) {
+    for (const site::PanelFloor& floor : session.Panel()->Photos(filter)) {
+        if (!site::HasShownPhotos(floor)) {
             continue;
         }
         KX_DATA::PicMarkGroup& group = groups.emplace_back();
         group.name = toolkit::ToGbk(PanelGroupName(floor.name));
         group.id = kPicGroup;
         group.items.reserve(floor.places.size());
-        for (const PanelPlace& place : floor.places) {
-            if (HasShownPhotos(place)) {
+        for (const site::PanelPlace& place : floor.places) {
+            if (site::HasShownPhotos(place)) {
                 group.items.push_back(maker.ItemOf(place));
             }
         }
@@ -113,7 +114,7 @@ std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session, const Pan
     return groups;
 }
 
-PanelItemNames::PanelItemNames(HostSession& session, const PanelFilter& filter) {
+PanelItemNames::PanelItemNames(HostSession& session, const site::PanelFilter& filter) {
     if (filter.ppids.size() < 2) {
         return;
     }
@@ -122,7 +123,7 @@ PanelItemNames::PanelItemNames(HostSession& session, const PanelFilter& filter) 
     }
 }
 
-std::string PanelItemNames::NameOf(const PanelPlace& place) const {
+std::string PanelItemNames::NameOf(const site::PanelPlace& place) const {
     const auto prefix = prefixes.find(place.ppid);
     // What hangs on no floor ends up in a single item, whose name is then the only one.
     return prefix == prefixes.end() || place.positionKey.isEmpty()

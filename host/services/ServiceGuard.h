@@ -1,7 +1,7 @@
 // What every service does around its work: no session, a fault of the data, nothing built yet.
 #pragma once
 
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 
 #include <QLoggingCategory>
 
@@ -25,7 +25,7 @@ inline void Unimplemented(const char* operation) {
 /// Inside of Guarded: what was asked for isn't there, perhaps any more. `name` names it.
 inline void RequireFound(bool found, const QString& name) {
     if (!found) {
-        throw DataError(Fault::kMissing, FaultText(Fault::kMissing, name));
+        throw site::DataError(site::Fault::kMissing, site::FaultText(site::Fault::kMissing, name));
     }
 }
 

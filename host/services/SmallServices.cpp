@@ -1,7 +1,7 @@
 #include "host/services/SmallServices.h"
 
-#include "host/data/RectifyStates.h"
 #include "host/services/ServiceGuard.h"
+#include "site/RectifyStates.h"
 
 namespace host {
 
@@ -11,8 +11,9 @@ Q_LOGGING_CATEGORY(serviceLog, "host.services")
 
 void ReportFault(const QString& what, const std::exception& fault) {
     qCWarning(serviceLog, "%s: %s", qUtf8Printable(what), fault.what());
-    const auto* known = dynamic_cast<const DataError*>(&fault);
-    const QString reason = known != nullptr ? known->Text() : FaultText(Fault::kOther, {});
+    const auto* known = dynamic_cast<const site::DataError*>(&fault);
+    const QString reason =
+        known != nullptr ? known->Text() : site::FaultText(site::Fault::kOther, {});
     if (HostSession* session = HostSession::Current()) {
         session->ReportHostMessage(MessageLevel::kError, FaultHead(what) + reason);
     }
@@ -78,11 +79,11 @@ void RecentSearchMng::GetRecent(std::vector<QString>& keywords) {
 }
 
 void ConvertProjStateTool::StateToText(QString& text, qint32 state) {
-    text = StateName(state);
+    text = site::StateName(state);
 }
 
 qint32 ConvertProjStateTool::TextToState(const QString& text) {
-    return StateFromName(text);
+    return site::StateFromName(text);
 }
 
 } // namespace host

@@ -1,12 +1,12 @@
 #include "host/services/TNQuestionMng.h"
 
-#include "host/data/Bin.h"
-#include "host/data/Issues.h"
 #include "host/services/IssuePanelTree.h"
 #include "host/services/ListFilters.h"
 #include "host/services/PicPanelTree.h"
 #include "host/services/ServiceGuard.h"
 #include "services/IVeskPicMng.h"
+#include "site/sqlite/Bin.h"
+#include "site/sqlite/Issues.h"
 
 namespace host {
 
@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Without both ends all times count.
-PanelFilter IssuePanelFilterOf(HostSession& session, quint8 flag, const qint64* from,
-                               const qint64* to, const KX_DATA::MarkFilterArg& filterArg) {
+site::PanelFilter IssuePanelFilterOf(HostSession& session, quint8 flag, const qint64* from,
+                                     const qint64* to, const KX_DATA::MarkFilterArg& filterArg) {
     const bool isTimed = from != nullptr && to != nullptr;
     return PanelFilterOf(session, isTimed ? *from : 0, isTimed ? *to : 0, isTimed ? flag : 0,
                          filterArg);
@@ -32,11 +32,11 @@ qint32 TNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
                                   const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                   std::vector<KX_DATA::IssueRow>& rows) {
     return GuardedQuestion(u"查询TN问题"_s, 0, [&](HostSession& session) {
-        const ListPage page =
-            session.Lists()->Fetch(ListKind::kIssues, IssueFilterOf(filter), OrderOf(request),
+        const site::ListPage page =
+            session.Lists()->Fetch(site::ListKind::kIssues, IssueFilterOf(filter), OrderOf(request),
                                    request.page, request.pageSize);
         result = ResultOf(page, request);
-        rows = Issues(session.Folder()->Db()).Rows(page.ids);
+        rows = site::Issues(session.Folder()->Db()).Rows(page.ids);
         return KX_DATA::kServiceOk;
     });
 }
@@ -64,9 +64,9 @@ void TNQuestionMng::GetIssueFilterList(quint8 flag, const qint64* from, const qi
 
 bool TNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
     return Guarded(u"删除TN问题"_s, false, [&](HostSession& session) {
-        const DataFolder& folder = *session.Folder();
+        const site::DataFolder& folder = *session.Folder();
         const int gone =
-            Bin(folder.Db(), folder.Store()).DeleteIssues(questionIds, session.UserName());
+            site::Bin(folder.Db(), folder.Store()).DeleteIssues(questionIds, session.UserName());
         RequireSome(session, u"删除TN问题"_s, gone, questionIds.size());
         return true;
     });
@@ -75,7 +75,7 @@ bool TNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
 bool TNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& questionIds,
                                    bool hidden) {
     return Guarded(u"修改问题状态"_s, false, [&](HostSession& session) {
-        const int changed = Issues(session.Folder()->Db())
+        const int changed = site::Issues(session.Folder()->Db())
                                 .SetStatus(ppid, questionIds,
                                            hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown);
         RequireSome(session, u"修改问题状态"_s, changed, questionIds.size());
@@ -86,7 +86,8 @@ bool TNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& ques
 qint32 TNQuestionMng::GetIssueDetail(const qint32& ppid, const QString& questionId,
                                      KX_DATA::QuestionDetail& detail) {
     return Guarded(u"读取TN问题"_s, 0, [&](HostSession& session) {
-        RequireFound(Issues(session.Folder()->Db()).Detail(ppid, questionId, detail), u"TN问题"_s);
+        RequireFound(site::Issues(session.Folder()->Db()).Detail(ppid, questionId, detail),
+                     u"TN问题"_s);
         return 1;
     });
 }
@@ -98,14 +99,16 @@ bool TNQuestionMng::UpdateIssue(qint32 /*ppid*/, const KX_DATA::IssueUpdate& /*u
 qint32 TNQuestionMng::GetIssuePics(const qint32& ppid, const QString& questionId, qint32 /*kind*/,
                                    std::vector<KX_DATA::QuestionPicRecord>& pics) {
     return Guarded(u"读取问题照片"_s, 0, [&](HostSession& session) {
-        RequireFound(Issues(session.Folder()->Db()).Pics(ppid, questionId, pics), u"TN问题"_s);
+        RequireFound(site::Issues(session.Folder()->Db()).Pics(ppid, questionId, pics),
+                     u"TN问题"_s);
         return 1;
     });
 }
 
 bool TNQuestionMng::GetRectification(const QString& questionId, KX_DATA::RectifyRecord& record) {
     return Guarded(u"读取整改情况"_s, false, [&](HostSession& session) {
-        RequireFound(Issues(session.Folder()->Db()).Rectification(questionId, record), u"TN问题"_s);
+        RequireFound(site::Issues(session.Folder()->Db()).Rectification(questionId, record),
+                     u"TN问题"_s);
         return true;
     });
 }
@@ -129,7 +132,7 @@ bool TNQuestionMng::GetUsedMarks(qint32 kind, std::vector<qint32>& markIds) {
         return false;
     }
     return Guarded(u"读取问题标识"_s, false, [&](HostSession& session) {
-        markIds = Issues(session.Folder()->Db()).UsedMarks();
+        markIds = site::Issues(session.Folder()->Db()).UsedMarks();
         return true;
     });
 }

@@ -11,12 +11,12 @@ namespace {
 
 using MarkPhotos = std::map<qint32, std::vector<KX_DATA::ShownPicItem>>;
 
-MarkPhotos MarksOf(const PanelFloor& floor, const PanelItemNames& names, bool withPhotos,
+MarkPhotos MarksOf(const site::PanelFloor& floor, const PanelItemNames& names, bool withPhotos,
                    const std::function<bool(qint32)>& isTicked) {
     MarkPhotos marks;
-    for (const PanelPlace& place : floor.places) {
+    for (const site::PanelPlace& place : floor.places) {
         std::string name;
-        for (const PanelMark& mark : place.marks) {
+        for (const site::PanelMark& mark : place.marks) {
             // A mark without photos in its list would stand for all of its photos.
             if (mark.count == 0 || !isTicked(mark.markId)) {
                 continue;
@@ -38,14 +38,14 @@ MarkPhotos MarksOf(const PanelFloor& floor, const PanelItemNames& names, bool wi
 
 } // namespace
 
-KX_DATA::ShownPicMarks TickedPics(HostSession& session, const PanelFilter& filter,
+KX_DATA::ShownPicMarks TickedPics(HostSession& session, const site::PanelFilter& filter,
                                   const PicTicks& ticks) {
     KX_DATA::ShownPicMarks shown;
     const PanelItemNames names(session, filter);
-    for (const PanelFloor& floor : session.Panel()->Photos(filter)) {
+    for (const site::PanelFloor& floor : session.Panel()->Photos(filter)) {
         const QString group = PanelGroupName(floor.name);
         const Qt::CheckState state = ticks.ofGroup(group);
-        if (state == Qt::Unchecked || !HasShownPhotos(floor)) {
+        if (state == Qt::Unchecked || !site::HasShownPhotos(floor)) {
             continue;
         }
         if (state == Qt::Checked && !filter.HasLimits()) {
@@ -65,23 +65,24 @@ KX_DATA::ShownPicMarks TickedPics(HostSession& session, const PanelFilter& filte
     return shown;
 }
 
-KX_DATA::ShownIssueMarks TickedIssues(HostSession& session, const PanelFilter& filter,
+KX_DATA::ShownIssueMarks TickedIssues(HostSession& session, const site::PanelFilter& filter,
                                       const IssueTicks& ticks) {
-    std::vector<const PanelIssue*> ticked;
-    for (const PanelIssueFloor& floor : session.Panel()->Issues(filter)) {
+    std::vector<const site::PanelIssue*> ticked;
+    for (const site::PanelIssueFloor& floor : session.Panel()->Issues(filter)) {
         const QString group = PanelGroupName(floor.name);
-        for (const PanelIssue& issue : floor.issues) {
+        for (const site::PanelIssue& issue : floor.issues) {
             if (ticks(group, issue.markId, issue.questionId)) {
                 ticked.push_back(&issue);
             }
         }
     }
     // In order, so that every one finds its place in the map at the end.
-    std::sort(ticked.begin(), ticked.end(), [](const PanelIssue* one, const PanelIssue* other) {
-        return one->questionId < other->questionId;
-    });
+    std::sort(ticked.begin(), ticked.end(),
+              [](const site::PanelIssue* one, const site::PanelIssue* other) {
+                  return one->questionId < other->questionId;
+              });
     KX_DATA::ShownIssueMarks shown;
-    for (const PanelIssue* issue : ticked) {
+    for (const site::PanelIssue* issue : ticked) {
         shown.emplace_hint(shown.end(), issue->questionId, issue->markId);
     }
     return shown;

@@ -1,12 +1,12 @@
 #include "host/services/VeskPicMng.h"
 
-#include "host/data/BimPhotos.h"
-#include "host/data/Bin.h"
-#include "host/data/PdfPhotos.h"
-#include "host/data/RectifyStates.h"
 #include "host/services/ListFilters.h"
 #include "host/services/PicPanelTree.h"
 #include "host/services/ServiceGuard.h"
+#include "site/RectifyStates.h"
+#include "site/sqlite/BimPhotos.h"
+#include "site/sqlite/Bin.h"
+#include "site/sqlite/PdfPhotos.h"
 
 #include <QDateTime>
 
@@ -52,11 +52,11 @@ qint32 VeskPicMng::QueryBimPics(const KX_DATA::PicQueryFilter& filter,
                                 const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                 std::vector<KX_DATA::BimPicRow>& rows) {
     return Page(u"查询BIM模型照片"_s, [&](HostSession& session) {
-        const ListPage page =
-            session.Lists()->Fetch(ListKind::kBimPhotos, BimFilterOf(filter), OrderOf(request),
-                                   request.page, request.pageSize);
+        const site::ListPage page =
+            session.Lists()->Fetch(site::ListKind::kBimPhotos, BimFilterOf(filter),
+                                   OrderOf(request), request.page, request.pageSize);
         result = ResultOf(page, request);
-        rows = BimPhotos(session.Folder()->Db()).Rows(page.ids);
+        rows = site::BimPhotos(session.Folder()->Db()).Rows(page.ids);
     });
 }
 
@@ -64,11 +64,11 @@ qint32 VeskPicMng::QueryPdfPics(const KX_DATA::PdfQueryFilter& filter,
                                 const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                 std::vector<KX_DATA::PdfPicRecord>& rows) {
     return Page(u"查询平面图纸照片"_s, [&](HostSession& session) {
-        const ListPage page =
-            session.Lists()->Fetch(ListKind::kPdfPhotos, PdfFilterOf(filter), OrderOf(request),
-                                   request.page, request.pageSize);
+        const site::ListPage page =
+            session.Lists()->Fetch(site::ListKind::kPdfPhotos, PdfFilterOf(filter),
+                                   OrderOf(request), request.page, request.pageSize);
         result = ResultOf(page, request);
-        rows = PdfPhotos(session.Folder()->Db()).Rows(page.ids);
+        rows = site::PdfPhotos(session.Folder()->Db()).Rows(page.ids);
     });
 }
 
@@ -87,7 +87,7 @@ qint32 VeskPicMng::GetBimPicMarkerList(qint64 from, qint64 to, quint8 flag, qint
                                        std::vector<qint32>& picIds) {
     picIds.clear();
     Done(u"读取照片标识"_s, [&](HostSession& session) {
-        picIds = PicPanel(session.Folder()->Db())
+        picIds = site::PicPanel(session.Folder()->Db())
                      .PicsOfMark(PanelFilterOf(session, from, to, flag, filterArg), markId);
         return true;
     });
@@ -106,9 +106,9 @@ void VeskPicMng::GetBimPicFilterValues(qint64 from, qint64 to, quint8 flag,
 
 bool VeskPicMng::DeleteBimPics(const std::vector<qint32>& picIds) {
     return Done(u"删除BIM模型照片"_s, [&](HostSession& session) {
-        const DataFolder& folder = *session.Folder();
+        const site::DataFolder& folder = *session.Folder();
         const int gone =
-            Bin(folder.Db(), folder.Store()).DeleteBimPhotos(picIds, session.UserName());
+            site::Bin(folder.Db(), folder.Store()).DeleteBimPhotos(picIds, session.UserName());
         RequireSome(session, u"删除BIM模型照片"_s, gone, picIds.size());
         return true;
     });
@@ -116,9 +116,9 @@ bool VeskPicMng::DeleteBimPics(const std::vector<qint32>& picIds) {
 
 bool VeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) {
     return Done(u"删除平面图纸照片"_s, [&](HostSession& session) {
-        const DataFolder& folder = *session.Folder();
-        const int gone =
-            Bin(folder.Db(), folder.Store()).DeletePdfPhotos(ppid, picIds, session.UserName());
+        const site::DataFolder& folder = *session.Folder();
+        const int gone = site::Bin(folder.Db(), folder.Store())
+                             .DeletePdfPhotos(ppid, picIds, session.UserName());
         RequireSome(session, u"删除平面图纸照片"_s, gone, picIds.size());
         return true;
     });
@@ -126,18 +126,19 @@ bool VeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) {
 
 qint32 VeskPicMng::DeleteCheckpointPic(qint32 drawingId, qint32 picId) {
     return Guarded(u"删除检查点照片"_s, 0, [&](HostSession& session) {
-        const DataFolder& folder = *session.Folder();
+        const site::DataFolder& folder = *session.Folder();
         // The viewers call the checkpoint a drawing.
-        const qint32 ppid = PdfPhotos(folder.Db()).ProjectOf(drawingId, picId);
+        const qint32 ppid = site::PdfPhotos(folder.Db()).ProjectOf(drawingId, picId);
         RequireFound(ppid != 0, u"检查点照片"_s);
-        return Bin(folder.Db(), folder.Store()).DeletePdfPhotos(ppid, {picId}, session.UserName());
+        return site::Bin(folder.Db(), folder.Store())
+            .DeletePdfPhotos(ppid, {picId}, session.UserName());
     });
 }
 
 bool VeskPicMng::SetBimPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) {
     return Done(u"修改照片状态"_s, [&](HostSession& session) {
         const int changed =
-            BimPhotos(session.Folder()->Db()).SetStatus(ppid, picIds, StatusOf(hidden));
+            site::BimPhotos(session.Folder()->Db()).SetStatus(ppid, picIds, StatusOf(hidden));
         RequireSome(session, u"修改照片状态"_s, changed, picIds.size());
         return true;
     });
@@ -146,7 +147,7 @@ bool VeskPicMng::SetBimPicsShown(qint32 ppid, const std::vector<qint32>& picIds,
 bool VeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) {
     return Done(u"修改照片状态"_s, [&](HostSession& session) {
         const int changed =
-            PdfPhotos(session.Folder()->Db()).SetStatus(ppid, picIds, StatusOf(hidden));
+            site::PdfPhotos(session.Folder()->Db()).SetStatus(ppid, picIds, StatusOf(hidden));
         RequireSome(session, u"修改照片状态"_s, changed, picIds.size());
         return true;
     });
@@ -155,7 +156,7 @@ bool VeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds,
 qint32 VeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
         KX_DATA::BimPicDetail found;
-        RequireFound(BimPhotos(session.Folder()->Db()).Detail(ppid, picId, found), u"照片"_s);
+        RequireFound(site::BimPhotos(session.Folder()->Db()).Detail(ppid, picId, found), u"照片"_s);
         if (found.status != KX_DATA::kStatusShown) {
             return false; // the module says so itself
         }
@@ -166,7 +167,8 @@ qint32 VeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId, KX_DATA::BimPicDet
 
 qint32 VeskPicMng::GetPdfPicDetail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
-        RequireFound(PdfPhotos(session.Folder()->Db()).Detail(ppid, picId, detail), u"照片"_s);
+        RequireFound(site::PdfPhotos(session.Folder()->Db()).Detail(ppid, picId, detail),
+                     u"照片"_s);
         return true;
     });
 }
@@ -196,7 +198,7 @@ qint32 VeskPicMng::GetFloorAxesY(qint32 ppid, const QString& floor, const QStrin
 bool VeskPicMng::UpdateBimPic(qint32 ppid, const KX_DATA::BimPicUpdate& update) {
     return Done(u"修改照片"_s, [&](HostSession& session) {
         RequireFound(
-            BimPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now()),
+            site::BimPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now()),
             update.fileName);
         return true;
     });
@@ -205,7 +207,7 @@ bool VeskPicMng::UpdateBimPic(qint32 ppid, const KX_DATA::BimPicUpdate& update) 
 bool VeskPicMng::UpdatePdfPic(qint32 ppid, const KX_DATA::PdfPicUpdate& update) {
     return Done(u"修改照片"_s, [&](HostSession& session) {
         RequireFound(
-            PdfPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now()),
+            site::PdfPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now()),
             update.fileName);
         return true;
     });
@@ -214,7 +216,7 @@ bool VeskPicMng::UpdatePdfPic(qint32 ppid, const KX_DATA::PdfPicUpdate& update) 
 qint32 VeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,
                                std::vector<KX_DATA::PicFileEntry>& files) {
     return Status(u"读取照片文件"_s, [&](HostSession& session) {
-        files = BimPhotos(session.Folder()->Db()).Files(picIds);
+        files = site::BimPhotos(session.Folder()->Db()).Files(picIds);
         return true;
     });
 }
@@ -222,7 +224,8 @@ qint32 VeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,
 qint32 VeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
                                      KX_DATA::CheckpointPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
-        RequireFound(PdfPhotos(session.Folder()->Db()).PicDetail(ppid, picId, detail), u"照片"_s);
+        RequireFound(site::PdfPhotos(session.Folder()->Db()).PicDetail(ppid, picId, detail),
+                     u"照片"_s);
         return true;
     });
 }
@@ -230,41 +233,41 @@ qint32 VeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
 qint32 VeskPicMng::GetPicFilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId,
                                          std::vector<KX_DATA::PicFileEntry>& files) {
     return Status(u"读取照片文件"_s, [&](HostSession& session) {
-        files = BimPhotos(session.Folder()->Db()).FilesByPosition(ppid, positionKey, markId);
+        files = site::BimPhotos(session.Folder()->Db()).FilesByPosition(ppid, positionKey, markId);
         return true;
     });
 }
 
 bool VeskPicMng::GetBimLabels(std::vector<KX_DATA::LabelEntry>& labels) {
     return Done(u"读取标签"_s, [&](HostSession& session) {
-        labels = BimPhotos(session.Folder()->Db()).UsedLabels();
+        labels = site::BimPhotos(session.Folder()->Db()).UsedLabels();
         return true;
     });
 }
 
 bool VeskPicMng::GetPdfLabels(std::vector<KX_DATA::LabelEntry>& labels) {
     return Done(u"读取标签"_s, [&](HostSession& session) {
-        labels = PdfPhotos(session.Folder()->Db()).UsedLabels();
+        labels = site::PdfPhotos(session.Folder()->Db()).UsedLabels();
         return true;
     });
 }
 
 bool VeskPicMng::GetUsedBimMarks(std::vector<qint32>& markIds) {
     return Done(u"读取照片标识"_s, [&](HostSession& session) {
-        markIds = BimPhotos(session.Folder()->Db()).UsedMarks();
+        markIds = site::BimPhotos(session.Folder()->Db()).UsedMarks();
         return true;
     });
 }
 
 bool VeskPicMng::GetUsedPdfMarks(std::vector<qint32>& markIds) {
     return Done(u"读取照片标识"_s, [&](HostSession& session) {
-        markIds = PdfPhotos(session.Folder()->Db()).UsedMarks();
+        markIds = site::PdfPhotos(session.Folder()->Db()).UsedMarks();
         return true;
     });
 }
 
 void VeskPicMng::GetStateNames(std::vector<QString>& names) {
-    names = StateNames();
+    names = site::StateNames();
 }
 
 } // namespace host

@@ -48,8 +48,7 @@ QString BinModel::Text(const BinRow& row, int column) const {
 QVariant BinModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
-    const QString text =
-        toolkit::LineStart(Text(rows[std::size_t(index.row())], index.column()));
+    const QString text = toolkit::LineStart(Text(rows[std::size_t(index.row())], index.column()));
     if (role == Qt::DisplayRole)
         return text;
     if (role == Qt::ToolTipRole)

@@ -1,6 +1,5 @@
 #include "tests/monkey/Actions.h"
 
-#include "host/tour/TourDriver.h"
 #include "host/ui/Commands.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
@@ -9,6 +8,7 @@
 #include "tests/monkey/Hands.h"
 #include "tests/monkey/Neighbour.h"
 #include "tests/monkey/Targets.h"
+#include "tour/TourDriver.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -181,7 +181,7 @@ void CloseIt(const Deed& deed, QWidget* window) {
     if (window == ClientWindow() && !deed.Chance(4, kSeldom))
         return;
     Tell(TextOf(window));
-    host::tour::CloseWindow(window);
+    tour::CloseWindow(window);
 }
 
 void DoWindow(const Deed& deed, const Surroundings& surroundings) {
@@ -219,7 +219,7 @@ void DoTaskBar(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     QList<QWidget*> windows = Windows();
     windows.removeIf([](const QWidget* window) {
-        return window->windowType() == Qt::Popup || !host::tour::CanReach(window);
+        return window->windowType() == Qt::Popup || !tour::CanReach(window);
     });
     if (windows.isEmpty())
         return;
@@ -239,7 +239,7 @@ void DoProject(const Deed& deed, const Surroundings& surroundings) {
         return;
     const QString entry = combo->itemText(deed.Of(1, combo->count()));
     Tell(entry);
-    host::tour::ChooseInCombo(combo, entry);
+    tour::ChooseInCombo(combo, entry);
 }
 
 void DoNeighbour(const Deed& deed, const Surroundings& surroundings) {
@@ -265,7 +265,7 @@ void DoDrop(const Deed& deed, const Surroundings& surroundings) {
     if (deed.Chance(2, kSometimes))
         paths = QStringList{surroundings.dropFolder};
     Tell(u"%1 paths"_s.arg(paths.size()));
-    host::tour::DropPaths(client, paths);
+    tour::DropPaths(client, paths);
 }
 
 using Way = void (*)(const Deed&, const Surroundings&);

@@ -1,6 +1,6 @@
 #include "tests/monkey/Hands.h"
 
-#include "host/tour/TourDriver.h"
+#include "tour/TourDriver.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>
@@ -90,7 +90,7 @@ void SendKey(const QPointer<QWindow>& window, Qt::Key key, Qt::KeyboardModifiers
 } // namespace
 
 bool CanReach(const QWidget* widget) {
-    return host::tour::CanReach(widget);
+    return tour::CanReach(widget);
 }
 
 void Click(QWidget* widget, const QPoint& place, const Press& press) {

@@ -3,10 +3,10 @@
 // Exit code: 0 no fault, 1 faults, 2 words that make no sense; a crash as the sanitizer ends it.
 #include "host/app/Client.h"
 #include "host/app/StartUp.h"
-#include "host/data/DataFolder.h"
-#include "host/data/HostSession.h"
-#include "host/data/SiteWriter.h"
-#include "host/sample/SampleSite.h"
+#include "host/session/HostSession.h"
+#include "sample/SampleSite.h"
+#include "site/sqlite/DataFolder.h"
+#include "site/sqlite/SiteWriter.h"
 #include "tests/monkey/Faults.h"
 #include "tests/monkey/Monkey.h"
 #include "tests/monkey/MonkeyPrompts.h"
@@ -70,13 +70,14 @@ Words ReadWords(const QStringList& arguments) {
 
 /// The sample site, made once; from then on it is copied.
 bool MakeSite(const QString& folder) {
-    host::DataFolder data(folder);
+    site::DataFolder data(folder);
     QString error;
     if (const auto fault = data.Open())
         error = fault->text;
-    else if (host::SiteWriter(data).IsEmpty())
-        static_cast<void>(host::CreateSampleSite(
-            data, host::SampleSize::kSmall, [](int, int, const QString&) { return true; }, error));
+    else if (site::SiteWriter(data).IsEmpty())
+        static_cast<void>(sample::CreateSampleSite(
+            data, sample::SampleSize::kSmall, [](int, int, const QString&) { return true; },
+            error));
     if (!error.isEmpty())
         std::fprintf(stderr, "monkey: %s\n", qUtf8Printable(error));
     return error.isEmpty();
@@ -109,10 +110,10 @@ void FillDropFolder(const QString& folder) {
 }
 
 QString ChangeTransfers(host::HostSession& session, const Deed& deed) {
-    using host::TransferFault;
+    using site::TransferFault;
     struct Row {
         const char* name;
-        host::TransferRules rules;
+        site::TransferRules rules;
     };
     static const std::array rows = {
         Row{"good", {}},

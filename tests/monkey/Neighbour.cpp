@@ -1,11 +1,11 @@
 #include "tests/monkey/Neighbour.h"
 
-#include "host/data/Bin.h"
-#include "host/data/DataError.h"
-#include "host/data/Database.h"
-#include "host/data/FileStore.h"
-#include "host/data/FloorOrder.h"
-#include "host/data/SiteWriter.h"
+#include "site/DataError.h"
+#include "site/FloorOrder.h"
+#include "site/blobs/FileStore.h"
+#include "site/sqlite/Bin.h"
+#include "site/sqlite/Database.h"
+#include "site/sqlite/SiteWriter.h"
 #include "tests/monkey/Faults.h"
 #include "tests/roads/SmallSite.h"
 
@@ -22,7 +22,7 @@ constexpr qint64 kTime = 1'700'000'000;
 } // namespace
 
 Neighbour::Neighbour(const QString& dataFolder) : m_data(dataFolder) {
-    host::DataFolder::Options options;
+    site::DataFolder::Options options;
     options.cleanUp = false;
     if (const auto fault = m_data.Open(options))
         TellFault(fault->text);
@@ -60,7 +60,7 @@ QString Neighbour::Change(const Deed& deed) {
         if (bringBack)
             return u"brings the photos back"_s;
         return row.name + u": "_s + (this->*row.change)(deed);
-    } catch (const host::DataError& error) {
+    } catch (const site::DataError& error) {
         return row.name + u": "_s + error.Text();
     }
 }
@@ -73,18 +73,18 @@ QVariant Neighbour::OneOf(const QString& column, const QString& table, const Dee
 
 QString Neighbour::DeletePhoto(const Deed& deed) {
     const qint32 photo = OneOf(u"id"_s, u"bim_photo"_s, deed).toInt();
-    host::Bin(m_data.Db(), m_data.Store()).DeleteBimPhotos({photo}, u"李娜"_s);
+    site::Bin(m_data.Db(), m_data.Store()).DeleteBimPhotos({photo}, u"李娜"_s);
     return QString::number(photo);
 }
 
 QString Neighbour::DeleteIssue(const Deed& deed) {
     QString issue = OneOf(u"question_id"_s, u"issue"_s, deed).toString();
-    host::Bin(m_data.Db(), m_data.Store()).DeleteIssues({issue}, u"李娜"_s);
+    site::Bin(m_data.Db(), m_data.Store()).DeleteIssues({issue}, u"李娜"_s);
     return issue;
 }
 
 QString Neighbour::FilePhoto(const Deed& deed) {
-    host::NewBimPhoto photo;
+    site::NewBimPhoto photo;
     photo.ppid = OneOf(u"ppid"_s, u"project"_s, deed).toInt();
     photo.fileName = u"邻居%1.jpg"_s.arg(deed.number);
     photo.positionKey =
@@ -95,7 +95,7 @@ QString Neighbour::FilePhoto(const Deed& deed) {
     photo.state = deed.Of(3, 5);
     photo.uploader = u"李娜"_s;
     photo.uploadTime = kTime + deed.number;
-    host::SiteWriter writer(m_data);
+    site::SiteWriter writer(m_data);
     return QString::number(
         writer.FilePhoto(photo, {QString(), roads::JpegBytes(deed.dice[4] | 0xFF000000U)}));
 }
@@ -120,19 +120,19 @@ QString Neighbour::RenameFloor(const Deed& deed) {
     QString to = u"层%1"_s.arg(deed.number);
     if (from.isEmpty())
         return u"none"_s;
-    host::SiteWriter(m_data).AddFloor(ppid, to);
+    site::SiteWriter(m_data).AddFloor(ppid, to);
     m_data.Db().Exec(u"UPDATE position SET floor = ? WHERE ppid = ? AND floor = ?"_s,
                      {to, ppid, from});
     m_data.Db().Exec(
         u"UPDATE bim_photo SET floor = ?, floor_sort = ? WHERE ppid = ? AND floor = ?"_s,
-        {to, host::FloorSortKey(to), ppid, from});
+        {to, site::FloorSortKey(to), ppid, from});
     m_data.Db().Exec(u"DELETE FROM floor WHERE ppid = ? AND name = ?"_s, {ppid, from});
     return from;
 }
 
 QString Neighbour::ChangeMark(const Deed& deed) {
     const qint32 mark = deed.Of(1, 6);
-    host::SiteWriter(m_data).AddMark(mark, u"标识%1"_s.arg(deed.number), qint32(deed.dice[2] >> 8));
+    site::SiteWriter(m_data).AddMark(mark, u"标识%1"_s.arg(deed.number), qint32(deed.dice[2] >> 8));
     return QString::number(mark);
 }
 
@@ -162,9 +162,9 @@ void Neighbour::BringPhotosBack() {
 
 QString Neighbour::EmptyBin(const Deed& deed) {
     Q_UNUSED(deed);
-    host::Bin bin(m_data.Db(), m_data.Store());
+    site::Bin bin(m_data.Db(), m_data.Store());
     std::vector<qint64> entries;
-    for (const host::BinEntry& entry : bin.List())
+    for (const site::BinEntry& entry : bin.List())
         entries.push_back(entry.id);
     bin.Purge(entries);
     return QString::number(entries.size());

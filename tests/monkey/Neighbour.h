@@ -1,7 +1,7 @@
 // Another client on the same folder, which changes things without telling anybody.
 #pragma once
 
-#include "host/data/DataFolder.h"
+#include "site/sqlite/DataFolder.h"
 #include "tests/monkey/Deeds.h"
 
 namespace monkey {
@@ -37,7 +37,7 @@ private:
     QString EmptyBin(const Deed& deed);
     [[nodiscard]] QVariant OneOf(const QString& column, const QString& table, const Deed& deed);
 
-    host::DataFolder m_data;
+    site::DataFolder m_data;
     bool m_photosAway = false;
 };
 

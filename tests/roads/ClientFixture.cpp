@@ -1,12 +1,12 @@
 #include "tests/roads/ClientFixture.h"
 
-#include "host/sample/SampleSite.h"
-#include "host/tour/TourDriver.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
+#include "sample/SampleSite.h"
 #include "tests/support/WaitFor.h"
+#include "tour/TourDriver.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -34,11 +34,11 @@ void ClientOnAFolder::Start() {
 
 void ClientOnAFolder::StartOnTheSampleSite() {
     {
-        host::DataFolder data(folder.Path(u"data"_s));
+        site::DataFolder data(folder.Path(u"data"_s));
         ASSERT_FALSE(data.Open());
         QString error;
         const auto goOn = [](int, int, const QString&) { return true; };
-        ASSERT_TRUE(host::CreateSampleSite(data, host::SampleSize::kSmall, goOn, error))
+        ASSERT_TRUE(sample::CreateSampleSite(data, sample::SampleSize::kSmall, goOn, error))
             << error.toStdString();
     }
     ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
@@ -49,12 +49,12 @@ void ClientOnAFolder::StartOnTheSampleSite() {
 
 bool ClientOnAFolder::Press(Qt::Key key) {
     return WaitFor(
-        [this, key] { return host::tour::PressKey(client->Window(), key, Qt::ControlModifier); });
+        [this, key] { return tour::PressKey(client->Window(), key, Qt::ControlModifier); });
 }
 
 bool ClientOnAFolder::ChooseProject(const QString& entry) {
     auto* combo = client->Window()->findChild<QComboBox*>(u"projectChoice"_s);
-    return WaitFor([combo, entry] { return host::tour::ChooseInCombo(combo, entry); });
+    return WaitFor([combo, entry] { return tour::ChooseInCombo(combo, entry); });
 }
 
 host::FloorPlanCanvas& ClientOnAFolder::Plan() const {

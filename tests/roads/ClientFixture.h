@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/app/Client.h"
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 #include "tests/roads/SmallSite.h"
 #include "tests/support/TempFolder.h"
 

@@ -2,10 +2,6 @@
 
 #include "host/app/Faults.h"
 #include "host/app/PlanReader.h"
-#include "host/data/Bin.h"
-#include "host/tour/ConsoleEyes.h"
-#include "host/tour/TourDriver.h"
-#include "host/tour/TourEyes.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
@@ -15,8 +11,12 @@
 #include "services/IKXPathMng.h"
 #include "services/IKXView.h"
 #include "services/IVeskPicMng.h"
+#include "site/sqlite/Bin.h"
 #include "tests/roads/RoadHands.h"
 #include "tests/support/WaitFor.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -36,8 +36,8 @@ namespace roads {
 namespace {
 
 using namespace Qt::StringLiterals;
-using host::tour::ConsoleTotal;
 using support::WaitFor;
+using tour::ConsoleTotal;
 
 TEST_F(ClientOnAFolder, OpensTheFirstProjectWithItsPlan) {
     EXPECT_TRUE(client->Window()->windowTitle().startsWith(u"一期工程"_s));
@@ -47,7 +47,7 @@ TEST_F(ClientOnAFolder, OpensTheFirstProjectWithItsPlan) {
 }
 
 TEST_F(ClientOnAFolder, ThePlanCountsHiddenPhotosApartAndNotThoseOfTheBin) {
-    host::Bin bin(session.Folder()->Db(), session.Folder()->Store());
+    site::Bin bin(session.Folder()->Db(), session.Folder()->Store());
     ASSERT_EQ(bin.DeleteBimPhotos({site.photos[0]}, u"张伟"_s), 1);
     ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.firstProject, {site.photos[1]}, true));
     const host::FloorPlanModel plan = host::ReadFloorPlan(session);
@@ -72,9 +72,9 @@ TEST_F(ClientOnAFolder, PresetsLimitTheConsoleToPlaceFloorAndDrawing) {
     EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
     ASSERT_TRUE(Press(Qt::Key_5));
     EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 1; }));
-    EXPECT_EQ(host::tour::ConsoleText(0, u"问题主题"_s), u"问题-1"_s);
+    EXPECT_EQ(tour::ConsoleText(0, u"问题主题"_s), u"问题-1"_s);
     ASSERT_TRUE(Press(Qt::Key_6));
-    EXPECT_TRUE(WaitFor([] { return host::tour::ConsoleColumn(u"图纸"_s) >= 0; }));
+    EXPECT_TRUE(WaitFor([] { return tour::ConsoleColumn(u"图纸"_s) >= 0; }));
     EXPECT_EQ(ConsoleTotal(), 1);
 }
 
@@ -82,7 +82,7 @@ TEST_F(ClientOnAFolder, AnotherProjectShutsTheConsoleAndIsRememberedForThePerson
     ASSERT_TRUE(Press(Qt::Key_1));
     ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
     ASSERT_TRUE(ChooseProject(u"二期工程"_s));
-    EXPECT_EQ(host::tour::Console(), nullptr);
+    EXPECT_EQ(tour::Console(), nullptr);
     EXPECT_EQ(session.CurrentProject().ppid, site.secondProject);
     client->Stop();
     session.CloseProject();
@@ -94,8 +94,8 @@ TEST_F(ClientOnAFolder, AWorksetHidesWhatChangesPhotos) {
     ASSERT_TRUE(ChooseProject(u"工作集：总包"_s));
     ASSERT_TRUE(Press(Qt::Key_1));
     EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
-    EXPECT_EQ(host::tour::ConsoleControl(u"deleteButton"_s), nullptr);
-    EXPECT_GE(host::tour::ConsoleColumn(u"所属工程"_s), 0);
+    EXPECT_EQ(tour::ConsoleControl(u"deleteButton"_s), nullptr);
+    EXPECT_GE(tour::ConsoleColumn(u"所属工程"_s), 0);
 }
 
 TEST_F(ClientOnAFolder, TheModulesViewIsTheFloorPlan) {
@@ -123,8 +123,8 @@ TEST_F(ClientOnAFolder, ALookupIsToldInTheStatusBarAndBringsUpItsFloor) {
     toolkit::SendWindowEvent(client->Window()->Id(), ZelvorNRQ_KXVeskPicture::WM_VESK_PIC_LOCATE, 0,
                              quintptr(&text));
     const QWidget* status = client->Window()->findChild<QWidget*>(u"mainStatus"_s);
-    EXPECT_TRUE(host::tour::ReadText(status).startsWith(
-        u"定位照片 照片2.jpg：-1层，标识 质量数据文件夹："_s));
+    EXPECT_TRUE(
+        tour::ReadText(status).startsWith(u"定位照片 照片2.jpg：-1层，标识 质量数据文件夹："_s));
     EXPECT_EQ(Plan().State().floor, 0);
     EXPECT_EQ(Plan().Chosen(), nullptr);
 }
@@ -132,13 +132,12 @@ TEST_F(ClientOnAFolder, ALookupIsToldInTheStatusBarAndBringsUpItsFloor) {
 TEST_F(ClientOnAFolder, ALookupOfWhatIsGoneSaysSoWithoutNumbers) {
     const QWidget* status = client->Window()->findChild<QWidget*>(u"mainStatus"_s);
     emit client->Window()->PhotoLocated(u"-1-77-99999"_s);
-    EXPECT_TRUE(host::tour::ReadText(status).startsWith(
-        u"定位照片 （已不存在）：-1层，标识 未知数据文件夹："_s));
-    emit client->Window()->PhotoLocated(u"99999"_s);
-    EXPECT_TRUE(host::tour::ReadText(status).startsWith(u"无法识别的定位请求数据文件夹："_s));
-    emit client->Window()->DrawingLocated(99999);
     EXPECT_TRUE(
-        host::tour::ReadText(status).startsWith(u"定位图纸上的检查点：已不存在数据文件夹："_s));
+        tour::ReadText(status).startsWith(u"定位照片 （已不存在）：-1层，标识 未知数据文件夹："_s));
+    emit client->Window()->PhotoLocated(u"99999"_s);
+    EXPECT_TRUE(tour::ReadText(status).startsWith(u"无法识别的定位请求数据文件夹："_s));
+    emit client->Window()->DrawingLocated(99999);
+    EXPECT_TRUE(tour::ReadText(status).startsWith(u"定位图纸上的检查点：已不存在数据文件夹："_s));
 }
 
 TEST_F(ClientOnAFolder, ALookupOnADrawingNamesTheDrawingAndTheNumberOfItsCheckpoint) {
@@ -148,8 +147,7 @@ TEST_F(ClientOnAFolder, ALookupOnADrawingNamesTheDrawingAndTheNumberOfItsCheckpo
                              quintptr(point));
     const QWidget* status = client->Window()->findChild<QWidget*>(u"mainStatus"_s);
     EXPECT_TRUE(WaitFor([status] {
-        return host::tour::ReadText(status).startsWith(
-            u"定位图纸 一层平面图 的检查点 1数据文件夹："_s);
+        return tour::ReadText(status).startsWith(u"定位图纸 一层平面图 的检查点 1数据文件夹："_s);
     }));
 }
 
@@ -165,16 +163,14 @@ TEST_F(ClientOnAFolder, HidingAPhotoInTheConsoleTakesItOffItsFlag) {
     ASSERT_EQ(FlagCounts(), (std::vector<int>{5}));
     ASSERT_TRUE(Press(Qt::Key_1));
     ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
-    ASSERT_TRUE(WaitFor([] { return host::tour::ClickConsoleCheck(0); }));
-    ASSERT_TRUE(
-        WaitFor([] { return host::tour::Click(host::tour::ConsoleControl(u"hideButton"_s)); }));
+    ASSERT_TRUE(WaitFor([] { return tour::ClickConsoleCheck(0); }));
+    ASSERT_TRUE(WaitFor([] { return tour::Click(tour::ConsoleControl(u"hideButton"_s)); }));
     EXPECT_TRUE(WaitFor([this] { return FlagCounts() == std::vector<int>{4}; }));
 }
 
 TEST_F(ClientOnAFolder, UntickingAllInThePanelTakesTheFlagsAwayAndStaysForThePerson) {
     const auto click = [this](const QString& button) {
-        return WaitFor(
-            [&] { return host::tour::Click(host::tour::FindIn(client->Window(), button)); });
+        return WaitFor([&] { return tour::Click(tour::FindIn(client->Window(), button)); });
     };
     ASSERT_TRUE(click(u"noneButton"_s));
     EXPECT_TRUE(WaitFor([this] { return FlagCounts().empty(); }));
@@ -190,8 +186,8 @@ TEST_F(ClientOnAFolder, UntickingAllInThePanelTakesTheFlagsAwayAndStaysForThePer
 TEST_F(ClientOnAFolder, TheDisplayOfPhotoMarksIsSwitchedByItsKey) {
     const auto press = [this] {
         return WaitFor([this] {
-            return host::tour::PressKey(client->Window(), Qt::Key_1,
-                                        Qt::ControlModifier | Qt::ShiftModifier);
+            return tour::PressKey(client->Window(), Qt::Key_1,
+                                  Qt::ControlModifier | Qt::ShiftModifier);
         });
     };
     ASSERT_TRUE(press());
@@ -213,9 +209,8 @@ TEST_F(ClientOnAFolder, AFailedQueryIsToldInTheMessageBar) {
     ASSERT_TRUE(Press(Qt::Key_1));
     EXPECT_TRUE(WaitFor([this] { return !Messages().isEmpty(); }));
     // The console told the person in its own way, and stays open.
-    EXPECT_TRUE(WaitFor([] {
-        return host::tour::OpenMessageBox() == nullptr || host::tour::AnswerMessageBox(u"确定"_s);
-    }));
+    EXPECT_TRUE(WaitFor(
+        [] { return tour::OpenMessageBox() == nullptr || tour::AnswerMessageBox(u"确定"_s); }));
 }
 
 TEST_F(ClientOnAFolder, AMessageFromAnotherThreadReachesTheBar) {
@@ -232,10 +227,9 @@ TEST_F(ClientOnAFolder, AFolderDroppedOnTheWindowIsImportedOnce) {
     folder.Write(u"photos/c.jpg"_s, "text");
     for (const QString& expected : {u"导入 2 张照片，重复 0 张，跳过 1 个文件。"_s,
                                     u"导入 0 张照片，重复 2 张，跳过 1 个文件。"_s}) {
-        ASSERT_TRUE(WaitFor([&] { return host::tour::DropPaths(client->Window(), {photos}); }));
+        ASSERT_TRUE(WaitFor([&] { return tour::DropPaths(client->Window(), {photos}); }));
         ASSERT_TRUE(WaitFor([] {
-            return host::tour::Click(
-                host::tour::FindIn(host::tour::FindWindow(u"importDialog"_s), u"importStart"_s));
+            return tour::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
         }));
         EXPECT_TRUE(WaitFor([&] {
             return !Messages().isEmpty() && Messages().front().startsWith(expected);
@@ -248,15 +242,14 @@ TEST_F(ClientOnAFolder, AFolderDroppedOnTheWindowIsImportedOnce) {
 TEST_F(ClientOnAFolder, EveryFileThatAnImportLeftOutIsListed) {
     for (int number = 0; number < 30; ++number)
         folder.Write(u"photos/%1.jpg"_s.arg(number), "text");
-    ASSERT_TRUE(WaitFor(
-        [&] { return host::tour::DropPaths(client->Window(), {folder.Path(u"photos"_s)}); }));
+    ASSERT_TRUE(
+        WaitFor([&] { return tour::DropPaths(client->Window(), {folder.Path(u"photos"_s)}); }));
     ASSERT_TRUE(WaitFor([] {
-        return host::tour::Click(
-            host::tour::FindIn(host::tour::FindWindow(u"importDialog"_s), u"importStart"_s));
+        return tour::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
     }));
-    ASSERT_TRUE(WaitFor([] { return host::tour::FindWindow(u"importResult"_s) != nullptr; }));
+    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"importResult"_s) != nullptr; }));
     const auto* table =
-        host::tour::FindWindow(u"importResult"_s)->findChild<QTableView*>(u"importTable"_s);
+        tour::FindWindow(u"importResult"_s)->findChild<QTableView*>(u"importTable"_s);
     EXPECT_EQ(table->model()->rowCount(), 30);
     EXPECT_EQ(Messages().front(), u"导入 0 张照片，重复 0 张，跳过 30 个文件。"_s);
 }
@@ -266,11 +259,10 @@ TEST_F(ClientOnAFolder, WhatIsRestoredFromTheBinIsInTheConsoleAtOnce) {
     ASSERT_TRUE(Press(Qt::Key_1));
     ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 4; }));
     ASSERT_TRUE(Press(Qt::Key_B));
-    ASSERT_TRUE(WaitFor([] { return host::tour::FindWindow(u"binWindow"_s) != nullptr; }));
-    auto* bin = host::tour::FindWindow(u"binWindow"_s);
+    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"binWindow"_s) != nullptr; }));
+    auto* bin = tour::FindWindow(u"binWindow"_s);
     bin->findChild<QTableView*>(u"binTable"_s)->selectRow(0);
-    ASSERT_TRUE(
-        WaitFor([&] { return host::tour::Click(host::tour::FindIn(bin, u"binRestore"_s)); }));
+    ASSERT_TRUE(WaitFor([&] { return tour::Click(tour::FindIn(bin, u"binRestore"_s)); }));
     EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
 }
 
@@ -289,7 +281,7 @@ TEST_F(ClientOnAFolder, StoppingWithOpenWindowsLeavesNone) {
     ASSERT_TRUE(Press(Qt::Key_1));
     ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
     ASSERT_TRUE(Press(Qt::Key_B));
-    ASSERT_TRUE(WaitFor([] { return host::tour::FindWindow(u"binWindow"_s) != nullptr; }));
+    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"binWindow"_s) != nullptr; }));
     client->Stop();
     client->Stop();
     support::RunPendingEvents();
@@ -318,7 +310,7 @@ TEST_F(ClientOnAFolder, AWindowThatStaysKeepsTheClientOpen) {
 TEST_F(ClientOnAFolder, ANewProjectIsOpenedAndTakesPhotos) {
     QTimer answer;
     QObject::connect(&answer, &QTimer::timeout, [&] {
-        auto* dialog = qobject_cast<QDialog*>(host::tour::FindWindow(u"projectNameDialog"_s));
+        auto* dialog = qobject_cast<QDialog*>(tour::FindWindow(u"projectNameDialog"_s));
         if (dialog == nullptr)
             return;
         answer.stop();
@@ -356,9 +348,9 @@ TEST_F(ClientOnAFolder, WithoutRightsTheConsoleHidesItsButtons) {
     Start();
     ASSERT_TRUE(Press(Qt::Key_1));
     ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
-    EXPECT_EQ(host::tour::ConsoleControl(u"deleteButton"_s), nullptr);
-    EXPECT_EQ(host::tour::ConsoleControl(u"hideButton"_s), nullptr);
-    EXPECT_NE(host::tour::ConsoleControl(u"downloadButton"_s), nullptr);
+    EXPECT_EQ(tour::ConsoleControl(u"deleteButton"_s), nullptr);
+    EXPECT_EQ(tour::ConsoleControl(u"hideButton"_s), nullptr);
+    EXPECT_NE(tour::ConsoleControl(u"downloadButton"_s), nullptr);
 }
 
 } // namespace

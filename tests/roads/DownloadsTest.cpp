@@ -2,13 +2,13 @@
 #include "tests/roads/ClientFixture.h"
 
 #include "host/app/ModuleLoader.h"
-#include "host/tour/ConsoleEyes.h"
-#include "host/tour/TourDriver.h"
-#include "host/tour/TourEyes.h"
 #include "include/IKXVeskPicture.h"
 #include "tests/support/HastyClock.h"
 #include "tests/support/WaitFor.h"
 #include "toolkit/Prompts.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourEyes.h"
 
 #include <QApplication>
 #include <QDir>
@@ -20,9 +20,9 @@ namespace roads {
 namespace {
 
 using namespace Qt::StringLiterals;
-using host::TransferFault;
-using host::tour::ConsoleTotal;
+using site::TransferFault;
 using support::WaitFor;
+using tour::ConsoleTotal;
 
 /// Chooses a folder and says no to all questions.
 class FolderChoice final : public toolkit::IPrompts {
@@ -80,14 +80,13 @@ protected:
         ASSERT_TRUE(Press(Qt::Key_1));
         ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
         ASSERT_TRUE(WaitFor([rows] {
-            if (host::tour::ConsoleCheckedRows() < rows)
-                host::tour::ClickConsoleCheck(host::tour::ConsoleCheckedRows());
-            return host::tour::ConsoleCheckedRows() == rows;
+            if (tour::ConsoleCheckedRows() < rows)
+                tour::ClickConsoleCheck(tour::ConsoleCheckedRows());
+            return tour::ConsoleCheckedRows() == rows;
         }));
     }
     static bool PressDownload() {
-        return WaitFor(
-            [] { return host::tour::Click(host::tour::ConsoleControl(u"downloadButton"_s)); });
+        return WaitFor([] { return tour::Click(tour::ConsoleControl(u"downloadButton"_s)); });
     }
     void ViewFirstPhoto() {
         const QStringList before = WindowTitles();
@@ -130,7 +129,7 @@ TEST_F(DownloadsInTheClient, TickedPhotosCopyIntoTheChosenFolder) {
     EXPECT_TRUE(WaitFor([this] { return Saved().size() == 3; }));
     EXPECT_EQ(choice.questions, QStringList{u"下载成功，是否打开下载照片的所在目录？"_s});
     EXPECT_EQ(Cached().size(), 3);
-    EXPECT_EQ(host::tour::FindWindow(u"progressWindow"_s), nullptr);
+    EXPECT_EQ(tour::FindWindow(u"progressWindow"_s), nullptr);
 }
 
 TEST_F(DownloadsInTheClient, ABatchThatFailsSaysWhyAndBlocksNothing) {
@@ -144,9 +143,9 @@ TEST_F(DownloadsInTheClient, ABatchThatFailsSaysWhyAndBlocksNothing) {
     EXPECT_TRUE(Saved().isEmpty());
     EXPECT_TRUE(Cached().isEmpty());
     // Once the window would have come up, the client still takes orders.
-    EXPECT_TRUE(WaitFor([] { return host::tour::CloseWindow(host::tour::Console()); }));
+    EXPECT_TRUE(WaitFor([] { return tour::CloseWindow(tour::Console()); }));
     EXPECT_TRUE(Press(Qt::Key_B));
-    EXPECT_TRUE(WaitFor([] { return host::tour::FindWindow(u"binWindow"_s) != nullptr; }));
+    EXPECT_TRUE(WaitFor([] { return tour::FindWindow(u"binWindow"_s) != nullptr; }));
 }
 
 TEST_F(DownloadsInTheClient, ASlowBatchThatFailsLeavesAProgressWindowThatCanBeClosed) {
@@ -162,18 +161,18 @@ TEST_F(DownloadsInTheClient, ASlowBatchThatFailsLeavesAProgressWindowThatCanBeCl
     ASSERT_TRUE(PressDownload());
     ASSERT_TRUE(WaitFor([this] { return !Messages().isEmpty(); }));
     EXPECT_LT(Saved().size(), 3);
-    QWidget* progress = host::tour::FindWindow(u"progressWindow"_s);
+    QWidget* progress = tour::FindWindow(u"progressWindow"_s);
     ASSERT_NE(progress, nullptr) << "it stays open";
     ASSERT_TRUE(WaitFor([progress] { return !progress->isModal(); }));
     EXPECT_TRUE(WaitFor([progress] {
-        return host::tour::Click(progress->findChild<QPushButton*>(u"progressCancel"_s));
+        return tour::Click(progress->findChild<QPushButton*>(u"progressCancel"_s));
     }));
-    EXPECT_EQ(host::tour::FindWindow(u"progressWindow"_s), nullptr);
+    EXPECT_EQ(tour::FindWindow(u"progressWindow"_s), nullptr);
 }
 
 TEST_F(DownloadsInTheClient, AnotherProjectMayBeOpenedWhileAViewerFetches) {
-    for (const host::TransferRules& rules :
-         {host::TransferRules{20}, host::TransferRules{0, TransferFault::kNeverEnds}}) {
+    for (const site::TransferRules& rules :
+         {site::TransferRules{20}, site::TransferRules{0, TransferFault::kNeverEnds}}) {
         session.SetTransfers(rules);
         ViewFirstPhoto();
         ASSERT_TRUE(ChooseProject(u"二期工程"_s));
@@ -185,9 +184,9 @@ TEST_F(DownloadsInTheClient, AnotherProjectMayBeOpenedWhileAViewerFetches) {
 }
 
 TEST_F(DownloadsInTheClient, TheClientMayEndWhileAViewerFetches) {
-    for (const host::TransferRules& rules :
-         {host::TransferRules{20}, host::TransferRules{0, TransferFault::kNeverEnds},
-          host::TransferRules{}}) {
+    for (const site::TransferRules& rules :
+         {site::TransferRules{20}, site::TransferRules{0, TransferFault::kNeverEnds},
+          site::TransferRules{}}) {
         if (!client)
             StartAgain();
         session.SetTransfers(rules);

@@ -1,18 +1,18 @@
 // From a row of the console into its editor and back, on a real data folder.
 #include "tests/roads/ClientFixture.h"
 
-#include "host/data/SiteWriter.h"
-#include "host/tour/ConsoleEyes.h"
-#include "host/tour/TourDriver.h"
-#include "host/tour/TourEyes.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
+#include "site/sqlite/SiteWriter.h"
 #include "tests/roads/OtherClient.h"
 #include "tests/roads/RoadHands.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourEyes.h"
 
 #include <QComboBox>
 
@@ -20,10 +20,10 @@ namespace roads {
 namespace {
 
 using namespace Qt::StringLiterals;
-using host::tour::ConsoleColumn;
-using host::tour::ConsoleText;
 using support::ModalVisit;
 using support::WaitFor;
+using tour::ConsoleColumn;
+using tour::ConsoleText;
 
 const QString kPhotoEditor = u"BimPicEditDlg"_s;
 
@@ -31,17 +31,16 @@ class EditRoad : public ClientOnAFolder {
 protected:
     void SetUp() override {
         ClientOnAFolder::SetUp();
-        host::SiteWriter(*session.Folder()).AddLabel(u"渗漏"_s);
+        site::SiteWriter(*session.Folder()).AddLabel(u"渗漏"_s);
         ASSERT_TRUE(Press(Qt::Key_1));
-        ASSERT_TRUE(WaitFor([] { return host::tour::ConsoleTotal() == 5; }));
+        ASSERT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 5; }));
     }
     /// Clicks the edit icon of the first row, its photo being the latest; back when the editor has
     /// ended.
     bool EditFirstRow(const ModalVisit::Action& action) {
         const ModalVisit visit(kPhotoEditor, action);
-        return WaitFor([] {
-            return host::tour::ClickCell(host::tour::ConsoleGrid(), 0, ConsoleColumn(u"编辑"_s));
-        });
+        return WaitFor(
+            [] { return tour::ClickCell(tour::ConsoleGrid(), 0, ConsoleColumn(u"编辑"_s)); });
     }
     [[nodiscard]] qint32 Photo() const { return site.photos.back(); }
     [[nodiscard]] KX_DATA::BimPicDetail Detail() const {
@@ -118,7 +117,7 @@ TEST_F(EditRoad, OfAFloorRenamedMeanwhileTheAxesAreGoneAndTheSaveIsRefused) {
         RenameFloor(u"-1"_s, u"地下室"_s);
         ClickOn(editor, u"axisYCombo"_s);
         ClickOn(editor, u"okButton"_s);
-        const QWidget* balloon = host::tour::FindWindow(u"balloonTip"_s);
+        const QWidget* balloon = tour::FindWindow(u"balloonTip"_s);
         ASSERT_NE(balloon, nullptr);
         EXPECT_EQ(balloon->accessibleName(), u"请设置正确的Y轴信息后重试！"_s);
         ClickOn(editor, u"cancelButton"_s);
@@ -132,7 +131,7 @@ TEST_F(EditRoad, APhotoDeletedByAnotherClientIsToldAndTheEditorStays) {
         OtherClient(folder.Path(u"data"_s)).DeletePhotos({Photo()});
         ClickOn(editor, u"okButton"_s);
         ASSERT_TRUE(editor.isVisible());
-        const QWidget* balloon = host::tour::FindWindow(u"balloonTip"_s);
+        const QWidget* balloon = tour::FindWindow(u"balloonTip"_s);
         ASSERT_NE(balloon, nullptr);
         EXPECT_EQ(balloon->accessibleName(), u"修改照片属性失败！"_s);
         EXPECT_TRUE(WaitFor([this] { return !Messages().isEmpty(); }));
@@ -150,8 +149,8 @@ TEST_F(EditRoad, AnotherProjectEndsTheEditorWithTheConsole) {
         emit combo->activated(other);
         support::RunPendingEvents();
     }));
-    EXPECT_EQ(host::tour::FindWindow(kPhotoEditor), nullptr);
-    EXPECT_EQ(host::tour::Console(), nullptr);
+    EXPECT_EQ(tour::FindWindow(kPhotoEditor), nullptr);
+    EXPECT_EQ(tour::Console(), nullptr);
     EXPECT_EQ(session.CurrentProject().ppid, site.secondProject);
 }
 
@@ -160,7 +159,7 @@ TEST_F(EditRoad, TheClientEndsWhileTheEditorIsOpen) {
         client->Stop();
         support::RunPendingEvents();
     }));
-    EXPECT_EQ(host::tour::FindWindow(kPhotoEditor), nullptr);
+    EXPECT_EQ(tour::FindWindow(kPhotoEditor), nullptr);
 }
 
 } // namespace

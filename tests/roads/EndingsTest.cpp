@@ -1,11 +1,11 @@
 // What a person leaves half done in the host's windows, at every way in which they end.
-#include "host/tour/TourDriver.h"
-#include "host/tour/TourEyes.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/marks/MarkPanelDock.h"
 #include "tests/roads/ClientFixture.h"
 #include "tests/support/HalfTyped.h"
 #include "tests/support/WaitFor.h"
+#include "tour/TourDriver.h"
+#include "tour/TourEyes.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -50,8 +50,8 @@ protected:
     }
     QWidget* OpenByKey(Qt::Key key, const QString& name) {
         EXPECT_TRUE(Press(key));
-        EXPECT_TRUE(WaitFor([&] { return host::tour::FindWindow(name) != nullptr; }));
-        return host::tour::FindWindow(name);
+        EXPECT_TRUE(WaitFor([&] { return tour::FindWindow(name) != nullptr; }));
+        return tour::FindWindow(name);
     }
     /// Half does everything that a window of the host takes, and ends it each way.
     void TryWindow(Qt::Key key, const QString& name) {
@@ -71,7 +71,7 @@ protected:
                 input.act(*window);
                 end(window);
                 support::RunPendingEvents();
-                EXPECT_EQ(host::tour::FindWindow(name), nullptr);
+                EXPECT_EQ(tour::FindWindow(name), nullptr);
                 ExpectNothingCame();
             }
         }

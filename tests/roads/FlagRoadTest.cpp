@@ -1,34 +1,34 @@
 // From a flag of the plan to its photos, from there into the editor, and what the marks say after
 // it.
-#include "host/tour/ConsoleEyes.h"
-#include "host/tour/TourDriver.h"
-#include "host/tour/TourEyes.h"
-#include "host/tour/TourNames.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourEyes.h"
+#include "tour/TourNames.h"
 
 namespace roads {
 namespace {
 
 using namespace Qt::StringLiterals;
-using host::tour::Console;
 using support::ModalVisit;
 using support::WaitFor;
+using tour::Console;
 
 class FlagRoad : public PhotoRoad {
 protected:
     /// The console on the photos of a flag, by the flag's menu.
     void ListFlag(const QString& key, qint32 markId, int photos) {
         ChooseOfFlag(Plan(), key, markId, u"在控制台中列出"_s);
-        ASSERT_TRUE(WaitFor([photos] { return host::tour::ConsoleTotal() == photos; }));
+        ASSERT_TRUE(WaitFor([photos] { return tour::ConsoleTotal() == photos; }));
     }
     static void Edit(const QString& fileName, const ModalVisit::Action& action) {
         const int row = RowOfPhoto(fileName);
         ASSERT_GE(row, 0) << fileName.toStdString();
-        const ModalVisit visit(host::tour::kPhotoEditor, action);
+        const ModalVisit visit(tour::kPhotoEditor, action);
         ClickRowIcon(row, u"编辑"_s);
     }
     int CountAt(const QString& key, qint32 markId) const {
@@ -45,7 +45,7 @@ TEST_F(FlagRoad, FromAFlagOverTheNextPictureIntoTheEditorAndToTheFlagOfAnotherPl
 
     ClickFlag(Plan(), site.positionKey, 1);
     EXPECT_EQ(ViewerTitle(), u"照片4.jpg   (1/5)"_s);
-    EXPECT_TRUE(WaitFor([] { return host::tour::PressKey(Viewer(), Qt::Key_Right); }));
+    EXPECT_TRUE(WaitFor([] { return tour::PressKey(Viewer(), Qt::Key_Right); }));
     EXPECT_EQ(ViewerTitle(), u"照片3.jpg   (2/5)"_s);
     EXPECT_EQ(ViewerText(u"posText"_s), u"位置：-1层 2/B"_s);
     EXPECT_TRUE(WaitFor([] { return ViewerShows(ColorOf(3)); }));
@@ -116,7 +116,7 @@ TEST_F(FlagRoad, ACancelledEditLeavesFlagsAndCounts) {
 }
 
 TEST_F(FlagRoad, APhotoEditedFromTheMenuOfItsFlagMovesTheFlag) {
-    const ModalVisit visit(host::tour::kPhotoEditor, [this](QWidget& editor) {
+    const ModalVisit visit(tour::kPhotoEditor, [this](QWidget& editor) {
         EXPECT_EQ(editor.parentWidget(), client->Window());
         ChooseIn(editor, u"floorCombo"_s, u"1"_s);
         ClickOn(editor, u"okButton"_s);
@@ -135,7 +135,7 @@ TEST_F(FlagRoad, ClosingAViewerThatAFlagOpenedBringsNoConsole) {
     CloseViewer();
     support::RunPendingEvents();
     EXPECT_EQ(Console(), nullptr);
-    EXPECT_EQ(OpenWindows(), QStringList{host::tour::kMain});
+    EXPECT_EQ(OpenWindows(), QStringList{tour::kMain});
 }
 
 TEST_F(FlagRoad, TheMenuOfAFlagOpensTheViewerOnTheChosenPhoto) {

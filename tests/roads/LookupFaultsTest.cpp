@@ -1,20 +1,20 @@
 // Lookups from the console that meet failing services, running downloads, the end of everything.
-#include "host/tour/ConsoleEyes.h"
-#include "host/tour/TourDriver.h"
-#include "host/tour/TourNames.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/WaitFor.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourNames.h"
 
 namespace roads {
 namespace {
 
 using namespace Qt::StringLiterals;
-using host::TransferFault;
-using host::TransferRules;
-using host::tour::Console;
+using site::TransferFault;
+using site::TransferRules;
 using support::WaitFor;
+using tour::Console;
 
 class LookupFaults : public PhotoRoad {
 protected:
@@ -23,9 +23,7 @@ protected:
         ASSERT_NE(Console(), nullptr);
         Console()->showNormal();
     }
-    [[nodiscard]] static QStringList MainAndConsole() {
-        return {host::tour::kConsole, host::tour::kMain};
-    }
+    [[nodiscard]] static QStringList MainAndConsole() { return {tour::kConsole, tour::kMain}; }
 };
 
 TEST_F(LookupFaults, APlaceThatCannotBeReadLeavesTheConsoleInSightAndTheNextLookupWorks) {
@@ -35,7 +33,7 @@ TEST_F(LookupFaults, APlaceThatCannotBeReadLeavesTheConsoleInSightAndTheNextLook
     EXPECT_EQ(BoxDuring([this] { LookUp(u"照片2.jpg"_s); }), kNotHad);
     EXPECT_EQ(OpenWindows(), MainAndConsole());
     EXPECT_FALSE(Console()->isMinimized());
-    EXPECT_EQ(host::tour::ConsoleRows(), 7);
+    EXPECT_EQ(tour::ConsoleRows(), 7);
     other.BringPhotosBack();
     LookUp(u"照片2.jpg"_s);
     EXPECT_EQ(ViewerTitle(), u"照片2.jpg   (3/5)"_s);
@@ -51,7 +49,7 @@ TEST_F(LookupFaults, AFailedSearchIsNoLongerToldOnceItSucceeds) {
     other.BringPhotosBack();
     ClickOn(*Console(), u"searchButton"_s);
     EXPECT_TRUE(WaitFor([&] { return told() == 0; })) << Messages().join(u'\n').toStdString();
-    EXPECT_EQ(host::tour::ConsoleRows(), 7);
+    EXPECT_EQ(tour::ConsoleRows(), 7);
 }
 
 TEST_F(LookupFaults, AFailureOfASecondLookupClosesTheViewerAndBringsTheConsoleBack) {
@@ -72,7 +70,7 @@ TEST_F(LookupFaults, APhotoOfAListThatIsOldOpensItsPlaceWithThePhotosThatAreLeft
     LookUp(u"照片2.jpg"_s);
     EXPECT_EQ(ViewerTitle(), u"照片4.jpg   (1/4)"_s);
     CloseViewer();
-    EXPECT_EQ(host::tour::ConsoleTotal(), 6);
+    EXPECT_EQ(tour::ConsoleTotal(), 6);
     EXPECT_EQ(RowOfPhoto(u"照片2.jpg"_s), -1);
 }
 
@@ -83,7 +81,7 @@ TEST_F(LookupFaults, AFloorThatIsRenamedUnderTheListIsLookedUpByItsPlace) {
     EXPECT_EQ(ViewerTitle(), u"照片2.jpg   (3/5)"_s);
     EXPECT_EQ(ViewerText(u"posText"_s), u"位置：地下室层 2/B"_s);
     CloseViewer();
-    EXPECT_EQ(host::tour::ConsoleText(RowOfPhoto(u"照片2.jpg"_s), u"位置"_s), u"地下室层2/B"_s);
+    EXPECT_EQ(tour::ConsoleText(RowOfPhoto(u"照片2.jpg"_s), u"位置"_s), u"地下室层2/B"_s);
     // Plan and marks are the old ones until somebody reads them anew.
     LookUp(u"照片0.jpg"_s);
     EXPECT_EQ(ViewerTitle(), u"照片0.jpg   (5/5)"_s);
@@ -118,8 +116,8 @@ TEST_F(LookupFaults, EverythingIsClosedOneByOneDuringADownload) {
         LookUp(u"照片2.jpg"_s);
         CloseViewer();
         EXPECT_EQ(OpenWindows(), MainAndConsole());
-        ASSERT_TRUE(WaitFor([] { return host::tour::CloseWindow(Console()); }));
-        EXPECT_EQ(OpenWindows(), QStringList{host::tour::kMain});
+        ASSERT_TRUE(WaitFor([] { return tour::CloseWindow(Console()); }));
+        EXPECT_EQ(OpenWindows(), QStringList{tour::kMain});
     }
     EXPECT_TRUE(client->Window()->close());
     EXPECT_EQ(OpenWindows(), QStringList{});
@@ -144,10 +142,10 @@ TEST_F(LookupFaults, AnotherProjectEndsViewerAndMinimisedConsole) {
     ASSERT_TRUE(Console()->isMinimized());
     ASSERT_TRUE(ChooseProject(u"二期工程"_s));
     support::RunPendingEvents();
-    EXPECT_EQ(OpenWindows(), QStringList{host::tour::kMain});
+    EXPECT_EQ(OpenWindows(), QStringList{tour::kMain});
     EXPECT_TRUE(FlagCounts().empty());
     ASSERT_TRUE(Press(Qt::Key_1));
-    EXPECT_TRUE(WaitFor([] { return host::tour::ConsoleTotal() == 0; }));
+    EXPECT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 0; }));
     EXPECT_FALSE(Console()->isMinimized());
 }
 

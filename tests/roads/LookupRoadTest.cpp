@@ -1,13 +1,13 @@
 // From a row of the console to its photo's place and the viewer, and back to the console.
-#include "host/data/SiteWriter.h"
-#include "host/tour/ConsoleEyes.h"
-#include "host/tour/TourDriver.h"
-#include "host/tour/TourEyes.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FlagBlink.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
+#include "site/sqlite/SiteWriter.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/WaitFor.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
 
@@ -15,8 +15,8 @@ namespace roads {
 namespace {
 
 using namespace Qt::StringLiterals;
-using host::tour::Console;
 using support::WaitFor;
+using tour::Console;
 
 class LookupRoad : public PhotoRoad {
 protected:
@@ -30,10 +30,10 @@ protected:
     }
     /// Latest of all, so that the others stand behind them.
     void FilePageOfPhotos() const {
-        host::SiteWriter writer(*session.Folder());
+        site::SiteWriter writer(*session.Folder());
         writer.BeginBatch();
         for (int number = 0; number < 30; ++number) {
-            host::NewBimPhoto photo;
+            site::NewBimPhoto photo;
             photo.ppid = site.firstProject;
             photo.fileName = u"更晚%1.jpg"_s.arg(number);
             photo.positionKey = cornerKey;
@@ -66,29 +66,28 @@ TEST_F(LookupRoad, FromARowToItsPlaceAndPhotoAndBackToTheSameRow) {
     EXPECT_EQ(ViewerText(u"uploaderText"_s), u"    上传人：张伟"_s);
     EXPECT_TRUE(WaitFor([] { return ViewerShows(ColorOf(2)); }));
 
-    EXPECT_TRUE(WaitFor([] { return host::tour::PressKey(Viewer(), Qt::Key_Right); }));
+    EXPECT_TRUE(WaitFor([] { return tour::PressKey(Viewer(), Qt::Key_Right); }));
     EXPECT_EQ(ViewerTitle(), u"照片1.jpg   (4/5)"_s);
     EXPECT_TRUE(WaitFor([] { return ViewerShows(ColorOf(1)); }));
 
     CloseViewer();
     ExpectConsoleInFront();
     EXPECT_EQ(ConsoleColumnTexts(u"照片名称"_s), before);
-    EXPECT_EQ(host::tour::ConsolePage(), 1);
+    EXPECT_EQ(tour::ConsolePage(), 1);
     EXPECT_EQ(SelectedRow(), RowOfPhoto(u"照片2.jpg"_s));
 }
 
 TEST_F(LookupRoad, TheConsoleComesBackWithItsKeywordAndItsHits) {
     OpenConsole();
-    ASSERT_TRUE(WaitFor([] {
-        return host::tour::TypeOver(host::tour::ConsoleControl(u"keywordCombo"_s), u"照片3"_s);
-    }));
+    ASSERT_TRUE(WaitFor(
+        [] { return tour::TypeOver(tour::ConsoleControl(u"keywordCombo"_s), u"照片3"_s); }));
     ClickOn(*Console(), u"searchButton"_s);
-    ASSERT_TRUE(WaitFor([] { return host::tour::ConsoleTotal() == 1; }));
+    ASSERT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 1; }));
     LookUp(u"照片3.jpg"_s);
     EXPECT_EQ(ViewerTitle(), u"照片3.jpg   (2/5)"_s);
     CloseViewer();
     ExpectConsoleInFront();
-    EXPECT_EQ(host::tour::ReadText(host::tour::ConsoleControl(u"keywordCombo"_s)), u"照片3"_s);
+    EXPECT_EQ(tour::ReadText(tour::ConsoleControl(u"keywordCombo"_s)), u"照片3"_s);
     EXPECT_EQ(ConsoleColumnTexts(u"照片名称"_s), QStringList{u"照片3.jpg"_s});
 }
 
@@ -109,26 +108,25 @@ TEST_F(LookupRoad, ASecondLookupShowsItsOwnPhotoAndTheConsoleComesBackAgain) {
 TEST_F(LookupRoad, FromALaterPageTheConsoleComesBackWithASearchAnew) {
     FilePageOfPhotos();
     ASSERT_TRUE(Press(Qt::Key_1));
-    ASSERT_TRUE(WaitFor([] { return host::tour::ConsoleTotal() == 37; }));
+    ASSERT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 37; }));
     ClickOn(*Console(), u"pagingNext"_s);
-    ASSERT_TRUE(WaitFor([] { return host::tour::ConsoleRows() == 7; }));
+    ASSERT_TRUE(WaitFor([] { return tour::ConsoleRows() == 7; }));
     LookUp(u"照片2.jpg"_s);
     EXPECT_EQ(ViewerTitle(), u"照片2.jpg   (3/5)"_s);
     CloseViewer();
     ExpectConsoleInFront();
     // Coming back is a search, and a search begins with its first page; required as is.
-    EXPECT_EQ(host::tour::ConsolePage(), 1);
-    EXPECT_EQ(host::tour::ConsoleRows(), 30);
+    EXPECT_EQ(tour::ConsolePage(), 1);
+    EXPECT_EQ(tour::ConsoleRows(), 30);
 }
 
 TEST_F(LookupRoad, ADoubleClickLooksUpToo) {
     OpenConsole();
     const int row = RowOfPhoto(u"照片0.jpg"_s);
     ASSERT_TRUE(WaitFor([row] {
-        QAbstractItemView* grid = host::tour::ConsoleGrid();
-        const QModelIndex cell =
-            grid->model()->index(row, host::tour::ConsoleColumn(u"照片名称"_s));
-        return host::tour::DoubleClickAt(grid->viewport(), grid->visualRect(cell).center());
+        QAbstractItemView* grid = tour::ConsoleGrid();
+        const QModelIndex cell = grid->model()->index(row, tour::ConsoleColumn(u"照片名称"_s));
+        return tour::DoubleClickAt(grid->viewport(), grid->visualRect(cell).center());
     }));
     EXPECT_EQ(ViewerTitle(), u"照片0.jpg   (5/5)"_s);
     EXPECT_TRUE(Console()->isMinimized());
@@ -136,8 +134,7 @@ TEST_F(LookupRoad, ADoubleClickLooksUpToo) {
 
 TEST_F(LookupRoad, WhileTheDisplayOfPhotoMarksIsOffTheConsoleStays) {
     ASSERT_TRUE(WaitFor([this] {
-        return host::tour::PressKey(client->Window(), Qt::Key_1,
-                                    Qt::ControlModifier | Qt::ShiftModifier);
+        return tour::PressKey(client->Window(), Qt::Key_1, Qt::ControlModifier | Qt::ShiftModifier);
     }));
     OpenConsole();
     EXPECT_EQ(BoxDuring([this] { LookUp(u"照片2.jpg"_s); }), u"请先开启vesk图形显示再定位！"_s);

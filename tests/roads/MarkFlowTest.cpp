@@ -5,9 +5,7 @@
 #include "host/app/FlagMenu.h"
 #include "host/app/ModuleLoader.h"
 #include "host/app/PlanReader.h"
-#include "host/data/Bin.h"
-#include "host/data/HostSession.h"
-#include "host/data/SiteWriter.h"
+#include "host/session/HostSession.h"
 #include "host/ui/ObserverHub.h"
 #include "host/ui/marks/MarkPanelDock.h"
 #include "host/ui/plan/FlagBlink.h"
@@ -19,6 +17,8 @@
 #include "services/IProjCacheMng.h"
 #include "services/ITNQuestionMng.h"
 #include "services/IVeskPicMng.h"
+#include "site/sqlite/Bin.h"
+#include "site/sqlite/SiteWriter.h"
 #include "tests/roads/RecordingPictures.h"
 #include "tests/roads/SmallSite.h"
 #include "tests/support/TempFolder.h"
@@ -74,15 +74,15 @@ protected:
         support::RunPendingEvents();
     }
     void AddMorePhotos() {
-        host::SiteWriter writer(*session.Folder());
+        site::SiteWriter writer(*session.Folder());
         writer.AddMark(2, u"安全"_s, 0x00FF00);
         upperKey = writer.FindPosition(site.firstProject, u"1"_s, u"1"_s, u"A"_s);
         lastPhoto = Add(writer, upperKey, 2, 1'700'000'000);
         Add(writer, site.positionKey, 2, 1'600'000'000);
         Add(writer, QString(), 1, 1'700'000'000);
     }
-    qint32 Add(host::SiteWriter& writer, const QString& key, qint32 mark, qint64 time) {
-        host::NewBimPhoto photo;
+    qint32 Add(site::SiteWriter& writer, const QString& key, qint32 mark, qint64 time) {
+        site::NewBimPhoto photo;
         photo.ppid = site.firstProject;
         photo.fileName = u"更多%1.jpg"_s.arg(++added);
         photo.positionKey = key;
@@ -94,8 +94,8 @@ protected:
 
     /// On floor 1 at 2-B, with the first mark.
     void FileIssue(const QString& questionId, const QString& theme, qint64 time) {
-        host::SiteWriter writer(*session.Folder());
-        host::NewIssue issue;
+        site::SiteWriter writer(*session.Folder());
+        site::NewIssue issue;
         issue.ppid = site.firstProject;
         issue.questionId = questionId;
         issue.theme = theme;
@@ -227,7 +227,7 @@ TEST_F(MarksOfAFolder, WhatIsNotDisplayedCannotBeLocatedAndStaysTicked) {
 
 TEST_F(MarksOfAFolder, CountsFollowEachChangeOfAPhoto) {
     const qint32 ppid = site.firstProject;
-    host::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(*session.Folder());
     Add(writer, site.positionKey, 1, 1'700'000'100);
     flow->Reload(MarkKind::kPhotos);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 6);
@@ -256,7 +256,7 @@ TEST_F(MarksOfAFolder, AReloadKeepsTicksAndReadsNothingWhereNothingHasChanged) {
                      [&] { ++changes; });
     flow->Reload(MarkKind::kPhotos);
     EXPECT_EQ(changes, 0);
-    host::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(*session.Folder());
     Add(writer, site.positionKey, 1, 1'700'000'100);
     flow->Reload(MarkKind::kPhotos);
     EXPECT_GT(changes, 0);
@@ -325,9 +325,9 @@ TEST_F(MarksOfAFolder, TheStateIsKeptForEachPerson) {
 }
 
 TEST_F(MarksOfAFolder, AWorksetShowsTheFloorsAndFlagsOfAllItsProjects) {
-    host::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(*session.Folder());
     const QString key = writer.FindPosition(site.secondProject, u"-1"_s, u"2"_s, u"B"_s);
-    host::NewBimPhoto photo;
+    site::NewBimPhoto photo;
     photo.ppid = site.secondProject;
     photo.fileName = u"b.jpg"_s;
     photo.positionKey = key;
@@ -384,7 +384,7 @@ TEST_F(MarksOfAFolder, TheMenuOfAFlagHasAPhotoEditedByWhoMay) {
     editing->actions()[1]->trigger();
     EXPECT_EQ(pictures->calls,
               QStringList{u"EditBimPic %1 %2"_s.arg(site.firstProject).arg(site.photos[3])});
-    host::SiteWriter(*session.Folder()).AddUser(u"王监理"_s, {});
+    site::SiteWriter(*session.Folder()).AddUser(u"王监理"_s, {});
     ASSERT_TRUE(session.SignIn(u"王监理"_s));
     ASSERT_TRUE(session.OpenProject(site.firstProject));
     EXPECT_FALSE(Texts(Menu(request).Menu()).contains(u"编辑照片"_s));
@@ -416,7 +416,7 @@ TEST_F(MarksOfAFolder, APhotoThatCannotBeReadIsNotOffered) {
 }
 
 TEST_F(MarksOfAFolder, OfVeryManyPhotosTheLatestAreNamed) {
-    host::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(*session.Folder());
     writer.BeginBatch();
     for (int more = 0; more < 30; ++more)
         Add(writer, upperKey, 2, 1'700'001'000 + more);
@@ -436,7 +436,7 @@ TEST_F(MarksOfAFolder, IssuesHaveFlagsAreTickedAndLocated) {
     EXPECT_EQ(pane.CurrentFloor(), u"1"_s);
     ASSERT_NE(Plan().Chosen(), nullptr);
     EXPECT_EQ(Plan().Chosen()->positionKey,
-              host::SiteWriter(*session.Folder())
+              site::SiteWriter(*session.Folder())
                   .FindPosition(site.firstProject, u"1"_s, u"2"_s, u"B"_s));
     EXPECT_TRUE(Plan().Blink().IsLit());
     host::MarkTreeModel& model = Page(MarkKind::kIssues).Model();

@@ -1,10 +1,10 @@
 #include "tests/roads/OtherClient.h"
 
-#include "host/data/BimPhotos.h"
-#include "host/data/Bin.h"
-#include "host/data/Database.h"
-#include "host/data/FloorOrder.h"
-#include "host/data/SiteWriter.h"
+#include "site/FloorOrder.h"
+#include "site/sqlite/BimPhotos.h"
+#include "site/sqlite/Bin.h"
+#include "site/sqlite/Database.h"
+#include "site/sqlite/SiteWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -13,28 +13,28 @@ namespace roads {
 using namespace Qt::StringLiterals;
 
 OtherClient::OtherClient(const QString& dataFolder) : data(dataFolder) {
-    host::DataFolder::Options options;
+    site::DataFolder::Options options;
     options.cleanUp = false;
     EXPECT_FALSE(data.Open(options));
 }
 
 void OtherClient::DeletePhotos(const std::vector<qint32>& picIds) {
-    EXPECT_EQ(host::Bin(data.Db(), data.Store()).DeleteBimPhotos(picIds, u"李娜"_s),
+    EXPECT_EQ(site::Bin(data.Db(), data.Store()).DeleteBimPhotos(picIds, u"李娜"_s),
               int(picIds.size()));
 }
 
 void OtherClient::RenameFloor(qint32 ppid, const QString& from, const QString& to) {
-    host::SiteWriter(data).AddFloor(ppid, to);
+    site::SiteWriter(data).AddFloor(ppid, to);
     data.Db().Exec(u"UPDATE position SET floor = ? WHERE ppid = ? AND floor = ?"_s,
                    {to, ppid, from});
     data.Db().Exec(u"UPDATE bim_photo SET floor = ?, floor_sort = ? WHERE ppid = ? AND floor = ?"_s,
-                   {to, host::FloorSortKey(to), ppid, from});
+                   {to, site::FloorSortKey(to), ppid, from});
     data.Db().Exec(u"DELETE FROM floor WHERE ppid = ? AND name = ?"_s, {ppid, from});
 }
 
 KX_DATA::BimPicDetail OtherClient::Photo(qint32 ppid, qint32 picId) {
     KX_DATA::BimPicDetail detail;
-    static_cast<void>(host::BimPhotos(data.Db()).Detail(ppid, picId, detail));
+    static_cast<void>(site::BimPhotos(data.Db()).Detail(ppid, picId, detail));
     return detail;
 }
 

@@ -1,8 +1,8 @@
 // Another client on the same data folder, by a connection of its own.
 #pragma once
 
-#include "host/data/DataFolder.h"
 #include "services/PicRecords.h"
+#include "site/sqlite/DataFolder.h"
 
 #include <vector>
 
@@ -24,7 +24,7 @@ public:
     void BringPhotosBack();
 
 private:
-    host::DataFolder data;
+    site::DataFolder data;
 };
 
 } // namespace roads

@@ -1,9 +1,5 @@
 // One number for a place everywhere: the database, the list of floors, the plan's title, card and
 // flags, the flags' menus and the mark panel say the same of every floor and every intersection.
-#include "host/data/Bin.h"
-#include "host/data/FloorOrder.h"
-#include "host/data/SiteWriter.h"
-#include "host/tour/TourDriver.h"
 #include "host/ui/LocateText.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/marks/MarkPanelDock.h"
@@ -11,8 +7,12 @@
 #include "host/ui/plan/FloorPlanPane.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
+#include "site/FloorOrder.h"
+#include "site/sqlite/Bin.h"
+#include "site/sqlite/SiteWriter.h"
 #include "tests/roads/ClientFixture.h"
 #include "tests/support/WaitFor.h"
+#include "tour/TourDriver.h"
 
 #include <QLabel>
 #include <QListWidget>
@@ -33,14 +33,14 @@ protected:
         session.Folder()->Db().ForEach(
             u"SELECT status, count(*) FROM bim_photo WHERE ppid IN (%1) AND %2 GROUP BY status"_s
                 .arg(OpenProjects(), condition),
-            values, [&](const host::Statement& row) {
+            values, [&](const site::Statement& row) {
                 (row.Int(0) == 0 ? count.shown : count.hidden) += row.Int(1);
             });
         return count;
     }
     QString OpenProjects() {
         QStringList ids;
-        for (const host::ProjectEntry& project : session.OpenProjects())
+        for (const site::ProjectEntry& project : session.OpenProjects())
             ids << QString::number(project.ppid);
         return ids.join(u',');
     }
@@ -124,7 +124,7 @@ protected:
 class OneNumberOfAnOddSite : public OneNumber {
 protected:
     void Furnish() override {
-        host::SiteWriter writer(*session.Folder());
+        site::SiteWriter writer(*session.Folder());
         writer.AddMark(2, u"安全"_s, 0x00FF00);
         for (int more = 0; more < 4; ++more)
             odd.push_back(Add(writer, site.firstProject, u"-1"_s, 2));
@@ -132,19 +132,19 @@ protected:
         Add(writer, site.secondProject, u"1"_s, 1);
         for (int more = 0; more < 3; ++more)
             nowhere.push_back(Add(writer, site.firstProject, {}, 1));
-        host::Database& db = session.Folder()->Db();
+        site::Database& db = session.Folder()->Db();
         db.Exec(u"UPDATE position SET valid = 0 WHERE position_key = ?"_s,
                 {writer.FindPosition(site.firstProject, u"-1"_s, u"1"_s, u"A"_s)});
         db.Exec(u"UPDATE bim_photo SET position_key = 'lost' WHERE id = ?"_s, {odd[0]});
         db.Exec(u"UPDATE bim_photo SET floor = '7', floor_sort = ? WHERE id = ?"_s,
-                {host::FloorSortKey(u"7"_s), odd[1]});
+                {site::FloorSortKey(u"7"_s), odd[1]});
         ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(
             site.firstProject, {site.photos[0], odd[2], upper, nowhere[0]}, true));
-        host::Bin bin(db, session.Folder()->Store());
+        site::Bin bin(db, session.Folder()->Store());
         ASSERT_EQ(bin.DeleteBimPhotos({site.photos[1]}, u"张伟"_s), 1);
     }
-    qint32 Add(host::SiteWriter& writer, qint32 ppid, const QString& floor, qint32 mark) {
-        host::NewBimPhoto photo;
+    qint32 Add(site::SiteWriter& writer, qint32 ppid, const QString& floor, qint32 mark) {
+        site::NewBimPhoto photo;
         photo.ppid = ppid;
         photo.fileName = u"更多%1.jpg"_s.arg(++added);
         if (!floor.isEmpty())
@@ -187,11 +187,11 @@ TEST_F(OneNumberOfAnOddSite, IsSaidOfSeveralProjectsAtOnce) {
 TEST_F(OneNumberOfAnOddSite, StaysOneAfterHidingDeletingAndBringingBack) {
     ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.firstProject, {upper, nowhere[0]}, false));
     ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.firstProject, site.photos, true));
-    host::Bin bin(session.Folder()->Db(), session.Folder()->Store());
+    site::Bin bin(session.Folder()->Db(), session.Folder()->Store());
     ASSERT_EQ(bin.DeleteBimPhotos({odd[3], nowhere[1]}, u"张伟"_s), 2);
     ASSERT_EQ(bin.Restore({bin.List().back().id}), 1);
     ASSERT_TRUE(support::WaitFor(
-        [this] { return host::tour::PressKey(client->Window(), Qt::Key_F5, Qt::NoModifier); }));
+        [this] { return tour::PressKey(client->Window(), Qt::Key_F5, Qt::NoModifier); }));
     ASSERT_TRUE(
         support::WaitFor([this] { return ListRow(IndexOfFloor(u"1"_s)) == u"1层（1）"_s; }));
     ExpectOneNumberEverywhere();

@@ -1,12 +1,12 @@
 #include "tests/roads/PhotoRoad.h"
 
-#include "host/data/SiteWriter.h"
-#include "host/tour/ConsoleEyes.h"
-#include "host/tour/TourDriver.h"
-#include "host/tour/TourEyes.h"
 #include "host/ui/MainWindow.h"
+#include "site/sqlite/SiteWriter.h"
 #include "tests/support/HastyClock.h"
 #include "tests/support/WaitFor.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
 #include <QDir>
@@ -15,8 +15,8 @@
 namespace roads {
 
 using namespace Qt::StringLiterals;
-using host::tour::ConsoleTotal;
 using support::WaitFor;
+using tour::ConsoleTotal;
 
 namespace {
 
@@ -25,7 +25,7 @@ constexpr int kLookForBoxesMs = 100;
 /// Longer than a test waits for the box that it expects.
 constexpr int kPatienceMs = 30'000;
 
-qint32 AddPhoto(host::SiteWriter& writer, host::NewBimPhoto photo, QRgb color, int seconds) {
+qint32 AddPhoto(site::SiteWriter& writer, site::NewBimPhoto photo, QRgb color, int seconds) {
     photo.uploader = u"张伟"_s;
     photo.uploadTime = kLater + seconds;
     return writer.FilePhoto(photo, {QString(), JpegBytes(color)});
@@ -54,16 +54,16 @@ void PhotoRoad::SetUp() {
     // longer waited for by viewers.
     OpenConsole();
     ASSERT_TRUE(Press(Qt::Key_1));
-    ASSERT_TRUE(WaitFor([] { return host::tour::CloseWindow(host::tour::Console()); }));
+    ASSERT_TRUE(WaitFor([] { return tour::CloseWindow(tour::Console()); }));
 }
 
 void PhotoRoad::LookForBoxes() {
-    QWidget* open = host::tour::OpenMessageBox();
+    QWidget* open = tour::OpenMessageBox();
     if (open != box) {
         box = open;
         boxSince.start();
     } else if (open != nullptr && boxSince.hasExpired(kPatienceMs)) {
-        ADD_FAILURE() << "not expected: " << host::tour::MessageBoxText().toStdString();
+        ADD_FAILURE() << "not expected: " << tour::MessageBoxText().toStdString();
         open->close();
     }
 }
@@ -83,11 +83,11 @@ void PhotoRoad::End() {
 }
 
 void PhotoRoad::Furnish() {
-    host::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(*session.Folder());
     writer.AddMark(2, u"安全"_s, 0x00FF00);
     cornerKey = writer.FindPosition(site.firstProject, u"-1"_s, u"1"_s, u"A"_s);
     upstairsKey = writer.FindPosition(site.firstProject, u"1"_s, u"1"_s, u"A"_s);
-    host::NewBimPhoto photo;
+    site::NewBimPhoto photo;
     photo.ppid = site.firstProject;
     photo.fileName = u"楼上.jpg"_s;
     photo.positionKey = upstairsKey;
@@ -112,7 +112,7 @@ void PhotoRoad::LookUp(const QString& fileName) {
 
 int PhotoRoad::PanelCount(const QString& floorCaption, const QString& markName) const {
     const auto* tree = qobject_cast<QAbstractItemView*>(
-        host::tour::FindIn(host::tour::FindIn(client->Window(), u"photoMarks"_s), u"tree"_s));
+        tour::FindIn(tour::FindIn(client->Window(), u"photoMarks"_s), u"tree"_s));
     if (tree == nullptr)
         return -1;
     const QModelIndex floor = RowWith(*tree->model(), floorCaption);
@@ -123,16 +123,16 @@ int PhotoRoad::PanelCount(const QString& floorCaption, const QString& markName) 
 
 void PhotoRoad::ToggleFloor(const QString& floorCaption) {
     auto* tree = qobject_cast<QAbstractItemView*>(
-        host::tour::FindIn(host::tour::FindIn(client->Window(), u"photoMarks"_s), u"tree"_s));
+        tour::FindIn(tour::FindIn(client->Window(), u"photoMarks"_s), u"tree"_s));
     ASSERT_NE(tree, nullptr);
     const QModelIndex floor = RowWith(*tree->model(), floorCaption);
     ASSERT_TRUE(floor.isValid()) << floorCaption.toStdString();
-    ASSERT_TRUE(WaitFor([&] { return host::tour::ClickCell(tree, floor.row(), 0); }));
-    ASSERT_TRUE(WaitFor([&] { return host::tour::PressKey(tree, Qt::Key_Space); }));
+    ASSERT_TRUE(WaitFor([&] { return tour::ClickCell(tree, floor.row(), 0); }));
+    ASSERT_TRUE(WaitFor([&] { return tour::PressKey(tree, Qt::Key_Space); }));
 }
 
 void PhotoRoad::ClickInPanel(const QString& button) {
-    const QWidget* page = host::tour::FindIn(client->Window(), u"photoMarks"_s);
+    const QWidget* page = tour::FindIn(client->Window(), u"photoMarks"_s);
     ASSERT_NE(page, nullptr);
     ClickOn(*page, button);
 }

@@ -1,12 +1,12 @@
 #include "tests/roads/RoadHands.h"
 
-#include "host/tour/ConsoleEyes.h"
-#include "host/tour/TourDriver.h"
-#include "host/tour/TourEyes.h"
-#include "host/tour/TourNames.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourEyes.h"
+#include "tour/TourNames.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -62,7 +62,7 @@ void PickFrom(QMenu* menu, const QString& entry) {
     for (QAction* action : menu->actions()) {
         if (!action->isEnabled() || !action->text().startsWith(first))
             continue;
-        host::tour::ClickAt(menu, menu->actionGeometry(action).center());
+        tour::ClickAt(menu, menu->actionGeometry(action).center());
         if (entry != first)
             PickFrom(action->menu(), entry.section(u'/', 1));
         return;
@@ -74,33 +74,30 @@ void PickFrom(QMenu* menu, const QString& entry) {
 } // namespace
 
 void ClickOn(const QWidget& window, const QString& name) {
-    EXPECT_TRUE(WaitFor([&] { return host::tour::Click(host::tour::FindIn(&window, name)); }))
+    EXPECT_TRUE(WaitFor([&] { return tour::Click(tour::FindIn(&window, name)); }))
         << name.toStdString();
 }
 
 void ChooseIn(const QWidget& window, const QString& name, const QString& entry) {
-    auto* combo = qobject_cast<QComboBox*>(host::tour::FindIn(&window, name));
-    EXPECT_TRUE(WaitFor([&] { return host::tour::ChooseInCombo(combo, entry); }))
-        << name.toStdString();
+    auto* combo = qobject_cast<QComboBox*>(tour::FindIn(&window, name));
+    EXPECT_TRUE(WaitFor([&] { return tour::ChooseInCombo(combo, entry); })) << name.toStdString();
 }
 
 void Type(const QWidget& window, const QString& name, const QString& text) {
-    EXPECT_TRUE(WaitFor([&] {
-        return host::tour::TypeOver(host::tour::FindIn(&window, name), text);
-    })) << name.toStdString();
+    EXPECT_TRUE(WaitFor([&] { return tour::TypeOver(tour::FindIn(&window, name), text); }))
+        << name.toStdString();
 }
 
 void ClickRowIcon(int row, const QString& caption) {
     EXPECT_TRUE(WaitFor([&] {
-        return host::tour::ClickCell(host::tour::ConsoleGrid(), row,
-                                     host::tour::ConsoleColumn(caption));
+        return tour::ClickCell(tour::ConsoleGrid(), row, tour::ConsoleColumn(caption));
     })) << caption.toStdString();
 }
 
 QStringList ConsoleColumnTexts(const QString& caption) {
     QStringList texts;
-    for (int row = 0; row < host::tour::ConsoleRows(); ++row)
-        texts << host::tour::ConsoleText(row, caption);
+    for (int row = 0; row < tour::ConsoleRows(); ++row)
+        texts << tour::ConsoleText(row, caption);
     return texts;
 }
 
@@ -109,7 +106,7 @@ int RowOfPhoto(const QString& fileName) {
 }
 
 int SelectedRow() {
-    const QAbstractItemView* grid = host::tour::ConsoleGrid();
+    const QAbstractItemView* grid = tour::ConsoleGrid();
     return grid == nullptr ? -1 : grid->currentIndex().row();
 }
 
@@ -123,7 +120,7 @@ host::MarkFlag PhotoFlag(const host::FloorPlanCanvas& plan, const QString& key, 
 }
 
 void ClickFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId) {
-    EXPECT_TRUE(WaitFor([&] { return host::tour::ClickAt(&plan, FlagPlace(plan, key, markId)); }));
+    EXPECT_TRUE(WaitFor([&] { return tour::ClickAt(&plan, FlagPlace(plan, key, markId)); }));
 }
 
 void ChooseOfFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId,
@@ -141,11 +138,11 @@ void ChooseOfFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId
     });
     look.start(kLookAgainMs);
     EXPECT_TRUE(WaitFor(
-        [&] { return host::tour::ClickAt(&plan, FlagPlace(plan, key, markId), Qt::RightButton); }));
+        [&] { return tour::ClickAt(&plan, FlagPlace(plan, key, markId), Qt::RightButton); }));
 }
 
 QWidget* Viewer() {
-    return host::tour::FindWindow(host::tour::kPhotoViewer);
+    return tour::FindWindow(tour::kPhotoViewer);
 }
 
 QString ViewerTitle() {
@@ -153,7 +150,7 @@ QString ViewerTitle() {
 }
 
 QString ViewerText(const QString& name) {
-    return host::tour::ReadText(host::tour::FindIn(Viewer(), name));
+    return tour::ReadText(tour::FindIn(Viewer(), name));
 }
 
 bool ViewerShows(QRgb color) {
@@ -166,15 +163,15 @@ bool ViewerShows(QRgb color) {
 }
 
 void CloseViewer() {
-    EXPECT_TRUE(WaitFor([] { return host::tour::CloseWindow(Viewer()); }));
+    EXPECT_TRUE(WaitFor([] { return tour::CloseWindow(Viewer()); }));
     EXPECT_EQ(Viewer(), nullptr);
 }
 
 QString BoxDuring(const std::function<void()>& action) {
     QString text;
     const support::ModalVisit visit(u"messageBox"_s, [&text](QWidget&) {
-        text = host::tour::MessageBoxText();
-        EXPECT_TRUE(WaitFor([] { return host::tour::AnswerMessageBox(u"确定"_s); }));
+        text = tour::MessageBoxText();
+        EXPECT_TRUE(WaitFor([] { return tour::AnswerMessageBox(u"确定"_s); }));
     });
     action();
     return text;

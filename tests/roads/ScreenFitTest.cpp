@@ -1,13 +1,13 @@
 // Every window on small screens: run once for each of the screens in screens/.
-#include "host/tour/ConsoleEyes.h"
-#include "host/tour/TourDriver.h"
-#include "host/tour/TourEyes.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/SignInDialog.h"
 #include "tests/roads/ClientFixture.h"
 #include "tests/roads/RoadHands.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -108,14 +108,14 @@ TEST_F(SmallScreen, AMainWindowThatWasLargerElsewhereFits) {
 TEST_F(SmallScreen, TheConsoleFitsForEachKind) {
     for (const Qt::Key key : {Qt::Key_1, Qt::Key_2, Qt::Key_3}) {
         ASSERT_TRUE(Press(key));
-        ASSERT_TRUE(WaitFor([] { return host::tour::ConsoleGrid() != nullptr; }));
-        ExpectFits(*host::tour::ConsoleGrid()->window());
+        ASSERT_TRUE(WaitFor([] { return tour::ConsoleGrid() != nullptr; }));
+        ExpectFits(*tour::ConsoleGrid()->window());
     }
 }
 
 TEST_F(SmallScreen, TheViewerFitsWithItsLowerLine) {
     ASSERT_TRUE(Press(Qt::Key_1));
-    ASSERT_TRUE(WaitFor([] { return host::tour::ConsoleTotal() == 5; }));
+    ASSERT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 5; }));
     ClickRowIcon(0, u"反查"_s);
     ASSERT_TRUE(WaitFor([] { return Viewer() != nullptr; }));
     ExpectFits(*Viewer());
@@ -124,7 +124,7 @@ TEST_F(SmallScreen, TheViewerFitsWithItsLowerLine) {
 
 TEST_F(SmallScreen, TheEditorFits) {
     ASSERT_TRUE(Press(Qt::Key_1));
-    ASSERT_TRUE(WaitFor([] { return host::tour::ConsoleTotal() == 5; }));
+    ASSERT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 5; }));
     const ModalVisit visit(u"BimPicEditDlg"_s, [](QWidget& editor) {
         ExpectFits(editor);
         editor.close();
@@ -142,8 +142,8 @@ TEST_F(SmallScreen, TheListOfKeysFits) {
         ExpectFits(keys);
         keys.close();
     });
-    ASSERT_TRUE(WaitFor(
-        [this] { return host::tour::PressKey(client->Window(), Qt::Key_F1, Qt::NoModifier); }));
+    ASSERT_TRUE(
+        WaitFor([this] { return tour::PressKey(client->Window(), Qt::Key_F1, Qt::NoModifier); }));
 }
 
 TEST_F(SmallScreen, TheSignInFits) {

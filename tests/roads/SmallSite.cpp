@@ -1,7 +1,7 @@
 #include "tests/roads/SmallSite.h"
 
-#include "host/data/DataFolder.h"
-#include "host/data/SiteWriter.h"
+#include "site/sqlite/DataFolder.h"
+#include "site/sqlite/SiteWriter.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -16,7 +16,7 @@ namespace {
 
 constexpr qint64 kFirstTime = 1'700'000'000;
 
-void AddPlaces(host::SiteWriter& writer, SmallSite& site) {
+void AddPlaces(site::SiteWriter& writer, SmallSite& site) {
     for (const qint32 ppid : {site.firstProject, site.secondProject}) {
         for (const QString& floor : {u"-1"_s, u"1"_s}) {
             for (const QString& x : {u"1"_s, u"2"_s}) {
@@ -28,9 +28,9 @@ void AddPlaces(host::SiteWriter& writer, SmallSite& site) {
     site.positionKey = writer.FindPosition(site.firstProject, u"-1"_s, u"2"_s, u"B"_s);
 }
 
-void AddPhotos(host::SiteWriter& writer, SmallSite& site) {
+void AddPhotos(site::SiteWriter& writer, SmallSite& site) {
     for (int number = 0; number < 5; ++number) {
-        host::NewBimPhoto photo;
+        site::NewBimPhoto photo;
         photo.ppid = site.firstProject;
         photo.fileName = u"照片%1.jpg"_s.arg(number);
         photo.positionKey = site.positionKey;
@@ -42,18 +42,18 @@ void AddPhotos(host::SiteWriter& writer, SmallSite& site) {
     }
 }
 
-void AddOthers(host::SiteWriter& writer, const SmallSite& site) {
-    host::NewCheckpoint point;
+void AddOthers(site::SiteWriter& writer, const SmallSite& site) {
+    site::NewCheckpoint point;
     point.drawingId = writer.AddDrawing(site.firstProject, u"一层平面图"_s);
     point.number = 1;
-    host::NewPdfPhoto photo;
+    site::NewPdfPhoto photo;
     photo.checkpointId = writer.AddCheckpoint(point);
     photo.fileName = u"图纸照片.jpg"_s;
     photo.uploader = u"张伟"_s;
     photo.uploadTime = kFirstTime;
     writer.FilePdfPhoto(photo, {QString(), JpegBytes(qRgb(1, 2, 3))});
     for (const QString& floor : {u"-1"_s, u"1"_s}) {
-        host::NewIssue issue;
+        site::NewIssue issue;
         issue.ppid = site.firstProject;
         issue.theme = u"问题"_s + floor;
         issue.floor = floor;
@@ -77,9 +77,9 @@ QByteArray JpegBytes(QRgb color) {
 
 SmallSite MakeSmallSite(const QString& folder) {
     SmallSite site;
-    host::DataFolder data(folder);
+    site::DataFolder data(folder);
     EXPECT_FALSE(data.Open());
-    host::SiteWriter writer(data);
+    site::SiteWriter writer(data);
     writer.BeginBatch();
     site.firstProject = writer.AddProject(u"一期工程"_s);
     site.secondProject = writer.AddProject(u"二期工程"_s);

@@ -1,6 +1,6 @@
 #include "host/app/StartUp.h"
 
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 #include "tests/roads/SmallSite.h"
 #include "tests/support/TempFolder.h"
 
@@ -21,7 +21,7 @@ protected:
 
     void SetUp() override {
         line.dataFolder = folder.Path(u"data"_s);
-        line.sample = host::SampleSize::kNone;
+        line.sample = sample::SampleSize::kNone;
     }
 };
 

@@ -1,12 +1,12 @@
 // What other clients and a failing database do to an open photo viewer, and to one that is to be
 // opened.
-#include "host/tour/ConsoleEyes.h"
-#include "host/tour/TourDriver.h"
-#include "host/tour/TourNames.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/WaitFor.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourNames.h"
 
 namespace roads {
 namespace {
@@ -17,7 +17,7 @@ using support::WaitFor;
 class ViewerFaults : public PhotoRoad {
 protected:
     static void PressInViewer(Qt::Key key) {
-        EXPECT_TRUE(WaitFor([key] { return host::tour::PressKey(Viewer(), key); }));
+        EXPECT_TRUE(WaitFor([key] { return tour::PressKey(Viewer(), key); }));
     }
 };
 
@@ -31,7 +31,7 @@ TEST_F(ViewerFaults, APlaceWhosePhotosAreAllGoneOpensWithoutAPictureUntilItsFlag
     PressInViewer(Qt::Key_Right);
     PressInViewer(Qt::Key_End);
     CloseViewer();
-    ASSERT_TRUE(WaitFor([this] { return host::tour::PressKey(client->Window(), Qt::Key_F5); }));
+    ASSERT_TRUE(WaitFor([this] { return tour::PressKey(client->Window(), Qt::Key_F5); }));
     EXPECT_EQ(PhotoFlag(Plan(), site.positionKey, 1).count, 0);
     EXPECT_EQ(FlagCounts(), std::vector<int>{1});
 }
@@ -82,14 +82,14 @@ TEST_F(ViewerFaults, APhotoChosenInTheMenuThatIsGoneByThenIsToldAndOpensNothing)
                      [&] { other.DeletePhotos({site.photos[1]}); });
     });
     EXPECT_EQ(told, u"当前照片状态为隐藏，不支持直接定位！"_s);
-    EXPECT_EQ(OpenWindows(), QStringList{host::tour::kMain});
+    EXPECT_EQ(OpenWindows(), QStringList{tour::kMain});
 }
 
 TEST_F(ViewerFaults, AFlagWhosePhotosCannotBeReadIsToldAndLeavesTheMainWindowAlone) {
     OtherClient other = Other();
     other.TakePhotosAway();
     EXPECT_EQ(BoxDuring([this] { ClickFlag(Plan(), site.positionKey, 1); }), kNotHad);
-    EXPECT_EQ(OpenWindows(), QStringList{host::tour::kMain});
+    EXPECT_EQ(OpenWindows(), QStringList{tour::kMain});
     EXPECT_TRUE(Messages().front().startsWith(u"读取照片文件失败"_s))
         << Messages().front().toStdString();
     other.BringPhotosBack();
@@ -102,7 +102,7 @@ TEST_F(ViewerFaults, AnOpenViewerWhoseNextPlaceCannotBeReadIsClosed) {
     OtherClient other = Other();
     other.TakePhotosAway();
     EXPECT_EQ(BoxDuring([this] { ClickFlag(Plan(), cornerKey, 1); }), kNotHad);
-    EXPECT_EQ(OpenWindows(), QStringList{host::tour::kMain});
+    EXPECT_EQ(OpenWindows(), QStringList{tour::kMain});
     other.BringPhotosBack();
 }
 
@@ -110,7 +110,7 @@ TEST_F(ViewerFaults, AnotherProjectEndsTheViewerAndTheFirstOneOpensItAgain) {
     ClickFlag(Plan(), site.positionKey, 1);
     ASSERT_NE(Viewer(), nullptr);
     ASSERT_TRUE(ChooseProject(u"二期工程"_s));
-    EXPECT_EQ(OpenWindows(), QStringList{host::tour::kMain});
+    EXPECT_EQ(OpenWindows(), QStringList{tour::kMain});
     ASSERT_TRUE(ChooseProject(u"一期工程"_s));
     ClickFlag(Plan(), site.positionKey, 1);
     EXPECT_EQ(ViewerTitle(), u"照片4.jpg   (1/5)"_s);

@@ -1,7 +1,7 @@
 #include "tests/host/import/ImportChild.h"
 
-#include "host/data/Database.h"
 #include "host/import/Importer.h"
+#include "site/sqlite/Database.h"
 #include "tests/host/import/ImportSite.h"
 #include "tests/host/import/TestPictures.h"
 #include "tests/support/WaitFor.h"
@@ -33,7 +33,7 @@ void PutPictures(const ImportSite& site) {
 /// After a crash and a new opening: rows and files belong together, and one more run files the
 /// rest.
 void ExpectWholeAndCompletable(ImportSite& site) {
-    const std::optional<host::OpenFault> fault = site.folder.Open();
+    const std::optional<site::OpenFault> fault = site.folder.Open();
     ASSERT_FALSE(fault.has_value());
     EXPECT_EQ(site.folder.Db().Value(u"PRAGMA integrity_check"_s).toString(), u"ok"_s);
     const auto before = site.Filed();
@@ -61,7 +61,7 @@ std::optional<int> RunAsChild(const QStringList& words) {
         return std::nullopt;
     }
     const int killAfter = words[4].toInt();
-    host::DataFolder folder(words[2]);
+    site::DataFolder folder(words[2]);
     if (folder.Open()) {
         return 3;
     }

@@ -1,8 +1,8 @@
 #include "tests/host/import/ImportSite.h"
 
-#include "host/data/Database.h"
-#include "host/data/FileStore.h"
-#include "host/data/SiteWriter.h"
+#include "site/blobs/FileStore.h"
+#include "site/sqlite/Database.h"
+#include "site/sqlite/SiteWriter.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -15,9 +15,9 @@ namespace importtest {
 using namespace Qt::StringLiterals;
 
 ImportSite::ImportSite() : folder(DataPath()) {
-    const std::optional<host::OpenFault> fault = folder.Open();
+    const std::optional<site::OpenFault> fault = folder.Open();
     EXPECT_FALSE(fault.has_value());
-    host::SiteWriter writer(folder);
+    site::SiteWriter writer(folder);
     writer.BeginBatch();
     const qint32 ppid = writer.AddProject(u"滨江花园"_s);
     writer.AddProject(u"科技大厦"_s);
@@ -47,7 +47,7 @@ std::vector<FiledPhoto> ImportSite::Filed(qint32 ppid) const {
     std::vector<FiledPhoto> photos;
     folder.Db().ForEach(u"SELECT name, position_key, mark_id, uploader, uploaded, file_uuid"
                         " FROM bim_photo WHERE ppid = ? ORDER BY id"_s,
-                        {ppid}, [&](const host::Statement& row) {
+                        {ppid}, [&](const site::Statement& row) {
                             FiledPhoto photo{row.Text(0), row.Text(1),  row.Int(2),
                                              row.Text(3), row.Int64(4), {}};
                             QFile stored(folder.Store().PathOf(row.Text(5)));

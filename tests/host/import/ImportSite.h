@@ -1,8 +1,8 @@
 // A data folder with two projects, and a folder of pictures to import.
 #pragma once
 
-#include "host/data/DataFolder.h"
 #include "host/import/ImportReport.h"
+#include "site/sqlite/DataFolder.h"
 #include "tests/support/TempFolder.h"
 
 #include <QByteArray>
@@ -42,7 +42,7 @@ public:
     [[nodiscard]] int KnownFiles() const;
 
     support::TempFolder temp;
-    host::DataFolder folder;
+    site::DataFolder folder;
 };
 
 } // namespace importtest

@@ -14,7 +14,7 @@ using Ids = std::vector<qint32>;
 
 TEST(BimFilter, EmptyProjectsMatchNothing) {
     ServiceSite site;
-    site.AddPhoto([](NewBimPhoto&) {});
+    site.AddPhoto([](site::NewBimPhoto&) {});
     KX_DATA::PicQueryFilter filter = site.Filter();
     filter.projectIds.clear();
     EXPECT_TRUE(site.PhotoIds(filter).empty());
@@ -22,8 +22,8 @@ TEST(BimFilter, EmptyProjectsMatchNothing) {
 
 TEST(BimFilter, OnlyTheProjectsAskedForAreListed) {
     ServiceSite site;
-    const qint32 one = site.AddPhoto([](NewBimPhoto&) {});
-    const qint32 two = site.AddPhoto([&](NewBimPhoto& photo) { photo.ppid = site.second; });
+    const qint32 one = site.AddPhoto([](site::NewBimPhoto&) {});
+    const qint32 two = site.AddPhoto([&](site::NewBimPhoto& photo) { photo.ppid = site.second; });
     KX_DATA::PicQueryFilter filter = site.Filter();
     EXPECT_EQ(site.PhotoIds(filter), (Ids{one}));
     filter.projectIds = {site.second, site.first};
@@ -34,8 +34,8 @@ TEST(BimFilter, OnlyTheProjectsAskedForAreListed) {
 
 TEST(BimFilter, MarkZeroIsNoLimitAndAnUnknownMarkIsOne) {
     ServiceSite site;
-    const qint32 one = site.AddPhoto([](NewBimPhoto&) {});
-    const qint32 two = site.AddPhoto([](NewBimPhoto& photo) { photo.markId = 99; });
+    const qint32 one = site.AddPhoto([](site::NewBimPhoto&) {});
+    const qint32 two = site.AddPhoto([](site::NewBimPhoto& photo) { photo.markId = 99; });
     KX_DATA::PicQueryFilter filter = site.Filter();
     EXPECT_EQ(site.PhotoIds(filter), (Ids{one, two}));
     filter.markId = 99;
@@ -45,8 +45,8 @@ TEST(BimFilter, MarkZeroIsNoLimitAndAnUnknownMarkIsOne) {
 TEST(BimFilter, ALabelListsItsPhotosAndAnEmptyOneAll) {
     ServiceSite site;
     const qint32 label = site.writer->AddLabel(u"质量"_s);
-    const qint32 one = site.AddPhoto([&](NewBimPhoto& photo) { photo.labelIds = {label}; });
-    site.AddPhoto([](NewBimPhoto&) {});
+    const qint32 one = site.AddPhoto([&](site::NewBimPhoto& photo) { photo.labelIds = {label}; });
+    site.AddPhoto([](site::NewBimPhoto&) {});
     KX_DATA::PicQueryFilter filter = site.Filter();
     EXPECT_EQ(site.PhotoIds(filter).size(), 2u);
     filter.labelId = QString::number(label);
@@ -61,7 +61,7 @@ TEST(BimFilter, TheStateIsNamedAsTheRowShowsItAndAllOrNothingIsNoLimit) {
     GetVeskPicMng()->GetStateNames(names);
     ASSERT_EQ(names.front(), u"全部"_s);
     for (qint32 state = 0; state + 1 < static_cast<qint32>(names.size()); ++state) {
-        site.AddPhoto([&](NewBimPhoto& photo) { photo.state = state; });
+        site.AddPhoto([&](site::NewBimPhoto& photo) { photo.state = state; });
     }
     KX_DATA::PicQueryFilter filter = site.Filter();
     for (size_t i = 1; i < names.size(); ++i) {
@@ -80,8 +80,9 @@ TEST(BimFilter, TheStateIsNamedAsTheRowShowsItAndAllOrNothingIsNoLimit) {
 
 TEST(BimFilter, TheDateIsThatOfTheLastChangeWithBothLimitsInclusive) {
     ServiceSite site;
-    const qint32 uploaded = site.AddPhoto([](NewBimPhoto& photo) { photo.uploadTime = 1000; });
-    const qint32 changed = site.AddPhoto([](NewBimPhoto& photo) {
+    const qint32 uploaded =
+        site.AddPhoto([](site::NewBimPhoto& photo) { photo.uploadTime = 1000; });
+    const qint32 changed = site.AddPhoto([](site::NewBimPhoto& photo) {
         photo.uploadTime = 10;
         photo.updateTime = 2000;
         photo.updater = u"li"_s;
@@ -102,16 +103,17 @@ TEST(BimFilter, TheDateIsThatOfTheLastChangeWithBothLimitsInclusive) {
 
 TEST(BimFilter, HiddenPhotosAreListedBesideShownOnes) {
     ServiceSite site;
-    site.AddPhoto([](NewBimPhoto& photo) { photo.status = 1; });
-    site.AddPhoto([](NewBimPhoto&) {});
+    site.AddPhoto([](site::NewBimPhoto& photo) { photo.status = 1; });
+    site.AddPhoto([](site::NewBimPhoto&) {});
     EXPECT_EQ(site.PhotoIds(site.Filter()).size(), 2u);
 }
 
 TEST(BimFilter, ThePresetKeyIsAPositionKeyAndThePhotoIdNeverLimits) {
     ServiceSite site;
     site.writer->AddPosition({site.first, u"3"_s, u"A"_s, u"1"_s, u"key-1"_s, true});
-    const qint32 there = site.AddPhoto([](NewBimPhoto& photo) { photo.positionKey = u"key-1"_s; });
-    const qint32 other = site.AddPhoto([](NewBimPhoto&) {});
+    const qint32 there =
+        site.AddPhoto([](site::NewBimPhoto& photo) { photo.positionKey = u"key-1"_s; });
+    const qint32 other = site.AddPhoto([](site::NewBimPhoto&) {});
     KX_DATA::PicQueryFilter filter = site.Filter();
     filter.picId = there;
     EXPECT_EQ(site.PhotoIds(filter), (Ids{there, other}));
@@ -126,7 +128,7 @@ TEST(BimFilter, ARowTellsThePhotoWhole) {
     const qint32 one = site.writer->AddLabel(u"质量"_s);
     const qint32 two = site.writer->AddLabel(u"进度"_s);
     site.writer->AddPosition({site.first, u"-1"_s, u"A"_s, u"12"_s, u"key-1"_s, false});
-    NewBimPhoto photo = site.UsualPhoto();
+    site::NewBimPhoto photo = site.UsualPhoto();
     photo.fileName = u"外墙.JPG"_s;
     photo.description = u"空鼓"_s;
     photo.positionKey = u"key-1"_s;
@@ -156,7 +158,7 @@ TEST(BimFilter, ARowTellsThePhotoWhole) {
 
 TEST(BimFilter, APhotoThatNobodyChangedHasNeitherUpdaterNorUpdateTime) {
     ServiceSite site;
-    site.AddPhoto([](NewBimPhoto&) {});
+    site.AddPhoto([](site::NewBimPhoto&) {});
     const auto rows = site.Photos(site.Filter());
     ASSERT_EQ(rows.size(), 1u);
     EXPECT_EQ(rows[0].updaterName, QString());
@@ -166,7 +168,7 @@ TEST(BimFilter, APhotoThatNobodyChangedHasNeitherUpdaterNorUpdateTime) {
 
 TEST(BimFilter, APageBehindTheLastOneIsEmptyAndStillTellsTheTotal) {
     ServiceSite site;
-    site.AddPhoto([](NewBimPhoto&) {});
+    site.AddPhoto([](site::NewBimPhoto&) {});
     KX_DATA::PageResult result;
     std::vector<KX_DATA::BimPicRow> rows;
     EXPECT_EQ(GetVeskPicMng()->QueryBimPics(site.Filter(), {7, 30, u"pic_name"_s, u"asc"_s}, result,

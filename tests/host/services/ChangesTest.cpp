@@ -1,5 +1,5 @@
-#include "host/data/Bin.h"
 #include "services/Factories.h"
+#include "site/sqlite/Bin.h"
 #include "tests/host/services/ServiceSite.h"
 
 namespace host {
@@ -9,7 +9,7 @@ using hosttest::ServiceSite;
 
 TEST(BimChanges, HidingKeepsToTheProjectAndChangesNeitherPeopleNorTimes) {
     ServiceSite site;
-    const qint32 id = site.AddPhoto([](NewBimPhoto&) {});
+    const qint32 id = site.AddPhoto([](site::NewBimPhoto&) {});
     EXPECT_FALSE(GetVeskPicMng()->SetBimPicsShown(site.second, {id}, true));
     EXPECT_EQ(site.Photos(site.Filter())[0].status, 0);
     EXPECT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.first, {id}, true));
@@ -22,12 +22,12 @@ TEST(BimChanges, HidingKeepsToTheProjectAndChangesNeitherPeopleNorTimes) {
 
 TEST(BimChanges, DeletedPhotosAreInTheBinWithWhoDeletedThem) {
     ServiceSite site;
-    const qint32 id = site.AddPhoto([&](NewBimPhoto& photo) { photo.ppid = site.second; });
+    const qint32 id = site.AddPhoto([&](site::NewBimPhoto& photo) { photo.ppid = site.second; });
     EXPECT_TRUE(GetVeskPicMng()->DeleteBimPics({id})); // no project is asked for
     KX_DATA::PicQueryFilter filter = site.Filter();
     filter.projectIds = {site.second};
     EXPECT_TRUE(site.PhotoIds(filter).empty());
-    Bin bin(site.session.Folder()->Db(), site.session.Folder()->Store());
+    site::Bin bin(site.session.Folder()->Db(), site.session.Folder()->Store());
     ASSERT_EQ(bin.List().size(), 1u);
     EXPECT_EQ(bin.List()[0].deletedBy, u"li"_s);
     EXPECT_TRUE(GetVeskPicMng()->DeleteBimPics({}));
@@ -37,7 +37,7 @@ TEST(BimChanges, AnEditedPhotoHasItsNewPlaceMarkLabelsAndUpdater) {
     ServiceSite site;
     site.writer->AddPosition({site.first, u"5"_s, u"B"_s, u"2"_s, u"key-5"_s, true});
     const qint32 label = site.writer->AddLabel(u"进度"_s);
-    const qint32 id = site.AddPhoto([](NewBimPhoto&) {});
+    const qint32 id = site.AddPhoto([](site::NewBimPhoto&) {});
     KX_DATA::BimPicUpdate update;
     update.picId = id;
     update.fileName = u"b.jpg"_s;
@@ -62,7 +62,8 @@ TEST(BimChanges, AnEditedPhotoHasItsNewPlaceMarkLabelsAndUpdater) {
 TEST(BimChanges, AnEditThatKeepsThePlaceKeepsOneThatTheModelLost) {
     ServiceSite site;
     site.writer->AddPosition({site.first, u"5"_s, u"B"_s, u"2"_s, u"key-5"_s, false});
-    const qint32 id = site.AddPhoto([](NewBimPhoto& photo) { photo.positionKey = u"key-5"_s; });
+    const qint32 id =
+        site.AddPhoto([](site::NewBimPhoto& photo) { photo.positionKey = u"key-5"_s; });
     KX_DATA::BimPicUpdate update;
     update.picId = id;
     update.fileName = u"a.jpg"_s;
@@ -77,7 +78,7 @@ TEST(BimChanges, AnEditThatKeepsThePlaceKeepsOneThatTheModelLost) {
 TEST(BimDetail, FailsForAHiddenPhotoAsForAnUnknownOne) {
     ServiceSite site;
     const qint32 label = site.writer->AddLabel(u"质量"_s);
-    const qint32 id = site.AddPhoto([&](NewBimPhoto& photo) { photo.labelIds = {label}; });
+    const qint32 id = site.AddPhoto([&](site::NewBimPhoto& photo) { photo.labelIds = {label}; });
     KX_DATA::BimPicDetail detail;
     EXPECT_EQ(GetVeskPicMng()->GetBimPicDetail(site.first, id, detail), KX_DATA::kServiceOk);
     EXPECT_EQ(detail.markName, u"质量"_s);
@@ -92,7 +93,7 @@ TEST(BimDetail, FailsForAHiddenPhotoAsForAnUnknownOne) {
 
 TEST(BimDetail, AMarkThatTheTableLacksHasNoNameAndTheColourOfTheGround) {
     ServiceSite site;
-    const qint32 id = site.AddPhoto([](NewBimPhoto& photo) { photo.markId = 99; });
+    const qint32 id = site.AddPhoto([](site::NewBimPhoto& photo) { photo.markId = 99; });
     KX_DATA::BimPicDetail detail;
     ASSERT_EQ(GetVeskPicMng()->GetBimPicDetail(site.first, id, detail), KX_DATA::kServiceOk);
     EXPECT_EQ(detail.markId, 99);
@@ -103,13 +104,13 @@ TEST(BimDetail, AMarkThatTheTableLacksHasNoNameAndTheColourOfTheGround) {
 TEST(BimFiles, OfAnIntersectionAreThoseOfItsShownPhotosWithTheMark) {
     ServiceSite site;
     site.writer->AddPosition({site.first, u"5"_s, u"B"_s, u"2"_s, u"key-5"_s, true});
-    const auto at = [](NewBimPhoto& photo) { photo.positionKey = u"key-5"_s; };
+    const auto at = [](site::NewBimPhoto& photo) { photo.positionKey = u"key-5"_s; };
     const qint32 shown = site.AddPhoto(at);
-    site.AddPhoto([&](NewBimPhoto& photo) {
+    site.AddPhoto([&](site::NewBimPhoto& photo) {
         at(photo);
         photo.status = 1;
     });
-    site.AddPhoto([&](NewBimPhoto& photo) {
+    site.AddPhoto([&](site::NewBimPhoto& photo) {
         at(photo);
         photo.markId = 2;
     });
@@ -146,11 +147,11 @@ TEST(BimLabelsAndMarks, InUseAreThoseOnPhotosAndKnownToTheMarkTable) {
     ServiceSite site;
     const qint32 used = site.writer->AddLabel(u"质量"_s);
     site.writer->AddLabel(u"空闲"_s);
-    site.AddPhoto([&](NewBimPhoto& photo) {
+    site.AddPhoto([&](site::NewBimPhoto& photo) {
         photo.labelIds = {used};
         photo.markId = 99; // the console would show nothing at all if it came along
     });
-    const qint32 marked = site.AddPhoto([](NewBimPhoto& photo) { photo.markId = 2; });
+    const qint32 marked = site.AddPhoto([](site::NewBimPhoto& photo) { photo.markId = 2; });
     std::vector<KX_DATA::LabelEntry> labels;
     EXPECT_TRUE(GetVeskPicMng()->GetBimLabels(labels));
     ASSERT_EQ(labels.size(), 1u);

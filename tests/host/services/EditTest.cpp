@@ -1,8 +1,8 @@
 // What saving an edited BIM photo changes, in lists, search and panel, and what it refuses.
-#include "host/data/Database.h"
 #include "services/Factories.h"
 #include "services/IKXDocMng.h"
 #include "services/IKXLocalCacheData.h"
+#include "site/sqlite/Database.h"
 #include "tests/host/services/ServiceSite.h"
 
 namespace host {
@@ -21,7 +21,7 @@ public:
         writer->AddPosition({second, u"9"_s, u"C"_s, u"1"_s, u"key-9"_s, true});
         label = writer->AddLabel(u"质量"_s);
         otherLabel = writer->AddLabel(u"进度"_s);
-        photo = AddPhoto([this](NewBimPhoto& made) {
+        photo = AddPhoto([this](site::NewBimPhoto& made) {
             made.fileName = u"外墙.jpg"_s;
             made.description = u"三层东侧"_s;
             made.positionKey = u"key-3"_s;
@@ -57,7 +57,7 @@ public:
         filter.labelId = QString::number(labelId);
         return !PhotoIds(filter).empty();
     }
-    Database& Db() { return session.Folder()->Db(); }
+    site::Database& Db() { return session.Folder()->Db(); }
     /// What another client does that names a floor anew.
     void RenameFloor(const QString& from, const QString& to) {
         writer->AddFloor(first, to);
@@ -71,13 +71,13 @@ public:
         Db().ForEach(u"SELECT name, description, mark_id, status, position_key, floor, axis_x,"
                      " axis_y, pos_text, updater, updated, modifier, modified FROM bim_photo"
                      " WHERE id = ?"_s,
-                     {photo}, [&](const Statement& read) {
+                     {photo}, [&](const site::Statement& read) {
                          for (int column = 0; column < 13; ++column) {
                              text += read.Text(column) + u'|';
                          }
                      });
         Db().ForEach(u"SELECT label_id FROM bim_label WHERE photo_id = ?"_s, {photo},
-                     [&](const Statement& read) { text += read.Text(0) + u' '; });
+                     [&](const site::Statement& read) { text += read.Text(0) + u' '; });
         return text;
     }
 
@@ -138,7 +138,7 @@ TEST(BimEdit, ALabelThatAnotherClientAddedMeanwhileIsTheSame) {
 
 TEST(BimEdit, TheChangeComesFirstInTheListOfTheLatest) {
     EditSite site;
-    const qint32 later = site.AddPhoto([](NewBimPhoto& photo) { photo.uploadTime += 100; });
+    const qint32 later = site.AddPhoto([](site::NewBimPhoto& photo) { photo.uploadTime += 100; });
     ASSERT_EQ(site.PhotoIds(site.Filter(), u"last_modifytime"_s, u"desc"_s),
               (std::vector<qint32>{later, site.photo}));
     ASSERT_TRUE(site.Save());

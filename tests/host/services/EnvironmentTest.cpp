@@ -144,8 +144,8 @@ TEST(Paths, FoldersExistEndWithTheirSeparatorAndLieOutsideTheStore) {
 
 TEST(ActionLog, IsKeptWithWhoAndWhereAndTold) {
     ServiceSite site;
-    std::vector<LoggedAction> told;
-    site.session.SetActionSink([&](const LoggedAction& action) { told.push_back(action); });
+    std::vector<site::LoggedAction> told;
+    site.session.SetActionSink([&](const site::LoggedAction& action) { told.push_back(action); });
     GetKXSysMng()->WriteActionLog(u"删除Vesk照片"_s);
     ASSERT_EQ(told.size(), 1u);
     EXPECT_EQ(told[0].person, u"li"_s);
@@ -204,9 +204,9 @@ TEST(ViewAndProgress, AreTheSessionsOrNone) {
 TEST(SecondInstance, SeesWhatTheFirstChangesInItsLists) {
     ServiceSite site;
     EXPECT_TRUE(site.PhotoIds(site.Filter()).empty());
-    DataFolder other(site.session.Folder()->Path());
+    site::DataFolder other(site.session.Folder()->Path());
     ASSERT_FALSE(other.Open().has_value());
-    SiteWriter(other).FilePhoto(site.UsualPhoto(), {{}, "jpeg"});
+    site::SiteWriter(other).FilePhoto(site.UsualPhoto(), {{}, "jpeg"});
     EXPECT_EQ(site.PhotoIds(site.Filter()).size(), 1u);
 }
 

@@ -1,8 +1,8 @@
-#include "host/data/FileStore.h"
-#include "host/data/RunningTransfer.h"
 #include "services/Factories.h"
 #include "services/IKXFilesMng.h"
 #include "services/IKXPathMng.h"
+#include "site/blobs/FileStore.h"
+#include "site/transfer/RunningTransfer.h"
 #include "tests/host/services/ServiceSite.h"
 
 #include <QDeadlineTimer>
@@ -24,7 +24,7 @@ namespace {
 class FilesSite : public ServiceSite {
 public:
     FilesSite() {
-        AddPhoto([](NewBimPhoto&) {});
+        AddPhoto([](site::NewBimPhoto&) {});
         uuid = Photos(Filter())[0].text8;
         GetKXPathMng()->GetPicFolder(local, first, {});
         local += uuid + u".jpg"_s;
@@ -64,7 +64,7 @@ TEST(Download, BringsTheFileIntoTheCache) {
 
 TEST(Download, AFailureHasATextAndAMessageForThePerson) {
     FilesSite site;
-    site.session.SetTransfers({0, TransferFault::kAtStart});
+    site.session.SetTransfers({0, site::TransferFault::kAtStart});
     const KX_DATA::TransferResult result = site.Download();
     EXPECT_EQ(result.success, 0);
     EXPECT_FALSE(result.message.isEmpty());
@@ -94,7 +94,7 @@ TEST(BackgroundDownload, EndsFinishedWithTheFileInTheCache) {
 
 TEST(BackgroundDownload, AFailureKeepsItsTextUntilItIsRead) {
     FilesSite site;
-    site.session.SetTransfers({0, TransferFault::kAtStart});
+    site.session.SetTransfers({0, site::TransferFault::kAtStart});
     KX_DATA::FileDownloadRecord record;
     record.uuid = site.uuid;
     record.localPath = site.local;
@@ -124,8 +124,9 @@ TEST(BackgroundDownload, ManyAtOnceAllArrive) {
 }
 
 TEST(BackgroundDownload, ClosingTheFolderEndsWhatRuns) {
-    for (const TransferRules& rules :
-         {TransferRules{1'000'000}, TransferRules{0, TransferFault::kNeverEnds}}) {
+    for (const site::TransferRules& rules :
+         {site::TransferRules{1'000'000},
+          site::TransferRules{0, site::TransferFault::kNeverEnds}}) {
         FilesSite site;
         KX_DATA::FileDownloadRecord record;
         record.uuid = site.uuid;
@@ -174,9 +175,9 @@ TEST(BackgroundDownload, ASessionMayEndWhileOtherThreadsStartTasks) {
 }
 
 TEST(Download, OnTheInterfaceThreadThePersonIsKeptInformed) {
-    class Recorder final : public ITransferWait {
+    class Recorder final : public site::ITransferWait {
     public:
-        void Wait(RunningTransfer& transfer) override {
+        void Wait(site::RunningTransfer& transfer) override {
             ++waits;
             transfer.WaitDone();
             total = transfer.Total();
@@ -197,16 +198,16 @@ TEST(Download, OnTheInterfaceThreadThePersonIsKeptInformed) {
 }
 
 TEST(Download, OneThatNeverEndsIsLeftByACancelAndLeavesNothing) {
-    class Impatient final : public ITransferWait {
+    class Impatient final : public site::ITransferWait {
     public:
-        void Wait(RunningTransfer& transfer) override {
+        void Wait(site::RunningTransfer& transfer) override {
             transfer.Cancel();
             transfer.WaitDone();
         }
     } impatient;
     FilesSite site;
     site.session.transferWait = &impatient;
-    site.session.SetTransfers({0, TransferFault::kNeverEnds});
+    site.session.SetTransfers({0, site::TransferFault::kNeverEnds});
     const KX_DATA::TransferResult result = site.Download();
     EXPECT_EQ(result.success, 0);
     EXPECT_TRUE(result.message.contains(u"已取消"_s)) << result.message.toStdString();

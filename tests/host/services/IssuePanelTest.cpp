@@ -1,6 +1,6 @@
-#include "host/data/Database.h"
 #include "services/Factories.h"
 #include "services/ITNQuestionMng.h"
+#include "site/sqlite/Database.h"
 #include "tests/host/services/ServiceSite.h"
 
 namespace host {
@@ -38,7 +38,7 @@ public:
 
 private:
     void Add(const QString& floor, const QString& place, qint32 mark, qint32 status, qint64 time) {
-        AddIssue([&](NewIssue& issue) {
+        AddIssue([&](site::NewIssue& issue) {
             issue.questionId = u"q%1"_s.arg(++count);
             issue.floor = floor;
             issue.posInfo = place;
@@ -105,7 +105,7 @@ TEST(IssuePanel, WithoutBothEndsOfTheRangeAllTimesCount) {
 
 TEST(IssuePanel, AWorksetHasOneEntryAFloorAndAGroupForEachOfItsProjects) {
     IssueSite site;
-    site.AddIssue([&](NewIssue& issue) {
+    site.AddIssue([&](site::NewIssue& issue) {
         issue.ppid = site.second;
         issue.floor = u"2"_s;
         issue.markId = 2;
@@ -137,7 +137,7 @@ TEST(IssuePanel, ReadsAnIndexAndNoRows) {
         u"EXPLAIN QUERY PLAN SELECT floor_sort, floor, question_id, theme, pos_info,"
         " component_name, mark_id FROM issue INDEXED BY issue_panel WHERE ppid = 1 AND status = 0"
         " AND modified BETWEEN 1 AND 2 AND modifier = 'x' ORDER BY floor_sort, pos_info, id"_s,
-        {}, [&](const Statement& row) { plan += row.Text(3) + u'\n'; });
+        {}, [&](const site::Statement& row) { plan += row.Text(3) + u'\n'; });
     EXPECT_TRUE(plan.contains(u"COVERING INDEX issue_panel"_s)) << plan.toStdString();
     EXPECT_FALSE(plan.contains(u"TEMP B-TREE"_s)) << plan.toStdString();
 }

@@ -23,9 +23,10 @@ std::vector<KX_DATA::IssueRow> IssuesOf(const KX_DATA::PicQueryFilter& filter,
 
 TEST(IssueList, ThePresetIsAFloorAndOnlyWithItAComponent) {
     ServiceSite site;
-    const QString one = site.AddIssue([](NewIssue& issue) { issue.componentHandle = u"h1"_s; });
-    site.AddIssue([](NewIssue& issue) { issue.componentHandle = u"h2"_s; });
-    site.AddIssue([](NewIssue& issue) {
+    const QString one =
+        site.AddIssue([](site::NewIssue& issue) { issue.componentHandle = u"h1"_s; });
+    site.AddIssue([](site::NewIssue& issue) { issue.componentHandle = u"h2"_s; });
+    site.AddIssue([](site::NewIssue& issue) {
         issue.floor = u"2"_s;
         issue.componentHandle = u"h1"_s;
     });
@@ -45,7 +46,7 @@ TEST(IssueList, ThePresetIsAFloorAndOnlyWithItAComponent) {
 TEST(IssueList, EveryKeyOfTheirTableSortsAndPlacesSortByFloorPlaceAndComponent) {
     ServiceSite site;
     const auto add = [&](const QString& floor, const QString& place, const QString& component) {
-        return site.AddIssue([&](NewIssue& issue) {
+        return site.AddIssue([&](site::NewIssue& issue) {
             issue.floor = floor;
             issue.posInfo = place;
             issue.componentName = component;
@@ -69,13 +70,13 @@ TEST(IssueList, EveryKeyOfTheirTableSortsAndPlacesSortByFloorPlaceAndComponent) 
 
 TEST(IssueList, TheKeywordIsFoundInThemePeopleAndDescriptionAndTheStateLimits) {
     ServiceSite site;
-    site.AddIssue([](NewIssue& issue) {
+    site.AddIssue([](site::NewIssue& issue) {
         issue.theme = u"楼板渗漏"_s;
         issue.description = u"三层东侧"_s;
         issue.creator = u"王芳"_s;
         issue.state = 2;
     });
-    site.AddIssue([](NewIssue&) {});
+    site.AddIssue([](site::NewIssue&) {});
     for (const QString& keyword : {u"板渗"_s, u"东"_s, u"芳"_s}) {
         KX_DATA::PicQueryFilter filter = site.Filter();
         filter.keyword = keyword;
@@ -89,7 +90,7 @@ TEST(IssueList, TheKeywordIsFoundInThemePeopleAndDescriptionAndTheStateLimits) {
 
 TEST(IssueList, AnIssueThatNobodyChangedHasItsCreationTwice) {
     ServiceSite site;
-    site.AddIssue([](NewIssue&) {});
+    site.AddIssue([](site::NewIssue&) {});
     const auto rows = IssuesOf(site.Filter());
     ASSERT_EQ(rows.size(), 1u);
     EXPECT_EQ(rows[0].createTime, rows[0].updateTime);
@@ -99,8 +100,8 @@ TEST(IssueList, AnIssueThatNobodyChangedHasItsCreationTwice) {
 
 TEST(IssueList, HidingShowingAndDeletingTakeQuestionIds) {
     ServiceSite site;
-    const QString one = site.AddIssue([](NewIssue&) {});
-    const QString two = site.AddIssue([](NewIssue&) {});
+    const QString one = site.AddIssue([](site::NewIssue&) {});
+    const QString two = site.AddIssue([](site::NewIssue&) {});
     EXPECT_TRUE(GetTNQuestionMng()->SetIssuesShown(site.first, {two}, true));
     EXPECT_EQ(IssuesOf(site.Filter(), u"status"_s)[1].questionId, two);
     EXPECT_EQ(IssuesOf(site.Filter(), u"status"_s)[1].status, 1);
@@ -112,7 +113,7 @@ TEST(IssueList, HidingShowingAndDeletingTakeQuestionIds) {
 
 TEST(IssueDetail, IsReadWithVoicePicturesAndRectificationAndLeavesTheCallersFieldsAlone) {
     ServiceSite site;
-    NewIssue issue = site.UsualIssue();
+    site::NewIssue issue = site.UsualIssue();
     issue.componentName = u"KL-3"_s;
     issue.rectifier = u"wang"_s;
     issue.rectifyText = u"已修补"_s;
@@ -143,8 +144,8 @@ TEST(IssueDetail, IsReadWithVoicePicturesAndRectificationAndLeavesTheCallersFiel
 
 TEST(IssueMarks, AreThoseInUseThatTheTableKnows) {
     ServiceSite site;
-    site.AddIssue([](NewIssue& issue) { issue.markId = 2; });
-    site.AddIssue([](NewIssue& issue) { issue.markId = 99; });
+    site.AddIssue([](site::NewIssue& issue) { issue.markId = 2; });
+    site.AddIssue([](site::NewIssue& issue) { issue.markId = 99; });
     std::vector<qint32> marks;
     EXPECT_TRUE(GetTNQuestionMng()->GetUsedMarks(KX_DATA::kIssueMarkKind, marks));
     EXPECT_EQ(marks, (std::vector<qint32>{2}));

@@ -31,7 +31,7 @@ public:
 private:
     void Add(const QString& name, const QString& description, const QString& uploader,
              const QString& updater) {
-        ids.push_back(AddPhoto([&](NewBimPhoto& photo) {
+        ids.push_back(AddPhoto([&](site::NewBimPhoto& photo) {
             photo.fileName = name;
             photo.description = description;
             photo.uploader = uploader;
@@ -113,7 +113,7 @@ TEST(Keyword, AChangedPhotoIsFoundByItsNewTextsOnly) {
 TEST(Keyword, OtherFiltersCutTheHitsDown) {
     ServiceSite site;
     for (qint32 i = 0; i < 40; ++i) {
-        site.AddPhoto([i](NewBimPhoto& photo) {
+        site.AddPhoto([i](site::NewBimPhoto& photo) {
             photo.description = i % 2 == 0 ? u"渗漏"_s : u"裂缝"_s;
             photo.markId = 1 + i % 4 / 2;
             photo.state = i % 3;

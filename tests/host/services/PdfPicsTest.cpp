@@ -18,7 +18,7 @@ public:
         label = writer->AddLabel(u"消防"_s);
         drawings = {writer->AddDrawing(first, u"一层平面图"_s),
                     writer->AddDrawing(first, u"二层平面图"_s)};
-        NewCheckpoint point;
+        site::NewCheckpoint point;
         point.drawingId = drawings[0];
         point.number = 7;
         point.markId = 1;
@@ -32,7 +32,7 @@ public:
     }
 
     qint32 AddPdf(size_t place, const QString& name) {
-        NewPdfPhoto photo;
+        site::NewPdfPhoto photo;
         photo.checkpointId = points[place];
         photo.fileName = name;
         photo.uploader = u"zhang"_s;
@@ -124,7 +124,7 @@ TEST(PdfPics, EveryKeyOfTheirTableSortsAndCheckpointsSortAsNumbers) {
 
 TEST(PdfPics, IdsOfPhotosOfBothKindsNeverMeet) {
     PdfSite site;
-    const qint32 bim = site.AddPhoto([](NewBimPhoto&) {});
+    const qint32 bim = site.AddPhoto([](site::NewBimPhoto&) {});
     const qint32 pdf = site.AddPdf(0, u"p.jpg"_s);
     EXPECT_NE(bim, pdf);
     std::vector<KX_DATA::PicFileEntry> files;

@@ -1,6 +1,6 @@
-#include "host/data/Database.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
+#include "site/sqlite/Database.h"
 #include "tests/host/services/ServiceSite.h"
 
 #include <set>
@@ -32,7 +32,7 @@ public:
 
 private:
     void Add(const QString& key, qint32 mark, qint32 status, const QString& person, qint64 time) {
-        AddPhoto([&](NewBimPhoto& photo) {
+        AddPhoto([&](site::NewBimPhoto& photo) {
             photo.positionKey = key;
             photo.markId = mark;
             photo.status = status;
@@ -76,7 +76,7 @@ TEST(PicPanel, TheTreeHasFloorsIntersectionsAndMarks) {
 
 TEST(PicPanel, HiddenPhotosAreInNoneOfTheModulesLists) {
     PanelSite site;
-    Database& db = site.session.Folder()->Db();
+    site::Database& db = site.session.Folder()->Db();
     db.Exec(u"UPDATE bim_photo SET status = 1 WHERE floor = '10' OR (position_key = 'two-1' AND"
             " mark_id = 2)"_s);
     std::vector<KX_DATA::PicFilterEntry> entries;
@@ -118,7 +118,7 @@ TEST(PicPanel, UnderADateRangeOnlyItsPhotosCount) {
 TEST(PicPanel, TheSamePlaceOfTwoProjectsHasTwoNames) {
     PanelSite site;
     site.writer->AddPosition({site.second, u"2"_s, u"A"_s, u"1"_s, u"other-1"_s, true});
-    site.AddPhoto([&](NewBimPhoto& photo) {
+    site.AddPhoto([&](site::NewBimPhoto& photo) {
         photo.ppid = site.second;
         photo.positionKey = u"other-1"_s;
     });
@@ -152,7 +152,7 @@ TEST(PicPanel, AChangeByAnotherClientCountsAtOnce) {
     PanelSite site;
     std::vector<KX_DATA::PicFilterEntry> entries;
     GetVeskPicMng()->GetBimPicFilterGroups(0, 0, 0, site.arg, entries);
-    DataFolder other(site.session.Folder()->Path());
+    site::DataFolder other(site.session.Folder()->Path());
     ASSERT_FALSE(other.Open().has_value());
     other.Db().Exec(u"UPDATE bim_photo SET status = 1 WHERE floor = '10'"_s);
     GetVeskPicMng()->GetBimPicFilterGroups(0, 0, 0, site.arg, entries);

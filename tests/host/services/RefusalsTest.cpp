@@ -124,7 +124,7 @@ TEST(Refusals, WhatIsAskedOfThingsThatAreGoneGivesAReason) {
 
 TEST(Refusals, WhenSomeAreGoneTheOthersAreDoneAndTheDifferenceIsTold) {
     ServiceSite site;
-    const qint32 there = site.AddPhoto([](NewBimPhoto&) {});
+    const qint32 there = site.AddPhoto([](site::NewBimPhoto&) {});
     EXPECT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.first, {kGone, there}, true));
     EXPECT_EQ(site.Photos(site.Filter())[0].status, 1);
     ASSERT_EQ(site.messages.size(), 1U);
@@ -141,7 +141,7 @@ TEST(Refusals, NothingChosenIsNoFault) {
 
 TEST(Refusals, AHiddenPhotoIsRefusedWithoutAMessageForTheModuleTellsIt) {
     ServiceSite site;
-    const qint32 hidden = site.AddPhoto([](NewBimPhoto& photo) { photo.status = 1; });
+    const qint32 hidden = site.AddPhoto([](site::NewBimPhoto& photo) { photo.status = 1; });
     KX_DATA::BimPicDetail detail;
     EXPECT_NE(GetVeskPicMng()->GetBimPicDetail(site.first, hidden, detail), KX_DATA::kServiceOk);
     EXPECT_TRUE(site.messages.empty());

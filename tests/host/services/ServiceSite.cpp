@@ -11,7 +11,7 @@ ServiceSite::ServiceSite() {
         [this](host::MessageLevel, const QString& text) { messages.push_back(text); });
     const auto fault = session.OpenFolder(dir.filePath(u"site"_s), {500, true});
     EXPECT_FALSE(fault.has_value());
-    writer = std::make_unique<host::SiteWriter>(*session.Folder());
+    writer = std::make_unique<site::SiteWriter>(*session.Folder());
     first = writer->AddProject(u"一号楼"_s, 2);
     second = writer->AddProject(u"二号楼"_s);
     workset = writer->AddWorkset(u"全部"_s, {first, second});
@@ -23,8 +23,8 @@ ServiceSite::ServiceSite() {
     EXPECT_TRUE(session.OpenProject(first));
 }
 
-host::NewBimPhoto ServiceSite::UsualPhoto() const {
-    host::NewBimPhoto photo;
+site::NewBimPhoto ServiceSite::UsualPhoto() const {
+    site::NewBimPhoto photo;
     photo.ppid = first;
     photo.fileName = u"a.jpg"_s;
     photo.markId = 1;
@@ -33,8 +33,8 @@ host::NewBimPhoto ServiceSite::UsualPhoto() const {
     return photo;
 }
 
-host::NewIssue ServiceSite::UsualIssue() const {
-    host::NewIssue issue;
+site::NewIssue ServiceSite::UsualIssue() const {
+    site::NewIssue issue;
     issue.ppid = first;
     issue.theme = u"裂缝"_s;
     issue.floor = u"1"_s;

@@ -1,9 +1,9 @@
 // A small site behind the services, as a test of them sees it: one session, one user, two projects.
 #pragma once
 
-#include "host/data/HostSession.h"
-#include "host/data/SiteWriter.h"
+#include "host/session/HostSession.h"
 #include "services/IVeskPicMng.h"
+#include "site/sqlite/SiteWriter.h"
 
 #include <QTemporaryDir>
 
@@ -20,17 +20,17 @@ public:
 
     /// A photo with usual values, changed by `change` before it is filed.
     template <typename Change> qint32 AddPhoto(Change change) {
-        host::NewBimPhoto photo = UsualPhoto();
+        site::NewBimPhoto photo = UsualPhoto();
         change(photo);
         return writer->FilePhoto(photo, {{}, "jpeg"});
     }
     template <typename Change> QString AddIssue(Change change) {
-        host::NewIssue issue = UsualIssue();
+        site::NewIssue issue = UsualIssue();
         change(issue);
         return writer->FileIssue(issue);
     }
-    [[nodiscard]] host::NewBimPhoto UsualPhoto() const;
-    [[nodiscard]] host::NewIssue UsualIssue() const;
+    [[nodiscard]] site::NewBimPhoto UsualPhoto() const;
+    [[nodiscard]] site::NewIssue UsualIssue() const;
 
     /// A filter on the first project without any limit.
     [[nodiscard]] KX_DATA::PicQueryFilter Filter() const;
@@ -45,7 +45,7 @@ public:
 
     QTemporaryDir dir;
     host::HostSession session;
-    std::unique_ptr<host::SiteWriter> writer;
+    std::unique_ptr<site::SiteWriter> writer;
     std::vector<QString> messages;
     qint32 first = 0;
     qint32 second = 0;

@@ -30,13 +30,13 @@ public:
         }
         writer->BeginBatch();
         for (int i = 0; i < kPhotos; ++i) {
-            AddPhoto([&](NewBimPhoto& photo) { Vary(i, photo); });
+            AddPhoto([&](site::NewBimPhoto& photo) { Vary(i, photo); });
         }
         writer->CommitBatch();
     }
 
 private:
-    void Vary(int i, NewBimPhoto& photo) const {
+    void Vary(int i, site::NewBimPhoto& photo) const {
         static const std::vector<QString> floors{u"10"_s, u"屋面"_s, u"2"_s, u"-1"_s, u"1"_s};
         photo.ppid = i % 7 == 0 ? second : first;
         photo.fileName = u"照片%1.jpg"_s.arg(i * 7 % 5);
@@ -107,8 +107,8 @@ TEST(SortKeys, EachKeyOrdersByItsOwnColumn) {
 
 TEST(SortKeys, TheLastChangeDecidesOverTheUpload) {
     ServiceSite site;
-    const qint32 old = site.AddPhoto([](NewBimPhoto& photo) { photo.uploadTime = 100; });
-    const qint32 fresh = site.AddPhoto([](NewBimPhoto& photo) {
+    const qint32 old = site.AddPhoto([](site::NewBimPhoto& photo) { photo.uploadTime = 100; });
+    const qint32 fresh = site.AddPhoto([](site::NewBimPhoto& photo) {
         photo.uploadTime = 50;
         photo.updateTime = 200;
         photo.updater = u"aaa"_s;
@@ -121,8 +121,8 @@ TEST(SortKeys, TheLastChangeDecidesOverTheUpload) {
 
 TEST(SortKeys, AnUnknownKeyIsTheLastChange) {
     ServiceSite site;
-    const qint32 late = site.AddPhoto([](NewBimPhoto& photo) { photo.uploadTime = 200; });
-    const qint32 early = site.AddPhoto([](NewBimPhoto& photo) { photo.uploadTime = 100; });
+    const qint32 late = site.AddPhoto([](site::NewBimPhoto& photo) { photo.uploadTime = 200; });
+    const qint32 early = site.AddPhoto([](site::NewBimPhoto& photo) { photo.uploadTime = 100; });
     EXPECT_EQ(site.PhotoIds(site.Filter(), u"1; DROP TABLE bim_photo"_s, u"asc"_s),
               (std::vector<qint32>{early, late}));
 }

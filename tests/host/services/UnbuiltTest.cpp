@@ -30,7 +30,7 @@ TEST(UnbuiltOperations, AnswerWithTheirFailureValueAndInventNothing) {
     KX_DATA::CheckpointComment comment;
     EXPECT_NE(GetPDFDrawingMng()->AddComment(1, u"x"_s, comment), KX_DATA::kServiceOk);
     EXPECT_FALSE(GetPDFDrawingMng()->DeleteComment(1, 1));
-    const QString id = site.AddIssue([](NewIssue&) {});
+    const QString id = site.AddIssue([](site::NewIssue&) {});
     KX_DATA::IssueUpdate update;
     update.questionId = id;
     EXPECT_FALSE(GetTNQuestionMng()->UpdateIssue(site.first, update));

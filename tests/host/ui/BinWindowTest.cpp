@@ -1,12 +1,12 @@
 #include "host/ui/BinWindow.h"
 
 #include "host/app/SessionBin.h"
-#include "host/data/Bin.h"
-#include "host/data/HostSession.h"
-#include "host/data/SiteWriter.h"
+#include "host/session/HostSession.h"
 #include "host/ui/ActionLogModel.h"
 #include "host/ui/BinModel.h"
 #include "host/ui/HintTable.h"
+#include "site/sqlite/Bin.h"
+#include "site/sqlite/SiteWriter.h"
 #include "tests/support/TempFolder.h"
 
 #include <QLabel>
@@ -37,25 +37,25 @@ protected:
     void SetUp() override {
         const auto fault = session.OpenFolder(folder.Path(u"data"_s));
         ASSERT_FALSE(fault);
-        SiteWriter writer(*session.Folder());
+        site::SiteWriter writer(*session.Folder());
         const qint32 ppid = writer.AddProject(u"一期工程"_s);
         writer.AddUser(u"张伟"_s, {});
         ASSERT_TRUE(session.SignIn(u"张伟"_s));
         for (const QString& name : {u"甲.jpg"_s, u"乙.jpg"_s}) {
-            NewBimPhoto photo;
+            site::NewBimPhoto photo;
             photo.ppid = ppid;
             photo.fileName = name;
             photo.uploader = u"张伟"_s;
             photo.uploadTime = 1'700'000'000;
             photos.push_back(writer.FilePhoto(photo, {QString(), name.toUtf8()}));
         }
-        NewIssue issue;
+        site::NewIssue issue;
         issue.ppid = ppid;
         issue.theme = u"梁底露筋"_s;
         issue.creator = u"张伟"_s;
         issue.createTime = 1'700'000'000;
         const QString question = writer.FileIssue(issue);
-        Bin bin(session.Folder()->Db(), session.Folder()->Store());
+        site::Bin bin(session.Folder()->Db(), session.Folder()->Store());
         ASSERT_EQ(bin.DeleteBimPhotos(photos, u"张伟"_s), 2);
         ASSERT_EQ(bin.DeleteIssues({question}, u"张伟"_s), 1);
     }
@@ -89,7 +89,7 @@ TEST_F(BinOfAFolder, ListsWhatWasDeletedByWhomAndForHowLong) {
 
 TEST_F(BinOfAFolder, RestoresTheChosenRowAndLogsIt) {
     QStringList actions;
-    session.SetActionSink([&](const LoggedAction& action) { actions << action.action; });
+    session.SetActionSink([&](const site::LoggedAction& action) { actions << action.action; });
     SessionBin source(session);
     BinWindow window(nullptr, source);
     int restored = 0;

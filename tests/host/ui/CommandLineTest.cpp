@@ -12,7 +12,7 @@ TEST(CommandLine, WithoutWordsTheClientOpensOnTheUsersFolderWithTheFullSample) {
     EXPECT_EQ(line.road, Road::kClient);
     EXPECT_TRUE(line.dataFolder.isEmpty());
     EXPECT_TRUE(line.userName.isEmpty());
-    EXPECT_EQ(line.sample, SampleSize::kFull);
+    EXPECT_EQ(line.sample, sample::SampleSize::kFull);
     EXPECT_TRUE(line.error.isEmpty());
 }
 
@@ -21,7 +21,7 @@ TEST(CommandLine, OptionsTakeTheNextWordOrWhatFollowsTheEqualsSign) {
         ParseCommandLine({u"--data"_s, u"/tmp/a b"_s, u"--user=张伟"_s, u"--sample"_s, u"small"_s});
     EXPECT_EQ(line.dataFolder, u"/tmp/a b"_s);
     EXPECT_EQ(line.userName, u"张伟"_s);
-    EXPECT_EQ(line.sample, SampleSize::kSmall);
+    EXPECT_EQ(line.sample, sample::SampleSize::kSmall);
     EXPECT_TRUE(line.error.isEmpty());
 }
 
@@ -36,9 +36,9 @@ TEST(CommandLine, TransfersMayBeSlowOrFailForDemonstrations) {
     EXPECT_EQ(ParseCommandLine({}).transfers.blockDelayMs, 0);
     EXPECT_GT(ParseCommandLine({u"--transfers=slow"_s}).transfers.blockDelayMs, 0);
     EXPECT_EQ(ParseCommandLine({u"--transfers"_s, u"fail"_s}).transfers.fault,
-              TransferFault::kInTheMiddle);
+              site::TransferFault::kInTheMiddle);
     EXPECT_EQ(ParseCommandLine({u"--transfers"_s, u"hang"_s}).transfers.fault,
-              TransferFault::kNeverEnds);
+              site::TransferFault::kNeverEnds);
     EXPECT_TRUE(ParseCommandLine({u"--transfers"_s, u"lost"_s}).error.contains(u"lost"_s));
 }
 

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 constexpr qint32 kMark = 1;
 
-PanelPlace Place(qint32 ppid, const QString& key, PhotoCount count) {
+site::PanelPlace Place(qint32 ppid, const QString& key, PhotoCount count) {
     return {ppid, key, {}, {{kMark, count.shown, {}, count.hidden}}};
 }
 

@@ -82,7 +82,7 @@ protected:
     }
 
     ExProgress progress;
-    RunningTransfer transfer;
+    site::RunningTransfer transfer;
     Desk desk;
 };
 
@@ -217,7 +217,7 @@ TEST_F(WaitingForASilentTransfer, InABatchTheOthersAreCancelledWithIt) {
     progress.Window()->Begin(0);
     WaitAnd([](QWidget& window) { QTest::mouseClick(CancelOf(window), Qt::LeftButton); });
     EXPECT_FALSE(CancelOf(*progress.Window())->isVisible()) << "the rest can't be cancelled";
-    RunningTransfer second;
+    site::RunningTransfer second;
     const std::stop_callback end(second.StopToken(), [&] { second.Finish(); });
     TransferWait(progress, {0, 0}).Wait(second);
     EXPECT_TRUE(second.IsCancelled());

@@ -1,10 +1,10 @@
 #include "tests/viewers/site/GallerySite.h"
 
-#include "host/data/FileStore.h"
-#include "host/data/SiteWriter.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
 #include "services/IVeskPicMng.h"
+#include "site/blobs/FileStore.h"
+#include "site/sqlite/SiteWriter.h"
 
 #include <QDir>
 #include <QFile>
@@ -16,7 +16,7 @@ namespace support {
 GallerySite::GallerySite(const QString& folder) {
     if (const auto fault = session->OpenFolder(folder))
         qFatal("%s", qUtf8Printable(fault->text));
-    host::SiteWriter writer(*session->Folder());
+    site::SiteWriter writer(*session->Folder());
     m_ppid = writer.AddProject(u"一期工程"_s);
     writer.AddUser(u"张伟"_s, {});
     if (!session->SignIn(u"张伟"_s) || !session->OpenProject(m_ppid))
@@ -24,12 +24,12 @@ GallerySite::GallerySite(const QString& folder) {
 }
 
 int GallerySite::AddPhoto(const QByteArray& picture, const QByteArray& note) {
-    host::NewBimPhoto photo;
+    site::NewBimPhoto photo;
     photo.ppid = m_ppid;
     photo.fileName = u"照片%1.jpg"_s.arg(m_photos.size());
     photo.uploader = u"张伟"_s;
     photo.uploadTime = 1'700'000'000;
-    host::SiteWriter writer(*session->Folder());
+    site::SiteWriter writer(*session->Folder());
     m_photos.push_back(writer.FilePhoto(photo, {QString(), picture}, {QString(), note}));
     return int(m_photos.size()) - 1;
 }

@@ -1,7 +1,7 @@
 // A data folder with photos, and galleries on the client's own services over it.
 #pragma once
 
-#include "host/data/HostSession.h"
+#include "host/session/HostSession.h"
 #include "tests/viewers/gallery_program/FolderGallery.h"
 
 #include <QByteArray>

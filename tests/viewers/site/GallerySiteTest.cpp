@@ -17,7 +17,7 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-using host::TransferFault;
+using site::TransferFault;
 
 namespace {
 
@@ -274,8 +274,8 @@ TEST_F(GalleryOnASite, TheProjectMayChangeWhileADownloadRuns) {
 }
 
 TEST_F(GalleryOnASite, ASessionMayEndWhileADownloadRuns) {
-    for (const host::TransferRules& rules : {host::TransferRules{}, host::TransferRules{1'000'000},
-                                             host::TransferRules{0, TransferFault::kNeverEnds}}) {
+    for (const site::TransferRules& rules : {site::TransferRules{}, site::TransferRules{1'000'000},
+                                             site::TransferRules{0, TransferFault::kNeverEnds}}) {
         if (!site.session)
             site.session = std::make_unique<host::HostSession>();
         ASSERT_FALSE(site.session->OpenFolder(folder.Path(u"data"_s)));

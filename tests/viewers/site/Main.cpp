@@ -32,11 +32,11 @@ struct Stage {
     std::function<void()> act;
 };
 
-host::TransferRules RulesOf(const QString& name) {
-    static const std::map<QString, host::TransferRules> rules{
-        {u"quick"_s, {}}, {u"slow"_s, {60}}, {u"never"_s, {0, host::TransferFault::kNeverEnds}}};
+site::TransferRules RulesOf(const QString& name) {
+    static const std::map<QString, site::TransferRules> rules{
+        {u"quick"_s, {}}, {u"slow"_s, {60}}, {u"never"_s, {0, site::TransferFault::kNeverEnds}}};
     const auto found = rules.find(name);
-    return found == rules.end() ? host::TransferRules() : found->second;
+    return found == rules.end() ? site::TransferRules() : found->second;
 }
 
 void FilePhotos(support::GallerySite& site, const QString& folder) {

@@ -1,0 +1,126 @@
+// Who works on what in this process: the open data folder, the user, the project, the view.
+#pragma once
+
+#include "host/session/SessionDesk.h"
+#include "services/DrawingRecords.h"
+#include "services/MarkGroups.h"
+#include "site/sqlite/Catalogue.h"
+#include "site/sqlite/DataFolder.h"
+#include "site/sqlite/ListQuery.h"
+#include "site/sqlite/PanelCache.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace KX_DATA {
+class IExProgress;
+class IKXView;
+} // namespace KX_DATA
+
+namespace site {
+class ITransferWait;
+} // namespace site
+
+namespace host {
+
+/// Made once by the program (or by each test) before any service is asked for; services act on the
+/// living one. Owns the folder; knows no widget. Thread: user interface, except where said.
+class HostSession final {
+public:
+    HostSession();
+    ~HostSession();
+    HostSession(const HostSession&) = delete;
+    HostSession& operator=(const HostSession&) = delete;
+
+    /// The living session, or null.
+    [[nodiscard]] static HostSession* Current();
+
+    /// Opens a data folder; a fault leaves the session without one.
+    [[nodiscard]] std::optional<site::OpenFault>
+    OpenFolder(const QString& path, const site::DataFolder::Options& options = {});
+    void CloseFolder();
+    /// Null while none is open, as the two below.
+    [[nodiscard]] site::DataFolder* Folder() const { return folder.get(); }
+    [[nodiscard]] site::ListQuery* Lists() const { return lists.get(); }
+    [[nodiscard]] site::PanelCache* Panel() const { return panel.get(); }
+    /// Only with an open folder.
+    [[nodiscard]] site::Catalogue Tables() const { return site::Catalogue(folder->Db()); }
+
+    /// False for a user whom the database doesn't know.
+    bool SignIn(const QString& name);
+    [[nodiscard]] QString UserName() const { return user; }
+    [[nodiscard]] bool HasRight(qint32 right) const;
+
+    /// Ends an open workset. Clears drawing and ticked marks. False for an unknown project.
+    bool OpenProject(qint32 ppid);
+    /// Its first project becomes the current one. False for an unknown workset.
+    bool OpenWorkset(qint32 worksetId);
+    void CloseProject();
+    /// ppid 0: none is open.
+    [[nodiscard]] const site::ProjectEntry& CurrentProject() const { return project; }
+    [[nodiscard]] bool IsWorkset() const { return workset.id != 0; }
+    [[nodiscard]] const site::WorksetEntry& CurrentWorkset() const { return workset; }
+    /// Projects of the workset, else the open one; empty without any.
+    [[nodiscard]] std::vector<site::ProjectEntry> OpenProjects();
+
+    void SetDrawing(const KX_DATA::CurrentDrawing& current) { drawing = current; }
+    [[nodiscard]] const KX_DATA::CurrentDrawing& Drawing() const { return drawing; }
+    /// What is ticked in the mark panel.
+    KX_DATA::ShownPicMarks shownPicMarks;
+    KX_DATA::ShownIssueMarks shownIssueMarks;
+
+    /// Not owned; null while there is none.
+    KX_DATA::IKXView* view = nullptr;
+    KX_DATA::IExProgress* progress = nullptr;
+    site::ITransferWait* transferWait = nullptr;
+    /// Folder of the module's fixed images, with its separator; empty: the folder's work folder.
+    QString imageFolder;
+    bool remindOfIssues = true;
+
+    using ActionSink = std::function<void(const site::LoggedAction&)>;
+    /// See SessionDesk, as the three below.
+    void SetMessageSink(SessionDesk::MessageSink sink) { desk->SetMessageSink(std::move(sink)); }
+    void ReportHostMessage(MessageLevel level, const QString& text) { desk->Report(level, text); }
+    void SetTransfers(const site::TransferRules& rules) { desk->SetRules(rules); }
+    /// The living session's, for services that are called on any thread; null without a session.
+    /// Thread: any.
+    [[nodiscard]] static std::shared_ptr<SessionDesk> CurrentDesk();
+
+    void SetActionSink(ActionSink sink) { actionSink = std::move(sink); }
+    /// Is told how messages begin that no longer hold. Thread: user interface, as the one below.
+    using WithdrawSink = std::function<void(const QString& beginning)>;
+    void SetWithdrawSink(WithdrawSink sink) { withdrawSink = std::move(sink); }
+    void WithdrawHostMessages(const QString& beginning) const {
+        if (withdrawSink)
+            withdrawSink(beginning);
+    }
+    /// Writes the record of what users did and tells the action sink.
+    void LogAction(const QString& action);
+
+    /// Project names by id, read once for each change of the data.
+    [[nodiscard]] QString ProjectName(qint32 ppid);
+    [[nodiscard]] const std::map<qint32, KX_DATA::MarkRecord>& Marks();
+
+private:
+    void RefreshTables();
+
+    std::unique_ptr<site::DataFolder> folder;
+    std::unique_ptr<site::ListQuery> lists;
+    std::unique_ptr<site::PanelCache> panel;
+    QString user;
+    std::vector<qint32> rights;
+    site::ProjectEntry project;
+    site::WorksetEntry workset;
+    KX_DATA::CurrentDrawing drawing;
+    ActionSink actionSink;
+    WithdrawSink withdrawSink;
+    site::Database::Stamp tableStamp;
+    std::map<qint32, QString> projectNames;
+    std::map<qint32, KX_DATA::MarkRecord> marks;
+    const std::shared_ptr<SessionDesk> desk = std::make_shared<SessionDesk>();
+};
+
+} // namespace host

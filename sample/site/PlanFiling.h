@@ -1,0 +1,46 @@
+// Writes a finished plan into the data folder.
+#pragma once
+
+#include "sample/site/SitePlan.h"
+#include "site/sqlite/SiteWriter.h"
+
+#include <functional>
+#include <vector>
+
+namespace sample {
+
+/// All pictures of a plan in one row: photos, drawing photos, issue pictures.
+[[nodiscard]] std::vector<PictureOrder> OrdersOf(const SitePlan& plan);
+
+/// Files the plan in one transaction; throws DataError, and whatever `step` throws, and leaves
+/// nothing behind then.
+class PlanFiling final {
+public:
+    /// @param pictureAt  path of the picture of an order of OrdersOf.
+    /// @param step       called after each record.
+    PlanFiling(site::DataFolder& folder, const SitePlan& sitePlan,
+               std::function<QString(size_t)> pictureAt, std::function<void()> step);
+
+    void Run();
+    /// How often `step` is called.
+    [[nodiscard]] static int Steps(const SitePlan& plan);
+
+private:
+    void FileTables();
+    void FilePhotos();
+    void FileDrawings();
+    void FileIssues();
+    [[nodiscard]] site::FileSource NextPicture();
+    [[nodiscard]] std::vector<qint32> LabelIds(const std::vector<qint32>& numbers) const;
+
+    site::SiteWriter writer;
+    const SitePlan& plan;
+    std::function<QString(size_t)> pathOf;
+    std::function<void()> onStep;
+    std::vector<qint32> projects; ///< ids by number, as the two below
+    std::vector<qint32> labels;
+    std::vector<qint32> checkpoints;
+    size_t nextPicture = 0;
+};
+
+} // namespace sample

@@ -1,0 +1,252 @@
+#include "site/blobs/FileStore.h"
+
+#include "site/StoreName.h"
+#include "site/blobs/FileSync.h"
+#include "site/blobs/FolderLook.h"
+#include "site/blobs/SetAside.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+
+namespace site {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString& NotesFolder() {
+    static const QString name = u"incoming"_s;
+    return name;
+}
+
+const QString& LockName() {
+    static const QString name = u"lock.pid"_s; // the dot keeps it apart from every uuid
+    return name;
+}
+
+// The name of a file under its note and its name in the store are one file, so the note costs no
+// second copy; where the file system has no links, a note is an empty file.
+void LeaveNote(const QString& note, const QString& place) {
+    std::error_code error;
+    std::filesystem::create_hard_link(note.toStdU16String(), place.toStdU16String(), error);
+    if (!error) {
+        return;
+    }
+    if (!QFile::rename(note, place)) {
+        QFile::remove(note);
+        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, u"保存文件"_s), place);
+    }
+    QFile(note).open(QIODevice::WriteOnly);
+}
+
+} // namespace
+
+FileStore::FileStore(QString storeFolder, QString binFolder)
+    : store(std::move(storeFolder)), bin(std::move(binFolder)) {}
+
+FileStore::~FileStore() {
+    if (notesLock) {
+        notesLock->unlock();
+        QDir().rmdir(notes);
+    }
+}
+
+QString FileStore::PlaceOf(const QString& uuid) const {
+    if (!IsStoreName(uuid)) {
+        throw DataError(Fault::kBadName, FaultText(Fault::kBadName, uuid.left(64)));
+    }
+    const QString lower = uuid.toLower();
+    const QChar second = lower.size() > 1 ? lower[1] : u'0';
+    return store + u'/' + lower[0] + u'/' + second + u'/' + uuid;
+}
+
+QString FileStore::BinPlaceOf(const QString& uuid) const {
+    if (!IsStoreName(uuid)) {
+        throw DataError(Fault::kBadName, FaultText(Fault::kBadName, uuid.left(64)));
+    }
+    return bin + u'/' + uuid;
+}
+
+QString FileStore::NotePath(const QString& uuid) const {
+    return notes + u'/' + uuid;
+}
+
+void FileStore::TakeNotesFolder() {
+    if (notesLock) {
+        return;
+    }
+    notes = store + u'/' + NotesFolder() + u'/' + NewStoreName();
+    notesLock =
+        QDir().mkpath(notes) ? std::make_unique<QLockFile>(notes + u'/' + LockName()) : nullptr;
+    if (notesLock) {
+        notesLock->setStaleLockTime(0);
+    }
+    if (!notesLock || !notesLock->tryLock()) {
+        notesLock.reset();
+        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, u"保存文件"_s), notes);
+    }
+}
+
+StoredFile FileStore::Put(const FileSource& source) {
+    TakeNotesFolder();
+    StoredFile stored{NewStoreName(), {}, 0};
+    QFile file(source.path);
+    QBuffer buffer;
+    buffer.setData(source.bytes);
+    QIODevice& device = source.path.isEmpty() ? static_cast<QIODevice&>(buffer) : file;
+    if (!device.open(QIODevice::ReadOnly)) {
+        throw DataError(Fault::kMissing, FaultText(Fault::kMissing, source.path));
+    }
+    const QString note = NotePath(stored.uuid);
+    const CopyOutcome outcome = CopySynced(device, note);
+    if (!outcome.ok) {
+        const Fault fault = outcome.diskFull ? Fault::kDiskFull : Fault::kNotWritable;
+        throw DataError(fault, FaultText(fault, u"保存文件"_s), note);
+    }
+    stored.md5 = outcome.md5;
+    stored.size = outcome.size;
+    const QString place = PlaceOf(stored.uuid);
+    const QString folder = QFileInfo(place).path();
+    if (!MakeFolderSynced(folder)) {
+        QFile::remove(note);
+        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, u"保存文件"_s), place);
+    }
+    LeaveNote(note, place);
+    if (!SyncFolder(folder)) {
+        Discard(stored.uuid);
+        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, u"保存文件"_s), place);
+    }
+    return stored;
+}
+
+void FileStore::Settle(const QString& uuid) {
+    QFile::remove(NotePath(uuid));
+}
+
+void FileStore::Discard(const QString& uuid) {
+    RemoveStored(uuid);
+    QFile::remove(NotePath(uuid));
+}
+
+QString FileStore::PathOf(const QString& uuid) const {
+    // A file on its way into the bin or out of it, seen by another process, is still the file.
+    for (const QString& place : {PlaceOf(uuid), BinPlaceOf(uuid)}) {
+        if (QFileInfo(place).isFile()) {
+            return place;
+        }
+    }
+    throw DataError(Fault::kMissing,
+                    u"文件 "_s + uuid + u" 不在文件库中，可能已丢失，请从备份恢复。"_s);
+}
+
+bool FileStore::Has(const QString& uuid) const {
+    return IsStoreName(uuid) && QFileInfo(PlaceOf(uuid)).isFile();
+}
+
+void FileStore::Tell(const QString& text) const {
+    if (told) {
+        told(text);
+    }
+}
+
+void FileStore::Move(const QString& uuid, const QString& from, const QString& to) {
+    if (!IsRealFile(from)) {
+        return;
+    }
+    const QString folder = QFileInfo(to).path();
+    // Another process may have been quicker: then the source is gone.
+    if (!MakeFolderSynced(folder) || (!QFile::rename(from, to) && IsThere(from))) {
+        Tell(
+            u"文件 %1 未能从 %2 移到 %3，下次打开数据文件夹时会再试；请检查磁盘空间和文件夹权限。"_s
+                .arg(uuid, QDir::toNativeSeparators(QFileInfo(from).path()),
+                     QDir::toNativeSeparators(folder)));
+        return;
+    }
+    SyncFolder(folder);
+}
+
+void FileStore::MoveToBin(const QString& uuid) {
+    if (IsStoreName(uuid)) {
+        Move(uuid, PlaceOf(uuid), BinPlaceOf(uuid));
+    }
+}
+
+void FileStore::MoveFromBin(const QString& uuid) {
+    if (IsStoreName(uuid)) {
+        Move(uuid, BinPlaceOf(uuid), PlaceOf(uuid));
+    }
+}
+
+void FileStore::RemoveFromBin(const QString& uuid) {
+    if (IsStoreName(uuid) && IsRealFolder(bin) && IsRealFile(BinPlaceOf(uuid)) &&
+        !QFile::remove(BinPlaceOf(uuid))) {
+        Tell(u"回收站里的文件 %1 未能删除，仍占用磁盘；请检查文件夹 %2 的权限。"_s.arg(
+            uuid, QDir::toNativeSeparators(bin)));
+    }
+}
+
+std::vector<QString> FileStore::NamesInBin() const {
+    std::vector<QString> names;
+    for (const QString& name : EntriesOf(bin)) {
+        if (!name.startsWith(u'.')) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+void FileStore::RemoveStored(const QString& uuid) {
+    const QString place = PlaceOf(uuid);
+    const QString folder = QFileInfo(place).path();
+    if (IsRealFolder(QFileInfo(folder).path()) && IsRealFolder(folder) && IsRealFile(place)) {
+        QFile::remove(place);
+    }
+}
+
+void FileStore::CleanUp(const std::function<bool(const QString&)>& hasRow, SetAside& aside) {
+    const QString incoming = store + u'/' + NotesFolder();
+    const QString below = place::kStore + u'/' + NotesFolder();
+    if (IsThere(incoming) && !IsRealFolder(incoming)) {
+        aside.Take(below);
+        return;
+    }
+    for (const QString& name : EntriesOf(incoming)) {
+        const QString folder = incoming + u'/' + name;
+        if (!IsRealFolder(folder)) {
+            aside.Take(below + u'/' + name);
+            continue;
+        }
+        QLockFile lock(folder + u'/' + LockName());
+        lock.setStaleLockTime(0);
+        if (folder != notes && lock.tryLock()) {
+            CleanNotes(name, hasRow, aside);
+            lock.unlock();
+            QDir().rmdir(folder);
+        }
+    }
+}
+
+void FileStore::CleanNotes(const QString& name, const std::function<bool(const QString&)>& hasRow,
+                           SetAside& aside) {
+    const QString below = NotesFolder() + u'/' + name + u'/';
+    for (const QString& note : EntriesOf(store + u'/' + below)) {
+        const QString path = store + u'/' + below + note;
+        if (note == LockName()) {
+            continue;
+        }
+        if (!IsGivenName(note) || !IsRealFile(path)) {
+            aside.Take(place::kStore + u'/' + below + note);
+            continue;
+        }
+        if (!hasRow(note)) {
+            RemoveStored(note);
+        }
+        QFile::remove(path);
+    }
+}
+
+} // namespace site

@@ -1,0 +1,224 @@
+#include "site/sqlite/Bin.h"
+
+#include "site/blobs/FileStore.h"
+#include "site/blobs/FolderLook.h"
+#include "site/blobs/SetAside.h"
+#include "site/sqlite/BinContent.h"
+#include "site/sqlite/Database.h"
+#include "site/sqlite/SearchIndex.h"
+
+#include <QDateTime>
+#include <QJsonDocument>
+
+namespace site {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+ListKind ListOf(BinKind kind) {
+    return static_cast<ListKind>(kind);
+}
+
+bool IsKnown(BinKind kind) {
+    return kind == BinKind::kBimPhoto || kind == BinKind::kPdfPhoto || kind == BinKind::kIssue;
+}
+
+} // namespace
+
+bool Bin::MoveToBin(BinKind kind, qint64 objectId, const QString& person,
+                    std::vector<QString>& files) {
+    BinContent content = TakeContent(database, kind, objectId);
+    if (content.title.isNull()) {
+        return false;
+    }
+    const QString json =
+        QString::fromUtf8(QJsonDocument(content.sections).toJson(QJsonDocument::Compact));
+    const qint64 binId = database.Insert(
+        u"INSERT INTO bin (kind, ppid, object_id, title, deleted_by, deleted_at, content)"
+        " VALUES (?, ?, ?, ?, ?, ?, ?)"_s,
+        {static_cast<int>(kind), content.ppid, objectId, content.title, person,
+         QDateTime::currentSecsSinceEpoch(), json});
+    for (const QString& uuid : content.files) {
+        database.Exec(u"DELETE FROM file WHERE uuid = ?"_s, {uuid});
+        database.Exec(u"INSERT INTO bin_file (uuid, bin_id) VALUES (?, ?)"_s, {uuid, binId});
+        files.push_back(uuid);
+    }
+    RemoveSearchRow(database, ListOf(kind), objectId);
+    // What hangs on the row goes with it by its foreign keys.
+    database.Exec(u"DELETE FROM %1 WHERE id = ?"_s.arg(ShapeOf(ListOf(kind)).table), {objectId});
+    return true;
+}
+
+int Bin::DeleteBimPhotos(const std::vector<qint32>& picIds, const QString& person) {
+    std::vector<QString> files;
+    int count = 0;
+    Transaction transaction(database);
+    for (const qint32 picId : picIds) {
+        count += MoveToBin(BinKind::kBimPhoto, picId, person, files) ? 1 : 0;
+    }
+    transaction.Commit();
+    for (const QString& uuid : files) {
+        store.MoveToBin(uuid);
+    }
+    return count;
+}
+
+int Bin::DeletePdfPhotos(qint32 ppid, const std::vector<qint32>& picIds, const QString& person) {
+    std::vector<QString> files;
+    int count = 0;
+    Transaction transaction(database);
+    for (const qint32 picId : picIds) {
+        const auto owner = database.Value(u"SELECT ppid FROM pdf_photo WHERE id = ?"_s, {picId});
+        if (owner.isValid() && owner.toInt() == ppid) {
+            count += MoveToBin(BinKind::kPdfPhoto, picId, person, files) ? 1 : 0;
+        }
+    }
+    transaction.Commit();
+    for (const QString& uuid : files) {
+        store.MoveToBin(uuid);
+    }
+    return count;
+}
+
+int Bin::DeleteIssues(const std::vector<QString>& questionIds, const QString& person) {
+    std::vector<QString> files;
+    int count = 0;
+    Transaction transaction(database);
+    for (const QString& questionId : questionIds) {
+        const auto id =
+            database.Value(u"SELECT id FROM issue WHERE question_id = ?"_s, {questionId});
+        if (id.isValid()) {
+            count += MoveToBin(BinKind::kIssue, id.toLongLong(), person, files) ? 1 : 0;
+        }
+    }
+    transaction.Commit();
+    for (const QString& uuid : files) {
+        store.MoveToBin(uuid);
+    }
+    return count;
+}
+
+std::vector<BinEntry> Bin::List() {
+    std::vector<BinEntry> entries;
+    database.ForEach(u"SELECT id, kind, ppid, title, deleted_by, deleted_at FROM bin"
+                     " ORDER BY deleted_at DESC, id DESC"_s,
+                     {}, [&](const Statement& row) {
+                         entries.push_back({row.Int64(0), static_cast<BinKind>(row.Int(1)),
+                                            row.Int(2), row.Text(3), row.Text(4), row.Int64(5)});
+                     });
+    return entries;
+}
+
+void Bin::RestoreEntry(qint64 binId, std::vector<QString>& files) {
+    QString content;
+    QString title;
+    BinKind kind = BinKind::kBimPhoto;
+    qint64 objectId = 0;
+    database.ForEach(u"SELECT kind, object_id, content, title FROM bin WHERE id = ?"_s, {binId},
+                     [&](const Statement& row) {
+                         kind = static_cast<BinKind>(row.Int(0));
+                         objectId = row.Int64(1);
+                         content = row.Text(2);
+                         title = row.Text(3);
+                     });
+    if (!IsKnown(kind)) {
+        throw DataError(Fault::kNewer,
+                        u"回收站中的“%1”不是本版本认识的类型，没有恢复，仍在回收站中；"
+                        "请升级客户端后再恢复。"_s.arg(title));
+    }
+    if (!PutContent(database, kind, objectId, content)) {
+        throw DataError(Fault::kDamaged, u"回收站中的“%1”的记录已损坏，没有恢复，仍在回收站中；"
+                                         "请从备份恢复数据文件夹。"_s.arg(title));
+    }
+    if (kind == BinKind::kPdfPhoto) {
+        RefreshFromCheckpoint(database, objectId);
+    }
+    AddSearchRow(database, ListOf(kind), objectId);
+    database.ForEach(u"SELECT uuid FROM bin_file WHERE bin_id = ?"_s, {binId},
+                     [&](const Statement& row) { files.push_back(row.Text(0)); });
+    database.Exec(u"DELETE FROM bin WHERE id = ?"_s, {binId});
+}
+
+int Bin::Restore(const std::vector<qint64>& binIds) {
+    std::vector<QString> files;
+    int count = 0;
+    Transaction transaction(database);
+    for (const qint64 binId : binIds) {
+        if (database.Value(u"SELECT 1 FROM bin WHERE id = ?"_s, {binId}).isValid()) {
+            RestoreEntry(binId, files);
+            ++count;
+        }
+    }
+    transaction.Commit();
+    for (const QString& uuid : files) {
+        store.MoveFromBin(uuid);
+    }
+    return count;
+}
+
+void Bin::Purge(const std::vector<qint64>& binIds) {
+    std::vector<QString> files;
+    Transaction transaction(database);
+    for (const qint64 binId : binIds) {
+        database.ForEach(u"SELECT uuid FROM bin_file WHERE bin_id = ?"_s, {binId},
+                         [&](const Statement& row) { files.push_back(row.Text(0)); });
+        database.Exec(u"DELETE FROM bin WHERE id = ?"_s, {binId});
+    }
+    transaction.Commit();
+    for (const QString& uuid : files) {
+        store.RemoveFromBin(uuid);
+    }
+}
+
+void Bin::PurgeOld() {
+    std::vector<qint64> old;
+    const qint64 limit = QDateTime::currentSecsSinceEpoch() - kBinSeconds;
+    database.ForEach(u"SELECT id FROM bin WHERE deleted_at < ?"_s, {limit},
+                     [&](const Statement& row) { old.push_back(row.Int64(0)); });
+    if (!old.empty()) {
+        Purge(old);
+    }
+}
+
+std::vector<QString> Bin::BinnedInStore() {
+    std::vector<QString> names;
+    database.ForEach(u"SELECT uuid FROM bin_file"_s, {}, [&](const Statement& row) {
+        if (store.Has(row.Text(0))) {
+            names.push_back(row.Text(0));
+        }
+    });
+    return names;
+}
+
+std::vector<QString> Bin::UnbinnedInBin() {
+    std::vector<QString> names;
+    for (const QString& name : store.NamesInBin()) {
+        if (!database.Value(u"SELECT 1 FROM bin_file WHERE uuid = ?"_s, {name}).isValid()) {
+            names.push_back(name);
+        }
+    }
+    return names;
+}
+
+void Bin::Reconcile(SetAside& aside) {
+    if (BinnedInStore().empty() && UnbinnedInBin().empty()) {
+        return;
+    }
+    // Once more under the write lock: what another process deletes or restores between two
+    // questions about a file would else leave it without a row in either table.
+    Transaction transaction(database);
+    for (const QString& uuid : BinnedInStore()) {
+        store.MoveToBin(uuid);
+    }
+    for (const QString& name : UnbinnedInBin()) {
+        if (database.Value(u"SELECT 1 FROM file WHERE uuid = ?"_s, {name}).isValid()) {
+            store.MoveFromBin(name);
+        } else {
+            aside.Take(place::kBin + u'/' + name);
+        }
+    }
+    transaction.Commit();
+}
+
+} // namespace site

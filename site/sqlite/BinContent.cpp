@@ -1,0 +1,173 @@
+#include "site/sqlite/BinContent.h"
+
+#include "site/StoreName.h"
+#include "site/sqlite/Database.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSqlRecord>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace site {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// One table that belongs to an object, found by the object's id.
+struct Section {
+    QString table;
+    QString keyColumn;
+    std::vector<QString> fileColumns;
+};
+
+std::vector<Section> SectionsOf(BinKind kind) {
+    switch (kind) {
+    case BinKind::kBimPhoto:
+        return {{u"bim_photo"_s, u"id"_s, {u"file_uuid"_s, u"audio_uuid"_s}},
+                {u"bim_label"_s, u"photo_id"_s, {}}};
+    case BinKind::kPdfPhoto:
+        return {{u"pdf_photo"_s, u"id"_s, {u"file_uuid"_s}}};
+    case BinKind::kIssue:
+        return {{u"issue"_s, u"id"_s, {u"voice_uuid"_s}},
+                {u"rectification"_s, u"issue_id"_s, {u"voice_uuid"_s}},
+                {u"issue_pic"_s, u"issue_id"_s, {u"file_uuid"_s, u"thumb_uuid"_s}}};
+    }
+    return {};
+}
+
+QJsonObject BinRowOf(const Statement& statement) {
+    QJsonObject row;
+    const QSqlRecord record = statement.Query().record();
+    for (int i = 0; i < record.count(); ++i) {
+        row.insert(record.fieldName(i), QJsonValue::fromVariant(statement.Query().value(i)));
+    }
+    return row;
+}
+
+QJsonArray RowsOf(Database& database, const QString& table, const QString& column,
+                  const QVariant& key) {
+    QJsonArray rows;
+    database.ForEach(u"SELECT * FROM %1 WHERE %2 = ?"_s.arg(table, column), {key},
+                     [&](const Statement& statement) { rows.append(BinRowOf(statement)); });
+    return rows;
+}
+
+void AddFiles(Database& database, const Section& section, const QJsonArray& rows,
+              QJsonArray& fileRows, std::vector<QString>& files) {
+    for (const auto& row : rows) {
+        for (const QString& column : section.fileColumns) {
+            const QString uuid = row.toObject().value(column).toString();
+            const QJsonArray found = RowsOf(database, u"file"_s, u"uuid"_s, uuid);
+            // One file may stand in two columns: a picture that is its own thumbnail.
+            if (!found.isEmpty() && !fileRows.contains(found.first())) {
+                fileRows.append(found.first());
+                files.push_back(uuid);
+            }
+        }
+    }
+}
+
+/// The table of files is that of every kind.
+Section FileSection() {
+    return {u"file"_s, u"owner"_s, {u"uuid"_s}};
+}
+
+QStringList ColumnsOf(Database& database, const QString& table) {
+    QStringList columns;
+    database.ForEach(u"SELECT name FROM pragma_table_info(?)"_s, {table},
+                     [&](const Statement& row) { columns.append(row.Text(0)); });
+    return columns;
+}
+
+bool NamesFiles(const Section& section, const QJsonObject& row) {
+    return std::all_of(section.fileColumns.begin(), section.fileColumns.end(),
+                       [&](const QString& column) {
+                           const QString uuid = row.value(column).toString();
+                           return uuid.isEmpty() || IsStoreName(uuid);
+                       });
+}
+
+bool InsertRow(Database& database, const Section& section, const QStringList& columns,
+               const QJsonObject& row) {
+    QStringList marks;
+    QVariantList values;
+    for (const QString& column : row.keys()) {
+        if (!columns.contains(column)) {
+            return false;
+        }
+        marks.append(u"?"_s);
+        values.append(row.value(column).toVariant());
+    }
+    if (row.isEmpty() || !NamesFiles(section, row)) {
+        return false;
+    }
+    database.Exec(u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(section.table, row.keys().join(u", "_s),
+                                                           marks.join(u", "_s)),
+                  values);
+    return true;
+}
+
+bool InsertRows(Database& database, const Section& section, const QJsonArray& rows) {
+    const QStringList columns = ColumnsOf(database, section.table);
+    return std::all_of(rows.begin(), rows.end(), [&](const auto& row) {
+        return InsertRow(database, section, columns, row.toObject());
+    });
+}
+
+} // namespace
+
+BinContent TakeContent(Database& database, BinKind kind, qint64 objectId) {
+    BinContent content;
+    QJsonArray fileRows;
+    for (const Section& section : SectionsOf(kind)) {
+        const QJsonArray rows = RowsOf(database, section.table, section.keyColumn, objectId);
+        if (content.sections.isEmpty()) {
+            if (rows.isEmpty()) {
+                return content;
+            }
+            const QJsonObject row = rows.first().toObject();
+            content.ppid = row.value(u"ppid"_s).toInt();
+            const QString title =
+                row.value(kind == BinKind::kIssue ? u"theme"_s : u"name"_s).toString();
+            content.title = title.isNull() ? u""_s : title;
+        }
+        content.sections.append(QJsonObject{{u"table"_s, section.table}, {u"rows"_s, rows}});
+        AddFiles(database, section, rows, fileRows, content.files);
+    }
+    content.sections.append(QJsonObject{{u"table"_s, FileSection().table}, {u"rows"_s, fileRows}});
+    return content;
+}
+
+bool PutContent(Database& database, BinKind kind, qint64 objectId, const QString& text) {
+    std::vector<Section> sections = SectionsOf(kind);
+    sections.push_back(FileSection());
+    const QJsonArray found = QJsonDocument::fromJson(text.toUtf8()).array();
+    if (found.size() != static_cast<qsizetype>(sections.size())) {
+        return false;
+    }
+    const QJsonArray own = found.first().toObject().value(u"rows"_s).toArray();
+    if (own.size() != 1 || own.first().toObject().value(u"id"_s).toInteger() != objectId) {
+        return false;
+    }
+    for (qsizetype at = 0; at < found.size(); ++at) {
+        const QJsonObject section = found[at].toObject();
+        const Section& expected = sections[static_cast<size_t>(at)];
+        if (section.value(u"table"_s).toString() != expected.table ||
+            !InsertRows(database, expected, section.value(u"rows"_s).toArray())) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void RefreshFromCheckpoint(Database& database, qint64 photoId) {
+    database.Exec(u"UPDATE pdf_photo SET (drawing_id, drawing_name, checkpoint_no, mark_id) ="
+                  " (SELECT d.id, d.name, c.number, c.mark_id FROM checkpoint c JOIN drawing d"
+                  " ON d.id = c.drawing_id WHERE c.id = pdf_photo.checkpoint_id) WHERE id = ?"_s,
+                  {photoId});
+}
+
+} // namespace site

@@ -1,0 +1,81 @@
+// The folder in which a site lives: database, stored files, bin, and the clients' caches.
+#pragma once
+
+#include "site/DataError.h"
+
+#include <QString>
+
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace site {
+
+class Database;
+class FileStore;
+
+/// Why a data folder could not be opened.
+struct OpenFault {
+    Fault fault = Fault::kOther;
+    QString text; ///< Chinese, for a person
+};
+
+/// Knows where everything lies below its path, and owns database and store while it is open.
+/// Thread: the one that opened it, except the path functions.
+class DataFolder final {
+public:
+    struct Options {
+        int busyTimeoutMs = 5000; ///< how long an operation waits for another process's lock
+        bool cleanUp = true;      ///< remove leftovers of crashes and bin entries past their time
+    };
+
+    explicit DataFolder(const QString& path);
+    ~DataFolder();
+    DataFolder(const DataFolder&) = delete;
+    DataFolder& operator=(const DataFolder&) = delete;
+
+    /// Makes what is missing, brings the schema up to date, cleans up. Empty on success; on a fault
+    /// nothing stays open. A second process may have the same folder open. A folder with other
+    /// things in it and no site is refused and left as it is; what isn't ours in a site's is set
+    /// aside and told, never removed. No link below the folder is followed.
+    [[nodiscard]] std::optional<OpenFault> Open(const Options& options);
+    [[nodiscard]] std::optional<OpenFault> Open() { return Open(Options{}); }
+    void Close();
+    [[nodiscard]] bool IsOpen() const { return database != nullptr; }
+
+    using Told = std::function<void(const QString&)>;
+    /// Is told, in Chinese, what a person should know of the folder; at once what was to tell
+    /// before.
+    void SetTold(Told listener);
+    void Tell(const QString& text);
+
+    [[nodiscard]] QString Path() const { return root; }
+    [[nodiscard]] QString DatabasePath() const;
+    [[nodiscard]] QString StorePath() const;
+    [[nodiscard]] QString BinPath() const;
+    [[nodiscard]] QString WorkPath() const;
+    [[nodiscard]] QString LogPath() const;
+    /// `leaf` is "pics", "thumbs" or "attach"; the folder is made, and "" comes back if it can't
+    /// be.
+    [[nodiscard]] QString CachePath(qint32 ppid, const QString& leaf) const;
+
+    /// Only while open.
+    [[nodiscard]] Database& Db() const { return *database; }
+    [[nodiscard]] FileStore& Store() const { return *store; }
+
+private:
+    void Look() const;
+    void MakeFolders() const;
+    void OpenDatabase(int busyTimeoutMs);
+    void CleanUp();
+
+    QString root;
+    Told told;
+    QStringList untold;
+    std::unique_ptr<Database> database;
+    std::unique_ptr<FileStore> store;
+};
+
+} // namespace site

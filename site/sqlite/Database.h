@@ -1,0 +1,128 @@
+// One connection to the site's database: statements, transactions, and a stamp of changes.
+#pragma once
+
+#include "site/sqlite/Sqlite.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QString>
+#include <QVariant>
+
+#include <functional>
+#include <list>
+#include <memory>
+#include <unordered_map>
+
+namespace site {
+
+class Statement;
+
+/// Opened at construction, closed at destruction. All operations throw DataError.
+/// Thread: the one that made it.
+class Database final {
+public:
+    Database(const QString& path, int busyTimeoutMs);
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    /// Runs one statement that answers nothing; returns the number of changed rows.
+    int Exec(const QString& sql, const QVariantList& values = {});
+    /// Runs an insertion; returns the id of the new row.
+    qint64 Insert(const QString& sql, const QVariantList& values);
+    /// First column of the first row; invalid if there is no row.
+    [[nodiscard]] QVariant Value(const QString& sql, const QVariantList& values = {});
+    /// Every row in turn; the statement is ready to read when `take` is called.
+    void ForEach(const QString& sql, const QVariantList& values,
+                 const std::function<void(const Statement&)>& take);
+
+    /// The same for very many rows: about five times as fast, and prepared anew each time.
+    void Scan(const QString& sql, const QVariantList& values, const sqlite::TakeRow& take);
+
+    /// Differs from an earlier stamp if anybody has changed data since.
+    struct Stamp {
+        qint64 others = -1;
+        qint64 own = -1;
+        bool operator==(const Stamp&) const = default;
+    };
+    [[nodiscard]] Stamp ChangeStamp();
+
+    /// See Sqlite.h.
+    [[nodiscard]] sqlite::HitSlot& Hits() { return slot; }
+    [[nodiscard]] bool PassesQuickCheck() { return sqlite::PassesQuickCheck(connection); }
+    /// Called with each fault of a statement before it is thrown.
+    void SetFaultWatch(std::function<void(Fault)> watch) { faultWatch = std::move(watch); }
+
+private:
+    friend class Statement;
+    friend class Transaction;
+    friend class ReadScope;
+
+    struct Prepared {
+        QSqlQuery query;
+        bool inUse = false;
+    };
+    [[nodiscard]] std::shared_ptr<Prepared> Take(const QString& sql);
+    [[noreturn]] void Fail(const QSqlError& error, const QString& sql) const;
+    void Plain(const QString& sql);
+
+    QString name;
+    QSqlDatabase connection;
+    sqlite::HitSlot slot;
+    std::unordered_map<QString, std::shared_ptr<Prepared>> prepared;
+    std::list<QString> preparedOrder;
+    std::function<void(Fault)> faultWatch;
+    int depth = 0; ///< open transactions inside each other
+    bool doomed = false;
+};
+
+/// One run of a prepared statement; gives it back, reset, at the end of its life.
+class Statement final {
+public:
+    Statement(Database& owner, const QString& text);
+    ~Statement();
+    Statement(const Statement&) = delete;
+    Statement& operator=(const Statement&) = delete;
+
+    void Run(const QVariantList& values);
+    [[nodiscard]] bool Next();
+    [[nodiscard]] qint64 Int64(int column) const;
+    [[nodiscard]] qint32 Int(int column) const { return static_cast<qint32>(Int64(column)); }
+    [[nodiscard]] QString Text(int column) const;
+    [[nodiscard]] const QSqlQuery& Query() const { return entry->query; }
+
+private:
+    Database& database;
+    QString sql;
+    std::shared_ptr<Database::Prepared> entry;
+};
+
+/// A change: all of it or nothing. One inside another joins it. Without Commit it is undone.
+class Transaction final {
+public:
+    explicit Transaction(Database& owner);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void Commit();
+
+private:
+    Database& database;
+    bool open = true;
+};
+
+/// Several reads of one state of the data.
+class ReadScope final {
+public:
+    explicit ReadScope(Database& owner);
+    ~ReadScope();
+    ReadScope(const ReadScope&) = delete;
+    ReadScope& operator=(const ReadScope&) = delete;
+
+private:
+    Database& database;
+    bool own;
+};
+
+} // namespace site

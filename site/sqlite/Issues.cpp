@@ -1,0 +1,175 @@
+#include "site/sqlite/Issues.h"
+
+#include "site/RectifyStates.h"
+#include "site/sqlite/Database.h"
+#include "site/sqlite/IdChunks.h"
+
+#include <unordered_map>
+
+namespace site {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint32 kVoiceStored = 1; ///< state of a voice note that has a file
+
+const QString& IssueRowSql() {
+    static const QString sql =
+        u"SELECT id, question_id, theme, description, floor, pos_info, component_name, mark_id,"
+        " state, status, creator, created, updater, modified, ppid FROM issue WHERE id IN ("_s +
+        IdMarks() + u")"_s;
+    return sql;
+}
+
+KX_DATA::IssueRow IssueRowOf(const Statement& read) {
+    KX_DATA::IssueRow row;
+    row.questionId = read.Text(1);
+    row.theme = read.Text(2);
+    row.description = read.Text(3);
+    row.floor = read.Text(4);
+    row.posInfo = read.Text(5);
+    row.compName = read.Text(6);
+    row.markId = read.Int(7);
+    row.rectifyText = StateName(read.Int(8));
+    row.status = read.Int(9);
+    row.creatorName = read.Text(10);
+    row.createTime = read.Int64(11);
+    row.updaterName = read.Text(12);
+    row.updateTime = read.Int64(13);
+    row.ppid = read.Int(14);
+    return row;
+}
+
+void ReadVoice(const QString& uuid, Database& database, QString& voiceUuid, QString& voiceMd5,
+               qint32& voiceState) {
+    voiceUuid = uuid;
+    voiceMd5 = database.Value(u"SELECT md5 FROM file WHERE uuid = ?"_s, {uuid}).toString();
+    voiceState = uuid.isEmpty() ? 0 : kVoiceStored;
+}
+
+} // namespace
+
+std::vector<KX_DATA::IssueRow> Issues::Rows(const std::vector<qint64>& ids) {
+    std::unordered_map<qint64, KX_DATA::IssueRow> found;
+    ForEachOfIds(database, IssueRowSql(), ids,
+                 [&](const Statement& read) { found.emplace(read.Int64(0), IssueRowOf(read)); });
+    std::vector<KX_DATA::IssueRow> rows;
+    rows.reserve(ids.size());
+    for (const qint64 id : ids) {
+        const auto row = found.find(id);
+        if (row != found.end()) {
+            rows.push_back(std::move(row->second));
+        }
+    }
+    return rows;
+}
+
+bool Issues::Detail(qint32 ppid, const QString& questionId, KX_DATA::QuestionDetail& detail) {
+    bool found = false;
+    QString voice;
+    database.ForEach(u"SELECT component_name, created, creator, description, floor,"
+                     " component_handle, mark_id, modified, updater, qr_code, theme, status,"
+                     " component_sub_name, voice_uuid FROM issue WHERE question_id = ?"
+                     " AND ppid = ?"_s,
+                     {questionId, ppid}, [&](const Statement& read) {
+                         found = true;
+                         detail.componentName = read.Text(0);
+                         detail.createTime = read.Int64(1);
+                         detail.creatorName = read.Text(2);
+                         detail.description = read.Text(3);
+                         detail.floor = read.Text(4);
+                         detail.componentHandle = read.Text(5);
+                         detail.markId = read.Int(6);
+                         detail.updateTime = read.Int64(7);
+                         detail.updaterName = read.Text(8);
+                         detail.qrCode = read.Text(9);
+                         detail.questionName = read.Text(10);
+                         detail.status = read.Int(11);
+                         detail.componentSubName = read.Text(12);
+                         voice = read.Text(13);
+                     });
+    if (found) {
+        ReadVoice(voice, database, detail.voiceUuid, detail.voiceMd5, detail.voiceState);
+    }
+    return found;
+}
+
+bool Issues::Pics(qint32 ppid, const QString& questionId,
+                  std::vector<KX_DATA::QuestionPicRecord>& pics) {
+    const QVariant issueId = database.Value(
+        u"SELECT id FROM issue WHERE question_id = ? AND ppid = ?"_s, {questionId, ppid});
+    if (!issueId.isValid()) {
+        return false;
+    }
+    AddPics(issueId.toLongLong(), false, pics);
+    return true;
+}
+
+void Issues::AddPics(qint64 issueId, bool rectification,
+                     std::vector<KX_DATA::QuestionPicRecord>& pics) {
+    pics.clear();
+    database.ForEach(
+        u"SELECT p.pic_id, p.name, p.uploader, p.uploaded, p.file_uuid, f.md5, f.size,"
+        " p.thumb_uuid, t.md5, t.size FROM issue_pic p LEFT JOIN file f ON f.uuid = p.file_uuid"
+        " LEFT JOIN file t ON t.uuid = p.thumb_uuid WHERE p.issue_id = ?"
+        " AND p.rectification = ? ORDER BY p.id"_s,
+        {issueId, rectification ? 1 : 0}, [&](const Statement& read) {
+            KX_DATA::QuestionPicRecord pic;
+            pic.picId = read.Text(0);
+            pic.fileName = read.Text(1);
+            pic.uploaderName = read.Text(2);
+            pic.uploadTime = read.Int64(3);
+            pic.fileUuid = read.Text(4);
+            pic.fileMd5 = read.Text(5);
+            pic.fileSize = read.Int64(6);
+            pic.thumbUuid = read.Text(7);
+            pic.thumbMd5 = read.Text(8);
+            pic.thumbSize = read.Int64(9);
+            pics.push_back(pic);
+        });
+}
+
+bool Issues::Rectification(const QString& questionId, KX_DATA::RectifyRecord& record) {
+    bool found = false;
+    qint64 issueId = 0;
+    QString voice;
+    database.ForEach(u"SELECT i.id, i.state, r.text, r.rectifier, r.voice_uuid FROM issue i"
+                     " LEFT JOIN rectification r ON r.issue_id = i.id WHERE i.question_id = ?"_s,
+                     {questionId}, [&](const Statement& read) {
+                         found = true;
+                         issueId = read.Int64(0);
+                         record = {};
+                         record.questionId = questionId;
+                         record.state = read.Int(1);
+                         record.rectifyText = read.Text(2);
+                         record.rectifierName = read.Text(3);
+                         voice = read.Text(4);
+                     });
+    if (found) {
+        AddPics(issueId, true, record.pics);
+        ReadVoice(voice, database, record.voiceUuid, record.voiceMd5, record.voiceState);
+    }
+    return found;
+}
+
+int Issues::SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status) {
+    int count = 0;
+    Transaction transaction(database);
+    for (const QString& questionId : questionIds) {
+        count += database.Exec(u"UPDATE issue SET status = ? WHERE question_id = ? AND ppid = ?"_s,
+                               {status, questionId, ppid});
+    }
+    transaction.Commit();
+    return count;
+}
+
+std::vector<qint32> Issues::UsedMarks() {
+    std::vector<qint32> marks;
+    database.ForEach(u"SELECT DISTINCT t.mark_id FROM issue_tally t JOIN mark m"
+                     " ON m.id = t.mark_id WHERE t.n > 0 ORDER BY t.mark_id"_s,
+                     {}, [&](const Statement& read) { marks.push_back(read.Int(0)); });
+    return marks;
+}
+
+} // namespace site

@@ -1,0 +1,93 @@
+#include "site/sqlite/ListHits.h"
+
+#include "site/sqlite/SearchIndex.h"
+#include "site/sqlite/SearchText.h"
+
+#include <algorithm>
+
+namespace site {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr size_t kKeptHits = 8;
+
+// The set that add_hit() fills for as long as this object lives.
+class HitTarget {
+public:
+    HitTarget(Database& owner, HitSet& set) : database(owner) { database.Hits().hits = &set; }
+    ~HitTarget() { database.Hits().hits = nullptr; }
+    HitTarget(const HitTarget&) = delete;
+    HitTarget& operator=(const HitTarget&) = delete;
+
+private:
+    Database& database;
+};
+
+QString LabelSql(const ListShape& shape) {
+    return shape.kind == ListKind::kBimPhotos
+               ? u"SELECT count(add_hit(photo_id)) FROM bim_label WHERE label_id = ? AND ppid = ?"_s
+               : u"SELECT count(add_hit(p.id)) FROM checkpoint_label c CROSS JOIN pdf_photo p"
+                 " ON p.checkpoint_id = c.checkpoint_id WHERE c.label_id = ? AND p.ppid = ?"_s;
+}
+
+} // namespace
+
+std::shared_ptr<ListHits::Hits> ListHits::Of(const ListShape& shape, const ListFilter& filter,
+                                             const Database::Stamp& stamp) {
+    if (filter.keyword.isEmpty() && !filter.labelId) {
+        return nullptr;
+    }
+    ListFilter part;
+    part.ppids = filter.ppids;
+    part.keyword = filter.keyword;
+    part.labelId = filter.labelId;
+    const QString key = KeyOf(shape.kind, part);
+    const auto found = std::find_if(kept.begin(), kept.end(), [&](const Kept& entry) {
+        return entry.key == key && entry.stamp == stamp;
+    });
+    if (found != kept.end()) {
+        kept.splice(kept.begin(), kept, found);
+        return kept.front().hits;
+    }
+    auto hits = std::make_shared<Hits>(Hits{HitSet(shape.firstId), 0});
+    if (!part.keyword.isEmpty()) {
+        AddKeyword(shape, part, hits->set);
+    }
+    if (part.labelId) {
+        HitSet labelled(shape.firstId);
+        AddLabel(shape, part, labelled);
+        if (part.keyword.isEmpty()) {
+            hits->set = std::move(labelled);
+        } else {
+            hits->set.Intersect(labelled);
+        }
+    }
+    hits->count = hits->set.Count();
+    kept.remove_if([&](const Kept& entry) { return entry.key == key || entry.stamp != stamp; });
+    kept.push_front({key, stamp, hits});
+    if (kept.size() > kKeptHits) {
+        kept.pop_back();
+    }
+    return hits;
+}
+
+void ListHits::AddKeyword(const ListShape& shape, const ListFilter& filter, HitSet& set) {
+    const HitTarget target(database, set);
+    const QString sql = u"SELECT count(add_hit(rowid & 4294967295)) FROM %1 WHERE %1 MATCH ?"
+                        " AND rowid BETWEEN ? AND ?"_s.arg(shape.searchTable);
+    for (const qint32 ppid : filter.ppids) {
+        (void)database.Value(sql, {SearchPhrase(filter.keyword), SearchRowId(ppid, 0),
+                                   SearchRowId(ppid, 0xffffffffLL)});
+    }
+}
+
+void ListHits::AddLabel(const ListShape& shape, const ListFilter& filter, HitSet& set) {
+    const HitTarget target(database, set);
+    for (const qint32 ppid : filter.ppids) {
+        (void)database.Value(LabelSql(shape), {*filter.labelId, ppid});
+    }
+}
+
+} // namespace site

@@ -1,0 +1,40 @@
+// Which rows a keyword and a label leave, kept until the data change.
+#pragma once
+
+#include "site/ListFilter.h"
+#include "site/sqlite/Database.h"
+#include "site/sqlite/HitSet.h"
+#include "site/sqlite/ListShape.h"
+
+#include <list>
+#include <memory>
+
+namespace site {
+
+/// Thread: the database's.
+class ListHits final {
+public:
+    explicit ListHits(Database& owner) : database(owner) {}
+
+    struct Hits {
+        HitSet set;
+        qint64 count = 0;
+    };
+    /// Null if the filter has neither keyword nor label. Holds rows of the filter's projects only.
+    [[nodiscard]] std::shared_ptr<Hits> Of(const ListShape& shape, const ListFilter& filter,
+                                           const Database::Stamp& stamp);
+
+private:
+    struct Kept {
+        QString key;
+        Database::Stamp stamp;
+        std::shared_ptr<Hits> hits;
+    };
+    void AddKeyword(const ListShape& shape, const ListFilter& filter, HitSet& set);
+    void AddLabel(const ListShape& shape, const ListFilter& filter, HitSet& set);
+
+    Database& database;
+    std::list<Kept> kept; ///< latest first
+};
+
+} // namespace site

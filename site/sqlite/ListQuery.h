@@ -1,0 +1,72 @@
+// Pages of the three lists: exact totals and the ids of one page, fast at any size.
+#pragma once
+
+#include "site/ListFilter.h"
+#include "site/sqlite/ListHits.h"
+#include "site/sqlite/ListPlan.h"
+#include "site/sqlite/ListShape.h"
+
+#include <QHash>
+
+#include <vector>
+
+namespace site {
+
+struct ListPage {
+    qint64 total = 0;
+    std::vector<qint64> ids; ///< in the order asked for
+};
+
+/// Totals and hit sets are kept until anybody changes the database. Thread: the database's.
+class ListQuery final {
+public:
+    explicit ListQuery(Database& owner) : database(owner), listHits(owner) {}
+
+    /// The id is the last key of every order, so pages never share a row or lose one. A page behind
+    /// the last one, or below 1, is empty. Throws DataError.
+    [[nodiscard]] ListPage Fetch(ListKind kind, ListFilter filter, const ListOrder& order,
+                                 qint64 page, qint64 pageSize);
+
+private:
+    struct Part {
+        QString text;
+        QVariantList values;
+    };
+    struct Search {
+        const ListShape& shape;
+        const ListFilter& filter;
+        const SortShape& sort;
+        bool descending;
+        std::shared_ptr<ListHits::Hits> hits;
+    };
+    /// An index that begins with ppid and a filter's column, and how many entries it has for it.
+    struct Source {
+        QString index;
+        qint64 rows = 0;
+        QString column;
+    };
+
+    [[nodiscard]] qint64 TotalOf(const Search& search);
+    [[nodiscard]] qint64 CountRows(const Search& search);
+    /// Counting what a filter leaves out, where that is less.
+    [[nodiscard]] bool IsComplementSmaller(const Search& search, const Source& source);
+    [[nodiscard]] qint64 CountOutside(const Search& search, const Source& source);
+    [[nodiscard]] qint64 Tally(const ListShape& shape, const ListFilter& filter, bool marks,
+                               bool states);
+    [[nodiscard]] qint64 CountModified(const ListShape& shape, const ListFilter& filter);
+    [[nodiscard]] Source BestSource(const Search& search);
+    [[nodiscard]] qint64 WalkRows(const Search& search);
+    /// The hits as a source of rows; one place for the list of ids.
+    [[nodiscard]] QString HitRows(const Search& search, bool byIndex) const;
+    [[nodiscard]] Part Conditions(const Search& search) const;
+    [[nodiscard]] Part WalkSql(const Search& search, bool backwards) const;
+    [[nodiscard]] Part SortSql(const Search& search, const Source& source, bool backwards) const;
+    [[nodiscard]] std::vector<qint64> Ids(const Search& search, qint64 total, const PageSpan& span);
+
+    Database& database;
+    ListHits listHits;
+    Database::Stamp stamp;
+    QHash<QString, qint64> totals;
+};
+
+} // namespace site

@@ -1,0 +1,23 @@
+// The numbered steps by which a database reaches the present schema.
+#pragma once
+
+#include <QString>
+
+#include <vector>
+
+namespace site {
+
+class Database;
+
+/// The schema that this client reads and writes.
+inline constexpr int kSchemaVersion = 4;
+
+/// Statements of each step, in order; statements_i lead to version i + 1.
+[[nodiscard]] std::vector<std::vector<QString>> SchemaSteps();
+
+/// Brings the database to kSchemaVersion, each step in a transaction of its own; two processes may
+/// do it at the same time. Throws DataError: kNewer for a later version, kDamaged for a database
+/// that is no site's.
+void Migrate(Database& database);
+
+} // namespace site

@@ -1,0 +1,27 @@
+#include "site/sqlite/PanelCache.h"
+
+namespace site {
+
+template <typename Rows, typename Read>
+const Rows& PanelCache::Refreshed(Kept<Rows>& kept, const PanelFilter& filter, Read read) {
+    const Database::Stamp now = database.ChangeStamp();
+    if (!(kept.stamp == now && kept.filter == filter)) {
+        // A read that fails leaves nothing that could be taken for its result.
+        kept = {};
+        kept.rows = read();
+        kept.filter = filter;
+        kept.stamp = now;
+    }
+    return kept.rows;
+}
+
+const std::vector<PanelFloor>& PanelCache::Photos(const PanelFilter& filter) {
+    Kept<std::vector<PanelFloor>>& kept = filter.HasLimits() ? limitedPhotos : photos;
+    return Refreshed(kept, filter, [&] { return PicPanel(database).Floors(filter); });
+}
+
+const std::vector<PanelIssueFloor>& PanelCache::Issues(const PanelFilter& filter) {
+    return Refreshed(issues, filter, [&] { return ReadIssuePanel(database, filter); });
+}
+
+} // namespace site

@@ -1,0 +1,35 @@
+// What the mark panel read at last, as long as nobody has changed the data.
+#pragma once
+
+#include "site/sqlite/Database.h"
+#include "site/sqlite/IssuePanel.h"
+#include "site/sqlite/PicPanel.h"
+
+namespace site {
+
+/// The panel asks for the same rows several times: list, tree, what is ticked; so does the plan,
+/// for those without limits. References last until the next call. Operations throw DataError.
+/// Thread: the database's.
+class PanelCache final {
+public:
+    explicit PanelCache(Database& owner) : database(owner) {}
+
+    [[nodiscard]] const std::vector<PanelFloor>& Photos(const PanelFilter& filter);
+    [[nodiscard]] const std::vector<PanelIssueFloor>& Issues(const PanelFilter& filter);
+
+private:
+    template <typename Rows> struct Kept {
+        PanelFilter filter;
+        Database::Stamp stamp;
+        Rows rows;
+    };
+    template <typename Rows, typename Read>
+    const Rows& Refreshed(Kept<Rows>& kept, const PanelFilter& filter, Read read);
+
+    Database& database;
+    Kept<std::vector<PanelFloor>> photos;
+    Kept<std::vector<PanelFloor>> limitedPhotos;
+    Kept<std::vector<PanelIssueFloor>> issues;
+};
+
+} // namespace site

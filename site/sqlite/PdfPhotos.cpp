@@ -1,0 +1,246 @@
+#include "site/sqlite/PdfPhotos.h"
+
+#include "site/LastChange.h"
+#include "site/RectifyStates.h"
+#include "site/TimeText.h"
+#include "site/sqlite/BinContent.h"
+#include "site/sqlite/Catalogue.h"
+#include "site/sqlite/Database.h"
+#include "site/sqlite/IdChunks.h"
+#include "site/sqlite/SearchIndex.h"
+
+#include <unordered_map>
+
+namespace site {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString& PdfRowSql() {
+    static const QString sql =
+        u"SELECT p.id, p.file_uuid, p.checkpoint_id, p.checkpoint_no, p.description, p.mark_id,"
+        " p.drawing_id, p.drawing_name, p.name, p.status, p.updater, p.updated, p.uploader,"
+        " p.uploaded, c.audio_uuid, p.state, p.ppid FROM pdf_photo p JOIN checkpoint c"
+        " ON c.id = p.checkpoint_id WHERE p.id IN ("_s +
+        IdMarks() + u")"_s;
+    return sql;
+}
+
+KX_DATA::PdfPicRecord PdfRowOf(const Statement& read) {
+    KX_DATA::PdfPicRecord row;
+    row.picId = read.Int(0);
+    row.text1 = read.Text(1);
+    // The record's names are crossed: its drawing is the point, its checkpoint the drawing.
+    row.drawingId = read.Int(2);
+    row.checkpointNo = read.Int(3);
+    row.description = read.Text(4);
+    row.markId = read.Int(5);
+    row.checkpointId = read.Int(6);
+    row.drawingName = read.Text(7);
+    row.fileName = read.Text(8);
+    row.status = read.Int(9);
+    row.updaterName = read.Text(10);
+    row.updateTime = TimeText(read.Int64(11));
+    row.uploaderName = read.Text(12);
+    row.uploadTime = TimeText(read.Int64(13));
+    row.text2 = read.Text(14);
+    row.rectifyText = StateName(read.Int(15));
+    row.ppid = read.Int(16);
+    return row;
+}
+
+} // namespace
+
+std::vector<KX_DATA::PdfPicRecord> PdfPhotos::Rows(const std::vector<qint64>& ids) {
+    std::unordered_map<qint64, KX_DATA::PdfPicRecord> found;
+    ForEachOfIds(database, PdfRowSql(), ids,
+                 [&](const Statement& read) { found.emplace(read.Int64(0), PdfRowOf(read)); });
+    std::vector<KX_DATA::PdfPicRecord> rows;
+    rows.reserve(ids.size());
+    for (const qint64 id : ids) {
+        const auto row = found.find(id);
+        if (row != found.end()) {
+            rows.push_back(std::move(row->second));
+        }
+    }
+    AddLabels(rows);
+    return rows;
+}
+
+void PdfPhotos::AddLabels(std::vector<KX_DATA::PdfPicRecord>& rows) {
+    static const QString sql =
+        u"SELECT p.id, l.id, l.name FROM pdf_photo p JOIN checkpoint_label c"
+        " ON c.checkpoint_id = p.checkpoint_id JOIN label l ON l.id = c.label_id"
+        " WHERE p.id IN (%1) ORDER BY l.id"_s.arg(IdMarks());
+    std::vector<qint64> ids;
+    std::unordered_map<qint64, KX_DATA::PdfPicRecord*> byId;
+    for (KX_DATA::PdfPicRecord& row : rows) {
+        ids.push_back(row.picId);
+        byId[row.picId] = &row;
+    }
+    ForEachOfIds(database, sql, ids, [&](const Statement& read) {
+        byId[read.Int64(0)]->labels.push_back({read.Text(1), read.Text(2)});
+    });
+}
+
+bool PdfPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) {
+    const QVariant drawing = database.Value(
+        u"SELECT drawing_id FROM pdf_photo WHERE id = ? AND ppid = ?"_s, {picId, ppid});
+    if (!drawing.isValid()) {
+        return false;
+    }
+    detail = {};
+    detail.drawingId = drawing.toInt();
+    return true;
+}
+
+bool PdfPhotos::PicDetail(qint32 ppid, qint32 picId, KX_DATA::CheckpointPicDetail& detail) {
+    bool found = false;
+    database.ForEach(u"SELECT name, description, uploader, uploaded, modifier, modified"
+                     " FROM pdf_photo WHERE id = ? AND ppid = ?"_s,
+                     {picId, ppid}, [&](const Statement& read) {
+                         found = true;
+                         detail = {};
+                         detail.name = read.Text(0);
+                         detail.description = read.Text(1);
+                         detail.uploader = read.Text(2);
+                         detail.uploadTime = TimeText(read.Int64(3));
+                         detail.updater = read.Text(4);
+                         detail.updateTime = TimeText(read.Int64(5));
+                     });
+    return found;
+}
+
+int PdfPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) {
+    int count = 0;
+    Transaction transaction(database);
+    for (const qint32 picId : picIds) {
+        count += database.Exec(u"UPDATE pdf_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
+                               {status, picId, ppid});
+    }
+    transaction.Commit();
+    return count;
+}
+
+bool PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const QString& person,
+                       qint64 now) {
+    Transaction transaction(database);
+    KX_DATA::PdfPicDetail old;
+    if (!Detail(ppid, update.picId, old)) {
+        return false;
+    }
+    const LastChange last(
+        database.Value(u"SELECT uploader FROM pdf_photo WHERE id = ?"_s, {update.picId}).toString(),
+        now, person, now);
+    RemoveSearchRow(database, ListKind::kPdfPhotos, update.picId);
+    if (update.pointId > 0) {
+        const QVariant owner =
+            database.Value(u"SELECT d.ppid FROM checkpoint c JOIN drawing d ON d.id = c.drawing_id"
+                           " WHERE c.id = ?"_s,
+                           {update.pointId});
+        if (!owner.isValid() || owner.toInt() != ppid) {
+            return false;
+        }
+        database.Exec(u"UPDATE pdf_photo SET checkpoint_id = ? WHERE id = ?"_s,
+                      {update.pointId, update.picId});
+        RefreshFromCheckpoint(database, update.picId);
+    }
+    database.Exec(u"UPDATE pdf_photo SET description = ?, name = ?, status = ?, updater = ?,"
+                  " updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
+                  {update.description, update.fileName, update.status, person, now, last.person,
+                   last.time, update.picId});
+    AddSearchRow(database, ListKind::kPdfPhotos, update.picId);
+    transaction.Commit();
+    return true;
+}
+
+qint32 PdfPhotos::ProjectOf(qint32 checkpointId, qint32 picId) {
+    return database
+        .Value(u"SELECT ppid FROM pdf_photo WHERE id = ? AND checkpoint_id = ?"_s,
+               {picId, checkpointId})
+        .toInt();
+}
+
+bool PdfPhotos::Checkpoint(qint32 checkpointId, KX_DATA::DrawingRecord& record) {
+    bool found = false;
+    database.ForEach(
+        u"SELECT c.remark, c.number, c.description, coalesce(m.color, ?), m.name, c.x, c.y,"
+        " c.updated, c.audio_uuid FROM checkpoint c LEFT JOIN mark m"
+        " ON m.id = c.mark_id WHERE c.id = ?"_s,
+        {kNoMarkColor, checkpointId}, [&](const Statement& read) {
+            found = true;
+            record = {};
+            record.remark = read.Text(0);
+            record.checkpointNo = read.Int(1);
+            record.description = read.Text(2);
+            record.markColor = read.Int(3);
+            record.markName = read.Text(4);
+            record.position = {read.Int64(5), read.Int64(6)};
+            record.updateTime = TimeText(read.Int64(7));
+            record.audioUuid = read.Text(8);
+        });
+    if (found) {
+        AddParts(checkpointId, record);
+    }
+    return found;
+}
+
+void PdfPhotos::AddParts(qint32 checkpointId, KX_DATA::DrawingRecord& record) {
+    database.ForEach(u"SELECT l.id, l.name FROM checkpoint_label c JOIN label l"
+                     " ON l.id = c.label_id WHERE c.checkpoint_id = ? ORDER BY l.id"_s,
+                     {checkpointId}, [&](const Statement& read) {
+                         record.labels.emplace_back(read.Text(0), read.Text(1));
+                     });
+    database.ForEach(u"SELECT id, file_uuid FROM pdf_photo WHERE checkpoint_id = ? AND status = 0"
+                     " ORDER BY id"_s,
+                     {checkpointId}, [&](const Statement& read) {
+                         KX_DATA::DrawingPicRef pic;
+                         pic.picId = read.Int(0);
+                         pic.uuid = read.Text(1);
+                         record.pics.push_back(pic);
+                     });
+}
+
+bool PdfPhotos::UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint64 now) {
+    Transaction transaction(database);
+    const int changed =
+        database.Exec(u"UPDATE checkpoint SET x = ?, y = ?, description = ?, mark_id = ?,"
+                      " remark = ?, updated = ? WHERE id = ?"_s,
+                      {edit.position1, edit.position2, edit.description, edit.markId, edit.remark,
+                       now, edit.checkpointId});
+    if (changed == 0) {
+        return false;
+    }
+    database.Exec(u"UPDATE pdf_photo SET mark_id = ? WHERE checkpoint_id = ?"_s,
+                  {edit.markId, edit.checkpointId});
+    database.Exec(u"DELETE FROM checkpoint_label WHERE checkpoint_id = ?"_s, {edit.checkpointId});
+    for (const QString& labelId : edit.labelNames) {
+        database.Exec(u"INSERT INTO checkpoint_label (label_id, checkpoint_id) VALUES (?, ?)"
+                      " ON CONFLICT DO NOTHING"_s,
+                      {labelId.toInt(), edit.checkpointId});
+    }
+    transaction.Commit();
+    return true;
+}
+
+std::vector<KX_DATA::LabelEntry> PdfPhotos::UsedLabels() {
+    std::vector<KX_DATA::LabelEntry> labels;
+    database.ForEach(u"SELECT id, name FROM label l WHERE EXISTS (SELECT 1 FROM checkpoint_label c"
+                     " JOIN pdf_photo p ON p.checkpoint_id = c.checkpoint_id"
+                     " WHERE c.label_id = l.id) ORDER BY id"_s,
+                     {}, [&](const Statement& read) {
+                         labels.push_back({read.Text(0), read.Text(1)});
+                     });
+    return labels;
+}
+
+std::vector<qint32> PdfPhotos::UsedMarks() {
+    std::vector<qint32> marks;
+    database.ForEach(u"SELECT DISTINCT t.mark_id FROM pdf_tally t JOIN mark m ON m.id = t.mark_id"
+                     " WHERE t.n > 0 ORDER BY t.mark_id"_s,
+                     {}, [&](const Statement& read) { marks.push_back(read.Int(0)); });
+    return marks;
+}
+
+} // namespace site

@@ -1,0 +1,97 @@
+// What the operations of SiteWriter share: one transaction each, and the files that wait for it.
+#pragma once
+
+#include "site/FileKinds.h"
+#include "site/blobs/FileStore.h"
+#include "site/sqlite/DataFolder.h"
+#include "site/sqlite/Database.h"
+#include "site/sqlite/SiteWriter.h"
+
+#include <memory>
+#include <vector>
+
+namespace site {
+
+using namespace Qt::StringLiterals;
+
+/// Files that are on the disk before their rows are.
+class SiteWriter::Impl {
+public:
+    explicit Impl(DataFolder& dataFolder) : db(dataFolder.Db()), store(dataFolder.Store()) {}
+    ~Impl() { Undo(); }
+
+    /// Runs `work` as a transaction; its files stay only if it is committed.
+    template <typename Work> auto Change(Work work) {
+        try {
+            Transaction transaction(db);
+            auto result = work();
+            transaction.Commit();
+            if (!batch) {
+                SettleAll();
+            }
+            return result;
+        } catch (...) {
+            if (!batch) {
+                DiscardAll();
+            }
+            throw;
+        }
+    }
+
+    /// Stores before the transaction begins: no lock is held while a big file is written.
+    [[nodiscard]] StoredFile Put(const FileSource& source) {
+        // A file without bytes is no file, but a path is a file however small it is.
+        if (source.path.isEmpty() && source.bytes.isEmpty()) {
+            return {};
+        }
+        try {
+            StoredFile file = store.Put(source);
+            waiting.push_back(file.uuid);
+            return file;
+        } catch (...) {
+            // The picture of a photo whose note can't be stored goes too.
+            if (!batch) {
+                DiscardAll();
+            }
+            throw;
+        }
+    }
+
+    void InsertFile(const StoredFile& file, FileKind kind, qint32 ppid, qint64 owner) {
+        if (!file.uuid.isEmpty()) {
+            db.Exec(u"INSERT INTO file (uuid, md5, size, kind, ppid, owner)"
+                    " VALUES (?, ?, ?, ?, ?, ?)"_s,
+                    {file.uuid, file.md5, file.size, static_cast<int>(kind), ppid, owner});
+        }
+    }
+
+    void SettleAll() {
+        for (const QString& uuid : waiting) {
+            store.Settle(uuid);
+        }
+        waiting.clear();
+    }
+
+    void DiscardAll() {
+        for (const QString& uuid : waiting) {
+            store.Discard(uuid);
+        }
+        waiting.clear();
+    }
+
+    void Undo() {
+        batch.reset();
+        DiscardAll();
+    }
+
+    [[nodiscard]] qint32 Find(const QString& sql, const QVariantList& values) {
+        return db.Value(sql, values).toInt();
+    }
+
+    Database& db;
+    FileStore& store;
+    std::unique_ptr<Transaction> batch;
+    std::vector<QString> waiting;
+};
+
+} // namespace site

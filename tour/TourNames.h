@@ -1,0 +1,27 @@
+// Names of windows on the walk, and what one step leaves for the next.
+#pragma once
+
+#include <QString>
+
+namespace tour {
+
+inline const QString kMain = QStringLiteral("mainWindow");
+inline const QString kConsole = QStringLiteral("VeskPicMngDlg");
+inline const QString kPhotoEditor = QStringLiteral("BimPicEditDlg");
+inline const QString kPhotoViewer = QStringLiteral("BimPicViewWrap");
+inline const QString kSignIn = QStringLiteral("signInDialog");
+inline const QString kBin = QStringLiteral("binWindow");
+inline const QString kImport = QStringLiteral("importDialog");
+inline const QString kImportResult = QStringLiteral("importResult");
+inline const QString kProgress = QStringLiteral("progressWindow");
+inline const QString kAbout = QStringLiteral("aboutWindow");
+inline const QString kNewProject = QStringLiteral("projectNameDialog");
+inline const QString kKeys = QStringLiteral("keysWindow");
+
+/// A number that a step saw before it did something. Thread: user interface.
+inline int& Remembered() {
+    static int number = 0;
+    return number;
+}
+
+} // namespace tour

@@ -1,0 +1,67 @@
+// Runs the steps of a walk one after the other, also while dialogs hold the event loop.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+class QWidget;
+
+namespace tour {
+
+/// One thing that a person does, and how one sees that it happened.
+struct TourStep {
+    QString text;               ///< what is done, printed
+    std::function<bool()> act;  ///< false: not possible yet, tried again
+    std::function<bool()> seen; ///< true once what was done shows; null: at once
+    QString picture;            ///< file name without folder; empty: no picture
+    std::function<QWidget*()> pictureOf;
+};
+
+/// A step begins when the one before is seen. Steps run from the event loop that is running, so a
+/// step may answer the dialog that the step before opened. A step that isn't seen in time ends the
+/// walk. Thread: user interface.
+class TourRunner final : public QObject {
+    Q_OBJECT
+
+public:
+    struct Options {
+        QString folder;             ///< of the pictures; exists
+        int stepTimeoutMs = 60'000; ///< generous: sanitizers and busy machines
+    };
+
+    TourRunner(std::vector<TourStep> tourSteps, const Options& tourOptions);
+
+    void Start();
+    /// For after the program's event loop, which the last step ended: runs what is left.
+    void RunToEnd();
+    /// Empty while all steps happened so far.
+    [[nodiscard]] const QString& Failure() const { return failure; }
+
+signals:
+    /// Once. `what` is empty if all steps happened, else it says which one did not.
+    void Finished(const QString& what);
+
+private:
+    enum class Phase { kAct, kActing, kSee, kSettle, kOver };
+
+    void Poll();
+    void PollLater();
+    void TryAct();
+    void Look();
+    void FinishStep();
+    void Fail(const QString& what);
+    [[nodiscard]] const TourStep& Step() const { return steps[at]; }
+
+    std::vector<TourStep> steps;
+    Options options;
+    std::size_t at = 0;
+    Phase phase = Phase::kAct;
+    QElapsedTimer sinceStep;
+    QString failure;
+};
+
+} // namespace tour

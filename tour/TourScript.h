@@ -1,0 +1,57 @@
+// The walk's steps, written down one after the other.
+#pragma once
+
+#include "tour/TourRunner.h"
+
+namespace tour {
+
+/// Where a walk finds its own files.
+struct TourPlaces {
+    QString photoFolder;    ///< made by the tour: pictures to import, and a text file among them
+    int photoCount = 0;     ///< pictures in it that can be read
+    QString downloadFolder; ///< where downloaded photos go; made by the walk
+    QString pictures;       ///< where the pictures of the walk go
+};
+
+/// Writes the steps down.
+class TourScript final {
+public:
+    using Act = std::function<bool()>;
+
+    /// What is done, how, and how one sees that it happened.
+    void Do(const QString& text, Act act, Act seen);
+    /// A picture of the window that bears this name or title, once the step before is seen. Its
+    /// file is named by its place in the walk and `what`: "06-console.png".
+    void Picture(const QString& window, const QString& what);
+    void Picture(const std::function<QWidget*()>& find, const QString& what);
+    [[nodiscard]] std::vector<TourStep> Take() { return std::move(steps); }
+
+private:
+    std::vector<TourStep> steps;
+    int pictures = 0;
+};
+
+/// Sign-in and main window with its floor plan.
+void WriteStart(TourScript& script);
+/// The console with BIM photos: search and filters.
+void WriteBimSearch(TourScript& script);
+/// The editor of a photo, from a row of the console that is open.
+void WriteEditor(TourScript& script);
+/// From a row of the console into the viewer and back, with a voice note.
+void WriteViewer(TourScript& script);
+/// Photos are imported by menu and by drop while the console is open.
+void WriteImport(TourScript& script, const TourPlaces& places);
+/// The console with BIM photos: order, pages, row actions; closed at the end.
+void WriteBimActions(TourScript& script);
+/// The checked photos of a page into a folder, over slow transfers, and the gallery with them.
+void WriteDownloads(TourScript& script, const TourPlaces& places);
+/// The console with drawing photos and with issues; closed at the end.
+void WriteOtherConsoles(TourScript& script);
+/// The plan's flags and the mark panel.
+void WriteMarks(TourScript& script);
+/// Bin, help, another project, a workset.
+void WriteHostWindows(TourScript& script);
+/// Closes the client.
+void WriteEnd(TourScript& script);
+
+} // namespace tour

@@ -1,0 +1,96 @@
+#include "services/Factories.h"
+#include "services/IKXGlobalData.h"
+#include "services/IVeskPicMng.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourEyes.h"
+#include "tour/TourNames.h"
+#include "tour/TourScript.h"
+
+#include <QAbstractItemView>
+#include <QImage>
+#include <QPixmap>
+
+namespace tour {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QWidget* Viewer() {
+    return FindWindow(kPhotoViewer);
+}
+
+/// Name of a shown photo with a place and a voice note; empty without one.
+QString NameOfNotedPhoto() {
+    KX_DATA::PicQueryFilter filter;
+    filter.noDateLimit = true;
+    GetKXGlobalData()->GetOpenProjectIds(filter.projectIds);
+    KX_DATA::PageRequest request;
+    request.pageSize = 1000;
+    request.sortField = u"last_modifytime"_s;
+    request.sortOrder = u"desc"_s;
+    KX_DATA::PageResult result;
+    std::vector<KX_DATA::BimPicRow> rows;
+    GetVeskPicMng()->QueryBimPics(filter, request, result, rows);
+    for (const KX_DATA::BimPicRow& row : rows)
+        if (!row.text9.isEmpty() && !row.floor.isEmpty() && row.posValid != 0 &&
+            row.status == KX_DATA::kStatusShown)
+            return row.fileName;
+    return {};
+}
+
+bool Search(const QString& keyword) {
+    return TypeOver(ConsoleControl(u"keywordCombo"_s), keyword) &&
+           Click(ConsoleControl(u"searchButton"_s));
+}
+
+/// The picture has arrived: its middle is no longer the colour of the empty pane.
+bool ShowsPicture() {
+    if (Viewer() == nullptr)
+        return false;
+    const QImage seen = Viewer()->grab().toImage();
+    const QPoint middle(seen.width() * 4 / 10, seen.height() * 4 / 10);
+    return seen.pixelColor(middle) != seen.pixelColor(1, 1);
+}
+
+void WriteLookingUp(TourScript& script) {
+    script.Do(
+        u"搜索一张带语音的照片"_s, [] { return Search(NameOfNotedPhoto()); },
+        [] { return ConsoleText(0, u"照片名称"_s) == NameOfNotedPhoto(); });
+    script.Do(
+        u"双击这一行：平面图定位，照片查看窗口打开，控制台最小化"_s,
+        [] {
+            QAbstractItemView* grid = ConsoleGrid();
+            const QModelIndex cell = grid->model()->index(0, ConsoleColumn(u"照片名称"_s));
+            return DoubleClickAt(grid->viewport(), grid->visualRect(cell).center());
+        },
+        [] { return ShowsPicture() && Console()->isMinimized(); });
+    script.Picture(kMain, u"main-flag"_s);
+}
+
+void WriteListening(TourScript& script) {
+    script.Do(
+        u"语音就绪后单击播放：显示进度"_s,
+        [] {
+            const QWidget* status = FindIn(Viewer(), u"noteStatus"_s);
+            return ReadText(status) == u"就绪"_s && Click(FindIn(Viewer(), u"noteButton"_s));
+        },
+        [] { return ReadText(FindIn(Viewer(), u"noteStatus"_s)).startsWith(u"00:01"_s); });
+    script.Picture(kPhotoViewer, u"viewer-playing"_s);
+    script.Do(
+        u"关闭查看窗口：控制台回来"_s, [] { return CloseWindow(Viewer()); },
+        [] { return Viewer() == nullptr && Console() != nullptr && !Console()->isMinimized(); });
+    script.Do(
+        u"清空关键字，重新搜索"_s, [] { return Search(QString()); },
+        [] { return ConsoleRows() > 1; });
+}
+
+} // namespace
+
+void WriteViewer(TourScript& script) {
+    WriteLookingUp(script);
+    WriteListening(script);
+}
+
+} // namespace tour
