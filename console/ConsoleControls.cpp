@@ -111,13 +111,7 @@ std::array<QPushButton*, kActionButtons> ConsoleControls::Actions() const {
     return {downloadButton, deleteButton, showButton, hideButton};
 }
 
-void ConsoleControls::SetTabOrder(QWidget* gridView, QWidget* pagingBar) const {
-    // The filters come before, in the order in which they were made.
-    std::vector<QWidget*> order = {searchButton, gridView};
-    order.insert(order.end(), {bimRadio, pdfRadio});
-    for (QPushButton* action : Actions())
-        order.push_back(action);
-    order.push_back(pagingBar);
-    for (size_t i = 1; i < order.size(); ++i)
-        QWidget::setTabOrder(order[i - 1], order[i]);
+void ConsoleControls::PutBehindFilters(QWidget* gridView) const {
+    // All others follow each other in the order in which they were made.
+    QWidget::setTabOrder(searchButton, gridView);
 }

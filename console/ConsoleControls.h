@@ -24,8 +24,8 @@ struct ConsoleControls {
     [[nodiscard]] std::array<QWidget*, kFilterControls> Filters() const;
     /// Action buttons, by ActionButton.
     [[nodiscard]] std::array<QPushButton*, kActionButtons> Actions() const;
-    /// Tab order: filters, grid, kinds, actions, paging bar.
-    void SetTabOrder(QWidget* gridView, QWidget* pagingBar) const;
+    /// Tab order: filters, grid, kinds, actions; the paging bar is made last and stays there.
+    void PutBehindFilters(QWidget* gridView) const;
 
     DropCombo* projectCombo;
     CColorTxtComboBox* markCombo;

@@ -150,7 +150,7 @@ void CVeskPicMngDlg::InitPaging() {
     m_gridManager->SetRect(QRect(0, 0, kPagingBarWidth, kPagingBarHeight));
     m_grid->Widget()->setObjectName(u"resultGrid"_s);
     m_gridManager->Widget()->setObjectName(u"pagingBar"_s);
-    m_controls->SetTabOrder(m_grid->Widget(), m_gridManager->Widget());
+    m_controls->PutBehindFilters(m_grid->Widget());
 }
 
 void CVeskPicMngDlg::FillStates() {

@@ -6,7 +6,6 @@ namespace {
 
 constexpr int kTop = 10;
 constexpr int kLeftEdge = 10;
-constexpr int kFilterHeightLine = 24;
 /// Gap before each control of the filter line: where the kinds of photos leave the choice open, the
 /// house's own; for issues the told ones.
 constexpr std::array<int, kFilterControls> kPhotoGaps = {0, 4, 4, 4, 8, 4, 4, 4, 8, 4};
@@ -58,8 +57,7 @@ void PlacePhotoFilters(const ConsoleLayoutRequest& request, ConsoleLayout& layou
     int x = kLeftEdge;
     for (size_t i = 0; i < kFilterControls; ++i) {
         x += kPhotoGaps[i];
-        const int centring = std::max(0, (kFilterHeightLine - sizes[i].height()) / 2);
-        layout.filters[i] = QRect(QPoint(x, kTop + centring), sizes[i]);
+        layout.filters[i] = QRect(QPoint(x, kTop), sizes[i]);
         x += sizes[i].width();
     }
 }

@@ -31,8 +31,7 @@ QString ProposedName(const QString& name) {
     QString base;
     QString extension;
     SplitPicName(name, base, extension, true);
-    // A name without an extension of a picture is all base.
-    return SafeFileName(base) + (base.size() < name.size() ? extension : QString());
+    return SafeFileName(base) + extension;
 }
 
 } // namespace

@@ -268,7 +268,8 @@ void CVeskPicMngDlg::OnRefreshEvent() {
 }
 
 void CVeskPicMngDlg::SelectPresetPic() {
-    if (m_mode != kModeBim || m_preset.picId == KX_DATA::kNoPic || !m_grid)
+    // No row is of no photo.
+    if (m_mode != kModeBim || !m_grid)
         return;
     for (int i = 0; i < m_grid->GetRowCount(); ++i) {
         if (Manager()->GetRowPicId(*m_grid->GetRow(i)) != m_preset.picId)

@@ -92,9 +92,8 @@ void CBimPicEditDlg::ShowTexts() {
 void CBimPicEditDlg::FillStatus() {
     DropCombo& combo = *m_form->statusCombo;
     combo.addItems({u"显示"_s, u"隐藏"_s});
-    // The console's show and hide leave another number behind, which selects nothing.
-    const bool isEntry = m_edit.statusIndex >= 0 && m_edit.statusIndex < combo.count();
-    combo.setCurrentIndex(isEntry ? m_edit.statusIndex : kNoEntry);
+    // The console's show and hide leave a number behind that no entry has and that selects nothing.
+    combo.setCurrentIndex(m_edit.statusIndex);
     if (GetKXAuthMng()->HasRight(KX_DATA::kRightShowHide) || !HasWindow())
         return;
     m_form->statusCaption->hide();

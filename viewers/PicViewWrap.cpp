@@ -16,7 +16,6 @@ void CPicViewWrap::OnCreated() {
     toolkit::ResizeWithinScreen(*Widget(), kFirstSize);
     CPicViewDlg& pane = PaneOf();
     pane.Create(Id());
-    pane.Widget()->show();
     toolkit::CentreWindow(*Widget());
     LayoutWrap();
 }

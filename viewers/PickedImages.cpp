@@ -49,7 +49,7 @@ void PickImageFiles(std::vector<PickedImage>& picked, bool& occupied) {
 bool SaveReducedJpeg(const QString& source, const QString& target) {
     const QImage image = toolkit::DecodeWholePicture(source);
     QSaveFile file(target);
-    if (image.isNull() || !file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly))
         return false;
     QImageWriter writer(&file, "jpeg");
     writer.setQuality(kReducedQuality);

@@ -142,6 +142,18 @@ TEST_F(KeysTest, TabFollowsTheEyeOverIssues) {
                                         "deleteButton", "showButton", "hideButton", "pagingBox"));
 }
 
+TEST_F(KeysTest, EnterOnAnActionSearchesAndPressesNothing) {
+    Open(kModeBim);
+    CheckRows({1});
+    for (QPushButton* action : C().Actions()) {
+        Log().Clear();
+        action->setFocus();
+        Key(Qt::Key_Return);
+        EXPECT_TRUE(support::WaitFor([this] { return Searches() == 1; }));
+        EXPECT_EQ(Cell(1, 11), "显示") << action->objectName().toStdString();
+    }
+}
+
 TEST_F(KeysTest, ThePagingBarLeadsThroughThePages) {
     Open(kModeBim, 65);
     Click(PagingButton(u"pagingNext"_s));

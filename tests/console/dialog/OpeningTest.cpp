@@ -190,6 +190,15 @@ TEST_F(OpeningTest, TheProjectBoxHoldsTheOpenProject) {
     EXPECT_EQ(C().projectCombo->toolTip(), u"示例工程"_s);
 }
 
+TEST_F(OpeningTest, AReopenedConsoleSearchesInEachProjectOnce) {
+    Open(kModeBim);
+    const std::vector<qint32> first = BimFilter().projectIds;
+    EXPECT_EQ(first.size(), 1U);
+    Console().CloseConsole();
+    Open(kModeBim);
+    EXPECT_EQ(BimFilter().projectIds, first);
+}
+
 TEST_F(OpeningTest, AProjectNamedLikeMarkupStandsInItsTipAsItIs) {
     host.OpenWorkset({{1, u"<b>甲</b>"_s}, {2, u"<i>乙</i>"_s}});
     Open(kModeBim);

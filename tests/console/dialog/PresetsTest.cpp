@@ -74,6 +74,14 @@ TEST_F(PresetsTest, APhotoThatWasNeverFoundIsStillWantedAfterClosing) {
     EXPECT_EQ(BimFilter().picId, 99);
 }
 
+TEST_F(PresetsTest, APhotoThatIsStillWantedIsNotSelectedAmongDrawingPhotos) {
+    Facade().ShowBimPicMngFor(0, QString(), 0, 3);
+    Settle();
+    Console().CloseConsole();
+    Open(kModePdf, 5);
+    EXPECT_EQ(SelectedRow(), -1);
+}
+
 TEST_F(PresetsTest, WithoutAPhotoNoRowIsTickedOrSelected) {
     FillService(host, kModeBim, 5);
     Facade().ShowBimPicMngFor(0, u"K7"_s, 2, -1);

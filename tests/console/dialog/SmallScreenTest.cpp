@@ -38,6 +38,12 @@ TEST_F(SmallScreenTest, AllFiltersOfPhotosStayInTheWindow) {
             << control->objectName().toStdString();
 }
 
+TEST_F(SmallScreenTest, FiltersOfIssuesLeaveEightPixelsForTheFramesUntilTheyAreAtTheirLeast) {
+    Open(kModeIssue);
+    constexpr int kLeastEnd = 676;
+    EXPECT_EQ(C().searchButton->geometry().right() + 1, std::max(screen.width() - 8, kLeastEnd));
+}
+
 TEST_F(SmallScreenTest, GridAndActionsStayInTheWindow) {
     Open(kModeBim);
     EXPECT_TRUE(Window()->rect().contains(View().geometry()));

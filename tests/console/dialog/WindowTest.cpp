@@ -59,7 +59,7 @@ TEST_F(ConsoleWindowTest, IssuesUseTheLineOfTheRadioButtons) {
 TEST_F(ConsoleWindowTest, TheFiltersOfIssuesFollowEachOther) {
     Open(kModeIssue);
     const int y = 10;
-    EXPECT_EQ(C().projectCombo->y(), y);
+    EXPECT_EQ(C().projectCombo->pos(), QPoint(10, y));
     const std::vector<std::pair<QWidget*, int>> line = {
         {C().markCombo, 3}, {C().statusCombo, 3}, {C().noDateLimit, 3},  {C().startPicker, 3},
         {C().dateDash, 1},  {C().endPicker, 1},   {C().keywordCombo, 3}, {C().searchButton, 3}};
@@ -285,6 +285,20 @@ TEST_F(ConsoleWindowTest, ItGoesOutOfTheWayOfTheViewerThatALookupOpens) {
     Grid().Manager()->LocateRow(*Grid().GetRow(0));
     EXPECT_TRUE(Window()->isMinimized());
     EXPECT_TRUE(Facade().reopenConsole);
+}
+
+TEST_F(ConsoleWindowTest, ItStandsOverTheMiddleOfTheMainWindow) {
+    mainWindow.Widget()->setGeometry(0, 0, 1300, 100);
+    Open(kModeBim);
+    EXPECT_EQ(Window()->frameGeometry().center().x(),
+              mainWindow.Widget()->frameGeometry().center().x());
+}
+
+TEST_F(ConsoleWindowTest, TheStatusTextHasTheWholeBarButEightPixelsAtItsEnds) {
+    Open(kModeBim);
+    const QRect text = C().statusPane->geometry();
+    EXPECT_EQ(text.left(), 8 + 2) << "two are the bar's own";
+    EXPECT_EQ(text.right() + 1, C().statusBar->width() - 8);
 }
 
 TEST_F(ConsoleWindowTest, ItsControlsHaveTheirSizes) {

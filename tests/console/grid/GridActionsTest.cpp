@@ -1,9 +1,11 @@
 // What the row icons, a double click, the row's menu and the actions on checked rows do.
 #include "base/Status.h"
+#include "console/ColumnTable.h"
 #include "tests/console/grid/GridFixture.h"
 #include "tests/support/Hands.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
+#include "toolkit/Icons.h"
 
 #include <QApplication>
 #include <QComboBox>
@@ -92,6 +94,21 @@ TEST_F(GridActionsTest, TheOtherIconsGoToTheirDialogs) {
     prompts.ExpectSaveFile(u"照片1"_s, QString());
     ClickCell(0, 15);
     EXPECT_EQ(Log().LinesOf({"DownloadFile"}), Calls{}) << "cancelled";
+}
+
+TEST_F(GridActionsTest, EachIconColumnShowsItsDrawing) {
+    const QSize size(16, 16);
+    for (const ConsoleMode mode : {kModeBim, kModePdf, kModeIssue}) {
+        Show(mode, 1);
+        int column = FirstIconColumn(mode);
+        for (const QString& name :
+             {u"edit"_s, u"locate"_s, u"preview"_s, u"download"_s, u"delete"_s}) {
+            const auto& icon = dynamic_cast<const CIconGridItem&>(Item(0, column));
+            EXPECT_EQ(icon.Icon().pixmap(size).toImage(), toolkit::Icon(name).pixmap(size).toImage())
+                << mode << ' ' << column;
+            ++column;
+        }
+    }
 }
 
 TEST_F(GridActionsTest, TheDownloadIconSavesItsRowUnderTheNameThatIsShown) {

@@ -129,6 +129,7 @@ TEST(ColumnTable, AWideWindowsRoomGoesToTextsByTheseShares) {
     EXPECT_THAT(Shares(kModeBim), ElementsAre(0, 0, 0, 3, 2, 1, 3, 2, 2, 0, 8, 0, 0, 0, 0, 0, 0));
     EXPECT_THAT(Shares(kModePdf),
                 ElementsAre(0, 0, 0, 4, 0, 4, 2, 3, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0));
+    EXPECT_THAT(Shares(kModeIssue), ElementsAre(0, 0, 0, 4, 2, 1, 3, 3, 0, 0, 8, 0, 0, 0, 0, 0, 0));
 }
 
 } // namespace

@@ -136,19 +136,19 @@ TEST(ConsoleLayout, TheListsOfPhotosGiveWayOnANarrowScreen) {
         EXPECT_EQ(tiny.filters[list].width(), 72) << list;
 }
 
-TEST(ConsoleLayout, LowControlsOfPhotosAreCentredInTheirLine) {
-    ConsoleLayoutRequest request = Request(kModeBim);
-    request.filters[kNoLimitBox] = QSize(54, 16);
-    EXPECT_EQ(LayoutConsole(request).filters[kNoLimitBox].y(), 14);
-    request.mode = kModeIssue;
-    EXPECT_EQ(LayoutConsole(request).filters[kNoLimitBox].y(), 10);
+TEST(ConsoleLayout, FiltersOfPhotosFollowEachOtherWithTheirGaps) {
+    // Wide enough for the natural size of each but the keyword box, which takes what is left.
+    EXPECT_THAT(LayoutConsole(Request(kModeBim, QSize(1185, 845))).filters,
+                ElementsAre(QRect(10, 10, 144, 24), QRect(158, 10, 112, 24),
+                            QRect(274, 10, 104, 24), QRect(382, 10, 96, 24), QRect(486, 10, 54, 24),
+                            QRect(544, 10, 104, 24), QRect(652, 10, 8, 24), QRect(664, 10, 104, 24),
+                            QRect(776, 10, 326, 24), QRect(1106, 10, 64, 24)));
 }
 
 TEST(ConsoleLayout, AWindowTooSmallGivesRectanglesOfNoSize) {
     const ConsoleLayout layout = LayoutConsole(Request(kModeBim, QSize(0, 0)));
-    EXPECT_TRUE(layout.grid.isEmpty());
-    EXPECT_TRUE(layout.statusBar.isEmpty());
-    EXPECT_EQ(layout.statusBar.width(), 0);
+    EXPECT_EQ(layout.grid.size(), QSize(0, 0));
+    EXPECT_EQ(layout.statusBar.size(), QSize(0, 20));
 }
 
 TEST(CountedActions, PhotosCountByTheRights) {
