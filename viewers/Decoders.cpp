@@ -45,8 +45,7 @@ public:
 
 private:
     void Start() {
-        const unsigned cores = std::thread::hardware_concurrency();
-        const unsigned count = std::clamp(cores == 0 ? 1U : cores - 1, 1U, kMostThreads);
+        const unsigned count = DecoderCount(std::thread::hardware_concurrency());
         for (unsigned i = 0; i < count; ++i)
             m_threads.emplace_back([this](const std::stop_token& stop) { Work(stop); });
     }
@@ -79,6 +78,10 @@ DecoderPool& ThePool() {
 }
 
 } // namespace
+
+unsigned DecoderCount(unsigned cores) {
+    return std::clamp(cores, 2U, kMostThreads + 1) - 1;
+}
 
 void DecodeInBackground(const std::shared_ptr<DecodeJob>& job, Urgency urgency) {
     ThePool().Add(job, urgency);

@@ -36,7 +36,7 @@ std::span<const CDirectUIButton> GalleryPane::Buttons() const {
 }
 
 void GalleryPane::PressButton(int index) {
-    if (m_events != nullptr && index >= 0 && index < int(Buttons().size()))
+    if (m_events != nullptr)
         m_events->OnButtonPressed(index);
 }
 

@@ -204,7 +204,7 @@ void GalleryPictures::StartSharp(const GalleryState& state, const QRect& part,
     toolkit::PictureRequest request;
     request.path = item.picPath;
     request.part = WithMargin(part, item.picSize);
-    request.size = DeviceSize(request.part.size(), state.zoom.scale).expandedTo({1, 1});
+    request.size = DeviceSize(request.part.size(), state.zoom.scale);
     m_sharpScale = state.zoom.scale;
     m_sharpJob = std::make_shared<DecodeJob>(
         request, [window] { toolkit::PostWindowEvent(window, kSharpPartReady); });

@@ -181,27 +181,28 @@ qintptr CPicViewDlg::OnEvent(const toolkit::WindowEvent& event) {
     switch (event.number) {
     case gallery::kDownloadDone:
         OnDownloadDone(named->key, qint32(event.second));
-        return 1;
+        break;
     case gallery::kDownloadProgress:
         OnDownloadProgress(named->key, int(event.second));
-        return 1;
+        break;
     case gallery::kSharpPartReady:
         m_pictures.WantSharp(m_state, Id(), Ratio());
         if (m_pane)
             m_pane->update(m_state.bigArea);
-        return 1;
+        break;
     case gallery::kThumbReady:
         OnThumbReady();
-        return 1;
+        break;
     case gallery::kPaneShown:
         PrepareStrip();
-        return 1;
+        break;
     case gallery::kPictureUnreadable:
         OnUnreadable(int(event.first));
-        return 1;
+        break;
     default:
         return CPopTipDlg::OnEvent(event);
     }
+    return 1;
 }
 
 void CPicViewDlg::OnTimer(int timerId) {

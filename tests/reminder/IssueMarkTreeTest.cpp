@@ -141,3 +141,13 @@ TEST(IssueMarkTree, NoMoreOfTheTickedIsCarriedThanTheTreeHas) {
     EXPECT_EQ(cut[0].id, 7);
     EXPECT_EQ(cut[0].entries[0].itemText, u"text"_s);
 }
+
+TEST(IssueMarkTree, NewGroupsReplaceThoseBefore) {
+    IssueMarkTree tree;
+    tree.SetGroups(TwoFloors());
+    tree.SetGroups({{u"g"_s, 7, 1, {{u"text"_s, u"k3"_s, {}, {}, 0}}}});
+    EXPECT_EQ(tree.Names(), (std::map<QString, QString>{{u"k3"_s, u"text"_s}}));
+    const auto cut = tree.Cut({{u"k1"_s, 1}, {u"k2"_s, 1}, {u"k3"_s, 1}});
+    ASSERT_EQ(cut.size(), 1U);
+    EXPECT_EQ(cut[0].id, 7);
+}

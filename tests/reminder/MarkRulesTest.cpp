@@ -106,10 +106,13 @@ TEST(IssueFilterList, ReadsBlanksAndASignBeforeTheDigitsAndStopsBehindThem) {
                                               {5, 0, u"- 5"_s, {}},
                                               {6, 0, u"/1"_s, {}},
                                               {7, 0, u":1"_s, {}},
-                                              {8, 0, u"10"_s, {}}}))
+                                              {8, 0, u"10"_s, {}},
+                                              {9, 0, u"  "_s, {}},
+                                              {10, 0, QString(), {}},
+                                              {11, 0, u" +"_s, {}}}))
         names << entry.name;
-    EXPECT_EQ(names, (QStringList{u" -1"_s, u"0"_s, u"- 5"_s, u"/1"_s, u":1"_s, u"  +8x7"_s, u"9"_s,
-                                  u"10"_s}));
+    EXPECT_EQ(names, (QStringList{u" -1"_s, u"0"_s, u"- 5"_s, u"/1"_s, u":1"_s, u"  "_s, QString(),
+                                  u" +"_s, u"  +8x7"_s, u"9"_s, u"10"_s}));
 }
 
 TEST(IssueFilterList, NumbersBeyondTheRangeAreItsLimitAndKeepTheirOrder) {

@@ -138,3 +138,17 @@ TEST_F(PicData, IssueEntriesAreFetchedSortedAndNamed) {
     ASSERT_EQ(m_host.view.issueMarkers.size(), 1U);
     EXPECT_EQ(m_host.view.issueMarkers[0].entries[0].itemKey, u"k1"_s);
 }
+
+TEST_F(PicData, PhotoEntriesAreTheServicesAndOfEachFetchItsOwn) {
+    KX_DATA::MarkFilterArg filterArg;
+    std::vector<KX_DATA::PicFilterEntry> entries;
+    m_host.pics.filterEntries = {{u"A"_s, 2, {{1, 2}}, 7}, {u"B"_s, 1, {}, 8}};
+    m_data.GetPicFilterData(1, 2, 3, filterArg, entries);
+    ASSERT_EQ(entries.size(), 2U);
+    EXPECT_EQ(entries[0].name, u"A"_s);
+    EXPECT_EQ(entries[1].id, 8);
+    m_host.pics.filterEntries = {{u"C"_s, 1, {}, 9}};
+    m_data.GetPicFilterData(1, 2, 3, filterArg, entries);
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0].name, u"C"_s);
+}

@@ -89,6 +89,15 @@ TEST_F(BimPicViewWindowTest, EnterAndEscapeDoNotCloseIt) {
     EXPECT_FALSE(ModuleLog().contains(u"输出报告"_s)) << "nor do they press the button";
 }
 
+TEST_F(BimPicViewWindowTest, ClosedItHoldsNothingOfItsPlaceAnyMore) {
+    ASSERT_TRUE(Open(3));
+    ASSERT_EQ(Current(), 2);
+    Wrap().Widget()->close();
+    EXPECT_TRUE(Pane().State().items.empty());
+    EXPECT_EQ(Current(), 0);
+    EXPECT_EQ(Pane().State().shownIndex, -1);
+}
+
 TEST_F(BimPicViewWindowTest, ItComesUpInTheMiddleOfTheClient) {
     mainWindow.Widget()->setGeometry(20, 10, 1600, 1000);
     ASSERT_TRUE(Open());

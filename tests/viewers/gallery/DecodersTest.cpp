@@ -9,9 +9,11 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using gallery::DecodeJob;
@@ -33,6 +35,38 @@ protected:
     }
 
     support::TempFolder folder;
+};
+
+/// All decoders read from pipes to which nobody writes, until this goes.
+class BusyDecoders final {
+public:
+    explicit BusyDecoders(const support::TempFolder& folder) {
+        const unsigned count = gallery::DecoderCount(std::thread::hardware_concurrency());
+        for (unsigned i = 0; i < count; ++i) {
+            const QString path = folder.Path(u"pipe%1"_s.arg(i));
+            EXPECT_EQ(mkfifo(path.toLocal8Bit().constData(), 0600), 0);
+            toolkit::PictureRequest request;
+            request.path = path;
+            request.size = {16, 16};
+            m_jobs.push_back(std::make_shared<DecodeJob>(request));
+            gallery::DecodeInBackground(m_jobs.back(), gallery::Urgency::Wanted);
+            m_writers.push_back(-1);
+            EXPECT_TRUE(support::WaitFor([&] {
+                m_writers.back() = open(path.toLocal8Bit().constData(), O_WRONLY | O_NONBLOCK);
+                return m_writers.back() >= 0;
+            }));
+        }
+    }
+    ~BusyDecoders() {
+        for (const int writer : m_writers)
+            close(writer);
+    }
+    BusyDecoders(const BusyDecoders&) = delete;
+    BusyDecoders& operator=(const BusyDecoders&) = delete;
+
+private:
+    std::vector<std::shared_ptr<DecodeJob>> m_jobs;
+    std::vector<int> m_writers;
 };
 
 } // namespace
@@ -93,10 +127,22 @@ TEST_F(DecodersTest, AJobThatSomebodyDoesIsLeftToHimAndEndsWithoutAResultIfGiven
 }
 
 TEST_F(DecodersTest, DecodersThatWereJoinedStartAgain) {
-    gallery::JoinDecoders();
-    const auto job = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)));
-    gallery::DecodeInBackground(job, gallery::Urgency::Ahead);
-    EXPECT_TRUE(support::WaitFor([&] { return job->IsDone(); }));
+    for (int round = 0; round < 3; ++round) {
+        gallery::JoinDecoders();
+        const auto job = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)));
+        gallery::DecodeInBackground(job, gallery::Urgency::Ahead);
+        EXPECT_TRUE(support::WaitFor([&] { return job->IsDone(); })) << round;
+    }
+}
+
+TEST_F(DecodersTest, ThereIsADecoderForEachCoreButTheFirst) {
+    EXPECT_EQ(gallery::DecoderCount(0), 1U) << "nobody knows how many cores there are";
+    EXPECT_EQ(gallery::DecoderCount(1), 1U);
+    EXPECT_EQ(gallery::DecoderCount(2), 1U);
+    EXPECT_EQ(gallery::DecoderCount(3), 2U);
+    EXPECT_EQ(gallery::DecoderCount(4), 3U);
+    EXPECT_EQ(gallery::DecoderCount(5), 3U);
+    EXPECT_EQ(gallery::DecoderCount(64), 3U);
 }
 
 TEST_F(DecodersTest, TheCacheKeepsAFewAndPreparesTheNext) {
@@ -131,13 +177,53 @@ TEST_F(DecodersTest, AReplacedFileIsDecodedAnew) {
     EXPECT_EQ(cache.Get(path, {8, 8}).pixelColor(0, 0), QColor(Qt::blue));
 }
 
-TEST_F(DecodersTest, WhatIsPreparedForOthersIsGivenUp) {
+TEST_F(DecodersTest, WhatIsPreparedForOthersIsGivenUpAndWhatIsDoneStays) {
     gallery::PictureCache cache;
     const QString kept = Picture(u"a"_s, Qt::red);
-    cache.Prepare(Picture(u"b"_s, Qt::blue), {20, 20});
-    cache.Prepare(kept, {20, 20});
-    cache.GiveUpOthers(kept);
-    EXPECT_EQ(cache.Get(kept, {20, 20}).pixelColor(0, 0), QColor(Qt::red));
+    const QString done = Picture(u"b"_s, Qt::green);
+    const QString other = Picture(u"c"_s, Qt::blue);
+    (void)cache.Get(done, {20, 20});
+    {
+        const BusyDecoders busy(folder);
+        cache.Prepare(other, {20, 20});
+        cache.Prepare(kept, {20, 20});
+        cache.GiveUpOthers(kept);
+    }
+    EXPECT_TRUE(support::WaitFor([&] { return !cache.Find(kept).isNull(); }));
+    gallery::JoinDecoders();
+    EXPECT_TRUE(cache.Find(other).isNull()) << "it was handed in before the other";
+    EXPECT_FALSE(cache.Find(done).isNull());
+}
+
+TEST_F(DecodersTest, AClearedCacheHasItsJobsGivenUp) {
+    const auto last = std::make_shared<DecodeJob>(Request(Picture(u"last"_s, Qt::red)));
+    const QString path = Picture(u"a"_s, Qt::blue);
+    gallery::PictureCache cache;
+    {
+        const BusyDecoders busy(folder);
+        cache.Prepare(path, {20, 20});
+        cache.Clear();
+        gallery::DecodeInBackground(last, gallery::Urgency::Ahead);
+    }
+    EXPECT_TRUE(support::WaitFor([&] { return last->IsDone(); }));
+    EXPECT_TRUE(cache.Find(path).isNull());
+}
+
+TEST_F(DecodersTest, WhatIsWantedIsDecodedBeforeWhatMayBe) {
+    const auto ahead = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)));
+    bool isAheadDone = true;
+    const auto wanted = std::make_shared<DecodeJob>(Request(Picture(u"b"_s, Qt::blue)),
+                                                    [&] { isAheadDone = ahead->IsDone(); });
+    {
+        const BusyDecoders busy(folder);
+        gallery::DecodeInBackground(ahead, gallery::Urgency::Ahead);
+        gallery::DecodeInBackground(wanted, gallery::Urgency::Wanted);
+    }
+    EXPECT_TRUE(support::WaitFor([&] { return ahead->IsDone() && wanted->IsDone(); }));
+    gallery::JoinDecoders();
+    if (gallery::DecoderCount(std::thread::hardware_concurrency()) == 1) {
+        EXPECT_FALSE(isAheadDone);
+    }
 }
 
 TEST_F(DecodersTest, TheCacheKeepsFourSmallPicturesAndTheOneAskedForLastLongest) {

@@ -4,6 +4,7 @@
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/support/FlatJpeg.h"
 #include "tests/viewers/support/SamplePictures.h"
+#include "toolkit/WindowRegistry.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -160,4 +161,44 @@ TEST_F(GalleryFiles, ACurrentPictureThatVanishesLeavesNoPictureOnceItIsRenderedA
     EXPECT_EQ(PixelAt(PictureMiddle()), ColourOf(1)) << "its rendering is kept";
     gallery->SelectPic(1, gallery::kCurrentMiddle);
     EXPECT_TRUE(SaysNoPicture());
+}
+
+TEST_F(GalleryFiles, WordOfABadPictureMarksTheCurrentOneAloneAndOnlyWhileItDoesNotShow) {
+    const auto tell = [this](int index) {
+        toolkit::SendWindowEvent(gallery->Id(), gallery::kPictureUnreadable, quintptr(index));
+    };
+    const auto marked = [this] {
+        std::vector<int> indices;
+        for (int i = 0; i < State().Count(); ++i) {
+            if (State().items[size_t(i)].unreadable)
+                indices.push_back(i);
+        }
+        return indices;
+    };
+    SetItems(OnDisk(3), 1);
+    ASSERT_EQ(PixelAt(PictureMiddle()), ColourOf(1));
+    for (const int index : {-1, 0, 1, 2, 3})
+        tell(index);
+    EXPECT_TRUE(marked().empty()) << "it shows by now";
+    ShowFile("no picture");
+    ASSERT_TRUE(SaysNoPicture());
+    for (const int index : {-1, 0, 2, 3})
+        tell(index);
+    EXPECT_TRUE(marked().empty());
+    tell(1);
+    EXPECT_EQ(marked(), std::vector<int>{1});
+    SetItems({});
+    tell(0);
+    EXPECT_TRUE(State().items.empty());
+}
+
+TEST_F(GalleryFiles, ADownloadsPercentShowsInItsCell) {
+    const auto shows = [this](int percent) {
+        GalleryItem item = InStore(1, false).front();
+        item.picState = kDownloading;
+        item.picProgress = percent;
+        SetItems({item});
+        return Shown().copy(State().items[0].thumbRect);
+    };
+    EXPECT_NE(shows(20), shows(80));
 }

@@ -247,6 +247,18 @@ TEST_F(GalleryInput, AllButtonsHaveTipsWithTheirKeysAlsoWhileDisabled) {
     QToolTip::hideText();
 }
 
+TEST_F(GalleryInput, ATipGoesBesideTheButtons) {
+    const auto tipAt = [this](const QPoint& place) {
+        QHelpEvent help(QEvent::ToolTip, place, Pane()->mapToGlobal(place));
+        QApplication::sendEvent(Pane(), &help);
+    };
+    tipAt(State().buttons[gallery::kNextPic].rect.center());
+    ASSERT_TRUE(QToolTip::isVisible());
+    tipAt(PictureMiddle());
+    EXPECT_TRUE(support::WaitFor([] { return !QToolTip::isVisible(); }, std::chrono::seconds(3)));
+    QToolTip::hideText();
+}
+
 TEST_F(GalleryInput, ASelectionAndAClickTakeTheFocus) {
     QLineEdit edit(Pane());
     edit.setGeometry(0, 0, 5, 5);

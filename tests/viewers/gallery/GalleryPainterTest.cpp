@@ -78,7 +78,7 @@ QImage PaintedStrip(const GalleryState& state, const std::vector<Cell>& cells) {
 TEST(GalleryPainter, AWaitingCellHasABandWithWhiteTextOnTheDefaultPicture) {
     const QImage image = Painted(SampleCell(kWaiting));
     EXPECT_EQ(image.pixelColor(22, 22), QColor(40, 60, 80));
-    EXPECT_TRUE(IsNear(image.pixelColor(22, Band().top() + 1), kBandColour, 3));
+    EXPECT_EQ(image.pixelColor(22, Band().top() + 1), kBandColour);
     EXPECT_EQ(image.pixelColor(22, Band().top() - 1), QColor(40, 60, 80));
     EXPECT_EQ(image.pixelColor(22, Band().bottom() + 1), QColor(40, 60, 80));
     EXPECT_GT(CountNear(image, Band(), Qt::white), 60);
@@ -111,7 +111,7 @@ TEST(GalleryPainter, TheTextOfAFailureIsPlainRed) {
 
 TEST(GalleryPainter, TheProgressBandGrowsWithThePercent) {
     // 92 pixels between the band's edges, accent of 150 in 255 over the band's colour.
-    const QColor accent(51, 166, 202);
+    const QColor accent(51, 163, 202);
     for (const int percent : {0, 1, 25, 50, 99, 100}) {
         Cell cell = SampleCell(kDownloading);
         cell.percent = percent;
@@ -119,10 +119,10 @@ TEST(GalleryPainter, TheProgressBandGrowsWithThePercent) {
         const int row = Band().top() + 1;
         int filled = 0;
         for (int x = Band().left(); x <= Band().right(); ++x)
-            filled += IsNear(image.pixelColor(x, row), accent, 6);
+            filled += IsNear(image.pixelColor(x, row), accent, 1);
         EXPECT_EQ(filled, 92 * percent / 100) << percent;
         EXPECT_GT(CountNear(image, Band(), Qt::white), 15) << percent;
-        EXPECT_TRUE(IsNear(image.pixelColor(60, Band().top()), kBandColour, 3)) << "its edge stays";
+        EXPECT_EQ(image.pixelColor(60, Band().top()), kBandColour) << "its edge stays";
     }
 }
 
@@ -185,6 +185,17 @@ TEST(GalleryPainter, TheIndicatorShowsTrackAndThumbWhereThereIsMoreThanTheStripS
     EXPECT_EQ(image.pixelColor(track.right() + 1, track.top()), support::kPaneColour);
     state.stripBar.overflow = false;
     EXPECT_EQ(PaintedStrip(state, {}).pixelColor(thumb.topLeft()), support::kPaneColour);
+}
+
+TEST(GalleryPainter, TheIndicatorsThumbIsColouredByItsState) {
+    GalleryState state = WideState();
+    for (const auto& [hot, colour] :
+         {std::pair(-1, kAccent), std::pair(0, kAccent), std::pair(1, QColor(0x0F, 0xC6, 0xD6)),
+          std::pair(2, QColor(0x14, 0x90, 0xE0)), std::pair(3, QColor(0x14, 0x90, 0xE0))}) {
+        state.stripBar.hotState = hot;
+        EXPECT_EQ(PaintedStrip(state, {}).pixelColor(state.stripBar.thumbRect.center()), colour)
+            << hot;
+    }
 }
 
 TEST(GalleryPainter, TheStripFillsItsAreaAndNothingElse) {

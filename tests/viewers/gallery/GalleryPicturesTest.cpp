@@ -123,3 +123,169 @@ TEST_F(GalleryPicturesTest, ASizeThatIsKnownIsNotReadAgainAndOneThatIsNotIs) {
     gallery::MarkUnreadable(item);
     EXPECT_TRUE(GalleryPictures::SizeOf(item).isEmpty()) << "nobody tries again";
 }
+
+TEST_F(GalleryPicturesTest, AThumbnailIsCutFromTheBigPictureThatIsThere) {
+    struct Case {
+        QSize big;
+        QRect cover;
+        QColor colour;
+    };
+    for (const Case& c : {Case{{300, 200}, {150, 100, 150, 100}, support::kBottomRight},
+                          Case{{300, 200}, {0, 100, 150, 100}, support::kBottomLeft},
+                          Case{{600, 400}, {150, 0, 150, 100}, support::kTopRight}}) {
+        std::vector<GalleryItem> items{Item()};
+        items[0].coverRect = c.cover;
+        (void)pictures.Big(items[0], c.big, 1);
+        pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
+        EXPECT_FALSE(pictures.AwaitsThumbs());
+        ASSERT_TRUE(items[0].thumbDC);
+        const QImage image = items[0].thumbDC->Bitmap();
+        EXPECT_EQ(image.size(), QSize(92, 77));
+        // Scaled, the quarters run into each other at their seams.
+        const QRect clean = image.rect().adjusted(4, 4, -4, -4);
+        EXPECT_EQ(image.copy(clean), support::OneColour(clean.size(), c.colour)) << c.big.width();
+        pictures.Clear();
+    }
+}
+
+TEST_F(GalleryPicturesTest, ABigPictureWithFewerPixelsThanTheThumbnailIsNotCut) {
+    for (const QSize& big : {QSize(91, 77), QSize(92, 76), QSize(92, 77)}) {
+        std::vector<GalleryItem> items{Item()};
+        (void)pictures.Big(items[0], big, 1);
+        pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
+        EXPECT_EQ(pictures.AwaitsThumbs(), big != QSize(92, 77)) << big.width();
+        pictures.Clear();
+    }
+}
+
+TEST_F(GalleryPicturesTest, AThumbnailOnItsWayIsNotAskedForTwiceAndGivenUpWithItsPlace) {
+    std::vector<GalleryItem> items(2, Item());
+    pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
+    items[0].coverRect = {};
+    pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
+    EXPECT_FALSE(pictures.AwaitsThumbs()) << "nothing has a use for it";
+    pictures.WantThumbs(items, {1, 1}, 1, toolkit::kNoWindow);
+    EXPECT_TRUE(pictures.AwaitsThumbs());
+    pictures.WantThumbs(items, {}, 1, toolkit::kNoWindow);
+    EXPECT_FALSE(pictures.AwaitsThumbs());
+}
+
+TEST_F(GalleryPicturesTest, OneDecodingServesAllItemsOfOneFile) {
+    std::vector<GalleryItem> items(3, Item());
+    items[2].thumbRect.setWidth(60);
+    pictures.WantThumbs(items, {0, 1}, 1, toolkit::kNoWindow);
+    std::vector<int> changed;
+    ASSERT_TRUE(support::WaitFor([&] {
+        changed = pictures.TakeThumbs(items, 1);
+        return !changed.empty();
+    }));
+    EXPECT_EQ(changed, (std::vector<int>{0, 1}));
+    EXPECT_FALSE(items[2].thumbDC) << "of another size";
+    EXPECT_FALSE(pictures.AwaitsThumbs());
+}
+
+namespace {
+
+/// The sharp part of a picture of 1200 by 900 in an area of 500 by 295, looked at about a point.
+class SharpPart : public GalleryPicturesTest {
+protected:
+    SharpPart() {
+        QImage ruler(1200, 900, QImage::Format_RGB32);
+        for (int y = 0; y < ruler.height(); ++y) {
+            for (int x = 0; x < ruler.width(); ++x)
+                ruler.setPixel(x, y, qRgb(x % 256, y % 256, (x / 256) * 16 + y / 256));
+        }
+        Show(ruler, {600, 450}, 1);
+    }
+
+    void Show(const QImage& image, const QPointF& centre, double scale) {
+        pictures.ForgetSharp();
+        GalleryItem item = Item(folder.Write(u"ruler.png"_s, support::PngBytes(image)));
+        item.picSize = image.size();
+        state.items = {item};
+        state.currentIndex = 0;
+        state.bigArea = QRect(0, 0, 500, 295);
+        state.picRect = QRect(53, 1, 393, 293);
+        state.zoom = {false, scale, centre};
+    }
+    gallery::PlacedImage Decoded(qreal ratio = 1) {
+        pictures.WantSharp(state, toolkit::kNoWindow, ratio);
+        gallery::PlacedImage sharp;
+        EXPECT_TRUE(support::WaitFor([&] {
+            sharp = pictures.Sharp(state, ratio);
+            return !sharp.image.isNull();
+        }));
+        return sharp;
+    }
+    /// The image pixel whose colour stands at the corner of the part.
+    static QPoint CornerOf(const QImage& image) {
+        const QRgb pixel = image.pixel(0, 0);
+        return {qRed(pixel) + qBlue(pixel) / 16 * 256, qGreen(pixel) + qBlue(pixel) % 16 * 256};
+    }
+    [[nodiscard]] QPointF Origin() const {
+        return gallery::ZoomedRect(state.zoom, gallery::ViewOf(state, 1)).topLeft();
+    }
+
+    gallery::GalleryState state;
+};
+
+} // namespace
+
+TEST_F(SharpPart, ReachesAQuarterBeyondWhatShowsFromAWholeBlockOn) {
+    ASSERT_EQ(gallery::VisiblePart(state.zoom, gallery::ViewOf(state, 1)),
+              QRect(350, 303, 500, 295));
+    const gallery::PlacedImage sharp = Decoded();
+    EXPECT_EQ(CornerOf(sharp.image), QPoint(224, 224));
+    EXPECT_EQ(sharp.image.size(), QSize(350 + 500 + 125 - 224, 303 + 295 + 73 - 224));
+    EXPECT_EQ(sharp.place, QRectF(Origin() + QPointF(224, 224), QSizeF(sharp.image.size())));
+}
+
+TEST_F(SharpPart, EndsWithThePicture) {
+    state.zoom.centre = {250, 147.5};
+    EXPECT_EQ(CornerOf(Decoded().image), QPoint(0, 0));
+    EXPECT_EQ(Decoded().image.size(), QSize(500 + 125, 295 + 73));
+    pictures.ForgetSharp();
+    state.zoom.centre = {950, 752.5};
+    EXPECT_EQ(CornerOf(Decoded().image), QPoint(568, 528));
+    EXPECT_EQ(Decoded().image.size(), QSize(1200 - 568, 900 - 528));
+}
+
+TEST_F(SharpPart, HasThePixelsOfItsScale) {
+    state.zoom.scale = 2;
+    // 250 by 149 show from 475, 376 on.
+    const gallery::PlacedImage sharp = Decoded();
+    EXPECT_EQ(sharp.image.size(), 2 * QSize(475 + 250 + 62 - 408, 376 + 148 + 37 - 336));
+    EXPECT_EQ(sharp.place.topLeft(), Origin() + QPointF(816, 672));
+}
+
+TEST_F(SharpPart, OfAThinPictureIsAtLeastOnePixelHighAndWide) {
+    Show(support::OneColour({3000, 3}, Qt::red), {1500, 1.5}, 0.2);
+    EXPECT_EQ(Decoded().image.height(), 1);
+    Show(support::OneColour({3, 3000}, Qt::red), {1.5, 1500}, 0.2);
+    EXPECT_EQ(Decoded().image.width(), 1);
+}
+
+TEST_F(SharpPart, IsKeptWhileItHoldsWhatShowsAndAskedForAnewBeyondItAndAtAnotherScale) {
+    const QImage first = Decoded().image;
+    state.zoom.centre += QPointF(60, 40);
+    EXPECT_EQ(Decoded().image, first);
+    state.zoom.centre += QPointF(200, 0);
+    pictures.WantSharp(state, toolkit::kNoWindow, 1);
+    EXPECT_FALSE(pictures.Sharp(state, 1).image.isNull()) << "the one before shows meanwhile";
+    ASSERT_TRUE(support::WaitFor([&] {
+        return pictures.Sharp(state, 1).image.size() != first.size() ||
+               CornerOf(pictures.Sharp(state, 1).image).x() > 224;
+    }));
+    state.zoom.scale = 2;
+    EXPECT_TRUE(pictures.Sharp(state, 1).image.isNull()) << "of another scale";
+    EXPECT_EQ(Decoded().image.width() % 2, 0);
+}
+
+TEST_F(SharpPart, IsNotAskedForWhileThePictureIsFitted) {
+    state.zoom.fit = true;
+    pictures.WantSharp(state, toolkit::kNoWindow, 1);
+    state.zoom.fit = false;
+    EXPECT_TRUE(pictures.Sharp(state, 1).image.isNull());
+    gallery::JoinDecoders();
+    EXPECT_TRUE(pictures.Sharp(state, 1).image.isNull());
+}

@@ -3,6 +3,7 @@
 
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/support/SamplePictures.h"
+#include "toolkit/WindowRegistry.h"
 
 #include <QDir>
 #include <QScreen>
@@ -201,4 +202,13 @@ TEST_F(GalleryWindow, TheClientsImagesDressAllSixButtonsAndTheWaitingCells) {
     EXPECT_TRUE(
         support::IsNear(PixelAt(cell.topLeft() + QPoint(2, 2)), QColor(0x21, 0x94, 0xC5), 8))
         << "the default picture";
+}
+
+TEST_F(GalleryWindow, ItsOwnEventsAreAnsweredAndOthersAreNot) {
+    Open();
+    SetItems(OnDisk(2));
+    for (const int number : {gallery::kSharpPartReady, gallery::kThumbReady, gallery::kPaneShown,
+                             gallery::kPictureUnreadable})
+        EXPECT_EQ(toolkit::SendWindowEvent(gallery->Id(), number), 1) << number;
+    EXPECT_EQ(toolkit::SendWindowEvent(gallery->Id(), 4711), 0);
 }
