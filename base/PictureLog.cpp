@@ -53,8 +53,8 @@ void ClearLog() {
     LogState& state = State();
     const std::lock_guard lock(state.lock);
     QFile file(state.path);
-    if (!state.path.isEmpty() && file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        file.close();
+    if (!state.path.isEmpty())
+        static_cast<void>(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
 }
 
 void LogProjectChange(const QString* projectName, qint32 ppid) {

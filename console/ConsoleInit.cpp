@@ -80,7 +80,6 @@ void CVeskPicMngDlg::FillProjects() {
         // Filled in every mode, even where the box has no such entry.
         m_projectMap[kWorkset].push_back(project.ppid);
     }
-    box.setCurrentIndex(0);
     box.setToolTip(toolkit::PlainTip(box.currentText()));
 }
 
@@ -159,7 +158,6 @@ void CVeskPicMngDlg::FillStates() {
     DropCombo& box = *m_controls->statusCombo;
     for (const QString& name : names)
         box.addItem(name == u"全部"_s ? u"全部状态"_s : name);
-    box.setCurrentIndex(names.empty() ? -1 : 0);
 }
 
 void CVeskPicMngDlg::ConnectControls() {

@@ -36,7 +36,6 @@ GridView::GridView(CMultiPageGrid& grid, QWidget* parent)
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerPixel);
     setCornerButtonEnabled(false);
-    setWordWrap(false);
     // Scrolling goes by MoveToRow and MoveToColumn: a click must not move what it hits.
     setAutoScroll(false);
     viewport()->setMouseTracking(true);

@@ -35,8 +35,7 @@ PagingBar::PagingBar(CMultiPageGridManager& manager, QWidget* parent)
     m_box->setToolTip(u"输入页码后按 Enter 跳转"_s);
     m_box->setAlignment(Qt::AlignCenter);
     m_box->setMaxLength(9);
-    m_box->setValidator(
-        new QRegularExpressionValidator(QRegularExpression(u"[0-9]{0,9}"_s), m_box));
+    m_box->setValidator(new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), m_box));
     m_box->setFixedWidth(m_box->fontMetrics().horizontalAdvance(u"0000000"_s) + 4 * kStep);
     m_box->installEventFilter(this);
     layout->addWidget(m_box);
@@ -52,7 +51,6 @@ PagingBar::PagingBar(CMultiPageGridManager& manager, QWidget* parent)
     connect(m_previous, &QToolButton::clicked, this, [this] { Go(m_page - 1); });
     connect(m_next, &QToolButton::clicked, this, [this] { Go(m_page + 1); });
     connect(m_last, &QToolButton::clicked, this, [this] { Go(m_count); });
-    ShowPage(1, 0);
     resize(sizeHint());
 }
 

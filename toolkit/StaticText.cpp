@@ -59,7 +59,7 @@ void CAutoLineStatic::paintEvent(QPaintEvent* event) {
     for (const QString& line : lines) {
         const QRect place(0, top, width(), fontMetrics().height());
         painter.drawText(
-            place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
+            place, Qt::TextSingleLine,
             fontMetrics().elidedText(toolkit::LineStart(line), Qt::ElideRight, width()));
         top += fontMetrics().lineSpacing();
     }

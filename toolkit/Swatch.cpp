@@ -17,7 +17,7 @@ public:
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
         const int side = std::min(rect.width(), rect.height());
-        QRect square(0, 0, side, side);
+        QRect square(QPoint(), QSize(side, side));
         square.moveCenter(rect.center());
         PaintSwatch(*painter, square, m_color);
     }

@@ -27,8 +27,6 @@ namespace {
 gallery::NoteTerms TermsOf(const CPicViewDlg& pane) {
     gallery::NoteTerms terms;
     terms.source = [&pane] { return gallery::CurrentNote(pane.State()); };
-    terms.change = gallery::NoteChange::Stops;
-    terms.close = gallery::NoteClose::SoundOnly;
     return terms;
 }
 

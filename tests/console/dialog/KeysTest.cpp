@@ -1,6 +1,7 @@
 // Keys of the console: shortcuts, Tab order, Escape, paging, double click and menu.
 #include "tests/console/dialog/ConsoleFixture.h"
 #include "tests/support/WaitFor.h"
+#include "toolkit/ColorTxtComboBox.h"
 #include "toolkit/KXComboBox.h"
 
 #include <QApplication>
@@ -102,6 +103,30 @@ TEST_F(KeysTest, TooltipsNameTheShortcuts) {
     EXPECT_EQ(C().pdfRadio->toolTip(), u"列出平面图纸照片（Alt+P）"_s);
     EXPECT_EQ(C().searchButton->toolTip(), u"按以上条件搜索（Alt+S）"_s);
     EXPECT_EQ(C().downloadButton->toolTip(), u"把选中的照片下载到文件夹（Alt+W）"_s);
+    EXPECT_EQ(C().deleteButton->toolTip(), u"删除选中的各项（Alt+D）"_s);
+    EXPECT_EQ(C().showButton->toolTip(), u"把选中的各项设为显示（Alt+V）"_s);
+    EXPECT_EQ(C().hideButton->toolTip(), u"把选中的各项设为隐藏（Alt+H）"_s);
+    EXPECT_EQ(C().keywordCombo->toolTip(), u"关键字（Alt+K），回车即搜索"_s);
+}
+
+TEST_F(KeysTest, FiltersAndButtonsAreNamedForAReader) {
+    Open(kModeBim);
+    const std::vector<std::pair<const QWidget*, QString>> names = {
+        {C().projectCombo, u"工程"_s},
+        {C().markCombo, u"按标识筛选"_s},
+        {C().labelCombo, u"按标签筛选"_s},
+        {C().statusCombo, u"按整改情况筛选"_s},
+        {C().noDateLimit, u"不限日期"_s},
+        {C().startPicker, u"开始日期"_s},
+        {C().dateDash, u"至"_s},
+        {C().endPicker, u"结束日期"_s},
+        {C().keywordCombo, u"关键字"_s},
+        {C().searchButton, u"按以上条件搜索"_s},
+        {C().bimRadio, u"BIM模型照片"_s},
+        {C().pdfRadio, u"平面图纸照片"_s},
+        {C().deleteButton, u"删除选中的各项"_s}};
+    for (const auto& [control, name] : names)
+        EXPECT_EQ(control->accessibleName(), name);
 }
 
 TEST_F(KeysTest, EveryControlHasAnAccessibleNameAndATooltip) {
@@ -149,7 +174,7 @@ TEST_F(KeysTest, EnterOnAnActionSearchesAndPressesNothing) {
         Log().Clear();
         action->setFocus();
         Key(Qt::Key_Return);
-        EXPECT_TRUE(support::WaitFor([this] { return Searches() == 1; }));
+        ASSERT_TRUE(support::WaitFor([this] { return Searches() == 1; }, std::chrono::seconds(3)));
         EXPECT_EQ(Cell(1, 11), "显示") << action->objectName().toStdString();
     }
 }

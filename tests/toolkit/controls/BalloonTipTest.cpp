@@ -189,4 +189,13 @@ TEST_F(Balloon, StandsBelowAsLongAsItFitsThereToThePixel) {
     EXPECT_EQ(topWithRoom(height - 1), -height + 2);
 }
 
+TEST_F(Balloon, AtAnEdgeOfTheScreenItEndsWithIt) {
+    const QRect screen = window->screen()->availableGeometry();
+    window->setGeometry(screen.right() - 60, 100, 400, 300);
+    button->setGeometry(0, 100, 60, 24);
+    EXPECT_EQ(Show()->geometry().right(), screen.right());
+    window->setGeometry(screen.left() - 30, 100, 400, 300);
+    EXPECT_EQ(Show()->geometry().left(), screen.left());
+}
+
 } // namespace

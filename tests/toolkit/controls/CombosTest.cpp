@@ -252,6 +252,15 @@ TEST_F(ColorTxtComboBoxTest, SelectedEntryShowsItsSwatch) {
     EXPECT_FALSE(has(Qt::red));
 }
 
+TEST_F(ColorTxtComboBoxTest, AnotherStyleDressesTheEntriesThatAreThere) {
+    combo->OnInitialize({{0x0000FF, u"裂缝"_s}});
+    EXPECT_TRUE(combo->itemIcon(0).isNull());
+    EXPECT_EQ(combo->itemData(0, Qt::BackgroundRole).value<QColor>(), QColor(Qt::red));
+    combo->SetVeskStyle(1);
+    EXPECT_FALSE(combo->itemIcon(0).isNull());
+    EXPECT_FALSE(combo->itemData(0, Qt::BackgroundRole).isValid());
+}
+
 TEST_F(ColorTxtComboBoxTest, OtherStyleWritesTheNameOnItsColour) {
     combo->OnInitialize({{0x0000FF, u"裂缝"_s}});
     const QImage image = combo->grab().toImage();

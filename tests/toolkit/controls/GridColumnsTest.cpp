@@ -231,4 +231,16 @@ TEST_F(GridColumns, ATextThatItsSwatchLeavesNoRoomForHasATip) {
     EXPECT_EQ(TipAt(grid.View()->viewport(), grid.CellCenter(0, SampleGrid::kMark)), text);
 }
 
+TEST_F(GridColumns, AHeaderHasItsOwnAlignment) {
+    Open();
+    grid.SetHeaderAlign(SampleGrid::kName, Qt::AlignRight);
+    grid.SetColumnAlign(SampleGrid::kName, Qt::AlignHCenter);
+    EXPECT_EQ(grid.GetHeaderAlign(SampleGrid::kName), Qt::AlignRight);
+    EXPECT_EQ(grid.GetColumnAlign(SampleGrid::kName), Qt::AlignHCenter);
+    for (const int none : {-1, grid.GetColumnCount()}) {
+        EXPECT_EQ(grid.GetHeaderAlign(none), Qt::Alignment());
+        EXPECT_EQ(grid.GetColumnAlign(none), Qt::Alignment());
+    }
+}
+
 } // namespace

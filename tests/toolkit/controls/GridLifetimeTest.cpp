@@ -241,4 +241,17 @@ TEST(GridWithoutWindow, SortsStablyAndTheSelectionGoesWithItsRow) {
     EXPECT_EQ(grid.GetCurSel()->GetRowId(), 3);
 }
 
+TEST_F(GridLifetime, AViewThatIsStillHeldReadsAsEmptyOnceItsGridIsGone) {
+    Open(3);
+    const QPointer<QTableView> view = grid->View();
+    const QAbstractItemModel* model = view->model();
+    const QModelIndex cell = model->index(1, SampleGrid::kName);
+    grid.reset();
+    ASSERT_FALSE(view.isNull());
+    EXPECT_EQ(model->rowCount(), 0);
+    EXPECT_EQ(model->columnCount(), 0);
+    EXPECT_FALSE(model->data(cell).isValid());
+    EXPECT_FALSE(model->headerData(SampleGrid::kName, Qt::Horizontal).isValid());
+}
+
 } // namespace

@@ -331,4 +331,24 @@ TEST_F(GridPaint, AChangedHeaderIsPaintedAnew) {
     EXPECT_TRUE(painted.Take().contains(QPoint(10, 10)));
 }
 
+TEST_F(GridPaint, AnEmptyTextAndTheCellUnderThePointerArePaintedAnew) {
+    Open(5);
+    QWidget* viewport = grid.View()->viewport();
+    QTest::mouseMove(viewport, Cell(0, SampleGrid::kName).center());
+    PaintedArea painted(viewport);
+    const QPoint first = Cell(0, SampleGrid::kEdit).center();
+    const QPoint second = Cell(2, SampleGrid::kEdit).center();
+    static_cast<void>(painted.Take());
+    QTest::mouseMove(viewport, first);
+    EXPECT_TRUE(painted.Take().contains(first));
+    QTest::mouseMove(viewport, second);
+    const QRegion both = painted.Take();
+    EXPECT_TRUE(both.contains(first)) << "no longer";
+    EXPECT_TRUE(both.contains(second));
+    grid.RemoveAll();
+    static_cast<void>(painted.Take());
+    grid.SetEmptyText(u"没有符合条件的照片"_s);
+    EXPECT_TRUE(painted.Take().contains(viewport->rect().center()));
+}
+
 } // namespace

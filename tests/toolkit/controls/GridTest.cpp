@@ -185,8 +185,14 @@ TEST_F(GridMouse, ClickBelowTheLastRowKeepsTheSelection) {
 
 TEST_F(GridMouse, PointerIsAHandOverWhatCanBeClickedOnly) {
     Open(5);
+    QTest::mouseMove(Viewport(), {1, 1});
+    for (const int row : {0, 2}) {
+        QTest::mouseMove(Viewport(), grid.CellCenter(row, SampleGrid::kEdit));
+        EXPECT_EQ(Viewport()->cursor().shape(), Qt::PointingHandCursor) << row;
+        QTest::mouseMove(Viewport(), grid.CellCenter(row, SampleGrid::kName));
+        EXPECT_EQ(Viewport()->cursor().shape(), Qt::ArrowCursor) << row;
+    }
     QTest::mouseMove(Viewport(), grid.CellCenter(2, SampleGrid::kEdit));
-    EXPECT_EQ(Viewport()->cursor().shape(), Qt::PointingHandCursor);
     QTest::mouseMove(Viewport(), grid.CellCenter(2, SampleGrid::kName));
     EXPECT_EQ(Viewport()->cursor().shape(), Qt::ArrowCursor);
     QTest::mouseMove(Viewport(), grid.CellCenter(1, SampleGrid::kLocate));

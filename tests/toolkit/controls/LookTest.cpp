@@ -140,6 +140,27 @@ TEST(Look, QtsOwnDialogsAndHeadersShowTheClientsIcons) {
     }
 }
 
+TEST(Look, EveryPictureOfQtsThatTheClientDrawsIsItsOwnIcon) {
+    const std::vector<std::pair<QStyle::StandardPixmap, QString>> own = {
+        {QStyle::SP_MessageBoxInformation, u"info"_s},
+        {QStyle::SP_MessageBoxWarning, u"warning"_s},
+        {QStyle::SP_MessageBoxCritical, u"error"_s},
+        {QStyle::SP_MessageBoxQuestion, u"question"_s},
+        {QStyle::SP_ArrowLeft, u"previous"_s},
+        {QStyle::SP_ArrowRight, u"next"_s},
+        {QStyle::SP_ArrowBack, u"previous"_s},
+        {QStyle::SP_ArrowForward, u"next"_s},
+        {QStyle::SP_LineEditClearButton, u"close"_s},
+        {QStyle::SP_TitleBarCloseButton, u"close"_s},
+        {QStyle::SP_DirIcon, u"folder"_s},
+        {QStyle::SP_DirClosedIcon, u"folder"_s},
+        {QStyle::SP_DirOpenIcon, u"folder"_s}};
+    for (const auto& [picture, name] : own) {
+        const QImage shown = QApplication::style()->standardIcon(picture).pixmap(32).toImage();
+        EXPECT_EQ(shown, toolkit::Icon(name).pixmap(32).toImage()) << picture;
+    }
+}
+
 TEST(Icons, EveryNameThatTheProgramUsesHasADrawing) {
     for (const char* name :
          {"edit",     "locate",  "preview", "download", "delete",       "first",

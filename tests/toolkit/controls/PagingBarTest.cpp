@@ -1,6 +1,8 @@
 // The paging bar with real clicks and keys.
 #include "tests/toolkit/controls/SampleGrid.h"
 
+#include "toolkit/Look.h"
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
@@ -201,6 +203,33 @@ TEST_F(PagingBar, GoesWithItsManager) {
     EXPECT_TRUE(!bar || !bar->isVisible());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(bar.isNull());
+}
+
+TEST_F(PagingBar, ItsControlsStandSideBySideAtItsEnd) {
+    Manager().SetRect(QRect(0, 0, 400, 28));
+    const std::vector<const QWidget*> order = {
+        Button(u"pagingFirst"_s),
+        Button(u"pagingPrevious"_s),
+        Box(),
+        Manager().Widget()->findChild<QLabel*>(u"pagingTotal"_s),
+        Button(u"pagingNext"_s),
+        Button(u"pagingLast"_s)};
+    for (size_t i = 1; i < order.size(); ++i)
+        EXPECT_EQ(order[i]->x(), order[i - 1]->geometry().right() + 1 + toolkit::kStep) << i;
+    EXPECT_EQ(order.back()->geometry().right(), 399);
+    for (const QString& name :
+         {u"pagingFirst"_s, u"pagingPrevious"_s, u"pagingNext"_s, u"pagingLast"_s}) {
+        EXPECT_EQ(Button(name)->size(), QSize(26, 26));
+        EXPECT_EQ(Button(name)->iconSize(), QSize(16, 16));
+        EXPECT_TRUE(Button(name)->autoRaise());
+    }
+    EXPECT_TRUE(Box()->alignment().testFlag(Qt::AlignHCenter));
+}
+
+TEST_F(PagingBar, NineDigitsCanBeTyped) {
+    Manager().SetPageCount(40);
+    Type(u"1234567890"_s);
+    EXPECT_EQ(Box()->text(), u"123456789"_s);
 }
 
 } // namespace

@@ -165,6 +165,9 @@ TEST(TitledGroup, ItsFrameRunsThroughTheMiddleOfItsTitle) {
     EXPECT_EQ(image.pixelColor(120, 1), QColor(Qt::white));
     EXPECT_NE(image.pixelColor(120, 69), QColor(Qt::white));
     EXPECT_EQ(image.pixelColor(9, line), QColor(Qt::white)) << "the line leaves room for the title";
+    // Sharp: no pixel shares it with its neighbour.
+    for (const QPoint& edge : {QPoint(0, 40), QPoint(149, 40), QPoint(75, 69), QPoint(120, line)})
+        EXPECT_EQ(image.pixelColor(edge), toolkit::Colors::Frame()) << edge.x() << ' ' << edge.y();
 }
 
 TEST(StaticFilespec, ItsColourIsThePalettesOfItsState) {

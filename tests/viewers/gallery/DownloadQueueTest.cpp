@@ -232,6 +232,19 @@ TEST_F(DownloadQueue, PercentsReachTheItemAndOfNotesTheSubclass) {
     EXPECT_EQ(gallery->extraAudio.progress, 63);
 }
 
+TEST_F(DownloadQueue, AFinishedCurrentPictureIsRenderedFromItsNewFile) {
+    Open();
+    SetItems(OnDisk(2));
+    ASSERT_EQ(PixelAt(PictureMiddle()), ColourOf(0));
+    ASSERT_TRUE(QFile::remove(State().items[0].picPath));
+    ASSERT_TRUE(QFile::copy(State().items[1].picPath, State().items[0].picPath));
+    toolkit::PostWindowEvent(gallery->Id(), gallery::kDownloadDone, 0, 0,
+                             std::make_unique<gallery::KeyPayload>(
+                                 gallery::DownloadKey{0, gallery::DownloadKind::Picture}));
+    toolkit::DeliverPostedEvents();
+    EXPECT_EQ(PixelAt(PictureMiddle()), ColourOf(1));
+}
+
 TEST_F(DownloadQueue, AFinishedNoteIsToldToTheSubclass) {
     Open();
     SetItems(InStore(1));

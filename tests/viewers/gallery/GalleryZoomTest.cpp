@@ -130,3 +130,23 @@ TEST_F(GalleryZoom, CopyWithoutAPictureLeavesTheClipboard) {
     QTest::keyClick(Pane(), Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), u"text");
 }
+
+TEST_F(GalleryZoom, OnlyThePictureIsDragged) {
+    DoubleClick(PictureMiddle());
+    const QPointF before = State().zoom.centre;
+    const QPoint beside(2, 298);
+    ASSERT_FALSE(State().bigArea.contains(beside));
+    QTest::mousePress(Pane(), Qt::LeftButton, {}, beside);
+    QTest::mouseMove(Pane(), {200, 200});
+    QTest::mouseRelease(Pane(), Qt::LeftButton, {}, {200, 200});
+    EXPECT_EQ(State().zoom.centre, before);
+}
+
+TEST_F(GalleryZoom, AFittedPictureIsNotDragged) {
+    QTest::mousePress(Pane(), Qt::LeftButton, {}, PictureMiddle());
+    EXPECT_EQ(Pane()->cursor().shape(), Qt::ArrowCursor);
+    QTest::mouseMove(Pane(), ThumbMiddle(2));
+    EXPECT_EQ(State().hoverIndex, 2) << "the mouse means what it is over";
+    QTest::mouseRelease(Pane(), Qt::LeftButton, {}, ThumbMiddle(2));
+    EXPECT_TRUE(State().zoom.fit);
+}

@@ -80,3 +80,11 @@ TEST(BarThumb, StaysAsItIsForASingleItemOrWithoutATrack) {
     bar.trackRect = {};
     EXPECT_EQ(gallery::BarThumb(bar), QRect(1, 2, 3, 4));
 }
+
+TEST(BarThumb, CountsFromTheFirstPosition) {
+    ThumbBar bar = HorizontalBar(30, 15, 4);
+    bar.minPos = 10;
+    EXPECT_EQ(gallery::BarThumb(bar), QRect(150, 90, 40, 5));
+    bar.pos = 10;
+    EXPECT_EQ(gallery::BarThumb(bar), QRect(100, 90, 40, 5));
+}
