@@ -6,6 +6,7 @@
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/support/SamplePictures.h"
 
+#include <QDir>
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
@@ -133,6 +134,19 @@ TEST_F(DecodersTest, DecodersThatWereJoinedStartAgain) {
         gallery::DecodeInBackground(job, gallery::Urgency::Ahead);
         EXPECT_TRUE(support::WaitFor([&] { return job->IsDone(); })) << round;
     }
+}
+
+TEST_F(DecodersTest, JoinedDecodersAreGone) {
+    const auto threads = [] {
+        return QDir(u"/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+    };
+    gallery::JoinDecoders();
+    const qsizetype before = threads();
+    const auto job = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)));
+    gallery::DecodeInBackground(job, gallery::Urgency::Ahead);
+    EXPECT_EQ(threads(), before + gallery::DecoderCount(std::thread::hardware_concurrency()));
+    gallery::JoinDecoders();
+    EXPECT_TRUE(support::WaitFor([&] { return threads() == before; }, std::chrono::seconds(3)));
 }
 
 TEST_F(DecodersTest, ThereIsADecoderForEachCoreButTheFirst) {
