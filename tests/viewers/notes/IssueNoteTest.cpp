@@ -201,3 +201,14 @@ TEST_F(IssueVoice, ProgressOfTheDownloadChangesNothingButTheFirstAndTheLastValue
     gallery->issueNote.OnAudioProgress(1);
     EXPECT_EQ(State(), kDownloadFailedState);
 }
+
+TEST_F(IssueVoice, PlaysOnAcrossPictures) {
+    SetItems({Item(u"a"_s), Item(u"b"_s)});
+    sound = support::SilentAmr(500);
+    WriteNote(sound);
+    SetRecord();
+    Press();
+    Tick();
+    Step(1);
+    ExpectPlaysOn();
+}
