@@ -170,6 +170,23 @@ TEST_F(GalleryPicturesTest, AThumbnailOnItsWayIsNotAskedForTwiceAndGivenUpWithIt
     EXPECT_FALSE(pictures.AwaitsThumbs());
 }
 
+TEST_F(GalleryPicturesTest, AThumbnailThatIsOnItsWayIsNotDecodedAgain) {
+    std::vector<GalleryItem> items{Item()};
+    pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
+    toolkit::PictureRequest request;
+    request.path = items[0].picPath;
+    request.size = {2, 2};
+    const auto behind = std::make_shared<gallery::DecodeJob>(request);
+    gallery::DecodeInBackground(behind, gallery::Urgency::Ahead);
+    ASSERT_TRUE(support::WaitFor([&] { return behind->IsDone(); }));
+    gallery::JoinDecoders();
+    folder.Write(u"a.png"_s, support::PngBytes(support::OneColour({300, 200}, Qt::black)));
+    pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
+    EXPECT_EQ(pictures.TakeThumbs(items, 1), std::vector<int>{0});
+    ASSERT_TRUE(items[0].thumbDC);
+    EXPECT_EQ(items[0].thumbDC->Bitmap().pixelColor(0, 0), support::kTopLeft);
+}
+
 TEST_F(GalleryPicturesTest, OneDecodingServesAllItemsOfOneFile) {
     std::vector<GalleryItem> items(3, Item());
     items[2].thumbRect.setWidth(60);
