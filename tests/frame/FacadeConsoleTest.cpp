@@ -1,4 +1,5 @@
 // What the facade does to open the console, and whom it tells.
+#include "base/FacadeAccess.h"
 #include "console/VeskPicMngDlg.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/ModuleFixture.h"
@@ -20,6 +21,13 @@ protected:
                               "RefreshPdfMarks", "RefreshTNMarks"});
     }
 };
+
+TEST_F(FacadeConsoleTest, DialogsReachTheFacadeThatLives) {
+    EXPECT_EQ(&ZelvorNRQ_KXVeskPicture::PictureFacade(), &Facade());
+    CKXVeskPictureImpl::ReleaseInstance();
+    CKXVeskPictureImpl& next = Facade();
+    EXPECT_EQ(&ZelvorNRQ_KXVeskPicture::PictureFacade(), &next);
+}
 
 TEST_F(FacadeConsoleTest, OpeningAlwaysAnswersOne) {
     for (const qint32 kind : {1, 2, 3, 1})
