@@ -21,7 +21,7 @@ constexpr int kCurrentFrame = 0xF0B600;
 constexpr int kHoverFrame = 0xF5DAA9;
 constexpr std::array<int, 3> kBarColors{0xF0B600, 0xD6C60F, 0xE09014}; ///< by `hotState`
 constexpr int kBandHeight = 20;
-const QColor kBandFill(255, 255, 255, 100);
+constexpr int kBandAlpha = 100;
 const QColor kProgressFill(0x00, 0xB6, 0xF0, 0x96);
 const QColor kFailedText(255, 0, 0);
 
@@ -54,7 +54,9 @@ void DrawBand(QPainter& painter, const QRect& rect, const QImage& defaultPicture
         painter.drawImage(rect.topLeft(), defaultPicture);
         painter.restore();
     }
-    painter.fillRect(BandOf(rect), kBandFill);
+    QColor fill(Qt::white);
+    fill.setAlpha(kBandAlpha);
+    painter.fillRect(BandOf(rect), fill);
 }
 
 void DrawProgress(QPainter& painter, const QRect& band, int percent) {

@@ -175,6 +175,22 @@ TEST_F(GallerySlide, FromNoPictureNothingSlides) {
     EXPECT_TRUE(Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); }).empty());
 }
 
+TEST_F(GallerySlide, WhereOneOfTheTwoCannotBeDecodedNothingSlides) {
+    Start();
+    auto items = OnDisk(3);
+    items[1].picPath = folder.Write(QStringLiteral("bad.jpg"), "no picture");
+    items[1].picSize = {300, 200};
+    SetItems(items);
+    ASSERT_EQ(PixelAt(PictureMiddle()), ColourOf(0));
+    EXPECT_TRUE(Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); }).empty());
+    EXPECT_TRUE(SaysNoPicture());
+    SetItems(OnDisk(3));
+    ASSERT_EQ(PixelAt(PictureMiddle()), ColourOf(0));
+    folder.Write(QStringLiteral("pics/d000.jpg"), "no picture any more");
+    EXPECT_TRUE(Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); }).empty());
+    EXPECT_EQ(PixelAt(PictureMiddle()), ColourOf(1));
+}
+
 TEST_F(GallerySlide, AVerticalStripSlidesUpByTheCellsThatLeaveIt) {
     Start(false);
     ASSERT_EQ(State().visible, (ItemRange{0, 2}));
