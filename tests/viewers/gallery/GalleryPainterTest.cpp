@@ -167,6 +167,14 @@ TEST(GalleryPainter, OnADenseScreenEveryPixelOfAFrameIsTwo) {
     EXPECT_EQ(image.pixelColor(40, 80), QColor(40, 60, 80));
 }
 
+TEST(GalleryPainter, CellsRenderedForASlideStandOnTheBackground) {
+    const QImage image =
+        gallery::RenderCells({SampleCell(kNothingToFetch)}, QImage(), {140, 120}, 2);
+    EXPECT_EQ(image.size(), QSize(280, 240));
+    EXPECT_EQ(image.devicePixelRatio(), 2);
+    EXPECT_EQ(CountNear(image, image.rect(), support::kPaneColour, 0), 280 * 240);
+}
+
 TEST(GalleryPainter, ACellWithNothingToFetchIsEmpty) {
     const QImage image = Painted(SampleCell(kNothingToFetch));
     EXPECT_EQ(CountNear(image, kRect, support::kPaneColour, 0), 94 * 79);
