@@ -187,8 +187,7 @@ qintptr CPicViewDlg::OnEvent(const toolkit::WindowEvent& event) {
         break;
     case gallery::kSharpPartReady:
         m_pictures.WantSharp(m_state, Id(), Ratio());
-        if (m_pane)
-            m_pane->update(m_state.bigArea);
+        m_pane->update(m_state.bigArea);
         break;
     case gallery::kThumbReady:
         OnThumbReady();

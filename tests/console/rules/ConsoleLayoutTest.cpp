@@ -185,4 +185,13 @@ TEST(ConsoleLayout, OnAScreenTooNarrowForAllListsStayLegible) {
     EXPECT_EQ(sizes[kProjectBox].width(), 72);
 }
 
+TEST(ConsoleLayout, AListThatIsNarrowerThanTheLeastAnywayGivesNothing) {
+    FilterSizes natural = Request(kModeIssue).filters;
+    natural[kProjectBox].setWidth(60);
+    natural[kMarkBox].setWidth(72);
+    const FilterSizes sizes = FilterSizesFor(natural, 210, 300);
+    EXPECT_EQ(sizes[kProjectBox].width(), 60);
+    EXPECT_EQ(sizes[kMarkBox].width(), 72);
+}
+
 } // namespace

@@ -204,3 +204,13 @@ TEST_F(GallerySlide, AVerticalStripSlidesUpByTheCellsThatLeaveIt) {
     EXPECT_EQ(frames[7].pixelColor(second + QPoint(0, 90)), ColourOf(4));
     EXPECT_EQ(frames.back().pixelColor(second), ColourOf(4));
 }
+
+TEST_F(GallerySlide, WhatAHiddenWindowWouldHaveSlidToDoesNotShowYet) {
+    Start();
+    ASSERT_EQ(PixelAt(PictureMiddle()), ColourOf(0));
+    Pane()->hide();
+    gallery->SelectPic(1, gallery::kCurrentLast);
+    EXPECT_EQ(State().shownIndex, 0);
+    EXPECT_EQ(PixelAt(PictureMiddle()), ColourOf(1));
+    EXPECT_EQ(State().shownIndex, 1);
+}

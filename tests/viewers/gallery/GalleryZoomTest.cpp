@@ -3,6 +3,9 @@
 
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/support/SamplePictures.h"
+#include "toolkit/WindowRegistry.h"
+#include "viewers/Decoders.h"
+#include "viewers/DownloadWorker.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -153,4 +156,32 @@ TEST_F(GalleryZoom, AFittedPictureIsNotDragged) {
     EXPECT_EQ(State().hoverIndex, 2) << "the mouse means what it is over";
     QTest::mouseRelease(Pane(), Qt::LeftButton, {}, ThumbMiddle(2));
     EXPECT_TRUE(State().zoom.fit);
+}
+
+TEST_F(GalleryZoom, ASharpPartThatComesIsPainted) {
+    DoubleClick(PictureMiddle());
+    support::RunPendingEvents();
+    class PaintSeen final : public QObject {
+    public:
+        bool eventFilter(QObject*, QEvent* event) override {
+            seen = seen || event->type() == QEvent::Paint;
+            return false;
+        }
+        bool seen = false;
+    } paint;
+    gallery::JoinDecoders();
+    support::RunPendingEvents();
+    Pane()->installEventFilter(&paint);
+    toolkit::SendWindowEvent(gallery->Id(), gallery::kSharpPartReady);
+    EXPECT_TRUE(support::WaitFor([&] { return paint.seen; }, std::chrono::seconds(3)));
+}
+
+TEST_F(GalleryZoom, AnotherPictureThatArrivesLeavesItAsItIs) {
+    DoubleClick(PictureMiddle());
+    toolkit::PostWindowEvent(gallery->Id(), gallery::kDownloadDone, 0, 0,
+                             std::make_unique<gallery::KeyPayload>(
+                                 gallery::DownloadKey{1, gallery::DownloadKind::Picture}));
+    toolkit::DeliverPostedEvents();
+    EXPECT_FALSE(State().zoom.fit);
+    EXPECT_EQ(State().zoom.scale, 1);
 }
