@@ -101,7 +101,7 @@ void CVeskPicMngDlg::MeasureControls() {
     const int left = box.mapToGlobal(QPoint(0, 0)).x();
     m_filterSizes =
         FilterSizesFor(m_filterSizes, left, Widget()->screen()->availableSize().width() - kFrames);
-    m_projectComboRect = QRect(QPoint(left, 10), m_filterSizes[kProjectBox]);
+    m_projectComboRect = QRect(QPoint(left, box.y()), m_filterSizes[kProjectBox]);
 }
 
 void CVeskPicMngDlg::InitDates() {
