@@ -2,6 +2,7 @@
 
 #include "host/session/HostSession.h"
 #include "tests/bulk/BulkSite.h"
+#include "tests/support/EngineFolder.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -24,15 +25,15 @@ const QString& User() {
 }
 
 bool OpenOrFill(host::HostSession& session, const QString& folder) {
-    if (session.OpenFolder(folder))
+    if (session.Open(folder))
         return false;
     if (session.SignIn(User()))
         return true;
-    session.CloseFolder();
+    session.Close();
     const QStringList words = QCoreApplication::arguments().mid(1);
     return QProcess::execute(QCoreApplication::applicationFilePath(),
                              QStringList{u"--fill"_s} + words) == 0 &&
-           !session.OpenFolder(folder) && session.SignIn(User());
+           !session.Open(folder) && session.SignIn(User());
 }
 
 } // namespace
@@ -47,7 +48,7 @@ void AddFolderOptions(QCommandLineParser& options) {
 
 int FillFolder(const QCommandLineParser& options) {
     host::HostSession session;
-    if (const auto fault = session.OpenFolder(options.value(u"data"_s))) {
+    if (const auto fault = session.Open(options.value(u"data"_s))) {
         QTextStream(stderr) << fault->text << Qt::endl;
         return 1;
     }
@@ -56,7 +57,7 @@ int FillFolder(const QCommandLineParser& options) {
     size.pdfPhotos = options.value(u"drawing-photos"_s).toInt();
     size.issues = options.value(u"issues"_s).toInt();
     QTextStream(stderr) << u"filling the data folder, once"_s << Qt::endl;
-    bulk::FillBulkSite(*session.Folder(), size);
+    bulk::FillBulkSite(support::FolderOf(session), size);
     return 0;
 }
 

@@ -8,6 +8,7 @@
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
 #include "site/sqlite/SiteWriter.h"
+#include "tests/support/EngineFolder.h"
 #include "toolkit/Prompts.h"
 
 #include <QCryptographicHash>
@@ -50,7 +51,7 @@ private:
 /// A site with the pictures as its photos, opened; rows as the console would have them.
 std::vector<BatchRow> FileAll(host::HostSession& session, const QStringList& pictures,
                               const QString& cache) {
-    site::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(support::FolderOf(session));
     const qint32 ppid = writer.AddProject(u"测速"_s);
     writer.AddUser(kUser, {});
     std::vector<qint32> ids;
@@ -103,7 +104,7 @@ double Checksums(const QStringList& pictures) {
 double Download(const std::vector<BatchRow>& rows, const QString& folder) {
     Empty(folder);
     const Stopwatch timer;
-    DownloadRows(rows, folder);
+    DownloadRows(rows, folder, toolkit::MainWindow());
     const double time = timer.Milliseconds();
     const bool whole = QDir(folder).entryList(QDir::Files).size() == qsizetype(rows.size());
     return whole ? time : -1;
@@ -116,7 +117,7 @@ void MeasureDownload(const QStringList& pictures, Report& report) {
     const QTemporaryDir place(QFileInfo(pictures.front()).path() + u"/download-XXXXXX"_s);
     const NoPrompts prompts;
     host::HostSession& session = *host::HostSession::Current();
-    if (session.OpenFolder(place.filePath(u"site"_s)))
+    if (session.Open(place.filePath(u"site"_s)))
         return;
     host::ExProgress progress;
     session.progress = &progress;
@@ -134,7 +135,7 @@ void MeasureDownload(const QStringList& pictures, Report& report) {
         warm.push_back(Download(rows, place.filePath(u"warm"_s)));
     }
     session.progress = nullptr;
-    session.CloseFolder();
+    session.Close();
     report.AddFigure(u"plain copy of 30 of 24 MP"_s, Median(plain), u"ms"_s);
     report.AddFigure(u"batch download, nothing in the cache"_s, Median(cold), u"ms"_s);
     // The store's file to the cache, checked, and from there to the folder.

@@ -7,6 +7,7 @@
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
 #include "site/sqlite/SiteWriter.h"
+#include "tests/support/EngineFolder.h"
 #include "toolkit/DropCombo.h"
 #include "toolkit/Look.h"
 #include "toolkit/PopTipDlg.h"
@@ -40,7 +41,7 @@ QString FloorText(int number) {
 
 /// One photo that carries every tenth label, on the last floor.
 KX_DATA::BimPicRow FillEditorSite(host::HostSession& session) {
-    site::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(support::FolderOf(session));
     writer.BeginBatch();
     const qint32 ppid = writer.AddProject(u"大工程"_s);
     writer.AddUser(kUser, {5, 21, 22, 38});
@@ -158,7 +159,7 @@ int main(int argc, char** argv) {
     options.process(app);
     const QTemporaryDir folder;
     host::HostSession session;
-    if (session.OpenFolder(folder.filePath(u"site"_s))) {
+    if (session.Open(folder.filePath(u"site"_s))) {
         QTextStream(stderr) << u"the data folder can't be used"_s << Qt::endl;
         return 1;
     }

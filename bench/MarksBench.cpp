@@ -8,6 +8,8 @@
 #include "frame/KXVeskPictureImpl.h"
 #include "host/session/HostSession.h"
 #include "reminder/KXVeskPicDataImpl.h"
+#include "site/ICatalogue.h"
+#include "site/IPanelCounts.h"
 #include "toolkit/GbkText.h"
 #include "toolkit/Look.h"
 
@@ -160,7 +162,7 @@ void MeasureIssues(host::HostSession& session, bench::Report& report) {
     for (const site::ProjectEntry& project : session.OpenProjects())
         filter.ppids.push_back(project.ppid);
     std::map<QString, qint32> byKey;
-    for (const site::PanelIssueFloor& floor : session.Panel()->Issues(filter))
+    for (const site::PanelIssueFloor& floor : session.Site().PanelCounts().Issues(filter))
         for (const site::PanelIssue& issue : floor.issues)
             byKey[issue.questionId] = issue.markId;
     const ShownIssueMarks everything(byKey.begin(), byKey.end());
@@ -179,7 +181,7 @@ int Measure(bench::WatchedApplication& app, const QCommandLineParser& options) {
     host::HostSession session;
     if (!bench::OpenFolder(session, options))
         return 1;
-    const auto worksets = session.Tables().Worksets();
+    const auto worksets = session.Site().Catalogue().Worksets();
     if (worksets.empty() || !session.OpenWorkset(worksets.front().id))
         return 1;
     if (!options.isSet(u"no-panel"_s) && !bench::MeasurePanel(app, session, report))

@@ -7,6 +7,8 @@
 #include "bench/Report.h"
 #include "bench/StatementTrace.h"
 #include "host/session/HostSession.h"
+#include "site/ICatalogue.h"
+#include "tests/support/EngineFolder.h"
 
 namespace bench {
 
@@ -38,22 +40,22 @@ std::vector<DayRange> Ranges() {
 
 /// A new connection, as a new client has it.
 bool OpenAnew(host::HostSession& session, bool fromDisk) {
-    const QString path = session.Folder()->Path();
-    const QString database = session.Folder()->DatabasePath();
+    const QString path = support::FolderOf(session).Path();
+    const QString database = support::FolderOf(session).DatabasePath();
     const QString user = session.UserName();
-    session.CloseFolder();
+    session.Close();
     if (fromDisk)
         DropFromCache(database);
-    if (session.OpenFolder(path) || !session.SignIn(user))
+    if (session.Open(path) || !session.SignIn(user))
         return false;
-    const auto worksets = session.Tables().Worksets();
+    const auto worksets = session.Site().Catalogue().Worksets();
     return !worksets.empty() && session.OpenWorkset(worksets.front().id);
 }
 
 /// Something that another client or another window might have changed.
 void ChangeData(host::HostSession& session) {
     static int changes = 0;
-    session.Tables().SetSetting(u"bench"_s, QString::number(++changes));
+    session.Site().Catalogue().SetSetting(u"bench"_s, QString::number(++changes));
 }
 
 /// The same statements and the same rows in a plain tree.

@@ -34,9 +34,9 @@ double Since(qint64 spawned) {
 int RunStartProbe(const QString& folder, qint64 spawned) {
     host::HostSession session;
     QString error;
-    if (session.OpenFolder(folder) ||
+    if (session.Open(folder) ||
         !sample::CreateSampleSite(
-            *session.Folder(), sample::SampleSize::kFull,
+            session.Site(), sample::SampleSize::kFull,
             [](int, int, const QString&) { return true; }, error) ||
         !session.SignIn(kSampleUser))
         return 1;

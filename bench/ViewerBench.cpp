@@ -12,6 +12,7 @@
 #include "services/IKXView.h"
 #include "services/IVeskPicMng.h"
 #include "site/sqlite/SiteWriter.h"
+#include "tests/support/EngineFolder.h"
 #include "viewers/BimPicViewWrap.h"
 
 #include <QBuffer>
@@ -79,7 +80,7 @@ struct ViewerSite {
 
 /// One place with the large photo, the newest of all, and one with a thousand small ones.
 ViewerSite FileSite(host::HostSession& session, const QString& photo) {
-    site::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(support::FolderOf(session));
     writer.BeginBatch();
     writer.AddProject(u"测速"_s);
     writer.AddUser(kViewerUser, {});
@@ -164,7 +165,7 @@ void MeasureCrowd(WatchedApplication& application, const QString& positionKey, R
 void MeasureViewer(WatchedApplication& application, const QString& photo, Report& report) {
     const QTemporaryDir place(QFileInfo(photo).path() + u"/viewer-XXXXXX"_s);
     host::HostSession& session = *host::HostSession::Current();
-    if (session.OpenFolder(place.filePath(u"site"_s)))
+    if (session.Open(place.filePath(u"site"_s)))
         return;
     ShowingView view;
     session.view = &view;
@@ -178,7 +179,7 @@ void MeasureViewer(WatchedApplication& application, const QString& photo, Report
     MeasureRow(application, picture, report);
     MeasureCrowd(application, site.crowded, report);
     session.view = nullptr;
-    session.CloseFolder();
+    session.Close();
 }
 
 } // namespace bench

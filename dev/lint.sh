@@ -84,6 +84,14 @@ check_sql() {
         sed 's/$/   : SQL belongs to site\//'
 }
 
+# Behind the interfaces of a site: its engine and its store. Nobody above knows them.
+check_engines() {
+    grep_sources '#[[:space:]]*include[[:space:]]*"site/(sqlite|blobs)/' \
+        sample tour host | sed 's/$/   : ask the site by its interfaces/'
+    sources site | grep -v '/.*/' | xargs -r grep -HnE \
+        '#[[:space:]]*include[[:space:]]*"site/[a-z]+/' | sed 's/$/   : the engine stands on the interfaces/' || true
+}
+
 check_sleeps() {
     grep_sources '\<(sleep_for|sleep_until|QThread::(m|u)?sleep|qSleep|qWait|usleep|nanosleep)\>' tests |
         sed 's/$/   : wait on a condition (WaitFor) or turn the clock by hand/'
@@ -155,6 +163,7 @@ faults=$(
     check_includes
     check_umbrellas
     check_sql
+    check_engines
     check_sleeps
     check_namespaces
     check_lengths

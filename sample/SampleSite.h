@@ -8,7 +8,7 @@
 #include <functional>
 
 namespace site {
-class DataFolder;
+class ISite;
 } // namespace site
 
 namespace sample {
@@ -25,7 +25,7 @@ using SampleProgress = std::function<bool(int done, int total, const QString& wh
 /// @param error  Chinese, complete; set only with false, and empty if `progress` ended it.
 /// @return       true if the folder has a site now, or for kNone.
 /// Thread: that of the open data folder. Needs the application object, for the lettering.
-[[nodiscard]] bool CreateSampleSite(site::DataFolder& folder, SampleSize size,
+[[nodiscard]] bool CreateSampleSite(site::ISite& target, SampleSize size,
                                     const SampleProgress& progress, QString& error);
 
 } // namespace sample

@@ -25,8 +25,9 @@ QString KeyOf(ListKind kind, const ListFilter& filter) {
     for (const qint32 ppid : filter.ppids) {
         parts << u"p%1"_s.arg(ppid);
     }
-    for (const auto& [column, value] : filter.fixed) {
-        parts << column + u'=' + value.toString();
+    parts << NumberOrDash(filter.drawingId) << NumberOrDash(filter.checkpointId);
+    for (const auto& text : {filter.positionKey, filter.floor, filter.componentHandle}) {
+        parts << (text ? u't' + *text : u"-"_s);
     }
     parts << filter.keyword; // last, as it may hold anything
     return parts.join(QChar(0x1f));

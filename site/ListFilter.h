@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <QVariant>
 
 #include <optional>
 #include <utility>
@@ -21,15 +20,30 @@ struct ListFilter {
     std::optional<qint32> state;
     std::optional<qint32> labelId;
     std::optional<std::pair<qint64, qint64>> modified; ///< both inclusive
-    /// Columns that must have these values, and the index that begins with them.
-    std::vector<std::pair<QString, QVariant>> fixed;
-    QString fixedIndex;
+    std::optional<QString> positionKey;                ///< of BIM photos
+    std::optional<QString> floor;                      ///< of issues
+    std::optional<QString> componentHandle;            ///< of issues; only with their floor
+    std::optional<qint32> drawingId;                   ///< of drawing photos, as the one below
+    std::optional<qint32> checkpointId;
     bool nothing = false; ///< a value that no row can have was asked for
 };
 
 struct ListOrder {
     QString field; ///< as in PageRequest; unknown: the list's default
     bool descending = false;
+};
+
+/// Which part of a list is wanted.
+struct PageAsked {
+    ListOrder order;
+    qint64 page = 1;     ///< from 1; one that the list doesn't have is empty
+    qint64 pageSize = 0; ///< rows
+};
+
+/// A part of a list and the size of the whole, both of one state of the data.
+template <typename Row> struct Page {
+    qint64 total = 0;
+    std::vector<Row> rows; ///< in the order asked for
 };
 
 /// Equal texts for equal filters.

@@ -14,6 +14,7 @@
 #include "host/ui/plan/FloorPlanPane.h"
 #include "host/ui/plan/FloorPlanView.h"
 #include "include/IKXVeskPicture.h"
+#include "site/ICatalogue.h"
 #include "toolkit/Look.h"
 #include "toolkit/Notices.h"
 #include "toolkit/WindowPlace.h"
@@ -80,7 +81,7 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     marks = std::make_unique<MarkFlow>(MarkFlow::Parts{session, window->Marks(), *view, hub,
                                                        *module.Pictures(), *module.PictureData()});
     window->SetUserName(session.UserName());
-    window->SetDataFolder(session.Folder()->Path());
+    window->SetDataFolder(session.Site().Place());
     BringBackLayout();
     window->show();
     OpenRemembered();
@@ -123,7 +124,7 @@ QString Client::LayoutSetting() const {
 
 void Client::BringBackLayout() {
     WithoutFault(session, [this] {
-        const QString kept = session.Tables().Setting(LayoutSetting());
+        const QString kept = session.Site().Catalogue().Setting(LayoutSetting());
         window->restoreGeometry(QByteArray::fromBase64(kept.section(u' ', 0, 0).toLatin1()));
         window->restoreState(QByteArray::fromBase64(kept.section(u' ', 1).toLatin1()));
         toolkit::KeepOnScreen(*window);
@@ -132,12 +133,12 @@ void Client::BringBackLayout() {
 
 void Client::KeepLayout() {
     // A client that didn't come as far as its user has nothing to keep.
-    if (module.Pictures() == nullptr || session.Folder() == nullptr)
+    if (module.Pictures() == nullptr || !session.IsOpen())
         return;
     WithoutFault(session, [this] {
-        session.Tables().SetSetting(LayoutSetting(),
-                                    QString::fromLatin1(window->saveGeometry().toBase64() + ' ' +
-                                                        window->saveState().toBase64()));
+        session.Site().Catalogue().SetSetting(
+            LayoutSetting(), QString::fromLatin1(window->saveGeometry().toBase64() + ' ' +
+                                                 window->saveState().toBase64()));
     });
 }
 
@@ -174,7 +175,8 @@ void Client::ConnectSession() {
     });
     WithoutFault(session, [this] {
         std::vector<ActionLogEntry> entries;
-        for (const site::LoggedAction& action : session.Tables().Actions(ActionLogModel::kMost))
+        for (const site::LoggedAction& action :
+             session.Site().Catalogue().Actions(ActionLogModel::kMost))
             entries.push_back({action.at, action.person, action.action});
         window->ActionLog().Model().SetEntries(entries);
     });
@@ -246,7 +248,7 @@ void Client::ReadDrawings() {
     drawings.clear();
     WithoutFault(session, [this] {
         if (session.CurrentProject().ppid != 0)
-            drawings = session.Tables().Drawings(session.CurrentProject().ppid);
+            drawings = session.Site().Catalogue().Drawings(session.CurrentProject().ppid);
     });
     if (!drawings.empty() && session.Drawing().drawingId < 0)
         session.SetDrawing(drawings.front());

@@ -10,7 +10,7 @@
 #include "host/ui/plan/FloorPlanPane.h"
 #include "include/IKXVeskPicture.h"
 #include "include/KXEvents.h"
-#include "site/sqlite/SiteWriter.h"
+#include "site/IIntake.h"
 #include "toolkit/Prompts.h"
 #include "toolkit/WindowRegistry.h"
 
@@ -69,7 +69,7 @@ void Client::ObeyHost(Command command) {
         ShowBin();
         break;
     case Command::kOpenFolder:
-        toolkit::Prompts().OpenFolder(session.Folder()->Path());
+        toolkit::Prompts().OpenFolder(session.Site().Place());
         break;
     case Command::kRefresh:
         ReadAnew();
@@ -82,7 +82,7 @@ void Client::ObeyHost(Command command) {
         ShowKeys(window.get());
         break;
     case Command::kAbout:
-        ShowAbout(window.get(), session.Folder()->Path());
+        ShowAbout(window.get(), session.Site().Place());
         break;
     case Command::kQuit:
         window->close();
@@ -104,7 +104,7 @@ void Client::MakeProject() {
     if (dialog.exec() != QDialog::Accepted)
         return;
     const bool isMade = WithoutFault(session, [&] {
-        site::SiteWriter(*session.Folder()).AddProject(dialog.Name());
+        session.Site().NewIntake()->AddProject(dialog.Name());
         session.LogAction(u"新建工程“%1”"_s.arg(dialog.Name()));
     });
     if (!isMade)

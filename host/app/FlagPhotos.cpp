@@ -4,7 +4,7 @@
 #include "host/services/PicPanelTree.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
-#include "site/sqlite/BimPhotos.h"
+#include "site/IBimPhotos.h"
 #include "toolkit/GbkText.h"
 
 #include <set>
@@ -58,7 +58,8 @@ FlagPhotos ReadFlagPhotos(HostSession& session, qint32 ppid, const MarkFlag& fla
             ++photos.others;
     }
     WithoutFault(session, [&] {
-        for (const KX_DATA::BimPicRow& row : site::BimPhotos(session.Folder()->Db()).Rows(ids))
+        for (const KX_DATA::BimPicRow& row :
+             session.Site().BimPhotos().Rows(session.OpenPpids(), ids))
             photos.named.push_back(PhotoOf(row));
     });
     return photos;

@@ -65,7 +65,7 @@ void ImportFlow::Ask(const QStringList& paths) {
 }
 
 void ImportFlow::Begin(const ImportChoice& choice) {
-    job = std::make_unique<ImportJob>(*session.Folder());
+    job = std::make_unique<ImportJob>(session.Site());
     progress =
         std::make_unique<ProgressWindow>(&window, u"导入照片"_s, ProgressWindow::Cancel::kPossible);
     connect(progress.get(), &ProgressWindow::Cancelled, job.get(), &ImportJob::Cancel);

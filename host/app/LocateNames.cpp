@@ -2,7 +2,8 @@
 
 #include "host/app/Faults.h"
 #include "host/ui/marks/MarkFlag.h"
-#include "site/sqlite/BimPhotos.h"
+#include "site/IBimPhotos.h"
+#include "site/ICatalogue.h"
 
 namespace host {
 
@@ -13,7 +14,7 @@ QString PhotoLocatedText(HostSession& session, const LocateTarget& target) {
     QString mark = UnknownMarkName();
     WithoutFault(session, [&] {
         for (const KX_DATA::BimPicRow& row :
-             site::BimPhotos(session.Folder()->Db()).Rows({target.picId}))
+             session.Site().BimPhotos().Rows(session.OpenPpids(), {target.picId}))
             photo = row.fileName;
         const auto marks = session.Marks();
         if (const auto known = marks.find(target.markId); known != marks.end())
@@ -24,7 +25,8 @@ QString PhotoLocatedText(HostSession& session, const LocateTarget& target) {
 
 QString CheckpointLocatedText(HostSession& session, qint32 checkpointId) {
     site::CheckpointPlace place;
-    WithoutFault(session, [&] { place = session.Tables().PlaceOfCheckpoint(checkpointId); });
+    WithoutFault(session,
+                 [&] { place = session.Site().Catalogue().PlaceOfCheckpoint(checkpointId); });
     return place.drawing.isEmpty()
                ? u"定位图纸上的检查点：已不存在"_s
                : u"定位图纸 %1 的检查点 %2"_s.arg(place.drawing, QString::number(place.number));

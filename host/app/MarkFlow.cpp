@@ -8,6 +8,8 @@
 #include "host/ui/marks/MarkPanelDock.h"
 #include "include/IKXVeskPicData.h"
 #include "include/IKXVeskPicture.h"
+#include "site/ICatalogue.h"
+#include "site/IPanelCounts.h"
 #include "toolkit/WaitCursor.h"
 
 #include <QCoreApplication>
@@ -90,9 +92,9 @@ QString MarkFlow::SettingName() const {
 void MarkFlow::Keep() {
     keeping.stop();
     const QString text = ToText(parts.panel.State());
-    if (keptAs.isEmpty() || text == keptText || parts.session.Folder() == nullptr)
+    if (keptAs.isEmpty() || text == keptText || !parts.session.IsOpen())
         return;
-    WithoutFault(parts.session, [&] { parts.session.Tables().SetSetting(keptAs, text); });
+    WithoutFault(parts.session, [&] { parts.session.Site().Catalogue().SetSetting(keptAs, text); });
     keptText = text;
 }
 
@@ -101,7 +103,7 @@ void MarkFlow::ProjectChanged() {
     keptText.clear();
     WithoutFault(parts.session, [this] {
         if (!keptAs.isEmpty())
-            keptText = parts.session.Tables().Setting(keptAs);
+            keptText = parts.session.Site().Catalogue().Setting(keptAs);
         parts.view.SetMarkTable(parts.session.Marks());
     });
     const MarkState state = MarkStateFrom(keptText);
@@ -148,11 +150,11 @@ site::PanelFilter MarkFlow::FilterOf(MarkKind kind) const {
 }
 
 void MarkFlow::Read(MarkKind kind) {
-    if (parts.session.Folder() == nullptr || !IsNeeded(kind))
+    if (!parts.session.IsOpen() || !IsNeeded(kind))
         return;
     WithoutFault(parts.session, [&] {
         const site::PanelFilter filter = FilterOf(kind);
-        const site::Database::Stamp stamp = parts.session.Folder()->Db().ChangeStamp();
+        const site::Stamp stamp = parts.session.Site().ChangeStamp();
         LastRead& last = lastReads[kind];
         if (last.stamp == stamp && last.filter == filter)
             return;
@@ -185,7 +187,7 @@ void MarkFlow::ReadEntries(MarkKind kind, const site::PanelFilter& filter) {
 std::vector<HiddenOfGroup> MarkFlow::ReadHidden(const site::PanelFilter& filter) {
     std::vector<HiddenOfGroup> groups;
     HiddenPhotos photos;
-    for (const site::PanelFloor& floor : parts.session.Panel()->Photos(filter)) {
+    for (const site::PanelFloor& floor : parts.session.Site().PanelCounts().Photos(filter)) {
         HiddenOfGroup& group = groups.emplace_back();
         group.group = PanelGroupName(floor.name);
         for (const site::PanelPlace& place : floor.places) {
@@ -207,7 +209,7 @@ void MarkFlow::RelistTicks(const site::PanelFilter& filter) {
     std::set<MarkEntry> missing = model.Ticks().Exceptions();
     if (missing.empty())
         return;
-    for (const site::PanelIssueFloor& floor : parts.session.Panel()->Issues(filter)) {
+    for (const site::PanelIssueFloor& floor : parts.session.Site().PanelCounts().Issues(filter)) {
         const QString group = PanelGroupName(floor.name);
         for (const site::PanelIssue& issue : floor.issues)
             missing.erase({group, issue.markId, issue.questionId});
@@ -258,7 +260,7 @@ std::vector<IssueName> MarkFlow::IssuesOf(const QString& group, qint32 markId) c
     std::vector<IssueName> issues;
     WithoutFault(parts.session, [&] {
         for (const site::PanelIssueFloor& floor :
-             parts.session.Panel()->Issues(FilterOf(MarkKind::kIssues))) {
+             parts.session.Site().PanelCounts().Issues(FilterOf(MarkKind::kIssues))) {
             if (PanelGroupName(floor.name) != group)
                 continue;
             for (const site::PanelIssue& issue : floor.issues) {

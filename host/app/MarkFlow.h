@@ -3,8 +3,8 @@
 
 #include "host/ui/ModelView.h"
 #include "host/ui/marks/MarkState.h"
+#include "site/ISite.h"
 #include "site/PanelFilter.h"
-#include "site/sqlite/Database.h"
 
 #include <QObject>
 #include <QTimer>
@@ -56,7 +56,7 @@ private:
     /// What was read at last; reading it again would give the same.
     struct LastRead {
         site::PanelFilter filter;
-        site::Database::Stamp stamp;
+        site::Stamp stamp;
     };
     void ConnectPage(MarkPage& page);
     void Read(MarkKind kind);

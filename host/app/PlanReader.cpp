@@ -3,6 +3,7 @@
 #include "host/app/Faults.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
+#include "site/IPanelCounts.h"
 
 #include <algorithm>
 
@@ -120,7 +121,7 @@ FloorPlanModel ReadFloorPlan(HostSession& session) {
         site::PanelFilter everything;
         for (const site::ProjectEntry& project : projects)
             everything.ppids.push_back(project.ppid);
-        photos = session.Panel()->Photos(everything);
+        photos = session.Site().PanelCounts().Photos(everything);
     });
     return isRead ? ReadFloorPlan(projects, photos) : FloorPlanModel();
 }

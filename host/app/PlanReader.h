@@ -3,8 +3,8 @@
 #pragma once
 
 #include "host/ui/plan/FloorPlanModel.h"
-#include "site/sqlite/Catalogue.h"
-#include "site/sqlite/PicPanel.h"
+#include "site/PanelRecords.h"
+#include "site/Records.h"
 
 namespace host {
 

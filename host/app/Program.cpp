@@ -52,7 +52,7 @@ int RunImport(const CommandLine& line) {
         return site.fault.isEmpty() ? kDone : TellFault(site.fault);
     QTextStream out(stdout);
     QTextStream err(stderr);
-    return RunImportCommand(*session.Folder(), line.importWords, out, err);
+    return RunImportCommand(session.Site(), line.importWords, out, err);
 }
 
 /// Opens the client and runs it until it is closed.

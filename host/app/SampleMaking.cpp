@@ -27,23 +27,23 @@ bool PrintProgress(QElapsedTimer& sinceLine, int done, int total, const QString&
     return true;
 }
 
-bool CreateWithLines(site::DataFolder& folder, sample::SampleSize size, QString& error) {
+bool CreateWithLines(site::ISite& site, sample::SampleSize size, QString& error) {
     QElapsedTimer sinceLine;
     sinceLine.start();
     return sample::CreateSampleSite(
-        folder, size,
+        site, size,
         [&](int done, int total, const QString& what) {
             return PrintProgress(sinceLine, done, total, what);
         },
         error);
 }
 
-bool CreateWithWindow(site::DataFolder& folder, sample::SampleSize size, QString& error) {
+bool CreateWithWindow(site::ISite& site, sample::SampleSize size, QString& error) {
     ProgressWindow window(nullptr, u"首次启动：正在生成示例工程"_s,
                           ProgressWindow::Cancel::kPossible);
     window.Begin();
     const bool isMade = sample::CreateSampleSite(
-        folder, size,
+        site, size,
         [&](int done, int total, const QString& what) {
             window.SetText(u"数据文件夹还没有工程，正在生成示例工程。\n"_s + what);
             window.Report(done, total);
@@ -60,8 +60,8 @@ bool CreateWithWindow(site::DataFolder& folder, sample::SampleSize size, QString
 StartResult MakeSample(HostSession& session, const CommandLine& line) {
     QString error;
     const bool isSeen = line.road == Road::kTour || !IsHeadless();
-    const bool isMade = isSeen ? CreateWithWindow(*session.Folder(), line.sample, error)
-                               : CreateWithLines(*session.Folder(), line.sample, error);
+    const bool isMade = isSeen ? CreateWithWindow(session.Site(), line.sample, error)
+                               : CreateWithLines(session.Site(), line.sample, error);
     return {isMade, error};
 }
 

@@ -1,7 +1,7 @@
 #include "host/app/SessionBin.h"
 
 #include "host/app/Faults.h"
-#include "site/sqlite/Bin.h"
+#include "site/IBin.h"
 
 #include <map>
 
@@ -25,8 +25,7 @@ QString KindText(site::BinKind kind) {
 std::vector<BinRow> SessionBin::ReadBin() {
     std::vector<BinRow> rows;
     WithoutFault(session, [&] {
-        site::Bin bin(session.Folder()->Db(), session.Folder()->Store());
-        for (const site::BinEntry& entry : bin.List()) {
+        for (const site::BinEntry& entry : session.Site().Bin().List()) {
             rows.push_back({entry.id, KindText(entry.kind), entry.title,
                             session.ProjectName(entry.ppid), entry.deletedBy, entry.deletedAt,
                             entry.deletedAt + site::kBinSeconds});
@@ -38,8 +37,7 @@ std::vector<BinRow> SessionBin::ReadBin() {
 int SessionBin::RestoreFromBin(const std::vector<qint64>& binIds) {
     int restored = 0;
     WithoutFault(session, [&] {
-        site::Bin bin(session.Folder()->Db(), session.Folder()->Store());
-        restored = bin.Restore(binIds);
+        restored = session.Site().Bin().Restore(binIds);
         session.LogAction(u"从回收站恢复 %1 项"_s.arg(restored));
     });
     return restored;

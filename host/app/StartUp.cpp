@@ -4,7 +4,8 @@
 #include "host/session/HostSession.h"
 #include "host/ui/SignInDialog.h"
 #include "services/IKXAuthMng.h"
-#include "site/sqlite/SiteWriter.h"
+#include "site/ICatalogue.h"
+#include "site/IIntake.h"
 
 #include <QDir>
 #include <QStandardPaths>
@@ -43,21 +44,21 @@ QString MakeFirstUser(HostSession& session, const QString& wanted) {
     std::vector<qint32> rights;
     for (const auto& [right, word] : RightWords())
         rights.push_back(right);
-    site::SiteWriter(*session.Folder()).AddUser(name, rights);
+    session.Site().NewIntake()->AddUser(name, rights);
     return name;
 }
 
 QString AskUser(HostSession& session, const std::vector<QString>& people) {
     std::vector<SignInEntry> users;
     for (const QString& name : people)
-        users.push_back({name, RightsText(session.Tables().RightsOf(name))});
-    SignInDialog dialog(users, session.Tables().Setting(LastUserSetting()),
-                        session.Folder()->Path());
+        users.push_back({name, RightsText(session.Site().Catalogue().RightsOf(name))});
+    SignInDialog dialog(users, session.Site().Catalogue().Setting(LastUserSetting()),
+                        session.Site().Place());
     return dialog.exec() == QDialog::Accepted ? dialog.UserName() : QString();
 }
 
 StartResult SignInOne(HostSession& session, const CommandLine& line) {
-    std::vector<QString> people = session.Tables().People();
+    std::vector<QString> people = session.Site().Catalogue().People();
     if (people.empty())
         people.push_back(MakeFirstUser(session, line.userName));
     const QString name = line.userName.isEmpty() ? AskUser(session, people) : line.userName;
@@ -68,7 +69,7 @@ StartResult SignInOne(HostSession& session, const CommandLine& line) {
         return {false,
                 u"数据文件夹里没有用户“%1”。\n可以用的用户：%2"_s.arg(name, known.join(u"、"_s))};
     }
-    session.Tables().SetSetting(LastUserSetting(), name);
+    session.Site().Catalogue().SetSetting(LastUserSetting(), name);
     return {};
 }
 
@@ -83,11 +84,10 @@ QString DataFolderOf(const CommandLine& line) {
 }
 
 StartResult OpenSite(HostSession& session, const CommandLine& line) {
-    if (const auto fault = session.OpenFolder(DataFolderOf(line)))
+    if (const auto fault = session.Open(DataFolderOf(line)))
         return {false, fault->text};
     try {
-        if (line.sample == sample::SampleSize::kNone ||
-            !site::SiteWriter(*session.Folder()).IsEmpty())
+        if (line.sample == sample::SampleSize::kNone || !session.Site().NewIntake()->IsEmpty())
             return {};
         return MakeSample(session, line);
     } catch (const site::DataError& error) {

@@ -2,7 +2,7 @@
 
 #include "host/import/ImportTarget.h"
 #include "host/import/Importer.h"
-#include "site/sqlite/DataFolder.h"
+#include "site/DataError.h"
 
 #include <QElapsedTimer>
 #include <QTextStream>
@@ -59,11 +59,11 @@ constexpr std::array kOptions{
            " [--floor 楼层 --x X轴 --y Y轴] [--mark 标识]\n"_s;
 }
 
-[[nodiscard]] int Import(site::DataFolder& folder, const ImportRequest& request, QTextStream& out,
+[[nodiscard]] int Import(site::ISite& site, const ImportRequest& request, QTextStream& out,
                          QTextStream& err) {
     QElapsedTimer sinceLast;
     sinceLast.start();
-    const ImportReport report = Importer(folder).Run(request, [&](const ImportStep& step) {
+    const ImportReport report = Importer(site).Run(request, [&](const ImportStep& step) {
         if (step.line.outcome != ImportOutcome::kFiled) {
             out << step.line.path << u'：' << step.line.text << u'\n';
         }
@@ -82,7 +82,7 @@ constexpr std::array kOptions{
 
 } // namespace
 
-int RunImportCommand(site::DataFolder& folder, const QStringList& words, QTextStream& out,
+int RunImportCommand(site::ISite& site, const QStringList& words, QTextStream& out,
                      QTextStream& err) {
     ImportNames names;
     const QString wrong = ReadWords(words, names);
@@ -92,16 +92,9 @@ int RunImportCommand(site::DataFolder& folder, const QStringList& words, QTextSt
         return kWrongWords;
     }
     try {
-        if (!folder.IsOpen()) {
-            if (const std::optional<site::OpenFault> fault = folder.Open()) {
-                err << fault->text << u'\n';
-                err.flush();
-                return kStopped;
-            }
-        }
-        const ImportTarget target = FindImportTarget(folder, names);
+        const ImportTarget target = FindImportTarget(site, names);
         if (target.error.isEmpty()) {
-            return Import(folder, target.request, out, err);
+            return Import(site, target.request, out, err);
         }
         err << target.error << u'\n';
         err.flush();

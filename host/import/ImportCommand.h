@@ -6,7 +6,7 @@
 class QTextStream;
 
 namespace site {
-class DataFolder;
+class ISite;
 } // namespace site
 
 namespace host {
@@ -18,7 +18,7 @@ namespace host {
 /// @param folder  opened here if it isn't open.
 /// @return        exit code: 0 all done (refused files included), 1 stopped by a fault, 2 the words
 ///                make no sense or name what doesn't exist.
-[[nodiscard]] int RunImportCommand(site::DataFolder& folder, const QStringList& words,
-                                   QTextStream& out, QTextStream& err);
+[[nodiscard]] int RunImportCommand(site::ISite& site, const QStringList& words, QTextStream& out,
+                                   QTextStream& err);
 
 } // namespace host

@@ -1,20 +1,21 @@
 #include "host/import/ImportFiler.h"
 
 #include "site/DataError.h"
+#include "site/IIntake.h"
 
 namespace host {
 
 using namespace Qt::StringLiterals;
 
-ImportFiler::ImportFiler(site::DataFolder& folder, ImportRequest target)
-    : writer(folder), request(std::move(target)) {}
+ImportFiler::ImportFiler(site::ISite& site, ImportRequest target)
+    : intake(site.NewIntake()), request(std::move(target)) {}
 
 ImportLine ImportFiler::File(const ExaminedFile& file) {
     if (!file.refusal.isEmpty()) {
         return {file.path, ImportOutcome::kRefused, file.refusal};
     }
     try {
-        if (writer.FindPhotoByMd5(request.ppid, file.md5) != 0) {
+        if (intake->FindPhotoByMd5(request.ppid, file.md5) != 0) {
             return {file.path, ImportOutcome::kDuplicate, u"工程中已有相同的照片"_s};
         }
         site::NewBimPhoto photo;
@@ -24,7 +25,7 @@ ImportLine ImportFiler::File(const ExaminedFile& file) {
         photo.markId = request.markId;
         photo.uploader = request.user;
         photo.uploadTime = file.time;
-        writer.FilePhoto(photo, {{}, file.bytes});
+        intake->FilePhoto(photo, {{}, file.bytes});
         return {file.path, ImportOutcome::kFiled, photo.fileName};
     } catch (const site::DataError& error) {
         const bool onlyThisFile = error.GetFault() == site::Fault::kBadName;

@@ -3,21 +3,22 @@
 
 #include "host/import/FileExamination.h"
 #include "host/import/ImportReport.h"
-#include "site/sqlite/SiteWriter.h"
+#include "site/IIntake.h"
+#include "site/ISite.h"
 
 namespace host {
 
 /// Each picture is one transaction: a crash loses nothing that was reported as filed and leaves
-/// nothing half filed. Thread: that of the data folder.
+/// nothing half filed. Thread: the site's.
 class ImportFiler final {
 public:
-    ImportFiler(site::DataFolder& folder, ImportRequest target);
+    ImportFiler(site::ISite& site, ImportRequest target);
 
     /// Never throws; kFailed means that no further file needs to be tried.
     [[nodiscard]] ImportLine File(const ExaminedFile& file);
 
 private:
-    site::SiteWriter writer;
+    std::unique_ptr<site::IIntake> intake;
     ImportRequest request;
 };
 

@@ -18,8 +18,7 @@ namespace {
 
 } // namespace
 
-ImportJob::ImportJob(site::DataFolder& dataFolder, QObject* parent)
-    : QObject(parent), folder(dataFolder) {}
+ImportJob::ImportJob(site::ISite& openSite, QObject* parent) : QObject(parent), site(openSite) {}
 
 ImportJob::~ImportJob() = default;
 
@@ -29,7 +28,7 @@ bool ImportJob::Start(const ImportRequest& request) {
     }
     report = {};
     step = {};
-    filer = std::make_unique<ImportFiler>(folder, request);
+    filer = std::make_unique<ImportFiler>(site, request);
     const QEvent::Type wake = WakeEvent();
     scanner = std::make_unique<ImportScanner>(
         request.roots, [this, wake] { QCoreApplication::postEvent(this, new QEvent(wake)); });

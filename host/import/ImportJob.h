@@ -8,7 +8,7 @@
 #include <memory>
 
 namespace site {
-class DataFolder;
+class ISite;
 } // namespace site
 
 namespace host {
@@ -23,8 +23,8 @@ class ImportJob final : public QObject {
     Q_OBJECT
 
 public:
-    /// The folder must be open and outlive the job.
-    explicit ImportJob(site::DataFolder& dataFolder, QObject* parent = nullptr);
+    /// The site must outlive the job.
+    explicit ImportJob(site::ISite& openSite, QObject* parent = nullptr);
     ~ImportJob() override;
 
     /// False while one is running: nothing happens then.
@@ -45,7 +45,7 @@ private:
     void FileOne();
     void End();
 
-    site::DataFolder& folder;
+    site::ISite& site;
     std::unique_ptr<ImportFiler> filer;
     std::unique_ptr<ImportScanner> scanner; ///< null: no import is running
     ImportReport report;

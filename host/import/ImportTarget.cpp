@@ -1,7 +1,7 @@
 #include "host/import/ImportTarget.h"
 
-#include "site/sqlite/Catalogue.h"
-#include "site/sqlite/DataFolder.h"
+#include "site/ICatalogue.h"
+#include "site/ISite.h"
 
 #include <QFileInfo>
 
@@ -42,7 +42,7 @@ namespace {
     return {};
 }
 
-[[nodiscard]] QString FindProject(site::Catalogue& catalogue, const ImportNames& names,
+[[nodiscard]] QString FindProject(site::ICatalogue& catalogue, const ImportNames& names,
                                   ImportRequest& request) {
     QStringList known;
     for (const site::ProjectEntry& project : catalogue.Projects()) {
@@ -54,7 +54,7 @@ namespace {
     return request.ppid != 0 ? QString() : Unknown(u"工程"_s, names.project, known);
 }
 
-[[nodiscard]] QString FindUser(site::Catalogue& catalogue, const ImportNames& names,
+[[nodiscard]] QString FindUser(site::ICatalogue& catalogue, const ImportNames& names,
                                ImportRequest& request) {
     const QStringList known = AsList(catalogue.People());
     request.user = names.user;
@@ -63,7 +63,7 @@ namespace {
                : Unknown(u"用户"_s, names.user, known);
 }
 
-[[nodiscard]] QString FindMark(site::Catalogue& catalogue, const ImportNames& names,
+[[nodiscard]] QString FindMark(site::ICatalogue& catalogue, const ImportNames& names,
                                ImportRequest& request) {
     if (names.mark.isEmpty()) {
         return {};
@@ -79,7 +79,7 @@ namespace {
     return Unknown(u"标识"_s, names.mark, known);
 }
 
-[[nodiscard]] QString FindPlace(site::Catalogue& catalogue, const ImportNames& names,
+[[nodiscard]] QString FindPlace(site::ICatalogue& catalogue, const ImportNames& names,
                                 ImportRequest& request) {
     if (names.floor.isEmpty() && names.axisX.isEmpty() && names.axisY.isEmpty()) {
         return {};
@@ -105,9 +105,9 @@ namespace {
 
 } // namespace
 
-ImportTarget FindImportTarget(site::DataFolder& folder, const ImportNames& names) {
+ImportTarget FindImportTarget(site::ISite& site, const ImportNames& names) {
     ImportTarget target;
-    site::Catalogue catalogue(folder.Db());
+    site::ICatalogue& catalogue = site.Catalogue();
     target.error = FindRoots(names, target.request);
     for (const auto& find : {FindProject, FindUser, FindMark, FindPlace}) {
         if (target.error.isEmpty()) {

@@ -7,7 +7,7 @@
 #include <QStringList>
 
 namespace site {
-class DataFolder;
+class ISite;
 } // namespace site
 
 namespace host {
@@ -28,7 +28,7 @@ struct ImportTarget {
     QString error;         ///< Chinese, complete, lists what exists; empty: all was found
 };
 
-/// Looks everything up. Throws DataError. Thread: that of the open data folder.
-[[nodiscard]] ImportTarget FindImportTarget(site::DataFolder& folder, const ImportNames& names);
+/// Looks everything up. Throws DataError. Thread: the site's.
+[[nodiscard]] ImportTarget FindImportTarget(site::ISite& site, const ImportNames& names);
 
 } // namespace host

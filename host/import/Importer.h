@@ -6,7 +6,7 @@
 #include <functional>
 
 namespace site {
-class DataFolder;
+class ISite;
 } // namespace site
 
 namespace host {
@@ -18,14 +18,14 @@ using ImportProgress = std::function<bool(const ImportStep&)>;
 /// run ends. Thread: that of the data folder. For a window see ImportJob.h.
 class Importer final {
 public:
-    /// The folder must be open and outlive the importer.
-    explicit Importer(site::DataFolder& dataFolder) : folder(dataFolder) {}
+    /// The site must outlive the importer.
+    explicit Importer(site::ISite& openSite) : site(openSite) {}
 
     [[nodiscard]] ImportReport Run(const ImportRequest& request,
                                    const ImportProgress& progress = {});
 
 private:
-    site::DataFolder& folder;
+    site::ISite& site;
 };
 
 } // namespace host

@@ -1,6 +1,7 @@
 #include "host/services/IssuePanelTree.h"
 
 #include "host/services/PicPanelTree.h"
+#include "site/IPanelCounts.h"
 
 namespace host {
 
@@ -8,7 +9,7 @@ std::vector<KX_DATA::IssueFilterSource> IssueFilterEntries(HostSession& session,
                                                            const site::PanelFilter& filter) {
     std::vector<KX_DATA::IssueFilterSource> entries;
     std::map<qint32, qint32> counts;
-    for (const site::PanelIssueFloor& floor : session.Panel()->Issues(filter)) {
+    for (const site::PanelIssueFloor& floor : session.Site().PanelCounts().Issues(filter)) {
         const QString name = PanelGroupName(floor.name);
         // Floors of the same name of several projects follow each other.
         if (entries.empty() || entries.back().name != name) {
@@ -31,7 +32,7 @@ std::vector<KX_DATA::IssueFilterSource> IssueFilterEntries(HostSession& session,
 std::vector<KX_DATA::IssueMarkGroup> IssueMarkGroups(HostSession& session,
                                                      const site::PanelFilter& filter) {
     std::vector<KX_DATA::IssueMarkGroup> groups;
-    for (const site::PanelIssueFloor& floor : session.Panel()->Issues(filter)) {
+    for (const site::PanelIssueFloor& floor : session.Site().PanelCounts().Issues(filter)) {
         KX_DATA::IssueMarkGroup& group = groups.emplace_back();
         group.name = PanelGroupName(floor.name);
         group.id = floor.ppid;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/session/HostSession.h"
+#include "site/PanelFilter.h"
 
 namespace host {
 

@@ -40,8 +40,7 @@ site::ListFilter BimFilterOf(const KX_DATA::PicQueryFilter& filter) {
     site::ListFilter result = CommonFilterOf(filter);
     AddLabel(filter.labelId, result);
     if (!filter.presetKey.isEmpty()) {
-        result.fixed = {{u"position_key"_s, filter.presetKey}};
-        result.fixedIndex = u"bim_by_key"_s;
+        result.positionKey = filter.presetKey;
     }
     return result;
 }
@@ -49,10 +48,9 @@ site::ListFilter BimFilterOf(const KX_DATA::PicQueryFilter& filter) {
 site::ListFilter IssueFilterOf(const KX_DATA::PicQueryFilter& filter) {
     site::ListFilter result = CommonFilterOf(filter);
     if (!filter.presetKey.isEmpty()) {
-        result.fixed = {{u"floor"_s, filter.presetKey}};
-        result.fixedIndex = u"issue_of_floor"_s;
+        result.floor = filter.presetKey;
         if (!filter.presetExtra.isEmpty()) {
-            result.fixed.emplace_back(u"component_handle"_s, filter.presetExtra);
+            result.componentHandle = filter.presetExtra;
         }
     }
     return result;
@@ -63,25 +61,23 @@ site::ListFilter PdfFilterOf(const KX_DATA::PdfQueryFilter& filter) {
     site::ListFilter result = CommonFilterOf(filter);
     AddLabel(filter.labelId, result);
     if (filter.drawingId != kNoLimit) {
-        result.fixed.emplace_back(u"drawing_id"_s, filter.drawingId);
-        result.fixedIndex = u"pdf_of_drawing"_s;
+        result.drawingId = filter.drawingId;
     }
     if (filter.checkpointId != kNoLimit) {
-        result.fixed.emplace_back(u"checkpoint_id"_s, filter.checkpointId);
-        result.fixedIndex = u"pdf_of_checkpoint"_s;
+        result.checkpointId = filter.checkpointId;
     }
     return result;
 }
 
-site::ListOrder OrderOf(const KX_DATA::PageRequest& request) {
-    return {request.sortField, request.sortOrder == u"desc"_s};
+site::PageAsked PageAskedOf(const KX_DATA::PageRequest& request) {
+    return {{request.sortField, request.sortOrder == u"desc"_s}, request.page, request.pageSize};
 }
 
-KX_DATA::PageResult ResultOf(const site::ListPage& page, const KX_DATA::PageRequest& request) {
+KX_DATA::PageResult ResultOf(qint64 total, const KX_DATA::PageRequest& request) {
     KX_DATA::PageResult result;
     const qint64 size = request.pageSize;
-    result.totalCount = static_cast<qint32>(page.total);
-    result.pageCount = size > 0 ? static_cast<qint32>((page.total + size - 1) / size) : 0;
+    result.totalCount = static_cast<qint32>(total);
+    result.pageCount = size > 0 ? static_cast<qint32>((total + size - 1) / size) : 0;
     return result;
 }
 

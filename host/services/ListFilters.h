@@ -2,7 +2,7 @@
 #pragma once
 
 #include "services/PageQuery.h"
-#include "site/sqlite/ListQuery.h"
+#include "site/ListFilter.h"
 
 namespace host {
 
@@ -12,9 +12,8 @@ namespace host {
 [[nodiscard]] site::ListFilter IssueFilterOf(const KX_DATA::PicQueryFilter& filter);
 [[nodiscard]] site::ListFilter PdfFilterOf(const KX_DATA::PdfQueryFilter& filter);
 
-[[nodiscard]] site::ListOrder OrderOf(const KX_DATA::PageRequest& request);
+[[nodiscard]] site::PageAsked PageAskedOf(const KX_DATA::PageRequest& request);
 /// Counts of the whole search; pages of less than one row count as none.
-[[nodiscard]] KX_DATA::PageResult ResultOf(const site::ListPage& page,
-                                           const KX_DATA::PageRequest& request);
+[[nodiscard]] KX_DATA::PageResult ResultOf(qint64 total, const KX_DATA::PageRequest& request);
 
 } // namespace host

@@ -2,9 +2,7 @@
 
 #include "host/services/ServiceGuard.h"
 #include "services/IVeskPicMng.h"
-#include "site/sqlite/PdfPhotos.h"
-
-#include <QDateTime>
+#include "site/IPdfPhotos.h"
 
 namespace host {
 
@@ -26,7 +24,7 @@ bool PDFDrawingMng::DeleteComment(qint32 /*drawingId*/, qint64 /*commentId*/) {
 
 qint32 PDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) {
     return Guarded(u"读取检查点"_s, 0, [&](HostSession& session) {
-        RequireFound(site::PdfPhotos(session.Folder()->Db()).Checkpoint(drawingId, record),
+        RequireFound(session.Site().PdfPhotos().Checkpoint(session.OpenPpids(), drawingId, record),
                      u"检查点"_s);
         return KX_DATA::kServiceOk;
     });
@@ -35,8 +33,8 @@ qint32 PDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& recor
 qint32 PDFDrawingMng::UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) {
     value = 0;
     return Guarded(u"修改检查点"_s, 0, [&](HostSession& session) {
-        RequireFound(site::PdfPhotos(session.Folder()->Db())
-                         .UpdateCheckpoint(edit, QDateTime::currentSecsSinceEpoch()),
+        RequireFound(IsSaved(session.Site().PdfPhotos().UpdateCheckpoint(session.OpenPpids(), edit,
+                                                                         SignatureOf(session))),
                      u"检查点"_s);
         return KX_DATA::kServiceOk;
     });

@@ -1,5 +1,6 @@
 #include "host/services/PicPanelTree.h"
 
+#include "site/IPanelCounts.h"
 #include "toolkit/GbkText.h"
 
 namespace host {
@@ -72,7 +73,7 @@ site::PanelFilter PanelFilterOf(HostSession& session, qint64 from, qint64 to, qu
 std::vector<KX_DATA::PicFilterEntry> PicFilterEntries(HostSession& session,
                                                       const site::PanelFilter& filter) {
     std::vector<KX_DATA::PicFilterEntry> entries;
-    for (const site::PanelFloor& floor : session.Panel()->Photos(filter)) {
+    for (const site::PanelFloor& floor : session.Site().PanelCounts().Photos(filter)) {
         if (!site::HasShownPhotos(floor)) {
             continue;
         }
@@ -97,7 +98,7 @@ std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session,
                                                  const site::PanelFilter& filter) {
     std::vector<KX_DATA::PicMarkGroup> groups;
     const ItemMaker maker(session, filter);
-    for (const site::PanelFloor& floor : session.Panel()->Photos(filter)) {
+    for (const site::PanelFloor& floor : session.Site().PanelCounts().Photos(filter)) {
         if (!site::HasShownPhotos(floor)) {
             continue;
         }

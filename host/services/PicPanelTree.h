@@ -2,7 +2,8 @@
 #pragma once
 
 #include "host/session/HostSession.h"
-#include "site/sqlite/PicPanel.h"
+#include "site/PanelFilter.h"
+#include "site/PanelRecords.h"
 
 #include <map>
 #include <string>

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/session/HostSession.h"
+#include "site/Records.h"
 
 #include <QLoggingCategory>
 
@@ -32,6 +33,13 @@ inline void RequireFound(bool found, const QString& name) {
 /// The same for a change of several: none of them there is a fault, fewer than asked for is told.
 void RequireSome(HostSession& session, const QString& what, int done, size_t asked);
 
+/// By the person who is signed in, now.
+[[nodiscard]] site::Signature SignatureOf(const HostSession& session);
+/// False for what is gone; the contracts don't know of a change meanwhile, so nothing asks for it.
+[[nodiscard]] inline bool IsSaved(site::Saved saved) {
+    return saved == site::Saved::Yes;
+}
+
 /// Tells log and message bar of a fault; `what` is the operation in Chinese.
 void ReportFault(const QString& what, const std::exception& fault);
 
@@ -40,7 +48,7 @@ void ReportFault(const QString& what, const std::exception& fault);
 template <typename Result, typename Work>
 Result Guarded(const QString& what, Result failure, Work work) {
     HostSession* session = HostSession::Current();
-    if (session == nullptr || session->Folder() == nullptr) {
+    if (session == nullptr || !session->IsOpen()) {
         qCWarning(serviceLog, "no data folder is open: %s", qUtf8Printable(what));
         return failure;
     }

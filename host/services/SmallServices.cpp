@@ -1,7 +1,10 @@
 #include "host/services/SmallServices.h"
 
 #include "host/services/ServiceGuard.h"
+#include "site/ICatalogue.h"
 #include "site/RectifyStates.h"
+
+#include <QDateTime>
 
 namespace host {
 
@@ -17,6 +20,10 @@ void ReportFault(const QString& what, const std::exception& fault) {
     if (HostSession* session = HostSession::Current()) {
         session->ReportHostMessage(MessageLevel::kError, FaultHead(what) + reason);
     }
+}
+
+site::Signature SignatureOf(const HostSession& session) {
+    return {session.UserName(), QDateTime::currentSecsSinceEpoch()};
 }
 
 void RequireSome(HostSession& session, const QString& what, int done, size_t asked) {
@@ -43,7 +50,7 @@ qint32 DocMng::GetLabels(qint32 kind, std::vector<KX_DATA::LabelEntry>& labels) 
         return 0;
     }
     return Guarded(u"读取标签"_s, 0, [&](HostSession& session) {
-        labels = session.Tables().Labels();
+        labels = session.Site().Catalogue().Labels();
         return KX_DATA::kLabelsOk;
     });
 }
@@ -54,7 +61,7 @@ qint32 DocMng::AddLabel(qint32 kind, const QString& label, qint32 /*value*/,
         return 0;
     }
     return Guarded(u"增加标签"_s, 0, [&](HostSession& session) {
-        const qint32 id = session.Tables().AddLabel(label);
+        const qint32 id = session.Site().Catalogue().AddLabel(label);
         if (id == 0) {
             return 0;
         }
@@ -65,7 +72,7 @@ qint32 DocMng::AddLabel(qint32 kind, const QString& label, qint32 /*value*/,
 
 void RecentSearchMng::SaveRecent(const std::vector<QString>& keywords) {
     Guarded(u"保存搜索记录"_s, false, [&](HostSession& session) {
-        session.Tables().SaveRecentSearches(session.UserName(), keywords);
+        session.Site().Catalogue().SaveRecentSearches(session.UserName(), keywords);
         return true;
     });
 }
@@ -73,7 +80,7 @@ void RecentSearchMng::SaveRecent(const std::vector<QString>& keywords) {
 void RecentSearchMng::GetRecent(std::vector<QString>& keywords) {
     keywords.clear();
     Guarded(u"读取搜索记录"_s, false, [&](HostSession& session) {
-        keywords = session.Tables().RecentSearches(session.UserName());
+        keywords = session.Site().Catalogue().RecentSearches(session.UserName());
         return true;
     });
 }

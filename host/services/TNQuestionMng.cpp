@@ -5,8 +5,8 @@
 #include "host/services/PicPanelTree.h"
 #include "host/services/ServiceGuard.h"
 #include "services/IVeskPicMng.h"
-#include "site/sqlite/Bin.h"
-#include "site/sqlite/Issues.h"
+#include "site/IBin.h"
+#include "site/IIssues.h"
 
 namespace host {
 
@@ -32,11 +32,9 @@ qint32 TNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
                                   const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                   std::vector<KX_DATA::IssueRow>& rows) {
     return GuardedQuestion(u"查询TN问题"_s, 0, [&](HostSession& session) {
-        const site::ListPage page =
-            session.Lists()->Fetch(site::ListKind::kIssues, IssueFilterOf(filter), OrderOf(request),
-                                   request.page, request.pageSize);
-        result = ResultOf(page, request);
-        rows = site::Issues(session.Folder()->Db()).Rows(page.ids);
+        auto page = session.Site().Issues().PageOf(IssueFilterOf(filter), PageAskedOf(request));
+        result = ResultOf(page.total, request);
+        rows = std::move(page.rows);
         return KX_DATA::kServiceOk;
     });
 }
@@ -64,9 +62,8 @@ void TNQuestionMng::GetIssueFilterList(quint8 flag, const qint64* from, const qi
 
 bool TNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
     return Guarded(u"删除TN问题"_s, false, [&](HostSession& session) {
-        const site::DataFolder& folder = *session.Folder();
-        const int gone =
-            site::Bin(folder.Db(), folder.Store()).DeleteIssues(questionIds, session.UserName());
+        const int gone = session.Site().Bin().DeleteIssues(session.OpenPpids(), questionIds,
+                                                           SignatureOf(session));
         RequireSome(session, u"删除TN问题"_s, gone, questionIds.size());
         return true;
     });
@@ -75,9 +72,8 @@ bool TNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
 bool TNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& questionIds,
                                    bool hidden) {
     return Guarded(u"修改问题状态"_s, false, [&](HostSession& session) {
-        const int changed = site::Issues(session.Folder()->Db())
-                                .SetStatus(ppid, questionIds,
-                                           hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown);
+        const int changed = session.Site().Issues().SetStatus(
+            ppid, questionIds, hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown);
         RequireSome(session, u"修改问题状态"_s, changed, questionIds.size());
         return true;
     });
@@ -86,8 +82,7 @@ bool TNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& ques
 qint32 TNQuestionMng::GetIssueDetail(const qint32& ppid, const QString& questionId,
                                      KX_DATA::QuestionDetail& detail) {
     return Guarded(u"读取TN问题"_s, 0, [&](HostSession& session) {
-        RequireFound(site::Issues(session.Folder()->Db()).Detail(ppid, questionId, detail),
-                     u"TN问题"_s);
+        RequireFound(session.Site().Issues().Detail(ppid, questionId, detail), u"TN问题"_s);
         return 1;
     });
 }
@@ -99,15 +94,14 @@ bool TNQuestionMng::UpdateIssue(qint32 /*ppid*/, const KX_DATA::IssueUpdate& /*u
 qint32 TNQuestionMng::GetIssuePics(const qint32& ppid, const QString& questionId, qint32 /*kind*/,
                                    std::vector<KX_DATA::QuestionPicRecord>& pics) {
     return Guarded(u"读取问题照片"_s, 0, [&](HostSession& session) {
-        RequireFound(site::Issues(session.Folder()->Db()).Pics(ppid, questionId, pics),
-                     u"TN问题"_s);
+        RequireFound(session.Site().Issues().Pics(ppid, questionId, pics), u"TN问题"_s);
         return 1;
     });
 }
 
 bool TNQuestionMng::GetRectification(const QString& questionId, KX_DATA::RectifyRecord& record) {
     return Guarded(u"读取整改情况"_s, false, [&](HostSession& session) {
-        RequireFound(site::Issues(session.Folder()->Db()).Rectification(questionId, record),
+        RequireFound(session.Site().Issues().Rectification(session.OpenPpids(), questionId, record),
                      u"TN问题"_s);
         return true;
     });
@@ -132,7 +126,7 @@ bool TNQuestionMng::GetUsedMarks(qint32 kind, std::vector<qint32>& markIds) {
         return false;
     }
     return Guarded(u"读取问题标识"_s, false, [&](HostSession& session) {
-        markIds = site::Issues(session.Folder()->Db()).UsedMarks();
+        markIds = session.Site().Issues().UsedMarks();
         return true;
     });
 }

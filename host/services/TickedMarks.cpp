@@ -1,6 +1,7 @@
 #include "host/services/TickedMarks.h"
 
 #include "host/services/PicPanelTree.h"
+#include "site/IPanelCounts.h"
 #include "toolkit/GbkText.h"
 
 #include <algorithm>
@@ -42,7 +43,7 @@ KX_DATA::ShownPicMarks TickedPics(HostSession& session, const site::PanelFilter&
                                   const PicTicks& ticks) {
     KX_DATA::ShownPicMarks shown;
     const PanelItemNames names(session, filter);
-    for (const site::PanelFloor& floor : session.Panel()->Photos(filter)) {
+    for (const site::PanelFloor& floor : session.Site().PanelCounts().Photos(filter)) {
         const QString group = PanelGroupName(floor.name);
         const Qt::CheckState state = ticks.ofGroup(group);
         if (state == Qt::Unchecked || !site::HasShownPhotos(floor)) {
@@ -68,7 +69,7 @@ KX_DATA::ShownPicMarks TickedPics(HostSession& session, const site::PanelFilter&
 KX_DATA::ShownIssueMarks TickedIssues(HostSession& session, const site::PanelFilter& filter,
                                       const IssueTicks& ticks) {
     std::vector<const site::PanelIssue*> ticked;
-    for (const site::PanelIssueFloor& floor : session.Panel()->Issues(filter)) {
+    for (const site::PanelIssueFloor& floor : session.Site().PanelCounts().Issues(filter)) {
         const QString group = PanelGroupName(floor.name);
         for (const site::PanelIssue& issue : floor.issues) {
             if (ticks(group, issue.markId, issue.questionId)) {

@@ -3,12 +3,12 @@
 #include "host/services/ListFilters.h"
 #include "host/services/PicPanelTree.h"
 #include "host/services/ServiceGuard.h"
+#include "site/IBimPhotos.h"
+#include "site/IBin.h"
+#include "site/ICatalogue.h"
+#include "site/IPanelCounts.h"
+#include "site/IPdfPhotos.h"
 #include "site/RectifyStates.h"
-#include "site/sqlite/BimPhotos.h"
-#include "site/sqlite/Bin.h"
-#include "site/sqlite/PdfPhotos.h"
-
-#include <QDateTime>
 
 namespace host {
 
@@ -42,21 +42,15 @@ qint32 StatusOf(bool hidden) {
     return hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown;
 }
 
-qint64 Now() {
-    return QDateTime::currentSecsSinceEpoch();
-}
-
 } // namespace
 
 qint32 VeskPicMng::QueryBimPics(const KX_DATA::PicQueryFilter& filter,
                                 const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                 std::vector<KX_DATA::BimPicRow>& rows) {
     return Page(u"查询BIM模型照片"_s, [&](HostSession& session) {
-        const site::ListPage page =
-            session.Lists()->Fetch(site::ListKind::kBimPhotos, BimFilterOf(filter),
-                                   OrderOf(request), request.page, request.pageSize);
-        result = ResultOf(page, request);
-        rows = site::BimPhotos(session.Folder()->Db()).Rows(page.ids);
+        auto page = session.Site().BimPhotos().PageOf(BimFilterOf(filter), PageAskedOf(request));
+        result = ResultOf(page.total, request);
+        rows = std::move(page.rows);
     });
 }
 
@@ -64,11 +58,9 @@ qint32 VeskPicMng::QueryPdfPics(const KX_DATA::PdfQueryFilter& filter,
                                 const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                 std::vector<KX_DATA::PdfPicRecord>& rows) {
     return Page(u"查询平面图纸照片"_s, [&](HostSession& session) {
-        const site::ListPage page =
-            session.Lists()->Fetch(site::ListKind::kPdfPhotos, PdfFilterOf(filter),
-                                   OrderOf(request), request.page, request.pageSize);
-        result = ResultOf(page, request);
-        rows = site::PdfPhotos(session.Folder()->Db()).Rows(page.ids);
+        auto page = session.Site().PdfPhotos().PageOf(PdfFilterOf(filter), PageAskedOf(request));
+        result = ResultOf(page.total, request);
+        rows = std::move(page.rows);
     });
 }
 
@@ -87,8 +79,8 @@ qint32 VeskPicMng::GetBimPicMarkerList(qint64 from, qint64 to, quint8 flag, qint
                                        std::vector<qint32>& picIds) {
     picIds.clear();
     Done(u"读取照片标识"_s, [&](HostSession& session) {
-        picIds = site::PicPanel(session.Folder()->Db())
-                     .PicsOfMark(PanelFilterOf(session, from, to, flag, filterArg), markId);
+        picIds = session.Site().PanelCounts().PhotosOfMark(
+            PanelFilterOf(session, from, to, flag, filterArg), markId);
         return true;
     });
     return static_cast<qint32>(picIds.size());
@@ -106,9 +98,8 @@ void VeskPicMng::GetBimPicFilterValues(qint64 from, qint64 to, quint8 flag,
 
 bool VeskPicMng::DeleteBimPics(const std::vector<qint32>& picIds) {
     return Done(u"删除BIM模型照片"_s, [&](HostSession& session) {
-        const site::DataFolder& folder = *session.Folder();
         const int gone =
-            site::Bin(folder.Db(), folder.Store()).DeleteBimPhotos(picIds, session.UserName());
+            session.Site().Bin().DeleteBimPhotos(session.OpenPpids(), picIds, SignatureOf(session));
         RequireSome(session, u"删除BIM模型照片"_s, gone, picIds.size());
         return true;
     });
@@ -116,9 +107,7 @@ bool VeskPicMng::DeleteBimPics(const std::vector<qint32>& picIds) {
 
 bool VeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) {
     return Done(u"删除平面图纸照片"_s, [&](HostSession& session) {
-        const site::DataFolder& folder = *session.Folder();
-        const int gone = site::Bin(folder.Db(), folder.Store())
-                             .DeletePdfPhotos(ppid, picIds, session.UserName());
+        const int gone = session.Site().Bin().DeletePdfPhotos(ppid, picIds, SignatureOf(session));
         RequireSome(session, u"删除平面图纸照片"_s, gone, picIds.size());
         return true;
     });
@@ -126,19 +115,16 @@ bool VeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) {
 
 qint32 VeskPicMng::DeleteCheckpointPic(qint32 drawingId, qint32 picId) {
     return Guarded(u"删除检查点照片"_s, 0, [&](HostSession& session) {
-        const site::DataFolder& folder = *session.Folder();
         // The viewers call the checkpoint a drawing.
-        const qint32 ppid = site::PdfPhotos(folder.Db()).ProjectOf(drawingId, picId);
+        const qint32 ppid = session.Site().PdfPhotos().ProjectOf(drawingId, picId);
         RequireFound(ppid != 0, u"检查点照片"_s);
-        return site::Bin(folder.Db(), folder.Store())
-            .DeletePdfPhotos(ppid, {picId}, session.UserName());
+        return session.Site().Bin().DeletePdfPhotos(ppid, {picId}, SignatureOf(session));
     });
 }
 
 bool VeskPicMng::SetBimPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) {
     return Done(u"修改照片状态"_s, [&](HostSession& session) {
-        const int changed =
-            site::BimPhotos(session.Folder()->Db()).SetStatus(ppid, picIds, StatusOf(hidden));
+        const int changed = session.Site().BimPhotos().SetStatus(ppid, picIds, StatusOf(hidden));
         RequireSome(session, u"修改照片状态"_s, changed, picIds.size());
         return true;
     });
@@ -146,8 +132,7 @@ bool VeskPicMng::SetBimPicsShown(qint32 ppid, const std::vector<qint32>& picIds,
 
 bool VeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) {
     return Done(u"修改照片状态"_s, [&](HostSession& session) {
-        const int changed =
-            site::PdfPhotos(session.Folder()->Db()).SetStatus(ppid, picIds, StatusOf(hidden));
+        const int changed = session.Site().PdfPhotos().SetStatus(ppid, picIds, StatusOf(hidden));
         RequireSome(session, u"修改照片状态"_s, changed, picIds.size());
         return true;
     });
@@ -156,7 +141,7 @@ bool VeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds,
 qint32 VeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
         KX_DATA::BimPicDetail found;
-        RequireFound(site::BimPhotos(session.Folder()->Db()).Detail(ppid, picId, found), u"照片"_s);
+        RequireFound(session.Site().BimPhotos().Detail(ppid, picId, found), u"照片"_s);
         if (found.status != KX_DATA::kStatusShown) {
             return false; // the module says so itself
         }
@@ -167,22 +152,21 @@ qint32 VeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId, KX_DATA::BimPicDet
 
 qint32 VeskPicMng::GetPdfPicDetail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
-        RequireFound(site::PdfPhotos(session.Folder()->Db()).Detail(ppid, picId, detail),
-                     u"照片"_s);
+        RequireFound(session.Site().PdfPhotos().Detail(ppid, picId, detail), u"照片"_s);
         return true;
     });
 }
 
 qint32 VeskPicMng::GetProjectFloors(qint32 ppid, std::vector<QString>& floors) {
     return Status(u"读取楼层"_s, [&](HostSession& session) {
-        floors = session.Tables().Floors(ppid);
+        floors = session.Site().Catalogue().Floors(ppid);
         return true;
     });
 }
 
 qint32 VeskPicMng::GetFloorAxesX(qint32 ppid, const QString& floor, std::vector<QString>& axes) {
     return Status(u"读取轴线"_s, [&](HostSession& session) {
-        axes = session.Tables().AxesX(ppid, floor);
+        axes = session.Site().Catalogue().AxesX(ppid, floor);
         return true;
     });
 }
@@ -190,25 +174,23 @@ qint32 VeskPicMng::GetFloorAxesX(qint32 ppid, const QString& floor, std::vector<
 qint32 VeskPicMng::GetFloorAxesY(qint32 ppid, const QString& floor, const QString& axisX,
                                  std::vector<KX_DATA::AxisYEntry>& axes) {
     return Status(u"读取轴线"_s, [&](HostSession& session) {
-        axes = session.Tables().AxesY(ppid, floor, axisX);
+        axes = session.Site().Catalogue().AxesY(ppid, floor, axisX);
         return true;
     });
 }
 
 bool VeskPicMng::UpdateBimPic(qint32 ppid, const KX_DATA::BimPicUpdate& update) {
     return Done(u"修改照片"_s, [&](HostSession& session) {
-        RequireFound(
-            site::BimPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now()),
-            update.fileName);
+        RequireFound(IsSaved(session.Site().BimPhotos().Update(ppid, update, SignatureOf(session))),
+                     update.fileName);
         return true;
     });
 }
 
 bool VeskPicMng::UpdatePdfPic(qint32 ppid, const KX_DATA::PdfPicUpdate& update) {
     return Done(u"修改照片"_s, [&](HostSession& session) {
-        RequireFound(
-            site::PdfPhotos(session.Folder()->Db()).Update(ppid, update, session.UserName(), Now()),
-            update.fileName);
+        RequireFound(IsSaved(session.Site().PdfPhotos().Update(ppid, update, SignatureOf(session))),
+                     update.fileName);
         return true;
     });
 }
@@ -216,7 +198,7 @@ bool VeskPicMng::UpdatePdfPic(qint32 ppid, const KX_DATA::PdfPicUpdate& update) 
 qint32 VeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,
                                std::vector<KX_DATA::PicFileEntry>& files) {
     return Status(u"读取照片文件"_s, [&](HostSession& session) {
-        files = site::BimPhotos(session.Folder()->Db()).Files(picIds);
+        files = session.Site().BimPhotos().Files(session.OpenPpids(), picIds);
         return true;
     });
 }
@@ -224,8 +206,7 @@ qint32 VeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,
 qint32 VeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
                                      KX_DATA::CheckpointPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
-        RequireFound(site::PdfPhotos(session.Folder()->Db()).PicDetail(ppid, picId, detail),
-                     u"照片"_s);
+        RequireFound(session.Site().PdfPhotos().PicDetail(ppid, picId, detail), u"照片"_s);
         return true;
     });
 }
@@ -233,35 +214,35 @@ qint32 VeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
 qint32 VeskPicMng::GetPicFilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId,
                                          std::vector<KX_DATA::PicFileEntry>& files) {
     return Status(u"读取照片文件"_s, [&](HostSession& session) {
-        files = site::BimPhotos(session.Folder()->Db()).FilesByPosition(ppid, positionKey, markId);
+        files = session.Site().BimPhotos().FilesByPosition(ppid, positionKey, markId);
         return true;
     });
 }
 
 bool VeskPicMng::GetBimLabels(std::vector<KX_DATA::LabelEntry>& labels) {
     return Done(u"读取标签"_s, [&](HostSession& session) {
-        labels = site::BimPhotos(session.Folder()->Db()).UsedLabels();
+        labels = session.Site().BimPhotos().UsedLabels();
         return true;
     });
 }
 
 bool VeskPicMng::GetPdfLabels(std::vector<KX_DATA::LabelEntry>& labels) {
     return Done(u"读取标签"_s, [&](HostSession& session) {
-        labels = site::PdfPhotos(session.Folder()->Db()).UsedLabels();
+        labels = session.Site().PdfPhotos().UsedLabels();
         return true;
     });
 }
 
 bool VeskPicMng::GetUsedBimMarks(std::vector<qint32>& markIds) {
     return Done(u"读取照片标识"_s, [&](HostSession& session) {
-        markIds = site::BimPhotos(session.Folder()->Db()).UsedMarks();
+        markIds = session.Site().BimPhotos().UsedMarks();
         return true;
     });
 }
 
 bool VeskPicMng::GetUsedPdfMarks(std::vector<qint32>& markIds) {
     return Done(u"读取照片标识"_s, [&](HostSession& session) {
-        markIds = site::PdfPhotos(session.Folder()->Db()).UsedMarks();
+        markIds = session.Site().PdfPhotos().UsedMarks();
         return true;
     });
 }

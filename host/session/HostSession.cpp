@@ -1,5 +1,7 @@
 #include "host/session/HostSession.h"
 
+#include "site/ICatalogue.h"
+
 #include <QDateTime>
 
 #include <algorithm>
@@ -32,7 +34,7 @@ HostSession::HostSession() {
 }
 
 HostSession::~HostSession() {
-    CloseFolder();
+    Close();
     desk->SetMessageSink({});
     HostSession* self = this;
     current.compare_exchange_strong(self, nullptr);
@@ -51,23 +53,19 @@ HostSession* HostSession::Current() {
     return current;
 }
 
-std::optional<site::OpenFault> HostSession::OpenFolder(const QString& path,
-                                                       const site::DataFolder::Options& options) {
-    CloseFolder();
-    auto opened = std::make_unique<site::DataFolder>(path);
-    auto fault = opened->Open(options);
-    if (!fault) {
-        folder = std::move(opened);
-        lists = std::make_unique<site::ListQuery>(folder->Db());
-        panel = std::make_unique<site::PanelCache>(folder->Db());
-        desk->Open(folder->Path());
-        folder->SetTold(
-            [this](const QString& text) { desk->Report(MessageLevel::kWarning, text); });
+std::optional<site::OpenFault> HostSession::Open(const QString& place,
+                                                 const site::OpenOptions& options) {
+    Close();
+    site::OpenedSite opened = site::OpenSite(place, options);
+    site = std::move(opened.site);
+    if (site != nullptr) {
+        desk->Open(site->Place());
+        site->SetTold([this](const QString& text) { desk->Report(MessageLevel::kWarning, text); });
     }
-    return fault;
+    return opened.fault;
 }
 
-void HostSession::CloseFolder() {
+void HostSession::Close() {
     desk->Close();
     CloseProject();
     user.clear();
@@ -75,18 +73,16 @@ void HostSession::CloseFolder() {
     projectNames.clear();
     marks.clear();
     tableStamp = {};
-    panel.reset();
-    lists.reset();
-    folder.reset();
+    site.reset();
 }
 
 bool HostSession::SignIn(const QString& name) {
-    const std::vector<QString> people = Tables().People();
+    const std::vector<QString> people = site->Catalogue().People();
     if (std::find(people.begin(), people.end(), name) == people.end()) {
         return false;
     }
     user = name;
-    rights = Tables().RightsOf(name);
+    rights = site->Catalogue().RightsOf(name);
     return true;
 }
 
@@ -95,7 +91,7 @@ bool HostSession::HasRight(qint32 right) const {
 }
 
 bool HostSession::OpenProject(qint32 ppid) {
-    const site::ProjectEntry found = Tables().Project(ppid);
+    const site::ProjectEntry found = site->Catalogue().Project(ppid);
     if (found.ppid == 0) {
         return false;
     }
@@ -105,11 +101,11 @@ bool HostSession::OpenProject(qint32 ppid) {
 }
 
 bool HostSession::OpenWorkset(qint32 worksetId) {
-    for (const site::WorksetEntry& entry : Tables().Worksets()) {
+    for (const site::WorksetEntry& entry : site->Catalogue().Worksets()) {
         if (entry.id == worksetId) {
             CloseProject();
             workset = entry;
-            project = Tables().Project(entry.ppids.front());
+            project = site->Catalogue().Project(entry.ppids.front());
             return true;
         }
     }
@@ -128,7 +124,7 @@ std::vector<site::ProjectEntry> HostSession::OpenProjects() {
     std::vector<site::ProjectEntry> projects;
     if (IsWorkset()) {
         for (const qint32 ppid : workset.ppids) {
-            projects.push_back(Tables().Project(ppid));
+            projects.push_back(site->Catalogue().Project(ppid));
         }
     } else if (project.ppid != 0) {
         projects.push_back(project);
@@ -136,24 +132,31 @@ std::vector<site::ProjectEntry> HostSession::OpenProjects() {
     return projects;
 }
 
+site::Projects HostSession::OpenPpids() const {
+    if (IsWorkset()) {
+        return workset.ppids;
+    }
+    return project.ppid != 0 ? site::Projects{project.ppid} : site::Projects{};
+}
+
 void HostSession::LogAction(const QString& action) {
     const site::LoggedAction entry{QDateTime::currentSecsSinceEpoch(), user, project.ppid, action};
-    Tables().LogAction(entry);
+    site->Catalogue().LogAction(entry);
     if (actionSink) {
         actionSink(entry);
     }
 }
 
 void HostSession::RefreshTables() {
-    const site::Database::Stamp now = folder->Db().ChangeStamp();
+    const site::Stamp now = site->ChangeStamp();
     if (now == tableStamp) {
         return;
     }
     projectNames.clear();
-    for (const site::ProjectEntry& entry : Tables().Projects()) {
+    for (const site::ProjectEntry& entry : site->Catalogue().Projects()) {
         projectNames[entry.ppid] = entry.name;
     }
-    marks = Tables().Marks();
+    marks = site->Catalogue().Marks();
     tableStamp = now;
 }
 

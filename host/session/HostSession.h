@@ -3,11 +3,10 @@
 
 #include "host/session/SessionDesk.h"
 #include "services/DrawingRecords.h"
+#include "services/EnvRecords.h"
 #include "services/MarkGroups.h"
-#include "site/sqlite/Catalogue.h"
-#include "site/sqlite/DataFolder.h"
-#include "site/sqlite/ListQuery.h"
-#include "site/sqlite/PanelCache.h"
+#include "site/OpenSite.h"
+#include "site/Records.h"
 
 #include <functional>
 #include <map>
@@ -38,16 +37,13 @@ public:
     /// The living session, or null.
     [[nodiscard]] static HostSession* Current();
 
-    /// Opens a data folder; a fault leaves the session without one.
-    [[nodiscard]] std::optional<site::OpenFault>
-    OpenFolder(const QString& path, const site::DataFolder::Options& options = {});
-    void CloseFolder();
-    /// Null while none is open, as the two below.
-    [[nodiscard]] site::DataFolder* Folder() const { return folder.get(); }
-    [[nodiscard]] site::ListQuery* Lists() const { return lists.get(); }
-    [[nodiscard]] site::PanelCache* Panel() const { return panel.get(); }
-    /// Only with an open folder.
-    [[nodiscard]] site::Catalogue Tables() const { return site::Catalogue(folder->Db()); }
+    /// Opens the site at a place; a fault leaves the session without one.
+    [[nodiscard]] std::optional<site::OpenFault> Open(const QString& place,
+                                                      const site::OpenOptions& options = {});
+    void Close();
+    [[nodiscard]] bool IsOpen() const { return site != nullptr; }
+    /// Only while one is open.
+    [[nodiscard]] site::ISite& Site() const { return *site; }
 
     /// False for a user whom the database doesn't know.
     bool SignIn(const QString& name);
@@ -65,6 +61,8 @@ public:
     [[nodiscard]] const site::WorksetEntry& CurrentWorkset() const { return workset; }
     /// Projects of the workset, else the open one; empty without any.
     [[nodiscard]] std::vector<site::ProjectEntry> OpenProjects();
+    /// Their ids, without asking the site.
+    [[nodiscard]] site::Projects OpenPpids() const;
 
     void SetDrawing(const KX_DATA::CurrentDrawing& current) { drawing = current; }
     [[nodiscard]] const KX_DATA::CurrentDrawing& Drawing() const { return drawing; }
@@ -107,9 +105,7 @@ public:
 private:
     void RefreshTables();
 
-    std::unique_ptr<site::DataFolder> folder;
-    std::unique_ptr<site::ListQuery> lists;
-    std::unique_ptr<site::PanelCache> panel;
+    std::unique_ptr<site::ISite> site;
     QString user;
     std::vector<qint32> rights;
     site::ProjectEntry project;
@@ -117,7 +113,7 @@ private:
     KX_DATA::CurrentDrawing drawing;
     ActionSink actionSink;
     WithdrawSink withdrawSink;
-    site::Database::Stamp tableStamp;
+    site::Stamp tableStamp;
     std::map<qint32, QString> projectNames;
     std::map<qint32, KX_DATA::MarkRecord> marks;
     const std::shared_ptr<SessionDesk> desk = std::make_shared<SessionDesk>();

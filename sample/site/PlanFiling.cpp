@@ -2,6 +2,7 @@
 
 #include "sample/VoiceNote.h"
 #include "sample/site/SiteVocabulary.h"
+#include "site/IIntake.h"
 
 namespace sample {
 
@@ -32,9 +33,10 @@ std::vector<PictureOrder> OrdersOf(const SitePlan& plan) {
     return orders;
 }
 
-PlanFiling::PlanFiling(site::DataFolder& folder, const SitePlan& sitePlan,
+PlanFiling::PlanFiling(site::ISite& target, const SitePlan& sitePlan,
                        std::function<QString(size_t)> pictureAt, std::function<void()> step)
-    : writer(folder), plan(sitePlan), pathOf(std::move(pictureAt)), onStep(std::move(step)) {}
+    : intake(target.NewIntake()), plan(sitePlan), pathOf(std::move(pictureAt)),
+      onStep(std::move(step)) {}
 
 int PlanFiling::Steps(const SitePlan& plan) {
     return static_cast<int>(plan.photos.size() + plan.drawings.size() + plan.pdfPhotos.size() +
@@ -42,12 +44,12 @@ int PlanFiling::Steps(const SitePlan& plan) {
 }
 
 void PlanFiling::Run() {
-    writer.BeginBatch();
+    intake->BeginBatch();
     FileTables();
     FilePhotos();
     FileDrawings();
     FileIssues();
-    writer.CommitBatch();
+    intake->CommitBatch();
 }
 
 site::FileSource PlanFiling::NextPicture() {
@@ -64,21 +66,21 @@ std::vector<qint32> PlanFiling::LabelIds(const std::vector<qint32>& numbers) con
 
 void PlanFiling::FileTables() {
     for (const SampleProject& project : SampleProjects()) {
-        projects.push_back(writer.AddProject(project.name, project.major));
+        projects.push_back(intake->AddProject(project.name, project.major));
     }
-    writer.AddWorkset(SampleWorkset(), projects);
+    intake->AddWorkset(SampleWorkset(), projects);
     for (const SamplePerson& person : SamplePeople()) {
-        writer.AddUser(person.name, person.rights);
+        intake->AddUser(person.name, person.rights);
     }
     for (const SampleMark& mark : SampleMarks()) {
-        writer.AddMark(mark.id, mark.name, mark.color);
+        intake->AddMark(mark.id, mark.name, mark.color);
     }
     for (const QString& label : SampleLabels()) {
-        labels.push_back(writer.AddLabel(label));
+        labels.push_back(intake->AddLabel(label));
     }
     for (site::NewPosition position : plan.positions) {
         position.ppid = projects[static_cast<size_t>(position.ppid)];
-        writer.AddPosition(position);
+        intake->AddPosition(position);
     }
 }
 
@@ -87,7 +89,7 @@ void PlanFiling::FilePhotos() {
         site::NewBimPhoto record = photo.record;
         record.ppid = projects[static_cast<size_t>(record.ppid)];
         record.labelIds = LabelIds(record.labelIds);
-        writer.FilePhoto(record, NextPicture(), VoiceOf(photo.voice));
+        intake->FilePhoto(record, NextPicture(), VoiceOf(photo.voice));
         onStep();
     }
 }
@@ -95,23 +97,23 @@ void PlanFiling::FilePhotos() {
 void PlanFiling::FileDrawings() {
     std::vector<qint32> drawings;
     for (const PlannedDrawing& drawing : plan.drawings) {
-        drawings.push_back(writer.AddDrawing(projects[static_cast<size_t>(drawing.project)],
-                                             drawing.name, {{}, MakeDrawing(drawing.sheet)}));
+        drawings.push_back(intake->AddDrawing(projects[static_cast<size_t>(drawing.project)],
+                                              drawing.name, {{}, MakeDrawing(drawing.sheet)}));
         onStep();
     }
     for (const PlannedCheckpoint& checkpoint : plan.checkpoints) {
         site::NewCheckpoint record = checkpoint.record;
         record.drawingId = drawings[static_cast<size_t>(record.drawingId)];
         record.labelIds = LabelIds(record.labelIds);
-        checkpoints.push_back(writer.AddCheckpoint(record));
+        checkpoints.push_back(intake->AddCheckpoint(record));
         if (checkpoint.voice.milliseconds > 0) {
-            writer.SetCheckpointVoice(checkpoints.back(), VoiceOf(checkpoint.voice));
+            intake->SetCheckpointVoice(checkpoints.back(), VoiceOf(checkpoint.voice));
         }
     }
     for (const PlannedPdfPhoto& photo : plan.pdfPhotos) {
         site::NewPdfPhoto record = photo.record;
         record.checkpointId = checkpoints[static_cast<size_t>(record.checkpointId)];
-        writer.FilePdfPhoto(record, NextPicture());
+        intake->FilePdfPhoto(record, NextPicture());
         onStep();
     }
 }
@@ -120,11 +122,11 @@ void PlanFiling::FileIssues() {
     for (const PlannedIssue& issue : plan.issues) {
         site::NewIssue record = issue.record;
         record.ppid = projects[static_cast<size_t>(record.ppid)];
-        const QString questionId = writer.FileIssue(record, VoiceOf(issue.voice));
+        const QString questionId = intake->FileIssue(record, VoiceOf(issue.voice));
         for (const PlannedIssuePic& pic : issue.pics) {
             site::NewIssuePic picture = pic.record;
             picture.questionId = questionId;
-            writer.FileIssuePic(picture, NextPicture());
+            intake->FileIssuePic(picture, NextPicture());
         }
         onStep();
     }

@@ -1,8 +1,9 @@
-// Writes a finished plan into the data folder.
+// Writes a finished plan into a site.
 #pragma once
 
 #include "sample/site/SitePlan.h"
-#include "site/sqlite/SiteWriter.h"
+#include "site/IIntake.h"
+#include "site/ISite.h"
 
 #include <functional>
 #include <vector>
@@ -18,7 +19,7 @@ class PlanFiling final {
 public:
     /// @param pictureAt  path of the picture of an order of OrdersOf.
     /// @param step       called after each record.
-    PlanFiling(site::DataFolder& folder, const SitePlan& sitePlan,
+    PlanFiling(site::ISite& target, const SitePlan& sitePlan,
                std::function<QString(size_t)> pictureAt, std::function<void()> step);
 
     void Run();
@@ -33,7 +34,7 @@ private:
     [[nodiscard]] site::FileSource NextPicture();
     [[nodiscard]] std::vector<qint32> LabelIds(const std::vector<qint32>& numbers) const;
 
-    site::SiteWriter writer;
+    std::unique_ptr<site::IIntake> intake;
     const SitePlan& plan;
     std::function<QString(size_t)> pathOf;
     std::function<void()> onStep;

@@ -4,7 +4,7 @@
 #include "sample/DrawingSheet.h"
 #include "sample/PictureArtist.h"
 #include "sample/SampleSize.h"
-#include "site/sqlite/SiteWriter.h"
+#include "site/NewRecords.h"
 
 #include <QString>
 

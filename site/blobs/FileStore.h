@@ -2,7 +2,7 @@
 #pragma once
 
 #include "site/DataError.h"
-#include "site/sqlite/SiteWriter.h"
+#include "site/NewRecords.h"
 
 #include <QLockFile>
 #include <QString>

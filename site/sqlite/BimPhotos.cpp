@@ -8,6 +8,7 @@
 #include "site/sqlite/Catalogue.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/IdChunks.h"
+#include "site/sqlite/ListQuery.h"
 #include "site/sqlite/SearchIndex.h"
 
 #include <algorithm>
@@ -76,7 +77,21 @@ KX_DATA::PicFileEntry FileOf(const Statement& read) {
 
 } // namespace
 
-std::vector<KX_DATA::BimPicRow> BimPhotos::Rows(const std::vector<qint64>& ids) {
+Page<KX_DATA::BimPicRow> BimPhotos::PageOf(const ListFilter& filter, const PageAsked& asked) {
+    const ReadScope snapshot(database);
+    const ListPage page = lists.Fetch(ListKind::kBimPhotos, filter, asked);
+    return {page.total, RowsOf(page.ids)};
+}
+
+std::vector<KX_DATA::BimPicRow> BimPhotos::Rows(const Projects& projects,
+                                                const std::vector<qint64>& picIds) {
+    const ReadScope snapshot(database);
+    std::vector<KX_DATA::BimPicRow> rows = RowsOf(picIds);
+    std::erase_if(rows, [&](const KX_DATA::BimPicRow& row) { return !Has(projects, row.ppid); });
+    return rows;
+}
+
+std::vector<KX_DATA::BimPicRow> BimPhotos::RowsOf(const std::vector<qint64>& ids) {
     std::unordered_map<qint64, KX_DATA::BimPicRow> found;
     ForEachOfIds(database, RowSql(), ids,
                  [&](const Statement& read) { found.emplace(read.Int64(0), RowOf(read)); });
@@ -141,14 +156,19 @@ bool BimPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail)
     return found;
 }
 
-std::vector<KX_DATA::PicFileEntry> BimPhotos::Files(const std::vector<qint32>& picIds) {
+std::vector<KX_DATA::PicFileEntry> BimPhotos::Files(const Projects& projects,
+                                                    const std::vector<qint32>& picIds) {
     const std::vector<qint64> ids(picIds.begin(), picIds.end());
     std::unordered_map<qint64, KX_DATA::PicFileEntry> found;
-    const auto take = [&](const Statement& read) { found.emplace(read.Int64(0), FileOf(read)); };
+    const auto take = [&](const Statement& read) {
+        if (Has(projects, read.Int(3))) {
+            found.emplace(read.Int64(0), FileOf(read));
+        }
+    };
     static const QString bim =
-        u"SELECT id, file_uuid, audio_uuid FROM bim_photo WHERE id IN (%1)"_s.arg(IdMarks());
+        u"SELECT id, file_uuid, audio_uuid, ppid FROM bim_photo WHERE id IN (%1)"_s.arg(IdMarks());
     static const QString pdf =
-        u"SELECT p.id, p.file_uuid, c.audio_uuid FROM pdf_photo p JOIN"
+        u"SELECT p.id, p.file_uuid, c.audio_uuid, p.ppid FROM pdf_photo p JOIN"
         " checkpoint c ON c.id = p.checkpoint_id WHERE p.id IN (%1)"_s.arg(IdMarks());
     ForEachOfIds(database, bim, ids, take);
     ForEachOfIds(database, pdf, ids, take);
@@ -217,24 +237,27 @@ void BimPhotos::SetLabels(qint32 ppid, qint32 picId, const std::vector<QString>&
     }
 }
 
-bool BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const QString& person,
-                       qint64 now) {
+Saved BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const Signature& by,
+                        std::optional<qint64> seen) {
     Transaction transaction(database);
     KX_DATA::BimPicDetail old;
     if (!Detail(ppid, update.picId, old)) {
-        return false;
+        return Saved::Gone;
     }
-    const LastChange last(old.uploaderName, old.uploadTime, person, now);
+    if (seen && *seen != old.updateTime) {
+        return Saved::ChangedMeanwhile;
+    }
+    const LastChange last(old.uploaderName, old.uploadTime, by.person, by.at);
     RemoveSearchRow(database, ListKind::kBimPhotos, update.picId);
     MoveTo(ppid, update.picId, update.positionKey, old.positionKey);
     database.Exec(u"UPDATE bim_photo SET description = ?, mark_id = ?, name = ?, status = ?,"
                   " updater = ?, updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
-                  {update.description, update.markId, update.fileName, update.status, person, now,
-                   last.person, last.time, update.picId});
+                  {update.description, update.markId, update.fileName, update.status, by.person,
+                   by.at, last.person, last.time, update.picId});
     SetLabels(ppid, update.picId, update.labelIds);
     AddSearchRow(database, ListKind::kBimPhotos, update.picId);
     transaction.Commit();
-    return true;
+    return Saved::Yes;
 }
 
 std::vector<KX_DATA::LabelEntry> BimPhotos::UsedLabels() {

@@ -1,50 +1,40 @@
-// BIM photos in the database: reading them for lists and viewers, changing them.
+// BIM photos in the database.
 #pragma once
 
-#include "services/PicRecords.h"
-
-#include <QString>
-
-#include <vector>
+#include "site/IBimPhotos.h"
 
 namespace site {
 
 class Database;
+class ListQuery;
 
-/// Operations throw DataError; changes are one transaction each. Thread: the database's.
-class BimPhotos final {
+class BimPhotos final : public IBimPhotos {
 public:
-    explicit BimPhotos(Database& owner) : database(owner) {}
+    BimPhotos(Database& owner, ListQuery& pages) : database(owner), lists(pages) {}
 
-    /// In the order of the ids; ids without a photo are left out.
-    [[nodiscard]] std::vector<KX_DATA::BimPicRow> Rows(const std::vector<qint64>& ids);
-    /// False for an unknown photo of the project.
-    [[nodiscard]] bool Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail);
-    /// Files of BIM and drawing photos, in the order of the ids; unknown ids are left out.
-    [[nodiscard]] std::vector<KX_DATA::PicFileEntry> Files(const std::vector<qint32>& picIds);
-    /// Shown photos only, latest change first. An empty key: those without a floor.
+    [[nodiscard]] Page<KX_DATA::BimPicRow> PageOf(const ListFilter& filter,
+                                                  const PageAsked& asked) override;
+    [[nodiscard]] std::vector<KX_DATA::BimPicRow> Rows(const Projects& projects,
+                                                       const std::vector<qint64>& picIds) override;
+    [[nodiscard]] bool Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) override;
     [[nodiscard]] std::vector<KX_DATA::PicFileEntry>
-    FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId);
-
-    /// Counts as a change by nobody: people and times stay. Returns how many there were.
-    int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status);
-    /// False for an unknown photo of the project. `person` becomes the updater, `now` the time. The
-    /// position key decides about floor and axes: they are what the model says of it, and stay
-    /// where the model has the photo's key no longer. Throws, with nothing changed, for another key
-    /// that the project hasn't and for an unknown label.
-    bool Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const QString& person,
-                qint64 now);
-
-    /// In use on any photo; marks that the mark table doesn't know are left out.
-    [[nodiscard]] std::vector<KX_DATA::LabelEntry> UsedLabels();
-    [[nodiscard]] std::vector<qint32> UsedMarks();
+    Files(const Projects& projects, const std::vector<qint32>& picIds) override;
+    [[nodiscard]] std::vector<KX_DATA::PicFileEntry>
+    FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId) override;
+    int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) override;
+    [[nodiscard]] Saved Update(qint32 ppid, const KX_DATA::BimPicUpdate& update,
+                               const Signature& by, std::optional<qint64> seen) override;
+    [[nodiscard]] std::vector<KX_DATA::LabelEntry> UsedLabels() override;
+    [[nodiscard]] std::vector<qint32> UsedMarks() override;
 
 private:
+    [[nodiscard]] std::vector<KX_DATA::BimPicRow> RowsOf(const std::vector<qint64>& picIds);
     void AddLabels(std::vector<KX_DATA::BimPicRow>& rows);
     void MoveTo(qint32 ppid, qint32 picId, const QString& key, const QString& oldKey);
     void SetLabels(qint32 ppid, qint32 picId, const std::vector<QString>& labelIds);
 
     Database& database;
+    ListQuery& lists;
 };
 
 } // namespace site

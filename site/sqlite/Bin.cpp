@@ -7,7 +7,6 @@
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SearchIndex.h"
 
-#include <QDateTime>
 #include <QJsonDocument>
 
 namespace site {
@@ -24,12 +23,16 @@ bool IsKnown(BinKind kind) {
     return kind == BinKind::kBimPhoto || kind == BinKind::kPdfPhoto || kind == BinKind::kIssue;
 }
 
+std::vector<qint64> Ids(const std::vector<qint32>& picIds) {
+    return {picIds.begin(), picIds.end()};
+}
+
 } // namespace
 
-bool Bin::MoveToBin(BinKind kind, qint64 objectId, const QString& person,
+bool Bin::MoveToBin(BinKind kind, qint64 objectId, const Projects& projects, const Signature& by,
                     std::vector<QString>& files) {
     BinContent content = TakeContent(database, kind, objectId);
-    if (content.title.isNull()) {
+    if (content.title.isNull() || !Has(projects, content.ppid)) {
         return false;
     }
     const QString json =
@@ -37,8 +40,7 @@ bool Bin::MoveToBin(BinKind kind, qint64 objectId, const QString& person,
     const qint64 binId = database.Insert(
         u"INSERT INTO bin (kind, ppid, object_id, title, deleted_by, deleted_at, content)"
         " VALUES (?, ?, ?, ?, ?, ?, ?)"_s,
-        {static_cast<int>(kind), content.ppid, objectId, content.title, person,
-         QDateTime::currentSecsSinceEpoch(), json});
+        {static_cast<int>(kind), content.ppid, objectId, content.title, by.person, by.at, json});
     for (const QString& uuid : content.files) {
         database.Exec(u"DELETE FROM file WHERE uuid = ?"_s, {uuid});
         database.Exec(u"INSERT INTO bin_file (uuid, bin_id) VALUES (?, ?)"_s, {uuid, binId});
@@ -50,12 +52,13 @@ bool Bin::MoveToBin(BinKind kind, qint64 objectId, const QString& person,
     return true;
 }
 
-int Bin::DeleteBimPhotos(const std::vector<qint32>& picIds, const QString& person) {
+int Bin::Delete(BinKind kind, const std::function<std::vector<qint64>()>& ids,
+                const Projects& projects, const Signature& by) {
     std::vector<QString> files;
     int count = 0;
     Transaction transaction(database);
-    for (const qint32 picId : picIds) {
-        count += MoveToBin(BinKind::kBimPhoto, picId, person, files) ? 1 : 0;
+    for (const qint64 id : ids()) {
+        count += MoveToBin(kind, id, projects, by, files) ? 1 : 0;
     }
     transaction.Commit();
     for (const QString& uuid : files) {
@@ -64,39 +67,31 @@ int Bin::DeleteBimPhotos(const std::vector<qint32>& picIds, const QString& perso
     return count;
 }
 
-int Bin::DeletePdfPhotos(qint32 ppid, const std::vector<qint32>& picIds, const QString& person) {
-    std::vector<QString> files;
-    int count = 0;
-    Transaction transaction(database);
-    for (const qint32 picId : picIds) {
-        const auto owner = database.Value(u"SELECT ppid FROM pdf_photo WHERE id = ?"_s, {picId});
-        if (owner.isValid() && owner.toInt() == ppid) {
-            count += MoveToBin(BinKind::kPdfPhoto, picId, person, files) ? 1 : 0;
-        }
-    }
-    transaction.Commit();
-    for (const QString& uuid : files) {
-        store.MoveToBin(uuid);
-    }
-    return count;
+int Bin::DeleteBimPhotos(const Projects& projects, const std::vector<qint32>& picIds,
+                         const Signature& by) {
+    return Delete(
+        BinKind::kBimPhoto, [&] { return Ids(picIds); }, projects, by);
 }
 
-int Bin::DeleteIssues(const std::vector<QString>& questionIds, const QString& person) {
-    std::vector<QString> files;
-    int count = 0;
-    Transaction transaction(database);
-    for (const QString& questionId : questionIds) {
-        const auto id =
-            database.Value(u"SELECT id FROM issue WHERE question_id = ?"_s, {questionId});
-        if (id.isValid()) {
-            count += MoveToBin(BinKind::kIssue, id.toLongLong(), person, files) ? 1 : 0;
+int Bin::DeletePdfPhotos(qint32 ppid, const std::vector<qint32>& picIds, const Signature& by) {
+    return Delete(
+        BinKind::kPdfPhoto, [&] { return Ids(picIds); }, {ppid}, by);
+}
+
+int Bin::DeleteIssues(const Projects& projects, const std::vector<QString>& questionIds,
+                      const Signature& by) {
+    const auto ids = [&] {
+        std::vector<qint64> found;
+        for (const QString& questionId : questionIds) {
+            const QVariant id =
+                database.Value(u"SELECT id FROM issue WHERE question_id = ?"_s, {questionId});
+            if (id.isValid()) {
+                found.push_back(id.toLongLong());
+            }
         }
-    }
-    transaction.Commit();
-    for (const QString& uuid : files) {
-        store.MoveToBin(uuid);
-    }
-    return count;
+        return found;
+    };
+    return Delete(BinKind::kIssue, ids, projects, by);
 }
 
 std::vector<BinEntry> Bin::List() {
@@ -171,9 +166,9 @@ void Bin::Purge(const std::vector<qint64>& binIds) {
     }
 }
 
-void Bin::PurgeOld() {
+void Bin::PurgeOld(qint64 now) {
     std::vector<qint64> old;
-    const qint64 limit = QDateTime::currentSecsSinceEpoch() - kBinSeconds;
+    const qint64 limit = now - kBinSeconds;
     database.ForEach(u"SELECT id FROM bin WHERE deleted_at < ?"_s, {limit},
                      [&](const Statement& row) { old.push_back(row.Int64(0)); });
     if (!old.empty()) {

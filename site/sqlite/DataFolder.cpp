@@ -10,6 +10,7 @@
 #include "site/transfer/Transfer.h"
 
 #include <QDate>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -176,7 +177,7 @@ void DataFolder::CleanUp() {
     try {
         Bin bin(*database, *store);
         bin.Reconcile(aside);
-        bin.PurgeOld();
+        bin.PurgeOld(QDateTime::currentSecsSinceEpoch());
     } catch (const DataError& error) {
         // Who writes for so long does nothing that can't wait for the next opening.
         if (error.GetFault() != Fault::kLocked) {

@@ -1,7 +1,7 @@
 // The folder in which a site lives: database, stored files, bin, and the clients' caches.
 #pragma once
 
-#include "site/DataError.h"
+#include "site/OpenSite.h"
 
 #include <QString>
 
@@ -16,20 +16,11 @@ namespace site {
 class Database;
 class FileStore;
 
-/// Why a data folder could not be opened.
-struct OpenFault {
-    Fault fault = Fault::kOther;
-    QString text; ///< Chinese, for a person
-};
-
 /// Knows where everything lies below its path, and owns database and store while it is open.
 /// Thread: the one that opened it, except the path functions.
 class DataFolder final {
 public:
-    struct Options {
-        int busyTimeoutMs = 5000; ///< how long an operation waits for another process's lock
-        bool cleanUp = true;      ///< remove leftovers of crashes and bin entries past their time
-    };
+    using Options = OpenOptions;
 
     explicit DataFolder(const QString& path);
     ~DataFolder();

@@ -79,7 +79,7 @@ void Database::Scan(const QString& sql, const QVariantList& values, const sqlite
     }
 }
 
-Database::Stamp Database::ChangeStamp() {
+Stamp Database::ChangeStamp() {
     return {Value(sqlite::DataVersionSql()).toLongLong(), sqlite::TotalChanges(connection)};
 }
 

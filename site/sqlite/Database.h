@@ -1,6 +1,7 @@
 // One connection to the site's database: statements, transactions, and a stamp of changes.
 #pragma once
 
+#include "site/ISite.h"
 #include "site/sqlite/Sqlite.h"
 
 #include <QSqlDatabase>
@@ -39,12 +40,6 @@ public:
     /// The same for very many rows: about five times as fast, and prepared anew each time.
     void Scan(const QString& sql, const QVariantList& values, const sqlite::TakeRow& take);
 
-    /// Differs from an earlier stamp if anybody has changed data since.
-    struct Stamp {
-        qint64 others = -1;
-        qint64 own = -1;
-        bool operator==(const Stamp&) const = default;
-    };
     [[nodiscard]] Stamp ChangeStamp();
 
     /// See Sqlite.h.

@@ -3,6 +3,7 @@
 #include "site/RectifyStates.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/IdChunks.h"
+#include "site/sqlite/ListQuery.h"
 
 #include <unordered_map>
 
@@ -50,6 +51,12 @@ void ReadVoice(const QString& uuid, Database& database, QString& voiceUuid, QStr
 
 } // namespace
 
+Page<KX_DATA::IssueRow> Issues::PageOf(const ListFilter& filter, const PageAsked& asked) {
+    const ReadScope snapshot(database);
+    const ListPage page = lists.Fetch(ListKind::kIssues, filter, asked);
+    return {page.total, Rows(page.ids)};
+}
+
 std::vector<KX_DATA::IssueRow> Issues::Rows(const std::vector<qint64>& ids) {
     std::unordered_map<qint64, KX_DATA::IssueRow> found;
     ForEachOfIds(database, IssueRowSql(), ids,
@@ -66,6 +73,7 @@ std::vector<KX_DATA::IssueRow> Issues::Rows(const std::vector<qint64>& ids) {
 }
 
 bool Issues::Detail(qint32 ppid, const QString& questionId, KX_DATA::QuestionDetail& detail) {
+    const ReadScope snapshot(database);
     bool found = false;
     QString voice;
     database.ForEach(u"SELECT component_name, created, creator, description, floor,"
@@ -130,13 +138,18 @@ void Issues::AddPics(qint64 issueId, bool rectification,
         });
 }
 
-bool Issues::Rectification(const QString& questionId, KX_DATA::RectifyRecord& record) {
+bool Issues::Rectification(const Projects& projects, const QString& questionId,
+                           KX_DATA::RectifyRecord& record) {
+    const ReadScope snapshot(database);
     bool found = false;
     qint64 issueId = 0;
     QString voice;
-    database.ForEach(u"SELECT i.id, i.state, r.text, r.rectifier, r.voice_uuid FROM issue i"
+    database.ForEach(u"SELECT i.id, i.state, r.text, r.rectifier, r.voice_uuid, i.ppid FROM issue i"
                      " LEFT JOIN rectification r ON r.issue_id = i.id WHERE i.question_id = ?"_s,
                      {questionId}, [&](const Statement& read) {
+                         if (!Has(projects, read.Int(5))) {
+                             return;
+                         }
                          found = true;
                          issueId = read.Int64(0);
                          record = {};

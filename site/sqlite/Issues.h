@@ -1,41 +1,34 @@
 // Issues and their rectifications in the database.
 #pragma once
 
-#include "services/IssueRecords.h"
-
-#include <QString>
-
-#include <vector>
+#include "site/IIssues.h"
 
 namespace site {
 
 class Database;
+class ListQuery;
 
-/// Operations throw DataError; changes are one transaction each. Thread: the database's.
-class Issues final {
+class Issues final : public IIssues {
 public:
-    explicit Issues(Database& owner) : database(owner) {}
+    Issues(Database& owner, ListQuery& pages) : database(owner), lists(pages) {}
 
-    /// In the order of the ids; ids without an issue are left out. Issues that were never changed
-    /// have an empty updater and their time of creation twice.
-    [[nodiscard]] std::vector<KX_DATA::IssueRow> Rows(const std::vector<qint64>& ids);
-    /// False for an unknown issue of the project, here and below. Leaves the record's questionId
-    /// and ppid alone.
+    [[nodiscard]] Page<KX_DATA::IssueRow> PageOf(const ListFilter& filter,
+                                                 const PageAsked& asked) override;
     [[nodiscard]] bool Detail(qint32 ppid, const QString& questionId,
-                              KX_DATA::QuestionDetail& detail);
+                              KX_DATA::QuestionDetail& detail) override;
     [[nodiscard]] bool Pics(qint32 ppid, const QString& questionId,
-                            std::vector<KX_DATA::QuestionPicRecord>& pics);
-    /// An issue that nobody has worked on has an empty text and rectifier.
-    [[nodiscard]] bool Rectification(const QString& questionId, KX_DATA::RectifyRecord& record);
-    /// Counts as a change by nobody: people and times stay. Returns how many there were.
-    int SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status);
-    /// Marks in use on any issue that the mark table knows.
-    [[nodiscard]] std::vector<qint32> UsedMarks();
+                            std::vector<KX_DATA::QuestionPicRecord>& pics) override;
+    [[nodiscard]] bool Rectification(const Projects& projects, const QString& questionId,
+                                     KX_DATA::RectifyRecord& record) override;
+    int SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status) override;
+    [[nodiscard]] std::vector<qint32> UsedMarks() override;
 
 private:
+    [[nodiscard]] std::vector<KX_DATA::IssueRow> Rows(const std::vector<qint64>& ids);
     void AddPics(qint64 issueId, bool rectification, std::vector<KX_DATA::QuestionPicRecord>& pics);
 
     Database& database;
+    ListQuery& lists;
 };
 
 } // namespace site

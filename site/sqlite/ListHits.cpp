@@ -35,7 +35,7 @@ QString LabelSql(const ListShape& shape) {
 } // namespace
 
 std::shared_ptr<ListHits::Hits> ListHits::Of(const ListShape& shape, const ListFilter& filter,
-                                             const Database::Stamp& stamp) {
+                                             const Stamp& stamp) {
     if (filter.keyword.isEmpty() && !filter.labelId) {
         return nullptr;
     }

@@ -22,12 +22,12 @@ public:
     };
     /// Null if the filter has neither keyword nor label. Holds rows of the filter's projects only.
     [[nodiscard]] std::shared_ptr<Hits> Of(const ListShape& shape, const ListFilter& filter,
-                                           const Database::Stamp& stamp);
+                                           const Stamp& stamp);
 
 private:
     struct Kept {
         QString key;
-        Database::Stamp stamp;
+        Stamp stamp;
         std::shared_ptr<Hits> hits;
     };
     void AddKeyword(const ListShape& shape, const ListFilter& filter, HitSet& set);

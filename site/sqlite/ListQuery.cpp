@@ -63,25 +63,28 @@ private:
 
 } // namespace
 
-ListPage ListQuery::Fetch(ListKind kind, ListFilter filter, const ListOrder& order, qint64 page,
-                          qint64 pageSize) {
+ListPage ListQuery::Fetch(ListKind kind, ListFilter filter, const PageAsked& asked) {
     ListPage result;
     Normalize(filter);
     if (filter.ppids.empty() || filter.nothing) {
         return result;
     }
     const ReadScope scope(database);
-    const Database::Stamp now = database.ChangeStamp();
+    const Stamp now = database.ChangeStamp();
     if (now != stamp || totals.size() > kKeptTotals) {
         totals.clear();
         stamp = now;
     }
     const ListShape& shape = ShapeOf(kind);
-    const Search search{shape, filter, SortOf(shape, order.field), order.descending,
-                        listHits.Of(shape, filter, stamp)};
+    const Search search{shape,
+                        filter,
+                        SortOf(shape, asked.order.field),
+                        asked.order.descending,
+                        listHits.Of(shape, filter, stamp),
+                        FixedOf(filter)};
     const HitSource hits(database, search.hits);
     result.total = TotalOf(search);
-    const PageSpan span = SpanOf(result.total, page, pageSize);
+    const PageSpan span = SpanOf(result.total, asked.page, asked.pageSize);
     if (span.count > 0) {
         result.ids = Ids(search, result.total, span);
     }
@@ -128,10 +131,10 @@ qint64 ListQuery::TotalOf(const Search& search) {
 qint64 ListQuery::CountRows(const Search& search) {
     const ListFilter& filter = search.filter;
     if (search.hits && !filter.markId && !filter.state && !filter.modified &&
-        filter.fixed.empty()) {
+        search.fixed.IsEmpty()) {
         return search.hits->count;
     }
-    if (!search.hits && !filter.modified && filter.fixed.empty()) {
+    if (!search.hits && !filter.modified && search.fixed.IsEmpty()) {
         return Tally(search.shape, filter, true, true);
     }
     if (search.hits && search.hits->count == 0) {
@@ -164,7 +167,7 @@ QString ListQuery::HitRows(const Search& search, bool byIndex) const {
 bool ListQuery::IsComplementSmaller(const Search& search, const Source& source) {
     const ListFilter& filter = search.filter;
     const int limits = (filter.markId ? 1 : 0) + (filter.state ? 1 : 0) + (filter.modified ? 1 : 0);
-    return limits == 1 && filter.fixed.empty() &&
+    return limits == 1 && search.fixed.IsEmpty() &&
            source.rows > Tally(search.shape, filter, false, false) / 2;
 }
 
@@ -226,9 +229,9 @@ ListQuery::Source ListQuery::BestSource(const Search& search) {
     const ListFilter& filter = search.filter;
     const QString& prefix = search.shape.prefix;
     std::vector<Source> sources;
-    if (!filter.fixed.empty()) {
+    if (!search.fixed.IsEmpty()) {
         // Few rows by their nature: all photos of an intersection, all issues of a component.
-        return {filter.fixedIndex, 0, filter.fixed.front().first};
+        return {search.fixed.index, 0, search.fixed.values.front().first};
     }
     if (search.hits && search.hits->count <= kFewHits) {
         sources.push_back({{}, search.hits->count, u"id"_s});
@@ -262,7 +265,7 @@ qint64 ListQuery::WalkRows(const Search& search) {
 ListQuery::Part ListQuery::Conditions(const Search& search) const {
     Part part;
     const ListFilter& filter = search.filter;
-    for (const auto& [column, value] : filter.fixed) {
+    for (const auto& [column, value] : search.fixed.values) {
         part.text += u" AND %1 = ?"_s.arg(column);
         part.values << value;
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "site/ListFilter.h"
+#include "site/sqlite/FixedColumns.h"
 #include "site/sqlite/ListHits.h"
 #include "site/sqlite/ListPlan.h"
 #include "site/sqlite/ListShape.h"
@@ -24,8 +25,7 @@ public:
 
     /// The id is the last key of every order, so pages never share a row or lose one. A page behind
     /// the last one, or below 1, is empty. Throws DataError.
-    [[nodiscard]] ListPage Fetch(ListKind kind, ListFilter filter, const ListOrder& order,
-                                 qint64 page, qint64 pageSize);
+    [[nodiscard]] ListPage Fetch(ListKind kind, ListFilter filter, const PageAsked& asked);
 
 private:
     struct Part {
@@ -38,6 +38,7 @@ private:
         const SortShape& sort;
         bool descending;
         std::shared_ptr<ListHits::Hits> hits;
+        FixedColumns fixed;
     };
     /// An index that begins with ppid and a filter's column, and how many entries it has for it.
     struct Source {
@@ -65,7 +66,7 @@ private:
 
     Database& database;
     ListHits listHits;
-    Database::Stamp stamp;
+    Stamp stamp;
     QHash<QString, qint64> totals;
 };
 

@@ -1,10 +1,14 @@
 #include "site/sqlite/PanelCache.h"
 
+#include "site/sqlite/IssuePanel.h"
+
+#include "site/sqlite/PicPanel.h"
+
 namespace site {
 
 template <typename Rows, typename Read>
 const Rows& PanelCache::Refreshed(Kept<Rows>& kept, const PanelFilter& filter, Read read) {
-    const Database::Stamp now = database.ChangeStamp();
+    const Stamp now = database.ChangeStamp();
     if (!(kept.stamp == now && kept.filter == filter)) {
         // A read that fails leaves nothing that could be taken for its result.
         kept = {};
@@ -22,6 +26,10 @@ const std::vector<PanelFloor>& PanelCache::Photos(const PanelFilter& filter) {
 
 const std::vector<PanelIssueFloor>& PanelCache::Issues(const PanelFilter& filter) {
     return Refreshed(issues, filter, [&] { return ReadIssuePanel(database, filter); });
+}
+
+std::vector<qint32> PanelCache::PhotosOfMark(const PanelFilter& filter, qint32 markId) {
+    return PicPanel(database).PicsOfMark(filter, markId);
 }
 
 } // namespace site

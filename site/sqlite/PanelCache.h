@@ -1,26 +1,27 @@
 // What the mark panel read at last, as long as nobody has changed the data.
 #pragma once
 
+#include "site/IPanelCounts.h"
 #include "site/sqlite/Database.h"
-#include "site/sqlite/IssuePanel.h"
-#include "site/sqlite/PicPanel.h"
 
 namespace site {
 
 /// The panel asks for the same rows several times: list, tree, what is ticked; so does the plan,
 /// for those without limits. References last until the next call. Operations throw DataError.
 /// Thread: the database's.
-class PanelCache final {
+class PanelCache final : public IPanelCounts {
 public:
     explicit PanelCache(Database& owner) : database(owner) {}
 
-    [[nodiscard]] const std::vector<PanelFloor>& Photos(const PanelFilter& filter);
-    [[nodiscard]] const std::vector<PanelIssueFloor>& Issues(const PanelFilter& filter);
+    [[nodiscard]] const std::vector<PanelFloor>& Photos(const PanelFilter& filter) override;
+    [[nodiscard]] const std::vector<PanelIssueFloor>& Issues(const PanelFilter& filter) override;
+    [[nodiscard]] std::vector<qint32> PhotosOfMark(const PanelFilter& filter,
+                                                   qint32 markId) override;
 
 private:
     template <typename Rows> struct Kept {
         PanelFilter filter;
-        Database::Stamp stamp;
+        Stamp stamp;
         Rows rows;
     };
     template <typename Rows, typename Read>

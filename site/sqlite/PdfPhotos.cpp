@@ -7,6 +7,7 @@
 #include "site/sqlite/Catalogue.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/IdChunks.h"
+#include "site/sqlite/ListQuery.h"
 #include "site/sqlite/SearchIndex.h"
 
 #include <unordered_map>
@@ -51,6 +52,12 @@ KX_DATA::PdfPicRecord PdfRowOf(const Statement& read) {
 }
 
 } // namespace
+
+Page<KX_DATA::PdfPicRecord> PdfPhotos::PageOf(const ListFilter& filter, const PageAsked& asked) {
+    const ReadScope snapshot(database);
+    const ListPage page = lists.Fetch(ListKind::kPdfPhotos, filter, asked);
+    return {page.total, Rows(page.ids)};
+}
 
 std::vector<KX_DATA::PdfPicRecord> PdfPhotos::Rows(const std::vector<qint64>& ids) {
     std::unordered_map<qint64, KX_DATA::PdfPicRecord> found;
@@ -123,16 +130,23 @@ int PdfPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 
     return count;
 }
 
-bool PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const QString& person,
-                       qint64 now) {
+Saved PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const Signature& by,
+                        std::optional<qint64> seen) {
     Transaction transaction(database);
-    KX_DATA::PdfPicDetail old;
-    if (!Detail(ppid, update.picId, old)) {
-        return false;
+    QString author;
+    std::optional<qint64> modified;
+    database.ForEach(u"SELECT uploader, modified FROM pdf_photo WHERE id = ? AND ppid = ?"_s,
+                     {update.picId, ppid}, [&](const Statement& read) {
+                         author = read.Text(0);
+                         modified = read.Int64(1);
+                     });
+    if (!modified) {
+        return Saved::Gone;
     }
-    const LastChange last(
-        database.Value(u"SELECT uploader FROM pdf_photo WHERE id = ?"_s, {update.picId}).toString(),
-        now, person, now);
+    if (seen && seen != modified) {
+        return Saved::ChangedMeanwhile;
+    }
+    const LastChange last(author, by.at, by.person, by.at);
     RemoveSearchRow(database, ListKind::kPdfPhotos, update.picId);
     if (update.pointId > 0) {
         const QVariant owner =
@@ -140,7 +154,7 @@ bool PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const Q
                            " WHERE c.id = ?"_s,
                            {update.pointId});
         if (!owner.isValid() || owner.toInt() != ppid) {
-            return false;
+            return Saved::Gone;
         }
         database.Exec(u"UPDATE pdf_photo SET checkpoint_id = ? WHERE id = ?"_s,
                       {update.pointId, update.picId});
@@ -148,11 +162,11 @@ bool PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const Q
     }
     database.Exec(u"UPDATE pdf_photo SET description = ?, name = ?, status = ?, updater = ?,"
                   " updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
-                  {update.description, update.fileName, update.status, person, now, last.person,
-                   last.time, update.picId});
+                  {update.description, update.fileName, update.status, by.person, by.at,
+                   last.person, last.time, update.picId});
     AddSearchRow(database, ListKind::kPdfPhotos, update.picId);
     transaction.Commit();
-    return true;
+    return Saved::Yes;
 }
 
 qint32 PdfPhotos::ProjectOf(qint32 checkpointId, qint32 picId) {
@@ -162,14 +176,29 @@ qint32 PdfPhotos::ProjectOf(qint32 checkpointId, qint32 picId) {
         .toInt();
 }
 
-bool PdfPhotos::Checkpoint(qint32 checkpointId, KX_DATA::DrawingRecord& record) {
-    bool found = false;
+std::optional<qint64> PdfPhotos::LastChangeOf(const Projects& projects, qint32 checkpointId) {
+    std::optional<qint64> updated;
+    database.ForEach(u"SELECT d.ppid, c.updated FROM checkpoint c JOIN drawing d"
+                     " ON d.id = c.drawing_id WHERE c.id = ?"_s,
+                     {checkpointId}, [&](const Statement& read) {
+                         if (Has(projects, read.Int(0))) {
+                             updated = read.Int64(1);
+                         }
+                     });
+    return updated;
+}
+
+bool PdfPhotos::Checkpoint(const Projects& projects, qint32 checkpointId,
+                           KX_DATA::DrawingRecord& record) {
+    const ReadScope snapshot(database);
+    if (!LastChangeOf(projects, checkpointId)) {
+        return false;
+    }
     database.ForEach(
         u"SELECT c.remark, c.number, c.description, coalesce(m.color, ?), m.name, c.x, c.y,"
         " c.updated, c.audio_uuid FROM checkpoint c LEFT JOIN mark m"
         " ON m.id = c.mark_id WHERE c.id = ?"_s,
         {kNoMarkColor, checkpointId}, [&](const Statement& read) {
-            found = true;
             record = {};
             record.remark = read.Text(0);
             record.checkpointNo = read.Int(1);
@@ -180,10 +209,8 @@ bool PdfPhotos::Checkpoint(qint32 checkpointId, KX_DATA::DrawingRecord& record) 
             record.updateTime = TimeText(read.Int64(7));
             record.audioUuid = read.Text(8);
         });
-    if (found) {
-        AddParts(checkpointId, record);
-    }
-    return found;
+    AddParts(checkpointId, record);
+    return true;
 }
 
 void PdfPhotos::AddParts(qint32 checkpointId, KX_DATA::DrawingRecord& record) {
@@ -202,16 +229,20 @@ void PdfPhotos::AddParts(qint32 checkpointId, KX_DATA::DrawingRecord& record) {
                      });
 }
 
-bool PdfPhotos::UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint64 now) {
+Saved PdfPhotos::UpdateCheckpoint(const Projects& projects, const KX_DATA::CheckpointEdit& edit,
+                                  const Signature& by, std::optional<qint64> seen) {
     Transaction transaction(database);
-    const int changed =
-        database.Exec(u"UPDATE checkpoint SET x = ?, y = ?, description = ?, mark_id = ?,"
-                      " remark = ?, updated = ? WHERE id = ?"_s,
-                      {edit.position1, edit.position2, edit.description, edit.markId, edit.remark,
-                       now, edit.checkpointId});
-    if (changed == 0) {
-        return false;
+    const std::optional<qint64> last = LastChangeOf(projects, edit.checkpointId);
+    if (!last) {
+        return Saved::Gone;
     }
+    if (seen && seen != last) {
+        return Saved::ChangedMeanwhile;
+    }
+    database.Exec(u"UPDATE checkpoint SET x = ?, y = ?, description = ?, mark_id = ?,"
+                  " remark = ?, updated = ? WHERE id = ?"_s,
+                  {edit.position1, edit.position2, edit.description, edit.markId, edit.remark,
+                   by.at, edit.checkpointId});
     database.Exec(u"UPDATE pdf_photo SET mark_id = ? WHERE checkpoint_id = ?"_s,
                   {edit.markId, edit.checkpointId});
     database.Exec(u"DELETE FROM checkpoint_label WHERE checkpoint_id = ?"_s, {edit.checkpointId});
@@ -221,7 +252,7 @@ bool PdfPhotos::UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint64 now
                       {labelId.toInt(), edit.checkpointId});
     }
     transaction.Commit();
-    return true;
+    return Saved::Yes;
 }
 
 std::vector<KX_DATA::LabelEntry> PdfPhotos::UsedLabels() {

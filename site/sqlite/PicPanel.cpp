@@ -111,16 +111,6 @@ bool PlaceComesFirst(const PanelPlace& left, const PanelPlace& right) {
 
 } // namespace
 
-bool HasShownPhotos(const PanelPlace& place) {
-    return std::any_of(place.marks.begin(), place.marks.end(),
-                       [](const PanelMark& mark) { return mark.count > 0; });
-}
-
-bool HasShownPhotos(const PanelFloor& floor) {
-    return std::any_of(floor.places.begin(), floor.places.end(),
-                       [](const PanelPlace& place) { return HasShownPhotos(place); });
-}
-
 std::vector<PanelFloor> PicPanel::Floors(const PanelFilter& filter) {
     FloorsByOrder floors;
     for (const qint32 ppid : DifferentProjects(filter)) {

@@ -3,33 +3,11 @@
 #pragma once
 
 #include "site/PanelFilter.h"
+#include "site/PanelRecords.h"
 
 namespace site {
 
 class Database;
-
-/// Photos of one mark at one place; shown and hidden ones are counted apart.
-struct PanelMark {
-    qint32 markId = 0;
-    qint32 count = 0;           ///< shown photos
-    std::vector<qint32> picIds; ///< of the shown, only under limits; then picIds.size() == count
-    qint32 hidden = 0;
-};
-
-struct PanelPlace {
-    qint32 ppid = 0;
-    QString positionKey; ///< empty on no floor
-    QString posText;
-    std::vector<PanelMark> marks; ///< by mark id
-};
-
-struct PanelFloor {
-    QString name; ///< empty: photos without a floor
-    std::vector<PanelPlace> places;
-};
-
-[[nodiscard]] bool HasShownPhotos(const PanelPlace& place);
-[[nodiscard]] bool HasShownPhotos(const PanelFloor& floor);
 
 /// Operations throw DataError. Thread: the database's.
 class PicPanel final {

@@ -1,5 +1,6 @@
 #include "tests/bulk/BulkSite.h"
 
+#include "site/sqlite/DataFolder.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/ListQuery.h"
 #include "tests/site/TempSite.h"
@@ -50,7 +51,7 @@ std::vector<qint64> PagedIds(const site::ListShape& shape, const site::SortShape
     std::vector<qint64> ids;
     for (qint64 page = 1;; ++page) {
         const site::ListPage found =
-            query.Fetch(shape.kind, filter, {sort.field, descending}, page, 30);
+            query.Fetch(shape.kind, filter, {{sort.field, descending}, page, 30});
         if (found.ids.empty()) {
             EXPECT_EQ(static_cast<qint64>(ids.size()), found.total);
             return ids;
@@ -165,11 +166,11 @@ TEST(ListQuery, ATotalIsCountedAnewWhenAnotherProcessChangesTheData) {
     site::ListQuery query(site.folder.Db());
     site::ListFilter filter;
     filter.ppids = {1};
-    EXPECT_EQ(query.Fetch(site::ListKind::kBimPhotos, filter, {}, 1, 30).total, 50);
+    EXPECT_EQ(query.Fetch(site::ListKind::kBimPhotos, filter, {{}, 1, 30}).total, 50);
     site::DataFolder other(site.folder.Path());
     ASSERT_FALSE(other.Open().has_value());
     other.Db().Exec(u"DELETE FROM bim_photo WHERE id <= 20"_s);
-    EXPECT_EQ(query.Fetch(site::ListKind::kBimPhotos, filter, {}, 1, 30).total, 30);
+    EXPECT_EQ(query.Fetch(site::ListKind::kBimPhotos, filter, {{}, 1, 30}).total, 30);
 }
 
 TEST(BulkSite, TheSameSizeGivesTheSameSite) {

@@ -5,6 +5,7 @@
 #include "host/app/StartUp.h"
 #include "host/session/HostSession.h"
 #include "sample/SampleSite.h"
+#include "site/ICatalogue.h"
 #include "site/sqlite/DataFolder.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/monkey/Faults.h"
@@ -70,13 +71,13 @@ Words ReadWords(const QStringList& arguments) {
 
 /// The sample site, made once; from then on it is copied.
 bool MakeSite(const QString& folder) {
-    site::DataFolder data(folder);
+    const site::OpenedSite data = site::OpenSite(folder);
     QString error;
-    if (const auto fault = data.Open())
-        error = fault->text;
-    else if (site::SiteWriter(data).IsEmpty())
+    if (data.fault)
+        error = data.fault->text;
+    else if (data.site->NewIntake()->IsEmpty())
         static_cast<void>(sample::CreateSampleSite(
-            data, sample::SampleSize::kSmall, [](int, int, const QString&) { return true; },
+            *data.site, sample::SampleSize::kSmall, [](int, int, const QString&) { return true; },
             error));
     if (!error.isEmpty())
         std::fprintf(stderr, "monkey: %s\n", qUtf8Printable(error));
@@ -132,14 +133,14 @@ QString ChangeTransfers(host::HostSession& session, const Deed& deed) {
 bool SignIn(host::HostSession& session, int number) {
     if (number > 0 && host::SignInUser(session, {}).goOn)
         return true;
-    const std::vector<QString> people = session.Tables().People();
+    const std::vector<QString> people = session.Site().Catalogue().People();
     return !people.empty() && session.SignIn(people[size_t(number) % people.size()]);
 }
 
 /// One client from its start to its end.
 bool RunClient(const QString& folder, Monkey& monkey, int number) {
     host::HostSession session;
-    if (const auto fault = session.OpenFolder(folder)) {
+    if (const auto fault = session.Open(folder)) {
         TellFault(fault->text);
         return false;
     }

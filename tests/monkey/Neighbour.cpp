@@ -4,11 +4,13 @@
 #include "site/FloorOrder.h"
 #include "site/blobs/FileStore.h"
 #include "site/sqlite/Bin.h"
+#include "site/sqlite/Catalogue.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/monkey/Faults.h"
 #include "tests/roads/SmallSite.h"
 
+#include <QDateTime>
 #include <QFile>
 
 namespace monkey {
@@ -18,6 +20,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kTime = 1'700'000'000;
+
+site::Signature By() {
+    return {u"李娜"_s, QDateTime::currentSecsSinceEpoch()};
+}
 
 } // namespace
 
@@ -71,15 +77,22 @@ QVariant Neighbour::OneOf(const QString& column, const QString& table, const Dee
                              {deed.Of(1, count)});
 }
 
+site::Projects Neighbour::Projects() {
+    site::Projects projects;
+    for (const site::ProjectEntry& project : site::Catalogue(m_data.Db()).Projects())
+        projects.push_back(project.ppid);
+    return projects;
+}
+
 QString Neighbour::DeletePhoto(const Deed& deed) {
     const qint32 photo = OneOf(u"id"_s, u"bim_photo"_s, deed).toInt();
-    site::Bin(m_data.Db(), m_data.Store()).DeleteBimPhotos({photo}, u"李娜"_s);
+    site::Bin(m_data.Db(), m_data.Store()).DeleteBimPhotos(Projects(), {photo}, By());
     return QString::number(photo);
 }
 
 QString Neighbour::DeleteIssue(const Deed& deed) {
     QString issue = OneOf(u"question_id"_s, u"issue"_s, deed).toString();
-    site::Bin(m_data.Db(), m_data.Store()).DeleteIssues({issue}, u"李娜"_s);
+    site::Bin(m_data.Db(), m_data.Store()).DeleteIssues(Projects(), {issue}, By());
     return issue;
 }
 

@@ -5,6 +5,8 @@
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "sample/SampleSite.h"
+#include "site/ICatalogue.h"
+#include "site/sqlite/DataFolder.h"
 #include "tests/support/WaitFor.h"
 #include "tour/TourDriver.h"
 
@@ -18,7 +20,7 @@ using support::WaitFor;
 
 void ClientOnAFolder::SetUp() {
     site = MakeSmallSite(folder.Path(u"data"_s));
-    ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
+    ASSERT_FALSE(session.Open(folder.Path(u"data"_s)));
     ASSERT_TRUE(session.SignIn(u"张伟"_s));
     Furnish();
     Start();
@@ -34,16 +36,16 @@ void ClientOnAFolder::Start() {
 
 void ClientOnAFolder::StartOnTheSampleSite() {
     {
-        site::DataFolder data(folder.Path(u"data"_s));
-        ASSERT_FALSE(data.Open());
+        const site::OpenedSite data = site::OpenSite(folder.Path(u"data"_s));
+        ASSERT_FALSE(data.fault);
         QString error;
         const auto goOn = [](int, int, const QString&) { return true; };
-        ASSERT_TRUE(sample::CreateSampleSite(data, sample::SampleSize::kSmall, goOn, error))
+        ASSERT_TRUE(sample::CreateSampleSite(*data.site, sample::SampleSize::kSmall, goOn, error))
             << error.toStdString();
     }
-    ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
-    ASSERT_TRUE(session.SignIn(session.Tables().People().front()));
-    ASSERT_TRUE(session.OpenProject(session.Tables().Projects().front().ppid));
+    ASSERT_FALSE(session.Open(folder.Path(u"data"_s)));
+    ASSERT_TRUE(session.SignIn(session.Site().Catalogue().People().front()));
+    ASSERT_TRUE(session.OpenProject(session.Site().Catalogue().Projects().front().ppid));
     Start();
 }
 

@@ -11,12 +11,15 @@
 #include "services/IKXPathMng.h"
 #include "services/IKXView.h"
 #include "services/IVeskPicMng.h"
-#include "site/sqlite/Bin.h"
+#include "site/IBin.h"
 #include "tests/roads/RoadHands.h"
+#include "tests/support/EngineFolder.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
 #include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
+
+#include <QDateTime>
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -47,8 +50,9 @@ TEST_F(ClientOnAFolder, OpensTheFirstProjectWithItsPlan) {
 }
 
 TEST_F(ClientOnAFolder, ThePlanCountsHiddenPhotosApartAndNotThoseOfTheBin) {
-    site::Bin bin(session.Folder()->Db(), session.Folder()->Store());
-    ASSERT_EQ(bin.DeleteBimPhotos({site.photos[0]}, u"张伟"_s), 1);
+    ASSERT_EQ(session.Site().Bin().DeleteBimPhotos({site.firstProject}, {site.photos[0]},
+                                                   {u"张伟"_s, QDateTime::currentSecsSinceEpoch()}),
+              1);
     ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.firstProject, {site.photos[1]}, true));
     const host::FloorPlanModel plan = host::ReadFloorPlan(session);
     const auto place = host::FindPlace(plan, site.positionKey);
@@ -141,8 +145,10 @@ TEST_F(ClientOnAFolder, ALookupOfWhatIsGoneSaysSoWithoutNumbers) {
 }
 
 TEST_F(ClientOnAFolder, ALookupOnADrawingNamesTheDrawingAndTheNumberOfItsCheckpoint) {
-    const int point =
-        session.Folder()->Db().Value(u"SELECT id FROM checkpoint WHERE number = 1"_s).toInt();
+    const int point = support::FolderOf(session)
+                          .Db()
+                          .Value(u"SELECT id FROM checkpoint WHERE number = 1"_s)
+                          .toInt();
     toolkit::PostWindowEvent(client->Window()->Id(), ZelvorNRQ_KXVeskPicture::WM_VESK_PDF_LOCATE, 3,
                              quintptr(point));
     const QWidget* status = client->Window()->findChild<QWidget*>(u"mainStatus"_s);
@@ -205,7 +211,7 @@ TEST_F(ClientOnAFolder, AnotherProjectTakesTheFlagsOfTheFirstOneAlong) {
 }
 
 TEST_F(ClientOnAFolder, AFailedQueryIsToldInTheMessageBar) {
-    session.Folder()->Db().Exec(u"DROP TABLE bim_photo"_s);
+    support::FolderOf(session).Db().Exec(u"DROP TABLE bim_photo"_s);
     ASSERT_TRUE(Press(Qt::Key_1));
     EXPECT_TRUE(WaitFor([this] { return !Messages().isEmpty(); }));
     // The console told the person in its own way, and stays open.

@@ -66,11 +66,11 @@ protected:
     void End() {
         client->Stop();
         client.reset();
-        session.CloseFolder();
+        session.Close();
         support::RunPendingEvents();
     }
     void StartAgain() {
-        ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
+        ASSERT_FALSE(session.Open(folder.Path(u"data"_s)));
         ASSERT_TRUE(session.SignIn(u"张伟"_s));
         Start();
     }

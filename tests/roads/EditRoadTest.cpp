@@ -8,6 +8,7 @@
 #include "site/sqlite/SiteWriter.h"
 #include "tests/roads/OtherClient.h"
 #include "tests/roads/RoadHands.h"
+#include "tests/support/EngineFolder.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
@@ -31,7 +32,7 @@ class EditRoad : public ClientOnAFolder {
 protected:
     void SetUp() override {
         ClientOnAFolder::SetUp();
-        site::SiteWriter(*session.Folder()).AddLabel(u"渗漏"_s);
+        site::SiteWriter(support::FolderOf(session)).AddLabel(u"渗漏"_s);
         ASSERT_TRUE(Press(Qt::Key_1));
         ASSERT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 5; }));
     }

@@ -4,6 +4,7 @@
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/roads/PhotoRoad.h"
+#include "tests/support/EngineFolder.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
 #include "tour/TourDriver.h"
@@ -30,7 +31,7 @@ protected:
     }
     /// Latest of all, so that the others stand behind them.
     void FilePageOfPhotos() const {
-        site::SiteWriter writer(*session.Folder());
+        site::SiteWriter writer(support::FolderOf(session));
         writer.BeginBatch();
         for (int number = 0; number < 30; ++number) {
             site::NewBimPhoto photo;

@@ -17,10 +17,12 @@
 #include "services/IProjCacheMng.h"
 #include "services/ITNQuestionMng.h"
 #include "services/IVeskPicMng.h"
+#include "site/ICatalogue.h"
 #include "site/sqlite/Bin.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/roads/RecordingPictures.h"
 #include "tests/roads/SmallSite.h"
+#include "tests/support/EngineFolder.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
 
@@ -43,7 +45,7 @@ class MarksOfAFolder : public testing::Test {
 protected:
     void SetUp() override {
         site = MakeSmallSite(folder.Path(u"data"_s));
-        ASSERT_FALSE(session.OpenFolder(folder.Path(u"data"_s)));
+        ASSERT_FALSE(session.Open(folder.Path(u"data"_s)));
         ASSERT_TRUE(session.SignIn(u"张伟"_s));
         ASSERT_TRUE(session.OpenProject(site.firstProject));
         AddMorePhotos();
@@ -74,7 +76,7 @@ protected:
         support::RunPendingEvents();
     }
     void AddMorePhotos() {
-        site::SiteWriter writer(*session.Folder());
+        site::SiteWriter writer(support::FolderOf(session));
         writer.AddMark(2, u"安全"_s, 0x00FF00);
         upperKey = writer.FindPosition(site.firstProject, u"1"_s, u"1"_s, u"A"_s);
         lastPhoto = Add(writer, upperKey, 2, 1'700'000'000);
@@ -94,7 +96,7 @@ protected:
 
     /// On floor 1 at 2-B, with the first mark.
     void FileIssue(const QString& questionId, const QString& theme, qint64 time) {
-        site::SiteWriter writer(*session.Folder());
+        site::SiteWriter writer(support::FolderOf(session));
         site::NewIssue issue;
         issue.ppid = site.firstProject;
         issue.questionId = questionId;
@@ -227,7 +229,7 @@ TEST_F(MarksOfAFolder, WhatIsNotDisplayedCannotBeLocatedAndStaysTicked) {
 
 TEST_F(MarksOfAFolder, CountsFollowEachChangeOfAPhoto) {
     const qint32 ppid = site.firstProject;
-    site::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(support::FolderOf(session));
     Add(writer, site.positionKey, 1, 1'700'000'100);
     flow->Reload(MarkKind::kPhotos);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 6);
@@ -256,7 +258,7 @@ TEST_F(MarksOfAFolder, AReloadKeepsTicksAndReadsNothingWhereNothingHasChanged) {
                      [&] { ++changes; });
     flow->Reload(MarkKind::kPhotos);
     EXPECT_EQ(changes, 0);
-    site::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(support::FolderOf(session));
     Add(writer, site.positionKey, 1, 1'700'000'100);
     flow->Reload(MarkKind::kPhotos);
     EXPECT_GT(changes, 0);
@@ -325,7 +327,7 @@ TEST_F(MarksOfAFolder, TheStateIsKeptForEachPerson) {
 }
 
 TEST_F(MarksOfAFolder, AWorksetShowsTheFloorsAndFlagsOfAllItsProjects) {
-    site::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(support::FolderOf(session));
     const QString key = writer.FindPosition(site.secondProject, u"-1"_s, u"2"_s, u"B"_s);
     site::NewBimPhoto photo;
     photo.ppid = site.secondProject;
@@ -335,7 +337,7 @@ TEST_F(MarksOfAFolder, AWorksetShowsTheFloorsAndFlagsOfAllItsProjects) {
     photo.uploader = u"张伟"_s;
     photo.uploadTime = 1'700'000'000;
     writer.FilePhoto(photo, {{}, JpegBytes(qRgb(9, 9, 9))});
-    ASSERT_TRUE(session.OpenWorkset(session.Tables().Worksets().front().id));
+    ASSERT_TRUE(session.OpenWorkset(session.Site().Catalogue().Worksets().front().id));
     OpenPlan();
     EXPECT_EQ(Plan().Model().floors.size(), 5U);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 5);
@@ -384,7 +386,7 @@ TEST_F(MarksOfAFolder, TheMenuOfAFlagHasAPhotoEditedByWhoMay) {
     editing->actions()[1]->trigger();
     EXPECT_EQ(pictures->calls,
               QStringList{u"EditBimPic %1 %2"_s.arg(site.firstProject).arg(site.photos[3])});
-    site::SiteWriter(*session.Folder()).AddUser(u"王监理"_s, {});
+    site::SiteWriter(support::FolderOf(session)).AddUser(u"王监理"_s, {});
     ASSERT_TRUE(session.SignIn(u"王监理"_s));
     ASSERT_TRUE(session.OpenProject(site.firstProject));
     EXPECT_FALSE(Texts(Menu(request).Menu()).contains(u"编辑照片"_s));
@@ -410,13 +412,13 @@ TEST_F(MarksOfAFolder, TheMenuOfAPlaceHasAMenuForEachOfItsFlags) {
 
 TEST_F(MarksOfAFolder, APhotoThatCannotBeReadIsNotOffered) {
     const host::MarkFlag flag = Plan().Flags().front().flag;
-    session.Folder()->Db().Exec(u"ALTER TABLE bim_photo RENAME TO moved"_s);
+    support::FolderOf(session).Db().Exec(u"ALTER TABLE bim_photo RENAME TO moved"_s);
     host::FlagMenu menu = Menu({{flag}, {}, {}, {}});
     EXPECT_TRUE(Texts(menu.Menu()).contains(u"读不到照片，请刷新后再试"_s));
 }
 
 TEST_F(MarksOfAFolder, OfVeryManyPhotosTheLatestAreNamed) {
-    site::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(support::FolderOf(session));
     writer.BeginBatch();
     for (int more = 0; more < 30; ++more)
         Add(writer, upperKey, 2, 1'700'001'000 + more);
@@ -436,7 +438,7 @@ TEST_F(MarksOfAFolder, IssuesHaveFlagsAreTickedAndLocated) {
     EXPECT_EQ(pane.CurrentFloor(), u"1"_s);
     ASSERT_NE(Plan().Chosen(), nullptr);
     EXPECT_EQ(Plan().Chosen()->positionKey,
-              site::SiteWriter(*session.Folder())
+              site::SiteWriter(support::FolderOf(session))
                   .FindPosition(site.firstProject, u"1"_s, u"2"_s, u"B"_s));
     EXPECT_TRUE(Plan().Blink().IsLit());
     host::MarkTreeModel& model = Page(MarkKind::kIssues).Model();
@@ -578,8 +580,8 @@ TEST_F(MarksOfAFolder, ThePhotosArePaintedBeforeTheIssuesAreRead) {
 TEST_F(MarksOfAFolder, AFailedReadLeavesNoFlagsAndSaysSo) {
     QStringList messages;
     session.SetMessageSink([&](host::MessageLevel, const QString& text) { messages << text; });
-    session.Folder()->Db().Exec(u"DROP TABLE bim_place_tally"_s);
-    session.Tables().SetSetting(u"anything"_s, u"changed"_s);
+    support::FolderOf(session).Db().Exec(u"DROP TABLE bim_place_tally"_s);
+    session.Site().Catalogue().SetSetting(u"anything"_s, u"changed"_s);
     flow->Reload(MarkKind::kPhotos);
     EXPECT_FALSE(messages.isEmpty());
     EXPECT_EQ(FlagCount(site.positionKey, 1), 0);

@@ -2,9 +2,11 @@
 
 #include "site/FloorOrder.h"
 #include "site/sqlite/BimPhotos.h"
-#include "site/sqlite/Bin.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SiteWriter.h"
+#include "site/sqlite/SqliteSite.h"
+
+#include <QDateTime>
 
 #include <gtest/gtest.h>
 
@@ -19,8 +21,12 @@ OtherClient::OtherClient(const QString& dataFolder) : data(dataFolder) {
 }
 
 void OtherClient::DeletePhotos(const std::vector<qint32>& picIds) {
-    EXPECT_EQ(site::Bin(data.Db(), data.Store()).DeleteBimPhotos(picIds, u"李娜"_s),
-              int(picIds.size()));
+    site::SqliteSite engine(data);
+    site::Projects projects;
+    for (const site::ProjectEntry& project : engine.Catalogue().Projects())
+        projects.push_back(project.ppid);
+    const site::Signature by{u"李娜"_s, QDateTime::currentSecsSinceEpoch()};
+    EXPECT_EQ(engine.Bin().DeleteBimPhotos(projects, picIds, by), int(picIds.size()));
 }
 
 void OtherClient::RenameFloor(qint32 ppid, const QString& from, const QString& to) {
@@ -34,7 +40,7 @@ void OtherClient::RenameFloor(qint32 ppid, const QString& from, const QString& t
 
 KX_DATA::BimPicDetail OtherClient::Photo(qint32 ppid, qint32 picId) {
     KX_DATA::BimPicDetail detail;
-    static_cast<void>(site::BimPhotos(data.Db()).Detail(ppid, picId, detail));
+    static_cast<void>(site::SqliteSite(data).BimPhotos().Detail(ppid, picId, detail));
     return detail;
 }
 

@@ -8,11 +8,14 @@
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
 #include "site/FloorOrder.h"
-#include "site/sqlite/Bin.h"
+#include "site/IBin.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/roads/ClientFixture.h"
+#include "tests/support/EngineFolder.h"
 #include "tests/support/WaitFor.h"
 #include "tour/TourDriver.h"
+
+#include <QDateTime>
 
 #include <QLabel>
 #include <QListWidget>
@@ -30,7 +33,7 @@ protected:
     /// The photos that aren't deleted, as the database has them.
     PhotoCount InDatabase(const QString& condition, const QVariantList& values) {
         PhotoCount count;
-        session.Folder()->Db().ForEach(
+        support::FolderOf(session).Db().ForEach(
             u"SELECT status, count(*) FROM bim_photo WHERE ppid IN (%1) AND %2 GROUP BY status"_s
                 .arg(OpenProjects(), condition),
             values, [&](const site::Statement& row) {
@@ -124,7 +127,7 @@ protected:
 class OneNumberOfAnOddSite : public OneNumber {
 protected:
     void Furnish() override {
-        site::SiteWriter writer(*session.Folder());
+        site::SiteWriter writer(support::FolderOf(session));
         writer.AddMark(2, u"安全"_s, 0x00FF00);
         for (int more = 0; more < 4; ++more)
             odd.push_back(Add(writer, site.firstProject, u"-1"_s, 2));
@@ -132,7 +135,7 @@ protected:
         Add(writer, site.secondProject, u"1"_s, 1);
         for (int more = 0; more < 3; ++more)
             nowhere.push_back(Add(writer, site.firstProject, {}, 1));
-        site::Database& db = session.Folder()->Db();
+        site::Database& db = support::FolderOf(session).Db();
         db.Exec(u"UPDATE position SET valid = 0 WHERE position_key = ?"_s,
                 {writer.FindPosition(site.firstProject, u"-1"_s, u"1"_s, u"A"_s)});
         db.Exec(u"UPDATE bim_photo SET position_key = 'lost' WHERE id = ?"_s, {odd[0]});
@@ -140,8 +143,10 @@ protected:
                 {site::FloorSortKey(u"7"_s), odd[1]});
         ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(
             site.firstProject, {site.photos[0], odd[2], upper, nowhere[0]}, true));
-        site::Bin bin(db, session.Folder()->Store());
-        ASSERT_EQ(bin.DeleteBimPhotos({site.photos[1]}, u"张伟"_s), 1);
+        site::IBin& bin = session.Site().Bin();
+        ASSERT_EQ(bin.DeleteBimPhotos({site.firstProject}, {site.photos[1]},
+                                      {u"张伟"_s, QDateTime::currentSecsSinceEpoch()}),
+                  1);
     }
     qint32 Add(site::SiteWriter& writer, qint32 ppid, const QString& floor, qint32 mark) {
         site::NewBimPhoto photo;
@@ -187,8 +192,10 @@ TEST_F(OneNumberOfAnOddSite, IsSaidOfSeveralProjectsAtOnce) {
 TEST_F(OneNumberOfAnOddSite, StaysOneAfterHidingDeletingAndBringingBack) {
     ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.firstProject, {upper, nowhere[0]}, false));
     ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.firstProject, site.photos, true));
-    site::Bin bin(session.Folder()->Db(), session.Folder()->Store());
-    ASSERT_EQ(bin.DeleteBimPhotos({odd[3], nowhere[1]}, u"张伟"_s), 2);
+    site::IBin& bin = session.Site().Bin();
+    ASSERT_EQ(bin.DeleteBimPhotos({site.firstProject}, {odd[3], nowhere[1]},
+                                  {u"张伟"_s, QDateTime::currentSecsSinceEpoch()}),
+              2);
     ASSERT_EQ(bin.Restore({bin.List().back().id}), 1);
     ASSERT_TRUE(support::WaitFor(
         [this] { return tour::PressKey(client->Window(), Qt::Key_F5, Qt::NoModifier); }));

@@ -2,6 +2,7 @@
 
 #include "host/ui/MainWindow.h"
 #include "site/sqlite/SiteWriter.h"
+#include "tests/support/EngineFolder.h"
 #include "tests/support/HastyClock.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
@@ -78,12 +79,12 @@ void PhotoRoad::End() {
     if (client)
         client->Stop();
     client.reset();
-    session.CloseFolder();
+    session.Close();
     support::RunPendingEvents();
 }
 
 void PhotoRoad::Furnish() {
-    site::SiteWriter writer(*session.Folder());
+    site::SiteWriter writer(support::FolderOf(session));
     writer.AddMark(2, u"安全"_s, 0x00FF00);
     cornerKey = writer.FindPosition(site.firstProject, u"-1"_s, u"1"_s, u"A"_s);
     upstairsKey = writer.FindPosition(site.firstProject, u"1"_s, u"1"_s, u"A"_s);

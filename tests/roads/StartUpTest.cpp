@@ -1,6 +1,7 @@
 #include "host/app/StartUp.h"
 
 #include "host/session/HostSession.h"
+#include "site/ICatalogue.h"
 #include "tests/roads/SmallSite.h"
 #include "tests/support/TempFolder.h"
 
@@ -30,7 +31,7 @@ TEST_F(StartUp, AFolderThatIsAFileIsToldAndNothingIsOpen) {
     const host::StartResult result = host::OpenSite(session, line);
     EXPECT_FALSE(result.goOn);
     EXPECT_TRUE(result.fault.contains(line.dataFolder)) << result.fault.toStdString();
-    EXPECT_EQ(session.Folder(), nullptr);
+    EXPECT_FALSE(session.IsOpen());
 }
 
 TEST_F(StartUp, ADamagedDatabaseIsTold) {
@@ -47,7 +48,7 @@ TEST_F(StartUp, TheUserOfTheCommandLineIsSignedInAndRemembered) {
     ASSERT_TRUE(host::OpenSite(session, line).goOn);
     ASSERT_TRUE(host::SignInUser(session, line).goOn);
     EXPECT_EQ(session.UserName(), u"李娜"_s);
-    EXPECT_EQ(session.Tables().Setting(u"lastUser"_s), u"李娜"_s);
+    EXPECT_EQ(session.Site().Catalogue().Setting(u"lastUser"_s), u"李娜"_s);
 }
 
 TEST_F(StartUp, AnUnknownUserIsToldWhoIsKnown) {
@@ -74,7 +75,7 @@ TEST_F(StartUp, ASecondSessionOnTheSameFolderWorksToo) {
     ASSERT_TRUE(host::OpenSite(session, line).goOn);
     host::HostSession second;
     EXPECT_TRUE(host::OpenSite(second, line).goOn);
-    EXPECT_EQ(second.Tables().Projects().size(), 2U);
+    EXPECT_EQ(second.Site().Catalogue().Projects().size(), 2U);
 }
 
 } // namespace

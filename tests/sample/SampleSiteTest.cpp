@@ -4,6 +4,8 @@
 #include "site/sqlite/Catalogue.h"
 #include "site/sqlite/DataFolder.h"
 #include "site/sqlite/Database.h"
+#include "site/sqlite/SiteWriter.h"
+#include "site/sqlite/SqliteSite.h"
 #include "tests/sample/SampleChild.h"
 
 #include <QCoreApplication>
@@ -36,7 +38,8 @@ struct EmptySite {
     EmptySite() : folder(dir.path() + u"/site"_s) { EXPECT_FALSE(folder.Open().has_value()); }
 
     [[nodiscard]] bool Create(const sample::SampleProgress& progress = {}) {
-        return sample::CreateSampleSite(folder, SampleSize::kSmall, progress, error);
+        site::SqliteSite site(folder);
+        return sample::CreateSampleSite(site, SampleSize::kSmall, progress, error);
     }
     [[nodiscard]] int Count(const QString& table) const {
         return folder.Db().Value(u"SELECT count(*) FROM "_s + table).toInt();
@@ -91,8 +94,9 @@ std::optional<int> RunAsChild(const QStringList& words) {
         return 3;
     }
     QString error;
+    site::SqliteSite target(folder);
     const bool made = sample::CreateSampleSite(
-        folder, SampleSize::kSmall,
+        target, SampleSize::kSmall,
         [&](int done, int, const QString&) {
             if (done >= words[3].toInt()) {
                 kill(getpid(), SIGKILL);
@@ -201,7 +205,8 @@ TEST(SampleSite, ASiteThatExistsStaysAsItIs) {
 
 TEST(SampleSite, NoSiteIsMadeForNone) {
     EmptySite site;
-    EXPECT_TRUE(sample::CreateSampleSite(site.folder, SampleSize::kNone, {}, site.error));
+    site::SqliteSite target(site.folder);
+    EXPECT_TRUE(sample::CreateSampleSite(target, SampleSize::kNone, {}, site.error));
     site.ExpectNothing();
 }
 

@@ -5,6 +5,7 @@
 #include "site/sqlite/Database.h"
 #include "site/sqlite/Issues.h"
 #include "site/sqlite/ListQuery.h"
+#include "site/sqlite/SqliteSite.h"
 #include "tests/site/TempSite.h"
 
 #include <QDateTime>
@@ -17,6 +18,8 @@ using namespace Qt::StringLiterals;
 using hosttest::TempSite;
 
 namespace {
+
+const qint64 kNow = QDateTime::currentSecsSinceEpoch();
 
 class BinSite : public TempSite {
 public:
@@ -38,7 +41,7 @@ public:
         ListFilter filter;
         filter.ppids = {ppid};
         filter.keyword = keyword;
-        return ListQuery(folder.Db()).Fetch(ListKind::kBimPhotos, filter, {}, 1, 30).total;
+        return ListQuery(folder.Db()).Fetch(ListKind::kBimPhotos, filter, {{}, 1, 30}).total;
     }
 
     void Reconcile() {
@@ -48,7 +51,7 @@ public:
     }
     /// The entry of the photo, changed in the table as a damaged or a later client's.
     [[nodiscard]] qint64 DeletedAs(const QString& column, const QVariant& value) {
-        bin.DeleteBimPhotos({picId}, u"li"_s);
+        bin.DeleteBimPhotos({ppid}, {picId}, {u"li"_s, kNow});
         folder.Db().Exec(u"UPDATE bin SET %1 = ?"_s.arg(column), {value});
         return bin.List().front().id;
     }
@@ -77,7 +80,7 @@ public:
 TEST(Bin, ADeletedPhotoIsNeitherListedNorFoundNorInTheStore) {
     BinSite site;
     ASSERT_EQ(site.Hits(u"空鼓"_s), 1);
-    EXPECT_EQ(site.bin.DeleteBimPhotos({site.picId}, u"li"_s), 1);
+    EXPECT_EQ(site.bin.DeleteBimPhotos({site.ppid}, {site.picId}, {u"li"_s, kNow}), 1);
     EXPECT_EQ(site.Hits(u"空鼓"_s), 0);
     EXPECT_EQ(site.Hits({}), 0);
     EXPECT_EQ(site.Count(u"file"_s), 0);
@@ -87,7 +90,7 @@ TEST(Bin, ADeletedPhotoIsNeitherListedNorFoundNorInTheStore) {
 
 TEST(Bin, ARestoredPhotoIsFoundAgainUnderItsOldId) {
     BinSite site;
-    site.bin.DeleteBimPhotos({site.picId}, u"li"_s);
+    site.bin.DeleteBimPhotos({site.ppid}, {site.picId}, {u"li"_s, kNow});
     site.bin.Restore({site.bin.List().front().id});
     EXPECT_EQ(site.Hits(u"空鼓"_s), 1);
     EXPECT_EQ(site.folder.Db().Value(u"SELECT id FROM bim_photo"_s).toInt(), site.picId);
@@ -98,7 +101,7 @@ TEST(Bin, ARestoredPhotoIsFoundAgainUnderItsOldId) {
 
 TEST(Bin, TheIdOfADeletedPhotoIsNotGivenAgain) {
     BinSite site;
-    site.bin.DeleteBimPhotos({site.picId}, u"li"_s);
+    site.bin.DeleteBimPhotos({site.ppid}, {site.picId}, {u"li"_s, kNow});
     NewBimPhoto photo;
     photo.ppid = site.ppid;
     photo.fileName = u"b.jpg"_s;
@@ -107,10 +110,10 @@ TEST(Bin, TheIdOfADeletedPhotoIsNotGivenAgain) {
 
 TEST(Bin, EntriesPastThirtyDaysGoAtTheNextOpening) {
     BinSite site;
-    site.bin.DeleteBimPhotos({site.picId}, u"li"_s);
+    site.bin.DeleteBimPhotos({site.ppid}, {site.picId}, {u"li"_s, kNow});
     const qint64 now = QDateTime::currentSecsSinceEpoch();
     site.folder.Db().Exec(u"UPDATE bin SET deleted_at = ?"_s, {now - kBinSeconds + 60});
-    site.bin.PurgeOld();
+    site.bin.PurgeOld(kNow);
     EXPECT_EQ(site.bin.List().size(), 1u);
     site.folder.Db().Exec(u"UPDATE bin SET deleted_at = ?"_s, {now - kBinSeconds - 60});
     site.folder.Close();
@@ -122,7 +125,7 @@ TEST(Bin, EntriesPastThirtyDaysGoAtTheNextOpening) {
 TEST(Bin, FilesThatACrashLeftInTheWrongPlaceFollowTheirRows) {
     BinSite site;
     const QString uuid = site.folder.Db().Value(u"SELECT file_uuid FROM bim_photo"_s).toString();
-    site.bin.DeleteBimPhotos({site.picId}, u"li"_s);
+    site.bin.DeleteBimPhotos({site.ppid}, {site.picId}, {u"li"_s, kNow});
     site.folder.Store().MoveFromBin(uuid); // as if the process had died after the commit
     site.Reconcile();
     EXPECT_FALSE(site.folder.Store().Has(uuid));
@@ -164,7 +167,7 @@ TEST(Bin, NamesFromAnEntryNeverReachAStatementUnchecked) {
     };
     for (const auto& [from, to] : crafts) {
         BinSite site;
-        site.bin.DeleteBimPhotos({site.picId}, u"li"_s);
+        site.bin.DeleteBimPhotos({site.ppid}, {site.picId}, {u"li"_s, kNow});
         QString content = site.folder.Db().Value(u"SELECT content FROM bin"_s).toString();
         ASSERT_TRUE(content.contains(from)) << content.toStdString();
         site.folder.Db().Exec(u"UPDATE bin SET content = ?"_s, {content.replace(from, to)});
@@ -198,7 +201,7 @@ TEST(Bin, AFileThatCannotBeMovedIsToldAndStays) {
     QFile inTheWay(site.folder.BinPath());
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     const QString uuid = site.folder.Db().Value(u"SELECT file_uuid FROM bim_photo"_s).toString();
-    EXPECT_EQ(site.bin.DeleteBimPhotos({site.picId}, u"li"_s), 1);
+    EXPECT_EQ(site.bin.DeleteBimPhotos({site.ppid}, {site.picId}, {u"li"_s, kNow}), 1);
     EXPECT_TRUE(site.folder.Store().Has(uuid));
     ASSERT_EQ(told.size(), 2) << "picture and note";
     EXPECT_TRUE(told.join(u' ').contains(uuid)) << told[0].toStdString();
@@ -216,8 +219,8 @@ TEST(Bin, DrawingPhotosOfAnotherProjectStay) {
     photo.checkpointId = writer.AddCheckpoint(point);
     photo.fileName = u"p.jpg"_s;
     const qint32 picId = writer.FilePdfPhoto(photo, {{}, "x"});
-    EXPECT_EQ(site.bin.DeletePdfPhotos(site.ppid + 1, {picId}, u"li"_s), 0);
-    EXPECT_EQ(site.bin.DeletePdfPhotos(site.ppid, {picId}, u"li"_s), 1);
+    EXPECT_EQ(site.bin.DeletePdfPhotos(site.ppid + 1, {picId}, {u"li"_s, kNow}), 0);
+    EXPECT_EQ(site.bin.DeletePdfPhotos(site.ppid, {picId}, {u"li"_s, kNow}), 1);
     EXPECT_EQ(site.bin.Restore({site.bin.List().front().id}), 1);
     EXPECT_EQ(site.Count(u"pdf_photo"_s), 1);
 }
@@ -235,14 +238,14 @@ TEST(Bin, AnIssueComesBackWithPicturesAndRectification) {
     writer.FileIssuePic({questionId, true, u"b.jpg"_s, u"li"_s, 1}, {{}, "two"}, {{}, "small"});
     const qint64 files = site.Count(u"file"_s);
 
-    EXPECT_EQ(site.bin.DeleteIssues({questionId}, u"li"_s), 1);
+    EXPECT_EQ(site.bin.DeleteIssues({site.ppid}, {questionId}, {u"li"_s, kNow}), 1);
     EXPECT_EQ(site.Count(u"issue_pic"_s) + site.Count(u"rectification"_s), 0);
     EXPECT_EQ(site.bin.List().front().title, u"裂缝"_s);
     EXPECT_EQ(site.bin.Restore({site.bin.List().front().id}), 1);
 
     EXPECT_EQ(site.Count(u"file"_s), files);
     KX_DATA::RectifyRecord record;
-    ASSERT_TRUE(Issues(site.folder.Db()).Rectification(questionId, record));
+    ASSERT_TRUE(SqliteSite(site.folder).Issues().Rectification({site.ppid}, questionId, record));
     EXPECT_EQ(record.rectifyText, u"已修补"_s);
     ASSERT_EQ(record.pics.size(), 1u);
     EXPECT_NE(record.pics[0].fileMd5, record.pics[0].thumbMd5);
@@ -252,7 +255,7 @@ TEST(Bin, UnknownEntriesArePassedOver) {
     BinSite site;
     EXPECT_EQ(site.bin.Restore({4711}), 0);
     site.bin.Purge({4711});
-    EXPECT_EQ(site.bin.DeleteIssues({u"nothing"_s}, u"li"_s), 0);
+    EXPECT_EQ(site.bin.DeleteIssues({site.ppid}, {u"nothing"_s}, {u"li"_s, kNow}), 0);
     EXPECT_TRUE(site.bin.List().empty());
 }
 

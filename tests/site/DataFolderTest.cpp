@@ -164,7 +164,7 @@ TEST(DataFolder, ASecondOpeningOfTheSameFolderSeesTheChangesOfTheFirst) {
     TempSite site;
     DataFolder second(site.folder.Path());
     ASSERT_FALSE(second.Open().has_value());
-    const Database::Stamp before = second.Db().ChangeStamp();
+    const Stamp before = second.Db().ChangeStamp();
     EXPECT_EQ(second.Db().ChangeStamp(), before);
     SiteWriter(site.folder).AddProject(u"一号楼"_s);
     EXPECT_NE(second.Db().ChangeStamp(), before);

@@ -6,6 +6,7 @@
 #include "site/sqlite/Database.h"
 #include "site/sqlite/Migrations.h"
 #include "site/sqlite/PicPanel.h"
+#include "site/sqlite/SqliteSite.h"
 #include "tests/bulk/BulkSite.h"
 #include "tests/site/TempSite.h"
 
@@ -130,7 +131,8 @@ TEST(PlaceTally, CountsAPhotoAsSoonAsItIsFiled) {
 
 TEST(PlaceTally, AHiddenPhotoIsCountedApartAndOneShownAgainWithTheOthers) {
     TallySite site;
-    BimPhotos photos(site.folder.Db());
+    SqliteSite engine(site.folder);
+    IBimPhotos& photos = engine.BimPhotos();
     photos.SetStatus(site.ppid, {site.ids[0], site.ids[3]}, 1);
     EXPECT_EQ(site.CountAt(u"two"_s), 2);
     EXPECT_EQ(site.HiddenAt(u"two"_s), 1);
@@ -145,7 +147,7 @@ TEST(PlaceTally, AHiddenPhotoIsCountedApartAndOneShownAgainWithTheOthers) {
 TEST(PlaceTally, ThePlaceGoesWithItsLastPhotoAndComesBackOutOfTheBin) {
     TallySite site;
     Bin bin(site.folder.Db(), site.folder.Store());
-    ASSERT_EQ(bin.DeleteBimPhotos({site.ids[3]}, u"li"_s), 1);
+    ASSERT_EQ(bin.DeleteBimPhotos({site.ppid}, {site.ids[3]}, {u"li"_s, 1800000000}), 1);
     EXPECT_EQ(
         site.folder.Db().Value(u"SELECT count(*) FROM %1 WHERE floor = '-1'"_s.arg(kTally)).toInt(),
         0);
@@ -156,38 +158,39 @@ TEST(PlaceTally, ThePlaceGoesWithItsLastPhotoAndComesBackOutOfTheBin) {
 
 TEST(PlaceTally, AnEditMovesThePhotoToItsNewMarkAndPlace) {
     TallySite site;
-    BimPhotos photos(site.folder.Db());
+    SqliteSite engine(site.folder);
+    IBimPhotos& photos = engine.BimPhotos();
     KX_DATA::BimPicUpdate update;
     update.picId = site.ids[0];
     update.fileName = u"b.jpg"_s;
     update.positionKey = u"low"_s;
     update.markId = 7;
-    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000000));
+    ASSERT_EQ(photos.Update(site.ppid, update, {u"li"_s, 1800000000}), Saved::Yes);
     EXPECT_EQ(site.CountAt(u"two"_s), 2);
     EXPECT_EQ(site.CountAt(u"low"_s, 7), 1);
     update.status = 1;
-    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000001));
+    ASSERT_EQ(photos.Update(site.ppid, update, {u"li"_s, 1800000001}), Saved::Yes);
     EXPECT_EQ(site.CountAt(u"low"_s, 7), 0);
     EXPECT_EQ(site.HiddenAt(u"low"_s, 7), 1);
     ExpectTallyIsRight(site.folder.Db());
     update.positionKey = u"two"_s;
     update.markId = 8;
-    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000001));
+    ASSERT_EQ(photos.Update(site.ppid, update, {u"li"_s, 1800000001}), Saved::Yes);
     EXPECT_EQ(site.HiddenAt(u"low"_s, 7), 0);
     EXPECT_EQ(site.HiddenAt(u"two"_s, 8), 1);
     update.markId = 7;
     update.status = 0;
     update.positionKey.clear();
-    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000002));
+    ASSERT_EQ(photos.Update(site.ppid, update, {u"li"_s, 1800000002}), Saved::Yes);
     EXPECT_EQ(site.CountAt(QString(), 7), 1);
     ExpectTallyIsRight(site.folder.Db());
 }
 
 TEST(PlaceTally, AHiddenPhotoGoesWithItsDeletionAndComesBackHidden) {
     TallySite site;
-    BimPhotos(site.folder.Db()).SetStatus(site.ppid, {site.ids[3]}, 1);
+    SqliteSite(site.folder).BimPhotos().SetStatus(site.ppid, {site.ids[3]}, 1);
     Bin bin(site.folder.Db(), site.folder.Store());
-    ASSERT_EQ(bin.DeleteBimPhotos({site.ids[3]}, u"li"_s), 1);
+    ASSERT_EQ(bin.DeleteBimPhotos({site.ppid}, {site.ids[3]}, {u"li"_s, 1800000000}), 1);
     EXPECT_EQ(site.HiddenAt(u"low"_s), 0);
     ExpectTallyIsRight(site.folder.Db());
     ASSERT_EQ(bin.Restore({bin.List().front().id}), 1);
@@ -199,7 +202,7 @@ TEST(PlaceTally, AChangeThatIsUndoneLeavesTheCounts) {
     TallySite site;
     {
         Transaction transaction(site.folder.Db());
-        BimPhotos(site.folder.Db()).SetStatus(site.ppid, {site.ids[0]}, 1);
+        SqliteSite(site.folder).BimPhotos().SetStatus(site.ppid, {site.ids[0]}, 1);
     }
     EXPECT_EQ(site.CountAt(u"two"_s), 3);
     ExpectTallyIsRight(site.folder.Db());
@@ -279,7 +282,9 @@ TEST(PicPanelFloors, CountedByTheTableAndByLookingAtThePhotosAreTheSame) {
 
 TEST(PicPanelFloors, HiddenPhotosAreCountedApartAndLikeTheOthersWithinTheLimits) {
     TallySite site;
-    BimPhotos(site.folder.Db()).SetStatus(site.ppid, {site.ids[0], site.ids[3], site.ids[4]}, 1);
+    SqliteSite(site.folder)
+        .BimPhotos()
+        .SetStatus(site.ppid, {site.ids[0], site.ids[3], site.ids[4]}, 1);
     PicPanel panel(site.folder.Db());
     const auto floors = panel.Floors({{site.ppid}, {}, false, 0, 0});
     ASSERT_EQ(floors.size(), 3U);
@@ -298,13 +303,14 @@ TEST(PicPanelFloors, HiddenPhotosAreCountedApartAndLikeTheOthersWithinTheLimits)
 
 TEST(PicPanelFloors, UnderLimitsAMarkHasItsPhotosByTheirLastChange) {
     TallySite site;
-    BimPhotos photos(site.folder.Db());
+    SqliteSite engine(site.folder);
+    IBimPhotos& photos = engine.BimPhotos();
     KX_DATA::BimPicUpdate update;
     update.picId = site.ids[1];
     update.fileName = u"b.jpg"_s;
     update.positionKey = u"two"_s;
     update.markId = 1;
-    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000000));
+    ASSERT_EQ(photos.Update(site.ppid, update, {u"li"_s, 1800000000}), Saved::Yes);
     PicPanel panel(site.folder.Db());
     PanelFilter filter{{site.ppid}, {}, true, 1700000000, 1800000000};
     const auto everything = panel.Floors(filter);
@@ -320,13 +326,14 @@ TEST(PicPanelFloors, UnderLimitsAMarkHasItsPhotosByTheirLastChange) {
 
 TEST(PicPanelFloors, APersonHasThePhotosThatThePersonChangedLast) {
     TallySite site;
-    BimPhotos photos(site.folder.Db());
+    SqliteSite engine(site.folder);
+    IBimPhotos& photos = engine.BimPhotos();
     KX_DATA::BimPicUpdate update;
     update.picId = site.ids[3];
     update.fileName = u"b.jpg"_s;
     update.positionKey = u"low"_s;
     update.markId = 1;
-    ASSERT_TRUE(photos.Update(site.ppid, update, u"li"_s, 1800000000));
+    ASSERT_EQ(photos.Update(site.ppid, update, {u"li"_s, 1800000000}), Saved::Yes);
     PicPanel panel(site.folder.Db());
     PanelFilter filter{{site.ppid}, u"li"_s, false, 0, 0};
     const auto floors = panel.Floors(filter);

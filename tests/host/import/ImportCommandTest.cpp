@@ -23,7 +23,7 @@ Printed RunCommand(ImportSite& site, const QStringList& words) {
     Printed printed;
     QTextStream out(&printed.out);
     QTextStream err(&printed.err);
-    printed.code = host::RunImportCommand(site.folder, words, out, err);
+    printed.code = host::RunImportCommand(*site.Engine(), words, out, err);
     return printed;
 }
 
@@ -101,14 +101,6 @@ TEST(ImportCommand, WordsThatMakeNoSenseAreAnsweredWithTheUsage) {
     const Printed cut = RunCommand(site, Words(site, {u"--mark"_s}));
     EXPECT_TRUE(cut.err.startsWith(u"选项 --mark 后面缺少内容"_s));
     EXPECT_EQ(cut.code, 2);
-}
-
-TEST(ImportCommand, OpensTheFolderIfNobodyDid) {
-    ImportSite site;
-    site.Put(u"a.jpg"_s, Picture("jpeg", 1));
-    site.folder.Close();
-    EXPECT_EQ(RunCommand(site, Words(site)).code, 0);
-    EXPECT_EQ(site.Filed().size(), 1);
 }
 
 } // namespace

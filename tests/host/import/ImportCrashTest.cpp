@@ -1,6 +1,7 @@
 #include "tests/host/import/ImportChild.h"
 
 #include "host/import/Importer.h"
+#include "site/sqlite/DataFolder.h"
 #include "site/sqlite/Database.h"
 #include "tests/host/import/ImportSite.h"
 #include "tests/host/import/TestPictures.h"
@@ -42,7 +43,7 @@ void ExpectWholeAndCompletable(ImportSite& site) {
     for (const FiledPhoto& photo : before) {
         EXPECT_EQ(photo.bytes, site.temp.Read(u"pictures/"_s + photo.name));
     }
-    const host::ImportReport report = host::Importer(site.folder).Run(site.Request());
+    const host::ImportReport report = host::Importer(*site.Engine()).Run(site.Request());
     EXPECT_EQ(report.duplicates, static_cast<int>(before.size()));
     EXPECT_EQ(report.filed + report.duplicates, kPictures);
     EXPECT_EQ(site.Filed().size(), kPictures);
@@ -65,6 +66,7 @@ std::optional<int> RunAsChild(const QStringList& words) {
     if (folder.Open()) {
         return 3;
     }
+    site::SqliteSite engine(folder);
     if (const auto limit = static_cast<rlim_t>(words[5].toLongLong()); limit > 0) {
         std::signal(SIGXFSZ, SIG_IGN);
         const rlimit limits{limit, limit};
@@ -75,7 +77,7 @@ std::optional<int> RunAsChild(const QStringList& words) {
     request.ppid = 1;
     request.user = u"张工"_s;
     const host::ImportReport report =
-        host::Importer(folder).Run(request, [&](const host::ImportStep& step) {
+        host::Importer(engine).Run(request, [&](const host::ImportStep& step) {
             if (step.done == killAfter) {
                 kill(getpid(), SIGKILL);
             }
@@ -135,7 +137,7 @@ TEST(ImportCrash, AFullDiskStopsTheRunAndKeepsWhatWasFiled) {
     ASSERT_FALSE(site.folder.Open().has_value());
     EXPECT_EQ(site.Filed().size(), 1);
     EXPECT_EQ(site.StoredFiles(), 1);
-    const host::ImportReport report = host::Importer(site.folder).Run(site.Request());
+    const host::ImportReport report = host::Importer(*site.Engine()).Run(site.Request());
     EXPECT_EQ(report.filed, 2);
     EXPECT_EQ(report.duplicates, 1);
 }

@@ -16,7 +16,7 @@ using importtest::Picture;
 
 /// Starts an import of `count` pictures and keeps what the job says.
 struct JobRun {
-    explicit JobRun(int count) : job(site.folder) {
+    explicit JobRun(int count) : engine(site.Engine()), job(*engine) {
         for (int index = 0; index < count; ++index) {
             site.Put(u"%1.jpg"_s.arg(index, 2, 10, QChar(u'0')), Picture("jpeg", index));
         }
@@ -30,6 +30,7 @@ struct JobRun {
     }
 
     ImportSite site;
+    std::unique_ptr<site::ISite> engine;
     host::ImportJob job;
     std::vector<host::ImportStep> steps;
     std::vector<host::ImportReport> reports;
@@ -105,7 +106,8 @@ TEST(ImportJob, MayBeDestroyedWhileItRuns) {
         site.Put(u"%1.jpg"_s.arg(index), Picture("jpeg", index));
     }
     {
-        host::ImportJob job(site.folder);
+        const auto engine = site.Engine();
+        host::ImportJob job(*engine);
         int seen = 0;
         QObject::connect(&job, &host::ImportJob::Stepped, &job, [&] { ++seen; });
         job.Start(site.Request());

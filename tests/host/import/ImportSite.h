@@ -3,6 +3,7 @@
 
 #include "host/import/ImportReport.h"
 #include "site/sqlite/DataFolder.h"
+#include "site/sqlite/SqliteSite.h"
 #include "tests/support/TempFolder.h"
 
 #include <QByteArray>
@@ -30,6 +31,10 @@ public:
     /// Project 1 with floor 3, axes 1, 2 and A, B, marks 质量 (1) and 安全 (2), people 张工 and
     /// 李工.
     [[nodiscard]] host::ImportRequest Request() const;
+    /// Over the folder, which must be open as long as it is used.
+    [[nodiscard]] std::unique_ptr<site::ISite> Engine() {
+        return std::make_unique<site::SqliteSite>(folder);
+    }
     /// Puts a file into the folder of pictures; gives its path.
     QString Put(const QString& name, const QByteArray& bytes) const;
     [[nodiscard]] QString Pictures() const { return temp.Path(QStringLiteral("pictures")); }

@@ -19,7 +19,7 @@ TEST(Importer, FilesEachPictureWithItsOwnBytes) {
     site.Put(u"a.jpg"_s, Picture("jpeg", 1));
     site.Put(u"b.png"_s, Picture("png", 2));
     site.Put(u"deep/er/c.bmp"_s, Picture("bmp", 3));
-    const host::ImportReport report = host::Importer(site.folder).Run(site.Request());
+    const host::ImportReport report = host::Importer(*site.Engine()).Run(site.Request());
     EXPECT_EQ(report.filed, 3);
     EXPECT_EQ(report.Summary(), u"导入 3 张照片，重复 0 张，跳过 0 个文件。"_s);
     const auto photos = site.Filed();
@@ -38,7 +38,7 @@ TEST(Importer, PlaceAndMarkGoToEveryPhoto) {
     host::ImportRequest request = site.Request();
     request.positionKey = u"key-2B"_s;
     request.markId = 2;
-    (void)host::Importer(site.folder).Run(request);
+    (void)host::Importer(*site.Engine()).Run(request);
     ASSERT_EQ(site.Filed().size(), 1);
     EXPECT_EQ(site.Filed()[0].positionKey, u"key-2B"_s);
     EXPECT_EQ(site.Filed()[0].markId, 2);
@@ -49,7 +49,7 @@ TEST(Importer, TheOrientationStaysInTheStoredFile) {
     const QByteArray upright =
         importtest::WithExif(Picture("jpeg", 1, {64, 48}), {{}, {}, {}, {}, 6});
     site.Put(u"a.jpg"_s, upright);
-    (void)host::Importer(site.folder).Run(site.Request());
+    (void)host::Importer(*site.Engine()).Run(site.Request());
     ASSERT_EQ(site.Filed().size(), 1);
     QByteArray stored = site.Filed()[0].bytes;
     EXPECT_EQ(stored, upright);
@@ -64,8 +64,8 @@ TEST(Importer, ASecondRunDoublesNothing) {
     ImportSite site;
     site.Put(u"a.jpg"_s, Picture("jpeg", 1));
     site.Put(u"b.jpg"_s, Picture("jpeg", 2));
-    (void)host::Importer(site.folder).Run(site.Request());
-    const host::ImportReport again = host::Importer(site.folder).Run(site.Request());
+    (void)host::Importer(*site.Engine()).Run(site.Request());
+    const host::ImportReport again = host::Importer(*site.Engine()).Run(site.Request());
     EXPECT_EQ(again.filed, 0);
     EXPECT_EQ(again.duplicates, 2);
     ASSERT_EQ(again.lines.size(), 2);
@@ -78,7 +78,7 @@ TEST(Importer, EqualBytesUnderTwoNamesAreOnePhoto) {
     ImportSite site;
     site.Put(u"a.jpg"_s, Picture("jpeg", 1));
     site.Put(u"copy.jpg"_s, Picture("jpeg", 1));
-    const host::ImportReport report = host::Importer(site.folder).Run(site.Request());
+    const host::ImportReport report = host::Importer(*site.Engine()).Run(site.Request());
     EXPECT_EQ(report.filed, 1);
     EXPECT_EQ(report.duplicates, 1);
 }
@@ -86,10 +86,10 @@ TEST(Importer, EqualBytesUnderTwoNamesAreOnePhoto) {
 TEST(Importer, AnotherProjectMayHaveTheSamePhoto) {
     ImportSite site;
     site.Put(u"a.jpg"_s, Picture("jpeg", 1));
-    (void)host::Importer(site.folder).Run(site.Request());
+    (void)host::Importer(*site.Engine()).Run(site.Request());
     host::ImportRequest other = site.Request();
     other.ppid = 2;
-    EXPECT_EQ(host::Importer(site.folder).Run(other).filed, 1);
+    EXPECT_EQ(host::Importer(*site.Engine()).Run(other).filed, 1);
     EXPECT_EQ(site.Filed(2).size(), 1);
 }
 
@@ -98,7 +98,7 @@ TEST(Importer, WhatIsNoPictureGetsALineAndTheRestIsFiled) {
     site.Put(u"a.txt"_s, "text");
     site.Put(u"b.heic"_s, "heic");
     site.Put(u"c.jpg"_s, Picture("jpeg", 1));
-    const host::ImportReport report = host::Importer(site.folder).Run(site.Request());
+    const host::ImportReport report = host::Importer(*site.Engine()).Run(site.Request());
     EXPECT_EQ(report.filed, 1);
     EXPECT_EQ(report.refused, 2);
     EXPECT_TRUE(report.fault.isEmpty());
@@ -109,7 +109,7 @@ TEST(Importer, WhatIsNoPictureGetsALineAndTheRestIsFiled) {
 
 TEST(Importer, AnEmptyFolderImportsNothing) {
     ImportSite site;
-    const host::ImportReport report = host::Importer(site.folder).Run(site.Request());
+    const host::ImportReport report = host::Importer(*site.Engine()).Run(site.Request());
     EXPECT_EQ(report.Summary(), u"导入 0 张照片，重复 0 张，跳过 0 个文件。"_s);
 }
 
@@ -118,7 +118,7 @@ TEST(Importer, ProgressCountsEveryFileUpToTheTotal) {
     site.Put(u"a.jpg"_s, Picture("jpeg", 1));
     site.Put(u"b.txt"_s, "text");
     std::vector<std::pair<int, int>> steps;
-    (void)host::Importer(site.folder).Run(site.Request(), [&](const host::ImportStep& step) {
+    (void)host::Importer(*site.Engine()).Run(site.Request(), [&](const host::ImportStep& step) {
         steps.emplace_back(step.done, step.total);
         return true;
     });
@@ -131,7 +131,7 @@ TEST(Importer, ACancelledRunKeepsWhatWasFiled) {
         site.Put(u"%1.jpg"_s.arg(index), Picture("jpeg", index));
     }
     const host::ImportReport report =
-        host::Importer(site.folder).Run(site.Request(), [](const host::ImportStep& step) {
+        host::Importer(*site.Engine()).Run(site.Request(), [](const host::ImportStep& step) {
             return step.done < 2;
         });
     EXPECT_TRUE(report.cancelled);
@@ -143,7 +143,7 @@ TEST(Importer, ACancelledRunKeepsWhatWasFiled) {
 TEST(Importer, NamesAreCleanedBeforeTheyAreShown) {
     ImportSite site;
     site.Put(u"a\\b:c\u0007.jpg"_s, Picture("jpeg", 1));
-    (void)host::Importer(site.folder).Run(site.Request());
+    (void)host::Importer(*site.Engine()).Run(site.Request());
     ASSERT_EQ(site.Filed().size(), 1);
     EXPECT_EQ(site.Filed()[0].name, u"a_b_c.jpg"_s);
 }
@@ -154,7 +154,7 @@ TEST(Importer, AFolderThatLostItsDatabaseStopsTheRunWithAMessage) {
     site.Put(u"b.jpg"_s, Picture("jpeg", 2));
     host::ImportRequest nowhere = site.Request();
     nowhere.ppid = 99; // the database refuses a photo of a project that it doesn't know
-    const host::ImportReport report = host::Importer(site.folder).Run(nowhere);
+    const host::ImportReport report = host::Importer(*site.Engine()).Run(nowhere);
     EXPECT_FALSE(report.fault.isEmpty());
     EXPECT_EQ(report.filed, 0);
     EXPECT_EQ(report.lines.size(), 1);

@@ -1,5 +1,6 @@
 #include "services/Factories.h"
 #include "tests/host/services/ServiceSite.h"
+#include "tests/support/EngineFolder.h"
 
 namespace host {
 
@@ -183,7 +184,7 @@ TEST(BimFilter, WithoutADataFolderTheQueryFails) {
     ServiceSite site;
     const KX_DATA::PicQueryFilter filter = site.Filter();
     site.writer.reset();
-    site.session.CloseFolder();
+    site.session.Close();
     KX_DATA::PageResult result;
     std::vector<KX_DATA::BimPicRow> rows;
     EXPECT_NE(GetVeskPicMng()->QueryBimPics(filter, {}, result, rows), KX_DATA::kServiceOk);
@@ -191,7 +192,7 @@ TEST(BimFilter, WithoutADataFolderTheQueryFails) {
 
 TEST(BimFilter, AFailingStatementIsTheFailureValueAndAMessageForThePerson) {
     ServiceSite site;
-    site.session.Folder()->Db().Exec(u"ALTER TABLE bim_tally RENAME TO away"_s);
+    support::FolderOf(site.session).Db().Exec(u"ALTER TABLE bim_tally RENAME TO away"_s);
     KX_DATA::PageResult result;
     std::vector<KX_DATA::BimPicRow> rows;
     EXPECT_NE(GetVeskPicMng()->QueryBimPics(site.Filter(), {}, result, rows), KX_DATA::kServiceOk);

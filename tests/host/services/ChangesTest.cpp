@@ -1,6 +1,7 @@
 #include "services/Factories.h"
 #include "site/sqlite/Bin.h"
 #include "tests/host/services/ServiceSite.h"
+#include "tests/support/EngineFolder.h"
 
 namespace host {
 
@@ -23,11 +24,13 @@ TEST(BimChanges, HidingKeepsToTheProjectAndChangesNeitherPeopleNorTimes) {
 TEST(BimChanges, DeletedPhotosAreInTheBinWithWhoDeletedThem) {
     ServiceSite site;
     const qint32 id = site.AddPhoto([&](site::NewBimPhoto& photo) { photo.ppid = site.second; });
-    EXPECT_TRUE(GetVeskPicMng()->DeleteBimPics({id})); // no project is asked for
+    EXPECT_FALSE(GetVeskPicMng()->DeleteBimPics({id})) << "of a project that isn't open";
+    ASSERT_TRUE(site.session.OpenProject(site.second));
+    EXPECT_TRUE(GetVeskPicMng()->DeleteBimPics({id}));
     KX_DATA::PicQueryFilter filter = site.Filter();
     filter.projectIds = {site.second};
     EXPECT_TRUE(site.PhotoIds(filter).empty());
-    site::Bin bin(site.session.Folder()->Db(), site.session.Folder()->Store());
+    site::Bin bin(support::FolderOf(site.session).Db(), support::FolderOf(site.session).Store());
     ASSERT_EQ(bin.List().size(), 1u);
     EXPECT_EQ(bin.List()[0].deletedBy, u"li"_s);
     EXPECT_TRUE(GetVeskPicMng()->DeleteBimPics({}));

@@ -4,6 +4,7 @@
 #include "services/IKXLocalCacheData.h"
 #include "site/sqlite/Database.h"
 #include "tests/host/services/ServiceSite.h"
+#include "tests/support/EngineFolder.h"
 
 namespace host {
 
@@ -57,7 +58,7 @@ public:
         filter.labelId = QString::number(labelId);
         return !PhotoIds(filter).empty();
     }
-    site::Database& Db() { return session.Folder()->Db(); }
+    site::Database& Db() { return support::FolderOf(session).Db(); }
     /// What another client does that names a floor anew.
     void RenameFloor(const QString& from, const QString& to) {
         writer->AddFloor(first, to);
@@ -268,7 +269,7 @@ TEST(BimEdit, AFaultInTheMiddleChangesNothing) {
 
 TEST(BimEdit, TheServicesOfTheEditorFailWithoutAFolder) {
     EditSite site;
-    site.session.CloseFolder();
+    site.session.Close();
     std::vector<QString> names;
     std::vector<KX_DATA::AxisYEntry> axes;
     std::vector<KX_DATA::LabelEntry> labels;

@@ -11,7 +11,10 @@
 #include "services/IProjCacheMng.h"
 #include "services/IRecentSearchMng.h"
 #include "services/IRichEditorAuth.h"
+#include "site/ICatalogue.h"
+#include "site/sqlite/DataFolder.h"
 #include "tests/host/services/ServiceSite.h"
+#include "tests/support/EngineFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -129,7 +132,7 @@ TEST(Paths, FoldersExistEndWithTheirSeparatorAndLieOutsideTheStore) {
     for (const QString& folder : {pics, thumbs, attach, work, log, open}) {
         EXPECT_TRUE(QFileInfo(folder).isDir()) << folder.toStdString();
         EXPECT_TRUE(folder.endsWith(QDir::separator()));
-        EXPECT_FALSE(folder.startsWith(site.session.Folder()->StorePath()));
+        EXPECT_FALSE(folder.startsWith(support::FolderOf(site.session).StorePath()));
     }
     EXPECT_NE(pics, thumbs);
     QString other;
@@ -150,7 +153,7 @@ TEST(ActionLog, IsKeptWithWhoAndWhereAndTold) {
     ASSERT_EQ(told.size(), 1u);
     EXPECT_EQ(told[0].person, u"li"_s);
     EXPECT_EQ(told[0].ppid, site.first);
-    const auto kept = site.session.Tables().Actions(10);
+    const auto kept = site.session.Site().Catalogue().Actions(10);
     ASSERT_EQ(kept.size(), 1u);
     EXPECT_EQ(kept[0].action, u"删除Vesk照片"_s);
 }
@@ -204,7 +207,7 @@ TEST(ViewAndProgress, AreTheSessionsOrNone) {
 TEST(SecondInstance, SeesWhatTheFirstChangesInItsLists) {
     ServiceSite site;
     EXPECT_TRUE(site.PhotoIds(site.Filter()).empty());
-    site::DataFolder other(site.session.Folder()->Path());
+    site::DataFolder other(support::FolderOf(site.session).Path());
     ASSERT_FALSE(other.Open().has_value());
     site::SiteWriter(other).FilePhoto(site.UsualPhoto(), {{}, "jpeg"});
     EXPECT_EQ(site.PhotoIds(site.Filter()).size(), 1u);

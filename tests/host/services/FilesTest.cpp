@@ -4,6 +4,7 @@
 #include "site/blobs/FileStore.h"
 #include "site/transfer/RunningTransfer.h"
 #include "tests/host/services/ServiceSite.h"
+#include "tests/support/EngineFolder.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -75,7 +76,7 @@ TEST(Download, AFailureHasATextAndAMessageForThePerson) {
 
 TEST(Download, AFileMissingFromTheStoreFailsWithItsName) {
     FilesSite site;
-    ASSERT_TRUE(QFile::remove(site.session.Folder()->Store().PathOf(site.uuid)));
+    ASSERT_TRUE(QFile::remove(support::FolderOf(site.session).Store().PathOf(site.uuid)));
     EXPECT_TRUE(site.Download().message.contains(site.uuid));
 }
 
@@ -134,7 +135,7 @@ TEST(BackgroundDownload, ClosingTheFolderEndsWhatRuns) {
         site.session.SetTransfers(rules);
         GetMQFFileDownLPtr()->StartDownload(u"last"_s, record, 2);
         site.writer.reset();
-        site.session.CloseFolder();
+        site.session.Close();
         EXPECT_EQ(site.EndOf(u"last"_s), KX_DATA::kDownloadFailed);
         QString text;
         GetMQFFileDownLPtr()->GetErrorText(u"last"_s, text);
@@ -232,7 +233,7 @@ TEST(Upload, StoresOneFileAndTellsWhatItBecame) {
     EXPECT_TRUE(GetKXFilesUploadMng()->UploadFile({{file.fileName()}}, 1, result, error));
     EXPECT_EQ(result.size, 3);
     EXPECT_EQ(result.md5, u"900150983cd24fb0d6963f7d28e17f72"_s);
-    EXPECT_TRUE(site.session.Folder()->Store().Has(result.uuid));
+    EXPECT_TRUE(support::FolderOf(site.session).Store().Has(result.uuid));
     EXPECT_FALSE(GetKXFilesUploadMng()->UploadFile({{u"/no/such"_s}}, 1, result, error));
     EXPECT_FALSE(error.isEmpty());
     EXPECT_FALSE(GetKXFilesUploadMng()->UploadFile({}, 0, result, error));

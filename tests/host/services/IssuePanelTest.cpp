@@ -2,6 +2,7 @@
 #include "services/ITNQuestionMng.h"
 #include "site/sqlite/Database.h"
 #include "tests/host/services/ServiceSite.h"
+#include "tests/support/EngineFolder.h"
 
 namespace host {
 
@@ -124,7 +125,7 @@ TEST(IssuePanel, AWorksetHasOneEntryAFloorAndAGroupForEachOfItsProjects) {
 
 TEST(IssuePanel, AFailedReadLeavesBothEmptyAndTellsThePerson) {
     IssueSite site;
-    site.session.Folder()->Db().Exec(u"DROP TABLE issue"_s);
+    support::FolderOf(site.session).Db().Exec(u"DROP TABLE issue"_s);
     EXPECT_TRUE(site.Groups().empty());
     EXPECT_TRUE(site.Entries().empty());
     EXPECT_EQ(site.messages.size(), 2u);
@@ -133,11 +134,14 @@ TEST(IssuePanel, AFailedReadLeavesBothEmptyAndTellsThePerson) {
 TEST(IssuePanel, ReadsAnIndexAndNoRows) {
     IssueSite site;
     QString plan;
-    site.session.Folder()->Db().ForEach(
-        u"EXPLAIN QUERY PLAN SELECT floor_sort, floor, question_id, theme, pos_info,"
-        " component_name, mark_id FROM issue INDEXED BY issue_panel WHERE ppid = 1 AND status = 0"
-        " AND modified BETWEEN 1 AND 2 AND modifier = 'x' ORDER BY floor_sort, pos_info, id"_s,
-        {}, [&](const site::Statement& row) { plan += row.Text(3) + u'\n'; });
+    support::FolderOf(site.session)
+        .Db()
+        .ForEach(
+            u"EXPLAIN QUERY PLAN SELECT floor_sort, floor, question_id, theme, pos_info,"
+            " component_name, mark_id FROM issue INDEXED BY issue_panel WHERE ppid = 1 AND status "
+            "= 0"
+            " AND modified BETWEEN 1 AND 2 AND modifier = 'x' ORDER BY floor_sort, pos_info, id"_s,
+            {}, [&](const site::Statement& row) { plan += row.Text(3) + u'\n'; });
     EXPECT_TRUE(plan.contains(u"COVERING INDEX issue_panel"_s)) << plan.toStdString();
     EXPECT_FALSE(plan.contains(u"TEMP B-TREE"_s)) << plan.toStdString();
 }

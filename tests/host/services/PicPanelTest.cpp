@@ -1,7 +1,9 @@
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
+#include "site/sqlite/DataFolder.h"
 #include "site/sqlite/Database.h"
 #include "tests/host/services/ServiceSite.h"
+#include "tests/support/EngineFolder.h"
 
 #include <set>
 
@@ -76,7 +78,7 @@ TEST(PicPanel, TheTreeHasFloorsIntersectionsAndMarks) {
 
 TEST(PicPanel, HiddenPhotosAreInNoneOfTheModulesLists) {
     PanelSite site;
-    site::Database& db = site.session.Folder()->Db();
+    site::Database& db = support::FolderOf(site.session).Db();
     db.Exec(u"UPDATE bim_photo SET status = 1 WHERE floor = '10' OR (position_key = 'two-1' AND"
             " mark_id = 2)"_s);
     std::vector<KX_DATA::PicFilterEntry> entries;
@@ -138,7 +140,7 @@ TEST(PicPanel, TheSamePlaceOfTwoProjectsHasTwoNames) {
 
 TEST(PicPanel, AFailedReadLeavesTheListsEmptyAndTellsThePerson) {
     PanelSite site;
-    site.session.Folder()->Db().Exec(u"DROP TABLE bim_place_tally"_s);
+    support::FolderOf(site.session).Db().Exec(u"DROP TABLE bim_place_tally"_s);
     std::vector<KX_DATA::PicFilterEntry> entries(2);
     GetVeskPicMng()->GetBimPicFilterGroups(0, 0, 0, site.arg, entries);
     EXPECT_TRUE(entries.empty());
@@ -152,7 +154,7 @@ TEST(PicPanel, AChangeByAnotherClientCountsAtOnce) {
     PanelSite site;
     std::vector<KX_DATA::PicFilterEntry> entries;
     GetVeskPicMng()->GetBimPicFilterGroups(0, 0, 0, site.arg, entries);
-    site::DataFolder other(site.session.Folder()->Path());
+    site::DataFolder other(support::FolderOf(site.session).Path());
     ASSERT_FALSE(other.Open().has_value());
     other.Db().Exec(u"UPDATE bim_photo SET status = 1 WHERE floor = '10'"_s);
     GetVeskPicMng()->GetBimPicFilterGroups(0, 0, 0, site.arg, entries);

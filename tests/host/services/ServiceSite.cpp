@@ -1,6 +1,7 @@
 #include "tests/host/services/ServiceSite.h"
 
 #include "services/Factories.h"
+#include "tests/support/EngineFolder.h"
 
 namespace hosttest {
 
@@ -9,9 +10,9 @@ using namespace Qt::StringLiterals;
 ServiceSite::ServiceSite() {
     session.SetMessageSink(
         [this](host::MessageLevel, const QString& text) { messages.push_back(text); });
-    const auto fault = session.OpenFolder(dir.filePath(u"site"_s), {500, true});
+    const auto fault = session.Open(dir.filePath(u"site"_s), {500, true});
     EXPECT_FALSE(fault.has_value());
-    writer = std::make_unique<site::SiteWriter>(*session.Folder());
+    writer = std::make_unique<site::SiteWriter>(support::FolderOf(session));
     first = writer->AddProject(u"一号楼"_s, 2);
     second = writer->AddProject(u"二号楼"_s);
     workset = writer->AddWorkset(u"全部"_s, {first, second});

@@ -5,9 +5,12 @@
 #include "host/ui/ActionLogModel.h"
 #include "host/ui/BinModel.h"
 #include "host/ui/HintTable.h"
-#include "site/sqlite/Bin.h"
+#include "site/IBin.h"
 #include "site/sqlite/SiteWriter.h"
+#include "tests/support/EngineFolder.h"
 #include "tests/support/TempFolder.h"
+
+#include <QDateTime>
 
 #include <QLabel>
 #include <QPushButton>
@@ -35,9 +38,9 @@ TEST(DaysLeft, CountsABegunDayAndEndsAtZero) {
 class BinOfAFolder : public testing::Test {
 protected:
     void SetUp() override {
-        const auto fault = session.OpenFolder(folder.Path(u"data"_s));
+        const auto fault = session.Open(folder.Path(u"data"_s));
         ASSERT_FALSE(fault);
-        site::SiteWriter writer(*session.Folder());
+        site::SiteWriter writer(support::FolderOf(session));
         const qint32 ppid = writer.AddProject(u"一期工程"_s);
         writer.AddUser(u"张伟"_s, {});
         ASSERT_TRUE(session.SignIn(u"张伟"_s));
@@ -55,9 +58,13 @@ protected:
         issue.creator = u"张伟"_s;
         issue.createTime = 1'700'000'000;
         const QString question = writer.FileIssue(issue);
-        site::Bin bin(session.Folder()->Db(), session.Folder()->Store());
-        ASSERT_EQ(bin.DeleteBimPhotos(photos, u"张伟"_s), 2);
-        ASSERT_EQ(bin.DeleteIssues({question}, u"张伟"_s), 1);
+        site::IBin& bin = session.Site().Bin();
+        ASSERT_EQ(
+            bin.DeleteBimPhotos({ppid}, photos, {u"张伟"_s, QDateTime::currentSecsSinceEpoch()}),
+            2);
+        ASSERT_EQ(
+            bin.DeleteIssues({ppid}, {question}, {u"张伟"_s, QDateTime::currentSecsSinceEpoch()}),
+            1);
     }
 
     static QAbstractItemModel* ModelOf(const BinWindow& window) {
@@ -112,7 +119,7 @@ TEST_F(BinOfAFolder, RestoresTheChosenRowAndLogsIt) {
 }
 
 TEST_F(BinOfAFolder, AnUnknownKindIsListedAndTellsWhyItCannotComeBack) {
-    session.Folder()->Db().Exec(u"UPDATE bin SET kind = 7 WHERE title = '甲.jpg'"_s);
+    support::FolderOf(session).Db().Exec(u"UPDATE bin SET kind = 7 WHERE title = '甲.jpg'"_s);
     QStringList messages;
     session.SetMessageSink([&](MessageLevel, const QString& text) { messages << text; });
     SessionBin source(session);
@@ -130,7 +137,7 @@ TEST_F(BinOfAFolder, AnUnknownKindIsListedAndTellsWhyItCannotComeBack) {
 TEST_F(BinOfAFolder, AFaultOfTheDataBecomesAMessageAndTheListIsEmpty) {
     QStringList messages;
     session.SetMessageSink([&](MessageLevel, const QString& text) { messages << text; });
-    session.Folder()->Db().Exec(u"ALTER TABLE bin RENAME TO bin_elsewhere"_s);
+    support::FolderOf(session).Db().Exec(u"ALTER TABLE bin RENAME TO bin_elsewhere"_s);
     SessionBin source(session);
     EXPECT_TRUE(source.ReadBin().empty());
     EXPECT_EQ(source.RestoreFromBin({1}), 0);

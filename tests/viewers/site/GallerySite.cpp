@@ -5,6 +5,7 @@
 #include "services/IVeskPicMng.h"
 #include "site/blobs/FileStore.h"
 #include "site/sqlite/SiteWriter.h"
+#include "tests/support/EngineFolder.h"
 
 #include <QDir>
 #include <QFile>
@@ -14,9 +15,9 @@ using namespace Qt::StringLiterals;
 namespace support {
 
 GallerySite::GallerySite(const QString& folder) {
-    if (const auto fault = session->OpenFolder(folder))
+    if (const auto fault = session->Open(folder))
         qFatal("%s", qUtf8Printable(fault->text));
-    site::SiteWriter writer(*session->Folder());
+    site::SiteWriter writer(support::FolderOf(*session));
     m_ppid = writer.AddProject(u"一期工程"_s);
     writer.AddUser(u"张伟"_s, {});
     if (!session->SignIn(u"张伟"_s) || !session->OpenProject(m_ppid))
@@ -29,7 +30,7 @@ int GallerySite::AddPhoto(const QByteArray& picture, const QByteArray& note) {
     photo.fileName = u"照片%1.jpg"_s.arg(m_photos.size());
     photo.uploader = u"张伟"_s;
     photo.uploadTime = 1'700'000'000;
-    site::SiteWriter writer(*session->Folder());
+    site::SiteWriter writer(support::FolderOf(*session));
     m_photos.push_back(writer.FilePhoto(photo, {QString(), picture}, {QString(), note}));
     return int(m_photos.size()) - 1;
 }
@@ -62,7 +63,7 @@ QStringList GallerySite::Cached() {
 }
 
 void GallerySite::Damage(const QString& uuid) {
-    QFile file(session->Folder()->Store().PathOf(uuid));
+    QFile file(support::FolderOf(*session).Store().PathOf(uuid));
     if (file.open(QIODevice::ReadWrite))
         file.write("damaged");
 }

@@ -278,7 +278,7 @@ TEST_F(GalleryOnASite, ASessionMayEndWhileADownloadRuns) {
                                              site::TransferRules{0, TransferFault::kNeverEnds}}) {
         if (!site.session)
             site.session = std::make_unique<host::HostSession>();
-        ASSERT_FALSE(site.session->OpenFolder(folder.Path(u"data"_s)));
+        ASSERT_FALSE(site.session->Open(folder.Path(u"data"_s)));
         site.session->SetTransfers(rules);
         gallery = std::make_unique<support::FolderGallery>();
         Open();
@@ -288,7 +288,7 @@ TEST_F(GalleryOnASite, ASessionMayEndWhileADownloadRuns) {
         End();
     }
     site.session = std::make_unique<host::HostSession>();
-    ASSERT_FALSE(site.session->OpenFolder(folder.Path(u"data"_s)));
+    ASSERT_FALSE(site.session->Open(folder.Path(u"data"_s)));
     ExpectNothingHalf();
 }
 

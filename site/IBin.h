@@ -1,0 +1,45 @@
+// What users have deleted: rows and files, for 30 days.
+#pragma once
+
+#include "site/Records.h"
+
+namespace site {
+
+inline constexpr qint64 kBinSeconds = 30LL * 24 * 60 * 60;
+
+/// What an entry of the bin was; the numbers are those of the console's kinds.
+enum class BinKind { kBimPhoto = 1, kPdfPhoto = 2, kIssue = 3 };
+
+struct BinEntry {
+    qint64 id = 0;
+    /// May be a number that this client doesn't know.
+    BinKind kind = BinKind::kBimPhoto;
+    qint32 ppid = 0;
+    QString title; ///< file name of a photo, theme of an issue
+    QString deletedBy;
+    qint64 deletedAt = 0; ///< seconds since 1970
+};
+
+/// Operations throw DataError; changes are one transaction each. Thread: the site's.
+class IBin {
+public:
+    virtual ~IBin() = default;
+
+    /// Ids that none of the projects has are passed over; returns how many went, here and below.
+    virtual int DeleteBimPhotos(const Projects& projects, const std::vector<qint32>& picIds,
+                                const Signature& by) = 0;
+    virtual int DeletePdfPhotos(qint32 ppid, const std::vector<qint32>& picIds,
+                                const Signature& by) = 0;
+    virtual int DeleteIssues(const Projects& projects, const std::vector<QString>& questionIds,
+                             const Signature& by) = 0;
+
+    /// Latest first.
+    [[nodiscard]] virtual std::vector<BinEntry> List() = 0;
+    /// Brings rows, labels and files back under their old ids; ids that the bin doesn't have are
+    /// passed over. All or none: an entry that can't come back is named in the fault, and stays.
+    virtual int Restore(const std::vector<qint64>& binIds) = 0;
+    /// Ends them for good.
+    virtual void Purge(const std::vector<qint64>& binIds) = 0;
+};
+
+} // namespace site

@@ -1,0 +1,57 @@
+// How things get into a site.
+#pragma once
+
+#include "site/NewRecords.h"
+
+namespace site {
+
+/// Each operation is all or nothing, or part of the batch that is open; a crash leaves no row
+/// without its file. All operations throw DataError. Thread: the site's.
+class IIntake {
+public:
+    virtual ~IIntake() = default;
+
+    /// One transaction for many operations: begun here, committed by CommitBatch, undone (rows and
+    /// files) by the destructor of a writer whose batch is still open.
+    virtual void BeginBatch() = 0;
+    virtual void CommitBatch() = 0;
+
+    /// Ids of projects are given from 1 on; `major`: 1 to 4, the trade. An existing name is reused.
+    virtual qint32 AddProject(const QString& name, qint32 major = 1) = 0;
+    virtual qint32 AddWorkset(const QString& name, const std::vector<qint32>& ppids) = 0;
+    /// Rights replace those that the user had.
+    virtual qint32 AddUser(const QString& name, const std::vector<qint32>& rights) = 0;
+    /// `color` is 0xBBGGRR. An existing id is replaced.
+    virtual void AddMark(qint32 markId, const QString& name, qint32 color) = 0;
+    virtual qint32 AddLabel(const QString& name) = 0;
+    virtual void AddFloor(qint32 ppid, const QString& floor) = 0;
+    /// Adds the floor too if it is missing; returns the position key.
+    virtual QString AddPosition(const NewPosition& position) = 0;
+    virtual qint32 AddDrawing(qint32 ppid, const QString& name, const FileSource& file = {}) = 0;
+    virtual qint32 AddCheckpoint(const NewCheckpoint& checkpoint) = 0;
+    virtual void SetSetting(const QString& key, const QString& value) = 0;
+
+    /// Stores the picture and files the photo; returns its id. `voice`: an AMR note, or empty.
+    virtual qint32 FilePhoto(const NewBimPhoto& photo, const FileSource& picture,
+                             const FileSource& voice = {}) = 0;
+    virtual qint32 FilePdfPhoto(const NewPdfPhoto& photo, const FileSource& picture) = 0;
+    virtual void SetCheckpointVoice(qint32 checkpointId, const FileSource& voice) = 0;
+    /// Returns the question id.
+    virtual QString FileIssue(const NewIssue& issue, const FileSource& voice = {}) = 0;
+    /// `thumb` may be empty: then the picture stands for it.
+    virtual QString FileIssuePic(const NewIssuePic& pic, const FileSource& picture,
+                                 const FileSource& thumb = {}) = 0;
+
+    /// Photo ids and the like: 0 or empty where there is none.
+    [[nodiscard]] virtual qint32 FindProject(const QString& name) = 0;
+    [[nodiscard]] virtual qint32 FindUser(const QString& name) = 0;
+    [[nodiscard]] virtual qint32 FindMark(const QString& name) = 0;
+    [[nodiscard]] virtual QString FindPosition(qint32 ppid, const QString& floor,
+                                               const QString& axisX, const QString& axisY) = 0;
+    /// By the MD5 of the picture, 32 lower-case hexadecimal digits; photos in the bin don't count.
+    [[nodiscard]] virtual qint32 FindPhotoByMd5(qint32 ppid, const QString& md5) = 0;
+    [[nodiscard]] virtual qint32 FindPdfPhotoByMd5(qint32 ppid, const QString& md5) = 0;
+    [[nodiscard]] virtual bool IsEmpty() = 0;
+};
+
+} // namespace site

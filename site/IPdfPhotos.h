@@ -1,0 +1,49 @@
+// Drawing photos and the checkpoints on which they hang.
+#pragma once
+
+#include "services/DrawingRecords.h"
+#include "services/PicRecords.h"
+#include "site/ListFilter.h"
+#include "site/Records.h"
+
+#include <optional>
+
+namespace site {
+
+/// Operations throw DataError; changes are one transaction each. Thread: the site's.
+class IPdfPhotos {
+public:
+    virtual ~IPdfPhotos() = default;
+
+    [[nodiscard]] virtual Page<KX_DATA::PdfPicRecord> PageOf(const ListFilter& filter,
+                                                             const PageAsked& asked) = 0;
+    /// False for an unknown photo of the project, here and below.
+    [[nodiscard]] virtual bool Detail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) = 0;
+    [[nodiscard]] virtual bool PicDetail(qint32 ppid, qint32 picId,
+                                         KX_DATA::CheckpointPicDetail& detail) = 0;
+    /// Counts as a change by nobody: people and times stay. Returns how many there were.
+    virtual int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) = 0;
+    /// A point of 0 or less leaves the photo where it is; one of another project is as unknown as
+    /// the photo would be.
+    /// @param seen  time of the last change that the person saw; none: whatever was before is
+    ///              overwritten.
+    [[nodiscard]] virtual Saved Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update,
+                                       const Signature& by, std::optional<qint64> seen = {}) = 0;
+    /// Project of a photo, if it hangs on the checkpoint; else 0.
+    [[nodiscard]] virtual qint32 ProjectOf(qint32 checkpointId, qint32 picId) = 0;
+
+    /// False for a checkpoint of none of the projects, as below.
+    [[nodiscard]] virtual bool Checkpoint(const Projects& projects, qint32 checkpointId,
+                                          KX_DATA::DrawingRecord& record) = 0;
+    /// Mark and labels of its photos change with it. A label that doesn't exist is a fault.
+    [[nodiscard]] virtual Saved UpdateCheckpoint(const Projects& projects,
+                                                 const KX_DATA::CheckpointEdit& edit,
+                                                 const Signature& by,
+                                                 std::optional<qint64> seen = {}) = 0;
+
+    /// Of the whole site: in use on any photo; marks that the mark table doesn't know are left out.
+    [[nodiscard]] virtual std::vector<KX_DATA::LabelEntry> UsedLabels() = 0;
+    [[nodiscard]] virtual std::vector<qint32> UsedMarks() = 0;
+};
+
+} // namespace site

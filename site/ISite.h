@@ -1,0 +1,53 @@
+// An open site: everything that can be asked of it and told to it.
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace site {
+
+class IBimPhotos;
+class IBin;
+class ICatalogue;
+class IClientFolders;
+class IIntake;
+class IIssues;
+class IPanelCounts;
+class IPdfPhotos;
+
+/// Differs from an earlier one if anybody has changed data since.
+struct Stamp {
+    qint64 others = -1;
+    qint64 own = -1;
+    bool operator==(const Stamp&) const = default;
+};
+
+/// What stands on it lasts as long as it does. Operations may take long; where they fail they throw
+/// DataError. Thread: the one that opened it, except where said.
+class ISite {
+public:
+    virtual ~ISite() = default;
+
+    [[nodiscard]] virtual IBimPhotos& BimPhotos() = 0;
+    [[nodiscard]] virtual IPdfPhotos& PdfPhotos() = 0;
+    [[nodiscard]] virtual IIssues& Issues() = 0;
+    [[nodiscard]] virtual IPanelCounts& PanelCounts() = 0;
+    [[nodiscard]] virtual ICatalogue& Catalogue() = 0;
+    [[nodiscard]] virtual IBin& Bin() = 0;
+    /// Each has a batch of its own.
+    [[nodiscard]] virtual std::unique_ptr<IIntake> NewIntake() = 0;
+    [[nodiscard]] virtual IClientFolders& Folders() = 0;
+
+    /// Where it is, for a person.
+    [[nodiscard]] virtual QString Place() const = 0;
+
+    [[nodiscard]] virtual Stamp ChangeStamp() = 0;
+
+    using Told = std::function<void(const QString&)>;
+    /// Is told, in Chinese, what a person should know of the site; at once what was to tell before.
+    virtual void SetTold(Told listener) = 0;
+};
+
+} // namespace site

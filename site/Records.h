@@ -1,0 +1,58 @@
+// The small records of a site: projects, worksets, what was done.
+#pragma once
+
+#include <QString>
+
+#include <algorithm>
+#include <vector>
+
+namespace site {
+
+/// Those whose photos and issues an operation may touch.
+using Projects = std::vector<qint32>;
+[[nodiscard]] inline bool Has(const Projects& projects, qint32 ppid) {
+    return std::find(projects.begin(), projects.end(), ppid) != projects.end();
+}
+
+/// Of a mark that the table doesn't have: the ground on which it would stand.
+inline constexpr qint32 kNoMarkColor = 0xFAFAFA;
+
+struct ProjectEntry {
+    qint32 ppid = 0;
+    QString name;
+    qint32 major = 0; ///< 1 to 4, the trade
+};
+
+struct WorksetEntry {
+    qint32 id = 0;
+    QString name;
+    std::vector<qint32> ppids;
+};
+
+/// Where a checkpoint is, as a person knows it.
+struct CheckpointPlace {
+    QString drawing; ///< name
+    qint32 number = 0;
+};
+
+struct LoggedAction {
+    qint64 at = 0; ///< seconds since 1970
+    QString person;
+    qint32 ppid = 0;
+    QString action;
+};
+
+/// Who makes a change, and when: seconds since 1970.
+struct Signature {
+    QString person;
+    qint64 at = 0;
+};
+
+/// What became of an update.
+enum class Saved {
+    Yes,
+    Gone,             ///< unknown in the project, nothing was changed
+    ChangedMeanwhile, ///< somebody else was faster, nothing was changed
+};
+
+} // namespace site

@@ -1,0 +1,29 @@
+#include "site/sqlite/SqliteSite.h"
+
+#include "site/OpenSite.h"
+#include "site/sqlite/SiteWriter.h"
+
+namespace site {
+
+SqliteSite::SqliteSite(DataFolder& dataFolder)
+    : m_folder(dataFolder), m_lists(m_folder.Db()), m_bimPhotos(m_folder.Db(), m_lists),
+      m_pdfPhotos(m_folder.Db(), m_lists), m_issues(m_folder.Db(), m_lists), m_panel(m_folder.Db()),
+      m_catalogue(m_folder.Db()), m_bin(m_folder.Db(), m_folder.Store()), m_places(m_folder) {}
+
+SqliteSite::SqliteSite(std::unique_ptr<DataFolder> dataFolder) : SqliteSite(*dataFolder) {
+    m_owned = std::move(dataFolder);
+}
+
+std::unique_ptr<IIntake> SqliteSite::NewIntake() {
+    return std::make_unique<SiteWriter>(m_folder);
+}
+
+OpenedSite OpenSite(const QString& place, const OpenOptions& options) {
+    auto folder = std::make_unique<DataFolder>(place);
+    if (auto fault = folder->Open(options)) {
+        return {nullptr, std::move(fault)};
+    }
+    return {std::make_unique<SqliteSite>(std::move(folder)), std::nullopt};
+}
+
+} // namespace site

@@ -1,0 +1,52 @@
+// A site in a data folder: the parts of it behind the interfaces.
+#pragma once
+
+#include "site/ISite.h"
+#include "site/sqlite/BimPhotos.h"
+#include "site/sqlite/Bin.h"
+#include "site/sqlite/Catalogue.h"
+#include "site/sqlite/DataFolder.h"
+#include "site/sqlite/Database.h"
+#include "site/sqlite/FolderPlaces.h"
+#include "site/sqlite/Issues.h"
+#include "site/sqlite/ListQuery.h"
+#include "site/sqlite/PanelCache.h"
+#include "site/sqlite/PdfPhotos.h"
+
+namespace site {
+
+class SqliteSite final : public ISite {
+public:
+    /// The folder must be open, and outlive the site.
+    explicit SqliteSite(DataFolder& dataFolder);
+    explicit SqliteSite(std::unique_ptr<DataFolder> dataFolder);
+
+    [[nodiscard]] IBimPhotos& BimPhotos() override { return m_bimPhotos; }
+    [[nodiscard]] IPdfPhotos& PdfPhotos() override { return m_pdfPhotos; }
+    [[nodiscard]] IIssues& Issues() override { return m_issues; }
+    [[nodiscard]] IPanelCounts& PanelCounts() override { return m_panel; }
+    [[nodiscard]] ICatalogue& Catalogue() override { return m_catalogue; }
+    [[nodiscard]] IBin& Bin() override { return m_bin; }
+    [[nodiscard]] std::unique_ptr<IIntake> NewIntake() override;
+    [[nodiscard]] IClientFolders& Folders() override { return m_places; }
+    [[nodiscard]] Stamp ChangeStamp() override { return m_folder.Db().ChangeStamp(); }
+    [[nodiscard]] QString Place() const override { return m_folder.Path(); }
+    void SetTold(Told listener) override { m_folder.SetTold(std::move(listener)); }
+
+    /// For what stands on this engine: its tests and its measurements.
+    [[nodiscard]] DataFolder& Folder() const { return m_folder; }
+
+private:
+    std::unique_ptr<DataFolder> m_owned; ///< null over somebody else's folder
+    DataFolder& m_folder;
+    ListQuery m_lists;
+    site::BimPhotos m_bimPhotos;
+    site::PdfPhotos m_pdfPhotos;
+    site::Issues m_issues;
+    PanelCache m_panel;
+    site::Catalogue m_catalogue;
+    site::Bin m_bin;
+    FolderPlaces m_places;
+};
+
+} // namespace site
