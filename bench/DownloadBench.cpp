@@ -10,6 +10,7 @@
 #include "site/sqlite/SiteWriter.h"
 #include "tests/support/EngineFolder.h"
 #include "toolkit/Prompts.h"
+#include "toolkit/WindowRegistry.h"
 
 #include <QCryptographicHash>
 #include <QDir>
