@@ -17,16 +17,19 @@ struct QueryScript {
     KX_DATA::PageRequest lastRequest;
 };
 
-/// Copies the page of `all` that is asked for and counts. A page behind the last one is empty.
+/// Copies the page of `all` that is asked for and counts. A page behind the last one, or below 1,
+/// is empty; pages of less than one row count as none.
 template <class Row>
 void TakePage(const std::vector<Row>& all, const KX_DATA::PageRequest& request,
               const QueryScript& script, KX_DATA::PageResult& result, std::vector<Row>& rows) {
-    const auto size = std::size_t(std::max(request.pageSize, 1));
-    const std::size_t first = std::min(all.size(), std::size_t(request.page - 1) * size);
-    const std::size_t last = std::min(all.size(), first + size);
-    rows.assign(all.begin() + std::ptrdiff_t(first), all.begin() + std::ptrdiff_t(last));
-    result.totalCount = qint32(all.size());
-    result.pageCount = qint32((all.size() + size - 1) / size);
+    const auto count = qint64(all.size());
+    const qint64 size = std::max(request.pageSize, 0);
+    const qint64 first = request.page < 1 ? count : std::min(count, (request.page - 1) * size);
+    const qint64 last = std::min(count, first + size);
+    rows.assign(all.begin() + first, all.begin() + last);
+    result = {};
+    result.totalCount = qint32(count);
+    result.pageCount = size > 0 ? qint32((count + size - 1) / size) : 0;
     if (script.totals)
         result = *script.totals;
 }

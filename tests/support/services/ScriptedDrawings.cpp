@@ -2,10 +2,17 @@
 
 #include "services/IVeskPicMng.h"
 #include "tests/support/ArgText.h"
+#include "tests/support/services/ScriptedVeskPicMng.h"
 
 #include <algorithm>
 
 namespace support {
+
+namespace {
+
+constexpr qint32 kNoMarkColor = 0xFAFAFA; ///< of a mark that the table doesn't have
+
+} // namespace
 
 qint32 ScriptedPDFDrawingMng::AddComment(qint32 drawingId, const QString& text,
                                          KX_DATA::CheckpointComment& comment) {
@@ -49,9 +56,28 @@ qint32 ScriptedPDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecor
 
 qint32 ScriptedPDFDrawingMng::UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) {
     lastEdit = edit;
-    if (!m_script.Call("UpdateCheckpoint", {Arg("id", edit.checkpointId)}))
+    value = 0;
+    const bool succeeds = m_script.Call("UpdateCheckpoint", {Arg("id", edit.checkpointId)});
+    const auto found = drawings.find(edit.checkpointId);
+    if (!succeeds || found == drawings.end())
         return 0;
-    value = edit.checkpointId;
+    // What is sent as names are ids; one that isn't known is refused with nothing changed.
+    std::vector<KX_DATA::LabelEntry> labels;
+    if (pics != nullptr && !pics->FindLabels(edit.labelNames, labels))
+        return 0;
+    KX_DATA::DrawingRecord& record = found->second;
+    record.description = edit.description;
+    record.remark = edit.remark;
+    record.position = {edit.position1, edit.position2};
+    record.labels.clear();
+    for (const KX_DATA::LabelEntry& label : labels)
+        record.labels.emplace_back(label.labelId, label.labelName);
+    if (pics != nullptr) {
+        const auto mark = pics->markTable.find(edit.markId);
+        record.markName = mark != pics->markTable.end() ? mark->second.name : QString();
+        record.markColor = mark != pics->markTable.end() ? mark->second.color : kNoMarkColor;
+        pics->ChangeCheckpoint(edit.checkpointId, edit.markId, labels);
+    }
     return KX_DATA::kServiceOk;
 }
 

@@ -11,6 +11,8 @@
 
 namespace support {
 
+class ScriptedVeskPicMng;
+
 class ScriptedPDFDrawingMng final : public WithReserved6<KX_DATA::IPDFDrawingMng> {
 public:
     explicit ScriptedPDFDrawingMng(Script& script) : m_script(script) {}
@@ -18,6 +20,7 @@ public:
     std::map<qint32, KX_DATA::DrawingRecord> drawings; ///< by id of the checkpoint point
     std::vector<KX_DATA::CheckpointComment> comments;  ///< of every drawing
     KX_DATA::CheckpointEdit lastEdit;
+    ScriptedVeskPicMng* pics = nullptr; ///< the site's photos, which change with their checkpoints
 
     qint32 AddComment(qint32 drawingId, const QString& text,
                       KX_DATA::CheckpointComment& comment) override;

@@ -24,7 +24,7 @@ void ScriptedKXGlobalData::GetClientVersionText(QString& text) {
 
 void ScriptedKXGlobalData::GetGroupName(QString& name, qint32 groupId) {
     if (m_script.Call("GetGroupName", {Arg("group", groupId)}))
-        name = groupNames[groupId];
+        name = groupNames.contains(groupId) ? groupNames.at(groupId) : QString();
 }
 
 bool ScriptedKXGlobalData::IsTNReminderEnabled() {
@@ -36,6 +36,7 @@ bool ScriptedKXGlobalData::IsWorksetMode() {
 }
 
 void ScriptedKXGlobalData::GetOpenProjectIds(std::vector<qint32>& ids) {
+    ids.clear();
     if (!m_script.Call("GetOpenProjectIds"))
         return;
     for (const KX_DATA::WorksetProject& project : projects)
@@ -43,16 +44,17 @@ void ScriptedKXGlobalData::GetOpenProjectIds(std::vector<qint32>& ids) {
 }
 
 void ScriptedKXGlobalData::GetWorksetProjects(std::vector<KX_DATA::WorksetProject>& list) {
-    if (m_script.Call("GetWorksetProjects"))
-        list = projects;
+    list = m_script.Call("GetWorksetProjects") ? projects : decltype(projects)();
 }
 
 const QString& ScriptedKXGlobalData::GetProjectName(QString& name, qint32 ppid) {
     name.clear();
     if (m_script.Call("GetProjectName", {Arg("ppid", ppid)})) {
-        for (const KX_DATA::WorksetProject& project : projects) {
-            if (project.ppid == ppid)
-                name = project.name;
+        for (const auto* list : {&projects, &otherProjects}) {
+            for (const KX_DATA::WorksetProject& project : *list) {
+                if (project.ppid == ppid)
+                    name = project.name;
+            }
         }
     }
     return name;
@@ -79,7 +81,7 @@ void ScriptedKXSysMng::WriteActionLog(const QString& action) {
 }
 
 qint32 ScriptedKXDocMng::GetLabels(qint32 kind, std::vector<KX_DATA::LabelEntry>& list) {
-    if (!m_script.Call("GetLabels", {Arg("kind", kind)}))
+    if (!m_script.Call("GetLabels", {Arg("kind", kind)}) || kind != KX_DATA::kPhotoDocKind)
         return 0;
     list = labels;
     return KX_DATA::kLabelsOk;
@@ -88,8 +90,15 @@ qint32 ScriptedKXDocMng::GetLabels(qint32 kind, std::vector<KX_DATA::LabelEntry>
 qint32 ScriptedKXDocMng::AddLabel(qint32 kind, const QString& label, qint32 value,
                                   const QString& parent, QString& labelId) {
     if (!m_script.Call("AddLabel", {Arg("kind", kind), Arg("label", label), Arg("value", value),
-                                    Arg("parent", parent)}))
+                                    Arg("parent", parent)}) ||
+        kind != KX_DATA::kPhotoDocKind || label.isEmpty())
         return 0;
+    for (const KX_DATA::LabelEntry& known : labels) {
+        if (known.labelName == label) {
+            labelId = known.labelId;
+            return KX_DATA::kLabelAdded;
+        }
+    }
     labelId = QString::number(labels.size() + 1);
     labels.push_back({labelId, label});
     return KX_DATA::kLabelAdded;
@@ -109,13 +118,12 @@ void ScriptedRecentSearchMng::SaveRecent(const std::vector<QString>& list) {
 }
 
 void ScriptedRecentSearchMng::GetRecent(std::vector<QString>& list) {
-    if (m_script.Call("GetRecent"))
-        list = keywords;
+    list = m_script.Call("GetRecent") ? keywords : decltype(keywords)();
 }
 
 void ScriptedConvertProjStateTool::StateToText(QString& text, qint32 state) {
     if (m_script.Call("StateToText", {Arg("state", state)}))
-        text = states[state];
+        text = states.contains(state) ? states.at(state) : QString();
 }
 
 qint32 ScriptedConvertProjStateTool::TextToState(const QString& text) {

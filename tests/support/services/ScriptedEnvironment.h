@@ -38,7 +38,8 @@ public:
     QString clientVersion;
     bool worksetMode = false;
     bool issueReminders = true;
-    std::vector<KX_DATA::WorksetProject> projects; ///< of the workset, or the open one alone
+    std::vector<KX_DATA::WorksetProject> projects;      ///< of the workset, or the open one alone
+    std::vector<KX_DATA::WorksetProject> otherProjects; ///< have names and aren't open
     std::map<qint32, QString> groupNames;
 
     void GetClientVersionText(QString& text) override;

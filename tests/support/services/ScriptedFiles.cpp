@@ -2,8 +2,10 @@
 
 #include "tests/support/ArgText.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
+#include <QUuid>
 
 using namespace Qt::StringLiterals;
 
@@ -47,7 +49,11 @@ void ScriptedPaths::GetRichFolder(QString& folder) {
 }
 
 void ScriptedPaths::GetAttachFolder(QString& folder, const QString& key) {
-    Fill("GetAttachFolder", folder, u"rich/"_s + key);
+    // A key that isn't the name of one folder has none.
+    if (key.isEmpty() || key == u"."_s || key == u".."_s || key.contains(u'/'))
+        folder.clear();
+    else
+        Fill("GetAttachFolder", folder, u"rich/"_s + key);
 }
 
 void ScriptedPaths::GetOpenFolder(QString& folder) {
@@ -77,11 +83,17 @@ void ScriptedFiles::DownloadFile(KX_DATA::TransferResult& result, const QString&
 bool ScriptedFiles::UploadFile(const std::vector<KX_DATA::UploadItem>& items, qint32 count,
                                KX_DATA::UploadResult& result, QString& errorText) {
     const QString path = items.empty() ? QString() : items.front().path;
-    if (!m_script.Call("UploadFile", {Arg("path", path), Arg("count", count)})) {
+    QFile file(path);
+    if (!m_script.Call("UploadFile", {Arg("path", path), Arg("count", count)}) ||
+        items.size() != 1 || count != 1 || !file.open(QIODevice::ReadOnly)) {
         errorText = u"scripted failure"_s;
         return false;
     }
-    result = uploadResult;
+    const QByteArray contents = file.readAll();
+    const QByteArray md5 = QCryptographicHash::hash(contents, QCryptographicHash::Md5);
+    result = {contents.size(), QString::fromLatin1(md5.toHex()),
+              QUuid::createUuid().toString(QUuid::WithoutBraces)};
+    stored[result.uuid] = contents;
     return true;
 }
 
@@ -109,12 +121,16 @@ bool ScriptedFiles::GetDownloadState(const QString& taskId, qint32& state, qint3
     }
     state = found->second < 0 ? KX_DATA::kDownloadFailed : KX_DATA::kDownloadFinished;
     bytes = qMax(found->second, 0);
+    // Forgotten when its end is read; a failure keeps its text until that is read.
+    if (state == KX_DATA::kDownloadFinished)
+        m_tasks.erase(found);
     return true;
 }
 
-void ScriptedFiles::GetErrorText(const QString&, QString& text) {
-    if (m_script.Call("GetErrorText"))
-        text = u"scripted failure"_s;
+void ScriptedFiles::GetErrorText(const QString& taskId, QString& text) {
+    const bool succeeds = m_script.Call("GetErrorText");
+    const std::lock_guard lock(m_mutex);
+    text = succeeds && m_tasks.erase(taskId) > 0 ? u"scripted failure"_s : QString();
 }
 
 void ScriptedFiles::GetFileSize(const QString& taskId, qint32& size) {
@@ -122,7 +138,8 @@ void ScriptedFiles::GetFileSize(const QString& taskId, qint32& size) {
         return;
     const std::lock_guard lock(m_mutex);
     const auto found = m_tasks.find(taskId);
-    size = found == m_tasks.end() ? 0 : qMax(found->second, 0);
+    if (found != m_tasks.end())
+        size = qMax(found->second, 0);
 }
 
 void ScriptedExProgress::Close() {

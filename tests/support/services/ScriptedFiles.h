@@ -52,7 +52,6 @@ public:
     bool keepsWhatIsThere = false;
     /// So many of the next looks at a state find its transfer running, half of it done.
     int looksWhileRunning = 0;
-    KX_DATA::UploadResult uploadResult;
 
     void DownloadFile(KX_DATA::TransferResult& result, const QString& uuid,
                       const QString& localPath, qint32 kind, bool flag, qint32 value) override;

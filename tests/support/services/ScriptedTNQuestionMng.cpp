@@ -13,7 +13,19 @@ bool Names(const std::vector<QString>& ids, const QString& id) {
     return std::find(ids.begin(), ids.end(), id) != ids.end();
 }
 
+// An end that isn't given is no limit.
+std::string TimeArg(const char* name, const qint64* time) {
+    return time != nullptr ? Arg(name, *time) : std::string(name) + "=none";
+}
+
 } // namespace
+
+const KX_DATA::IssueRow* ScriptedTNQuestionMng::Find(qint32 ppid, const QString& questionId) const {
+    const auto row = std::find_if(issues.begin(), issues.end(), [&](const KX_DATA::IssueRow& each) {
+        return each.questionId == questionId && (!judges || each.ppid == ppid);
+    });
+    return row != issues.end() ? &*row : nullptr;
+}
 
 bool ScriptedTNQuestionMng::DeletePics(qint32 kind, const std::vector<QString>& picIds) {
     return m_script.Call("DeletePics", {Arg("kind", kind), Arg("ids", picIds)});
@@ -35,26 +47,29 @@ void ScriptedTNQuestionMng::GetIssueGroups(quint8 flag, const qint64* from, cons
                                            KX_DATA::MarkFilterArg& filterArg,
                                            std::vector<KX_DATA::IssueMarkGroup>& groups) {
     lastFilterArg = &filterArg;
-    if (m_script.Call("GetIssueGroups",
-                      {Arg("flag", qint32(flag)), Arg("from", *from), Arg("to", *to)}))
-        groups = markGroups;
+    const bool succeeds = m_script.Call(
+        "GetIssueGroups", {Arg("flag", qint32(flag)), TimeArg("from", from), TimeArg("to", to)});
+    if (succeeds || judges)
+        groups = succeeds ? markGroups : decltype(markGroups)();
 }
 
 void ScriptedTNQuestionMng::GetIssueFilterList(quint8 flag, const qint64* from, const qint64* to,
                                                KX_DATA::MarkFilterArg& filterArg,
                                                std::vector<KX_DATA::IssueFilterSource>& entries) {
     lastFilterArg = &filterArg;
-    if (m_script.Call("GetIssueFilterList",
-                      {Arg("flag", qint32(flag)), Arg("from", *from), Arg("to", *to)}))
-        entries = filterEntries;
+    const bool succeeds =
+        m_script.Call("GetIssueFilterList",
+                      {Arg("flag", qint32(flag)), TimeArg("from", from), TimeArg("to", to)});
+    if (succeeds || judges)
+        entries = succeeds ? filterEntries : decltype(filterEntries)();
 }
 
 bool ScriptedTNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
     if (!m_script.Call("DeleteIssues", {Arg("ids", questionIds)}))
         return false;
-    std::erase_if(issues,
-                  [&](const KX_DATA::IssueRow& row) { return Names(questionIds, row.questionId); });
-    return true;
+    const auto gone = std::erase_if(
+        issues, [&](const KX_DATA::IssueRow& row) { return Names(questionIds, row.questionId); });
+    return questionIds.empty() || gone > 0 || !judges;
 }
 
 bool ScriptedTNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& questionIds,
@@ -62,22 +77,30 @@ bool ScriptedTNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QStrin
     if (!m_script.Call("SetIssuesShown",
                        {Arg("ppid", ppid), Arg("ids", questionIds), Arg("hidden", hidden)}))
         return false;
+    bool any = questionIds.empty() || !judges;
     for (KX_DATA::IssueRow& row : issues) {
-        if (Names(questionIds, row.questionId))
+        if (Names(questionIds, row.questionId) && (!judges || row.ppid == ppid)) {
             row.status = hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown;
+            any = true;
+        }
     }
-    return true;
+    return any;
 }
 
 qint32 ScriptedTNQuestionMng::GetIssueDetail(const qint32& ppid, const QString& questionId,
                                              KX_DATA::QuestionDetail& detail) {
     const bool succeeds =
         m_script.Call("GetIssueDetail", {Arg("ppid", ppid), Arg("id", questionId)});
-    const auto row = std::find_if(issues.begin(), issues.end(), [&](const KX_DATA::IssueRow& each) {
-        return each.questionId == questionId;
-    });
-    if (!succeeds || row == issues.end())
+    const KX_DATA::IssueRow* row = Find(ppid, questionId);
+    if (!succeeds || row == nullptr)
         return 0;
+    // The caller's own fields stay.
+    const QString callersId = detail.questionId;
+    const qint32 callersProject = detail.ppid;
+    const auto more = details.find(questionId);
+    detail = more != details.end() ? more->second : KX_DATA::QuestionDetail();
+    detail.questionId = callersId;
+    detail.ppid = callersProject;
     detail.componentName = row->compName;
     detail.createTime = row->createTime;
     detail.creatorName = row->creatorName;
@@ -102,7 +125,10 @@ qint32 ScriptedTNQuestionMng::GetIssuePics(const qint32& ppid, const QString& qu
     if (!m_script.Call("GetIssuePics",
                        {Arg("ppid", ppid), Arg("id", questionId), Arg("kind", kind)}))
         return 0;
-    list = pics[questionId];
+    const auto found = pics.find(questionId);
+    if (judges && Find(ppid, questionId) == nullptr)
+        return 0;
+    list = found != pics.end() ? found->second : std::vector<KX_DATA::QuestionPicRecord>();
     return 1;
 }
 
@@ -136,7 +162,7 @@ bool ScriptedTNQuestionMng::AddRectifyPics(qint32 kind, const KX_DATA::RectifyRe
 }
 
 bool ScriptedTNQuestionMng::GetUsedMarks(qint32 kind, std::vector<qint32>& markIds) {
-    if (!m_script.Call("GetUsedMarks", {Arg("kind", kind)}))
+    if (!m_script.Call("GetUsedMarks", {Arg("kind", kind)}) || kind != KX_DATA::kIssueMarkKind)
         return false;
     markIds = usedMarks;
     return true;

@@ -15,9 +15,12 @@ class ScriptedTNQuestionMng final : public WithReserved5<KX_DATA::ITNQuestionMng
 public:
     explicit ScriptedTNQuestionMng(Script& script) : m_script(script) {}
 
+    bool judges = false; ///< as the photo service's
     std::vector<KX_DATA::IssueRow> issues;
     std::map<QString, std::vector<KX_DATA::QuestionPicRecord>> pics; ///< by questionId
     std::map<QString, KX_DATA::RectifyRecord> rectifications;        ///< by questionId
+    /// What a detail has beyond its row, by questionId.
+    std::map<QString, KX_DATA::QuestionDetail> details;
     std::vector<qint32> usedMarks;
     std::vector<KX_DATA::IssueMarkGroup> markGroups;
     std::vector<KX_DATA::IssueFilterSource> filterEntries;
@@ -55,6 +58,8 @@ public:
     bool GetUsedMarks(qint32 kind, std::vector<qint32>& markIds) override;
 
 private:
+    [[nodiscard]] const KX_DATA::IssueRow* Find(qint32 ppid, const QString& questionId) const;
+
     Script& m_script;
 };
 

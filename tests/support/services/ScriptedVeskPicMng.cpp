@@ -2,7 +2,10 @@
 
 #include "tests/support/ArgText.h"
 
+#include <QDateTime>
+
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -21,26 +24,51 @@ bool Contains(const std::vector<qint32>& ids, qint32 id) {
     return std::find(ids.begin(), ids.end(), id) != ids.end();
 }
 
+constexpr qint32 kEveryProject = std::numeric_limits<qint32>::min();
+
+template <class Row> bool IsOfProject(const Row& row, qint32 ppid) {
+    return ppid == kEveryProject || row.ppid == ppid;
+}
+
+// True if one of them was there, or none was asked for.
 template <class Row>
-void SetShown(std::vector<Row>& rows, const std::vector<qint32>& ids, bool hidden) {
+bool SetShown(std::vector<Row>& rows, qint32 ppid, const std::vector<qint32>& ids, bool hidden) {
+    bool any = ids.empty();
     for (Row& row : rows) {
-        if (Contains(ids, row.picId))
+        if (Contains(ids, row.picId) && IsOfProject(row, ppid)) {
             row.status = hidden ? kStatusHidden : kStatusShown;
+            any = true;
+        }
     }
+    return any;
 }
 
-template <class Row> void Remove(std::vector<Row>& rows, const std::vector<qint32>& ids) {
-    std::erase_if(rows, [&](const Row& row) { return Contains(ids, row.picId); });
+template <class Row, class Judge>
+bool Remove(std::vector<Row>& rows, const std::vector<qint32>& ids, Judge judge) {
+    const auto gone =
+        std::erase_if(rows, [&](const Row& row) { return Contains(ids, row.picId) && judge(row); });
+    return ids.empty() || gone > 0;
 }
 
-template <class Row> const Row* Find(const std::vector<Row>& rows, qint32 picId) {
-    const auto found =
-        std::find_if(rows.begin(), rows.end(), [&](const Row& row) { return row.picId == picId; });
+template <class Row> const Row* Find(const std::vector<Row>& rows, qint32 ppid, qint32 picId) {
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const Row& row) {
+        return row.picId == picId && IsOfProject(row, ppid);
+    });
     return found == rows.end() ? nullptr : &*found;
 }
 
-template <class Row> Row* Find(std::vector<Row>& rows, qint32 picId) {
-    return const_cast<Row*>(Find(std::as_const(rows), picId));
+template <class Row> Row* Find(std::vector<Row>& rows, qint32 ppid, qint32 picId) {
+    return const_cast<Row*>(Find(std::as_const(rows), ppid, picId));
+}
+
+template <class Row> void NoteChange(Row& row, const QString& changer) {
+    if (changer.isEmpty())
+        return;
+    const QDateTime now = QDateTime::currentDateTime();
+    row.updaterName = changer;
+    row.updateTime = now.toString(u"yyyy-MM-dd HH:mm"_s);
+    if constexpr (requires { row.updateStamp; })
+        row.updateStamp = now.toSecsSinceEpoch();
 }
 
 /// Fills a list if the call succeeds.
@@ -54,16 +82,22 @@ template <class Values> qint32 Answer(bool succeeds, const Values& values, Value
 } // namespace
 
 QString ScriptedVeskPicMng::LabelIdOf(const QString& name) const {
-    for (const KX_DATA::LabelEntry& label : bimLabels)
-        if (label.labelName == name)
-            return label.labelId;
+    for (const auto* list : {&allLabels, &bimLabels}) {
+        for (const KX_DATA::LabelEntry& label : *list) {
+            if (label.labelName == name)
+                return label.labelId;
+        }
+    }
     return u"id-of-"_s + name;
 }
 
 QString ScriptedVeskPicMng::LabelNameOf(const QString& id) const {
-    for (const KX_DATA::LabelEntry& label : bimLabels)
-        if (label.labelId == id)
-            return label.labelName;
+    for (const auto* list : {&allLabels, &bimLabels}) {
+        for (const KX_DATA::LabelEntry& label : *list) {
+            if (label.labelId == id)
+                return label.labelName;
+        }
+    }
     return id.startsWith(u"id-of-"_s) ? id.mid(6) : id;
 }
 
@@ -97,34 +131,36 @@ void ScriptedVeskPicMng::GetBimPicFilterGroups(qint64 from, qint64 to, quint8 fl
                                                KX_DATA::MarkFilterArg& filterArg,
                                                std::vector<KX_DATA::PicFilterEntry>& entries) {
     lastFilterArg = &filterArg;
-    if (m_script.Call("GetBimPicFilterGroups",
-                      {Arg("from", from), Arg("to", to), Arg("flag", qint32(flag))}))
-        entries = filterEntries;
+    const bool succeeds = m_script.Call(
+        "GetBimPicFilterGroups", {Arg("from", from), Arg("to", to), Arg("flag", qint32(flag))});
+    if (succeeds || judges)
+        entries = succeeds ? filterEntries : decltype(filterEntries)();
 }
 
 qint32 ScriptedVeskPicMng::GetBimPicMarkerList(qint64 from, qint64 to, quint8 flag, qint32 markId,
                                                KX_DATA::MarkFilterArg& filterArg,
                                                std::vector<qint32>& picIds) {
     lastFilterArg = &filterArg;
-    if (!m_script.Call("GetBimPicMarkerList", {Arg("from", from), Arg("to", to),
-                                               Arg("flag", qint32(flag)), Arg("mark", markId)}))
-        return 0;
-    picIds = markerIds;
+    const bool succeeds =
+        m_script.Call("GetBimPicMarkerList", {Arg("from", from), Arg("to", to),
+                                              Arg("flag", qint32(flag)), Arg("mark", markId)});
+    picIds = succeeds ? markerIds : decltype(markerIds)();
     return qint32(picIds.size());
 }
 
 bool ScriptedVeskPicMng::DeleteBimPics(const std::vector<qint32>& picIds) {
     if (!m_script.Call("DeleteBimPics", {Arg("ids", picIds)}))
         return false;
-    Remove(bimPics, picIds);
-    return true;
+    return Remove(bimPics, picIds, [](const KX_DATA::BimPicRow&) { return true; }) || !judges;
 }
 
 bool ScriptedVeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) {
     if (!m_script.Call("DeletePdfPics", {Arg("ppid", ppid), Arg("ids", picIds)}))
         return false;
-    Remove(pdfPics, picIds);
-    return true;
+    const auto isAsked = [&](const KX_DATA::PdfPicRecord& row) {
+        return IsOfProject(row, Asked(ppid));
+    };
+    return Remove(pdfPics, picIds, isAsked) || !judges;
 }
 
 bool ScriptedVeskPicMng::SetBimPicsShown(qint32 ppid, const std::vector<qint32>& picIds,
@@ -132,8 +168,7 @@ bool ScriptedVeskPicMng::SetBimPicsShown(qint32 ppid, const std::vector<qint32>&
     if (!m_script.Call("SetBimPicsShown",
                        {Arg("ppid", ppid), Arg("ids", picIds), Arg("hidden", hidden)}))
         return false;
-    SetShown(bimPics, picIds, hidden);
-    return true;
+    return SetShown(bimPics, Asked(ppid), picIds, hidden) || !judges;
 }
 
 bool ScriptedVeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds,
@@ -141,16 +176,16 @@ bool ScriptedVeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>&
     if (!m_script.Call("SetPdfPicsShown",
                        {Arg("ppid", ppid), Arg("ids", picIds), Arg("hidden", hidden)}))
         return false;
-    SetShown(pdfPics, picIds, hidden);
-    return true;
+    return SetShown(pdfPics, Asked(ppid), picIds, hidden) || !judges;
 }
 
 qint32 ScriptedVeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId,
                                            KX_DATA::BimPicDetail& detail) {
     const bool succeeds = m_script.Call("GetBimPicDetail", {Arg("ppid", ppid), Arg("id", picId)});
-    const KX_DATA::BimPicRow* row = Find(bimPics, picId);
+    const KX_DATA::BimPicRow* row = Find(bimPics, Asked(ppid), picId);
     if (!succeeds || row == nullptr || row->status != kStatusShown)
         return kPicServiceFailed;
+    detail = {};
     detail.picId = detailHasIds ? row->picId : 0;
     detail.ppid = detailHasIds ? row->ppid : 0;
     detail.positionKey = row->positionKey;
@@ -163,10 +198,12 @@ qint32 ScriptedVeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId,
     detail.uploaderName = row->uploaderName;
     detail.uploadTime = row->uploadStamp;
     detail.updaterName = row->updaterName;
-    detail.updateTime = row->updateStamp;
+    // Of a photo that nobody changed the upload stands for the last change.
+    detail.updateTime = row->updateStamp != 0 ? row->updateStamp : row->uploadStamp;
     detail.status = row->status;
-    detail.markName = detailMarkName;
-    detail.markColor = detailMarkColor;
+    const auto mark = markTable.find(row->markId);
+    detail.markName = mark != markTable.end() ? mark->second.name : detailMarkName;
+    detail.markColor = mark != markTable.end() ? mark->second.color : detailMarkColor;
     for (const QString& name : row->labelNames)
         detail.labels.push_back({LabelIdOf(name), name});
     return kServiceOk;
@@ -175,7 +212,7 @@ qint32 ScriptedVeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId,
 qint32 ScriptedVeskPicMng::GetPdfPicDetail(qint32 ppid, qint32 picId,
                                            KX_DATA::PdfPicDetail& detail) {
     const bool succeeds = m_script.Call("GetPdfPicDetail", {Arg("ppid", ppid), Arg("id", picId)});
-    const KX_DATA::PdfPicRecord* row = Find(pdfPics, picId);
+    const KX_DATA::PdfPicRecord* row = Find(pdfPics, Asked(ppid), picId);
     if (!succeeds || row == nullptr)
         return kPicServiceFailed;
     // The row's own names are crossed: the drawing stands in the field of the checkpoint.
@@ -185,67 +222,166 @@ qint32 ScriptedVeskPicMng::GetPdfPicDetail(qint32 ppid, qint32 picId,
 }
 
 qint32 ScriptedVeskPicMng::GetProjectFloors(qint32 ppid, std::vector<QString>& names) {
-    return Answer(m_script.Call("GetProjectFloors", {Arg("ppid", ppid)}), floors, names);
+    const bool succeeds = m_script.Call("GetProjectFloors", {Arg("ppid", ppid)});
+    if (!model)
+        return Answer(succeeds, floors, names);
+    const auto found = model->floors.find(ppid);
+    return Answer(succeeds, found != model->floors.end() ? found->second : std::vector<QString>(),
+                  names);
 }
 
 qint32 ScriptedVeskPicMng::GetFloorAxesX(qint32 ppid, const QString& floor,
                                          std::vector<QString>& axes) {
-    return Answer(m_script.Call("GetFloorAxesX", {Arg("ppid", ppid), Arg("floor", floor)}), axesX,
-                  axes);
+    const bool succeeds = m_script.Call("GetFloorAxesX", {Arg("ppid", ppid), Arg("floor", floor)});
+    if (!model)
+        return Answer(succeeds, axesX, axes);
+    std::vector<QString> found;
+    for (const ScriptedPosition& position : model->positions) {
+        if (position.ppid == ppid && position.floor == floor &&
+            std::find(found.begin(), found.end(), position.axisX) == found.end())
+            found.push_back(position.axisX);
+    }
+    return Answer(succeeds, found, axes);
 }
 
 qint32 ScriptedVeskPicMng::GetFloorAxesY(qint32 ppid, const QString& floor, const QString& axisX,
                                          std::vector<KX_DATA::AxisYEntry>& axes) {
-    return Answer(
-        m_script.Call("GetFloorAxesY", {Arg("ppid", ppid), Arg("floor", floor), Arg("x", axisX)}),
-        axesY, axes);
+    const bool succeeds =
+        m_script.Call("GetFloorAxesY", {Arg("ppid", ppid), Arg("floor", floor), Arg("x", axisX)});
+    if (!model)
+        return Answer(succeeds, axesY, axes);
+    std::vector<KX_DATA::AxisYEntry> found;
+    for (const ScriptedPosition& position : model->positions) {
+        if (position.ppid == ppid && position.floor == floor && position.axisX == axisX)
+            found.emplace_back(position.axisY, position.key);
+    }
+    return Answer(succeeds, found, axes);
+}
+
+bool ScriptedVeskPicMng::FindLabels(const std::vector<QString>& ids,
+                                    std::vector<KX_DATA::LabelEntry>& labels) const {
+    labels.clear();
+    for (const QString& id : ids) {
+        const auto found =
+            std::find_if(allLabels.begin(), allLabels.end(),
+                         [&](const KX_DATA::LabelEntry& label) { return label.labelId == id; });
+        if (found == allLabels.end() && !allLabels.empty())
+            return false;
+        labels.push_back({id, found != allLabels.end() ? found->labelName : LabelNameOf(id)});
+    }
+    return true;
+}
+
+bool ScriptedVeskPicMng::MoveTo(KX_DATA::BimPicRow& row, const QString& key) const {
+    const bool same = row.positionKey == key;
+    row.positionKey = key;
+    // A key that the model has no longer keeps the place that the photo had with it.
+    if (!model || same)
+        return true;
+    const auto found = std::find_if(model->positions.begin(), model->positions.end(),
+                                    [&](const ScriptedPosition& position) {
+                                        return position.key == key && position.ppid == row.ppid;
+                                    });
+    if (found == model->positions.end() && !key.isEmpty())
+        return false;
+    const ScriptedPosition now = key.isEmpty() ? ScriptedPosition() : *found;
+    row.floor = now.floor;
+    row.axisX = now.axisX;
+    row.axisY = now.axisY;
+    row.posText = key.isEmpty() ? QString() : now.axisX + u'/' + now.axisY;
+    return true;
 }
 
 bool ScriptedVeskPicMng::UpdateBimPic(qint32 ppid, const KX_DATA::BimPicUpdate& update) {
     lastBimUpdate = update;
-    if (!m_script.Call("UpdateBimPic", {Arg("ppid", ppid), Arg("id", update.picId)}))
+    const bool succeeds =
+        m_script.Call("UpdateBimPic", {Arg("ppid", ppid), Arg("id", update.picId)});
+    KX_DATA::BimPicRow* row = Find(bimPics, Asked(ppid), update.picId);
+    std::vector<KX_DATA::LabelEntry> labels;
+    if (!succeeds || row == nullptr)
+        return succeeds && !judges;
+    if (!FindLabels(update.labelIds, labels))
         return false;
-    KX_DATA::BimPicRow* row = Find(bimPics, update.picId);
-    if (row == nullptr)
+    KX_DATA::BimPicRow changed = *row;
+    if (!MoveTo(changed, update.positionKey))
+        return false;
+    changed.description = update.description;
+    changed.markId = update.markId;
+    changed.fileName = update.fileName;
+    changed.status = update.status;
+    changed.labelNames.clear();
+    for (const KX_DATA::LabelEntry& label : labels)
+        changed.labelNames.push_back(label.labelName);
+    NoteChange(changed, changer);
+    *row = changed;
+    return true;
+}
+
+bool ScriptedVeskPicMng::MoveToPoint(KX_DATA::PdfPicRecord& row, qint32 pointId) const {
+    if (pointId <= 0 || pointId == row.drawingId)
         return true;
-    row->description = update.description;
-    row->positionKey = update.positionKey;
-    row->markId = update.markId;
-    row->fileName = update.fileName;
-    row->status = update.status;
-    row->labelNames.clear();
-    for (const QString& id : update.labelIds)
-        row->labelNames.push_back(LabelNameOf(id));
+    // Which points there are is known by their photos.
+    const auto other =
+        std::find_if(pdfPics.begin(), pdfPics.end(), [&](const KX_DATA::PdfPicRecord& each) {
+            return each.drawingId == pointId && each.ppid == row.ppid;
+        });
+    if (other == pdfPics.end())
+        return false;
+    row.drawingId = pointId;
+    row.checkpointId = other->checkpointId;
+    row.checkpointNo = other->checkpointNo;
+    row.drawingName = other->drawingName;
+    row.markId = other->markId;
+    row.labels = other->labels;
+    row.text2 = other->text2;
     return true;
 }
 
 bool ScriptedVeskPicMng::UpdatePdfPic(qint32 ppid, const KX_DATA::PdfPicUpdate& update) {
     lastPdfUpdate = update;
-    if (!m_script.Call("UpdatePdfPic", {Arg("ppid", ppid), Arg("id", update.picId)}))
+    const bool succeeds =
+        m_script.Call("UpdatePdfPic", {Arg("ppid", ppid), Arg("id", update.picId)});
+    KX_DATA::PdfPicRecord* row = Find(pdfPics, Asked(ppid), update.picId);
+    if (!succeeds || row == nullptr)
+        return succeeds && !judges;
+    if (judges && !MoveToPoint(*row, update.pointId))
         return false;
-    KX_DATA::PdfPicRecord* row = Find(pdfPics, update.picId);
-    if (row == nullptr)
-        return true;
     row->description = update.description;
     row->fileName = update.fileName;
     row->status = update.status;
+    NoteChange(*row, changer);
     return true;
+}
+
+void ScriptedVeskPicMng::ChangeCheckpoint(qint32 pointId, qint32 markId,
+                                          const std::vector<KX_DATA::LabelEntry>& labels) {
+    for (KX_DATA::PdfPicRecord& row : pdfPics) {
+        if (row.drawingId == pointId) {
+            row.markId = markId;
+            row.labels = labels;
+        }
+    }
 }
 
 qint32 ScriptedVeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,
                                        std::vector<KX_DATA::PicFileEntry>& entries) {
-    if (!m_script.Call("GetPicFiles", {Arg("ids", picIds)}))
-        return kPicServiceFailed;
-    std::copy_if(files.begin(), files.end(), std::back_inserter(entries),
-                 [&](const KX_DATA::PicFileEntry& entry) { return Contains(picIds, entry.picId); });
-    return kServiceOk;
+    // In the order of the ids, without those that have no file.
+    std::vector<KX_DATA::PicFileEntry> found;
+    for (const qint32 picId : picIds)
+        std::copy_if(files.begin(), files.end(), std::back_inserter(found),
+                     [&](const KX_DATA::PicFileEntry& entry) { return entry.picId == picId; });
+    return Answer(m_script.Call("GetPicFiles", {Arg("ids", picIds)}), found, entries);
 }
 
 qint32 ScriptedVeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
                                              KX_DATA::CheckpointPicDetail& detail) {
     const bool succeeds = m_script.Call("GetCheckpointPics", {Arg("ppid", ppid), Arg("id", picId)});
     const auto found = checkpointPics.find(picId);
-    if (found == checkpointPics.end())
+    const bool isOfOther =
+        std::any_of(pdfPics.begin(), pdfPics.end(), [&](const KX_DATA::PdfPicRecord& row) {
+            return row.picId == picId && !IsOfProject(row, Asked(ppid));
+        });
+    if (found == checkpointPics.end() || isOfOther)
         return kPicServiceFailed;
     return Answer(succeeds, found->second, detail);
 }
@@ -254,25 +390,53 @@ void ScriptedVeskPicMng::GetBimPicFilterValues(qint64 from, qint64 to, quint8 fl
                                                KX_DATA::MarkFilterArg& filterArg,
                                                std::vector<KX_DATA::PicMarkGroup>& groups) {
     lastFilterArg = &filterArg;
-    if (m_script.Call("GetBimPicFilterValues",
-                      {Arg("from", from), Arg("to", to), Arg("flag", qint32(flag))}))
-        groups = markGroups;
+    const bool succeeds = m_script.Call(
+        "GetBimPicFilterValues", {Arg("from", from), Arg("to", to), Arg("flag", qint32(flag))});
+    if (succeeds || judges)
+        groups = succeeds ? markGroups : decltype(markGroups)();
 }
 
 qint32 ScriptedVeskPicMng::DeleteCheckpointPic(qint32 drawingId, qint32 picId) {
     if (!m_script.Call("DeleteCheckpointPic", {Arg("drawing", drawingId), Arg("id", picId)}))
         return 0;
-    Remove(pdfPics, {picId});
-    return 1;
+    // The viewers call the checkpoint a drawing, as the rows do.
+    const auto isAsked = [&](const KX_DATA::PdfPicRecord& row) {
+        return !judges || row.drawingId == drawingId;
+    };
+    return Remove(pdfPics, {picId}, isAsked) || !judges ? 1 : 0;
 }
 
 qint32 ScriptedVeskPicMng::GetPicFilesByPosition(qint32 ppid, const QString& positionKey,
                                                  qint32 markId,
                                                  std::vector<KX_DATA::PicFileEntry>& entries) {
+    std::vector<KX_DATA::PicFileEntry> found;
+    std::copy_if(files.begin(), files.end(), std::back_inserter(found),
+                 [&](const KX_DATA::PicFileEntry& entry) {
+                     return StandsAt(entry.picId, ppid, positionKey, markId);
+                 });
     return Answer(
         m_script.Call("GetPicFilesByPosition",
                       {Arg("ppid", ppid), Arg("position", positionKey), Arg("mark", markId)}),
-        files, entries);
+        found, entries);
+}
+
+qint32 ScriptedVeskPicMng::Asked(qint32 ppid) const {
+    return judges ? ppid : kEveryProject;
+}
+
+bool ScriptedVeskPicMng::StandsAt(qint32 picId, qint32 ppid, const QString& positionKey,
+                                  qint32 markId) const {
+    const auto row =
+        std::find_if(bimPics.begin(), bimPics.end(),
+                     [&](const KX_DATA::BimPicRow& each) { return each.picId == picId; });
+    if (!judges)
+        return true;
+    if (row == bimPics.end())
+        return false;
+    // Photos without a floor hang on one place, whatever their key.
+    const bool here =
+        positionKey.isEmpty() ? row->floor.isEmpty() : row->positionKey == positionKey;
+    return here && IsOfProject(*row, ppid) && row->markId == markId && row->status == kStatusShown;
 }
 
 bool ScriptedVeskPicMng::GetBimLabels(std::vector<KX_DATA::LabelEntry>& labels) {

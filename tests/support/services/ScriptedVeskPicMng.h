@@ -1,27 +1,55 @@
 // The photo service on records in memory.
 #pragma once
 
+#include "services/EnvRecords.h"
 #include "services/IVeskPicMng.h"
 #include "tests/support/Reserved.h"
 #include "tests/support/Script.h"
 #include "tests/support/services/Paging.h"
 
 #include <map>
+#include <optional>
 
 namespace support {
 
+/// One intersection of a project's model.
+struct ScriptedPosition {
+    qint32 ppid = 0;
+    QString floor;
+    QString axisX;
+    QString axisY;
+    QString key;
+};
+
+/// The floors of each project, in their order, and what stands on them.
+struct ScriptedModel {
+    std::map<qint32, std::vector<QString>> floors;
+    std::vector<ScriptedPosition> positions;
+};
+
 /// Queries answer pages of the records in their order, whatever the filter, which is kept for the
-/// test; showing, hiding and deleting change the records. A failing operation changes nothing.
+/// test; showing, hiding, saving and deleting change the records. A failing operation changes
+/// nothing.
 class ScriptedVeskPicMng final : public WithReserved5<KX_DATA::IVeskPicMng> {
 public:
     explicit ScriptedVeskPicMng(Script& script) : m_script(script) {}
 
+    /// True: as a site it refuses ids that it doesn't have, projects that aren't those of the
+    /// records, and takes the last fetch back when a fetch fails. False, for tests of what is sent:
+    /// it takes every id and project.
+    bool judges = false;
     std::vector<KX_DATA::BimPicRow> bimPics;
     std::vector<KX_DATA::PdfPicRecord> pdfPics;
     std::map<qint32, KX_DATA::CheckpointPicDetail> checkpointPics;
     std::vector<KX_DATA::PicFileEntry> files;
     QString detailMarkName; ///< of every BIM photo's detail, as the colour
     qint32 detailMarkColor = 0;
+    std::map<qint32, KX_DATA::MarkRecord> markTable; ///< if given, names and colours are from here
+    std::vector<KX_DATA::LabelEntry> allLabels;      ///< if given, a save refuses other ids
+    /// If given, it has the floors, axes and position keys; else the three lists below are those of
+    /// every project, and every key is good.
+    std::optional<ScriptedModel> model;
+    QString changer;          ///< who saves; empty: people and times of the records stay
     bool detailHasIds = true; ///< false: the service leaves photo and project to the caller
     std::vector<QString> floors;
     std::vector<QString> axesX;
@@ -84,10 +112,23 @@ public:
     bool GetUsedPdfMarks(std::vector<qint32>& markIds) override;
     void GetStateNames(std::vector<QString>& names) override;
 
+    /// A checkpoint's change reaches its photos.
+    void ChangeCheckpoint(qint32 pointId, qint32 markId,
+                          const std::vector<KX_DATA::LabelEntry>& labels);
+    /// False if one of them isn't known.
+    [[nodiscard]] bool FindLabels(const std::vector<QString>& ids,
+                                  std::vector<KX_DATA::LabelEntry>& labels) const;
+
 private:
+    /// The project that records are looked for in.
+    [[nodiscard]] qint32 Asked(qint32 ppid) const;
     /// Labels that the lists don't have get ids of their own, which are never their names.
     [[nodiscard]] QString LabelIdOf(const QString& name) const;
     [[nodiscard]] QString LabelNameOf(const QString& id) const;
+    [[nodiscard]] bool MoveTo(KX_DATA::BimPicRow& row, const QString& key) const;
+    [[nodiscard]] bool MoveToPoint(KX_DATA::PdfPicRecord& row, qint32 pointId) const;
+    [[nodiscard]] bool StandsAt(qint32 picId, qint32 ppid, const QString& positionKey,
+                                qint32 markId) const;
 
     Script& m_script;
 };

@@ -1,0 +1,58 @@
+// The doubles of the services as a site.
+#pragma once
+
+#include "tests/contracts/ContractSite.h"
+#include "tests/support/ScriptedHost.h"
+
+namespace contracts {
+
+/// Fills the records of a ScriptedHost as a test of a dialog would.
+class ScriptedSite final : public ContractSite {
+public:
+    ScriptedSite();
+
+    QString AddLabel(const QString& name) override;
+    void AddFloor(qint32 ppid, const QString& floor) override;
+    QString AddPosition(const site::NewPosition& position) override;
+    qint32 AddDrawing(qint32 ppid, const QString& name) override;
+    qint32 AddCheckpoint(const site::NewCheckpoint& checkpoint, const QByteArray& voice) override;
+    qint32 AddPhoto(const site::NewBimPhoto& photo, const QByteArray& picture,
+                    const QByteArray& voice) override;
+    qint32 AddPdfPhoto(const site::NewPdfPhoto& photo, const QByteArray& picture) override;
+    QString AddIssue(const site::NewIssue& issue, const QByteArray& voice) override;
+    void AddIssuePic(const site::NewIssuePic& pic, const QByteArray& picture) override;
+
+    void SignIn(const QString& name) override;
+    void OpenWorkset() override;
+    void CloseProject() override;
+    void SetDrawing(const KX_DATA::CurrentDrawing& drawing) override;
+    void Tick(const KX_DATA::ShownPicMarks& pics, const KX_DATA::ShownIssueMarks& issues) override;
+    void SetView(bool open) override;
+    std::vector<QString> Actions() override;
+    void FailTransfers() override;
+    void Enter(Trouble trouble, const std::vector<std::string>& operations) override;
+
+private:
+    struct Drawing {
+        qint32 ppid = 0;
+        QString name;
+    };
+    struct Point {
+        site::NewCheckpoint record;
+        QString voice;
+    };
+    QString Store(const QByteArray& contents);
+    /// In the order of their ids.
+    [[nodiscard]] std::vector<KX_DATA::LabelEntry> Labels(const std::vector<qint32>& ids) const;
+    void AddPicToPanel(const KX_DATA::BimPicRow& row);
+    void AddIssueToPanel(const KX_DATA::IssueRow& row);
+
+    support::ScriptedHost host;
+    std::map<QString, bool> positionIsValid;
+    std::map<qint32, Drawing> drawings;
+    std::map<qint32, Point> points;
+    std::map<QString, site::NewPosition> positions;
+    qint32 lastId = 0;
+};
+
+} // namespace contracts
