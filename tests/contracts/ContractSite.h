@@ -2,7 +2,7 @@
 // trouble.
 #pragma once
 
-#include "site/sqlite/SiteWriter.h"
+#include "site/NewRecords.h"
 #include "tests/contracts/Services.h"
 
 #include <string>

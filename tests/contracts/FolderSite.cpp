@@ -1,5 +1,8 @@
 #include "tests/contracts/FolderSite.h"
 
+#include "site/ICatalogue.h"
+#include "tests/support/EngineFolder.h"
+
 #include <QSqlDatabase>
 #include <QSqlQuery>
 
@@ -54,8 +57,8 @@ private:
 
 FolderSite::FolderSite() {
     session.SetMessageSink([](host::MessageLevel, const QString&) {});
-    EXPECT_FALSE(session.OpenFolder(dir.filePath(u"site"_s), {20, true}).has_value());
-    writer = std::make_unique<site::SiteWriter>(*session.Folder());
+    EXPECT_FALSE(session.Open(dir.filePath(u"site"_s), {20, true}).has_value());
+    writer = std::make_unique<site::SiteWriter>(support::FolderOf(session));
     first = writer->AddProject(u"一号楼"_s, 2);
     second = writer->AddProject(u"二号楼"_s);
     workset = writer->AddWorkset(u"全部"_s, {first, second});
@@ -146,7 +149,7 @@ void FolderSite::SetView(bool open) {
 
 std::vector<QString> FolderSite::Actions() {
     std::vector<QString> actions;
-    for (const site::LoggedAction& entry : session.Tables().Actions(100)) {
+    for (const site::LoggedAction& entry : session.Site().Catalogue().Actions(100)) {
         actions.insert(actions.begin(), entry.action);
     }
     return actions;
@@ -157,11 +160,11 @@ void FolderSite::FailTransfers() {
 }
 
 void FolderSite::Enter(Trouble trouble, const std::vector<std::string>& /*operations*/) {
-    const QString path = session.Folder()->DatabasePath();
+    const QString path = support::FolderOf(session).DatabasePath();
     switch (trouble) {
     case Trouble::Closed:
         writer.reset();
-        session.CloseFolder();
+        session.Close();
         break;
     case Trouble::Broken:
         other = std::make_unique<OtherConnection>(path);
@@ -172,7 +175,7 @@ void FolderSite::Enter(Trouble trouble, const std::vector<std::string>& /*operat
         other->BeginToWrite();
         break;
     case Trouble::ReadOnly:
-        session.Folder()->Db().Exec(u"PRAGMA query_only = 1"_s);
+        support::FolderOf(session).Db().Exec(u"PRAGMA query_only = 1"_s);
         break;
     case Trouble::Scripted:
         ADD_FAILURE() << "a real site isn't told to fail";

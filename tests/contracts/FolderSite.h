@@ -14,6 +14,7 @@
 #include "host/services/UnbuiltServices.h"
 #include "host/services/VeskPicMng.h"
 #include "host/session/HostSession.h"
+#include "site/sqlite/SiteWriter.h"
 #include "tests/contracts/ContractSite.h"
 #include "tests/support/Script.h"
 #include "tests/support/services/ScriptedProject.h"
