@@ -39,9 +39,9 @@ protected:
 };
 
 /// All decoders read from pipes to which nobody writes, until this goes.
-class BusyDecoders final {
+class HeldDecoders final {
 public:
-    explicit BusyDecoders(const support::TempFolder& folder) {
+    explicit HeldDecoders(const support::TempFolder& folder) {
         const unsigned count = gallery::DecoderCount(std::thread::hardware_concurrency());
         for (unsigned i = 0; i < count; ++i) {
             const QString path = folder.Path(u"pipe%1"_s.arg(i));
@@ -58,12 +58,12 @@ public:
             }));
         }
     }
-    ~BusyDecoders() {
+    ~HeldDecoders() {
         for (const int writer : m_writers)
             close(writer);
     }
-    BusyDecoders(const BusyDecoders&) = delete;
-    BusyDecoders& operator=(const BusyDecoders&) = delete;
+    HeldDecoders(const HeldDecoders&) = delete;
+    HeldDecoders& operator=(const HeldDecoders&) = delete;
 
 private:
     std::vector<std::shared_ptr<DecodeJob>> m_jobs;
@@ -198,7 +198,7 @@ TEST_F(DecodersTest, WhatIsPreparedForOthersIsGivenUpAndWhatIsDoneStays) {
     const QString other = Picture(u"c"_s, Qt::blue);
     (void)cache.Get(done, {20, 20});
     {
-        const BusyDecoders busy(folder);
+        const HeldDecoders busy(folder);
         cache.Prepare(other, {20, 20});
         cache.Prepare(kept, {20, 20});
         cache.GiveUpOthers(kept);
@@ -214,7 +214,7 @@ TEST_F(DecodersTest, AClearedCacheHasItsJobsGivenUp) {
     const QString path = Picture(u"a"_s, Qt::blue);
     gallery::PictureCache cache;
     {
-        const BusyDecoders busy(folder);
+        const HeldDecoders busy(folder);
         cache.Prepare(path, {20, 20});
         cache.Clear();
         gallery::DecodeInBackground(last, gallery::Urgency::Ahead);
@@ -229,7 +229,7 @@ TEST_F(DecodersTest, WhatIsWantedIsDecodedBeforeWhatMayBe) {
     const auto wanted = std::make_shared<DecodeJob>(Request(Picture(u"b"_s, Qt::blue)),
                                                     [&] { isAheadDone = ahead->IsDone(); });
     {
-        const BusyDecoders busy(folder);
+        const HeldDecoders busy(folder);
         gallery::DecodeInBackground(ahead, gallery::Urgency::Ahead);
         gallery::DecodeInBackground(wanted, gallery::Urgency::Wanted);
     }
