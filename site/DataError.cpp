@@ -30,6 +30,10 @@ QString FaultText(Fault fault, const QString& what) {
         return head + u"找不到所需的文件或记录，可能已被删除，请刷新后重试。"_s;
     case Fault::kRefused:
         return head + u"数据之间的关系不允许这样修改，请刷新后重试。"_s;
+    case Fault::kTooSlow:
+        return head + u"等待的时间过长，没有完成，请稍后重试。"_s;
+    case Fault::kCancelled:
+        return head + u"已取消，没有改变任何内容。"_s;
     case Fault::kOther:
         break;
     }

@@ -14,9 +14,11 @@ enum class Fault {
     kDamaged,
     kNotASite, ///< a folder with other things in it
     kDiskFull,
-    kBadName, ///< a uuid or file name that must not reach the file system
-    kMissing, ///< a file or record that should be there is not
-    kRefused, ///< a constraint of the database
+    kBadName,   ///< a uuid or file name that must not reach the file system
+    kMissing,   ///< a file or record that should be there is not
+    kRefused,   ///< a constraint of the database
+    kTooSlow,   ///< past the deadline of the question
+    kCancelled, ///< whoever asked has had enough
     kOther,
 };
 

@@ -3,8 +3,11 @@
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <stop_token>
+#include <utility>
 
 namespace site {
 
@@ -17,6 +20,14 @@ class IIssues;
 class IPanelCounts;
 class IPdfPhotos;
 
+/// How long a question may take, and who may end it before.
+struct Limits {
+    /// For each question anew; zero: as long as it takes.
+    std::chrono::milliseconds deadline{0};
+    /// May be told to stop by any thread.
+    std::stop_token stop;
+};
+
 /// Differs from an earlier one if anybody has changed data since.
 struct Stamp {
     qint64 others = -1;
@@ -25,7 +36,8 @@ struct Stamp {
 };
 
 /// What stands on it lasts as long as it does. Operations may take long; where they fail they throw
-/// DataError. Thread: the one that opened it, except where said.
+/// DataError: kTooSlow past the deadline, kCancelled when told to stop, with nothing changed.
+/// Thread: the one that opened it, except where said.
 class ISite {
 public:
     virtual ~ISite() = default;
@@ -48,6 +60,23 @@ public:
     using Told = std::function<void(const QString&)>;
     /// Is told, in Chinese, what a person should know of the site; at once what was to tell before.
     virtual void SetTold(Told listener) = 0;
+
+    /// For all questions from now on; answers those that held before.
+    virtual Limits SetLimits(Limits limits) = 0;
+};
+
+/// Limits for the questions of a scope.
+class Within final {
+public:
+    Within(ISite& owner, Limits limits)
+        : m_site(owner), m_before(owner.SetLimits(std::move(limits))) {}
+    ~Within() { m_site.SetLimits(std::move(m_before)); }
+    Within(const Within&) = delete;
+    Within& operator=(const Within&) = delete;
+
+private:
+    ISite& m_site;
+    Limits m_before;
 };
 
 } // namespace site

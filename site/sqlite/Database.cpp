@@ -17,9 +17,22 @@ QString NextConnectionName() {
     return u"vesk-%1"_s.arg(++number);
 }
 
+/// Whatever happens to a question, its transaction ends.
+class Ending final {
+public:
+    explicit Ending(Patience& owner) : m_patience(owner) { m_patience.SetEnding(true); }
+    ~Ending() { m_patience.SetEnding(false); }
+    Ending(const Ending&) = delete;
+    Ending& operator=(const Ending&) = delete;
+
+private:
+    Patience& m_patience;
+};
+
 } // namespace
 
-Database::Database(const QString& path, int busyTimeoutMs) : name(NextConnectionName()) {
+Database::Database(const QString& path, int busyTimeoutMs)
+    : name(NextConnectionName()), patience(busyTimeoutMs) {
     connection = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
     connection.setDatabaseName(path);
     connection.setConnectOptions(u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyTimeoutMs));
@@ -31,6 +44,7 @@ Database::Database(const QString& path, int busyTimeoutMs) : name(NextConnection
         }
         sqlite::Configure(connection);
         sqlite::AddFunctions(connection, &slot);
+        sqlite::Obey(connection, &patience);
     } catch (...) {
         connection = QSqlDatabase();
         QSqlDatabase::removeDatabase(name);
@@ -108,7 +122,8 @@ std::shared_ptr<Database::Prepared> Database::Take(const QString& sql) {
 }
 
 void Database::Fail(const QSqlError& error, const QString& sql) const {
-    const Fault fault = sqlite::FaultOf(error);
+    const bool isEnded = patience.IsOver() && sqlite::MayBeEndedEarly(error);
+    const Fault fault = isEnded ? patience.Reason() : sqlite::FaultOf(error);
     if (faultWatch) {
         faultWatch(fault);
     }
@@ -124,7 +139,11 @@ void Database::Plain(const QString& sql) {
 }
 
 Statement::Statement(Database& owner, const QString& text)
-    : database(owner), sql(text), entry(owner.Take(text)) {}
+    : database(owner), sql(text), entry(owner.Take(text)) {
+    if (database.depth == 0) {
+        database.patience.Begin();
+    }
+}
 
 Statement::~Statement() {
     // Otherwise the statement would hold its read lock and keep the log from being emptied.
@@ -166,6 +185,7 @@ Transaction::Transaction(Database& owner) : database(owner) {
     if (database.depth == 0) {
         // Taking the write lock at once lets the busy timeout work; an upgrade later could not
         // wait.
+        database.patience.Begin();
         database.Plain(u"BEGIN IMMEDIATE"_s);
         database.doomed = false;
     }
@@ -179,6 +199,7 @@ Transaction::~Transaction() {
     --database.depth;
     database.doomed = true;
     if (database.depth == 0) {
+        const Ending ending(database.patience);
         QSqlQuery(database.connection).exec(u"ROLLBACK"_s);
     }
 }
@@ -188,6 +209,7 @@ void Transaction::Commit() {
         if (database.doomed) {
             throw DataError(Fault::kOther, FaultText(Fault::kOther, {}), u"part undone"_s);
         }
+        const Ending ending(database.patience);
         database.Plain(u"COMMIT"_s);
     }
     open = false;
@@ -196,6 +218,7 @@ void Transaction::Commit() {
 
 ReadScope::ReadScope(Database& owner) : database(owner), own(owner.depth == 0) {
     if (own) {
+        database.patience.Begin();
         database.Plain(u"BEGIN"_s);
         ++database.depth;
     }
@@ -204,6 +227,7 @@ ReadScope::ReadScope(Database& owner) : database(owner), own(owner.depth == 0) {
 ReadScope::~ReadScope() {
     if (own) {
         --database.depth;
+        const Ending ending(database.patience);
         QSqlQuery(database.connection).exec(u"COMMIT"_s);
     }
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "site/ISite.h"
+#include "site/sqlite/Patience.h"
 #include "site/sqlite/Sqlite.h"
 
 #include <QSqlDatabase>
@@ -42,6 +43,8 @@ public:
 
     [[nodiscard]] Stamp ChangeStamp();
 
+    /// How long its statements may go on.
+    [[nodiscard]] Patience& Patient() { return patience; }
     /// See Sqlite.h.
     [[nodiscard]] sqlite::HitSlot& Hits() { return slot; }
     [[nodiscard]] bool PassesQuickCheck() { return sqlite::PassesQuickCheck(connection); }
@@ -62,6 +65,7 @@ private:
     void Plain(const QString& sql);
 
     QString name;
+    Patience patience; ///< outlives the connection
     QSqlDatabase connection;
     sqlite::HitSlot slot;
     std::unordered_map<QString, std::shared_ptr<Prepared>> prepared;

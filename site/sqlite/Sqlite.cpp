@@ -1,6 +1,7 @@
 #include "site/sqlite/Sqlite.h"
 
 #include "site/sqlite/HitSet.h"
+#include "site/sqlite/Patience.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -122,6 +123,27 @@ void AddFunctions(QSqlDatabase& connection, HitSlot* slot) {
                                nullptr);
     sqlite3_create_function_v2(handle, "add_hit", 1, SQLITE_UTF8, slot, AddHit, nullptr, nullptr,
                                nullptr);
+}
+
+void Obey(QSqlDatabase& connection, Patience* patience) {
+    // Steps of the virtual machine between two looks: some hundred looks a second.
+    constexpr int kSteps = 100'000;
+    sqlite3* handle = HandleOf(connection);
+    sqlite3_progress_handler(
+        handle, kSteps, [](void* given) { return static_cast<Patience*>(given)->IsOver() ? 1 : 0; },
+        patience);
+    sqlite3_busy_handler(
+        handle,
+        [](void* given, int tries) {
+            return static_cast<Patience*>(given)->WaitForLock(tries) ? 1 : 0;
+        },
+        patience);
+}
+
+bool MayBeEndedEarly(const QSqlError& error) {
+    constexpr int kPrimaryMask = 0xff;
+    const int code = error.nativeErrorCode().toInt() & kPrimaryMask;
+    return code == SQLITE_INTERRUPT || code == SQLITE_BUSY;
 }
 
 qint64 TotalChanges(const QSqlDatabase& connection) {

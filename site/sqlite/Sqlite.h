@@ -16,6 +16,7 @@ struct sqlite3_stmt;
 namespace site {
 
 class HitSet;
+class Patience;
 
 namespace sqlite {
 
@@ -33,6 +34,11 @@ void Configure(QSqlDatabase& connection);
 /// Adds in_hits(id), 1 if the slot's set has the id, and add_hit(id), which puts it in; `slot` must
 /// outlive the connection.
 void AddFunctions(QSqlDatabase& connection, HitSlot* slot);
+/// Lets the patience end statements that run and decide how long a lock is waited for; it must
+/// outlive the connection.
+void Obey(QSqlDatabase& connection, Patience* patience);
+/// True for the error of a statement that was ended early, or gave up a lock.
+[[nodiscard]] bool MayBeEndedEarly(const QSqlError& error);
 /// Rows that this connection has changed so far.
 [[nodiscard]] qint64 TotalChanges(const QSqlDatabase& connection);
 /// A number that changes when another connection has committed a change.

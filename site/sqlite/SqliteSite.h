@@ -31,6 +31,9 @@ public:
     [[nodiscard]] IClientFolders& Folders() override { return m_places; }
     [[nodiscard]] Stamp ChangeStamp() override { return m_folder.Db().ChangeStamp(); }
     [[nodiscard]] QString Place() const override { return m_folder.Path(); }
+    Limits SetLimits(Limits limits) override {
+        return m_folder.Db().Patient().Set(std::move(limits));
+    }
     void SetTold(Told listener) override { m_folder.SetTold(std::move(listener)); }
 
     /// For what stands on this engine: its tests and its measurements.
