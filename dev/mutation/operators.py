@@ -48,6 +48,7 @@ _NO_STATEMENT = {
     "public", "private", "protected", "struct", "class", "enum", "mutable", "volatile", "template",
     "co_return", "co_yield", "co_await",
 }  # fmt: skip
+_EMPTY = {"{}", "std::nullopt"}  # returned, the same by the language
 _ASSIGNS = {"=", "+=", "-=", "*=", "/=", "%=", "|=", "&=", "^=", "<<=", ">>="}
 
 
@@ -193,7 +194,8 @@ def _returns(source: Source) -> _Changes:
         words = source.tokens[at + 1 : last]
         is_constant = len(words) == 1 and (words[0].kind != "name" or words[0].text in
                                            ("true", "false", "nullptr"))  # fmt: skip
-        if not words or is_constant or [word.text for word in words] == ["{", "}"]:
+        value = "".join(word.text for word in words)
+        if not words or is_constant or value in _EMPTY:
             continue
         yield words[0].start, words[-1].end, "return", "{}", at
 

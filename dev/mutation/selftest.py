@@ -88,6 +88,10 @@ class Operators(unittest.TestCase):
         body = "if (a) return b(c); if (d) return 0; if (e) return; return {};"
         self.assertEqual(changes(body, "return"), [("b(c)", "{}")])
 
+    def test_a_returned_nullopt_is_the_empty_value_already(self):
+        body = "if (a) return std::nullopt; return b;"
+        self.assertEqual(changes(body, "return"), [("b", "{}")])
+
     def test_calls_are_left_out_and_declarations_stay(self):
         body = (
             "const A a(b); C c(d); std::vector<E> e(f); G* g = h(); i->J(k); l.m(n).o();\n"
