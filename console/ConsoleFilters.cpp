@@ -75,7 +75,6 @@ void CVeskPicMngDlg::FillLabelBox() {
         return;
     m_labelsLoaded = true;
     m_controls->labelCombo->clear();
-    m_labelIds.clear();
     if (m_mode == kModeIssue)
         return;
     std::vector<KX_DATA::LabelEntry> labels;

@@ -56,7 +56,7 @@ QString SortField(ConsoleMode mode, int column) {
 }
 
 QString DefaultSortField(ConsoleMode mode) {
-    return QString::fromUtf16(Fields(mode)[0]);
+    return QString::fromUtf16(Fields(mode).front());
 }
 
 QString SortOrderAfter(int columnState) {

@@ -250,7 +250,7 @@ void CVeskPicMngDlg::OnSearchDone() {
     if (m_waitCursor)
         QGuiApplication::restoreOverrideCursor();
     m_waitCursor = false;
-    if (!m_controls || !m_grid)
+    if (!m_controls)
         return;
     EnableSearch();
     const QString count = QString::number(m_grid->totalCount);

@@ -1,5 +1,6 @@
 #include "reminder/CompactMarks.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 /// Finds the kind of a leaf among those that its mark had at last.
@@ -9,7 +10,7 @@ public:
 
     quint32 KindOf(const KX_DATA::PicMarkLeaf& leaf) {
         Recent& recent = recents[leaf.markId];
-        for (std::size_t at = 0; at < recent.count; ++at) {
+        for (std::size_t at = 0; at < std::min(recent.added, kRecent); ++at) {
             const KX_DATA::PicMarkLeaf& kind = kinds[recent.kinds[at]];
             if (kind.text1 == leaf.text1 && kind.text2 == leaf.text2 &&
                 kind.markName == leaf.markName)
@@ -17,17 +18,16 @@ public:
         }
         // Leaves that all differ have a kind each, which costs memory and nothing else.
         kinds.push_back(leaf);
-        const std::size_t at = recent.count < kRecent ? recent.count++ : recent.next++ % kRecent;
-        recent.kinds[at] = quint32(kinds.size() - 1);
-        return recent.kinds[at];
+        const quint32 added = quint32(kinds.size() - 1);
+        recent.kinds[recent.added++ % kRecent] = added;
+        return added;
     }
 
 private:
     static constexpr std::size_t kRecent = 8;
     struct Recent {
         std::array<quint32, kRecent> kinds{};
-        std::size_t count = 0;
-        std::size_t next = 0;
+        std::size_t added = 0; ///< the oldest is overwritten first
     };
     std::vector<KX_DATA::PicMarkLeaf>& kinds;
     std::unordered_map<qint32, Recent> recents;

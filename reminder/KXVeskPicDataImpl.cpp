@@ -33,12 +33,10 @@ void CKXVeskPicDataImpl::GetPicFilterData(qint64 from, qint64 to, quint8 flag,
 void CKXVeskPicDataImpl::GetIssueFilterData(qint64 from, qint64 to, quint8 flag,
                                             KX_DATA::MarkFilterArg& filterArg,
                                             std::vector<KX_DATA::PicFilterEntry>& entries) {
-    m_issueFilterList.clear();
     m_issueGroups.Clear();
     std::vector<KX_DATA::IssueFilterSource> sources;
     GetTNQuestionMng()->GetIssueFilterList(flag, &from, &to, filterArg, sources);
-    m_issueFilterList = IssueFilterList(sources);
-    entries = m_issueFilterList;
+    entries = IssueFilterList(sources);
     std::vector<KX_DATA::IssueMarkGroup> groups;
     GetTNQuestionMng()->GetIssueGroups(flag, &from, &to, filterArg, groups);
     m_issueGroups.SetGroups(groups);
@@ -74,7 +72,6 @@ void CKXVeskPicDataImpl::BuildIssueMarks(const KX_DATA::ShownIssueMarks& selecti
 }
 
 void CKXVeskPicDataImpl::Clear() {
-    m_issueFilterList.clear();
     m_picFilterList.clear();
     m_picNames.clear();
     m_picGroups.SetGroups({});

@@ -37,7 +37,6 @@ public:
 
 private:
     std::vector<KX_DATA::PicFilterEntry> m_picFilterList;
-    std::vector<KX_DATA::PicFilterEntry> m_issueFilterList;
     PicMarkTree m_picGroups;
     std::map<QString, QString> m_picNames; ///< cleared with the rest, filled by nobody
     IssueMarkTree m_issueGroups;           ///< with the names of the entries

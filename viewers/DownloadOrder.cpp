@@ -34,13 +34,13 @@ std::optional<DownloadKey> NextDownload(const std::vector<GalleryItem>& items,
     constexpr auto picture = DownloadKind::Picture;
     constexpr auto audio = DownloadKind::Audio;
     const ItemRange all{0, int(items.size()) - 1};
-    const std::array<Offer, 6> nearFirst{{{picture, {current, current}},
-                                          {audio, {current, current}},
-                                          {picture, visible},
-                                          {picture, {visible.last, all.last}},
-                                          {picture, {0, visible.first}},
-                                          {audio, all}}};
-    const std::array<Offer, 2> inOrder{{{picture, all}, {audio, all}}};
+    const std::array nearFirst{Offer{picture, {current, current}},
+                               Offer{audio, {current, current}},
+                               Offer{picture, visible},
+                               Offer{picture, {visible.last, all.last}},
+                               Offer{picture, {0, visible.first}},
+                               Offer{audio, all}};
+    const std::array inOrder{Offer{picture, all}, Offer{audio, all}};
     const Offer* begin = visible.IsNone() ? inOrder.data() : nearFirst.data();
     const size_t offers = visible.IsNone() ? inOrder.size() : nearFirst.size();
     for (size_t i = 0; i < offers; ++i) {

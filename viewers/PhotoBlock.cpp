@@ -45,9 +45,6 @@ void PhotoBlock::MakeControls(QWidget& pane, NotePlayer& note) {
     noteGroup = Make<CTitledGroup>(pane, u"noteGroup"_s);
     noteGroup->setTitle(u"语音"_s);
     note.MakeControls(&pane);
-    note.Button()->show();
-    note.Progress()->show();
-    note.Status()->show();
 }
 
 void PhotoBlock::LayOut(const QSize& pane, NotePlayer& note) {

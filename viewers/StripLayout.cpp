@@ -21,10 +21,8 @@ ItemRange FromFirst(const RangeRequest& request, int visible) {
 }
 
 ItemRange ToLast(const RangeRequest& request, int visible) {
-    ItemRange range{request.current - visible + 1, request.current};
-    if (range.first < 0)
-        range = {0, visible - 1};
-    return range;
+    const int first = std::max(request.current - visible + 1, 0);
+    return {first, first + visible - 1};
 }
 
 /// An even strip has no middle cell: the one of the middle pair is taken that leaves more to see in
