@@ -107,3 +107,9 @@ TEST(SafeFileName, DotsBesideSomethingElseStay) {
     EXPECT_EQ(SafeFileName(u"..."_s), u"_");
     EXPECT_EQ(SafeFileName(u"..a"_s), u"..a");
 }
+
+TEST(SafeFileName, NeverEndsWithHalfACharacter) {
+    EXPECT_EQ(SafeFileName(QString(217, u'a') + u"\U00020BB7"_s), QString(217, u'a'));
+    EXPECT_EQ(SafeFileName(QString(216, u'a') + u"\U00020BB7"_s),
+              QString(216, u'a') + u"\U00020BB7"_s);
+}

@@ -110,4 +110,27 @@ TEST_F(FacadeConsoleTest, WithoutAProjectTheConsoleOpens) {
     EXPECT_EQ(Console().GetMode(), kModePdf);
 }
 
+TEST_F(FacadeConsoleTest, TheLimitsOfABimPresetReachTheSearch) {
+    Facade().ShowBimPicMngFor(0, u"K7"_s, 2, 3);
+    EXPECT_EQ(host.pics.lastBimFilter.presetKey, u"K7"_s);
+    EXPECT_EQ(host.pics.lastBimFilter.markId, 2);
+    EXPECT_EQ(host.pics.lastBimFilter.picId, 3);
+}
+
+TEST_F(FacadeConsoleTest, OpeningAMinimisedConsoleBringsItBackUp) {
+    Facade().ShowPicMng(1);
+    EXPECT_TRUE(Console().Widget()->isVisible());
+    Console().Minimise();
+    ASSERT_TRUE(Console().Widget()->isMinimized());
+    Facade().ShowPicMng(1);
+    EXPECT_FALSE(Console().Widget()->isMinimized());
+}
+
+TEST_F(FacadeConsoleTest, PopupsThatThisVersionLacksAreLoggedEachTime) {
+    Facade().ShowPicPopups(toolkit::kNoWindow);
+    EXPECT_EQ(ModuleLog().count(u"此版本尚不提供"_s), 1);
+    Facade().ShowIssuePopups(toolkit::kNoWindow);
+    EXPECT_EQ(ModuleLog().count(u"此版本尚不提供"_s), 2);
+}
+
 } // namespace

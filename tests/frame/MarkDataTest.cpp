@@ -58,4 +58,11 @@ TEST_F(MarkDataTest, AFailingServiceLeavesTheLastPhotosAndNoIssues) {
     EXPECT_THAT(entries, IsEmpty());
 }
 
+TEST_F(MarkDataTest, TheNumberOfPhotosOfAMarkIsTheServices) {
+    host.pics.markerIds = {7, 8, 9};
+    std::vector<qint32> picIds;
+    EXPECT_EQ(data.GetBimPicMarkerList(1, 2, 3, 4, filterArg, picIds), 3);
+    EXPECT_THAT(picIds, ElementsAre(7, 8, 9));
+}
+
 } // namespace

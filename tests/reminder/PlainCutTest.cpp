@@ -207,3 +207,20 @@ TEST_F(PlainCutTest, IssuesAreCutAsIfEachKeyWereLookedUp) {
         m_host.Log().Clear();
     }
 }
+
+TEST_F(PlainCutTest, MarksWithManyKindsOfLeavesAreCutLikeOthers) {
+    KX_DATA::PicMarkGroup group{"floor0", 0, {}};
+    for (int i = 0; i < 60; ++i) {
+        KX_DATA::PicMarkItem item{"key", "item0", "c", "d", "e", 0, 0, {}};
+        for (int mark = 0; mark < 3; ++mark)
+            item.leaves.push_back(
+                {"t" + std::to_string(i % (20 + mark)), "u", mark, i, u"mark%1"_s.arg(mark)});
+        group.items.push_back(item);
+    }
+    m_host.pics.markGroups = {group};
+    m_data.GetPicFilterData(0, 0, 0, m_arg, m_entries);
+    const KX_DATA::ShownPicMarks selection = {{"floor0", {{SecondLevel(0), {{0, {}}, {2, {}}}}}}};
+    std::vector<KX_DATA::PicMarkGroup> cut;
+    m_data.BuildPicMarks(selection, cut);
+    EXPECT_EQ(Dump(cut), Dump(PlainCut({group}, selection)));
+}

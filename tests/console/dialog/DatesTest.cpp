@@ -124,4 +124,15 @@ TEST_F(DatesTest, ATypedStartBehindTheEndGoesBackBeforeAltSSearches) {
     EXPECT_EQ(BimFilter().endTime, Start(QDate(2026, 3, 5)) + 86399);
 }
 
+TEST_F(DatesTest, TheWeekIsSevenDaysToTheSecond) {
+    // The first and the last second of 2026-03-05.
+    for (const qint64 now : {1772640000, 1772726399}) {
+        clock.Set(now);
+        Open(kModeBim);
+        EXPECT_EQ(C().endPicker->date(), QDate(2026, 3, 5));
+        EXPECT_EQ(C().startPicker->date(), QDate(2026, 2, 26));
+        Console().CloseConsole();
+    }
+}
+
 } // namespace

@@ -283,4 +283,18 @@ TEST_F(FilterBoxesTest, AChosenMarkAndLabelAreForgottenByAnotherKind) {
     EXPECT_EQ(BimFilter().labelId, QString());
 }
 
+TEST_F(FilterBoxesTest, AnEntryThatStandsForNothingMeansAllEvenBehindAKindWithMoreMarks) {
+    host.pics.usedBimMarks = {1, 2, 3};
+    Open(kModeBim);
+    DropDown(*C().markCombo);
+    CloseList(*C().markCombo);
+    Click(C().pdfRadio);
+    DropDown(*C().markCombo);
+    CloseList(*C().markCombo);
+    ASSERT_EQ(C().markCombo->count(), 2);
+    C().markCombo->addItem(u"?"_s);
+    Choose(*C().markCombo, 2);
+    EXPECT_EQ(PdfFilter().markId, 0);
+}
+
 } // namespace

@@ -314,4 +314,14 @@ TEST_F(ConsoleWindowTest, ItsControlsHaveTheirSizes) {
         EXPECT_EQ(radio->size(), QSize(90, 18));
 }
 
+TEST_F(ConsoleWindowTest, TheKindOfAnOpenConsoleIsTheCheckedButton) {
+    Open(kModeBim);
+    Console().SetMode(kModePdf);
+    EXPECT_TRUE(C().pdfRadio->isChecked());
+    Console().SetMode(kModeBim);
+    EXPECT_TRUE(C().bimRadio->isChecked());
+    Console().SetMode(kModeIssue);
+    EXPECT_TRUE(C().pdfRadio->isChecked());
+}
+
 } // namespace

@@ -231,3 +231,29 @@ TEST_F(BimPicViewWindowTest, AViewerThatGoesLeavesNoBlockedClient) {
     Wrap().Widget()->close();
     EXPECT_TRUE(client->isEnabled());
 }
+
+TEST_F(BimPicViewWindowTest, ItsFirstSizeIsTwelveHundredByEightHundred) {
+    ASSERT_TRUE(Open());
+    EXPECT_EQ(Wrap().Widget()->size(), QSize(1200, 800));
+}
+
+TEST_F(BimPicViewWindowTest, LaidOutAgainThePaneIsDrawnEvenAtItsOldPlace) {
+    ASSERT_TRUE(Open());
+    support::RunPendingEvents();
+    const PaintCounter paints(Pane().Widget());
+    Wrap().OnTitleChanged(u"?"_s);
+    support::RunPendingEvents();
+    EXPECT_GE(paints.count, 1);
+}
+
+TEST_F(BimPicViewWindowTest, EveryLineOfThePhotoIsFoundByItsName) {
+    ASSERT_TRUE(Open());
+    const gallery::PhotoBlock& texts = Texts();
+    const std::vector<std::pair<QString, const QWidget*>> lines{
+        {u"markText"_s, texts.markText},         {u"posText"_s, texts.posText},
+        {u"uploaderText"_s, texts.uploaderText}, {u"uploadTimeText"_s, texts.uploadTimeText},
+        {u"updaterText"_s, texts.updaterText},   {u"updateTimeText"_s, texts.updateTimeText},
+        {u"labelText"_s, texts.labelText},       {u"descText"_s, texts.descText}};
+    for (const auto& [name, line] : lines)
+        EXPECT_EQ(Pane().Widget()->findChild<QWidget*>(name), line) << name.toStdString();
+}

@@ -255,3 +255,14 @@ TEST_F(DecodersTest, TheCacheKeepsFourSmallPicturesAndTheOneAskedForLastLongest)
     cache.Clear();
     EXPECT_TRUE(cache.Find(paths[4]).isNull());
 }
+
+TEST_F(DecodersTest, TheCacheCountsFourBytesForAPixel) {
+    const auto kept = [this](const QSize& size) {
+        gallery::PictureCache cache;
+        for (int i = 0; i < 3; ++i)
+            (void)cache.Get(Picture(u"c%1"_s.arg(i), Qt::green), size);
+        return !cache.Find(folder.Path(u"c0"_s)).isNull();
+    };
+    EXPECT_FALSE(kept({2000, 1700})) << "40.8 million bytes";
+    EXPECT_TRUE(kept({2000, 1650})) << "39.6 million bytes";
+}

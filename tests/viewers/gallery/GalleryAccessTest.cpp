@@ -111,3 +111,11 @@ TEST_F(GalleryAccess, TheButtonsGoWithTheWindow) {
     support::RunPendingEvents();
     EXPECT_EQ(QAccessible::accessibleInterface(button), nullptr);
 }
+
+TEST_F(GalleryAccess, AButtonOfTheStripsOtherDirectionHasNoPlace) {
+    ASSERT_FALSE(PaneAccess()->child(gallery::kThumbLeft)->rect().isEmpty());
+    gallery->SetPicRects(QRect(0, 0, 395, 400), QRect(400, 5, 95, 390));
+    ASSERT_FALSE(State().buttons[gallery::kThumbLeft].rect.isEmpty()) << "where it was";
+    EXPECT_EQ(PaneAccess()->child(gallery::kThumbLeft)->rect(), QRect());
+    EXPECT_FALSE(PaneAccess()->child(gallery::kThumbUp)->rect().isEmpty());
+}

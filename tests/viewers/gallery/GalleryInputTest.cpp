@@ -293,3 +293,15 @@ TEST_F(GalleryInput, ANewLayoutForgetsTheThumbnailUnderTheMouse) {
     gallery->SetPicRects(State().bigArea, State().stripArea);
     EXPECT_EQ(State().hoverIndex, -1);
 }
+
+TEST_F(GalleryInput, ANewListEndsADragOfTheOldPicture) {
+    const auto items = OnDisk(10);
+    SetItems(items, 5);
+    QTest::mouseDClick(Pane(), Qt::LeftButton, {}, PictureMiddle());
+    ASSERT_FALSE(State().zoom.fit);
+    QTest::mousePress(Pane(), Qt::LeftButton, {}, PictureMiddle());
+    gallery->SetPicItems(items);
+    QTest::mouseMove(Pane(), {1, 1});
+    QTest::mouseMove(Pane(), ThumbMiddle(5));
+    EXPECT_EQ(State().hoverIndex, 5) << "the mouse points again, and drags nothing";
+}

@@ -328,3 +328,36 @@ TEST(GalleryPainter, TheZoomLabelStandsOnALightPlateAboveTheLowerEdge) {
     EXPECT_EQ(image.pixelColor(plate.left() + 6, plate.bottom() + 1), QColor(Qt::black));
     EXPECT_NE(image.pixelColor(plate.topLeft()), QColor(220, 220, 220)) << "round corners";
 }
+
+TEST(GalleryPainter, ASlideStaysWithinItsBounds) {
+    GalleryState state = WideState();
+    gallery::SlideScene scene;
+    const QRect bounds(100, 50, 300, 200);
+    scene.slide = gallery::PictureSlide({bounds, bounds, bounds, true, 0, 1});
+    scene.oldImage = support::OneColour(bounds.size(), Qt::red);
+    scene.newImage = support::OneColour(bounds.size(), Qt::blue);
+    scene.offset = 150;
+    QImage image(500, 400, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    QPainter painter(&image);
+    gallery::PaintSlide(painter, state, scene);
+    EXPECT_EQ(image.pixelColor(100, 60), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(399, 60), QColor(Qt::blue));
+    EXPECT_EQ(image.pixelColor(99, 60), QColor(Qt::magenta));
+    EXPECT_EQ(image.pixelColor(400, 60), QColor(Qt::magenta));
+}
+
+TEST(GalleryPainter, APictureThatIsAWholePixelTooLargeIsFittedToItsPlace) {
+    const GalleryState state = WideState();
+    const QRectF place(100, 50, 100, 100);
+    const auto painted = [&](const QSize& size) {
+        QImage image(500, 400, QImage::Format_RGB32);
+        QPainter painter(&image);
+        gallery::PaintBigPicture(painter, state, {{place, support::OneColour(size, Qt::red)}});
+        return image;
+    };
+    EXPECT_EQ(painted({101, 100}).pixelColor(199, 60), QColor(Qt::red));
+    EXPECT_EQ(painted({101, 100}).pixelColor(200, 60), support::kPaneColour);
+    EXPECT_EQ(painted({100, 101}).pixelColor(110, 149), QColor(Qt::red));
+    EXPECT_EQ(painted({100, 101}).pixelColor(110, 150), support::kPaneColour);
+}

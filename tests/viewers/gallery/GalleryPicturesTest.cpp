@@ -4,9 +4,16 @@
 #include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/support/SamplePictures.h"
+#include "toolkit/WindowObject.h"
+#include "toolkit/WindowRegistry.h"
 #include "viewers/Decoders.h"
 
+#include <QWidget>
 #include <gtest/gtest.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using gallery::GalleryPictures;
@@ -305,4 +312,47 @@ TEST_F(SharpPart, IsNotAskedForWhileThePictureIsFitted) {
     EXPECT_TRUE(pictures.Sharp(state, 1).image.isNull());
     gallery::JoinDecoders();
     EXPECT_TRUE(pictures.Sharp(state, 1).image.isNull());
+}
+
+namespace {
+
+/// Counts the sharp parts of which its window is told.
+class SharpListener final : public toolkit::WindowObject {
+public:
+    SharpListener() { Create(toolkit::kNoWindow); }
+    ~SharpListener() override { Destroy(); }
+
+    int told = 0;
+
+protected:
+    QWidget* MakeWindow(QWidget* parent) override { return new QWidget(parent, Qt::Window); }
+    qintptr OnEvent(const toolkit::WindowEvent& event) override {
+        told += event.number == gallery::kSharpPartReady;
+        return 0;
+    }
+};
+
+} // namespace
+
+TEST_F(SharpPart, NobodyIsToldOfWhatIsForgottenWhileItIsDecoded) {
+    for (const bool forgotten : {false, true}) {
+        SharpListener listener;
+        // A pipe that nobody writes to keeps the decoder where it is.
+        const QString path = folder.Path(u"pipe%1"_s.arg(forgotten));
+        ASSERT_EQ(mkfifo(path.toLocal8Bit().constData(), 0600), 0);
+        state.items[0].picPath = path;
+        pictures.WantSharp(state, listener.Id(), 1);
+        int writer = -1;
+        ASSERT_TRUE(support::WaitFor([&] {
+            writer = open(path.toLocal8Bit().constData(), O_WRONLY | O_NONBLOCK);
+            return writer >= 0;
+        }));
+        if (forgotten)
+            pictures.ForgetSharp();
+        close(writer);
+        gallery::JoinDecoders();
+        support::RunPendingEvents();
+        EXPECT_EQ(listener.told, forgotten ? 0 : 1);
+        pictures.ForgetSharp();
+    }
 }

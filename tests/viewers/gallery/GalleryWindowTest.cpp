@@ -6,6 +6,7 @@
 #include "toolkit/WindowRegistry.h"
 
 #include <QDir>
+#include <QFile>
 #include <QScreen>
 #include <QTest>
 #include <QTimer>
@@ -211,4 +212,15 @@ TEST_F(GalleryWindow, ItsOwnEventsAreAnsweredAndOthersAreNot) {
                              gallery::kPictureUnreadable})
         EXPECT_EQ(toolkit::SendWindowEvent(gallery->Id(), number), 1) << number;
     EXPECT_EQ(toolkit::SendWindowEvent(gallery->Id(), 4711), 0);
+}
+
+TEST_F(GalleryWindow, WithoutAWindowNoFileIsLookedAt) {
+    const auto items = OnDisk(2);
+    SetItems(items);
+    QFile::remove(items[0].picPath);
+    gallery->SetPicRects(QRect(0, 0, 500, 295), QRect(5, 300, 490, 95));
+    ASSERT_FALSE(State().visible.IsNone());
+    EXPECT_TRUE(State().items[0].fileThere) << "nobody sees whether it is";
+    Open();
+    EXPECT_FALSE(State().items[0].fileThere);
 }
