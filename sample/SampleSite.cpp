@@ -9,9 +9,6 @@
 #include "site/ISite.h"
 
 #include <QDateTime>
-#include <QDir>
-#include <QFile>
-#include <QLockFile>
 
 namespace sample {
 
