@@ -74,10 +74,10 @@ set(VESK_TEST_ENVIRONMENT
   LC_ALL=C.UTF-8
   TZ=Asia/Shanghai
   DBUS_SESSION_BUS_ADDRESS=disabled:
-  "TSAN_OPTIONS=ignore_noninstrumented_modules=1 halt_on_error=1 die_after_fork=0"
   UBSAN_OPTIONS=print_stacktrace=1
-  # Otherwise the leak check reads the storage of threads of loaded libraries by a guess at how it was
-  # laid out, and dies of a wrong one.
+  # Both sanitizers otherwise look at the storage of threads of loaded libraries by a guess at how it
+  # was laid out, and die of a wrong one.
+  "TSAN_OPTIONS=ignore_noninstrumented_modules=1 halt_on_error=1 die_after_fork=0 intercept_tls_get_addr=0"
   ASAN_OPTIONS=detect_leaks=1:intercept_tls_get_addr=0)
 
 # vesk_test(NAME SOURCES... LINK libraries... [LABELS labels...]): one GoogleTest program, run

@@ -56,11 +56,6 @@ QString DataFolder::LogPath() const {
     return root + u'/' + place::kLogs;
 }
 
-QString DataFolder::CachePath(qint32 ppid, const QString& leaf) const {
-    const QString path = root + u'/' + place::kCache + u'/' + QString::number(ppid) + u'/' + leaf;
-    return QDir().mkpath(path) ? path : QString();
-}
-
 void DataFolder::Look() const {
     const FolderFinding found = LookAtFolder(root);
     const QString folder = QDir::toNativeSeparators(root);

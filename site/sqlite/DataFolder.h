@@ -48,9 +48,6 @@ public:
     [[nodiscard]] QString BinPath() const;
     [[nodiscard]] QString WorkPath() const;
     [[nodiscard]] QString LogPath() const;
-    /// `leaf` is "pics", "thumbs" or "attach"; the folder is made, and "" comes back if it can't
-    /// be.
-    [[nodiscard]] QString CachePath(qint32 ppid, const QString& leaf) const;
 
     /// Only while open.
     [[nodiscard]] Database& Db() const { return *database; }

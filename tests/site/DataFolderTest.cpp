@@ -1,5 +1,6 @@
 #include "site/sqlite/Database.h"
 #include "site/sqlite/Migrations.h"
+#include "site/sqlite/SqliteSite.h"
 #include "tests/site/TempSite.h"
 
 #include <QFile>
@@ -173,7 +174,8 @@ TEST(DataFolder, ASecondOpeningOfTheSameFolderSeesTheChangesOfTheFirst) {
 
 TEST(DataFolder, CachesLieOutsideTheStore) {
     TempSite site;
-    const QString cache = site.folder.CachePath(3, u"pics"_s);
+    const QString cache =
+        SqliteSite(site.folder).Folders().CacheOf(3, IClientFolders::Cache::Pictures);
     EXPECT_TRUE(QFileInfo(cache).isDir());
     EXPECT_FALSE(cache.startsWith(site.folder.StorePath()));
 }
