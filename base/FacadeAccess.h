@@ -39,8 +39,9 @@ public:
 
     /// For a viewer of that kind that closes: brings the console back that was minimised for it.
     void BringConsoleBack(qint32 kind) {
-        if (reopenConsole)
+        if (reopenConsole) {
             ShowPicMng(kind);
+        }
     }
 
     /// The drawing photo editor waits hidden while the user picks another drawing in the host.

@@ -25,8 +25,9 @@ void ShowStatus(toolkit::WindowId parent, e_VeskPicMngStatus status);
 /// Runs `body`; a status that it raises is shown at `parent`. False if one was raised.
 template <class Body> bool Guarded(toolkit::WindowId parent, Body&& body) {
     const auto status = CatchStatus(std::forward<Body>(body));
-    if (status)
+    if (status) {
         ShowStatus(parent, *status);
+    }
     return !status;
 }
 

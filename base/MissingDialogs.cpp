@@ -36,8 +36,9 @@ QString NameOf(MissingDialog dialog) {
 bool AnswerAsCancelled(MissingDialog dialog) {
     WriteLog(u"此版本尚不提供："_s + NameOf(dialog));
     // A message that comes in by itself is nobody's wish.
-    if (dialog != MissingDialog::ReminderFeed)
+    if (dialog != MissingDialog::ReminderFeed) {
         toolkit::ShowNotice(u"此版本尚不提供“%1”，请等待后续版本。"_s.arg(NameOf(dialog)));
+    }
     return false;
 }
 

@@ -13,8 +13,9 @@ std::optional<KX_DATA::ProjectRecord> CurrentProject() {
 
 KX_DATA::CurrentDrawing CurrentDrawing() {
     KX_DATA::CurrentDrawing drawing;
-    if (KX_DATA::IProjCacheHandle* handle = GetProjCacheMng()->GetCurrentProject())
+    if (KX_DATA::IProjCacheHandle* handle = GetProjCacheMng()->GetCurrentProject()) {
         handle->GetCurrentDrawing(drawing);
+    }
     return drawing;
 }
 

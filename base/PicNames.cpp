@@ -39,8 +39,9 @@ void SplitPicName(const QString& name, QString& base, QString& extension, bool w
 QString SafeFileName(const QString& name) {
     QString safe = name;
     std::replace_if(safe.begin(), safe.end(), IsRefused, QChar(u'_'));
-    while (safe.toUtf8().size() > kMostBaseBytes)
+    while (safe.toUtf8().size() > kMostBaseBytes) {
         safe.chop(safe.back().isLowSurrogate() ? 2 : 1);
+    }
     const bool onlyDots =
         std::all_of(safe.cbegin(), safe.cend(), [](QChar character) { return character == u'.'; });
     return onlyDots ? u"_"_s : safe;

@@ -44,8 +44,9 @@ void WriteLog(const QString& text) {
     const QString time = KXTools::SecondText(toolkit::Clock().NowSeconds());
     const std::string line = toolkit::ToGbk(u"["_s + time + u"] "_s + text + u"\r\n"_s);
     QFile file(state.path);
-    if (state.path.isEmpty() || !file.open(QIODevice::WriteOnly | QIODevice::Append))
+    if (state.path.isEmpty() || !file.open(QIODevice::WriteOnly | QIODevice::Append)) {
         return;
+    }
     file.write(line.data(), qint64(line.size()));
 }
 
@@ -53,17 +54,20 @@ void ClearLog() {
     LogState& state = State();
     const std::lock_guard lock(state.lock);
     QFile file(state.path);
-    if (!state.path.isEmpty())
+    if (!state.path.isEmpty()) {
         static_cast<void>(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    }
 }
 
 void LogProjectChange(const QString* projectName, qint32 ppid) {
     LogState& state = State();
-    if (state.cycle == 0)
+    if (state.cycle == 0) {
         ClearLog();
+    }
     state.cycle = (state.cycle + 1) % 3;
-    if (projectName == nullptr)
+    if (projectName == nullptr) {
         return;
+    }
     WriteLog(u"**********工程名:"_s + *projectName + u" PPID:"_s + QString::number(ppid) +
              u"**********"_s);
 }

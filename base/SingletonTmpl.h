@@ -14,8 +14,9 @@ public:
 
     [[nodiscard]] static T& Instance() {
         std::unique_ptr<T>& holder = Holder();
-        if (!holder)
+        if (!holder) {
             holder.reset(new T);
+        }
         return *holder;
     }
     /// Whether the object was made already.

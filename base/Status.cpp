@@ -48,8 +48,9 @@ constexpr std::array<const char16_t*, 32> kMessages = {
 
 QString GetStatusMessage(e_VeskPicMngStatus status) {
     const qint64 index = qint64(status) - kFirstMessage;
-    if (index < 0 || index >= qint64(kMessages.size()))
+    if (index < 0 || index >= qint64(kMessages.size())) {
         return QStringLiteral("出现未知错误！");
+    }
     return QString::fromUtf16(kMessages[size_t(index)]);
 }
 

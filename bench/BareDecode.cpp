@@ -16,8 +16,9 @@ void Decode(const DecodeOrder& order) {
     reader.setAutoTransform(true);
     reader.setScaledSize(order.size);
     QImage image = reader.read();
-    if (!order.cut.isEmpty())
+    if (!order.cut.isEmpty()) {
         image = image.copy(order.cut);
+    }
 }
 
 } // namespace
@@ -31,14 +32,16 @@ double BareDecode(const DecodeOrder& order) {
 double BareDecodes(const std::vector<DecodeOrder>& orders) {
     std::atomic<size_t> next{0};
     const auto work = [&] {
-        for (size_t i = next++; i < orders.size(); i = next++)
+        for (size_t i = next++; i < orders.size(); i = next++) {
             Decode(orders[i]);
+        }
     };
     const Stopwatch timer;
     {
         std::vector<std::jthread> others;
-        for (unsigned i = 1; i < std::max(1U, std::thread::hardware_concurrency()); ++i)
+        for (unsigned i = 1; i < std::max(1U, std::thread::hardware_concurrency()); ++i) {
             others.emplace_back(work);
+        }
         work();
     }
     return timer.Milliseconds();

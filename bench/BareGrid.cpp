@@ -24,10 +24,12 @@ public:
     void Replace() {
         beginResetModel();
         ++m_generation;
-        for (int row = 0; row < kRows; ++row)
-            for (int column = 0; column < kColumns; ++column)
+        for (int row = 0; row < kRows; ++row) {
+            for (int column = 0; column < kColumns; ++column) {
                 m_texts[size_t(row * kColumns + column)] =
                     u"外墙渗漏 "_s + QString::number(m_generation * kRows + row + column);
+            }
+        }
         endResetModel();
     }
 
@@ -38,8 +40,9 @@ public:
         return parent.isValid() ? 0 : kColumns;
     }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override {
-        if (role != Qt::DisplayRole)
+        if (role != Qt::DisplayRole) {
             return {};
+        }
         return m_texts[size_t(index.row() * kColumns + index.column())];
     }
 

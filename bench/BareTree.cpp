@@ -24,8 +24,9 @@ double FillAndPaintBareTree(const host::MarkTree& rows, const QSize& size) {
     tree.setUniformRowHeights(true);
     for (const host::MarkTreeFloor& floor : rows) {
         QTreeWidgetItem* above = AddRow(tree.invisibleRootItem(), floor.caption, floor.count);
-        for (const host::MarkTreeMark& mark : floor.marks)
+        for (const host::MarkTreeMark& mark : floor.marks) {
             AddRow(above, mark.name, mark.count);
+        }
     }
     tree.resize(size);
     tree.show();

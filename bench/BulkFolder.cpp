@@ -25,10 +25,12 @@ const QString& User() {
 }
 
 bool OpenOrFill(host::HostSession& session, const QString& folder) {
-    if (session.Open(folder))
+    if (session.Open(folder)) {
         return false;
-    if (session.SignIn(User()))
+    }
+    if (session.SignIn(User())) {
         return true;
+    }
     session.Close();
     const QStringList words = QCoreApplication::arguments().mid(1);
     return QProcess::execute(QCoreApplication::applicationFilePath(),
@@ -62,8 +64,9 @@ int FillFolder(const QCommandLineParser& options) {
 }
 
 bool OpenFolder(host::HostSession& session, const QCommandLineParser& options) {
-    if (OpenOrFill(session, options.value(u"data"_s)) && session.OpenProject(kBigProject))
+    if (OpenOrFill(session, options.value(u"data"_s)) && session.OpenProject(kBigProject)) {
         return true;
+    }
     QTextStream(stderr) << u"the data folder can't be used"_s << Qt::endl;
     return false;
 }

@@ -50,14 +50,16 @@ std::vector<std::pair<QString, QString>> Keywords() {
 }
 
 std::vector<FilterCase> Filters(int kind) {
-    std::vector<FilterCase> filters = {{u"none"_s, FilterKind::kNone, {}},
-                                       {u"mark"_s, FilterKind::kMark, {}},
-                                       {u"state"_s, FilterKind::kState, {}},
-                                       {u"date"_s, FilterKind::kDate, {}}};
-    if (kind != 3)
-        filters.push_back({u"label"_s, FilterKind::kLabel, {}});
-    for (const auto& [name, keyword] : Keywords())
-        filters.push_back({u"keyword "_s + name, FilterKind::kKeyword, keyword});
+    std::vector<FilterCase> filters = {{u"none"_s, FilterKind::None, {}},
+                                       {u"mark"_s, FilterKind::Mark, {}},
+                                       {u"state"_s, FilterKind::State, {}},
+                                       {u"date"_s, FilterKind::Date, {}}};
+    if (kind != 3) {
+        filters.push_back({u"label"_s, FilterKind::Label, {}});
+    }
+    for (const auto& [name, keyword] : Keywords()) {
+        filters.push_back({u"keyword "_s + name, FilterKind::Keyword, keyword});
+    }
     return filters;
 }
 
@@ -70,10 +72,13 @@ struct SortCase {
 std::vector<SortCase> Sorts(int kind) {
     std::vector<SortCase> sorts;
     const std::vector<ColumnSpec>& columns = ConsoleColumns(kind);
-    for (int column = 0; column < int(columns.size()); ++column)
-        if (columns[size_t(column)].sortable && column != kProjectColumn)
-            for (const QString& order : {u"asc"_s, u"desc"_s})
+    for (int column = 0; column < int(columns.size()); ++column) {
+        if (columns[size_t(column)].sortable && column != kProjectColumn) {
+            for (const QString& order : {u"asc"_s, u"desc"_s}) {
                 sorts.push_back({column, order});
+            }
+        }
+    }
     return sorts;
 }
 
@@ -105,10 +110,12 @@ void MeasurePages(ConsoleDriver& driver, const CaseResult& description, bench::R
     };
     add(u"first"_s, 1);
     const int last = driver.PageCount();
-    if (last > kDeepPage)
+    if (last > kDeepPage) {
         add(u"1000th"_s, kDeepPage);
-    if (last > 1)
+    }
+    if (last > 1) {
         add(u"last"_s, last);
+    }
 }
 
 void MeasureList(const ListCase& list, bench::Report& report) {
@@ -140,15 +147,18 @@ int MeasureConsole(const QCommandLineParser& options) {
     MeasureClientStart(options.value(u"data"_s), report);
     bench::StartTracing();
     host::HostSession session;
-    if (!bench::OpenFolder(session, options))
+    if (!bench::OpenFolder(session, options)) {
         return 1;
+    }
     bench::BareGrid bare;
     std::vector<double> paints;
-    for (int i = 0; i < 21; ++i)
+    for (int i = 0; i < 21; ++i) {
         paints.push_back(bare.ReplaceAndPaint());
+    }
     report.SetBarePaint(bench::Median(paints));
-    for (const ListCase& list : Lists())
+    for (const ListCase& list : Lists()) {
         MeasureList(list, report);
+    }
     report.PrintTable();
     report.AddFigure(u"peak memory"_s, bench::PeakMegabytes(), u"MB"_s);
     CVeskPicMngDlg::ReleaseInstance();
@@ -171,8 +181,9 @@ int main(int argc, char** argv) {
     QCommandLineParser options;
     AddOptions(options);
     options.process(app);
-    if (options.isSet(u"start-probe"_s))
+    if (options.isSet(u"start-probe"_s)) {
         return bench::RunStartProbe(options.value(u"start-probe"_s),
                                     options.value(u"spawned"_s).toLongLong());
+    }
     return options.isSet(u"fill"_s) ? bench::FillFolder(options) : MeasureConsole(options);
 }

@@ -53,8 +53,9 @@ void ConsoleDriver::ClearFilter() {
     const ConsoleControls& controls = *m_console.Controls();
     controls.keywordCombo->setEditText(QString());
     controls.statusCombo->setCurrentIndex(0);
-    if (!controls.noDateLimit->isChecked())
+    if (!controls.noDateLimit->isChecked()) {
         controls.noDateLimit->click();
+    }
     Choose(*controls.markCombo, 0);
     Choose(*controls.labelCombo, 0);
 }
@@ -63,23 +64,23 @@ void ConsoleDriver::SetFilter(const FilterCase& filter) {
     ClearFilter();
     const ConsoleControls& controls = *m_console.Controls();
     switch (filter.kind) {
-    case FilterKind::kNone:
+    case FilterKind::None:
         break;
-    case FilterKind::kMark:
+    case FilterKind::Mark:
         Choose(*controls.markCombo, 1);
         break;
-    case FilterKind::kLabel:
+    case FilterKind::Label:
         Choose(*controls.labelCombo, 1);
         break;
-    case FilterKind::kState:
+    case FilterKind::State:
         Choose(*controls.statusCombo, 1);
         break;
-    case FilterKind::kDate:
+    case FilterKind::Date:
         controls.noDateLimit->click();
         controls.startPicker->setDate(QDate(2020, 1, 1));
         controls.endPicker->setDate(QDate(2020, 12, 31));
         break;
-    case FilterKind::kKeyword:
+    case FilterKind::Keyword:
         controls.keywordCombo->setEditText(filter.text);
         break;
     }
@@ -89,18 +90,20 @@ void ConsoleDriver::SortBy(int column, const QString& order) {
     auto& view = *qobject_cast<QTableView*>(m_console.Grid()->Widget());
     for (int click = 0; click < 2; ++click) {
         ClickHeader(view, column);
-        if (m_console.Grid()->SortOrder() == order)
+        if (m_console.Grid()->SortOrder() == order) {
             return;
+        }
     }
 }
 
 double ConsoleDriver::FetchAndPaint(int page) {
     auto& view = *qobject_cast<QTableView*>(m_console.Grid()->Widget());
     const Stopwatch timer;
-    if (page == 1)
+    if (page == 1) {
         m_console.Controls()->searchButton->click();
-    else
+    } else {
         m_console.Paging()->DoPage(page);
+    }
     view.viewport()->repaint();
     m_console.Widget()->repaint();
     return timer.Milliseconds();

@@ -9,11 +9,11 @@ class DropCombo;
 namespace bench {
 
 /// What limits a search. Only one of them is set.
-enum class FilterKind { kNone, kMark, kLabel, kState, kDate, kKeyword };
+enum class FilterKind { None, Mark, Label, State, Date, Keyword };
 
 struct FilterCase {
     QString name;
-    FilterKind kind = FilterKind::kNone;
+    FilterKind kind = FilterKind::None;
     QString text; ///< keyword
 };
 

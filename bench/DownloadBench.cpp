@@ -64,15 +64,17 @@ std::vector<BatchRow> FileAll(host::HostSession& session, const QStringList& pic
         photo.uploadTime = 1;
         ids.push_back(writer.FilePhoto(photo, {picture, {}}));
     }
-    if (!session.SignIn(kUser) || !session.OpenProject(ppid))
+    if (!session.SignIn(kUser) || !session.OpenProject(ppid)) {
         return {};
+    }
     std::vector<KX_DATA::PicFileEntry> files;
     GetVeskPicMng()->GetPicFiles(ids, files);
     std::vector<BatchRow> rows;
-    for (const KX_DATA::PicFileEntry& file : files)
+    for (const KX_DATA::PicFileEntry& file : files) {
         rows.push_back(
             {true,
              {file.picUuid, file.picUuid + u".jpg"_s, cache + u'/' + file.picUuid + u".jpg"_s}});
+    }
     return rows;
 }
 
@@ -84,8 +86,9 @@ void Empty(const QString& folder) {
 double PlainCopy(const QStringList& pictures, const QString& folder) {
     Empty(folder);
     const Stopwatch timer;
-    for (const QString& picture : pictures)
+    for (const QString& picture : pictures) {
         QFile::copy(picture, folder + u'/' + QFileInfo(picture).fileName());
+    }
     return timer.Milliseconds();
 }
 
@@ -95,8 +98,9 @@ double Checksums(const QStringList& pictures) {
     for (const QString& picture : pictures) {
         QFile file(picture);
         QCryptographicHash hash(QCryptographicHash::Md5);
-        if (file.open(QIODevice::ReadOnly))
+        if (file.open(QIODevice::ReadOnly)) {
             hash.addData(&file);
+        }
         static_cast<void>(hash.result());
     }
     return timer.Milliseconds();
@@ -118,8 +122,9 @@ void MeasureDownload(const QStringList& pictures, Report& report) {
     const QTemporaryDir place(QFileInfo(pictures.front()).path() + u"/download-XXXXXX"_s);
     const NoPrompts prompts;
     host::HostSession& session = *host::HostSession::Current();
-    if (session.Open(place.filePath(u"site"_s)))
+    if (session.Open(place.filePath(u"site"_s))) {
         return;
+    }
     host::ExProgress progress;
     session.progress = &progress;
     const QString cache = place.filePath(u"cache"_s);

@@ -47,13 +47,15 @@ KX_DATA::BimPicRow FillEditorSite(host::HostSession& session) {
     writer.AddUser(kUser, {5, 21, 22, 38});
     writer.AddMark(1, u"质量"_s, 0x0000FF);
     KX_DATA::BimPicRow row;
-    for (int floor = 0; floor < kFloors; ++floor)
+    for (int floor = 0; floor < kFloors; ++floor) {
         row.positionKey =
             writer.AddPosition({ppid, FloorText(floor), u"A"_s, u"1"_s, QString(), true});
+    }
     for (int label = 0; label < kLabels; ++label) {
         writer.AddLabel(LabelText(label));
-        if (label % 10 == 0)
+        if (label % 10 == 0) {
             row.labelNames.push_back(LabelText(label));
+        }
     }
     writer.CommitBatch();
     row.ppid = ppid;
@@ -115,8 +117,9 @@ double DropPlainList() {
     combo.show();
     QCoreApplication::processEvents();
     const bench::Stopwatch watch;
-    for (int floor = 0; floor < kFloors; ++floor)
+    for (int floor = 0; floor < kFloors; ++floor) {
         combo.addItem(FloorText(floor));
+    }
     const double filling = watch.Milliseconds();
     return filling + DropDown(combo);
 }
@@ -164,8 +167,9 @@ int main(int argc, char** argv) {
         return 1;
     }
     const KX_DATA::BimPicRow row = FillEditorSite(session);
-    if (!session.SignIn(kUser) || !session.OpenProject(row.ppid))
+    if (!session.SignIn(kUser) || !session.OpenProject(row.ppid)) {
         return 1;
+    }
     bench::Report report;
     MeasureEditor(row, report);
     return report.WriteJson(options.value(u"out"_s)) ? 0 : 1;

@@ -49,8 +49,9 @@ struct Series {
     /// Of the pairs, so that what disturbs both at once doesn't count.
     [[nodiscard]] double Ratio() const {
         std::vector<double> ratios;
-        for (size_t i = 0; i < ours.size(); ++i)
+        for (size_t i = 0; i < ours.size(); ++i) {
             ratios.push_back(ours[i] / bare[i]);
+        }
         return Median(ratios);
     }
 };
@@ -171,15 +172,17 @@ void MeasurePainting(GalleryDriver& driver, const QStringList& paths, const QStr
     static_cast<void>(driver.Open(paths, 2));
     bench::Settle(kSettleMs);
     std::vector<double> repaints;
-    for (int i = 0; i < kRepaints; ++i)
+    for (int i = 0; i < kRepaints; ++i) {
         repaints.push_back(driver.Repaint());
+    }
     report.AddFigure(name + u": repaint, all cached"_s, Median(repaints), u"ms"_s);
     std::vector<double> late;
     for (int i = 0; i < kSlides; ++i) {
         bench::Settle(kSettleMs);
         const std::vector<double> between = driver.SlideToNext();
-        for (const double time : between)
+        for (const double time : between) {
             late.push_back(time - Median(between));
+        }
     }
     report.AddFigure(name + u": slide frames, nine in ten late by"_s, NinthDecile(late), u"ms"_s);
     report.AddFigure(name + u": slide frames, latest by"_s,
@@ -210,8 +213,9 @@ void MeasureMemory(const QString& folder, bench::Report& report) {
     process.waitForFinished(-1);
     const QStringList words =
         QString::fromUtf8(process.readAllStandardOutput()).trimmed().split(u' ');
-    if (process.exitCode() != 0 || words.size() != 2)
+    if (process.exitCode() != 0 || words.size() != 2) {
         return;
+    }
     report.AddFigure(u"1,000 of 24 MP: peak memory after 30 steps"_s, words[0].toDouble(), u"MB"_s);
     report.AddFigure(u"1,000 of 24 MP: peak memory after 130 steps"_s, words[1].toDouble(),
                      u"MB"_s);
@@ -222,8 +226,9 @@ int MeasureViewers(bench::WatchedApplication& application, const QCommandLinePar
     const QStringList paths =
         bench::MakePhotos(bench::PhotoClasses()[1], options.value(u"originals"_s),
                           QDir(options.value(u"photos"_s)).filePath(u"24"_s));
-    if (paths.isEmpty())
+    if (paths.isEmpty()) {
         return 1;
+    }
     bench::MeasureDownload(paths, report);
     bench::MeasureViewer(application, paths.front(), report);
     return report.WriteJson(options.value(u"out"_s)) ? 0 : 1;
@@ -244,8 +249,9 @@ int Measure(bench::WatchedApplication& application, const QCommandLineParser& op
         MeasureOpening(driver, paths, photoClass.name, report);
         MeasureSteps(driver, paths, photoClass.name, report);
         MeasurePainting(driver, paths, photoClass.name, report);
-        if (photoClass.name != u"24 MP"_s)
+        if (photoClass.name != u"24 MP"_s) {
             continue;
+        }
         const QString manyFolder = photos.filePath(u"many"_s);
         const QStringList many = bench::ManyNames(paths, kManyPictures, manyFolder);
         MeasureOpening(driver, many, u"1,000 of 24 MP"_s, report);
@@ -273,8 +279,9 @@ int main(int argc, char** argv) {
     options.addOption({u"memory-probe"_s, u"Only step through a folder."_s, u"folder"_s});
     options.process(app);
     host::HostSession session;
-    if (options.isSet(u"viewer"_s))
+    if (options.isSet(u"viewer"_s)) {
         return MeasureViewers(app, options);
+    }
     return options.isSet(u"memory-probe"_s) ? ProbeMemory(app, options.value(u"memory-probe"_s))
                                             : Measure(app, options);
 }

@@ -43,11 +43,14 @@ GalleryDriver::~GalleryDriver() {
 
 bool GalleryDriver::StripIsComplete() const {
     const gallery::GalleryState& state = m_gallery.State();
-    if (state.visible.IsNone())
+    if (state.visible.IsNone()) {
         return false;
-    for (int i = state.visible.first; i <= state.visible.last; ++i)
-        if (!state.items[size_t(i)].thumbDC)
+    }
+    for (int i = state.visible.first; i <= state.visible.last; ++i) {
+        if (!state.items[size_t(i)].thumbDC) {
             return false;
+        }
+    }
     return true;
 }
 
@@ -56,15 +59,18 @@ PaintTimes GalleryDriver::Watch(const std::function<void()>& act) {
     Stopwatch timer;
     m_application.onPainted = [&] {
         const gallery::GalleryState& state = m_gallery.State();
-        if (times.picture < 0 && state.shownIndex == state.currentIndex)
+        if (times.picture < 0 && state.shownIndex == state.currentIndex) {
             times.picture = timer.Milliseconds();
-        if (times.strip < 0 && StripIsComplete())
+        }
+        if (times.strip < 0 && StripIsComplete()) {
             times.strip = timer.Milliseconds();
+        }
     };
     act();
     const QDeadlineTimer patience(kPatienceMs);
-    while ((times.picture < 0 || times.strip < 0) && !patience.hasExpired())
+    while ((times.picture < 0 || times.strip < 0) && !patience.hasExpired()) {
         QCoreApplication::processEvents();
+    }
     m_application.onPainted = {};
     if (times.picture < 0 || times.strip < 0) {
         std::fputs("bench: the gallery didn't show its pictures\n", stderr);
@@ -115,8 +121,9 @@ std::vector<double> GalleryDriver::SlideToNext() {
     SendMouse(*m_gallery.Widget(), QEvent::MouseButtonRelease, button);
     m_application.onPainted = {};
     std::vector<double> between;
-    for (size_t i = 1; i < frames.size(); ++i)
+    for (size_t i = 1; i < frames.size(); ++i) {
         between.push_back(frames[i] - frames[i - 1]);
+    }
     return between;
 }
 

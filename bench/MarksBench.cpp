@@ -63,16 +63,19 @@ void MeasureBuilding(const QString& name, const std::function<void(Groups&)>& bu
     report.AddFigure(name + u": leaves"_s, double(countLeaves(result)), QString());
     report.AddFigure(name, Best(builds), u"ms"_s);
     report.AddFigure(name + u": plain copy"_s, Best(copies), u"ms"_s);
-    if (reading > 0)
+    if (reading > 0) {
         report.AddFigure(name + u": plain pass over what is ticked"_s, reading, u"ms"_s);
+    }
     report.AddGoal(name + u": ratio"_s, Best(builds) / (Best(copies) + reading), u"x"_s, kCopies);
 }
 
 qint64 PicLeaves(const std::vector<PicMarkGroup>& groups) {
     qint64 leaves = 0;
-    for (const PicMarkGroup& group : groups)
-        for (const KX_DATA::PicMarkItem& item : group.items)
+    for (const PicMarkGroup& group : groups) {
+        for (const KX_DATA::PicMarkItem& item : group.items) {
             leaves += qint64(item.leaves.size());
+        }
+    }
     return leaves;
 }
 
@@ -100,26 +103,33 @@ void MeasureIssueMarks(const QString& name, const ShownIssueMarks& ticked, bench
 double PassOver(const ShownPicMarks& ticked) {
     std::vector<double> times;
     qint64 repeated = 0;
-    for (int i = 0; i < kRepetitions; ++i)
+    for (int i = 0; i < kRepetitions; ++i) {
         times.push_back(TimeOf([&] {
-            for (const auto& [floor, groups] : ticked)
-                for (const auto& [group, marks] : groups)
-                    for (const auto& [markId, photos] : marks)
-                        for (size_t at = 1; at < photos.size(); ++at)
+            for (const auto& [floor, groups] : ticked) {
+                for (const auto& [group, marks] : groups) {
+                    for (const auto& [markId, photos] : marks) {
+                        for (size_t at = 1; at < photos.size(); ++at) {
                             repeated += photos[at].itemName == photos[at - 1].itemName ? 1 : 0;
+                        }
+                    }
+                }
+            }
         }));
+    }
     return repeated > 0 ? Best(times) : 0;
 }
 
 /// Every photo of the tree as a record, under its floor and mark.
 ShownPicMarks EveryPhoto(const std::vector<PicMarkGroup>& groups) {
     ShownPicMarks ticked;
-    for (const PicMarkGroup& group : groups)
-        for (const KX_DATA::PicMarkItem& item : group.items)
+    for (const PicMarkGroup& group : groups) {
+        for (const KX_DATA::PicMarkItem& item : group.items) {
             for (const KX_DATA::PicMarkLeaf& leaf : item.leaves) {
                 auto& records = ticked[group.name][QString()][leaf.markId];
                 records.insert(records.end(), size_t(leaf.count), {item.itemName, 1});
             }
+        }
+    }
     return ticked;
 }
 
@@ -135,13 +145,15 @@ void MeasurePhotos(bench::Report& report) {
     for (size_t floor = 0; floor < entries.size(); ++floor) {
         const std::string name = toolkit::ToGbk(entries[floor].name);
         everything[name];
-        if (floor % kTenth == 0)
+        if (floor % kTenth == 0) {
             tenthOfFloors[name];
+        }
         for (size_t mark = 0; mark < entries[floor].values.size(); ++mark) {
             const qint32 id = entries[floor].values[mark].first;
             everyMark[name][QString()][id];
-            if ((floor + mark) % kTenth == 0)
+            if ((floor + mark) % kTenth == 0) {
                 tenthOfMarks[name][QString()][id];
+            }
         }
     }
     MeasurePicMarks(u"all ticked"_s, everything, report);
@@ -159,17 +171,21 @@ void MeasureIssues(host::HostSession& session, bench::Report& report) {
     std::vector<KX_DATA::PicFilterEntry> entries;
     CKXVeskPicDataImpl::Instance().GetIssueFilterData(0, 0, 0, all, entries);
     site::PanelFilter filter;
-    for (const site::ProjectEntry& project : session.OpenProjects())
+    for (const site::ProjectEntry& project : session.OpenProjects()) {
         filter.ppids.push_back(project.ppid);
+    }
     std::map<QString, qint32> byKey;
-    for (const site::PanelIssueFloor& floor : session.Site().PanelCounts().Issues(filter))
-        for (const site::PanelIssue& issue : floor.issues)
+    for (const site::PanelIssueFloor& floor : session.Site().PanelCounts().Issues(filter)) {
+        for (const site::PanelIssue& issue : floor.issues) {
             byKey[issue.questionId] = issue.markId;
+        }
+    }
     const ShownIssueMarks everything(byKey.begin(), byKey.end());
     ShownIssueMarks tenth;
     for (int at = 0; const auto& [key, markId] : everything) {
-        if (at++ % kTenth == 0)
+        if (at++ % kTenth == 0) {
             tenth.emplace_hint(tenth.end(), key, markId);
+        }
     }
     MeasureIssueMarks(u"all ticked"_s, everything, report);
     MeasureIssueMarks(u"a tenth"_s, tenth, report);
@@ -179,13 +195,16 @@ int Measure(bench::WatchedApplication& app, const QCommandLineParser& options) {
     bench::Report report;
     bench::StartTracing();
     host::HostSession session;
-    if (!bench::OpenFolder(session, options))
+    if (!bench::OpenFolder(session, options)) {
         return 1;
+    }
     const auto worksets = session.Site().Catalogue().Worksets();
-    if (worksets.empty() || !session.OpenWorkset(worksets.front().id))
+    if (worksets.empty() || !session.OpenWorkset(worksets.front().id)) {
         return 1;
-    if (!options.isSet(u"no-panel"_s) && !bench::MeasurePanel(app, session, report))
+    }
+    if (!options.isSet(u"no-panel"_s) && !bench::MeasurePanel(app, session, report)) {
         return 1;
+    }
     MeasurePhotos(report);
     MeasureIssues(session, report);
     CKXVeskPictureImpl::ReleaseInstance();

@@ -44,10 +44,12 @@ bool OpenAnew(host::HostSession& session, bool fromDisk) {
     const QString database = support::FolderOf(session).DatabasePath();
     const QString user = session.UserName();
     session.Close();
-    if (fromDisk)
+    if (fromDisk) {
         DropFromCache(database);
-    if (session.Open(path) || !session.SignIn(user))
+    }
+    if (session.Open(path) || !session.SignIn(user)) {
         return false;
+    }
     const auto worksets = session.Site().Catalogue().Worksets();
     return !worksets.empty() && session.OpenWorkset(worksets.front().id);
 }
@@ -77,16 +79,18 @@ void PutTimes(Report& report, const QString& name, const std::vector<PanelTime>&
 }
 
 bool MeasureOpenings(PanelRig& rig, host::HostSession& session, Report& report) {
-    if (!OpenAnew(session, true))
+    if (!OpenAnew(session, true)) {
         return false;
+    }
     PutTimes(report, u"panel, first opening, from the disk"_s, {rig.Fill()}, kPanelGoalMs);
     std::vector<PanelTime> first;
     std::vector<PanelTime> later;
     std::vector<PanelTime> shown;
     std::vector<double> bare;
     for (int i = 0; i < kOpenings; ++i) {
-        if (!OpenAnew(session, false))
+        if (!OpenAnew(session, false)) {
             return false;
+        }
         first.push_back(rig.Fill());
         ChangeData(session);
         static_cast<void>(TakeTrace());
@@ -96,8 +100,9 @@ bool MeasureOpenings(PanelRig& rig, host::HostSession& session, Report& report) 
     }
     PutTimes(report, u"panel, first opening, file cached"_s, first, kPanelGoalMs);
     std::vector<double> behind;
-    for (const PanelTime& time : first)
+    for (const PanelTime& time : first) {
         behind.push_back(time.behind);
+    }
     report.AddFigure(u"panel, first opening, own work on issues behind it"_s, Median(behind),
                      u"ms"_s);
     PutTimes(report, u"panel, later opening, after a change"_s, later, kPanelGoalMs);
@@ -128,10 +133,12 @@ void MeasureRange(PanelRig& rig, host::HostSession& session, const DayRange& ran
 bool MeasurePanel(WatchedApplication& application, host::HostSession& session, Report& report) {
     report.AddFigure(u"panel, peak memory before it is there"_s, PeakMegabytes(), u"MB"_s);
     PanelRig rig(application, session);
-    if (!MeasureOpenings(rig, session, report))
+    if (!MeasureOpenings(rig, session, report)) {
         return false;
-    for (const DayRange& range : Ranges())
+    }
+    for (const DayRange& range : Ranges()) {
         MeasureRange(rig, session, range, report);
+    }
     static_cast<void>(rig.Choose({}));
     report.AddFigure(u"panel, peak memory with ranges of days"_s, PeakMegabytes(), u"MB"_s);
     return true;

@@ -22,29 +22,29 @@ constexpr int kPanelSettleMs = 300;
 } // namespace
 
 PanelRig::PanelRig(WatchedApplication& watchedApplication, host::HostSession& hostSession)
-    : application(watchedApplication), session(hostSession) {
-    plan = new host::FloorPlanPane(&window);
-    panel = new host::MarkPanelDock(&window);
-    window.setCentralWidget(plan);
-    window.addDockWidget(Qt::RightDockWidgetArea, panel);
-    window.resize(kPanelWindow);
-    tree = panel->Page(host::MarkKind::kPhotos).findChild<QTreeView*>();
-    plan->SetModel(host::ReadFloorPlan(session));
-    view = std::make_unique<host::FloorPlanView>(*plan);
-    session.view = view.get();
-    flow = std::make_unique<host::MarkFlow>(host::MarkFlow::Parts{session, *panel, *view, hub,
-                                                                  CKXVeskPictureImpl::Instance(),
-                                                                  CKXVeskPicDataImpl::Instance()});
-    window.show();
+    : m_application(watchedApplication), m_session(hostSession) {
+    m_plan = new host::FloorPlanPane(&m_window);
+    m_panel = new host::MarkPanelDock(&m_window);
+    m_window.setCentralWidget(m_plan);
+    m_window.addDockWidget(Qt::RightDockWidgetArea, m_panel);
+    m_window.resize(kPanelWindow);
+    m_tree = m_panel->Page(host::MarkKind::Photos).findChild<QTreeView*>();
+    m_plan->SetModel(host::ReadFloorPlan(m_session));
+    m_view = std::make_unique<host::FloorPlanView>(*m_plan);
+    m_session.view = m_view.get();
+    m_flow = std::make_unique<host::MarkFlow>(
+        host::MarkFlow::Parts{m_session, *m_panel, *m_view, m_hub, CKXVeskPictureImpl::Instance(),
+                              CKXVeskPicDataImpl::Instance()});
+    m_window.show();
     // What an earlier run has left chosen.
     static_cast<void>(Fill());
     static_cast<void>(Choose({}));
-    flow->Keep();
+    m_flow->Keep();
 }
 
 PanelRig::~PanelRig() {
-    flow.reset();
-    session.view = nullptr;
+    m_flow.reset();
+    m_session.view = nullptr;
 }
 
 PanelTime PanelRig::UntilPainted(const std::function<void()>& act) {
@@ -52,30 +52,32 @@ PanelTime PanelRig::UntilPainted(const std::function<void()>& act) {
     PanelTime painted;
     const Stopwatch timer;
     act();
-    application.watched = tree->viewport();
-    application.onPainted = [&] {
-        if (painted.passed < 0 && tree->model()->rowCount() > 0)
+    m_application.watched = m_tree->viewport();
+    m_application.onPainted = [&] {
+        if (painted.passed < 0 && m_tree->model()->rowCount() > 0) {
             painted = {timer.Milliseconds(), timer.CpuMilliseconds(), 0};
+        }
     };
     const QDeadlineTimer patience(kPanelPatienceMs);
-    while (painted.passed < 0 && !patience.hasExpired())
+    while (painted.passed < 0 && !patience.hasExpired()) {
         QCoreApplication::processEvents();
+    }
     painted.behind = timer.CpuMilliseconds() - painted.worked;
-    application.onPainted = {};
-    application.watched = nullptr;
+    m_application.onPainted = {};
+    m_application.watched = nullptr;
     return painted;
 }
 
 PanelTime PanelRig::Fill() {
-    return UntilPainted([this] { flow->ProjectChanged(); });
+    return UntilPainted([this] { m_flow->ProjectChanged(); });
 }
 
 PanelTime PanelRig::ReadAnew() {
-    return UntilPainted([this] { flow->Reload(host::MarkKind::kPhotos); });
+    return UntilPainted([this] { m_flow->Reload(host::MarkKind::Photos); });
 }
 
 PanelTime PanelRig::Choose(const host::MarkDays& days) {
-    host::MarkPage& page = panel->Page(host::MarkKind::kPhotos);
+    host::MarkPage& page = m_panel->Page(host::MarkKind::Photos);
     host::MarkPageState state = page.State();
     state.days = days;
     return UntilPainted([&] {
@@ -85,16 +87,16 @@ PanelTime PanelRig::Choose(const host::MarkDays& days) {
 }
 
 PanelTime PanelRig::ShowAgain() {
-    panel->hide();
-    return UntilPainted([this] { panel->show(); });
+    m_panel->hide();
+    return UntilPainted([this] { m_panel->show(); });
 }
 
 const host::MarkTree& PanelRig::Tree() const {
-    return panel->Page(host::MarkKind::kPhotos).Model().Tree();
+    return m_panel->Page(host::MarkKind::Photos).Model().Tree();
 }
 
 QSize PanelRig::TreeSize() const {
-    return tree->size();
+    return m_tree->size();
 }
 
 } // namespace bench

@@ -47,15 +47,15 @@ public:
 private:
     [[nodiscard]] PanelTime UntilPainted(const std::function<void()>& act);
 
-    WatchedApplication& application;
-    host::HostSession& session;
-    QMainWindow window;
-    host::FloorPlanPane* plan = nullptr;
-    host::MarkPanelDock* panel = nullptr;
-    QTreeView* tree = nullptr;
-    host::ObserverHub hub;
-    std::unique_ptr<host::FloorPlanView> view;
-    std::unique_ptr<host::MarkFlow> flow;
+    WatchedApplication& m_application;
+    host::HostSession& m_session;
+    QMainWindow m_window;
+    host::FloorPlanPane* m_plan = nullptr;
+    host::MarkPanelDock* m_panel = nullptr;
+    QTreeView* m_tree = nullptr;
+    host::ObserverHub m_hub;
+    std::unique_ptr<host::FloorPlanView> m_view;
+    std::unique_ptr<host::MarkFlow> m_flow;
 };
 
 } // namespace bench

@@ -23,8 +23,9 @@ QStringList Originals(const QString& folder) {
     const QDir dir(folder);
     for (const QString& name : dir.entryList({u"*.jpg"_s}, QDir::Files, QDir::Name)) {
         const QSize size = QImageReader(dir.filePath(name)).size();
-        if (size.width() >= kLeastOriginalWidth && size.width() > size.height())
+        if (size.width() >= kLeastOriginalWidth && size.width() > size.height()) {
             paths.append(dir.filePath(name));
+        }
     }
     return paths;
 }
@@ -50,35 +51,42 @@ const std::vector<PhotoClass>& PhotoClasses() {
 QStringList MakePhotos(const PhotoClass& photos, const QString& originals, const QString& folder) {
     const QStringList sources = Originals(originals);
     QStringList paths;
-    if (sources.isEmpty() || !QDir().mkpath(folder))
+    if (sources.isEmpty() || !QDir().mkpath(folder)) {
         return {};
+    }
     for (int i = 0; i < kPhotos; ++i) {
         const QString path = QDir(folder).filePath(u"%1.jpg"_s.arg(i, 4, 10, QChar(u'0')));
         paths.append(path);
-        if (QFile::exists(path))
+        if (QFile::exists(path)) {
             continue;
-        if (i == 0)
+        }
+        if (i == 0) {
             QTextStream(stderr) << u"enlarging photographs to "_s << photos.name << Qt::endl;
+        }
         const QImage image = Enlarged(sources[i % sources.size()],
                                       QSize(photos.width, photos.height), i >= sources.size());
-        if (!image.save(path, "JPG", kQuality))
+        if (!image.save(path, "JPG", kQuality)) {
             return {};
+        }
     }
     return paths;
 }
 
 QStringList ManyNames(const QStringList& files, int count, const QString& folder) {
     QStringList paths;
-    if (files.isEmpty() || !QDir().mkpath(folder))
+    if (files.isEmpty() || !QDir().mkpath(folder)) {
         return {};
+    }
     for (int i = 0; i < count; ++i) {
         paths.append(QDir(folder).filePath(u"%1.jpg"_s.arg(i, 5, 10, QChar(u'0'))));
-        if (QFile::exists(paths.back()))
+        if (QFile::exists(paths.back())) {
             continue;
+        }
         QFile::remove(paths.back()); // leads nowhere, since the photos were moved
         const QString file = QFileInfo(files[i % files.size()]).absoluteFilePath();
-        if (!QFile::link(file, paths.back()))
+        if (!QFile::link(file, paths.back())) {
             return {};
+        }
     }
     return paths;
 }

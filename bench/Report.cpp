@@ -14,16 +14,18 @@ using namespace Qt::StringLiterals;
 namespace {
 
 double Quantile(std::vector<double> values, double share) {
-    if (values.empty())
+    if (values.empty()) {
         return 0;
+    }
     std::sort(values.begin(), values.end());
     return values[size_t(double(values.size() - 1) * share)];
 }
 
 template <class Take> std::vector<double> All(const std::vector<CaseResult>& cases, Take take) {
     std::vector<double> values;
-    for (const CaseResult& result : cases)
+    for (const CaseResult& result : cases) {
         values.push_back(take(result));
+    }
     return values;
 }
 
@@ -87,20 +89,24 @@ void Report::PrintTable() const {
            u"   ratio1   ratio2\n"_s;
     out.flush();
     std::map<QString, std::vector<CaseResult>> groups;
-    for (const CaseResult& result : m_cases)
+    for (const CaseResult& result : m_cases) {
         groups[result.list + u" | "_s + result.filter + u" | "_s + result.page].push_back(result);
-    for (const auto& [title, group] : groups)
+    }
+    for (const auto& [title, group] : groups) {
         PrintGroup(title, group);
+    }
     std::map<bool, std::vector<CaseResult>> byKeyword;
-    for (const CaseResult& result : m_cases)
+    for (const CaseResult& result : m_cases) {
         byKeyword[result.filter.startsWith(u"keyword"_s)].push_back(result);
-    for (const auto& [keyword, group] : byKeyword)
+    }
+    for (const auto& [keyword, group] : byKeyword) {
         PrintGroup(keyword ? u"ALL with keyword"_s : u"ALL without keyword"_s, group);
+    }
 }
 
 bool Report::WriteJson(const QString& path) const {
     QJsonArray cases;
-    for (const CaseResult& c : m_cases)
+    for (const CaseResult& c : m_cases) {
         cases.append(QJsonObject{{u"list"_s, c.list},
                                  {u"sort"_s, c.sort},
                                  {u"filter"_s, c.filter},
@@ -112,9 +118,11 @@ bool Report::WriteJson(const QString& path) const {
                                  {u"rawAgainMs"_s, c.rawAgain},
                                  {u"ratioFirst"_s, RatioFirst(c)},
                                  {u"ratioAgain"_s, RatioAgain(c)}});
+    }
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         return false;
+    }
     file.write(QJsonDocument(QJsonObject{{u"barePaintMs"_s, m_barePaint},
                                          {u"figures"_s, m_figures},
                                          {u"cases"_s, cases}})

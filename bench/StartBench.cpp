@@ -36,27 +36,32 @@ int RunStartProbe(const QString& folder, qint64 spawned) {
     QString error;
     if (session.Open(folder) ||
         !sample::CreateSampleSite(
-            session.Site(), sample::SampleSize::kFull,
-            [](int, int, const QString&) { return true; }, error) ||
-        !session.SignIn(kSampleUser))
+            session.Site(), sample::SampleSize::Full, [](int, int, const QString&) { return true; },
+            error) ||
+        !session.SignIn(kSampleUser)) {
         return 1;
+    }
     host::Client client(session);
-    if (client.Start(QCoreApplication::applicationDirPath()))
+    if (client.Start(QCoreApplication::applicationDirPath())) {
         return 1;
-    while (!client.Window()->isVisible())
+    }
+    while (!client.Window()->isVisible()) {
         QCoreApplication::processEvents();
+    }
     client.Window()->repaint();
     const double mainWindow = Since(spawned);
     // The platform grants the focus in its own time.
     const QDeadlineTimer patience(kPatienceMilliseconds);
     while (!tour::PressKey(client.Window(), Qt::Key_1, Qt::ControlModifier)) {
-        if (patience.hasExpired())
+        if (patience.hasExpired()) {
             return 1;
+        }
         QCoreApplication::processEvents();
     }
     QAbstractItemView* rows = tour::ConsoleGrid();
-    if (rows == nullptr || rows->model()->rowCount() == 0)
+    if (rows == nullptr || rows->model()->rowCount() == 0) {
         return 1;
+    }
     rows->window()->repaint();
     rows->viewport()->repaint();
     QTextStream(stdout) << mainWindow << u' ' << Since(spawned) << Qt::endl;
@@ -75,10 +80,12 @@ StartTimes MeasureStart(const QString& folder) {
         process.waitForFinished(-1);
         const QStringList words =
             QString::fromUtf8(process.readAllStandardOutput()).trimmed().split(u' ');
-        if (process.exitCode() != 0 || words.size() != 2)
+        if (process.exitCode() != 0 || words.size() != 2) {
             return {};
-        if (i == 0)
+        }
+        if (i == 0) {
             continue;
+        }
         mainWindow.push_back(words[0].toDouble());
         console.push_back(words[1].toDouble());
     }

@@ -15,8 +15,9 @@ int OnStatement(unsigned type, void* context, void* statement, void* text) {
     static_cast<void>(context);
     const char* comment = static_cast<const char*>(text);
     // Triggers report themselves as comments.
-    if (!g_on || type != SQLITE_TRACE_STMT || (comment[0] == '-' && comment[1] == '-'))
+    if (!g_on || type != SQLITE_TRACE_STMT || (comment[0] == '-' && comment[1] == '-')) {
         return 0;
+    }
     auto* prepared = static_cast<sqlite3_stmt*>(statement);
     char* expanded = sqlite3_expanded_sql(prepared);
     g_trace.push_back({sqlite3_db_handle(prepared), expanded != nullptr ? expanded : ""});
@@ -33,13 +34,17 @@ int OnConnection(sqlite3* connection, const char** error, const sqlite3_api_rout
 void RunStatement(const TracedStatement& traced) {
     sqlite3_stmt* statement = nullptr;
     if (sqlite3_prepare_v2(traced.connection, traced.sql.c_str(), -1, &statement, nullptr) !=
-        SQLITE_OK)
+        SQLITE_OK) {
         return;
+    }
     const int columns = sqlite3_column_count(statement);
-    if (sqlite3_stmt_readonly(statement) != 0)
-        while (sqlite3_step(statement) == SQLITE_ROW)
-            for (int column = 0; column < columns; ++column)
+    if (sqlite3_stmt_readonly(statement) != 0) {
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            for (int column = 0; column < columns; ++column) {
                 static_cast<void>(sqlite3_column_text(statement, column));
+            }
+        }
+    }
     sqlite3_finalize(statement);
 }
 
@@ -59,8 +64,9 @@ double ReplayMilliseconds(const std::vector<TracedStatement>& statements) {
     using Clock = std::chrono::steady_clock;
     g_on = false;
     const Clock::time_point start = Clock::now();
-    for (const TracedStatement& statement : statements)
+    for (const TracedStatement& statement : statements) {
         RunStatement(statement);
+    }
     const std::chrono::duration<double, std::milli> spent = Clock::now() - start;
     g_on = true;
     return spent.count();

@@ -88,8 +88,9 @@ ViewerSite FileSite(host::HostSession& session, const QString& photo) {
     const ViewerSite site{writer.AddPosition({1, u"1"_s, u"1"_s, u"A"_s, {}, true}),
                           writer.AddPosition({1, u"1"_s, u"2"_s, u"A"_s, {}, true})};
     const QByteArray small = SmallPicture();
-    for (int i = 0; i < kPhotosOfAPlace; ++i)
+    for (int i = 0; i < kPhotosOfAPlace; ++i) {
         writer.FilePhoto(PhotoAt(site.crowded, i), {{}, small});
+    }
     writer.FilePhoto(PhotoAt(site.single, kPhotosOfAPlace), {photo, {}});
     writer.CommitBatch();
     return session.SignIn(kViewerUser) && session.OpenProject(1) ? site : ViewerSite();
@@ -101,8 +102,9 @@ QString FillCache(const QString& positionKey, const QString& photo) {
     GetVeskPicMng()->GetPicFilesByPosition(1, positionKey, kViewerMark, files);
     QString folder;
     GetKXPathMng()->GetPicFolder(folder, 1, u"测速"_s);
-    for (const KX_DATA::PicFileEntry& file : files)
+    for (const KX_DATA::PicFileEntry& file : files) {
         QFile::copy(photo, folder + file.picUuid + u".jpg"_s);
+    }
     return files.empty() ? QString() : folder + files.front().picUuid + u".jpg"_s;
 }
 
@@ -112,13 +114,15 @@ double UntilPainted(WatchedApplication& application, const std::function<void()>
     double painted = -1;
     const Stopwatch timer;
     application.onPainted = [&] {
-        if (painted < 0 && pane.State().shownIndex == pane.State().currentIndex)
+        if (painted < 0 && pane.State().shownIndex == pane.State().currentIndex) {
             painted = timer.Milliseconds();
+        }
     };
     open();
     application.watched = pane.Widget();
-    while (painted < 0 && pane.HasWindow())
+    while (painted < 0 && pane.HasWindow()) {
         QCoreApplication::processEvents();
+    }
     application.onPainted = {};
     application.watched = nullptr;
     return painted;
@@ -165,14 +169,16 @@ void MeasureCrowd(WatchedApplication& application, const QString& positionKey, R
 void MeasureViewer(WatchedApplication& application, const QString& photo, Report& report) {
     const QTemporaryDir place(QFileInfo(photo).path() + u"/viewer-XXXXXX"_s);
     host::HostSession& session = *host::HostSession::Current();
-    if (session.Open(place.filePath(u"site"_s)))
+    if (session.Open(place.filePath(u"site"_s))) {
         return;
+    }
     ShowingView view;
     session.view = &view;
     const ViewerSite site = FileSite(session, photo);
     QFile small(place.filePath(u"small.jpg"_s));
-    if (small.open(QIODevice::WriteOnly))
+    if (small.open(QIODevice::WriteOnly)) {
         small.write(SmallPicture());
+    }
     small.close();
     const QString picture = FillCache(site.single, photo);
     FillCache(site.crowded, small.fileName());

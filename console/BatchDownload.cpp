@@ -35,16 +35,18 @@ void CopyUnderOwnName(const DownloadSource& source, const QString& folder) {
     for (int number = 0; number <= kMostCopyNumbers; ++number) {
         const QString target = CopyTarget(folder, base, number, extension);
         if (toolkit::CopyFileWhole(source.localPath, target, toolkit::IfExists::Keep) !=
-            toolkit::CopyOutcome::TargetExists)
+            toolkit::CopyOutcome::TargetExists) {
             return;
+        }
     }
 }
 
 /// The progress window was the main window's, which comes to the front as that closes.
 void BringToFront(toolkit::WindowId id) {
     QWidget* window = toolkit::WidgetOf(id);
-    if (window == nullptr)
+    if (window == nullptr) {
         return;
+    }
     window->raise();
     window->activateWindow();
 }
@@ -71,8 +73,9 @@ void DownloadRows(const std::vector<BatchRow>& rows, const QString& folder,
         progress.SetPos(++done);
     }
     if (anyDone && KXTools::ShowQuestionBox(console, u"下载成功，是否打开下载照片的所在目录？"_s) ==
-                       KXTools::kYes)
+                       KXTools::kYes) {
         toolkit::Prompts().OpenFolder(folder);
+    }
     progress.Close();
     BringToFront(console);
     GetKXSysMng()->WriteActionLog(u"下载Vesk照片"_s);

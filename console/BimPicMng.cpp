@@ -50,11 +50,13 @@ bool CBimPicMng::QueryPage(const toolkit::ImageList& rowImages, const KX_DATA::P
     const int filling = grid->Filling();
     std::vector<KX_DATA::BimPicRow> page;
     if (GetVeskPicMng()->QueryBimPics(PicFilter(), request, result, page) != KX_DATA::kServiceOk ||
-        grid->Filling() != filling)
+        grid->Filling() != filling) {
         return false;
+    }
     records = std::move(page);
-    for (size_t i = 0; i < records.size(); ++i)
+    for (size_t i = 0; i < records.size(); ++i) {
         BuildRow(rowImages, int(i), records[i]);
+    }
     return true;
 }
 
@@ -68,16 +70,18 @@ void CBimPicMng::BuildRow(const toolkit::ImageList& rowImages, int place,
     row->SetText(kPeople, PairText(record.uploaderName, record.updaterName));
     row->SetText(kTimes, PairText(record.uploadTime, record.updateTime));
     row->SetText(kPosition, BimPositionText(record));
-    if (record.posValid == 0)
+    if (record.posValid == 0) {
         row->GetItem(kPosition)->SetTextColor(kInvalidPosition);
+    }
     row->SetText(kLabels, LabelText(record.labelNames));
     row->SetText(kRectify, record.rectifyText);
     row->SetText(kText, record.description);
     row->SetText(GetStatusColumn(), StatusText(record.status));
     const int icons = FirstIconColumn(kModeBim);
     PutIcons(*row, icons, rowImages);
-    if (record.floor.isEmpty())
+    if (record.floor.isEmpty()) {
         row->GetItem(icons + 1)->Enable(false);
+    }
     row->SetData(&record);
     grid->AddRow(std::move(row));
 }
@@ -114,8 +118,9 @@ void CBimPicMng::LocateRow(CGridRow& row) {
                              quintptr(&place));
     if (view != nullptr && view->LocatePicture(photo.positionKey, photo.markId)) {
         // Only behind a viewer that opened: nothing else brings a minimised console back.
-        if (facade.OpenBimPicView(photo.ppid, photo.floor, photo.positionKey, photo.markId))
+        if (facade.OpenBimPicView(photo.ppid, photo.floor, photo.positionKey, photo.markId)) {
             LeaveToViewer();
+        }
         return;
     }
     facade.pendingPicId = ZelvorNRQ_KXVeskPicture::kNoPendingPic;
@@ -135,8 +140,9 @@ DownloadSource CBimPicMng::GetDownloadSource(const CGridRow& row) const {
 
 bool CBimPicMng::DeleteIds(qint32 projectId, const std::vector<qint32>& picIds) {
     Q_UNUSED(projectId);
-    if (!GetVeskPicMng()->DeleteBimPics(picIds))
+    if (!GetVeskPicMng()->DeleteBimPics(picIds)) {
         return false;
+    }
     WriteAction(u"删除Vesk照片"_s);
     return true;
 }

@@ -119,16 +119,20 @@ std::vector<int> HiddenColumns(ConsoleMode mode, const ColumnRights& rights) {
         // Issues ask for no rights: those are a matter of the photos alone.
         hidden = {kIssueLabelColumn, kIssueDownloadColumn};
     } else {
-        if (!rights.edit)
+        if (!rights.edit) {
             hidden.insert(edit);
-        if (!rights.remove)
+        }
+        if (!rights.remove) {
             hidden.insert(remove);
-        if (!rights.showHide)
+        }
+        if (!rights.showHide) {
             hidden.insert(status);
+        }
     }
-    if (rights.worksetMode)
+    if (rights.worksetMode) {
         hidden.insert({status, edit, remove});
-    else
+    } else {
         hidden.insert(kProjectColumn);
+    }
     return {hidden.begin(), hidden.end()};
 }

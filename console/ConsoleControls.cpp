@@ -96,8 +96,9 @@ ConsoleControls::ConsoleControls(QWidget* window)
     statusBar->addWidget(statusPane, 1);
     statusBar->setContentsMargins(8, 0, 8, 0);
     // Nobody acts until the rights are known.
-    for (QPushButton* action : Actions())
+    for (QPushButton* action : Actions()) {
         action->hide();
+    }
     // Where the form has it; the place of all others follows from it.
     projectCombo->move(10, 10);
 }

@@ -37,8 +37,9 @@ void CVeskPicMngDlg::ResetMarkBox() {
 }
 
 void CVeskPicMngDlg::FillMarkBox() {
-    if (m_marksLoaded)
+    if (m_marksLoaded) {
         return;
+    }
     m_marksLoaded = true;
     m_markIds.clear();
     m_controls->markCombo->OnInitialize({});
@@ -71,12 +72,14 @@ void CVeskPicMngDlg::ResetLabelBox() {
 }
 
 void CVeskPicMngDlg::FillLabelBox() {
-    if (m_labelsLoaded)
+    if (m_labelsLoaded) {
         return;
+    }
     m_labelsLoaded = true;
     m_controls->labelCombo->clear();
-    if (m_mode == kModeIssue)
+    if (m_mode == kModeIssue) {
         return;
+    }
     std::vector<KX_DATA::LabelEntry> labels;
     const bool fetched = m_mode == kModeBim ? GetVeskPicMng()->GetBimLabels(labels)
                                             : GetVeskPicMng()->GetPdfLabels(labels);
@@ -125,8 +128,9 @@ void CVeskPicMngDlg::OnDateChanged(bool start) {
 }
 
 void CVeskPicMngDlg::OnModeRadio(ConsoleMode newMode) {
-    if (newMode == m_mode)
+    if (newMode == m_mode) {
         return;
+    }
     SetMode(newMode);
     m_marksLoaded = false;
     m_labelsLoaded = false;
@@ -141,44 +145,52 @@ void CVeskPicMngDlg::OnModeRadio(ConsoleMode newMode) {
 }
 
 bool CVeskPicMngDlg::CheckSelection(QWidget* control, const QString& tip) {
-    if (m_grid->HasCheckedRow())
+    if (m_grid->HasCheckedRow()) {
         return true;
+    }
     PopTip(control, tip);
     return false;
 }
 
 void CVeskPicMngDlg::OnShowHide(bool show) {
     QWidget* button = show ? m_controls->showButton : m_controls->hideButton;
-    if (CheckSelection(button, u"至少要选中一项！"_s))
+    if (CheckSelection(button, u"至少要选中一项！"_s)) {
         m_grid->SetCheckedShown(show);
+    }
 }
 
 void CVeskPicMngDlg::OnDelete() {
-    if (!CheckSelection(m_controls->deleteButton, u"至少要选中一项！"_s))
+    if (!CheckSelection(m_controls->deleteButton, u"至少要选中一项！"_s)) {
         return;
+    }
     const auto grid = m_grid;
     const QString question =
         m_mode == kModeIssue ? u"确认删除该问题和所附照片吗 ？"_s : u"确认删除所选的照片？"_s;
     // The console may be gone, have another grid or another page when the question is answered.
-    if (toolkit::Prompts().AskOkCancel(Id(), question) && grid == m_grid && grid->HasCheckedRow())
+    if (toolkit::Prompts().AskOkCancel(Id(), question) && grid == m_grid && grid->HasCheckedRow()) {
         grid->DeleteChecked();
+    }
 }
 
 void CVeskPicMngDlg::OnDownload() {
-    if (!CheckSelection(m_grid->Widget(), u"请选择要下载的图片！"_s))
+    if (!CheckSelection(m_grid->Widget(), u"请选择要下载的图片！"_s)) {
         return;
+    }
     const auto grid = m_grid;
     QString folder = toolkit::Prompts().AskFolder(Id(), u"请选择文件存放的路径："_s);
-    if (folder.size() > 1 && folder.endsWith(u'/'))
+    if (folder.size() > 1 && folder.endsWith(u'/')) {
         folder.chop(1);
+    }
     // The console may be gone, or have another grid, when the folder is chosen.
-    if (!folder.isEmpty() && grid == m_grid)
+    if (!folder.isEmpty() && grid == m_grid) {
         grid->DownloadChecked(folder);
+    }
 }
 
 void CVeskPicMngDlg::OnRefreshPage() {
-    if (m_grid)
+    if (m_grid) {
         m_grid->FetchCurrentPage();
+    }
 }
 
 void CVeskPicMngDlg::FocusKeyword() {

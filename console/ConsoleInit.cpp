@@ -47,8 +47,9 @@ void CVeskPicMngDlg::OnCreated() {
     QWidget* window = Widget();
     window->setObjectName(u"VeskPicMngDlg"_s);
     m_controls = std::make_unique<ConsoleControls>(window);
-    if (!m_grid)
+    if (!m_grid) {
         SetMode(m_mode == kModeNone ? kModeBim : m_mode);
+    }
     MeasureControls();
     ZelvorNRQ_KXVeskPicture::Guarded(Id(), [this] {
         FillProjects();
@@ -56,8 +57,9 @@ void CVeskPicMngDlg::OnCreated() {
         FillStates();
     });
     // After a status the window opens all the same, and without its grid it couldn't search.
-    if (!m_gridManager)
+    if (!m_gridManager) {
         InitPaging();
+    }
     window->setWindowTitle(m_mode == kModeIssue ? u"TN问题管理"_s : u"Vesk照片管理"_s);
     ConnectControls();
     UpdateLeastSize();
@@ -72,8 +74,9 @@ void CVeskPicMngDlg::FillProjects() {
     std::vector<KX_DATA::WorksetProject> projects;
     GetKXGlobalData()->GetWorksetProjects(projects);
     DropCombo& box = *m_controls->projectCombo;
-    if (GetKXGlobalData()->IsWorksetMode())
+    if (GetKXGlobalData()->IsWorksetMode()) {
         box.addItem(kWorkset);
+    }
     for (const KX_DATA::WorksetProject& project : projects) {
         box.addItem(project.name);
         m_projectMap[project.name].push_back(project.ppid);
@@ -94,8 +97,9 @@ void CVeskPicMngDlg::InitControls() {
 }
 
 void CVeskPicMngDlg::MeasureControls() {
-    for (size_t i = 0; i < kFilterControls; ++i)
+    for (size_t i = 0; i < kFilterControls; ++i) {
         m_filterSizes[i] = m_controls->Filters()[i]->size();
+    }
     const QWidget& box = *m_controls->projectCombo;
     // The left edge stays a position on the screen; required as is.
     const int left = box.mapToGlobal(QPoint(0, 0)).x();
@@ -119,8 +123,9 @@ void CVeskPicMngDlg::InitKeywords() {
     box.SetTipInfo(Manager()->GetSearchHint());
     std::vector<QString> keywords;
     GetRecentSearchMng()->GetRecent(keywords);
-    for (const QString& keyword : keywords)
+    for (const QString& keyword : keywords) {
         box.addItem(keyword);
+    }
     box.setCurrentIndex(-1);
     box.setEditText(QString());
 }
@@ -137,8 +142,9 @@ void CVeskPicMngDlg::ShowAllowedControls() {
     m_controls->labelCombo->setVisible(!issues);
     m_controls->bimRadio->setVisible(!issues);
     m_controls->pdfRadio->setVisible(!issues);
-    if (!issues)
+    if (!issues) {
         (m_mode == kModeBim ? m_controls->bimRadio : m_controls->pdfRadio)->setChecked(true);
+    }
 }
 
 void CVeskPicMngDlg::InitPaging() {
@@ -156,8 +162,9 @@ void CVeskPicMngDlg::FillStates() {
     std::vector<QString> names;
     GetVeskPicMng()->GetStateNames(names);
     DropCombo& box = *m_controls->statusCombo;
-    for (const QString& name : names)
+    for (const QString& name : names) {
         box.addItem(name == u"全部"_s ? u"全部状态"_s : name);
+    }
 }
 
 void CVeskPicMngDlg::ConnectControls() {
@@ -212,13 +219,15 @@ void CVeskPicMngDlg::UpdateLeastSize() {
 }
 
 void CVeskPicMngDlg::OnResized() {
-    if (m_grid && m_grid->HasWindow())
+    if (m_grid && m_grid->HasWindow()) {
         ApplyLayout();
+    }
 }
 
 void CVeskPicMngDlg::ApplyLayout() {
-    if (!m_controls || !m_gridManager)
+    if (!m_controls || !m_gridManager) {
         return;
+    }
     const std::array<QWidget*, kFilterControls> filters = m_controls->Filters();
     ConsoleLayoutRequest request;
     request.client = Widget()->size();
@@ -231,14 +240,18 @@ void CVeskPicMngDlg::ApplyLayout() {
                                           GetKXAuthMng()->HasRight(KX_DATA::kRightShowHide));
     request.pagingBar = m_gridManager->GetRect().size();
     const ConsoleLayout layout = LayoutConsole(request);
-    for (size_t i = 0; i < filters.size(); ++i)
-        if (!layout.filters[i].isNull())
+    for (size_t i = 0; i < filters.size(); ++i) {
+        if (!layout.filters[i].isNull()) {
             filters[i]->setGeometry(layout.filters[i]);
+        }
+    }
     m_controls->bimRadio->setGeometry(layout.bimRadio);
     m_controls->pdfRadio->setGeometry(layout.pdfRadio);
-    for (size_t i = 0; i < kActionButtons; ++i)
-        if (!layout.actions[i].isNull())
+    for (size_t i = 0; i < kActionButtons; ++i) {
+        if (!layout.actions[i].isNull()) {
             m_controls->Actions()[i]->setGeometry(layout.actions[i]);
+        }
+    }
     m_gridManager->SetRect(layout.pagingBar);
     m_gridManager->MoveGrid(layout.grid);
     m_controls->statusBar->setGeometry(layout.statusBar);

@@ -43,11 +43,13 @@ void Narrow(QSize& size, int least, int& missing) {
 FilterSizes FittedSizes(const ConsoleLayoutRequest& request) {
     FilterSizes sizes = request.filters;
     int spare = request.client.width() - kLeftEdge - kGridRightGap;
-    for (size_t i = 0; i < kFilterControls; ++i)
+    for (size_t i = 0; i < kFilterControls; ++i) {
         spare -= kPhotoGaps[i] + (i == kKeywordBox ? 0 : sizes[i].width());
+    }
     int missing = std::max(0, kKeywordLeast - spare);
-    for (const size_t list : {kProjectBox, kMarkBox, kLabelBox, kStatusBox})
+    for (const size_t list : {kProjectBox, kMarkBox, kLabelBox, kStatusBox}) {
         Narrow(sizes[list], kListLeast, missing);
+    }
     sizes[kKeywordBox].setWidth(std::clamp(spare, kKeywordLeast, kKeywordMost));
     return sizes;
 }
@@ -68,8 +70,9 @@ void PlaceIssueFilters(const ConsoleLayoutRequest& request, ConsoleLayout& layou
     layout.filters[kProjectBox] = request.projectBox;
     int x = request.projectBox.left() + request.projectBox.width();
     for (size_t i = kMarkBox; i < kFilterControls; ++i) {
-        if (i == kLabelBox)
+        if (i == kLabelBox) {
             continue;
+        }
         x += kIssueGaps[i];
         layout.filters[i] = QRect(QPoint(x, kTop), request.filters[i]);
         x += request.filters[i].width();
@@ -79,8 +82,9 @@ void PlaceIssueFilters(const ConsoleLayoutRequest& request, ConsoleLayout& layou
 void PlaceActions(const ConsoleLayoutRequest& request, ConsoleLayout& layout) {
     int x = kActionX;
     for (size_t i = 0; i < kActionButtons; ++i) {
-        if (!request.actionCounts[i])
+        if (!request.actionCounts[i]) {
             continue;
+        }
         layout.actions[i] =
             QRect(QPoint(x, request.client.height() - kActionAboveBottom), request.action);
         x += kActionStep;
@@ -93,10 +97,11 @@ ConsoleLayout LayoutConsole(const ConsoleLayoutRequest& request) {
     ConsoleLayout layout;
     const int right = request.client.width();
     const int bottom = request.client.height();
-    if (request.mode == kModeIssue)
+    if (request.mode == kModeIssue) {
         PlaceIssueFilters(request, layout);
-    else
+    } else {
         PlacePhotoFilters(request, layout);
+    }
     layout.bimRadio = QRect(QPoint(kBimRadioX, bottom - kRadioAboveBottom), request.radio);
     layout.pdfRadio = QRect(QPoint(kPdfRadioX, bottom - kRadioAboveBottom), request.radio);
     PlaceActions(request, layout);
@@ -113,18 +118,21 @@ ConsoleLayout LayoutConsole(const ConsoleLayoutRequest& request) {
 FilterSizes FilterSizesFor(const FilterSizes& natural, int left, int width) {
     FilterSizes sizes = natural;
     int missing = left - width;
-    for (size_t i = 0; i < kFilterControls; ++i)
+    for (size_t i = 0; i < kFilterControls; ++i) {
         missing += i == kLabelBox ? 0 : kIssueGaps[i] + sizes[i].width();
+    }
     missing = std::max(0, missing);
     Narrow(sizes[kKeywordBox], kKeywordLeast, missing);
-    for (const size_t list : {kProjectBox, kMarkBox, kStatusBox})
+    for (const size_t list : {kProjectBox, kMarkBox, kStatusBox}) {
         Narrow(sizes[list], kListLeast, missing);
+    }
     return sizes;
 }
 
 std::array<bool, kActionButtons> CountedActions(ConsoleMode mode, bool mayDelete,
                                                 bool mayShowHide) {
-    if (mode == kModeIssue)
+    if (mode == kModeIssue) {
         return {false, true, true, true};
+    }
     return {true, mayDelete, mayShowHide, mayShowHide};
 }

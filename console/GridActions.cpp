@@ -26,8 +26,9 @@ constexpr int kLocateColumn = 13;
 /// base: the extension decides the dialog's.
 QString ProposedName(const QString& name) {
     using namespace ZelvorNRQ_KXVeskPicture;
-    if (name.isEmpty())
+    if (name.isEmpty()) {
         return name;
+    }
     QString base;
     QString extension;
     SplitPicName(name, base, extension, true);
@@ -72,8 +73,9 @@ void CVeskPicMngGrid::RunCommand(RowCommand command, CGridRow& row) {
 void CVeskPicMngGrid::LocateSelected(CGridRow& row) {
     const auto manager = m_manager;
     const CGridItem* item = row.GetItem(kLocateColumn);
-    if (item != nullptr && item->IsEnabled())
+    if (item != nullptr && item->IsEnabled()) {
         manager->LocateRow(row);
+    }
 }
 
 void CVeskPicMngGrid::SaveSelectedAs(const CGridRow& row) {
@@ -95,13 +97,15 @@ void CVeskPicMngGrid::DownloadChecked(const QString& folder) {
 
 void CVeskPicMngGrid::EditOneRow(CGridRow& row) {
     const auto manager = m_manager;
-    if (!manager->EditRow(row))
+    if (!manager->EditRow(row)) {
         return;
+    }
     // The console may have been closed, or have another kind, while the editor was open.
-    if (manager == m_manager && IsInDialog())
+    if (manager == m_manager && IsInDialog()) {
         Refresh();
-    else
+    } else {
         manager->NotifyChanged();
+    }
 }
 
 void CVeskPicMngGrid::DeleteOneRow(CGridRow& row) {
@@ -109,15 +113,19 @@ void CVeskPicMngGrid::DeleteOneRow(CGridRow& row) {
     Guarded(ParentId(), [&] {
         const bool notify = manager->IsRowInView(row);
         const DeleteResult result = manager->DeleteRow(m_projectId, row);
-        if (result == DeleteResult::Refused)
+        if (result == DeleteResult::Refused) {
             throw e_VeskPicMngStatus::DeleteFailed;
-        if (result == DeleteResult::Cancelled)
+        }
+        if (result == DeleteResult::Cancelled) {
             return;
+        }
         // The console may have been closed, or have another kind, behind the question.
-        if (manager == m_manager)
+        if (manager == m_manager) {
             FetchAfterDelete();
-        if (notify)
+        }
+        if (notify) {
             manager->NotifyChanged();
+        }
     });
 }
 
@@ -129,8 +137,9 @@ void CVeskPicMngGrid::DeleteChecked() {
         manager->DeleteChecked(m_projectId);
         const bool affected = manager->IsViewAffected();
         FetchAfterDelete();
-        if (affected)
+        if (affected) {
             manager->NotifyChanged();
+        }
     });
 }
 
@@ -147,39 +156,45 @@ void CVeskPicMngGrid::ShowCheckedStatus(bool show) {
         KXTools::ShowMsgBox(ParentId(), u"必须选择新的楼层轴网信息才能提交！"_s);
         return;
     }
-    if (result == CheckedResult::Refused)
+    if (result == CheckedResult::Refused) {
         throw e_VeskPicMngStatus::ChangeStatusFailed;
+    }
     const bool affected = manager->IsViewAffected();
     const int column = manager->GetStatusColumn();
     for (int i = GetRowCount() - 1; i >= 0; --i) {
         CGridRow& row = *GetRow(i);
-        if (!row.GetItem(manager->GetCheckColumn())->GetBool())
+        if (!row.GetItem(manager->GetCheckColumn())->GetBool()) {
             continue;
+        }
         row.SetText(column, StatusText(show ? KX_DATA::kStatusShown : KX_DATA::kStatusHidden));
         // The record gets the column's number and not the status, until the next fetch; required as
         // is.
         manager->SetRowStatus(row, column);
     }
-    if (affected)
+    if (affected) {
         manager->NotifyChanged();
+    }
 }
 
 void CVeskPicMngGrid::FillRowMenu(CGridRow& row, QMenu& menu) {
     const int first = FirstIconColumn(m_mode);
     for (int column = first; column < row.GetItemCount(); ++column) {
         const auto* icon = dynamic_cast<const CIconGridItem*>(row.GetItem(column));
-        if (icon == nullptr || !IsColumnVisible(column))
+        if (icon == nullptr || !IsColumnVisible(column)) {
             continue;
+        }
         QAction* action = menu.addAction(icon->Icon(), icon->Tip());
         action->setEnabled(icon->IsEnabled());
         const int command = icon->Command();
         const boost::weak_ptr<CVeskPicMngGrid> weak = shared_from_this();
         QObject::connect(action, &QAction::triggered, &menu, [weak, command] {
             const auto grid = weak.lock();
-            if (grid == nullptr)
+            if (grid == nullptr) {
                 return;
-            if (CGridRow* selected = grid->GetCurSel())
+            }
+            if (CGridRow* selected = grid->GetCurSel()) {
                 grid->OnIconCommand(command, *selected);
+            }
         });
     }
 }

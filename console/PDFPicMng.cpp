@@ -59,11 +59,13 @@ bool CPDFPicMng::QueryPage(const toolkit::ImageList& rowImages, const KX_DATA::P
     std::vector<KX_DATA::PdfPicRecord> page;
     // The service of drawing photos tells success by any value but 0.
     if (GetVeskPicMng()->QueryPdfPics(PdfFilter(), request, result, page) == 0 ||
-        grid->Filling() != filling)
+        grid->Filling() != filling) {
         return false;
+    }
     records = std::move(page);
-    for (size_t i = 0; i < records.size(); ++i)
+    for (size_t i = 0; i < records.size(); ++i) {
         BuildRow(rowImages, int(i), records[i]);
+    }
     return true;
 }
 
@@ -96,9 +98,11 @@ int CPDFPicMng::GetStatusColumn() const {
 
 bool CPDFPicMng::IsViewAffected() {
     const QString current = CurrentDrawing().drawingName;
-    for (const CGridRow* row : CheckedRows())
-        if (RecordOf<KX_DATA::PdfPicRecord>(*row).drawingName == current)
+    for (const CGridRow* row : CheckedRows()) {
+        if (RecordOf<KX_DATA::PdfPicRecord>(*row).drawingName == current) {
             return true;
+        }
+    }
     return false;
 }
 
@@ -139,8 +143,9 @@ DownloadSource CPDFPicMng::GetDownloadSource(const CGridRow& row) const {
 }
 
 bool CPDFPicMng::DeleteIds(qint32 projectId, const std::vector<qint32>& picIds) {
-    if (!GetVeskPicMng()->DeletePdfPics(projectId, picIds))
+    if (!GetVeskPicMng()->DeletePdfPics(projectId, picIds)) {
         return false;
+    }
     // Small letters, unlike for BIM photos; required as is.
     WriteAction(u"删除vesk照片"_s);
     return true;

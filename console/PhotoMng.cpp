@@ -14,8 +14,9 @@ template <class Record>
 CheckedResult PhotoMng<Record>::SetCheckedStatus(qint32 projectId, bool hidden) {
     std::vector<qint32> picIds;
     CollectCheckedIds(picIds);
-    if (picIds.empty())
+    if (picIds.empty()) {
         return CheckedResult::NothingChecked;
+    }
     return SetShown(projectId, picIds, hidden) ? CheckedResult::Done : CheckedResult::Refused;
 }
 
@@ -29,8 +30,9 @@ template <class Record> DeleteResult PhotoMng<Record>::DeleteRow(qint32 projectI
     const QString name = row.GetItem(kNameColumn)->GetText();
     // The page may be another one when the question is answered, so the row isn't read after it.
     const qint32 picId = GetRowPicId(row);
-    if (!toolkit::Prompts().AskOkCancel(grid->ParentId(), u"确认删除照片 "_s + name + u" ？"_s))
+    if (!toolkit::Prompts().AskOkCancel(grid->ParentId(), u"确认删除照片 "_s + name + u" ？"_s)) {
         return DeleteResult::Cancelled;
+    }
     return DeleteIds(projectId, {picId}) ? DeleteResult::Deleted : DeleteResult::Refused;
 }
 
@@ -43,8 +45,9 @@ template <class Record> void PhotoMng<Record>::PreviewRow(CGridRow& row) {
 
 template <class Record>
 bool PhotoMng<Record>::CollectCheckedIds(std::vector<qint32>& picIds) const {
-    for (const CGridRow* row : CheckedRows())
+    for (const CGridRow* row : CheckedRows()) {
         picIds.push_back(GetRowPicId(*row));
+    }
     return true;
 }
 

@@ -68,8 +68,9 @@ void CPicMngBase::InsertColumns(ConsoleMode mode, std::map<int, bool>& sortable)
         rights.showHide = auth->HasRight(KX_DATA::kRightShowHide);
     }
     rights.worksetMode = GetKXGlobalData()->IsWorksetMode();
-    for (const int column : HiddenColumns(mode, rights))
+    for (const int column : HiddenColumns(mode, rights)) {
         grid->SetColumnVisible(column, false);
+    }
 }
 
 std::unique_ptr<CGridRow> CPicMngBase::StartRow(int place, bool checked) const {
@@ -83,16 +84,18 @@ void CPicMngBase::PutMark(CGridRow& row, qint32 markId) {
     std::map<qint32, KX_DATA::MarkRecord> table;
     GetKXLocalCacheData()->GetMarkTable(table);
     const auto mark = table.find(markId);
-    if (mark != table.end())
+    if (mark != table.end()) {
         row.PutItem(kMarkColumn,
                     std::make_unique<CColorTxtItem>(mark->second.color, mark->second.name));
+    }
 }
 
 void CPicMngBase::PutIcons(CGridRow& row, int firstColumn, const toolkit::ImageList& images) {
     int column = firstColumn;
-    for (const RowIcon& icon : RowIcons())
+    for (const RowIcon& icon : RowIcons()) {
         row.PutItem(column++, std::make_unique<CIconGridItem>(images, icon.image, int(icon.command),
                                                               icon.tip));
+    }
 }
 
 QString CPicMngBase::ProjectName(qint32 ppid) {
@@ -109,14 +112,16 @@ std::vector<CGridRow*> CPicMngBase::CheckedRows() const {
     for (int i = grid->GetRowCount() - 1; i >= 0; --i) {
         CGridRow* row = grid->GetRow(i);
         const CGridItem* item = row->GetItem(GetCheckColumn());
-        if (item != nullptr && item->GetBool())
+        if (item != nullptr && item->GetBool()) {
             rows.push_back(row);
+        }
     }
     return rows;
 }
 
 void CPicMngBase::LeaveToViewer() {
     ZelvorNRQ_KXVeskPicture::PictureFacade().reopenConsole = true;
-    if (QWidget* console = toolkit::WidgetOf(grid->ParentId()))
+    if (QWidget* console = toolkit::WidgetOf(grid->ParentId())) {
         toolkit::MinimiseWindow(*console);
+    }
 }

@@ -10,16 +10,19 @@ constexpr size_t kDroppedIndex = 6;
 } // namespace
 
 std::vector<QString> WithRecentKeyword(std::vector<QString> entries, const QString& keyword) {
-    if (keyword.isEmpty())
+    if (keyword.isEmpty()) {
         return entries;
+    }
     const size_t count = entries.size();
     const auto known = std::find(entries.begin(), entries.end(), keyword);
-    if (known != entries.end())
+    if (known != entries.end()) {
         entries.erase(known);
+    }
     entries.insert(entries.begin(), keyword);
     // The count from before decides; a keyword that was in a full list leaves nothing at the index.
-    if (count > kFullCount && entries.size() > kDroppedIndex)
+    if (count > kFullCount && entries.size() > kDroppedIndex) {
         entries.erase(entries.begin() + kDroppedIndex);
+    }
     return entries;
 }
 

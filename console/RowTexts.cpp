@@ -24,15 +24,17 @@ QString PairText(const QString& first, const QString& second) {
 
 QString LabelText(const std::vector<QString>& names) {
     QString text;
-    for (const QString& name : names)
+    for (const QString& name : names) {
         text += name + u' ';
+    }
     return text;
 }
 
 QString LabelText(const std::vector<KX_DATA::LabelEntry>& labels) {
     QString text;
-    for (const KX_DATA::LabelEntry& label : labels)
+    for (const KX_DATA::LabelEntry& label : labels) {
         text += label.labelName + u' ';
+    }
     return text;
 }
 
@@ -53,8 +55,9 @@ int RunningNumber(int page, int place) {
 }
 
 IssuePairTexts IssuePairs(const KX_DATA::IssueRow& row) {
-    if (row.createTime == row.updateTime)
+    if (row.createTime == row.updateTime) {
         return {row.creatorName, IssueTimeText(row.createTime)};
+    }
     // Both names stand even if the second is empty: the times alone decide.
     return {Joined(row.creatorName, row.updaterName),
             Joined(IssueTimeText(row.createTime), IssueTimeText(row.updateTime))};
@@ -62,8 +65,9 @@ IssuePairTexts IssuePairs(const KX_DATA::IssueRow& row) {
 
 QString IssueComponentText(const KX_DATA::IssueRow& row) {
     QString text = row.floor + u"层"_s;
-    if (!row.posInfo.isEmpty())
+    if (!row.posInfo.isEmpty()) {
         text += u' ' + row.posInfo;
+    }
     return text + u' ' + row.compName;
 }
 

@@ -50,8 +50,9 @@ std::span<const char16_t* const> Fields(ConsoleMode mode) {
 
 QString SortField(ConsoleMode mode, int column) {
     const auto fields = Fields(mode);
-    if (column < 0 || size_t(column) >= fields.size())
+    if (column < 0 || size_t(column) >= fields.size()) {
         return DefaultSortField(mode);
+    }
     return QString::fromUtf16(fields[size_t(column)]);
 }
 

@@ -42,11 +42,13 @@ bool CTNPicMng::QueryPage(const toolkit::ImageList& rowImages, const KX_DATA::Pa
     const int filling = grid->Filling();
     std::vector<KX_DATA::IssueRow> page;
     if (GetTNQuestionMng()->QueryIssues(PicFilter(), request, result, page) != 101 ||
-        grid->Filling() != filling)
+        grid->Filling() != filling) {
         return false;
+    }
     records = std::move(page);
-    for (size_t i = 0; i < records.size(); ++i)
+    for (size_t i = 0; i < records.size(); ++i) {
         BuildRow(rowImages, int(i), records[i]);
+    }
     return true;
 }
 
@@ -77,15 +79,17 @@ void CTNPicMng::SetRowStatus(CGridRow& row, qint32 value) {
 }
 
 void CTNPicMng::CollectCheckedUuids(std::vector<QString>& questionIds) const {
-    for (const CGridRow* row : CheckedRows())
+    for (const CGridRow* row : CheckedRows()) {
         questionIds.push_back(RecordOf<KX_DATA::IssueRow>(*row).questionId);
+    }
 }
 
 CheckedResult CTNPicMng::SetCheckedStatus(qint32 projectId, bool hidden) {
     std::vector<QString> questionIds;
     CollectCheckedUuids(questionIds);
-    if (questionIds.empty())
+    if (questionIds.empty()) {
         return CheckedResult::NothingChecked;
+    }
     return GetTNQuestionMng()->SetIssuesShown(projectId, questionIds, hidden)
                ? CheckedResult::Done
                : CheckedResult::Refused;
@@ -97,8 +101,9 @@ int CTNPicMng::GetStatusColumn() const {
 
 bool CTNPicMng::DeleteIssueList(std::vector<QString> questionIds) {
     const bool deleted = GetTNQuestionMng()->DeleteIssues(questionIds);
-    if (deleted)
+    if (deleted) {
         WriteAction(u"删除TN问题"_s);
+    }
     return deleted;
 }
 
@@ -112,8 +117,9 @@ bool CTNPicMng::DeleteChecked(qint32 projectId) {
 DeleteResult CTNPicMng::DeleteRow(qint32 projectId, CGridRow& row) {
     Q_UNUSED(projectId);
     const QString questionId = RecordOf<KX_DATA::IssueRow>(row).questionId;
-    if (!toolkit::Prompts().AskOkCancel(grid->ParentId(), u"确认删除该问题和所附照片吗 ？"_s))
+    if (!toolkit::Prompts().AskOkCancel(grid->ParentId(), u"确认删除该问题和所附照片吗 ？"_s)) {
         return DeleteResult::Cancelled;
+    }
     return DeleteIssueList({questionId}) ? DeleteResult::Deleted : DeleteResult::Refused;
 }
 

@@ -56,18 +56,21 @@ CPicMngBase* CVeskPicMngDlg::Manager() const {
 
 void CVeskPicMngDlg::SetMode(ConsoleMode newMode) {
     m_mode = newMode;
-    if (!m_grid)
+    if (!m_grid) {
         m_grid = boost::make_shared<CVeskPicMngGrid>();
+    }
     m_grid->CreateManager(newMode);
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     // Issues check the drawing photos' button too, which they hide.
     (newMode == kModeBim ? m_controls->bimRadio : m_controls->pdfRadio)->setChecked(true);
 }
 
 void CVeskPicMngDlg::MakeRoomFor(ConsoleMode newMode) {
-    if (HasWindow() && m_mode != kModeNone && m_mode != newMode)
+    if (HasWindow() && m_mode != kModeNone && m_mode != newMode) {
         CloseConsole();
+    }
 }
 
 void CVeskPicMngDlg::SetBimPreset(const QString& key, qint32 markId, qint32 picId) {
@@ -95,14 +98,16 @@ void CVeskPicMngDlg::SetPdfPreset(qint32 markId, qint32 drawingId, qint32 checkp
 }
 
 void CVeskPicMngDlg::RunSearch() {
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     CommitDates();
     DisableSearch();
     const QString keyword =
         EffectiveKeyword(m_controls->keywordCombo->currentText(), Manager()->GetSearchHint());
-    if (!keyword.isEmpty())
+    if (!keyword.isEmpty()) {
         RememberKeyword(keyword);
+    }
     if (m_mode == kModePdf) {
         FillFilter(m_grid->pdfFilter, keyword);
         Manager()->filter = &std::as_const(m_grid->pdfFilter);
@@ -112,8 +117,9 @@ void CVeskPicMngDlg::RunSearch() {
     }
     m_gridManager->DoFirstPage();
     // The console may have been closed while the service answered.
-    if (m_presetActive && HasWindow())
+    if (m_presetActive && HasWindow()) {
         ClearUsedPreset();
+    }
 }
 
 void CVeskPicMngDlg::CommitDates() {
@@ -136,8 +142,9 @@ void CVeskPicMngDlg::EnableSearch() {
     QPushButton& button = *m_controls->searchButton;
     button.setEnabled(true);
     // Unless it has been put elsewhere meanwhile.
-    if (std::exchange(m_searchHadKeyboard, false) && Widget()->focusWidget() == Widget())
+    if (std::exchange(m_searchHadKeyboard, false) && Widget()->focusWidget() == Widget()) {
         button.setFocus(Qt::OtherFocusReason);
+    }
 }
 
 template <class Filter> void CVeskPicMngDlg::FillFilter(Filter& filter, const QString& keyword) {
@@ -156,8 +163,9 @@ template <class Filter> void CVeskPicMngDlg::FillFilter(Filter& filter, const QS
 }
 
 QString CVeskPicMngDlg::ChosenState() const {
-    if (m_controls->statusCombo->currentIndex() < 0)
+    if (m_controls->statusCombo->currentIndex() < 0) {
         return {};
+    }
     const QString state = m_controls->statusCombo->currentText();
     return state == kAllStatesShown ? kAllStates : state;
 }
@@ -176,28 +184,33 @@ void CVeskPicMngDlg::ClearUsedPreset() {
 void CVeskPicMngDlg::RememberKeyword(const QString& keyword) {
     KXComboBox& box = *m_controls->keywordCombo;
     std::vector<QString> entries;
-    for (int i = 0; i < box.count(); ++i)
+    for (int i = 0; i < box.count(); ++i) {
         entries.push_back(box.itemText(i));
+    }
     entries = WithRecentKeyword(std::move(entries), keyword);
     box.clear();
-    for (const QString& entry : entries)
+    for (const QString& entry : entries) {
         box.addItem(entry);
+    }
     box.setCurrentIndex(0);
 }
 
 void CVeskPicMngDlg::CloseConsole() {
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     std::vector<QString> keywords;
-    for (int i = 0; i < m_controls->keywordCombo->count(); ++i)
+    for (int i = 0; i < m_controls->keywordCombo->count(); ++i) {
         keywords.push_back(m_controls->keywordCombo->itemText(i));
+    }
     GetRecentSearchMng()->SaveRecent(keywords);
     Destroy();
 }
 
 void CVeskPicMngDlg::OnDestroyed() {
-    if (m_waitCursor)
+    if (m_waitCursor) {
         OnSearchDone();
+    }
     m_controls.reset();
     m_markIds.clear();
     m_gridManager.reset();
@@ -234,12 +247,14 @@ qintptr CVeskPicMngDlg::OnEvent(const toolkit::WindowEvent& event) {
 }
 
 void CVeskPicMngDlg::OnSearchStart() {
-    if (!m_controls)
+    if (!m_controls) {
         return;
+    }
     DisableSearch();
     m_controls->statusPane->setText(u"正在搜索..."_s);
-    if (!m_waitCursor)
+    if (!m_waitCursor) {
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    }
     m_waitCursor = true;
     // At once: nothing is painted while the service holds the thread.
     m_controls->searchButton->repaint();
@@ -247,11 +262,13 @@ void CVeskPicMngDlg::OnSearchStart() {
 }
 
 void CVeskPicMngDlg::OnSearchDone() {
-    if (m_waitCursor)
+    if (m_waitCursor) {
         QGuiApplication::restoreOverrideCursor();
+    }
     m_waitCursor = false;
-    if (!m_controls)
+    if (!m_controls) {
         return;
+    }
     EnableSearch();
     const QString count = QString::number(m_grid->totalCount);
     m_controls->statusPane->setText(m_mode == kModeIssue ? u"本次共搜索到"_s + count + u"个问题"_s
@@ -259,8 +276,9 @@ void CVeskPicMngDlg::OnSearchDone() {
 }
 
 void CVeskPicMngDlg::OnRefreshEvent() {
-    if (!m_grid)
+    if (!m_grid) {
         return;
+    }
     const auto grid = m_grid;
     grid->Manager()->NotifyChanged();
     grid->FetchCurrentPage();
@@ -269,11 +287,13 @@ void CVeskPicMngDlg::OnRefreshEvent() {
 
 void CVeskPicMngDlg::SelectPresetPic() {
     // No row is of no photo.
-    if (m_mode != kModeBim || !m_grid)
+    if (m_mode != kModeBim || !m_grid) {
         return;
+    }
     for (int i = 0; i < m_grid->GetRowCount(); ++i) {
-        if (Manager()->GetRowPicId(*m_grid->GetRow(i)) != m_preset.picId)
+        if (Manager()->GetRowPicId(*m_grid->GetRow(i)) != m_preset.picId) {
             continue;
+        }
         m_grid->SetFocus();
         m_grid->SetCurSel(i);
         m_preset.picId = KX_DATA::kNoPic;

@@ -110,8 +110,9 @@ void CVeskPicMngGrid::Empty() {
 void CVeskPicMngGrid::CheckAll(bool checked) {
     m_allChecked = checked;
     SetHeaderImage(kCheckColumn, checked ? kChecked : kUnchecked);
-    for (int i = 0; i < GetRowCount(); ++i)
+    for (int i = 0; i < GetRowCount(); ++i) {
         GetRow(i)->SetText(m_manager->GetCheckColumn(), checked);
+    }
     AdjustLayout();
 }
 
@@ -121,17 +122,20 @@ void CVeskPicMngGrid::OnHeaderClick(int column) {
         return;
     }
     // A column that the map doesn't have is entered as not sortable.
-    if (sortable[column])
+    if (sortable[column]) {
         SortBy(column);
+    }
 }
 
 void CVeskPicMngGrid::SortBy(int column) {
     m_sortField = SortField(m_mode, column);
     m_sortOrder = SortOrderAfter(GetColumnState(column));
-    for (int i = 0; i < GetColumnCount(); ++i)
+    for (int i = 0; i < GetColumnCount(); ++i) {
         SetColumnState(i, i == column ? ColumnStateOf(m_sortOrder) : 0);
-    if (GetManager() != nullptr)
+    }
+    if (GetManager() != nullptr) {
         GetManager()->DoFirstPage();
+    }
 }
 
 bool CVeskPicMngGrid::CompareRows(const CGridRow& first, const CGridRow& second) const {
@@ -140,13 +144,15 @@ bool CVeskPicMngGrid::CompareRows(const CGridRow& first, const CGridRow& second)
 }
 
 void CVeskPicMngGrid::OnPreparePage() {
-    if (m_manager)
+    if (m_manager) {
         m_manager->currentPage = GetCurrentPage();
+    }
 }
 
 void CVeskPicMngGrid::OnQueryPage() {
-    if (!m_manager)
+    if (!m_manager) {
         return;
+    }
     const auto self = shared_from_this();
     toolkit::SendWindowEvent(ParentId(), WM_PIC_SEARCH_START);
     const auto raised = CatchStatus([this] { FetchPage(); });
@@ -165,9 +171,11 @@ QString CVeskPicMngGrid::TakeSelectedKey() {
 }
 
 void CVeskPicMngGrid::SelectKey(const QString& key) {
-    for (int i = 0; !key.isEmpty() && i < GetRowCount(); ++i)
-        if (m_manager->GetRowKey(*GetRow(i)) == key)
+    for (int i = 0; !key.isEmpty() && i < GetRowCount(); ++i) {
+        if (m_manager->GetRowKey(*GetRow(i)) == key) {
             SetCurSel(i);
+        }
+    }
 }
 
 void CVeskPicMngGrid::FetchPage() {
@@ -184,17 +192,20 @@ void CVeskPicMngGrid::FetchPage() {
     const auto manager = m_manager;
     const int filling = m_filling;
     const bool built = manager->QueryPage(m_rowImages, request, result);
-    if (m_filling != filling)
+    if (m_filling != filling) {
         return;
+    }
     // A refused query leaves an empty page and no hits; only the empty page says that it failed.
     NoteQuery(built);
-    if (!built)
+    if (!built) {
         result = KX_DATA::PageResult();
+    }
     totalCount = result.totalCount;
     AdjustLayout();
     SelectKey(selected);
-    if (GetManager() != nullptr)
+    if (GetManager() != nullptr) {
         GetManager()->SetPageCount(result.pageCount);
+    }
 }
 
 void CVeskPicMngGrid::NoteQuery(bool succeeded) {
@@ -211,28 +222,34 @@ bool CVeskPicMngGrid::IsInDialog() const {
 }
 
 void CVeskPicMngGrid::FetchAfterDelete() {
-    if (!IsInDialog())
+    if (!IsInDialog()) {
         return;
+    }
     DoCurrentPage();
-    if (m_queryFailed || !IsInDialog())
+    if (m_queryFailed || !IsInDialog()) {
         return;
+    }
     // What was deleted may have been all of the last page.
     const int last = GetManager()->GetPageCount();
-    if (last > 0 && GetCurrentPage() > last)
+    if (last > 0 && GetCurrentPage() > last) {
         GetManager()->DoPage(last);
+    }
 }
 
 void CVeskPicMngGrid::Refresh() {
     const auto self = shared_from_this();
     DoCurrentPage();
     AdjustLayout();
-    if (m_manager)
+    if (m_manager) {
         m_manager->NotifyChanged();
+    }
 }
 
 bool CVeskPicMngGrid::HasCheckedRow() const {
-    for (int i = GetRowCount() - 1; i >= 0; --i)
-        if (GetRow(i)->GetItem(m_manager->GetCheckColumn())->GetBool())
+    for (int i = GetRowCount() - 1; i >= 0; --i) {
+        if (GetRow(i)->GetItem(m_manager->GetCheckColumn())->GetBool()) {
             return true;
+        }
+    }
     return false;
 }

@@ -33,11 +33,13 @@ template <class Value> bool IsEntry(const std::vector<Value>& entries, qint32 in
 }
 
 QString SelectedKey(const BimPicEdit& edit) {
-    if (!IsEntry(edit.positionKeys, edit.axisYIndex))
+    if (!IsEntry(edit.positionKeys, edit.axisYIndex)) {
         throw e_VeskPicMngStatus::AxisYWrong;
+    }
     const QString& key = edit.positionKeys[size_t(edit.axisYIndex)];
-    if (key.isEmpty() && edit.keysFetched)
+    if (key.isEmpty() && edit.keysFetched) {
         throw e_VeskPicMngStatus::AxisYWrong;
+    }
     return key;
 }
 
@@ -53,8 +55,9 @@ BimPicEdit EditOf(const KX_DATA::BimPicRow& row) {
 
 BimPicEdit EditOf(const KX_DATA::BimPicDetail& detail) {
     BimPicEdit edit = CommonEditOf(detail);
-    for (const KX_DATA::LabelEntry& label : detail.labels)
+    for (const KX_DATA::LabelEntry& label : detail.labels) {
         edit.labelNames.push_back(label.labelName);
+    }
     return edit;
 }
 
@@ -64,8 +67,9 @@ QString EditTitle(const BimPicEdit& edit) {
 
 qint32 EntryFor(const std::vector<QString>& names, const QString& wanted) {
     const auto found = std::find(names.begin(), names.end(), wanted);
-    if (found != names.end())
+    if (found != names.end()) {
         return qint32(found - names.begin());
+    }
     return names.empty() ? kNoEntry : 0;
 }
 
@@ -73,23 +77,27 @@ qint32 EntryFor(const std::vector<KX_DATA::AxisYEntry>& axes, const QString& wan
     const auto found =
         std::find_if(axes.rbegin(), axes.rend(),
                      [&](const KX_DATA::AxisYEntry& axis) { return axis.first == wanted; });
-    if (found != axes.rend())
+    if (found != axes.rend()) {
         return qint32(axes.rend() - found) - 1;
+    }
     return axes.empty() ? kNoEntry : 0;
 }
 
 KX_DATA::BimPicUpdate TakeUpdate(BimPicEdit& edit, const std::vector<QString>& checkedIds) {
     edit.picName = edit.picName.trimmed();
-    if (edit.picName.isEmpty())
+    if (edit.picName.isEmpty()) {
         throw e_VeskPicMngStatus::NameMissing;
-    if (edit.statusIndex == kNoEntry)
+    }
+    if (edit.statusIndex == kNoEntry) {
         throw e_VeskPicMngStatus::StatusMissing;
+    }
     KX_DATA::BimPicUpdate update;
     update.description = edit.description;
     update.picId = edit.picId;
     update.positionKey = SelectedKey(edit);
-    if (IsEntry(edit.markIds, edit.markIndex))
+    if (IsEntry(edit.markIds, edit.markIndex)) {
         edit.markId = edit.markIds[size_t(edit.markIndex)];
+    }
     update.markId = edit.markId;
     update.fileName = edit.picName + edit.extension;
     update.status = edit.statusIndex;

@@ -54,8 +54,9 @@ void CBimPicEditDlg::OnCreated() {
         const toolkit::WaitCursor wait;
         Open();
     });
-    if (!fault || !HasWindow())
+    if (!fault || !HasWindow()) {
         return;
+    }
     // Told once the dialog can be seen, which stays open with what it has.
     QMetaObject::invokeMethod(
         Widget(), [this, fault] { ZelvorNRQ_KXVeskPicture::ShowStatus(Id(), *fault); },
@@ -65,17 +66,21 @@ void CBimPicEditDlg::OnCreated() {
 void CBimPicEditDlg::Open() {
     ShowTexts();
     m_labels->Fill(m_edit.labelNames);
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     m_labels->HideAddingUnlessAllowed();
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     FillStatus();
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     FillMarks();
-    if (HasWindow())
+    if (HasWindow()) {
         FillPosition();
+    }
 }
 
 void CBimPicEditDlg::ShowTexts() {
@@ -94,18 +99,21 @@ void CBimPicEditDlg::FillStatus() {
     combo.addItems({u"显示"_s, u"隐藏"_s});
     // The console's show and hide leave a number behind that no entry has and that selects nothing.
     combo.setCurrentIndex(m_edit.statusIndex);
-    if (GetKXAuthMng()->HasRight(KX_DATA::kRightShowHide) || !HasWindow())
+    if (GetKXAuthMng()->HasRight(KX_DATA::kRightShowHide) || !HasWindow()) {
         return;
+    }
     m_form->statusCaption->hide();
     combo.hide();
 }
 
 void CBimPicEditDlg::FillMarks() {
     std::map<qint32, KX_DATA::MarkRecord> table;
-    if (!GetKXLocalCacheData()->GetMarkTable(table))
+    if (!GetKXLocalCacheData()->GetMarkTable(table)) {
         throw e_VeskPicMngStatus::MarksFailed;
-    if (!HasWindow())
+    }
+    if (!HasWindow()) {
         return;
+    }
     m_edit.markIds.clear();
     std::vector<ColorAndName> marks;
     for (const auto& [markId, mark] : table) {
@@ -142,8 +150,9 @@ void CBimPicEditDlg::ConnectControls() {
 void CBimPicEditDlg::ReadFields() {
     m_edit.picName = m_form->picNameEdit->text();
     // The box has its own line breaks and blanks: an untouched text is sent as it came.
-    if (m_form->descriptionEdit->document()->isModified())
+    if (m_form->descriptionEdit->document()->isModified()) {
         m_edit.description = m_form->descriptionEdit->toPlainText();
+    }
     m_edit.newLabel = m_form->newLabelEdit->text();
     m_edit.markIndex = m_form->markCombo->currentIndex();
     m_edit.statusIndex = m_form->statusCombo->currentIndex();
@@ -152,8 +161,9 @@ void CBimPicEditDlg::ReadFields() {
 
 void CBimPicEditDlg::OnSave() {
     const auto status = CatchStatus([this] { Save(); });
-    if (status && HasWindow())
+    if (status && HasWindow()) {
         ShowMsg(GetStatusMessage(*status), ControlOf(*status));
+    }
 }
 
 void CBimPicEditDlg::Save() {
@@ -164,8 +174,9 @@ void CBimPicEditDlg::Save() {
         const toolkit::WaitCursor wait;
         saved = GetVeskPicMng()->UpdateBimPic(m_edit.projectId, update);
     }
-    if (!saved)
+    if (!saved) {
         throw e_VeskPicMngStatus::UpdateFailed;
+    }
     EndDialog(DialogResult::Ok);
 }
 

@@ -25,19 +25,22 @@ void ShowAlone(DropCombo& combo, const QString& name) {
 /// present one.
 void Refill(DropCombo& combo, const std::vector<QString>& names, QString& present) {
     combo.clear();
-    for (const QString& name : names)
+    for (const QString& name : names) {
         combo.addItem(name);
+    }
     const qint32 entry = ZelvorNRQ_KXVeskPicture::EntryFor(names, present);
     combo.setCurrentIndex(entry);
-    if (entry != kNoEntry)
+    if (entry != kNoEntry) {
         present = names[size_t(entry)];
+    }
 }
 
 /// Asks a service while the wait cursor shows; raises `failure` unless it succeeds.
 template <class Call> void Ask(e_VeskPicMngStatus failure, Call&& call) {
     const toolkit::WaitCursor wait;
-    if (call(*GetVeskPicMng()) != KX_DATA::kServiceOk)
+    if (call(*GetVeskPicMng()) != KX_DATA::kServiceOk) {
         throw failure;
+    }
 }
 
 } // namespace
@@ -67,20 +70,23 @@ void CBimPicEditDlg::ConnectPosition() {
 // choice leaves the flags alone, so that a list it has fetched is fetched once more; required as
 // is.
 void CBimPicEditDlg::OnFloorDropDown() {
-    if (std::exchange(m_edit.floorsLoaded, true))
+    if (std::exchange(m_edit.floorsLoaded, true)) {
         return;
+    }
     Guarded(Id(), [this] { LoadFloors(); });
 }
 
 void CBimPicEditDlg::OnAxisXDropDown() {
-    if (std::exchange(m_edit.axesXLoaded, true))
+    if (std::exchange(m_edit.axesXLoaded, true)) {
         return;
+    }
     Guarded(Id(), [this] { LoadAxesX(); });
 }
 
 void CBimPicEditDlg::OnAxisYDropDown() {
-    if (std::exchange(m_edit.axesYLoaded, true))
+    if (std::exchange(m_edit.axesYLoaded, true)) {
         return;
+    }
     Guarded(Id(), [this] { LoadAxesY(); });
 }
 
@@ -89,8 +95,9 @@ void CBimPicEditDlg::OnFloorChosen() {
         m_edit.floorName = m_form->floorCombo->currentText();
         m_edit.axisXName.clear();
         LoadAxesX();
-        if (HasWindow())
+        if (HasWindow()) {
             TakeAxisX();
+        }
     });
 }
 
@@ -109,8 +116,9 @@ void CBimPicEditDlg::LoadFloors() {
     Ask(e_VeskPicMngStatus::FloorsFailed, [&](KX_DATA::IVeskPicMng& photos) {
         return photos.GetProjectFloors(m_edit.projectId, floors);
     });
-    if (HasWindow())
+    if (HasWindow()) {
         Refill(*m_form->floorCombo, floors, m_edit.floorName);
+    }
 }
 
 void CBimPicEditDlg::LoadAxesX() {
@@ -118,8 +126,9 @@ void CBimPicEditDlg::LoadAxesX() {
     Ask(e_VeskPicMngStatus::AxesFailed, [&](KX_DATA::IVeskPicMng& photos) {
         return photos.GetFloorAxesX(m_edit.projectId, m_edit.floorName, axes);
     });
-    if (HasWindow())
+    if (HasWindow()) {
         Refill(*m_form->axisXCombo, axes, m_edit.axisXName);
+    }
 }
 
 void CBimPicEditDlg::LoadAxesY() {
@@ -130,8 +139,9 @@ void CBimPicEditDlg::LoadAxesY() {
     Ask(e_VeskPicMngStatus::AxesFailed, [&](KX_DATA::IVeskPicMng& photos) {
         return photos.GetFloorAxesY(m_edit.projectId, m_edit.floorName, m_edit.axisXName, axes);
     });
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     for (const auto& [name, positionKey] : axes) {
         m_form->axisYCombo->addItem(name);
         m_edit.positionKeys.push_back(positionKey);

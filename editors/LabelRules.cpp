@@ -17,20 +17,24 @@ bool HasBlank(const QString& text) {
 TypedText WithoutFirstBlank(const TypedText& typed) {
     const qsizetype blank = typed.text.indexOf(kBlank);
     TypedText rest = typed;
-    if (blank < 0)
+    if (blank < 0) {
         return rest;
+    }
     rest.text.remove(blank, 1);
-    if (blank < rest.cursor)
+    if (blank < rest.cursor) {
         --rest.cursor;
+    }
     return rest;
 }
 
 std::optional<e_VeskPicMngStatus> NewLabelFault(const QString& label,
                                                 const std::vector<QString>& present) {
-    if (label.isEmpty())
+    if (label.isEmpty()) {
         return e_VeskPicMngStatus::LabelEmpty;
-    if (std::find(present.begin(), present.end(), label) != present.end())
+    }
+    if (std::find(present.begin(), present.end(), label) != present.end()) {
         return e_VeskPicMngStatus::LabelExists;
+    }
     return std::nullopt;
 }
 

@@ -58,19 +58,23 @@ void LabelTreeEdit::Fill(const std::vector<QString>& checkedNames) {
     m_labelIdStore.clear();
     m_root = m_parts.labelTree->InsertItem(u"全部标签"_s);
     std::vector<KX_DATA::LabelEntry> labels;
-    if (GetKXDocMng()->GetLabels(KX_DATA::kPhotoDocKind, labels) != KX_DATA::kLabelsOk)
+    if (GetKXDocMng()->GetLabels(KX_DATA::kPhotoDocKind, labels) != KX_DATA::kLabelsOk) {
         throw e_VeskPicMngStatus::LabelsFailed;
-    if (!m_dialog.HasWindow())
+    }
+    if (!m_dialog.HasWindow()) {
         return;
+    }
     const std::unordered_set<QString> checked(checkedNames.begin(), checkedNames.end());
-    for (const KX_DATA::LabelEntry& label : labels)
+    for (const KX_DATA::LabelEntry& label : labels) {
         InsertLabel(label.labelId, label.labelName, checked.contains(label.labelName));
+    }
     m_parts.labelTree->expandItem(m_root);
 }
 
 void LabelTreeEdit::HideAddingUnlessAllowed() {
-    if (GetKXAuthMng()->HasRight(KX_DATA::kRightAddLabels) || !m_dialog.HasWindow())
+    if (GetKXAuthMng()->HasRight(KX_DATA::kRightAddLabels) || !m_dialog.HasWindow()) {
         return;
+    }
     m_parts.newLabelCaption->hide();
     m_parts.newLabelEdit->hide();
     m_parts.addLabelButton->hide();
@@ -85,26 +89,31 @@ void LabelTreeEdit::InsertLabel(const QString& labelId, const QString& name, boo
 
 std::vector<QString> LabelTreeEdit::Names() const {
     std::vector<QString> names;
-    for (const QTreeWidgetItem* item : CTreeCtrl3StateBase::ChildrenOf(*m_root))
+    for (const QTreeWidgetItem* item : CTreeCtrl3StateBase::ChildrenOf(*m_root)) {
         names.push_back(item->text(0));
+    }
     return names;
 }
 
 std::vector<QString> LabelTreeEdit::CheckedIds() const {
     std::vector<QString> ids;
-    if (m_root == nullptr)
+    if (m_root == nullptr) {
         return ids;
-    for (const QTreeWidgetItem* item : CTreeCtrl3StateBase::ChildrenOf(*m_root))
-        if (CTreeCtrl3StateBase::Get3StateCheck(*item) == CTreeCtrl3StateBase::kChecked)
+    }
+    for (const QTreeWidgetItem* item : CTreeCtrl3StateBase::ChildrenOf(*m_root)) {
+        if (CTreeCtrl3StateBase::Get3StateCheck(*item) == CTreeCtrl3StateBase::kChecked) {
             ids.push_back(*static_cast<const QString*>(CTreeCtrl3StateBase::GetItemData(*item)));
+        }
+    }
     return ids;
 }
 
 void LabelTreeEdit::OnNewLabelChanged() {
     QLineEdit& edit = *m_parts.newLabelEdit;
     m_parts.addLabelButton->setEnabled(!edit.text().isEmpty());
-    if (!ZelvorNRQ_KXVeskPicture::HasBlank(edit.text()))
+    if (!ZelvorNRQ_KXVeskPicture::HasBlank(edit.text())) {
         return;
+    }
     m_dialog.PopTip(&edit, u"标签中不允许输入空格！"_s);
     // The text written back comes here again, until no blank is left.
     const ZelvorNRQ_KXVeskPicture::TypedText rest =
@@ -115,23 +124,27 @@ void LabelTreeEdit::OnNewLabelChanged() {
 
 void LabelTreeEdit::OnAddLabel() {
     const auto status = CatchStatus([this] { AddLabel(); });
-    if (!status || !m_dialog.HasWindow())
+    if (!status || !m_dialog.HasWindow()) {
         return;
+    }
     QWidget* control = nullptr;
-    if (*status == e_VeskPicMngStatus::AddLabelFailed)
+    if (*status == e_VeskPicMngStatus::AddLabelFailed) {
         control = m_parts.addLabelButton;
-    else if (*status == e_VeskPicMngStatus::LabelEmpty ||
-             *status == e_VeskPicMngStatus::LabelExists)
+    } else if (*status == e_VeskPicMngStatus::LabelEmpty ||
+               *status == e_VeskPicMngStatus::LabelExists) {
         control = m_parts.newLabelEdit;
+    }
     m_dialog.ShowMsg(GetStatusMessage(*status), control);
 }
 
 void LabelTreeEdit::AddLabel() {
-    if (m_readFields)
+    if (m_readFields) {
         m_readFields();
+    }
     const QString label = m_parts.newLabelEdit->text().trimmed();
-    if (const auto fault = ZelvorNRQ_KXVeskPicture::NewLabelFault(label, Names()))
+    if (const auto fault = ZelvorNRQ_KXVeskPicture::NewLabelFault(label, Names())) {
         throw *fault;
+    }
     QString labelId;
     qint32 result = 0;
     {
@@ -139,11 +152,13 @@ void LabelTreeEdit::AddLabel() {
         result = GetKXDocMng()->AddLabel(KX_DATA::kPhotoDocKind, label, kLabelValue, kLabelParent,
                                          labelId);
     }
-    if (result != KX_DATA::kLabelAdded)
+    if (result != KX_DATA::kLabelAdded) {
         throw e_VeskPicMngStatus::AddLabelFailed;
+    }
     // Added on the server, whatever became of the window meanwhile.
-    if (!m_dialog.HasWindow())
+    if (!m_dialog.HasWindow()) {
         return;
+    }
     InsertLabel(labelId, label, true);
     // It is the last one, and the root may still be closed.
     m_parts.labelTree->expandItem(m_root);

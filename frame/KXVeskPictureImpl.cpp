@@ -62,10 +62,11 @@ qint32 CKXVeskPictureImpl::ShowPicMng(qint32 kind) {
     CVeskPicMngDlg& console = CVeskPicMngDlg::Instance();
     console.MakeRoomFor(kind);
     console.SetMode(kind);
-    if (reopenConsole && console.HasWindow())
+    if (reopenConsole && console.HasWindow()) {
         reopenConsole = false;
-    else if (!console.HasWindow())
+    } else if (!console.HasWindow()) {
         console.Create(toolkit::MainWindow());
+    }
     console.ShowRestored();
     console.BringToForeground();
     console.RunSearch();
@@ -75,12 +76,13 @@ qint32 CKXVeskPictureImpl::ShowPicMng(qint32 kind) {
 
 void CKXVeskPictureImpl::NotifyConsoleOpened(qint32 kind) {
     // Crossed against the notifications of changes: the host expects it so.
-    if (kind == kModeIssue)
+    if (kind == kModeIssue) {
         Sink().RefreshTNMarks();
-    else if (kind == kModeBim)
+    } else if (kind == kModeBim) {
         Sink().RefreshPdfMarks();
-    else if (kind == kModePdf)
+    } else if (kind == kModePdf) {
         Sink().RefreshBimMarks();
+    }
 }
 
 qint32 CKXVeskPictureImpl::ShowBimPicMngFor(qint32 unread, const QString& presetText,
@@ -92,8 +94,9 @@ qint32 CKXVeskPictureImpl::ShowBimPicMngFor(qint32 unread, const QString& preset
     console.SetBimPreset(presetText, presetMarkId, presetPicId);
     ShowPicMng(kModeBim);
     // A console that opens selects by itself once it is there; one that was open must be told.
-    if (wasOpen)
+    if (wasOpen) {
         toolkit::PostWindowEvent(console.Id(), WM_PIC_MNG_SELECT);
+    }
     return 1;
 }
 
@@ -143,8 +146,9 @@ void CKXVeskPictureImpl::ViewBimPic(const ViewPicRequest& request) {
         ShowStatus(toolkit::kNoWindow, e_VeskPicMngStatus::DisplayOff);
         return;
     }
-    if (!located)
+    if (!located) {
         detail.positionKey = request.positionKey;
+    }
     OpenBimPicView(request.ppid, detail.floor, detail.positionKey, detail.markId);
 }
 
@@ -155,16 +159,18 @@ bool CKXVeskPictureImpl::OpenBimPicView(qint32 ppid, const QString& floor,
     const toolkit::WindowId window = viewer.Id();
     const bool isShown = viewer.OpenView({ppid, floor, positionKey, markId}, TakePendingPic());
     // Closed behind a message of its own, or with its project.
-    if (viewer.Id() != window)
+    if (viewer.Id() != window) {
         return false;
+    }
     if (isShown) {
         ShowInFront(viewer);
         return true;
     }
     ShowStatus(window, e_VeskPicMngStatus::PicInfoFailed);
     // The window that failed, not one that was opened while the message was.
-    if (viewer.Id() == window)
+    if (viewer.Id() == window) {
         viewer.Widget()->close();
+    }
     return false;
 }
 
@@ -185,13 +191,15 @@ void CKXVeskPictureImpl::ShowPdfPicView(qint32 ppid, qint32 drawingId, const QSt
 
 bool CKXVeskPictureImpl::EditBimPic(qint32 ppid, qint32 picId) {
     KX_DATA::BimPicDetail detail;
-    if (GetVeskPicMng()->GetBimPicDetail(ppid, picId, detail) != KX_DATA::kServiceOk)
+    if (GetVeskPicMng()->GetBimPicDetail(ppid, picId, detail) != KX_DATA::kServiceOk) {
         return false;
+    }
     detail.picId = picId;
     detail.ppid = ppid;
     CBimPicEditDlg editor(detail);
-    if (editor.DoModal(toolkit::MainWindow()) == DialogResult::Ok)
+    if (editor.DoModal(toolkit::MainWindow()) == DialogResult::Ok) {
         Sink().RefreshBimMarks();
+    }
     return true;
 }
 
@@ -204,11 +212,13 @@ bool CKXVeskPictureImpl::EditIssue(const qint32* issueKey, QString questionId) {
 
 qint32 CKXVeskPictureImpl::SaveBimPicAs(qint32 ppid, qint32 picId, QString target) {
     std::vector<KX_DATA::PicFileEntry> files;
-    if (GetVeskPicMng()->GetPicFiles({picId}, files) != KX_DATA::kServiceOk || files.empty())
+    if (GetVeskPicMng()->GetPicFiles({picId}, files) != KX_DATA::kServiceOk || files.empty()) {
         return 0;
+    }
     KX_DATA::BimPicDetail detail;
-    if (GetVeskPicMng()->GetBimPicDetail(ppid, picId, detail) != KX_DATA::kServiceOk)
+    if (GetVeskPicMng()->GetBimPicDetail(ppid, picId, detail) != KX_DATA::kServiceOk) {
         return 0;
+    }
     QString name;
     QString folder;
     GetKXGlobalData()->GetProjectName(name, ppid);
@@ -220,8 +230,9 @@ qint32 CKXVeskPictureImpl::SaveBimPicAs(qint32 ppid, qint32 picId, QString targe
 }
 
 bool CKXVeskPictureImpl::DeleteBimPic(qint32 picId) {
-    if (!GetVeskPicMng()->DeleteBimPics({picId}))
+    if (!GetVeskPicMng()->DeleteBimPics({picId})) {
         return false;
+    }
     Sink().RefreshBimMarks();
     return true;
 }
@@ -250,18 +261,22 @@ void CKXVeskPictureImpl::Refresh() {
 
 void CKXVeskPictureImpl::RefreshPicMarks() {
     std::vector<KX_DATA::PicMarkGroup> marks;
-    if (KX_DATA::IProjModelHandle* model = GetProjCacheMng()->GetCurrentModel())
+    if (KX_DATA::IProjModelHandle* model = GetProjCacheMng()->GetCurrentModel()) {
         CKXVeskPicDataImpl::Instance().BuildPicMarks(model->GetShownPicMarks(), marks);
-    if (KX_DATA::IKXView* view = GetKXHoopsModuleMng()->GetView())
+    }
+    if (KX_DATA::IKXView* view = GetKXHoopsModuleMng()->GetView()) {
         view->SetVeskPicMarkers(marks);
+    }
 }
 
 void CKXVeskPictureImpl::RefreshIssueMarks() {
     std::vector<KX_DATA::IssueMarkGroup> marks;
-    if (KX_DATA::IProjModelHandle* model = GetProjCacheMng()->GetCurrentModel())
+    if (KX_DATA::IProjModelHandle* model = GetProjCacheMng()->GetCurrentModel()) {
         CKXVeskPicDataImpl::Instance().BuildIssueMarks(model->GetShownIssueMarks(), marks);
-    if (KX_DATA::IKXView* view = GetKXHoopsModuleMng()->GetView())
+    }
+    if (KX_DATA::IKXView* view = GetKXHoopsModuleMng()->GetView()) {
         view->SetTNIssueMarkers(marks);
+    }
 }
 
 void CKXVeskPictureImpl::OnPicMessage(KXWindow window, const std::string& json) {

@@ -20,7 +20,7 @@ public:
     [[nodiscard]] std::vector<KX_DATA::IssueMarkGroup>
     Cut(const KX_DATA::ShownIssueMarks& selection) const;
     /// Text of each entry by its key; of entries with the same key that of the last one.
-    [[nodiscard]] const std::map<QString, QString>& Names() const { return names; }
+    [[nodiscard]] const std::map<QString, QString>& Names() const { return m_names; }
 
 private:
     struct Ref;
@@ -34,11 +34,11 @@ private:
     [[nodiscard]] quint32 FindNear(const QString& key, quint32 from) const;
     [[nodiscard]] quint32 FindBehind(const QString& key, quint32 from) const;
 
-    KeyPrefix prefix;
-    std::vector<quint64> numbers;       ///< of the keys, rising; numbers.size() == entries.size()
-    std::vector<const QChar*> keyTexts; ///< where the characters of each entry's key are
-    std::vector<KX_DATA::IssueMarkEntry> entries;
-    std::vector<quint32> headOf;                ///< of each entry
-    std::vector<KX_DATA::IssueMarkGroup> heads; ///< the groups without their entries
-    std::map<QString, QString> names;
+    KeyPrefix m_prefix;
+    std::vector<quint64> m_numbers;       ///< of the keys, rising; numbers.size() == entries.size()
+    std::vector<const QChar*> m_keyTexts; ///< where the characters of each entry's key are
+    std::vector<KX_DATA::IssueMarkEntry> m_entries;
+    std::vector<quint32> m_headOf;                ///< of each entry
+    std::vector<KX_DATA::IssueMarkGroup> m_heads; ///< the groups without their entries
+    std::map<QString, QString> m_names;
 };

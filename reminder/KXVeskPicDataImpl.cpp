@@ -53,16 +53,19 @@ void CKXVeskPicDataImpl::BuildPicMarks(const KX_DATA::ShownPicMarks& selection,
     for (std::size_t at = 0; at < m_picGroups.Groups().size(); ++at) {
         const KX_DATA::PicMarkGroup& group = m_picGroups.Groups()[at];
         // Asked only for floors that are ticked.
-        if (!selection.contains(group.name))
+        if (!selection.contains(group.name)) {
             continue;
+        }
         QString secondLevel;
         GetKXGlobalData()->GetGroupName(secondLevel, group.id);
         GroupSelection selected;
-        if (!SelectGroup(selection, group.name, secondLevel, selected))
+        if (!SelectGroup(selection, group.name, secondLevel, selected)) {
             continue;
+        }
         KX_DATA::PicMarkGroup cut = m_picGroups.Cut(at, selected);
-        if (!cut.items.empty())
+        if (!cut.items.empty()) {
             groups.push_back(std::move(cut));
+        }
     }
 }
 

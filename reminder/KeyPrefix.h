@@ -15,18 +15,18 @@ public:
         [[nodiscard]] KeyPrefix Result() const;
 
     private:
-        QString first; ///< least of the keys
-        QString last;  ///< greatest of them
-        bool hasKeys = false;
-        bool isLatin = true;
+        QString m_first; ///< least of the keys
+        QString m_last;  ///< greatest of them
+        bool m_hasKeys = false;
+        bool m_isLatin = true;
     };
 
     /// True if the key has the common beginning; a key that hasn't isn't in the set.
-    [[nodiscard]] bool Fits(const QString& key) const { return key.startsWith(common); }
+    [[nodiscard]] bool Fits(const QString& key) const { return key.startsWith(m_common); }
     /// Only for keys that fit.
     [[nodiscard]] quint64 NumberOf(const QString& key) const;
 
 private:
-    QString common;
-    bool isLatin = true;
+    QString m_common;
+    bool m_isLatin = true;
 };

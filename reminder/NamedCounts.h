@@ -15,14 +15,14 @@ class NamedCounts final {
 public:
     explicit NamedCounts(const std::vector<KX_DATA::ShownPicItem>& photos);
 
-    [[nodiscard]] bool IsEmpty() const { return runs.empty(); }
+    [[nodiscard]] bool IsEmpty() const { return m_runs.empty(); }
     /// 0 for a name that no photo has.
     [[nodiscard]] qint32 CountOf(std::string_view itemName);
 
 private:
     /// Photos of the same name behind each other; each name once if `isSorted`.
-    std::vector<std::pair<std::string_view, qint32>> runs;
-    bool isSorted = true;
-    std::size_t next = 0; ///< run behind the one that was asked for at last
-    std::unordered_map<std::string_view, qint32> sums; ///< only if not sorted
+    std::vector<std::pair<std::string_view, qint32>> m_runs;
+    bool m_isSorted = true;
+    std::size_t m_next = 0; ///< run behind the one that was asked for at last
+    std::unordered_map<std::string_view, qint32> m_sums; ///< only if not sorted
 };

@@ -21,7 +21,7 @@ struct GroupSelection {
 class PicMarkTree final {
 public:
     void SetGroups(std::vector<KX_DATA::PicMarkGroup> newGroups);
-    [[nodiscard]] const std::vector<KX_DATA::PicMarkGroup>& Groups() const { return groups; }
+    [[nodiscard]] const std::vector<KX_DATA::PicMarkGroup>& Groups() const { return m_groups; }
     /// The groups for whoever fills them anew; SetGroups must follow.
     [[nodiscard]] std::vector<KX_DATA::PicMarkGroup> TakeGroups();
 
@@ -31,6 +31,6 @@ public:
                                             const GroupSelection& selected) const;
 
 private:
-    std::vector<KX_DATA::PicMarkGroup> groups;
-    std::vector<CompactMarks> compact; ///< compact.size() == groups.size()
+    std::vector<KX_DATA::PicMarkGroup> m_groups;
+    std::vector<CompactMarks> m_compact; ///< compact.size() == groups.size()
 };

@@ -10,11 +10,11 @@ namespace sample {
 /// the order of arguments is the compiler's (inside braces it is ours).
 class Dice final {
 public:
-    explicit Dice(quint64 seed) : state(seed * 0x9E3779B97F4A7C15ULL + 0x1234567ULL) {}
+    explicit Dice(quint64 seed) : m_state(seed * 0x9E3779B97F4A7C15ULL + 0x1234567ULL) {}
 
     [[nodiscard]] quint64 Next() {
-        state += 0x9E3779B97F4A7C15ULL;
-        quint64 z = state;
+        m_state += 0x9E3779B97F4A7C15ULL;
+        quint64 z = m_state;
         z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ULL;
         z = (z ^ (z >> 27)) * 0x94D049BB133111EBULL;
         return z ^ (z >> 31);
@@ -30,7 +30,7 @@ public:
     [[nodiscard]] bool Chance(float probability) { return Unit() < probability; }
 
 private:
-    quint64 state;
+    quint64 m_state;
 };
 
 } // namespace sample

@@ -44,7 +44,7 @@ struct PictureArtist::Tools {
     SceneRenderer renderer;
 };
 
-PictureArtist::PictureArtist() : tools(std::make_unique<Tools>()) {}
+PictureArtist::PictureArtist() : m_tools(std::make_unique<Tools>()) {}
 PictureArtist::~PictureArtist() = default;
 
 QImage PictureArtist::Paint(const PictureOrder& order) {
@@ -54,7 +54,7 @@ QImage PictureArtist::Paint(const PictureOrder& order) {
     Dice dice(order.seed);
     const Scene scene = BuildScene(order.kind, dice);
     const QSize size = RenderSize(order.size);
-    QImage image = tools->renderer.Render(scene, size);
+    QImage image = m_tools->renderer.Render(scene, size);
     if (size != order.size) {
         for (int pass = 0; pass < 3; ++pass) {
             SoftenEdges(image); // stairs would grow with the picture

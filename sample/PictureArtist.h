@@ -46,7 +46,7 @@ public:
 
 private:
     struct Tools;
-    std::unique_ptr<Tools> tools;
+    std::unique_ptr<Tools> m_tools;
 };
 
 } // namespace sample

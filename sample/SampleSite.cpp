@@ -25,8 +25,8 @@ void DrawPictures(PictureStudio& studio, int count, int total, const SampleProgr
     while (true) {
         const int drawn = studio.WaitForNews(kProgressPause);
         if (studio.HasFailed()) {
-            throw site::DataError(site::Fault::kDiskFull,
-                                  site::FaultText(site::Fault::kDiskFull, u"生成示例工程"_s));
+            throw site::DataError(site::Fault::DiskFull,
+                                  site::FaultText(site::Fault::DiskFull, u"生成示例工程"_s));
         }
         if (progress && !progress(drawn, total, u"正在绘制示例照片"_s)) {
             throw Cancelled();
@@ -60,7 +60,7 @@ void Build(site::ISite& target, const QString& place, const SitePlan& plan,
 bool CreateSampleSite(site::ISite& target, SampleSize size, const SampleProgress& progress,
                       QString& error) {
     error.clear();
-    if (size == SampleSize::kNone) {
+    if (size == SampleSize::None) {
         return true;
     }
     try {

@@ -4,9 +4,9 @@
 namespace sample {
 
 enum class SampleSize {
-    kNone,
-    kSmall, ///< 40 photos of the model at 800 x 600, made in a second or two
-    kFull   ///< 300 photos of the model, most of 2 megapixels, made in under a minute
+    None,
+    Small, ///< 40 photos of the model at 800 x 600, made in a second or two
+    Full   ///< 300 photos of the model, most of 2 megapixels, made in under a minute
 };
 
 } // namespace sample

@@ -25,23 +25,23 @@ class Resonator final {
 public:
     void Tune(float frequency, float width) {
         const float radius = std::exp(-std::numbers::pi_v<float> * width / kSampleRate);
-        feed1 = 2 * radius * std::cos(2 * std::numbers::pi_v<float> * frequency / kSampleRate);
-        feed2 = -radius * radius;
-        gain = 1 - radius;
+        m_feed1 = 2 * radius * std::cos(2 * std::numbers::pi_v<float> * frequency / kSampleRate);
+        m_feed2 = -radius * radius;
+        m_gain = 1 - radius;
     }
     [[nodiscard]] float Run(float input) {
-        const float output = gain * input + feed1 * last1 + feed2 * last2;
-        last2 = last1;
-        last1 = output;
+        const float output = m_gain * input + m_feed1 * m_last1 + m_feed2 * m_last2;
+        m_last2 = m_last1;
+        m_last1 = output;
         return output;
     }
 
 private:
-    float feed1 = 0;
-    float feed2 = 0;
-    float gain = 1;
-    float last1 = 0;
-    float last2 = 0;
+    float m_feed1 = 0;
+    float m_feed2 = 0;
+    float m_gain = 1;
+    float m_last1 = 0;
+    float m_last2 = 0;
 };
 
 struct Vowel {
@@ -54,43 +54,43 @@ constexpr std::array<Vowel, 6> kVowels{
 /// Speaks sample by sample: syllables of 120 to 260 ms, each with a vowel, a tone and a pitch.
 class Babble final {
 public:
-    explicit Babble(quint64 seed) : dice(seed), voice(dice.Between(105, 215)) {}
+    explicit Babble(quint64 seed) : m_dice(seed), m_voice(m_dice.Between(105, 215)) {}
 
     [[nodiscard]] float Next() {
-        if (left <= 0) {
+        if (m_left <= 0) {
             StartSyllable();
         }
-        const float part = 1 - static_cast<float>(left) / static_cast<float>(length);
-        --left;
-        const float pitch = voice * (1 + slide * (part - 0.5F));
-        phase += pitch / kSampleRate;
-        phase -= std::floor(phase);
+        const float part = 1 - static_cast<float>(m_left) / static_cast<float>(m_length);
+        --m_left;
+        const float pitch = m_voice * (1 + m_slide * (part - 0.5F));
+        m_phase += pitch / kSampleRate;
+        m_phase -= std::floor(m_phase);
         // A falling ramp has the overtones of vocal cords; the breath adds a little noise.
-        const float source = 1 - 2 * phase + dice.Between(-0.12F, 0.12F);
-        const float envelope = silent ? 0 : std::sin(std::numbers::pi_v<float> * part);
-        return (low.Run(source) + 0.6F * high.Run(source)) * envelope;
+        const float source = 1 - 2 * m_phase + m_dice.Between(-0.12F, 0.12F);
+        const float envelope = m_silent ? 0 : std::sin(std::numbers::pi_v<float> * part);
+        return (m_low.Run(source) + 0.6F * m_high.Run(source)) * envelope;
     }
 
 private:
     void StartSyllable() {
-        silent = dice.Chance(0.16F);
-        length = static_cast<int>(dice.Between(0.12F, silent ? 0.42F : 0.26F) * kSampleRate);
-        left = length;
-        slide = dice.Between(-0.35F, 0.35F);
-        const Vowel& vowel = kVowels[static_cast<size_t>(dice.Pick(kVowels.size()))];
-        low.Tune(vowel.first, 90);
-        high.Tune(vowel.second, 130);
+        m_silent = m_dice.Chance(0.16F);
+        m_length = static_cast<int>(m_dice.Between(0.12F, m_silent ? 0.42F : 0.26F) * kSampleRate);
+        m_left = m_length;
+        m_slide = m_dice.Between(-0.35F, 0.35F);
+        const Vowel& vowel = kVowels[static_cast<size_t>(m_dice.Pick(kVowels.size()))];
+        m_low.Tune(vowel.first, 90);
+        m_high.Tune(vowel.second, 130);
     }
 
-    Dice dice;
-    Resonator low;
-    Resonator high;
-    float voice;
-    float phase = 0;
-    float slide = 0;
-    int length = 1;
-    int left = 0;
-    bool silent = false;
+    Dice m_dice;
+    Resonator m_low;
+    Resonator m_high;
+    float m_voice;
+    float m_phase = 0;
+    float m_slide = 0;
+    int m_length = 1;
+    int m_left = 0;
+    bool m_silent = false;
 };
 
 struct EncoderDeleter {

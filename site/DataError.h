@@ -8,18 +8,18 @@
 namespace site {
 
 enum class Fault {
-    kNotWritable,
-    kLocked, ///< another process holds the database for longer than the busy timeout
-    kNewer,  ///< written by a later version of the client
-    kDamaged,
-    kNotASite, ///< a folder with other things in it
-    kDiskFull,
-    kBadName,   ///< a uuid or file name that must not reach the file system
-    kMissing,   ///< a file or record that should be there is not
-    kRefused,   ///< a constraint of the database
-    kTooSlow,   ///< past the deadline of the question
-    kCancelled, ///< whoever asked has had enough
-    kOther,
+    NotWritable,
+    Locked, ///< another process holds the database for longer than the busy timeout
+    Newer,  ///< written by a later version of the client
+    Damaged,
+    NotASite, ///< a folder with other things in it
+    DiskFull,
+    BadName,   ///< a uuid or file name that must not reach the file system
+    Missing,   ///< a file or record that should be there is not
+    Refused,   ///< a constraint of the database
+    TooSlow,   ///< past the deadline of the question
+    Cancelled, ///< whoever asked has had enough
+    Other,
 };
 
 /// Thrown inside site/; never leaves a service.
@@ -28,12 +28,12 @@ public:
     /// `text` is Chinese, complete, and says what to do; `detail` is for the log.
     DataError(Fault fault, QString text, const QString& detail = {});
 
-    [[nodiscard]] Fault GetFault() const { return fault; }
-    [[nodiscard]] const QString& Text() const { return text; }
+    [[nodiscard]] Fault GetFault() const { return m_fault; }
+    [[nodiscard]] const QString& Text() const { return m_text; }
 
 private:
-    Fault fault;
-    QString text;
+    Fault m_fault;
+    QString m_text;
 };
 
 /// The sentence for a fault, in Chinese; `what` names the operation or file, may be empty.

@@ -5,15 +5,15 @@ namespace site {
 
 /// Numbers in the table of files; the owner is the row that the name speaks of.
 enum class FileKind {
-    kBimPhoto = 1,
-    kPdfPhoto = 2,
-    kPhotoVoice = 3, ///< owner: the BIM photo
-    kCheckpointVoice = 4,
-    kDrawing = 5,
-    kIssueVoice = 6,
-    kIssuePic = 7, ///< owner: the issue, as for its thumbnails
-    kThumb = 8,
-    kUploaded = 9, ///< not yet taken by anything
+    BimPhoto = 1,
+    PdfPhoto = 2,
+    PhotoVoice = 3, ///< owner: the BIM photo
+    CheckpointVoice = 4,
+    Drawing = 5,
+    IssueVoice = 6,
+    IssuePic = 7, ///< owner: the issue, as for its thumbnails
+    Thumb = 8,
+    Uploaded = 9, ///< not yet taken by anything
 };
 
 } // namespace site

@@ -8,12 +8,12 @@ namespace site {
 inline constexpr qint64 kBinSeconds = 30LL * 24 * 60 * 60;
 
 /// What an entry of the bin was; the numbers are those of the console's kinds.
-enum class BinKind { kBimPhoto = 1, kPdfPhoto = 2, kIssue = 3 };
+enum class BinKind { BimPhoto = 1, PdfPhoto = 2, Issue = 3 };
 
 struct BinEntry {
     qint64 id = 0;
     /// May be a number that this client doesn't know.
-    BinKind kind = BinKind::kBimPhoto;
+    BinKind kind = BinKind::BimPhoto;
     qint32 ppid = 0;
     QString title; ///< file name of a photo, theme of an issue
     QString deletedBy;

@@ -10,7 +10,7 @@
 namespace site {
 
 /// The numbers are those of the console's kinds.
-enum class ListKind { kBimPhotos = 1, kPdfPhotos = 2, kIssues = 3 };
+enum class ListKind { BimPhotos = 1, PdfPhotos = 2, Issues = 3 };
 
 /// Absent members mean no limit, but no project means no row.
 struct ListFilter {

@@ -10,7 +10,7 @@ namespace site {
 
 /// Why a site could not be opened.
 struct OpenFault {
-    Fault fault = Fault::kOther;
+    Fault fault = Fault::Other;
     QString text; ///< Chinese, for a person
 };
 

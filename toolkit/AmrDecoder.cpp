@@ -49,12 +49,14 @@ private:
 } // namespace
 
 std::unique_ptr<IAmrDecoder> MakeAmrDecoder(AmrBand band) {
-    if (band == AmrBand::None)
+    if (band == AmrBand::None) {
         return nullptr;
+    }
     auto decoder =
         std::make_unique<AmrDecoder>(band == AmrBand::Wide ? kWideLibrary : kNarrowLibrary);
-    if (!decoder->IsMade())
+    if (!decoder->IsMade()) {
         return nullptr;
+    }
     return decoder;
 }
 

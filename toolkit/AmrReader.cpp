@@ -27,17 +27,20 @@ int FrameSize(AmrBand band, unsigned char typeByte) {
 AmrReader::AmrReader(const QString& path) : m_file(path) {
     // A pipe would keep its reader waiting.
     if (!QFileInfo(path).isFile() ||
-        !m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered | QIODevice::ExistingOnly))
+        !m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered | QIODevice::ExistingOnly)) {
         return;
-    if (Skip(kNarrowMagic))
+    }
+    if (Skip(kNarrowMagic)) {
         m_band = AmrBand::Narrow;
-    else if (Skip(kWideMagic))
+    } else if (Skip(kWideMagic)) {
         m_band = AmrBand::Wide;
+    }
 }
 
 std::span<const unsigned char> AmrReader::Next() {
-    if (m_band == AmrBand::None || !Fill(1))
+    if (m_band == AmrBand::None || !Fill(1)) {
         return {};
+    }
     const int size = FrameSize(m_band, m_buffer[size_t(m_begin)]);
     if (size == 0 || !Fill(size)) {
         m_band = AmrBand::None;
@@ -50,22 +53,25 @@ std::span<const unsigned char> AmrReader::Next() {
 
 quint64 AmrReader::CountRest() {
     quint64 frames = 0;
-    while (!Next().empty())
+    while (!Next().empty()) {
         ++frames;
+    }
     return frames;
 }
 
 bool AmrReader::Fill(qint64 bytes) {
-    if (m_end - m_begin >= bytes)
+    if (m_end - m_begin >= bytes) {
         return true;
+    }
     std::copy(m_buffer.data() + m_begin, m_buffer.data() + m_end, m_buffer.data());
     m_end -= m_begin;
     m_begin = 0;
     while (m_end < bytes) {
         const qint64 read = m_file.read(reinterpret_cast<char*>(m_buffer.data() + m_end),
                                         qint64(m_buffer.size()) - m_end);
-        if (read <= 0)
+        if (read <= 0) {
             return false;
+        }
         m_end += read;
     }
     return true;
@@ -73,8 +79,9 @@ bool AmrReader::Fill(qint64 bytes) {
 
 bool AmrReader::Skip(const char* magic) {
     const auto length = qint64(std::strlen(magic));
-    if (!Fill(length) || std::memcmp(m_buffer.data() + m_begin, magic, size_t(length)) != 0)
+    if (!Fill(length) || std::memcmp(m_buffer.data() + m_begin, magic, size_t(length)) != 0) {
         return false;
+    }
     m_begin += length;
     return true;
 }

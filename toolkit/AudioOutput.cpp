@@ -27,8 +27,9 @@ IAudioOutputs*& ReplacedOutputs() {
 /// Lies beside the toolkit.
 QString DeviceLibrary() {
     Dl_info toolkit{};
-    if (dladdr(reinterpret_cast<void*>(&DeviceLibrary), &toolkit) == 0)
+    if (dladdr(reinterpret_cast<void*>(&DeviceLibrary), &toolkit) == 0) {
         return u"KXSound"_s;
+    }
     return QFileInfo(QString::fromLocal8Bit(toolkit.dli_fname)).absolutePath() + u"/KXSound"_s;
 }
 
@@ -42,8 +43,9 @@ IAudioOutputs* LoadDevices() {
 } // namespace
 
 std::unique_ptr<IAudioOutput> MakeAudioOutput() {
-    if (IAudioOutputs* replacement = ReplacedOutputs())
+    if (IAudioOutputs* replacement = ReplacedOutputs()) {
         return replacement->Make();
+    }
     static IAudioOutputs* const devices = LoadDevices();
     return devices == nullptr ? nullptr : devices->Make();
 }

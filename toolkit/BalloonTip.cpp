@@ -34,10 +34,12 @@ QPointer<BalloonTip>& OpenBalloon() {
 } // namespace
 
 BalloonTip* BalloonTip::ShowAt(QWidget* control, const QString& text, BalloonKind kind) {
-    if (BalloonTip* open = Current())
+    if (BalloonTip* open = Current()) {
         open->Dismiss();
-    if (control == nullptr)
+    }
+    if (control == nullptr) {
         return nullptr;
+    }
     auto* balloon = new BalloonTip(control, text, kind);
     OpenBalloon() = balloon;
     balloon->show();
@@ -71,13 +73,15 @@ BalloonTip::BalloonTip(QWidget* control, const QString& text, BalloonKind kind)
 }
 
 void BalloonTip::Watch() {
-    if (Current() == this)
+    if (Current() == this) {
         qApp->installEventFilter(this);
+    }
 }
 
 void BalloonTip::Dismiss() {
-    if (Current() == this)
+    if (Current() == this) {
         OpenBalloon().clear();
+    }
     qApp->removeEventFilter(this);
     hide();
     deleteLater();
@@ -171,8 +175,9 @@ bool BalloonTip::IsEnd(const QObject* watched, const QEvent& event) const {
 }
 
 bool BalloonTip::eventFilter(QObject* watched, QEvent* event) {
-    if (IsEnd(watched, *event))
+    if (IsEnd(watched, *event)) {
         Dismiss();
+    }
     return QWidget::eventFilter(watched, event);
 }
 

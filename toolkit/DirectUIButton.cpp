@@ -81,10 +81,12 @@ bool CDirectUIButton::Release(const QPoint& point) {
 }
 
 int CDirectUIButton::FrameIndex() const {
-    if (!m_enabled)
+    if (!m_enabled) {
         return kDisabled;
-    if (m_pressed)
+    }
+    if (m_pressed) {
         return m_hot ? kPressed : kNormal;
+    }
     return m_hot ? kHover : kNormal;
 }
 
@@ -99,8 +101,9 @@ QRect CDirectUIButton::FrameInImage() const {
 }
 
 void CDirectUIButton::Paint(QPainter& painter) const {
-    if (rect.isEmpty() || !shown)
+    if (rect.isEmpty() || !shown) {
         return;
+    }
     const QRect frame = m_image.isNull() ? QRect() : FrameInImage();
     if (frame.isEmpty()) {
         PaintArrow(painter);

@@ -17,8 +17,9 @@ void DropCombo::showPopup() {
     const QPointer<DropCombo> self(this);
     emit dropDown();
     // The handler may have ended the window, or asked something while the box was disabled.
-    if (!self || !isVisible() || !isEnabled())
+    if (!self || !isVisible() || !isEnabled()) {
         return;
+    }
     // The list is as wide as its longest entry, but not wider than half the screen.
     constexpr int kListMargin = 28;
     const int longest = view()->sizeHintForColumn(0) + kListMargin;
@@ -37,8 +38,9 @@ void DropCombo::initStyleOption(QStyleOptionComboBox* option) const {
 }
 
 void DropCombo::wheelEvent(QWheelEvent* event) {
-    if (hasFocus())
+    if (hasFocus()) {
         QComboBox::wheelEvent(event);
-    else
+    } else {
         event->ignore();
+    }
 }

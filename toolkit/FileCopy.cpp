@@ -34,25 +34,30 @@ CopyOutcome Move(const QString& from, const QString& target, IfExists ifExists) 
         return error ? CopyOutcome::Failed : CopyOutcome::Copied;
     }
     // Refuses a name that was taken meanwhile.
-    if (QFile::rename(from, target))
+    if (QFile::rename(from, target)) {
         return CopyOutcome::Copied;
+    }
     return IsTaken(target) ? CopyOutcome::TargetExists : CopyOutcome::Failed;
 }
 
 } // namespace
 
 CopyOutcome CopyFileWhole(const QString& source, const QString& target, IfExists ifExists) {
-    if (IsSameFile(source, target))
+    if (IsSameFile(source, target)) {
         return CopyOutcome::SameFile;
-    if (ifExists == IfExists::Keep && IsTaken(target))
+    }
+    if (ifExists == IfExists::Keep && IsTaken(target)) {
         return CopyOutcome::TargetExists;
+    }
     const QString temporary = QFileInfo(target).absolutePath() + u"/."_s +
                               QUuid::createUuid().toString(QUuid::Id128) + u".part"_s;
-    if (!QFile::copy(source, temporary))
+    if (!QFile::copy(source, temporary)) {
         return CopyOutcome::Failed;
+    }
     const CopyOutcome outcome = Move(temporary, target, ifExists);
-    if (outcome != CopyOutcome::Copied)
+    if (outcome != CopyOutcome::Copied) {
         QFile::remove(temporary);
+    }
     return outcome;
 }
 

@@ -30,16 +30,18 @@ bool IsGbkAvailable() {
 }
 
 std::string ToGbk(const QString& text) {
-    if (IsPlain(text))
+    if (IsPlain(text)) {
         return text.toStdString();
+    }
     QStringEncoder encoder("GBK");
     const QByteArray bytes = encoder.encode(text);
     return bytes.toStdString();
 }
 
 QString FromGbk(const std::string& bytes) {
-    if (IsPlain(bytes))
+    if (IsPlain(bytes)) {
         return QString::fromLatin1(bytes.data(), qsizetype(bytes.size()));
+    }
     QStringDecoder decoder("GBK");
     return decoder.decode(QByteArrayView(bytes.data(), qsizetype(bytes.size())));
 }

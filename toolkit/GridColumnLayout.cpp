@@ -8,8 +8,9 @@ std::vector<int> LayoutGridColumns(const std::vector<GridColumnRequest>& columns
     int used = 0;
     int shares = 0;
     for (const GridColumnRequest& column : columns) {
-        if (!column.visible)
+        if (!column.visible) {
             continue;
+        }
         used += column.width;
         shares += std::max(column.share, 0);
     }

@@ -42,8 +42,9 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int column) 
     painter->setPen(Colors::Frame());
     painter->drawLine(rect.topRight(), rect.bottomRight());
     painter->drawLine(rect.bottomLeft(), rect.bottomRight());
-    if (m_grid == nullptr)
+    if (m_grid == nullptr) {
         return;
+    }
     const QRect inner = rect.adjusted(0, 0, -1, -1);
     const QIcon image = m_grid->GetHeaderImageList().At(m_grid->GetHeaderImage(column));
     if (!image.isNull()) {
@@ -68,8 +69,9 @@ void GridHeader::mouseDoubleClickEvent(QMouseEvent* event) {
     m_doubleClicked = false;
     QHeaderView::mouseDoubleClickEvent(event);
     // Between the handles the second of two quick clicks is a click like the first.
-    if (std::exchange(m_doubleClicked, false))
+    if (std::exchange(m_doubleClicked, false)) {
         mousePressEvent(event);
+    }
 }
 
 void GridHeader::mouseMoveEvent(QMouseEvent* event) {
@@ -82,20 +84,23 @@ void GridHeader::mouseReleaseEvent(QMouseEvent* event) {
     QHeaderView::mouseReleaseEvent(event);
     // Told only now: the base still works with its members after its own signal.
     const int column = std::exchange(m_clicked, -1);
-    if (column >= 0)
+    if (column >= 0) {
         emit clicked(column);
+    }
 }
 
 bool GridHeader::viewportEvent(QEvent* event) {
-    if (event->type() == QEvent::Leave)
+    if (event->type() == QEvent::Leave) {
         SetHover(-1);
+    }
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const QString tip = TipAt(logicalIndexAt(help->pos()));
-        if (tip.isEmpty())
+        if (tip.isEmpty()) {
             QToolTip::hideText();
-        else
+        } else {
             QToolTip::showText(help->globalPos(), PlainTip(tip), viewport());
+        }
         return true;
     }
     return QHeaderView::viewportEvent(event);
@@ -105,22 +110,26 @@ void GridHeader::SetHover(int column) {
     // Only where a click does something.
     if (m_grid != nullptr && column > 0) {
         const auto found = m_grid->sortable.find(column);
-        if (found == m_grid->sortable.end() || !found->second)
+        if (found == m_grid->sortable.end() || !found->second) {
             column = -1;
+        }
     }
-    if (column == m_hover)
+    if (column == m_hover) {
         return;
+    }
     m_hover = column;
     viewport()->update();
 }
 
 QString GridHeader::TipAt(int column) const {
-    if (m_grid == nullptr || column < 0)
+    if (m_grid == nullptr || column < 0) {
         return {};
+    }
     const QString tip = m_grid->GetColumnTip(column);
     const QString caption = m_grid->GetColumnCaption(column);
-    if (!tip.isEmpty() || fontMetrics().horizontalAdvance(caption) <= sectionSize(column) - 5)
+    if (!tip.isEmpty() || fontMetrics().horizontalAdvance(caption) <= sectionSize(column) - 5) {
         return tip;
+    }
     return caption;
 }
 

@@ -24,8 +24,9 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     const CGridRow* row = m_grid == nullptr ? nullptr : m_grid->GetRow(index.row());
     const CGridItem* item = row == nullptr ? nullptr : row->GetItem(index.column());
-    if (item == nullptr)
+    if (item == nullptr) {
         return {};
+    }
     const auto* icon = dynamic_cast<const CIconGridItem*>(item);
     switch (role) {
     case Qt::DisplayRole:
@@ -33,8 +34,9 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
         return icon != nullptr ? icon->Tip() : item->GetText();
     case Qt::CheckStateRole:
-        if (dynamic_cast<const CCheckBoxItem*>(item) == nullptr)
+        if (dynamic_cast<const CCheckBoxItem*>(item) == nullptr) {
             return {};
+        }
         return item->GetValue().toBool() ? Qt::Checked : Qt::Unchecked;
     default:
         return {};
@@ -42,10 +44,12 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (m_grid == nullptr || orientation != Qt::Horizontal)
+    if (m_grid == nullptr || orientation != Qt::Horizontal) {
         return {};
-    if (role == Qt::DisplayRole)
+    }
+    if (role == Qt::DisplayRole) {
         return m_grid->GetColumnCaption(section);
+    }
     if (role == Qt::AccessibleTextRole) {
         const QString caption = m_grid->GetColumnCaption(section);
         return caption.isEmpty() ? m_grid->GetColumnTip(section) : caption;

@@ -30,14 +30,16 @@ GridPainter::GridPainter(QPainter& painter, const QWidget& view, GridTextCache& 
 
 void GridPainter::PaintRow(const CGridRow& row, const QRect& area) {
     const int index = row.GetRowId();
-    if (index == m_state.selectedRow)
+    if (index == m_state.selectedRow) {
         m_painter.fillRect(area, Colors::Selection());
-    else if (index % 2 == 1)
+    } else if (index % 2 == 1) {
         m_painter.fillRect(area, Colors::AlternateRow());
+    }
     for (const GridColumnPlace& place : m_columns) {
         const QRect cell(place.left, area.top(), place.width - 1, area.height() - 1);
-        if (const CGridItem* item = row.GetItem(place.column))
+        if (const CGridItem* item = row.GetItem(place.column)) {
             PaintCell(*item, cell, place, index);
+        }
     }
     m_painter.setPen(Colors::GridLine());
     m_painter.drawLine(area.bottomLeft(), area.bottomRight());
@@ -75,22 +77,25 @@ void GridPainter::PaintCell(const CGridItem& item, const QRect& cell, const Grid
     const bool enabled = item.IsEnabled() && m_view.isEnabled();
     m_painter.setPen(!enabled ? Colors::DisabledText()
                               : item.GetTextColor().value_or(Colors::Text()));
-    if (const auto* colored = dynamic_cast<const CColorTxtItem*>(&item))
+    if (const auto* colored = dynamic_cast<const CColorTxtItem*>(&item)) {
         PaintColorText(*colored, cell, place.align);
-    else
+    } else {
         PaintText(item.GetText(), cell.adjusted(kGridCellPadding, 0, -kGridCellPadding, 0),
                   place.align);
+    }
 }
 
 void GridPainter::PaintText(const QString& text, const QRect& area, Qt::Alignment align) {
-    if (text.isEmpty() || area.width() <= 0)
+    if (text.isEmpty() || area.width() <= 0) {
         return;
+    }
     const GridLine& line = m_texts.Line(text, area.width());
     int left = area.left();
-    if (align & Qt::AlignHCenter)
+    if (align & Qt::AlignHCenter) {
         left += std::max((area.width() - line.width) / 2, 0);
-    else if (align & Qt::AlignRight)
+    } else if (align & Qt::AlignRight) {
         left += std::max(area.width() - line.width, 0);
+    }
     m_painter.drawStaticText(left, area.top() + (area.height() - m_lineHeight) / 2, line.text);
 }
 
@@ -99,8 +104,9 @@ void GridPainter::PaintCheckBox(const CGridItem& item, const QRect& cell) {
     QStyleOptionViewItem option;
     option.initFrom(&m_view);
     option.state = item.GetValue().toBool() ? QStyle::State_On : QStyle::State_Off;
-    if (item.IsEnabled() && m_view.isEnabled())
+    if (item.IsEnabled() && m_view.isEnabled()) {
         option.state |= QStyle::State_Enabled;
+    }
     option.rect = QRect(0, 0, style->pixelMetric(QStyle::PM_IndicatorWidth, &option, &m_view),
                         style->pixelMetric(QStyle::PM_IndicatorHeight, &option, &m_view));
     option.rect.moveCenter(cell.center());

@@ -13,20 +13,23 @@ CGridRow::CGridRow(int cells) {
 CGridRow::~CGridRow() = default;
 
 CGridItem* CGridRow::GetItem(int column) const {
-    if (column < 0 || column >= GetItemCount())
+    if (column < 0 || column >= GetItemCount()) {
         return nullptr;
+    }
     return m_items[size_t(column)].get();
 }
 
 void CGridRow::PutItem(int column, std::unique_ptr<CGridItem> item) {
-    if (item == nullptr || GetItem(column) == nullptr)
+    if (item == nullptr || GetItem(column) == nullptr) {
         return;
+    }
     item->m_row = this;
     m_items[size_t(column)] = std::move(item);
     m_items[size_t(column)]->Changed();
 }
 
 void CGridRow::SetText(int column, const QVariant& value) {
-    if (CGridItem* item = GetItem(column))
+    if (CGridItem* item = GetItem(column)) {
         item->SetValue(value);
+    }
 }

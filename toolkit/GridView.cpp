@@ -48,8 +48,9 @@ GridView::GridView(CMultiPageGrid& grid, QWidget* parent)
 }
 
 GridView::~GridView() {
-    if (m_grid != nullptr)
+    if (m_grid != nullptr) {
         m_grid->m_view = nullptr;
+    }
 }
 
 void GridView::ConnectHeader() {
@@ -57,16 +58,18 @@ void GridView::ConnectHeader() {
     disconnect(m_header, &QHeaderView::sectionPressed, this, nullptr);
     disconnect(m_header, &QHeaderView::sectionEntered, this, nullptr);
     connect(m_header, &GridHeader::clicked, this, [this](int column) {
-        if (m_grid != nullptr)
+        if (m_grid != nullptr) {
             m_grid->OnHeaderClick(column);
+        }
     });
     connect(m_header, &QHeaderView::sectionResized, this,
             [this](int column, int, int width) { OnSectionResized(column, width); });
 }
 
 void GridView::Retire() {
-    if (m_grid != nullptr)
+    if (m_grid != nullptr) {
         m_grid->m_view = nullptr;
+    }
     m_grid = nullptr;
     m_header->Detach();
     m_model->Detach();
@@ -75,8 +78,9 @@ void GridView::Retire() {
 }
 
 void GridView::ApplyMetrics() {
-    if (m_grid == nullptr)
+    if (m_grid == nullptr) {
         return;
+    }
     const QFont face = UiFont(m_grid->m_fontHeight);
     setFont(face);
     m_header->setFont(face);
@@ -89,19 +93,22 @@ void GridView::ApplyMetrics() {
 }
 
 void GridView::ScheduleRelayout() {
-    if (m_relayoutPending)
+    if (m_relayoutPending) {
         return;
+    }
     m_relayoutPending = true;
     QTimer::singleShot(0, this, [this] {
-        if (m_relayoutPending)
+        if (m_relayoutPending) {
             Relayout();
+        }
     });
 }
 
 void GridView::Relayout() {
     m_relayoutPending = false;
-    if (m_grid == nullptr || m_layingOut)
+    if (m_grid == nullptr || m_layingOut) {
         return;
+    }
     m_layingOut = true;
     std::vector<GridColumnRequest> requests;
     for (int column = 0; column < m_grid->GetColumnCount(); ++column) {
@@ -114,8 +121,9 @@ void GridView::Relayout() {
         m_header->setSectionHidden(column, !m_grid->IsColumnVisible(column));
         m_header->setSectionResizeMode(
             column, m_grid->IsColumnLocked(column) ? QHeaderView::Fixed : QHeaderView::Interactive);
-        if (m_grid->IsColumnVisible(column))
+        if (m_grid->IsColumnVisible(column)) {
             m_header->resizeSection(column, widths[size_t(column)]);
+        }
     }
     m_layingOut = false;
     m_header->viewport()->update();
@@ -123,21 +131,25 @@ void GridView::Relayout() {
 }
 
 void GridView::OnSectionResized(int column, int width) {
-    if (m_layingOut || m_grid == nullptr || width <= 0)
+    if (m_layingOut || m_grid == nullptr || width <= 0) {
         return;
-    if (CMultiPageGrid::Column* state = m_grid->ColumnAt(column))
+    }
+    if (CMultiPageGrid::Column* state = m_grid->ColumnAt(column)) {
         state->userWidth = width;
+    }
 }
 
 int GridView::sizeHintForColumn(int column) const {
-    if (m_grid == nullptr)
+    if (m_grid == nullptr) {
         return 0;
+    }
     const QFontMetrics metrics = fontMetrics();
     int widest = metrics.horizontalAdvance(m_grid->GetColumnCaption(column));
     for (int row = 0; row < m_grid->GetRowCount(); ++row) {
         const CGridItem* item = m_grid->GetRow(row)->GetItem(column);
-        if (item == nullptr)
+        if (item == nullptr) {
             continue;
+        }
         const bool swatch = dynamic_cast<const CColorTxtItem*>(item) != nullptr;
         const int text = metrics.horizontalAdvance(GridLineText(item->GetText()));
         widest = std::max(widest, text + (swatch ? GridSwatchWidth() : 0));
@@ -148,15 +160,17 @@ int GridView::sizeHintForColumn(int column) const {
 void GridView::OnRowsGone() {
     m_pressed = {};
     SetHover({});
-    if (m_menu)
+    if (m_menu) {
         m_menu->close();
+    }
     // Nothing in the table itself changes when the last row goes, but the empty text appears.
     viewport()->update();
 }
 
 void GridView::ShowSelection() {
-    if (m_grid == nullptr)
+    if (m_grid == nullptr) {
         return;
+    }
     if (m_grid->m_curSel < 0) {
         setCurrentIndex({});
         viewport()->update();
@@ -168,8 +182,9 @@ void GridView::ShowSelection() {
 }
 
 void GridView::UpdateRow(int row) {
-    if (row >= 0)
+    if (row >= 0) {
         viewport()->update(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
+    }
 }
 
 void GridView::UpdateHeader(int column) {
@@ -184,36 +199,42 @@ int GridView::RowScroll() const {
 void GridView::OnPageShown(bool samePage, int scroll) {
     executeDelayedItemsLayout();
     verticalScrollBar()->setValue(samePage ? scroll : 0);
-    if (!samePage && m_grid->m_curSel < 0)
+    if (!samePage && m_grid->m_curSel < 0) {
         m_lastRow = 0;
+    }
 }
 
 void GridView::paintEvent(QPaintEvent* event) {
     executeDelayedItemsLayout();
     QPainter painter(viewport());
     painter.fillRect(event->rect(), palette().brush(QPalette::Base));
-    if (m_grid == nullptr)
+    if (m_grid == nullptr) {
         return;
+    }
     std::vector<GridColumnPlace> columns;
     for (int column = 0; column < m_grid->GetColumnCount(); ++column) {
         const int left = columnViewportPosition(column);
-        if (!isColumnHidden(column) && left < viewport()->width())
+        if (!isColumnHidden(column) && left < viewport()->width()) {
             columns.push_back({column, left, columnWidth(column), m_grid->GetColumnAlign(column)});
+        }
     }
     const GridPaintState state{m_hover, m_pressed, hasFocus() ? CurrentCell() : GridCell{},
                                m_grid->m_curSel};
     GridPainter rows(painter, *this, m_texts, std::move(columns), state);
-    if (m_grid->GetRowCount() == 0)
+    if (m_grid->GetRowCount() == 0) {
         rows.PaintEmptyText(viewport()->rect(), m_grid->m_emptyText);
+    }
     const int first = std::max(rowAt(std::max(event->rect().top(), 0)), 0);
     for (int row = first; row < m_grid->GetRowCount(); ++row) {
         const QRect area(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
-        if (area.top() > event->rect().bottom())
+        if (area.top() > event->rect().bottom()) {
             break;
+        }
         rows.PaintRow(*m_grid->GetRow(row), area);
     }
-    if (hasFocus() && !currentIndex().isValid())
+    if (hasFocus() && !currentIndex().isValid()) {
         rows.PaintFocusFrame(viewport()->rect());
+    }
 }
 
 void GridView::resizeEvent(QResizeEvent* event) {
@@ -223,8 +244,9 @@ void GridView::resizeEvent(QResizeEvent* event) {
 
 void GridView::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange)
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::EnabledChange) {
         viewport()->update();
+    }
 }
 
 void GridView::scrollContentsBy(int dx, int dy) {

@@ -46,36 +46,43 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
     QTableView::currentChanged(current, previous);
     UpdateRow(previous.row());
     UpdateRow(current.row());
-    if (m_grid != nullptr)
+    if (m_grid != nullptr) {
         m_grid->m_curSel = current.row();
-    if (current.isValid())
+    }
+    if (current.isValid()) {
         m_lastRow = current.row();
+    }
 }
 
 void GridView::UpdateCell(const GridCell& cell) {
-    if (cell.row >= 0)
+    if (cell.row >= 0) {
         update(m_model->index(cell.row, cell.column));
+    }
 }
 
 void GridView::SetHover(const GridCell& cell) {
-    if (cell == m_hover)
+    if (cell == m_hover) {
         return;
+    }
     UpdateCell(m_hover);
     m_hover = cell;
     UpdateCell(m_hover);
-    if (cell.row >= 0)
+    if (cell.row >= 0) {
         viewport()->setCursor(Qt::PointingHandCursor);
-    else
+    } else {
         viewport()->unsetCursor();
+    }
 }
 
 void GridView::mousePressEvent(QMouseEvent* event) {
     event->accept();
-    if (event->button() != Qt::LeftButton)
+    if (event->button() != Qt::LeftButton) {
         return;
+    }
     m_pressed = CellAt(event->position().toPoint());
-    if (m_pressed.row < 0)
+    if (m_pressed.row < 0) {
         return;
+    }
     SetCurrent(m_pressed);
     UpdateCell(m_pressed);
 }
@@ -91,62 +98,73 @@ void GridView::mouseMoveEvent(QMouseEvent* event) {
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
     event->accept();
-    if (event->button() != Qt::LeftButton)
+    if (event->button() != Qt::LeftButton) {
         return;
+    }
     const GridCell pressed = m_pressed;
     m_pressed = {};
     UpdateCell(pressed);
-    if (pressed.row >= 0 && CellAt(event->position().toPoint()) == pressed)
+    if (pressed.row >= 0 && CellAt(event->position().toPoint()) == pressed) {
         Activate(pressed);
+    }
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
     event->accept();
     m_pressed = {};
-    if (event->button() != Qt::LeftButton || m_grid == nullptr)
+    if (event->button() != Qt::LeftButton || m_grid == nullptr) {
         return;
+    }
     const GridCell cell = CellAt(event->position().toPoint());
     const CGridItem* item = ItemAt(cell);
     // An icon's command has run at the first click.
-    if (dynamic_cast<const CIconGridItem*>(item) != nullptr && item->IsEnabled())
+    if (dynamic_cast<const CIconGridItem*>(item) != nullptr && item->IsEnabled()) {
         return;
+    }
     // Beside and below the rows it is the selected row's.
-    if (cell.row >= 0)
+    if (cell.row >= 0) {
         SetCurrent(cell);
+    }
     DoubleClick({m_grid->m_curSel, cell.column});
 }
 
 void GridView::Activate(const GridCell& cell) {
     CGridItem* item = ItemAt(cell);
-    if (item == nullptr || !item->IsEnabled())
+    if (item == nullptr || !item->IsEnabled()) {
         return;
-    if (dynamic_cast<CCheckBoxItem*>(item) != nullptr)
+    }
+    if (dynamic_cast<CCheckBoxItem*>(item) != nullptr) {
         item->SetValue(!item->GetValue().toBool());
-    else if (const auto* icon = dynamic_cast<const CIconGridItem*>(item))
+    } else if (const auto* icon = dynamic_cast<const CIconGridItem*>(item)) {
         m_grid->OnIconCommand(icon->Command(), *m_grid->GetRow(cell.row));
+    }
 }
 
 void GridView::ToggleCheckBox(int row) {
     const CGridRow* found = m_grid->GetRow(row);
-    if (found == nullptr)
+    if (found == nullptr) {
         return;
+    }
     for (int column = 0; column < found->GetItemCount(); ++column) {
         auto* box = dynamic_cast<CCheckBoxItem*>(found->GetItem(column));
-        if (box == nullptr || !box->IsEnabled() || !m_grid->IsColumnVisible(column))
+        if (box == nullptr || !box->IsEnabled() || !m_grid->IsColumnVisible(column)) {
             continue;
+        }
         box->SetValue(!box->GetValue().toBool());
         return;
     }
 }
 
 void GridView::DoubleClick(const GridCell& cell) {
-    if (CGridRow* row = m_grid->GetRow(cell.row))
+    if (CGridRow* row = m_grid->GetRow(cell.row)) {
         m_grid->OnDoubleClick(*row, cell.column);
+    }
 }
 
 void GridView::keyPressEvent(QKeyEvent* event) {
-    if (m_grid == nullptr || MoveByKey(event))
+    if (m_grid == nullptr || MoveByKey(event)) {
         return;
+    }
     const GridCell current = CurrentCell();
     switch (event->key()) {
     case Qt::Key_Return:
@@ -154,18 +172,21 @@ void GridView::keyPressEvent(QKeyEvent* event) {
         // Taken also without a row: the dialog's default button isn't meant while the keyboard is
         // in the list. A key that is held acts once.
         event->accept();
-        if (!event->isAutoRepeat())
+        if (!event->isAutoRepeat()) {
             DoubleClick(current);
+        }
         return;
     case Qt::Key_Space:
         event->accept();
-        if (!event->isAutoRepeat())
+        if (!event->isAutoRepeat()) {
             ToggleCheckBox(current.row);
+        }
         return;
     case Qt::Key_Menu:
         event->accept();
-        if (current.row >= 0)
+        if (current.row >= 0) {
             ShowRowMenu(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+        }
         return;
     default:
         event->ignore();
@@ -173,8 +194,9 @@ void GridView::keyPressEvent(QKeyEvent* event) {
 }
 
 bool GridView::MoveByKey(QKeyEvent* event) {
-    if (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier))
+    if (event->modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier)) {
         return false;
+    }
     const int page = std::max(viewport()->height() / std::max(rowHeight(0), 1) - 1, 1);
     event->accept();
     switch (event->key()) {
@@ -216,8 +238,9 @@ void GridView::StepRow(int step) {
 
 void GridView::MoveToRow(int row) {
     const GridCell current = CurrentCell();
-    if (m_grid->GetRowCount() == 0)
+    if (m_grid->GetRowCount() == 0) {
         return;
+    }
     const int column = current.column < 0 ? std::max(columnAt(0), 0) : current.column;
     const int horizontal = horizontalScrollBar()->value();
     SetCurrent({std::clamp(row, 0, m_grid->GetRowCount() - 1), column});
@@ -233,8 +256,9 @@ void GridView::MoveToColumn(int step) {
     }
     for (int column = current.column + step; column >= 0 && column < m_grid->GetColumnCount();
          column += step) {
-        if (isColumnHidden(column))
+        if (isColumnHidden(column)) {
             continue;
+        }
         SetCurrent({current.row, column});
         scrollTo(currentIndex());
         return;
@@ -243,37 +267,44 @@ void GridView::MoveToColumn(int step) {
 
 void GridView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
-    if (m_grid == nullptr)
+    if (m_grid == nullptr) {
         return;
+    }
     if (event->reason() == QContextMenuEvent::Keyboard) {
-        if (currentIndex().isValid())
+        if (currentIndex().isValid()) {
             ShowRowMenu(viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft()));
+        }
         return;
     }
     const GridCell cell = CellAt(event->pos());
-    if (cell.row < 0)
+    if (cell.row < 0) {
         return;
+    }
     SetCurrent(cell);
     ShowRowMenu(event->globalPos());
 }
 
 void GridView::ShowRowMenu(const QPoint& globalPosition) {
     // The menu key may come twice, as a key and as the platform's event.
-    if (m_menu && m_menu->isVisible())
+    if (m_menu && m_menu->isVisible()) {
         return;
+    }
     CGridRow* row = m_grid->GetRow(CurrentCell().row);
-    if (row == nullptr)
+    if (row == nullptr) {
         return;
+    }
     const QPointer<QMenu> menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     m_menu = menu;
     m_grid->FillRowMenu(*row, *menu);
-    if (!menu)
+    if (!menu) {
         return;
-    if (menu->isEmpty())
+    }
+    if (menu->isEmpty()) {
         menu->deleteLater();
-    else
+    } else {
         menu->popup(globalPosition);
+    }
 }
 
 void GridView::focusInEvent(QFocusEvent* event) {
@@ -288,8 +319,9 @@ bool GridView::viewportEvent(QEvent* event) {
         ShowCellTip(help->pos(), help->globalPos());
         return true;
     }
-    if (event->type() == QEvent::Leave)
+    if (event->type() == QEvent::Leave) {
         SetHover({});
+    }
     return QTableView::viewportEvent(event);
 }
 
@@ -304,14 +336,16 @@ void GridView::ShowCellTip(const QPoint& position, const QPoint& globalPosition)
         const QString shown = GridLineText(item->GetText());
         const int room =
             columnWidth(cell.column) - 1 - 2 * kGridCellPadding - (swatch ? GridSwatchWidth() : 0);
-        if (fontMetrics().horizontalAdvance(shown) > room)
+        if (fontMetrics().horizontalAdvance(shown) > room) {
             text = item->GetText();
+        }
     }
-    if (text.isEmpty())
+    if (text.isEmpty()) {
         QToolTip::hideText();
-    else
+    } else {
         QToolTip::showText(globalPosition, PlainTip(text), viewport(),
                            visualRect(m_model->index(cell.row, cell.column)));
+    }
 }
 
 } // namespace toolkit

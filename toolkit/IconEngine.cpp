@@ -44,8 +44,9 @@ QPixmap IconEngine::scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::Sta
                                  qreal scale) {
     Q_UNUSED(state);
     const int side = std::min(size.width(), size.height());
-    if (side <= 0)
+    if (side <= 0) {
         return {};
+    }
     QPixmap& drawn = m_drawn[{side, int(mode), qRound(scale * 100)}];
     if (drawn.isNull()) {
         QByteArray svg = m_svg;

@@ -15,11 +15,13 @@ QIcon Icon(const QString& name) {
     // application, and destructors at exit would come after it.
     static auto& known = *new std::map<QString, QIcon>();
     const auto found = known.find(name);
-    if (found != known.end())
+    if (found != known.end()) {
         return found->second;
+    }
     QFile file(u":/toolkit/icons/%1.svg"_s.arg(name));
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         return {};
+    }
     // A copy of the characters: a literal of a module is gone once the module is unloaded.
     const QString key(name.constData(), name.size());
     return known.emplace(key, QIcon(new IconEngine(file.readAll()))).first->second;

@@ -14,13 +14,15 @@ KXComboBox::KXComboBox(QWidget* parent) : DropCombo(parent) {
     lineEdit()->setClearButtonEnabled(true);
     // The base takes the first entry that ever comes into an empty list for its text.
     connect(model(), &QAbstractItemModel::rowsAboutToBeInserted, this, [this] {
-        if (count() == 0)
+        if (count() == 0) {
             m_textBeforeFill = lineEdit()->text();
+        }
     });
     connect(model(), &QAbstractItemModel::rowsInserted, this,
             [this](const QModelIndex&, int first, int last) {
-                if (last - first + 1 != count())
+                if (last - first + 1 != count()) {
                     return;
+                }
                 setCurrentIndex(-1);
                 setEditText(m_textBeforeFill);
             });

@@ -24,18 +24,21 @@ CKxMemDC::CKxMemDC(const QImage& image)
     : m_bitmap(image), m_rect(QPoint(0, 0), image.deviceIndependentSize().toSize()) {}
 
 CKxMemDC::~CKxMemDC() {
-    if (m_copyOnEnd && m_targetDC != nullptr && !m_rect.isEmpty())
+    if (m_copyOnEnd && m_targetDC != nullptr && !m_rect.isEmpty()) {
         m_targetDC->drawImage(m_rect.topLeft(), Bitmap());
+    }
 }
 
 QPainter& CKxMemDC::Painter() {
-    if (!m_painter.isActive() && m_painter.begin(&m_bitmap) && m_offsetOrigin)
+    if (!m_painter.isActive() && m_painter.begin(&m_bitmap) && m_offsetOrigin) {
         m_painter.translate(-m_rect.topLeft());
+    }
     return m_painter;
 }
 
 const QImage& CKxMemDC::Bitmap() {
-    if (m_painter.isActive())
+    if (m_painter.isActive()) {
         m_painter.end();
+    }
     return m_bitmap;
 }

@@ -33,20 +33,23 @@ const QStringList& ChineseFaces() {
 QStringList InstalledFaces() {
     QStringList installed;
     for (const QString& face : ChineseFaces()) {
-        if (QFontDatabase::hasFamily(face))
+        if (QFontDatabase::hasFamily(face)) {
             installed.append(face);
+        }
     }
     return installed;
 }
 
 /// The faces' usual names, which records and callers bear, lead to what is installed.
 void MapFaceNames(const QStringList& installed) {
-    if (installed.isEmpty())
+    if (installed.isEmpty()) {
         return;
+    }
     for (const QString& name : {u"宋体"_s, u"SimSun"_s, u"NSimSun"_s, u"黑体"_s, u"SimHei"_s,
                                 u"微软雅黑"_s, u"Microsoft YaHei"_s, u"Microsoft YaHei UI"_s}) {
-        if (!QFontDatabase::hasFamily(name))
+        if (!QFontDatabase::hasFamily(name)) {
             QFont::insertSubstitutions(name, installed);
+        }
     }
 }
 
@@ -73,8 +76,9 @@ QPalette LookPalette() {
     palette.setColor(QPalette::Dark, QColor(0x8F, 0xA3, 0xB8));
     palette.setColor(QPalette::Shadow, QColor(0x5B, 0x6B, 0x7C));
     for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText}) {
         palette.setColor(QPalette::Disabled, role, Colors::DisabledText());
+    }
     palette.setColor(QPalette::Disabled, QPalette::Base, Colors::Window());
     return palette;
 }
@@ -82,10 +86,11 @@ QPalette LookPalette() {
 void LoadChineseTexts(QApplication& app) {
     QLocale::setDefault(QLocale(QLocale::Chinese, QLocale::China));
     auto* translator = new QTranslator(&app);
-    if (translator->load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (translator->load(u"qtbase_zh_CN"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
         app.installTranslator(translator);
-    else
+    } else {
         delete translator;
+    }
 }
 
 /// Part of a colour channel in the relative luminance (WCAG 2.1).
@@ -174,8 +179,9 @@ QColor TextOn(const QColor& background) {
 
 QString PlainTip(const QString& text) {
     constexpr int kLongestLine = 40;
-    if (text.size() <= kLongestLine && !Qt::mightBeRichText(text))
+    if (text.size() <= kLongestLine && !Qt::mightBeRichText(text)) {
         return text;
+    }
     // Qt wraps rich text only.
     const QString escaped = text.toHtmlEscaped().replace(u'\n', u"<br/>"_s);
     return u"<span>%1</span>"_s.arg(escaped);
@@ -184,8 +190,9 @@ QString PlainTip(const QString& text) {
 QFont UiFont(int pixelHeight) {
     static const QStringList faces = InstalledFaces();
     QFont font = QGuiApplication::font();
-    if (!faces.isEmpty())
+    if (!faces.isEmpty()) {
         font.setFamilies(faces);
+    }
     font.setPixelSize(std::max(pixelHeight, 1));
     return font;
 }

@@ -42,15 +42,17 @@ QString OwnIcon(QStyle::StandardPixmap picture) {
 
 void DrawCheckBox(const QStyleOption& option, QPainter& painter) {
     QString name = u"checkbox-off"_s;
-    if (option.state.testFlag(QStyle::State_NoChange))
+    if (option.state.testFlag(QStyle::State_NoChange)) {
         name = u"checkbox-mixed"_s;
-    else if (option.state.testFlag(QStyle::State_On))
+    } else if (option.state.testFlag(QStyle::State_On)) {
         name = u"checkbox-on"_s;
+    }
     QIcon::Mode mode = QIcon::Normal;
-    if (!option.state.testFlag(QStyle::State_Enabled))
+    if (!option.state.testFlag(QStyle::State_Enabled)) {
         mode = QIcon::Disabled;
-    else if (option.state.testFlag(QStyle::State_MouseOver))
+    } else if (option.state.testFlag(QStyle::State_MouseOver)) {
         mode = QIcon::Active;
+    }
     QRect area(0, 0, kCheckBoxSide, kCheckBoxSide);
     area.moveCenter(option.rect.center());
     Icon(name).paint(&painter, area, Qt::AlignCenter, mode);
@@ -81,13 +83,15 @@ bool HasKeyboard(const QStyleOption& option) {
 /// The default button is tinted: Fusion's own mark is too faint for this palette.
 QStyleOptionButton ButtonPanel(const QStyleOption& option) {
     QStyleOptionButton panel;
-    if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option))
+    if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(&option)) {
         panel = *button;
-    else
+    } else {
         panel.QStyleOption::operator=(option);
+    }
     const bool enabled = option.state.testFlag(QStyle::State_Enabled);
-    if (enabled && panel.features.testFlag(QStyleOptionButton::DefaultButton))
+    if (enabled && panel.features.testFlag(QStyleOptionButton::DefaultButton)) {
         panel.palette.setColor(QPalette::Button, QColor(0xCF, 0xEA, 0xF7));
+    }
     return panel;
 }
 
@@ -107,21 +111,24 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opti
         const bool isButton = qobject_cast<const QPushButton*>(widget) != nullptr;
         const bool isSelected =
             option->state.testFlag(State_Item) && option->state.testFlag(State_Selected);
-        if (!isButton && !isSelected)
+        if (!isButton && !isSelected) {
             DrawFocusFrame(*option, *painter);
+        }
         return;
     }
     case PE_PanelButtonCommand: {
         const QStyleOptionButton panel = ButtonPanel(*option);
         QProxyStyle::drawPrimitive(element, &panel, painter, widget);
-        if (HasKeyboard(*option))
+        if (HasKeyboard(*option)) {
             DrawFocusFrame(*option, *painter);
+        }
         return;
     }
     case PE_FrameLineEdit:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
-        if (HasKeyboard(*option))
+        if (HasKeyboard(*option)) {
             DrawFocusFrame(*option, *painter);
+        }
         return;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -143,8 +150,9 @@ void LookStyle::drawControl(ControlElement element, const QStyleOption* option, 
 void LookStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                    QPainter* painter, const QWidget* widget) const {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
-    if ((control == CC_ComboBox || control == CC_SpinBox) && HasKeyboard(*option))
+    if ((control == CC_ComboBox || control == CC_SpinBox) && HasKeyboard(*option)) {
         DrawFocusFrame(*option, *painter);
+    }
 }
 
 QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
@@ -154,8 +162,9 @@ QSize LookStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
         // The same line height in every list.
         constexpr int kLinePadding = 8;
         const auto* item = qstyleoption_cast<const QStyleOptionViewItem*>(option);
-        if (item != nullptr)
+        if (item != nullptr) {
             result.setHeight(std::max(result.height(), item->fontMetrics.height() + kLinePadding));
+        }
     }
     if (type == CT_HeaderSection && option != nullptr) {
         constexpr int kHeaderPadding = 10;

@@ -10,10 +10,12 @@
 CMultiPageGrid::CMultiPageGrid() = default;
 
 CMultiPageGrid::~CMultiPageGrid() {
-    if (m_manager != nullptr)
+    if (m_manager != nullptr) {
         m_manager->ForgetGrid(this);
-    if (m_view != nullptr)
+    }
+    if (m_view != nullptr) {
         m_view->Retire();
+    }
 }
 
 bool CMultiPageGrid::HasWindow() const {
@@ -29,39 +31,45 @@ toolkit::WindowId CMultiPageGrid::ParentId() const {
 }
 
 void CMultiPageGrid::CreateView(QWidget* parent) {
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->Retire();
+    }
     m_view = new toolkit::GridView(*this, parent);
     m_view->show();
     OnInitialize();
 }
 
 void CMultiPageGrid::AdjustLayout() {
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->Relayout();
+    }
 }
 
 void CMultiPageGrid::SetFocus() {
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 void CMultiPageGrid::SetMicrosoftYaheiFont(int height) {
     m_fontHeight = height == 0 ? 12 : std::abs(height);
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->ApplyMetrics();
+    }
 }
 
 void CMultiPageGrid::SetRowHeightAdd(int pixels) {
     m_rowHeightAdd = std::max(pixels, 0);
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->ApplyMetrics();
+    }
 }
 
 void CMultiPageGrid::SetEmptyText(const QString& text) {
     m_emptyText = text;
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->viewport()->update();
+    }
 }
 
 std::unique_ptr<CGridRow> CMultiPageGrid::CreateRow(int cells) const {
@@ -69,26 +77,31 @@ std::unique_ptr<CGridRow> CMultiPageGrid::CreateRow(int cells) const {
 }
 
 CGridRow* CMultiPageGrid::AddRow(std::unique_ptr<CGridRow> row) {
-    if (row == nullptr)
+    if (row == nullptr) {
         return nullptr;
+    }
     const int index = GetRowCount();
     CGridRow* added = row.get();
     added->m_grid = this;
     added->m_index = index;
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->Rows().beginInsertRows({}, index, index);
+    }
     m_rows.push_back(std::move(row));
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->Rows().endInsertRows();
+    }
     return added;
 }
 
 void CMultiPageGrid::RemoveAll() {
     m_curSel = -1;
-    if (m_rows.empty())
+    if (m_rows.empty()) {
         return;
-    if (m_view != nullptr)
+    }
+    if (m_view != nullptr) {
         m_view->Rows().beginRemoveRows({}, 0, GetRowCount() - 1);
+    }
     m_rows.clear();
     if (m_view != nullptr) {
         m_view->Rows().endRemoveRows();
@@ -97,8 +110,9 @@ void CMultiPageGrid::RemoveAll() {
 }
 
 CGridRow* CMultiPageGrid::GetRow(int index) const {
-    if (index < 0 || index >= GetRowCount())
+    if (index < 0 || index >= GetRowCount()) {
         return nullptr;
+    }
     return m_rows[size_t(index)].get();
 }
 
@@ -107,11 +121,13 @@ CGridRow* CMultiPageGrid::GetCurSel() const {
 }
 
 void CMultiPageGrid::SetCurSel(int index) {
-    if (index != -1 && GetRow(index) == nullptr)
+    if (index != -1 && GetRow(index) == nullptr) {
         return;
+    }
     m_curSel = index;
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->ShowSelection();
+    }
 }
 
 void CMultiPageGrid::SortRows() {
@@ -119,12 +135,15 @@ void CMultiPageGrid::SortRows() {
     std::stable_sort(m_rows.begin(), m_rows.end(), [this](const auto& first, const auto& second) {
         return CompareRows(*second, *first);
     });
-    for (int index = 0; index < GetRowCount(); ++index)
+    for (int index = 0; index < GetRowCount(); ++index) {
         m_rows[size_t(index)]->m_index = index;
-    if (selected != nullptr)
+    }
+    if (selected != nullptr) {
         SetCurSel(selected->GetRowId());
-    if (m_view != nullptr)
+    }
+    if (m_view != nullptr) {
         m_view->viewport()->update();
+    }
 }
 
 void CMultiPageGrid::DoPage(int page) {
@@ -134,15 +153,19 @@ void CMultiPageGrid::DoPage(int page) {
     const int scroll = m_view != nullptr ? m_view->RowScroll() : 0;
     m_currentPage = wanted;
     OnPreparePage();
-    if (alive.expired())
+    if (alive.expired()) {
         return;
+    }
     OnQueryPage();
-    if (alive.expired())
+    if (alive.expired()) {
         return;
-    if (m_view != nullptr)
+    }
+    if (m_view != nullptr) {
         m_view->OnPageShown(samePage, scroll);
-    if (m_manager != nullptr)
+    }
+    if (m_manager != nullptr) {
         m_manager->UpdateBar();
+    }
 }
 
 void CMultiPageGrid::DoCurrentPage() {
@@ -175,6 +198,7 @@ void CMultiPageGrid::FillRowMenu(CGridRow& row, QMenu& menu) {
 }
 
 void CMultiPageGrid::ItemChanged(const CGridRow& row) {
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->UpdateRow(row.GetRowId());
+    }
 }

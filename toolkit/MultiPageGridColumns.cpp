@@ -4,38 +4,46 @@
 #include "toolkit/MultiPageGrid.h"
 
 CMultiPageGrid::Column* CMultiPageGrid::ColumnAt(int column) const {
-    if (column < 0 || column >= GetColumnCount())
+    if (column < 0 || column >= GetColumnCount()) {
         return nullptr;
+    }
     return m_columns[size_t(column)].get();
 }
 
 void CMultiPageGrid::ColumnChanged() {
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->ScheduleRelayout();
+    }
 }
 
 void CMultiPageGrid::InsertColumn(int index, const QString& caption, int width) {
-    if (index < 0 || index > GetColumnCount())
+    if (index < 0 || index > GetColumnCount()) {
         return;
+    }
     auto column = std::make_unique<Column>();
     column->caption = caption;
     column->width = std::max(width, 0);
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->Rows().beginInsertColumns({}, index, index);
+    }
     m_columns.insert(m_columns.begin() + index, std::move(column));
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->Rows().endInsertColumns();
+    }
     ColumnChanged();
 }
 
 void CMultiPageGrid::DeleteAllColumns() {
-    if (m_columns.empty())
+    if (m_columns.empty()) {
         return;
-    if (m_view != nullptr)
+    }
+    if (m_view != nullptr) {
         m_view->Rows().beginRemoveColumns({}, 0, GetColumnCount() - 1);
+    }
     m_columns.clear();
-    if (m_view != nullptr)
+    if (m_view != nullptr) {
         m_view->Rows().endRemoveColumns();
+    }
     ColumnChanged();
 }
 
@@ -50,8 +58,9 @@ QString CMultiPageGrid::GetColumnCaption(int column) const {
 
 int CMultiPageGrid::GetColumnWidth(int column) const {
     const Column* found = ColumnAt(column);
-    if (found == nullptr)
+    if (found == nullptr) {
         return 0;
+    }
     return found->userWidth >= 0 ? found->userWidth : found->width;
 }
 
@@ -104,8 +113,9 @@ bool CMultiPageGrid::IsColumnVisible(int column) const {
 }
 
 void CMultiPageGrid::SetColumnTip(int column, const QString& tip) {
-    if (Column* found = ColumnAt(column))
+    if (Column* found = ColumnAt(column)) {
         found->tip = tip;
+    }
 }
 
 QString CMultiPageGrid::GetColumnTip(int column) const {
@@ -122,10 +132,12 @@ void CMultiPageGrid::SetColumnStretch(int column, int share) {
 
 int CMultiPageGrid::GetColumnStretch(int column) const {
     const Column* found = ColumnAt(column);
-    if (found == nullptr)
+    if (found == nullptr) {
         return 0;
-    if (found->stretch >= 0)
+    }
+    if (found->stretch >= 0) {
         return found->stretch;
+    }
     return found->align.testFlag(Qt::AlignLeft) && !found->locked ? 1 : 0;
 }
 
@@ -137,8 +149,9 @@ void CMultiPageGrid::SetHeaderImageList(const toolkit::ImageList& images) {
 void CMultiPageGrid::SetHeaderImage(int column, int image) {
     if (Column* found = ColumnAt(column)) {
         found->headerImage = image;
-        if (m_view != nullptr)
+        if (m_view != nullptr) {
             m_view->UpdateHeader(column);
+        }
     }
 }
 
@@ -148,8 +161,9 @@ int CMultiPageGrid::GetHeaderImage(int column) const {
 }
 
 void CMultiPageGrid::SetColumnState(int column, int state) {
-    if (Column* found = ColumnAt(column))
+    if (Column* found = ColumnAt(column)) {
         found->state = state;
+    }
 }
 
 int CMultiPageGrid::GetColumnState(int column) const {

@@ -9,31 +9,37 @@ CMultiPageGridManager::CMultiPageGridManager() = default;
 
 CMultiPageGridManager::~CMultiPageGridManager() {
     SetGrid(nullptr);
-    if (m_bar)
+    if (m_bar) {
         m_bar->Retire();
+    }
 }
 
 void CMultiPageGridManager::SetGrid(CMultiPageGrid* grid) {
-    if (m_grid != nullptr && m_grid->GetManager() == this)
+    if (m_grid != nullptr && m_grid->GetManager() == this) {
         m_grid->SetManager(nullptr);
+    }
     m_grid = grid;
-    if (m_grid != nullptr)
+    if (m_grid != nullptr) {
         m_grid->SetManager(this);
+    }
     UpdateBar();
 }
 
 void CMultiPageGridManager::ForgetGrid(const CMultiPageGrid* grid) {
-    if (m_grid == grid)
+    if (m_grid == grid) {
         m_grid = nullptr;
+    }
 }
 
 void CMultiPageGridManager::Create(QWidget* parent) {
-    if (m_bar)
+    if (m_bar) {
         m_bar->Retire();
+    }
     m_bar.clear();
     // The grid comes first in the Tab order.
-    if (m_grid != nullptr)
+    if (m_grid != nullptr) {
         m_grid->CreateView(parent);
+    }
     m_bar = new toolkit::PagingBar(*this, parent);
     m_bar->show();
     UpdateBar();
@@ -48,13 +54,15 @@ QRect CMultiPageGridManager::GetRect() const {
 }
 
 void CMultiPageGridManager::SetRect(const QRect& rect) {
-    if (m_bar)
+    if (m_bar) {
         m_bar->setGeometry(rect);
+    }
 }
 
 void CMultiPageGridManager::MoveGrid(const QRect& rect) {
-    if (m_grid != nullptr && m_grid->HasWindow())
+    if (m_grid != nullptr && m_grid->HasWindow()) {
         m_grid->Widget()->setGeometry(rect);
+    }
 }
 
 void CMultiPageGridManager::DoFirstPage() {
@@ -62,8 +70,9 @@ void CMultiPageGridManager::DoFirstPage() {
 }
 
 void CMultiPageGridManager::DoPage(int page) {
-    if (m_grid != nullptr)
+    if (m_grid != nullptr) {
         m_grid->DoPage(std::clamp(page, 1, std::max(m_pageCount, 1)));
+    }
 }
 
 void CMultiPageGridManager::SetPageCount(int count) {
@@ -76,6 +85,7 @@ int CMultiPageGridManager::GetCurrentPage() const {
 }
 
 void CMultiPageGridManager::UpdateBar() {
-    if (m_bar)
+    if (m_bar) {
         m_bar->ShowPage(GetCurrentPage(), m_pageCount);
+    }
 }

@@ -23,8 +23,9 @@ namespace {
 template <class Dialog, class Read> void RunOnWindow(Dialog* made, Read read) {
     const QPointer<Dialog> dialog = made;
     const int result = dialog->exec();
-    if (!dialog)
+    if (!dialog) {
         return;
+    }
     read(*dialog, result);
     delete dialog.data();
 }
@@ -37,8 +38,9 @@ int RunBox(WindowId parent, QMessageBox::Icon icon, const QString& text,
     box->setObjectName(u"messageBox"_s);
     box->setTextFormat(Qt::PlainText);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    if (topmost)
+    if (topmost) {
         box->setWindowFlag(Qt::WindowStaysOnTopHint);
+    }
     int answer = 0;
     RunOnWindow(box, [&answer](const QMessageBox& /*box*/, int result) { answer = result; });
     return answer;
@@ -64,8 +66,9 @@ QStringList RunFileDialog(WindowId parent, const FileQuestion& question) {
     dialog->setOptions(question.options);
     QStringList paths;
     RunOnWindow(dialog, [&paths](const QFileDialog& asked, int result) {
-        if (result == QDialog::Accepted)
+        if (result == QDialog::Accepted) {
             paths = asked.selectedFiles();
+        }
     });
     return paths;
 }
@@ -73,8 +76,9 @@ QStringList RunFileDialog(WindowId parent, const FileQuestion& question) {
 } // namespace
 
 QString WithExtension(const QString& path, const QString& extension) {
-    if (path.isEmpty() || extension.isEmpty())
+    if (path.isEmpty() || extension.isEmpty()) {
         return path;
+    }
     const QString wanted = u"."_s + extension;
     return path.endsWith(wanted, Qt::CaseInsensitive) ? path : path + wanted;
 }
@@ -117,11 +121,13 @@ QString NativePrompts::AskSaveFile(const SaveFileRequest& request) {
                                                              QFileDialog::DontConfirmOverwrite})
                                   .value(0);
         const QString path = WithExtension(typed, request.defaultExtension);
-        if (path.isEmpty() || !QFileInfo::exists(path))
+        if (path.isEmpty() || !QFileInfo::exists(path)) {
             return path;
+        }
         if (AskYesNo(request.parent,
-                     u"%1 已存在。\n要替换它吗？"_s.arg(QDir::toNativeSeparators(path))))
+                     u"%1 已存在。\n要替换它吗？"_s.arg(QDir::toNativeSeparators(path)))) {
             return path;
+        }
         proposed = path;
     }
     return {};
@@ -152,8 +158,9 @@ void NativePrompts::RevealFile(const QString& path) {
         {u"--session"_s, u"--print-reply"_s, u"--reply-timeout=2000"_s,
          u"--dest=org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
          u"org.freedesktop.FileManager1.ShowItems"_s, u"array:string:"_s + uri, u"string:"_s});
-    if (exitCode != 0)
+    if (exitCode != 0) {
         OpenFolder(QFileInfo(path).absolutePath());
+    }
 #endif
 }
 

@@ -18,8 +18,9 @@ NoticeSink SetNoticeSink(NoticeSink sink) {
 }
 
 void ShowNotice(const QString& text) {
-    if (Sink())
+    if (Sink()) {
         Sink()(text);
+    }
 }
 
 } // namespace toolkit

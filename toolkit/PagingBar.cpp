@@ -75,8 +75,9 @@ void PagingBar::AddShortcut(const QString& keys, QToolButton* button) {
     shortcut->setAutoRepeat(true);
     // Not click(): a key must not move the keyboard to the button.
     connect(shortcut, &QShortcut::activated, button, [button] {
-        if (button->isEnabled())
+        if (button->isEnabled()) {
             emit button->clicked();
+        }
     });
 }
 
@@ -90,8 +91,9 @@ void PagingBar::ShowPage(int page, int count) {
     const bool samePage = page == m_page;
     m_page = page;
     m_count = std::max(count, 0);
-    if (!(samePage && m_box->hasFocus() && m_box->isModified()))
+    if (!(samePage && m_box->hasFocus() && m_box->isModified())) {
         ShowNumber();
+    }
     m_total->setText(u"/ %1 页"_s.arg(m_count));
     m_box->setEnabled(m_count > 0);
     EnableButton(m_first, m_count > 0 && m_page > 1);
@@ -102,21 +104,24 @@ void PagingBar::ShowPage(int page, int count) {
 
 void PagingBar::ShowNumber() {
     m_box->setText(QString::number(m_count == 0 ? 0 : m_page));
-    if (m_box->hasFocus())
+    if (m_box->hasFocus()) {
         m_box->selectAll();
+    }
 }
 
 void PagingBar::EnableButton(QToolButton* button, bool enabled) {
     // Else the keyboard would wander off to whatever comes next in the window.
     const bool hadFocus = button->hasFocus();
     button->setEnabled(enabled);
-    if (hadFocus && !enabled && m_box->isEnabled())
+    if (hadFocus && !enabled && m_box->isEnabled()) {
         m_box->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 void PagingBar::Go(int page) {
-    if (m_manager != nullptr)
+    if (m_manager != nullptr) {
         m_manager->DoPage(page);
+    }
 }
 
 void PagingBar::GoToTyped() {
@@ -127,13 +132,15 @@ void PagingBar::GoToTyped() {
     const int wanted = isNumber ? std::clamp(page, 1, std::max(m_count, 1)) : m_page;
     m_box->setText(QString::number(wanted));
     m_box->selectAll();
-    if (isNumber)
+    if (isNumber) {
         Go(wanted);
+    }
 }
 
 bool PagingBar::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != m_box)
+    if (watched != m_box) {
         return QWidget::eventFilter(watched, event);
+    }
     if (event->type() == QEvent::FocusOut && m_box->isModified()) {
         ShowNumber();
         m_box->setModified(false);

@@ -56,8 +56,9 @@ QByteArray PcmConverter::Convert(std::span<const qint16> samples) {
 }
 
 void PcmConverter::Append(QByteArray& out, double value) const {
-    for (int channel = 0; channel < m_target.channels; ++channel)
+    for (int channel = 0; channel < m_target.channels; ++channel) {
         AppendSample(out, m_target.sample, value);
+    }
 }
 
 } // namespace toolkit

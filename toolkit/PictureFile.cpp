@@ -47,10 +47,12 @@ std::atomic<QLoggingCategory::CategoryFilter> filterBefore{nullptr};
 /// What a decoder says of a damaged file, or of one whose reading was given up, the user is told on
 /// the screen.
 void SilenceDecoders(QLoggingCategory* category) {
-    if (const QLoggingCategory::CategoryFilter before = filterBefore.load())
+    if (const QLoggingCategory::CategoryFilter before = filterBefore.load()) {
         before(category);
-    if (QByteArrayView(category->categoryName()).startsWith("qt.gui.imageio"))
+    }
+    if (QByteArrayView(category->categoryName()).startsWith("qt.gui.imageio")) {
         category->setEnabled(QtWarningMsg, false);
+    }
 }
 
 /// Opens a reader on a file. False: no picture of a known kind.
@@ -60,8 +62,9 @@ bool Open(QImageReader& reader, QFile& file) {
         QImageReader::setAllocationLimit(kAllocationLimitMb);
         filterBefore = QLoggingCategory::installFilter(SilenceDecoders);
     });
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly)) {
         return false;
+    }
     reader.setDecideFormatFromContent(true);
     reader.setAutoTransform(true);
     reader.setDevice(&file);
@@ -76,8 +79,9 @@ bool IsTurned(const QImageReader& reader) {
 QSize RawSize(const QImageReader& reader) {
     const QSize size = reader.size();
     const qint64 pixels = qint64(size.width()) * size.height();
-    if (size.isEmpty() || (pixels > kMostPlainPixels && !ReducesWhileReading(reader)))
+    if (size.isEmpty() || (pixels > kMostPlainPixels && !ReducesWhileReading(reader))) {
         return {};
+    }
     return size;
 }
 
@@ -88,12 +92,15 @@ QSize Turned(const QSize& size, bool turned) {
 /// From a rectangle of the upright picture to the same one as it stands in the file.
 QRect ToRaw(const QRect& upright, const QSize& raw, QImageIOHandler::Transformations turn) {
     QTransform toUpright;
-    if (turn & QImageIOHandler::TransformationMirror)
+    if (turn & QImageIOHandler::TransformationMirror) {
         toUpright *= QTransform(-1, 0, 0, 1, raw.width(), 0);
-    if (turn & QImageIOHandler::TransformationFlip)
+    }
+    if (turn & QImageIOHandler::TransformationFlip) {
         toUpright *= QTransform(1, 0, 0, -1, 0, raw.height());
-    if (turn & QImageIOHandler::TransformationRotate90)
+    }
+    if (turn & QImageIOHandler::TransformationRotate90) {
         toUpright *= QTransform(0, 1, -1, 0, raw.height(), 0);
+    }
     return toUpright.inverted().mapRect(QRectF(upright)).toRect();
 }
 
@@ -108,17 +115,19 @@ Plan MakePlan(const PictureRequest& request, const QSize& upright, const QImageR
     const bool turned = IsTurned(reader);
     const QRect whole(QPoint(0, 0), upright);
     const QRect part = request.part.isEmpty() ? whole : request.part & whole;
-    if (part == whole || part.isEmpty())
+    if (part == whole || part.isEmpty()) {
         return {Turned(request.size, turned), {}, {}};
+    }
     const double x = double(request.size.width()) / part.width();
     const double y = double(request.size.height()) / part.height();
     const double scaledWidth = upright.width() * x;
     const double scaledHeight = upright.height() * y;
     // Either the whole is scaled and cut, or the part is cut and scaled.
-    if (scaledWidth * scaledHeight > double(part.width()) * part.height())
+    if (scaledWidth * scaledHeight > double(part.width()) * part.height()) {
         return {Turned(request.size, turned),
                 ToRaw(part, Turned(upright, turned), reader.transformation()),
                 {}};
+    }
     const QSize scaled = QSizeF(scaledWidth, scaledHeight).toSize().expandedTo(request.size);
     const QPoint corner(qMin(qRound(part.x() * x), scaled.width() - request.size.width()),
                         qMin(qRound(part.y() * y), scaled.height() - request.size.height()));
@@ -126,10 +135,12 @@ Plan MakePlan(const PictureRequest& request, const QSize& upright, const QImageR
 }
 
 QImage OnBackground(const QImage& image, const QColor& background) {
-    if (image.isNull() || image.format() == QImage::Format_RGB32)
+    if (image.isNull() || image.format() == QImage::Format_RGB32) {
         return image;
-    if (!image.hasAlphaChannel())
+    }
+    if (!image.hasAlphaChannel()) {
         return image.convertToFormat(QImage::Format_RGB32);
+    }
     QImage opaque(image.size(), QImage::Format_RGB32);
     opaque.fill(background);
     QPainter(&opaque).drawImage(0, 0, image);
@@ -147,14 +158,17 @@ QSize ReadPictureSize(const QString& path) {
 QImage DecodePicture(const PictureRequest& request, const std::atomic<bool>* stop) {
     StoppableFile file(request.path, stop);
     QImageReader reader;
-    if (request.size.isEmpty() || !Open(reader, file))
+    if (request.size.isEmpty() || !Open(reader, file)) {
         return {};
+    }
     const QSize raw = RawSize(reader);
-    if (raw.isEmpty())
+    if (raw.isEmpty()) {
         return {};
+    }
     const Plan plan = MakePlan(request, Turned(raw, IsTurned(reader)), reader);
-    if (!plan.clip.isEmpty())
+    if (!plan.clip.isEmpty()) {
         reader.setClipRect(plan.clip);
+    }
     reader.setScaledSize(plan.scaled);
     const QImage image = OnBackground(reader.read(), request.background);
     QImage result = plan.cut.isEmpty() || image.isNull() ? image : image.copy(plan.cut);
@@ -166,8 +180,9 @@ QImage DecodePicture(const PictureRequest& request, const std::atomic<bool>* sto
 QImage DecodeWholePicture(const QString& path) {
     QFile file(path);
     QImageReader reader;
-    if (!Open(reader, file) || RawSize(reader).isEmpty())
+    if (!Open(reader, file) || RawSize(reader).isEmpty()) {
         return {};
+    }
     return reader.read();
 }
 

@@ -22,8 +22,9 @@ int Rounded(double value) {
 } // namespace
 
 QRect FitRectToParent(const QRect& parent, const QSize& image) {
-    if (parent.isEmpty() || image.isEmpty())
+    if (parent.isEmpty() || image.isEmpty()) {
         return {};
+    }
     const double scale =
         std::min(double(parent.width()) / image.width(), double(parent.height()) / image.height());
     return Centred(parent, {std::max(kLeastSide, Rounded(image.width() * scale)),
@@ -31,8 +32,9 @@ QRect FitRectToParent(const QRect& parent, const QSize& image) {
 }
 
 QRect RectToCoverParent(const QRect& target, const QSize& image) {
-    if (target.isEmpty() || image.isEmpty())
+    if (target.isEmpty() || image.isEmpty()) {
         return {};
+    }
     const double scale =
         std::max(double(target.width()) / image.width(), double(target.height()) / image.height());
     const QSize part(std::clamp(Rounded(target.width() / scale), 1, image.width()),

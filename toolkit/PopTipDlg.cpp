@@ -27,10 +27,11 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() == Qt::Key_Escape)
+        if (event->key() == Qt::Key_Escape) {
             event->ignore();
-        else
+        } else {
             QDialog::keyPressEvent(event);
+        }
     }
 };
 
@@ -44,8 +45,9 @@ public:
     [[nodiscard]] bool HasCome() const { return m_come; }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Hide && !event->spontaneous())
+        if (event->type() == QEvent::Hide && !event->spontaneous()) {
             Leave();
+        }
         return QObject::eventFilter(watched, event);
     }
 
@@ -66,8 +68,9 @@ void CPopTipDlg::PopTip(QWidget* control, const QString& text, bool focus) {
         KXTools::ShowMsgBox(Id(), text);
         return;
     }
-    if (focus)
+    if (focus) {
         control->setFocus(Qt::OtherFocusReason);
+    }
     toolkit::BalloonTip::ShowAt(control, text);
 }
 
@@ -81,13 +84,15 @@ void CPopTipDlg::ShowMsg(const QString& text, QWidget* control) {
 }
 
 DialogResult CPopTipDlg::DoModal(toolkit::WindowId parent) {
-    if (HasWindow())
+    if (HasWindow()) {
         return DialogResult::Cancelled;
+    }
     m_result = DialogResult::Cancelled;
     Create(parent);
     // A fault while it opened may have been answered by closing it.
-    if (!HasWindow())
+    if (!HasWindow()) {
         return m_result;
+    }
     QWidget* window = Widget();
     window->setWindowModality(Qt::ApplicationModal);
     window->setWindowFlag(Qt::WindowMinimizeButtonHint, false);
@@ -95,8 +100,9 @@ DialogResult CPopTipDlg::DoModal(toolkit::WindowId parent) {
     const LoopEnd end(loop, window);
     ShowRestored();
     BringToForeground();
-    if (!end.HasCome())
+    if (!end.HasCome()) {
         loop.exec(QEventLoop::DialogExec);
+    }
     // The loop also ends with the program.
     Destroy();
     return m_result;

@@ -20,8 +20,9 @@ struct Entry {
 
 Entry EntryOf(const QComboBox& box, int index) {
     Entry entry{box.itemText(index), 0};
-    for (int at = 0; at < index; ++at)
+    for (int at = 0; at < index; ++at) {
         entry.number += box.itemText(at) == entry.text ? 1 : 0;
+    }
     return entry;
 }
 
@@ -29,17 +30,17 @@ Entry EntryOf(const QComboBox& box, int index) {
 /// an event ends in a choice, and what code changes comes before it.
 class SelectionWatch final : public QObject {
 public:
-    explicit SelectionWatch(QComboBox* watchedBox) : QObject(watchedBox), box(watchedBox) {
+    explicit SelectionWatch(QComboBox* watchedBox) : QObject(watchedBox), m_box(watchedBox) {
         // The list's own filter, which ends in a choice, was installed earlier and so runs later.
-        box->installEventFilter(this);
-        box->view()->installEventFilter(this);
-        box->view()->viewport()->installEventFilter(this);
+        m_box->installEventFilter(this);
+        m_box->view()->installEventFilter(this);
+        m_box->view()->viewport()->installEventFilter(this);
     }
 
     /// Whether this choice differs from what was chosen before.
     bool TakeChoice(int index) {
-        const Entry chosen = EntryOf(*box, index);
-        return std::exchange(before, chosen) != chosen;
+        const Entry chosen = EntryOf(*m_box, index);
+        return std::exchange(m_before, chosen) != chosen;
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
@@ -48,7 +49,7 @@ public:
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonRelease:
         case QEvent::Wheel:
-            before = EntryOf(*box, box->currentIndex());
+            m_before = EntryOf(*m_box, m_box->currentIndex());
             break;
         default:
             break;
@@ -57,8 +58,8 @@ public:
     }
 
 private:
-    QComboBox* box;
-    Entry before = EntryOf(*box, box->currentIndex());
+    QComboBox* m_box;
+    Entry m_before = EntryOf(*m_box, m_box->currentIndex());
 };
 
 } // namespace
@@ -68,8 +69,9 @@ void ConnectSelectionChange(QComboBox* box, QObject* context,
     auto* watch = new SelectionWatch(box);
     QObject::connect(box, &QComboBox::activated, context,
                      [watch, changed = std::move(changed)](int index) {
-                         if (watch->TakeChoice(index))
+                         if (watch->TakeChoice(index)) {
                              changed(index);
+                         }
                      });
 }
 

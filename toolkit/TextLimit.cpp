@@ -20,13 +20,15 @@ int LengthOf(const QTextDocument& document) {
 /// has set leaves the cursor at its start and loses its end.
 void Shorten(QPlainTextEdit& box, int most) {
     const int excess = LengthOf(*box.document()) - most;
-    if (excess <= 0)
+    if (excess <= 0) {
         return;
+    }
     QTextCursor cursor = box.textCursor();
     const int end = cursor.position() >= excess ? cursor.position() : LengthOf(*box.document());
     int begin = end - excess;
-    if (box.document()->characterAt(begin).isLowSurrogate())
+    if (box.document()->characterAt(begin).isLowSurrogate()) {
         --begin;
+    }
     cursor.setPosition(begin);
     cursor.setPosition(end, QTextCursor::KeepAnchor);
     // One step of undo takes both back.

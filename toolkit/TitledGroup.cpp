@@ -19,8 +19,9 @@ void CTitledGroup::paintEvent(QPaintEvent* event) {
                       fontMetrics().height());
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    if (!title().isEmpty())
+    if (!title().isEmpty()) {
         painter.setClipRegion(QRegion(rect()) - place);
+    }
     painter.setPen(toolkit::Colors::Frame());
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, place.height() / 2 + 0.5, -0.5, -0.5),
                             kCorner, kCorner);

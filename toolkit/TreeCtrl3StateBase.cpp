@@ -34,14 +34,16 @@ QTreeWidgetItem* CTreeCtrl3StateBase::InsertItem(const QString& text, QTreeWidge
     auto* item = new QTreeWidgetItem(QStringList(text));
     item->setFlags(kItemFlags);
     item->setCheckState(0, state == kChecked ? Qt::Checked : Qt::Unchecked);
-    if (itemData != nullptr)
+    if (itemData != nullptr) {
         SetItemData(*item, itemData);
+    }
     if (parent == nullptr) {
         addTopLevelItem(item);
         return item;
     }
-    if (!parent->flags().testFlag(Qt::ItemIsAutoTristate))
+    if (!parent->flags().testFlag(Qt::ItemIsAutoTristate)) {
         parent->setFlags(kItemFlags | Qt::ItemIsAutoTristate);
+    }
     parent->addChild(item);
     return item;
 }
@@ -55,8 +57,9 @@ const void* CTreeCtrl3StateBase::GetItemData(const QTreeWidgetItem& item) {
 }
 
 void CTreeCtrl3StateBase::Set3StateCheck(QTreeWidgetItem& item, CheckState state) {
-    if (state != kMixed)
+    if (state != kMixed) {
         item.setCheckState(0, state == kChecked ? Qt::Checked : Qt::Unchecked);
+    }
 }
 
 CTreeCtrl3StateBase::CheckState CTreeCtrl3StateBase::Get3StateCheck(const QTreeWidgetItem& item) {
@@ -73,25 +76,29 @@ CTreeCtrl3StateBase::CheckState CTreeCtrl3StateBase::Get3StateCheck(const QTreeW
 std::vector<QTreeWidgetItem*> CTreeCtrl3StateBase::ChildrenOf(const QTreeWidgetItem& item) {
     std::vector<QTreeWidgetItem*> children;
     children.reserve(size_t(item.childCount()));
-    for (int i = 0; i < item.childCount(); ++i)
+    for (int i = 0; i < item.childCount(); ++i) {
         children.push_back(item.child(i));
+    }
     return children;
 }
 
 QString CTreeCtrl3StateBase::ElidedTextAt(const QPoint& place) const {
     const QModelIndex index = indexAt(place);
-    if (!index.isValid() || visualRect(index).width() >= sizeHintForIndex(index).width())
+    if (!index.isValid() || visualRect(index).width() >= sizeHintForIndex(index).width()) {
         return {};
+    }
     return index.data().toString();
 }
 
 bool CTreeCtrl3StateBase::viewportEvent(QEvent* event) {
-    if (event->type() != QEvent::ToolTip)
+    if (event->type() != QEvent::ToolTip) {
         return QTreeWidget::viewportEvent(event);
+    }
     const auto* help = static_cast<QHelpEvent*>(event);
     const QString text = ElidedTextAt(help->pos());
-    if (text.isEmpty())
+    if (text.isEmpty()) {
         return QTreeWidget::viewportEvent(event);
+    }
     QToolTip::showText(help->globalPos(), toolkit::PlainTip(text), viewport());
     return true;
 }

@@ -24,8 +24,9 @@ void DecodeBlock(AmrReader& file, IAmrDecoder& decoder, std::vector<qint16>& blo
     block.clear();
     for (int i = 0; i < kBlockFrames; ++i) {
         const auto frame = file.Next();
-        if (frame.empty())
+        if (frame.empty()) {
             return;
+        }
         const auto samples = decoder.Decode(frame);
         block.insert(block.end(), samples.begin(), samples.end());
     }
@@ -41,15 +42,18 @@ void PlayFile(const QString& path, std::unique_ptr<IAudioOutput> output,
               const std::stop_token& stop) {
     AmrReader file(path);
     const std::unique_ptr<IAmrDecoder> decoder = toolkit::MakeAmrDecoder(file.Band());
-    if (!decoder)
+    if (!decoder) {
         return;
-    if (!output || !output->Open(decoder->Rate(), stop))
+    }
+    if (!output || !output->Open(decoder->Rate(), stop)) {
         output = Silence(decoder->Rate());
+    }
     std::vector<qint16> block;
     for (DecodeBlock(file, *decoder, block); !block.empty() && !stop.stop_requested();
          DecodeBlock(file, *decoder, block)) {
-        if (!output->Write(block, stop))
+        if (!output->Write(block, stop)) {
             output = Silence(decoder->Rate());
+        }
     }
     output->Drain(stop);
 }
@@ -72,8 +76,9 @@ void WavePlayer::Play(const QString& path, quint32& lengthMs) {
         path.isEmpty()
             ? 0
             : quint32(std::min(AmrReader(path).CountRest() * toolkit::kAmrFrameMs, kLongest));
-    if (lengthMs == 0)
+    if (lengthMs == 0) {
         return;
+    }
     m_playback = std::make_unique<Playback>();
     Playback& playback = *m_playback;
     try {

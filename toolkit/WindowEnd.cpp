@@ -11,8 +11,9 @@ namespace {
 
 /// A dialog or a window of its own, not the list of a combo or a calendar.
 bool IsOwnWindow(const QObject& object) {
-    if (!object.isWidgetType())
+    if (!object.isWidgetType()) {
         return false;
+    }
     const auto& widget = static_cast<const QWidget&>(object);
     return widget.isWindow() &&
            (widget.windowType() == Qt::Window || widget.windowType() == Qt::Dialog);
@@ -26,15 +27,19 @@ bool IsModel(const QObject& object) {
 
 void SilenceAll(QObject& object, const QObject& window) {
     // Who waits for the end of the window itself is told of it even so.
-    if (&object != &window)
+    if (&object != &window) {
         QObject::disconnect(&object, nullptr, &window, nullptr);
-    if (!IsModel(object))
+    }
+    if (!IsModel(object)) {
         object.blockSignals(true);
+    }
     // Queued calls: a context that is about to go doesn't keep them back.
     QCoreApplication::removePostedEvents(&object, QEvent::MetaCall);
-    for (QObject* child : object.children())
-        if (!IsOwnWindow(*child))
+    for (QObject* child : object.children()) {
+        if (!IsOwnWindow(*child)) {
             SilenceAll(*child, window);
+        }
+    }
 }
 
 } // namespace

@@ -44,16 +44,18 @@ private:
 WindowObject::WindowObject() = default;
 
 WindowObject::~WindowObject() {
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     // The subclass is gone already, so OnDestroyed stays uncalled.
     SilenceControls(*m_widget);
     LetGo();
 }
 
 bool WindowObject::Create(WindowId parent) {
-    if (HasWindow())
+    if (HasWindow()) {
         return false;
+    }
     m_widget = MakeWindow(WidgetOf(parent));
     m_id = RegisterWindow(m_widget, [this](const WindowEvent& event) { return OnEvent(event); });
     m_watcher = std::make_unique<Watcher>(*this, m_widget);
@@ -62,8 +64,9 @@ bool WindowObject::Create(WindowId parent) {
 }
 
 void WindowObject::Destroy() {
-    if (!HasWindow() || m_ending)
+    if (!HasWindow() || m_ending) {
         return;
+    }
     m_ending = true;
     // Hiding takes the keyboard from a control, which then commits what was typed: its handlers
     // would find the subclass without what OnDestroyed has ended.
@@ -75,8 +78,9 @@ void WindowObject::Destroy() {
 
 void WindowObject::EndByQt() {
     // Whoever destroys the window in OnDestroyed ends it once all the same.
-    if (m_ending)
+    if (m_ending) {
         return;
+    }
     Release();
     OnDestroyed();
 }
@@ -84,8 +88,9 @@ void WindowObject::EndByQt() {
 void WindowObject::LetGo() {
     const QPointer<QWidget> widget = m_widget;
     Release();
-    if (!widget)
+    if (!widget) {
         return;
+    }
     widget->hide();
     widget->deleteLater();
 }
@@ -111,8 +116,9 @@ void WindowObject::Release() {
 }
 
 void WindowObject::ShowRestored() {
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     const Qt::WindowStates state = m_widget->windowState();
     // One step back, as a window manager's restore: minimised first.
     const Qt::WindowState undone =
@@ -122,25 +128,29 @@ void WindowObject::ShowRestored() {
 }
 
 void WindowObject::BringToForeground() {
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     m_widget->raise();
     m_widget->activateWindow();
 }
 
 void WindowObject::Minimise() {
-    if (HasWindow())
+    if (HasWindow()) {
         MinimiseWindow(*m_widget);
+    }
 }
 
 void WindowObject::Hide() {
-    if (HasWindow())
+    if (HasWindow()) {
         m_widget->hide();
+    }
 }
 
 void WindowObject::SetTimer(int timerId, int milliseconds) {
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     std::unique_ptr<QTimer>& timer = m_timers[timerId];
     if (!timer) {
         timer = std::make_unique<QTimer>();
@@ -152,8 +162,9 @@ void WindowObject::SetTimer(int timerId, int milliseconds) {
 
 void WindowObject::KillTimer(int timerId) {
     const auto found = m_timers.find(timerId);
-    if (found == m_timers.end())
+    if (found == m_timers.end()) {
         return;
+    }
     found->second->stop();
 }
 

@@ -51,8 +51,9 @@ public:
             window->setProperty(kSeen, true);
             // A dialog seeks its place after this event, and not if it has been moved before.
             if (window->windowType() == Qt::Dialog && !window->testAttribute(Qt::WA_Moved) &&
-                !FillsScreen(*window))
+                !FillsScreen(*window)) {
                 CentreWindow(*window);
+            }
             KeepOnScreen(*window);
         }
         return QObject::eventFilter(watched, event);
@@ -80,8 +81,9 @@ void ResizeWithinScreen(QWidget& window, const QSize& wanted) {
 void ScrollIfTooLarge(QWidget& form) {
     const QSize needed = form.minimumSizeHint().expandedTo(form.minimumSize());
     const QSize room = Room(form);
-    if (form.layout() == nullptr || needed == needed.boundedTo(room))
+    if (form.layout() == nullptr || needed == needed.boundedTo(room)) {
         return;
+    }
     auto* area = new QScrollArea(&form);
     auto* page = new QWidget(area);
     page->setMinimumSize(form.minimumSize());
@@ -106,13 +108,15 @@ void CentreWindow(QWidget& window) {
 }
 
 void KeepOnScreen(QWidget& window) {
-    if (FillsScreen(window))
+    if (FillsScreen(window)) {
         return;
+    }
     const QRect before = window.geometry();
     QRect place(before.topLeft(), before.size().boundedTo(Room(window)));
     place = Within(place, RoomPlace(window));
-    if (place != before)
+    if (place != before) {
         window.setGeometry(place);
+    }
 }
 
 void MinimiseWindow(QWidget& window) {

@@ -38,8 +38,9 @@ public:
             wake = m_queue.empty();
             m_queue.push_back(std::move(posted));
         }
-        if (wake)
+        if (wake) {
             QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+        }
     }
 
     void Deliver() {
@@ -48,13 +49,15 @@ public:
             const std::lock_guard lock(m_lock);
             batch.swap(m_queue);
         }
-        for (PostedEvent& posted : batch)
+        for (PostedEvent& posted : batch) {
             DeliverOne(posted);
+        }
     }
 
     bool event(QEvent* event) override {
-        if (event->type() != QEvent::User)
+        if (event->type() != QEvent::User) {
             return QObject::event(event);
+        }
         Deliver();
         return true;
     }
@@ -82,8 +85,9 @@ Registry& TheRegistry() {
 Dispatcher& TheDispatcher() {
     static auto* dispatcher = [] {
         auto* made = new Dispatcher;
-        if (QCoreApplication::instance() != nullptr)
+        if (QCoreApplication::instance() != nullptr) {
             made->moveToThread(QCoreApplication::instance()->thread());
+        }
         return made;
     }();
     return *dispatcher;
@@ -96,18 +100,21 @@ std::uint32_t SlotIndex(WindowId id) {
 Slot* FindSlot(WindowId id) {
     Registry& registry = TheRegistry();
     const std::uint32_t index = SlotIndex(id);
-    if (id == kNoWindow || index >= registry.entries.size())
+    if (id == kNoWindow || index >= registry.entries.size()) {
         return nullptr;
+    }
     Slot& slot = registry.entries[index];
-    if (slot.generation != std::uint32_t(id >> 32U) || slot.widget == nullptr)
+    if (slot.generation != std::uint32_t(id >> 32U) || slot.widget == nullptr) {
         return nullptr;
+    }
     return &slot;
 }
 
 void Dispatcher::DeliverOne(PostedEvent& posted) {
     Slot* slot = FindSlot(posted.target);
-    if (slot == nullptr)
+    if (slot == nullptr) {
         return;
+    }
     // A copy, since the handler may end its own window.
     const EventHandler handler = slot->handler;
     posted.event.payload = posted.payload.get();
@@ -140,16 +147,18 @@ WindowId RegisterWindow(QWidget* widget, EventHandler handler) {
 
 void UnregisterWindow(WindowId id) {
     Slot* slot = FindSlot(id);
-    if (slot == nullptr)
+    if (slot == nullptr) {
         return;
+    }
     Registry& registry = TheRegistry();
     QObject::disconnect(slot->onDestroyed);
     registry.ids.remove(slot->widget);
     slot->widget = nullptr;
     slot->handler = nullptr;
     registry.freeEntries.push_back(SlotIndex(id));
-    if (registry.mainWindow == id)
+    if (registry.mainWindow == id) {
         registry.mainWindow = kNoWindow;
+    }
 }
 
 QWidget* WidgetOf(WindowId id) {
@@ -161,16 +170,18 @@ WindowId WindowOf(const QWidget* widget) {
     const Registry& registry = TheRegistry();
     for (; widget != nullptr; widget = widget->parentWidget()) {
         const auto found = registry.ids.constFind(widget);
-        if (found != registry.ids.constEnd())
+        if (found != registry.ids.constEnd()) {
             return *found;
+        }
     }
     return kNoWindow;
 }
 
 qintptr SendWindowEvent(WindowId id, int number, quintptr first, quintptr second) {
     const Slot* slot = FindSlot(id);
-    if (slot == nullptr)
+    if (slot == nullptr) {
         return 0;
+    }
     const EventHandler handler = slot->handler;
     return handler(WindowEvent{number, first, second, nullptr});
 }

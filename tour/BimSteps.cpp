@@ -39,8 +39,9 @@ bool ClickSearch() {
 QString KeywordOfPage() {
     for (int row = 0; row < ConsoleRows(); ++row) {
         const QString text = ConsoleText(row, u"描述"_s);
-        if (text.size() >= 2)
+        if (text.size() >= 2) {
             return text.left(2);
+        }
     }
     return {};
 }

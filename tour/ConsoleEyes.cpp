@@ -40,12 +40,14 @@ int ConsoleRows() {
 
 int ConsoleColumn(const QString& caption) {
     const auto* grid = qobject_cast<QTableView*>(ConsoleGrid());
-    if (grid == nullptr)
+    if (grid == nullptr) {
         return -1;
+    }
     for (int column = 0; column < grid->model()->columnCount(); ++column) {
         const QString text = grid->model()->headerData(column, Qt::Horizontal).toString();
-        if (text == caption && !grid->isColumnHidden(column))
+        if (text == caption && !grid->isColumnHidden(column)) {
             return column;
+        }
     }
     return -1;
 }
@@ -59,8 +61,9 @@ bool ConsoleColumnSorted(const QString& caption, bool ascending) {
     for (int row = 1; row < ConsoleRows(); ++row) {
         const QString above = ConsoleText(row - 1, caption);
         const QString below = ConsoleText(row, caption);
-        if (ascending ? above > below : above < below)
+        if (ascending ? above > below : above < below) {
             return false;
+        }
     }
     return ConsoleRows() > 0;
 }
@@ -76,8 +79,9 @@ int ConsoleCheckedRows() {
 
 int ConsoleRowsWith(const QString& caption, const QString& text) {
     int found = 0;
-    for (int row = 0; row < ConsoleRows(); ++row)
+    for (int row = 0; row < ConsoleRows(); ++row) {
         found += ConsoleText(row, caption) == text ? 1 : 0;
+    }
     return found;
 }
 
@@ -87,8 +91,9 @@ int ConsolePage() {
 
 int ConsoleRowWithPlace() {
     for (int row = 0; row < ConsoleRows(); ++row) {
-        if (!ConsoleText(row, u"位置"_s).isEmpty() && ConsoleText(row, u"状态"_s) == u"显示"_s)
+        if (!ConsoleText(row, u"位置"_s).isEmpty() && ConsoleText(row, u"状态"_s) == u"显示"_s) {
             return row;
+        }
     }
     return -1;
 }
@@ -96,8 +101,9 @@ int ConsoleRowWithPlace() {
 bool ClickConsoleHeader(const QString& caption) {
     const auto* grid = qobject_cast<QTableView*>(ConsoleGrid());
     const int column = ConsoleColumn(caption);
-    if (grid == nullptr || column < 0)
+    if (grid == nullptr || column < 0) {
         return false;
+    }
     QHeaderView* header = grid->horizontalHeader();
     const int middle = header->sectionViewportPosition(column) + header->sectionSize(column) / 2;
     return ClickAt(header->viewport(), QPoint(middle, header->height() / 2));

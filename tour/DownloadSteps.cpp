@@ -26,8 +26,9 @@ const QString kFolderQuestion = u"请选择文件存放的路径"_s;
 /// What the transfers of the walk are like from now on.
 bool SetSlow(bool slow) {
     host::HostSession* session = host::HostSession::Current();
-    if (session != nullptr)
+    if (session != nullptr) {
         session->SetTransfers({slow ? kSlowMs : 0});
+    }
     return session != nullptr;
 }
 
@@ -46,16 +47,18 @@ int FilesIn(const QString& folder) {
 
 /// One more row with each call. True once enough of them are ticked.
 bool TickRows() {
-    if (ConsoleCheckedRows() < kPhotos)
+    if (ConsoleCheckedRows() < kPhotos) {
         ClickConsoleCheck(kFirstRow + ConsoleCheckedRows());
+    }
     return ConsoleCheckedRows() >= kPhotos;
 }
 
 /// True once the dialog is gone: the first click may only shut its list of proposals.
 bool AcceptFolder() {
     const auto* buttons = Find<QDialogButtonBox>(kFolderQuestion, u"buttonBox"_s);
-    if (buttons == nullptr)
+    if (buttons == nullptr) {
         return FindWindow(kFolderQuestion) == nullptr;
+    }
     Click(buttons->button(QDialogButtonBox::Open));
     return false;
 }
@@ -99,8 +102,9 @@ void WriteBatch(TourScript& script, const QString& folder) {
 void WriteGallery(TourScript& script, const QString& photos, const QString& pictures) {
     static QProcess* program = nullptr;
     const QString path = QDir(QCoreApplication::applicationDirPath()).filePath(u"gallery_site"_s);
-    if (!QFileInfo::exists(path))
+    if (!QFileInfo::exists(path)) {
         return;
+    }
     script.Do(
         u"照片浏览：等待、下载中、失败、完成（gallery-*.png）"_s,
         [=] {

@@ -36,8 +36,9 @@ int FlagsInSight() {
 int RowOfGroup(const QString& page, const QString& caption) {
     const QAbstractItemView* tree = MarkTreeOf(page);
     for (int row = 0; tree != nullptr && row < tree->model()->rowCount(); ++row) {
-        if (tree->model()->index(row, 0).data().toString() == caption)
+        if (tree->model()->index(row, 0).data().toString() == caption) {
             return row;
+        }
     }
     return -1;
 }
@@ -56,8 +57,9 @@ QPoint FirstPhotoFlag() {
     const host::FloorPlanCanvas* plan = MarkPlan();
     for (const host::FlagBox& box : plan->FlagsLayout().boxes) {
         if (box.flag >= 0 &&
-            plan->Flags()[std::size_t(box.flag)].flag.kind == host::MarkKind::kPhotos)
+            plan->Flags()[std::size_t(box.flag)].flag.kind == host::MarkKind::Photos) {
             return box.rect.center().toPoint();
+        }
     }
     return {};
 }
@@ -94,7 +96,7 @@ void WriteTicks(TourScript& script) {
         [] {
             const auto& flags = MarkPlan()->Flags();
             return std::none_of(flags.begin(), flags.end(), [](const host::PlacedFlag& flag) {
-                return flag.flag.kind == host::MarkKind::kPhotos;
+                return flag.flag.kind == host::MarkKind::Photos;
             });
         });
     script.Do(

@@ -28,8 +28,9 @@ host::FloorPlanCanvas* Plan() {
 /// The intersection of the shown floor with most photos; -1 if none has any.
 int FullestPlace() {
     const host::FloorPlanCanvas* plan = Plan();
-    if (plan == nullptr || plan->Model().floors.empty())
+    if (plan == nullptr || plan->Model().floors.empty()) {
         return -1;
+    }
     const auto& places = plan->Model().floors[std::size_t(plan->State().floor)].intersections;
     const auto fullest =
         std::max_element(places.begin(), places.end(), [](const auto& left, const auto& right) {

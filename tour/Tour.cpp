@@ -39,12 +39,14 @@ TourPlaces MakePlaces(const QString& folder, const QString& pictures) {
         QImage picture(640, 480, QImage::Format_RGB32);
         picture.fill(QColor::fromHsv((number - 1) * 360 / kImports, 90, 210));
         const QString name = u"巡检_%1.jpg"_s.arg(number, 2, 10, QChar(u'0'));
-        if (picture.save(QDir(places.photoFolder).filePath(name)))
+        if (picture.save(QDir(places.photoFolder).filePath(name))) {
             ++places.photoCount;
+        }
     }
     QFile note(QDir(places.photoFolder).filePath(u"说明.jpg"_s));
-    if (note.open(QIODevice::WriteOnly))
+    if (note.open(QIODevice::WriteOnly)) {
         note.write("not a picture\n");
+    }
     return places;
 }
 
@@ -71,20 +73,23 @@ int Walk(const host::CommandLine& line,
          const std::function<int(const host::CommandLine&)>& runClient) {
     QTemporaryDir ownFolder;
     host::CommandLine walked = line;
-    if (walked.dataFolder.isEmpty())
+    if (walked.dataFolder.isEmpty()) {
         walked.dataFolder = ownFolder.filePath(u"data"_s);
-    walked.sample = sample::SampleSize::kSmall;
+    }
+    walked.sample = sample::SampleSize::Small;
     TourRunner runner(WriteSteps(line, MakePlaces(ownFolder.path(), line.tourFolder)),
                       {line.tourFolder});
     QObject::connect(&runner, &TourRunner::Finished, &runner, [](const QString& failure) {
-        if (!failure.isEmpty())
+        if (!failure.isEmpty()) {
             QCoreApplication::exit(kFault);
+        }
     });
     runner.Start();
     const int code = runClient(walked);
     runner.RunToEnd();
-    if (!runner.Failure().isEmpty())
+    if (!runner.Failure().isEmpty()) {
         return Complain(runner.Failure());
+    }
     return code == kDone ? kDone : Complain(u"客户端以 %1 结束"_s.arg(code));
 }
 
@@ -95,8 +100,9 @@ int WalkScaled(const host::CommandLine& line) {
     process.start(
         QCoreApplication::applicationFilePath(),
         {u"--tour"_s, QDir(line.tourFolder).filePath(u"x2"_s), u"--tour-scale"_s, u"2"_s});
-    if (!process.waitForFinished(-1) || process.exitStatus() != QProcess::NormalExit)
+    if (!process.waitForFinished(-1) || process.exitStatus() != QProcess::NormalExit) {
         return Complain(u"放大 2 倍的走查没有正常结束"_s);
+    }
     return process.exitCode();
 }
 
@@ -104,16 +110,19 @@ int WalkScaled(const host::CommandLine& line) {
 
 int RunTour(const host::CommandLine& line,
             const std::function<int(const host::CommandLine&)>& runClient) {
-    if (!QDir().mkpath(line.tourFolder))
+    if (!QDir().mkpath(line.tourFolder)) {
         return Complain(u"无法创建文件夹 %1"_s.arg(line.tourFolder));
+    }
     QElapsedTimer sinceStart;
     sinceStart.start();
     int code = Walk(line, runClient);
-    if (code == kDone && line.tourScale == 1)
+    if (code == kDone && line.tourScale == 1) {
         code = WalkScaled(line);
-    if (code == kDone)
+    }
+    if (code == kDone) {
         std::printf("走查通过，用时 %.1f 秒，图片在 %s\n", double(sinceStart.elapsed()) / 1000,
                     qUtf8Printable(QDir(line.tourFolder).absolutePath()));
+    }
     return code;
 }
 

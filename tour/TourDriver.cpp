@@ -49,10 +49,12 @@ void SendClick(QWidget* widget, const QPoint& place, Qt::MouseButton button, int
     // The widget may be gone after any of these.
     const QPointer<QWidget> guarded(widget);
     SendMouse(widget, place, Qt::NoButton, Qt::NoButton, QEvent::MouseMove, timestamp);
-    if (!guarded.isNull())
+    if (!guarded.isNull()) {
         SendMouse(widget, place, button, button, QEvent::MouseButtonPress, timestamp);
-    if (!guarded.isNull() && guarded->isVisible())
+    }
+    if (!guarded.isNull() && guarded->isVisible()) {
         SendMouse(widget, place, Qt::NoButton, button, QEvent::MouseButtonRelease, timestamp + 1);
+    }
 }
 
 bool IsPopup(const QWidget* widget) {
@@ -68,23 +70,26 @@ bool IsBlockedByDialog(const QWidget* widget) {
 /// What a click on a window does first of all. False: not active yet, to be tried again.
 bool IsBroughtUp(QWidget* widget) {
     QWidget* top = widget->window();
-    if (top->isActiveWindow() || IsPopup(widget))
+    if (top->isActiveWindow() || IsPopup(widget)) {
         return true;
+    }
     top->activateWindow();
     return false;
 }
 
 QString Plain(QString text) {
     const qsizetype shortcut = text.indexOf(u'\t');
-    if (shortcut >= 0)
+    if (shortcut >= 0) {
         text.truncate(shortcut);
+    }
     return text.remove(u'&');
 }
 
 QAction* FindEntry(const QWidget* menu, const QString& entry) {
     for (QAction* action : menu->actions()) {
-        if (Plain(action->text()) == entry && action->isVisible() && action->isEnabled())
+        if (Plain(action->text()) == entry && action->isVisible() && action->isEnabled()) {
             return action;
+        }
     }
     return nullptr;
 }
@@ -101,46 +106,54 @@ bool Click(QWidget* widget, Qt::MouseButton button) {
 }
 
 bool ClickAt(QWidget* widget, const QPoint& place, Qt::MouseButton button) {
-    if (!CanReach(widget) || !widget->rect().contains(place) || !IsBroughtUp(widget))
+    if (!CanReach(widget) || !widget->rect().contains(place) || !IsBroughtUp(widget)) {
         return false;
+    }
     SendClick(widget, place, button, NextTimestamp(kFarApart));
     return true;
 }
 
 bool DoubleClickAt(QWidget* widget, const QPoint& place) {
-    if (!ClickAt(widget, place))
+    if (!ClickAt(widget, place)) {
         return false;
+    }
     SendClick(widget, place, Qt::LeftButton, NextTimestamp(kCloseTogether));
     return true;
 }
 
 bool MoveTo(QWidget* widget, const QPoint& place) {
-    if (!CanReach(widget))
+    if (!CanReach(widget)) {
         return false;
+    }
     SendMouse(widget, place, Qt::NoButton, Qt::NoButton, QEvent::MouseMove,
               NextTimestamp(kFarApart));
     return true;
 }
 
 bool PressKey(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    if (!CanReach(widget) || !IsBroughtUp(widget))
+    if (!CanReach(widget) || !IsBroughtUp(widget)) {
         return false;
+    }
     QWindow* window = widget->window()->windowHandle();
     const QPointer<QWindow> guarded(window);
     qt_handleKeyEvent(window, QEvent::KeyPress, key, modifiers, QString(), false, 1);
-    if (!guarded.isNull())
+    if (!guarded.isNull()) {
         qt_handleKeyEvent(window, QEvent::KeyRelease, key, modifiers, QString(), false, 1);
+    }
     return true;
 }
 
 bool TypeOver(QWidget* widget, const QString& text) {
-    if (!Click(widget) || !PressKey(widget, Qt::Key_A, Qt::ControlModifier))
+    if (!Click(widget) || !PressKey(widget, Qt::Key_A, Qt::ControlModifier)) {
         return false;
+    }
     QWidget* target = QApplication::focusWidget();
-    if (target == nullptr)
+    if (target == nullptr) {
         return false;
-    if (text.isEmpty())
+    }
+    if (text.isEmpty()) {
         return PressKey(widget, Qt::Key_Delete);
+    }
     QInputMethodEvent event;
     event.setCommitString(text);
     QApplication::sendEvent(target, &event);
@@ -149,8 +162,9 @@ bool TypeOver(QWidget* widget, const QString& text) {
 
 bool ChooseInCombo(QComboBox* combo, const QString& entry) {
     const QPointer<QComboBox> guarded(combo);
-    if (!Click(combo) || guarded.isNull() || !combo->view()->isVisible())
+    if (!Click(combo) || guarded.isNull() || !combo->view()->isVisible()) {
         return false;
+    }
     QAbstractItemView* list = combo->view();
     const int row = combo->findText(entry, Qt::MatchStartsWith);
     if (row < 0) {
@@ -162,10 +176,12 @@ bool ChooseInCombo(QComboBox* combo, const QString& entry) {
 
 bool ClickInMenuBar(QMenuBar* bar, const QString& menu, const QString& entry) {
     QAction* title = bar == nullptr ? nullptr : FindEntry(bar, menu);
-    if (title == nullptr || title->menu() == nullptr)
+    if (title == nullptr || title->menu() == nullptr) {
         return false;
-    if (!title->menu()->isVisible() && !ClickAt(bar, bar->actionGeometry(title).center()))
+    }
+    if (!title->menu()->isVisible() && !ClickAt(bar, bar->actionGeometry(title).center())) {
         return false;
+    }
     return ClickInMenu(title->menu(), entry);
 }
 
@@ -175,36 +191,42 @@ bool ClickInMenu(QMenu* menu, const QString& entry) {
 }
 
 bool ClickCell(QAbstractItemView* view, int row, int column, Qt::MouseButton button) {
-    if (!CanReach(view) || view->model() == nullptr)
+    if (!CanReach(view) || view->model() == nullptr) {
         return false;
+    }
     const QModelIndex cell = view->model()->index(row, column);
-    if (!cell.isValid())
+    if (!cell.isValid()) {
         return false;
+    }
     view->scrollTo(cell);
     return ClickAt(view->viewport(), view->visualRect(cell).center(), button);
 }
 
 bool DropPaths(QWidget* widget, const QStringList& paths) {
-    if (!CanReach(widget))
+    if (!CanReach(widget)) {
         return false;
+    }
     QMimeData data;
     QList<QUrl> urls;
-    for (const QString& path : paths)
+    for (const QString& path : paths) {
         urls << QUrl::fromLocalFile(path);
+    }
     data.setUrls(urls);
     const QPoint centre = widget->rect().center();
     QDragEnterEvent enter(centre, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(widget, &enter);
-    if (!enter.isAccepted())
+    if (!enter.isAccepted()) {
         return false;
+    }
     QDropEvent drop(centre, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(widget, &drop);
     return drop.isAccepted();
 }
 
 bool CloseWindow(QWidget* window) {
-    if (!CanReach(window))
+    if (!CanReach(window)) {
         return false;
+    }
     // The window object behind it may end the window by itself and refuse the event.
     window->close();
     return true;

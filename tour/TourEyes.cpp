@@ -34,26 +34,31 @@ bool LiesOver(const QWidget* other, const QWidget* window) {
 
 QWidget* FindWindow(const QString& nameOrTitle) {
     QWidget* modal = QApplication::activeModalWidget();
-    if (modal != nullptr && modal->isVisible() && Answers(modal, nameOrTitle))
+    if (modal != nullptr && modal->isVisible() && Answers(modal, nameOrTitle)) {
         return modal;
+    }
     // A minimised window that has an owner is out of sight, and still the window of its name.
     QWidget* minimised = nullptr;
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && Answers(window, nameOrTitle))
+        if (window->isVisible() && Answers(window, nameOrTitle)) {
             return window;
-        if (window->isMinimized() && Answers(window, nameOrTitle))
+        }
+        if (window->isMinimized() && Answers(window, nameOrTitle)) {
             minimised = window;
+        }
     }
     return minimised;
 }
 
 QWidget* FindIn(const QWidget* window, const QString& name) {
-    if (window == nullptr)
+    if (window == nullptr) {
         return nullptr;
+    }
     const QList<QWidget*> found = window->findChildren<QWidget*>(name);
     for (QWidget* widget : found) {
-        if (widget->isVisible())
+        if (widget->isVisible()) {
             return widget;
+        }
     }
     return nullptr;
 }
@@ -64,12 +69,14 @@ QWidget* OpenMessageBox() {
 
 bool AnswerMessageBox(const QString& button) {
     auto* box = qobject_cast<QMessageBox*>(OpenMessageBox());
-    if (box == nullptr)
+    if (box == nullptr) {
         return false;
+    }
     const QList<QAbstractButton*> buttons = box->buttons();
     for (QAbstractButton* candidate : buttons) {
-        if (candidate->text().remove(u'&').startsWith(button))
+        if (candidate->text().remove(u'&').startsWith(button)) {
             return Click(candidate);
+        }
     }
     return false;
 }
@@ -80,23 +87,30 @@ QString MessageBoxText() {
 }
 
 QString ReadText(const QWidget* widget) {
-    if (const auto* label = qobject_cast<const QLabel*>(widget))
+    if (const auto* label = qobject_cast<const QLabel*>(widget)) {
         return label->text();
-    if (const auto* combo = qobject_cast<const QComboBox*>(widget))
+    }
+    if (const auto* combo = qobject_cast<const QComboBox*>(widget)) {
         return combo->currentText();
-    if (const auto* edit = qobject_cast<const QLineEdit*>(widget))
+    }
+    if (const auto* edit = qobject_cast<const QLineEdit*>(widget)) {
         return edit->text();
-    if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+    }
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) {
         return button->text();
-    if (widget == nullptr)
+    }
+    if (widget == nullptr) {
         return {};
+    }
     QString text;
-    if (const auto* bar = qobject_cast<const QStatusBar*>(widget))
+    if (const auto* bar = qobject_cast<const QStatusBar*>(widget)) {
         text = bar->currentMessage();
+    }
     const QList<QLabel*> labels = widget->findChildren<QLabel*>();
     for (const QLabel* label : labels) {
-        if (label->isVisible())
+        if (label->isVisible()) {
             text += label->text() + u'\n';
+        }
     }
     return text;
 }
@@ -106,8 +120,9 @@ bool SavePicture(QWidget* window, const QString& path) {
     QRect area = window->geometry();
     const QList<QWidget*> all = QApplication::topLevelWidgets();
     for (QWidget* other : all) {
-        if (!LiesOver(other, window))
+        if (!LiesOver(other, window)) {
             continue;
+        }
         shown << other;
         area |= other->geometry();
     }
@@ -116,8 +131,9 @@ bool SavePicture(QWidget* window, const QString& path) {
     picture.setDevicePixelRatio(scale);
     picture.fill(window->palette().color(QPalette::Mid));
     QPainter painter(&picture);
-    for (QWidget* one : shown)
+    for (QWidget* one : shown) {
         painter.drawPixmap(one->geometry().topLeft() - area.topLeft(), one->grab());
+    }
     painter.end();
     return picture.save(path);
 }

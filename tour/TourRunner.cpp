@@ -25,16 +25,17 @@ void PrintStep(std::size_t number, std::size_t count, const QString& text) {
 } // namespace
 
 TourRunner::TourRunner(std::vector<TourStep> tourSteps, const Options& tourOptions)
-    : steps(std::move(tourSteps)), options(tourOptions) {}
+    : m_steps(std::move(tourSteps)), m_options(tourOptions) {}
 
 void TourRunner::Start() {
-    sinceStep.start();
+    m_sinceStep.start();
     PollLater();
 }
 
 void TourRunner::RunToEnd() {
-    while (phase != Phase::kOver)
+    while (m_phase != Phase::Over) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
 }
 
 void TourRunner::PollLater() {
@@ -43,65 +44,70 @@ void TourRunner::PollLater() {
 }
 
 void TourRunner::Poll() {
-    if (phase == Phase::kOver)
+    if (m_phase == Phase::Over) {
         return;
-    if (at >= steps.size()) {
-        phase = Phase::kOver;
+    }
+    if (m_at >= m_steps.size()) {
+        m_phase = Phase::Over;
         emit Finished(QString());
         return;
     }
-    if (sinceStep.elapsed() > options.stepTimeoutMs) {
-        Fail(phase == Phase::kAct ? u"无法操作"_s : u"没有看到结果"_s);
+    if (m_sinceStep.elapsed() > m_options.stepTimeoutMs) {
+        Fail(m_phase == Phase::Act ? u"无法操作"_s : u"没有看到结果"_s);
         return;
     }
     PollLater();
-    if (phase == Phase::kAct)
+    if (m_phase == Phase::Act) {
         TryAct();
-    else if (phase == Phase::kSettle)
+    } else if (m_phase == Phase::Settle) {
         FinishStep();
-    else
+    } else {
         Look();
+    }
 }
 
 void TourRunner::TryAct() {
-    phase = Phase::kActing;
-    const std::size_t acting = at;
+    m_phase = Phase::Acting;
+    const std::size_t acting = m_at;
     const bool done = !Step().act || Step().act();
     // By now a dialog that the act opened may have come and gone, with later steps inside it.
-    if (at == acting && phase == Phase::kActing)
-        phase = done ? Phase::kSee : Phase::kAct;
+    if (m_at == acting && m_phase == Phase::Acting) {
+        m_phase = done ? Phase::See : Phase::Act;
+    }
 }
 
 void TourRunner::Look() {
-    if (!Step().seen || Step().seen())
-        phase = Phase::kSettle;
+    if (!Step().seen || Step().seen()) {
+        m_phase = Phase::Settle;
+    }
 }
 
 void TourRunner::FinishStep() {
-    PrintStep(at + 1, steps.size(), Step().text);
+    PrintStep(m_at + 1, m_steps.size(), Step().text);
     if (!Step().picture.isEmpty()) {
         QWidget* window = Step().pictureOf ? Step().pictureOf() : QApplication::activeWindow();
-        const QString path = QDir(options.folder).filePath(Step().picture);
+        const QString path = QDir(m_options.folder).filePath(Step().picture);
         if (window == nullptr || !SavePicture(window, path)) {
             Fail(u"图片 %1 没有存成"_s.arg(path));
             return;
         }
     }
-    ++at;
-    phase = Phase::kAct;
-    sinceStep.restart();
+    ++m_at;
+    m_phase = Phase::Act;
+    m_sinceStep.restart();
 }
 
 void TourRunner::Fail(const QString& what) {
-    phase = Phase::kOver;
+    m_phase = Phase::Over;
     int number = 0;
     const QList<QWidget*> windows = QApplication::topLevelWidgets();
     for (QWidget* window : windows) {
-        if (window->isVisible())
-            SavePicture(window, QDir(options.folder).filePath(u"failed-%1.png"_s.arg(++number)));
+        if (window->isVisible()) {
+            SavePicture(window, QDir(m_options.folder).filePath(u"failed-%1.png"_s.arg(++number)));
+        }
     }
-    failure = u"第 %1 步“%2”：%3"_s.arg(at + 1).arg(Step().text, what);
-    emit Finished(failure);
+    m_failure = u"第 %1 步“%2”：%3"_s.arg(m_at + 1).arg(Step().text, what);
+    emit Finished(m_failure);
 }
 
 } // namespace tour

@@ -39,14 +39,14 @@ public:
     /// For after the program's event loop, which the last step ended: runs what is left.
     void RunToEnd();
     /// Empty while all steps happened so far.
-    [[nodiscard]] const QString& Failure() const { return failure; }
+    [[nodiscard]] const QString& Failure() const { return m_failure; }
 
 signals:
     /// Once. `what` is empty if all steps happened, else it says which one did not.
     void Finished(const QString& what);
 
 private:
-    enum class Phase { kAct, kActing, kSee, kSettle, kOver };
+    enum class Phase { Act, Acting, See, Settle, Over };
 
     void Poll();
     void PollLater();
@@ -54,14 +54,14 @@ private:
     void Look();
     void FinishStep();
     void Fail(const QString& what);
-    [[nodiscard]] const TourStep& Step() const { return steps[at]; }
+    [[nodiscard]] const TourStep& Step() const { return m_steps[m_at]; }
 
-    std::vector<TourStep> steps;
-    Options options;
-    std::size_t at = 0;
-    Phase phase = Phase::kAct;
-    QElapsedTimer sinceStep;
-    QString failure;
+    std::vector<TourStep> m_steps;
+    Options m_options;
+    std::size_t m_at = 0;
+    Phase m_phase = Phase::Act;
+    QElapsedTimer m_sinceStep;
+    QString m_failure;
 };
 
 } // namespace tour

@@ -7,7 +7,7 @@ namespace tour {
 using namespace Qt::StringLiterals;
 
 void TourScript::Do(const QString& text, Act act, Act seen) {
-    steps.push_back({text, std::move(act), std::move(seen), {}, {}});
+    m_steps.push_back({text, std::move(act), std::move(seen), {}, {}});
 }
 
 void TourScript::Picture(const QString& window, const QString& what) {
@@ -15,8 +15,8 @@ void TourScript::Picture(const QString& window, const QString& what) {
 }
 
 void TourScript::Picture(const std::function<QWidget*()>& find, const QString& what) {
-    steps.back().picture = u"%1-%2.png"_s.arg(++pictures, 2, 10, QChar(u'0')).arg(what);
-    steps.back().pictureOf = find;
+    m_steps.back().picture = u"%1-%2.png"_s.arg(++m_pictures, 2, 10, QChar(u'0')).arg(what);
+    m_steps.back().pictureOf = find;
 }
 
 } // namespace tour

@@ -24,11 +24,11 @@ public:
     /// file is named by its place in the walk and `what`: "06-console.png".
     void Picture(const QString& window, const QString& what);
     void Picture(const std::function<QWidget*()>& find, const QString& what);
-    [[nodiscard]] std::vector<TourStep> Take() { return std::move(steps); }
+    [[nodiscard]] std::vector<TourStep> Take() { return std::move(m_steps); }
 
 private:
-    std::vector<TourStep> steps;
-    int pictures = 0;
+    std::vector<TourStep> m_steps;
+    int m_pictures = 0;
 };
 
 /// Sign-in and main window with its floor plan.

@@ -33,10 +33,12 @@ QString NameOfNotedPhoto() {
     KX_DATA::PageResult result;
     std::vector<KX_DATA::BimPicRow> rows;
     GetVeskPicMng()->QueryBimPics(filter, request, result, rows);
-    for (const KX_DATA::BimPicRow& row : rows)
+    for (const KX_DATA::BimPicRow& row : rows) {
         if (!row.text9.isEmpty() && !row.floor.isEmpty() && row.posValid != 0 &&
-            row.status == KX_DATA::kStatusShown)
+            row.status == KX_DATA::kStatusShown) {
             return row.fileName;
+        }
+    }
     return {};
 }
 
@@ -47,8 +49,9 @@ bool Search(const QString& keyword) {
 
 /// The picture has arrived: its middle is no longer the colour of the empty pane.
 bool ShowsPicture() {
-    if (Viewer() == nullptr)
+    if (Viewer() == nullptr) {
         return false;
+    }
     const QImage seen = Viewer()->grab().toImage();
     const QPoint middle(seen.width() * 4 / 10, seen.height() * 4 / 10);
     return seen.pixelColor(middle) != seen.pixelColor(1, 1);

@@ -39,8 +39,9 @@ QString PicFolder(qint32 ppid) {
 
 void KeepShownInModel(std::vector<KX_DATA::PicFileEntry>& files, const BimPlace& place) {
     KX_DATA::IProjModelHandle* model = GetProjCacheMng()->GetCurrentModel();
-    if (model == nullptr)
+    if (model == nullptr) {
         return;
+    }
     const KX_DATA::ShownPicMarks shown = model->GetShownPicMarks();
     gallery::KeepShown(files, shown, toolkit::ToGbk(gallery::FloorGroup(place.floor)),
                        place.markId);
@@ -51,8 +52,9 @@ std::optional<std::vector<KX_DATA::PicFileEntry>> ShownFiles(const BimPlace& pla
     const toolkit::WaitCursor wait;
     std::vector<KX_DATA::PicFileEntry> files;
     if (GetVeskPicMng()->GetPicFilesByPosition(place.ppid, place.positionKey, place.markId,
-                                               files) != KX_DATA::kServiceOk)
+                                               files) != KX_DATA::kServiceOk) {
         return std::nullopt;
+    }
     KeepShownInModel(files, place);
     return files;
 }
@@ -83,8 +85,9 @@ CBimPicViewDlg::CBimPicViewDlg()
 bool CBimPicViewDlg::LoadPosition(const BimPlace& place, qint32 wantedPicId) {
     items.clear();
     const auto files = ShownFiles(place);
-    if (!files || !HasWindow())
+    if (!files || !HasWindow()) {
         return false;
+    }
     const QString folder = PicFolder(place.ppid);
     SetCurrentIndex(gallery::IndexOfPhoto(*files, wantedPicId));
     std::vector<GalleryItem> pictures;
@@ -106,8 +109,9 @@ void CBimPicViewDlg::OnCurPicChanged(int index) {
 bool CBimPicViewDlg::FetchDetail(BimViewItem& item) {
     const toolkit::WaitCursor wait;
     KX_DATA::BimPicDetail detail;
-    if (GetVeskPicMng()->GetBimPicDetail(item.ppid, item.picId, detail) != KX_DATA::kServiceOk)
+    if (GetVeskPicMng()->GetBimPicDetail(item.ppid, item.picId, detail) != KX_DATA::kServiceOk) {
         return false;
+    }
     item.loaded = 1;
     item.name = detail.fileName;
     item.markName = detail.markName;
@@ -127,14 +131,17 @@ bool CBimPicViewDlg::FetchDetail(BimViewItem& item) {
 }
 
 void CBimPicViewDlg::ShowPicDetail(int index) {
-    if (index < 0 || index >= int(items.size()))
+    if (index < 0 || index >= int(items.size())) {
         return;
+    }
     BimViewItem item = items[size_t(index)];
     if (item.loaded == 0) {
         const bool fetched = FetchDetail(item);
         // The service may have let the viewer be closed, or another place be opened in it.
-        if (!HasWindow() || index >= int(items.size()) || items[size_t(index)].picId != item.picId)
+        if (!HasWindow() || index >= int(items.size()) ||
+            items[size_t(index)].picId != item.picId) {
             return;
+        }
         if (!fetched) {
             ShowStatus(Id(), e_VeskPicMngStatus::PicInfoFailed);
             return;
@@ -160,8 +167,9 @@ void CBimPicViewDlg::ShowItem(int index) {
     m_note.ShowNote();
     const QString title = gallery::BimViewTitle(item.name, index, int(items.size()));
     Widget()->setWindowTitle(title);
-    if (titleNotify != nullptr)
+    if (titleNotify != nullptr) {
         titleNotify->OnTitleChanged(title);
+    }
 }
 
 void CBimPicViewDlg::MakeReportButton() {
@@ -171,8 +179,9 @@ void CBimPicViewDlg::MakeReportButton() {
     m_report->setAutoDefault(false);
     m_report->setEnabled(!GetKXGlobalData()->IsWorksetMode());
     QObject::connect(m_report, &QPushButton::clicked, Widget(), [this] {
-        if (titleNotify != nullptr)
+        if (titleNotify != nullptr) {
             titleNotify->OnOutputReport();
+        }
     });
 }
 
@@ -190,8 +199,9 @@ void CBimPicViewDlg::OnDestroyed() {
 }
 
 void CBimPicViewDlg::LayoutPicPane() {
-    if (!m_block.HasControls())
+    if (!m_block.HasControls()) {
         return;
+    }
     const QSize pane = Widget()->size();
     m_block.LayOut(pane, m_note);
     const gallery::BimViewerPlaces places = gallery::PlaceBimViewer(pane);
@@ -208,6 +218,7 @@ void CBimPicViewDlg::OnClose() {
 }
 
 void CBimPicViewDlg::OnTimer(int timerId) {
-    if (!m_note.OnTimer(timerId))
+    if (!m_note.OnTimer(timerId)) {
         CPicViewDlg::OnTimer(timerId);
+    }
 }

@@ -26,8 +26,9 @@ void CBimPicViewWrap::OnCreated() {
 }
 
 void CBimPicViewWrap::OnTitleChanged(const QString& title) {
-    if (!HasWindow())
+    if (!HasWindow()) {
         return;
+    }
     Widget()->setWindowTitle(title);
     LayoutWrap();
 }
@@ -39,8 +40,9 @@ void CBimPicViewWrap::OnOutputReport() {
 }
 
 void CBimPicViewWrap::OnTimer(int timerId) {
-    if (timerId != kReportTimer || gallery::ClientBlock::IsReportOpen())
+    if (timerId != kReportTimer || gallery::ClientBlock::IsReportOpen()) {
         return;
+    }
     KillTimer(kReportTimer);
     m_block.End();
 }

@@ -13,11 +13,13 @@ namespace {
 const std::vector<KX_DATA::ShownPicItem>* TickedAt(const KX_DATA::ShownPicMarks& shown,
                                                    const std::string& group, qint32 markId) {
     const auto floor = shown.find(group);
-    if (floor == shown.end())
+    if (floor == shown.end()) {
         return nullptr;
+    }
     const auto second = floor->second.find(QString());
-    if (second == floor->second.end())
+    if (second == floor->second.end()) {
         return nullptr;
+    }
     const auto mark = second->second.find(markId);
     return mark == second->second.end() ? nullptr : &mark->second;
 }
@@ -31,8 +33,9 @@ QString PositionOf(const KX_DATA::BimPicDetail& detail) {
 
 QString JoinLabels(const std::vector<KX_DATA::LabelEntry>& labels, QChar separator) {
     QString names;
-    for (const KX_DATA::LabelEntry& label : labels)
+    for (const KX_DATA::LabelEntry& label : labels) {
         names += label.labelName + separator;
+    }
     return names;
 }
 
@@ -47,11 +50,13 @@ QString FloorGroup(const QString& floor) {
 void KeepShown(std::vector<KX_DATA::PicFileEntry>& files, const KX_DATA::ShownPicMarks& shown,
                const std::string& group, qint32 markId) {
     const auto* ticked = TickedAt(shown, group, markId);
-    if (ticked == nullptr || ticked->empty())
+    if (ticked == nullptr || ticked->empty()) {
         return;
+    }
     std::set<qint32> ids;
-    for (const KX_DATA::ShownPicItem& item : *ticked)
+    for (const KX_DATA::ShownPicItem& item : *ticked) {
         ids.insert(item.picId);
+    }
     std::erase_if(files,
                   [&](const KX_DATA::PicFileEntry& file) { return !ids.contains(file.picId); });
 }

@@ -11,24 +11,30 @@ using namespace Qt::StringLiterals;
 
 void ClientBlock::Begin() {
     QWidget* client = toolkit::WidgetOf(toolkit::MainWindow());
-    if (client == nullptr || IsActive() || !client->isEnabled())
+    if (client == nullptr || IsActive() || !client->isEnabled()) {
         return;
+    }
     m_blocked = toolkit::MainWindow();
     QWidgetList others;
-    for (QWidget* child : client->findChildren<QWidget*>())
-        if (child->isWindow() && child->isEnabled())
+    for (QWidget* child : client->findChildren<QWidget*>()) {
+        if (child->isWindow() && child->isEnabled()) {
             others.append(child);
+        }
+    }
     client->setEnabled(false);
     // Qt disables what belongs to a window with it, the viewer too.
-    for (QWidget* other : others)
+    for (QWidget* other : others) {
         other->setEnabled(true);
+    }
 }
 
 void ClientBlock::End() {
-    if (!IsActive())
+    if (!IsActive()) {
         return;
-    if (QWidget* client = toolkit::WidgetOf(m_blocked))
+    }
+    if (QWidget* client = toolkit::WidgetOf(m_blocked)) {
         client->setEnabled(true);
+    }
     m_blocked = toolkit::kNoWindow;
 }
 

@@ -9,8 +9,9 @@ DecodeJob::DecodeJob(toolkit::PictureRequest request, std::function<void()> when
 
 bool DecodeJob::Begin() {
     const std::lock_guard lock(m_lock);
-    if (m_state != State::Waiting)
+    if (m_state != State::Waiting) {
         return false;
+    }
     m_state = State::Running;
     return true;
 }
@@ -25,8 +26,9 @@ void DecodeJob::Finish(const QImage& result) {
 }
 
 QImage DecodeJob::Get() {
-    if (Begin())
+    if (Begin()) {
         Finish(toolkit::DecodePicture(m_request, &m_stop));
+    }
     std::unique_lock lock(m_lock);
     m_done.wait(lock, [this] { return m_state == State::Done; });
     return m_result;
@@ -44,16 +46,19 @@ bool DecodeJob::IsDone() const {
 
 void DecodeJob::GiveUp() {
     m_stop.store(true);
-    if (Begin())
+    if (Begin()) {
         Finish({});
+    }
 }
 
 void DecodeJob::Run() {
-    if (!Begin())
+    if (!Begin()) {
         return;
+    }
     Finish(toolkit::DecodePicture(m_request, &m_stop));
-    if (m_whenDone && !m_stop.load())
+    if (m_whenDone && !m_stop.load()) {
         m_whenDone();
+    }
 }
 
 } // namespace gallery

@@ -21,12 +21,14 @@ public:
     void Add(const std::shared_ptr<DecodeJob>& job, Urgency urgency) {
         {
             const std::lock_guard lock(m_lock);
-            if (urgency == Urgency::Wanted)
+            if (urgency == Urgency::Wanted) {
                 m_queue.push_front(job);
-            else
+            } else {
                 m_queue.push_back(job);
-            if (m_threads.empty())
+            }
+            if (m_threads.empty()) {
                 Start();
+            }
         }
         m_wake.notify_one();
     }
@@ -36,8 +38,9 @@ public:
         {
             const std::lock_guard lock(m_lock);
             threads.swap(m_threads);
-            for (std::jthread& thread : threads)
+            for (std::jthread& thread : threads) {
                 thread.request_stop();
+            }
             m_queue.clear();
         }
         m_wake.notify_all();
@@ -46,8 +49,9 @@ public:
 private:
     void Start() {
         const unsigned count = DecoderCount(std::thread::hardware_concurrency());
-        for (unsigned i = 0; i < count; ++i)
+        for (unsigned i = 0; i < count; ++i) {
             m_threads.emplace_back([this](const std::stop_token& stop) { Work(stop); });
+        }
     }
 
     void Work(const std::stop_token& stop) {
@@ -56,8 +60,9 @@ private:
             {
                 std::unique_lock lock(m_lock);
                 m_wake.wait(lock, stop, [this] { return !m_queue.empty(); });
-                if (stop.stop_requested())
+                if (stop.stop_requested()) {
                     return;
+                }
                 job = m_queue.front();
                 m_queue.pop_front();
             }

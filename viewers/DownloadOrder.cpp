@@ -18,11 +18,13 @@ bool Waits(const GalleryItem& item, DownloadKind kind) {
 std::optional<DownloadKey> FirstWaiting(const std::vector<GalleryItem>& items, const Offer& offer) {
     const int count = int(items.size());
     // A range with an end outside the list is left out whole.
-    if (offer.range.IsNone() || offer.range.last >= count)
+    if (offer.range.IsNone() || offer.range.last >= count) {
         return std::nullopt;
+    }
     for (int index = offer.range.first; index <= offer.range.last; ++index) {
-        if (Waits(items[size_t(index)], offer.kind))
+        if (Waits(items[size_t(index)], offer.kind)) {
             return DownloadKey{index, offer.kind};
+        }
     }
     return std::nullopt;
 }
@@ -44,8 +46,9 @@ std::optional<DownloadKey> NextDownload(const std::vector<GalleryItem>& items,
     const Offer* begin = visible.IsNone() ? inOrder.data() : nearFirst.data();
     const size_t offers = visible.IsNone() ? inOrder.size() : nearFirst.size();
     for (size_t i = 0; i < offers; ++i) {
-        if (const auto key = FirstWaiting(items, begin[i]))
+        if (const auto key = FirstWaiting(items, begin[i])) {
             return key;
+        }
     }
     return std::nullopt;
 }
@@ -58,8 +61,9 @@ int PercentOf(qint32 bytes, qint32 total) {
 bool AnyVisiblePending(const std::vector<GalleryItem>& items, const ItemRange& visible) {
     for (int index = visible.first; !visible.IsNone() && index <= visible.last; ++index) {
         const qint32 state = items.at(size_t(index)).picState;
-        if (state == kWaiting || state == kDownloading)
+        if (state == kWaiting || state == kDownloading) {
             return true;
+        }
     }
     return false;
 }

@@ -74,28 +74,34 @@ void Transfer(const DownloadTask& task, const QString& taskId) {
     while (true) {
         toolkit::Clock().SleepMilliseconds(kLookMs);
         // No percent in the pass in which the size comes; required as is.
-        if (total <= 0)
+        if (total <= 0) {
             service.GetFileSize(taskId, total);
-        else
+        } else {
             PostProgress(task, bytes, total);
+        }
         qint32 state = 0;
-        if (!service.GetDownloadState(taskId, state, bytes) || state == KX_DATA::kDownloadFailed)
+        if (!service.GetDownloadState(taskId, state, bytes) || state == KX_DATA::kDownloadFailed) {
             FailWithItsText(task, taskId);
-        if (state == KX_DATA::kDownloadFinished)
+        }
+        if (state == KX_DATA::kDownloadFinished) {
             break;
+        }
     }
     toolkit::Clock().SleepMilliseconds(kSettleMs);
 }
 
 /// Statuses pass as thrown values inside the worker only.
 void Fetch(const DownloadTask& task) {
-    if (task.uuid.isEmpty())
+    if (task.uuid.isEmpty()) {
         throw e_VeskPicMngStatus::UuidEmpty;
+    }
     // Nothing of a text that is no name of a file reaches the disk or the service.
-    if (!ZelvorNRQ_KXVeskPicture::IsUuid(task.uuid) || task.path.isEmpty())
+    if (!ZelvorNRQ_KXVeskPicture::IsUuid(task.uuid) || task.path.isEmpty()) {
         Fail(task, u"UUID无效"_s);
-    if (ZelvorNRQ_KXVeskPicture::IsFetched(task.path))
+    }
+    if (ZelvorNRQ_KXVeskPicture::IsFetched(task.path)) {
         return;
+    }
     QDir().mkpath(QFileInfo(task.path).path());
     const auto thread = quintptr(QThread::currentThreadId());
     Transfer(task, u"Vesk%1_%2"_s.arg(thread).arg(task.uuid));

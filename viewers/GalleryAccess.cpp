@@ -63,16 +63,19 @@ QAccessible::State ButtonAccess::state() const {
 }
 
 QString ButtonAccess::text(QAccessible::Text kind) const {
-    if (!isValid())
+    if (!isValid()) {
         return {};
-    if (kind == QAccessible::Name)
+    }
+    if (kind == QAccessible::Name) {
         return Button().name;
+    }
     return kind == QAccessible::Accelerator ? Button().shortcut : QString();
 }
 
 QRect ButtonAccess::rect() const {
-    if (!isValid() || Button().rect.isEmpty() || !Button().shown)
+    if (!isValid() || Button().rect.isEmpty() || !Button().shown) {
         return {};
+    }
     return {m_pane->mapToGlobal(Button().rect.topLeft()), Button().rect.size()};
 }
 
@@ -81,8 +84,9 @@ QStringList ButtonAccess::actionNames() const {
 }
 
 void ButtonAccess::doAction(const QString& action) {
-    if (isValid() && action == pressAction())
+    if (isValid() && action == pressAction()) {
         m_pane->PressButton(m_index);
+    }
 }
 
 QStringList ButtonAccess::keyBindingsForAction(const QString& action) const {
@@ -93,16 +97,18 @@ QStringList ButtonAccess::keyBindingsForAction(const QString& action) const {
 class PaneAccess final : public QAccessibleWidget {
 public:
     explicit PaneAccess(GalleryPane* pane) : QAccessibleWidget(pane, QAccessible::Pane) {
-        for (int at = 0; at < int(pane->Buttons().size()); ++at)
+        for (int at = 0; at < int(pane->Buttons().size()); ++at) {
             m_buttons.push_back(
                 QAccessible::registerAccessibleInterface(new ButtonAccess(pane, at)));
+        }
         m_told = QObject::connect(pane, &GalleryPane::ButtonEnabledChanged, pane,
                                   [this](int index) { TellEnabled(index); });
     }
     ~PaneAccess() override {
         QObject::disconnect(m_told);
-        for (const QAccessible::Id button : m_buttons)
+        for (const QAccessible::Id button : m_buttons) {
             QAccessible::deleteAccessibleInterface(button);
+        }
     }
 
     [[nodiscard]] int Controls() const { return QAccessibleWidget::childCount(); }
@@ -126,8 +132,9 @@ void PaneAccess::TellEnabled(int index) const {
 }
 
 QAccessibleInterface* PaneAccess::child(int index) const {
-    if (index < Controls())
+    if (index < Controls()) {
         return QAccessibleWidget::child(index);
+    }
     const size_t button = size_t(index - Controls());
     return button < m_buttons.size() ? QAccessible::accessibleInterface(m_buttons[button])
                                      : nullptr;
@@ -135,18 +142,21 @@ QAccessibleInterface* PaneAccess::child(int index) const {
 
 int PaneAccess::indexOfChild(const QAccessibleInterface* wanted) const {
     for (int at = Controls(); at < childCount(); ++at) {
-        if (child(at) == wanted)
+        if (child(at) == wanted) {
             return at;
+        }
     }
     return QAccessibleWidget::indexOfChild(wanted);
 }
 
 QAccessibleInterface* PaneAccess::childAt(int x, int y) const {
-    if (QAccessibleInterface* control = QAccessibleWidget::childAt(x, y))
+    if (QAccessibleInterface* control = QAccessibleWidget::childAt(x, y)) {
         return control;
+    }
     for (int at = Controls(); at < childCount(); ++at) {
-        if (child(at)->rect().contains(x, y))
+        if (child(at)->rect().contains(x, y)) {
             return child(at);
+        }
     }
     return nullptr;
 }

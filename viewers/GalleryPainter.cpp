@@ -33,8 +33,9 @@ QColor Back() {
 void DrawFrame(QPainter& painter, const QRect& rect, int outside, int bgr) {
     const QRect outer = rect.adjusted(-outside, -outside, outside, outside);
     const QRect inner = outer.adjusted(1, 1, -1, -1);
-    for (const QRect& side : QRegion(outer) - QRegion(inner))
+    for (const QRect& side : QRegion(outer) - QRegion(inner)) {
         painter.fillRect(side, toolkit::ColorFromBgr(bgr));
+    }
 }
 
 QRect BandOf(const QRect& rect) {
@@ -69,8 +70,9 @@ void DrawProgress(QPainter& painter, const QRect& band, int percent) {
 void DrawPicture(QPainter& painter, const QRect& rect, const QImage& picture) {
     DrawFrame(painter, rect, 0, kPictureFrame);
     DrawFrame(painter, rect, 1, kPictureFrame);
-    if (!picture.isNull())
+    if (!picture.isNull()) {
         painter.drawImage(rect.topLeft() + QPoint(1, 1), picture);
+    }
 }
 
 void DrawContent(QPainter& painter, const Cell& cell, const QImage& defaultPicture) {
@@ -78,21 +80,24 @@ void DrawContent(QPainter& painter, const Cell& cell, const QImage& defaultPictu
         DrawPicture(painter, cell.rect, cell.picture);
         return;
     }
-    if (cell.state < kWaiting || cell.state > kDownloadFailedState)
+    if (cell.state < kWaiting || cell.state > kDownloadFailedState) {
         return;
+    }
     DrawBand(painter, cell.rect, defaultPicture);
     const QRect band = BandOf(cell.rect);
-    if (cell.state == kDownloading)
+    if (cell.state == kDownloading) {
         DrawProgress(painter, band, cell.percent);
-    else if (cell.state == kDownloadFailedState)
+    } else if (cell.state == kDownloadFailedState) {
         DrawBandText(painter, band, u"下载失败"_s, kFailedText);
-    else
+    } else {
         DrawBandText(painter, band, cell.state == kOnDisk ? u"图片不存在"_s : u"等待下载"_s);
+    }
 }
 
 void DrawBar(QPainter& painter, const ThumbBar& bar) {
-    if (bar.trackRect.isEmpty() || !bar.overflow)
+    if (bar.trackRect.isEmpty() || !bar.overflow) {
         return;
+    }
     painter.fillRect(bar.trackRect, toolkit::ColorFromBgr(kPictureFrame));
     const size_t color = std::min(size_t(std::max(bar.hotState, 0)), kBarColors.size() - 1);
     painter.fillRect(bar.thumbRect, toolkit::ColorFromBgr(kBarColors[color]));
@@ -105,20 +110,24 @@ void DrawStepButtons(QPainter& painter, const GalleryState& state) {
 
 /// Fills what an image leaves free, so that no pixel is painted twice.
 void FillAround(QPainter& painter, const QRect& area, const QRectF& place) {
-    for (const QRect& rest : QRegion(area) - QRegion(place.toAlignedRect().adjusted(1, 1, -1, -1)))
+    for (const QRect& rest :
+         QRegion(area) - QRegion(place.toAlignedRect().adjusted(1, 1, -1, -1))) {
         painter.fillRect(rest, Back());
+    }
 }
 
 void DrawPlaced(QPainter& painter, const PlacedImage& placed) {
-    if (placed.image.isNull())
+    if (placed.image.isNull()) {
         return;
+    }
     const QSizeF own = placed.image.deviceIndependentSize();
     const QSizeF difference = own - placed.place.size();
     // One to one where the sizes agree but for the rounding to device pixels.
-    if (qAbs(difference.width()) < 1 && qAbs(difference.height()) < 1)
+    if (qAbs(difference.width()) < 1 && qAbs(difference.height()) < 1) {
         painter.drawImage(placed.place.topLeft(), placed.image);
-    else
+    } else {
         painter.drawImage(placed.place, placed.image);
+    }
 }
 
 } // namespace
@@ -126,21 +135,25 @@ void DrawPlaced(QPainter& painter, const PlacedImage& placed) {
 void PaintCell(QPainter& painter, const Cell& cell, const QImage& defaultPicture) {
     painter.setFont(SmallFace());
     DrawContent(painter, cell, defaultPicture);
-    if (cell.frame == CellFrame::None)
+    if (cell.frame == CellFrame::None) {
         return;
+    }
     const int color = cell.frame == CellFrame::Current ? kCurrentFrame : kHoverFrame;
-    for (int outside = 1; outside <= 3; ++outside)
+    for (int outside = 1; outside <= 3; ++outside) {
         DrawFrame(painter, cell.rect, outside, color);
+    }
 }
 
 void PaintStrip(QPainter& painter, const GalleryState& state, const std::vector<Cell>& cells,
                 const QImage& defaultPicture) {
     painter.fillRect(state.stripArea, Back());
     const bool usable = state.HasItem(state.currentIndex) && !state.visible.IsNone();
-    if (!state.items.empty() && !usable)
+    if (!state.items.empty() && !usable) {
         return;
-    for (const Cell& cell : cells)
+    }
+    for (const Cell& cell : cells) {
         PaintCell(painter, cell, defaultPicture);
+    }
     state.buttons[state.strip.horizontal ? kThumbLeft : kThumbUp].Paint(painter);
     state.buttons[state.strip.horizontal ? kThumbRight : kThumbDown].Paint(painter);
     DrawBar(painter, state.stripBar);
@@ -152,8 +165,9 @@ QImage RenderCells(const std::vector<Cell>& cells, const QImage& defaultPicture,
     image.setDevicePixelRatio(pixelRatio);
     image.fill(Back());
     QPainter painter(&image);
-    for (const Cell& cell : cells)
+    for (const Cell& cell : cells) {
         PaintCell(painter, cell, defaultPicture);
+    }
     return image;
 }
 
@@ -168,15 +182,17 @@ void PaintBigPicture(QPainter& painter, const GalleryState& state,
     painter.save();
     painter.setClipRect(state.bigArea, Qt::IntersectClip);
     FillAround(painter, state.bigArea, images.empty() ? QRectF() : images.front().place);
-    for (const PlacedImage& placed : images)
+    for (const PlacedImage& placed : images) {
         DrawPlaced(painter, placed);
+    }
     painter.restore();
     DrawStepButtons(painter, state);
 }
 
 void PaintZoomLabel(QPainter& painter, const GalleryState& state) {
-    if (state.zoom.fit)
+    if (state.zoom.fit) {
         return;
+    }
     QRect label(0, 0, 64, 24);
     label.moveCenter({state.bigArea.center().x(), state.bigArea.bottom() - 24});
     painter.save();
@@ -197,13 +213,16 @@ void PaintSlide(QPainter& painter, const GalleryState& state, const SlideScene& 
     painter.fillRect(bounds, Back());
     const QRect oldPlace = scene.slide.OldAt(scene.offset);
     const QRect newPlace = scene.slide.NewAt(scene.offset);
-    if (oldPlace.intersects(bounds))
+    if (oldPlace.intersects(bounds)) {
         painter.drawImage(oldPlace.topLeft(), scene.oldImage);
-    if (newPlace.intersects(bounds))
+    }
+    if (newPlace.intersects(bounds)) {
         painter.drawImage(newPlace.topLeft(), scene.newImage);
+    }
     painter.restore();
-    if (scene.ofPicture)
+    if (scene.ofPicture) {
         DrawStepButtons(painter, state);
+    }
 }
 
 } // namespace gallery

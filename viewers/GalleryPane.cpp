@@ -36,8 +36,9 @@ std::span<const CDirectUIButton> GalleryPane::Buttons() const {
 }
 
 void GalleryPane::PressButton(int index) {
-    if (m_events != nullptr)
+    if (m_events != nullptr) {
         m_events->OnButtonPressed(index);
+    }
 }
 
 /// What was enabled or disabled since the last paint.
@@ -45,8 +46,9 @@ void GalleryPane::TellChangedButtons() {
     const std::span<const CDirectUIButton> buttons = Buttons();
     m_toldEnabled.resize(buttons.size(), false);
     for (size_t at = 0; at < buttons.size(); ++at) {
-        if (m_toldEnabled[at] == buttons[at].IsEnabled())
+        if (m_toldEnabled[at] == buttons[at].IsEnabled()) {
             continue;
+        }
         m_toldEnabled[at] = buttons[at].IsEnabled();
         emit ButtonEnabledChanged(int(at));
     }
@@ -56,33 +58,39 @@ bool GalleryPane::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip && m_events != nullptr) {
         const auto* help = static_cast<QHelpEvent*>(event);
         const QString tip = m_events->TipAt(help->pos());
-        if (tip.isEmpty())
+        if (tip.isEmpty()) {
             QToolTip::hideText();
-        else
+        } else {
             QToolTip::showText(help->globalPos(), toolkit::PlainTip(tip), this,
                                m_events->TipPlace(help->pos()));
+        }
         return true;
     }
-    if (event->type() == QEvent::ScreenChangeInternal && m_events != nullptr)
+    if (event->type() == QEvent::ScreenChangeInternal && m_events != nullptr) {
         m_events->OnShown();
+    }
     return QWidget::event(event);
 }
 
 void GalleryPane::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    if (m_events != nullptr)
+    if (m_events != nullptr) {
         m_events->OnShown();
+    }
 }
 
 bool GalleryPane::eventFilter(QObject* watched, QEvent* event) {
     // Seen here before anybody lays out anew.
-    if (watched == this && event->type() == QEvent::Resize)
+    if (watched == this && event->type() == QEvent::Resize) {
         m_resizing = true;
-    if (m_events == nullptr || event->type() != QEvent::KeyPress || !watched->isWidgetType())
+    }
+    if (m_events == nullptr || event->type() != QEvent::KeyPress || !watched->isWidgetType()) {
         return false;
+    }
     auto* widget = static_cast<QWidget*>(watched);
-    if (widget != this && !isAncestorOf(widget))
+    if (widget != this && !isAncestorOf(widget)) {
         return false;
+    }
     const auto* key = static_cast<QKeyEvent*>(event);
     return m_events->OnKey(key->key(), key->modifiers(), widget == this);
 }
@@ -93,41 +101,48 @@ void GalleryPane::paintEvent(QPaintEvent* event) {
     QBackingStore* store = window()->backingStore();
     const bool onScreen = isVisible() && store != nullptr &&
                           painter.paintEngine()->paintDevice() == store->paintDevice();
-    if (m_events != nullptr)
+    if (m_events != nullptr) {
         m_events->OnPaint(painter, event->region(), onScreen);
+    }
     TellChangedButtons();
 }
 
 void GalleryPane::mousePressEvent(QMouseEvent* event) {
-    if (m_events != nullptr && event->button() == Qt::LeftButton)
+    if (m_events != nullptr && event->button() == Qt::LeftButton) {
         m_events->OnLeftButtonDown(event->position().toPoint());
+    }
 }
 
 void GalleryPane::mouseReleaseEvent(QMouseEvent* event) {
-    if (m_events != nullptr && event->button() == Qt::LeftButton)
+    if (m_events != nullptr && event->button() == Qt::LeftButton) {
         m_events->OnLeftButtonUp(event->position().toPoint());
+    }
 }
 
 void GalleryPane::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (m_events != nullptr && event->button() == Qt::LeftButton)
+    if (m_events != nullptr && event->button() == Qt::LeftButton) {
         m_events->OnDoubleClick(event->position().toPoint());
+    }
 }
 
 void GalleryPane::mouseMoveEvent(QMouseEvent* event) {
-    if (m_events != nullptr)
+    if (m_events != nullptr) {
         m_events->OnMouseMove(event->position().toPoint());
+    }
 }
 
 void GalleryPane::leaveEvent(QEvent* event) {
     QWidget::leaveEvent(event);
-    if (m_events != nullptr)
+    if (m_events != nullptr) {
         m_events->OnMouseLeave();
+    }
 }
 
 void GalleryPane::wheelEvent(QWheelEvent* event) {
-    if (m_events != nullptr)
+    if (m_events != nullptr) {
         m_events->OnMouseWheel(event->angleDelta().y(), event->position().toPoint(),
                                event->modifiers().testFlag(Qt::ControlModifier));
+    }
     event->accept();
 }
 

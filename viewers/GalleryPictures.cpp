@@ -55,8 +55,9 @@ bool Serves(const DecodeJob& job, const GalleryItem& item, qreal ratio) {
 
 void FreeFarThumbs(std::vector<GalleryItem>& items, const ItemRange& range) {
     for (int i = 0; i < int(items.size()); ++i) {
-        if (i < range.first - kThumbsKept || i > range.last + kThumbsKept)
+        if (i < range.first - kThumbsKept || i > range.last + kThumbsKept) {
             items[size_t(i)].thumbDC.reset();
+        }
     }
 }
 
@@ -82,15 +83,17 @@ QSize DeviceSize(const QSize& size, qreal ratio) {
 }
 
 QSize GalleryPictures::SizeOf(GalleryItem& item) {
-    if (item.picSize.isEmpty() && !item.unreadable && !item.picPath.isEmpty())
+    if (item.picSize.isEmpty() && !item.unreadable && !item.picPath.isEmpty()) {
         item.picSize = toolkit::ReadPictureSize(item.picPath);
+    }
     return item.picSize;
 }
 
 QImage GalleryPictures::Big(const GalleryItem& item, const QSize& size, qreal ratio) {
     std::optional<toolkit::WaitCursor> wait;
-    if (qint64(item.picSize.width()) * item.picSize.height() > kSlowPixels)
+    if (qint64(item.picSize.width()) * item.picSize.height() > kSlowPixels) {
         wait.emplace();
+    }
     QImage image = m_cache.Get(item.picPath, DeviceSize(size, ratio));
     image.setDevicePixelRatio(ratio);
     return image;
@@ -98,26 +101,30 @@ QImage GalleryPictures::Big(const GalleryItem& item, const QSize& size, qreal ra
 
 void GalleryPictures::LookAhead(GalleryState& state, int step, qreal ratio) {
     GalleryItem* next = state.ItemAt(state.currentIndex + step);
-    if (next == nullptr || next->picState != kOnDisk)
+    if (next == nullptr || next->picState != kOnDisk) {
         return;
+    }
     const QRect place = KXTools::FitRectToParent(state.bigArea, SizeOf(*next));
-    if (place.isEmpty())
+    if (place.isEmpty()) {
         return;
+    }
     const QSize size = place.size() - QSize(2 * kPictureMargin, 2 * kPictureMargin);
     m_cache.Prepare(next->picPath, DeviceSize(size, ratio));
 }
 
 QImage GalleryPictures::ThumbFromBig(const GalleryItem& item, const QSize& deviceSize) const {
     const QImage big = m_cache.Find(item.picPath);
-    if (big.isNull() || item.picSize.isEmpty())
+    if (big.isNull() || item.picSize.isEmpty()) {
         return {};
+    }
     const double x = double(big.width()) / item.picSize.width();
     const double y = double(big.height()) / item.picSize.height();
     const QRect part = QRectF(item.coverRect.x() * x, item.coverRect.y() * y,
                               item.coverRect.width() * x, item.coverRect.height() * y)
                            .toRect();
-    if (part.width() < deviceSize.width() || part.height() < deviceSize.height())
+    if (part.width() < deviceSize.width() || part.height() < deviceSize.height()) {
         return {};
+    }
     return big.copy(part).scaled(deviceSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
@@ -126,8 +133,9 @@ void GalleryPictures::GiveUpThumbs(const std::vector<GalleryItem>& items, const 
                                    qreal ratio) {
     m_thumbs.remove_if([&](const std::shared_ptr<DecodeJob>& job) {
         for (int i = range.first; !range.IsNone() && i <= range.last; ++i) {
-            if (Serves(*job, items[size_t(i)], ratio))
+            if (Serves(*job, items[size_t(i)], ratio)) {
                 return false;
+            }
         }
         job->GiveUp();
         return true;
@@ -142,8 +150,9 @@ void GalleryPictures::WantThumbs(std::vector<GalleryItem>& items, const ItemRang
     for (int i = range.last; !range.IsNone() && i >= range.first; --i) {
         GalleryItem& item = items[size_t(i)];
         const auto serves = [&](const auto& job) { return Serves(*job, item, ratio); };
-        if (!LacksThumb(item, ratio) || std::any_of(m_thumbs.begin(), m_thumbs.end(), serves))
+        if (!LacksThumb(item, ratio) || std::any_of(m_thumbs.begin(), m_thumbs.end(), serves)) {
             continue;
+        }
         const QImage image = ThumbFromBig(item, ThumbSize(item, ratio));
         if (!image.isNull()) {
             PutThumb(item, image, ratio);
@@ -159,11 +168,13 @@ void GalleryPictures::WantThumbs(std::vector<GalleryItem>& items, const ItemRang
 std::vector<int> GalleryPictures::TakeThumbs(std::vector<GalleryItem>& items, qreal ratio) {
     std::vector<int> changed;
     m_thumbs.remove_if([&](const std::shared_ptr<DecodeJob>& job) {
-        if (!job->IsDone())
+        if (!job->IsDone()) {
             return false;
+        }
         for (size_t i = 0; i < items.size(); ++i) {
-            if (!Serves(*job, items[i], ratio))
+            if (!Serves(*job, items[i], ratio)) {
                 continue;
+            }
             PutThumb(items[i], job->GetIfDone(), ratio);
             changed.push_back(int(i));
         }
@@ -176,14 +187,16 @@ void GalleryPictures::MakeThumbs(std::vector<GalleryItem>& items, const ItemRang
                                  qreal ratio, toolkit::WindowId window) {
     WantThumbs(items, range, ratio, window);
     // The decoders begin at the near end, this thread at the far one, until they meet.
-    for (auto job = m_thumbs.rbegin(); job != m_thumbs.rend(); ++job)
+    for (auto job = m_thumbs.rbegin(); job != m_thumbs.rend(); ++job) {
         static_cast<void>((*job)->Get());
+    }
     static_cast<void>(TakeThumbs(items, ratio));
 }
 
 void GalleryPictures::MakeDefault(const QString& path, const QSize& size, qreal ratio) {
-    if (m_defaultPicDC)
+    if (m_defaultPicDC) {
         return;
+    }
     toolkit::PictureRequest request;
     request.path = path;
     request.part =
@@ -213,12 +226,15 @@ void GalleryPictures::StartSharp(const GalleryState& state, const QRect& part,
 
 void GalleryPictures::WantSharp(const GalleryState& state, toolkit::WindowId window, qreal ratio) {
     const QRect part = VisiblePart(state.zoom, ViewOf(state, ratio));
-    if (state.zoom.fit || part.isEmpty())
+    if (state.zoom.fit || part.isEmpty()) {
         return;
-    if (m_sharpJob && m_sharpScale != state.zoom.scale)
+    }
+    if (m_sharpJob && m_sharpScale != state.zoom.scale) {
         ForgetSharp();
-    if (m_sharpJob && (!m_sharpJob->IsDone() || m_sharpJob->Request().part.contains(part)))
+    }
+    if (m_sharpJob && (!m_sharpJob->IsDone() || m_sharpJob->Request().part.contains(part))) {
         return;
+    }
     m_sharpBefore = std::move(m_sharpJob);
     StartSharp(state, part, window);
 }
@@ -228,8 +244,9 @@ PlacedImage GalleryPictures::Sharp(const GalleryState& state, qreal ratio) const
     const bool before = usable && !m_sharpJob->IsDone();
     const std::shared_ptr<DecodeJob>& job = before ? m_sharpBefore : m_sharpJob;
     QImage image = usable && job ? job->GetIfDone() : QImage();
-    if (image.isNull())
+    if (image.isNull()) {
         return {};
+    }
     image.setDevicePixelRatio(ratio);
     const QRect decoded = job->Request().part;
     const QPointF corner = ZoomedRect(state.zoom, ViewOf(state, ratio)).topLeft();
@@ -239,16 +256,18 @@ PlacedImage GalleryPictures::Sharp(const GalleryState& state, qreal ratio) const
 }
 
 void GalleryPictures::ForgetSharp() {
-    if (m_sharpJob)
+    if (m_sharpJob) {
         m_sharpJob->GiveUp();
+    }
     m_sharpJob.reset();
     m_sharpBefore.reset();
 }
 
 void GalleryPictures::Clear() {
     ForgetSharp();
-    for (const std::shared_ptr<DecodeJob>& job : m_thumbs)
+    for (const std::shared_ptr<DecodeJob>& job : m_thumbs) {
         job->GiveUp();
+    }
     m_thumbs.clear();
     m_cache.Clear();
     m_defaultPicDC.reset();

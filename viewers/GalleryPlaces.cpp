@@ -25,8 +25,9 @@ QRect RightOf(const QRect& rect, int gap, int width) {
 } // namespace
 
 bool SuitsStrip(GalleryButton button, const StripShape& strip) {
-    if (button == kThumbLeft || button == kThumbRight)
+    if (button == kThumbLeft || button == kThumbRight) {
         return strip.horizontal;
+    }
     return (button != kThumbUp && button != kThumbDown) || !strip.horizontal;
 }
 
@@ -48,8 +49,9 @@ std::array<QRect, kGalleryButtons> ButtonPlaces(const QRect& bigArea, const Stri
 }
 
 QRect BarTrack(const StripShape& strip) {
-    if (strip.inner.isEmpty())
+    if (strip.inner.isEmpty()) {
         return {};
+    }
     if (strip.horizontal) {
         const int quarter = strip.inner.width() / 4;
         return Below(strip.inner, kBarGap, kBarThickness).adjusted(quarter, 0, -quarter, 0);
@@ -59,8 +61,9 @@ QRect BarTrack(const StripShape& strip) {
 }
 
 QRect BarThumb(const ThumbBar& bar) {
-    if (bar.trackRect.isEmpty() || bar.maxPos == bar.minPos)
+    if (bar.trackRect.isEmpty() || bar.maxPos == bar.minPos) {
         return bar.thumbRect;
+    }
     const double range = double(bar.maxPos) - bar.minPos + 1;
     const int length = bar.horizontal ? bar.trackRect.width() : bar.trackRect.height();
     // Single precision in the products decides about a pixel in long lists; required as is.

@@ -31,8 +31,9 @@ void PlaceCells(GalleryState& state, const SizeReader& sizeOf) {
         GalleryItem& item = state.items[size_t(i)];
         item.thumbRect =
             ThumbRectOf(StripCell(state.strip, state.Count(), i - state.visible.first));
-        if (item.picState == kOnDisk)
+        if (item.picState == kOnDisk) {
             UpdateCover(item, sizeOf(i));
+        }
     }
 }
 
@@ -42,8 +43,9 @@ void MoveButtons(GalleryState& state) {
     for (size_t i = 0; i < kGalleryButtons; ++i) {
         CDirectUIButton& button = state.buttons[i];
         button.shown = SuitsStrip(GalleryButton(i), state.strip);
-        if (button.shown)
+        if (button.shown) {
             button.rect = places[i];
+        }
     }
 }
 
@@ -79,8 +81,9 @@ void ResetState(GalleryState& state) {
     state.stripBar = bar;
     state.stripBar.overflow = false;
     state.buttons = buttons;
-    for (CDirectUIButton& button : state.buttons)
+    for (CDirectUIButton& button : state.buttons) {
         button.Enable(false);
+    }
 }
 
 void ClearItems(GalleryState& state) {
@@ -96,8 +99,9 @@ void UpdateCover(GalleryItem& item, const QSize& picSize) {
 }
 
 void LayoutStrip(GalleryState& state, StripMode mode, const SizeReader& sizeOf) {
-    if (state.items.empty())
+    if (state.items.empty()) {
         return;
+    }
     const RangeRequest request = RequestOf(state, mode);
     state.visibleCount = std::min(request.count, request.capacity);
     state.visible = StripRange(request);
@@ -115,12 +119,14 @@ void ComputePicRect(GalleryState& state, const SizeReader& sizeOf) {
     state.prevPicRect = state.picRect;
     state.picRect = {};
     state.zoom = {};
-    if (!state.HasItem(state.currentIndex))
+    if (!state.HasItem(state.currentIndex)) {
         return;
+    }
     const QRect fitted = KXTools::FitRectToParent(state.bigArea, sizeOf(state.currentIndex));
-    if (!fitted.isEmpty())
+    if (!fitted.isEmpty()) {
         state.picRect =
             fitted.adjusted(kPictureMargin, kPictureMargin, -kPictureMargin, -kPictureMargin);
+    }
 }
 
 void PlaceAreas(GalleryState& state, const QRect& bigArea, const QRect& stripArea,
@@ -141,11 +147,13 @@ void PlaceAreas(GalleryState& state, const QRect& bigArea, const QRect& stripAre
 }
 
 bool MakeCurrent(GalleryState& state, int index, StripMode mode, const SizeReader& sizeOf) {
-    if (index == state.currentIndex || !state.HasItem(index))
+    if (index == state.currentIndex || !state.HasItem(index)) {
         return false;
+    }
     state.currentIndex = index;
-    if (MovesStrip(RequestOf(state, mode)))
+    if (MovesStrip(RequestOf(state, mode))) {
         LayoutStrip(state, mode, sizeOf);
+    }
     ComputePicRect(state, sizeOf);
     return true;
 }
@@ -158,8 +166,9 @@ void UpdateStepButtons(GalleryState& state) {
 
 bool PageStrip(GalleryState& state, bool forward, const SizeReader& sizeOf) {
     // The pairs are enabled alike, so the vertical one speaks for both orientations.
-    if (!state.buttons[forward ? kThumbDown : kThumbUp].IsEnabled())
+    if (!state.buttons[forward ? kThumbDown : kThumbUp].IsEnabled()) {
         return false;
+    }
     state.prevVisible = state.visible;
     state.stripSlidePending = true;
     LayoutStrip(state, forward ? kPageForward : kPageBack, sizeOf);
@@ -168,8 +177,9 @@ bool PageStrip(GalleryState& state, bool forward, const SizeReader& sizeOf) {
 
 int ThumbAt(const GalleryState& state, const QPoint& point) {
     for (int i = state.visible.first; !state.visible.IsNone() && i <= state.visible.last; ++i) {
-        if (state.items[size_t(i)].thumbRect.contains(point))
+        if (state.items[size_t(i)].thumbRect.contains(point)) {
             return i;
+        }
     }
     return -1;
 }

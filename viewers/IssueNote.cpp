@@ -44,16 +44,18 @@ QString IssueNote::Path() const {
 }
 
 bool IssueNote::OnPress() {
-    if (m_voiceUuid.isEmpty())
+    if (m_voiceUuid.isEmpty()) {
         return false;
+    }
     if (!QFile::exists(Path())) {
         StartVoiceDownload();
         return false;
     }
-    if (VerifyVoice())
+    if (VerifyVoice()) {
         m_voiceState = kOnDisk;
-    else
+    } else {
         StartVoiceDownload();
+    }
     return true;
 }
 
@@ -80,17 +82,19 @@ void IssueNote::StartVoiceDownload() {
 }
 
 void IssueNote::OnAudioProgress(int value) {
-    if (value == kVoiceAwaited)
+    if (value == kVoiceAwaited) {
         m_voiceState = kWaiting;
-    else if (value == kVoiceArrived)
+    } else if (value == kVoiceArrived) {
         m_voiceState = VerifyVoice() ? kOnDisk : kDownloadFailedState;
+    }
 }
 
 QString FileMd5(const QString& path) {
     QFile file(path);
     QCryptographicHash sum(QCryptographicHash::Md5);
-    if (!path.isEmpty() && file.open(QIODevice::ReadOnly))
+    if (!path.isEmpty() && file.open(QIODevice::ReadOnly)) {
         sum.addData(&file);
+    }
     return QString::fromLatin1(sum.result().toHex());
 }
 

@@ -39,8 +39,9 @@ void NotePlayer::MakeControls(QWidget* parent) {
 
 void NotePlayer::ShowNote() {
     const NoteSource note = m_terms.source();
-    if (m_button)
+    if (m_button) {
         m_button->setEnabled(!note.uuid.isEmpty());
+    }
     ShowText(IdleText(note.uuid));
 }
 
@@ -49,31 +50,36 @@ void NotePlayer::OnPicChanged() {
         StopIfPlaying();
         return;
     }
-    if (m_terms.change == NoteChange::GoesOn)
+    if (m_terms.change == NoteChange::GoesOn) {
         return;
+    }
     const QString uuid = m_terms.source().uuid;
     const bool other = uuid != m_lastUuid;
     m_lastUuid = uuid;
-    if (other)
+    if (other) {
         StopIfPlaying();
+    }
     // A note that plays on keeps its time display.
-    if (other || uuid.isEmpty())
+    if (other || uuid.isEmpty()) {
         ShowNote();
+    }
 }
 
 bool NotePlayer::OnTimer(int timerId) {
-    if (timerId == kNoteTickTimer)
+    if (timerId == kNoteTickTimer) {
         OnSecond();
-    else if (timerId == kNoteWaitTimer)
+    } else if (timerId == kNoteWaitTimer) {
         OnWaited();
-    else
+    } else {
         return false;
+    }
     return true;
 }
 
 bool NotePlayer::OnCommand(int commandId) {
-    if (commandId != kNoteButton)
+    if (commandId != kNoteButton) {
         return false;
+    }
     OnPress();
     return true;
 }
@@ -96,13 +102,15 @@ void NotePlayer::StopAudio() {
 }
 
 void NotePlayer::StopIfPlaying() {
-    if (IsPlaying())
+    if (IsPlaying()) {
         StopAudio();
+    }
 }
 
 void NotePlayer::OnPress() {
-    if (m_terms.beforePress && !m_terms.beforePress())
+    if (m_terms.beforePress && !m_terms.beforePress()) {
         return;
+    }
     const NoteSource note = m_terms.source();
     const NoteStep step = OnPlayPressed(m_player.GetPlayState(), note.state);
     ShowImage(step.image);
@@ -130,8 +138,9 @@ void NotePlayer::OnPress() {
 void NotePlayer::OnSecond() {
     const quint32 pos = m_progress ? quint32(m_progress->GetPos()) + 1 : 0;
     ShowPos(pos);
-    if (pos >= m_audioSeconds)
+    if (pos >= m_audioSeconds) {
         StopAudio();
+    }
 }
 
 /// The wait isn't ended by a change of picture: a note of the new one that is there starts by
@@ -170,14 +179,16 @@ void NotePlayer::PlayNote(const NoteSource& note) {
 }
 
 void NotePlayer::ShowPos(quint32 pos) {
-    if (m_progress)
+    if (m_progress) {
         m_progress->SetPos(int(pos));
+    }
     ShowText(PositionText(pos, m_audioSeconds));
 }
 
 void NotePlayer::ShowImage(NoteImage image) {
-    if (!m_button)
+    if (!m_button) {
         return;
+    }
     const bool play = image == NoteImage::Play;
     m_button->SetButtonImage(play ? u"play"_s : u"stop"_s, kButtonSize);
     m_button->setAccessibleName(play ? u"播放语音"_s : u"停止播放语音"_s);
@@ -185,8 +196,9 @@ void NotePlayer::ShowImage(NoteImage image) {
 }
 
 void NotePlayer::ShowText(const QString& text) {
-    if (m_status)
+    if (m_status) {
         m_status->setText(text);
+    }
 }
 
 } // namespace gallery

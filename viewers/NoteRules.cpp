@@ -29,10 +29,12 @@ NoteStep StepFor(qint32 noteState, NoteAction onTheWay) {
 } // namespace
 
 NoteStep OnPlayPressed(PlayState player, qint32 noteState) {
-    if (player == PlayState::Playing)
+    if (player == PlayState::Playing) {
         return {NoteAction::StopPlaying, NoteImage::Play};
-    if (player != PlayState::Idle)
+    }
+    if (player != PlayState::Idle) {
         return {NoteAction::None, NoteImage::Stop};
+    }
     return StepFor(noteState, NoteAction::Wait);
 }
 
@@ -70,8 +72,9 @@ int ProgressEnd(quint32 seconds) {
 
 NoteSource CurrentNote(const GalleryState& gallery) {
     const GalleryItem* item = gallery.ItemAt(gallery.currentIndex);
-    if (item == nullptr)
+    if (item == nullptr) {
         return {};
+    }
     return {item->audioUuid, item->audioPath, item->audioState};
 }
 

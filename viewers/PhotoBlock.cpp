@@ -48,8 +48,9 @@ void PhotoBlock::MakeControls(QWidget& pane, NotePlayer& note) {
 }
 
 void PhotoBlock::LayOut(const QSize& pane, NotePlayer& note) {
-    if (!HasControls())
+    if (!HasControls()) {
         return;
+    }
     const PhotoBlockLayout layout = LayoutPhotoBlock(pane, m_shape);
     separator->setGeometry(layout.separator);
     markText->setGeometry(layout.mark);

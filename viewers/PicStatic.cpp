@@ -16,8 +16,9 @@ CPicStatic::CPicStatic(QWidget* parent) : QWidget(parent) {
 const QImage& CPicStatic::Rendering() {
     const QSize size = m_clientRect.size() * devicePixelRatio();
     const QDateTime time = QFileInfo(picPath).lastModified();
-    if (m_renderedPath == picPath && m_renderedTime == time && m_rendering.size() == size)
+    if (m_renderedPath == picPath && m_renderedTime == time && m_rendering.size() == size) {
         return m_rendering;
+    }
     const QRect part = KXTools::RectToCoverParent(m_clientRect, toolkit::ReadPictureSize(picPath));
     m_rendering =
         part.isEmpty() ? QImage() : toolkit::DecodePicture({picPath, part, size, {250, 250, 250}});
@@ -38,6 +39,7 @@ void CPicStatic::paintEvent(QPaintEvent* event) {
     }
     CKxMemDC surface(&painter, m_clientRect, true, true);
     surface.Painter().fillRect(m_clientRect, toolkit::Colors::Pane());
-    if (!Rendering().isNull())
+    if (!Rendering().isNull()) {
         surface.Painter().drawImage(m_clientRect.topLeft(), m_rendering);
+    }
 }

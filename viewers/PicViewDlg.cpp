@@ -57,8 +57,9 @@ CPicViewDlg::CPicViewDlg() {
 }
 
 CPicViewDlg::~CPicViewDlg() {
-    if (m_pane)
+    if (m_pane) {
         static_cast<gallery::GalleryPane*>(m_pane.data())->Detach();
+    }
 }
 
 QWidget* CPicViewDlg::MakeWindow(QWidget* parent) {
@@ -68,14 +69,16 @@ QWidget* CPicViewDlg::MakeWindow(QWidget* parent) {
 }
 
 void CPicViewDlg::OnCreated() {
-    for (const ButtonImage& image : kButtonImages)
+    for (const ButtonImage& image : kButtonImages) {
         m_state.buttons[image.button].SetImage(QImage(WorkFile(image.file)), image.clipType);
+    }
 }
 
 void CPicViewDlg::OnDestroyed() {
     // A pane that Qt is ending hands nothing on any more.
-    if (HasWindow())
+    if (HasWindow()) {
         static_cast<gallery::GalleryPane*>(m_pane.data())->Detach();
+    }
     m_pane.clear();
     ClearPicItems();
     ResetGallery();
@@ -89,12 +92,15 @@ void CPicViewDlg::ResetGallery() {
     m_pictures.Clear();
     m_dragFrom.reset();
     m_travel = 1;
-    if (m_serverText.isEmpty())
+    if (m_serverText.isEmpty()) {
         GetKXGlobalData()->GetClientVersionText(m_serverText);
-    if (m_defaultPicPath.isEmpty())
+    }
+    if (m_defaultPicPath.isEmpty()) {
         m_defaultPicPath = WorkFile(u"DefaultPic.jpg");
-    if (!QFileInfo::exists(m_defaultPicPath))
+    }
+    if (!QFileInfo::exists(m_defaultPicPath)) {
         ZelvorNRQ_KXVeskPicture::WriteLog(u"找不到图片文件："_s + m_defaultPicPath);
+    }
 }
 
 void CPicViewDlg::ClearPicItems() {
@@ -111,15 +117,18 @@ void CPicViewDlg::SetPicItems(const std::vector<GalleryItem>& items) {
     for (GalleryItem& item : copy) {
         item.thumbDC.reset();
         item.fileThere = true;
-        if (ZelvorNRQ_KXVeskPicture::IsFetched(item.picPath))
+        if (ZelvorNRQ_KXVeskPicture::IsFetched(item.picPath)) {
             item.picState = kOnDisk;
-        if (item.audioUuid.isEmpty())
+        }
+        if (item.audioUuid.isEmpty()) {
             item.audioState = kNothingToFetch;
+        }
     }
     m_state.items = std::move(copy);
     if (m_state.items.empty()) {
-        for (CDirectUIButton& button : m_state.buttons)
+        for (CDirectUIButton& button : m_state.buttons) {
             button.Enable(false);
+        }
         UpdateAreas();
         return;
     }
@@ -128,13 +137,15 @@ void CPicViewDlg::SetPicItems(const std::vector<GalleryItem>& items) {
     m_state.stripBar.minPos = 0;
     m_state.stripBar.maxPos = m_state.Count() - 1;
     SetPicRects(m_state.bigArea, m_state.stripArea);
-    if (m_state.currentIndex >= 0)
+    if (m_state.currentIndex >= 0) {
         OnCurPicChanged(m_state.currentIndex);
+    }
 }
 
 void CPicViewDlg::SetPicRects(const QRect& bigArea, const QRect& stripArea) {
-    if (bigArea.isEmpty() || stripArea.isEmpty())
+    if (bigArea.isEmpty() || stripArea.isEmpty()) {
         return;
+    }
     const QRect oldBig = m_state.bigArea;
     const QRect oldStrip = m_state.stripArea;
     gallery::PlaceAreas(m_state, bigArea, stripArea, Sizes());
@@ -147,8 +158,9 @@ void CPicViewDlg::SelectPic(int index, gallery::StripMode mode) {
     // Freed whatever follows, so that the picture is rendered again; required as is.
     m_bigPicDC.reset();
     const int before = m_state.currentIndex;
-    if (!gallery::MakeCurrent(m_state, index, mode, Sizes()))
+    if (!gallery::MakeCurrent(m_state, index, mode, Sizes())) {
         return;
+    }
     m_travel = index > before ? 1 : -1;
     m_dragFrom.reset();
     m_pictures.ForgetSharp();
@@ -160,8 +172,9 @@ void CPicViewDlg::SelectPic(int index, gallery::StripMode mode) {
 }
 
 void CPicViewDlg::PageStrip(bool forward) {
-    if (!gallery::PageStrip(m_state, forward, Sizes()))
+    if (!gallery::PageStrip(m_state, forward, Sizes())) {
         return;
+    }
     RunStripSlide();
     RepaintStrip();
 }

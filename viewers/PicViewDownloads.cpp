@@ -25,13 +25,15 @@ bool& StripTimerFlag() {
 } // namespace
 
 void CPicViewDlg::StartDownloads() {
-    if (m_state.items.empty())
+    if (m_state.items.empty()) {
         return;
+    }
     while (m_state.activeDownloads < m_state.maxDownloads) {
         const auto next =
             gallery::NextDownload(m_state.items, m_state.visible, m_state.currentIndex);
-        if (!next)
+        if (!next) {
             break;
+        }
         StartDownload(next->index, next->kind);
     }
     UpdateStripTimer();
@@ -39,26 +41,30 @@ void CPicViewDlg::StartDownloads() {
 
 void CPicViewDlg::UpdateStripTimer() {
     if (gallery::AnyVisiblePending(m_state.items, m_state.visible)) {
-        if (!StripTimerFlag())
+        if (!StripTimerFlag()) {
             SetTimer(gallery::kStripTimer, kStripTimerMs);
+        }
         StripTimerFlag() = true;
         return;
     }
-    if (!StripTimerFlag())
+    if (!StripTimerFlag()) {
         return;
+    }
     StripTimerFlag() = false;
     RepaintStrip();
     KillTimer(gallery::kStripTimer);
 }
 
 void CPicViewDlg::StartDownload(int index, DownloadKind kind) {
-    if (m_state.activeDownloads >= m_state.maxDownloads)
+    if (m_state.activeDownloads >= m_state.maxDownloads) {
         return;
+    }
     ++m_state.activeDownloads;
     gallery::DownloadTask task;
     task.key = {index, kind};
-    if (qint32* state = StateOf(task.key))
+    if (qint32* state = StateOf(task.key)) {
         *state = kDownloading;
+    }
     task.target = Id();
     task.serverText = m_serverText;
     if (index == gallery::kExtraAudio) {
@@ -76,21 +82,24 @@ void CPicViewDlg::StartDownload(int index, DownloadKind kind) {
 
 /// Null for an index that is not in the list.
 qint32* CPicViewDlg::StateOf(const DownloadKey& key) {
-    if (key.index == gallery::kExtraAudio)
+    if (key.index == gallery::kExtraAudio) {
         return &extraAudio.state;
+    }
     GalleryItem* item = m_state.ItemAt(key.index);
-    if (item == nullptr)
+    if (item == nullptr) {
         return nullptr;
+    }
     return key.kind == DownloadKind::Picture ? &item->picState : &item->audioState;
 }
 
 void CPicViewDlg::OnDownloadProgress(const DownloadKey& key, int percent) {
-    if (key.index == gallery::kExtraAudio)
+    if (key.index == gallery::kExtraAudio) {
         extraAudio.progress = percent;
-    else if (key.kind == DownloadKind::Audio)
+    } else if (key.kind == DownloadKind::Audio) {
         OnAudioProgress(percent);
-    else if (GalleryItem* item = m_state.ItemAt(key.index))
+    } else if (GalleryItem* item = m_state.ItemAt(key.index)) {
         item->picProgress = percent;
+    }
 }
 
 void CPicViewDlg::OnDownloadDone(const DownloadKey& key, qint32 status) {
@@ -98,25 +107,31 @@ void CPicViewDlg::OnDownloadDone(const DownloadKey& key, qint32 status) {
     // The next download starts before this one's state is written: the visible item that has just
     // ended counts as running, and the strip goes on repainting; required as is.
     StartDownloads();
-    if (qint32* state = StateOf(key))
+    if (qint32* state = StateOf(key)) {
         *state = status == 0 ? kOnDisk : kDownloadFailedState;
-    if (status != 0)
+    }
+    if (status != 0) {
         return;
-    if (key.kind == DownloadKind::Audio)
+    }
+    if (key.kind == DownloadKind::Audio) {
         OnAudioProgress(kAudioArrived);
-    else
+    } else {
         ShowFinishedPicture(key.index);
+    }
 }
 
 void CPicViewDlg::ShowFinishedPicture(int index) {
     GalleryItem* item = m_state.ItemAt(index);
     // What was there before the file was whole may have been no picture.
-    if (item != nullptr)
+    if (item != nullptr) {
         item->unreadable = false;
-    if (item != nullptr && m_state.visible.Contains(index))
+    }
+    if (item != nullptr && m_state.visible.Contains(index)) {
         gallery::UpdateCover(*item, SizeOf(index));
-    if (item == nullptr || index != m_state.currentIndex)
+    }
+    if (item == nullptr || index != m_state.currentIndex) {
         return;
+    }
     m_bigPicDC.reset();
     gallery::ComputePicRect(m_state, Sizes());
     Repaint(m_state.bigArea);

@@ -14,8 +14,9 @@ constexpr int kWheelNotch = 120;
 /// Also a disabled one.
 const CDirectUIButton* ButtonUnder(const gallery::GalleryState& state, const QPoint& point) {
     for (const CDirectUIButton& button : state.buttons) {
-        if (button.Covers(point))
+        if (button.Covers(point)) {
             return &button;
+        }
     }
     return nullptr;
 }
@@ -28,8 +29,9 @@ const CDirectUIButton* ButtonAt(const gallery::GalleryState& state, const QPoint
 } // namespace
 
 void CPicViewDlg::TakeFocus() {
-    if (m_pane)
+    if (m_pane) {
         m_pane->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 bool CPicViewDlg::PressButton(const QPoint& point) {
@@ -51,14 +53,16 @@ void CPicViewDlg::ClickThumb(int index) {
 }
 
 void CPicViewDlg::OnLeftButtonDown(const QPoint& point) {
-    if (PressButton(point))
+    if (PressButton(point)) {
         return;
+    }
     TakeFocus();
     const int index = gallery::ThumbAt(m_state, point);
-    if (index >= 0)
+    if (index >= 0) {
         ClickThumb(index);
-    else if (!m_state.zoom.fit && m_state.bigArea.contains(point))
+    } else if (!m_state.zoom.fit && m_state.bigArea.contains(point)) {
         m_dragFrom = point;
+    }
     UpdateCursor(point);
 }
 
@@ -68,8 +72,9 @@ void CPicViewDlg::OnLeftButtonUp(const QPoint& point) {
     for (CDirectUIButton& button : m_state.buttons) {
         const bool pressed = button.IsPressed();
         const bool clicked = button.Release(point);
-        if (pressed)
+        if (pressed) {
             Repaint(button.rect);
+        }
         if (clicked) {
             OnCommand(button.id);
             return;
@@ -91,11 +96,13 @@ void CPicViewDlg::OnDoubleClick(const QPoint& point) {
 void CPicViewDlg::OnCommand(int commandId) {
     const int current = m_state.currentIndex;
     if (commandId == m_state.buttons[gallery::kPrevPic].id) {
-        if (current >= 1)
+        if (current >= 1) {
             SelectPic(current - 1, gallery::kCurrentFirst);
+        }
     } else if (commandId == m_state.buttons[gallery::kNextPic].id) {
-        if (m_state.HasItem(current))
+        if (m_state.HasItem(current)) {
             SelectPic(current + 1, gallery::kCurrentLast);
+        }
     } else {
         PageStrip(commandId == m_state.buttons[gallery::kThumbRight].id ||
                   commandId == m_state.buttons[gallery::kThumbDown].id);
@@ -103,8 +110,9 @@ void CPicViewDlg::OnCommand(int commandId) {
 }
 
 void CPicViewDlg::SetHover(int index) {
-    if (index == m_state.hoverIndex)
+    if (index == m_state.hoverIndex) {
         return;
+    }
     m_state.hoverIndex = index;
     RepaintStrip();
 }
@@ -118,8 +126,9 @@ void CPicViewDlg::OnMouseMove(const QPoint& point) {
     }
     SetHover(gallery::ThumbAt(m_state, point));
     for (CDirectUIButton& button : m_state.buttons) {
-        if (button.PointAt(point))
+        if (button.PointAt(point)) {
             Repaint(button.rect);
+        }
     }
     UpdateCursor(point);
 }
@@ -127,16 +136,18 @@ void CPicViewDlg::OnMouseMove(const QPoint& point) {
 void CPicViewDlg::OnMouseLeave() {
     SetHover(-1);
     for (CDirectUIButton& button : m_state.buttons) {
-        if (button.PointAt({-1, -1}))
+        if (button.PointAt({-1, -1})) {
             Repaint(button.rect);
+        }
     }
 }
 
 void CPicViewDlg::OnMouseWheel(int delta, const QPoint& point, bool control) {
     if (control) {
-        if (m_state.bigArea.contains(point))
+        if (m_state.bigArea.contains(point)) {
             SetZoom(gallery::ZoomBy(m_state.zoom, gallery::ViewOf(m_state, Ratio()),
                                     double(delta) / kWheelNotch, point));
+        }
         return;
     }
     m_state.skipSlide = true;
@@ -147,14 +158,16 @@ void CPicViewDlg::OnMouseWheel(int delta, const QPoint& point, bool control) {
 
 bool CPicViewDlg::OnKey(int key, Qt::KeyboardModifiers modifiers, bool onPane) {
     // Neither closes the dialog nor presses a button, in any viewer.
-    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape)
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape) {
         return true;
+    }
     if (key == Qt::Key_C && modifiers == Qt::ControlModifier && onPane) {
         CopyPicture();
         return true;
     }
-    if (m_state.items.empty() || (modifiers & (Qt::ControlModifier | Qt::AltModifier)) != 0)
+    if (m_state.items.empty() || (modifiers & (Qt::ControlModifier | Qt::AltModifier)) != 0) {
         return false;
+    }
     return StepByKey(key);
 }
 
@@ -188,29 +201,34 @@ bool CPicViewDlg::StepByKey(int key) {
 
 void CPicViewDlg::SetZoom(const gallery::Zoom& zoom) {
     m_state.zoom = gallery::ClampZoom(zoom, gallery::ViewOf(m_state, Ratio()));
-    if (zoom.fit)
+    if (zoom.fit) {
         m_pictures.ForgetSharp();
-    else
+    } else {
         m_pictures.WantSharp(m_state, Id(), Ratio());
-    if (m_pane)
+    }
+    if (m_pane) {
         m_pane->update(m_state.bigArea);
+    }
 }
 
 void CPicViewDlg::UpdateCursor(const QPoint& point) {
-    if (!m_pane)
+    if (!m_pane) {
         return;
+    }
     const bool draggable =
         !m_state.zoom.fit && m_state.bigArea.contains(point) && ButtonAt(m_state, point) == nullptr;
-    if (draggable)
+    if (draggable) {
         m_pane->setCursor(m_dragFrom ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
-    else
+    } else {
         m_pane->unsetCursor();
+    }
 }
 
 void CPicViewDlg::CopyPicture() const {
     const GalleryItem* item = m_state.ItemAt(m_state.currentIndex);
-    if (item != nullptr && !m_state.picRect.isEmpty())
+    if (item != nullptr && !m_state.picRect.isEmpty()) {
         QGuiApplication::clipboard()->setMimeData(new gallery::PictureClip(item->picPath));
+    }
 }
 
 QString CPicViewDlg::TipAt(const QPoint& point) const {
@@ -229,6 +247,7 @@ std::span<const CDirectUIButton> CPicViewDlg::Buttons() const {
 
 void CPicViewDlg::OnButtonPressed(int index) {
     const CDirectUIButton& button = m_state.buttons[size_t(index)];
-    if (button.IsEnabled())
+    if (button.IsEnabled()) {
         OnCommand(button.id);
+    }
 }

@@ -19,27 +19,31 @@ qreal CPicViewDlg::Ratio() const {
 }
 
 void CPicViewDlg::Repaint(const QRect& area) {
-    if (!m_pane || area.isEmpty())
+    if (!m_pane || area.isEmpty()) {
         return;
+    }
     // A window that gets its new size is painted right afterwards.
-    if (static_cast<gallery::GalleryPane*>(m_pane.data())->IsResizing())
+    if (static_cast<gallery::GalleryPane*>(m_pane.data())->IsResizing()) {
         m_pane->update(area);
-    else
+    } else {
         m_pane->repaint(area);
+    }
 }
 
 void CPicViewDlg::EraseFreed(const QRect& oldBig, const QRect& oldStrip) {
     const QRegion kept = QRegion(m_state.bigArea) + m_state.stripArea;
     m_state.paintEnabled = false;
-    for (const QRect& freed : (QRegion(oldBig) + oldStrip) - kept)
+    for (const QRect& freed : (QRegion(oldBig) + oldStrip) - kept) {
         Repaint(freed);
+    }
     m_state.paintEnabled = true;
     UpdateAreas();
 }
 
 void CPicViewDlg::UpdateAreas() {
-    if (gallery::SlidesPicture(m_state))
+    if (gallery::SlidesPicture(m_state)) {
         RunPictureSlide();
+    }
     Repaint(m_state.bigArea);
     RunStripSlide();
     RepaintStrip();
@@ -47,23 +51,29 @@ void CPicViewDlg::UpdateAreas() {
 
 void CPicViewDlg::OnPaint(QPainter& painter, const QRegion& region, bool onScreen) {
     const QRegion areas = QRegion(m_state.bigArea) + m_state.stripArea;
-    for (const QRect& rest : m_state.paintEnabled ? region - areas : region)
+    for (const QRect& rest : m_state.paintEnabled ? region - areas : region) {
         painter.fillRect(rest, toolkit::Colors::Pane());
-    if (!m_state.paintEnabled)
+    }
+    if (!m_state.paintEnabled) {
         return;
-    if (!onScreen)
+    }
+    if (!onScreen) {
         CompleteStrip(m_state.visible);
-    if (region.intersects(m_state.bigArea))
+    }
+    if (region.intersects(m_state.bigArea)) {
         PaintPictureArea(painter);
-    if (region.intersects(m_state.stripArea))
+    }
+    if (region.intersects(m_state.stripArea)) {
         PaintStripArea(painter);
+    }
 }
 
 void CPicViewDlg::PaintPictureArea(QPainter& painter) {
-    if (m_slide && m_slide->ofPicture)
+    if (m_slide && m_slide->ofPicture) {
         gallery::PaintSlide(painter, m_state, *m_slide);
-    else
+    } else {
         PaintPicture(painter);
+    }
 }
 
 void CPicViewDlg::PaintPicture(QPainter& painter) {
@@ -80,8 +90,9 @@ void CPicViewDlg::PaintPicture(QPainter& painter) {
 
 /// False: the file can't be decoded.
 bool CPicViewDlg::RenderBigPicture() {
-    if (m_bigPicDC)
+    if (m_bigPicDC) {
         return true;
+    }
     const GalleryItem* item = m_state.ItemAt(m_state.currentIndex);
     const QImage image =
         item == nullptr ? QImage() : m_pictures.Big(*item, m_state.picRect.size(), Ratio());
@@ -99,10 +110,12 @@ std::vector<gallery::PlacedImage> CPicViewDlg::PictureLayers() {
     const gallery::ZoomView view = gallery::ViewOf(m_state, Ratio());
     const QRectF place = gallery::ZoomedRect(m_state.zoom, view);
     std::vector<gallery::PlacedImage> layers{{place, m_bigPicDC->Bitmap()}};
-    if (m_state.picRect.size() != m_bigPicDCRect.size())
+    if (m_state.picRect.size() != m_bigPicDCRect.size()) {
         SetTimer(gallery::kRenderTimer, kRenderDelayMs);
-    if (!m_state.zoom.fit)
+    }
+    if (!m_state.zoom.fit) {
         layers.push_back(m_pictures.Sharp(m_state, Ratio()));
+    }
     return layers;
 }
 
@@ -116,19 +129,22 @@ void CPicViewDlg::LookAtFiles(const gallery::ItemRange& range) {
         item.fileThere = item.picState != kOnDisk || QFileInfo::exists(item.picPath);
     }
     const GalleryItem* first = m_state.ItemAt(m_state.visible.first);
-    if (first != nullptr && !first->thumbRect.isEmpty())
+    if (first != nullptr && !first->thumbRect.isEmpty()) {
         m_pictures.MakeDefault(m_defaultPicPath, first->thumbRect.size(), Ratio());
+    }
 }
 
 /// What the strip needs of the disk is fetched before it is painted: looked at here, decoded by the
 /// decoders; a cell is painted again when its picture comes.
 void CPicViewDlg::PrepareStrip() {
-    if (!m_pane || m_state.stripArea.isEmpty())
+    if (!m_pane || m_state.stripArea.isEmpty()) {
         return;
+    }
     LookAtFiles(m_state.visible);
     m_pictures.WantThumbs(m_state.items, m_state.visible, Ratio(), Id());
-    if (!m_pictures.AwaitsThumbs())
+    if (!m_pictures.AwaitsThumbs()) {
         LookAhead();
+    }
 }
 
 /// Everything at once: for a slide, whose cells don't change, and for a picture of the pane.
@@ -144,28 +160,33 @@ void CPicViewDlg::RepaintStrip() {
 
 void CPicViewDlg::OnThumbReady() {
     for (const int index : m_pictures.TakeThumbs(m_state.items, Ratio())) {
-        if (m_pane && m_state.visible.Contains(index))
+        if (m_pane && m_state.visible.Contains(index)) {
             m_pane->update(m_state.items[size_t(index)].thumbRect);
+        }
     }
-    if (!m_pictures.AwaitsThumbs())
+    if (!m_pictures.AwaitsThumbs()) {
         LookAhead();
+    }
 }
 
 /// What the user sees now is complete: time for what comes next.
 void CPicViewDlg::LookAhead() {
-    if (m_pane && m_pane->isVisible())
+    if (m_pane && m_pane->isVisible()) {
         m_pictures.LookAhead(m_state, m_travel, Ratio());
+    }
 }
 
 void CPicViewDlg::OnUnreadable(int index) {
     GalleryItem* item = m_state.ItemAt(index);
     // By now another picture may be current, or the file whole.
-    if (item == nullptr || index != m_state.currentIndex || m_state.shownIndex != -1)
+    if (item == nullptr || index != m_state.currentIndex || m_state.shownIndex != -1) {
         return;
+    }
     gallery::MarkUnreadable(*item);
     gallery::ComputePicRect(m_state, Sizes());
-    if (m_pane)
+    if (m_pane) {
         m_pane->update(m_state.bigArea);
+    }
 }
 
 std::vector<gallery::Cell> CPicViewDlg::CellsOf(const gallery::ItemRange& range) const {
@@ -177,12 +198,14 @@ std::vector<gallery::Cell> CPicViewDlg::CellsOf(const gallery::ItemRange& range)
         cell.state = item.picState;
         cell.percent = item.picProgress;
         cell.fileThere = item.fileThere;
-        if (item.thumbDC)
+        if (item.thumbDC) {
             cell.picture = item.thumbDC->Bitmap();
-        if (i == m_state.currentIndex)
+        }
+        if (i == m_state.currentIndex) {
             cell.frame = gallery::CellFrame::Current;
-        else if (i == m_state.hoverIndex)
+        } else if (i == m_state.hoverIndex) {
             cell.frame = gallery::CellFrame::Hover;
+        }
         cells.push_back(cell);
     }
     return cells;
@@ -192,14 +215,16 @@ std::vector<gallery::Cell> CPicViewDlg::CellsOf(const gallery::ItemRange& range)
 void CPicViewDlg::PaintStripArea(QPainter& painter) {
     painter.setClipRect(m_state.stripArea, Qt::IntersectClip);
     gallery::PaintStrip(painter, m_state, CellsOf(m_state.visible), m_pictures.Default());
-    if (m_slide && !m_slide->ofPicture)
+    if (m_slide && !m_slide->ofPicture) {
         gallery::PaintSlide(painter, m_state, *m_slide);
+    }
 }
 
 /// Every frame is a state, a repaint and a sleep; no other event is handled in between.
 void CPicViewDlg::RunSlide(gallery::SlideScene scene) {
-    if (!m_pane || !m_pane->isVisible())
+    if (!m_pane || !m_pane->isVisible()) {
         return;
+    }
     m_slide = std::move(scene);
     for (const int offset : gallery::SlideOffsets(m_slide->slide.distance)) {
         m_slide->offset = offset;
@@ -211,16 +236,18 @@ void CPicViewDlg::RunSlide(gallery::SlideScene scene) {
 
 void CPicViewDlg::RunPictureSlide() {
     const GalleryItem* shown = m_state.ItemAt(m_state.shownIndex);
-    if (!m_pane || !m_pane->isVisible() || m_state.prevPicRect.isEmpty())
+    if (!m_pane || !m_pane->isVisible() || m_state.prevPicRect.isEmpty()) {
         return;
+    }
     gallery::SlideScene scene;
     scene.slide =
         gallery::PictureSlide({m_state.bigArea, m_state.prevPicRect, m_state.picRect,
                                m_state.strip.horizontal, m_state.shownIndex, m_state.currentIndex});
     scene.ofPicture = true;
     scene.oldImage = m_pictures.Big(*shown, m_state.prevPicRect.size(), Ratio());
-    if (scene.oldImage.isNull() || !RenderBigPicture())
+    if (scene.oldImage.isNull() || !RenderBigPicture()) {
         return;
+    }
     scene.newImage = m_bigPicDC->Bitmap();
     RunSlide(std::move(scene));
     m_state.shownIndex = m_state.currentIndex;
@@ -233,21 +260,24 @@ QImage CPicViewDlg::RenderStripCells(const gallery::ItemRange& range) {
     const gallery::StripShape& strip = m_state.strip;
     const QSize cell(strip.cellWidth, strip.cellHeight);
     const QPoint step = strip.horizontal ? QPoint(cell.width(), 0) : QPoint(0, cell.height());
-    for (size_t i = 0; i < cells.size(); ++i)
+    for (size_t i = 0; i < cells.size(); ++i) {
         cells[i].rect = gallery::ThumbRectOf(QRect(step * int(i), cell));
+    }
     const QPoint end = step * int(cells.size() - 1);
     return gallery::RenderCells(cells, m_pictures.Default(), QSize(end.x(), end.y()) + cell,
                                 Ratio());
 }
 
 void CPicViewDlg::RunStripSlide() {
-    if (!m_state.stripSlidePending)
+    if (!m_state.stripSlidePending) {
         return;
+    }
     m_state.stripSlidePending = false;
     const auto plan =
         gallery::PlanStripSlide({m_state.strip, m_state.prevVisible, m_state.visible});
-    if (!plan || !m_pane || !m_pane->isVisible())
+    if (!plan || !m_pane || !m_pane->isVisible()) {
         return;
+    }
     gallery::SlideScene scene;
     scene.slide = plan->slide;
     scene.oldImage = RenderStripCells(plan->outgoing);

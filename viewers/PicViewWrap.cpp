@@ -22,8 +22,9 @@ void CPicViewWrap::OnCreated() {
 
 void CPicViewWrap::LayoutWrap() {
     QWidget* pane = PaneOf().Widget();
-    if (pane == nullptr)
+    if (pane == nullptr) {
         return;
+    }
     pane->setGeometry(Widget()->rect());
     pane->update();
 }

@@ -49,8 +49,9 @@ void PickImageFiles(std::vector<PickedImage>& picked, bool& occupied) {
 bool SaveReducedJpeg(const QString& source, const QString& target) {
     const QImage image = toolkit::DecodeWholePicture(source);
     QSaveFile file(target);
-    if (!file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly)) {
         return false;
+    }
     QImageWriter writer(&file, "jpeg");
     writer.setQuality(kReducedQuality);
     // What closing writes is not looked at: on a full disk half a file would stand there.

@@ -43,8 +43,9 @@ PictureCache::Entry& PictureCache::Touch(const PictureKey& key) {
 
 void PictureCache::DropOldest() {
     qint64 bytes = 0;
-    for (const Entry& entry : m_entries)
+    for (const Entry& entry : m_entries) {
         bytes += BytesOf(entry.key.size);
+    }
     while (m_entries.size() > kMostPictures ||
            (m_entries.size() > kLeastPictures && bytes > kMostBytes)) {
         bytes -= BytesOf(m_entries.back().key.size);
@@ -61,8 +62,9 @@ QImage PictureCache::Get(const QString& path, const QSize& size) {
 QImage PictureCache::Find(const QString& path) const {
     for (const Entry& entry : m_entries) {
         const QImage image = entry.key.path == path ? entry.job->GetIfDone() : QImage();
-        if (!image.isNull() && KeyOf(path, entry.key.size) == entry.key)
+        if (!image.isNull() && KeyOf(path, entry.key.size) == entry.key) {
             return image;
+        }
     }
     return {};
 }
@@ -72,22 +74,25 @@ void PictureCache::Prepare(const QString& path, const QSize& size) {
     const bool known = std::any_of(m_entries.begin(), m_entries.end(),
                                    [&](const Entry& entry) { return entry.key == key; });
     const std::shared_ptr<DecodeJob> job = Touch(key).job;
-    if (!known)
+    if (!known) {
         DecodeInBackground(job, Urgency::Ahead);
+    }
 }
 
 void PictureCache::GiveUpOthers(const QString& path) {
     m_entries.remove_if([&](const Entry& entry) {
         const bool given = entry.key.path != path && !entry.job->IsDone();
-        if (given)
+        if (given) {
             entry.job->GiveUp();
+        }
         return given;
     });
 }
 
 void PictureCache::Clear() {
-    for (const Entry& entry : m_entries)
+    for (const Entry& entry : m_entries) {
         entry.job->GiveUp();
+    }
     m_entries.clear();
 }
 

@@ -29,8 +29,9 @@ QStringList PictureClip::formats() const {
 }
 
 QVariant PictureClip::retrieveData(const QString& mimeType, QMetaType type) const {
-    if (mimeType == kImage)
+    if (mimeType == kImage) {
         return toolkit::DecodeWholePicture(m_path);
+    }
     return QMimeData::retrieveData(mimeType, type);
 }
 

@@ -39,8 +39,9 @@ void CPlayProgressCtrl::SetVertical(bool vertical) {
 }
 
 QRect CPlayProgressCtrl::BarRect() const {
-    if (m_upper == m_lower)
+    if (m_upper == m_lower) {
         return {};
+    }
     const float fraction = float(m_pos - m_lower) / float(m_upper - m_lower);
     if (m_vertical) {
         const int length = int(float(height()) * fraction);
@@ -59,13 +60,16 @@ void CPlayProgressCtrl::paintEvent(QPaintEvent* event) {
     bar.fillRect(frame, toolkit::ColorFromBgr(kFrame));
     bar.fillRect(frame.adjusted(1, 1, -1, -1), toolkit::ColorFromBgr(kGroove));
     const QRect full = BarRect();
-    if (full.isEmpty())
+    if (full.isEmpty()) {
         return;
+    }
     const QRect inner = full.adjusted(1, 0, -1, 0);
     // Nothing is left of a bar of one pixel or two.
-    if (inner.isEmpty())
+    if (inner.isEmpty()) {
         return;
-    for (size_t i = 0; i < kLines.size(); ++i)
+    }
+    for (size_t i = 0; i < kLines.size(); ++i) {
         bar.fillRect(QRect(inner.x(), inner.y() + int(i), inner.width(), 1),
                      toolkit::ColorFromBgr(kLines[i]));
+    }
 }

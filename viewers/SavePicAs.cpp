@@ -26,8 +26,9 @@ QString AskTarget(const QString& name) {
 
 bool SavePicAs(const QString& uuid, const QString& name, const QString& localPath) {
     const QString target = AskTarget(name);
-    if (target.isEmpty())
+    if (target.isEmpty()) {
         return true;
+    }
     WriteLog(u"[开始]下载图片,UUID=%1, Path=%2"_s.arg(uuid, target));
     const KX_DATA::TransferResult result = FetchStoredFile(uuid, localPath, true);
     if (result.success == 0) {
@@ -38,8 +39,9 @@ bool SavePicAs(const QString& uuid, const QString& name, const QString& localPat
     // What becomes of the copy isn't looked at; required as is.
     toolkit::CopyFileWhole(localPath, target, toolkit::IfExists::Replace);
     if (KXTools::ShowQuestionBox(toolkit::kNoWindow, u"下载成功，是否打开下载照片的所在目录？"_s) ==
-        KXTools::kYes)
+        KXTools::kYes) {
         toolkit::Prompts().RevealFile(target);
+    }
     GetKXSysMng()->WriteActionLog(u"下载Vesk照片"_s);
     return true;
 }

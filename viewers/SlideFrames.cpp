@@ -20,10 +20,11 @@ QSize Cells(const StripShape& strip, int count) {
 /// The items of the range before that the new one lacks.
 ItemRange Outgoing(const ItemRange& saved, const ItemRange& now) {
     ItemRange outgoing = saved;
-    if (saved.first >= now.first && saved.first <= now.last)
+    if (saved.first >= now.first && saved.first <= now.last) {
         outgoing.first = now.last + 1;
-    else if (saved.first < now.first && saved.last >= now.first)
+    } else if (saved.first < now.first && saved.last >= now.first) {
         outgoing.last = now.first - 1;
+    }
     return outgoing;
 }
 
@@ -40,14 +41,16 @@ QRect Slide::NewAt(int offset) const {
 
 std::vector<int> SlideOffsets(int distance) {
     const int step = distance / kSteps;
-    if (step <= 0)
+    if (step <= 0) {
         return {distance};
+    }
     std::vector<int> offsets;
     for (int offset = 0; offset <= distance;) {
         offsets.push_back(offset);
         offset += step;
-        if (offset > distance && offset - distance < step)
+        if (offset > distance && offset - distance < step) {
             offset = distance;
+        }
     }
     return offsets;
 }
@@ -70,12 +73,14 @@ Slide PictureSlide(const PictureSlideRequest& request) {
 std::optional<StripSlide> PlanStripSlide(const StripSlideRequest& request) {
     const ItemRange& saved = request.saved;
     const ItemRange& now = request.now;
-    if (saved.IsNone() || now.IsNone() || saved.first == now.first)
+    if (saved.IsNone() || now.IsNone() || saved.first == now.first) {
         return std::nullopt;
+    }
     StripSlide plan;
     plan.outgoing = Outgoing(saved, now);
-    if (plan.outgoing.IsNone())
+    if (plan.outgoing.IsNone()) {
         return std::nullopt;
+    }
     const StripShape& strip = request.strip;
     const int visible = now.Count();
     const int leaving = plan.outgoing.Count();
@@ -87,8 +92,9 @@ std::optional<StripSlide> PlanStripSlide(const StripSlideRequest& request) {
         QRect(strip.inner.topLeft() + Along(strip.horizontal, free / 2), Cells(strip, visible));
     slide.newRect = slide.bounds;
     slide.oldRect = QRect(slide.bounds.topLeft(), Cells(strip, leaving));
-    if (!slide.forward && visible - leaving >= 1)
+    if (!slide.forward && visible - leaving >= 1) {
         slide.oldRect.translate(Along(strip.horizontal, (visible - leaving) * strip.CellLength()));
+    }
     slide.distance = leaving * strip.CellLength();
     return plan;
 }

@@ -14,11 +14,12 @@ constexpr qint32 kDownloadKind = 5;
 
 KX_DATA::TransferResult FetchStoredFile(const QString& uuid, const QString& localPath, bool flag) {
     KX_DATA::TransferResult result;
-    if (!IsUuid(uuid) || localPath.isEmpty())
+    if (!IsUuid(uuid) || localPath.isEmpty()) {
         result.message = GetStatusMessage(uuid.isEmpty() ? e_VeskPicMngStatus::UuidEmpty
                                                          : e_VeskPicMngStatus::DownloadFailed);
-    else
+    } else {
         GetKXFilesDownloadMng()->DownloadFile(result, uuid, localPath, kDownloadKind, flag, 0);
+    }
     return result;
 }
 

@@ -33,14 +33,16 @@ ItemRange AroundMiddle(const RangeRequest& request, int visible) {
     if (visible % 2 == 0 && request.current <= request.shown) {
         range.last = std::min(request.current + half, request.count - 1);
         range.first = std::max(range.last - visible + 1, 0);
-        if (range.first == 0)
+        if (range.first == 0) {
             range.last = visible - 1;
+        }
         return range;
     }
     range.first = std::max(request.current - half, 0);
     range.last = std::min(range.first + visible - 1, request.count - 1);
-    if (range.last == request.count - 1)
+    if (range.last == request.count - 1) {
         range.first = range.last - visible + 1;
+    }
     return range;
 }
 
@@ -77,8 +79,9 @@ int StripShape::Capacity() const {
 
 StripShape ShapeOf(const QRect& stripArea) {
     StripShape shape;
-    if (stripArea.isEmpty())
+    if (stripArea.isEmpty()) {
         return shape;
+    }
     shape.horizontal = stripArea.width() >= stripArea.height();
     if (shape.horizontal) {
         shape.inner = stripArea.adjusted(kPageButtonLength, 0, -kPageButtonLength, -kBarSpace);
@@ -94,21 +97,25 @@ StripShape ShapeOf(const QRect& stripArea) {
 
 ItemRange StripRange(const RangeRequest& request) {
     const int visible = std::min(request.count, request.capacity);
-    if (visible <= 0)
+    if (visible <= 0) {
         return {};
+    }
     const bool pages = request.mode == kPageBack || request.mode == kPageForward;
-    if (pages && request.present.IsNone())
+    if (pages && request.present.IsNone()) {
         return {};
+    }
     const ItemRange range = RawRange(request, visible);
     return {std::max(range.first, 0), std::min(range.last, request.count - 1)};
 }
 
 bool MovesStrip(const RangeRequest& request) {
-    if (!request.present.Contains(request.current))
+    if (!request.present.Contains(request.current)) {
         return true;
+    }
     const int visible = std::min(request.count, request.capacity);
-    if (request.mode != kCurrentMiddle || request.count <= visible)
+    if (request.mode != kCurrentMiddle || request.count <= visible) {
         return false;
+    }
     const int place = request.current - request.present.first;
     const int half = visible / 2;
     const bool inMiddle = place == half || (visible % 2 == 0 && place == half - 1);
@@ -119,11 +126,13 @@ QRect StripCell(const StripShape& shape, int count, int place) {
     const int capacity = shape.Capacity();
     const int length = shape.CellLength();
     int start = place * length;
-    if (count >= capacity)
+    if (count >= capacity) {
         start += (shape.Length() - length * std::min(count, capacity)) / 2;
+    }
     const QSize size(shape.cellWidth, shape.cellHeight);
-    if (shape.horizontal)
+    if (shape.horizontal) {
         return {QPoint(shape.inner.x() + start, shape.inner.y()), size};
+    }
     return {QPoint(shape.inner.x(), shape.inner.y() + start), size};
 }
 

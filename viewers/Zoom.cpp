@@ -18,8 +18,9 @@ double DipScale(double scale, const ZoomView& view) {
 
 /// The zoom written out, also while fitted.
 Zoom WrittenOut(const Zoom& zoom, const ZoomView& view) {
-    if (!zoom.fit)
+    if (!zoom.fit) {
         return zoom;
+    }
     return {false, FitScale(view), QRectF(QPointF(0, 0), view.picSize).center()};
 }
 
@@ -29,8 +30,9 @@ QPointF AreaMiddle(const ZoomView& view) {
 
 /// Middle of one axis, so that neither a gap opens nor a small picture wanders.
 double ClampMiddle(double middle, int imageLength, double areaLength) {
-    if (imageLength <= areaLength)
+    if (imageLength <= areaLength) {
         return imageLength / 2.0;
+    }
     return std::clamp(middle, areaLength / 2, imageLength - areaLength / 2);
 }
 
@@ -43,19 +45,22 @@ Zoom ScaledAbout(const Zoom& from, const ZoomView& view, double scale, const QPo
 } // namespace
 
 double FitScale(const ZoomView& view) {
-    if (view.picRect.isEmpty() || view.picSize.isEmpty())
+    if (view.picRect.isEmpty() || view.picSize.isEmpty()) {
         return 0;
+    }
     return view.picRect.width() * view.pixelRatio / view.picSize.width();
 }
 
 Zoom ClampZoom(const Zoom& zoom, const ZoomView& view) {
     const double fitted = FitScale(view);
-    if (zoom.fit || fitted <= 0)
+    if (zoom.fit || fitted <= 0) {
         return {};
+    }
     Zoom clamped = zoom;
     clamped.scale = std::clamp(zoom.scale, std::min(fitted, 1.0), std::max(fitted, kMostScale));
-    if (std::abs(clamped.scale - fitted) <= fitted * kFitTolerance)
+    if (std::abs(clamped.scale - fitted) <= fitted * kFitTolerance) {
         return {};
+    }
     const double dip = DipScale(clamped.scale, view);
     clamped.centre = {
         ClampMiddle(zoom.centre.x(), view.picSize.width(), view.bigArea.width() / dip),
@@ -64,32 +69,37 @@ Zoom ClampZoom(const Zoom& zoom, const ZoomView& view) {
 }
 
 Zoom ZoomBy(const Zoom& zoom, const ZoomView& view, double notches, const QPointF& pointer) {
-    if (FitScale(view) <= 0)
+    if (FitScale(view) <= 0) {
         return {};
+    }
     const Zoom from = WrittenOut(zoom, view);
     double scale = from.scale * std::pow(kNotchFactor, notches);
-    if ((from.scale < 1 && scale > 1) || (from.scale > 1 && scale < 1))
+    if ((from.scale < 1 && scale > 1) || (from.scale > 1 && scale < 1)) {
         scale = 1;
+    }
     return ScaledAbout(from, view, scale, pointer);
 }
 
 Zoom ToggleZoom(const Zoom& zoom, const ZoomView& view, const QPointF& pointer) {
-    if (!zoom.fit || FitScale(view) <= 0)
+    if (!zoom.fit || FitScale(view) <= 0) {
         return {};
+    }
     return ScaledAbout(WrittenOut(zoom, view), view, 1, pointer);
 }
 
 Zoom PanBy(const Zoom& zoom, const ZoomView& view, const QPointF& delta) {
-    if (zoom.fit)
+    if (zoom.fit) {
         return zoom;
+    }
     Zoom panned = zoom;
     panned.centre -= delta / DipScale(zoom.scale, view);
     return ClampZoom(panned, view);
 }
 
 QRectF ZoomedRect(const Zoom& zoom, const ZoomView& view) {
-    if (zoom.fit)
+    if (zoom.fit) {
         return view.picRect;
+    }
     const double ratio = view.pixelRatio;
     const QPointF corner = AreaMiddle(view) - zoom.centre * DipScale(zoom.scale, view);
     return {std::round(corner.x() * ratio) / ratio, std::round(corner.y() * ratio) / ratio,
@@ -100,8 +110,9 @@ QRectF ZoomedRect(const Zoom& zoom, const ZoomView& view) {
 QRect VisiblePart(const Zoom& zoom, const ZoomView& view) {
     const QRectF whole = ZoomedRect(zoom, view);
     const QRectF shown = whole & QRectF(view.bigArea);
-    if (whole.isEmpty() || shown.isEmpty())
+    if (whole.isEmpty() || shown.isEmpty()) {
         return {};
+    }
     const double x = view.picSize.width() / whole.width();
     const double y = view.picSize.height() / whole.height();
     const QRectF part((shown.x() - whole.x()) * x, (shown.y() - whole.y()) * y, shown.width() * x,

@@ -32,12 +32,12 @@ namespace {
 
 MessageKind KindOf(MessageLevel level) {
     switch (level) {
-    case MessageLevel::kError:
-        return MessageKind::kError;
-    case MessageLevel::kWarning:
-        return MessageKind::kWarning;
+    case MessageLevel::Error:
+        return MessageKind::Error;
+    case MessageLevel::Warning:
+        return MessageKind::Warning;
     default:
-        return MessageKind::kInfo;
+        return MessageKind::Info;
     }
 }
 
@@ -46,8 +46,9 @@ MessageKind KindOf(MessageLevel level) {
 void TellAtTheActiveWindow(const QString& text) {
     constexpr int kShownMs = 6000;
     QWidget* active = QApplication::activeWindow();
-    if (active == nullptr)
+    if (active == nullptr) {
         return;
+    }
     const QPoint pointer = QCursor::pos();
     const QRect place = active->frameGeometry();
     QToolTip::showText(place.contains(pointer) ? pointer : place.center(), toolkit::PlainTip(text),
@@ -56,148 +57,156 @@ void TellAtTheActiveWindow(const QString& text) {
 
 } // namespace
 
-Client::Client(HostSession& hostSession) : session(hostSession), binSource(hostSession) {}
+Client::Client(HostSession& hostSession) : m_session(hostSession), m_binSource(hostSession) {}
 
 Client::~Client() {
     Stop();
 }
 
 std::optional<QString> Client::Start(const QString& moduleFolder) {
-    window = std::make_unique<MainWindow>();
-    view = std::make_unique<FloorPlanView>(window->Plan());
-    imports = std::make_unique<ImportFlow>(session, *window);
-    session.view = view.get();
-    session.progress = &progress;
-    session.transferWait = &transferWait;
-    session.imageFolder = QDir(moduleFolder).filePath(u"work"_s);
+    m_window = std::make_unique<MainWindow>();
+    m_view = std::make_unique<FloorPlanView>(m_window->Plan());
+    m_imports = std::make_unique<ImportFlow>(m_session, *m_window);
+    m_session.view = m_view.get();
+    m_session.progress = &m_progress;
+    m_session.transferWait = &m_transferWait;
+    m_session.imageFolder = QDir(moduleFolder).filePath(u"work"_s);
     ConnectWindow();
     ConnectSession();
     ConnectSink();
-    if (auto lack = module.Load(moduleFolder))
+    if (auto lack = m_module.Load(moduleFolder)) {
         return lack;
-    module.Pictures()->SetPicSink(&sink);
-    module.Pictures()->SetIssueEditSink(&sink);
-    module.Pictures()->AttachObservers(&hub);
-    marks = std::make_unique<MarkFlow>(MarkFlow::Parts{session, window->Marks(), *view, hub,
-                                                       *module.Pictures(), *module.PictureData()});
-    window->SetUserName(session.UserName());
-    window->SetDataFolder(session.Site().Place());
+    }
+    m_module.Pictures()->SetPicSink(&m_sink);
+    m_module.Pictures()->SetIssueEditSink(&m_sink);
+    m_module.Pictures()->AttachObservers(&m_hub);
+    m_marks =
+        std::make_unique<MarkFlow>(MarkFlow::Parts{m_session, m_window->Marks(), *m_view, m_hub,
+                                                   *m_module.Pictures(), *m_module.PictureData()});
+    m_window->SetUserName(m_session.UserName());
+    m_window->SetDataFolder(m_session.Site().Place());
     BringBackLayout();
-    window->show();
+    m_window->show();
     OpenRemembered();
     return std::nullopt;
 }
 
 void Client::Stop() {
-    if (!window)
+    if (!m_window) {
         return;
-    imports.reset();
-    KeepLayout();
-    if (marks)
-        marks->Keep();
-    window->CloseOtherWindows();
-    hub.Clear();
-    delete binWindow;
-    progress.Close();
-    session.view = nullptr;
-    session.progress = nullptr;
-    session.transferWait = nullptr;
-    session.SetMessageSink({});
-    session.SetWithdrawSink({});
-    session.SetActionSink({});
-    toolkit::SetNoticeSink({});
-    window->disconnect(this);
-    window->hide();
-    marks.reset();
-    if (module.Pictures() != nullptr) {
-        module.Pictures()->SetPicSink(nullptr);
-        module.Pictures()->SetIssueEditSink(nullptr);
     }
-    view.reset();
-    window.reset();
-    module.Release();
+    m_imports.reset();
+    KeepLayout();
+    if (m_marks) {
+        m_marks->Keep();
+    }
+    m_window->CloseOtherWindows();
+    m_hub.Clear();
+    delete m_binWindow;
+    m_progress.Close();
+    m_session.view = nullptr;
+    m_session.progress = nullptr;
+    m_session.transferWait = nullptr;
+    m_session.SetMessageSink({});
+    m_session.SetWithdrawSink({});
+    m_session.SetActionSink({});
+    toolkit::SetNoticeSink({});
+    m_window->disconnect(this);
+    m_window->hide();
+    m_marks.reset();
+    if (m_module.Pictures() != nullptr) {
+        m_module.Pictures()->SetPicSink(nullptr);
+        m_module.Pictures()->SetIssueEditSink(nullptr);
+    }
+    m_view.reset();
+    m_window.reset();
+    m_module.Release();
 }
 
 QString Client::LayoutSetting() const {
-    return u"layout:"_s + session.UserName();
+    return u"layout:"_s + m_session.UserName();
 }
 
 void Client::BringBackLayout() {
-    WithoutFault(session, [this] {
-        const QString kept = session.Site().Catalogue().Setting(LayoutSetting());
-        window->restoreGeometry(QByteArray::fromBase64(kept.section(u' ', 0, 0).toLatin1()));
-        window->restoreState(QByteArray::fromBase64(kept.section(u' ', 1).toLatin1()));
-        toolkit::KeepOnScreen(*window);
+    WithoutFault(m_session, [this] {
+        const QString kept = m_session.Site().Catalogue().Setting(LayoutSetting());
+        m_window->restoreGeometry(QByteArray::fromBase64(kept.section(u' ', 0, 0).toLatin1()));
+        m_window->restoreState(QByteArray::fromBase64(kept.section(u' ', 1).toLatin1()));
+        toolkit::KeepOnScreen(*m_window);
     });
 }
 
 void Client::KeepLayout() {
     // A client that didn't come as far as its user has nothing to keep.
-    if (module.Pictures() == nullptr || !session.IsOpen())
+    if (m_module.Pictures() == nullptr || !m_session.IsOpen()) {
         return;
-    WithoutFault(session, [this] {
-        session.Site().Catalogue().SetSetting(
-            LayoutSetting(), QString::fromLatin1(window->saveGeometry().toBase64() + ' ' +
-                                                 window->saveState().toBase64()));
+    }
+    WithoutFault(m_session, [this] {
+        m_session.Site().Catalogue().SetSetting(
+            LayoutSetting(), QString::fromLatin1(m_window->saveGeometry().toBase64() + ' ' +
+                                                 m_window->saveState().toBase64()));
     });
 }
 
 void Client::ConnectWindow() {
-    connect(window.get(), &MainWindow::CommandGiven, this, &Client::Obey);
-    connect(window.get(), &MainWindow::ProjectChosen, this, &Client::TakeProject);
-    connect(window.get(), &MainWindow::DrawingChosen, this, &Client::TakeDrawing);
-    connect(window.get(), &MainWindow::PhotoLocated, this, &Client::OnPhotoLocated);
-    connect(window.get(), &MainWindow::DrawingLocated, this,
-            [this](int pointId) { window->ShowStatus(CheckpointLocatedText(session, pointId)); });
-    connect(window.get(), &MainWindow::PathsDropped, imports.get(), &ImportFlow::Ask);
-    connect(window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
-    connect(imports.get(), &ImportFlow::Imported, this, &Client::ReadAnew);
-    FloorPlanCanvas& canvas = window->Plan().Canvas();
+    connect(m_window.get(), &MainWindow::CommandGiven, this, &Client::Obey);
+    connect(m_window.get(), &MainWindow::ProjectChosen, this, &Client::TakeProject);
+    connect(m_window.get(), &MainWindow::DrawingChosen, this, &Client::TakeDrawing);
+    connect(m_window.get(), &MainWindow::PhotoLocated, this, &Client::OnPhotoLocated);
+    connect(m_window.get(), &MainWindow::DrawingLocated, this, [this](int pointId) {
+        m_window->ShowStatus(CheckpointLocatedText(m_session, pointId));
+    });
+    connect(m_window.get(), &MainWindow::PathsDropped, m_imports.get(), &ImportFlow::Ask);
+    connect(m_window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
+    connect(m_imports.get(), &ImportFlow::Imported, this, &Client::ReadAnew);
+    FloorPlanCanvas& canvas = m_window->Plan().Canvas();
     connect(&canvas, &FloorPlanCanvas::PhotosWanted, this, &Client::ShowPhotosAt);
     connect(&canvas, &FloorPlanCanvas::ChoiceChanged, this, &Client::EnableCommands);
     connect(&canvas, &FloorPlanCanvas::FloorChanged, this, &Client::EnableCommands);
 }
 
 void Client::ConnectSession() {
-    session.SetMessageSink([this](MessageLevel level, const QString& text) {
+    m_session.SetMessageSink([this](MessageLevel level, const QString& text) {
         // Transfers report from their own threads.
-        QMetaObject::invokeMethod(
-            window.get(), [this, level, text] { window->Messages().Show(KindOf(level), text); });
+        QMetaObject::invokeMethod(m_window.get(), [this, level, text] {
+            m_window->Messages().Show(KindOf(level), text);
+        });
     });
-    session.SetWithdrawSink(
-        [this](const QString& beginning) { window->Messages().Withdraw(beginning); });
+    m_session.SetWithdrawSink(
+        [this](const QString& beginning) { m_window->Messages().Withdraw(beginning); });
     toolkit::SetNoticeSink([this](const QString& text) {
-        window->Messages().Show(MessageKind::kInfo, text);
+        m_window->Messages().Show(MessageKind::Info, text);
         TellAtTheActiveWindow(text);
     });
-    session.SetActionSink([this](const site::LoggedAction& action) {
-        window->ActionLog().Model().Add({action.at, action.person, action.action});
+    m_session.SetActionSink([this](const site::LoggedAction& action) {
+        m_window->ActionLog().Model().Add({action.at, action.person, action.action});
     });
-    WithoutFault(session, [this] {
+    WithoutFault(m_session, [this] {
         std::vector<ActionLogEntry> entries;
         for (const site::LoggedAction& action :
-             session.Site().Catalogue().Actions(ActionLogModel::kMost))
+             m_session.Site().Catalogue().Actions(ActionLogModel::kMost)) {
             entries.push_back({action.at, action.person, action.action});
-        window->ActionLog().Model().SetEntries(entries);
+        }
+        m_window->ActionLog().Model().SetEntries(entries);
     });
 }
 
 void Client::ConnectSink() {
     const auto tell = [this](const QString& what) {
-        window->ShowStatus(u"已刷新%1标识"_s.arg(what));
+        m_window->ShowStatus(u"已刷新%1标识"_s.arg(what));
     };
-    connect(&sink, &PictureSink::BimMarksChanged, this, [this, tell] {
+    connect(&m_sink, &PictureSink::BimMarksChanged, this, [this, tell] {
         tell(u"照片"_s);
         ReadPlan();
-        marks->Reload(MarkKind::kPhotos);
+        m_marks->Reload(MarkKind::Photos);
     });
-    connect(&sink, &PictureSink::IssueMarksChanged, this, [this, tell] {
+    connect(&m_sink, &PictureSink::IssueMarksChanged, this, [this, tell] {
         tell(u"问题"_s);
-        marks->Reload(MarkKind::kIssues);
+        m_marks->Reload(MarkKind::Issues);
     });
-    connect(&sink, &PictureSink::PdfMarksChanged, this, [tell] { tell(u"图纸"_s); });
-    connect(&sink, &PictureSink::DrawingWanted, this, &Client::BringUpDrawing);
-    connect(&sink, &PictureSink::MarkWanted, this,
+    connect(&m_sink, &PictureSink::PdfMarksChanged, this, [tell] { tell(u"图纸"_s); });
+    connect(&m_sink, &PictureSink::DrawingWanted, this, &Client::BringUpDrawing);
+    connect(&m_sink, &PictureSink::MarkWanted, this,
             [this](const QString& floor, qint32 markId, qint32 picId) {
                 OnPhotoLocated(floor + u"-%1-%2"_s.arg(markId).arg(picId));
             });
@@ -205,103 +214,113 @@ void Client::ConnectSink() {
 
 void Client::OnPhotoLocated(const QString& text) {
     const auto target = ParseLocateText(text);
-    if (target)
-        view->ShowFloor(target->floor);
-    window->ShowStatus(target ? PhotoLocatedText(session, *target) : u"无法识别的定位请求"_s);
+    if (target) {
+        m_view->ShowFloor(target->floor);
+    }
+    m_window->ShowStatus(target ? PhotoLocatedText(m_session, *target) : u"无法识别的定位请求"_s);
 }
 
 void Client::OpenRemembered() {
     ReadProjects();
-    WithoutFault(session, [this] {
-        const int remembered = RememberedChoice(session, choices);
-        if (remembered >= 0)
-            TakeChoice(session, choices[remembered]);
+    WithoutFault(m_session, [this] {
+        const int remembered = RememberedChoice(m_session, m_choices);
+        if (remembered >= 0) {
+            TakeChoice(m_session, m_choices[remembered]);
+        }
     });
     ProjectChanged();
 }
 
 void Client::ReadProjects() {
-    WithoutFault(session, [this] { choices = ReadProjectChoices(session); });
+    WithoutFault(m_session, [this] { m_choices = ReadProjectChoices(m_session); });
 }
 
 void Client::TakeProject(int index) {
-    if (index < 0 || index >= int(choices.size()) || index == OpenChoice(session, choices))
+    if (index < 0 || index >= int(m_choices.size()) || index == OpenChoice(m_session, m_choices)) {
         return;
-    marks->Keep();
-    WithoutFault(session, [&] { TakeChoice(session, choices[index]); });
+    }
+    m_marks->Keep();
+    WithoutFault(m_session, [&] { TakeChoice(m_session, m_choices[index]); });
     ProjectChanged();
 }
 
 void Client::ProjectChanged() {
-    hub.TellProjectChange();
+    m_hub.TellProjectChange();
     QStringList names;
-    for (const ProjectChoice& choice : choices)
+    for (const ProjectChoice& choice : m_choices) {
         names << choice.text;
-    window->SetProjects(names, OpenChoice(session, choices));
+    }
+    m_window->SetProjects(names, OpenChoice(m_session, m_choices));
     ReadDrawings();
     ReadPlan();
-    marks->ProjectChanged();
-    window->ShowStatus(session.CurrentProject().ppid == 0 ? u"没有打开的工程"_s : u"就绪"_s);
+    m_marks->ProjectChanged();
+    m_window->ShowStatus(m_session.CurrentProject().ppid == 0 ? u"没有打开的工程"_s : u"就绪"_s);
 }
 
 void Client::ReadDrawings() {
-    drawings.clear();
-    WithoutFault(session, [this] {
-        if (session.CurrentProject().ppid != 0)
-            drawings = session.Site().Catalogue().Drawings(session.CurrentProject().ppid);
+    m_drawings.clear();
+    WithoutFault(m_session, [this] {
+        if (m_session.CurrentProject().ppid != 0) {
+            m_drawings = m_session.Site().Catalogue().Drawings(m_session.CurrentProject().ppid);
+        }
     });
-    if (!drawings.empty() && session.Drawing().drawingId < 0)
-        session.SetDrawing(drawings.front());
+    if (!m_drawings.empty() && m_session.Drawing().drawingId < 0) {
+        m_session.SetDrawing(m_drawings.front());
+    }
     ShowDrawings();
 }
 
 void Client::ShowDrawings() {
     QStringList names;
     int current = -1;
-    for (const KX_DATA::CurrentDrawing& drawing : drawings) {
-        if (drawing.drawingId == session.Drawing().drawingId)
+    for (const KX_DATA::CurrentDrawing& drawing : m_drawings) {
+        if (drawing.drawingId == m_session.Drawing().drawingId) {
             current = int(names.size());
+        }
         names << drawing.drawingName;
     }
-    window->SetDrawings(names, current);
+    m_window->SetDrawings(names, current);
     EnableCommands();
 }
 
 void Client::TakeDrawing(int index) {
-    if (index < 0 || index >= int(drawings.size()))
+    if (index < 0 || index >= int(m_drawings.size())) {
         return;
-    session.SetDrawing(drawings[index]);
+    }
+    m_session.SetDrawing(m_drawings[index]);
     ShowDrawings();
-    window->ShowStatus(u"当前图纸：%1"_s.arg(drawings[index].drawingName));
+    m_window->ShowStatus(u"当前图纸：%1"_s.arg(m_drawings[index].drawingName));
 }
 
 void Client::BringUpDrawing(qint32 drawingId) {
-    for (int at = 0; at < int(drawings.size()); ++at) {
-        if (drawings[at].drawingId == drawingId)
+    for (int at = 0; at < int(m_drawings.size()); ++at) {
+        if (m_drawings[at].drawingId == drawingId) {
             TakeDrawing(at);
+        }
     }
 }
 
 void Client::ReadPlan() {
-    window->Plan().SetModel(ReadFloorPlan(session));
+    m_window->Plan().SetModel(ReadFloorPlan(m_session));
     EnableCommands();
 }
 
 void Client::ReadAnew() {
     ReadPlan();
-    marks->Reload(MarkKind::kPhotos);
-    marks->Reload(MarkKind::kIssues);
+    m_marks->Reload(MarkKind::Photos);
+    m_marks->Reload(MarkKind::Issues);
 }
 
 void Client::EnableCommands() {
-    const bool hasProject = session.CurrentProject().ppid != 0;
-    const PlanIntersection* chosen = window->Plan().Canvas().Chosen();
-    for (const Command command : {Command::kBimConsole, Command::kPdfConsole,
-                                  Command::kIssueConsole, Command::kImport, Command::kRefresh})
-        window->SetEnabled(command, hasProject);
-    window->SetEnabled(Command::kPlacePhotos, chosen != nullptr);
-    window->SetEnabled(Command::kFloorIssues, !window->Plan().CurrentFloor().isEmpty());
-    window->SetEnabled(Command::kDrawingPhotos, session.Drawing().drawingId >= 0);
+    const bool hasProject = m_session.CurrentProject().ppid != 0;
+    const PlanIntersection* chosen = m_window->Plan().Canvas().Chosen();
+    for (const Command command : {Command::BimConsole, Command::PdfConsole, Command::IssueConsole,
+                                  Command::Import, Command::Refresh}) {
+        m_window->SetEnabled(command, hasProject);
+    }
+    m_window->SetEnabled(Command::PlacePhotos, chosen != nullptr);
+    m_window->SetEnabled(Command::FloorIssues, !m_window->Plan().CurrentFloor().isEmpty());
+    m_window->SetEnabled(Command::DrawingPhotos, m_session.Drawing().drawingId >= 0);
 }
 
 } // namespace host

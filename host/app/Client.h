@@ -42,7 +42,7 @@ public:
     /// Closes the windows and lets go of the module. Does nothing the second time.
     void Stop();
 
-    [[nodiscard]] MainWindow* Window() const { return window.get(); }
+    [[nodiscard]] MainWindow* Window() const { return m_window.get(); }
 
 private:
     void ConnectWindow();
@@ -73,20 +73,20 @@ private:
     void ReadAnew();
     void EnableCommands();
 
-    HostSession& session;
-    SessionBin binSource;
-    ExProgress progress;
-    TransferWait transferWait{progress};
-    PictureSink sink;
-    ObserverHub hub;
-    ModuleLoader module;
-    std::unique_ptr<MainWindow> window;
-    std::unique_ptr<FloorPlanView> view;
-    std::unique_ptr<ImportFlow> imports;
-    std::unique_ptr<MarkFlow> marks;
-    QPointer<BinWindow> binWindow;
-    std::vector<ProjectChoice> choices;
-    std::vector<KX_DATA::CurrentDrawing> drawings;
+    HostSession& m_session;
+    SessionBin m_binSource;
+    ExProgress m_progress;
+    TransferWait m_transferWait{m_progress};
+    PictureSink m_sink;
+    ObserverHub m_hub;
+    ModuleLoader m_module;
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<FloorPlanView> m_view;
+    std::unique_ptr<ImportFlow> m_imports;
+    std::unique_ptr<MarkFlow> m_marks;
+    QPointer<BinWindow> m_binWindow;
+    std::vector<ProjectChoice> m_choices;
+    std::vector<KX_DATA::CurrentDrawing> m_drawings;
 };
 
 } // namespace host

@@ -31,25 +31,26 @@ constexpr qint32 kNoCheckpoint = -1;
 } // namespace
 
 void Client::Obey(Command command) {
-    ZelvorNRQ_KXVeskPicture::IKXVeskPicture& pictures = *module.Pictures();
+    ZelvorNRQ_KXVeskPicture::IKXVeskPicture& pictures = *m_module.Pictures();
     switch (command) {
-    case Command::kBimConsole:
+    case Command::BimConsole:
         pictures.ShowPicMng(ZelvorNRQ_KXVeskPicture::kBimPhotos);
         break;
-    case Command::kPdfConsole:
+    case Command::PdfConsole:
         pictures.ShowPicMng(ZelvorNRQ_KXVeskPicture::kDrawingPhotos);
         break;
-    case Command::kIssueConsole:
+    case Command::IssueConsole:
         pictures.ShowPicMng(ZelvorNRQ_KXVeskPicture::kIssues);
         break;
-    case Command::kPlacePhotos:
-        if (const PlanIntersection* place = window->Plan().Canvas().Chosen())
+    case Command::PlacePhotos:
+        if (const PlanIntersection* place = m_window->Plan().Canvas().Chosen()) {
             ShowPhotosAt(place->positionKey);
+        }
         break;
-    case Command::kFloorIssues:
-        pictures.ShowIssueMngFor(kUnread, window->Plan().CurrentFloor(), kAnyMark, QString());
+    case Command::FloorIssues:
+        pictures.ShowIssueMngFor(kUnread, m_window->Plan().CurrentFloor(), kAnyMark, QString());
         break;
-    case Command::kDrawingPhotos:
+    case Command::DrawingPhotos:
         pictures.ShowPdfPicMngFor(kUnread, kAnyMark, kNoCheckpoint);
         break;
     default:
@@ -59,33 +60,33 @@ void Client::Obey(Command command) {
 
 void Client::ObeyHost(Command command) {
     switch (command) {
-    case Command::kNewProject:
+    case Command::NewProject:
         MakeProject();
         break;
-    case Command::kImport:
-        imports->Ask({});
+    case Command::Import:
+        m_imports->Ask({});
         break;
-    case Command::kBin:
+    case Command::Bin:
         ShowBin();
         break;
-    case Command::kOpenFolder:
-        toolkit::Prompts().OpenFolder(session.Site().Place());
+    case Command::OpenFolder:
+        toolkit::Prompts().OpenFolder(m_session.Site().Place());
         break;
-    case Command::kRefresh:
+    case Command::Refresh:
         ReadAnew();
-        window->ShowStatus(u"平面图已刷新"_s);
+        m_window->ShowStatus(u"平面图已刷新"_s);
         break;
-    case Command::kClearMessages:
-        window->Messages().Clear();
+    case Command::ClearMessages:
+        m_window->Messages().Clear();
         break;
-    case Command::kKeys:
-        ShowKeys(window.get());
+    case Command::Keys:
+        ShowKeys(m_window.get());
         break;
-    case Command::kAbout:
-        ShowAbout(window.get(), session.Site().Place());
+    case Command::About:
+        ShowAbout(m_window.get(), m_session.Site().Place());
         break;
-    case Command::kQuit:
-        window->close();
+    case Command::Quit:
+        m_window->close();
         break;
     default:
         break;
@@ -93,50 +94,55 @@ void Client::ObeyHost(Command command) {
 }
 
 void Client::ShowPhotosAt(const QString& positionKey) {
-    module.Pictures()->ShowBimPicMngFor(kUnread, positionKey, kAnyMark, kNoPhoto);
+    m_module.Pictures()->ShowBimPicMngFor(kUnread, positionKey, kAnyMark, kNoPhoto);
 }
 
 void Client::MakeProject() {
     QStringList taken;
-    for (const ProjectChoice& choice : choices)
+    for (const ProjectChoice& choice : m_choices) {
         taken << choice.text;
-    ProjectNameDialog dialog(window.get(), taken);
-    if (dialog.exec() != QDialog::Accepted)
+    }
+    ProjectNameDialog dialog(m_window.get(), taken);
+    if (dialog.exec() != QDialog::Accepted) {
         return;
-    const bool isMade = WithoutFault(session, [&] {
-        session.Site().NewIntake()->AddProject(dialog.Name());
-        session.LogAction(u"新建工程“%1”"_s.arg(dialog.Name()));
+    }
+    const bool isMade = WithoutFault(m_session, [&] {
+        m_session.Site().NewIntake()->AddProject(dialog.Name());
+        m_session.LogAction(u"新建工程“%1”"_s.arg(dialog.Name()));
     });
-    if (!isMade)
+    if (!isMade) {
         return;
+    }
     ReadProjects();
-    for (int at = 0; at < int(choices.size()); ++at) {
-        if (choices[at].ppid != 0 && choices[at].text == dialog.Name())
+    for (int at = 0; at < int(m_choices.size()); ++at) {
+        if (m_choices[at].ppid != 0 && m_choices[at].text == dialog.Name()) {
             TakeProject(at);
+        }
     }
 }
 
 void Client::RefreshModule() {
     for (const QWidget* other : QApplication::topLevelWidgets()) {
         const toolkit::WindowId id = toolkit::WindowOf(other);
-        if (id != toolkit::kNoWindow && id != window->Id())
+        if (id != toolkit::kNoWindow && id != m_window->Id()) {
             toolkit::PostWindowEvent(id, ZelvorNRQ_KXVeskPicture::WM_PIC_MNG_REFRESH);
+        }
     }
 }
 
 void Client::ShowBin() {
-    if (binWindow.isNull()) {
-        binWindow = new BinWindow(window.get(), binSource);
-        binWindow->setAttribute(Qt::WA_DeleteOnClose);
-        connect(binWindow, &BinWindow::Restored, this, [this](int count) {
-            window->ShowStatus(u"已恢复 %1 项"_s.arg(count));
+    if (m_binWindow.isNull()) {
+        m_binWindow = new BinWindow(m_window.get(), m_binSource);
+        m_binWindow->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_binWindow, &BinWindow::Restored, this, [this](int count) {
+            m_window->ShowStatus(u"已恢复 %1 项"_s.arg(count));
             ReadAnew();
             RefreshModule();
         });
     }
-    binWindow->show();
-    binWindow->raise();
-    binWindow->activateWindow();
+    m_binWindow->show();
+    m_binWindow->raise();
+    m_binWindow->activateWindow();
 }
 
 } // namespace host

@@ -12,21 +12,24 @@ namespace {
 /// Takes the value of an option, "--data DIR" or "--data=DIR"; moves `at` past what it took.
 std::optional<QString> TakeValue(const QStringList& words, qsizetype& at) {
     const qsizetype equals = words[at].indexOf(u'=');
-    if (equals >= 0)
+    if (equals >= 0) {
         return words[at].mid(equals + 1);
-    if (at + 1 >= words.size() || words[at + 1].startsWith(u"--"_s))
+    }
+    if (at + 1 >= words.size() || words[at + 1].startsWith(u"--"_s)) {
         return std::nullopt;
+    }
     return words[++at];
 }
 
 bool ReadSample(const QString& value, sample::SampleSize& sample) {
     static const std::map<QString, sample::SampleSize> sizes = {
-        {u"small"_s, sample::SampleSize::kSmall},
-        {u"full"_s, sample::SampleSize::kFull},
-        {u"none"_s, sample::SampleSize::kNone}};
+        {u"small"_s, sample::SampleSize::Small},
+        {u"full"_s, sample::SampleSize::Full},
+        {u"none"_s, sample::SampleSize::None}};
     const auto found = sizes.find(value);
-    if (found == sizes.end())
+    if (found == sizes.end()) {
         return false;
+    }
     sample = found->second;
     return true;
 }
@@ -35,11 +38,12 @@ bool ReadTransfers(const QString& value, site::TransferRules& rules) {
     static const std::map<QString, site::TransferRules> kinds = {
         {u"normal"_s, {}},
         {u"slow"_s, {400}},
-        {u"fail"_s, {0, site::TransferFault::kInTheMiddle}},
-        {u"hang"_s, {0, site::TransferFault::kNeverEnds}}};
+        {u"fail"_s, {0, site::TransferFault::InTheMiddle}},
+        {u"hang"_s, {0, site::TransferFault::NeverEnds}}};
     const auto found = kinds.find(value);
-    if (found == kinds.end())
+    if (found == kinds.end()) {
         return false;
+    }
     rules = found->second;
     return true;
 }
@@ -61,7 +65,7 @@ bool TakeOption(const QString& name, const QString& value, CommandLine& line) {
     } else if (name == u"--user"_s) {
         line.userName = value;
     } else if (name == u"--tour"_s) {
-        line.road = Road::kTour;
+        line.road = Road::Tour;
         line.tourFolder = value;
     } else if (name == u"--sample"_s && !ReadSample(value, line.sample)) {
         line.error = u"--sample 只能是 small、full 或 none，不能是“%1”。"_s.arg(value);
@@ -80,17 +84,18 @@ bool IsHelp(const QString& word) {
 /// The import has options of its own; of them only data folder and sample are the client's.
 CommandLine ParseImport(const QStringList& words) {
     CommandLine line;
-    line.road = Road::kImport;
+    line.road = Road::Import;
     for (qsizetype at = 1; at < words.size(); ++at) {
         const QString name = words[at].section(u'=', 0, 0);
         if (IsHelp(name)) {
-            line.road = Road::kHelp;
+            line.road = Road::Help;
             return line;
         }
-        if (name != u"--data"_s && name != u"--sample"_s)
+        if (name != u"--data"_s && name != u"--sample"_s) {
             line.importWords << words[at];
-        else if (!TakeOption(name, TakeValue(words, at).value_or(QString()), line))
+        } else if (!TakeOption(name, TakeValue(words, at).value_or(QString()), line)) {
             return line;
+        }
     }
     return line;
 }
@@ -100,12 +105,13 @@ CommandLine ParseImport(const QStringList& words) {
 CommandLine ParseCommandLine(const QStringList& words) {
     static const QStringList options = {u"--data"_s, u"--user"_s,       u"--sample"_s,
                                         u"--tour"_s, u"--tour-scale"_s, u"--transfers"_s};
-    if (words.value(0) == u"import"_s)
+    if (words.value(0) == u"import"_s) {
         return ParseImport(words);
+    }
     CommandLine line;
     for (qsizetype at = 0; at < words.size(); ++at) {
         if (IsHelp(words[at])) {
-            line.road = Road::kHelp;
+            line.road = Road::Help;
             return line;
         }
         const QString name = words[at].section(u'=', 0, 0);
@@ -113,8 +119,9 @@ CommandLine ParseCommandLine(const QStringList& words) {
             line.error = u"不认识“%1”。"_s.arg(words[at]);
             return line;
         }
-        if (!TakeOption(name, TakeValue(words, at).value_or(QString()), line))
+        if (!TakeOption(name, TakeValue(words, at).value_or(QString()), line)) {
             return line;
+        }
     }
     return line;
 }

@@ -11,18 +11,18 @@ namespace host {
 
 /// What the program is to do.
 enum class Road {
-    kClient, ///< open the client
-    kImport, ///< file a folder of photos and end
-    kTour,   ///< walk through the client without a display and end
-    kHelp,
+    Client, ///< open the client
+    Import, ///< file a folder of photos and end
+    Tour,   ///< walk through the client without a display and end
+    Help,
 };
 
 struct CommandLine {
-    Road road = Road::kClient;
+    Road road = Road::Client;
     QString dataFolder; ///< empty: the user's own
     QString userName;   ///< empty: asked for
     sample::SampleSize sample =
-        sample::SampleSize::kFull; ///< the site that a folder without one gets
+        sample::SampleSize::Full;  ///< the site that a folder without one gets
     site::TransferRules transfers; ///< slow or failing, for demonstrations
     QString tourFolder;
     int tourScale = 1;       ///< device pixels for each pixel, 1 to 4

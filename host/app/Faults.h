@@ -13,7 +13,7 @@ template <typename Work> bool WithoutFault(HostSession& session, Work&& work) {
         std::forward<Work>(work)();
         return true;
     } catch (const site::DataError& error) {
-        session.ReportHostMessage(MessageLevel::kError, error.Text());
+        session.ReportHostMessage(MessageLevel::Error, error.Text());
         return false;
     }
 }

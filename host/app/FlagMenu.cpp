@@ -25,13 +25,14 @@ constexpr qint32 kEveryMark = 0;
 /// "&" as it stands; of what would make a menu as wide as the screen, the two ends.
 QString MenuText(QString text) {
     constexpr qsizetype kMost = 60;
-    if (text.size() > kMost)
+    if (text.size() > kMost) {
         text = text.left(kMost / 2) + u'…' + text.right(kMost / 2 - 1);
+    }
     return text.replace(u'&', u"&&"_s);
 }
 
 QString FlagTitle(const MarkFlag& flag) {
-    return flag.kind == MarkKind::kPhotos
+    return flag.kind == MarkKind::Photos
                ? u"%1（%2）"_s.arg(FlagName(flag), PhotosText({flag.count, flag.hidden}))
                : u"%1（%2 个问题）"_s.arg(FlagName(flag), QString::number(flag.count));
 }
@@ -49,75 +50,83 @@ void AddTitle(QMenu& target, const QIcon& icon, const QString& text) {
 } // namespace
 
 FlagMenu::FlagMenu(const Parts& menuParts, const FlagMenuRequest& menuRequest)
-    : parts(menuParts), request(menuRequest) {
-    menu.setObjectName(u"flagMenu"_s);
-    menu.setToolTipsVisible(true);
+    : m_parts(menuParts), m_request(menuRequest) {
+    m_menu.setObjectName(u"flagMenu"_s);
+    m_menu.setToolTipsVisible(true);
     Fill();
 }
 
 void FlagMenu::Run() {
-    menu.exec(request.at);
+    m_menu.exec(m_request.at);
 }
 
 qint32 FlagMenu::ProjectOf(const MarkFlag& flag) const {
-    return flag.ppid != 0 ? flag.ppid : parts.session.CurrentProject().ppid;
+    return flag.ppid != 0 ? flag.ppid : m_parts.session.CurrentProject().ppid;
 }
 
 void FlagMenu::Fill() {
-    if (request.flags.size() == 1) {
-        const MarkFlag& flag = request.flags.front();
+    if (m_request.flags.size() == 1) {
+        const MarkFlag& flag = m_request.flags.front();
         const QString title = FlagTitle(flag);
-        AddTitle(menu, FlagIcon(flag),
-                 request.place.isEmpty() ? title : request.place + u"  "_s + title);
-        AddFlag(menu, flag);
+        AddTitle(m_menu, FlagIcon(flag),
+                 m_request.place.isEmpty() ? title : m_request.place + u"  "_s + title);
+        AddFlag(m_menu, flag);
         return;
     }
-    if (!request.place.isEmpty())
-        AddTitle(menu, {}, request.place);
-    for (const MarkFlag& flag : request.flags) {
-        QMenu* below = menu.addMenu(FlagIcon(flag), MenuText(FlagTitle(flag)));
+    if (!m_request.place.isEmpty()) {
+        AddTitle(m_menu, {}, m_request.place);
+    }
+    for (const MarkFlag& flag : m_request.flags) {
+        QMenu* below = m_menu.addMenu(FlagIcon(flag), MenuText(FlagTitle(flag)));
         below->setToolTipsVisible(true);
         QObject::connect(below, &QMenu::aboutToShow, below, [this, below, flag] {
-            if (below->isEmpty())
+            if (below->isEmpty()) {
                 AddFlag(*below, flag);
+            }
         });
     }
-    if (!request.positionKey.isEmpty())
-        AddConsole(menu, u"在控制台中列出此处照片"_s, request.positionKey, kEveryMark);
+    if (!m_request.positionKey.isEmpty()) {
+        AddConsole(m_menu, u"在控制台中列出此处照片"_s, m_request.positionKey, kEveryMark);
+    }
 }
 
 void FlagMenu::AddFlag(QMenu& target, const MarkFlag& flag) {
-    if (flag.kind == MarkKind::kPhotos)
+    if (flag.kind == MarkKind::Photos) {
         AddPhotos(target, flag);
-    else
+    } else {
         AddIssues(target, flag);
+    }
 }
 
 void FlagMenu::AddPhotos(QMenu& target, const MarkFlag& flag) {
     const qint32 ppid = ProjectOf(flag);
     QAction* open =
         target.addAction(toolkit::Icon(u"preview"_s), u"打开照片"_s, &target, [this, flag, ppid] {
-            parts.hub.ViewBimPic(ppid, flag.floor, flag.positionKey, flag.markId);
+            m_parts.hub.ViewBimPic(ppid, flag.floor, flag.positionKey, flag.markId);
         });
     target.setDefaultAction(open);
-    if (!flag.positionKey.isEmpty())
+    if (!flag.positionKey.isEmpty()) {
         AddConsole(target, u"在控制台中列出"_s, flag.positionKey, flag.markId);
+    }
     target.addSeparator();
-    const FlagPhotos photos = ReadFlagPhotos(parts.session, ppid, flag, kMostNamed);
+    const FlagPhotos photos = ReadFlagPhotos(m_parts.session, ppid, flag, kMostNamed);
     for (const FlagPhoto& photo : photos.named) {
         const ViewPicRequest wanted{flag.positionKey, photo.picId, flag.floor, flag.markId, ppid};
         QAction* action = target.addAction(MenuText(photo.caption), &target,
-                                           [this, wanted] { parts.pictures.ViewBimPic(wanted); });
+                                           [this, wanted] { m_parts.pictures.ViewBimPic(wanted); });
         action->setToolTip(toolkit::PlainTip(photo.tip));
     }
-    if (photos.others > 0)
+    if (photos.others > 0) {
         target.addAction(u"另有 %1 张"_s.arg(photos.others))->setEnabled(false);
-    if (flag.hidden > 0)
+    }
+    if (flag.hidden > 0) {
         target.addAction(u"隐藏的 %1 张请在控制台中查看"_s.arg(flag.hidden))->setEnabled(false);
-    if (photos.named.empty())
+    }
+    if (photos.named.empty()) {
         target.addAction(u"读不到照片，请刷新后再试"_s)->setEnabled(false);
-    else if (parts.session.HasRight(KX_DATA::kRightEdit) && !parts.session.IsWorkset())
+    } else if (m_parts.session.HasRight(KX_DATA::kRightEdit) && !m_parts.session.IsWorkset()) {
         AddEditing(target, ppid, photos.named);
+    }
 }
 
 /// As in the console: only with the right to it, and not in a workset.
@@ -128,7 +137,7 @@ void FlagMenu::AddEditing(QMenu& target, qint32 ppid, const std::vector<FlagPhot
     for (const FlagPhoto& photo : photos) {
         QAction* action =
             editing->addAction(MenuText(photo.caption), &target, [this, ppid, id = photo.picId] {
-                parts.pictures.EditBimPic(ppid, id);
+                m_parts.pictures.EditBimPic(ppid, id);
             });
         action->setToolTip(toolkit::PlainTip(photo.tip));
     }
@@ -142,17 +151,18 @@ void FlagMenu::AddIssues(QMenu& target, const MarkFlag& flag) {
         const IssueName& issue = flag.issues[size_t(at)];
         QAction* action = target.addAction(
             toolkit::Icon(u"issue"_s), MenuText(issue.theme), &target,
-            [this, ppid, id = issue.questionId] { parts.hub.LocateIssue(ppid, id); });
+            [this, ppid, id = issue.questionId] { m_parts.hub.LocateIssue(ppid, id); });
         action->setToolTip(toolkit::PlainTip(issue.theme));
     }
-    if (count > named)
+    if (count > named) {
         target.addAction(u"另有 %1 个"_s.arg(count - named))->setEnabled(false);
+    }
 }
 
 void FlagMenu::AddConsole(QMenu& target, const QString& text, const QString& positionKey,
                           qint32 markId) {
     target.addAction(toolkit::Icon(u"console"_s), text, &target, [this, positionKey, markId] {
-        parts.pictures.ShowBimPicMngFor(kUnreadArgument, positionKey, markId, kWholeList);
+        m_parts.pictures.ShowBimPicMngFor(kUnreadArgument, positionKey, markId, kWholeList);
     });
 }
 

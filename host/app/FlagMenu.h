@@ -32,7 +32,7 @@ public:
 
     /// Until the person has chosen something or nothing; does what was chosen.
     void Run();
-    [[nodiscard]] QMenu& Menu() { return menu; }
+    [[nodiscard]] QMenu& Menu() { return m_menu; }
 
 private:
     void Fill();
@@ -43,9 +43,9 @@ private:
     void AddConsole(QMenu& target, const QString& text, const QString& positionKey, qint32 markId);
     [[nodiscard]] qint32 ProjectOf(const MarkFlag& flag) const;
 
-    Parts parts;
-    FlagMenuRequest request;
-    QMenu menu;
+    Parts m_parts;
+    FlagMenuRequest m_request;
+    QMenu m_menu;
 };
 
 } // namespace host

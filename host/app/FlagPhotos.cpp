@@ -19,16 +19,20 @@ namespace {
 std::set<qint32> TickedPhotos(const HostSession& session, const MarkFlag& flag) {
     std::set<qint32> ids;
     const auto floor = session.shownPicMarks.find(toolkit::ToGbk(PanelGroupName(flag.floor)));
-    if (floor == session.shownPicMarks.end())
+    if (floor == session.shownPicMarks.end()) {
         return ids;
+    }
     const auto marks = floor->second.find(QString());
-    if (marks == floor->second.end())
+    if (marks == floor->second.end()) {
         return ids;
+    }
     const auto photos = marks->second.find(flag.markId);
-    if (photos == marks->second.end())
+    if (photos == marks->second.end()) {
         return ids;
-    for (const KX_DATA::ShownPicItem& photo : photos->second)
+    }
+    for (const KX_DATA::ShownPicItem& photo : photos->second) {
         ids.insert(photo.picId);
+    }
     return ids;
 }
 
@@ -45,22 +49,26 @@ FlagPhotos ReadFlagPhotos(HostSession& session, qint32 ppid, const MarkFlag& fla
     FlagPhotos photos;
     std::vector<KX_DATA::PicFileEntry> files;
     if (GetVeskPicMng()->GetPicFilesByPosition(ppid, flag.positionKey, flag.markId, files) !=
-        KX_DATA::kServiceOk)
+        KX_DATA::kServiceOk) {
         return photos;
+    }
     const std::set<qint32> ticked = TickedPhotos(session, flag);
     std::vector<qint64> ids;
     for (const KX_DATA::PicFileEntry& file : files) {
-        if (!ticked.empty() && !ticked.contains(file.picId))
+        if (!ticked.empty() && !ticked.contains(file.picId)) {
             continue;
-        if (int(ids.size()) < most)
+        }
+        if (int(ids.size()) < most) {
             ids.push_back(file.picId);
-        else
+        } else {
             ++photos.others;
+        }
     }
     WithoutFault(session, [&] {
         for (const KX_DATA::BimPicRow& row :
-             session.Site().BimPhotos().Rows(session.OpenPpids(), ids))
+             session.Site().BimPhotos().Rows(session.OpenPpids(), ids)) {
             photos.named.push_back(PhotoOf(row));
+        }
     });
     return photos;
 }

@@ -17,13 +17,13 @@ namespace {
 
 QString OutcomeText(ImportOutcome outcome) {
     switch (outcome) {
-    case ImportOutcome::kFiled:
+    case ImportOutcome::Filed:
         return u"已导入"_s;
-    case ImportOutcome::kDuplicate:
+    case ImportOutcome::Duplicate:
         return u"重复"_s;
-    case ImportOutcome::kRefused:
+    case ImportOutcome::Refused:
         return u"跳过"_s;
-    case ImportOutcome::kFailed:
+    case ImportOutcome::Failed:
         break;
     }
     return u"失败"_s;
@@ -31,84 +31,89 @@ QString OutcomeText(ImportOutcome outcome) {
 
 std::vector<ImportResultRow> RowsOf(const ImportReport& report) {
     std::vector<ImportResultRow> rows;
-    for (const ImportLine& line : report.lines)
+    for (const ImportLine& line : report.lines) {
         rows.push_back({line.path, OutcomeText(line.outcome), line.text});
+    }
     return rows;
 }
 
 } // namespace
 
 ImportFlow::ImportFlow(HostSession& hostSession, MainWindow& mainWindow)
-    : session(hostSession), window(mainWindow) {}
+    : m_session(hostSession), m_window(mainWindow) {}
 
 ImportFlow::~ImportFlow() {
-    delete dialog;
-    delete result;
+    delete m_dialog;
+    delete m_result;
 }
 
 void ImportFlow::Ask(const QStringList& paths) {
-    if (!dialog.isNull() || job)
-        return;
-    std::vector<ImportProject> projects;
-    WithoutFault(session, [&] {
-        for (const site::ProjectEntry& project : session.OpenProjects())
-            projects.push_back({project.ppid, project.name});
-    });
-    if (projects.empty()) {
-        session.ReportHostMessage(MessageLevel::kWarning, u"请先打开一个工程，再导入照片。"_s);
+    if (!m_dialog.isNull() || m_job) {
         return;
     }
-    dialog = new ImportDialog(&window, paths, projects);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog, &QDialog::accepted, this, [this] { Begin(dialog->Choice()); });
-    dialog->open();
+    std::vector<ImportProject> projects;
+    WithoutFault(m_session, [&] {
+        for (const site::ProjectEntry& project : m_session.OpenProjects()) {
+            projects.push_back({project.ppid, project.name});
+        }
+    });
+    if (projects.empty()) {
+        m_session.ReportHostMessage(MessageLevel::Warning, u"请先打开一个工程，再导入照片。"_s);
+        return;
+    }
+    m_dialog = new ImportDialog(&m_window, paths, projects);
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(m_dialog, &QDialog::accepted, this, [this] { Begin(m_dialog->Choice()); });
+    m_dialog->open();
 }
 
 void ImportFlow::Begin(const ImportChoice& choice) {
-    job = std::make_unique<ImportJob>(session.Site());
-    progress =
-        std::make_unique<ProgressWindow>(&window, u"导入照片"_s, ProgressWindow::Cancel::kPossible);
-    connect(progress.get(), &ProgressWindow::Cancelled, job.get(), &ImportJob::Cancel);
-    connect(job.get(), &ImportJob::Stepped, progress.get(), [this](const ImportStep& step) {
-        progress->SetText(QFileInfo(step.line.path).fileName());
-        progress->Report(step.done, std::max(0, step.total));
+    m_job = std::make_unique<ImportJob>(m_session.Site());
+    m_progress = std::make_unique<ProgressWindow>(&m_window, u"导入照片"_s,
+                                                  ProgressWindow::Cancel::Possible);
+    connect(m_progress.get(), &ProgressWindow::Cancelled, m_job.get(), &ImportJob::Cancel);
+    connect(m_job.get(), &ImportJob::Stepped, m_progress.get(), [this](const ImportStep& step) {
+        m_progress->SetText(QFileInfo(step.line.path).fileName());
+        m_progress->Report(step.done, std::max(0, step.total));
     });
-    connect(job.get(), &ImportJob::Finished, this, &ImportFlow::End);
+    connect(m_job.get(), &ImportJob::Finished, this, &ImportFlow::End);
     ImportRequest request;
     request.roots = choice.paths;
     request.ppid = choice.ppid;
-    request.user = session.UserName();
+    request.user = m_session.UserName();
     request.positionKey = choice.positionKey;
     request.markId = choice.markId;
-    progress->SetText(u"正在读取文件夹..."_s);
-    progress->Begin();
-    job->Start(request);
+    m_progress->SetText(u"正在读取文件夹..."_s);
+    m_progress->Begin();
+    m_job->Start(request);
 }
 
 void ImportFlow::ShowLeftOut(const ImportReport& report) {
-    delete result;
-    result = new ImportResultWindow(&window, report.Summary(), RowsOf(report));
-    result->setAttribute(Qt::WA_DeleteOnClose);
-    result->show();
+    delete m_result;
+    m_result = new ImportResultWindow(&m_window, report.Summary(), RowsOf(report));
+    m_result->setAttribute(Qt::WA_DeleteOnClose);
+    m_result->show();
 }
 
 void ImportFlow::End(const ImportReport& report) {
-    progress->End();
+    m_progress->End();
     const bool failed = !report.fault.isEmpty();
     const bool partly = report.cancelled || report.refused > 0;
-    session.ReportHostMessage(failed   ? MessageLevel::kError
-                              : partly ? MessageLevel::kWarning
-                                       : MessageLevel::kInfo,
-                              report.Summary());
-    if (!report.lines.empty())
+    m_session.ReportHostMessage(failed   ? MessageLevel::Error
+                                : partly ? MessageLevel::Warning
+                                         : MessageLevel::Info,
+                                report.Summary());
+    if (!report.lines.empty()) {
         ShowLeftOut(report);
+    }
     if (report.filed > 0) {
-        WithoutFault(session, [&] { session.LogAction(u"导入照片 %1 张"_s.arg(report.filed)); });
+        WithoutFault(m_session,
+                     [&] { m_session.LogAction(u"导入照片 %1 张"_s.arg(report.filed)); });
         emit Imported();
     }
     // Both are in the middle of telling this.
-    job.release()->deleteLater();
-    progress.release()->deleteLater();
+    m_job.release()->deleteLater();
+    m_progress.release()->deleteLater();
 }
 
 } // namespace host

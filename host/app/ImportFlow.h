@@ -40,12 +40,12 @@ private:
     /// Every file that wasn't filed, with its reason; takes the place of an earlier result.
     void ShowLeftOut(const ImportReport& report);
 
-    HostSession& session;
-    MainWindow& window;
-    QPointer<ImportDialog> dialog;
-    QPointer<ImportResultWindow> result;
-    std::unique_ptr<ImportJob> job;
-    std::unique_ptr<ProgressWindow> progress;
+    HostSession& m_session;
+    MainWindow& m_window;
+    QPointer<ImportDialog> m_dialog;
+    QPointer<ImportResultWindow> m_result;
+    std::unique_ptr<ImportJob> m_job;
+    std::unique_ptr<ProgressWindow> m_progress;
 };
 
 } // namespace host

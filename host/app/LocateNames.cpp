@@ -14,11 +14,13 @@ QString PhotoLocatedText(HostSession& session, const LocateTarget& target) {
     QString mark = UnknownMarkName();
     WithoutFault(session, [&] {
         for (const KX_DATA::BimPicRow& row :
-             session.Site().BimPhotos().Rows(session.OpenPpids(), {target.picId}))
+             session.Site().BimPhotos().Rows(session.OpenPpids(), {target.picId})) {
             photo = row.fileName;
+        }
         const auto marks = session.Marks();
-        if (const auto known = marks.find(target.markId); known != marks.end())
+        if (const auto known = marks.find(target.markId); known != marks.end()) {
             mark = known->second.name;
+        }
     });
     return u"定位照片 %1：%2，标识 %3"_s.arg(photo, FloorCaption(target.floor), mark);
 }

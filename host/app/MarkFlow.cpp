@@ -39,87 +39,93 @@ struct PassedLimits {
 
 } // namespace
 
-MarkFlow::MarkFlow(const Parts& flowParts) : parts(flowParts) {
-    for (const MarkKind kind : {MarkKind::kPhotos, MarkKind::kIssues})
-        ConnectPage(parts.panel.Page(kind));
-    parts.panel.Page(MarkKind::kIssues).SetEntryReader([this](const QString& group, qint32 markId) {
-        return IssuesOf(group, markId);
-    });
-    connect(&parts.panel, &MarkPanelDock::PageShown, this, &MarkFlow::Read);
-    connect(&parts.view, &ModelView::FlagOpened, this, &MarkFlow::OpenFlag);
-    connect(&parts.view, &ModelView::FlagMenuWanted, this, [this](const FlagMenuRequest& request) {
-        FlagMenu({parts.session, parts.hub, parts.pictures}, request).Run();
-    });
-    keeping.setSingleShot(true);
-    keeping.setInterval(kKeepDelay);
-    connect(&keeping, &QTimer::timeout, this, &MarkFlow::Keep);
+MarkFlow::MarkFlow(const Parts& flowParts) : m_parts(flowParts) {
+    for (const MarkKind kind : {MarkKind::Photos, MarkKind::Issues}) {
+        ConnectPage(m_parts.panel.Page(kind));
+    }
+    m_parts.panel.Page(MarkKind::Issues)
+        .SetEntryReader(
+            [this](const QString& group, qint32 markId) { return IssuesOf(group, markId); });
+    connect(&m_parts.panel, &MarkPanelDock::PageShown, this, &MarkFlow::Read);
+    connect(&m_parts.view, &ModelView::FlagOpened, this, &MarkFlow::OpenFlag);
+    connect(&m_parts.view, &ModelView::FlagMenuWanted, this,
+            [this](const FlagMenuRequest& request) {
+                FlagMenu({m_parts.session, m_parts.hub, m_parts.pictures}, request).Run();
+            });
+    m_keeping.setSingleShot(true);
+    m_keeping.setInterval(kKeepDelay);
+    connect(&m_keeping, &QTimer::timeout, this, &MarkFlow::Keep);
 }
 
 MarkFlow::~MarkFlow() {
-    parts.panel.Page(MarkKind::kIssues).SetEntryReader({});
+    m_parts.panel.Page(MarkKind::Issues).SetEntryReader({});
 }
 
 void MarkFlow::ConnectPage(MarkPage& page) {
     const MarkKind kind = page.Kind();
     connect(&page, &MarkPage::TicksChanged, this, [this, kind] {
-        keeping.start();
+        m_keeping.start();
         Apply(kind);
     });
     connect(&page, &MarkPage::DaysChanged, this, [this, kind] {
-        keeping.start();
+        m_keeping.start();
         Read(kind);
     });
     connect(&page, &MarkPage::ShownChanged, this, [this, kind](bool on) {
-        keeping.start();
+        m_keeping.start();
         OnShownChanged(kind, on);
     });
     connect(&page, &MarkPage::FloorWanted, this, [this](const QString& group) {
-        parts.view.ShowFloor(group == OtherGroupName() ? QString() : group);
+        m_parts.view.ShowFloor(group == OtherGroupName() ? QString() : group);
     });
     connect(&page, &MarkPage::IssueWanted, this,
-            [this](const QString& questionId) { parts.view.LocateIssue(questionId); });
+            [this](const QString& questionId) { m_parts.view.LocateIssue(questionId); });
 }
 
 QString MarkFlow::SettingName() const {
-    const HostSession& session = parts.session;
-    if (session.CurrentProject().ppid == 0)
+    const HostSession& session = m_parts.session;
+    if (session.CurrentProject().ppid == 0) {
         return {};
+    }
     const QString open = session.IsWorkset() ? u"workset-%1"_s.arg(session.CurrentWorkset().id)
                                              : QString::number(session.CurrentProject().ppid);
     return u"marks:%1:%2"_s.arg(session.UserName(), open);
 }
 
 void MarkFlow::Keep() {
-    keeping.stop();
-    const QString text = ToText(parts.panel.State());
-    if (keptAs.isEmpty() || text == keptText || !parts.session.IsOpen())
+    m_keeping.stop();
+    const QString text = ToText(m_parts.panel.State());
+    if (m_keptAs.isEmpty() || text == m_keptText || !m_parts.session.IsOpen()) {
         return;
-    WithoutFault(parts.session, [&] { parts.session.Site().Catalogue().SetSetting(keptAs, text); });
-    keptText = text;
+    }
+    WithoutFault(m_parts.session,
+                 [&] { m_parts.session.Site().Catalogue().SetSetting(m_keptAs, text); });
+    m_keptText = text;
 }
 
 void MarkFlow::ProjectChanged() {
-    keptAs = SettingName();
-    keptText.clear();
-    WithoutFault(parts.session, [this] {
-        if (!keptAs.isEmpty())
-            keptText = parts.session.Site().Catalogue().Setting(keptAs);
-        parts.view.SetMarkTable(parts.session.Marks());
+    m_keptAs = SettingName();
+    m_keptText.clear();
+    WithoutFault(m_parts.session, [this] {
+        if (!m_keptAs.isEmpty()) {
+            m_keptText = m_parts.session.Site().Catalogue().Setting(m_keptAs);
+        }
+        m_parts.view.SetMarkTable(m_parts.session.Marks());
     });
-    const MarkState state = MarkStateFrom(keptText);
-    parts.panel.SetState(state);
-    parts.view.ShowMarks(MarkKind::kPhotos, state.photos.shown);
-    parts.view.ShowMarks(MarkKind::kIssues, state.issues.shown);
-    lastReads.clear();
-    parts.session.shownPicMarks.clear();
-    parts.session.shownIssueMarks.clear();
-    for (const MarkKind kind : {MarkKind::kPhotos, MarkKind::kIssues}) {
-        parts.panel.Page(kind).SetTree({});
-        parts.panel.Page(kind).SetHint(keptAs.isEmpty() ? u"没有打开的工程。"_s : QString());
+    const MarkState state = MarkStateFrom(m_keptText);
+    m_parts.panel.SetState(state);
+    m_parts.view.ShowMarks(MarkKind::Photos, state.photos.shown);
+    m_parts.view.ShowMarks(MarkKind::Issues, state.issues.shown);
+    m_lastReads.clear();
+    m_parts.session.shownPicMarks.clear();
+    m_parts.session.shownIssueMarks.clear();
+    for (const MarkKind kind : {MarkKind::Photos, MarkKind::Issues}) {
+        m_parts.panel.Page(kind).SetTree({});
+        m_parts.panel.Page(kind).SetHint(m_keptAs.isEmpty() ? u"没有打开的工程。"_s : QString());
     }
     // The module has forgotten the issues of the old project, and so the view does.
-    parts.pictures.RefreshIssueMarks();
-    Read(MarkKind::kPhotos);
+    m_parts.pictures.RefreshIssueMarks();
+    Read(MarkKind::Photos);
     ReadIssuesWhenPainted();
 }
 
@@ -134,33 +140,36 @@ void MarkFlow::ReadIssuesWhenPainted() {
 }
 
 void MarkFlow::customEvent(QEvent* event) {
-    if (event->type() == kReadIssues)
-        Read(MarkKind::kIssues);
+    if (event->type() == kReadIssues) {
+        Read(MarkKind::Issues);
+    }
 }
 
 bool MarkFlow::IsNeeded(MarkKind kind) const {
-    return kind == MarkKind::kPhotos || parts.panel.Page(kind).State().shown ||
-           parts.panel.IsPageInSight(kind);
+    return kind == MarkKind::Photos || m_parts.panel.Page(kind).State().shown ||
+           m_parts.panel.IsPageInSight(kind);
 }
 
 site::PanelFilter MarkFlow::FilterOf(MarkKind kind) const {
-    const MarkDays days = parts.panel.Page(kind).State().days;
+    const MarkDays days = m_parts.panel.Page(kind).State().days;
     const auto [from, to] = days.limited ? SecondsOf(days) : std::pair<qint64, qint64>();
-    return PanelFilterOf(parts.session, from, to, days.limited ? 1 : 0, {});
+    return PanelFilterOf(m_parts.session, from, to, days.limited ? 1 : 0, {});
 }
 
 void MarkFlow::Read(MarkKind kind) {
-    if (!parts.session.IsOpen() || !IsNeeded(kind))
+    if (!m_parts.session.IsOpen() || !IsNeeded(kind)) {
         return;
-    WithoutFault(parts.session, [&] {
+    }
+    WithoutFault(m_parts.session, [&] {
         const site::PanelFilter filter = FilterOf(kind);
-        const site::Stamp stamp = parts.session.Site().ChangeStamp();
-        LastRead& last = lastReads[kind];
-        if (last.stamp == stamp && last.filter == filter)
+        const site::Stamp stamp = m_parts.session.Site().ChangeStamp();
+        LastRead& last = m_lastReads[kind];
+        if (last.stamp == stamp && last.filter == filter) {
             return;
+        }
         last = {};
         const toolkit::WaitCursor waiting;
-        parts.view.SetMarkTable(parts.session.Marks());
+        m_parts.view.SetMarkTable(m_parts.session.Marks());
         ReadEntries(kind, filter);
         last = {filter, stamp};
     });
@@ -171,62 +180,66 @@ void MarkFlow::ReadEntries(MarkKind kind, const site::PanelFilter& filter) {
     PassedLimits limits(filter);
     std::vector<KX_DATA::PicFilterEntry> entries;
     std::vector<HiddenOfGroup> hidden;
-    if (kind == MarkKind::kPhotos) {
-        parts.pictureData.GetPicFilterData(limits.from, limits.to, limits.flag, limits.arg,
-                                           entries);
-        WithoutFault(parts.session, [&] { hidden = ReadHidden(filter); });
-    } else {
-        parts.pictureData.GetIssueFilterData(limits.from, limits.to, limits.flag, limits.arg,
+    if (kind == MarkKind::Photos) {
+        m_parts.pictureData.GetPicFilterData(limits.from, limits.to, limits.flag, limits.arg,
                                              entries);
+        WithoutFault(m_parts.session, [&] { hidden = ReadHidden(filter); });
+    } else {
+        m_parts.pictureData.GetIssueFilterData(limits.from, limits.to, limits.flag, limits.arg,
+                                               entries);
         RelistTicks(filter);
     }
-    parts.panel.Page(kind).SetTree(MakeMarkTree(entries, parts.session.Marks(), hidden));
+    m_parts.panel.Page(kind).SetTree(MakeMarkTree(entries, m_parts.session.Marks(), hidden));
 }
 
 /// The module's lists leave hidden photos out; panel and flags say beside them how many there are.
 std::vector<HiddenOfGroup> MarkFlow::ReadHidden(const site::PanelFilter& filter) {
     std::vector<HiddenOfGroup> groups;
     HiddenPhotos photos;
-    for (const site::PanelFloor& floor : parts.session.Site().PanelCounts().Photos(filter)) {
+    for (const site::PanelFloor& floor : m_parts.session.Site().PanelCounts().Photos(filter)) {
         HiddenOfGroup& group = groups.emplace_back();
         group.group = PanelGroupName(floor.name);
         for (const site::PanelPlace& place : floor.places) {
             for (const site::PanelMark& mark : place.marks) {
-                if (mark.hidden == 0)
+                if (mark.hidden == 0) {
                     continue;
+                }
                 group.marks[mark.markId] += mark.hidden;
                 photos[{place.ppid, floor.name, place.positionKey, mark.markId}] += mark.hidden;
             }
         }
     }
-    parts.view.SetHiddenPhotos(photos);
+    m_parts.view.SetHiddenPhotos(photos);
     return groups;
 }
 
 /// Ticks of single issues: what the limits leave out waits, what nothing leaves out is gone.
 void MarkFlow::RelistTicks(const site::PanelFilter& filter) {
-    MarkTreeModel& model = parts.panel.Page(MarkKind::kIssues).Model();
+    MarkTreeModel& model = m_parts.panel.Page(MarkKind::Issues).Model();
     std::set<MarkEntry> missing = model.Ticks().Exceptions();
-    if (missing.empty())
+    if (missing.empty()) {
         return;
-    for (const site::PanelIssueFloor& floor : parts.session.Site().PanelCounts().Issues(filter)) {
+    }
+    for (const site::PanelIssueFloor& floor : m_parts.session.Site().PanelCounts().Issues(filter)) {
         const QString group = PanelGroupName(floor.name);
-        for (const site::PanelIssue& issue : floor.issues)
+        for (const site::PanelIssue& issue : floor.issues) {
             missing.erase({group, issue.markId, issue.questionId});
+        }
     }
     MarkTicks ticks = model.Ticks();
-    if (!filter.HasLimits())
+    if (!filter.HasLimits()) {
         ticks.Forget(missing);
+    }
     ticks.SetUnlisted(missing);
     model.SetTicks(ticks);
 }
 
 void MarkFlow::Apply(MarkKind kind) {
-    HostSession& session = parts.session;
-    MarkPage& page = parts.panel.Page(kind);
+    HostSession& session = m_parts.session;
+    MarkPage& page = m_parts.panel.Page(kind);
     const MarkTicks& ticks = page.Model().Ticks();
     const bool isRead = WithoutFault(session, [&] {
-        if (kind == MarkKind::kIssues) {
+        if (kind == MarkKind::Issues) {
             session.shownIssueMarks =
                 TickedIssues(session, FilterOf(kind),
                              [&](const QString& group, qint32 markId, const QString& questionId) {
@@ -235,8 +248,9 @@ void MarkFlow::Apply(MarkKind kind) {
             return;
         }
         std::map<QString, Qt::CheckState> states;
-        for (const MarkTreeFloor& floor : page.Model().Tree())
+        for (const MarkTreeFloor& floor : page.Model().Tree()) {
             states[floor.group] = ticks.StateOf(floor);
+        }
         session.shownPicMarks = TickedPics(session, FilterOf(kind),
                                            {[&](const QString& group) { return states[group]; },
                                             [&](const QString& group, qint32 markId) {
@@ -244,28 +258,32 @@ void MarkFlow::Apply(MarkKind kind) {
                                             }});
     });
     page.SetHint(isRead ? QString() : u"读取标识时出错，请按 F5 重试。"_s);
-    if (kind == MarkKind::kPhotos)
-        parts.pictures.RefreshPicMarks();
-    else
-        parts.pictures.RefreshIssueMarks();
+    if (kind == MarkKind::Photos) {
+        m_parts.pictures.RefreshPicMarks();
+    } else {
+        m_parts.pictures.RefreshIssueMarks();
+    }
 }
 
 void MarkFlow::OnShownChanged(MarkKind kind, bool on) {
-    parts.view.ShowMarks(kind, on);
-    if (on)
+    m_parts.view.ShowMarks(kind, on);
+    if (on) {
         Read(kind);
+    }
 }
 
 std::vector<IssueName> MarkFlow::IssuesOf(const QString& group, qint32 markId) const {
     std::vector<IssueName> issues;
-    WithoutFault(parts.session, [&] {
+    WithoutFault(m_parts.session, [&] {
         for (const site::PanelIssueFloor& floor :
-             parts.session.Site().PanelCounts().Issues(FilterOf(MarkKind::kIssues))) {
-            if (PanelGroupName(floor.name) != group)
+             m_parts.session.Site().PanelCounts().Issues(FilterOf(MarkKind::Issues))) {
+            if (PanelGroupName(floor.name) != group) {
                 continue;
+            }
             for (const site::PanelIssue& issue : floor.issues) {
-                if (issue.markId == markId)
+                if (issue.markId == markId) {
                     issues.push_back({issue.questionId, issue.theme});
+                }
             }
         }
     });
@@ -273,14 +291,15 @@ std::vector<IssueName> MarkFlow::IssuesOf(const QString& group, qint32 markId) c
 }
 
 void MarkFlow::OpenFlag(const MarkFlag& flag) {
-    const qint32 ppid = flag.ppid != 0 ? flag.ppid : parts.session.CurrentProject().ppid;
-    if (flag.kind == MarkKind::kPhotos)
-        parts.hub.ViewBimPic(ppid, flag.floor, flag.positionKey, flag.markId);
-    else if (flag.issues.size() == 1)
-        parts.hub.LocateIssue(ppid, flag.issues.front().questionId);
-    else
-        FlagMenu({parts.session, parts.hub, parts.pictures}, {{flag}, {}, {}, QCursor::pos()})
+    const qint32 ppid = flag.ppid != 0 ? flag.ppid : m_parts.session.CurrentProject().ppid;
+    if (flag.kind == MarkKind::Photos) {
+        m_parts.hub.ViewBimPic(ppid, flag.floor, flag.positionKey, flag.markId);
+    } else if (flag.issues.size() == 1) {
+        m_parts.hub.LocateIssue(ppid, flag.issues.front().questionId);
+    } else {
+        FlagMenu({m_parts.session, m_parts.hub, m_parts.pictures}, {{flag}, {}, {}, QCursor::pos()})
             .Run();
+    }
 }
 
 } // namespace host

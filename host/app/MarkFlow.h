@@ -72,11 +72,11 @@ private:
     [[nodiscard]] std::vector<IssueName> IssuesOf(const QString& group, qint32 markId) const;
     [[nodiscard]] QString SettingName() const;
 
-    Parts parts;
-    QString keptAs;   ///< setting of what the panel shows; empty: nothing is open
-    QString keptText; ///< what that setting holds
-    QTimer keeping;
-    std::map<MarkKind, LastRead> lastReads;
+    Parts m_parts;
+    QString m_keptAs;   ///< setting of what the panel shows; empty: nothing is open
+    QString m_keptText; ///< what that setting holds
+    QTimer m_keeping;
+    std::map<MarkKind, LastRead> m_lastReads;
 };
 
 } // namespace host

@@ -10,19 +10,20 @@ namespace host {
 using namespace Qt::StringLiterals;
 
 std::optional<QString> ModuleLoader::Load(const QString& folder) {
-    library.setFileName(QDir(folder).filePath(u"KXVeskPicture"_s));
+    m_library.setFileName(QDir(folder).filePath(u"KXVeskPicture"_s));
     // All symbols at once: a service that the client lacks is found here, not in mid-work.
-    library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
-    if (!library.load())
+    m_library.setLoadHints(QLibrary::ResolveAllSymbolsHint | QLibrary::PreventUnloadHint);
+    if (!m_library.load()) {
         return u"照片模块 KXVeskPicture 无法加载：\n%1\n请重新安装客户端。"_s.arg(
-            library.errorString());
+            m_library.errorString());
+    }
     const auto getPictures =
-        reinterpret_cast<decltype(&GetKXVeskPicture)>(library.resolve("GetKXVeskPicture"));
+        reinterpret_cast<decltype(&GetKXVeskPicture)>(m_library.resolve("GetKXVeskPicture"));
     const auto getData =
-        reinterpret_cast<decltype(&GetKXVeskPicData)>(library.resolve("GetKXVeskPicData"));
-    pictures = getPictures == nullptr ? nullptr : getPictures();
-    data = getData == nullptr ? nullptr : getData();
-    if (pictures == nullptr || data == nullptr) {
+        reinterpret_cast<decltype(&GetKXVeskPicData)>(m_library.resolve("GetKXVeskPicData"));
+    m_pictures = getPictures == nullptr ? nullptr : getPictures();
+    m_data = getData == nullptr ? nullptr : getData();
+    if (m_pictures == nullptr || m_data == nullptr) {
         Release();
         return u"照片模块 KXVeskPicture 与此客户端不匹配。\n请重新安装客户端。"_s;
     }
@@ -30,8 +31,8 @@ std::optional<QString> ModuleLoader::Load(const QString& folder) {
 }
 
 void ModuleLoader::Release() {
-    pictures = nullptr;
-    data = nullptr;
+    m_pictures = nullptr;
+    m_data = nullptr;
 }
 
 } // namespace host

@@ -24,13 +24,13 @@ public:
     void Release();
 
     /// Null unless loaded.
-    [[nodiscard]] ZelvorNRQ_KXVeskPicture::IKXVeskPicture* Pictures() const { return pictures; }
-    [[nodiscard]] ZelvorNRQ_KXVeskPicture::IKXVeskPicData* PictureData() const { return data; }
+    [[nodiscard]] ZelvorNRQ_KXVeskPicture::IKXVeskPicture* Pictures() const { return m_pictures; }
+    [[nodiscard]] ZelvorNRQ_KXVeskPicture::IKXVeskPicData* PictureData() const { return m_data; }
 
 private:
-    QLibrary library;
-    ZelvorNRQ_KXVeskPicture::IKXVeskPicture* pictures = nullptr;
-    ZelvorNRQ_KXVeskPicture::IKXVeskPicData* data = nullptr;
+    QLibrary m_library;
+    ZelvorNRQ_KXVeskPicture::IKXVeskPicture* m_pictures = nullptr;
+    ZelvorNRQ_KXVeskPicture::IKXVeskPicData* m_data = nullptr;
 };
 
 } // namespace host

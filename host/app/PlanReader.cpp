@@ -15,8 +15,9 @@ using CountsByKey = std::map<QString, PhotoCount>;
 
 PhotoCount CountOf(const site::PanelPlace& place) {
     PhotoCount count;
-    for (const site::PanelMark& mark : place.marks)
+    for (const site::PanelMark& mark : place.marks) {
         count += {mark.count, mark.hidden};
+    }
     return count;
 }
 
@@ -27,35 +28,39 @@ public:
     ProjectPhotos(qint32 ppid, const std::vector<site::PanelFloor>& photos) {
         for (const site::PanelFloor& floor : photos) {
             for (const site::PanelPlace& place : floor.places) {
-                if (place.ppid != ppid)
+                if (place.ppid != ppid) {
                     continue;
-                if (names.empty() || names.back() != floor.name)
-                    names.push_back(floor.name);
-                byFloor[floor.name][place.positionKey] += CountOf(place);
+                }
+                if (m_names.empty() || m_names.back() != floor.name) {
+                    m_names.push_back(floor.name);
+                }
+                m_byFloor[floor.name][place.positionKey] += CountOf(place);
             }
         }
     }
 
-    [[nodiscard]] const std::vector<QString>& Floors() const { return names; }
+    [[nodiscard]] const std::vector<QString>& Floors() const { return m_names; }
     [[nodiscard]] PhotoCount At(const QString& floor, const QString& key) const {
-        const auto found = byFloor.find(floor);
-        if (found == byFloor.end())
+        const auto found = m_byFloor.find(floor);
+        if (found == m_byFloor.end()) {
             return {};
+        }
         const auto count = found->second.find(key);
         return count == found->second.end() ? PhotoCount() : count->second;
     }
     [[nodiscard]] PhotoCount On(const QString& floor) const {
         PhotoCount all;
-        if (const auto found = byFloor.find(floor); found != byFloor.end()) {
-            for (const auto& [key, count] : found->second)
+        if (const auto found = m_byFloor.find(floor); found != m_byFloor.end()) {
+            for (const auto& [key, count] : found->second) {
                 all += count;
+            }
         }
         return all;
     }
 
 private:
-    std::vector<QString> names;
-    std::map<QString, CountsByKey> byFloor;
+    std::vector<QString> m_names;
+    std::map<QString, CountsByKey> m_byFloor;
 };
 
 PlanFloor ReadFloor(qint32 ppid, const QString& name, const ProjectPhotos& counts) {
@@ -66,8 +71,9 @@ PlanFloor ReadFloor(qint32 ppid, const QString& name, const ProjectPhotos& count
     for (const QString& axisX : axesX) {
         std::vector<KX_DATA::AxisYEntry> axesY;
         photos.GetFloorAxesY(ppid, name, axisX, axesY);
-        for (const auto& [axisY, key] : axesY)
+        for (const auto& [axisY, key] : axesY) {
             builder.Add(axisX, axisY, key, counts.At(name, key));
+        }
     }
     PlanFloor floor = builder.Finish();
     PhotoCount all = counts.On(name);
@@ -80,8 +86,9 @@ PlanFloor ReadFloor(qint32 ppid, const QString& name, const ProjectPhotos& count
 /// The floors of the model, and behind them those that it has no longer.
 std::vector<QString> FloorsOf(std::vector<QString> ofModel, const ProjectPhotos& counts) {
     for (const QString& name : counts.Floors()) {
-        if (!name.isEmpty() && std::find(ofModel.begin(), ofModel.end(), name) == ofModel.end())
+        if (!name.isEmpty() && std::find(ofModel.begin(), ofModel.end(), name) == ofModel.end()) {
             ofModel.push_back(name);
+        }
     }
     return ofModel;
 }
@@ -93,21 +100,24 @@ FloorPlanModel ReadFloorPlan(const std::vector<site::ProjectEntry>& projects,
     FloorPlanModel model;
     PlanFloor others;
     for (const site::ProjectEntry& project : projects) {
-        if (model.projectName.isEmpty())
+        if (model.projectName.isEmpty()) {
             model.projectName = project.name;
+        }
         const ProjectPhotos counts(project.ppid, photos);
         others.unplaced += counts.On(QString());
         std::vector<QString> floors;
-        if (GetVeskPicMng()->GetProjectFloors(project.ppid, floors) != KX_DATA::kServiceOk)
+        if (GetVeskPicMng()->GetProjectFloors(project.ppid, floors) != KX_DATA::kServiceOk) {
             continue;
+        }
         for (const QString& name : FloorsOf(floors, counts)) {
             PlanFloor floor = ReadFloor(project.ppid, name, counts);
             floor.project = projects.size() > 1 ? project.name : QString();
             model.floors.push_back(std::move(floor));
         }
     }
-    if (!model.floors.empty() || others.unplaced.Total() > 0)
+    if (!model.floors.empty() || others.unplaced.Total() > 0) {
         model.floors.push_back(others);
+    }
     return model;
 }
 
@@ -115,12 +125,14 @@ FloorPlanModel ReadFloorPlan(HostSession& session) {
     std::vector<site::ProjectEntry> projects;
     std::vector<site::PanelFloor> photos;
     const bool isRead = WithoutFault(session, [&] {
-        if (session.CurrentProject().ppid == 0)
+        if (session.CurrentProject().ppid == 0) {
             return;
+        }
         projects = session.OpenProjects();
         site::PanelFilter everything;
-        for (const site::ProjectEntry& project : projects)
+        for (const site::ProjectEntry& project : projects) {
             everything.ppids.push_back(project.ppid);
+        }
         photos = session.Site().PanelCounts().Photos(everything);
     });
     return isRead ? ReadFloorPlan(projects, photos) : FloorPlanModel();

@@ -29,10 +29,11 @@ QByteArray ScreenConfig(int scale) {
 
 void SetTourScreen(int scale) {
     static QTemporaryFile file; // read when the application object is made
-    if (file.open() && file.write(ScreenConfig(scale)) > 0 && file.flush())
+    if (file.open() && file.write(ScreenConfig(scale)) > 0 && file.flush()) {
         qputenv(kPlatformVariable, "offscreen:configfile=" + file.fileName().toUtf8());
-    else
+    } else {
         qputenv(kPlatformVariable, "offscreen");
+    }
 }
 
 } // namespace
@@ -40,13 +41,14 @@ void SetTourScreen(int scale) {
 std::optional<QString> PreparePlatform(const CommandLine& line) {
     const QByteArray named = qgetenv(kPlatformVariable);
     const bool namesDisplay = !named.isEmpty() && !named.startsWith("offscreen");
-    if (line.road == Road::kTour && !namesDisplay)
+    if (line.road == Road::Tour && !namesDisplay) {
         SetTourScreen(line.tourScale);
-    else if (line.road == Road::kImport && named.isEmpty())
+    } else if (line.road == Road::Import && named.isEmpty()) {
         qputenv(kPlatformVariable, "offscreen");
-    else if (line.road == Road::kClient && named.isEmpty() && !HasDisplay())
+    } else if (line.road == Road::Client && named.isEmpty() && !HasDisplay()) {
         return u"这台机器没有显示器，无法打开窗口。\n"
                "可以用 --tour 文件夹 走查客户端，或用 import 导入照片。"_s;
+    }
     return std::nullopt;
 }
 

@@ -28,15 +28,17 @@ constexpr int kWrongWords = 2;
 void Print(std::FILE* stream, const QString& text) {
     QTextStream out(stream);
     out << text;
-    if (!text.endsWith(u'\n'))
+    if (!text.endsWith(u'\n')) {
         out << u'\n';
+    }
 }
 
 /// In a box where somebody can see it, and for the one who started the program in a terminal.
 int TellFault(const QString& text) {
     Print(stderr, text);
-    if (!IsHeadless())
+    if (!IsHeadless()) {
         toolkit::Prompts().ShowMessage(toolkit::kNoWindow, text);
+    }
     return kFault;
 }
 
@@ -48,8 +50,9 @@ void NameApplication() {
 
 int RunImport(const CommandLine& line) {
     HostSession session;
-    if (const StartResult site = OpenSite(session, line); !site.goOn)
+    if (const StartResult site = OpenSite(session, line); !site.goOn) {
         return site.fault.isEmpty() ? kDone : TellFault(site.fault);
+    }
     QTextStream out(stdout);
     QTextStream err(stderr);
     return RunImportCommand(session.Site(), line.importWords, out, err);
@@ -58,14 +61,17 @@ int RunImport(const CommandLine& line) {
 /// Opens the client and runs it until it is closed.
 int RunClient(const CommandLine& line) {
     HostSession session;
-    if (const StartResult site = OpenSite(session, line); !site.goOn)
+    if (const StartResult site = OpenSite(session, line); !site.goOn) {
         return site.fault.isEmpty() ? kDone : TellFault(site.fault);
-    if (const StartResult user = SignInUser(session, line); !user.goOn)
+    }
+    if (const StartResult user = SignInUser(session, line); !user.goOn) {
         return user.fault.isEmpty() ? kDone : TellFault(user.fault);
+    }
     session.SetTransfers(line.transfers);
     Client client(session);
-    if (const auto lack = client.Start(QCoreApplication::applicationDirPath()))
+    if (const auto lack = client.Start(QCoreApplication::applicationDirPath())) {
         return TellFault(*lack);
+    }
     const int code = QApplication::exec();
     client.Stop();
     return code;
@@ -73,9 +79,9 @@ int RunClient(const CommandLine& line) {
 
 int RunRoad(const CommandLine& line) {
     switch (line.road) {
-    case Road::kImport:
+    case Road::Import:
         return RunImport(line);
-    case Road::kTour:
+    case Road::Tour:
         return tour::RunTour(line, RunClient);
     default:
         return RunClient(line);
@@ -86,14 +92,15 @@ int RunRoad(const CommandLine& line) {
 
 int RunProgram(int argc, char** argv) {
     QStringList words;
-    for (int at = 1; at < argc; ++at)
+    for (int at = 1; at < argc; ++at) {
         words << QString::fromLocal8Bit(argv[at]);
+    }
     const CommandLine line = ParseCommandLine(words);
     if (!line.error.isEmpty()) {
         Print(stderr, line.error + u"\n\n"_s + HelpText());
         return kWrongWords;
     }
-    if (line.road == Road::kHelp) {
+    if (line.road == Road::Help) {
         Print(stdout, HelpText());
         return kDone;
     }
@@ -105,9 +112,10 @@ int RunProgram(int argc, char** argv) {
     NameApplication();
     toolkit::ApplyLook(app);
     QApplication::setQuitOnLastWindowClosed(false);
-    if (!toolkit::IsGbkAvailable())
+    if (!toolkit::IsGbkAvailable()) {
         return TellFault(u"此系统的 Qt 缺少代码页 936（GBK），无法读写中文姓名和消息。\n"
                          "请安装带 ICU 支持的 Qt 6。"_s);
+    }
     return RunRoad(line);
 }
 

@@ -24,10 +24,12 @@ QString ChoiceText(const ProjectChoice& choice) {
 
 std::vector<ProjectChoice> ReadProjectChoices(HostSession& session) {
     std::vector<ProjectChoice> choices;
-    for (const site::ProjectEntry& project : session.Site().Catalogue().Projects())
+    for (const site::ProjectEntry& project : session.Site().Catalogue().Projects()) {
         choices.push_back({project.name, project.ppid, 0});
-    for (const site::WorksetEntry& workset : session.Site().Catalogue().Worksets())
+    }
+    for (const site::WorksetEntry& workset : session.Site().Catalogue().Worksets()) {
         choices.push_back({u"工作集：%1"_s.arg(workset.name), 0, workset.id});
+    }
     return choices;
 }
 
@@ -44,16 +46,18 @@ int OpenChoice(const HostSession& session, const std::vector<ProjectChoice>& cho
 bool TakeChoice(HostSession& session, const ProjectChoice& choice) {
     const bool isOpen = choice.worksetId != 0 ? session.OpenWorkset(choice.worksetId)
                                               : session.OpenProject(choice.ppid);
-    if (isOpen)
+    if (isOpen) {
         session.Site().Catalogue().SetSetting(ChoiceSetting(session), ChoiceText(choice));
+    }
     return isOpen;
 }
 
 int RememberedChoice(HostSession& session, const std::vector<ProjectChoice>& choices) {
     const QString remembered = session.Site().Catalogue().Setting(ChoiceSetting(session));
     for (int at = 0; at < int(choices.size()); ++at) {
-        if (ChoiceText(choices[at]) == remembered)
+        if (ChoiceText(choices[at]) == remembered) {
             return at;
+        }
     }
     return choices.empty() ? -1 : 0;
 }

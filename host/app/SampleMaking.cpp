@@ -19,8 +19,9 @@ constexpr qint64 kLineEveryMs = 2000;
 
 /// For a start from a terminal without a display: a line now and then.
 bool PrintProgress(QElapsedTimer& sinceLine, int done, int total, const QString& what) {
-    if (sinceLine.elapsed() < kLineEveryMs)
+    if (sinceLine.elapsed() < kLineEveryMs) {
         return true;
+    }
     sinceLine.restart();
     std::printf("正在生成示例工程：%s（%d / %d）\n", qUtf8Printable(what), done, total);
     std::fflush(stdout);
@@ -40,7 +41,7 @@ bool CreateWithLines(site::ISite& site, sample::SampleSize size, QString& error)
 
 bool CreateWithWindow(site::ISite& site, sample::SampleSize size, QString& error) {
     ProgressWindow window(nullptr, u"首次启动：正在生成示例工程"_s,
-                          ProgressWindow::Cancel::kPossible);
+                          ProgressWindow::Cancel::Possible);
     window.Begin();
     const bool isMade = sample::CreateSampleSite(
         site, size,
@@ -59,7 +60,7 @@ bool CreateWithWindow(site::ISite& site, sample::SampleSize size, QString& error
 
 StartResult MakeSample(HostSession& session, const CommandLine& line) {
     QString error;
-    const bool isSeen = line.road == Road::kTour || !IsHeadless();
+    const bool isSeen = line.road == Road::Tour || !IsHeadless();
     const bool isMade = isSeen ? CreateWithWindow(session.Site(), line.sample, error)
                                : CreateWithLines(session.Site(), line.sample, error);
     return {isMade, error};

@@ -13,9 +13,9 @@ namespace {
 
 QString KindText(site::BinKind kind) {
     static const std::map<site::BinKind, QString> texts = {
-        {site::BinKind::kBimPhoto, u"BIM模型照片"_s},
-        {site::BinKind::kPdfPhoto, u"图纸照片"_s},
-        {site::BinKind::kIssue, u"TN问题"_s}};
+        {site::BinKind::BimPhoto, u"BIM模型照片"_s},
+        {site::BinKind::PdfPhoto, u"图纸照片"_s},
+        {site::BinKind::Issue, u"TN问题"_s}};
     const auto known = texts.find(kind);
     return known != texts.end() ? known->second : u"未知类型（%1）"_s.arg(static_cast<int>(kind));
 }
@@ -24,10 +24,10 @@ QString KindText(site::BinKind kind) {
 
 std::vector<BinRow> SessionBin::ReadBin() {
     std::vector<BinRow> rows;
-    WithoutFault(session, [&] {
-        for (const site::BinEntry& entry : session.Site().Bin().List()) {
+    WithoutFault(m_session, [&] {
+        for (const site::BinEntry& entry : m_session.Site().Bin().List()) {
             rows.push_back({entry.id, KindText(entry.kind), entry.title,
-                            session.ProjectName(entry.ppid), entry.deletedBy, entry.deletedAt,
+                            m_session.ProjectName(entry.ppid), entry.deletedBy, entry.deletedAt,
                             entry.deletedAt + site::kBinSeconds});
         }
     });
@@ -36,9 +36,9 @@ std::vector<BinRow> SessionBin::ReadBin() {
 
 int SessionBin::RestoreFromBin(const std::vector<qint64>& binIds) {
     int restored = 0;
-    WithoutFault(session, [&] {
-        restored = session.Site().Bin().Restore(binIds);
-        session.LogAction(u"从回收站恢复 %1 项"_s.arg(restored));
+    WithoutFault(m_session, [&] {
+        restored = m_session.Site().Bin().Restore(binIds);
+        m_session.LogAction(u"从回收站恢复 %1 项"_s.arg(restored));
     });
     return restored;
 }

@@ -10,13 +10,13 @@ class HostSession;
 /// Faults become messages of the host. Thread: user interface.
 class SessionBin final : public IBinSource {
 public:
-    explicit SessionBin(HostSession& hostSession) : session(hostSession) {}
+    explicit SessionBin(HostSession& hostSession) : m_session(hostSession) {}
 
     [[nodiscard]] std::vector<BinRow> ReadBin() override;
     int RestoreFromBin(const std::vector<qint64>& binIds) override;
 
 private:
-    HostSession& session;
+    HostSession& m_session;
 };
 
 } // namespace host

@@ -32,8 +32,9 @@ const std::vector<std::pair<qint32, QString>>& RightWords() {
 QString RightsText(const std::vector<qint32>& rights) {
     QStringList words;
     for (const auto& [right, word] : RightWords()) {
-        if (std::find(rights.begin(), rights.end(), right) != rights.end())
+        if (std::find(rights.begin(), rights.end(), right) != rights.end()) {
             words << word;
+        }
     }
     return words.isEmpty() ? u"只能查看"_s : u"可以%1"_s.arg(words.join(u"、"_s));
 }
@@ -42,16 +43,18 @@ QString RightsText(const std::vector<qint32>& rights) {
 QString MakeFirstUser(HostSession& session, const QString& wanted) {
     const QString name = wanted.isEmpty() ? u"管理员"_s : wanted;
     std::vector<qint32> rights;
-    for (const auto& [right, word] : RightWords())
+    for (const auto& [right, word] : RightWords()) {
         rights.push_back(right);
+    }
     session.Site().NewIntake()->AddUser(name, rights);
     return name;
 }
 
 QString AskUser(HostSession& session, const std::vector<QString>& people) {
     std::vector<SignInEntry> users;
-    for (const QString& name : people)
+    for (const QString& name : people) {
         users.push_back({name, RightsText(session.Site().Catalogue().RightsOf(name))});
+    }
     SignInDialog dialog(users, session.Site().Catalogue().Setting(LastUserSetting()),
                         session.Site().Place());
     return dialog.exec() == QDialog::Accepted ? dialog.UserName() : QString();
@@ -59,11 +62,13 @@ QString AskUser(HostSession& session, const std::vector<QString>& people) {
 
 StartResult SignInOne(HostSession& session, const CommandLine& line) {
     std::vector<QString> people = session.Site().Catalogue().People();
-    if (people.empty())
+    if (people.empty()) {
         people.push_back(MakeFirstUser(session, line.userName));
+    }
     const QString name = line.userName.isEmpty() ? AskUser(session, people) : line.userName;
-    if (name.isEmpty())
+    if (name.isEmpty()) {
         return {false, {}};
+    }
     if (!session.SignIn(name)) {
         const QStringList known(people.begin(), people.end());
         return {false,
@@ -84,11 +89,13 @@ QString DataFolderOf(const CommandLine& line) {
 }
 
 StartResult OpenSite(HostSession& session, const CommandLine& line) {
-    if (const auto fault = session.Open(DataFolderOf(line)))
+    if (const auto fault = session.Open(DataFolderOf(line))) {
         return {false, fault->text};
+    }
     try {
-        if (line.sample == sample::SampleSize::kNone || !session.Site().NewIntake()->IsEmpty())
+        if (line.sample == sample::SampleSize::None || !session.Site().NewIntake()->IsEmpty()) {
             return {};
+        }
         return MakeSample(session, line);
     } catch (const site::DataError& error) {
         return {false, error.Text()};

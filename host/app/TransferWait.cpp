@@ -26,49 +26,53 @@ void RunUntilDone(site::RunningTransfer& transfer) {
         [&loop] { QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection); });
     loop.exec();
     transfer.WhenDone({});
-    if (!transfer.IsDone())
+    if (!transfer.IsDone()) {
         transfer.Cancel();
+    }
     transfer.WaitDone();
 }
 
 } // namespace
 
 void TransferWait::Wait(site::RunningTransfer& transfer) {
-    if (transfer.WaitDone(times.cursorMs))
+    if (transfer.WaitDone(m_times.cursorMs)) {
         return;
+    }
     InputBlock noInput;
     RunLoop(transfer, noInput);
 }
 
 void TransferWait::RunLoop(site::RunningTransfer& transfer, InputBlock& block) {
-    const ExProgress::Hold hold(progress);
+    const ExProgress::Hold hold(m_progress);
     QPointer<ProgressWindow> own; // goes with its parent if that ends meanwhile
-    if (progress.Window() == nullptr) {
+    if (m_progress.Window() == nullptr) {
         own = new ProgressWindow(QApplication::activeWindow(), u"正在下载文件"_s,
-                                 ProgressWindow::Cancel::kPossible);
+                                 ProgressWindow::Cancel::Possible);
         own->SetText(u"正在下载文件，请稍候..."_s);
-        own->Begin(std::max(0, times.windowMs - times.cursorMs));
+        own->Begin(std::max(0, m_times.windowMs - m_times.cursorMs));
     }
-    ProgressWindow* shown = own ? own.get() : progress.Window();
-    shown->SetCancel(ProgressWindow::Cancel::kPossible);
+    ProgressWindow* shown = own ? own.get() : m_progress.Window();
+    shown->SetCancel(ProgressWindow::Cancel::Possible);
     block.LetOut(shown);
     const auto report = [&] {
-        if (own)
+        if (own) {
             own->ReportBytes(transfer.Bytes(), transfer.Total());
-        else if (ProgressWindow* window = progress.Window())
+        } else if (ProgressWindow* window = m_progress.Window()) {
             window->SetDetail(BytesText(transfer.Bytes(), transfer.Total()));
+        }
     };
     QTimer clock;
     QObject::connect(&clock, &QTimer::timeout, &clock, report);
     clock.start(kReportMs);
     QObject::connect(shown, &ProgressWindow::Cancelled, &clock, [&] { transfer.Cancel(); });
-    if (shown->IsCancelled())
+    if (shown->IsCancelled()) {
         transfer.Cancel();
+    }
     RunUntilDone(transfer);
     delete own;
-    if (ProgressWindow* window = progress.Window()) {
+    if (ProgressWindow* window = m_progress.Window()) {
         window->SetDetail({});
-        window->SetCancel(ProgressWindow::Cancel::kImpossible);
+        window->SetCancel(ProgressWindow::Cancel::Impossible);
     }
 }
 

@@ -21,17 +21,17 @@ public:
     };
 
     /// The progress service must outlive it.
-    explicit TransferWait(ExProgress& progressService) : progress(progressService) {}
+    explicit TransferWait(ExProgress& progressService) : m_progress(progressService) {}
     TransferWait(ExProgress& progressService, const Times& other)
-        : progress(progressService), times(other) {}
+        : m_progress(progressService), m_times(other) {}
 
     void Wait(site::RunningTransfer& transfer) override;
 
 private:
     void RunLoop(site::RunningTransfer& transfer, InputBlock& block);
 
-    ExProgress& progress;
-    const Times times;
+    ExProgress& m_progress;
+    const Times m_times;
 };
 
 } // namespace host

@@ -28,10 +28,10 @@ constexpr qint64 kFullDecodePixels = 30'000'000; // what the reader's memory lim
 }
 
 [[nodiscard]] QString KindRefusal(ImageKind kind, const QString& suffix) {
-    if (kind == ImageKind::kHeic || suffix == u"heic"_s || suffix == u"heif"_s) {
+    if (kind == ImageKind::Heic || suffix == u"heic"_s || suffix == u"heif"_s) {
         return u"HEIC 格式无法读取，请先转换为 JPEG"_s;
     }
-    if (kind == ImageKind::kNone) {
+    if (kind == ImageKind::None) {
         return IsImageName(suffix) ? u"内容不是图片，虽然扩展名是 .%1"_s.arg(suffix)
                                    : u"不是 JPEG、PNG、BMP 或 GIF 图片"_s;
     }
@@ -43,16 +43,16 @@ constexpr qint64 kFullDecodePixels = 30'000'000; // what the reader's memory lim
 
 [[nodiscard]] const char* FormatName(ImageKind kind) {
     switch (kind) {
-    case ImageKind::kJpeg:
+    case ImageKind::Jpeg:
         return "jpeg";
-    case ImageKind::kPng:
+    case ImageKind::Png:
         return "png";
-    case ImageKind::kBmp:
+    case ImageKind::Bmp:
         return "bmp";
-    case ImageKind::kGif:
+    case ImageKind::Gif:
         return "gif";
-    case ImageKind::kNone:
-    case ImageKind::kHeic:
+    case ImageKind::None:
+    case ImageKind::Heic:
         break;
     }
     return "";
@@ -76,7 +76,7 @@ constexpr qint64 kFullDecodePixels = 30'000'000; // what the reader's memory lim
             .arg(size.height())
             .arg(kMaxPixels / 10000);
     }
-    if (kind == ImageKind::kJpeg) {
+    if (kind == ImageKind::Jpeg) {
         reader.setScaledSize(
             size.scaled(kCheckSide, kCheckSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
     } else if (pixels > kFullDecodePixels) {
@@ -137,7 +137,7 @@ ExaminedFile ExamineFile(const QString& path) {
         QCryptographicHash::hash(result.bytes, QCryptographicHash::Md5).toHex());
     result.time = info.lastModified().toSecsSinceEpoch();
     if (SniffImage(QByteArrayView(result.bytes).first(std::min(kHeadBytes, result.bytes.size()))) ==
-        ImageKind::kJpeg) {
+        ImageKind::Jpeg) {
         result.time = ExifTime(result.bytes).value_or(result.time);
     }
     return result;

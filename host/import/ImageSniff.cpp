@@ -160,39 +160,39 @@ constexpr qsizetype kStartOfScan = 0xDA;
 
 ImageKind SniffImage(QByteArrayView head) {
     if (head.startsWith("\xFF\xD8\xFF")) {
-        return ImageKind::kJpeg;
+        return ImageKind::Jpeg;
     }
     if (head.startsWith(QByteArrayView("\x89PNG\r\n\x1A\n", 8))) {
-        return ImageKind::kPng;
+        return ImageKind::Png;
     }
     if (head.startsWith("GIF87a") || head.startsWith("GIF89a")) {
-        return ImageKind::kGif;
+        return ImageKind::Gif;
     }
     if (head.startsWith("BM") && head.size() >= 26 && LittleEndian(head, 14, 4) >= 12 &&
         LittleEndian(head, 14, 4) <= 124) {
-        return ImageKind::kBmp;
+        return ImageKind::Bmp;
     }
     if (head.size() >= 12 && head.sliced(4, 4) == QByteArrayView("ftyp")) {
         const QByteArrayView brand = head.sliced(8, 4);
         if (brand.startsWith("hei") || brand.startsWith("hev") || brand == QByteArrayView("mif1")) {
-            return ImageKind::kHeic;
+            return ImageKind::Heic;
         }
     }
-    return ImageKind::kNone;
+    return ImageKind::None;
 }
 
 bool ReachesItsEnd(ImageKind kind, QByteArrayView bytes) {
     switch (kind) {
-    case ImageKind::kJpeg:
+    case ImageKind::Jpeg:
         return JpegIsWhole(bytes);
-    case ImageKind::kPng:
+    case ImageKind::Png:
         return PngIsWhole(bytes);
-    case ImageKind::kGif:
+    case ImageKind::Gif:
         return GifIsWhole(bytes);
-    case ImageKind::kBmp:
+    case ImageKind::Bmp:
         return BmpIsWhole(bytes);
-    case ImageKind::kNone:
-    case ImageKind::kHeic:
+    case ImageKind::None:
+    case ImageKind::Heic:
         break;
     }
     return false;

@@ -6,7 +6,7 @@
 
 namespace host {
 
-enum class ImageKind { kNone, kJpeg, kPng, kBmp, kGif, kHeic };
+enum class ImageKind { None, Jpeg, Png, Bmp, Gif, Heic };
 
 /// By the first bytes; needs at most the first 32. Thread: any.
 [[nodiscard]] ImageKind SniffImage(QByteArrayView head);

@@ -64,7 +64,7 @@ constexpr std::array kOptions{
     QElapsedTimer sinceLast;
     sinceLast.start();
     const ImportReport report = Importer(site).Run(request, [&](const ImportStep& step) {
-        if (step.line.outcome != ImportOutcome::kFiled) {
+        if (step.line.outcome != ImportOutcome::Filed) {
             out << step.line.path << u'：' << step.line.text << u'\n';
         }
         if (sinceLast.elapsed() >= kProgressMs) {

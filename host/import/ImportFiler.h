@@ -18,8 +18,8 @@ public:
     [[nodiscard]] ImportLine File(const ExaminedFile& file);
 
 private:
-    std::unique_ptr<site::IIntake> intake;
-    ImportRequest request;
+    std::unique_ptr<site::IIntake> m_intake;
+    ImportRequest m_request;
 };
 
 } // namespace host

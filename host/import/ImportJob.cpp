@@ -18,7 +18,7 @@ namespace {
 
 } // namespace
 
-ImportJob::ImportJob(site::ISite& openSite, QObject* parent) : QObject(parent), site(openSite) {}
+ImportJob::ImportJob(site::ISite& openSite, QObject* parent) : QObject(parent), m_site(openSite) {}
 
 ImportJob::~ImportJob() = default;
 
@@ -26,18 +26,18 @@ bool ImportJob::Start(const ImportRequest& request) {
     if (IsRunning()) {
         return false;
     }
-    report = {};
-    step = {};
-    filer = std::make_unique<ImportFiler>(site, request);
+    m_report = {};
+    m_step = {};
+    m_filer = std::make_unique<ImportFiler>(m_site, request);
     const QEvent::Type wake = WakeEvent();
-    scanner = std::make_unique<ImportScanner>(
+    m_scanner = std::make_unique<ImportScanner>(
         request.roots, [this, wake] { QCoreApplication::postEvent(this, new QEvent(wake)); });
     return true;
 }
 
 void ImportJob::Cancel() {
     if (IsRunning()) {
-        report.cancelled = true;
+        m_report.cancelled = true;
         End();
     }
 }
@@ -53,24 +53,24 @@ bool ImportJob::event(QEvent* happening) {
 }
 
 void ImportJob::FileOne() {
-    if (const std::optional<ExaminedFile> file = scanner->TakeReady()) {
-        step.line = filer->File(*file);
-        step.total = scanner->Total();
-        ++step.done;
-        report.Add(step.line);
-        Q_EMIT Stepped(step);
+    if (const std::optional<ExaminedFile> file = m_scanner->TakeReady()) {
+        m_step.line = m_filer->File(*file);
+        m_step.total = m_scanner->Total();
+        ++m_step.done;
+        m_report.Add(m_step.line);
+        Q_EMIT Stepped(m_step);
     }
     // A receiver of the signal may have cancelled.
-    if (IsRunning() && (!report.fault.isEmpty() || scanner->AtEnd())) {
+    if (IsRunning() && (!m_report.fault.isEmpty() || m_scanner->AtEnd())) {
         End();
     }
 }
 
 void ImportJob::End() {
-    scanner.reset();
-    filer.reset();
+    m_scanner.reset();
+    m_filer.reset();
     QCoreApplication::removePostedEvents(this, WakeEvent());
-    Q_EMIT Finished(report);
+    Q_EMIT Finished(m_report);
 }
 
 } // namespace host

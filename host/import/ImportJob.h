@@ -31,7 +31,7 @@ public:
     bool Start(const ImportRequest& request);
     /// The import ends with Finished and `cancelled`; does nothing unless one is running.
     void Cancel();
-    [[nodiscard]] bool IsRunning() const { return scanner != nullptr; }
+    [[nodiscard]] bool IsRunning() const { return m_scanner != nullptr; }
 
 Q_SIGNALS:
     void Stepped(const host::ImportStep& step);
@@ -45,11 +45,11 @@ private:
     void FileOne();
     void End();
 
-    site::ISite& site;
-    std::unique_ptr<ImportFiler> filer;
-    std::unique_ptr<ImportScanner> scanner; ///< null: no import is running
-    ImportReport report;
-    ImportStep step;
+    site::ISite& m_site;
+    std::unique_ptr<ImportFiler> m_filer;
+    std::unique_ptr<ImportScanner> m_scanner; ///< null: no import is running
+    ImportReport m_report;
+    ImportStep m_step;
 };
 
 } // namespace host

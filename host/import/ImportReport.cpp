@@ -6,16 +6,16 @@ using namespace Qt::StringLiterals;
 
 void ImportReport::Add(const ImportLine& line) {
     switch (line.outcome) {
-    case ImportOutcome::kFiled:
+    case ImportOutcome::Filed:
         ++filed;
         return;
-    case ImportOutcome::kDuplicate:
+    case ImportOutcome::Duplicate:
         ++duplicates;
         break;
-    case ImportOutcome::kRefused:
+    case ImportOutcome::Refused:
         ++refused;
         break;
-    case ImportOutcome::kFailed:
+    case ImportOutcome::Failed:
         fault = line.text;
         break;
     }

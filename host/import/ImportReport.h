@@ -18,15 +18,15 @@ struct ImportRequest {
 };
 
 enum class ImportOutcome {
-    kFiled,
-    kDuplicate, ///< a photo of the project has these bytes already
-    kRefused,   ///< no picture that can be read
-    kFailed     ///< could not be stored; the import ends here
+    Filed,
+    Duplicate, ///< a photo of the project has these bytes already
+    Refused,   ///< no picture that can be read
+    Failed     ///< could not be stored; the import ends here
 };
 
 struct ImportLine {
     QString path;
-    ImportOutcome outcome = ImportOutcome::kFiled;
+    ImportOutcome outcome = ImportOutcome::Filed;
     QString text; ///< Chinese, why; for a filed photo its display name
 };
 

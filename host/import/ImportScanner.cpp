@@ -7,8 +7,8 @@
 namespace host {
 
 ImportScanner::ImportScanner(const QStringList& roots, std::function<void()> onNews)
-    : news(std::move(onNews)),
-      worker([this, roots](const std::stop_token& stop) { Work(roots, stop); }) {}
+    : m_news(std::move(onNews)),
+      m_worker([this, roots](const std::stop_token& stop) { Work(roots, stop); }) {}
 
 ImportScanner::~ImportScanner() = default;
 
@@ -18,61 +18,61 @@ void ImportScanner::Work(const QStringList& roots, const std::stop_token& stop) 
         paths.push_back(path);
         return !stop.stop_requested();
     });
-    total = static_cast<int>(paths.size());
+    m_total = static_cast<int>(paths.size());
     for (const QString& path : paths) {
         if (stop.stop_requested() || !HandOver(ExamineFile(path), stop)) {
             break;
         }
     }
     {
-        const std::scoped_lock guard(lock);
-        finished = true;
+        const std::scoped_lock guard(m_lock);
+        m_finished = true;
     }
-    changed.notify_all();
-    if (news && !stop.stop_requested()) {
-        news();
+    m_changed.notify_all();
+    if (m_news && !stop.stop_requested()) {
+        m_news();
     }
 }
 
 bool ImportScanner::HandOver(ExaminedFile file, const std::stop_token& stop) {
     {
-        std::unique_lock guard(lock);
-        if (!changed.wait(guard, stop, [this] { return ready.size() < kAhead; })) {
+        std::unique_lock guard(m_lock);
+        if (!m_changed.wait(guard, stop, [this] { return m_ready.size() < kAhead; })) {
             return false;
         }
-        ready.push_back(std::move(file));
+        m_ready.push_back(std::move(file));
     }
-    changed.notify_all();
-    if (news) {
-        news();
+    m_changed.notify_all();
+    if (m_news) {
+        m_news();
     }
     return true;
 }
 
 std::optional<ExaminedFile> ImportScanner::TakeFront() {
-    if (ready.empty()) {
+    if (m_ready.empty()) {
         return std::nullopt;
     }
-    std::optional<ExaminedFile> file(std::move(ready.front()));
-    ready.pop_front();
-    changed.notify_all();
+    std::optional<ExaminedFile> file(std::move(m_ready.front()));
+    m_ready.pop_front();
+    m_changed.notify_all();
     return file;
 }
 
 std::optional<ExaminedFile> ImportScanner::WaitForNext() {
-    std::unique_lock guard(lock);
-    changed.wait(guard, [this] { return !ready.empty() || finished; });
+    std::unique_lock guard(m_lock);
+    m_changed.wait(guard, [this] { return !m_ready.empty() || m_finished; });
     return TakeFront();
 }
 
 std::optional<ExaminedFile> ImportScanner::TakeReady() {
-    const std::scoped_lock guard(lock);
+    const std::scoped_lock guard(m_lock);
     return TakeFront();
 }
 
 bool ImportScanner::AtEnd() const {
-    const std::scoped_lock guard(lock);
-    return finished && ready.empty();
+    const std::scoped_lock guard(m_lock);
+    return m_finished && m_ready.empty();
 }
 
 } // namespace host

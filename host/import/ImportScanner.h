@@ -33,7 +33,7 @@ public:
     /// True once everything has been taken. Thread: any.
     [[nodiscard]] bool AtEnd() const;
     /// Number of files that the walk found, refused ones included; -1 while it still walks.
-    [[nodiscard]] int Total() const { return total.load(); }
+    [[nodiscard]] int Total() const { return m_total.load(); }
 
 private:
     void Work(const QStringList& roots, const std::stop_token& stop);
@@ -43,13 +43,13 @@ private:
 
     static constexpr size_t kAhead = 2;
 
-    std::function<void()> news;
-    std::atomic<int> total{-1};
-    mutable std::mutex lock; ///< guards the two below
-    std::deque<ExaminedFile> ready;
-    bool finished = false;
-    std::condition_variable_any changed;
-    std::jthread worker; ///< last: it uses everything above
+    std::function<void()> m_news;
+    std::atomic<int> m_total{-1};
+    mutable std::mutex m_lock; ///< guards the two below
+    std::deque<ExaminedFile> m_ready;
+    bool m_finished = false;
+    std::condition_variable_any m_changed;
+    std::jthread m_worker; ///< last: it uses everything above
 };
 
 } // namespace host

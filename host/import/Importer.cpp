@@ -7,7 +7,7 @@ namespace host {
 
 ImportReport Importer::Run(const ImportRequest& request, const ImportProgress& progress) {
     ImportReport report;
-    ImportFiler filer(site, request);
+    ImportFiler filer(m_site, request);
     ImportScanner scanner(request.roots);
     ImportStep step;
     while (const std::optional<ExaminedFile> file = scanner.WaitForNext()) {

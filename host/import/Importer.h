@@ -19,13 +19,13 @@ using ImportProgress = std::function<bool(const ImportStep&)>;
 class Importer final {
 public:
     /// The site must outlive the importer.
-    explicit Importer(site::ISite& openSite) : site(openSite) {}
+    explicit Importer(site::ISite& openSite) : m_site(openSite) {}
 
     [[nodiscard]] ImportReport Run(const ImportRequest& request,
                                    const ImportProgress& progress = {});
 
 private:
-    site::ISite& site;
+    site::ISite& m_site;
 };
 
 } // namespace host

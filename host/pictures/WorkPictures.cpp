@@ -92,8 +92,9 @@ QImage ButtonImage(const ButtonFile& button) {
 
 std::vector<WorkPicture> DrawWorkPictures() {
     std::vector<WorkPicture> pictures;
-    for (const ButtonFile& button : kButtons)
+    for (const ButtonFile& button : kButtons) {
         pictures.push_back({button.name.toString(), ButtonImage(button)});
+    }
     pictures.push_back(
         {u"DefaultPic.jpg"_s,
          Rendered(Vector(u"default-picture")).convertToFormat(QImage::Format_RGB32)});
@@ -101,8 +102,9 @@ std::vector<WorkPicture> DrawWorkPictures() {
 }
 
 bool WriteWorkPictures(const QString& folder) {
-    if (!QDir().mkpath(folder))
+    if (!QDir().mkpath(folder)) {
         return false;
+    }
     const std::vector<WorkPicture> pictures = DrawWorkPictures();
     return std::all_of(pictures.begin(), pictures.end(), [&](const WorkPicture& picture) {
         QImageWriter writer(QDir(folder).filePath(picture.name));

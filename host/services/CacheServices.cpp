@@ -11,8 +11,8 @@ const KX_DATA::ProjectRecord* ProjCacheHandle::GetProjectRecord() {
     if (session == nullptr || session->CurrentProject().ppid == 0) {
         return nullptr;
     }
-    record = {session->CurrentProject().name, session->CurrentProject().ppid};
-    return &record;
+    m_record = {session->CurrentProject().name, session->CurrentProject().ppid};
+    return &m_record;
 }
 
 void ProjCacheHandle::GetCurrentDrawing(KX_DATA::CurrentDrawing& drawing) {
@@ -27,12 +27,12 @@ qint32 ProjCacheHandle::GetProjectMajor() {
 
 const KX_DATA::ShownPicMarks& ProjModelHandle::GetShownPicMarks() {
     const HostSession* session = HostSession::Current();
-    return session != nullptr ? session->shownPicMarks : noPicMarks;
+    return session != nullptr ? session->shownPicMarks : m_noPicMarks;
 }
 
 const KX_DATA::ShownIssueMarks& ProjModelHandle::GetShownIssueMarks() {
     const HostSession* session = HostSession::Current();
-    return session != nullptr ? session->shownIssueMarks : noIssueMarks;
+    return session != nullptr ? session->shownIssueMarks : m_noIssueMarks;
 }
 
 bool LocalCacheData::GetMarkTable(std::map<qint32, KX_DATA::MarkRecord>& table) {

@@ -15,7 +15,7 @@ public:
     qint32 GetProjectMajor() override;
 
 private:
-    KX_DATA::ProjectRecord record;
+    KX_DATA::ProjectRecord m_record;
 };
 
 class ProjModelHandle final : public KX_DATA::IProjModelHandle {
@@ -24,19 +24,19 @@ public:
     const KX_DATA::ShownIssueMarks& GetShownIssueMarks() override;
 
 private:
-    KX_DATA::ShownPicMarks noPicMarks;
-    KX_DATA::ShownIssueMarks noIssueMarks;
+    KX_DATA::ShownPicMarks m_noPicMarks;
+    KX_DATA::ShownIssueMarks m_noIssueMarks;
 };
 
 /// Both handles exist with or without an open project.
 class ProjCacheMng final : public KX_DATA::IProjCacheMng {
 public:
-    KX_DATA::IProjCacheHandle* GetCurrentProject() override { return &project; }
-    KX_DATA::IProjModelHandle* GetCurrentModel() override { return &model; }
+    KX_DATA::IProjCacheHandle* GetCurrentProject() override { return &m_project; }
+    KX_DATA::IProjModelHandle* GetCurrentModel() override { return &m_model; }
 
 private:
-    ProjCacheHandle project;
-    ProjModelHandle model;
+    ProjCacheHandle m_project;
+    ProjModelHandle m_model;
 };
 
 class LocalCacheData final : public KX_DATA::IKXLocalCacheData {

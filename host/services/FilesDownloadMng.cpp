@@ -68,8 +68,9 @@ void FilesDownloadMng::DownloadFile(KX_DATA::TransferResult& result, const QStri
     }
     result.success = outcome.ok ? 1 : 0;
     result.message = outcome.text;
-    if (!outcome.ok)
-        desk->Report(MessageLevel::kWarning, u"下载文件失败："_s + outcome.text);
+    if (!outcome.ok) {
+        desk->Report(MessageLevel::Warning, u"下载文件失败："_s + outcome.text);
+    }
 }
 
 } // namespace host

@@ -23,8 +23,9 @@ bool FilesUploadMng::UploadFile(const std::vector<KX_DATA::UploadItem>& items, q
         errorText = u"没有可以上传的文件。"_s;
         return false;
     }
-    if (!stored)
-        desk->Report(MessageLevel::kWarning, u"上传文件失败："_s + errorText);
+    if (!stored) {
+        desk->Report(MessageLevel::Warning, u"上传文件失败："_s + errorText);
+    }
     return stored;
 }
 

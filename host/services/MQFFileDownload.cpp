@@ -18,8 +18,8 @@ qint32 Clamped(qint64 bytes) {
 } // namespace
 
 void MQFFileDownload::Note(const QString& taskId, const std::function<void(Task&)>& change) {
-    const std::lock_guard guard(lock);
-    change(tasks[taskId]);
+    const std::lock_guard guard(m_lock);
+    change(m_tasks[taskId]);
 }
 
 void MQFFileDownload::StartDownload(const QString& taskId,
@@ -52,28 +52,28 @@ void MQFFileDownload::Run(const QString& taskId, const KX_DATA::FileDownloadReco
 }
 
 bool MQFFileDownload::GetDownloadState(const QString& taskId, qint32& state, qint32& bytes) {
-    const std::lock_guard guard(lock);
-    const auto task = tasks.find(taskId);
-    if (task == tasks.end()) {
+    const std::lock_guard guard(m_lock);
+    const auto task = m_tasks.find(taskId);
+    if (task == m_tasks.end()) {
         return false;
     }
     state = task->state;
     bytes = Clamped(task->bytes);
     if (state == KX_DATA::kDownloadFinished) {
-        tasks.erase(task);
+        m_tasks.erase(task);
     }
     return true;
 }
 
 void MQFFileDownload::GetErrorText(const QString& taskId, QString& text) {
-    const std::lock_guard guard(lock);
-    text = tasks.take(taskId).error;
+    const std::lock_guard guard(m_lock);
+    text = m_tasks.take(taskId).error;
 }
 
 void MQFFileDownload::GetFileSize(const QString& taskId, qint32& size) {
-    const std::lock_guard guard(lock);
-    const auto task = tasks.constFind(taskId);
-    if (task != tasks.cend()) {
+    const std::lock_guard guard(m_lock);
+    const auto task = m_tasks.constFind(taskId);
+    if (task != m_tasks.cend()) {
         size = Clamped(task->size);
     }
 }

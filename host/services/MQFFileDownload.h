@@ -35,8 +35,8 @@ private:
              const site::TransferPlace& place);
     void Note(const QString& taskId, const std::function<void(Task&)>& change);
 
-    std::mutex lock; ///< guards tasks
-    QHash<QString, Task> tasks;
+    std::mutex m_lock; ///< guards tasks
+    QHash<QString, Task> m_tasks;
 };
 
 } // namespace host

@@ -23,8 +23,8 @@ template <typename Ask> QString MadeFolder(Ask ask) {
         const QString folder = ask(session.Site().Folders());
         if (folder.isEmpty()) {
             throw site::DataError(
-                site::Fault::kNotWritable,
-                site::FaultText(site::Fault::kNotWritable, session.Site().Place()));
+                site::Fault::NotWritable,
+                site::FaultText(site::Fault::NotWritable, session.Site().Place()));
         }
         return WithSeparator(folder);
     });

@@ -14,34 +14,35 @@ namespace {
 class ItemMaker {
 public:
     ItemMaker(HostSession& session, const site::PanelFilter& filter)
-        : names(session, filter), marks(session.Marks()) {}
+        : m_names(session, filter), m_marks(session.Marks()) {}
 
     [[nodiscard]] KX_DATA::PicMarkItem ItemOf(const site::PanelPlace& place) const {
         const std::string project = std::to_string(place.ppid);
         KX_DATA::PicMarkItem item;
         item.positionKey = toolkit::ToGbk(place.positionKey);
-        item.itemName = names.NameOf(place);
+        item.itemName = m_names.NameOf(place);
         item.groupId = kPicGroup;
         item.leaves.reserve(place.marks.size());
         for (const site::PanelMark& counted : place.marks) {
             if (counted.count == 0) {
                 continue;
             }
-            const auto mark = marks.find(counted.markId);
+            const auto mark = m_marks.find(counted.markId);
             KX_DATA::PicMarkLeaf& leaf = item.leaves.emplace_back();
             leaf.text1 = project;
             leaf.markId = counted.markId;
             leaf.count = counted.count;
-            if (mark != marks.end())
+            if (mark != m_marks.end()) {
                 leaf.markName = mark->second.name;
+            }
             item.total += counted.count;
         }
         return item;
     }
 
 private:
-    PanelItemNames names;
-    std::map<qint32, KX_DATA::MarkRecord> marks;
+    PanelItemNames m_names;
+    std::map<qint32, KX_DATA::MarkRecord> m_marks;
 };
 
 } // namespace
@@ -120,14 +121,14 @@ PanelItemNames::PanelItemNames(HostSession& session, const site::PanelFilter& fi
         return;
     }
     for (const qint32 ppid : filter.ppids) {
-        prefixes[ppid] = toolkit::ToGbk(session.ProjectName(ppid) + u' ');
+        m_prefixes[ppid] = toolkit::ToGbk(session.ProjectName(ppid) + u' ');
     }
 }
 
 std::string PanelItemNames::NameOf(const site::PanelPlace& place) const {
-    const auto prefix = prefixes.find(place.ppid);
+    const auto prefix = m_prefixes.find(place.ppid);
     // What hangs on no floor ends up in a single item, whose name is then the only one.
-    return prefix == prefixes.end() || place.positionKey.isEmpty()
+    return prefix == m_prefixes.end() || place.positionKey.isEmpty()
                ? toolkit::ToGbk(place.posText)
                : prefix->second + toolkit::ToGbk(place.posText);
 }

@@ -37,7 +37,7 @@ public:
     [[nodiscard]] std::string NameOf(const site::PanelPlace& place) const;
 
 private:
-    std::map<qint32, std::string> prefixes; ///< by project; empty for a single one
+    std::map<qint32, std::string> m_prefixes; ///< by project; empty for a single one
 };
 
 } // namespace host

@@ -26,7 +26,7 @@ inline void Unimplemented(const char* operation) {
 /// Inside of Guarded: what was asked for isn't there, perhaps any more. `name` names it.
 inline void RequireFound(bool found, const QString& name) {
     if (!found) {
-        throw site::DataError(site::Fault::kMissing, site::FaultText(site::Fault::kMissing, name));
+        throw site::DataError(site::Fault::Missing, site::FaultText(site::Fault::Missing, name));
     }
 }
 

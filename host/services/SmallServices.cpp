@@ -16,9 +16,9 @@ void ReportFault(const QString& what, const std::exception& fault) {
     qCWarning(serviceLog, "%s: %s", qUtf8Printable(what), fault.what());
     const auto* known = dynamic_cast<const site::DataError*>(&fault);
     const QString reason =
-        known != nullptr ? known->Text() : site::FaultText(site::Fault::kOther, {});
+        known != nullptr ? known->Text() : site::FaultText(site::Fault::Other, {});
     if (HostSession* session = HostSession::Current()) {
-        session->ReportHostMessage(MessageLevel::kError, FaultHead(what) + reason);
+        session->ReportHostMessage(MessageLevel::Error, FaultHead(what) + reason);
     }
 }
 
@@ -31,7 +31,7 @@ void RequireSome(HostSession& session, const QString& what, int done, size_t ask
                  asked == 1 ? u"所选的一项"_s : u"所选的 %1 项"_s.arg(asked));
     if (static_cast<size_t>(done) < asked) {
         session.ReportHostMessage(
-            MessageLevel::kWarning,
+            MessageLevel::Warning,
             u"%1：%2 项已完成，另外 %3 项已不存在，可能已被他人删除，请刷新（F5）。"_s.arg(what)
                 .arg(done)
                 .arg(asked - static_cast<size_t>(done)));

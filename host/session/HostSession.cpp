@@ -30,16 +30,16 @@ CurrentDeskPlace& DeskPlace() {
 HostSession::HostSession() {
     current = this;
     const std::lock_guard guard(DeskPlace().lock);
-    DeskPlace().desk = desk;
+    DeskPlace().desk = m_desk;
 }
 
 HostSession::~HostSession() {
     Close();
-    desk->SetMessageSink({});
+    m_desk->SetMessageSink({});
     HostSession* self = this;
     current.compare_exchange_strong(self, nullptr);
     const std::lock_guard guard(DeskPlace().lock);
-    if (DeskPlace().desk == desk) {
+    if (DeskPlace().desk == m_desk) {
         DeskPlace().desk.reset();
     }
 }
@@ -57,55 +57,56 @@ std::optional<site::OpenFault> HostSession::Open(const QString& place,
                                                  const site::OpenOptions& options) {
     Close();
     site::OpenedSite opened = site::OpenSite(place, options);
-    site = std::move(opened.site);
-    if (site != nullptr) {
-        desk->Open(site->Place());
-        site->SetTold([this](const QString& text) { desk->Report(MessageLevel::kWarning, text); });
+    m_site = std::move(opened.site);
+    if (m_site != nullptr) {
+        m_desk->Open(m_site->Place());
+        m_site->SetTold(
+            [this](const QString& text) { m_desk->Report(MessageLevel::Warning, text); });
     }
     return opened.fault;
 }
 
 void HostSession::Close() {
-    desk->Close();
+    m_desk->Close();
     CloseProject();
-    user.clear();
-    rights.clear();
-    projectNames.clear();
-    marks.clear();
-    tableStamp = {};
-    site.reset();
+    m_user.clear();
+    m_rights.clear();
+    m_projectNames.clear();
+    m_marks.clear();
+    m_tableStamp = {};
+    m_site.reset();
 }
 
 bool HostSession::SignIn(const QString& name) {
-    const std::vector<QString> people = site->Catalogue().People();
+    const std::vector<QString> people = m_site->Catalogue().People();
     if (std::find(people.begin(), people.end(), name) == people.end()) {
         return false;
     }
-    user = name;
-    rights = site->Catalogue().RightsOf(name);
+    m_user = name;
+    m_rights = m_site->Catalogue().RightsOf(name);
     return true;
 }
 
 bool HostSession::HasRight(qint32 right) const {
-    return std::find(rights.begin(), rights.end(), right) != rights.end();
+    return std::find(m_rights.begin(), m_rights.end(), right) != m_rights.end();
 }
 
 bool HostSession::OpenProject(qint32 ppid) {
-    const site::ProjectEntry found = site->Catalogue().Project(ppid);
+    const site::ProjectEntry found = m_site->Catalogue().Project(ppid);
     if (found.ppid == 0) {
         return false;
     }
     CloseProject();
-    project = found;
+    m_project = found;
     return true;
 }
 
 bool HostSession::OpenWorkset(qint32 worksetId) {
-    for (const site::WorksetEntry& entry : site->Catalogue().Worksets()) {
+    for (const site::WorksetEntry& entry : m_site->Catalogue().Worksets()) {
         if (entry.id == worksetId) {
             CloseProject();
-            workset = entry;
-            project = site->Catalogue().Project(entry.ppids.front());
+            m_workset = entry;
+            m_project = m_site->Catalogue().Project(entry.ppids.front());
             return true;
         }
     }
@@ -113,9 +114,9 @@ bool HostSession::OpenWorkset(qint32 worksetId) {
 }
 
 void HostSession::CloseProject() {
-    project = {};
-    workset = {};
-    drawing = {};
+    m_project = {};
+    m_workset = {};
+    m_drawing = {};
     shownPicMarks.clear();
     shownIssueMarks.clear();
 }
@@ -123,52 +124,53 @@ void HostSession::CloseProject() {
 std::vector<site::ProjectEntry> HostSession::OpenProjects() {
     std::vector<site::ProjectEntry> projects;
     if (IsWorkset()) {
-        for (const qint32 ppid : workset.ppids) {
-            projects.push_back(site->Catalogue().Project(ppid));
+        for (const qint32 ppid : m_workset.ppids) {
+            projects.push_back(m_site->Catalogue().Project(ppid));
         }
-    } else if (project.ppid != 0) {
-        projects.push_back(project);
+    } else if (m_project.ppid != 0) {
+        projects.push_back(m_project);
     }
     return projects;
 }
 
 site::Projects HostSession::OpenPpids() const {
     if (IsWorkset()) {
-        return workset.ppids;
+        return m_workset.ppids;
     }
-    return project.ppid != 0 ? site::Projects{project.ppid} : site::Projects{};
+    return m_project.ppid != 0 ? site::Projects{m_project.ppid} : site::Projects{};
 }
 
 void HostSession::LogAction(const QString& action) {
-    const site::LoggedAction entry{QDateTime::currentSecsSinceEpoch(), user, project.ppid, action};
-    site->Catalogue().LogAction(entry);
-    if (actionSink) {
-        actionSink(entry);
+    const site::LoggedAction entry{QDateTime::currentSecsSinceEpoch(), m_user, m_project.ppid,
+                                   action};
+    m_site->Catalogue().LogAction(entry);
+    if (m_actionSink) {
+        m_actionSink(entry);
     }
 }
 
 void HostSession::RefreshTables() {
-    const site::Stamp now = site->ChangeStamp();
-    if (now == tableStamp) {
+    const site::Stamp now = m_site->ChangeStamp();
+    if (now == m_tableStamp) {
         return;
     }
-    projectNames.clear();
-    for (const site::ProjectEntry& entry : site->Catalogue().Projects()) {
-        projectNames[entry.ppid] = entry.name;
+    m_projectNames.clear();
+    for (const site::ProjectEntry& entry : m_site->Catalogue().Projects()) {
+        m_projectNames[entry.ppid] = entry.name;
     }
-    marks = site->Catalogue().Marks();
-    tableStamp = now;
+    m_marks = m_site->Catalogue().Marks();
+    m_tableStamp = now;
 }
 
 QString HostSession::ProjectName(qint32 ppid) {
     RefreshTables();
-    const auto found = projectNames.find(ppid);
-    return found != projectNames.end() ? found->second : QString();
+    const auto found = m_projectNames.find(ppid);
+    return found != m_projectNames.end() ? found->second : QString();
 }
 
 const std::map<qint32, KX_DATA::MarkRecord>& HostSession::Marks() {
     RefreshTables();
-    return marks;
+    return m_marks;
 }
 
 } // namespace host

@@ -41,13 +41,13 @@ public:
     [[nodiscard]] std::optional<site::OpenFault> Open(const QString& place,
                                                       const site::OpenOptions& options = {});
     void Close();
-    [[nodiscard]] bool IsOpen() const { return site != nullptr; }
+    [[nodiscard]] bool IsOpen() const { return m_site != nullptr; }
     /// Only while one is open.
-    [[nodiscard]] site::ISite& Site() const { return *site; }
+    [[nodiscard]] site::ISite& Site() const { return *m_site; }
 
     /// False for a user whom the database doesn't know.
     bool SignIn(const QString& name);
-    [[nodiscard]] QString UserName() const { return user; }
+    [[nodiscard]] QString UserName() const { return m_user; }
     [[nodiscard]] bool HasRight(qint32 right) const;
 
     /// Ends an open workset. Clears drawing and ticked marks. False for an unknown project.
@@ -56,16 +56,16 @@ public:
     bool OpenWorkset(qint32 worksetId);
     void CloseProject();
     /// ppid 0: none is open.
-    [[nodiscard]] const site::ProjectEntry& CurrentProject() const { return project; }
-    [[nodiscard]] bool IsWorkset() const { return workset.id != 0; }
-    [[nodiscard]] const site::WorksetEntry& CurrentWorkset() const { return workset; }
+    [[nodiscard]] const site::ProjectEntry& CurrentProject() const { return m_project; }
+    [[nodiscard]] bool IsWorkset() const { return m_workset.id != 0; }
+    [[nodiscard]] const site::WorksetEntry& CurrentWorkset() const { return m_workset; }
     /// Projects of the workset, else the open one; empty without any.
     [[nodiscard]] std::vector<site::ProjectEntry> OpenProjects();
     /// Their ids, without asking the site.
     [[nodiscard]] site::Projects OpenPpids() const;
 
-    void SetDrawing(const KX_DATA::CurrentDrawing& current) { drawing = current; }
-    [[nodiscard]] const KX_DATA::CurrentDrawing& Drawing() const { return drawing; }
+    void SetDrawing(const KX_DATA::CurrentDrawing& current) { m_drawing = current; }
+    [[nodiscard]] const KX_DATA::CurrentDrawing& Drawing() const { return m_drawing; }
     /// What is ticked in the mark panel.
     KX_DATA::ShownPicMarks shownPicMarks;
     KX_DATA::ShownIssueMarks shownIssueMarks;
@@ -80,20 +80,21 @@ public:
 
     using ActionSink = std::function<void(const site::LoggedAction&)>;
     /// See SessionDesk, as the three below.
-    void SetMessageSink(SessionDesk::MessageSink sink) { desk->SetMessageSink(std::move(sink)); }
-    void ReportHostMessage(MessageLevel level, const QString& text) { desk->Report(level, text); }
-    void SetTransfers(const site::TransferRules& rules) { desk->SetRules(rules); }
+    void SetMessageSink(SessionDesk::MessageSink sink) { m_desk->SetMessageSink(std::move(sink)); }
+    void ReportHostMessage(MessageLevel level, const QString& text) { m_desk->Report(level, text); }
+    void SetTransfers(const site::TransferRules& rules) { m_desk->SetRules(rules); }
     /// The living session's, for services that are called on any thread; null without a session.
     /// Thread: any.
     [[nodiscard]] static std::shared_ptr<SessionDesk> CurrentDesk();
 
-    void SetActionSink(ActionSink sink) { actionSink = std::move(sink); }
+    void SetActionSink(ActionSink sink) { m_actionSink = std::move(sink); }
     /// Is told how messages begin that no longer hold. Thread: user interface, as the one below.
     using WithdrawSink = std::function<void(const QString& beginning)>;
-    void SetWithdrawSink(WithdrawSink sink) { withdrawSink = std::move(sink); }
+    void SetWithdrawSink(WithdrawSink sink) { m_withdrawSink = std::move(sink); }
     void WithdrawHostMessages(const QString& beginning) const {
-        if (withdrawSink)
-            withdrawSink(beginning);
+        if (m_withdrawSink) {
+            m_withdrawSink(beginning);
+        }
     }
     /// Writes the record of what users did and tells the action sink.
     void LogAction(const QString& action);
@@ -105,18 +106,18 @@ public:
 private:
     void RefreshTables();
 
-    std::unique_ptr<site::ISite> site;
-    QString user;
-    std::vector<qint32> rights;
-    site::ProjectEntry project;
-    site::WorksetEntry workset;
-    KX_DATA::CurrentDrawing drawing;
-    ActionSink actionSink;
-    WithdrawSink withdrawSink;
-    site::Stamp tableStamp;
-    std::map<qint32, QString> projectNames;
-    std::map<qint32, KX_DATA::MarkRecord> marks;
-    const std::shared_ptr<SessionDesk> desk = std::make_shared<SessionDesk>();
+    std::unique_ptr<site::ISite> m_site;
+    QString m_user;
+    std::vector<qint32> m_rights;
+    site::ProjectEntry m_project;
+    site::WorksetEntry m_workset;
+    KX_DATA::CurrentDrawing m_drawing;
+    ActionSink m_actionSink;
+    WithdrawSink m_withdrawSink;
+    site::Stamp m_tableStamp;
+    std::map<qint32, QString> m_projectNames;
+    std::map<qint32, KX_DATA::MarkRecord> m_marks;
+    const std::shared_ptr<SessionDesk> m_desk = std::make_shared<SessionDesk>();
 };
 
 } // namespace host

@@ -14,7 +14,7 @@
 
 namespace host {
 
-enum class MessageLevel { kInfo, kWarning, kError };
+enum class MessageLevel { Info, Warning, Error };
 
 /// Knows the open data folder, runs transfers on it and ends them before the folder is closed, and
 /// takes messages for the person. Lives as long as somebody holds it, also beyond its session.

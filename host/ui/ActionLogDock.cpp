@@ -11,12 +11,12 @@ using namespace Qt::StringLiterals;
 
 ActionLogDock::ActionLogDock(QWidget* parent) : QDockWidget(u"操作记录"_s, parent) {
     setObjectName(u"actionLogDock"_s);
-    model = new ActionLogModel(this);
+    m_model = new ActionLogModel(this);
     auto* table = new HintTable(this);
     table->setObjectName(u"actionLogTable"_s);
     table->setAccessibleName(u"操作记录"_s);
     table->setFrameShape(QFrame::NoFrame);
-    table->setModel(model);
+    table->setModel(m_model);
     table->SetHint(u"还没有操作记录。\n隐藏、显示、删除照片等操作会记录在这里。"_s);
     table->horizontalHeader()->setStretchLastSection(true);
     table->setColumnWidth(ActionLogModel::kTime,

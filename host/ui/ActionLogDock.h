@@ -15,10 +15,10 @@ class ActionLogDock final : public QDockWidget {
 public:
     explicit ActionLogDock(QWidget* parent);
 
-    [[nodiscard]] ActionLogModel& Model() const { return *model; }
+    [[nodiscard]] ActionLogModel& Model() const { return *m_model; }
 
 private:
-    ActionLogModel* model = nullptr;
+    ActionLogModel* m_model = nullptr;
 };
 
 } // namespace host

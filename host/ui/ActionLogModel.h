@@ -33,7 +33,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    std::deque<ActionLogEntry> entries;
+    std::deque<ActionLogEntry> m_entries;
 };
 
 } // namespace host

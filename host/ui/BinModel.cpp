@@ -15,13 +15,13 @@ int DaysLeft(qint64 keptUntil, qint64 now) {
 
 void BinModel::SetRows(std::vector<BinRow> newRows, qint64 now) {
     beginResetModel();
-    rows = std::move(newRows);
-    countedFrom = now;
+    m_rows = std::move(newRows);
+    m_countedFrom = now;
     endResetModel();
 }
 
 int BinModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : int(rows.size());
+    return parent.isValid() ? 0 : int(m_rows.size());
 }
 
 int BinModel::columnCount(const QModelIndex& parent) const {
@@ -41,26 +41,30 @@ QString BinModel::Text(const BinRow& row, int column) const {
     case kDeletedAt:
         return KXTools::MinuteText(row.deletedAt);
     default:
-        return u"%1 天"_s.arg(DaysLeft(row.keptUntil, countedFrom));
+        return u"%1 天"_s.arg(DaysLeft(row.keptUntil, m_countedFrom));
     }
 }
 
 QVariant BinModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid())
+    if (!index.isValid()) {
         return {};
-    const QString text = toolkit::LineStart(Text(rows[std::size_t(index.row())], index.column()));
-    if (role == Qt::DisplayRole)
+    }
+    const QString text = toolkit::LineStart(Text(m_rows[std::size_t(index.row())], index.column()));
+    if (role == Qt::DisplayRole) {
         return text;
-    if (role == Qt::ToolTipRole)
+    }
+    if (role == Qt::ToolTipRole) {
         return toolkit::PlainTip(text);
+    }
     return {};
 }
 
 QVariant BinModel::headerData(int section, Qt::Orientation orientation, int role) const {
     static const QStringList captions = {u"种类"_s,   u"名称"_s,     u"所属工程"_s,
                                          u"删除人"_s, u"删除时间"_s, u"保留"_s};
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
+    }
     return captions.value(section);
 }
 

@@ -32,7 +32,7 @@ public:
 
     /// `now`: from which the days that are left are counted.
     void SetRows(std::vector<BinRow> newRows, qint64 now);
-    [[nodiscard]] qint64 IdAt(int row) const { return rows[std::size_t(row)].binId; }
+    [[nodiscard]] qint64 IdAt(int row) const { return m_rows[std::size_t(row)].binId; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -42,8 +42,8 @@ public:
 private:
     [[nodiscard]] QString Text(const BinRow& row, int column) const;
 
-    std::vector<BinRow> rows;
-    qint64 countedFrom = 0;
+    std::vector<BinRow> m_rows;
+    qint64 m_countedFrom = 0;
 };
 
 } // namespace host

@@ -42,11 +42,11 @@ private:
     void Restore();
     void ShowSelection();
 
-    IBinSource& source;
-    BinModel* model = nullptr;
-    HintTable* table = nullptr;
-    QLabel* summary = nullptr;
-    QPushButton* restoreButton = nullptr;
+    IBinSource& m_source;
+    BinModel* m_model = nullptr;
+    HintTable* m_table = nullptr;
+    QLabel* m_summary = nullptr;
+    QPushButton* m_restoreButton = nullptr;
 };
 
 } // namespace host

@@ -10,18 +10,18 @@ const std::vector<CommandRow>& CommandTable() {
     static const QString view = u"视图(&V)"_s;
     static const QString help = u"帮助(&H)"_s;
     static const std::vector<CommandRow> rows = {
-        {Command::kNewProject,
+        {Command::NewProject,
          file,
          u"新建工程..."_s,
          u"project"_s,
          Qt::CTRL | Qt::Key_N,
          u"在数据文件夹里建一个新工程并打开它"_s,
          {}},
-        {Command::kImport, file, u"导入照片..."_s, u"import"_s, Qt::CTRL | Qt::Key_I,
+        {Command::Import, file, u"导入照片..."_s, u"import"_s, Qt::CTRL | Qt::Key_I,
          u"把一个文件夹里的照片导入当前工程，也可以把文件夹拖到窗口上"_s, u"导入照片"_s, true},
-        {Command::kBin, file, u"回收站..."_s, u"bin"_s, Qt::CTRL | Qt::Key_B,
+        {Command::Bin, file, u"回收站..."_s, u"bin"_s, Qt::CTRL | Qt::Key_B,
          u"查看并恢复 30 天内删除的照片和问题"_s, u"回收站"_s},
-        {Command::kOpenFolder,
+        {Command::OpenFolder,
          file,
          u"打开数据文件夹"_s,
          u"folder"_s,
@@ -29,14 +29,14 @@ const std::vector<CommandRow>& CommandTable() {
          u"在文件管理器中打开数据文件夹"_s,
          {},
          true},
-        {Command::kQuit, file, u"退出"_s, {}, Qt::CTRL | Qt::Key_Q, u"结束客户端"_s, {}, true},
-        {Command::kBimConsole, console, u"BIM模型照片"_s, u"photo"_s, Qt::CTRL | Qt::Key_1,
+        {Command::Quit, file, u"退出"_s, {}, Qt::CTRL | Qt::Key_Q, u"结束客户端"_s, {}, true},
+        {Command::BimConsole, console, u"BIM模型照片"_s, u"photo"_s, Qt::CTRL | Qt::Key_1,
          u"在控制台中管理BIM模型照片"_s, u"BIM模型照片"_s, true},
-        {Command::kPdfConsole, console, u"图纸照片"_s, u"drawing"_s, Qt::CTRL | Qt::Key_2,
+        {Command::PdfConsole, console, u"图纸照片"_s, u"drawing"_s, Qt::CTRL | Qt::Key_2,
          u"在控制台中管理平面图纸照片"_s, u"图纸照片"_s},
-        {Command::kIssueConsole, console, u"TN问题"_s, u"issue"_s, Qt::CTRL | Qt::Key_3,
+        {Command::IssueConsole, console, u"TN问题"_s, u"issue"_s, Qt::CTRL | Qt::Key_3,
          u"在控制台中管理TN问题"_s, u"TN问题"_s},
-        {Command::kPlacePhotos,
+        {Command::PlacePhotos,
          console,
          u"所选轴线交点的照片"_s,
          u"locate"_s,
@@ -44,36 +44,36 @@ const std::vector<CommandRow>& CommandTable() {
          u"只列出平面图中所选轴线交点的照片"_s,
          {},
          true},
-        {Command::kFloorIssues,
+        {Command::FloorIssues,
          console,
          u"本楼层的TN问题"_s,
          u"plan"_s,
          Qt::CTRL | Qt::Key_5,
          u"只列出平面图中所示楼层的TN问题"_s,
          {}},
-        {Command::kDrawingPhotos,
+        {Command::DrawingPhotos,
          console,
          u"当前图纸的照片"_s,
          u"drawing"_s,
          Qt::CTRL | Qt::Key_6,
          u"只列出当前图纸的照片"_s,
          {}},
-        {Command::kRefresh,
+        {Command::Refresh,
          view,
          u"刷新平面图"_s,
          u"refresh"_s,
          Qt::Key_F5,
          u"重新读取楼层、轴网和照片数"_s,
          {}},
-        {Command::kClearMessages,
+        {Command::ClearMessages,
          view,
          u"清除消息"_s,
          u"close"_s,
          Qt::CTRL | Qt::Key_M,
          u"关闭消息栏中的所有消息"_s,
          {}},
-        {Command::kKeys, help, u"快捷键"_s, u"info"_s, Qt::Key_F1, u"列出所有快捷键"_s, {}},
-        {Command::kAbout, help, u"关于"_s, {}, {}, u"版本与数据文件夹"_s, {}},
+        {Command::Keys, help, u"快捷键"_s, u"info"_s, Qt::Key_F1, u"列出所有快捷键"_s, {}},
+        {Command::About, help, u"关于"_s, {}, {}, u"版本与数据文件夹"_s, {}},
     };
     return rows;
 }
@@ -87,8 +87,9 @@ QString TipWithKey(const CommandRow& row) {
 QString KeysText() {
     QString text;
     for (const CommandRow& row : CommandTable()) {
-        if (!row.key.isEmpty())
+        if (!row.key.isEmpty()) {
             text += u"%1\t%2\n"_s.arg(row.key.toString(QKeySequence::NativeText), row.text);
+        }
     }
     return text + uR"(Ctrl+K	显示或隐藏标识面板
 Ctrl+Shift+1	显示照片标识

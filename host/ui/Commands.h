@@ -9,21 +9,21 @@
 namespace host {
 
 enum class Command {
-    kNewProject,
-    kImport,
-    kOpenFolder,
-    kQuit,
-    kBimConsole,
-    kPdfConsole,
-    kIssueConsole,
-    kPlacePhotos,   ///< photos of the chosen intersection
-    kFloorIssues,   ///< issues of the shown floor
-    kDrawingPhotos, ///< photos of the current drawing
-    kBin,
-    kRefresh,
-    kClearMessages,
-    kKeys,
-    kAbout,
+    NewProject,
+    Import,
+    OpenFolder,
+    Quit,
+    BimConsole,
+    PdfConsole,
+    IssueConsole,
+    PlacePhotos,   ///< photos of the chosen intersection
+    FloorIssues,   ///< issues of the shown floor
+    DrawingPhotos, ///< photos of the current drawing
+    Bin,
+    Refresh,
+    ClearMessages,
+    Keys,
+    About,
 };
 
 /// One line of a menu, possibly with a button on the toolbar.

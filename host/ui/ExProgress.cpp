@@ -25,53 +25,58 @@ ExProgress::ExProgress() = default;
 ExProgress::~ExProgress() = default;
 
 ExProgress::Hold::~Hold() {
-    --progress.holds;
-    progress.LetGoLater(0);
+    --m_progress.m_holds;
+    m_progress.LetGoLater(0);
 }
 
 void ExProgress::LetGoLater(int milliseconds) {
-    if (!window)
+    if (!m_window) {
         return;
-    QTimer::singleShot(milliseconds, window.get(), [this] {
-        if (holds == 0 && !IsBehindDialog(window.get()))
-            window->LetGo();
-        else if (holds == 0)
+    }
+    QTimer::singleShot(milliseconds, m_window.get(), [this] {
+        if (m_holds == 0 && !IsBehindDialog(m_window.get())) {
+            m_window->LetGo();
+        } else if (m_holds == 0) {
             LetGoLater(kLookAgainMs);
+        }
     });
 }
 
 void ExProgress::Close() {
-    window.reset();
+    m_window.reset();
 }
 
 void ExProgress::Create(quint64 parent, const QString& name) {
-    range = 0;
-    window = std::make_unique<ProgressWindow>(toolkit::WidgetOf(parent), name,
-                                              ProgressWindow::Cancel::kImpossible);
+    m_range = 0;
+    m_window = std::make_unique<ProgressWindow>(toolkit::WidgetOf(parent), name,
+                                                ProgressWindow::Cancel::Impossible);
 }
 
 void ExProgress::Show() {
-    if (!window)
+    if (!m_window) {
         return;
-    window->Begin();
+    }
+    m_window->Begin();
     LetGoLater(0);
 }
 
 void ExProgress::SetTitle(const QString& title) {
-    if (window)
-        window->SetText(title);
+    if (m_window) {
+        m_window->SetText(title);
+    }
 }
 
 void ExProgress::SetRange(qint32 count) {
-    range = count;
+    m_range = count;
 }
 
 void ExProgress::SetPos(qint32 done) {
-    if (!window)
+    if (!m_window) {
         return;
+    }
     const Hold hold(*this);
-    window->Report(done, range);
-    window->LetThrough();
+    m_window->Report(done, m_range);
+    m_window->LetThrough();
 }
 
 } // namespace host

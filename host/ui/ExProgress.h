@@ -28,24 +28,24 @@ public:
     /// While it lives, an event loop that runs is part of the work.
     class Hold final {
     public:
-        explicit Hold(ExProgress& held) : progress(held) { ++progress.holds; }
+        explicit Hold(ExProgress& held) : m_progress(held) { ++m_progress.m_holds; }
         ~Hold();
         Hold(const Hold&) = delete;
         Hold& operator=(const Hold&) = delete;
 
     private:
-        ExProgress& progress;
+        ExProgress& m_progress;
     };
 
     /// Null between Close and Create.
-    [[nodiscard]] ProgressWindow* Window() const { return window.get(); }
+    [[nodiscard]] ProgressWindow* Window() const { return m_window.get(); }
 
 private:
     void LetGoLater(int milliseconds);
 
-    std::unique_ptr<ProgressWindow> window;
-    qint32 range = 0;
-    int holds = 0;
+    std::unique_ptr<ProgressWindow> m_window;
+    qint32 m_range = 0;
+    int m_holds = 0;
 };
 
 } // namespace host

@@ -22,18 +22,19 @@ HintTable::HintTable(QWidget* parent) : QTableView(parent) {
 }
 
 void HintTable::SetHint(const QString& text) {
-    hint = text;
+    m_hint = text;
     viewport()->update();
 }
 
 void HintTable::paintEvent(QPaintEvent* event) {
     QTableView::paintEvent(event);
-    if (hint.isEmpty() || (model() != nullptr && model()->rowCount() > 0))
+    if (m_hint.isEmpty() || (model() != nullptr && model()->rowCount() > 0)) {
         return;
+    }
     QPainter painter(viewport());
     painter.setPen(toolkit::Colors::HintText());
     painter.drawText(viewport()->rect().adjusted(12, 8, -12, -8),
-                     Qt::AlignCenter | Qt::TextWordWrap, hint);
+                     Qt::AlignCenter | Qt::TextWordWrap, m_hint);
 }
 
 } // namespace host

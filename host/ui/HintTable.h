@@ -19,7 +19,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QString hint;
+    QString m_hint;
 };
 
 } // namespace host

@@ -27,8 +27,9 @@ namespace {
 void Refill(QComboBox* combo, const std::vector<std::pair<QString, QString>>& namesAndData) {
     combo->clear();
     combo->addItem(u"不指定"_s, QString());
-    for (const auto& [name, data] : namesAndData)
+    for (const auto& [name, data] : namesAndData) {
         combo->addItem(name, data);
+    }
     combo->setEnabled(!namesAndData.empty());
 }
 
@@ -42,23 +43,24 @@ QPixmap MarkSwatch(qint32 color) {
 
 ImportDialog::ImportDialog(QWidget* parent, const QStringList& paths,
                            const std::vector<ImportProject>& projects)
-    : QDialog(parent), form(std::make_unique<Ui::ImportDialog>()), dropped(paths) {
-    form->setupUi(this);
+    : QDialog(parent), m_form(std::make_unique<Ui::ImportDialog>()), m_dropped(paths) {
+    m_form->setupUi(this);
     setObjectName(u"importDialog"_s);
-    form->noteLabel->setForegroundRole(QPalette::PlaceholderText);
-    note = form->noteLabel->text();
-    for (const ImportProject& project : projects)
-        form->projectCombo->addItem(project.name, project.ppid);
-    if (dropped.size() == 1) {
-        form->pathsEdit->setText(QDir::toNativeSeparators(dropped.front()));
-        dropped.clear();
-    } else if (!dropped.isEmpty()) {
-        form->pathsEdit->setText(u"拖入的 %1 个文件和文件夹"_s.arg(dropped.size()));
-        form->pathsEdit->setToolTip(toolkit::PlainTip(dropped.join(u'\n')));
-        form->pathsEdit->setReadOnly(true);
-        form->browseButton->setEnabled(false);
+    m_form->noteLabel->setForegroundRole(QPalette::PlaceholderText);
+    m_note = m_form->noteLabel->text();
+    for (const ImportProject& project : projects) {
+        m_form->projectCombo->addItem(project.name, project.ppid);
     }
-    QPushButton* ok = form->buttons->button(QDialogButtonBox::Ok);
+    if (m_dropped.size() == 1) {
+        m_form->pathsEdit->setText(QDir::toNativeSeparators(m_dropped.front()));
+        m_dropped.clear();
+    } else if (!m_dropped.isEmpty()) {
+        m_form->pathsEdit->setText(u"拖入的 %1 个文件和文件夹"_s.arg(m_dropped.size()));
+        m_form->pathsEdit->setToolTip(toolkit::PlainTip(m_dropped.join(u'\n')));
+        m_form->pathsEdit->setReadOnly(true);
+        m_form->browseButton->setEnabled(false);
+    }
+    QPushButton* ok = m_form->buttons->button(QDialogButtonBox::Ok);
     ok->setObjectName(u"importStart"_s);
     ok->setText(u"导入"_s);
     ok->setToolTip(u"开始导入（Enter）"_s);
@@ -67,26 +69,27 @@ ImportDialog::ImportDialog(QWidget* parent, const QStringList& paths,
     FillFloors();
     Validate();
 
-    connect(form->pathsEdit, &QLineEdit::textChanged, this, &ImportDialog::Validate);
-    connect(form->browseButton, &QPushButton::clicked, this, &ImportDialog::Browse);
-    connect(form->projectCombo, &QComboBox::activated, this, &ImportDialog::FillFloors);
-    connect(form->floorCombo, &QComboBox::activated, this, &ImportDialog::FillAxesX);
-    connect(form->axisXCombo, &QComboBox::activated, this, &ImportDialog::FillAxesY);
-    connect(form->axisYCombo, &QComboBox::activated, this, &ImportDialog::Validate);
-    connect(form->buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(form->buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(m_form->pathsEdit, &QLineEdit::textChanged, this, &ImportDialog::Validate);
+    connect(m_form->browseButton, &QPushButton::clicked, this, &ImportDialog::Browse);
+    connect(m_form->projectCombo, &QComboBox::activated, this, &ImportDialog::FillFloors);
+    connect(m_form->floorCombo, &QComboBox::activated, this, &ImportDialog::FillAxesX);
+    connect(m_form->axisXCombo, &QComboBox::activated, this, &ImportDialog::FillAxesY);
+    connect(m_form->axisYCombo, &QComboBox::activated, this, &ImportDialog::Validate);
+    connect(m_form->buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_form->buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
 ImportDialog::~ImportDialog() = default;
 
 qint32 ImportDialog::Ppid() const {
-    return form->projectCombo->currentData().toInt();
+    return m_form->projectCombo->currentData().toInt();
 }
 
 QStringList ImportDialog::Paths() const {
-    if (!dropped.isEmpty())
-        return dropped;
-    const QString typed = form->pathsEdit->text().trimmed();
+    if (!m_dropped.isEmpty()) {
+        return m_dropped;
+    }
+    const QString typed = m_form->pathsEdit->text().trimmed();
     return typed.isEmpty() ? QStringList() : QStringList{QDir::fromNativeSeparators(typed)};
 }
 
@@ -94,75 +97,84 @@ ImportChoice ImportDialog::Choice() const {
     ImportChoice choice;
     choice.paths = Paths();
     choice.ppid = Ppid();
-    choice.positionKey = form->axisYCombo->currentData().toString();
-    choice.markId = form->markCombo->currentData().toInt();
+    choice.positionKey = m_form->axisYCombo->currentData().toString();
+    choice.markId = m_form->markCombo->currentData().toInt();
     return choice;
 }
 
 void ImportDialog::FillMarks() {
-    form->markCombo->addItem(u"不指定"_s, 0);
+    m_form->markCombo->addItem(u"不指定"_s, 0);
     std::map<qint32, KX_DATA::MarkRecord> marks;
     GetKXLocalCacheData()->GetMarkTable(marks);
-    for (const auto& [markId, mark] : marks)
-        form->markCombo->addItem(MarkSwatch(mark.color), mark.name, markId);
+    for (const auto& [markId, mark] : marks) {
+        m_form->markCombo->addItem(MarkSwatch(mark.color), mark.name, markId);
+    }
 }
 
 void ImportDialog::FillFloors() {
     std::vector<QString> floors;
     GetVeskPicMng()->GetProjectFloors(Ppid(), floors);
     std::vector<std::pair<QString, QString>> entries;
-    for (const QString& floor : floors)
+    for (const QString& floor : floors) {
         entries.emplace_back(FloorCaption(floor), floor);
-    Refill(form->floorCombo, entries);
+    }
+    Refill(m_form->floorCombo, entries);
     FillAxesX();
 }
 
 void ImportDialog::FillAxesX() {
     std::vector<QString> axes;
-    const QString floor = form->floorCombo->currentData().toString();
-    if (!floor.isEmpty())
+    const QString floor = m_form->floorCombo->currentData().toString();
+    if (!floor.isEmpty()) {
         GetVeskPicMng()->GetFloorAxesX(Ppid(), floor, axes);
+    }
     std::vector<std::pair<QString, QString>> entries;
-    for (const QString& axis : axes)
+    for (const QString& axis : axes) {
         entries.emplace_back(axis, axis);
-    Refill(form->axisXCombo, entries);
+    }
+    Refill(m_form->axisXCombo, entries);
     FillAxesY();
 }
 
 void ImportDialog::FillAxesY() {
     std::vector<KX_DATA::AxisYEntry> entries;
-    const QString axisX = form->axisXCombo->currentData().toString();
-    if (!axisX.isEmpty())
-        GetVeskPicMng()->GetFloorAxesY(Ppid(), form->floorCombo->currentData().toString(), axisX,
+    const QString axisX = m_form->axisXCombo->currentData().toString();
+    if (!axisX.isEmpty()) {
+        GetVeskPicMng()->GetFloorAxesY(Ppid(), m_form->floorCombo->currentData().toString(), axisX,
                                        entries);
-    Refill(form->axisYCombo, entries);
+    }
+    Refill(m_form->axisYCombo, entries);
     Validate();
 }
 
 void ImportDialog::Browse() {
     const QString folder =
         toolkit::Prompts().AskFolder(toolkit::WindowOf(parentWidget()), u"选择照片所在的文件夹"_s);
-    if (!folder.isEmpty())
-        form->pathsEdit->setText(QDir::toNativeSeparators(folder));
+    if (!folder.isEmpty()) {
+        m_form->pathsEdit->setText(QDir::toNativeSeparators(folder));
+    }
 }
 
 QString ImportDialog::Lack() const {
     const QStringList paths = Paths();
-    if (paths.isEmpty())
+    if (paths.isEmpty()) {
         return u"请选择照片所在的文件夹。"_s;
-    if (dropped.isEmpty() && !QFileInfo::exists(paths.front()))
+    }
+    if (m_dropped.isEmpty() && !QFileInfo::exists(paths.front())) {
         return u"这个文件夹不存在。"_s;
-    if (form->floorCombo->currentIndex() > 0 && form->axisYCombo->currentIndex() <= 0)
+    }
+    if (m_form->floorCombo->currentIndex() > 0 && m_form->axisYCombo->currentIndex() <= 0) {
         return u"指定了楼层，请同时选择X轴和Y轴。"_s;
+    }
     return {};
 }
 
 void ImportDialog::Validate() {
     const QString lack = Lack();
-    QPushButton* ok = form->buttons->button(QDialogButtonBox::Ok);
+    QPushButton* ok = m_form->buttons->button(QDialogButtonBox::Ok);
     ok->setEnabled(lack.isEmpty());
     ok->setToolTip(lack.isEmpty() ? u"开始导入（Enter）"_s : lack);
-    form->noteLabel->setText(lack.isEmpty() || Paths().isEmpty() ? note : lack);
+    m_form->noteLabel->setText(lack.isEmpty() || Paths().isEmpty() ? m_note : lack);
 }
 
 } // namespace host

@@ -52,9 +52,9 @@ private:
     [[nodiscard]] QString Lack() const;
     [[nodiscard]] QStringList Paths() const;
 
-    std::unique_ptr<Ui::ImportDialog> form;
-    QStringList dropped;
-    QString note; ///< what the dialog says while nothing is amiss
+    std::unique_ptr<Ui::ImportDialog> m_form;
+    QStringList m_dropped;
+    QString m_note; ///< what the dialog says while nothing is amiss
 };
 
 } // namespace host

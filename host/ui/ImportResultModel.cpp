@@ -36,10 +36,10 @@ QString OneCell(QString text) {
 } // namespace
 
 ImportResultModel::ImportResultModel(std::vector<ImportResultRow> resultRows, QObject* parent)
-    : QAbstractTableModel(parent), rows(std::move(resultRows)) {}
+    : QAbstractTableModel(parent), m_rows(std::move(resultRows)) {}
 
 int ImportResultModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : int(rows.size());
+    return parent.isValid() ? 0 : int(m_rows.size());
 }
 
 int ImportResultModel::columnCount(const QModelIndex& parent) const {
@@ -47,29 +47,32 @@ int ImportResultModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ImportResultModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) {
         return {};
-    const QString text = CellText(rows[std::size_t(index.row())], index.column());
+    }
+    const QString text = CellText(m_rows[std::size_t(index.row())], index.column());
     return role == Qt::ToolTipRole ? toolkit::PlainTip(text) : text;
 }
 
 QVariant ImportResultModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
+    }
     return Captions().value(section);
 }
 
 QString ImportResultModel::TextOf(const std::vector<int>& chosen) const {
     std::vector<int> wanted = chosen;
     if (wanted.empty()) {
-        wanted.resize(rows.size());
+        wanted.resize(m_rows.size());
         std::iota(wanted.begin(), wanted.end(), 0);
     }
     QString text = Captions().join(u'\t') + u'\n';
     for (const int row : wanted) {
         QStringList cells;
-        for (int column = 0; column < kColumns; ++column)
-            cells << OneCell(CellText(rows[std::size_t(row)], column));
+        for (int column = 0; column < kColumns; ++column) {
+            cells << OneCell(CellText(m_rows[std::size_t(row)], column));
+        }
         text += cells.join(u'\t') + u'\n';
     }
     return text;

@@ -32,7 +32,7 @@ public:
     [[nodiscard]] QString TextOf(const std::vector<int>& chosen) const;
 
 private:
-    std::vector<ImportResultRow> rows;
+    std::vector<ImportResultRow> m_rows;
 };
 
 } // namespace host

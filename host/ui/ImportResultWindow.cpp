@@ -37,8 +37,9 @@ QPushButton* NamedButton(QWidget* parent, const QString& name, const QString& ic
     auto* button = new QPushButton(text, parent);
     button->setObjectName(name);
     button->setToolTip(tip);
-    if (!icon.isEmpty())
+    if (!icon.isEmpty()) {
         button->setIcon(toolkit::Icon(icon));
+    }
     button->setAutoDefault(false);
     return button;
 }
@@ -47,7 +48,7 @@ QPushButton* NamedButton(QWidget* parent, const QString& name, const QString& ic
 
 ImportResultWindow::ImportResultWindow(QWidget* parent, const QString& summary,
                                        std::vector<ImportResultRow> rows)
-    : QDialog(parent), model(new ImportResultModel(std::move(rows), this)) {
+    : QDialog(parent), m_model(new ImportResultModel(std::move(rows), this)) {
     setObjectName(u"importResult"_s);
     setWindowTitle(u"导入结果"_s);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -73,25 +74,25 @@ ImportResultWindow::ImportResultWindow(QWidget* parent, const QString& summary,
     all->setContentsMargins(12, 12, 12, 12);
     all->setSpacing(12);
     all->addWidget(head);
-    all->addWidget(table, 1);
+    all->addWidget(m_table, 1);
     all->addLayout(bottom);
     toolkit::ResizeWithinScreen(*this, QSize(820, 460));
     connect(copy, &QPushButton::clicked, this, &ImportResultWindow::Copy);
-    table->installEventFilter(this);
+    m_table->installEventFilter(this);
     connect(save, &QPushButton::clicked, this, &ImportResultWindow::Save);
     connect(close, &QPushButton::clicked, this, &QWidget::close);
 }
 
 void ImportResultWindow::MakeTable() {
-    table = new HintTable(this);
-    table->setObjectName(u"importTable"_s);
-    table->setAccessibleName(u"没有导入的文件"_s);
-    table->setModel(model);
-    table->setTextElideMode(Qt::ElideMiddle);
-    table->setColumnWidth(ImportResultModel::kFile, 400);
-    table->setColumnWidth(ImportResultModel::kOutcome, 72);
-    table->horizontalHeader()->setSectionResizeMode(ImportResultModel::kReason,
-                                                    QHeaderView::Stretch);
+    m_table = new HintTable(this);
+    m_table->setObjectName(u"importTable"_s);
+    m_table->setAccessibleName(u"没有导入的文件"_s);
+    m_table->setModel(m_model);
+    m_table->setTextElideMode(Qt::ElideMiddle);
+    m_table->setColumnWidth(ImportResultModel::kFile, 400);
+    m_table->setColumnWidth(ImportResultModel::kOutcome, 72);
+    m_table->horizontalHeader()->setSectionResizeMode(ImportResultModel::kReason,
+                                                      QHeaderView::Stretch);
 }
 
 // The table's own answer to the key is the text of one cell.
@@ -106,20 +107,22 @@ bool ImportResultWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void ImportResultWindow::Copy() {
     std::vector<int> chosen;
-    for (const QModelIndex& row : table->selectionModel()->selectedRows())
+    for (const QModelIndex& row : m_table->selectionModel()->selectedRows()) {
         chosen.push_back(row.row());
+    }
     std::sort(chosen.begin(), chosen.end());
-    QApplication::clipboard()->setText(model->TextOf(chosen));
+    QApplication::clipboard()->setText(m_model->TextOf(chosen));
 }
 
 void ImportResultWindow::Save() {
     const toolkit::WindowId owner = toolkit::WindowOf(this);
     const QString path =
         toolkit::Prompts().AskSaveFile({owner, u"导入结果.txt"_s, u"txt"_s, u"文本文件 (*.txt)"_s});
-    if (!path.isEmpty() && !WriteUtf8(path, model->TextOf({})))
+    if (!path.isEmpty() && !WriteUtf8(path, m_model->TextOf({}))) {
         toolkit::Prompts().ShowMessage(
             owner, u"没有保存：无法写入 %1，请检查文件夹权限和磁盘空间，或换一个位置。"_s.arg(
                        QDir::toNativeSeparators(path)));
+    }
     activateWindow(); // the file dialog was the main window's, to which the focus goes as it ends
 }
 

@@ -26,8 +26,8 @@ private:
     void Copy();
     void Save();
 
-    ImportResultModel* model = nullptr;
-    HintTable* table = nullptr;
+    ImportResultModel* m_model = nullptr;
+    HintTable* m_table = nullptr;
 };
 
 } // namespace host

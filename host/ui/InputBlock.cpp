@@ -52,15 +52,17 @@ InputBlock::~InputBlock() {
 }
 
 bool InputBlock::IsOfFreeWindow(const QObject* watched) const {
-    if (free == nullptr)
+    if (m_free == nullptr) {
         return false;
+    }
     const auto* widget = qobject_cast<const QWidget*>(watched);
-    return widget != nullptr ? widget->window() == free : watched == free->windowHandle();
+    return widget != nullptr ? widget->window() == m_free : watched == m_free->windowHandle();
 }
 
 bool InputBlock::eventFilter(QObject* watched, QEvent* event) {
-    if (!IsInput(*event) || IsOfFreeWindow(watched))
+    if (!IsInput(*event) || IsOfFreeWindow(watched)) {
         return false;
+    }
     event->setAccepted(event->type() != QEvent::Close);
     return true;
 }

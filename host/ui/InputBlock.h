@@ -16,7 +16,7 @@ public:
     ~InputBlock() override;
 
     /// Input to this window and its controls is not dropped; null: to none.
-    void LetOut(const QWidget* window) { free = window; }
+    void LetOut(const QWidget* window) { m_free = window; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -24,7 +24,7 @@ protected:
 private:
     [[nodiscard]] bool IsOfFreeWindow(const QObject* watched) const;
 
-    QPointer<const QWidget> free;
+    QPointer<const QWidget> m_free;
 };
 
 } // namespace host

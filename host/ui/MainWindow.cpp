@@ -38,8 +38,9 @@ QStringList LocalPaths(const QMimeData* data) {
     QStringList paths;
     const QList<QUrl> urls = data->urls();
     for (const QUrl& url : urls) {
-        if (url.isLocalFile())
+        if (url.isLocalFile()) {
             paths << url.toLocalFile();
+        }
     }
     return paths;
 }
@@ -65,13 +66,13 @@ MainWindow::MainWindow() {
     MakeToolbar();
     MakeStatusBar();
     toolkit::ResizeWithinScreen(*this, QSize(1280, 820));
-    id = toolkit::RegisterWindow(
+    m_id = toolkit::RegisterWindow(
         this, [this](const toolkit::WindowEvent& event) { return OnNumberedEvent(event); });
-    toolkit::SetMainWindow(id);
+    toolkit::SetMainWindow(m_id);
 }
 
 MainWindow::~MainWindow() {
-    toolkit::UnregisterWindow(id);
+    toolkit::UnregisterWindow(m_id);
 }
 
 void MainWindow::MakeCentre() {
@@ -79,23 +80,23 @@ void MainWindow::MakeCentre() {
     auto* lines = new QVBoxLayout(centre);
     lines->setContentsMargins(0, 0, 0, 0);
     lines->setSpacing(0);
-    messages = new MessageBar(centre);
-    plan = new FloorPlanPane(centre);
-    lines->addWidget(messages);
-    lines->addWidget(plan, 1);
+    m_messages = new MessageBar(centre);
+    m_plan = new FloorPlanPane(centre);
+    lines->addWidget(m_messages);
+    lines->addWidget(m_plan, 1);
     setCentralWidget(centre);
-    actionLog = new ActionLogDock(this);
-    addDockWidget(Qt::BottomDockWidgetArea, actionLog);
-    resizeDocks({actionLog}, {150}, Qt::Vertical);
+    m_actionLog = new ActionLogDock(this);
+    addDockWidget(Qt::BottomDockWidgetArea, m_actionLog);
+    resizeDocks({m_actionLog}, {150}, Qt::Vertical);
     // Beside the log rather than above it: the panel has the longer list, the screen may be low.
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
-    marks = new MarkPanelDock(this);
-    addDockWidget(Qt::RightDockWidgetArea, marks);
-    resizeDocks({marks}, {268}, Qt::Horizontal);
+    m_marks = new MarkPanelDock(this);
+    addDockWidget(Qt::RightDockWidgetArea, m_marks);
+    resizeDocks({m_marks}, {268}, Qt::Horizontal);
 }
 
 QMenu* MainWindow::MenuNamed(const QString& title) {
-    QMenu*& menu = menus[title];
+    QMenu*& menu = m_menus[title];
     if (menu == nullptr) {
         menu = menuBar()->addMenu(title);
         menu->setToolTipsVisible(true);
@@ -106,23 +107,25 @@ QMenu* MainWindow::MenuNamed(const QString& title) {
 void MainWindow::MakeMenus() {
     for (const CommandRow& row : CommandTable()) {
         QMenu* menu = MenuNamed(row.menu);
-        if (row.afterLine && !menu->isEmpty())
+        if (row.afterLine && !menu->isEmpty()) {
             menu->addSeparator();
+        }
         auto* action = new QAction(row.text, this);
-        if (!row.icon.isEmpty())
+        if (!row.icon.isEmpty()) {
             action->setIcon(toolkit::Icon(row.icon));
+        }
         action->setShortcut(row.key);
         action->setToolTip(TipWithKey(row));
         connect(action, &QAction::triggered, this,
                 [this, command = row.command] { emit CommandGiven(command); });
         menu->addAction(action);
-        actions[row.command] = action;
+        m_actions[row.command] = action;
     }
-    drawings = new QActionGroup(this);
-    drawingMenu = new QMenu(u"当前图纸"_s, this);
-    drawingMenu->setObjectName(u"drawingMenu"_s);
-    MenuNamed(u"控制台(&C)"_s)->addMenu(drawingMenu);
-    connect(drawings, &QActionGroup::triggered, this,
+    m_drawings = new QActionGroup(this);
+    m_drawingMenu = new QMenu(u"当前图纸"_s, this);
+    m_drawingMenu->setObjectName(u"drawingMenu"_s);
+    MenuNamed(u"控制台(&C)"_s)->addMenu(m_drawingMenu);
+    connect(m_drawings, &QActionGroup::triggered, this,
             [this](const QAction* action) { emit DrawingChosen(action->data().toInt()); });
     SetDrawings({}, -1);
 
@@ -132,15 +135,16 @@ void MainWindow::MakeMenus() {
 void MainWindow::AddPanelsToMenu() {
     QMenu* view = MenuNamed(u"视图(&V)"_s);
     view->addSeparator();
-    for (const MarkKind kind : {MarkKind::kPhotos, MarkKind::kIssues})
-        view->addAction(marks->Page(kind).ShownAction());
+    for (const MarkKind kind : {MarkKind::Photos, MarkKind::Issues}) {
+        view->addAction(m_marks->Page(kind).ShownAction());
+    }
     view->addSeparator();
-    QAction* showMarks = marks->toggleViewAction();
+    QAction* showMarks = m_marks->toggleViewAction();
     showMarks->setIcon(toolkit::Icon(u"flag"_s));
     showMarks->setShortcut(Qt::CTRL | Qt::Key_K);
     showMarks->setToolTip(u"显示或隐藏标识面板（Ctrl+K）"_s);
     view->addAction(showMarks);
-    QAction* showLog = actionLog->toggleViewAction();
+    QAction* showLog = m_actionLog->toggleViewAction();
     showLog->setIcon(toolkit::Icon(u"log"_s));
     showLog->setShortcut(Qt::CTRL | Qt::Key_L);
     showLog->setToolTip(u"显示或隐藏操作记录（Ctrl+L）"_s);
@@ -155,24 +159,26 @@ void MainWindow::MakeToolbar() {
     bar->toggleViewAction()->setEnabled(false);
     auto* caption = new QLabel(u"工程："_s, bar);
     caption->setContentsMargins(8, 0, 4, 0);
-    projectCombo = new QComboBox(bar);
-    projectCombo->setObjectName(u"projectChoice"_s);
-    projectCombo->setAccessibleName(u"工程或工作集"_s);
-    projectCombo->setMinimumContentsLength(16);
-    projectCombo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    caption->setBuddy(projectCombo);
+    m_projectCombo = new QComboBox(bar);
+    m_projectCombo->setObjectName(u"projectChoice"_s);
+    m_projectCombo->setAccessibleName(u"工程或工作集"_s);
+    m_projectCombo->setMinimumContentsLength(16);
+    m_projectCombo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    caption->setBuddy(m_projectCombo);
     bar->addWidget(caption);
-    bar->addWidget(projectCombo);
-    connect(projectCombo, &QComboBox::activated, this, &MainWindow::ProjectChosen);
+    bar->addWidget(m_projectCombo);
+    connect(m_projectCombo, &QComboBox::activated, this, &MainWindow::ProjectChosen);
 
-    for (const Command command : {Command::kBimConsole, Command::kPdfConsole,
-                                  Command::kIssueConsole, Command::kImport, Command::kBin}) {
-        if (command == Command::kBimConsole || command == Command::kImport)
+    for (const Command command : {Command::BimConsole, Command::PdfConsole, Command::IssueConsole,
+                                  Command::Import, Command::Bin}) {
+        if (command == Command::BimConsole || command == Command::Import) {
             bar->addSeparator();
-        QAction* action = actions[command];
+        }
+        QAction* action = m_actions[command];
         for (const CommandRow& row : CommandTable()) {
-            if (row.command == command)
+            if (row.command == command) {
                 action->setIconText(row.toolText);
+            }
         }
         bar->addAction(action);
     }
@@ -181,62 +187,62 @@ void MainWindow::MakeToolbar() {
     bar->addWidget(stretch);
     auto* userIcon = new QLabel(bar);
     userIcon->setPixmap(toolkit::Icon(u"user"_s).pixmap(16, 16));
-    userLabel = new QLabel(bar);
-    userLabel->setObjectName(u"userName"_s);
-    userLabel->setTextFormat(Qt::PlainText);
-    userLabel->setContentsMargins(4, 0, 12, 0);
+    m_userLabel = new QLabel(bar);
+    m_userLabel->setObjectName(u"userName"_s);
+    m_userLabel->setTextFormat(Qt::PlainText);
+    m_userLabel->setContentsMargins(4, 0, 12, 0);
     bar->addWidget(userIcon);
-    bar->addWidget(userLabel);
+    bar->addWidget(m_userLabel);
 }
 
 void MainWindow::MakeStatusBar() {
-    folderLabel = new QLabel(this);
-    folderLabel->setObjectName(u"dataFolder"_s);
-    folderLabel->setTextFormat(Qt::PlainText);
-    folderLabel->setForegroundRole(QPalette::PlaceholderText);
-    folderLabel->setContentsMargins(8, 0, 8, 0);
+    m_folderLabel = new QLabel(this);
+    m_folderLabel->setObjectName(u"dataFolder"_s);
+    m_folderLabel->setTextFormat(Qt::PlainText);
+    m_folderLabel->setForegroundRole(QPalette::PlaceholderText);
+    m_folderLabel->setContentsMargins(8, 0, 8, 0);
     statusBar()->setObjectName(u"mainStatus"_s);
-    statusBar()->addPermanentWidget(folderLabel);
+    statusBar()->addPermanentWidget(m_folderLabel);
 }
 
 void MainWindow::SetProjects(const QStringList& names, int current) {
-    projectCombo->clear();
-    projectCombo->addItems(names);
-    projectCombo->setCurrentIndex(current);
-    projectCombo->setPlaceholderText(names.isEmpty() ? u"没有工程"_s : u"请选择工程"_s);
+    m_projectCombo->clear();
+    m_projectCombo->addItems(names);
+    m_projectCombo->setCurrentIndex(current);
+    m_projectCombo->setPlaceholderText(names.isEmpty() ? u"没有工程"_s : u"请选择工程"_s);
     const QString name = names.value(current);
-    projectCombo->setToolTip(toolkit::PlainTip(u"当前工程或工作集：%1"_s.arg(name)));
+    m_projectCombo->setToolTip(toolkit::PlainTip(u"当前工程或工作集：%1"_s.arg(name)));
     setWindowTitle(name.isEmpty() ? QApplication::applicationDisplayName()
                                   : u"%1 - %2"_s.arg(name, QApplication::applicationDisplayName()));
 }
 
 void MainWindow::SetDrawings(const QStringList& names, int current) {
-    drawingMenu->clear();
+    m_drawingMenu->clear();
     for (int at = 0; at < int(names.size()); ++at) {
         QString text = names[at];
-        QAction* action = drawingMenu->addAction(text.replace(u'&', u"&&"_s));
+        QAction* action = m_drawingMenu->addAction(text.replace(u'&', u"&&"_s));
         action->setCheckable(true);
         action->setChecked(at == current);
         action->setData(at);
-        drawings->addAction(action);
+        m_drawings->addAction(action);
     }
-    drawingMenu->setEnabled(!names.isEmpty());
+    m_drawingMenu->setEnabled(!names.isEmpty());
 }
 
 void MainWindow::SetUserName(const QString& name) {
-    userLabel->setText(name);
-    userLabel->setToolTip(toolkit::PlainTip(u"当前用户：%1"_s.arg(name)));
+    m_userLabel->setText(name);
+    m_userLabel->setToolTip(toolkit::PlainTip(u"当前用户：%1"_s.arg(name)));
 }
 
 void MainWindow::SetDataFolder(const QString& folder) {
     const QString path = QDir::toNativeSeparators(folder);
-    folderLabel->setText(
-        folderLabel->fontMetrics().elidedText(u"数据文件夹：%1"_s.arg(path), Qt::ElideMiddle, 480));
-    folderLabel->setToolTip(toolkit::PlainTip(path));
+    m_folderLabel->setText(m_folderLabel->fontMetrics().elidedText(u"数据文件夹：%1"_s.arg(path),
+                                                                   Qt::ElideMiddle, 480));
+    m_folderLabel->setToolTip(toolkit::PlainTip(path));
 }
 
 void MainWindow::SetEnabled(Command command, bool enabled) {
-    actions[command]->setEnabled(enabled);
+    m_actions[command]->setEnabled(enabled);
 }
 
 void MainWindow::ShowStatus(const QString& text) {
@@ -245,12 +251,14 @@ void MainWindow::ShowStatus(const QString& text) {
 
 qintptr MainWindow::OnNumberedEvent(const toolkit::WindowEvent& event) {
     using namespace ZelvorNRQ_KXVeskPicture;
-    if (event.number != WM_VESK_PIC_LOCATE)
+    if (event.number != WM_VESK_PIC_LOCATE) {
         return 0;
-    if (event.first == 3)
+    }
+    if (event.first == 3) {
         emit DrawingLocated(int(event.second));
-    else if (event.first == 0 && event.second != 0)
+    } else if (event.first == 0 && event.second != 0) {
         emit PhotoLocated(*reinterpret_cast<const QString*>(event.second));
+    }
     return 1;
 }
 
@@ -276,20 +284,23 @@ bool MainWindow::CloseOtherWindows() {
 
 bool MainWindow::event(QEvent* event) {
     // Another project under a dialog of the module would pull its data from under it.
-    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked)
-        projectCombo->setEnabled(event->type() == QEvent::WindowUnblocked);
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowUnblocked) {
+        m_projectCombo->setEnabled(event->type() == QEvent::WindowUnblocked);
+    }
     return QMainWindow::event(event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (QApplication::activeModalWidget() == nullptr && !LocalPaths(event->mimeData()).isEmpty())
+    if (QApplication::activeModalWidget() == nullptr && !LocalPaths(event->mimeData()).isEmpty()) {
         event->acceptProposedAction();
+    }
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
     const QStringList paths = LocalPaths(event->mimeData());
-    if (paths.isEmpty() || QApplication::activeModalWidget() != nullptr)
+    if (paths.isEmpty() || QApplication::activeModalWidget() != nullptr) {
         return;
+    }
     event->acceptProposedAction();
     emit PathsDropped(paths);
 }

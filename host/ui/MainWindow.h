@@ -32,11 +32,11 @@ public:
     ~MainWindow() override;
 
     /// Id in the registry of windows; the toolkit knows it as the main window.
-    [[nodiscard]] toolkit::WindowId Id() const { return id; }
-    [[nodiscard]] FloorPlanPane& Plan() const { return *plan; }
-    [[nodiscard]] ActionLogDock& ActionLog() const { return *actionLog; }
-    [[nodiscard]] MarkPanelDock& Marks() const { return *marks; }
-    [[nodiscard]] MessageBar& Messages() const { return *messages; }
+    [[nodiscard]] toolkit::WindowId Id() const { return m_id; }
+    [[nodiscard]] FloorPlanPane& Plan() const { return *m_plan; }
+    [[nodiscard]] ActionLogDock& ActionLog() const { return *m_actionLog; }
+    [[nodiscard]] MarkPanelDock& Marks() const { return *m_marks; }
+    [[nodiscard]] MessageBar& Messages() const { return *m_messages; }
 
     /// Entries of the choice of project; `current` -1: none is open. Sends no signal.
     void SetProjects(const QStringList& names, int current);
@@ -79,18 +79,18 @@ private:
     QMenu* MenuNamed(const QString& title);
     qintptr OnNumberedEvent(const toolkit::WindowEvent& event);
 
-    toolkit::WindowId id = toolkit::kNoWindow;
-    FloorPlanPane* plan = nullptr;
-    ActionLogDock* actionLog = nullptr;
-    MarkPanelDock* marks = nullptr;
-    MessageBar* messages = nullptr;
-    QComboBox* projectCombo = nullptr;
-    QLabel* userLabel = nullptr;
-    QLabel* folderLabel = nullptr;
-    QMenu* drawingMenu = nullptr;
-    QActionGroup* drawings = nullptr;
-    std::map<QString, QMenu*> menus;
-    std::map<Command, QAction*> actions;
+    toolkit::WindowId m_id = toolkit::kNoWindow;
+    FloorPlanPane* m_plan = nullptr;
+    ActionLogDock* m_actionLog = nullptr;
+    MarkPanelDock* m_marks = nullptr;
+    MessageBar* m_messages = nullptr;
+    QComboBox* m_projectCombo = nullptr;
+    QLabel* m_userLabel = nullptr;
+    QLabel* m_folderLabel = nullptr;
+    QMenu* m_drawingMenu = nullptr;
+    QActionGroup* m_drawings = nullptr;
+    std::map<QString, QMenu*> m_menus;
+    std::map<Command, QAction*> m_actions;
 };
 
 } // namespace host

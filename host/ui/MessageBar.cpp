@@ -38,8 +38,9 @@ QToolButton* MakeButton(QWidget* parent, const QString& name, const QString& ico
     auto* button = new QToolButton(parent);
     button->setObjectName(name);
     button->setIcon(toolkit::Icon(icon));
-    if (button->icon().isNull())
+    if (button->icon().isNull()) {
         button->setText(text);
+    }
     button->setToolTip(text);
     button->setAccessibleName(text);
     button->setAutoRaise(true);
@@ -51,41 +52,43 @@ QToolButton* MakeButton(QWidget* parent, const QString& name, const QString& ico
 MessageBar::MessageBar(QWidget* parent) : QFrame(parent) {
     setObjectName(u"messageBar"_s);
     setAccessibleName(u"消息"_s);
-    lines = new QVBoxLayout(this);
-    lines->setContentsMargins(0, 0, 0, 0);
-    lines->setSpacing(1);
+    m_lines = new QVBoxLayout(this);
+    m_lines->setContentsMargins(0, 0, 0, 0);
+    m_lines->setSpacing(1);
     hide();
 }
 
 void MessageBar::Show(MessageKind kind, const QString& text) {
-    list.Add(kind, text);
+    m_list.Add(kind, text);
     Rebuild();
 }
 
 void MessageBar::Clear() {
-    list.Clear();
+    m_list.Clear();
     Rebuild();
 }
 
 void MessageBar::Withdraw(const QString& beginning) {
-    if (list.RemoveBeginning(beginning))
+    if (m_list.RemoveBeginning(beginning)) {
         Rebuild();
+    }
 }
 
 void MessageBar::Rebuild() {
-    while (QLayoutItem* item = lines->takeAt(0)) {
+    while (QLayoutItem* item = m_lines->takeAt(0)) {
         item->widget()->hide();
         // Later: the click on its own close button may still be under way.
         item->widget()->deleteLater();
         delete item;
     }
-    for (int at = 0; at < int(list.All().size()); ++at)
-        lines->addWidget(MakeLine(at));
-    setVisible(!list.All().empty());
+    for (int at = 0; at < int(m_list.All().size()); ++at) {
+        m_lines->addWidget(MakeLine(at));
+    }
+    setVisible(!m_list.All().empty());
 }
 
 QWidget* MessageBar::MakeLine(int at) {
-    const HostMessage& message = list.All()[at];
+    const HostMessage& message = m_list.All()[at];
     const KindLook& look = LookOf(message.kind);
     auto* line = new QFrame(this);
     line->setObjectName(u"messageLine"_s);
@@ -98,10 +101,11 @@ QWidget* MessageBar::MakeLine(int at) {
     auto* sign = new QLabel(line);
     sign->setContentsMargins(0, 4, 0, 0);
     const QIcon icon = toolkit::Icon(look.icon);
-    if (icon.isNull())
+    if (icon.isNull()) {
         sign->setText(look.name);
-    else
+    } else {
         sign->setPixmap(icon.pixmap(16, 16));
+    }
     auto* text = new QLabel(MessageLine(message), line);
     text->setObjectName(u"messageText"_s);
     text->setTextFormat(Qt::PlainText);
@@ -116,9 +120,9 @@ QWidget* MessageBar::MakeLine(int at) {
     row->addWidget(copy, 0, Qt::AlignTop);
     row->addWidget(close, 0, Qt::AlignTop);
     connect(copy, &QToolButton::clicked, this,
-            [this, at] { QApplication::clipboard()->setText(MessageLine(list.All()[at])); });
+            [this, at] { QApplication::clipboard()->setText(MessageLine(m_list.All()[at])); });
     connect(close, &QToolButton::clicked, this, [this, at] {
-        list.Remove(at);
+        m_list.Remove(at);
         Rebuild();
     });
     return line;

@@ -22,14 +22,14 @@ public:
     void Clear();
     /// Takes back what begins so: it no longer holds.
     void Withdraw(const QString& beginning);
-    [[nodiscard]] const std::vector<HostMessage>& Messages() const { return list.All(); }
+    [[nodiscard]] const std::vector<HostMessage>& Messages() const { return m_list.All(); }
 
 private:
     void Rebuild();
     [[nodiscard]] QWidget* MakeLine(int at);
 
-    MessageList list;
-    QVBoxLayout* lines = nullptr;
+    MessageList m_list;
+    QVBoxLayout* m_lines = nullptr;
 };
 
 } // namespace host

@@ -5,22 +5,24 @@ namespace host {
 using namespace Qt::StringLiterals;
 
 void MessageList::Add(MessageKind kind, const QString& text) {
-    if (!messages.empty() && messages.front().kind == kind && messages.front().text == text) {
-        ++messages.front().times;
+    if (!m_messages.empty() && m_messages.front().kind == kind && m_messages.front().text == text) {
+        ++m_messages.front().times;
         return;
     }
-    messages.insert(messages.begin(), HostMessage{kind, text, 1});
-    if (int(messages.size()) > kMost)
-        messages.pop_back();
+    m_messages.insert(m_messages.begin(), HostMessage{kind, text, 1});
+    if (int(m_messages.size()) > kMost) {
+        m_messages.pop_back();
+    }
 }
 
 void MessageList::Remove(int at) {
-    if (at >= 0 && at < int(messages.size()))
-        messages.erase(messages.begin() + at);
+    if (at >= 0 && at < int(m_messages.size())) {
+        m_messages.erase(m_messages.begin() + at);
+    }
 }
 
 bool MessageList::RemoveBeginning(const QString& beginning) {
-    return std::erase_if(messages, [&](const HostMessage& message) {
+    return std::erase_if(m_messages, [&](const HostMessage& message) {
                return message.text.startsWith(beginning);
            }) > 0;
 }

@@ -7,10 +7,10 @@
 
 namespace host {
 
-enum class MessageKind { kInfo, kWarning, kError };
+enum class MessageKind { Info, Warning, Error };
 
 struct HostMessage {
-    MessageKind kind = MessageKind::kInfo;
+    MessageKind kind = MessageKind::Info;
     QString text;
     int times = 1; ///< how often in a row it came
 };
@@ -25,11 +25,11 @@ public:
     void Remove(int at);
     /// Those whose text begins so; false if there is none.
     bool RemoveBeginning(const QString& beginning);
-    void Clear() { messages.clear(); }
-    [[nodiscard]] const std::vector<HostMessage>& All() const { return messages; }
+    void Clear() { m_messages.clear(); }
+    [[nodiscard]] const std::vector<HostMessage>& All() const { return m_messages; }
 
 private:
-    std::vector<HostMessage> messages;
+    std::vector<HostMessage> m_messages;
 };
 
 /// A message as one line of text: with its number of times where it came more than once.

@@ -23,13 +23,13 @@ public:
                     qint32 markId) const;
     /// The same for an issue.
     bool LocateIssue(qint32 ppid, const QString& questionId) const;
-    void Clear() { observers.clear(); }
-    [[nodiscard]] std::size_t Count() const { return observers.size(); }
+    void Clear() { m_observers.clear(); }
+    [[nodiscard]] std::size_t Count() const { return m_observers.size(); }
 
 private:
     [[nodiscard]] KXFRAME::IViewBimPicObs* Viewer() const;
 
-    std::vector<KXFRAME::IBaseObs*> observers;
+    std::vector<KXFRAME::IBaseObs*> m_observers;
 };
 
 } // namespace host

@@ -37,103 +37,106 @@ ProgressWindow::ProgressWindow(QWidget* parent, const QString& title, Cancel can
     setModal(true);
     setMinimumWidth(420);
 
-    textLabel = new QLabel(title, this);
-    textLabel->setObjectName(u"progressText"_s);
-    textLabel->setTextFormat(Qt::PlainText);
-    textLabel->setWordWrap(true);
-    countLabel = new QLabel(this);
-    countLabel->setObjectName(u"progressCount"_s);
-    detailLabel = new QLabel(this);
-    detailLabel->setObjectName(u"progressDetail"_s);
-    detailLabel->setTextFormat(Qt::PlainText);
-    bar = new QProgressBar(this);
-    bar->setObjectName(u"progressBar"_s);
-    bar->setAccessibleName(u"进度"_s);
-    bar->setTextVisible(false);
-    bar->setRange(0, 0);
-    cancelButton = new QPushButton(u"取消"_s, this);
-    cancelButton->setObjectName(u"progressCancel"_s);
-    cancelButton->setToolTip(u"停止（Esc），已完成的部分保留"_s);
-    QSizePolicy keepsItsPlace = cancelButton->sizePolicy();
+    m_textLabel = new QLabel(title, this);
+    m_textLabel->setObjectName(u"progressText"_s);
+    m_textLabel->setTextFormat(Qt::PlainText);
+    m_textLabel->setWordWrap(true);
+    m_countLabel = new QLabel(this);
+    m_countLabel->setObjectName(u"progressCount"_s);
+    m_detailLabel = new QLabel(this);
+    m_detailLabel->setObjectName(u"progressDetail"_s);
+    m_detailLabel->setTextFormat(Qt::PlainText);
+    m_bar = new QProgressBar(this);
+    m_bar->setObjectName(u"progressBar"_s);
+    m_bar->setAccessibleName(u"进度"_s);
+    m_bar->setTextVisible(false);
+    m_bar->setRange(0, 0);
+    m_cancelButton = new QPushButton(u"取消"_s, this);
+    m_cancelButton->setObjectName(u"progressCancel"_s);
+    m_cancelButton->setToolTip(u"停止（Esc），已完成的部分保留"_s);
+    QSizePolicy keepsItsPlace = m_cancelButton->sizePolicy();
     keepsItsPlace.setRetainSizeWhenHidden(true);
-    cancelButton->setSizePolicy(keepsItsPlace);
+    m_cancelButton->setSizePolicy(keepsItsPlace);
     SetCancel(cancel);
 
     auto* bottom = new QHBoxLayout;
-    bottom->addWidget(countLabel, 1);
-    bottom->addWidget(detailLabel);
-    bottom->addWidget(cancelButton);
+    bottom->addWidget(m_countLabel, 1);
+    bottom->addWidget(m_detailLabel);
+    bottom->addWidget(m_cancelButton);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(16, 16, 16, 12);
     all->setSpacing(8);
-    all->addWidget(textLabel);
-    all->addWidget(bar);
+    all->addWidget(m_textLabel);
+    all->addWidget(m_bar);
     all->addLayout(bottom);
-    connect(cancelButton, &QPushButton::clicked, this, &ProgressWindow::reject);
+    connect(m_cancelButton, &QPushButton::clicked, this, &ProgressWindow::reject);
 }
 
 void ProgressWindow::SetCancel(Cancel cancel) {
-    cancelButton->setVisible(cancel == Cancel::kPossible);
+    m_cancelButton->setVisible(cancel == Cancel::Possible);
 }
 
 void ProgressWindow::Begin(int delayMs) {
-    delay = delayMs;
-    cancelled = false;
-    cancelButton->setEnabled(true);
-    sinceBegin.start();
-    timerId = startTimer(delayMs);
+    m_delay = delayMs;
+    m_cancelled = false;
+    m_cancelButton->setEnabled(true);
+    m_sinceBegin.start();
+    m_timerId = startTimer(delayMs);
 }
 
 void ProgressWindow::SetText(const QString& text) {
-    textLabel->setText(text);
+    m_textLabel->setText(text);
 }
 
 void ProgressWindow::Report(int done, int total) {
-    bar->setRange(0, total);
-    bar->setValue(done);
-    countLabel->setText(total > 0  ? u"%1 / %2"_s.arg(done).arg(total)
-                        : done > 0 ? QString::number(done)
-                                   : QString());
+    m_bar->setRange(0, total);
+    m_bar->setValue(done);
+    m_countLabel->setText(total > 0  ? u"%1 / %2"_s.arg(done).arg(total)
+                          : done > 0 ? QString::number(done)
+                                     : QString());
     ShowIfDue();
 }
 
 void ProgressWindow::SetDetail(const QString& detail) {
-    detailLabel->setText(detail);
+    m_detailLabel->setText(detail);
     ShowIfDue();
 }
 
 void ProgressWindow::ReportBytes(qint64 done, qint64 total) {
-    bar->setRange(0, total > 0 ? kBytesScale : 0);
-    bar->setValue(total > 0 ? int(done * kBytesScale / total) : 0);
-    countLabel->setText(BytesText(done, total));
+    m_bar->setRange(0, total > 0 ? kBytesScale : 0);
+    m_bar->setValue(total > 0 ? int(done * kBytesScale / total) : 0);
+    m_countLabel->setText(BytesText(done, total));
     ShowIfDue();
 }
 
 void ProgressWindow::LetThrough() {
-    if (!isVisible())
+    if (!isVisible()) {
         return;
-    QCoreApplication::processEvents(cancelButton->isHidden() ? QEventLoop::ExcludeUserInputEvents
-                                                             : QEventLoop::AllEvents);
+    }
+    QCoreApplication::processEvents(m_cancelButton->isHidden() ? QEventLoop::ExcludeUserInputEvents
+                                                               : QEventLoop::AllEvents);
 }
 
 void ProgressWindow::LetGo() {
-    if (letGo)
+    if (m_letGo) {
         return;
-    StopTime();
-    if (!isVisible())
-        return;
-    letGo = true;
-    detailLabel->clear();
-    // What was cancelled no longer runs, whatever its text said before.
-    if (cancelled) {
-        textLabel->setText(u"已取消，已完成的部分保留。"_s);
-        bar->setRange(0, 1);
-        bar->reset();
     }
-    cancelButton->setEnabled(true);
-    cancelButton->setText(u"关闭"_s);
-    cancelButton->setToolTip(u"关闭此窗口（Esc）"_s);
-    cancelButton->setVisible(true);
+    StopTime();
+    if (!isVisible()) {
+        return;
+    }
+    m_letGo = true;
+    m_detailLabel->clear();
+    // What was cancelled no longer runs, whatever its text said before.
+    if (m_cancelled) {
+        m_textLabel->setText(u"已取消，已完成的部分保留。"_s);
+        m_bar->setRange(0, 1);
+        m_bar->reset();
+    }
+    m_cancelButton->setEnabled(true);
+    m_cancelButton->setText(u"关闭"_s);
+    m_cancelButton->setToolTip(u"关闭此窗口（Esc）"_s);
+    m_cancelButton->setVisible(true);
     // A window begins and ends to block others only by coming up, and is given the focus again only
     // as a new one of the window system.
     const QRect place = geometry();
@@ -145,10 +148,11 @@ void ProgressWindow::LetGo() {
 }
 
 void ProgressWindow::StopTime() {
-    if (timerId != 0)
-        killTimer(timerId);
-    timerId = 0;
-    sinceBegin.invalidate();
+    if (m_timerId != 0) {
+        killTimer(m_timerId);
+    }
+    m_timerId = 0;
+    m_sinceBegin.invalidate();
 }
 
 void ProgressWindow::End() {
@@ -157,30 +161,34 @@ void ProgressWindow::End() {
 }
 
 void ProgressWindow::reject() {
-    if (letGo) {
+    if (m_letGo) {
         hide();
         return;
     }
-    if (cancelButton->isHidden() || cancelled)
+    if (m_cancelButton->isHidden() || m_cancelled) {
         return;
-    cancelled = true;
-    cancelButton->setEnabled(false);
+    }
+    m_cancelled = true;
+    m_cancelButton->setEnabled(false);
     emit Cancelled();
 }
 
 void ProgressWindow::timerEvent(QTimerEvent* event) {
-    if (event->timerId() == timerId)
+    if (event->timerId() == m_timerId) {
         ShowIfDue();
-    else
+    } else {
         QDialog::timerEvent(event);
+    }
 }
 
 void ProgressWindow::ShowIfDue() {
-    if (isVisible() || !sinceBegin.isValid() || sinceBegin.elapsed() < delay)
+    if (isVisible() || !m_sinceBegin.isValid() || m_sinceBegin.elapsed() < m_delay) {
         return;
-    if (timerId != 0)
-        killTimer(timerId);
-    timerId = 0;
+    }
+    if (m_timerId != 0) {
+        killTimer(m_timerId);
+    }
+    m_timerId = 0;
     show();
 }
 

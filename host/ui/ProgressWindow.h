@@ -18,7 +18,7 @@ class ProgressWindow final : public QDialog {
 
 public:
     static constexpr int kDelayMs = 500;
-    enum class Cancel { kPossible, kImpossible };
+    enum class Cancel { Possible, Impossible };
 
     ProgressWindow(QWidget* parent, const QString& title, Cancel cancel);
 
@@ -38,7 +38,7 @@ public:
     /// closed. One that hasn't come up yet stays away.
     void LetGo();
     void End();
-    [[nodiscard]] bool IsCancelled() const { return cancelled; }
+    [[nodiscard]] bool IsCancelled() const { return m_cancelled; }
     /// For a piece of the work that can be cancelled, or no longer can.
     void SetCancel(Cancel cancel);
 
@@ -55,16 +55,16 @@ private:
     void ShowIfDue();
     void StopTime();
 
-    QLabel* textLabel = nullptr;
-    QLabel* countLabel = nullptr;
-    QLabel* detailLabel = nullptr;
-    QProgressBar* bar = nullptr;
-    QPushButton* cancelButton = nullptr;
-    QElapsedTimer sinceBegin;
-    int delay = kDelayMs;
-    int timerId = 0;
-    bool cancelled = false;
-    bool letGo = false;
+    QLabel* m_textLabel = nullptr;
+    QLabel* m_countLabel = nullptr;
+    QLabel* m_detailLabel = nullptr;
+    QProgressBar* m_bar = nullptr;
+    QPushButton* m_cancelButton = nullptr;
+    QElapsedTimer m_sinceBegin;
+    int m_delay = kDelayMs;
+    int m_timerId = 0;
+    bool m_cancelled = false;
+    bool m_letGo = false;
 };
 
 /// "1.2 MB / 3.4 MB", or the first alone while the total isn't known.

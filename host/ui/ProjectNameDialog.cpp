@@ -13,45 +13,45 @@ namespace host {
 using namespace Qt::StringLiterals;
 
 ProjectNameDialog::ProjectNameDialog(QWidget* parent, const QStringList& takenNames)
-    : QDialog(parent), taken(takenNames) {
+    : QDialog(parent), m_taken(takenNames) {
     setObjectName(u"projectNameDialog"_s);
     setWindowTitle(u"新建工程"_s);
     setMinimumWidth(360);
     auto* caption = new QLabel(u"工程名称："_s, this);
-    nameEdit = new QLineEdit(this);
-    nameEdit->setObjectName(u"projectName"_s);
-    nameEdit->setMaxLength(kLongestName);
-    nameEdit->setToolTip(u"不超过 %1 个字，不能与已有的工程重名"_s.arg(kLongestName));
-    caption->setBuddy(nameEdit);
-    note = new QLabel(this);
-    note->setObjectName(u"projectNameNote"_s);
-    QPalette red = note->palette();
+    m_nameEdit = new QLineEdit(this);
+    m_nameEdit->setObjectName(u"projectName"_s);
+    m_nameEdit->setMaxLength(kLongestName);
+    m_nameEdit->setToolTip(u"不超过 %1 个字，不能与已有的工程重名"_s.arg(kLongestName));
+    caption->setBuddy(m_nameEdit);
+    m_note = new QLabel(this);
+    m_note->setObjectName(u"projectNameNote"_s);
+    QPalette red = m_note->palette();
     red.setColor(QPalette::WindowText, toolkit::Colors::ErrorText());
-    note->setPalette(red);
+    m_note->setPalette(red);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    okButton = buttons->button(QDialogButtonBox::Ok);
+    m_okButton = buttons->button(QDialogButtonBox::Ok);
 
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(16, 16, 16, 12);
     all->setSpacing(8);
     all->addWidget(caption);
-    all->addWidget(nameEdit);
-    all->addWidget(note);
+    all->addWidget(m_nameEdit);
+    all->addWidget(m_note);
     all->addWidget(buttons);
-    connect(nameEdit, &QLineEdit::textChanged, this, &ProjectNameDialog::Validate);
+    connect(m_nameEdit, &QLineEdit::textChanged, this, &ProjectNameDialog::Validate);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     Validate();
 }
 
 QString ProjectNameDialog::Name() const {
-    return nameEdit->text().trimmed();
+    return m_nameEdit->text().trimmed();
 }
 
 void ProjectNameDialog::Validate() {
-    const bool isTaken = taken.contains(Name());
-    note->setText(isTaken ? u"已经有同名的工程。"_s : QString());
-    okButton->setEnabled(!Name().isEmpty() && !isTaken);
+    const bool isTaken = m_taken.contains(Name());
+    m_note->setText(isTaken ? u"已经有同名的工程。"_s : QString());
+    m_okButton->setEnabled(!Name().isEmpty() && !isTaken);
 }
 
 } // namespace host

@@ -25,10 +25,10 @@ public:
 private:
     void Validate();
 
-    QStringList taken;
-    QLineEdit* nameEdit = nullptr;
-    QLabel* note = nullptr;
-    QPushButton* okButton = nullptr;
+    QStringList m_taken;
+    QLineEdit* m_nameEdit = nullptr;
+    QLabel* m_note = nullptr;
+    QPushButton* m_okButton = nullptr;
 };
 
 } // namespace host

@@ -28,8 +28,8 @@ public:
     [[nodiscard]] QString UserName() const;
 
 private:
-    QListWidget* list = nullptr;
-    QPushButton* signInButton = nullptr;
+    QListWidget* m_list = nullptr;
+    QPushButton* m_signInButton = nullptr;
 };
 
 } // namespace host

@@ -33,20 +33,20 @@ public:
     /// Fills a convex polygon where it is nearer than what is there.
     void Fill(std::span<const ScreenPoint> polygon, const Nearness& nearness, quint16 id);
 
-    [[nodiscard]] int Width() const { return width; }
-    [[nodiscard]] int Height() const { return height; }
+    [[nodiscard]] int Width() const { return m_width; }
+    [[nodiscard]] int Height() const { return m_height; }
     [[nodiscard]] const float* NearRow(int y) const {
-        return nearest.data() + static_cast<size_t>(y) * width;
+        return m_nearest.data() + static_cast<size_t>(y) * m_width;
     }
     [[nodiscard]] const quint16* IdRow(int y) const {
-        return ids.data() + static_cast<size_t>(y) * width;
+        return m_ids.data() + static_cast<size_t>(y) * m_width;
     }
 
 private:
-    int width = 0;
-    int height = 0;
-    std::vector<float> nearest;
-    std::vector<quint16> ids;
+    int m_width = 0;
+    int m_height = 0;
+    std::vector<float> m_nearest;
+    std::vector<quint16> m_ids;
 };
 
 } // namespace sample

@@ -71,15 +71,15 @@ NoiseTile::NoiseTile() {
         AddOctave(soft, cells, weight, dice);
         weight *= 0.55F;
     }
-    clouds = Quantised(soft, 1.0F);
+    m_clouds = Quantised(soft, 1.0F);
 
     std::vector<float> sharp(count);
     AddOctave(sharp, 64, 0.35F, dice);
     AddOctave(sharp, 128, 0.35F, dice);
     AddOctave(sharp, 256, 0.4F, dice);
     AddOctave(sharp, 512, 0.4F, dice);
-    for (size_t level = 0; level < grain.size(); ++level) {
-        grain[level] = Quantised(sharp, 1.0F);
+    for (size_t level = 0; level < m_grain.size(); ++level) {
+        m_grain[level] = Quantised(sharp, 1.0F);
         sharp = Halved(sharp, kSize >> level);
     }
 
@@ -87,7 +87,7 @@ NoiseTile::NoiseTile() {
     std::vector<float> fine(count);
     AddOctave(fine, 512, 0.5F, dice);
     AddOctave(fine, 256, 0.5F, dice);
-    sensor = Quantised(fine, 1.0F);
+    m_sensor = Quantised(fine, 1.0F);
 }
 
 } // namespace sample

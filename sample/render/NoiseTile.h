@@ -20,31 +20,31 @@ public:
     }
 
     /// Clouds: smooth on the scale of the tile, -1 to 1; one unit of u or v is one tile.
-    [[nodiscard]] float Cloud(float u, float v) const { return Sample(clouds, kSize, u, v); }
+    [[nodiscard]] float Cloud(float u, float v) const { return Sample(m_clouds, kSize, u, v); }
     /// Grain of a surface, -1 to 1. @param level 0 sharp to 4 soft: one per halving of the size.
     [[nodiscard]] float Grain(float u, float v, int level) const {
-        return Sample(grain[static_cast<size_t>(level)], kSize >> level, u, v);
+        return Sample(m_grain[static_cast<size_t>(level)], kSize >> level, u, v);
     }
     /// The same without blending neighbours.
     [[nodiscard]] float CoarseGrain(float u, float v, int level) const {
         const int size = kSize >> level;
         const int column = static_cast<int>((u + 64.0F) * static_cast<float>(size)) & (size - 1);
         const int row = static_cast<int>((v + 64.0F) * static_cast<float>(size)) & (size - 1);
-        return static_cast<float>(grain[static_cast<size_t>(level)][row * size + column]) *
+        return static_cast<float>(m_grain[static_cast<size_t>(level)][row * size + column]) *
                (1.0F / 127.0F);
     }
     /// One row of sensor noise, kSize values; row and column wrap around by & (kSize - 1).
     [[nodiscard]] const qint8* SensorRow(int row) const {
-        return sensor.data() + static_cast<size_t>(row & (kSize - 1)) * kSize;
+        return m_sensor.data() + static_cast<size_t>(row & (kSize - 1)) * kSize;
     }
 
 private:
     NoiseTile();
     [[nodiscard]] static float Sample(const std::vector<qint8>& field, int size, float u, float v);
 
-    std::vector<qint8> clouds;
-    std::array<std::vector<qint8>, 5> grain;
-    std::vector<qint8> sensor;
+    std::vector<qint8> m_clouds;
+    std::array<std::vector<qint8>, 5> m_grain;
+    std::vector<qint8> m_sensor;
 };
 
 inline float NoiseTile::Sample(const std::vector<qint8>& field, int size, float u, float v) {

@@ -16,13 +16,13 @@ public:
 
     /// 1 open to 0.25 in the narrowest corner. @param x,y  pixel of the picture.
     [[nodiscard]] float At(int x, int y) const {
-        const int column = std::min(x / kStep, width - 2);
-        const int row = std::min(y / kStep, height - 2);
+        const int column = std::min(x / kStep, m_width - 2);
+        const int row = std::min(y / kStep, m_height - 2);
         const float fx = static_cast<float>(x - column * kStep) / kStep;
         const float fy = static_cast<float>(y - row * kStep) / kStep;
-        const float* line = open.data() + static_cast<size_t>(row) * width + column;
+        const float* line = m_open.data() + static_cast<size_t>(row) * m_width + column;
         const float top = line[0] + (line[1] - line[0]) * fx;
-        const float bottom = line[width] + (line[width + 1] - line[width]) * fx;
+        const float bottom = line[m_width] + (line[m_width + 1] - line[m_width]) * fx;
         return top + (bottom - top) * fy;
     }
 
@@ -32,11 +32,11 @@ private:
 
     static constexpr int kStep = 5;
 
-    const ViewFrame* view = nullptr;
-    const DepthBuffer* depth = nullptr;
-    int width = 0;
-    int height = 0;
-    std::vector<float> open;
+    const ViewFrame* m_view = nullptr;
+    const DepthBuffer* m_depth = nullptr;
+    int m_width = 0;
+    int m_height = 0;
+    std::vector<float> m_open;
 };
 
 } // namespace sample

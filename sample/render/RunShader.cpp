@@ -74,8 +74,8 @@ struct RunShader::Step {
 };
 
 void RunShader::ShadeRow(int y, quint32* line) const {
-    const quint16* ids = input.depth.IdRow(y);
-    const int width = input.depth.Width();
+    const quint16* ids = m_input.depth.IdRow(y);
+    const int width = m_input.depth.Width();
     int from = 0;
     while (from < width) {
         const quint16 id = ids[from];
@@ -86,14 +86,14 @@ void RunShader::ShadeRow(int y, quint32* line) const {
         if (id == DepthBuffer::kNothing) {
             ShadeSky(y, from, to, line);
         } else {
-            ShadePatch(input.scene.patches[id], y, from, to, line);
+            ShadePatch(m_input.scene.patches[id], y, from, to, line);
         }
         from = to;
     }
 }
 
 RunShader::Run RunShader::Prepare(const Patch& patch, int y) const {
-    const ViewFrame& view = input.view;
+    const ViewFrame& view = m_input.view;
     Run run;
     run.patch = &patch;
     run.perPixel = 1 / view.focal;
@@ -116,8 +116,8 @@ RunShader::Run RunShader::Prepare(const Patch& patch, int y) const {
     run.v = along(unitV, 1, 0);
     run.originU = Dot(patch.origin, unitU);
     run.originV = Dot(patch.origin, unitV);
-    if (input.shadow.HasSun()) {
-        const SunFrame& sun = input.shadow.Frame();
+    if (m_input.shadow.HasSun()) {
+        const SunFrame& sun = m_input.shadow.Frame();
         run.sunX = along(sun.right, sun.scale, sun.offsetX);
         run.sunY = along(sun.up, sun.scale, sun.offsetY);
         run.sunHeight = along(sun.toSun, 1, 0);
@@ -128,7 +128,7 @@ RunShader::Run RunShader::Prepare(const Patch& patch, int y) const {
 
 void RunShader::ShadePatch(const Patch& patch, int y, int from, int to, quint32* line) const {
     const Run run = Prepare(patch, y);
-    const float* near = input.depth.NearRow(y);
+    const float* near = m_input.depth.NearRow(y);
     Step step;
     for (int x = from; x < to; x += kStep) {
         const int count = std::min(kStep, to - x);
@@ -145,7 +145,7 @@ void RunShader::ShadePatch(const Patch& patch, int y, int from, int to, quint32*
 }
 
 void RunShader::Locate(const Run& run, int x, Step& step) const {
-    const float first = (static_cast<float>(x) + 0.5F - input.view.centreX) * run.perPixel;
+    const float first = (static_cast<float>(x) + 0.5F - m_input.view.centreX) * run.perPixel;
     for (size_t i = 0; i < kStep; ++i) {
         step.offset[i] = first + static_cast<float>(i) * run.perPixel;
     }
@@ -159,7 +159,7 @@ void RunShader::Paint(const Run& run, int count, Step& step) const {
         Vec3 color = SurfaceColor(patch.surface, patch.tint,
                                   {step.u[i], step.v[i], step.depth[i] * run.perPixel});
         if (patch.decal >= 0) {
-            color = OverDecal(input.scene.decals[static_cast<size_t>(patch.decal)],
+            color = OverDecal(m_input.scene.decals[static_cast<size_t>(patch.decal)],
                               (step.u[i] - run.originU) / run.lengthU,
                               (step.v[i] - run.originV) / run.lengthV, color);
         }
@@ -170,7 +170,7 @@ void RunShader::Paint(const Run& run, int count, Step& step) const {
 }
 
 Vec3 RunShader::SurroundingLight(const Run& run, const Vec3& position, float bendAt) const {
-    const Lighting& lighting = input.scene.lighting;
+    const Lighting& lighting = m_input.scene.lighting;
     Vec3 normal = run.normal;
     if (run.round) {
         normal = Normalized(normal + run.patch->bend * (2 * bendAt - 1));
@@ -191,17 +191,17 @@ void RunShader::Light(const Run& run, int x, int y, int count, Step& step) const
     // The light of the surroundings is smooth: both ends of the step are enough.
     const auto lightAt = [&](size_t i) {
         const Vec3 position =
-            input.view.eye + (run.rowRay + input.view.right * step.offset[i]) * step.depth[i];
+            m_input.view.eye + (run.rowRay + m_input.view.right * step.offset[i]) * step.depth[i];
         const float bendAt = (step.u[i] - run.originU) / run.lengthU;
         return SurroundingLight(run, position, bendAt) *
-               input.occlusion.At(x + static_cast<int>(i), y);
+               m_input.occlusion.At(x + static_cast<int>(i), y);
     };
     const auto last = static_cast<size_t>(count - 1);
     const Vec3 first = lightAt(0);
     const Vec3 slope =
         count > 1 ? (lightAt(last) - first) * (1.0F / static_cast<float>(last)) : Vec3{};
     Step::Lane<float> sunlit{};
-    if (run.sunCosine > 0 || (run.round && input.shadow.HasSun())) {
+    if (run.sunCosine > 0 || (run.round && m_input.shadow.HasSun())) {
         const auto sunX = step.Along(run.sunX);
         const auto sunY = step.Along(run.sunY);
         const auto height = step.Along(run.sunHeight);
@@ -209,12 +209,12 @@ void RunShader::Light(const Run& run, int x, int y, int count, Step& step) const
             float cosine = run.sunCosine;
             if (run.round) {
                 const float bendAt = 2 * (step.u[i] - run.originU) / run.lengthU - 1;
-                cosine = Dot(run.normal + run.patch->bend * bendAt, input.shadow.Frame().toSun);
+                cosine = Dot(run.normal + run.patch->bend * bendAt, m_input.shadow.Frame().toSun);
             }
-            sunlit[i] = cosine > 0 ? cosine * input.shadow.Lit(sunX[i], sunY[i], height[i]) : 0;
+            sunlit[i] = cosine > 0 ? cosine * m_input.shadow.Lit(sunX[i], sunY[i], height[i]) : 0;
         }
     }
-    const Vec3& sun = input.scene.lighting.sunColor;
+    const Vec3& sun = m_input.scene.lighting.sunColor;
     for (size_t i = 0; i < kStep; ++i) {
         const auto along = static_cast<float>(i);
         step.red[i] *= first.x + slope.x * along + sun.x * sunlit[i];
@@ -224,7 +224,7 @@ void RunShader::Light(const Run& run, int x, int y, int count, Step& step) const
 }
 
 void RunShader::Develop(int count, Step& step, quint32* pixels) const {
-    const Lighting& lighting = input.scene.lighting;
+    const Lighting& lighting = m_input.scene.lighting;
     const Vec3 haze = lighting.skyLow * 0.8F;
     const float gain = lighting.exposure;
     Step::Lane<int> red;
@@ -248,8 +248,8 @@ void RunShader::Develop(int count, Step& step, quint32* pixels) const {
 }
 
 void RunShader::ShadeSky(int y, int from, int to, quint32* line) const {
-    const Lighting& lighting = input.scene.lighting;
-    const ViewFrame& view = input.view;
+    const Lighting& lighting = m_input.scene.lighting;
+    const ViewFrame& view = m_input.view;
     const float perPixel = 1 / view.focal;
     const Vec3 rowRay =
         view.forward - view.up * ((static_cast<float>(y) + 0.5F - view.centreY) * perPixel);

@@ -23,7 +23,7 @@ public:
     /// their end.
     static constexpr int kStep = 8;
 
-    explicit RunShader(const ShadingInput& what) : input(what) {}
+    explicit RunShader(const ShadingInput& what) : m_input(what) {}
 
     /// All pixels of a row, Format_RGB32.
     void ShadeRow(int y, quint32* line) const;
@@ -41,7 +41,7 @@ private:
     void Develop(int count, Step& step, quint32* pixels) const;
     [[nodiscard]] Vec3 SurroundingLight(const Run& run, const Vec3& position, float bendAt) const;
 
-    ShadingInput input;
+    ShadingInput m_input;
 };
 
 } // namespace sample

@@ -13,7 +13,7 @@ void SceneBuilder::AddPatch(const Vec3& origin, const Vec3& edgeU, const Vec3& e
     patch.edgeV = edgeV;
     patch.tint = finish.tint;
     patch.surface = finish.surface;
-    scene.patches.push_back(patch);
+    m_scene.patches.push_back(patch);
 }
 
 void SceneBuilder::AddBox(const Vec3& low, const Vec3& high, const Finish& finish) {
@@ -50,7 +50,7 @@ void SceneBuilder::AddTube(const Vec3& from, const Vec3& to, float radius, const
         patch.bend = (second - first) * 0.5F;
         patch.tint = finish.tint;
         patch.surface = finish.surface;
-        scene.patches.push_back(patch);
+        m_scene.patches.push_back(patch);
     }
 }
 
@@ -89,8 +89,8 @@ void SceneBuilder::AddWall(const Vec3& origin, const Vec3& edgeU, const Vec3& ed
 void SceneBuilder::AddDecal(const Vec3& origin, const Vec3& edgeU, const Vec3& edgeV,
                             const QImage& picture, const Finish& finish) {
     AddPatch(origin, edgeU, edgeV, finish);
-    scene.patches.back().decal = static_cast<int>(scene.decals.size());
-    scene.decals.push_back(picture.convertToFormat(QImage::Format_ARGB32));
+    m_scene.patches.back().decal = static_cast<int>(m_scene.decals.size());
+    m_scene.decals.push_back(picture.convertToFormat(QImage::Format_ARGB32));
 }
 
 } // namespace sample

@@ -24,7 +24,7 @@ struct Opening {
 /// Adds bodies to a scene. Holds no state of its own beyond the scene that it fills.
 class SceneBuilder final {
 public:
-    explicit SceneBuilder(Scene& target) : scene(target) {}
+    explicit SceneBuilder(Scene& target) : m_scene(target) {}
 
     void AddPatch(const Vec3& origin, const Vec3& edgeU, const Vec3& edgeV, const Finish& finish);
     /// Axis-parallel, all six faces.
@@ -40,7 +40,7 @@ public:
                   const Finish& finish);
 
 private:
-    Scene& scene;
+    Scene& m_scene;
 };
 
 } // namespace sample

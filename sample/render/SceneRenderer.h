@@ -20,9 +20,9 @@ public:
     [[nodiscard]] QImage Render(const Scene& scene, QSize size);
 
 private:
-    DepthBuffer depth;
-    Occlusion occlusion;
-    SunShadow shadow;
+    DepthBuffer m_depth;
+    Occlusion m_occlusion;
+    SunShadow m_shadow;
 };
 
 } // namespace sample

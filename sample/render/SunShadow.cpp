@@ -4,11 +4,11 @@ namespace sample {
 
 void SunShadow::Prepare(const Scene& scene, const ViewFrame& view) {
     const Vec3& color = scene.lighting.sunColor;
-    hasSun = color.x + color.y + color.z > 0;
-    if (hasSun) {
-        frame = MakeSunFrame(scene, view, kReach, kSize);
-        map.Reset(kSize, kSize, -1e6F);
-        ProjectSun(scene, frame, map);
+    m_hasSun = color.x + color.y + color.z > 0;
+    if (m_hasSun) {
+        m_frame = MakeSunFrame(scene, view, kReach, kSize);
+        m_map.Reset(kSize, kSize, -1e6F);
+        ProjectSun(scene, m_frame, m_map);
     }
 }
 

@@ -26,7 +26,7 @@ public:
     }
 
     /// @param index  light * kToIndex, within 0 to kCount - 1.
-    [[nodiscard]] quint32 At(int index) const { return table[static_cast<size_t>(index)]; }
+    [[nodiscard]] quint32 At(int index) const { return m_table[static_cast<size_t>(index)]; }
     /// A pixel of Format_RGB32.
     [[nodiscard]] quint32 Pixel(const Vec3& light) const {
         const float grey = Grey(light.x, light.y, light.z);
@@ -46,16 +46,16 @@ public:
 private:
     ToneCurve() {
         constexpr float kContrast = 0.65F;
-        for (size_t index = 0; index < table.size(); ++index) {
+        for (size_t index = 0; index < m_table.size(); ++index) {
             const float x = static_cast<float>(index) / kToIndex;
             const float mapped = x * (1 + x / 9.0F) / (1 + x);
             const float soft = std::min(1.0F, std::sqrt(mapped * 1.25F));
             const float crisp = soft * soft * (3 - 2 * soft);
-            table[index] = static_cast<quint8>(255.0F * (soft + kContrast * (crisp - soft)));
+            m_table[index] = static_cast<quint8>(255.0F * (soft + kContrast * (crisp - soft)));
         }
     }
 
-    std::array<quint8, kCount> table{};
+    std::array<quint8, kCount> m_table{};
 };
 
 } // namespace sample

@@ -15,13 +15,13 @@ constexpr QSize kBigPhoto(4000, 3000);
 
 /// What is odd about a photo. Every case comes once in each run of kCaseCycle photos.
 enum class OddCase {
-    kNone,
-    kNoFloor,
-    kInvalidPosition,
-    kUnknownMark,
-    kHidden,
-    kNoDescription,
-    kLongDescription
+    None,
+    NoFloor,
+    InvalidPosition,
+    UnknownMark,
+    Hidden,
+    NoDescription,
+    LongDescription
 };
 constexpr int kCaseCycle = 20;
 
@@ -29,20 +29,20 @@ constexpr int kCaseCycle = 20;
     switch (index % kCaseCycle) {
     case 3:
     case 13:
-        return OddCase::kNoFloor;
+        return OddCase::NoFloor;
     case 5:
-        return OddCase::kInvalidPosition;
+        return OddCase::InvalidPosition;
     case 7:
-        return OddCase::kUnknownMark;
+        return OddCase::UnknownMark;
     case 9:
     case 17:
-        return OddCase::kHidden;
+        return OddCase::Hidden;
     case 11:
-        return OddCase::kNoDescription;
+        return OddCase::NoDescription;
     case 15:
-        return OddCase::kLongDescription;
+        return OddCase::LongDescription;
     default:
-        return OddCase::kNone;
+        return OddCase::None;
     }
 }
 
@@ -121,21 +121,21 @@ struct Place {
     PlannedPhoto photo;
     site::NewBimPhoto& record = photo.record;
     record.ppid = index % 3 == 2 ? 1 : 0;
-    const Place place = PlaceFor(kind, record.ppid, oddCase != OddCase::kInvalidPosition, dice);
-    record.positionKey = oddCase == OddCase::kNoFloor ? QString() : place.key;
+    const Place place = PlaceFor(kind, record.ppid, oddCase != OddCase::InvalidPosition, dice);
+    record.positionKey = oddCase == OddCase::NoFloor ? QString() : place.key;
     record.fileName = FileNameFor(index, finding, times.made);
     record.description = Elaborate(finding, dice);
-    if (oddCase == OddCase::kNoDescription) {
+    if (oddCase == OddCase::NoDescription) {
         record.description.clear();
-    } else if (oddCase == OddCase::kLongDescription) {
+    } else if (oddCase == OddCase::LongDescription) {
         while (record.description.size() < 160) {
             record.description += Elaborate(Finding(kind, dice), dice);
         }
     }
     const int mark = 1 + dice.Pick(static_cast<int>(SampleMarks().size()));
-    record.markId = oddCase == OddCase::kUnknownMark ? kUnknownMark : mark;
+    record.markId = oddCase == OddCase::UnknownMark ? kUnknownMark : mark;
     record.state = PlanState(dice);
-    record.status = oddCase == OddCase::kHidden ? 1 : 0;
+    record.status = oddCase == OddCase::Hidden ? 1 : 0;
     record.uploader = times.author;
     record.uploadTime = times.made;
     record.updater = times.updater;

@@ -12,20 +12,20 @@ constexpr int kWorkers = 2;
 }
 
 PictureStudio::PictureStudio(const std::vector<PictureOrder>& toDraw, QString target)
-    : orders(toDraw), folder(std::move(target)) {
+    : m_orders(toDraw), m_folder(std::move(target)) {
     for (int worker = 0; worker < kWorkers; ++worker) {
-        workers.emplace_back([this](const std::stop_token& stop) { Work(stop); });
+        m_workers.emplace_back([this](const std::stop_token& stop) { Work(stop); });
     }
 }
 
 PictureStudio::~PictureStudio() {
-    for (std::jthread& worker : workers) {
+    for (std::jthread& worker : m_workers) {
         worker.request_stop();
     }
 }
 
 QString PictureStudio::FilePath(size_t order) const {
-    return u"%1/%2.jpg"_s.arg(folder).arg(order);
+    return u"%1/%2.jpg"_s.arg(m_folder).arg(order);
 }
 
 bool PictureStudio::IsDrawnName(const QString& name) {
@@ -34,7 +34,7 @@ bool PictureStudio::IsDrawnName(const QString& name) {
 }
 
 bool PictureStudio::DrawOne(PictureArtist& artist, size_t index) const {
-    const QByteArray bytes = artist.PaintJpeg(orders[index]);
+    const QByteArray bytes = artist.PaintJpeg(m_orders[index]);
     QFile file(FilePath(index));
     return !bytes.isEmpty() && file.open(QIODevice::WriteOnly) &&
            file.write(bytes) == bytes.size() && file.flush();
@@ -42,26 +42,26 @@ bool PictureStudio::DrawOne(PictureArtist& artist, size_t index) const {
 
 void PictureStudio::Work(const std::stop_token& stop) {
     PictureArtist artist;
-    while (!stop.stop_requested() && !failed) {
-        const size_t index = next.fetch_add(1);
-        if (index >= orders.size()) {
+    while (!stop.stop_requested() && !m_failed) {
+        const size_t index = m_next.fetch_add(1);
+        if (index >= m_orders.size()) {
             return;
         }
         if (!DrawOne(artist, index)) {
-            failed = true;
+            m_failed = true;
         }
         {
-            const std::scoped_lock guard(lock);
-            ++drawn;
+            const std::scoped_lock guard(m_lock);
+            ++m_drawn;
         }
-        changed.notify_all();
+        m_changed.notify_all();
     }
 }
 
 int PictureStudio::WaitForNews(std::chrono::milliseconds time) {
-    std::unique_lock guard(lock);
-    changed.wait_for(guard, time, [this] { return drawn == orders.size() || failed; });
-    return static_cast<int>(drawn);
+    std::unique_lock guard(m_lock);
+    m_changed.wait_for(guard, time, [this] { return m_drawn == m_orders.size() || m_failed; });
+    return static_cast<int>(m_drawn);
 }
 
 } // namespace sample

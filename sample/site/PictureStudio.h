@@ -28,7 +28,7 @@ public:
     /// drawn. Thread: any, as the two below.
     int WaitForNews(std::chrono::milliseconds time);
     /// True once a picture could not be drawn or written; the studio has stopped then.
-    [[nodiscard]] bool HasFailed() const { return failed.load(); }
+    [[nodiscard]] bool HasFailed() const { return m_failed.load(); }
     [[nodiscard]] QString FilePath(size_t order) const;
     /// True for the name of a file as FilePath gives it. Thread: any.
     [[nodiscard]] static bool IsDrawnName(const QString& name);
@@ -37,14 +37,14 @@ private:
     void Work(const std::stop_token& stop);
     [[nodiscard]] bool DrawOne(PictureArtist& artist, size_t index) const;
 
-    const std::vector<PictureOrder>& orders;
-    QString folder;
-    std::atomic<size_t> next{0};
-    std::atomic<bool> failed{false};
-    std::mutex lock; ///< guards drawn
-    std::condition_variable changed;
-    size_t drawn = 0;
-    std::vector<std::jthread> workers; ///< last: they use everything above
+    const std::vector<PictureOrder>& m_orders;
+    QString m_folder;
+    std::atomic<size_t> m_next{0};
+    std::atomic<bool> m_failed{false};
+    std::mutex m_lock; ///< guards drawn
+    std::condition_variable m_changed;
+    size_t m_drawn = 0;
+    std::vector<std::jthread> m_workers; ///< last: they use everything above
 };
 
 } // namespace sample

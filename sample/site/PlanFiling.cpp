@@ -35,8 +35,8 @@ std::vector<PictureOrder> OrdersOf(const SitePlan& plan) {
 
 PlanFiling::PlanFiling(site::ISite& target, const SitePlan& sitePlan,
                        std::function<QString(size_t)> pictureAt, std::function<void()> step)
-    : intake(target.NewIntake()), plan(sitePlan), pathOf(std::move(pictureAt)),
-      onStep(std::move(step)) {}
+    : m_intake(target.NewIntake()), m_plan(sitePlan), m_pathOf(std::move(pictureAt)),
+      m_onStep(std::move(step)) {}
 
 int PlanFiling::Steps(const SitePlan& plan) {
     return static_cast<int>(plan.photos.size() + plan.drawings.size() + plan.pdfPhotos.size() +
@@ -44,91 +44,91 @@ int PlanFiling::Steps(const SitePlan& plan) {
 }
 
 void PlanFiling::Run() {
-    intake->BeginBatch();
+    m_intake->BeginBatch();
     FileTables();
     FilePhotos();
     FileDrawings();
     FileIssues();
-    intake->CommitBatch();
+    m_intake->CommitBatch();
 }
 
 site::FileSource PlanFiling::NextPicture() {
-    return {pathOf(nextPicture++), {}};
+    return {m_pathOf(m_nextPicture++), {}};
 }
 
 std::vector<qint32> PlanFiling::LabelIds(const std::vector<qint32>& numbers) const {
     std::vector<qint32> ids;
     for (const qint32 number : numbers) {
-        ids.push_back(labels[static_cast<size_t>(number)]);
+        ids.push_back(m_labels[static_cast<size_t>(number)]);
     }
     return ids;
 }
 
 void PlanFiling::FileTables() {
     for (const SampleProject& project : SampleProjects()) {
-        projects.push_back(intake->AddProject(project.name, project.major));
+        m_projects.push_back(m_intake->AddProject(project.name, project.major));
     }
-    intake->AddWorkset(SampleWorkset(), projects);
+    m_intake->AddWorkset(SampleWorkset(), m_projects);
     for (const SamplePerson& person : SamplePeople()) {
-        intake->AddUser(person.name, person.rights);
+        m_intake->AddUser(person.name, person.rights);
     }
     for (const SampleMark& mark : SampleMarks()) {
-        intake->AddMark(mark.id, mark.name, mark.color);
+        m_intake->AddMark(mark.id, mark.name, mark.color);
     }
     for (const QString& label : SampleLabels()) {
-        labels.push_back(intake->AddLabel(label));
+        m_labels.push_back(m_intake->AddLabel(label));
     }
-    for (site::NewPosition position : plan.positions) {
-        position.ppid = projects[static_cast<size_t>(position.ppid)];
-        intake->AddPosition(position);
+    for (site::NewPosition position : m_plan.positions) {
+        position.ppid = m_projects[static_cast<size_t>(position.ppid)];
+        m_intake->AddPosition(position);
     }
 }
 
 void PlanFiling::FilePhotos() {
-    for (const PlannedPhoto& photo : plan.photos) {
+    for (const PlannedPhoto& photo : m_plan.photos) {
         site::NewBimPhoto record = photo.record;
-        record.ppid = projects[static_cast<size_t>(record.ppid)];
+        record.ppid = m_projects[static_cast<size_t>(record.ppid)];
         record.labelIds = LabelIds(record.labelIds);
-        intake->FilePhoto(record, NextPicture(), VoiceOf(photo.voice));
-        onStep();
+        m_intake->FilePhoto(record, NextPicture(), VoiceOf(photo.voice));
+        m_onStep();
     }
 }
 
 void PlanFiling::FileDrawings() {
     std::vector<qint32> drawings;
-    for (const PlannedDrawing& drawing : plan.drawings) {
-        drawings.push_back(intake->AddDrawing(projects[static_cast<size_t>(drawing.project)],
-                                              drawing.name, {{}, MakeDrawing(drawing.sheet)}));
-        onStep();
+    for (const PlannedDrawing& drawing : m_plan.drawings) {
+        drawings.push_back(m_intake->AddDrawing(m_projects[static_cast<size_t>(drawing.project)],
+                                                drawing.name, {{}, MakeDrawing(drawing.sheet)}));
+        m_onStep();
     }
-    for (const PlannedCheckpoint& checkpoint : plan.checkpoints) {
+    for (const PlannedCheckpoint& checkpoint : m_plan.checkpoints) {
         site::NewCheckpoint record = checkpoint.record;
         record.drawingId = drawings[static_cast<size_t>(record.drawingId)];
         record.labelIds = LabelIds(record.labelIds);
-        checkpoints.push_back(intake->AddCheckpoint(record));
+        m_checkpoints.push_back(m_intake->AddCheckpoint(record));
         if (checkpoint.voice.milliseconds > 0) {
-            intake->SetCheckpointVoice(checkpoints.back(), VoiceOf(checkpoint.voice));
+            m_intake->SetCheckpointVoice(m_checkpoints.back(), VoiceOf(checkpoint.voice));
         }
     }
-    for (const PlannedPdfPhoto& photo : plan.pdfPhotos) {
+    for (const PlannedPdfPhoto& photo : m_plan.pdfPhotos) {
         site::NewPdfPhoto record = photo.record;
-        record.checkpointId = checkpoints[static_cast<size_t>(record.checkpointId)];
-        intake->FilePdfPhoto(record, NextPicture());
-        onStep();
+        record.checkpointId = m_checkpoints[static_cast<size_t>(record.checkpointId)];
+        m_intake->FilePdfPhoto(record, NextPicture());
+        m_onStep();
     }
 }
 
 void PlanFiling::FileIssues() {
-    for (const PlannedIssue& issue : plan.issues) {
+    for (const PlannedIssue& issue : m_plan.issues) {
         site::NewIssue record = issue.record;
-        record.ppid = projects[static_cast<size_t>(record.ppid)];
-        const QString questionId = intake->FileIssue(record, VoiceOf(issue.voice));
+        record.ppid = m_projects[static_cast<size_t>(record.ppid)];
+        const QString questionId = m_intake->FileIssue(record, VoiceOf(issue.voice));
         for (const PlannedIssuePic& pic : issue.pics) {
             site::NewIssuePic picture = pic.record;
             picture.questionId = questionId;
-            intake->FileIssuePic(picture, NextPicture());
+            m_intake->FileIssuePic(picture, NextPicture());
         }
-        onStep();
+        m_onStep();
     }
 }
 

@@ -34,14 +34,14 @@ private:
     [[nodiscard]] site::FileSource NextPicture();
     [[nodiscard]] std::vector<qint32> LabelIds(const std::vector<qint32>& numbers) const;
 
-    std::unique_ptr<site::IIntake> intake;
-    const SitePlan& plan;
-    std::function<QString(size_t)> pathOf;
-    std::function<void()> onStep;
-    std::vector<qint32> projects; ///< ids by number, as the two below
-    std::vector<qint32> labels;
-    std::vector<qint32> checkpoints;
-    size_t nextPicture = 0;
+    std::unique_ptr<site::IIntake> m_intake;
+    const SitePlan& m_plan;
+    std::function<QString(size_t)> m_pathOf;
+    std::function<void()> m_onStep;
+    std::vector<qint32> m_projects; ///< ids by number, as the two below
+    std::vector<qint32> m_labels;
+    std::vector<qint32> m_checkpoints;
+    size_t m_nextPicture = 0;
 };
 
 } // namespace sample

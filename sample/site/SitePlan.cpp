@@ -51,11 +51,11 @@ void PlanPositions(SitePlan& plan) {
 
 PlanScale ScaleOf(SampleSize size) {
     switch (size) {
-    case SampleSize::kNone:
+    case SampleSize::None:
         break;
-    case SampleSize::kSmall:
+    case SampleSize::Small:
         return {40, 0, 10, 2, 8, {800, 600}, {640, 480}};
-    case SampleSize::kFull:
+    case SampleSize::Full:
         return {300, 10, 90, 9, 120, {1600, 1200}, {960, 720}};
     }
     return {};
@@ -139,7 +139,7 @@ QString SamplePositionKey(qint32 project, const QString& floor, const QString& a
 
 SitePlan MakeSitePlan(SampleSize size, qint64 now) {
     SitePlan plan;
-    if (size == SampleSize::kNone) {
+    if (size == SampleSize::None) {
         return plan;
     }
     const PlanScale scale = ScaleOf(size);

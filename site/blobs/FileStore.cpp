@@ -38,7 +38,7 @@ void LeaveNote(const QString& note, const QString& place) {
     }
     if (!QFile::rename(note, place)) {
         QFile::remove(note);
-        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, u"保存文件"_s), place);
+        throw DataError(Fault::NotWritable, FaultText(Fault::NotWritable, u"保存文件"_s), place);
     }
     QFile(note).open(QIODevice::WriteOnly);
 }
@@ -46,48 +46,48 @@ void LeaveNote(const QString& note, const QString& place) {
 } // namespace
 
 FileStore::FileStore(QString storeFolder, QString binFolder)
-    : store(std::move(storeFolder)), bin(std::move(binFolder)) {}
+    : m_store(std::move(storeFolder)), m_bin(std::move(binFolder)) {}
 
 FileStore::~FileStore() {
-    if (notesLock) {
-        notesLock->unlock();
-        QDir().rmdir(notes);
+    if (m_notesLock) {
+        m_notesLock->unlock();
+        QDir().rmdir(m_notes);
     }
 }
 
 QString FileStore::PlaceOf(const QString& uuid) const {
     if (!IsStoreName(uuid)) {
-        throw DataError(Fault::kBadName, FaultText(Fault::kBadName, uuid.left(64)));
+        throw DataError(Fault::BadName, FaultText(Fault::BadName, uuid.left(64)));
     }
     const QString lower = uuid.toLower();
     const QChar second = lower.size() > 1 ? lower[1] : u'0';
-    return store + u'/' + lower[0] + u'/' + second + u'/' + uuid;
+    return m_store + u'/' + lower[0] + u'/' + second + u'/' + uuid;
 }
 
 QString FileStore::BinPlaceOf(const QString& uuid) const {
     if (!IsStoreName(uuid)) {
-        throw DataError(Fault::kBadName, FaultText(Fault::kBadName, uuid.left(64)));
+        throw DataError(Fault::BadName, FaultText(Fault::BadName, uuid.left(64)));
     }
-    return bin + u'/' + uuid;
+    return m_bin + u'/' + uuid;
 }
 
 QString FileStore::NotePath(const QString& uuid) const {
-    return notes + u'/' + uuid;
+    return m_notes + u'/' + uuid;
 }
 
 void FileStore::TakeNotesFolder() {
-    if (notesLock) {
+    if (m_notesLock) {
         return;
     }
-    notes = store + u'/' + NotesFolder() + u'/' + NewStoreName();
-    notesLock =
-        QDir().mkpath(notes) ? std::make_unique<QLockFile>(notes + u'/' + LockName()) : nullptr;
-    if (notesLock) {
-        notesLock->setStaleLockTime(0);
+    m_notes = m_store + u'/' + NotesFolder() + u'/' + NewStoreName();
+    m_notesLock =
+        QDir().mkpath(m_notes) ? std::make_unique<QLockFile>(m_notes + u'/' + LockName()) : nullptr;
+    if (m_notesLock) {
+        m_notesLock->setStaleLockTime(0);
     }
-    if (!notesLock || !notesLock->tryLock()) {
-        notesLock.reset();
-        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, u"保存文件"_s), notes);
+    if (!m_notesLock || !m_notesLock->tryLock()) {
+        m_notesLock.reset();
+        throw DataError(Fault::NotWritable, FaultText(Fault::NotWritable, u"保存文件"_s), m_notes);
     }
 }
 
@@ -99,12 +99,12 @@ StoredFile FileStore::Put(const FileSource& source) {
     buffer.setData(source.bytes);
     QIODevice& device = source.path.isEmpty() ? static_cast<QIODevice&>(buffer) : file;
     if (!device.open(QIODevice::ReadOnly)) {
-        throw DataError(Fault::kMissing, FaultText(Fault::kMissing, source.path));
+        throw DataError(Fault::Missing, FaultText(Fault::Missing, source.path));
     }
     const QString note = NotePath(stored.uuid);
     const CopyOutcome outcome = CopySynced(device, note);
     if (!outcome.ok) {
-        const Fault fault = outcome.diskFull ? Fault::kDiskFull : Fault::kNotWritable;
+        const Fault fault = outcome.diskFull ? Fault::DiskFull : Fault::NotWritable;
         throw DataError(fault, FaultText(fault, u"保存文件"_s), note);
     }
     stored.md5 = outcome.md5;
@@ -113,12 +113,12 @@ StoredFile FileStore::Put(const FileSource& source) {
     const QString folder = QFileInfo(place).path();
     if (!MakeFolderSynced(folder)) {
         QFile::remove(note);
-        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, u"保存文件"_s), place);
+        throw DataError(Fault::NotWritable, FaultText(Fault::NotWritable, u"保存文件"_s), place);
     }
     LeaveNote(note, place);
     if (!SyncFolder(folder)) {
         Discard(stored.uuid);
-        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, u"保存文件"_s), place);
+        throw DataError(Fault::NotWritable, FaultText(Fault::NotWritable, u"保存文件"_s), place);
     }
     return stored;
 }
@@ -139,7 +139,7 @@ QString FileStore::PathOf(const QString& uuid) const {
             return place;
         }
     }
-    throw DataError(Fault::kMissing,
+    throw DataError(Fault::Missing,
                     u"文件 "_s + uuid + u" 不在文件库中，可能已丢失，请从备份恢复。"_s);
 }
 
@@ -148,8 +148,8 @@ bool FileStore::Has(const QString& uuid) const {
 }
 
 void FileStore::Tell(const QString& text) const {
-    if (told) {
-        told(text);
+    if (m_told) {
+        m_told(text);
     }
 }
 
@@ -182,16 +182,16 @@ void FileStore::MoveFromBin(const QString& uuid) {
 }
 
 void FileStore::RemoveFromBin(const QString& uuid) {
-    if (IsStoreName(uuid) && IsRealFolder(bin) && IsRealFile(BinPlaceOf(uuid)) &&
+    if (IsStoreName(uuid) && IsRealFolder(m_bin) && IsRealFile(BinPlaceOf(uuid)) &&
         !QFile::remove(BinPlaceOf(uuid))) {
         Tell(u"回收站里的文件 %1 未能删除，仍占用磁盘；请检查文件夹 %2 的权限。"_s.arg(
-            uuid, QDir::toNativeSeparators(bin)));
+            uuid, QDir::toNativeSeparators(m_bin)));
     }
 }
 
 std::vector<QString> FileStore::NamesInBin() const {
     std::vector<QString> names;
-    for (const QString& name : EntriesOf(bin)) {
+    for (const QString& name : EntriesOf(m_bin)) {
         if (!name.startsWith(u'.')) {
             names.push_back(name);
         }
@@ -208,7 +208,7 @@ void FileStore::RemoveStored(const QString& uuid) {
 }
 
 void FileStore::CleanUp(const std::function<bool(const QString&)>& hasRow, SetAside& aside) {
-    const QString incoming = store + u'/' + NotesFolder();
+    const QString incoming = m_store + u'/' + NotesFolder();
     const QString below = place::kStore + u'/' + NotesFolder();
     if (IsThere(incoming) && !IsRealFolder(incoming)) {
         aside.Take(below);
@@ -222,7 +222,7 @@ void FileStore::CleanUp(const std::function<bool(const QString&)>& hasRow, SetAs
         }
         QLockFile lock(folder + u'/' + LockName());
         lock.setStaleLockTime(0);
-        if (folder != notes && lock.tryLock()) {
+        if (folder != m_notes && lock.tryLock()) {
             CleanNotes(name, hasRow, aside);
             lock.unlock();
             QDir().rmdir(folder);
@@ -233,8 +233,8 @@ void FileStore::CleanUp(const std::function<bool(const QString&)>& hasRow, SetAs
 void FileStore::CleanNotes(const QString& name, const std::function<bool(const QString&)>& hasRow,
                            SetAside& aside) {
     const QString below = NotesFolder() + u'/' + name + u'/';
-    for (const QString& note : EntriesOf(store + u'/' + below)) {
-        const QString path = store + u'/' + below + note;
+    for (const QString& note : EntriesOf(m_store + u'/' + below)) {
+        const QString path = m_store + u'/' + below + note;
         if (note == LockName()) {
             continue;
         }

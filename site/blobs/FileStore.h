@@ -56,7 +56,7 @@ public:
     void CleanUp(const std::function<bool(const QString&)>& hasRow, SetAside& aside);
 
     /// Is told, in Chinese, of files that are not where their rows say. Thread: the folder's own.
-    void SetTold(std::function<void(const QString&)> listener) { told = std::move(listener); }
+    void SetTold(std::function<void(const QString&)> listener) { m_told = std::move(listener); }
 
 private:
     void Move(const QString& uuid, const QString& from, const QString& to);
@@ -69,11 +69,11 @@ private:
     void CleanNotes(const QString& name, const std::function<bool(const QString&)>& hasRow,
                     SetAside& aside);
 
-    QString store;
-    QString bin;
-    QString notes; ///< of this process; empty until the first Put
-    std::unique_ptr<QLockFile> notesLock;
-    std::function<void(const QString&)> told;
+    QString m_store;
+    QString m_bin;
+    QString m_notes; ///< of this process; empty until the first Put
+    std::unique_ptr<QLockFile> m_notesLock;
+    std::function<void(const QString&)> m_told;
 };
 
 } // namespace site

@@ -84,16 +84,16 @@ FolderFinding LookAtFolder(const QString& path) {
     }
     for (const QString& part : Parts()) {
         if (TypeOf(root + u'/' + part) == file_type::symlink) {
-            return {FolderLook::kLinked, part};
+            return {FolderLook::Linked, part};
         }
     }
     const QString database = root + u'/' + place::kDatabase;
     if (IsRealFile(database) && QFileInfo(database).size() > 0) {
-        return {FolderLook::kSite, {}};
+        return {FolderLook::Site, {}};
     }
     for (const QString& name : EntriesOf(root)) {
         if (!IsBeginning(root, name)) {
-            return {FolderLook::kForeign, name};
+            return {FolderLook::Foreign, name};
         }
     }
     return {};

@@ -20,14 +20,14 @@ inline const QString kSetAside = QStringLiteral("set-aside");
 } // namespace place
 
 enum class FolderLook {
-    kFree,    ///< missing, empty, or what an opening left that was cut short
-    kSite,    ///< has a database; whose it is shows when it is opened
-    kLinked,  ///< a site of which a part is a link
-    kForeign, ///< somebody's files, and no database of a site
+    Free,    ///< missing, empty, or what an opening left that was cut short
+    Site,    ///< has a database; whose it is shows when it is opened
+    Linked,  ///< a site of which a part is a link
+    Foreign, ///< somebody's files, and no database of a site
 };
 
 struct FolderFinding {
-    FolderLook look = FolderLook::kFree;
+    FolderLook look = FolderLook::Free;
     QString name; ///< kLinked: the part that is one; kForeign: an entry that isn't ours
 };
 

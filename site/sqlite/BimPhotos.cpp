@@ -78,14 +78,14 @@ KX_DATA::PicFileEntry FileOf(const Statement& read) {
 } // namespace
 
 Page<KX_DATA::BimPicRow> BimPhotos::PageOf(const ListFilter& filter, const PageAsked& asked) {
-    const ReadScope snapshot(database);
-    const ListPage page = lists.Fetch(ListKind::kBimPhotos, filter, asked);
+    const ReadScope snapshot(m_database);
+    const ListPage page = m_lists.Fetch(ListKind::BimPhotos, filter, asked);
     return {page.total, RowsOf(page.ids)};
 }
 
 std::vector<KX_DATA::BimPicRow> BimPhotos::Rows(const Projects& projects,
                                                 const std::vector<qint64>& picIds) {
-    const ReadScope snapshot(database);
+    const ReadScope snapshot(m_database);
     std::vector<KX_DATA::BimPicRow> rows = RowsOf(picIds);
     std::erase_if(rows, [&](const KX_DATA::BimPicRow& row) { return !Has(projects, row.ppid); });
     return rows;
@@ -93,7 +93,7 @@ std::vector<KX_DATA::BimPicRow> BimPhotos::Rows(const Projects& projects,
 
 std::vector<KX_DATA::BimPicRow> BimPhotos::RowsOf(const std::vector<qint64>& ids) {
     std::unordered_map<qint64, KX_DATA::BimPicRow> found;
-    ForEachOfIds(database, RowSql(), ids,
+    ForEachOfIds(m_database, RowSql(), ids,
                  [&](const Statement& read) { found.emplace(read.Int64(0), RowOf(read)); });
     std::vector<KX_DATA::BimPicRow> rows;
     rows.reserve(ids.size());
@@ -117,14 +117,14 @@ void BimPhotos::AddLabels(std::vector<KX_DATA::BimPicRow>& rows) {
         ids.push_back(row.picId);
         byId[row.picId] = &row;
     }
-    ForEachOfIds(database, sql, ids, [&](const Statement& read) {
+    ForEachOfIds(m_database, sql, ids, [&](const Statement& read) {
         byId[read.Int64(0)]->labelNames.push_back(read.Text(1));
     });
 }
 
 bool BimPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) {
     bool found = false;
-    database.ForEach(
+    m_database.ForEach(
         u"SELECT b.position_key, b.axis_x, b.axis_y, b.description, b.floor, b.mark_id, m.name,"
         " b.name, coalesce(m.color, ?), b.uploader, b.uploaded, b.updater, b.modified, b.status"
         " FROM bim_photo b LEFT JOIN mark m ON m.id = b.mark_id WHERE b.id = ? AND b.ppid = ?"_s,
@@ -148,11 +148,11 @@ bool BimPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail)
             detail.updateTime = read.Int64(12);
             detail.status = read.Int(13);
         });
-    database.ForEach(u"SELECT l.id, l.name FROM bim_label b JOIN label l ON l.id = b.label_id"
-                     " WHERE b.photo_id = ? AND b.ppid = ? ORDER BY l.id"_s,
-                     {picId, ppid}, [&](const Statement& read) {
-                         detail.labels.push_back({read.Text(0), read.Text(1)});
-                     });
+    m_database.ForEach(u"SELECT l.id, l.name FROM bim_label b JOIN label l ON l.id = b.label_id"
+                       " WHERE b.photo_id = ? AND b.ppid = ? ORDER BY l.id"_s,
+                       {picId, ppid}, [&](const Statement& read) {
+                           detail.labels.push_back({read.Text(0), read.Text(1)});
+                       });
     return found;
 }
 
@@ -170,8 +170,8 @@ std::vector<KX_DATA::PicFileEntry> BimPhotos::Files(const Projects& projects,
     static const QString pdf =
         u"SELECT p.id, p.file_uuid, c.audio_uuid, p.ppid FROM pdf_photo p JOIN"
         " checkpoint c ON c.id = p.checkpoint_id WHERE p.id IN (%1)"_s.arg(IdMarks());
-    ForEachOfIds(database, bim, ids, take);
-    ForEachOfIds(database, pdf, ids, take);
+    ForEachOfIds(m_database, bim, ids, take);
+    ForEachOfIds(m_database, pdf, ids, take);
     std::vector<KX_DATA::PicFileEntry> files;
     for (const qint64 id : ids) {
         const auto entry = found.find(id);
@@ -188,20 +188,20 @@ BimPhotos::FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markI
     // Photos without a floor hang on one place, whatever their key.
     const QString place = positionKey.isEmpty() ? u"floor_sort"_s : u"position_key"_s;
     const QString value = positionKey.isEmpty() ? FloorSortKey(QString()) : positionKey;
-    database.ForEach(u"SELECT id, file_uuid, audio_uuid FROM bim_photo WHERE %1 = ?"
-                     " AND mark_id = ? AND ppid = ? AND status = 0"
-                     " ORDER BY modified DESC, id DESC"_s.arg(place),
-                     {value, markId, ppid},
-                     [&](const Statement& read) { files.push_back(FileOf(read)); });
+    m_database.ForEach(u"SELECT id, file_uuid, audio_uuid FROM bim_photo WHERE %1 = ?"
+                       " AND mark_id = ? AND ppid = ? AND status = 0"
+                       " ORDER BY modified DESC, id DESC"_s.arg(place),
+                       {value, markId, ppid},
+                       [&](const Statement& read) { files.push_back(FileOf(read)); });
     return files;
 }
 
 int BimPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) {
     int count = 0;
-    Transaction transaction(database);
+    Transaction transaction(m_database);
     for (const qint32 picId : picIds) {
-        count += database.Exec(u"UPDATE bim_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
-                               {status, picId, ppid});
+        count += m_database.Exec(u"UPDATE bim_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
+                                 {status, picId, ppid});
     }
     transaction.Commit();
     return count;
@@ -209,37 +209,37 @@ int BimPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 
 
 void BimPhotos::MoveTo(qint32 ppid, qint32 picId, const QString& key, const QString& oldKey) {
     std::optional<Place> place;
-    database.ForEach(u"SELECT floor, axis_x, axis_y FROM position WHERE position_key = ?"
-                     " AND ppid = ?"_s,
-                     {key, ppid}, [&](const Statement& read) {
-                         place = Place{read.Text(0), read.Text(1), read.Text(2)};
-                     });
+    m_database.ForEach(u"SELECT floor, axis_x, axis_y FROM position WHERE position_key = ?"
+                       " AND ppid = ?"_s,
+                       {key, ppid}, [&](const Statement& read) {
+                           place = Place{read.Text(0), read.Text(1), read.Text(2)};
+                       });
     // A key that the model has no longer keeps the place that the photo had with it.
     if (!place && key == oldKey) {
         return;
     }
     if (!place && !key.isEmpty()) {
-        throw DataError(Fault::kMissing, u"所选的位置已不在模型中，请重新选择楼层和轴线。"_s, key);
+        throw DataError(Fault::Missing, u"所选的位置已不在模型中，请重新选择楼层和轴线。"_s, key);
     }
     const Place now = place.value_or(Place{});
-    database.Exec(u"UPDATE bim_photo SET position_key = ?, floor = ?, floor_sort = ?, axis_x = ?,"
-                  " axis_y = ?, pos_text = ? WHERE id = ?"_s,
-                  {key, now.floor, FloorSortKey(now.floor), now.axisX, now.axisY,
-                   PositionText(now.axisX, now.axisY), picId});
+    m_database.Exec(u"UPDATE bim_photo SET position_key = ?, floor = ?, floor_sort = ?, axis_x = ?,"
+                    " axis_y = ?, pos_text = ? WHERE id = ?"_s,
+                    {key, now.floor, FloorSortKey(now.floor), now.axisX, now.axisY,
+                     PositionText(now.axisX, now.axisY), picId});
 }
 
 void BimPhotos::SetLabels(qint32 ppid, qint32 picId, const std::vector<QString>& labelIds) {
-    database.Exec(u"DELETE FROM bim_label WHERE photo_id = ?"_s, {picId});
+    m_database.Exec(u"DELETE FROM bim_label WHERE photo_id = ?"_s, {picId});
     for (const QString& labelId : labelIds) {
-        database.Exec(u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?)"
-                      " ON CONFLICT DO NOTHING"_s,
-                      {labelId.toInt(), ppid, picId});
+        m_database.Exec(u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?)"
+                        " ON CONFLICT DO NOTHING"_s,
+                        {labelId.toInt(), ppid, picId});
     }
 }
 
 Saved BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const Signature& by,
                         std::optional<qint64> seen) {
-    Transaction transaction(database);
+    Transaction transaction(m_database);
     KX_DATA::BimPicDetail old;
     if (!Detail(ppid, update.picId, old)) {
         return Saved::Gone;
@@ -248,33 +248,33 @@ Saved BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const 
         return Saved::ChangedMeanwhile;
     }
     const LastChange last(old.uploaderName, old.uploadTime, by.person, by.at);
-    RemoveSearchRow(database, ListKind::kBimPhotos, update.picId);
+    RemoveSearchRow(m_database, ListKind::BimPhotos, update.picId);
     MoveTo(ppid, update.picId, update.positionKey, old.positionKey);
-    database.Exec(u"UPDATE bim_photo SET description = ?, mark_id = ?, name = ?, status = ?,"
-                  " updater = ?, updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
-                  {update.description, update.markId, update.fileName, update.status, by.person,
-                   by.at, last.person, last.time, update.picId});
+    m_database.Exec(u"UPDATE bim_photo SET description = ?, mark_id = ?, name = ?, status = ?,"
+                    " updater = ?, updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
+                    {update.description, update.markId, update.fileName, update.status, by.person,
+                     by.at, last.person, last.time, update.picId});
     SetLabels(ppid, update.picId, update.labelIds);
-    AddSearchRow(database, ListKind::kBimPhotos, update.picId);
+    AddSearchRow(m_database, ListKind::BimPhotos, update.picId);
     transaction.Commit();
     return Saved::Yes;
 }
 
 std::vector<KX_DATA::LabelEntry> BimPhotos::UsedLabels() {
     std::vector<KX_DATA::LabelEntry> labels;
-    database.ForEach(u"SELECT id, name FROM label l WHERE EXISTS (SELECT 1 FROM bim_label b"
-                     " WHERE b.label_id = l.id) ORDER BY id"_s,
-                     {}, [&](const Statement& read) {
-                         labels.push_back({read.Text(0), read.Text(1)});
-                     });
+    m_database.ForEach(u"SELECT id, name FROM label l WHERE EXISTS (SELECT 1 FROM bim_label b"
+                       " WHERE b.label_id = l.id) ORDER BY id"_s,
+                       {}, [&](const Statement& read) {
+                           labels.push_back({read.Text(0), read.Text(1)});
+                       });
     return labels;
 }
 
 std::vector<qint32> BimPhotos::UsedMarks() {
     std::vector<qint32> marks;
-    database.ForEach(u"SELECT DISTINCT t.mark_id FROM bim_tally t JOIN mark m ON m.id = t.mark_id"
-                     " WHERE t.n > 0 ORDER BY t.mark_id"_s,
-                     {}, [&](const Statement& read) { marks.push_back(read.Int(0)); });
+    m_database.ForEach(u"SELECT DISTINCT t.mark_id FROM bim_tally t JOIN mark m ON m.id = t.mark_id"
+                       " WHERE t.n > 0 ORDER BY t.mark_id"_s,
+                       {}, [&](const Statement& read) { marks.push_back(read.Int(0)); });
     return marks;
 }
 

@@ -10,7 +10,7 @@ class ListQuery;
 
 class BimPhotos final : public IBimPhotos {
 public:
-    BimPhotos(Database& owner, ListQuery& pages) : database(owner), lists(pages) {}
+    BimPhotos(Database& owner, ListQuery& pages) : m_database(owner), m_lists(pages) {}
 
     [[nodiscard]] Page<KX_DATA::BimPicRow> PageOf(const ListFilter& filter,
                                                   const PageAsked& asked) override;
@@ -33,8 +33,8 @@ private:
     void MoveTo(qint32 ppid, qint32 picId, const QString& key, const QString& oldKey);
     void SetLabels(qint32 ppid, qint32 picId, const std::vector<QString>& labelIds);
 
-    Database& database;
-    ListQuery& lists;
+    Database& m_database;
+    ListQuery& m_lists;
 };
 
 } // namespace site

@@ -20,7 +20,7 @@ ListKind ListOf(BinKind kind) {
 }
 
 bool IsKnown(BinKind kind) {
-    return kind == BinKind::kBimPhoto || kind == BinKind::kPdfPhoto || kind == BinKind::kIssue;
+    return kind == BinKind::BimPhoto || kind == BinKind::PdfPhoto || kind == BinKind::Issue;
 }
 
 std::vector<qint64> Ids(const std::vector<qint32>& picIds) {
@@ -31,24 +31,24 @@ std::vector<qint64> Ids(const std::vector<qint32>& picIds) {
 
 bool Bin::MoveToBin(BinKind kind, qint64 objectId, const Projects& projects, const Signature& by,
                     std::vector<QString>& files) {
-    BinContent content = TakeContent(database, kind, objectId);
+    BinContent content = TakeContent(m_database, kind, objectId);
     if (content.title.isNull() || !Has(projects, content.ppid)) {
         return false;
     }
     const QString json =
         QString::fromUtf8(QJsonDocument(content.sections).toJson(QJsonDocument::Compact));
-    const qint64 binId = database.Insert(
+    const qint64 binId = m_database.Insert(
         u"INSERT INTO bin (kind, ppid, object_id, title, deleted_by, deleted_at, content)"
         " VALUES (?, ?, ?, ?, ?, ?, ?)"_s,
         {static_cast<int>(kind), content.ppid, objectId, content.title, by.person, by.at, json});
     for (const QString& uuid : content.files) {
-        database.Exec(u"DELETE FROM file WHERE uuid = ?"_s, {uuid});
-        database.Exec(u"INSERT INTO bin_file (uuid, bin_id) VALUES (?, ?)"_s, {uuid, binId});
+        m_database.Exec(u"DELETE FROM file WHERE uuid = ?"_s, {uuid});
+        m_database.Exec(u"INSERT INTO bin_file (uuid, bin_id) VALUES (?, ?)"_s, {uuid, binId});
         files.push_back(uuid);
     }
-    RemoveSearchRow(database, ListOf(kind), objectId);
+    RemoveSearchRow(m_database, ListOf(kind), objectId);
     // What hangs on the row goes with it by its foreign keys.
-    database.Exec(u"DELETE FROM %1 WHERE id = ?"_s.arg(ShapeOf(ListOf(kind)).table), {objectId});
+    m_database.Exec(u"DELETE FROM %1 WHERE id = ?"_s.arg(ShapeOf(ListOf(kind)).table), {objectId});
     return true;
 }
 
@@ -56,13 +56,13 @@ int Bin::Delete(BinKind kind, const std::function<std::vector<qint64>()>& ids,
                 const Projects& projects, const Signature& by) {
     std::vector<QString> files;
     int count = 0;
-    Transaction transaction(database);
+    Transaction transaction(m_database);
     for (const qint64 id : ids()) {
         count += MoveToBin(kind, id, projects, by, files) ? 1 : 0;
     }
     transaction.Commit();
     for (const QString& uuid : files) {
-        store.MoveToBin(uuid);
+        m_store.MoveToBin(uuid);
     }
     return count;
 }
@@ -70,12 +70,12 @@ int Bin::Delete(BinKind kind, const std::function<std::vector<qint64>()>& ids,
 int Bin::DeleteBimPhotos(const Projects& projects, const std::vector<qint32>& picIds,
                          const Signature& by) {
     return Delete(
-        BinKind::kBimPhoto, [&] { return Ids(picIds); }, projects, by);
+        BinKind::BimPhoto, [&] { return Ids(picIds); }, projects, by);
 }
 
 int Bin::DeletePdfPhotos(qint32 ppid, const std::vector<qint32>& picIds, const Signature& by) {
     return Delete(
-        BinKind::kPdfPhoto, [&] { return Ids(picIds); }, {ppid}, by);
+        BinKind::PdfPhoto, [&] { return Ids(picIds); }, {ppid}, by);
 }
 
 int Bin::DeleteIssues(const Projects& projects, const std::vector<QString>& questionIds,
@@ -84,93 +84,93 @@ int Bin::DeleteIssues(const Projects& projects, const std::vector<QString>& ques
         std::vector<qint64> found;
         for (const QString& questionId : questionIds) {
             const QVariant id =
-                database.Value(u"SELECT id FROM issue WHERE question_id = ?"_s, {questionId});
+                m_database.Value(u"SELECT id FROM issue WHERE question_id = ?"_s, {questionId});
             if (id.isValid()) {
                 found.push_back(id.toLongLong());
             }
         }
         return found;
     };
-    return Delete(BinKind::kIssue, ids, projects, by);
+    return Delete(BinKind::Issue, ids, projects, by);
 }
 
 std::vector<BinEntry> Bin::List() {
     std::vector<BinEntry> entries;
-    database.ForEach(u"SELECT id, kind, ppid, title, deleted_by, deleted_at FROM bin"
-                     " ORDER BY deleted_at DESC, id DESC"_s,
-                     {}, [&](const Statement& row) {
-                         entries.push_back({row.Int64(0), static_cast<BinKind>(row.Int(1)),
-                                            row.Int(2), row.Text(3), row.Text(4), row.Int64(5)});
-                     });
+    m_database.ForEach(u"SELECT id, kind, ppid, title, deleted_by, deleted_at FROM bin"
+                       " ORDER BY deleted_at DESC, id DESC"_s,
+                       {}, [&](const Statement& row) {
+                           entries.push_back({row.Int64(0), static_cast<BinKind>(row.Int(1)),
+                                              row.Int(2), row.Text(3), row.Text(4), row.Int64(5)});
+                       });
     return entries;
 }
 
 void Bin::RestoreEntry(qint64 binId, std::vector<QString>& files) {
     QString content;
     QString title;
-    BinKind kind = BinKind::kBimPhoto;
+    BinKind kind = BinKind::BimPhoto;
     qint64 objectId = 0;
-    database.ForEach(u"SELECT kind, object_id, content, title FROM bin WHERE id = ?"_s, {binId},
-                     [&](const Statement& row) {
-                         kind = static_cast<BinKind>(row.Int(0));
-                         objectId = row.Int64(1);
-                         content = row.Text(2);
-                         title = row.Text(3);
-                     });
+    m_database.ForEach(u"SELECT kind, object_id, content, title FROM bin WHERE id = ?"_s, {binId},
+                       [&](const Statement& row) {
+                           kind = static_cast<BinKind>(row.Int(0));
+                           objectId = row.Int64(1);
+                           content = row.Text(2);
+                           title = row.Text(3);
+                       });
     if (!IsKnown(kind)) {
-        throw DataError(Fault::kNewer,
+        throw DataError(Fault::Newer,
                         u"回收站中的“%1”不是本版本认识的类型，没有恢复，仍在回收站中；"
                         "请升级客户端后再恢复。"_s.arg(title));
     }
-    if (!PutContent(database, kind, objectId, content)) {
-        throw DataError(Fault::kDamaged, u"回收站中的“%1”的记录已损坏，没有恢复，仍在回收站中；"
-                                         "请从备份恢复数据文件夹。"_s.arg(title));
+    if (!PutContent(m_database, kind, objectId, content)) {
+        throw DataError(Fault::Damaged, u"回收站中的“%1”的记录已损坏，没有恢复，仍在回收站中；"
+                                        "请从备份恢复数据文件夹。"_s.arg(title));
     }
-    if (kind == BinKind::kPdfPhoto) {
-        RefreshFromCheckpoint(database, objectId);
+    if (kind == BinKind::PdfPhoto) {
+        RefreshFromCheckpoint(m_database, objectId);
     }
-    AddSearchRow(database, ListOf(kind), objectId);
-    database.ForEach(u"SELECT uuid FROM bin_file WHERE bin_id = ?"_s, {binId},
-                     [&](const Statement& row) { files.push_back(row.Text(0)); });
-    database.Exec(u"DELETE FROM bin WHERE id = ?"_s, {binId});
+    AddSearchRow(m_database, ListOf(kind), objectId);
+    m_database.ForEach(u"SELECT uuid FROM bin_file WHERE bin_id = ?"_s, {binId},
+                       [&](const Statement& row) { files.push_back(row.Text(0)); });
+    m_database.Exec(u"DELETE FROM bin WHERE id = ?"_s, {binId});
 }
 
 int Bin::Restore(const std::vector<qint64>& binIds) {
     std::vector<QString> files;
     int count = 0;
-    Transaction transaction(database);
+    Transaction transaction(m_database);
     for (const qint64 binId : binIds) {
-        if (database.Value(u"SELECT 1 FROM bin WHERE id = ?"_s, {binId}).isValid()) {
+        if (m_database.Value(u"SELECT 1 FROM bin WHERE id = ?"_s, {binId}).isValid()) {
             RestoreEntry(binId, files);
             ++count;
         }
     }
     transaction.Commit();
     for (const QString& uuid : files) {
-        store.MoveFromBin(uuid);
+        m_store.MoveFromBin(uuid);
     }
     return count;
 }
 
 void Bin::Purge(const std::vector<qint64>& binIds) {
     std::vector<QString> files;
-    Transaction transaction(database);
+    Transaction transaction(m_database);
     for (const qint64 binId : binIds) {
-        database.ForEach(u"SELECT uuid FROM bin_file WHERE bin_id = ?"_s, {binId},
-                         [&](const Statement& row) { files.push_back(row.Text(0)); });
-        database.Exec(u"DELETE FROM bin WHERE id = ?"_s, {binId});
+        m_database.ForEach(u"SELECT uuid FROM bin_file WHERE bin_id = ?"_s, {binId},
+                           [&](const Statement& row) { files.push_back(row.Text(0)); });
+        m_database.Exec(u"DELETE FROM bin WHERE id = ?"_s, {binId});
     }
     transaction.Commit();
     for (const QString& uuid : files) {
-        store.RemoveFromBin(uuid);
+        m_store.RemoveFromBin(uuid);
     }
 }
 
 void Bin::PurgeOld(qint64 now) {
     std::vector<qint64> old;
     const qint64 limit = now - kBinSeconds;
-    database.ForEach(u"SELECT id FROM bin WHERE deleted_at < ?"_s, {limit},
-                     [&](const Statement& row) { old.push_back(row.Int64(0)); });
+    m_database.ForEach(u"SELECT id FROM bin WHERE deleted_at < ?"_s, {limit},
+                       [&](const Statement& row) { old.push_back(row.Int64(0)); });
     if (!old.empty()) {
         Purge(old);
     }
@@ -178,8 +178,8 @@ void Bin::PurgeOld(qint64 now) {
 
 std::vector<QString> Bin::BinnedInStore() {
     std::vector<QString> names;
-    database.ForEach(u"SELECT uuid FROM bin_file"_s, {}, [&](const Statement& row) {
-        if (store.Has(row.Text(0))) {
+    m_database.ForEach(u"SELECT uuid FROM bin_file"_s, {}, [&](const Statement& row) {
+        if (m_store.Has(row.Text(0))) {
             names.push_back(row.Text(0));
         }
     });
@@ -188,8 +188,8 @@ std::vector<QString> Bin::BinnedInStore() {
 
 std::vector<QString> Bin::UnbinnedInBin() {
     std::vector<QString> names;
-    for (const QString& name : store.NamesInBin()) {
-        if (!database.Value(u"SELECT 1 FROM bin_file WHERE uuid = ?"_s, {name}).isValid()) {
+    for (const QString& name : m_store.NamesInBin()) {
+        if (!m_database.Value(u"SELECT 1 FROM bin_file WHERE uuid = ?"_s, {name}).isValid()) {
             names.push_back(name);
         }
     }
@@ -202,13 +202,13 @@ void Bin::Reconcile(SetAside& aside) {
     }
     // Once more under the write lock: what another process deletes or restores between two
     // questions about a file would else leave it without a row in either table.
-    Transaction transaction(database);
+    Transaction transaction(m_database);
     for (const QString& uuid : BinnedInStore()) {
-        store.MoveToBin(uuid);
+        m_store.MoveToBin(uuid);
     }
     for (const QString& name : UnbinnedInBin()) {
-        if (database.Value(u"SELECT 1 FROM file WHERE uuid = ?"_s, {name}).isValid()) {
-            store.MoveFromBin(name);
+        if (m_database.Value(u"SELECT 1 FROM file WHERE uuid = ?"_s, {name}).isValid()) {
+            m_store.MoveFromBin(name);
         } else {
             aside.Take(place::kBin + u'/' + name);
         }

@@ -15,7 +15,7 @@ class SetAside;
 /// put right by Reconcile.
 class Bin final : public IBin {
 public:
-    Bin(Database& owner, FileStore& files) : database(owner), store(files) {}
+    Bin(Database& owner, FileStore& files) : m_database(owner), m_store(files) {}
 
     int DeleteBimPhotos(const Projects& projects, const std::vector<qint32>& picIds,
                         const Signature& by) override;
@@ -42,8 +42,8 @@ private:
     [[nodiscard]] std::vector<QString> BinnedInStore();
     [[nodiscard]] std::vector<QString> UnbinnedInBin();
 
-    Database& database;
-    FileStore& store;
+    Database& m_database;
+    FileStore& m_store;
 };
 
 } // namespace site

@@ -25,12 +25,12 @@ struct Section {
 
 std::vector<Section> SectionsOf(BinKind kind) {
     switch (kind) {
-    case BinKind::kBimPhoto:
+    case BinKind::BimPhoto:
         return {{u"bim_photo"_s, u"id"_s, {u"file_uuid"_s, u"audio_uuid"_s}},
                 {u"bim_label"_s, u"photo_id"_s, {}}};
-    case BinKind::kPdfPhoto:
+    case BinKind::PdfPhoto:
         return {{u"pdf_photo"_s, u"id"_s, {u"file_uuid"_s}}};
-    case BinKind::kIssue:
+    case BinKind::Issue:
         return {{u"issue"_s, u"id"_s, {u"voice_uuid"_s}},
                 {u"rectification"_s, u"issue_id"_s, {u"voice_uuid"_s}},
                 {u"issue_pic"_s, u"issue_id"_s, {u"file_uuid"_s, u"thumb_uuid"_s}}};
@@ -131,7 +131,7 @@ BinContent TakeContent(Database& database, BinKind kind, qint64 objectId) {
             const QJsonObject row = rows.first().toObject();
             content.ppid = row.value(u"ppid"_s).toInt();
             const QString title =
-                row.value(kind == BinKind::kIssue ? u"theme"_s : u"name"_s).toString();
+                row.value(kind == BinKind::Issue ? u"theme"_s : u"name"_s).toString();
             content.title = title.isNull() ? u""_s : title;
         }
         content.sections.append(QJsonObject{{u"table"_s, section.table}, {u"rows"_s, rows}});

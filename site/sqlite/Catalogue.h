@@ -9,7 +9,7 @@ class Database;
 
 class Catalogue final : public ICatalogue {
 public:
-    explicit Catalogue(Database& owner) : database(owner) {}
+    explicit Catalogue(Database& owner) : m_database(owner) {}
 
     [[nodiscard]] std::vector<ProjectEntry> Projects() override;
     [[nodiscard]] ProjectEntry Project(qint32 ppid) override;
@@ -33,7 +33,7 @@ public:
     void SetSetting(const QString& key, const QString& value) override;
 
 private:
-    Database& database;
+    Database& m_database;
 };
 
 } // namespace site

@@ -34,81 +34,81 @@ QString SuspicionPath(const QString& work) {
 
 } // namespace
 
-DataFolder::DataFolder(const QString& path) : root(QDir(path).absolutePath()) {}
+DataFolder::DataFolder(const QString& path) : m_root(QDir(path).absolutePath()) {}
 
 DataFolder::~DataFolder() {
     Close();
 }
 
 QString DataFolder::DatabasePath() const {
-    return root + u'/' + place::kDatabase;
+    return m_root + u'/' + place::kDatabase;
 }
 QString DataFolder::StorePath() const {
-    return root + u'/' + place::kStore;
+    return m_root + u'/' + place::kStore;
 }
 QString DataFolder::BinPath() const {
-    return root + u'/' + place::kBin;
+    return m_root + u'/' + place::kBin;
 }
 QString DataFolder::WorkPath() const {
-    return root + u'/' + place::kWork;
+    return m_root + u'/' + place::kWork;
 }
 QString DataFolder::LogPath() const {
-    return root + u'/' + place::kLogs;
+    return m_root + u'/' + place::kLogs;
 }
 
 void DataFolder::Look() const {
-    const FolderFinding found = LookAtFolder(root);
-    const QString folder = QDir::toNativeSeparators(root);
-    if (found.look == FolderLook::kForeign) {
-        throw DataError(Fault::kNotASite,
+    const FolderFinding found = LookAtFolder(m_root);
+    const QString folder = QDir::toNativeSeparators(m_root);
+    if (found.look == FolderLook::Foreign) {
+        throw DataError(Fault::NotASite,
                         u"文件夹 %1 里已有其他内容（%2），又没有站点的数据库 "
                         u"%3，因此没有打开，其中的内容原样未动。"
                         "请选择空文件夹或已有的数据文件夹；若数据库丢失，请从备份恢复。"_s.arg(
                             folder, found.name, place::kDatabase));
     }
-    if (found.look == FolderLook::kLinked) {
+    if (found.look == FolderLook::Linked) {
         throw DataError(
-            Fault::kNotASite,
+            Fault::NotASite,
             u"数据文件夹 %1 中的 %2 是一个链接，站点的内容不能放在链接后面，因此没有打开。"
             "请把链接换成它所指的内容。"_s.arg(folder, found.name));
     }
-    if (QFileInfo(root).isFile()) {
+    if (QFileInfo(m_root).isFile()) {
         throw DataError(
-            Fault::kNotASite,
+            Fault::NotASite,
             u"%1 是一个文件，不是文件夹，因此没有打开。请选择一个文件夹。"_s.arg(folder));
     }
-    if (!QDir().mkpath(root) || !QFileInfo(root).isWritable()) {
-        Throw(Fault::kNotWritable, u"数据文件夹 "_s + folder);
+    if (!QDir().mkpath(m_root) || !QFileInfo(m_root).isWritable()) {
+        Throw(Fault::NotWritable, u"数据文件夹 "_s + folder);
     }
 }
 
 void DataFolder::MakeFolders() const {
     for (const QString& path : {StorePath(), BinPath(), WorkPath(), LogPath()}) {
         if (!MakeFolderSynced(path) || !QFileInfo(path).isWritable()) {
-            Throw(Fault::kNotWritable, u"数据文件夹 "_s + QDir::toNativeSeparators(path));
+            Throw(Fault::NotWritable, u"数据文件夹 "_s + QDir::toNativeSeparators(path));
         }
     }
 }
 
 void DataFolder::OpenDatabase(int busyTimeoutMs) {
     const sqlite::FileLook look = sqlite::LookAtFile(DatabasePath());
-    if (look == sqlite::FileLook::kBad) {
-        Throw(Fault::kDamaged, DatabasePath());
+    if (look == sqlite::FileLook::Bad) {
+        Throw(Fault::Damaged, DatabasePath());
     }
-    if (look != sqlite::FileLook::kNone && !QFileInfo(DatabasePath()).isWritable()) {
-        Throw(Fault::kNotWritable, DatabasePath());
+    if (look != sqlite::FileLook::None && !QFileInfo(DatabasePath()).isWritable()) {
+        Throw(Fault::NotWritable, DatabasePath());
     }
-    database = std::make_unique<Database>(DatabasePath(), busyTimeoutMs);
+    m_database = std::make_unique<Database>(DatabasePath(), busyTimeoutMs);
     const QString suspicion = SuspicionPath(WorkPath());
-    if (look == sqlite::FileLook::kSuspect || QFile::exists(suspicion)) {
-        if (!database->PassesQuickCheck()) {
-            Throw(Fault::kDamaged, DatabasePath());
+    if (look == sqlite::FileLook::Suspect || QFile::exists(suspicion)) {
+        if (!m_database->PassesQuickCheck()) {
+            Throw(Fault::Damaged, DatabasePath());
         }
         QFile::remove(suspicion);
     }
-    Migrate(*database);
-    database->SetFaultWatch([suspicion](Fault fault) {
-        if (fault == Fault::kDamaged) {
+    Migrate(*m_database);
+    m_database->SetFaultWatch([suspicion](Fault fault) {
+        if (fault == Fault::Damaged) {
             QFile(suspicion).open(QIODevice::WriteOnly);
         }
     });
@@ -122,8 +122,8 @@ std::optional<OpenFault> DataFolder::Open(const Options& options) {
         // is.
         OpenDatabase(options.busyTimeoutMs);
         MakeFolders();
-        store = std::make_unique<FileStore>(StorePath(), BinPath());
-        store->SetTold([this](const QString& text) { Tell(text); });
+        m_store = std::make_unique<FileStore>(StorePath(), BinPath());
+        m_store->SetTold([this](const QString& text) { Tell(text); });
         if (options.cleanUp) {
             CleanUp();
         }
@@ -135,34 +135,34 @@ std::optional<OpenFault> DataFolder::Open(const Options& options) {
 }
 
 void DataFolder::Close() {
-    store.reset();
-    database.reset();
-    untold.clear();
+    m_store.reset();
+    m_database.reset();
+    m_untold.clear();
 }
 
 void DataFolder::SetTold(Told listener) {
-    told = std::move(listener);
-    if (told) {
-        for (const QString& text : std::exchange(untold, {})) {
-            told(text);
+    m_told = std::move(listener);
+    if (m_told) {
+        for (const QString& text : std::exchange(m_untold, {})) {
+            m_told(text);
         }
     }
 }
 
 void DataFolder::Tell(const QString& text) {
-    if (told) {
-        told(text);
+    if (m_told) {
+        m_told(text);
     } else {
-        untold.append(text);
+        m_untold.append(text);
     }
 }
 
 void DataFolder::CleanUp() {
-    SetAside aside(root, QDate::currentDate().toString(Qt::ISODate));
+    SetAside aside(m_root, QDate::currentDate().toString(Qt::ISODate));
     // One statement, so one state of the data: a restore between two could hide the file from both.
-    store->CleanUp(
+    m_store->CleanUp(
         [this](const QString& uuid) {
-            return database
+            return m_database
                 ->Value(u"SELECT 1 FROM (SELECT uuid FROM file UNION ALL"
                         " SELECT uuid FROM bin_file) WHERE uuid = ?"_s,
                         {uuid})
@@ -170,16 +170,16 @@ void DataFolder::CleanUp() {
         },
         aside);
     try {
-        Bin bin(*database, *store);
+        Bin bin(*m_database, *m_store);
         bin.Reconcile(aside);
         bin.PurgeOld(QDateTime::currentSecsSinceEpoch());
     } catch (const DataError& error) {
         // Who writes for so long does nothing that can't wait for the next opening.
-        if (error.GetFault() != Fault::kLocked) {
+        if (error.GetFault() != Fault::Locked) {
             throw;
         }
     }
-    RemoveLeftovers(root + u'/' + place::kCache);
+    RemoveLeftovers(m_root + u'/' + place::kCache);
     if (!aside.Story().isEmpty()) {
         Tell(aside.Story());
     }

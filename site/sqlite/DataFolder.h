@@ -34,7 +34,7 @@ public:
     [[nodiscard]] std::optional<OpenFault> Open(const Options& options);
     [[nodiscard]] std::optional<OpenFault> Open() { return Open(Options{}); }
     void Close();
-    [[nodiscard]] bool IsOpen() const { return database != nullptr; }
+    [[nodiscard]] bool IsOpen() const { return m_database != nullptr; }
 
     using Told = std::function<void(const QString&)>;
     /// Is told, in Chinese, what a person should know of the folder; at once what was to tell
@@ -42,7 +42,7 @@ public:
     void SetTold(Told listener);
     void Tell(const QString& text);
 
-    [[nodiscard]] QString Path() const { return root; }
+    [[nodiscard]] QString Path() const { return m_root; }
     [[nodiscard]] QString DatabasePath() const;
     [[nodiscard]] QString StorePath() const;
     [[nodiscard]] QString BinPath() const;
@@ -50,8 +50,8 @@ public:
     [[nodiscard]] QString LogPath() const;
 
     /// Only while open.
-    [[nodiscard]] Database& Db() const { return *database; }
-    [[nodiscard]] FileStore& Store() const { return *store; }
+    [[nodiscard]] Database& Db() const { return *m_database; }
+    [[nodiscard]] FileStore& Store() const { return *m_store; }
 
 private:
     void Look() const;
@@ -59,11 +59,11 @@ private:
     void OpenDatabase(int busyTimeoutMs);
     void CleanUp();
 
-    QString root;
-    Told told;
-    QStringList untold;
-    std::unique_ptr<Database> database;
-    std::unique_ptr<FileStore> store;
+    QString m_root;
+    Told m_told;
+    QStringList m_untold;
+    std::unique_ptr<Database> m_database;
+    std::unique_ptr<FileStore> m_store;
 };
 
 } // namespace site

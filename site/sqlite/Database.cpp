@@ -32,31 +32,31 @@ private:
 } // namespace
 
 Database::Database(const QString& path, int busyTimeoutMs)
-    : name(NextConnectionName()), patience(busyTimeoutMs) {
-    connection = QSqlDatabase::addDatabase(u"QSQLITE"_s, name);
-    connection.setDatabaseName(path);
-    connection.setConnectOptions(u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyTimeoutMs));
+    : m_name(NextConnectionName()), m_patience(busyTimeoutMs) {
+    m_connection = QSqlDatabase::addDatabase(u"QSQLITE"_s, m_name);
+    m_connection.setDatabaseName(path);
+    m_connection.setConnectOptions(u"QSQLITE_BUSY_TIMEOUT=%1"_s.arg(busyTimeoutMs));
     try {
-        if (!connection.open()) {
-            const Fault fault = sqlite::FaultOf(connection.lastError());
+        if (!m_connection.open()) {
+            const Fault fault = sqlite::FaultOf(m_connection.lastError());
             throw DataError(fault, FaultText(fault, u"打开数据库"_s),
-                            connection.lastError().text());
+                            m_connection.lastError().text());
         }
-        sqlite::Configure(connection);
-        sqlite::AddFunctions(connection, &slot);
-        sqlite::Obey(connection, &patience);
+        sqlite::Configure(m_connection);
+        sqlite::AddFunctions(m_connection, &m_slot);
+        sqlite::Obey(m_connection, &m_patience);
     } catch (...) {
-        connection = QSqlDatabase();
-        QSqlDatabase::removeDatabase(name);
+        m_connection = QSqlDatabase();
+        QSqlDatabase::removeDatabase(m_name);
         throw;
     }
 }
 
 Database::~Database() {
-    prepared.clear();
-    connection.close();
-    connection = QSqlDatabase();
-    QSqlDatabase::removeDatabase(name);
+    m_prepared.clear();
+    m_connection.close();
+    m_connection = QSqlDatabase();
+    QSqlDatabase::removeDatabase(m_name);
 }
 
 int Database::Exec(const QString& sql, const QVariantList& values) {
@@ -87,68 +87,68 @@ void Database::ForEach(const QString& sql, const QVariantList& values,
 }
 
 void Database::Scan(const QString& sql, const QVariantList& values, const sqlite::TakeRow& take) {
-    const QSqlError error = sqlite::Scan(connection, sql, values, take);
+    const QSqlError error = sqlite::Scan(m_connection, sql, values, take);
     if (error.isValid()) {
         Fail(error, sql);
     }
 }
 
 Stamp Database::ChangeStamp() {
-    return {Value(sqlite::DataVersionSql()).toLongLong(), sqlite::TotalChanges(connection)};
+    return {Value(sqlite::DataVersionSql()).toLongLong(), sqlite::TotalChanges(m_connection)};
 }
 
 std::shared_ptr<Database::Prepared> Database::Take(const QString& sql) {
-    const auto found = prepared.find(sql);
-    if (found != prepared.end() && !found->second->inUse) {
+    const auto found = m_prepared.find(sql);
+    if (found != m_prepared.end() && !found->second->inUse) {
         found->second->inUse = true;
         return found->second;
     }
     auto entry = std::make_shared<Prepared>();
-    entry->query = QSqlQuery(connection);
+    entry->query = QSqlQuery(m_connection);
     entry->query.setForwardOnly(true);
     entry->inUse = true;
     if (!entry->query.prepare(sql)) {
         Fail(entry->query.lastError(), sql);
     }
-    if (found == prepared.end()) {
-        prepared.emplace(sql, entry);
-        preparedOrder.push_back(sql);
-        if (preparedOrder.size() > kPreparedLimit) {
-            prepared.erase(preparedOrder.front());
-            preparedOrder.pop_front();
+    if (found == m_prepared.end()) {
+        m_prepared.emplace(sql, entry);
+        m_preparedOrder.push_back(sql);
+        if (m_preparedOrder.size() > kPreparedLimit) {
+            m_prepared.erase(m_preparedOrder.front());
+            m_preparedOrder.pop_front();
         }
     }
     return entry;
 }
 
 void Database::Fail(const QSqlError& error, const QString& sql) const {
-    const bool isEnded = patience.IsOver() && sqlite::MayBeEndedEarly(error);
-    const Fault fault = isEnded ? patience.Reason() : sqlite::FaultOf(error);
-    if (faultWatch) {
-        faultWatch(fault);
+    const bool isEnded = m_patience.IsOver() && sqlite::MayBeEndedEarly(error);
+    const Fault fault = isEnded ? m_patience.Reason() : sqlite::FaultOf(error);
+    if (m_faultWatch) {
+        m_faultWatch(fault);
     }
     throw DataError(fault, FaultText(fault, {}), error.text() + u" | "_s + sql.left(400));
 }
 
 // Transactions are short texts that must not take a place among the prepared ones.
 void Database::Plain(const QString& sql) {
-    QSqlQuery query(connection);
+    QSqlQuery query(m_connection);
     if (!query.exec(sql)) {
         Fail(query.lastError(), sql);
     }
 }
 
 Statement::Statement(Database& owner, const QString& text)
-    : database(owner), sql(text), entry(owner.Take(text)) {
-    if (database.depth == 0) {
-        database.patience.Begin();
+    : m_database(owner), m_sql(text), m_entry(owner.Take(text)) {
+    if (m_database.m_depth == 0) {
+        m_database.m_patience.Begin();
     }
 }
 
 Statement::~Statement() {
     // Otherwise the statement would hold its read lock and keep the log from being emptied.
-    entry->query.finish();
-    entry->inUse = false;
+    m_entry->query.finish();
+    m_entry->inUse = false;
 }
 
 void Statement::Run(const QVariantList& values) {
@@ -156,79 +156,79 @@ void Statement::Run(const QVariantList& values) {
         // A null text is an empty one; only an invalid value is NULL.
         const bool nullText =
             values[i].typeId() == QMetaType::QString && values[i].toString().isNull();
-        entry->query.bindValue(static_cast<int>(i), nullText ? QVariant(u""_s) : values[i]);
+        m_entry->query.bindValue(static_cast<int>(i), nullText ? QVariant(u""_s) : values[i]);
     }
-    if (!entry->query.exec()) {
-        database.Fail(entry->query.lastError(), sql);
+    if (!m_entry->query.exec()) {
+        m_database.Fail(m_entry->query.lastError(), m_sql);
     }
 }
 
 bool Statement::Next() {
-    if (entry->query.next()) {
+    if (m_entry->query.next()) {
         return true;
     }
-    if (entry->query.lastError().isValid()) {
-        database.Fail(entry->query.lastError(), sql);
+    if (m_entry->query.lastError().isValid()) {
+        m_database.Fail(m_entry->query.lastError(), m_sql);
     }
     return false;
 }
 
 qint64 Statement::Int64(int column) const {
-    return entry->query.value(column).toLongLong();
+    return m_entry->query.value(column).toLongLong();
 }
 
 QString Statement::Text(int column) const {
-    return entry->query.value(column).toString();
+    return m_entry->query.value(column).toString();
 }
 
-Transaction::Transaction(Database& owner) : database(owner) {
-    if (database.depth == 0) {
+Transaction::Transaction(Database& owner) : m_database(owner) {
+    if (m_database.m_depth == 0) {
         // Taking the write lock at once lets the busy timeout work; an upgrade later could not
         // wait.
-        database.patience.Begin();
-        database.Plain(u"BEGIN IMMEDIATE"_s);
-        database.doomed = false;
+        m_database.m_patience.Begin();
+        m_database.Plain(u"BEGIN IMMEDIATE"_s);
+        m_database.m_doomed = false;
     }
-    ++database.depth;
+    ++m_database.m_depth;
 }
 
 Transaction::~Transaction() {
-    if (!open) {
+    if (!m_open) {
         return;
     }
-    --database.depth;
-    database.doomed = true;
-    if (database.depth == 0) {
-        const Ending ending(database.patience);
-        QSqlQuery(database.connection).exec(u"ROLLBACK"_s);
+    --m_database.m_depth;
+    m_database.m_doomed = true;
+    if (m_database.m_depth == 0) {
+        const Ending ending(m_database.m_patience);
+        QSqlQuery(m_database.m_connection).exec(u"ROLLBACK"_s);
     }
 }
 
 void Transaction::Commit() {
-    if (database.depth == 1) {
-        if (database.doomed) {
-            throw DataError(Fault::kOther, FaultText(Fault::kOther, {}), u"part undone"_s);
+    if (m_database.m_depth == 1) {
+        if (m_database.m_doomed) {
+            throw DataError(Fault::Other, FaultText(Fault::Other, {}), u"part undone"_s);
         }
-        const Ending ending(database.patience);
-        database.Plain(u"COMMIT"_s);
+        const Ending ending(m_database.m_patience);
+        m_database.Plain(u"COMMIT"_s);
     }
-    open = false;
-    --database.depth;
+    m_open = false;
+    --m_database.m_depth;
 }
 
-ReadScope::ReadScope(Database& owner) : database(owner), own(owner.depth == 0) {
-    if (own) {
-        database.patience.Begin();
-        database.Plain(u"BEGIN"_s);
-        ++database.depth;
+ReadScope::ReadScope(Database& owner) : m_database(owner), m_own(owner.m_depth == 0) {
+    if (m_own) {
+        m_database.m_patience.Begin();
+        m_database.Plain(u"BEGIN"_s);
+        ++m_database.m_depth;
     }
 }
 
 ReadScope::~ReadScope() {
-    if (own) {
-        --database.depth;
-        const Ending ending(database.patience);
-        QSqlQuery(database.connection).exec(u"COMMIT"_s);
+    if (m_own) {
+        --m_database.m_depth;
+        const Ending ending(m_database.m_patience);
+        QSqlQuery(m_database.m_connection).exec(u"COMMIT"_s);
     }
 }
 

@@ -44,12 +44,12 @@ public:
     [[nodiscard]] Stamp ChangeStamp();
 
     /// How long its statements may go on.
-    [[nodiscard]] Patience& Patient() { return patience; }
+    [[nodiscard]] Patience& Patient() { return m_patience; }
     /// See Sqlite.h.
-    [[nodiscard]] sqlite::HitSlot& Hits() { return slot; }
-    [[nodiscard]] bool PassesQuickCheck() { return sqlite::PassesQuickCheck(connection); }
+    [[nodiscard]] sqlite::HitSlot& Hits() { return m_slot; }
+    [[nodiscard]] bool PassesQuickCheck() { return sqlite::PassesQuickCheck(m_connection); }
     /// Called with each fault of a statement before it is thrown.
-    void SetFaultWatch(std::function<void(Fault)> watch) { faultWatch = std::move(watch); }
+    void SetFaultWatch(std::function<void(Fault)> watch) { m_faultWatch = std::move(watch); }
 
 private:
     friend class Statement;
@@ -64,15 +64,15 @@ private:
     [[noreturn]] void Fail(const QSqlError& error, const QString& sql) const;
     void Plain(const QString& sql);
 
-    QString name;
-    Patience patience; ///< outlives the connection
-    QSqlDatabase connection;
-    sqlite::HitSlot slot;
-    std::unordered_map<QString, std::shared_ptr<Prepared>> prepared;
-    std::list<QString> preparedOrder;
-    std::function<void(Fault)> faultWatch;
-    int depth = 0; ///< open transactions inside each other
-    bool doomed = false;
+    QString m_name;
+    Patience m_patience; ///< outlives the connection
+    QSqlDatabase m_connection;
+    sqlite::HitSlot m_slot;
+    std::unordered_map<QString, std::shared_ptr<Prepared>> m_prepared;
+    std::list<QString> m_preparedOrder;
+    std::function<void(Fault)> m_faultWatch;
+    int m_depth = 0; ///< open transactions inside each other
+    bool m_doomed = false;
 };
 
 /// One run of a prepared statement; gives it back, reset, at the end of its life.
@@ -88,12 +88,12 @@ public:
     [[nodiscard]] qint64 Int64(int column) const;
     [[nodiscard]] qint32 Int(int column) const { return static_cast<qint32>(Int64(column)); }
     [[nodiscard]] QString Text(int column) const;
-    [[nodiscard]] const QSqlQuery& Query() const { return entry->query; }
+    [[nodiscard]] const QSqlQuery& Query() const { return m_entry->query; }
 
 private:
-    Database& database;
-    QString sql;
-    std::shared_ptr<Database::Prepared> entry;
+    Database& m_database;
+    QString m_sql;
+    std::shared_ptr<Database::Prepared> m_entry;
 };
 
 /// A change: all of it or nothing. One inside another joins it. Without Commit it is undone.
@@ -107,8 +107,8 @@ public:
     void Commit();
 
 private:
-    Database& database;
-    bool open = true;
+    Database& m_database;
+    bool m_open = true;
 };
 
 /// Several reads of one state of the data.
@@ -120,8 +120,8 @@ public:
     ReadScope& operator=(const ReadScope&) = delete;
 
 private:
-    Database& database;
-    bool own;
+    Database& m_database;
+    bool m_own;
 };
 
 } // namespace site

@@ -10,12 +10,13 @@ namespace site {
 /// Ids from `base` on; those below it are never members. Thread: one at a time.
 class HitSet final {
 public:
-    explicit HitSet(qint64 baseId = 0) : base(baseId) {}
+    explicit HitSet(qint64 baseId = 0) : m_base(baseId) {}
 
     void Add(qint64 id);
     [[nodiscard]] bool Has(qint64 id) const {
-        const auto bit = static_cast<quint64>(id - base);
-        return id >= base && bit / 64 < words.size() && ((words[bit / 64] >> (bit % 64)) & 1u) != 0;
+        const auto bit = static_cast<quint64>(id - m_base);
+        return id >= m_base && bit / 64 < m_words.size() &&
+               ((m_words[bit / 64] >> (bit % 64)) & 1u) != 0;
     }
     [[nodiscard]] qint64 Count() const;
     /// Keeps what both hold; the bases must be equal.
@@ -24,8 +25,8 @@ public:
     [[nodiscard]] std::vector<qint64> Ids() const;
 
 private:
-    qint64 base;
-    std::vector<quint64> words;
+    qint64 m_base;
+    std::vector<quint64> m_words;
 };
 
 } // namespace site

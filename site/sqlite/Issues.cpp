@@ -52,14 +52,14 @@ void ReadVoice(const QString& uuid, Database& database, QString& voiceUuid, QStr
 } // namespace
 
 Page<KX_DATA::IssueRow> Issues::PageOf(const ListFilter& filter, const PageAsked& asked) {
-    const ReadScope snapshot(database);
-    const ListPage page = lists.Fetch(ListKind::kIssues, filter, asked);
+    const ReadScope snapshot(m_database);
+    const ListPage page = m_lists.Fetch(ListKind::Issues, filter, asked);
     return {page.total, Rows(page.ids)};
 }
 
 std::vector<KX_DATA::IssueRow> Issues::Rows(const std::vector<qint64>& ids) {
     std::unordered_map<qint64, KX_DATA::IssueRow> found;
-    ForEachOfIds(database, IssueRowSql(), ids,
+    ForEachOfIds(m_database, IssueRowSql(), ids,
                  [&](const Statement& read) { found.emplace(read.Int64(0), IssueRowOf(read)); });
     std::vector<KX_DATA::IssueRow> rows;
     rows.reserve(ids.size());
@@ -73,39 +73,39 @@ std::vector<KX_DATA::IssueRow> Issues::Rows(const std::vector<qint64>& ids) {
 }
 
 bool Issues::Detail(qint32 ppid, const QString& questionId, KX_DATA::QuestionDetail& detail) {
-    const ReadScope snapshot(database);
+    const ReadScope snapshot(m_database);
     bool found = false;
     QString voice;
-    database.ForEach(u"SELECT component_name, created, creator, description, floor,"
-                     " component_handle, mark_id, modified, updater, qr_code, theme, status,"
-                     " component_sub_name, voice_uuid FROM issue WHERE question_id = ?"
-                     " AND ppid = ?"_s,
-                     {questionId, ppid}, [&](const Statement& read) {
-                         found = true;
-                         detail.componentName = read.Text(0);
-                         detail.createTime = read.Int64(1);
-                         detail.creatorName = read.Text(2);
-                         detail.description = read.Text(3);
-                         detail.floor = read.Text(4);
-                         detail.componentHandle = read.Text(5);
-                         detail.markId = read.Int(6);
-                         detail.updateTime = read.Int64(7);
-                         detail.updaterName = read.Text(8);
-                         detail.qrCode = read.Text(9);
-                         detail.questionName = read.Text(10);
-                         detail.status = read.Int(11);
-                         detail.componentSubName = read.Text(12);
-                         voice = read.Text(13);
-                     });
+    m_database.ForEach(u"SELECT component_name, created, creator, description, floor,"
+                       " component_handle, mark_id, modified, updater, qr_code, theme, status,"
+                       " component_sub_name, voice_uuid FROM issue WHERE question_id = ?"
+                       " AND ppid = ?"_s,
+                       {questionId, ppid}, [&](const Statement& read) {
+                           found = true;
+                           detail.componentName = read.Text(0);
+                           detail.createTime = read.Int64(1);
+                           detail.creatorName = read.Text(2);
+                           detail.description = read.Text(3);
+                           detail.floor = read.Text(4);
+                           detail.componentHandle = read.Text(5);
+                           detail.markId = read.Int(6);
+                           detail.updateTime = read.Int64(7);
+                           detail.updaterName = read.Text(8);
+                           detail.qrCode = read.Text(9);
+                           detail.questionName = read.Text(10);
+                           detail.status = read.Int(11);
+                           detail.componentSubName = read.Text(12);
+                           voice = read.Text(13);
+                       });
     if (found) {
-        ReadVoice(voice, database, detail.voiceUuid, detail.voiceMd5, detail.voiceState);
+        ReadVoice(voice, m_database, detail.voiceUuid, detail.voiceMd5, detail.voiceState);
     }
     return found;
 }
 
 bool Issues::Pics(qint32 ppid, const QString& questionId,
                   std::vector<KX_DATA::QuestionPicRecord>& pics) {
-    const QVariant issueId = database.Value(
+    const QVariant issueId = m_database.Value(
         u"SELECT id FROM issue WHERE question_id = ? AND ppid = ?"_s, {questionId, ppid});
     if (!issueId.isValid()) {
         return false;
@@ -117,7 +117,7 @@ bool Issues::Pics(qint32 ppid, const QString& questionId,
 void Issues::AddPics(qint64 issueId, bool rectification,
                      std::vector<KX_DATA::QuestionPicRecord>& pics) {
     pics.clear();
-    database.ForEach(
+    m_database.ForEach(
         u"SELECT p.pic_id, p.name, p.uploader, p.uploaded, p.file_uuid, f.md5, f.size,"
         " p.thumb_uuid, t.md5, t.size FROM issue_pic p LEFT JOIN file f ON f.uuid = p.file_uuid"
         " LEFT JOIN file t ON t.uuid = p.thumb_uuid WHERE p.issue_id = ?"
@@ -140,38 +140,40 @@ void Issues::AddPics(qint64 issueId, bool rectification,
 
 bool Issues::Rectification(const Projects& projects, const QString& questionId,
                            KX_DATA::RectifyRecord& record) {
-    const ReadScope snapshot(database);
+    const ReadScope snapshot(m_database);
     bool found = false;
     qint64 issueId = 0;
     QString voice;
-    database.ForEach(u"SELECT i.id, i.state, r.text, r.rectifier, r.voice_uuid, i.ppid FROM issue i"
-                     " LEFT JOIN rectification r ON r.issue_id = i.id WHERE i.question_id = ?"_s,
-                     {questionId}, [&](const Statement& read) {
-                         if (!Has(projects, read.Int(5))) {
-                             return;
-                         }
-                         found = true;
-                         issueId = read.Int64(0);
-                         record = {};
-                         record.questionId = questionId;
-                         record.state = read.Int(1);
-                         record.rectifyText = read.Text(2);
-                         record.rectifierName = read.Text(3);
-                         voice = read.Text(4);
-                     });
+    m_database.ForEach(
+        u"SELECT i.id, i.state, r.text, r.rectifier, r.voice_uuid, i.ppid FROM issue i"
+        " LEFT JOIN rectification r ON r.issue_id = i.id WHERE i.question_id = ?"_s,
+        {questionId}, [&](const Statement& read) {
+            if (!Has(projects, read.Int(5))) {
+                return;
+            }
+            found = true;
+            issueId = read.Int64(0);
+            record = {};
+            record.questionId = questionId;
+            record.state = read.Int(1);
+            record.rectifyText = read.Text(2);
+            record.rectifierName = read.Text(3);
+            voice = read.Text(4);
+        });
     if (found) {
         AddPics(issueId, true, record.pics);
-        ReadVoice(voice, database, record.voiceUuid, record.voiceMd5, record.voiceState);
+        ReadVoice(voice, m_database, record.voiceUuid, record.voiceMd5, record.voiceState);
     }
     return found;
 }
 
 int Issues::SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status) {
     int count = 0;
-    Transaction transaction(database);
+    Transaction transaction(m_database);
     for (const QString& questionId : questionIds) {
-        count += database.Exec(u"UPDATE issue SET status = ? WHERE question_id = ? AND ppid = ?"_s,
-                               {status, questionId, ppid});
+        count +=
+            m_database.Exec(u"UPDATE issue SET status = ? WHERE question_id = ? AND ppid = ?"_s,
+                            {status, questionId, ppid});
     }
     transaction.Commit();
     return count;
@@ -179,9 +181,9 @@ int Issues::SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint
 
 std::vector<qint32> Issues::UsedMarks() {
     std::vector<qint32> marks;
-    database.ForEach(u"SELECT DISTINCT t.mark_id FROM issue_tally t JOIN mark m"
-                     " ON m.id = t.mark_id WHERE t.n > 0 ORDER BY t.mark_id"_s,
-                     {}, [&](const Statement& read) { marks.push_back(read.Int(0)); });
+    m_database.ForEach(u"SELECT DISTINCT t.mark_id FROM issue_tally t JOIN mark m"
+                       " ON m.id = t.mark_id WHERE t.n > 0 ORDER BY t.mark_id"_s,
+                       {}, [&](const Statement& read) { marks.push_back(read.Int(0)); });
     return marks;
 }
 

@@ -10,7 +10,7 @@ class ListQuery;
 
 class Issues final : public IIssues {
 public:
-    Issues(Database& owner, ListQuery& pages) : database(owner), lists(pages) {}
+    Issues(Database& owner, ListQuery& pages) : m_database(owner), m_lists(pages) {}
 
     [[nodiscard]] Page<KX_DATA::IssueRow> PageOf(const ListFilter& filter,
                                                  const PageAsked& asked) override;
@@ -27,8 +27,8 @@ private:
     [[nodiscard]] std::vector<KX_DATA::IssueRow> Rows(const std::vector<qint64>& ids);
     void AddPics(qint64 issueId, bool rectification, std::vector<KX_DATA::QuestionPicRecord>& pics);
 
-    Database& database;
-    ListQuery& lists;
+    Database& m_database;
+    ListQuery& m_lists;
 };
 
 } // namespace site

@@ -16,17 +16,17 @@ constexpr size_t kKeptHits = 8;
 // The set that add_hit() fills for as long as this object lives.
 class HitTarget {
 public:
-    HitTarget(Database& owner, HitSet& set) : database(owner) { database.Hits().hits = &set; }
-    ~HitTarget() { database.Hits().hits = nullptr; }
+    HitTarget(Database& owner, HitSet& set) : m_database(owner) { m_database.Hits().hits = &set; }
+    ~HitTarget() { m_database.Hits().hits = nullptr; }
     HitTarget(const HitTarget&) = delete;
     HitTarget& operator=(const HitTarget&) = delete;
 
 private:
-    Database& database;
+    Database& m_database;
 };
 
 QString LabelSql(const ListShape& shape) {
-    return shape.kind == ListKind::kBimPhotos
+    return shape.kind == ListKind::BimPhotos
                ? u"SELECT count(add_hit(photo_id)) FROM bim_label WHERE label_id = ? AND ppid = ?"_s
                : u"SELECT count(add_hit(p.id)) FROM checkpoint_label c CROSS JOIN pdf_photo p"
                  " ON p.checkpoint_id = c.checkpoint_id WHERE c.label_id = ? AND p.ppid = ?"_s;
@@ -44,12 +44,12 @@ std::shared_ptr<ListHits::Hits> ListHits::Of(const ListShape& shape, const ListF
     part.keyword = filter.keyword;
     part.labelId = filter.labelId;
     const QString key = KeyOf(shape.kind, part);
-    const auto found = std::find_if(kept.begin(), kept.end(), [&](const Kept& entry) {
+    const auto found = std::find_if(m_kept.begin(), m_kept.end(), [&](const Kept& entry) {
         return entry.key == key && entry.stamp == stamp;
     });
-    if (found != kept.end()) {
-        kept.splice(kept.begin(), kept, found);
-        return kept.front().hits;
+    if (found != m_kept.end()) {
+        m_kept.splice(m_kept.begin(), m_kept, found);
+        return m_kept.front().hits;
     }
     auto hits = std::make_shared<Hits>(Hits{HitSet(shape.firstId), 0});
     if (!part.keyword.isEmpty()) {
@@ -65,28 +65,28 @@ std::shared_ptr<ListHits::Hits> ListHits::Of(const ListShape& shape, const ListF
         }
     }
     hits->count = hits->set.Count();
-    kept.remove_if([&](const Kept& entry) { return entry.key == key || entry.stamp != stamp; });
-    kept.push_front({key, stamp, hits});
-    if (kept.size() > kKeptHits) {
-        kept.pop_back();
+    m_kept.remove_if([&](const Kept& entry) { return entry.key == key || entry.stamp != stamp; });
+    m_kept.push_front({key, stamp, hits});
+    if (m_kept.size() > kKeptHits) {
+        m_kept.pop_back();
     }
     return hits;
 }
 
 void ListHits::AddKeyword(const ListShape& shape, const ListFilter& filter, HitSet& set) {
-    const HitTarget target(database, set);
+    const HitTarget target(m_database, set);
     const QString sql = u"SELECT count(add_hit(rowid & 4294967295)) FROM %1 WHERE %1 MATCH ?"
                         " AND rowid BETWEEN ? AND ?"_s.arg(shape.searchTable);
     for (const qint32 ppid : filter.ppids) {
-        (void)database.Value(sql, {SearchPhrase(filter.keyword), SearchRowId(ppid, 0),
-                                   SearchRowId(ppid, 0xffffffffLL)});
+        (void)m_database.Value(sql, {SearchPhrase(filter.keyword), SearchRowId(ppid, 0),
+                                     SearchRowId(ppid, 0xffffffffLL)});
     }
 }
 
 void ListHits::AddLabel(const ListShape& shape, const ListFilter& filter, HitSet& set) {
-    const HitTarget target(database, set);
+    const HitTarget target(m_database, set);
     for (const qint32 ppid : filter.ppids) {
-        (void)database.Value(LabelSql(shape), {*filter.labelId, ppid});
+        (void)m_database.Value(LabelSql(shape), {*filter.labelId, ppid});
     }
 }
 

@@ -14,7 +14,7 @@ namespace site {
 /// Thread: the database's.
 class ListHits final {
 public:
-    explicit ListHits(Database& owner) : database(owner) {}
+    explicit ListHits(Database& owner) : m_database(owner) {}
 
     struct Hits {
         HitSet set;
@@ -33,8 +33,8 @@ private:
     void AddKeyword(const ListShape& shape, const ListFilter& filter, HitSet& set);
     void AddLabel(const ListShape& shape, const ListFilter& filter, HitSet& set);
 
-    Database& database;
-    std::list<Kept> kept; ///< latest first
+    Database& m_database;
+    std::list<Kept> m_kept; ///< latest first
 };
 
 } // namespace site

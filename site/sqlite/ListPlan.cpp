@@ -31,7 +31,7 @@ PagePlan ChoosePlan(const PlanFacts& facts, const PageSpan& span) {
     constexpr double kSort = 0.3;
     constexpr double kClusterShare = 0.5;
     if (facts.total == 0) {
-        return PagePlan::kWalk;
+        return PagePlan::Walk;
     }
     const auto wanted = static_cast<double>(span.offset + span.count);
     const auto total = static_cast<double>(facts.total);
@@ -46,7 +46,7 @@ PagePlan ChoosePlan(const PlanFacts& facts, const PageSpan& span) {
     const double gathered = static_cast<double>(facts.sourceRows) * kGather +
                             total * (facts.keyInSource ? kReadIndex : kReadRow) +
                             std::min(total, wanted) * kSort;
-    return looked * look + merged <= gathered ? PagePlan::kWalk : PagePlan::kSort;
+    return looked * look + merged <= gathered ? PagePlan::Walk : PagePlan::Sort;
 }
 
 } // namespace site

@@ -27,8 +27,8 @@ struct PlanFacts {
 };
 
 enum class PagePlan {
-    kWalk, ///< along the sort index until the page is full
-    kSort, ///< gather all matching rows, sort them
+    Walk, ///< along the sort index until the page is full
+    Sort, ///< gather all matching rows, sort them
 };
 
 [[nodiscard]] PagePlan ChoosePlan(const PlanFacts& facts, const PageSpan& span);

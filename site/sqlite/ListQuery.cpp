@@ -50,15 +50,15 @@ bool IsKeyInEveryIndex(const SortShape& sort) {
 // in_hits() reads this set for as long as the object lives.
 class HitSource {
 public:
-    HitSource(Database& owner, const std::shared_ptr<ListHits::Hits>& hits) : database(owner) {
-        database.Hits().hits = hits ? &hits->set : nullptr;
+    HitSource(Database& owner, const std::shared_ptr<ListHits::Hits>& hits) : m_database(owner) {
+        m_database.Hits().hits = hits ? &hits->set : nullptr;
     }
-    ~HitSource() { database.Hits().hits = nullptr; }
+    ~HitSource() { m_database.Hits().hits = nullptr; }
     HitSource(const HitSource&) = delete;
     HitSource& operator=(const HitSource&) = delete;
 
 private:
-    Database& database;
+    Database& m_database;
 };
 
 } // namespace
@@ -69,20 +69,20 @@ ListPage ListQuery::Fetch(ListKind kind, ListFilter filter, const PageAsked& ask
     if (filter.ppids.empty() || filter.nothing) {
         return result;
     }
-    const ReadScope scope(database);
-    const Stamp now = database.ChangeStamp();
-    if (now != stamp || totals.size() > kKeptTotals) {
-        totals.clear();
-        stamp = now;
+    const ReadScope scope(m_database);
+    const Stamp now = m_database.ChangeStamp();
+    if (now != m_stamp || m_totals.size() > kKeptTotals) {
+        m_totals.clear();
+        m_stamp = now;
     }
     const ListShape& shape = ShapeOf(kind);
     const Search search{shape,
                         filter,
                         SortOf(shape, asked.order.field),
                         asked.order.descending,
-                        listHits.Of(shape, filter, stamp),
+                        m_listHits.Of(shape, filter, m_stamp),
                         FixedOf(filter)};
-    const HitSource hits(database, search.hits);
+    const HitSource hits(m_database, search.hits);
     result.total = TotalOf(search);
     const PageSpan span = SpanOf(result.total, asked.page, asked.pageSize);
     if (span.count > 0) {
@@ -103,14 +103,14 @@ std::vector<qint64> ListQuery::Ids(const Search& search, qint64 total, const Pag
     facts.projects = static_cast<int>(search.filter.ppids.size());
     const bool canSort = !source.column.isEmpty();
     const bool backwards = search.descending != span.fromEnd;
-    Part sql = canSort && ChoosePlan(facts, span) == PagePlan::kSort
+    Part sql = canSort && ChoosePlan(facts, span) == PagePlan::Sort
                    ? SortSql(search, source, backwards)
                    : WalkSql(search, backwards);
     sql.text += u" LIMIT ? OFFSET ?"_s;
     sql.values << span.count << span.offset;
     std::vector<qint64> ids;
-    database.ForEach(sql.text, sql.values,
-                     [&](const Statement& row) { ids.push_back(row.Int64(0)); });
+    m_database.ForEach(sql.text, sql.values,
+                       [&](const Statement& row) { ids.push_back(row.Int64(0)); });
     if (span.fromEnd) {
         std::reverse(ids.begin(), ids.end());
     }
@@ -119,12 +119,12 @@ std::vector<qint64> ListQuery::Ids(const Search& search, qint64 total, const Pag
 
 qint64 ListQuery::TotalOf(const Search& search) {
     const QString key = KeyOf(search.shape.kind, search.filter);
-    const auto found = totals.constFind(key);
-    if (found != totals.cend()) {
+    const auto found = m_totals.constFind(key);
+    if (found != m_totals.cend()) {
         return *found;
     }
     const qint64 total = CountRows(search);
-    totals.insert(key, total);
+    m_totals.insert(key, total);
     return total;
 }
 
@@ -151,7 +151,7 @@ qint64 ListQuery::CountRows(const Search& search) {
         from = HitRows(search, true);
         values << IdList(search.hits->set.Ids());
     }
-    return database
+    return m_database
         .Value(u"SELECT count(*) FROM %1 WHERE ppid IN (%2)%3"_s.arg(
                    from, Marks(filter.ppids.size()), conditions.text),
                values + Values(filter.ppids) + conditions.values)
@@ -179,7 +179,7 @@ qint64 ListQuery::CountOutside(const Search& search, const Source& source) {
     qint64 count = 0;
     for (const auto& [sign, limit] : {std::pair{u"<"_s, low}, std::pair{u">"_s, high}}) {
         count +=
-            database
+            m_database
                 .Value(u"SELECT count(*) FROM %1%2 WHERE ppid IN (%3) AND %4 %5 ?"
                        " AND in_hits(id)"_s.arg(search.shape.table, sqlite::UseIndex(source.index),
                                                 Marks(filter.ppids.size()), source.column, sign),
@@ -201,7 +201,7 @@ qint64 ListQuery::Tally(const ListShape& shape, const ListFilter& filter, bool m
         sql += u" AND state = ?"_s;
         values << *filter.state;
     }
-    return database.Value(sql, values).toLongLong();
+    return m_database.Value(sql, values).toLongLong();
 }
 
 qint64 ListQuery::CountModified(const ListShape& shape, const ListFilter& filter) {
@@ -209,19 +209,19 @@ qint64 ListQuery::CountModified(const ListShape& shape, const ListFilter& filter
     part.ppids = filter.ppids;
     part.modified = filter.modified;
     const QString key = KeyOf(shape.kind, part);
-    const auto found = totals.constFind(key);
-    if (found != totals.cend()) {
+    const auto found = m_totals.constFind(key);
+    if (found != m_totals.cend()) {
         return *found;
     }
     const qint64 count =
-        database
+        m_database
             .Value(
                 u"SELECT count(*) FROM %1%2 WHERE ppid IN (%3) AND modified BETWEEN ? AND ?"_s.arg(
                     shape.table, sqlite::UseIndex(shape.prefix + u"_by_time"_s),
                     Marks(filter.ppids.size())),
                 Values(filter.ppids) << filter.modified->first << filter.modified->second)
             .toLongLong();
-    totals.insert(key, count);
+    m_totals.insert(key, count);
     return count;
 }
 

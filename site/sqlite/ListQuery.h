@@ -21,7 +21,7 @@ struct ListPage {
 /// Totals and hit sets are kept until anybody changes the database. Thread: the database's.
 class ListQuery final {
 public:
-    explicit ListQuery(Database& owner) : database(owner), listHits(owner) {}
+    explicit ListQuery(Database& owner) : m_database(owner), m_listHits(owner) {}
 
     /// The id is the last key of every order, so pages never share a row or lose one. A page behind
     /// the last one, or below 1, is empty. Throws DataError.
@@ -64,10 +64,10 @@ private:
     [[nodiscard]] Part SortSql(const Search& search, const Source& source, bool backwards) const;
     [[nodiscard]] std::vector<qint64> Ids(const Search& search, qint64 total, const PageSpan& span);
 
-    Database& database;
-    ListHits listHits;
-    Stamp stamp;
-    QHash<QString, qint64> totals;
+    Database& m_database;
+    ListHits m_listHits;
+    Stamp m_stamp;
+    QHash<QString, qint64> m_totals;
 };
 
 } // namespace site

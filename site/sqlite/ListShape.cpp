@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 ListShape BimShape() {
-    return {ListKind::kBimPhotos,
+    return {ListKind::BimPhotos,
             u"bim_photo"_s,
             u"bim_text"_s,
             u"bim_tally"_s,
@@ -31,7 +31,7 @@ ListShape BimShape() {
 
 ListShape PdfShape() {
     constexpr qint64 kFirstPdfPhoto = 1000000001;
-    return {ListKind::kPdfPhotos,
+    return {ListKind::PdfPhotos,
             u"pdf_photo"_s,
             u"pdf_text"_s,
             u"pdf_tally"_s,
@@ -52,7 +52,7 @@ ListShape PdfShape() {
 }
 
 ListShape IssueShape() {
-    return {ListKind::kIssues,
+    return {ListKind::Issues,
             u"issue"_s,
             u"issue_text"_s,
             u"issue_tally"_s,

@@ -6,33 +6,34 @@
 namespace site {
 
 MarksByPlace::MarksByPlace(const std::vector<PlacedMark>& placed, Values placedValues)
-    : values(placedValues) {
+    : m_values(placedValues) {
     if (placed.empty()) {
         return;
     }
     const auto [least, most] = std::minmax_element(
         placed.begin(), placed.end(),
         [](const PlacedMark& one, const PlacedMark& other) { return one.place < other.place; });
-    firstPlace = least->place;
-    ends.resize(static_cast<size_t>(most->place - firstPlace) + 1);
+    m_firstPlace = least->place;
+    m_ends.resize(static_cast<size_t>(most->place - m_firstPlace) + 1);
     for (const PlacedMark& mark : placed) {
-        ++ends[static_cast<size_t>(mark.place - firstPlace)];
+        ++m_ends[static_cast<size_t>(mark.place - m_firstPlace)];
     }
     // Where each place begins; putting its entries there moves that to its end.
-    std::exclusive_scan(ends.begin(), ends.end(), ends.begin(), 0U);
-    sorted.resize(placed.size());
+    std::exclusive_scan(m_ends.begin(), m_ends.end(), m_ends.begin(), 0U);
+    m_sorted.resize(placed.size());
     for (const PlacedMark& mark : placed) {
-        sorted[ends[static_cast<size_t>(mark.place - firstPlace)]++] = {mark.markId, mark.value};
+        m_sorted[m_ends[static_cast<size_t>(mark.place - m_firstPlace)]++] = {mark.markId,
+                                                                              mark.value};
     }
 }
 
 std::vector<MarksByPlace::Entry> MarksByPlace::EntriesAt(qint32 place) const {
-    if (place < firstPlace || place - firstPlace >= static_cast<qint32>(ends.size())) {
+    if (place < m_firstPlace || place - m_firstPlace >= static_cast<qint32>(m_ends.size())) {
         return {};
     }
-    const auto at = static_cast<size_t>(place - firstPlace);
-    std::vector<Entry> entries(sorted.begin() + (at == 0 ? 0 : ends[at - 1]),
-                               sorted.begin() + ends[at]);
+    const auto at = static_cast<size_t>(place - m_firstPlace);
+    std::vector<Entry> entries(m_sorted.begin() + (at == 0 ? 0 : m_ends[at - 1]),
+                               m_sorted.begin() + m_ends[at]);
     std::stable_sort(entries.begin(), entries.end(), [](const Entry& one, const Entry& other) {
         return one.markId < other.markId;
     });
@@ -42,7 +43,7 @@ std::vector<MarksByPlace::Entry> MarksByPlace::EntriesAt(qint32 place) const {
 std::vector<PanelMark> MarksByPlace::MarksAt(qint32 place) const {
     const std::vector<Entry> entries = EntriesAt(place);
     std::vector<PanelMark> marks;
-    if (values == Values::kCounts) {
+    if (m_values == Values::Counts) {
         marks.reserve(entries.size());
         for (const Entry& entry : entries) {
             marks.push_back({entry.markId, entry.value, {}, 0});

@@ -15,7 +15,7 @@ struct PlacedMark {
 /// Made from very many in the time of a few runs over them. Thread: any.
 class MarksByPlace final {
 public:
-    enum class Values { kPicIds, kCounts };
+    enum class Values { PicIds, Counts };
     MarksByPlace(const std::vector<PlacedMark>& placed, Values placedValues);
 
     /// Marks by their ids, each with its photos in the order in which they came, or with its count;
@@ -29,10 +29,10 @@ private:
     };
     [[nodiscard]] std::vector<Entry> EntriesAt(qint32 place) const;
 
-    Values values;
-    qint32 firstPlace = 0;
-    std::vector<quint32> ends; ///< of each place from the first on, in `sorted`
-    std::vector<Entry> sorted;
+    Values m_values;
+    qint32 m_firstPlace = 0;
+    std::vector<quint32> m_ends; ///< of each place from the first on, in `sorted`
+    std::vector<Entry> m_sorted;
 };
 
 } // namespace site

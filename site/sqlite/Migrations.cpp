@@ -20,7 +20,7 @@ qint64 CountTables(Database& database, const QString& condition) {
 qint64 VersionOf(Database& database) {
     if (CountTables(database, u"name = 'schema_version'"_s) == 0) {
         if (CountTables(database, u"name NOT LIKE 'sqlite_%'"_s) > 0) {
-            throw DataError(Fault::kDamaged, FaultText(Fault::kDamaged, {}), u"no versions"_s);
+            throw DataError(Fault::Damaged, FaultText(Fault::Damaged, {}), u"no versions"_s);
         }
         return 0;
     }
@@ -29,7 +29,7 @@ qint64 VersionOf(Database& database) {
     const bool isOurs = latest.typeId() == QMetaType::LongLong && version > 0 &&
                         CountTables(database, u"name = 'bim_photo'"_s) == 1;
     if (!isOurs) {
-        throw DataError(Fault::kDamaged, FaultText(Fault::kDamaged, {}), u"version of no site"_s);
+        throw DataError(Fault::Damaged, FaultText(Fault::Damaged, {}), u"version of no site"_s);
     }
     return version;
 }
@@ -53,7 +53,7 @@ void RunStep(Database& database, int version, const std::vector<QString>& statem
 void Migrate(Database& database) {
     const qint64 found = VersionOf(database);
     if (found > kSchemaVersion) {
-        throw DataError(Fault::kNewer, FaultText(Fault::kNewer, {}), u"version %1"_s.arg(found));
+        throw DataError(Fault::Newer, FaultText(Fault::Newer, {}), u"version %1"_s.arg(found));
     }
     const auto steps = SchemaSteps();
     for (int version = static_cast<int>(found) + 1; version <= kSchemaVersion; ++version) {

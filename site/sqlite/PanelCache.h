@@ -11,7 +11,7 @@ namespace site {
 /// Thread: the database's.
 class PanelCache final : public IPanelCounts {
 public:
-    explicit PanelCache(Database& owner) : database(owner) {}
+    explicit PanelCache(Database& owner) : m_database(owner) {}
 
     [[nodiscard]] const std::vector<PanelFloor>& Photos(const PanelFilter& filter) override;
     [[nodiscard]] const std::vector<PanelIssueFloor>& Issues(const PanelFilter& filter) override;
@@ -27,10 +27,10 @@ private:
     template <typename Rows, typename Read>
     const Rows& Refreshed(Kept<Rows>& kept, const PanelFilter& filter, Read read);
 
-    Database& database;
-    Kept<std::vector<PanelFloor>> photos;
-    Kept<std::vector<PanelFloor>> limitedPhotos;
-    Kept<std::vector<PanelIssueFloor>> issues;
+    Database& m_database;
+    Kept<std::vector<PanelFloor>> m_photos;
+    Kept<std::vector<PanelFloor>> m_limitedPhotos;
+    Kept<std::vector<PanelIssueFloor>> m_issues;
 };
 
 } // namespace site

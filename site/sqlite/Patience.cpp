@@ -28,7 +28,7 @@ bool Patience::IsOver() const {
 }
 
 Fault Patience::Reason() const {
-    return m_limits.stop.stop_requested() ? Fault::kCancelled : Fault::kTooSlow;
+    return m_limits.stop.stop_requested() ? Fault::Cancelled : Fault::TooSlow;
 }
 
 bool Patience::WaitForLock(int tries) {

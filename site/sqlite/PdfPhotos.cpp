@@ -54,14 +54,14 @@ KX_DATA::PdfPicRecord PdfRowOf(const Statement& read) {
 } // namespace
 
 Page<KX_DATA::PdfPicRecord> PdfPhotos::PageOf(const ListFilter& filter, const PageAsked& asked) {
-    const ReadScope snapshot(database);
-    const ListPage page = lists.Fetch(ListKind::kPdfPhotos, filter, asked);
+    const ReadScope snapshot(m_database);
+    const ListPage page = m_lists.Fetch(ListKind::PdfPhotos, filter, asked);
     return {page.total, Rows(page.ids)};
 }
 
 std::vector<KX_DATA::PdfPicRecord> PdfPhotos::Rows(const std::vector<qint64>& ids) {
     std::unordered_map<qint64, KX_DATA::PdfPicRecord> found;
-    ForEachOfIds(database, PdfRowSql(), ids,
+    ForEachOfIds(m_database, PdfRowSql(), ids,
                  [&](const Statement& read) { found.emplace(read.Int64(0), PdfRowOf(read)); });
     std::vector<KX_DATA::PdfPicRecord> rows;
     rows.reserve(ids.size());
@@ -86,13 +86,13 @@ void PdfPhotos::AddLabels(std::vector<KX_DATA::PdfPicRecord>& rows) {
         ids.push_back(row.picId);
         byId[row.picId] = &row;
     }
-    ForEachOfIds(database, sql, ids, [&](const Statement& read) {
+    ForEachOfIds(m_database, sql, ids, [&](const Statement& read) {
         byId[read.Int64(0)]->labels.push_back({read.Text(1), read.Text(2)});
     });
 }
 
 bool PdfPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) {
-    const QVariant drawing = database.Value(
+    const QVariant drawing = m_database.Value(
         u"SELECT drawing_id FROM pdf_photo WHERE id = ? AND ppid = ?"_s, {picId, ppid});
     if (!drawing.isValid()) {
         return false;
@@ -104,27 +104,27 @@ bool PdfPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail)
 
 bool PdfPhotos::PicDetail(qint32 ppid, qint32 picId, KX_DATA::CheckpointPicDetail& detail) {
     bool found = false;
-    database.ForEach(u"SELECT name, description, uploader, uploaded, modifier, modified"
-                     " FROM pdf_photo WHERE id = ? AND ppid = ?"_s,
-                     {picId, ppid}, [&](const Statement& read) {
-                         found = true;
-                         detail = {};
-                         detail.name = read.Text(0);
-                         detail.description = read.Text(1);
-                         detail.uploader = read.Text(2);
-                         detail.uploadTime = TimeText(read.Int64(3));
-                         detail.updater = read.Text(4);
-                         detail.updateTime = TimeText(read.Int64(5));
-                     });
+    m_database.ForEach(u"SELECT name, description, uploader, uploaded, modifier, modified"
+                       " FROM pdf_photo WHERE id = ? AND ppid = ?"_s,
+                       {picId, ppid}, [&](const Statement& read) {
+                           found = true;
+                           detail = {};
+                           detail.name = read.Text(0);
+                           detail.description = read.Text(1);
+                           detail.uploader = read.Text(2);
+                           detail.uploadTime = TimeText(read.Int64(3));
+                           detail.updater = read.Text(4);
+                           detail.updateTime = TimeText(read.Int64(5));
+                       });
     return found;
 }
 
 int PdfPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) {
     int count = 0;
-    Transaction transaction(database);
+    Transaction transaction(m_database);
     for (const qint32 picId : picIds) {
-        count += database.Exec(u"UPDATE pdf_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
-                               {status, picId, ppid});
+        count += m_database.Exec(u"UPDATE pdf_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
+                                 {status, picId, ppid});
     }
     transaction.Commit();
     return count;
@@ -132,14 +132,14 @@ int PdfPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 
 
 Saved PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const Signature& by,
                         std::optional<qint64> seen) {
-    Transaction transaction(database);
+    Transaction transaction(m_database);
     QString author;
     std::optional<qint64> modified;
-    database.ForEach(u"SELECT uploader, modified FROM pdf_photo WHERE id = ? AND ppid = ?"_s,
-                     {update.picId, ppid}, [&](const Statement& read) {
-                         author = read.Text(0);
-                         modified = read.Int64(1);
-                     });
+    m_database.ForEach(u"SELECT uploader, modified FROM pdf_photo WHERE id = ? AND ppid = ?"_s,
+                       {update.picId, ppid}, [&](const Statement& read) {
+                           author = read.Text(0);
+                           modified = read.Int64(1);
+                       });
     if (!modified) {
         return Saved::Gone;
     }
@@ -147,30 +147,30 @@ Saved PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const 
         return Saved::ChangedMeanwhile;
     }
     const LastChange last(author, by.at, by.person, by.at);
-    RemoveSearchRow(database, ListKind::kPdfPhotos, update.picId);
+    RemoveSearchRow(m_database, ListKind::PdfPhotos, update.picId);
     if (update.pointId > 0) {
-        const QVariant owner =
-            database.Value(u"SELECT d.ppid FROM checkpoint c JOIN drawing d ON d.id = c.drawing_id"
-                           " WHERE c.id = ?"_s,
-                           {update.pointId});
+        const QVariant owner = m_database.Value(
+            u"SELECT d.ppid FROM checkpoint c JOIN drawing d ON d.id = c.drawing_id"
+            " WHERE c.id = ?"_s,
+            {update.pointId});
         if (!owner.isValid() || owner.toInt() != ppid) {
             return Saved::Gone;
         }
-        database.Exec(u"UPDATE pdf_photo SET checkpoint_id = ? WHERE id = ?"_s,
-                      {update.pointId, update.picId});
-        RefreshFromCheckpoint(database, update.picId);
+        m_database.Exec(u"UPDATE pdf_photo SET checkpoint_id = ? WHERE id = ?"_s,
+                        {update.pointId, update.picId});
+        RefreshFromCheckpoint(m_database, update.picId);
     }
-    database.Exec(u"UPDATE pdf_photo SET description = ?, name = ?, status = ?, updater = ?,"
-                  " updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
-                  {update.description, update.fileName, update.status, by.person, by.at,
-                   last.person, last.time, update.picId});
-    AddSearchRow(database, ListKind::kPdfPhotos, update.picId);
+    m_database.Exec(u"UPDATE pdf_photo SET description = ?, name = ?, status = ?, updater = ?,"
+                    " updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
+                    {update.description, update.fileName, update.status, by.person, by.at,
+                     last.person, last.time, update.picId});
+    AddSearchRow(m_database, ListKind::PdfPhotos, update.picId);
     transaction.Commit();
     return Saved::Yes;
 }
 
 qint32 PdfPhotos::ProjectOf(qint32 checkpointId, qint32 picId) {
-    return database
+    return m_database
         .Value(u"SELECT ppid FROM pdf_photo WHERE id = ? AND checkpoint_id = ?"_s,
                {picId, checkpointId})
         .toInt();
@@ -178,23 +178,23 @@ qint32 PdfPhotos::ProjectOf(qint32 checkpointId, qint32 picId) {
 
 std::optional<qint64> PdfPhotos::LastChangeOf(const Projects& projects, qint32 checkpointId) {
     std::optional<qint64> updated;
-    database.ForEach(u"SELECT d.ppid, c.updated FROM checkpoint c JOIN drawing d"
-                     " ON d.id = c.drawing_id WHERE c.id = ?"_s,
-                     {checkpointId}, [&](const Statement& read) {
-                         if (Has(projects, read.Int(0))) {
-                             updated = read.Int64(1);
-                         }
-                     });
+    m_database.ForEach(u"SELECT d.ppid, c.updated FROM checkpoint c JOIN drawing d"
+                       " ON d.id = c.drawing_id WHERE c.id = ?"_s,
+                       {checkpointId}, [&](const Statement& read) {
+                           if (Has(projects, read.Int(0))) {
+                               updated = read.Int64(1);
+                           }
+                       });
     return updated;
 }
 
 bool PdfPhotos::Checkpoint(const Projects& projects, qint32 checkpointId,
                            KX_DATA::DrawingRecord& record) {
-    const ReadScope snapshot(database);
+    const ReadScope snapshot(m_database);
     if (!LastChangeOf(projects, checkpointId)) {
         return false;
     }
-    database.ForEach(
+    m_database.ForEach(
         u"SELECT c.remark, c.number, c.description, coalesce(m.color, ?), m.name, c.x, c.y,"
         " c.updated, c.audio_uuid FROM checkpoint c LEFT JOIN mark m"
         " ON m.id = c.mark_id WHERE c.id = ?"_s,
@@ -214,24 +214,24 @@ bool PdfPhotos::Checkpoint(const Projects& projects, qint32 checkpointId,
 }
 
 void PdfPhotos::AddParts(qint32 checkpointId, KX_DATA::DrawingRecord& record) {
-    database.ForEach(u"SELECT l.id, l.name FROM checkpoint_label c JOIN label l"
-                     " ON l.id = c.label_id WHERE c.checkpoint_id = ? ORDER BY l.id"_s,
-                     {checkpointId}, [&](const Statement& read) {
-                         record.labels.emplace_back(read.Text(0), read.Text(1));
-                     });
-    database.ForEach(u"SELECT id, file_uuid FROM pdf_photo WHERE checkpoint_id = ? AND status = 0"
-                     " ORDER BY id"_s,
-                     {checkpointId}, [&](const Statement& read) {
-                         KX_DATA::DrawingPicRef pic;
-                         pic.picId = read.Int(0);
-                         pic.uuid = read.Text(1);
-                         record.pics.push_back(pic);
-                     });
+    m_database.ForEach(u"SELECT l.id, l.name FROM checkpoint_label c JOIN label l"
+                       " ON l.id = c.label_id WHERE c.checkpoint_id = ? ORDER BY l.id"_s,
+                       {checkpointId}, [&](const Statement& read) {
+                           record.labels.emplace_back(read.Text(0), read.Text(1));
+                       });
+    m_database.ForEach(u"SELECT id, file_uuid FROM pdf_photo WHERE checkpoint_id = ? AND status = 0"
+                       " ORDER BY id"_s,
+                       {checkpointId}, [&](const Statement& read) {
+                           KX_DATA::DrawingPicRef pic;
+                           pic.picId = read.Int(0);
+                           pic.uuid = read.Text(1);
+                           record.pics.push_back(pic);
+                       });
 }
 
 Saved PdfPhotos::UpdateCheckpoint(const Projects& projects, const KX_DATA::CheckpointEdit& edit,
                                   const Signature& by, std::optional<qint64> seen) {
-    Transaction transaction(database);
+    Transaction transaction(m_database);
     const std::optional<qint64> last = LastChangeOf(projects, edit.checkpointId);
     if (!last) {
         return Saved::Gone;
@@ -239,17 +239,17 @@ Saved PdfPhotos::UpdateCheckpoint(const Projects& projects, const KX_DATA::Check
     if (seen && seen != last) {
         return Saved::ChangedMeanwhile;
     }
-    database.Exec(u"UPDATE checkpoint SET x = ?, y = ?, description = ?, mark_id = ?,"
-                  " remark = ?, updated = ? WHERE id = ?"_s,
-                  {edit.position1, edit.position2, edit.description, edit.markId, edit.remark,
-                   by.at, edit.checkpointId});
-    database.Exec(u"UPDATE pdf_photo SET mark_id = ? WHERE checkpoint_id = ?"_s,
-                  {edit.markId, edit.checkpointId});
-    database.Exec(u"DELETE FROM checkpoint_label WHERE checkpoint_id = ?"_s, {edit.checkpointId});
+    m_database.Exec(u"UPDATE checkpoint SET x = ?, y = ?, description = ?, mark_id = ?,"
+                    " remark = ?, updated = ? WHERE id = ?"_s,
+                    {edit.position1, edit.position2, edit.description, edit.markId, edit.remark,
+                     by.at, edit.checkpointId});
+    m_database.Exec(u"UPDATE pdf_photo SET mark_id = ? WHERE checkpoint_id = ?"_s,
+                    {edit.markId, edit.checkpointId});
+    m_database.Exec(u"DELETE FROM checkpoint_label WHERE checkpoint_id = ?"_s, {edit.checkpointId});
     for (const QString& labelId : edit.labelNames) {
-        database.Exec(u"INSERT INTO checkpoint_label (label_id, checkpoint_id) VALUES (?, ?)"
-                      " ON CONFLICT DO NOTHING"_s,
-                      {labelId.toInt(), edit.checkpointId});
+        m_database.Exec(u"INSERT INTO checkpoint_label (label_id, checkpoint_id) VALUES (?, ?)"
+                        " ON CONFLICT DO NOTHING"_s,
+                        {labelId.toInt(), edit.checkpointId});
     }
     transaction.Commit();
     return Saved::Yes;
@@ -257,20 +257,21 @@ Saved PdfPhotos::UpdateCheckpoint(const Projects& projects, const KX_DATA::Check
 
 std::vector<KX_DATA::LabelEntry> PdfPhotos::UsedLabels() {
     std::vector<KX_DATA::LabelEntry> labels;
-    database.ForEach(u"SELECT id, name FROM label l WHERE EXISTS (SELECT 1 FROM checkpoint_label c"
-                     " JOIN pdf_photo p ON p.checkpoint_id = c.checkpoint_id"
-                     " WHERE c.label_id = l.id) ORDER BY id"_s,
-                     {}, [&](const Statement& read) {
-                         labels.push_back({read.Text(0), read.Text(1)});
-                     });
+    m_database.ForEach(
+        u"SELECT id, name FROM label l WHERE EXISTS (SELECT 1 FROM checkpoint_label c"
+        " JOIN pdf_photo p ON p.checkpoint_id = c.checkpoint_id"
+        " WHERE c.label_id = l.id) ORDER BY id"_s,
+        {}, [&](const Statement& read) {
+            labels.push_back({read.Text(0), read.Text(1)});
+        });
     return labels;
 }
 
 std::vector<qint32> PdfPhotos::UsedMarks() {
     std::vector<qint32> marks;
-    database.ForEach(u"SELECT DISTINCT t.mark_id FROM pdf_tally t JOIN mark m ON m.id = t.mark_id"
-                     " WHERE t.n > 0 ORDER BY t.mark_id"_s,
-                     {}, [&](const Statement& read) { marks.push_back(read.Int(0)); });
+    m_database.ForEach(u"SELECT DISTINCT t.mark_id FROM pdf_tally t JOIN mark m ON m.id = t.mark_id"
+                       " WHERE t.n > 0 ORDER BY t.mark_id"_s,
+                       {}, [&](const Statement& read) { marks.push_back(read.Int(0)); });
     return marks;
 }
 

@@ -10,7 +10,7 @@ class ListQuery;
 
 class PdfPhotos final : public IPdfPhotos {
 public:
-    PdfPhotos(Database& owner, ListQuery& pages) : database(owner), lists(pages) {}
+    PdfPhotos(Database& owner, ListQuery& pages) : m_database(owner), m_lists(pages) {}
 
     [[nodiscard]] Page<KX_DATA::PdfPicRecord> PageOf(const ListFilter& filter,
                                                      const PageAsked& asked) override;
@@ -36,8 +36,8 @@ private:
     /// Of a checkpoint of one of the projects.
     [[nodiscard]] std::optional<qint64> LastChangeOf(const Projects& projects, qint32 checkpointId);
 
-    Database& database;
-    ListQuery& lists;
+    Database& m_database;
+    ListQuery& m_lists;
 };
 
 } // namespace site

@@ -32,7 +32,7 @@ std::vector<PlacedMark> ReadPlaced(Database& database, const QString& sql,
 MarksByPlace Counts(Database& database, qint32 ppid) {
     return {ReadPlaced(database, u"SELECT place, mark_id, n FROM bim_place_tally WHERE ppid = ?"_s,
                        {ppid}),
-            MarksByPlace::Values::kCounts};
+            MarksByPlace::Values::Counts};
 }
 
 /// The shown photos of one project within the limits, those of a mark by time.
@@ -47,7 +47,7 @@ MarksByPlace Photos(Database& database, const PanelFilter& filter, qint32 ppid) 
         sql +=
             u" AND id IN (SELECT id FROM bim_photo"_s + PanelCondition(filter, ppid, values) + u')';
     }
-    return {ReadPlaced(database, sql, values), MarksByPlace::Values::kPicIds};
+    return {ReadPlaced(database, sql, values), MarksByPlace::Values::PicIds};
 }
 
 /// Counts of the hidden photos of one project, within the limits where there are some.
@@ -66,7 +66,7 @@ MarksByPlace HiddenCounts(Database& database, const PanelFilter& filter, qint32 
         }
         sql = u"SELECT place, mark_id, n FROM (%1)"_s.arg(HiddenCountsSql(limits));
     }
-    return {ReadPlaced(database, sql, values), MarksByPlace::Values::kCounts};
+    return {ReadPlaced(database, sql, values), MarksByPlace::Values::Counts};
 }
 
 /// Both by mark id, and so is what comes of them.
@@ -115,8 +115,8 @@ std::vector<PanelFloor> PicPanel::Floors(const PanelFilter& filter) {
     FloorsByOrder floors;
     for (const qint32 ppid : DifferentProjects(filter)) {
         const MarksByPlace marks =
-            filter.HasLimits() ? Photos(database, filter, ppid) : Counts(database, ppid);
-        AddPlaces(database, ppid, marks, HiddenCounts(database, filter, ppid), floors);
+            filter.HasLimits() ? Photos(m_database, filter, ppid) : Counts(m_database, ppid);
+        AddPlaces(m_database, ppid, marks, HiddenCounts(m_database, filter, ppid), floors);
     }
     std::vector<PanelFloor> taken;
     taken.reserve(floors.size());
@@ -135,7 +135,7 @@ std::vector<qint32> PicPanel::PicsOfMark(const PanelFilter& filter, qint32 markI
         QVariantList values;
         const QString condition = PanelCondition(filter, ppid, values);
         values << markId;
-        database.Scan(
+        m_database.Scan(
             u"SELECT modified, id FROM bim_photo"_s + condition + u" AND mark_id = ?"_s, values,
             [&](const sqlite::RawRow& row) { found.emplace_back(row.Int64(0), row.Int(1)); });
     }

@@ -12,7 +12,7 @@ class Database;
 /// Operations throw DataError. Thread: the database's.
 class PicPanel final {
 public:
-    explicit PicPanel(Database& owner) : database(owner) {}
+    explicit PicPanel(Database& owner) : m_database(owner) {}
 
     /// Every photo that isn't deleted, hidden ones included: in the order of floors; places by
     /// project, then by their text, each with a photo. Without limits the counts are
@@ -22,7 +22,7 @@ public:
     [[nodiscard]] std::vector<qint32> PicsOfMark(const PanelFilter& filter, qint32 markId);
 
 private:
-    Database& database;
+    Database& m_database;
 };
 
 } // namespace site

@@ -33,9 +33,9 @@ SearchSql SqlOf(const ListShape& shape) {
 }
 
 const SearchSql& SqlOf(ListKind kind) {
-    static const std::vector<SearchSql> all{SqlOf(ShapeOf(ListKind::kBimPhotos)),
-                                            SqlOf(ShapeOf(ListKind::kPdfPhotos)),
-                                            SqlOf(ShapeOf(ListKind::kIssues))};
+    static const std::vector<SearchSql> all{SqlOf(ShapeOf(ListKind::BimPhotos)),
+                                            SqlOf(ShapeOf(ListKind::PdfPhotos)),
+                                            SqlOf(ShapeOf(ListKind::Issues))};
     return all[static_cast<size_t>(kind) - 1];
 }
 

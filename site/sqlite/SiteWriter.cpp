@@ -8,41 +8,41 @@
 
 namespace site {
 
-SiteWriter::SiteWriter(DataFolder& dataFolder) : impl(std::make_unique<Impl>(dataFolder)) {}
+SiteWriter::SiteWriter(DataFolder& dataFolder) : m_impl(std::make_unique<Impl>(dataFolder)) {}
 
 SiteWriter::~SiteWriter() = default;
 
 void SiteWriter::BeginBatch() {
-    impl->batch = std::make_unique<Transaction>(impl->db);
+    m_impl->batch = std::make_unique<Transaction>(m_impl->db);
 }
 
 void SiteWriter::CommitBatch() {
-    if (impl->batch) {
-        impl->batch->Commit();
-        impl->batch.reset();
-        impl->SettleAll();
+    if (m_impl->batch) {
+        m_impl->batch->Commit();
+        m_impl->batch.reset();
+        m_impl->SettleAll();
     }
 }
 
 qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture,
                              const FileSource& voice) {
     if (!IsPlainFileName(photo.fileName)) {
-        throw DataError(Fault::kBadName, FaultText(Fault::kBadName, photo.fileName.left(80)));
+        throw DataError(Fault::BadName, FaultText(Fault::BadName, photo.fileName.left(80)));
     }
-    const StoredFile file = impl->Put(picture);
-    const StoredFile note = impl->Put(voice);
+    const StoredFile file = m_impl->Put(picture);
+    const StoredFile note = m_impl->Put(voice);
     const LastChange last(photo.uploader, photo.uploadTime, photo.updater, photo.updateTime);
-    return impl->Change([&] {
+    return m_impl->Change([&] {
         QString floor;
         QString axisX;
         QString axisY;
-        impl->db.ForEach(u"SELECT floor, axis_x, axis_y FROM position WHERE position_key = ?"_s,
-                         {photo.positionKey}, [&](const Statement& row) {
-                             floor = row.Text(0);
-                             axisX = row.Text(1);
-                             axisY = row.Text(2);
-                         });
-        const qint64 id = impl->db.Insert(
+        m_impl->db.ForEach(u"SELECT floor, axis_x, axis_y FROM position WHERE position_key = ?"_s,
+                           {photo.positionKey}, [&](const Statement& row) {
+                               floor = row.Text(0);
+                               axisX = row.Text(1);
+                               axisY = row.Text(2);
+                           });
+        const qint64 id = m_impl->db.Insert(
             u"INSERT INTO bim_photo (ppid, name, description, floor, floor_sort, axis_x, axis_y,"
             " pos_text, position_key, mark_id, file_uuid, audio_uuid, state, status, uploader,"
             " uploaded, updater, updated, modifier, modified) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?,"
@@ -68,63 +68,64 @@ qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture
              last.person,
              last.time});
         for (const qint32 label : photo.labelIds) {
-            impl->db.Exec(
-                u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?) ON CONFLICT DO NOTHING"_s,
-                {label, photo.ppid, id});
+            m_impl->db.Exec(u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?)"
+                            " ON CONFLICT DO NOTHING"_s,
+                            {label, photo.ppid, id});
         }
-        impl->InsertFile(file, FileKind::kBimPhoto, photo.ppid, id);
-        impl->InsertFile(note, FileKind::kPhotoVoice, photo.ppid, id);
-        AddSearchRow(impl->db, ListKind::kBimPhotos, id);
+        m_impl->InsertFile(file, FileKind::BimPhoto, photo.ppid, id);
+        m_impl->InsertFile(note, FileKind::PhotoVoice, photo.ppid, id);
+        AddSearchRow(m_impl->db, ListKind::BimPhotos, id);
         return static_cast<qint32>(id);
     });
 }
 
 qint32 SiteWriter::FilePdfPhoto(const NewPdfPhoto& photo, const FileSource& picture) {
     if (!IsPlainFileName(photo.fileName)) {
-        throw DataError(Fault::kBadName, FaultText(Fault::kBadName, photo.fileName.left(80)));
+        throw DataError(Fault::BadName, FaultText(Fault::BadName, photo.fileName.left(80)));
     }
-    const StoredFile file = impl->Put(picture);
+    const StoredFile file = m_impl->Put(picture);
     const LastChange last(photo.uploader, photo.uploadTime, photo.updater, photo.updateTime);
-    return impl->Change([&] {
-        const qint32 ppid = impl->Find(u"SELECT d.ppid FROM checkpoint c JOIN drawing d"
-                                       " ON d.id = c.drawing_id WHERE c.id = ?"_s,
-                                       {photo.checkpointId});
-        const qint64 id = impl->db.Insert(
+    return m_impl->Change([&] {
+        const qint32 ppid = m_impl->Find(u"SELECT d.ppid FROM checkpoint c JOIN drawing d"
+                                         " ON d.id = c.drawing_id WHERE c.id = ?"_s,
+                                         {photo.checkpointId});
+        const qint64 id = m_impl->db.Insert(
             u"INSERT INTO pdf_photo (ppid, checkpoint_id, drawing_id, drawing_name, checkpoint_no,"
             " name, description, mark_id, file_uuid, state, status, uploader, uploaded, updater,"
             " updated, modifier, modified) SELECT d.ppid, c.id, d.id, d.name, c.number, ?, ?,"
-            " c.mark_id, ?, ?, ?, ?, ?, ?, ?, ?, ? FROM checkpoint c JOIN drawing d ON d.id = c.drawing_id WHERE c.id = ?"_s,
+            " c.mark_id, ?, ?, ?, ?, ?, ?, ?, ?, ? FROM checkpoint c"
+            " JOIN drawing d ON d.id = c.drawing_id WHERE c.id = ?"_s,
             {photo.fileName, photo.description, file.uuid, photo.state, photo.status,
              photo.uploader, photo.uploadTime, photo.updater, photo.updateTime, last.person,
              last.time, photo.checkpointId});
         if (ppid == 0) {
-            throw DataError(Fault::kMissing, FaultText(Fault::kMissing, u"检查点"_s));
+            throw DataError(Fault::Missing, FaultText(Fault::Missing, u"检查点"_s));
         }
-        impl->InsertFile(file, FileKind::kPdfPhoto, ppid, id);
-        AddSearchRow(impl->db, ListKind::kPdfPhotos, id);
+        m_impl->InsertFile(file, FileKind::PdfPhoto, ppid, id);
+        AddSearchRow(m_impl->db, ListKind::PdfPhotos, id);
         return static_cast<qint32>(id);
     });
 }
 
 void SiteWriter::SetCheckpointVoice(qint32 checkpointId, const FileSource& voice) {
-    const StoredFile note = impl->Put(voice);
-    impl->Change([&] {
-        impl->db.Exec(u"UPDATE checkpoint SET audio_uuid = ? WHERE id = ?"_s,
-                      {note.uuid, checkpointId});
-        const qint32 ppid = impl->Find(u"SELECT d.ppid FROM checkpoint c JOIN drawing d"
-                                       " ON d.id = c.drawing_id WHERE c.id = ?"_s,
-                                       {checkpointId});
-        impl->InsertFile(note, FileKind::kCheckpointVoice, ppid, checkpointId);
+    const StoredFile note = m_impl->Put(voice);
+    m_impl->Change([&] {
+        m_impl->db.Exec(u"UPDATE checkpoint SET audio_uuid = ? WHERE id = ?"_s,
+                        {note.uuid, checkpointId});
+        const qint32 ppid = m_impl->Find(u"SELECT d.ppid FROM checkpoint c JOIN drawing d"
+                                         " ON d.id = c.drawing_id WHERE c.id = ?"_s,
+                                         {checkpointId});
+        m_impl->InsertFile(note, FileKind::CheckpointVoice, ppid, checkpointId);
         return true;
     });
 }
 
 QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice) {
-    const StoredFile note = impl->Put(voice);
+    const StoredFile note = m_impl->Put(voice);
     const LastChange last(issue.creator, issue.createTime, issue.updater, issue.updateTime);
     const QString questionId = issue.questionId.isEmpty() ? NewStoreName() : issue.questionId;
-    return impl->Change([&] {
-        const qint64 id = impl->db.Insert(
+    return m_impl->Change([&] {
+        const qint64 id = m_impl->db.Insert(
             u"INSERT INTO issue (question_id, ppid, theme, description, floor, floor_sort, "
             u"pos_info,"
             " component_name, component_sub_name, component_handle, mark_id, qr_code, voice_uuid,"
@@ -152,35 +153,35 @@ QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice) {
              last.person,
              last.time});
         if (!issue.rectifier.isEmpty()) {
-            impl->db.Exec(u"INSERT INTO rectification (issue_id, text, rectifier, voice_uuid)"
-                          " VALUES (?, ?, ?, '')"_s,
-                          {id, issue.rectifyText, issue.rectifier});
+            m_impl->db.Exec(u"INSERT INTO rectification (issue_id, text, rectifier, voice_uuid)"
+                            " VALUES (?, ?, ?, '')"_s,
+                            {id, issue.rectifyText, issue.rectifier});
         }
-        impl->InsertFile(note, FileKind::kIssueVoice, issue.ppid, id);
-        AddSearchRow(impl->db, ListKind::kIssues, id);
+        m_impl->InsertFile(note, FileKind::IssueVoice, issue.ppid, id);
+        AddSearchRow(m_impl->db, ListKind::Issues, id);
         return questionId;
     });
 }
 
 QString SiteWriter::FileIssuePic(const NewIssuePic& pic, const FileSource& picture,
                                  const FileSource& thumb) {
-    const StoredFile file = impl->Put(picture);
-    const StoredFile small = impl->Put(thumb);
-    return impl->Change([&] {
+    const StoredFile file = m_impl->Put(picture);
+    const StoredFile small = m_impl->Put(thumb);
+    return m_impl->Change([&] {
         qint64 issueId = 0;
         qint32 ppid = 0;
-        impl->db.ForEach(u"SELECT id, ppid FROM issue WHERE question_id = ?"_s, {pic.questionId},
-                         [&](const Statement& row) {
-                             issueId = row.Int64(0);
-                             ppid = row.Int(1);
-                         });
+        m_impl->db.ForEach(u"SELECT id, ppid FROM issue WHERE question_id = ?"_s, {pic.questionId},
+                           [&](const Statement& row) {
+                               issueId = row.Int64(0);
+                               ppid = row.Int(1);
+                           });
         const QString picId = NewStoreName();
-        impl->db.Exec(u"INSERT INTO issue_pic (pic_id, issue_id, rectification, name, uploader,"
-                      " uploaded, file_uuid, thumb_uuid) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"_s,
-                      {picId, issueId, pic.rectification ? 1 : 0, pic.fileName, pic.uploader,
-                       pic.uploadTime, file.uuid, small.uuid.isEmpty() ? file.uuid : small.uuid});
-        impl->InsertFile(file, FileKind::kIssuePic, ppid, issueId);
-        impl->InsertFile(small, FileKind::kThumb, ppid, issueId);
+        m_impl->db.Exec(u"INSERT INTO issue_pic (pic_id, issue_id, rectification, name, uploader,"
+                        " uploaded, file_uuid, thumb_uuid) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"_s,
+                        {picId, issueId, pic.rectification ? 1 : 0, pic.fileName, pic.uploader,
+                         pic.uploadTime, file.uuid, small.uuid.isEmpty() ? file.uuid : small.uuid});
+        m_impl->InsertFile(file, FileKind::IssuePic, ppid, issueId);
+        m_impl->InsertFile(small, FileKind::Thumb, ppid, issueId);
         return picId;
     });
 }

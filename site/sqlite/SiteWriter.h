@@ -49,7 +49,7 @@ public:
 
 private:
     class Impl;
-    std::unique_ptr<Impl> impl;
+    std::unique_ptr<Impl> m_impl;
 };
 
 } // namespace site

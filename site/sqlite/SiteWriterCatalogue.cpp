@@ -7,91 +7,92 @@
 namespace site {
 
 qint32 SiteWriter::AddDrawing(qint32 ppid, const QString& name, const FileSource& source) {
-    const StoredFile file = impl->Put(source);
-    return impl->Change([&] {
+    const StoredFile file = m_impl->Put(source);
+    return m_impl->Change([&] {
         const qint64 id =
-            impl->db.Insert(u"INSERT INTO drawing (ppid, name, file_uuid) VALUES (?, ?, ?)"_s,
-                            {ppid, name, file.uuid});
-        impl->InsertFile(file, FileKind::kDrawing, ppid, id);
+            m_impl->db.Insert(u"INSERT INTO drawing (ppid, name, file_uuid) VALUES (?, ?, ?)"_s,
+                              {ppid, name, file.uuid});
+        m_impl->InsertFile(file, FileKind::Drawing, ppid, id);
         return static_cast<qint32>(id);
     });
 }
 
 qint32 SiteWriter::AddCheckpoint(const NewCheckpoint& checkpoint) {
-    return impl->Change([&] {
-        const qint64 id = impl->db.Insert(
+    return m_impl->Change([&] {
+        const qint64 id = m_impl->db.Insert(
             u"INSERT INTO checkpoint (drawing_id, number, description, remark, mark_id, x, y,"
             " updated, audio_uuid) VALUES (?, ?, ?, ?, ?, ?, ?, ?, '')"_s,
             {checkpoint.drawingId, checkpoint.number, checkpoint.description, checkpoint.remark,
              checkpoint.markId, checkpoint.x, checkpoint.y, checkpoint.updateTime});
         for (const qint32 label : checkpoint.labelIds) {
-            impl->db.Exec(u"INSERT INTO checkpoint_label (label_id, checkpoint_id)"
-                          " VALUES (?, ?) ON CONFLICT DO NOTHING"_s,
-                          {label, id});
+            m_impl->db.Exec(u"INSERT INTO checkpoint_label (label_id, checkpoint_id)"
+                            " VALUES (?, ?) ON CONFLICT DO NOTHING"_s,
+                            {label, id});
         }
         return static_cast<qint32>(id);
     });
 }
 
 qint32 SiteWriter::AddProject(const QString& name, qint32 major) {
-    return impl->Change([&] {
+    return m_impl->Change([&] {
         const qint32 known = FindProject(name);
         return known != 0
                    ? known
-                   : static_cast<qint32>(impl->db.Insert(
+                   : static_cast<qint32>(m_impl->db.Insert(
                          u"INSERT INTO project (name, major) VALUES (?, ?)"_s, {name, major}));
     });
 }
 
 qint32 SiteWriter::AddWorkset(const QString& name, const std::vector<qint32>& ppids) {
-    return impl->Change([&] {
-        impl->db.Exec(u"DELETE FROM workset WHERE name = ?"_s, {name});
-        const qint64 id = impl->db.Insert(u"INSERT INTO workset (name) VALUES (?)"_s, {name});
+    return m_impl->Change([&] {
+        m_impl->db.Exec(u"DELETE FROM workset WHERE name = ?"_s, {name});
+        const qint64 id = m_impl->db.Insert(u"INSERT INTO workset (name) VALUES (?)"_s, {name});
         qint32 place = 0;
         for (const qint32 ppid : ppids) {
-            impl->db.Exec(u"INSERT INTO workset_project (workset_id, ppid, place)"
-                          " VALUES (?, ?, ?)"_s,
-                          {id, ppid, place++});
+            m_impl->db.Exec(u"INSERT INTO workset_project (workset_id, ppid, place)"
+                            " VALUES (?, ?, ?)"_s,
+                            {id, ppid, place++});
         }
         return static_cast<qint32>(id);
     });
 }
 
 qint32 SiteWriter::AddUser(const QString& name, const std::vector<qint32>& rights) {
-    return impl->Change([&] {
+    return m_impl->Change([&] {
         qint64 id = FindUser(name);
         if (id == 0) {
-            id = impl->db.Insert(u"INSERT INTO person (name) VALUES (?)"_s, {name});
+            id = m_impl->db.Insert(u"INSERT INTO person (name) VALUES (?)"_s, {name});
         }
-        impl->db.Exec(u"DELETE FROM person_right WHERE person_id = ?"_s, {id});
+        m_impl->db.Exec(u"DELETE FROM person_right WHERE person_id = ?"_s, {id});
         for (const qint32 right : rights) {
-            impl->db.Exec(u"INSERT INTO person_right (person_id, number) VALUES (?, ?)"_s,
-                          {id, right});
+            m_impl->db.Exec(u"INSERT INTO person_right (person_id, number) VALUES (?, ?)"_s,
+                            {id, right});
         }
         return static_cast<qint32>(id);
     });
 }
 
 void SiteWriter::AddMark(qint32 markId, const QString& name, qint32 color) {
-    impl->Change([&] {
-        return impl->db.Exec(u"INSERT INTO mark (id, name, color) VALUES (?, ?, ?) ON CONFLICT (id)"
-                             " DO UPDATE SET name = excluded.name, color = excluded.color"_s,
-                             {markId, name, color});
+    m_impl->Change([&] {
+        return m_impl->db.Exec(
+            u"INSERT INTO mark (id, name, color) VALUES (?, ?, ?) ON CONFLICT (id)"
+            " DO UPDATE SET name = excluded.name, color = excluded.color"_s,
+            {markId, name, color});
     });
 }
 
 qint32 SiteWriter::AddLabel(const QString& name) {
-    return impl->Change([&] {
-        const qint32 known = impl->Find(u"SELECT id FROM label WHERE name = ?"_s, {name});
+    return m_impl->Change([&] {
+        const qint32 known = m_impl->Find(u"SELECT id FROM label WHERE name = ?"_s, {name});
         return known != 0 ? known
-                          : static_cast<qint32>(
-                                impl->db.Insert(u"INSERT INTO label (name) VALUES (?)"_s, {name}));
+                          : static_cast<qint32>(m_impl->db.Insert(
+                                u"INSERT INTO label (name) VALUES (?)"_s, {name}));
     });
 }
 
 void SiteWriter::AddFloor(qint32 ppid, const QString& floor) {
-    impl->Change([&] {
-        return impl->db.Exec(
+    m_impl->Change([&] {
+        return m_impl->db.Exec(
             u"INSERT INTO floor (ppid, name, sort_key) VALUES (?, ?, ?) ON CONFLICT DO NOTHING"_s,
             {ppid, floor, FloorSortKey(floor)});
     });
@@ -99,40 +100,41 @@ void SiteWriter::AddFloor(qint32 ppid, const QString& floor) {
 
 QString SiteWriter::AddPosition(const NewPosition& position) {
     const QString key = position.positionKey.isEmpty() ? NewStoreName() : position.positionKey;
-    return impl->Change([&] {
+    return m_impl->Change([&] {
         AddFloor(position.ppid, position.floor);
-        impl->db.Exec(u"INSERT INTO position (position_key, ppid, floor, axis_x, axis_y, valid)"
-                      " VALUES (?, ?, ?, ?, ?, ?)"_s,
-                      {key, position.ppid, position.floor, position.axisX, position.axisY,
-                       position.valid ? 1 : 0});
+        m_impl->db.Exec(u"INSERT INTO position (position_key, ppid, floor, axis_x, axis_y, valid)"
+                        " VALUES (?, ?, ?, ?, ?, ?)"_s,
+                        {key, position.ppid, position.floor, position.axisX, position.axisY,
+                         position.valid ? 1 : 0});
         return key;
     });
 }
 
 void SiteWriter::SetSetting(const QString& key, const QString& value) {
-    impl->Change([&] {
-        return impl->db.Exec(u"INSERT INTO setting (key, value) VALUES (?, ?) ON CONFLICT (key) DO "
-                             u"UPDATE SET value ="
-                             " excluded.value"_s,
-                             {key, value});
+    m_impl->Change([&] {
+        return m_impl->db.Exec(
+            u"INSERT INTO setting (key, value) VALUES (?, ?) ON CONFLICT (key) DO "
+            u"UPDATE SET value ="
+            " excluded.value"_s,
+            {key, value});
     });
 }
 
 qint32 SiteWriter::FindProject(const QString& name) {
-    return impl->Find(u"SELECT ppid FROM project WHERE name = ?"_s, {name});
+    return m_impl->Find(u"SELECT ppid FROM project WHERE name = ?"_s, {name});
 }
 
 qint32 SiteWriter::FindUser(const QString& name) {
-    return impl->Find(u"SELECT id FROM person WHERE name = ?"_s, {name});
+    return m_impl->Find(u"SELECT id FROM person WHERE name = ?"_s, {name});
 }
 
 qint32 SiteWriter::FindMark(const QString& name) {
-    return impl->Find(u"SELECT id FROM mark WHERE name = ?"_s, {name});
+    return m_impl->Find(u"SELECT id FROM mark WHERE name = ?"_s, {name});
 }
 
 QString SiteWriter::FindPosition(qint32 ppid, const QString& floor, const QString& axisX,
                                  const QString& axisY) {
-    return impl->db
+    return m_impl->db
         .Value(u"SELECT position_key FROM position WHERE ppid = ? AND floor = ? AND axis_x = ?"
                " AND axis_y = ?"_s,
                {ppid, floor, axisX, axisY})
@@ -140,17 +142,17 @@ QString SiteWriter::FindPosition(qint32 ppid, const QString& floor, const QStrin
 }
 
 qint32 SiteWriter::FindPhotoByMd5(qint32 ppid, const QString& md5) {
-    return impl->Find(u"SELECT owner FROM file WHERE md5 = ? AND kind = ? AND ppid = ?"_s,
-                      {md5, static_cast<int>(FileKind::kBimPhoto), ppid});
+    return m_impl->Find(u"SELECT owner FROM file WHERE md5 = ? AND kind = ? AND ppid = ?"_s,
+                        {md5, static_cast<int>(FileKind::BimPhoto), ppid});
 }
 
 qint32 SiteWriter::FindPdfPhotoByMd5(qint32 ppid, const QString& md5) {
-    return impl->Find(u"SELECT owner FROM file WHERE md5 = ? AND kind = ? AND ppid = ?"_s,
-                      {md5, static_cast<int>(FileKind::kPdfPhoto), ppid});
+    return m_impl->Find(u"SELECT owner FROM file WHERE md5 = ? AND kind = ? AND ppid = ?"_s,
+                        {md5, static_cast<int>(FileKind::PdfPhoto), ppid});
 }
 
 bool SiteWriter::IsEmpty() {
-    return !impl->db.Value(u"SELECT 1 FROM project LIMIT 1"_s).isValid();
+    return !m_impl->db.Value(u"SELECT 1 FROM project LIMIT 1"_s).isValid();
 }
 
 } // namespace site

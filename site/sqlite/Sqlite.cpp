@@ -85,23 +85,23 @@ void Bind(sqlite3_stmt* statement, int place, const QVariant& value) {
 FileLook LookAtFile(const QString& path) {
     QFile file(path);
     if (!file.exists() || file.size() == 0) {
-        return FileLook::kNone;
+        return FileLook::None;
     }
     if (!file.open(QIODevice::ReadOnly)) {
-        return FileLook::kSuspect;
+        return FileLook::Suspect;
     }
     const QByteArray header = file.read(kHeaderSize);
     if (header.size() < kHeaderSize || !header.startsWith("SQLite format 3")) {
-        return FileLook::kBad;
+        return FileLook::Bad;
     }
     const quint32 storedPageSize = BigEndian(header, 16, 2);
     const qint64 pageSize = storedPageSize == 1 ? 65536 : storedPageSize;
     const qint64 pages = BigEndian(header, 28, 4);
     if (file.size() >= pages * pageSize) {
-        return FileLook::kGood;
+        return FileLook::Good;
     }
     // A checkpoint that was cut short may leave the file short while the log still has it all.
-    return QFileInfo(path + u"-wal"_s).size() > 0 ? FileLook::kSuspect : FileLook::kBad;
+    return QFileInfo(path + u"-wal"_s).size() > 0 ? FileLook::Suspect : FileLook::Bad;
 }
 
 void Configure(QSqlDatabase& connection) {
@@ -117,7 +117,7 @@ void Configure(QSqlDatabase& connection) {
 void AddFunctions(QSqlDatabase& connection, HitSlot* slot) {
     sqlite3* handle = HandleOf(connection);
     if (handle == nullptr) {
-        throw DataError(Fault::kOther, FaultText(Fault::kOther, u"打开数据库"_s), u"no handle"_s);
+        throw DataError(Fault::Other, FaultText(Fault::Other, u"打开数据库"_s), u"no handle"_s);
     }
     sqlite3_create_function_v2(handle, "in_hits", 1, SQLITE_UTF8, slot, InHits, nullptr, nullptr,
                                nullptr);
@@ -166,31 +166,31 @@ Fault FaultOf(const QSqlError& error) {
     switch (error.nativeErrorCode().toInt() & kPrimaryMask) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return Fault::kLocked;
+        return Fault::Locked;
     case SQLITE_READONLY:
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
-        return Fault::kNotWritable;
+        return Fault::NotWritable;
     case SQLITE_FULL:
-        return Fault::kDiskFull;
+        return Fault::DiskFull;
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-        return Fault::kDamaged;
+        return Fault::Damaged;
     case SQLITE_CONSTRAINT:
-        return Fault::kRefused;
+        return Fault::Refused;
     default:
-        return Fault::kOther;
+        return Fault::Other;
     }
 }
 
 qint64 RawRow::Int64(int column) const {
-    return sqlite3_column_int64(statement, column);
+    return sqlite3_column_int64(m_statement, column);
 }
 
 std::string_view RawRow::Utf8(int column) const {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
     return {text != nullptr ? text : "",
-            static_cast<size_t>(sqlite3_column_bytes(statement, column))};
+            static_cast<size_t>(sqlite3_column_bytes(m_statement, column))};
 }
 
 QString RawRow::Text(int column) const {

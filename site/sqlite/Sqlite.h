@@ -26,7 +26,7 @@ struct HitSlot {
 };
 
 /// Looks at the bytes of a database file without opening it; a missing or empty file is none yet.
-enum class FileLook { kNone, kGood, kSuspect, kBad };
+enum class FileLook { None, Good, Suspect, Bad };
 [[nodiscard]] FileLook LookAtFile(const QString& path);
 
 /// Settings of a fresh connection: WAL, foreign keys, cache. Throws DataError.
@@ -50,7 +50,7 @@ void Obey(QSqlDatabase& connection, Patience* patience);
 /// One row as SQLite holds it; its texts last until the next row.
 class RawRow final {
 public:
-    explicit RawRow(sqlite3_stmt* rowStatement) : statement(rowStatement) {}
+    explicit RawRow(sqlite3_stmt* rowStatement) : m_statement(rowStatement) {}
 
     [[nodiscard]] qint64 Int64(int column) const;
     [[nodiscard]] qint32 Int(int column) const { return static_cast<qint32>(Int64(column)); }
@@ -58,7 +58,7 @@ public:
     [[nodiscard]] QString Text(int column) const;
 
 private:
-    sqlite3_stmt* statement;
+    sqlite3_stmt* m_statement;
 };
 using TakeRow = std::function<void(const RawRow&)>;
 /// Every row of a query in turn, without a variant for each value. `values` are numbers and texts.

@@ -44,14 +44,14 @@ bool Pause(int milliseconds, const std::stop_token& stop) {
 }
 
 [[noreturn]] void ThrowBroken() {
-    throw DataError(Fault::kOther, u"文件传输中断，请检查网络后重试。"_s);
+    throw DataError(Fault::Other, u"文件传输中断，请检查网络后重试。"_s);
 }
 
 QString StoredMd5(const DataFolder& paths, const QString& uuid) {
     Database reader(paths.DatabasePath(), kReaderTimeoutMs);
     const QVariant md5 = reader.Value(u"SELECT md5 FROM file WHERE uuid = ?"_s, {uuid});
     if (!md5.isValid()) {
-        throw DataError(Fault::kMissing, FaultText(Fault::kMissing, u"文件 "_s + uuid));
+        throw DataError(Fault::Missing, FaultText(Fault::Missing, u"文件 "_s + uuid));
     }
     return md5.toString();
 }
@@ -61,17 +61,17 @@ void Replace(const QString& from, const QString& to) {
     std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), error);
     if (error) {
         QFile::remove(from);
-        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, to));
+        throw DataError(Fault::NotWritable, FaultText(Fault::NotWritable, to));
     }
 }
 
 /// What happens before a block is written. False: the transfer ends here.
 bool PassBlock(const TransferPlace& place, qint64 bytes, qint64 total) {
     const bool half = bytes * 2 >= total;
-    if (half && place.rules.fault == TransferFault::kInTheMiddle) {
+    if (half && place.rules.fault == TransferFault::InTheMiddle) {
         return false;
     }
-    const bool hangs = half && place.rules.fault == TransferFault::kNeverEnds;
+    const bool hangs = half && place.rules.fault == TransferFault::NeverEnds;
     return Pause(hangs ? -1 : place.rules.blockDelayMs, place.stop);
 }
 
@@ -88,19 +88,19 @@ void CopyChecked(const TransferPlace& place, QFile& source, const QString& parti
     });
     if (place.stop.stop_requested()) {
         QFile::remove(partial);
-        throw DataError(Fault::kOther, u"文件传输已取消。"_s);
+        throw DataError(Fault::Other, u"文件传输已取消。"_s);
     }
     if (broken) {
         ThrowBroken();
     }
     if (!outcome.ok) {
-        const Fault fault = outcome.diskFull ? Fault::kDiskFull : Fault::kNotWritable;
+        const Fault fault = outcome.diskFull ? Fault::DiskFull : Fault::NotWritable;
         throw DataError(fault, FaultText(fault, QFileInfo(partial).path()));
     }
     if (outcome.md5 != md5) {
         QFile::remove(partial);
-        throw DataError(Fault::kDamaged, u"文件 "_s + QFileInfo(source).fileName() +
-                                             u" 的内容已损坏，请从备份恢复。"_s);
+        throw DataError(Fault::Damaged, u"文件 "_s + QFileInfo(source).fileName() +
+                                            u" 的内容已损坏，请从备份恢复。"_s);
     }
 }
 
@@ -117,13 +117,13 @@ void Fetch(const TransferPlace& place, const QString& uuid, const QString& local
         return;
     }
     if (!source.open(QIODevice::ReadOnly)) {
-        throw DataError(Fault::kMissing, FaultText(Fault::kMissing, u"文件 "_s + uuid));
+        throw DataError(Fault::Missing, FaultText(Fault::Missing, u"文件 "_s + uuid));
     }
     const QString folder = QFileInfo(localPath).path();
     if (!QDir().mkpath(folder)) {
-        throw DataError(Fault::kNotWritable, FaultText(Fault::kNotWritable, folder));
+        throw DataError(Fault::NotWritable, FaultText(Fault::NotWritable, folder));
     }
-    if (place.rules.fault == TransferFault::kAtStart) {
+    if (place.rules.fault == TransferFault::AtStart) {
         ThrowBroken();
     }
     const QString partial = folder + u'/' + NewStoreName() + kPartial;

@@ -9,16 +9,16 @@
 namespace site {
 
 enum class TransferFault {
-    kNone,
-    kAtStart,     ///< before the first block
-    kInTheMiddle, ///< when half of the bytes have come
-    kNeverEnds,   ///< stands still when half of the bytes have come, until it is told to stop
+    None,
+    AtStart,     ///< before the first block
+    InTheMiddle, ///< when half of the bytes have come
+    NeverEnds,   ///< stands still when half of the bytes have come, until it is told to stop
 };
 
 /// How transfers behave; for tests, demonstrations and trying slow networks.
 struct TransferRules {
     int blockDelayMs = 0; ///< wait before each block of 256 KiB
-    TransferFault fault = TransferFault::kNone;
+    TransferFault fault = TransferFault::None;
 };
 
 /// Where transfers run, and what ends them early.

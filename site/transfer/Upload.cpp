@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 KX_DATA::UploadResult StoreUpload(const QString& dataFolder, const QString& path) {
     constexpr int kWriterTimeoutMs = 5000;
     if (path.isEmpty()) {
-        throw DataError(Fault::kMissing, FaultText(Fault::kMissing, path));
+        throw DataError(Fault::Missing, FaultText(Fault::Missing, path));
     }
     const DataFolder paths(dataFolder);
     FileStore store(paths.StorePath(), paths.BinPath());
@@ -22,7 +22,7 @@ KX_DATA::UploadResult StoreUpload(const QString& dataFolder, const QString& path
         Transaction transaction(database);
         database.Exec(u"INSERT INTO file (uuid, md5, size, kind, ppid, owner)"
                       " VALUES (?, ?, ?, ?, 0, 0)"_s,
-                      {file.uuid, file.md5, file.size, static_cast<int>(FileKind::kUploaded)});
+                      {file.uuid, file.md5, file.size, static_cast<int>(FileKind::Uploaded)});
         transaction.Commit();
     } catch (...) {
         store.Discard(file.uuid);

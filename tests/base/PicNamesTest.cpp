@@ -58,10 +58,12 @@ TEST(PicNames, TheOutsMayBeTheNameItself) {
 }
 
 TEST(PicNames, FiveExtensionsAreKnown) {
-    for (const QString& known : {u"jpg"_s, u"jpeg"_s, u"png"_s, u"bmp"_s, u"gif"_s, u"GIF"_s})
+    for (const QString& known : {u"jpg"_s, u"jpeg"_s, u"png"_s, u"bmp"_s, u"gif"_s, u"GIF"_s}) {
         EXPECT_TRUE(IsPicExtension(known));
-    for (const QString& other : {u""_s, u"tif"_s, u".jpg"_s, u"jpgx"_s})
+    }
+    for (const QString& other : {u""_s, u"tif"_s, u".jpg"_s, u"jpgx"_s}) {
         EXPECT_FALSE(IsPicExtension(other));
+    }
 }
 
 TEST(CopyTarget, NumbersStandInBracketsBehindTheBase) {
@@ -91,10 +93,12 @@ TEST(SafeFileName, CutsWholeCharactersOffATooLongName) {
 }
 
 TEST(SafeFileName, TakesTheLastControlCharactersOutAndLeavesTheirNeighbours) {
-    for (const QChar refused : {QChar(0x01), QChar(0x1F), QChar(0x7F)})
+    for (const QChar refused : {QChar(0x01), QChar(0x1F), QChar(0x7F)}) {
         EXPECT_EQ(SafeFileName(u"a"_s + refused), u"a_") << int(refused.unicode());
-    for (const QChar kept : {QChar(0x20), QChar(0x7E), QChar(0x80)})
+    }
+    for (const QChar kept : {QChar(0x20), QChar(0x7E), QChar(0x80)}) {
         EXPECT_EQ(SafeFileName(u"a"_s + kept), u"a"_s + kept) << int(kept.unicode());
+    }
 }
 
 TEST(SafeFileName, AllowsTwoHundredAndTwentyBytesAndNotOneMore) {

@@ -129,10 +129,12 @@ TEST_F(PictureLogTest, TheFirstChangeOfTheProcessEmptiesTheFile) {
 }
 
 TEST_F(PictureLogTest, AfterThreeChangesAllBannersStandAndTheFourthEmptiesFirst) {
-    for (int change = 1; change <= 3; ++change)
+    for (int change = 1; change <= 3; ++change) {
         ChangeProject(change);
-    for (const char* banner : {":P1 PPID:1*", ":P2 PPID:2*", ":P3 PPID:3*"})
+    }
+    for (const char* banner : {":P1 PPID:1*", ":P2 PPID:2*", ":P3 PPID:3*"}) {
         EXPECT_THAT(Bytes(), HasSubstr(banner));
+    }
     ChangeProject(4);
     EXPECT_THAT(Bytes(), Not(HasSubstr(":P3 ")));
     EXPECT_THAT(Bytes(), EndsWith(":P4 PPID:4**********\r\n"));
@@ -161,15 +163,18 @@ TEST_F(PictureLogTest, LinesOfSeveralThreadsStayWhole) {
     std::vector<std::thread> writers;
     for (int writer = 0; writer < kThreads; ++writer) {
         writers.emplace_back([&go, writer] {
-            while (!go)
+            while (!go) {
                 std::this_thread::yield();
-            for (int line = 0; line < kLines; ++line)
+            }
+            for (int line = 0; line < kLines; ++line) {
                 WriteLog(u"w%1 l%2."_s.arg(writer).arg(line));
+            }
         });
     }
     go = true;
-    for (std::thread& writer : writers)
+    for (std::thread& writer : writers) {
         writer.join();
+    }
 
     const QList<QByteArray> lines = folder.Read(u"VeskPicture.log"_s).split('\n');
     ASSERT_EQ(lines.size(), kThreads * kLines + 1);
@@ -185,15 +190,18 @@ TEST_F(PictureLogTest, LinesOfSeveralThreadsStayWhole) {
 TEST_F(PictureLogTest, ClearingWhileOthersWriteLosesLinesAtMost) {
     std::atomic<bool> stop = false;
     std::thread writer([&stop] {
-        while (!stop)
+        while (!stop) {
             WriteLog(u"line"_s);
+        }
     });
-    for (int i = 0; i < 50; ++i)
+    for (int i = 0; i < 50; ++i) {
         ClearLog();
+    }
     stop = true;
     writer.join();
-    for (const QByteArray& line : folder.Read(u"VeskPicture.log"_s).split('\n'))
+    for (const QByteArray& line : folder.Read(u"VeskPicture.log"_s).split('\n')) {
         EXPECT_TRUE(line.isEmpty() || line == "[2026-03-05 12:00:00] line\r") << line.toStdString();
+    }
 }
 
 } // namespace

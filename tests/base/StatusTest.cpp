@@ -52,13 +52,15 @@ TEST(StatusCatalogue, EveryStatusHasItsOwnMessage) {
         {33, u"获取照片标签失败！"_s},
     };
     ASSERT_EQ(messages.size(), 32U);
-    for (const auto& [status, message] : messages)
+    for (const auto& [status, message] : messages) {
         EXPECT_EQ(MessageOf(status), message) << status;
+    }
 }
 
 TEST(StatusCatalogue, AnyOtherValueIsAnUnknownFault) {
-    for (const int status : {-1, 0, 1, 34, 1000, INT_MIN, INT_MAX})
+    for (const int status : {-1, 0, 1, 34, 1000, INT_MIN, INT_MAX}) {
         EXPECT_EQ(MessageOf(status), u"出现未知错误！"_s) << status;
+    }
 }
 
 TEST(StatusCatalogue, NamesStandForTheirNumbers) {

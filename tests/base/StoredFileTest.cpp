@@ -42,8 +42,9 @@ QStringList NoUuids() {
 
 TEST(StoredFile, LettersDigitsHyphensAndLowLinesNameAFile) {
     for (const QString& uuid : {u"u1"_s, u"7C9E6679-7425-40de-944b-e07fc1f90ae7"_s, u"a_b"_s,
-                                u"zZ09"_s, QString(128, u'a')})
+                                u"zZ09"_s, QString(128, u'a')}) {
         EXPECT_TRUE(IsUuid(uuid)) << uuid.toStdString();
+    }
     EXPECT_EQ(StoredFilePath(u"/pics/"_s, u"u1"_s, kPictureEnding), u"/pics/u1.jpg"_s);
     EXPECT_EQ(StoredFilePath(u"/pics/"_s, u"u1"_s, kNoteEnding), u"/pics/u1.amr"_s);
 }
@@ -66,8 +67,10 @@ TEST(StoredFile, AFileWithoutBytesAFolderAndNoFileWereNotFetched) {
 }
 
 TEST(StoredFile, TheNeighboursOfLettersAndDigitsNameNoFile) {
-    for (const QChar inside : u"09AZaz-_"_s)
+    for (const QChar inside : u"09AZaz-_"_s) {
         EXPECT_TRUE(IsUuid(QString(inside))) << int(inside.unicode());
-    for (const QChar beside : u"/:@[`{,.^"_s)
+    }
+    for (const QChar beside : u"/:@[`{,.^"_s) {
         EXPECT_FALSE(IsUuid(QString(beside))) << int(beside.unicode());
+    }
 }

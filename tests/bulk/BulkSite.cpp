@@ -30,15 +30,15 @@ constexpr qint32 kRowsPerStep = 20000;
 class BulkFiller {
 public:
     BulkFiller(site::DataFolder& dataFolder, const BulkSize& bulkSize, const BulkProgress& watch)
-        : folder(dataFolder), db(dataFolder.Db()), size(bulkSize), progress(watch),
-          all(static_cast<qint64>(bulkSize.bimPhotos) + bulkSize.pdfPhotos + bulkSize.issues) {}
+        : m_folder(dataFolder), m_db(dataFolder.Db()), m_size(bulkSize), m_progress(watch),
+          m_all(static_cast<qint64>(bulkSize.bimPhotos) + bulkSize.pdfPhotos + bulkSize.issues) {}
 
     void Run() {
         AddCatalogue();
-        Fill(site::ShapeOf(site::ListKind::kBimPhotos), size.bimPhotos, &BulkFiller::AddBimPhoto);
+        Fill(site::ShapeOf(site::ListKind::BimPhotos), m_size.bimPhotos, &BulkFiller::AddBimPhoto);
         AddCheckpoints();
-        Fill(site::ShapeOf(site::ListKind::kPdfPhotos), size.pdfPhotos, &BulkFiller::AddPdfPhoto);
-        Fill(site::ShapeOf(site::ListKind::kIssues), size.issues, &BulkFiller::AddIssue);
+        Fill(site::ShapeOf(site::ListKind::PdfPhotos), m_size.pdfPhotos, &BulkFiller::AddPdfPhoto);
+        Fill(site::ShapeOf(site::ListKind::Issues), m_size.issues, &BulkFiller::AddIssue);
     }
 
 private:
@@ -64,23 +64,23 @@ private:
     [[nodiscard]] qint32 ProjectOf();
     [[nodiscard]] Life LifeOf(qint32 number, qint32 count);
     [[nodiscard]] qint32 StateOf() {
-        return random.Below(10) < 6 ? site::kStateDone : random.Below(4);
+        return m_random.Below(10) < 6 ? site::kStateDone : m_random.Below(4);
     }
 
-    site::DataFolder& folder;
-    site::Database& db;
-    BulkSize size;
-    const BulkProgress& progress;
-    qint64 all;
-    qint64 done = 0;
-    BulkRandom random{20240601};
+    site::DataFolder& m_folder;
+    site::Database& m_db;
+    BulkSize m_size;
+    const BulkProgress& m_progress;
+    qint64 m_all;
+    qint64 m_done = 0;
+    BulkRandom m_random{20240601};
 };
 
 void BulkFiller::AddCatalogue() {
-    site::SiteWriter writer(folder);
+    site::SiteWriter writer(m_folder);
     writer.BeginBatch();
     std::vector<qint32> ppids;
-    for (qint32 i = 1; i <= size.projects; ++i) {
+    for (qint32 i = 1; i <= m_size.projects; ++i) {
         ppids.push_back(writer.AddProject(u"第%1标段"_s.arg(i)));
         for (qint32 floor = -3; floor <= 29; ++floor) {
             writer.AddFloor(ppids.back(), QString::number(floor));
@@ -98,12 +98,12 @@ void BulkFiller::AddCatalogue() {
 }
 
 void BulkFiller::AddCheckpoints() {
-    if (size.pdfPhotos == 0) {
+    if (m_size.pdfPhotos == 0) {
         return;
     }
-    site::SiteWriter writer(folder);
+    site::SiteWriter writer(m_folder);
     writer.BeginBatch();
-    for (qint32 ppid = 1; ppid <= size.projects; ++ppid) {
+    for (qint32 ppid = 1; ppid <= m_size.projects; ++ppid) {
         for (qint32 drawing = 0; drawing < 20; ++drawing) {
             const qint32 id =
                 writer.AddDrawing(ppid, BulkWord(ppid * 20 + drawing) + u"平面图%1"_s.arg(drawing));
@@ -111,8 +111,8 @@ void BulkFiller::AddCheckpoints() {
                 site::NewCheckpoint point;
                 point.drawingId = id;
                 point.number = number;
-                point.markId = 1 + random.Skewed(kMarks);
-                point.labelIds = {1 + random.Skewed(kLabels)};
+                point.markId = 1 + m_random.Skewed(kMarks);
+                point.labelIds = {1 + m_random.Skewed(kLabels)};
                 writer.AddCheckpoint(point);
             }
         }
@@ -124,14 +124,14 @@ void BulkFiller::AddCheckpoints() {
 QStringList BulkFiller::DropIndexes(const site::ListShape& shape) {
     QStringList names;
     QStringList statements;
-    db.ForEach(u"SELECT type, name, sql FROM sqlite_master WHERE tbl_name = ? AND sql IS NOT NULL"
-               " AND type IN ('index', 'trigger')"_s,
-               {shape.table}, [&](const site::Statement& row) {
-                   names << row.Text(0) + u' ' + row.Text(1);
-                   statements << row.Text(2);
-               });
+    m_db.ForEach(u"SELECT type, name, sql FROM sqlite_master WHERE tbl_name = ? AND sql IS NOT NULL"
+                 " AND type IN ('index', 'trigger')"_s,
+                 {shape.table}, [&](const site::Statement& row) {
+                     names << row.Text(0) + u' ' + row.Text(1);
+                     statements << row.Text(2);
+                 });
     for (const QString& name : names) {
-        db.Exec(u"DROP "_s + name);
+        m_db.Exec(u"DROP "_s + name);
     }
     return statements;
 }
@@ -140,23 +140,23 @@ void BulkFiller::Fill(const site::ListShape& shape, qint32 count, AddRow add) {
     if (count == 0) {
         return;
     }
-    site::Transaction transaction(db);
+    site::Transaction transaction(m_db);
     const QStringList statements = DropIndexes(shape);
     for (qint32 number = 1; number <= count; ++number) {
         (this->*add)(number);
-        if (++done % kRowsPerStep == 0 && progress) {
-            progress(done, all);
+        if (++m_done % kRowsPerStep == 0 && m_progress) {
+            m_progress(m_done, m_all);
         }
     }
     for (const QString& statement : statements) {
-        db.Exec(statement);
+        m_db.Exec(statement);
     }
-    db.Exec(u"INSERT INTO %1 SELECT ppid, mark_id, state, count(*) FROM %2"
-            " GROUP BY ppid, mark_id, state"_s.arg(shape.tally, shape.table));
-    if (shape.kind == site::ListKind::kBimPhotos) {
+    m_db.Exec(u"INSERT INTO %1 SELECT ppid, mark_id, state, count(*) FROM %2"
+              " GROUP BY ppid, mark_id, state"_s.arg(shape.tally, shape.table));
+    if (shape.kind == site::ListKind::BimPhotos) {
         for (const auto& fill : {site::PlaceTallyFillSql(), site::HiddenTallyFillSql()}) {
             for (const QString& statement : fill) {
-                db.Exec(statement);
+                m_db.Exec(statement);
             }
         }
     }
@@ -164,19 +164,19 @@ void BulkFiller::Fill(const site::ListShape& shape, qint32 count, AddRow add) {
 }
 
 qint32 BulkFiller::ProjectOf() {
-    if (size.projects == 1 || random.Below(100) < size.bigShare) {
+    if (m_size.projects == 1 || m_random.Below(100) < m_size.bigShare) {
         return 1;
     }
-    return 2 + random.Below(size.projects - 1);
+    return 2 + m_random.Below(m_size.projects - 1);
 }
 
 BulkFiller::Life BulkFiller::LifeOf(qint32 number, qint32 count) {
     Life life;
-    life.author = BulkPerson(random);
-    life.created = kFirstUpload + number * (kSpan / count) + random.Below(86400);
-    if (random.Below(10) < 3) {
-        life.updater = BulkPerson(random);
-        life.updated = life.created + 60 + random.Below(90 * 86400);
+    life.author = BulkPerson(m_random);
+    life.created = kFirstUpload + number * (kSpan / count) + m_random.Below(86400);
+    if (m_random.Below(10) < 3) {
+        life.updater = BulkPerson(m_random);
+        life.updated = life.created + 60 + m_random.Below(90 * 86400);
     }
     life.last = site::LastChange(life.author, life.created, life.updater, life.updated);
     return life;
@@ -191,47 +191,47 @@ void BulkFiller::AddWords(const site::ListShape& shape, qint32 ppid, qint64 id,
         marks << u"?"_s;
     }
     const QStringList fields(shape.searchFields.begin(), shape.searchFields.end());
-    db.Exec(u"INSERT INTO %1 (rowid, %2) VALUES (%3)"_s.arg(shape.searchTable, fields.join(u", "_s),
-                                                            marks.join(u", "_s)),
-            values);
+    m_db.Exec(u"INSERT INTO %1 (rowid, %2) VALUES (%3)"_s.arg(
+                  shape.searchTable, fields.join(u", "_s), marks.join(u", "_s)),
+              values);
 }
 
 void BulkFiller::AddBimPhoto(qint32 number) {
     const qint32 ppid = ProjectOf();
-    const Life life = LifeOf(number, size.bimPhotos);
-    const QString name = BulkPhotoName(random, number);
-    const QString description = BulkDescription(random);
-    const QString floor = random.Below(50) == 0 ? QString() : BulkFloor(random);
-    const QString axisX = floor.isEmpty() ? QString() : QString::number(1 + random.Below(20));
-    const QString axisY = floor.isEmpty() ? QString() : QString(QChar(u'A' + random.Below(15)));
+    const Life life = LifeOf(number, m_size.bimPhotos);
+    const QString name = BulkPhotoName(m_random, number);
+    const QString description = BulkDescription(m_random);
+    const QString floor = m_random.Below(50) == 0 ? QString() : BulkFloor(m_random);
+    const QString axisX = floor.isEmpty() ? QString() : QString::number(1 + m_random.Below(20));
+    const QString axisY = floor.isEmpty() ? QString() : QString(QChar(u'A' + m_random.Below(15)));
     const QString place = site::PositionText(axisX, axisY);
-    const qint64 id = db.Insert(
+    const qint64 id = m_db.Insert(
         u"INSERT INTO bim_photo (ppid, name, description, floor, floor_sort, axis_x, axis_y,"
         " pos_text, position_key, mark_id, file_uuid, audio_uuid, state, status, uploader,"
         " uploaded, updater, updated, modifier, modified) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?,"
         " '', ?, ?, ?, ?, ?, ?, ?, ?)"_s,
         {ppid, name, description, floor, site::FloorSortKey(floor), axisX, axisY, place,
          floor.isEmpty() ? QString() : u"%1-%2-%3"_s.arg(ppid).arg(floor, place),
-         1 + random.Skewed(kMarks), u"bulk-%1"_s.arg(number), StateOf(),
-         random.Below(12) == 0 ? 1 : 0, life.author, life.created, life.updater, life.updated,
+         1 + m_random.Skewed(kMarks), u"bulk-%1"_s.arg(number), StateOf(),
+         m_random.Below(12) == 0 ? 1 : 0, life.author, life.created, life.updater, life.updated,
          life.last.person, life.last.time});
-    const qint32 labels = random.Below(4);
+    const qint32 labels = m_random.Below(4);
     for (qint32 i = 0; i < labels; ++i) {
-        db.Exec(u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?)"
-                " ON CONFLICT DO NOTHING"_s,
-                {1 + random.Skewed(kLabels), ppid, id});
+        m_db.Exec(u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?)"
+                  " ON CONFLICT DO NOTHING"_s,
+                  {1 + m_random.Skewed(kLabels), ppid, id});
     }
-    AddWords(site::ShapeOf(site::ListKind::kBimPhotos), ppid, id,
+    AddWords(site::ShapeOf(site::ListKind::BimPhotos), ppid, id,
              {name, life.author, life.updater, description});
 }
 
 void BulkFiller::AddPdfPhoto(qint32 number) {
     const qint32 ppid = ProjectOf();
-    const Life life = LifeOf(number, size.pdfPhotos);
-    const QString name = BulkPhotoName(random, number);
-    const QString description = BulkDescription(random);
-    const qint32 checkpoint = (ppid - 1) * 1000 + 1 + random.Skewed(1000);
-    const qint64 id = db.Insert(
+    const Life life = LifeOf(number, m_size.pdfPhotos);
+    const QString name = BulkPhotoName(m_random, number);
+    const QString description = BulkDescription(m_random);
+    const qint32 checkpoint = (ppid - 1) * 1000 + 1 + m_random.Skewed(1000);
+    const qint64 id = m_db.Insert(
         u"INSERT INTO pdf_photo (ppid, checkpoint_id, drawing_id, drawing_name, checkpoint_no,"
         " name, description, mark_id, file_uuid, state, status, uploader, uploaded, updater,"
         " updated, modifier, modified) SELECT ?, c.id, d.id, d.name, c.number, ?, ?, c.mark_id, ?, "
@@ -239,33 +239,33 @@ void BulkFiller::AddPdfPhoto(qint32 number) {
         " ?, ?, ?, ?, ?, ?, ?"
         " FROM checkpoint c JOIN drawing d ON d.id = c.drawing_id WHERE c.id = ?"_s,
         {ppid, name, description, u"bulk-p%1"_s.arg(number), StateOf(),
-         random.Below(12) == 0 ? 1 : 0, life.author, life.created, life.updater, life.updated,
+         m_random.Below(12) == 0 ? 1 : 0, life.author, life.created, life.updater, life.updated,
          life.last.person, life.last.time, checkpoint});
-    AddWords(site::ShapeOf(site::ListKind::kPdfPhotos), ppid, id,
+    AddWords(site::ShapeOf(site::ListKind::PdfPhotos), ppid, id,
              {name, life.author, life.updater, description,
-              db.Value(u"SELECT drawing_name FROM pdf_photo WHERE id = ?"_s, {id}).toString()});
+              m_db.Value(u"SELECT drawing_name FROM pdf_photo WHERE id = ?"_s, {id}).toString()});
 }
 
 void BulkFiller::AddIssue(qint32 number) {
     const qint32 ppid = ProjectOf();
-    const Life life = LifeOf(number, size.issues);
+    const Life life = LifeOf(number, m_size.issues);
     const QString theme =
-        BulkWord(random.Skewed(100)) + BulkWord(random.Skewed(100)) + u"问题%1"_s.arg(number);
-    const QString description = BulkDescription(random);
-    const QString floor = BulkFloor(random);
-    const qint64 id = db.Insert(
+        BulkWord(m_random.Skewed(100)) + BulkWord(m_random.Skewed(100)) + u"问题%1"_s.arg(number);
+    const QString description = BulkDescription(m_random);
+    const QString floor = BulkFloor(m_random);
+    const qint64 id = m_db.Insert(
         u"INSERT INTO issue (question_id, ppid, theme, description, floor, floor_sort, pos_info,"
         " component_name, component_sub_name, component_handle, mark_id, qr_code, voice_uuid,"
         " state, status, creator, created, updater, updated, modifier, modified) VALUES (?, ?, ?, "
         "?, ?, ?, ?, ?,"
         " '', ?, ?, '', '', ?, ?, ?, ?, ?, ?, ?, ?)"_s,
         {u"issue-%1"_s.arg(number), ppid, theme, description, floor, site::FloorSortKey(floor),
-         site::PositionText(QString::number(1 + random.Below(20)),
-                            QString(QChar(u'A' + random.Below(9)))),
-         BulkWord(random.Below(40)), u"h%1"_s.arg(random.Below(5000)), 1 + random.Skewed(kMarks),
-         StateOf(), random.Below(12) == 0 ? 1 : 0, life.author, life.created, life.updater,
-         life.updated, life.last.person, life.last.time});
-    AddWords(site::ShapeOf(site::ListKind::kIssues), ppid, id,
+         site::PositionText(QString::number(1 + m_random.Below(20)),
+                            QString(QChar(u'A' + m_random.Below(9)))),
+         BulkWord(m_random.Below(40)), u"h%1"_s.arg(m_random.Below(5000)),
+         1 + m_random.Skewed(kMarks), StateOf(), m_random.Below(12) == 0 ? 1 : 0, life.author,
+         life.created, life.updater, life.updated, life.last.person, life.last.time});
+    AddWords(site::ShapeOf(site::ListKind::Issues), ppid, id,
              {theme, life.author, life.updater, description});
 }
 

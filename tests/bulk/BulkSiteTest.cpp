@@ -62,7 +62,7 @@ std::vector<qint64> PagedIds(const site::ListShape& shape, const site::SortShape
 
 void ExpectSamePages(const site::ListFilter& filter, const QString& condition) {
     for (const site::ListKind kind :
-         {site::ListKind::kBimPhotos, site::ListKind::kPdfPhotos, site::ListKind::kIssues}) {
+         {site::ListKind::BimPhotos, site::ListKind::PdfPhotos, site::ListKind::Issues}) {
         for (const site::SortShape& sort : site::ShapeOf(kind).sorts) {
             for (const bool descending : {false, true}) {
                 EXPECT_EQ(PagedIds(site::ShapeOf(kind), sort, descending, filter),
@@ -109,7 +109,7 @@ TEST(ListQuery, PagesOfAKeywordHoldEveryRowThatHasIt) {
     filter.keyword = u"柱"_s;
     filter.state = 2;
     for (const site::ListKind kind :
-         {site::ListKind::kBimPhotos, site::ListKind::kPdfPhotos, site::ListKind::kIssues}) {
+         {site::ListKind::BimPhotos, site::ListKind::PdfPhotos, site::ListKind::Issues}) {
         const site::ListShape& shape = site::ShapeOf(kind);
         QStringList fields;
         for (const QString& column : shape.searchColumns) {
@@ -128,11 +128,11 @@ TEST(ListQuery, PagesOfALabelHoldEveryRowThatCarriesIt) {
     site::ListFilter filter;
     filter.ppids = {1, 2, 3};
     filter.labelId = 2;
-    const site::ListShape& bim = site::ShapeOf(site::ListKind::kBimPhotos);
+    const site::ListShape& bim = site::ShapeOf(site::ListKind::BimPhotos);
     EXPECT_EQ(PagedIds(bim, bim.sorts[2], false, filter),
               PlainIds(bim, bim.sorts[2], false,
                        u"id IN (SELECT photo_id FROM bim_label WHERE label_id = 2)"_s));
-    const site::ListShape& pdf = site::ShapeOf(site::ListKind::kPdfPhotos);
+    const site::ListShape& pdf = site::ShapeOf(site::ListKind::PdfPhotos);
     EXPECT_EQ(PagedIds(pdf, pdf.sorts[4], false, filter),
               PlainIds(pdf, pdf.sorts[4], false,
                        u"checkpoint_id IN (SELECT checkpoint_id FROM checkpoint_label WHERE"
@@ -142,7 +142,7 @@ TEST(ListQuery, PagesOfALabelHoldEveryRowThatCarriesIt) {
 TEST(ListQuery, EveryOrderWalksItsOwnIndexAndNothingElse) {
     site::Database& db = Bulk().folder.Db();
     for (const site::ListKind kind :
-         {site::ListKind::kBimPhotos, site::ListKind::kPdfPhotos, site::ListKind::kIssues}) {
+         {site::ListKind::BimPhotos, site::ListKind::PdfPhotos, site::ListKind::Issues}) {
         for (const site::SortShape& sort : site::ShapeOf(kind).sorts) {
             QString order;
             for (const QString& column : sort.columns) {
@@ -166,11 +166,11 @@ TEST(ListQuery, ATotalIsCountedAnewWhenAnotherProcessChangesTheData) {
     site::ListQuery query(site.folder.Db());
     site::ListFilter filter;
     filter.ppids = {1};
-    EXPECT_EQ(query.Fetch(site::ListKind::kBimPhotos, filter, {{}, 1, 30}).total, 50);
+    EXPECT_EQ(query.Fetch(site::ListKind::BimPhotos, filter, {{}, 1, 30}).total, 50);
     site::DataFolder other(site.folder.Path());
     ASSERT_FALSE(other.Open().has_value());
     other.Db().Exec(u"DELETE FROM bim_photo WHERE id <= 20"_s);
-    EXPECT_EQ(query.Fetch(site::ListKind::kBimPhotos, filter, {{}, 1, 30}).total, 30);
+    EXPECT_EQ(query.Fetch(site::ListKind::BimPhotos, filter, {{}, 1, 30}).total, 30);
 }
 
 TEST(BulkSite, TheSameSizeGivesTheSameSite) {

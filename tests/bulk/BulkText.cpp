@@ -30,8 +30,8 @@ const QStringList& People() {
 } // namespace
 
 quint64 BulkRandom::Next() {
-    state += 0x9e3779b97f4a7c15ULL;
-    quint64 z = state;
+    m_state += 0x9e3779b97f4a7c15ULL;
+    quint64 z = m_state;
     z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9ULL;
     z = (z ^ (z >> 27)) * 0x94d049bb133111ebULL;
     return z ^ (z >> 31);

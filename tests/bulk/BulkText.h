@@ -8,7 +8,7 @@ namespace bulk {
 /// The same numbers in the same order on every machine (splitmix64).
 class BulkRandom final {
 public:
-    explicit BulkRandom(quint64 seed) : state(seed) {}
+    explicit BulkRandom(quint64 seed) : m_state(seed) {}
     [[nodiscard]] quint64 Next();
     /// 0 to `count` - 1.
     [[nodiscard]] qint32 Below(qint32 count);
@@ -16,7 +16,7 @@ public:
     [[nodiscard]] qint32 Skewed(qint32 count);
 
 private:
-    quint64 state;
+    quint64 m_state;
 };
 
 [[nodiscard]] QString BulkPerson(BulkRandom& random);

@@ -34,10 +34,12 @@ ModuleFixture::ModuleFixture() {
 }
 
 ModuleFixture::~ModuleFixture() {
-    if (CVeskPicMngDlg::HasInstance())
+    if (CVeskPicMngDlg::HasInstance()) {
         Console().CloseConsole();
-    if (CBimPicViewWrap::HasInstance())
+    }
+    if (CBimPicViewWrap::HasInstance()) {
         CBimPicViewWrap::Instance().DestroyViews();
+    }
     support::RunPendingEvents();
     // They use the services, which end with the test.
     gallery::JoinDownloadWorkers();

@@ -71,11 +71,12 @@ void FillService(support::ScriptedHost& host, ConsoleMode mode, int count) {
     host.pics.pdfPics.clear();
     host.questions.issues.clear();
     for (int number = 1; number <= count; ++number) {
-        if (mode == kModeBim)
+        if (mode == kModeBim) {
             host.pics.bimPics.push_back(BimPhoto(number));
-        else if (mode == kModePdf)
+        } else if (mode == kModePdf) {
             host.pics.pdfPics.push_back(DrawingPhoto(number));
-        else
+        } else {
             host.questions.issues.push_back(Issue(number));
+        }
     }
 }

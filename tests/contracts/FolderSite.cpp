@@ -16,13 +16,13 @@ using namespace Qt::StringLiterals;
 class OtherConnection final {
 public:
     explicit OtherConnection(const QString& path) {
-        database = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"contracts-other"_s);
-        database.setDatabaseName(path);
-        EXPECT_TRUE(database.open());
+        m_database = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"contracts-other"_s);
+        m_database.setDatabaseName(path);
+        EXPECT_TRUE(m_database.open());
     }
     ~OtherConnection() {
-        database.close();
-        database = {};
+        m_database.close();
+        m_database = {};
         QSqlDatabase::removeDatabase(u"contracts-other"_s);
     }
     OtherConnection(const OtherConnection&) = delete;
@@ -33,7 +33,7 @@ public:
     void DropAllTables() {
         // Search tables first: they take tables of their own with them.
         std::vector<QString> names;
-        QSqlQuery read(database);
+        QSqlQuery read(m_database);
         EXPECT_TRUE(read.exec(u"SELECT name FROM sqlite_master WHERE type = 'table'"
                               " AND name NOT LIKE 'sqlite%' ORDER BY sql LIKE '%VIRTUAL%' DESC"_s));
         while (read.next()) {
@@ -48,134 +48,135 @@ public:
 
 private:
     void Run(const QString& sql) {
-        QSqlQuery query(database);
+        QSqlQuery query(m_database);
         EXPECT_TRUE(query.exec(sql)) << sql.toStdString();
     }
 
-    QSqlDatabase database;
+    QSqlDatabase m_database;
 };
 
 FolderSite::FolderSite() {
-    session.SetMessageSink([](host::MessageLevel, const QString&) {});
-    EXPECT_FALSE(session.Open(dir.filePath(u"site"_s), {20, true}).has_value());
-    writer = std::make_unique<site::SiteWriter>(support::FolderOf(session));
-    first = writer->AddProject(u"一号楼"_s, 2);
-    second = writer->AddProject(u"二号楼"_s);
-    workset = writer->AddWorkset(u"全部"_s, {first, second});
-    writer->AddUser(u"li"_s, {5, 21, 22, 38});
-    writer->AddUser(u"guest"_s, {});
-    writer->AddMark(1, u"质量"_s, 0x0000ff);
-    writer->AddMark(2, u"安全"_s, 0x00ff00);
-    EXPECT_TRUE(session.SignIn(u"li"_s));
-    EXPECT_TRUE(session.OpenProject(first));
-    on = {&picMng,     &questionMng,    &drawingMng, &qrCodeMng,     &richTextMng,    &authMng,
-          &actingUser, &globalData,     &pathMng,    &commonPathMng, &richPathTool,   &cacheMng,
-          nullptr,     nullptr,         &localCache, &sysMng,        &hoopsMng,       &downloadMng,
-          &uploadMng,  &backgroundMng,  &docMng,     &reportDataMng, &richEditorAuth, &recentMng,
-          &stateTool,  &silentProgress, &reportCtrl};
-    on.project = cacheMng.GetCurrentProject();
-    on.model = cacheMng.GetCurrentModel();
+    m_session.SetMessageSink([](host::MessageLevel, const QString&) {});
+    EXPECT_FALSE(m_session.Open(m_dir.filePath(u"site"_s), {20, true}).has_value());
+    m_writer = std::make_unique<site::SiteWriter>(support::FolderOf(m_session));
+    first = m_writer->AddProject(u"一号楼"_s, 2);
+    second = m_writer->AddProject(u"二号楼"_s);
+    m_workset = m_writer->AddWorkset(u"全部"_s, {first, second});
+    m_writer->AddUser(u"li"_s, {5, 21, 22, 38});
+    m_writer->AddUser(u"guest"_s, {});
+    m_writer->AddMark(1, u"质量"_s, 0x0000ff);
+    m_writer->AddMark(2, u"安全"_s, 0x00ff00);
+    EXPECT_TRUE(m_session.SignIn(u"li"_s));
+    EXPECT_TRUE(m_session.OpenProject(first));
+    on = {&m_picMng,         &m_questionMng,   &m_drawingMng,     &m_qrCodeMng, &m_richTextMng,
+          &m_authMng,        &m_actingUser,    &m_globalData,     &m_pathMng,   &m_commonPathMng,
+          &m_richPathTool,   &m_cacheMng,      nullptr,           nullptr,      &m_localCache,
+          &m_sysMng,         &m_hoopsMng,      &m_downloadMng,    &m_uploadMng, &m_backgroundMng,
+          &m_docMng,         &m_reportDataMng, &m_richEditorAuth, &m_recentMng, &m_stateTool,
+          &m_silentProgress, &m_reportCtrl};
+    on.project = m_cacheMng.GetCurrentProject();
+    on.model = m_cacheMng.GetCurrentModel();
 }
 
 FolderSite::~FolderSite() {
-    other.reset();
+    m_other.reset();
 }
 
 QString FolderSite::AddLabel(const QString& name) {
-    return QString::number(writer->AddLabel(name));
+    return QString::number(m_writer->AddLabel(name));
 }
 
 void FolderSite::AddFloor(qint32 ppid, const QString& floor) {
-    writer->AddFloor(ppid, floor);
+    m_writer->AddFloor(ppid, floor);
 }
 
 QString FolderSite::AddPosition(const site::NewPosition& position) {
-    return writer->AddPosition(position);
+    return m_writer->AddPosition(position);
 }
 
 qint32 FolderSite::AddDrawing(qint32 ppid, const QString& name) {
-    return writer->AddDrawing(ppid, name);
+    return m_writer->AddDrawing(ppid, name);
 }
 
 qint32 FolderSite::AddCheckpoint(const site::NewCheckpoint& checkpoint, const QByteArray& voice) {
-    const qint32 id = writer->AddCheckpoint(checkpoint);
+    const qint32 id = m_writer->AddCheckpoint(checkpoint);
     if (!voice.isEmpty()) {
-        writer->SetCheckpointVoice(id, {{}, voice});
+        m_writer->SetCheckpointVoice(id, {{}, voice});
     }
     return id;
 }
 
 qint32 FolderSite::AddPhoto(const site::NewBimPhoto& photo, const QByteArray& picture,
                             const QByteArray& voice) {
-    return writer->FilePhoto(photo, {{}, picture}, {{}, voice});
+    return m_writer->FilePhoto(photo, {{}, picture}, {{}, voice});
 }
 
 qint32 FolderSite::AddPdfPhoto(const site::NewPdfPhoto& photo, const QByteArray& picture) {
-    return writer->FilePdfPhoto(photo, {{}, picture});
+    return m_writer->FilePdfPhoto(photo, {{}, picture});
 }
 
 QString FolderSite::AddIssue(const site::NewIssue& issue, const QByteArray& voice) {
-    return writer->FileIssue(issue, {{}, voice});
+    return m_writer->FileIssue(issue, {{}, voice});
 }
 
 void FolderSite::AddIssuePic(const site::NewIssuePic& pic, const QByteArray& picture) {
-    writer->FileIssuePic(pic, {{}, picture});
+    m_writer->FileIssuePic(pic, {{}, picture});
 }
 
 void FolderSite::SignIn(const QString& name) {
-    EXPECT_TRUE(session.SignIn(name));
+    EXPECT_TRUE(m_session.SignIn(name));
 }
 
 void FolderSite::OpenWorkset() {
-    EXPECT_TRUE(session.OpenWorkset(workset));
+    EXPECT_TRUE(m_session.OpenWorkset(m_workset));
 }
 
 void FolderSite::CloseProject() {
-    session.CloseProject();
+    m_session.CloseProject();
 }
 
 void FolderSite::SetDrawing(const KX_DATA::CurrentDrawing& drawing) {
-    session.SetDrawing(drawing);
+    m_session.SetDrawing(drawing);
 }
 
 void FolderSite::Tick(const KX_DATA::ShownPicMarks& pics, const KX_DATA::ShownIssueMarks& issues) {
-    session.shownPicMarks = pics;
-    session.shownIssueMarks = issues;
+    m_session.shownPicMarks = pics;
+    m_session.shownIssueMarks = issues;
 }
 
 void FolderSite::SetView(bool open) {
-    session.view = open ? &view : nullptr;
+    m_session.view = open ? &m_view : nullptr;
 }
 
 std::vector<QString> FolderSite::Actions() {
     std::vector<QString> actions;
-    for (const site::LoggedAction& entry : session.Site().Catalogue().Actions(100)) {
+    for (const site::LoggedAction& entry : m_session.Site().Catalogue().Actions(100)) {
         actions.insert(actions.begin(), entry.action);
     }
     return actions;
 }
 
 void FolderSite::FailTransfers() {
-    session.SetTransfers({0, site::TransferFault::kAtStart});
+    m_session.SetTransfers({0, site::TransferFault::AtStart});
 }
 
 void FolderSite::Enter(Trouble trouble, const std::vector<std::string>& /*operations*/) {
-    const QString path = support::FolderOf(session).DatabasePath();
+    const QString path = support::FolderOf(m_session).DatabasePath();
     switch (trouble) {
     case Trouble::Closed:
-        writer.reset();
-        session.Close();
+        m_writer.reset();
+        m_session.Close();
         break;
     case Trouble::Broken:
-        other = std::make_unique<OtherConnection>(path);
-        other->DropAllTables();
+        m_other = std::make_unique<OtherConnection>(path);
+        m_other->DropAllTables();
         break;
     case Trouble::Locked:
-        other = std::make_unique<OtherConnection>(path);
-        other->BeginToWrite();
+        m_other = std::make_unique<OtherConnection>(path);
+        m_other->BeginToWrite();
         break;
     case Trouble::ReadOnly:
-        support::FolderOf(session).Db().Exec(u"PRAGMA query_only = 1"_s);
+        support::FolderOf(m_session).Db().Exec(u"PRAGMA query_only = 1"_s);
         break;
     case Trouble::Scripted:
         ADD_FAILURE() << "a real site isn't told to fail";

@@ -52,43 +52,43 @@ public:
     void Enter(Trouble trouble, const std::vector<std::string>& operations) override;
 
     /// For tests that file very much.
-    [[nodiscard]] site::SiteWriter& Writer() { return *writer; }
+    [[nodiscard]] site::SiteWriter& Writer() { return *m_writer; }
 
 private:
-    QTemporaryDir dir;
-    host::HostSession session;
-    std::unique_ptr<site::SiteWriter> writer;
-    std::unique_ptr<OtherConnection> other;
-    qint32 workset = 0;
+    QTemporaryDir m_dir;
+    host::HostSession m_session;
+    std::unique_ptr<site::SiteWriter> m_writer;
+    std::unique_ptr<OtherConnection> m_other;
+    qint32 m_workset = 0;
     // A view is a window of the client; the services only hand it on.
-    support::Script viewScript;
-    support::ScriptedView view{viewScript};
+    support::Script m_viewScript;
+    support::ScriptedView m_view{m_viewScript};
 
-    host::VeskPicMng picMng;
-    host::TNQuestionMng questionMng;
-    host::PDFDrawingMng drawingMng;
-    host::TNQRCodeMng qrCodeMng;
-    host::RichTextMsgMng richTextMng;
-    host::AuthMng authMng;
-    host::ActingUser actingUser;
-    host::GlobalData globalData;
-    host::PathMng pathMng;
-    host::CommonPathMng commonPathMng;
-    host::VeskPathTool richPathTool;
-    host::ProjCacheMng cacheMng;
-    host::LocalCacheData localCache;
-    host::SysMng sysMng;
-    host::HoopsModuleMng hoopsMng;
-    host::FilesDownloadMng downloadMng;
-    host::FilesUploadMng uploadMng;
-    host::MQFFileDownload backgroundMng;
-    host::DocMng docMng;
-    host::ReportDataMng reportDataMng;
-    host::RichEditorAuth richEditorAuth;
-    host::RecentSearchMng recentMng;
-    host::ConvertProjStateTool stateTool;
-    host::SilentProgress silentProgress;
-    host::PicReportCtrl reportCtrl;
+    host::VeskPicMng m_picMng;
+    host::TNQuestionMng m_questionMng;
+    host::PDFDrawingMng m_drawingMng;
+    host::TNQRCodeMng m_qrCodeMng;
+    host::RichTextMsgMng m_richTextMng;
+    host::AuthMng m_authMng;
+    host::ActingUser m_actingUser;
+    host::GlobalData m_globalData;
+    host::PathMng m_pathMng;
+    host::CommonPathMng m_commonPathMng;
+    host::VeskPathTool m_richPathTool;
+    host::ProjCacheMng m_cacheMng;
+    host::LocalCacheData m_localCache;
+    host::SysMng m_sysMng;
+    host::HoopsModuleMng m_hoopsMng;
+    host::FilesDownloadMng m_downloadMng;
+    host::FilesUploadMng m_uploadMng;
+    host::MQFFileDownload m_backgroundMng;
+    host::DocMng m_docMng;
+    host::ReportDataMng m_reportDataMng;
+    host::RichEditorAuth m_richEditorAuth;
+    host::RecentSearchMng m_recentMng;
+    host::ConvertProjStateTool m_stateTool;
+    host::SilentProgress m_silentProgress;
+    host::PicReportCtrl m_reportCtrl;
 };
 
 } // namespace contracts

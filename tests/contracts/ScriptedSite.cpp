@@ -49,29 +49,30 @@ void AddInUse(std::vector<KX_DATA::LabelEntry>& used,
 ScriptedSite::ScriptedSite() {
     first = 1;
     second = 2;
-    host.project.project = KX_DATA::ProjectRecord{u"一号楼"_s, first};
-    host.project.major = 2;
-    host.global.projects = {{first, u"一号楼"_s}};
-    host.global.otherProjects = {{second, u"二号楼"_s}};
-    host.marks.marks = {{1, {u"质量"_s, 0x0000ff}}, {2, {u"安全"_s, 0x00ff00}}};
-    host.pics.markTable = host.marks.marks;
-    host.pics.model.emplace();
-    host.pics.stateNames = site::StateNames();
-    host.states.states.clear();
+    m_host.project.project = KX_DATA::ProjectRecord{u"一号楼"_s, first};
+    m_host.project.major = 2;
+    m_host.global.projects = {{first, u"一号楼"_s}};
+    m_host.global.otherProjects = {{second, u"二号楼"_s}};
+    m_host.marks.marks = {{1, {u"质量"_s, 0x0000ff}}, {2, {u"安全"_s, 0x00ff00}}};
+    m_host.pics.markTable = m_host.marks.marks;
+    m_host.pics.model.emplace();
+    m_host.pics.stateNames = site::StateNames();
+    m_host.states.states.clear();
     for (qint32 state = 0; state < site::kStateCount; ++state) {
-        host.states.states[state] = site::StateName(state);
+        m_host.states.states[state] = site::StateName(state);
     }
-    host.drawings.pics = &host.pics;
-    host.pics.judges = true;
-    host.questions.judges = true;
-    host.richAuth.readOnly = true; // nothing can be written where there is no rich text
+    m_host.drawings.pics = &m_host.pics;
+    m_host.pics.judges = true;
+    m_host.questions.judges = true;
+    m_host.richAuth.readOnly = true; // nothing can be written where there is no rich text
     SignIn(u"li"_s);
-    on = {&host.pics,     &host.questions,  &host.drawings, &host.qrCodes, &host.richTexts,
-          &host.auth,     &host.auth,       &host.global,   &host.paths,   &host.paths,
-          &host.paths,    &host.project,    &host.project,  &host.project, &host.marks,
-          &host.sys,      &host.view,       &host.files,    &host.files,   &host.files,
-          &host.docs,     &host.reportData, &host.richAuth, &host.recent,  &host.states,
-          &host.progress, &host.reports};
+    on = {&m_host.pics,      &m_host.questions,  &m_host.drawings, &m_host.qrCodes,
+          &m_host.richTexts, &m_host.auth,       &m_host.auth,     &m_host.global,
+          &m_host.paths,     &m_host.paths,      &m_host.paths,    &m_host.project,
+          &m_host.project,   &m_host.project,    &m_host.marks,    &m_host.sys,
+          &m_host.view,      &m_host.files,      &m_host.files,    &m_host.files,
+          &m_host.docs,      &m_host.reportData, &m_host.richAuth, &m_host.recent,
+          &m_host.states,    &m_host.progress,   &m_host.reports};
     SetView(false);
 }
 
@@ -80,13 +81,13 @@ QString ScriptedSite::Store(const QByteArray& contents) {
         return {};
     }
     const QString uuid = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    host.files.stored[uuid] = contents;
+    m_host.files.stored[uuid] = contents;
     return uuid;
 }
 
 std::vector<KX_DATA::LabelEntry> ScriptedSite::Labels(const std::vector<qint32>& ids) const {
     std::vector<KX_DATA::LabelEntry> labels;
-    for (const KX_DATA::LabelEntry& label : host.docs.labels) {
+    for (const KX_DATA::LabelEntry& label : m_host.docs.labels) {
         if (std::find(ids.begin(), ids.end(), label.labelId.toInt()) != ids.end()) {
             labels.push_back(label);
         }
@@ -95,14 +96,14 @@ std::vector<KX_DATA::LabelEntry> ScriptedSite::Labels(const std::vector<qint32>&
 }
 
 QString ScriptedSite::AddLabel(const QString& name) {
-    const QString id = QString::number(host.docs.labels.size() + 1);
-    host.docs.labels.push_back({id, name});
-    host.pics.allLabels = host.docs.labels;
+    const QString id = QString::number(m_host.docs.labels.size() + 1);
+    m_host.docs.labels.push_back({id, name});
+    m_host.pics.allLabels = m_host.docs.labels;
     return id;
 }
 
 void ScriptedSite::AddFloor(qint32 ppid, const QString& floor) {
-    std::vector<QString>& floors = host.pics.model->floors[ppid];
+    std::vector<QString>& floors = m_host.pics.model->floors[ppid];
     const auto place = std::find_if(floors.begin(), floors.end(), [&](const QString& each) {
         return site::FloorSortKey(floor) <= site::FloorSortKey(each);
     });
@@ -115,15 +116,15 @@ QString ScriptedSite::AddPosition(const site::NewPosition& position) {
     AddFloor(position.ppid, position.floor);
     site::NewPosition added = position;
     if (added.positionKey.isEmpty()) {
-        added.positionKey = u"key-%1"_s.arg(positions.size() + 1);
+        added.positionKey = u"key-%1"_s.arg(m_positions.size() + 1);
     }
-    positions[added.positionKey] = added;
+    m_positions[added.positionKey] = added;
     if (added.valid) {
-        host.pics.model->positions.push_back(
+        m_host.pics.model->positions.push_back(
             {added.ppid, added.floor, added.axisX, added.axisY, added.positionKey});
     }
     // Axes come as the service has them: by their length, then by their text.
-    std::stable_sort(host.pics.model->positions.begin(), host.pics.model->positions.end(),
+    std::stable_sort(m_host.pics.model->positions.begin(), m_host.pics.model->positions.end(),
                      [](const auto& one, const auto& other) {
                          return std::tuple(one.axisX.size(), one.axisX, one.axisY.size(),
                                            one.axisY) < std::tuple(other.axisX.size(), other.axisX,
@@ -133,33 +134,33 @@ QString ScriptedSite::AddPosition(const site::NewPosition& position) {
 }
 
 qint32 ScriptedSite::AddDrawing(qint32 ppid, const QString& name) {
-    drawings[++lastId] = {ppid, name};
-    return lastId;
+    m_drawings[++m_lastId] = {ppid, name};
+    return m_lastId;
 }
 
 qint32 ScriptedSite::AddCheckpoint(const site::NewCheckpoint& checkpoint, const QByteArray& voice) {
-    points[++lastId] = {checkpoint, Store(voice)};
-    KX_DATA::DrawingRecord& record = host.drawings.drawings[lastId];
+    m_points[++m_lastId] = {checkpoint, Store(voice)};
+    KX_DATA::DrawingRecord& record = m_host.drawings.drawings[m_lastId];
     record.remark = checkpoint.remark;
     record.checkpointNo = checkpoint.number;
     record.description = checkpoint.description;
-    const auto mark = host.marks.marks.find(checkpoint.markId);
-    record.markColor = mark != host.marks.marks.end() ? mark->second.color : 0xFAFAFA;
-    record.markName = mark != host.marks.marks.end() ? mark->second.name : QString();
+    const auto mark = m_host.marks.marks.find(checkpoint.markId);
+    record.markColor = mark != m_host.marks.marks.end() ? mark->second.color : 0xFAFAFA;
+    record.markName = mark != m_host.marks.marks.end() ? mark->second.name : QString();
     record.position = {checkpoint.x, checkpoint.y};
     record.updateTime = site::TimeText(checkpoint.updateTime);
-    record.audioUuid = points[lastId].voice;
+    record.audioUuid = m_points[m_lastId].voice;
     for (const KX_DATA::LabelEntry& label : Labels(checkpoint.labelIds)) {
         record.labels.emplace_back(label.labelId, label.labelName);
     }
-    return lastId;
+    return m_lastId;
 }
 
 qint32 ScriptedSite::AddPhoto(const site::NewBimPhoto& photo, const QByteArray& picture,
                               const QByteArray& voice) {
-    const site::NewPosition place = positions[photo.positionKey];
+    const site::NewPosition place = m_positions[photo.positionKey];
     KX_DATA::BimPicRow row;
-    row.picId = ++lastId;
+    row.picId = ++m_lastId;
     row.ppid = photo.ppid;
     row.fileName = photo.fileName;
     row.description = photo.description;
@@ -183,15 +184,15 @@ qint32 ScriptedSite::AddPhoto(const site::NewBimPhoto& photo, const QByteArray& 
     for (const KX_DATA::LabelEntry& label : Labels(photo.labelIds)) {
         row.labelNames.push_back(label.labelName);
     }
-    host.pics.bimPics.push_back(row);
+    m_host.pics.bimPics.push_back(row);
     KX_DATA::PicFileEntry file;
     file.picId = row.picId;
     file.picUuid = row.text8;
     file.audioUuid = row.text9;
-    host.pics.files.insert(host.pics.files.begin(), file); // newest first
-    AddInUse(host.pics.bimLabels, Labels(photo.labelIds));
-    if (host.marks.marks.contains(photo.markId)) {
-        AddOnce(host.pics.usedBimMarks, photo.markId);
+    m_host.pics.files.insert(m_host.pics.files.begin(), file); // newest first
+    AddInUse(m_host.pics.bimLabels, Labels(photo.labelIds));
+    if (m_host.marks.marks.contains(photo.markId)) {
+        AddOnce(m_host.pics.usedBimMarks, photo.markId);
     }
     AddPicToPanel(row);
     return row.picId;
@@ -204,35 +205,35 @@ void ScriptedSite::AddPicToPanel(const KX_DATA::BimPicRow& row) {
     KX_DATA::PicFilterEntry entry;
     entry.name = row.floor;
     entry.id = kPicGroupId;
-    auto& entries = host.pics.filterEntries;
+    auto& entries = m_host.pics.filterEntries;
     auto found = std::find_if(entries.begin(), entries.end(),
                               [&](const auto& each) { return each.name == row.floor; });
     if (found == entries.end()) {
         found = entries.insert(entries.end(), entry);
-        host.pics.markGroups.push_back({row.floor.toStdString(), kPicGroupId, {}});
+        m_host.pics.markGroups.push_back({row.floor.toStdString(), kPicGroupId, {}});
     }
     ++found->count;
     found->values = {{row.markId, found->count}};
-    KX_DATA::PicMarkGroup& group = host.pics.markGroups[std::size_t(found - entries.begin())];
+    KX_DATA::PicMarkGroup& group = m_host.pics.markGroups[std::size_t(found - entries.begin())];
     if (group.items.empty()) {
         KX_DATA::PicMarkItem item;
         item.positionKey = row.positionKey.toStdString();
         item.itemName = row.posText.toStdString();
         item.groupId = kPicGroupId;
         item.leaves.push_back(
-            {std::to_string(row.ppid), {}, row.markId, 0, host.marks.marks[row.markId].name});
+            {std::to_string(row.ppid), {}, row.markId, 0, m_host.marks.marks[row.markId].name});
         group.items.push_back(item);
     }
     ++group.items.front().total;
     ++group.items.front().leaves.front().count;
-    host.pics.markerIds.push_back(row.picId);
+    m_host.pics.markerIds.push_back(row.picId);
 }
 
 qint32 ScriptedSite::AddPdfPhoto(const site::NewPdfPhoto& photo, const QByteArray& picture) {
-    const Point& point = points[photo.checkpointId];
-    const Drawing& drawing = drawings[point.record.drawingId];
+    const Point& point = m_points[photo.checkpointId];
+    const Drawing& drawing = m_drawings[point.record.drawingId];
     KX_DATA::PdfPicRecord row;
-    row.picId = kFirstPdfPhoto + qint32(host.pics.pdfPics.size());
+    row.picId = kFirstPdfPhoto + qint32(m_host.pics.pdfPics.size());
     row.ppid = drawing.ppid;
     // The record's names are crossed: its drawing is the point, its checkpoint the drawing.
     row.drawingId = photo.checkpointId;
@@ -251,36 +252,36 @@ qint32 ScriptedSite::AddPdfPhoto(const site::NewPdfPhoto& photo, const QByteArra
     row.uploadTime = site::TimeText(photo.uploadTime);
     row.updaterName = photo.updater;
     row.updateTime = site::TimeText(photo.updateTime);
-    host.pics.pdfPics.push_back(row);
+    m_host.pics.pdfPics.push_back(row);
     const bool unchanged = photo.updateTime == 0;
-    host.pics.checkpointPics[row.picId] = {row.fileName,
-                                           row.description,
-                                           {},
-                                           {},
-                                           0,
-                                           {},
-                                           photo.uploader,
-                                           row.uploadTime,
-                                           unchanged ? photo.uploader : photo.updater,
-                                           unchanged ? row.uploadTime : row.updateTime};
+    m_host.pics.checkpointPics[row.picId] = {row.fileName,
+                                             row.description,
+                                             {},
+                                             {},
+                                             0,
+                                             {},
+                                             photo.uploader,
+                                             row.uploadTime,
+                                             unchanged ? photo.uploader : photo.updater,
+                                             unchanged ? row.uploadTime : row.updateTime};
     KX_DATA::PicFileEntry file;
     file.picId = row.picId;
     file.picUuid = row.text1;
     file.audioUuid = row.text2;
-    host.pics.files.push_back(file);
+    m_host.pics.files.push_back(file);
     if (row.status == KX_DATA::kStatusShown) {
-        host.drawings.drawings[photo.checkpointId].pics.push_back({row.picId, 0, 0, row.text1});
+        m_host.drawings.drawings[photo.checkpointId].pics.push_back({row.picId, 0, 0, row.text1});
     }
-    AddInUse(host.pics.pdfLabels, row.labels);
-    if (host.marks.marks.contains(row.markId)) {
-        AddOnce(host.pics.usedPdfMarks, row.markId);
+    AddInUse(m_host.pics.pdfLabels, row.labels);
+    if (m_host.marks.marks.contains(row.markId)) {
+        AddOnce(m_host.pics.usedPdfMarks, row.markId);
     }
     return row.picId;
 }
 
 QString ScriptedSite::AddIssue(const site::NewIssue& issue, const QByteArray& voice) {
     KX_DATA::IssueRow row;
-    row.questionId = issue.questionId.isEmpty() ? u"issue-%1"_s.arg(++lastId) : issue.questionId;
+    row.questionId = issue.questionId.isEmpty() ? u"issue-%1"_s.arg(++m_lastId) : issue.questionId;
     row.theme = issue.theme;
     row.description = issue.description;
     row.floor = issue.floor;
@@ -294,20 +295,20 @@ QString ScriptedSite::AddIssue(const site::NewIssue& issue, const QByteArray& vo
     row.updaterName = issue.updater;
     row.updateTime = issue.updateTime != 0 ? issue.updateTime : issue.createTime;
     row.ppid = issue.ppid;
-    host.questions.issues.push_back(row);
-    KX_DATA::QuestionDetail& detail = host.questions.details[row.questionId];
+    m_host.questions.issues.push_back(row);
+    KX_DATA::QuestionDetail& detail = m_host.questions.details[row.questionId];
     detail.componentHandle = issue.componentHandle;
     detail.componentSubName = issue.componentSubName;
     detail.voiceUuid = Store(voice);
     detail.voiceMd5 = voice.isEmpty() ? QString() : Md5Of(voice);
     detail.voiceState = voice.isEmpty() ? 0 : 1;
-    KX_DATA::RectifyRecord& rectification = host.questions.rectifications[row.questionId];
+    KX_DATA::RectifyRecord& rectification = m_host.questions.rectifications[row.questionId];
     rectification.questionId = row.questionId;
     rectification.rectifyText = issue.rectifyText;
     rectification.rectifierName = issue.rectifier;
     rectification.state = issue.state;
-    if (host.marks.marks.contains(issue.markId)) {
-        AddOnce(host.questions.usedMarks, issue.markId);
+    if (m_host.marks.marks.contains(issue.markId)) {
+        AddOnce(m_host.questions.usedMarks, issue.markId);
     }
     AddIssueToPanel(row);
     return row.questionId;
@@ -317,8 +318,8 @@ void ScriptedSite::AddIssueToPanel(const KX_DATA::IssueRow& row) {
     if (row.status != KX_DATA::kStatusShown || row.ppid != first) {
         return;
     }
-    auto& groups = host.questions.markGroups;
-    auto& entries = host.questions.filterEntries;
+    auto& groups = m_host.questions.markGroups;
+    auto& entries = m_host.questions.filterEntries;
     if (groups.empty() || groups.back().name != row.floor) {
         groups.push_back({row.floor, row.ppid, 0, {}});
         entries.push_back({qint32(entries.size()) + 1, 0, row.floor, {}});
@@ -343,53 +344,53 @@ void ScriptedSite::AddIssuePic(const site::NewIssuePic& pic, const QByteArray& p
     record.thumbUuid = record.fileUuid;
     record.thumbMd5 = record.fileMd5;
     record.thumbSize = record.fileSize;
-    (pic.rectification ? host.questions.rectifications[pic.questionId].pics
-                       : host.questions.pics[pic.questionId])
+    (pic.rectification ? m_host.questions.rectifications[pic.questionId].pics
+                       : m_host.questions.pics[pic.questionId])
         .push_back(record);
 }
 
 void ScriptedSite::SignIn(const QString& name) {
-    host.auth.userName = name.toStdString();
-    host.pics.changer = name;
-    host.auth.rights = name == u"li"_s ? std::set<qint32>{5, 21, 22, 38} : std::set<qint32>{};
+    m_host.auth.userName = name.toStdString();
+    m_host.pics.changer = name;
+    m_host.auth.rights = name == u"li"_s ? std::set<qint32>{5, 21, 22, 38} : std::set<qint32>{};
 }
 
 void ScriptedSite::OpenWorkset() {
-    host.OpenWorkset({{first, u"一号楼"_s}, {second, u"二号楼"_s}});
+    m_host.OpenWorkset({{first, u"一号楼"_s}, {second, u"二号楼"_s}});
 }
 
 void ScriptedSite::CloseProject() {
-    host.project.project.reset();
-    host.project.drawing = {};
-    host.project.major = 0;
-    host.project.shownPicMarks.clear();
-    host.project.shownIssueMarks.clear();
-    host.global.worksetMode = false;
-    host.global.otherProjects = {{first, u"一号楼"_s}, {second, u"二号楼"_s}};
-    host.global.projects.clear();
+    m_host.project.project.reset();
+    m_host.project.drawing = {};
+    m_host.project.major = 0;
+    m_host.project.shownPicMarks.clear();
+    m_host.project.shownIssueMarks.clear();
+    m_host.global.worksetMode = false;
+    m_host.global.otherProjects = {{first, u"一号楼"_s}, {second, u"二号楼"_s}};
+    m_host.global.projects.clear();
 }
 
 void ScriptedSite::SetDrawing(const KX_DATA::CurrentDrawing& drawing) {
-    host.project.drawing = drawing;
+    m_host.project.drawing = drawing;
 }
 
 void ScriptedSite::Tick(const KX_DATA::ShownPicMarks& pics,
                         const KX_DATA::ShownIssueMarks& issues) {
-    host.project.shownPicMarks = pics;
-    host.project.shownIssueMarks = issues;
+    m_host.project.shownPicMarks = pics;
+    m_host.project.shownIssueMarks = issues;
 }
 
 void ScriptedSite::SetView(bool open) {
     if (open) {
-        host.script.Succeed("GetView");
+        m_host.script.Succeed("GetView");
     } else {
-        host.script.FailAlways("GetView");
+        m_host.script.FailAlways("GetView");
     }
 }
 
 std::vector<QString> ScriptedSite::Actions() {
     std::vector<QString> actions;
-    for (const std::string& line : host.script.log.LinesOf({"WriteActionLog"})) {
+    for (const std::string& line : m_host.script.log.LinesOf({"WriteActionLog"})) {
         const QString text = QString::fromStdString(line);
         const qsizetype begin = text.indexOf(u'(') + 1;
         actions.push_back(text.mid(begin, text.size() - begin - 1));
@@ -398,13 +399,13 @@ std::vector<QString> ScriptedSite::Actions() {
 }
 
 void ScriptedSite::FailTransfers() {
-    host.files.stored.clear();
+    m_host.files.stored.clear();
 }
 
 void ScriptedSite::Enter(Trouble trouble, const std::vector<std::string>& operations) {
     EXPECT_EQ(int(trouble), int(Trouble::Scripted)) << "a double is told to fail";
     for (const std::string& operation : operations) {
-        host.script.FailAlways(operation);
+        m_host.script.FailAlways(operation);
     }
 }
 

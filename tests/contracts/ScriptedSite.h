@@ -47,12 +47,12 @@ private:
     void AddPicToPanel(const KX_DATA::BimPicRow& row);
     void AddIssueToPanel(const KX_DATA::IssueRow& row);
 
-    support::ScriptedHost host;
-    std::map<QString, bool> positionIsValid;
-    std::map<qint32, Drawing> drawings;
-    std::map<qint32, Point> points;
-    std::map<QString, site::NewPosition> positions;
-    qint32 lastId = 0;
+    support::ScriptedHost m_host;
+    std::map<QString, bool> m_positionIsValid;
+    std::map<qint32, Drawing> m_drawings;
+    std::map<qint32, Point> m_points;
+    std::map<QString, site::NewPosition> m_positions;
+    qint32 m_lastId = 0;
 };
 
 } // namespace contracts

@@ -48,7 +48,7 @@ public:
     template <class Value> Value AnyOf(const std::vector<Value>& values) {
         return values[std::size_t(Below(int(values.size())))];
     }
-    int Below(int count) { return std::uniform_int_distribution<int>(0, count - 1)(random); }
+    int Below(int count) { return std::uniform_int_distribution<int>(0, count - 1)(m_random); }
     bool OneIn(int count) { return Below(count) == 0; }
 
     FolderSite site;
@@ -88,7 +88,7 @@ private:
             for (const QString& x : {u"A"_s, u"B"_s}) {
                 if (!floor.isEmpty()) {
                     keys.push_back(site.AddPosition({ppid, floor, x, u"1"_s, {}, true}));
-                    places[keys.back()] = {ppid, floor, x + u"/1"_s};
+                    m_places[keys.back()] = {ppid, floor, x + u"/1"_s};
                 }
             }
         }
@@ -102,7 +102,7 @@ private:
                 point.labelIds = SomeLabels();
                 points.push_back(point);
                 pointIds.push_back(site.AddCheckpoint(point, {}));
-                pointPlaces.push_back({ppid, name, {}});
+                m_pointPlaces.push_back({ppid, name, {}});
             }
         }
     }
@@ -133,13 +133,13 @@ private:
         FillCommon(photo, record);
         photo.ppid = AnyOf<qint32>({site.first, site.second});
         const QString key = AnyOf(keys);
-        if (places[key].ppid == photo.ppid) {
+        if (m_places[key].ppid == photo.ppid) {
             photo.positionKey = key;
             record.presetKey = key;
-            record.place = places[key].text;
+            record.place = m_places[key].text;
         }
         record.floorSort =
-            site::FloorSortKey(photo.positionKey.isEmpty() ? QString() : places[key].floor);
+            site::FloorSortKey(photo.positionKey.isEmpty() ? QString() : m_places[key].floor);
         photo.fileName = SomeText() + u".jpg"_s;
         photo.markId = record.markId = 1 + Below(3);
         photo.labelIds = record.labelIds = SomeLabels();
@@ -163,8 +163,8 @@ private:
         record.markId = points[place].markId;
         record.labelIds = points[place].labelIds;
         record.drawingId = points[place].drawingId;
-        record.drawingName = pointPlaces[place].floor;
-        record.ppid = pointPlaces[place].ppid;
+        record.drawingName = m_pointPlaces[place].floor;
+        record.ppid = m_pointPlaces[place].ppid;
         photo.fileName = SomeText() + u".jpg"_s;
         photo.uploader = Person();
         photo.uploadTime = Time();
@@ -202,9 +202,9 @@ private:
         QString floor;
         QString text;
     };
-    std::mt19937 random{kSeed};
-    std::map<QString, Place> places;
-    std::vector<Place> pointPlaces; ///< with the drawing's name for the floor
+    std::mt19937 m_random{kSeed};
+    std::map<QString, Place> m_places;
+    std::vector<Place> m_pointPlaces; ///< with the drawing's name for the floor
 };
 
 const std::vector<QString>& SortFields(Kind kind) {

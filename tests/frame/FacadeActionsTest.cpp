@@ -293,8 +293,9 @@ TEST_F(FacadeActionsTest, WithoutASinkNotificationsAreSkippedWithALine) {
     Facade().Sink().SelectPictureMark(u"1"_s, 2, 3);
     Facade().Sink().RefreshPdfMarks();
     for (const QString& skipped : {u"RefreshBimMarks"_s, u"RefreshTNMarks"_s, u"RefreshPdfMarks"_s,
-                                   u"SelectCheckpoint 500"_s, u"SelectPictureMark 1 2 3"_s})
+                                   u"SelectCheckpoint 500"_s, u"SelectPictureMark 1 2 3"_s}) {
         EXPECT_EQ(ModuleLog().count(u"跳过："_s + skipped), 1) << skipped.toStdString();
+    }
 }
 
 TEST_F(FacadeActionsTest, AFloorThatLooksLikeAPlaceholderIsLoggedAsItIs) {

@@ -30,8 +30,9 @@ TEST_F(FacadeConsoleTest, DialogsReachTheFacadeThatLives) {
 }
 
 TEST_F(FacadeConsoleTest, OpeningAlwaysAnswersOne) {
-    for (const qint32 kind : {1, 2, 3, 1})
+    for (const qint32 kind : {1, 2, 3, 1}) {
         EXPECT_EQ(Facade().ShowPicMng(kind), 1);
+    }
     host.script.FailAlways("QueryBimPics");
     EXPECT_EQ(Facade().ShowPicMng(1), 1);
 }
@@ -97,8 +98,10 @@ TEST_F(FacadeConsoleTest, WithoutASinkTheConsoleOpensAndTheLogSaysWhatWasSkipped
     Facade().ShowPicMng(3);
     EXPECT_TRUE(Console().HasWindow());
     EXPECT_THAT(Log().LinesOf({"RefreshBimMarks", "RefreshPdfMarks", "RefreshTNMarks"}), IsEmpty());
-    for (const QString& skipped : {u"RefreshPdfMarks"_s, u"RefreshBimMarks"_s, u"RefreshTNMarks"_s})
+    for (const QString& skipped :
+         {u"RefreshPdfMarks"_s, u"RefreshBimMarks"_s, u"RefreshTNMarks"_s}) {
         EXPECT_EQ(ModuleLog().count(skipped), 1) << skipped.toStdString();
+    }
 }
 
 TEST_F(FacadeConsoleTest, WithoutAProjectTheConsoleOpens) {

@@ -50,8 +50,9 @@ TEST_F(MarkDataTest, AFailingServiceLeavesTheLastPhotosAndNoIssues) {
     FetchPhotos();
     FetchIssues();
     ASSERT_EQ(entries.size(), 1U);
-    for (const char* call : {"GetBimPicFilterGroups", "GetIssueFilterList"})
+    for (const char* call : {"GetBimPicFilterGroups", "GetIssueFilterList"}) {
         host.script.FailNext(call);
+    }
     FetchPhotos();
     EXPECT_EQ(entries.size(), 1U);
     FetchIssues();

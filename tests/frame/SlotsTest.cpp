@@ -47,8 +47,9 @@ TEST(Slots, TheTwentyTwoOperationsOfTheFacadeBeginTheTable) {
         SlotOf(&IKXVeskPicture::OnIssueMessage),  SlotOf(&IKXVeskPicture::ShowIssuePopups),
         SlotOf(&IKXVeskPicture::LocateIssue),     SlotOf(&IKXVeskPicture::ShowIssueView)};
     ASSERT_EQ(places.size(), 22U);
-    for (size_t place = 0; place < places.size(); ++place)
+    for (size_t place = 0; place < places.size(); ++place) {
         EXPECT_EQ(places[place], place);
+    }
 }
 
 TEST(Slots, TheDataProviderAndWhatTheHostHandsInHaveNoDestructorInFront) {

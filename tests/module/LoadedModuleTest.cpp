@@ -39,8 +39,9 @@ template <class Interface> Interface* Call(const char* function) {
 
 QWidget* WindowWithTitle(const QString& title) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->isVisible() && window->windowTitle() == title)
+        if (window->isVisible() && window->windowTitle() == title) {
             return window;
+        }
     }
     return nullptr;
 }
@@ -66,8 +67,9 @@ protected:
 
     void ChangeProject() {
         for (KXFRAME::IBaseObs* observer : hub.observers) {
-            if (auto* change = dynamic_cast<KXFRAME::IProjChangeObs*>(observer))
+            if (auto* change = dynamic_cast<KXFRAME::IProjChangeObs*>(observer)) {
                 change->OnProjChange();
+            }
         }
     }
 
@@ -154,12 +156,14 @@ TEST_F(LoadedModule, SurvivesAHostWithoutSink) {
 }
 
 TEST_F(LoadedModule, SurvivesAHostWhoseEveryQueryFails) {
-    for (const char* operation : {"QueryBimPics", "QueryPdfPics", "QueryIssues"})
+    for (const char* operation : {"QueryBimPics", "QueryPdfPics", "QueryIssues"}) {
         host.script.FailAlways(operation);
+    }
     for (const qint32 kind :
          {ZelvorNRQ_KXVeskPicture::kBimPhotos, ZelvorNRQ_KXVeskPicture::kDrawingPhotos,
-          ZelvorNRQ_KXVeskPicture::kIssues})
+          ZelvorNRQ_KXVeskPicture::kIssues}) {
         EXPECT_EQ(picture->ShowPicMng(kind), 1);
+    }
     EXPECT_EQ(host.Log().LinesOf({"QueryBimPics", "QueryPdfPics", "QueryIssues"}).size(), 3U);
     EXPECT_NE(WindowWithTitle(u"TN问题管理"_s), nullptr);
 }

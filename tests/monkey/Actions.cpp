@@ -50,8 +50,9 @@ Qt::KeyboardModifiers ModifiersFor(const Deed& deed) {
 void DoMouse(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     QWidget* widget = WidgetFor(deed, WindowFor(deed));
-    if (widget == nullptr)
+    if (widget == nullptr) {
         return;
+    }
     const QPoint place = PlaceFor(deed, *widget);
     Tell(TextOf(widget) + PlaceText(place));
     switch (deed.kind) {
@@ -80,38 +81,44 @@ void DoMouse(const Deed& deed, const Surroundings& surroundings) {
 void DoCell(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     const QWidget* window = WindowFor(deed);
-    if (window == nullptr)
+    if (window == nullptr) {
         return;
+    }
     QList<QAbstractItemView*> views = window->findChildren<QAbstractItemView*>();
     views.removeIf([window](const QAbstractItemView* view) {
         return view->window() != window || !CanReach(view) || view->model() == nullptr ||
                view->model()->rowCount() == 0;
     });
-    if (views.isEmpty())
+    if (views.isEmpty()) {
         return;
+    }
     const QAbstractItemView* view = views[deed.Of(2, views.size())];
     QWidget* viewport = view->viewport();
     const QModelIndex cell =
         view->indexAt(QPoint(deed.Of(4, viewport->width()), deed.Of(5, viewport->height())));
-    if (!cell.isValid() || !CanReach(viewport))
+    if (!cell.isValid() || !CanReach(viewport)) {
         return;
+    }
     const QPoint place = view->visualRect(cell).center();
     Tell(u"%1 row %2 column %3"_s.arg(TextOf(view)).arg(cell.row()).arg(cell.column()));
-    if (deed.Chance(3, kSometimes))
+    if (deed.Chance(3, kSometimes)) {
         DoubleClick(viewport, place, {});
-    else
+    } else {
         Click(viewport, place, {Qt::LeftButton, ModifiersFor(deed)});
+    }
 }
 
 void DoFlag(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     const auto* client = qobject_cast<host::MainWindow*>(ClientWindow());
-    if (client == nullptr)
+    if (client == nullptr) {
         return;
+    }
     host::FloorPlanCanvas& canvas = client->Plan().Canvas();
     const auto& boxes = canvas.FlagsLayout().boxes;
-    if (boxes.empty() || !CanReach(&canvas))
+    if (boxes.empty() || !CanReach(&canvas)) {
         return;
+    }
     const QPoint place = boxes[size_t(deed.Of(1, qsizetype(boxes.size())))].rect.center().toPoint();
     Tell(u"flag"_s + PlaceText(place));
     Click(&canvas, place, {deed.Chance(2, kSometimes) ? Qt::RightButton : Qt::LeftButton, {}});
@@ -120,8 +127,9 @@ void DoFlag(const Deed& deed, const Surroundings& surroundings) {
 void DoType(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     QWidget* window = WindowFor(deed);
-    if (window == nullptr)
+    if (window == nullptr) {
         return;
+    }
     const QString& text = Texts()[deed.Of(3, Texts().size())];
     Tell(u"'%1' into %2"_s.arg(text.left(40), TextOf(window)));
     Type(window, text);
@@ -138,27 +146,32 @@ bool TakesText(const QWidget* widget, const QWidget* window) {
 void DoEdit(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     const QWidget* window = WindowFor(deed);
-    if (window == nullptr)
+    if (window == nullptr) {
         return;
+    }
     QList<QWidget*> fields = window->findChildren<QWidget*>();
     fields.removeIf([window](const QWidget* widget) { return !TakesText(widget, window); });
-    if (fields.isEmpty())
+    if (fields.isEmpty()) {
         return;
+    }
     const QPointer<QWidget> field(fields[deed.Of(2, fields.size())]);
     const QString& text = ShortTexts()[deed.Of(3, ShortTexts().size())];
     Tell(u"'%1' into %2 of %3"_s.arg(text, TextOf(field->parentWidget()), TextOf(field)));
     Click(field, {deed.Of(4, field->width()), field->height() / 2}, {});
-    if (!field.isNull() && deed.Chance(5, kOften))
+    if (!field.isNull() && deed.Chance(5, kOften)) {
         PressKey(field, Qt::Key_Backspace, {});
-    if (!field.isNull())
+    }
+    if (!field.isNull()) {
         Type(field, text);
+    }
 }
 
 void DoKey(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     QWidget* window = WindowFor(deed);
-    if (window == nullptr)
+    if (window == nullptr) {
         return;
+    }
     const KeyPress& press = Keys()[size_t(deed.Of(3, qsizetype(Keys().size())))];
     Tell(QKeySequence(press.modifiers | press.key).toString() + u" into "_s + TextOf(window));
     PressKey(window, press.key, press.modifiers);
@@ -169,17 +182,19 @@ void DoShortcut(const Deed& deed, const Surroundings& surroundings) {
     QWidget* client = ClientWindow();
     const auto& rows = host::CommandTable();
     const host::CommandRow& row = rows[size_t(deed.Of(3, qsizetype(rows.size())))];
-    const bool quits = row.command == host::Command::kQuit && !deed.Chance(4, kSeldom);
-    if (client == nullptr || !CanReach(client) || row.key.isEmpty() || quits)
+    const bool quits = row.command == host::Command::Quit && !deed.Chance(4, kSeldom);
+    if (client == nullptr || !CanReach(client) || row.key.isEmpty() || quits) {
         return;
+    }
     Tell(row.text);
     PressKey(client, row.key[0].key(), row.key[0].keyboardModifiers());
 }
 
 void CloseIt(const Deed& deed, QWidget* window) {
     // Without its main window the client ends, and the next one begins.
-    if (window == ClientWindow() && !deed.Chance(4, kSeldom))
+    if (window == ClientWindow() && !deed.Chance(4, kSeldom)) {
         return;
+    }
     Tell(TextOf(window));
     tour::CloseWindow(window);
 }
@@ -187,14 +202,16 @@ void CloseIt(const Deed& deed, QWidget* window) {
 void DoWindow(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     QWidget* window = WindowFor(deed);
-    if (window == nullptr)
+    if (window == nullptr) {
         return;
+    }
     if (deed.kind == Kind::Close) {
         CloseIt(deed, window);
         return;
     }
-    if (window->windowType() == Qt::Popup)
+    if (window->windowType() == Qt::Popup) {
         return;
+    }
     Tell(TextOf(window));
     switch (deed.kind) {
     case Kind::Resize:
@@ -221,12 +238,14 @@ void DoTaskBar(const Deed& deed, const Surroundings& surroundings) {
     windows.removeIf([](const QWidget* window) {
         return window->windowType() == Qt::Popup || !tour::CanReach(window);
     });
-    if (windows.isEmpty())
+    if (windows.isEmpty()) {
         return;
+    }
     QWidget* window = windows[deed.Of(1, windows.size())];
     Tell(TextOf(window));
-    if (deed.kind == Kind::Restore)
+    if (deed.kind == Kind::Restore) {
         window->showNormal();
+    }
     window->raise();
     window->activateWindow();
 }
@@ -235,8 +254,9 @@ void DoProject(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     const QWidget* client = ClientWindow();
     auto* combo = client == nullptr ? nullptr : client->findChild<QComboBox*>(u"projectChoice"_s);
-    if (combo == nullptr || combo->count() == 0 || !CanReach(combo))
+    if (combo == nullptr || combo->count() == 0 || !CanReach(combo)) {
         return;
+    }
     const QString entry = combo->itemText(deed.Of(1, combo->count()));
     Tell(entry);
     tour::ChooseInCombo(combo, entry);
@@ -247,23 +267,27 @@ void DoNeighbour(const Deed& deed, const Surroundings& surroundings) {
 }
 
 void DoTransfers(const Deed& deed, const Surroundings& surroundings) {
-    if (surroundings.changeTransfers)
+    if (surroundings.changeTransfers) {
         Tell(surroundings.changeTransfers(deed));
+    }
 }
 
 void DoDrop(const Deed& deed, const Surroundings& surroundings) {
     QWidget* client = ClientWindow();
-    if (client == nullptr)
+    if (client == nullptr) {
         return;
+    }
     QStringList paths;
     const QFileInfoList files =
         QDir(surroundings.dropFolder).entryInfoList(QDir::Files, QDir::Name);
     for (const QFileInfo& file : files) {
-        if (paths.size() <= deed.Of(1, 4))
+        if (paths.size() <= deed.Of(1, 4)) {
             paths << file.absoluteFilePath();
+        }
     }
-    if (deed.Chance(2, kSometimes))
+    if (deed.Chance(2, kSometimes)) {
         paths = QStringList{surroundings.dropFolder};
+    }
     Tell(u"%1 paths"_s.arg(paths.size()));
     tour::DropPaths(client, paths);
 }
@@ -290,8 +314,9 @@ void Act(const Deed& deed, const Surroundings& surroundings) {
     // Written before it is done: it may be the last.
     Note(u"#%1 %2"_s.arg(deed.number).arg(NameOf(deed.kind)));
     const auto way = Ways().find(deed.kind);
-    if (way != Ways().end())
+    if (way != Ways().end()) {
         way->second(deed, surroundings);
+    }
 }
 
 } // namespace monkey

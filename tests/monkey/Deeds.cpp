@@ -47,8 +47,9 @@ const std::vector<KindRow>& KindTable() {
 
 QString NameOf(Kind kind) {
     for (const KindRow& row : KindTable()) {
-        if (row.kind == kind)
+        if (row.kind == kind) {
             return row.name;
+        }
     }
     return {};
 }
@@ -66,11 +67,13 @@ Deed DeedAt(quint64 seed, int number) {
     for (const KindRow& row : rows) {
         deed.kind = row.kind;
         left -= row.weight;
-        if (left < 0)
+        if (left < 0) {
             break;
+        }
     }
-    for (quint32& die : deed.dice)
+    for (quint32& die : deed.dice) {
         die = quint32(generator());
+    }
     return deed;
 }
 
@@ -116,8 +119,9 @@ const std::vector<KeyPress>& Keys() {
               Qt::Key_PageDown, Qt::Key_F1,        Qt::Key_F2,     Qt::Key_F4,   Qt::Key_F5,
               Qt::Key_F10,      Qt::Key_Menu,      Qt::Key_Insert, Qt::Key_Plus, Qt::Key_Minus}) {
             made.push_back({key, Qt::NoModifier});
-            if (key >= Qt::Key_Escape && key <= Qt::Key_PageDown)
+            if (key >= Qt::Key_Escape && key <= Qt::Key_PageDown) {
                 made.push_back({key, Qt::ShiftModifier});
+            }
         }
         for (int letter = Qt::Key_A; letter <= Qt::Key_Z; ++letter) {
             made.push_back({Qt::Key(letter), Qt::AltModifier});
@@ -141,10 +145,12 @@ bool ReadNumbers(const QString& words, std::vector<int>& numbers) {
         bool last = false;
         const int from = part.section(u'-', 0, 0).toInt(&first);
         const int to = part.section(u'-', -1).toInt(&last);
-        if (!first || !last || from > to)
+        if (!first || !last || from > to) {
             return false;
-        for (int number = from; number <= to; ++number)
+        }
+        for (int number = from; number <= to; ++number) {
             numbers.push_back(number);
+        }
     }
     return true;
 }

@@ -28,11 +28,13 @@ TEST(Deeds, OfAnotherSeedOrNumberAreOthers) {
 TEST(Deeds, OfEveryKindComeAboutAsOftenAsTheTableSays) {
     constexpr int kCount = 20'000;
     std::map<Kind, int> counts;
-    for (int number = 1; number <= kCount; ++number)
+    for (int number = 1; number <= kCount; ++number) {
         ++counts[DeedAt(3, number).kind];
+    }
     int weights = 0;
-    for (const KindRow& row : KindTable())
+    for (const KindRow& row : KindTable()) {
         weights += row.weight;
+    }
     for (const KindRow& row : KindTable()) {
         const double wanted = double(kCount) * row.weight / weights;
         EXPECT_NEAR(counts[row.kind], wanted, wanted / 3) << row.name.toStdString();
@@ -66,8 +68,9 @@ TEST(Deeds, NumbersAreReadFromTheCommandLine) {
     EXPECT_THAT(numbers, ElementsAre(3, 4, 5, 9));
     EXPECT_TRUE(ReadNumbers(QString(), numbers));
     EXPECT_TRUE(numbers.empty());
-    for (const QString& wrong : {u"x"_s, u"5-3"_s, u"1-"_s})
+    for (const QString& wrong : {u"x"_s, u"5-3"_s, u"1-"_s}) {
         EXPECT_FALSE(ReadNumbers(wrong, numbers)) << wrong.toStdString();
+    }
 }
 
 } // namespace

@@ -53,16 +53,18 @@ void PrintStack() {
 
 void OnMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
     Q_UNUSED(context);
-    if (Counts(type, message))
+    if (Counts(type, message)) {
         TellFault(message);
+    }
 }
 
 } // namespace
 
 const char* ReasonToAllow(const QString& message) {
     for (const Allowed& row : kAllowed) {
-        if (message.contains(QLatin1String(row.part)))
+        if (message.contains(QLatin1String(row.part))) {
             return row.reason;
+        }
     }
     return nullptr;
 }
@@ -74,8 +76,9 @@ bool Counts(QtMsgType type, const QString& message) {
 
 void OpenHistory(quint64 seed, const QString& file) {
     TheHistory().seed = seed;
-    if (!file.isEmpty())
+    if (!file.isEmpty()) {
         TheHistory().file = std::fopen(file.toLocal8Bit().constData(), "w");
+    }
 }
 
 void Note(const QString& line) {
@@ -95,8 +98,9 @@ void PrintHistory() {
     const size_t count = history.count;
     std::fprintf(stderr, "\nmonkey: seed %llu, the last deeds:\n",
                  static_cast<unsigned long long>(history.seed));
-    for (size_t at = count > kLines ? count - kLines : 0; at < count; ++at)
+    for (size_t at = count > kLines ? count - kLines : 0; at < count; ++at) {
         std::fprintf(stderr, "  %s\n", history.lines[at % kLines].data());
+    }
     std::fflush(stderr);
 }
 
@@ -112,8 +116,9 @@ void TellFault(const QString& what) {
     static std::set<QString> told;
     const std::lock_guard guard(mutex);
     ++faults;
-    if (!told.insert(what).second)
+    if (!told.insert(what).second) {
         return;
+    }
     PrintHistory();
     std::fprintf(stderr, "monkey: FAULT: %s\n", qUtf8Printable(what));
     PrintStack();

@@ -25,8 +25,9 @@ TEST(Faults, WhatAPlatformLacksIsAllowedForAReason) {
 
 TEST(Faults, AreToldWithSeedAndTheLastDeedsTheSameOneOnce) {
     OpenHistory(4711, {});
-    for (int number = 1; number <= 100; ++number)
+    for (int number = 1; number <= 100; ++number) {
         Note(u"#%1 click"_s.arg(number));
+    }
     testing::internal::CaptureStderr();
     TellFault(u"something"_s);
     TellFault(u"something"_s);

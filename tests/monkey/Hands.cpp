@@ -47,8 +47,9 @@ struct MouseStep {
 
 /// False once the widget is gone or out of sight.
 bool Send(const QPointer<QWidget>& widget, const QPoint& place, const MouseStep& step) {
-    if (widget.isNull() || !widget->isVisible() || widget->window()->windowHandle() == nullptr)
+    if (widget.isNull() || !widget->isVisible() || widget->window()->windowHandle() == nullptr) {
         return false;
+    }
     QWidget* top = widget->window();
     const QPoint local = widget->mapTo(top, place);
     qt_handleMouseEvent(top->windowHandle(), local, top->mapToGlobal(local), step.held, step.button,
@@ -59,20 +60,23 @@ bool Send(const QPointer<QWidget>& widget, const QPoint& place, const MouseStep&
 void SendClick(const QPointer<QWidget>& widget, const QPoint& place, const Press& press,
                int after) {
     const Qt::MouseButton button = press.button;
-    if (Send(widget, place, {QEvent::MouseButtonPress, button, button, press.modifiers, after}))
+    if (Send(widget, place, {QEvent::MouseButtonPress, button, button, press.modifiers, after})) {
         Send(widget, place, {QEvent::MouseButtonRelease, {}, button, press.modifiers, 1});
+    }
 }
 
 void Activate(QWidget* widget) {
     QWidget* top = widget->window();
-    if (!top->isActiveWindow() && top->windowType() != Qt::Popup)
+    if (!top->isActiveWindow() && top->windowType() != Qt::Popup) {
         top->activateWindow();
+    }
 }
 
 void Commit(const QString& text) {
     QWidget* target = QApplication::focusWidget();
-    if (target == nullptr || !target->testAttribute(Qt::WA_InputMethodEnabled))
+    if (target == nullptr || !target->testAttribute(Qt::WA_InputMethodEnabled)) {
         return;
+    }
     QInputMethodEvent event;
     event.setCommitString(text);
     QApplication::sendEvent(target, &event);
@@ -80,11 +84,13 @@ void Commit(const QString& text) {
 
 void SendKey(const QPointer<QWindow>& window, Qt::Key key, Qt::KeyboardModifiers modifiers,
              const QString& text) {
-    if (window.isNull())
+    if (window.isNull()) {
         return;
+    }
     qt_handleKeyEvent(window, QEvent::KeyPress, key, modifiers, text, false, 1);
-    if (!window.isNull())
+    if (!window.isNull()) {
         qt_handleKeyEvent(window, QEvent::KeyRelease, key, modifiers, text, false, 1);
+    }
 }
 
 } // namespace
@@ -115,12 +121,14 @@ void Drag(QWidget* widget, const QPoint& from, const QPoint& to) {
     Activate(widget);
     Hover(guarded, from);
     const Qt::MouseButton left = Qt::LeftButton;
-    if (!Send(guarded, from, {QEvent::MouseButtonPress, left, left, {}, kFarApart}))
+    if (!Send(guarded, from, {QEvent::MouseButtonPress, left, left, {}, kFarApart})) {
         return;
+    }
     for (int step = 1; step <= kDragSteps; ++step) {
         const QPoint place = from + (to - from) * step / kDragSteps;
-        if (!Send(guarded, place, {QEvent::MouseMove, left, Qt::NoButton, {}, kCloseTogether}))
+        if (!Send(guarded, place, {QEvent::MouseMove, left, Qt::NoButton, {}, kCloseTogether})) {
             return;
+        }
     }
     Send(guarded, to, {QEvent::MouseButtonRelease, {}, left, {}, kCloseTogether});
 }
@@ -138,8 +146,9 @@ void PressKey(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers) {
     Activate(widget);
     QString text;
     if (key >= Qt::Key_Space && key <= Qt::Key_AsciiTilde &&
-        (modifiers & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == Qt::NoModifier)
+        (modifiers & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) == Qt::NoModifier) {
         text = QString(QChar(char16_t(key))).toLower();
+    }
     SendKey(widget->window()->windowHandle(), key, modifiers, text);
 }
 
@@ -153,9 +162,10 @@ void Type(QWidget* window, const QString& text) {
         return;
     }
     const QPointer<QWindow> handle(window->window()->windowHandle());
-    for (const QChar sign : text)
+    for (const QChar sign : text) {
         SendKey(handle, Qt::Key(sign.toUpper().unicode()),
                 sign.isUpper() ? Qt::ShiftModifier : Qt::NoModifier, sign);
+    }
 }
 
 } // namespace monkey

@@ -46,26 +46,31 @@ struct Words {
 Words ReadWords(const QStringList& arguments) {
     QCommandLineParser parser;
     for (const QString& name :
-         {u"seed"_s, u"deeds"_s, u"seconds"_s, u"site"_s, u"only"_s, u"log"_s, u"answer"_s})
+         {u"seed"_s, u"deeds"_s, u"seconds"_s, u"site"_s, u"only"_s, u"log"_s, u"answer"_s}) {
         parser.addOption({name, QString(), name});
+    }
     Words words;
     std::vector<int> only;
-    if (!parser.parse(arguments))
+    if (!parser.parse(arguments)) {
         words.error = parser.errorText();
-    else if (!ReadNumbers(parser.value(u"only"_s), only))
+    } else if (!ReadNumbers(parser.value(u"only"_s), only)) {
         words.error = u"--only: numbers and ranges"_s;
+    }
     words.rules.seed = parser.value(u"seed"_s).toULongLong();
     words.rules.deeds = parser.value(u"deeds"_s).toInt();
     words.rules.seconds = parser.value(u"seconds"_s).toInt();
     words.rules.only.insert(only.begin(), only.end());
     words.site = QDir(parser.value(u"site"_s)).absolutePath();
     words.log = parser.value(u"log"_s);
-    if (parser.isSet(u"answer"_s))
+    if (parser.isSet(u"answer"_s)) {
         words.answerSeconds = parser.value(u"answer"_s).toInt();
-    if (words.rules.deeds <= 0 && words.rules.seconds <= 0)
+    }
+    if (words.rules.deeds <= 0 && words.rules.seconds <= 0) {
         words.error = u"--deeds or --seconds"_s;
-    if (!parser.isSet(u"site"_s) || words.answerSeconds <= 0)
+    }
+    if (!parser.isSet(u"site"_s) || words.answerSeconds <= 0) {
         words.error = u"--site, --answer"_s;
+    }
     return words;
 }
 
@@ -73,14 +78,16 @@ Words ReadWords(const QStringList& arguments) {
 bool MakeSite(const QString& folder) {
     const site::OpenedSite data = site::OpenSite(folder);
     QString error;
-    if (data.fault)
+    if (data.fault) {
         error = data.fault->text;
-    else if (data.site->NewIntake()->IsEmpty())
+    } else if (data.site->NewIntake()->IsEmpty()) {
         static_cast<void>(sample::CreateSampleSite(
-            *data.site, sample::SampleSize::kSmall, [](int, int, const QString&) { return true; },
+            *data.site, sample::SampleSize::Small, [](int, int, const QString&) { return true; },
             error));
-    if (!error.isEmpty())
+    }
+    if (!error.isEmpty()) {
         std::fprintf(stderr, "monkey: %s\n", qUtf8Printable(error));
+    }
     return error.isEmpty();
 }
 
@@ -100,11 +107,13 @@ void FillDropFolder(const QString& folder) {
     QDir().mkpath(folder);
     const auto write = [&](const QString& name, const QByteArray& bytes) {
         QFile file(QDir(folder).filePath(name));
-        if (file.open(QIODevice::WriteOnly))
+        if (file.open(QIODevice::WriteOnly)) {
             file.write(bytes);
+        }
     };
-    for (int number = 1; number <= 5; ++number)
+    for (int number = 1; number <= 5; ++number) {
         write(u"现场%1.jpg"_s.arg(number), roads::JpegBytes(qRgb(50 * number, 20, 200)));
+    }
     write(u"坏.jpg"_s, "not a picture");
     write(u"空.png"_s, {});
     write(u"说明.txt"_s, "text");
@@ -119,10 +128,10 @@ QString ChangeTransfers(host::HostSession& session, const Deed& deed) {
     static const std::array rows = {
         Row{"good", {}},
         Row{"good", {}},
-        Row{"slow", {50, TransferFault::kNone}},
-        Row{"fail at the start", {0, TransferFault::kAtStart}},
-        Row{"fail in the middle", {0, TransferFault::kInTheMiddle}},
-        Row{"hang", {0, TransferFault::kNeverEnds}},
+        Row{"slow", {50, TransferFault::None}},
+        Row{"fail at the start", {0, TransferFault::AtStart}},
+        Row{"fail in the middle", {0, TransferFault::InTheMiddle}},
+        Row{"hang", {0, TransferFault::NeverEnds}},
     };
     const Row& row = rows[size_t(deed.Of(0, qsizetype(rows.size())))];
     session.SetTransfers(row.rules);
@@ -131,8 +140,9 @@ QString ChangeTransfers(host::HostSession& session, const Deed& deed) {
 
 /// The first client's person has all rights; later ones are asked, those that aren't told are next.
 bool SignIn(host::HostSession& session, int number) {
-    if (number > 0 && host::SignInUser(session, {}).goOn)
+    if (number > 0 && host::SignInUser(session, {}).goOn) {
         return true;
+    }
     const std::vector<QString> people = session.Site().Catalogue().People();
     return !people.empty() && session.SignIn(people[size_t(number) % people.size()]);
 }
@@ -176,8 +186,9 @@ void RunAll(const Words& words, const QString& folder) {
     while (!monkey.IsOver()) {
         watchdog.Beat();
         neighbour.BringPhotosBack();
-        if (!RunClient(QDir(folder).filePath(u"data"_s), monkey, number++))
+        if (!RunClient(QDir(folder).filePath(u"data"_s), monkey, number++)) {
             return;
+        }
     }
     std::printf("monkey: seed %llu, %d deeds, %d clients, %d faults\n",
                 static_cast<unsigned long long>(words.rules.seed), monkey.Done(), number,
@@ -191,8 +202,9 @@ int Run(const QStringList& arguments) {
         return kWrongWords;
     }
     const QTemporaryDir folder;
-    if (!folder.isValid() || !MakeSite(words.site))
+    if (!folder.isValid() || !MakeSite(words.site)) {
         return kFault;
+    }
     CopyFolder(words.site, folder.filePath(u"data"_s));
     OpenHistory(words.rules.seed, words.log);
     WatchMessages();

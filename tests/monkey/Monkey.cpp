@@ -22,55 +22,59 @@ constexpr int kMostWaitMs = 400;
 } // namespace
 
 Monkey::Monkey(const MonkeyRules& monkeyRules, const Surroundings& what, Watchdog& dog)
-    : surroundings(what), rules(monkeyRules), watchdog(dog) {}
+    : surroundings(what), m_rules(monkeyRules), m_watchdog(dog) {}
 
 void Monkey::Start() {
-    sinceStart.start();
+    m_sinceStart.start();
     Later();
 }
 
 void Monkey::Later() {
     // A new timer each time: a repeating one stays silent while a dialog runs inside its handler.
-    const int pause = over ? kLeavePaceMs : kPaceMs + pauseMs;
-    pauseMs = 0;
+    const int pause = m_over ? kLeavePaceMs : kPaceMs + m_pauseMs;
+    m_pauseMs = 0;
     QTimer::singleShot(pause, this, &Monkey::Tick);
 }
 
 bool Monkey::IsEnough() const {
-    return (rules.deeds > 0 && done >= rules.deeds) ||
-           (rules.seconds > 0 && sinceStart.elapsed() >= qint64(rules.seconds) * 1000);
+    return (m_rules.deeds > 0 && m_done >= m_rules.deeds) ||
+           (m_rules.seconds > 0 && m_sinceStart.elapsed() >= qint64(m_rules.seconds) * 1000);
 }
 
 void Monkey::Tick() {
-    watchdog.Beat();
-    if (!over && IsEnough()) {
-        over = true;
-        sinceOver.start();
+    m_watchdog.Beat();
+    if (!m_over && IsEnough()) {
+        m_over = true;
+        m_sinceOver.start();
         Note(u"over"_s);
     }
-    if (over) {
+    if (m_over) {
         Later();
         Leave();
         return;
     }
-    const Deed deed = DeedAt(rules.seed, ++done);
-    const bool isWanted = rules.only.empty() || rules.only.contains(deed.number);
-    if (isWanted && deed.kind == Kind::Wait)
-        pauseMs = deed.Of(0, kMostWaitMs);
+    const Deed deed = DeedAt(m_rules.seed, ++m_done);
+    const bool isWanted = m_rules.only.empty() || m_rules.only.contains(deed.number);
+    if (isWanted && deed.kind == Kind::Wait) {
+        m_pauseMs = deed.Of(0, kMostWaitMs);
+    }
     Later();
-    if (isWanted)
+    if (isWanted) {
         Act(deed, surroundings);
+    }
 }
 
 void Monkey::Leave() {
-    if (sinceOver.elapsed() > kLeaveMs)
+    if (m_sinceOver.elapsed() > kLeaveMs) {
         qFatal("the client can't be closed");
-    if (QWidget* popup = QApplication::activePopupWidget())
+    }
+    if (QWidget* popup = QApplication::activePopupWidget()) {
         popup->close();
-    else if (QWidget* modal = QApplication::activeModalWidget())
+    } else if (QWidget* modal = QApplication::activeModalWidget()) {
         modal->close();
-    else if (QWidget* client = ClientWindow())
+    } else if (QWidget* client = ClientWindow()) {
         client->close();
+    }
 }
 
 } // namespace monkey

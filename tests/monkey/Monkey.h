@@ -28,8 +28,8 @@ public:
 
     void Start();
     /// Nothing is done any more; what is open is closed, from the inside out.
-    [[nodiscard]] bool IsOver() const { return over; }
-    [[nodiscard]] int Done() const { return done; }
+    [[nodiscard]] bool IsOver() const { return m_over; }
+    [[nodiscard]] int Done() const { return m_done; }
 
     Surroundings surroundings;
 
@@ -39,13 +39,13 @@ private:
     void Leave();
     [[nodiscard]] bool IsEnough() const;
 
-    const MonkeyRules rules;
-    Watchdog& watchdog;
-    QElapsedTimer sinceStart;
-    QElapsedTimer sinceOver;
-    int done = 0;
-    int pauseMs = 0;
-    bool over = false;
+    const MonkeyRules m_rules;
+    Watchdog& m_watchdog;
+    QElapsedTimer m_sinceStart;
+    QElapsedTimer m_sinceOver;
+    int m_done = 0;
+    int m_pauseMs = 0;
+    bool m_over = false;
 };
 
 } // namespace monkey

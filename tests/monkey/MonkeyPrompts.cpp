@@ -69,8 +69,9 @@ QStringList MonkeyPrompts::AskOpenFiles(const toolkit::OpenFilesRequest& request
     QStringList paths;
     const QFileInfoList files = QDir(m_folder).entryInfoList(QDir::Files, QDir::Name);
     for (const QFileInfo& file : files) {
-        if (Of(2) == 0)
+        if (Of(2) == 0) {
             paths << file.absoluteFilePath();
+        }
     }
     Note(u"    files for '%1': %2"_s.arg(request.filter).arg(paths.size()));
     return paths;

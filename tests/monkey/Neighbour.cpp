@@ -30,8 +30,9 @@ site::Signature By() {
 Neighbour::Neighbour(const QString& dataFolder) : m_data(dataFolder) {
     site::DataFolder::Options options;
     options.cleanUp = false;
-    if (const auto fault = m_data.Open(options))
+    if (const auto fault = m_data.Open(options)) {
         TellFault(fault->text);
+    }
 }
 
 Neighbour::~Neighbour() {
@@ -56,15 +57,17 @@ const std::vector<Neighbour::Row>& Neighbour::Table() {
 }
 
 QString Neighbour::Change(const Deed& deed) {
-    if (!m_data.IsOpen())
+    if (!m_data.IsOpen()) {
         return u"isn't there"_s;
+    }
     const Row& row = Table()[size_t(deed.Of(0, qsizetype(Table().size())))];
     try {
         // Nothing lasts that makes every reading fail.
         const bool bringBack = m_photosAway;
         BringPhotosBack();
-        if (bringBack)
+        if (bringBack) {
             return u"brings the photos back"_s;
+        }
         return row.name + u": "_s + (this->*row.change)(deed);
     } catch (const site::DataError& error) {
         return row.name + u": "_s + error.Text();
@@ -79,8 +82,9 @@ QVariant Neighbour::OneOf(const QString& column, const QString& table, const Dee
 
 site::Projects Neighbour::Projects() {
     site::Projects projects;
-    for (const site::ProjectEntry& project : site::Catalogue(m_data.Db()).Projects())
+    for (const site::ProjectEntry& project : site::Catalogue(m_data.Db()).Projects()) {
         projects.push_back(project.ppid);
+    }
     return projects;
 }
 
@@ -131,8 +135,9 @@ QString Neighbour::RenameFloor(const Deed& deed) {
     const QString from =
         m_data.Db().Value(u"SELECT name FROM floor WHERE ppid = ? ORDER BY 1"_s, {ppid}).toString();
     QString to = u"层%1"_s.arg(deed.number);
-    if (from.isEmpty())
+    if (from.isEmpty()) {
         return u"none"_s;
+    }
     site::SiteWriter(m_data).AddFloor(ppid, to);
     m_data.Db().Exec(u"UPDATE position SET floor = ? WHERE ppid = ? AND floor = ?"_s,
                      {to, ppid, from});
@@ -152,10 +157,11 @@ QString Neighbour::ChangeMark(const Deed& deed) {
 QString Neighbour::DamageFile(const Deed& deed) {
     const QString uuid = OneOf(u"uuid"_s, u"file"_s, deed).toString();
     const QString path = m_data.Store().PathOf(uuid);
-    if (deed.Chance(2, 50))
+    if (deed.Chance(2, 50)) {
         QFile::remove(path);
-    else
+    } else {
         QFile::resize(path, deed.Of(3, 100));
+    }
     return uuid;
 }
 
@@ -167,8 +173,9 @@ QString Neighbour::PhotosAway(const Deed& deed) {
 }
 
 void Neighbour::BringPhotosBack() {
-    if (!m_photosAway)
+    if (!m_photosAway) {
         return;
+    }
     m_data.Db().Exec(u"ALTER TABLE bim_photo_away RENAME TO bim_photo"_s);
     m_photosAway = false;
 }
@@ -177,8 +184,9 @@ QString Neighbour::EmptyBin(const Deed& deed) {
     Q_UNUSED(deed);
     site::Bin bin(m_data.Db(), m_data.Store());
     std::vector<qint64> entries;
-    for (const site::BinEntry& entry : bin.List())
+    for (const site::BinEntry& entry : bin.List()) {
         entries.push_back(entry.id);
+    }
     bin.Purge(entries);
     return QString::number(entries.size());
 }

@@ -30,8 +30,9 @@ QList<QWidget*> Windows() {
     const QList<QWidget*> all = QApplication::topLevelWidgets();
     for (QWidget* window : all) {
         if (window->isVisible() && window->windowHandle() != nullptr &&
-            window->windowType() != Qt::ToolTip)
+            window->windowType() != Qt::ToolTip) {
             windows << window;
+        }
     }
     std::sort(windows.begin(), windows.end(), [](const QWidget* one, const QWidget* other) {
         return OrderOf(one) < OrderOf(other);
@@ -48,26 +49,31 @@ QList<QWidget*> ReachableWindows() {
 
 QWidget* WindowFor(const Deed& deed) {
     QWidget* front = QApplication::activePopupWidget();
-    if (front == nullptr)
+    if (front == nullptr) {
         front = QApplication::activeModalWidget();
-    if (front == nullptr)
+    }
+    if (front == nullptr) {
         front = QApplication::activeWindow();
-    if (front != nullptr && CanReach(front) && deed.Chance(0, kMostlyInFront))
+    }
+    if (front != nullptr && CanReach(front) && deed.Chance(0, kMostlyInFront)) {
         return front;
+    }
     const QList<QWidget*> windows = ReachableWindows();
     return windows.isEmpty() ? nullptr : windows[deed.Of(1, windows.size())];
 }
 
 QWidget* WidgetFor(const Deed& deed, QWidget* window) {
-    if (window == nullptr)
+    if (window == nullptr) {
         return nullptr;
+    }
     QList<QWidget*> widgets = {window};
     const QList<QWidget*> below = window->findChildren<QWidget*>();
     for (QWidget* widget : below) {
         // What is scrolled or covered out of sight can't be hit.
         if (widget->window() == window && CanReach(widget) && !widget->visibleRegion().isEmpty() &&
-            !widget->testAttribute(Qt::WA_TransparentForMouseEvents))
+            !widget->testAttribute(Qt::WA_TransparentForMouseEvents)) {
             widgets << widget;
+        }
     }
     return widgets[deed.Of(2, widgets.size())];
 }
@@ -75,25 +81,29 @@ QWidget* WidgetFor(const Deed& deed, QWidget* window) {
 QPoint PlaceFor(const Deed& deed, const QWidget& widget) {
     const QRect seen = widget.visibleRegion().boundingRect();
     const QRect area = seen.isEmpty() ? widget.rect() : seen;
-    if (deed.Chance(3, kMostlyInMiddle))
+    if (deed.Chance(3, kMostlyInMiddle)) {
         return area.center();
-    if (deed.Chance(3, kMostlyInMiddle + kSometimesAtEdge))
+    }
+    if (deed.Chance(3, kMostlyInMiddle + kSometimesAtEdge)) {
         return deed.Of(4, 2) == 0 ? area.topLeft() : area.bottomRight();
+    }
     return area.topLeft() + QPoint(deed.Of(4, area.width()), deed.Of(5, area.height()));
 }
 
 QWidget* ClientWindow() {
     const QList<QWidget*> windows = Windows();
     for (QWidget* window : windows) {
-        if (qobject_cast<host::MainWindow*>(window) != nullptr)
+        if (qobject_cast<host::MainWindow*>(window) != nullptr) {
             return window;
+        }
     }
     return nullptr;
 }
 
 QString TextOf(const QWidget* widget) {
-    if (widget == nullptr)
+    if (widget == nullptr) {
         return u"nothing"_s;
+    }
     const auto name = [](const QWidget* named) {
         const QString text =
             named->objectName().isEmpty() ? named->windowTitle() : named->objectName();

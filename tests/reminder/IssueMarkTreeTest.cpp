@@ -55,8 +55,9 @@ TEST(IssueMarkTree, FindsEveryOneOfManyEntries) {
     tree.SetGroups(groups);
     const auto cut = tree.Cut(all);
     ASSERT_EQ(cut.size(), 3000U);
-    for (const IssueMarkGroup& group : cut)
+    for (const IssueMarkGroup& group : cut) {
         EXPECT_EQ(group.entries[0].itemKey, u"key-%1"_s.arg(group.entries[0].value));
+    }
 }
 
 TEST(IssueMarkTree, FindsKeysThatShareTheirCharactersAndCopiesOfThemNearAndFar) {
@@ -67,8 +68,9 @@ TEST(IssueMarkTree, FindsKeysThatShareTheirCharactersAndCopiesOfThemNearAndFar) 
         const QString key = u"key-%1"_s.arg(number);
         group.entries.push_back({{}, key, {}, {}, number});
         // Runs of neighbours, then wide gaps; every third is a copy, so is one without an entry.
-        if (number % 100 >= 3 && number % 37 != 0)
+        if (number % 100 >= 3 && number % 37 != 0) {
             continue;
+        }
         ticked[number % 3 == 0 ? QString(key.constData(), key.size()) : key] = 1;
         ticked[key + u'x'] = 1;
         wanted << key;
@@ -76,8 +78,9 @@ TEST(IssueMarkTree, FindsKeysThatShareTheirCharactersAndCopiesOfThemNearAndFar) 
     IssueMarkTree tree;
     tree.SetGroups({group});
     QStringList found;
-    for (const IssueMarkGroup& one : tree.Cut(ticked))
+    for (const IssueMarkGroup& one : tree.Cut(ticked)) {
         found << one.entries[0].itemKey;
+    }
     EXPECT_EQ(found, wanted);
 }
 
@@ -108,8 +111,9 @@ TEST(IssueMarkTree, FindsKeysThatBeginAlikeAndKeysOfAnyCharacters) {
         IssueMarkTree tree;
         tree.SetGroups({group});
         QStringList found;
-        for (const IssueMarkGroup& one : tree.Cut(ticked))
+        for (const IssueMarkGroup& one : tree.Cut(ticked)) {
             found << one.entries[0].itemKey;
+        }
         QStringList wanted = keys;
         wanted.sort();
         EXPECT_EQ(found, wanted);
@@ -120,8 +124,9 @@ TEST(IssueMarkTree, CopiesOfKeysThatDifferOnlyBehindTheirNumberAreToldApart) {
     // Eight characters behind what all have in common make the number; the ninth decides.
     IssueMarkGroup group;
     const QStringList wanted{u"k12345678a"_s, u"k12345678b"_s, u"k12345678c"_s, u"kz"_s};
-    for (const QString& key : wanted)
+    for (const QString& key : wanted) {
         group.entries.push_back({{}, key, {}, {}, 0});
+    }
     IssueMarkTree tree;
     tree.SetGroups({group});
     for (const QString& key : wanted) {

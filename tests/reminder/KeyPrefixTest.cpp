@@ -11,8 +11,9 @@ namespace {
 
 KeyPrefix PrefixOf(const QStringList& keys) {
     KeyPrefix::Finder finder;
-    for (const QString& key : keys)
+    for (const QString& key : keys) {
         finder.Add(key);
+    }
     return finder.Result();
 }
 

@@ -29,8 +29,9 @@ PicMarkGroup Floor(const std::string& name, std::vector<PicMarkItem> items) {
 
 std::vector<std::string> Names(const std::vector<PicMarkGroup>& groups) {
     std::vector<std::string> names;
-    for (const PicMarkGroup& group : groups)
+    for (const PicMarkGroup& group : groups) {
         names.push_back(group.name);
+    }
     return names;
 }
 
@@ -109,8 +110,9 @@ TEST(IssueFilterList, ReadsBlanksAndASignBeforeTheDigitsAndStopsBehindThem) {
                                               {8, 0, u"10"_s, {}},
                                               {9, 0, u"  "_s, {}},
                                               {10, 0, QString(), {}},
-                                              {11, 0, u" +"_s, {}}}))
+                                              {11, 0, u" +"_s, {}}})) {
         names << entry.name;
+    }
     EXPECT_EQ(names, (QStringList{u" -1"_s, u"0"_s, u"- 5"_s, u"/1"_s, u":1"_s, u"  "_s, QString(),
                                   u" +"_s, u"  +8x7"_s, u"9"_s, u"10"_s}));
 }

@@ -40,7 +40,7 @@ void ClientOnAFolder::StartOnTheSampleSite() {
         ASSERT_FALSE(data.fault);
         QString error;
         const auto goOn = [](int, int, const QString&) { return true; };
-        ASSERT_TRUE(sample::CreateSampleSite(*data.site, sample::SampleSize::kSmall, goOn, error))
+        ASSERT_TRUE(sample::CreateSampleSite(*data.site, sample::SampleSize::Small, goOn, error))
             << error.toStdString();
     }
     ASSERT_FALSE(session.Open(folder.Path(u"data"_s)));
@@ -66,16 +66,18 @@ host::FloorPlanCanvas& ClientOnAFolder::Plan() const {
 std::vector<int> ClientOnAFolder::FlagCounts() const {
     std::vector<int> counts;
     for (const host::PlacedFlag& placed : Plan().Flags()) {
-        if (placed.flag.kind == host::MarkKind::kPhotos)
+        if (placed.flag.kind == host::MarkKind::Photos) {
             counts.push_back(placed.flag.count);
+        }
     }
     return counts;
 }
 
 QStringList ClientOnAFolder::Messages() const {
     QStringList texts;
-    for (const host::HostMessage& message : client->Window()->Messages().Messages())
+    for (const host::HostMessage& message : client->Window()->Messages().Messages()) {
         texts << message.text;
+    }
     return texts;
 }
 

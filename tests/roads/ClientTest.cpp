@@ -117,8 +117,9 @@ TEST_F(ClientOnAFolder, GivesTheModuleItsFixedImages) {
     GetKXPathMng()->GetWorkFolder(work);
     for (const QString& name :
          {u"DefaultPic.jpg"_s, u"left_pic.png"_s, u"right_pic.png"_s, u"left_thumb.png"_s,
-          u"right_thumb.png"_s, u"up_thumb.png"_s, u"down_thumb.png"_s})
+          u"right_thumb.png"_s, u"up_thumb.png"_s, u"down_thumb.png"_s}) {
         EXPECT_FALSE(QImage(work + name).isNull()) << name.toStdString();
+    }
 }
 
 TEST_F(ClientOnAFolder, ALookupIsToldInTheStatusBarAndBringsUpItsFloor) {
@@ -159,9 +160,10 @@ TEST_F(ClientOnAFolder, ALookupOnADrawingNamesTheDrawingAndTheNumberOfItsCheckpo
 
 TEST_F(ClientOnAFolder, ALookupThatMakesNoSenseMovesNothing) {
     Plan().SetFloor(1);
-    for (const QString& text : {u"1-17"_s, u"77-1-17"_s, QString()})
+    for (const QString& text : {u"1-17"_s, u"77-1-17"_s, QString()}) {
         toolkit::SendWindowEvent(client->Window()->Id(),
                                  ZelvorNRQ_KXVeskPicture::WM_VESK_PIC_LOCATE, 0, quintptr(&text));
+    }
     EXPECT_EQ(Plan().State().floor, 1);
 }
 
@@ -221,7 +223,7 @@ TEST_F(ClientOnAFolder, AFailedQueryIsToldInTheMessageBar) {
 
 TEST_F(ClientOnAFolder, AMessageFromAnotherThreadReachesTheBar) {
     QThreadPool pool;
-    pool.start([this] { session.ReportHostMessage(host::MessageLevel::kError, u"传输失败"_s); });
+    pool.start([this] { session.ReportHostMessage(host::MessageLevel::Error, u"传输失败"_s); });
     pool.waitForDone();
     EXPECT_TRUE(WaitFor([this] { return Messages().contains(u"传输失败"_s); }));
 }
@@ -246,8 +248,9 @@ TEST_F(ClientOnAFolder, AFolderDroppedOnTheWindowIsImportedOnce) {
 }
 
 TEST_F(ClientOnAFolder, EveryFileThatAnImportLeftOutIsListed) {
-    for (int number = 0; number < 30; ++number)
+    for (int number = 0; number < 30; ++number) {
         folder.Write(u"photos/%1.jpg"_s.arg(number), "text");
+    }
     ASSERT_TRUE(
         WaitFor([&] { return tour::DropPaths(client->Window(), {folder.Path(u"photos"_s)}); }));
     ASSERT_TRUE(WaitFor([] {
@@ -292,8 +295,9 @@ TEST_F(ClientOnAFolder, StoppingWithOpenWindowsLeavesNone) {
     client->Stop();
     support::RunPendingEvents();
     const QList<QWidget*> windows = QApplication::topLevelWidgets();
-    for (const QWidget* window : windows)
+    for (const QWidget* window : windows) {
         EXPECT_FALSE(window->isVisible()) << window->objectName().toStdString();
+    }
     EXPECT_EQ(client->Window(), nullptr);
 }
 
@@ -317,8 +321,9 @@ TEST_F(ClientOnAFolder, ANewProjectIsOpenedAndTakesPhotos) {
     QTimer answer;
     QObject::connect(&answer, &QTimer::timeout, [&] {
         auto* dialog = qobject_cast<QDialog*>(tour::FindWindow(u"projectNameDialog"_s));
-        if (dialog == nullptr)
+        if (dialog == nullptr) {
             return;
+        }
         answer.stop();
         dialog->findChild<QLineEdit*>(u"projectName"_s)->setText(u" 三期工程 "_s);
         dialog->accept();

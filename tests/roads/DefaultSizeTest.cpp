@@ -21,8 +21,9 @@ protected:
 
     void ExpectWholeNames() {
         for (const host::FlagBox& box : Plan().FlagsLayout().boxes) {
-            if (box.flag < 0)
+            if (box.flag < 0) {
                 continue;
+            }
             const host::PlacedFlag& flag = Plan().Flags()[box.flag];
             EXPECT_LE(host::FlagWidth(flag), box.rect.width())
                 << host::FlagName(flag.flag).toStdString();

@@ -28,8 +28,8 @@ using tour::ConsoleTotal;
 class FolderChoice final : public toolkit::IPrompts {
 public:
     explicit FolderChoice(const QString& chosen)
-        : folder(chosen), before(toolkit::SetPrompts(this)) {}
-    ~FolderChoice() override { toolkit::SetPrompts(before); }
+        : folder(chosen), m_before(toolkit::SetPrompts(this)) {}
+    ~FolderChoice() override { toolkit::SetPrompts(m_before); }
 
     const QString folder;
     QStringList questions;
@@ -47,7 +47,7 @@ public:
     void RevealFile(const QString&) override {}
 
 private:
-    toolkit::IPrompts* before;
+    toolkit::IPrompts* m_before;
 };
 
 class DownloadsInTheClient : public ClientOnAFolder {
@@ -80,8 +80,9 @@ protected:
         ASSERT_TRUE(Press(Qt::Key_1));
         ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
         ASSERT_TRUE(WaitFor([rows] {
-            if (tour::ConsoleCheckedRows() < rows)
+            if (tour::ConsoleCheckedRows() < rows) {
                 tour::ClickConsoleCheck(tour::ConsoleCheckedRows());
+            }
             return tour::ConsoleCheckedRows() == rows;
         }));
     }
@@ -97,8 +98,9 @@ protected:
     [[nodiscard]] static QStringList WindowTitles() {
         QStringList titles;
         for (const QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->isVisible() && window->isWindow())
+            if (window->isVisible() && window->isWindow()) {
                 titles << window->windowTitle();
+            }
         }
         return titles;
     }
@@ -135,7 +137,7 @@ TEST_F(DownloadsInTheClient, TickedPhotosCopyIntoTheChosenFolder) {
 TEST_F(DownloadsInTheClient, ABatchThatFailsSaysWhyAndBlocksNothing) {
     const FolderChoice choice(folder.Path(u"out"_s));
     Tick(3);
-    session.SetTransfers({0, TransferFault::kInTheMiddle});
+    session.SetTransfers({0, TransferFault::InTheMiddle});
     ASSERT_TRUE(PressDownload());
     ASSERT_TRUE(WaitFor([this] { return !Messages().isEmpty(); }));
     EXPECT_EQ(Messages().front(), u"下载文件失败：文件传输中断，请检查网络后重试。"_s);
@@ -154,8 +156,9 @@ TEST_F(DownloadsInTheClient, ASlowBatchThatFailsLeavesAProgressWindowThatCanBeCl
     session.SetTransfers({600});
     QTimer later; // while the second one comes: the third will fail
     QObject::connect(&later, &QTimer::timeout, [&] {
-        if (Saved().size() == 1)
-            session.SetTransfers({0, TransferFault::kAtStart});
+        if (Saved().size() == 1) {
+            session.SetTransfers({0, TransferFault::AtStart});
+        }
     });
     later.start(1);
     ASSERT_TRUE(PressDownload());
@@ -172,7 +175,7 @@ TEST_F(DownloadsInTheClient, ASlowBatchThatFailsLeavesAProgressWindowThatCanBeCl
 
 TEST_F(DownloadsInTheClient, AnotherProjectMayBeOpenedWhileAViewerFetches) {
     for (const site::TransferRules& rules :
-         {site::TransferRules{20}, site::TransferRules{0, TransferFault::kNeverEnds}}) {
+         {site::TransferRules{20}, site::TransferRules{0, TransferFault::NeverEnds}}) {
         session.SetTransfers(rules);
         ViewFirstPhoto();
         ASSERT_TRUE(ChooseProject(u"二期工程"_s));
@@ -185,10 +188,11 @@ TEST_F(DownloadsInTheClient, AnotherProjectMayBeOpenedWhileAViewerFetches) {
 
 TEST_F(DownloadsInTheClient, TheClientMayEndWhileAViewerFetches) {
     for (const site::TransferRules& rules :
-         {site::TransferRules{20}, site::TransferRules{0, TransferFault::kNeverEnds},
+         {site::TransferRules{20}, site::TransferRules{0, TransferFault::NeverEnds},
           site::TransferRules{}}) {
-        if (!client)
+        if (!client) {
             StartAgain();
+        }
         session.SetTransfers(rules);
         ViewFirstPhoto();
         End();

@@ -34,7 +34,7 @@ protected:
         client->Window()->Marks().show(); // the one before may have closed it
         auto* all = client->Window()
                         ->Marks()
-                        .Page(host::MarkKind::kPhotos)
+                        .Page(host::MarkKind::Photos)
                         .findChild<QCheckBox*>(u"allDaysBox"_s);
         ASSERT_NE(all, nullptr);
         all->setChecked(false);

@@ -110,7 +110,7 @@ TEST_F(LookupFaults, QuickLookupsOneAfterTheOtherWhileDownloadsRunEndOnTheLast) 
 
 TEST_F(LookupFaults, EverythingIsClosedOneByOneDuringADownload) {
     for (const TransferRules& rules :
-         {TransferRules{40}, TransferRules{0, TransferFault::kNeverEnds}}) {
+         {TransferRules{40}, TransferRules{0, TransferFault::NeverEnds}}) {
         session.SetTransfers(rules);
         OpenConsole();
         LookUp(u"照片2.jpg"_s);
@@ -126,7 +126,7 @@ TEST_F(LookupFaults, EverythingIsClosedOneByOneDuringADownload) {
 }
 
 TEST_F(LookupFaults, TheMainWindowTakesViewerAndMinimisedConsoleAlongDuringADownload) {
-    session.SetTransfers({0, TransferFault::kNeverEnds});
+    session.SetTransfers({0, TransferFault::NeverEnds});
     OpenConsole();
     LookUp(u"照片2.jpg"_s);
     ASSERT_TRUE(Console()->isMinimized());

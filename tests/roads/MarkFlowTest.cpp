@@ -107,11 +107,11 @@ protected:
         issue.creator = u"张伟"_s;
         issue.createTime = time;
         writer.FileIssue(issue);
-        flow->Reload(MarkKind::kIssues);
+        flow->Reload(MarkKind::Issues);
     }
     /// The row of the first mark of floor 1 among the issues.
     QModelIndex IssueMark() {
-        host::MarkTreeModel& model = Page(MarkKind::kIssues).Model();
+        host::MarkTreeModel& model = Page(MarkKind::Issues).Model();
         const QModelIndex mark = model.index(1, 0, model.index(1, 0));
         EXPECT_EQ(model.MarkOf(mark), 1);
         return mark;
@@ -120,30 +120,32 @@ protected:
         return index.data(Qt::CheckStateRole);
     }
     void LimitIssuesTo(qint64 second) {
-        host::MarkPageState state = Page(MarkKind::kIssues).State();
+        host::MarkPageState state = Page(MarkKind::Issues).State();
         const QDate day = QDateTime::fromSecsSinceEpoch(second).date();
         state.days = {second != 0, day, day};
-        Page(MarkKind::kIssues).SetState(state);
-        flow->Reload(MarkKind::kIssues);
+        Page(MarkKind::Issues).SetState(state);
+        flow->Reload(MarkKind::Issues);
     }
 
     [[nodiscard]] host::FloorPlanCanvas& Plan() { return pane.Canvas(); }
     [[nodiscard]] host::MarkPage& Page(MarkKind kind) { return panel.Page(kind); }
     /// How many photos or issues the flag of a mark at a key of the shown floor stands for; 0: no
     /// flag.
-    int FlagCount(const QString& key, qint32 markId, MarkKind kind = MarkKind::kPhotos) {
+    int FlagCount(const QString& key, qint32 markId, MarkKind kind = MarkKind::Photos) {
         for (const host::PlacedFlag& flag : Plan().Flags()) {
             if (flag.flag.kind == kind && flag.flag.markId == markId &&
-                flag.flag.positionKey == key)
+                flag.flag.positionKey == key) {
                 return flag.flag.count;
+            }
         }
         return 0;
     }
     void Tick(MarkKind kind, int floor, int mark, bool on) {
         host::MarkTreeModel& model = Page(kind).Model();
         QModelIndex index = model.index(floor, 0);
-        if (mark >= 0)
+        if (mark >= 0) {
             index = model.index(mark, 0, index);
+        }
         ASSERT_TRUE(model.setData(index, on ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole));
     }
     void ClickFlag(const QString& key, qint32 markId) {
@@ -165,8 +167,9 @@ protected:
     [[nodiscard]] static QStringList Texts(const QMenu& menu) {
         QStringList texts;
         for (const QAction* action : menu.actions()) {
-            if (!action->isSeparator())
+            if (!action->isSeparator()) {
                 texts << action->text();
+            }
         }
         return texts;
     }
@@ -188,7 +191,7 @@ protected:
 };
 
 TEST_F(MarksOfAFolder, AtFirstEverythingIsTickedAndHasItsFlag) {
-    ASSERT_EQ(Page(MarkKind::kPhotos).Model().rowCount(), 3);
+    ASSERT_EQ(Page(MarkKind::Photos).Model().rowCount(), 3);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 5);
     EXPECT_EQ(FlagCount(site.positionKey, 2), 1);
     Plan().SetFloor(1);
@@ -200,29 +203,29 @@ TEST_F(MarksOfAFolder, AtFirstEverythingIsTickedAndHasItsFlag) {
 }
 
 TEST_F(MarksOfAFolder, AMarkThatIsUntickedLosesItsFlagAndGetsItBack) {
-    Tick(MarkKind::kPhotos, 0, 0, false);
+    Tick(MarkKind::Photos, 0, 0, false);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
     EXPECT_EQ(FlagCount(site.positionKey, 2), 1);
     ASSERT_TRUE(Shown().at("-1").contains(QString()));
     EXPECT_EQ(Shown().at("-1").at(QString()).size(), 1U);
     EXPECT_FALSE(view.LocatePicture(site.positionKey, 1));
-    Tick(MarkKind::kPhotos, 0, 0, true);
+    Tick(MarkKind::Photos, 0, 0, true);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 5);
     EXPECT_TRUE(view.LocatePicture(site.positionKey, 1));
 }
 
 TEST_F(MarksOfAFolder, WithNothingTickedThereIsNoFlag) {
-    Page(MarkKind::kPhotos).Model().TickAll(false);
+    Page(MarkKind::Photos).Model().TickAll(false);
     EXPECT_TRUE(Shown().empty());
     EXPECT_EQ(FlagCount(site.positionKey, 1) + FlagCount(site.positionKey, 2), 0);
 }
 
 TEST_F(MarksOfAFolder, WhatIsNotDisplayedCannotBeLocatedAndStaysTicked) {
-    Page(MarkKind::kPhotos).ShownAction()->trigger();
+    Page(MarkKind::Photos).ShownAction()->trigger();
     EXPECT_FALSE(view.LocatePicture(site.positionKey, 1));
     EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
     EXPECT_EQ(Shown().size(), 3U);
-    Page(MarkKind::kPhotos).ShownAction()->trigger();
+    Page(MarkKind::Photos).ShownAction()->trigger();
     EXPECT_TRUE(view.LocatePicture(site.positionKey, 1));
     EXPECT_EQ(FlagCount(site.positionKey, 1), 5);
 }
@@ -231,13 +234,13 @@ TEST_F(MarksOfAFolder, CountsFollowEachChangeOfAPhoto) {
     const qint32 ppid = site.firstProject;
     site::SiteWriter writer(support::FolderOf(session));
     Add(writer, site.positionKey, 1, 1'700'000'100);
-    flow->Reload(MarkKind::kPhotos);
+    flow->Reload(MarkKind::Photos);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 6);
     ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(ppid, {site.photos[0], site.photos[1]}, true));
-    flow->Reload(MarkKind::kPhotos);
+    flow->Reload(MarkKind::Photos);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 4);
     ASSERT_TRUE(GetVeskPicMng()->DeleteBimPics({site.photos[2]}));
-    flow->Reload(MarkKind::kPhotos);
+    flow->Reload(MarkKind::Photos);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 3);
     KX_DATA::BimPicUpdate update;
     update.picId = site.photos[3];
@@ -245,33 +248,33 @@ TEST_F(MarksOfAFolder, CountsFollowEachChangeOfAPhoto) {
     update.positionKey = upperKey;
     update.markId = 2;
     ASSERT_TRUE(GetVeskPicMng()->UpdateBimPic(ppid, update));
-    flow->Reload(MarkKind::kPhotos);
+    flow->Reload(MarkKind::Photos);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 2);
     Plan().SetFloor(1);
     EXPECT_EQ(FlagCount(upperKey, 2), 2);
 }
 
 TEST_F(MarksOfAFolder, AReloadKeepsTicksAndReadsNothingWhereNothingHasChanged) {
-    Tick(MarkKind::kPhotos, 0, 0, false);
+    Tick(MarkKind::Photos, 0, 0, false);
     int changes = 0;
-    QObject::connect(&Page(MarkKind::kPhotos).Model(), &QAbstractItemModel::dataChanged,
+    QObject::connect(&Page(MarkKind::Photos).Model(), &QAbstractItemModel::dataChanged,
                      [&] { ++changes; });
-    flow->Reload(MarkKind::kPhotos);
+    flow->Reload(MarkKind::Photos);
     EXPECT_EQ(changes, 0);
     site::SiteWriter writer(support::FolderOf(session));
     Add(writer, site.positionKey, 1, 1'700'000'100);
-    flow->Reload(MarkKind::kPhotos);
+    flow->Reload(MarkKind::Photos);
     EXPECT_GT(changes, 0);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
 }
 
 TEST_F(MarksOfAFolder, DaysLimitFlagsCountsAndThePhotosThatViewersShow) {
-    host::MarkPageState state = Page(MarkKind::kPhotos).State();
+    host::MarkPageState state = Page(MarkKind::Photos).State();
     const QDate day = QDateTime::fromSecsSinceEpoch(1'600'000'000).date();
     state.days = {true, day, day};
-    Page(MarkKind::kPhotos).SetState(state);
-    flow->Reload(MarkKind::kPhotos);
-    EXPECT_EQ(Page(MarkKind::kPhotos).Model().rowCount(), 1);
+    Page(MarkKind::Photos).SetState(state);
+    flow->Reload(MarkKind::Photos);
+    EXPECT_EQ(Page(MarkKind::Photos).Model().rowCount(), 1);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
     EXPECT_EQ(FlagCount(site.positionKey, 2), 1);
     ASSERT_EQ(Shown().size(), 1U);
@@ -282,10 +285,10 @@ TEST_F(MarksOfAFolder, DaysLimitFlagsCountsAndThePhotosThatViewersShow) {
 }
 
 TEST_F(MarksOfAFolder, AllDaysAsALimitGiveTheSameFlagsAsNone) {
-    host::MarkPageState state = Page(MarkKind::kPhotos).State();
+    host::MarkPageState state = Page(MarkKind::Photos).State();
     state.days = {true, QDate(2000, 1, 1), QDate(2100, 1, 1)};
-    Page(MarkKind::kPhotos).SetState(state);
-    flow->Reload(MarkKind::kPhotos);
+    Page(MarkKind::Photos).SetState(state);
+    flow->Reload(MarkKind::Photos);
     EXPECT_EQ(FlagCount(site.positionKey, 1), 5);
     EXPECT_EQ(FlagCount(site.positionKey, 2), 1);
     Plan().SetFloor(2);
@@ -294,11 +297,11 @@ TEST_F(MarksOfAFolder, AllDaysAsALimitGiveTheSameFlagsAsNone) {
 }
 
 TEST_F(MarksOfAFolder, AnotherProjectHasItsOwnMarksAndTicksAndTheFirstOnesComeBack) {
-    Tick(MarkKind::kPhotos, 0, 0, false);
+    Tick(MarkKind::Photos, 0, 0, false);
     flow->Keep();
     ASSERT_TRUE(session.OpenProject(site.secondProject));
     OpenPlan();
-    EXPECT_EQ(Page(MarkKind::kPhotos).Model().rowCount(), 0);
+    EXPECT_EQ(Page(MarkKind::Photos).Model().rowCount(), 0);
     EXPECT_TRUE(Plan().Flags().empty());
     EXPECT_FALSE(view.LocatePicture(site.positionKey, 2));
     EXPECT_TRUE(Shown().empty());
@@ -318,7 +321,7 @@ TEST_F(MarksOfAFolder, WithoutAProjectNothingIsLeft) {
 }
 
 TEST_F(MarksOfAFolder, TheStateIsKeptForEachPerson) {
-    Tick(MarkKind::kPhotos, 0, 0, false);
+    Tick(MarkKind::Photos, 0, 0, false);
     flow->Keep();
     ASSERT_TRUE(session.SignIn(u"李娜"_s));
     flow = MakeFlow();
@@ -368,8 +371,9 @@ TEST_F(MarksOfAFolder, TheMenuOfAFlagOpensOnePhotoThroughTheFacade) {
     EXPECT_TRUE(texts[3].startsWith(u"照片4.jpg"_s));
     EXPECT_EQ(texts[8], u"编辑照片"_s);
     for (QAction* action : menu.Menu().actions()) {
-        if (action->text().startsWith(u"照片2.jpg"_s) || action->text() == u"在控制台中列出"_s)
+        if (action->text().startsWith(u"照片2.jpg"_s) || action->text() == u"在控制台中列出"_s) {
             action->trigger();
+        }
     }
     EXPECT_EQ(pictures->calls, (QStringList{u"ShowBimPicMngFor %1 1 -1"_s.arg(site.positionKey),
                                             u"ViewBimPic %1 -1 %2 1 %3"_s.arg(site.firstProject)
@@ -394,8 +398,9 @@ TEST_F(MarksOfAFolder, TheMenuOfAFlagHasAPhotoEditedByWhoMay) {
 
 TEST_F(MarksOfAFolder, TheMenuOfAPlaceHasAMenuForEachOfItsFlags) {
     std::vector<host::MarkFlag> flags;
-    for (const host::PlacedFlag& placed : Plan().Flags())
+    for (const host::PlacedFlag& placed : Plan().Flags()) {
         flags.push_back(placed.flag);
+    }
     ASSERT_GE(flags.size(), 2U);
     host::FlagMenu menu = Menu({{flags[0], flags[1]}, u"2轴 / B轴"_s, site.positionKey, {}});
     EXPECT_EQ(Texts(menu.Menu()),
@@ -420,10 +425,11 @@ TEST_F(MarksOfAFolder, APhotoThatCannotBeReadIsNotOffered) {
 TEST_F(MarksOfAFolder, OfVeryManyPhotosTheLatestAreNamed) {
     site::SiteWriter writer(support::FolderOf(session));
     writer.BeginBatch();
-    for (int more = 0; more < 30; ++more)
+    for (int more = 0; more < 30; ++more) {
         Add(writer, upperKey, 2, 1'700'001'000 + more);
+    }
     writer.CommitBatch();
-    flow->Reload(MarkKind::kPhotos);
+    flow->Reload(MarkKind::Photos);
     Plan().SetFloor(1);
     host::FlagMenu menu = Menu({{Plan().Flags().front().flag}, {}, {}, {}});
     const QStringList texts = Texts(menu.Menu());
@@ -441,9 +447,9 @@ TEST_F(MarksOfAFolder, IssuesHaveFlagsAreTickedAndLocated) {
               site::SiteWriter(support::FolderOf(session))
                   .FindPosition(site.firstProject, u"1"_s, u"2"_s, u"B"_s));
     EXPECT_TRUE(Plan().Blink().IsLit());
-    host::MarkTreeModel& model = Page(MarkKind::kIssues).Model();
+    host::MarkTreeModel& model = Page(MarkKind::Issues).Model();
     ASSERT_EQ(model.rowCount(), 2);
-    Tick(MarkKind::kIssues, 1, -1, false);
+    Tick(MarkKind::Issues, 1, -1, false);
     EXPECT_FALSE(view.LocateIssue(u"q-crack"_s));
     EXPECT_EQ(GetProjCacheMng()->GetCurrentModel()->GetShownIssueMarks().size(), 1U);
     const QModelIndex mark = IssueMark();
@@ -452,14 +458,14 @@ TEST_F(MarksOfAFolder, IssuesHaveFlagsAreTickedAndLocated) {
     EXPECT_EQ(model.EntryOf(model.index(0, 0, mark)), u"q-crack"_s);
     ASSERT_TRUE(model.setData(model.index(0, 0, mark), Qt::Checked, Qt::CheckStateRole));
     EXPECT_TRUE(view.LocateIssue(u"q-crack"_s));
-    Page(MarkKind::kIssues).ShownAction()->trigger();
+    Page(MarkKind::Issues).ShownAction()->trigger();
     EXPECT_FALSE(view.LocateIssue(u"q-crack"_s));
 }
 
 TEST_F(MarksOfAFolder, ASingleIssuesTickOutlastsDaysThatLeaveItOutAndGoesWithTheIssue) {
     FileIssue(u"q-crack"_s, u"裂缝"_s, 1'700'000'000);
     FileIssue(u"q-hollow"_s, u"空鼓"_s, 1'600'000'000);
-    host::MarkTreeModel& model = Page(MarkKind::kIssues).Model();
+    host::MarkTreeModel& model = Page(MarkKind::Issues).Model();
     model.fetchMore(IssueMark());
     ASSERT_EQ(model.EntryOf(model.index(0, 0, IssueMark())), u"q-crack"_s);
     model.setData(model.index(0, 0, IssueMark()), Qt::Unchecked, Qt::CheckStateRole);
@@ -471,14 +477,14 @@ TEST_F(MarksOfAFolder, ASingleIssuesTickOutlastsDaysThatLeaveItOutAndGoesWithThe
     EXPECT_EQ(StateOf(IssueMark()), Qt::PartiallyChecked);
     EXPECT_FALSE(view.LocateIssue(u"q-crack"_s));
     ASSERT_TRUE(GetTNQuestionMng()->DeleteIssues({u"q-crack"_s}));
-    flow->Reload(MarkKind::kIssues);
+    flow->Reload(MarkKind::Issues);
     EXPECT_EQ(StateOf(IssueMark()), Qt::Checked);
     EXPECT_TRUE(model.Ticks().Exceptions().empty());
 }
 
 TEST_F(MarksOfAFolder, AFlagsMenuTellsThePhotosThatAreHiddenBehindIt) {
     ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.firstProject, {site.photos[0]}, true));
-    flow->Reload(MarkKind::kPhotos);
+    flow->Reload(MarkKind::Photos);
     const host::MarkFlag flag = Plan().Flags().front().flag;
     host::FlagMenu menu = Menu({{flag}, {}, {}, {}});
     const QStringList texts = Texts(menu.Menu());
@@ -488,7 +494,7 @@ TEST_F(MarksOfAFolder, AFlagsMenuTellsThePhotosThatAreHiddenBehindIt) {
 
 TEST_F(MarksOfAFolder, AClickOnAnIssuesFlagLocatesItAndSeveralAreOffered) {
     host::MarkFlag flag;
-    flag.kind = MarkKind::kIssues;
+    flag.kind = MarkKind::Issues;
     flag.markId = 1;
     flag.count = 2;
     flag.ppid = site.firstProject;
@@ -505,7 +511,7 @@ TEST_F(MarksOfAFolder, AClickOnAnIssuesFlagLocatesItAndSeveralAreOffered) {
 
 TEST_F(MarksOfAFolder, OfVeryManyIssuesAsManyAreNamedInEveryMenuAndTheRestIsCounted) {
     host::MarkFlag flag;
-    flag.kind = MarkKind::kIssues;
+    flag.kind = MarkKind::Issues;
     flag.ppid = site.firstProject;
     for (const int count : {host::FlagMenu::kMostNamed, host::FlagMenu::kMostNamed + 5}) {
         flag.count = count;
@@ -525,7 +531,7 @@ TEST_F(MarksOfAFolder, OfVeryManyIssuesAsManyAreNamedInEveryMenuAndTheRestIsCoun
 
 TEST_F(MarksOfAFolder, NamesInAMenuAreNoPlaceholdersAndNotWiderThanTheScreen) {
     host::MarkFlag flag;
-    flag.kind = MarkKind::kIssues;
+    flag.kind = MarkKind::Issues;
     flag.ppid = site.firstProject;
     flag.name = u"%2"_s;
     flag.count = 1;
@@ -544,10 +550,10 @@ TEST_F(MarksOfAFolder, IssuesThatNobodySeesAreReadOnceTheyAreShown) {
     panel.SetState(state);
     flow->Keep();
     OpenPlan();
-    EXPECT_EQ(Page(MarkKind::kIssues).Model().rowCount(), 0);
+    EXPECT_EQ(Page(MarkKind::Issues).Model().rowCount(), 0);
     EXPECT_TRUE(GetProjCacheMng()->GetCurrentModel()->GetShownIssueMarks().empty());
-    Page(MarkKind::kIssues).ShownAction()->trigger();
-    EXPECT_EQ(Page(MarkKind::kIssues).Model().rowCount(), 2);
+    Page(MarkKind::Issues).ShownAction()->trigger();
+    EXPECT_EQ(Page(MarkKind::Issues).Model().rowCount(), 2);
     EXPECT_EQ(GetProjCacheMng()->GetCurrentModel()->GetShownIssueMarks().size(), 2U);
 }
 
@@ -556,24 +562,25 @@ TEST_F(MarksOfAFolder, ThePhotosArePaintedBeforeTheIssuesAreRead) {
     class PaintWatch final : public QObject {
     public:
         PaintWatch(QTreeView& watchedTree, host::MarkTreeModel& issueModel)
-            : tree(watchedTree), issues(issueModel) {
-            tree.viewport()->installEventFilter(this);
+            : m_tree(watchedTree), m_issues(issueModel) {
+            m_tree.viewport()->installEventFilter(this);
         }
         int issueRows = -1;
 
     private:
         bool eventFilter(QObject*, QEvent* event) override {
-            if (issueRows < 0 && event->type() == QEvent::Paint && tree.model()->rowCount() > 0)
-                issueRows = issues.rowCount();
+            if (issueRows < 0 && event->type() == QEvent::Paint && m_tree.model()->rowCount() > 0) {
+                issueRows = m_issues.rowCount();
+            }
             return false;
         }
-        QTreeView& tree;
-        host::MarkTreeModel& issues;
+        QTreeView& m_tree;
+        host::MarkTreeModel& m_issues;
     };
-    PaintWatch watch(*Page(MarkKind::kPhotos).findChild<QTreeView*>(),
-                     Page(MarkKind::kIssues).Model());
+    PaintWatch watch(*Page(MarkKind::Photos).findChild<QTreeView*>(),
+                     Page(MarkKind::Issues).Model());
     flow->ProjectChanged();
-    ASSERT_TRUE(WaitFor([&] { return Page(MarkKind::kIssues).Model().rowCount() > 0; }));
+    ASSERT_TRUE(WaitFor([&] { return Page(MarkKind::Issues).Model().rowCount() > 0; }));
     EXPECT_EQ(watch.issueRows, 0);
 }
 
@@ -582,7 +589,7 @@ TEST_F(MarksOfAFolder, AFailedReadLeavesNoFlagsAndSaysSo) {
     session.SetMessageSink([&](host::MessageLevel, const QString& text) { messages << text; });
     support::FolderOf(session).Db().Exec(u"DROP TABLE bim_place_tally"_s);
     session.Site().Catalogue().SetSetting(u"anything"_s, u"changed"_s);
-    flow->Reload(MarkKind::kPhotos);
+    flow->Reload(MarkKind::Photos);
     EXPECT_FALSE(messages.isEmpty());
     EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
     EXPECT_FALSE(view.LocatePicture(site.positionKey, 1));

@@ -24,7 +24,7 @@ public:
     void BringPhotosBack();
 
 private:
-    site::DataFolder data;
+    site::DataFolder m_data;
 };
 
 } // namespace roads

@@ -43,8 +43,9 @@ protected:
     }
     QString OpenProjects() {
         QStringList ids;
-        for (const site::ProjectEntry& project : session.OpenProjects())
+        for (const site::ProjectEntry& project : session.OpenProjects()) {
             ids << QString::number(project.ppid);
+        }
         return ids.join(u',');
     }
     PhotoCount OnFloor(const host::PlanFloor& floor) {
@@ -58,8 +59,9 @@ protected:
     [[nodiscard]] int FlaggedAt(std::optional<int> place) const {
         int count = 0;
         for (const host::PlacedFlag& flag : Plan().Flags()) {
-            if (flag.flag.kind == MarkKind::kPhotos && (!place || flag.place == *place))
+            if (flag.flag.kind == MarkKind::Photos && (!place || flag.place == *place)) {
                 count += flag.flag.count;
+            }
         }
         return count;
     }
@@ -68,12 +70,12 @@ protected:
         return Plan().findChild<QLabel*>(u"planCardText"_s)->text();
     }
     QString PanelRow(const QString& group) {
-        const host::MarkTreeModel& model =
-            client->Window()->Marks().Page(MarkKind::kPhotos).Model();
+        const host::MarkTreeModel& model = client->Window()->Marks().Page(MarkKind::Photos).Model();
         for (int row = 0; row < model.rowCount(); ++row) {
             const QModelIndex floor = model.index(row, host::MarkTreeModel::kName);
-            if (model.GroupOf(floor) == group)
+            if (model.GroupOf(floor) == group) {
                 return floor.siblingAtColumn(host::MarkTreeModel::kCount).data().toString();
+            }
         }
         return u"0"_s;
     }
@@ -129,12 +131,14 @@ protected:
     void Furnish() override {
         site::SiteWriter writer(support::FolderOf(session));
         writer.AddMark(2, u"安全"_s, 0x00FF00);
-        for (int more = 0; more < 4; ++more)
+        for (int more = 0; more < 4; ++more) {
             odd.push_back(Add(writer, site.firstProject, u"-1"_s, 2));
+        }
         upper = Add(writer, site.firstProject, u"1"_s, 1);
         Add(writer, site.secondProject, u"1"_s, 1);
-        for (int more = 0; more < 3; ++more)
+        for (int more = 0; more < 3; ++more) {
             nowhere.push_back(Add(writer, site.firstProject, {}, 1));
+        }
         site::Database& db = support::FolderOf(session).Db();
         db.Exec(u"UPDATE position SET valid = 0 WHERE position_key = ?"_s,
                 {writer.FindPosition(site.firstProject, u"-1"_s, u"1"_s, u"A"_s)});
@@ -152,8 +156,9 @@ protected:
         site::NewBimPhoto photo;
         photo.ppid = ppid;
         photo.fileName = u"更多%1.jpg"_s.arg(++added);
-        if (!floor.isEmpty())
+        if (!floor.isEmpty()) {
             photo.positionKey = writer.FindPosition(ppid, floor, u"1"_s, u"A"_s);
+        }
         photo.markId = mark;
         photo.uploader = u"张伟"_s;
         photo.uploadTime = 1'700'000'000 + added;
@@ -210,8 +215,9 @@ TEST_F(OneNumberOfAnOddSite, FlagsAndTheirMenusTellWhatIsHiddenBehindThem) {
     ASSERT_TRUE(place);
     for (int box = 0; box < int(Plan().FlagsLayout().boxes.size()); ++box) {
         const host::FlagBox& at = Plan().FlagsLayout().boxes[box];
-        if (at.place != place->intersection)
+        if (at.place != place->intersection) {
             continue;
+        }
         const host::PlacedFlag& flag = Plan().Flags()[at.flag];
         EXPECT_EQ(flag.flag.count, 3);
         EXPECT_EQ(flag.flag.hidden, 1);
@@ -223,7 +229,7 @@ TEST_F(OneNumberOfAnOddSite, FlagsAndTheirMenusTellWhatIsHiddenBehindThem) {
 }
 
 TEST_F(OneNumberOfAnOddSite, ThePanelSaysWhereItsOwnNumberIsOfSomeDaysOnly) {
-    host::MarkPage& page = client->Window()->Marks().Page(MarkKind::kPhotos);
+    host::MarkPage& page = client->Window()->Marks().Page(MarkKind::Photos);
     const auto* label = page.findChild<QLabel*>(u"countLabel"_s);
     EXPECT_EQ(label->text(), u"已选 8 / 8 张 + 4 隐藏"_s);
     host::MarkPageState state = page.State();

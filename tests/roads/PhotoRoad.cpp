@@ -36,8 +36,9 @@ QModelIndex RowWith(const QAbstractItemModel& model, const QString& name,
                     const QModelIndex& above = {}) {
     for (int row = 0; row < model.rowCount(above); ++row) {
         const QModelIndex index = model.index(row, 0, above);
-        if (index.data().toString() == name)
+        if (index.data().toString() == name) {
             return index;
+        }
     }
     return {};
 }
@@ -48,8 +49,8 @@ void PhotoRoad::SetUp() {
     // The module's workers may look at the clock until the program ends.
     static support::HastyClock clock;
     toolkit::SetClock(&clock);
-    QObject::connect(&looking, &QTimer::timeout, [this] { LookForBoxes(); });
-    looking.start(kLookForBoxesMs);
+    QObject::connect(&m_looking, &QTimer::timeout, [this] { LookForBoxes(); });
+    m_looking.start(kLookForBoxesMs);
     ClientOnAFolder::SetUp();
     // The module lives as long as the program: a console that is opened while it is there is no
     // longer waited for by viewers.
@@ -60,24 +61,25 @@ void PhotoRoad::SetUp() {
 
 void PhotoRoad::LookForBoxes() {
     QWidget* open = tour::OpenMessageBox();
-    if (open != box) {
-        box = open;
-        boxSince.start();
-    } else if (open != nullptr && boxSince.hasExpired(kPatienceMs)) {
+    if (open != m_box) {
+        m_box = open;
+        m_boxSince.start();
+    } else if (open != nullptr && m_boxSince.hasExpired(kPatienceMs)) {
         ADD_FAILURE() << "not expected: " << tour::MessageBoxText().toStdString();
         open->close();
     }
 }
 
 void PhotoRoad::TearDown() {
-    looking.stop();
+    m_looking.stop();
     End();
     toolkit::SetClock(nullptr);
 }
 
 void PhotoRoad::End() {
-    if (client)
+    if (client) {
         client->Stop();
+    }
     client.reset();
     session.Close();
     support::RunPendingEvents();
@@ -114,8 +116,9 @@ void PhotoRoad::LookUp(const QString& fileName) {
 int PhotoRoad::PanelCount(const QString& floorCaption, const QString& markName) const {
     const auto* tree = qobject_cast<QAbstractItemView*>(
         tour::FindIn(tour::FindIn(client->Window(), u"photoMarks"_s), u"tree"_s));
-    if (tree == nullptr)
+    if (tree == nullptr) {
         return -1;
+    }
     const QModelIndex floor = RowWith(*tree->model(), floorCaption);
     const QModelIndex mark =
         floor.isValid() ? RowWith(*tree->model(), markName, floor) : QModelIndex();
@@ -145,8 +148,9 @@ OtherClient PhotoRoad::Other() const {
 QStringList PhotoRoad::Cached() const {
     QStringList paths;
     const QDir cache(folder.Path(u"data/cache/%1/pics"_s.arg(site.firstProject)));
-    for (const QString& name : cache.entryList(QDir::Files | QDir::Hidden))
+    for (const QString& name : cache.entryList(QDir::Files | QDir::Hidden)) {
         paths << cache.filePath(name);
+    }
     return paths;
 }
 

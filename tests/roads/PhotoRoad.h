@@ -52,9 +52,9 @@ protected:
 private:
     void LookForBoxes();
 
-    QTimer looking;
-    QPointer<QWidget> box;
-    QElapsedTimer boxSince;
+    QTimer m_looking;
+    QPointer<QWidget> m_box;
+    QElapsedTimer m_boxSince;
 };
 
 } // namespace roads

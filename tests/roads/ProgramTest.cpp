@@ -23,8 +23,9 @@ ProgramEnd RunProgram(const QStringList& words, bool withPlatform = true) {
     QProcess process;
     QProcessEnvironment surroundings = QProcessEnvironment::systemEnvironment();
     if (!withPlatform) {
-        for (const QString& name : {u"QT_QPA_PLATFORM"_s, u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s})
+        for (const QString& name : {u"QT_QPA_PLATFORM"_s, u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s}) {
             surroundings.remove(name);
+        }
     }
     process.setProcessEnvironment(surroundings);
     process.start(QDir(QCoreApplication::applicationDirPath()).filePath(u"vesk-client"_s), words);

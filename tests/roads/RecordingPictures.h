@@ -12,7 +12,7 @@ class RecordingPictures final : public ZelvorNRQ_KXVeskPicture::IKXVeskPicture {
 public:
     /// The real one must outlive this.
     explicit RecordingPictures(ZelvorNRQ_KXVeskPicture::IKXVeskPicture& realPictures)
-        : real(realPictures) {}
+        : m_real(realPictures) {}
 
     qint32 ShowPicMng(qint32 kind) override { return Note(QStringLiteral("ShowPicMng"), kind); }
     qint32 ShowBimPicMngFor(qint32, const QString& text, qint32 markId, qint32 picId) override {
@@ -27,8 +27,8 @@ public:
     }
     void AttachObservers(KXFRAME::IKXObserverHub*) override {}
     void ShowPdfPicView(qint32, qint32, const QString&, KXWindow) override {}
-    void RefreshPicMarks() override { real.RefreshPicMarks(); }
-    void RefreshIssueMarks() override { real.RefreshIssueMarks(); }
+    void RefreshPicMarks() override { m_real.RefreshPicMarks(); }
+    void RefreshIssueMarks() override { m_real.RefreshIssueMarks(); }
     void OnPicMessage(KXWindow, const std::string&) override {}
     void ShowPicPopups(KXWindow) override {}
     void SetPicSink(ZelvorNRQ_KXVeskPicture::IKXVeskPictureSink*) override {}
@@ -61,7 +61,7 @@ private:
         return 1;
     }
 
-    ZelvorNRQ_KXVeskPicture::IKXVeskPicture& real;
+    ZelvorNRQ_KXVeskPicture::IKXVeskPicture& m_real;
 };
 
 /// The module's viewer, written down.

@@ -39,12 +39,14 @@ bool IsNear(QRgb one, QRgb other) {
 
 QPoint FlagPlace(const host::FloorPlanCanvas& plan, const QString& key, qint32 markId) {
     for (const host::FlagBox& box : plan.FlagsLayout().boxes) {
-        if (box.flag < 0)
+        if (box.flag < 0) {
             continue;
+        }
         const host::MarkFlag& flag = plan.Flags()[size_t(box.flag)].flag;
-        if (flag.kind == host::MarkKind::kPhotos && flag.positionKey == key &&
-            flag.markId == markId)
+        if (flag.kind == host::MarkKind::Photos && flag.positionKey == key &&
+            flag.markId == markId) {
             return box.rect.center().toPoint();
+        }
     }
     ADD_FAILURE() << "no such flag";
     return {-1, -1};
@@ -60,11 +62,13 @@ QMenu* FlagMenuInSight() {
 void PickFrom(QMenu* menu, const QString& entry) {
     const QString first = entry.section(u'/', 0, 0);
     for (QAction* action : menu->actions()) {
-        if (!action->isEnabled() || !action->text().startsWith(first))
+        if (!action->isEnabled() || !action->text().startsWith(first)) {
             continue;
+        }
         tour::ClickAt(menu, menu->actionGeometry(action).center());
-        if (entry != first)
+        if (entry != first) {
             PickFrom(action->menu(), entry.section(u'/', 1));
+        }
         return;
     }
     ADD_FAILURE() << "no such entry: " << entry.toStdString();
@@ -96,8 +100,9 @@ void ClickRowIcon(int row, const QString& caption) {
 
 QStringList ConsoleColumnTexts(const QString& caption) {
     QStringList texts;
-    for (int row = 0; row < tour::ConsoleRows(); ++row)
+    for (int row = 0; row < tour::ConsoleRows(); ++row) {
         texts << tour::ConsoleText(row, caption);
+    }
     return texts;
 }
 
@@ -112,9 +117,10 @@ int SelectedRow() {
 
 host::MarkFlag PhotoFlag(const host::FloorPlanCanvas& plan, const QString& key, qint32 markId) {
     for (const host::PlacedFlag& placed : plan.Flags()) {
-        if (placed.flag.kind == host::MarkKind::kPhotos && placed.flag.positionKey == key &&
-            placed.flag.markId == markId)
+        if (placed.flag.kind == host::MarkKind::Photos && placed.flag.positionKey == key &&
+            placed.flag.markId == markId) {
             return placed.flag;
+        }
     }
     return {};
 }
@@ -129,11 +135,13 @@ void ChooseOfFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId
     QTimer look;
     QObject::connect(&look, &QTimer::timeout, [&] {
         QMenu* menu = FlagMenuInSight();
-        if (menu == nullptr)
+        if (menu == nullptr) {
             return;
+        }
         look.stop();
-        if (meanwhile)
+        if (meanwhile) {
             meanwhile();
+        }
         PickFrom(menu, entry);
     });
     look.start(kLookAgainMs);
@@ -154,8 +162,9 @@ QString ViewerText(const QString& name) {
 }
 
 bool ViewerShows(QRgb color) {
-    if (Viewer() == nullptr)
+    if (Viewer() == nullptr) {
         return false;
+    }
     const QSize picture = Viewer()->size() - kBesidePicture;
     const QImage seen = Viewer()->grab().toImage();
     const QPointF middle = QPointF(picture.width(), picture.height()) / 2 * seen.devicePixelRatio();
@@ -180,8 +189,9 @@ QString BoxDuring(const std::function<void()>& action) {
 QStringList OpenWindows() {
     QStringList names;
     for (const QWidget* window : QApplication::topLevelWidgets()) {
-        if ((window->isVisible() || window->isMinimized()) && window->windowType() != Qt::ToolTip)
+        if ((window->isVisible() || window->isMinimized()) && window->windowType() != Qt::ToolTip) {
             names << window->objectName();
+        }
     }
     names.sort();
     return names;

@@ -32,8 +32,9 @@ constexpr int kLeastWidth = 850;
 bool IsLeaf(const QWidget* widget) {
     for (const QWidget* above = widget->parentWidget(); above != nullptr && !above->isWindow();
          above = above->parentWidget()) {
-        if (qobject_cast<const QAbstractScrollArea*>(above) != nullptr)
+        if (qobject_cast<const QAbstractScrollArea*>(above) != nullptr) {
             return false;
+        }
     }
     return widget->isVisible() && !widget->isWindow() &&
            (widget->findChildren<QWidget*>(Qt::FindDirectChildrenOnly).isEmpty() ||
@@ -58,13 +59,15 @@ protected:
             << window.objectName().toStdString() << ' ' << window.frameGeometry().width() << 'x'
             << window.frameGeometry().height() << " at " << window.x() << ',' << window.y()
             << " on " << free.width() << 'x' << free.height();
-        if (free.width() < kLeastWidth)
+        if (free.width() < kLeastWidth) {
             return; // the window fits, what is in it needn't
+        }
         const QList<QWidget*> parts = window.findChildren<QWidget*>();
         for (const QWidget* part : parts) {
             if (part->window() != &window || !IsLeaf(part) || part->size().isEmpty() ||
-                qobject_cast<const QSizeGrip*>(part) != nullptr)
+                qobject_cast<const QSizeGrip*>(part) != nullptr) {
                 continue;
+            }
             const QRect place(part->mapTo(&window, QPoint(0, 0)), part->size());
             EXPECT_TRUE(window.rect().contains(place))
                 << window.objectName().toStdString() << ": " << part->metaObject()->className()
@@ -74,8 +77,9 @@ protected:
     }
     static QWidget* WindowNamed(const QString& name) {
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == name && window->isVisible())
+            if (window->objectName() == name && window->isVisible()) {
                 return window;
+            }
         }
         return nullptr;
     }
@@ -83,8 +87,9 @@ protected:
         ASSERT_TRUE(Press(key));
         ASSERT_TRUE(WaitFor([&] { return WindowNamed(name) != nullptr; })) << name.toStdString();
         ExpectFits(*WindowNamed(name));
-        if (QWidget* window = WindowNamed(name))
+        if (QWidget* window = WindowNamed(name)) {
             window->close();
+        }
     }
 };
 
@@ -148,8 +153,9 @@ TEST_F(SmallScreen, TheListOfKeysFits) {
 
 TEST_F(SmallScreen, TheSignInFits) {
     std::vector<host::SignInEntry> users;
-    for (int number = 0; number < 40; ++number)
+    for (int number = 0; number < 40; ++number) {
         users.push_back({u"工程师 %1"_s.arg(number), u"可以编辑、删除、显示与隐藏、新增标签"_s});
+    }
     host::SignInDialog dialog(users, users[3].name, folder.Path());
     dialog.show();
     ASSERT_TRUE(WaitFor([&] { return dialog.isVisible(); }));

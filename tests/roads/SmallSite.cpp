@@ -20,8 +20,9 @@ void AddPlaces(site::SiteWriter& writer, SmallSite& site) {
     for (const qint32 ppid : {site.firstProject, site.secondProject}) {
         for (const QString& floor : {u"-1"_s, u"1"_s}) {
             for (const QString& x : {u"1"_s, u"2"_s}) {
-                for (const QString& y : {u"A"_s, u"B"_s})
+                for (const QString& y : {u"A"_s, u"B"_s}) {
                     writer.AddPosition({ppid, floor, x, y, {}, true});
+                }
             }
         }
     }

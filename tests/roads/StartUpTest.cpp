@@ -22,7 +22,7 @@ protected:
 
     void SetUp() override {
         line.dataFolder = folder.Path(u"data"_s);
-        line.sample = sample::SampleSize::kNone;
+        line.sample = sample::SampleSize::None;
     }
 };
 
@@ -66,8 +66,9 @@ TEST_F(StartUp, InAFolderWithoutASiteTheFirstUserMayDoEverything) {
     ASSERT_TRUE(host::OpenSite(session, line).goOn);
     ASSERT_TRUE(host::SignInUser(session, line).goOn);
     EXPECT_EQ(session.UserName(), u"王强"_s);
-    for (const qint32 right : {5, 21, 22, 38})
+    for (const qint32 right : {5, 21, 22, 38}) {
         EXPECT_TRUE(session.HasRight(right));
+    }
 }
 
 TEST_F(StartUp, ASecondSessionOnTheSameFolderWorksToo) {

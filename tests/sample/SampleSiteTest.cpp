@@ -39,7 +39,7 @@ struct EmptySite {
 
     [[nodiscard]] bool Create(const sample::SampleProgress& progress = {}) {
         site::SqliteSite site(folder);
-        return sample::CreateSampleSite(site, SampleSize::kSmall, progress, error);
+        return sample::CreateSampleSite(site, SampleSize::Small, progress, error);
     }
     [[nodiscard]] int Count(const QString& table) const {
         return folder.Db().Value(u"SELECT count(*) FROM "_s + table).toInt();
@@ -96,7 +96,7 @@ std::optional<int> RunAsChild(const QStringList& words) {
     QString error;
     site::SqliteSite target(folder);
     const bool made = sample::CreateSampleSite(
-        target, SampleSize::kSmall,
+        target, SampleSize::Small,
         [&](int done, int, const QString&) {
             if (done >= words[3].toInt()) {
                 kill(getpid(), SIGKILL);
@@ -206,7 +206,7 @@ TEST(SampleSite, ASiteThatExistsStaysAsItIs) {
 TEST(SampleSite, NoSiteIsMadeForNone) {
     EmptySite site;
     site::SqliteSite target(site.folder);
-    EXPECT_TRUE(sample::CreateSampleSite(target, SampleSize::kNone, {}, site.error));
+    EXPECT_TRUE(sample::CreateSampleSite(target, SampleSize::None, {}, site.error));
     site.ExpectNothing();
 }
 

@@ -57,13 +57,13 @@ int CountPhotos(const sample::SitePlan& plan,
 }
 
 TEST(SitePlan, IsTheSameEveryTime) {
-    EXPECT_EQ(Told(sample::MakeSitePlan(SampleSize::kFull, kNow)),
-              Told(sample::MakeSitePlan(SampleSize::kFull, kNow)));
+    EXPECT_EQ(Told(sample::MakeSitePlan(SampleSize::Full, kNow)),
+              Told(sample::MakeSitePlan(SampleSize::Full, kNow)));
 }
 
 TEST(SitePlan, OnlyDatesFollowThePresent) {
-    const auto one = sample::MakeSitePlan(SampleSize::kSmall, kNow);
-    const auto other = sample::MakeSitePlan(SampleSize::kSmall, kNow + 100 * kDay);
+    const auto one = sample::MakeSitePlan(SampleSize::Small, kNow);
+    const auto other = sample::MakeSitePlan(SampleSize::Small, kNow + 100 * kDay);
     ASSERT_EQ(one.photos.size(), other.photos.size());
     for (size_t index = 0; index < one.photos.size(); ++index) {
         EXPECT_EQ(one.photos[index].record.description, other.photos[index].record.description);
@@ -73,7 +73,7 @@ TEST(SitePlan, OnlyDatesFollowThePresent) {
 }
 
 TEST(SitePlan, TheFullSiteHasItsNumbers) {
-    const sample::SitePlan plan = sample::MakeSitePlan(SampleSize::kFull, kNow);
+    const sample::SitePlan plan = sample::MakeSitePlan(SampleSize::Full, kNow);
     EXPECT_EQ(plan.photos.size(), 300);
     EXPECT_EQ(plan.pdfPhotos.size(), 90);
     EXPECT_EQ(plan.drawings.size(), 4);
@@ -96,14 +96,14 @@ TEST(SitePlan, TheFullSiteHasItsNumbers) {
 }
 
 TEST(SitePlan, NoPlanForNoSite) {
-    EXPECT_TRUE(sample::MakeSitePlan(SampleSize::kNone, kNow).positions.empty());
+    EXPECT_TRUE(sample::MakeSitePlan(SampleSize::None, kNow).positions.empty());
 }
 
 class SitePlanOf : public testing::TestWithParam<SampleSize> {
 protected:
     const sample::SitePlan plan = sample::MakeSitePlan(GetParam(), kNow);
 };
-INSTANTIATE_TEST_SUITE_P(Sizes, SitePlanOf, testing::Values(SampleSize::kSmall, SampleSize::kFull));
+INSTANTIATE_TEST_SUITE_P(Sizes, SitePlanOf, testing::Values(SampleSize::Small, SampleSize::Full));
 
 TEST_P(SitePlanOf, HasEverySpecialCaseOfPhotos) {
     const auto count = [&](const std::function<bool(const NewBimPhoto&)>& is) {

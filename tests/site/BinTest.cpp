@@ -41,7 +41,7 @@ public:
         ListFilter filter;
         filter.ppids = {ppid};
         filter.keyword = keyword;
-        return ListQuery(folder.Db()).Fetch(ListKind::kBimPhotos, filter, {{}, 1, 30}).total;
+        return ListQuery(folder.Db()).Fetch(ListKind::BimPhotos, filter, {{}, 1, 30}).total;
     }
 
     void Reconcile() {
@@ -138,7 +138,7 @@ TEST(Bin, FilesThatACrashLeftInTheWrongPlaceFollowTheirRows) {
 TEST(Bin, AnUnknownKindIsListedAndRefusedWithASentence) {
     BinSite site;
     const qint64 binId = site.DeletedAs(u"kind"_s, 9);
-    const QString text = site.RefusalOf(binId, Fault::kNewer);
+    const QString text = site.RefusalOf(binId, Fault::Newer);
     EXPECT_TRUE(text.contains(u"外墙.jpg"_s) && text.contains(u"升级"_s)) << text.toStdString();
 }
 
@@ -153,7 +153,7 @@ TEST(Bin, ADamagedEntryIsRefusedAndStays) {
     for (const QString& damage : damages) {
         BinSite site;
         const qint64 binId = site.DeletedAs(u"content"_s, damage);
-        const QString text = site.RefusalOf(binId, Fault::kDamaged);
+        const QString text = site.RefusalOf(binId, Fault::Damaged);
         EXPECT_TRUE(text.contains(u"外墙.jpg"_s) && text.contains(u"损坏"_s)) << text.toStdString();
     }
 }
@@ -171,7 +171,7 @@ TEST(Bin, NamesFromAnEntryNeverReachAStatementUnchecked) {
         QString content = site.folder.Db().Value(u"SELECT content FROM bin"_s).toString();
         ASSERT_TRUE(content.contains(from)) << content.toStdString();
         site.folder.Db().Exec(u"UPDATE bin SET content = ?"_s, {content.replace(from, to)});
-        const QString text = site.RefusalOf(site.bin.List().front().id, Fault::kDamaged);
+        const QString text = site.RefusalOf(site.bin.List().front().id, Fault::Damaged);
         EXPECT_TRUE(text.contains(u"损坏"_s)) << to.toStdString();
     }
 }

@@ -65,15 +65,15 @@ TEST(DataFolder, ADatabaseOfALaterVersionIsRefused) {
     TempSite site;
     site.folder.Db().Exec(u"INSERT INTO schema_version VALUES (?, 0)"_s, {kSchemaVersion + 1});
     site.folder.Close();
-    EXPECT_TRUE(FaultOfOpening(site.folder.Path(), Fault::kNewer).contains(u"升级"_s));
+    EXPECT_TRUE(FaultOfOpening(site.folder.Path(), Fault::Newer).contains(u"升级"_s));
 }
 
 TEST(DataFolder, AVersionOutOfRangeIsASentence) {
     for (const auto& [version, fault] : std::vector<std::pair<QVariant, Fault>>{
-             {-1, Fault::kDamaged},
-             {0, Fault::kDamaged},
-             {4'294'967'297LL, Fault::kNewer},
-             {std::numeric_limits<qint64>::max(), Fault::kNewer},
+             {-1, Fault::Damaged},
+             {0, Fault::Damaged},
+             {4'294'967'297LL, Fault::Newer},
+             {std::numeric_limits<qint64>::max(), Fault::Newer},
          }) {
         TempSite site;
         site.folder.Db().Exec(u"DELETE FROM schema_version"_s);
@@ -92,7 +92,7 @@ TEST(DataFolder, ATableOfVersionsOfAnotherProgramIsDamage) {
         other.Exec(u"CREATE TABLE schema_version (version TEXT)"_s);
         other.Exec(u"INSERT INTO schema_version VALUES ('2.1')"_s);
     }
-    FaultOfOpening(site.folder.Path(), Fault::kDamaged);
+    FaultOfOpening(site.folder.Path(), Fault::Damaged);
     Database other(site.folder.DatabasePath(), kShortTimeoutMs);
     EXPECT_EQ(other.Value(u"SELECT count(*) FROM sqlite_master"_s).toInt(), 1);
 }
@@ -101,7 +101,7 @@ TEST(DataFolder, AFileThatIsNoDatabaseIsDamage) {
     TempSite site;
     site.folder.Close();
     Overwrite(site.folder.DatabasePath(), 0, QByteArray(200, 'x'));
-    EXPECT_TRUE(FaultOfOpening(site.folder.Path(), Fault::kDamaged).contains(u"损坏"_s));
+    EXPECT_TRUE(FaultOfOpening(site.folder.Path(), Fault::Damaged).contains(u"损坏"_s));
 }
 
 TEST(DataFolder, ATruncatedDatabaseIsDamage) {
@@ -109,7 +109,7 @@ TEST(DataFolder, ATruncatedDatabaseIsDamage) {
     site.folder.Close();
     QFile file(site.folder.DatabasePath());
     ASSERT_TRUE(file.resize(file.size() / 2));
-    FaultOfOpening(site.folder.Path(), Fault::kDamaged);
+    FaultOfOpening(site.folder.Path(), Fault::Damaged);
 }
 
 TEST(DataFolder, ADatabaseOfAnotherProgramIsRefusedAndLeftAlone) {
@@ -120,7 +120,7 @@ TEST(DataFolder, ADatabaseOfAnotherProgramIsRefusedAndLeftAlone) {
         Database other(site.folder.DatabasePath(), kShortTimeoutMs);
         other.Exec(u"CREATE TABLE recipes (id INTEGER)"_s);
     }
-    FaultOfOpening(site.folder.Path(), Fault::kDamaged);
+    FaultOfOpening(site.folder.Path(), Fault::Damaged);
     Database other(site.folder.DatabasePath(), kShortTimeoutMs);
     EXPECT_EQ(other.Value(u"SELECT count(*) FROM sqlite_master"_s).toInt(), 1);
 }
@@ -141,7 +141,7 @@ TEST(DataFolder, AfterASuspicionTheWholeDatabaseIsRead) {
                      u"SELECT count(*) FROM bim_photo INDEXED BY bim_by_name WHERE ppid = 1"_s),
                  DataError);
     unsuspecting.Close();
-    FaultOfOpening(site.folder.Path(), Fault::kDamaged);
+    FaultOfOpening(site.folder.Path(), Fault::Damaged);
 }
 
 TEST(DataFolder, ADatabaseThatAnotherProcessHoldsIsToldAsLocked) {
@@ -150,7 +150,7 @@ TEST(DataFolder, ADatabaseThatAnotherProcessHoldsIsToldAsLocked) {
     Database holder(site.folder.DatabasePath(), kShortTimeoutMs);
     holder.Exec(u"PRAGMA locking_mode = EXCLUSIVE"_s);
     holder.Exec(u"CREATE TABLE held (id INTEGER)"_s);
-    EXPECT_TRUE(FaultOfOpening(site.folder.Path(), Fault::kLocked).contains(u"占用"_s));
+    EXPECT_TRUE(FaultOfOpening(site.folder.Path(), Fault::Locked).contains(u"占用"_s));
 }
 
 TEST(DataFolder, AFolderThatCannotBeMadeIsNotWritable) {
@@ -158,7 +158,7 @@ TEST(DataFolder, AFolderThatCannotBeMadeIsNotWritable) {
     QFile file(dir.filePath(u"file"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_TRUE(
-        FaultOfOpening(dir.filePath(u"file/site"_s), Fault::kNotWritable).contains(u"权限"_s));
+        FaultOfOpening(dir.filePath(u"file/site"_s), Fault::NotWritable).contains(u"权限"_s));
 }
 
 TEST(DataFolder, ASecondOpeningOfTheSameFolderSeesTheChangesOfTheFirst) {

@@ -16,7 +16,7 @@ Fault FaultThrownBy(const std::function<void()>& work) {
         return error.GetFault();
     }
     ADD_FAILURE() << "nothing was thrown";
-    return Fault::kOther;
+    return Fault::Other;
 }
 
 qint64 Settings(Database& db) {
@@ -62,7 +62,7 @@ TEST(Database, AWriterThatWaitsTooLongIsToldThatItIsLocked) {
     TempSite site;
     Database other(site.folder.DatabasePath(), 50);
     Transaction transaction(site.folder.Db());
-    EXPECT_EQ(FaultThrownBy([&] { Transaction blocked(other); }), Fault::kLocked);
+    EXPECT_EQ(FaultThrownBy([&] { Transaction blocked(other); }), Fault::Locked);
 }
 
 TEST(Database, AFullDiskIsToldAsSuch) {
@@ -76,7 +76,7 @@ TEST(Database, AFullDiskIsToldAsSuch) {
                           {QString(200000, u'x')});
                   transaction.Commit();
               }),
-              Fault::kDiskFull);
+              Fault::DiskFull);
     EXPECT_EQ(Settings(db), 0);
 }
 
@@ -84,7 +84,7 @@ TEST(Database, AMissingParentIsRefused) {
     TempSite site;
     EXPECT_EQ(
         FaultThrownBy([&] { site.folder.Db().Exec(u"INSERT INTO floor VALUES (99, '1', 'x')"_s); }),
-        Fault::kRefused);
+        Fault::Refused);
 }
 
 TEST(Database, AnEmptyTextIsStoredAsATextAndNotAsNothing) {
@@ -126,7 +126,7 @@ TEST(DatabaseScan, AFaultIsThrownAndToldToTheWatch) {
     Database& db = site.folder.Db();
     int told = 0;
     db.SetFaultWatch([&](Fault) { ++told; });
-    EXPECT_EQ(FaultThrownBy([&] { db.Scan(u"SELECT x FROM nowhere"_s, {}, {}); }), Fault::kOther);
+    EXPECT_EQ(FaultThrownBy([&] { db.Scan(u"SELECT x FROM nowhere"_s, {}, {}); }), Fault::Other);
     EXPECT_EQ(told, 1);
 }
 

@@ -40,7 +40,7 @@ TEST(FileStore, NamesThatAreNoUuidsNeverReachTheFileSystem) {
             (void)site.folder.Store().PathOf(name);
             ADD_FAILURE() << name.toStdString();
         } catch (const DataError& error) {
-            EXPECT_EQ(error.GetFault(), Fault::kBadName);
+            EXPECT_EQ(error.GetFault(), Fault::BadName);
         }
     }
 }
@@ -51,7 +51,7 @@ TEST(FileStore, AFileThatIsNotThereIsNamedInTheMessage) {
         (void)site.folder.Store().PathOf(u"nowhere"_s);
         FAIL();
     } catch (const DataError& error) {
-        EXPECT_EQ(error.GetFault(), Fault::kMissing);
+        EXPECT_EQ(error.GetFault(), Fault::Missing);
         EXPECT_TRUE(error.Text().contains(u"nowhere"_s));
     }
 }

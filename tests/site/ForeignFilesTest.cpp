@@ -94,7 +94,7 @@ TEST(AFolderThatIsNoSite, IsRefusedWithASentenceAndLeftAsItIs) {
     WriteFile(home.filePath(u"信件.txt"_s));
     const QStringList before = FilesBelow(home.path());
     const OpenFault fault = FaultOf(home.path());
-    EXPECT_EQ(fault.fault, Fault::kNotASite);
+    EXPECT_EQ(fault.fault, Fault::NotASite);
     EXPECT_TRUE(fault.text.contains(u"原样未动"_s)) << fault.text.toStdString();
     EXPECT_EQ(FilesBelow(home.path()), before);
     EXPECT_FALSE(QFileInfo::exists(home.filePath(u"store"_s)));
@@ -103,7 +103,7 @@ TEST(AFolderThatIsNoSite, IsRefusedWithASentenceAndLeftAsItIs) {
 TEST(AFolderThatIsNoSite, WithNothingButFilesInABinIsRefusedToo) {
     QTemporaryDir home;
     WriteFile(home.filePath(u"bin/backup"_s));
-    EXPECT_EQ(FaultOf(home.path()).fault, Fault::kNotASite);
+    EXPECT_EQ(FaultOf(home.path()).fault, Fault::NotASite);
     EXPECT_THAT(FilesBelow(home.path()), ElementsAre(u"bin/backup"_s));
 }
 
@@ -111,14 +111,14 @@ TEST(AFolderThatIsNoSite, WithAnEmptyFileOfTheDatabasesNameIsRefusedToo) {
     QTemporaryDir home;
     WriteFile(home.filePath(u"site.db"_s), {});
     WriteFile(home.filePath(u"store/list.txt"_s));
-    EXPECT_EQ(FaultOf(home.path()).fault, Fault::kNotASite);
+    EXPECT_EQ(FaultOf(home.path()).fault, Fault::NotASite);
 }
 
 TEST(AFolderThatIsNoSite, IfItIsAFileItIsCalledOne) {
     QTemporaryDir dir;
     WriteFile(dir.filePath(u"letter"_s));
     const OpenFault fault = FaultOf(dir.filePath(u"letter"_s));
-    EXPECT_EQ(fault.fault, Fault::kNotASite);
+    EXPECT_EQ(fault.fault, Fault::NotASite);
     EXPECT_TRUE(fault.text.contains(u"不是文件夹"_s)) << fault.text.toStdString();
 }
 
@@ -146,14 +146,14 @@ TEST_F(SiteWithAStranger, APartThatIsALinkIsRefusedAndNothingBehindItIsTouched) 
         ASSERT_TRUE(QDir().rename(Inside(part), Inside(part + u".kept"_s)));
         ASSERT_TRUE(QFile::link(Elsewhere({}), Inside(part)));
         const OpenFault fault = FaultOf(site.folder.Path());
-        EXPECT_EQ(fault.fault, Fault::kNotASite) << part.toStdString();
+        EXPECT_EQ(fault.fault, Fault::NotASite) << part.toStdString();
         EXPECT_TRUE(fault.text.contains(part) && fault.text.contains(u"链接"_s));
         ExpectNothingLostElsewhere();
         ASSERT_TRUE(QFile::remove(Inside(part)));
         ASSERT_TRUE(QDir().rename(Inside(part + u".kept"_s), Inside(part)));
     }
     ASSERT_TRUE(QFile::link(Elsewhere({}), Inside(site::place::kCache)));
-    EXPECT_EQ(FaultOf(site.folder.Path()).fault, Fault::kNotASite);
+    EXPECT_EQ(FaultOf(site.folder.Path()).fault, Fault::NotASite);
     ExpectNothingLostElsewhere();
 }
 

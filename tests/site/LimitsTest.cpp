@@ -25,7 +25,7 @@ Fault FaultOf(const std::function<void()>& work) {
         return error.GetFault();
     }
     ADD_FAILURE() << "it came to an end";
-    return Fault::kOther;
+    return Fault::Other;
 }
 
 TEST(Limits, AQuestionPastItsDeadlineEndsAndTheNextOneIsAnswered) {
@@ -33,7 +33,7 @@ TEST(Limits, AQuestionPastItsDeadlineEndsAndTheNextOneIsAnswered) {
     SqliteSite site(temp.folder);
     {
         const Within within(site, {milliseconds(50), {}});
-        EXPECT_EQ(FaultOf([&] { (void)temp.folder.Db().Value(kEndless); }), Fault::kTooSlow);
+        EXPECT_EQ(FaultOf([&] { (void)temp.folder.Db().Value(kEndless); }), Fault::TooSlow);
         EXPECT_TRUE(site.Catalogue().Projects().empty());
     }
     EXPECT_EQ(site.SetLimits({}).deadline, milliseconds(0)) << "limits outlive their scope";
@@ -45,7 +45,7 @@ TEST(Limits, AQuestionIsCancelledFromAnotherThread) {
     std::stop_source stop;
     const Within within(site, {milliseconds(0), stop.get_token()});
     std::jthread other([&] { stop.request_stop(); });
-    EXPECT_EQ(FaultOf([&] { (void)temp.folder.Db().Value(kEndless); }), Fault::kCancelled);
+    EXPECT_EQ(FaultOf([&] { (void)temp.folder.Db().Value(kEndless); }), Fault::Cancelled);
 }
 
 TEST(Limits, WhatIsCancelledInAChangeChangesNothing) {
@@ -61,7 +61,7 @@ TEST(Limits, WhatIsCancelledInAChangeChangesNothing) {
             (void)temp.folder.Db().Value(kEndless);
             transaction.Commit();
         };
-        EXPECT_EQ(FaultOf(change), Fault::kCancelled);
+        EXPECT_EQ(FaultOf(change), Fault::Cancelled);
     }
     EXPECT_TRUE(site.Catalogue().Projects().empty());
     SiteWriter(temp.folder).AddProject(u"滨江花园"_s);
@@ -94,11 +94,11 @@ TEST(Limits, WaitingForAnotherProcesssLockIsCancelledToo) {
     std::stop_source stop;
     const Within within(site, {milliseconds(0), stop.get_token()});
     const auto change = [&] { SiteWriter(temp.folder).AddProject(u"滨江花园"_s); };
-    EXPECT_EQ(FaultOf(change), Fault::kLocked) << "after the busy timeout of half a second";
+    EXPECT_EQ(FaultOf(change), Fault::Locked) << "after the busy timeout of half a second";
     stop.request_stop();
-    EXPECT_EQ(FaultOf(change), Fault::kCancelled);
+    EXPECT_EQ(FaultOf(change), Fault::Cancelled);
     site.SetLimits({milliseconds(20), {}});
-    EXPECT_EQ(FaultOf(change), Fault::kTooSlow);
+    EXPECT_EQ(FaultOf(change), Fault::TooSlow);
 }
 
 TEST(Limits, AFaultThatComesLateIsStillItself) {
@@ -108,7 +108,7 @@ TEST(Limits, AFaultThatComesLateIsStillItself) {
     stop.request_stop();
     const Within within(site, {milliseconds(0), stop.get_token()});
     EXPECT_EQ(FaultOf([&] { (void)temp.folder.Db().Value(u"SELECT * FROM nothing"_s); }),
-              Fault::kOther);
+              Fault::Other);
 }
 
 } // namespace

@@ -31,10 +31,10 @@ TEST(ChoosePlan, ACommonFilterIsWalkedAndARareOneSorted) {
     facts.walkRows = 1000000;
     facts.total = 300000;
     facts.sourceRows = 300000;
-    EXPECT_EQ(ChoosePlan(facts, SpanOf(facts.total, 1, 30)), PagePlan::kWalk);
+    EXPECT_EQ(ChoosePlan(facts, SpanOf(facts.total, 1, 30)), PagePlan::Walk);
     facts.total = 40;
     facts.sourceRows = 40;
-    EXPECT_EQ(ChoosePlan(facts, SpanOf(facts.total, 1, 30)), PagePlan::kSort);
+    EXPECT_EQ(ChoosePlan(facts, SpanOf(facts.total, 1, 30)), PagePlan::Sort);
 }
 
 TEST(ChoosePlan, RowsThatMayLieTogetherAreNotWalkedTo) {
@@ -42,9 +42,9 @@ TEST(ChoosePlan, RowsThatMayLieTogetherAreNotWalkedTo) {
     facts.walkRows = 1000000;
     facts.total = 2000;
     facts.sourceRows = 2000;
-    EXPECT_EQ(ChoosePlan(facts, SpanOf(facts.total, 1, 30)), PagePlan::kWalk);
+    EXPECT_EQ(ChoosePlan(facts, SpanOf(facts.total, 1, 30)), PagePlan::Walk);
     facts.clustered = true;
-    EXPECT_EQ(ChoosePlan(facts, SpanOf(facts.total, 1, 30)), PagePlan::kSort);
+    EXPECT_EQ(ChoosePlan(facts, SpanOf(facts.total, 1, 30)), PagePlan::Sort);
 }
 
 } // namespace site

@@ -83,7 +83,7 @@ TEST(Transfer, AFileThatIsThereWholeIsNotFetchedAgain) {
     ASSERT_TRUE(site.Fetch().ok);
     site.steps.clear();
     TransferRules broken;
-    broken.fault = TransferFault::kAtStart;
+    broken.fault = TransferFault::AtStart;
     EXPECT_TRUE(site.Fetch(broken).ok);
     EXPECT_TRUE(site.steps.empty());
 }
@@ -93,7 +93,7 @@ TEST(Transfer, AWholeFileThatSomebodyElsePutThereIsTakenAsItIs) {
     QDir().mkpath(QFileInfo(site.target).path());
     ASSERT_TRUE(QFile::copy(site.dir.filePath(u"source"_s), site.target));
     TransferRules broken;
-    broken.fault = TransferFault::kAtStart;
+    broken.fault = TransferFault::AtStart;
     EXPECT_TRUE(site.Fetch(broken).ok);
     EXPECT_EQ(site.steps, (std::vector<qint64>{600000}));
 }
@@ -118,9 +118,9 @@ TEST(Transfer, AFetchedFileThatWasDamagedSinceIsFetchedAgain) {
 TEST(Transfer, AFailureAtTheStartOrInTheMiddleKeepsWhatWasThere) {
     TransferSite site;
     site.PutOld();
-    site.ExpectFailure(site.Fetch({0, TransferFault::kAtStart}), u"传输中断"_s);
+    site.ExpectFailure(site.Fetch({0, TransferFault::AtStart}), u"传输中断"_s);
     EXPECT_TRUE(site.steps.empty());
-    site.ExpectFailure(site.Fetch({0, TransferFault::kInTheMiddle}), u"传输中断"_s);
+    site.ExpectFailure(site.Fetch({0, TransferFault::InTheMiddle}), u"传输中断"_s);
     EXPECT_EQ(site.steps, (std::vector<qint64>{262144}));
 }
 
@@ -129,7 +129,7 @@ TEST(Transfer, OneThatNeverEndsEndsWhenItIsToldTo) {
     site.PutOld();
     TransferOutcome outcome;
     {
-        const std::jthread waiting([&] { outcome = site.Fetch({0, TransferFault::kNeverEnds}); });
+        const std::jthread waiting([&] { outcome = site.Fetch({0, TransferFault::NeverEnds}); });
         site.stop.request_stop();
     }
     site.ExpectFailure(outcome, u"已取消"_s);

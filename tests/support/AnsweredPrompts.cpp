@@ -22,8 +22,9 @@ AnsweredPrompts::AnsweredPrompts(CallLog* log) : m_log(log), m_before(toolkit::S
 
 AnsweredPrompts::~AnsweredPrompts() {
     toolkit::SetPrompts(m_before);
-    for (const Expectation& left : m_expected)
+    for (const Expectation& left : m_expected) {
         ADD_FAILURE() << "never came: " << left.prompt << "(" << left.text.toStdString() << ")";
+    }
 }
 
 void AnsweredPrompts::Expect(const std::string& prompt, const QString& text,
@@ -71,8 +72,9 @@ void AnsweredPrompts::Meanwhile(std::function<void()> action) {
 QStringList AnsweredPrompts::Answer(toolkit::WindowId parent, const std::string& prompt,
                                     const QString& text) {
     m_parents.push_back(parent);
-    if (m_log != nullptr)
+    if (m_log != nullptr) {
         m_log->Add(prompt + "(" + text.toStdString() + ")");
+    }
     if (m_expected.empty() || m_expected.front().prompt != prompt ||
         m_expected.front().text != text) {
         ADD_FAILURE() << "unexpected: " << prompt << "(" << text.toStdString() << ")"
@@ -84,8 +86,9 @@ QStringList AnsweredPrompts::Answer(toolkit::WindowId parent, const std::string&
     // Taken out before anything runs meanwhile: that may open the next prompt.
     const Expectation met = std::move(m_expected.front());
     m_expected.pop_front();
-    if (met.meanwhile)
+    if (met.meanwhile) {
         met.meanwhile();
+    }
     return met.answer;
 }
 

@@ -36,8 +36,9 @@ inline std::string Text(qint32 value) {
 template <class T> std::string Text(const std::vector<T>& values) {
     std::string text = "[";
     for (const T& value : values) {
-        if (text.size() > 1)
+        if (text.size() > 1) {
             text += ' ';
+        }
         text += Text(value);
     }
     return text + "]";

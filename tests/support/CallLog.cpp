@@ -23,8 +23,9 @@ std::vector<std::string> CallLog::LinesOf(const std::vector<std::string>& operat
     std::vector<std::string> found;
     for (const std::string& line : Lines()) {
         const std::string operation = line.substr(0, line.find('('));
-        if (std::find(operations.begin(), operations.end(), operation) != operations.end())
+        if (std::find(operations.begin(), operations.end(), operation) != operations.end()) {
             found.push_back(line);
+        }
     }
     return found;
 }

@@ -41,8 +41,9 @@ void Compose(QWidget& field) {
 void DropDownAndMove(QWidget& field) {
     auto& box = static_cast<QComboBox&>(field);
     box.showPopup();
-    if (!box.view()->isVisible())
+    if (!box.view()->isVisible()) {
         return;
+    }
     // To an entry that isn't the chosen one, where there is one.
     QTest::keyClick(box.view(), Qt::Key_Down);
     QTest::keyClick(box.view(), Qt::Key_Down);
@@ -61,8 +62,9 @@ void EditCell(QWidget& field) {
     const QModelIndex first = view.model()->index(0, 0);
     view.setCurrentIndex(first);
     view.edit(first);
-    if (QApplication::focusWidget() != nullptr && QApplication::focusWidget() != &view)
+    if (QApplication::focusWidget() != nullptr && QApplication::focusWidget() != &view) {
         TypeOver(*QApplication::focusWidget());
+    }
 }
 
 struct Way {
@@ -104,18 +106,22 @@ constexpr Way kWays[] = {
 /// A part of a field: the line of a date or of a combo, the list of a combo.
 bool IsPart(const QWidget& widget) {
     for (const QWidget* above = widget.parentWidget(); above != nullptr;
-         above = above->parentWidget())
-        if (IsAny<QAbstractSpinBox, QComboBox, QLineEdit, QAbstractItemView>(*above))
+         above = above->parentWidget()) {
+        if (IsAny<QAbstractSpinBox, QComboBox, QLineEdit, QAbstractItemView>(*above)) {
             return true;
+        }
+    }
     return false;
 }
 
 /// Every widget of the window in the order in which they were made.
 std::vector<QWidget*> Fields(const QWidget& window) {
     std::vector<QWidget*> fields;
-    for (QWidget* widget : window.findChildren<QWidget*>())
-        if (widget->window() == &window && !IsPart(*widget))
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        if (widget->window() == &window && !IsPart(*widget)) {
             fields.push_back(widget);
+        }
+    }
     return fields;
 }
 
@@ -140,8 +146,9 @@ std::vector<std::string> CallsOfEnd(const EndTrial& trial, const HalfDone* input
         ADD_FAILURE() << "the window did not open";
         return {};
     }
-    if (input != nullptr)
+    if (input != nullptr) {
         input->act(*window);
+    }
     trial.takeCalls();
     trial.end();
     EXPECT_TRUE(!window || !window->isVisible()) << "the window has not ended";
@@ -157,13 +164,16 @@ std::vector<HalfDone> HalfDoneInputs(const QWidget& window) {
     const std::vector<QWidget*> fields = Fields(window);
     for (size_t place = 0; place < fields.size(); ++place) {
         const QWidget& field = *fields[place];
-        if (!field.isVisible() || !field.isEnabled())
+        if (!field.isVisible() || !field.isEnabled()) {
             continue;
-        for (const Way& way : kWays)
-            if (way.fits(field))
+        }
+        for (const Way& way : kWays) {
+            if (way.fits(field)) {
                 inputs.push_back(
                     {NameOf(field) + ": " + way.what,
                      [place, act = way.act](QWidget& again) { ActIn(again, place, act); }});
+            }
+        }
     }
     return inputs;
 }

@@ -33,16 +33,18 @@ void DropDown(QComboBox& box) {
 }
 
 void CloseList(QComboBox& box) {
-    if (box.view()->isVisible())
+    if (box.view()->isVisible()) {
         QTest::keyClick(box.view(), Qt::Key_Escape);
+    }
 }
 
 void Choose(QComboBox& box, int index) {
     DropDown(box);
     ASSERT_TRUE(box.view()->isVisible()) << box.objectName().toStdString();
     QTest::keyClick(box.view(), Qt::Key_Home);
-    for (int step = 0; step < index; ++step)
+    for (int step = 0; step < index; ++step) {
         QTest::keyClick(box.view(), Qt::Key_Down);
+    }
     QTest::keyClick(box.view(), Qt::Key_Return);
 }
 
@@ -63,23 +65,26 @@ void TypeOver(QLineEdit& edit, const QString& text) {
 
 std::vector<std::string> Entries(const QComboBox& box) {
     std::vector<std::string> texts;
-    for (int i = 0; i < box.count(); ++i)
+    for (int i = 0; i < box.count(); ++i) {
         texts.push_back(box.itemText(i).toStdString());
+    }
     return texts;
 }
 
 std::string BalloonAt(const QWidget* control) {
     const toolkit::BalloonTip* balloon = toolkit::BalloonTip::Current();
-    if (balloon == nullptr || balloon->Control() != control)
+    if (balloon == nullptr || balloon->Control() != control) {
         return {};
+    }
     return balloon->Text().toStdString();
 }
 
 std::string FocusedName() {
     const QWidget* widget = QApplication::focusWidget();
     while (widget != nullptr &&
-           (widget->objectName().isEmpty() || widget->objectName().startsWith(u"qt_"_s)))
+           (widget->objectName().isEmpty() || widget->objectName().startsWith(u"qt_"_s))) {
         widget = widget->parentWidget();
+    }
     return widget == nullptr ? std::string() : widget->objectName().toStdString();
 }
 
@@ -88,11 +93,13 @@ std::vector<std::string> TabOrder(QWidget* first) {
     std::vector<std::string> names = {FocusedName()};
     for (int step = 0; step < kMostTabs; ++step) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        if (FocusedName() == names.front())
+        if (FocusedName() == names.front()) {
             return names;
+        }
         // A date takes three steps, one for each of its parts.
-        if (FocusedName() != names.back())
+        if (FocusedName() != names.back()) {
             names.push_back(FocusedName());
+        }
     }
     return names;
 }

@@ -21,15 +21,17 @@ ModalVisit::ModalVisit(const QString& objectName, Action action)
 }
 
 ModalVisit::~ModalVisit() {
-    if (!m_come)
+    if (!m_come) {
         ADD_FAILURE() << "never came: " << m_name.toStdString();
+    }
 }
 
 void ModalVisit::Look() {
     const QPointer<QWidget> window = QApplication::activeModalWidget();
     const bool isHere = window && window->objectName() == m_name && window->isActiveWindow();
-    if (!isHere && !m_patience.hasExpired())
+    if (!isHere && !m_patience.hasExpired()) {
         return;
+    }
     m_timer.stop();
     if (isHere) {
         m_come = true;
@@ -39,8 +41,9 @@ void ModalVisit::Look() {
     while (QWidget* open = QApplication::activeModalWidget()) {
         ADD_FAILURE() << "left open: " << open->objectName().toStdString();
         open->close();
-        if (QApplication::activeModalWidget() == open)
+        if (QApplication::activeModalWidget() == open) {
             break;
+        }
     }
 }
 

@@ -20,17 +20,19 @@ void Script::Succeed(const std::string& operation) {
 
 void Script::During(const std::string& operation, std::function<void()> action) {
     const std::lock_guard lock(m_mutex);
-    if (action)
+    if (action) {
         m_actions[operation] = std::move(action);
-    else
+    } else {
         m_actions.erase(operation);
+    }
 }
 
 bool Script::Call(const std::string& operation, std::initializer_list<std::string> arguments) {
     std::string line = operation + "(";
     for (const std::string& argument : arguments) {
-        if (line.back() != '(')
+        if (line.back() != '(') {
             line += ',';
+        }
         line += argument;
     }
     log.Add(line + ")");
@@ -45,11 +47,13 @@ bool Script::Call(const std::string& operation, std::initializer_list<std::strin
             --left->second;
             fails = true;
         }
-        if (const auto found = m_actions.find(operation); found != m_actions.end())
+        if (const auto found = m_actions.find(operation); found != m_actions.end()) {
             action = found->second;
+        }
     }
-    if (action)
+    if (action) {
         action();
+    }
     return !fails;
 }
 

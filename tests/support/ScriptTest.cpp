@@ -55,11 +55,13 @@ TEST(CallLog, TakesCallsFromSeveralThreads) {
     Script script;
     {
         std::jthread other([&] {
-            for (int i = 0; i < 100; ++i)
+            for (int i = 0; i < 100; ++i) {
                 script.Call("A");
+            }
         });
-        for (int i = 0; i < 100; ++i)
+        for (int i = 0; i < 100; ++i) {
             script.Call("B");
+        }
     }
     EXPECT_EQ(script.log.CountOf("A"), 100);
     EXPECT_EQ(script.log.CountOf("B"), 100);

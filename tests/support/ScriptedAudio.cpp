@@ -37,8 +37,9 @@ public:
     bool Write(std::span<const qint16> samples, const std::stop_token& stop) override {
         std::unique_lock lock(m_record->lock);
         m_record->samples.insert(m_record->samples.end(), samples.begin(), samples.end());
-        if (m_device == Device::Holds)
+        if (m_device == Device::Holds) {
             m_record->never.wait(lock, stop, [] { return false; });
+        }
         return m_device != Device::FailsLater;
     }
 
@@ -58,8 +59,9 @@ ScriptedAudio::~ScriptedAudio() {
 }
 
 std::unique_ptr<toolkit::IAudioOutput> ScriptedAudio::Make() {
-    if (m_device == Device::None)
+    if (m_device == Device::None) {
         return nullptr;
+    }
     return std::make_unique<Output>(m_device, m_record);
 }
 

@@ -27,8 +27,9 @@ ScriptedHost::~ScriptedHost() {
 }
 
 ScriptedHost& ScriptedHost::Current() {
-    if (g_current == nullptr)
+    if (g_current == nullptr) {
         qFatal("a service was asked for while no ScriptedHost lives");
+    }
     return *g_current;
 }
 

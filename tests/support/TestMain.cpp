@@ -7,11 +7,13 @@
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VESK_OFFSCREEN_SCREEN);
+    }
     // Times are printed in the tests' zone, also when a program is started by hand.
-    if (qEnvironmentVariableIsEmpty("TZ"))
+    if (qEnvironmentVariableIsEmpty("TZ")) {
         qputenv("TZ", "Asia/Shanghai");
+    }
     QApplication app(argc, argv);
     const support::ScriptedAudio noSound;
     toolkit::ApplyLook(app);

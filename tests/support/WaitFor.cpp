@@ -18,8 +18,9 @@ bool WaitFor(const std::function<bool()>& condition, std::chrono::milliseconds t
     QTimer tick;
     tick.start(2);
     while (!condition()) {
-        if (deadline.hasExpired())
+        if (deadline.hasExpired()) {
             return false;
+        }
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }

@@ -33,15 +33,17 @@ protected:
     }
     void OnTimer(int) override {
         ++ticks;
-        if (destroyInTick)
+        if (destroyInTick) {
             Destroy();
+        }
     }
 };
 
 void WaitForTick(const Sample& sample, int ticks) {
     const QDeadlineTimer deadline(5000);
-    while (sample.ticks < ticks && !deadline.hasExpired())
+    while (sample.ticks < ticks && !deadline.hasExpired()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    }
 }
 
 } // namespace

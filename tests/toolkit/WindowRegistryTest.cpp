@@ -124,8 +124,9 @@ TEST(WindowRegistry, PostsOfSeveralThreadsAllArriveInTheOrderOfEachThread) {
         std::vector<std::jthread> threads;
         for (int thread = 0; thread < kThreads; ++thread) {
             threads.emplace_back([id, thread] {
-                for (int n = 0; n < kEvents; ++n)
+                for (int n = 0; n < kEvents; ++n) {
                     toolkit::PostWindowEvent(id, 1, quintptr(thread), quintptr(n));
+                }
             });
         }
     }

@@ -41,8 +41,9 @@ std::shared_ptr<DeviceQuestion> DeviceFinder::Ask() {
 }
 
 bool DeviceFinder::event(QEvent* event) {
-    if (event->type() != QEvent::User)
+    if (event->type() != QEvent::User) {
         return QObject::event(event);
+    }
     std::shared_ptr<DeviceQuestion> question;
     {
         const std::lock_guard lock(m_lock);

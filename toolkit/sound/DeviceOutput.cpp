@@ -27,8 +27,9 @@ QAudioFormat NoteFormat(int rate) {
 }
 
 std::optional<PcmFormat> AsPcm(const QAudioFormat& format) {
-    if (!format.isValid())
+    if (!format.isValid()) {
         return std::nullopt;
+    }
     PcmFormat pcm{format.sampleRate(), format.channelCount(), PcmSample::Int16};
     switch (format.sampleFormat()) {
     case QAudioFormat::UInt8:
@@ -51,20 +52,24 @@ std::optional<PcmFormat> AsPcm(const QAudioFormat& format) {
 
 DeviceOutput::~DeviceOutput() {
     // Drops what hasn't sounded yet.
-    if (m_sink)
+    if (m_sink) {
         m_sink->reset();
+    }
 }
 
 bool DeviceOutput::Open(int rate, const std::stop_token& stop) {
     const QAudioDevice device = m_question->Answer(kFindingTime, stop);
-    if (device.isNull())
+    if (device.isNull()) {
         return false;
+    }
     QAudioFormat format = NoteFormat(rate);
-    if (!device.isFormatSupported(format))
+    if (!device.isFormatSupported(format)) {
         format = device.preferredFormat();
+    }
     const std::optional<PcmFormat> pcm = AsPcm(format);
-    if (!pcm)
+    if (!pcm) {
         return false;
+    }
     m_converter.emplace(rate, *pcm);
     m_loop = std::make_unique<QEventLoop>();
     m_sink = std::make_unique<QAudioSink>(device, format);
@@ -86,16 +91,18 @@ bool DeviceOutput::Write(std::span<const qint16> samples, const std::stop_token&
             continue;
         }
         Look();
-        if (!IsAlive() || stuck.hasExpired())
+        if (!IsAlive() || stuck.hasExpired()) {
             return false;
+        }
     }
     return true;
 }
 
 void DeviceOutput::Drain(const std::stop_token& stop) {
     const QDeadlineTimer end(2 * kBufferMs);
-    while (!stop.stop_requested() && !end.hasExpired() && m_sink->state() == QAudio::ActiveState)
+    while (!stop.stop_requested() && !end.hasExpired() && m_sink->state() == QAudio::ActiveState) {
         Look();
+    }
 }
 
 bool DeviceOutput::IsAlive() const {

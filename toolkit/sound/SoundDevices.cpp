@@ -15,8 +15,9 @@ std::atomic<QtMessageHandler> g_messagesBefore{nullptr};
 /// A machine without a sound server is nothing to complain about.
 void WithoutServerComplaints(QtMsgType type, const QMessageLogContext& context,
                              const QString& text) {
-    if (!text.contains(QLatin1String("PulseAudioService:")))
+    if (!text.contains(QLatin1String("PulseAudioService:"))) {
         g_messagesBefore.load()(type, context, text);
+    }
 }
 
 std::unique_ptr<DeviceFinder>& Finder() {
@@ -35,8 +36,9 @@ public:
 
     std::unique_ptr<IAudioOutput> Make() override {
         // None once the application has ended.
-        if (!Finder())
+        if (!Finder()) {
             return nullptr;
+        }
         return std::make_unique<DeviceOutput>(Finder()->Ask());
     }
 };

@@ -7,7 +7,7 @@
 
 namespace host {
 
-enum class MarkKind { kPhotos, kIssues };
+enum class MarkKind { Photos, Issues };
 
 struct IssueName {
     QString questionId;
@@ -15,7 +15,7 @@ struct IssueName {
 };
 
 struct MarkFlag {
-    MarkKind kind = MarkKind::kPhotos;
+    MarkKind kind = MarkKind::Photos;
     qint32 markId = 0;
     QString name;                  ///< of the mark; empty if the mark table doesn't know it
     qint32 color = 0;              ///< 0xBBGGRR

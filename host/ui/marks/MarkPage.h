@@ -26,7 +26,7 @@ public:
     MarkPage(MarkKind pageKind, QWidget* parent);
     ~MarkPage() override;
 
-    [[nodiscard]] MarkKind Kind() const { return kind; }
+    [[nodiscard]] MarkKind Kind() const { return m_kind; }
     /// Sends no signal, as all functions here.
     void SetState(const MarkPageState& state);
     [[nodiscard]] MarkPageState State() const;
@@ -36,8 +36,8 @@ public:
     /// Says that there is nothing to list, and why; empty: nothing matches or nothing is there.
     void SetHint(const QString& text);
     /// The display switch for menus.
-    [[nodiscard]] QAction* ShownAction() const { return shownAction; }
-    [[nodiscard]] MarkTreeModel& Model() const { return *model; }
+    [[nodiscard]] QAction* ShownAction() const { return m_shownAction; }
+    [[nodiscard]] MarkTreeModel& Model() const { return *m_model; }
 
 signals:
     void ShownChanged(bool on);
@@ -61,12 +61,12 @@ private:
     void Expand(const std::set<Place>& places);
     [[nodiscard]] QModelIndex IndexOf(const Place& place) const;
 
-    MarkKind kind;
-    std::unique_ptr<Ui::MarkPage> form;
-    MarkTreeModel* model = nullptr;
-    QAction* shownAction = nullptr;
-    MarkDays days;
-    QString emptyHint;
+    MarkKind m_kind;
+    std::unique_ptr<Ui::MarkPage> m_form;
+    MarkTreeModel* m_model = nullptr;
+    QAction* m_shownAction = nullptr;
+    MarkDays m_days;
+    QString m_emptyHint;
 };
 
 } // namespace host

@@ -27,9 +27,9 @@ signals:
     void PageShown(host::MarkKind kind);
 
 private:
-    QTabWidget* tabs = nullptr;
-    MarkPage* photos = nullptr;
-    MarkPage* issues = nullptr;
+    QTabWidget* m_tabs = nullptr;
+    MarkPage* m_photos = nullptr;
+    MarkPage* m_issues = nullptr;
 };
 
 } // namespace host

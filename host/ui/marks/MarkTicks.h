@@ -78,8 +78,8 @@ private:
     Mark& MarkFor(const QString& group, qint32 markId);
     void TidyFloor(const MarkTreeFloor& floor);
 
-    bool rest = true;
-    std::map<QString, Floor> floors; ///< those that aren't like the rest
+    bool m_rest = true;
+    std::map<QString, Floor> m_floors; ///< those that aren't like the rest
 };
 
 } // namespace host

@@ -22,8 +22,9 @@ const QString& OthersGroup() {
 MarkTreeMark TreeMark(qint32 markId, qint32 count,
                       const std::map<qint32, KX_DATA::MarkRecord>& marks) {
     const auto known = marks.find(markId);
-    if (known == marks.end())
+    if (known == marks.end()) {
         return {markId, UnknownMarkName(), kUnknownMarkColor, count, false, 0};
+    }
     return {markId, known->second.name, known->second.color, count, true, 0};
 }
 
@@ -40,14 +41,15 @@ void AddHiddenFloors(MarkTree& tree, const std::vector<HiddenOfGroup>& hidden) {
         });
         // What hangs on no floor comes first in the data and last in the tree.
         const bool isOnNone = floor.group == OthersGroup();
-        if (found == tree.end() && !floor.marks.empty() && isOnNone)
+        if (found == tree.end() && !floor.marks.empty() && isOnNone) {
             tree.push_back(TreeFloor(floor.group));
-        else if (isOnNone)
+        } else if (isOnNone) {
             continue;
-        else if (found != tree.end())
+        } else if (found != tree.end()) {
             at = std::size_t(found - tree.begin()) + 1;
-        else if (!floor.marks.empty())
+        } else if (!floor.marks.empty()) {
             tree.insert(tree.begin() + qsizetype(at++), TreeFloor(floor.group));
+        }
     }
 }
 
@@ -56,14 +58,16 @@ void AddHidden(MarkTree& tree, const std::vector<HiddenOfGroup>& hidden,
     AddHiddenFloors(tree, hidden);
     for (const HiddenOfGroup& counted : hidden) {
         for (MarkTreeFloor& floor : tree) {
-            if (floor.group != counted.group)
+            if (floor.group != counted.group) {
                 continue;
+            }
             for (const auto& [markId, count] : counted.marks) {
                 auto mark =
                     std::find_if(floor.marks.begin(), floor.marks.end(),
                                  [id = markId](const auto& one) { return one.markId == id; });
-                if (mark == floor.marks.end())
+                if (mark == floor.marks.end()) {
                     mark = floor.marks.insert(mark, TreeMark(markId, 0, marks));
+                }
                 mark->hidden += count;
                 floor.hidden += count;
             }
@@ -80,13 +84,15 @@ MarkTree MakeMarkTree(const std::vector<KX_DATA::PicFilterEntry>& entries,
     for (const KX_DATA::PicFilterEntry& entry : entries) {
         MarkTreeFloor& floor = tree.emplace_back(TreeFloor(entry.name));
         floor.count = entry.count;
-        for (const auto& [markId, count] : entry.values)
+        for (const auto& [markId, count] : entry.values) {
             floor.marks.push_back(TreeMark(markId, count, marks));
+        }
     }
     AddHidden(tree, hidden, marks);
-    for (MarkTreeFloor& floor : tree)
+    for (MarkTreeFloor& floor : tree) {
         std::sort(floor.marks.begin(), floor.marks.end(),
                   [](const auto& one, const auto& other) { return one.markId < other.markId; });
+    }
     std::stable_partition(tree.begin(), tree.end(),
                           [](const MarkTreeFloor& floor) { return floor.group != OthersGroup(); });
     return tree;
@@ -109,8 +115,9 @@ std::vector<std::vector<int>> FilterMarkTree(const MarkTree& tree, const QString
     for (std::size_t floor = 0; floor < tree.size(); ++floor) {
         const bool whole = tree[floor].caption.contains(text, Qt::CaseInsensitive);
         for (int mark = 0; mark < int(tree[floor].marks.size()); ++mark) {
-            if (whole || tree[floor].marks[mark].name.contains(text, Qt::CaseInsensitive))
+            if (whole || tree[floor].marks[mark].name.contains(text, Qt::CaseInsensitive)) {
                 taken[floor].push_back(mark);
+            }
         }
     }
     return taken;

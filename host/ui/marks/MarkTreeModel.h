@@ -21,7 +21,7 @@ public:
     explicit MarkTreeModel(QObject* parent);
 
     /// Reads the entries of a mark; without it marks have nothing below them.
-    void SetEntryReader(ReadEntries reader) { readEntries = std::move(reader); }
+    void SetEntryReader(ReadEntries reader) { m_readEntries = std::move(reader); }
     /// Where floors and marks are the same, only counts change, and nothing is reset.
     void SetTree(MarkTree newTree);
     void SetTicks(const MarkTicks& newTicks);
@@ -32,8 +32,8 @@ public:
     /// Unticks everything but a row and what is below it.
     void TickOnly(const QModelIndex& index);
 
-    [[nodiscard]] const MarkTree& Tree() const { return tree; }
-    [[nodiscard]] const MarkTicks& Ticks() const { return ticks; }
+    [[nodiscard]] const MarkTree& Tree() const { return m_tree; }
+    [[nodiscard]] const MarkTicks& Ticks() const { return m_ticks; }
     /// Of the row's floor; empty for an invalid index.
     [[nodiscard]] QString GroupOf(const QModelIndex& index) const;
     /// 0 for a floor.
@@ -78,14 +78,14 @@ private:
     void List();
     void TellAll();
 
-    MarkTree tree;
-    MarkTicks ticks;
-    QString filter;
-    std::vector<int> listedFloors;             ///< indexes into the tree
-    std::vector<std::vector<int>> listedMarks; ///< of each listed floor
-    ReadEntries readEntries;
-    std::map<std::pair<QString, qint32>, std::vector<IssueName>> entries; ///< that were read
-    mutable std::map<qint32, QIcon> icons;
+    MarkTree m_tree;
+    MarkTicks m_ticks;
+    QString m_filter;
+    std::vector<int> m_listedFloors;             ///< indexes into the tree
+    std::vector<std::vector<int>> m_listedMarks; ///< of each listed floor
+    ReadEntries m_readEntries;
+    std::map<std::pair<QString, qint32>, std::vector<IssueName>> m_entries; ///< that were read
+    mutable std::map<qint32, QIcon> m_icons;
 };
 
 } // namespace host

@@ -23,7 +23,7 @@ MarkTreeView::MarkTreeView(QWidget* parent) : QTreeView(parent) {
 }
 
 void MarkTreeView::SetHint(const QString& text) {
-    hint = text;
+    m_hint = text;
     viewport()->update();
 }
 
@@ -40,12 +40,13 @@ void MarkTreeView::FitCounts(const QString& longest) {
 
 void MarkTreeView::paintEvent(QPaintEvent* event) {
     QTreeView::paintEvent(event);
-    if (hint.isEmpty() || (model() != nullptr && model()->rowCount() > 0))
+    if (m_hint.isEmpty() || (model() != nullptr && model()->rowCount() > 0)) {
         return;
+    }
     QPainter painter(viewport());
     painter.setPen(toolkit::Colors::HintText());
     painter.drawText(viewport()->rect().adjusted(12, 8, -12, -8),
-                     Qt::AlignCenter | Qt::TextWordWrap, hint);
+                     Qt::AlignCenter | Qt::TextWordWrap, m_hint);
 }
 
 } // namespace host

@@ -23,7 +23,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QString hint;
+    QString m_hint;
 };
 
 } // namespace host

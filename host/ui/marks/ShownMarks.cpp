@@ -47,56 +47,57 @@ QString FlagName(const MarkFlag& flag) {
 }
 
 void ShownMarks::SetPhotos(const std::vector<KX_DATA::PicMarkGroup>& groups) {
-    photos = groups;
+    m_photos = groups;
 }
 
 void ShownMarks::SetIssues(const std::vector<KX_DATA::IssueMarkGroup>& groups) {
-    issues.clear();
+    m_issues.clear();
     // A ticked issue comes alone in its group, so one floor comes in very many of them.
     std::map<std::pair<QString, qint32>, std::size_t> floors;
     for (const KX_DATA::IssueMarkGroup& group : groups) {
         const auto [found, isNew] =
-            floors.try_emplace({FloorOfGroup(group.name), group.id}, issues.size());
-        if (isNew)
-            issues.push_back({found->first.first, group.id, {}});
-        auto& entries = issues[found->second].entries;
+            floors.try_emplace({FloorOfGroup(group.name), group.id}, m_issues.size());
+        if (isNew) {
+            m_issues.push_back({found->first.first, group.id, {}});
+        }
+        auto& entries = m_issues[found->second].entries;
         entries.insert(entries.end(), group.entries.begin(), group.entries.end());
     }
 }
 
 void ShownMarks::Show(MarkKind kind, bool on) {
-    (kind == MarkKind::kPhotos ? showPhotos : showIssues) = on;
+    (kind == MarkKind::Photos ? m_showPhotos : m_showIssues) = on;
 }
 
 bool ShownMarks::IsShown(MarkKind kind) const {
-    return kind == MarkKind::kPhotos ? showPhotos : showIssues;
+    return kind == MarkKind::Photos ? m_showPhotos : m_showIssues;
 }
 
 MarkFlag ShownMarks::FlagOf(const QString& floor, const KX_DATA::PicMarkItem& item,
                             const KX_DATA::PicMarkLeaf& leaf) const {
-    const auto mark = marks.find(leaf.markId);
+    const auto mark = m_marks.find(leaf.markId);
     MarkFlag flag;
     flag.markId = leaf.markId;
     flag.name = leaf.markName;
-    flag.color = mark == marks.end() ? kUnknownColor : mark->second.color;
+    flag.color = mark == m_marks.end() ? kUnknownColor : mark->second.color;
     flag.count = leaf.count;
     flag.ppid = ProjectOf(leaf);
     flag.floor = floor;
-    flag.positionKey = codePage.read(item.positionKey);
-    flag.placeText = codePage.read(item.itemName);
-    const auto behind = hidden.find(
+    flag.positionKey = m_codePage.read(item.positionKey);
+    flag.placeText = m_codePage.read(item.itemName);
+    const auto behind = m_hidden.find(
         {flag.ppid, floor, floor.isEmpty() ? QString() : flag.positionKey, flag.markId});
-    flag.hidden = behind == hidden.end() ? 0 : behind->second;
+    flag.hidden = behind == m_hidden.end() ? 0 : behind->second;
     return flag;
 }
 
 MarkFlag ShownMarks::FlagOf(const IssueFloor& floor, const KX_DATA::IssueMarkEntry& entry) const {
-    const auto mark = marks.find(entry.value);
+    const auto mark = m_marks.find(entry.value);
     MarkFlag flag;
-    flag.kind = MarkKind::kIssues;
+    flag.kind = MarkKind::Issues;
     flag.markId = entry.value;
-    flag.name = mark == marks.end() ? QString() : mark->second.name;
-    flag.color = mark == marks.end() ? kUnknownColor : mark->second.color;
+    flag.name = mark == m_marks.end() ? QString() : mark->second.name;
+    flag.color = mark == m_marks.end() ? kUnknownColor : mark->second.color;
     flag.ppid = floor.ppid;
     flag.floor = floor.name;
     flag.placeText = entry.text3;
@@ -104,12 +105,14 @@ MarkFlag ShownMarks::FlagOf(const IssueFloor& floor, const KX_DATA::IssueMarkEnt
 }
 
 void ShownMarks::AddPhotos(const QString& floor, qint32 ppid, std::vector<MarkFlag>& flags) const {
-    const std::string name = codePage.write(floor.isEmpty() ? kNoFloor : floor);
-    for (const KX_DATA::PicMarkGroup& group : photos) {
-        if (group.name != name)
+    const std::string name = m_codePage.write(floor.isEmpty() ? kNoFloor : floor);
+    for (const KX_DATA::PicMarkGroup& group : m_photos) {
+        if (group.name != name) {
             continue;
-        for (const KX_DATA::PicMarkItem& item : group.items)
+        }
+        for (const KX_DATA::PicMarkItem& item : group.items) {
             AddItem(floor, item, ppid, flags);
+        }
     }
 }
 
@@ -117,16 +120,18 @@ void ShownMarks::AddItem(const QString& floor, const KX_DATA::PicMarkItem& item,
                          std::vector<MarkFlag>& flags) const {
     const std::size_t first = flags.size();
     for (const KX_DATA::PicMarkLeaf& leaf : item.leaves) {
-        if (!IsWanted(ProjectOf(leaf), ppid))
+        if (!IsWanted(ProjectOf(leaf), ppid)) {
             continue;
+        }
         const MarkFlag flag = FlagOf(floor, item, leaf);
         // What hangs on no floor comes with a leaf for each of its places.
         const auto same = std::find_if(flags.begin() + qsizetype(first), flags.end(),
                                        [&](const auto& one) { return IsSameFlag(one, flag); });
-        if (same == flags.end())
+        if (same == flags.end()) {
             flags.push_back(flag);
-        else
+        } else {
             same->count += flag.count;
+        }
     }
 }
 
@@ -134,8 +139,9 @@ void ShownMarks::AddIssues(const IssueFloor& floor, std::vector<MarkFlag>& flags
     std::map<std::pair<QString, qint32>, std::size_t> known;
     for (const KX_DATA::IssueMarkEntry& entry : floor.entries) {
         const auto [found, isNew] = known.try_emplace({entry.text3, entry.value}, flags.size());
-        if (isNew)
+        if (isNew) {
             flags.push_back(FlagOf(floor, entry));
+        }
         MarkFlag& flag = flags[found->second];
         flag.issues.push_back({entry.itemKey, entry.itemText});
         ++flag.count;
@@ -144,29 +150,34 @@ void ShownMarks::AddIssues(const IssueFloor& floor, std::vector<MarkFlag>& flags
 
 std::vector<MarkFlag> ShownMarks::FlagsOf(const QString& floor, qint32 ppid) const {
     std::vector<MarkFlag> flags;
-    if (showPhotos)
+    if (m_showPhotos) {
         AddPhotos(floor, ppid, flags);
-    for (const IssueFloor& one : issues) {
-        if (showIssues && one.name == floor && IsWanted(one.ppid, ppid))
+    }
+    for (const IssueFloor& one : m_issues) {
+        if (m_showIssues && one.name == floor && IsWanted(one.ppid, ppid)) {
             AddIssues(one, flags);
+        }
     }
     return flags;
 }
 
 std::optional<MarkFlag> ShownMarks::FindPhoto(const QString& positionKey, qint32 markId) const {
-    const std::string noFloor = codePage.write(kNoFloor);
-    const std::string key = codePage.write(positionKey);
-    for (const KX_DATA::PicMarkGroup& group : photos) {
+    const std::string noFloor = m_codePage.write(kNoFloor);
+    const std::string key = m_codePage.write(positionKey);
+    for (const KX_DATA::PicMarkGroup& group : m_photos) {
         const bool hasFloor = group.name != noFloor;
         // On no floor no item has a key of its own that counts.
-        if (!showPhotos || hasFloor == positionKey.isEmpty())
+        if (!m_showPhotos || hasFloor == positionKey.isEmpty()) {
             continue;
+        }
         for (const KX_DATA::PicMarkItem& item : group.items) {
-            if (hasFloor && item.positionKey != key)
+            if (hasFloor && item.positionKey != key) {
                 continue;
+            }
             for (const KX_DATA::PicMarkLeaf& leaf : item.leaves) {
-                if (leaf.markId == markId)
-                    return FlagOf(FloorOfGroup(codePage.read(group.name)), item, leaf);
+                if (leaf.markId == markId) {
+                    return FlagOf(FloorOfGroup(m_codePage.read(group.name)), item, leaf);
+                }
             }
         }
     }
@@ -174,10 +185,11 @@ std::optional<MarkFlag> ShownMarks::FindPhoto(const QString& positionKey, qint32
 }
 
 std::optional<MarkFlag> ShownMarks::FindIssue(const QString& questionId) const {
-    for (const IssueFloor& floor : issues) {
+    for (const IssueFloor& floor : m_issues) {
         for (const KX_DATA::IssueMarkEntry& entry : floor.entries) {
-            if (showIssues && entry.itemKey == questionId)
+            if (m_showIssues && entry.itemKey == questionId) {
                 return FlagOf(floor, entry);
+            }
         }
     }
     return std::nullopt;

@@ -25,10 +25,10 @@ public:
         QString (*read)(const std::string& bytes);
         std::string (*write)(const QString& text);
     };
-    explicit ShownMarks(const CodePage& page) : codePage(page) {}
+    explicit ShownMarks(const CodePage& page) : m_codePage(page) {}
 
-    void SetMarkTable(std::map<qint32, KX_DATA::MarkRecord> table) { marks = std::move(table); }
-    void SetHidden(HiddenPhotos counts) { hidden = std::move(counts); }
+    void SetMarkTable(std::map<qint32, KX_DATA::MarkRecord> table) { m_marks = std::move(table); }
+    void SetHidden(HiddenPhotos counts) { m_hidden = std::move(counts); }
     void SetPhotos(const std::vector<KX_DATA::PicMarkGroup>& groups);
     void SetIssues(const std::vector<KX_DATA::IssueMarkGroup>& groups);
     /// Switches the display of a kind; its marks are kept.
@@ -59,13 +59,13 @@ private:
                  std::vector<MarkFlag>& flags) const;
     void AddIssues(const IssueFloor& floor, std::vector<MarkFlag>& flags) const;
 
-    CodePage codePage;
-    std::map<qint32, KX_DATA::MarkRecord> marks;
-    HiddenPhotos hidden;
-    std::vector<KX_DATA::PicMarkGroup> photos;
-    std::vector<IssueFloor> issues;
-    bool showPhotos = true;
-    bool showIssues = true;
+    CodePage m_codePage;
+    std::map<qint32, KX_DATA::MarkRecord> m_marks;
+    HiddenPhotos m_hidden;
+    std::vector<KX_DATA::PicMarkGroup> m_photos;
+    std::vector<IssueFloor> m_issues;
+    bool m_showPhotos = true;
+    bool m_showIssues = true;
 };
 
 } // namespace host

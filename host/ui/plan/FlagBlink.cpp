@@ -3,28 +3,29 @@
 namespace host {
 
 FlagBlink::FlagBlink(QObject* parent) : QObject(parent) {
-    timer.setInterval(kPeriodMs);
-    connect(&timer, &QTimer::timeout, this, &FlagBlink::Step);
+    m_timer.setInterval(kPeriodMs);
+    connect(&m_timer, &QTimer::timeout, this, &FlagBlink::Step);
 }
 
 void FlagBlink::Start(const MarkFlag& newFlag) {
-    flag = newFlag;
-    phase = 0;
-    timer.start();
+    m_flag = newFlag;
+    m_phase = 0;
+    m_timer.start();
     emit Changed();
 }
 
 void FlagBlink::Stop() {
-    timer.stop();
-    flag.reset();
+    m_timer.stop();
+    m_flag.reset();
     emit Changed();
 }
 
 void FlagBlink::Step() {
-    if (++phase >= kPhases)
+    if (++m_phase >= kPhases) {
         Stop();
-    else
+    } else {
         emit Changed();
+    }
 }
 
 } // namespace host

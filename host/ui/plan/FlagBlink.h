@@ -24,8 +24,8 @@ public:
     void Start(const MarkFlag& newFlag);
     void Stop();
     /// Nothing while nothing blinks.
-    [[nodiscard]] const std::optional<MarkFlag>& Flag() const { return flag; }
-    [[nodiscard]] bool IsLit() const { return flag.has_value() && phase % 2 == 0; }
+    [[nodiscard]] const std::optional<MarkFlag>& Flag() const { return m_flag; }
+    [[nodiscard]] bool IsLit() const { return m_flag.has_value() && m_phase % 2 == 0; }
 
 signals:
     /// Of the light, also at the end.
@@ -34,9 +34,9 @@ signals:
 private:
     void Step();
 
-    std::optional<MarkFlag> flag;
-    int phase = 0;
-    QTimer timer;
+    std::optional<MarkFlag> m_flag;
+    int m_phase = 0;
+    QTimer m_timer;
 };
 
 } // namespace host

@@ -23,12 +23,15 @@ std::vector<FlagBox> FoldFlags(std::vector<int> flags, int place, int room, int 
     std::vector<FlagBox> boxes;
     const auto wanted = std::find(flags.begin(), flags.end(), first);
     const int whole = int(flags.size()) <= room ? int(flags.size()) : std::max(0, room - 1);
-    if (whole > 0 && wanted != flags.end() && wanted - flags.begin() >= whole)
+    if (whole > 0 && wanted != flags.end() && wanted - flags.begin() >= whole) {
         std::rotate(flags.begin() + whole - 1, wanted, wanted + 1);
-    for (int at = 0; at < whole; ++at)
+    }
+    for (int at = 0; at < whole; ++at) {
         boxes.push_back({{}, place, flags[at], {}});
-    if (whole < int(flags.size()))
+    }
+    if (whole < int(flags.size())) {
         boxes.push_back({{}, place, -1, {flags.begin() + whole, flags.end()}});
+    }
     return boxes;
 }
 
@@ -38,16 +41,18 @@ void AddColumn(FlagLayout& all, const FloorPlanLayout& layout, std::vector<FlagB
     const double height = double(boxes.size()) * kFlagPitch - (kFlagPitch - kFlagHeight);
     const double top = std::round(place.center().y() - height / 2);
     const double left = std::round(pole + kFlagGap);
-    for (std::size_t at = 0; at < boxes.size(); ++at)
+    for (std::size_t at = 0; at < boxes.size(); ++at) {
         boxes[at].rect = QRectF(left, top + double(at) * kFlagPitch, layout.flagWidth, kFlagHeight);
+    }
     all.stubs.emplace_back(place.center(), QPointF(pole, place.center().y()));
     all.poles.emplace_back(pole, top, pole, top + height);
     std::move(boxes.begin(), boxes.end(), std::back_inserter(all.boxes));
 }
 
 void AddShelf(FlagLayout& all, const FloorPlanLayout& layout, std::vector<FlagBox> boxes) {
-    for (std::size_t at = 0; at < boxes.size(); ++at)
+    for (std::size_t at = 0; at < boxes.size(); ++at) {
         boxes[at].rect = ShelfCell(layout, int(at));
+    }
     std::move(boxes.begin(), boxes.end(), std::back_inserter(all.boxes));
 }
 
@@ -60,15 +65,17 @@ FlagLayout LayoutFlags(const FloorPlanLayout& layout, const std::vector<PlacedFl
     for (int at = 0; at < int(flags.size());) {
         const int place = flags[at].place;
         int end = at;
-        while (end < int(flags.size()) && flags[end].place == place)
+        while (end < int(flags.size()) && flags[end].place == place) {
             ++end;
+        }
         std::vector<int> here(end - at);
         std::iota(here.begin(), here.end(), at);
-        if (place == kShelf)
+        if (place == kShelf) {
             AddShelf(all, layout,
                      FoldFlags(here, place, layout.shelfColumns * layout.shelfRows, first));
-        else
+        } else {
             AddColumn(all, layout, FoldFlags(here, place, rows, first));
+        }
         at = end;
     }
     return all;
@@ -76,8 +83,9 @@ FlagLayout LayoutFlags(const FloorPlanLayout& layout, const std::vector<PlacedFl
 
 int BoxAt(const FlagLayout& layout, const QPointF& point) {
     for (int at = 0; at < int(layout.boxes.size()); ++at) {
-        if (layout.boxes[at].rect.contains(point))
+        if (layout.boxes[at].rect.contains(point)) {
             return at;
+        }
     }
     return -1;
 }
@@ -85,8 +93,10 @@ int BoxAt(const FlagLayout& layout, const QPointF& point) {
 int BoxOf(const FlagLayout& layout, int flag) {
     for (int at = 0; at < int(layout.boxes.size()); ++at) {
         const FlagBox& box = layout.boxes[at];
-        if (box.flag == flag || std::find(box.rest.begin(), box.rest.end(), flag) != box.rest.end())
+        if (box.flag == flag ||
+            std::find(box.rest.begin(), box.rest.end(), flag) != box.rest.end()) {
             return at;
+        }
     }
     return -1;
 }
@@ -95,21 +105,25 @@ QString FlagTip(const PlanFloor& floor, const std::vector<PlacedFlag>& flags, co
     constexpr int kMostLines = 12;
     QStringList lines;
     const auto add = [&](const PlacedFlag& placed) {
-        const bool isIssue = placed.flag.kind == MarkKind::kIssues;
+        const bool isIssue = placed.flag.kind == MarkKind::Issues;
         const QString place = FlagPlaceCaption(floor, placed);
         lines << (isIssue ? u"问题标识 %1，%2%3 个问题"_s : u"照片标识 %1，%2%3"_s)
                      .arg(FlagName(placed.flag), place.isEmpty() ? place : place + u"，"_s,
                           isIssue ? QString::number(placed.flag.count)
                                   : PhotosText({placed.flag.count, placed.flag.hidden}));
-        for (const IssueName& issue : placed.flag.issues)
+        for (const IssueName& issue : placed.flag.issues) {
             lines << u"· "_s + issue.theme;
+        }
     };
-    if (box.flag >= 0)
+    if (box.flag >= 0) {
         add(flags[box.flag]);
-    for (const int flag : box.rest)
+    }
+    for (const int flag : box.rest) {
         add(flags[flag]);
-    if (lines.size() > kMostLines)
+    }
+    if (lines.size() > kMostLines) {
         lines = lines.mid(0, kMostLines - 1) << u"……"_s;
+    }
     return lines.join(u'\n');
 }
 

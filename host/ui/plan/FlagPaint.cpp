@@ -19,7 +19,7 @@ constexpr double kRightEdge = 3;
 
 /// From the flag's edge to its name.
 double LeftEdge(const MarkFlag& flag) {
-    return flag.kind == MarkKind::kIssues ? kBadge + 3 : kTextEdge;
+    return flag.kind == MarkKind::Issues ? kBadge + 3 : kTextEdge;
 }
 
 QString FlagCountText(qint32 count) {
@@ -48,8 +48,9 @@ void PaintFlagTexts(QPainter& painter, QRectF text, const PlacedFlag& placed) {
     painter.drawText(text, Qt::AlignRight | Qt::AlignVCenter, count);
     text.setRight(text.right() - metrics.horizontalAdvance(count) - kTextGap);
     QString name = FlagName(placed.flag);
-    if (placed.place == kShelf && !placed.flag.placeText.isEmpty())
+    if (placed.place == kShelf && !placed.flag.placeText.isEmpty()) {
         name += u"  "_s + placed.flag.placeText;
+    }
     // Where there isn't room for a character and the dots, the character says more.
     const QString elided = metrics.elidedText(name, Qt::ElideRight, text.width());
     painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
@@ -61,8 +62,9 @@ void PaintFlag(QPainter& painter, const QRectF& rect, const PlacedFlag& placed) 
     painter.setPen(QPen(color.darker(135), 1));
     painter.setBrush(color);
     painter.drawRoundedRect(rect.adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
-    if (placed.flag.kind == MarkKind::kIssues)
+    if (placed.flag.kind == MarkKind::Issues) {
         PaintBadge(painter, rect);
+    }
     painter.setPen(toolkit::TextOn(color));
     PaintFlagTexts(painter, rect.adjusted(LeftEdge(placed.flag), 0, -kRightEdge, 0), placed);
 }
@@ -93,29 +95,35 @@ double FlagWidth(const PlacedFlag& flag) {
 
 void PaintFlagPoles(QPainter& painter, const FlagScene& scene) {
     painter.setPen(QPen(toolkit::Colors::TextAccent(), 1.5));
-    for (const QLineF& stub : scene.layout.stubs)
+    for (const QLineF& stub : scene.layout.stubs) {
         painter.drawLine(stub);
+    }
     painter.setPen(QPen(toolkit::Colors::TextAccent(), 2, Qt::SolidLine, Qt::FlatCap));
-    for (const QLineF& pole : scene.layout.poles)
+    for (const QLineF& pole : scene.layout.poles) {
         painter.drawLine(pole);
+    }
 }
 
 void PaintFlags(QPainter& painter, const FlagScene& scene) {
     for (int at = 0; at < int(scene.layout.boxes.size()); ++at) {
         const FlagBox& box = scene.layout.boxes[at];
-        if (!box.rect.intersects(scene.visible))
+        if (!box.rect.intersects(scene.visible)) {
             continue;
-        if (box.flag >= 0)
+        }
+        if (box.flag >= 0) {
             PaintFlag(painter, box.rect, scene.flags[box.flag]);
-        else
+        } else {
             PaintRest(painter, box);
+        }
     }
     // Behind all flags, or the neighbours would cover half of the ring.
-    if (scene.hoveredBox >= 0)
+    if (scene.hoveredBox >= 0) {
         PaintFlagRing(painter, scene.layout.boxes[scene.hoveredBox].rect, toolkit::Colors::Hover(),
                       2);
-    if (scene.litBox >= 0)
+    }
+    if (scene.litBox >= 0) {
         PaintFlagRing(painter, scene.layout.boxes[scene.litBox].rect, toolkit::Colors::Accent(), 4);
+    }
 }
 
 } // namespace host

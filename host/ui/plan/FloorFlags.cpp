@@ -12,26 +12,28 @@ namespace {
 /// Looks intersections up by key, and by axes for what was only written down.
 class PlaceFinder {
 public:
-    explicit PlaceFinder(const PlanFloor& planFloor) : floor(planFloor) {
-        for (int at = 0; at < int(floor.intersections.size()); ++at)
-            byKey[floor.intersections[at].positionKey] = at;
+    explicit PlaceFinder(const PlanFloor& planFloor) : m_floor(planFloor) {
+        for (int at = 0; at < int(m_floor.intersections.size()); ++at) {
+            m_byKey[m_floor.intersections[at].positionKey] = at;
+        }
     }
 
     int PlaceOf(const MarkFlag& flag) {
-        if (flag.kind == MarkKind::kPhotos) {
-            const auto found = byKey.find(flag.positionKey);
-            return found == byKey.end() || flag.positionKey.isEmpty() ? kShelf : found->second;
+        if (flag.kind == MarkKind::Photos) {
+            const auto found = m_byKey.find(flag.positionKey);
+            return found == m_byKey.end() || flag.positionKey.isEmpty() ? kShelf : found->second;
         }
-        const auto [found, isNew] = byText.try_emplace(flag.placeText, kShelf);
-        if (isNew)
-            found->second = FindIntersection(floor, flag.placeText);
+        const auto [found, isNew] = m_byText.try_emplace(flag.placeText, kShelf);
+        if (isNew) {
+            found->second = FindIntersection(m_floor, flag.placeText);
+        }
         return found->second;
     }
 
 private:
-    const PlanFloor& floor;
-    std::unordered_map<QString, int> byKey;
-    std::unordered_map<QString, int> byText;
+    const PlanFloor& m_floor;
+    std::unordered_map<QString, int> m_byKey;
+    std::unordered_map<QString, int> m_byText;
 };
 
 /// The shelf behind all places.
@@ -55,8 +57,9 @@ std::vector<PlacedFlag> PlaceFlags(const ShownMarks& marks, const PlanFloor& flo
 }
 
 int FloorOfFlag(const FloorPlanModel& model, const MarkFlag& flag) {
-    if (const auto place = FindPlace(model, flag.positionKey))
+    if (const auto place = FindPlace(model, flag.positionKey)) {
         return place->floor;
+    }
     return FindFloor(model, flag.floor, flag.ppid);
 }
 

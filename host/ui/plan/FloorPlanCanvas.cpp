@@ -20,10 +20,10 @@ FloorPlanCanvas::FloorPlanCanvas(QWidget* parent) : QWidget(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    card = new PlaceCard(this);
-    connect(card, &PlaceCard::PhotosWanted, this, &FloorPlanCanvas::AskForPhotos);
-    blink = new FlagBlink(this);
-    connect(blink, &FlagBlink::Changed, this, qOverload<>(&QWidget::update));
+    m_card = new PlaceCard(this);
+    connect(m_card, &PlaceCard::PhotosWanted, this, &FloorPlanCanvas::AskForPhotos);
+    m_blink = new FlagBlink(this);
+    connect(m_blink, &FlagBlink::Changed, this, qOverload<>(&QWidget::update));
 }
 
 void FloorPlanCanvas::SetModel(FloorPlanModel newModel) {
@@ -31,24 +31,26 @@ void FloorPlanCanvas::SetModel(FloorPlanModel newModel) {
     const QString floorBefore = before == nullptr ? QString() : before->name;
     const qint32 projectBefore = before == nullptr ? 0 : before->ppid;
     const QString keyBefore = Chosen() == nullptr ? QString() : Chosen()->positionKey;
-    model = std::move(newModel);
+    m_model = std::move(newModel);
     FloorPlanState next;
-    if (before != nullptr)
-        next.floor = std::max(0, FindFloor(model, floorBefore, projectBefore));
-    if (const auto place = FindPlace(model, keyBefore))
+    if (before != nullptr) {
+        next.floor = std::max(0, FindFloor(m_model, floorBefore, projectBefore));
+    }
+    if (const auto place = FindPlace(m_model, keyBefore)) {
         next = Locate(*place);
-    state = next;
+    }
+    m_state = next;
     ReadFlags();
-    emit FloorChanged(state.floor);
+    emit FloorChanged(m_state.floor);
     emit ChoiceChanged();
 }
 
 void FloorPlanCanvas::SetFloor(int floor) {
-    Apply(ShowFloor(state, model, floor));
+    Apply(ShowFloor(m_state, m_model, floor));
 }
 
 bool FloorPlanCanvas::LocateKey(const QString& positionKey) {
-    const auto place = FindPlace(model, positionKey);
+    const auto place = FindPlace(m_model, positionKey);
     if (place) {
         Apply(Locate(*place));
         ShowChosen();
@@ -57,82 +59,91 @@ bool FloorPlanCanvas::LocateKey(const QString& positionKey) {
 }
 
 void FloorPlanCanvas::SetMarks(const ShownMarks* shownMarks) {
-    marks = shownMarks;
+    m_marks = shownMarks;
     ReadFlags();
 }
 
 bool FloorPlanCanvas::LocateFlag(const MarkFlag& flag) {
-    const int floor = FloorOfFlag(model, flag);
-    if (floor < 0)
+    const int floor = FloorOfFlag(m_model, flag);
+    if (floor < 0) {
         return false;
-    Apply(ShowFloor(state, model, floor));
+    }
+    Apply(ShowFloor(m_state, m_model, floor));
     MarkFlag wanted = flag;
     // A name that the code page lacks comes back from it in another shape.
-    wanted.floor = model.floors[floor].name;
-    blink->Start(wanted);
+    wanted.floor = m_model.floors[floor].name;
+    m_blink->Start(wanted);
     // A flag that was folded comes to the front.
     LayOutFlags();
     const int found = BlinkingFlag();
-    if (found >= 0 && flags[found].place != kShelf)
-        Apply(Locate({floor, flags[found].place}));
-    if (const int box = BoxOf(flagLayout, found); found >= 0 && box >= 0)
-        emit AreaWanted(flagLayout.boxes[box].rect);
+    if (found >= 0 && m_flags[found].place != kShelf) {
+        Apply(Locate({floor, m_flags[found].place}));
+    }
+    if (const int box = BoxOf(m_flagLayout, found); found >= 0 && box >= 0) {
+        emit AreaWanted(m_flagLayout.boxes[box].rect);
+    }
     return true;
 }
 
 const PlanFloor* FloorPlanCanvas::Floor() const {
-    return state.floor < int(model.floors.size()) ? &model.floors[state.floor] : nullptr;
+    return m_state.floor < int(m_model.floors.size()) ? &m_model.floors[m_state.floor] : nullptr;
 }
 
 const PlanIntersection* FloorPlanCanvas::Chosen() const {
     const PlanFloor* floor = Floor();
-    return floor == nullptr || state.chosen < 0 ? nullptr : &floor->intersections[state.chosen];
+    return floor == nullptr || m_state.chosen < 0 ? nullptr : &floor->intersections[m_state.chosen];
 }
 
 QPoint FloorPlanCanvas::CentreOf(int place) const {
-    return layout.places[place].toPoint();
+    return m_layout.places[place].toPoint();
 }
 
 int FloorPlanCanvas::BlinkingFlag() const {
-    for (int at = 0; blink->Flag() && at < int(flags.size()); ++at) {
-        if (IsSameFlag(flags[at].flag, *blink->Flag()))
+    for (int at = 0; m_blink->Flag() && at < int(m_flags.size()); ++at) {
+        if (IsSameFlag(m_flags[at].flag, *m_blink->Flag())) {
             return at;
+        }
     }
     return -1;
 }
 
 std::vector<int> FloorPlanCanvas::FlagsAt(int place) const {
     std::vector<int> found;
-    for (int at = 0; at < int(flags.size()); ++at) {
-        if (flags[at].place == place)
+    for (int at = 0; at < int(m_flags.size()); ++at) {
+        if (m_flags[at].place == place) {
             found.push_back(at);
+        }
     }
     return found;
 }
 
 void FloorPlanCanvas::Apply(const FloorPlanState& next) {
-    if (next == state)
+    if (next == m_state) {
         return;
-    const FloorPlanState before = state;
-    state = next;
-    if (state.floor != before.floor) {
-        blink->Stop();
+    }
+    const FloorPlanState before = m_state;
+    m_state = next;
+    if (m_state.floor != before.floor) {
+        m_blink->Stop();
         ReadFlags();
     }
     ShowCard();
     update();
-    if (state.floor != before.floor)
-        emit FloorChanged(state.floor);
-    if (state.floor != before.floor || state.chosen != before.chosen)
+    if (m_state.floor != before.floor) {
+        emit FloorChanged(m_state.floor);
+    }
+    if (m_state.floor != before.floor || m_state.chosen != before.chosen) {
         emit ChoiceChanged();
+    }
 }
 
 void FloorPlanCanvas::ReadFlags() {
-    flags.clear();
-    if (marks != nullptr && Floor() != nullptr)
-        flags = PlaceFlags(*marks, *Floor());
-    state = ForgetFlags(state);
-    pressedBox = -1;
+    m_flags.clear();
+    if (m_marks != nullptr && Floor() != nullptr) {
+        m_flags = PlaceFlags(*m_marks, *Floor());
+    }
+    m_state = ForgetFlags(m_state);
+    m_pressedBox = -1;
     LayOut();
     emit NeedsOtherSize();
     ShowCard();
@@ -140,53 +151,57 @@ void FloorPlanCanvas::ReadFlags() {
 }
 
 QSize FloorPlanCanvas::SizeIn(const QSize& window) const {
-    return Floor() == nullptr ? window
-                              : LayoutFloorPlan(*Floor(), window, ShelfCount(flags)).size.toSize();
+    return Floor() == nullptr
+               ? window
+               : LayoutFloorPlan(*Floor(), window, ShelfCount(m_flags)).size.toSize();
 }
 
 void FloorPlanCanvas::SetVisibleArea(const QRect& area) {
-    if (area == visible)
+    if (area == m_visible) {
         return;
-    visible = area;
+    }
+    m_visible = area;
     LayOut();
     ShowCard();
     update();
 }
 
 void FloorPlanCanvas::LayOut() {
-    layout = FloorPlanLayout();
+    m_layout = FloorPlanLayout();
     if (Floor() != nullptr) {
-        layout = LayoutFloorPlan(*Floor(), size(), ShelfCount(flags));
-        PinBubbles(layout, visible);
+        m_layout = LayoutFloorPlan(*Floor(), size(), ShelfCount(m_flags));
+        PinBubbles(m_layout, m_visible);
     }
     LayOutFlags();
 }
 
 void FloorPlanCanvas::LayOutFlags() {
-    flagLayout = LayoutFlags(layout, flags, BlinkingFlag());
-    state = ForgetFlags(state);
+    m_flagLayout = LayoutFlags(m_layout, m_flags, BlinkingFlag());
+    m_state = ForgetFlags(m_state);
 }
 
 void FloorPlanCanvas::ShowCard() {
     const PlanIntersection* place = Chosen();
-    if (!state.cardOpen || place == nullptr)
-        card->hide();
-    else
-        card->ShowFor(PlaceCaption(*Floor(), *place), place->photos,
-                      PlaceRect(layout, state.chosen), visible);
+    if (!m_state.cardOpen || place == nullptr) {
+        m_card->hide();
+    } else {
+        m_card->ShowFor(PlaceCaption(*Floor(), *place), place->photos,
+                        PlaceRect(m_layout, m_state.chosen), m_visible);
+    }
 }
 
 void FloorPlanCanvas::ShowChosen() {
-    if (Chosen() != nullptr)
-        emit AreaWanted(PlaceRect(layout, state.chosen));
+    if (Chosen() != nullptr) {
+        emit AreaWanted(PlaceRect(m_layout, m_state.chosen));
+    }
 }
 
 void FloorPlanCanvas::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const int lit = blink->IsLit() ? BlinkingFlag() : -1;
-    const FlagScene flagScene{flags, flagLayout, state.hoveredFlag,
-                              lit < 0 ? -1 : BoxOf(flagLayout, lit), visible};
-    PaintFloorPlan(painter, {model, state, layout, flagScene, hasFocus()});
+    const int lit = m_blink->IsLit() ? BlinkingFlag() : -1;
+    const FlagScene flagScene{m_flags, m_flagLayout, m_state.hoveredFlag,
+                              lit < 0 ? -1 : BoxOf(m_flagLayout, lit), m_visible};
+    PaintFloorPlan(painter, {m_model, m_state, m_layout, flagScene, hasFocus()});
 }
 
 void FloorPlanCanvas::resizeEvent(QResizeEvent*) {
@@ -195,26 +210,30 @@ void FloorPlanCanvas::resizeEvent(QResizeEvent*) {
 }
 
 QString FloorPlanCanvas::TipAt(const QPoint& point) const {
-    const int box = BoxAt(flagLayout, point);
-    if (box >= 0)
-        return FlagTip(*Floor(), flags, flagLayout.boxes[box]);
-    const int place = PlaceAt(layout, point);
-    if (place < 0)
+    const int box = BoxAt(m_flagLayout, point);
+    if (box >= 0) {
+        return FlagTip(*Floor(), m_flags, m_flagLayout.boxes[box]);
+    }
+    const int place = PlaceAt(m_layout, point);
+    if (place < 0) {
         return {};
+    }
     const PlanIntersection& hit = Floor()->intersections[place];
     return u"%1 %2，%3"_s.arg(PlanFloorCaption(*Floor()), PlaceCaption(*Floor(), hit),
                               PhotosText(hit.photos));
 }
 
 bool FloorPlanCanvas::event(QEvent* event) {
-    if (event->type() != QEvent::ToolTip)
+    if (event->type() != QEvent::ToolTip) {
         return QWidget::event(event);
+    }
     const auto* help = static_cast<QHelpEvent*>(event);
     const QString tip = TipAt(help->pos());
-    if (tip.isEmpty())
+    if (tip.isEmpty()) {
         QToolTip::hideText();
-    else
+    } else {
         QToolTip::showText(help->globalPos(), toolkit::PlainTip(tip), this);
+    }
     return true;
 }
 

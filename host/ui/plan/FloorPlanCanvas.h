@@ -32,16 +32,16 @@ public:
     /// no floor for it.
     bool LocateFlag(const MarkFlag& flag);
 
-    [[nodiscard]] const FloorPlanModel& Model() const { return model; }
-    [[nodiscard]] const FloorPlanState& State() const { return state; }
+    [[nodiscard]] const FloorPlanModel& Model() const { return m_model; }
+    [[nodiscard]] const FloorPlanState& State() const { return m_state; }
     /// Null unless an intersection is chosen.
     [[nodiscard]] const PlanIntersection* Chosen() const;
     /// Middle of an intersection of the present floor, in this widget's pixels.
     [[nodiscard]] QPoint CentreOf(int place) const;
     /// Of the present floor, and where they lie in this widget.
-    [[nodiscard]] const std::vector<PlacedFlag>& Flags() const { return flags; }
-    [[nodiscard]] const FlagLayout& FlagsLayout() const { return flagLayout; }
-    [[nodiscard]] const FlagBlink& Blink() const { return *blink; }
+    [[nodiscard]] const std::vector<PlacedFlag>& Flags() const { return m_flags; }
+    [[nodiscard]] const FlagLayout& FlagsLayout() const { return m_flagLayout; }
+    [[nodiscard]] const FlagBlink& Blink() const { return *m_blink; }
 
     /// What the canvas needs in a window of this size.
     [[nodiscard]] QSize SizeIn(const QSize& window) const;
@@ -92,16 +92,16 @@ private:
     [[nodiscard]] std::vector<int> FlagsAt(int place) const;
     [[nodiscard]] const PlanFloor* Floor() const;
 
-    FloorPlanModel model;
-    FloorPlanState state;
-    FloorPlanLayout layout;
-    const ShownMarks* marks = nullptr;
-    std::vector<PlacedFlag> flags;
-    FlagLayout flagLayout;
-    FlagBlink* blink = nullptr;
-    PlaceCard* card = nullptr;
-    QRect visible;
-    int pressedBox = -1;
+    FloorPlanModel m_model;
+    FloorPlanState m_state;
+    FloorPlanLayout m_layout;
+    const ShownMarks* m_marks = nullptr;
+    std::vector<PlacedFlag> m_flags;
+    FlagLayout m_flagLayout;
+    FlagBlink* m_blink = nullptr;
+    PlaceCard* m_card = nullptr;
+    QRect m_visible;
+    int m_pressedBox = -1;
 };
 
 } // namespace host

@@ -43,8 +43,9 @@ double LeastExtent(std::size_t axes, double spacing) {
 
 /// Keeps bays from becoming slits in a pane that is much wider than high, or the other way round.
 void BalanceSpacings(double& x, double& y) {
-    if (x <= 0 || y <= 0)
+    if (x <= 0 || y <= 0) {
         return;
+    }
     x = std::max(kLeastSpacingX, std::min(x, y * kMostStretch));
     y = std::max(kLeastSpacingY, std::min(y, x * kMostStretch));
 }
@@ -63,8 +64,9 @@ double ShelfExtent(int rows) {
 }
 
 void PlaceShelf(FloorPlanLayout& layout, double top) {
-    if (layout.shelfRows == 0)
+    if (layout.shelfRows == 0) {
         return;
+    }
     layout.shelf = QRectF(kEdge + 8, top + kShelfCaption, layout.size.width() - 2 * kEdge - 8,
                           layout.shelfRows * (kShelfHeight + kShelfGap));
 }
@@ -72,8 +74,9 @@ void PlaceShelf(FloorPlanLayout& layout, double top) {
 /// As many lines as the flags need; beside a grid no more than stay without scrolling.
 int ShelfRows(int onShelf, int columns, bool hasGrid, double room) {
     const int needed = (onShelf + columns - 1) / columns;
-    if (!hasGrid)
+    if (!hasGrid) {
         return std::min(needed, kMostLoneRows);
+    }
     const int fitting = int((room - ShelfExtent(1)) / (kShelfHeight + kShelfGap)) + 1;
     return std::min(needed, std::clamp(fitting, 1, kMostShelfRows));
 }
@@ -88,8 +91,9 @@ void TakeRoom(FloorPlanLayout& layout, const PlanFloor& floor, const QSizeF& pan
         width = std::max(width, kBefore + LeastExtent(floor.axesX.size(), kLeastSpacingX) +
                                     kOverhang + right);
         height = kAbove + LeastExtent(floor.axesY.size(), kLeastSpacingY) + kBefore;
-        if (height + ShelfExtent(onShelf > 0 ? 1 : 0) > pane.height())
+        if (height + ShelfExtent(onShelf > 0 ? 1 : 0) > pane.height()) {
             height = kAbove + LeastExtent(floor.axesY.size(), kScrolledSpacingY) + kBefore;
+        }
     }
     layout.shelfColumns = ShelfColumns(width);
     layout.shelfRows = ShelfRows(onShelf, layout.shelfColumns, hasGrid, pane.height() - height);
@@ -129,8 +133,9 @@ void PlaceGrid(FloorPlanLayout& layout, const PlanFloor& floor, double right) {
         layout.bubblesY.push_back(
             BubbleAround(layout.building.left() - kStub - kBubble / 2, layout.linesY.back()));
     }
-    for (const PlanIntersection& place : floor.intersections)
+    for (const PlanIntersection& place : floor.intersections) {
         layout.places.emplace_back(layout.linesX[place.axisX], layout.linesY[place.axisY]);
+    }
 }
 
 } // namespace
@@ -149,10 +154,12 @@ FloorPlanLayout LayoutFloorPlan(const PlanFloor& floor, const QSizeF& pane, int 
 }
 
 void PinBubbles(FloorPlanLayout& layout, const QRectF& visible) {
-    for (QRectF& bubble : layout.bubblesX)
+    for (QRectF& bubble : layout.bubblesX) {
         bubble.moveBottom(std::min(bubble.bottom(), visible.bottom() - kEdge / 2));
-    for (QRectF& bubble : layout.bubblesY)
+    }
+    for (QRectF& bubble : layout.bubblesY) {
         bubble.moveLeft(std::max(bubble.left(), visible.left() + kEdge / 2));
+    }
 }
 
 QRectF ShelfCell(const FloorPlanLayout& layout, int index) {
@@ -171,8 +178,9 @@ QRectF PlaceRect(const FloorPlanLayout& layout, int place) {
 
 int PlaceAt(const FloorPlanLayout& layout, const QPointF& point) {
     for (int place = 0; place < int(layout.places.size()); ++place) {
-        if (PlaceRect(layout, place).contains(point))
+        if (PlaceRect(layout, place).contains(point)) {
             return place;
+        }
     }
     return -1;
 }
@@ -181,10 +189,12 @@ QRectF PlaceCardBeside(const QRectF& place, const QSizeF& card, const QRectF& pa
     constexpr double gap = 8;
     double x = place.right() + gap;
     double y = place.bottom() + gap;
-    if (x + card.width() > pane.right())
+    if (x + card.width() > pane.right()) {
         x = place.left() - gap - card.width();
-    if (y + card.height() > pane.bottom())
+    }
+    if (y + card.height() > pane.bottom()) {
         y = place.top() - gap - card.height();
+    }
     return QRectF(QPointF(std::max(pane.left(), x), std::max(pane.top(), y)), card);
 }
 

@@ -20,12 +20,15 @@ bool AxisLess(const QString& left, const QString& right) {
     bool rightIsNumber = false;
     const int leftValue = left.toInt(&leftIsNumber);
     const int rightValue = right.toInt(&rightIsNumber);
-    if (leftIsNumber != rightIsNumber)
+    if (leftIsNumber != rightIsNumber) {
         return leftIsNumber;
-    if (leftIsNumber && leftValue != rightValue)
+    }
+    if (leftIsNumber && leftValue != rightValue) {
         return leftValue < rightValue;
-    if (left.size() != right.size())
+    }
+    if (left.size() != right.size()) {
         return left.size() < right.size();
+    }
     return left < right;
 }
 
@@ -45,13 +48,15 @@ QString AxisCaption(const QString& name) {
 } // namespace
 
 std::optional<PlanPlace> FindPlace(const FloorPlanModel& model, const QString& positionKey) {
-    if (positionKey.isEmpty())
+    if (positionKey.isEmpty()) {
         return std::nullopt;
+    }
     for (int floor = 0; floor < int(model.floors.size()); ++floor) {
         const auto& places = model.floors[floor].intersections;
         for (int place = 0; place < int(places.size()); ++place) {
-            if (places[place].positionKey == positionKey)
+            if (places[place].positionKey == positionKey) {
                 return PlanPlace{floor, place};
+            }
         }
     }
     return std::nullopt;
@@ -68,8 +73,9 @@ int FindFloor(const FloorPlanModel& model, const QString& name, qint32 ppid) {
 int FindIntersection(const PlanFloor& floor, const QString& placeText) {
     static const QRegularExpression separator(u"[-/]"_s);
     const qsizetype at = placeText.lastIndexOf(separator);
-    if (at <= 0)
+    if (at <= 0) {
         return -1;
+    }
     const QString axisX = AxisCaption(placeText.left(at).trimmed());
     const QString axisY = AxisCaption(placeText.mid(at + 1).trimmed());
     const auto& places = floor.intersections;
@@ -82,23 +88,26 @@ int FindIntersection(const PlanFloor& floor, const QString& placeText) {
 }
 
 QString PlanFloorCaption(const PlanFloor& floor) {
-    if (floor.name.isEmpty())
+    if (floor.name.isEmpty()) {
         return u"其他"_s;
+    }
     const QString caption = FloorCaption(floor.name);
     return floor.project.isEmpty() ? caption : floor.project + u' ' + caption;
 }
 
 PhotoCount CountPhotos(const PlanFloor& floor) {
     PhotoCount count = floor.unplaced;
-    for (const PlanIntersection& place : floor.intersections)
+    for (const PlanIntersection& place : floor.intersections) {
         count += place.photos;
+    }
     return count;
 }
 
 QString PlanTitleNote(const PlanFloor& floor) {
     const QString photos = PhotosText(CountPhotos(floor));
-    if (floor.name.isEmpty())
+    if (floor.name.isEmpty()) {
         return u"没有楼层的"_s + photos;
+    }
     const QString note =
         u"轴网 %1 × %2，%3"_s.arg(floor.axesX.size()).arg(floor.axesY.size()).arg(photos);
     return floor.unplaced.Total() == 0
@@ -108,10 +117,12 @@ QString PlanTitleNote(const PlanFloor& floor) {
 
 int NeighbourOf(const PlanFloor& floor, int from, int dx, int dy) {
     const auto& places = floor.intersections;
-    if (places.empty())
+    if (places.empty()) {
         return -1;
-    if (from < 0 || from >= int(places.size()))
+    }
+    if (from < 0 || from >= int(places.size())) {
         return 0;
+    }
     int best = from;
     int bestDistance = std::numeric_limits<int>::max();
     for (int at = 0; at < int(places.size()); ++at) {
@@ -132,23 +143,23 @@ QString PlaceCaption(const PlanFloor& floor, const PlanIntersection& place) {
                             AxisCaption(floor.axesY[place.axisY]));
 }
 
-PlanFloorBuilder::PlanFloorBuilder(const QString& name) : floorName(name) {}
+PlanFloorBuilder::PlanFloorBuilder(const QString& name) : m_floorName(name) {}
 
 void PlanFloorBuilder::Add(const QString& axisX, const QString& axisY, const QString& positionKey,
                            const PhotoCount& photos) {
-    entries.push_back({axisX, axisY, positionKey, photos});
+    m_entries.push_back({axisX, axisY, positionKey, photos});
 }
 
 PlanFloor PlanFloorBuilder::Finish() {
     PlanFloor floor;
-    floor.name = floorName;
-    for (const Entry& entry : entries) {
+    floor.name = m_floorName;
+    for (const Entry& entry : m_entries) {
         floor.axesX.push_back(entry.axisX);
         floor.axesY.push_back(entry.axisY);
     }
     SortAxes(floor.axesX);
     SortAxes(floor.axesY);
-    for (const Entry& entry : entries) {
+    for (const Entry& entry : m_entries) {
         floor.intersections.push_back({IndexOf(floor.axesX, entry.axisX),
                                        IndexOf(floor.axesY, entry.axisY), entry.positionKey,
                                        entry.photos});

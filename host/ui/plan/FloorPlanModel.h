@@ -77,8 +77,8 @@ private:
         QString positionKey;
         PhotoCount photos;
     };
-    QString floorName;
-    std::vector<Entry> entries;
+    QString m_floorName;
+    std::vector<Entry> m_entries;
 };
 
 } // namespace host

@@ -52,26 +52,29 @@ void PaintShelf(QPainter& painter, const FloorPlanScene& scene, const PlanFloor&
     const QRectF& shelf = scene.layout.shelf;
     painter.setFont(toolkit::UiFont());
     painter.setPen(toolkit::Colors::HintText());
-    if (!shelf.isEmpty())
+    if (!shelf.isEmpty()) {
         painter.drawText(shelf.topLeft() - QPointF(0, 8), floor.name.isEmpty()
                                                               ? u"没有楼层的照片和问题的标识："_s
                                                               : u"不在轴网上的标识："_s);
-    else if (floor.name.isEmpty())
+    } else if (floor.name.isEmpty()) {
         painter.drawText(scene.flags.visible, Qt::AlignCenter,
                          u"没有显示的标识\n没有楼层的照片和问题列在这里，"
                          "请在标识面板中勾选“其他”。"_s);
+    }
 }
 
 void PaintAxes(QPainter& painter, const FloorPlanLayout& layout) {
     QPen pen(toolkit::Colors::Frame(), 1);
     pen.setDashPattern({12, 3, 2, 3});
     painter.setPen(pen);
-    for (std::size_t at = 0; at < layout.linesX.size(); ++at)
+    for (std::size_t at = 0; at < layout.linesX.size(); ++at) {
         painter.drawLine(QPointF(layout.linesX[at], layout.bubblesX[at].top()),
                          QPointF(layout.linesX[at], layout.lineTop));
-    for (std::size_t at = 0; at < layout.linesY.size(); ++at)
+    }
+    for (std::size_t at = 0; at < layout.linesY.size(); ++at) {
         painter.drawLine(QPointF(layout.bubblesY[at].right(), layout.linesY[at]),
                          QPointF(layout.lineRight, layout.linesY[at]));
+    }
 }
 
 /// A name that is wider than its bubble is set in a smaller face.
@@ -81,8 +84,9 @@ void PaintBubble(QPainter& painter, const QRectF& bubble, const QString& name, b
     painter.drawEllipse(bubble);
     QFont font = toolkit::UiFont(13);
     const double width = QFontMetricsF(font).horizontalAdvance(name);
-    if (width > bubble.width() - 6)
+    if (width > bubble.width() - 6) {
         font = toolkit::UiFont(std::max(8, int(13 * (bubble.width() - 6) / width)));
+    }
     painter.setFont(font);
     painter.setPen(toolkit::Colors::TextAccent());
     painter.drawText(bubble, Qt::AlignCenter, name);
@@ -91,12 +95,14 @@ void PaintBubble(QPainter& painter, const QRectF& bubble, const QString& name, b
 void PaintBubbles(QPainter& painter, const FloorPlanScene& scene, const PlanFloor& floor) {
     const int chosen = scene.state.chosen;
     const PlanIntersection* place = chosen >= 0 ? &floor.intersections[chosen] : nullptr;
-    for (int at = 0; at < int(floor.axesX.size()); ++at)
+    for (int at = 0; at < int(floor.axesX.size()); ++at) {
         PaintBubble(painter, scene.layout.bubblesX[at], floor.axesX[at],
                     place != nullptr && place->axisX == at);
-    for (int at = 0; at < int(floor.axesY.size()); ++at)
+    }
+    for (int at = 0; at < int(floor.axesY.size()); ++at) {
         PaintBubble(painter, scene.layout.bubblesY[at], floor.axesY[at],
                     place != nullptr && place->axisY == at);
+    }
 }
 
 void PaintRing(QPainter& painter, const QRectF& rect, const QColor& color, double width) {
@@ -136,18 +142,21 @@ void PaintShown(QPainter& painter, const QRectF& rect, int photoCount) {
 
 void PaintPlace(QPainter& painter, const QRectF& rect, const PhotoCount& photos) {
     PaintShown(painter, rect, photos.shown);
-    if (photos.hidden > 0)
+    if (photos.hidden > 0) {
         PaintHidden(painter, rect, photos.hidden);
+    }
 }
 
 void PaintPlaces(QPainter& painter, const FloorPlanScene& scene, const PlanFloor& floor) {
     for (int at = 0; at < int(floor.intersections.size()); ++at) {
         const QRectF rect = PlaceRect(scene.layout, at);
-        if (at == scene.state.hovered)
+        if (at == scene.state.hovered) {
             PaintRing(painter, rect.adjusted(-2, -2, 2, 2), toolkit::Colors::Hover(), 4);
+        }
         PaintPlace(painter, rect, floor.intersections[at].photos);
-        if (at == scene.state.chosen)
+        if (at == scene.state.chosen) {
             PaintRing(painter, rect.adjusted(-4, -4, 4, 4), toolkit::Colors::Accent(), 3);
+        }
     }
 }
 

@@ -27,74 +27,75 @@ constexpr int kRowMargins = 12;
 } // namespace
 
 FloorPlanPane::FloorPlanPane(QWidget* parent) : QWidget(parent) {
-    floors = new QListWidget(this);
-    floors->setObjectName(u"floorList"_s);
-    floors->setAccessibleName(u"楼层"_s);
-    floors->setToolTip(u"楼层（在平面图中按 PageUp、PageDown 切换）"_s);
-    floors->setFrameShape(QFrame::NoFrame);
+    m_floors = new QListWidget(this);
+    m_floors->setObjectName(u"floorList"_s);
+    m_floors->setAccessibleName(u"楼层"_s);
+    m_floors->setToolTip(u"楼层（在平面图中按 PageUp、PageDown 切换）"_s);
+    m_floors->setFrameShape(QFrame::NoFrame);
     auto* caption = new QLabel(u"楼层"_s, this);
     caption->setContentsMargins(4, 8, 8, 4);
-    caption->setBuddy(floors);
-    canvas = new FloorPlanCanvas(this);
-    scroll = new PlanScroll(canvas, this);
+    caption->setBuddy(m_floors);
+    m_canvas = new FloorPlanCanvas(this);
+    m_scroll = new PlanScroll(m_canvas, this);
 
     auto* left = new QVBoxLayout;
     left->setContentsMargins(8, 0, 0, 8);
     left->setSpacing(0);
     left->addWidget(caption);
-    left->addWidget(floors, 1);
+    left->addWidget(m_floors, 1);
     auto* all = new QHBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(0);
     all->addLayout(left);
-    all->addWidget(scroll, 1);
+    all->addWidget(m_scroll, 1);
     FitFloors();
 
-    connect(floors, &QListWidget::currentRowChanged, canvas, &FloorPlanCanvas::SetFloor);
-    connect(canvas, &FloorPlanCanvas::FloorChanged, this, [this](int floor) {
-        const QSignalBlocker quiet(floors);
-        floors->setCurrentRow(floor);
+    connect(m_floors, &QListWidget::currentRowChanged, m_canvas, &FloorPlanCanvas::SetFloor);
+    connect(m_canvas, &FloorPlanCanvas::FloorChanged, this, [this](int floor) {
+        const QSignalBlocker quiet(m_floors);
+        m_floors->setCurrentRow(floor);
     });
-    connect(canvas, &FloorPlanCanvas::NeedsOtherSize, scroll, &PlanScroll::Fit);
-    connect(canvas, &FloorPlanCanvas::AreaWanted, scroll, &PlanScroll::ShowArea);
+    connect(m_canvas, &FloorPlanCanvas::NeedsOtherSize, m_scroll, &PlanScroll::Fit);
+    connect(m_canvas, &FloorPlanCanvas::AreaWanted, m_scroll, &PlanScroll::ShowArea);
 }
 
 void FloorPlanPane::SetModel(FloorPlanModel model) {
-    canvas->SetModel(std::move(model));
+    m_canvas->SetModel(std::move(model));
     FillFloors();
 }
 
 void FloorPlanPane::FillFloors() {
-    const QSignalBlocker quiet(floors);
-    floors->clear();
-    for (const PlanFloor& floor : canvas->Model().floors) {
+    const QSignalBlocker quiet(m_floors);
+    m_floors->clear();
+    for (const PlanFloor& floor : m_canvas->Model().floors) {
         const PhotoCount count = CountPhotos(floor);
         const QString caption = PlanFloorCaption(floor);
         auto* item = new QListWidgetItem(
-            count.Total() > 0 ? u"%1（%2）"_s.arg(caption, CountText(count)) : caption, floors);
+            count.Total() > 0 ? u"%1（%2）"_s.arg(caption, CountText(count)) : caption, m_floors);
         item->setToolTip(toolkit::PlainTip(
             (floor.name.isEmpty() ? u"没有楼层的"_s : caption + u"："_s) + PhotosText(count)));
-        item->setSizeHint(QSize(0, floors->fontMetrics().height() + 12));
+        item->setSizeHint(QSize(0, m_floors->fontMetrics().height() + 12));
     }
-    floors->setCurrentRow(canvas->State().floor);
+    m_floors->setCurrentRow(m_canvas->State().floor);
     FitFloors();
 }
 
 /// As wide as its longest row, so that the counts can be read; rows far longer are elided.
 void FloorPlanPane::FitFloors() {
-    const QFontMetrics metrics = floors->fontMetrics();
+    const QFontMetrics metrics = m_floors->fontMetrics();
     int longest = 0;
-    for (int row = 0; row < floors->count(); ++row)
-        longest = std::max(longest, metrics.horizontalAdvance(floors->item(row)->text()));
-    const int beside = kRowMargins + floors->verticalScrollBar()->sizeHint().width();
+    for (int row = 0; row < m_floors->count(); ++row) {
+        longest = std::max(longest, metrics.horizontalAdvance(m_floors->item(row)->text()));
+    }
+    const int beside = kRowMargins + m_floors->verticalScrollBar()->sizeHint().width();
     const int least = std::max(kLeastWidth, metrics.averageCharWidth() * kShortRow);
-    floors->setFixedWidth(std::clamp(longest + beside, least,
-                                     std::max(least, metrics.averageCharWidth() * kLongRow)));
+    m_floors->setFixedWidth(std::clamp(longest + beside, least,
+                                       std::max(least, metrics.averageCharWidth() * kLongRow)));
 }
 
 QString FloorPlanPane::CurrentFloor() const {
-    const int row = canvas->State().floor;
-    const auto& list = canvas->Model().floors;
+    const int row = m_canvas->State().floor;
+    const auto& list = m_canvas->Model().floors;
     return row < int(list.size()) ? list[row].name : QString();
 }
 

@@ -21,7 +21,7 @@ public:
     explicit FloorPlanPane(QWidget* parent);
 
     void SetModel(FloorPlanModel model);
-    [[nodiscard]] FloorPlanCanvas& Canvas() const { return *canvas; }
+    [[nodiscard]] FloorPlanCanvas& Canvas() const { return *m_canvas; }
     /// Empty without floors.
     [[nodiscard]] QString CurrentFloor() const;
 
@@ -29,9 +29,9 @@ private:
     void FillFloors();
     void FitFloors();
 
-    QListWidget* floors = nullptr;
-    FloorPlanCanvas* canvas = nullptr;
-    PlanScroll* scroll = nullptr;
+    QListWidget* m_floors = nullptr;
+    FloorPlanCanvas* m_canvas = nullptr;
+    PlanScroll* m_scroll = nullptr;
 };
 
 } // namespace host

@@ -3,8 +3,9 @@
 namespace host {
 
 FloorPlanState ShowFloor(FloorPlanState state, const FloorPlanModel& model, int floor) {
-    if (floor < 0 || floor >= int(model.floors.size()) || floor == state.floor)
+    if (floor < 0 || floor >= int(model.floors.size()) || floor == state.floor) {
         return state;
+    }
     FloorPlanState shown;
     shown.floor = floor;
     return shown;
@@ -18,22 +19,25 @@ FloorPlanState Hover(FloorPlanState state, int place, int flagBox) {
 
 FloorPlanState Click(FloorPlanState state, int place) {
     state.cardOpen = place != kNoPlace;
-    if (state.cardOpen)
+    if (state.cardOpen) {
         state.chosen = place;
+    }
     return state;
 }
 
 FloorPlanState Step(FloorPlanState state, const FloorPlanModel& model, int dx, int dy) {
-    if (state.floor >= int(model.floors.size()))
+    if (state.floor >= int(model.floors.size())) {
         return state;
+    }
     state.chosen = NeighbourOf(model.floors[state.floor], state.chosen, dx, dy);
     state.cardOpen = false;
     return state;
 }
 
 FloorPlanState Retreat(FloorPlanState state) {
-    if (!state.cardOpen)
+    if (!state.cardOpen) {
         state.chosen = kNoPlace;
+    }
     state.cardOpen = false;
     return state;
 }

@@ -43,9 +43,9 @@ private:
     bool Locate(const std::optional<MarkFlag>& flag);
     void Redraw();
 
-    FloorPlanPane& pane;
-    ShownMarks markSet;
-    qint32 tool = 0;
+    FloorPlanPane& m_pane;
+    ShownMarks m_markSet;
+    qint32 m_tool = 0;
 };
 
 } // namespace host

@@ -25,8 +25,8 @@ signals:
     void PhotosWanted();
 
 private:
-    QLabel* text = nullptr;
-    QPushButton* photos = nullptr;
+    QLabel* m_text = nullptr;
+    QPushButton* m_photos = nullptr;
 };
 
 } // namespace host

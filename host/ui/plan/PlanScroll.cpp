@@ -7,14 +7,15 @@
 namespace host {
 
 PlanScroll::PlanScroll(FloorPlanCanvas* planCanvas, QWidget* parent)
-    : QScrollArea(parent), canvas(planCanvas) {
+    : QScrollArea(parent), m_canvas(planCanvas) {
     setFrameShape(QFrame::NoFrame);
     // The canvas takes the keys.
     setFocusPolicy(Qt::NoFocus);
-    setWidget(canvas);
+    setWidget(m_canvas);
     setMinimumSize(160, 96); // on a small screen the panels beside it need room too
-    for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()})
+    for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()}) {
         bar->setSingleStep(24);
+    }
 }
 
 // Whether a bar is needed is decided here: left to the area, each bar would call for the other.
@@ -22,15 +23,15 @@ void PlanScroll::Fit() {
     const QSize whole = contentsRect().size();
     const int bar = verticalScrollBar()->sizeHint().width();
     QSize window = whole;
-    bool isWide = canvas->SizeIn(window).width() > window.width();
+    bool isWide = m_canvas->SizeIn(window).width() > window.width();
     window.rheight() -= isWide ? bar : 0;
-    const bool isHigh = canvas->SizeIn(window).height() > window.height();
+    const bool isHigh = m_canvas->SizeIn(window).height() > window.height();
     window.rwidth() -= isHigh ? bar : 0;
-    isWide = isWide || canvas->SizeIn(window).width() > window.width();
+    isWide = isWide || m_canvas->SizeIn(window).width() > window.width();
     window.setHeight(whole.height() - (isWide ? bar : 0));
     setHorizontalScrollBarPolicy(isWide ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(isHigh ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-    canvas->resize(canvas->SizeIn(window));
+    m_canvas->resize(m_canvas->SizeIn(window));
     TellVisible();
 }
 
@@ -52,7 +53,7 @@ void PlanScroll::scrollContentsBy(int dx, int dy) {
 }
 
 void PlanScroll::TellVisible() {
-    canvas->SetVisibleArea(QRect(-canvas->pos(), viewport()->size()));
+    m_canvas->SetVisibleArea(QRect(-m_canvas->pos(), viewport()->size()));
 }
 
 } // namespace host

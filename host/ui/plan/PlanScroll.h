@@ -25,7 +25,7 @@ protected:
 private:
     void TellVisible();
 
-    FloorPlanCanvas* canvas;
+    FloorPlanCanvas* m_canvas;
 };
 
 } // namespace host

@@ -31,8 +31,9 @@ void ConsoleFixture::ClickCell(int row, int column) {
 }
 
 void ConsoleFixture::CheckRows(std::initializer_list<int> rows) {
-    for (const int row : rows)
+    for (const int row : rows) {
         ClickCell(row, 0);
+    }
 }
 
 void ConsoleFixture::Key(Qt::Key key, Qt::KeyboardModifiers modifiers) {

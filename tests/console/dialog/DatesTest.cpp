@@ -116,8 +116,9 @@ TEST_F(DatesTest, ATypedStartBehindTheEndGoesBackBeforeAltSSearches) {
     C().endPicker->setFocus();
     QTest::keyClick(C().endPicker, Qt::Key_Home);
     QTest::keyClick(C().endPicker, Qt::Key_Delete);
-    for (const char digit : {'2', '0', '2', '5'})
+    for (const char digit : {'2', '0', '2', '5'}) {
         QTest::keyClick(C().endPicker, digit);
+    }
     Key(Qt::Key_S, Qt::AltModifier);
     ASSERT_TRUE(support::WaitFor([this] { return Searches() == 1; }));
     EXPECT_EQ(C().endPicker->text(), u"2026-03-05"_s);

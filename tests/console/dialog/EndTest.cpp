@@ -71,10 +71,11 @@ TEST_P(ConsoleEndTest, ByTheOpeningOfAnotherKind) {
 
 TEST_P(ConsoleEndTest, ByAPresetOfAnotherKind) {
     ExpectSilent([] {
-        if (OtherKind() == kModeIssue)
+        if (OtherKind() == kModeIssue) {
             Facade().ShowIssueMngFor(0, u"K7"_s, 2, u"H77"_s);
-        else
+        } else {
             Facade().ShowBimPicMngFor(0, u"K7"_s, 2, 3);
+        }
     });
 }
 

@@ -26,20 +26,26 @@ std::ostream& operator<<(std::ostream& out, const Failure& failure) {
 
 std::vector<Failure> Failures() {
     std::vector<Failure> failures;
-    for (const ConsoleMode mode : {kModeBim, kModePdf, kModeIssue})
+    for (const ConsoleMode mode : {kModeBim, kModePdf, kModeIssue}) {
         for (const char* operation :
              {"IsWorksetMode", "GetWorksetProjects", "GetProjectName", "GetRecent", "SaveRecent",
-              "GetStateNames", "GetCurrentProject", "GetProjectRecord", "GetMarkTable", "HasRight"})
+              "GetStateNames", "GetCurrentProject", "GetProjectRecord", "GetMarkTable",
+              "HasRight"}) {
             failures.push_back({operation, mode});
+        }
+    }
     for (const char* operation : {"QueryBimPics", "GetUsedBimMarks", "GetBimLabels", "GetMarkInfo",
-                                  "SetBimPicsShown", "DeleteBimPics", "GetView", "LocatePicture"})
+                                  "SetBimPicsShown", "DeleteBimPics", "GetView", "LocatePicture"}) {
         failures.push_back({operation, kModeBim});
+    }
     for (const char* operation : {"QueryPdfPics", "GetUsedPdfMarks", "GetPdfLabels", "GetMarkInfo",
-                                  "SetPdfPicsShown", "DeletePdfPics", "GetCurrentDrawing"})
+                                  "SetPdfPicsShown", "DeletePdfPics", "GetCurrentDrawing"}) {
         failures.push_back({operation, kModePdf});
+    }
     for (const char* operation : {"QueryIssues", "GetUsedMarks", "GetMarkInfo", "SetIssuesShown",
-                                  "DeleteIssues", "GetView", "LocateIssue"})
+                                  "DeleteIssues", "GetView", "LocateIssue"}) {
         failures.push_back({operation, kModeIssue});
+    }
     return failures;
 }
 
@@ -73,8 +79,9 @@ protected:
         host.project.drawing = {500, u"一层平面"_s};
     }
     void ClickIfShown(QWidget* control) {
-        if (control->isVisible() && control->isEnabled())
+        if (control->isVisible() && control->isEnabled()) {
             QTest::mouseClick(control, Qt::LeftButton);
+        }
     }
     /// What a person may do in a minute.
     void Work() {
@@ -97,11 +104,13 @@ protected:
         support::RunPendingEvents();
     }
     static void Choose(QComboBox& box) {
-        if (!box.isVisible())
+        if (!box.isVisible()) {
             return;
+        }
         DropDown(box);
-        if (box.view()->isVisible())
+        if (box.view()->isVisible()) {
             QTest::keyClick(box.view(), Qt::Key_Return);
+        }
     }
 
     PassingPrompts passing;

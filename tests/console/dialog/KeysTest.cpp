@@ -82,10 +82,12 @@ TEST_F(KeysTest, ShortcutsOfHiddenButtonsDoNothing) {
     host.auth.rights = {};
     Open(kModeBim);
     CheckRows({1});
-    for (const Qt::Key key : {Qt::Key_D, Qt::Key_H, Qt::Key_V})
+    for (const Qt::Key key : {Qt::Key_D, Qt::Key_H, Qt::Key_V}) {
         Key(key, Qt::AltModifier);
-    for (const QPushButton* button : {C().deleteButton, C().hideButton, C().showButton})
+    }
+    for (const QPushButton* button : {C().deleteButton, C().hideButton, C().showButton}) {
         EXPECT_FALSE(button->isDown()) << button->objectName().toStdString();
+    }
     Open(kModeIssue);
     Key(Qt::Key_P, Qt::AltModifier);
     EXPECT_FALSE(C().pdfRadio->isDown());
@@ -97,8 +99,9 @@ TEST_F(KeysTest, TooltipsNameTheShortcuts) {
         {C().searchButton, "Alt+S"},   {C().bimRadio, "Alt+B"},     {C().pdfRadio, "Alt+P"},
         {C().downloadButton, "Alt+W"}, {C().deleteButton, "Alt+D"}, {C().showButton, "Alt+V"},
         {C().hideButton, "Alt+H"},     {C().keywordCombo, "Alt+K"}};
-    for (const auto& [control, keys] : shortcuts)
+    for (const auto& [control, keys] : shortcuts) {
         EXPECT_THAT(control->toolTip().toStdString(), HasSubstr(keys));
+    }
     EXPECT_EQ(C().bimRadio->toolTip(), u"列出BIM模型照片（Alt+B）"_s);
     EXPECT_EQ(C().pdfRadio->toolTip(), u"列出平面图纸照片（Alt+P）"_s);
     EXPECT_EQ(C().searchButton->toolTip(), u"按以上条件搜索（Alt+S）"_s);
@@ -125,8 +128,9 @@ TEST_F(KeysTest, FiltersAndButtonsAreNamedForAReader) {
         {C().bimRadio, u"BIM模型照片"_s},
         {C().pdfRadio, u"平面图纸照片"_s},
         {C().deleteButton, u"删除选中的各项"_s}};
-    for (const auto& [control, name] : names)
+    for (const auto& [control, name] : names) {
         EXPECT_EQ(control->accessibleName(), name);
+    }
 }
 
 TEST_F(KeysTest, EveryControlHasAnAccessibleNameAndATooltip) {
@@ -135,15 +139,17 @@ TEST_F(KeysTest, EveryControlHasAnAccessibleNameAndATooltip) {
         EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();
         EXPECT_FALSE(control->toolTip().isEmpty()) << control->objectName().toStdString();
     }
-    for (const QPushButton* button : C().Actions())
+    for (const QPushButton* button : C().Actions()) {
         EXPECT_FALSE(button->accessibleName().isEmpty());
+    }
 }
 
 TEST_F(KeysTest, EscapeDoesNothing) {
     Open(kModeBim);
     for (QWidget* target : {static_cast<QWidget*>(C().keywordCombo->lineEdit()),
-                            static_cast<QWidget*>(&View()), static_cast<QWidget*>(Window())})
+                            static_cast<QWidget*>(&View()), static_cast<QWidget*>(Window())}) {
         QTest::keyClick(target, Qt::Key_Escape);
+    }
     support::RunPendingEvents();
     ASSERT_TRUE(Console().HasWindow());
     EXPECT_TRUE(Window()->isVisible());
@@ -243,8 +249,9 @@ TEST_F(KeysTest, EnterInEachFilterPressesTheDefaultButton) {
     C().startPicker->setEnabled(true);
     C().endPicker->setEnabled(true);
     for (QWidget* control : C().Filters()) {
-        if (control == C().dateDash)
+        if (control == C().dateDash) {
             continue;
+        }
         control->setFocus();
         Log().Clear();
         QTest::keyClick(control, Qt::Key_Return);

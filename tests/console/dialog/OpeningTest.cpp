@@ -31,9 +31,11 @@ protected:
              {static_cast<QWidget*>(C().labelCombo), static_cast<QWidget*>(C().bimRadio),
               static_cast<QWidget*>(C().pdfRadio), static_cast<QWidget*>(C().downloadButton),
               static_cast<QWidget*>(C().deleteButton), static_cast<QWidget*>(C().showButton),
-              static_cast<QWidget*>(C().hideButton)})
-            if (control->isVisible())
+              static_cast<QWidget*>(C().hideButton)}) {
+            if (control->isVisible()) {
                 names.push_back(control->objectName().toStdString());
+            }
+        }
         return names;
     }
 };

@@ -131,8 +131,9 @@ TEST_F(SearchTest, KeywordsAreRememberedNewestFirstAndOnce) {
 
 TEST_F(SearchTest, OfSevenKeywordsTheOldestGoes) {
     Open(kModeBim);
-    for (const QString& keyword : {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s, u"7"_s})
+    for (const QString& keyword : {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s, u"7"_s}) {
         Searched(keyword);
+    }
     EXPECT_THAT(Recent(), ElementsAre("7", "6", "5", "4", "3", "2"));
     Searched(u"3"_s);
     EXPECT_THAT(Recent(), ElementsAre("3", "7", "6", "5", "4", "2"));
@@ -251,18 +252,19 @@ TEST_F(SearchTest, AnotherKindKeepsKeywordStateAndDates) {
 /// What a label showed each time that it was painted.
 class PaintedTexts final : public QObject {
 public:
-    explicit PaintedTexts(QLabel* watched) : label(watched) { label->installEventFilter(this); }
+    explicit PaintedTexts(QLabel* watched) : m_label(watched) { m_label->installEventFilter(this); }
 
     std::vector<QString> texts;
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Paint)
-            texts.push_back(label->text());
+        if (event->type() == QEvent::Paint) {
+            texts.push_back(m_label->text());
+        }
         return QObject::eventFilter(watched, event);
     }
 
 private:
-    QLabel* label;
+    QLabel* m_label;
 };
 
 TEST_F(SearchTest, ThatItSearchesIsPaintedBeforeTheServiceIsAsked) {

@@ -14,8 +14,9 @@ class SmallScreenTest : public ConsoleFixture {
 protected:
     void SetUp() override {
         screen = QGuiApplication::primaryScreen()->availableSize();
-        if (screen.width() >= 1085)
+        if (screen.width() >= 1085) {
             GTEST_SKIP() << "this screen has room for the console";
+        }
     }
 
     QSize screen;
@@ -33,9 +34,10 @@ TEST_F(SmallScreenTest, TheLeastSizeIsCappedByTheScreen) {
 
 TEST_F(SmallScreenTest, AllFiltersOfPhotosStayInTheWindow) {
     Open(kModeBim);
-    for (const QWidget* control : C().Filters())
+    for (const QWidget* control : C().Filters()) {
         EXPECT_TRUE(Window()->rect().contains(control->geometry()))
             << control->objectName().toStdString();
+    }
 }
 
 TEST_F(SmallScreenTest, FiltersOfIssuesLeaveEightPixelsForTheFramesUntilTheyAreAtTheirLeast) {
@@ -48,8 +50,9 @@ TEST_F(SmallScreenTest, GridAndActionsStayInTheWindow) {
     Open(kModeBim);
     EXPECT_TRUE(Window()->rect().contains(View().geometry()));
     EXPECT_GT(View().height(), 300);
-    for (const QPushButton* button : C().Actions())
+    for (const QPushButton* button : C().Actions()) {
         EXPECT_TRUE(Window()->rect().contains(button->geometry()));
+    }
 }
 
 } // namespace

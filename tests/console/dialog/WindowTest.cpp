@@ -234,8 +234,9 @@ TEST_F(ConsoleWindowTest, TheMainWindowOwnsIt) {
 TEST_F(ConsoleWindowTest, MinimisedItComesBackAsItWas) {
     for (const bool maximised : {false, true}) {
         Open(kModeBim);
-        if (maximised)
+        if (maximised) {
             Window()->showMaximized();
+        }
         Console().Minimise();
         ASSERT_TRUE(Window()->isMinimized());
         Facade().ShowPicMng(kModeBim);
@@ -305,13 +306,16 @@ TEST_F(ConsoleWindowTest, ItsControlsHaveTheirSizes) {
     Open(kModeBim);
     // The keywords have given way to what the window is too narrow for.
     const int widths[] = {144, 112, 104, 96, 54, 104, 8, 104, 226, 64};
-    for (size_t i = 0; i < kFilterControls; ++i)
+    for (size_t i = 0; i < kFilterControls; ++i) {
         EXPECT_EQ(C().Filters()[i]->size(), QSize(widths[i], 24))
             << C().Filters()[i]->objectName().toStdString();
-    for (const QPushButton* action : C().Actions())
+    }
+    for (const QPushButton* action : C().Actions()) {
         EXPECT_EQ(action->size(), QSize(46, 24));
-    for (const QRadioButton* radio : {C().bimRadio, C().pdfRadio})
+    }
+    for (const QRadioButton* radio : {C().bimRadio, C().pdfRadio}) {
         EXPECT_EQ(radio->size(), QSize(90, 18));
+    }
 }
 
 TEST_F(ConsoleWindowTest, TheKindOfAnOpenConsoleIsTheCheckedButton) {

@@ -41,8 +41,9 @@ protected:
     }
     static std::vector<std::string> Entries(const QMenu& menu) {
         std::vector<std::string> texts;
-        for (const QAction* action : menu.actions())
+        for (const QAction* action : menu.actions()) {
             texts.push_back(action->text().toStdString() + (action->isEnabled() ? "" : " off"));
+        }
         return texts;
     }
 };
@@ -104,7 +105,8 @@ TEST_F(GridActionsTest, EachIconColumnShowsItsDrawing) {
         for (const QString& name :
              {u"edit"_s, u"locate"_s, u"preview"_s, u"download"_s, u"delete"_s}) {
             const auto& icon = dynamic_cast<const CIconGridItem&>(Item(0, column));
-            EXPECT_EQ(icon.Icon().pixmap(size).toImage(), toolkit::Icon(name).pixmap(size).toImage())
+            EXPECT_EQ(icon.Icon().pixmap(size).toImage(),
+                      toolkit::Icon(name).pixmap(size).toImage())
                 << mode << ' ' << column;
             ++column;
         }
@@ -476,9 +478,11 @@ TEST_F(GridActionsTest, TheProgressOfADownloadCountsAllRowsOfThePage) {
     prompts.ExpectYesNo(u"下载成功，是否打开下载照片的所在目录？"_s, false);
     grid->DownloadChecked(folder.Path());
     std::vector<std::string> progress;
-    for (const std::string& line : Log().Lines())
-        if (line.starts_with("Progress.Set"))
+    for (const std::string& line : Log().Lines()) {
+        if (line.starts_with("Progress.Set")) {
             progress.push_back(line);
+        }
+    }
     ASSERT_EQ(progress.size(), 5U);
     EXPECT_TRUE(progress[0].starts_with("Progress.SetTitle"));
     EXPECT_THAT(progress[1], testing::MatchesRegex("Progress.SetRange.*3.*"));

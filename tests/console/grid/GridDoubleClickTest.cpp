@@ -16,8 +16,9 @@ class GridDoubleClickTest : public GridFixture {};
 TEST_F(GridDoubleClickTest, OnlyALeftDoubleClickLooksUp) {
     Show(kModeBim, 3);
     ClickCell(1, 3);
-    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton, Qt::BackButton})
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton, Qt::BackButton}) {
         QTest::mouseDClick(View().viewport(), button, {}, CellCentre(1, 3));
+    }
     EXPECT_EQ(Log().CountOf("LocatePicture"), 0);
 }
 
@@ -34,10 +35,12 @@ TEST_F(GridDoubleClickTest, ADoubleClickOnTheHeaderIsNoLookup) {
 TEST_F(GridDoubleClickTest, ADoubleClickOnAnIconRunsItOnceAndNothingElse) {
     for (const int column : {13, 14, 15, 16}) {
         Show(kModeBim, 3);
-        if (column == 15)
+        if (column == 15) {
             prompts.ExpectSaveFile(u"照片2"_s, QString());
-        if (column == 16)
+        }
+        if (column == 16) {
             prompts.ExpectOkCancel(u"确认删除照片 照片2.jpg ？"_s, false);
+        }
         DoubleClickCell(1, column);
         EXPECT_EQ(Log().CountOf("LocatePicture"), column == 13 ? 1 : 0) << column;
         EXPECT_TRUE(prompts.AllAnswered()) << column;
@@ -49,8 +52,9 @@ TEST_F(GridDoubleClickTest, ADoubleClickOnEveryCellThatIsNoIconLooksUpInEachKind
         Show(mode, 2);
         const int icons = mode == kModePdf ? 13 : 12;
         for (int column = 0; column < icons; ++column) {
-            if (!grid->IsColumnVisible(column))
+            if (!grid->IsColumnVisible(column)) {
                 continue;
+            }
             Log().Clear();
             DoubleClickCell(1, column);
             EXPECT_EQ(Log().CountOf("LocatePicture") + Log().CountOf("SelectCheckpoint") +

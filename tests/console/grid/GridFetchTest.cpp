@@ -71,13 +71,15 @@ TEST_F(GridFetchTest, ARefusedQueryLeavesNoRowsNoHitsAndSaysNothing) {
 TEST_F(GridFetchTest, EveryKindTellsTheEndOfARefusedQuery) {
     for (const ConsoleMode mode : {kModeBim, kModePdf, kModeIssue}) {
         Show(mode, 3);
-        for (const char* query : {"QueryBimPics", "QueryPdfPics", "QueryIssues"})
+        for (const char* query : {"QueryBimPics", "QueryPdfPics", "QueryIssues"}) {
             host.script.FailAlways(query);
+        }
         grid->DoCurrentPage();
         EXPECT_THAT(Log().LinesOf({"Dialog"}), ElementsAre("Dialog(1026)", "Dialog(1025)")) << mode;
         EXPECT_EQ(grid->GetRowCount(), 0) << mode;
-        for (const char* query : {"QueryBimPics", "QueryPdfPics", "QueryIssues"})
+        for (const char* query : {"QueryBimPics", "QueryPdfPics", "QueryIssues"}) {
             host.script.Succeed(query);
+        }
     }
 }
 

@@ -43,10 +43,11 @@ void GridFixture::Show(ConsoleMode mode, int rows) {
 }
 
 void GridFixture::SetFilter() {
-    if (grid->GetMode() == kModePdf)
+    if (grid->GetMode() == kModePdf) {
         grid->Manager()->filter = &std::as_const(grid->pdfFilter);
-    else
+    } else {
         grid->Manager()->filter = &std::as_const(grid->picFilter);
+    }
 }
 
 void GridFixture::ChangeKind(ConsoleMode mode) {
@@ -79,15 +80,18 @@ void GridFixture::DoubleClickCell(int row, int column) {
 }
 
 void GridFixture::Check(std::initializer_list<int> rows) {
-    for (const int row : rows)
+    for (const int row : rows) {
         ClickCell(row, 0);
+    }
 }
 
 std::vector<int> GridFixture::Checked() {
     std::vector<int> rows;
-    for (int row = 0; row < grid->GetRowCount(); ++row)
-        if (Item(row, 0).GetBool())
+    for (int row = 0; row < grid->GetRowCount(); ++row) {
+        if (Item(row, 0).GetBool()) {
             rows.push_back(row);
+        }
+    }
     return rows;
 }
 

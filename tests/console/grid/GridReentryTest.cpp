@@ -68,15 +68,17 @@ TEST_F(GridReentryTest, AFetchWithinAFetchLeavesOneWholePage) {
     Show(kModeBim, 65);
     bool again = true;
     host.script.During("QueryBimPics", [&] {
-        if (std::exchange(again, false))
+        if (std::exchange(again, false)) {
             paging->DoPage(2);
+        }
     });
     paging->DoFirstPage();
     ASSERT_EQ(grid->GetRowCount(), 30);
-    for (int row = 0; row < 30; ++row)
+    for (int row = 0; row < 30; ++row) {
         EXPECT_EQ(
             Cell(row, 3),
             static_cast<KX_DATA::BimPicRow*>(grid->GetRow(row)->GetData())->fileName.toStdString());
+    }
 }
 
 TEST_F(GridReentryTest, TheGridMayEndWhileTheStatusIsChanged) {
@@ -106,8 +108,9 @@ TEST_F(GridReentryTest, TheGridMayEndWhileTheHostIsTold) {
 TEST_F(GridReentryTest, TheGridMayEndWhileARowIsLookedUp) {
     for (const ConsoleMode mode : {kModeBim, kModePdf, kModeIssue}) {
         Show(mode, 3);
-        for (const char* operation : {"LocatePicture", "SelectCheckpoint", "LocateIssue"})
+        for (const char* operation : {"LocatePicture", "SelectCheckpoint", "LocateIssue"}) {
             host.script.During(operation, [this] { EndGrid(); });
+        }
         DoubleClickCell(0, 3);
         support::RunPendingEvents();
         EXPECT_EQ(grid, nullptr) << mode;

@@ -65,8 +65,9 @@ TEST_F(GridSortTest, EveryVisibleSortableColumnSortsByItsFieldAndNoOtherDoes) {
     for (const ConsoleMode mode : {kModeBim, kModePdf, kModeIssue}) {
         Show(mode, 3);
         for (int column = 1; column < grid->GetColumnCount(); ++column) {
-            if (!grid->IsColumnVisible(column))
+            if (!grid->IsColumnVisible(column)) {
                 continue;
+            }
             Log().Clear();
             ClickHeader(column);
             if (!grid->sortable.at(column)) {
@@ -96,8 +97,9 @@ TEST_F(GridSortTest, AColumnThatDoesNotSortChangesNeitherSortNorPage) {
     ClickHeader(3);
     paging->DoPage(2);
     Log().Clear();
-    for (const int column : {1, 8, 9, 12, 13, 14, 15, 16})
+    for (const int column : {1, 8, 9, 12, 13, 14, 15, 16}) {
         ClickHeader(column);
+    }
     EXPECT_THAT(Log().Lines(), IsEmpty());
     EXPECT_EQ(grid->SortFieldName(), u"pic_name"_s);
     EXPECT_EQ(grid->SortOrder(), u"asc"_s);

@@ -29,8 +29,9 @@ protected:
 TEST_F(BimRowsTest, EveryCellSaysWhatTheRecordHolds) {
     Show(BimPhoto(7));
     std::vector<std::string> cells;
-    for (int column = 1; column <= 11; ++column)
+    for (int column = 1; column <= 11; ++column) {
         cells.push_back(Cell(0, column));
+    }
     EXPECT_THAT(cells, ElementsAre("1", "质量", "照片7.jpg", "示例工程", "zhang / li",
                                    "2026-01-01 08:00 / 2026-02-01 09:00", "1层A-7", "裂缝 渗漏 ",
                                    "待整改", "描述7", "显示"));
@@ -136,8 +137,9 @@ TEST_F(BimRowsTest, APhotoWithoutAFloorHasNoPositionAndCannotBeLookedUp) {
     Show(photo);
     EXPECT_EQ(Cell(0, 7), "");
     EXPECT_FALSE(Item(0, 13).IsEnabled());
-    for (const int icon : {12, 14, 15, 16})
+    for (const int icon : {12, 14, 15, 16}) {
         EXPECT_TRUE(Item(0, icon).IsEnabled()) << icon;
+    }
 }
 
 TEST_F(BimRowsTest, AnInvalidPositionIsRedWithOrWithoutText) {

@@ -15,9 +15,11 @@ class ConsoleColumnsTest : public ManagerFixture {
 protected:
     [[nodiscard]] std::vector<int> Hidden() const {
         std::vector<int> columns;
-        for (int column = 0; column < grid->GetColumnCount(); ++column)
-            if (!grid->IsColumnVisible(column))
+        for (int column = 0; column < grid->GetColumnCount(); ++column) {
+            if (!grid->IsColumnVisible(column)) {
                 columns.push_back(column);
+            }
+        }
         return columns;
     }
     std::vector<int> HiddenIn(ConsoleMode mode) {
@@ -48,8 +50,9 @@ TEST_F(ConsoleColumnsTest, TheGridHasEveryColumnAsTheTableTellsIt) {
 TEST_F(ConsoleColumnsTest, TheHeaderOfTheCheckBoxesShowsAnUncheckedBox) {
     Open(kModeBim);
     EXPECT_EQ(grid->GetHeaderImage(0), 0);
-    for (int column = 1; column < grid->GetColumnCount(); ++column)
+    for (int column = 1; column < grid->GetColumnCount(); ++column) {
         EXPECT_EQ(grid->GetHeaderImage(column), -1) << column;
+    }
 }
 
 TEST_F(ConsoleColumnsTest, TheProjectIsHiddenWhileOneProjectIsOpen) {

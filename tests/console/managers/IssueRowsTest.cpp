@@ -22,8 +22,9 @@ protected:
 TEST_F(IssueRowsTest, EveryCellSaysWhatTheRecordHolds) {
     Show(Issue(7));
     std::vector<std::string> cells;
-    for (int column = 1; column <= 11; ++column)
+    for (int column = 1; column <= 11; ++column) {
         cells.push_back(Cell(0, column));
+    }
     EXPECT_THAT(cells, ElementsAre("1", "进度", "问题7", "示例工程", "zhang / li",
                                    "2026-03-05 12:00 / 2026-03-05 13:00", "2层 B-7 KZ-7", "",
                                    "已整改", "描述7", "显示"));
@@ -79,8 +80,9 @@ TEST_F(IssueRowsTest, NoIconIsDisabledAndTheDownloadColumnIsHidden) {
     KX_DATA::IssueRow issue = Issue(1);
     issue.floor.clear();
     Show(issue);
-    for (int column = 12; column <= 16; ++column)
+    for (int column = 12; column <= 16; ++column) {
         EXPECT_TRUE(Item(0, column).IsEnabled()) << column;
+    }
     EXPECT_FALSE(grid->IsColumnVisible(15));
     EXPECT_EQ(grid->GetColumnCaption(15), u"下载"_s);
 }

@@ -172,8 +172,9 @@ TEST_F(LocateTest, ThePageOfIssuesMayBeFetchedAgainByWhatTheViewDoes) {
     Show(kModeIssue);
     // Other issues, at the places of the old ones.
     host.script.During("GetView", [this] {
-        for (KX_DATA::IssueRow& issue : host.questions.issues)
+        for (KX_DATA::IssueRow& issue : host.questions.issues) {
             issue.questionId += u"-other"_s;
+        }
         Fetch();
         Fetch();
     });

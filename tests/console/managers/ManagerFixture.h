@@ -21,10 +21,11 @@ protected:
     void Fetch(int page = 1) { grid->DoPage(page); }
     /// The dialog does this before each search.
     void SetFilter() {
-        if (grid->GetMode() == kModePdf)
+        if (grid->GetMode() == kModePdf) {
             Manager().filter = &std::as_const(grid->pdfFilter);
-        else
+        } else {
             Manager().filter = &std::as_const(grid->picFilter);
+        }
     }
 
     [[nodiscard]] CPicMngBase& Manager() { return *grid->Manager(); }
@@ -34,8 +35,9 @@ protected:
         return Item(row, column).GetText().toStdString();
     }
     void Check(std::initializer_list<int> rows) {
-        for (const int row : rows)
+        for (const int row : rows) {
             Item(row, 0).SetValue(true);
+        }
     }
 
     boost::shared_ptr<CVeskPicMngGrid> grid;

@@ -23,8 +23,9 @@ protected:
 TEST_F(PdfRowsTest, EveryCellSaysWhatTheRecordHolds) {
     Show(DrawingPhoto(7));
     std::vector<std::string> cells;
-    for (int column = 1; column <= 12; ++column)
+    for (int column = 1; column <= 12; ++column) {
         cells.push_back(Cell(0, column));
+    }
     EXPECT_THAT(cells, ElementsAre("1", "安全", "图片7.jpg", "示例工程", "一层平面", "zhang / li",
                                    "2026-01-01 08:00 / 2026-02-01 09:00", "检查点7", "裂缝 渗漏 ",
                                    "整改中", "描述7", "显示"));

@@ -152,8 +152,9 @@ protected:
     }
     /// What the service of this kind answers to queries.
     std::optional<qint32>& QueryStatus() {
-        if (GetParam().mode == kModeIssue)
+        if (GetParam().mode == kModeIssue) {
             return host.questions.query.status;
+        }
         return GetParam().mode == kModeBim ? host.pics.bimQuery.status : host.pics.pdfQuery.status;
     }
     [[nodiscard]] qint32 RecordStatus(int row) {
@@ -169,10 +170,12 @@ protected:
     }
     [[nodiscard]] bool CallDeleteIds() {
         const std::vector<qint32> ids = {5, 6};
-        if (auto* bim = dynamic_cast<CBimPicMng*>(&Manager()))
+        if (auto* bim = dynamic_cast<CBimPicMng*>(&Manager())) {
             return bim->DeleteIds(9, ids);
-        if (auto* pdf = dynamic_cast<CPDFPicMng*>(&Manager()))
+        }
+        if (auto* pdf = dynamic_cast<CPDFPicMng*>(&Manager())) {
             return pdf->DeleteIds(9, ids);
+        }
         return dynamic_cast<CTNPicMng&>(Manager()).DeleteIds(9, ids);
     }
     [[nodiscard]] bool HasPreviewList() {
@@ -196,12 +199,14 @@ TEST_P(StrategyTable, InitColumnsInsertsTheKindsColumnsAndAsksForItsRights) {
     grid->SetMode(GetParam().mode);
     EXPECT_EQ(grid->GetColumnCount(), GetParam().mode == kModePdf ? 18 : 17);
     QStringList captions;
-    for (const int column : {2, 3, 5, 6, 7, 8})
+    for (const int column : {2, 3, 5, 6, 7, 8}) {
         captions.append(grid->GetColumnCaption(column));
+    }
     EXPECT_EQ(captions.join(u'|').toStdString(), GetParam().captions);
     std::string rights;
-    for (const std::string& call : Log().LinesOf({"HasRight"}))
+    for (const std::string& call : Log().LinesOf({"HasRight"})) {
         rights += (rights.empty() ? "" : " ") + call.substr(15, 2);
+    }
     EXPECT_EQ(rights, GetParam().rightsAsked);
 }
 
@@ -318,8 +323,9 @@ TEST_P(StrategyTable, DeleteRowTellsARefusal) {
 }
 
 TEST_P(StrategyTable, DeleteRowOfAPhotoNamesWhatItsCellShows) {
-    if (GetParam().mode == kModeIssue)
+    if (GetParam().mode == kModeIssue) {
         return; // its question names nothing
+    }
     OpenKind();
     Row(1).SetText(3, u"另一个名字.jpg"_s);
     prompts.ExpectOkCancel(u"确认删除照片 另一个名字.jpg ？"_s, false);
@@ -355,8 +361,9 @@ TEST_P(StrategyTable, GetMinTrackSize) {
 TEST_P(StrategyTable, EditRowGoesUpToItsEditor) {
     OpenKind();
     std::optional<support::ModalVisit> visit;
-    if (!GetParam().editorWindow.isEmpty())
+    if (!GetParam().editorWindow.isEmpty()) {
         visit.emplace(GetParam().editorWindow, [](QWidget& window) { window.close(); });
+    }
     EXPECT_FALSE(Manager().EditRow(Row(0)));
     if (visit) {
         EXPECT_TRUE(visit->HasCome());
@@ -377,10 +384,11 @@ TEST_P(StrategyTable, LocateRowAsksTheViewOfItsKind) {
 TEST_P(StrategyTable, LocateRowOfAHiddenRow) {
     OpenKind();
     Manager().SetRowStatus(Row(0), 1);
-    if (!GetParam().locatesHidden)
+    if (!GetParam().locatesHidden) {
         prompts.ExpectMessage(GetParam().mode == kModeBim
                                   ? u"当前照片状态为隐藏，不支持直接定位！"_s
                                   : u"当前问题状态为隐藏，不支持直接定位！"_s);
+    }
     Manager().LocateRow(Row(0));
     support::RunPendingEvents();
     if (GetParam().locatesHidden) {

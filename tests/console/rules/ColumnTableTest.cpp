@@ -16,8 +16,9 @@ std::vector<std::string> Described(ConsoleMode mode) {
     std::vector<std::string> lines;
     for (const ColumnSpec& column : ConsoleColumns(mode)) {
         std::string line = column.caption.toStdString() + ' ' + std::to_string(column.width);
-        if (column.centred || column.locked || column.sortable)
+        if (column.centred || column.locked || column.sortable) {
             line += ' ';
+        }
         line += column.centred ? "C" : "";
         line += column.locked ? "L" : "";
         line += column.sortable ? "S" : "";
@@ -120,8 +121,9 @@ TEST(HiddenColumns, IssuesAskForNoRights) {
 
 std::vector<int> Shares(ConsoleMode mode) {
     std::vector<int> shares;
-    for (const ColumnSpec& column : ConsoleColumns(mode))
+    for (const ColumnSpec& column : ConsoleColumns(mode)) {
         shares.push_back(column.stretch);
+    }
     return shares;
 }
 

@@ -132,8 +132,9 @@ TEST(ConsoleLayout, TheListsOfPhotosGiveWayOnANarrowScreen) {
     EXPECT_LT(narrow.filters[kProjectBox].width(), 144);
     EXPECT_EQ(narrow.filters[kStartDate].width(), 104);
     const ConsoleLayout tiny = LayoutConsole(Request(kModeBim, QSize(300, 845)));
-    for (const FilterControl list : {kProjectBox, kMarkBox, kLabelBox, kStatusBox})
+    for (const FilterControl list : {kProjectBox, kMarkBox, kLabelBox, kStatusBox}) {
         EXPECT_EQ(tiny.filters[list].width(), 72) << list;
+    }
 }
 
 TEST(ConsoleLayout, FiltersOfPhotosFollowEachOtherWithTheirGaps) {

@@ -17,8 +17,9 @@ using testing::ElementsAre;
 
 std::vector<std::string> Fields(ConsoleMode mode, int count) {
     std::vector<std::string> fields;
-    for (int column = 0; column < count; ++column)
+    for (int column = 0; column < count; ++column) {
         fields.push_back(SortField(mode, column).toStdString());
+    }
     return fields;
 }
 
@@ -61,9 +62,11 @@ TEST(SortKeys, TheDefaultIsTheTimeOfTheLastChange) {
 TEST(SortKeys, TheseColumnsSort) {
     const auto sortable = [](ConsoleMode mode) {
         std::vector<int> columns;
-        for (int i = 0; i < int(ConsoleColumns(mode).size()); ++i)
-            if (ConsoleColumns(mode)[size_t(i)].sortable)
+        for (int i = 0; i < int(ConsoleColumns(mode).size()); ++i) {
+            if (ConsoleColumns(mode)[size_t(i)].sortable) {
                 columns.push_back(i);
+            }
+        }
         return columns;
     };
     EXPECT_THAT(sortable(kModeBim), ElementsAre(2, 3, 4, 5, 6, 7, 10, 11));

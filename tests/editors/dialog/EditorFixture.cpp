@@ -13,8 +13,9 @@ EditorFixture::EditorFixture() {
 }
 
 EditorFixture::~EditorFixture() {
-    if (editor)
+    if (editor) {
         editor->Destroy();
+    }
     support::RunPendingEvents();
 }
 

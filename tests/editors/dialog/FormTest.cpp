@@ -17,8 +17,9 @@ protected:
     template <class Control> void ExpectWhole() {
         for (const Control* control : Window()->findChildren<Control*>()) {
             const std::string name = control->objectName().toStdString();
-            if (!control->isVisible())
+            if (!control->isVisible()) {
                 continue;
+            }
             EXPECT_GE(control->width(), control->sizeHint().width()) << name;
             EXPECT_GE(control->height(), control->sizeHint().height()) << name;
             const QRect place(control->mapTo(Window(), QPoint(0, 0)), control->size());
@@ -32,8 +33,9 @@ protected:
         ExpectWhole<QPushButton>();
         ExpectWhole<QLineEdit>();
         for (const QComboBox* combo : Window()->findChildren<QComboBox*>()) {
-            if (!combo->isVisible())
+            if (!combo->isVisible()) {
                 continue;
+            }
             EXPECT_GE(combo->height(), combo->sizeHint().height());
             EXPECT_GE(combo->width(), combo->minimumSizeHint().width());
         }
@@ -76,8 +78,9 @@ TEST_F(FormTest, CaptionsAreTheSystems) {
     Open();
     Calls captions;
     for (const char* name : {"picNameCaption", "markCaption", "statusCaption", "floorCaption",
-                             "axisXCaption", "axisYCaption", "newLabelCaption"})
+                             "axisXCaption", "axisYCaption", "newLabelCaption"}) {
         captions.push_back(Find<QLabel>(name).text().toStdString());
+    }
     EXPECT_THAT(captions, ElementsAre("照片名称：", "照片标识：", "状态：", "楼层：", "X轴：",
                                       "Y轴：", "若无合适标签，请添加标签："));
     EXPECT_EQ(AddLabel().text(), u"增加标签"_s);

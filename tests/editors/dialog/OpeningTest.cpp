@@ -128,8 +128,9 @@ TEST_F(OpeningTest, WithoutTheRightToShowAndHideTheStatusIsHiddenAndSentUnchange
 TEST_F(OpeningTest, WithAllRightsEverythingIsThere) {
     Open();
     for (const char* name : {"statusCaption", "statusCombo", "newLabelCaption", "newLabelEdit",
-                             "addLabelButton", "markCombo", "labelTree", "descriptionEdit"})
+                             "addLabelButton", "markCombo", "labelTree", "descriptionEdit"}) {
         EXPECT_TRUE(Find<QWidget>(name).isVisible()) << name;
+    }
 }
 
 TEST_F(OpeningTest, AStatusLeftByTheConsoleSelectsNothingAndSavingAsksForOne) {

@@ -26,8 +26,9 @@ protected:
             Name().text().toStdString() + "|" + Mark().currentText().toStdString() + "|" +
             Status().currentText().toStdString() + "|" + Floor().currentText().toStdString() + "|" +
             AxisY().currentText().toStdString() + "|" + Description().toPlainText().toStdString();
-        for (const std::string& label : Labels())
+        for (const std::string& label : Labels()) {
             text += "|" + label;
+        }
         return text;
     }
     void ChangeEverything() {

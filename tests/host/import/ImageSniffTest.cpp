@@ -10,31 +10,31 @@ using host::ImageKind;
 using importtest::Picture;
 
 TEST(ImageSniff, TellsTheKindByTheFirstBytes) {
-    EXPECT_EQ(host::SniffImage(Picture("jpeg", 1)), ImageKind::kJpeg);
-    EXPECT_EQ(host::SniffImage(Picture("png", 1)), ImageKind::kPng);
-    EXPECT_EQ(host::SniffImage(Picture("bmp", 1)), ImageKind::kBmp);
-    EXPECT_EQ(host::SniffImage(importtest::Gif()), ImageKind::kGif);
+    EXPECT_EQ(host::SniffImage(Picture("jpeg", 1)), ImageKind::Jpeg);
+    EXPECT_EQ(host::SniffImage(Picture("png", 1)), ImageKind::Png);
+    EXPECT_EQ(host::SniffImage(Picture("bmp", 1)), ImageKind::Bmp);
+    EXPECT_EQ(host::SniffImage(importtest::Gif()), ImageKind::Gif);
     EXPECT_EQ(host::SniffImage(QByteArrayView("\0\0\0\x18"
                                               "ftypheic\0\0\0\0",
                                               16)),
-              ImageKind::kHeic);
+              ImageKind::Heic);
 }
 
 TEST(ImageSniff, TextIsNoPicture) {
-    EXPECT_EQ(host::SniffImage("BMW drove up the site road, said the log."), ImageKind::kNone);
-    EXPECT_EQ(host::SniffImage("\xFF\xD8"), ImageKind::kNone);
-    EXPECT_EQ(host::SniffImage(""), ImageKind::kNone);
+    EXPECT_EQ(host::SniffImage("BMW drove up the site road, said the log."), ImageKind::None);
+    EXPECT_EQ(host::SniffImage("\xFF\xD8"), ImageKind::None);
+    EXPECT_EQ(host::SniffImage(""), ImageKind::None);
 }
 
 TEST(ImageSniff, APictureIsWholeOnlyWithItsLastByte) {
     const struct {
         ImageKind kind;
         QByteArray bytes;
-    } pictures[] = {{ImageKind::kJpeg, Picture("jpeg", 2)},
-                    {ImageKind::kJpeg, Picture("jpeg", 2, {64, 48}, true)},
-                    {ImageKind::kPng, Picture("png", 2)},
-                    {ImageKind::kBmp, Picture("bmp", 2)},
-                    {ImageKind::kGif, importtest::Gif()}};
+    } pictures[] = {{ImageKind::Jpeg, Picture("jpeg", 2)},
+                    {ImageKind::Jpeg, Picture("jpeg", 2, {64, 48}, true)},
+                    {ImageKind::Png, Picture("png", 2)},
+                    {ImageKind::Bmp, Picture("bmp", 2)},
+                    {ImageKind::Gif, importtest::Gif()}};
     for (const auto& [kind, bytes] : pictures) {
         EXPECT_TRUE(host::ReachesItsEnd(kind, bytes)) << static_cast<int>(kind);
         for (qsizetype length = 0; length < bytes.size(); ++length) {
@@ -45,27 +45,27 @@ TEST(ImageSniff, APictureIsWholeOnlyWithItsLastByte) {
 }
 
 TEST(ImageSniff, WhatAPhoneAppendsDoesNoHarm) {
-    EXPECT_TRUE(host::ReachesItsEnd(ImageKind::kJpeg, Picture("jpeg", 3) + "MotionPhoto\xFF\xD8"));
+    EXPECT_TRUE(host::ReachesItsEnd(ImageKind::Jpeg, Picture("jpeg", 3) + "MotionPhoto\xFF\xD8"));
 }
 
 TEST(ImageSniff, TheEndOfAThumbnailIsNotTheEndOfThePicture) {
     const QByteArray thumbnail = Picture("jpeg", 4, {16, 16});
     const QByteArray whole =
         importtest::WithSegment(Picture("jpeg", 5), '\xE1', "Exif" + thumbnail);
-    EXPECT_TRUE(host::ReachesItsEnd(ImageKind::kJpeg, whole));
-    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::kJpeg, whole.chopped(40)));
+    EXPECT_TRUE(host::ReachesItsEnd(ImageKind::Jpeg, whole));
+    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::Jpeg, whole.chopped(40)));
 }
 
 TEST(ImageSniff, HostileLengthsEndTheWalk) {
-    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::kJpeg, QByteArray::fromHex("FFD8FFE0FFFF00")));
-    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::kJpeg, QByteArray::fromHex("FFD8FFE00000FFD9")));
+    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::Jpeg, QByteArray::fromHex("FFD8FFE0FFFF00")));
+    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::Jpeg, QByteArray::fromHex("FFD8FFE00000FFD9")));
     EXPECT_FALSE(host::ReachesItsEnd(
-        ImageKind::kPng, QByteArray::fromHex("89504E470D0A1A0AFFFFFFFF4948445200000000")));
+        ImageKind::Png, QByteArray::fromHex("89504E470D0A1A0AFFFFFFFF4948445200000000")));
     EXPECT_FALSE(
-        host::ReachesItsEnd(ImageKind::kGif, QByteArray::fromHex("474946383961040004008700002C")));
+        host::ReachesItsEnd(ImageKind::Gif, QByteArray::fromHex("474946383961040004008700002C")));
     QByteArray bmp = Picture("bmp", 1);
     bmp[25] = '\x7F'; // the height's highest byte
-    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::kBmp, bmp));
+    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::Bmp, bmp));
 }
 
 TEST(ImageSniff, ABitmapWhoseSizeIsPastSixtyFourBitsIsNotWhole) {
@@ -74,7 +74,7 @@ TEST(ImageSniff, ABitmapWhoseSizeIsPastSixtyFourBitsIsNotWhole) {
     bmp.replace(28, 2, QByteArray::fromHex("4000"));     // 64 bits a pixel: a row is 2^33 bytes
     for (const char* height : {"00000040", "00000080", "ffffff7f"}) { // 2^30, -2^31, 2^31 - 1
         bmp.replace(22, 4, QByteArray::fromHex(height));
-        EXPECT_FALSE(host::ReachesItsEnd(ImageKind::kBmp, bmp)) << height;
+        EXPECT_FALSE(host::ReachesItsEnd(ImageKind::Bmp, bmp)) << height;
     }
 }
 

@@ -14,8 +14,9 @@ using namespace Qt::StringLiterals;
 
 QImage Picture(const QString& name) {
     for (const WorkPicture& picture : DrawWorkPictures()) {
-        if (picture.name == name)
+        if (picture.name == name) {
             return picture.image;
+        }
     }
     ADD_FAILURE() << name.toStdString();
     return {};
@@ -24,8 +25,9 @@ QImage Picture(const QString& name) {
 /// One of four frames, side by side or stacked.
 QImage Frame(const QString& name, int index) {
     const QImage all = Picture(name);
-    if (all.width() > all.height())
+    if (all.width() > all.height()) {
         return all.copy(index * all.width() / 4, 0, all.width() / 4, all.height());
+    }
     return all.copy(0, index * all.height() / 4, all.width(), all.height() / 4);
 }
 
@@ -55,8 +57,9 @@ TEST(WorkPictures, StepAndPageButtonsHaveFourFramesTwiceAsLargeAsTheirPlaces) {
 TEST(WorkPictures, EveryStateOfAButtonLooksDifferent) {
     for (const QString& name : {u"left_pic.png"_s, u"up_thumb.png"_s}) {
         for (int one = 0; one < 4; ++one) {
-            for (int other = 0; other < one; ++other)
+            for (int other = 0; other < one; ++other) {
                 EXPECT_NE(Frame(name, one), Frame(name, other)) << name.toStdString();
+            }
         }
     }
 }
@@ -100,9 +103,10 @@ TEST(WorkPictures, WhiteAndRedTextsOfBandsCanBothBeReadOnTheDefaultPicture) {
 
 TEST(WorkPictures, LieBesideThePrograms) {
     const QDir folder(QCoreApplication::applicationDirPath() + u"/work"_s);
-    for (const WorkPicture& picture : DrawWorkPictures())
+    for (const WorkPicture& picture : DrawWorkPictures()) {
         EXPECT_EQ(QImage(folder.filePath(picture.name)).size(), picture.image.size())
             << picture.name.toStdString();
+    }
 }
 
 TEST(WorkPictures, AFolderThatCannotBeMadeIsTold) {

@@ -65,7 +65,7 @@ TEST(Download, BringsTheFileIntoTheCache) {
 
 TEST(Download, AFailureHasATextAndAMessageForThePerson) {
     FilesSite site;
-    site.session.SetTransfers({0, site::TransferFault::kAtStart});
+    site.session.SetTransfers({0, site::TransferFault::AtStart});
     const KX_DATA::TransferResult result = site.Download();
     EXPECT_EQ(result.success, 0);
     EXPECT_FALSE(result.message.isEmpty());
@@ -95,7 +95,7 @@ TEST(BackgroundDownload, EndsFinishedWithTheFileInTheCache) {
 
 TEST(BackgroundDownload, AFailureKeepsItsTextUntilItIsRead) {
     FilesSite site;
-    site.session.SetTransfers({0, site::TransferFault::kAtStart});
+    site.session.SetTransfers({0, site::TransferFault::AtStart});
     KX_DATA::FileDownloadRecord record;
     record.uuid = site.uuid;
     record.localPath = site.local;
@@ -126,8 +126,7 @@ TEST(BackgroundDownload, ManyAtOnceAllArrive) {
 
 TEST(BackgroundDownload, ClosingTheFolderEndsWhatRuns) {
     for (const site::TransferRules& rules :
-         {site::TransferRules{1'000'000},
-          site::TransferRules{0, site::TransferFault::kNeverEnds}}) {
+         {site::TransferRules{1'000'000}, site::TransferRules{0, site::TransferFault::NeverEnds}}) {
         FilesSite site;
         KX_DATA::FileDownloadRecord record;
         record.uuid = site.uuid;
@@ -165,11 +164,13 @@ TEST(BackgroundDownload, ASessionMayEndWhileOtherThreadsStartTasks) {
         record.localPath = site->local;
         std::atomic<int> begun{0};
         const std::jthread other([&] {
-            for (int i = 0; i < 20; ++i, ++begun)
+            for (int i = 0; i < 20; ++i, ++begun) {
                 GetMQFFileDownLPtr()->StartDownload(u"%1-%2"_s.arg(round).arg(i), record, 2);
+            }
         });
-        while (begun < round)
+        while (begun < round) {
             QThread::yieldCurrentThread();
+        }
         site->writer.reset();
         site.reset();
     }
@@ -208,7 +209,7 @@ TEST(Download, OneThatNeverEndsIsLeftByACancelAndLeavesNothing) {
     } impatient;
     FilesSite site;
     site.session.transferWait = &impatient;
-    site.session.SetTransfers({0, site::TransferFault::kNeverEnds});
+    site.session.SetTransfers({0, site::TransferFault::NeverEnds});
     const KX_DATA::TransferResult result = site.Download();
     EXPECT_EQ(result.success, 0);
     EXPECT_TRUE(result.message.contains(u"已取消"_s)) << result.message.toStdString();

@@ -40,7 +40,7 @@ public:
 private:
     void Add(const QString& floor, const QString& place, qint32 mark, qint32 status, qint64 time) {
         AddIssue([&](site::NewIssue& issue) {
-            issue.questionId = u"q%1"_s.arg(++count);
+            issue.questionId = u"q%1"_s.arg(++m_count);
             issue.floor = floor;
             issue.posInfo = place;
             issue.componentName = u"柱"_s;
@@ -49,7 +49,7 @@ private:
             issue.createTime = time;
         });
     }
-    int count = 0;
+    int m_count = 0;
 };
 
 using Pairs = std::vector<std::pair<qint32, qint32>>;

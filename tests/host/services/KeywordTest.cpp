@@ -23,7 +23,8 @@ public:
         filter.keyword = keyword;
         std::vector<int> places;
         for (const qint32 id : PhotoIds(filter)) {
-            places.push_back(static_cast<int>(std::find(ids.begin(), ids.end(), id) - ids.begin()));
+            places.push_back(
+                static_cast<int>(std::find(m_ids.begin(), m_ids.end(), id) - m_ids.begin()));
         }
         return places;
     }
@@ -31,7 +32,7 @@ public:
 private:
     void Add(const QString& name, const QString& description, const QString& uploader,
              const QString& updater) {
-        ids.push_back(AddPhoto([&](site::NewBimPhoto& photo) {
+        m_ids.push_back(AddPhoto([&](site::NewBimPhoto& photo) {
             photo.fileName = name;
             photo.description = description;
             photo.uploader = uploader;
@@ -40,7 +41,7 @@ private:
         }));
     }
 
-    std::vector<qint32> ids;
+    std::vector<qint32> m_ids;
 };
 
 struct Expectation {

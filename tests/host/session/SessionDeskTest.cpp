@@ -43,12 +43,12 @@ TEST(SessionDesk, DoesWorkOnlyWhileAFolderIsOpen) {
 
 TEST(SessionDesk, MessagesFromBeforeThereIsAWindowComeWithIt) {
     SessionDesk desk;
-    desk.Report(MessageLevel::kWarning, u"移到一边"_s);
+    desk.Report(MessageLevel::Warning, u"移到一边"_s);
     QStringList seen;
     const auto sink = [&](MessageLevel, const QString& text) { seen << text; };
     desk.SetMessageSink(sink);
     EXPECT_EQ(seen, QStringList{u"移到一边"_s});
-    desk.Report(MessageLevel::kInfo, u"第二条"_s);
+    desk.Report(MessageLevel::Info, u"第二条"_s);
     desk.SetMessageSink({});
     desk.SetMessageSink(sink);
     EXPECT_EQ(seen, (QStringList{u"移到一边"_s, u"第二条"_s})) << "each once";
@@ -62,8 +62,9 @@ TEST(SessionDesk, ClosingEndsWhatRunsAndWaitsForIt) {
         StayUntilStopped(place);
         ++ended;
     };
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         EXPECT_TRUE(desk.Start(stay));
+    }
     std::atomic<bool> running{false};
     const std::jthread caller([&] {
         desk.Run([&](const site::TransferPlace& place) {
@@ -71,8 +72,9 @@ TEST(SessionDesk, ClosingEndsWhatRunsAndWaitsForIt) {
             stay(place);
         });
     });
-    while (!running)
+    while (!running) {
         std::this_thread::yield();
+    }
     desk.Close();
     EXPECT_EQ(ended, 6);
 }
@@ -91,12 +93,13 @@ TEST(SessionDesk, ASinkThatWasTakenAwayIsNotCalledAnyMore) {
     std::vector<QString> told;
     desk.SetMessageSink([&](MessageLevel, const QString& text) { told.push_back(text); });
     const std::jthread reporter([&] {
-        for (int i = 0; i < 1000; ++i)
-            desk.Report(MessageLevel::kInfo, u"x"_s);
+        for (int i = 0; i < 1000; ++i) {
+            desk.Report(MessageLevel::Info, u"x"_s);
+        }
     });
     desk.SetMessageSink([](MessageLevel, const QString&) {});
     const size_t then = told.size();
-    desk.Report(MessageLevel::kError, u"y"_s);
+    desk.Report(MessageLevel::Error, u"y"_s);
     EXPECT_EQ(told.size(), then);
 }
 
@@ -108,9 +111,10 @@ TEST(SessionDesk, ManyThreadsMayStartWhileItCloses) {
         std::atomic<int> ended{0};
         {
             std::vector<std::jthread> threads;
-            for (int i = 0; i < 4; ++i)
+            for (int i = 0; i < 4; ++i) {
                 threads.emplace_back(
                     [&] { started += desk.Start([&](const site::TransferPlace&) { ++ended; }); });
+            }
             desk.Close();
         }
         desk.Close();

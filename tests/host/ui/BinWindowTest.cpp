@@ -113,8 +113,9 @@ TEST_F(BinOfAFolder, RestoresTheChosenRowAndLogsIt) {
     EXPECT_EQ(restored, 1);
     EXPECT_EQ(actions, QStringList{u"从回收站恢复 1 项"_s});
     ASSERT_EQ(ModelOf(window)->rowCount(), 2);
-    for (int row = 0; row < 2; ++row)
+    for (int row = 0; row < 2; ++row) {
         EXPECT_NE(Text(window, row, BinModel::kName), name);
+    }
     EXPECT_FALSE(button->isEnabled());
 }
 

@@ -9,10 +9,10 @@ using namespace Qt::StringLiterals;
 
 TEST(CommandLine, WithoutWordsTheClientOpensOnTheUsersFolderWithTheFullSample) {
     const CommandLine line = ParseCommandLine({});
-    EXPECT_EQ(line.road, Road::kClient);
+    EXPECT_EQ(line.road, Road::Client);
     EXPECT_TRUE(line.dataFolder.isEmpty());
     EXPECT_TRUE(line.userName.isEmpty());
-    EXPECT_EQ(line.sample, sample::SampleSize::kFull);
+    EXPECT_EQ(line.sample, sample::SampleSize::Full);
     EXPECT_TRUE(line.error.isEmpty());
 }
 
@@ -21,13 +21,13 @@ TEST(CommandLine, OptionsTakeTheNextWordOrWhatFollowsTheEqualsSign) {
         ParseCommandLine({u"--data"_s, u"/tmp/a b"_s, u"--user=张伟"_s, u"--sample"_s, u"small"_s});
     EXPECT_EQ(line.dataFolder, u"/tmp/a b"_s);
     EXPECT_EQ(line.userName, u"张伟"_s);
-    EXPECT_EQ(line.sample, sample::SampleSize::kSmall);
+    EXPECT_EQ(line.sample, sample::SampleSize::Small);
     EXPECT_TRUE(line.error.isEmpty());
 }
 
 TEST(CommandLine, ATourNamesItsFolderAndMayScaleTheScreen) {
     const CommandLine line = ParseCommandLine({u"--tour"_s, u"out"_s, u"--tour-scale"_s, u"2"_s});
-    EXPECT_EQ(line.road, Road::kTour);
+    EXPECT_EQ(line.road, Road::Tour);
     EXPECT_EQ(line.tourFolder, u"out"_s);
     EXPECT_EQ(line.tourScale, 2);
 }
@@ -36,16 +36,16 @@ TEST(CommandLine, TransfersMayBeSlowOrFailForDemonstrations) {
     EXPECT_EQ(ParseCommandLine({}).transfers.blockDelayMs, 0);
     EXPECT_GT(ParseCommandLine({u"--transfers=slow"_s}).transfers.blockDelayMs, 0);
     EXPECT_EQ(ParseCommandLine({u"--transfers"_s, u"fail"_s}).transfers.fault,
-              site::TransferFault::kInTheMiddle);
+              site::TransferFault::InTheMiddle);
     EXPECT_EQ(ParseCommandLine({u"--transfers"_s, u"hang"_s}).transfers.fault,
-              site::TransferFault::kNeverEnds);
+              site::TransferFault::NeverEnds);
     EXPECT_TRUE(ParseCommandLine({u"--transfers"_s, u"lost"_s}).error.contains(u"lost"_s));
 }
 
 TEST(CommandLine, ImportKeepsItsOwnWordsInOrderAndGivesTheDataFolderToTheClient) {
     const CommandLine line = ParseCommandLine({u"import"_s, u"照片"_s, u"--project"_s, u"一期"_s,
                                                u"--data"_s, u"d"_s, u"--user"_s, u"李"_s});
-    EXPECT_EQ(line.road, Road::kImport);
+    EXPECT_EQ(line.road, Road::Import);
     EXPECT_EQ(line.dataFolder, u"d"_s);
     EXPECT_EQ(line.importWords,
               QStringList({u"照片"_s, u"--project"_s, u"一期"_s, u"--user"_s, u"李"_s}));
@@ -53,14 +53,14 @@ TEST(CommandLine, ImportKeepsItsOwnWordsInOrderAndGivesTheDataFolderToTheClient)
 }
 
 TEST(CommandLine, HelpWinsOverWhatFollowsIt) {
-    EXPECT_EQ(ParseCommandLine({u"--help"_s, u"--nonsense"_s}).road, Road::kHelp);
-    EXPECT_EQ(ParseCommandLine({u"-h"_s}).road, Road::kHelp);
+    EXPECT_EQ(ParseCommandLine({u"--help"_s, u"--nonsense"_s}).road, Road::Help);
+    EXPECT_EQ(ParseCommandLine({u"-h"_s}).road, Road::Help);
     EXPECT_TRUE(HelpText().contains(u"--tour"_s));
 }
 
 TEST(CommandLine, TheImportHasHelpTooAndOpensNoFolderForIt) {
-    EXPECT_EQ(ParseCommandLine({u"import"_s, u"--help"_s}).road, Road::kHelp);
-    EXPECT_EQ(ParseCommandLine({u"import"_s, u"照片"_s, u"-h"_s}).road, Road::kHelp);
+    EXPECT_EQ(ParseCommandLine({u"import"_s, u"--help"_s}).road, Road::Help);
+    EXPECT_EQ(ParseCommandLine({u"import"_s, u"照片"_s, u"-h"_s}).road, Road::Help);
 }
 
 TEST(CommandLine, AnUnknownWordIsNamedInTheError) {
@@ -77,8 +77,9 @@ TEST(CommandLine, AnOptionWithoutItsValueIsAnError) {
 
 TEST(CommandLine, SizesAndScalesThatDontExistAreErrors) {
     EXPECT_TRUE(ParseCommandLine({u"--sample"_s, u"huge"_s}).error.contains(u"huge"_s));
-    for (const QString& scale : {u"0"_s, u"5"_s, u"two"_s})
+    for (const QString& scale : {u"0"_s, u"5"_s, u"two"_s}) {
         EXPECT_TRUE(ParseCommandLine({u"--tour-scale"_s, scale}).error.contains(scale));
+    }
 }
 
 } // namespace

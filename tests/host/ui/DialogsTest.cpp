@@ -78,8 +78,9 @@ protected:
     static void Choose(const ImportDialog& dialog, const QString& name, int index) {
         QComboBox* combo = Combo(dialog, name);
         combo->setFocus();
-        while (combo->currentIndex() < index)
+        while (combo->currentIndex() < index) {
             QTest::keyClick(combo, Qt::Key_Down);
+        }
     }
     [[nodiscard]] static bool CanStart(const ImportDialog& dialog) {
         return dialog.findChild<QPushButton*>(u"importStart"_s)->isEnabled();

@@ -21,8 +21,9 @@ MarkFlag FlagOfMark(qint32 markId) {
 /// As many flags at a place, marks from 1 on.
 std::vector<PlacedFlag> Flags(int count, int place) {
     std::vector<PlacedFlag> flags;
-    for (int mark = 1; mark <= count; ++mark)
+    for (int mark = 1; mark <= count; ++mark) {
         flags.push_back({FlagOfMark(mark), place});
+    }
     return flags;
 }
 
@@ -32,9 +33,10 @@ FloorPlanLayout Plan(int onShelf = 0, QSizeF pane = kPane) {
 
 void ExpectNoOverlap(const FlagLayout& layout) {
     for (std::size_t one = 0; one < layout.boxes.size(); ++one) {
-        for (std::size_t other = one + 1; other < layout.boxes.size(); ++other)
+        for (std::size_t other = one + 1; other < layout.boxes.size(); ++other) {
             EXPECT_FALSE(layout.boxes[one].rect.intersects(layout.boxes[other].rect))
                 << one << " and " << other;
+        }
     }
 }
 
@@ -92,8 +94,9 @@ TEST(FlagLayout, TheFlagThatIsLookedUpIsNotFolded) {
 TEST(FlagLayout, OnADenseGridNothingOverlapsEither) {
     PlanFloorBuilder builder(u"1"_s);
     for (int x = 1; x <= 12; ++x) {
-        for (int y = 1; y <= 8; ++y)
+        for (int y = 1; y <= 8; ++y) {
             builder.Add(QString::number(x), QString::number(y), u"%1/%2"_s.arg(x).arg(y), {1, 0});
+        }
     }
     const PlanFloor floor = builder.Finish();
     std::vector<PlacedFlag> flags;
@@ -106,8 +109,9 @@ TEST(FlagLayout, OnADenseGridNothingOverlapsEither) {
     EXPECT_EQ(layout.boxes.size(), 96U * 3);
     ExpectNoOverlap(layout);
     for (const FlagBox& box : layout.boxes) {
-        for (int place = 0; place < 96; ++place)
+        for (int place = 0; place < 96; ++place) {
             EXPECT_FALSE(box.rect.intersects(PlaceRect(plan, place)));
+        }
         EXPECT_LE(box.rect.right(), plan.size.width());
     }
 }
@@ -120,8 +124,9 @@ TEST(FlagLayout, TheShelfHoldsItsFlagsInLinesAndFoldsWhatIsTooMuch) {
     EXPECT_FALSE(layout.boxes.back().rest.empty());
     EXPECT_TRUE(layout.poles.empty());
     ExpectNoOverlap(layout);
-    for (const FlagBox& box : layout.boxes)
+    for (const FlagBox& box : layout.boxes) {
         EXPECT_TRUE(plan.shelf.adjusted(0, 0, 1, 1).contains(box.rect));
+    }
 }
 
 TEST(FlagLayout, WithoutFlagsThereIsNothing) {
@@ -136,7 +141,7 @@ TEST(FlagTip, NamesMarkPlaceAndCountAndTheThemesOfIssues) {
     std::vector<PlacedFlag> flags = Flags(2, 3);
     flags[0].flag.name = u"质量"_s;
     flags[0].flag.count = 12;
-    flags[1].flag.kind = MarkKind::kIssues;
+    flags[1].flag.kind = MarkKind::Issues;
     flags[1].flag.issues = {{u"q1"_s, u"裂缝"_s}};
     EXPECT_EQ(FlagTip(floor, flags, {{}, 3, 0, {}}), u"照片标识 质量，2轴 / B轴，照片 12 张"_s);
     EXPECT_EQ(
@@ -156,9 +161,10 @@ TEST(FlagTip, NamesAreNeverTakenForPlaceholders) {
 
 TEST(FlagTip, OfVeryManyIssuesSaysTheFirstOnes) {
     std::vector<PlacedFlag> flags = Flags(1, kShelf);
-    flags[0].flag.kind = MarkKind::kIssues;
-    for (int at = 0; at < 50; ++at)
+    flags[0].flag.kind = MarkKind::Issues;
+    for (int at = 0; at < 50; ++at) {
         flags[0].flag.issues.push_back({QString::number(at), u"裂缝"_s});
+    }
     const QString tip = FlagTip(PlanFloor(), flags, {{}, kShelf, 0, {}});
     EXPECT_EQ(tip.count(u'\n'), 11);
     EXPECT_TRUE(tip.endsWith(u"……"_s));

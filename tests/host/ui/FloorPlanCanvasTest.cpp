@@ -130,8 +130,9 @@ TEST_F(FloorPlan, ANewModelKeepsFloorAndChoiceWhereTheyStillAre) {
 TEST_F(FloorPlan, AnEmptyPlanTakesClicksAndKeysWithoutHarm) {
     pane.SetModel({});
     QTest::mouseClick(&canvas, Qt::LeftButton);
-    for (const int key : {Qt::Key_Left, Qt::Key_Space, Qt::Key_Return, Qt::Key_PageDown})
+    for (const int key : {Qt::Key_Left, Qt::Key_Space, Qt::Key_Return, Qt::Key_PageDown}) {
         QTest::keyClick(&canvas, Qt::Key(key));
+    }
     EXPECT_TRUE(wanted.isEmpty());
 }
 
@@ -161,8 +162,9 @@ TEST_F(FloorPlan, TheViewPicksNothingYetAndKeepsItsTool) {
 TEST_F(FloorPlan, AGridLargerThanThePaneScrollsAndTheChoiceComesIntoSight) {
     PlanFloorBuilder builder(u"1"_s);
     for (int x = 1; x <= 30; ++x) {
-        for (int y = 1; y <= 20; ++y)
+        for (int y = 1; y <= 20; ++y) {
             builder.Add(QString::number(x), QString::number(y), u"%1/%2"_s.arg(x).arg(y), {1, 0});
+        }
     }
     FloorPlanModel model;
     model.projectName = u"大"_s;
@@ -174,8 +176,9 @@ TEST_F(FloorPlan, AGridLargerThanThePaneScrollsAndTheChoiceComesIntoSight) {
     EXPECT_LT(canvas.pos().x(), 0);
     EXPECT_TRUE(canvas.visibleRegion().contains(canvas.CentreOf(canvas.State().chosen)));
     QTest::keyClick(&canvas, Qt::Key_Left);
-    for (int step = 0; step < 30; ++step)
+    for (int step = 0; step < 30; ++step) {
         QTest::keyClick(&canvas, Qt::Key_Left);
+    }
     EXPECT_TRUE(canvas.visibleRegion().contains(canvas.CentreOf(canvas.State().chosen)));
     pane.SetModel(hosttest::SmallPlan());
     EXPECT_EQ(canvas.size(), canvas.parentWidget()->size());

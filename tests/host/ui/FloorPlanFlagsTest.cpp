@@ -53,12 +53,14 @@ protected:
     [[nodiscard]] QPoint BoxPoint(const QString& key, qint32 markId) const {
         for (const FlagBox& box : canvas.FlagsLayout().boxes) {
             const bool isRest = box.flag < 0;
-            if (isRest != (markId == 0))
+            if (isRest != (markId == 0)) {
                 continue;
+            }
             const int index = isRest ? box.rest.front() : box.flag;
             const MarkFlag& flag = canvas.Flags()[size_t(index)].flag;
-            if (flag.positionKey == key && (isRest || flag.markId == markId))
+            if (flag.positionKey == key && (isRest || flag.markId == markId)) {
                 return box.rect.center().toPoint();
+            }
         }
         ADD_FAILURE() << "no such box";
         return {};
@@ -194,11 +196,11 @@ TEST_F(FlagsOnThePlan, WhatIsNotShownIsNotLocatedAndMovesNothing) {
     EXPECT_FALSE(view.LocatePicture(u"1:2/B"_s, 3));
     EXPECT_FALSE(view.LocatePicture(u"-1:1/A"_s, 1));
     EXPECT_FALSE(view.LocatePicture(u"elsewhere"_s, 1));
-    view.ShowMarks(MarkKind::kPhotos, false);
+    view.ShowMarks(MarkKind::Photos, false);
     EXPECT_FALSE(view.LocatePicture(u"1:2/B"_s, 2));
     EXPECT_EQ(pane.CurrentFloor(), u"-1"_s);
     EXPECT_FALSE(canvas.Blink().Flag());
-    view.ShowMarks(MarkKind::kPhotos, true);
+    view.ShowMarks(MarkKind::Photos, true);
     EXPECT_TRUE(view.LocatePicture(u"1:2/B"_s, 2));
 }
 
@@ -236,8 +238,9 @@ TEST_F(FlagsOnThePlan, WhatHangsOnNoFloorHasAPlaceOfItsOwn) {
 TEST_F(FlagsOnThePlan, OnALargeFloorTheFlagIsScrolledIntoSight) {
     PlanFloorBuilder builder(u"1"_s);
     for (int x = 1; x <= 30; ++x) {
-        for (int y = 1; y <= 20; ++y)
+        for (int y = 1; y <= 20; ++y) {
             builder.Add(QString::number(x), QString::number(y), u"%1/%2"_s.arg(x).arg(y), {1, 0});
+        }
     }
     pane.SetModel({u"大"_s, {PlanFloorBuilder(u"-1"_s).Finish(), builder.Finish()}});
     view.SetVeskPicMarkers({PhotoGroup("1", {PhotoItem("30/1", "30/1", {{1, 1}})})});
@@ -264,8 +267,8 @@ TEST_F(FlagsOnThePlan, IssuesAreLocatedOnlyWhileTheyAreShownAndBlinkToo) {
     view.SetTNIssueMarkers({IssueGroup(u"1"_s, u"q1"_s, u"3-B轴"_s, 1)});
     EXPECT_TRUE(view.LocateIssue(u"q1"_s));
     EXPECT_EQ(canvas.Chosen()->positionKey, u"1:3/B"_s);
-    EXPECT_EQ(canvas.Blink().Flag()->kind, MarkKind::kIssues);
-    view.ShowMarks(MarkKind::kIssues, false);
+    EXPECT_EQ(canvas.Blink().Flag()->kind, MarkKind::Issues);
+    view.ShowMarks(MarkKind::Issues, false);
     EXPECT_FALSE(view.LocateIssue(u"q1"_s));
     EXPECT_TRUE(view.LocatePicture(u"1:2/B"_s, 2));
 }

@@ -10,8 +10,9 @@ using namespace Qt::StringLiterals;
 PlanFloor Grid(int countX, int countY) {
     PlanFloorBuilder builder(u"1"_s);
     for (int x = 1; x <= countX; ++x) {
-        for (int y = 1; y <= countY; ++y)
+        for (int y = 1; y <= countY; ++y) {
             builder.Add(QString::number(x), QString::number(y), u"%1/%2"_s.arg(x).arg(y), {0, 0});
+        }
     }
     return builder.Finish();
 }
@@ -38,10 +39,12 @@ TEST(FloorPlanLayout, EverythingLiesInThePane) {
         EXPECT_EQ(layout.size, pane);
         const QRectF all(QPointF(), pane);
         EXPECT_TRUE(all.contains(layout.building));
-        for (const QRectF& bubble : layout.bubblesX)
+        for (const QRectF& bubble : layout.bubblesX) {
             EXPECT_TRUE(all.contains(bubble));
-        for (const QRectF& bubble : layout.bubblesY)
+        }
+        for (const QRectF& bubble : layout.bubblesY) {
             EXPECT_TRUE(all.contains(bubble));
+        }
         EXPECT_GE(layout.lineTop, 0);
         EXPECT_LE(layout.lineRight, pane.width());
     }
@@ -112,8 +115,9 @@ TEST(FloorPlanLayout, TheShelfLiesBelowTheGridAndAloneWhereThereIsNone) {
     EXPECT_EQ(alone.shelfColumns, 2);
     EXPECT_EQ(alone.shelfRows, 15);
     EXPECT_GT(alone.size.height(), 300);
-    for (int cell = 1; cell < 30; ++cell)
+    for (int cell = 1; cell < 30; ++cell) {
         EXPECT_FALSE(ShelfCell(alone, cell).intersects(ShelfCell(alone, cell - 1)));
+    }
 }
 
 TEST(PinBubbles, KeepsThemInSightOnALargePlanAndMovesNoneOfASmallOne) {
@@ -131,8 +135,9 @@ TEST(PinBubbles, KeepsThemInSightOnALargePlanAndMovesNoneOfASmallOne) {
 
 TEST(PlaceAt, TellsNeighboursApartOnADenseGrid) {
     const FloorPlanLayout layout = LayoutFloorPlan(Grid(20, 15), QSizeF(700, 500));
-    for (int place = 0; place < int(layout.places.size()); ++place)
+    for (int place = 0; place < int(layout.places.size()); ++place) {
         EXPECT_EQ(PlaceAt(layout, layout.places[place]), place);
+    }
     EXPECT_EQ(PlaceAt(layout, QPointF(1, 1)), -1);
 }
 

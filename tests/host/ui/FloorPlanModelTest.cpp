@@ -18,8 +18,9 @@ PlanFloor TwoByTwo() {
 
 TEST(PlanFloorBuilder, SortsNumbersAsNumbersAndLettersBehindThem) {
     PlanFloorBuilder builder(u"1"_s);
-    for (const QString& axis : {u"AA"_s, u"10"_s, u"B"_s, u"2"_s, u"1"_s, u"A"_s})
+    for (const QString& axis : {u"AA"_s, u"10"_s, u"B"_s, u"2"_s, u"1"_s, u"A"_s}) {
         builder.Add(axis, u"A"_s, axis, {0, 0});
+    }
     const PlanFloor floor = builder.Finish();
     EXPECT_EQ(floor.axesX,
               (std::vector<QString>{u"1"_s, u"2"_s, u"10"_s, u"A"_s, u"B"_s, u"AA"_s}));
@@ -74,8 +75,9 @@ TEST(FindIntersection, ReadsAPlaceThatWasWrittenDown) {
     EXPECT_EQ(FindIntersection(floor, u"2-B轴"_s), 1);
     EXPECT_EQ(FindIntersection(floor, u"10/A"_s), 2);
     EXPECT_EQ(FindIntersection(floor, u"10轴 / B轴"_s), 3);
-    for (const QString& text : {u""_s, u"2"_s, u"-B"_s, u"2-"_s, u"3/A"_s, u"1/9/A"_s})
+    for (const QString& text : {u""_s, u"2"_s, u"-B"_s, u"2-"_s, u"3/A"_s, u"1/9/A"_s}) {
         EXPECT_EQ(FindIntersection(floor, text), -1) << qPrintable(text);
+    }
 }
 
 TEST(NeighbourOf, StepsAlongTheAxesAndStopsAtTheEdge) {

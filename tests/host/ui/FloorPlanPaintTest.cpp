@@ -47,8 +47,9 @@ protected:
 
 TEST_F(FloorPlanPaint, CoversTheWholePane) {
     const QImage image = Paint();
-    for (const QPoint corner : {QPoint(0, 0), QPoint(699, 0), QPoint(0, 499), QPoint(699, 499)})
+    for (const QPoint corner : {QPoint(0, 0), QPoint(699, 0), QPoint(0, 499), QPoint(699, 499)}) {
         EXPECT_EQ(image.pixelColor(corner), toolkit::Colors::Pane());
+    }
 }
 
 TEST_F(FloorPlanPaint, ThePlaceWithPhotosIsAFullCircleAndTheOthersAreColumns) {
@@ -90,8 +91,9 @@ TEST_F(FloorPlanPaint, AProjectWithoutFloorsSaysSoInTheMiddle) {
     const QImage image = Paint();
     int written = 0;
     for (int x = 200; x < 500; ++x) {
-        for (int y = 220; y < 280; ++y)
+        for (int y = 220; y < 280; ++y) {
             written += image.pixelColor(x, y) != toolkit::Colors::Pane() ? 1 : 0;
+        }
     }
     EXPECT_GT(written, 200);
 }
@@ -109,8 +111,9 @@ MarkFlag RedFlag() {
 int PixelsOf(const QImage& image, const QRectF& rect, const QColor& color) {
     int count = 0;
     for (int x = int(rect.left()); x < int(rect.right()); ++x) {
-        for (int y = int(rect.top()); y < int(rect.bottom()); ++y)
+        for (int y = int(rect.top()); y < int(rect.bottom()); ++y) {
             count += image.pixelColor(x, y) == color ? 1 : 0;
+        }
     }
     return count;
 }
@@ -132,7 +135,7 @@ TEST_F(FloorPlanPaint, AFlagHasItsMarksColourAndItsTextBlackOrWhiteByLuminance) 
 
 TEST_F(FloorPlanPaint, AnIssuesFlagBearsABadgeAndAPhotosDoesNot) {
     flags = {{RedFlag(), 0}, {RedFlag(), 1}};
-    flags[1].flag.kind = MarkKind::kIssues;
+    flags[1].flag.kind = MarkKind::Issues;
     const QImage image = Paint();
     const auto whiteAtLeft = [&](int box) {
         const QRectF rect = flagLayout.boxes[box].rect;

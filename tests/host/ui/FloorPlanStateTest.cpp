@@ -28,8 +28,9 @@ TEST(FloorPlanState, AnotherFloorForgetsTheChoice) {
 
 TEST(FloorPlanState, TheSameFloorOrNoFloorChangesNothing) {
     const FloorPlanState chosen = Click(FloorPlanState(), 1);
-    for (const int floor : {0, -1, 2})
+    for (const int floor : {0, -1, 2}) {
         EXPECT_EQ(ShowFloor(chosen, TwoFloors(), floor), chosen);
+    }
 }
 
 TEST(FloorPlanState, AClickChoosesAndOpensTheCardAndOneBesideOnlyClosesIt) {

@@ -22,8 +22,9 @@ constexpr int kFiles = 5000;
 
 std::vector<ImportResultRow> ManyRows() {
     std::vector<ImportResultRow> rows;
-    for (int number = 0; number < kFiles; ++number)
+    for (int number = 0; number < kFiles; ++number) {
         rows.push_back({u"/现场/照片 %1.txt"_s.arg(number), u"跳过"_s, u"内容不是图片"_s});
+    }
     return rows;
 }
 

@@ -23,8 +23,9 @@ TEST(LocateText, IsReadFromItsRightEnd) {
 }
 
 TEST(LocateText, WithoutTwoNumbersAtItsEndNamesNothing) {
-    for (const QString& text : {u""_s, u"17"_s, u"3-17"_s, u"2-a-17"_s, u"2-3-"_s, u"2--17"_s})
+    for (const QString& text : {u""_s, u"17"_s, u"3-17"_s, u"2-a-17"_s, u"2-3-"_s, u"2--17"_s}) {
         EXPECT_FALSE(ParseLocateText(text)) << qPrintable(text);
+    }
 }
 
 TEST(FloorCaption, NamesNumbersAsFloorsAndLeavesOtherNamesAlone) {

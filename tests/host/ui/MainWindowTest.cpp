@@ -26,8 +26,9 @@ using ZelvorNRQ_KXVeskPicture::WM_VESK_PIC_LOCATE;
 TEST(Commands, HaveEachAKeyOfTheirOwnThatTheTipNames) {
     std::set<QString> keys;
     for (const CommandRow& row : CommandTable()) {
-        if (row.key.isEmpty())
+        if (row.key.isEmpty()) {
             continue;
+        }
         const QString key = row.key.toString(QKeySequence::NativeText);
         EXPECT_TRUE(keys.insert(key).second) << qPrintable(key);
         EXPECT_TRUE(TipWithKey(row).endsWith(u"（%1）"_s.arg(key)));
@@ -100,9 +101,9 @@ TEST_F(ClientWindow, AWindowThatComesUpWhileAnotherClosesIsClosedToo) {
 TEST_F(ClientWindow, KeysGiveTheirCommandsUnlessTheseAreDisabled) {
     QTest::keyClick(&window, Qt::Key_1, Qt::ControlModifier);
     QTest::keyClick(&window, Qt::Key_B, Qt::ControlModifier);
-    window.SetEnabled(Command::kIssueConsole, false);
+    window.SetEnabled(Command::IssueConsole, false);
     QTest::keyClick(&window, Qt::Key_3, Qt::ControlModifier);
-    EXPECT_EQ(commands, (std::vector<Command>{Command::kBimConsole, Command::kBin}));
+    EXPECT_EQ(commands, (std::vector<Command>{Command::BimConsole, Command::Bin}));
 }
 
 TEST_F(ClientWindow, TellsALookupOfAPhotoFromOneOfADrawingByTheFirstParameter) {

@@ -56,10 +56,12 @@ protected:
     [[nodiscard]] QModelIndex Row(int floor, int mark = -1, int entry = -1) const {
         const MarkTreeModel& model = page.Model();
         QModelIndex index = model.index(floor, 0);
-        if (mark >= 0)
+        if (mark >= 0) {
             index = model.index(mark, 0, index);
-        if (entry >= 0)
+        }
+        if (entry >= 0) {
             index = model.index(entry, 0, index);
+        }
         return index;
     }
     void ClickBox(const QModelIndex& index) {
@@ -85,7 +87,7 @@ protected:
     }
     [[nodiscard]] QString CountText() const { return Find<QLabel>(u"countLabel"_s)->text(); }
 
-    MarkPage page{MarkKind::kPhotos, nullptr};
+    MarkPage page{MarkKind::Photos, nullptr};
     int ticked = 0;
     int dayChanges = 0;
     std::vector<bool> shown;
@@ -160,8 +162,9 @@ TEST_F(PageOfMarks, UnderAFilterOnlyWhatIsListedIsTicked) {
 
 TEST_F(PageOfMarks, AReloadKeepsTicksExpandedRowsTheCurrentRowAndTheScrollPosition) {
     std::vector<KX_DATA::PicFilterEntry> entries;
-    for (int floor = 1; floor <= 60; ++floor)
+    for (int floor = 1; floor <= 60; ++floor) {
         entries.push_back({QString::number(floor), 2, {{1, 1}, {2, 1}}, 1});
+    }
     page.SetTree(MakeMarkTree(entries, {}));
     ClickBox(Row(40));
     View()->expand(Row(40));
@@ -285,16 +288,16 @@ TEST_F(PageOfMarks, AnEmptyListSaysWhy) {
 TEST(MarkPanelDock, HasAPageForEachKindAndTellsWhichComesIntoSight) {
     MarkPanelDock dock(nullptr);
     dock.show();
-    EXPECT_TRUE(dock.IsPageInSight(MarkKind::kPhotos));
-    EXPECT_FALSE(dock.IsPageInSight(MarkKind::kIssues));
+    EXPECT_TRUE(dock.IsPageInSight(MarkKind::Photos));
+    EXPECT_FALSE(dock.IsPageInSight(MarkKind::Issues));
     std::vector<MarkKind> seen;
     QObject::connect(&dock, &MarkPanelDock::PageShown,
                      [&](MarkKind kind) { seen.push_back(kind); });
     auto* tabs = dock.findChild<QTabWidget*>(u"markTabs"_s);
     QTest::keyClick(tabs, Qt::Key_Tab, Qt::ControlModifier);
-    EXPECT_TRUE(dock.IsPageInSight(MarkKind::kIssues));
+    EXPECT_TRUE(dock.IsPageInSight(MarkKind::Issues));
     ASSERT_FALSE(seen.empty());
-    EXPECT_EQ(seen.back(), MarkKind::kIssues);
+    EXPECT_EQ(seen.back(), MarkKind::Issues);
     MarkState state;
     state.issues.shown = false;
     dock.SetState(state);

@@ -19,8 +19,9 @@ MarkTree TwoFloorTree() {
 
 std::vector<Qt::CheckState> States(const MarkTicks& ticks, const MarkTree& tree) {
     std::vector<Qt::CheckState> states;
-    for (const MarkTreeFloor& floor : tree)
+    for (const MarkTreeFloor& floor : tree) {
         states.push_back(ticks.StateOf(floor));
+    }
     return states;
 }
 
@@ -92,8 +93,9 @@ TEST(MarkTicks, TickingAllAgainIsTheSameAsNeverHavingUntickedAnything) {
     ticks.SetMark(u"2"_s, 1, false);
     ticks.Tidy(tree);
     EXPECT_FALSE(ticks.IsMarkTicked(u"77"_s, 1));
-    for (const QString& floor : {u"1"_s, u"2"_s})
+    for (const QString& floor : {u"1"_s, u"2"_s}) {
         ticks.SetFloor(floor, true);
+    }
     ticks.Tidy(tree);
     EXPECT_EQ(ticks, MarkTicks());
 }
@@ -140,8 +142,9 @@ TEST(MarkTicks, ExceptionsAboutEntriesThatAreGoneAreForgotten) {
 
 TEST(MarkTicks, ExceptionsThatAreNotListedDontCountAndStay) {
     MarkTicks ticks;
-    for (const QString& key : {u"a"_s, u"b"_s, u"c"_s})
+    for (const QString& key : {u"a"_s, u"b"_s, u"c"_s}) {
         ticks.SetEntry(u"1"_s, 1, key, false);
+    }
     // The days leave two other issues of the mark.
     ticks.SetUnlisted(ticks.Exceptions());
     const MarkTree tree = TwoFloorTree();
@@ -205,8 +208,9 @@ TEST(MarkTicks, ComeBackFromTheirTextAsTheyWere) {
 }
 
 TEST(MarkState, ATextThatMakesNoSenseIsTheStateOfANewProject) {
-    for (const QString& text : {QString(), u"{"_s, u"[1]"_s, u"{\"photos\":7}"_s})
+    for (const QString& text : {QString(), u"{"_s, u"[1]"_s, u"{\"photos\":7}"_s}) {
         EXPECT_EQ(MarkStateFrom(text), MarkState()) << qPrintable(text);
+    }
     const MarkState wrongDays = MarkStateFrom(
         u"{\"photos\":{\"limited\":true,\"from\":\"2024-05-01\",\"to\":\"2024-04-01\"}}"_s);
     EXPECT_FALSE(wrongDays.photos.days.limited);

@@ -26,8 +26,9 @@ protected:
     [[nodiscard]] QStringList Texts() {
         support::RunPendingEvents();
         QStringList texts;
-        for (const QLabel* label : bar.findChildren<QLabel*>(u"messageText"_s))
+        for (const QLabel* label : bar.findChildren<QLabel*>(u"messageText"_s)) {
             texts << label->text();
+        }
         return texts;
     }
 
@@ -37,7 +38,7 @@ protected:
 
 TEST_F(MessageBarWindow, IsThereOnlyWhileItHasSomethingToSay) {
     EXPECT_FALSE(bar.isVisible());
-    bar.Show(MessageKind::kWarning, u"磁盘空间不足"_s);
+    bar.Show(MessageKind::Warning, u"磁盘空间不足"_s);
     EXPECT_TRUE(bar.isVisible());
     EXPECT_EQ(Texts(), QStringList{u"磁盘空间不足"_s});
     bar.Clear();
@@ -45,8 +46,8 @@ TEST_F(MessageBarWindow, IsThereOnlyWhileItHasSomethingToSay) {
 }
 
 TEST_F(MessageBarWindow, ClosesTheMessageWhoseButtonIsClicked) {
-    bar.Show(MessageKind::kInfo, u"一"_s);
-    bar.Show(MessageKind::kError, u"二"_s);
+    bar.Show(MessageKind::Info, u"一"_s);
+    bar.Show(MessageKind::Error, u"二"_s);
     EXPECT_EQ(Texts(), QStringList({u"二"_s, u"一"_s}));
     QTest::mouseClick(bar.findChildren<QToolButton*>(u"messageClose"_s).last(), Qt::LeftButton);
     EXPECT_EQ(Texts(), QStringList{u"二"_s});
@@ -55,13 +56,13 @@ TEST_F(MessageBarWindow, ClosesTheMessageWhoseButtonIsClicked) {
 }
 
 TEST_F(MessageBarWindow, CopiesAMessageWhole) {
-    bar.Show(MessageKind::kError, u"查询失败\n请稍后再试"_s);
+    bar.Show(MessageKind::Error, u"查询失败\n请稍后再试"_s);
     QTest::mouseClick(bar.findChild<QToolButton*>(u"messageCopy"_s), Qt::LeftButton);
     EXPECT_EQ(QApplication::clipboard()->text(), u"查询失败\n请稍后再试"_s);
 }
 
 TEST_F(MessageBarWindow, ShowsMarkupAsItIsWritten) {
-    bar.Show(MessageKind::kInfo, u"<b>粗</b>"_s);
+    bar.Show(MessageKind::Info, u"<b>粗</b>"_s);
     EXPECT_EQ(bar.findChild<QLabel*>(u"messageText"_s)->textFormat(), Qt::PlainText);
 }
 

@@ -43,8 +43,9 @@ TEST(ObserverHub, TellsAProjectChangeToThoseOfThatNameInTheirOrder) {
     ChangeObs other(u"Other"_s, calls, u"other"_s);
     ChangeObs second(u"ProjChange"_s, calls, u"second"_s);
     ObserverHub hub;
-    for (ChangeObs* observer : {&first, &other, &second})
+    for (ChangeObs* observer : {&first, &other, &second}) {
         hub.AddObserver(observer);
+    }
     hub.TellProjectChange();
     EXPECT_EQ(calls, QStringList({u"first"_s, u"second"_s}));
 }
@@ -87,8 +88,9 @@ TEST(ObserverHub, AsksTheFirstViewerUnderThatNameAndNobodyElse) {
     ViewObs second(u"ViewBimPic"_s);
     ObserverHub hub;
     EXPECT_FALSE(hub.LocateIssue(4, u"q1"_s));
-    for (ViewObs* observer : {&other, &first, &second})
+    for (ViewObs* observer : {&other, &first, &second}) {
         hub.AddObserver(observer);
+    }
     EXPECT_TRUE(hub.LocateIssue(4, u"q1"_s));
     EXPECT_EQ(first.seen, u"4 q1"_s);
     EXPECT_TRUE(other.seen.isEmpty());

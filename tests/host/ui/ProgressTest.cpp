@@ -19,7 +19,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 TEST(ProgressWindow, ComesUpOnlyWhenTheWorkTakesItsTime) {
-    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
+    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::Possible);
     window.Begin(1'000'000);
     window.Report(1, 10);
     EXPECT_FALSE(window.isVisible());
@@ -33,13 +33,13 @@ TEST(ProgressWindow, ComesUpOnlyWhenTheWorkTakesItsTime) {
 }
 
 TEST(ProgressWindow, ComesUpByItselfWhileTheWorkIsSilent) {
-    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
+    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::Possible);
     window.Begin(1);
     EXPECT_TRUE(support::WaitFor([&] { return window.isVisible(); }));
 }
 
 TEST(ProgressWindow, CancelsOnceByButtonOrEscape) {
-    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::kPossible);
+    ProgressWindow window(nullptr, u"导入"_s, ProgressWindow::Cancel::Possible);
     int cancelled = 0;
     QObject::connect(&window, &ProgressWindow::Cancelled, [&] { ++cancelled; });
     window.Begin(0);
@@ -52,7 +52,7 @@ TEST(ProgressWindow, CancelsOnceByButtonOrEscape) {
 }
 
 TEST(ProgressWindow, WithoutAWayToCancelEscapeDoesNothing) {
-    ProgressWindow window(nullptr, u"下载"_s, ProgressWindow::Cancel::kImpossible);
+    ProgressWindow window(nullptr, u"下载"_s, ProgressWindow::Cancel::Impossible);
     window.Begin(0);
     window.Report(1, 2);
     QTest::keyClick(&window, Qt::Key_Escape);
@@ -117,7 +117,7 @@ TEST_F(LeftProgress, WorkThatEndsWithoutClosingLeavesAWindowThatCanBeClosed) {
 }
 
 TEST_F(LeftProgress, WorkThatWasCancelledSaysSoAndItsWindowCanBeClosed) {
-    progress.Window()->SetCancel(ProgressWindow::Cancel::kPossible);
+    progress.Window()->SetCancel(ProgressWindow::Cancel::Possible);
     ComeUp();
     QTest::mouseClick(Button(), Qt::LeftButton);
     ASSERT_TRUE(progress.Window()->IsCancelled());

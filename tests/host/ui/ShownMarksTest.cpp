@@ -25,8 +25,9 @@ std::string ToUtf8(const QString& text) {
 /// A code page that lacks everything beyond the first 128 characters but "其他".
 std::string ToPoorPage(const QString& text) {
     std::string bytes;
-    for (const QChar letter : text)
+    for (const QChar letter : text) {
         bytes += letter.unicode() < 128 ? char(letter.unicode()) : '?';
+    }
     return text == u"其他"_s ? ToUtf8(text) : bytes;
 }
 
@@ -57,7 +58,7 @@ TEST_F(Marks, AFloorHasAFlagForEachMarkAtEachPlacePhotosFirst) {
     EXPECT_EQ(flags[0].ppid, 7);
     EXPECT_EQ(flags[0].floor, u"1"_s);
     EXPECT_EQ(flags[1].markId, 2);
-    EXPECT_EQ(flags[3].kind, MarkKind::kIssues);
+    EXPECT_EQ(flags[3].kind, MarkKind::Issues);
     EXPECT_EQ(flags[3].count, 2);
     ASSERT_EQ(flags[3].issues.size(), 2U);
     EXPECT_EQ(flags[3].issues[1].questionId, u"q2"_s);
@@ -96,13 +97,13 @@ TEST_F(Marks, AFloorOfAnotherProjectHasItsOwnFlags) {
 }
 
 TEST_F(Marks, AKindThatIsNotDisplayedHasNoFlagsAndCannotBeFound) {
-    marks.Show(MarkKind::kPhotos, false);
+    marks.Show(MarkKind::Photos, false);
     EXPECT_EQ(marks.FlagsOf(u"1"_s, 7).size(), 2U);
     EXPECT_FALSE(marks.FindPhoto(u"1:2/B"_s, 1));
     EXPECT_TRUE(marks.FindIssue(u"q1"_s));
-    marks.Show(MarkKind::kPhotos, true);
-    marks.Show(MarkKind::kIssues, false);
-    EXPECT_FALSE(marks.IsShown(MarkKind::kIssues));
+    marks.Show(MarkKind::Photos, true);
+    marks.Show(MarkKind::Issues, false);
+    EXPECT_FALSE(marks.IsShown(MarkKind::Issues));
     EXPECT_EQ(marks.FlagsOf(u"1"_s, 7).size(), 3U);
     EXPECT_TRUE(marks.FindPhoto(u"1:2/B"_s, 1));
     EXPECT_FALSE(marks.FindIssue(u"q1"_s));
@@ -134,7 +135,7 @@ TEST_F(Marks, FlagsStandAtTheirIntersectionsAndOthersOnTheShelf) {
     EXPECT_EQ(flags[0].place, place);
     EXPECT_EQ(flags[1].place, place);
     EXPECT_EQ(flags[2].place, place);
-    EXPECT_EQ(flags[2].flag.kind, MarkKind::kIssues);
+    EXPECT_EQ(flags[2].flag.kind, MarkKind::Issues);
     EXPECT_EQ(flags[3].place, kShelf);
     EXPECT_EQ(flags[3].flag.placeText, u"9/Z"_s);
     EXPECT_EQ(flags[4].place, kShelf);

@@ -57,8 +57,9 @@ class WaitingForATransfer : public testing::Test {
 protected:
     [[nodiscard]] static QWidget* ProgressOnScreen() {
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == u"progressWindow"_s && window->isVisible())
+            if (window->objectName() == u"progressWindow"_s && window->isVisible()) {
                 return window;
+            }
         }
         return nullptr;
     }
@@ -72,8 +73,9 @@ protected:
         QTimer clock;
         std::jthread end;
         QObject::connect(&clock, &QTimer::timeout, [&] {
-            if (!during())
+            if (!during()) {
                 return;
+            }
             clock.stop();
             end = std::jthread([this] { transfer.Finish(); });
         });
@@ -118,8 +120,9 @@ TEST_F(WaitingForATransfer, AfterHalfASecondAWindowCountsTheBytes) {
     qint64 shownAfter = 0;
     WaitWith({}, [&] {
         const QWidget* window = ProgressOnScreen();
-        if (window == nullptr)
+        if (window == nullptr) {
             return false;
+        }
         shownAfter = since.elapsed();
         count = window->findChild<QLabel*>(u"progressCount"_s)->text();
         return !count.isEmpty();

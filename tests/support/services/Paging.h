@@ -30,8 +30,9 @@ void TakePage(const std::vector<Row>& all, const KX_DATA::PageRequest& request,
     result = {};
     result.totalCount = qint32(count);
     result.pageCount = size > 0 ? qint32((count + size - 1) / size) : 0;
-    if (script.totals)
+    if (script.totals) {
         result = *script.totals;
+    }
 }
 
 /// "page=1,size=30,sort=last_modifytime desc"

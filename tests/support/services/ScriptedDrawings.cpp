@@ -16,8 +16,9 @@ constexpr qint32 kNoMarkColor = 0xFAFAFA; ///< of a mark that the table doesn't 
 
 qint32 ScriptedPDFDrawingMng::AddComment(qint32 drawingId, const QString& text,
                                          KX_DATA::CheckpointComment& comment) {
-    if (!m_script.Call("AddComment", {Arg("drawing", drawingId), Arg("text", text)}))
+    if (!m_script.Call("AddComment", {Arg("drawing", drawingId), Arg("text", text)})) {
         return 0;
+    }
     comment.exists = 1;
     comment.text = text;
     comment.commentId = qint64(comments.size()) + 1;
@@ -28,8 +29,9 @@ qint32 ScriptedPDFDrawingMng::AddComment(qint32 drawingId, const QString& text,
 qint32 ScriptedPDFDrawingMng::GetComments(qint32 drawingId, qint32 page, qint32 pageSize,
                                           std::vector<KX_DATA::CheckpointComment>& list) {
     if (!m_script.Call("GetComments",
-                       {Arg("drawing", drawingId), Arg("page", page), Arg("size", pageSize)}))
+                       {Arg("drawing", drawingId), Arg("page", page), Arg("size", pageSize)})) {
         return 0;
+    }
     const auto first = std::min(comments.size(), std::size_t(page) * std::size_t(pageSize));
     const auto last = std::min(comments.size(), first + std::size_t(pageSize));
     list.assign(comments.begin() + std::ptrdiff_t(first), comments.begin() + std::ptrdiff_t(last));
@@ -37,8 +39,9 @@ qint32 ScriptedPDFDrawingMng::GetComments(qint32 drawingId, qint32 page, qint32 
 }
 
 bool ScriptedPDFDrawingMng::DeleteComment(qint32 drawingId, qint64 commentId) {
-    if (!m_script.Call("DeleteComment", {Arg("drawing", drawingId), Arg("id", commentId)}))
+    if (!m_script.Call("DeleteComment", {Arg("drawing", drawingId), Arg("id", commentId)})) {
         return false;
+    }
     std::erase_if(comments, [&](const KX_DATA::CheckpointComment& comment) {
         return comment.commentId == commentId;
     });
@@ -48,8 +51,9 @@ bool ScriptedPDFDrawingMng::DeleteComment(qint32 drawingId, qint64 commentId) {
 qint32 ScriptedPDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) {
     const bool succeeds = m_script.Call("GetDrawing", {Arg("drawing", drawingId)});
     const auto found = drawings.find(drawingId);
-    if (!succeeds || found == drawings.end())
+    if (!succeeds || found == drawings.end()) {
         return 0;
+    }
     record = found->second;
     return KX_DATA::kServiceOk;
 }
@@ -59,19 +63,22 @@ qint32 ScriptedPDFDrawingMng::UpdateCheckpoint(const KX_DATA::CheckpointEdit& ed
     value = 0;
     const bool succeeds = m_script.Call("UpdateCheckpoint", {Arg("id", edit.checkpointId)});
     const auto found = drawings.find(edit.checkpointId);
-    if (!succeeds || found == drawings.end())
+    if (!succeeds || found == drawings.end()) {
         return 0;
+    }
     // What is sent as names are ids; one that isn't known is refused with nothing changed.
     std::vector<KX_DATA::LabelEntry> labels;
-    if (pics != nullptr && !pics->FindLabels(edit.labelNames, labels))
+    if (pics != nullptr && !pics->FindLabels(edit.labelNames, labels)) {
         return 0;
+    }
     KX_DATA::DrawingRecord& record = found->second;
     record.description = edit.description;
     record.remark = edit.remark;
     record.position = {edit.position1, edit.position2};
     record.labels.clear();
-    for (const KX_DATA::LabelEntry& label : labels)
+    for (const KX_DATA::LabelEntry& label : labels) {
         record.labels.emplace_back(label.labelId, label.labelName);
+    }
     if (pics != nullptr) {
         const auto mark = pics->markTable.find(edit.markId);
         record.markName = mark != pics->markTable.end() ? mark->second.name : QString();
@@ -83,8 +90,9 @@ qint32 ScriptedPDFDrawingMng::UpdateCheckpoint(const KX_DATA::CheckpointEdit& ed
 
 qint32 ScriptedTNQRCodeMng::CreateQRCode(const KX_DATA::QRCodeQuery& query, QString& text) {
     lastQuery = query;
-    if (!m_script.Call("CreateQRCode", {Arg("handle", query.componentHandle)}))
+    if (!m_script.Call("CreateQRCode", {Arg("handle", query.componentHandle)})) {
         return 0;
+    }
     text = code;
     return 1;
 }
@@ -92,8 +100,9 @@ qint32 ScriptedTNQRCodeMng::CreateQRCode(const KX_DATA::QRCodeQuery& query, QStr
 bool ScriptedRichTextMsgMng::GetRichText(const KX_DATA::RichTextKey& key,
                                          KX_DATA::RichTextMsg& target,
                                          std::vector<KX_DATA::RichAttachment>& attachments) {
-    if (!m_script.Call("GetRichText", {Arg("id", key.objectId)}))
+    if (!m_script.Call("GetRichText", {Arg("id", key.objectId)})) {
         return false;
+    }
     target = message;
     attachments = message.attachments;
     return true;

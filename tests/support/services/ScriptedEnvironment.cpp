@@ -5,8 +5,9 @@
 namespace support {
 
 void ScriptedKXAuthMng::GetUserName(std::string& name) {
-    if (m_script.Call("GetUserName"))
+    if (m_script.Call("GetUserName")) {
         name = userName;
+    }
 }
 
 bool ScriptedKXAuthMng::HasRight(qint32 right) {
@@ -18,13 +19,15 @@ KX_DATA::LoginInfo ScriptedKXAuthMng::GetLoginInfo() {
 }
 
 void ScriptedKXGlobalData::GetClientVersionText(QString& text) {
-    if (m_script.Call("GetClientVersionText"))
+    if (m_script.Call("GetClientVersionText")) {
         text = clientVersion;
+    }
 }
 
 void ScriptedKXGlobalData::GetGroupName(QString& name, qint32 groupId) {
-    if (m_script.Call("GetGroupName", {Arg("group", groupId)}))
+    if (m_script.Call("GetGroupName", {Arg("group", groupId)})) {
         name = groupNames.contains(groupId) ? groupNames.at(groupId) : QString();
+    }
 }
 
 bool ScriptedKXGlobalData::IsTNReminderEnabled() {
@@ -37,10 +40,12 @@ bool ScriptedKXGlobalData::IsWorksetMode() {
 
 void ScriptedKXGlobalData::GetOpenProjectIds(std::vector<qint32>& ids) {
     ids.clear();
-    if (!m_script.Call("GetOpenProjectIds"))
+    if (!m_script.Call("GetOpenProjectIds")) {
         return;
-    for (const KX_DATA::WorksetProject& project : projects)
+    }
+    for (const KX_DATA::WorksetProject& project : projects) {
         ids.push_back(project.ppid);
+    }
 }
 
 void ScriptedKXGlobalData::GetWorksetProjects(std::vector<KX_DATA::WorksetProject>& list) {
@@ -52,8 +57,9 @@ const QString& ScriptedKXGlobalData::GetProjectName(QString& name, qint32 ppid) 
     if (m_script.Call("GetProjectName", {Arg("ppid", ppid)})) {
         for (const auto* list : {&projects, &otherProjects}) {
             for (const KX_DATA::WorksetProject& project : *list) {
-                if (project.ppid == ppid)
+                if (project.ppid == ppid) {
                     name = project.name;
+                }
             }
         }
     }
@@ -61,8 +67,9 @@ const QString& ScriptedKXGlobalData::GetProjectName(QString& name, qint32 ppid) 
 }
 
 bool ScriptedKXLocalCacheData::GetMarkTable(std::map<qint32, KX_DATA::MarkRecord>& table) {
-    if (!m_script.Call("GetMarkTable"))
+    if (!m_script.Call("GetMarkTable")) {
         return false;
+    }
     table = marks;
     return true;
 }
@@ -70,8 +77,9 @@ bool ScriptedKXLocalCacheData::GetMarkTable(std::map<qint32, KX_DATA::MarkRecord
 bool ScriptedKXLocalCacheData::GetMarkInfo(qint32 markId, KX_DATA::MarkRecord& record) {
     const bool succeeds = m_script.Call("GetMarkInfo", {Arg("mark", markId)});
     const auto found = marks.find(markId);
-    if (!succeeds || found == marks.end())
+    if (!succeeds || found == marks.end()) {
         return false;
+    }
     record = found->second;
     return true;
 }
@@ -81,8 +89,9 @@ void ScriptedKXSysMng::WriteActionLog(const QString& action) {
 }
 
 qint32 ScriptedKXDocMng::GetLabels(qint32 kind, std::vector<KX_DATA::LabelEntry>& list) {
-    if (!m_script.Call("GetLabels", {Arg("kind", kind)}) || kind != KX_DATA::kPhotoDocKind)
+    if (!m_script.Call("GetLabels", {Arg("kind", kind)}) || kind != KX_DATA::kPhotoDocKind) {
         return 0;
+    }
     list = labels;
     return KX_DATA::kLabelsOk;
 }
@@ -91,8 +100,9 @@ qint32 ScriptedKXDocMng::AddLabel(qint32 kind, const QString& label, qint32 valu
                                   const QString& parent, QString& labelId) {
     if (!m_script.Call("AddLabel", {Arg("kind", kind), Arg("label", label), Arg("value", value),
                                     Arg("parent", parent)}) ||
-        kind != KX_DATA::kPhotoDocKind || label.isEmpty())
+        kind != KX_DATA::kPhotoDocKind || label.isEmpty()) {
         return 0;
+    }
     for (const KX_DATA::LabelEntry& known : labels) {
         if (known.labelName == label) {
             labelId = known.labelId;
@@ -113,8 +123,9 @@ bool ScriptedRichEditorAuth::IsRichTextReadOnly() {
 }
 
 void ScriptedRecentSearchMng::SaveRecent(const std::vector<QString>& list) {
-    if (m_script.Call("SaveRecent", {Text(list)}))
+    if (m_script.Call("SaveRecent", {Text(list)})) {
         keywords = list;
+    }
 }
 
 void ScriptedRecentSearchMng::GetRecent(std::vector<QString>& list) {
@@ -122,15 +133,17 @@ void ScriptedRecentSearchMng::GetRecent(std::vector<QString>& list) {
 }
 
 void ScriptedConvertProjStateTool::StateToText(QString& text, qint32 state) {
-    if (m_script.Call("StateToText", {Arg("state", state)}))
+    if (m_script.Call("StateToText", {Arg("state", state)})) {
         text = states.contains(state) ? states.at(state) : QString();
+    }
 }
 
 qint32 ScriptedConvertProjStateTool::TextToState(const QString& text) {
     if (m_script.Call("TextToState", {Arg("text", text)})) {
         for (const auto& [state, name] : states) {
-            if (name == text)
+            if (name == text) {
                 return state;
+            }
         }
     }
     return -1;

@@ -50,10 +50,11 @@ void ScriptedPaths::GetRichFolder(QString& folder) {
 
 void ScriptedPaths::GetAttachFolder(QString& folder, const QString& key) {
     // A key that isn't the name of one folder has none.
-    if (key.isEmpty() || key == u"."_s || key == u".."_s || key.contains(u'/'))
+    if (key.isEmpty() || key == u"."_s || key == u".."_s || key.contains(u'/')) {
         folder.clear();
-    else
+    } else {
         Fill("GetAttachFolder", folder, u"rich/"_s + key);
+    }
 }
 
 void ScriptedPaths::GetOpenFolder(QString& folder) {
@@ -62,13 +63,16 @@ void ScriptedPaths::GetOpenFolder(QString& folder) {
 
 qint32 ScriptedFiles::Write(const QString& uuid, const QString& localPath) const {
     const auto found = stored.find(uuid);
-    if (found == stored.end())
+    if (found == stored.end()) {
         return -1;
-    if (keepsWhatIsThere)
+    }
+    if (keepsWhatIsThere) {
         return qint32(found->second.size());
+    }
     QFile file(localPath);
-    if (!file.open(QIODevice::WriteOnly) || file.write(found->second) != found->second.size())
+    if (!file.open(QIODevice::WriteOnly) || file.write(found->second) != found->second.size()) {
         return -1;
+    }
     return qint32(found->second.size());
 }
 
@@ -111,8 +115,9 @@ bool ScriptedFiles::GetDownloadState(const QString& taskId, qint32& state, qint3
     const bool succeeds = m_script.Call("GetDownloadState");
     const std::lock_guard lock(m_mutex);
     const auto found = m_tasks.find(taskId);
-    if (!succeeds || found == m_tasks.end())
+    if (!succeeds || found == m_tasks.end()) {
         return false;
+    }
     if (looksWhileRunning > 0) {
         --looksWhileRunning;
         state = 0;
@@ -122,8 +127,9 @@ bool ScriptedFiles::GetDownloadState(const QString& taskId, qint32& state, qint3
     state = found->second < 0 ? KX_DATA::kDownloadFailed : KX_DATA::kDownloadFinished;
     bytes = qMax(found->second, 0);
     // Forgotten when its end is read; a failure keeps its text until that is read.
-    if (state == KX_DATA::kDownloadFinished)
+    if (state == KX_DATA::kDownloadFinished) {
         m_tasks.erase(found);
+    }
     return true;
 }
 
@@ -134,12 +140,14 @@ void ScriptedFiles::GetErrorText(const QString& taskId, QString& text) {
 }
 
 void ScriptedFiles::GetFileSize(const QString& taskId, qint32& size) {
-    if (!m_script.Call("GetFileSize"))
+    if (!m_script.Call("GetFileSize")) {
         return;
+    }
     const std::lock_guard lock(m_mutex);
     const auto found = m_tasks.find(taskId);
-    if (found != m_tasks.end())
+    if (found != m_tasks.end()) {
         size = qMax(found->second, 0);
+    }
 }
 
 void ScriptedExProgress::Close() {

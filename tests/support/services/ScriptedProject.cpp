@@ -17,8 +17,9 @@ const KX_DATA::ProjectRecord* ScriptedProjCacheMng::GetProjectRecord() {
 }
 
 void ScriptedProjCacheMng::GetCurrentDrawing(KX_DATA::CurrentDrawing& target) {
-    if (m_script.Call("GetCurrentDrawing"))
+    if (m_script.Call("GetCurrentDrawing")) {
         target = drawing;
+    }
 }
 
 qint32 ScriptedProjCacheMng::GetProjectMajor() {
@@ -40,13 +41,15 @@ KX_DATA::IKXView* ScriptedView::GetView() {
 }
 
 void ScriptedView::GetPickedComponents(std::vector<KX_DATA::PickedComponent>& components) {
-    if (m_script.Call("GetPickedComponents"))
+    if (m_script.Call("GetPickedComponents")) {
         components = picked;
+    }
 }
 
 void ScriptedView::SaveViewState(std::vector<qint32>& state) {
-    if (m_script.Call("SaveViewState"))
+    if (m_script.Call("SaveViewState")) {
         state = {1};
+    }
 }
 
 void ScriptedView::RestoreViewState(const std::vector<qint32>& state) {
@@ -93,8 +96,9 @@ void ScriptedView::BeginComponentPick() {
 qint32 ScriptedKXReportDataMng::GetComponentInfo(const KX_DATA::ComponentInfoQuery& query,
                                                  std::vector<KX_DATA::ComponentInfo>& list) {
     if (!m_script.Call("GetComponentInfo",
-                       {Arg("floor", query.floor), Arg("handle", query.componentHandle)}))
+                       {Arg("floor", query.floor), Arg("handle", query.componentHandle)})) {
         return 0;
+    }
     list = components;
     return 1;
 }

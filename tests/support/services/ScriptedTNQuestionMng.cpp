@@ -37,8 +37,9 @@ qint32 ScriptedTNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
                                           std::vector<KX_DATA::IssueRow>& rows) {
     lastFilter = filter;
     query.lastRequest = request;
-    if (!m_script.Call("QueryIssues", {RequestText(request)}))
+    if (!m_script.Call("QueryIssues", {RequestText(request)})) {
         return 0;
+    }
     TakePage(issues, request, query, result, rows);
     return query.status.value_or(KX_DATA::kServiceOk);
 }
@@ -49,8 +50,9 @@ void ScriptedTNQuestionMng::GetIssueGroups(quint8 flag, const qint64* from, cons
     lastFilterArg = &filterArg;
     const bool succeeds = m_script.Call(
         "GetIssueGroups", {Arg("flag", qint32(flag)), TimeArg("from", from), TimeArg("to", to)});
-    if (succeeds || judges)
+    if (succeeds || judges) {
         groups = succeeds ? markGroups : decltype(markGroups)();
+    }
 }
 
 void ScriptedTNQuestionMng::GetIssueFilterList(quint8 flag, const qint64* from, const qint64* to,
@@ -60,13 +62,15 @@ void ScriptedTNQuestionMng::GetIssueFilterList(quint8 flag, const qint64* from, 
     const bool succeeds =
         m_script.Call("GetIssueFilterList",
                       {Arg("flag", qint32(flag)), TimeArg("from", from), TimeArg("to", to)});
-    if (succeeds || judges)
+    if (succeeds || judges) {
         entries = succeeds ? filterEntries : decltype(filterEntries)();
+    }
 }
 
 bool ScriptedTNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
-    if (!m_script.Call("DeleteIssues", {Arg("ids", questionIds)}))
+    if (!m_script.Call("DeleteIssues", {Arg("ids", questionIds)})) {
         return false;
+    }
     const auto gone = std::erase_if(
         issues, [&](const KX_DATA::IssueRow& row) { return Names(questionIds, row.questionId); });
     return questionIds.empty() || gone > 0 || !judges;
@@ -75,8 +79,9 @@ bool ScriptedTNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds
 bool ScriptedTNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& questionIds,
                                            bool hidden) {
     if (!m_script.Call("SetIssuesShown",
-                       {Arg("ppid", ppid), Arg("ids", questionIds), Arg("hidden", hidden)}))
+                       {Arg("ppid", ppid), Arg("ids", questionIds), Arg("hidden", hidden)})) {
         return false;
+    }
     bool any = questionIds.empty() || !judges;
     for (KX_DATA::IssueRow& row : issues) {
         if (Names(questionIds, row.questionId) && (!judges || row.ppid == ppid)) {
@@ -92,8 +97,9 @@ qint32 ScriptedTNQuestionMng::GetIssueDetail(const qint32& ppid, const QString& 
     const bool succeeds =
         m_script.Call("GetIssueDetail", {Arg("ppid", ppid), Arg("id", questionId)});
     const KX_DATA::IssueRow* row = Find(ppid, questionId);
-    if (!succeeds || row == nullptr)
+    if (!succeeds || row == nullptr) {
         return 0;
+    }
     // The caller's own fields stay.
     const QString callersId = detail.questionId;
     const qint32 callersProject = detail.ppid;
@@ -123,11 +129,13 @@ qint32 ScriptedTNQuestionMng::GetIssuePics(const qint32& ppid, const QString& qu
                                            qint32 kind,
                                            std::vector<KX_DATA::QuestionPicRecord>& list) {
     if (!m_script.Call("GetIssuePics",
-                       {Arg("ppid", ppid), Arg("id", questionId), Arg("kind", kind)}))
+                       {Arg("ppid", ppid), Arg("id", questionId), Arg("kind", kind)})) {
         return 0;
+    }
     const auto found = pics.find(questionId);
-    if (judges && Find(ppid, questionId) == nullptr)
+    if (judges && Find(ppid, questionId) == nullptr) {
         return 0;
+    }
     list = found != pics.end() ? found->second : std::vector<KX_DATA::QuestionPicRecord>();
     return 1;
 }
@@ -136,8 +144,9 @@ bool ScriptedTNQuestionMng::GetRectification(const QString& questionId,
                                              KX_DATA::RectifyRecord& record) {
     const bool succeeds = m_script.Call("GetRectification", {Arg("id", questionId)});
     const auto found = rectifications.find(questionId);
-    if (!succeeds || found == rectifications.end())
+    if (!succeeds || found == rectifications.end()) {
         return false;
+    }
     record = found->second;
     return true;
 }
@@ -162,8 +171,9 @@ bool ScriptedTNQuestionMng::AddRectifyPics(qint32 kind, const KX_DATA::RectifyRe
 }
 
 bool ScriptedTNQuestionMng::GetUsedMarks(qint32 kind, std::vector<qint32>& markIds) {
-    if (!m_script.Call("GetUsedMarks", {Arg("kind", kind)}) || kind != KX_DATA::kIssueMarkKind)
+    if (!m_script.Call("GetUsedMarks", {Arg("kind", kind)}) || kind != KX_DATA::kIssueMarkKind) {
         return false;
+    }
     markIds = usedMarks;
     return true;
 }

@@ -62,19 +62,22 @@ template <class Row> Row* Find(std::vector<Row>& rows, qint32 ppid, qint32 picId
 }
 
 template <class Row> void NoteChange(Row& row, const QString& changer) {
-    if (changer.isEmpty())
+    if (changer.isEmpty()) {
         return;
+    }
     const QDateTime now = QDateTime::currentDateTime();
     row.updaterName = changer;
     row.updateTime = now.toString(u"yyyy-MM-dd HH:mm"_s);
-    if constexpr (requires { row.updateStamp; })
+    if constexpr (requires { row.updateStamp; }) {
         row.updateStamp = now.toSecsSinceEpoch();
+    }
 }
 
 /// Fills a list if the call succeeds.
 template <class Values> qint32 Answer(bool succeeds, const Values& values, Values& target) {
-    if (!succeeds)
+    if (!succeeds) {
         return kPicServiceFailed;
+    }
     target = values;
     return kServiceOk;
 }
@@ -84,8 +87,9 @@ template <class Values> qint32 Answer(bool succeeds, const Values& values, Value
 QString ScriptedVeskPicMng::LabelIdOf(const QString& name) const {
     for (const auto* list : {&allLabels, &bimLabels}) {
         for (const KX_DATA::LabelEntry& label : *list) {
-            if (label.labelName == name)
+            if (label.labelName == name) {
                 return label.labelId;
+            }
         }
     }
     return u"id-of-"_s + name;
@@ -94,8 +98,9 @@ QString ScriptedVeskPicMng::LabelIdOf(const QString& name) const {
 QString ScriptedVeskPicMng::LabelNameOf(const QString& id) const {
     for (const auto* list : {&allLabels, &bimLabels}) {
         for (const KX_DATA::LabelEntry& label : *list) {
-            if (label.labelId == id)
+            if (label.labelId == id) {
                 return label.labelName;
+            }
         }
     }
     return id.startsWith(u"id-of-"_s) ? id.mid(6) : id;
@@ -107,8 +112,9 @@ qint32 ScriptedVeskPicMng::QueryBimPics(const KX_DATA::PicQueryFilter& filter,
                                         std::vector<KX_DATA::BimPicRow>& rows) {
     lastBimFilter = filter;
     bimQuery.lastRequest = request;
-    if (!m_script.Call("QueryBimPics", {RequestText(request)}))
+    if (!m_script.Call("QueryBimPics", {RequestText(request)})) {
         return kPicServiceFailed;
+    }
     TakePage(bimPics, request, bimQuery, result, rows);
     return bimQuery.status.value_or(kServiceOk);
 }
@@ -119,8 +125,9 @@ qint32 ScriptedVeskPicMng::QueryPdfPics(const KX_DATA::PdfQueryFilter& filter,
                                         std::vector<KX_DATA::PdfPicRecord>& rows) {
     lastPdfFilter = filter;
     pdfQuery.lastRequest = request;
-    if (!m_script.Call("QueryPdfPics", {RequestText(request)}))
+    if (!m_script.Call("QueryPdfPics", {RequestText(request)})) {
         return kPicServiceFailed;
+    }
     TakePage(pdfPics, request, pdfQuery, result, rows);
     // Any value but 0 is success here: not the one of the other queries, so that a caller who
     // compares with that one is found out.
@@ -133,8 +140,9 @@ void ScriptedVeskPicMng::GetBimPicFilterGroups(qint64 from, qint64 to, quint8 fl
     lastFilterArg = &filterArg;
     const bool succeeds = m_script.Call(
         "GetBimPicFilterGroups", {Arg("from", from), Arg("to", to), Arg("flag", qint32(flag))});
-    if (succeeds || judges)
+    if (succeeds || judges) {
         entries = succeeds ? filterEntries : decltype(filterEntries)();
+    }
 }
 
 qint32 ScriptedVeskPicMng::GetBimPicMarkerList(qint64 from, qint64 to, quint8 flag, qint32 markId,
@@ -149,14 +157,16 @@ qint32 ScriptedVeskPicMng::GetBimPicMarkerList(qint64 from, qint64 to, quint8 fl
 }
 
 bool ScriptedVeskPicMng::DeleteBimPics(const std::vector<qint32>& picIds) {
-    if (!m_script.Call("DeleteBimPics", {Arg("ids", picIds)}))
+    if (!m_script.Call("DeleteBimPics", {Arg("ids", picIds)})) {
         return false;
+    }
     return Remove(bimPics, picIds, [](const KX_DATA::BimPicRow&) { return true; }) || !judges;
 }
 
 bool ScriptedVeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) {
-    if (!m_script.Call("DeletePdfPics", {Arg("ppid", ppid), Arg("ids", picIds)}))
+    if (!m_script.Call("DeletePdfPics", {Arg("ppid", ppid), Arg("ids", picIds)})) {
         return false;
+    }
     const auto isAsked = [&](const KX_DATA::PdfPicRecord& row) {
         return IsOfProject(row, Asked(ppid));
     };
@@ -166,16 +176,18 @@ bool ScriptedVeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& p
 bool ScriptedVeskPicMng::SetBimPicsShown(qint32 ppid, const std::vector<qint32>& picIds,
                                          bool hidden) {
     if (!m_script.Call("SetBimPicsShown",
-                       {Arg("ppid", ppid), Arg("ids", picIds), Arg("hidden", hidden)}))
+                       {Arg("ppid", ppid), Arg("ids", picIds), Arg("hidden", hidden)})) {
         return false;
+    }
     return SetShown(bimPics, Asked(ppid), picIds, hidden) || !judges;
 }
 
 bool ScriptedVeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds,
                                          bool hidden) {
     if (!m_script.Call("SetPdfPicsShown",
-                       {Arg("ppid", ppid), Arg("ids", picIds), Arg("hidden", hidden)}))
+                       {Arg("ppid", ppid), Arg("ids", picIds), Arg("hidden", hidden)})) {
         return false;
+    }
     return SetShown(pdfPics, Asked(ppid), picIds, hidden) || !judges;
 }
 
@@ -183,8 +195,9 @@ qint32 ScriptedVeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId,
                                            KX_DATA::BimPicDetail& detail) {
     const bool succeeds = m_script.Call("GetBimPicDetail", {Arg("ppid", ppid), Arg("id", picId)});
     const KX_DATA::BimPicRow* row = Find(bimPics, Asked(ppid), picId);
-    if (!succeeds || row == nullptr || row->status != kStatusShown)
+    if (!succeeds || row == nullptr || row->status != kStatusShown) {
         return kPicServiceFailed;
+    }
     detail = {};
     detail.picId = detailHasIds ? row->picId : 0;
     detail.ppid = detailHasIds ? row->ppid : 0;
@@ -204,8 +217,9 @@ qint32 ScriptedVeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId,
     const auto mark = markTable.find(row->markId);
     detail.markName = mark != markTable.end() ? mark->second.name : detailMarkName;
     detail.markColor = mark != markTable.end() ? mark->second.color : detailMarkColor;
-    for (const QString& name : row->labelNames)
+    for (const QString& name : row->labelNames) {
         detail.labels.push_back({LabelIdOf(name), name});
+    }
     return kServiceOk;
 }
 
@@ -213,8 +227,9 @@ qint32 ScriptedVeskPicMng::GetPdfPicDetail(qint32 ppid, qint32 picId,
                                            KX_DATA::PdfPicDetail& detail) {
     const bool succeeds = m_script.Call("GetPdfPicDetail", {Arg("ppid", ppid), Arg("id", picId)});
     const KX_DATA::PdfPicRecord* row = Find(pdfPics, Asked(ppid), picId);
-    if (!succeeds || row == nullptr)
+    if (!succeeds || row == nullptr) {
         return kPicServiceFailed;
+    }
     // The row's own names are crossed: the drawing stands in the field of the checkpoint.
     detail.drawingId = row->checkpointId;
     detail.entries = row->labels;
@@ -223,8 +238,9 @@ qint32 ScriptedVeskPicMng::GetPdfPicDetail(qint32 ppid, qint32 picId,
 
 qint32 ScriptedVeskPicMng::GetProjectFloors(qint32 ppid, std::vector<QString>& names) {
     const bool succeeds = m_script.Call("GetProjectFloors", {Arg("ppid", ppid)});
-    if (!model)
+    if (!model) {
         return Answer(succeeds, floors, names);
+    }
     const auto found = model->floors.find(ppid);
     return Answer(succeeds, found != model->floors.end() ? found->second : std::vector<QString>(),
                   names);
@@ -233,13 +249,15 @@ qint32 ScriptedVeskPicMng::GetProjectFloors(qint32 ppid, std::vector<QString>& n
 qint32 ScriptedVeskPicMng::GetFloorAxesX(qint32 ppid, const QString& floor,
                                          std::vector<QString>& axes) {
     const bool succeeds = m_script.Call("GetFloorAxesX", {Arg("ppid", ppid), Arg("floor", floor)});
-    if (!model)
+    if (!model) {
         return Answer(succeeds, axesX, axes);
+    }
     std::vector<QString> found;
     for (const ScriptedPosition& position : model->positions) {
         if (position.ppid == ppid && position.floor == floor &&
-            std::find(found.begin(), found.end(), position.axisX) == found.end())
+            std::find(found.begin(), found.end(), position.axisX) == found.end()) {
             found.push_back(position.axisX);
+        }
     }
     return Answer(succeeds, found, axes);
 }
@@ -248,12 +266,14 @@ qint32 ScriptedVeskPicMng::GetFloorAxesY(qint32 ppid, const QString& floor, cons
                                          std::vector<KX_DATA::AxisYEntry>& axes) {
     const bool succeeds =
         m_script.Call("GetFloorAxesY", {Arg("ppid", ppid), Arg("floor", floor), Arg("x", axisX)});
-    if (!model)
+    if (!model) {
         return Answer(succeeds, axesY, axes);
+    }
     std::vector<KX_DATA::AxisYEntry> found;
     for (const ScriptedPosition& position : model->positions) {
-        if (position.ppid == ppid && position.floor == floor && position.axisX == axisX)
+        if (position.ppid == ppid && position.floor == floor && position.axisX == axisX) {
             found.emplace_back(position.axisY, position.key);
+        }
     }
     return Answer(succeeds, found, axes);
 }
@@ -265,8 +285,9 @@ bool ScriptedVeskPicMng::FindLabels(const std::vector<QString>& ids,
         const auto found =
             std::find_if(allLabels.begin(), allLabels.end(),
                          [&](const KX_DATA::LabelEntry& label) { return label.labelId == id; });
-        if (found == allLabels.end() && !allLabels.empty())
+        if (found == allLabels.end() && !allLabels.empty()) {
             return false;
+        }
         labels.push_back({id, found != allLabels.end() ? found->labelName : LabelNameOf(id)});
     }
     return true;
@@ -276,14 +297,16 @@ bool ScriptedVeskPicMng::MoveTo(KX_DATA::BimPicRow& row, const QString& key) con
     const bool same = row.positionKey == key;
     row.positionKey = key;
     // A key that the model has no longer keeps the place that the photo had with it.
-    if (!model || same)
+    if (!model || same) {
         return true;
+    }
     const auto found = std::find_if(model->positions.begin(), model->positions.end(),
                                     [&](const ScriptedPosition& position) {
                                         return position.key == key && position.ppid == row.ppid;
                                     });
-    if (found == model->positions.end() && !key.isEmpty())
+    if (found == model->positions.end() && !key.isEmpty()) {
         return false;
+    }
     const ScriptedPosition now = key.isEmpty() ? ScriptedPosition() : *found;
     row.floor = now.floor;
     row.axisX = now.axisX;
@@ -298,35 +321,41 @@ bool ScriptedVeskPicMng::UpdateBimPic(qint32 ppid, const KX_DATA::BimPicUpdate& 
         m_script.Call("UpdateBimPic", {Arg("ppid", ppid), Arg("id", update.picId)});
     KX_DATA::BimPicRow* row = Find(bimPics, Asked(ppid), update.picId);
     std::vector<KX_DATA::LabelEntry> labels;
-    if (!succeeds || row == nullptr)
+    if (!succeeds || row == nullptr) {
         return succeeds && !judges;
-    if (!FindLabels(update.labelIds, labels))
+    }
+    if (!FindLabels(update.labelIds, labels)) {
         return false;
+    }
     KX_DATA::BimPicRow changed = *row;
-    if (!MoveTo(changed, update.positionKey))
+    if (!MoveTo(changed, update.positionKey)) {
         return false;
+    }
     changed.description = update.description;
     changed.markId = update.markId;
     changed.fileName = update.fileName;
     changed.status = update.status;
     changed.labelNames.clear();
-    for (const KX_DATA::LabelEntry& label : labels)
+    for (const KX_DATA::LabelEntry& label : labels) {
         changed.labelNames.push_back(label.labelName);
+    }
     NoteChange(changed, changer);
     *row = changed;
     return true;
 }
 
 bool ScriptedVeskPicMng::MoveToPoint(KX_DATA::PdfPicRecord& row, qint32 pointId) const {
-    if (pointId <= 0 || pointId == row.drawingId)
+    if (pointId <= 0 || pointId == row.drawingId) {
         return true;
+    }
     // Which points there are is known by their photos.
     const auto other =
         std::find_if(pdfPics.begin(), pdfPics.end(), [&](const KX_DATA::PdfPicRecord& each) {
             return each.drawingId == pointId && each.ppid == row.ppid;
         });
-    if (other == pdfPics.end())
+    if (other == pdfPics.end()) {
         return false;
+    }
     row.drawingId = pointId;
     row.checkpointId = other->checkpointId;
     row.checkpointNo = other->checkpointNo;
@@ -342,10 +371,12 @@ bool ScriptedVeskPicMng::UpdatePdfPic(qint32 ppid, const KX_DATA::PdfPicUpdate& 
     const bool succeeds =
         m_script.Call("UpdatePdfPic", {Arg("ppid", ppid), Arg("id", update.picId)});
     KX_DATA::PdfPicRecord* row = Find(pdfPics, Asked(ppid), update.picId);
-    if (!succeeds || row == nullptr)
+    if (!succeeds || row == nullptr) {
         return succeeds && !judges;
-    if (judges && !MoveToPoint(*row, update.pointId))
+    }
+    if (judges && !MoveToPoint(*row, update.pointId)) {
         return false;
+    }
     row->description = update.description;
     row->fileName = update.fileName;
     row->status = update.status;
@@ -367,9 +398,10 @@ qint32 ScriptedVeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,
                                        std::vector<KX_DATA::PicFileEntry>& entries) {
     // In the order of the ids, without those that have no file.
     std::vector<KX_DATA::PicFileEntry> found;
-    for (const qint32 picId : picIds)
+    for (const qint32 picId : picIds) {
         std::copy_if(files.begin(), files.end(), std::back_inserter(found),
                      [&](const KX_DATA::PicFileEntry& entry) { return entry.picId == picId; });
+    }
     return Answer(m_script.Call("GetPicFiles", {Arg("ids", picIds)}), found, entries);
 }
 
@@ -381,8 +413,9 @@ qint32 ScriptedVeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
         std::any_of(pdfPics.begin(), pdfPics.end(), [&](const KX_DATA::PdfPicRecord& row) {
             return row.picId == picId && !IsOfProject(row, Asked(ppid));
         });
-    if (found == checkpointPics.end() || isOfOther)
+    if (found == checkpointPics.end() || isOfOther) {
         return kPicServiceFailed;
+    }
     return Answer(succeeds, found->second, detail);
 }
 
@@ -392,13 +425,15 @@ void ScriptedVeskPicMng::GetBimPicFilterValues(qint64 from, qint64 to, quint8 fl
     lastFilterArg = &filterArg;
     const bool succeeds = m_script.Call(
         "GetBimPicFilterValues", {Arg("from", from), Arg("to", to), Arg("flag", qint32(flag))});
-    if (succeeds || judges)
+    if (succeeds || judges) {
         groups = succeeds ? markGroups : decltype(markGroups)();
+    }
 }
 
 qint32 ScriptedVeskPicMng::DeleteCheckpointPic(qint32 drawingId, qint32 picId) {
-    if (!m_script.Call("DeleteCheckpointPic", {Arg("drawing", drawingId), Arg("id", picId)}))
+    if (!m_script.Call("DeleteCheckpointPic", {Arg("drawing", drawingId), Arg("id", picId)})) {
         return 0;
+    }
     // The viewers call the checkpoint a drawing, as the rows do.
     const auto isAsked = [&](const KX_DATA::PdfPicRecord& row) {
         return !judges || row.drawingId == drawingId;
@@ -429,10 +464,12 @@ bool ScriptedVeskPicMng::StandsAt(qint32 picId, qint32 ppid, const QString& posi
     const auto row =
         std::find_if(bimPics.begin(), bimPics.end(),
                      [&](const KX_DATA::BimPicRow& each) { return each.picId == picId; });
-    if (!judges)
+    if (!judges) {
         return true;
-    if (row == bimPics.end())
+    }
+    if (row == bimPics.end()) {
         return false;
+    }
     // Photos without a floor hang on one place, whatever their key.
     const bool here =
         positionKey.isEmpty() ? row->floor.isEmpty() : row->positionKey == positionKey;
@@ -456,8 +493,9 @@ bool ScriptedVeskPicMng::GetUsedPdfMarks(std::vector<qint32>& markIds) {
 }
 
 void ScriptedVeskPicMng::GetStateNames(std::vector<QString>& names) {
-    if (m_script.Call("GetStateNames"))
+    if (m_script.Call("GetStateNames")) {
         names = stateNames;
+    }
 }
 
 } // namespace support

@@ -28,8 +28,9 @@ struct Balloon : ::testing::Test {
         static_cast<void>(QTest::qWaitForWindowActive(window.get()));
     }
     void TearDown() override {
-        if (BalloonTip* open = BalloonTip::Current())
+        if (BalloonTip* open = BalloonTip::Current()) {
             open->Dismiss();
+        }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     /// Shown, and the events in progress are done.

@@ -241,8 +241,9 @@ TEST_F(ColorTxtComboBoxTest, SelectedEntryShowsItsSwatch) {
     const auto has = [&](const QColor& color) {
         const QImage image = combo->grab().toImage();
         for (int x = 0; x < 24; ++x) {
-            if (image.pixelColor(x, image.height() / 2) == color)
+            if (image.pixelColor(x, image.height() / 2) == color) {
                 return true;
+            }
         }
         return false;
     };

@@ -222,8 +222,9 @@ TEST_F(GridColumns, ATextThatItsSwatchLeavesNoRoomForHasATip) {
     const QFontMetrics metrics = grid.View()->fontMetrics();
     QString text;
     // As long as fits a cell without a swatch.
-    while (metrics.horizontalAdvance(text + u'国') <= width - 12)
+    while (metrics.horizontalAdvance(text + u'国') <= width - 12) {
         text += u'国';
+    }
     grid.GetRow(0)->SetText(SampleGrid::kName, text);
     Header()->resizeSection(SampleGrid::kName, width);
     EXPECT_EQ(TipAt(grid.View()->viewport(), grid.CellCenter(0, SampleGrid::kName)), QString());

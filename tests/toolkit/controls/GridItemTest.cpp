@@ -18,9 +18,10 @@ TEST(GridItem, BooleanOfEveryKindOfValue) {
                           {0, false},        {-2, true},          {QVariant(), false},
                           {u"true"_s, true}, {u"False"_s, false}, {u"1"_s, true},
                           {u"0"_s, false}};
-    for (const Case& each : cases)
+    for (const Case& each : cases) {
         EXPECT_EQ(CGridItem(each.value).GetBool(), each.expected)
             << each.value.toString().toStdString();
+    }
 }
 
 TEST(GridItem, ValueThatIsNoBooleanIsAFault) {

@@ -229,8 +229,9 @@ TEST(GridWithoutWindow, SortsStablyAndTheSelectionGoesWithItsRow) {
     grid.AddColumns();
     grid.Fill(4);
     const int numbers[] = {3, 1, 2, 1};
-    for (int index = 0; index < 4; ++index)
+    for (int index = 0; index < 4; ++index) {
         grid.GetRow(index)->SetText(SampleGrid::kNumber, numbers[index]);
+    }
     CGridRow* const firstOne = grid.GetRow(1);
     CGridRow* const secondOne = grid.GetRow(3);
     grid.SetCurSel(0);

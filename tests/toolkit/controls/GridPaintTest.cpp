@@ -42,8 +42,9 @@ struct GridPaint : ::testing::Test {
     [[nodiscard]] static int Count(const QImage& image, const QRect& area, const QColor& color) {
         int found = 0;
         for (int y = area.top(); y <= area.bottom(); ++y) {
-            for (int x = area.left(); x <= area.right(); ++x)
+            for (int x = area.left(); x <= area.right(); ++x) {
                 found += image.pixelColor(x, y) == color ? 1 : 0;
+            }
         }
         return found;
     }
@@ -51,8 +52,9 @@ struct GridPaint : ::testing::Test {
     [[nodiscard]] static int CountDark(const QImage& image, const QRect& area, int lightness) {
         int found = 0;
         for (int y = area.top(); y <= area.bottom(); ++y) {
-            for (int x = area.left(); x <= area.right(); ++x)
+            for (int x = area.left(); x <= area.right(); ++x) {
                 found += image.pixelColor(x, y).lightness() < lightness ? 1 : 0;
+            }
         }
         return found;
     }
@@ -63,8 +65,9 @@ TEST_F(GridPaint, SelectedRowIsTintedOverItsWholeWidth) {
     grid.SetCurSel(2);
     const QImage image = Shot();
     const int y = Cell(2, 0).top() + 1;
-    for (const int column : {SampleGrid::kNumber, SampleGrid::kName, SampleGrid::kLocate})
+    for (const int column : {SampleGrid::kNumber, SampleGrid::kName, SampleGrid::kLocate}) {
         EXPECT_EQ(image.pixelColor(Cell(2, column).left() + 1, y), Colors::Selection());
+    }
     EXPECT_EQ(image.pixelColor(Cell(0, 1).left() + 1, Cell(0, 1).top() + 1), QColor(Qt::white));
     EXPECT_EQ(image.pixelColor(Cell(1, 1).left() + 1, Cell(1, 1).top() + 1),
               Colors::AlternateRow());
@@ -234,11 +237,12 @@ TEST_F(GridPaint, TextStandsWhereItsColumnIsAligned) {
         const QImage image = Shot();
         int left = cell.right();
         int right = cell.left();
-        for (int x = cell.left(); x <= cell.right(); ++x)
+        for (int x = cell.left(); x <= cell.right(); ++x) {
             if (CountDark(image, QRect(x, cell.top(), 1, cell.height()), 120) > 0) {
                 left = qMin(left, x);
                 right = qMax(right, x);
             }
+        }
         return std::pair(left - cell.left(), cell.right() - right);
     };
     const auto [left, roomAfter] = ink(Qt::AlignLeft);
@@ -257,10 +261,13 @@ TEST_F(GridPaint, TheImageOfAHeaderStandsInItsMiddle) {
     QHeaderView* header = grid.View()->horizontalHeader();
     const QImage image = Render(header->viewport());
     QRect ink;
-    for (int y = 0; y < header->height(); ++y)
-        for (int x = 0; x < 19; ++x)
-            if (image.pixelColor(x, y) == Colors::TextAccent())
+    for (int y = 0; y < header->height(); ++y) {
+        for (int x = 0; x < 19; ++x) {
+            if (image.pixelColor(x, y) == Colors::TextAccent()) {
                 ink |= QRect(x, y, 1, 1);
+            }
+        }
+    }
     EXPECT_NEAR(ink.center().x(), 9, 1);
     EXPECT_NEAR(ink.center().y(), (header->height() - 1) / 2, 1);
 }
@@ -285,8 +292,9 @@ public:
         widget->installEventFilter(this);
     }
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Paint)
+        if (event->type() == QEvent::Paint) {
             m_area += static_cast<QPaintEvent*>(event)->region();
+        }
         return QObject::eventFilter(watched, event);
     }
     /// Since the last call.

@@ -44,8 +44,9 @@ struct GridMouse : ::testing::Test {
     }
     [[nodiscard]] QMenu* OpenMenu() const {
         for (QMenu* menu : grid.View()->findChildren<QMenu*>()) {
-            if (menu->isVisible())
+            if (menu->isVisible()) {
                 return menu;
+            }
         }
         return nullptr;
     }

@@ -42,8 +42,9 @@ double Contrast(const QColor& first, const QColor& second) {
 bool HasColor(const QImage& image, const QColor& color) {
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) == color)
+            if (image.pixelColor(x, y) == color) {
                 return true;
+            }
         }
     }
     return false;
@@ -101,8 +102,9 @@ TEST(Look, FaceIsTwelvePixelsAndWindowsNamesLeadToAnInstalledOne) {
     EXPECT_EQ(QApplication::font().pixelSize(), 12);
     EXPECT_EQ(toolkit::UiFont(18).pixelSize(), 18);
     const QString family = QFontInfo(toolkit::UiFont()).family();
-    for (const QString& name : {u"宋体"_s, u"SimSun"_s, u"微软雅黑"_s, u"Microsoft YaHei"_s})
+    for (const QString& name : {u"宋体"_s, u"SimSun"_s, u"微软雅黑"_s, u"Microsoft YaHei"_s}) {
         EXPECT_EQ(QFontInfo(QFont(name, 12)).family(), family) << name.toStdString();
+    }
 }
 
 TEST(Look, TipsShowTheirTextAsItStands) {
@@ -173,8 +175,9 @@ TEST(Icons, EveryNameThatTheProgramUsesHasADrawing) {
         ASSERT_FALSE(icon.isNull()) << name;
         const QImage image = icon.pixmap(16).toImage();
         int painted = 0;
-        for (int index = 0; index < 256; ++index)
+        for (int index = 0; index < 256; ++index) {
             painted += image.pixelColor(index % 16, index / 16).alpha() > 100 ? 1 : 0;
+        }
         EXPECT_GT(painted, 12) << name;
     }
     EXPECT_TRUE(toolkit::Icon(u"unknown"_s).isNull());
@@ -213,8 +216,9 @@ TEST(Look, EveryRoleOfThePaletteHasItsColour) {
     const QPalette palette = QApplication::palette();
     for (const QPalette::ColorRole role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText,
-          QPalette::ToolTipText})
+          QPalette::ToolTipText}) {
         EXPECT_EQ(palette.color(role), Colors::Text()) << role;
+    }
     EXPECT_EQ(palette.color(QPalette::Window), Colors::Window());
     EXPECT_EQ(palette.color(QPalette::Base), QColor(Qt::white));
     EXPECT_EQ(palette.color(QPalette::AlternateBase), Colors::AlternateRow());
@@ -254,12 +258,14 @@ TEST(Look, ASwatchIsFramedWithinItsArea) {
     toolkit::SwatchIcon(Qt::red).paint(&painter, QRect(2, 2, 12, 12));
     painter.end();
     const QColor frame = QColor(Qt::red).darker(140);
-    for (const QPoint& corner : {QPoint(2, 2), QPoint(13, 2), QPoint(2, 13), QPoint(13, 13)})
+    for (const QPoint& corner : {QPoint(2, 2), QPoint(13, 2), QPoint(2, 13), QPoint(13, 13)}) {
         EXPECT_EQ(image.pixel(corner), frame.rgb());
+    }
     EXPECT_EQ(image.pixelColor(3, 3), QColor(Qt::red));
     EXPECT_EQ(image.pixelColor(12, 12), QColor(Qt::red));
-    for (const QPoint& beside : {QPoint(1, 1), QPoint(14, 14), QPoint(14, 8), QPoint(8, 14)})
+    for (const QPoint& beside : {QPoint(1, 1), QPoint(14, 14), QPoint(14, 8), QPoint(8, 14)}) {
         EXPECT_EQ(image.pixelColor(beside), QColor(Qt::white));
+    }
 }
 
 } // namespace

@@ -62,8 +62,9 @@ TEST_F(PagingBar, ButtonsThatLeadNowhereAreDisabled) {
     const auto enabled = [&] {
         std::vector<bool> states;
         for (const QString& name :
-             {u"pagingFirst"_s, u"pagingPrevious"_s, u"pagingNext"_s, u"pagingLast"_s})
+             {u"pagingFirst"_s, u"pagingPrevious"_s, u"pagingNext"_s, u"pagingLast"_s}) {
             states.push_back(Button(name)->isEnabled());
+        }
         return states;
     };
     EXPECT_THAT(enabled(), ElementsAre(false, false, false, false));
@@ -214,8 +215,9 @@ TEST_F(PagingBar, ItsControlsStandSideBySideAtItsEnd) {
         Manager().Widget()->findChild<QLabel*>(u"pagingTotal"_s),
         Button(u"pagingNext"_s),
         Button(u"pagingLast"_s)};
-    for (size_t i = 1; i < order.size(); ++i)
+    for (size_t i = 1; i < order.size(); ++i) {
         EXPECT_EQ(order[i]->x(), order[i - 1]->geometry().right() + 1 + toolkit::kStep) << i;
+    }
     EXPECT_EQ(order.back()->geometry().right(), 399);
     for (const QString& name :
          {u"pagingFirst"_s, u"pagingPrevious"_s, u"pagingNext"_s, u"pagingLast"_s}) {

@@ -43,8 +43,9 @@ protected:
         layout->addWidget(button);
         QObject::connect(button, &QPushButton::clicked, Widget(),
                          [this] { EndDialog(DialogResult::Ok); });
-        if (endsAtOnce)
+        if (endsAtOnce) {
             EndDialog(DialogResult::Ok);
+        }
     }
 };
 
@@ -168,8 +169,9 @@ class EndsAtShow final : public QObject {
 public:
     explicit EndsAtShow(SampleDialog& dialog) : m_dialog(dialog) { qApp->installEventFilter(this); }
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Show && m_dialog.HasWindow() && watched == m_dialog.Widget())
+        if (event->type() == QEvent::Show && m_dialog.HasWindow() && watched == m_dialog.Widget()) {
             m_dialog.EndDialog(DialogResult::Ok);
+        }
         return QObject::eventFilter(watched, event);
     }
 

@@ -116,10 +116,11 @@ TEST_F(PromptOwners, TextsArePlainAndOnlyTheQuestionWithCancelStaysOnTop) {
             EXPECT_EQ(box.windowFlags().testFlag(Qt::WindowStaysOnTopHint), cancel);
             static_cast<QDialog&>(box).reject();
         });
-        if (cancel)
+        if (cancel) {
             EXPECT_FALSE(prompts.AskOkCancel(id, u"<b>文字</b>"_s));
-        else
+        } else {
             EXPECT_FALSE(prompts.AskYesNo(id, u"<b>文字</b>"_s));
+        }
     }
 }
 

@@ -54,8 +54,9 @@ QPoint SampleGrid::CellCenter(int row, int column) const {
 
 void SampleGrid::OnHeaderClick(int column) {
     headerClicks.push_back(column);
-    if (onHeader)
+    if (onHeader) {
         onHeader();
+    }
 }
 
 bool SampleGrid::CompareRows(const CGridRow& first, const CGridRow& second) const {
@@ -64,26 +65,30 @@ bool SampleGrid::CompareRows(const CGridRow& first, const CGridRow& second) cons
 
 void SampleGrid::OnQueryPage() {
     pages.push_back(GetCurrentPage());
-    if (onQuery)
+    if (onQuery) {
         onQuery();
+    }
 }
 
 void SampleGrid::OnIconCommand(int command, CGridRow& row) {
     iconCalls.push_back({command, row.GetRowId()});
-    if (onIcon)
+    if (onIcon) {
         onIcon();
+    }
 }
 
 void SampleGrid::OnDoubleClick(CGridRow& row, int column) {
     doubleClicks.push_back({row.GetRowId(), column});
-    if (onDoubleClick)
+    if (onDoubleClick) {
         onDoubleClick();
+    }
 }
 
 void SampleGrid::FillRowMenu(CGridRow& row, QMenu& menu) {
     Q_UNUSED(row);
-    for (const QString& action : menuActions)
+    for (const QString& action : menuActions) {
         menu.addAction(action);
+    }
 }
 
 SampleWindow::SampleWindow(SampleGrid& grid, QSize size) {

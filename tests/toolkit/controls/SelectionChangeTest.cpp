@@ -48,8 +48,9 @@ struct SelectionChangeTest : ::testing::Test {
         QTest::mouseMove(list->viewport(), place);
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place);
         // A release so soon after the list came up is the end of the click that dropped it down.
-        if (list->isVisible())
+        if (list->isVisible()) {
             QTest::keyClick(list, Qt::Key_Return);
+        }
     }
 
     void Turn(int delta) const {

@@ -31,12 +31,14 @@ QImage DrawnLine(const QString& text, int width = 100) {
 std::vector<int> InkRows(QWidget& widget) {
     const QImage image = Drawn(widget);
     std::vector<int> rows;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
             if (qGray(image.pixel(x, y)) < 100) {
                 rows.push_back(y);
                 break;
             }
+        }
+    }
     return rows;
 }
 
@@ -108,12 +110,14 @@ TEST(ColorStatic, FillsItsGroundAndCentresItsText) {
     EXPECT_EQ(image.pixelColor(79, 19), QColor(0xFF, 0xC0, 0));
     int left = 80;
     int right = 0;
-    for (int x = 0; x < 80; ++x)
-        for (int y = 0; y < 20; ++y)
+    for (int x = 0; x < 80; ++x) {
+        for (int y = 0; y < 20; ++y) {
             if (qGray(image.pixel(x, y)) < 80) {
                 left = qMin(left, x);
                 right = qMax(right, x);
             }
+        }
+    }
     EXPECT_NEAR((left + right) / 2, 40, 2);
 }
 
@@ -128,11 +132,12 @@ TEST(ColorStatic, ItsTextHasItsColourOnEveryGround) {
         const QImage image = Drawn(mark);
         int lighter = 0;
         int darker = 0;
-        for (int x = 0; x < 80; ++x)
+        for (int x = 0; x < 80; ++x) {
             for (int y = 0; y < 20; ++y) {
                 lighter += qGray(image.pixel(x, y)) > qGray(ground.rgb());
                 darker += qGray(image.pixel(x, y)) < qGray(ground.rgb());
             }
+        }
         EXPECT_EQ(lighter, 0);
         EXPECT_GT(darker, 5);
     }
@@ -166,8 +171,9 @@ TEST(TitledGroup, ItsFrameRunsThroughTheMiddleOfItsTitle) {
     EXPECT_NE(image.pixelColor(120, 69), QColor(Qt::white));
     EXPECT_EQ(image.pixelColor(9, line), QColor(Qt::white)) << "the line leaves room for the title";
     // Sharp: no pixel shares it with its neighbour.
-    for (const QPoint& edge : {QPoint(0, 40), QPoint(149, 40), QPoint(75, 69), QPoint(120, line)})
+    for (const QPoint& edge : {QPoint(0, 40), QPoint(149, 40), QPoint(75, 69), QPoint(120, line)}) {
         EXPECT_EQ(image.pixelColor(edge), toolkit::Colors::Frame()) << edge.x() << ' ' << edge.y();
+    }
 }
 
 TEST(StaticFilespec, ItsColourIsThePalettesOfItsState) {
@@ -183,9 +189,11 @@ TEST(StaticFilespec, ItsColourIsThePalettesOfItsState) {
     const auto redness = [&text] {
         const QImage image = Drawn(text);
         int sum = 0;
-        for (int y = 0; y < 40; ++y)
-            for (int x = 0; x < 100; ++x)
+        for (int y = 0; y < 40; ++y) {
+            for (int x = 0; x < 100; ++x) {
                 sum += image.pixelColor(x, y).red() - image.pixelColor(x, y).blue();
+            }
+        }
         return sum;
     };
     EXPECT_GT(redness(), 1000);
@@ -197,8 +205,9 @@ TEST(AutoLineStatic, OneLineStandsInTheMiddleUntilTheSecondHasItsPlace) {
     QWidget parent;
     CAutoLineStatic text(&parent);
     CStaticFilespec line(&parent);
-    for (QLabel* label : std::initializer_list<QLabel*>{&text, &line})
+    for (QLabel* label : std::initializer_list<QLabel*>{&text, &line}) {
         label->setText(u"国"_s);
+    }
     const int two = 2 * text.fontMetrics().lineSpacing();
     const auto drawnAlike = [&](int height) {
         text.resize(100, height);

@@ -40,14 +40,16 @@ struct TreeTest : ::testing::Test {
         window.activateWindow();
         static_cast<void>(QTest::qWaitForWindowActive(&window));
         root = tree->InsertItem(u"全部"_s);
-        for (const QString& name : {u"甲"_s, u"乙"_s, u"丙"_s})
+        for (const QString& name : {u"甲"_s, u"乙"_s, u"丙"_s}) {
             children.push_back(tree->InsertItem(name, root));
+        }
         tree->expandItem(root);
     }
     [[nodiscard]] QString States() const {
         QString text = QString::number(Tree::Get3StateCheck(*root)) + u':';
-        for (const QTreeWidgetItem* child : Tree::ChildrenOf(*root))
+        for (const QTreeWidgetItem* child : Tree::ChildrenOf(*root)) {
             text += QString::number(Tree::Get3StateCheck(*child));
+        }
         return text;
     }
     void ClickBox(QTreeWidgetItem* item) const {

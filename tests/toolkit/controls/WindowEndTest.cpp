@@ -203,10 +203,11 @@ TEST_F(WindowEndTest, TheWindowIsStillWholeWhenItsEndIsTold) {
         looking.widget = looking.Widget();
         looking.ShowRestored();
         looking.hadDate = looking.wasVisible = false;
-        if (byQt)
+        if (byQt) {
             delete looking.Widget();
-        else
+        } else {
             looking.Destroy();
+        }
         EXPECT_TRUE(looking.hadDate) << byQt;
         EXPECT_TRUE(looking.wasVisible) << byQt;
         support::RunPendingEvents();
@@ -296,8 +297,9 @@ struct ModalEndTest : WindowEndTest {
         form = std::make_unique<FormDialog>(told);
         QTimer look;
         QObject::connect(&look, &QTimer::timeout, &look, [&] {
-            if (!form->HasWindow() || !form->Widget()->isActiveWindow())
+            if (!form->HasWindow() || !form->Widget()->isActiveWindow()) {
                 return;
+            }
             look.stop();
             TypeIntoDate();
             end(*form);

@@ -34,13 +34,15 @@ protected:
 TEST_F(AmrFile, ANarrowFrameIsAsLongAsItsTypeSays) {
     const int sizes[] = {13, 14, 16, 18, 20, 21, 27, 32, 6};
     QByteArray file("#!AMR\n");
-    for (int type = 0; type < 9; ++type)
+    for (int type = 0; type < 9; ++type) {
         file += Frame(type, sizes[type]);
+    }
     file += Frame(15, 1);
     AmrReader reader = Opened(file);
     EXPECT_EQ(reader.Band(), AmrBand::Narrow);
-    for (int type = 0; type < 9; ++type)
+    for (int type = 0; type < 9; ++type) {
         EXPECT_EQ(reader.Next().size(), size_t(sizes[type])) << type;
+    }
     EXPECT_EQ(reader.Next().size(), 1U);
     EXPECT_TRUE(reader.Next().empty());
 }
@@ -48,13 +50,15 @@ TEST_F(AmrFile, ANarrowFrameIsAsLongAsItsTypeSays) {
 TEST_F(AmrFile, AWideFrameIsAsLongAsItsTypeSays) {
     const int sizes[] = {18, 24, 33, 37, 41, 47, 51, 59, 61, 6};
     QByteArray file("#!AMR-WB\n");
-    for (int type = 0; type < 10; ++type)
+    for (int type = 0; type < 10; ++type) {
         file += Frame(type, sizes[type]);
+    }
     file += Frame(14, 1) + Frame(15, 1);
     AmrReader reader = Opened(file);
     EXPECT_EQ(reader.Band(), AmrBand::Wide);
-    for (int type = 0; type < 10; ++type)
+    for (int type = 0; type < 10; ++type) {
         EXPECT_EQ(reader.Next().size(), size_t(sizes[type])) << type;
+    }
     EXPECT_EQ(reader.CountRest(), 2U);
 }
 
@@ -98,11 +102,13 @@ TEST_F(AmrFile, ATruncatedFrameAtTheEndIsLeftOut) {
 }
 
 TEST_F(AmrFile, TheFramesEndAtATypeThatSpeechDoesNotHave) {
-    for (int type = 9; type < 15; ++type)
+    for (int type = 9; type < 15; ++type) {
         EXPECT_EQ(FramesOf("#!AMR\n" + Frame(0, 13) + Frame(type, 9) + Frame(0, 13)), 1U) << type;
-    for (int type = 10; type < 14; ++type)
+    }
+    for (int type = 10; type < 14; ++type) {
         EXPECT_EQ(FramesOf("#!AMR-WB\n" + Frame(0, 18) + Frame(type, 9) + Frame(0, 18)), 1U)
             << type;
+    }
     AmrReader reader = Opened("#!AMR\n" + Frame(9, 9) + Frame(0, 13));
     EXPECT_TRUE(reader.Next().empty());
     EXPECT_TRUE(reader.Next().empty()) << "nothing is given behind the end";
@@ -110,8 +116,9 @@ TEST_F(AmrFile, TheFramesEndAtATypeThatSpeechDoesNotHave) {
 
 TEST_F(AmrFile, FramesAreWholeAcrossTheBlocksInWhichTheFileIsRead) {
     QByteArray file("#!AMR\n");
-    for (int i = 0; i < 9000; ++i)
+    for (int i = 0; i < 9000; ++i) {
         file += Frame(7, 32, char(i % 251));
+    }
     AmrReader reader = Opened(file);
     for (int i = 0; i < 9000; ++i) {
         const auto frame = reader.Next();

@@ -14,8 +14,9 @@ QImage Frames(ClipType clipType) {
     const bool stacked = clipType == ClipType::Stacked;
     QImage image(stacked ? QSize(10, 80) : QSize(40, 20), QImage::Format_RGB32);
     QPainter painter(&image);
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         painter.fillRect(stacked ? QRect(0, 20 * i, 10, 20) : QRect(10 * i, 0, 10, 20), kFrames[i]);
+    }
     return image;
 }
 
@@ -98,8 +99,9 @@ TEST(DirectUIButton, WithoutAnImageAnArrowStandsInItsPlace) {
     int left = 0;
     int right = 0;
     for (int y = 10; y < 40; ++y) {
-        for (int x = 10; x < 40; ++x)
+        for (int x = 10; x < 40; ++x) {
             (x < 25 ? left : right) += image.pixelColor(x, y) != QColor(Qt::white);
+        }
     }
     EXPECT_GT(left + right, 20);
     EXPECT_NE(Painted(button), image.mirrored(true, false)) << "it points to one side";

@@ -28,9 +28,10 @@ std::vector<T> Converted(const std::vector<qint16>& samples, const toolkit::PcmF
 
 std::vector<qint16> Tone(double hertz, int rate) {
     std::vector<qint16> samples;
-    for (int i = 0; i < rate; ++i)
+    for (int i = 0; i < rate; ++i) {
         samples.push_back(
             qint16(std::lround(10000 * std::sin(2 * std::numbers::pi * hertz * i / rate))));
+    }
     return samples;
 }
 

@@ -63,8 +63,9 @@ quint32 Crc32(const QByteArray& bytes) {
     quint32 sum = 0xFFFFFFFFU;
     for (const char byte : bytes) {
         sum ^= quint8(byte);
-        for (int bit = 0; bit < 8; ++bit)
+        for (int bit = 0; bit < 8; ++bit) {
             sum = (sum & 1U) != 0 ? 0xEDB88320U ^ (sum >> 1U) : sum >> 1U;
+        }
     }
     return ~sum;
 }

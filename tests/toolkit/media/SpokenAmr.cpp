@@ -21,8 +21,9 @@ constexpr int kWide2385 = 8;
 std::vector<short> ToneFrame(double hertz, int frame, int samples) {
     std::vector<short> sound;
     const double step = 2 * std::numbers::pi * hertz / (samples * 50.0);
-    for (int i = 0; i < samples; ++i)
+    for (int i = 0; i < samples; ++i) {
         sound.push_back(short(std::lround(kLoud * std::sin(step * (frame * samples + i)))));
+    }
     return sound;
 }
 
@@ -60,10 +61,12 @@ double PitchOf(std::span<const qint16> samples, int rate) {
     size_t first = 0;
     size_t last = 0;
     for (size_t i = margin + 1; i + margin < samples.size(); ++i) {
-        if (samples[i - 1] >= 0 || samples[i] < 0)
+        if (samples[i - 1] >= 0 || samples[i] < 0) {
             continue;
-        if (rises == 0)
+        }
+        if (rises == 0) {
             first = i;
+        }
         last = i;
         ++rises;
     }
@@ -72,8 +75,9 @@ double PitchOf(std::span<const qint16> samples, int rate) {
 
 double LoudnessOf(std::span<const qint16> samples) {
     double sum = 0;
-    for (const qint16 sample : samples)
+    for (const qint16 sample : samples) {
         sum += double(sample) * sample;
+    }
     return samples.empty() ? 0 : std::sqrt(sum / double(samples.size()));
 }
 

@@ -43,8 +43,9 @@ protected:
 /// Kilobytes that the process has in memory.
 qint64 ResidentKb() {
     QFile status(u"/proc/self/status"_s);
-    if (!status.open(QIODevice::ReadOnly))
+    if (!status.open(QIODevice::ReadOnly)) {
         return 0;
+    }
     const QByteArray text = status.readAll();
     const qsizetype at = text.indexOf("VmRSS:");
     return text.mid(at + 6, text.indexOf("kB", at) - at - 6).trimmed().toLongLong();
@@ -188,10 +189,12 @@ TEST_F(Player, EndsWithItsOwnerWhileANotePlays) {
         for (int i = 0; i < 50; ++i) {
             player = std::make_unique<WavePlayer>();
             Play(path);
-            if (i % 2 == 0)
+            if (i % 2 == 0) {
                 player->Stop();
-            if (i % 4 == 0)
+            }
+            if (i % 4 == 0) {
                 Play(path);
+            }
             player.reset();
             EXPECT_EQ(audio.Alive(), 0);
         }
@@ -216,8 +219,9 @@ TEST(AmrDecoder, DecodesWhateverAFrameHolds) {
     for (int round = 0; round < 2000; ++round) {
         const auto type = unsigned(random()) % 16;
         std::vector<unsigned char> frame(64);
-        for (unsigned char& byte : frame)
+        for (unsigned char& byte : frame) {
             byte = static_cast<unsigned char>(random());
+        }
         frame[0] = static_cast<unsigned char>(type << 3U | (random() & 0x87U));
         const size_t narrowSize = type < 9 ? size_t(narrow[type]) : 1;
         if (type < 9 || type == 15) {

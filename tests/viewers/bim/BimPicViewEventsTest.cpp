@@ -43,8 +43,9 @@ TEST_F(BimPicViewEventsTest, EnterAndEscapeDoNothingWhereverTheKeyboardIs) {
          {static_cast<QWidget*>(Pane().ReportButton()),
           static_cast<QWidget*>(Pane().Note().Button()), Pane().Widget(), Wrap().Widget()}) {
         control->setFocus();
-        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
             QTest::keyClick(control, key);
+        }
     }
     EXPECT_TRUE(Wrap().HasWindow());
     EXPECT_FALSE(Pane().Note().IsPlaying());
@@ -116,8 +117,9 @@ TEST_F(BimPicViewEventsTest, APhotoThatCannotBeReadLeavesThePhotoThatWaitsForThe
 }
 
 TEST_F(BimPicViewEventsTest, TheWheelStepsByItsNotchesAndPutsTheStripAtItsEdge) {
-    for (qint32 id = 4; id <= 30; ++id)
+    for (qint32 id = 4; id <= 30; ++id) {
         AddPhoto(id);
+    }
     ASSERT_TRUE(Open());
     const int visible = Pane().State().visibleCount;
     ASSERT_LT(visible + 2, 30);

@@ -68,8 +68,9 @@ TEST_F(BimPicViewWindowTest, AnotherPlaceOpenedWhileADetailIsFetchedIsTheOneThat
 TEST_F(BimPicViewWindowTest, TheWaitCursorShowsWhileTheServicesAreAskedAndNotInAMessage) {
     const auto waits = [] { return QGuiApplication::overrideCursor() != nullptr; };
     std::vector<bool> during;
-    for (const char* call : {"GetPicFilesByPosition", "GetBimPicDetail"})
+    for (const char* call : {"GetPicFilesByPosition", "GetBimPicDetail"}) {
         host.script.During(call, [&] { during.push_back(waits()); });
+    }
     host.script.FailNext("GetBimPicDetail");
     prompts.ExpectMessage(u"获取Vesk照片信息失败！"_s);
     prompts.Meanwhile([&] { during.push_back(waits()); });
@@ -187,10 +188,13 @@ TEST_F(BimPicViewWindowTest, TheNameOfTheMarkIsCentredOnItsColour) {
     ASSERT_TRUE(Open());
     const QImage painted = Texts().markText->grab().toImage();
     QRect ink;
-    for (int y = 0; y < painted.height(); ++y)
-        for (int x = 0; x < painted.width(); ++x)
-            if (qGray(painted.pixel(x, y)) < 128)
+    for (int y = 0; y < painted.height(); ++y) {
+        for (int x = 0; x < painted.width(); ++x) {
+            if (qGray(painted.pixel(x, y)) < 128) {
                 ink |= QRect(x, y, 1, 1);
+            }
+        }
+    }
     ASSERT_FALSE(ink.isEmpty());
     EXPECT_NEAR(ink.center().x(), painted.width() / 2, 2);
     EXPECT_NEAR(ink.center().y(), painted.height() / 2, 2);
@@ -254,6 +258,7 @@ TEST_F(BimPicViewWindowTest, EveryLineOfThePhotoIsFoundByItsName) {
         {u"uploaderText"_s, texts.uploaderText}, {u"uploadTimeText"_s, texts.uploadTimeText},
         {u"updaterText"_s, texts.updaterText},   {u"updateTimeText"_s, texts.updateTimeText},
         {u"labelText"_s, texts.labelText},       {u"descText"_s, texts.descText}};
-    for (const auto& [name, line] : lines)
+    for (const auto& [name, line] : lines) {
         EXPECT_EQ(Pane().Widget()->findChild<QWidget*>(name), line) << name.toStdString();
+    }
 }

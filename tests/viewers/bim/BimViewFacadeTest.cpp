@@ -155,8 +155,9 @@ TEST_F(BimViewFacadeTest, AFailureOfTheSecondLookupBringsTheConsoleBackToo) {
 }
 
 TEST_F(BimViewFacadeTest, QuickLookupsOneAfterTheOtherEndOnTheLast) {
-    for (const char* uuid : {"uuid1", "uuid2", "uuid3"})
+    for (const char* uuid : {"uuid1", "uuid2", "uuid3"}) {
         QFile::remove(folder.Path(PictureFolder() + QString::fromLatin1(uuid) + u".jpg"_s));
+    }
     LocateFirstRow();
     CVeskPicMngGrid& grid = *Console().Grid();
     grid.Manager()->LocateRow(*grid.GetRow(1));

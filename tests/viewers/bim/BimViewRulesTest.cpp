@@ -22,8 +22,9 @@ std::vector<PicFileEntry> FilesOf(std::initializer_list<qint32> ids) {
 
 std::vector<qint32> IdsOf(const std::vector<PicFileEntry>& files) {
     std::vector<qint32> ids;
-    for (const PicFileEntry& file : files)
+    for (const PicFileEntry& file : files) {
         ids.push_back(file.picId);
+    }
     return ids;
 }
 

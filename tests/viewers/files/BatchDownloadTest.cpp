@@ -26,8 +26,9 @@ protected:
         return {true, {uuid, name, folder.Path(u"cache/"_s + uuid + u".jpg"_s)}};
     }
     void Run(const std::vector<BatchRow>& rows, bool anyDone = true) {
-        if (anyDone)
+        if (anyDone) {
             prompts.ExpectYesNo(kBatchQuestion, false);
+        }
         DownloadRows(rows, out, toolkit::kNoWindow);
     }
     [[nodiscard]] QStringList Files() const {
@@ -82,8 +83,9 @@ TEST_F(BatchDownloadTest, TwoPhotosOfTheSameNameGetTheSecondANumber) {
 
 TEST_F(BatchDownloadTest, TheNumbersRunToThirtyOneAndThenThePhotoIsLeftOut) {
     folder.Write(u"out/a.jpg"_s, "old");
-    for (int n = 1; n <= 30; ++n)
+    for (int n = 1; n <= 30; ++n) {
         folder.Write(u"out/a(%1).jpg"_s.arg(n), "old");
+    }
     Run({Row(u"u1"_s, u"a.jpg"_s), Row(u"u2"_s, u"a.jpg"_s), Row(u"u3"_s, u"b.jpg"_s)});
     EXPECT_EQ(folder.Read(u"out/a(31).jpg"_s), "u1");
     EXPECT_FALSE(QFile::exists(folder.Path(u"out/a(32).jpg"_s)));

@@ -21,10 +21,12 @@ protected:
     /// The console with three photos of a kind that the store has.
     void Open(ConsoleMode mode) {
         FillService(host, mode, 3);
-        for (KX_DATA::BimPicRow& photo : host.pics.bimPics)
+        for (KX_DATA::BimPicRow& photo : host.pics.bimPics) {
             host.files.stored[photo.text8] = photo.fileName.toUtf8();
-        for (KX_DATA::PdfPicRecord& photo : host.pics.pdfPics)
+        }
+        for (KX_DATA::PdfPicRecord& photo : host.pics.pdfPics) {
             host.files.stored[photo.text1] = photo.fileName.toUtf8();
+        }
         Facade().ShowPicMng(mode);
         support::RunPendingEvents();
         QDir().mkpath(folder.Path(u"out"_s));
@@ -63,10 +65,12 @@ TEST_F(ConsoleDownload, AUuidThatLeadsOutOfTheFolderIsFetchedFromNowhere) {
         FillService(host, mode, 1);
         folder.Write(u"secret.jpg"_s, "secret");
         host.files.stored[u"../../secret"_s] = "written";
-        for (KX_DATA::BimPicRow& photo : host.pics.bimPics)
+        for (KX_DATA::BimPicRow& photo : host.pics.bimPics) {
             photo.text8 = u"../../secret"_s;
-        for (KX_DATA::PdfPicRecord& photo : host.pics.pdfPics)
+        }
+        for (KX_DATA::PdfPicRecord& photo : host.pics.pdfPics) {
             photo.text1 = u"../../secret"_s;
+        }
         Facade().ShowPicMng(mode);
         support::RunPendingEvents();
         QDir().mkpath(folder.Path(u"out"_s));

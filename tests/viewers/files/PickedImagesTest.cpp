@@ -95,8 +95,9 @@ TEST(SaveReducedJpeg, WhatIsNoPictureOrCantBeWrittenFails) {
 TEST(SaveReducedJpeg, OnAFullDiskItFailsAndKeepsTheOldFile) {
     const support::TempFolder folder;
     QImage noise(200, 200, QImage::Format_RGB32);
-    for (int i = 0; i < 200 * 200; ++i)
+    for (int i = 0; i < 200 * 200; ++i) {
         noise.setPixel(i % 200, i / 200, qRgb(i * 7919 % 256, i * 4729 % 256, i * 31 % 256));
+    }
     const QString source = folder.Write(u"a.png"_s, support::PngBytes(noise));
     const QString target = folder.Write(u"small.jpg"_s, "old");
     const support::FileSizeLimit limit(1'000);

@@ -59,8 +59,9 @@ public:
         }
     }
     ~HeldDecoders() {
-        for (const int writer : m_writers)
+        for (const int writer : m_writers) {
             close(writer);
+        }
     }
     HeldDecoders(const HeldDecoders&) = delete;
     HeldDecoders& operator=(const HeldDecoders&) = delete;
@@ -89,8 +90,9 @@ TEST_F(DecodersTest, DecodersDoJobsAndTell) {
         gallery::DecodeInBackground(jobs.back(), gallery::Urgency::Ahead);
     }
     EXPECT_TRUE(support::WaitFor([&] { return told.load() == 20; }));
-    for (int i = 0; i < 20; ++i)
+    for (int i = 0; i < 20; ++i) {
         EXPECT_EQ(jobs[size_t(i)]->Get().pixelColor(5, 5), QColor(i * 10, 0, 0));
+    }
 }
 
 TEST_F(DecodersTest, WorkIsSharedWithWhoeverWaits) {
@@ -167,16 +169,18 @@ TEST_F(DecodersTest, TheCacheKeepsAFewAndPreparesTheNext) {
     EXPECT_TRUE(cache.Find(next).isNull());
     cache.Prepare(next, {20, 20});
     EXPECT_TRUE(support::WaitFor([&] { return !cache.Find(next).isNull(); }));
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         (void)cache.Get(Picture(u"c%1"_s.arg(i), Qt::green), {20, 20});
+    }
     EXPECT_TRUE(cache.Find(first).isNull()) << "the oldest goes first";
 }
 
 TEST_F(DecodersTest, TheCacheHoldsFewerOfLargerPictures) {
     gallery::PictureCache cache;
     const QSize large(3000, 2000);
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         (void)cache.Get(Picture(u"c%1"_s.arg(i), Qt::green), large);
+    }
     EXPECT_TRUE(cache.Find(folder.Path(u"c0"_s)).isNull());
     EXPECT_FALSE(cache.Find(folder.Path(u"c1"_s)).isNull());
     EXPECT_FALSE(cache.Find(folder.Path(u"c2"_s)).isNull());
@@ -243,10 +247,12 @@ TEST_F(DecodersTest, WhatIsWantedIsDecodedBeforeWhatMayBe) {
 TEST_F(DecodersTest, TheCacheKeepsFourSmallPicturesAndTheOneAskedForLastLongest) {
     gallery::PictureCache cache;
     QStringList paths;
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 5; ++i) {
         paths << Picture(u"c%1"_s.arg(i), Qt::green);
-    for (int i = 0; i < 4; ++i)
+    }
+    for (int i = 0; i < 4; ++i) {
         (void)cache.Get(paths[i], {20, 20});
+    }
     EXPECT_FALSE(cache.Find(paths[0]).isNull()) << "four have room";
     (void)cache.Get(paths[0], {20, 20});
     (void)cache.Get(paths[4], {20, 20});
@@ -259,8 +265,9 @@ TEST_F(DecodersTest, TheCacheKeepsFourSmallPicturesAndTheOneAskedForLastLongest)
 TEST_F(DecodersTest, TheCacheCountsFourBytesForAPixel) {
     const auto kept = [this](const QSize& size) {
         gallery::PictureCache cache;
-        for (int i = 0; i < 3; ++i)
+        for (int i = 0; i < 3; ++i) {
             (void)cache.Get(Picture(u"c%1"_s.arg(i), Qt::green), size);
+        }
         return !cache.Find(folder.Path(u"c0"_s)).isNull();
     };
     EXPECT_FALSE(kept({2000, 1700})) << "40.8 million bytes";

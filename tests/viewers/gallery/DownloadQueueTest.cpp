@@ -180,14 +180,16 @@ TEST_F(DownloadQueue, OfTwoGalleriesThatWaitAtOnceOnlyTheFirstRepaintsItsStrip) 
     second.Widget()->resize(500, 400);
     second.Widget()->show();
     auto others = InStore(2, false);
-    for (GalleryItem& item : others)
+    for (GalleryItem& item : others) {
         item.picPath += u".other"_s;
+    }
     second.SetPicItems(others);
     // An end that belongs to no item of either list has the queues go on.
-    for (const toolkit::WindowId window : {gallery->Id(), second.Id()})
+    for (const toolkit::WindowId window : {gallery->Id(), second.Id()}) {
         toolkit::PostWindowEvent(window, gallery::kDownloadDone, 0, 0,
                                  std::make_unique<gallery::KeyPayload>(
                                      gallery::DownloadKey{99, gallery::DownloadKind::Picture}));
+    }
     ASSERT_TRUE(support::WaitFor([this] { return gallery->timersTold.size() >= 3; }));
     EXPECT_TRUE(second.timersTold.empty()) << "one flag for the whole process";
     EXPECT_EQ(State().activeDownloads, 1);
@@ -315,8 +317,9 @@ TEST_F(DownloadQueue, GalleriesThatComeAndGoDuringDownloadsTakeNoHarm) {
     for (int round = 0; round < 20; ++round) {
         Open(round % 2 == 0);
         SetItems(items, round % 4);
-        if (round % 3 == 0)
+        if (round % 3 == 0) {
             support::RunPendingEvents();
+        }
         gallery->Destroy();
         QDir(folder.Path(u"cache"_s)).removeRecursively();
     }

@@ -26,8 +26,9 @@ protected:
     [[nodiscard]] QAccessibleInterface* Child(const QString& name) {
         for (int at = 0; at < PaneAccess()->childCount(); ++at) {
             QAccessibleInterface* child = PaneAccess()->child(at);
-            if (child->text(QAccessible::Name) == name && !child->state().invisible)
+            if (child->text(QAccessible::Name) == name && !child->state().invisible) {
                 return child;
+            }
         }
         return nullptr;
     }
@@ -85,8 +86,9 @@ TEST_F(GalleryAccess, AChangeOfStateIsToldOnce) {
     gallery->SelectPic(9, gallery::kCurrentLast);
     ASSERT_GE(told.size(), 1);
     std::vector<int> buttons;
-    for (const QList<QVariant>& one : told)
+    for (const QList<QVariant>& one : told) {
         buttons.push_back(one.front().toInt());
+    }
     EXPECT_THAT(buttons, testing::UnorderedElementsAre(gallery::kNextPic, gallery::kThumbRight,
                                                        gallery::kThumbDown));
     told.clear();

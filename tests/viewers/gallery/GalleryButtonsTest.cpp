@@ -129,8 +129,10 @@ TEST_F(GalleryButtons, APaneThatOutlivesItsGalleryTakesEveryEventAndDoesNothing)
         QEvent leave(QEvent::Leave);
         QEvent screen(QEvent::ScreenChangeInternal);
         QHelpEvent help(QEvent::ToolTip, QPoint(5, 5), QPoint(5, 5));
-        for (QEvent* event : std::initializer_list<QEvent*>{&move, &wheel, &leave, &screen, &help})
+        for (QEvent* event :
+             std::initializer_list<QEvent*>{&move, &wheel, &leave, &screen, &help}) {
             QApplication::sendEvent(&pane, event);
+        }
         QTest::keyClick(&pane, Qt::Key_Right);
         pane.PressButton(0);
         (void)pane.grab();

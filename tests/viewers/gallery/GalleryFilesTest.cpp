@@ -170,20 +170,23 @@ TEST_F(GalleryFiles, WordOfABadPictureMarksTheCurrentOneAloneAndOnlyWhileItDoesN
     const auto marked = [this] {
         std::vector<int> indices;
         for (int i = 0; i < State().Count(); ++i) {
-            if (State().items[size_t(i)].unreadable)
+            if (State().items[size_t(i)].unreadable) {
                 indices.push_back(i);
+            }
         }
         return indices;
     };
     SetItems(OnDisk(3), 1);
     ASSERT_EQ(PixelAt(PictureMiddle()), ColourOf(1));
-    for (const int index : {-1, 0, 1, 2, 3})
+    for (const int index : {-1, 0, 1, 2, 3}) {
         tell(index);
+    }
     EXPECT_TRUE(marked().empty()) << "it shows by now";
     ShowFile("no picture");
     ASSERT_TRUE(SaysNoPicture());
-    for (const int index : {-1, 0, 2, 3})
+    for (const int index : {-1, 0, 2, 3}) {
         tell(index);
+    }
     EXPECT_TRUE(marked().empty());
     tell(1);
     EXPECT_EQ(marked(), std::vector<int>{1});

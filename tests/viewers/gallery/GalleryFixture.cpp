@@ -37,8 +37,9 @@ void GalleryFixture::Open(bool visible, bool horizontal) {
     gallery->horizontal = horizontal;
     gallery->Create(toolkit::kNoWindow);
     Pane()->resize(500, 400);
-    if (visible)
+    if (visible) {
         Pane()->show();
+    }
     support::RunPendingEvents();
     Log().Clear();
 }
@@ -49,9 +50,10 @@ QColor GalleryFixture::ColourOf(int index) {
 
 std::vector<GalleryItem> GalleryFixture::OnDisk(int count) {
     QStringList paths;
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < count; ++i) {
         paths.append(
             folder.Write(u"pics/d%1.jpg"_s.arg(i, 3, 10, QChar(u'0')), Picture(i, ColourOf(i))));
+    }
     return support::FolderGallery::ItemsOf(paths);
 }
 
@@ -87,8 +89,9 @@ bool GalleryFixture::SaysNoPicture() {
     middle.moveCenter(PictureMiddle());
     int navy = 0;
     for (int y = middle.top(); y <= middle.bottom(); ++y) {
-        for (int x = middle.left(); x <= middle.right(); ++x)
+        for (int x = middle.left(); x <= middle.right(); ++x) {
             navy += support::IsNear(shown.pixelColor(x, y), QColor(0x15, 0x42, 0x8B), 60);
+        }
     }
     const QColor corner = shown.pixelColor(State().bigArea.center() - QPoint(60, 60));
     return navy > 60 && corner == support::kPaneColour;

@@ -90,11 +90,13 @@ TEST_F(GalleryInput, KeysStopAtTheEndsOfTheList) {
 
 TEST_F(GalleryInput, TheStripFollowsTheStepsFromItsEdge) {
     EXPECT_EQ(State().visible, (ItemRange{0, 3}));
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         Key(Qt::Key_Right);
+    }
     EXPECT_EQ(State().visible, (ItemRange{1, 4}));
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         Key(Qt::Key_Left);
+    }
     EXPECT_EQ(State().visible, (ItemRange{0, 3}));
 }
 
@@ -181,8 +183,9 @@ TEST_F(GalleryInput, EnterAndEscapeLeaveTheDialogOpen) {
     int returns = 0;
     QObject::connect(&edit, &QLineEdit::returnPressed, [&] { ++returns; });
     for (QWidget* target : {Pane(), static_cast<QWidget*>(&edit)}) {
-        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
             QTest::keyClick(target, key);
+        }
     }
     EXPECT_TRUE(gallery->HasWindow());
     EXPECT_TRUE(Pane()->isVisible());
@@ -285,8 +288,9 @@ TEST_F(GalleryInput, ANewLayoutForgetsTheThumbnailUnderTheMouse) {
     ASSERT_EQ(State().hoverIndex, 2);
     gallery->PageStrip(true);
     EXPECT_EQ(State().hoverIndex, -1);
-    for (int i = State().visible.first; i <= State().visible.last; ++i)
+    for (int i = State().visible.first; i <= State().visible.last; ++i) {
         EXPECT_NE(PixelAt(State().items[size_t(i)].thumbRect.topLeft() - QPoint(3, 3)), hover) << i;
+    }
     QTest::mouseMove(Pane(), {1, 1});
     QTest::mouseMove(Pane(), ThumbMiddle(5));
     ASSERT_EQ(State().hoverIndex, 5);

@@ -24,8 +24,9 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() != Qt::Key_Control && event->key() != Qt::Key_Alt)
+        if (event->key() != Qt::Key_Control && event->key() != Qt::Key_Alt) {
             keys.push_back(event->key());
+        }
     }
 };
 
@@ -51,8 +52,9 @@ TEST_F(GalleryKeys, WithControlOrAltTheyDoNotStep) {
     for (const Qt::KeyboardModifiers modifiers :
          {Qt::KeyboardModifiers(Qt::ControlModifier), Qt::KeyboardModifiers(Qt::AltModifier),
           Qt::ControlModifier | Qt::AltModifier}) {
-        for (const Qt::Key key : steps)
+        for (const Qt::Key key : steps) {
             QTest::keyClick(Pane(), key, modifiers);
+        }
     }
     EXPECT_THAT(gallery->told, IsEmpty());
     EXPECT_EQ(State().visible, before);
@@ -66,8 +68,9 @@ TEST_F(GalleryKeys, WithShiftAndOnTheKeypadTheyStep) {
 
 TEST_F(GalleryKeys, WhatStepsDoesNotReachTheControl) {
     KeyTaker control(Pane());
-    for (const Qt::Key key : steps)
+    for (const Qt::Key key : steps) {
         QTest::keyClick(&control, key);
+    }
     EXPECT_THAT(control.keys, IsEmpty());
     EXPECT_EQ(State().currentIndex, 19) << "End was the last";
 }
@@ -101,10 +104,12 @@ TEST_F(GalleryKeys, CopyingIsNotHandedOnToTheWindowAround) {
     gallery->Create(id);
     SetItems(OnDisk(3));
     QTest::keyClick(Pane(), Qt::Key_C, Qt::ControlModifier);
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape})
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
         QTest::keyClick(Pane(), key);
-    for (const Qt::Key key : steps)
+    }
+    for (const Qt::Key key : steps) {
         QTest::keyClick(Pane(), key);
+    }
     EXPECT_THAT(window.keys, IsEmpty());
     QTest::keyClick(Pane(), Qt::Key_A);
     EXPECT_THAT(window.keys, ElementsAre(Qt::Key_A));

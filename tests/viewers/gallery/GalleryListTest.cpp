@@ -23,8 +23,9 @@ TEST_F(GalleryList, AnEmptyListShowsNoPictureDisablesTheButtonsAndStartsNothing)
     Log().Clear();
     gallery->told.clear();
     SetItems({});
-    for (const CDirectUIButton& button : State().buttons)
+    for (const CDirectUIButton& button : State().buttons) {
         EXPECT_FALSE(button.IsEnabled());
+    }
     EXPECT_TRUE(SaysNoPicture());
     EXPECT_EQ(PixelAt({100, 340}), support::kPaneColour) << "the old thumbnails are gone";
     EXPECT_EQ(Log().CountOf("StartDownload"), 0);
@@ -46,8 +47,9 @@ TEST_F(GalleryList, PicturesOnDiskAreShownByTheFirstPaintAndNotFetched) {
     EXPECT_THAT(gallery->told, ElementsAre(2));
     const QImage shown = Shown();
     EXPECT_EQ(shown.pixelColor(PictureMiddle()), ColourOf(2));
-    for (int i = State().visible.first; i <= State().visible.last; ++i)
+    for (int i = State().visible.first; i <= State().visible.last; ++i) {
         EXPECT_EQ(shown.pixelColor(ThumbMiddle(i)), ColourOf(i)) << i;
+    }
     EXPECT_EQ(Log().CountOf("StartDownload"), 0);
     EXPECT_EQ(State().items[9].picState, kOnDisk);
     EXPECT_EQ(State().items[0].audioState, kNothingToFetch);

@@ -40,8 +40,9 @@ QImage Painted(const Cell& cell, qreal ratio = 1) {
 int CountNear(const QImage& image, const QRect& rect, const QColor& colour, int tolerance = 40) {
     int count = 0;
     for (int y = rect.top(); y <= rect.bottom(); ++y) {
-        for (int x = rect.left(); x <= rect.right(); ++x)
+        for (int x = rect.left(); x <= rect.right(); ++x) {
             count += IsNear(image.pixelColor(x, y), colour, tolerance);
+        }
     }
     return count;
 }
@@ -57,8 +58,9 @@ const QColor kBandColour(124, 136, 149);
 GalleryState WideState() {
     GalleryState state;
     state.items.resize(20);
-    for (GalleryItem& item : state.items)
+    for (GalleryItem& item : state.items) {
         item.picState = kOnDisk;
+    }
     state.stripBar.maxPos = 19;
     gallery::PlaceAreas(state, QRect(0, 0, 500, 295), QRect(5, 300, 490, 95),
                         [](int) { return QSize(300, 200); });
@@ -91,8 +93,9 @@ TEST(GalleryPainter, EveryStateSaysSomethingElse) {
                                      Painted(SampleCell(kDownloading)),
                                      Painted(SampleCell(kDownloadFailedState)), Painted(gone)};
     for (size_t i = 0; i < images.size(); ++i) {
-        for (size_t j = 0; j < i; ++j)
+        for (size_t j = 0; j < i; ++j) {
             EXPECT_NE(images[i], images[j]) << i << " and " << j;
+        }
     }
     EXPECT_GT(CountNear(images[2], Band(), QColor(255, 0, 0), 60), 40) << "failed: red text";
     EXPECT_GT(CountNear(images[3], Band(), Qt::white), 60);
@@ -118,8 +121,9 @@ TEST(GalleryPainter, TheProgressBandGrowsWithThePercent) {
         const QImage image = Painted(cell);
         const int row = Band().top() + 1;
         int filled = 0;
-        for (int x = Band().left(); x <= Band().right(); ++x)
+        for (int x = Band().left(); x <= Band().right(); ++x) {
             filled += IsNear(image.pixelColor(x, row), accent, 1);
+        }
         EXPECT_EQ(filled, 92 * percent / 100) << percent;
         EXPECT_GT(CountNear(image, Band(), Qt::white), 15) << percent;
         EXPECT_EQ(image.pixelColor(60, Band().top()), kBandColour) << "its edge stays";

@@ -111,8 +111,9 @@ TEST_F(GalleryPicturesTest, OnlyWhatIsFetchedAndHasACoverAndNoThumbnailYetIsAske
 
 TEST_F(GalleryPicturesTest, ThumbnailsFartherThanFortyEightFromTheRangeAreFreed) {
     std::vector<GalleryItem> items(200);
-    for (GalleryItem& item : items)
+    for (GalleryItem& item : items) {
         item.thumbDC = std::make_shared<CKxMemDC>(support::OneColour({2, 2}, Qt::red));
+    }
     pictures.WantThumbs(items, {100, 103}, 1, toolkit::kNoWindow);
     EXPECT_FALSE(items[51].thumbDC);
     EXPECT_TRUE(items[52].thumbDC);
@@ -216,8 +217,9 @@ protected:
     SharpPart() {
         QImage ruler(1200, 900, QImage::Format_RGB32);
         for (int y = 0; y < ruler.height(); ++y) {
-            for (int x = 0; x < ruler.width(); ++x)
+            for (int x = 0; x < ruler.width(); ++x) {
                 ruler.setPixel(x, y, qRgb(x % 256, y % 256, (x / 256) * 16 + y / 256));
+            }
         }
         Show(ruler, {600, 450}, 1);
     }
@@ -347,8 +349,9 @@ TEST_F(SharpPart, NobodyIsToldOfWhatIsForgottenWhileItIsDecoded) {
             writer = open(path.toLocal8Bit().constData(), O_WRONLY | O_NONBLOCK);
             return writer >= 0;
         }));
-        if (forgotten)
+        if (forgotten) {
             pictures.ForgetSharp();
+        }
         close(writer);
         gallery::JoinDecoders();
         support::RunPendingEvents();

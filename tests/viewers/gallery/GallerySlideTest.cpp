@@ -45,8 +45,9 @@ protected:
         std::vector<QImage> frames;
         FrameClock frameClock([&] { frames.push_back(Shown()); });
         action();
-        for (const int pause : frameClock.sleeps)
+        for (const int pause : frameClock.sleeps) {
             EXPECT_EQ(pause, 10);
+        }
         return frames;
     }
 };
@@ -113,13 +114,15 @@ TEST_F(GallerySlide, TheStepButtonsStayAboveTheSlide) {
     QPoint ink;
     for (int y = button.top(); y <= button.bottom() && ink.isNull(); ++y) {
         for (int x = button.left(); x <= button.right(); ++x) {
-            if (before.pixelColor(x, y).blue() > before.pixelColor(x, y).red() + 60)
+            if (before.pixelColor(x, y).blue() > before.pixelColor(x, y).red() + 60) {
                 ink = {x, y};
+            }
         }
     }
     ASSERT_FALSE(ink.isNull()) << "the button shows something";
-    for (const QImage& frame : frames)
+    for (const QImage& frame : frames) {
         EXPECT_EQ(frame.pixelColor(ink), before.pixelColor(ink));
+    }
 }
 
 TEST_F(GallerySlide, TheStripSlidesByTheCellsThatLeaveIt) {

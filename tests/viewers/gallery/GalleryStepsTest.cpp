@@ -47,8 +47,9 @@ TEST_F(GalleryStepsTest, TheStepsMoveTheStripByTheirModes) {
     EXPECT_EQ(State().visible, (ItemRange{8, 11}));
     Key(Qt::Key_Home);
     EXPECT_EQ(State().visible, (ItemRange{0, 3}));
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         Key(Qt::Key_Right);
+    }
     EXPECT_EQ(State().visible, (ItemRange{1, 4})) << "the current one last";
     Key(Qt::Key_PageDown);
     Key(Qt::Key_PageDown);

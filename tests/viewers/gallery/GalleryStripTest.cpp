@@ -90,10 +90,11 @@ TEST_F(GalleryStrip, APaintDecodesNothingAndACellIsPaintedWhenItsPictureComes) {
     decoders.LetGo();
     EXPECT_TRUE(support::WaitFor([this] { return HasThumb(1) && HasThumb(2) && HasThumb(3); }));
     EXPECT_FALSE(HasThumb(4)) << "nobody sees it";
-    for (int i = 1; i <= 3; ++i)
+    for (int i = 1; i <= 3; ++i) {
         EXPECT_TRUE(support::WaitFor([&] {
             return OnScreen().pixelColor(ThumbMiddle(i)) == ColourOf(i);
         })) << i;
+    }
 }
 
 TEST_F(GalleryStrip, WhatIsOnItsWayForCellsThatAreGoneIsGivenUp) {
@@ -127,10 +128,11 @@ TEST_F(GalleryStrip, AListReplacedWhileItsCellsAreDecodedGetsNoneOfThem) {
     SetItems({items[4], items[5], items[6], items[7]});
     decoders.LetGo();
     EXPECT_TRUE(support::WaitFor([this] { return HasThumb(1) && HasThumb(2) && HasThumb(3); }));
-    for (int i = 1; i <= 3; ++i)
+    for (int i = 1; i <= 3; ++i) {
         EXPECT_TRUE(support::WaitFor([&] {
             return OnScreen().pixelColor(ThumbMiddle(i)) == ColourOf(i + 4);
         })) << i;
+    }
 }
 
 TEST_F(GalleryStrip, APaintLooksAtNoFileTheNextLookAtTheStripDoes) {
@@ -161,6 +163,7 @@ TEST_F(GalleryStrip, APageSlidesWithItsPicturesInIt) {
     SetItems(OnDisk(12));
     EXPECT_TRUE(support::WaitFor([this] { return HasThumb(3); }));
     gallery->PageStrip(true);
-    for (int i = 4; i <= 7; ++i)
+    for (int i = 4; i <= 7; ++i) {
         EXPECT_TRUE(HasThumb(i)) << i;
+    }
 }

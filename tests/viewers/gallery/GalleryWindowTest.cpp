@@ -159,8 +159,9 @@ TEST_F(GalleryWindow, AnObjectThatDiesLeavesItsPaneToTheEventLoop) {
     SetItems(OnDisk(5));
     const QPointer<QWidget> pane = Pane();
     gallery.reset();
-    if (pane)
+    if (pane) {
         QTest::keyClick(pane, Qt::Key_Right);
+    }
     support::RunPendingEvents();
     EXPECT_TRUE(pane.isNull());
 }
@@ -180,8 +181,9 @@ TEST_F(GalleryWindow, ButtonImagesComeFromTheWorkFolder) {
 
 TEST_F(GalleryWindow, TheClientsImagesDressAllSixButtonsAndTheWaitingCells) {
     const QDir images(QCoreApplication::applicationDirPath() + u"/work"_s);
-    for (const QString& name : images.entryList(QDir::Files))
+    for (const QString& name : images.entryList(QDir::Files)) {
         QFile::copy(images.filePath(name), folder.Path(u"work/"_s + name));
+    }
     gallery = std::make_unique<support::FolderGallery>();
     folder.Write(u"module.log"_s, "");
     Open();
@@ -189,8 +191,9 @@ TEST_F(GalleryWindow, TheClientsImagesDressAllSixButtonsAndTheWaitingCells) {
     SetItems(InStore(10, false), 5);
     ASSERT_TRUE(WaitForDownloads());
     EXPECT_FALSE(ModuleLog().contains(u"找不到图片文件"_s));
-    for (const CDirectUIButton& button : State().buttons)
+    for (const CDirectUIButton& button : State().buttons) {
         EXPECT_TRUE(button.HasImage()) << button.id;
+    }
     const QRect next = State().buttons[gallery::kNextPic].rect;
     const QPoint plate = next.topLeft() + QPoint(8, 8);
     QTest::mouseMove(Pane(), next.center());
@@ -209,8 +212,9 @@ TEST_F(GalleryWindow, ItsOwnEventsAreAnsweredAndOthersAreNot) {
     Open();
     SetItems(OnDisk(2));
     for (const int number : {gallery::kSharpPartReady, gallery::kThumbReady, gallery::kPaneShown,
-                             gallery::kPictureUnreadable})
+                             gallery::kPictureUnreadable}) {
         EXPECT_EQ(toolkit::SendWindowEvent(gallery->Id(), number), 1) << number;
+    }
     EXPECT_EQ(toolkit::SendWindowEvent(gallery->Id(), 4711), 0);
 }
 

@@ -22,8 +22,9 @@ namespace {
 QImage Ruler() {
     QImage image(1200, 900, QImage::Format_RGB32);
     for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
+        for (int x = 0; x < image.width(); ++x) {
             image.setPixel(x, y, qRgb(x % 256, y % 256, (x / 256) * 16 + y / 256));
+        }
     }
     return image;
 }
@@ -62,8 +63,9 @@ TEST_F(GalleryZoom, ADoubleClickShowsOneImagePixelOnOneScreenPixel) {
     EXPECT_EQ(State().zoom.scale, 1);
     const QPoint corner =
         gallery::ZoomedRect(State().zoom, gallery::ViewOf(State(), 1)).topLeft().toPoint();
-    for (const QPoint& point : {QPoint(120, 60), QPoint(121, 60), QPoint(400, 250)})
+    for (const QPoint& point : {QPoint(120, 60), QPoint(121, 60), QPoint(400, 250)}) {
         EXPECT_TRUE(WaitForPixel(point, point - corner));
+    }
     DoubleClick(PictureMiddle());
     EXPECT_TRUE(State().zoom.fit);
 }
@@ -106,8 +108,9 @@ TEST_F(GalleryZoom, AStepGoesBackToFitted) {
 
 TEST_F(GalleryZoom, ZoomingOutEndsFitted) {
     DoubleClick(PictureMiddle());
-    for (int i = 0; i < 12; ++i)
+    for (int i = 0; i < 12; ++i) {
         Wheel(-120, PictureMiddle());
+    }
     EXPECT_TRUE(State().zoom.fit);
 }
 

@@ -40,8 +40,9 @@ protected:
     void Settle() {
         ASSERT_TRUE(support::WaitFor([this] {
             for (int i = State().visible.first; i <= State().visible.last; ++i) {
-                if (!State().items[size_t(i)].thumbDC)
+                if (!State().items[size_t(i)].thumbDC) {
                     return false;
+                }
             }
             return true;
         }));

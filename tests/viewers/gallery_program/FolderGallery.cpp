@@ -36,8 +36,9 @@ QStringList FolderGallery::PicturesIn(const QString& folder) {
     const QDir dir(folder);
     for (const QString& name :
          dir.entryList({u"*.jpg"_s, u"*.jpeg"_s, u"*.png"_s, u"*.gif"_s, u"*.bmp"_s}, QDir::Files,
-                       QDir::Name))
+                       QDir::Name)) {
         paths.append(dir.filePath(name));
+    }
     return paths;
 }
 
@@ -54,14 +55,15 @@ void FolderGallery::OnClose() {
 
 void FolderGallery::LayOut() {
     const QSize size = Widget()->size();
-    if (horizontal)
+    if (horizontal) {
         SetPicRects(QRect(0, 0, size.width(), size.height() - kStripHeight - 2 * kGap),
                     QRect(kGap, size.height() - kStripHeight - kGap, size.width() - 2 * kGap,
                           kStripHeight));
-    else
+    } else {
         SetPicRects(
             QRect(0, 0, size.width() - kStripWidth - 2 * kGap, size.height()),
             QRect(size.width() - kStripWidth - kGap, kGap, kStripWidth, size.height() - 2 * kGap));
+    }
 }
 
 } // namespace support

@@ -31,8 +31,9 @@ QString OwnWorkFolder() {
 
 /// The plain gallery, or the one with the player where there is something to play.
 std::unique_ptr<CPicViewDlg> GalleryFor(const std::vector<GalleryItem>& items, bool vertical) {
-    if (!vertical && support::NotedGallery::HasNotes(items))
+    if (!vertical && support::NotedGallery::HasNotes(items)) {
         return std::make_unique<support::NotedGallery>();
+    }
     auto gallery = std::make_unique<support::FolderGallery>();
     gallery->horizontal = !vertical;
     return gallery;
@@ -60,8 +61,9 @@ int main(int argc, char** argv) {
          {u"shot"_s, u"saves a picture of the window and ends"_s, u"FILE"_s}});
     options.process(app);
     const QStringList arguments = options.positionalArguments();
-    if (arguments.size() != 1)
+    if (arguments.size() != 1) {
         options.showHelp(2);
+    }
 
     support::ScriptedHost host;
     const QTemporaryDir root;
@@ -76,7 +78,8 @@ int main(int argc, char** argv) {
     gallery->SetCurrentIndex(options.value(u"index"_s).toInt());
     gallery->SetPicItems(items);
     std::printf("%d pictures\n", int(items.size()));
-    if (options.isSet(u"shot"_s))
+    if (options.isSet(u"shot"_s)) {
         QTimer::singleShot(0, &app, [&] { SaveAndQuit(*gallery, options.value(u"shot"_s)); });
+    }
     return QApplication::exec();
 }

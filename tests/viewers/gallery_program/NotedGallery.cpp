@@ -23,18 +23,22 @@ NotedGallery::NotedGallery(NotesOf notesOf)
     : notes(notesOf), issueNote(*this), note(*this, Terms()) {}
 
 gallery::NoteTerms NotedGallery::Terms() {
-    if (notes == NotesOf::Issue)
+    if (notes == NotesOf::Issue) {
         return issueNote.Terms();
+    }
     gallery::NoteTerms terms;
     terms.source = [this] { return gallery::CurrentNote(State()); };
-    if (notes == NotesOf::Previews)
+    if (notes == NotesOf::Previews) {
         terms.change = gallery::NoteChange::StopsIfOther;
-    if (notes != NotesOf::Checkpoint)
+    }
+    if (notes != NotesOf::Checkpoint) {
         return terms;
+    }
     terms.change = gallery::NoteChange::GoesOn;
     terms.source = [this] {
-        if (!State().items.empty())
+        if (!State().items.empty()) {
             return gallery::CurrentNote(State());
+        }
         return gallery::NoteSource{extraAudio.uuid, extraAudio.path, extraAudio.state};
     };
     return terms;
@@ -48,8 +52,9 @@ bool NotedGallery::HasNotes(const std::vector<GalleryItem>& items) {
 void NotedGallery::OnCurPicChanged(int index) {
     Q_UNUSED(index);
     note.OnPicChanged();
-    if (notes == NotesOf::Photos)
+    if (notes == NotesOf::Photos) {
         note.ShowNote();
+    }
 }
 
 void NotedGallery::OnCreated() {
@@ -60,8 +65,9 @@ void NotedGallery::OnCreated() {
 }
 
 void NotedGallery::OnTimer(int timerId) {
-    if (!note.OnTimer(timerId))
+    if (!note.OnTimer(timerId)) {
         CPicViewDlg::OnTimer(timerId);
+    }
 }
 
 void NotedGallery::OnClose() {
@@ -70,8 +76,9 @@ void NotedGallery::OnClose() {
 }
 
 void NotedGallery::LayOut() {
-    if (note.Button() == nullptr)
+    if (note.Button() == nullptr) {
         return;
+    }
     const QSize size = Widget()->size();
     const int strip = size.height() - kNoteStripHeight - kEdge;
     const int bar = strip - kNoteBarHeight;

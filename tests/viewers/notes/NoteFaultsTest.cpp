@@ -141,8 +141,9 @@ TEST_F(NoteWindow, ClosedWhileItsNoteIsFetchedCanBeOpenedAgain) {
         const GalleryItem item = Missing();
         gallery->issueNote.SetRecord(u"a"_s, u"none"_s, kNothingToFetch,
                                      folder.Path() + u"/pics/"_s, QString());
-        if (notes == NotesOf::Photos)
+        if (notes == NotesOf::Photos) {
             SetItems({item});
+        }
         gallery->note.ShowNote();
         Press();
         gallery->Widget()->close();
@@ -163,10 +164,11 @@ TEST_F(NoteWindow, OpenedAndEndedAgainAndAgainLosesNothing) {
         SetItems({i % 2 == 0 ? onDisk : Missing()});
         Press();
         WaitTick();
-        if (i % 3 == 0)
+        if (i % 3 == 0) {
             gallery->Widget()->close();
-        else if (i % 3 == 1)
+        } else if (i % 3 == 1) {
             gallery->Destroy();
+        }
         gallery.reset();
         support::RunPendingEvents();
         EXPECT_EQ(audio.Alive(), 0);

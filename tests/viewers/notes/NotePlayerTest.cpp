@@ -247,8 +247,9 @@ TEST_F(APlayer, NamesItsControls) {
 TEST_F(APlayer, ShowsItsProgressInPixels) {
     SetItems({Item(u"a"_s, 500)});
     Press();
-    for (int second = 0; second < 5; ++second)
+    for (int second = 0; second < 5; ++second) {
         Tick();
+    }
     const QImage bar = gallery->note.Progress()->grab().toImage();
     const QColor blue(0x0F, 0x41, 0xCD);
     EXPECT_EQ(bar.pixelColor(bar.width() / 2 - 3, 1), blue);

@@ -23,8 +23,9 @@ protected:
         gallery->extraAudio.uuid = uuid;
         gallery->extraAudio.path = folder.Path(gallery::NotePath(u"thumbs/"_s, uuid));
         gallery->extraAudio.state = uuid.isEmpty() ? kNothingToFetch : kWaiting;
-        if (!uuid.isEmpty())
+        if (!uuid.isEmpty()) {
             gallery->StartDownload(gallery::kExtraAudio, gallery::DownloadKind::Audio);
+        }
         gallery->note.ShowNote();
     }
 };
@@ -125,8 +126,9 @@ TEST_F(NoteOfACheckpoint, IsFetchedOnceForAllPictures) {
     host.files.stored[u"a"_s] = support::SilentAmr(100);
     std::vector<GalleryItem> items{Item(u"a"_s), Item(u"a"_s), Item(u"a"_s)};
     ASSERT_TRUE(QFile::remove(items.front().audioPath));
-    for (GalleryItem& item : items)
+    for (GalleryItem& item : items) {
         item.audioState = kWaiting;
+    }
     SetItems(items);
     ASSERT_TRUE(
         support::WaitFor([this] { return gallery->State().items.back().audioState == kOnDisk; }));

@@ -46,8 +46,9 @@ TEST(DownloadOrder, OnlyWhatWaitsIsOffered) {
     items[0].picState = kOnDisk;
     items[1].picState = kDownloadFailedState;
     items[2].picState = kDownloading;
-    for (GalleryItem& item : items)
+    for (GalleryItem& item : items) {
         item.audioState = kNothingToFetch;
+    }
     EXPECT_THAT(Drain(items, {0, 3}, 0), testing::ElementsAre("p3"));
 }
 
@@ -59,8 +60,9 @@ TEST(DownloadOrder, ARangeWithAnEndOutsideTheListIsLeftOut) {
 
 TEST(VisiblePending, OnlyVisiblePicturesThatAreStillToComeCount) {
     std::vector<GalleryItem> items = Waiting(4);
-    for (GalleryItem& item : items)
+    for (GalleryItem& item : items) {
         item.picState = kOnDisk;
+    }
     EXPECT_FALSE(gallery::AnyVisiblePending(items, {0, 3}));
     items[3].picState = kDownloading;
     EXPECT_TRUE(gallery::AnyVisiblePending(items, {0, 3}));

@@ -21,8 +21,9 @@ QSize UnknownSize(int) {
 GalleryState Filled(int count, const gallery::SizeReader& sizeOf = LandscapeSize) {
     GalleryState state;
     state.items.resize(size_t(count));
-    for (GalleryItem& item : state.items)
+    for (GalleryItem& item : state.items) {
         item.picState = kOnDisk;
+    }
     state.stripBar.maxPos = count - 1;
     gallery::PlaceAreas(state, kBig, kStrip, sizeOf);
     gallery::UpdateStepButtons(state);
@@ -60,8 +61,9 @@ TEST(GalleryState, OnlyPicturesOnDiskGetACover) {
 
 TEST(GalleryState, AnEmptyListEnablesNoButton) {
     const GalleryState state = Filled(0);
-    for (const CDirectUIButton& button : state.buttons)
+    for (const CDirectUIButton& button : state.buttons) {
         EXPECT_FALSE(button.IsEnabled());
+    }
     EXPECT_TRUE(state.visible.IsNone());
 }
 
@@ -159,8 +161,9 @@ TEST(GalleryState, StepButtonsFollowTheCurrentItem) {
 
 TEST(GalleryState, AnIndexThatIsCurrentOrOutsideChangesNothing) {
     GalleryState state = Filled(10);
-    for (const int index : {0, -1, 10})
+    for (const int index : {0, -1, 10}) {
         EXPECT_FALSE(gallery::MakeCurrent(state, index, gallery::kCurrentMiddle, LandscapeSize));
+    }
     EXPECT_EQ(state.currentIndex, 0);
 }
 

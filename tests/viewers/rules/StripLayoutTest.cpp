@@ -36,8 +36,9 @@ TEST(StripRange, AroundTheMiddleStopsAtBothEnds) {
 }
 
 TEST(StripRange, AnOddStripHasOneMiddleInBothDirections) {
-    for (const int shown : {9, 11})
+    for (const int shown : {9, 11}) {
         EXPECT_EQ(StripRange({gallery::kCurrentMiddle, 40, 5, 10, shown, {}}), (ItemRange{8, 12}));
+    }
 }
 
 TEST(StripRange, CurrentFirstIsPushedBackByTheEndOfTheList) {
@@ -63,9 +64,12 @@ TEST(StripRange, PagesWithoutARangeStayWithoutOne) {
 }
 
 TEST(StripRange, AListShorterThanTheStripIsWhollyVisible) {
-    for (const auto mode : {gallery::kCurrentFirst, gallery::kCurrentMiddle, gallery::kCurrentLast})
-        for (int current = 0; current < 3; ++current)
+    for (const auto mode :
+         {gallery::kCurrentFirst, gallery::kCurrentMiddle, gallery::kCurrentLast}) {
+        for (int current = 0; current < 3; ++current) {
             EXPECT_EQ(StripRange({mode, 3, 8, current, -1, {}}), (ItemRange{0, 2}));
+        }
+    }
 }
 
 TEST(StripRange, RoomForNoCellOrNoItemsGivesNone) {

@@ -42,13 +42,15 @@ ItemRange Expected(int mode, int count, int capacity, int current, int shown, It
     } else if (visible % 2 == 0 && current <= shown) {
         last = std::min(current + half, count - 1);
         first = std::max(last - visible + 1, 0);
-        if (first == 0)
+        if (first == 0) {
             last = visible - 1;
+        }
     } else {
         first = std::max(current - half, 0);
         last = std::min(first + visible - 1, count - 1);
-        if (last == count - 1)
+        if (last == count - 1) {
             first = last - visible + 1;
+        }
     }
     return {std::max(first, 0), std::min(last, count - 1)};
 }
@@ -56,11 +58,11 @@ ItemRange Expected(int mode, int count, int capacity, int current, int shown, It
 } // namespace
 
 TEST(StripRange, HoldsItsStepsForEveryListOfUpToTwelve) {
-    for (int count = 1; count <= 12; ++count)
-        for (int capacity = 1; capacity <= 7; ++capacity)
-            for (int current = 0; current < count; ++current)
-                for (int shown = -1; shown < count; ++shown)
-                    for (int mode = 0; mode <= 4; ++mode)
+    for (int count = 1; count <= 12; ++count) {
+        for (int capacity = 1; capacity <= 7; ++capacity) {
+            for (int current = 0; current < count; ++current) {
+                for (int shown = -1; shown < count; ++shown) {
+                    for (int mode = 0; mode <= 4; ++mode) {
                         for (int first = 0; first + std::min(count, capacity) <= count; ++first) {
                             const ItemRange now{first, first + std::min(count, capacity) - 1};
                             const RangeRequest request{
@@ -70,6 +72,11 @@ TEST(StripRange, HoldsItsStepsForEveryListOfUpToTwelve) {
                                 << mode << ' ' << count << ' ' << capacity << ' ' << current << ' '
                                 << shown << ' ' << first;
                         }
+                    }
+                }
+            }
+        }
+    }
 }
 
 TEST(SlideOffsets, HoldTheirStepsForEveryDistance) {
@@ -80,8 +87,9 @@ TEST(SlideOffsets, HoldTheirStepsForEveryDistance) {
         while (offset <= distance) {
             expected.push_back(offset);
             offset += step;
-            if (offset > distance && offset - distance < step)
+            if (offset > distance && offset - distance < step) {
                 offset = distance;
+            }
         }
         ASSERT_EQ(gallery::SlideOffsets(distance), expected) << distance;
         ASSERT_EQ(gallery::SlideOffsets(distance).back(), distance);
@@ -90,18 +98,21 @@ TEST(SlideOffsets, HoldTheirStepsForEveryDistance) {
 
 TEST(StripSlide, TheOutgoingItemsAreThoseThatTheNewRangeLacks) {
     const gallery::StripShape strip = gallery::ShapeOf(QRect(0, 0, 460, 95));
-    for (int saved = 0; saved <= 12; ++saved)
+    for (int saved = 0; saved <= 12; ++saved) {
         for (int now = 0; now <= 12; ++now) {
             const ItemRange from{saved, saved + 3};
             const ItemRange to{now, now + 3};
             std::vector<int> lacking;
-            for (int i = from.first; i <= from.last; ++i)
-                if (!to.Contains(i))
+            for (int i = from.first; i <= from.last; ++i) {
+                if (!to.Contains(i)) {
                     lacking.push_back(i);
+                }
+            }
             const auto plan = gallery::PlanStripSlide({strip, from, to});
             ASSERT_EQ(plan.has_value(), !lacking.empty()) << saved << ' ' << now;
-            if (!plan)
+            if (!plan) {
                 continue;
+            }
             EXPECT_EQ(plan->outgoing, (ItemRange{lacking.front(), lacking.back()}));
             EXPECT_EQ(plan->slide.forward, saved < now);
             EXPECT_EQ(plan->slide.distance, 100 * int(lacking.size()));
@@ -110,11 +121,12 @@ TEST(StripSlide, TheOutgoingItemsAreThoseThatTheNewRangeLacks) {
             EXPECT_EQ(plan->slide.oldRect.left(), 30 + moved);
             EXPECT_EQ(plan->slide.newRect.left(), 30);
         }
+    }
 }
 
 TEST(BarThumb, HoldsItsStepsInSinglePrecision) {
-    for (const bool horizontal : {true, false})
-        for (int count = 2; count <= 400; count += 7)
+    for (const bool horizontal : {true, false}) {
+        for (int count = 2; count <= 400; count += 7) {
             for (int pos = 0; pos < count; pos += 3) {
                 ThumbBar bar;
                 bar.horizontal = horizontal;
@@ -129,6 +141,8 @@ TEST(BarThumb, HoldsItsStepsInSinglePrecision) {
                                                   : QRect(100, 50 + start, 5, length);
                 ASSERT_EQ(gallery::BarThumb(bar), expected) << count << ' ' << pos;
             }
+        }
+    }
 }
 
 TEST(DownloadOrder, EveryWaitingFileComesOnceAndNothingElse) {
@@ -136,7 +150,7 @@ TEST(DownloadOrder, EveryWaitingFileComesOnceAndNothingElse) {
     items[2].picState = kOnDisk;
     items[3].audioState = kNothingToFetch;
     items[4].picState = kDownloadFailedState;
-    for (int current = -1; current <= 7; ++current)
+    for (int current = -1; current <= 7; ++current) {
         for (int first = -1; first < 5; ++first) {
             std::vector<GalleryItem> left = items;
             const ItemRange visible = first < 0 ? ItemRange{} : ItemRange{first, first + 2};
@@ -151,4 +165,5 @@ TEST(DownloadOrder, EveryWaitingFileComesOnceAndNothingElse) {
             }
             EXPECT_EQ(fetched, 5 + 6) << current << ' ' << first;
         }
+    }
 }

@@ -15,13 +15,15 @@ using namespace Qt::StringLiterals;
 namespace support {
 
 GallerySite::GallerySite(const QString& folder) {
-    if (const auto fault = session->Open(folder))
+    if (const auto fault = session->Open(folder)) {
         qFatal("%s", qUtf8Printable(fault->text));
+    }
     site::SiteWriter writer(support::FolderOf(*session));
     m_ppid = writer.AddProject(u"一期工程"_s);
     writer.AddUser(u"张伟"_s, {});
-    if (!session->SignIn(u"张伟"_s) || !session->OpenProject(m_ppid))
+    if (!session->SignIn(u"张伟"_s) || !session->OpenProject(m_ppid)) {
         qFatal("no user, no project");
+    }
 }
 
 int GallerySite::AddPhoto(const QByteArray& picture, const QByteArray& note) {
@@ -51,8 +53,9 @@ std::vector<GalleryItem> GallerySite::Items() {
         item.picUuid = file.picUuid;
         item.picPath = u"%1%2.jpg"_s.arg(folder, file.picUuid);
         item.audioUuid = file.audioUuid;
-        if (!file.audioUuid.isEmpty())
+        if (!file.audioUuid.isEmpty()) {
             item.audioPath = u"%1%2.amr"_s.arg(folder, file.audioUuid);
+        }
         items.push_back(item);
     }
     return items;
@@ -64,8 +67,9 @@ QStringList GallerySite::Cached() {
 
 void GallerySite::Damage(const QString& uuid) {
     QFile file(support::FolderOf(*session).Store().PathOf(uuid));
-    if (file.open(QIODevice::ReadWrite))
+    if (file.open(QIODevice::ReadWrite)) {
         file.write("damaged");
+    }
 }
 
 } // namespace support

@@ -26,8 +26,9 @@ protected:
     GalleryOnASite() : site(folder.Path(u"data"_s)) {
         ZelvorNRQ_KXVeskPicture::SetLogFilePath(folder.Path(u"module.log"_s));
         gallery = std::make_unique<support::FolderGallery>();
-        for (int i = 0; i < 4; ++i)
+        for (int i = 0; i < 4; ++i) {
             site.AddPhoto(Photo(i), Note());
+        }
         items = site.Items();
     }
     ~GalleryOnASite() override {
@@ -81,8 +82,9 @@ protected:
         const QRect cell = State().items.at(size_t(index)).thumbRect;
         int count = 0;
         for (int y = cell.center().y() - 9; y < cell.center().y() + 9; ++y) {
-            for (int x = cell.left(); x <= cell.right(); ++x)
+            for (int x = cell.left(); x <= cell.right(); ++x) {
                 count += support::IsNear(shown.pixelColor(x, y), QColor(255, 0, 0), 40);
+            }
         }
         return count;
     }
@@ -120,14 +122,15 @@ TEST_F(GalleryOnASite, PicturesAndNotesArriveAndAreShown) {
     ASSERT_TRUE(WaitForAll());
     const QImage shown = gallery->Widget()->grab().toImage();
     EXPECT_EQ(shown.pixelColor(State().bigArea.center()), Colour(2));
-    for (int i = 0; i < 4; ++i)
+    for (int i = 0; i < 4; ++i) {
         EXPECT_EQ(shown.pixelColor(State().items[size_t(i)].thumbRect.center()), Colour(i)) << i;
+    }
     EXPECT_EQ(site.Cached().size(), 8);
     ExpectNothingHalf();
 }
 
 TEST_F(GalleryOnASite, ADownloadThatFailsAtTheStartIsSaidInItsCellAndTheNextFollows) {
-    site.session->SetTransfers({0, TransferFault::kAtStart});
+    site.session->SetTransfers({0, TransferFault::AtStart});
     Open();
     Show();
     ASSERT_TRUE(WaitForAll());
@@ -137,7 +140,7 @@ TEST_F(GalleryOnASite, ADownloadThatFailsAtTheStartIsSaidInItsCellAndTheNextFoll
 }
 
 TEST_F(GalleryOnASite, ADownloadThatFailsInTheMiddleLeavesNoFile) {
-    site.session->SetTransfers({0, TransferFault::kInTheMiddle});
+    site.session->SetTransfers({0, TransferFault::InTheMiddle});
     Open();
     Show();
     ASSERT_TRUE(WaitForAll());
@@ -146,7 +149,7 @@ TEST_F(GalleryOnASite, ADownloadThatFailsInTheMiddleLeavesNoFile) {
 }
 
 TEST_F(GalleryOnASite, ADownloadThatNeverEndsShowsHowFarItCameAndHoldsNothingElseUp) {
-    site.session->SetTransfers({0, TransferFault::kNeverEnds});
+    site.session->SetTransfers({0, TransferFault::NeverEnds});
     Open();
     Show();
     ASSERT_TRUE(support::WaitFor([this] { return State().items[0].picProgress > 0; }));
@@ -191,8 +194,9 @@ TEST_F(GalleryOnASite, AMissingCacheFolderIsMadeAgain) {
 }
 
 TEST_F(GalleryOnASite, ACacheFolderThatCantBeWrittenIsSaidInTheCellAndTheLog) {
-    for (GalleryItem& item : items)
+    for (GalleryItem& item : items) {
         item.picPath = u"%1/%2.jpg"_s.arg(QLatin1String(support::kUnwritableFolder), item.picUuid);
+    }
     // A file stands where the folder of the last one should be.
     items[3].picPath = folder.Write(u"file"_s, "x") + u"/3.jpg"_s;
     Open();
@@ -218,11 +222,13 @@ TEST_F(GalleryOnASite, AWindowMayCloseWhileADownloadRuns) {
     for (int round = 0; round < 10; ++round) {
         Open();
         Show(round % 4);
-        if (round % 2 == 0)
+        if (round % 2 == 0) {
             support::RunPendingEvents();
+        }
         gallery->Destroy();
-        if (round % 3 == 0)
+        if (round % 3 == 0) {
             QDir(site.CacheFolder()).removeRecursively();
+        }
     }
     gallery::JoinDownloadWorkers();
     ExpectNothingHalf();
@@ -275,9 +281,10 @@ TEST_F(GalleryOnASite, TheProjectMayChangeWhileADownloadRuns) {
 
 TEST_F(GalleryOnASite, ASessionMayEndWhileADownloadRuns) {
     for (const site::TransferRules& rules : {site::TransferRules{}, site::TransferRules{1'000'000},
-                                             site::TransferRules{0, TransferFault::kNeverEnds}}) {
-        if (!site.session)
+                                             site::TransferRules{0, TransferFault::NeverEnds}}) {
+        if (!site.session) {
             site.session = std::make_unique<host::HostSession>();
+        }
         ASSERT_FALSE(site.session->Open(folder.Path(u"data"_s)));
         site.session->SetTransfers(rules);
         gallery = std::make_unique<support::FolderGallery>();
@@ -305,8 +312,9 @@ TEST_F(GalleryOnASite, TwoGalleriesMayFetchTheSamePictures) {
         return state.activeDownloads <= 0 &&
                !gallery::NextDownload(state.items, state.visible, state.currentIndex);
     }));
-    for (const GalleryItem& item : other.State().items)
+    for (const GalleryItem& item : other.State().items) {
         EXPECT_EQ(item.picState, kOnDisk);
+    }
     EXPECT_EQ(site.Cached().size(), 8);
     ExpectNothingHalf();
     other.Destroy();

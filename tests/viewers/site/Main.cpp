@@ -34,7 +34,7 @@ struct Stage {
 
 site::TransferRules RulesOf(const QString& name) {
     static const std::map<QString, site::TransferRules> rules{
-        {u"quick"_s, {}}, {u"slow"_s, {60}}, {u"never"_s, {0, site::TransferFault::kNeverEnds}}};
+        {u"quick"_s, {}}, {u"slow"_s, {60}}, {u"never"_s, {0, site::TransferFault::NeverEnds}}};
     const auto found = rules.find(name);
     return found == rules.end() ? site::TransferRules() : found->second;
 }
@@ -42,11 +42,13 @@ site::TransferRules RulesOf(const QString& name) {
 void FilePhotos(support::GallerySite& site, const QString& folder) {
     for (const QString& path : support::FolderGallery::PicturesIn(folder)) {
         QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
+        if (!file.open(QIODevice::ReadOnly)) {
             continue;
+        }
         QByteArray bytes = file.readAll();
-        if (bytes.size() < kPhotoBytes)
+        if (bytes.size() < kPhotoBytes) {
             bytes.append(QByteArray(kPhotoBytes - bytes.size(), '\0'));
+        }
         site.AddPhoto(bytes);
     }
 }
@@ -102,10 +104,11 @@ public:
 
 protected:
     void timerEvent(QTimerEvent*) override {
-        if (m_at < m_stages.size() && m_stages[m_at].reached())
+        if (m_at < m_stages.size() && m_stages[m_at].reached()) {
             m_stages[m_at++].act();
-        else if (m_at < m_stages.size() && m_sinceStart.elapsed() > kMostMs)
+        } else if (m_at < m_stages.size() && m_sinceStart.elapsed() > kMostMs) {
             QCoreApplication::exit(1);
+        }
     }
 
 private:
@@ -126,16 +129,18 @@ int main(int argc, char** argv) {
                         {u"shots"_s, u"saves pictures of the states there and ends"_s, u"DIR"_s},
                         {u"quit"_s, u"ends while the first download runs"_s}});
     options.process(app);
-    if (options.positionalArguments().size() != 1)
+    if (options.positionalArguments().size() != 1) {
         options.showHelp(2);
+    }
 
     const QTemporaryDir root;
     support::GallerySite site(root.filePath(u"data"_s));
     site.session->imageFolder = QCoreApplication::applicationDirPath() + u"/work"_s;
     FilePhotos(site, options.positionalArguments().front());
     const std::vector<GalleryItem> items = site.Items();
-    if (options.isSet(u"shots"_s) && items.size() > kDamaged)
+    if (options.isSet(u"shots"_s) && items.size() > kDamaged) {
         site.Damage(items[kDamaged].picUuid);
+    }
     site.session->SetTransfers(RulesOf(options.value(u"transfers"_s)));
     // Ends first, then the session with its transfers, then the application with the workers.
     support::FolderGallery gallery;
@@ -144,10 +149,11 @@ int main(int argc, char** argv) {
     gallery.Widget()->show();
     gallery.SetPicItems(items);
     std::vector<Stage> stages;
-    if (options.isSet(u"shots"_s))
+    if (options.isSet(u"shots"_s)) {
         stages = ShotStages(gallery, site, options.value(u"shots"_s));
-    else if (options.isSet(u"quit"_s))
+    } else if (options.isSet(u"quit"_s)) {
         stages = {{[&] { return IsFetching(gallery); }, [] { QCoreApplication::exit(0); }}};
+    }
     const Stages walk(std::move(stages));
     return QApplication::exec();
 }

@@ -18,20 +18,23 @@ public:
     void Put(unsigned bits, int count) {
         for (int i = count - 1; i >= 0; --i) {
             m_byte = (m_byte << 1U) | ((bits >> unsigned(i)) & 1U);
-            if (++m_filled == 8)
+            if (++m_filled == 8) {
                 Flush();
+            }
         }
     }
     void End() {
-        while (m_filled != 0)
+        while (m_filled != 0) {
             Put(1, 1);
+        }
     }
 
 private:
     void Flush() {
         m_out.append(char(m_byte));
-        if (m_byte == 0xFF)
+        if (m_byte == 0xFF) {
             m_out.append('\0');
+        }
         m_byte = 0;
         m_filled = 0;
     }
@@ -58,15 +61,17 @@ QByteArray FrameHeader(const QSize& size, int components) {
     AppendShort(frame, size.height());
     AppendShort(frame, size.width());
     frame.append(char(components));
-    for (int i = 1; i <= components; ++i)
+    for (int i = 1; i <= components; ++i) {
         frame.append(char(i)).append('\x11').append('\0');
+    }
     return frame;
 }
 
 QByteArray ScanHeader(int components) {
     QByteArray scan(1, char(components));
-    for (int i = 1; i <= components; ++i)
+    for (int i = 1; i <= components; ++i) {
         scan.append(char(i)).append('\0');
+    }
     return scan.append('\0').append('\x3F').append('\0');
 }
 
@@ -74,8 +79,9 @@ QByteArray ScanHeader(int components) {
 QByteArray MeanTable() {
     QByteArray table(1, '\0');
     table.append('\x01').append(QByteArray(3, '\0')).append('\x08').append(QByteArray(11, '\0'));
-    for (int category = 0; category <= 8; ++category)
+    for (int category = 0; category <= 8; ++category) {
         table.append(char(category));
+    }
     return table;
 }
 
@@ -90,8 +96,9 @@ void PutMean(BitWriter& bits, int difference) {
         return;
     }
     int category = 0;
-    for (int rest = std::abs(difference); rest != 0; rest /= 2)
+    for (int rest = std::abs(difference); rest != 0; rest /= 2) {
         ++category;
+    }
     bits.Put(0x10U + unsigned(category - 1), 5);
     const int coded = difference > 0 ? difference : difference + (1 << category) - 1;
     bits.Put(unsigned(coded), category);
@@ -101,8 +108,9 @@ void PutMean(BitWriter& bits, int difference) {
 
 QByteArray FlatJpeg(const QSize& size, const std::vector<int>& components) {
     QByteArray file("\xFF\xD8");
-    if (components.size() == 4)
+    if (components.size() == 4) {
         AppendSegment(file, 0xEE, QByteArray("Adobe\0\x64\0\0\0\0\0", 12));
+    }
     AppendSegment(file, 0xDB, QByteArray(1, '\0').append(QByteArray(64, kQuantiser)));
     AppendSegment(file, 0xC0, FrameHeader(size, int(components.size())));
     AppendSegment(file, 0xC4, MeanTable());

@@ -55,8 +55,9 @@ QImage OneColour(const QSize& size, const QColor& colour) {
 
 QByteArray JpegBytes(const QImage& image, int orientation) {
     QByteArray bytes = Written(image, "jpeg");
-    if (orientation != 0)
+    if (orientation != 0) {
         bytes.insert(2, ExifSegment(orientation));
+    }
     return bytes;
 }
 

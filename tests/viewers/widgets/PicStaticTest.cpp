@@ -26,8 +26,9 @@ QRect InkOf(const QImage& image) {
     QRect ink;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            if (image.pixel(x, y) != image.pixel(0, 0))
+            if (image.pixel(x, y) != image.pixel(0, 0)) {
                 ink |= QRect(x, y, 1, 1);
+            }
         }
     }
     return ink;
@@ -42,8 +43,9 @@ TEST(PicStatic, WithoutAPictureSaysSoInItsMiddle) {
     EXPECT_GT(ink.width(), 40);
     EXPECT_NEAR(ink.bottom(), 60, 4) << "the text stands on the middle line";
     bool navy = false;
-    for (int x = ink.left(); x <= ink.right(); ++x)
+    for (int x = ink.left(); x <= ink.right(); ++x) {
         navy = navy || IsNear(image.pixelColor(x, ink.center().y()), QColor(0x15, 0x42, 0x8B), 60);
+    }
     EXPECT_TRUE(navy);
 }
 

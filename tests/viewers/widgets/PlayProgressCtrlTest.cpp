@@ -27,10 +27,12 @@ void ExpectFrameAndGrooveOnly(const QImage& image) {
     const int right = image.width() - 1;
     const int bottom = image.height() - 2;
     for (const QPoint& corner :
-         {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)})
+         {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)}) {
         EXPECT_EQ(image.pixelColor(corner), kFrame);
-    for (int x = 1; x < right; ++x)
+    }
+    for (int x = 1; x < right; ++x) {
         EXPECT_EQ(image.pixelColor(x, 2), kGroove);
+    }
     EXPECT_EQ(image.pixelColor(5, image.height() - 1), kBackground) << "the frame leaves a line";
 }
 
