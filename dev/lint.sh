@@ -88,6 +88,8 @@ check_sql() {
 check_engines() {
     grep_sources '#[[:space:]]*include[[:space:]]*"site/(sqlite|blobs)/' \
         sample tour host | sed 's/$/   : ask the site by its interfaces/'
+    grep_sources '#[[:space:]]*include[[:space:]]*("site/sqlite/|<QSql|<sqlite3)' \
+        site/blobs site/transfer | sed 's/$/   : only the engine knows the database/'
     sources site | grep -v '/.*/' | xargs -r grep -HnE \
         '#[[:space:]]*include[[:space:]]*"site/[a-z]+/' | sed 's/$/   : the engine stands on the interfaces/' || true
 }

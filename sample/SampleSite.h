@@ -23,7 +23,7 @@ using SampleProgress = std::function<bool(int done, int total, const QString& wh
 /// save that all dates are counted back from the present. Never throws.
 ///
 /// @param error  Chinese, complete; set only with false, and empty if `progress` ended it.
-/// @return       true if the folder has a site now, or for kNone.
+/// @return       true if the folder has a site now, or for None.
 /// Thread: that of the open data folder. Needs the application object, for the lettering.
 [[nodiscard]] bool CreateSampleSite(site::ISite& target, SampleSize size,
                                     const SampleProgress& progress, QString& error);

@@ -13,6 +13,7 @@ namespace site {
 
 class IBimPhotos;
 class IBin;
+class IBlobs;
 class ICatalogue;
 class IClientFolders;
 class IIntake;
@@ -36,7 +37,7 @@ struct Stamp {
 };
 
 /// What stands on it lasts as long as it does. Operations may take long; where they fail they throw
-/// DataError: kTooSlow past the deadline, kCancelled when told to stop, with nothing changed.
+/// DataError: TooSlow past the deadline, Cancelled when told to stop, with nothing changed.
 /// Thread: the one that opened it, except where said.
 class ISite {
 public:
@@ -48,6 +49,7 @@ public:
     [[nodiscard]] virtual IPanelCounts& PanelCounts() = 0;
     [[nodiscard]] virtual ICatalogue& Catalogue() = 0;
     [[nodiscard]] virtual IBin& Bin() = 0;
+    [[nodiscard]] virtual IBlobs& Blobs() = 0;
     /// Each has a batch of its own.
     [[nodiscard]] virtual std::unique_ptr<IIntake> NewIntake() = 0;
     [[nodiscard]] virtual IClientFolders& Folders() = 0;

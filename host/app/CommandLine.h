@@ -2,7 +2,7 @@
 #pragma once
 
 #include "sample/SampleSize.h"
-#include "site/transfer/Transfer.h"
+#include "site/IBlobs.h"
 
 #include <QString>
 #include <QStringList>

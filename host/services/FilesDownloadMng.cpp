@@ -1,7 +1,6 @@
 #include "host/services/FilesDownloadMng.h"
 
 #include "host/session/HostSession.h"
-#include "site/transfer/FetchedFiles.h"
 #include "site/transfer/RunningTransfer.h"
 
 #include <QCoreApplication>
@@ -26,16 +25,17 @@ site::ITransferWait* WaitOfThisThread() {
 }
 
 /// On a thread of its own, while the interface thread keeps the person informed.
-site::TransferOutcome FetchWaiting(const site::TransferPlace& place, const QString& uuid,
-                                   const QString& localPath, site::ITransferWait& wait) {
+site::TransferOutcome FetchWaiting(site::IBlobs& blobs, const site::TransferTerms& terms,
+                                   const QString& uuid, const QString& localPath,
+                                   site::ITransferWait& wait) {
     site::RunningTransfer transfer;
     site::TransferOutcome outcome;
-    const std::stop_callback folderCloses(place.stop, [&transfer] { transfer.Cancel(); });
-    const site::TransferPlace cancellable{place.dataFolder, place.rules, transfer.StopToken()};
+    const std::stop_callback siteCloses(terms.stop, [&transfer] { transfer.Cancel(); });
+    const site::TransferTerms cancellable{terms.rules, transfer.StopToken(),
+                                          [&](qint64 bytes) { transfer.NoteBytes(bytes); }};
     const auto work = [&] {
-        transfer.NoteTotal(site::StoredSize(place.dataFolder, uuid));
-        outcome = site::FetchFile(cancellable, uuid, localPath,
-                                  [&](qint64 bytes) { transfer.NoteBytes(bytes); });
+        transfer.NoteTotal(blobs.SizeOf(uuid));
+        outcome = blobs.Fetch(uuid, localPath, cancellable);
         transfer.Finish();
     };
     try {
@@ -55,12 +55,11 @@ void FilesDownloadMng::DownloadFile(KX_DATA::TransferResult& result, const QStri
     result = {};
     const auto desk = HostSession::CurrentDesk();
     site::TransferOutcome outcome;
-    const auto fetch = [&](const site::TransferPlace& place) {
+    const auto fetch = [&](site::IBlobs& blobs, const site::TransferTerms& terms) {
         // What needs no transfer needs no thread and nobody kept informed.
-        site::ITransferWait* wait =
-            site::IsKnownWhole(localPath, uuid) ? nullptr : WaitOfThisThread();
-        outcome = wait == nullptr ? site::FetchFile(place, uuid, localPath)
-                                  : FetchWaiting(place, uuid, localPath, *wait);
+        site::ITransferWait* wait = blobs.IsFetched(uuid, localPath) ? nullptr : WaitOfThisThread();
+        outcome = wait == nullptr ? blobs.Fetch(uuid, localPath, terms)
+                                  : FetchWaiting(blobs, terms, uuid, localPath, *wait);
     };
     if (desk == nullptr || !desk->Run(fetch)) {
         result.message = u"没有打开数据文件夹。"_s;

@@ -1,7 +1,7 @@
 #include "host/services/FilesUploadMng.h"
 
 #include "host/session/HostSession.h"
-#include "site/transfer/Upload.h"
+#include "site/DataError.h"
 
 namespace host {
 
@@ -11,9 +11,9 @@ bool FilesUploadMng::UploadFile(const std::vector<KX_DATA::UploadItem>& items, q
                                 KX_DATA::UploadResult& result, QString& errorText) {
     const auto desk = HostSession::CurrentDesk();
     bool stored = false;
-    const auto store = [&](const site::TransferPlace& place) {
+    const auto store = [&](site::IBlobs& blobs, const site::TransferTerms&) {
         try {
-            result = site::StoreUpload(place.dataFolder, items.front().path);
+            result = blobs.Upload(items.front().path);
             stored = true;
         } catch (const site::DataError& fault) {
             errorText = fault.Text();

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace host {
 
@@ -17,35 +18,55 @@ qint32 Clamped(qint64 bytes) {
 
 } // namespace
 
-void MQFFileDownload::Note(const QString& taskId, const std::function<void(Task&)>& change) {
+void MQFFileDownload::Note(const Start& start, const std::function<void(Task&)>& change) {
     const std::lock_guard guard(m_lock);
-    change(m_tasks[taskId]);
+    const auto task = m_tasks.find(start.taskId);
+    if (task != m_tasks.end() && task->number == start.number) {
+        change(*task);
+    }
+}
+
+MQFFileDownload::Start MQFFileDownload::Begin(const QString& taskId) {
+    std::stop_source before{std::nostopstate};
+    std::unique_lock lock(m_lock);
+    Task& task = m_tasks[taskId];
+    std::swap(before, task.stop);
+    task = {};
+    task.number = ++m_started;
+    const Start start{taskId, task.number};
+    lock.unlock();
+    before.request_stop();
+    return start;
 }
 
 void MQFFileDownload::StartDownload(const QString& taskId,
                                     const KX_DATA::FileDownloadRecord& record, qint32 /*kind*/) {
-    Note(taskId, [](Task& task) { task = {}; });
+    const Start start = Begin(taskId);
     const auto desk = HostSession::CurrentDesk();
-    const auto run = [this, taskId, record](const site::TransferPlace& place) {
-        Run(taskId, record, place);
+    const auto run = [this, start, record](site::IBlobs& blobs, const site::TransferTerms& terms) {
+        Run(start, record, blobs, terms);
     };
-    if (desk == nullptr || !desk->Start(run)) {
-        Note(taskId, [](Task& task) {
+    const std::stop_source stop =
+        desk != nullptr ? desk->Start(run) : std::stop_source(std::nostopstate);
+    Note(start, [&stop](Task& task) {
+        task.stop = stop;
+        if (!stop.stop_possible()) {
             task.error = u"没有打开数据文件夹。"_s;
             task.state = KX_DATA::kDownloadFailed;
-        });
-    }
+        }
+    });
 }
 
-void MQFFileDownload::Run(const QString& taskId, const KX_DATA::FileDownloadRecord& record,
-                          const site::TransferPlace& place) {
-    const qint64 size = site::StoredSize(place.dataFolder, record.uuid);
-    Note(taskId, [size](Task& task) { task.size = std::max<qint64>(size, 0); });
-    const site::TransferOutcome outcome =
-        site::FetchFile(place, record.uuid, record.localPath, [&](qint64 bytes) {
-            Note(taskId, [bytes](Task& task) { task.bytes = bytes; });
-        });
-    Note(taskId, [&outcome](Task& task) {
+void MQFFileDownload::Run(const Start& start, const KX_DATA::FileDownloadRecord& record,
+                          site::IBlobs& blobs, const site::TransferTerms& terms) {
+    const qint64 size = blobs.SizeOf(record.uuid);
+    Note(start, [size](Task& task) { task.size = std::max<qint64>(size, 0); });
+    site::TransferTerms watched = terms;
+    watched.onBytes = [&](qint64 bytes) {
+        Note(start, [bytes](Task& task) { task.bytes = bytes; });
+    };
+    const site::TransferOutcome outcome = blobs.Fetch(record.uuid, record.localPath, watched);
+    Note(start, [&outcome](Task& task) {
         task.error = outcome.text;
         task.state = outcome.ok ? KX_DATA::kDownloadFinished : KX_DATA::kDownloadFailed;
     });

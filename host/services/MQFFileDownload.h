@@ -8,12 +8,13 @@
 
 #include <functional>
 #include <mutex>
+#include <stop_token>
 
 namespace host {
 
-/// Each task runs on a thread of the session, which ends it with the data folder, and is forgotten
-/// when its end has been read.
-/// Thread: any.
+/// Each task runs on a thread of the session, which ends it with the site, and is forgotten when
+/// its end has been read. A task that is started again under its name ends the one before. Thread:
+/// any.
 class MQFFileDownload final : public KX_DATA::IMQFFileDownload {
 public:
     void StartDownload(const QString& taskId, const KX_DATA::FileDownloadRecord& record,
@@ -26,16 +27,26 @@ public:
 
 private:
     struct Task {
+        quint64 number = 0;
+        std::stop_source stop{std::nostopstate};
         qint32 state = 1; ///< running
         qint64 bytes = 0;
         qint64 size = 0;
         QString error;
     };
-    void Run(const QString& taskId, const KX_DATA::FileDownloadRecord& record,
-             const site::TransferPlace& place);
-    void Note(const QString& taskId, const std::function<void(Task&)>& change);
+    /// Of a task that somebody may have forgotten or started again meanwhile.
+    struct Start {
+        QString taskId;
+        quint64 number = 0;
+    };
+    [[nodiscard]] Start Begin(const QString& taskId);
+    void Run(const Start& start, const KX_DATA::FileDownloadRecord& record, site::IBlobs& blobs,
+             const site::TransferTerms& terms);
+    /// Nothing, if it isn't that task any more.
+    void Note(const Start& start, const std::function<void(Task&)>& change);
 
-    std::mutex m_lock; ///< guards tasks
+    std::mutex m_lock; ///< guards what follows
+    quint64 m_started = 0;
     QHash<QString, Task> m_tasks;
 };
 

@@ -59,7 +59,7 @@ std::optional<site::OpenFault> HostSession::Open(const QString& place,
     site::OpenedSite opened = site::OpenSite(place, options);
     m_site = std::move(opened.site);
     if (m_site != nullptr) {
-        m_desk->Open(m_site->Place());
+        m_desk->Open(m_site->Blobs());
         m_site->SetTold(
             [this](const QString& text) { m_desk->Report(MessageLevel::Warning, text); });
     }

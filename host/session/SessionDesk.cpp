@@ -2,8 +2,6 @@
 
 #include <QDebug>
 
-#include <system_error>
-
 namespace host {
 
 namespace {
@@ -16,26 +14,14 @@ SessionDesk::~SessionDesk() {
     Close();
 }
 
-void SessionDesk::Open(const QString& dataFolder) {
+void SessionDesk::Open(site::IBlobs& blobs) {
     const std::lock_guard lock(m_lock);
-    m_folder = dataFolder;
-    m_stop = std::stop_source();
+    m_blobs = &blobs;
+    m_pool.Begin();
 }
 
 void SessionDesk::Close() {
-    std::list<Worker> ending;
-    std::unique_lock lock(m_lock);
-    m_folder.clear();
-    m_stop.request_stop();
-    ending.swap(m_workers);
-    m_left.wait(lock, [this] { return m_running == 0; });
-    lock.unlock();
-    ending.clear(); // joins them
-}
-
-QString SessionDesk::DataFolder() const {
-    const std::lock_guard lock(m_lock);
-    return m_folder;
+    m_pool.End();
 }
 
 site::TransferRules SessionDesk::Rules() const {
@@ -48,42 +34,22 @@ void SessionDesk::SetRules(const site::TransferRules& rules) {
     m_rules = rules;
 }
 
-bool SessionDesk::Run(const Work& work) {
-    site::TransferPlace place;
-    {
-        const std::lock_guard lock(m_lock);
-        if (m_folder.isEmpty()) {
-            return false;
-        }
-        ++m_running;
-        place = {m_folder, m_rules, m_stop.get_token()};
-    }
-    work(place);
-    const std::lock_guard lock(m_lock);
-    --m_running;
-    m_left.notify_all();
-    return true;
+site::TransferPool::Work SessionDesk::OnTheSite(const Work& work) {
+    return [this, work](const std::stop_token& stop) {
+        std::unique_lock lock(m_lock);
+        site::IBlobs& blobs = *m_blobs;
+        const site::TransferTerms terms{m_rules, stop};
+        lock.unlock();
+        work(blobs, terms);
+    };
 }
 
-bool SessionDesk::Start(const Work& work) {
-    const std::lock_guard lock(m_lock);
-    if (m_folder.isEmpty()) {
-        return false;
-    }
-    m_workers.remove_if([](const Worker& worker) { return worker.done; });
-    Worker& worker = m_workers.emplace_back();
-    const site::TransferPlace place{m_folder, m_rules, m_stop.get_token()};
-    try {
-        worker.thread = std::jthread([this, work, place, &worker] {
-            work(place);
-            const std::lock_guard ended(m_lock);
-            worker.done = true;
-        });
-    } catch (const std::system_error&) {
-        m_workers.pop_back();
-        return false;
-    }
-    return true;
+bool SessionDesk::Run(const Work& work) {
+    return m_pool.Run(OnTheSite(work));
+}
+
+std::stop_source SessionDesk::Start(const Work& work) {
+    return m_pool.Start(OnTheSite(work));
 }
 
 void SessionDesk::SetMessageSink(MessageSink sink) {

@@ -1,23 +1,24 @@
 // What other threads may use of a session, from its opening to its end.
 #pragma once
 
-#include "site/transfer/Transfer.h"
+#include "site/IBlobs.h"
+#include "site/transfer/TransferPool.h"
 
 #include <QString>
 
-#include <condition_variable>
 #include <functional>
 #include <list>
 #include <mutex>
-#include <thread>
+#include <stop_token>
 #include <utility>
 
 namespace host {
 
 enum class MessageLevel { Info, Warning, Error };
 
-/// Knows the open data folder, runs transfers on it and ends them before the folder is closed, and
-/// takes messages for the person. Lives as long as somebody holds it, also beyond its session.
+/// Knows the files of the open site, runs transfers of them and ends those before the site is
+/// closed, and takes messages for the person. Lives as long as somebody holds it, also beyond its
+/// session.
 /// Thread: any, save where said.
 class SessionDesk final {
 public:
@@ -26,22 +27,22 @@ public:
     SessionDesk(const SessionDesk&) = delete;
     SessionDesk& operator=(const SessionDesk&) = delete;
 
-    void Open(const QString& dataFolder);
+    /// The files must last until Close returns.
+    void Open(site::IBlobs& blobs);
     /// Nothing starts any more; tells what runs to stop, and returns when it has. Not from inside
     /// of a transfer.
     void Close();
-    /// Empty while closed.
-    [[nodiscard]] QString DataFolder() const;
-
     [[nodiscard]] site::TransferRules Rules() const;
     /// For transfers that begin from now on.
     void SetRules(const site::TransferRules& rules);
 
-    using Work = std::function<void(const site::TransferPlace&)>;
+    /// The terms have rules and stop.
+    using Work = std::function<void(site::IBlobs&, const site::TransferTerms&)>;
     /// Does the work on the calling thread. False, and nothing done, while closed.
     bool Run(const Work& work);
-    /// Does it on a thread of its own. False, and nothing done, while closed or without threads.
-    bool Start(const Work& work);
+    /// Does it on another thread; what comes back tells it to stop, and has no stop state while
+    /// closed or without threads, when nothing is done.
+    [[nodiscard]] std::stop_source Start(const Work& work);
 
     using MessageSink = std::function<void(MessageLevel, const QString&)>;
     /// The sink is called on the reporting thread. Once this returns, the sink before isn't running
@@ -52,18 +53,13 @@ public:
     void Report(MessageLevel level, const QString& text);
 
 private:
-    struct Worker {
-        bool done = false; ///< guarded by m_lock
-        std::jthread thread;
-    };
+    [[nodiscard]] site::TransferPool::Work OnTheSite(const Work& work);
 
     mutable std::mutex m_lock; ///< guards what follows
-    std::condition_variable m_left;
-    QString m_folder;
+    site::IBlobs* m_blobs = nullptr;
     site::TransferRules m_rules;
-    std::stop_source m_stop;
-    int m_running = 0; ///< on the threads of callers
-    std::list<Worker> m_workers;
+
+    site::TransferPool m_pool;
 
     std::recursive_mutex m_sinkLock; ///< guards m_sink and is held while it runs
     MessageSink m_sink;

@@ -64,7 +64,7 @@ struct SitePlan {
 };
 
 /// Equal arguments give equal plans. Times lie within the two years before `now` (seconds since
-/// 1970), a good tenth of them in its last seven days. kNone gives an empty plan. Thread: any.
+/// 1970), a good tenth of them in its last seven days. None gives an empty plan. Thread: any.
 [[nodiscard]] SitePlan MakeSitePlan(SampleSize size, qint64 now);
 
 /// The floors of a project from the lowest up, the roof last.

@@ -37,7 +37,7 @@ public:
     void Settle(const QString& uuid);
     void Discard(const QString& uuid);
 
-    /// Path of a stored file. kBadName for a text that is no uuid, kMissing for a file that isn't
+    /// Path of a stored file. BadName for a text that is no uuid, Missing for a file that isn't
     /// there.
     [[nodiscard]] QString PathOf(const QString& uuid) const;
     [[nodiscard]] bool Has(const QString& uuid) const;

@@ -28,7 +28,7 @@ enum class FolderLook {
 
 struct FolderFinding {
     FolderLook look = FolderLook::Free;
-    QString name; ///< kLinked: the part that is one; kForeign: an entry that isn't ours
+    QString name; ///< Linked: the part that is one; Foreign: an entry that isn't ours
 };
 
 /// Changes nothing. Links are followed up to the folder itself, never below it. Thread: any.

@@ -16,7 +16,7 @@ inline constexpr int kSchemaVersion = 4;
 [[nodiscard]] std::vector<std::vector<QString>> SchemaSteps();
 
 /// Brings the database to kSchemaVersion, each step in a transaction of its own; two processes may
-/// do it at the same time. Throws DataError: kNewer for a later version, kDamaged for a database
+/// do it at the same time. Throws DataError: Newer for a later version, Damaged for a database
 /// that is no site's.
 void Migrate(Database& database);
 

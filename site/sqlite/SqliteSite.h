@@ -7,6 +7,7 @@
 #include "site/sqlite/Catalogue.h"
 #include "site/sqlite/DataFolder.h"
 #include "site/sqlite/Database.h"
+#include "site/sqlite/FolderBlobs.h"
 #include "site/sqlite/FolderPlaces.h"
 #include "site/sqlite/Issues.h"
 #include "site/sqlite/ListQuery.h"
@@ -27,6 +28,7 @@ public:
     [[nodiscard]] IPanelCounts& PanelCounts() override { return m_panel; }
     [[nodiscard]] ICatalogue& Catalogue() override { return m_catalogue; }
     [[nodiscard]] IBin& Bin() override { return m_bin; }
+    [[nodiscard]] IBlobs& Blobs() override { return m_blobs; }
     [[nodiscard]] std::unique_ptr<IIntake> NewIntake() override;
     [[nodiscard]] IClientFolders& Folders() override { return m_places; }
     [[nodiscard]] Stamp ChangeStamp() override { return m_folder.Db().ChangeStamp(); }
@@ -49,6 +51,7 @@ private:
     PanelCache m_panel;
     site::Catalogue m_catalogue;
     site::Bin m_bin;
+    FolderBlobs m_blobs;
     FolderPlaces m_places;
 };
 

@@ -1,11 +1,9 @@
 #include "site/transfer/Transfer.h"
 
+#include "site/DataError.h"
 #include "site/StoreName.h"
-#include "site/blobs/FileStore.h"
 #include "site/blobs/FileSync.h"
 #include "site/blobs/FolderLook.h"
-#include "site/sqlite/DataFolder.h"
-#include "site/sqlite/Database.h"
 #include "site/transfer/FetchedFiles.h"
 
 #include <QDateTime>
@@ -25,7 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kReaderTimeoutMs = 5000;
 constexpr int kSecondsOfADay = 24 * 3600;
 const QString kPartial = u".part"_s;
 
@@ -47,15 +44,6 @@ bool Pause(int milliseconds, const std::stop_token& stop) {
     throw DataError(Fault::Other, u"文件传输中断，请检查网络后重试。"_s);
 }
 
-QString StoredMd5(const DataFolder& paths, const QString& uuid) {
-    Database reader(paths.DatabasePath(), kReaderTimeoutMs);
-    const QVariant md5 = reader.Value(u"SELECT md5 FROM file WHERE uuid = ?"_s, {uuid});
-    if (!md5.isValid()) {
-        throw DataError(Fault::Missing, FaultText(Fault::Missing, u"文件 "_s + uuid));
-    }
-    return md5.toString();
-}
-
 void Replace(const QString& from, const QString& to) {
     std::error_code error;
     std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), error);
@@ -66,27 +54,27 @@ void Replace(const QString& from, const QString& to) {
 }
 
 /// What happens before a block is written. False: the transfer ends here.
-bool PassBlock(const TransferPlace& place, qint64 bytes, qint64 total) {
+bool PassBlock(const TransferTerms& terms, qint64 bytes, qint64 total) {
     const bool half = bytes * 2 >= total;
-    if (half && place.rules.fault == TransferFault::InTheMiddle) {
+    if (half && terms.rules.fault == TransferFault::InTheMiddle) {
         return false;
     }
-    const bool hangs = half && place.rules.fault == TransferFault::NeverEnds;
-    return Pause(hangs ? -1 : place.rules.blockDelayMs, place.stop);
+    const bool hangs = half && terms.rules.fault == TransferFault::NeverEnds;
+    return Pause(hangs ? -1 : terms.rules.blockDelayMs, terms.stop);
 }
 
-void CopyChecked(const TransferPlace& place, QFile& source, const QString& partial,
-                 const QString& md5, const std::function<void(qint64)>& onBytes) {
+void CopyChecked(const StoredCopy& stored, QFile& source, const QString& partial,
+                 const TransferTerms& terms) {
     const qint64 total = source.size();
     bool broken = false;
     const CopyOutcome outcome = CopySynced(source, partial, [&](qint64 bytes) {
-        broken = !PassBlock(place, bytes, total);
-        if (!broken && onBytes) {
-            onBytes(bytes);
+        broken = !PassBlock(terms, bytes, total);
+        if (!broken && terms.onBytes) {
+            terms.onBytes(bytes);
         }
         return !broken;
     });
-    if (place.stop.stop_requested()) {
+    if (terms.stop.stop_requested()) {
         QFile::remove(partial);
         throw DataError(Fault::Other, u"文件传输已取消。"_s);
     }
@@ -97,63 +85,37 @@ void CopyChecked(const TransferPlace& place, QFile& source, const QString& parti
         const Fault fault = outcome.diskFull ? Fault::DiskFull : Fault::NotWritable;
         throw DataError(fault, FaultText(fault, QFileInfo(partial).path()));
     }
-    if (outcome.md5 != md5) {
+    if (outcome.md5 != stored.md5) {
         QFile::remove(partial);
-        throw DataError(Fault::Damaged, u"文件 "_s + QFileInfo(source).fileName() +
-                                            u" 的内容已损坏，请从备份恢复。"_s);
+        throw DataError(Fault::Damaged,
+                        u"文件 "_s + stored.uuid + u" 的内容已损坏，请从备份恢复。"_s);
     }
 }
 
-void Fetch(const TransferPlace& place, const QString& uuid, const QString& localPath,
-           const std::function<void(qint64)>& onBytes) {
-    const DataFolder paths(place.dataFolder);
-    const FileStore store(paths.StorePath(), paths.BinPath());
-    QFile source(store.PathOf(uuid));
-    const QString md5 = StoredMd5(paths, uuid);
-    if (IsWhole(localPath, uuid, md5)) {
-        if (onBytes) {
-            onBytes(QFileInfo(localPath).size());
+} // namespace
+
+void FetchCopy(const StoredCopy& stored, const QString& localPath, const TransferTerms& terms) {
+    if (IsWhole(localPath, stored.uuid, stored.md5)) {
+        if (terms.onBytes) {
+            terms.onBytes(QFileInfo(localPath).size());
         }
         return;
     }
+    QFile source(stored.path);
     if (!source.open(QIODevice::ReadOnly)) {
-        throw DataError(Fault::Missing, FaultText(Fault::Missing, u"文件 "_s + uuid));
+        throw DataError(Fault::Missing, FaultText(Fault::Missing, u"文件 "_s + stored.uuid));
     }
     const QString folder = QFileInfo(localPath).path();
     if (!QDir().mkpath(folder)) {
         throw DataError(Fault::NotWritable, FaultText(Fault::NotWritable, folder));
     }
-    if (place.rules.fault == TransferFault::AtStart) {
+    if (terms.rules.fault == TransferFault::AtStart) {
         ThrowBroken();
     }
     const QString partial = folder + u'/' + NewStoreName() + kPartial;
-    CopyChecked(place, source, partial, md5, onBytes);
+    CopyChecked(stored, source, partial, terms);
     Replace(partial, localPath);
-    NoteWhole(localPath, uuid);
-}
-
-} // namespace
-
-qint64 StoredSize(const QString& dataFolder, const QString& uuid) {
-    const DataFolder paths(dataFolder);
-    try {
-        return QFileInfo(FileStore(paths.StorePath(), paths.BinPath()).PathOf(uuid)).size();
-    } catch (const DataError&) {
-        return -1;
-    }
-}
-
-TransferOutcome FetchFile(const TransferPlace& place, const QString& uuid, const QString& localPath,
-                          const std::function<void(qint64)>& onBytes) {
-    if (IsKnownWhole(localPath, uuid)) {
-        return {true, {}};
-    }
-    try {
-        Fetch(place, uuid, localPath, onBytes);
-    } catch (const DataError& error) {
-        return {false, error.Text()};
-    }
-    return {true, {}};
+    NoteWhole(localPath, stored.uuid);
 }
 
 void RemoveLeftovers(const QString& folder) {

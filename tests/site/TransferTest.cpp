@@ -3,7 +3,7 @@
 #include "site/StoreName.h"
 #include "site/blobs/FileStore.h"
 #include "site/sqlite/Database.h"
-#include "site/transfer/Upload.h"
+#include "site/sqlite/FolderBlobs.h"
 #include "tests/site/TempSite.h"
 #include "tests/support/FileSizeLimit.h"
 
@@ -27,13 +27,13 @@ public:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(QByteArray(600000, 'p'));
         file.close();
-        uuid = StoreUpload(folder.Path(), file.fileName()).uuid;
+        uuid = blobs.Upload(file.fileName()).uuid;
         target = dir.filePath(u"cache/a.jpg"_s);
     }
 
     [[nodiscard]] TransferOutcome Fetch(const TransferRules& rules = {}) {
-        return FetchFile({folder.Path(), rules, stop.get_token()}, uuid, target,
-                         [&](qint64 bytes) { steps.push_back(bytes); });
+        return blobs.Fetch(
+            uuid, target, {rules, stop.get_token(), [&](qint64 bytes) { steps.push_back(bytes); }});
     }
     /// A failure that left what was there and nothing else, and says what is wrong.
     void ExpectFailure(const TransferOutcome& outcome, const QString& text) {
@@ -53,6 +53,7 @@ public:
         return QDir(dir.filePath(u"cache"_s)).entryList(QDir::Files | QDir::Hidden);
     }
 
+    FolderBlobs blobs{folder};
     QString uuid;
     QString target;
     std::vector<qint64> steps;
@@ -68,7 +69,7 @@ TEST(Transfer, AFileArrivesWholeAndUnderItsNameAlone) {
     EXPECT_EQ(site.Cached(), QStringList{u"a.jpg"_s});
     EXPECT_EQ(QFile(site.target).size(), 600000);
     EXPECT_EQ(site.steps, (std::vector<qint64>{262144, 524288, 600000}));
-    EXPECT_EQ(StoredSize(site.folder.Path(), site.uuid), 600000);
+    EXPECT_EQ(site.blobs.SizeOf(site.uuid), 600000);
 }
 
 TEST(Transfer, AFileThatIsThereIsReplacedByAWholeOne) {
@@ -176,9 +177,7 @@ TEST(Transfer, TwoAtOnceMayFetchTheSameFile) {
     TransferSite site;
     TransferOutcome other;
     {
-        const std::jthread second([&] {
-            other = FetchFile({site.folder.Path(), {1}, {}}, site.uuid, site.target);
-        });
+        const std::jthread second([&] { other = site.blobs.Fetch(site.uuid, site.target, {{1}}); });
         EXPECT_TRUE(site.Fetch({1}).ok);
     }
     EXPECT_TRUE(other.ok);
@@ -191,7 +190,7 @@ TEST(Transfer, AnEmptyFileArrivesAsOne) {
     QFile empty(site.dir.filePath(u"empty"_s));
     ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
     empty.close();
-    site.uuid = StoreUpload(site.folder.Path(), empty.fileName()).uuid;
+    site.uuid = site.blobs.Upload(empty.fileName()).uuid;
     EXPECT_TRUE(site.Fetch().ok);
     EXPECT_EQ(QFileInfo(site.target).size(), 0);
 }
@@ -233,7 +232,7 @@ TEST(Transfer, AFileMissingFromTheStoreIsToldAsMissing) {
     const TransferOutcome outcome = site.Fetch();
     EXPECT_FALSE(outcome.ok);
     EXPECT_TRUE(outcome.text.contains(site.uuid));
-    EXPECT_EQ(StoredSize(site.folder.Path(), site.uuid), -1);
+    EXPECT_EQ(site.blobs.SizeOf(site.uuid), -1);
 }
 
 TEST(Transfer, ATextThatIsNoUuidIsRefused) {

@@ -143,6 +143,24 @@ TEST(BackgroundDownload, ClosingTheFolderEndsWhatRuns) {
     }
 }
 
+TEST(BackgroundDownload, ATaskThatIsStartedAgainEndsTheOneBefore) {
+    FilesSite site;
+    KX_DATA::FileDownloadRecord record;
+    record.uuid = site.uuid;
+    record.localPath = site.local + u"-first"_s;
+    site.session.SetTransfers({0, site::TransferFault::NeverEnds});
+    // More than there are threads: each that is left behind would keep one.
+    for (int i = 0; i < 20; ++i) {
+        GetMQFFileDownLPtr()->StartDownload(u"again"_s, record, 2);
+    }
+    site.session.SetTransfers({});
+    record.localPath = site.local;
+    GetMQFFileDownLPtr()->StartDownload(u"again"_s, record, 2);
+    EXPECT_EQ(site.EndOf(u"again"_s), KX_DATA::kDownloadFinished) << "not told the others' ends";
+    EXPECT_TRUE(QFile::exists(site.local));
+    EXPECT_FALSE(QFile::exists(site.local + u"-first"_s));
+}
+
 TEST(BackgroundDownload, WithoutASessionATaskFailsAtOnce) {
     KX_DATA::FileDownloadRecord record;
     record.uuid = u"u"_s;

@@ -13,32 +13,44 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Files that nobody asks for.
+class NoBlobs final : public site::IBlobs {
+public:
+    site::TransferOutcome Fetch(const QString&, const QString&,
+                                const site::TransferTerms&) override {
+        return {};
+    }
+    [[nodiscard]] bool IsFetched(const QString&, const QString&) const override { return false; }
+    qint64 SizeOf(const QString&) override { return -1; }
+    KX_DATA::UploadResult Upload(const QString&) override { return {}; }
+};
+
 /// Stays until it is told to stop.
-void StayUntilStopped(const site::TransferPlace& place) {
+void StayUntilStopped(const site::TransferTerms& terms) {
     std::mutex mutex;
     std::unique_lock lock(mutex);
     std::condition_variable_any never;
-    never.wait(lock, place.stop, [] { return false; });
+    never.wait(lock, terms.stop, [] { return false; });
 }
 
 } // namespace
 
 TEST(SessionDesk, DoesWorkOnlyWhileAFolderIsOpen) {
+    NoBlobs blobs;
     SessionDesk desk;
     int done = 0;
-    const auto count = [&](const site::TransferPlace&) { ++done; };
+    const auto count = [&](site::IBlobs&, const site::TransferTerms&) { ++done; };
     EXPECT_FALSE(desk.Run(count));
-    EXPECT_FALSE(desk.Start(count));
-    desk.Open(u"/data"_s);
-    EXPECT_TRUE(desk.Run([&](const site::TransferPlace& place) {
-        EXPECT_EQ(place.dataFolder, u"/data"_s);
-        count(place);
+    EXPECT_FALSE(desk.Start(count).stop_possible());
+    desk.Open(blobs);
+    EXPECT_TRUE(desk.Run([&](site::IBlobs& open, const site::TransferTerms& terms) {
+        EXPECT_EQ(&open, &blobs);
+        count(open, terms);
     }));
-    EXPECT_TRUE(desk.Start(count));
+    EXPECT_TRUE(desk.Start(count).stop_possible());
     desk.Close();
     EXPECT_EQ(done, 2);
     EXPECT_FALSE(desk.Run(count));
-    EXPECT_EQ(desk.DataFolder(), QString());
 }
 
 TEST(SessionDesk, MessagesFromBeforeThereIsAWindowComeWithIt) {
@@ -55,21 +67,22 @@ TEST(SessionDesk, MessagesFromBeforeThereIsAWindowComeWithIt) {
 }
 
 TEST(SessionDesk, ClosingEndsWhatRunsAndWaitsForIt) {
+    NoBlobs blobs;
     SessionDesk desk;
-    desk.Open(u"/data"_s);
+    desk.Open(blobs);
     std::atomic<int> ended{0};
-    const auto stay = [&](const site::TransferPlace& place) {
-        StayUntilStopped(place);
+    const auto stay = [&](site::IBlobs&, const site::TransferTerms& terms) {
+        StayUntilStopped(terms);
         ++ended;
     };
     for (int i = 0; i < 5; ++i) {
-        EXPECT_TRUE(desk.Start(stay));
+        EXPECT_TRUE(desk.Start(stay).stop_possible());
     }
     std::atomic<bool> running{false};
     const std::jthread caller([&] {
-        desk.Run([&](const site::TransferPlace& place) {
+        desk.Run([&](site::IBlobs& open, const site::TransferTerms& terms) {
             running = true;
-            stay(place);
+            stay(open, terms);
         });
     });
     while (!running) {
@@ -80,12 +93,14 @@ TEST(SessionDesk, ClosingEndsWhatRunsAndWaitsForIt) {
 }
 
 TEST(SessionDesk, WhatRunsAfterAFolderWasOpenedAgainIsNotStopped) {
+    NoBlobs blobs;
     SessionDesk desk;
-    desk.Open(u"/first"_s);
+    desk.Open(blobs);
     desk.Close();
-    desk.Open(u"/second"_s);
-    EXPECT_TRUE(desk.Run(
-        [](const site::TransferPlace& place) { EXPECT_FALSE(place.stop.stop_requested()); }));
+    desk.Open(blobs);
+    EXPECT_TRUE(desk.Run([](site::IBlobs&, const site::TransferTerms& terms) {
+        EXPECT_FALSE(terms.stop.stop_requested());
+    }));
 }
 
 TEST(SessionDesk, ASinkThatWasTakenAwayIsNotCalledAnyMore) {
@@ -105,15 +120,18 @@ TEST(SessionDesk, ASinkThatWasTakenAwayIsNotCalledAnyMore) {
 
 TEST(SessionDesk, ManyThreadsMayStartWhileItCloses) {
     for (int round = 0; round < 50; ++round) {
+        NoBlobs blobs;
         SessionDesk desk;
-        desk.Open(u"/data"_s);
+        desk.Open(blobs);
         std::atomic<int> started{0};
         std::atomic<int> ended{0};
         {
             std::vector<std::jthread> threads;
             for (int i = 0; i < 4; ++i) {
-                threads.emplace_back(
-                    [&] { started += desk.Start([&](const site::TransferPlace&) { ++ended; }); });
+                threads.emplace_back([&] {
+                    const auto work = [&](site::IBlobs&, const site::TransferTerms&) { ++ended; };
+                    started += desk.Start(work).stop_possible();
+                });
             }
             desk.Close();
         }

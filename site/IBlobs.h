@@ -1,0 +1,57 @@
+// The files of a site: fetching them to a path, taking new ones in.
+#pragma once
+
+#include "services/EnvRecords.h"
+
+#include <QString>
+
+#include <functional>
+#include <stop_token>
+
+namespace site {
+
+enum class TransferFault {
+    None,
+    AtStart,     ///< before the first block
+    InTheMiddle, ///< when half of the bytes have come
+    NeverEnds,   ///< stands still when half of the bytes have come, until it is told to stop
+};
+
+/// How transfers behave; for tests, demonstrations and trying slow networks.
+struct TransferRules {
+    int blockDelayMs = 0; ///< wait before each block of 256 KiB
+    TransferFault fault = TransferFault::None;
+};
+
+/// What goes with one transfer.
+struct TransferTerms {
+    TransferRules rules{};
+    std::stop_token stop{};                ///< ends it early
+    std::function<void(qint64)> onBytes{}; ///< told the bytes so far, on the transferring thread
+};
+
+struct TransferOutcome {
+    bool ok = false;
+    QString text; ///< what went wrong, Chinese
+};
+
+/// Files have no path of their own here: they are copied to one. Operations may take long, save
+/// IsFetched. Thread: any.
+class IBlobs {
+public:
+    virtual ~IBlobs() = default;
+
+    /// Copies a stored file to `localPath` unless it lies there whole. Checked against the MD5 that
+    /// the site holds, and put in place as a whole: on failure, and when told to stop, what was
+    /// there stays and nothing is left behind.
+    [[nodiscard]] virtual TransferOutcome Fetch(const QString& uuid, const QString& localPath,
+                                                const TransferTerms& terms) = 0;
+    /// True if Fetch would have nothing to do; asks nobody.
+    [[nodiscard]] virtual bool IsFetched(const QString& uuid, const QString& localPath) const = 0;
+    /// Bytes, -1 if the site has no such file.
+    [[nodiscard]] virtual qint64 SizeOf(const QString& uuid) = 0;
+    /// Takes a file in before anything refers to it. Throws DataError.
+    [[nodiscard]] virtual KX_DATA::UploadResult Upload(const QString& path) = 0;
+};
+
+} // namespace site

@@ -1,0 +1,30 @@
+// The files of a data folder: the store's, with what the database says of them.
+#pragma once
+
+#include "site/IBlobs.h"
+
+namespace site {
+
+class DataFolder;
+
+/// Each operation has a connection and a store of its own, so that any thread may ask at any time.
+class FolderBlobs final : public IBlobs {
+public:
+    explicit FolderBlobs(const DataFolder& dataFolder);
+
+    [[nodiscard]] TransferOutcome Fetch(const QString& uuid, const QString& localPath,
+                                        const TransferTerms& terms) override;
+    [[nodiscard]] bool IsFetched(const QString& uuid, const QString& localPath) const override;
+    [[nodiscard]] qint64 SizeOf(const QString& uuid) override;
+    /// Stores the file and writes its row, owned by nothing yet.
+    [[nodiscard]] KX_DATA::UploadResult Upload(const QString& path) override;
+
+private:
+    [[nodiscard]] QString StoredMd5(const QString& uuid) const;
+
+    const QString m_database;
+    const QString m_store;
+    const QString m_bin;
+};
+
+} // namespace site
