@@ -2,8 +2,6 @@
 
 #include "base/FacadeAccess.h"
 #include "base/Guard.h"
-#include "base/OpenProject.h"
-#include "base/StoredFile.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
@@ -15,9 +13,10 @@
 #include "services/IVeskPicMng.h"
 #include "toolkit/WindowRegistry.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
-using ZelvorNRQ_KXVeskPicture::CurrentProject;
 using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
 using ZelvorNRQ_KXVeskPicture::IPictureFacade;
 using ZelvorNRQ_KXVeskPicture::PictureFacade;
@@ -25,83 +24,70 @@ using ZelvorNRQ_KXVeskPicture::ShowStatus;
 
 namespace {
 
-enum BimColumn { kPeople = 5, kTimes = 6, kPosition = 7, kLabels = 8, kRectify = 9, kText = 10 };
+enum BimColumn { kPosition = 7 };
 
 const QColor kInvalidPosition(255, 0, 0);
 
 } // namespace
 
-QString CBimPicMng::GetSearchHint() const {
-    return u"输入照片名称、相关人账号、描述等关键字"_s;
-}
-
-bool CBimPicMng::InitColumns(std::map<int, bool>& sortable) {
-    InsertColumns(kModeBim, sortable);
-    return true;
-}
-
-void CBimPicMng::NotifyChanged() {
+void BimPics::TellHost() {
     PictureFacade().Sink().RefreshBimMarks();
 }
 
-bool CBimPicMng::QueryPage(const toolkit::ImageList& rowImages, const KX_DATA::PageRequest& request,
-                           KX_DATA::PageResult& result) {
-    records.clear();
-    const int filling = grid->Filling();
-    std::vector<KX_DATA::BimPicRow> page;
-    if (GetVeskPicMng()->QueryBimPics(PicFilter(), request, result, page) != KX_DATA::kServiceOk ||
-        grid->Filling() != filling) {
-        return false;
-    }
-    records = std::move(page);
-    for (size_t i = 0; i < records.size(); ++i) {
-        BuildRow(rowImages, int(i), records[i]);
-    }
-    return true;
+bool BimPics::Query(const CPicMngBase& mng, const KX_DATA::PageRequest& request,
+                    KX_DATA::PageResult& result, std::vector<Record>& page) {
+    return GetVeskPicMng()->QueryBimPics(mng.PicFilter(), request, result, page) ==
+           KX_DATA::kServiceOk;
 }
 
-void CBimPicMng::BuildRow(const toolkit::ImageList& rowImages, int place,
-                          KX_DATA::BimPicRow& record) {
-    const qint32 wanted = PicFilter().picId;
-    auto row = StartRow(place, wanted != KX_DATA::kNoPic && wanted == record.picId);
-    row->SetText(kProjectColumn, ProjectName(record.ppid));
-    PutMark(*row, record.markId);
-    row->SetText(kNameColumn, record.fileName);
-    row->SetText(kPeople, PairText(record.uploaderName, record.updaterName));
-    row->SetText(kTimes, PairText(record.uploadTime, record.updateTime));
-    row->SetText(kPosition, BimPositionText(record));
-    if (record.posValid == 0) {
-        row->GetItem(kPosition)->SetTextColor(kInvalidPosition);
-    }
-    row->SetText(kLabels, LabelText(record.labelNames));
-    row->SetText(kRectify, record.rectifyText);
-    row->SetText(kText, record.description);
-    row->SetText(GetStatusColumn(), StatusText(record.status));
-    const int icons = FirstIconColumn(kModeBim);
-    PutIcons(*row, icons, rowImages);
-    if (record.floor.isEmpty()) {
-        row->GetItem(icons + 1)->Enable(false);
-    }
-    row->SetData(&record);
-    grid->AddRow(std::move(row));
+bool BimPics::SetShown(qint32 projectId, const std::vector<Id>& ids, bool hidden) {
+    return GetVeskPicMng()->SetBimPicsShown(projectId, ids, hidden);
 }
 
-int CBimPicMng::GetStatusColumn() const {
-    return StatusColumn(kModeBim);
+bool BimPics::Delete(qint32 projectId, const std::vector<Id>& ids) {
+    Q_UNUSED(projectId);
+    return GetVeskPicMng()->DeleteBimPics(ids);
 }
 
-bool CBimPicMng::GetUsedMarks(std::vector<qint32>& markIds) {
+bool BimPics::UsedMarks(std::vector<qint32>& markIds) {
     return GetVeskPicMng()->GetUsedBimMarks(markIds);
 }
 
+QString BimPics::Folder(const KX_DATA::ProjectRecord& project) {
+    QString folder;
+    GetKXPathMng()->GetPicFolder(folder, project.ppid, project.name);
+    return folder;
+}
+
+void BimPics::PutPlace(KX_DATA::PicViewItem& item, const Record& record, const CGridRow& row) {
+    item.positionKey = record.positionKey;
+    item.positionText = row.GetItem(kPosition)->GetText();
+}
+
+bool CBimPicMng::StartsChecked(const KX_DATA::BimPicRow& record) const {
+    const qint32 wanted = PicFilter().picId;
+    return wanted != KX_DATA::kNoPic && wanted == record.picId;
+}
+
+void CBimPicMng::FillCells(CGridRow& row, const KX_DATA::BimPicRow& record) {
+    FillFurtherCells(row, record);
+    FillBasicCells(row, record, BimPositionText(record));
+    if (record.posValid == 0) {
+        row.GetItem(kPosition)->SetTextColor(kInvalidPosition);
+    }
+    if (record.floor.isEmpty()) {
+        row.GetItem(FirstIconColumn(kModeBim) + 1)->Enable(false);
+    }
+}
+
 bool CBimPicMng::EditRow(CGridRow& row) {
-    CBimPicEditDlg editor(RecordOf<KX_DATA::BimPicRow>(row));
+    CBimPicEditDlg editor(RecordOf(row));
     // Neither row nor record need be there any more when it comes back.
     return editor.DoModal(grid->ParentId()) == DialogResult::Ok;
 }
 
 void CBimPicMng::LocateRow(CGridRow& row) {
-    const auto& record = RecordOf<KX_DATA::BimPicRow>(row);
+    const auto& record = RecordOf(row);
     // Only 1 stops here: a photo hidden by the console's button holds the number of the status
     // column until the page is fetched again, and can be located; required as is.
     if (record.status == KX_DATA::kStatusHidden) {
@@ -127,60 +113,9 @@ void CBimPicMng::LocateRow(CGridRow& row) {
     ShowStatus(grid->ParentId(), e_VeskPicMngStatus::DisplayOff);
 }
 
-DownloadSource CBimPicMng::GetDownloadSource(const CGridRow& row) const {
-    const auto& record = RecordOf<KX_DATA::BimPicRow>(row);
-    // The folder is that of the open project, not of the row's.
-    const auto project = CurrentProject().value_or(KX_DATA::ProjectRecord());
-    QString folder;
-    GetKXPathMng()->GetPicFolder(folder, project.ppid, project.name);
-    return {record.text8, record.fileName,
-            ZelvorNRQ_KXVeskPicture::StoredFilePath(folder, record.text8,
-                                                    ZelvorNRQ_KXVeskPicture::kPictureEnding)};
-}
-
-bool CBimPicMng::DeleteIds(qint32 projectId, const std::vector<qint32>& picIds) {
-    Q_UNUSED(projectId);
-    if (!GetVeskPicMng()->DeleteBimPics(picIds)) {
-        return false;
-    }
-    WriteAction(u"删除Vesk照片"_s);
-    return true;
-}
-
-void CBimPicMng::BuildPreviewList(std::vector<KX_DATA::PicViewItem>& items) const {
-    for (int i = 0; i < grid->GetRowCount(); ++i) {
-        const CGridRow& row = *grid->GetRow(i);
-        const KX_DATA::BimPicRow& record = records[size_t(i)];
-        KX_DATA::PicViewItem item;
-        item.picId = record.picId;
-        item.ppid = record.ppid;
-        item.uuid = record.text8;
-        item.fileText = record.text9;
-        item.picName = record.fileName;
-        item.positionKey = record.positionKey;
-        item.markId = record.markId;
-        item.positionText = row.GetItem(kPosition)->GetText();
-        item.uploader = record.uploaderName;
-        item.uploadTime = record.uploadTime;
-        item.updater = record.updaterName;
-        item.updateTime = record.updateTime;
-        item.labelText = row.GetItem(kLabels)->GetText();
-        item.description = record.description;
-        item.rectifyText = record.rectifyText;
-        items.push_back(std::move(item));
-    }
-}
-
 bool CBimPicMng::CollectCheckedIds(std::vector<qint32>& picIds) const {
-    bool allValid = true;
-    for (const CGridRow* row : CheckedRows()) {
-        const auto& record = RecordOf<KX_DATA::BimPicRow>(*row);
-        picIds.push_back(record.picId);
-        allValid = allValid && record.posValid != 0;
-    }
-    return allValid;
-}
-
-bool CBimPicMng::SetShown(qint32 projectId, const std::vector<qint32>& picIds, bool hidden) {
-    return GetVeskPicMng()->SetBimPicsShown(projectId, picIds, hidden);
+    PhotoMng::CollectCheckedIds(picIds);
+    const std::vector<CGridRow*> checked = CheckedRows();
+    return std::ranges::all_of(checked,
+                               [](const CGridRow* row) { return RecordOf(*row).posValid != 0; });
 }

@@ -3,7 +3,6 @@
 #include "base/FacadeAccess.h"
 #include "base/MissingDialogs.h"
 #include "base/OpenProject.h"
-#include "base/StoredFile.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
@@ -13,105 +12,77 @@
 #include "services/IVeskPicMng.h"
 #include "toolkit/WindowRegistry.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
 using ZelvorNRQ_KXVeskPicture::CurrentDrawing;
-using ZelvorNRQ_KXVeskPicture::CurrentProject;
 using ZelvorNRQ_KXVeskPicture::IPictureFacade;
 using ZelvorNRQ_KXVeskPicture::MissingDialog;
 using ZelvorNRQ_KXVeskPicture::PictureFacade;
 
 namespace {
 
-enum PdfColumn {
-    kDrawing = 5,
-    kPdfPeople = 6,
-    kPdfTimes = 7,
-    kPdfPosition = 8,
-    kPdfLabels = 9,
-    kPdfRectify = 10,
-    kPdfText = 11
-};
+enum PdfColumn { kDrawing = 5 };
 
 /// First parameter of the event that asks the main window for a drawing.
 constexpr quintptr kLocateDrawing = 3;
 
 } // namespace
 
-QString CPDFPicMng::GetSearchHint() const {
-    return u"输入照片名称、图纸、相关人账号、描述等关键字"_s;
-}
-
-bool CPDFPicMng::InitColumns(std::map<int, bool>& sortable) {
-    InsertColumns(kModePdf, sortable);
-    return true;
-}
-
-void CPDFPicMng::NotifyChanged() {
+void PdfPics::TellHost() {
     PictureFacade().Sink().RefreshPdfMarks();
 }
 
-bool CPDFPicMng::QueryPage(const toolkit::ImageList& rowImages, const KX_DATA::PageRequest& request,
-                           KX_DATA::PageResult& result) {
-    records.clear();
-    const int filling = grid->Filling();
-    std::vector<KX_DATA::PdfPicRecord> page;
-    // The service of drawing photos tells success by any value but 0.
-    if (GetVeskPicMng()->QueryPdfPics(PdfFilter(), request, result, page) == 0 ||
-        grid->Filling() != filling) {
-        return false;
-    }
-    records = std::move(page);
-    for (size_t i = 0; i < records.size(); ++i) {
-        BuildRow(rowImages, int(i), records[i]);
-    }
-    return true;
+bool PdfPics::Query(const CPicMngBase& mng, const KX_DATA::PageRequest& request,
+                    KX_DATA::PageResult& result, std::vector<Record>& page) {
+    return GetVeskPicMng()->QueryPdfPics(mng.PdfFilter(), request, result, page) != 0;
+}
+
+bool PdfPics::SetShown(qint32 projectId, const std::vector<Id>& ids, bool hidden) {
+    return GetVeskPicMng()->SetPdfPicsShown(projectId, ids, hidden);
+}
+
+bool PdfPics::Delete(qint32 projectId, const std::vector<Id>& ids) {
+    return GetVeskPicMng()->DeletePdfPics(projectId, ids);
+}
+
+bool PdfPics::UsedMarks(std::vector<qint32>& markIds) {
+    return GetVeskPicMng()->GetUsedPdfMarks(markIds);
+}
+
+QString PdfPics::Folder(const KX_DATA::ProjectRecord& project) {
+    QString folder;
+    GetKXPathMng()->GetThumbFolder(folder, project.ppid, project.name);
+    return folder;
+}
+
+void PdfPics::PutPlace(KX_DATA::PicViewItem& item, const Record& record, const CGridRow& row) {
+    Q_UNUSED(row);
+    item.drawingId = record.drawingId;
+    item.positionText = CheckpointText(record.checkpointNo);
 }
 
 void CPDFPicMng::FillPdfBasicCells(CGridRow& row, const KX_DATA::PdfPicRecord& record) const {
-    row.SetText(kNameColumn, record.fileName);
-    row.SetText(kPdfPosition, CheckpointText(record.checkpointNo));
-    row.SetText(kPdfText, record.description);
-    row.SetText(GetStatusColumn(), StatusText(record.status));
+    FillBasicCells(row, record, CheckpointText(record.checkpointNo));
 }
 
-void CPDFPicMng::BuildRow(const toolkit::ImageList& rowImages, int place,
-                          KX_DATA::PdfPicRecord& record) {
-    auto row = StartRow(place, false);
-    FillPdfBasicCells(*row, record);
-    row->SetText(kDrawing, record.drawingName);
-    row->SetText(kProjectColumn, ProjectName(record.ppid));
-    PutMark(*row, record.markId);
-    row->SetText(kPdfLabels, LabelText(record.labels));
-    row->SetText(kPdfRectify, record.rectifyText);
-    row->SetText(kPdfPeople, PairText(record.uploaderName, record.updaterName));
-    row->SetText(kPdfTimes, PairText(record.uploadTime, record.updateTime));
-    PutIcons(*row, FirstIconColumn(kModePdf), rowImages);
-    row->SetData(&record);
-    grid->AddRow(std::move(row));
-}
-
-int CPDFPicMng::GetStatusColumn() const {
-    return StatusColumn(kModePdf);
+void CPDFPicMng::FillCells(CGridRow& row, const KX_DATA::PdfPicRecord& record) {
+    FillPdfBasicCells(row, record);
+    row.SetText(kDrawing, record.drawingName);
+    FillFurtherCells(row, record);
 }
 
 bool CPDFPicMng::IsViewAffected() {
+    const std::vector<CGridRow*> checked = CheckedRows();
     const QString current = CurrentDrawing().drawingName;
-    for (const CGridRow* row : CheckedRows()) {
-        if (RecordOf<KX_DATA::PdfPicRecord>(*row).drawingName == current) {
-            return true;
-        }
-    }
-    return false;
+    return std::ranges::any_of(
+        checked, [&](const CGridRow* row) { return RecordOf(*row).drawingName == current; });
 }
 
 bool CPDFPicMng::IsRowInView(const CGridRow& row) {
-    return RecordOf<KX_DATA::PdfPicRecord>(row).drawingName == CurrentDrawing().drawingName;
-}
-
-bool CPDFPicMng::GetUsedMarks(std::vector<qint32>& markIds) {
-    return GetVeskPicMng()->GetUsedPdfMarks(markIds);
+    return RecordOf(row).drawingName == CurrentDrawing().drawingName;
 }
 
 bool CPDFPicMng::EditRow(CGridRow& row) {
@@ -121,7 +92,7 @@ bool CPDFPicMng::EditRow(CGridRow& row) {
 
 void CPDFPicMng::LocateRow(CGridRow& row) {
     // A copy: the sink may fetch the page again.
-    const auto photo = RecordOf<KX_DATA::PdfPicRecord>(row);
+    const KX_DATA::PdfPicRecord photo = RecordOf(row);
     IPictureFacade& facade = PictureFacade();
     facade.Sink().SelectCheckpoint(photo.checkpointId);
     facade.pendingPicId = photo.picId;
@@ -129,52 +100,4 @@ void CPDFPicMng::LocateRow(CGridRow& row) {
     toolkit::PostWindowEvent(toolkit::MainWindow(), ZelvorNRQ_KXVeskPicture::WM_VESK_PDF_LOCATE,
                              kLocateDrawing, quintptr(photo.drawingId));
     // The console stays as it is until the viewer exists that brings it back.
-}
-
-DownloadSource CPDFPicMng::GetDownloadSource(const CGridRow& row) const {
-    const auto& record = RecordOf<KX_DATA::PdfPicRecord>(row);
-    // The folder is that of the open project, not of the row's.
-    const auto project = CurrentProject().value_or(KX_DATA::ProjectRecord());
-    QString folder;
-    GetKXPathMng()->GetThumbFolder(folder, project.ppid, project.name);
-    return {record.text1, record.fileName,
-            ZelvorNRQ_KXVeskPicture::StoredFilePath(folder, record.text1,
-                                                    ZelvorNRQ_KXVeskPicture::kPictureEnding)};
-}
-
-bool CPDFPicMng::DeleteIds(qint32 projectId, const std::vector<qint32>& picIds) {
-    if (!GetVeskPicMng()->DeletePdfPics(projectId, picIds)) {
-        return false;
-    }
-    // Small letters, unlike for BIM photos; required as is.
-    WriteAction(u"删除vesk照片"_s);
-    return true;
-}
-
-void CPDFPicMng::BuildPreviewList(std::vector<KX_DATA::PicViewItem>& items) const {
-    for (int i = 0; i < grid->GetRowCount(); ++i) {
-        const CGridRow& row = *grid->GetRow(i);
-        const KX_DATA::PdfPicRecord& record = records[size_t(i)];
-        KX_DATA::PicViewItem item;
-        item.picId = record.picId;
-        item.ppid = record.ppid;
-        item.uuid = record.text1;
-        item.fileText = record.text2;
-        item.picName = record.fileName;
-        item.drawingId = record.drawingId;
-        item.markId = record.markId;
-        item.positionText = CheckpointText(record.checkpointNo);
-        item.uploader = record.uploaderName;
-        item.uploadTime = record.uploadTime;
-        item.updater = record.updaterName;
-        item.updateTime = record.updateTime;
-        item.labelText = row.GetItem(kPdfLabels)->GetText();
-        item.description = record.description;
-        item.rectifyText = record.rectifyText;
-        items.push_back(std::move(item));
-    }
-}
-
-bool CPDFPicMng::SetShown(qint32 projectId, const std::vector<qint32>& picIds, bool hidden) {
-    return GetVeskPicMng()->SetPdfPicsShown(projectId, picIds, hidden);
 }

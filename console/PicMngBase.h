@@ -77,14 +77,16 @@ public:
         return {};
     }
     /// Names the row's item among all of its kind.
-    [[nodiscard]] virtual QString GetRowKey(const CGridRow& row) const {
-        return QString::number(GetRowPicId(row));
-    }
+    [[nodiscard]] virtual QString GetRowKey(const CGridRow& row) const = 0;
     /// Whether the view must be told when this row is deleted.
     [[nodiscard]] virtual bool IsRowInView(const CGridRow& row) {
         Q_UNUSED(row);
         return true;
     }
+
+    /// The filter if it is of this type, else one that filters nothing.
+    [[nodiscard]] const KX_DATA::PicQueryFilter& PicFilter() const;
+    [[nodiscard]] const KX_DATA::PdfQueryFilter& PdfFilter() const;
 
     CVeskPicMngGrid* grid = nullptr; ///< owns this manager
     ConsoleFilter filter;
@@ -93,9 +95,6 @@ public:
 protected:
     /// A viewer has opened that brings the console back when it closes.
     void LeaveToViewer();
-    [[nodiscard]] const KX_DATA::PicQueryFilter& PicFilter() const;
-    [[nodiscard]] const KX_DATA::PdfQueryFilter& PdfFilter() const;
-
     /// Inserts the columns of a kind, then hides what rights and workset hide.
     void InsertColumns(ConsoleMode mode, std::map<int, bool>& sortable);
     /// A row with check box and running number; `place` counts from 0.

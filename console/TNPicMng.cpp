@@ -8,8 +8,8 @@
 #include "services/Factories.h"
 #include "services/IKXView.h"
 #include "services/ITNQuestionMng.h"
+#include "services/IVeskPicMng.h"
 #include "toolkit/KXTools.h"
-#include "toolkit/Prompts.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,43 +23,32 @@ enum IssueColumn { kIssuePeople = 5, kIssueTimes = 6, kComponent = 7, kState = 9
 
 } // namespace
 
-QString CTNPicMng::GetSearchHint() const {
-    return u"输入问题主题、相关人账号、描述等关键字"_s;
-}
-
-bool CTNPicMng::InitColumns(std::map<int, bool>& sortable) {
-    InsertColumns(kModeIssue, sortable);
-    return true;
-}
-
-void CTNPicMng::NotifyChanged() {
+void Issues::TellHost() {
     PictureFacade().Sink().RefreshTNMarks();
 }
 
-bool CTNPicMng::QueryPage(const toolkit::ImageList& rowImages, const KX_DATA::PageRequest& request,
-                          KX_DATA::PageResult& result) {
-    records.clear();
-    const int filling = grid->Filling();
-    std::vector<KX_DATA::IssueRow> page;
-    if (GetTNQuestionMng()->QueryIssues(PicFilter(), request, result, page) != 101 ||
-        grid->Filling() != filling) {
-        return false;
-    }
-    records = std::move(page);
-    for (size_t i = 0; i < records.size(); ++i) {
-        BuildRow(rowImages, int(i), records[i]);
-    }
-    return true;
+bool Issues::Query(const CPicMngBase& mng, const KX_DATA::PageRequest& request,
+                   KX_DATA::PageResult& result, std::vector<Record>& page) {
+    return GetTNQuestionMng()->QueryIssues(mng.PicFilter(), request, result, page) ==
+           KX_DATA::kServiceOk;
 }
 
-void CTNPicMng::BuildRow(const toolkit::ImageList& rowImages, int place,
-                         KX_DATA::IssueRow& record) {
-    auto row = StartRow(place, false);
-    row->SetText(kProjectColumn, ProjectName(record.ppid));
-    FillRowCells(*row, record);
-    PutIcons(*row, FirstIconColumn(kModeIssue), rowImages);
-    row->SetData(&record);
-    grid->AddRow(std::move(row));
+bool Issues::SetShown(qint32 projectId, const std::vector<Id>& ids, bool hidden) {
+    return GetTNQuestionMng()->SetIssuesShown(projectId, ids, hidden);
+}
+
+bool Issues::Delete(qint32 projectId, const std::vector<Id>& ids) {
+    Q_UNUSED(projectId);
+    return GetTNQuestionMng()->DeleteIssues(ids);
+}
+
+QString Issues::DeleteQuestion(const CGridRow& row) {
+    Q_UNUSED(row);
+    return u"确认删除该问题和所附照片吗 ？"_s;
+}
+
+bool Issues::UsedMarks(std::vector<qint32>& markIds) {
+    return GetTNQuestionMng()->GetUsedMarks(KX_DATA::kIssueMarkKind, markIds);
 }
 
 void CTNPicMng::FillRowCells(CGridRow& row, const KX_DATA::IssueRow& record) {
@@ -74,67 +63,10 @@ void CTNPicMng::FillRowCells(CGridRow& row, const KX_DATA::IssueRow& record) {
     row.SetText(GetStatusColumn(), StatusText(record.status));
 }
 
-void CTNPicMng::SetRowStatus(CGridRow& row, qint32 value) {
-    RecordOf<KX_DATA::IssueRow>(row).status = value;
-}
-
-void CTNPicMng::CollectCheckedUuids(std::vector<QString>& questionIds) const {
-    for (const CGridRow* row : CheckedRows()) {
-        questionIds.push_back(RecordOf<KX_DATA::IssueRow>(*row).questionId);
-    }
-}
-
-CheckedResult CTNPicMng::SetCheckedStatus(qint32 projectId, bool hidden) {
-    std::vector<QString> questionIds;
-    CollectCheckedUuids(questionIds);
-    if (questionIds.empty()) {
-        return CheckedResult::NothingChecked;
-    }
-    return GetTNQuestionMng()->SetIssuesShown(projectId, questionIds, hidden)
-               ? CheckedResult::Done
-               : CheckedResult::Refused;
-}
-
-int CTNPicMng::GetStatusColumn() const {
-    return StatusColumn(kModeIssue);
-}
-
-bool CTNPicMng::DeleteIssueList(std::vector<QString> questionIds) {
-    const bool deleted = GetTNQuestionMng()->DeleteIssues(questionIds);
-    if (deleted) {
-        WriteAction(u"删除TN问题"_s);
-    }
-    return deleted;
-}
-
-bool CTNPicMng::DeleteChecked(qint32 projectId) {
-    Q_UNUSED(projectId);
-    std::vector<QString> questionIds;
-    CollectCheckedUuids(questionIds);
-    return DeleteIssueList(questionIds);
-}
-
-DeleteResult CTNPicMng::DeleteRow(qint32 projectId, CGridRow& row) {
-    Q_UNUSED(projectId);
-    const QString questionId = RecordOf<KX_DATA::IssueRow>(row).questionId;
-    if (!toolkit::Prompts().AskOkCancel(grid->ParentId(), u"确认删除该问题和所附照片吗 ？"_s)) {
-        return DeleteResult::Cancelled;
-    }
-    return DeleteIssueList({questionId}) ? DeleteResult::Deleted : DeleteResult::Refused;
-}
-
 bool CTNPicMng::DeleteIds(qint32 projectId, const std::vector<qint32>& ids) {
     Q_UNUSED(projectId);
     Q_UNUSED(ids);
     return GetTNQuestionMng()->DeleteIssues({});
-}
-
-bool CTNPicMng::GetUsedMarks(std::vector<qint32>& markIds) {
-    return GetTNQuestionMng()->GetUsedMarks(KX_DATA::kIssueMarkKind, markIds);
-}
-
-QString CTNPicMng::GetRowKey(const CGridRow& row) const {
-    return RecordOf<KX_DATA::IssueRow>(row).questionId;
 }
 
 bool CTNPicMng::EditRow(CGridRow& row) {
@@ -144,7 +76,7 @@ bool CTNPicMng::EditRow(CGridRow& row) {
 
 void CTNPicMng::LocateRow(CGridRow& row) {
     // A copy: what the view does may fetch the page again.
-    const auto record = RecordOf<KX_DATA::IssueRow>(row);
+    const KX_DATA::IssueRow record = RecordOf(row);
     // Only 1 stops here, as for BIM photos. These two messages have no parent; required as is.
     if (record.status == 1) {
         KXTools::ShowMsgBox(toolkit::kNoWindow, u"当前问题状态为隐藏，不支持直接定位！"_s);

@@ -267,6 +267,13 @@ TEST_P(StrategyTable, GetCheckColumn) {
     EXPECT_EQ(Manager().GetCheckColumn(), 0);
 }
 
+TEST_P(StrategyTable, GetRowKeyNamesTheItemByWhatItsServiceKnowsItBy) {
+    OpenKind();
+    const bool issues = GetParam().mode == kModeIssue;
+    EXPECT_EQ(Manager().GetRowKey(Row(1)), issues ? u"q2"_s : u"2"_s);
+    EXPECT_EQ(Manager().GetRowPicId(Row(1)), issues ? KX_DATA::kNoPic : 2);
+}
+
 TEST_P(StrategyTable, GetStatusColumn) {
     OpenKind(0);
     EXPECT_EQ(Manager().GetStatusColumn(), GetParam().statusColumn);
