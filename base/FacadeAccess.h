@@ -25,8 +25,12 @@ public:
     /// closed at once.
     virtual bool OpenBimPicView(qint32 ppid, const QString& floor, const QString& positionKey,
                                 qint32 markId) = 0;
-    virtual void ShowPdfPicView(qint32 ppid, qint32 drawingId, const QString& drawingName,
+    /// What the host calls ShowPdfPicView. False: there is no viewer, as above, or the drawing went
+    /// to the editor that waits for one.
+    virtual bool OpenPdfPicView(qint32 ppid, qint32 drawingId, const QString& drawingName,
                                 KXWindow parent) = 0;
+    /// The host's sink for the issue editor; one that only writes the log while there is none.
+    [[nodiscard]] virtual IKXIssueEditSink& IssueEditSink() = 0;
     /// Hands changes of issues on to the host.
     [[nodiscard]] virtual IQuestionRefresh& IssueRefresh() = 0;
 

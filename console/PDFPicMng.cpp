@@ -96,8 +96,12 @@ void CPDFPicMng::LocateRow(CGridRow& row) {
     IPictureFacade& facade = PictureFacade();
     facade.Sink().SelectCheckpoint(photo.checkpointId);
     facade.pendingPicId = photo.picId;
-    facade.ShowPdfPicView(photo.ppid, photo.drawingId, photo.drawingName, toolkit::MainWindow());
+    const bool isViewerOpen = facade.OpenPdfPicView(photo.ppid, photo.drawingId, photo.drawingName,
+                                                    toolkit::MainWindow());
     toolkit::PostWindowEvent(toolkit::MainWindow(), ZelvorNRQ_KXVeskPicture::WM_VESK_PDF_LOCATE,
                              kLocateDrawing, quintptr(photo.drawingId));
-    // The console stays as it is until the viewer exists that brings it back.
+    // Only behind a viewer that opened: nothing else brings a minimised console back.
+    if (isViewerOpen) {
+        LeaveToViewer();
+    }
 }

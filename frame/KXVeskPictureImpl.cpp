@@ -57,6 +57,10 @@ ZelvorNRQ_KXVeskPicture::IKXVeskPictureSink& CKXVeskPictureImpl::Sink() {
     return m_sink != nullptr ? *m_sink : m_unsetSink;
 }
 
+ZelvorNRQ_KXVeskPicture::IKXIssueEditSink& CKXVeskPictureImpl::IssueEditSink() {
+    return m_issueEditSink != nullptr ? *m_issueEditSink : m_unsetSink;
+}
+
 qint32 CKXVeskPictureImpl::ShowPicMng(qint32 kind) {
     backToPdfEdit = false;
     CVeskPicMngDlg& console = CVeskPicMngDlg::Instance();
@@ -176,6 +180,11 @@ bool CKXVeskPictureImpl::OpenBimPicView(qint32 ppid, const QString& floor,
 
 void CKXVeskPictureImpl::ShowPdfPicView(qint32 ppid, qint32 drawingId, const QString& drawingName,
                                         KXWindow parent) {
+    OpenPdfPicView(ppid, drawingId, drawingName, parent);
+}
+
+bool CKXVeskPictureImpl::OpenPdfPicView(qint32 ppid, qint32 drawingId, const QString& drawingName,
+                                        KXWindow parent) {
     Q_UNUSED(ppid);
     Q_UNUSED(drawingId);
     Q_UNUSED(drawingName);
@@ -183,10 +192,10 @@ void CKXVeskPictureImpl::ShowPdfPicView(qint32 ppid, qint32 drawingId, const QSt
     if (backToPdfEdit) {
         backToPdfEdit = false;
         AnswerAsCancelled(MissingDialog::PdfPicEditor);
-        return;
+        return false;
     }
     static_cast<void>(TakePendingPic());
-    AnswerAsCancelled(MissingDialog::PdfPicViewer);
+    return AnswerAsCancelled(MissingDialog::PdfPicViewer);
 }
 
 bool CKXVeskPictureImpl::EditBimPic(qint32 ppid, qint32 picId) {

@@ -51,6 +51,9 @@ public:
     [[nodiscard]] ZelvorNRQ_KXVeskPicture::IKXVeskPictureSink& Sink() override;
     bool OpenBimPicView(qint32 ppid, const QString& floor, const QString& positionKey,
                         qint32 markId) override;
+    bool OpenPdfPicView(qint32 ppid, qint32 drawingId, const QString& drawingName,
+                        KXWindow parent) override;
+    [[nodiscard]] ZelvorNRQ_KXVeskPicture::IKXIssueEditSink& IssueEditSink() override;
     [[nodiscard]] ZelvorNRQ_KXVeskPicture::IQuestionRefresh& IssueRefresh() override {
         return *this;
     }
@@ -67,6 +70,6 @@ private:
     std::unique_ptr<CVeskPicProjChangeObs> m_projChangeObs;
     std::unique_ptr<CViewBimPicObs> m_viewBimPicObs;
     ZelvorNRQ_KXVeskPicture::IKXVeskPictureSink* m_sink = nullptr; ///< the host's, may be null
-    ZelvorNRQ_KXVeskPicture::IKXIssueEditSink* m_issueEditSink = nullptr; ///< the host's
+    ZelvorNRQ_KXVeskPicture::IKXIssueEditSink* m_issueEditSink = nullptr; ///< as m_sink
     UnsetSink m_unsetSink;
 };

@@ -32,3 +32,7 @@ void UnsetSink::SelectPictureMark(const QString& floor, qint32 markId, qint32 pi
     LogSkipped(u"SelectPictureMark %1 %2 %3"_s.arg(floor, QString::number(markId),
                                                    QString::number(picId)));
 }
+
+void UnsetSink::OnIssueEditVisible(qint32 visible) {
+    LogSkipped(u"OnIssueEditVisible %1"_s.arg(visible));
+}

@@ -21,7 +21,8 @@ public:
         return 1;
     }
     bool OpenBimPicView(qint32, const QString&, const QString&, qint32) override { return true; }
-    void ShowPdfPicView(qint32, qint32, const QString&, KXWindow) override {}
+    bool OpenPdfPicView(qint32, qint32, const QString&, KXWindow) override { return true; }
+    ZelvorNRQ_KXVeskPicture::IKXIssueEditSink& IssueEditSink() override { return m_editSink; }
     IQuestionRefresh& IssueRefresh() override { return *this; }
     void Refresh() override {}
 
@@ -30,6 +31,7 @@ public:
 private:
     support::Script m_script;
     support::RecordingSink m_sink{m_script};
+    support::RecordingIssueEditSink m_editSink{m_script};
 };
 
 TEST(FacadeAccess, DialogsReachTheFacadeThatNamedItself) {

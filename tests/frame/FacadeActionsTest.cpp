@@ -261,6 +261,22 @@ TEST_F(FacadeActionsTest, WithoutAWaitingEditorADrawingGoesToItsViewerWithThePen
     EXPECT_EQ(Facade().pendingPicId, -1);
 }
 
+TEST_F(FacadeActionsTest, NeitherTheWaitingEditorNorAMissingViewerIsAnOpenViewer) {
+    EXPECT_FALSE(Facade().OpenPdfPicView(1, 102, u"一层平面"_s, toolkit::kNoWindow));
+    Facade().backToPdfEdit = true;
+    EXPECT_FALSE(Facade().OpenPdfPicView(1, 102, u"一层平面"_s, toolkit::kNoWindow));
+}
+
+TEST_F(FacadeActionsTest, TheIssueEditorsSinkIsTheHostsOrElseTheLog) {
+    Facade().IssueEditSink().OnIssueEditVisible(0);
+    EXPECT_TRUE(ModuleLog().contains(u"OnIssueEditVisible 0"_s));
+    support::RecordingIssueEditSink editSink(host.script);
+    Facade().SetIssueEditSink(&editSink);
+    EXPECT_EQ(&Facade().IssueEditSink(), &editSink);
+    Facade().SetIssueEditSink(nullptr);
+    EXPECT_NE(&Facade().IssueEditSink(), &editSink);
+}
+
 TEST_F(FacadeActionsTest, MarksOfPhotosAndIssuesGoFromThePanelsTicksToTheView) {
     Facade().RefreshPicMarks();
     Facade().RefreshIssueMarks();

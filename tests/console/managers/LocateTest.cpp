@@ -1,4 +1,5 @@
 // Reverse lookup from a row into the view.
+#include "base/FacadeAccess.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/managers/ManagerFixture.h"
 #include "tests/support/WaitFor.h"
@@ -12,6 +13,37 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+/// The facade of a module that has a viewer for drawing photos.
+class FacadeWithPdfViewer final : public ZelvorNRQ_KXVeskPicture::IPictureFacade {
+public:
+    explicit FacadeWithPdfViewer(IPictureFacade& real) : m_real(real) {
+        ZelvorNRQ_KXVeskPicture::SetPictureFacade(this);
+    }
+    ~FacadeWithPdfViewer() override { ZelvorNRQ_KXVeskPicture::SetPictureFacade(&m_real); }
+
+    ZelvorNRQ_KXVeskPicture::IKXVeskPictureSink& Sink() override { return m_real.Sink(); }
+    qint32 ShowPicMng(qint32 kind) override { return m_real.ShowPicMng(kind); }
+    bool OpenBimPicView(qint32, const QString&, const QString&, qint32) override { return false; }
+    bool OpenPdfPicView(qint32 ppid, qint32 drawingId, const QString& name, KXWindow) override {
+        opened = QString::number(ppid) + u' ' + QString::number(drawingId) + u' ' + name;
+        selectedPicId = TakePendingPic();
+        return comes;
+    }
+    ZelvorNRQ_KXVeskPicture::IKXIssueEditSink& IssueEditSink() override {
+        return m_real.IssueEditSink();
+    }
+    ZelvorNRQ_KXVeskPicture::IQuestionRefresh& IssueRefresh() override {
+        return m_real.IssueRefresh();
+    }
+
+    bool comes = true;
+    QString opened;
+    qint32 selectedPicId = KX_DATA::kNoPic;
+
+private:
+    IPictureFacade& m_real;
+};
 
 class LocateTest : public ManagerFixture {
 protected:
@@ -140,6 +172,23 @@ TEST_F(LocateTest, ADrawingPhotoWhoseEditorWaitsGoesBackToTheEditor) {
     Manager().LocateRow(Row(0));
     EXPECT_FALSE(Facade().backToPdfEdit);
     EXPECT_TRUE(ModuleLog().contains(u"图纸照片编辑"_s));
+}
+
+TEST_F(LocateTest, ADrawingPhotoIsSelectedInItsViewerWhichBringsTheConsoleBack) {
+    Show(kModePdf);
+    FacadeWithPdfViewer facade(Facade());
+    Manager().LocateRow(Row(1));
+    EXPECT_EQ(facade.opened, u"1 102 一层平面"_s);
+    EXPECT_EQ(facade.selectedPicId, 2);
+    EXPECT_TRUE(facade.reopenConsole);
+}
+
+TEST_F(LocateTest, WithoutAViewerOfItsDrawingNothingWaitsToBringTheConsoleBack) {
+    Show(kModePdf);
+    FacadeWithPdfViewer facade(Facade());
+    facade.comes = false;
+    Manager().LocateRow(Row(1));
+    EXPECT_FALSE(facade.reopenConsole);
 }
 
 TEST_F(LocateTest, AHiddenIssueIsRefusedInAMessageWithoutAParent) {
