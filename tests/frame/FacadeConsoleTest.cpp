@@ -4,7 +4,9 @@
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/ModuleFixture.h"
 #include "tests/console/SampleRecords.h"
+#include "tests/support/WaitFor.h"
 
+#include <QWidget>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -76,6 +78,16 @@ TEST_F(FacadeConsoleTest, AnotherKindClosesTheConsoleFirstAndTheSameKindDoesNot)
     EXPECT_THAT(
         Log().LinesOf({"SaveRecent", "QueryPdfPics"}),
         ElementsAre("SaveRecent([])", "QueryPdfPics(page=1,size=30,sort=last_modifytime desc)"));
+}
+
+TEST_F(FacadeConsoleTest, AnOpenConsoleComesToTheForeground) {
+    Facade().ShowPicMng(1);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(support::WaitFor([&] { return other.isActiveWindow(); }));
+    Facade().ShowPicMng(1);
+    EXPECT_TRUE(support::WaitFor([] { return Console().Widget()->isActiveWindow(); }));
 }
 
 TEST_F(FacadeConsoleTest, OpeningForgetsAnEditorThatWaitedForADrawing) {

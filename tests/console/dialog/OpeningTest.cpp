@@ -173,6 +173,20 @@ TEST_F(OpeningTest, MarkAndLabelBoxHoldTheirFirstEntryAlone) {
     EXPECT_EQ(C().labelCombo->currentIndex(), 0);
 }
 
+TEST_F(OpeningTest, TheMarkBoxShowsColoursAsSwatches) {
+    Open(kModeBim);
+    EXPECT_FALSE(C().markCombo->itemIcon(0).isNull());
+}
+
+TEST_F(OpeningTest, AWindowThatIsMadeWithoutAKindShowsBimPhotos) {
+    FillService(host, kModeBim, 2);
+    ASSERT_TRUE(Console().Create(toolkit::kNoWindow));
+    EXPECT_EQ(Console().GetMode(), kModeBim);
+    EXPECT_TRUE(C().bimRadio->isChecked());
+    Console().RunSearch();
+    EXPECT_EQ(Grid().GetRowCount(), 2);
+}
+
 TEST_F(OpeningTest, TheStateThatMeansAllIsNamedSo) {
     Open(kModeBim);
     EXPECT_THAT(Entries(*C().statusCombo), ElementsAre("全部状态", "待整改", "整改中", "已整改"));

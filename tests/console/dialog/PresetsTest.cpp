@@ -190,6 +190,19 @@ TEST_F(PresetsTest, APlainOpeningAfterAPresetHasNoLimit) {
     EXPECT_EQ(BimFilter().markId, 0);
 }
 
+TEST_F(PresetsTest, AfterAPresetAnEmptyMarkBoxMeansAllMarks) {
+    Open(kModeBim);
+    host.pics.usedBimMarks = {99};
+    prompts.ExpectMessage(u"获取照片标识失败！"_s);
+    DropDown(*C().markCombo);
+    CloseList(*C().markCombo);
+    ASSERT_EQ(C().markCombo->currentIndex(), -1);
+    Facade().ShowBimPicMngFor(0, QString(), 3, -1);
+    EXPECT_EQ(BimFilter().markId, 3);
+    SearchAgain();
+    EXPECT_EQ(BimFilter().markId, 0);
+}
+
 TEST_F(PresetsTest, AMarkFromAPresetFiltersExactlyOneSearch) {
     FillService(host, kModeBim, 5);
     Facade().ShowBimPicMngFor(0, QString(), 3, -1);

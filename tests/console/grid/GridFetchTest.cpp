@@ -57,6 +57,31 @@ TEST_F(GridFetchTest, AnotherPageIsAskedForByItsNumber) {
     EXPECT_EQ(Cell(0, 1), "61");
 }
 
+TEST_F(GridFetchTest, AFetchedPageSelectsWhatWasSelectedBeTheFirstRowOrAnother) {
+    Show(kModeBim, 3);
+    for (const int row : {0, 1, 2}) {
+        grid->SetCurSel(row);
+        grid->FetchCurrentPage();
+        ASSERT_NE(grid->GetCurSel(), nullptr) << row;
+        EXPECT_EQ(grid->GetCurSel()->GetRowId(), row);
+    }
+}
+
+TEST_F(GridFetchTest, AManagerGoesWithItsRows) {
+    Show(kModeBim, 3);
+    const int filling = grid->Filling();
+    grid->CreateManager(kModeBim);
+    EXPECT_EQ(grid->GetRowCount(), 0) << "they point into the records of the manager that went";
+    EXPECT_GT(grid->Filling(), filling);
+}
+
+TEST_F(GridFetchTest, ARowIsFourPixelsHigherThanItsText) {
+    Show(kModeBim, 1);
+    const int height = View().rowHeight(0);
+    grid->SetRowHeightAdd(0);
+    EXPECT_EQ(View().rowHeight(0), height - 4);
+}
+
 TEST_F(GridFetchTest, ARefusedQueryLeavesNoRowsNoHitsAndSaysNothing) {
     Show(kModeBim, 65);
     host.script.FailNext("QueryBimPics");

@@ -1,4 +1,5 @@
 // The label tree of the editor and its row for new labels.
+#include "editors/LabelTreeEdit.h"
 #include "tests/editors/dialog/EditorFixture.h"
 #include "tests/support/WaitFor.h"
 
@@ -40,6 +41,14 @@ TEST_F(LabelsTest, AClickOnABoxChecksItsLabelAndTheRootFollows) {
     ClickBox(*Root().child(3));
     EXPECT_THAT(Labels(), ElementsAre("x 裂缝", "x 空鼓", "x 渗漏", "x 返工"));
     EXPECT_EQ(CTreeCtrl3StateBase::Get3StateCheck(Root()), CTreeCtrl3StateBase::kChecked);
+}
+
+TEST_F(LabelsTest, ATreeThatIsFilledAgainHoldsEachLabelOnce) {
+    Open();
+    LabelTreeEdit again(Editor(), {&Tree(), &NewLabel(), &NewLabel(), &AddLabel()}, {});
+    again.Fill({u"返工"_s});
+    EXPECT_EQ(Tree().topLevelItemCount(), 1);
+    EXPECT_THAT(Labels(), ElementsAre("  裂缝", "  空鼓", "  渗漏", "x 返工"));
 }
 
 TEST_F(LabelsTest, TheRootChecksAndUnchecksAll) {
