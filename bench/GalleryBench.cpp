@@ -3,6 +3,7 @@
 #include "bench/BareDecode.h"
 #include "bench/DownloadBench.h"
 #include "bench/GalleryDriver.h"
+#include "bench/KeyBench.h"
 #include "bench/PeakMemory.h"
 #include "bench/PhotoSet.h"
 #include "bench/Report.h"
@@ -234,6 +235,18 @@ int MeasureViewers(bench::WatchedApplication& application, const QCommandLinePar
     return report.WriteJson(options.value(u"out"_s)) ? 0 : 1;
 }
 
+int MeasureKeysAlone(bench::WatchedApplication& application, const QCommandLineParser& options) {
+    bench::Report report;
+    const QStringList paths =
+        bench::MakePhotos(bench::PhotoClasses()[1], options.value(u"originals"_s),
+                          QDir(options.value(u"photos"_s)).filePath(u"24"_s));
+    if (paths.isEmpty()) {
+        return 1;
+    }
+    bench::MeasureKeys(application, paths, bench::PhotoClasses()[1].name, report);
+    return report.WriteJson(options.value(u"out"_s)) ? 0 : 1;
+}
+
 int Measure(bench::WatchedApplication& application, const QCommandLineParser& options) {
     bench::Report report;
     const QDir photos(options.value(u"photos"_s));
@@ -245,6 +258,8 @@ int Measure(bench::WatchedApplication& application, const QCommandLineParser& op
             QTextStream(stderr) << u"no photographs"_s << Qt::endl;
             return 1;
         }
+        // First of all: later the files have been seen.
+        bench::MeasureKeys(application, paths, photoClass.name, report);
         GalleryDriver driver(application);
         MeasureOpening(driver, paths, photoClass.name, report);
         MeasureSteps(driver, paths, photoClass.name, report);
@@ -276,11 +291,15 @@ int main(int argc, char** argv) {
         {u"originals"_s, u"Folder of photographs."_s, u"folder"_s, u"/usr/share/backgrounds"_s});
     options.addOption({u"out"_s, u"JSON file of the results."_s, u"file"_s, u"gallery.json"_s});
     options.addOption(QCommandLineOption(u"viewer"_s, u"Only the downloads and the viewer."_s));
+    options.addOption(QCommandLineOption(u"keys"_s, u"Only keys at the first picture, 24 MP."_s));
     options.addOption({u"memory-probe"_s, u"Only step through a folder."_s, u"folder"_s});
     options.process(app);
     host::HostSession session;
     if (options.isSet(u"viewer"_s)) {
         return MeasureViewers(app, options);
+    }
+    if (options.isSet(u"keys"_s)) {
+        return MeasureKeysAlone(app, options);
     }
     return options.isSet(u"memory-probe"_s) ? ProbeMemory(app, options.value(u"memory-probe"_s))
                                             : Measure(app, options);

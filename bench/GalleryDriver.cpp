@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -54,12 +55,11 @@ bool GalleryDriver::StripIsComplete() const {
     return true;
 }
 
-PaintTimes GalleryDriver::Watch(const std::function<void()>& act) {
+PaintTimes GalleryDriver::Watch(const std::function<void()>& act, bool withStrip) {
     PaintTimes times;
     Stopwatch timer;
     m_application.onPainted = [&] {
-        const gallery::GalleryState& state = m_gallery.State();
-        if (times.picture < 0 && state.shownIndex == state.currentIndex) {
+        if (times.picture < 0 && m_gallery.ShowsPicture()) {
             times.picture = timer.Milliseconds();
         }
         if (times.strip < 0 && StripIsComplete()) {
@@ -67,42 +67,64 @@ PaintTimes GalleryDriver::Watch(const std::function<void()>& act) {
         }
     };
     act();
+    m_application.longestEvent = std::max(m_application.longestEvent, timer.Milliseconds());
     const QDeadlineTimer patience(kPatienceMs);
-    while ((times.picture < 0 || times.strip < 0) && !patience.hasExpired()) {
+    const auto missing = [&] { return times.picture < 0 || (withStrip && times.strip < 0); };
+    while (missing() && !patience.hasExpired()) {
         QCoreApplication::processEvents();
     }
     m_application.onPainted = {};
-    if (times.picture < 0 || times.strip < 0) {
+    if (missing()) {
         std::fputs("bench: the gallery didn't show its pictures\n", stderr);
         std::exit(EXIT_FAILURE);
     }
     return times;
 }
 
+void GalleryDriver::SetList(const QStringList& paths, int index) {
+    m_gallery.SetCurrentIndex(index);
+    m_gallery.SetPicItems(support::FolderGallery::ItemsOf(paths));
+}
+
+void GalleryDriver::SendKey(int key) {
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_gallery.Widget(), &event);
+    }
+}
+
+void GalleryDriver::SendWheel(int notches) {
+    QWidget& pane = *m_gallery.Widget();
+    const QPoint place = State().bigArea.center();
+    QWheelEvent event(place, pane.mapToGlobal(place), {}, QPoint(0, -kNotch * notches),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&pane, &event);
+}
+
 PaintTimes GalleryDriver::Open(const QStringList& paths, int index) {
     m_gallery.SetPicItems({});
-    m_gallery.SetCurrentIndex(index);
-    const std::vector<GalleryItem> items = support::FolderGallery::ItemsOf(paths);
-    return Watch([&] { m_gallery.SetPicItems(items); });
+    return Watch([&] { SetList(paths, index); });
+}
+
+double GalleryDriver::OpenToPicture(const QStringList& paths, int index) {
+    m_gallery.SetPicItems({});
+    return Watch([&] { SetList(paths, index); }, false).picture;
 }
 
 PaintTimes GalleryDriver::Press(int key) {
-    return Watch([&] {
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, key, Qt::NoModifier);
-            QCoreApplication::sendEvent(m_gallery.Widget(), &event);
-        }
-    });
+    return Watch([&] { SendKey(key); });
+}
+
+double GalleryDriver::PressToPicture(int key) {
+    return Watch([&] { SendKey(key); }, false).picture;
 }
 
 PaintTimes GalleryDriver::Wheel(int notches) {
-    return Watch([&] {
-        QWidget& pane = *m_gallery.Widget();
-        const QPoint place = State().bigArea.center();
-        QWheelEvent event(place, pane.mapToGlobal(place), {}, QPoint(0, -kNotch * notches),
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&pane, &event);
-    });
+    return Watch([&] { SendWheel(notches); });
+}
+
+double GalleryDriver::WheelToPicture(int notches) {
+    return Watch([&] { SendWheel(notches); }, false).picture;
 }
 
 double GalleryDriver::Repaint() {

@@ -24,6 +24,11 @@ public:
 
     /// Opens a list on an item.
     PaintTimes Open(const QStringList& paths, int index);
+    /// The same until the picture shows, whatever the strip does; the next event may follow at
+    /// once. Milliseconds; likewise for a key and the wheel.
+    [[nodiscard]] double OpenToPicture(const QStringList& paths, int index);
+    [[nodiscard]] double PressToPicture(int key);
+    [[nodiscard]] double WheelToPicture(int notches);
     /// Presses a key; `paths` of Open must hold the item that it leads to.
     PaintTimes Press(int key);
     /// Turns the wheel, positive towards the end of the list.
@@ -39,7 +44,10 @@ public:
     [[nodiscard]] QSize PictureSize() const;
 
 private:
-    PaintTimes Watch(const std::function<void()>& act);
+    PaintTimes Watch(const std::function<void()>& act, bool withStrip = true);
+    void SetList(const QStringList& paths, int index);
+    void SendKey(int key);
+    void SendWheel(int notches);
     [[nodiscard]] bool StripIsComplete() const;
 
     WatchedApplication& m_application;

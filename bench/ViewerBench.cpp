@@ -114,7 +114,7 @@ double UntilPainted(WatchedApplication& application, const std::function<void()>
     double painted = -1;
     const Stopwatch timer;
     application.onPainted = [&] {
-        if (painted < 0 && pane.State().shownIndex == pane.State().currentIndex) {
+        if (painted < 0 && pane.ShowsPicture()) {
             painted = timer.Milliseconds();
         }
     };

@@ -1,13 +1,23 @@
 #include "bench/WatchedApplication.h"
 
+#include "bench/Stopwatch.h"
+
 #include <QDeadlineTimer>
 #include <QEvent>
+
+#include <algorithm>
 
 namespace bench {
 
 bool WatchedApplication::notify(QObject* receiver, QEvent* event) {
     const bool painted = receiver == watched && event->type() == QEvent::Paint;
+    const Stopwatch timer;
+    ++m_depth;
     const bool answer = QApplication::notify(receiver, event);
+    --m_depth;
+    if (m_depth == 0) {
+        longestEvent = std::max(longestEvent, timer.Milliseconds());
+    }
     if (painted && onPainted) {
         onPainted();
     }

@@ -14,8 +14,14 @@ public:
 
     const QObject* watched = nullptr;
     std::function<void()> onPainted;
+    /// Milliseconds of the longest event since this was last set to 0: so long the interface
+    /// thread answered nobody.
+    double longestEvent = 0;
 
     bool notify(QObject* receiver, QEvent* event) override;
+
+private:
+    int m_depth = 0; ///< of events within events
 };
 
 /// Handles events for a while, so that what is prepared in the background gets done.

@@ -1,6 +1,7 @@
 #include "viewers/Decoders.h"
 
 #include <algorithm>
+#include <array>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
@@ -11,8 +12,11 @@ namespace gallery {
 
 namespace {
 
-/// More of them would cost memory, and the interface thread takes its part.
+/// Of those that do everything; more would cost memory.
 constexpr unsigned kMostThreads = 3;
+constexpr size_t kUrgencies = 3;
+/// Of those that don't do thumbnails.
+constexpr size_t kNotStrip = kUrgencies - 1;
 
 class DecoderPool final {
 public:
@@ -21,16 +25,18 @@ public:
     void Add(const std::shared_ptr<DecodeJob>& job, Urgency urgency) {
         {
             const std::lock_guard lock(m_lock);
-            if (urgency == Urgency::Wanted) {
-                m_queue.push_front(job);
+            Queue& queue = m_queues[size_t(urgency)];
+            if (urgency == Urgency::Ahead) {
+                queue.push_back(job);
             } else {
-                m_queue.push_back(job);
+                queue.push_front(job);
             }
             if (m_threads.empty()) {
                 Start();
             }
         }
-        m_wake.notify_one();
+        // One alone might be the decoder that doesn't do it.
+        m_wake.notify_all();
     }
 
     void Join() {
@@ -41,30 +47,44 @@ public:
             for (std::jthread& thread : threads) {
                 thread.request_stop();
             }
-            m_queue.clear();
+            m_queues = {};
         }
         m_wake.notify_all();
     }
 
 private:
+    using Queue = std::deque<std::shared_ptr<DecodeJob>>;
+
     void Start() {
         const unsigned count = DecoderCount(std::thread::hardware_concurrency());
         for (unsigned i = 0; i < count; ++i) {
-            m_threads.emplace_back([this](const std::stop_token& stop) { Work(stop); });
+            const size_t queues = i == 0 ? kNotStrip : kUrgencies;
+            m_threads.emplace_back(
+                [this, queues](const std::stop_token& stop) { Work(stop, queues); });
         }
     }
 
-    void Work(const std::stop_token& stop) {
+    /// Null if nothing waits in the first `queues`. Called with the lock.
+    std::shared_ptr<DecodeJob> Take(size_t queues) {
+        for (size_t i = 0; i < queues; ++i) {
+            if (!m_queues[i].empty()) {
+                std::shared_ptr<DecodeJob> job = m_queues[i].front();
+                m_queues[i].pop_front();
+                return job;
+            }
+        }
+        return nullptr;
+    }
+
+    void Work(const std::stop_token& stop, size_t queues) {
         while (true) {
             std::shared_ptr<DecodeJob> job;
             {
                 std::unique_lock lock(m_lock);
-                m_wake.wait(lock, stop, [this] { return !m_queue.empty(); });
+                m_wake.wait(lock, stop, [&] { return (job = Take(queues)) != nullptr; });
                 if (stop.stop_requested()) {
                     return;
                 }
-                job = m_queue.front();
-                m_queue.pop_front();
             }
             job->Run();
         }
@@ -72,7 +92,7 @@ private:
 
     std::mutex m_lock; ///< guards what follows
     std::condition_variable_any m_wake;
-    std::deque<std::shared_ptr<DecodeJob>> m_queue;
+    std::array<Queue, kUrgencies> m_queues; ///< by Urgency
     std::vector<std::jthread> m_threads;
 };
 
@@ -85,7 +105,7 @@ DecoderPool& ThePool() {
 } // namespace
 
 unsigned DecoderCount(unsigned cores) {
-    return std::clamp(cores, 2U, kMostThreads + 1) - 1;
+    return std::clamp(cores, 2U, kMostThreads + 1);
 }
 
 void DecodeInBackground(const std::shared_ptr<DecodeJob>& job, Urgency urgency) {

@@ -7,13 +7,16 @@
 
 namespace gallery {
 
+/// The more urgent first.
 enum class Urgency {
     Wanted, ///< somebody waits: before everything that was handed in so far
-    Ahead,  ///< may be wanted soon
+    Ahead,  ///< may be wanted soon: in the order in which it is handed in
+    Strip,  ///< a thumbnail: what is handed in last comes first
 };
 
-/// How many decoders there are: one for each core but the first, which is the interface thread's,
-/// at least one and at most three. 0 cores: nobody knows how many.
+/// How many decoders there are: one for each core but the first, at least one and at most three,
+/// which do everything, and one that thumbnails never keep busy, so that a picture that somebody
+/// waits for doesn't wait for them. 0 cores: nobody knows how many.
 [[nodiscard]] unsigned DecoderCount(unsigned cores);
 
 /// Hands a job to the decoders. They are started at the first job and joined when the module is

@@ -101,8 +101,11 @@ void GalleryPane::paintEvent(QPaintEvent* event) {
     QBackingStore* store = window()->backingStore();
     const bool onScreen = isVisible() && store != nullptr &&
                           painter.paintEngine()->paintDevice() == store->paintDevice();
+    if (m_events != nullptr && !onScreen) {
+        m_events->OnPictureTaken();
+    }
     if (m_events != nullptr) {
-        m_events->OnPaint(painter, event->region(), onScreen);
+        m_events->OnPaint(painter, event->region());
     }
     TellChangedButtons();
 }

@@ -22,8 +22,10 @@ public:
 
     /// The pane comes up, or to another screen.
     virtual void OnShown() = 0;
-    /// @param onScreen  false: somebody takes a picture of the pane, which must be complete.
-    virtual void OnPaint(QPainter& painter, const QRegion& region, bool onScreen) = 0;
+    /// Somebody takes a picture of the pane, which must be complete when it is painted next.
+    virtual void OnPictureTaken() = 0;
+    /// Paints what is there, and nothing else: no file, no decoding, no change of any state.
+    virtual void OnPaint(QPainter& painter, const QRegion& region) const = 0;
     virtual void OnLeftButtonDown(const QPoint& point) = 0;
     virtual void OnLeftButtonUp(const QPoint& point) = 0;
     virtual void OnDoubleClick(const QPoint& point) = 0;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <optional>
 
 namespace gallery {
@@ -61,6 +62,10 @@ void FreeFarThumbs(std::vector<GalleryItem>& items, const ItemRange& range) {
     }
 }
 
+std::function<void()> PictureTeller(toolkit::WindowId window) {
+    return [window] { toolkit::PostWindowEvent(window, kPictureReady); };
+}
+
 QRect WithMargin(const QRect& part, const QSize& whole) {
     const QRect wide =
         part.adjusted(-part.width() / 4, -part.height() / 4, part.width() / 4, part.height() / 4) &
@@ -99,7 +104,17 @@ QImage GalleryPictures::Big(const GalleryItem& item, const QSize& size, qreal ra
     return image;
 }
 
-void GalleryPictures::LookAhead(GalleryState& state, int step, qreal ratio) {
+std::optional<QImage> GalleryPictures::WantBig(const GalleryItem& item, const QSize& size,
+                                               qreal ratio, toolkit::WindowId window) {
+    auto image = m_cache.Want(item.picPath, DeviceSize(size, ratio), PictureTeller(window));
+    if (image) {
+        image->setDevicePixelRatio(ratio);
+    }
+    return image;
+}
+
+void GalleryPictures::LookAhead(GalleryState& state, int step, qreal ratio,
+                                toolkit::WindowId window) {
     GalleryItem* next = state.ItemAt(state.currentIndex + step);
     if (next == nullptr || next->picState != kOnDisk) {
         return;
@@ -109,7 +124,7 @@ void GalleryPictures::LookAhead(GalleryState& state, int step, qreal ratio) {
         return;
     }
     const QSize size = place.size() - QSize(2 * kPictureMargin, 2 * kPictureMargin);
-    m_cache.Prepare(next->picPath, DeviceSize(size, ratio));
+    m_cache.Prepare(next->picPath, DeviceSize(size, ratio), PictureTeller(window));
 }
 
 QImage GalleryPictures::ThumbFromBig(const GalleryItem& item, const QSize& deviceSize) const {
@@ -144,6 +159,11 @@ void GalleryPictures::GiveUpThumbs(const std::vector<GalleryItem>& items, const 
 
 void GalleryPictures::WantThumbs(std::vector<GalleryItem>& items, const ItemRange& range,
                                  qreal ratio, toolkit::WindowId window) {
+    AskForThumbs(items, range, ratio, window, true);
+}
+
+void GalleryPictures::AskForThumbs(std::vector<GalleryItem>& items, const ItemRange& range,
+                                   qreal ratio, toolkit::WindowId window, bool leaveBigOnes) {
     GiveUpThumbs(items, range, ratio);
     FreeFarThumbs(items, range);
     // What is handed in last is decoded first: the strip fills from its start.
@@ -156,13 +176,16 @@ void GalleryPictures::WantThumbs(std::vector<GalleryItem>& items, const ItemRang
         const QImage image = ThumbFromBig(item, ThumbSize(item, ratio));
         if (!image.isNull()) {
             PutThumb(item, image, ratio);
-            continue;
+        } else if (!leaveBigOnes || !m_cache.IsOnItsWay(item.picPath)) {
+            AskForThumb(item, ratio, window);
         }
-        m_thumbs.push_front(std::make_shared<DecodeJob>(ThumbRequest(item, ratio), [window] {
-            toolkit::PostWindowEvent(window, kThumbReady);
-        }));
-        DecodeInBackground(m_thumbs.front(), Urgency::Wanted);
     }
+}
+
+void GalleryPictures::AskForThumb(const GalleryItem& item, qreal ratio, toolkit::WindowId window) {
+    m_thumbs.push_front(std::make_shared<DecodeJob>(
+        ThumbRequest(item, ratio), [window] { toolkit::PostWindowEvent(window, kThumbReady); }));
+    DecodeInBackground(m_thumbs.front(), Urgency::Strip);
 }
 
 std::vector<int> GalleryPictures::TakeThumbs(std::vector<GalleryItem>& items, qreal ratio) {
@@ -185,7 +208,7 @@ std::vector<int> GalleryPictures::TakeThumbs(std::vector<GalleryItem>& items, qr
 
 void GalleryPictures::MakeThumbs(std::vector<GalleryItem>& items, const ItemRange& range,
                                  qreal ratio, toolkit::WindowId window) {
-    WantThumbs(items, range, ratio, window);
+    AskForThumbs(items, range, ratio, window, false);
     // The decoders begin at the near end, this thread at the far one, until they meet.
     for (auto job = m_thumbs.rbegin(); job != m_thumbs.rend(); ++job) {
         static_cast<void>((*job)->Get());

@@ -11,16 +11,17 @@
 
 #include <list>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace gallery {
 
 /// Posted to the gallery's window.
 enum PictureEvent {
-    kSharpPartReady = 1100,    ///< by a decoder: the sharp part of a zoomed picture
-    kThumbReady = 1101,        ///< by a decoder: a thumbnail, TakeThumbs has it
-    kPaneShown = 1102,         ///< the pane came up
-    kPictureUnreadable = 1103, ///< by a paint: the big picture of item `first` can't be decoded
+    kSharpPartReady = 1100, ///< by a decoder: the sharp part of a zoomed picture
+    kThumbReady = 1101,     ///< by a decoder: a thumbnail, TakeThumbs has it
+    kPaneShown = 1102,      ///< the pane came up
+    kPictureReady = 1103,   ///< by a decoder: a big picture, WantBig and LookAhead have it
 };
 
 /// Decodes files on the calling thread and on the decoders, each at most once for what is shown.
@@ -36,14 +37,19 @@ public:
 
     /// The whole picture at a size, decoded now unless it is prepared; null if it can't be.
     [[nodiscard]] QImage Big(const GalleryItem& item, const QSize& size, qreal ratio);
-    /// Decodes the picture that the user is likely to step to next.
-    void LookAhead(GalleryState& state, int step, qreal ratio);
+    /// The same by the decoders, before all else: none while it isn't there, the window is told
+    /// when it is; then null if it can't be decoded.
+    [[nodiscard]] std::optional<QImage> WantBig(const GalleryItem& item, const QSize& size,
+                                                qreal ratio, toolkit::WindowId window);
+    /// Has the decoders do the picture that the user is likely to step to next.
+    void LookAhead(GalleryState& state, int step, qreal ratio, toolkit::WindowId window);
     /// The user went to an item: what is prepared for others is given up.
     void GoTo(const GalleryItem& item) { m_cache.GiveUpOthers(item.picPath); }
 
     /// Has the decoders render the thumbnails of a range that are on disk and have no rendering
-    /// yet; the window is told of each. Those far away from the range are freed, what is on its way
-    /// for other places is given up.
+    /// yet; the window is told of each. One whose big picture is there is cut from it, one whose
+    /// big picture is on its way is left until then. Those far away from the range are freed, what
+    /// is on its way for other places is given up.
     void WantThumbs(std::vector<GalleryItem>& items, const ItemRange& range, qreal ratio,
                     toolkit::WindowId window);
     /// Gives the items what has been decoded; the places of those that changed, each once.
@@ -67,6 +73,10 @@ public:
     void Clear();
 
 private:
+    /// @param leaveBigOnes  those whose big picture is on its way are left until it is there.
+    void AskForThumbs(std::vector<GalleryItem>& items, const ItemRange& range, qreal ratio,
+                      toolkit::WindowId window, bool leaveBigOnes);
+    void AskForThumb(const GalleryItem& item, qreal ratio, toolkit::WindowId window);
     [[nodiscard]] QImage ThumbFromBig(const GalleryItem& item, const QSize& deviceSize) const;
     void GiveUpThumbs(const std::vector<GalleryItem>& items, const ItemRange& range, qreal ratio);
     void StartSharp(const GalleryState& state, const QRect& part, toolkit::WindowId window);

@@ -87,8 +87,7 @@ void CPicViewDlg::OnDestroyed() {
 void CPicViewDlg::ResetGallery() {
     gallery::ResetState(m_state);
     extraAudio = {};
-    m_bigPicDC.reset();
-    m_bigPicDCRect = {};
+    m_big.Clear();
     m_pictures.Clear();
     m_dragFrom.reset();
     m_travel = 1;
@@ -105,7 +104,7 @@ void CPicViewDlg::ResetGallery() {
 
 void CPicViewDlg::ClearPicItems() {
     gallery::ClearItems(m_state);
-    m_bigPicDC.reset();
+    m_big.Clear();
     m_pictures.Clear();
     m_dragFrom.reset();
 }
@@ -156,9 +155,10 @@ void CPicViewDlg::SetPicRects(const QRect& bigArea, const QRect& stripArea) {
 
 void CPicViewDlg::SelectPic(int index, gallery::StripMode mode) {
     // Freed whatever follows, so that the picture is rendered again; required as is.
-    m_bigPicDC.reset();
+    m_big.Expire(BigPlace());
     const int before = m_state.currentIndex;
     if (!gallery::MakeCurrent(m_state, index, mode, Sizes())) {
+        PrepareBig();
         return;
     }
     m_travel = index > before ? 1 : -1;
@@ -206,10 +206,11 @@ qintptr CPicViewDlg::OnEvent(const toolkit::WindowEvent& event) {
         OnThumbReady();
         break;
     case gallery::kPaneShown:
+        RepaintBig();
         PrepareStrip();
         break;
-    case gallery::kPictureUnreadable:
-        OnUnreadable(int(event.first));
+    case gallery::kPictureReady:
+        OnPictureReady();
         break;
     default:
         return CPopTipDlg::OnEvent(event);
@@ -222,7 +223,7 @@ void CPicViewDlg::OnTimer(int timerId) {
         RepaintStrip();
     } else if (timerId == gallery::kRenderTimer) {
         KillTimer(gallery::kRenderTimer);
-        m_bigPicDC.reset();
-        Repaint(m_state.bigArea);
+        m_big.Expire(BigPlace());
+        RepaintBig();
     }
 }

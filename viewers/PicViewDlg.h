@@ -2,6 +2,7 @@
 #pragma once
 
 #include "toolkit/PopTipDlg.h"
+#include "viewers/BigPicture.h"
 #include "viewers/DownloadWorker.h"
 #include "viewers/GalleryPane.h"
 #include "viewers/GalleryPictures.h"
@@ -37,6 +38,8 @@ public:
     void SetCurrentIndex(int index) { m_state.currentIndex = index; }
 
     [[nodiscard]] const gallery::GalleryState& State() const { return m_state; }
+    /// Whether the current picture is what a paint shows now, not the one before it.
+    [[nodiscard]] bool ShowsPicture() const { return m_big.IsFresh() && !m_slide; }
 
 protected:
     /// The current item is now `index`: show its texts.
@@ -72,21 +75,25 @@ protected:
 private:
     // Painting.
     void OnShown() override;
-    void OnPaint(QPainter& painter, const QRegion& region, bool onScreen) override;
-    void PaintPicture(QPainter& painter);
-    [[nodiscard]] bool RenderBigPicture();
-    [[nodiscard]] std::vector<gallery::PlacedImage> PictureLayers();
-    void PaintPictureArea(QPainter& painter);
-    void PaintStripArea(QPainter& painter);
+    void OnPictureTaken() override;
+    void OnPaint(QPainter& painter, const QRegion& region) const override;
+    void PaintPicture(QPainter& painter) const;
+    void PaintPictureArea(QPainter& painter) const;
+    void PaintStripArea(QPainter& painter) const;
+    [[nodiscard]] QRectF BigPlace() const;
+    void PrepareBig();
+    [[nodiscard]] bool CompleteBig();
+    void PutBig(const QImage& image);
+    void NoteShown();
+    void RepaintBig();
+    void OnPictureReady();
     [[nodiscard]] std::vector<gallery::Cell> CellsOf(const gallery::ItemRange& range) const;
     void Repaint(const QRect& area);
     void RepaintStrip();
     void PrepareStrip();
     void CompleteStrip(const gallery::ItemRange& range);
     void LookAtFiles(const gallery::ItemRange& range);
-    void LookAhead();
     void OnThumbReady();
-    void OnUnreadable(int index);
     void UpdateAreas();
     void RunPictureSlide();
     void RunStripSlide();
@@ -132,8 +139,7 @@ private:
     QPointer<QWidget> m_pane;
     QString m_serverText;
     QString m_defaultPicPath;
-    std::unique_ptr<CKxMemDC> m_bigPicDC; ///< null if stale
-    QRect m_bigPicDCRect;                 ///< place of the picture when it was rendered
+    gallery::BigPicture m_big;
     std::optional<gallery::SlideScene> m_slide;
     std::optional<QPoint> m_dragFrom;
     int m_travel = 1; ///< direction in which the user steps

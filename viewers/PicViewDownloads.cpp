@@ -132,7 +132,7 @@ void CPicViewDlg::ShowFinishedPicture(int index) {
     if (item == nullptr || index != m_state.currentIndex) {
         return;
     }
-    m_bigPicDC.reset();
+    m_big.Clear();
     gallery::ComputePicRect(m_state, Sizes());
-    Repaint(m_state.bigArea);
+    RepaintBig();
 }

@@ -44,21 +44,30 @@ void CPicViewDlg::UpdateAreas() {
     if (gallery::SlidesPicture(m_state)) {
         RunPictureSlide();
     }
-    Repaint(m_state.bigArea);
+    RepaintBig();
     RunStripSlide();
     RepaintStrip();
 }
 
-void CPicViewDlg::OnPaint(QPainter& painter, const QRegion& region, bool onScreen) {
+void CPicViewDlg::OnPictureTaken() {
+    if (!m_state.paintEnabled) {
+        return;
+    }
+    // A slide has its pictures.
+    if (!m_slide) {
+        static_cast<void>(m_state.picRect.isEmpty() || CompleteBig());
+        NoteShown();
+    }
+    CompleteStrip(m_state.visible);
+}
+
+void CPicViewDlg::OnPaint(QPainter& painter, const QRegion& region) const {
     const QRegion areas = QRegion(m_state.bigArea) + m_state.stripArea;
     for (const QRect& rest : m_state.paintEnabled ? region - areas : region) {
         painter.fillRect(rest, toolkit::Colors::Pane());
     }
     if (!m_state.paintEnabled) {
         return;
-    }
-    if (!onScreen) {
-        CompleteStrip(m_state.visible);
     }
     if (region.intersects(m_state.bigArea)) {
         PaintPictureArea(painter);
@@ -68,7 +77,7 @@ void CPicViewDlg::OnPaint(QPainter& painter, const QRegion& region, bool onScree
     }
 }
 
-void CPicViewDlg::PaintPictureArea(QPainter& painter) {
+void CPicViewDlg::PaintPictureArea(QPainter& painter) const {
     if (m_slide && m_slide->ofPicture) {
         gallery::PaintSlide(painter, m_state, *m_slide);
     } else {
@@ -76,47 +85,81 @@ void CPicViewDlg::PaintPictureArea(QPainter& painter) {
     }
 }
 
-void CPicViewDlg::PaintPicture(QPainter& painter) {
-    if (m_state.picRect.isEmpty() || !RenderBigPicture()) {
-        m_state.shownIndex = -1;
+void CPicViewDlg::PaintPicture(QPainter& painter) const {
+    if (m_state.picRect.isEmpty()) {
         gallery::PaintNoBigPicture(painter, m_state);
         return;
     }
-    m_state.skipSlide = false;
-    gallery::PaintBigPicture(painter, m_state, PictureLayers());
-    gallery::PaintZoomLabel(painter, m_state);
-    m_state.shownIndex = m_state.currentIndex;
-}
-
-/// False: the file can't be decoded.
-bool CPicViewDlg::RenderBigPicture() {
-    if (m_bigPicDC) {
-        return true;
-    }
-    const GalleryItem* item = m_state.ItemAt(m_state.currentIndex);
-    const QImage image =
-        item == nullptr ? QImage() : m_pictures.Big(*item, m_state.picRect.size(), Ratio());
-    if (image.isNull()) {
-        // Whoever paints leaves the state alone.
-        toolkit::PostWindowEvent(Id(), gallery::kPictureUnreadable, quintptr(m_state.currentIndex));
-        return false;
-    }
-    m_bigPicDC = std::make_unique<CKxMemDC>(image);
-    m_bigPicDCRect = m_state.picRect;
-    return true;
-}
-
-std::vector<gallery::PlacedImage> CPicViewDlg::PictureLayers() {
-    const gallery::ZoomView view = gallery::ViewOf(m_state, Ratio());
-    const QRectF place = gallery::ZoomedRect(m_state.zoom, view);
-    std::vector<gallery::PlacedImage> layers{{place, m_bigPicDC->Bitmap()}};
-    if (m_state.picRect.size() != m_bigPicDCRect.size()) {
-        SetTimer(gallery::kRenderTimer, kRenderDelayMs);
-    }
+    std::vector<gallery::PlacedImage> layers{m_big.Shown(BigPlace())};
     if (!m_state.zoom.fit) {
         layers.push_back(m_pictures.Sharp(m_state, Ratio()));
     }
-    return layers;
+    gallery::PaintBigPicture(painter, m_state, layers);
+    gallery::PaintZoomLabel(painter, m_state);
+}
+
+/// Where the big picture is drawn now.
+QRectF CPicViewDlg::BigPlace() const {
+    return gallery::ZoomedRect(m_state.zoom, gallery::ViewOf(m_state, Ratio()));
+}
+
+/// The current picture comes from the decoders, at once if they have done it already.
+void CPicViewDlg::PrepareBig() {
+    const GalleryItem* item = m_state.ItemAt(m_state.currentIndex);
+    if (item == nullptr || m_state.picRect.isEmpty() || m_big.IsFresh()) {
+        return;
+    }
+    if (const auto image = m_pictures.WantBig(*item, m_state.picRect.size(), Ratio(), Id())) {
+        PutBig(*image);
+    }
+}
+
+/// The same now, on this thread if need be. False: the file can't be decoded.
+bool CPicViewDlg::CompleteBig() {
+    const GalleryItem* item = m_state.ItemAt(m_state.currentIndex);
+    if (item != nullptr && !m_big.IsFresh()) {
+        PutBig(m_pictures.Big(*item, m_state.picRect.size(), Ratio()));
+    }
+    return m_big.IsFresh();
+}
+
+/// A null image: the file can't be decoded.
+void CPicViewDlg::PutBig(const QImage& image) {
+    m_big.Put(image, m_state.picRect);
+    if (image.isNull()) {
+        gallery::MarkUnreadable(*m_state.ItemAt(m_state.currentIndex));
+        gallery::ComputePicRect(m_state, Sizes());
+    }
+}
+
+/// The big area is about to be painted.
+void CPicViewDlg::NoteShown() {
+    if (m_state.picRect.isEmpty()) {
+        m_state.shownIndex = -1;
+        return;
+    }
+    m_state.skipSlide = false;
+    m_state.shownIndex = m_state.currentIndex;
+    // A resize is shown cheaply first.
+    if (m_big.IsStretched(m_state.picRect)) {
+        SetTimer(gallery::kRenderTimer, kRenderDelayMs);
+    }
+}
+
+void CPicViewDlg::RepaintBig() {
+    PrepareBig();
+    if (m_pane && m_pane->isVisible()) {
+        NoteShown();
+    }
+    Repaint(m_state.bigArea);
+}
+
+void CPicViewDlg::OnPictureReady() {
+    if (!m_big.IsFresh() && !m_state.picRect.isEmpty()) {
+        RepaintBig();
+    }
+    // Its thumbnail is cut from it, and what lies ahead may come to the strip likewise.
+    RepaintStrip();
 }
 
 void CPicViewDlg::OnShown() {
@@ -141,10 +184,11 @@ void CPicViewDlg::PrepareStrip() {
         return;
     }
     LookAtFiles(m_state.visible);
-    m_pictures.WantThumbs(m_state.items, m_state.visible, Ratio(), Id());
-    if (!m_pictures.AwaitsThumbs()) {
-        LookAhead();
+    // The next step comes before the strip: its thumbnails wait while a picture is wanted.
+    if (m_pane->isVisible()) {
+        m_pictures.LookAhead(m_state, m_travel, Ratio(), Id());
     }
+    m_pictures.WantThumbs(m_state.items, m_state.visible, Ratio(), Id());
 }
 
 /// Everything at once: for a slide, whose cells don't change, and for a picture of the pane.
@@ -163,29 +207,6 @@ void CPicViewDlg::OnThumbReady() {
         if (m_pane && m_state.visible.Contains(index)) {
             m_pane->update(m_state.items[size_t(index)].thumbRect);
         }
-    }
-    if (!m_pictures.AwaitsThumbs()) {
-        LookAhead();
-    }
-}
-
-/// What the user sees now is complete: time for what comes next.
-void CPicViewDlg::LookAhead() {
-    if (m_pane && m_pane->isVisible()) {
-        m_pictures.LookAhead(m_state, m_travel, Ratio());
-    }
-}
-
-void CPicViewDlg::OnUnreadable(int index) {
-    GalleryItem* item = m_state.ItemAt(index);
-    // By now another picture may be current, or the file whole.
-    if (item == nullptr || index != m_state.currentIndex || m_state.shownIndex != -1) {
-        return;
-    }
-    gallery::MarkUnreadable(*item);
-    gallery::ComputePicRect(m_state, Sizes());
-    if (m_pane) {
-        m_pane->update(m_state.bigArea);
     }
 }
 
@@ -212,7 +233,7 @@ std::vector<gallery::Cell> CPicViewDlg::CellsOf(const gallery::ItemRange& range)
 }
 
 /// The last of a paint: nobody needs the painter's clip behind it.
-void CPicViewDlg::PaintStripArea(QPainter& painter) {
+void CPicViewDlg::PaintStripArea(QPainter& painter) const {
     painter.setClipRect(m_state.stripArea, Qt::IntersectClip);
     gallery::PaintStrip(painter, m_state, CellsOf(m_state.visible), m_pictures.Default());
     if (m_slide && !m_slide->ofPicture) {
@@ -245,10 +266,10 @@ void CPicViewDlg::RunPictureSlide() {
                                m_state.strip.horizontal, m_state.shownIndex, m_state.currentIndex});
     scene.ofPicture = true;
     scene.oldImage = m_pictures.Big(*shown, m_state.prevPicRect.size(), Ratio());
-    if (scene.oldImage.isNull() || !RenderBigPicture()) {
+    if (scene.oldImage.isNull() || !CompleteBig()) {
         return;
     }
-    scene.newImage = m_bigPicDC->Bitmap();
+    scene.newImage = m_big.Image();
     RunSlide(std::move(scene));
     m_state.shownIndex = m_state.currentIndex;
 }

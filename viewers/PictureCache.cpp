@@ -1,7 +1,5 @@
 #include "viewers/PictureCache.h"
 
-#include "viewers/Decoders.h"
-
 #include <QFileInfo>
 
 #include <algorithm>
@@ -26,7 +24,8 @@ PictureKey KeyOf(const QString& path, const QSize& size) {
     return {path, size, info.lastModified(), info.size()};
 }
 
-PictureCache::Entry& PictureCache::Touch(const PictureKey& key) {
+PictureCache::Entry& PictureCache::Touch(const PictureKey& key,
+                                         const std::function<void()>& whenDone) {
     const auto found = std::find_if(m_entries.begin(), m_entries.end(),
                                     [&](const Entry& entry) { return entry.key == key; });
     if (found != m_entries.end()) {
@@ -36,7 +35,7 @@ PictureCache::Entry& PictureCache::Touch(const PictureKey& key) {
     toolkit::PictureRequest request;
     request.path = key.path;
     request.size = key.size;
-    m_entries.push_front({key, std::make_shared<DecodeJob>(request)});
+    m_entries.push_front({key, std::make_shared<DecodeJob>(request, whenDone), std::nullopt});
     DropOldest();
     return m_entries.front();
 }
@@ -69,14 +68,33 @@ QImage PictureCache::Find(const QString& path) const {
     return {};
 }
 
-void PictureCache::Prepare(const QString& path, const QSize& size) {
-    const PictureKey key = KeyOf(path, size);
-    const bool known = std::any_of(m_entries.begin(), m_entries.end(),
-                                   [&](const Entry& entry) { return entry.key == key; });
-    const std::shared_ptr<DecodeJob> job = Touch(key).job;
-    if (!known) {
-        DecodeInBackground(job, Urgency::Ahead);
+std::optional<QImage> PictureCache::Want(const QString& path, const QSize& size,
+                                         const std::function<void()>& whenDone) {
+    Entry& entry = Touch(KeyOf(path, size), whenDone);
+    if (entry.job->IsDone()) {
+        return entry.job->GetIfDone();
     }
+    // One that waits as a look ahead is handed in again: whoever comes first does it.
+    if (entry.handedIn != Urgency::Wanted) {
+        entry.handedIn = Urgency::Wanted;
+        DecodeInBackground(entry.job, Urgency::Wanted);
+    }
+    return std::nullopt;
+}
+
+void PictureCache::Prepare(const QString& path, const QSize& size,
+                           const std::function<void()>& whenDone) {
+    Entry& entry = Touch(KeyOf(path, size), whenDone);
+    if (!entry.handedIn && !entry.job->IsDone()) {
+        entry.handedIn = Urgency::Ahead;
+        DecodeInBackground(entry.job, Urgency::Ahead);
+    }
+}
+
+bool PictureCache::IsOnItsWay(const QString& path) const {
+    return std::any_of(m_entries.begin(), m_entries.end(), [&](const Entry& entry) {
+        return entry.key.path == path && entry.handedIn && !entry.job->IsDone();
+    });
 }
 
 void PictureCache::GiveUpOthers(const QString& path) {

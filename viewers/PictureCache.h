@@ -2,13 +2,16 @@
 #pragma once
 
 #include "viewers/DecodeJob.h"
+#include "viewers/Decoders.h"
 
 #include <QDateTime>
 #include <QSize>
 #include <QString>
 
+#include <functional>
 #include <list>
 #include <memory>
+#include <optional>
 
 namespace gallery {
 
@@ -36,8 +39,15 @@ public:
     [[nodiscard]] QImage Get(const QString& path, const QSize& size);
     /// A finished rendering of the file as it is now, of any size; null without one.
     [[nodiscard]] QImage Find(const QString& path) const;
-    /// Has the picture decoded by a thread that has time.
-    void Prepare(const QString& path, const QSize& size);
+    /// The same by the decoders, before all else: none while it isn't done, then null if it can't
+    /// be decoded. `whenDone` runs on a decoder, once, unless the job is given up or Get did it.
+    [[nodiscard]] std::optional<QImage> Want(const QString& path, const QSize& size,
+                                             const std::function<void()>& whenDone);
+    /// Has the picture decoded by a thread that has time; `whenDone` as for Want.
+    void Prepare(const QString& path, const QSize& size,
+                 const std::function<void()>& whenDone = {});
+    /// Whether a rendering of the file, of any size, is being decoded or waits for it.
+    [[nodiscard]] bool IsOnItsWay(const QString& path) const;
     /// Gives up all that is on its way for other files than this.
     void GiveUpOthers(const QString& path);
     void Clear();
@@ -46,10 +56,11 @@ private:
     struct Entry {
         PictureKey key;
         std::shared_ptr<DecodeJob> job;
+        std::optional<Urgency> handedIn; ///< to the decoders; none: not yet
     };
 
     /// The entry, moved to the front; made if there is none.
-    [[nodiscard]] Entry& Touch(const PictureKey& key);
+    [[nodiscard]] Entry& Touch(const PictureKey& key, const std::function<void()>& whenDone = {});
     void DropOldest();
 
     std::list<Entry> m_entries; ///< newest first

@@ -129,7 +129,7 @@ TEST_F(BimPicViewWindowTest, TheMarkIsDrawnAtOnce) {
 
 TEST_F(BimPicViewWindowTest, AStretchedPictureIsRenderedAgainASecondLater) {
     ASSERT_TRUE(Open());
-    support::RunPendingEvents();
+    ASSERT_TRUE(support::WaitFor([] { return Pane().ShowsPicture(); }));
     Wrap().Widget()->resize(900, 700);
     support::RunPendingEvents();
     const PaintCounter paints(Pane().Widget());

@@ -47,7 +47,8 @@ public:
     mutable int calls = 0;
 
     void OnShown() override { ++calls; }
-    void OnPaint(QPainter&, const QRegion&, bool) override { ++calls; }
+    void OnPictureTaken() override { ++calls; }
+    void OnPaint(QPainter&, const QRegion&) const override { ++calls; }
     void OnLeftButtonDown(const QPoint&) override { ++calls; }
     void OnLeftButtonUp(const QPoint&) override { ++calls; }
     void OnDoubleClick(const QPoint&) override { ++calls; }

@@ -79,6 +79,11 @@ void GalleryFixture::SetItems(const std::vector<GalleryItem>& items, int current
     gallery->SetPicItems(items);
 }
 
+void GalleryFixture::ShowItems(const std::vector<GalleryItem>& items, int current) {
+    SetItems(items, current);
+    ASSERT_TRUE(support::WaitFor([this] { return gallery->ShowsPicture(); }));
+}
+
 QPoint GalleryFixture::ThumbMiddle(int index) const {
     return State().items.at(size_t(index)).thumbRect.center();
 }

@@ -30,6 +30,8 @@ protected:
     std::vector<GalleryItem> InStore(int count, bool notes = true);
     [[nodiscard]] static QColor ColourOf(int index);
     void SetItems(const std::vector<GalleryItem>& items, int current = 0);
+    /// The same, and waits until the picture shows.
+    void ShowItems(const std::vector<GalleryItem>& items, int current = 0);
 
     [[nodiscard]] QWidget* Pane() { return gallery->Widget(); }
     [[nodiscard]] QImage Shown() { return gallery->Widget()->grab().toImage(); }

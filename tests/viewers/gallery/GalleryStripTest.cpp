@@ -8,30 +8,34 @@
 #include <QFile>
 #include <QScreen>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Keeps every decoder from its next job until it is let go, or dies.
+/// Keeps decoders from their next job until it is let go, or dies: all of them, or those that do
+/// thumbnails.
 class BusyDecoders final {
 public:
-    explicit BusyDecoders(const QString& anyPicture) {
-        const unsigned cores = std::thread::hardware_concurrency();
-        const int threads = int(std::clamp(cores == 0 ? 1U : cores - 1, 1U, 3U));
+    explicit BusyDecoders(const QString& anyPicture,
+                          gallery::Urgency urgency = gallery::Urgency::Wanted) {
+        const bool all = urgency != gallery::Urgency::Strip;
+        const int threads =
+            int(gallery::DecoderCount(std::thread::hardware_concurrency())) - (all ? 0 : 1);
         for (int i = 0; i < threads; ++i) {
             toolkit::PictureRequest request;
             request.path = anyPicture;
             request.size = {1, 1};
             gallery::DecodeInBackground(
-                std::make_shared<gallery::DecodeJob>(request, [this] { Hold(); }),
-                gallery::Urgency::Wanted);
+                std::make_shared<gallery::DecodeJob>(request, [this] { Hold(); }), urgency);
         }
         std::unique_lock lock(m_lock);
         m_changed.wait(lock, [&] { return m_held == threads; });
@@ -82,15 +86,17 @@ TEST_F(GalleryStrip, APaintDecodesNothingAndACellIsPaintedWhenItsPictureComes) {
     Open();
     SetItems(items);
     Pane()->repaint();
-    EXPECT_EQ(OnScreen().pixelColor(PictureMiddle()), ColourOf(0)) << "the big one is there";
-    for (int i = 1; i <= 3; ++i) {
+    EXPECT_EQ(OnScreen().pixelColor(PictureMiddle()), support::kPaneColour) << "nor the big one";
+    for (int i = 0; i <= 3; ++i) {
         EXPECT_FALSE(HasThumb(i)) << i;
         EXPECT_EQ(OnScreen().pixelColor(ThumbMiddle(i)), support::kPaneColour) << i;
     }
     decoders.LetGo();
+    EXPECT_TRUE(
+        support::WaitFor([this] { return OnScreen().pixelColor(PictureMiddle()) == ColourOf(0); }));
     EXPECT_TRUE(support::WaitFor([this] { return HasThumb(1) && HasThumb(2) && HasThumb(3); }));
     EXPECT_FALSE(HasThumb(4)) << "nobody sees it";
-    for (int i = 1; i <= 3; ++i) {
+    for (int i = 0; i <= 3; ++i) {
         EXPECT_TRUE(support::WaitFor([&] {
             return OnScreen().pixelColor(ThumbMiddle(i)) == ColourOf(i);
         })) << i;
@@ -145,17 +151,50 @@ TEST_F(GalleryStrip, APaintLooksAtNoFileTheNextLookAtTheStripDoes) {
     EXPECT_TRUE(support::WaitFor([this] { return !State().items[1].fileThere; }));
 }
 
-TEST_F(GalleryStrip, APaintThatCannotDecodeThePictureLeavesTheStateToTheEventBehindIt) {
+TEST_F(GalleryStrip, AJumpIsAnsweredAtOnceAndThePictureBeforeStaysUntilTheNextOneComes) {
+    const std::vector<GalleryItem> items = OnDisk(8);
+    Open();
+    SetItems(items);
+    ASSERT_TRUE(
+        support::WaitFor([this] { return OnScreen().pixelColor(PictureMiddle()) == ColourOf(0); }));
+    BusyDecoders decoders(items[0].picPath);
+    QWheelEvent turn(PictureMiddle(), Pane()->mapToGlobal(PictureMiddle()), {}, QPoint(0, -600),
+                     Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(Pane(), &turn);
+    EXPECT_EQ(State().currentIndex, 5);
+    EXPECT_EQ(gallery->told.back(), 5);
+    Pane()->repaint();
+    EXPECT_EQ(OnScreen().pixelColor(PictureMiddle()), ColourOf(0)) << "no flicker";
+    decoders.LetGo();
+    EXPECT_TRUE(
+        support::WaitFor([this] { return OnScreen().pixelColor(PictureMiddle()) == ColourOf(5); }));
+}
+
+TEST_F(GalleryStrip, AKeyAtTheFirstPictureWaitsForNoThumbnail) {
+    const std::vector<GalleryItem> items = OnDisk(12);
+    Open();
+    BusyDecoders thumbnails(items[0].picPath, gallery::Urgency::Strip);
+    SetItems(items);
+    for (int i = 0; i < 12; ++i) {
+        EXPECT_TRUE(support::WaitFor([&] {
+            return OnScreen().pixelColor(PictureMiddle()) == ColourOf(i);
+        })) << i;
+        QTest::keyClick(Pane(), Qt::Key_Right);
+    }
+}
+
+TEST_F(GalleryStrip, APictureThatCannotBeDecodedIsNoPictureOnceTheDecodersSaySo) {
     Open();
     SetItems(OnDisk(2));
     ASSERT_FALSE(State().items[1].picSize.isEmpty());
     ASSERT_TRUE(QFile::remove(State().items[1].picPath));
+    Pane()->hide();
     gallery->SelectPic(1, gallery::kCurrentLast);
-    EXPECT_EQ(State().shownIndex, -1) << "painted";
     EXPECT_FALSE(State().picRect.isEmpty());
-    support::RunPendingEvents();
-    EXPECT_TRUE(State().picRect.isEmpty());
+    Pane()->show();
+    EXPECT_TRUE(support::WaitFor([this] { return State().picRect.isEmpty(); }));
     EXPECT_TRUE(State().items[1].unreadable);
+    EXPECT_TRUE(support::WaitFor([this] { return State().shownIndex == -1; }));
 }
 
 TEST_F(GalleryStrip, APageSlidesWithItsPicturesInIt) {

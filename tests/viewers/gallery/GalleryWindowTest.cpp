@@ -41,7 +41,7 @@ private:
 TEST_F(GalleryWindow, AResizeStretchesThePictureAtOnceAndRendersItASecondLater) {
     Open();
     folder.Write(u"a.png"_s, support::PngBytes(support::CornerMarked({300, 200})));
-    SetItems(support::FolderGallery::ItemsOf({folder.Path(u"a.png"_s)}));
+    ShowItems(support::FolderGallery::ItemsOf({folder.Path(u"a.png"_s)}));
     Pane()->resize(700, 600);
     support::RunPendingEvents();
     const QRect place = State().picRect;
@@ -60,7 +60,7 @@ TEST_F(GalleryWindow, AResizeStretchesThePictureAtOnceAndRendersItASecondLater) 
 
 TEST_F(GalleryWindow, ThePictureIsRenderedAnewASecondAfterTheLastPaint) {
     Open();
-    SetItems(OnDisk(1));
+    ShowItems(OnDisk(1));
     const auto told = [this] {
         return std::count(gallery->timersTold.begin(), gallery->timersTold.end(),
                           gallery::kRenderTimer);
@@ -87,7 +87,7 @@ TEST_F(GalleryWindow, ThePictureIsRenderedAnewASecondAfterTheLastPaint) {
 
 TEST_F(GalleryWindow, WhatAnAreaLeavesFreeIsErasedOnTheScreenAtOnce) {
     Open();
-    SetItems(OnDisk(3));
+    ShowItems(OnDisk(3));
     const auto onScreen = [this] {
         return Pane()->screen()->grabWindow(Pane()->winId()).toImage();
     };
@@ -212,7 +212,7 @@ TEST_F(GalleryWindow, ItsOwnEventsAreAnsweredAndOthersAreNot) {
     Open();
     SetItems(OnDisk(2));
     for (const int number : {gallery::kSharpPartReady, gallery::kThumbReady, gallery::kPaneShown,
-                             gallery::kPictureUnreadable}) {
+                             gallery::kPictureReady}) {
         EXPECT_EQ(toolkit::SendWindowEvent(gallery->Id(), number), 1) << number;
     }
     EXPECT_EQ(toolkit::SendWindowEvent(gallery->Id(), 4711), 0);
