@@ -3,6 +3,7 @@
 #include "site/StoreName.h"
 #include "site/blobs/FileSync.h"
 #include "site/blobs/FolderLook.h"
+#include "site/blobs/OwnedLock.h"
 #include "site/blobs/SetAside.h"
 
 #include <QBuffer>
@@ -222,7 +223,7 @@ void FileStore::CleanUp(const std::function<bool(const QString&)>& hasRow, SetAs
         }
         QLockFile lock(folder + u'/' + LockName());
         lock.setStaleLockTime(0);
-        if (folder != m_notes && lock.tryLock()) {
+        if (folder != m_notes && TakeLock(lock)) {
             CleanNotes(name, hasRow, aside);
             lock.unlock();
             QDir().rmdir(folder);

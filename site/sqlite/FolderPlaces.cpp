@@ -1,6 +1,7 @@
 #include "site/sqlite/FolderPlaces.h"
 
 #include "site/blobs/FolderLook.h"
+#include "site/blobs/OwnedLock.h"
 #include "site/blobs/SetAside.h"
 #include "site/sqlite/DataFolder.h"
 
@@ -33,7 +34,7 @@ public:
     }
 
     [[nodiscard]] bool Enter() override {
-        if (!m_lock.tryLock()) {
+        if (!TakeLock(m_lock)) {
             return false;
         }
         Clear();
