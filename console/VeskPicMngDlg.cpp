@@ -9,6 +9,7 @@
 #include "toolkit/DropCombo.h"
 #include "toolkit/KXComboBox.h"
 #include "toolkit/KXTools.h"
+#include "toolkit/SystemCommand.h"
 
 #include <QCheckBox>
 #include <QDateEdit>
@@ -244,6 +245,12 @@ qintptr CVeskPicMngDlg::OnEvent(const toolkit::WindowEvent& event) {
         break;
     }
     return 0;
+}
+
+void CVeskPicMngDlg::OnSystemCommand(quintptr command) {
+    // Whatever the command, the close command too; required as is.
+    Q_UNUSED(command);
+    CPopTipDlg::OnSystemCommand(toolkit::kCommandRestore);
 }
 
 void CVeskPicMngDlg::OnSearchStart() {

@@ -57,6 +57,7 @@ protected:
     void OnClose() override { CloseConsole(); }
     void OnResized() override;
     qintptr OnEvent(const toolkit::WindowEvent& event) override;
+    void OnSystemCommand(quintptr command) override;
 
 private:
     friend class NRQUtility::SingletonTmpl<CVeskPicMngDlg>;

@@ -1,5 +1,6 @@
 #include "toolkit/WindowObject.h"
 
+#include "toolkit/SystemCommand.h"
 #include "toolkit/WindowEnd.h"
 #include "toolkit/WindowPlace.h"
 
@@ -57,7 +58,7 @@ bool WindowObject::Create(WindowId parent) {
         return false;
     }
     m_widget = MakeWindow(WidgetOf(parent));
-    m_id = RegisterWindow(m_widget, [this](const WindowEvent& event) { return OnEvent(event); });
+    m_id = RegisterWindow(m_widget, [this](const WindowEvent& event) { return Receive(event); });
     m_watcher = std::make_unique<Watcher>(*this, m_widget);
     OnCreated();
     return true;
@@ -141,6 +142,16 @@ void WindowObject::Minimise() {
     }
 }
 
+void WindowObject::Maximise() {
+    if (!HasWindow()) {
+        return;
+    }
+    const Qt::WindowStates state = m_widget->windowState();
+    m_widget->setWindowState((state & ~Qt::WindowStates(Qt::WindowMinimized)) |
+                             Qt::WindowMaximized);
+    m_widget->show();
+}
+
 void WindowObject::Hide() {
     if (HasWindow()) {
         m_widget->hide();
@@ -171,6 +182,36 @@ void WindowObject::KillTimer(int timerId) {
 qintptr WindowObject::OnEvent(const WindowEvent& event) {
     Q_UNUSED(event);
     return 0;
+}
+
+qintptr WindowObject::Receive(const WindowEvent& event) {
+    if (event.number != kSystemCommand) {
+        return OnEvent(event);
+    }
+    // The lowest four bits are the platform's own.
+    OnSystemCommand(event.first & ~quintptr(0xF));
+    return 0;
+}
+
+void WindowObject::OnSystemCommand(quintptr command) {
+    switch (command) {
+    case kCommandRestore:
+        ShowRestored();
+        break;
+    case kCommandMinimise:
+        Minimise();
+        break;
+    case kCommandMaximise:
+        Maximise();
+        break;
+    case kCommandClose:
+        if (HasWindow()) {
+            m_widget->close();
+        }
+        break;
+    default:
+        break;
+    }
 }
 
 void WindowObject::OnTimer(int timerId) {

@@ -46,6 +46,8 @@ public:
     /// Asks the window manager; it may refuse.
     void BringToForeground();
     void Minimise();
+    /// Shows the window as large as the window manager lets it be, out of minimised too.
+    void Maximise();
     void Hide();
 
     /// Starts a timer; setting one that runs starts it again. All end with the window.
@@ -65,12 +67,16 @@ protected:
     virtual void OnClose() { Destroy(); }
     virtual void OnResized() {}
     virtual qintptr OnEvent(const WindowEvent& event);
+    /// A command of the window's own menu, sent as kSystemCommand. Default: restores, minimises,
+    /// maximises, or closes by way of the close event; does nothing for any other.
+    virtual void OnSystemCommand(quintptr command);
     virtual void OnTimer(int timerId);
 
 private:
     class Watcher;
     /// Forgets the window; the widget itself is the caller's affair.
     void Release();
+    qintptr Receive(const WindowEvent& event);
     /// The widget is in its destructor.
     void EndByQt();
     /// Forgets the window and frees it.
