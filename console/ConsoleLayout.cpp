@@ -16,6 +16,9 @@ constexpr std::array<int, kFilterControls> kIssueGaps = {0, 3, 0, 3, 3, 3, 1, 1,
 constexpr int kKeywordLeast = 96;
 constexpr int kKeywordMost = 420;
 constexpr int kListLeast = 72;
+/// On a screen where "搜索" would still lie outside: an arrow and the beginning of a text.
+constexpr int kKeywordSqueezed = 64;
+constexpr int kListSqueezed = 44;
 
 constexpr int kRadioAboveBottom = 75;
 constexpr int kBimRadioX = 8;
@@ -39,6 +42,16 @@ void Narrow(QSize& size, int least, int& missing) {
     missing -= given;
 }
 
+/// From each list in turn, down to what is legible; where that isn't enough, below it.
+template <size_t count>
+void NarrowLists(FilterSizes& sizes, const std::array<FilterControl, count>& lists, int& missing) {
+    for (const int least : {kListLeast, kListSqueezed}) {
+        for (const FilterControl list : lists) {
+            Narrow(sizes[list], least, missing);
+        }
+    }
+}
+
 /// Sizes of the photos' filter line, fitted to the width of the client area.
 FilterSizes FittedSizes(const ConsoleLayoutRequest& request) {
     FilterSizes sizes = request.filters;
@@ -47,10 +60,9 @@ FilterSizes FittedSizes(const ConsoleLayoutRequest& request) {
         spare -= kPhotoGaps[i] + (i == kKeywordBox ? 0 : sizes[i].width());
     }
     int missing = std::max(0, kKeywordLeast - spare);
-    for (const size_t list : {kProjectBox, kMarkBox, kLabelBox, kStatusBox}) {
-        Narrow(sizes[list], kListLeast, missing);
-    }
+    NarrowLists(sizes, std::array{kProjectBox, kMarkBox, kLabelBox, kStatusBox}, missing);
     sizes[kKeywordBox].setWidth(std::clamp(spare, kKeywordLeast, kKeywordMost));
+    Narrow(sizes[kKeywordBox], kKeywordSqueezed, missing);
     return sizes;
 }
 
@@ -123,9 +135,8 @@ FilterSizes FilterSizesFor(const FilterSizes& natural, int left, int width) {
     }
     missing = std::max(0, missing);
     Narrow(sizes[kKeywordBox], kKeywordLeast, missing);
-    for (const size_t list : {kProjectBox, kMarkBox, kStatusBox}) {
-        Narrow(sizes[list], kListLeast, missing);
-    }
+    NarrowLists(sizes, std::array{kProjectBox, kMarkBox, kStatusBox}, missing);
+    Narrow(sizes[kKeywordBox], kKeywordSqueezed, missing);
     return sizes;
 }
 

@@ -115,6 +115,11 @@ TEST_F(SmallScreen, TheConsoleFitsForEachKind) {
         ASSERT_TRUE(Press(key));
         ASSERT_TRUE(WaitFor([] { return tour::ConsoleGrid() != nullptr; }));
         ExpectFits(*tour::ConsoleGrid()->window());
+        // On smaller screens than that too.
+        const QWidget* search = tour::ConsoleControl(u"searchButton"_s);
+        ASSERT_NE(search, nullptr);
+        EXPECT_TRUE(tour::Console()->rect().contains(search->geometry()))
+            << search->geometry().right() << " of " << tour::Console()->width();
     }
 }
 

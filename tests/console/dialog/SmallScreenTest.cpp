@@ -42,7 +42,7 @@ TEST_F(SmallScreenTest, AllFiltersOfPhotosStayInTheWindow) {
 
 TEST_F(SmallScreenTest, FiltersOfIssuesLeaveEightPixelsForTheFramesUntilTheyAreAtTheirLeast) {
     Open(kModeIssue);
-    constexpr int kLeastEnd = 676;
+    constexpr int kLeastEnd = 560;
     EXPECT_EQ(C().searchButton->geometry().right() + 1, std::max(screen.width() - 8, kLeastEnd));
 }
 

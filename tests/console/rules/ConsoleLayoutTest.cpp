@@ -124,7 +124,7 @@ TEST(ConsoleLayout, TheKeywordBoxOfPhotosGrowsWithTheWindowUpToALimit) {
     };
     EXPECT_EQ(keywordWidth(1185), keywordWidth(1085) + 100);
     EXPECT_EQ(keywordWidth(3000), 420);
-    EXPECT_EQ(keywordWidth(400), 96);
+    EXPECT_EQ(keywordWidth(400), 64);
 }
 
 TEST(ConsoleLayout, TheListsOfPhotosGiveWayOnANarrowScreen) {
@@ -133,8 +133,20 @@ TEST(ConsoleLayout, TheListsOfPhotosGiveWayOnANarrowScreen) {
     EXPECT_EQ(narrow.filters[kStartDate].width(), 104);
     const ConsoleLayout tiny = LayoutConsole(Request(kModeBim, QSize(300, 845)));
     for (const FilterControl list : {kProjectBox, kMarkBox, kLabelBox, kStatusBox}) {
-        EXPECT_EQ(tiny.filters[list].width(), 72) << list;
+        EXPECT_EQ(tiny.filters[list].width(), 44) << list;
     }
+}
+
+TEST(ConsoleLayout, OnAScreenOf1366At200PercentTheSearchButtonIsInTheWindow) {
+    constexpr int kClient = 1366 / 2 - 8; // less the frames
+    const ConsoleLayout photos = LayoutConsole(Request(kModeBim, QSize(kClient, 348)));
+    EXPECT_EQ(RightOf(photos.filters[kSearchButton]), kClient - 15);
+    EXPECT_GE(photos.filters[kKeywordBox].width(), 64);
+    EXPECT_EQ(photos.filters[kStartDate].width(), 104) << "a date needs its width";
+    ConsoleLayoutRequest request = Request(kModeIssue, QSize(kClient, 348));
+    request.filters = FilterSizesFor(request.filters, 10, kClient);
+    request.projectBox = QRect(QPoint(10, 10), request.filters[kProjectBox]);
+    EXPECT_EQ(RightOf(LayoutConsole(request).filters[kSearchButton]), kClient);
 }
 
 TEST(ConsoleLayout, FiltersOfPhotosFollowEachOtherWithTheirGaps) {
@@ -180,19 +192,19 @@ TEST(ConsoleLayout, OnANarrowScreenTheLineForIssuesEndsWithTheWindow) {
     EXPECT_EQ(request.filters[kStartDate].width(), 104) << "a date needs its width";
 }
 
-TEST(ConsoleLayout, OnAScreenTooNarrowForAllListsStayLegible) {
+TEST(ConsoleLayout, OnAScreenTooNarrowForAllListsKeepAnArrowAndTheBeginningOfTheirText) {
     const FilterSizes sizes = FilterSizesFor(Request(kModeIssue).filters, 210, 300);
-    EXPECT_EQ(sizes[kKeywordBox].width(), 96);
-    EXPECT_EQ(sizes[kProjectBox].width(), 72);
+    EXPECT_EQ(sizes[kKeywordBox].width(), 64);
+    EXPECT_EQ(sizes[kProjectBox].width(), 44);
 }
 
 TEST(ConsoleLayout, AListThatIsNarrowerThanTheLeastAnywayGivesNothing) {
     FilterSizes natural = Request(kModeIssue).filters;
-    natural[kProjectBox].setWidth(60);
-    natural[kMarkBox].setWidth(72);
+    natural[kProjectBox].setWidth(40);
+    natural[kMarkBox].setWidth(44);
     const FilterSizes sizes = FilterSizesFor(natural, 210, 300);
-    EXPECT_EQ(sizes[kProjectBox].width(), 60);
-    EXPECT_EQ(sizes[kMarkBox].width(), 72);
+    EXPECT_EQ(sizes[kProjectBox].width(), 40);
+    EXPECT_EQ(sizes[kMarkBox].width(), 44);
 }
 
 } // namespace
