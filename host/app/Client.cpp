@@ -22,6 +22,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDir>
+#include <QTimer>
 #include <QToolTip>
 
 namespace host {
@@ -42,17 +43,20 @@ MessageKind KindOf(MessageLevel level) {
 }
 
 /// Beside the pointer, or in the middle of the window that has the keyboard: the bar may lie behind
-/// it.
+/// it. A little later: a menu from which it comes takes along what is shown while it closes.
 void TellAtTheActiveWindow(const QString& text) {
-    constexpr int kShownMs = 6000;
+    constexpr int kMenuClosesMs = 100;
     QWidget* active = QApplication::activeWindow();
     if (active == nullptr) {
         return;
     }
-    const QPoint pointer = QCursor::pos();
-    const QRect place = active->frameGeometry();
-    QToolTip::showText(place.contains(pointer) ? pointer : place.center(), toolkit::PlainTip(text),
-                       active, {}, kShownMs);
+    QTimer::singleShot(kMenuClosesMs, active, [active, text] {
+        constexpr int kShownMs = 6000;
+        const QPoint pointer = QCursor::pos();
+        const QRect place = active->frameGeometry();
+        QToolTip::showText(place.contains(pointer) ? pointer : place.center(),
+                           toolkit::PlainTip(text), active, {}, kShownMs);
+    });
 }
 
 } // namespace
@@ -158,7 +162,10 @@ void Client::ConnectWindow() {
     });
     connect(m_window.get(), &MainWindow::PathsDropped, m_imports.get(), &ImportFlow::Ask);
     connect(m_window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
-    connect(m_imports.get(), &ImportFlow::Imported, this, &Client::ReadAnew);
+    connect(m_imports.get(), &ImportFlow::Imported, this, [this] {
+        ReadAnew();
+        RefreshModule();
+    });
     FloorPlanCanvas& canvas = m_window->Plan().Canvas();
     connect(&canvas, &FloorPlanCanvas::PhotosWanted, this, &Client::ShowPhotosAt);
     connect(&canvas, &FloorPlanCanvas::ChoiceChanged, this, &Client::EnableCommands);

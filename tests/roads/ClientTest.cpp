@@ -281,8 +281,9 @@ TEST_F(ClientOnAFolder, WhatThisVersionLacksIsSaidInTheMessageBar) {
     ClickRowIcon(0, u"预览"_s);
     const QString sentence = u"此版本尚不提供“照片预览”，请等待后续版本。"_s;
     EXPECT_EQ(Messages(), QStringList{sentence});
-    EXPECT_TRUE(QToolTip::isVisible() && QToolTip::text().contains(sentence))
-        << "the bar may lie behind the console";
+    EXPECT_TRUE(WaitFor([&] {
+        return QToolTip::isVisible() && QToolTip::text().contains(sentence);
+    })) << "the bar may lie behind the console";
     QToolTip::hideText();
 }
 

@@ -1,0 +1,72 @@
+// What the client's other windows learn of a change that is made in this client, and where a person
+// is told.
+#include "host/ui/MainWindow.h"
+#include "tests/roads/PhotoRoad.h"
+#include "tests/support/WaitFor.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourDriver.h"
+#include "tour/TourEyes.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QToolTip>
+
+namespace roads {
+namespace {
+
+using namespace Qt::StringLiterals;
+using support::WaitFor;
+
+class OwnChanges : public PhotoRoad {
+protected:
+    void SetUp() override {
+        PhotoRoad::SetUp();
+        OpenConsole();
+    }
+    void Import(const QStringList& paths) {
+        ASSERT_TRUE(WaitFor([&] { return tour::DropPaths(client->Window(), paths); }));
+        ASSERT_TRUE(WaitFor([] {
+            return tour::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
+        }));
+    }
+    static void ChooseInRowMenu(const QString& entry) {
+        ASSERT_TRUE(WaitFor([] { return tour::OpenRowMenu(0); }));
+        const auto menu = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
+        ASSERT_TRUE(WaitFor([&] { return menu() != nullptr; }));
+        ASSERT_TRUE(WaitFor([&] { return tour::ClickInMenu(menu(), entry); }));
+    }
+};
+
+TEST_F(OwnChanges, WhatIsImportedIsInTheOpenConsoleAndInThePanelAtOnce) {
+    const QString first = folder.Write(u"photos/甲.jpg"_s, JpegBytes(qRgb(250, 1, 1)));
+    const QString second = folder.Write(u"photos/乙.jpg"_s, JpegBytes(qRgb(1, 250, 1)));
+    Import({first, second});
+    EXPECT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 9; })) << tour::ConsoleTotal();
+    EXPECT_GE(RowOfPhoto(u"甲.jpg"_s), 0);
+    EXPECT_EQ(tour::ReadText(
+                  tour::FindIn(tour::FindIn(client->Window(), u"photoMarks"_s), u"countLabel"_s)),
+              u"已选 9 / 9 张"_s);
+}
+
+TEST_F(OwnChanges, WhatIsImportedIsInAConsoleOfAnotherKindOnlyOnceItsKindIsShown) {
+    ASSERT_TRUE(Press(Qt::Key_2));
+    ASSERT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 1; }));
+    Import({folder.Write(u"photos/甲.jpg"_s, JpegBytes(qRgb(250, 1, 1)))});
+    EXPECT_TRUE(WaitFor([this] { return !Messages().isEmpty(); }));
+    EXPECT_EQ(tour::ConsoleTotal(), 1);
+    ASSERT_TRUE(Press(Qt::Key_1));
+    EXPECT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 8; }));
+}
+
+TEST_F(OwnChanges, WhatThisVersionLacksIsSaidBesideThePointerAlsoWhenItIsChosenInARowsMenu) {
+    const QString sentence = u"此版本尚不提供“照片预览”，请等待后续版本。"_s;
+    ChooseInRowMenu(u"预览"_s);
+    EXPECT_TRUE(WaitFor([&] { return Messages() == QStringList{sentence}; }));
+    EXPECT_TRUE(WaitFor([&] { return QToolTip::text().contains(sentence); }));
+    support::RunPendingEvents();
+    EXPECT_TRUE(QToolTip::isVisible()) << "it outlasts the menu";
+    QToolTip::hideText();
+}
+
+} // namespace
+} // namespace roads
