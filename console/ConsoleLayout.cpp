@@ -16,7 +16,7 @@ constexpr std::array<int, kFilterControls> kIssueGaps = {0, 3, 0, 3, 3, 3, 1, 1,
 constexpr int kKeywordLeast = 96;
 constexpr int kKeywordMost = 420;
 constexpr int kListLeast = 72;
-/// On a screen where "搜索" would still lie outside: an arrow and the beginning of a text.
+/// On a screen where "搜索" would still lie outside: an arrow that opens the list.
 constexpr int kKeywordSqueezed = 64;
 constexpr int kListSqueezed = 44;
 

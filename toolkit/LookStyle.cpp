@@ -194,6 +194,7 @@ int LookStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     switch (hint) {
     case SH_ComboBox_Popup:
         return 0;
+    case SH_DialogButtonBox_ButtonsHaveIcons:
     case SH_EtchDisabledText:
     case SH_ItemView_ActivateItemOnSingleClick:
         return 0;

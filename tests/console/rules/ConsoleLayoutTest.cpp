@@ -192,7 +192,7 @@ TEST(ConsoleLayout, OnANarrowScreenTheLineForIssuesEndsWithTheWindow) {
     EXPECT_EQ(request.filters[kStartDate].width(), 104) << "a date needs its width";
 }
 
-TEST(ConsoleLayout, OnAScreenTooNarrowForAllListsKeepAnArrowAndTheBeginningOfTheirText) {
+TEST(ConsoleLayout, OnAScreenTooNarrowForAllListsKeepTheirArrow) {
     const FilterSizes sizes = FilterSizesFor(Request(kModeIssue).filters, 210, 300);
     EXPECT_EQ(sizes[kKeywordBox].width(), 64);
     EXPECT_EQ(sizes[kProjectBox].width(), 44);

@@ -11,8 +11,10 @@
 #include <QFontInfo>
 #include <QImage>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QStyle>
+#include <QStyleFactory>
 #include <QTextDocument>
 #include <QtTest/QTest>
 
@@ -62,6 +64,27 @@ TEST(Look, TextReadsOnEveryGroundThatItStandsOn) {
         EXPECT_GE(Contrast(text, Qt::white), 4.5) << text.name().toStdString();
         EXPECT_GE(Contrast(text, Colors::Window()), 4.5) << text.name().toStdString();
     }
+}
+
+/// As desktops are that put pictures of their own on the buttons of dialogs.
+class DesktopWithButtonIcons final : public QProxyStyle {
+public:
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returnData) const override {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 1
+                   : QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+};
+
+TEST(Look, ButtonsOfDialogsAreTheSameOnEveryDesktop) {
+    auto* look = qobject_cast<QProxyStyle*>(QApplication::style());
+    ASSERT_NE(look, nullptr);
+    look->setBaseStyle(new DesktopWithButtonIcons);
+    const QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    EXPECT_TRUE(box.button(QDialogButtonBox::Ok)->icon().isNull());
+    EXPECT_TRUE(box.button(QDialogButtonBox::Cancel)->icon().isNull());
+    look->setBaseStyle(QStyleFactory::create(u"Fusion"_s));
 }
 
 TEST(Look, PaletteOfTheProgramReadsToo) {
