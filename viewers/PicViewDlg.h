@@ -3,11 +3,14 @@
 
 #include "toolkit/PopTipDlg.h"
 #include "viewers/BigPicture.h"
+#include "viewers/DownloadQueue.h"
 #include "viewers/DownloadWorker.h"
+#include "viewers/GalleryInput.h"
 #include "viewers/GalleryPane.h"
 #include "viewers/GalleryPictures.h"
 #include "viewers/GalleryState.h"
 #include "viewers/GalleryTimers.h"
+#include "viewers/SlideRunner.h"
 
 #include <memory>
 #include <optional>
@@ -39,7 +42,7 @@ public:
 
     [[nodiscard]] const gallery::GalleryState& State() const { return m_state; }
     /// Whether the current picture is what a paint shows now, not the one before it.
-    [[nodiscard]] bool ShowsPicture() const { return m_big.IsFresh() && !m_slide; }
+    [[nodiscard]] bool ShowsPicture() const { return m_big.IsFresh() && !m_slides.IsRunning(); }
 
 protected:
     /// The current item is now `index`: show its texts.
@@ -63,14 +66,7 @@ protected:
     /// Subclasses call it at the end of their own.
     void OnTimer(int timerId) override;
 
-    /// A voice note that belongs to the list as a whole and to no item.
-    struct ExtraAudio {
-        QString uuid;
-        QString path;
-        int progress = 0;
-        qint32 state = kWaiting;
-    };
-    ExtraAudio extraAudio;
+    gallery::ExtraAudio extraAudio;
 
 private:
     // Painting.
@@ -87,7 +83,6 @@ private:
     void NoteShown();
     void RepaintBig();
     void OnPictureReady();
-    [[nodiscard]] std::vector<gallery::Cell> CellsOf(const gallery::ItemRange& range) const;
     void Repaint(const QRect& area);
     void RepaintStrip();
     void PrepareStrip();
@@ -116,8 +111,8 @@ private:
     [[nodiscard]] QRect TipPlace(const QPoint& point) const override;
     [[nodiscard]] std::span<const CDirectUIButton> Buttons() const override;
     void OnButtonPressed(int index) override;
-    void OnCommand(int commandId);
-    bool StepByKey(int key);
+    void Do(gallery::GalleryAction action);
+    void Select(const gallery::Selection& selection);
     bool PressButton(const QPoint& point);
     void ClickThumb(int index);
     void TakeFocus();
@@ -129,10 +124,10 @@ private:
     // Downloads.
     void StartDownloads();
     void UpdateStripTimer();
+    void Fetch(const gallery::Download& download);
     void OnDownloadDone(const gallery::DownloadKey& key, qint32 status);
     void OnDownloadProgress(const gallery::DownloadKey& key, int percent);
     void ShowFinishedPicture(int index);
-    [[nodiscard]] qint32* StateOf(const gallery::DownloadKey& key);
 
     gallery::GalleryState m_state;
     gallery::GalleryPictures m_pictures;
@@ -140,7 +135,8 @@ private:
     QString m_serverText;
     QString m_defaultPicPath;
     gallery::BigPicture m_big;
-    std::optional<gallery::SlideScene> m_slide;
+    gallery::SlideRunner m_slides;
+    gallery::DownloadQueue m_downloads{m_state, extraAudio};
     std::optional<QPoint> m_dragFrom;
     int m_travel = 1; ///< direction in which the user steps
 };

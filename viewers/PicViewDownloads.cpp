@@ -28,88 +28,50 @@ void CPicViewDlg::StartDownloads() {
     if (m_state.items.empty()) {
         return;
     }
-    while (m_state.activeDownloads < m_state.maxDownloads) {
-        const auto next =
-            gallery::NextDownload(m_state.items, m_state.visible, m_state.currentIndex);
-        if (!next) {
-            break;
-        }
-        StartDownload(next->index, next->kind);
+    while (const auto next = m_downloads.TakeNext()) {
+        Fetch(*next);
     }
     UpdateStripTimer();
 }
 
 void CPicViewDlg::UpdateStripTimer() {
-    if (gallery::AnyVisiblePending(m_state.items, m_state.visible)) {
-        if (!StripTimerFlag()) {
-            SetTimer(gallery::kStripTimer, kStripTimerMs);
-        }
-        StripTimerFlag() = true;
-        return;
+    switch (m_downloads.Tick(StripTimerFlag())) {
+    case gallery::StripTick::Start:
+        SetTimer(gallery::kStripTimer, kStripTimerMs);
+        break;
+    case gallery::StripTick::Stop:
+        RepaintStrip();
+        KillTimer(gallery::kStripTimer);
+        break;
+    case gallery::StripTick::Leave:
+        break;
     }
-    if (!StripTimerFlag()) {
-        return;
-    }
-    StripTimerFlag() = false;
-    RepaintStrip();
-    KillTimer(gallery::kStripTimer);
 }
 
 void CPicViewDlg::StartDownload(int index, DownloadKind kind) {
-    if (m_state.activeDownloads >= m_state.maxDownloads) {
-        return;
+    if (const auto download = m_downloads.Take({index, kind})) {
+        Fetch(*download);
     }
-    ++m_state.activeDownloads;
-    gallery::DownloadTask task;
-    task.key = {index, kind};
-    if (qint32* state = StateOf(task.key)) {
-        *state = kDownloading;
-    }
-    task.target = Id();
-    task.serverText = m_serverText;
-    if (index == gallery::kExtraAudio) {
-        task.uuid = extraAudio.uuid;
-        task.path = extraAudio.path;
-    } else if (const GalleryItem* item = m_state.ItemAt(index)) {
-        const bool picture = kind == DownloadKind::Picture;
-        task.uuid = picture ? item->picUuid : item->audioUuid;
-        task.path = picture ? item->picPath : item->audioPath;
-    }
-    ZelvorNRQ_KXVeskPicture::WriteLog(
-        u"[开始]下载照片,UUID=%1,Path=%2"_s.arg(task.uuid, task.path));
-    gallery::StartDownloadWorker(task);
 }
 
-/// Null for an index that is not in the list.
-qint32* CPicViewDlg::StateOf(const DownloadKey& key) {
-    if (key.index == gallery::kExtraAudio) {
-        return &extraAudio.state;
-    }
-    GalleryItem* item = m_state.ItemAt(key.index);
-    if (item == nullptr) {
-        return nullptr;
-    }
-    return key.kind == DownloadKind::Picture ? &item->picState : &item->audioState;
+void CPicViewDlg::Fetch(const gallery::Download& download) {
+    ZelvorNRQ_KXVeskPicture::WriteLog(
+        u"[开始]下载照片,UUID=%1,Path=%2"_s.arg(download.uuid, download.path));
+    gallery::StartDownloadWorker({Id(), m_serverText, download.uuid, download.path, download.key});
 }
 
 void CPicViewDlg::OnDownloadProgress(const DownloadKey& key, int percent) {
-    if (key.index == gallery::kExtraAudio) {
-        extraAudio.progress = percent;
-    } else if (key.kind == DownloadKind::Audio) {
+    if (!m_downloads.NoteProgress(key, percent)) {
         OnAudioProgress(percent);
-    } else if (GalleryItem* item = m_state.ItemAt(key.index)) {
-        item->picProgress = percent;
     }
 }
 
 void CPicViewDlg::OnDownloadDone(const DownloadKey& key, qint32 status) {
-    --m_state.activeDownloads;
+    m_downloads.MakeRoom();
     // The next download starts before this one's state is written: the visible item that has just
     // ended counts as running, and the strip goes on repainting; required as is.
     StartDownloads();
-    if (qint32* state = StateOf(key)) {
-        *state = status == 0 ? kOnDisk : kDownloadFailedState;
-    }
+    m_downloads.Finish(key, status);
     if (status != 0) {
         return;
     }

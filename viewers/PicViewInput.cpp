@@ -7,27 +7,6 @@
 #include <QCursor>
 #include <QGuiApplication>
 
-namespace {
-
-constexpr int kWheelNotch = 120;
-
-/// Also a disabled one.
-const CDirectUIButton* ButtonUnder(const gallery::GalleryState& state, const QPoint& point) {
-    for (const CDirectUIButton& button : state.buttons) {
-        if (button.Covers(point)) {
-            return &button;
-        }
-    }
-    return nullptr;
-}
-
-const CDirectUIButton* ButtonAt(const gallery::GalleryState& state, const QPoint& point) {
-    const CDirectUIButton* button = ButtonUnder(state, point);
-    return button != nullptr && button->IsEnabled() ? button : nullptr;
-}
-
-} // namespace
-
 void CPicViewDlg::TakeFocus() {
     if (m_pane) {
         m_pane->setFocus(Qt::OtherFocusReason);
@@ -57,11 +36,15 @@ void CPicViewDlg::OnLeftButtonDown(const QPoint& point) {
         return;
     }
     TakeFocus();
-    const int index = gallery::ThumbAt(m_state, point);
-    if (index >= 0) {
-        ClickThumb(index);
-    } else if (!m_state.zoom.fit && m_state.bigArea.contains(point)) {
+    switch (gallery::HoldAt(m_state, point)) {
+    case gallery::Hold::Thumb:
+        ClickThumb(gallery::ThumbAt(m_state, point));
+        break;
+    case gallery::Hold::Picture:
         m_dragFrom = point;
+        break;
+    case gallery::Hold::Nothing:
+        break;
     }
     UpdateCursor(point);
 }
@@ -69,22 +52,22 @@ void CPicViewDlg::OnLeftButtonDown(const QPoint& point) {
 void CPicViewDlg::OnLeftButtonUp(const QPoint& point) {
     m_dragFrom.reset();
     UpdateCursor(point);
-    for (CDirectUIButton& button : m_state.buttons) {
+    for (size_t at = 0; at < m_state.buttons.size(); ++at) {
+        CDirectUIButton& button = m_state.buttons[at];
         const bool pressed = button.IsPressed();
         const bool clicked = button.Release(point);
         if (pressed) {
             Repaint(button.rect);
         }
         if (clicked) {
-            OnCommand(button.id);
+            Do(gallery::ActionOf(gallery::GalleryButton(at)));
             return;
         }
     }
 }
 
 void CPicViewDlg::OnDoubleClick(const QPoint& point) {
-    const bool onPicture = ButtonAt(m_state, point) == nullptr && m_state.bigArea.contains(point);
-    if (!onPicture) {
+    if (!gallery::ZoomsAt(m_state, point)) {
         // The second click of a quick pair counts like the first.
         OnLeftButtonDown(point);
         return;
@@ -93,20 +76,20 @@ void CPicViewDlg::OnDoubleClick(const QPoint& point) {
     UpdateCursor(point);
 }
 
-void CPicViewDlg::OnCommand(int commandId) {
-    const int current = m_state.currentIndex;
-    if (commandId == m_state.buttons[gallery::kPrevPic].id) {
-        if (current >= 1) {
-            SelectPic(current - 1, gallery::kCurrentFirst);
-        }
-    } else if (commandId == m_state.buttons[gallery::kNextPic].id) {
-        if (m_state.HasItem(current)) {
-            SelectPic(current + 1, gallery::kCurrentLast);
-        }
-    } else {
-        PageStrip(commandId == m_state.buttons[gallery::kThumbRight].id ||
-                  commandId == m_state.buttons[gallery::kThumbDown].id);
+void CPicViewDlg::Do(gallery::GalleryAction action) {
+    if (action == gallery::GalleryAction::CopyPicture) {
+        CopyPicture();
+    } else if (action == gallery::GalleryAction::PageBack ||
+               action == gallery::GalleryAction::PageForward) {
+        PageStrip(action == gallery::GalleryAction::PageForward);
+    } else if (const auto selection = gallery::SelectionOf(action, m_state)) {
+        Select(*selection);
     }
+}
+
+void CPicViewDlg::Select(const gallery::Selection& selection) {
+    m_state.skipSlide = selection.skipSlide;
+    SelectPic(selection.index, selection.mode);
 }
 
 void CPicViewDlg::SetHover(int index) {
@@ -146,57 +129,18 @@ void CPicViewDlg::OnMouseWheel(int delta, const QPoint& point, bool control) {
     if (control) {
         if (m_state.bigArea.contains(point)) {
             SetZoom(gallery::ZoomBy(m_state.zoom, gallery::ViewOf(m_state, Ratio()),
-                                    double(delta) / kWheelNotch, point));
+                                    gallery::NotchesOf(delta), point));
         }
         return;
     }
-    m_state.skipSlide = true;
-    const int steps = delta / -kWheelNotch;
-    SelectPic(m_state.currentIndex + steps,
-              steps < 1 ? gallery::kCurrentFirst : gallery::kCurrentLast);
+    Select(gallery::SelectionOfWheel(delta, m_state));
 }
 
 bool CPicViewDlg::OnKey(int key, Qt::KeyboardModifiers modifiers, bool onPane) {
-    // Neither closes the dialog nor presses a button, in any viewer.
-    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape) {
-        return true;
-    }
-    if (key == Qt::Key_C && modifiers == Qt::ControlModifier && onPane) {
-        CopyPicture();
-        return true;
-    }
-    if (m_state.items.empty() || (modifiers & (Qt::ControlModifier | Qt::AltModifier)) != 0) {
-        return false;
-    }
-    return StepByKey(key);
-}
-
-bool CPicViewDlg::StepByKey(int key) {
-    const int current = m_state.currentIndex;
-    switch (key) {
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-        PageStrip(key == Qt::Key_PageDown);
-        return true;
-    case Qt::Key_End:
-        SelectPic(m_state.Count() - 1, gallery::kCurrentLast);
-        return true;
-    case Qt::Key_Home:
-        SelectPic(0, gallery::kCurrentFirst);
-        return true;
-    case Qt::Key_Left:
-    case Qt::Key_Up:
-        m_state.skipSlide = true;
-        SelectPic(current - 1, gallery::kCurrentFirst);
-        return true;
-    case Qt::Key_Right:
-    case Qt::Key_Down:
-        m_state.skipSlide = true;
-        SelectPic(current + 1, gallery::kCurrentLast);
-        return true;
-    default:
-        return false;
-    }
+    const gallery::GalleryAction action =
+        gallery::ActionOf({key, modifiers, onPane, !m_state.items.empty()});
+    Do(action);
+    return action != gallery::GalleryAction::None;
 }
 
 void CPicViewDlg::SetZoom(const gallery::Zoom& zoom) {
@@ -215,9 +159,7 @@ void CPicViewDlg::UpdateCursor(const QPoint& point) {
     if (!m_pane) {
         return;
     }
-    const bool draggable =
-        !m_state.zoom.fit && m_state.bigArea.contains(point) && ButtonAt(m_state, point) == nullptr;
-    if (draggable) {
+    if (gallery::IsDraggableAt(m_state, point)) {
         m_pane->setCursor(m_dragFrom ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
     } else {
         m_pane->unsetCursor();
@@ -232,12 +174,12 @@ void CPicViewDlg::CopyPicture() const {
 }
 
 QString CPicViewDlg::TipAt(const QPoint& point) const {
-    const CDirectUIButton* button = ButtonUnder(m_state, point);
+    const CDirectUIButton* button = gallery::ButtonUnder(m_state, point);
     return button == nullptr ? QString() : button->Tip();
 }
 
 QRect CPicViewDlg::TipPlace(const QPoint& point) const {
-    const CDirectUIButton* button = ButtonUnder(m_state, point);
+    const CDirectUIButton* button = gallery::ButtonUnder(m_state, point);
     return button == nullptr ? QRect() : button->rect;
 }
 
@@ -246,8 +188,7 @@ std::span<const CDirectUIButton> CPicViewDlg::Buttons() const {
 }
 
 void CPicViewDlg::OnButtonPressed(int index) {
-    const CDirectUIButton& button = m_state.buttons[size_t(index)];
-    if (button.IsEnabled()) {
-        OnCommand(button.id);
+    if (m_state.buttons[size_t(index)].IsEnabled()) {
+        Do(gallery::ActionOf(gallery::GalleryButton(index)));
     }
 }

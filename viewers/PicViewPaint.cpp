@@ -4,6 +4,7 @@
 #include "toolkit/Clock.h"
 #include "toolkit/Look.h"
 #include "toolkit/WindowRegistry.h"
+#include "viewers/StripCells.h"
 
 #include <QFileInfo>
 #include <QPainter>
@@ -54,7 +55,7 @@ void CPicViewDlg::OnPictureTaken() {
         return;
     }
     // A slide has its pictures.
-    if (!m_slide) {
+    if (!m_slides.IsRunning()) {
         static_cast<void>(m_state.picRect.isEmpty() || CompleteBig());
         NoteShown();
     }
@@ -78,8 +79,8 @@ void CPicViewDlg::OnPaint(QPainter& painter, const QRegion& region) const {
 }
 
 void CPicViewDlg::PaintPictureArea(QPainter& painter) const {
-    if (m_slide && m_slide->ofPicture) {
-        gallery::PaintSlide(painter, m_state, *m_slide);
+    if (const gallery::SlideScene* scene = m_slides.OfPicture()) {
+        gallery::PaintSlide(painter, m_state, *scene);
     } else {
         PaintPicture(painter);
     }
@@ -210,34 +211,13 @@ void CPicViewDlg::OnThumbReady() {
     }
 }
 
-std::vector<gallery::Cell> CPicViewDlg::CellsOf(const gallery::ItemRange& range) const {
-    std::vector<gallery::Cell> cells;
-    for (int i = range.first; !range.IsNone() && i <= range.last; ++i) {
-        const GalleryItem& item = m_state.items[size_t(i)];
-        gallery::Cell cell;
-        cell.rect = item.thumbRect;
-        cell.state = item.picState;
-        cell.percent = item.picProgress;
-        cell.fileThere = item.fileThere;
-        if (item.thumbDC) {
-            cell.picture = item.thumbDC->Bitmap();
-        }
-        if (i == m_state.currentIndex) {
-            cell.frame = gallery::CellFrame::Current;
-        } else if (i == m_state.hoverIndex) {
-            cell.frame = gallery::CellFrame::Hover;
-        }
-        cells.push_back(cell);
-    }
-    return cells;
-}
-
 /// The last of a paint: nobody needs the painter's clip behind it.
 void CPicViewDlg::PaintStripArea(QPainter& painter) const {
     painter.setClipRect(m_state.stripArea, Qt::IntersectClip);
-    gallery::PaintStrip(painter, m_state, CellsOf(m_state.visible), m_pictures.Default());
-    if (m_slide && !m_slide->ofPicture) {
-        gallery::PaintSlide(painter, m_state, *m_slide);
+    gallery::PaintStrip(painter, m_state, gallery::CellsOf(m_state, m_state.visible),
+                        m_pictures.Default());
+    if (const gallery::SlideScene* scene = m_slides.OfStrip()) {
+        gallery::PaintSlide(painter, m_state, *scene);
     }
 }
 
@@ -246,13 +226,11 @@ void CPicViewDlg::RunSlide(gallery::SlideScene scene) {
     if (!m_pane || !m_pane->isVisible()) {
         return;
     }
-    m_slide = std::move(scene);
-    for (const int offset : gallery::SlideOffsets(m_slide->slide.distance)) {
-        m_slide->offset = offset;
-        m_pane->repaint(m_slide->slide.bounds);
+    m_slides.Start(std::move(scene));
+    do {
+        m_pane->repaint(m_slides.Bounds());
         toolkit::Clock().SleepMilliseconds(gallery::kSlideFrameMs);
-    }
-    m_slide.reset();
+    } while (m_slides.Advance());
 }
 
 void CPicViewDlg::RunPictureSlide() {
@@ -274,19 +252,10 @@ void CPicViewDlg::RunPictureSlide() {
     m_state.shownIndex = m_state.currentIndex;
 }
 
-/// Cells side by side from 0, 0 on.
 QImage CPicViewDlg::RenderStripCells(const gallery::ItemRange& range) {
     CompleteStrip(range);
-    std::vector<gallery::Cell> cells = CellsOf(range);
-    const gallery::StripShape& strip = m_state.strip;
-    const QSize cell(strip.cellWidth, strip.cellHeight);
-    const QPoint step = strip.horizontal ? QPoint(cell.width(), 0) : QPoint(0, cell.height());
-    for (size_t i = 0; i < cells.size(); ++i) {
-        cells[i].rect = gallery::ThumbRectOf(QRect(step * int(i), cell));
-    }
-    const QPoint end = step * int(cells.size() - 1);
-    return gallery::RenderCells(cells, m_pictures.Default(), QSize(end.x(), end.y()) + cell,
-                                Ratio());
+    const gallery::CellRow row = gallery::RowOf(m_state, range);
+    return gallery::RenderCells(row.cells, m_pictures.Default(), row.size, Ratio());
 }
 
 void CPicViewDlg::RunStripSlide() {

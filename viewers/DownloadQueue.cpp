@@ -1,0 +1,69 @@
+#include "viewers/DownloadQueue.h"
+
+namespace gallery {
+
+std::optional<Download> DownloadQueue::TakeNext() {
+    const auto next = NextDownload(m_state->items, m_state->visible, m_state->currentIndex);
+    return next ? Take(*next) : std::nullopt;
+}
+
+std::optional<Download> DownloadQueue::Take(const DownloadKey& key) {
+    if (m_state->activeDownloads >= m_state->maxDownloads) {
+        return std::nullopt;
+    }
+    ++m_state->activeDownloads;
+    if (qint32* state = StateOf(key)) {
+        *state = kDownloading;
+    }
+    if (key.index == kExtraAudio) {
+        return Download{key, m_extra->uuid, m_extra->path};
+    }
+    const GalleryItem* item = m_state->ItemAt(key.index);
+    if (item == nullptr) {
+        return Download{key, {}, {}};
+    }
+    return key.kind == DownloadKind::Picture ? Download{key, item->picUuid, item->picPath}
+                                             : Download{key, item->audioUuid, item->audioPath};
+}
+
+void DownloadQueue::Finish(const DownloadKey& key, qint32 status) {
+    if (qint32* state = StateOf(key)) {
+        *state = status == 0 ? kOnDisk : kDownloadFailedState;
+    }
+}
+
+bool DownloadQueue::NoteProgress(const DownloadKey& key, int percent) {
+    if (key.index == kExtraAudio) {
+        m_extra->progress = percent;
+        return true;
+    }
+    if (key.kind == DownloadKind::Audio) {
+        return false;
+    }
+    if (GalleryItem* item = m_state->ItemAt(key.index)) {
+        item->picProgress = percent;
+    }
+    return true;
+}
+
+StripTick DownloadQueue::Tick(bool& running) const {
+    const bool pending = AnyVisiblePending(m_state->items, m_state->visible);
+    if (pending == running) {
+        return StripTick::Leave;
+    }
+    running = pending;
+    return pending ? StripTick::Start : StripTick::Stop;
+}
+
+qint32* DownloadQueue::StateOf(const DownloadKey& key) {
+    if (key.index == kExtraAudio) {
+        return &m_extra->state;
+    }
+    GalleryItem* item = m_state->ItemAt(key.index);
+    if (item == nullptr) {
+        return nullptr;
+    }
+    return key.kind == DownloadKind::Picture ? &item->picState : &item->audioState;
+}
+
+} // namespace gallery
