@@ -3,20 +3,12 @@
 #include "base/ConsoleMode.h"
 #include "base/FacadeAccess.h"
 #include "base/Guard.h"
-#include "base/OpenProject.h"
 #include "base/PictureLog.h"
-#include "base/StoredFile.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
-#include "services/IKXPathMng.h"
-#include "services/IProjCacheMng.h"
-#include "services/IVeskPicMng.h"
-#include "toolkit/GbkText.h"
-#include "toolkit/KXTools.h"
 #include "toolkit/Look.h"
-#include "toolkit/WaitCursor.h"
 
-#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -30,51 +22,8 @@ gallery::NoteTerms TermsOf(const CPicViewDlg& pane) {
     return terms;
 }
 
-QString PicFolder(qint32 ppid) {
-    const auto project = ZelvorNRQ_KXVeskPicture::CurrentProject();
-    QString folder;
-    GetKXPathMng()->GetPicFolder(folder, ppid, project ? project->name : QString());
-    return folder;
-}
-
-void KeepShownInModel(std::vector<KX_DATA::PicFileEntry>& files, const BimPlace& place) {
-    KX_DATA::IProjModelHandle* model = GetProjCacheMng()->GetCurrentModel();
-    if (model == nullptr) {
-        return;
-    }
-    const KX_DATA::ShownPicMarks shown = model->GetShownPicMarks();
-    gallery::KeepShown(files, shown, toolkit::ToGbk(gallery::FloorGroup(place.floor)),
-                       place.markId);
-}
-
-/// The photos of a place as the model shows them; nothing if the service can't list them.
-std::optional<std::vector<KX_DATA::PicFileEntry>> ShownFiles(const BimPlace& place) {
-    const toolkit::WaitCursor wait;
-    std::vector<KX_DATA::PicFileEntry> files;
-    if (GetVeskPicMng()->GetPicFilesByPosition(place.ppid, place.positionKey, place.markId,
-                                               files) != KX_DATA::kServiceOk) {
-        return std::nullopt;
-    }
-    KeepShownInModel(files, place);
-    return files;
-}
-
-BimViewItem ItemOf(const KX_DATA::PicFileEntry& file, qint32 ppid) {
-    BimViewItem item;
-    item.picId = file.picId;
-    item.ppid = ppid;
-    item.kind = file.kind;
-    return item;
-}
-
-GalleryItem FilesOf(const KX_DATA::PicFileEntry& file, const QString& folder) {
-    GalleryItem item;
-    item.picUuid = file.picUuid;
-    item.picPath = ZelvorNRQ_KXVeskPicture::StoredFilePath(folder, file.picUuid,
-                                                           ZelvorNRQ_KXVeskPicture::kPictureEnding);
-    item.audioUuid = file.audioUuid;
-    item.audioPath = gallery::NotePath(folder, file.audioUuid);
-    return item;
+gallery::PhotoEntry EntryOf(const BimViewItem& item, const GalleryItem& files) {
+    return {item.picId, item.kind, files.picUuid, files.audioUuid};
 }
 
 } // namespace
@@ -83,17 +32,24 @@ CBimPicViewDlg::CBimPicViewDlg()
     : m_note(*this, TermsOf(*this)), m_block(gallery::BimViewerBlock(), u"   更新人："_s) {}
 
 bool CBimPicViewDlg::LoadPosition(const BimPlace& place, qint32 wantedPicId) {
+    return LoadPhotos(std::make_shared<gallery::BimPhotoSource>(place), place.ppid, wantedPicId);
+}
+
+bool CBimPicViewDlg::LoadPhotos(const std::shared_ptr<gallery::IPhotoSource>& source, qint32 ppid,
+                                qint32 wantedPicId) {
     items.clear();
-    const auto files = ShownFiles(place);
-    if (!files || !HasWindow()) {
+    const auto photos = source->List();
+    if (!photos || !HasWindow()) {
         return false;
     }
-    const QString folder = PicFolder(place.ppid);
-    SetCurrentIndex(gallery::IndexOfPhoto(*files, wantedPicId));
-    std::vector<GalleryItem> pictures;
-    for (const KX_DATA::PicFileEntry& file : *files) {
-        items.push_back(ItemOf(file, place.ppid));
-        pictures.push_back(FilesOf(file, folder));
+    m_source = source;
+    const std::vector<GalleryItem> pictures = source->Files(*photos);
+    SetCurrentIndex(gallery::IndexOfPhoto(*photos, wantedPicId));
+    for (const gallery::PhotoEntry& photo : *photos) {
+        BimViewItem& item = items.emplace_back();
+        item.picId = photo.picId;
+        item.ppid = ppid;
+        item.kind = photo.kind;
     }
     // A place without photos changes nothing but the picture: texts and note of the last photo
     // stay.
@@ -106,47 +62,26 @@ void CBimPicViewDlg::OnCurPicChanged(int index) {
     ShowPicDetail(index);
 }
 
-bool CBimPicViewDlg::FetchDetail(BimViewItem& item) {
-    const toolkit::WaitCursor wait;
-    KX_DATA::BimPicDetail detail;
-    if (GetVeskPicMng()->GetBimPicDetail(item.ppid, item.picId, detail) != KX_DATA::kServiceOk) {
-        return false;
-    }
-    item.loaded = 1;
-    item.name = detail.fileName;
-    item.markName = detail.markName;
-    item.posText = gallery::PositionOf(detail);
-    item.markColor = detail.markColor;
-    item.uploader = detail.uploaderName;
-    item.uploadTime = KXTools::timeToCString(detail.uploadTime);
-    item.updater = detail.updaterName;
-    item.updateTime = KXTools::timeToCString(detail.updateTime);
-    item.description = detail.description;
-    item.labels = detail.labels;
-    if (item.updateTime == item.uploadTime) {
-        item.updater.clear();
-        item.updateTime.clear();
-    }
-    return true;
-}
-
 void CBimPicViewDlg::ShowPicDetail(int index) {
     if (index < 0 || index >= int(items.size())) {
         return;
     }
-    BimViewItem item = items[size_t(index)];
+    const BimViewItem item = items[size_t(index)];
     if (item.loaded == 0) {
-        const bool fetched = FetchDetail(item);
+        // Kept while it is asked: another place may be opened meanwhile.
+        const std::shared_ptr<gallery::IPhotoSource> source = m_source;
+        const auto detail = source->Detail(EntryOf(item, State().items[size_t(index)]));
         // The service may have let the viewer be closed, or another place be opened in it.
         if (!HasWindow() || index >= int(items.size()) ||
             items[size_t(index)].picId != item.picId) {
             return;
         }
-        if (!fetched) {
+        if (!detail) {
             ShowStatus(Id(), e_VeskPicMngStatus::PicInfoFailed);
             return;
         }
-        items[size_t(index)] = item;
+        static_cast<gallery::PhotoDetail&>(items[size_t(index)]) = *detail;
+        items[size_t(index)].loaded = 1;
     }
     ShowItem(index);
 }

@@ -1,6 +1,7 @@
 // The pane of the BIM photo viewer: the photos of one place in the model, with their texts.
 #pragma once
 
+#include "viewers/BimPhotoSource.h"
 #include "viewers/BimViewItem.h"
 #include "viewers/NotePlayer.h"
 #include "viewers/PhotoBlock.h"
@@ -9,6 +10,7 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include <memory>
 #include <vector>
 
 /// What a pane asks of the window around it.
@@ -19,14 +21,6 @@ public:
     virtual void OnTitleChanged(const QString& title) = 0;
     /// The report button was pressed.
     virtual void OnOutputReport() = 0;
-};
-
-/// Where photos hang in the model.
-struct BimPlace {
-    qint32 ppid = 0;
-    QString floor; ///< empty: no position
-    QString positionKey;
-    qint32 markId = 0;
 };
 
 /// The photos of a floor, a grid intersection and a mark, one at a time, with labels, people,
@@ -42,6 +36,9 @@ public:
     /// can't be listed, or there is no window any more. An empty list is shown as such.
     /// @param wantedPicId  the photo shown first; the first one for -1 and for one not listed.
     bool LoadPosition(const BimPlace& place, qint32 wantedPicId);
+    /// The same from any source.
+    bool LoadPhotos(const std::shared_ptr<gallery::IPhotoSource>& source, qint32 ppid,
+                    qint32 wantedPicId);
 
     [[nodiscard]] const std::vector<BimViewItem>& Items() const { return items; }
     [[nodiscard]] gallery::NotePlayer& Note() { return m_note; }
@@ -63,10 +60,10 @@ private:
     void LayoutPicPane();
     void MakeReportButton();
     void ShowPicDetail(int index);
-    [[nodiscard]] bool FetchDetail(BimViewItem& item);
     void ShowItem(int index);
 
-    std::vector<BimViewItem> items; ///< one for each gallery item, in its order
+    std::shared_ptr<gallery::IPhotoSource> m_source; ///< null before the first list
+    std::vector<BimViewItem> items;                  ///< one for each gallery item, in its order
     gallery::NotePlayer m_note;
     gallery::PhotoBlock m_block;
     QPointer<QPushButton> m_report;

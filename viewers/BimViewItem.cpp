@@ -61,10 +61,4 @@ void KeepShown(std::vector<KX_DATA::PicFileEntry>& files, const KX_DATA::ShownPi
                   [&](const KX_DATA::PicFileEntry& file) { return !ids.contains(file.picId); });
 }
 
-int IndexOfPhoto(const std::vector<KX_DATA::PicFileEntry>& files, qint32 wantedPicId) {
-    const auto found = std::find_if(files.rbegin(), files.rend(),
-                                    [&](const auto& file) { return file.picId == wantedPicId; });
-    return wantedPicId == -1 || found == files.rend() ? 0 : int(files.rend() - found) - 1;
-}
-
 } // namespace gallery

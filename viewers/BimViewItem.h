@@ -3,6 +3,7 @@
 
 #include "services/MarkGroups.h"
 #include "services/PicRecords.h"
+#include "viewers/PhotoSource.h"
 
 #include <QString>
 
@@ -10,21 +11,11 @@
 #include <vector>
 
 /// The details of one photo, kept from its first showing on.
-struct BimViewItem {
+struct BimViewItem : gallery::PhotoDetail {
     qint32 picId = 0;
     qint32 ppid = 0;
     qint32 kind = 0;   ///< from the file entry, not read further
     qint32 loaded = 0; ///< 0 until the details have been fetched
-    QString name;
-    QString markName;
-    QString posText;      ///< empty: no position
-    qint32 markColor = 0; ///< 0xBBGGRR
-    QString uploader;
-    QString uploadTime;
-    QString updater; ///< empty, as the time, for a photo that was never changed
-    QString updateTime;
-    QString description;
-    std::vector<KX_DATA::LabelEntry> labels;
 };
 
 namespace gallery {
@@ -43,8 +34,5 @@ namespace gallery {
 /// @param group  FloorGroup in code page 936.
 void KeepShown(std::vector<KX_DATA::PicFileEntry>& files, const KX_DATA::ShownPicMarks& shown,
                const std::string& group, qint32 markId);
-
-/// Index of the wanted photo, the last one of its id; 0 for one that isn't in the list, and for -1.
-[[nodiscard]] int IndexOfPhoto(const std::vector<KX_DATA::PicFileEntry>& files, qint32 wantedPicId);
 
 } // namespace gallery

@@ -257,7 +257,8 @@ TEST_F(BimPicViewWindowTest, EveryLineOfThePhotoIsFoundByItsName) {
         {u"markText"_s, texts.markText},         {u"posText"_s, texts.posText},
         {u"uploaderText"_s, texts.uploaderText}, {u"uploadTimeText"_s, texts.uploadTimeText},
         {u"updaterText"_s, texts.updaterText},   {u"updateTimeText"_s, texts.updateTimeText},
-        {u"labelText"_s, texts.labelText},       {u"descText"_s, texts.descText}};
+        {u"labelText"_s, texts.labelText},       {u"descText"_s, texts.descText},
+        {u"separator"_s, texts.separator},       {u"noteGroup"_s, texts.noteGroup}};
     for (const auto& [name, line] : lines) {
         EXPECT_EQ(Pane().Widget()->findChild<QWidget*>(name), line) << name.toStdString();
     }

@@ -91,17 +91,25 @@ TEST(BimViewRules, AMarkWithoutPhotosOfItsOwnIsShownInFull) {
     EXPECT_THAT(Shown(Marks(QString(), {})), ElementsAre(1, 2, 3));
 }
 
+std::vector<gallery::PhotoEntry> Photos(const std::vector<qint32>& ids) {
+    std::vector<gallery::PhotoEntry> photos;
+    for (const qint32 id : ids) {
+        photos.push_back({id, 0, {}, {}});
+    }
+    return photos;
+}
+
 TEST(BimViewRules, TheWantedPhotoIsFoundByItsId) {
-    const std::vector<PicFileEntry> files = FilesOf({5, 6, 7});
-    EXPECT_EQ(gallery::IndexOfPhoto(files, 7), 2);
-    EXPECT_EQ(gallery::IndexOfPhoto(files, 8), 0);
-    EXPECT_EQ(gallery::IndexOfPhoto(files, -1), 0);
-    EXPECT_EQ(gallery::IndexOfPhoto(FilesOf({4, -1}), -1), 0);
+    const std::vector<gallery::PhotoEntry> photos = Photos({5, 6, 7});
+    EXPECT_EQ(gallery::IndexOfPhoto(photos, 7), 2);
+    EXPECT_EQ(gallery::IndexOfPhoto(photos, 8), 0);
+    EXPECT_EQ(gallery::IndexOfPhoto(photos, -1), 0);
+    EXPECT_EQ(gallery::IndexOfPhoto(Photos({4, -1}), -1), 0);
     EXPECT_EQ(gallery::IndexOfPhoto({}, 7), 0);
 }
 
 TEST(BimViewRules, OfTwoEntriesOfOnePhotoTheLastIsWanted) {
-    EXPECT_EQ(gallery::IndexOfPhoto(FilesOf({5, 7, 6, 7, 8}), 7), 3);
+    EXPECT_EQ(gallery::IndexOfPhoto(Photos({5, 7, 6, 7, 8}), 7), 3);
 }
 
 } // namespace
