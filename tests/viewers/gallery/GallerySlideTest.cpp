@@ -150,6 +150,16 @@ TEST_F(GallerySlide, AClickedThumbnailSlidesPictureThenStrip) {
     EXPECT_EQ(frames.back().pixelColor(PictureMiddle()), ColourOf(3));
 }
 
+TEST_F(GallerySlide, AClickThatMovesNoCellSlidesThePictureAlone) {
+    Open();
+    ShowItems(OnDisk(3));
+    const auto frames =
+        Frames([this] { QTest::mouseClick(Pane(), Qt::LeftButton, {}, ThumbMiddle(2)); });
+    const QRect place = State().picRect;
+    EXPECT_EQ(frames.size(),
+              gallery::SlideOffsets((500 - place.width()) / 2 + place.width() + 1).size());
+}
+
 TEST_F(GallerySlide, NoOtherEventIsHandledInBetween) {
     Start();
     const auto handled = std::make_shared<bool>(false);

@@ -218,6 +218,15 @@ TEST_F(GalleryWindow, ItsOwnEventsAreAnsweredAndOthersAreNot) {
     EXPECT_EQ(toolkit::SendWindowEvent(gallery->Id(), 4711), 0);
 }
 
+TEST_F(GalleryWindow, ASharpPartThatComesIsPainted) {
+    Open();
+    ShowItems(OnDisk(2));
+    support::RunPendingEvents();
+    const PaintCounter paints(Pane());
+    toolkit::SendWindowEvent(gallery->Id(), gallery::kSharpPartReady);
+    EXPECT_TRUE(support::WaitFor([&] { return paints.Count() > 0; }));
+}
+
 TEST_F(GalleryWindow, WithoutAWindowNoFileIsLookedAt) {
     const auto items = OnDisk(2);
     SetItems(items);

@@ -188,6 +188,13 @@ TEST(GalleryState, ADisabledPageButtonPagesNothing) {
     EXPECT_EQ(state.currentIndex, 0);
 }
 
+TEST(GalleryState, AResetGalleryHasNoOverflow) {
+    GalleryState state = Filled(9);
+    ASSERT_TRUE(state.stripBar.overflow);
+    gallery::ResetState(state);
+    EXPECT_FALSE(state.stripBar.overflow);
+}
+
 TEST(GalleryState, AListShorterThanTheStripHasNoOverflow) {
     const GalleryState state = Filled(3);
     EXPECT_FALSE(state.stripBar.overflow);

@@ -86,6 +86,9 @@ TEST(Zoom, DraggingMovesThePictureButOpensNoGap) {
     EXPECT_EQ(after, before.translated(-30, 20));
     const QRectF edge = gallery::ZoomedRect(gallery::PanBy(zoom, view, {1e6, 1e6}), view);
     EXPECT_EQ(edge.topLeft(), QPointF(0, 0));
+    const QRectF farEdge = gallery::ZoomedRect(gallery::PanBy(zoom, view, {-1e6, -1e6}), view);
+    EXPECT_EQ(farEdge.right(), 1000);
+    EXPECT_EQ(farEdge.bottom(), 800);
     EXPECT_TRUE(gallery::PanBy({}, view, {5, 5}).fit);
 }
 

@@ -84,6 +84,9 @@ TEST(PlayProgressCtrl, AVerticalBarBeginsAtItsHeight) {
     EXPECT_EQ(image.pixelColor(10, 50), kTop);
     EXPECT_EQ(image.pixelColor(10, 53), kBottom);
     EXPECT_EQ(image.pixelColor(10, 54), kGroove);
+    EXPECT_EQ(image.pixelColor(1, 51), kMiddle) << "narrowed by one pixel";
+    EXPECT_EQ(image.pixelColor(18, 51), kMiddle);
+    EXPECT_NE(image.pixelColor(19, 51), kMiddle);
 }
 
 TEST(PlayProgressCtrl, PositionsAreClamped) {
