@@ -6,13 +6,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr int kReportTimer = 1;
-constexpr int kReportLookMs = 1000;
-
-} // namespace
-
 bool CBimPicViewWrap::OpenView(const BimPlace& place, qint32 wantedPicId) {
     m_place = place;
     return picView.LoadPosition(place, wantedPicId);
@@ -34,17 +27,13 @@ void CBimPicViewWrap::OnTitleChanged(const QString& title) {
 }
 
 void CBimPicViewWrap::OnOutputReport() {
-    m_block.Begin();
-    ZelvorNRQ_KXVeskPicture::AnswerAsCancelled(ZelvorNRQ_KXVeskPicture::MissingDialog::Report);
-    SetTimer(kReportTimer, kReportLookMs);
+    m_report.Run([] {
+        ZelvorNRQ_KXVeskPicture::AnswerAsCancelled(ZelvorNRQ_KXVeskPicture::MissingDialog::Report);
+    });
 }
 
 void CBimPicViewWrap::OnTimer(int timerId) {
-    if (timerId != kReportTimer || gallery::ClientBlock::IsReportOpen()) {
-        return;
-    }
-    KillTimer(kReportTimer);
-    m_block.End();
+    m_report.OnTimer(timerId);
 }
 
 void CBimPicViewWrap::OnClose() {
@@ -59,6 +48,5 @@ void CBimPicViewWrap::DestroyViews() {
 }
 
 void CBimPicViewWrap::OnDestroyed() {
-    // Nobody else would end it: the timer goes with the window.
-    m_block.End();
+    m_report.End();
 }

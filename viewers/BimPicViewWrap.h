@@ -2,8 +2,8 @@
 #pragma once
 
 #include "base/SingletonTmpl.h"
+#include "report/ReportFlow.h"
 #include "viewers/BimPicViewDlg.h"
-#include "viewers/ClientBlock.h"
 #include "viewers/PicViewWrap.h"
 
 /// Photos of one place in the model; a second opening shows another place in the same window.
@@ -34,5 +34,5 @@ protected:
 private:
     CBimPicViewDlg picView;
     BimPlace m_place;
-    gallery::ClientBlock m_block;
+    report::ReportFlow m_report{*this};
 };

@@ -3,7 +3,7 @@
 
 #include "toolkit/WindowRegistry.h"
 
-namespace gallery {
+namespace report {
 
 /// The client's other windows stay as they are. Ends with the object at the latest, so that nobody
 /// is left with a client that doesn't answer. Thread: user interface. A member of a viewer.
@@ -25,4 +25,4 @@ private:
     toolkit::WindowId m_blocked = toolkit::kNoWindow;
 };
 
-} // namespace gallery
+} // namespace report

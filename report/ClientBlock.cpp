@@ -1,11 +1,11 @@
-#include "viewers/ClientBlock.h"
+#include "report/ClientBlock.h"
 
 #include <QApplication>
 #include <QWidget>
 
 #include <algorithm>
 
-namespace gallery {
+namespace report {
 
 using namespace Qt::StringLiterals;
 
@@ -45,4 +45,4 @@ bool ClientBlock::IsReportOpen() {
     });
 }
 
-} // namespace gallery
+} // namespace report
