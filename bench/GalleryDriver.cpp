@@ -68,6 +68,7 @@ PaintTimes GalleryDriver::Watch(const std::function<void()>& act, bool withStrip
     };
     act();
     m_application.longestEvent = std::max(m_application.longestEvent, timer.Milliseconds());
+    m_application.longestWork = std::max(m_application.longestWork, timer.CpuMilliseconds());
     const QDeadlineTimer patience(kPatienceMs);
     const auto missing = [&] { return times.picture < 0 || (withStrip && times.strip < 0); };
     while (missing() && !patience.hasExpired()) {

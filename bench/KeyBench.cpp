@@ -3,6 +3,7 @@
 #include "bench/BareDecode.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace bench {
 
@@ -54,14 +55,29 @@ void PutBlocks(Report& report, const QString& name, const std::vector<double>& b
                    kBlockMs);
 }
 
-/// One list opened, and at once a step of `act` by `distance`. The longest event goes to `blocks`.
+/// The longest events of some deeds.
+struct Blocks {
+    std::vector<double> time; ///< by the clock
+    std::vector<double> work; ///< of the thread
+
+    void Add(WatchedApplication& application) {
+        time.push_back(std::exchange(application.longestEvent, 0));
+        work.push_back(std::exchange(application.longestWork, 0));
+    }
+    static void Begin(WatchedApplication& application) {
+        application.longestEvent = 0;
+        application.longestWork = 0;
+    }
+};
+
+/// One list opened, and `act` at once behind it.
 template <typename Act>
 void OpenAndStep(WatchedApplication& application, GalleryDriver& driver, const QStringList& paths,
-                 int index, Answers& answers, std::vector<double>& blocks, const Act& act) {
-    application.longestEvent = 0;
+                 int index, Answers& answers, Blocks& blocks, const Act& act) {
+    Blocks::Begin(application);
     static_cast<void>(driver.OpenToPicture(paths, index));
     const double answer = act();
-    blocks.push_back(application.longestEvent);
+    blocks.Add(application);
     answers.Add(driver, paths[driver.CurrentIndex()], answer);
 }
 
@@ -73,7 +89,7 @@ void MeasureKeys(WatchedApplication& application, const QStringList& paths, cons
     Answers first;
     Answers again;
     Answers far;
-    std::vector<double> blocks;
+    Blocks blocks;
     for (Answers* answers : {&first, &again}) {
         for (int i = 0; i < kLists; ++i) {
             OpenAndStep(application, driver, paths, i * kApart % int(paths.size() - 1), *answers,
@@ -84,19 +100,20 @@ void MeasureKeys(WatchedApplication& application, const QStringList& paths, cons
         OpenAndStep(application, driver, paths, i * 2 % int(paths.size() - kFar), far, blocks,
                     [&] { return driver.WheelToPicture(kFar); });
     }
-    application.longestEvent = 0;
     static_cast<void>(driver.Open(paths, 0));
-    std::vector<double> held;
+    Blocks held;
     for (int i = 0; i < kHeld; ++i) {
-        application.longestEvent = 0;
+        Blocks::Begin(application);
         static_cast<void>(driver.PressToPicture(Qt::Key_Right));
-        held.push_back(application.longestEvent);
+        held.Add(application);
     }
     Put(report, name + u": key at the first picture, first"_s, first);
     Put(report, name + u": key at the first picture, again"_s, again);
     Put(report, name + u": jump at the first picture"_s, far);
-    PutBlocks(report, name + u": longest event, opening and stepping"_s, blocks);
-    PutBlocks(report, name + u": longest event, key held"_s, held);
+    PutBlocks(report, name + u": longest event, opening and stepping"_s, blocks.time);
+    PutBlocks(report, name + u": longest work, opening and stepping"_s, blocks.work);
+    PutBlocks(report, name + u": longest event, key held"_s, held.time);
+    PutBlocks(report, name + u": longest work, key held"_s, held.work);
 }
 
 } // namespace bench

@@ -17,6 +17,7 @@ bool WatchedApplication::notify(QObject* receiver, QEvent* event) {
     --m_depth;
     if (m_depth == 0) {
         longestEvent = std::max(longestEvent, timer.Milliseconds());
+        longestWork = std::max(longestWork, timer.CpuMilliseconds());
     }
     if (painted && onPainted) {
         onPainted();

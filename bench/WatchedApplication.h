@@ -17,6 +17,8 @@ public:
     /// Milliseconds of the longest event since this was last set to 0: so long the interface
     /// thread answered nobody.
     double longestEvent = 0;
+    /// The same of what the thread worked: without what other programs took from it.
+    double longestWork = 0;
 
     bool notify(QObject* receiver, QEvent* event) override;
 
