@@ -6,16 +6,18 @@
 
 using namespace Qt::StringLiterals;
 
+CBimPicViewWrap::CBimPicViewWrap() : CPicViewWrap(std::make_unique<CBimPicViewDlg>()) {}
+
 bool CBimPicViewWrap::OpenView(const BimPlace& place, qint32 wantedPicId) {
     m_place = place;
-    return picView.LoadPosition(place, wantedPicId);
+    return Pane().LoadPosition(place, wantedPicId);
 }
 
 void CBimPicViewWrap::OnCreated() {
     CPicViewWrap::OnCreated();
     Widget()->setObjectName(u"BimPicViewWrap"_s);
     Widget()->setWindowTitle(u"vesk照片查看"_s);
-    picView.titleNotify = this;
+    Pane().titleNotify = this;
 }
 
 void CBimPicViewWrap::OnTitleChanged(const QString& title) {
@@ -37,14 +39,9 @@ void CBimPicViewWrap::OnTimer(int timerId) {
 }
 
 void CBimPicViewWrap::OnClose() {
-    picView.Note().StopIfPlaying();
+    Pane().Note().StopIfPlaying();
     ZelvorNRQ_KXVeskPicture::PictureFacade().BringConsoleBack(kModeBim);
     DestroyViews();
-}
-
-void CBimPicViewWrap::DestroyViews() {
-    picView.Destroy();
-    Destroy();
 }
 
 void CBimPicViewWrap::OnDestroyed() {

@@ -14,25 +14,23 @@ class CBimPicViewWrap final : public CPicViewWrap,
                               public NRQUtility::SingletonTmpl<CBimPicViewWrap>,
                               public ITitleNotify {
 public:
+    CBimPicViewWrap();
+
     /// Shows a place. False: its photos can't be listed, or the window ended meanwhile.
     bool OpenView(const BimPlace& place, qint32 wantedPicId);
-    /// Ends pane and window without asking or saving anything.
-    void DestroyViews();
 
-    [[nodiscard]] CBimPicViewDlg& Pane() { return picView; }
+    [[nodiscard]] CBimPicViewDlg& Pane() { return static_cast<CBimPicViewDlg&>(PicView()); }
 
     void OnTitleChanged(const QString& title) override;
     void OnOutputReport() override;
     void OnTimer(int timerId) override;
 
 protected:
-    [[nodiscard]] CPicViewDlg& PaneOf() override { return picView; }
     void OnCreated() override;
     void OnDestroyed() override;
     void OnClose() override;
 
 private:
-    CBimPicViewDlg picView;
     BimPlace m_place;
     report::ReportFlow m_report{*this};
 };

@@ -1,7 +1,8 @@
 #include "viewers/PicViewWrap.h"
 
 #include "toolkit/WindowPlace.h"
-#include "viewers/PicViewDlg.h"
+
+#include <utility>
 
 namespace {
 
@@ -11,20 +12,43 @@ constexpr QSize kFirstSize(1200, 800);
 
 } // namespace
 
+CPicViewWrap::CPicViewWrap(std::unique_ptr<CPicViewDlg> pane) : m_pane(std::move(pane)) {}
+
 void CPicViewWrap::OnCreated() {
+    m_upDownView.clear();
     toolkit::SetLeastSize(*Widget(), kLeastSize);
     toolkit::ResizeWithinScreen(*Widget(), kFirstSize);
-    CPicViewDlg& pane = PaneOf();
-    pane.Create(Id());
+    m_pane->Create(Id());
+    const Lower lower = LowerPane();
+    m_lower = lower.pane;
+    if (m_lower != nullptr) {
+        MakeDivider(lower);
+    }
     toolkit::CentreWindow(*Widget());
     LayoutWrap();
 }
 
+void CPicViewWrap::MakeDivider(const Lower& lower) {
+    m_lower->Create(Id());
+    m_upDownView = new CZelvorUpDownView(Widget());
+    m_upDownView->SetSplitterWnd(m_pane->Widget(), m_lower->Widget());
+    m_upDownView->SetBottomHeight(lower.height);
+    m_upDownView->show();
+}
+
 void CPicViewWrap::LayoutWrap() {
-    QWidget* pane = PaneOf().Widget();
-    if (pane == nullptr) {
+    QWidget* content = m_upDownView ? m_upDownView.data() : m_pane->Widget();
+    if (content == nullptr) {
         return;
     }
-    pane->setGeometry(Widget()->rect());
-    pane->update();
+    content->setGeometry(Widget()->rect());
+    m_pane->Widget()->update();
+}
+
+void CPicViewWrap::DestroyViews() {
+    m_pane->Destroy();
+    if (m_lower != nullptr) {
+        m_lower->Destroy();
+    }
+    Destroy();
 }
