@@ -6,19 +6,9 @@
 #include "services/Factories.h"
 #include "services/IKXAuthMng.h"
 #include "services/IKXGlobalData.h"
-#include "services/IRecentSearchMng.h"
-#include "services/IVeskPicMng.h"
-#include "toolkit/Clock.h"
-#include "toolkit/ColorTxtComboBox.h"
 #include "toolkit/DropCombo.h"
-#include "toolkit/KXComboBox.h"
-#include "toolkit/Look.h"
-#include "toolkit/SelectionChange.h"
 #include "toolkit/WindowPlace.h"
 
-#include <QCheckBox>
-#include <QDateEdit>
-#include <QDateTime>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
@@ -29,17 +19,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kWeekSeconds = 604800;
 constexpr int kFrames = 8; ///< left and right of a window together, as a rule
 constexpr int kPagingBarWidth = 320;
 /// Fills the place between the radio buttons' line and the status bar.
 constexpr int kPagingBarHeight = 35;
-const QString kWorkset = u"工作集"_s;
-
-void ShowDate(QDateEdit& picker, qint64 time) {
-    const QSignalBlocker quiet(picker);
-    picker.setDate(QDateTime::fromSecsSinceEpoch(time).date());
-}
 
 } // namespace
 
@@ -50,11 +33,14 @@ void CVeskPicMngDlg::OnCreated() {
     if (!m_grid) {
         SetMode(m_mode == kModeNone ? kModeBim : m_mode);
     }
+    m_filters.Attach(*m_controls, m_mode, Manager()->GetSearchHint());
     MeasureControls();
     ZelvorNRQ_KXVeskPicture::Guarded(Id(), [this] {
-        FillProjects();
-        InitControls();
-        FillStates();
+        m_filters.FillProjects();
+        m_filters.Init();
+        ShowAllowedControls();
+        InitPaging();
+        m_filters.FillStates();
     });
     // After a status the window opens all the same, and without its grid it couldn't search.
     if (!m_gridManager) {
@@ -69,33 +55,6 @@ void CVeskPicMngDlg::OnCreated() {
     toolkit::PostWindowEvent(Id(), WM_PIC_MNG_SELECT);
 }
 
-void CVeskPicMngDlg::FillProjects() {
-    m_projectMap.clear();
-    std::vector<KX_DATA::WorksetProject> projects;
-    GetKXGlobalData()->GetWorksetProjects(projects);
-    DropCombo& box = *m_controls->projectCombo;
-    if (GetKXGlobalData()->IsWorksetMode()) {
-        box.addItem(kWorkset);
-    }
-    for (const KX_DATA::WorksetProject& project : projects) {
-        box.addItem(project.name);
-        m_projectMap[project.name].push_back(project.ppid);
-        // Filled in every mode, even where the box has no such entry.
-        m_projectMap[kWorkset].push_back(project.ppid);
-    }
-    box.setToolTip(toolkit::PlainTip(box.currentText()));
-}
-
-void CVeskPicMngDlg::InitControls() {
-    InitDates();
-    InitKeywords();
-    ShowAllowedControls();
-    m_controls->markCombo->SetVeskStyle(1);
-    ResetMarkBox();
-    ResetLabelBox();
-    InitPaging();
-}
-
 void CVeskPicMngDlg::MeasureControls() {
     for (size_t i = 0; i < kFilterControls; ++i) {
         m_filterSizes[i] = m_controls->Filters()[i]->size();
@@ -106,28 +65,6 @@ void CVeskPicMngDlg::MeasureControls() {
     m_filterSizes =
         FilterSizesFor(m_filterSizes, left, Widget()->screen()->availableSize().width() - kFrames);
     m_projectComboRect = QRect(QPoint(left, box.y()), m_filterSizes[kProjectBox]);
-}
-
-void CVeskPicMngDlg::InitDates() {
-    m_controls->noDateLimit->setChecked(true);
-    m_savedEnd = toolkit::Clock().NowSeconds();
-    m_savedStart = m_savedEnd - kWeekSeconds;
-    ShowDate(*m_controls->startPicker, m_savedStart);
-    ShowDate(*m_controls->endPicker, m_savedEnd);
-    m_controls->startPicker->setEnabled(false);
-    m_controls->endPicker->setEnabled(false);
-}
-
-void CVeskPicMngDlg::InitKeywords() {
-    KXComboBox& box = *m_controls->keywordCombo;
-    box.SetTipInfo(Manager()->GetSearchHint());
-    std::vector<QString> keywords;
-    GetRecentSearchMng()->GetRecent(keywords);
-    for (const QString& keyword : keywords) {
-        box.addItem(keyword);
-    }
-    box.setCurrentIndex(-1);
-    box.setEditText(QString());
 }
 
 void CVeskPicMngDlg::ShowAllowedControls() {
@@ -158,42 +95,11 @@ void CVeskPicMngDlg::InitPaging() {
     m_controls->PutBehindFilters(m_grid->Widget());
 }
 
-void CVeskPicMngDlg::FillStates() {
-    std::vector<QString> names;
-    GetVeskPicMng()->GetStateNames(names);
-    DropCombo& box = *m_controls->statusCombo;
-    for (const QString& name : names) {
-        box.addItem(name == u"全部"_s ? u"全部状态"_s : name);
-    }
-}
-
 void CVeskPicMngDlg::ConnectControls() {
-    ConnectFilters();
+    m_filters.Connect();
     ConnectActions();
-    AddShortcut(QKeySequence(Qt::Key_F5), &CVeskPicMngDlg::OnRefreshPage);
-    AddShortcut(QKeySequence(Qt::ALT | Qt::Key_K), &CVeskPicMngDlg::FocusKeyword);
-}
-
-void CVeskPicMngDlg::ConnectFilters() {
-    QWidget* window = Widget();
-    const ConsoleControls& c = *m_controls;
-    toolkit::ConnectSelectionChange(c.projectCombo, window, [this](int) {
-        m_controls->projectCombo->setToolTip(
-            toolkit::PlainTip(m_controls->projectCombo->currentText()));
-        RunSearch();
-    });
-    QObject::connect(c.markCombo, &DropCombo::dropDown, window, [this] { FillMarkBox(); });
-    toolkit::ConnectSelectionChange(c.markCombo, window,
-                                    [this](int index) { OnMarkChosen(index); });
-    QObject::connect(c.labelCombo, &DropCombo::dropDown, window, [this] { FillLabelBox(); });
-    toolkit::ConnectSelectionChange(c.labelCombo, window,
-                                    [this](int index) { OnLabelChosen(index); });
-    toolkit::ConnectSelectionChange(c.statusCombo, window, [this](int) { RunSearch(); });
-    QObject::connect(c.noDateLimit, &QCheckBox::clicked, window, [this] { OnNoLimitToggled(); });
-    QObject::connect(c.startPicker, &QDateEdit::dateChanged, window,
-                     [this] { OnDateChanged(true); });
-    QObject::connect(c.endPicker, &QDateEdit::dateChanged, window,
-                     [this] { OnDateChanged(false); });
+    AddShortcut(QKeySequence(Qt::Key_F5), [this] { OnRefreshPage(); });
+    AddShortcut(QKeySequence(Qt::ALT | Qt::Key_K), [this] { m_filters.FocusKeyword(); });
 }
 
 void CVeskPicMngDlg::ConnectActions() {
@@ -202,16 +108,25 @@ void CVeskPicMngDlg::ConnectActions() {
     QObject::connect(c.searchButton, &QPushButton::clicked, window, [this] { RunSearch(); });
     QObject::connect(c.bimRadio, &QRadioButton::clicked, window, [this] { OnModeRadio(kModeBim); });
     QObject::connect(c.pdfRadio, &QRadioButton::clicked, window, [this] { OnModeRadio(kModePdf); });
-    QObject::connect(c.showButton, &QPushButton::clicked, window, [this] { OnShowHide(true); });
-    QObject::connect(c.hideButton, &QPushButton::clicked, window, [this] { OnShowHide(false); });
-    QObject::connect(c.deleteButton, &QPushButton::clicked, window, [this] { OnDelete(); });
-    QObject::connect(c.downloadButton, &QPushButton::clicked, window, [this] { OnDownload(); });
+    const auto tipAt = [this](QWidget* control) {
+        return [this, control](const QString& text) { PopTip(control, text); };
+    };
+    QObject::connect(
+        c.showButton, &QPushButton::clicked, window,
+        [this, tip = tipAt(c.showButton)] { m_grid->Actions().SetCheckedShown(true, tip); });
+    QObject::connect(
+        c.hideButton, &QPushButton::clicked, window,
+        [this, tip = tipAt(c.hideButton)] { m_grid->Actions().SetCheckedShown(false, tip); });
+    QObject::connect(c.deleteButton, &QPushButton::clicked, window,
+                     [this, tip = tipAt(c.deleteButton)] { m_grid->Actions().AskAndDelete(tip); });
+    // The grid may be another one by then.
+    QObject::connect(c.downloadButton, &QPushButton::clicked, window,
+                     [this, tipAt] { m_grid->Actions().AskAndDownload(tipAt(m_grid->Widget())); });
 }
 
-void CVeskPicMngDlg::AddShortcut(const QKeySequence& key, void (CVeskPicMngDlg::*action)()) {
+void CVeskPicMngDlg::AddShortcut(const QKeySequence& key, const std::function<void()>& action) {
     auto* shortcut = new QShortcut(key, Widget());
-    QObject::connect(shortcut, &QShortcut::activated, Widget(),
-                     [this, action] { (this->*action)(); });
+    QObject::connect(shortcut, &QShortcut::activated, Widget(), action);
 }
 
 void CVeskPicMngDlg::UpdateLeastSize() {

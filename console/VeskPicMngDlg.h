@@ -3,6 +3,7 @@
 
 #include "base/SingletonTmpl.h"
 #include "console/ConsoleControls.h"
+#include "console/ConsoleFilterBar.h"
 #include "console/ConsoleMode.h"
 #include "console/VeskPicMngGrid.h"
 #include "toolkit/MultiPageGridManager.h"
@@ -10,7 +11,7 @@
 
 #include <QKeySequence>
 
-#include <map>
+#include <functional>
 #include <memory>
 
 /// Filters on top, the grid in the middle, paging bar and actions below, a status bar.
@@ -31,15 +32,7 @@ public:
     /// Selects the photo of a preset on the present page, if it is there.
     void SelectPresetPic();
 
-    /// A preset acts on one search: set its fields, then open the console.
-    struct Preset {
-        qint32 markId = 0;
-        QString key;
-        QString extra;
-        qint32 picId = KX_DATA::kNoPic;
-        qint32 drawingId = -1;
-        qint32 checkpointId = -1;
-    };
+    // A preset acts on one search: set it, then open the console.
     void SetBimPreset(const QString& key, qint32 markId, qint32 picId);
     void SetIssuePreset(const QString& key, qint32 markId, const QString& extra);
     void SetPdfPreset(qint32 markId, qint32 drawingId, qint32 checkpointId);
@@ -48,8 +41,7 @@ public:
     [[nodiscard]] CMultiPageGridManager* Paging() const { return m_gridManager.get(); }
     /// Null without a window.
     [[nodiscard]] const ConsoleControls* Controls() const { return m_controls.get(); }
-    [[nodiscard]] const Preset& CurrentPreset() const { return m_preset; }
-    [[nodiscard]] qint32 MarkId() const { return m_markId; }
+    [[nodiscard]] const ConsoleFilterBar& Filters() const { return m_filters; }
 
 protected:
     void OnCreated() override;
@@ -61,49 +53,21 @@ protected:
 
 private:
     friend class NRQUtility::SingletonTmpl<CVeskPicMngDlg>;
-    CVeskPicMngDlg() = default;
+    CVeskPicMngDlg();
 
     // Initialisation.
     void MeasureControls();
-    void FillProjects();
-    void InitControls();
-    void InitDates();
-    void InitKeywords();
     void ShowAllowedControls();
     void InitPaging();
-    void FillStates();
     void ConnectControls();
-    void ConnectFilters();
     void ConnectActions();
-    void AddShortcut(const QKeySequence& key, void (CVeskPicMngDlg::*action)());
+    void AddShortcut(const QKeySequence& key, const std::function<void()>& action);
 
-    // Filters.
-    void ResetMarkBox();
-    void FillMarkBox();
-    void ResetLabelBox();
-    void FillLabelBox();
-    void OnMarkChosen(int index);
-    void OnLabelChosen(int index);
-    void OnNoLimitToggled();
-    void OnDateChanged(bool start);
     void OnModeRadio(ConsoleMode newMode);
-    void RememberKeyword(const QString& keyword);
-    [[nodiscard]] QString ChosenState() const;
-    template <class Filter> void FillFilter(Filter& filter, const QString& keyword);
-    void ClearUsedPreset();
-    /// What is typed into a date counts like one that was chosen.
-    void CommitDates();
+    void OnRefreshPage();
     /// "搜索" can't be pressed; the keyboard that it had comes back to it.
     void DisableSearch();
     void EnableSearch();
-
-    // Actions.
-    void OnShowHide(bool show);
-    void OnDelete();
-    void OnDownload();
-    void OnRefreshPage();
-    void FocusKeyword();
-    [[nodiscard]] bool CheckSelection(QWidget* control, const QString& tip);
 
     // Window.
     void ApplyLayout();
@@ -113,23 +77,13 @@ private:
     void OnSearchDone();
     void OnRefreshEvent();
 
+    ConsoleFilterBar m_filters;
     std::unique_ptr<ConsoleControls> m_controls;
     boost::shared_ptr<CVeskPicMngGrid> m_grid;
     std::unique_ptr<CMultiPageGridManager> m_gridManager;
     ConsoleMode m_mode = kModeNone;
-    std::vector<qint32> m_markIds;
-    std::vector<QString> m_labelIds;
-    qint32 m_markId = 0;
-    QString m_labelId;
-    Preset m_preset;
-    bool m_presetActive = false;
-    bool m_marksLoaded = false;
-    bool m_labelsLoaded = false;
     bool m_waitCursor = false;
     bool m_searchHadKeyboard = false;
-    qint64 m_savedStart = 0;
-    qint64 m_savedEnd = 0;
     QRect m_projectComboRect;
     std::array<QSize, kFilterControls> m_filterSizes; ///< as the controls were made
-    std::map<QString, std::vector<qint32>> m_projectMap;
 };

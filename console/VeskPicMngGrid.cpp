@@ -12,6 +12,8 @@
 #include "toolkit/MultiPageGridManager.h"
 #include "toolkit/WindowRegistry.h"
 
+#include <QAction>
+#include <QMenu>
 #include <boost/make_shared.hpp>
 
 #include <utility>
@@ -252,4 +254,36 @@ bool CVeskPicMngGrid::HasCheckedRow() const {
         }
     }
     return false;
+}
+
+void CVeskPicMngGrid::OnIconCommand(int command, CGridRow& row) {
+    m_actions.Run(RowCommand(command), row);
+}
+
+void CVeskPicMngGrid::OnDoubleClick(CGridRow& row, int column) {
+    Q_UNUSED(column);
+    m_actions.Locate(row);
+}
+
+void CVeskPicMngGrid::FillRowMenu(CGridRow& row, QMenu& menu) {
+    const int first = FirstIconColumn(m_mode);
+    for (int column = first; column < row.GetItemCount(); ++column) {
+        const auto* icon = dynamic_cast<const CIconGridItem*>(row.GetItem(column));
+        if (icon == nullptr || !IsColumnVisible(column)) {
+            continue;
+        }
+        QAction* action = menu.addAction(icon->Icon(), icon->Tip());
+        action->setEnabled(icon->IsEnabled());
+        const int command = icon->Command();
+        const boost::weak_ptr<CVeskPicMngGrid> weak = shared_from_this();
+        QObject::connect(action, &QAction::triggered, &menu, [weak, command] {
+            const auto grid = weak.lock();
+            if (grid == nullptr) {
+                return;
+            }
+            if (CGridRow* selected = grid->GetCurSel()) {
+                grid->OnIconCommand(command, *selected);
+            }
+        });
+    }
 }

@@ -3,6 +3,7 @@
 
 #include "base/IQuestionRefresh.h"
 #include "base/Status.h"
+#include "console/ConsoleActions.h"
 #include "console/ConsoleMode.h"
 #include "console/PicMngBase.h"
 #include "toolkit/MultiPageGrid.h"
@@ -27,19 +28,24 @@ public:
     /// Columns, manager and default sort of a kind.
     void SetMode(ConsoleMode newMode);
     [[nodiscard]] ConsoleMode GetMode() const { return m_mode; }
+    [[nodiscard]] qint32 ProjectId() const { return m_projectId; }
     /// Null before the first CreateManager.
     [[nodiscard]] const boost::shared_ptr<CPicMngBase>& Manager() const { return m_manager; }
 
     [[nodiscard]] bool HasCheckedRow() const;
-    void SetCheckedShown(bool show);
-    void DeleteChecked();
-    /// Copies the checked photos into a folder, given without a closing separator.
-    void DownloadChecked(const QString& folder);
+    /// What icons, menu and buttons do with rows.
+    [[nodiscard]] ConsoleActions& Actions() { return m_actions; }
+    /// For dialogs that outlive the page, the kind and the console, and tell it of changes.
+    [[nodiscard]] boost::weak_ptr<IQuestionRefresh> RefreshHandle() { return weak_from_this(); }
 
     /// Fetches the page again and tells the host.
     void Refresh() override;
     /// Fetches the page again, tells nobody.
     void FetchCurrentPage();
+    /// The same, and the last page if the present one is gone.
+    void FetchAfterDelete();
+    /// The dialog has this grid, in a window.
+    [[nodiscard]] bool IsInDialog() const;
 
     KX_DATA::PicQueryFilter picFilter; ///< BIM photos and issues
     KX_DATA::PdfQueryFilter pdfFilter; ///< drawing photos
@@ -69,21 +75,13 @@ private:
     void FetchPage();
     [[nodiscard]] QString TakeSelectedKey();
     void SelectKey(const QString& key);
-    void FetchAfterDelete();
     /// Says in the empty grid whether nothing matched or reading failed.
     void NoteQuery(bool succeeded);
-    /// The dialog has this grid, in a window.
-    [[nodiscard]] bool IsInDialog() const;
-    void RunCommand(RowCommand command, CGridRow& row);
-    void LocateSelected(CGridRow& row);
-    void SaveSelectedAs(const CGridRow& row);
-    void EditOneRow(CGridRow& row);
-    void DeleteOneRow(CGridRow& row);
-    void ShowCheckedStatus(bool show);
 
+    ConsoleActions m_actions{*this};
     toolkit::ImageList m_headerImages;
     toolkit::ImageList m_rowImages;
-    qint32 m_projectId = 0;
+    qint32 m_projectId = 0; ///< open when the grid was made
     ConsoleMode m_mode = kModeBim;
     QString m_sortField = QStringLiteral("last_modifytime");
     QString m_sortOrder = QStringLiteral("desc");

@@ -1,6 +1,7 @@
 #include "editors/BimPicEditDlg.h"
 
 #include "base/Guard.h"
+#include "base/MarkBox.h"
 #include "editors/LabelTreeEdit.h"
 #include "services/Factories.h"
 #include "services/IKXAuthMng.h"
@@ -114,14 +115,12 @@ void CBimPicEditDlg::FillMarks() {
     if (!HasWindow()) {
         return;
     }
-    m_edit.markIds.clear();
-    std::vector<ColorAndName> marks;
+    std::vector<ZelvorNRQ_KXVeskPicture::MarkEntry> marks;
     for (const auto& [markId, mark] : table) {
-        marks.push_back({mark.color, mark.name});
-        m_edit.markIds.push_back(markId);
+        marks.push_back({markId, {mark.color, mark.name}});
     }
     CColorTxtComboBox& combo = *m_form->markCombo;
-    combo.OnInitialize(marks);
+    m_edit.markIds = ZelvorNRQ_KXVeskPicture::FillMarkBox(combo, marks);
     const auto own = table.find(m_edit.markId);
     if (own == table.end()) {
         combo.setCurrentIndex(kNoEntry);

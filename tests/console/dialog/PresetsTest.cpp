@@ -249,7 +249,7 @@ TEST_F(PresetsTest, ThePhotoOfAPresetIsNotLookedForAmongDrawingPhotos) {
     ASSERT_EQ(Grid().GetRowCount(), 2);
     toolkit::SendWindowEvent(Console().Id(), WM_PIC_MNG_SELECT);
     EXPECT_EQ(SelectedRow(), -1);
-    EXPECT_EQ(Console().CurrentPreset().picId, 99);
+    EXPECT_EQ(Console().Filters().Preset().picId, 99);
     host.pics.bimPics = {BimPhoto(99)};
     Click(C().bimRadio);
     toolkit::SendWindowEvent(Console().Id(), WM_PIC_MNG_SELECT);
@@ -274,7 +274,7 @@ TEST_F(PresetsTest, SelectingThePresetPhotoHappensOnce) {
     Facade().ShowBimPicMngFor(0, QString(), 0, 2);
     Settle();
     ASSERT_NE(Grid().GetCurSel(), nullptr);
-    EXPECT_EQ(Console().CurrentPreset().picId, -1);
+    EXPECT_EQ(Console().Filters().Preset().picId, -1);
     Grid().SetCurSel(0);
     toolkit::SendWindowEvent(Console().Id(), WM_PIC_MNG_SELECT);
     EXPECT_EQ(Grid().GetCurSel()->GetRowId(), 0);

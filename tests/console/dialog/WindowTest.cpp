@@ -160,9 +160,9 @@ TEST_F(ConsoleWindowTest, ClosingForgetsTheFiltersButNotTheSecondPresetText) {
     Settle();
     Choose(*C().markCombo, 1);
     Console().CloseConsole();
-    EXPECT_EQ(Console().MarkId(), 0);
-    EXPECT_EQ(Console().CurrentPreset().key, QString());
-    EXPECT_EQ(Console().CurrentPreset().extra, u"H77"_s);
+    EXPECT_EQ(Console().Filters().MarkId(), 0);
+    EXPECT_EQ(Console().Filters().Preset().key, QString());
+    EXPECT_EQ(Console().Filters().Preset().extra, u"H77"_s);
     Open(kModeIssue);
     EXPECT_EQ(IssueFilter().markId, 0);
     EXPECT_EQ(IssueFilter().presetExtra, u"H77"_s);

@@ -78,7 +78,7 @@ TEST_F(GridActionsTest, ASavedEditFetchesThePageAgainAndTellsTheHost) {
 TEST_F(GridActionsTest, AStatusThatTheConsoleLeftInTheRecordSelectsNothingInTheEditor) {
     Show(kModeBim, 3);
     Check({1});
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     const ModalVisit visit(kPhotoEditor, [](QWidget& editor) {
         EXPECT_EQ(editor.findChild<QComboBox*>(u"statusCombo"_s)->currentIndex(), -1);
         editor.close();
@@ -277,7 +277,7 @@ TEST_F(GridActionsTest, AfterAFailedQueryNoOtherPageIsFetched) {
 TEST_F(GridActionsTest, DeletingWhatIsCheckedFetchesThePageAndTellsTheHost) {
     Show(kModeBim, 3);
     Check({0, 2});
-    grid->DeleteChecked();
+    grid->Actions().DeleteChecked();
     EXPECT_THAT(Log().LinesOf({"DeleteBimPics", "Dialog", "RefreshBimMarks"}),
                 ElementsAre("DeleteBimPics(ids=[3 1])", "Dialog(1026)", "Dialog(1025)",
                             "RefreshBimMarks()"));
@@ -288,7 +288,7 @@ TEST_F(GridActionsTest, ARefusalToDeleteWhatIsCheckedIsNotLookedAt) {
     Show(kModeBim, 3);
     Check({0});
     host.script.FailNext("DeleteBimPics");
-    grid->DeleteChecked();
+    grid->Actions().DeleteChecked();
     EXPECT_THAT(Log().LinesOf({"QueryBimPics", "RefreshBimMarks"}).size(), 2U);
     EXPECT_THAT(prompts.Parents(), IsEmpty());
 }
@@ -297,7 +297,7 @@ TEST_F(GridActionsTest, DeletingCheckedDrawingPhotosOfOtherDrawingsTellsNobody) 
     host.project.drawing = {1, u"二层平面"_s};
     Show(kModePdf, 3);
     Check({0});
-    grid->DeleteChecked();
+    grid->Actions().DeleteChecked();
     EXPECT_EQ(Log().CountOf("QueryPdfPics"), 1);
     EXPECT_EQ(Log().CountOf("RefreshPdfMarks"), 0);
 }
@@ -307,14 +307,14 @@ TEST_F(GridActionsTest, AStatusRaisedByADeleteIsShown) {
     Check({0});
     host.script.During("DeleteBimPics", [] { throw e_VeskPicMngStatus::NothingToDelete; });
     prompts.ExpectMessage(u"无照片可删！"_s);
-    grid->DeleteChecked();
+    grid->Actions().DeleteChecked();
     EXPECT_EQ(grid->GetRowCount(), 3);
 }
 
 TEST_F(GridActionsTest, HidingChangesTheCellsOfTheCheckedRowsWithoutAFetch) {
     Show(kModeBim, 3);
     Check({0, 2});
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     EXPECT_THAT(Log().Lines(),
                 ElementsAre("SetBimPicsShown(ppid=1,ids=[3 1],hidden=true)", "RefreshBimMarks()"));
     EXPECT_EQ(Cell(0, 11), "隐藏");
@@ -326,9 +326,9 @@ TEST_F(GridActionsTest, HidingChangesTheCellsOfTheCheckedRowsWithoutAFetch) {
 TEST_F(GridActionsTest, ShowingIsTheSameWithTheOtherFlagAndText) {
     Show(kModeIssue, 2);
     Check({1});
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     Log().Clear();
-    grid->SetCheckedShown(true);
+    grid->Actions().SetCheckedShown(true);
     EXPECT_THAT(Log().Lines(),
                 ElementsAre("SetIssuesShown(ppid=1,ids=[q2],hidden=false)", "RefreshTNMarks()"));
     EXPECT_EQ(Cell(1, 11), "显示");
@@ -337,7 +337,7 @@ TEST_F(GridActionsTest, ShowingIsTheSameWithTheOtherFlagAndText) {
 TEST_F(GridActionsTest, TheRecordHoldsTheNumberOfTheStatusColumnThenAndNotTheStatus) {
     Show(kModePdf, 2);
     Check({0});
-    grid->SetCheckedShown(true);
+    grid->Actions().SetCheckedShown(true);
     EXPECT_EQ(static_cast<KX_DATA::PdfPicRecord*>(grid->GetRow(0)->GetData())->status, 12);
     EXPECT_EQ(static_cast<KX_DATA::PdfPicRecord*>(grid->GetRow(1)->GetData())->status, 0);
 }
@@ -347,7 +347,7 @@ TEST_F(GridActionsTest, ARefusalToHideShowsItsMessageAndChangesNothing) {
     Check({0});
     host.script.FailNext("SetBimPicsShown");
     prompts.ExpectMessage(u"修改照片状态出错！"_s);
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     EXPECT_EQ(Cell(0, 11), "显示");
     EXPECT_EQ(Log().CountOf("RefreshBimMarks"), 0);
     EXPECT_EQ(static_cast<KX_DATA::BimPicRow*>(grid->GetRow(0)->GetData())->status, 0);
@@ -356,7 +356,7 @@ TEST_F(GridActionsTest, ARefusalToHideShowsItsMessageAndChangesNothing) {
 TEST_F(GridActionsTest, WithNothingCheckedHidingSaysWhatItSaysHere) {
     Show(kModeBim, 3);
     prompts.ExpectMessage(u"必须选择新的楼层轴网信息才能提交！"_s);
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     EXPECT_EQ(Log().CountOf("SetBimPicsShown"), 0);
 }
 
@@ -364,7 +364,7 @@ TEST_F(GridActionsTest, HidingDrawingPhotosOfOtherDrawingsTellsNobody) {
     host.project.drawing = {1, u"二层平面"_s};
     Show(kModePdf, 3);
     Check({0});
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     EXPECT_EQ(Cell(0, 12), "隐藏");
     EXPECT_EQ(Log().CountOf("RefreshPdfMarks"), 0);
 }
@@ -411,7 +411,7 @@ TEST_F(GridActionsTest, AnEntryOfTheMenuDoesWhatItsIconDoes) {
 TEST_F(GridActionsTest, DeletingCheckedPhotosOfTheOpenDrawingTellsTheHost) {
     Show(kModePdf, 3);
     Check({0, 2});
-    grid->DeleteChecked();
+    grid->Actions().DeleteChecked();
     EXPECT_THAT(Log().LinesOf({"DeletePdfPics", "QueryPdfPics", "RefreshPdfMarks"}),
                 ElementsAre("DeletePdfPics(ppid=1,ids=[3 1])",
                             "QueryPdfPics(page=1,size=30,sort=last_modifytime desc)",
@@ -464,7 +464,7 @@ TEST_F(GridActionsTest, TheSamePhotoDownloadedAgainGetsANumber) {
     const support::TempFolder target;
     for (int i = 0; i < 3; ++i) {
         prompts.ExpectYesNo(u"下载成功，是否打开下载照片的所在目录？"_s, false);
-        grid->DownloadChecked(target.Path());
+        grid->Actions().DownloadChecked(target.Path());
     }
     const QString base = grid->GetRow(0)->GetItem(3)->GetText().chopped(4);
     EXPECT_THAT(QDir(target.Path()).entryList(QDir::Files),
@@ -476,7 +476,7 @@ TEST_F(GridActionsTest, TheProgressOfADownloadCountsAllRowsOfThePage) {
     host.files.stored[host.pics.bimPics[1].text8] = "photo";
     Check({1});
     prompts.ExpectYesNo(u"下载成功，是否打开下载照片的所在目录？"_s, false);
-    grid->DownloadChecked(folder.Path());
+    grid->Actions().DownloadChecked(folder.Path());
     std::vector<std::string> progress;
     for (const std::string& line : Log().Lines()) {
         if (line.starts_with("Progress.Set")) {

@@ -32,7 +32,7 @@ TEST_F(GridCallOrderTest, DeletingCheckedDrawingPhotosJudgesTheViewBetweenDeleti
     Show(kModePdf, 3);
     Check({0, 2});
     Log().Clear();
-    grid->DeleteChecked();
+    grid->Actions().DeleteChecked();
     EXPECT_THAT(Log().LinesOf({"GetCurrentDrawing", "DeletePdfPics", "WriteActionLog",
                                "QueryPdfPics", "RefreshPdfMarks"}),
                 ElementsAre("DeletePdfPics(ppid=1,ids=[3 1])", "WriteActionLog(删除vesk照片)",
@@ -45,7 +45,7 @@ TEST_F(GridCallOrderTest, HidingDrawingPhotosJudgesTheViewBehindTheService) {
     Show(kModePdf, 3);
     Check({1});
     Log().Clear();
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     EXPECT_THAT(Log().Lines(),
                 ElementsAre("SetPdfPicsShown(ppid=1,ids=[2],hidden=true)", "GetCurrentProject()",
                             "GetCurrentDrawing()", "RefreshPdfMarks()"));

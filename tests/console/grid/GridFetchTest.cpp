@@ -75,6 +75,18 @@ TEST_F(GridFetchTest, AManagerGoesWithItsRows) {
     EXPECT_GT(grid->Filling(), filling);
 }
 
+TEST_F(GridFetchTest, WhoRemembersTheGridRefreshesItAsLongAsItIsThere) {
+    Show(kModeBim, 1);
+    const boost::weak_ptr<ZelvorNRQ_KXVeskPicture::IQuestionRefresh> handle = grid->RefreshHandle();
+    ASSERT_TRUE(handle.lock());
+    handle.lock()->Refresh();
+    EXPECT_EQ(Log().CountOf("QueryBimPics"), 1);
+    EXPECT_EQ(Log().CountOf("RefreshBimMarks"), 1);
+    paging.reset();
+    grid.reset();
+    EXPECT_FALSE(handle.lock());
+}
+
 TEST_F(GridFetchTest, ARowIsFourPixelsHigherThanItsText) {
     Show(kModeBim, 1);
     const int height = View().rowHeight(0);

@@ -85,7 +85,7 @@ TEST_F(GridReentryTest, TheGridMayEndWhileTheStatusIsChanged) {
     Show(kModeBim, 3);
     Check({0});
     host.script.During("SetBimPicsShown", [this] { EndGrid(); });
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     EXPECT_EQ(grid, nullptr);
 }
 
@@ -93,7 +93,7 @@ TEST_F(GridReentryTest, TheGridMayEndWhileTheCheckedRowsAreDeleted) {
     Show(kModeBim, 3);
     Check({0});
     host.script.During("DeleteBimPics", [this] { EndGrid(); });
-    grid->DeleteChecked();
+    grid->Actions().DeleteChecked();
     EXPECT_EQ(grid, nullptr);
 }
 
@@ -101,7 +101,7 @@ TEST_F(GridReentryTest, TheGridMayEndWhileTheHostIsTold) {
     Show(kModeBim, 3);
     Check({0});
     host.script.During("RefreshBimMarks", [this] { EndGrid(); });
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     EXPECT_EQ(grid, nullptr);
 }
 

@@ -92,7 +92,7 @@ TEST_F(LocateTest, AHiddenBimPhotoIsRefusedBeforeAnythingIsAsked) {
 TEST_F(LocateTest, OnlyStatusOneIsRefusedSoThatAPhotoJustHiddenByTheConsoleIsLocated) {
     Show(kModeBim);
     Check({0});
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     EXPECT_EQ(Cell(0, 11), "隐藏");
     EXPECT_EQ(static_cast<KX_DATA::BimPicRow*>(Row(0).GetData())->status, 11);
     Manager().LocateRow(Row(0));
@@ -102,7 +102,7 @@ TEST_F(LocateTest, OnlyStatusOneIsRefusedSoThatAPhotoJustHiddenByTheConsoleIsLoc
 TEST_F(LocateTest, AnIssueJustHiddenByTheConsoleIsLocatedToo) {
     Show(kModeIssue);
     Check({0});
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     EXPECT_EQ(static_cast<KX_DATA::IssueRow*>(Row(0).GetData())->status, 11);
     Manager().LocateRow(Row(0));
     EXPECT_EQ(Log().CountOf("LocateIssue"), 1);
@@ -111,7 +111,7 @@ TEST_F(LocateTest, AnIssueJustHiddenByTheConsoleIsLocatedToo) {
 TEST_F(LocateTest, TheNextFetchBringsTheServicesStatusBack) {
     Show(kModeBim);
     Check({0});
-    grid->SetCheckedShown(false);
+    grid->Actions().SetCheckedShown(false);
     Fetch();
     prompts.ExpectMessage(u"当前照片状态为隐藏，不支持直接定位！"_s);
     Manager().LocateRow(Row(0));
