@@ -12,19 +12,27 @@ namespace ZelvorNRQ_KXVeskPicture {
 /// "Nothing is selected" of an index.
 inline constexpr qint32 kNoEntry = -1;
 
+/// Where the photo is, and which of the lists of places were fetched.
+struct PicPlace {
+    QString floorName;
+    QString axisXName;
+    QString axisYName;
+    std::vector<QString> positionKeys; ///< of the Y box's entries, in their order
+    bool floorsLoaded = false; ///< this list was fetched when it dropped down, as the two below
+    bool axesXLoaded = false;
+    bool axesYLoaded = false;
+    bool keysFetched = false; ///< positionKeys are a service's answer, no longer the record's own
+};
+
 /// The fields of the editor, without its window. A plain value; copying copies everything.
-struct BimPicEdit {
+struct BimPicEdit : PicPlace {
     bool showFlag = true; ///< the position exists in the model; nothing reads it
     qint32 projectId = 0;
     std::vector<qint32> markIds; ///< of the mark box's entries, in their order
     QString picName;             ///< without extension
     QString description;
-    std::vector<QString> positionKeys; ///< of the Y box's entries, in their order
     /// The labels that the photo carries: names from the record, ids once they were sent.
     std::vector<QString> labelNames;
-    QString floorName;
-    QString axisXName;
-    QString axisYName;
     qint32 markId = 0;
     qint32 markIndex = kNoEntry;
     qint32 statusIndex = kNoEntry; ///< also the photo's status: 0 shown, 1 hidden
@@ -33,10 +41,6 @@ struct BimPicEdit {
     QString newLabel;
     KX_DATA::BimPicRow sourceRecord; ///< as received; empty where a detail was received
     QString extension;               ///< with its dot, in the spelling of the name
-    bool floorsLoaded = false; ///< this list was fetched when it dropped down, as the two below
-    bool axesXLoaded = false;
-    bool axesYLoaded = false;
-    bool keysFetched = false; ///< positionKeys are a service's answer, no longer the record's own
 };
 
 /// From a row of the console.

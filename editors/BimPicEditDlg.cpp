@@ -3,11 +3,13 @@
 #include "base/Guard.h"
 #include "base/MarkBox.h"
 #include "editors/LabelTreeEdit.h"
+#include "editors/PositionPicker.h"
 #include "services/Factories.h"
 #include "services/IKXAuthMng.h"
 #include "services/IKXLocalCacheData.h"
 #include "services/IVeskPicMng.h"
 #include "toolkit/Look.h"
+#include "toolkit/StillThere.h"
 #include "toolkit/TextLimit.h"
 #include "toolkit/WaitCursor.h"
 #include "toolkit/WindowPlace.h"
@@ -50,12 +52,16 @@ void CBimPicEditDlg::OnCreated() {
         LabelTreeEdit::Parts{m_form->labelTree, m_form->newLabelCaption, m_form->newLabelEdit,
                              m_form->addLabelButton},
         [this] { ReadFields(); });
+    m_position = std::make_unique<PositionPicker>(
+        *this, PositionPicker::Boxes{m_form->floorCombo, m_form->axisXCombo, m_form->axisYCombo},
+        m_edit.projectId, m_edit);
     ConnectControls();
+    const toolkit::StillThere still(Id());
     const auto fault = CatchStatus([this] {
         const toolkit::WaitCursor wait;
         Open();
     });
-    if (!fault || !HasWindow()) {
+    if (!fault || !still) {
         return;
     }
     // Told once the dialog can be seen, which stays open with what it has.
@@ -65,22 +71,23 @@ void CBimPicEditDlg::OnCreated() {
 }
 
 void CBimPicEditDlg::Open() {
+    const toolkit::StillThere still(Id());
     ShowTexts();
     m_labels->Fill(m_edit.labelNames);
-    if (!HasWindow()) {
+    if (!still) {
         return;
     }
     m_labels->HideAddingUnlessAllowed();
-    if (!HasWindow()) {
+    if (!still) {
         return;
     }
     FillStatus();
-    if (!HasWindow()) {
+    if (!still) {
         return;
     }
     FillMarks();
-    if (HasWindow()) {
-        FillPosition();
+    if (still) {
+        m_position->Show();
     }
 }
 
@@ -100,7 +107,8 @@ void CBimPicEditDlg::FillStatus() {
     combo.addItems({u"显示"_s, u"隐藏"_s});
     // The console's show and hide leave a number behind that no entry has and that selects nothing.
     combo.setCurrentIndex(m_edit.statusIndex);
-    if (GetKXAuthMng()->HasRight(KX_DATA::kRightShowHide) || !HasWindow()) {
+    const toolkit::StillThere still(Id());
+    if (GetKXAuthMng()->HasRight(KX_DATA::kRightShowHide) || !still) {
         return;
     }
     m_form->statusCaption->hide();
@@ -108,11 +116,12 @@ void CBimPicEditDlg::FillStatus() {
 }
 
 void CBimPicEditDlg::FillMarks() {
+    const toolkit::StillThere still(Id());
     std::map<qint32, KX_DATA::MarkRecord> table;
     if (!GetKXLocalCacheData()->GetMarkTable(table)) {
         throw e_VeskPicMngStatus::MarksFailed;
     }
-    if (!HasWindow()) {
+    if (!still) {
         return;
     }
     std::vector<ZelvorNRQ_KXVeskPicture::MarkEntry> marks;
@@ -134,7 +143,6 @@ void CBimPicEditDlg::ConnectControls() {
     QObject::connect(m_form->okButton, &QPushButton::clicked, Widget(), [this] { OnSave(); });
     QObject::connect(m_form->cancelButton, &QPushButton::clicked, Widget(),
                      [this] { EndDialog(DialogResult::Cancelled); });
-    ConnectPosition();
     // What a box has no room for stands in its tip.
     for (QComboBox* combo : Widget()->findChildren<QComboBox*>()) {
         const QString purpose = combo->toolTip();
@@ -159,8 +167,9 @@ void CBimPicEditDlg::ReadFields() {
 }
 
 void CBimPicEditDlg::OnSave() {
+    const toolkit::StillThere still(Id());
     const auto status = CatchStatus([this] { Save(); });
-    if (status && HasWindow()) {
+    if (status && still) {
         ShowMsg(GetStatusMessage(*status), ControlOf(*status));
     }
 }

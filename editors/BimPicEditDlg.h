@@ -7,8 +7,8 @@
 
 #include <memory>
 
-class DropCombo;
 class LabelTreeEdit;
+class PositionPicker;
 
 namespace Ui {
 class BimPicEditDlg;
@@ -40,20 +40,7 @@ private:
     void ShowTexts();
     void FillStatus();
     void FillMarks();
-    void FillPosition();
     void ConnectControls();
-    void ConnectPosition();
-
-    // Floor and axes.
-    void OnFloorDropDown();
-    void OnAxisXDropDown();
-    void OnAxisYDropDown();
-    void OnFloorChosen();
-    void OnAxisXChosen();
-    void LoadFloors();
-    void LoadAxesX();
-    void LoadAxesY();
-    void TakeAxisX();
 
     // Saving.
     void ReadFields();
@@ -64,4 +51,5 @@ private:
     ZelvorNRQ_KXVeskPicture::BimPicEdit m_edit;
     std::unique_ptr<Ui::BimPicEditDlg> m_form;
     std::unique_ptr<LabelTreeEdit> m_labels;
+    std::unique_ptr<PositionPicker> m_position;
 };

@@ -6,6 +6,7 @@
 #include "services/IKXAuthMng.h"
 #include "services/IKXDocMng.h"
 #include "toolkit/PopTipDlg.h"
+#include "toolkit/StillThere.h"
 #include "toolkit/TreeCtrl3StateBase.h"
 #include "toolkit/WaitCursor.h"
 
@@ -57,11 +58,12 @@ void LabelTreeEdit::Fill(const std::vector<QString>& checkedNames) {
     m_parts.labelTree->DeleteAllItems();
     m_labelIdStore.clear();
     m_root = m_parts.labelTree->InsertItem(u"全部标签"_s);
+    const toolkit::StillThere still(m_dialog.Id());
     std::vector<KX_DATA::LabelEntry> labels;
     if (GetKXDocMng()->GetLabels(KX_DATA::kPhotoDocKind, labels) != KX_DATA::kLabelsOk) {
         throw e_VeskPicMngStatus::LabelsFailed;
     }
-    if (!m_dialog.HasWindow()) {
+    if (!still) {
         return;
     }
     const std::unordered_set<QString> checked(checkedNames.begin(), checkedNames.end());
@@ -72,7 +74,8 @@ void LabelTreeEdit::Fill(const std::vector<QString>& checkedNames) {
 }
 
 void LabelTreeEdit::HideAddingUnlessAllowed() {
-    if (GetKXAuthMng()->HasRight(KX_DATA::kRightAddLabels) || !m_dialog.HasWindow()) {
+    const toolkit::StillThere still(m_dialog.Id());
+    if (GetKXAuthMng()->HasRight(KX_DATA::kRightAddLabels) || !still) {
         return;
     }
     m_parts.newLabelCaption->hide();
@@ -123,8 +126,9 @@ void LabelTreeEdit::OnNewLabelChanged() {
 }
 
 void LabelTreeEdit::OnAddLabel() {
+    const toolkit::StillThere still(m_dialog.Id());
     const auto status = CatchStatus([this] { AddLabel(); });
-    if (!status || !m_dialog.HasWindow()) {
+    if (!status || !still) {
         return;
     }
     QWidget* control = nullptr;
@@ -145,6 +149,7 @@ void LabelTreeEdit::AddLabel() {
     if (const auto fault = ZelvorNRQ_KXVeskPicture::NewLabelFault(label, Names())) {
         throw *fault;
     }
+    const toolkit::StillThere still(m_dialog.Id());
     QString labelId;
     qint32 result = 0;
     {
@@ -156,7 +161,7 @@ void LabelTreeEdit::AddLabel() {
         throw e_VeskPicMngStatus::AddLabelFailed;
     }
     // Added on the server, whatever became of the window meanwhile.
-    if (!m_dialog.HasWindow()) {
+    if (!still) {
         return;
     }
     InsertLabel(labelId, label, true);
