@@ -23,6 +23,30 @@ put console/Good.cpp '#include "ui_Good.h"' '#include "viewers/Below.h"' 'using 
 put console/Table.cpp 'const std::vector<int>& Table() {' "$(seq 60)" '}' 'int Short(int a,' '          int b) {' '}'
 put tests/README.md tests
 put tests/GoodTest.cpp '#include "console/Good.h"' '// sleeps for nobody'
+# Just within the limits: 70 functions, 625 lines.
+put console/GoodMany.cpp 'GoodMany::GoodMany(int a)' '    : m_a(a) {}' "$(seq -f 'int GoodMany::Get%g() { return 1; }' 69)"
+put console/GoodWide.cpp "$(seq -f 'std::map<int, int> GoodWide<Row>::Make%g(int a,
+    std::function<int(int)> b) {
+    int c = 0;
+    for (int i = 0; i < a; ++i) {
+        c += b(i);
+    }
+    return {};
+    // and so on
+    // and so on
+    // and so on
+}' 30)"
+put console/GoodWideMore.cpp "$(seq -f 'GoodWide<Row>& GoodWide<Row>::operator+=(int a%g) {
+    // 1
+    // 2
+    // 3
+    // 4
+    // 5
+    // 6
+    // 7
+    // 8
+    // 9
+}' 25)" 'const int& GoodWide::Last() const {' "$(seq -f '    // %g' 18)" '}'
 output=$("$here/lint.sh" "$tree") || fail 'a clean tree was refused'
 
 put services/Up.h '#include "toolkit/Clock.h"'
@@ -41,6 +65,31 @@ put tests/WaitTest.cpp 'QTest::qWait(10);'
 put base/Using.cpp 'using namespace std;'
 put base/Long.cpp "$(seq 601)"
 put base/Function.cpp 'int Short() {' '}' '' '[[nodiscard]] int Long(int a,' '    int b) {' "$(seq 58)" '}'
+put base/Many.cpp "$(seq -f 'int Many::Get%g() { return 1; }' 40)"
+put base/ManyMore.cpp "$(seq -f 'bool Many::Has%g() const {
+}' 31)"
+put base/Wide.cpp "$(seq -f 'void Wide::Do%g() {
+    // 1
+    // 2
+    // 3
+    // 4
+    // 5
+    // 6
+    // 7
+}' 40)"
+put base/WideMore.cpp "$(seq -f 'void Wide::Redo%g() {
+    // 1
+    // 2
+    // 3
+    // 4
+    // 5
+    // 6
+    // 7
+    // 8
+    // 9
+    // 10
+    // 11
+}' 29)"
 put tests/deep/README.md "$(seq 13)"
 
 output=$("$here/lint.sh" "$tree") && fail 'a tree full of faults was let through'
@@ -60,6 +109,8 @@ for fault in \
     'base/Using.cpp:1:' \
     'base/Long.cpp: 601 lines' \
     'base/Function.cpp:4: a function of 61 lines' \
+    'base/ Many: 102 lines in 71 functions, over 625 or 70: base/Many.cpp base/ManyMore.cpp' \
+    'base/ Wide: 737 lines in 69 functions, over 625 or 70: base/Wide.cpp base/WideMore.cpp' \
     'viewers: has no README.md' \
     './tests/deep/README.md: 13 lines'; do
     grep -qF "$fault" <<<"$output" || fail "not found: $fault"
