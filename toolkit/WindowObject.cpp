@@ -32,6 +32,13 @@ public:
         case QEvent::Resize:
             m_owner.OnResized();
             break;
+        case QEvent::Show:
+        case QEvent::Hide:
+            // Spontaneous ones are the window manager's.
+            if (!event->spontaneous()) {
+                event->type() == QEvent::Show ? m_owner.OnWindowShown() : m_owner.OnWindowHidden();
+            }
+            break;
         default:
             break;
         }

@@ -66,6 +66,10 @@ protected:
     /// The window manager or the host asks the window to close. Default: Destroy().
     virtual void OnClose() { Destroy(); }
     virtual void OnResized() {}
+    /// The window was shown or hidden by the program. Minimising is neither, nor is ending, which
+    /// OnDestroyed tells.
+    virtual void OnWindowShown() {}
+    virtual void OnWindowHidden() {}
     virtual qintptr OnEvent(const WindowEvent& event);
     /// A command of the window's own menu, sent as kSystemCommand. Default: restores, minimises,
     /// maximises, or closes by way of the close event; does nothing for any other.

@@ -16,6 +16,7 @@ public:
     int destroyed = 0;
     int closes = 0;
     int ticks = 0;
+    std::vector<bool> shown; ///< true: shown, false: hidden
     bool destroyInTick = false;
     std::vector<int> events;
 
@@ -23,6 +24,8 @@ protected:
     QWidget* MakeWindow(QWidget* parent) override { return new QWidget(parent, Qt::Window); }
     void OnCreated() override { ++created; }
     void OnDestroyed() override { ++destroyed; }
+    void OnWindowShown() override { shown.push_back(true); }
+    void OnWindowHidden() override { shown.push_back(false); }
     void OnClose() override {
         ++closes;
         Destroy();
@@ -72,6 +75,21 @@ TEST(WindowObject, CanBeCreatedAgainUnderANewId) {
     EXPECT_EQ(toolkit::SendWindowEvent(first, 7), 0);
     EXPECT_EQ(toolkit::SendWindowEvent(sample.Id(), 8), 1);
     EXPECT_EQ(sample.events, std::vector<int>{8});
+}
+
+TEST(WindowObject, ShowingAndHidingIsToldAndTheEndIsNoHiding) {
+    Sample sample;
+    sample.Create(toolkit::kNoWindow);
+    EXPECT_TRUE(sample.shown.empty());
+    sample.ShowRestored();
+    EXPECT_EQ(sample.shown, std::vector<bool>({true}));
+    sample.ShowRestored();
+    EXPECT_EQ(sample.shown, std::vector<bool>({true})) << "it was shown already";
+    sample.Hide();
+    EXPECT_EQ(sample.shown, std::vector<bool>({true, false}));
+    sample.ShowRestored();
+    sample.Destroy();
+    EXPECT_EQ(sample.shown, std::vector<bool>({true, false, true}));
 }
 
 TEST(WindowObject, DestroyingHidesAtOnce) {
