@@ -15,6 +15,7 @@ class IBimPhotos;
 class IBin;
 class IBlobs;
 class ICatalogue;
+class IChanges;
 class IClientFolders;
 class IIntake;
 class IIssues;
@@ -27,13 +28,6 @@ struct Limits {
     std::chrono::milliseconds deadline{0};
     /// May be told to stop by any thread.
     std::stop_token stop;
-};
-
-/// Differs from an earlier one if anybody has changed data since.
-struct Stamp {
-    qint64 others = -1;
-    qint64 own = -1;
-    bool operator==(const Stamp&) const = default;
 };
 
 /// What stands on it lasts as long as it does. Operations may take long; where they fail they throw
@@ -53,11 +47,10 @@ public:
     /// Each has a batch of its own.
     [[nodiscard]] virtual std::unique_ptr<IIntake> NewIntake() = 0;
     [[nodiscard]] virtual IClientFolders& Folders() = 0;
+    [[nodiscard]] virtual IChanges& Changes() = 0;
 
     /// Where it is, for a person.
     [[nodiscard]] virtual QString Place() const = 0;
-
-    [[nodiscard]] virtual Stamp ChangeStamp() = 0;
 
     using Told = std::function<void(const QString&)>;
     /// Is told, in Chinese, what a person should know of the site; at once what was to tell before.

@@ -10,6 +10,7 @@
 #include "include/IKXVeskPicture.h"
 #include "site/ICatalogue.h"
 #include "site/IPanelCounts.h"
+#include "site/ISite.h"
 #include "toolkit/WaitCursor.h"
 
 #include <QCoreApplication>
@@ -24,6 +25,8 @@ namespace {
 
 /// After the last tick the state is kept so much later, milliseconds.
 constexpr int kKeepDelay = 3000;
+/// Others' changes that come closely behind each other are read at once, milliseconds.
+constexpr int kReadDelay = 300;
 constexpr QEvent::Type kReadIssues = QEvent::Type(QEvent::User + 1);
 
 /// Limits as the module passes them through.
@@ -36,6 +39,23 @@ struct PassedLimits {
     quint8 flag;
     KX_DATA::MarkFilterArg arg; ///< all that is open
 };
+
+/// May change what the panel says of a kind.
+bool IsOf(MarkKind kind, site::ChangeKind change) {
+    switch (change) {
+    case site::ChangeKind::Anything:
+    case site::ChangeKind::Project:
+    case site::ChangeKind::Mark:
+    case site::ChangeKind::Place:
+        return true;
+    case site::ChangeKind::BimPhoto:
+        return kind == MarkKind::Photos;
+    case site::ChangeKind::Issue:
+        return kind == MarkKind::Issues;
+    default:
+        return false;
+    }
+}
 
 } // namespace
 
@@ -55,6 +75,9 @@ MarkFlow::MarkFlow(const Parts& flowParts) : m_parts(flowParts) {
     m_keeping.setSingleShot(true);
     m_keeping.setInterval(kKeepDelay);
     connect(&m_keeping, &QTimer::timeout, this, &MarkFlow::Keep);
+    m_rereading.setSingleShot(true);
+    m_rereading.setInterval(kReadDelay);
+    connect(&m_rereading, &QTimer::timeout, this, &MarkFlow::ReadWhatIsOld);
 }
 
 MarkFlow::~MarkFlow() {
@@ -103,7 +126,34 @@ void MarkFlow::Keep() {
     m_keptText = text;
 }
 
+void MarkFlow::NoteChanges(const site::Changes& changes) {
+    const site::Projects open = m_parts.session.OpenPpids();
+    for (const site::Change& change : changes) {
+        if (change.ppid != 0 && !site::Has(open, change.ppid)) {
+            continue;
+        }
+        m_lastReads[MarkKind::Photos].old |= IsOf(MarkKind::Photos, change.kind);
+        m_lastReads[MarkKind::Issues].old |= IsOf(MarkKind::Issues, change.kind);
+    }
+    if (!m_rereading.isActive()) {
+        m_rereading.start();
+    }
+}
+
+void MarkFlow::ReadWhatIsOld() {
+    for (auto& [kind, last] : m_lastReads) {
+        if (last.old) {
+            Read(kind);
+        }
+    }
+}
+
 void MarkFlow::ProjectChanged() {
+    m_changes.reset();
+    if (m_parts.session.IsOpen()) {
+        m_changes = m_parts.session.Site().Changes().Subscribe(
+            [this](const site::Changes& changes) { NoteChanges(changes); });
+    }
     m_keptAs = SettingName();
     m_keptText.clear();
     WithoutFault(m_parts.session, [this] {
@@ -162,16 +212,16 @@ void MarkFlow::Read(MarkKind kind) {
     }
     WithoutFault(m_parts.session, [&] {
         const site::PanelFilter filter = FilterOf(kind);
-        const site::Stamp stamp = m_parts.session.Site().ChangeStamp();
+        m_parts.session.Site().Changes().Look();
         LastRead& last = m_lastReads[kind];
-        if (last.stamp == stamp && last.filter == filter) {
+        if (!last.old && last.filter == filter) {
             return;
         }
         last = {};
         const toolkit::WaitCursor waiting;
         m_parts.view.SetMarkTable(m_parts.session.Marks());
         ReadEntries(kind, filter);
-        last = {filter, stamp};
+        last = {filter, false};
     });
     Apply(kind);
 }

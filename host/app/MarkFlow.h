@@ -3,13 +3,14 @@
 
 #include "host/ui/ModelView.h"
 #include "host/ui/marks/MarkState.h"
-#include "site/ISite.h"
+#include "site/IChanges.h"
 #include "site/PanelFilter.h"
 
 #include <QObject>
 #include <QTimer>
 
 #include <map>
+#include <memory>
 
 namespace ZelvorNRQ_KXVeskPicture {
 class IKXVeskPicture;
@@ -53,11 +54,13 @@ protected:
     void customEvent(QEvent* event) override;
 
 private:
-    /// What was read at last; reading it again would give the same.
+    /// What was read at last; unless it is old, reading it again would give the same.
     struct LastRead {
         site::PanelFilter filter;
-        site::Stamp stamp;
+        bool old = true;
     };
+    void NoteChanges(const site::Changes& changes);
+    void ReadWhatIsOld();
     void ConnectPage(MarkPage& page);
     void Read(MarkKind kind);
     void ReadEntries(MarkKind kind, const site::PanelFilter& filter);
@@ -77,6 +80,8 @@ private:
     QString m_keptText; ///< what that setting holds
     QTimer m_keeping;
     std::map<MarkKind, LastRead> m_lastReads;
+    std::shared_ptr<void> m_changes; ///< of the open site
+    QTimer m_rereading;
 };
 
 } // namespace host

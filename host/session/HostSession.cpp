@@ -1,6 +1,7 @@
 #include "host/session/HostSession.h"
 
 #include "site/ICatalogue.h"
+#include "site/IChanges.h"
 
 #include <QDateTime>
 
@@ -23,6 +24,11 @@ struct CurrentDeskPlace {
 CurrentDeskPlace& DeskPlace() {
     static CurrentDeskPlace& place = *new CurrentDeskPlace;
     return place;
+}
+
+bool IsOfTables(const site::Change& change) {
+    return change.kind == site::ChangeKind::Anything || change.kind == site::ChangeKind::Project ||
+           change.kind == site::ChangeKind::Mark;
 }
 
 } // namespace
@@ -62,6 +68,9 @@ std::optional<site::OpenFault> HostSession::Open(const QString& place,
         m_desk->Open(m_site->Blobs());
         m_site->SetTold(
             [this](const QString& text) { m_desk->Report(MessageLevel::Warning, text); });
+        m_changes = m_site->Changes().Subscribe([this](const site::Changes& changes) {
+            m_tablesOld = m_tablesOld || std::any_of(changes.begin(), changes.end(), IsOfTables);
+        });
     }
     return opened.fault;
 }
@@ -73,7 +82,8 @@ void HostSession::Close() {
     m_rights.clear();
     m_projectNames.clear();
     m_marks.clear();
-    m_tableStamp = {};
+    m_tablesOld = true;
+    m_changes.reset();
     m_site.reset();
 }
 
@@ -83,6 +93,7 @@ bool HostSession::SignIn(const QString& name) {
         return false;
     }
     m_user = name;
+    m_site->Changes().SetPerson(name);
     m_rights = m_site->Catalogue().RightsOf(name);
     return true;
 }
@@ -150,8 +161,7 @@ void HostSession::LogAction(const QString& action) {
 }
 
 void HostSession::RefreshTables() {
-    const site::Stamp now = m_site->ChangeStamp();
-    if (now == m_tableStamp) {
+    if (!m_tablesOld) {
         return;
     }
     m_projectNames.clear();
@@ -159,7 +169,7 @@ void HostSession::RefreshTables() {
         m_projectNames[entry.ppid] = entry.name;
     }
     m_marks = m_site->Catalogue().Marks();
-    m_tableStamp = now;
+    m_tablesOld = false;
 }
 
 QString HostSession::ProjectName(qint32 ppid) {

@@ -99,7 +99,7 @@ public:
     /// Writes the record of what users did and tells the action sink.
     void LogAction(const QString& action);
 
-    /// Project names by id, read once for each change of the data.
+    /// Project names by id, read anew only after a change of projects or marks.
     [[nodiscard]] QString ProjectName(qint32 ppid);
     [[nodiscard]] const std::map<qint32, KX_DATA::MarkRecord>& Marks();
 
@@ -114,7 +114,8 @@ private:
     KX_DATA::CurrentDrawing m_drawing;
     ActionSink m_actionSink;
     WithdrawSink m_withdrawSink;
-    site::Stamp m_tableStamp;
+    std::shared_ptr<void> m_changes; ///< keeps the tables told
+    bool m_tablesOld = true;
     std::map<qint32, QString> m_projectNames;
     std::map<qint32, KX_DATA::MarkRecord> m_marks;
     const std::shared_ptr<SessionDesk> m_desk = std::make_shared<SessionDesk>();

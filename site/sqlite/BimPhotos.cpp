@@ -202,6 +202,7 @@ int BimPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 
     for (const qint32 picId : picIds) {
         count += m_database.Exec(u"UPDATE bim_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
                                  {status, picId, ppid});
+        m_database.Log().Note(ChangeKind::BimPhoto, ppid, picId);
     }
     transaction.Commit();
     return count;
@@ -256,6 +257,7 @@ Saved BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const 
                      by.at, last.person, last.time, update.picId});
     SetLabels(ppid, update.picId, update.labelIds);
     AddSearchRow(m_database, ListKind::BimPhotos, update.picId);
+    m_database.Log().Note(ChangeKind::BimPhoto, ppid, update.picId, by.person);
     transaction.Commit();
     return Saved::Yes;
 }

@@ -23,6 +23,18 @@ bool IsKnown(BinKind kind) {
     return kind == BinKind::BimPhoto || kind == BinKind::PdfPhoto || kind == BinKind::Issue;
 }
 
+ChangeKind ChangeOf(BinKind kind) {
+    switch (kind) {
+    case BinKind::PdfPhoto:
+        return ChangeKind::PdfPhoto;
+    case BinKind::Issue:
+        return ChangeKind::Issue;
+    case BinKind::BimPhoto:
+        break;
+    }
+    return ChangeKind::BimPhoto;
+}
+
 std::vector<qint64> Ids(const std::vector<qint32>& picIds) {
     return {picIds.begin(), picIds.end()};
 }
@@ -49,6 +61,7 @@ bool Bin::MoveToBin(BinKind kind, qint64 objectId, const Projects& projects, con
     RemoveSearchRow(m_database, ListOf(kind), objectId);
     // What hangs on the row goes with it by its foreign keys.
     m_database.Exec(u"DELETE FROM %1 WHERE id = ?"_s.arg(ShapeOf(ListOf(kind)).table), {objectId});
+    m_database.Log().Note(ChangeOf(kind), content.ppid, objectId, by.person);
     return true;
 }
 
@@ -110,12 +123,14 @@ void Bin::RestoreEntry(qint64 binId, std::vector<QString>& files) {
     QString title;
     BinKind kind = BinKind::BimPhoto;
     qint64 objectId = 0;
-    m_database.ForEach(u"SELECT kind, object_id, content, title FROM bin WHERE id = ?"_s, {binId},
-                       [&](const Statement& row) {
+    qint32 ppid = 0;
+    m_database.ForEach(u"SELECT kind, object_id, content, title, ppid FROM bin WHERE id = ?"_s,
+                       {binId}, [&](const Statement& row) {
                            kind = static_cast<BinKind>(row.Int(0));
                            objectId = row.Int64(1);
                            content = row.Text(2);
                            title = row.Text(3);
+                           ppid = row.Int(4);
                        });
     if (!IsKnown(kind)) {
         throw DataError(Fault::Newer,
@@ -133,6 +148,7 @@ void Bin::RestoreEntry(qint64 binId, std::vector<QString>& files) {
     m_database.ForEach(u"SELECT uuid FROM bin_file WHERE bin_id = ?"_s, {binId},
                        [&](const Statement& row) { files.push_back(row.Text(0)); });
     m_database.Exec(u"DELETE FROM bin WHERE id = ?"_s, {binId});
+    m_database.Log().Note(ChangeOf(kind), ppid, objectId);
 }
 
 int Bin::Restore(const std::vector<qint64>& binIds) {

@@ -77,6 +77,7 @@ qint32 Catalogue::AddLabel(const QString& name) {
     Transaction transaction(m_database);
     m_database.Exec(u"INSERT INTO label (name) VALUES (?) ON CONFLICT DO NOTHING"_s, {name});
     const qint32 id = m_database.Value(u"SELECT id FROM label WHERE name = ?"_s, {name}).toInt();
+    m_database.Log().Note(ChangeKind::Label, 0, id);
     transaction.Commit();
     return id;
 }

@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 
 #include <utility>
 
@@ -34,7 +35,9 @@ QString SuspicionPath(const QString& work) {
 
 } // namespace
 
-DataFolder::DataFolder(const QString& path) : m_root(QDir(path).absolutePath()) {}
+DataFolder::DataFolder(const QString& path)
+    : m_root(QDir(path).absolutePath()),
+      m_opening(static_cast<qint64>(QRandomGenerator::global()->generate64() >> 1)) {}
 
 DataFolder::~DataFolder() {
     Close();
@@ -107,6 +110,7 @@ void DataFolder::OpenDatabase(int busyTimeoutMs) {
         QFile::remove(suspicion);
     }
     Migrate(*m_database);
+    m_database->Log().SetOpening(m_opening);
     m_database->SetFaultWatch([suspicion](Fault fault) {
         if (fault == Fault::Damaged) {
             QFile(suspicion).open(QIODevice::WriteOnly);
@@ -179,6 +183,7 @@ void DataFolder::CleanUp() {
             throw;
         }
     }
+    m_database->Log().Trim();
     RemoveLeftovers(m_root + u'/' + place::kCache);
     if (!aside.Story().isEmpty()) {
         Tell(aside.Story());

@@ -60,6 +60,7 @@ private:
     void CleanUp();
 
     QString m_root;
+    const qint64 m_opening; ///< differs from those of other programs
     Told m_told;
     QStringList m_untold;
     std::unique_ptr<Database> m_database;

@@ -87,14 +87,11 @@ void Database::ForEach(const QString& sql, const QVariantList& values,
 }
 
 void Database::Scan(const QString& sql, const QVariantList& values, const sqlite::TakeRow& take) {
+    ++m_statementsRun;
     const QSqlError error = sqlite::Scan(m_connection, sql, values, take);
     if (error.isValid()) {
         Fail(error, sql);
     }
-}
-
-Stamp Database::ChangeStamp() {
-    return {Value(sqlite::DataVersionSql()).toLongLong(), sqlite::TotalChanges(m_connection)};
 }
 
 std::shared_ptr<Database::Prepared> Database::Take(const QString& sql) {
@@ -132,6 +129,7 @@ void Database::Fail(const QSqlError& error, const QString& sql) const {
 
 // Transactions are short texts that must not take a place among the prepared ones.
 void Database::Plain(const QString& sql) {
+    ++m_statementsRun;
     QSqlQuery query(m_connection);
     if (!query.exec(sql)) {
         Fail(query.lastError(), sql);
@@ -158,6 +156,7 @@ void Statement::Run(const QVariantList& values) {
             values[i].typeId() == QMetaType::QString && values[i].toString().isNull();
         m_entry->query.bindValue(static_cast<int>(i), nullText ? QVariant(u""_s) : values[i]);
     }
+    ++m_database.m_statementsRun;
     if (!m_entry->query.exec()) {
         m_database.Fail(m_entry->query.lastError(), m_sql);
     }
@@ -188,6 +187,8 @@ Transaction::Transaction(Database& owner) : m_database(owner) {
         m_database.m_patience.Begin();
         m_database.Plain(u"BEGIN IMMEDIATE"_s);
         m_database.m_doomed = false;
+        m_database.m_writing = true;
+        m_database.m_log.Begin();
     }
     ++m_database.m_depth;
 }
@@ -201,6 +202,8 @@ Transaction::~Transaction() {
     if (m_database.m_depth == 0) {
         const Ending ending(m_database.m_patience);
         QSqlQuery(m_database.m_connection).exec(u"ROLLBACK"_s);
+        m_database.m_writing = false;
+        m_database.m_log.Undone();
     }
 }
 
@@ -209,11 +212,16 @@ void Transaction::Commit() {
         if (m_database.m_doomed) {
             throw DataError(Fault::Other, FaultText(Fault::Other, {}), u"part undone"_s);
         }
+        m_database.m_log.Write();
         const Ending ending(m_database.m_patience);
         m_database.Plain(u"COMMIT"_s);
+        m_database.m_writing = false;
     }
     m_open = false;
     --m_database.m_depth;
+    if (m_database.m_depth == 0) {
+        m_database.m_log.Committed();
+    }
 }
 
 ReadScope::ReadScope(Database& owner) : m_database(owner), m_own(owner.m_depth == 0) {

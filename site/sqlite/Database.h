@@ -1,7 +1,7 @@
-// One connection to the site's database: statements, transactions, and a stamp of changes.
+// One connection to the site's database: statements, transactions, and what they change.
 #pragma once
 
-#include "site/ISite.h"
+#include "site/sqlite/ChangeLog.h"
 #include "site/sqlite/Patience.h"
 #include "site/sqlite/Sqlite.h"
 
@@ -41,7 +41,19 @@ public:
     /// The same for very many rows: about five times as fast, and prepared anew each time.
     void Scan(const QString& sql, const QVariantList& values, const sqlite::TakeRow& take);
 
-    [[nodiscard]] Stamp ChangeStamp();
+    /// Written with each commit, also those of other programs.
+    [[nodiscard]] QString LogFile() const {
+        return m_connection.databaseName() + QStringLiteral("-wal");
+    }
+    [[nodiscard]] ChangeLog& Log() { return m_log; }
+    /// Rows that this connection has changed so far.
+    [[nodiscard]] qint64 RowsChanged() const { return sqlite::TotalChanges(m_connection); }
+    /// Inside of a transaction.
+    [[nodiscard]] bool IsWriting() const { return m_writing; }
+    /// Inside of a transaction or of several reads of one state.
+    [[nodiscard]] bool IsBusy() const { return m_depth > 0; }
+    /// Statements that were run so far, beginning and end of transactions among them.
+    [[nodiscard]] qint64 StatementsRun() const { return m_statementsRun; }
 
     /// How long its statements may go on.
     [[nodiscard]] Patience& Patient() { return m_patience; }
@@ -73,6 +85,9 @@ private:
     std::function<void(Fault)> m_faultWatch;
     int m_depth = 0; ///< open transactions inside each other
     bool m_doomed = false;
+    bool m_writing = false;
+    qint64 m_statementsRun = 0;
+    ChangeLog m_log{*this};
 };
 
 /// One run of a prepared statement; gives it back, reset, at the end of its life.

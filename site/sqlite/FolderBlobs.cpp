@@ -22,7 +22,7 @@ constexpr int kBusyTimeoutMs = 5000;
 
 FolderBlobs::FolderBlobs(const DataFolder& dataFolder)
     : m_database(dataFolder.DatabasePath()), m_store(dataFolder.StorePath()),
-      m_bin(dataFolder.BinPath()) {}
+      m_bin(dataFolder.BinPath()), m_opening(dataFolder.Db().Log().Opening()) {}
 
 QString FolderBlobs::StoredMd5(const QString& uuid) const {
     Database reader(m_database, kBusyTimeoutMs);
@@ -67,6 +67,7 @@ KX_DATA::UploadResult FolderBlobs::Upload(const QString& path) {
     const StoredFile file = store.Put({path, {}});
     try {
         Database database(m_database, kBusyTimeoutMs);
+        database.Log().SetOpening(m_opening);
         Transaction transaction(database);
         database.Exec(u"INSERT INTO file (uuid, md5, size, kind, ppid, owner)"
                       " VALUES (?, ?, ?, ?, 0, 0)"_s,

@@ -174,6 +174,9 @@ int Issues::SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint
         count +=
             m_database.Exec(u"UPDATE issue SET status = ? WHERE question_id = ? AND ppid = ?"_s,
                             {status, questionId, ppid});
+        const QVariant id =
+            m_database.Value(u"SELECT id FROM issue WHERE question_id = ?"_s, {questionId});
+        m_database.Log().Note(ChangeKind::Issue, ppid, id.toLongLong());
     }
     transaction.Commit();
     return count;

@@ -35,7 +35,7 @@ QString LabelSql(const ListShape& shape) {
 } // namespace
 
 std::shared_ptr<ListHits::Hits> ListHits::Of(const ListShape& shape, const ListFilter& filter,
-                                             const Stamp& stamp) {
+                                             quint64 state) {
     if (filter.keyword.isEmpty() && !filter.labelId) {
         return nullptr;
     }
@@ -45,7 +45,7 @@ std::shared_ptr<ListHits::Hits> ListHits::Of(const ListShape& shape, const ListF
     part.labelId = filter.labelId;
     const QString key = KeyOf(shape.kind, part);
     const auto found = std::find_if(m_kept.begin(), m_kept.end(), [&](const Kept& entry) {
-        return entry.key == key && entry.stamp == stamp;
+        return entry.key == key && entry.state == state;
     });
     if (found != m_kept.end()) {
         m_kept.splice(m_kept.begin(), m_kept, found);
@@ -65,8 +65,8 @@ std::shared_ptr<ListHits::Hits> ListHits::Of(const ListShape& shape, const ListF
         }
     }
     hits->count = hits->set.Count();
-    m_kept.remove_if([&](const Kept& entry) { return entry.key == key || entry.stamp != stamp; });
-    m_kept.push_front({key, stamp, hits});
+    m_kept.remove_if([&](const Kept& entry) { return entry.key == key; });
+    m_kept.push_front({key, state, hits});
     if (m_kept.size() > kKeptHits) {
         m_kept.pop_back();
     }

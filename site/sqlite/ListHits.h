@@ -21,13 +21,14 @@ public:
         qint64 count = 0;
     };
     /// Null if the filter has neither keyword nor label. Holds rows of the filter's projects only.
+    /// @param state  of the data that the filter is about, see ChangeLog
     [[nodiscard]] std::shared_ptr<Hits> Of(const ListShape& shape, const ListFilter& filter,
-                                           const Stamp& stamp);
+                                           quint64 state);
 
 private:
     struct Kept {
         QString key;
-        Stamp stamp;
+        quint64 state = 0; ///< of the data
         std::shared_ptr<Hits> hits;
     };
     void AddKeyword(const ListShape& shape, const ListFilter& filter, HitSet& set);

@@ -63,6 +63,18 @@ private:
 
 } // namespace
 
+quint64 ListQuery::StateOf(ListKind kind, const Projects& ppids) const {
+    switch (kind) {
+    case ListKind::PdfPhotos:
+        return m_database.Log().StateOf({ChangeKind::PdfPhoto, ChangeKind::Checkpoint}, ppids);
+    case ListKind::Issues:
+        return m_database.Log().StateOf({ChangeKind::Issue}, ppids);
+    case ListKind::BimPhotos:
+        break;
+    }
+    return m_database.Log().StateOf({ChangeKind::BimPhoto}, ppids);
+}
+
 ListPage ListQuery::Fetch(ListKind kind, ListFilter filter, const PageAsked& asked) {
     ListPage result;
     Normalize(filter);
@@ -70,17 +82,17 @@ ListPage ListQuery::Fetch(ListKind kind, ListFilter filter, const PageAsked& ask
         return result;
     }
     const ReadScope scope(m_database);
-    const Stamp now = m_database.ChangeStamp();
-    if (now != m_stamp || m_totals.size() > kKeptTotals) {
+    m_database.Log().CatchUp();
+    m_state = StateOf(kind, filter.ppids);
+    if (m_totals.size() > kKeptTotals) {
         m_totals.clear();
-        m_stamp = now;
     }
     const ListShape& shape = ShapeOf(kind);
     const Search search{shape,
                         filter,
                         SortOf(shape, asked.order.field),
                         asked.order.descending,
-                        m_listHits.Of(shape, filter, m_stamp),
+                        m_listHits.Of(shape, filter, m_state),
                         FixedOf(filter)};
     const HitSource hits(m_database, search.hits);
     result.total = TotalOf(search);
@@ -120,11 +132,11 @@ std::vector<qint64> ListQuery::Ids(const Search& search, qint64 total, const Pag
 qint64 ListQuery::TotalOf(const Search& search) {
     const QString key = KeyOf(search.shape.kind, search.filter);
     const auto found = m_totals.constFind(key);
-    if (found != m_totals.cend()) {
-        return *found;
+    if (found != m_totals.cend() && found->state == m_state) {
+        return found->count;
     }
     const qint64 total = CountRows(search);
-    m_totals.insert(key, total);
+    m_totals.insert(key, {m_state, total});
     return total;
 }
 
@@ -210,8 +222,8 @@ qint64 ListQuery::CountModified(const ListShape& shape, const ListFilter& filter
     part.modified = filter.modified;
     const QString key = KeyOf(shape.kind, part);
     const auto found = m_totals.constFind(key);
-    if (found != m_totals.cend()) {
-        return *found;
+    if (found != m_totals.cend() && found->state == m_state) {
+        return found->count;
     }
     const qint64 count =
         m_database
@@ -221,7 +233,7 @@ qint64 ListQuery::CountModified(const ListShape& shape, const ListFilter& filter
                     Marks(filter.ppids.size())),
                 Values(filter.ppids) << filter.modified->first << filter.modified->second)
             .toLongLong();
-    m_totals.insert(key, count);
+    m_totals.insert(key, {m_state, count});
     return count;
 }
 

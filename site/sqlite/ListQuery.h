@@ -18,7 +18,7 @@ struct ListPage {
     std::vector<qint64> ids; ///< in the order asked for
 };
 
-/// Totals and hit sets are kept until anybody changes the database. Thread: the database's.
+/// Totals and hit sets are kept until anybody changes what they count. Thread: the database's.
 class ListQuery final {
 public:
     explicit ListQuery(Database& owner) : m_database(owner), m_listHits(owner) {}
@@ -47,6 +47,7 @@ private:
         QString column;
     };
 
+    [[nodiscard]] quint64 StateOf(ListKind kind, const Projects& ppids) const;
     [[nodiscard]] qint64 TotalOf(const Search& search);
     [[nodiscard]] qint64 CountRows(const Search& search);
     /// Counting what a filter leaves out, where that is less.
@@ -66,8 +67,13 @@ private:
 
     Database& m_database;
     ListHits m_listHits;
-    Stamp m_stamp;
-    QHash<QString, qint64> m_totals;
+    /// How many rows there are, and the state of the data that it holds for.
+    struct Kept {
+        quint64 state = 0;
+        qint64 count = 0;
+    };
+    quint64 m_state = 0;
+    QHash<QString, Kept> m_totals;
 };
 
 } // namespace site

@@ -4,6 +4,8 @@
 #include "site/IPanelCounts.h"
 #include "site/sqlite/Database.h"
 
+#include <optional>
+
 namespace site {
 
 /// The panel asks for the same rows several times: list, tree, what is ticked; so does the plan,
@@ -21,11 +23,11 @@ public:
 private:
     template <typename Rows> struct Kept {
         PanelFilter filter;
-        Stamp stamp;
+        std::optional<quint64> state; ///< of the data
         Rows rows;
     };
     template <typename Rows, typename Read>
-    const Rows& Refreshed(Kept<Rows>& kept, const PanelFilter& filter, Read read);
+    const Rows& Refreshed(Kept<Rows>& kept, ChangeKind kind, const PanelFilter& filter, Read read);
 
     Database& m_database;
     Kept<std::vector<PanelFloor>> m_photos;

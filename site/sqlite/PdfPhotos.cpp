@@ -125,6 +125,7 @@ int PdfPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 
     for (const qint32 picId : picIds) {
         count += m_database.Exec(u"UPDATE pdf_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
                                  {status, picId, ppid});
+        m_database.Log().Note(ChangeKind::PdfPhoto, ppid, picId);
     }
     transaction.Commit();
     return count;
@@ -165,6 +166,7 @@ Saved PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const 
                     {update.description, update.fileName, update.status, by.person, by.at,
                      last.person, last.time, update.picId});
     AddSearchRow(m_database, ListKind::PdfPhotos, update.picId);
+    m_database.Log().Note(ChangeKind::PdfPhoto, ppid, update.picId, by.person);
     transaction.Commit();
     return Saved::Yes;
 }
@@ -176,22 +178,23 @@ qint32 PdfPhotos::ProjectOf(qint32 checkpointId, qint32 picId) {
         .toInt();
 }
 
-std::optional<qint64> PdfPhotos::LastChangeOf(const Projects& projects, qint32 checkpointId) {
-    std::optional<qint64> updated;
+std::optional<PdfPhotos::CheckpointState> PdfPhotos::StateOf(const Projects& projects,
+                                                             qint32 checkpointId) {
+    std::optional<CheckpointState> state;
     m_database.ForEach(u"SELECT d.ppid, c.updated FROM checkpoint c JOIN drawing d"
                        " ON d.id = c.drawing_id WHERE c.id = ?"_s,
                        {checkpointId}, [&](const Statement& read) {
                            if (Has(projects, read.Int(0))) {
-                               updated = read.Int64(1);
+                               state = CheckpointState{read.Int(0), read.Int64(1)};
                            }
                        });
-    return updated;
+    return state;
 }
 
 bool PdfPhotos::Checkpoint(const Projects& projects, qint32 checkpointId,
                            KX_DATA::DrawingRecord& record) {
     const ReadScope snapshot(m_database);
-    if (!LastChangeOf(projects, checkpointId)) {
+    if (!StateOf(projects, checkpointId)) {
         return false;
     }
     m_database.ForEach(
@@ -232,11 +235,11 @@ void PdfPhotos::AddParts(qint32 checkpointId, KX_DATA::DrawingRecord& record) {
 Saved PdfPhotos::UpdateCheckpoint(const Projects& projects, const KX_DATA::CheckpointEdit& edit,
                                   const Signature& by, std::optional<qint64> seen) {
     Transaction transaction(m_database);
-    const std::optional<qint64> last = LastChangeOf(projects, edit.checkpointId);
+    const std::optional<CheckpointState> last = StateOf(projects, edit.checkpointId);
     if (!last) {
         return Saved::Gone;
     }
-    if (seen && seen != last) {
+    if (seen && *seen != last->updated) {
         return Saved::ChangedMeanwhile;
     }
     m_database.Exec(u"UPDATE checkpoint SET x = ?, y = ?, description = ?, mark_id = ?,"
@@ -251,6 +254,7 @@ Saved PdfPhotos::UpdateCheckpoint(const Projects& projects, const KX_DATA::Check
                         " ON CONFLICT DO NOTHING"_s,
                         {labelId.toInt(), edit.checkpointId});
     }
+    m_database.Log().Note(ChangeKind::Checkpoint, last->ppid, edit.checkpointId, by.person);
     transaction.Commit();
     return Saved::Yes;
 }

@@ -34,7 +34,13 @@ private:
     void AddLabels(std::vector<KX_DATA::PdfPicRecord>& rows);
     void AddParts(qint32 checkpointId, KX_DATA::DrawingRecord& record);
     /// Of a checkpoint of one of the projects.
-    [[nodiscard]] std::optional<qint64> LastChangeOf(const Projects& projects, qint32 checkpointId);
+    struct CheckpointState {
+        qint32 ppid = 0;
+        qint64 updated = 0;
+    };
+    /// Nothing if it isn't there or not of these projects.
+    [[nodiscard]] std::optional<CheckpointState> StateOf(const Projects& projects,
+                                                         qint32 checkpointId);
 
     Database& m_database;
     ListQuery& m_lists;

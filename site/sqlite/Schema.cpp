@@ -243,6 +243,13 @@ std::vector<QString> HiddenPhotosTable() {
     return statements;
 }
 
+// What was changed, in the order of the commits; numbers of lines that are gone don't come again.
+std::vector<QString> ChangeTable() {
+    return {u"CREATE TABLE change (seq INTEGER PRIMARY KEY AUTOINCREMENT, kind INTEGER NOT NULL,"
+            " ppid INTEGER NOT NULL, object INTEGER NOT NULL, person TEXT NOT NULL,"
+            " opening INTEGER NOT NULL)"_s};
+}
+
 } // namespace
 
 std::vector<std::vector<QString>> SchemaSteps() {
@@ -251,7 +258,7 @@ std::vector<std::vector<QString>> SchemaSteps() {
          {CatalogueTables(), FilesTables(), BimPhotosTables(), PdfPhotosTables(), IssuesTables()}) {
         first.insert(first.end(), part.begin(), part.end());
     }
-    return {first, IssuePanelIndex(), PicPanelTables(), HiddenPhotosTable()};
+    return {first, IssuePanelIndex(), PicPanelTables(), HiddenPhotosTable(), ChangeTable()};
 }
 
 } // namespace site

@@ -75,6 +75,7 @@ qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture
         m_impl->InsertFile(file, FileKind::BimPhoto, photo.ppid, id);
         m_impl->InsertFile(note, FileKind::PhotoVoice, photo.ppid, id);
         AddSearchRow(m_impl->db, ListKind::BimPhotos, id);
+        m_impl->Note(ChangeKind::BimPhoto, photo.ppid, id, last.person);
         return static_cast<qint32>(id);
     });
 }
@@ -103,6 +104,7 @@ qint32 SiteWriter::FilePdfPhoto(const NewPdfPhoto& photo, const FileSource& pict
         }
         m_impl->InsertFile(file, FileKind::PdfPhoto, ppid, id);
         AddSearchRow(m_impl->db, ListKind::PdfPhotos, id);
+        m_impl->Note(ChangeKind::PdfPhoto, ppid, id, last.person);
         return static_cast<qint32>(id);
     });
 }
@@ -116,6 +118,7 @@ void SiteWriter::SetCheckpointVoice(qint32 checkpointId, const FileSource& voice
                                          " ON d.id = c.drawing_id WHERE c.id = ?"_s,
                                          {checkpointId});
         m_impl->InsertFile(note, FileKind::CheckpointVoice, ppid, checkpointId);
+        m_impl->Note(ChangeKind::Checkpoint, ppid, checkpointId);
         return true;
     });
 }
@@ -159,6 +162,7 @@ QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice) {
         }
         m_impl->InsertFile(note, FileKind::IssueVoice, issue.ppid, id);
         AddSearchRow(m_impl->db, ListKind::Issues, id);
+        m_impl->Note(ChangeKind::Issue, issue.ppid, id, last.person);
         return questionId;
     });
 }
@@ -182,6 +186,7 @@ QString SiteWriter::FileIssuePic(const NewIssuePic& pic, const FileSource& pictu
                          pic.uploadTime, file.uuid, small.uuid.isEmpty() ? file.uuid : small.uuid});
         m_impl->InsertFile(file, FileKind::IssuePic, ppid, issueId);
         m_impl->InsertFile(small, FileKind::Thumb, ppid, issueId);
+        m_impl->Note(ChangeKind::Issue, ppid, issueId, pic.uploader);
         return picId;
     });
 }

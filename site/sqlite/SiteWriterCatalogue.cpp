@@ -13,6 +13,7 @@ qint32 SiteWriter::AddDrawing(qint32 ppid, const QString& name, const FileSource
             m_impl->db.Insert(u"INSERT INTO drawing (ppid, name, file_uuid) VALUES (?, ?, ?)"_s,
                               {ppid, name, file.uuid});
         m_impl->InsertFile(file, FileKind::Drawing, ppid, id);
+        m_impl->Note(ChangeKind::Drawing, ppid, id);
         return static_cast<qint32>(id);
     });
 }
@@ -29,6 +30,9 @@ qint32 SiteWriter::AddCheckpoint(const NewCheckpoint& checkpoint) {
                             " VALUES (?, ?) ON CONFLICT DO NOTHING"_s,
                             {label, id});
         }
+        const qint32 ppid =
+            m_impl->Find(u"SELECT ppid FROM drawing WHERE id = ?"_s, {checkpoint.drawingId});
+        m_impl->Note(ChangeKind::Checkpoint, ppid, id);
         return static_cast<qint32>(id);
     });
 }
@@ -36,10 +40,13 @@ qint32 SiteWriter::AddCheckpoint(const NewCheckpoint& checkpoint) {
 qint32 SiteWriter::AddProject(const QString& name, qint32 major) {
     return m_impl->Change([&] {
         const qint32 known = FindProject(name);
-        return known != 0
-                   ? known
-                   : static_cast<qint32>(m_impl->db.Insert(
-                         u"INSERT INTO project (name, major) VALUES (?, ?)"_s, {name, major}));
+        if (known != 0) {
+            return known;
+        }
+        const qint64 ppid =
+            m_impl->db.Insert(u"INSERT INTO project (name, major) VALUES (?, ?)"_s, {name, major});
+        m_impl->Note(ChangeKind::Project, static_cast<qint32>(ppid), ppid);
+        return static_cast<qint32>(ppid);
     });
 }
 
@@ -53,6 +60,7 @@ qint32 SiteWriter::AddWorkset(const QString& name, const std::vector<qint32>& pp
                             " VALUES (?, ?, ?)"_s,
                             {id, ppid, place++});
         }
+        m_impl->Note(ChangeKind::Project, 0, 0);
         return static_cast<qint32>(id);
     });
 }
@@ -68,12 +76,14 @@ qint32 SiteWriter::AddUser(const QString& name, const std::vector<qint32>& right
             m_impl->db.Exec(u"INSERT INTO person_right (person_id, number) VALUES (?, ?)"_s,
                             {id, right});
         }
+        m_impl->Note(ChangeKind::Person, 0, id);
         return static_cast<qint32>(id);
     });
 }
 
 void SiteWriter::AddMark(qint32 markId, const QString& name, qint32 color) {
     m_impl->Change([&] {
+        m_impl->Note(ChangeKind::Mark, 0, markId);
         return m_impl->db.Exec(
             u"INSERT INTO mark (id, name, color) VALUES (?, ?, ?) ON CONFLICT (id)"
             " DO UPDATE SET name = excluded.name, color = excluded.color"_s,
@@ -84,14 +94,18 @@ void SiteWriter::AddMark(qint32 markId, const QString& name, qint32 color) {
 qint32 SiteWriter::AddLabel(const QString& name) {
     return m_impl->Change([&] {
         const qint32 known = m_impl->Find(u"SELECT id FROM label WHERE name = ?"_s, {name});
-        return known != 0 ? known
-                          : static_cast<qint32>(m_impl->db.Insert(
-                                u"INSERT INTO label (name) VALUES (?)"_s, {name}));
+        if (known != 0) {
+            return known;
+        }
+        const qint64 id = m_impl->db.Insert(u"INSERT INTO label (name) VALUES (?)"_s, {name});
+        m_impl->Note(ChangeKind::Label, 0, id);
+        return static_cast<qint32>(id);
     });
 }
 
 void SiteWriter::AddFloor(qint32 ppid, const QString& floor) {
     m_impl->Change([&] {
+        m_impl->Note(ChangeKind::Place, ppid, 0);
         return m_impl->db.Exec(
             u"INSERT INTO floor (ppid, name, sort_key) VALUES (?, ?, ?) ON CONFLICT DO NOTHING"_s,
             {ppid, floor, FloorSortKey(floor)});
@@ -106,6 +120,7 @@ QString SiteWriter::AddPosition(const NewPosition& position) {
                         " VALUES (?, ?, ?, ?, ?, ?)"_s,
                         {key, position.ppid, position.floor, position.axisX, position.axisY,
                          position.valid ? 1 : 0});
+        m_impl->Note(ChangeKind::Place, position.ppid, 0);
         return key;
     });
 }

@@ -65,6 +65,10 @@ public:
         }
     }
 
+    void Note(ChangeKind kind, qint32 ppid, qint64 id, const QString& person = {}) {
+        db.Log().Note(kind, ppid, id, person);
+    }
+
     void SettleAll() {
         for (const QString& uuid : waiting) {
             store.Settle(uuid);

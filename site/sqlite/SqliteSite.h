@@ -5,6 +5,7 @@
 #include "site/sqlite/BimPhotos.h"
 #include "site/sqlite/Bin.h"
 #include "site/sqlite/Catalogue.h"
+#include "site/sqlite/ChangeFeed.h"
 #include "site/sqlite/DataFolder.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/FolderBlobs.h"
@@ -31,7 +32,7 @@ public:
     [[nodiscard]] IBlobs& Blobs() override { return m_blobs; }
     [[nodiscard]] std::unique_ptr<IIntake> NewIntake() override;
     [[nodiscard]] IClientFolders& Folders() override { return m_places; }
-    [[nodiscard]] Stamp ChangeStamp() override { return m_folder.Db().ChangeStamp(); }
+    [[nodiscard]] IChanges& Changes() override { return m_feed; }
     [[nodiscard]] QString Place() const override { return m_folder.Path(); }
     Limits SetLimits(Limits limits) override {
         return m_folder.Db().Patient().Set(std::move(limits));
@@ -44,6 +45,7 @@ public:
 private:
     std::unique_ptr<DataFolder> m_owned; ///< null over somebody else's folder
     DataFolder& m_folder;
+    ChangeFeed m_feed;
     ListQuery m_lists;
     site::BimPhotos m_bimPhotos;
     site::PdfPhotos m_pdfPhotos;
