@@ -149,7 +149,7 @@ QStringList TextOf(site::DataFolder& folder) {
     QStringList text;
     for (const QString& table :
          Column(database, u"SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT IN"
-                          " ('bim_text', 'pdf_text', 'issue_text', 'schema_version') AND name NOT"
+                          " ('bim_text', 'pdf_text', 'issue_text', 'schema_version', 'change') AND name NOT"
                           " LIKE '%\\_text\\_%' ESCAPE '\\' ORDER BY name"_s)) {
         QStringList rows = Lines(database, u"SELECT * FROM "_s + table);
         for (QString& row : rows) {
@@ -157,6 +157,11 @@ QStringList TextOf(site::DataFolder& folder) {
         }
         rows.sort();
         text << rows;
+    }
+    // Numbers of openings differ, and what was undone has none.
+    for (const QString& row : Lines(database, u"SELECT kind, ppid, object, person FROM change"
+                                              " ORDER BY seq"_s)) {
+        text << u"change: "_s + row;
     }
     for (const QString& keyword : {QString(), u"第"_s, u"照片"_s, u"问题"_s, u"1"_s}) {
         text << Found(folder, keyword);
