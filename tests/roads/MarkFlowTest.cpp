@@ -18,7 +18,6 @@
 #include "services/ITNQuestionMng.h"
 #include "services/IVeskPicMng.h"
 #include "site/ICatalogue.h"
-#include "site/IIntake.h"
 #include "site/sqlite/Bin.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/roads/RecordingPictures.h"
@@ -589,7 +588,7 @@ TEST_F(MarksOfAFolder, AFailedReadLeavesNoFlagsAndSaysSo) {
     QStringList messages;
     session.SetMessageSink([&](host::MessageLevel, const QString& text) { messages << text; });
     support::FolderOf(session).Db().Exec(u"DROP TABLE bim_place_tally"_s);
-    session.Site().NewIntake()->AddMark(1, u"质量"_s, 0);
+    site::SiteWriter(support::FolderOf(session)).AddMark(1, u"质量"_s, 0);
     flow->Reload(MarkKind::Photos);
     EXPECT_FALSE(messages.isEmpty());
     EXPECT_EQ(FlagCount(site.positionKey, 1), 0);

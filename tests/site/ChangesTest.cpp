@@ -17,7 +17,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using hosttest::TempSite;
 
-constexpr qint64 kNow = 1'700'000'000;
+constexpr qint64 kChanged = 1'700'000'000;
 
 /// A site with a photo, and what was told of it since.
 struct FeedSite : TempSite {
@@ -33,7 +33,7 @@ struct FeedSite : TempSite {
         made.ppid = ppid;
         made.fileName = u"a.jpg"_s;
         made.uploader = u"wang"_s;
-        made.uploadTime = kNow;
+        made.uploadTime = kChanged;
         return writer.FilePhoto(made, {{}, "jpeg"});
     }
     void Listen(ISite& from) {
@@ -60,7 +60,7 @@ struct FeedSite : TempSite {
         KX_DATA::BimPicUpdate update;
         update.picId = photo;
         update.fileName = u"b.jpg"_s;
-        EXPECT_EQ(on.BimPhotos().Update(ppid, update, {u"zhao"_s, kNow + 1}), Saved::Yes);
+        EXPECT_EQ(on.BimPhotos().Update(ppid, update, {u"zhao"_s, kChanged + 1}), Saved::Yes);
     }
 
     SiteWriter writer{folder};
@@ -107,19 +107,19 @@ TEST(Changes, EveryKindOfChangeIsToldAsWhatItIs) {
     onPoint.checkpointId = checkpoint;
     onPoint.fileName = u"p.jpg"_s;
     onPoint.uploader = u"wang"_s;
-    onPoint.uploadTime = kNow;
+    onPoint.uploadTime = kChanged;
     const qint32 pdf = site.writer.FilePdfPhoto(onPoint, {{}, "jpeg"});
     EXPECT_EQ(site.Told(), QStringList{site.Line(ChangeKind::PdfPhoto, site.ppid, pdf, u"wang"_s)});
     KX_DATA::CheckpointEdit edit;
     edit.checkpointId = checkpoint;
-    EXPECT_EQ(site.engine.PdfPhotos().UpdateCheckpoint({site.ppid}, edit, {u"zhao"_s, kNow}),
+    EXPECT_EQ(site.engine.PdfPhotos().UpdateCheckpoint({site.ppid}, edit, {u"zhao"_s, kChanged}),
               Saved::Yes);
     EXPECT_EQ(site.Told(),
               QStringList{site.Line(ChangeKind::Checkpoint, site.ppid, checkpoint, u"zhao"_s)});
     NewIssue issue;
     issue.ppid = site.ppid;
     issue.creator = u"wang"_s;
-    issue.createTime = kNow;
+    issue.createTime = kChanged;
     const QString question = site.writer.FileIssue(issue);
     EXPECT_EQ(site.Told(), QStringList{site.Line(ChangeKind::Issue, site.ppid, 1, u"wang"_s)});
     site.engine.Issues().SetStatus(site.ppid, {question}, 1);
@@ -136,7 +136,8 @@ TEST(Changes, EveryKindOfChangeIsToldAsWhatItIs) {
 
 TEST(Changes, TheBinTellsOfWhatGoesAndComesBack) {
     FeedSite site;
-    ASSERT_EQ(site.engine.Bin().DeleteBimPhotos({site.ppid}, {site.photo}, {u"zhao"_s, kNow}), 1);
+    ASSERT_EQ(site.engine.Bin().DeleteBimPhotos({site.ppid}, {site.photo}, {u"zhao"_s, kChanged}),
+              1);
     EXPECT_EQ(site.Told(),
               QStringList{site.Line(ChangeKind::BimPhoto, site.ppid, site.photo, u"zhao"_s)});
     ASSERT_EQ(site.engine.Bin().Restore({site.engine.Bin().List().front().id}), 1);

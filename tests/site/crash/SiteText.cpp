@@ -148,9 +148,10 @@ QStringList TextOf(site::DataFolder& folder) {
     site::Database& database = folder.Db();
     QStringList text;
     for (const QString& table :
-         Column(database, u"SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT IN"
-                          " ('bim_text', 'pdf_text', 'issue_text', 'schema_version', 'change') AND name NOT"
-                          " LIKE '%\\_text\\_%' ESCAPE '\\' ORDER BY name"_s)) {
+         Column(database,
+                u"SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT IN"
+                " ('bim_text', 'pdf_text', 'issue_text', 'schema_version', 'change') AND name NOT"
+                " LIKE '%\\_text\\_%' ESCAPE '\\' ORDER BY name"_s)) {
         QStringList rows = Lines(database, u"SELECT * FROM "_s + table);
         for (QString& row : rows) {
             row = table + u": "_s + WithoutNames(row, store, bin);
