@@ -588,7 +588,7 @@ TEST_F(MarksOfAFolder, AFailedReadLeavesNoFlagsAndSaysSo) {
     QStringList messages;
     session.SetMessageSink([&](host::MessageLevel, const QString& text) { messages << text; });
     support::FolderOf(session).Db().Exec(u"DROP TABLE bim_place_tally"_s);
-    site::SiteWriter(support::FolderOf(session)).AddMark(1, u"质量"_s, 0);
+    site::SiteWriter(support::FolderOf(session)).AddFloor(site.firstProject, u"新楼层"_s);
     flow->Reload(MarkKind::Photos);
     EXPECT_FALSE(messages.isEmpty());
     EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
