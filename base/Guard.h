@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/Status.h"
-#include "toolkit/WindowId.h"
+#include "toolkit/windows/WindowId.h"
 
 #include <optional>
 #include <utility>

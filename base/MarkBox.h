@@ -1,7 +1,7 @@
 // The box in which a mark is chosen by its colour and name.
 #pragma once
 
-#include "toolkit/ColorTxtComboBox.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
 
 #include <QtCore/qglobal.h>
 

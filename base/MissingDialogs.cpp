@@ -1,7 +1,7 @@
 #include "base/MissingDialogs.h"
 
 #include "base/PictureLog.h"
-#include "toolkit/Notices.h"
+#include "toolkit/windows/Notices.h"
 
 #include <QString>
 

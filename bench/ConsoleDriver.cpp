@@ -3,9 +3,9 @@
 #include "bench/Stopwatch.h"
 #include "console/VeskPicMngDlg.h"
 #include "frame/KXVeskPictureImpl.h"
-#include "toolkit/ColorTxtComboBox.h"
-#include "toolkit/DropCombo.h"
-#include "toolkit/KXComboBox.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
+#include "toolkit/controls/DropCombo.h"
+#include "toolkit/controls/KXComboBox.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>

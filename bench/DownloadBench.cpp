@@ -9,8 +9,8 @@
 #include "services/IVeskPicMng.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/support/EngineFolder.h"
-#include "toolkit/Prompts.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/Prompts.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QCryptographicHash>
 #include <QDir>

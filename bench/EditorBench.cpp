@@ -8,9 +8,9 @@
 #include "services/IVeskPicMng.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/support/EngineFolder.h"
-#include "toolkit/DropCombo.h"
 #include "toolkit/Look.h"
-#include "toolkit/PopTipDlg.h"
+#include "toolkit/controls/DropCombo.h"
+#include "toolkit/windows/PopTipDlg.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

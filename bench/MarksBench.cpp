@@ -7,7 +7,7 @@
 #include "bench/WatchedApplication.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "host/session/HostSession.h"
-#include "reminder/KXVeskPicDataImpl.h"
+#include "reminder/marks/KXVeskPicDataImpl.h"
 #include "site/ICatalogue.h"
 #include "site/IPanelCounts.h"
 #include "toolkit/GbkText.h"

@@ -6,7 +6,7 @@
 #include "host/session/HostSession.h"
 #include "host/ui/marks/MarkPanelDock.h"
 #include "host/ui/plan/FloorPlanPane.h"
-#include "reminder/KXVeskPicDataImpl.h"
+#include "reminder/marks/KXVeskPicDataImpl.h"
 
 #include <QDeadlineTimer>
 #include <QTreeView>

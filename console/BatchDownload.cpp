@@ -5,10 +5,10 @@
 #include "services/Factories.h"
 #include "services/IExProgress.h"
 #include "services/IKXSysMng.h"
-#include "toolkit/FileCopy.h"
 #include "toolkit/KXTools.h"
-#include "toolkit/Prompts.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/media/FileCopy.h"
+#include "toolkit/windows/Prompts.h"
+#include "toolkit/windows/WindowRegistry.h"
 #include "viewers/StoredFetch.h"
 
 #include <QWidget>

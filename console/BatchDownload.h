@@ -1,7 +1,7 @@
 // The checked photos of a page, copied into one folder.
 #pragma once
 
-#include "toolkit/WindowId.h"
+#include "toolkit/windows/WindowId.h"
 
 #include <QString>
 

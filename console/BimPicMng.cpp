@@ -11,7 +11,7 @@
 #include "services/IKXPathMng.h"
 #include "services/IKXView.h"
 #include "services/IVeskPicMng.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <algorithm>
 

@@ -6,7 +6,7 @@
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
 #include "toolkit/KXTools.h"
-#include "toolkit/Prompts.h"
+#include "toolkit/windows/Prompts.h"
 #include "viewers/SavePicAs.h"
 
 using namespace Qt::StringLiterals;

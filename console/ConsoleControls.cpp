@@ -1,9 +1,9 @@
 #include "console/ConsoleControls.h"
 
-#include "toolkit/ColorTxtComboBox.h"
-#include "toolkit/DropCombo.h"
 #include "toolkit/Icons.h"
-#include "toolkit/KXComboBox.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
+#include "toolkit/controls/DropCombo.h"
+#include "toolkit/controls/KXComboBox.h"
 
 #include <QCheckBox>
 #include <QDateEdit>

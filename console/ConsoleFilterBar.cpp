@@ -10,12 +10,12 @@
 #include "services/IRecentSearchMng.h"
 #include "services/IVeskPicMng.h"
 #include "toolkit/Clock.h"
-#include "toolkit/DropCombo.h"
-#include "toolkit/KXComboBox.h"
 #include "toolkit/Look.h"
-#include "toolkit/PopTipDlg.h"
-#include "toolkit/SelectionChange.h"
-#include "toolkit/StillThere.h"
+#include "toolkit/controls/DropCombo.h"
+#include "toolkit/controls/KXComboBox.h"
+#include "toolkit/controls/SelectionChange.h"
+#include "toolkit/windows/PopTipDlg.h"
+#include "toolkit/windows/StillThere.h"
 
 #include <QCheckBox>
 #include <QDateEdit>

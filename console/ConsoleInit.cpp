@@ -6,8 +6,8 @@
 #include "services/Factories.h"
 #include "services/IKXAuthMng.h"
 #include "services/IKXGlobalData.h"
-#include "toolkit/DropCombo.h"
-#include "toolkit/WindowPlace.h"
+#include "toolkit/controls/DropCombo.h"
+#include "toolkit/windows/WindowPlace.h"
 
 #include <QPushButton>
 #include <QRadioButton>

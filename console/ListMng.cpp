@@ -5,7 +5,7 @@
 #include "console/PDFPicMng.h"
 #include "console/TNPicMng.h"
 #include "console/VeskPicMngGrid.h"
-#include "toolkit/Prompts.h"
+#include "toolkit/windows/Prompts.h"
 
 template <class Traits> QString ListMng<Traits>::GetSearchHint() const {
     return Traits::kHint.toString();

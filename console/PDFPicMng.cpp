@@ -10,7 +10,7 @@
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
 #include "services/IVeskPicMng.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <algorithm>
 

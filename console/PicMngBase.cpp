@@ -9,8 +9,8 @@
 #include "services/IKXGlobalData.h"
 #include "services/IKXLocalCacheData.h"
 #include "services/IKXSysMng.h"
-#include "toolkit/WindowPlace.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowPlace.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QWidget>
 

@@ -4,8 +4,8 @@
 #include "console/BatchDownload.h"
 #include "console/ConsoleMode.h"
 #include "services/PageQuery.h"
-#include "toolkit/GridRow.h"
 #include "toolkit/ImageList.h"
+#include "toolkit/grid/GridRow.h"
 
 #include <QSize>
 #include <QString>

@@ -1,8 +1,8 @@
 #include "console/VeskPicMngDlg.h"
 
 #include "console/ConsoleEvents.h"
-#include "toolkit/StillThere.h"
-#include "toolkit/SystemCommand.h"
+#include "toolkit/windows/StillThere.h"
+#include "toolkit/windows/SystemCommand.h"
 
 #include <QGuiApplication>
 #include <QLabel>

@@ -6,8 +6,8 @@
 #include "console/ConsoleFilterBar.h"
 #include "console/ConsoleMode.h"
 #include "console/VeskPicMngGrid.h"
-#include "toolkit/MultiPageGridManager.h"
-#include "toolkit/PopTipDlg.h"
+#include "toolkit/grid/MultiPageGridManager.h"
+#include "toolkit/windows/PopTipDlg.h"
 
 #include <QKeySequence>
 

@@ -9,8 +9,8 @@
 #include "console/SortKeys.h"
 #include "console/TNPicMng.h"
 #include "toolkit/Icons.h"
-#include "toolkit/MultiPageGridManager.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/grid/MultiPageGridManager.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QAction>
 #include <QMenu>

@@ -6,7 +6,7 @@
 #include "console/ConsoleActions.h"
 #include "console/ConsoleMode.h"
 #include "console/PicMngBase.h"
-#include "toolkit/MultiPageGrid.h"
+#include "toolkit/grid/MultiPageGrid.h"
 
 #include <boost/shared_ptr.hpp>
 #include <boost/smart_ptr/enable_shared_from_this.hpp>

@@ -9,10 +9,10 @@
 #include "services/IKXLocalCacheData.h"
 #include "services/IVeskPicMng.h"
 #include "toolkit/Look.h"
-#include "toolkit/StillThere.h"
-#include "toolkit/TextLimit.h"
-#include "toolkit/WaitCursor.h"
-#include "toolkit/WindowPlace.h"
+#include "toolkit/controls/TextLimit.h"
+#include "toolkit/windows/StillThere.h"
+#include "toolkit/windows/WaitCursor.h"
+#include "toolkit/windows/WindowPlace.h"
 #include "ui_BimPicEditDlg.h"
 
 #include <map>

@@ -3,7 +3,7 @@
 
 #include "base/Status.h"
 #include "editors/BimPicEdit.h"
-#include "toolkit/PopTipDlg.h"
+#include "toolkit/windows/PopTipDlg.h"
 
 #include <memory>
 

@@ -5,10 +5,10 @@
 #include "services/Factories.h"
 #include "services/IKXAuthMng.h"
 #include "services/IKXDocMng.h"
-#include "toolkit/PopTipDlg.h"
-#include "toolkit/StillThere.h"
-#include "toolkit/TreeCtrl3StateBase.h"
-#include "toolkit/WaitCursor.h"
+#include "toolkit/controls/TreeCtrl3StateBase.h"
+#include "toolkit/windows/PopTipDlg.h"
+#include "toolkit/windows/StillThere.h"
+#include "toolkit/windows/WaitCursor.h"
 
 #include <QLineEdit>
 #include <QPushButton>

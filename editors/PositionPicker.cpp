@@ -3,11 +3,11 @@
 #include "base/Guard.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
-#include "toolkit/DropCombo.h"
-#include "toolkit/PopTipDlg.h"
-#include "toolkit/SelectionChange.h"
-#include "toolkit/StillThere.h"
-#include "toolkit/WaitCursor.h"
+#include "toolkit/controls/DropCombo.h"
+#include "toolkit/controls/SelectionChange.h"
+#include "toolkit/windows/PopTipDlg.h"
+#include "toolkit/windows/StillThere.h"
+#include "toolkit/windows/WaitCursor.h"
 
 #include <utility>
 

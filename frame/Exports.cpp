@@ -1,5 +1,5 @@
 #include "frame/KXVeskPictureImpl.h"
-#include "reminder/KXVeskPicDataImpl.h"
+#include "reminder/marks/KXVeskPicDataImpl.h"
 
 ZelvorNRQ_KXVeskPicture::IKXVeskPicture* GetKXVeskPicture() {
     return &CKXVeskPictureImpl::Instance();

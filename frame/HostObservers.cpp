@@ -5,7 +5,7 @@
 #include "base/PictureLog.h"
 #include "console/VeskPicMngDlg.h"
 #include "frame/KXVeskPictureImpl.h"
-#include "reminder/KXVeskPicDataImpl.h"
+#include "reminder/marks/KXVeskPicDataImpl.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
 #include "viewers/BimPicViewWrap.h"

@@ -8,7 +8,7 @@
 #include "console/VeskPicMngDlg.h"
 #include "editors/BimPicEditDlg.h"
 #include "frame/HostObservers.h"
-#include "reminder/KXVeskPicDataImpl.h"
+#include "reminder/marks/KXVeskPicDataImpl.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "services/IKXPathMng.h"
@@ -17,7 +17,7 @@
 #include "services/ITNQuestionMng.h"
 #include "services/IVeskPicMng.h"
 #include "toolkit/KXTools.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 #include "viewers/BimPicViewWrap.h"
 #include "viewers/SavePicAs.h"
 

@@ -1,7 +1,7 @@
 // Keeps the client's main window from the user while a report is being made.
 #pragma once
 
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 namespace report {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "report/ClientBlock.h"
-#include "toolkit/WindowObject.h"
+#include "toolkit/windows/WindowObject.h"
 
 #include <functional>
 

@@ -1,6 +1,6 @@
 #include "toolkit/KXTools.h"
 
-#include "toolkit/Prompts.h"
+#include "toolkit/windows/Prompts.h"
 
 #include <QDateTime>
 

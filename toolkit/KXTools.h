@@ -2,7 +2,7 @@
 #pragma once
 
 #include "toolkit/ToolkitExport.h"
-#include "toolkit/WindowId.h"
+#include "toolkit/windows/WindowId.h"
 
 #include <QString>
 

@@ -1,7 +1,7 @@
 #include "toolkit/Look.h"
 
 #include "toolkit/LookStyle.h"
-#include "toolkit/WindowPlace.h"
+#include "toolkit/windows/WindowPlace.h"
 
 #include <QApplication>
 #include <QFontDatabase>

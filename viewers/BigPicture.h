@@ -1,7 +1,7 @@
 // The big picture as it stands on the screen: finished, or the one before it for a moment.
 #pragma once
 
-#include "toolkit/KxMemDC.h"
+#include "toolkit/media/KxMemDC.h"
 #include "viewers/GalleryPainter.h"
 
 #include <QImage>

@@ -7,7 +7,7 @@
 #include "services/IVeskPicMng.h"
 #include "toolkit/GbkText.h"
 #include "toolkit/KXTools.h"
-#include "toolkit/WaitCursor.h"
+#include "toolkit/windows/WaitCursor.h"
 #include "viewers/BimViewItem.h"
 
 #include <utility>

@@ -1,7 +1,7 @@
 // One picture to be decoded, by whoever comes first: the thread that needs it or one that has time.
 #pragma once
 
-#include "toolkit/PictureFile.h"
+#include "toolkit/media/PictureFile.h"
 
 #include <atomic>
 #include <condition_variable>

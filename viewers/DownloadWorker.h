@@ -1,8 +1,8 @@
 // Fetches one file of a gallery in the background.
 #pragma once
 
-#include "toolkit/WindowId.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowId.h"
+#include "toolkit/windows/WindowRegistry.h"
 #include "viewers/DownloadOrder.h"
 
 #include <QString>

@@ -1,7 +1,7 @@
 // One element of a gallery's list.
 #pragma once
 
-#include "toolkit/KxMemDC.h"
+#include "toolkit/media/KxMemDC.h"
 
 #include <QRect>
 #include <QSize>

@@ -1,7 +1,7 @@
 #include "viewers/GalleryPane.h"
 
 #include "toolkit/Look.h"
-#include "toolkit/WindowEnd.h"
+#include "toolkit/windows/WindowEnd.h"
 #include "viewers/GalleryAccess.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 // The window of a gallery: hands what happens to it to whoever paints and answers.
 #pragma once
 
-#include "toolkit/DirectUIButton.h"
+#include "toolkit/controls/DirectUIButton.h"
 
 #include <QPoint>
 #include <QRegion>

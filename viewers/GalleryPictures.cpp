@@ -1,9 +1,9 @@
 #include "viewers/GalleryPictures.h"
 
-#include "toolkit/PictureFile.h"
-#include "toolkit/PictureRects.h"
-#include "toolkit/WaitCursor.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/media/PictureFile.h"
+#include "toolkit/media/PictureRects.h"
+#include "toolkit/windows/WaitCursor.h"
+#include "toolkit/windows/WindowRegistry.h"
 #include "viewers/Decoders.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 // part of a zoomed picture.
 #pragma once
 
-#include "toolkit/WindowId.h"
+#include "toolkit/windows/WindowId.h"
 #include "viewers/GalleryPainter.h"
 #include "viewers/PictureCache.h"
 

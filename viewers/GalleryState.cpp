@@ -1,6 +1,6 @@
 #include "viewers/GalleryState.h"
 
-#include "toolkit/PictureRects.h"
+#include "toolkit/media/PictureRects.h"
 
 #include <algorithm>
 

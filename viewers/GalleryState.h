@@ -1,7 +1,7 @@
 // The state of a gallery, and what events make of it. No window, no file, no service.
 #pragma once
 
-#include "toolkit/DirectUIButton.h"
+#include "toolkit/controls/DirectUIButton.h"
 #include "viewers/GalleryItem.h"
 #include "viewers/GalleryPlaces.h"
 #include "viewers/ItemRange.h"

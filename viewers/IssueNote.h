@@ -1,7 +1,7 @@
 // The voice note of an issue or a rectification.
 #pragma once
 
-#include "toolkit/WindowObject.h"
+#include "toolkit/windows/WindowObject.h"
 #include "viewers/NotePlayer.h"
 
 #include <QString>

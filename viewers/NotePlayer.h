@@ -1,9 +1,9 @@
 // The player of voice notes beside a viewer's pictures.
 #pragma once
 
-#include "toolkit/ImageButton.h"
-#include "toolkit/WavePlayer.h"
-#include "toolkit/WindowObject.h"
+#include "toolkit/controls/ImageButton.h"
+#include "toolkit/media/WavePlayer.h"
+#include "toolkit/windows/WindowObject.h"
 #include "viewers/NoteRules.h"
 #include "viewers/PlayProgressCtrl.h"
 

@@ -1,7 +1,7 @@
 // What the player of voice notes does: one table for the button, one for the wait.
 #pragma once
 
-#include "toolkit/PlayState.h"
+#include "toolkit/media/PlayState.h"
 #include "viewers/GalleryState.h"
 
 #include <QString>

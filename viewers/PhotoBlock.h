@@ -1,8 +1,8 @@
 // The texts and the player under a photo, for the viewers that have them.
 #pragma once
 
-#include "toolkit/StaticText.h"
-#include "toolkit/TitledGroup.h"
+#include "toolkit/controls/StaticText.h"
+#include "toolkit/controls/TitledGroup.h"
 #include "viewers/NotePlayer.h"
 #include "viewers/PhotoBlockLayout.h"
 

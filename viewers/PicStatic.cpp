@@ -1,9 +1,9 @@
 #include "viewers/PicStatic.h"
 
-#include "toolkit/KxMemDC.h"
 #include "toolkit/Look.h"
-#include "toolkit/PictureFile.h"
-#include "toolkit/PictureRects.h"
+#include "toolkit/media/KxMemDC.h"
+#include "toolkit/media/PictureFile.h"
+#include "toolkit/media/PictureRects.h"
 #include "viewers/GalleryFonts.h"
 
 #include <QFileInfo>

@@ -1,7 +1,7 @@
 // The gallery that every viewer is built on.
 #pragma once
 
-#include "toolkit/PopTipDlg.h"
+#include "toolkit/windows/PopTipDlg.h"
 #include "viewers/BigPicture.h"
 #include "viewers/DownloadQueue.h"
 #include "viewers/DownloadWorker.h"

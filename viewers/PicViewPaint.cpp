@@ -3,7 +3,7 @@
 
 #include "toolkit/Clock.h"
 #include "toolkit/Look.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 #include "viewers/StripCells.h"
 
 #include <QFileInfo>

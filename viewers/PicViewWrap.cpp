@@ -1,6 +1,6 @@
 #include "viewers/PicViewWrap.h"
 
-#include "toolkit/WindowPlace.h"
+#include "toolkit/windows/WindowPlace.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // The window around a viewer's pane.
 #pragma once
 
-#include "toolkit/PopTipDlg.h"
+#include "toolkit/windows/PopTipDlg.h"
 #include "viewers/PicViewDlg.h"
 #include "viewers/ZelvorUpDownView.h"
 

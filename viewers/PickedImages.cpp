@@ -1,7 +1,7 @@
 #include "viewers/PickedImages.h"
 
-#include "toolkit/PictureFile.h"
-#include "toolkit/Prompts.h"
+#include "toolkit/media/PictureFile.h"
+#include "toolkit/windows/Prompts.h"
 
 #include <QFile>
 #include <QImageWriter>

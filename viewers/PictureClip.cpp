@@ -1,6 +1,6 @@
 #include "viewers/PictureClip.h"
 
-#include "toolkit/PictureFile.h"
+#include "toolkit/media/PictureFile.h"
 
 #include <QImage>
 #include <QUrl>

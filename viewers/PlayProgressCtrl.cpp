@@ -1,7 +1,7 @@
 #include "viewers/PlayProgressCtrl.h"
 
-#include "toolkit/KxMemDC.h"
 #include "toolkit/Look.h"
+#include "toolkit/media/KxMemDC.h"
 
 #include <QPainter>
 

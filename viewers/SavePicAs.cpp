@@ -4,9 +4,9 @@
 #include "base/PictureLog.h"
 #include "services/Factories.h"
 #include "services/IKXSysMng.h"
-#include "toolkit/FileCopy.h"
 #include "toolkit/KXTools.h"
-#include "toolkit/Prompts.h"
+#include "toolkit/media/FileCopy.h"
+#include "toolkit/windows/Prompts.h"
 #include "viewers/StoredFetch.h"
 
 using namespace Qt::StringLiterals;

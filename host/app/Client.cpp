@@ -16,8 +16,8 @@
 #include "include/IKXVeskPicture.h"
 #include "site/ICatalogue.h"
 #include "toolkit/Look.h"
-#include "toolkit/Notices.h"
-#include "toolkit/WindowPlace.h"
+#include "toolkit/windows/Notices.h"
+#include "toolkit/windows/WindowPlace.h"
 
 #include <QApplication>
 #include <QCursor>

@@ -11,8 +11,8 @@
 #include "include/IKXVeskPicture.h"
 #include "include/KXEvents.h"
 #include "site/IIntake.h"
-#include "toolkit/Prompts.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/Prompts.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QApplication>
 

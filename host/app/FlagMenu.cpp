@@ -7,7 +7,7 @@
 #include "services/IKXAuthMng.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
-#include "toolkit/Swatch.h"
+#include "toolkit/controls/Swatch.h"
 
 #include <algorithm>
 

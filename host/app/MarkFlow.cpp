@@ -11,7 +11,7 @@
 #include "site/ICatalogue.h"
 #include "site/IPanelCounts.h"
 #include "site/ISite.h"
-#include "toolkit/WaitCursor.h"
+#include "toolkit/windows/WaitCursor.h"
 
 #include <QCoreApplication>
 #include <QCursor>

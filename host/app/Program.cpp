@@ -7,7 +7,7 @@
 #include "host/session/HostSession.h"
 #include "toolkit/GbkText.h"
 #include "toolkit/Look.h"
-#include "toolkit/Prompts.h"
+#include "toolkit/windows/Prompts.h"
 #include "tour/Tour.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 #include "host/ui/BinModel.h"
 
 #include "toolkit/KXTools.h"
-#include "toolkit/LineText.h"
 #include "toolkit/Look.h"
+#include "toolkit/controls/LineText.h"
 
 namespace host {
 

@@ -3,7 +3,7 @@
 #include "host/ui/HintTable.h"
 #include "toolkit/Clock.h"
 #include "toolkit/Icons.h"
-#include "toolkit/WindowPlace.h"
+#include "toolkit/windows/WindowPlace.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>

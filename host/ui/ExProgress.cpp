@@ -1,7 +1,7 @@
 #include "host/ui/ExProgress.h"
 
 #include "host/ui/ProgressWindow.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QApplication>
 #include <QTimer>

@@ -3,7 +3,7 @@
 #include "host/ui/Commands.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
-#include "toolkit/WindowPlace.h"
+#include "toolkit/windows/WindowPlace.h"
 
 #include <QApplication>
 #include <QDialog>

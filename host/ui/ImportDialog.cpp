@@ -6,9 +6,9 @@
 #include "services/IVeskPicMng.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
-#include "toolkit/Prompts.h"
-#include "toolkit/WindowPlace.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/Prompts.h"
+#include "toolkit/windows/WindowPlace.h"
+#include "toolkit/windows/WindowRegistry.h"
 #include "ui_ImportDialog.h"
 
 #include <QDir>

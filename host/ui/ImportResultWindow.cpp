@@ -2,9 +2,9 @@
 
 #include "host/ui/HintTable.h"
 #include "toolkit/Icons.h"
-#include "toolkit/Prompts.h"
-#include "toolkit/WindowPlace.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/Prompts.h"
+#include "toolkit/windows/WindowPlace.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QApplication>
 #include <QClipboard>

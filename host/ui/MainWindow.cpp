@@ -7,7 +7,7 @@
 #include "include/KXEvents.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
-#include "toolkit/WindowPlace.h"
+#include "toolkit/windows/WindowPlace.h"
 
 #include <QActionGroup>
 #include <QApplication>

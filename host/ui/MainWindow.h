@@ -3,7 +3,7 @@
 
 #include "host/ui/Commands.h"
 #include "host/ui/MessageList.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QMainWindow>
 

@@ -2,7 +2,7 @@
 
 #include "base/PictureLog.h"
 #include "tests/support/TempFolder.h"
-#include "toolkit/Notices.h"
+#include "toolkit/windows/Notices.h"
 
 #include <QStringDecoder>
 #include <gtest/gtest.h>

@@ -3,7 +3,7 @@
 #include "base/PictureLog.h"
 #include "console/VeskPicMngDlg.h"
 #include "frame/KXVeskPictureImpl.h"
-#include "reminder/KXVeskPicDataImpl.h"
+#include "reminder/marks/KXVeskPicDataImpl.h"
 #include "tests/support/WaitFor.h"
 #include "viewers/BimPicViewWrap.h"
 #include "viewers/Decoders.h"

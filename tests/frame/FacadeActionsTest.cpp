@@ -4,7 +4,7 @@
 #include "tests/console/SampleRecords.h"
 #include "tests/support/Hands.h"
 #include "tests/support/ModalVisit.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QPushButton>
 #include <gmock/gmock.h>

@@ -4,7 +4,7 @@
 #include "base/PictureLog.h"
 #include "console/VeskPicMngDlg.h"
 #include "frame/KXVeskPictureImpl.h"
-#include "reminder/KXVeskPicDataImpl.h"
+#include "reminder/marks/KXVeskPicDataImpl.h"
 #include "tests/console/ModuleFixture.h"
 #include "tests/console/SampleRecords.h"
 #include "tests/support/WaitFor.h"

@@ -1,5 +1,5 @@
 // What the mark panel asks of the data provider, as the services get it.
-#include "reminder/KXVeskPicDataImpl.h"
+#include "reminder/marks/KXVeskPicDataImpl.h"
 #include "tests/console/ModuleFixture.h"
 
 #include <gmock/gmock.h>

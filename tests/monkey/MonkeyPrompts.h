@@ -1,7 +1,7 @@
 // File dialogs answered by dice inside one folder; message boxes stay those of a person.
 #pragma once
 
-#include "toolkit/Prompts.h"
+#include "toolkit/windows/Prompts.h"
 
 #include <random>
 

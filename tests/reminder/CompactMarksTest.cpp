@@ -1,5 +1,5 @@
 // A group of the tree in little memory: what its leaves have in common is kept once.
-#include "reminder/CompactMarks.h"
+#include "reminder/marks/CompactMarks.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "reminder/IssueMarkTree.h"
+#include "reminder/marks/IssueMarkTree.h"
 
 #include <QStringList>
 

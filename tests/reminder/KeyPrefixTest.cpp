@@ -1,5 +1,5 @@
 // Keys as numbers: what they have in common left out, eight or four characters of the rest.
-#include "reminder/KeyPrefix.h"
+#include "reminder/marks/KeyPrefix.h"
 
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-#include "reminder/MarkRules.h"
+#include "reminder/marks/MarkRules.h"
 
 #include <QStringList>
 

@@ -1,5 +1,5 @@
 #include "frame/KXVeskPictureImpl.h"
-#include "reminder/KXVeskPicDataImpl.h"
+#include "reminder/marks/KXVeskPicDataImpl.h"
 #include "tests/support/ScriptedHost.h"
 #include "toolkit/GbkText.h"
 

@@ -1,4 +1,4 @@
-#include "reminder/PicMarkTree.h"
+#include "reminder/marks/PicMarkTree.h"
 
 #include <gtest/gtest.h>
 

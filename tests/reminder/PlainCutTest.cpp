@@ -1,5 +1,5 @@
 // The cut trees against the same cut written down plainly, over many trees and selections.
-#include "reminder/KXVeskPicDataImpl.h"
+#include "reminder/marks/KXVeskPicDataImpl.h"
 #include "tests/support/ScriptedHost.h"
 
 #include <gtest/gtest.h>

@@ -5,7 +5,7 @@
 #include "include/IKXVeskPicture.h"
 #include "tests/support/HastyClock.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/Prompts.h"
+#include "toolkit/windows/Prompts.h"
 #include "tour/ConsoleEyes.h"
 #include "tour/TourDriver.h"
 #include "tour/TourEyes.h"

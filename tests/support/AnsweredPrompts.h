@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tests/support/CallLog.h"
-#include "toolkit/Prompts.h"
+#include "toolkit/windows/Prompts.h"
 
 #include <deque>
 #include <functional>

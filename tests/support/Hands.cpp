@@ -1,6 +1,6 @@
 #include "tests/support/Hands.h"
 
-#include "toolkit/BalloonTip.h"
+#include "toolkit/windows/BalloonTip.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "tests/support/Script.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QWidget>
 

@@ -1,7 +1,7 @@
 // Audio devices that make no sound and do what a test wants.
 #pragma once
 
-#include "toolkit/AudioOutput.h"
+#include "toolkit/media/AudioOutput.h"
 
 #include <memory>
 #include <vector>

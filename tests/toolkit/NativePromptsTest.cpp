@@ -1,4 +1,4 @@
-#include "toolkit/NativePrompts.h"
+#include "toolkit/windows/NativePrompts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "toolkit/StillThere.h"
+#include "toolkit/windows/StillThere.h"
 
 #include <QWidget>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // What a window does with the commands of its own menu.
-#include "toolkit/SystemCommand.h"
+#include "toolkit/windows/SystemCommand.h"
 
-#include "toolkit/WindowObject.h"
+#include "toolkit/windows/WindowObject.h"
 
 #include <gtest/gtest.h>
 

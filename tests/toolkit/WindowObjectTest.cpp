@@ -1,4 +1,4 @@
-#include "toolkit/WindowObject.h"
+#include "toolkit/windows/WindowObject.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QCoreApplication>
 #include <QWidget>

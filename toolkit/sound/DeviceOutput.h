@@ -1,8 +1,8 @@
 // One note on the machine's default audio device.
 #pragma once
 
-#include "toolkit/AudioOutput.h"
-#include "toolkit/PcmConverter.h"
+#include "toolkit/media/AudioOutput.h"
+#include "toolkit/media/PcmConverter.h"
 #include "toolkit/sound/DeviceFinder.h"
 
 #include <QAudioSink>

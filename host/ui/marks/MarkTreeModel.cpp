@@ -2,7 +2,7 @@
 
 #include "host/ui/PhotoCount.h"
 #include "toolkit/Look.h"
-#include "toolkit/Swatch.h"
+#include "toolkit/controls/Swatch.h"
 
 #include <QFont>
 

@@ -1,6 +1,6 @@
 // The buttons below the grid.
 #include "tests/console/dialog/ConsoleFixture.h"
-#include "toolkit/BalloonTip.h"
+#include "toolkit/windows/BalloonTip.h"
 
 #include <QPushButton>
 #include <gmock/gmock.h>

@@ -2,7 +2,7 @@
 
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/KXComboBox.h"
+#include "toolkit/controls/KXComboBox.h"
 
 #include <QComboBox>
 #include <QLineEdit>

@@ -4,7 +4,7 @@
 #include "tests/console/dialog/ConsoleFixture.h"
 #include "tests/support/HalfTyped.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -2,7 +2,7 @@
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/dialog/ConsoleFixture.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/ColorTxtComboBox.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
 
 #include <QAbstractItemView>
 #include <QCheckBox>

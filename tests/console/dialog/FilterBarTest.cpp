@@ -3,9 +3,9 @@
 #include "console/ConsoleFilterBar.h"
 #include "tests/console/ModuleFixture.h"
 #include "tests/support/Hands.h"
-#include "toolkit/ColorTxtComboBox.h"
-#include "toolkit/KXComboBox.h"
-#include "toolkit/PopTipDlg.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
+#include "toolkit/controls/KXComboBox.h"
+#include "toolkit/windows/PopTipDlg.h"
 
 #include <QCheckBox>
 #include <QDateEdit>

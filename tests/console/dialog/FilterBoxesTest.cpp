@@ -1,6 +1,6 @@
 // The lists for mark, label, state and project.
 #include "tests/console/dialog/ConsoleFixture.h"
-#include "toolkit/ColorTxtComboBox.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
 
 #include <QAbstractItemView>
 #include <QPushButton>

@@ -5,7 +5,7 @@
 #include "tests/console/dialog/ConsoleFixture.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/ColorTxtComboBox.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
 
 #include <QGuiApplication>
 #include <QPushButton>

@@ -1,8 +1,8 @@
 // Keys of the console: shortcuts, Tab order, Escape, paging, double click and menu.
 #include "tests/console/dialog/ConsoleFixture.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/ColorTxtComboBox.h"
-#include "toolkit/KXComboBox.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
+#include "toolkit/controls/KXComboBox.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -2,9 +2,9 @@
 #include "base/Status.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/dialog/ConsoleFixture.h"
-#include "toolkit/ColorTxtComboBox.h"
-#include "toolkit/KXComboBox.h"
 #include "toolkit/Look.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
+#include "toolkit/controls/KXComboBox.h"
 
 #include <QCheckBox>
 #include <QDateEdit>

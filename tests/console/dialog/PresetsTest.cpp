@@ -3,7 +3,7 @@
 #include "console/ConsoleEvents.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/dialog/ConsoleFixture.h"
-#include "toolkit/ColorTxtComboBox.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
 
 #include <QPushButton>
 #include <QRadioButton>

@@ -1,7 +1,7 @@
 // What a search asks for and how the console looks meanwhile.
 #include "base/Status.h"
 #include "tests/console/dialog/ConsoleFixture.h"
-#include "toolkit/KXComboBox.h"
+#include "toolkit/controls/KXComboBox.h"
 
 #include <QCheckBox>
 #include <QDateTime>

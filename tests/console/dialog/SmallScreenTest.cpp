@@ -1,6 +1,6 @@
 // The console on a screen that is smaller than its least size.
 #include "tests/console/dialog/ConsoleFixture.h"
-#include "toolkit/ColorTxtComboBox.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
 
 #include <QCheckBox>
 #include <QDateEdit>

@@ -1,7 +1,7 @@
 // Commands of the console's own menu: whatever they are, they restore.
-#include "toolkit/SystemCommand.h"
+#include "toolkit/windows/SystemCommand.h"
 #include "tests/console/dialog/ConsoleFixture.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/dialog/ConsoleFixture.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/ColorTxtComboBox.h"
-#include "toolkit/KXComboBox.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
+#include "toolkit/controls/KXComboBox.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QCheckBox>
 #include <QDateEdit>

@@ -1,7 +1,7 @@
 #include "tests/console/grid/GridFixture.h"
 
 #include "tests/support/WaitFor.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QHeaderView>
 #include <QtTest/QTest>

@@ -4,7 +4,7 @@
 #include "console/VeskPicMngGrid.h"
 #include "tests/console/ModuleFixture.h"
 #include "tests/console/SampleRecords.h"
-#include "toolkit/MultiPageGridManager.h"
+#include "toolkit/grid/MultiPageGridManager.h"
 
 #include <QPoint>
 #include <QTableView>

@@ -3,7 +3,7 @@
 #include "frame/KXVeskPictureImpl.h"
 #include "tests/console/managers/ManagerFixture.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <gmock/gmock.h>
 

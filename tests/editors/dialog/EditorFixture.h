@@ -5,8 +5,8 @@
 #include "tests/console/ModuleFixture.h"
 #include "tests/console/SampleRecords.h"
 #include "tests/support/Hands.h"
-#include "toolkit/ColorTxtComboBox.h"
-#include "toolkit/TreeCtrl3StateBase.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
+#include "toolkit/controls/TreeCtrl3StateBase.h"
 
 #include <QLabel>
 #include <QLineEdit>

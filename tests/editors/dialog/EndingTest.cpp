@@ -2,7 +2,7 @@
 #include "frame/HostObservers.h"
 #include "tests/editors/dialog/EditorFixture.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QAbstractItemView>
 

@@ -2,8 +2,8 @@
 #include "editors/PositionPicker.h"
 #include "tests/console/ModuleFixture.h"
 #include "tests/support/Hands.h"
-#include "toolkit/DropCombo.h"
-#include "toolkit/PopTipDlg.h"
+#include "toolkit/controls/DropCombo.h"
+#include "toolkit/windows/PopTipDlg.h"
 
 #include <QHBoxLayout>
 #include <gmock/gmock.h>

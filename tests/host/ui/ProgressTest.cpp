@@ -2,7 +2,7 @@
 #include "host/ui/ProgressWindow.h"
 
 #include "tests/support/WaitFor.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QLabel>
 #include <QMessageBox>

@@ -4,7 +4,7 @@
 #include "host/ui/ExProgress.h"
 #include "host/ui/ProgressWindow.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -1,5 +1,5 @@
 // Balloons: where they stand and what ends them.
-#include "toolkit/BalloonTip.h"
+#include "toolkit/windows/BalloonTip.h"
 
 #include <QApplication>
 #include <QLineEdit>

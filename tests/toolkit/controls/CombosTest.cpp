@@ -1,7 +1,7 @@
 // Drop lists with real clicks and keys.
-#include "toolkit/ColorTxtComboBox.h"
-#include "toolkit/KXComboBox.h"
 #include "toolkit/Look.h"
+#include "toolkit/controls/ColorTxtComboBox.h"
+#include "toolkit/controls/KXComboBox.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

@@ -1,5 +1,5 @@
 // Widths of columns as numbers.
-#include "toolkit/GridColumnLayout.h"
+#include "toolkit/grid/GridColumnLayout.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

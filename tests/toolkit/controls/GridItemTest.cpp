@@ -1,5 +1,5 @@
 // Cells and rows: values, conversions, what out-of-range asks give.
-#include "toolkit/GridRow.h"
+#include "toolkit/grid/GridRow.h"
 
 #include <QDate>
 

@@ -1,7 +1,7 @@
 // Grids, views, bars and managers that go while something of them is at work.
 #include "tests/toolkit/controls/SampleGrid.h"
 
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QHeaderView>
 #include <QMouseEvent>

@@ -1,7 +1,7 @@
 // Colours, faces and texts of the whole program.
 #include "toolkit/Look.h"
 #include "toolkit/Icons.h"
-#include "toolkit/Swatch.h"
+#include "toolkit/controls/Swatch.h"
 
 #include <QApplication>
 #include <QCheckBox>

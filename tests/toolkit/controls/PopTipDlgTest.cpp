@@ -1,10 +1,10 @@
 // Balloons, messages and modal runs of the module's dialogs.
-#include "toolkit/PopTipDlg.h"
+#include "toolkit/windows/PopTipDlg.h"
 
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/BalloonTip.h"
+#include "toolkit/windows/BalloonTip.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -1,8 +1,8 @@
 // The prompts that a person gets: their answers, and the end of the window that they lie on.
 #include "tests/support/ModalVisit.h"
 #include "tests/support/TempFolder.h"
-#include "toolkit/Prompts.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/Prompts.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QFileDialog>
 #include <QLineEdit>

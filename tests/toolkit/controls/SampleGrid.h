@@ -1,8 +1,8 @@
 // A grid with every kind of cell, which writes down what it is told.
 #pragma once
 
-#include "toolkit/MultiPageGrid.h"
-#include "toolkit/MultiPageGridManager.h"
+#include "toolkit/grid/MultiPageGrid.h"
+#include "toolkit/grid/MultiPageGridManager.h"
 
 #include <QTableView>
 #include <QWidget>

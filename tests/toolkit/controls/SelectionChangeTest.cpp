@@ -1,7 +1,7 @@
 // A person's change of what is chosen, with real clicks, keys and the wheel.
-#include "toolkit/SelectionChange.h"
+#include "toolkit/controls/SelectionChange.h"
 #include "tests/support/Hands.h"
-#include "toolkit/DropCombo.h"
+#include "toolkit/controls/DropCombo.h"
 
 #include <QAbstractItemView>
 #include <QLineEdit>

@@ -1,7 +1,7 @@
 // Texts beside values, and frames around them.
-#include "toolkit/StaticText.h"
+#include "toolkit/controls/StaticText.h"
 #include "toolkit/Look.h"
-#include "toolkit/TitledGroup.h"
+#include "toolkit/controls/TitledGroup.h"
 
 #include <QImage>
 #include <QPainter>

@@ -1,5 +1,5 @@
 // How much can be typed, pasted and dropped into a box.
-#include "toolkit/TextLimit.h"
+#include "toolkit/controls/TextLimit.h"
 
 #include <QApplication>
 #include <QClipboard>

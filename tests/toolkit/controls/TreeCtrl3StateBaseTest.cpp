@@ -1,5 +1,5 @@
 // A tree of check boxes with real clicks and keys.
-#include "toolkit/TreeCtrl3StateBase.h"
+#include "toolkit/controls/TreeCtrl3StateBase.h"
 
 #include <QHelpEvent>
 #include <QSignalSpy>

@@ -1,11 +1,11 @@
 // A window ends in every way while something is half done in every kind of field: its handlers hear
 // nothing more.
-#include "toolkit/WindowEnd.h"
+#include "toolkit/windows/WindowEnd.h"
 #include "tests/support/HalfTyped.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/DropCombo.h"
-#include "toolkit/KXComboBox.h"
-#include "toolkit/PopTipDlg.h"
+#include "toolkit/controls/DropCombo.h"
+#include "toolkit/controls/KXComboBox.h"
+#include "toolkit/windows/PopTipDlg.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,5 +1,5 @@
 // Size and place of new windows.
-#include "toolkit/WindowPlace.h"
+#include "toolkit/windows/WindowPlace.h"
 
 #include <QApplication>
 #include <QDialog>

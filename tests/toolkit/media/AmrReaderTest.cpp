@@ -1,4 +1,4 @@
-#include "toolkit/AmrReader.h"
+#include "toolkit/media/AmrReader.h"
 
 #include "tests/support/AmrFiles.h"
 #include "tests/support/TempFolder.h"

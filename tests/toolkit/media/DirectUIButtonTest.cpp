@@ -1,4 +1,4 @@
-#include "toolkit/DirectUIButton.h"
+#include "toolkit/controls/DirectUIButton.h"
 
 #include <QPainter>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "toolkit/FileCopy.h"
+#include "toolkit/media/FileCopy.h"
 
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"

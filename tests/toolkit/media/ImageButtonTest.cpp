@@ -1,4 +1,4 @@
-#include "toolkit/ImageButton.h"
+#include "toolkit/controls/ImageButton.h"
 
 #include <QSignalSpy>
 #include <QTest>

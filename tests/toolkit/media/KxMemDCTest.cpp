@@ -1,4 +1,4 @@
-#include "toolkit/KxMemDC.h"
+#include "toolkit/media/KxMemDC.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "toolkit/PcmConverter.h"
+#include "toolkit/media/PcmConverter.h"
 
 #include "tests/toolkit/media/SpokenAmr.h"
 

@@ -1,4 +1,4 @@
-#include "toolkit/PictureFile.h"
+#include "toolkit/media/PictureFile.h"
 
 #include "tests/support/TempFolder.h"
 #include "tests/viewers/support/FlatJpeg.h"

@@ -1,4 +1,4 @@
-#include "toolkit/WavePlayer.h"
+#include "toolkit/media/WavePlayer.h"
 
 #include "tests/support/AmrFiles.h"
 #include "tests/support/ManualClock.h"
@@ -6,7 +6,7 @@
 #include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
 #include "tests/toolkit/media/SpokenAmr.h"
-#include "toolkit/AmrDecoder.h"
+#include "toolkit/media/AmrDecoder.h"
 
 #include <QElapsedTimer>
 #include <QFile>

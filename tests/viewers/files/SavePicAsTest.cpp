@@ -4,7 +4,7 @@
 #include "tests/console/ModuleFixture.h"
 #include "tests/console/SampleRecords.h"
 #include "tests/support/FileSizeLimit.h"
-#include "toolkit/Prompts.h"
+#include "toolkit/windows/Prompts.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,7 +4,7 @@
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/support/FlatJpeg.h"
 #include "tests/viewers/support/SamplePictures.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QBuffer>
 #include <QFile>

@@ -1,6 +1,6 @@
 // Which keys the gallery takes, with which modifiers, and which go on to the controls on its pane.
 #include "tests/viewers/gallery/GalleryFixture.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -4,8 +4,8 @@
 #include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/support/SamplePictures.h"
-#include "toolkit/WindowObject.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowObject.h"
+#include "toolkit/windows/WindowRegistry.h"
 #include "viewers/Decoders.h"
 
 #include <QWidget>

@@ -3,7 +3,7 @@
 
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/support/SamplePictures.h"
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 #include "viewers/Decoders.h"
 #include "viewers/DownloadWorker.h"
 

@@ -1,7 +1,7 @@
 // Bad files, missing devices, windows that go at a bad time.
 #include "tests/viewers/notes/NoteFixture.h"
 
-#include "toolkit/WindowRegistry.h"
+#include "toolkit/windows/WindowRegistry.h"
 #include "viewers/DownloadWorker.h"
 
 using namespace Qt::StringLiterals;

@@ -1,4 +1,4 @@
-#include "toolkit/PictureRects.h"
+#include "toolkit/media/PictureRects.h"
 
 #include <gtest/gtest.h>
 
