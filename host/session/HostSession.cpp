@@ -134,12 +134,8 @@ void HostSession::CloseProject() {
 
 std::vector<site::ProjectEntry> HostSession::OpenProjects() {
     std::vector<site::ProjectEntry> projects;
-    if (IsWorkset()) {
-        for (const qint32 ppid : m_workset.ppids) {
-            projects.push_back(m_site->Catalogue().Project(ppid));
-        }
-    } else if (m_project.ppid != 0) {
-        projects.push_back(m_project);
+    for (const qint32 ppid : OpenPpids()) {
+        projects.push_back(ppid == m_project.ppid ? m_project : m_site->Catalogue().Project(ppid));
     }
     return projects;
 }

@@ -92,17 +92,7 @@ std::vector<KX_DATA::BimPicRow> BimPhotos::Rows(const Projects& projects,
 }
 
 std::vector<KX_DATA::BimPicRow> BimPhotos::RowsOf(const std::vector<qint64>& ids) {
-    std::unordered_map<qint64, KX_DATA::BimPicRow> found;
-    ForEachOfIds(m_database, RowSql(), ids,
-                 [&](const Statement& read) { found.emplace(read.Int64(0), RowOf(read)); });
-    std::vector<KX_DATA::BimPicRow> rows;
-    rows.reserve(ids.size());
-    for (const qint64 id : ids) {
-        const auto row = found.find(id);
-        if (row != found.end()) {
-            rows.push_back(std::move(row->second));
-        }
-    }
+    std::vector<KX_DATA::BimPicRow> rows = RowsInOrder(m_database, RowSql(), ids, RowOf);
     AddLabels(rows);
     return rows;
 }

@@ -5,8 +5,6 @@
 #include "site/sqlite/IdChunks.h"
 #include "site/sqlite/ListQuery.h"
 
-#include <unordered_map>
-
 namespace site {
 
 using namespace Qt::StringLiterals;
@@ -58,18 +56,7 @@ Page<KX_DATA::IssueRow> Issues::PageOf(const ListFilter& filter, const PageAsked
 }
 
 std::vector<KX_DATA::IssueRow> Issues::Rows(const std::vector<qint64>& ids) {
-    std::unordered_map<qint64, KX_DATA::IssueRow> found;
-    ForEachOfIds(m_database, IssueRowSql(), ids,
-                 [&](const Statement& read) { found.emplace(read.Int64(0), IssueRowOf(read)); });
-    std::vector<KX_DATA::IssueRow> rows;
-    rows.reserve(ids.size());
-    for (const qint64 id : ids) {
-        const auto row = found.find(id);
-        if (row != found.end()) {
-            rows.push_back(std::move(row->second));
-        }
-    }
-    return rows;
+    return RowsInOrder(m_database, IssueRowSql(), ids, IssueRowOf);
 }
 
 bool Issues::Detail(qint32 ppid, const QString& questionId, KX_DATA::QuestionDetail& detail) {

@@ -60,17 +60,7 @@ Page<KX_DATA::PdfPicRecord> PdfPhotos::PageOf(const ListFilter& filter, const Pa
 }
 
 std::vector<KX_DATA::PdfPicRecord> PdfPhotos::Rows(const std::vector<qint64>& ids) {
-    std::unordered_map<qint64, KX_DATA::PdfPicRecord> found;
-    ForEachOfIds(m_database, PdfRowSql(), ids,
-                 [&](const Statement& read) { found.emplace(read.Int64(0), PdfRowOf(read)); });
-    std::vector<KX_DATA::PdfPicRecord> rows;
-    rows.reserve(ids.size());
-    for (const qint64 id : ids) {
-        const auto row = found.find(id);
-        if (row != found.end()) {
-            rows.push_back(std::move(row->second));
-        }
-    }
+    std::vector<KX_DATA::PdfPicRecord> rows = RowsInOrder(m_database, PdfRowSql(), ids, PdfRowOf);
     AddLabels(rows);
     return rows;
 }
