@@ -17,6 +17,8 @@
 #include <QCursor>
 #include <QEvent>
 
+#include <algorithm>
+
 namespace host {
 
 using namespace Qt::StringLiterals;
@@ -128,15 +130,18 @@ void MarkFlow::Keep() {
 
 void MarkFlow::NoteChanges(const site::Changes& changes) {
     const site::Projects open = m_parts.session.OpenPpids();
-    for (const site::Change& change : changes) {
-        if (change.ppid != 0 && !site::Has(open, change.ppid)) {
-            continue;
+    for (const MarkKind kind : {MarkKind::Photos, MarkKind::Issues}) {
+        const bool concerns =
+            std::any_of(changes.begin(), changes.end(), [&](const site::Change& change) {
+                return (change.ppid == 0 || site::Has(open, change.ppid)) &&
+                       IsOf(kind, change.kind);
+            });
+        if (concerns) {
+            m_lastReads[kind].old = true;
         }
-        m_lastReads[MarkKind::Photos].old |= IsOf(MarkKind::Photos, change.kind);
-        m_lastReads[MarkKind::Issues].old |= IsOf(MarkKind::Issues, change.kind);
-    }
-    if (!m_rereading.isActive()) {
-        m_rereading.start();
+        if (concerns && !m_rereading.isActive()) {
+            m_rereading.start();
+        }
     }
 }
 

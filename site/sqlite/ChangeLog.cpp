@@ -116,6 +116,8 @@ void ChangeLog::CatchUp() {
         m_version = -1;
         return;
     }
+    // A commit between two questions would look, the next time, like one that nobody noted.
+    const ReadScope scope(m_database);
     const qint64 version = m_database.Value(sqlite::DataVersionSql()).toLongLong();
     const qint64 own = m_database.RowsChanged();
     if ((version == m_version && own == m_accounted) || !HasTable()) {
