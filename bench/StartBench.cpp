@@ -1,12 +1,12 @@
 #include "bench/StartBench.h"
 
 #include "bench/Report.h"
+#include "hands/Hands.h"
 #include "host/app/Client.h"
 #include "host/session/HostSession.h"
 #include "host/ui/MainWindow.h"
 #include "sample/SampleSite.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 
 #include <QAbstractItemView>
 #include <QCoreApplication>
@@ -52,7 +52,7 @@ int RunStartProbe(const QString& folder, qint64 spawned) {
     const double mainWindow = Since(spawned);
     // The platform grants the focus in its own time.
     const QDeadlineTimer patience(kPatienceMilliseconds);
-    while (!tour::PressKey(client.Window(), Qt::Key_1, Qt::ControlModifier)) {
+    while (!hands::PressKey(client.Window(), Qt::Key_1, Qt::ControlModifier)) {
         if (patience.hasExpired()) {
             return 1;
         }

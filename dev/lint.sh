@@ -7,7 +7,7 @@ root=${1:-$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)}
 cd "$root"
 
 module_folders=(base console editors frame issues reminder report richtext viewers)
-plain_folders=(services include toolkit site sample tour host)
+plain_folders=(services include toolkit hands site sample tour host)
 folders=("${plain_folders[@]}" "${module_folders[@]}")
 max_lines=600
 max_function_lines=60
@@ -23,8 +23,9 @@ may_include() {
     toolkit) echo toolkit ;;
     site) echo services site ;;
     sample) echo services site sample ;;
-    tour) echo include services toolkit site sample host tour ;;
-    host) echo include services toolkit site sample tour host ;;
+    hands) echo toolkit hands ;;
+    tour) echo include services toolkit hands site sample host tour ;;
+    host) echo include services toolkit site sample host ;;
     base) echo include services toolkit base ;;
     editors | richtext | report) echo include services toolkit base "$1" ;;
     viewers) echo include services toolkit base editors richtext report viewers ;;
@@ -82,7 +83,7 @@ check_umbrellas() {
 
 check_sql() {
     grep_sources '#[[:space:]]*include[[:space:]]*<(QtSql/|QSql|sqlite3)' \
-        include services toolkit sample tour host "${module_folders[@]}" |
+        include services toolkit hands sample tour host "${module_folders[@]}" |
         sed 's/$/   : SQL belongs to site\//'
 }
 

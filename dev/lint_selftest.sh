@@ -53,6 +53,8 @@ put services/Up.h '#include "toolkit/Clock.h"'
 put console/Aside.cpp '#include "reminder/Thread.h"'
 put viewers/Above.cpp '#include "console/Good.h"'
 put host/Inside.cpp '#include <frame/Facade.h>'
+put host/Walked.cpp '#include "tour/Tour.h"'
+put hands/Knowing.cpp '#include "host/ui/MainWindow.h"'
 put frame/Outside.cpp '# include "host/Main.h"'
 put base/Short.cpp '#include "Log.h"'
 put toolkit/Umbrella.cpp '#include <QtWidgets>'
@@ -98,6 +100,8 @@ for fault in \
     'console/Aside.cpp:1: console/ must not include reminder/Thread.h' \
     'viewers/Above.cpp:1: viewers/ must not include console/Good.h' \
     'host/Inside.cpp:1: host/ must not include frame/Facade.h' \
+    'host/Walked.cpp:1: host/ must not include tour/Tour.h' \
+    'hands/Knowing.cpp:1: hands/ must not include host/ui/MainWindow.h' \
     'frame/Outside.cpp:1: frame/ must not include host/Main.h' \
     'base/Short.cpp:1: include "Log.h" from the top folder' \
     'toolkit/Umbrella.cpp:1:' \

@@ -1,5 +1,6 @@
+#include "hands/Choices.h"
+#include "hands/Hands.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 #include "tour/TourScript.h"
@@ -32,7 +33,7 @@ BimNotes& Notes() {
 }
 
 bool ClickSearch() {
-    return Click(ConsoleControl(u"searchButton"_s));
+    return hands::Click(ConsoleControl(u"searchButton"_s));
 }
 
 /// Two characters that stand in the first description of the page.
@@ -51,7 +52,7 @@ void WriteSearch(TourScript& script) {
         u"主窗口 Ctrl+1：控制台列出全部BIM照片"_s,
         [] {
             Notes().total = ConsoleTotal();
-            return PressKey(FindWindow(kMain), Qt::Key_1, Qt::ControlModifier);
+            return hands::PressKey(FindWindow(kMain), Qt::Key_1, Qt::ControlModifier);
         },
         [] { return ConsoleTotal() > Notes().total && ConsoleRows() > 20; });
     script.Picture(kConsole, u"console-bim"_s);
@@ -61,13 +62,16 @@ void WriteSearch(TourScript& script) {
             Notes().total = ConsoleTotal();
             Notes().keyword = KeywordOfPage();
             return !Notes().keyword.isEmpty() &&
-                   TypeOver(ConsoleControl(u"keywordCombo"_s), Notes().keyword) && ClickSearch();
+                   hands::TypeOver(ConsoleControl(u"keywordCombo"_s), Notes().keyword) &&
+                   ClickSearch();
         },
         [] { return ConsoleTotal() > 0 && ConsoleTotal() < Notes().total; });
     script.Picture(kConsole, u"console-keyword"_s);
     script.Do(
         u"清空关键字再搜索"_s,
-        [] { return TypeOver(ConsoleControl(u"keywordCombo"_s), QString()) && ClickSearch(); },
+        [] {
+            return hands::TypeOver(ConsoleControl(u"keywordCombo"_s), QString()) && ClickSearch();
+        },
         [] { return ConsoleTotal() == Notes().total; });
 }
 
@@ -89,7 +93,7 @@ void WriteFilters(TourScript& script) {
         [] { return ChooseInConsole(u"statusCombo"_s, u"全部状态"_s); },
         [] { return ConsoleTotal() == Notes().total; });
     script.Do(
-        u"打开标识下拉列表"_s, [] { return Click(ConsoleControl(u"markCombo"_s)); },
+        u"打开标识下拉列表"_s, [] { return hands::Click(ConsoleControl(u"markCombo"_s)); },
         [] {
             const auto* combo = qobject_cast<QComboBox*>(ConsoleControl(u"markCombo"_s));
             return combo->view()->isVisible() && combo->count() > 1;
@@ -99,7 +103,7 @@ void WriteFilters(TourScript& script) {
         u"选择一个标识"_s,
         [] {
             const auto* combo = qobject_cast<QComboBox*>(ConsoleControl(u"markCombo"_s));
-            return ClickCell(combo->view(), 1, combo->modelColumn());
+            return hands::ClickCell(combo->view(), 1, combo->modelColumn());
         },
         [] { return ConsoleTotal() > 0 && ConsoleTotal() < Notes().total; });
     script.Do(
@@ -120,34 +124,35 @@ void WriteOrderAndPages(TourScript& script) {
         [name] {
             Notes().total = ConsoleTotal();
             Notes().page = ConsoleText(0, name);
-            return Click(ConsoleControl(u"pagingNext"_s));
+            return hands::Click(ConsoleControl(u"pagingNext"_s));
         },
         [name] { return ConsolePage() == 2 && ConsoleText(0, name) != Notes().page; });
     script.Picture(kConsole, u"console-page-2"_s);
     script.Do(
-        u"F5 重新读取，仍在第 2 页"_s, [] { return PressKey(Console(), Qt::Key_F5); },
+        u"F5 重新读取，仍在第 2 页"_s, [] { return hands::PressKey(Console(), Qt::Key_F5); },
         [name] { return ConsolePage() == 2 && ConsoleRows() == std::min(30, Notes().total - 30); });
     script.Do(
-        u"回到首页"_s, [] { return Click(ConsoleControl(u"pagingFirst"_s)); },
+        u"回到首页"_s, [] { return hands::Click(ConsoleControl(u"pagingFirst"_s)); },
         [name] { return ConsolePage() == 1 && ConsoleText(0, name) == Notes().page; });
 }
 
 void WriteShowAndHide(TourScript& script) {
     script.Do(
-        u"没有勾选就单击“隐藏”，出现提示"_s, [] { return Click(ConsoleControl(u"hideButton"_s)); },
+        u"没有勾选就单击“隐藏”，出现提示"_s,
+        [] { return hands::Click(ConsoleControl(u"hideButton"_s)); },
         [] { return FindWindow(u"balloonTip"_s) != nullptr; });
     script.Picture(kConsole, u"console-balloon"_s);
     script.Do(
         u"勾选前两行"_s, [] { return ClickConsoleCheck(0) && ClickConsoleCheck(1); },
         [] { return ConsoleCheckedRows() == 2; });
     script.Do(
-        u"隐藏勾选的照片"_s, [] { return Click(ConsoleControl(u"hideButton"_s)); },
+        u"隐藏勾选的照片"_s, [] { return hands::Click(ConsoleControl(u"hideButton"_s)); },
         [] {
             return ConsoleText(0, u"状态"_s) == u"隐藏"_s && ConsoleText(1, u"状态"_s) == u"隐藏"_s;
         });
     script.Picture(kConsole, u"console-hidden"_s);
     script.Do(
-        u"再次显示"_s, [] { return Click(ConsoleControl(u"showButton"_s)); },
+        u"再次显示"_s, [] { return hands::Click(ConsoleControl(u"showButton"_s)); },
         [] {
             return ConsoleText(0, u"状态"_s) == u"显示"_s && ConsoleText(1, u"状态"_s) == u"显示"_s;
         });
@@ -157,8 +162,8 @@ void WriteDelete(TourScript& script) {
     script.Do(
         u"F5 刷新后勾选第一行，单击“删除”，出现询问"_s,
         [] {
-            return PressKey(Console(), Qt::Key_F5) && ConsoleCheckedRows() == 0 &&
-                   ClickConsoleCheck(0) && Click(ConsoleControl(u"deleteButton"_s));
+            return hands::PressKey(Console(), Qt::Key_F5) && ConsoleCheckedRows() == 0 &&
+                   ClickConsoleCheck(0) && hands::Click(ConsoleControl(u"deleteButton"_s));
         },
         [] { return MessageBoxText() == u"确认删除所选的照片？"_s; });
     script.Picture(OpenMessageBox, u"console-question"_s);
@@ -166,7 +171,7 @@ void WriteDelete(TourScript& script) {
         u"回答“取消”：什么也没有删除"_s, [] { return AnswerMessageBox(u"取消"_s); },
         [] { return OpenMessageBox() == nullptr && ConsoleTotal() == Notes().total; });
     script.Do(
-        u"再次单击“删除”"_s, [] { return Click(ConsoleControl(u"deleteButton"_s)); },
+        u"再次单击“删除”"_s, [] { return hands::Click(ConsoleControl(u"deleteButton"_s)); },
         [] { return OpenMessageBox() != nullptr; });
     script.Do(
         u"回答“确定”：少了一张照片，操作记录多了一行"_s, [] { return AnswerMessageBox(u"确定"_s); },
@@ -184,16 +189,16 @@ void WriteRowMenu(TourScript& script) {
     script.Picture(kConsole, u"console-row-menu"_s);
     script.Do(
         u"菜单中选择“反查”：主窗口定位到照片"_s,
-        [] { return ClickInMenu(Console()->findChild<QMenu*>(), u"反查"_s); },
+        [] { return hands::ClickInMenu(Console()->findChild<QMenu*>(), u"反查"_s); },
         [] {
             return ReadText(FindIn(FindWindow(kMain), u"mainStatus"_s)).startsWith(u"定位照片"_s);
         });
     script.Picture(kMain, u"main-located"_s);
     script.Do(
-        u"关闭照片查看窗口"_s, [] { return CloseWindow(FindWindow(kPhotoViewer)); },
+        u"关闭照片查看窗口"_s, [] { return hands::CloseWindow(FindWindow(kPhotoViewer)); },
         [] { return FindWindow(kPhotoViewer) == nullptr; });
     script.Do(
-        u"关闭控制台"_s, [] { return CloseWindow(Console()); },
+        u"关闭控制台"_s, [] { return hands::CloseWindow(Console()); },
         [] { return Console() == nullptr; });
 }
 

@@ -1,6 +1,7 @@
 #include "tour/ConsoleEyes.h"
 
-#include "tour/TourDriver.h"
+#include "hands/Choices.h"
+#include "hands/Hands.h"
 #include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
@@ -106,20 +107,20 @@ bool ClickConsoleHeader(const QString& caption) {
     }
     QHeaderView* header = grid->horizontalHeader();
     const int middle = header->sectionViewportPosition(column) + header->sectionSize(column) / 2;
-    return ClickAt(header->viewport(), QPoint(middle, header->height() / 2));
+    return hands::ClickAt(header->viewport(), QPoint(middle, header->height() / 2));
 }
 
 bool ClickConsoleCheck(int row) {
-    return ClickCell(ConsoleGrid(), row, 0);
+    return hands::ClickCell(ConsoleGrid(), row, 0);
 }
 
 bool OpenRowMenu(int row) {
     const int column = ConsoleColumn(u"描述"_s);
-    return column >= 0 && ClickCell(ConsoleGrid(), row, column, Qt::RightButton);
+    return column >= 0 && hands::ClickCell(ConsoleGrid(), row, column, Qt::RightButton);
 }
 
 bool ChooseInConsole(const QString& combo, const QString& entry) {
-    return ChooseInCombo(qobject_cast<QComboBox*>(ConsoleControl(combo)), entry);
+    return hands::ChooseInCombo(qobject_cast<QComboBox*>(ConsoleControl(combo)), entry);
 }
 
 } // namespace tour

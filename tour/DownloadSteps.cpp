@@ -1,6 +1,6 @@
+#include "hands/Hands.h"
 #include "host/session/HostSession.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 #include "tour/TourScript.h"
@@ -59,26 +59,26 @@ bool AcceptFolder() {
     if (buttons == nullptr) {
         return FindWindow(kFolderQuestion) == nullptr;
     }
-    Click(buttons->button(QDialogButtonBox::Open));
+    hands::Click(buttons->button(QDialogButtonBox::Open));
     return false;
 }
 
 void WriteBatch(TourScript& script, const QString& folder) {
     script.Do(
         u"主窗口 Ctrl+1：控制台列出BIM照片"_s,
-        [] { return PressKey(FindWindow(kMain), Qt::Key_1, Qt::ControlModifier); },
+        [] { return hands::PressKey(FindWindow(kMain), Qt::Key_1, Qt::ControlModifier); },
         [] { return ConsoleRows() >= kFirstRow + kPhotos; });
     script.Do(u"勾选 %1 张较早的照片"_s.arg(kPhotos), TickRows,
               [] { return ConsoleCheckedRows() == kPhotos; });
     script.Do(
         u"单击“下载”，选择文件夹"_s,
-        [] { return SetSlow(true) && Click(ConsoleControl(u"downloadButton"_s)); },
+        [] { return SetSlow(true) && hands::Click(ConsoleControl(u"downloadButton"_s)); },
         [] { return FindIn(FindWindow(kFolderQuestion), u"fileNameEdit"_s) != nullptr; });
     script.Do(
         u"输入文件夹"_s,
         [folder] {
             return QDir().mkpath(folder) &&
-                   TypeOver(FindIn(FindWindow(kFolderQuestion), u"fileNameEdit"_s), folder);
+                   hands::TypeOver(FindIn(FindWindow(kFolderQuestion), u"fileNameEdit"_s), folder);
         },
         nullptr);
     script.Do(u"确定：慢速传输时出现进度窗口"_s, AcceptFolder,
@@ -93,7 +93,7 @@ void WriteBatch(TourScript& script, const QString& folder) {
             return FilesIn(folder) == kPhotos && FindWindow(kProgress) == nullptr && SetSlow(false);
         });
     script.Do(
-        u"关闭控制台"_s, [] { return CloseWindow(Console()); },
+        u"关闭控制台"_s, [] { return hands::CloseWindow(Console()); },
         [] { return Console() == nullptr; });
 }
 

@@ -1,5 +1,6 @@
+#include "hands/Choices.h"
+#include "hands/Hands.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 #include "tour/TourScript.h"
@@ -32,8 +33,8 @@ bool IsDropped(const QString& name) {
 /// Of a list that is open; the entry that isn't the present one.
 bool ChooseOther(const QString& name) {
     const QComboBox* combo = EditorCombo(name);
-    return combo != nullptr &&
-           ClickCell(combo->view(), combo->currentIndex() == 0 ? 1 : 0, combo->modelColumn());
+    return combo != nullptr && hands::ClickCell(combo->view(), combo->currentIndex() == 0 ? 1 : 0,
+                                                combo->modelColumn());
 }
 
 int LabelCount() {
@@ -42,7 +43,7 @@ int LabelCount() {
 }
 
 bool ClickRowsEdit() {
-    return ClickCell(ConsoleGrid(), ConsoleRowWithPlace(), ConsoleColumn(u"编辑"_s));
+    return hands::ClickCell(ConsoleGrid(), ConsoleRowWithPlace(), ConsoleColumn(u"编辑"_s));
 }
 
 void WriteOpening(TourScript& script) {
@@ -52,8 +53,8 @@ void WriteOpening(TourScript& script) {
         u"增加一个标签"_s,
         [] {
             Remembered() = LabelCount();
-            return TypeOver(EditorControl(u"newLabelEdit"_s), u"走查新增"_s) &&
-                   Click(EditorControl(u"addLabelButton"_s));
+            return hands::TypeOver(EditorControl(u"newLabelEdit"_s), u"走查新增"_s) &&
+                   hands::Click(EditorControl(u"addLabelButton"_s));
         },
         [] { return LabelCount() == Remembered() + 1 && FindWindow(u"balloonTip"_s) != nullptr; });
     script.Picture(kPhotoEditor, u"editor-label"_s);
@@ -61,7 +62,7 @@ void WriteOpening(TourScript& script) {
 
 void WritePlace(TourScript& script) {
     script.Do(
-        u"打开楼层列表"_s, [] { return Click(EditorControl(u"floorCombo"_s)); },
+        u"打开楼层列表"_s, [] { return hands::Click(EditorControl(u"floorCombo"_s)); },
         [] { return IsDropped(u"floorCombo"_s); });
     script.Picture(kPhotoEditor, u"editor-floors"_s);
     script.Do(
@@ -71,7 +72,7 @@ void WritePlace(TourScript& script) {
                    EditorCombo(u"axisYCombo"_s)->count() > 1;
         });
     script.Do(
-        u"打开Y轴列表"_s, [] { return Click(EditorControl(u"axisYCombo"_s)); },
+        u"打开Y轴列表"_s, [] { return hands::Click(EditorControl(u"axisYCombo"_s)); },
         [] { return IsDropped(u"axisYCombo"_s); });
     script.Picture(kPhotoEditor, u"editor-axes"_s);
     script.Do(
@@ -83,16 +84,16 @@ void WriteSaving(TourScript& script) {
     script.Do(
         u"清空名称再单击“确定”：提示输入名称"_s,
         [] {
-            return TypeOver(EditorControl(u"picNameEdit"_s), QString()) &&
-                   Click(EditorControl(u"okButton"_s));
+            return hands::TypeOver(EditorControl(u"picNameEdit"_s), QString()) &&
+                   hands::Click(EditorControl(u"okButton"_s));
         },
         [] { return FindWindow(u"balloonTip"_s) != nullptr; });
     script.Picture(kPhotoEditor, u"editor-refused"_s);
     script.Do(
         u"输入名称，保存：控制台显示新的名称"_s,
         [] {
-            return TypeOver(EditorControl(u"picNameEdit"_s), kNewName) &&
-                   Click(EditorControl(u"okButton"_s));
+            return hands::TypeOver(EditorControl(u"picNameEdit"_s), kNewName) &&
+                   hands::Click(EditorControl(u"okButton"_s));
         },
         [] {
             return FindWindow(kPhotoEditor) == nullptr &&

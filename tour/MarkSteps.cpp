@@ -1,5 +1,6 @@
+#include "hands/Choices.h"
+#include "hands/Hands.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 #include "tour/TourScript.h"
@@ -76,7 +77,8 @@ void WriteTicks(TourScript& script) {
         [page] {
             QAbstractItemView* tree = MarkTreeOf(page);
             Remembered() = FlagsInSight();
-            return ClickCell(tree, RowOfShownFloor(page), 0) && PressKey(tree, Qt::Key_Right);
+            return hands::ClickCell(tree, RowOfShownFloor(page), 0) &&
+                   hands::PressKey(tree, Qt::Key_Right);
         },
         [page] {
             const QAbstractItemView* tree = MarkTreeOf(page);
@@ -86,13 +88,13 @@ void WriteTicks(TourScript& script) {
         u"用空格取消勾选它的第一个标识：平面图上少了标识"_s,
         [page] {
             QAbstractItemView* tree = MarkTreeOf(page);
-            return PressKey(tree, Qt::Key_Down) && PressKey(tree, Qt::Key_Space);
+            return hands::PressKey(tree, Qt::Key_Down) && hands::PressKey(tree, Qt::Key_Space);
         },
         [] { return FlagsInSight() < Remembered(); });
     script.Picture(kMain, u"mark-panel"_s);
     script.Do(
         u"单击“全不选”：没有照片标识了"_s,
-        [page] { return Click(FindIn(FindIn(FindWindow(kMain), page), u"noneButton"_s)); },
+        [page] { return hands::Click(FindIn(FindIn(FindWindow(kMain), page), u"noneButton"_s)); },
         [] {
             const auto& flags = MarkPlan()->Flags();
             return std::none_of(flags.begin(), flags.end(), [](const host::PlacedFlag& flag) {
@@ -101,18 +103,18 @@ void WriteTicks(TourScript& script) {
         });
     script.Do(
         u"单击“全选”：标识都回来了"_s,
-        [page] { return Click(FindIn(FindIn(FindWindow(kMain), page), u"allButton"_s)); },
+        [page] { return hands::Click(FindIn(FindIn(FindWindow(kMain), page), u"allButton"_s)); },
         [] { return FlagsInSight() == Remembered(); });
 }
 
 void WriteFlagMenu(TourScript& script) {
     script.Do(
         u"在一个标识上单击右键：菜单列出它的照片"_s,
-        [] { return ClickAt(MarkPlan(), FirstPhotoFlag(), Qt::RightButton); },
+        [] { return hands::ClickAt(MarkPlan(), FirstPhotoFlag(), Qt::RightButton); },
         [] { return OpenFlagMenu() != nullptr; });
     script.Picture(kMain, u"flag-menu"_s);
     script.Do(
-        u"关闭菜单（Esc）"_s, [] { return PressKey(OpenFlagMenu(), Qt::Key_Escape); },
+        u"关闭菜单（Esc）"_s, [] { return hands::PressKey(OpenFlagMenu(), Qt::Key_Escape); },
         [] { return OpenFlagMenu() == nullptr; });
 }
 
@@ -122,7 +124,8 @@ void WriteIssueMarks(TourScript& script) {
         u"面板换到“问题标识”页"_s,
         [] {
             auto* tabs = qobject_cast<QTabWidget*>(FindIn(FindWindow(kMain), u"markTabs"_s));
-            return tabs != nullptr && ClickAt(tabs->tabBar(), tabs->tabBar()->tabRect(1).center());
+            return tabs != nullptr &&
+                   hands::ClickAt(tabs->tabBar(), tabs->tabBar()->tabRect(1).center());
         },
         [page] {
             const QAbstractItemView* tree = MarkTreeOf(page);
@@ -132,8 +135,8 @@ void WriteIssueMarks(TourScript& script) {
         u"双击一个楼层：平面图切换到它"_s,
         [page] {
             QAbstractItemView* tree = MarkTreeOf(page);
-            return DoubleClickAt(tree->viewport(),
-                                 tree->visualRect(tree->model()->index(0, 1)).center());
+            return hands::DoubleClickAt(tree->viewport(),
+                                        tree->visualRect(tree->model()->index(0, 1)).center());
         },
         [page] { return RowOfShownFloor(page) == 0; });
     script.Picture(kMain, u"issue-marks"_s);
@@ -141,7 +144,7 @@ void WriteIssueMarks(TourScript& script) {
         u"回到“照片标识”页"_s,
         [] {
             auto* tabs = qobject_cast<QTabWidget*>(FindIn(FindWindow(kMain), u"markTabs"_s));
-            return ClickAt(tabs->tabBar(), tabs->tabBar()->tabRect(0).center());
+            return hands::ClickAt(tabs->tabBar(), tabs->tabBar()->tabRect(0).center());
         },
         [] { return MarkTreeOf(u"photoMarks"_s) != nullptr; });
 }

@@ -1,5 +1,5 @@
+#include "hands/Hands.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 #include "tour/TourScript.h"
@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 bool PressInMain(Qt::Key key) {
-    return PressKey(FindWindow(kMain), key, Qt::ControlModifier);
+    return hands::PressKey(FindWindow(kMain), key, Qt::ControlModifier);
 }
 
 void WriteDrawings(TourScript& script) {
@@ -34,8 +34,8 @@ void WriteDrawings(TourScript& script) {
     script.Do(
         u"单击“BIM模型照片”切换，再切回图纸照片"_s,
         [] {
-            return Click(ConsoleControl(u"bimRadio"_s)) && ConsoleColumn(u"图纸"_s) < 0 &&
-                   Click(ConsoleControl(u"pdfRadio"_s));
+            return hands::Click(ConsoleControl(u"bimRadio"_s)) && ConsoleColumn(u"图纸"_s) < 0 &&
+                   hands::Click(ConsoleControl(u"pdfRadio"_s));
         },
         [] { return ConsoleColumn(u"图纸"_s) >= 0 && ConsoleTotal() == Remembered(); });
 }
@@ -52,7 +52,7 @@ void WriteIssues(TourScript& script) {
         u"勾选第一个问题，单击“删除”"_s,
         [] {
             Remembered() = ConsoleTotal();
-            return ClickConsoleCheck(0) && Click(ConsoleControl(u"deleteButton"_s));
+            return ClickConsoleCheck(0) && hands::Click(ConsoleControl(u"deleteButton"_s));
         },
         [] { return MessageBoxText() == u"确认删除该问题和所附照片吗 ？"_s; });
     script.Do(
@@ -66,7 +66,7 @@ void WriteIssues(TourScript& script) {
         },
         [] { return ConsoleTotal() >= 0 && ConsoleTotal() < Remembered(); });
     script.Do(
-        u"关闭控制台"_s, [] { return CloseWindow(Console()); },
+        u"关闭控制台"_s, [] { return hands::CloseWindow(Console()); },
         [] { return Console() == nullptr; });
 }
 

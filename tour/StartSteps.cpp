@@ -1,6 +1,7 @@
+#include "hands/Choices.h"
+#include "hands/Hands.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 #include "tour/TourScript.h"
@@ -58,16 +59,21 @@ int FullestFloor() {
 void WriteFloorPlan(TourScript& script) {
     script.Do(
         u"在楼层列表中选择照片最多的楼层"_s,
-        [] { return ClickCell(Find<QAbstractItemView>(kMain, u"floorList"_s), FullestFloor(), 0); },
+        [] {
+            return hands::ClickCell(Find<QAbstractItemView>(kMain, u"floorList"_s), FullestFloor(),
+                                    0);
+        },
         [] { return Plan()->State().floor == FullestFloor() && FullestPlace() >= 0; });
     script.Do(
         u"单击一个有照片的轴线交点，出现卡片"_s,
-        [] { return FullestPlace() >= 0 && ClickAt(Plan(), Plan()->CentreOf(FullestPlace())); },
+        [] {
+            return FullestPlace() >= 0 && hands::ClickAt(Plan(), Plan()->CentreOf(FullestPlace()));
+        },
         [] { return FindIn(FindWindow(kMain), u"planCardPhotos"_s) != nullptr; });
     script.Picture(kMain, u"floor-plan"_s);
     script.Do(
         u"单击“查看此处照片”，控制台只列出此处的照片"_s,
-        [] { return Click(FindIn(FindWindow(kMain), u"planCardPhotos"_s)); },
+        [] { return hands::Click(FindIn(FindWindow(kMain), u"planCardPhotos"_s)); },
         [] { return ConsoleTotal() > 0 && ConsoleTotal() == Plan()->Chosen()->photos.Total(); });
     script.Picture(u"VeskPicMngDlg"_s, u"console-preset"_s);
 }
@@ -85,8 +91,8 @@ void WriteStart(TourScript& script) {
     script.Do(
         u"选择第一个用户并登录"_s,
         [] {
-            return ClickCell(Find<QAbstractItemView>(kSignIn, u"userList"_s), 0, 0) &&
-                   Click(FindIn(FindWindow(kSignIn), u"signInButton"_s));
+            return hands::ClickCell(Find<QAbstractItemView>(kSignIn, u"userList"_s), 0, 0) &&
+                   hands::Click(FindIn(FindWindow(kSignIn), u"signInButton"_s));
         },
         [] {
             const QWidget* window = FindWindow(kMain);

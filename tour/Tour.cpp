@@ -1,5 +1,6 @@
 #include "tour/Tour.h"
 
+#include "host/app/Program.h"
 #include "tour/TourRunner.h"
 #include "tour/TourScript.h"
 
@@ -19,13 +20,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kDone = 0;
-constexpr int kFault = 1;
 constexpr int kImports = 12;
 
 int Complain(const QString& text) {
     std::fprintf(stderr, "走查失败：%s\n", qUtf8Printable(text));
-    return kFault;
+    return host::kExitFault;
 }
 
 /// Pictures to import, and a file that is none.
@@ -51,13 +50,13 @@ TourPlaces MakePlaces(const QString& folder, const QString& pictures) {
 }
 
 /// At another scale a look at the windows with most in them is enough.
-std::vector<TourStep> WriteSteps(const host::CommandLine& line, const TourPlaces& places) {
+std::vector<TourStep> WriteSteps(const TourWords& words, const TourPlaces& places) {
     TourScript script;
     WriteStart(script);
     WriteBimSearch(script);
     WriteEditor(script);
     WriteViewer(script);
-    if (line.tourScale == 1) {
+    if (words.scale == 1) {
         WriteImport(script, places);
         WriteBimActions(script);
         WriteDownloads(script, places);
@@ -69,37 +68,36 @@ std::vector<TourStep> WriteSteps(const host::CommandLine& line, const TourPlaces
     return script.Take();
 }
 
-int Walk(const host::CommandLine& line,
-         const std::function<int(const host::CommandLine&)>& runClient) {
+int Walk(const TourWords& words) {
     QTemporaryDir ownFolder;
-    host::CommandLine walked = line;
+    host::CommandLine walked = words.client;
     if (walked.dataFolder.isEmpty()) {
         walked.dataFolder = ownFolder.filePath(u"data"_s);
     }
     walked.sample = sample::SampleSize::Small;
-    TourRunner runner(WriteSteps(line, MakePlaces(ownFolder.path(), line.tourFolder)),
-                      {line.tourFolder});
+    walked.isWatched = true;
+    TourRunner runner(WriteSteps(words, MakePlaces(ownFolder.path(), words.folder)),
+                      {words.folder});
     QObject::connect(&runner, &TourRunner::Finished, &runner, [](const QString& failure) {
         if (!failure.isEmpty()) {
-            QCoreApplication::exit(kFault);
+            QCoreApplication::exit(host::kExitFault);
         }
     });
     runner.Start();
-    const int code = runClient(walked);
+    const int code = host::RunClient(walked);
     runner.RunToEnd();
     if (!runner.Failure().isEmpty()) {
         return Complain(runner.Failure());
     }
-    return code == kDone ? kDone : Complain(u"客户端以 %1 结束"_s.arg(code));
+    return code == host::kExitDone ? host::kExitDone : Complain(u"客户端以 %1 结束"_s.arg(code));
 }
 
 /// The screen's scale is fixed for a process.
-int WalkScaled(const host::CommandLine& line) {
+int WalkScaled(const TourWords& words) {
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedChannels);
-    process.start(
-        QCoreApplication::applicationFilePath(),
-        {u"--tour"_s, QDir(line.tourFolder).filePath(u"x2"_s), u"--tour-scale"_s, u"2"_s});
+    process.start(QCoreApplication::applicationFilePath(),
+                  {u"--tour"_s, QDir(words.folder).filePath(u"x2"_s), u"--tour-scale"_s, u"2"_s});
     if (!process.waitForFinished(-1) || process.exitStatus() != QProcess::NormalExit) {
         return Complain(u"放大 2 倍的走查没有正常结束"_s);
     }
@@ -108,20 +106,19 @@ int WalkScaled(const host::CommandLine& line) {
 
 } // namespace
 
-int RunTour(const host::CommandLine& line,
-            const std::function<int(const host::CommandLine&)>& runClient) {
-    if (!QDir().mkpath(line.tourFolder)) {
-        return Complain(u"无法创建文件夹 %1"_s.arg(line.tourFolder));
+int RunTour(const TourWords& words) {
+    if (!QDir().mkpath(words.folder)) {
+        return Complain(u"无法创建文件夹 %1"_s.arg(words.folder));
     }
     QElapsedTimer sinceStart;
     sinceStart.start();
-    int code = Walk(line, runClient);
-    if (code == kDone && line.tourScale == 1) {
-        code = WalkScaled(line);
+    int code = Walk(words);
+    if (code == host::kExitDone && words.scale == 1) {
+        code = WalkScaled(words);
     }
-    if (code == kDone) {
+    if (code == host::kExitDone) {
         std::printf("走查通过，用时 %.1f 秒，图片在 %s\n", double(sinceStart.elapsed()) / 1000,
-                    qUtf8Printable(QDir(line.tourFolder).absolutePath()));
+                    qUtf8Printable(QDir(words.folder).absolutePath()));
     }
     return code;
 }

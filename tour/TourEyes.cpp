@@ -1,6 +1,6 @@
 #include "tour/TourEyes.h"
 
-#include "tour/TourDriver.h"
+#include "hands/Hands.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -75,7 +75,7 @@ bool AnswerMessageBox(const QString& button) {
     const QList<QAbstractButton*> buttons = box->buttons();
     for (QAbstractButton* candidate : buttons) {
         if (candidate->text().remove(u'&').startsWith(button)) {
-            return Click(candidate);
+            return hands::Click(candidate);
         }
     }
     return false;

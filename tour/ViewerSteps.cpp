@@ -1,8 +1,8 @@
+#include "hands/Hands.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "services/IVeskPicMng.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 #include "tour/TourScript.h"
@@ -43,8 +43,8 @@ QString NameOfNotedPhoto() {
 }
 
 bool Search(const QString& keyword) {
-    return TypeOver(ConsoleControl(u"keywordCombo"_s), keyword) &&
-           Click(ConsoleControl(u"searchButton"_s));
+    return hands::TypeOver(ConsoleControl(u"keywordCombo"_s), keyword) &&
+           hands::Click(ConsoleControl(u"searchButton"_s));
 }
 
 /// The picture has arrived: its middle is no longer the colour of the empty pane.
@@ -66,7 +66,7 @@ void WriteLookingUp(TourScript& script) {
         [] {
             QAbstractItemView* grid = ConsoleGrid();
             const QModelIndex cell = grid->model()->index(0, ConsoleColumn(u"照片名称"_s));
-            return DoubleClickAt(grid->viewport(), grid->visualRect(cell).center());
+            return hands::DoubleClickAt(grid->viewport(), grid->visualRect(cell).center());
         },
         [] { return ShowsPicture() && Console()->isMinimized(); });
     script.Picture(kMain, u"main-flag"_s);
@@ -77,12 +77,12 @@ void WriteListening(TourScript& script) {
         u"语音就绪后单击播放：显示进度"_s,
         [] {
             const QWidget* status = FindIn(Viewer(), u"noteStatus"_s);
-            return ReadText(status) == u"就绪"_s && Click(FindIn(Viewer(), u"noteButton"_s));
+            return ReadText(status) == u"就绪"_s && hands::Click(FindIn(Viewer(), u"noteButton"_s));
         },
         [] { return ReadText(FindIn(Viewer(), u"noteStatus"_s)).startsWith(u"00:01"_s); });
     script.Picture(kPhotoViewer, u"viewer-playing"_s);
     script.Do(
-        u"关闭查看窗口：控制台回来"_s, [] { return CloseWindow(Viewer()); },
+        u"关闭查看窗口：控制台回来"_s, [] { return hands::CloseWindow(Viewer()); },
         [] { return Viewer() == nullptr && Console() != nullptr && !Console()->isMinimized(); });
     script.Do(
         u"清空关键字，重新搜索"_s, [] { return Search(QString()); },

@@ -1,25 +1,12 @@
 #include "host/app/CommandLine.h"
 
 #include <map>
-#include <optional>
 
 namespace host {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Takes the value of an option, "--data DIR" or "--data=DIR"; moves `at` past what it took.
-std::optional<QString> TakeValue(const QStringList& words, qsizetype& at) {
-    const qsizetype equals = words[at].indexOf(u'=');
-    if (equals >= 0) {
-        return words[at].mid(equals + 1);
-    }
-    if (at + 1 >= words.size() || words[at + 1].startsWith(u"--"_s)) {
-        return std::nullopt;
-    }
-    return words[++at];
-}
 
 bool ReadSample(const QString& value, sample::SampleSize& sample) {
     static const std::map<QString, sample::SampleSize> sizes = {
@@ -48,12 +35,6 @@ bool ReadTransfers(const QString& value, site::TransferRules& rules) {
     return true;
 }
 
-bool ReadScale(const QString& value, int& scale) {
-    bool isNumber = false;
-    scale = value.toInt(&isNumber);
-    return isNumber && scale >= 1 && scale <= 4;
-}
-
 /// Takes one option of the client itself. False: `line.error` says why.
 bool TakeOption(const QString& name, const QString& value, CommandLine& line) {
     if (value.isEmpty()) {
@@ -64,15 +45,10 @@ bool TakeOption(const QString& name, const QString& value, CommandLine& line) {
         line.dataFolder = value;
     } else if (name == u"--user"_s) {
         line.userName = value;
-    } else if (name == u"--tour"_s) {
-        line.road = Road::Tour;
-        line.tourFolder = value;
     } else if (name == u"--sample"_s && !ReadSample(value, line.sample)) {
         line.error = u"--sample 只能是 small、full 或 none，不能是“%1”。"_s.arg(value);
     } else if (name == u"--transfers"_s && !ReadTransfers(value, line.transfers)) {
         line.error = u"--transfers 只能是 normal、slow、fail 或 hang，不能是“%1”。"_s.arg(value);
-    } else if (name == u"--tour-scale"_s && !ReadScale(value, line.tourScale)) {
-        line.error = u"--tour-scale 只能是 1 到 4 的整数，不能是“%1”。"_s.arg(value);
     }
     return line.error.isEmpty();
 }
@@ -100,11 +76,36 @@ CommandLine ParseImport(const QStringList& words) {
     return line;
 }
 
+QString UnknownText(const QString& word, const QString& name) {
+    if (name == u"--tour"_s || name == u"--tour-scale"_s) {
+        return u"走查客户端的是另一个程序：vesk-tour --tour 文件夹。"_s;
+    }
+    return u"不认识“%1”。"_s.arg(word);
+}
+
 } // namespace
 
+QStringList WordsOf(int argc, char** argv) {
+    QStringList words;
+    for (int at = 1; at < argc; ++at) {
+        words << QString::fromLocal8Bit(argv[at]);
+    }
+    return words;
+}
+
+std::optional<QString> TakeValue(const QStringList& words, qsizetype& at) {
+    const qsizetype equals = words[at].indexOf(u'=');
+    if (equals >= 0) {
+        return words[at].mid(equals + 1);
+    }
+    if (at + 1 >= words.size() || words[at + 1].startsWith(u"--"_s)) {
+        return std::nullopt;
+    }
+    return words[++at];
+}
+
 CommandLine ParseCommandLine(const QStringList& words) {
-    static const QStringList options = {u"--data"_s, u"--user"_s,       u"--sample"_s,
-                                        u"--tour"_s, u"--tour-scale"_s, u"--transfers"_s};
+    static const QStringList options = {u"--data"_s, u"--user"_s, u"--sample"_s, u"--transfers"_s};
     if (words.value(0) == u"import"_s) {
         return ParseImport(words);
     }
@@ -116,7 +117,7 @@ CommandLine ParseCommandLine(const QStringList& words) {
         }
         const QString name = words[at].section(u'=', 0, 0);
         if (!options.contains(name)) {
-            line.error = u"不认识“%1”。"_s.arg(words[at]);
+            line.error = UnknownText(words[at], name);
             return line;
         }
         if (!TakeOption(name, TakeValue(words, at).value_or(QString()), line)) {
@@ -130,13 +131,12 @@ QString HelpText() {
     return uR"(用法：
   vesk-client [选项]                  打开客户端
   vesk-client import 文件夹 [选项]    把一个文件夹里的照片导入工程
-  vesk-client --tour 文件夹           无显示器时走一遍客户端，把各窗口的图片存到该文件夹
+  vesk-tour --tour 文件夹             无显示器时走一遍客户端，把各窗口的图片存到该文件夹
 
 选项：
   --data 文件夹       数据文件夹；不写则用当前用户自己的数据文件夹
   --user 姓名         以此用户登录，不再询问
   --sample 规模       数据文件夹还没有工程时生成的示例：small（小）、full（完整）、none（不生成）
-  --tour-scale 倍数   走查时的屏幕缩放，1 到 4
   --transfers 方式    演示文件传输：normal（正常）、slow（慢）、fail（中途失败）、hang（停住不动）
   --help              显示本说明
 

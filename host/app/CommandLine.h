@@ -7,13 +7,14 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace host {
 
 /// What the program is to do.
 enum class Road {
     Client, ///< open the client
     Import, ///< file a folder of photos and end
-    Tour,   ///< walk through the client without a display and end
     Help,
 };
 
@@ -24,11 +25,18 @@ struct CommandLine {
     sample::SampleSize sample =
         sample::SampleSize::Full;  ///< the site that a folder without one gets
     site::TransferRules transfers; ///< slow or failing, for demonstrations
-    QString tourFolder;
-    int tourScale = 1;       ///< device pixels for each pixel, 1 to 4
-    QStringList importWords; ///< what stands behind "import", without --data and --sample
-    QString error;           ///< Chinese; empty: nothing to complain of
+    bool isWatched = false;        ///< somebody looks at the windows, also without a display
+    QStringList importWords;       ///< what stands behind "import", without --data and --sample
+    QString error;                 ///< Chinese; empty: nothing to complain of
 };
+
+/// What stands behind a program's name.
+[[nodiscard]] QStringList WordsOf(int argc, char** argv);
+
+/// The value of an option, "--data DIR" or "--data=DIR"; nothing without one.
+///
+/// @param at  place of the option; moved to the last word that was taken.
+[[nodiscard]] std::optional<QString> TakeValue(const QStringList& words, qsizetype& at);
 
 /// @param words  the command line without the program's name.
 /// @return       with `error` set at the first word that makes no sense; the rest is then unread.

@@ -8,7 +8,6 @@
 #include "toolkit/GbkText.h"
 #include "toolkit/Look.h"
 #include "toolkit/windows/Prompts.h"
-#include "tour/Tour.h"
 
 #include <QApplication>
 #include <QTextStream>
@@ -20,10 +19,6 @@ namespace host {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int kDone = 0;
-constexpr int kFault = 1;
-constexpr int kWrongWords = 2;
 
 void Print(std::FILE* stream, const QString& text) {
     QTextStream out(stream);
@@ -39,7 +34,7 @@ int TellFault(const QString& text) {
     if (!IsHeadless()) {
         toolkit::Prompts().ShowMessage(toolkit::kNoWindow, text);
     }
-    return kFault;
+    return kExitFault;
 }
 
 void NameApplication() {
@@ -51,21 +46,22 @@ void NameApplication() {
 int RunImport(const CommandLine& line) {
     HostSession session;
     if (const StartResult site = OpenSite(session, line); !site.goOn) {
-        return site.fault.isEmpty() ? kDone : TellFault(site.fault);
+        return site.fault.isEmpty() ? kExitDone : TellFault(site.fault);
     }
     QTextStream out(stdout);
     QTextStream err(stderr);
     return RunImportCommand(session.Site(), line.importWords, out, err);
 }
 
-/// Opens the client and runs it until it is closed.
+} // namespace
+
 int RunClient(const CommandLine& line) {
     HostSession session;
     if (const StartResult site = OpenSite(session, line); !site.goOn) {
-        return site.fault.isEmpty() ? kDone : TellFault(site.fault);
+        return site.fault.isEmpty() ? kExitDone : TellFault(site.fault);
     }
     if (const StartResult user = SignInUser(session, line); !user.goOn) {
-        return user.fault.isEmpty() ? kDone : TellFault(user.fault);
+        return user.fault.isEmpty() ? kExitDone : TellFault(user.fault);
     }
     session.SetTransfers(line.transfers);
     Client client(session);
@@ -77,37 +73,7 @@ int RunClient(const CommandLine& line) {
     return code;
 }
 
-int RunRoad(const CommandLine& line) {
-    switch (line.road) {
-    case Road::Import:
-        return RunImport(line);
-    case Road::Tour:
-        return tour::RunTour(line, RunClient);
-    default:
-        return RunClient(line);
-    }
-}
-
-} // namespace
-
-int RunProgram(int argc, char** argv) {
-    QStringList words;
-    for (int at = 1; at < argc; ++at) {
-        words << QString::fromLocal8Bit(argv[at]);
-    }
-    const CommandLine line = ParseCommandLine(words);
-    if (!line.error.isEmpty()) {
-        Print(stderr, line.error + u"\n\n"_s + HelpText());
-        return kWrongWords;
-    }
-    if (line.road == Road::Help) {
-        Print(stdout, HelpText());
-        return kDone;
-    }
-    if (const auto lack = PreparePlatform(line)) {
-        Print(stderr, *lack);
-        return kFault;
-    }
+int RunApplication(int argc, char** argv, const std::function<int()>& road) {
     QApplication app(argc, argv);
     NameApplication();
     toolkit::ApplyLook(app);
@@ -116,7 +82,26 @@ int RunProgram(int argc, char** argv) {
         return TellFault(u"此系统的 Qt 缺少代码页 936（GBK），无法读写中文姓名和消息。\n"
                          "请安装带 ICU 支持的 Qt 6。"_s);
     }
-    return RunRoad(line);
+    return road();
+}
+
+int RunProgram(int argc, char** argv) {
+    const CommandLine line = ParseCommandLine(WordsOf(argc, argv));
+    if (!line.error.isEmpty()) {
+        Print(stderr, line.error + u"\n\n"_s + HelpText());
+        return kExitWrongWords;
+    }
+    if (line.road == Road::Help) {
+        Print(stdout, HelpText());
+        return kExitDone;
+    }
+    if (const auto lack = PreparePlatform(line)) {
+        Print(stderr, *lack);
+        return kExitFault;
+    }
+    return RunApplication(argc, argv, [&line] {
+        return line.road == Road::Import ? RunImport(line) : RunClient(line);
+    });
 }
 
 } // namespace host

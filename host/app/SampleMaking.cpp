@@ -60,7 +60,7 @@ bool CreateWithWindow(site::ISite& site, sample::SampleSize size, QString& error
 
 StartResult MakeSample(HostSession& session, const CommandLine& line) {
     QString error;
-    const bool isSeen = line.road == Road::Tour || !IsHeadless();
+    const bool isSeen = line.isWatched || !IsHeadless();
     const bool isMade = isSeen ? CreateWithWindow(session.Site(), line.sample, error)
                                : CreateWithLines(session.Site(), line.sample, error);
     return {isMade, error};

@@ -1,14 +1,14 @@
 #include "tests/monkey/Actions.h"
 
+#include "hands/Choices.h"
+#include "hands/Hands.h"
 #include "host/ui/Commands.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "tests/monkey/Faults.h"
-#include "tests/monkey/Hands.h"
 #include "tests/monkey/Neighbour.h"
 #include "tests/monkey/Targets.h"
-#include "tour/TourDriver.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -31,6 +31,7 @@ constexpr int kOften = 50;         ///< of a hundred
 constexpr int kSometimes = 25;     ///< of a hundred
 constexpr int kSeldom = 8;         ///< of a hundred
 constexpr int kMostWheelSteps = 7; ///< up and down
+constexpr int kMostKeys = 40;      ///< longer texts come at once
 
 void Tell(const QString& what) {
     Note(u"    "_s + what);
@@ -57,24 +58,24 @@ void DoMouse(const Deed& deed, const Surroundings& surroundings) {
     Tell(TextOf(widget) + PlaceText(place));
     switch (deed.kind) {
     case Kind::RightClick:
-        Click(widget, place, {Qt::RightButton, ModifiersFor(deed)});
+        hands::SendClick(widget, place, {Qt::RightButton, ModifiersFor(deed)});
         break;
     case Kind::DoubleClick:
-        DoubleClick(widget, place, {Qt::LeftButton, ModifiersFor(deed)});
+        hands::SendDoubleClick(widget, place, {Qt::LeftButton, ModifiersFor(deed)});
         break;
     case Kind::Hover:
-        Hover(widget, place);
+        hands::SendHover(widget, place);
         break;
     case Kind::Wheel:
-        Wheel(widget, place, deed.Of(7, 2 * kMostWheelSteps + 1) - kMostWheelSteps,
-              ModifiersFor(deed));
+        hands::SendWheel(widget, place, deed.Of(7, 2 * kMostWheelSteps + 1) - kMostWheelSteps,
+                         ModifiersFor(deed));
         break;
     case Kind::Drag:
-        Drag(widget, place,
-             QPoint(deed.Of(6, widget->width() + 1), deed.Of(7, widget->height() + 1)));
+        hands::SendDrag(widget, place,
+                        QPoint(deed.Of(6, widget->width() + 1), deed.Of(7, widget->height() + 1)));
         break;
     default:
-        Click(widget, place, {Qt::LeftButton, ModifiersFor(deed)});
+        hands::SendClick(widget, place, {Qt::LeftButton, ModifiersFor(deed)});
     }
 }
 
@@ -86,7 +87,7 @@ void DoCell(const Deed& deed, const Surroundings& surroundings) {
     }
     QList<QAbstractItemView*> views = window->findChildren<QAbstractItemView*>();
     views.removeIf([window](const QAbstractItemView* view) {
-        return view->window() != window || !CanReach(view) || view->model() == nullptr ||
+        return view->window() != window || !hands::CanReach(view) || view->model() == nullptr ||
                view->model()->rowCount() == 0;
     });
     if (views.isEmpty()) {
@@ -96,15 +97,15 @@ void DoCell(const Deed& deed, const Surroundings& surroundings) {
     QWidget* viewport = view->viewport();
     const QModelIndex cell =
         view->indexAt(QPoint(deed.Of(4, viewport->width()), deed.Of(5, viewport->height())));
-    if (!cell.isValid() || !CanReach(viewport)) {
+    if (!cell.isValid() || !hands::CanReach(viewport)) {
         return;
     }
     const QPoint place = view->visualRect(cell).center();
     Tell(u"%1 row %2 column %3"_s.arg(TextOf(view)).arg(cell.row()).arg(cell.column()));
     if (deed.Chance(3, kSometimes)) {
-        DoubleClick(viewport, place, {});
+        hands::SendDoubleClick(viewport, place, {});
     } else {
-        Click(viewport, place, {Qt::LeftButton, ModifiersFor(deed)});
+        hands::SendClick(viewport, place, {Qt::LeftButton, ModifiersFor(deed)});
     }
 }
 
@@ -116,12 +117,22 @@ void DoFlag(const Deed& deed, const Surroundings& surroundings) {
     }
     host::FloorPlanCanvas& canvas = client->Plan().Canvas();
     const auto& boxes = canvas.FlagsLayout().boxes;
-    if (boxes.empty() || !CanReach(&canvas)) {
+    if (boxes.empty() || !hands::CanReach(&canvas)) {
         return;
     }
     const QPoint place = boxes[size_t(deed.Of(1, qsizetype(boxes.size())))].rect.center().toPoint();
     Tell(u"flag"_s + PlaceText(place));
-    Click(&canvas, place, {deed.Chance(2, kSometimes) ? Qt::RightButton : Qt::LeftButton, {}});
+    hands::SendClick(&canvas, place,
+                     {deed.Chance(2, kSometimes) ? Qt::RightButton : Qt::LeftButton, {}});
+}
+
+void Type(QWidget* widget, const QString& text) {
+    if (text.size() <= kMostKeys) {
+        hands::SendText(widget, text);
+        return;
+    }
+    hands::BringUp(widget);
+    hands::CommitText(text);
 }
 
 void DoType(const Deed& deed, const Surroundings& surroundings) {
@@ -139,7 +150,7 @@ bool TakesText(const QWidget* widget, const QWidget* window) {
     const bool takes = qobject_cast<const QLineEdit*>(widget) != nullptr ||
                        qobject_cast<const QPlainTextEdit*>(widget) != nullptr ||
                        qobject_cast<const QTextEdit*>(widget) != nullptr;
-    return takes && widget->window() == window && CanReach(widget);
+    return takes && widget->window() == window && hands::CanReach(widget);
 }
 
 /// Of a field of its own, a list or a date; what is typed stays without Enter or Tab.
@@ -157,9 +168,9 @@ void DoEdit(const Deed& deed, const Surroundings& surroundings) {
     const QPointer<QWidget> field(fields[deed.Of(2, fields.size())]);
     const QString& text = ShortTexts()[deed.Of(3, ShortTexts().size())];
     Tell(u"'%1' into %2 of %3"_s.arg(text, TextOf(field->parentWidget()), TextOf(field)));
-    Click(field, {deed.Of(4, field->width()), field->height() / 2}, {});
+    hands::SendClick(field, {deed.Of(4, field->width()), field->height() / 2}, {});
     if (!field.isNull() && deed.Chance(5, kOften)) {
-        PressKey(field, Qt::Key_Backspace, {});
+        hands::SendKey(field, Qt::Key_Backspace, {});
     }
     if (!field.isNull()) {
         Type(field, text);
@@ -174,7 +185,7 @@ void DoKey(const Deed& deed, const Surroundings& surroundings) {
     }
     const KeyPress& press = Keys()[size_t(deed.Of(3, qsizetype(Keys().size())))];
     Tell(QKeySequence(press.modifiers | press.key).toString() + u" into "_s + TextOf(window));
-    PressKey(window, press.key, press.modifiers);
+    hands::SendKey(window, press.key, press.modifiers);
 }
 
 void DoShortcut(const Deed& deed, const Surroundings& surroundings) {
@@ -183,11 +194,11 @@ void DoShortcut(const Deed& deed, const Surroundings& surroundings) {
     const auto& rows = host::CommandTable();
     const host::CommandRow& row = rows[size_t(deed.Of(3, qsizetype(rows.size())))];
     const bool quits = row.command == host::Command::Quit && !deed.Chance(4, kSeldom);
-    if (client == nullptr || !CanReach(client) || row.key.isEmpty() || quits) {
+    if (client == nullptr || !hands::CanReach(client) || row.key.isEmpty() || quits) {
         return;
     }
     Tell(row.text);
-    PressKey(client, row.key[0].key(), row.key[0].keyboardModifiers());
+    hands::SendKey(client, row.key[0].key(), row.key[0].keyboardModifiers());
 }
 
 void CloseIt(const Deed& deed, QWidget* window) {
@@ -196,7 +207,7 @@ void CloseIt(const Deed& deed, QWidget* window) {
         return;
     }
     Tell(TextOf(window));
-    tour::CloseWindow(window);
+    hands::CloseWindow(window);
 }
 
 void DoWindow(const Deed& deed, const Surroundings& surroundings) {
@@ -236,7 +247,7 @@ void DoTaskBar(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     QList<QWidget*> windows = Windows();
     windows.removeIf([](const QWidget* window) {
-        return window->windowType() == Qt::Popup || !tour::CanReach(window);
+        return window->windowType() == Qt::Popup || !hands::CanReach(window);
     });
     if (windows.isEmpty()) {
         return;
@@ -254,12 +265,12 @@ void DoProject(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     const QWidget* client = ClientWindow();
     auto* combo = client == nullptr ? nullptr : client->findChild<QComboBox*>(u"projectChoice"_s);
-    if (combo == nullptr || combo->count() == 0 || !CanReach(combo)) {
+    if (combo == nullptr || combo->count() == 0 || !hands::CanReach(combo)) {
         return;
     }
     const QString entry = combo->itemText(deed.Of(1, combo->count()));
     Tell(entry);
-    tour::ChooseInCombo(combo, entry);
+    hands::ChooseInCombo(combo, entry);
 }
 
 void DoNeighbour(const Deed& deed, const Surroundings& surroundings) {
@@ -289,7 +300,7 @@ void DoDrop(const Deed& deed, const Surroundings& surroundings) {
         paths = QStringList{surroundings.dropFolder};
     }
     Tell(u"%1 paths"_s.arg(paths.size()));
-    tour::DropPaths(client, paths);
+    hands::DropPaths(client, paths);
 }
 
 using Way = void (*)(const Deed&, const Surroundings&);

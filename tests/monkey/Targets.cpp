@@ -1,7 +1,7 @@
 #include "tests/monkey/Targets.h"
 
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
-#include "tests/monkey/Hands.h"
 
 #include <QApplication>
 
@@ -43,7 +43,7 @@ QList<QWidget*> Windows() {
 QList<QWidget*> ReachableWindows() {
     QList<QWidget*> windows = Windows();
     windows.removeIf(
-        [](const QWidget* window) { return !CanReach(window) || window->isMinimized(); });
+        [](const QWidget* window) { return !hands::CanReach(window) || window->isMinimized(); });
     return windows;
 }
 
@@ -55,7 +55,7 @@ QWidget* WindowFor(const Deed& deed) {
     if (front == nullptr) {
         front = QApplication::activeWindow();
     }
-    if (front != nullptr && CanReach(front) && deed.Chance(0, kMostlyInFront)) {
+    if (front != nullptr && hands::CanReach(front) && deed.Chance(0, kMostlyInFront)) {
         return front;
     }
     const QList<QWidget*> windows = ReachableWindows();
@@ -70,7 +70,8 @@ QWidget* WidgetFor(const Deed& deed, QWidget* window) {
     const QList<QWidget*> below = window->findChildren<QWidget*>();
     for (QWidget* widget : below) {
         // What is scrolled or covered out of sight can't be hit.
-        if (widget->window() == window && CanReach(widget) && !widget->visibleRegion().isEmpty() &&
+        if (widget->window() == window && hands::CanReach(widget) &&
+            !widget->visibleRegion().isEmpty() &&
             !widget->testAttribute(Qt::WA_TransparentForMouseEvents)) {
             widgets << widget;
         }

@@ -1,5 +1,7 @@
 #include "tests/roads/ClientFixture.h"
 
+#include "hands/Choices.h"
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
@@ -8,7 +10,6 @@
 #include "site/ICatalogue.h"
 #include "site/sqlite/DataFolder.h"
 #include "tests/support/WaitFor.h"
-#include "tour/TourDriver.h"
 
 #include <QComboBox>
 #include <QCoreApplication>
@@ -51,12 +52,12 @@ void ClientOnAFolder::StartOnTheSampleSite() {
 
 bool ClientOnAFolder::Press(Qt::Key key) {
     return WaitFor(
-        [this, key] { return tour::PressKey(client->Window(), key, Qt::ControlModifier); });
+        [this, key] { return hands::PressKey(client->Window(), key, Qt::ControlModifier); });
 }
 
 bool ClientOnAFolder::ChooseProject(const QString& entry) {
     auto* combo = client->Window()->findChild<QComboBox*>(u"projectChoice"_s);
-    return WaitFor([combo, entry] { return tour::ChooseInCombo(combo, entry); });
+    return WaitFor([combo, entry] { return hands::ChooseInCombo(combo, entry); });
 }
 
 host::FloorPlanCanvas& ClientOnAFolder::Plan() const {

@@ -1,3 +1,4 @@
+#include "hands/Hands.h"
 #include "tests/roads/ClientFixture.h"
 
 #include "host/app/Faults.h"
@@ -16,7 +17,6 @@
 #include "tests/support/EngineFolder.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 
 #include <QDateTime>
@@ -172,13 +172,13 @@ TEST_F(ClientOnAFolder, HidingAPhotoInTheConsoleTakesItOffItsFlag) {
     ASSERT_TRUE(Press(Qt::Key_1));
     ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
     ASSERT_TRUE(WaitFor([] { return tour::ClickConsoleCheck(0); }));
-    ASSERT_TRUE(WaitFor([] { return tour::Click(tour::ConsoleControl(u"hideButton"_s)); }));
+    ASSERT_TRUE(WaitFor([] { return hands::Click(tour::ConsoleControl(u"hideButton"_s)); }));
     EXPECT_TRUE(WaitFor([this] { return FlagCounts() == std::vector<int>{4}; }));
 }
 
 TEST_F(ClientOnAFolder, UntickingAllInThePanelTakesTheFlagsAwayAndStaysForThePerson) {
     const auto click = [this](const QString& button) {
-        return WaitFor([&] { return tour::Click(tour::FindIn(client->Window(), button)); });
+        return WaitFor([&] { return hands::Click(tour::FindIn(client->Window(), button)); });
     };
     ASSERT_TRUE(click(u"noneButton"_s));
     EXPECT_TRUE(WaitFor([this] { return FlagCounts().empty(); }));
@@ -194,8 +194,8 @@ TEST_F(ClientOnAFolder, UntickingAllInThePanelTakesTheFlagsAwayAndStaysForThePer
 TEST_F(ClientOnAFolder, TheDisplayOfPhotoMarksIsSwitchedByItsKey) {
     const auto press = [this] {
         return WaitFor([this] {
-            return tour::PressKey(client->Window(), Qt::Key_1,
-                                  Qt::ControlModifier | Qt::ShiftModifier);
+            return hands::PressKey(client->Window(), Qt::Key_1,
+                                   Qt::ControlModifier | Qt::ShiftModifier);
         });
     };
     ASSERT_TRUE(press());
@@ -235,9 +235,10 @@ TEST_F(ClientOnAFolder, AFolderDroppedOnTheWindowIsImportedOnce) {
     folder.Write(u"photos/c.jpg"_s, "text");
     for (const QString& expected : {u"导入 2 张照片，重复 0 张，跳过 1 个文件。"_s,
                                     u"导入 0 张照片，重复 2 张，跳过 1 个文件。"_s}) {
-        ASSERT_TRUE(WaitFor([&] { return tour::DropPaths(client->Window(), {photos}); }));
+        ASSERT_TRUE(WaitFor([&] { return hands::DropPaths(client->Window(), {photos}); }));
         ASSERT_TRUE(WaitFor([] {
-            return tour::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
+            return hands::Click(
+                tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
         }));
         EXPECT_TRUE(WaitFor([&] {
             return !Messages().isEmpty() && Messages().front().startsWith(expected);
@@ -252,9 +253,9 @@ TEST_F(ClientOnAFolder, EveryFileThatAnImportLeftOutIsListed) {
         folder.Write(u"photos/%1.jpg"_s.arg(number), "text");
     }
     ASSERT_TRUE(
-        WaitFor([&] { return tour::DropPaths(client->Window(), {folder.Path(u"photos"_s)}); }));
+        WaitFor([&] { return hands::DropPaths(client->Window(), {folder.Path(u"photos"_s)}); }));
     ASSERT_TRUE(WaitFor([] {
-        return tour::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
+        return hands::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
     }));
     ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"importResult"_s) != nullptr; }));
     const auto* table =
@@ -271,7 +272,7 @@ TEST_F(ClientOnAFolder, WhatIsRestoredFromTheBinIsInTheConsoleAtOnce) {
     ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"binWindow"_s) != nullptr; }));
     auto* bin = tour::FindWindow(u"binWindow"_s);
     bin->findChild<QTableView*>(u"binTable"_s)->selectRow(0);
-    ASSERT_TRUE(WaitFor([&] { return tour::Click(tour::FindIn(bin, u"binRestore"_s)); }));
+    ASSERT_TRUE(WaitFor([&] { return hands::Click(tour::FindIn(bin, u"binRestore"_s)); }));
     EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
 }
 

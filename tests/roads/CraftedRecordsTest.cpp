@@ -1,5 +1,6 @@
 // Records that no client writes: of another version, by another program, by a fault of the disk.
 // They are shown where they can be, told where they can't, and never reach beyond their places.
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "site/IBin.h"
@@ -9,7 +10,6 @@
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 
@@ -67,7 +67,7 @@ protected:
         ASSERT_TRUE(WaitFor([&] { return tour::ConsoleTotal() == total; })) << tour::ConsoleTotal();
     }
     static void CloseConsole() {
-        ASSERT_TRUE(WaitFor([] { return tour::CloseWindow(tour::Console()); }));
+        ASSERT_TRUE(WaitFor([] { return hands::CloseWindow(tour::Console()); }));
     }
     QString StoredAt(qint32 picId) {
         const QString uuid =
@@ -129,12 +129,12 @@ TEST_F(CraftedRecords, TheViewerShowsACraftedPhotoInItsLinesAndStepsOn) {
     const qint32 crafted = site.photos[3];
     SetTexts(u"bim_photo"_s, {u"name"_s, u"description"_s, u"uploader"_s, u"updater"_s}, crafted);
     Set(u"bim_photo"_s, u"uploaded"_s, -1, crafted);
-    ASSERT_TRUE(WaitFor([this] { return tour::PressKey(client->Window(), Qt::Key_F5); }));
+    ASSERT_TRUE(WaitFor([this] { return hands::PressKey(client->Window(), Qt::Key_F5); }));
     ClickFlag(Plan(), site.positionKey, 1);
     ASSERT_NE(Viewer(), nullptr);
     const QSize size = Viewer()->size();
     for (int step = 0; step < 5; ++step) {
-        EXPECT_TRUE(WaitFor([] { return tour::PressKey(Viewer(), Qt::Key_Right); }));
+        EXPECT_TRUE(WaitFor([] { return hands::PressKey(Viewer(), Qt::Key_Right); }));
         EXPECT_FALSE(Viewer()->grab().isNull());
     }
     EXPECT_EQ(Viewer()->size(), size);
@@ -155,12 +155,12 @@ TEST_F(CraftedRecords,
     ASSERT_TRUE(QFile::remove(StoredAt(site.photos[3])));
     ClickFlag(Plan(), site.positionKey, 1);
     ASSERT_EQ(ViewerTitle(), u"照片4.jpg   (1/5)"_s);
-    EXPECT_TRUE(WaitFor([] { return tour::PressKey(Viewer(), Qt::Key_Right); }));
-    EXPECT_TRUE(WaitFor([] { return tour::PressKey(Viewer(), Qt::Key_Right); }));
+    EXPECT_TRUE(WaitFor([] { return hands::PressKey(Viewer(), Qt::Key_Right); }));
+    EXPECT_TRUE(WaitFor([] { return hands::PressKey(Viewer(), Qt::Key_Right); }));
     EXPECT_EQ(ViewerTitle(), u"照片2.jpg   (3/5)"_s);
     EXPECT_TRUE(WaitFor([] { return ViewerShows(ColorOf(2)); }));
     // By now whatever could be fetched of the others has been; the viewer's band says the rest.
-    EXPECT_TRUE(WaitFor([] { return tour::PressKey(Viewer(), Qt::Key_Home); }));
+    EXPECT_TRUE(WaitFor([] { return hands::PressKey(Viewer(), Qt::Key_Home); }));
     EXPECT_EQ(ViewerTitle(), u"照片4.jpg   (1/5)"_s);
     EXPECT_TRUE(WaitFor([this] { return Cached().size() == 3; })) << Cached().size();
     EXPECT_FALSE(ViewerShows(qRgb(255, 0, 255)));
@@ -211,7 +211,7 @@ TEST_F(CraftedRecords, TheBinListsCraftedEntriesAndSaysWhyOneCannotComeBack) {
     }
     const auto restore = [&](int row) {
         table->selectRow(row);
-        EXPECT_TRUE(WaitFor([&] { return tour::Click(tour::FindIn(window, u"binRestore"_s)); }));
+        EXPECT_TRUE(WaitFor([&] { return hands::Click(tour::FindIn(window, u"binRestore"_s)); }));
         support::RunPendingEvents();
     };
     const auto rowOf = [&](qint64 id) {

@@ -1,4 +1,5 @@
 // Downloads in the real client, through its console and a viewer of the real module.
+#include "hands/Hands.h"
 #include "tests/roads/ClientFixture.h"
 
 #include "host/app/ModuleLoader.h"
@@ -7,7 +8,6 @@
 #include "tests/support/WaitFor.h"
 #include "toolkit/windows/Prompts.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 
 #include <QApplication>
@@ -87,7 +87,7 @@ protected:
         }));
     }
     static bool PressDownload() {
-        return WaitFor([] { return tour::Click(tour::ConsoleControl(u"downloadButton"_s)); });
+        return WaitFor([] { return hands::Click(tour::ConsoleControl(u"downloadButton"_s)); });
     }
     void ViewFirstPhoto() {
         const QStringList before = WindowTitles();
@@ -145,7 +145,7 @@ TEST_F(DownloadsInTheClient, ABatchThatFailsSaysWhyAndBlocksNothing) {
     EXPECT_TRUE(Saved().isEmpty());
     EXPECT_TRUE(Cached().isEmpty());
     // Once the window would have come up, the client still takes orders.
-    EXPECT_TRUE(WaitFor([] { return tour::CloseWindow(tour::Console()); }));
+    EXPECT_TRUE(WaitFor([] { return hands::CloseWindow(tour::Console()); }));
     EXPECT_TRUE(Press(Qt::Key_B));
     EXPECT_TRUE(WaitFor([] { return tour::FindWindow(u"binWindow"_s) != nullptr; }));
 }
@@ -168,7 +168,7 @@ TEST_F(DownloadsInTheClient, ASlowBatchThatFailsLeavesAProgressWindowThatCanBeCl
     ASSERT_NE(progress, nullptr) << "it stays open";
     ASSERT_TRUE(WaitFor([progress] { return !progress->isModal(); }));
     EXPECT_TRUE(WaitFor([progress] {
-        return tour::Click(progress->findChild<QPushButton*>(u"progressCancel"_s));
+        return hands::Click(progress->findChild<QPushButton*>(u"progressCancel"_s));
     }));
     EXPECT_EQ(tour::FindWindow(u"progressWindow"_s), nullptr);
 }

@@ -1,4 +1,5 @@
 // From a row of the console into its editor and back, on a real data folder.
+#include "hands/Choices.h"
 #include "tests/roads/ClientFixture.h"
 
 #include "host/ui/MainWindow.h"
@@ -12,7 +13,6 @@
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 
 #include <QComboBox>
@@ -41,7 +41,7 @@ protected:
     bool EditFirstRow(const ModalVisit::Action& action) {
         const ModalVisit visit(kPhotoEditor, action);
         return WaitFor(
-            [] { return tour::ClickCell(tour::ConsoleGrid(), 0, ConsoleColumn(u"编辑"_s)); });
+            [] { return hands::ClickCell(tour::ConsoleGrid(), 0, ConsoleColumn(u"编辑"_s)); });
     }
     [[nodiscard]] qint32 Photo() const { return site.photos.back(); }
     [[nodiscard]] KX_DATA::BimPicDetail Detail() const {

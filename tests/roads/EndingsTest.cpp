@@ -4,7 +4,6 @@
 #include "tests/roads/ClientFixture.h"
 #include "tests/support/HalfTyped.h"
 #include "tests/support/WaitFor.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 
 #include <QApplication>

@@ -1,12 +1,12 @@
 // From a flag of the plan to its photos, from there into the editor, and what the marks say after
 // it.
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 
@@ -45,7 +45,7 @@ TEST_F(FlagRoad, FromAFlagOverTheNextPictureIntoTheEditorAndToTheFlagOfAnotherPl
 
     ClickFlag(Plan(), site.positionKey, 1);
     EXPECT_EQ(ViewerTitle(), u"照片4.jpg   (1/5)"_s);
-    EXPECT_TRUE(WaitFor([] { return tour::PressKey(Viewer(), Qt::Key_Right); }));
+    EXPECT_TRUE(WaitFor([] { return hands::PressKey(Viewer(), Qt::Key_Right); }));
     EXPECT_EQ(ViewerTitle(), u"照片3.jpg   (2/5)"_s);
     EXPECT_EQ(ViewerText(u"posText"_s), u"位置：-1层 2/B"_s);
     EXPECT_TRUE(WaitFor([] { return ViewerShows(ColorOf(3)); }));

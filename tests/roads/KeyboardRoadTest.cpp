@@ -1,10 +1,10 @@
 // From the console to a saved photo and through the viewer without a mouse.
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 
@@ -24,7 +24,7 @@ class KeyboardRoad : public PhotoRoad {
 protected:
     static void PressIn(QWidget* window, Qt::Key key,
                         Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
-        ASSERT_TRUE(WaitFor([&] { return tour::PressKey(window, key, modifiers); })) << key;
+        ASSERT_TRUE(WaitFor([&] { return hands::PressKey(window, key, modifiers); })) << key;
     }
     static QString FocusName() {
         const QWidget* focus = QApplication::focusWidget();

@@ -1,10 +1,10 @@
 // Lookups from the console that meet failing services, running downloads, the end of everything.
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourNames.h"
 
 namespace roads {
@@ -116,7 +116,7 @@ TEST_F(LookupFaults, EverythingIsClosedOneByOneDuringADownload) {
         LookUp(u"照片2.jpg"_s);
         CloseViewer();
         EXPECT_EQ(OpenWindows(), MainAndConsole());
-        ASSERT_TRUE(WaitFor([] { return tour::CloseWindow(Console()); }));
+        ASSERT_TRUE(WaitFor([] { return hands::CloseWindow(Console()); }));
         EXPECT_EQ(OpenWindows(), QStringList{tour::kMain});
     }
     EXPECT_TRUE(client->Window()->close());

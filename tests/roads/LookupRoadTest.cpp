@@ -1,4 +1,5 @@
 // From a row of the console to its photo's place and the viewer, and back to the console.
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FlagBlink.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
@@ -7,7 +8,6 @@
 #include "tests/support/EngineFolder.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
@@ -67,7 +67,7 @@ TEST_F(LookupRoad, FromARowToItsPlaceAndPhotoAndBackToTheSameRow) {
     EXPECT_EQ(ViewerText(u"uploaderText"_s), u"    上传人：张伟"_s);
     EXPECT_TRUE(WaitFor([] { return ViewerShows(ColorOf(2)); }));
 
-    EXPECT_TRUE(WaitFor([] { return tour::PressKey(Viewer(), Qt::Key_Right); }));
+    EXPECT_TRUE(WaitFor([] { return hands::PressKey(Viewer(), Qt::Key_Right); }));
     EXPECT_EQ(ViewerTitle(), u"照片1.jpg   (4/5)"_s);
     EXPECT_TRUE(WaitFor([] { return ViewerShows(ColorOf(1)); }));
 
@@ -81,7 +81,7 @@ TEST_F(LookupRoad, FromARowToItsPlaceAndPhotoAndBackToTheSameRow) {
 TEST_F(LookupRoad, TheConsoleComesBackWithItsKeywordAndItsHits) {
     OpenConsole();
     ASSERT_TRUE(WaitFor(
-        [] { return tour::TypeOver(tour::ConsoleControl(u"keywordCombo"_s), u"照片3"_s); }));
+        [] { return hands::TypeOver(tour::ConsoleControl(u"keywordCombo"_s), u"照片3"_s); }));
     ClickOn(*Console(), u"searchButton"_s);
     ASSERT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 1; }));
     LookUp(u"照片3.jpg"_s);
@@ -127,7 +127,7 @@ TEST_F(LookupRoad, ADoubleClickLooksUpToo) {
     ASSERT_TRUE(WaitFor([row] {
         QAbstractItemView* grid = tour::ConsoleGrid();
         const QModelIndex cell = grid->model()->index(row, tour::ConsoleColumn(u"照片名称"_s));
-        return tour::DoubleClickAt(grid->viewport(), grid->visualRect(cell).center());
+        return hands::DoubleClickAt(grid->viewport(), grid->visualRect(cell).center());
     }));
     EXPECT_EQ(ViewerTitle(), u"照片0.jpg   (5/5)"_s);
     EXPECT_TRUE(Console()->isMinimized());
@@ -135,7 +135,8 @@ TEST_F(LookupRoad, ADoubleClickLooksUpToo) {
 
 TEST_F(LookupRoad, WhileTheDisplayOfPhotoMarksIsOffTheConsoleStays) {
     ASSERT_TRUE(WaitFor([this] {
-        return tour::PressKey(client->Window(), Qt::Key_1, Qt::ControlModifier | Qt::ShiftModifier);
+        return hands::PressKey(client->Window(), Qt::Key_1,
+                               Qt::ControlModifier | Qt::ShiftModifier);
     }));
     OpenConsole();
     EXPECT_EQ(BoxDuring([this] { LookUp(u"照片2.jpg"_s); }), u"请先开启vesk图形显示再定位！"_s);

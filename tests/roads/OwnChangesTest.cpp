@@ -1,10 +1,11 @@
 // What the client's other windows learn of a change that is made in this client, and where a person
 // is told.
+#include "hands/Choices.h"
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 
 #include <QApplication>
@@ -24,16 +25,17 @@ protected:
         OpenConsole();
     }
     void Import(const QStringList& paths) {
-        ASSERT_TRUE(WaitFor([&] { return tour::DropPaths(client->Window(), paths); }));
+        ASSERT_TRUE(WaitFor([&] { return hands::DropPaths(client->Window(), paths); }));
         ASSERT_TRUE(WaitFor([] {
-            return tour::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
+            return hands::Click(
+                tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
         }));
     }
     static void ChooseInRowMenu(const QString& entry) {
         ASSERT_TRUE(WaitFor([] { return tour::OpenRowMenu(0); }));
         const auto menu = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
         ASSERT_TRUE(WaitFor([&] { return menu() != nullptr; }));
-        ASSERT_TRUE(WaitFor([&] { return tour::ClickInMenu(menu(), entry); }));
+        ASSERT_TRUE(WaitFor([&] { return hands::ClickInMenu(menu(), entry); }));
     }
 };
 

@@ -1,5 +1,6 @@
 // One number for a place everywhere: the database, the list of floors, the plan's title, card and
 // flags, the flags' menus and the mark panel say the same of every floor and every intersection.
+#include "hands/Hands.h"
 #include "host/ui/LocateText.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/marks/MarkPanelDock.h"
@@ -13,7 +14,6 @@
 #include "tests/roads/ClientFixture.h"
 #include "tests/support/EngineFolder.h"
 #include "tests/support/WaitFor.h"
-#include "tour/TourDriver.h"
 
 #include <QDateTime>
 
@@ -203,7 +203,7 @@ TEST_F(OneNumberOfAnOddSite, StaysOneAfterHidingDeletingAndBringingBack) {
               2);
     ASSERT_EQ(bin.Restore({bin.List().back().id}), 1);
     ASSERT_TRUE(support::WaitFor(
-        [this] { return tour::PressKey(client->Window(), Qt::Key_F5, Qt::NoModifier); }));
+        [this] { return hands::PressKey(client->Window(), Qt::Key_F5, Qt::NoModifier); }));
     ASSERT_TRUE(
         support::WaitFor([this] { return ListRow(IndexOfFloor(u"1"_s)) == u"1层（1）"_s; }));
     ExpectOneNumberEverywhere();

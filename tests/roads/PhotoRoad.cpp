@@ -1,12 +1,13 @@
 #include "tests/roads/PhotoRoad.h"
 
+#include "hands/Choices.h"
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/support/EngineFolder.h"
 #include "tests/support/HastyClock.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
@@ -56,7 +57,7 @@ void PhotoRoad::SetUp() {
     // longer waited for by viewers.
     OpenConsole();
     ASSERT_TRUE(Press(Qt::Key_1));
-    ASSERT_TRUE(WaitFor([] { return tour::CloseWindow(tour::Console()); }));
+    ASSERT_TRUE(WaitFor([] { return hands::CloseWindow(tour::Console()); }));
 }
 
 void PhotoRoad::LookForBoxes() {
@@ -131,8 +132,8 @@ void PhotoRoad::ToggleFloor(const QString& floorCaption) {
     ASSERT_NE(tree, nullptr);
     const QModelIndex floor = RowWith(*tree->model(), floorCaption);
     ASSERT_TRUE(floor.isValid()) << floorCaption.toStdString();
-    ASSERT_TRUE(WaitFor([&] { return tour::ClickCell(tree, floor.row(), 0); }));
-    ASSERT_TRUE(WaitFor([&] { return tour::PressKey(tree, Qt::Key_Space); }));
+    ASSERT_TRUE(WaitFor([&] { return hands::ClickCell(tree, floor.row(), 0); }));
+    ASSERT_TRUE(WaitFor([&] { return hands::PressKey(tree, Qt::Key_Space); }));
 }
 
 void PhotoRoad::ClickInPanel(const QString& button) {

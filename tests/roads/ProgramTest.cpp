@@ -18,8 +18,8 @@ struct ProgramEnd {
     QString err;
 };
 
-/// Runs the program itself to its end.
-ProgramEnd RunProgram(const QStringList& words, bool withPlatform = true) {
+/// Runs a program from beside the test to its end.
+ProgramEnd RunBeside(const QString& program, const QStringList& words, bool withPlatform) {
     QProcess process;
     QProcessEnvironment surroundings = QProcessEnvironment::systemEnvironment();
     if (!withPlatform) {
@@ -28,13 +28,17 @@ ProgramEnd RunProgram(const QStringList& words, bool withPlatform = true) {
         }
     }
     process.setProcessEnvironment(surroundings);
-    process.start(QDir(QCoreApplication::applicationDirPath()).filePath(u"vesk-client"_s), words);
+    process.start(QDir(QCoreApplication::applicationDirPath()).filePath(program), words);
     EXPECT_TRUE(process.waitForFinished(60'000));
     ProgramEnd end;
     end.code = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     end.out = QString::fromUtf8(process.readAllStandardOutput());
     end.err = QString::fromUtf8(process.readAllStandardError());
     return end;
+}
+
+ProgramEnd RunProgram(const QStringList& words, bool withPlatform = true) {
+    return RunBeside(u"vesk-client"_s, words, withPlatform);
 }
 
 TEST(Program, ExplainsItselfInChinese) {
@@ -50,11 +54,31 @@ TEST(Program, WordsThatMakeNoSenseEndItWithTheHelp) {
     EXPECT_TRUE(end.err.contains(u"用法："_s));
 }
 
+TEST(Program, AskedToWalkItNamesTheProgramThatDoesAndMakesNothing) {
+    const support::TempFolder folder;
+    const ProgramEnd end =
+        RunProgram({u"--tour"_s, folder.Path(u"out"_s), u"--data"_s, folder.Path(u"data"_s)});
+    EXPECT_EQ(end.code, 2);
+    EXPECT_TRUE(end.err.startsWith(u"走查客户端的是另一个程序：vesk-tour --tour"_s))
+        << end.err.toStdString();
+    EXPECT_TRUE(QDir(folder.Path()).isEmpty());
+}
+
+TEST(Program, TheWalkExplainsItselfAndRefusesWordsThatMakeNoSense) {
+    const ProgramEnd help = RunBeside(u"vesk-tour"_s, {u"--help"_s}, false);
+    EXPECT_EQ(help.code, 0);
+    EXPECT_TRUE(help.out.startsWith(u"用法："_s)) << help.out.toStdString();
+    const ProgramEnd end = RunBeside(u"vesk-tour"_s, {u"--nonsense"_s}, false);
+    EXPECT_EQ(end.code, 2);
+    EXPECT_TRUE(end.err.contains(u"--nonsense"_s)) << end.err.toStdString();
+    EXPECT_TRUE(end.err.contains(u"用法："_s));
+}
+
 TEST(Program, WithoutADisplayItSaysWhatCanBeDoneInstead) {
     const support::TempFolder folder;
     const ProgramEnd end = RunProgram({u"--data"_s, folder.Path()}, false);
     EXPECT_EQ(end.code, 1);
-    EXPECT_TRUE(end.err.contains(u"--tour"_s)) << end.err.toStdString();
+    EXPECT_TRUE(end.err.contains(u"vesk-tour --tour"_s)) << end.err.toStdString();
     EXPECT_TRUE(QDir(folder.Path()).isEmpty());
 }
 

@@ -1,10 +1,11 @@
 #include "tests/roads/RoadHands.h"
 
+#include "hands/Choices.h"
+#include "hands/Hands.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 
@@ -65,7 +66,7 @@ void PickFrom(QMenu* menu, const QString& entry) {
         if (!action->isEnabled() || !action->text().startsWith(first)) {
             continue;
         }
-        tour::ClickAt(menu, menu->actionGeometry(action).center());
+        hands::ClickAt(menu, menu->actionGeometry(action).center());
         if (entry != first) {
             PickFrom(action->menu(), entry.section(u'/', 1));
         }
@@ -78,23 +79,23 @@ void PickFrom(QMenu* menu, const QString& entry) {
 } // namespace
 
 void ClickOn(const QWidget& window, const QString& name) {
-    EXPECT_TRUE(WaitFor([&] { return tour::Click(tour::FindIn(&window, name)); }))
+    EXPECT_TRUE(WaitFor([&] { return hands::Click(tour::FindIn(&window, name)); }))
         << name.toStdString();
 }
 
 void ChooseIn(const QWidget& window, const QString& name, const QString& entry) {
     auto* combo = qobject_cast<QComboBox*>(tour::FindIn(&window, name));
-    EXPECT_TRUE(WaitFor([&] { return tour::ChooseInCombo(combo, entry); })) << name.toStdString();
+    EXPECT_TRUE(WaitFor([&] { return hands::ChooseInCombo(combo, entry); })) << name.toStdString();
 }
 
 void Type(const QWidget& window, const QString& name, const QString& text) {
-    EXPECT_TRUE(WaitFor([&] { return tour::TypeOver(tour::FindIn(&window, name), text); }))
+    EXPECT_TRUE(WaitFor([&] { return hands::TypeOver(tour::FindIn(&window, name), text); }))
         << name.toStdString();
 }
 
 void ClickRowIcon(int row, const QString& caption) {
     EXPECT_TRUE(WaitFor([&] {
-        return tour::ClickCell(tour::ConsoleGrid(), row, tour::ConsoleColumn(caption));
+        return hands::ClickCell(tour::ConsoleGrid(), row, tour::ConsoleColumn(caption));
     })) << caption.toStdString();
 }
 
@@ -126,7 +127,7 @@ host::MarkFlag PhotoFlag(const host::FloorPlanCanvas& plan, const QString& key, 
 }
 
 void ClickFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId) {
-    EXPECT_TRUE(WaitFor([&] { return tour::ClickAt(&plan, FlagPlace(plan, key, markId)); }));
+    EXPECT_TRUE(WaitFor([&] { return hands::ClickAt(&plan, FlagPlace(plan, key, markId)); }));
 }
 
 void ChooseOfFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId,
@@ -146,7 +147,7 @@ void ChooseOfFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId
     });
     look.start(kLookAgainMs);
     EXPECT_TRUE(WaitFor(
-        [&] { return tour::ClickAt(&plan, FlagPlace(plan, key, markId), Qt::RightButton); }));
+        [&] { return hands::ClickAt(&plan, FlagPlace(plan, key, markId), Qt::RightButton); }));
 }
 
 QWidget* Viewer() {
@@ -172,7 +173,7 @@ bool ViewerShows(QRgb color) {
 }
 
 void CloseViewer() {
-    EXPECT_TRUE(WaitFor([] { return tour::CloseWindow(Viewer()); }));
+    EXPECT_TRUE(WaitFor([] { return hands::CloseWindow(Viewer()); }));
     EXPECT_EQ(Viewer(), nullptr);
 }
 

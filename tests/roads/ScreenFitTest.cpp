@@ -1,4 +1,5 @@
 // Every window on small screens: run once for each of the screens in screens/.
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/SignInDialog.h"
 #include "tests/roads/ClientFixture.h"
@@ -6,7 +7,6 @@
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
@@ -153,7 +153,7 @@ TEST_F(SmallScreen, TheListOfKeysFits) {
         keys.close();
     });
     ASSERT_TRUE(
-        WaitFor([this] { return tour::PressKey(client->Window(), Qt::Key_F1, Qt::NoModifier); }));
+        WaitFor([this] { return hands::PressKey(client->Window(), Qt::Key_F1, Qt::NoModifier); }));
 }
 
 TEST_F(SmallScreen, TheSignInFits) {

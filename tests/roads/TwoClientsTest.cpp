@@ -1,5 +1,6 @@
 // Two clients on one data folder: what one of them sees of the other's changes while its console
 // stands open on the same photos, and what its own actions on them do.
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/marks/MarkPanelDock.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
@@ -10,7 +11,6 @@
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 
@@ -32,7 +32,7 @@ protected:
         OpenConsole();
     }
     void Refresh() {
-        EXPECT_TRUE(WaitFor([] { return tour::PressKey(Console(), Qt::Key_F5); }));
+        EXPECT_TRUE(WaitFor([] { return hands::PressKey(Console(), Qt::Key_F5); }));
     }
     void Tick(const QStringList& names) {
         for (const QString& name : names) {
@@ -157,8 +157,8 @@ TEST_F(TwoClients, WhatTheOtherEditedIsInTheEditorAfterARefreshAndOutlastsASaveO
 TEST_F(TwoClients, TheMainWindowSaysTheOthersChangesAfterItsOwnRefresh) {
     HideByTheOther({site.photos[0], site.photos[1]}, 1);
     Other().DeletePhotos({site.photos[2]});
-    ASSERT_TRUE(WaitFor([] { return tour::CloseWindow(Console()); }));
-    ASSERT_TRUE(WaitFor([this] { return tour::PressKey(client->Window(), Qt::Key_F5); }));
+    ASSERT_TRUE(WaitFor([] { return hands::CloseWindow(Console()); }));
+    ASSERT_TRUE(WaitFor([this] { return hands::PressKey(client->Window(), Qt::Key_F5); }));
     EXPECT_EQ(PhotoFlag(Plan(), site.positionKey, 1).count, 2);
     EXPECT_EQ(FlagCounts(), (std::vector<int>{1, 2})) << "转角, and 照片3 and 4";
 }

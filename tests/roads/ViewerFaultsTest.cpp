@@ -1,11 +1,11 @@
 // What other clients and a failing database do to an open photo viewer, and to one that is to be
 // opened.
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/WaitFor.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourDriver.h"
 #include "tour/TourNames.h"
 
 namespace roads {
@@ -17,7 +17,7 @@ using support::WaitFor;
 class ViewerFaults : public PhotoRoad {
 protected:
     static void PressInViewer(Qt::Key key) {
-        EXPECT_TRUE(WaitFor([key] { return tour::PressKey(Viewer(), key); }));
+        EXPECT_TRUE(WaitFor([key] { return hands::PressKey(Viewer(), key); }));
     }
 };
 
@@ -31,7 +31,7 @@ TEST_F(ViewerFaults, APlaceWhosePhotosAreAllGoneOpensWithoutAPictureUntilItsFlag
     PressInViewer(Qt::Key_Right);
     PressInViewer(Qt::Key_End);
     CloseViewer();
-    ASSERT_TRUE(WaitFor([this] { return tour::PressKey(client->Window(), Qt::Key_F5); }));
+    ASSERT_TRUE(WaitFor([this] { return hands::PressKey(client->Window(), Qt::Key_F5); }));
     EXPECT_EQ(PhotoFlag(Plan(), site.positionKey, 1).count, 0);
     EXPECT_EQ(FlagCounts(), std::vector<int>{1});
 }

@@ -1,15 +1,17 @@
 #include "tests/support/Hands.h"
 
+#include "hands/Choices.h"
+#include "hands/Hands.h"
+#include "tests/support/WaitFor.h"
 #include "toolkit/windows/BalloonTip.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
-#include <QInputMethodEvent>
 #include <QLineEdit>
-#include <QtTest/QTest>
 
 #include <gtest/gtest.h>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -19,48 +21,35 @@ namespace {
 
 constexpr int kMostTabs = 40;
 
+/// A window that was just shown comes to the foreground when the event loop runs.
+void ExpectDone(const std::function<bool()>& deed, QWidget& control) {
+    const std::string name = control.objectName().toStdString();
+    ASSERT_TRUE(hands::CanReach(&control)) << name;
+    ASSERT_TRUE(WaitFor([&control] { return hands::BringUp(&control); })) << name;
+    ASSERT_TRUE(deed()) << name;
+}
+
 } // namespace
 
 void Click(QWidget* control) {
-    ASSERT_TRUE(control->isVisible()) << control->objectName().toStdString();
-    QTest::mouseClick(control, Qt::LeftButton);
+    ExpectDone([control] { return hands::Click(control); }, *control);
 }
 
 void DropDown(QComboBox& box) {
-    ASSERT_TRUE(box.isVisible()) << box.objectName().toStdString();
-    // On its arrow: elsewhere a box with an edit field takes the click for its text.
-    QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(box.width() - 6, box.height() / 2));
+    ExpectDone([&box] { return hands::DropDown(&box); }, box);
 }
 
 void CloseList(QComboBox& box) {
-    if (box.view()->isVisible()) {
-        QTest::keyClick(box.view(), Qt::Key_Escape);
-    }
+    hands::CloseList(&box);
 }
 
 void Choose(QComboBox& box, int index) {
-    DropDown(box);
-    ASSERT_TRUE(box.view()->isVisible()) << box.objectName().toStdString();
-    QTest::keyClick(box.view(), Qt::Key_Home);
-    for (int step = 0; step < index; ++step) {
-        QTest::keyClick(box.view(), Qt::Key_Down);
-    }
-    QTest::keyClick(box.view(), Qt::Key_Return);
+    ExpectDone([&box, index] { return hands::ChooseRow(&box, index); }, box);
 }
 
 void TypeOver(QLineEdit& edit, const QString& text) {
-    edit.setFocus();
-    edit.selectAll();
-    QTest::keyClick(&edit, Qt::Key_Delete);
-    for (const QChar character : text) {
-        if (character.unicode() < 0x80) {
-            QTest::keyClick(&edit, character.toLatin1());
-            continue;
-        }
-        QInputMethodEvent commit;
-        commit.setCommitString(character);
-        QCoreApplication::sendEvent(&edit, &commit);
-    }
+    ExpectDone([&edit] { return hands::TypeOver(&edit, {}); }, edit);
+    hands::SendText(&edit, text);
 }
 
 std::vector<std::string> Entries(const QComboBox& box) {
@@ -92,7 +81,7 @@ std::vector<std::string> TabOrder(QWidget* first) {
     first->setFocus();
     std::vector<std::string> names = {FocusedName()};
     for (int step = 0; step < kMostTabs; ++step) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        hands::SendKey(first, Qt::Key_Tab);
         if (FocusedName() == names.front()) {
             return names;
         }

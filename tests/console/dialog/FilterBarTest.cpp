@@ -39,8 +39,18 @@ protected:
         bar.Init();
         bar.FillStates();
         bar.Connect();
+        PutInARow();
         dialog.ShowRestored();
         Log().Clear();
+    }
+    /// Apart from each other, as the console lays them out; the rest of its controls stays above.
+    void PutInARow() {
+        int right = 0;
+        for (QWidget* control : controls->Filters()) {
+            control->move(right, 100);
+            right += control->width();
+        }
+        dialog.Widget()->resize(right, 200);
     }
 
     CPopTipDlg dialog;

@@ -37,7 +37,14 @@ protected:
                  }}};
     }
     [[nodiscard]] std::map<std::string, std::function<void()>> Endings() {
-        return {{"cancel", [this] { support::Click(&Cancel()); }},
+        return {{"cancel",
+                 [this] {
+                     support::Click(&Cancel());
+                     // The first click only ends an open list.
+                     if (IsOpen()) {
+                         support::Click(&Cancel());
+                     }
+                 }},
                 {"close", [this] { Window()->close(); }},
                 {"destroy", [this] { Editor().Destroy(); }},
                 {"project",
