@@ -1,16 +1,14 @@
 #include "tests/monkey/Neighbour.h"
 
 #include "site/DataError.h"
-#include "site/FloorOrder.h"
 #include "site/blobs/FileStore.h"
 #include "site/sqlite/Bin.h"
-#include "site/sqlite/Catalogue.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/monkey/Faults.h"
+#include "tests/roads/FolderChanges.h"
 #include "tests/roads/SmallSite.h"
 
-#include <QDateTime>
 #include <QFile>
 
 namespace monkey {
@@ -21,17 +19,11 @@ namespace {
 
 constexpr qint64 kTime = 1'700'000'000;
 
-site::Signature By() {
-    return {u"李娜"_s, QDateTime::currentSecsSinceEpoch()};
-}
-
 } // namespace
 
 Neighbour::Neighbour(const QString& dataFolder) : m_data(dataFolder) {
-    site::DataFolder::Options options;
-    options.cleanUp = false;
-    if (const auto fault = m_data.Open(options)) {
-        TellFault(fault->text);
+    if (const QString fault = roads::OpenBeside(m_data); !fault.isEmpty()) {
+        TellFault(fault);
     }
 }
 
@@ -80,23 +72,16 @@ QVariant Neighbour::OneOf(const QString& column, const QString& table, const Dee
                              {deed.Of(1, count)});
 }
 
-site::Projects Neighbour::Projects() {
-    site::Projects projects;
-    for (const site::ProjectEntry& project : site::Catalogue(m_data.Db()).Projects()) {
-        projects.push_back(project.ppid);
-    }
-    return projects;
-}
-
 QString Neighbour::DeletePhoto(const Deed& deed) {
     const qint32 photo = OneOf(u"id"_s, u"bim_photo"_s, deed).toInt();
-    site::Bin(m_data.Db(), m_data.Store()).DeleteBimPhotos(Projects(), {photo}, By());
+    roads::DeletePhotos(m_data, {photo});
     return QString::number(photo);
 }
 
 QString Neighbour::DeleteIssue(const Deed& deed) {
     QString issue = OneOf(u"question_id"_s, u"issue"_s, deed).toString();
-    site::Bin(m_data.Db(), m_data.Store()).DeleteIssues(Projects(), {issue}, By());
+    site::Bin(m_data.Db(), m_data.Store())
+        .DeleteIssues(roads::AllProjects(m_data), {issue}, roads::OtherPerson());
     return issue;
 }
 
@@ -138,13 +123,7 @@ QString Neighbour::RenameFloor(const Deed& deed) {
     if (from.isEmpty()) {
         return u"none"_s;
     }
-    site::SiteWriter(m_data).AddFloor(ppid, to);
-    m_data.Db().Exec(u"UPDATE position SET floor = ? WHERE ppid = ? AND floor = ?"_s,
-                     {to, ppid, from});
-    m_data.Db().Exec(
-        u"UPDATE bim_photo SET floor = ?, floor_sort = ? WHERE ppid = ? AND floor = ?"_s,
-        {to, site::FloorSortKey(to), ppid, from});
-    m_data.Db().Exec(u"DELETE FROM floor WHERE ppid = ? AND name = ?"_s, {ppid, from});
+    roads::RenameFloor(m_data, ppid, from, to);
     return from;
 }
 
@@ -167,7 +146,7 @@ QString Neighbour::DamageFile(const Deed& deed) {
 
 QString Neighbour::PhotosAway(const Deed& deed) {
     Q_UNUSED(deed);
-    m_data.Db().Exec(u"ALTER TABLE bim_photo RENAME TO bim_photo_away"_s);
+    roads::TakePhotosAway(m_data);
     m_photosAway = true;
     return u"away"_s;
 }
@@ -176,7 +155,7 @@ void Neighbour::BringPhotosBack() {
     if (!m_photosAway) {
         return;
     }
-    m_data.Db().Exec(u"ALTER TABLE bim_photo_away RENAME TO bim_photo"_s);
+    roads::BringPhotosBack(m_data);
     m_photosAway = false;
 }
 

@@ -1,7 +1,6 @@
 // Another client on the same folder, which changes things without telling anybody.
 #pragma once
 
-#include "site/Records.h"
 #include "site/sqlite/DataFolder.h"
 #include "tests/monkey/Deeds.h"
 
@@ -36,7 +35,6 @@ private:
     QString DamageFile(const Deed& deed);
     QString PhotosAway(const Deed& deed);
     QString EmptyBin(const Deed& deed);
-    [[nodiscard]] site::Projects Projects();
     [[nodiscard]] QVariant OneOf(const QString& column, const QString& table, const Deed& deed);
 
     site::DataFolder m_data;

@@ -1,43 +1,23 @@
 #include "tests/roads/OtherClient.h"
 
-#include "site/FloorOrder.h"
 #include "site/sqlite/BimPhotos.h"
-#include "site/sqlite/Database.h"
-#include "site/sqlite/SiteWriter.h"
 #include "site/sqlite/SqliteSite.h"
-
-#include <QDateTime>
+#include "tests/roads/FolderChanges.h"
 
 #include <gtest/gtest.h>
 
 namespace roads {
 
-using namespace Qt::StringLiterals;
-
 OtherClient::OtherClient(const QString& dataFolder) : m_data(dataFolder) {
-    site::DataFolder::Options options;
-    options.cleanUp = false;
-    EXPECT_FALSE(m_data.Open(options));
+    EXPECT_EQ(OpenBeside(m_data), QString());
 }
 
 void OtherClient::DeletePhotos(const std::vector<qint32>& picIds) {
-    site::SqliteSite engine(m_data);
-    site::Projects projects;
-    for (const site::ProjectEntry& project : engine.Catalogue().Projects()) {
-        projects.push_back(project.ppid);
-    }
-    const site::Signature by{u"李娜"_s, QDateTime::currentSecsSinceEpoch()};
-    EXPECT_EQ(engine.Bin().DeleteBimPhotos(projects, picIds, by), int(picIds.size()));
+    EXPECT_EQ(roads::DeletePhotos(m_data, picIds), int(picIds.size()));
 }
 
 void OtherClient::RenameFloor(qint32 ppid, const QString& from, const QString& to) {
-    site::SiteWriter(m_data).AddFloor(ppid, to);
-    m_data.Db().Exec(u"UPDATE position SET floor = ? WHERE ppid = ? AND floor = ?"_s,
-                     {to, ppid, from});
-    m_data.Db().Exec(
-        u"UPDATE bim_photo SET floor = ?, floor_sort = ? WHERE ppid = ? AND floor = ?"_s,
-        {to, site::FloorSortKey(to), ppid, from});
-    m_data.Db().Exec(u"DELETE FROM floor WHERE ppid = ? AND name = ?"_s, {ppid, from});
+    roads::RenameFloor(m_data, ppid, from, to);
 }
 
 KX_DATA::BimPicDetail OtherClient::Photo(qint32 ppid, qint32 picId) {
@@ -47,11 +27,11 @@ KX_DATA::BimPicDetail OtherClient::Photo(qint32 ppid, qint32 picId) {
 }
 
 void OtherClient::TakePhotosAway() {
-    m_data.Db().Exec(u"ALTER TABLE bim_photo RENAME TO bim_photo_away"_s);
+    roads::TakePhotosAway(m_data);
 }
 
 void OtherClient::BringPhotosBack() {
-    m_data.Db().Exec(u"ALTER TABLE bim_photo_away RENAME TO bim_photo"_s);
+    roads::BringPhotosBack(m_data);
 }
 
 } // namespace roads
