@@ -3,22 +3,20 @@
 namespace gallery {
 
 std::optional<Download> DownloadQueue::TakeNext() {
-    const auto next = NextDownload(m_state->items, m_state->visible, m_state->currentIndex);
+    const auto next = NextDownload(m_state.items, m_state.visible, m_state.currentIndex);
     return next ? Take(*next) : std::nullopt;
 }
 
 std::optional<Download> DownloadQueue::Take(const DownloadKey& key) {
-    if (m_state->activeDownloads >= m_state->maxDownloads) {
+    if (m_state.activeDownloads >= m_state.maxDownloads) {
         return std::nullopt;
     }
-    ++m_state->activeDownloads;
-    if (qint32* state = StateOf(key)) {
-        *state = kDownloading;
-    }
+    ++m_state.activeDownloads;
+    SetState(key, kDownloading);
     if (key.index == kExtraAudio) {
-        return Download{key, m_extra->uuid, m_extra->path};
+        return Download{key, m_extra.uuid, m_extra.path};
     }
-    const GalleryItem* item = m_state->ItemAt(key.index);
+    const GalleryItem* item = m_state.ItemAt(key.index);
     if (item == nullptr) {
         return Download{key, {}, {}};
     }
@@ -27,27 +25,25 @@ std::optional<Download> DownloadQueue::Take(const DownloadKey& key) {
 }
 
 void DownloadQueue::Finish(const DownloadKey& key, qint32 status) {
-    if (qint32* state = StateOf(key)) {
-        *state = status == 0 ? kOnDisk : kDownloadFailedState;
-    }
+    SetState(key, status == 0 ? kOnDisk : kDownloadFailedState);
 }
 
 bool DownloadQueue::NoteProgress(const DownloadKey& key, int percent) {
     if (key.index == kExtraAudio) {
-        m_extra->progress = percent;
+        m_extra.progress = percent;
         return true;
     }
     if (key.kind == DownloadKind::Audio) {
         return false;
     }
-    if (GalleryItem* item = m_state->ItemAt(key.index)) {
+    if (GalleryItem* item = m_state.ItemAt(key.index)) {
         item->picProgress = percent;
     }
     return true;
 }
 
 StripTick DownloadQueue::Tick(bool& running) const {
-    const bool pending = AnyVisiblePending(m_state->items, m_state->visible);
+    const bool pending = AnyVisiblePending(m_state.items, m_state.visible);
     if (pending == running) {
         return StripTick::Leave;
     }
@@ -55,15 +51,12 @@ StripTick DownloadQueue::Tick(bool& running) const {
     return pending ? StripTick::Start : StripTick::Stop;
 }
 
-qint32* DownloadQueue::StateOf(const DownloadKey& key) {
+void DownloadQueue::SetState(const DownloadKey& key, DownloadState state) {
     if (key.index == kExtraAudio) {
-        return &m_extra->state;
+        m_extra.state = state;
+    } else if (GalleryItem* item = m_state.ItemAt(key.index)) {
+        (key.kind == DownloadKind::Picture ? item->picState : item->audioState) = state;
     }
-    GalleryItem* item = m_state->ItemAt(key.index);
-    if (item == nullptr) {
-        return nullptr;
-    }
-    return key.kind == DownloadKind::Picture ? &item->picState : &item->audioState;
 }
 
 } // namespace gallery

@@ -33,7 +33,7 @@ enum class StripTick { Leave, Start, Stop };
 /// interface.
 class DownloadQueue final {
 public:
-    DownloadQueue(GalleryState& state, ExtraAudio& extra) : m_state(&state), m_extra(&extra) {}
+    DownloadQueue(GalleryState& state, ExtraAudio& extra) : m_state(state), m_extra(extra) {}
 
     /// The next one in the order of NextDownload, from now on running; none while enough run, and
     /// if nothing waits.
@@ -42,7 +42,7 @@ public:
     [[nodiscard]] std::optional<Download> Take(const DownloadKey& key);
 
     /// One has ended: there is room for the next. Its state stays as it is until Finish.
-    void MakeRoom() { --m_state->activeDownloads; }
+    void MakeRoom() { --m_state.activeDownloads; }
     /// @param status  0, or why it failed.
     void Finish(const DownloadKey& key, qint32 status);
     /// Notes how far a picture or the extra note has come. False: the percent of an item's note,
@@ -53,11 +53,11 @@ public:
     [[nodiscard]] StripTick Tick(bool& running) const;
 
 private:
-    /// Null for an index that is not in the list.
-    [[nodiscard]] qint32* StateOf(const DownloadKey& key);
+    /// An index that is not in the list changes nothing.
+    void SetState(const DownloadKey& key, DownloadState state);
 
-    GalleryState* m_state;
-    ExtraAudio* m_extra;
+    GalleryState& m_state;
+    ExtraAudio& m_extra;
 };
 
 } // namespace gallery
