@@ -25,10 +25,7 @@ void DecodeJob::Finish(const QImage& result) {
     m_done.notify_all();
 }
 
-QImage DecodeJob::Get() {
-    if (Begin()) {
-        Finish(toolkit::DecodePicture(m_request, &m_stop));
-    }
+QImage DecodeJob::Await() {
     std::unique_lock lock(m_lock);
     m_done.wait(lock, [this] { return m_state == State::Done; });
     return m_result;

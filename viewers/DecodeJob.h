@@ -1,4 +1,4 @@
-// One picture to be decoded, by whoever comes first: the thread that needs it or one that has time.
+// One picture to be decoded by the decoders.
 #pragma once
 
 #include "toolkit/media/PictureFile.h"
@@ -13,14 +13,13 @@ namespace gallery {
 /// Decoded at most once. Shared between the interface thread and the decoders; thread: any.
 class DecodeJob final {
 public:
-    /// @param whenDone  runs on the decoder that finished the job; not after Get did the work
-    ///                  itself, nor after GiveUp. May be empty.
+    /// @param whenDone  runs on the decoder that finished the job; not after GiveUp. May be empty.
     explicit DecodeJob(toolkit::PictureRequest request, std::function<void()> whenDone = {});
 
     [[nodiscard]] const toolkit::PictureRequest& Request() const { return m_request; }
-    /// The picture: decodes it on the calling thread if nobody has begun, waits for whoever has.
-    /// Null if it can't be decoded or was given up.
-    [[nodiscard]] QImage Get();
+    /// The picture, once a decoder has done it: holds the calling thread until then, which decodes
+    /// nothing itself. Null if it can't be decoded or was given up. For a job that was handed in.
+    [[nodiscard]] QImage Await();
     /// Null while the job isn't done.
     [[nodiscard]] QImage GetIfDone() const;
     [[nodiscard]] bool IsDone() const;

@@ -64,35 +64,60 @@ private:
         }
     }
 
-    /// Null if nothing waits in the first `queues`. Called with the lock.
-    std::shared_ptr<DecodeJob> Take(size_t queues) {
-        for (size_t i = 0; i < queues; ++i) {
+    struct Taken {
+        std::shared_ptr<DecodeJob> job;
+        bool wanted = false;
+    };
+
+    /// No job if nothing waits in the first `queues`. Called with the lock.
+    Taken Take(size_t queues) {
+        // Somebody waits: thumbnails leave him the memory and the cores.
+        const size_t open = m_wantedRunning > 0 ? std::min(queues, kNotStrip) : queues;
+        for (size_t i = 0; i < open; ++i) {
             if (!m_queues[i].empty()) {
-                std::shared_ptr<DecodeJob> job = m_queues[i].front();
+                Taken taken{m_queues[i].front(), i == size_t(Urgency::Wanted)};
                 m_queues[i].pop_front();
-                return job;
+                m_wantedRunning += taken.wanted ? 1 : 0;
+                return taken;
             }
         }
-        return nullptr;
+        return {};
+    }
+
+    void EndWanted() {
+        {
+            const std::lock_guard lock(m_lock);
+            --m_wantedRunning;
+        }
+        m_wake.notify_all();
     }
 
     void Work(const std::stop_token& stop, size_t queues) {
         while (true) {
-            std::shared_ptr<DecodeJob> job;
+            Taken taken;
             {
                 std::unique_lock lock(m_lock);
-                m_wake.wait(lock, stop, [&] { return (job = Take(queues)) != nullptr; });
-                if (stop.stop_requested()) {
-                    return;
-                }
+                m_wake.wait(lock, stop, [&] {
+                    taken = Take(queues);
+                    return taken.job != nullptr;
+                });
             }
-            job->Run();
+            if (taken.job && !stop.stop_requested()) {
+                taken.job->Run();
+            }
+            if (taken.wanted) {
+                EndWanted();
+            }
+            if (stop.stop_requested()) {
+                return;
+            }
         }
     }
 
     std::mutex m_lock; ///< guards what follows
     std::condition_variable_any m_wake;
     std::array<Queue, kUrgencies> m_queues; ///< by Urgency
+    int m_wantedRunning = 0;
     std::vector<std::jthread> m_threads;
 };
 
@@ -110,6 +135,13 @@ unsigned DecoderCount(unsigned cores) {
 
 void DecodeInBackground(const std::shared_ptr<DecodeJob>& job, Urgency urgency) {
     ThePool().Add(job, urgency);
+}
+
+QImage AwaitDecoded(const std::shared_ptr<DecodeJob>& job) {
+    if (!job->IsDone()) {
+        DecodeInBackground(job, Urgency::Wanted);
+    }
+    return job->Await();
 }
 
 void JoinDecoders() {

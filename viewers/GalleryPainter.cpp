@@ -214,7 +214,7 @@ void PaintSlide(QPainter& painter, const GalleryState& state, const SlideScene& 
     const QRect oldPlace = scene.slide.OldAt(scene.offset);
     const QRect newPlace = scene.slide.NewAt(scene.offset);
     if (oldPlace.intersects(bounds)) {
-        painter.drawImage(oldPlace.topLeft(), scene.oldImage);
+        DrawPlaced(painter, {oldPlace, scene.oldImage});
     }
     if (newPlace.intersects(bounds)) {
         painter.drawImage(newPlace.topLeft(), scene.newImage);

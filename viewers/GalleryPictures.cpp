@@ -2,14 +2,12 @@
 
 #include "toolkit/media/PictureFile.h"
 #include "toolkit/media/PictureRects.h"
-#include "toolkit/windows/WaitCursor.h"
 #include "toolkit/windows/WindowRegistry.h"
 #include "viewers/Decoders.h"
 
 #include <algorithm>
 #include <cmath>
 #include <functional>
-#include <optional>
 
 namespace gallery {
 
@@ -17,7 +15,6 @@ namespace {
 
 constexpr int kFrame = 1;       ///< of a thumbnail, on each side
 constexpr int kThumbsKept = 48; ///< beyond each end of the visible range
-constexpr qint64 kSlowPixels = 40'000'000;
 /// Corners of decoded parts lie on whole blocks of JPEG files.
 constexpr int kBlock = 8;
 
@@ -83,6 +80,14 @@ void MarkUnreadable(GalleryItem& item) {
     item.thumbDC.reset();
 }
 
+SizeReader FileSizes(GalleryState& state) {
+    return [&state](int index) {
+        GalleryItem* item = state.ItemAt(index);
+        // The file counts, not the state of its download; required as is.
+        return item == nullptr ? QSize() : GalleryPictures::SizeOf(*item);
+    };
+}
+
 QSize DeviceSize(const QSize& size, qreal ratio) {
     return {qRound(size.width() * ratio), qRound(size.height() * ratio)};
 }
@@ -94,12 +99,8 @@ QSize GalleryPictures::SizeOf(GalleryItem& item) {
     return item.picSize;
 }
 
-QImage GalleryPictures::Big(const GalleryItem& item, const QSize& size, qreal ratio) {
-    std::optional<toolkit::WaitCursor> wait;
-    if (qint64(item.picSize.width()) * item.picSize.height() > kSlowPixels) {
-        wait.emplace();
-    }
-    QImage image = m_cache.Get(item.picPath, DeviceSize(size, ratio));
+QImage GalleryPictures::AwaitBig(const GalleryItem& item, const QSize& size, qreal ratio) {
+    QImage image = m_cache.Await(item.picPath, DeviceSize(size, ratio));
     image.setDevicePixelRatio(ratio);
     return image;
 }
@@ -206,18 +207,22 @@ std::vector<int> GalleryPictures::TakeThumbs(std::vector<GalleryItem>& items, qr
     return changed;
 }
 
-void GalleryPictures::MakeThumbs(std::vector<GalleryItem>& items, const ItemRange& range,
-                                 qreal ratio, toolkit::WindowId window) {
+void GalleryPictures::AwaitThumbs(std::vector<GalleryItem>& items, const ItemRange& range,
+                                  qreal ratio, toolkit::WindowId window) {
     AskForThumbs(items, range, ratio, window, false);
-    // The decoders begin at the near end, this thread at the far one, until they meet.
-    for (auto job = m_thumbs.rbegin(); job != m_thumbs.rend(); ++job) {
-        static_cast<void>((*job)->Get());
+    // All decoders do them, the one too that has no time for thumbnails otherwise.
+    for (const std::shared_ptr<DecodeJob>& job : m_thumbs) {
+        DecodeInBackground(job, Urgency::Wanted);
+    }
+    for (const std::shared_ptr<DecodeJob>& job : m_thumbs) {
+        static_cast<void>(job->Await());
     }
     static_cast<void>(TakeThumbs(items, ratio));
 }
 
-void GalleryPictures::MakeDefault(const QString& path, const QSize& size, qreal ratio) {
-    if (m_defaultPicDC) {
+void GalleryPictures::WantDefault(const QString& path, const QSize& size, qreal ratio,
+                                  toolkit::WindowId window) {
+    if (m_default) {
         return;
     }
     toolkit::PictureRequest request;
@@ -225,13 +230,25 @@ void GalleryPictures::MakeDefault(const QString& path, const QSize& size, qreal 
     request.part =
         KXTools::RectToCoverParent(QRect(QPoint(0, 0), size), toolkit::ReadPictureSize(path));
     request.size = DeviceSize(size, ratio);
-    QImage image = request.part.isEmpty() ? QImage() : toolkit::DecodePicture(request);
-    image.setDevicePixelRatio(ratio);
-    m_defaultPicDC = std::make_unique<CKxMemDC>(image);
+    m_defaultRatio = ratio;
+    m_default = std::make_shared<DecodeJob>(request, PictureTeller(window));
+    if (request.part.isEmpty()) {
+        m_default->GiveUp();
+    } else {
+        DecodeInBackground(m_default, Urgency::Wanted);
+    }
+}
+
+void GalleryPictures::AwaitDefault() {
+    if (m_default) {
+        static_cast<void>(AwaitDecoded(m_default));
+    }
 }
 
 QImage GalleryPictures::Default() const {
-    return m_defaultPicDC ? m_defaultPicDC->Bitmap() : QImage();
+    QImage image = m_default ? m_default->GetIfDone() : QImage();
+    image.setDevicePixelRatio(m_defaultRatio);
+    return image;
 }
 
 void GalleryPictures::StartSharp(const GalleryState& state, const QRect& part,
@@ -293,7 +310,10 @@ void GalleryPictures::Clear() {
     }
     m_thumbs.clear();
     m_cache.Clear();
-    m_defaultPicDC.reset();
+    if (m_default) {
+        m_default->GiveUp();
+    }
+    m_default.reset();
 }
 
 } // namespace gallery

@@ -21,11 +21,12 @@ enum PictureEvent {
     kSharpPartReady = 1100, ///< by a decoder: the sharp part of a zoomed picture
     kThumbReady = 1101,     ///< by a decoder: a thumbnail, TakeThumbs has it
     kPaneShown = 1102,      ///< the pane came up
-    kPictureReady = 1103,   ///< by a decoder: a big picture, WantBig and LookAhead have it
+    kPictureReady = 1103,   ///< by a decoder: a big picture or the default one, which are there now
 };
 
-/// Decodes files on the calling thread and on the decoders, each at most once for what is shown.
-/// Sizes are device-independent pixels, `ratio` the device pixels in one of them.
+/// Has files decoded by the decoders, each at most once for what is shown; decodes nothing on the
+/// calling thread, and of files reads there only headers. Sizes are device-independent pixels,
+/// `ratio` the device pixels in one of them.
 /// Thread: user interface. Owned by its gallery.
 class GalleryPictures final {
 public:
@@ -35,10 +36,11 @@ public:
     /// item once it is known.
     [[nodiscard]] static QSize SizeOf(GalleryItem& item);
 
-    /// The whole picture at a size, decoded now unless it is prepared; null if it can't be.
-    [[nodiscard]] QImage Big(const GalleryItem& item, const QSize& size, qreal ratio);
-    /// The same by the decoders, before all else: none while it isn't there, the window is told
-    /// when it is; then null if it can't be decoded.
+    /// The whole picture at a size; holds the thread until it is there. Null if it can't be
+    /// decoded.
+    [[nodiscard]] QImage AwaitBig(const GalleryItem& item, const QSize& size, qreal ratio);
+    /// The same without holding anybody, before all else: none while it isn't there, the window is
+    /// told when it is; then null if it can't be decoded.
     [[nodiscard]] std::optional<QImage> WantBig(const GalleryItem& item, const QSize& size,
                                                 qreal ratio, toolkit::WindowId window);
     /// Has the decoders do the picture that the user is likely to step to next.
@@ -54,14 +56,16 @@ public:
                     toolkit::WindowId window);
     /// Gives the items what has been decoded; the places of those that changed, each once.
     std::vector<int> TakeThumbs(std::vector<GalleryItem>& items, qreal ratio);
-    [[nodiscard]] bool AwaitsThumbs() const { return !m_thumbs.empty(); }
-    /// The same at once, on this thread too.
-    void MakeThumbs(std::vector<GalleryItem>& items, const ItemRange& range, qreal ratio,
-                    toolkit::WindowId window);
+    [[nodiscard]] bool HasThumbsOnTheirWay() const { return !m_thumbs.empty(); }
+    /// The same, and holds the thread until all of them are there.
+    void AwaitThumbs(std::vector<GalleryItem>& items, const ItemRange& range, qreal ratio,
+                     toolkit::WindowId window);
 
-    /// Rendered once, at the size asked for first.
-    void MakeDefault(const QString& path, const QSize& size, qreal ratio);
-    /// Null before MakeDefault and if there is no such file.
+    /// Rendered once, at the size asked for first; the window is told when it is there.
+    void WantDefault(const QString& path, const QSize& size, qreal ratio, toolkit::WindowId window);
+    /// Holds the thread until it is there, if it was asked for.
+    void AwaitDefault();
+    /// Null while it isn't there, and if there is no such file.
     [[nodiscard]] QImage Default() const;
 
     /// Has the decoders render the visible part of a zoomed picture at its own sharpness, unless it
@@ -83,11 +87,16 @@ private:
 
     PictureCache m_cache;
     std::list<std::shared_ptr<DecodeJob>> m_thumbs; ///< on their way
-    std::unique_ptr<CKxMemDC> m_defaultPicDC;
+    std::shared_ptr<DecodeJob> m_default;
+    qreal m_defaultRatio = 1;
     std::shared_ptr<DecodeJob> m_sharpJob;
     std::shared_ptr<DecodeJob> m_sharpBefore; ///< of the same scale, shown until the job is done
     double m_sharpScale = 0;
 };
+
+/// Reads the sizes of a gallery's pictures from their files; empty for what isn't in the list. The
+/// state must outlive it.
+[[nodiscard]] SizeReader FileSizes(GalleryState& state);
 
 /// The file turned out to be no picture: nothing more is asked of it.
 void MarkUnreadable(GalleryItem& item);

@@ -1,4 +1,4 @@
-// The list, the places, the current item.
+// The list, the places, the current item, the paint.
 #include "viewers/PicViewDlg.h"
 
 #include "base/PictureLog.h"
@@ -6,10 +6,13 @@
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "services/IKXPathMng.h"
+#include "toolkit/Look.h"
+#include "toolkit/windows/WindowRegistry.h"
 #include "viewers/Decoders.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QPainter>
 
 #include <array>
 
@@ -57,15 +60,12 @@ CPicViewDlg::CPicViewDlg() {
 }
 
 CPicViewDlg::~CPicViewDlg() {
-    if (m_pane) {
-        static_cast<gallery::GalleryPane*>(m_pane.data())->Detach();
-    }
+    m_surface.Detach();
 }
 
 QWidget* CPicViewDlg::MakeWindow(QWidget* parent) {
     EndWithApplication();
-    m_pane = new gallery::GalleryPane(*this, parent);
-    return m_pane;
+    return m_surface.Make(*this, parent);
 }
 
 void CPicViewDlg::OnCreated() {
@@ -75,11 +75,7 @@ void CPicViewDlg::OnCreated() {
 }
 
 void CPicViewDlg::OnDestroyed() {
-    // A pane that Qt is ending hands nothing on any more.
-    if (HasWindow()) {
-        static_cast<gallery::GalleryPane*>(m_pane.data())->Detach();
-    }
-    m_pane.clear();
+    m_surface.Detach();
     ClearPicItems();
     ResetGallery();
 }
@@ -87,15 +83,15 @@ void CPicViewDlg::OnDestroyed() {
 void CPicViewDlg::ResetGallery() {
     gallery::ResetState(m_state);
     extraAudio = {};
-    m_big.Clear();
+    m_picture.Clear();
     m_pictures.Clear();
     m_dragFrom.reset();
-    m_travel = 1;
     if (m_serverText.isEmpty()) {
         GetKXGlobalData()->GetClientVersionText(m_serverText);
     }
     if (m_defaultPicPath.isEmpty()) {
         m_defaultPicPath = WorkFile(u"DefaultPic.jpg");
+        m_strip.SetDefaultPicture(m_defaultPicPath);
     }
     if (!QFileInfo::exists(m_defaultPicPath)) {
         ZelvorNRQ_KXVeskPicture::WriteLog(u"找不到图片文件："_s + m_defaultPicPath);
@@ -104,7 +100,7 @@ void CPicViewDlg::ResetGallery() {
 
 void CPicViewDlg::ClearPicItems() {
     gallery::ClearItems(m_state);
-    m_big.Clear();
+    m_picture.Clear();
     m_pictures.Clear();
     m_dragFrom.reset();
 }
@@ -147,46 +143,77 @@ void CPicViewDlg::SetPicRects(const QRect& bigArea, const QRect& stripArea) {
     }
     const QRect oldBig = m_state.bigArea;
     const QRect oldStrip = m_state.stripArea;
-    gallery::PlaceAreas(m_state, bigArea, stripArea, Sizes());
-    m_state.zoom = gallery::ClampZoom(m_state.zoom, gallery::ViewOf(m_state, Ratio()));
-    m_pictures.WantSharp(m_state, Id(), Ratio());
+    gallery::PlaceAreas(m_state, bigArea, stripArea, gallery::FileSizes(m_state));
+    m_picture.OnPlaced();
     EraseFreed(oldBig, oldStrip);
 }
 
 void CPicViewDlg::SelectPic(int index, gallery::StripMode mode) {
     // Freed whatever follows, so that the picture is rendered again; required as is.
-    m_big.Expire(BigPlace());
+    m_picture.Expire();
     const int before = m_state.currentIndex;
-    if (!gallery::MakeCurrent(m_state, index, mode, Sizes())) {
-        PrepareBig();
+    if (!gallery::MakeCurrent(m_state, index, mode, gallery::FileSizes(m_state))) {
+        m_picture.Prepare();
         return;
     }
-    m_travel = index > before ? 1 : -1;
     m_dragFrom.reset();
-    m_pictures.ForgetSharp();
-    m_pictures.GoTo(m_state.items[size_t(index)]);
+    m_picture.GoTo(before);
     gallery::UpdateStepButtons(m_state);
     UpdateAreas();
     OnCurPicChanged(index);
-    TakeFocus();
+    m_surface.TakeFocus();
 }
 
 void CPicViewDlg::PageStrip(bool forward) {
-    if (!gallery::PageStrip(m_state, forward, Sizes())) {
+    if (gallery::PageStrip(m_state, forward, gallery::FileSizes(m_state))) {
+        m_strip.Change();
+    }
+}
+
+void CPicViewDlg::EraseFreed(const QRect& oldBig, const QRect& oldStrip) {
+    const QRegion kept = QRegion(m_state.bigArea) + m_state.stripArea;
+    m_state.paintEnabled = false;
+    for (const QRect& freed : (QRegion(oldBig) + oldStrip) - kept) {
+        m_surface.Repaint(freed);
+    }
+    m_state.paintEnabled = true;
+    UpdateAreas();
+}
+
+void CPicViewDlg::UpdateAreas() {
+    m_picture.Change();
+    m_strip.Change();
+}
+
+void CPicViewDlg::OnShown() {
+    toolkit::PostWindowEvent(Id(), gallery::kPaneShown);
+}
+
+void CPicViewDlg::OnPictureTaken() {
+    if (!m_state.paintEnabled) {
         return;
     }
-    RunStripSlide();
-    RepaintStrip();
+    // A slide has its pictures.
+    if (!m_picture.IsSliding() && !m_strip.IsSliding()) {
+        m_picture.Complete();
+    }
+    m_strip.Complete();
 }
 
-gallery::SizeReader CPicViewDlg::Sizes() {
-    return [this](int index) { return SizeOf(index); };
-}
-
-QSize CPicViewDlg::SizeOf(int index) {
-    GalleryItem* item = m_state.ItemAt(index);
-    // The file counts, not the state of its download; required as is.
-    return item == nullptr ? QSize() : gallery::GalleryPictures::SizeOf(*item);
+void CPicViewDlg::OnPaint(QPainter& painter, const QRegion& region) const {
+    const QRegion areas = QRegion(m_state.bigArea) + m_state.stripArea;
+    for (const QRect& rest : m_state.paintEnabled ? region - areas : region) {
+        painter.fillRect(rest, toolkit::Colors::Pane());
+    }
+    if (!m_state.paintEnabled) {
+        return;
+    }
+    if (region.intersects(m_state.bigArea)) {
+        m_picture.Paint(painter);
+    }
+    if (region.intersects(m_state.stripArea)) {
+        m_strip.Paint(painter);
+    }
 }
 
 qintptr CPicViewDlg::OnEvent(const toolkit::WindowEvent& event) {
@@ -199,18 +226,19 @@ qintptr CPicViewDlg::OnEvent(const toolkit::WindowEvent& event) {
         OnDownloadProgress(named->key, int(event.second));
         break;
     case gallery::kSharpPartReady:
-        m_pictures.WantSharp(m_state, Id(), Ratio());
-        m_pane->update(m_state.bigArea);
+        m_picture.OnSharpReady();
         break;
     case gallery::kThumbReady:
-        OnThumbReady();
+        m_strip.OnThumbReady();
         break;
     case gallery::kPaneShown:
-        RepaintBig();
-        PrepareStrip();
+        m_picture.Repaint();
+        m_strip.Prepare();
         break;
     case gallery::kPictureReady:
-        OnPictureReady();
+        m_picture.OnPictureReady();
+        // Its thumbnail is cut from it, and what lies ahead may come to the strip likewise.
+        m_strip.Repaint();
         break;
     default:
         return CPopTipDlg::OnEvent(event);
@@ -220,10 +248,10 @@ qintptr CPicViewDlg::OnEvent(const toolkit::WindowEvent& event) {
 
 void CPicViewDlg::OnTimer(int timerId) {
     if (timerId == gallery::kStripTimer) {
-        RepaintStrip();
+        m_strip.Repaint();
     } else if (timerId == gallery::kRenderTimer) {
         KillTimer(gallery::kRenderTimer);
-        m_big.Expire(BigPlace());
-        RepaintBig();
+        m_picture.Expire();
+        m_picture.Repaint();
     }
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "toolkit/windows/PopTipDlg.h"
-#include "viewers/BigPicture.h"
 #include "viewers/DownloadQueue.h"
 #include "viewers/DownloadWorker.h"
 #include "viewers/GalleryInput.h"
@@ -10,9 +9,10 @@
 #include "viewers/GalleryPictures.h"
 #include "viewers/GalleryState.h"
 #include "viewers/GalleryTimers.h"
-#include "viewers/SlideRunner.h"
+#include "viewers/PaneSurface.h"
+#include "viewers/PictureStage.h"
+#include "viewers/StripStage.h"
 
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -42,7 +42,7 @@ public:
 
     [[nodiscard]] const gallery::GalleryState& State() const { return m_state; }
     /// Whether the current picture is what a paint shows now, not the one before it.
-    [[nodiscard]] bool ShowsPicture() const { return m_big.IsFresh() && !m_slides.IsRunning(); }
+    [[nodiscard]] bool ShowsPicture() const { return m_picture.ShowsPicture(); }
 
 protected:
     /// The current item is now `index`: show its texts.
@@ -73,30 +73,7 @@ private:
     void OnShown() override;
     void OnPictureTaken() override;
     void OnPaint(QPainter& painter, const QRegion& region) const override;
-    void PaintPicture(QPainter& painter) const;
-    void PaintPictureArea(QPainter& painter) const;
-    void PaintStripArea(QPainter& painter) const;
-    [[nodiscard]] QRectF BigPlace() const;
-    void PrepareBig();
-    [[nodiscard]] bool CompleteBig();
-    void PutBig(const QImage& image);
-    void NoteShown();
-    void RepaintBig();
-    void OnPictureReady();
-    void Repaint(const QRect& area);
-    void RepaintStrip();
-    void PrepareStrip();
-    void CompleteStrip(const gallery::ItemRange& range);
-    void LookAtFiles(const gallery::ItemRange& range);
-    void OnThumbReady();
     void UpdateAreas();
-    void RunPictureSlide();
-    void RunStripSlide();
-    void RunSlide(gallery::SlideScene scene);
-    [[nodiscard]] QImage RenderStripCells(const gallery::ItemRange& range);
-    [[nodiscard]] qreal Ratio() const;
-    [[nodiscard]] QSize SizeOf(int index);
-    [[nodiscard]] gallery::SizeReader Sizes();
     void EraseFreed(const QRect& oldBig, const QRect& oldStrip);
 
     // Input.
@@ -115,9 +92,7 @@ private:
     void Select(const gallery::Selection& selection);
     bool PressButton(const QPoint& point);
     void ClickThumb(int index);
-    void TakeFocus();
     void SetHover(int index);
-    void SetZoom(const gallery::Zoom& zoom);
     void UpdateCursor(const QPoint& point);
     void CopyPicture() const;
 
@@ -131,12 +106,11 @@ private:
 
     gallery::GalleryState m_state;
     gallery::GalleryPictures m_pictures;
-    QPointer<QWidget> m_pane;
+    gallery::PaneSurface m_surface{*this};
+    gallery::PictureStage m_picture{m_state, m_pictures, m_surface};
+    gallery::StripStage m_strip{m_state, m_pictures, m_surface, m_picture};
+    gallery::DownloadQueue m_downloads{m_state, extraAudio};
     QString m_serverText;
     QString m_defaultPicPath;
-    gallery::BigPicture m_big;
-    gallery::SlideRunner m_slides;
-    gallery::DownloadQueue m_downloads{m_state, extraAudio};
     std::optional<QPoint> m_dragFrom;
-    int m_travel = 1; ///< direction in which the user steps
 };

@@ -40,7 +40,7 @@ void CPicViewDlg::UpdateStripTimer() {
         SetTimer(gallery::kStripTimer, kStripTimerMs);
         break;
     case gallery::StripTick::Stop:
-        RepaintStrip();
+        m_strip.Repaint();
         KillTimer(gallery::kStripTimer);
         break;
     case gallery::StripTick::Leave:
@@ -89,12 +89,12 @@ void CPicViewDlg::ShowFinishedPicture(int index) {
         item->unreadable = false;
     }
     if (item != nullptr && m_state.visible.Contains(index)) {
-        gallery::UpdateCover(*item, SizeOf(index));
+        gallery::UpdateCover(*item, gallery::GalleryPictures::SizeOf(*item));
     }
     if (item == nullptr || index != m_state.currentIndex) {
         return;
     }
-    m_big.Clear();
-    gallery::ComputePicRect(m_state, Sizes());
-    RepaintBig();
+    m_picture.Renew();
+    gallery::ComputePicRect(m_state, gallery::FileSizes(m_state));
+    m_picture.Repaint();
 }

@@ -7,16 +7,10 @@
 #include <QCursor>
 #include <QGuiApplication>
 
-void CPicViewDlg::TakeFocus() {
-    if (m_pane) {
-        m_pane->setFocus(Qt::OtherFocusReason);
-    }
-}
-
 bool CPicViewDlg::PressButton(const QPoint& point) {
     for (CDirectUIButton& button : m_state.buttons) {
         if (button.Press(point)) {
-            Repaint(button.rect);
+            m_surface.Repaint(button.rect);
             return true;
         }
     }
@@ -35,7 +29,7 @@ void CPicViewDlg::OnLeftButtonDown(const QPoint& point) {
     if (PressButton(point)) {
         return;
     }
-    TakeFocus();
+    m_surface.TakeFocus();
     switch (gallery::HoldAt(m_state, point)) {
     case gallery::Hold::Thumb:
         ClickThumb(gallery::ThumbAt(m_state, point));
@@ -57,7 +51,7 @@ void CPicViewDlg::OnLeftButtonUp(const QPoint& point) {
         const bool pressed = button.IsPressed();
         const bool clicked = button.Release(point);
         if (pressed) {
-            Repaint(button.rect);
+            m_surface.Repaint(button.rect);
         }
         if (clicked) {
             Do(gallery::ActionOf(gallery::GalleryButton(at)));
@@ -72,7 +66,7 @@ void CPicViewDlg::OnDoubleClick(const QPoint& point) {
         OnLeftButtonDown(point);
         return;
     }
-    SetZoom(gallery::ToggleZoom(m_state.zoom, gallery::ViewOf(m_state, Ratio()), point));
+    m_picture.SetZoom(gallery::ToggleZoom(m_state.zoom, m_picture.View(), point));
     UpdateCursor(point);
 }
 
@@ -97,20 +91,19 @@ void CPicViewDlg::SetHover(int index) {
         return;
     }
     m_state.hoverIndex = index;
-    RepaintStrip();
+    m_strip.Repaint();
 }
 
 void CPicViewDlg::OnMouseMove(const QPoint& point) {
     if (m_dragFrom) {
-        SetZoom(
-            gallery::PanBy(m_state.zoom, gallery::ViewOf(m_state, Ratio()), point - *m_dragFrom));
+        m_picture.SetZoom(gallery::PanBy(m_state.zoom, m_picture.View(), point - *m_dragFrom));
         m_dragFrom = point;
         return;
     }
     SetHover(gallery::ThumbAt(m_state, point));
     for (CDirectUIButton& button : m_state.buttons) {
         if (button.PointAt(point)) {
-            Repaint(button.rect);
+            m_surface.Repaint(button.rect);
         }
     }
     UpdateCursor(point);
@@ -120,7 +113,7 @@ void CPicViewDlg::OnMouseLeave() {
     SetHover(-1);
     for (CDirectUIButton& button : m_state.buttons) {
         if (button.PointAt({-1, -1})) {
-            Repaint(button.rect);
+            m_surface.Repaint(button.rect);
         }
     }
 }
@@ -128,8 +121,8 @@ void CPicViewDlg::OnMouseLeave() {
 void CPicViewDlg::OnMouseWheel(int delta, const QPoint& point, bool control) {
     if (control) {
         if (m_state.bigArea.contains(point)) {
-            SetZoom(gallery::ZoomBy(m_state.zoom, gallery::ViewOf(m_state, Ratio()),
-                                    gallery::NotchesOf(delta), point));
+            m_picture.SetZoom(
+                gallery::ZoomBy(m_state.zoom, m_picture.View(), gallery::NotchesOf(delta), point));
         }
         return;
     }
@@ -143,26 +136,11 @@ bool CPicViewDlg::OnKey(int key, Qt::KeyboardModifiers modifiers, bool onPane) {
     return action != gallery::GalleryAction::None;
 }
 
-void CPicViewDlg::SetZoom(const gallery::Zoom& zoom) {
-    m_state.zoom = gallery::ClampZoom(zoom, gallery::ViewOf(m_state, Ratio()));
-    if (zoom.fit) {
-        m_pictures.ForgetSharp();
-    } else {
-        m_pictures.WantSharp(m_state, Id(), Ratio());
-    }
-    if (m_pane) {
-        m_pane->update(m_state.bigArea);
-    }
-}
-
 void CPicViewDlg::UpdateCursor(const QPoint& point) {
-    if (!m_pane) {
-        return;
-    }
     if (gallery::IsDraggableAt(m_state, point)) {
-        m_pane->setCursor(m_dragFrom ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
+        m_surface.SetCursor(m_dragFrom ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
     } else {
-        m_pane->unsetCursor();
+        m_surface.UnsetCursor();
     }
 }
 

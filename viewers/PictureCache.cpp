@@ -53,9 +53,9 @@ void PictureCache::DropOldest() {
     }
 }
 
-QImage PictureCache::Get(const QString& path, const QSize& size) {
+QImage PictureCache::Await(const QString& path, const QSize& size) {
     const std::shared_ptr<DecodeJob> job = Touch(KeyOf(path, size)).job;
-    return job->Get();
+    return AwaitDecoded(job);
 }
 
 QImage PictureCache::Find(const QString& path) const {

@@ -34,13 +34,13 @@ public:
     PictureCache(const PictureCache&) = delete;
     PictureCache& operator=(const PictureCache&) = delete;
 
-    /// The whole picture at a size; decodes it now unless it is there or on its way. Null if it
+    /// The whole picture at a size; holds the thread until the decoders have done it. Null if it
     /// can't be decoded.
-    [[nodiscard]] QImage Get(const QString& path, const QSize& size);
+    [[nodiscard]] QImage Await(const QString& path, const QSize& size);
     /// A finished rendering of the file as it is now, of any size; null without one.
     [[nodiscard]] QImage Find(const QString& path) const;
-    /// The same by the decoders, before all else: none while it isn't done, then null if it can't
-    /// be decoded. `whenDone` runs on a decoder, once, unless the job is given up or Get did it.
+    /// The same without holding anybody, before all else: none while it isn't done, then null if it
+    /// can't be decoded. `whenDone` runs on a decoder, once, unless the job is given up.
     [[nodiscard]] std::optional<QImage> Want(const QString& path, const QSize& size,
                                              const std::function<void()>& whenDone);
     /// Has the picture decoded by a thread that has time; `whenDone` as for Want.

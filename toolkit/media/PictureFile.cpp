@@ -43,6 +43,13 @@ bool ReducesWhileReading(const QImageReader& reader) {
 }
 
 std::atomic<QLoggingCategory::CategoryFilter> filterBefore{nullptr};
+std::atomic<IDecodeWatch*> decodeWatch{nullptr};
+
+void TellWatch(const PictureRequest& request) {
+    if (IDecodeWatch* watch = decodeWatch.load()) {
+        watch->OnDecode(request);
+    }
+}
 
 /// What a decoder says of a damaged file, or of one whose reading was given up, the user is told on
 /// the screen.
@@ -156,6 +163,7 @@ QSize ReadPictureSize(const QString& path) {
 }
 
 QImage DecodePicture(const PictureRequest& request, const std::atomic<bool>* stop) {
+    TellWatch(request);
     StoppableFile file(request.path, stop);
     QImageReader reader;
     if (request.size.isEmpty() || !Open(reader, file)) {
@@ -178,12 +186,17 @@ QImage DecodePicture(const PictureRequest& request, const std::atomic<bool>* sto
 }
 
 QImage DecodeWholePicture(const QString& path) {
+    TellWatch({path, {}, {}});
     QFile file(path);
     QImageReader reader;
     if (!Open(reader, file) || RawSize(reader).isEmpty()) {
         return {};
     }
     return reader.read();
+}
+
+IDecodeWatch* SetDecodeWatch(IDecodeWatch* watch) {
+    return decodeWatch.exchange(watch);
 }
 
 } // namespace toolkit

@@ -39,4 +39,16 @@ struct PictureRequest {
 /// can't be decoded. Thread: any.
 [[nodiscard]] TOOLKIT_EXPORT QImage DecodeWholePicture(const QString& path);
 
+/// Sees what is decoded where; for tests.
+class IDecodeWatch {
+public:
+    virtual ~IDecodeWatch() = default;
+
+    /// A decoding begins, on the thread that does it and waits for this. Of a whole picture only
+    /// the path is told. Thread: any.
+    virtual void OnDecode(const PictureRequest& request) = 0;
+};
+/// Null: nobody sees it. Gives the one before. Thread: any, while nothing is decoded.
+TOOLKIT_EXPORT IDecodeWatch* SetDecodeWatch(IDecodeWatch* watch);
+
 } // namespace toolkit

@@ -107,12 +107,24 @@ private:
 
 } // namespace
 
-TEST_F(DecodersTest, TheThreadThatNeedsAPictureDecodesItIfNobodyHasBegun) {
-    DecodeJob job(Request(Picture(u"a"_s, Qt::red)));
-    EXPECT_FALSE(job.IsDone());
-    EXPECT_TRUE(job.GetIfDone().isNull());
-    EXPECT_EQ(job.Get().pixelColor(0, 0), QColor(Qt::red));
-    EXPECT_TRUE(job.IsDone());
+TEST_F(DecodersTest, WhoAwaitsAPictureHasItDecodedByADecoder) {
+    class Watch final : public toolkit::IDecodeWatch {
+    public:
+        void OnDecode(const toolkit::PictureRequest&) override {
+            thread = std::this_thread::get_id();
+        }
+        std::thread::id thread; ///< set before the job is done, read afterwards
+    } watch;
+    const auto job = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)));
+    EXPECT_FALSE(job->IsDone());
+    EXPECT_TRUE(job->GetIfDone().isNull());
+    toolkit::SetDecodeWatch(&watch);
+    EXPECT_EQ(gallery::AwaitDecoded(job).pixelColor(0, 0), QColor(Qt::red));
+    EXPECT_EQ(gallery::AwaitDecoded(job).pixelColor(0, 0), QColor(Qt::red)) << "it is there";
+    toolkit::SetDecodeWatch(nullptr);
+    EXPECT_TRUE(job->IsDone());
+    EXPECT_NE(watch.thread, std::thread::id());
+    EXPECT_NE(watch.thread, std::this_thread::get_id());
 }
 
 TEST_F(DecodersTest, DecodersDoJobsAndTell) {
@@ -125,16 +137,31 @@ TEST_F(DecodersTest, DecodersDoJobsAndTell) {
     }
     EXPECT_TRUE(support::WaitFor([&] { return told.load() == 20; }));
     for (int i = 0; i < 20; ++i) {
-        EXPECT_EQ(jobs[size_t(i)]->Get().pixelColor(5, 5), QColor(i * 10, 0, 0));
+        EXPECT_EQ(jobs[size_t(i)]->Await().pixelColor(5, 5), QColor(i * 10, 0, 0));
     }
 }
 
-TEST_F(DecodersTest, WorkIsSharedWithWhoeverWaits) {
+TEST_F(DecodersTest, WhatWasHandedInBeforeIsDecodedOnceForWhoAwaitsIt) {
     for (int round = 0; round < 30; ++round) {
-        const auto job = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)));
-        gallery::DecodeInBackground(job, gallery::Urgency::Wanted);
-        EXPECT_EQ(job->Get().pixelColor(0, 0), QColor(Qt::red));
+        std::atomic<int> told{0};
+        const auto job =
+            std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)), [&] { ++told; });
+        gallery::DecodeInBackground(job, gallery::Urgency::Ahead);
+        EXPECT_EQ(gallery::AwaitDecoded(job).pixelColor(0, 0), QColor(Qt::red));
+        gallery::JoinDecoders();
+        EXPECT_EQ(told.load(), 1);
     }
+}
+
+TEST_F(DecodersTest, WhatDecodersThatEndedLeftUndoneIsDecodedForWhoAwaitsIt) {
+    gallery::PictureCache cache;
+    const QString path = Picture(u"a"_s, Qt::red);
+    {
+        const HeldDecoders busy(folder);
+        EXPECT_EQ(cache.Want(path, {20, 20}, {}), std::nullopt);
+    }
+    gallery::JoinDecoders();
+    EXPECT_EQ(cache.Await(path, {20, 20}).pixelColor(0, 0), QColor(Qt::red));
 }
 
 TEST_F(DecodersTest, AJobThatIsGivenUpHasNoResult) {
@@ -142,7 +169,7 @@ TEST_F(DecodersTest, AJobThatIsGivenUpHasNoResult) {
                                                  [] { ADD_FAILURE() << "told"; });
     job->GiveUp();
     gallery::DecodeInBackground(job, gallery::Urgency::Wanted);
-    EXPECT_TRUE(job->Get().isNull());
+    EXPECT_TRUE(job->Await().isNull());
 }
 
 TEST_F(DecodersTest, AJobThatSomebodyDoesIsLeftToHimAndEndsWithoutAResultIfGivenUp) {
@@ -159,7 +186,7 @@ TEST_F(DecodersTest, AJobThatSomebodyDoesIsLeftToHimAndEndsWithoutAResultIfGiven
     job.GiveUp();
     EXPECT_FALSE(job.IsDone()) << "it ends where it runs";
     close(writer);
-    EXPECT_TRUE(job.Get().isNull());
+    EXPECT_TRUE(job.Await().isNull());
     EXPECT_TRUE(job.IsDone());
 }
 
@@ -208,6 +235,23 @@ TEST_F(DecodersTest, AWantedPictureWaitsForNoThumbnail) {
     EXPECT_FALSE(thumbnail->IsDone()) << "the last decoder isn't for thumbnails";
 }
 
+TEST_F(DecodersTest, NoThumbnailBeginsWhileAWantedPictureIsDecoded) {
+    const auto thumbnail = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)));
+    {
+        HeldJobs wanted(Picture(u"b"_s, Qt::green), gallery::Urgency::Wanted, AllDecoders() - 1);
+        wanted.WaitUntilHeld();
+        gallery::DecodeInBackground(thumbnail, gallery::Urgency::Strip);
+        // The decoder that is left goes on with all else.
+        for (int i = 0; i < 20; ++i) {
+            const auto job = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)));
+            gallery::DecodeInBackground(job, gallery::Urgency::Ahead);
+            EXPECT_TRUE(support::WaitFor([&] { return job->IsDone(); }));
+        }
+        EXPECT_FALSE(thumbnail->IsDone());
+    }
+    EXPECT_TRUE(support::WaitFor([&] { return thumbnail->IsDone(); }));
+}
+
 TEST_F(DecodersTest, WhatLiesAheadComesBeforeThumbnails) {
     const auto thumbnail = std::make_shared<DecodeJob>(Request(Picture(u"a"_s, Qt::red)));
     std::optional<HeldJobs> ahead;
@@ -252,12 +296,12 @@ TEST_F(DecodersTest, TheCacheKeepsAFewAndPreparesTheNext) {
     gallery::PictureCache cache;
     const QString first = Picture(u"a"_s, Qt::red);
     const QString next = Picture(u"b"_s, Qt::blue);
-    EXPECT_EQ(cache.Get(first, {20, 20}).size(), QSize(20, 20));
+    EXPECT_EQ(cache.Await(first, {20, 20}).size(), QSize(20, 20));
     EXPECT_TRUE(cache.Find(next).isNull());
     cache.Prepare(next, {20, 20});
     EXPECT_TRUE(support::WaitFor([&] { return !cache.Find(next).isNull(); }));
     for (int i = 0; i < 4; ++i) {
-        (void)cache.Get(Picture(u"c%1"_s.arg(i), Qt::green), {20, 20});
+        (void)cache.Await(Picture(u"c%1"_s.arg(i), Qt::green), {20, 20});
     }
     EXPECT_TRUE(cache.Find(first).isNull()) << "the oldest goes first";
 }
@@ -266,7 +310,7 @@ TEST_F(DecodersTest, TheCacheHoldsFewerOfLargerPictures) {
     gallery::PictureCache cache;
     const QSize large(3000, 2000);
     for (int i = 0; i < 3; ++i) {
-        (void)cache.Get(Picture(u"c%1"_s.arg(i), Qt::green), large);
+        (void)cache.Await(Picture(u"c%1"_s.arg(i), Qt::green), large);
     }
     EXPECT_TRUE(cache.Find(folder.Path(u"c0"_s)).isNull());
     EXPECT_FALSE(cache.Find(folder.Path(u"c1"_s)).isNull());
@@ -276,10 +320,10 @@ TEST_F(DecodersTest, TheCacheHoldsFewerOfLargerPictures) {
 TEST_F(DecodersTest, AReplacedFileIsDecodedAnew) {
     gallery::PictureCache cache;
     const QString path = Picture(u"a"_s, Qt::red);
-    EXPECT_EQ(cache.Get(path, {8, 8}).pixelColor(0, 0), QColor(Qt::red));
+    EXPECT_EQ(cache.Await(path, {8, 8}).pixelColor(0, 0), QColor(Qt::red));
     folder.Write(u"a"_s, support::PngBytes(support::OneColour({65, 64}, Qt::blue)));
     EXPECT_TRUE(cache.Find(path).isNull());
-    EXPECT_EQ(cache.Get(path, {8, 8}).pixelColor(0, 0), QColor(Qt::blue));
+    EXPECT_EQ(cache.Await(path, {8, 8}).pixelColor(0, 0), QColor(Qt::blue));
 }
 
 TEST_F(DecodersTest, WhatIsPreparedForOthersIsGivenUpAndWhatIsDoneStays) {
@@ -287,7 +331,7 @@ TEST_F(DecodersTest, WhatIsPreparedForOthersIsGivenUpAndWhatIsDoneStays) {
     const QString kept = Picture(u"a"_s, Qt::red);
     const QString done = Picture(u"b"_s, Qt::green);
     const QString other = Picture(u"c"_s, Qt::blue);
-    (void)cache.Get(done, {20, 20});
+    (void)cache.Await(done, {20, 20});
     {
         const HeldDecoders busy(folder);
         cache.Prepare(other, {20, 20});
@@ -335,11 +379,11 @@ TEST_F(DecodersTest, TheCacheKeepsFourSmallPicturesAndTheOneAskedForLastLongest)
         paths << Picture(u"c%1"_s.arg(i), Qt::green);
     }
     for (int i = 0; i < 4; ++i) {
-        (void)cache.Get(paths[i], {20, 20});
+        (void)cache.Await(paths[i], {20, 20});
     }
     EXPECT_FALSE(cache.Find(paths[0]).isNull()) << "four have room";
-    (void)cache.Get(paths[0], {20, 20});
-    (void)cache.Get(paths[4], {20, 20});
+    (void)cache.Await(paths[0], {20, 20});
+    (void)cache.Await(paths[4], {20, 20});
     EXPECT_FALSE(cache.Find(paths[0]).isNull()) << "asked for again";
     EXPECT_TRUE(cache.Find(paths[1]).isNull());
     cache.Clear();
@@ -350,7 +394,7 @@ TEST_F(DecodersTest, TheCacheCountsFourBytesForAPixel) {
     const auto kept = [this](const QSize& size) {
         gallery::PictureCache cache;
         for (int i = 0; i < 3; ++i) {
-            (void)cache.Get(Picture(u"c%1"_s.arg(i), Qt::green), size);
+            (void)cache.Await(Picture(u"c%1"_s.arg(i), Qt::green), size);
         }
         return !cache.Find(folder.Path(u"c0"_s)).isNull();
     };

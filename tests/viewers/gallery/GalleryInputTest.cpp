@@ -37,8 +37,9 @@ protected:
     void ClickButton(gallery::GalleryButton button) {
         Click(State().buttons[button].rect.center());
     }
-    /// Pauses of the slides since the last call.
+    /// Pauses of the slides since the last call, until the picture shows.
     size_t NewSleeps() {
+        EXPECT_TRUE(support::WaitFor([this] { return gallery->ShowsPicture(); }));
         const size_t count = clock.Sleeps().size();
         const size_t added = count - m_sleeps;
         m_sleeps = count;
@@ -63,6 +64,7 @@ TEST_F(GalleryInput, ArrowKeysChangeThePictureWithoutASlide) {
 }
 
 TEST_F(GalleryInput, StepButtonsThumbnailsHomeAndEndSlide) {
+    ASSERT_EQ(NewSleeps(), 0U);
     ClickButton(gallery::kNextPic);
     EXPECT_EQ(State().currentIndex, 1);
     EXPECT_GE(NewSleeps(), 11U);

@@ -55,7 +55,7 @@ TEST_F(GalleryPicturesTest, DevicePixelsAreTheSizeTimesTheRatioRounded) {
 TEST_F(GalleryPicturesTest, AThumbnailIsTheCellWithoutItsFrameInDevicePixels) {
     std::vector<GalleryItem> items{Item()};
     for (const qreal ratio : {1.0, 2.0, 1.5}) {
-        pictures.MakeThumbs(items, {0, 0}, ratio, toolkit::kNoWindow);
+        pictures.AwaitThumbs(items, {0, 0}, ratio, toolkit::kNoWindow);
         ASSERT_TRUE(items[0].thumbDC) << ratio;
         const QImage image = items[0].thumbDC->Bitmap();
         EXPECT_EQ(image.size(), gallery::DeviceSize({92, 77}, ratio));
@@ -63,19 +63,23 @@ TEST_F(GalleryPicturesTest, AThumbnailIsTheCellWithoutItsFrameInDevicePixels) {
         EXPECT_EQ(image.pixelColor(0, 0), support::kTopLeft);
         EXPECT_EQ(image.pixelColor(image.width() - 1, image.height() - 1), support::kBottomRight);
     }
-    EXPECT_FALSE(pictures.AwaitsThumbs());
+    EXPECT_FALSE(pictures.HasThumbsOnTheirWay());
 }
 
 TEST_F(GalleryPicturesTest, TheBigPictureAndTheDefaultOneKnowTheirRatio) {
     const GalleryItem item = Item();
-    const QImage big = pictures.Big(item, {60, 40}, 2);
+    const QImage big = pictures.AwaitBig(item, {60, 40}, 2);
     EXPECT_EQ(big.size(), QSize(120, 80));
     EXPECT_EQ(big.devicePixelRatio(), 2);
     EXPECT_TRUE(pictures.Default().isNull());
-    pictures.MakeDefault(item.picPath, {94, 79}, 2);
+    pictures.AwaitDefault();
+    EXPECT_TRUE(pictures.Default().isNull()) << "nobody asked";
+    pictures.WantDefault(item.picPath, {94, 79}, 2, toolkit::kNoWindow);
+    pictures.AwaitDefault();
     EXPECT_EQ(pictures.Default().size(), QSize(188, 158));
     EXPECT_EQ(pictures.Default().devicePixelRatio(), 2);
-    pictures.MakeDefault(item.picPath, {10, 10}, 1);
+    pictures.WantDefault(item.picPath, {10, 10}, 1, toolkit::kNoWindow);
+    pictures.AwaitDefault();
     EXPECT_EQ(pictures.Default().size(), QSize(188, 158)) << "made once";
     pictures.Clear();
     EXPECT_TRUE(pictures.Default().isNull());
@@ -83,14 +87,14 @@ TEST_F(GalleryPicturesTest, TheBigPictureAndTheDefaultOneKnowTheirRatio) {
 
 TEST_F(GalleryPicturesTest, AFileThatCannotBeDecodedIsMarkedAndAskedForNoMore) {
     std::vector<GalleryItem> items{Item(folder.Write(u"a.png"_s, "no picture"))};
-    pictures.MakeThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
+    pictures.AwaitThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
     EXPECT_TRUE(items[0].unreadable);
     EXPECT_TRUE(items[0].picSize.isEmpty());
     EXPECT_TRUE(items[0].coverRect.isEmpty());
     EXPECT_FALSE(items[0].thumbDC);
     items[0].coverRect = QRect(0, 0, 300, 200);
     pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
-    EXPECT_FALSE(pictures.AwaitsThumbs());
+    EXPECT_FALSE(pictures.HasThumbsOnTheirWay());
 }
 
 TEST_F(GalleryPicturesTest, OnlyWhatIsFetchedAndHasACoverAndNoThumbnailYetIsAskedFor) {
@@ -99,14 +103,14 @@ TEST_F(GalleryPicturesTest, OnlyWhatIsFetchedAndHasACoverAndNoThumbnailYetIsAske
     items[1].coverRect = {};
     items[2].unreadable = true;
     pictures.WantThumbs(items, {0, 2}, 1, toolkit::kNoWindow);
-    EXPECT_FALSE(pictures.AwaitsThumbs());
+    EXPECT_FALSE(pictures.HasThumbsOnTheirWay());
     pictures.WantThumbs(items, {0, 3}, 1, toolkit::kNoWindow);
-    EXPECT_TRUE(pictures.AwaitsThumbs());
+    EXPECT_TRUE(pictures.HasThumbsOnTheirWay());
     EXPECT_TRUE(support::WaitFor([&] { return !pictures.TakeThumbs(items, 1).empty(); }));
     EXPECT_TRUE(items[3].thumbDC);
     EXPECT_FALSE(items[0].thumbDC || items[1].thumbDC || items[2].thumbDC);
     pictures.WantThumbs(items, {0, 3}, 1, toolkit::kNoWindow);
-    EXPECT_FALSE(pictures.AwaitsThumbs()) << "it has one";
+    EXPECT_FALSE(pictures.HasThumbsOnTheirWay()) << "it has one";
 }
 
 TEST_F(GalleryPicturesTest, ThumbnailsFartherThanFortyEightFromTheRangeAreFreed) {
@@ -143,9 +147,9 @@ TEST_F(GalleryPicturesTest, AThumbnailIsCutFromTheBigPictureThatIsThere) {
                           Case{{600, 400}, {150, 0, 150, 100}, support::kTopRight}}) {
         std::vector<GalleryItem> items{Item()};
         items[0].coverRect = c.cover;
-        (void)pictures.Big(items[0], c.big, 1);
+        (void)pictures.AwaitBig(items[0], c.big, 1);
         pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
-        EXPECT_FALSE(pictures.AwaitsThumbs());
+        EXPECT_FALSE(pictures.HasThumbsOnTheirWay());
         ASSERT_TRUE(items[0].thumbDC);
         const QImage image = items[0].thumbDC->Bitmap();
         EXPECT_EQ(image.size(), QSize(92, 77));
@@ -159,9 +163,9 @@ TEST_F(GalleryPicturesTest, AThumbnailIsCutFromTheBigPictureThatIsThere) {
 TEST_F(GalleryPicturesTest, ABigPictureWithFewerPixelsThanTheThumbnailIsNotCut) {
     for (const QSize& big : {QSize(91, 77), QSize(92, 76), QSize(92, 77)}) {
         std::vector<GalleryItem> items{Item()};
-        (void)pictures.Big(items[0], big, 1);
+        (void)pictures.AwaitBig(items[0], big, 1);
         pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
-        EXPECT_EQ(pictures.AwaitsThumbs(), big != QSize(92, 77)) << big.width();
+        EXPECT_EQ(pictures.HasThumbsOnTheirWay(), big != QSize(92, 77)) << big.width();
         pictures.Clear();
     }
 }
@@ -171,11 +175,11 @@ TEST_F(GalleryPicturesTest, AThumbnailOnItsWayIsNotAskedForTwiceAndGivenUpWithIt
     pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
     items[0].coverRect = {};
     pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
-    EXPECT_FALSE(pictures.AwaitsThumbs()) << "nothing has a use for it";
+    EXPECT_FALSE(pictures.HasThumbsOnTheirWay()) << "nothing has a use for it";
     pictures.WantThumbs(items, {1, 1}, 1, toolkit::kNoWindow);
-    EXPECT_TRUE(pictures.AwaitsThumbs());
+    EXPECT_TRUE(pictures.HasThumbsOnTheirWay());
     pictures.WantThumbs(items, {}, 1, toolkit::kNoWindow);
-    EXPECT_FALSE(pictures.AwaitsThumbs());
+    EXPECT_FALSE(pictures.HasThumbsOnTheirWay());
 }
 
 TEST_F(GalleryPicturesTest, AThumbnailThatIsOnItsWayIsNotDecodedAgain) {
@@ -206,7 +210,7 @@ TEST_F(GalleryPicturesTest, OneDecodingServesAllItemsOfOneFile) {
     }));
     EXPECT_EQ(changed, (std::vector<int>{0, 1}));
     EXPECT_FALSE(items[2].thumbDC) << "of another size";
-    EXPECT_FALSE(pictures.AwaitsThumbs());
+    EXPECT_FALSE(pictures.HasThumbsOnTheirWay());
 }
 
 namespace {

@@ -1,6 +1,7 @@
 // The slides, frame by frame.
 #include "tests/viewers/gallery/GalleryFixture.h"
 
+#include "tests/support/WaitFor.h"
 #include "tests/viewers/support/SamplePictures.h"
 
 #include <QTest>
@@ -35,16 +36,26 @@ private:
 
 class GallerySlide : public GalleryFixture {
 protected:
+    /// Twenty pictures, the first one shown, the thumbnails of the first two pages there.
     void Start(bool horizontal = true) {
         Open(true, horizontal);
-        SetItems(OnDisk(20));
+        ShowItems(OnDisk(20));
+        Pane()->hide();
+        for (const bool forward : {true, false}) {
+            gallery->PageStrip(forward);
+            static_cast<void>(Shown());
+        }
+        Pane()->show();
+        support::RunPendingEvents();
         gallery->told.clear();
     }
-    /// What the window shows in each frame of what `action` does.
+    /// What the window shows in each frame of what `action` does, until the picture is there.
     std::vector<QImage> Frames(const std::function<void()>& action) {
         std::vector<QImage> frames;
         FrameClock frameClock([&] { frames.push_back(Shown()); });
         action();
+        EXPECT_TRUE(support::WaitFor(
+            [this] { return gallery->ShowsPicture() || State().picRect.isEmpty(); }));
         for (const int pause : frameClock.sleeps) {
             EXPECT_EQ(pause, 10);
         }
@@ -188,19 +199,22 @@ TEST_F(GallerySlide, FromNoPictureNothingSlides) {
     EXPECT_TRUE(Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); }).empty());
 }
 
-TEST_F(GallerySlide, WhereOneOfTheTwoCannotBeDecodedNothingSlides) {
+TEST_F(GallerySlide, ToAPictureThatCannotBeDecodedNothingSlides) {
     Start();
     auto items = OnDisk(3);
     items[1].picPath = folder.Write(QStringLiteral("bad.jpg"), "no picture");
     items[1].picSize = {300, 200};
-    SetItems(items);
-    ASSERT_EQ(PixelAt(PictureMiddle()), ColourOf(0));
+    ShowItems(items);
     EXPECT_TRUE(Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); }).empty());
     EXPECT_TRUE(SaysNoPicture());
-    SetItems(OnDisk(3));
-    ASSERT_EQ(PixelAt(PictureMiddle()), ColourOf(0));
+}
+
+TEST_F(GallerySlide, WhatIsSeenSlidesOutWhateverBecameOfItsFile) {
+    Start();
     folder.Write(QStringLiteral("pics/d000.jpg"), "no picture any more");
-    EXPECT_TRUE(Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); }).empty());
+    const auto frames = Frames([this] { gallery->SelectPic(1, gallery::kCurrentLast); });
+    ASSERT_EQ(frames.size(), 12U);
+    EXPECT_EQ(frames.front().pixelColor(PictureMiddle()), ColourOf(0));
     EXPECT_EQ(PixelAt(PictureMiddle()), ColourOf(1));
 }
 

@@ -22,8 +22,9 @@ protected:
     void ClickThumb(int index) {
         QTest::mouseClick(Pane(), Qt::LeftButton, {}, ThumbMiddle(index));
     }
-    /// Sleeps of slides since the last look.
+    /// Sleeps of slides since the last look, until the picture shows.
     int Frames() {
+        EXPECT_TRUE(support::WaitFor([this] { return gallery->ShowsPicture(); }));
         const int frames = int(clock.Sleeps().size()) - m_seen;
         m_seen += frames;
         return frames;

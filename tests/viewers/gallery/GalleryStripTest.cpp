@@ -197,12 +197,19 @@ TEST_F(GalleryStrip, APictureThatCannotBeDecodedIsNoPictureOnceTheDecodersSaySo)
     EXPECT_TRUE(support::WaitFor([this] { return State().shownIndex == -1; }));
 }
 
-TEST_F(GalleryStrip, APageSlidesWithItsPicturesInIt) {
+TEST_F(GalleryStrip, APageSlidesAtOnceAndItsPicturesComeWhenTheyAreDecoded) {
+    const std::vector<GalleryItem> items = OnDisk(12);
     Open();
-    SetItems(OnDisk(12));
-    EXPECT_TRUE(support::WaitFor([this] { return HasThumb(3); }));
+    SetItems(items);
+    EXPECT_TRUE(support::WaitFor([this] { return gallery->ShowsPicture() && HasThumb(3); }));
+    BusyDecoders decoders(items[0].picPath);
     gallery->PageStrip(true);
+    EXPECT_EQ(clock.Sleeps().size(), 11U) << "the frames of the slide";
+    EXPECT_EQ(OnScreen().pixelColor(ThumbMiddle(5)), support::kPaneColour);
+    decoders.LetGo();
     for (int i = 4; i <= 7; ++i) {
-        EXPECT_TRUE(HasThumb(i)) << i;
+        EXPECT_TRUE(support::WaitFor([&] {
+            return OnScreen().pixelColor(ThumbMiddle(i)) == ColourOf(i);
+        })) << i;
     }
 }
