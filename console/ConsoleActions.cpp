@@ -7,6 +7,7 @@
 #include "console/VeskPicMngGrid.h"
 #include "toolkit/KXTools.h"
 #include "toolkit/windows/Prompts.h"
+#include "toolkit/windows/StillThere.h"
 #include "viewers/SavePicAs.h"
 
 using namespace Qt::StringLiterals;
@@ -68,11 +69,12 @@ void ConsoleActions::Locate(CGridRow& row) {
 
 void ConsoleActions::Edit(CGridRow& row) {
     const auto manager = m_grid.Manager();
+    const toolkit::StillThere still(m_grid.ParentId());
     if (!manager->EditRow(row)) {
         return;
     }
     // The console may have been closed, or have another kind, while the editor was open.
-    if (manager == m_grid.Manager() && m_grid.IsInDialog()) {
+    if (manager == m_grid.Manager() && still) {
         m_grid.Refresh();
     } else {
         manager->NotifyChanged();
@@ -121,8 +123,9 @@ void ConsoleActions::AskAndDelete(const Tip& tip) {
     const auto keepGrid = m_grid.shared_from_this();
     const QString question = m_grid.GetMode() == kModeIssue ? u"确认删除该问题和所附照片吗 ？"_s
                                                             : u"确认删除所选的照片？"_s;
+    const toolkit::StillThere still(m_grid.ParentId());
     // The console may be gone, or have another page, when the question is answered.
-    if (toolkit::Prompts().AskOkCancel(m_grid.ParentId(), question) && m_grid.IsInDialog() &&
+    if (toolkit::Prompts().AskOkCancel(m_grid.ParentId(), question) && still &&
         m_grid.HasCheckedRow()) {
         DeleteChecked();
     }
@@ -133,12 +136,13 @@ void ConsoleActions::AskAndDownload(const Tip& tip) {
         return;
     }
     const auto keepGrid = m_grid.shared_from_this();
+    const toolkit::StillThere still(m_grid.ParentId());
     QString folder = toolkit::Prompts().AskFolder(m_grid.ParentId(), u"请选择文件存放的路径："_s);
     if (folder.size() > 1 && folder.endsWith(u'/')) {
         folder.chop(1);
     }
     // The console may be gone when the folder is chosen.
-    if (!folder.isEmpty() && m_grid.IsInDialog()) {
+    if (!folder.isEmpty() && still) {
         DownloadChecked(folder);
     }
 }

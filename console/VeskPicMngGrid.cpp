@@ -10,6 +10,7 @@
 #include "console/TNPicMng.h"
 #include "toolkit/Icons.h"
 #include "toolkit/grid/MultiPageGridManager.h"
+#include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WindowRegistry.h"
 
 #include <QAction>
@@ -227,8 +228,9 @@ void CVeskPicMngGrid::FetchAfterDelete() {
     if (!IsInDialog()) {
         return;
     }
+    const toolkit::StillThere still(ParentId());
     DoCurrentPage();
-    if (m_queryFailed || !IsInDialog()) {
+    if (m_queryFailed || !still) {
         return;
     }
     // What was deleted may have been all of the last page.

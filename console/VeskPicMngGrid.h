@@ -44,8 +44,6 @@ public:
     void FetchCurrentPage();
     /// The same, and the last page if the present one is gone.
     void FetchAfterDelete();
-    /// The dialog has this grid, in a window.
-    [[nodiscard]] bool IsInDialog() const;
 
     KX_DATA::PicQueryFilter picFilter; ///< BIM photos and issues
     KX_DATA::PdfQueryFilter pdfFilter; ///< drawing photos
@@ -69,6 +67,8 @@ protected:
     void FillRowMenu(CGridRow& row, QMenu& menu) override;
 
 private:
+    /// The dialog has this grid, in a window.
+    [[nodiscard]] bool IsInDialog() const;
     void Empty();
     void CheckAll(bool checked);
     void SortBy(int column);

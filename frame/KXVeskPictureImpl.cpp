@@ -17,6 +17,7 @@
 #include "services/ITNQuestionMng.h"
 #include "services/IVeskPicMng.h"
 #include "toolkit/KXTools.h"
+#include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WindowRegistry.h"
 #include "viewers/BimPicViewWrap.h"
 #include "viewers/SavePicAs.h"
@@ -161,9 +162,10 @@ bool CKXVeskPictureImpl::OpenBimPicView(qint32 ppid, const QString& floor,
     CBimPicViewWrap& viewer = CBimPicViewWrap::Instance();
     viewer.Create(toolkit::MainWindow());
     const toolkit::WindowId window = viewer.Id();
+    const toolkit::StillThere still(window);
     const bool isShown = viewer.OpenView({ppid, floor, positionKey, markId}, TakePendingPic());
     // Closed behind a message of its own, or with its project.
-    if (viewer.Id() != window) {
+    if (!still) {
         return false;
     }
     if (isShown) {
@@ -172,7 +174,7 @@ bool CKXVeskPictureImpl::OpenBimPicView(qint32 ppid, const QString& floor,
     }
     ShowStatus(window, e_VeskPicMngStatus::PicInfoFailed);
     // The window that failed, not one that was opened while the message was.
-    if (viewer.Id() == window) {
+    if (still) {
         viewer.Widget()->close();
     }
     return false;

@@ -7,6 +7,7 @@
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "toolkit/Look.h"
+#include "toolkit/windows/StillThere.h"
 
 #include <utility>
 
@@ -38,8 +39,9 @@ bool CBimPicViewDlg::LoadPosition(const BimPlace& place, qint32 wantedPicId) {
 bool CBimPicViewDlg::LoadPhotos(const std::shared_ptr<gallery::IPhotoSource>& source, qint32 ppid,
                                 qint32 wantedPicId) {
     items.clear();
+    const toolkit::StillThere still(Id());
     const auto photos = source->List();
-    if (!photos || !HasWindow()) {
+    if (!photos || !still) {
         return false;
     }
     m_source = source;
@@ -70,10 +72,10 @@ void CBimPicViewDlg::ShowPicDetail(int index) {
     if (item.loaded == 0) {
         // Kept while it is asked: another place may be opened meanwhile.
         const std::shared_ptr<gallery::IPhotoSource> source = m_source;
+        const toolkit::StillThere still(Id());
         const auto detail = source->Detail(EntryOf(item, State().items[size_t(index)]));
         // The service may have let the viewer be closed, or another place be opened in it.
-        if (!HasWindow() || index >= int(items.size()) ||
-            items[size_t(index)].picId != item.picId) {
+        if (!still || index >= int(items.size()) || items[size_t(index)].picId != item.picId) {
             return;
         }
         if (!detail) {

@@ -1,7 +1,8 @@
 #include "toolkit/controls/DropCombo.h"
 
+#include "toolkit/windows/StillThere.h"
+
 #include <QAbstractItemView>
-#include <QPointer>
 #include <QScreen>
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
@@ -14,10 +15,10 @@ DropCombo::DropCombo(QWidget* parent) : QComboBox(parent) {
 }
 
 void DropCombo::showPopup() {
-    const QPointer<DropCombo> self(this);
+    const toolkit::StillThere still(this);
     emit dropDown();
     // The handler may have ended the window, or asked something while the box was disabled.
-    if (!self || !isVisible() || !isEnabled()) {
+    if (!still || !isVisible() || !isEnabled()) {
         return;
     }
     // The list is as wide as its longest entry, but not wider than half the screen.

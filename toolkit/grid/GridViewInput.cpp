@@ -4,6 +4,7 @@
 #include "toolkit/Look.h"
 #include "toolkit/grid/GridPainter.h"
 #include "toolkit/grid/MultiPageGrid.h"
+#include "toolkit/windows/StillThere.h"
 
 #include <QContextMenuEvent>
 #include <QHeaderView>
@@ -293,11 +294,12 @@ void GridView::ShowRowMenu(const QPoint& globalPosition) {
     if (row == nullptr) {
         return;
     }
-    const QPointer<QMenu> menu = new QMenu(this);
+    auto* menu = new QMenu(this);
+    const StillThere still(menu);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     m_menu = menu;
     m_grid->FillRowMenu(*row, *menu);
-    if (!menu) {
+    if (!still) {
         return;
     }
     if (menu->isEmpty()) {

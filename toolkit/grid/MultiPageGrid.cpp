@@ -3,6 +3,7 @@
 #include "toolkit/grid/GridColumn.h"
 #include "toolkit/grid/GridView.h"
 #include "toolkit/grid/MultiPageGridManager.h"
+#include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WindowRegistry.h"
 
 #include <algorithm>
@@ -147,17 +148,17 @@ void CMultiPageGrid::SortRows() {
 }
 
 void CMultiPageGrid::DoPage(int page) {
-    const std::weak_ptr<void> alive = m_alive;
+    const toolkit::StillThere still(m_alive);
     const int wanted = std::max(page, 1);
     const bool samePage = wanted == m_currentPage;
     const int scroll = m_view != nullptr ? m_view->RowScroll() : 0;
     m_currentPage = wanted;
     OnPreparePage();
-    if (alive.expired()) {
+    if (!still) {
         return;
     }
     OnQueryPage();
-    if (alive.expired()) {
+    if (!still) {
         return;
     }
     if (m_view != nullptr) {

@@ -1,5 +1,6 @@
 #include "toolkit/windows/NativePrompts.h"
 
+#include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WindowRegistry.h"
 
 #include <QApplication>
@@ -8,7 +9,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QPointer>
 #include <QProcess>
 #include <QUrl>
 
@@ -20,14 +20,14 @@ namespace {
 
 /// Runs a dialog that may lie on a window, and deletes it. `read` is told dialog and result, and
 /// nothing where the window died first, which took the dialog along.
-template <class Dialog, class Read> void RunOnWindow(Dialog* made, Read read) {
-    const QPointer<Dialog> dialog = made;
+template <class Dialog, class Read> void RunOnWindow(Dialog* dialog, Read read) {
+    const StillThere still(dialog);
     const int result = dialog->exec();
-    if (!dialog) {
+    if (!still) {
         return;
     }
     read(*dialog, result);
-    delete dialog.data();
+    delete dialog;
 }
 
 /// A box that says what it has to say as plain text. 0: its window died behind it.
@@ -108,10 +108,10 @@ QString NativePrompts::AskFolder(WindowId parent, const QString& title) {
 }
 
 QString NativePrompts::AskSaveFile(const SaveFileRequest& request) {
-    const QPointer<QWidget> window = WidgetOf(request.parent);
-    const bool onWindow = !window.isNull();
+    const StillThere still(WidgetOf(request.parent));
+    const bool onWindow(still);
     QString proposed = request.proposedName;
-    while (window || !onWindow) {
+    while (still || !onWindow) {
         // Overwriting is asked for the final path below, not for the name as typed.
         const QString typed = RunFileDialog(request.parent, {{},
                                                              proposed,

@@ -65,6 +65,16 @@ TEST_F(BimPicViewWindowTest, AnotherPlaceOpenedWhileADetailIsFetchedIsTheOneThat
     EXPECT_EQ(Texts().descText->text(), u"描述：描述1");
 }
 
+TEST_F(BimPicViewWindowTest, AListThatComesForAWindowThatWasMadeAnewIsNotShown) {
+    ASSERT_TRUE(Open());
+    host.script.During("GetPicFilesByPosition", [this] {
+        host.script.During("GetPicFilesByPosition", nullptr);
+        Wrap().DestroyViews();
+        EXPECT_TRUE(Open());
+    });
+    EXPECT_FALSE(Pane().LoadPosition({1, u"1"_s, u"K"_s, 1}, -1));
+}
+
 TEST_F(BimPicViewWindowTest, TheWaitCursorShowsWhileTheServicesAreAskedAndNotInAMessage) {
     const auto waits = [] { return QGuiApplication::overrideCursor() != nullptr; };
     std::vector<bool> during;
