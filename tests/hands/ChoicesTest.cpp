@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace hands {
 namespace {
 
@@ -122,27 +124,27 @@ protected:
     void SetUp() override {
         table.resize(300, 200);
         QObject::connect(&table, &QTableWidget::cellPressed, [this](int row, int column) {
-            pressed << QPair(row, column);
+            pressed << std::pair(row, column);
             button = QApplication::mouseButtons();
         });
         ASSERT_TRUE(ShowInFront(table));
     }
 
     QTableWidget table{200, 3};
-    QList<QPair<int, int>> pressed;
+    QList<std::pair<int, int>> pressed;
     Qt::MouseButtons button;
 };
 
 TEST_F(Cells, ACellIsScrolledIntoSightAndClicked) {
     EXPECT_TRUE(ClickCell(&table, 150, 1));
-    EXPECT_EQ(pressed, (QList<QPair<int, int>>{{150, 1}}));
+    EXPECT_EQ(pressed, (QList<std::pair<int, int>>{{150, 1}}));
     EXPECT_EQ(button, Qt::LeftButton);
     EXPECT_EQ(table.currentRow(), 150);
 }
 
 TEST_F(Cells, TheRightButtonIsAsGood) {
     EXPECT_TRUE(ClickCell(&table, 1, 2, Qt::RightButton));
-    EXPECT_EQ(pressed, (QList<QPair<int, int>>{{1, 2}}));
+    EXPECT_EQ(pressed, (QList<std::pair<int, int>>{{1, 2}}));
     EXPECT_EQ(button, Qt::RightButton);
 }
 
