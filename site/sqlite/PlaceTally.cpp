@@ -85,9 +85,10 @@ QString UnhideSql() {
                                                                                           tally);
 }
 
-/// Joins photos to their places.
+/// Joins photos to their places, the photos always outside: the other way round each place would go
+/// through all photos of its project.
 QString AtPlace(const QString& photo) {
-    return u"bim_place ON (bim_place.ppid, bim_place.floor_sort, bim_place.pos_text,"
+    return u"CROSS JOIN bim_place ON (bim_place.ppid, bim_place.floor_sort, bim_place.pos_text,"
            " bim_place.position_key, bim_place.floor) = (%1)"_s.arg(PlaceOf(photo));
 }
 
@@ -107,7 +108,7 @@ std::vector<QString> PlaceTallyFillSql() {
             " WHERE photo.status = 0 ORDER BY 1, 2, 3, 4, 5"_s.arg(kPlaceColumns, place),
             u"INSERT INTO bim_place_photo (ppid, modified, id, place, mark_id) SELECT photo.ppid,"
             " photo.modified, photo.id, bim_place.place, photo.mark_id FROM bim_photo AS photo"
-            " JOIN %1 WHERE photo.status = 0 ORDER BY 1, 2, 3"_s.arg(AtPlace(u"photo"_s))};
+            " %1 WHERE photo.status = 0 ORDER BY 1, 2, 3"_s.arg(AtPlace(u"photo"_s))};
 }
 
 std::vector<QString> HiddenTallySchema() {
@@ -131,7 +132,7 @@ std::vector<QString> HiddenTallyFillSql() {
 
 QString HiddenCountsSql(const QString& condition) {
     return u"SELECT photo.ppid, bim_place.place AS place, photo.mark_id AS mark_id, count(*) AS n"
-           " FROM bim_photo AS photo JOIN %1 WHERE photo.status <> 0%2 GROUP BY 1, 2, 3"_s.arg(
+           " FROM bim_photo AS photo %1 WHERE photo.status <> 0%2 GROUP BY 1, 2, 3"_s.arg(
                AtPlace(u"photo"_s), condition);
 }
 

@@ -345,4 +345,21 @@ TEST(PicPanelFloors, APersonHasThePhotosThatThePersonChangedLast) {
     EXPECT_TRUE(panel.Floors(filter).empty());
 }
 
+// A million photos at ten thousand places: the other way round takes hours.
+TEST(PlaceTally, ItIsFilledByGoingThroughThePhotosOnce) {
+    TempSite site;
+    Database& db = site.folder.Db();
+    for (const QString& fill :
+         {PlaceTallyFillSql().at(1), HiddenTallyFillSql().at(1),
+          HiddenCountsSql(u" AND photo.ppid = 1 AND photo.modified BETWEEN 5 AND 9"_s)}) {
+        QStringList steps;
+        db.ForEach(u"EXPLAIN QUERY PLAN "_s + fill, {},
+                   [&](const Statement& row) { steps << row.Text(3); });
+        ASSERT_GE(steps.size(), 2) << fill.toStdString();
+        EXPECT_TRUE(steps[0].contains(u" photo"_s)) << steps[0].toStdString();
+        EXPECT_TRUE(steps[1].startsWith(u"SEARCH bim_place"_s)) << steps[1].toStdString();
+        EXPECT_TRUE(steps[1].contains(u"floor=?"_s)) << steps[1].toStdString();
+    }
+}
+
 } // namespace site
