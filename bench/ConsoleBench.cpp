@@ -9,6 +9,7 @@
 #include "console/ColumnTable.h"
 #include "console/SortKeys.h"
 #include "console/VeskPicMngDlg.h"
+#include "host/services/ServiceSet.h"
 #include "host/session/HostSession.h"
 #include "toolkit/Look.h"
 
@@ -147,6 +148,7 @@ int MeasureConsole(const QCommandLineParser& options) {
     MeasureClientStart(options.value(u"data"_s), report);
     bench::StartTracing();
     host::HostSession session;
+    const host::Serving serving(session);
     if (!bench::OpenFolder(session, options)) {
         return 1;
     }

@@ -3,6 +3,7 @@
 #include "bench/Report.h"
 #include "bench/Stopwatch.h"
 #include "console/BatchDownload.h"
+#include "host/services/ServiceSet.h"
 #include "host/session/HostSession.h"
 #include "host/ui/ExProgress.h"
 #include "services/Factories.h"
@@ -121,12 +122,13 @@ void MeasureDownload(const QStringList& pictures, Report& report) {
     // Beside the photographs: the same disk for all copies.
     const QTemporaryDir place(QFileInfo(pictures.front()).path() + u"/download-XXXXXX"_s);
     const NoPrompts prompts;
-    host::HostSession& session = *host::HostSession::Current();
+    host::HostSession session;
+    host::Serving serving(session);
     if (session.Open(place.filePath(u"site"_s))) {
         return;
     }
     host::ExProgress progress;
-    session.progress = &progress;
+    serving.Around().progress = &progress;
     const QString cache = place.filePath(u"cache"_s);
     const std::vector<BatchRow> rows = FileAll(session, pictures, cache);
     std::vector<double> plain;
@@ -140,7 +142,7 @@ void MeasureDownload(const QStringList& pictures, Report& report) {
         cold.push_back(Download(rows, place.filePath(u"cold"_s)));
         warm.push_back(Download(rows, place.filePath(u"warm"_s)));
     }
-    session.progress = nullptr;
+    serving.TakeBack();
     session.Close();
     report.AddFigure(u"plain copy of 30 of 24 MP"_s, Median(plain), u"ms"_s);
     report.AddFigure(u"batch download, nothing in the cache"_s, Median(cold), u"ms"_s);

@@ -3,6 +3,7 @@
 #include "bench/Report.h"
 #include "bench/Stopwatch.h"
 #include "editors/BimPicEditDlg.h"
+#include "host/services/ServiceSet.h"
 #include "host/session/HostSession.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
@@ -162,6 +163,7 @@ int main(int argc, char** argv) {
     options.process(app);
     const QTemporaryDir folder;
     host::HostSession session;
+    const host::Serving serving(session);
     if (session.Open(folder.filePath(u"site"_s))) {
         QTextStream(stderr) << u"the data folder can't be used"_s << Qt::endl;
         return 1;

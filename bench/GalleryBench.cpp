@@ -8,7 +8,6 @@
 #include "bench/PhotoSet.h"
 #include "bench/Report.h"
 #include "bench/ViewerBench.h"
-#include "host/session/HostSession.h"
 #include "toolkit/Look.h"
 
 #include <QCommandLineParser>
@@ -294,7 +293,6 @@ int main(int argc, char** argv) {
     options.addOption(QCommandLineOption(u"keys"_s, u"Only keys at the first picture, 24 MP."_s));
     options.addOption({u"memory-probe"_s, u"Only step through a folder."_s, u"folder"_s});
     options.process(app);
-    host::HostSession session;
     if (options.isSet(u"viewer"_s)) {
         return MeasureViewers(app, options);
     }

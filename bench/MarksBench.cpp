@@ -6,6 +6,7 @@
 #include "bench/Stopwatch.h"
 #include "bench/WatchedApplication.h"
 #include "frame/KXVeskPictureImpl.h"
+#include "host/services/ServiceSet.h"
 #include "host/session/HostSession.h"
 #include "reminder/marks/KXVeskPicDataImpl.h"
 #include "site/ICatalogue.h"
@@ -195,6 +196,7 @@ int Measure(bench::WatchedApplication& app, const QCommandLineParser& options) {
     bench::Report report;
     bench::StartTracing();
     host::HostSession session;
+    const host::Serving serving(session);
     if (!bench::OpenFolder(session, options)) {
         return 1;
     }

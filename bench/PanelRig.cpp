@@ -3,6 +3,7 @@
 #include "bench/Stopwatch.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "host/app/PlanReader.h"
+#include "host/services/ServiceSet.h"
 #include "host/session/HostSession.h"
 #include "host/ui/marks/MarkPanelDock.h"
 #include "host/ui/plan/FloorPlanPane.h"
@@ -31,7 +32,7 @@ PanelRig::PanelRig(WatchedApplication& watchedApplication, host::HostSession& ho
     m_tree = m_panel->Page(host::MarkKind::Photos).findChild<QTreeView*>();
     m_plan->SetModel(host::ReadFloorPlan(m_session));
     m_view = std::make_unique<host::FloorPlanView>(*m_plan);
-    m_session.view = m_view.get();
+    host::TheServices().around.view = m_view.get();
     m_flow = std::make_unique<host::MarkFlow>(
         host::MarkFlow::Parts{m_session, *m_panel, *m_view, m_hub, CKXVeskPictureImpl::Instance(),
                               CKXVeskPicDataImpl::Instance()});
@@ -44,7 +45,7 @@ PanelRig::PanelRig(WatchedApplication& watchedApplication, host::HostSession& ho
 
 PanelRig::~PanelRig() {
     m_flow.reset();
-    m_session.view = nullptr;
+    host::TheServices().around.view = nullptr;
 }
 
 PanelTime PanelRig::UntilPainted(const std::function<void()>& act) {

@@ -6,6 +6,7 @@
 #include "bench/Stopwatch.h"
 #include "console/VeskPicMngDlg.h"
 #include "frame/KXVeskPictureImpl.h"
+#include "host/services/ServiceSet.h"
 #include "host/session/HostSession.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
@@ -168,12 +169,13 @@ void MeasureCrowd(WatchedApplication& application, const QString& positionKey, R
 
 void MeasureViewer(WatchedApplication& application, const QString& photo, Report& report) {
     const QTemporaryDir place(QFileInfo(photo).path() + u"/viewer-XXXXXX"_s);
-    host::HostSession& session = *host::HostSession::Current();
+    host::HostSession session;
+    host::Serving serving(session);
     if (session.Open(place.filePath(u"site"_s))) {
         return;
     }
     ShowingView view;
-    session.view = &view;
+    serving.Around().view = &view;
     const ViewerSite site = FileSite(session, photo);
     QFile small(place.filePath(u"small.jpg"_s));
     if (small.open(QIODevice::WriteOnly)) {
@@ -184,7 +186,7 @@ void MeasureViewer(WatchedApplication& application, const QString& photo, Report
     FillCache(site.crowded, small.fileName());
     MeasureRow(application, picture, report);
     MeasureCrowd(application, site.crowded, report);
-    session.view = nullptr;
+    serving.TakeBack();
     session.Close();
 }
 

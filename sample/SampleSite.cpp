@@ -8,8 +8,6 @@
 #include "site/IIntake.h"
 #include "site/ISite.h"
 
-#include <QDateTime>
-
 namespace sample {
 
 using namespace Qt::StringLiterals;
@@ -75,8 +73,7 @@ bool CreateSampleSite(site::ISite& target, SampleSize size, const SampleProgress
         if (!target.NewIntake()->IsEmpty()) {
             return true; // made by another process between the two questions
         }
-        Build(target, workshop->Place(), MakeSitePlan(size, QDateTime::currentSecsSinceEpoch()),
-              progress);
+        Build(target, workshop->Place(), MakeSitePlan(size, target.Now()), progress);
         return true;
     } catch (const Cancelled&) {
         return false;

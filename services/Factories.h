@@ -2,6 +2,8 @@
 // with its own services, or the tests with scripted ones. Nothing is ever freed by the module.
 #pragma once
 
+#include <QtCore/qglobal.h>
+
 namespace PIC_REPORT {
 class IPicReportCtrl;
 }
@@ -64,3 +66,6 @@ KX_HOST_FUNCTION KX_DATA::IRecentSearchMng* GetRecentSearchMng();
 KX_HOST_FUNCTION KX_DATA::IConvertProjStateTool* GetConvertProjStateTool();
 KX_HOST_FUNCTION KX_DATA::IExProgress* GetExProgress();
 KX_HOST_FUNCTION PIC_REPORT::IPicReportCtrl* GetPicReportCtrl();
+
+/// The present time for records that begin with it: seconds since 1970. Thread: any.
+KX_HOST_FUNCTION qint64 GetPresentSeconds();

@@ -1,7 +1,8 @@
 // Rich text documents kept beside photos and issues.
 #pragma once
 
-#include <QDateTime>
+#include "services/Factories.h"
+
 #include <QString>
 
 #include <vector>
@@ -21,7 +22,7 @@ struct RichAttachment {
 struct RichTextMsg {
     QString docName; ///< main file; empty: no text was ever saved
     /// Of the last save, seconds since 1970; a new record holds the present time.
-    qint64 updateTime = QDateTime::currentSecsSinceEpoch();
+    qint64 updateTime = GetPresentSeconds();
     QString editorName;  ///< empty: nobody saved yet
     QString versionText; ///< a different text means that somebody else has saved
     QString stateText;

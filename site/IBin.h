@@ -33,6 +33,7 @@ public:
     virtual int DeleteIssues(const Projects& projects, const std::vector<QString>& questionIds,
                              const Signature& by) = 0;
 
+    /// Of the whole site, as the two below: what was deleted comes back in whatever project it was.
     /// Latest first.
     [[nodiscard]] virtual std::vector<BinEntry> List() = 0;
     /// Brings rows, labels and files back under their old ids; ids that the bin doesn't have are

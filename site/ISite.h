@@ -49,6 +49,8 @@ public:
     [[nodiscard]] virtual IClientFolders& Folders() = 0;
     [[nodiscard]] virtual IChanges& Changes() = 0;
 
+    /// The present time, seconds since 1970. Thread: any.
+    [[nodiscard]] virtual qint64 Now() const = 0;
     /// Where it is, for a person.
     [[nodiscard]] virtual QString Place() const = 0;
 

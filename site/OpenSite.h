@@ -3,7 +3,9 @@
 
 #include "site/DataError.h"
 #include "site/ISite.h"
+#include "site/SystemTime.h"
 
+#include <functional>
 #include <optional>
 
 namespace site {
@@ -17,6 +19,8 @@ struct OpenFault {
 struct OpenOptions {
     int busyTimeoutMs = 5000; ///< how long an operation waits for another process's lock
     bool cleanUp = true;      ///< remove leftovers of crashes and bin entries past their time
+    /// The present time, seconds since 1970. Thread: any.
+    std::function<qint64()> now = SystemSeconds;
 };
 
 struct OpenedSite {

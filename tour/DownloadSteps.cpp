@@ -1,5 +1,5 @@
 #include "hands/Hands.h"
-#include "host/session/HostSession.h"
+#include "host/services/ServiceSet.h"
 #include "tour/ConsoleEyes.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
@@ -25,11 +25,11 @@ const QString kFolderQuestion = u"请选择文件存放的路径"_s;
 
 /// What the transfers of the walk are like from now on.
 bool SetSlow(bool slow) {
-    host::HostSession* session = host::HostSession::Current();
-    if (session != nullptr) {
-        session->SetTransfers({slow ? kSlowMs : 0});
+    const auto desk = host::TheServices().around.Desk();
+    if (desk != nullptr) {
+        desk->SetRules({slow ? kSlowMs : 0});
     }
-    return session != nullptr;
+    return desk != nullptr;
 }
 
 QString ReadProgress(const QString& label) {

@@ -61,7 +61,8 @@ void TellAtTheActiveWindow(const QString& text) {
 
 } // namespace
 
-Client::Client(HostSession& hostSession) : m_session(hostSession), m_binSource(hostSession) {}
+Client::Client(HostSession& hostSession)
+    : m_session(hostSession), m_serving(hostSession), m_binSource(hostSession) {}
 
 Client::~Client() {
     Stop();
@@ -71,10 +72,11 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     m_window = std::make_unique<MainWindow>();
     m_view = std::make_unique<FloorPlanView>(m_window->Plan());
     m_imports = std::make_unique<ImportFlow>(m_session, *m_window);
-    m_session.view = m_view.get();
-    m_session.progress = &m_progress;
-    m_session.transferWait = &m_transferWait;
-    m_session.imageFolder = QDir(moduleFolder).filePath(u"work"_s);
+    Surroundings& lent = m_serving.Around();
+    lent.view = m_view.get();
+    lent.progress = &m_progress;
+    lent.transferWait = &m_transferWait;
+    lent.imageFolder = QDir(moduleFolder).filePath(u"work"_s);
     ConnectWindow();
     ConnectSession();
     ConnectSink();
@@ -108,12 +110,9 @@ void Client::Stop() {
     m_hub.Clear();
     delete m_binWindow;
     m_progress.Close();
-    m_session.view = nullptr;
-    m_session.progress = nullptr;
-    m_session.transferWait = nullptr;
-    m_session.SetMessageSink({});
-    m_session.SetWithdrawSink({});
-    m_session.SetActionSink({});
+    m_serving.TakeBack();
+    m_session.Desk()->SetMessageSink({});
+    m_session.Actions().SetSink({});
     toolkit::SetNoticeSink({});
     m_window->disconnect(this);
     m_window->hide();
@@ -173,19 +172,20 @@ void Client::ConnectWindow() {
 }
 
 void Client::ConnectSession() {
-    m_session.SetMessageSink([this](MessageLevel level, const QString& text) {
+    m_session.Desk()->SetMessageSink([this](MessageLevel level, const QString& text) {
         // Transfers report from their own threads.
         QMetaObject::invokeMethod(m_window.get(), [this, level, text] {
             m_window->Messages().Show(KindOf(level), text);
         });
     });
-    m_session.SetWithdrawSink(
-        [this](const QString& beginning) { m_window->Messages().Withdraw(beginning); });
+    m_serving.Around().withdraw = [this](const QString& beginning) {
+        m_window->Messages().Withdraw(beginning);
+    };
     toolkit::SetNoticeSink([this](const QString& text) {
         m_window->Messages().Show(MessageKind::Info, text);
         TellAtTheActiveWindow(text);
     });
-    m_session.SetActionSink([this](const site::LoggedAction& action) {
+    m_session.Actions().SetSink([this](const site::LoggedAction& action) {
         m_window->ActionLog().Model().Add({action.at, action.person, action.action});
     });
     WithoutFault(m_session, [this] {

@@ -5,6 +5,7 @@
 #include "host/app/ProjectChoices.h"
 #include "host/app/SessionBin.h"
 #include "host/app/TransferWait.h"
+#include "host/services/ServiceSet.h"
 #include "host/ui/Commands.h"
 #include "host/ui/ExProgress.h"
 #include "host/ui/ObserverHub.h"
@@ -74,6 +75,7 @@ private:
     void EnableCommands();
 
     HostSession& m_session;
+    Serving m_serving;
     SessionBin m_binSource;
     ExProgress m_progress;
     TransferWait m_transferWait{m_progress};

@@ -108,7 +108,7 @@ void Client::MakeProject() {
     }
     const bool isMade = WithoutFault(m_session, [&] {
         m_session.Site().NewIntake()->AddProject(dialog.Name());
-        m_session.LogAction(u"新建工程“%1”"_s.arg(dialog.Name()));
+        m_session.Actions().Write(u"新建工程“%1”"_s.arg(dialog.Name()));
     });
     if (!isMade) {
         return;

@@ -8,12 +8,12 @@
 namespace host {
 
 /// Does something with the data; a fault becomes a message of the host and the answer false.
-template <typename Work> bool WithoutFault(HostSession& session, Work&& work) {
+template <typename Work> bool WithoutFault(const HostSession& session, Work&& work) {
     try {
         std::forward<Work>(work)();
         return true;
     } catch (const site::DataError& error) {
-        session.ReportHostMessage(MessageLevel::Error, error.Text());
+        session.Desk()->Report(MessageLevel::Error, error.Text());
         return false;
     }
 }

@@ -1,11 +1,10 @@
 #include "host/app/FlagPhotos.h"
 
 #include "host/app/Faults.h"
-#include "host/services/PicPanelTree.h"
+#include "host/session/PanelNames.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
 #include "site/IBimPhotos.h"
-#include "toolkit/GbkText.h"
 
 #include <set>
 
@@ -16,22 +15,19 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Ticked photos of the flag's mark; empty: all of them are.
-std::set<qint32> TickedPhotos(const HostSession& session, const MarkFlag& flag) {
+std::set<qint32> TickedOf(const HostSession& session, const MarkFlag& flag) {
     std::set<qint32> ids;
-    const auto floor = session.shownPicMarks.find(toolkit::ToGbk(PanelGroupName(flag.floor)));
-    if (floor == session.shownPicMarks.end()) {
+    const TickedPhotos& shown = *session.ShownPhotos();
+    const auto group = shown.find(PanelGroupName(flag.floor));
+    if (group == shown.end()) {
         return ids;
     }
-    const auto marks = floor->second.find(QString());
-    if (marks == floor->second.end()) {
+    const auto places = group->second.find(flag.markId);
+    if (places == group->second.end()) {
         return ids;
     }
-    const auto photos = marks->second.find(flag.markId);
-    if (photos == marks->second.end()) {
-        return ids;
-    }
-    for (const KX_DATA::ShownPicItem& photo : photos->second) {
-        ids.insert(photo.picId);
+    for (const TickedPlace& place : places->second) {
+        ids.insert(place.picIds.begin(), place.picIds.end());
     }
     return ids;
 }
@@ -52,7 +48,7 @@ FlagPhotos ReadFlagPhotos(HostSession& session, qint32 ppid, const MarkFlag& fla
         KX_DATA::kServiceOk) {
         return photos;
     }
-    const std::set<qint32> ticked = TickedPhotos(session, flag);
+    const std::set<qint32> ticked = TickedOf(session, flag);
     std::vector<qint64> ids;
     for (const KX_DATA::PicFileEntry& file : files) {
         if (!ticked.empty() && !ticked.contains(file.picId)) {

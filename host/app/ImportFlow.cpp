@@ -58,7 +58,7 @@ void ImportFlow::Ask(const QStringList& paths) {
         }
     });
     if (projects.empty()) {
-        m_session.ReportHostMessage(MessageLevel::Warning, u"请先打开一个工程，再导入照片。"_s);
+        m_session.Desk()->Report(MessageLevel::Warning, u"请先打开一个工程，再导入照片。"_s);
         return;
     }
     m_dialog = new ImportDialog(&m_window, paths, projects);
@@ -99,16 +99,16 @@ void ImportFlow::End(const ImportReport& report) {
     m_progress->End();
     const bool failed = !report.fault.isEmpty();
     const bool partly = report.cancelled || report.refused > 0;
-    m_session.ReportHostMessage(failed   ? MessageLevel::Error
-                                : partly ? MessageLevel::Warning
-                                         : MessageLevel::Info,
-                                report.Summary());
+    m_session.Desk()->Report(failed   ? MessageLevel::Error
+                             : partly ? MessageLevel::Warning
+                                      : MessageLevel::Info,
+                             report.Summary());
     if (!report.lines.empty()) {
         ShowLeftOut(report);
     }
     if (report.filed > 0) {
         WithoutFault(m_session,
-                     [&] { m_session.LogAction(u"导入照片 %1 张"_s.arg(report.filed)); });
+                     [&] { m_session.Actions().Write(u"导入照片 %1 张"_s.arg(report.filed)); });
         emit Imported();
     }
     // Both are in the middle of telling this.

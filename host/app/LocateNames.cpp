@@ -17,7 +17,7 @@ QString PhotoLocatedText(HostSession& session, const LocateTarget& target) {
              session.Site().BimPhotos().Rows(session.OpenPpids(), {target.picId})) {
             photo = row.fileName;
         }
-        const auto marks = session.Marks();
+        const auto marks = session.Tables().Marks();
         if (const auto known = marks.find(target.markId); known != marks.end()) {
             mark = known->second.name;
         }

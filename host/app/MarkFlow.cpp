@@ -2,8 +2,9 @@
 
 #include "host/app/Faults.h"
 #include "host/app/FlagMenu.h"
+#include "host/app/ReadTicks.h"
 #include "host/services/PicPanelTree.h"
-#include "host/services/TickedMarks.h"
+#include "host/session/PanelNames.h"
 #include "host/ui/ObserverHub.h"
 #include "host/ui/marks/MarkPanelDock.h"
 #include "include/IKXVeskPicData.h"
@@ -165,15 +166,15 @@ void MarkFlow::ProjectChanged() {
         if (!m_keptAs.isEmpty()) {
             m_keptText = m_parts.session.Site().Catalogue().Setting(m_keptAs);
         }
-        m_parts.view.SetMarkTable(m_parts.session.Marks());
+        m_parts.view.SetMarkTable(m_parts.session.Tables().Marks());
     });
     const MarkState state = MarkStateFrom(m_keptText);
     m_parts.panel.SetState(state);
     m_parts.view.ShowMarks(MarkKind::Photos, state.photos.shown);
     m_parts.view.ShowMarks(MarkKind::Issues, state.issues.shown);
     m_lastReads.clear();
-    m_parts.session.shownPicMarks.clear();
-    m_parts.session.shownIssueMarks.clear();
+    m_parts.session.ShowPhotos({});
+    m_parts.session.ShowIssues({});
     for (const MarkKind kind : {MarkKind::Photos, MarkKind::Issues}) {
         m_parts.panel.Page(kind).SetTree({});
         m_parts.panel.Page(kind).SetHint(m_keptAs.isEmpty() ? u"没有打开的工程。"_s : QString());
@@ -224,7 +225,7 @@ void MarkFlow::Read(MarkKind kind) {
         }
         last = {};
         const toolkit::WaitCursor waiting;
-        m_parts.view.SetMarkTable(m_parts.session.Marks());
+        m_parts.view.SetMarkTable(m_parts.session.Tables().Marks());
         ReadEntries(kind, filter);
         last = {filter, false};
     });
@@ -244,7 +245,8 @@ void MarkFlow::ReadEntries(MarkKind kind, const site::PanelFilter& filter) {
                                                entries);
         RelistTicks(filter);
     }
-    m_parts.panel.Page(kind).SetTree(MakeMarkTree(entries, m_parts.session.Marks(), hidden));
+    m_parts.panel.Page(kind).SetTree(
+        MakeMarkTree(entries, m_parts.session.Tables().Marks(), hidden));
 }
 
 /// The module's lists leave hidden photos out; panel and flags say beside them how many there are.
@@ -295,22 +297,22 @@ void MarkFlow::Apply(MarkKind kind) {
     const MarkTicks& ticks = page.Model().Ticks();
     const bool isRead = WithoutFault(session, [&] {
         if (kind == MarkKind::Issues) {
-            session.shownIssueMarks =
-                TickedIssues(session, FilterOf(kind),
-                             [&](const QString& group, qint32 markId, const QString& questionId) {
-                                 return ticks.IsEntryTicked(group, markId, questionId);
-                             });
+            session.ShowIssues(ReadTickedIssues(
+                session, FilterOf(kind),
+                [&](const QString& group, qint32 markId, const QString& questionId) {
+                    return ticks.IsEntryTicked(group, markId, questionId);
+                }));
             return;
         }
         std::map<QString, Qt::CheckState> states;
         for (const MarkTreeFloor& floor : page.Model().Tree()) {
             states[floor.group] = ticks.StateOf(floor);
         }
-        session.shownPicMarks = TickedPics(session, FilterOf(kind),
-                                           {[&](const QString& group) { return states[group]; },
-                                            [&](const QString& group, qint32 markId) {
-                                                return ticks.IsMarkTicked(group, markId);
-                                            }});
+        session.ShowPhotos(ReadTickedPhotos(session, FilterOf(kind),
+                                            {[&](const QString& group) { return states[group]; },
+                                             [&](const QString& group, qint32 markId) {
+                                                 return ticks.IsMarkTicked(group, markId);
+                                             }}));
     });
     page.SetHint(isRead ? QString() : u"读取标识时出错，请按 F5 重试。"_s);
     if (kind == MarkKind::Photos) {

@@ -63,7 +63,7 @@ int RunClient(const CommandLine& line) {
     if (const StartResult user = SignInUser(session, line); !user.goOn) {
         return user.fault.isEmpty() ? kExitDone : TellFault(user.fault);
     }
-    session.SetTransfers(line.transfers);
+    session.Desk()->SetRules(line.transfers);
     Client client(session);
     if (const auto lack = client.Start(QCoreApplication::applicationDirPath())) {
         return TellFault(*lack);

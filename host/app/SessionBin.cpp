@@ -27,8 +27,8 @@ std::vector<BinRow> SessionBin::ReadBin() {
     WithoutFault(m_session, [&] {
         for (const site::BinEntry& entry : m_session.Site().Bin().List()) {
             rows.push_back({entry.id, KindText(entry.kind), entry.title,
-                            m_session.ProjectName(entry.ppid), entry.deletedBy, entry.deletedAt,
-                            entry.deletedAt + site::kBinSeconds});
+                            m_session.Tables().ProjectName(entry.ppid), entry.deletedBy,
+                            entry.deletedAt, entry.deletedAt + site::kBinSeconds});
         }
     });
     return rows;
@@ -38,7 +38,7 @@ int SessionBin::RestoreFromBin(const std::vector<qint64>& binIds) {
     int restored = 0;
     WithoutFault(m_session, [&] {
         restored = m_session.Site().Bin().Restore(binIds);
-        m_session.LogAction(u"从回收站恢复 %1 项"_s.arg(restored));
+        m_session.Actions().Write(u"从回收站恢复 %1 项"_s.arg(restored));
     });
     return restored;
 }

@@ -1,30 +1,28 @@
 #include "host/services/AuthServices.h"
 
-#include "host/session/HostSession.h"
 #include "toolkit/GbkText.h"
 
 namespace host {
 
 namespace {
 
-std::string SignedInName() {
-    const HostSession* session = HostSession::Current();
+std::string SignedInName(const HostSession* session) {
     return session != nullptr ? toolkit::ToGbk(session->UserName()) : std::string();
 }
 
 } // namespace
 
 void AuthMng::GetUserName(std::string& name) {
-    name = SignedInName();
+    name = SignedInName(Around().Session());
 }
 
 bool AuthMng::HasRight(qint32 right) {
-    const HostSession* session = HostSession::Current();
+    const HostSession* session = Around().Session();
     return session != nullptr && session->HasRight(right);
 }
 
 KX_DATA::LoginInfo ActingUser::GetLoginInfo() {
-    return {SignedInName()};
+    return {SignedInName(Around().Session())};
 }
 
 } // namespace host

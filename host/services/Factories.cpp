@@ -1,104 +1,85 @@
 #include "services/Factories.h"
 
-#include "host/services/AuthServices.h"
-#include "host/services/CacheServices.h"
-#include "host/services/FilesDownloadMng.h"
-#include "host/services/FilesUploadMng.h"
-#include "host/services/GlobalData.h"
-#include "host/services/MQFFileDownload.h"
-#include "host/services/PDFDrawingMng.h"
-#include "host/services/PathServices.h"
-#include "host/services/SmallServices.h"
-#include "host/services/TNQuestionMng.h"
-#include "host/services/UnbuiltServices.h"
-#include "host/services/VeskPicMng.h"
-#include "host/session/HostSession.h"
-
-namespace {
-
-// Services live as long as the process: the module keeps what it was given, and its workers may ask
-// until they are joined, whatever else has ended by then.
-template <typename Service> Service* Only() {
-    static Service& service = *new Service;
-    return &service;
-}
-
-} // namespace
+#include "host/services/ServiceSet.h"
+#include "toolkit/Clock.h"
 
 KX_DATA::IVeskPicMng* GetVeskPicMng() {
-    return Only<host::VeskPicMng>();
+    return &host::TheServices().picMng;
 }
 KX_DATA::ITNQuestionMng* GetTNQuestionMng() {
-    return Only<host::TNQuestionMng>();
+    return &host::TheServices().questionMng;
 }
 KX_DATA::IPDFDrawingMng* GetPDFDrawingMng() {
-    return Only<host::PDFDrawingMng>();
+    return &host::TheServices().drawingMng;
 }
 KX_DATA::ITNQRCodeMng* GetTNQRCodeMng() {
-    return Only<host::TNQRCodeMng>();
+    return &host::TheServices().qrCodeMng;
 }
 KX_DATA::IRichTextMsgMng* GetRichTextMsgMng() {
-    return Only<host::RichTextMsgMng>();
+    return &host::TheServices().richTextMng;
 }
 KX_DATA::IKXAuthMng* GetKXAuthMng() {
-    return Only<host::AuthMng>();
+    return &host::TheServices().authMng;
 }
 KX_DATA::INRQAuthMng* GetNRQAuthMng() {
-    return Only<host::ActingUser>();
+    return &host::TheServices().actingUser;
 }
 KX_DATA::IKXGlobalData* GetKXGlobalData() {
-    return Only<host::GlobalData>();
+    return &host::TheServices().globalData;
 }
 KX_DATA::IKXPathMng* GetKXPathMng() {
-    return Only<host::PathMng>();
+    return &host::TheServices().pathMng;
 }
 KX_DATA::ICommonPathMng* GetKXCommonPathMng() {
-    return Only<host::CommonPathMng>();
+    return &host::TheServices().commonPathMng;
 }
 KX_DATA::IVeskPathTool* GetVeskPathTool() {
-    return Only<host::VeskPathTool>();
+    return &host::TheServices().richPathTool;
 }
 KX_DATA::IProjCacheMng* GetProjCacheMng() {
-    return Only<host::ProjCacheMng>();
+    return &host::TheServices().cacheMng;
 }
 KX_DATA::IKXLocalCacheData* GetKXLocalCacheData() {
-    return Only<host::LocalCacheData>();
+    return &host::TheServices().localCache;
 }
 KX_DATA::IKXSysMng* GetKXSysMng() {
-    return Only<host::SysMng>();
+    return &host::TheServices().sysMng;
 }
 KX_DATA::IKXHoopsModuleMng* GetKXHoopsModuleMng() {
-    return Only<host::HoopsModuleMng>();
+    return &host::TheServices().hoopsMng;
 }
 KX_DATA::IKXFilesDownloadMng* GetKXFilesDownloadMng() {
-    return Only<host::FilesDownloadMng>();
+    return &host::TheServices().downloadMng;
 }
 KX_DATA::IKXFilesUploadMng* GetKXFilesUploadMng() {
-    return Only<host::FilesUploadMng>();
+    return &host::TheServices().uploadMng;
 }
 KX_DATA::IMQFFileDownload* GetMQFFileDownLPtr() {
-    return Only<host::MQFFileDownload>();
+    return &host::TheServices().backgroundMng;
 }
 KX_DATA::IKXDocMng* GetKXDocMng() {
-    return Only<host::DocMng>();
+    return &host::TheServices().docMng;
 }
 KX_DATA::IKXReportDataMng* GetIKXReportDataMng() {
-    return Only<host::ReportDataMng>();
+    return &host::TheServices().reportDataMng;
 }
 KX_DATA::IRichEditorAuth* GetRichEditorAuth() {
-    return Only<host::RichEditorAuth>();
+    return &host::TheServices().richEditorAuth;
 }
 KX_DATA::IRecentSearchMng* GetRecentSearchMng() {
-    return Only<host::RecentSearchMng>();
+    return &host::TheServices().recentMng;
 }
 KX_DATA::IConvertProjStateTool* GetConvertProjStateTool() {
-    return Only<host::ConvertProjStateTool>();
+    return &host::TheServices().stateTool;
 }
 KX_DATA::IExProgress* GetExProgress() {
-    const host::HostSession* session = host::HostSession::Current();
-    return session != nullptr && session->progress != nullptr ? session->progress
-                                                              : Only<host::SilentProgress>();
+    host::ServiceSet& services = host::TheServices();
+    return services.around.progress != nullptr ? services.around.progress
+                                               : &services.silentProgress;
 }
 PIC_REPORT::IPicReportCtrl* GetPicReportCtrl() {
-    return Only<host::PicReportCtrl>();
+    return &host::TheServices().reportCtrl;
+}
+qint64 GetPresentSeconds() {
+    return toolkit::Clock().NowSeconds();
 }

@@ -1,6 +1,5 @@
 #include "host/services/FilesDownloadMng.h"
 
-#include "host/session/HostSession.h"
 #include "site/transfer/RunningTransfer.h"
 
 #include <QCoreApplication>
@@ -16,12 +15,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// Who keeps the person informed; null where nobody waits at a window.
-site::ITransferWait* WaitOfThisThread() {
-    const HostSession* session = HostSession::Current();
+site::ITransferWait* WaitOfThisThread(const Surroundings& around) {
     const QCoreApplication* app = QCoreApplication::instance();
-    return app != nullptr && QThread::currentThread() == app->thread() && session != nullptr
-               ? session->transferWait
-               : nullptr;
+    return app != nullptr && QThread::currentThread() == app->thread() ? around.transferWait
+                                                                       : nullptr;
 }
 
 /// On a thread of its own, while the interface thread keeps the person informed.
@@ -53,11 +50,12 @@ void FilesDownloadMng::DownloadFile(KX_DATA::TransferResult& result, const QStri
                                     const QString& localPath, qint32 /*kind*/, bool /*flag*/,
                                     qint32 /*value*/) {
     result = {};
-    const auto desk = HostSession::CurrentDesk();
+    const auto desk = Around().Desk();
     site::TransferOutcome outcome;
     const auto fetch = [&](site::IBlobs& blobs, const site::TransferTerms& terms) {
         // What needs no transfer needs no thread and nobody kept informed.
-        site::ITransferWait* wait = blobs.IsFetched(uuid, localPath) ? nullptr : WaitOfThisThread();
+        site::ITransferWait* wait =
+            blobs.IsFetched(uuid, localPath) ? nullptr : WaitOfThisThread(Around());
         outcome = wait == nullptr ? blobs.Fetch(uuid, localPath, terms)
                                   : FetchWaiting(blobs, terms, uuid, localPath, *wait);
     };

@@ -1,6 +1,5 @@
 #include "host/services/FilesUploadMng.h"
 
-#include "host/session/HostSession.h"
 #include "site/DataError.h"
 
 namespace host {
@@ -9,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 bool FilesUploadMng::UploadFile(const std::vector<KX_DATA::UploadItem>& items, qint32 count,
                                 KX_DATA::UploadResult& result, QString& errorText) {
-    const auto desk = HostSession::CurrentDesk();
+    const auto desk = Around().Desk();
     bool stored = false;
     const auto store = [&](site::IBlobs& blobs, const site::TransferTerms&) {
         try {

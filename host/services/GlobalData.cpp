@@ -1,6 +1,6 @@
 #include "host/services/GlobalData.h"
 
-#include "host/services/ServiceGuard.h"
+#include "host/services/SiteService.h"
 
 namespace host {
 
@@ -16,12 +16,11 @@ void GlobalData::GetGroupName(QString& name, qint32 /*groupId*/) {
 }
 
 bool GlobalData::IsTNReminderEnabled() {
-    const HostSession* session = HostSession::Current();
-    return session != nullptr && session->remindOfIssues;
+    return Around().Session() != nullptr && Around().remindOfIssues;
 }
 
 bool GlobalData::IsWorksetMode() {
-    const HostSession* session = HostSession::Current();
+    const HostSession* session = Around().Session();
     return session != nullptr && session->IsWorkset();
 }
 
@@ -47,7 +46,7 @@ void GlobalData::GetWorksetProjects(std::vector<KX_DATA::WorksetProject>& projec
 
 const QString& GlobalData::GetProjectName(QString& name, qint32 ppid) {
     name = Guarded(u"读取工程"_s, QString(),
-                   [&](HostSession& session) { return session.ProjectName(ppid); });
+                   [&](HostSession& session) { return session.Tables().ProjectName(ppid); });
     return name;
 }
 

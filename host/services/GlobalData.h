@@ -1,13 +1,16 @@
 // Projects and worksets for the whole client.
 #pragma once
 
+#include "host/services/SiteService.h"
 #include "services/IKXGlobalData.h"
 
 namespace host {
 
 /// Over the session. Thread: user interface.
-class GlobalData final : public KX_DATA::IKXGlobalData {
+class GlobalData final : public KX_DATA::IKXGlobalData, private SiteService {
 public:
+    using SiteService::SiteService;
+
     void GetClientVersionText(QString& text) override;
     void GetGroupName(QString& name, qint32 groupId) override;
     bool IsTNReminderEnabled() override;

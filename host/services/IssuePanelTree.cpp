@@ -1,11 +1,12 @@
 #include "host/services/IssuePanelTree.h"
 
-#include "host/services/PicPanelTree.h"
+#include "host/session/HostSession.h"
+#include "host/session/PanelNames.h"
 #include "site/IPanelCounts.h"
 
 namespace host {
 
-std::vector<KX_DATA::IssueFilterSource> IssueFilterEntries(HostSession& session,
+std::vector<KX_DATA::IssueFilterSource> IssueFilterEntries(const HostSession& session,
                                                            const site::PanelFilter& filter) {
     std::vector<KX_DATA::IssueFilterSource> entries;
     std::map<qint32, qint32> counts;
@@ -29,7 +30,7 @@ std::vector<KX_DATA::IssueFilterSource> IssueFilterEntries(HostSession& session,
     return entries;
 }
 
-std::vector<KX_DATA::IssueMarkGroup> IssueMarkGroups(HostSession& session,
+std::vector<KX_DATA::IssueMarkGroup> IssueMarkGroups(const HostSession& session,
                                                      const site::PanelFilter& filter) {
     std::vector<KX_DATA::IssueMarkGroup> groups;
     for (const site::PanelIssueFloor& floor : session.Site().PanelCounts().Issues(filter)) {

@@ -1,7 +1,5 @@
 #include "host/services/MQFFileDownload.h"
 
-#include "host/session/HostSession.h"
-
 #include <algorithm>
 #include <limits>
 #include <utility>
@@ -42,7 +40,7 @@ MQFFileDownload::Start MQFFileDownload::Begin(const QString& taskId) {
 void MQFFileDownload::StartDownload(const QString& taskId,
                                     const KX_DATA::FileDownloadRecord& record, qint32 /*kind*/) {
     const Start start = Begin(taskId);
-    const auto desk = HostSession::CurrentDesk();
+    const auto desk = Around().Desk();
     const auto run = [this, start, record](site::IBlobs& blobs, const site::TransferTerms& terms) {
         Run(start, record, blobs, terms);
     };

@@ -1,6 +1,7 @@
 // Fetching stored files in the background.
 #pragma once
 
+#include "host/services/SiteService.h"
 #include "host/session/SessionDesk.h"
 #include "services/IKXFilesMng.h"
 
@@ -15,8 +16,10 @@ namespace host {
 /// Each task runs on a thread of the session, which ends it with the site, and is forgotten when
 /// its end has been read. A task that is started again under its name ends the one before. Thread:
 /// any.
-class MQFFileDownload final : public KX_DATA::IMQFFileDownload {
+class MQFFileDownload final : public KX_DATA::IMQFFileDownload, private SiteService {
 public:
+    using SiteService::SiteService;
+
     void StartDownload(const QString& taskId, const KX_DATA::FileDownloadRecord& record,
                        qint32 kind) override;
     /// False for an unknown task.

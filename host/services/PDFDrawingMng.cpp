@@ -1,6 +1,6 @@
 #include "host/services/PDFDrawingMng.h"
 
-#include "host/services/ServiceGuard.h"
+#include "host/services/SiteService.h"
 #include "services/IVeskPicMng.h"
 #include "site/IPdfPhotos.h"
 

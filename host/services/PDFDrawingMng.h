@@ -1,13 +1,16 @@
 // The drawing service.
 #pragma once
 
+#include "host/services/SiteService.h"
 #include "services/IPDFDrawingMng.h"
 
 namespace host {
 
-/// Checkpoints over the session's database; comments aren't built yet. Thread: user interface.
-class PDFDrawingMng final : public KX_DATA::IPDFDrawingMng {
+/// Checkpoints of the open site; comments aren't built yet. Thread: user interface.
+class PDFDrawingMng final : public KX_DATA::IPDFDrawingMng, private SiteService {
 public:
+    using SiteService::SiteService;
+
     void Reserved1() override {}
     void Reserved2() override {}
     void Reserved3() override {}

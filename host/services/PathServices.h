@@ -1,27 +1,50 @@
 // Folders of the client: caches, logs, the module's images.
 #pragma once
 
+#include "host/services/SiteService.h"
 #include "services/IKXPathMng.h"
+#include "site/IClientFolders.h"
+
+#include <functional>
 
 namespace host {
 
+/// Folders of the site's client, made where they are missing, with a separator at the end; empty
+/// without an open site.
+class FolderService : protected SiteService {
+public:
+    using SiteService::SiteService;
+
+protected:
+    using Ask = std::function<QString(site::IClientFolders&)>;
+    [[nodiscard]] QString Made(const Ask& ask) const;
+    [[nodiscard]] QString CacheOf(qint32 ppid, site::IClientFolders::Cache what) const;
+    [[nodiscard]] QString RichText(const QString& key) const;
+};
+
 /// Caches lie in the data folder, one for each project; they are other folders than the store.
 /// Without an open data folder all folders are empty.
-class PathMng final : public KX_DATA::IKXPathMng {
+class PathMng final : public KX_DATA::IKXPathMng, private FolderService {
 public:
+    using FolderService::FolderService;
+
     const QString& GetPicFolder(QString& folder, qint32 ppid, const QString& name) override;
     const QString& GetThumbFolder(QString& folder, qint32 ppid, const QString& name) override;
     const QString& GetAttachFolder(QString& folder, qint32 ppid, const QString& name) override;
     const QString& GetWorkFolder(QString& folder) override;
 };
 
-class CommonPathMng final : public KX_DATA::ICommonPathMng {
+class CommonPathMng final : public KX_DATA::ICommonPathMng, private FolderService {
 public:
+    using FolderService::FolderService;
+
     const QString& GetLogFolder(QString& folder) override;
 };
 
-class VeskPathTool final : public KX_DATA::IVeskPathTool {
+class VeskPathTool final : public KX_DATA::IVeskPathTool, private FolderService {
 public:
+    using FolderService::FolderService;
+
     void GetRichFolder(QString& folder) override;
     /// A key that is no plain name has no folder.
     void GetAttachFolder(QString& folder, const QString& key) override;

@@ -1,26 +1,25 @@
 #include "host/services/PicPanelTree.h"
 
+#include "host/session/HostSession.h"
+#include "host/session/PanelNames.h"
 #include "site/IPanelCounts.h"
 #include "toolkit/GbkText.h"
 
 namespace host {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-/// Makes items of the places. The session's tables are asked once: each question to them looks
-/// whether another client has changed the data.
+/// Makes items of the places.
 class ItemMaker {
 public:
-    ItemMaker(HostSession& session, const site::PanelFilter& filter)
-        : m_names(session, filter), m_marks(session.Marks()) {}
+    ItemMaker(const HostSession& session, const site::PanelFilter& filter)
+        : m_names(session, filter), m_marks(session.Tables().Marks()) {}
 
     [[nodiscard]] KX_DATA::PicMarkItem ItemOf(const site::PanelPlace& place) const {
         const std::string project = std::to_string(place.ppid);
         KX_DATA::PicMarkItem item;
         item.positionKey = toolkit::ToGbk(place.positionKey);
-        item.itemName = m_names.NameOf(place);
+        item.itemName = toolkit::ToGbk(m_names.NameOf(place));
         item.groupId = kPicGroup;
         item.leaves.reserve(place.marks.size());
         for (const site::PanelMark& counted : place.marks) {
@@ -42,20 +41,12 @@ public:
 
 private:
     PanelItemNames m_names;
-    std::map<qint32, KX_DATA::MarkRecord> m_marks;
+    const std::map<qint32, KX_DATA::MarkRecord>& m_marks;
 };
 
 } // namespace
 
-QString OtherGroupName() {
-    return u"其他"_s;
-}
-
-QString PanelGroupName(const QString& floor) {
-    return floor.isEmpty() ? OtherGroupName() : floor;
-}
-
-site::PanelFilter PanelFilterOf(HostSession& session, qint64 from, qint64 to, quint8 flag,
+site::PanelFilter PanelFilterOf(const HostSession& session, qint64 from, qint64 to, quint8 flag,
                                 const KX_DATA::MarkFilterArg& filterArg) {
     site::PanelFilter filter;
     filter.ppids = filterArg.projectIds;
@@ -71,7 +62,7 @@ site::PanelFilter PanelFilterOf(HostSession& session, qint64 from, qint64 to, qu
     return filter;
 }
 
-std::vector<KX_DATA::PicFilterEntry> PicFilterEntries(HostSession& session,
+std::vector<KX_DATA::PicFilterEntry> PicFilterEntries(const HostSession& session,
                                                       const site::PanelFilter& filter) {
     std::vector<KX_DATA::PicFilterEntry> entries;
     for (const site::PanelFloor& floor : session.Site().PanelCounts().Photos(filter)) {
@@ -95,7 +86,7 @@ std::vector<KX_DATA::PicFilterEntry> PicFilterEntries(HostSession& session,
     return entries;
 }
 
-std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session,
+std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(const HostSession& session,
                                                  const site::PanelFilter& filter) {
     std::vector<KX_DATA::PicMarkGroup> groups;
     const ItemMaker maker(session, filter);
@@ -114,23 +105,6 @@ std::vector<KX_DATA::PicMarkGroup> PicMarkGroups(HostSession& session,
         }
     }
     return groups;
-}
-
-PanelItemNames::PanelItemNames(HostSession& session, const site::PanelFilter& filter) {
-    if (filter.ppids.size() < 2) {
-        return;
-    }
-    for (const qint32 ppid : filter.ppids) {
-        m_prefixes[ppid] = toolkit::ToGbk(session.ProjectName(ppid) + u' ');
-    }
-}
-
-std::string PanelItemNames::NameOf(const site::PanelPlace& place) const {
-    const auto prefix = m_prefixes.find(place.ppid);
-    // What hangs on no floor ends up in a single item, whose name is then the only one.
-    return prefix == m_prefixes.end() || place.positionKey.isEmpty()
-               ? toolkit::ToGbk(place.posText)
-               : prefix->second + toolkit::ToGbk(place.posText);
 }
 
 } // namespace host

@@ -1,46 +1,16 @@
 #include "host/services/SmallServices.h"
 
-#include "host/services/ServiceGuard.h"
+#include "host/services/SiteService.h"
 #include "site/ICatalogue.h"
 #include "site/RectifyStates.h"
-
-#include <QDateTime>
 
 namespace host {
 
 using namespace Qt::StringLiterals;
 
-Q_LOGGING_CATEGORY(serviceLog, "host.services")
-
-void ReportFault(const QString& what, const std::exception& fault) {
-    qCWarning(serviceLog, "%s: %s", qUtf8Printable(what), fault.what());
-    const auto* known = dynamic_cast<const site::DataError*>(&fault);
-    const QString reason =
-        known != nullptr ? known->Text() : site::FaultText(site::Fault::Other, {});
-    if (HostSession* session = HostSession::Current()) {
-        session->ReportHostMessage(MessageLevel::Error, FaultHead(what) + reason);
-    }
-}
-
-site::Signature SignatureOf(const HostSession& session) {
-    return {session.UserName(), QDateTime::currentSecsSinceEpoch()};
-}
-
-void RequireSome(HostSession& session, const QString& what, int done, size_t asked) {
-    RequireFound(done > 0 || asked == 0,
-                 asked == 1 ? u"所选的一项"_s : u"所选的 %1 项"_s.arg(asked));
-    if (static_cast<size_t>(done) < asked) {
-        session.ReportHostMessage(
-            MessageLevel::Warning,
-            u"%1：%2 项已完成，另外 %3 项已不存在，可能已被他人删除，请刷新（F5）。"_s.arg(what)
-                .arg(done)
-                .arg(asked - static_cast<size_t>(done)));
-    }
-}
-
 void SysMng::WriteActionLog(const QString& action) {
     Guarded(u"记录操作日志"_s, false, [&](HostSession& session) {
-        session.LogAction(action);
+        session.Actions().Write(action);
         return true;
     });
 }

@@ -1,6 +1,7 @@
 // The services of a few lines: action log, labels, recent searches, names of states, progress.
 #pragma once
 
+#include "host/services/SiteService.h"
 #include "services/IConvertProjStateTool.h"
 #include "services/IExProgress.h"
 #include "services/IKXDocMng.h"
@@ -10,13 +11,17 @@
 namespace host {
 
 /// All over the session. Thread: user interface.
-class SysMng final : public KX_DATA::IKXSysMng {
+class SysMng final : public KX_DATA::IKXSysMng, private SiteService {
 public:
+    using SiteService::SiteService;
+
     void WriteActionLog(const QString& action) override;
 };
 
-class DocMng final : public KX_DATA::IKXDocMng {
+class DocMng final : public KX_DATA::IKXDocMng, private SiteService {
 public:
+    using SiteService::SiteService;
+
     qint32 GetLabels(qint32 kind, std::vector<KX_DATA::LabelEntry>& labels) override;
     /// A name that there is already gives the id that it has.
     qint32 AddLabel(qint32 kind, const QString& label, qint32 value, const QString& parent,
@@ -24,8 +29,10 @@ public:
 };
 
 /// Each user has their own list.
-class RecentSearchMng final : public KX_DATA::IRecentSearchMng {
+class RecentSearchMng final : public KX_DATA::IRecentSearchMng, private SiteService {
 public:
+    using SiteService::SiteService;
+
     void SaveRecent(const std::vector<QString>& keywords) override;
     void GetRecent(std::vector<QString>& keywords) override;
 };

@@ -3,7 +3,7 @@
 #include "host/services/IssuePanelTree.h"
 #include "host/services/ListFilters.h"
 #include "host/services/PicPanelTree.h"
-#include "host/services/ServiceGuard.h"
+#include "host/services/SiteService.h"
 #include "services/IVeskPicMng.h"
 #include "site/IBin.h"
 #include "site/IIssues.h"

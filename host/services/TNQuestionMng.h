@@ -1,13 +1,16 @@
 // The issue service.
 #pragma once
 
+#include "host/services/SiteService.h"
 #include "services/ITNQuestionMng.h"
 
 namespace host {
 
 /// Over the session's database. Thread: user interface.
-class TNQuestionMng final : public KX_DATA::ITNQuestionMng {
+class TNQuestionMng final : public KX_DATA::ITNQuestionMng, private SiteService {
 public:
+    using SiteService::SiteService;
+
     void Reserved1() override {}
     bool DeletePics(qint32 kind, const std::vector<QString>& picIds) override;
     qint32 QueryIssues(const KX_DATA::PicQueryFilter& filter, const KX_DATA::PageRequest& request,

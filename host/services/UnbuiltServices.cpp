@@ -1,6 +1,6 @@
 #include "host/services/UnbuiltServices.h"
 
-#include "host/services/ServiceGuard.h"
+#include "host/services/SiteService.h"
 
 namespace host {
 

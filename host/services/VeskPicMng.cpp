@@ -2,7 +2,7 @@
 
 #include "host/services/ListFilters.h"
 #include "host/services/PicPanelTree.h"
-#include "host/services/ServiceGuard.h"
+#include "host/services/SiteService.h"
 #include "site/IBimPhotos.h"
 #include "site/IBin.h"
 #include "site/ICatalogue.h"
@@ -19,30 +19,28 @@ namespace {
 
 constexpr qint32 kServiceFailed = 0;
 
-// A fault of the data in the operations of this service, with its result.
-template <typename Work> qint32 Status(const QString& what, Work work) {
+qint32 StatusOf(bool hidden) {
+    return hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown;
+}
+
+} // namespace
+
+template <typename Work> qint32 VeskPicMng::Status(const QString& what, Work work) const {
     return Guarded(what, kServiceFailed, [&](HostSession& session) {
         return work(session) ? kServiceOk : kServiceFailed;
     });
 }
 
-// The same for a page of a list.
-template <typename Work> qint32 Page(const QString& what, Work work) {
+template <typename Work> qint32 VeskPicMng::Page(const QString& what, Work work) const {
     return GuardedQuestion(what, kServiceFailed, [&](HostSession& session) {
         work(session);
         return kServiceOk;
     });
 }
 
-template <typename Work> bool Done(const QString& what, Work work) {
+template <typename Work> bool VeskPicMng::Done(const QString& what, Work work) const {
     return Guarded(what, false, work);
 }
-
-qint32 StatusOf(bool hidden) {
-    return hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown;
-}
-
-} // namespace
 
 qint32 VeskPicMng::QueryBimPics(const KX_DATA::PicQueryFilter& filter,
                                 const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,

@@ -1,13 +1,16 @@
 // The photo service.
 #pragma once
 
+#include "host/services/SiteService.h"
 #include "services/IVeskPicMng.h"
 
 namespace host {
 
-/// Over the session's database. Thread: user interface.
-class VeskPicMng final : public KX_DATA::IVeskPicMng {
+/// Over the open site. Thread: user interface.
+class VeskPicMng final : public KX_DATA::IVeskPicMng, private SiteService {
 public:
+    using SiteService::SiteService;
+
     void Reserved1() override {}
     void Reserved2() override {}
     qint32 QueryBimPics(const KX_DATA::PicQueryFilter& filter, const KX_DATA::PageRequest& request,
@@ -52,6 +55,13 @@ public:
     bool GetUsedBimMarks(std::vector<qint32>& markIds) override;
     bool GetUsedPdfMarks(std::vector<qint32>& markIds) override;
     void GetStateNames(std::vector<QString>& names) override;
+
+private:
+    /// Guarded, in the results of this service.
+    template <typename Work> [[nodiscard]] qint32 Status(const QString& what, Work work) const;
+    /// The same for a page of a list.
+    template <typename Work> [[nodiscard]] qint32 Page(const QString& what, Work work) const;
+    template <typename Work> bool Done(const QString& what, Work work) const;
 };
 
 } // namespace host

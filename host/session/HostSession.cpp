@@ -2,75 +2,27 @@
 
 #include "site/ICatalogue.h"
 #include "site/IChanges.h"
-
-#include <QDateTime>
+#include "toolkit/Clock.h"
 
 #include <algorithm>
-#include <atomic>
 
 namespace host {
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-std::atomic<HostSession*> current{nullptr};
-
-/// The desk of the living session. Left to the process: threads may ask until the very end.
-struct CurrentDeskPlace {
-    std::mutex lock; ///< guards desk
-    std::shared_ptr<SessionDesk> desk;
-};
-CurrentDeskPlace& DeskPlace() {
-    static CurrentDeskPlace& place = *new CurrentDeskPlace;
-    return place;
-}
-
-bool IsOfTables(const site::Change& change) {
-    return change.kind == site::ChangeKind::Anything || change.kind == site::ChangeKind::Project ||
-           change.kind == site::ChangeKind::Mark;
-}
-
-} // namespace
-
-HostSession::HostSession() {
-    current = this;
-    const std::lock_guard guard(DeskPlace().lock);
-    DeskPlace().desk = m_desk;
-}
 
 HostSession::~HostSession() {
     Close();
     m_desk->SetMessageSink({});
-    HostSession* self = this;
-    current.compare_exchange_strong(self, nullptr);
-    const std::lock_guard guard(DeskPlace().lock);
-    if (DeskPlace().desk == m_desk) {
-        DeskPlace().desk.reset();
-    }
 }
 
-std::shared_ptr<SessionDesk> HostSession::CurrentDesk() {
-    const std::lock_guard guard(DeskPlace().lock);
-    return DeskPlace().desk;
-}
-
-HostSession* HostSession::Current() {
-    return current;
-}
-
-std::optional<site::OpenFault> HostSession::Open(const QString& place,
-                                                 const site::OpenOptions& options) {
+std::optional<site::OpenFault> HostSession::Open(const QString& place, site::OpenOptions options) {
     Close();
+    options.now = [] { return toolkit::Clock().NowSeconds(); };
     site::OpenedSite opened = site::OpenSite(place, options);
     m_site = std::move(opened.site);
     if (m_site != nullptr) {
+        m_tables = std::make_unique<SiteTables>(*m_site);
         m_desk->Open(m_site->Blobs());
         m_site->SetTold(
             [this](const QString& text) { m_desk->Report(MessageLevel::Warning, text); });
-        m_changes = m_site->Changes().Subscribe([this](const site::Changes& changes) {
-            m_tablesOld = m_tablesOld || std::any_of(changes.begin(), changes.end(), IsOfTables);
-        });
     }
     return opened.fault;
 }
@@ -80,10 +32,7 @@ void HostSession::Close() {
     CloseProject();
     m_user.clear();
     m_rights.clear();
-    m_projectNames.clear();
-    m_marks.clear();
-    m_tablesOld = true;
-    m_changes.reset();
+    m_tables.reset();
     m_site.reset();
 }
 
@@ -128,11 +77,15 @@ void HostSession::CloseProject() {
     m_project = {};
     m_workset = {};
     m_drawing = {};
-    shownPicMarks.clear();
-    shownIssueMarks.clear();
+    ShowPhotos({});
+    m_issues.clear();
 }
 
-std::vector<site::ProjectEntry> HostSession::OpenProjects() {
+void HostSession::ShowPhotos(TickedPhotos photos) {
+    m_photos = std::make_shared<const TickedPhotos>(std::move(photos));
+}
+
+std::vector<site::ProjectEntry> HostSession::OpenProjects() const {
     std::vector<site::ProjectEntry> projects;
     for (const qint32 ppid : OpenPpids()) {
         projects.push_back(ppid == m_project.ppid ? m_project : m_site->Catalogue().Project(ppid));
@@ -145,38 +98,6 @@ site::Projects HostSession::OpenPpids() const {
         return m_workset.ppids;
     }
     return m_project.ppid != 0 ? site::Projects{m_project.ppid} : site::Projects{};
-}
-
-void HostSession::LogAction(const QString& action) {
-    const site::LoggedAction entry{QDateTime::currentSecsSinceEpoch(), m_user, m_project.ppid,
-                                   action};
-    m_site->Catalogue().LogAction(entry);
-    if (m_actionSink) {
-        m_actionSink(entry);
-    }
-}
-
-void HostSession::RefreshTables() {
-    if (!m_tablesOld) {
-        return;
-    }
-    m_projectNames.clear();
-    for (const site::ProjectEntry& entry : m_site->Catalogue().Projects()) {
-        m_projectNames[entry.ppid] = entry.name;
-    }
-    m_marks = m_site->Catalogue().Marks();
-    m_tablesOld = false;
-}
-
-QString HostSession::ProjectName(qint32 ppid) {
-    RefreshTables();
-    const auto found = m_projectNames.find(ppid);
-    return found != m_projectNames.end() ? found->second : QString();
-}
-
-const std::map<qint32, KX_DATA::MarkRecord>& HostSession::Marks() {
-    RefreshTables();
-    return m_marks;
 }
 
 } // namespace host

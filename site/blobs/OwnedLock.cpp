@@ -19,6 +19,7 @@ bool TakeLock(QLockFile& lock) {
         return true;
     }
     const QFileInfo file(lock.fileName());
+    // By the system's clock, which dates files.
     const bool isAbandoned =
         file.isFile() && !file.isSymLink() && file.size() == 0 &&
         file.lastModified().secsTo(QDateTime::currentDateTime()) > kSurelyWritten;

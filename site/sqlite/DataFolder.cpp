@@ -9,7 +9,6 @@
 #include "site/sqlite/Migrations.h"
 #include "site/transfer/Transfer.h"
 
-#include <QDate>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -109,7 +108,7 @@ void DataFolder::OpenDatabase(int busyTimeoutMs) {
         }
         QFile::remove(suspicion);
     }
-    Migrate(*m_database);
+    Migrate(*m_database, Now());
     m_database->Log().SetOpening(m_opening);
     m_database->SetFaultWatch([suspicion](Fault fault) {
         if (fault == Fault::Damaged) {
@@ -120,6 +119,7 @@ void DataFolder::OpenDatabase(int busyTimeoutMs) {
 
 std::optional<OpenFault> DataFolder::Open(const Options& options) {
     Close();
+    m_now = options.now;
     try {
         Look();
         // Before the folders: once there is anything in one of them, the database tells whose it
@@ -161,8 +161,12 @@ void DataFolder::Tell(const QString& text) {
     }
 }
 
+QString DataFolder::Today() const {
+    return QDateTime::fromSecsSinceEpoch(Now()).date().toString(Qt::ISODate);
+}
+
 void DataFolder::CleanUp() {
-    SetAside aside(m_root, QDate::currentDate().toString(Qt::ISODate));
+    SetAside aside(m_root, Today());
     // One statement, so one state of the data: a restore between two could hide the file from both.
     m_store->CleanUp(
         [this](const QString& uuid) {
@@ -176,7 +180,7 @@ void DataFolder::CleanUp() {
     try {
         Bin bin(*m_database, *m_store);
         bin.Reconcile(aside);
-        bin.PurgeOld(QDateTime::currentSecsSinceEpoch());
+        bin.PurgeOld(Now());
     } catch (const DataError& error) {
         // Who writes for so long does nothing that can't wait for the next opening.
         if (error.GetFault() != Fault::Locked) {

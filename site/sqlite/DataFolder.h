@@ -49,6 +49,11 @@ public:
     [[nodiscard]] QString WorkPath() const;
     [[nodiscard]] QString LogPath() const;
 
+    /// Seconds since 1970, by the clock of the last opening. Thread: any while open.
+    [[nodiscard]] qint64 Now() const { return m_now(); }
+    /// The same as a local date, "2024-05-31".
+    [[nodiscard]] QString Today() const;
+
     /// Only while open.
     [[nodiscard]] Database& Db() const { return *m_database; }
     [[nodiscard]] FileStore& Store() const { return *m_store; }
@@ -61,6 +66,7 @@ private:
 
     QString m_root;
     const qint64 m_opening; ///< differs from those of other programs
+    std::function<qint64()> m_now = SystemSeconds;
     Told m_told;
     QStringList m_untold;
     std::unique_ptr<Database> m_database;

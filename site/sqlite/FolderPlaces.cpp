@@ -5,7 +5,6 @@
 #include "site/blobs/SetAside.h"
 #include "site/sqlite/DataFolder.h"
 
-#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QLockFile>
@@ -51,7 +50,7 @@ private:
             }
         }
         if (IsThere(m_part) && !QDir().rmdir(m_part)) {
-            SetAside aside(m_folder.Path(), QDate::currentDate().toString(Qt::ISODate));
+            SetAside aside(m_folder.Path(), m_folder.Today());
             aside.Take(place::kSamplePart);
             m_folder.Tell(aside.Story());
         }

@@ -2,8 +2,6 @@
 
 #include "site/sqlite/Database.h"
 
-#include <QDateTime>
-
 namespace site {
 
 using namespace Qt::StringLiterals;
@@ -34,7 +32,7 @@ qint64 VersionOf(Database& database) {
     return version;
 }
 
-void RunStep(Database& database, int version, const std::vector<QString>& statements) {
+void RunStep(Database& database, int version, const std::vector<QString>& statements, qint64 now) {
     Transaction transaction(database);
     // Another process may have been quicker while this one waited for the lock.
     if (VersionOf(database) >= version) {
@@ -43,21 +41,20 @@ void RunStep(Database& database, int version, const std::vector<QString>& statem
     for (const QString& statement : statements) {
         database.Exec(statement);
     }
-    database.Exec(u"INSERT INTO schema_version (version, applied) VALUES (?, ?)"_s,
-                  {version, QDateTime::currentSecsSinceEpoch()});
+    database.Exec(u"INSERT INTO schema_version (version, applied) VALUES (?, ?)"_s, {version, now});
     transaction.Commit();
 }
 
 } // namespace
 
-void Migrate(Database& database) {
+void Migrate(Database& database, qint64 now) {
     const qint64 found = VersionOf(database);
     if (found > kSchemaVersion) {
         throw DataError(Fault::Newer, FaultText(Fault::Newer, {}), u"version %1"_s.arg(found));
     }
     const auto steps = SchemaSteps();
     for (int version = static_cast<int>(found) + 1; version <= kSchemaVersion; ++version) {
-        RunStep(database, version, steps[static_cast<size_t>(version - 1)]);
+        RunStep(database, version, steps[static_cast<size_t>(version - 1)], now);
     }
 }
 

@@ -17,7 +17,7 @@ inline constexpr int kSchemaVersion = 5;
 
 /// Brings the database to kSchemaVersion, each step in a transaction of its own; two processes may
 /// do it at the same time. Throws DataError: Newer for a later version, Damaged for a database
-/// that is no site's.
-void Migrate(Database& database);
+/// that is no site's. @param now  seconds since 1970, noted with each step.
+void Migrate(Database& database, qint64 now);
 
 } // namespace site

@@ -33,6 +33,7 @@ public:
     [[nodiscard]] std::unique_ptr<IIntake> NewIntake() override;
     [[nodiscard]] IClientFolders& Folders() override { return m_places; }
     [[nodiscard]] IChanges& Changes() override { return m_feed; }
+    [[nodiscard]] qint64 Now() const override { return m_folder.Now(); }
     [[nodiscard]] QString Place() const override { return m_folder.Path(); }
     Limits SetLimits(Limits limits) override {
         return m_folder.Db().Patient().Set(std::move(limits));

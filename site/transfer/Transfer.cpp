@@ -119,6 +119,7 @@ void FetchCopy(const StoredCopy& stored, const QString& localPath, const Transfe
 }
 
 void RemoveLeftovers(const QString& folder) {
+    // By the system's clock, which dates files.
     const QDateTime limit = QDateTime::currentDateTime().addSecs(-kSecondsOfADay);
     if (!IsRealFolder(folder)) {
         return;

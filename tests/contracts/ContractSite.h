@@ -19,6 +19,15 @@ enum class Trouble {
     ReadOnly, ///< changes fail, reading goes on
 };
 
+/// One ticked photo of a mark on a floor, and one ticked issue of that mark.
+struct Ticks {
+    QString group;
+    qint32 markId = 0;
+    QString place;
+    qint32 picId = 0;
+    QString questionId;
+};
+
 /// Starts with the projects `first` (open, "一号楼", trade 2) and `second` ("二号楼"), a workset of
 /// both, the marks 1 "质量" 0x0000ff and 2 "安全" 0x00ff00, and the people "li" (signed in, all
 /// four rights) and "guest" (none).
@@ -49,8 +58,7 @@ public:
     virtual void OpenWorkset() = 0;
     virtual void CloseProject() = 0;
     virtual void SetDrawing(const KX_DATA::CurrentDrawing& drawing) = 0;
-    virtual void Tick(const KX_DATA::ShownPicMarks& pics,
-                      const KX_DATA::ShownIssueMarks& issues) = 0;
+    virtual void Tick(const Ticks& ticks) = 0;
     virtual void SetView(bool open) = 0;
     /// What users did, newest last.
     [[nodiscard]] virtual std::vector<QString> Actions() = 0;

@@ -1,5 +1,6 @@
 // Who works on what: rights, projects, marks, labels, recent searches, states, the view.
 #include "tests/contracts/Contract.h"
+#include "toolkit/GbkText.h"
 
 namespace contracts {
 
@@ -87,7 +88,7 @@ TEST_P(Environment, TheOpenProjectTellsItsRecordItsTradeAndItsDrawing) {
 
 TEST_P(Environment, WithoutAProjectTheRecordIsNullAndTheHandlesStay) {
     site->SetDrawing({9, u"一层平面图"_s});
-    site->Tick({{"3", {}}}, {{u"q1"_s, 1}});
+    site->Tick({u"三层"_s, 2, u"B/7"_s, 5, u"q1"_s});
     site->CloseProject();
     ASSERT_NE(on.cache->GetCurrentProject(), nullptr);
     ASSERT_NE(on.cache->GetCurrentModel(), nullptr);
@@ -101,11 +102,19 @@ TEST_P(Environment, WithoutAProjectTheRecordIsNullAndTheHandlesStay) {
 }
 
 TEST_P(Environment, WhatIsTickedIsHandedOn) {
-    site->Tick({{"3", {{QString(), {{2, {{"B/7", 5}}}}}}}}, {{u"q1"_s, 1}});
+    site->Tick({u"三层"_s, 2, u"柱A/7"_s, 5, u"q1"_s});
     const KX_DATA::ShownPicMarks& pics = on.model->GetShownPicMarks();
-    ASSERT_TRUE(pics.contains("3"));
-    EXPECT_EQ(pics.at("3").at(QString()).at(2).at(0).picId, 5);
-    EXPECT_EQ(on.model->GetShownIssueMarks().at(u"q1"_s), 1);
+    const std::string floor = toolkit::ToGbk(u"三层"_s);
+    ASSERT_TRUE(pics.contains(floor));
+    const std::vector<KX_DATA::ShownPicItem>& items = pics.at(floor).at(QString()).at(2);
+    ASSERT_EQ(items.size(), 1U);
+    EXPECT_EQ(items[0].picId, 5);
+    EXPECT_EQ(items[0].itemName, toolkit::ToGbk(u"柱A/7"_s));
+    EXPECT_EQ(on.model->GetShownIssueMarks().at(u"q1"_s), 2);
+
+    site->Tick({u"四层"_s, 1, u"B/7"_s, 6, u"q2"_s});
+    EXPECT_FALSE(on.model->GetShownPicMarks().contains(floor)) << "the ticks before";
+    EXPECT_TRUE(on.model->GetShownPicMarks().contains(toolkit::ToGbk(u"四层"_s)));
 }
 
 TEST_P(Environment, TheTableOfMarksIsWholeAndAnUnknownMarkIsAFailure) {

@@ -56,7 +56,7 @@ private:
 };
 
 FolderSite::FolderSite() {
-    m_session.SetMessageSink([](host::MessageLevel, const QString&) {});
+    m_session.Desk()->SetMessageSink([](host::MessageLevel, const QString&) {});
     EXPECT_FALSE(m_session.Open(m_dir.filePath(u"site"_s), {20, true}).has_value());
     m_writer = std::make_unique<site::SiteWriter>(support::FolderOf(m_session));
     first = m_writer->AddProject(u"一号楼"_s, 2);
@@ -68,14 +68,37 @@ FolderSite::FolderSite() {
     m_writer->AddMark(2, u"安全"_s, 0x00ff00);
     EXPECT_TRUE(m_session.SignIn(u"li"_s));
     EXPECT_TRUE(m_session.OpenProject(first));
-    on = {&m_picMng,         &m_questionMng,   &m_drawingMng,     &m_qrCodeMng, &m_richTextMng,
-          &m_authMng,        &m_actingUser,    &m_globalData,     &m_pathMng,   &m_commonPathMng,
-          &m_richPathTool,   &m_cacheMng,      nullptr,           nullptr,      &m_localCache,
-          &m_sysMng,         &m_hoopsMng,      &m_downloadMng,    &m_uploadMng, &m_backgroundMng,
-          &m_docMng,         &m_reportDataMng, &m_richEditorAuth, &m_recentMng, &m_stateTool,
-          &m_silentProgress, &m_reportCtrl};
-    on.project = m_cacheMng.GetCurrentProject();
-    on.model = m_cacheMng.GetCurrentModel();
+    m_services.around.SetSession(&m_session);
+    host::ServiceSet& all = m_services;
+    on = {&all.picMng,
+          &all.questionMng,
+          &all.drawingMng,
+          &all.qrCodeMng,
+          &all.richTextMng,
+          &all.authMng,
+          &all.actingUser,
+          &all.globalData,
+          &all.pathMng,
+          &all.commonPathMng,
+          &all.richPathTool,
+          &all.cacheMng,
+          nullptr,
+          nullptr,
+          &all.localCache,
+          &all.sysMng,
+          &all.hoopsMng,
+          &all.downloadMng,
+          &all.uploadMng,
+          &all.backgroundMng,
+          &all.docMng,
+          &all.reportDataMng,
+          &all.richEditorAuth,
+          &all.recentMng,
+          &all.stateTool,
+          &all.silentProgress,
+          &all.reportCtrl};
+    on.project = all.cacheMng.GetCurrentProject();
+    on.model = all.cacheMng.GetCurrentModel();
 }
 
 FolderSite::~FolderSite() {
@@ -139,13 +162,13 @@ void FolderSite::SetDrawing(const KX_DATA::CurrentDrawing& drawing) {
     m_session.SetDrawing(drawing);
 }
 
-void FolderSite::Tick(const KX_DATA::ShownPicMarks& pics, const KX_DATA::ShownIssueMarks& issues) {
-    m_session.shownPicMarks = pics;
-    m_session.shownIssueMarks = issues;
+void FolderSite::Tick(const Ticks& ticks) {
+    m_session.ShowPhotos({{ticks.group, {{ticks.markId, {{ticks.place, {ticks.picId}}}}}}});
+    m_session.ShowIssues({{ticks.questionId, ticks.markId}});
 }
 
 void FolderSite::SetView(bool open) {
-    m_session.view = open ? &m_view : nullptr;
+    m_services.around.view = open ? &m_view : nullptr;
 }
 
 std::vector<QString> FolderSite::Actions() {
@@ -157,7 +180,7 @@ std::vector<QString> FolderSite::Actions() {
 }
 
 void FolderSite::FailTransfers() {
-    m_session.SetTransfers({0, site::TransferFault::AtStart});
+    m_session.Desk()->SetRules({0, site::TransferFault::AtStart});
 }
 
 void FolderSite::Enter(Trouble trouble, const std::vector<std::string>& /*operations*/) {

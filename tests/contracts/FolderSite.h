@@ -1,18 +1,7 @@
 // The host's services over a temporary data folder as a site.
 #pragma once
 
-#include "host/services/AuthServices.h"
-#include "host/services/CacheServices.h"
-#include "host/services/FilesDownloadMng.h"
-#include "host/services/FilesUploadMng.h"
-#include "host/services/GlobalData.h"
-#include "host/services/MQFFileDownload.h"
-#include "host/services/PDFDrawingMng.h"
-#include "host/services/PathServices.h"
-#include "host/services/SmallServices.h"
-#include "host/services/TNQuestionMng.h"
-#include "host/services/UnbuiltServices.h"
-#include "host/services/VeskPicMng.h"
+#include "host/services/ServiceSet.h"
 #include "host/session/HostSession.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/contracts/ContractSite.h"
@@ -45,7 +34,7 @@ public:
     void OpenWorkset() override;
     void CloseProject() override;
     void SetDrawing(const KX_DATA::CurrentDrawing& drawing) override;
-    void Tick(const KX_DATA::ShownPicMarks& pics, const KX_DATA::ShownIssueMarks& issues) override;
+    void Tick(const Ticks& ticks) override;
     void SetView(bool open) override;
     std::vector<QString> Actions() override;
     void FailTransfers() override;
@@ -64,31 +53,7 @@ private:
     support::Script m_viewScript;
     support::ScriptedView m_view{m_viewScript};
 
-    host::VeskPicMng m_picMng;
-    host::TNQuestionMng m_questionMng;
-    host::PDFDrawingMng m_drawingMng;
-    host::TNQRCodeMng m_qrCodeMng;
-    host::RichTextMsgMng m_richTextMng;
-    host::AuthMng m_authMng;
-    host::ActingUser m_actingUser;
-    host::GlobalData m_globalData;
-    host::PathMng m_pathMng;
-    host::CommonPathMng m_commonPathMng;
-    host::VeskPathTool m_richPathTool;
-    host::ProjCacheMng m_cacheMng;
-    host::LocalCacheData m_localCache;
-    host::SysMng m_sysMng;
-    host::HoopsModuleMng m_hoopsMng;
-    host::FilesDownloadMng m_downloadMng;
-    host::FilesUploadMng m_uploadMng;
-    host::MQFFileDownload m_backgroundMng;
-    host::DocMng m_docMng;
-    host::ReportDataMng m_reportDataMng;
-    host::RichEditorAuth m_richEditorAuth;
-    host::RecentSearchMng m_recentMng;
-    host::ConvertProjStateTool m_stateTool;
-    host::SilentProgress m_silentProgress;
-    host::PicReportCtrl m_reportCtrl;
+    host::ServiceSet m_services;
 };
 
 } // namespace contracts

@@ -1,5 +1,7 @@
 #include "tests/contracts/ScriptedSite.h"
 
+#include "toolkit/GbkText.h"
+
 #include "site/FloorOrder.h"
 #include "site/RectifyStates.h"
 #include "site/TimeText.h"
@@ -374,10 +376,11 @@ void ScriptedSite::SetDrawing(const KX_DATA::CurrentDrawing& drawing) {
     m_host.project.drawing = drawing;
 }
 
-void ScriptedSite::Tick(const KX_DATA::ShownPicMarks& pics,
-                        const KX_DATA::ShownIssueMarks& issues) {
-    m_host.project.shownPicMarks = pics;
-    m_host.project.shownIssueMarks = issues;
+void ScriptedSite::Tick(const Ticks& ticks) {
+    m_host.project.shownPicMarks = {
+        {toolkit::ToGbk(ticks.group),
+         {{QString(), {{ticks.markId, {{toolkit::ToGbk(ticks.place), ticks.picId}}}}}}}};
+    m_host.project.shownIssueMarks = {{ticks.questionId, ticks.markId}};
 }
 
 void ScriptedSite::SetView(bool open) {

@@ -26,7 +26,7 @@ public:
     void OpenWorkset() override;
     void CloseProject() override;
     void SetDrawing(const KX_DATA::CurrentDrawing& drawing) override;
-    void Tick(const KX_DATA::ShownPicMarks& pics, const KX_DATA::ShownIssueMarks& issues) override;
+    void Tick(const Ticks& ticks) override;
     void SetView(bool open) override;
     std::vector<QString> Actions() override;
     void FailTransfers() override;

@@ -134,7 +134,7 @@ QString ChangeTransfers(host::HostSession& session, const Deed& deed) {
         Row{"hang", {0, TransferFault::NeverEnds}},
     };
     const Row& row = rows[size_t(deed.Of(0, qsizetype(rows.size())))];
-    session.SetTransfers(row.rules);
+    session.Desk()->SetRules(row.rules);
     return QString::fromLatin1(row.name);
 }
 

@@ -223,7 +223,7 @@ TEST_F(ClientOnAFolder, AFailedQueryIsToldInTheMessageBar) {
 
 TEST_F(ClientOnAFolder, AMessageFromAnotherThreadReachesTheBar) {
     QThreadPool pool;
-    pool.start([this] { session.ReportHostMessage(host::MessageLevel::Error, u"传输失败"_s); });
+    pool.start([this] { session.Desk()->Report(host::MessageLevel::Error, u"传输失败"_s); });
     pool.waitForDone();
     EXPECT_TRUE(WaitFor([this] { return Messages().contains(u"传输失败"_s); }));
 }

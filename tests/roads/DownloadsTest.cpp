@@ -137,7 +137,7 @@ TEST_F(DownloadsInTheClient, TickedPhotosCopyIntoTheChosenFolder) {
 TEST_F(DownloadsInTheClient, ABatchThatFailsSaysWhyAndBlocksNothing) {
     const FolderChoice choice(folder.Path(u"out"_s));
     Tick(3);
-    session.SetTransfers({0, TransferFault::InTheMiddle});
+    session.Desk()->SetRules({0, TransferFault::InTheMiddle});
     ASSERT_TRUE(PressDownload());
     ASSERT_TRUE(WaitFor([this] { return !Messages().isEmpty(); }));
     EXPECT_EQ(Messages().front(), u"下载文件失败：文件传输中断，请检查网络后重试。"_s);
@@ -153,11 +153,11 @@ TEST_F(DownloadsInTheClient, ABatchThatFailsSaysWhyAndBlocksNothing) {
 TEST_F(DownloadsInTheClient, ASlowBatchThatFailsLeavesAProgressWindowThatCanBeClosed) {
     const FolderChoice choice(folder.Path(u"out"_s));
     Tick(3);
-    session.SetTransfers({600});
+    session.Desk()->SetRules({600});
     QTimer later; // while the second one comes: the third will fail
     QObject::connect(&later, &QTimer::timeout, [&] {
         if (Saved().size() == 1) {
-            session.SetTransfers({0, TransferFault::AtStart});
+            session.Desk()->SetRules({0, TransferFault::AtStart});
         }
     });
     later.start(1);
@@ -176,7 +176,7 @@ TEST_F(DownloadsInTheClient, ASlowBatchThatFailsLeavesAProgressWindowThatCanBeCl
 TEST_F(DownloadsInTheClient, AnotherProjectMayBeOpenedWhileAViewerFetches) {
     for (const site::TransferRules& rules :
          {site::TransferRules{20}, site::TransferRules{0, TransferFault::NeverEnds}}) {
-        session.SetTransfers(rules);
+        session.Desk()->SetRules(rules);
         ViewFirstPhoto();
         ASSERT_TRUE(ChooseProject(u"二期工程"_s));
         ASSERT_TRUE(WaitFor([] { return WindowTitles().size() == 1; }));
@@ -193,7 +193,7 @@ TEST_F(DownloadsInTheClient, TheClientMayEndWhileAViewerFetches) {
         if (!client) {
             StartAgain();
         }
-        session.SetTransfers(rules);
+        session.Desk()->SetRules(rules);
         ViewFirstPhoto();
         End();
         ExpectNothingHalf();

@@ -88,7 +88,7 @@ TEST_F(LookupFaults, AFloorThatIsRenamedUnderTheListIsLookedUpByItsPlace) {
 }
 
 TEST_F(LookupFaults, QuickLookupsOneAfterTheOtherWhileDownloadsRunEndOnTheLast) {
-    session.SetTransfers({400});
+    session.Desk()->SetRules({400});
     OpenConsole();
     for (const QString& name : {u"照片0.jpg"_s, u"楼上.jpg"_s, u"照片3.jpg"_s, u"转角.jpg"_s}) {
         LookUp(name);
@@ -111,7 +111,7 @@ TEST_F(LookupFaults, QuickLookupsOneAfterTheOtherWhileDownloadsRunEndOnTheLast) 
 TEST_F(LookupFaults, EverythingIsClosedOneByOneDuringADownload) {
     for (const TransferRules& rules :
          {TransferRules{40}, TransferRules{0, TransferFault::NeverEnds}}) {
-        session.SetTransfers(rules);
+        session.Desk()->SetRules(rules);
         OpenConsole();
         LookUp(u"照片2.jpg"_s);
         CloseViewer();
@@ -126,7 +126,7 @@ TEST_F(LookupFaults, EverythingIsClosedOneByOneDuringADownload) {
 }
 
 TEST_F(LookupFaults, TheMainWindowTakesViewerAndMinimisedConsoleAlongDuringADownload) {
-    session.SetTransfers({0, TransferFault::NeverEnds});
+    session.Desk()->SetRules({0, TransferFault::NeverEnds});
     OpenConsole();
     LookUp(u"照片2.jpg"_s);
     ASSERT_TRUE(Console()->isMinimized());

@@ -5,7 +5,7 @@
 #include "host/app/FlagMenu.h"
 #include "host/app/ModuleLoader.h"
 #include "host/app/PlanReader.h"
-#include "host/session/HostSession.h"
+#include "host/services/ServiceSet.h"
 #include "host/ui/ObserverHub.h"
 #include "host/ui/marks/MarkPanelDock.h"
 #include "host/ui/plan/FlagBlink.h"
@@ -52,7 +52,7 @@ protected:
         ASSERT_FALSE(module.Load(QCoreApplication::applicationDirPath()));
         pictures = std::make_unique<RecordingPictures>(*module.Pictures());
         hub.AddObserver(&viewer);
-        session.view = &view;
+        serving.Around().view = &view;
         pane.resize(900, 600);
         pane.show();
         panel.show();
@@ -61,7 +61,6 @@ protected:
     }
     void TearDown() override {
         flow.reset();
-        session.view = nullptr;
         module.Release();
     }
 
@@ -185,6 +184,7 @@ protected:
     RecordingViewer viewer;
     host::FloorPlanPane pane{nullptr};
     host::FloorPlanView view{pane};
+    host::Serving serving{session};
     host::MarkPanelDock panel{nullptr};
     std::unique_ptr<RecordingPictures> pictures;
     std::unique_ptr<host::MarkFlow> flow;
@@ -585,15 +585,15 @@ TEST_F(MarksOfAFolder, ThePhotosArePaintedBeforeTheIssuesAreRead) {
 }
 
 TEST_F(MarksOfAFolder, AFailedReadLeavesNoFlagsAndSaysSo) {
-    QStringList messages;
-    session.SetMessageSink([&](host::MessageLevel, const QString& text) { messages << text; });
+    QStringList told;
+    session.Desk()->SetMessageSink([&](host::MessageLevel, const QString& text) { told << text; });
     support::FolderOf(session).Db().Exec(u"DROP TABLE bim_place_tally"_s);
     site::SiteWriter(support::FolderOf(session)).AddFloor(site.firstProject, u"新楼层"_s);
     flow->Reload(MarkKind::Photos);
-    EXPECT_FALSE(messages.isEmpty());
+    EXPECT_FALSE(told.isEmpty());
     EXPECT_EQ(FlagCount(site.positionKey, 1), 0);
     EXPECT_FALSE(view.LocatePicture(site.positionKey, 1));
-    session.SetMessageSink({});
+    session.Desk()->SetMessageSink({});
 }
 
 } // namespace

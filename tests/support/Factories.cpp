@@ -2,6 +2,7 @@
 #include "services/Factories.h"
 
 #include "tests/support/ScriptedHost.h"
+#include "toolkit/Clock.h"
 
 using support::ScriptedHost;
 
@@ -103,4 +104,8 @@ KX_DATA::IExProgress* GetExProgress() {
 
 PIC_REPORT::IPicReportCtrl* GetPicReportCtrl() {
     return &ScriptedHost::Current().reports;
+}
+
+qint64 GetPresentSeconds() {
+    return toolkit::Clock().NowSeconds();
 }

@@ -2,6 +2,7 @@
 
 #include "host/ui/PhotoCount.h"
 #include "host/ui/marks/MarkTreeView.h"
+#include "toolkit/Clock.h"
 #include "toolkit/Icons.h"
 #include "ui_MarkPage.h"
 
@@ -79,7 +80,7 @@ MarkPage::MarkPage(MarkKind pageKind, QWidget* parent)
     m_model = new MarkTreeModel(this);
     m_form->tree->setModel(m_model);
     m_form->tree->ShareWidth();
-    m_days.to = QDate::currentDate();
+    m_days.to = QDateTime::fromSecsSinceEpoch(toolkit::Clock().NowSeconds()).date();
     m_days.from = m_days.to.addMonths(-1);
     ConnectControls();
     ConnectTree();

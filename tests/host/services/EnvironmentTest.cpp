@@ -138,7 +138,7 @@ TEST(Paths, FoldersExistEndWithTheirSeparatorAndLieOutsideTheStore) {
     QString other;
     GetKXPathMng()->GetPicFolder(other, site.second, {});
     EXPECT_NE(other, pics);
-    site.session.imageFolder = u"/images"_s;
+    site.serving.Around().imageFolder = u"/images"_s;
     GetKXPathMng()->GetWorkFolder(work);
     EXPECT_EQ(work, u"/images/"_s);
     GetVeskPathTool()->GetAttachFolder(attach, u"../x"_s);
@@ -148,7 +148,8 @@ TEST(Paths, FoldersExistEndWithTheirSeparatorAndLieOutsideTheStore) {
 TEST(ActionLog, IsKeptWithWhoAndWhereAndTold) {
     ServiceSite site;
     std::vector<site::LoggedAction> told;
-    site.session.SetActionSink([&](const site::LoggedAction& action) { told.push_back(action); });
+    site.session.Actions().SetSink(
+        [&](const site::LoggedAction& action) { told.push_back(action); });
     GetKXSysMng()->WriteActionLog(u"删除Vesk照片"_s);
     ASSERT_EQ(told.size(), 1u);
     EXPECT_EQ(told[0].person, u"li"_s);

@@ -65,7 +65,7 @@ TEST(Download, BringsTheFileIntoTheCache) {
 
 TEST(Download, AFailureHasATextAndAMessageForThePerson) {
     FilesSite site;
-    site.session.SetTransfers({0, site::TransferFault::AtStart});
+    site.session.Desk()->SetRules({0, site::TransferFault::AtStart});
     const KX_DATA::TransferResult result = site.Download();
     EXPECT_EQ(result.success, 0);
     EXPECT_FALSE(result.message.isEmpty());
@@ -95,7 +95,7 @@ TEST(BackgroundDownload, EndsFinishedWithTheFileInTheCache) {
 
 TEST(BackgroundDownload, AFailureKeepsItsTextUntilItIsRead) {
     FilesSite site;
-    site.session.SetTransfers({0, site::TransferFault::AtStart});
+    site.session.Desk()->SetRules({0, site::TransferFault::AtStart});
     KX_DATA::FileDownloadRecord record;
     record.uuid = site.uuid;
     record.localPath = site.local;
@@ -131,7 +131,7 @@ TEST(BackgroundDownload, ClosingTheFolderEndsWhatRuns) {
         KX_DATA::FileDownloadRecord record;
         record.uuid = site.uuid;
         record.localPath = site.local;
-        site.session.SetTransfers(rules);
+        site.session.Desk()->SetRules(rules);
         GetMQFFileDownLPtr()->StartDownload(u"last"_s, record, 2);
         site.writer.reset();
         site.session.Close();
@@ -148,12 +148,12 @@ TEST(BackgroundDownload, ATaskThatIsStartedAgainEndsTheOneBefore) {
     KX_DATA::FileDownloadRecord record;
     record.uuid = site.uuid;
     record.localPath = site.local + u"-first"_s;
-    site.session.SetTransfers({0, site::TransferFault::NeverEnds});
+    site.session.Desk()->SetRules({0, site::TransferFault::NeverEnds});
     // More than there are threads: each that is left behind would keep one.
     for (int i = 0; i < 20; ++i) {
         GetMQFFileDownLPtr()->StartDownload(u"again"_s, record, 2);
     }
-    site.session.SetTransfers({});
+    site.session.Desk()->SetRules({});
     record.localPath = site.local;
     GetMQFFileDownLPtr()->StartDownload(u"again"_s, record, 2);
     EXPECT_EQ(site.EndOf(u"again"_s), KX_DATA::kDownloadFinished) << "not told the others' ends";
@@ -208,7 +208,7 @@ TEST(Download, OnTheInterfaceThreadThePersonIsKeptInformed) {
         qint64 bytes = 0;
     } recorder;
     FilesSite site;
-    site.session.transferWait = &recorder;
+    site.serving.Around().transferWait = &recorder;
     EXPECT_NE(site.Download().success, 0);
     EXPECT_EQ(recorder.waits, 1);
     EXPECT_EQ(recorder.total, 4);
@@ -226,8 +226,8 @@ TEST(Download, OneThatNeverEndsIsLeftByACancelAndLeavesNothing) {
         }
     } impatient;
     FilesSite site;
-    site.session.transferWait = &impatient;
-    site.session.SetTransfers({0, site::TransferFault::NeverEnds});
+    site.serving.Around().transferWait = &impatient;
+    site.session.Desk()->SetRules({0, site::TransferFault::NeverEnds});
     const KX_DATA::TransferResult result = site.Download();
     EXPECT_EQ(result.success, 0);
     EXPECT_TRUE(result.message.contains(u"已取消"_s)) << result.message.toStdString();

@@ -8,7 +8,7 @@ namespace hosttest {
 using namespace Qt::StringLiterals;
 
 ServiceSite::ServiceSite() {
-    session.SetMessageSink(
+    session.Desk()->SetMessageSink(
         [this](host::MessageLevel, const QString& text) { messages.push_back(text); });
     const auto fault = session.Open(dir.filePath(u"site"_s), {500, true});
     EXPECT_FALSE(fault.has_value());

@@ -1,6 +1,7 @@
 // A small site behind the services, as a test of them sees it: one session, one user, two projects.
 #pragma once
 
+#include "host/services/ServiceSet.h"
 #include "host/session/HostSession.h"
 #include "services/IVeskPicMng.h"
 #include "site/sqlite/SiteWriter.h"
@@ -45,6 +46,7 @@ public:
 
     QTemporaryDir dir;
     host::HostSession session;
+    host::Serving serving{session};
     std::unique_ptr<site::SiteWriter> writer;
     std::vector<QString> messages;
     qint32 first = 0;

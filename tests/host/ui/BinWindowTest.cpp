@@ -96,7 +96,7 @@ TEST_F(BinOfAFolder, ListsWhatWasDeletedByWhomAndForHowLong) {
 
 TEST_F(BinOfAFolder, RestoresTheChosenRowAndLogsIt) {
     QStringList actions;
-    session.SetActionSink([&](const site::LoggedAction& action) { actions << action.action; });
+    session.Actions().SetSink([&](const site::LoggedAction& action) { actions << action.action; });
     SessionBin source(session);
     BinWindow window(nullptr, source);
     int restored = 0;
@@ -122,7 +122,7 @@ TEST_F(BinOfAFolder, RestoresTheChosenRowAndLogsIt) {
 TEST_F(BinOfAFolder, AnUnknownKindIsListedAndTellsWhyItCannotComeBack) {
     support::FolderOf(session).Db().Exec(u"UPDATE bin SET kind = 7 WHERE title = '甲.jpg'"_s);
     QStringList messages;
-    session.SetMessageSink([&](MessageLevel, const QString& text) { messages << text; });
+    session.Desk()->SetMessageSink([&](MessageLevel, const QString& text) { messages << text; });
     SessionBin source(session);
     const std::vector<BinRow> rows = source.ReadBin();
     ASSERT_EQ(rows.size(), 3U);
@@ -137,7 +137,7 @@ TEST_F(BinOfAFolder, AnUnknownKindIsListedAndTellsWhyItCannotComeBack) {
 
 TEST_F(BinOfAFolder, AFaultOfTheDataBecomesAMessageAndTheListIsEmpty) {
     QStringList messages;
-    session.SetMessageSink([&](MessageLevel, const QString& text) { messages << text; });
+    session.Desk()->SetMessageSink([&](MessageLevel, const QString& text) { messages << text; });
     support::FolderOf(session).Db().Exec(u"ALTER TABLE bin RENAME TO bin_elsewhere"_s);
     SessionBin source(session);
     EXPECT_TRUE(source.ReadBin().empty());

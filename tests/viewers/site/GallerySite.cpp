@@ -15,6 +15,7 @@ using namespace Qt::StringLiterals;
 namespace support {
 
 GallerySite::GallerySite(const QString& folder) {
+    BeginSession();
     if (const auto fault = session->Open(folder)) {
         qFatal("%s", qUtf8Printable(fault->text));
     }
@@ -24,6 +25,16 @@ GallerySite::GallerySite(const QString& folder) {
     if (!session->SignIn(u"张伟"_s) || !session->OpenProject(m_ppid)) {
         qFatal("no user, no project");
     }
+}
+
+void GallerySite::BeginSession() {
+    session = std::make_unique<host::HostSession>();
+    m_serving = std::make_unique<host::Serving>(*session);
+}
+
+void GallerySite::EndSession() {
+    m_serving.reset();
+    session.reset();
 }
 
 int GallerySite::AddPhoto(const QByteArray& picture, const QByteArray& note) {

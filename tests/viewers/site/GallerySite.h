@@ -1,6 +1,7 @@
 // A data folder with photos, and galleries on the client's own services over it.
 #pragma once
 
+#include "host/services/ServiceSet.h"
 #include "host/session/HostSession.h"
 #include "tests/viewers/gallery_program/FolderGallery.h"
 
@@ -16,6 +17,9 @@ class GallerySite final {
 public:
     /// Makes the data folder.
     explicit GallerySite(const QString& folder);
+    ~GallerySite() { EndSession(); }
+    GallerySite(const GallerySite&) = delete;
+    GallerySite& operator=(const GallerySite&) = delete;
 
     /// Files a photo, and a note unless it is empty. Gives its place in Items().
     int AddPhoto(const QByteArray& picture, const QByteArray& note = {});
@@ -27,9 +31,13 @@ public:
     /// Overwrites the first bytes of a stored file.
     void Damage(const QString& uuid);
 
-    std::unique_ptr<host::HostSession> session = std::make_unique<host::HostSession>();
+    void BeginSession();
+    void EndSession();
+
+    std::unique_ptr<host::HostSession> session;
 
 private:
+    std::unique_ptr<host::Serving> m_serving;
     qint32 m_ppid = 0;
     std::vector<qint32> m_photos;
 };

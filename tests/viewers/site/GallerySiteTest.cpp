@@ -38,7 +38,7 @@ protected:
     }
     /// In the order of a program's end: transfers, then the module's threads.
     void End() {
-        site.session.reset();
+        site.EndSession();
         gallery::JoinDownloadWorkers();
         gallery::JoinDecoders();
         support::RunPendingEvents();
@@ -130,7 +130,7 @@ TEST_F(GalleryOnASite, PicturesAndNotesArriveAndAreShown) {
 }
 
 TEST_F(GalleryOnASite, ADownloadThatFailsAtTheStartIsSaidInItsCellAndTheNextFollows) {
-    site.session->SetTransfers({0, TransferFault::AtStart});
+    site.session->Desk()->SetRules({0, TransferFault::AtStart});
     Open();
     Show();
     ASSERT_TRUE(WaitForAll());
@@ -140,7 +140,7 @@ TEST_F(GalleryOnASite, ADownloadThatFailsAtTheStartIsSaidInItsCellAndTheNextFoll
 }
 
 TEST_F(GalleryOnASite, ADownloadThatFailsInTheMiddleLeavesNoFile) {
-    site.session->SetTransfers({0, TransferFault::InTheMiddle});
+    site.session->Desk()->SetRules({0, TransferFault::InTheMiddle});
     Open();
     Show();
     ASSERT_TRUE(WaitForAll());
@@ -149,7 +149,7 @@ TEST_F(GalleryOnASite, ADownloadThatFailsInTheMiddleLeavesNoFile) {
 }
 
 TEST_F(GalleryOnASite, ADownloadThatNeverEndsShowsHowFarItCameAndHoldsNothingElseUp) {
-    site.session->SetTransfers({0, TransferFault::NeverEnds});
+    site.session->Desk()->SetRules({0, TransferFault::NeverEnds});
     Open();
     Show();
     ASSERT_TRUE(support::WaitFor([this] { return State().items[0].picProgress > 0; }));
@@ -265,7 +265,7 @@ TEST_F(GalleryOnASite, TheListMayBeReplacedWhileADownloadRuns) {
 }
 
 TEST_F(GalleryOnASite, TheProjectMayChangeWhileADownloadRuns) {
-    site.session->SetTransfers({1});
+    site.session->Desk()->SetRules({1});
     Open();
     Show();
     ASSERT_TRUE(support::WaitFor([this] { return State().activeDownloads == 1; }));
@@ -283,10 +283,10 @@ TEST_F(GalleryOnASite, ASessionMayEndWhileADownloadRuns) {
     for (const site::TransferRules& rules : {site::TransferRules{}, site::TransferRules{1'000'000},
                                              site::TransferRules{0, TransferFault::NeverEnds}}) {
         if (!site.session) {
-            site.session = std::make_unique<host::HostSession>();
+            site.BeginSession();
         }
         ASSERT_FALSE(site.session->Open(folder.Path(u"data"_s)));
-        site.session->SetTransfers(rules);
+        site.session->Desk()->SetRules(rules);
         gallery = std::make_unique<support::FolderGallery>();
         Open();
         Show();
@@ -294,7 +294,7 @@ TEST_F(GalleryOnASite, ASessionMayEndWhileADownloadRuns) {
         gallery->Destroy();
         End();
     }
-    site.session = std::make_unique<host::HostSession>();
+    site.BeginSession();
     ASSERT_FALSE(site.session->Open(folder.Path(u"data"_s)));
     ExpectNothingHalf();
 }

@@ -84,7 +84,7 @@ std::vector<Stage> ShotStages(support::FolderGallery& gallery, support::GalleryS
     return {{[&] { return IsArriving(gallery); },
              [&gallery, &site, shots] {
                  Save(gallery, shots.filePath(u"gallery-arriving.png"_s));
-                 site.session->SetTransfers({});
+                 site.session->Desk()->SetRules({});
              }},
             {[&] { return IsOver(gallery); },
              [&gallery, shots] {
@@ -135,13 +135,13 @@ int main(int argc, char** argv) {
 
     const QTemporaryDir root;
     support::GallerySite site(root.filePath(u"data"_s));
-    site.session->imageFolder = QCoreApplication::applicationDirPath() + u"/work"_s;
+    host::TheServices().around.imageFolder = QCoreApplication::applicationDirPath() + u"/work"_s;
     FilePhotos(site, options.positionalArguments().front());
     const std::vector<GalleryItem> items = site.Items();
     if (options.isSet(u"shots"_s) && items.size() > kDamaged) {
         site.Damage(items[kDamaged].picUuid);
     }
-    site.session->SetTransfers(RulesOf(options.value(u"transfers"_s)));
+    site.session->Desk()->SetRules(RulesOf(options.value(u"transfers"_s)));
     // Ends first, then the session with its transfers, then the application with the workers.
     support::FolderGallery gallery;
     gallery.Create(toolkit::kNoWindow);

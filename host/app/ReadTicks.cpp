@@ -1,8 +1,8 @@
-#include "host/services/TickedMarks.h"
+#include "host/app/ReadTicks.h"
 
-#include "host/services/PicPanelTree.h"
+#include "host/session/HostSession.h"
+#include "host/session/PanelNames.h"
 #include "site/IPanelCounts.h"
-#include "toolkit/GbkText.h"
 
 #include <algorithm>
 
@@ -10,27 +10,20 @@ namespace host {
 
 namespace {
 
-using MarkPhotos = std::map<qint32, std::vector<KX_DATA::ShownPicItem>>;
+using MarkPlaces = std::map<qint32, std::vector<TickedPlace>>;
 
-MarkPhotos MarksOf(const site::PanelFloor& floor, const PanelItemNames& names, bool withPhotos,
+MarkPlaces MarksOf(const site::PanelFloor& floor, const PanelItemNames& names, bool withPhotos,
                    const std::function<bool(qint32)>& isTicked) {
-    MarkPhotos marks;
+    MarkPlaces marks;
     for (const site::PanelPlace& place : floor.places) {
-        std::string name;
         for (const site::PanelMark& mark : place.marks) {
             // A mark without photos in its list would stand for all of its photos.
             if (mark.count == 0 || !isTicked(mark.markId)) {
                 continue;
             }
-            std::vector<KX_DATA::ShownPicItem>& photos = marks[mark.markId];
-            if (!withPhotos) {
-                continue;
-            }
-            if (name.empty()) {
-                name = names.NameOf(place);
-            }
-            for (const qint32 picId : mark.picIds) {
-                photos.push_back({name, picId});
+            std::vector<TickedPlace>& places = marks[mark.markId];
+            if (withPhotos) {
+                places.push_back({names.NameOf(place), mark.picIds});
             }
         }
     }
@@ -39,9 +32,9 @@ MarkPhotos MarksOf(const site::PanelFloor& floor, const PanelItemNames& names, b
 
 } // namespace
 
-KX_DATA::ShownPicMarks TickedPics(HostSession& session, const site::PanelFilter& filter,
-                                  const PicTicks& ticks) {
-    KX_DATA::ShownPicMarks shown;
+TickedPhotos ReadTickedPhotos(const HostSession& session, const site::PanelFilter& filter,
+                              const PhotoTicks& ticks) {
+    TickedPhotos ticked;
     const PanelItemNames names(session, filter);
     for (const site::PanelFloor& floor : session.Site().PanelCounts().Photos(filter)) {
         const QString group = PanelGroupName(floor.name);
@@ -50,24 +43,24 @@ KX_DATA::ShownPicMarks TickedPics(HostSession& session, const site::PanelFilter&
             continue;
         }
         if (state == Qt::Checked && !filter.HasLimits()) {
-            shown[toolkit::ToGbk(group)];
+            ticked[group];
             continue;
         }
         // On no floor the photos of several projects hang on one item, so that a list couldn't say
         // which of them it counts.
         const bool withPhotos =
             filter.HasLimits() && !(floor.name.isEmpty() && filter.ppids.size() > 1);
-        MarkPhotos marks = MarksOf(floor, names, withPhotos,
+        MarkPlaces marks = MarksOf(floor, names, withPhotos,
                                    [&](qint32 markId) { return ticks.ofMark(group, markId); });
         if (!marks.empty()) {
-            shown[toolkit::ToGbk(group)][QString()] = std::move(marks);
+            ticked[group] = std::move(marks);
         }
     }
-    return shown;
+    return ticked;
 }
 
-KX_DATA::ShownIssueMarks TickedIssues(HostSession& session, const site::PanelFilter& filter,
-                                      const IssueTicks& ticks) {
+TickedIssues ReadTickedIssues(const HostSession& session, const site::PanelFilter& filter,
+                              const IssueTicks& ticks) {
     std::vector<const site::PanelIssue*> ticked;
     for (const site::PanelIssueFloor& floor : session.Site().PanelCounts().Issues(filter)) {
         const QString group = PanelGroupName(floor.name);
@@ -82,7 +75,7 @@ KX_DATA::ShownIssueMarks TickedIssues(HostSession& session, const site::PanelFil
               [](const site::PanelIssue* one, const site::PanelIssue* other) {
                   return one->questionId < other->questionId;
               });
-    KX_DATA::ShownIssueMarks shown;
+    TickedIssues shown;
     for (const site::PanelIssue* issue : ticked) {
         shown.emplace_hint(shown.end(), issue->questionId, issue->markId);
     }

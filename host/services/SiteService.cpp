@@ -1,0 +1,36 @@
+#include "host/services/SiteService.h"
+
+#include "toolkit/Clock.h"
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+Q_LOGGING_CATEGORY(serviceLog, "host.services")
+
+void SiteService::ReportFault(const HostSession& session, const QString& what,
+                              const std::exception& fault) {
+    qCWarning(serviceLog, "%s: %s", qUtf8Printable(what), fault.what());
+    const auto* known = dynamic_cast<const site::DataError*>(&fault);
+    const QString reason =
+        known != nullptr ? known->Text() : site::FaultText(site::Fault::Other, {});
+    session.Desk()->Report(MessageLevel::Error, FaultHead(what) + reason);
+}
+
+site::Signature SignatureOf(const HostSession& session) {
+    return {session.UserName(), toolkit::Clock().NowSeconds()};
+}
+
+void RequireSome(const HostSession& session, const QString& what, int done, size_t asked) {
+    RequireFound(done > 0 || asked == 0,
+                 asked == 1 ? u"所选的一项"_s : u"所选的 %1 项"_s.arg(asked));
+    if (static_cast<size_t>(done) < asked) {
+        session.Desk()->Report(
+            MessageLevel::Warning,
+            u"%1：%2 项已完成，另外 %3 项已不存在，可能已被他人删除，请刷新（F5）。"_s.arg(what)
+                .arg(done)
+                .arg(asked - static_cast<size_t>(done)));
+    }
+}
+
+} // namespace host

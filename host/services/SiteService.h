@@ -1,0 +1,98 @@
+// What every service does around its work: no session, a fault of the data, nothing built yet.
+#pragma once
+
+#include "host/services/Surroundings.h"
+#include "host/session/HostSession.h"
+#include "site/Records.h"
+
+#include <QLoggingCategory>
+
+#include <cstddef>
+#include <exception>
+#include <utility>
+
+namespace host {
+
+Q_DECLARE_LOGGING_CATEGORY(serviceLog)
+
+/// Tells the log that an operation isn't built yet; returns its failure value.
+template <typename Result> Result Unimplemented(const char* operation, Result failure) {
+    qCWarning(serviceLog, "%s is not available yet", operation);
+    return failure;
+}
+inline void Unimplemented(const char* operation) {
+    qCWarning(serviceLog, "%s is not available yet", operation);
+}
+
+/// Inside of Guarded: what was asked for isn't there, perhaps any more. `name` names it.
+inline void RequireFound(bool found, const QString& name) {
+    if (!found) {
+        throw site::DataError(site::Fault::Missing, site::FaultText(site::Fault::Missing, name));
+    }
+}
+
+/// The same for a change of several: none of them there is a fault, fewer than asked for is told.
+void RequireSome(const HostSession& session, const QString& what, int done, size_t asked);
+
+/// By the person who is signed in, now.
+[[nodiscard]] site::Signature SignatureOf(const HostSession& session);
+/// False for what is gone; the contracts don't know of a change meanwhile, so nothing asks for it.
+[[nodiscard]] inline bool IsSaved(site::Saved saved) {
+    return saved == site::Saved::Yes;
+}
+
+/// Base of the services over a site. Thread: user interface, but for Around().Desk().
+class SiteService {
+public:
+    /// The surroundings must outlive the service.
+    explicit SiteService(const Surroundings& surroundings) : m_surroundings(surroundings) {}
+
+protected:
+    ~SiteService() = default;
+
+    [[nodiscard]] const Surroundings& Around() const { return m_surroundings; }
+
+    /// Runs `work(session)`, whose result is the service's. Any fault, or no open site, gives
+    /// `failure`, and the person reads what could not be done and what to do. `what` is the
+    /// operation in Chinese.
+    template <typename Result, typename Work>
+    Result Guarded(const QString& what, Result failure, Work work) const {
+        HostSession* session = m_surroundings.Session();
+        if (session == nullptr || !session->IsOpen()) {
+            qCWarning(serviceLog, "no site is open: %s", qUtf8Printable(what));
+            return failure;
+        }
+        try {
+            return work(*session);
+        } catch (const std::exception& fault) {
+            ReportFault(*session, what, fault);
+            return failure;
+        }
+    }
+
+    /// Guarded for what a person asks again after a fault: the answer takes the messages of earlier
+    /// faults back.
+    template <typename Result, typename Work>
+    Result GuardedQuestion(const QString& what, Result failure, Work work) const {
+        return Guarded(what, failure, [&](HostSession& session) {
+            const Result answer = work(session);
+            if (m_surroundings.withdraw) {
+                m_surroundings.withdraw(FaultHead(what));
+            }
+            return answer;
+        });
+    }
+
+private:
+    /// How the message of a fault begins.
+    [[nodiscard]] static QString FaultHead(const QString& what) {
+        return what + QStringLiteral("失败：");
+    }
+    /// To log and message bar.
+    static void ReportFault(const HostSession& session, const QString& what,
+                            const std::exception& fault);
+
+    const Surroundings& m_surroundings;
+};
+
+} // namespace host

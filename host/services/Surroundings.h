@@ -1,0 +1,51 @@
+// What the services of a program work on: its session, and what it lends them.
+#pragma once
+
+#include "host/session/SessionDesk.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+
+namespace KX_DATA {
+class IExProgress;
+class IKXView;
+} // namespace KX_DATA
+
+namespace site {
+class ITransferWait;
+} // namespace site
+
+namespace host {
+
+class HostSession;
+
+/// Nothing in it is owned. Thread: user interface, except where said.
+class Surroundings final {
+public:
+    /// Until the next call; null: none.
+    void SetSession(HostSession* session);
+    /// Null while there is none.
+    [[nodiscard]] HostSession* Session() const { return m_session; }
+    /// The session's, null while there is none. Thread: any.
+    [[nodiscard]] std::shared_ptr<SessionDesk> Desk() const;
+
+    /// Null while there is none, as the two below.
+    KX_DATA::IKXView* view = nullptr;
+    KX_DATA::IExProgress* progress = nullptr;
+    site::ITransferWait* transferWait = nullptr;
+    /// Folder of the module's fixed images; empty: the site's work folder.
+    QString imageFolder;
+    bool remindOfIssues = true;
+    /// Is told how messages begin that no longer hold.
+    std::function<void(const QString& beginning)> withdraw;
+
+private:
+    HostSession* m_session = nullptr;
+    mutable std::mutex m_lock; ///< guards m_desk
+    std::shared_ptr<SessionDesk> m_desk;
+};
+
+} // namespace host
