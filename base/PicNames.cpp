@@ -27,12 +27,12 @@ bool IsPicExtension(const QString& extension) {
 }
 
 void SplitPicName(const QString& name, QString& base, QString& extension, bool withDot) {
-    // The outs may be the name itself.
-    const QString whole = name;
-    const qsizetype dot = whole.lastIndexOf(u'.');
-    const QString behind = dot < 0 ? QString() : whole.mid(dot + 1);
+    const qsizetype dot = name.lastIndexOf(u'.');
+    const QString behind = dot < 0 ? QString() : name.mid(dot + 1);
     const bool known = IsPicExtension(behind);
-    base = known ? whole.left(dot) : whole;
+    const QString before = known ? name.left(dot) : name;
+    // The outs may be the name itself, which isn't read any more.
+    base = before;
     extension = (withDot ? u"."_s : QString()) + (known ? behind : u"jpg"_s);
 }
 

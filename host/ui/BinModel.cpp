@@ -9,7 +9,7 @@ namespace host {
 using namespace Qt::StringLiterals;
 
 int DaysLeft(qint64 keptUntil, qint64 now) {
-    constexpr qint64 kDay = 24 * 60 * 60;
+    constexpr qint64 kDay = 24LL * 60 * 60;
     return keptUntil <= now ? 0 : int((keptUntil - now + kDay - 1) / kDay);
 }
 

@@ -19,7 +19,7 @@ namespace site {
 
 namespace {
 
-constexpr qint64 kBlockSize = 256 * 1024;
+constexpr qint64 kBlockSize = 256LL * 1024;
 
 } // namespace
 

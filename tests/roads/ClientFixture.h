@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/app/Client.h"
+#include "host/services/ServiceSet.h"
 #include "host/session/HostSession.h"
 #include "tests/roads/SmallSite.h"
 #include "tests/support/TempFolder.h"
@@ -37,6 +38,7 @@ protected:
     support::TempFolder folder;
     SmallSite site;
     host::HostSession session;
+    const host::Serving serving{session}; ///< also before the client is there
     std::unique_ptr<host::Client> client;
 };
 
