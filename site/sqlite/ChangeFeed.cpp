@@ -56,7 +56,7 @@ void ChangeFeed::Watch() {
 
 void ChangeFeed::OnWritten() {
     m_step = 0;
-    if (!m_next.isActive()) {
+    if (m_next.remainingTime() < 0 || m_next.remainingTime() > kWaits[1]) {
         m_next.start(kWaits[0]);
     }
 }

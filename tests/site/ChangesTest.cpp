@@ -9,6 +9,7 @@
 #include "tests/site/TempSite.h"
 #include "tests/support/WaitFor.h"
 
+#include <QElapsedTimer>
 #include <QStringList>
 
 namespace site {
@@ -153,6 +154,24 @@ TEST(Changes, AnotherClientsAreToldSoonWithoutAsking) {
     EXPECT_FALSE(site.told.front().byThisSite);
     EXPECT_EQ(site.Told(),
               QStringList{site.Line(ChangeKind::BimPhoto, site.ppid, site.photo, u"zhao"_s)});
+}
+
+TEST(Changes, AnotherClientsAreToldAtOnceWhileTheLooksOfTheOneBeforeGoOn) {
+    FeedSite site;
+    SecondClient second(site);
+    const auto hide = [&](qint32 status) {
+        second.engine->BimPhotos().SetStatus(site.ppid, {site.photo}, status);
+    };
+    hide(1);
+    ASSERT_TRUE(support::WaitFor([&] { return !site.Told().isEmpty(); }));
+    QElapsedTimer clock;
+    clock.start();
+    constexpr int kIntoTheLongWait = 900;
+    ASSERT_TRUE(support::WaitFor([&] { return clock.hasExpired(kIntoTheLongWait); }));
+    hide(0);
+    clock.restart();
+    ASSERT_TRUE(support::WaitFor([&] { return !site.told.empty(); }));
+    EXPECT_LT(clock.elapsed(), 1000);
 }
 
 TEST(Changes, ManyOfTwoClientsAtOnceAllComeOnceAndInOrder) {
