@@ -74,8 +74,8 @@ void ChangeLog::Write() {
 }
 
 void ChangeLog::Committed() {
+    m_version = m_database.RowsChanged() != m_rowsAtBegin ? -1 : m_version;
     Undone();
-    m_version = -1;
     try {
         CatchUp();
     } catch (const DataError&) {

@@ -201,6 +201,14 @@ TEST(Changes, WhatIsUndoneIsNotTold) {
     EXPECT_EQ(site.Told().size(), 1);
 }
 
+TEST(Changes, ACommitThatChangesNothingIsNotTold) {
+    FeedSite site;
+    EXPECT_EQ(site.engine.BimPhotos().SetStatus(site.ppid, {site.photo + 100}, 1), 0);
+    EXPECT_EQ(site.Told(), QStringList());
+    site.AddPhoto();
+    EXPECT_EQ(site.Told().size(), 1);
+}
+
 TEST(Changes, ARestartGoesOnFromItsMark) {
     FeedSite site;
     const qint64 mark = site.engine.Changes().Mark();
