@@ -181,13 +181,13 @@ void DataFolder::CleanUp() {
         Bin bin(*m_database, *m_store);
         bin.Reconcile(aside);
         bin.PurgeOld(Now());
+        m_database->Log().Trim();
     } catch (const DataError& error) {
         // Who writes for so long does nothing that can't wait for the next opening.
         if (error.GetFault() != Fault::Locked) {
             throw;
         }
     }
-    m_database->Log().Trim();
     RemoveLeftovers(m_root + u'/' + place::kCache);
     if (!aside.Story().isEmpty()) {
         Tell(aside.Story());

@@ -301,4 +301,14 @@ TEST(Changes, VeryOldLinesAreForgottenAtAnOpening) {
     EXPECT_EQ(site.folder.Db().Value(u"SELECT min(seq) FROM change"_s).toInt(), 300000);
 }
 
+TEST(Changes, WhileAnotherClientWritesAnOpeningForgetsNothing) {
+    FeedSite site;
+    site.folder.Db().Exec(u"INSERT INTO change VALUES (300000, 1, 1, 1, '', 0)"_s);
+    const Transaction writing(site.folder.Db());
+    DataFolder second(site.folder.Path());
+    const auto fault = second.Open({100, true});
+    EXPECT_FALSE(fault.has_value()) << fault->text.toStdString();
+    EXPECT_GT(site.folder.Db().Value(u"SELECT count(*) FROM change"_s).toInt(), 1);
+}
+
 } // namespace site
