@@ -1,14 +1,13 @@
 // Pages of the three lists against brute force: random searches, the same on every run.
-#include "site/FloorOrder.h"
-#include "site/RectifyStates.h"
-#include "tests/contracts/FolderSite.h"
-#include "tests/contracts/SearchRecords.h"
+#include "tests/contracts/SearchedSite.h"
 
 #include <gtest/gtest.h>
 
 #include <QStringList>
 
-#include <random>
+#include <map>
+#include <utility>
+#include <vector>
 
 namespace contracts {
 
@@ -16,196 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr unsigned kSeed = 20240607;
-constexpr int kRecordsOfAKind = 250;
 constexpr int kSearches = 1000;
-constexpr qint64 kFirstTime = 1700000000;
-constexpr qint64 kLastTime = kFirstTime + 400;
-
-enum class Kind { Bim, Pdf, Issues };
-
-/// A site of all three kinds in two projects, and the same in memory.
-class Searched {
-public:
-    Searched() {
-        site::SiteWriter& writer = site.Writer();
-        writer.BeginBatch();
-        for (const QString& name : {u"返工"_s, u"渗漏"_s, u"消防"_s}) {
-            labels.push_back(writer.AddLabel(name));
-        }
-        for (const qint32 ppid : {site.first, site.second}) {
-            FilePlaces(ppid);
-        }
-        for (int i = 0; i < kRecordsOfAKind; ++i) {
-            FileBim(i);
-            FilePdf(i);
-            FileIssue(i);
-        }
-        writer.CommitBatch();
-    }
-
-    /// A value of the list.
-    template <class Value> Value AnyOf(const std::vector<Value>& values) {
-        return values[std::size_t(Below(int(values.size())))];
-    }
-    int Below(int count) { return std::uniform_int_distribution<int>(0, count - 1)(m_random); }
-    bool OneIn(int count) { return Below(count) == 0; }
-
-    FolderSite site;
-    std::vector<qint32> labels;
-    std::vector<QString> keys;
-    std::vector<qint32> drawings;
-    std::vector<site::NewCheckpoint> points;
-    std::vector<qint32> pointIds;
-    std::map<Kind, std::vector<SearchRecord>> records;
-
-private:
-    static const std::vector<QString>& Words() {
-        static const std::vector<QString> words{u"外墙"_s,     u"墙"_s,   u"Beam-3"_s,
-                                                u"beam 3"_s,   u"柱脚"_s, u"a_b%"_s,
-                                                u"\"x\" OR"_s, u"é柱"_s,  {}};
-        return words;
-    }
-    static const std::vector<QString>& Floors() {
-        static const std::vector<QString> floors{u"-1"_s, u"2"_s, u"10"_s, u"屋面"_s, {}};
-        return floors;
-    }
-    QString Person() { return AnyOf<QString>({u"zhang"_s, u"Wang"_s, u"王芳"_s}); }
-    QString SomeText() { return AnyOf(Words()) + AnyOf(Words()); }
-    qint64 Time() { return kFirstTime + Below(400); }
-    std::vector<qint32> SomeLabels() {
-        std::vector<qint32> some;
-        for (const qint32 label : labels) {
-            if (OneIn(3)) {
-                some.push_back(label);
-            }
-        }
-        return some;
-    }
-
-    void FilePlaces(qint32 ppid) {
-        for (const QString& floor : Floors()) {
-            for (const QString& x : {u"A"_s, u"B"_s}) {
-                if (!floor.isEmpty()) {
-                    keys.push_back(site.AddPosition({ppid, floor, x, u"1"_s, {}, true}));
-                    m_places[keys.back()] = {ppid, floor, x + u"/1"_s};
-                }
-            }
-        }
-        for (const QString& name : {u"一层墙"_s, u"Roof"_s}) {
-            drawings.push_back(site.AddDrawing(ppid, name));
-            for (int i = 0; i < 3; ++i) {
-                site::NewCheckpoint point;
-                point.drawingId = drawings.back();
-                point.number = Below(20);
-                point.markId = 1 + Below(3);
-                point.labelIds = SomeLabels();
-                points.push_back(point);
-                pointIds.push_back(site.AddCheckpoint(point, {}));
-                m_pointPlaces.push_back({ppid, name, {}});
-            }
-        }
-    }
-
-    template <class New> void FillCommon(New& made, SearchRecord& record) {
-        made.description = SomeText();
-        made.state = Below(site::kStateCount);
-        made.status = Below(2);
-        if (OneIn(2)) {
-            made.updater = Person();
-            made.updateTime = Time();
-        }
-        record.state = made.state;
-        record.status = made.status;
-        record.description = made.description;
-    }
-    static void FillPeople(SearchRecord& record, const QString& title, const QString& author,
-                           qint64 created, const QString& updater, qint64 updated) {
-        record.title = title;
-        record.texts = {title, author, updater, record.description};
-        record.modified = updated != 0 ? updated : created;
-        record.modifier = updater.isEmpty() ? author : updater;
-    }
-
-    void FileBim(int number) {
-        site::NewBimPhoto photo;
-        SearchRecord record;
-        FillCommon(photo, record);
-        photo.ppid = AnyOf<qint32>({site.first, site.second});
-        const QString key = AnyOf(keys);
-        if (m_places[key].ppid == photo.ppid) {
-            photo.positionKey = key;
-            record.presetKey = key;
-            record.place = m_places[key].text;
-        }
-        record.floorSort =
-            site::FloorSortKey(photo.positionKey.isEmpty() ? QString() : m_places[key].floor);
-        photo.fileName = SomeText() + u".jpg"_s;
-        photo.markId = record.markId = 1 + Below(3);
-        photo.labelIds = record.labelIds = SomeLabels();
-        photo.uploader = Person();
-        photo.uploadTime = Time();
-        FillPeople(record, photo.fileName, photo.uploader, photo.uploadTime, photo.updater,
-                   photo.updateTime);
-        record.ppid = photo.ppid;
-        record.id = number;
-        record.name = QString::number(site.Writer().FilePhoto(photo, {{}, "j"}));
-        records[Kind::Bim].push_back(record);
-    }
-
-    void FilePdf(int number) {
-        site::NewPdfPhoto photo;
-        SearchRecord record;
-        FillCommon(photo, record);
-        const auto place = std::size_t(Below(int(points.size())));
-        photo.checkpointId = record.checkpointId = pointIds[place];
-        record.checkpointNo = points[place].number;
-        record.markId = points[place].markId;
-        record.labelIds = points[place].labelIds;
-        record.drawingId = points[place].drawingId;
-        record.drawingName = m_pointPlaces[place].floor;
-        record.ppid = m_pointPlaces[place].ppid;
-        photo.fileName = SomeText() + u".jpg"_s;
-        photo.uploader = Person();
-        photo.uploadTime = Time();
-        FillPeople(record, photo.fileName, photo.uploader, photo.uploadTime, photo.updater,
-                   photo.updateTime);
-        record.texts.push_back(record.drawingName);
-        record.id = number;
-        record.name = QString::number(site.Writer().FilePdfPhoto(photo, {{}, "j"}));
-        records[Kind::Pdf].push_back(record);
-    }
-
-    void FileIssue(int number) {
-        site::NewIssue issue;
-        SearchRecord record;
-        FillCommon(issue, record);
-        issue.ppid = record.ppid = AnyOf<qint32>({site.first, site.second});
-        issue.theme = SomeText();
-        issue.floor = record.presetKey = AnyOf(Floors());
-        record.floorSort = site::FloorSortKey(issue.floor);
-        issue.posInfo = record.place = AnyOf(Words());
-        issue.componentName = record.component = AnyOf(Words());
-        issue.componentHandle = record.presetExtra = AnyOf<QString>({u"h1"_s, u"h2"_s});
-        issue.markId = record.markId = 1 + Below(3);
-        issue.creator = Person();
-        issue.createTime = Time();
-        FillPeople(record, issue.theme, issue.creator, issue.createTime, issue.updater,
-                   issue.updateTime);
-        record.id = number;
-        record.name = site.Writer().FileIssue(issue);
-        records[Kind::Issues].push_back(record);
-    }
-
-    struct Place {
-        qint32 ppid = 0;
-        QString floor;
-        QString text;
-    };
-    std::mt19937 m_random{kSeed};
-    std::map<QString, Place> m_places;
-    std::vector<Place> m_pointPlaces; ///< with the drawing's name for the floor
-};
+constexpr int kQuestionsAskedAgain = 25;
 
 const std::vector<QString>& SortFields(Kind kind) {
     static const std::map<Kind, std::vector<QString>> fields{
@@ -338,29 +149,110 @@ std::string Told(int number, const SearchQuestion& question) {
                .toStdString();
 }
 
+Kind AnyKind(Searched& on) {
+    return on.AnyOf<Kind>({Kind::Bim, Kind::Pdf, Kind::Issues});
+}
+
+/// One search gives what looking at every record gives. `found` counts the rows.
+void SearchOnce(Searched& on, Kind kind, const SearchQuestion& question, int number, int& found) {
+    const std::vector<SearchRecord> all = SearchAll(on.records[kind], question);
+    const auto total = qint64(all.size());
+    const qint64 size = question.page.pageSize;
+    QStringList expected;
+    for (qint64 row = (question.page.page - 1) * size;
+         row < std::min<qint64>(total, question.page.page * size); ++row) {
+        expected << all[std::size_t(row)].name;
+    }
+    found += int(expected.size());
+    KX_DATA::PageResult result;
+    const QStringList names = Answer(on, kind, question, result);
+    ASSERT_EQ(names.join(u' ').toStdString(), expected.join(u' ').toStdString())
+        << Told(number, question);
+    ASSERT_EQ(result.totalCount, total) << Told(number, question);
+    ASSERT_EQ(result.pageCount, (total + size - 1) / size) << Told(number, question);
+}
+
+void HideOrShowOne(Searched& on) {
+    SearchRecord& record = on.AnyRecord(Kind::Bim);
+    record.status = 1 - record.status;
+    EXPECT_TRUE(
+        on.site.on.pics->SetBimPicsShown(record.ppid, {record.name.toInt()}, record.status == 1));
+}
+
+void DeleteOne(Searched& on, Kind kind) {
+    const SearchRecord gone = on.AnyRecord(kind);
+    std::erase_if(on.records[kind],
+                  [&](const SearchRecord& each) { return each.name == gone.name; });
+    if (kind == Kind::Bim) {
+        EXPECT_TRUE(on.site.on.pics->DeleteBimPics({gone.name.toInt()}));
+    } else if (kind == Kind::Pdf) {
+        EXPECT_TRUE(on.site.on.pics->DeletePdfPics(gone.ppid, {gone.name.toInt()}));
+    } else {
+        EXPECT_TRUE(on.site.on.issues->DeleteIssues({gone.name}));
+    }
+}
+
+/// Its photos change with it.
+void EditACheckpoint(Searched& on) {
+    KX_DATA::CheckpointEdit edit;
+    edit.checkpointId = on.AnyOf(on.pointIds);
+    edit.markId = 1 + on.Below(3);
+    const std::vector<qint32> labels = on.SomeLabels();
+    for (const qint32 label : labels) {
+        edit.labelNames.push_back(QString::number(label));
+    }
+    qint32 value = 0;
+    EXPECT_EQ(on.site.on.drawings->UpdateCheckpoint(edit, value), KX_DATA::kServiceOk);
+    for (SearchRecord& record : on.records[Kind::Pdf]) {
+        if (record.checkpointId == edit.checkpointId) {
+            record.markId = edit.markId;
+            record.labelIds = labels;
+        }
+    }
+}
+
+void ChangeSomething(Searched& on) {
+    switch (on.Below(5)) {
+    case 0:
+        DeleteOne(on, AnyKind(on));
+        break;
+    case 1:
+    case 2:
+        EditACheckpoint(on);
+        break;
+    default:
+        HideOrShowOne(on);
+    }
+}
+
 } // namespace
 
 TEST(Searches, AThousandRandomOnesGiveWhatLookingAtEveryRecordGives) {
     Searched on;
     int found = 0;
-    for (int i = 0; i < kSearches; ++i) {
-        const Kind kind = on.AnyOf<Kind>({Kind::Bim, Kind::Pdf, Kind::Issues});
-        const SearchQuestion question = RandomQuestion(on, kind);
-        const std::vector<SearchRecord> all = SearchAll(on.records[kind], question);
-        const auto total = qint64(all.size());
-        const qint64 size = question.page.pageSize;
-        QStringList expected;
-        for (qint64 row = (question.page.page - 1) * size;
-             row < std::min<qint64>(total, question.page.page * size); ++row) {
-            expected << all[std::size_t(row)].name;
+    for (int i = 0; i < kSearches && !testing::Test::HasFailure(); ++i) {
+        const Kind kind = AnyKind(on);
+        SearchOnce(on, kind, RandomQuestion(on, kind), i, found);
+    }
+    EXPECT_GT(found, kSearches) << "searches that find nothing test nothing";
+}
+
+TEST(Searches, AskedAgainBetweenChangesTheyGiveWhatTheRecordsAreThen) {
+    Searched on;
+    on.site.OpenWorkset();
+    std::vector<std::pair<Kind, SearchQuestion>> questions;
+    for (int i = 0; i < kQuestionsAskedAgain; ++i) {
+        const Kind kind = AnyKind(on);
+        questions.emplace_back(kind, RandomQuestion(on, kind));
+        questions.back().second.page.page = 1;
+    }
+    int found = 0;
+    for (int i = 0; i < kSearches && !testing::Test::HasFailure(); ++i) {
+        if (i % kQuestionsAskedAgain == 0) {
+            ChangeSomething(on);
         }
-        found += int(expected.size());
-        KX_DATA::PageResult result;
-        const QStringList names = Answer(on, kind, question, result);
-        ASSERT_EQ(names.join(u' ').toStdString(), expected.join(u' ').toStdString())
-            << Told(i, question);
-        ASSERT_EQ(result.totalCount, total) << Told(i, question);
-        ASSERT_EQ(result.pageCount, (total + size - 1) / size) << Told(i, question);
+        const auto& [kind, question] = questions[std::size_t(i % kQuestionsAskedAgain)];
+        SearchOnce(on, kind, question, i, found);
     }
     EXPECT_GT(found, kSearches) << "searches that find nothing test nothing";
 }
