@@ -131,6 +131,19 @@ TEST(IssuePanel, AFailedReadLeavesBothEmptyAndTellsThePerson) {
     EXPECT_EQ(site.messages.size(), 2u);
 }
 
+TEST(IssueList, AFailedSearchSaysWhatFailed) {
+    IssueSite site;
+    support::FolderOf(site.session).Db().Exec(u"DROP TABLE issue"_s);
+    KX_DATA::PageResult result;
+    std::vector<KX_DATA::IssueRow> rows;
+    EXPECT_NE(
+        GetTNQuestionMng()->QueryIssues(site.Filter(), {1, 30, u"ppid"_s, u"asc"_s}, result, rows),
+        KX_DATA::kServiceOk);
+    ASSERT_EQ(site.messages.size(), 1u);
+    EXPECT_TRUE(site.messages[0].startsWith(u"查询TN问题失败："_s))
+        << site.messages[0].toStdString();
+}
+
 TEST(IssuePanel, ReadsAnIndexAndNoRows) {
     IssueSite site;
     QString plan;

@@ -91,6 +91,12 @@ std::vector<Operation> OtherOperations() {
              return GetVeskPicMng()->GetPdfPicDetail(site.first, kGone, detail) ==
                     KX_DATA::kServiceOk;
          }},
+        {u"读取照片"_s,
+         [](ServiceSite& site) {
+             KX_DATA::CheckpointPicDetail detail;
+             return GetVeskPicMng()->GetCheckpointPics(site.first, kGone, detail) ==
+                    KX_DATA::kServiceOk;
+         }},
         {u"读取检查点"_s,
          [](ServiceSite&) {
              KX_DATA::DrawingRecord record;
