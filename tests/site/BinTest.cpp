@@ -259,4 +259,22 @@ TEST(Bin, UnknownEntriesArePassedOver) {
     EXPECT_TRUE(site.bin.List().empty());
 }
 
+TEST(Bin, TheListSaysOfEachEntryWhatItWasAndWhoDeletedItWhere) {
+    BinSite site;
+    SiteWriter writer(site.folder);
+    NewBimPhoto photo;
+    photo.ppid = writer.AddProject(u"二号楼"_s);
+    photo.fileName = u"屋面.jpg"_s;
+    ASSERT_EQ(site.bin.DeleteBimPhotos({photo.ppid}, {writer.FilePhoto(photo, {{}, "jpeg"})},
+                                       {u"li"_s, kNow}),
+              1);
+    const BinEntry entry = site.bin.List().front();
+    EXPECT_EQ(entry.kind, BinKind::BimPhoto);
+    EXPECT_NE(photo.ppid, static_cast<qint32>(entry.kind));
+    EXPECT_EQ(entry.ppid, photo.ppid);
+    EXPECT_EQ(entry.title, u"屋面.jpg"_s);
+    EXPECT_EQ(entry.deletedBy, u"li"_s);
+    EXPECT_EQ(entry.deletedAt, kNow);
+}
+
 } // namespace site

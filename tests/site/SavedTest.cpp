@@ -134,4 +134,31 @@ TEST(Projects, WhatBelongsToNoneOfThemIsUnknown) {
 }
 
 } // namespace
+
+TEST(Filed, RowAndDetailOfAPhotoSayWhatAndWhereAndByWhom) {
+    TempSite site;
+    SiteWriter writer(site.folder);
+    NewBimPhoto photo;
+    photo.ppid = writer.AddProject(u"滨江花园"_s);
+    writer.AddPosition({photo.ppid, u"2"_s, u"A"_s, u"1"_s, u"two"_s, true});
+    photo.fileName = u"a.jpg"_s;
+    photo.description = u"空鼓"_s;
+    photo.positionKey = u"two"_s;
+    photo.uploader = u"wang"_s;
+    photo.uploadTime = kFiled;
+    const qint32 picId = writer.FilePhoto(photo, {{}, "jpeg"});
+    SqliteSite engine(site.folder);
+    const auto rows = engine.BimPhotos().Rows({photo.ppid}, {picId});
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0].description, u"空鼓"_s);
+    EXPECT_EQ(rows[0].axisX, u"A"_s);
+    EXPECT_EQ(rows[0].axisY, u"1"_s);
+    EXPECT_EQ(rows[0].floor, u"2"_s);
+    EXPECT_EQ(rows[0].posValid, 1);
+    KX_DATA::BimPicDetail detail;
+    ASSERT_TRUE(engine.BimPhotos().Detail(photo.ppid, picId, detail));
+    EXPECT_EQ(detail.uploaderName, u"wang"_s);
+    EXPECT_EQ(detail.uploadTime, kFiled);
+}
+
 } // namespace site
