@@ -214,4 +214,20 @@ TEST(SecondInstance, SeesWhatTheFirstChangesInItsLists) {
     EXPECT_EQ(site.PhotoIds(site.Filter()).size(), 1u);
 }
 
+TEST(RecentSearches, WithoutAnOpenFolderThereAreNone) {
+    std::vector<QString> keywords{u"裂缝"_s};
+    GetRecentSearchMng()->GetRecent(keywords);
+    EXPECT_TRUE(keywords.empty());
+}
+
+TEST(Session, AFolderThatIsOpenedAfterAnotherIsNobodysYet) {
+    ServiceSite site;
+    site.writer.reset();
+    ASSERT_TRUE(site.session.HasRight(5));
+    ASSERT_FALSE(site.session.Open(site.dir.filePath(u"other"_s), {500, true}).has_value());
+    EXPECT_EQ(site.session.UserName(), QString());
+    EXPECT_FALSE(site.session.HasRight(5));
+    EXPECT_TRUE(site.session.OpenPpids().empty());
+}
+
 } // namespace host
