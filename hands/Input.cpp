@@ -176,7 +176,9 @@ bool CommitText(const QString& text) {
 
 bool BringUp(QWidget* widget) {
     QWidget* top = widget->window();
-    if (top->isActiveWindow() || top->windowType() == Qt::Popup) {
+    // A toast takes clicks where it stands and never the keyboard.
+    const bool staysBehind = top->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus);
+    if (top->isActiveWindow() || top->windowType() == Qt::Popup || staysBehind) {
         return true;
     }
     top->activateWindow();
