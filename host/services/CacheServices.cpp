@@ -29,12 +29,12 @@ KX_DATA::ShownPicMarks ShownMarksOf(const TickedPhotos& ticked) {
 } // namespace
 
 const KX_DATA::ProjectRecord* ProjCacheHandle::GetProjectRecord() {
-    const HostSession* session = Around().Session();
-    if (session == nullptr || session->CurrentProject().ppid == 0) {
-        return nullptr;
-    }
-    m_record = {session->CurrentProject().name, session->CurrentProject().ppid};
-    return &m_record;
+    // One for each thread that asks: the answer of one never changes under another's eyes.
+    thread_local KX_DATA::ProjectRecord record;
+    const auto desk = Around().Desk();
+    const auto project = desk != nullptr ? desk->Project() : std::nullopt;
+    record = project.value_or(KX_DATA::ProjectRecord{});
+    return project ? &record : nullptr;
 }
 
 void ProjCacheHandle::GetCurrentDrawing(KX_DATA::CurrentDrawing& drawing) {

@@ -13,12 +13,10 @@ class ProjCacheHandle final : public KX_DATA::IProjCacheHandle, private SiteServ
 public:
     using SiteService::SiteService;
 
+    /// A copy, which holds until the same thread asks again. Thread: any.
     const KX_DATA::ProjectRecord* GetProjectRecord() override;
     void GetCurrentDrawing(KX_DATA::CurrentDrawing& drawing) override;
     qint32 GetProjectMajor() override;
-
-private:
-    KX_DATA::ProjectRecord m_record;
 };
 
 class ProjModelHandle final : public KX_DATA::IProjModelHandle, private SiteService {

@@ -18,16 +18,14 @@ QString WithSeparator(const QString& folder) {
 
 } // namespace
 
-QString FolderService::Made(const Ask& ask) const {
-    return Guarded(u"读取缓存文件夹"_s, QString(), [&](HostSession& session) {
-        const QString folder = ask(session.Site().Folders());
-        if (folder.isEmpty()) {
-            throw site::DataError(
-                site::Fault::NotWritable,
-                site::FaultText(site::Fault::NotWritable, session.Site().Place()));
-        }
-        return WithSeparator(folder);
-    });
+QString FolderService::Made(const SessionDesk::Ask& ask) const {
+    const auto desk = Around().Desk();
+    const auto folder = desk != nullptr ? desk->Folder(ask) : std::nullopt;
+    if (!folder) {
+        qCWarning(serviceLog, "no site is open: folder");
+        return {};
+    }
+    return WithSeparator(*folder);
 }
 
 QString FolderService::CacheOf(qint32 ppid, site::IClientFolders::Cache what) const {

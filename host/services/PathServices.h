@@ -5,19 +5,16 @@
 #include "services/IKXPathMng.h"
 #include "site/IClientFolders.h"
 
-#include <functional>
-
 namespace host {
 
 /// Folders of the site's client, made where they are missing, with a separator at the end; empty
-/// without an open site.
+/// without an open site. Thread: any.
 class FolderService : protected SiteService {
 public:
     using SiteService::SiteService;
 
 protected:
-    using Ask = std::function<QString(site::IClientFolders&)>;
-    [[nodiscard]] QString Made(const Ask& ask) const;
+    [[nodiscard]] QString Made(const SessionDesk::Ask& ask) const;
     [[nodiscard]] QString CacheOf(qint32 ppid, site::IClientFolders::Cache what) const;
     [[nodiscard]] QString RichText(const QString& key) const;
 };

@@ -20,7 +20,7 @@ std::optional<site::OpenFault> HostSession::Open(const QString& place, site::Ope
     m_site = std::move(opened.site);
     if (m_site != nullptr) {
         m_tables = std::make_unique<SiteTables>(*m_site);
-        m_desk->Open(m_site->Blobs());
+        m_desk->Open(m_site->Blobs(), &m_site->Folders(), m_site->Place());
         m_site->SetTold(
             [this](const QString& text) { m_desk->Report(MessageLevel::Warning, text); });
     }
@@ -57,7 +57,7 @@ bool HostSession::OpenProject(qint32 ppid) {
         return false;
     }
     CloseProject();
-    m_project = found;
+    SetProject(found);
     return true;
 }
 
@@ -66,7 +66,7 @@ bool HostSession::OpenWorkset(qint32 worksetId) {
         if (entry.id == worksetId) {
             CloseProject();
             m_workset = entry;
-            m_project = m_site->Catalogue().Project(entry.ppids.front());
+            SetProject(m_site->Catalogue().Project(entry.ppids.front()));
             return true;
         }
     }
@@ -74,11 +74,18 @@ bool HostSession::OpenWorkset(qint32 worksetId) {
 }
 
 void HostSession::CloseProject() {
-    m_project = {};
+    SetProject({});
     m_workset = {};
     m_drawing = {};
     ShowPhotos({});
     m_issues.clear();
+}
+
+void HostSession::SetProject(const site::ProjectEntry& project) {
+    m_project = project;
+    m_desk->SetProject(project.ppid != 0
+                           ? std::optional(KX_DATA::ProjectRecord{project.name, project.ppid})
+                           : std::nullopt);
 }
 
 void HostSession::ShowPhotos(TickedPhotos photos) {

@@ -66,6 +66,8 @@ public:
     [[nodiscard]] const std::shared_ptr<SessionDesk>& Desk() const { return m_desk; }
 
 private:
+    void SetProject(const site::ProjectEntry& project);
+
     std::unique_ptr<site::ISite> m_site;
     std::unique_ptr<SiteTables> m_tables;
     QString m_user;

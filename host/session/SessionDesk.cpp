@@ -1,8 +1,13 @@
 #include "host/session/SessionDesk.h"
 
+#include "site/DataError.h"
+#include "site/IClientFolders.h"
+
 #include <QDebug>
 
 namespace host {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -14,9 +19,11 @@ SessionDesk::~SessionDesk() {
     Close();
 }
 
-void SessionDesk::Open(site::IBlobs& blobs) {
+void SessionDesk::Open(site::IBlobs& blobs, site::IClientFolders* folders, const QString& place) {
     const std::lock_guard lock(m_lock);
     m_blobs = &blobs;
+    m_folders = folders;
+    m_place = place;
     m_pool.Begin();
 }
 
@@ -50,6 +57,34 @@ bool SessionDesk::Run(const Work& work) {
 
 std::stop_source SessionDesk::Start(const Work& work) {
     return m_pool.Start(OnTheSite(work));
+}
+
+std::optional<QString> SessionDesk::Folder(const Ask& ask) {
+    std::optional<QString> folder;
+    m_pool.Run([&](const std::stop_token&) {
+        std::unique_lock lock(m_lock);
+        site::IClientFolders* folders = m_folders;
+        const QString place = m_place;
+        lock.unlock();
+        if (folders != nullptr) {
+            folder = ask(*folders);
+        }
+        if (folder && folder->isEmpty()) {
+            Report(MessageLevel::Error,
+                   u"读取缓存文件夹失败："_s + site::FaultText(site::Fault::NotWritable, place));
+        }
+    });
+    return folder;
+}
+
+std::optional<KX_DATA::ProjectRecord> SessionDesk::Project() const {
+    const std::lock_guard lock(m_lock);
+    return m_project;
+}
+
+void SessionDesk::SetProject(std::optional<KX_DATA::ProjectRecord> project) {
+    const std::lock_guard lock(m_lock);
+    m_project = std::move(project);
 }
 
 void SessionDesk::SetMessageSink(MessageSink sink) {

@@ -1,6 +1,7 @@
 // What other threads may use of a session, from its opening to its end.
 #pragma once
 
+#include "services/EnvRecords.h"
 #include "site/IBlobs.h"
 #include "site/transfer/TransferPool.h"
 
@@ -9,8 +10,13 @@
 #include <functional>
 #include <list>
 #include <mutex>
+#include <optional>
 #include <stop_token>
 #include <utility>
+
+namespace site {
+class IClientFolders;
+} // namespace site
 
 namespace host {
 
@@ -27,8 +33,10 @@ public:
     SessionDesk(const SessionDesk&) = delete;
     SessionDesk& operator=(const SessionDesk&) = delete;
 
-    /// The files must last until Close returns.
-    void Open(site::IBlobs& blobs);
+    /// The files, and the folders where there are any, must last until Close returns.
+    /// @param place  of the site, for a person.
+    void Open(site::IBlobs& blobs, site::IClientFolders* folders = nullptr,
+              const QString& place = {});
     /// Nothing starts any more; tells what runs to stop, and returns when it has. Not from inside
     /// of a transfer.
     void Close();
@@ -44,6 +52,15 @@ public:
     /// closed or without threads, when nothing is done.
     [[nodiscard]] std::stop_source Start(const Work& work);
 
+    /// Asks for a folder of the client on the calling thread; one that can't be made is told.
+    /// Nothing while closed, "" for one that can't be made.
+    using Ask = std::function<QString(site::IClientFolders&)>;
+    [[nodiscard]] std::optional<QString> Folder(const Ask& ask);
+
+    /// A copy of the session's open project; nothing while none is open.
+    [[nodiscard]] std::optional<KX_DATA::ProjectRecord> Project() const;
+    void SetProject(std::optional<KX_DATA::ProjectRecord> project);
+
     using MessageSink = std::function<void(MessageLevel, const QString&)>;
     /// The sink is called on the reporting thread. Once this returns, the sink before isn't running
     /// and isn't called again.
@@ -57,6 +74,9 @@ private:
 
     mutable std::mutex m_lock; ///< guards what follows
     site::IBlobs* m_blobs = nullptr;
+    site::IClientFolders* m_folders = nullptr;
+    QString m_place;
+    std::optional<KX_DATA::ProjectRecord> m_project;
     site::TransferRules m_rules;
 
     site::TransferPool m_pool;

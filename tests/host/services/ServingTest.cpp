@@ -20,6 +20,9 @@
 
 #include <QDir>
 
+#include <atomic>
+#include <thread>
+
 namespace host {
 
 using namespace Qt::StringLiterals;
@@ -111,6 +114,37 @@ TEST(Serving, SetsOfServicesKnowNothingOfEachOther) {
     EXPECT_TRUE(GetKXAuthMng()->HasRight(21));
     EXPECT_EQ(services.around.Desk(), other.Desk());
     EXPECT_NE(TheServices().around.Desk(), other.Desk());
+}
+
+// As the reminder thread asks while a person changes the project.
+TEST(Serving, ProjectAndFolderMayBeAskedForByAnyThread) {
+    ServiceSite site;
+    std::atomic<bool> isOver{false};
+    std::thread asker([&] {
+        while (!isOver) {
+            const auto* record = GetProjCacheMng()->GetCurrentProject()->GetProjectRecord();
+            if (record == nullptr) {
+                continue;
+            }
+            EXPECT_EQ(record->name, record->ppid == site.first ? u"一号楼"_s : u"二号楼"_s);
+            QString folder;
+            GetKXPathMng()->GetPicFolder(folder, record->ppid, record->name);
+            EXPECT_TRUE(folder.isEmpty() || folder.contains(QString::number(record->ppid)));
+        }
+    });
+    for (int turn = 0; turn < 200; ++turn) {
+        EXPECT_TRUE(site.session.OpenProject(turn % 2 == 0 ? site.second : site.first));
+        site.session.CloseProject();
+    }
+    EXPECT_TRUE(site.session.OpenProject(site.first));
+    site.writer.reset();
+    site.session.Close();
+    QString folder = u"old"_s;
+    GetKXPathMng()->GetPicFolder(folder, site.first, {});
+    EXPECT_EQ(folder, QString());
+    isOver = true;
+    asker.join();
+    EXPECT_EQ(GetProjCacheMng()->GetCurrentProject()->GetProjectRecord(), nullptr);
 }
 
 TEST(ShownMarks, ComeInTheCodePageAndAreMadeOncePerChange) {
