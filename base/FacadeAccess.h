@@ -31,6 +31,10 @@ public:
                                 KXWindow parent) = 0;
     /// The host's sink for the issue editor; one that only writes the log while there is none.
     [[nodiscard]] virtual IKXIssueEditSink& IssueEditSink() = 0;
+    /// Rebuilds the marks of issues in the view.
+    virtual void RefreshIssueMarks() = 0;
+    /// Flies to an issue in the view and opens it; the user is told if the view doesn't show it.
+    virtual void LocateIssue(qint32 ppid, const QString& questionId) = 0;
     /// Hands changes of issues on to the host.
     [[nodiscard]] virtual IQuestionRefresh& IssueRefresh() = 0;
 

@@ -23,8 +23,6 @@ QString NameOf(MissingDialog dialog) {
         return u"问题查看"_s;
     case MissingDialog::IssueEditor:
         return u"问题编辑"_s;
-    case MissingDialog::ReminderFeed:
-        return u"消息提醒"_s;
     case MissingDialog::Report:
         return u"输出报告"_s;
     }
@@ -35,10 +33,7 @@ QString NameOf(MissingDialog dialog) {
 
 bool AnswerAsCancelled(MissingDialog dialog) {
     WriteLog(u"此版本尚不提供："_s + NameOf(dialog));
-    // A message that comes in by itself is nobody's wish.
-    if (dialog != MissingDialog::ReminderFeed) {
-        toolkit::ShowNotice(u"此版本尚不提供“%1”，请等待后续版本。"_s.arg(NameOf(dialog)));
-    }
+    toolkit::ShowNotice(u"此版本尚不提供“%1”，请等待后续版本。"_s.arg(NameOf(dialog)));
     return false;
 }
 

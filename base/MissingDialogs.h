@@ -12,7 +12,6 @@ enum class MissingDialog {
     ConsolePicViewer,
     IssueViewer,
     IssueEditor,
-    ReminderFeed,
     Report,
 };
 

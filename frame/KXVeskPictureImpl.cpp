@@ -9,6 +9,7 @@
 #include "editors/BimPicEditDlg.h"
 #include "frame/HostObservers.h"
 #include "reminder/marks/KXVeskPicDataImpl.h"
+#include "reminder/popups/VeskMsgDlg.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "services/IKXPathMng.h"
@@ -21,6 +22,8 @@
 #include "toolkit/windows/WindowRegistry.h"
 #include "viewers/BimPicViewWrap.h"
 #include "viewers/SavePicAs.h"
+
+#include <QCoreApplication>
 
 using namespace Qt::StringLiterals;
 
@@ -44,10 +47,25 @@ void ShowInFront(toolkit::WindowObject& window) {
 
 } // namespace
 
+/// The reminder thread ends before the application does, when all that it needs still lives. The
+/// host has ended its transfers by then.
+void CKXVeskPictureImpl::EndWithApplication() {
+    static const bool once = [] {
+        qAddPostRoutine([] {
+            if (HasInstance()) {
+                Instance().m_reminders.End();
+            }
+        });
+        return true;
+    }();
+    Q_UNUSED(once);
+}
+
 CKXVeskPictureImpl::CKXVeskPictureImpl()
     : m_projChangeObs(std::make_unique<CVeskPicProjChangeObs>()),
       m_viewBimPicObs(std::make_unique<CViewBimPicObs>()) {
     SetPictureFacade(this);
+    EndWithApplication();
 }
 
 CKXVeskPictureImpl::~CKXVeskPictureImpl() {
@@ -291,20 +309,23 @@ void CKXVeskPictureImpl::RefreshIssueMarks() {
 }
 
 void CKXVeskPictureImpl::OnPicMessage(KXWindow window, const std::string& json) {
-    Q_UNUSED(window);
-    Q_UNUSED(json);
-    AnswerAsCancelled(MissingDialog::ReminderFeed);
+    m_reminders.OnPicMessage(window, json);
 }
 
 void CKXVeskPictureImpl::OnIssueMessage(KXWindow window, const std::string& json) {
-    OnPicMessage(window, json);
+    m_reminders.OnIssueMessage(window, json);
+}
+
+void CKXVeskPictureImpl::ShowPopups(KXWindow owner, qint32 kind) {
+    for (const KX_DATA::PicMsgRecord& record : m_reminders.TakeReady()) {
+        reminder::ShowPopup(record, owner, kind);
+    }
 }
 
 void CKXVeskPictureImpl::ShowPicPopups(KXWindow owner) {
-    Q_UNUSED(owner);
-    AnswerAsCancelled(MissingDialog::ReminderFeed);
+    ShowPopups(owner, reminder::kPicPopup);
 }
 
 void CKXVeskPictureImpl::ShowIssuePopups(KXWindow owner) {
-    ShowPicPopups(owner);
+    ShowPopups(owner, reminder::kIssuePopup);
 }

@@ -6,6 +6,7 @@
 #include "base/SingletonTmpl.h"
 #include "frame/UnsetSink.h"
 #include "include/IKXVeskPicture.h"
+#include "reminder/feed/ReminderFeed.h"
 
 #include <memory>
 
@@ -66,10 +67,13 @@ private:
     CKXVeskPictureImpl();
 
     void NotifyConsoleOpened(qint32 kind);
+    void ShowPopups(KXWindow owner, qint32 kind);
+    static void EndWithApplication();
 
     std::unique_ptr<CVeskPicProjChangeObs> m_projChangeObs;
     std::unique_ptr<CViewBimPicObs> m_viewBimPicObs;
     ZelvorNRQ_KXVeskPicture::IKXVeskPictureSink* m_sink = nullptr; ///< the host's, may be null
     ZelvorNRQ_KXVeskPicture::IKXIssueEditSink* m_issueEditSink = nullptr; ///< as m_sink
     UnsetSink m_unsetSink;
+    reminder::ReminderFeed m_reminders;
 };

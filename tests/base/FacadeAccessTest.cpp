@@ -24,6 +24,8 @@ public:
     bool OpenPdfPicView(qint32, qint32, const QString&, KXWindow) override { return true; }
     ZelvorNRQ_KXVeskPicture::IKXIssueEditSink& IssueEditSink() override { return m_editSink; }
     IQuestionRefresh& IssueRefresh() override { return *this; }
+    void RefreshIssueMarks() override {}
+    void LocateIssue(qint32, const QString&) override {}
     void Refresh() override {}
 
     qint32 shownKind = 0;

@@ -141,11 +141,4 @@ TEST_F(FacadeConsoleTest, OpeningAMinimisedConsoleBringsItBackUp) {
     EXPECT_FALSE(Console().Widget()->isMinimized());
 }
 
-TEST_F(FacadeConsoleTest, PopupsThatThisVersionLacksAreLoggedEachTime) {
-    Facade().ShowPicPopups(toolkit::kNoWindow);
-    EXPECT_EQ(ModuleLog().count(u"此版本尚不提供"_s), 1);
-    Facade().ShowIssuePopups(toolkit::kNoWindow);
-    EXPECT_EQ(ModuleLog().count(u"此版本尚不提供"_s), 2);
-}
-
 } // namespace

@@ -33,6 +33,8 @@ public:
     ZelvorNRQ_KXVeskPicture::IKXIssueEditSink& IssueEditSink() override {
         return m_real.IssueEditSink();
     }
+    void RefreshIssueMarks() override {}
+    void LocateIssue(qint32, const QString&) override {}
     ZelvorNRQ_KXVeskPicture::IQuestionRefresh& IssueRefresh() override {
         return m_real.IssueRefresh();
     }
