@@ -22,8 +22,8 @@ const QStringList& Words() {
 const QStringList& People() {
     static const QStringList people =
         u"zhangwei wangfang lina liuyang chenjie yangmin zhaolei huangtao zhouqiang wuxia 张伟 王芳"
-        " 李娜 刘洋 陈杰 杨敏 赵磊 黄涛 周强 吴霞 徐静 孙浩 胡军 朱琳 高峰 林涛 何平 郭亮 马超 罗丹"_s
-            .split(u' ');
+        " 李娜 刘洋 陈杰 杨敏 赵磊 黄涛 周强 吴霞 徐静 孙浩 胡军 朱琳 高峰 林涛 何平 郭亮 马超"
+        " 罗丹"_s.split(u' ');
     return people;
 }
 

@@ -24,8 +24,8 @@ namespace {
 std::string PicMessage(int picId, const QString& uuid = u"u-1"_s, int ppid = 1) {
     return toolkit::ToGbk(
         u"{\"ppid\":%1,\"markerId\":2,\"picId\":%2,\"intersectionId\":\"K7\",\"labels\":[],"
-        "\"name\":\"甲.jpg\",\"pos\":\"B/7\",\"username\":\"李娜\",\"uuid\":\"%3\",\"floor\":\"1\"}"_s
-            .arg(ppid)
+        "\"name\":\"甲.jpg\",\"pos\":\"B/7\",\"username\":\"李娜\",\"uuid\":\"%3\",\"floor\":"
+        "\"1\"}"_s.arg(ppid)
             .arg(picId)
             .arg(uuid));
 }
