@@ -4,6 +4,7 @@ import json
 from pathlib import Path
 
 KILLED, HUNG, SURVIVED, BROKEN = "killed", "hung", "survived", "does not compile"
+UNJUDGED = "unjudged"  # compiled, but no test program of the folder has it
 
 
 class Journal:
@@ -36,8 +37,8 @@ class Journal:
 
 
 def count(results: list[dict]) -> dict[str, int]:
-    """By outcome; `tried` are those that compiled."""
-    counts = {state: 0 for state in (KILLED, HUNG, SURVIVED, BROKEN)}
+    """By outcome; `tried` are those that a test had before it."""
+    counts = {state: 0 for state in (KILLED, HUNG, SURVIVED, BROKEN, UNJUDGED)}
     for result in results:
         counts[result["outcome"]] += 1
     counts["tried"] = counts[KILLED] + counts[HUNG] + counts[SURVIVED]
@@ -56,6 +57,15 @@ def survivors_table(results: list[dict]) -> str:
     return "\n".join(rows)
 
 
+def unjudged_table(results: list[dict]) -> str:
+    """The files whose mutants came before no test, with their number."""
+    files: dict[str, int] = {}
+    for result in results:
+        if result["outcome"] == UNJUDGED:
+            files[result["path"]] = files.get(result["path"], 0) + 1
+    return "\n".join(f"{path}: {files[path]} unjudged, no test program has it" for path in sorted(files))
+
+
 def _shown(text: str) -> str:
     return " ".join(text.split())
 
@@ -67,5 +77,5 @@ def summary(results: list[dict], seconds: float) -> str:
     return (
         f"{tried} mutants tried in {seconds / 60:.1f} min: {counts[KILLED]} killed, "
         f"{counts[HUNG]} hung, {counts[SURVIVED]} survived ({share:.1f} %); "
-        f"{counts[BROKEN]} didn't compile"
+        f"{counts[BROKEN]} didn't compile, {counts[UNJUDGED]} unjudged"
     )

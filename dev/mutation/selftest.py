@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """What dev/mutate changes, leaves alone and reports, shown on text."""
 
+import subprocess
 import sys
 import tempfile
 import unittest
@@ -12,7 +13,7 @@ sys.path.insert(0, str(Path(__file__).resolve().parent.parent))
 from mutation import journal, sources, trial  # noqa: E402
 from mutation.operators import mutants_of  # noqa: E402
 from mutation.tokens import Source  # noqa: E402
-from mutation.workshop import TestProgram  # noqa: E402
+from mutation.workshop import TestProgram, Workshop  # noqa: E402
 
 
 def changes(body: str, operator: str) -> list[tuple[str, str]]:
@@ -172,6 +173,85 @@ class Stages(unittest.TestCase):
             self.assertFalse(trial.is_near("AlphaTest.cpp", "a/Beta.cpp", tree))
 
 
+class ScriptedWorkshop(Workshop):
+    """Objects are their sources; a program passes while the text that it wants is in what it was
+    linked with."""
+
+    LINK = (
+        "#!/bin/sh\n"
+        "while [ $# -gt 0 ]; do\n"
+        'if [ "$1" = -o ]; then out=$2; shift; else inputs="$inputs $1"; fi\n'
+        "shift\n"
+        "done\n"
+        "cat $inputs >$out.data\n"
+        'printf \'#!/bin/sh\\ngrep -aq "%s" "%s"\\n\' "$WANTED" "$(realpath $out.data)" >$out\n'
+        "chmod +x $out\n"
+    )
+
+    def __init__(self, folder: Path, links: dict[str, str]):
+        self.tree, self.build = folder / "tree", folder / "tree" / "build"
+        (self.build / "bin").mkdir(parents=True)
+        (self.tree / "a").mkdir()
+        (self.tree / "a" / "Alpha.cpp").write_text(Trials.TEXT)
+        (self.build / "Alpha.o").write_text(Trials.TEXT)
+        (self.build / "Other.o").write_text("return 1;")
+        for name, text in (("link", self.LINK), ("compile", '#!/bin/sh\ncp "$1" "$3"\n')):
+            (self.build / name).write_text(text)
+            (self.build / name).chmod(0o755)
+        self._links = links
+        for command in links.values():
+            subprocess.run(["sh", "-c", command], cwd=self.build, check=True)
+
+    def compile_command(self, path: str) -> tuple[list[str], str]:
+        return [str(self.build / "compile"), str(self.tree / path), "-o", "Alpha.o"], "Alpha.o"
+
+
+class Trials(unittest.TestCase):
+    TEXT = "int F() {\n    return 1;\n}\n"
+    ARCHIVE = {"libalpha.a": ": && rm -f libalpha.a && ar qc libalpha.a  Other.o Alpha.o && :"}
+
+    def outcomes(self, links: dict[str, str], *programs: str) -> set[tuple[str, str]]:
+        """Of all mutants, by test programs of the folder."""
+        with tempfile.TemporaryDirectory() as folder:
+            workshop = ScriptedWorkshop(Path(folder), links)
+            tests = [TestProgram(name, "a", [str(workshop.build / "bin" / name)], {}) for name in programs]
+            life = trial.Trial(workshop, tests, 60)
+            life.measure()
+            mutants = [sources.Candidate("a/Alpha.cpp", mutant) for mutant in mutants_of(self.TEXT)]
+            self.assertGreater(len(mutants), 1)
+            records = [life.of(mutant, self.TEXT) for mutant in mutants]
+            return {(record["outcome"], record["by"]) for record in records}
+
+    @staticmethod
+    def program(name: str, wanted: str, inputs: str) -> dict[str, str]:
+        return {f"bin/{name}": f": && WANTED='{wanted}' ./link  {inputs} -o bin/{name}  && :"}
+
+    def test_a_mutant_is_linked_as_an_object(self):
+        links = self.program("whole", "^    return 1", "Other.o Alpha.o")
+        self.assertEqual(self.outcomes(links, "whole"), {("killed", "whole ended")})
+
+    def test_a_mutant_is_linked_as_a_member_of_an_archive(self):
+        # The archive stands behind -o, as libraries do.
+        command = ": && WANTED='^    return 1' ./link  -o bin/member  libalpha.a  && :"
+        links = self.ARCHIVE | {"bin/member": command}
+        self.assertEqual(self.outcomes(links, "member"), {("killed", "member ended")})
+
+    def test_a_mutant_of_an_archive_that_no_program_notices_has_survived(self):
+        links = self.ARCHIVE | self.program("blind", "int F", "libalpha.a")
+        self.assertEqual(self.outcomes(links, "blind"), {("survived", "")})
+
+    def test_a_mutant_of_an_archive_goes_into_shared_libraries(self):
+        links = self.ARCHIVE | self.program("libalpha.so", "int F", "libalpha.a")
+        with tempfile.TemporaryDirectory() as folder:
+            workshop = ScriptedWorkshop(Path(folder), links)
+            self.assertEqual(workshop.libraries_with("Alpha.o"), ["bin/libalpha.so"])
+            self.assertEqual(workshop.libraries_with("pha.o"), [])
+
+    def test_a_mutant_that_is_in_no_program_is_unjudged(self):
+        links = self.ARCHIVE | self.program("other", "return 1", "Other.o")
+        self.assertEqual(self.outcomes(links, "other"), {("unjudged", "")})
+
+
 class Journals(unittest.TestCase):
     RESULT = {"key": "1", "path": "a.cpp", "line": 2, "operator": "relation", "old": "<",
               "new": "<=", "text": "  a < b", "outcome": "survived", "by": ""}  # fmt: skip
@@ -188,11 +268,16 @@ class Journals(unittest.TestCase):
     def test_survivors_are_listed_with_both_texts_and_counted_against_those_that_compiled(self):
         results = [self.RESULT, self.RESULT | {"outcome": "killed"},
                    self.RESULT | {"outcome": "hung"}, self.RESULT | {"outcome": "survived"},
-                   self.RESULT | {"outcome": "does not compile"}]  # fmt: skip
+                   self.RESULT | {"outcome": "does not compile"},
+                   self.RESULT | {"outcome": "unjudged"}]  # fmt: skip
         self.assertEqual(journal.survivors_table(results[:2]),
                          "a.cpp:2: relation\n    - <\n    + <=\n      a < b")  # fmt: skip
         self.assertIn("4 mutants", journal.summary(results, 60))
-        self.assertIn("2 survived (50.0 %); 1 didn't compile", journal.summary(results, 60))
+        self.assertIn("2 survived (50.0 %); 1 didn't compile, 1 unjudged",
+                      journal.summary(results, 60))  # fmt: skip
+        self.assertEqual(journal.unjudged_table(results),
+                         "a.cpp: 1 unjudged, no test program has it")  # fmt: skip
+        self.assertEqual(len(journal.survivors_table(results).split("\n")), 8)
 
 
 if __name__ == "__main__":

@@ -4,7 +4,6 @@ import os
 import re
 import resource
 import shutil
-import shutil
 import signal
 import subprocess
 import time
@@ -12,7 +11,7 @@ from pathlib import Path
 
 from . import journal
 from .sources import Candidate
-from .workshop import TestProgram, Workshop, WorkshopError, environment_for
+from .workshop import TestProgram, Workshop, WorkshopError, environment_for, word_replaced
 
 _COMPILE_SECONDS = 300
 _LEAST_SECONDS = 10.0  # of a test program, however quick it is
@@ -31,7 +30,6 @@ class Trial:
         self.bin = workshop.build / "bin-mutant"
         self.scratch = workshop.tree.parent / "scratch"
         self.object = str(workshop.build / "mutant.o")
-        self._links: dict[str, str] = {}
         self._libraries: dict[str, list[str]] = {}
 
     def measure(self) -> None:
@@ -72,16 +70,18 @@ class Trial:
         folder = candidate.path.split("/", maxsplit=1)[0]
         tests = [test for test in self.tests if test.folder == folder]
         begun = time.monotonic()
+        judged = False
         for test, words in stages(tests, candidate.path, self.workshop.tree):
             if time.monotonic() - begun > self.most_seconds:
                 return journal.HUNG, "time of the mutant"
             if not self._links_to(test, target_object):
                 continue
+            judged = True
             limit = max(_LEAST_SECONDS, _PATIENCE * test.seconds)
             outcome, by, _ = self._run(test, words, limit, library_path)
             if outcome != journal.SURVIVED:
                 return outcome, by
-        return journal.SURVIVED, ""
+        return (journal.SURVIVED if judged else journal.UNJUDGED), ""
 
     def _compile(self, candidate: Candidate, text: str) -> str | None:
         command = self.workshop.compile_command(candidate.path)
@@ -116,15 +116,10 @@ class Trial:
             self._link(library, target_object)
         return self.bin if self._libraries[target_object] else None
 
-    def _command(self, output: str) -> str:
-        if output not in self._links:
-            self._links[output] = self.workshop.link_command(output)
-        return self._links[output]
-
     def _links_to(self, test: TestProgram, target_object: str) -> bool:
         """Links the program with the mutant; false if it would not come into it at all."""
         output = f"bin/{test.program}"
-        if not re.search(rf"(?<!\S){re.escape(target_object)}(?!\S)", self._command(output)):
+        if not self.workshop.goes_into(target_object, output):
             return self._loads(output, self._libraries[target_object])
         if (self.bin / test.program).is_symlink():
             self._link(output, target_object)
@@ -133,19 +128,32 @@ class Trial:
     def _loads(self, output: str, libraries: list[str]) -> bool:
         """Linked with one of the libraries; of those that no program is linked with, which are loaded
         at run time, nobody knows by whom."""
-        commands = [self._command(f"bin/{test.program}") for test in self.tests]
+        commands = [self.workshop.link_command(f"bin/{test.program}") for test in self.tests]
         linked = [lib for lib in libraries if any(lib in command for command in commands)]
-        return bool(libraries) and (not linked or any(lib in self._command(output) for lib in linked))
+        own = self.workshop.link_command(output)
+        return bool(libraries) and (not linked or any(lib in own for lib in linked))
 
     def _link(self, output: str, target_object: str) -> None:
+        command = word_replaced(self.workshop.link_command(output), target_object, self.object)
+        for archive in self.workshop.archives_with(target_object, output):
+            command = word_replaced(command, archive, self._archive(archive, target_object))
         made = self.bin / Path(output).name
+        self._make(made, command.replace(f"-o {output} ", f"-o {made} "))
+
+    def _archive(self, archive: str, target_object: str) -> str:
+        """The archive with the mutant as a member, made once for each."""
+        made = self.bin / archive.replace("/", "-")
+        if not made.exists():
+            command = word_replaced(self.workshop.link_command(archive), target_object, self.object)
+            self._make(made, word_replaced(command, archive, str(made)))
+        return str(made)
+
+    def _make(self, made: Path, command: str) -> None:
         made.unlink(missing_ok=True)
-        command = re.sub(rf"(?<!\S){re.escape(target_object)}(?!\S)", self.object, self._command(output))
-        command = command.replace(f"-o {output} ", f"-o {made} ")
         done = subprocess.run(["sh", "-c", command], cwd=self.workshop.build,
                               capture_output=True, text=True, check=False)  # fmt: skip
         if done.returncode != 0 or not made.exists():
-            raise WorkshopError(f"{output} can't be linked:\n{done.stderr[-4000:]}")
+            raise WorkshopError(f"{made.name} can't be linked:\n{done.stderr[-4000:]}")
 
     def _run(self, test: TestProgram, words: list[str], limit: float,
              library_path: Path | None) -> tuple[str, str, str]:  # fmt: skip

@@ -64,6 +64,7 @@ class Workshop:
         run(["git", "checkout", "-q", "--force", "--detach", snapshot], self.tree, "git checkout")
         run(["cmake", "--preset", "dev"], self.tree, "cmake")
         self._commands = self._compile_commands()
+        self._links: dict[str, str] = {}
 
     def _compile_commands(self) -> dict[str, dict]:
         commands = {}
@@ -146,16 +147,44 @@ class Workshop:
                     test.suites[path] = sorted(set(suites))
 
     def link_command(self, output: str) -> str:
-        """The shell command that links a file of the build folder."""
+        """The shell command that makes a program, a library or an archive of the build folder."""
+        if output not in self._links:
+            self._links[output] = self._ninja_command(output)
+        return self._links[output]
+
+    def _ninja_command(self, output: str) -> str:
         return run(["ninja", "-t", "commands", "-s", output], self.build, f"ninja on {output}").strip()
+
+    def goes_into(self, target_object: str, output: str) -> bool:
+        """Whether a file is linked with an object, by itself or in an archive."""
+        named = has_word(self.link_command(output), target_object)
+        return named or bool(self.archives_with(target_object, output))
+
+    def archives_with(self, target_object: str, output: str) -> list[str]:
+        """Archives of the build folder with which a file is linked and that hold an object."""
+        words = dict.fromkeys(shlex.split(self.link_command(output)))
+        archives = [w for w in words if w.endswith(".a") and w[0] not in "/-" and w != output]
+        return [archive for archive in archives if has_word(self.link_command(archive), target_object)]
 
     def libraries_with(self, target_object: str) -> list[str]:
         """Shared libraries of the build folder into which an object goes."""
         return [
             f"bin/{path.name}"
             for path in sorted((self.build / "bin").glob("lib*.so"))
-            if target_object in self.link_command(f"bin/{path.name}")
+            if self.goes_into(target_object, f"bin/{path.name}")
         ]
+
+
+def _word(word: str) -> str:
+    return rf"(?<!\S){re.escape(word)}(?!\S)"
+
+
+def has_word(command: str, word: str) -> bool:
+    return re.search(_word(word), command) is not None
+
+
+def word_replaced(command: str, word: str, other: str) -> str:
+    return re.sub(_word(word), lambda _: other, command)
 
 
 def environment_for(test: TestProgram, scratch: Path) -> dict[str, str]:
