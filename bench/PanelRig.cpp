@@ -30,7 +30,8 @@ PanelRig::PanelRig(WatchedApplication& watchedApplication, host::HostSession& ho
     m_window.addDockWidget(Qt::RightDockWidgetArea, m_panel);
     m_window.resize(kPanelWindow);
     m_tree = m_panel->Page(host::MarkKind::Photos).findChild<QTreeView*>();
-    m_plan->SetModel(host::ReadFloorPlan(m_session));
+    host::PlanAxes axes(m_session);
+    m_plan->SetModel(host::ReadFloorPlan(m_session, axes));
     m_view = std::make_unique<host::FloorPlanView>(*m_plan);
     host::TheServices().around.view = m_view.get();
     m_flow = std::make_unique<host::MarkFlow>(

@@ -62,7 +62,8 @@ void TellAtTheActiveWindow(const QString& text) {
 } // namespace
 
 Client::Client(HostSession& hostSession)
-    : m_session(hostSession), m_serving(hostSession), m_binSource(hostSession) {}
+    : m_session(hostSession), m_serving(hostSession), m_axes(hostSession),
+      m_binSource(hostSession) {}
 
 Client::~Client() {
     Stop();
@@ -308,7 +309,7 @@ void Client::BringUpDrawing(qint32 drawingId) {
 }
 
 void Client::ReadPlan() {
-    m_window->Plan().SetModel(ReadFloorPlan(m_session));
+    m_window->Plan().SetModel(ReadFloorPlan(m_session, m_axes));
     EnableCommands();
 }
 

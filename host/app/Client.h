@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/app/ModuleLoader.h"
+#include "host/app/PlanAxes.h"
 #include "host/app/ProjectChoices.h"
 #include "host/app/SessionBin.h"
 #include "host/app/TransferWait.h"
@@ -76,6 +77,7 @@ private:
 
     HostSession& m_session;
     Serving m_serving;
+    PlanAxes m_axes;
     SessionBin m_binSource;
     ExProgress m_progress;
     TransferWait m_transferWait{m_progress};

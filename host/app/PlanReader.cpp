@@ -1,8 +1,6 @@
 #include "host/app/PlanReader.h"
 
 #include "host/app/Faults.h"
-#include "services/Factories.h"
-#include "services/IVeskPicMng.h"
 #include "site/IPanelCounts.h"
 
 #include <algorithm>
@@ -63,14 +61,9 @@ private:
     std::map<QString, CountsByKey> m_byFloor;
 };
 
-PlanFloor ReadFloor(qint32 ppid, const QString& name, const ProjectPhotos& counts) {
-    KX_DATA::IVeskPicMng& photos = *GetVeskPicMng();
+PlanFloor ReadFloor(qint32 ppid, const QString& name, const ProjectPhotos& counts, PlanAxes& axes) {
     PlanFloorBuilder builder(name);
-    std::vector<QString> axesX;
-    photos.GetFloorAxesX(ppid, name, axesX);
-    for (const QString& axisX : axesX) {
-        std::vector<KX_DATA::AxisYEntry> axesY;
-        photos.GetFloorAxesY(ppid, name, axisX, axesY);
+    for (const auto& [axisX, axesY] : axes.Of(ppid, name)) {
         for (const auto& [axisY, key] : axesY) {
             builder.Add(axisX, axisY, key, counts.At(name, key));
         }
@@ -96,7 +89,7 @@ std::vector<QString> FloorsOf(std::vector<QString> ofModel, const ProjectPhotos&
 } // namespace
 
 FloorPlanModel ReadFloorPlan(const std::vector<site::ProjectEntry>& projects,
-                             const std::vector<site::PanelFloor>& photos) {
+                             const std::vector<site::PanelFloor>& photos, PlanAxes& axes) {
     FloorPlanModel model;
     PlanFloor others;
     for (const site::ProjectEntry& project : projects) {
@@ -106,11 +99,11 @@ FloorPlanModel ReadFloorPlan(const std::vector<site::ProjectEntry>& projects,
         const ProjectPhotos counts(project.ppid, photos);
         others.unplaced += counts.On(QString());
         std::vector<QString> floors;
-        if (GetVeskPicMng()->GetProjectFloors(project.ppid, floors) != KX_DATA::kServiceOk) {
+        if (!axes.Floors(project.ppid, floors)) {
             continue;
         }
         for (const QString& name : FloorsOf(floors, counts)) {
-            PlanFloor floor = ReadFloor(project.ppid, name, counts);
+            PlanFloor floor = ReadFloor(project.ppid, name, counts, axes);
             floor.project = projects.size() > 1 ? project.name : QString();
             model.floors.push_back(std::move(floor));
         }
@@ -121,7 +114,7 @@ FloorPlanModel ReadFloorPlan(const std::vector<site::ProjectEntry>& projects,
     return model;
 }
 
-FloorPlanModel ReadFloorPlan(HostSession& session) {
+FloorPlanModel ReadFloorPlan(HostSession& session, PlanAxes& axes) {
     std::vector<site::ProjectEntry> projects;
     std::vector<site::PanelFloor> photos;
     const bool isRead = WithoutFault(session, [&] {
@@ -135,7 +128,7 @@ FloorPlanModel ReadFloorPlan(HostSession& session) {
         }
         photos = session.Site().PanelCounts().Photos(everything);
     });
-    return isRead ? ReadFloorPlan(projects, photos) : FloorPlanModel();
+    return isRead ? ReadFloorPlan(projects, photos, axes) : FloorPlanModel();
 }
 
 } // namespace host

@@ -1,7 +1,7 @@
-// Reads the floor plan of what is open: floors and axes through the client's services, counts from
-// the data.
+// Reads the floor plan of what is open: floors and axes as they are kept, counts from the data.
 #pragma once
 
+#include "host/app/PlanAxes.h"
 #include "host/ui/plan/FloorPlanModel.h"
 #include "site/PanelRecords.h"
 #include "site/Records.h"
@@ -16,8 +16,9 @@ class HostSession;
 /// read so far.
 /// @param photos  of these projects, without limits.
 [[nodiscard]] FloorPlanModel ReadFloorPlan(const std::vector<site::ProjectEntry>& projects,
-                                           const std::vector<site::PanelFloor>& photos);
+                                           const std::vector<site::PanelFloor>& photos,
+                                           PlanAxes& axes);
 /// Of what the session has open; the person is told of a fault, and there are no floors then.
-[[nodiscard]] FloorPlanModel ReadFloorPlan(HostSession& session);
+[[nodiscard]] FloorPlanModel ReadFloorPlan(HostSession& session, PlanAxes& axes);
 
 } // namespace host

@@ -113,6 +113,7 @@ void BimPhotos::AddLabels(std::vector<KX_DATA::BimPicRow>& rows) {
 }
 
 bool BimPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) {
+    const ReadScope snapshot(m_database);
     bool found = false;
     m_database.ForEach(
         u"SELECT b.position_key, b.axis_x, b.axis_y, b.description, b.floor, b.mark_id, m.name,"
@@ -148,6 +149,7 @@ bool BimPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail)
 
 std::vector<KX_DATA::PicFileEntry> BimPhotos::Files(const Projects& projects,
                                                     const std::vector<qint32>& picIds) {
+    const ReadScope snapshot(m_database);
     const std::vector<qint64> ids(picIds.begin(), picIds.end());
     std::unordered_map<qint64, KX_DATA::PicFileEntry> found;
     const auto take = [&](const Statement& read) {

@@ -3,13 +3,17 @@
 #include "site/DataError.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 
 #include <algorithm>
 #include <array>
+#include <exception>
 
 namespace site {
 
 using namespace Qt::StringLiterals;
+
+Q_LOGGING_CATEGORY(feedLog, "site.changes")
 
 namespace {
 
@@ -94,11 +98,20 @@ void ChangeFeed::Tell() {
         const auto listeners = m_listeners;
         for (const auto& listener : listeners) {
             if (const Place place = listener.lock()) {
-                (*place)(changes);
+                TellOne(*place, changes);
             }
         }
     }
     m_telling = false;
+}
+
+void ChangeFeed::TellOne(const Listener& listener, const Changes& changes) {
+    try {
+        listener(changes);
+    } catch (const std::exception& fault) {
+        // The others are told all the same, and the change itself has succeeded.
+        qCWarning(feedLog, "a listener failed: %s", fault.what());
+    }
 }
 
 } // namespace site

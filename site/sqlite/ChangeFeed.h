@@ -36,6 +36,7 @@ private:
 
     /// Hands on what the database's questions have found.
     void Tell();
+    static void TellOne(const Listener& listener, const Changes& changes);
     void Watch();
     void OnWritten();
     void LookAgain();

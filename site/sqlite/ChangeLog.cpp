@@ -108,6 +108,15 @@ void ChangeLog::Mix(const Change& change) {
     m_states[{change.kind, change.ppid}] = m_count;
 }
 
+qint64 ChangeLog::Version() {
+    ++m_looks;
+    return m_database.Value(sqlite::DataVersionSql()).toLongLong();
+}
+
+bool ChangeLog::HasNews() {
+    return m_database.RowsChanged() != m_accounted || Version() != m_version;
+}
+
 void ChangeLog::CatchUp() {
     if (m_database.IsWriting()) {
         // What isn't committed is seen, and may yet be undone: nothing read now can be kept.
@@ -116,13 +125,13 @@ void ChangeLog::CatchUp() {
         m_version = -1;
         return;
     }
-    // A commit between two questions would look, the next time, like one that nobody noted.
-    const ReadScope scope(m_database);
-    const qint64 version = m_database.Value(sqlite::DataVersionSql()).toLongLong();
-    const qint64 own = m_database.RowsChanged();
-    if ((version == m_version && own == m_accounted) || !HasTable()) {
+    if (!HasNews() || !HasTable()) {
         return;
     }
+    // A commit between two questions would look, the next time, like one that nobody noted.
+    const ReadScope scope(m_database);
+    const qint64 version = Version();
+    const qint64 own = m_database.RowsChanged();
     Changes found = After(m_seen, kAll);
     if (found.empty() || own != m_accounted) {
         Change unknown;
@@ -156,11 +165,12 @@ quint64 ChangeLog::StateOf(std::initializer_list<ChangeKind> kinds, const Projec
 }
 
 void ChangeLog::StartHere() {
+    const ReadScope scope(m_database);
     if (HasTable()) {
         m_seen = m_database.Value(u"SELECT coalesce(max(seq), 0) FROM change"_s).toLongLong();
     }
     m_accounted = m_database.RowsChanged();
-    m_version = m_database.Value(sqlite::DataVersionSql()).toLongLong();
+    m_version = Version();
 }
 
 void ChangeLog::Trim() {

@@ -51,6 +51,8 @@ public:
     /// What CatchUp found since the last call, in order.
     [[nodiscard]] Changes TakeUntold() { return std::exchange(m_untold, {}); }
     [[nodiscard]] qint64 Seen() const { return m_seen; }
+    /// How often others' commits were looked for so far, a statement each.
+    [[nodiscard]] qint64 LooksMade() const { return m_looks; }
     /// From now on: what was committed before is no news.
     void StartHere();
 
@@ -67,6 +69,9 @@ private:
         bool operator==(const Noted& other) const = default;
     };
     [[nodiscard]] bool HasTable();
+    /// Counts the commits of others.
+    [[nodiscard]] qint64 Version();
+    [[nodiscard]] bool HasNews();
     [[nodiscard]] Changes After(qint64 mark, int most);
     void Mix(const Change& change);
     void AddLine(const Noted& line);
@@ -81,6 +86,7 @@ private:
     qint64 m_version = -1;  ///< of others' commits, at the last look; -1: look in any case
     qint64 m_accounted = 0; ///< rows that this connection changed and wrote down, or undid
     qint64 m_seen = 0;
+    qint64 m_looks = 0;
     quint64 m_count = 0; ///< of all that was found
     quint64 m_anything = 0;
     std::map<std::pair<ChangeKind, qint32>, quint64> m_states;

@@ -87,6 +87,10 @@ void Database::ForEach(const QString& sql, const QVariantList& values,
 }
 
 void Database::Scan(const QString& sql, const QVariantList& values, const sqlite::TakeRow& take) {
+    if (m_depth == 0) {
+        m_patience.Begin();
+    }
+    RequirePatience();
     ++m_statementsRun;
     const QSqlError error = sqlite::Scan(m_connection, sql, values, take);
     if (error.isValid()) {
@@ -127,8 +131,16 @@ void Database::Fail(const QSqlError& error, const QString& sql) const {
     throw DataError(fault, FaultText(fault, {}), error.text() + u" | "_s + sql.left(400));
 }
 
+// The engine asks only in the middle of long work.
+void Database::RequirePatience() const {
+    if (m_patience.IsOver()) {
+        throw DataError(m_patience.Reason(), FaultText(m_patience.Reason(), {}), u"not begun"_s);
+    }
+}
+
 // Transactions are short texts that must not take a place among the prepared ones.
 void Database::Plain(const QString& sql) {
+    RequirePatience();
     ++m_statementsRun;
     QSqlQuery query(m_connection);
     if (!query.exec(sql)) {
@@ -156,6 +168,7 @@ void Statement::Run(const QVariantList& values) {
             values[i].typeId() == QMetaType::QString && values[i].toString().isNull();
         m_entry->query.bindValue(static_cast<int>(i), nullText ? QVariant(u""_s) : values[i]);
     }
+    m_database.RequirePatience();
     ++m_database.m_statementsRun;
     if (!m_entry->query.exec()) {
         m_database.Fail(m_entry->query.lastError(), m_sql);
@@ -212,8 +225,8 @@ void Transaction::Commit() {
         if (m_database.m_doomed) {
             throw DataError(Fault::Other, FaultText(Fault::Other, {}), u"part undone"_s);
         }
-        m_database.m_log.Write();
         const Ending ending(m_database.m_patience);
+        m_database.m_log.Write();
         m_database.Plain(u"COMMIT"_s);
         m_database.m_writing = false;
     }
@@ -236,6 +249,7 @@ ReadScope::~ReadScope() {
     if (m_own) {
         --m_database.m_depth;
         const Ending ending(m_database.m_patience);
+        ++m_database.m_statementsRun;
         QSqlQuery(m_database.m_connection).exec(u"COMMIT"_s);
     }
 }

@@ -74,6 +74,8 @@ private:
     };
     [[nodiscard]] std::shared_ptr<Prepared> Take(const QString& sql);
     [[noreturn]] void Fail(const QSqlError& error, const QString& sql) const;
+    /// Throws once the limits are passed.
+    void RequirePatience() const;
     void Plain(const QString& sql);
 
     QString m_name;

@@ -92,6 +92,7 @@ bool Issues::Detail(qint32 ppid, const QString& questionId, KX_DATA::QuestionDet
 
 bool Issues::Pics(qint32 ppid, const QString& questionId,
                   std::vector<KX_DATA::QuestionPicRecord>& pics) {
+    const ReadScope snapshot(m_database);
     const QVariant issueId = m_database.Value(
         u"SELECT id FROM issue WHERE question_id = ? AND ppid = ?"_s, {questionId, ppid});
     if (!issueId.isValid()) {

@@ -82,6 +82,7 @@ void PdfPhotos::AddLabels(std::vector<KX_DATA::PdfPicRecord>& rows) {
 }
 
 bool PdfPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) {
+    const ReadScope snapshot(m_database);
     const QVariant drawing = m_database.Value(
         u"SELECT drawing_id FROM pdf_photo WHERE id = ? AND ppid = ?"_s, {picId, ppid});
     if (!drawing.isValid()) {
@@ -93,6 +94,7 @@ bool PdfPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail)
 }
 
 bool PdfPhotos::PicDetail(qint32 ppid, qint32 picId, KX_DATA::CheckpointPicDetail& detail) {
+    const ReadScope snapshot(m_database);
     bool found = false;
     m_database.ForEach(u"SELECT name, description, uploader, uploaded, modifier, modified"
                        " FROM pdf_photo WHERE id = ? AND ppid = ?"_s,

@@ -54,7 +54,8 @@ TEST_F(ClientOnAFolder, ThePlanCountsHiddenPhotosApartAndNotThoseOfTheBin) {
                                                    {u"张伟"_s, QDateTime::currentSecsSinceEpoch()}),
               1);
     ASSERT_TRUE(GetVeskPicMng()->SetBimPicsShown(site.firstProject, {site.photos[1]}, true));
-    const host::FloorPlanModel plan = host::ReadFloorPlan(session);
+    host::PlanAxes axes(session);
+    const host::FloorPlanModel plan = host::ReadFloorPlan(session, axes);
     const auto place = host::FindPlace(plan, site.positionKey);
     ASSERT_TRUE(place);
     EXPECT_EQ(plan.floors[place->floor].intersections[place->intersection].photos,

@@ -68,9 +68,9 @@ protected:
         return std::make_unique<host::MarkFlow>(
             host::MarkFlow::Parts{session, panel, view, hub, *pictures, *module.PictureData()});
     }
-    /// What the client does at a change of project.
     void OpenPlan() {
-        pane.SetModel(host::ReadFloorPlan(session));
+        host::PlanAxes axes(session);
+        pane.SetModel(host::ReadFloorPlan(session, axes));
         flow->ProjectChanged();
         support::RunPendingEvents();
     }

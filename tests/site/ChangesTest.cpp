@@ -311,4 +311,38 @@ TEST(Changes, WhileAnotherClientWritesAnOpeningForgetsNothing) {
     EXPECT_GT(site.folder.Db().Value(u"SELECT count(*) FROM change"_s).toInt(), 1);
 }
 
+TEST(Changes, AListenerThatFailsKeepsNobodyFromBeingTold) {
+    FeedSite site;
+    site.listening.reset();
+    const auto failing = site.engine.Changes().Subscribe(
+        [](const Changes&) { throw DataError(Fault::Other, u"x"_s); });
+    site.Listen(site.engine);
+    site.AddPhoto();
+    EXPECT_EQ(site.told.size(), 1U);
+    site.AddPhoto();
+    EXPECT_EQ(site.told.size(), 2U) << "nor the next time";
+}
+
+TEST(Changes, AtRestNothingIsAsked) {
+    FeedSite site;
+    site.AddPhoto();
+    const auto pass = [](int milliseconds) {
+        QElapsedTimer timer;
+        timer.start();
+        EXPECT_TRUE(support::WaitFor([&] { return timer.elapsed() >= milliseconds; }));
+    };
+    pass(3200); // the looks behind a commit
+    const qint64 before = site.folder.Db().StatementsRun();
+    pass(2500); // longer than the time between looks where no file can be watched
+    EXPECT_EQ(site.folder.Db().StatementsRun(), before);
+}
+
+TEST(Changes, ALookWithoutNewsIsOneStatement) {
+    FeedSite site;
+    site.engine.Changes().Look();
+    const qint64 before = site.folder.Db().StatementsRun();
+    site.engine.Changes().Look();
+    EXPECT_EQ(site.folder.Db().StatementsRun() - before, 1);
+}
+
 } // namespace site

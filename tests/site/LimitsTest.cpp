@@ -111,5 +111,34 @@ TEST(Limits, AFaultThatComesLateIsStillItself) {
               Fault::Other);
 }
 
+TEST(Limits, AScanHasItsTimeFromItsOwnBegin) {
+    TempSite temp;
+    SqliteSite site(temp.folder);
+    const Within within(site, {milliseconds(100), {}});
+    (void)site.Catalogue().Projects();
+    const auto end = std::chrono::steady_clock::now() + milliseconds(150);
+    while (std::chrono::steady_clock::now() < end) {
+        std::this_thread::yield();
+    }
+    int rows = 0;
+    EXPECT_NO_THROW(
+        temp.folder.Db().Scan(u"SELECT 1"_s, {}, [&](const sqlite::RawRow&) { ++rows; }));
+    EXPECT_EQ(rows, 1);
+}
+
+TEST(Limits, AStopIsHeardBeforeASmallQuestionAndBeforeAChange) {
+    TempSite temp;
+    SqliteSite site(temp.folder);
+    std::stop_source stop;
+    stop.request_stop();
+    {
+        const Within within(site, {milliseconds(0), stop.get_token()});
+        EXPECT_EQ(FaultOf([&] { (void)site.Catalogue().Projects(); }), Fault::Cancelled);
+        EXPECT_EQ(FaultOf([&] { (void)site.Catalogue().AddLabel(u"裂缝"_s); }), Fault::Cancelled);
+    }
+    EXPECT_TRUE(site.Catalogue().Labels().empty());
+    EXPECT_NE(site.Catalogue().AddLabel(u"裂缝"_s), 0) << "the site works on";
+}
+
 } // namespace
 } // namespace site
