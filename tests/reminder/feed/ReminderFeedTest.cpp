@@ -203,13 +203,12 @@ TEST_F(Reminders, TheFolderIsThatOfTheOpenProjectWhicheverTheMessageIsOf) {
 }
 
 TEST_F(Reminders, WithoutAnOpenProjectTheFirstMessageEndsTheThreadForGood) {
-    host.project.project.reset();
     std::binary_semaphore asked{0};
+    host.script.FailNext("GetProjectRecord"); // a project is open again from the next question on
     host.script.During("GetProjectRecord", [&asked] { asked.release(); });
     feed.OnPicMessage(window.Id(), PicMessage(1));
     asked.acquire();
     host.script.During("GetProjectRecord", {});
-    host.project.project = KX_DATA::ProjectRecord{u"示例工程"_s, 1};
     feed.OnPicMessage(window.Id(), PicMessage(2));
     feed.OnIssueMessage(window.Id(), IssueMessage(u"q"_s));
     End();
