@@ -7,8 +7,12 @@
 #include "bench/Report.h"
 #include "bench/StatementTrace.h"
 #include "host/session/HostSession.h"
+#include "services/PicRecords.h"
+#include "site/IBimPhotos.h"
 #include "site/ICatalogue.h"
 #include "tests/support/EngineFolder.h"
+
+#include <algorithm>
 
 namespace bench {
 
@@ -18,6 +22,7 @@ namespace {
 
 constexpr int kOpenings = 7;
 constexpr int kChoices = 3;
+constexpr qint32 kSomePhoto = 1;
 constexpr double kPanelGoalMs = 300;
 constexpr double kRangeGoalMs = 1000;
 
@@ -54,10 +59,18 @@ bool OpenAnew(host::HostSession& session, bool fromDisk) {
     return !worksets.empty() && session.OpenWorkset(worksets.front().id);
 }
 
-/// Something that another client or another window might have changed.
+/// Hides a photo, or shows it again: the panel's rows have to be read anew.
 void ChangeData(host::HostSession& session) {
-    static int changes = 0;
-    session.Site().Catalogue().SetSetting(u"bench"_s, QString::number(++changes));
+    static bool isHidden = false;
+    isHidden = !isHidden;
+    const qint32 status = isHidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown;
+    const site::Projects open = session.OpenPpids();
+    const bool isChanged = std::any_of(open.begin(), open.end(), [&](qint32 ppid) {
+        return session.Site().BimPhotos().SetStatus(ppid, {kSomePhoto}, status) > 0;
+    });
+    if (!isChanged) {
+        qFatal("no photo to be changed");
+    }
 }
 
 /// The same statements and the same rows in a plain tree.
