@@ -29,8 +29,9 @@ public:
     ///              overwritten.
     [[nodiscard]] virtual Saved Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update,
                                        const Signature& by, std::optional<qint64> seen = {}) = 0;
-    /// Project of a photo, if it hangs on the checkpoint; else 0.
-    [[nodiscard]] virtual qint32 ProjectOf(qint32 checkpointId, qint32 picId) = 0;
+    /// Project of a photo, if it hangs on the checkpoint and is of one of the projects; else 0.
+    [[nodiscard]] virtual qint32 ProjectOf(const Projects& projects, qint32 checkpointId,
+                                           qint32 picId) = 0;
 
     /// False for a checkpoint of none of the projects, as below.
     [[nodiscard]] virtual bool Checkpoint(const Projects& projects, qint32 checkpointId,

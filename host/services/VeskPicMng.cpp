@@ -114,7 +114,8 @@ bool VeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) {
 qint32 VeskPicMng::DeleteCheckpointPic(qint32 drawingId, qint32 picId) {
     return Guarded(u"删除检查点照片"_s, 0, [&](HostSession& session) {
         // The viewers call the checkpoint a drawing.
-        const qint32 ppid = session.Site().PdfPhotos().ProjectOf(drawingId, picId);
+        const qint32 ppid =
+            session.Site().PdfPhotos().ProjectOf(session.OpenPpids(), drawingId, picId);
         RequireFound(ppid != 0, u"检查点照片"_s);
         return session.Site().Bin().DeletePdfPhotos(ppid, {picId}, SignatureOf(session));
     });

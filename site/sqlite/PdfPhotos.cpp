@@ -163,11 +163,13 @@ Saved PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const 
     return Saved::Yes;
 }
 
-qint32 PdfPhotos::ProjectOf(qint32 checkpointId, qint32 picId) {
-    return m_database
-        .Value(u"SELECT ppid FROM pdf_photo WHERE id = ? AND checkpoint_id = ?"_s,
-               {picId, checkpointId})
-        .toInt();
+qint32 PdfPhotos::ProjectOf(const Projects& projects, qint32 checkpointId, qint32 picId) {
+    const qint32 ppid =
+        m_database
+            .Value(u"SELECT ppid FROM pdf_photo WHERE id = ? AND checkpoint_id = ?"_s,
+                   {picId, checkpointId})
+            .toInt();
+    return Has(projects, ppid) ? ppid : 0;
 }
 
 std::optional<PdfPhotos::CheckpointState> PdfPhotos::StateOf(const Projects& projects,

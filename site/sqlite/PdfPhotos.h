@@ -20,7 +20,8 @@ public:
     int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) override;
     [[nodiscard]] Saved Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update,
                                const Signature& by, std::optional<qint64> seen) override;
-    [[nodiscard]] qint32 ProjectOf(qint32 checkpointId, qint32 picId) override;
+    [[nodiscard]] qint32 ProjectOf(const Projects& projects, qint32 checkpointId,
+                                   qint32 picId) override;
     [[nodiscard]] bool Checkpoint(const Projects& projects, qint32 checkpointId,
                                   KX_DATA::DrawingRecord& record) override;
     [[nodiscard]] Saved UpdateCheckpoint(const Projects& projects,
