@@ -5,6 +5,7 @@
 #include "site/NewRecords.h"
 #include "tests/contracts/Services.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -53,6 +54,9 @@ public:
     /// The question id.
     virtual QString AddIssue(const site::NewIssue& issue, const QByteArray& voice) = 0;
     virtual void AddIssuePic(const site::NewIssuePic& pic, const QByteArray& picture) = 0;
+
+    /// Runs it, which files very much: at once, where the site can.
+    virtual void Fill(const std::function<void()>& filing) { filing(); }
 
     virtual void SignIn(const QString& name) = 0;
     virtual void OpenWorkset() = 0;

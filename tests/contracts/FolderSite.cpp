@@ -146,6 +146,12 @@ void FolderSite::AddIssuePic(const site::NewIssuePic& pic, const QByteArray& pic
     m_writer->FileIssuePic(pic, {{}, picture});
 }
 
+void FolderSite::Fill(const std::function<void()>& filing) {
+    m_writer->BeginBatch();
+    filing();
+    m_writer->CommitBatch();
+}
+
 void FolderSite::SignIn(const QString& name) {
     EXPECT_TRUE(m_session.SignIn(name));
 }

@@ -29,6 +29,7 @@ public:
     qint32 AddPdfPhoto(const site::NewPdfPhoto& photo, const QByteArray& picture) override;
     QString AddIssue(const site::NewIssue& issue, const QByteArray& voice) override;
     void AddIssuePic(const site::NewIssuePic& pic, const QByteArray& picture) override;
+    void Fill(const std::function<void()>& filing) override;
 
     void SignIn(const QString& name) override;
     void OpenWorkset() override;
@@ -39,9 +40,6 @@ public:
     std::vector<QString> Actions() override;
     void FailTransfers() override;
     void Enter(Trouble trouble, const std::vector<std::string>& operations) override;
-
-    /// For tests that file very much.
-    [[nodiscard]] site::SiteWriter& Writer() { return *m_writer; }
 
 private:
     QTemporaryDir m_dir;

@@ -19,31 +19,9 @@ namespace {
 
 /// Photos of both kinds have ids of their own.
 constexpr qint32 kFirstPdfPhoto = 1000000001;
-constexpr qint32 kPicGroupId = 1;
 
 QString Md5Of(const QByteArray& contents) {
     return QString::fromLatin1(QCryptographicHash::hash(contents, QCryptographicHash::Md5).toHex());
-}
-
-template <class Value> void AddOnce(std::vector<Value>& values, const Value& value) {
-    const auto place = std::lower_bound(values.begin(), values.end(), value);
-    if (place == values.end() || *place != value) {
-        values.insert(place, value);
-    }
-}
-
-bool HasSmallerId(const KX_DATA::LabelEntry& one, const KX_DATA::LabelEntry& other) {
-    return one.labelId.toInt() < other.labelId.toInt();
-}
-
-void AddInUse(std::vector<KX_DATA::LabelEntry>& used,
-              const std::vector<KX_DATA::LabelEntry>& labels) {
-    for (const KX_DATA::LabelEntry& label : labels) {
-        const auto place = std::lower_bound(used.begin(), used.end(), label, HasSmallerId);
-        if (place == used.end() || place->labelId != label.labelId) {
-            used.insert(place, label);
-        }
-    }
 }
 
 } // namespace
@@ -64,8 +42,8 @@ ScriptedSite::ScriptedSite() {
         m_host.states.states[state] = site::StateName(state);
     }
     m_host.drawings.pics = &m_host.pics;
-    m_host.pics.judges = true;
-    m_host.questions.judges = true;
+    m_host.pics.judges = m_host.pics.searches = true;
+    m_host.questions.judges = m_host.questions.searches = true;
     m_host.richAuth.readOnly = true; // nothing can be written where there is no rich text
     SignIn(u"li"_s);
     on = {&m_host.pics,      &m_host.questions,  &m_host.drawings, &m_host.qrCodes,
@@ -143,6 +121,7 @@ qint32 ScriptedSite::AddDrawing(qint32 ppid, const QString& name) {
 qint32 ScriptedSite::AddCheckpoint(const site::NewCheckpoint& checkpoint, const QByteArray& voice) {
     m_points[++m_lastId] = {checkpoint, Store(voice)};
     KX_DATA::DrawingRecord& record = m_host.drawings.drawings[m_lastId];
+    m_host.drawings.projects[m_lastId] = m_drawings[checkpoint.drawingId].ppid;
     record.remark = checkpoint.remark;
     record.checkpointNo = checkpoint.number;
     record.description = checkpoint.description;
@@ -192,43 +171,7 @@ qint32 ScriptedSite::AddPhoto(const site::NewBimPhoto& photo, const QByteArray& 
     file.picUuid = row.text8;
     file.audioUuid = row.text9;
     m_host.pics.files.insert(m_host.pics.files.begin(), file); // newest first
-    AddInUse(m_host.pics.bimLabels, Labels(photo.labelIds));
-    if (m_host.marks.marks.contains(photo.markId)) {
-        AddOnce(m_host.pics.usedBimMarks, photo.markId);
-    }
-    AddPicToPanel(row);
     return row.picId;
-}
-
-void ScriptedSite::AddPicToPanel(const KX_DATA::BimPicRow& row) {
-    if (row.status != KX_DATA::kStatusShown || row.ppid != first) {
-        return;
-    }
-    KX_DATA::PicFilterEntry entry;
-    entry.name = row.floor;
-    entry.id = kPicGroupId;
-    auto& entries = m_host.pics.filterEntries;
-    auto found = std::find_if(entries.begin(), entries.end(),
-                              [&](const auto& each) { return each.name == row.floor; });
-    if (found == entries.end()) {
-        found = entries.insert(entries.end(), entry);
-        m_host.pics.markGroups.push_back({row.floor.toStdString(), kPicGroupId, {}});
-    }
-    ++found->count;
-    found->values = {{row.markId, found->count}};
-    KX_DATA::PicMarkGroup& group = m_host.pics.markGroups[std::size_t(found - entries.begin())];
-    if (group.items.empty()) {
-        KX_DATA::PicMarkItem item;
-        item.positionKey = row.positionKey.toStdString();
-        item.itemName = row.posText.toStdString();
-        item.groupId = kPicGroupId;
-        item.leaves.push_back(
-            {std::to_string(row.ppid), {}, row.markId, 0, m_host.marks.marks[row.markId].name});
-        group.items.push_back(item);
-    }
-    ++group.items.front().total;
-    ++group.items.front().leaves.front().count;
-    m_host.pics.markerIds.push_back(row.picId);
 }
 
 qint32 ScriptedSite::AddPdfPhoto(const site::NewPdfPhoto& photo, const QByteArray& picture) {
@@ -255,29 +198,11 @@ qint32 ScriptedSite::AddPdfPhoto(const site::NewPdfPhoto& photo, const QByteArra
     row.updaterName = photo.updater;
     row.updateTime = site::TimeText(photo.updateTime);
     m_host.pics.pdfPics.push_back(row);
-    const bool unchanged = photo.updateTime == 0;
-    m_host.pics.checkpointPics[row.picId] = {row.fileName,
-                                             row.description,
-                                             {},
-                                             {},
-                                             0,
-                                             {},
-                                             photo.uploader,
-                                             row.uploadTime,
-                                             unchanged ? photo.uploader : photo.updater,
-                                             unchanged ? row.uploadTime : row.updateTime};
     KX_DATA::PicFileEntry file;
     file.picId = row.picId;
     file.picUuid = row.text1;
     file.audioUuid = row.text2;
     m_host.pics.files.push_back(file);
-    if (row.status == KX_DATA::kStatusShown) {
-        m_host.drawings.drawings[photo.checkpointId].pics.push_back({row.picId, 0, 0, row.text1});
-    }
-    AddInUse(m_host.pics.pdfLabels, row.labels);
-    if (m_host.marks.marks.contains(row.markId)) {
-        AddOnce(m_host.pics.usedPdfMarks, row.markId);
-    }
     return row.picId;
 }
 
@@ -309,28 +234,7 @@ QString ScriptedSite::AddIssue(const site::NewIssue& issue, const QByteArray& vo
     rectification.rectifyText = issue.rectifyText;
     rectification.rectifierName = issue.rectifier;
     rectification.state = issue.state;
-    if (m_host.marks.marks.contains(issue.markId)) {
-        AddOnce(m_host.questions.usedMarks, issue.markId);
-    }
-    AddIssueToPanel(row);
     return row.questionId;
-}
-
-void ScriptedSite::AddIssueToPanel(const KX_DATA::IssueRow& row) {
-    if (row.status != KX_DATA::kStatusShown || row.ppid != first) {
-        return;
-    }
-    auto& groups = m_host.questions.markGroups;
-    auto& entries = m_host.questions.filterEntries;
-    if (groups.empty() || groups.back().name != row.floor) {
-        groups.push_back({row.floor, row.ppid, 0, {}});
-        entries.push_back({qint32(entries.size()) + 1, 0, row.floor, {}});
-    }
-    ++groups.back().count;
-    groups.back().entries.push_back(
-        {row.theme, row.questionId, row.posInfo, row.compName, row.markId});
-    ++entries.back().count;
-    entries.back().pairs = {{entries.back().count, row.markId}};
 }
 
 void ScriptedSite::AddIssuePic(const site::NewIssuePic& pic, const QByteArray& picture) {

@@ -44,8 +44,6 @@ private:
     QString Store(const QByteArray& contents);
     /// In the order of their ids.
     [[nodiscard]] std::vector<KX_DATA::LabelEntry> Labels(const std::vector<qint32>& ids) const;
-    void AddPicToPanel(const KX_DATA::BimPicRow& row);
-    void AddIssueToPanel(const KX_DATA::IssueRow& row);
 
     support::ScriptedHost m_host;
     std::map<QString, bool> m_positionIsValid;

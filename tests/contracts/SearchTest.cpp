@@ -12,6 +12,7 @@
 namespace contracts {
 
 using namespace Qt::StringLiterals;
+using support::SearchQuestion;
 
 namespace {
 
@@ -57,8 +58,9 @@ SearchQuestion RandomQuestion(Searched& on, Kind kind) {
     }
     if (on.OneIn(3)) {
         question.noDateLimit = false;
-        question.startTime = kFirstTime + on.Below(400);
-        question.endTime = on.OneIn(10) ? question.startTime - 1 : kLastTime - on.Below(200);
+        question.startTime = TimeAt(on.Below(kMinutes));
+        question.endTime =
+            on.OneIn(10) ? question.startTime - 1 : TimeAt(kMinutes - on.Below(kMinutes / 2));
     }
     if (on.OneIn(5) && kind == Kind::Bim) {
         question.presetKey = on.AnyOf(on.keys);
@@ -197,8 +199,7 @@ void EditACheckpoint(Searched& on) {
     KX_DATA::CheckpointEdit edit;
     edit.checkpointId = on.AnyOf(on.pointIds);
     edit.markId = 1 + on.Below(3);
-    const std::vector<qint32> labels = on.SomeLabels();
-    for (const qint32 label : labels) {
+    for (const qint32 label : on.SomeLabels()) {
         edit.labelNames.push_back(QString::number(label));
     }
     qint32 value = 0;
@@ -206,7 +207,7 @@ void EditACheckpoint(Searched& on) {
     for (SearchRecord& record : on.records[Kind::Pdf]) {
         if (record.checkpointId == edit.checkpointId) {
             record.markId = edit.markId;
-            record.labelIds = labels;
+            record.labelIds = edit.labelNames;
         }
     }
 }
@@ -227,8 +228,13 @@ void ChangeSomething(Searched& on) {
 
 } // namespace
 
-TEST(Searches, AThousandRandomOnesGiveWhatLookingAtEveryRecordGives) {
-    Searched on;
+class Searches : public testing::TestWithParam<SiteRow> {
+protected:
+    Searched on{GetParam()};
+};
+ON_EVERY_SITE(Searches);
+
+TEST_P(Searches, AThousandRandomOnesGiveWhatLookingAtEveryRecordGives) {
     int found = 0;
     for (int i = 0; i < kSearches && !testing::Test::HasFailure(); ++i) {
         const Kind kind = AnyKind(on);
@@ -237,8 +243,7 @@ TEST(Searches, AThousandRandomOnesGiveWhatLookingAtEveryRecordGives) {
     EXPECT_GT(found, kSearches) << "searches that find nothing test nothing";
 }
 
-TEST(Searches, AskedAgainBetweenChangesTheyGiveWhatTheRecordsAreThen) {
-    Searched on;
+TEST_P(Searches, AskedAgainBetweenChangesTheyGiveWhatTheRecordsAreThen) {
     on.site.OpenWorkset();
     std::vector<std::pair<Kind, SearchQuestion>> questions;
     for (int i = 0; i < kQuestionsAskedAgain; ++i) {

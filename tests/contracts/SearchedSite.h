@@ -3,8 +3,8 @@
 
 #include "site/FloorOrder.h"
 #include "site/RectifyStates.h"
-#include "tests/contracts/FolderSite.h"
-#include "tests/contracts/SearchRecords.h"
+#include "tests/contracts/Contract.h"
+#include "tests/support/services/SearchRecords.h"
 
 #include <map>
 #include <random>
@@ -13,32 +13,36 @@
 namespace contracts {
 
 using namespace Qt::StringLiterals;
+using support::SearchRecord;
 
 inline constexpr unsigned kSeed = 20240607;
 inline constexpr int kRecordsOfAKind = 250;
-inline constexpr qint64 kFirstTime = 1700000000;
-inline constexpr qint64 kLastTime = kFirstTime + 400;
+/// Times are whole minutes: lists tell those of drawing photos without seconds.
+inline constexpr qint64 kFirstTime = 1700000040;
+inline constexpr int kMinutes = 400;
+[[nodiscard]] inline qint64 TimeAt(int minute) {
+    return kFirstTime + 60LL * minute;
+}
 
 enum class Kind { Bim, Pdf, Issues };
 
 /// A site of all three kinds in two projects, and the same in memory.
 class Searched {
 public:
-    Searched() {
-        site::SiteWriter& writer = site.Writer();
-        writer.BeginBatch();
-        for (const QString& name : {u"返工"_s, u"渗漏"_s, u"消防"_s}) {
-            labels.push_back(writer.AddLabel(name));
-        }
-        for (const qint32 ppid : {site.first, site.second}) {
-            FilePlaces(ppid);
-        }
-        for (int i = 0; i < kRecordsOfAKind; ++i) {
-            FileBim(i);
-            FilePdf(i);
-            FileIssue(i);
-        }
-        writer.CommitBatch();
+    explicit Searched(const SiteRow& row) : m_site(row.make()) {
+        site.Fill([this] {
+            for (const QString& name : {u"返工"_s, u"渗漏"_s, u"消防"_s}) {
+                labels.push_back(site.AddLabel(name).toInt());
+            }
+            for (const qint32 ppid : {site.first, site.second}) {
+                FilePlaces(ppid);
+            }
+            for (int i = 0; i < kRecordsOfAKind; ++i) {
+                FileBim(i);
+                FilePdf(i);
+                FileIssue(i);
+            }
+        });
     }
 
     /// A value of the list.
@@ -61,7 +65,11 @@ public:
         return some;
     }
 
-    FolderSite site;
+private:
+    std::unique_ptr<ContractSite> m_site;
+
+public:
+    ContractSite& site = *m_site;
     std::vector<qint32> labels;
     std::vector<QString> keys;
     std::vector<qint32> drawings;
@@ -82,7 +90,7 @@ private:
     }
     QString Person() { return AnyOf<QString>({u"zhang"_s, u"Wang"_s, u"王芳"_s}); }
     QString SomeText() { return AnyOf(Words()) + AnyOf(Words()); }
-    qint64 Time() { return kFirstTime + Below(400); }
+    qint64 Time() { return TimeAt(Below(kMinutes)); }
 
     void FilePlaces(qint32 ppid) {
         for (const QString& floor : Floors()) {
@@ -108,6 +116,14 @@ private:
         }
     }
 
+    static std::vector<QString> Texts(const std::vector<qint32>& ids) {
+        std::vector<QString> texts;
+        for (const qint32 id : ids) {
+            texts.push_back(QString::number(id));
+        }
+        return texts;
+    }
+
     template <class New> void FillCommon(New& made, SearchRecord& record) {
         made.description = SomeText();
         made.state = Below(site::kStateCount);
@@ -117,6 +133,7 @@ private:
             made.updateTime = Time();
         }
         record.state = made.state;
+        record.stateName = site::StateName(made.state);
         record.status = made.status;
         record.description = made.description;
     }
@@ -143,14 +160,15 @@ private:
             site::FloorSortKey(photo.positionKey.isEmpty() ? QString() : m_places[key].floor);
         photo.fileName = SomeText() + u".jpg"_s;
         photo.markId = record.markId = 1 + Below(3);
-        photo.labelIds = record.labelIds = SomeLabels();
+        photo.labelIds = SomeLabels();
+        record.labelIds = Texts(photo.labelIds);
         photo.uploader = Person();
         photo.uploadTime = Time();
         FillPeople(record, photo.fileName, photo.uploader, photo.uploadTime, photo.updater,
                    photo.updateTime);
         record.ppid = photo.ppid;
         record.id = number;
-        record.name = QString::number(site.Writer().FilePhoto(photo, {{}, "j"}));
+        record.name = QString::number(site.AddPhoto(photo, "j", {}));
         records[Kind::Bim].push_back(record);
     }
 
@@ -162,7 +180,7 @@ private:
         photo.checkpointId = record.checkpointId = pointIds[place];
         record.checkpointNo = points[place].number;
         record.markId = points[place].markId;
-        record.labelIds = points[place].labelIds;
+        record.labelIds = Texts(points[place].labelIds);
         record.drawingId = points[place].drawingId;
         record.drawingName = m_pointPlaces[place].floor;
         record.ppid = m_pointPlaces[place].ppid;
@@ -173,7 +191,7 @@ private:
                    photo.updateTime);
         record.texts.push_back(record.drawingName);
         record.id = number;
-        record.name = QString::number(site.Writer().FilePdfPhoto(photo, {{}, "j"}));
+        record.name = QString::number(site.AddPdfPhoto(photo, "j"));
         records[Kind::Pdf].push_back(record);
     }
 
@@ -194,7 +212,7 @@ private:
         FillPeople(record, issue.theme, issue.creator, issue.createTime, issue.updater,
                    issue.updateTime);
         record.id = number;
-        record.name = site.Writer().FileIssue(issue);
+        record.name = site.AddIssue(issue, {});
         records[Kind::Issues].push_back(record);
     }
 

@@ -14,6 +14,8 @@ ScriptedHost::ScriptedHost() : m_before(g_current) {
     g_current = this;
     project.project = KX_DATA::ProjectRecord{u"示例工程"_s, 1};
     global.projects = {{1, u"示例工程"_s}};
+    pics.global = &global;
+    questions.photos = &pics;
     paths.root = folder.Path();
     global.clientVersion = u"1.0"_s;
     marks.marks = {

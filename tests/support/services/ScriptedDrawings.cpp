@@ -14,6 +14,14 @@ constexpr qint32 kNoMarkColor = 0xFAFAFA; ///< of a mark that the table doesn't 
 
 } // namespace
 
+KX_DATA::DrawingRecord* ScriptedPDFDrawingMng::Find(qint32 pointId) {
+    const auto found = drawings.find(pointId);
+    const auto project = projects.find(pointId);
+    const bool isOpen =
+        pics == nullptr || project == projects.end() || pics->IsOpen(project->second);
+    return found != drawings.end() && isOpen ? &found->second : nullptr;
+}
+
 qint32 ScriptedPDFDrawingMng::AddComment(qint32 drawingId, const QString& text,
                                          KX_DATA::CheckpointComment& comment) {
     if (!m_script.Call("AddComment", {Arg("drawing", drawingId), Arg("text", text)})) {
@@ -50,11 +58,14 @@ bool ScriptedPDFDrawingMng::DeleteComment(qint32 drawingId, qint64 commentId) {
 
 qint32 ScriptedPDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) {
     const bool succeeds = m_script.Call("GetDrawing", {Arg("drawing", drawingId)});
-    const auto found = drawings.find(drawingId);
-    if (!succeeds || found == drawings.end()) {
+    const KX_DATA::DrawingRecord* found = Find(drawingId);
+    if (!succeeds || found == nullptr) {
         return 0;
     }
-    record = found->second;
+    record = *found;
+    if (record.pics.empty() && pics != nullptr) {
+        record.pics = pics->ShownPicsOf(drawingId);
+    }
     return KX_DATA::kServiceOk;
 }
 
@@ -62,8 +73,8 @@ qint32 ScriptedPDFDrawingMng::UpdateCheckpoint(const KX_DATA::CheckpointEdit& ed
     lastEdit = edit;
     value = 0;
     const bool succeeds = m_script.Call("UpdateCheckpoint", {Arg("id", edit.checkpointId)});
-    const auto found = drawings.find(edit.checkpointId);
-    if (!succeeds || found == drawings.end()) {
+    KX_DATA::DrawingRecord* found = Find(edit.checkpointId);
+    if (!succeeds || found == nullptr) {
         return 0;
     }
     // What is sent as names are ids; one that isn't known is refused with nothing changed.
@@ -71,7 +82,7 @@ qint32 ScriptedPDFDrawingMng::UpdateCheckpoint(const KX_DATA::CheckpointEdit& ed
     if (pics != nullptr && !pics->FindLabels(edit.labelNames, labels)) {
         return 0;
     }
-    KX_DATA::DrawingRecord& record = found->second;
+    KX_DATA::DrawingRecord& record = *found;
     record.description = edit.description;
     record.remark = edit.remark;
     record.position = {edit.position1, edit.position2};

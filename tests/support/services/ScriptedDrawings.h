@@ -18,7 +18,8 @@ public:
     explicit ScriptedPDFDrawingMng(Script& script) : m_script(script) {}
 
     std::map<qint32, KX_DATA::DrawingRecord> drawings; ///< by id of the checkpoint point
-    std::vector<KX_DATA::CheckpointComment> comments;  ///< of every drawing
+    std::map<qint32, qint32> projects; ///< by id of the point; those that aren't here are open
+    std::vector<KX_DATA::CheckpointComment> comments; ///< of every drawing
     KX_DATA::CheckpointEdit lastEdit;
     ScriptedVeskPicMng* pics = nullptr; ///< the site's photos, which change with their checkpoints
 
@@ -31,6 +32,9 @@ public:
     qint32 UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) override;
 
 private:
+    /// Null if it isn't there, or of a project that isn't open.
+    [[nodiscard]] KX_DATA::DrawingRecord* Find(qint32 pointId);
+
     Script& m_script;
 };
 

@@ -55,11 +55,17 @@ void ScriptedKXGlobalData::GetWorksetProjects(std::vector<KX_DATA::WorksetProjec
 const QString& ScriptedKXGlobalData::GetProjectName(QString& name, qint32 ppid) {
     name.clear();
     if (m_script.Call("GetProjectName", {Arg("ppid", ppid)})) {
-        for (const auto* list : {&projects, &otherProjects}) {
-            for (const KX_DATA::WorksetProject& project : *list) {
-                if (project.ppid == ppid) {
-                    name = project.name;
-                }
+        name = NameOf(ppid);
+    }
+    return name;
+}
+
+QString ScriptedKXGlobalData::NameOf(qint32 ppid) const {
+    QString name;
+    for (const auto* list : {&projects, &otherProjects}) {
+        for (const KX_DATA::WorksetProject& project : *list) {
+            if (project.ppid == ppid) {
+                name = project.name;
             }
         }
     }

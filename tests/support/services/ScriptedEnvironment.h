@@ -50,6 +50,9 @@ public:
     void GetWorksetProjects(std::vector<KX_DATA::WorksetProject>& list) override;
     const QString& GetProjectName(QString& name, qint32 ppid) override;
 
+    /// Of an open project or another one; for the other doubles, which don't ask through a call.
+    [[nodiscard]] QString NameOf(qint32 ppid) const;
+
 private:
     Script& m_script;
 };

@@ -2,6 +2,7 @@
 
 #include "services/IVeskPicMng.h"
 #include "tests/support/ArgText.h"
+#include "tests/support/services/ScriptedVeskPicMng.h"
 
 #include <algorithm>
 
@@ -27,6 +28,17 @@ const KX_DATA::IssueRow* ScriptedTNQuestionMng::Find(qint32 ppid, const QString&
     return row != issues.end() ? &*row : nullptr;
 }
 
+bool ScriptedTNQuestionMng::IsOpen(qint32 ppid) const {
+    return !judges || photos == nullptr || photos->IsOpen(ppid);
+}
+
+PanelScope ScriptedTNQuestionMng::ScopeOf(quint8 flag, const qint64* from, const qint64* to,
+                                          const KX_DATA::MarkFilterArg& filterArg) const {
+    const bool timed = flag != 0 && from != nullptr && to != nullptr;
+    return photos != nullptr ? photos->ScopeOf(filterArg, timed, timed ? *from : 0, timed ? *to : 0)
+                             : PanelScope();
+}
+
 bool ScriptedTNQuestionMng::DeletePics(qint32 kind, const std::vector<QString>& picIds) {
     return m_script.Call("DeletePics", {Arg("kind", kind), Arg("ids", picIds)});
 }
@@ -40,7 +52,14 @@ qint32 ScriptedTNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
     if (!m_script.Call("QueryIssues", {RequestText(request)})) {
         return 0;
     }
-    TakePage(issues, request, query, result, rows);
+    const auto handleOf = [this](const QString& questionId) {
+        const auto more = details.find(questionId);
+        return more != details.end() ? more->second.componentHandle : QString();
+    };
+    const RowNames names{
+        photos != nullptr ? photos->stateNames : std::vector<QString>(), {}, handleOf};
+    TakePage(searches ? Search(issues, filter, request, names) : issues, request, query, result,
+             rows);
     return query.status.value_or(KX_DATA::kServiceOk);
 }
 
@@ -50,8 +69,12 @@ void ScriptedTNQuestionMng::GetIssueGroups(quint8 flag, const qint64* from, cons
     lastFilterArg = &filterArg;
     const bool succeeds = m_script.Call(
         "GetIssueGroups", {Arg("flag", qint32(flag)), TimeArg("from", from), TimeArg("to", to)});
-    if (succeeds || judges) {
-        groups = succeeds ? markGroups : decltype(markGroups)();
+    if (!succeeds && judges) {
+        groups.clear();
+    } else if (succeeds) {
+        groups = judges && markGroups.empty()
+                     ? PanelGroups(issues, ScopeOf(flag, from, to, filterArg))
+                     : markGroups;
     }
 }
 
@@ -62,8 +85,12 @@ void ScriptedTNQuestionMng::GetIssueFilterList(quint8 flag, const qint64* from, 
     const bool succeeds =
         m_script.Call("GetIssueFilterList",
                       {Arg("flag", qint32(flag)), TimeArg("from", from), TimeArg("to", to)});
-    if (succeeds || judges) {
-        entries = succeeds ? filterEntries : decltype(filterEntries)();
+    if (!succeeds && judges) {
+        entries.clear();
+    } else if (succeeds) {
+        entries = judges && filterEntries.empty()
+                      ? PanelEntries(issues, ScopeOf(flag, from, to, filterArg))
+                      : filterEntries;
     }
 }
 
@@ -71,8 +98,9 @@ bool ScriptedTNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds
     if (!m_script.Call("DeleteIssues", {Arg("ids", questionIds)})) {
         return false;
     }
-    const auto gone = std::erase_if(
-        issues, [&](const KX_DATA::IssueRow& row) { return Names(questionIds, row.questionId); });
+    const auto gone = std::erase_if(issues, [&](const KX_DATA::IssueRow& row) {
+        return Names(questionIds, row.questionId) && IsOpen(row.ppid);
+    });
     return questionIds.empty() || gone > 0 || !judges;
 }
 
@@ -144,7 +172,11 @@ bool ScriptedTNQuestionMng::GetRectification(const QString& questionId,
                                              KX_DATA::RectifyRecord& record) {
     const bool succeeds = m_script.Call("GetRectification", {Arg("id", questionId)});
     const auto found = rectifications.find(questionId);
-    if (!succeeds || found == rectifications.end()) {
+    const bool isThere =
+        !judges || std::any_of(issues.begin(), issues.end(), [&](const KX_DATA::IssueRow& row) {
+            return row.questionId == questionId && IsOpen(row.ppid);
+        });
+    if (!succeeds || !isThere || found == rectifications.end()) {
         return false;
     }
     record = found->second;
@@ -174,7 +206,9 @@ bool ScriptedTNQuestionMng::GetUsedMarks(qint32 kind, std::vector<qint32>& markI
     if (!m_script.Call("GetUsedMarks", {Arg("kind", kind)}) || kind != KX_DATA::kIssueMarkKind) {
         return false;
     }
-    markIds = usedMarks;
+    markIds = judges && usedMarks.empty()
+                  ? MarksInUse(issues, photos != nullptr ? photos->markTable : MarkTable())
+                  : usedMarks;
     return true;
 }
 

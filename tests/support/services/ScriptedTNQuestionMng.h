@@ -5,17 +5,22 @@
 #include "tests/support/Reserved.h"
 #include "tests/support/Script.h"
 #include "tests/support/services/Paging.h"
+#include "tests/support/services/RowPanel.h"
 
 #include <map>
 
 namespace support {
+
+class ScriptedVeskPicMng;
 
 /// As the photo service's double: pages of the records, changes in the records.
 class ScriptedTNQuestionMng final : public WithReserved5<KX_DATA::ITNQuestionMng> {
 public:
     explicit ScriptedTNQuestionMng(Script& script) : m_script(script) {}
 
-    bool judges = false; ///< as the photo service's
+    bool judges = false;                        ///< as the photo service's
+    bool searches = false;                      ///< as the photo service's
+    const ScriptedVeskPicMng* photos = nullptr; ///< knows the site's projects, marks and states
     std::vector<KX_DATA::IssueRow> issues;
     std::map<QString, std::vector<KX_DATA::QuestionPicRecord>> pics; ///< by questionId
     std::map<QString, KX_DATA::RectifyRecord> rectifications;        ///< by questionId
@@ -58,6 +63,9 @@ public:
     bool GetUsedMarks(qint32 kind, std::vector<qint32>& markIds) override;
 
 private:
+    [[nodiscard]] bool IsOpen(qint32 ppid) const;
+    [[nodiscard]] PanelScope ScopeOf(quint8 flag, const qint64* from, const qint64* to,
+                                     const KX_DATA::MarkFilterArg& filterArg) const;
     [[nodiscard]] const KX_DATA::IssueRow* Find(qint32 ppid, const QString& questionId) const;
 
     Script& m_script;

@@ -1,6 +1,7 @@
 #include "tests/support/services/ScriptedVeskPicMng.h"
 
 #include "tests/support/ArgText.h"
+#include "tests/support/services/ScriptedEnvironment.h"
 
 #include <QDateTime>
 
@@ -82,6 +83,18 @@ template <class Values> qint32 Answer(bool succeeds, const Values& values, Value
     return kServiceOk;
 }
 
+/// Of a photo that nobody changed the upload stands for the last change.
+KX_DATA::CheckpointPicDetail PicDetailOf(const KX_DATA::PdfPicRecord& row) {
+    KX_DATA::CheckpointPicDetail detail;
+    detail.name = row.fileName;
+    detail.description = row.description;
+    detail.uploader = row.uploaderName;
+    detail.uploadTime = row.uploadTime;
+    detail.updater = row.updaterName.isEmpty() ? row.uploaderName : row.updaterName;
+    detail.updateTime = row.updateTime.isEmpty() ? row.uploadTime : row.updateTime;
+    return detail;
+}
+
 } // namespace
 
 QString ScriptedVeskPicMng::LabelIdOf(const QString& name) const {
@@ -115,7 +128,8 @@ qint32 ScriptedVeskPicMng::QueryBimPics(const KX_DATA::PicQueryFilter& filter,
     if (!m_script.Call("QueryBimPics", {RequestText(request)})) {
         return kPicServiceFailed;
     }
-    TakePage(bimPics, request, bimQuery, result, rows);
+    TakePage(searches ? Search(bimPics, filter, request, Names()) : bimPics, request, bimQuery,
+             result, rows);
     return bimQuery.status.value_or(kServiceOk);
 }
 
@@ -128,7 +142,8 @@ qint32 ScriptedVeskPicMng::QueryPdfPics(const KX_DATA::PdfQueryFilter& filter,
     if (!m_script.Call("QueryPdfPics", {RequestText(request)})) {
         return kPicServiceFailed;
     }
-    TakePage(pdfPics, request, pdfQuery, result, rows);
+    TakePage(searches ? Search(pdfPics, filter, request, Names()) : pdfPics, request, pdfQuery,
+             result, rows);
     // Any value but 0 is success here: not the one of the other queries, so that a caller who
     // compares with that one is found out.
     return pdfQuery.status.value_or(1);
@@ -140,8 +155,12 @@ void ScriptedVeskPicMng::GetBimPicFilterGroups(qint64 from, qint64 to, quint8 fl
     lastFilterArg = &filterArg;
     const bool succeeds = m_script.Call(
         "GetBimPicFilterGroups", {Arg("from", from), Arg("to", to), Arg("flag", qint32(flag))});
-    if (succeeds || judges) {
-        entries = succeeds ? filterEntries : decltype(filterEntries)();
+    if (!succeeds && judges) {
+        entries.clear();
+    } else if (succeeds) {
+        entries = Scripted(filterEntries)
+                      ? filterEntries
+                      : PanelEntries(bimPics, ScopeOf(filterArg, flag != 0, from, to));
     }
 }
 
@@ -152,7 +171,9 @@ qint32 ScriptedVeskPicMng::GetBimPicMarkerList(qint64 from, qint64 to, quint8 fl
     const bool succeeds =
         m_script.Call("GetBimPicMarkerList", {Arg("from", from), Arg("to", to),
                                               Arg("flag", qint32(flag)), Arg("mark", markId)});
-    picIds = succeeds ? markerIds : decltype(markerIds)();
+    picIds = !succeeds || Scripted(markerIds)
+                 ? (succeeds ? markerIds : decltype(markerIds)())
+                 : PanelPhotos(bimPics, ScopeOf(filterArg, flag != 0, from, to), markId);
     return qint32(picIds.size());
 }
 
@@ -160,7 +181,8 @@ bool ScriptedVeskPicMng::DeleteBimPics(const std::vector<qint32>& picIds) {
     if (!m_script.Call("DeleteBimPics", {Arg("ids", picIds)})) {
         return false;
     }
-    return Remove(bimPics, picIds, [](const KX_DATA::BimPicRow&) { return true; }) || !judges;
+    const auto isOpen = [&](const KX_DATA::BimPicRow& row) { return IsOpen(row.ppid); };
+    return Remove(bimPics, picIds, isOpen) || !judges;
 }
 
 bool ScriptedVeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) {
@@ -394,13 +416,25 @@ void ScriptedVeskPicMng::ChangeCheckpoint(qint32 pointId, qint32 markId,
     }
 }
 
+std::vector<KX_DATA::DrawingPicRef> ScriptedVeskPicMng::ShownPicsOf(qint32 pointId) const {
+    std::vector<KX_DATA::DrawingPicRef> shown;
+    for (const KX_DATA::PdfPicRecord& row : pdfPics) {
+        if (row.drawingId == pointId && row.status == kStatusShown) {
+            shown.push_back({row.picId, 0, 0, row.text1});
+        }
+    }
+    return shown;
+}
+
 qint32 ScriptedVeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,
                                        std::vector<KX_DATA::PicFileEntry>& entries) {
     // In the order of the ids, without those that have no file.
     std::vector<KX_DATA::PicFileEntry> found;
     for (const qint32 picId : picIds) {
         std::copy_if(files.begin(), files.end(), std::back_inserter(found),
-                     [&](const KX_DATA::PicFileEntry& entry) { return entry.picId == picId; });
+                     [&](const KX_DATA::PicFileEntry& entry) {
+                         return entry.picId == picId && HasOpenPhoto(picId);
+                     });
     }
     return Answer(m_script.Call("GetPicFiles", {Arg("ids", picIds)}), found, entries);
 }
@@ -409,14 +443,12 @@ qint32 ScriptedVeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
                                              KX_DATA::CheckpointPicDetail& detail) {
     const bool succeeds = m_script.Call("GetCheckpointPics", {Arg("ppid", ppid), Arg("id", picId)});
     const auto found = checkpointPics.find(picId);
-    const bool isOfOther =
-        std::any_of(pdfPics.begin(), pdfPics.end(), [&](const KX_DATA::PdfPicRecord& row) {
-            return row.picId == picId && !IsOfProject(row, Asked(ppid));
-        });
-    if (found == checkpointPics.end() || isOfOther) {
+    const KX_DATA::PdfPicRecord* row = Find(pdfPics, Asked(ppid), picId);
+    if (judges ? row == nullptr : found == checkpointPics.end()) {
         return kPicServiceFailed;
     }
-    return Answer(succeeds, found->second, detail);
+    return Answer(succeeds, found != checkpointPics.end() ? found->second : PicDetailOf(*row),
+                  detail);
 }
 
 void ScriptedVeskPicMng::GetBimPicFilterValues(qint64 from, qint64 to, quint8 flag,
@@ -425,8 +457,12 @@ void ScriptedVeskPicMng::GetBimPicFilterValues(qint64 from, qint64 to, quint8 fl
     lastFilterArg = &filterArg;
     const bool succeeds = m_script.Call(
         "GetBimPicFilterValues", {Arg("from", from), Arg("to", to), Arg("flag", qint32(flag))});
-    if (succeeds || judges) {
-        groups = succeeds ? markGroups : decltype(markGroups)();
+    if (!succeeds && judges) {
+        groups.clear();
+    } else if (succeeds) {
+        groups = Scripted(markGroups)
+                     ? markGroups
+                     : PanelGroups(bimPics, ScopeOf(filterArg, flag != 0, from, to), markTable);
     }
 }
 
@@ -436,7 +472,7 @@ qint32 ScriptedVeskPicMng::DeleteCheckpointPic(qint32 drawingId, qint32 picId) {
     }
     // The viewers call the checkpoint a drawing, as the rows do.
     const auto isAsked = [&](const KX_DATA::PdfPicRecord& row) {
-        return !judges || row.drawingId == drawingId;
+        return !judges || (row.drawingId == drawingId && IsOpen(row.ppid));
     };
     return Remove(pdfPics, {picId}, isAsked) || !judges ? 1 : 0;
 }
@@ -453,6 +489,34 @@ qint32 ScriptedVeskPicMng::GetPicFilesByPosition(qint32 ppid, const QString& pos
         m_script.Call("GetPicFilesByPosition",
                       {Arg("ppid", ppid), Arg("position", positionKey), Arg("mark", markId)}),
         found, entries);
+}
+
+bool ScriptedVeskPicMng::IsOpen(qint32 ppid) const {
+    return !judges || global == nullptr ||
+           std::any_of(global->projects.begin(), global->projects.end(),
+                       [&](const auto& project) { return project.ppid == ppid; });
+}
+
+bool ScriptedVeskPicMng::HasOpenPhoto(qint32 picId) const {
+    const auto isIt = [&](const auto& row) { return row.picId == picId && IsOpen(row.ppid); };
+    return !judges || std::any_of(bimPics.begin(), bimPics.end(), isIt) ||
+           std::any_of(pdfPics.begin(), pdfPics.end(), isIt);
+}
+
+PanelScope ScriptedVeskPicMng::ScopeOf(const KX_DATA::MarkFilterArg& filterArg, bool timed,
+                                       qint64 from, qint64 to) const {
+    PanelScope scope{{}, filterArg.userName, timed, from, to};
+    for (const qint32 ppid : filterArg.projectIds) {
+        scope.projects.push_back({ppid, global != nullptr ? global->NameOf(ppid) : QString()});
+    }
+    if (filterArg.projectIds.empty() && global != nullptr) {
+        scope.projects = global->projects;
+    }
+    return scope;
+}
+
+RowNames ScriptedVeskPicMng::Names() const {
+    return {stateNames, [this](const QString& name) { return LabelIdOf(name); }, {}};
 }
 
 qint32 ScriptedVeskPicMng::Asked(qint32 ppid) const {
@@ -477,19 +541,37 @@ bool ScriptedVeskPicMng::StandsAt(qint32 picId, qint32 ppid, const QString& posi
 }
 
 bool ScriptedVeskPicMng::GetBimLabels(std::vector<KX_DATA::LabelEntry>& labels) {
-    return Answer(m_script.Call("GetBimLabels"), bimLabels, labels) == kServiceOk;
+    std::vector<KX_DATA::LabelEntry> carried;
+    for (const KX_DATA::BimPicRow& row : bimPics) {
+        for (const QString& name : row.labelNames) {
+            carried.push_back({LabelIdOf(name), name});
+        }
+    }
+    return Answer(m_script.Call("GetBimLabels"),
+                  Scripted(bimLabels) ? bimLabels : EachOnce(std::move(carried)),
+                  labels) == kServiceOk;
 }
 
 bool ScriptedVeskPicMng::GetPdfLabels(std::vector<KX_DATA::LabelEntry>& labels) {
-    return Answer(m_script.Call("GetPdfLabels"), pdfLabels, labels) == kServiceOk;
+    std::vector<KX_DATA::LabelEntry> carried;
+    for (const KX_DATA::PdfPicRecord& row : pdfPics) {
+        carried.insert(carried.end(), row.labels.begin(), row.labels.end());
+    }
+    return Answer(m_script.Call("GetPdfLabels"),
+                  Scripted(pdfLabels) ? pdfLabels : EachOnce(std::move(carried)),
+                  labels) == kServiceOk;
 }
 
 bool ScriptedVeskPicMng::GetUsedBimMarks(std::vector<qint32>& markIds) {
-    return Answer(m_script.Call("GetUsedBimMarks"), usedBimMarks, markIds) == kServiceOk;
+    return Answer(m_script.Call("GetUsedBimMarks"),
+                  Scripted(usedBimMarks) ? usedBimMarks : MarksInUse(bimPics, markTable),
+                  markIds) == kServiceOk;
 }
 
 bool ScriptedVeskPicMng::GetUsedPdfMarks(std::vector<qint32>& markIds) {
-    return Answer(m_script.Call("GetUsedPdfMarks"), usedPdfMarks, markIds) == kServiceOk;
+    return Answer(m_script.Call("GetUsedPdfMarks"),
+                  Scripted(usedPdfMarks) ? usedPdfMarks : MarksInUse(pdfPics, markTable),
+                  markIds) == kServiceOk;
 }
 
 void ScriptedVeskPicMng::GetStateNames(std::vector<QString>& names) {

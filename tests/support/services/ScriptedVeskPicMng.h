@@ -6,11 +6,15 @@
 #include "tests/support/Reserved.h"
 #include "tests/support/Script.h"
 #include "tests/support/services/Paging.h"
+#include "tests/support/services/RowPanel.h"
+#include "tests/support/services/RowSearch.h"
 
 #include <map>
 #include <optional>
 
 namespace support {
+
+class ScriptedKXGlobalData;
 
 /// One intersection of a project's model.
 struct ScriptedPosition {
@@ -27,17 +31,21 @@ struct ScriptedModel {
     std::vector<ScriptedPosition> positions;
 };
 
-/// Queries answer pages of the records in their order, whatever the filter, which is kept for the
-/// test; showing, hiding, saving and deleting change the records. A failing operation changes
-/// nothing.
+/// Queries answer pages of the records and keep the filter for the test; showing, hiding, saving
+/// and deleting change the records. A failing operation changes nothing.
 class ScriptedVeskPicMng final : public WithReserved5<KX_DATA::IVeskPicMng> {
 public:
     explicit ScriptedVeskPicMng(Script& script) : m_script(script) {}
 
-    /// True: as a site it refuses ids that it doesn't have, projects that aren't those of the
-    /// records, and takes the last fetch back when a fetch fails. False, for tests of what is sent:
+    /// True: as a site it refuses ids that it doesn't have, projects that aren't open or not those
+    /// of the records, takes the last fetch back when a fetch fails, and what nobody scripted of
+    /// the marks, labels and panels below comes of the records. False, for tests of what is sent:
     /// it takes every id and project.
     bool judges = false;
+    /// True: as a site it lists what the filter asks for, in the order asked for. False, for tests
+    /// of what is shown of a list: all records in their order.
+    bool searches = false;
+    const ScriptedKXGlobalData* global = nullptr; ///< which projects are open; null: all
     std::vector<KX_DATA::BimPicRow> bimPics;
     std::vector<KX_DATA::PdfPicRecord> pdfPics;
     std::map<qint32, KX_DATA::CheckpointPicDetail> checkpointPics;
@@ -115,16 +123,28 @@ public:
     /// A checkpoint's change reaches its photos.
     void ChangeCheckpoint(qint32 pointId, qint32 markId,
                           const std::vector<KX_DATA::LabelEntry>& labels);
+    /// Of a checkpoint, in the order of the records.
+    [[nodiscard]] std::vector<KX_DATA::DrawingPicRef> ShownPicsOf(qint32 pointId) const;
+    /// Whether its photos and issues may be asked for by their ids alone.
+    [[nodiscard]] bool IsOpen(qint32 ppid) const;
+    [[nodiscard]] PanelScope ScopeOf(const KX_DATA::MarkFilterArg& filterArg, bool timed,
+                                     qint64 from, qint64 to) const;
     /// False if one of them isn't known.
     [[nodiscard]] bool FindLabels(const std::vector<QString>& ids,
                                   std::vector<KX_DATA::LabelEntry>& labels) const;
 
 private:
+    /// Whether a list is the test's and not that of the records.
+    template <class Values> [[nodiscard]] bool Scripted(const Values& values) const {
+        return !judges || !values.empty();
+    }
     /// The project that records are looked for in.
     [[nodiscard]] qint32 Asked(qint32 ppid) const;
     /// Labels that the lists don't have get ids of their own, which are never their names.
     [[nodiscard]] QString LabelIdOf(const QString& name) const;
     [[nodiscard]] QString LabelNameOf(const QString& id) const;
+    [[nodiscard]] RowNames Names() const;
+    [[nodiscard]] bool HasOpenPhoto(qint32 picId) const;
     [[nodiscard]] bool MoveTo(KX_DATA::BimPicRow& row, const QString& key) const;
     [[nodiscard]] bool MoveToPoint(KX_DATA::PdfPicRecord& row, qint32 pointId) const;
     [[nodiscard]] bool StandsAt(qint32 picId, qint32 ppid, const QString& positionKey,

@@ -1,11 +1,9 @@
-#include "tests/contracts/SearchRecords.h"
-
-#include "site/RectifyStates.h"
+#include "tests/support/services/SearchRecords.h"
 
 #include <algorithm>
 #include <map>
 
-namespace contracts {
+namespace support {
 
 using namespace Qt::StringLiterals;
 
@@ -23,13 +21,12 @@ bool HasKeyword(const SearchRecord& record, const QString& keyword) {
 }
 
 bool HasLabel(const SearchRecord& record, const QString& labelId) {
-    return labelId.isEmpty() ||
-           std::any_of(record.labelIds.begin(), record.labelIds.end(),
-                       [&](qint32 id) { return QString::number(id) == labelId; });
+    const auto& ids = record.labelIds;
+    return labelId.isEmpty() || std::find(ids.begin(), ids.end(), labelId) != ids.end();
 }
 
 bool HasState(const SearchRecord& record, const QString& status) {
-    return status.isEmpty() || status == u"全部"_s || site::StateName(record.state) == status;
+    return status.isEmpty() || status == u"全部"_s || record.stateName == status;
 }
 
 bool IsAtPreset(const SearchRecord& record, const SearchQuestion& question) {
@@ -110,4 +107,4 @@ std::vector<SearchRecord> SearchAll(std::vector<SearchRecord> records,
     return records;
 }
 
-} // namespace contracts
+} // namespace support

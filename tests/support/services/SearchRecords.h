@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-namespace contracts {
+namespace support {
 
 /// A photo or an issue; what its kind doesn't have stays empty.
 struct SearchRecord {
@@ -17,9 +17,10 @@ struct SearchRecord {
     qint32 ppid = 0;
     std::vector<QString> texts; ///< in which a keyword is looked for
     qint32 markId = 0;
-    qint32 state = 0;
+    qint32 state = 0; ///< its place in the order of the states
+    QString stateName;
     qint32 status = 0;
-    std::vector<qint32> labelIds;
+    std::vector<QString> labelIds;
     qint64 modified = 0;
     QString modifier;
     QString title; ///< name or theme
@@ -61,4 +62,4 @@ using SortColumn =
 [[nodiscard]] std::vector<SearchRecord> SearchAll(std::vector<SearchRecord> records,
                                                   const SearchQuestion& question);
 
-} // namespace contracts
+} // namespace support
