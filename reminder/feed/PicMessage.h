@@ -1,16 +1,15 @@
-// Reminder messages as the host's push channel brings them: JSON, one record each.
+// Reminder messages as the host's push channel brings them: JSON, one record each. Their size is
+// limited in MessageText.h.
 #pragma once
 
 #include "services/PicRecords.h"
 
-#include <cstddef>
 #include <vector>
 
 namespace reminder {
 
-/// A larger message, in bytes of code page 936, is void before it is parsed.
-inline constexpr size_t kMostBytes = 1 << 20;
-/// So is one whose objects and arrays lie deeper in each other: the reader goes down by recursion.
+/// A message whose objects and arrays lie deeper in each other is void before it is parsed: the
+/// reader goes down by recursion.
 inline constexpr int kDeepest = 32;
 
 /// Appends the record of a photo message. False, and nothing appended, for a project that isn't

@@ -3,12 +3,12 @@
 #include "base/OpenProject.h"
 #include "base/PictureLog.h"
 #include "base/StoredFile.h"
+#include "reminder/feed/MessageText.h"
 #include "reminder/feed/PicMessage.h"
 #include "services/Factories.h"
 #include "services/IKXFilesMng.h"
 #include "services/IKXGlobalData.h"
 #include "services/IKXPathMng.h"
-#include "toolkit/GbkText.h"
 #include "toolkit/windows/WindowRegistry.h"
 
 #include <system_error>
@@ -73,8 +73,8 @@ void ReminderFeed::End() {
 void ReminderFeed::OnPicMessage(KXWindow window, const std::string& json) {
     m_reminderWindow = window;
     Batch records;
-    if (!json.empty() && json.size() <= kMostBytes &&
-        ReadPicMessage(toolkit::FromGbk(json), OpenProjects(), records)) {
+    const auto text = MessageText(json);
+    if (text && ReadPicMessage(*text, OpenProjects(), records)) {
         PushAndWake(records, true);
     }
 }
@@ -85,9 +85,12 @@ void ReminderFeed::OnIssueMessage(KXWindow window, const std::string& json) {
     if (json.empty()) {
         return;
     }
-    const bool isOff = !GetKXGlobalData()->IsTNReminderEnabled();
-    if (isOff || (json.size() <= kMostBytes &&
-                  ReadIssueMessage(toolkit::FromGbk(json), OpenProjects(), records))) {
+    if (!GetKXGlobalData()->IsTNReminderEnabled()) {
+        PushAndWake(records, false);
+        return;
+    }
+    const auto text = MessageText(json);
+    if (text && ReadIssueMessage(*text, OpenProjects(), records)) {
         PushAndWake(records, false);
     }
 }

@@ -2,7 +2,7 @@
 #include "reminder/feed/ReminderFeed.h"
 
 #include "base/PictureLog.h"
-#include "reminder/feed/PicMessage.h"
+#include "reminder/feed/MessageText.h"
 #include "tests/support/RecordingMainWindow.h"
 #include "tests/support/ScriptedHost.h"
 #include "tests/support/WaitFor.h"
@@ -109,11 +109,26 @@ TEST_F(Reminders, VoidMessagesLeaveTheThreadUntouched) {
     feed.OnPicMessage(window.Id(), "{");
     feed.OnPicMessage(window.Id(), PicMessage(7, u"u-1"_s, 99));
     feed.OnIssueMessage(window.Id(), IssueMessage(u"q"_s, 99));
-    feed.OnPicMessage(window.Id(), std::string(reminder::kMostBytes + 1, ' ') + PicMessage(7));
     End();
     RunPendingEvents();
     EXPECT_EQ(Events(0), 0);
     EXPECT_TRUE(feed.TakeReady().empty());
+}
+
+TEST_F(Reminders, ALargerMessageIsVoidBeforeItIsParsed) {
+    const auto filledTo = [](size_t bytes, std::string message) {
+        return std::string(bytes - message.size(), ' ') + message;
+    };
+    for (const size_t bytes : {reminder::kMostBytes + 1, size_t(10) << 20}) {
+        feed.OnPicMessage(window.Id(), filledTo(bytes, PicMessage(7)));
+        feed.OnIssueMessage(window.Id(), filledTo(bytes, IssueMessage(u"q1"_s)));
+    }
+    EXPECT_TRUE(host.Log().LinesOf({"GetOpenProjectIds"}).empty());
+    feed.OnPicMessage(window.Id(), filledTo(reminder::kMostBytes, PicMessage(8)));
+    ASSERT_TRUE(WaitForEvents(reminder::kPicMessageEvent, 1));
+    const auto records = feed.TakeReady();
+    ASSERT_EQ(records.size(), 1U);
+    EXPECT_EQ(records[0].picId, 8);
 }
 
 TEST_F(Reminders, AnEmptyTextAsksNobodyForAnything) {
