@@ -9,5 +9,5 @@ cd "$root"
 
 # The first version that inserts braces; others break some lines elsewhere.
 git ls-files -z '*.h' '*.cpp' | xargs -0 -r clang-format-15 --dry-run --Werror
-shellcheck -x -s bash run test .ci/run dev/check dev/bench dev/monkey dev/*.sh
+shellcheck -x -s bash run test .ci/run dev/check dev/bench dev/fuzz dev/monkey dev/*.sh
 echo 'style: no faults'
