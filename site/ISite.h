@@ -17,6 +17,7 @@ class IBlobs;
 class ICatalogue;
 class IChanges;
 class IClientFolders;
+class IFilings;
 class IIntake;
 class IIssues;
 class IPanelCounts;
@@ -48,6 +49,7 @@ public:
     [[nodiscard]] virtual std::unique_ptr<IIntake> NewIntake() = 0;
     [[nodiscard]] virtual IClientFolders& Folders() = 0;
     [[nodiscard]] virtual IChanges& Changes() = 0;
+    [[nodiscard]] virtual IFilings& Filings() = 0;
 
     /// The present time, seconds since 1970. Thread: any.
     [[nodiscard]] virtual qint64 Now() const = 0;

@@ -6,6 +6,7 @@
 #include "site/blobs/SetAside.h"
 #include "site/sqlite/Bin.h"
 #include "site/sqlite/Database.h"
+#include "site/sqlite/FilingTable.h"
 #include "site/sqlite/Migrations.h"
 #include "site/transfer/Transfer.h"
 
@@ -182,6 +183,7 @@ void DataFolder::CleanUp() {
         bin.Reconcile(aside);
         bin.PurgeOld(Now());
         m_database->Log().Trim();
+        FilingTable::Trim(*m_database);
     } catch (const DataError& error) {
         // Who writes for so long does nothing that can't wait for the next opening.
         if (error.GetFault() != Fault::Locked) {

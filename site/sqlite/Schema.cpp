@@ -250,6 +250,12 @@ std::vector<QString> ChangeTable() {
             " opening INTEGER NOT NULL)"_s};
 }
 
+// What was filed from this step on, in the order of the commits: before, nobody was reminded.
+std::vector<QString> FilingsTable() {
+    return {u"CREATE TABLE filing (seq INTEGER PRIMARY KEY AUTOINCREMENT, kind INTEGER NOT NULL,"
+            " ppid INTEGER NOT NULL, object INTEGER NOT NULL, opening INTEGER NOT NULL)"_s};
+}
+
 } // namespace
 
 std::vector<std::vector<QString>> SchemaSteps() {
@@ -258,7 +264,8 @@ std::vector<std::vector<QString>> SchemaSteps() {
          {CatalogueTables(), FilesTables(), BimPhotosTables(), PdfPhotosTables(), IssuesTables()}) {
         first.insert(first.end(), part.begin(), part.end());
     }
-    return {first, IssuePanelIndex(), PicPanelTables(), HiddenPhotosTable(), ChangeTable()};
+    return {first,         IssuePanelIndex(), PicPanelTables(), HiddenPhotosTable(),
+            ChangeTable(), FilingsTable()};
 }
 
 } // namespace site

@@ -3,6 +3,7 @@
 #include "site/FloorOrder.h"
 #include "site/LastChange.h"
 #include "site/StoreName.h"
+#include "site/sqlite/FilingTable.h"
 #include "site/sqlite/SearchIndex.h"
 #include "site/sqlite/SiteWriterImpl.h"
 
@@ -75,6 +76,7 @@ qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture
         m_impl->InsertFile(file, FileKind::BimPhoto, photo.ppid, id);
         m_impl->InsertFile(note, FileKind::PhotoVoice, photo.ppid, id);
         AddSearchRow(m_impl->db, ListKind::BimPhotos, id);
+        FilingTable::Note(m_impl->db, ChangeKind::BimPhoto, photo.ppid, id);
         m_impl->Note(ChangeKind::BimPhoto, photo.ppid, id, last.person);
         return static_cast<qint32>(id);
     });
@@ -162,6 +164,7 @@ QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice) {
         }
         m_impl->InsertFile(note, FileKind::IssueVoice, issue.ppid, id);
         AddSearchRow(m_impl->db, ListKind::Issues, id);
+        FilingTable::Note(m_impl->db, ChangeKind::Issue, issue.ppid, id);
         m_impl->Note(ChangeKind::Issue, issue.ppid, id, last.person);
         return questionId;
     });

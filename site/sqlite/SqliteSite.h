@@ -8,6 +8,7 @@
 #include "site/sqlite/ChangeFeed.h"
 #include "site/sqlite/DataFolder.h"
 #include "site/sqlite/Database.h"
+#include "site/sqlite/FilingTable.h"
 #include "site/sqlite/FolderBlobs.h"
 #include "site/sqlite/FolderPlaces.h"
 #include "site/sqlite/Issues.h"
@@ -33,6 +34,7 @@ public:
     [[nodiscard]] std::unique_ptr<IIntake> NewIntake() override;
     [[nodiscard]] IClientFolders& Folders() override { return m_places; }
     [[nodiscard]] IChanges& Changes() override { return m_feed; }
+    [[nodiscard]] IFilings& Filings() override { return m_filings; }
     [[nodiscard]] qint64 Now() const override { return m_folder.Now(); }
     [[nodiscard]] QString Place() const override { return m_folder.Path(); }
     Limits SetLimits(Limits limits) override {
@@ -54,6 +56,7 @@ private:
     PanelCache m_panel;
     site::Catalogue m_catalogue;
     site::Bin m_bin;
+    FilingTable m_filings;
     FolderBlobs m_blobs;
     FolderPlaces m_places;
 };

@@ -150,8 +150,8 @@ QStringList TextOf(site::DataFolder& folder) {
     for (const QString& table :
          Column(database,
                 u"SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT IN"
-                " ('bim_text', 'pdf_text', 'issue_text', 'schema_version', 'change') AND name NOT"
-                " LIKE '%\\_text\\_%' ESCAPE '\\' ORDER BY name"_s)) {
+                " ('bim_text', 'pdf_text', 'issue_text', 'schema_version', 'change', 'filing')"
+                " AND name NOT LIKE '%\\_text\\_%' ESCAPE '\\' ORDER BY name"_s)) {
         QStringList rows = Lines(database, u"SELECT * FROM "_s + table);
         for (QString& row : rows) {
             row = table + u": "_s + WithoutNames(row, store, bin);
@@ -163,6 +163,10 @@ QStringList TextOf(site::DataFolder& folder) {
     for (const QString& row : Lines(database, u"SELECT kind, ppid, object, person FROM change"
                                               " ORDER BY seq"_s)) {
         text << u"change: "_s + row;
+    }
+    for (const QString& row :
+         Lines(database, u"SELECT kind, ppid, object FROM filing ORDER BY seq"_s)) {
+        text << u"filing: "_s + row;
     }
     for (const QString& keyword : {QString(), u"第"_s, u"照片"_s, u"问题"_s, u"1"_s}) {
         text << Found(folder, keyword);
