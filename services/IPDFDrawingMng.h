@@ -28,6 +28,7 @@ public:
     virtual bool DeleteComment(qint32 drawingId, qint64 commentId) = 0;
     /// `drawingId` is that of PdfPicRecord: the id of the checkpoint point.
     virtual qint32 GetDrawing(qint32 drawingId, DrawingRecord& record) = 0;
+    /// Who saves last wins: nothing says which state was seen.
     virtual qint32 UpdateCheckpoint(const CheckpointEdit& edit, qint32& value) = 0;
 };
 

@@ -48,6 +48,7 @@ public:
     virtual qint32 GetFloorAxesX(qint32 ppid, const QString& floor, std::vector<QString>& axes) = 0;
     virtual qint32 GetFloorAxesY(qint32 ppid, const QString& floor, const QString& axisX,
                                  std::vector<AxisYEntry>& axes) = 0;
+    /// Who saves last wins, here and below: nothing says which state was seen.
     virtual bool UpdateBimPic(qint32 ppid, const BimPicUpdate& update) = 0;
     virtual bool UpdatePdfPic(qint32 ppid, const PdfPicUpdate& update) = 0;
     /// Status; callers treat an empty list as failure too.

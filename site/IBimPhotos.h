@@ -19,8 +19,9 @@ public:
     /// In the order of the ids; ids without a photo in one of the projects are left out.
     [[nodiscard]] virtual std::vector<KX_DATA::BimPicRow>
     Rows(const Projects& projects, const std::vector<qint64>& picIds) = 0;
-    /// False for an unknown photo of the project.
-    [[nodiscard]] virtual bool Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) = 0;
+    /// The state that was read; nothing for an unknown photo of the project.
+    [[nodiscard]] virtual std::optional<Revision> Detail(qint32 ppid, qint32 picId,
+                                                         KX_DATA::BimPicDetail& detail) = 0;
     /// Files of BIM and drawing photos, in the order of the ids; unknown ids are left out.
     [[nodiscard]] virtual std::vector<KX_DATA::PicFileEntry>
     Files(const Projects& projects, const std::vector<qint32>& picIds) = 0;
@@ -34,10 +35,10 @@ public:
     /// are what the model says of it, and stay where the model has the photo's key no longer.
     /// Throws, with nothing changed, for another key that the project hasn't and for an unknown
     /// label.
-    /// @param seen  time of the last change that the person saw; none: whatever was before is
-    ///              overwritten.
+    /// @param seen  the state that the person saw, hidden or shown with it; none: whatever was
+    ///              before is overwritten.
     [[nodiscard]] virtual Saved Update(qint32 ppid, const KX_DATA::BimPicUpdate& update,
-                                       const Signature& by, std::optional<qint64> seen = {}) = 0;
+                                       const Signature& by, std::optional<Revision> seen = {}) = 0;
 
     /// Of the whole site: in use on any photo; marks that the mark table doesn't know are left out.
     [[nodiscard]] virtual std::vector<KX_DATA::LabelEntry> UsedLabels() = 0;

@@ -48,11 +48,15 @@ struct Signature {
     qint64 at = 0;
 };
 
+/// The state of a record that was read: another one after each change of it, by whomever and
+/// however soon. To be compared with states of the same record alone.
+enum class Revision : qint64 {};
+
 /// What became of an update.
 enum class Saved {
     Yes,
     Gone,             ///< unknown in the project, nothing was changed
-    ChangedMeanwhile, ///< somebody else was faster, nothing was changed
+    ChangedMeanwhile, ///< it isn't in the state that was seen any more, nothing was changed
 };
 
 } // namespace site

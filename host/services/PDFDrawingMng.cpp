@@ -24,7 +24,8 @@ bool PDFDrawingMng::DeleteComment(qint32 /*drawingId*/, qint64 /*commentId*/) {
 
 qint32 PDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) {
     return Guarded(u"读取检查点"_s, 0, [&](HostSession& session) {
-        RequireFound(session.Site().PdfPhotos().Checkpoint(session.OpenPpids(), drawingId, record),
+        site::IPdfPhotos& photos = session.Site().PdfPhotos();
+        RequireFound(photos.Checkpoint(session.OpenPpids(), drawingId, record).has_value(),
                      u"检查点"_s);
         return KX_DATA::kServiceOk;
     });

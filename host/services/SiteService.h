@@ -36,7 +36,8 @@ void RequireSome(const HostSession& session, const QString& what, int done, size
 
 /// By the person who is signed in, now.
 [[nodiscard]] site::Signature SignatureOf(const HostSession& session);
-/// False for what is gone; the contracts don't know of a change meanwhile, so nothing asks for it.
+/// False for what is gone. No service says which state was seen, so nothing is refused for a change
+/// meanwhile: the contracts don't carry it, and who saves last wins.
 [[nodiscard]] inline bool IsSaved(site::Saved saved) {
     return saved == site::Saved::Yes;
 }

@@ -140,7 +140,7 @@ bool VeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds,
 qint32 VeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
         KX_DATA::BimPicDetail found;
-        RequireFound(session.Site().BimPhotos().Detail(ppid, picId, found), u"照片"_s);
+        RequireFound(session.Site().BimPhotos().Detail(ppid, picId, found).has_value(), u"照片"_s);
         if (found.status != KX_DATA::kStatusShown) {
             return false; // the module says so itself
         }
@@ -151,7 +151,7 @@ qint32 VeskPicMng::GetBimPicDetail(qint32 ppid, qint32 picId, KX_DATA::BimPicDet
 
 qint32 VeskPicMng::GetPdfPicDetail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
-        RequireFound(session.Site().PdfPhotos().Detail(ppid, picId, detail), u"照片"_s);
+        RequireFound(session.Site().PdfPhotos().Detail(ppid, picId, detail).has_value(), u"照片"_s);
         return true;
     });
 }
@@ -205,7 +205,8 @@ qint32 VeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,
 qint32 VeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
                                      KX_DATA::CheckpointPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
-        RequireFound(session.Site().PdfPhotos().PicDetail(ppid, picId, detail), u"照片"_s);
+        RequireFound(session.Site().PdfPhotos().PicDetail(ppid, picId, detail).has_value(),
+                     u"照片"_s);
         return true;
     });
 }

@@ -112,15 +112,17 @@ void BimPhotos::AddLabels(std::vector<KX_DATA::BimPicRow>& rows) {
     });
 }
 
-bool BimPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) {
+std::optional<Revision> BimPhotos::Detail(qint32 ppid, qint32 picId,
+                                          KX_DATA::BimPicDetail& detail) {
     const ReadScope snapshot(m_database);
-    bool found = false;
+    std::optional<Revision> found;
     m_database.ForEach(
         u"SELECT b.position_key, b.axis_x, b.axis_y, b.description, b.floor, b.mark_id, m.name,"
-        " b.name, coalesce(m.color, ?), b.uploader, b.uploaded, b.updater, b.modified, b.status"
+        " b.name, coalesce(m.color, ?), b.uploader, b.uploaded, b.updater, b.modified, b.status, "
+        "b.revision"
         " FROM bim_photo b LEFT JOIN mark m ON m.id = b.mark_id WHERE b.id = ? AND b.ppid = ?"_s,
         {kNoMarkColor, picId, ppid}, [&](const Statement& read) {
-            found = true;
+            found = Revision{read.Int64(14)};
             detail = {};
             detail.picId = picId;
             detail.ppid = ppid;
@@ -231,13 +233,14 @@ void BimPhotos::SetLabels(qint32 ppid, qint32 picId, const std::vector<QString>&
 }
 
 Saved BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const Signature& by,
-                        std::optional<qint64> seen) {
+                        std::optional<Revision> seen) {
     Transaction transaction(m_database);
     KX_DATA::BimPicDetail old;
-    if (!Detail(ppid, update.picId, old)) {
+    const std::optional<Revision> present = Detail(ppid, update.picId, old);
+    if (!present) {
         return Saved::Gone;
     }
-    if (seen && *seen != old.updateTime) {
+    if (seen && seen != present) {
         return Saved::ChangedMeanwhile;
     }
     const LastChange last(old.uploaderName, old.uploadTime, by.person, by.at);

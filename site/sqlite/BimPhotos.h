@@ -16,14 +16,15 @@ public:
                                                   const PageAsked& asked) override;
     [[nodiscard]] std::vector<KX_DATA::BimPicRow> Rows(const Projects& projects,
                                                        const std::vector<qint64>& picIds) override;
-    [[nodiscard]] bool Detail(qint32 ppid, qint32 picId, KX_DATA::BimPicDetail& detail) override;
+    [[nodiscard]] std::optional<Revision> Detail(qint32 ppid, qint32 picId,
+                                                 KX_DATA::BimPicDetail& detail) override;
     [[nodiscard]] std::vector<KX_DATA::PicFileEntry>
     Files(const Projects& projects, const std::vector<qint32>& picIds) override;
     [[nodiscard]] std::vector<KX_DATA::PicFileEntry>
     FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId) override;
     int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) override;
     [[nodiscard]] Saved Update(qint32 ppid, const KX_DATA::BimPicUpdate& update,
-                               const Signature& by, std::optional<qint64> seen) override;
+                               const Signature& by, std::optional<Revision> seen) override;
     [[nodiscard]] std::vector<KX_DATA::LabelEntry> UsedLabels() override;
     [[nodiscard]] std::vector<qint32> UsedMarks() override;
 

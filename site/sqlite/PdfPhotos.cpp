@@ -81,25 +81,27 @@ void PdfPhotos::AddLabels(std::vector<KX_DATA::PdfPicRecord>& rows) {
     });
 }
 
-bool PdfPhotos::Detail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) {
+std::optional<Revision> PdfPhotos::Detail(qint32 ppid, qint32 picId,
+                                          KX_DATA::PdfPicDetail& detail) {
     const ReadScope snapshot(m_database);
-    const QVariant drawing = m_database.Value(
-        u"SELECT drawing_id FROM pdf_photo WHERE id = ? AND ppid = ?"_s, {picId, ppid});
-    if (!drawing.isValid()) {
-        return false;
-    }
-    detail = {};
-    detail.drawingId = drawing.toInt();
-    return true;
+    std::optional<Revision> found;
+    m_database.ForEach(u"SELECT drawing_id, revision FROM pdf_photo WHERE id = ? AND ppid = ?"_s,
+                       {picId, ppid}, [&](const Statement& read) {
+                           detail = {};
+                           detail.drawingId = read.Int(0);
+                           found = Revision{read.Int64(1)};
+                       });
+    return found;
 }
 
-bool PdfPhotos::PicDetail(qint32 ppid, qint32 picId, KX_DATA::CheckpointPicDetail& detail) {
+std::optional<Revision> PdfPhotos::PicDetail(qint32 ppid, qint32 picId,
+                                             KX_DATA::CheckpointPicDetail& detail) {
     const ReadScope snapshot(m_database);
-    bool found = false;
-    m_database.ForEach(u"SELECT name, description, uploader, uploaded, modifier, modified"
+    std::optional<Revision> found;
+    m_database.ForEach(u"SELECT name, description, uploader, uploaded, modifier, modified, revision"
                        " FROM pdf_photo WHERE id = ? AND ppid = ?"_s,
                        {picId, ppid}, [&](const Statement& read) {
-                           found = true;
+                           found = Revision{read.Int64(6)};
                            detail = {};
                            detail.name = read.Text(0);
                            detail.description = read.Text(1);
@@ -124,19 +126,19 @@ int PdfPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 
 }
 
 Saved PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const Signature& by,
-                        std::optional<qint64> seen) {
+                        std::optional<Revision> seen) {
     Transaction transaction(m_database);
     QString author;
-    std::optional<qint64> modified;
-    m_database.ForEach(u"SELECT uploader, modified FROM pdf_photo WHERE id = ? AND ppid = ?"_s,
+    std::optional<Revision> present;
+    m_database.ForEach(u"SELECT uploader, revision FROM pdf_photo WHERE id = ? AND ppid = ?"_s,
                        {update.picId, ppid}, [&](const Statement& read) {
                            author = read.Text(0);
-                           modified = read.Int64(1);
+                           present = Revision{read.Int64(1)};
                        });
-    if (!modified) {
+    if (!present) {
         return Saved::Gone;
     }
-    if (seen && seen != modified) {
+    if (seen && seen != present) {
         return Saved::ChangedMeanwhile;
     }
     const LastChange last(author, by.at, by.person, by.at);
@@ -175,21 +177,22 @@ qint32 PdfPhotos::ProjectOf(const Projects& projects, qint32 checkpointId, qint3
 std::optional<PdfPhotos::CheckpointState> PdfPhotos::StateOf(const Projects& projects,
                                                              qint32 checkpointId) {
     std::optional<CheckpointState> state;
-    m_database.ForEach(u"SELECT d.ppid, c.updated FROM checkpoint c JOIN drawing d"
+    m_database.ForEach(u"SELECT d.ppid, c.revision FROM checkpoint c JOIN drawing d"
                        " ON d.id = c.drawing_id WHERE c.id = ?"_s,
                        {checkpointId}, [&](const Statement& read) {
                            if (Has(projects, read.Int(0))) {
-                               state = CheckpointState{read.Int(0), read.Int64(1)};
+                               state = CheckpointState{read.Int(0), Revision{read.Int64(1)}};
                            }
                        });
     return state;
 }
 
-bool PdfPhotos::Checkpoint(const Projects& projects, qint32 checkpointId,
-                           KX_DATA::DrawingRecord& record) {
+std::optional<Revision> PdfPhotos::Checkpoint(const Projects& projects, qint32 checkpointId,
+                                              KX_DATA::DrawingRecord& record) {
     const ReadScope snapshot(m_database);
-    if (!StateOf(projects, checkpointId)) {
-        return false;
+    const std::optional<CheckpointState> present = StateOf(projects, checkpointId);
+    if (!present) {
+        return std::nullopt;
     }
     m_database.ForEach(
         u"SELECT c.remark, c.number, c.description, coalesce(m.color, ?), m.name, c.x, c.y,"
@@ -207,7 +210,7 @@ bool PdfPhotos::Checkpoint(const Projects& projects, qint32 checkpointId,
             record.audioUuid = read.Text(8);
         });
     AddParts(checkpointId, record);
-    return true;
+    return present->revision;
 }
 
 void PdfPhotos::AddParts(qint32 checkpointId, KX_DATA::DrawingRecord& record) {
@@ -227,21 +230,22 @@ void PdfPhotos::AddParts(qint32 checkpointId, KX_DATA::DrawingRecord& record) {
 }
 
 Saved PdfPhotos::UpdateCheckpoint(const Projects& projects, const KX_DATA::CheckpointEdit& edit,
-                                  const Signature& by, std::optional<qint64> seen) {
+                                  const Signature& by, std::optional<Revision> seen) {
     Transaction transaction(m_database);
     const std::optional<CheckpointState> last = StateOf(projects, edit.checkpointId);
     if (!last) {
         return Saved::Gone;
     }
-    if (seen && *seen != last->updated) {
+    if (seen && *seen != last->revision) {
         return Saved::ChangedMeanwhile;
     }
     m_database.Exec(u"UPDATE checkpoint SET x = ?, y = ?, description = ?, mark_id = ?,"
                     " remark = ?, updated = ? WHERE id = ?"_s,
                     {edit.position1, edit.position2, edit.description, edit.markId, edit.remark,
                      by.at, edit.checkpointId});
-    m_database.Exec(u"UPDATE pdf_photo SET mark_id = ? WHERE checkpoint_id = ?"_s,
-                    {edit.markId, edit.checkpointId});
+    // A photo whose mark stays is no other than before.
+    m_database.Exec(u"UPDATE pdf_photo SET mark_id = ? WHERE checkpoint_id = ? AND mark_id <> ?"_s,
+                    {edit.markId, edit.checkpointId, edit.markId});
     m_database.Exec(u"DELETE FROM checkpoint_label WHERE checkpoint_id = ?"_s, {edit.checkpointId});
     for (const QString& labelId : edit.labelNames) {
         m_database.Exec(u"INSERT INTO checkpoint_label (label_id, checkpoint_id) VALUES (?, ?)"

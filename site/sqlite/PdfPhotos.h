@@ -14,19 +14,20 @@ public:
 
     [[nodiscard]] Page<KX_DATA::PdfPicRecord> PageOf(const ListFilter& filter,
                                                      const PageAsked& asked) override;
-    [[nodiscard]] bool Detail(qint32 ppid, qint32 picId, KX_DATA::PdfPicDetail& detail) override;
-    [[nodiscard]] bool PicDetail(qint32 ppid, qint32 picId,
-                                 KX_DATA::CheckpointPicDetail& detail) override;
+    [[nodiscard]] std::optional<Revision> Detail(qint32 ppid, qint32 picId,
+                                                 KX_DATA::PdfPicDetail& detail) override;
+    [[nodiscard]] std::optional<Revision> PicDetail(qint32 ppid, qint32 picId,
+                                                    KX_DATA::CheckpointPicDetail& detail) override;
     int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) override;
     [[nodiscard]] Saved Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update,
-                               const Signature& by, std::optional<qint64> seen) override;
+                               const Signature& by, std::optional<Revision> seen) override;
     [[nodiscard]] qint32 ProjectOf(const Projects& projects, qint32 checkpointId,
                                    qint32 picId) override;
-    [[nodiscard]] bool Checkpoint(const Projects& projects, qint32 checkpointId,
-                                  KX_DATA::DrawingRecord& record) override;
+    [[nodiscard]] std::optional<Revision> Checkpoint(const Projects& projects, qint32 checkpointId,
+                                                     KX_DATA::DrawingRecord& record) override;
     [[nodiscard]] Saved UpdateCheckpoint(const Projects& projects,
                                          const KX_DATA::CheckpointEdit& edit, const Signature& by,
-                                         std::optional<qint64> seen) override;
+                                         std::optional<Revision> seen) override;
     [[nodiscard]] std::vector<KX_DATA::LabelEntry> UsedLabels() override;
     [[nodiscard]] std::vector<qint32> UsedMarks() override;
 
@@ -37,7 +38,7 @@ private:
     /// Of a checkpoint of one of the projects.
     struct CheckpointState {
         qint32 ppid = 0;
-        qint64 updated = 0;
+        Revision revision{};
     };
     /// Nothing if it isn't there or not of these projects.
     [[nodiscard]] std::optional<CheckpointState> StateOf(const Projects& projects,

@@ -90,6 +90,23 @@ TEST_P(BimChanges, WhatIsUnknownOrForeignIsNotSavedAndNothingChanges) {
     EXPECT_EQ(BimRows()[0].updaterName, QString());
 }
 
+TEST_P(BimChanges, WhoSavesLastWinsWhateverHappenedSinceItWasRead) {
+    const qint32 picId = Photo();
+    KX_DATA::BimPicUpdate update = UsualUpdate(picId);
+    update.positionKey.clear();
+    update.labelIds.clear();
+    KX_DATA::BimPicDetail seen;
+    ASSERT_EQ(on.pics->GetBimPicDetail(first, picId, seen), kServiceOk);
+    update.fileName = u"one.jpg"_s;
+    EXPECT_TRUE(on.pics->UpdateBimPic(first, update));
+    ASSERT_TRUE(on.pics->SetBimPicsShown(first, {picId}, true));
+    update.fileName = u"two.jpg"_s;
+    update.status = seen.status;
+    EXPECT_TRUE(on.pics->UpdateBimPic(first, update));
+    EXPECT_EQ(BimRows()[0].fileName, u"two.jpg"_s);
+    EXPECT_EQ(BimRows()[0].status, KX_DATA::kStatusShown);
+}
+
 TEST_P(BimChanges, APhotoKeepsAPlaceThatTheModelHasNoLonger) {
     const QString gone = site->AddPosition({first, u"3"_s, u"B"_s, u"8"_s, u"K38"_s, false});
     const qint32 picId = Photo([&](site::NewBimPhoto& photo) { photo.positionKey = gone; });

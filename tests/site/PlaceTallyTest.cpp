@@ -113,6 +113,10 @@ void DropTallies(Database& db, int version) {
     for (const QString& table : tables) {
         db.Exec(u"DROP TABLE "_s + table);
     }
+    for (const QString& table : {u"bim_photo"_s, u"pdf_photo"_s, u"checkpoint"_s}) {
+        db.Exec(u"DROP TRIGGER %1_revision"_s.arg(table));
+        db.Exec(u"ALTER TABLE %1 DROP COLUMN revision"_s.arg(table));
+    }
     if (version == 3) {
         db.Exec(u"DELETE FROM bim_place WHERE place NOT IN (SELECT place FROM bim_place_tally)"_s);
     }

@@ -2,6 +2,7 @@
 #include "site/IBin.h"
 #include "site/IIssues.h"
 #include "site/IPdfPhotos.h"
+#include "site/sqlite/Database.h"
 #include "site/sqlite/SqliteSite.h"
 #include "tests/site/TempSite.h"
 
@@ -56,6 +57,30 @@ struct FiledSite : TempSite {
         EXPECT_TRUE(engine.BimPhotos().Detail(ppid, picId, detail));
         return detail.fileName;
     }
+    [[nodiscard]] std::optional<Revision> PhotoSeen() {
+        KX_DATA::BimPicDetail detail;
+        return engine.BimPhotos().Detail(ppid, picId, detail);
+    }
+    [[nodiscard]] std::optional<Revision> PdfPhotoSeen() {
+        KX_DATA::CheckpointPicDetail detail;
+        return engine.PdfPhotos().PicDetail(ppid, pdfPicId, detail);
+    }
+    [[nodiscard]] std::optional<Revision> CheckpointSeen() {
+        KX_DATA::DrawingRecord record;
+        return engine.PdfPhotos().Checkpoint({ppid}, checkpointId, record);
+    }
+    [[nodiscard]] KX_DATA::PdfPicUpdate PdfNamed(const QString& name) const {
+        KX_DATA::PdfPicUpdate update;
+        update.picId = pdfPicId;
+        update.fileName = name;
+        return update;
+    }
+    [[nodiscard]] KX_DATA::CheckpointEdit Remarked(const QString& remark) const {
+        KX_DATA::CheckpointEdit edit;
+        edit.checkpointId = checkpointId;
+        edit.remark = remark;
+        return edit;
+    }
 
     SqliteSite engine{folder};
     qint32 ppid = 0;
@@ -66,32 +91,36 @@ struct FiledSite : TempSite {
     QString questionId;
 };
 
-TEST(Saved, APhotoIsSavedOverWhatWasSeenAndNotOverWhatSomebodySavedMeanwhile) {
+TEST(Saved, APhotoIsSavedOverWhatWasSeenAndNotOverWhatSomebodySavedInTheSameSecond) {
     FiledSite site;
     IBimPhotos& photos = site.engine.BimPhotos();
-    EXPECT_EQ(photos.Update(site.ppid, site.Named(u"1.jpg"_s), {u"li"_s, kLater}, kFiled),
-              Saved::Yes);
-    EXPECT_EQ(photos.Update(site.ppid, site.Named(u"2.jpg"_s), {u"li"_s, kLater + 1}, kFiled),
-              Saved::ChangedMeanwhile);
+    const Signature by{u"li"_s, kFiled};
+    const auto seen = site.PhotoSeen();
+    ASSERT_TRUE(seen);
+    EXPECT_EQ(photos.Update(site.ppid, site.Named(u"1.jpg"_s), by, seen), Saved::Yes);
+    EXPECT_EQ(photos.Update(site.ppid, site.Named(u"2.jpg"_s), by, seen), Saved::ChangedMeanwhile);
     EXPECT_EQ(site.NameOfPhoto(), u"1.jpg"_s);
-    EXPECT_EQ(photos.Update(site.ppid, site.Named(u"2.jpg"_s), {u"li"_s, kLater + 1}), Saved::Yes)
+    EXPECT_EQ(photos.Update(site.ppid, site.Named(u"2.jpg"_s), by), Saved::Yes)
         << "whoever doesn't say what they saw overwrites";
-    EXPECT_EQ(photos.Update(site.other, site.Named(u"3.jpg"_s), {u"li"_s, kLater + 2}),
-              Saved::Gone);
+    EXPECT_EQ(photos.Update(site.other, site.Named(u"3.jpg"_s), by, site.PhotoSeen()), Saved::Gone);
     EXPECT_EQ(site.NameOfPhoto(), u"2.jpg"_s);
+    EXPECT_EQ(photos.Update(site.ppid, site.Named(u"3.jpg"_s), by, site.PhotoSeen()), Saved::Yes);
 }
 
 TEST(Saved, ADrawingPhotoToo) {
     FiledSite site;
     IPdfPhotos& photos = site.engine.PdfPhotos();
-    KX_DATA::PdfPicUpdate update;
-    update.picId = site.pdfPicId;
-    update.fileName = u"1.jpg"_s;
-    EXPECT_EQ(photos.Update(site.ppid, update, {u"li"_s, kLater}, kFiled), Saved::Yes);
-    update.fileName = u"2.jpg"_s;
-    EXPECT_EQ(photos.Update(site.ppid, update, {u"li"_s, kLater + 1}, kFiled),
+    const Signature by{u"li"_s, kFiled};
+    const auto seen = site.PdfPhotoSeen();
+    ASSERT_TRUE(seen);
+    KX_DATA::PdfPicDetail place;
+    EXPECT_EQ(photos.Detail(site.ppid, site.pdfPicId, place), seen)
+        << "both reads are of one photo";
+    EXPECT_EQ(photos.Update(site.ppid, site.PdfNamed(u"1.jpg"_s), by, seen), Saved::Yes);
+    EXPECT_EQ(photos.Update(site.ppid, site.PdfNamed(u"2.jpg"_s), by, seen),
               Saved::ChangedMeanwhile);
-    EXPECT_EQ(photos.Update(site.other, update, {u"li"_s, kLater + 1}, kLater), Saved::Gone);
+    EXPECT_EQ(photos.Update(site.other, site.PdfNamed(u"2.jpg"_s), by, site.PdfPhotoSeen()),
+              Saved::Gone);
     KX_DATA::CheckpointPicDetail detail;
     ASSERT_TRUE(photos.PicDetail(site.ppid, site.pdfPicId, detail));
     EXPECT_EQ(detail.name, u"1.jpg"_s);
@@ -100,18 +129,59 @@ TEST(Saved, ADrawingPhotoToo) {
 TEST(Saved, ACheckpointToo) {
     FiledSite site;
     IPdfPhotos& photos = site.engine.PdfPhotos();
-    KX_DATA::CheckpointEdit edit;
-    edit.checkpointId = site.checkpointId;
-    edit.remark = u"一"_s;
-    EXPECT_EQ(photos.UpdateCheckpoint({site.ppid}, edit, {u"li"_s, kLater}, kFiled), Saved::Yes);
-    edit.remark = u"二"_s;
-    EXPECT_EQ(photos.UpdateCheckpoint({site.ppid}, edit, {u"li"_s, kLater + 1}, kFiled),
+    const Signature by{u"li"_s, kFiled};
+    const auto seen = site.CheckpointSeen();
+    ASSERT_TRUE(seen);
+    EXPECT_EQ(photos.UpdateCheckpoint({site.ppid}, site.Remarked(u"一"_s), by, seen), Saved::Yes);
+    EXPECT_EQ(photos.UpdateCheckpoint({site.ppid}, site.Remarked(u"二"_s), by, seen),
               Saved::ChangedMeanwhile);
-    EXPECT_EQ(photos.UpdateCheckpoint({site.other}, edit, {u"li"_s, kLater + 1}, kLater),
-              Saved::Gone);
+    EXPECT_EQ(
+        photos.UpdateCheckpoint({site.other}, site.Remarked(u"二"_s), by, site.CheckpointSeen()),
+        Saved::Gone);
     KX_DATA::DrawingRecord record;
     ASSERT_TRUE(photos.Checkpoint({site.other, site.ppid}, site.checkpointId, record));
     EXPECT_EQ(record.remark, u"一"_s);
+}
+
+TEST(Saved, HidingBetweenReadingAndSavingIsAChange) {
+    FiledSite site;
+    const Signature by{u"li"_s, kLater};
+    const auto seen = site.PhotoSeen();
+    const auto pdfSeen = site.PdfPhotoSeen();
+    site.engine.BimPhotos().SetStatus(site.ppid, {site.picId}, KX_DATA::kStatusHidden);
+    site.engine.PdfPhotos().SetStatus(site.ppid, {site.pdfPicId}, KX_DATA::kStatusHidden);
+    EXPECT_EQ(site.engine.BimPhotos().Update(site.ppid, site.Named(u"1.jpg"_s), by, seen),
+              Saved::ChangedMeanwhile);
+    EXPECT_EQ(site.engine.PdfPhotos().Update(site.ppid, site.PdfNamed(u"1.jpg"_s), by, pdfSeen),
+              Saved::ChangedMeanwhile);
+    KX_DATA::BimPicDetail detail;
+    ASSERT_TRUE(site.engine.BimPhotos().Detail(site.ppid, site.picId, detail));
+    EXPECT_EQ(detail.status, KX_DATA::kStatusHidden) << "nobody's hiding was undone";
+}
+
+TEST(Saved, AMarkOfTheCheckpointChangesItsPhotosAndItsRemarkDoesNot) {
+    FiledSite site;
+    IPdfPhotos& photos = site.engine.PdfPhotos();
+    const Signature by{u"li"_s, kLater};
+    const auto seen = site.PdfPhotoSeen();
+    KX_DATA::CheckpointEdit edit = site.Remarked(u"一"_s);
+    EXPECT_EQ(photos.UpdateCheckpoint({site.ppid}, edit, by), Saved::Yes);
+    EXPECT_EQ(site.PdfPhotoSeen(), seen);
+    edit.markId = 3;
+    EXPECT_EQ(photos.UpdateCheckpoint({site.ppid}, edit, by), Saved::Yes);
+    EXPECT_NE(site.PdfPhotoSeen(), seen);
+}
+
+TEST(Saved, WhatAnotherProgramWroteIsAChange) {
+    FiledSite site;
+    const auto seen = site.PhotoSeen();
+    {
+        Database other(site.folder.DatabasePath(), 500);
+        other.Exec(u"UPDATE bim_photo SET description = '空鼓'"_s);
+    }
+    EXPECT_EQ(
+        site.engine.BimPhotos().Update(site.ppid, site.Named(u"1.jpg"_s), {u"li"_s, kLater}, seen),
+        Saved::ChangedMeanwhile);
 }
 
 TEST(Projects, WhatBelongsToNoneOfThemIsUnknown) {
