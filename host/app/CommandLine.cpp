@@ -76,6 +76,29 @@ CommandLine ParseImport(const QStringList& words) {
     return line;
 }
 
+/// Of the simulator's options, too, data folder and sample are the client's.
+CommandLine ParseSimulate(const QStringList& words) {
+    CommandLine line;
+    line.road = Road::Simulate;
+    for (qsizetype at = 1; at < words.size() && line.error.isEmpty(); ++at) {
+        const QString name = words[at].section(u'=', 0, 0);
+        if (IsHelp(name)) {
+            line.road = Road::Help;
+            return line;
+        }
+        const QString value = TakeValue(words, at).value_or(QString());
+        if (name != u"--data"_s && name != u"--sample"_s) {
+            line.error = TakeSimulateOption(name, value, line.simulate);
+        } else {
+            TakeOption(name, value, line);
+        }
+    }
+    if (line.error.isEmpty()) {
+        line.error = LackOf(line.simulate);
+    }
+    return line;
+}
+
 QString UnknownText(const QString& word, const QString& name) {
     if (name == u"--tour"_s || name == u"--tour-scale"_s) {
         return u"走查客户端的是另一个程序：vesk-tour --tour 文件夹。"_s;
@@ -109,6 +132,9 @@ CommandLine ParseCommandLine(const QStringList& words) {
     if (words.value(0) == u"import"_s) {
         return ParseImport(words);
     }
+    if (words.value(0) == u"simulate"_s) {
+        return ParseSimulate(words);
+    }
     CommandLine line;
     for (qsizetype at = 0; at < words.size(); ++at) {
         if (IsHelp(words[at])) {
@@ -131,6 +157,7 @@ QString HelpText() {
     return uR"(用法：
   vesk-client [选项]                  打开客户端
   vesk-client import 文件夹 [选项]    把一个文件夹里的照片导入工程
+  vesk-client simulate [选项]         模拟现场：像工地上的手机那样不断提交照片、语音和问题
   vesk-tour --tour 文件夹             无显示器时走一遍客户端，把各窗口的图片存到该文件夹
 
 选项：
@@ -142,6 +169,12 @@ QString HelpText() {
 
 导入选项：
   --project 工程  --user 姓名  [--floor 楼层 --x 轴 --y 轴 --mark 标识]
+
+模拟选项：
+  --project 工程      提交到这个已有的工程
+  --rate 条数         每分钟的条数，可以是小数；max 为尽快
+  --photos 文件夹     轮流用其中的 JPEG 照片；不写则画出来
+  --count 条数        到此条数结束；不写则到按 Ctrl+C 为止
 )"_s;
 }
 

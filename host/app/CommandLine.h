@@ -1,6 +1,7 @@
 // What the person wrote behind the program's name.
 #pragma once
 
+#include "host/app/SimulateWords.h"
 #include "sample/SampleSize.h"
 #include "site/IBlobs.h"
 
@@ -13,8 +14,9 @@ namespace host {
 
 /// What the program is to do.
 enum class Road {
-    Client, ///< open the client
-    Import, ///< file a folder of photos and end
+    Client,   ///< open the client
+    Import,   ///< file a folder of photos and end
+    Simulate, ///< file what the phones on a site would, until it is stopped
     Help,
 };
 
@@ -27,7 +29,8 @@ struct CommandLine {
     site::TransferRules transfers; ///< slow or failing, for demonstrations
     bool isWatched = false;        ///< somebody looks at the windows, also without a display
     QStringList importWords;       ///< what stands behind "import", without --data and --sample
-    QString error;                 ///< Chinese; empty: nothing to complain of
+    SimulateRequest simulate;
+    QString error; ///< Chinese; empty: nothing to complain of
 };
 
 /// What stands behind a program's name.

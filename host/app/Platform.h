@@ -9,8 +9,8 @@
 
 namespace host {
 
-/// An import needs no display. For the client itself: Chinese, why it can't open a window here;
-/// nothing otherwise.
+/// An import and a simulation need no display. For the client itself: Chinese, why it can't open a
+/// window here; nothing otherwise.
 [[nodiscard]] std::optional<QString> PreparePlatform(const CommandLine& line);
 
 /// True if nobody can see or answer a message box. Needs the application object.

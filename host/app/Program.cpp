@@ -2,7 +2,9 @@
 
 #include "host/app/Client.h"
 #include "host/app/Platform.h"
+#include "host/app/SimulateCommand.h"
 #include "host/app/StartUp.h"
+#include "host/app/StopSignals.h"
 #include "host/import/ImportCommand.h"
 #include "host/session/HostSession.h"
 #include "toolkit/GbkText.h"
@@ -53,6 +55,33 @@ int RunImport(const CommandLine& line) {
     return RunImportCommand(session.Site(), line.importWords, out, err);
 }
 
+int RunSimulation(const CommandLine& line) {
+    HostSession session;
+    if (const StartResult site = OpenSite(session, line); !site.goOn) {
+        return site.fault.isEmpty() ? kExitDone : TellFault(site.fault);
+    }
+    StopSignals signalled;
+    const SimulateStop stop{signalled.Token(), [&signalled](std::chrono::milliseconds time) {
+                                return signalled.WaitFor(time);
+                            }};
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    return RunSimulateCommand(session.Site(), line.simulate, stop, out, err);
+}
+
+int RunRoad(const CommandLine& line) {
+    switch (line.road) {
+    case Road::Import:
+        return RunImport(line);
+    case Road::Simulate:
+        return RunSimulation(line);
+    case Road::Client:
+    case Road::Help:
+        break;
+    }
+    return RunClient(line);
+}
+
 } // namespace
 
 int RunClient(const CommandLine& line) {
@@ -99,9 +128,7 @@ int RunProgram(int argc, char** argv) {
         Print(stderr, *lack);
         return kExitFault;
     }
-    return RunApplication(argc, argv, [&line] {
-        return line.road == Road::Import ? RunImport(line) : RunClient(line);
-    });
+    return RunApplication(argc, argv, [&line] { return RunRoad(line); });
 }
 
 } // namespace host

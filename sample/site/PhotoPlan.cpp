@@ -64,29 +64,12 @@ constexpr int kCaseCycle = 20;
     }
 }
 
-[[nodiscard]] QString FileNameFor(int index, const QString& finding, qint64 time) {
-    const QDateTime moment = QDateTime::fromSecsSinceEpoch(time);
-    const QString extension = Extension(index);
-    switch (index % 5) {
-    case 0:
-        return u"IMG_"_s + moment.toString(u"yyyyMMdd_HHmmss"_s) + extension;
-    case 1:
-        return u"DSC%1"_s.arg(1000 + index * 7, 5, 10, QChar(u'0')) + extension;
-    case 2:
-        return u"微信图片_"_s + moment.toString(u"yyyyMMddHHmmss"_s) + extension;
-    default:
-        return u"%1-%2"_s.arg(finding).arg(index + 1, 3, 10, QChar(u'0')) + extension;
-    }
-}
-
 /// Where the scene can be: excavations and basements below ground, facades above.
 [[nodiscard]] QString FloorFor(SceneKind kind, qint32 project, Dice& dice) {
     const std::vector<QString> floors = FloorsOf(project);
     const auto count = static_cast<int>(floors.size());
     const auto below = -SampleProjects()[static_cast<size_t>(project)].lowestFloor;
-    const bool deep =
-        kind == SceneKind::Garage || kind == SceneKind::Pit || kind == SceneKind::Pipes;
-    const int place = deep ? dice.Pick(below) : below + dice.Pick(count - below);
+    const int place = IsBelowGround(kind) ? dice.Pick(below) : below + dice.Pick(count - below);
     return floors[static_cast<size_t>(place)];
 }
 
@@ -123,7 +106,7 @@ struct Place {
     record.ppid = index % 3 == 2 ? 1 : 0;
     const Place place = PlaceFor(kind, record.ppid, oddCase != OddCase::InvalidPosition, dice);
     record.positionKey = oddCase == OddCase::NoFloor ? QString() : place.key;
-    record.fileName = FileNameFor(index, finding, times.made);
+    record.fileName = PhotoFileName(index, finding, times.made, Extension(index));
     record.description = Elaborate(finding, dice);
     if (oddCase == OddCase::NoDescription) {
         record.description.clear();
@@ -152,6 +135,24 @@ struct Place {
 }
 
 } // namespace
+
+bool IsBelowGround(SceneKind kind) {
+    return kind == SceneKind::Garage || kind == SceneKind::Pit || kind == SceneKind::Pipes;
+}
+
+QString PhotoFileName(int index, const QString& finding, qint64 time, const QString& extension) {
+    const QDateTime moment = QDateTime::fromSecsSinceEpoch(time);
+    switch (index % 5) {
+    case 0:
+        return u"IMG_"_s + moment.toString(u"yyyyMMdd_HHmmss"_s) + extension;
+    case 1:
+        return u"DSC%1"_s.arg(1000 + index * 7, 5, 10, QChar(u'0')) + extension;
+    case 2:
+        return u"微信图片_"_s + moment.toString(u"yyyyMMddHHmmss"_s) + extension;
+    default:
+        return u"%1-%2"_s.arg(finding).arg(index + 1, 3, 10, QChar(u'0')) + extension;
+    }
+}
 
 void PlanPhotos(SitePlan& plan, const PlanScale& scale, qint64 now) {
     const int block = scale.bigPhotos > 0 ? scale.photos / scale.bigPhotos : scale.photos + 1;

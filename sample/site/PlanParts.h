@@ -46,6 +46,11 @@ struct CaptionFacts {
 [[nodiscard]] PictureOrder PlanPicture(SceneKind kind, QSize size, const CaptionFacts& facts,
                                        Dice& dice);
 
+/// A name as phones, messengers and people give it; `index` chooses which.
+[[nodiscard]] QString PhotoFileName(int index, const QString& finding, qint64 time,
+                                    const QString& extension);
+[[nodiscard]] bool IsBelowGround(SceneKind kind);
+
 /// The three parts of the plan that hold pictures. Each begins its own random sequence.
 void PlanPhotos(SitePlan& plan, const PlanScale& scale, qint64 now);
 void PlanDrawings(SitePlan& plan, const PlanScale& scale, qint64 now);

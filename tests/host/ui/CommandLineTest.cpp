@@ -53,6 +53,60 @@ TEST(CommandLine, ImportKeepsItsOwnWordsInOrderAndGivesTheDataFolderToTheClient)
     EXPECT_TRUE(line.error.isEmpty());
 }
 
+TEST(CommandLine, ASimulationHasItsOwnOptionsAndGivesTheDataFolderToTheClient) {
+    const CommandLine line =
+        ParseCommandLine({u"simulate"_s, u"--project"_s, u"一期"_s, u"--rate=0.5"_s, u"--photos"_s,
+                          u"p"_s, u"--count=7"_s, u"--data"_s, u"d"_s, u"--sample=small"_s});
+    EXPECT_EQ(line.error, QString());
+    EXPECT_EQ(line.road, Road::Simulate);
+    EXPECT_EQ(line.dataFolder, u"d"_s);
+    EXPECT_EQ(line.sample, sample::SampleSize::Small);
+    EXPECT_EQ(line.simulate.project, u"一期"_s);
+    EXPECT_EQ(line.simulate.perMinute, 0.5);
+    EXPECT_EQ(line.simulate.photos, u"p"_s);
+    EXPECT_EQ(line.simulate.count, 7);
+    const CommandLine fast =
+        ParseCommandLine({u"simulate"_s, u"--rate"_s, u"max"_s, u"--project=一期"_s});
+    EXPECT_EQ(fast.error, QString());
+    EXPECT_EQ(fast.simulate.perMinute, kFastest);
+    EXPECT_EQ(fast.simulate.count, 0);
+}
+
+TEST(CommandLine, OfASimulationEachWrongWordIsNamed) {
+    const QStringList right = {u"simulate"_s, u"--project"_s, u"一期"_s, u"--rate"_s, u"12"_s};
+    ASSERT_EQ(ParseCommandLine(right).error, QString());
+    for (const QString& wrong : {u"0"_s, u"-1"_s, u"schnell"_s, u"1,5"_s, u"inf"_s, u"nan"_s}) {
+        const QString error = ParseCommandLine(right + QStringList{u"--rate="_s + wrong}).error;
+        EXPECT_TRUE(error.startsWith(u"--rate "_s) && error.contains(wrong)) << wrong.toStdString();
+    }
+    for (const QString& wrong : {u"0"_s, u"-1"_s, u"1.5"_s, u"viele"_s, u"99999999999"_s}) {
+        const QString error = ParseCommandLine(right + QStringList{u"--count"_s, wrong}).error;
+        EXPECT_TRUE(error.startsWith(u"--count "_s) && error.contains(wrong))
+            << wrong.toStdString();
+    }
+    for (const QString& option :
+         {u"--project"_s, u"--rate"_s, u"--photos"_s, u"--count"_s, u"--data"_s, u"--sample"_s}) {
+        EXPECT_EQ(ParseCommandLine(right + QStringList{option}).error,
+                  u"选项 %1 后面缺少内容。"_s.arg(option));
+    }
+    for (const QString& unknown : {u"照片"_s, u"--user=张"_s, u"--rat=1"_s}) {
+        EXPECT_EQ(ParseCommandLine(right + QStringList{unknown}).error,
+                  u"不认识“%1”。"_s.arg(unknown.section(u'=', 0, 0)));
+    }
+    EXPECT_TRUE(ParseCommandLine({u"simulate"_s, u"--rate=1"_s}).error.contains(u"--project"_s));
+    EXPECT_TRUE(ParseCommandLine({u"simulate"_s, u"--project=x"_s}).error.contains(u"--rate"_s));
+    EXPECT_TRUE(
+        ParseCommandLine({u"simulate"_s, u"--project=x"_s, u"--rate=1"_s, u"--sample=riesig"_s})
+            .error.contains(u"riesig"_s));
+}
+
+TEST(CommandLine, TheSimulationHasHelpToo) {
+    EXPECT_EQ(ParseCommandLine({u"simulate"_s, u"--help"_s}).road, Road::Help);
+    for (const QString& word : {u"simulate"_s, u"--rate"_s, u"--photos"_s, u"--count"_s}) {
+        EXPECT_TRUE(HelpText().contains(word)) << word.toStdString();
+    }
+}
+
 TEST(CommandLine, HelpWinsOverWhatFollowsIt) {
     EXPECT_EQ(ParseCommandLine({u"--help"_s, u"--nonsense"_s}).road, Road::Help);
     EXPECT_EQ(ParseCommandLine({u"-h"_s}).road, Road::Help);
