@@ -2,11 +2,11 @@
 #pragma once
 
 #include "services/EnvRecords.h"
+#include "site/Limits.h"
 
 #include <QString>
 
 #include <functional>
-#include <stop_token>
 
 namespace site {
 
@@ -14,7 +14,7 @@ enum class TransferFault {
     None,
     AtStart,     ///< before the first block
     InTheMiddle, ///< when half of the bytes have come
-    NeverEnds,   ///< stands still when half of the bytes have come, until it is told to stop
+    NeverEnds,   ///< stands still when half of the bytes have come, until its limits end it
 };
 
 /// How transfers behave; for tests, demonstrations and trying slow networks.
@@ -26,7 +26,7 @@ struct TransferRules {
 /// What goes with one transfer.
 struct TransferTerms {
     TransferRules rules{};
-    std::stop_token stop{};                ///< ends it early
+    Limits limits{};
     std::function<void(qint64)> onBytes{}; ///< told the bytes so far, on the transferring thread
 };
 
@@ -36,22 +36,28 @@ struct TransferOutcome {
 };
 
 /// Files have no path of their own here: they are copied to one. Operations may take long, save
-/// IsFetched. Thread: any.
+/// IsFetched; each has limits of its own, since any thread may ask, whatever limits the site has.
+/// A file belongs to the site and is named by its uuid alone: what a checkpoint, an issue or a text
+/// refers to it by says no project, and a new file is taken in before anything refers to it. Who
+/// may see it is decided where its uuid is handed out, by operations that know the project. Thread:
+/// any.
 class IBlobs {
 public:
     virtual ~IBlobs() = default;
 
     /// Copies a stored file to `localPath` unless it lies there whole. Checked against the MD5 that
-    /// the site holds, and put in place as a whole: on failure, and when told to stop, what was
-    /// there stays and nothing is left behind.
+    /// the site holds, and put in place as a whole: on failure, and past its limits, what was there
+    /// stays and nothing is left behind.
     [[nodiscard]] virtual TransferOutcome Fetch(const QString& uuid, const QString& localPath,
                                                 const TransferTerms& terms) = 0;
     /// True if Fetch would have nothing to do; asks nobody.
     [[nodiscard]] virtual bool IsFetched(const QString& uuid, const QString& localPath) const = 0;
-    /// Bytes, -1 if the site has no such file.
-    [[nodiscard]] virtual qint64 SizeOf(const QString& uuid) = 0;
-    /// Takes a file in before anything refers to it. Throws DataError.
-    [[nodiscard]] virtual KX_DATA::UploadResult Upload(const QString& path) = 0;
+    /// Bytes, -1 if the site has no such file or the limits are passed.
+    [[nodiscard]] virtual qint64 SizeOf(const QString& uuid, const Limits& limits) = 0;
+    /// Takes a file in before anything refers to it. Throws DataError: TooSlow and Cancelled with
+    /// nothing taken in.
+    [[nodiscard]] virtual KX_DATA::UploadResult Upload(const QString& path,
+                                                       const Limits& limits) = 0;
 };
 
 } // namespace site

@@ -1,12 +1,12 @@
 // An open site: everything that can be asked of it and told to it.
 #pragma once
 
+#include "site/Limits.h"
+
 #include <QString>
 
-#include <chrono>
 #include <functional>
 #include <memory>
-#include <stop_token>
 #include <utility>
 
 namespace site {
@@ -22,14 +22,6 @@ class IIntake;
 class IIssues;
 class IPanelCounts;
 class IPdfPhotos;
-
-/// How long a question may take, and who may end it before.
-struct Limits {
-    /// For each question anew; zero: as long as it takes.
-    std::chrono::milliseconds deadline{0};
-    /// May be told to stop by any thread.
-    std::stop_token stop;
-};
 
 /// What stands on it lasts as long as it does. Operations may take long; where they fail they throw
 /// DataError: TooSlow past the deadline, Cancelled when told to stop, with nothing changed.

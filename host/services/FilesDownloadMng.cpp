@@ -27,11 +27,12 @@ site::TransferOutcome FetchWaiting(site::IBlobs& blobs, const site::TransferTerm
                                    site::ITransferWait& wait) {
     site::RunningTransfer transfer;
     site::TransferOutcome outcome;
-    const std::stop_callback siteCloses(terms.stop, [&transfer] { transfer.Cancel(); });
-    const site::TransferTerms cancellable{terms.rules, transfer.StopToken(),
+    const std::stop_callback siteCloses(terms.limits.stop, [&transfer] { transfer.Cancel(); });
+    const site::TransferTerms cancellable{terms.rules,
+                                          {terms.limits.deadline, transfer.StopToken()},
                                           [&](qint64 bytes) { transfer.NoteBytes(bytes); }};
     const auto work = [&] {
-        transfer.NoteTotal(blobs.SizeOf(uuid));
+        transfer.NoteTotal(blobs.SizeOf(uuid, cancellable.limits));
         outcome = blobs.Fetch(uuid, localPath, cancellable);
         transfer.Finish();
     };

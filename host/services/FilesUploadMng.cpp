@@ -10,9 +10,9 @@ bool FilesUploadMng::UploadFile(const std::vector<KX_DATA::UploadItem>& items, q
                                 KX_DATA::UploadResult& result, QString& errorText) {
     const auto desk = Around().Desk();
     bool stored = false;
-    const auto store = [&](site::IBlobs& blobs, const site::TransferTerms&) {
+    const auto store = [&](site::IBlobs& blobs, const site::TransferTerms& terms) {
         try {
-            result = blobs.Upload(items.front().path);
+            result = blobs.Upload(items.front().path, terms.limits);
             stored = true;
         } catch (const site::DataError& fault) {
             errorText = fault.Text();

@@ -57,7 +57,7 @@ void MQFFileDownload::StartDownload(const QString& taskId,
 
 void MQFFileDownload::Run(const Start& start, const KX_DATA::FileDownloadRecord& record,
                           site::IBlobs& blobs, const site::TransferTerms& terms) {
-    const qint64 size = blobs.SizeOf(record.uuid);
+    const qint64 size = blobs.SizeOf(record.uuid, terms.limits);
     Note(start, [size](Task& task) { task.size = std::max<qint64>(size, 0); });
     site::TransferTerms watched = terms;
     watched.onBytes = [&](qint64 bytes) {

@@ -36,6 +36,11 @@ site::TransferRules SessionDesk::Rules() const {
     return m_rules;
 }
 
+void SessionDesk::SetLongestSilence(std::chrono::milliseconds time) {
+    const std::lock_guard lock(m_lock);
+    m_longestSilence = time;
+}
+
 void SessionDesk::SetRules(const site::TransferRules& rules) {
     const std::lock_guard lock(m_lock);
     m_rules = rules;
@@ -45,7 +50,7 @@ site::TransferPool::Work SessionDesk::OnTheSite(const Work& work) {
     return [this, work](const std::stop_token& stop) {
         std::unique_lock lock(m_lock);
         site::IBlobs& blobs = *m_blobs;
-        const site::TransferTerms terms{m_rules, stop};
+        const site::TransferTerms terms{m_rules, {m_longestSilence, stop}, {}};
         lock.unlock();
         work(blobs, terms);
     };

@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <functional>
 #include <list>
 #include <mutex>
@@ -44,7 +45,11 @@ public:
     /// For transfers that begin from now on.
     void SetRules(const site::TransferRules& rules);
 
-    /// The terms have rules and stop.
+    /// How long a transfer that begins from now on may wait for its next block, a minute if nothing
+    /// else is said: one that stands still would else hold its thread until the site is closed.
+    void SetLongestSilence(std::chrono::milliseconds time);
+
+    /// The terms have rules and limits.
     using Work = std::function<void(site::IBlobs&, const site::TransferTerms&)>;
     /// Does the work on the calling thread. False, and nothing done, while closed.
     bool Run(const Work& work);
@@ -78,6 +83,7 @@ private:
     QString m_place;
     std::optional<KX_DATA::ProjectRecord> m_project;
     site::TransferRules m_rules;
+    std::chrono::milliseconds m_longestSilence{60'000};
 
     site::TransferPool m_pool;
 

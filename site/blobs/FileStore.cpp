@@ -92,7 +92,7 @@ void FileStore::TakeNotesFolder() {
     }
 }
 
-StoredFile FileStore::Put(const FileSource& source) {
+StoredFile FileStore::Put(const FileSource& source, const Limits& limits) {
     TakeNotesFolder();
     StoredFile stored{NewStoreName(), {}, 0};
     QFile file(source.path);
@@ -103,7 +103,11 @@ StoredFile FileStore::Put(const FileSource& source) {
         throw DataError(Fault::Missing, FaultText(Fault::Missing, source.path));
     }
     const QString note = NotePath(stored.uuid);
-    const CopyOutcome outcome = CopySynced(device, note);
+    LimitedSteps steps(limits);
+    const CopyOutcome outcome = CopySynced(device, note, [&](qint64) { return steps.Next(); });
+    if (const auto passed = steps.Passed()) {
+        throw DataError(*passed, FaultText(*passed, {}), note);
+    }
     if (!outcome.ok) {
         const Fault fault = outcome.diskFull ? Fault::DiskFull : Fault::NotWritable;
         throw DataError(fault, FaultText(fault, u"保存文件"_s), note);

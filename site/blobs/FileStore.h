@@ -2,6 +2,7 @@
 #pragma once
 
 #include "site/DataError.h"
+#include "site/Limits.h"
 #include "site/NewRecords.h"
 
 #include <QLockFile>
@@ -33,7 +34,8 @@ public:
     FileStore(QString storeFolder, QString binFolder);
     ~FileStore();
 
-    [[nodiscard]] StoredFile Put(const FileSource& source);
+    /// TooSlow or Cancelled past the limits, with nothing put.
+    [[nodiscard]] StoredFile Put(const FileSource& source, const Limits& limits = {});
     void Settle(const QString& uuid);
     void Discard(const QString& uuid);
 

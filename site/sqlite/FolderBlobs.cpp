@@ -24,8 +24,9 @@ FolderBlobs::FolderBlobs(const DataFolder& dataFolder)
     : m_database(dataFolder.DatabasePath()), m_store(dataFolder.StorePath()),
       m_bin(dataFolder.BinPath()), m_opening(dataFolder.Db().Log().Opening()) {}
 
-QString FolderBlobs::StoredMd5(const QString& uuid) const {
+QString FolderBlobs::StoredMd5(const QString& uuid, const Limits& limits) const {
     Database reader(m_database, kBusyTimeoutMs);
+    reader.Patient().Set(limits);
     const QVariant md5 = reader.Value(u"SELECT md5 FROM file WHERE uuid = ?"_s, {uuid});
     if (!md5.isValid()) {
         throw DataError(Fault::Missing, FaultText(Fault::Missing, u"文件 "_s + uuid));
@@ -40,7 +41,7 @@ TransferOutcome FolderBlobs::Fetch(const QString& uuid, const QString& localPath
     }
     try {
         const QString path = FileStore(m_store, m_bin).PathOf(uuid);
-        FetchCopy({path, uuid, StoredMd5(uuid)}, localPath, terms);
+        FetchCopy({path, uuid, StoredMd5(uuid, terms.limits)}, localPath, terms);
     } catch (const DataError& error) {
         return {false, error.Text()};
     }
@@ -51,7 +52,10 @@ bool FolderBlobs::IsFetched(const QString& uuid, const QString& localPath) const
     return IsKnownWhole(localPath, uuid);
 }
 
-qint64 FolderBlobs::SizeOf(const QString& uuid) {
+qint64 FolderBlobs::SizeOf(const QString& uuid, const Limits& limits) {
+    if (limits.stop.stop_requested()) {
+        return -1;
+    }
     try {
         return QFileInfo(FileStore(m_store, m_bin).PathOf(uuid)).size();
     } catch (const DataError&) {
@@ -59,15 +63,16 @@ qint64 FolderBlobs::SizeOf(const QString& uuid) {
     }
 }
 
-KX_DATA::UploadResult FolderBlobs::Upload(const QString& path) {
+KX_DATA::UploadResult FolderBlobs::Upload(const QString& path, const Limits& limits) {
     if (path.isEmpty()) {
         throw DataError(Fault::Missing, FaultText(Fault::Missing, path));
     }
     FileStore store(m_store, m_bin);
-    const StoredFile file = store.Put({path, {}});
+    const StoredFile file = store.Put({path, {}}, limits);
     try {
         Database database(m_database, kBusyTimeoutMs);
         database.Log().SetOpening(m_opening);
+        database.Patient().Set(limits);
         Transaction transaction(database);
         database.Exec(u"INSERT INTO file (uuid, md5, size, kind, ppid, owner)"
                       " VALUES (?, ?, ?, ?, 0, 0)"_s,

@@ -15,12 +15,12 @@ public:
     [[nodiscard]] TransferOutcome Fetch(const QString& uuid, const QString& localPath,
                                         const TransferTerms& terms) override;
     [[nodiscard]] bool IsFetched(const QString& uuid, const QString& localPath) const override;
-    [[nodiscard]] qint64 SizeOf(const QString& uuid) override;
+    [[nodiscard]] qint64 SizeOf(const QString& uuid, const Limits& limits) override;
     /// Stores the file and writes its row, owned by nothing yet.
-    [[nodiscard]] KX_DATA::UploadResult Upload(const QString& path) override;
+    [[nodiscard]] KX_DATA::UploadResult Upload(const QString& path, const Limits& limits) override;
 
 private:
-    [[nodiscard]] QString StoredMd5(const QString& uuid) const;
+    [[nodiscard]] QString StoredMd5(const QString& uuid, const Limits& limits) const;
 
     const QString m_database;
     const QString m_store;

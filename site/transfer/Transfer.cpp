@@ -13,9 +13,7 @@
 #include <QFileInfo>
 
 #include <chrono>
-#include <condition_variable>
 #include <filesystem>
-#include <mutex>
 
 namespace site {
 
@@ -25,20 +23,6 @@ namespace {
 
 constexpr int kSecondsOfADay = 24 * 3600;
 const QString kPartial = u".part"_s;
-
-/// Waits, for ever if `milliseconds` is negative. False: told to stop.
-bool Pause(int milliseconds, const std::stop_token& stop) {
-    std::mutex mutex;
-    std::unique_lock lock(mutex);
-    std::condition_variable_any never;
-    const auto isOver = [] { return false; };
-    if (milliseconds < 0) {
-        never.wait(lock, stop, isOver);
-    } else if (milliseconds > 0) {
-        never.wait_for(lock, stop, std::chrono::milliseconds(milliseconds), isOver);
-    }
-    return !stop.stop_requested();
-}
 
 [[noreturn]] void ThrowBroken() {
     throw DataError(Fault::Other, u"文件传输中断，请检查网络后重试。"_s);
@@ -53,30 +37,37 @@ void Replace(const QString& from, const QString& to) {
     }
 }
 
+[[noreturn]] void ThrowPassed(Fault passed) {
+    throw DataError(passed, passed == Fault::Cancelled ? u"文件传输已取消。"_s
+                                                       : FaultText(passed, u"文件传输"_s));
+}
+
 /// What happens before a block is written. False: the transfer ends here.
-bool PassBlock(const TransferTerms& terms, qint64 bytes, qint64 total) {
+bool PassBlock(const TransferRules& rules, LimitedSteps& steps, qint64 bytes, qint64 total) {
     const bool half = bytes * 2 >= total;
-    if (half && terms.rules.fault == TransferFault::InTheMiddle) {
+    if (half && rules.fault == TransferFault::InTheMiddle) {
         return false;
     }
-    const bool hangs = half && terms.rules.fault == TransferFault::NeverEnds;
-    return Pause(hangs ? -1 : terms.rules.blockDelayMs, terms.stop);
+    const bool hangs = half && rules.fault == TransferFault::NeverEnds;
+    steps.Wait(std::chrono::milliseconds(hangs ? -1 : rules.blockDelayMs));
+    return steps.Next();
 }
 
 void CopyChecked(const StoredCopy& stored, QFile& source, const QString& partial,
                  const TransferTerms& terms) {
     const qint64 total = source.size();
     bool broken = false;
+    LimitedSteps steps(terms.limits);
     const CopyOutcome outcome = CopySynced(source, partial, [&](qint64 bytes) {
-        broken = !PassBlock(terms, bytes, total);
+        broken = !PassBlock(terms.rules, steps, bytes, total);
         if (!broken && terms.onBytes) {
             terms.onBytes(bytes);
         }
         return !broken;
     });
-    if (terms.stop.stop_requested()) {
+    if ((!broken && !steps.Next()) || steps.Passed()) {
         QFile::remove(partial);
-        throw DataError(Fault::Other, u"文件传输已取消。"_s);
+        ThrowPassed(*steps.Passed());
     }
     if (broken) {
         ThrowBroken();

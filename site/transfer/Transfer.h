@@ -15,8 +15,8 @@ struct StoredCopy {
 };
 
 /// Copies it to `localPath` unless it lies there whole: in blocks to a temporary name beside it,
-/// checked against the MD5, then renamed over what was there. On failure, and when told to stop,
-/// what was there stays and nothing is left behind. Throws DataError. Thread: any.
+/// checked against the MD5, then renamed over what was there. On failure, and past its limits, what
+/// was there stays and nothing is left behind. Throws DataError. Thread: any.
 void FetchCopy(const StoredCopy& stored, const QString& localPath, const TransferTerms& terms);
 
 /// Removes what transfers of a killed process left behind in a folder and those in it, links

@@ -116,7 +116,7 @@ TEST(Filings, APhotoSaysWhoWhereAndWhat) {
     EXPECT_EQ(filing.positionKey, site.position);
     EXPECT_EQ(filing.markId, 7);
     EXPECT_EQ(filing.labels, (std::vector<QString>{u"渗漏"_s, u"裂缝"_s}));
-    EXPECT_TRUE(site.engine.Blobs().SizeOf(filing.uuid) > 0);
+    EXPECT_TRUE(site.engine.Blobs().SizeOf(filing.uuid, {}) > 0);
 }
 
 TEST(Filings, AnIssueSaysItsComponentAndItsFirstPicture) {
@@ -141,7 +141,7 @@ TEST(Filings, AnIssueSaysItsComponentAndItsFirstPicture) {
     EXPECT_EQ(filing.handle, u"1F2A"_s);
     EXPECT_EQ(filing.componentName, u"梁"_s);
     EXPECT_EQ(filing.markId, 4);
-    EXPECT_EQ(site.engine.Blobs().SizeOf(filing.uuid), qint64(sizeof("picture") - 1));
+    EXPECT_EQ(site.engine.Blobs().SizeOf(filing.uuid, {}), qint64(sizeof("picture") - 1));
 }
 
 TEST(Filings, AMarkGoesOnBehindWhatWasLookedAt) {

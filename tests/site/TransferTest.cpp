@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <chrono>
 #include <thread>
 
 namespace site {
@@ -27,13 +28,14 @@ public:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(QByteArray(600000, 'p'));
         file.close();
-        uuid = blobs.Upload(file.fileName()).uuid;
+        uuid = blobs.Upload(file.fileName(), {}).uuid;
         target = dir.filePath(u"cache/a.jpg"_s);
     }
 
     [[nodiscard]] TransferOutcome Fetch(const TransferRules& rules = {}) {
-        return blobs.Fetch(
-            uuid, target, {rules, stop.get_token(), [&](qint64 bytes) { steps.push_back(bytes); }});
+        return blobs.Fetch(uuid, target, {rules, {deadline, stop.get_token()}, [&](qint64 bytes) {
+                                              steps.push_back(bytes);
+                                          }});
     }
     /// A failure that left what was there and nothing else, and says what is wrong.
     void ExpectFailure(const TransferOutcome& outcome, const QString& text) {
@@ -58,6 +60,7 @@ public:
     QString target;
     std::vector<qint64> steps;
     std::stop_source stop;
+    std::chrono::milliseconds deadline{0};
 };
 
 } // namespace
@@ -69,7 +72,7 @@ TEST(Transfer, AFileArrivesWholeAndUnderItsNameAlone) {
     EXPECT_EQ(site.Cached(), QStringList{u"a.jpg"_s});
     EXPECT_EQ(QFile(site.target).size(), 600000);
     EXPECT_EQ(site.steps, (std::vector<qint64>{262144, 524288, 600000}));
-    EXPECT_EQ(site.blobs.SizeOf(site.uuid), 600000);
+    EXPECT_EQ(site.blobs.SizeOf(site.uuid, {}), 600000);
 }
 
 TEST(Transfer, AFileThatIsThereIsReplacedByAWholeOne) {
@@ -143,6 +146,40 @@ TEST(Transfer, ASlowOneEndsAtOnceWhenItIsToldTo) {
     site.ExpectFailure(site.Fetch({1'000'000}), u"已取消"_s);
 }
 
+TEST(Transfer, OneThatStandsStillEndsWithItsDeadline) {
+    TransferSite site;
+    site.PutOld();
+    site.deadline = std::chrono::milliseconds(20);
+    site.ExpectFailure(site.Fetch({0, TransferFault::NeverEnds}), u"等待的时间过长"_s);
+    site.ExpectFailure(site.Fetch({1'000'000}), u"等待的时间过长"_s);
+}
+
+TEST(Transfer, ASlowOneWhoseBlocksKeepComingOutlastsItsDeadline) {
+    TransferSite site;
+    site.deadline = std::chrono::milliseconds(1000);
+    const TransferOutcome outcome = site.Fetch({400});
+    EXPECT_TRUE(outcome.ok) << outcome.text.toStdString();
+}
+
+TEST(Upload, OneThatIsToldToStopTakesNothingIn) {
+    TransferSite site;
+    const QString source = site.dir.filePath(u"source"_s);
+    const auto rows = [&] {
+        return site.folder.Db().Value(u"SELECT count(*) FROM file"_s).toInt();
+    };
+    const int before = rows();
+    site.stop.request_stop();
+    try {
+        (void)site.blobs.Upload(source, {{}, site.stop.get_token()});
+        ADD_FAILURE() << "it was taken in";
+    } catch (const DataError& error) {
+        EXPECT_EQ(error.GetFault(), Fault::Cancelled);
+    }
+    EXPECT_EQ(rows(), before);
+    EXPECT_EQ(site.blobs.SizeOf(site.uuid, {{}, site.stop.get_token()}), -1);
+    EXPECT_EQ(site.blobs.SizeOf(site.uuid, {}), 600000);
+}
+
 TEST(Transfer, AFullDiskIsToldAndKeepsWhatWasThere) {
     TransferSite site;
     site.PutOld();
@@ -190,7 +227,7 @@ TEST(Transfer, AnEmptyFileArrivesAsOne) {
     QFile empty(site.dir.filePath(u"empty"_s));
     ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
     empty.close();
-    site.uuid = site.blobs.Upload(empty.fileName()).uuid;
+    site.uuid = site.blobs.Upload(empty.fileName(), {}).uuid;
     EXPECT_TRUE(site.Fetch().ok);
     EXPECT_EQ(QFileInfo(site.target).size(), 0);
 }
@@ -232,7 +269,7 @@ TEST(Transfer, AFileMissingFromTheStoreIsToldAsMissing) {
     const TransferOutcome outcome = site.Fetch();
     EXPECT_FALSE(outcome.ok);
     EXPECT_TRUE(outcome.text.contains(site.uuid));
-    EXPECT_EQ(site.blobs.SizeOf(site.uuid), -1);
+    EXPECT_EQ(site.blobs.SizeOf(site.uuid, {}), -1);
 }
 
 TEST(Transfer, ATextThatIsNoUuidIsRefused) {

@@ -12,7 +12,9 @@
 #include <QThread>
 
 #include <atomic>
+#include <chrono>
 #include <thread>
+#include <utility>
 
 namespace host {
 
@@ -241,6 +243,73 @@ TEST(Download, WithoutASessionItFailsWithAText) {
     EXPECT_FALSE(result.message.isEmpty());
 }
 
+namespace {
+
+/// Notes the limits that it is asked with.
+class AskedBlobs final : public site::IBlobs {
+public:
+    site::TransferOutcome Fetch(const QString&, const QString&,
+                                const site::TransferTerms& terms) override {
+        return Note(terms.limits), site::TransferOutcome{true, {}};
+    }
+    [[nodiscard]] bool IsFetched(const QString&, const QString&) const override { return false; }
+    qint64 SizeOf(const QString&, const site::Limits& limits) override { return Note(limits), 1; }
+    KX_DATA::UploadResult Upload(const QString&, const site::Limits& limits) override {
+        return Note(limits), KX_DATA::UploadResult{};
+    }
+
+    std::atomic<int> asked = 0;
+    std::atomic<int> limited = 0;
+
+private:
+    void Note(const site::Limits& limits) {
+        ++asked;
+        limited += limits.deadline == std::chrono::milliseconds(1234) && limits.stop.stop_possible()
+                       ? 1
+                       : 0;
+    }
+};
+
+} // namespace
+
+TEST(Limits, WhateverIsAskedForAFileHasADeadlineAndCanBeStopped) {
+    AskedBlobs blobs;
+    FilesSite site;
+    site::ITransferWait* const nobody = nullptr;
+    struct : site::ITransferWait {
+        void Wait(site::RunningTransfer& transfer) override { transfer.WaitDone(); }
+    } patient;
+    site.session.Desk()->Open(blobs);
+    site.session.Desk()->SetLongestSilence(std::chrono::milliseconds(1234));
+    for (site::ITransferWait* const wait : {nobody, static_cast<site::ITransferWait*>(&patient)}) {
+        site.serving.Around().transferWait = wait;
+        EXPECT_EQ(site.Download().success, 1);
+    }
+    KX_DATA::UploadResult result;
+    QString error;
+    EXPECT_TRUE(GetKXFilesUploadMng()->UploadFile({{u"up.jpg"_s}}, 1, result, error));
+    GetMQFFileDownLPtr()->StartDownload(u"t7"_s, {}, 2);
+    EXPECT_EQ(site.EndOf(u"t7"_s), KX_DATA::kDownloadFinished);
+    EXPECT_EQ(blobs.asked, 6) << "three downloads, of two the size, and what was put in";
+    EXPECT_EQ(blobs.limited, blobs.asked);
+    site.serving.Around().transferWait = nullptr;
+    site.session.Desk()->Close();
+}
+
+TEST(BackgroundDownload, OneThatStandsStillFailsByItself) {
+    FilesSite site;
+    site.session.Desk()->SetRules({0, site::TransferFault::NeverEnds});
+    site.session.Desk()->SetLongestSilence(std::chrono::milliseconds(20));
+    KX_DATA::FileDownloadRecord record;
+    record.uuid = site.uuid;
+    record.localPath = site.local;
+    GetMQFFileDownLPtr()->StartDownload(u"t8"_s, record, 2);
+    EXPECT_EQ(site.EndOf(u"t8"_s), KX_DATA::kDownloadFailed);
+    QString text;
+    GetMQFFileDownLPtr()->GetErrorText(u"t8"_s, text);
+    EXPECT_TRUE(text.contains(u"等待的时间过长"_s)) << text.toStdString();
+}
+
 TEST(Upload, StoresOneFileAndTellsWhatItBecame) {
     FilesSite site;
     QFile file(site.dir.filePath(u"up.jpg"_s));
@@ -253,9 +322,37 @@ TEST(Upload, StoresOneFileAndTellsWhatItBecame) {
     EXPECT_EQ(result.size, 3);
     EXPECT_EQ(result.md5, u"900150983cd24fb0d6963f7d28e17f72"_s);
     EXPECT_TRUE(support::FolderOf(site.session).Store().Has(result.uuid));
+    EXPECT_TRUE(site.messages.empty());
+    EXPECT_EQ(error, QString());
+}
+
+TEST(Upload, AFailureIsToldToThePersonWithItsReason) {
+    FilesSite site;
+    KX_DATA::UploadResult result;
+    QString error;
     EXPECT_FALSE(GetKXFilesUploadMng()->UploadFile({{u"/no/such"_s}}, 1, result, error));
-    EXPECT_FALSE(error.isEmpty());
-    EXPECT_FALSE(GetKXFilesUploadMng()->UploadFile({}, 0, result, error));
+    EXPECT_TRUE(error.contains(u"/no/such"_s)) << error.toStdString();
+    ASSERT_EQ(site.messages.size(), 1u);
+    EXPECT_EQ(site.messages[0], u"上传文件失败："_s + error);
+}
+
+TEST(Upload, NothingOrSeveralAtOnceAreRefusedAndToldToTheCallerAlone) {
+    FilesSite site;
+    QFile file(site.dir.filePath(u"up.jpg"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    const KX_DATA::UploadItem item{file.fileName()};
+    KX_DATA::UploadResult result;
+    for (const auto& [items, count] : {std::pair<std::vector<KX_DATA::UploadItem>, int>{{}, 0},
+                                       {{}, 1},
+                                       {{item, item}, 2},
+                                       {{item, item}, 1},
+                                       {{item}, 2}}) {
+        QString error;
+        EXPECT_FALSE(GetKXFilesUploadMng()->UploadFile(items, count, result, error));
+        EXPECT_EQ(error, u"没有可以上传的文件。"_s);
+    }
+    EXPECT_TRUE(site.messages.empty());
 }
 
 } // namespace host

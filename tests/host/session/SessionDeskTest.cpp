@@ -21,8 +21,8 @@ public:
         return {};
     }
     [[nodiscard]] bool IsFetched(const QString&, const QString&) const override { return false; }
-    qint64 SizeOf(const QString&) override { return -1; }
-    KX_DATA::UploadResult Upload(const QString&) override { return {}; }
+    qint64 SizeOf(const QString&, const site::Limits&) override { return -1; }
+    KX_DATA::UploadResult Upload(const QString&, const site::Limits&) override { return {}; }
 };
 
 /// Stays until it is told to stop.
@@ -30,7 +30,7 @@ void StayUntilStopped(const site::TransferTerms& terms) {
     std::mutex mutex;
     std::unique_lock lock(mutex);
     std::condition_variable_any never;
-    never.wait(lock, terms.stop, [] { return false; });
+    never.wait(lock, terms.limits.stop, [] { return false; });
 }
 
 } // namespace
@@ -99,7 +99,7 @@ TEST(SessionDesk, WhatRunsAfterAFolderWasOpenedAgainIsNotStopped) {
     desk.Close();
     desk.Open(blobs);
     EXPECT_TRUE(desk.Run([](site::IBlobs&, const site::TransferTerms& terms) {
-        EXPECT_FALSE(terms.stop.stop_requested());
+        EXPECT_FALSE(terms.limits.stop.stop_requested());
     }));
 }
 
