@@ -145,7 +145,7 @@ void SiteSimulator::FileIssue(Draft& draft) {
         pic.fileName = u"问题_%1.jpg"_s.arg(at + 1);
         pic.uploader = draft.item.person;
         pic.uploadTime = draft.issue.createTime;
-        intake->FileIssuePic(pic, {{}, draft.pictures[at]});
+        intake->FileIssuePic(draft.issue.ppid, pic, {{}, draft.pictures[at]});
     }
     intake->CommitBatch();
     draft.item.questionId = questionId;

@@ -36,8 +36,9 @@ public:
                                                                  const QString& axisX) = 0;
 
     [[nodiscard]] virtual std::vector<KX_DATA::CurrentDrawing> Drawings(qint32 ppid) = 0;
-    /// An empty drawing for an unknown checkpoint.
-    [[nodiscard]] virtual CheckpointPlace PlaceOfCheckpoint(qint32 checkpointId) = 0;
+    /// An empty drawing for a checkpoint of none of the projects.
+    [[nodiscard]] virtual CheckpointPlace PlaceOfCheckpoint(const site::Projects& projects,
+                                                            qint32 checkpointId) = 0;
 
     /// Newest first.
     [[nodiscard]] virtual std::vector<QString> RecentSearches(const QString& person) = 0;

@@ -6,7 +6,8 @@
 namespace site {
 
 /// Each operation is all or nothing, or part of the batch that is open; a crash leaves no row
-/// without its file. All operations throw DataError. Thread: the site's.
+/// without its file. What lies in another project than the one named is as unknown as what isn't
+/// there: Missing, with nothing changed. All operations throw DataError. Thread: the site's.
 class IIntake {
 public:
     virtual ~IIntake() = default;
@@ -28,18 +29,19 @@ public:
     /// Adds the floor too if it is missing; returns the position key.
     virtual QString AddPosition(const NewPosition& position) = 0;
     virtual qint32 AddDrawing(qint32 ppid, const QString& name, const FileSource& file = {}) = 0;
-    virtual qint32 AddCheckpoint(const NewCheckpoint& checkpoint) = 0;
+    virtual qint32 AddCheckpoint(qint32 ppid, const NewCheckpoint& checkpoint) = 0;
     virtual void SetSetting(const QString& key, const QString& value) = 0;
 
     /// Stores the picture and files the photo; returns its id. `voice`: an AMR note, or empty.
     virtual qint32 FilePhoto(const NewBimPhoto& photo, const FileSource& picture,
                              const FileSource& voice = {}) = 0;
-    virtual qint32 FilePdfPhoto(const NewPdfPhoto& photo, const FileSource& picture) = 0;
-    virtual void SetCheckpointVoice(qint32 checkpointId, const FileSource& voice) = 0;
+    virtual qint32 FilePdfPhoto(qint32 ppid, const NewPdfPhoto& photo,
+                                const FileSource& picture) = 0;
+    virtual void SetCheckpointVoice(qint32 ppid, qint32 checkpointId, const FileSource& voice) = 0;
     /// Returns the question id.
     virtual QString FileIssue(const NewIssue& issue, const FileSource& voice = {}) = 0;
     /// `thumb` may be empty: then the picture stands for it.
-    virtual QString FileIssuePic(const NewIssuePic& pic, const FileSource& picture,
+    virtual QString FileIssuePic(qint32 ppid, const NewIssuePic& pic, const FileSource& picture,
                                  const FileSource& thumb = {}) = 0;
 
     /// Photo ids and the like: 0 or empty where there is none.

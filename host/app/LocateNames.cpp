@@ -27,8 +27,9 @@ QString PhotoLocatedText(HostSession& session, const LocateTarget& target) {
 
 QString CheckpointLocatedText(HostSession& session, qint32 checkpointId) {
     site::CheckpointPlace place;
-    WithoutFault(session,
-                 [&] { place = session.Site().Catalogue().PlaceOfCheckpoint(checkpointId); });
+    WithoutFault(session, [&] {
+        place = session.Site().Catalogue().PlaceOfCheckpoint(session.OpenPpids(), checkpointId);
+    });
     return place.drawing.isEmpty()
                ? u"定位图纸上的检查点：已不存在"_s
                : u"定位图纸 %1 的检查点 %2"_s.arg(place.drawing, QString::number(place.number));

@@ -101,19 +101,24 @@ void PlanFiling::FileDrawings() {
                                                 drawing.name, {{}, MakeDrawing(drawing.sheet)}));
         m_onStep();
     }
+    std::vector<qint32> checkpointPpids;
     for (const PlannedCheckpoint& checkpoint : m_plan.checkpoints) {
         site::NewCheckpoint record = checkpoint.record;
-        record.drawingId = drawings[static_cast<size_t>(record.drawingId)];
+        const size_t drawing = static_cast<size_t>(record.drawingId);
+        const qint32 ppid = m_projects[static_cast<size_t>(m_plan.drawings[drawing].project)];
+        record.drawingId = drawings[drawing];
+        checkpointPpids.push_back(ppid);
         record.labelIds = LabelIds(record.labelIds);
-        m_checkpoints.push_back(m_intake->AddCheckpoint(record));
+        m_checkpoints.push_back(m_intake->AddCheckpoint(ppid, record));
         if (checkpoint.voice.milliseconds > 0) {
-            m_intake->SetCheckpointVoice(m_checkpoints.back(), VoiceOf(checkpoint.voice));
+            m_intake->SetCheckpointVoice(ppid, m_checkpoints.back(), VoiceOf(checkpoint.voice));
         }
     }
     for (const PlannedPdfPhoto& photo : m_plan.pdfPhotos) {
         site::NewPdfPhoto record = photo.record;
-        record.checkpointId = m_checkpoints[static_cast<size_t>(record.checkpointId)];
-        m_intake->FilePdfPhoto(record, NextPicture());
+        const size_t checkpoint = static_cast<size_t>(record.checkpointId);
+        record.checkpointId = m_checkpoints[checkpoint];
+        m_intake->FilePdfPhoto(checkpointPpids[checkpoint], record, NextPicture());
         m_onStep();
     }
 }
@@ -126,7 +131,7 @@ void PlanFiling::FileIssues() {
         for (const PlannedIssuePic& pic : issue.pics) {
             site::NewIssuePic picture = pic.record;
             picture.questionId = questionId;
-            m_intake->FileIssuePic(picture, NextPicture());
+            m_intake->FileIssuePic(record.ppid, picture, NextPicture());
         }
         m_onStep();
     }

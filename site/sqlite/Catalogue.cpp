@@ -116,12 +116,14 @@ std::vector<KX_DATA::CurrentDrawing> Catalogue::Drawings(qint32 ppid) {
     return drawings;
 }
 
-CheckpointPlace Catalogue::PlaceOfCheckpoint(qint32 checkpointId) {
+CheckpointPlace Catalogue::PlaceOfCheckpoint(const site::Projects& projects, qint32 checkpointId) {
     CheckpointPlace place;
-    m_database.ForEach(u"SELECT d.name, c.number FROM checkpoint c JOIN drawing d"
+    m_database.ForEach(u"SELECT d.name, c.number, d.ppid FROM checkpoint c JOIN drawing d"
                        " ON d.id = c.drawing_id WHERE c.id = ?"_s,
                        {checkpointId}, [&](const Statement& row) {
-                           place = {row.Text(0), row.Int(1)};
+                           if (Has(projects, row.Int(2))) {
+                               place = {row.Text(0), row.Int(1)};
+                           }
                        });
     return place;
 }

@@ -24,7 +24,8 @@ public:
     [[nodiscard]] std::vector<KX_DATA::AxisYEntry> AxesY(qint32 ppid, const QString& floor,
                                                          const QString& axisX) override;
     [[nodiscard]] std::vector<KX_DATA::CurrentDrawing> Drawings(qint32 ppid) override;
-    [[nodiscard]] CheckpointPlace PlaceOfCheckpoint(qint32 checkpointId) override;
+    [[nodiscard]] CheckpointPlace PlaceOfCheckpoint(const site::Projects& projects,
+                                                    qint32 checkpointId) override;
     [[nodiscard]] std::vector<QString> RecentSearches(const QString& person) override;
     void SaveRecentSearches(const QString& person, const std::vector<QString>& keywords) override;
     void LogAction(const LoggedAction& action) override;

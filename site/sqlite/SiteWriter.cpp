@@ -82,16 +82,14 @@ qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture
     });
 }
 
-qint32 SiteWriter::FilePdfPhoto(const NewPdfPhoto& photo, const FileSource& picture) {
+qint32 SiteWriter::FilePdfPhoto(qint32 ppid, const NewPdfPhoto& photo, const FileSource& picture) {
     if (!IsPlainFileName(photo.fileName)) {
         throw DataError(Fault::BadName, FaultText(Fault::BadName, photo.fileName.left(80)));
     }
     const StoredFile file = m_impl->Put(picture);
     const LastChange last(photo.uploader, photo.uploadTime, photo.updater, photo.updateTime);
     return m_impl->Change([&] {
-        const qint32 ppid = m_impl->Find(u"SELECT d.ppid FROM checkpoint c JOIN drawing d"
-                                         " ON d.id = c.drawing_id WHERE c.id = ?"_s,
-                                         {photo.checkpointId});
+        m_impl->RequireCheckpoint(ppid, photo.checkpointId);
         const qint64 id = m_impl->db.Insert(
             u"INSERT INTO pdf_photo (ppid, checkpoint_id, drawing_id, drawing_name, checkpoint_no,"
             " name, description, mark_id, file_uuid, state, status, uploader, uploaded, updater,"
@@ -101,9 +99,6 @@ qint32 SiteWriter::FilePdfPhoto(const NewPdfPhoto& photo, const FileSource& pict
             {photo.fileName, photo.description, file.uuid, photo.state, photo.status,
              photo.uploader, photo.uploadTime, photo.updater, photo.updateTime, last.person,
              last.time, photo.checkpointId});
-        if (ppid == 0) {
-            throw DataError(Fault::Missing, FaultText(Fault::Missing, u"检查点"_s));
-        }
         m_impl->InsertFile(file, FileKind::PdfPhoto, ppid, id);
         AddSearchRow(m_impl->db, ListKind::PdfPhotos, id);
         m_impl->Note(ChangeKind::PdfPhoto, ppid, id, last.person);
@@ -111,14 +106,12 @@ qint32 SiteWriter::FilePdfPhoto(const NewPdfPhoto& photo, const FileSource& pict
     });
 }
 
-void SiteWriter::SetCheckpointVoice(qint32 checkpointId, const FileSource& voice) {
+void SiteWriter::SetCheckpointVoice(qint32 ppid, qint32 checkpointId, const FileSource& voice) {
     const StoredFile note = m_impl->Put(voice);
     m_impl->Change([&] {
+        m_impl->RequireCheckpoint(ppid, checkpointId);
         m_impl->db.Exec(u"UPDATE checkpoint SET audio_uuid = ? WHERE id = ?"_s,
                         {note.uuid, checkpointId});
-        const qint32 ppid = m_impl->Find(u"SELECT d.ppid FROM checkpoint c JOIN drawing d"
-                                         " ON d.id = c.drawing_id WHERE c.id = ?"_s,
-                                         {checkpointId});
         m_impl->InsertFile(note, FileKind::CheckpointVoice, ppid, checkpointId);
         m_impl->Note(ChangeKind::Checkpoint, ppid, checkpointId);
         return true;
@@ -170,18 +163,14 @@ QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice) {
     });
 }
 
-QString SiteWriter::FileIssuePic(const NewIssuePic& pic, const FileSource& picture,
+QString SiteWriter::FileIssuePic(qint32 ppid, const NewIssuePic& pic, const FileSource& picture,
                                  const FileSource& thumb) {
     const StoredFile file = m_impl->Put(picture);
     const StoredFile small = m_impl->Put(thumb);
     return m_impl->Change([&] {
-        qint64 issueId = 0;
-        qint32 ppid = 0;
-        m_impl->db.ForEach(u"SELECT id, ppid FROM issue WHERE question_id = ?"_s, {pic.questionId},
-                           [&](const Statement& row) {
-                               issueId = row.Int64(0);
-                               ppid = row.Int(1);
-                           });
+        const qint64 issueId = m_impl->Find(
+            u"SELECT id FROM issue WHERE question_id = ? AND ppid = ?"_s, {pic.questionId, ppid});
+        RequireKnown(issueId != 0, u"问题"_s);
         const QString picId = NewStoreName();
         m_impl->db.Exec(u"INSERT INTO issue_pic (pic_id, issue_id, rectification, name, uploader,"
                         " uploaded, file_uuid, thumb_uuid) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"_s,

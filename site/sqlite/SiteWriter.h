@@ -29,14 +29,14 @@ public:
     void AddFloor(qint32 ppid, const QString& floor) override;
     QString AddPosition(const NewPosition& position) override;
     qint32 AddDrawing(qint32 ppid, const QString& name, const FileSource& file = {}) override;
-    qint32 AddCheckpoint(const NewCheckpoint& checkpoint) override;
+    qint32 AddCheckpoint(qint32 ppid, const NewCheckpoint& checkpoint) override;
     void SetSetting(const QString& key, const QString& value) override;
     qint32 FilePhoto(const NewBimPhoto& photo, const FileSource& picture,
                      const FileSource& voice = {}) override;
-    qint32 FilePdfPhoto(const NewPdfPhoto& photo, const FileSource& picture) override;
-    void SetCheckpointVoice(qint32 checkpointId, const FileSource& voice) override;
+    qint32 FilePdfPhoto(qint32 ppid, const NewPdfPhoto& photo, const FileSource& picture) override;
+    void SetCheckpointVoice(qint32 ppid, qint32 checkpointId, const FileSource& voice) override;
     QString FileIssue(const NewIssue& issue, const FileSource& voice = {}) override;
-    QString FileIssuePic(const NewIssuePic& pic, const FileSource& picture,
+    QString FileIssuePic(qint32 ppid, const NewIssuePic& pic, const FileSource& picture,
                          const FileSource& thumb = {}) override;
     [[nodiscard]] qint32 FindProject(const QString& name) override;
     [[nodiscard]] qint32 FindUser(const QString& name) override;

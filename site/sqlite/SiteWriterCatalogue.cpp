@@ -18,8 +18,11 @@ qint32 SiteWriter::AddDrawing(qint32 ppid, const QString& name, const FileSource
     });
 }
 
-qint32 SiteWriter::AddCheckpoint(const NewCheckpoint& checkpoint) {
+qint32 SiteWriter::AddCheckpoint(qint32 ppid, const NewCheckpoint& checkpoint) {
     return m_impl->Change([&] {
+        RequireKnown(m_impl->Find(u"SELECT ppid FROM drawing WHERE id = ?"_s,
+                                  {checkpoint.drawingId}) == ppid,
+                     u"图纸"_s);
         const qint64 id = m_impl->db.Insert(
             u"INSERT INTO checkpoint (drawing_id, number, description, remark, mark_id, x, y,"
             " updated, audio_uuid) VALUES (?, ?, ?, ?, ?, ?, ?, ?, '')"_s,
@@ -30,8 +33,6 @@ qint32 SiteWriter::AddCheckpoint(const NewCheckpoint& checkpoint) {
                             " VALUES (?, ?) ON CONFLICT DO NOTHING"_s,
                             {label, id});
         }
-        const qint32 ppid =
-            m_impl->Find(u"SELECT ppid FROM drawing WHERE id = ?"_s, {checkpoint.drawingId});
         m_impl->Note(ChangeKind::Checkpoint, ppid, id);
         return static_cast<qint32>(id);
     });

@@ -14,6 +14,13 @@ namespace site {
 
 using namespace Qt::StringLiterals;
 
+/// Throws Missing for what isn't there, or not in the project that was named.
+inline void RequireKnown(bool known, const QString& name) {
+    if (!known) {
+        throw DataError(Fault::Missing, FaultText(Fault::Missing, name));
+    }
+}
+
 /// Files that are on the disk before their rows are.
 class SiteWriter::Impl {
 public:
@@ -55,6 +62,13 @@ public:
             }
             throw;
         }
+    }
+
+    void RequireCheckpoint(qint32 ppid, qint32 checkpointId) {
+        RequireKnown(Find(u"SELECT d.ppid FROM checkpoint c JOIN drawing d ON d.id = c.drawing_id"
+                          " WHERE c.id = ?"_s,
+                          {checkpointId}) == ppid,
+                     u"检查点"_s);
     }
 
     void InsertFile(const StoredFile& file, FileKind kind, qint32 ppid, qint64 owner) {

@@ -113,7 +113,7 @@ void BulkFiller::AddCheckpoints() {
                 point.number = number;
                 point.markId = 1 + m_random.Skewed(kMarks);
                 point.labelIds = {1 + m_random.Skewed(kLabels)};
-                writer.AddCheckpoint(point);
+                writer.AddCheckpoint(ppid, point);
             }
         }
     }

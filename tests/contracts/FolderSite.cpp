@@ -118,13 +118,17 @@ QString FolderSite::AddPosition(const site::NewPosition& position) {
 }
 
 qint32 FolderSite::AddDrawing(qint32 ppid, const QString& name) {
-    return m_writer->AddDrawing(ppid, name);
+    const qint32 id = m_writer->AddDrawing(ppid, name);
+    m_drawings[id] = ppid;
+    return id;
 }
 
 qint32 FolderSite::AddCheckpoint(const site::NewCheckpoint& checkpoint, const QByteArray& voice) {
-    const qint32 id = m_writer->AddCheckpoint(checkpoint);
+    const qint32 ppid = m_drawings.at(checkpoint.drawingId);
+    const qint32 id = m_writer->AddCheckpoint(ppid, checkpoint);
+    m_checkpoints[id] = ppid;
     if (!voice.isEmpty()) {
-        m_writer->SetCheckpointVoice(id, {{}, voice});
+        m_writer->SetCheckpointVoice(ppid, id, {{}, voice});
     }
     return id;
 }
@@ -135,15 +139,17 @@ qint32 FolderSite::AddPhoto(const site::NewBimPhoto& photo, const QByteArray& pi
 }
 
 qint32 FolderSite::AddPdfPhoto(const site::NewPdfPhoto& photo, const QByteArray& picture) {
-    return m_writer->FilePdfPhoto(photo, {{}, picture});
+    return m_writer->FilePdfPhoto(m_checkpoints.at(photo.checkpointId), photo, {{}, picture});
 }
 
 QString FolderSite::AddIssue(const site::NewIssue& issue, const QByteArray& voice) {
-    return m_writer->FileIssue(issue, {{}, voice});
+    const QString id = m_writer->FileIssue(issue, {{}, voice});
+    m_issues[id] = issue.ppid;
+    return id;
 }
 
 void FolderSite::AddIssuePic(const site::NewIssuePic& pic, const QByteArray& picture) {
-    m_writer->FileIssuePic(pic, {{}, picture});
+    m_writer->FileIssuePic(m_issues.at(pic.questionId), pic, {{}, picture});
 }
 
 void FolderSite::Fill(const std::function<void()>& filing) {

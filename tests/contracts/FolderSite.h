@@ -10,6 +10,8 @@
 
 #include <QTemporaryDir>
 
+#include <map>
+
 namespace contracts {
 
 class OtherConnection;
@@ -45,6 +47,10 @@ private:
     QTemporaryDir m_dir;
     host::HostSession m_session;
     std::unique_ptr<site::SiteWriter> m_writer;
+    // Whose they are: the fixtures name drawings, points and issues alone.
+    std::map<qint32, qint32> m_drawings;
+    std::map<qint32, qint32> m_checkpoints;
+    std::map<QString, qint32> m_issues;
     std::unique_ptr<OtherConnection> m_other;
     qint32 m_workset = 0;
     // A view is a window of the client; the services only hand it on.

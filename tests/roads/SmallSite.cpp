@@ -48,11 +48,11 @@ void AddOthers(site::SiteWriter& writer, const SmallSite& site) {
     point.drawingId = writer.AddDrawing(site.firstProject, u"一层平面图"_s);
     point.number = 1;
     site::NewPdfPhoto photo;
-    photo.checkpointId = writer.AddCheckpoint(point);
+    photo.checkpointId = writer.AddCheckpoint(site.firstProject, point);
     photo.fileName = u"图纸照片.jpg"_s;
     photo.uploader = u"张伟"_s;
     photo.uploadTime = kFirstTime;
-    writer.FilePdfPhoto(photo, {QString(), JpegBytes(qRgb(1, 2, 3))});
+    writer.FilePdfPhoto(site.firstProject, photo, {QString(), JpegBytes(qRgb(1, 2, 3))});
     for (const QString& floor : {u"-1"_s, u"1"_s}) {
         site::NewIssue issue;
         issue.ppid = site.firstProject;

@@ -216,9 +216,9 @@ TEST(Bin, DrawingPhotosOfAnotherProjectStay) {
     NewCheckpoint point;
     point.drawingId = writer.AddDrawing(site.ppid, u"一层平面"_s);
     NewPdfPhoto photo;
-    photo.checkpointId = writer.AddCheckpoint(point);
+    photo.checkpointId = writer.AddCheckpoint(site.ppid, point);
     photo.fileName = u"p.jpg"_s;
-    const qint32 picId = writer.FilePdfPhoto(photo, {{}, "x"});
+    const qint32 picId = writer.FilePdfPhoto(site.ppid, photo, {{}, "x"});
     EXPECT_EQ(site.bin.DeletePdfPhotos(site.ppid + 1, {picId}, {u"li"_s, kNow}), 0);
     EXPECT_EQ(site.bin.DeletePdfPhotos(site.ppid, {picId}, {u"li"_s, kNow}), 1);
     EXPECT_EQ(site.bin.Restore({site.bin.List().front().id}), 1);
@@ -234,8 +234,9 @@ TEST(Bin, AnIssueComesBackWithPicturesAndRectification) {
     issue.rectifier = u"wang"_s;
     issue.rectifyText = u"已修补"_s;
     const QString questionId = writer.FileIssue(issue, {{}, "amr"});
-    writer.FileIssuePic({questionId, false, u"a.jpg"_s, u"li"_s, 1}, {{}, "one"});
-    writer.FileIssuePic({questionId, true, u"b.jpg"_s, u"li"_s, 1}, {{}, "two"}, {{}, "small"});
+    writer.FileIssuePic(site.ppid, {questionId, false, u"a.jpg"_s, u"li"_s, 1}, {{}, "one"});
+    writer.FileIssuePic(site.ppid, {questionId, true, u"b.jpg"_s, u"li"_s, 1}, {{}, "two"},
+                        {{}, "small"});
     const qint64 files = site.Count(u"file"_s);
 
     EXPECT_EQ(site.bin.DeleteIssues({site.ppid}, {questionId}, {u"li"_s, kNow}), 1);

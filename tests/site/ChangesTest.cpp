@@ -102,14 +102,14 @@ TEST(Changes, EveryKindOfChangeIsToldAsWhatItIs) {
     NewCheckpoint point;
     point.drawingId = site.writer.AddDrawing(site.ppid, u"首层"_s);
     EXPECT_EQ(site.Told(), QStringList{site.Line(ChangeKind::Drawing, site.ppid, point.drawingId)});
-    const qint32 checkpoint = site.writer.AddCheckpoint(point);
+    const qint32 checkpoint = site.writer.AddCheckpoint(site.ppid, point);
     EXPECT_EQ(site.Told(), QStringList{site.Line(ChangeKind::Checkpoint, site.ppid, checkpoint)});
     NewPdfPhoto onPoint;
     onPoint.checkpointId = checkpoint;
     onPoint.fileName = u"p.jpg"_s;
     onPoint.uploader = u"wang"_s;
     onPoint.uploadTime = kChanged;
-    const qint32 pdf = site.writer.FilePdfPhoto(onPoint, {{}, "jpeg"});
+    const qint32 pdf = site.writer.FilePdfPhoto(site.ppid, onPoint, {{}, "jpeg"});
     EXPECT_EQ(site.Told(), QStringList{site.Line(ChangeKind::PdfPhoto, site.ppid, pdf, u"wang"_s)});
     KX_DATA::CheckpointEdit edit;
     edit.checkpointId = checkpoint;

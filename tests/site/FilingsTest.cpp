@@ -128,9 +128,12 @@ TEST(Filings, AnIssueSaysItsComponentAndItsFirstPicture) {
     issue.componentName = u"梁"_s;
     issue.markId = 4;
     const QString questionId = site.intake->FileIssue(issue);
-    site.intake->FileIssuePic({questionId, true, u"r.jpg"_s, u"li"_s, kFiled}, {{}, "after"});
-    site.intake->FileIssuePic({questionId, false, u"p.jpg"_s, u"li"_s, kFiled}, {{}, "picture"});
-    site.intake->FileIssuePic({questionId, false, u"q.jpg"_s, u"li"_s, kFiled}, {{}, "second one"});
+    site.intake->FileIssuePic(site.ppid, {questionId, true, u"r.jpg"_s, u"li"_s, kFiled},
+                              {{}, "after"});
+    site.intake->FileIssuePic(site.ppid, {questionId, false, u"p.jpg"_s, u"li"_s, kFiled},
+                              {{}, "picture"});
+    site.intake->FileIssuePic(site.ppid, {questionId, false, u"q.jpg"_s, u"li"_s, kFiled},
+                              {{}, "second one"});
     const Filings filings = site.engine.Filings().After(0, kAll).filings;
     ASSERT_EQ(filings.size(), 1U) << "pictures are no issues of their own";
     const Filing& filing = filings.front();

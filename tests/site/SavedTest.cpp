@@ -1,5 +1,7 @@
 #include "site/IBimPhotos.h"
 #include "site/IBin.h"
+#include "site/ICatalogue.h"
+#include "site/IIntake.h"
 #include "site/IIssues.h"
 #include "site/IPdfPhotos.h"
 #include "site/sqlite/Database.h"
@@ -29,16 +31,17 @@ struct FiledSite : TempSite {
         photo.uploadTime = kFiled;
         picId = writer.FilePhoto(photo, {{}, "jpeg"});
         NewCheckpoint point;
-        point.drawingId = writer.AddDrawing(ppid, u"首层"_s);
+        drawingId = writer.AddDrawing(ppid, u"首层"_s);
+        point.drawingId = drawingId;
         point.number = 1;
         point.updateTime = kFiled;
-        checkpointId = writer.AddCheckpoint(point);
+        checkpointId = writer.AddCheckpoint(ppid, point);
         NewPdfPhoto onPoint;
         onPoint.checkpointId = checkpointId;
         onPoint.fileName = u"b.jpg"_s;
         onPoint.uploader = u"li"_s;
         onPoint.uploadTime = kFiled;
-        pdfPicId = writer.FilePdfPhoto(onPoint, {{}, "jpeg"});
+        pdfPicId = writer.FilePdfPhoto(ppid, onPoint, {{}, "jpeg"});
         NewIssue issue;
         issue.ppid = ppid;
         issue.theme = u"裂缝"_s;
@@ -86,6 +89,7 @@ struct FiledSite : TempSite {
     qint32 ppid = 0;
     qint32 other = 0;
     qint32 picId = 0;
+    qint32 drawingId = 0;
     qint32 checkpointId = 0;
     qint32 pdfPicId = 0;
     QString questionId;
@@ -201,6 +205,51 @@ TEST(Projects, WhatBelongsToNoneOfThemIsUnknown) {
     EXPECT_EQ(site.engine.Bin().DeleteIssues({site.other}, {site.questionId}, by), 0);
     EXPECT_EQ(site.engine.Bin().DeleteIssues({}, {site.questionId}, by), 0);
     EXPECT_TRUE(site.engine.Bin().List().empty());
+}
+
+TEST(Projects, NothingIsFiledOnWhatLiesInAnother) {
+    FiledSite site;
+    const auto writer = site.engine.NewIntake();
+    const auto faultOf = [](const auto& filing) {
+        try {
+            filing();
+        } catch (const DataError& error) {
+            return error.GetFault();
+        }
+        return Fault::Other;
+    };
+    NewCheckpoint point;
+    point.drawingId = site.drawingId;
+    NewPdfPhoto photo;
+    photo.checkpointId = site.checkpointId;
+    photo.fileName = u"c.jpg"_s;
+    NewIssuePic pic;
+    pic.questionId = site.questionId;
+    const FileSource file{{}, "bytes"};
+    const auto files = [&] {
+        return site.folder.Db().Value(u"SELECT count(*) FROM file"_s).toInt();
+    };
+    const int before = files();
+    EXPECT_EQ(faultOf([&] { writer->AddCheckpoint(site.other, point); }), Fault::Missing);
+    EXPECT_EQ(faultOf([&] { writer->FilePdfPhoto(site.other, photo, file); }), Fault::Missing);
+    EXPECT_EQ(faultOf([&] { writer->SetCheckpointVoice(site.other, site.checkpointId, file); }),
+              Fault::Missing);
+    EXPECT_EQ(faultOf([&] { writer->FileIssuePic(site.other, pic, file); }), Fault::Missing);
+    EXPECT_EQ(files(), before);
+    EXPECT_NE(writer->AddCheckpoint(site.ppid, point), 0);
+    EXPECT_NE(writer->FilePdfPhoto(site.ppid, photo, file), 0);
+    writer->SetCheckpointVoice(site.ppid, site.checkpointId, file);
+    EXPECT_FALSE(writer->FileIssuePic(site.ppid, pic, file).isEmpty());
+    EXPECT_EQ(files(), before + 3);
+}
+
+TEST(Projects, ACheckpointHasAPlaceInItsOwnAlone) {
+    FiledSite site;
+    ICatalogue& catalogue = site.engine.Catalogue();
+    EXPECT_EQ(catalogue.PlaceOfCheckpoint({site.ppid}, site.checkpointId).drawing, u"首层"_s);
+    EXPECT_EQ(catalogue.PlaceOfCheckpoint({site.ppid}, site.checkpointId).number, 1);
+    EXPECT_EQ(catalogue.PlaceOfCheckpoint({site.other}, site.checkpointId).drawing, QString());
+    EXPECT_EQ(catalogue.PlaceOfCheckpoint({}, site.checkpointId).number, 0);
 }
 
 } // namespace

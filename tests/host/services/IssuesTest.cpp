@@ -119,7 +119,7 @@ TEST(IssueDetail, IsReadWithVoicePicturesAndRectificationAndLeavesTheCallersFiel
     issue.rectifyText = u"已修补"_s;
     issue.state = 2;
     const QString id = site.writer->FileIssue(issue, {{}, "amr"});
-    site.writer->FileIssuePic({id, false, u"a.jpg"_s, u"zhang"_s, 5}, {{}, "abc"});
+    site.writer->FileIssuePic(issue.ppid, {id, false, u"a.jpg"_s, u"zhang"_s, 5}, {{}, "abc"});
     KX_DATA::QuestionDetail detail;
     detail.questionId = u"mine"_s;
     detail.ppid = 77;

@@ -23,12 +23,12 @@ public:
         point.number = 7;
         point.markId = 1;
         point.labelIds = {label};
-        points.push_back(writer->AddCheckpoint(point));
+        points.push_back(writer->AddCheckpoint(first, point));
         point.drawingId = drawings[1];
         point.number = 12;
         point.markId = 2;
         point.labelIds = {};
-        points.push_back(writer->AddCheckpoint(point));
+        points.push_back(writer->AddCheckpoint(first, point));
     }
 
     qint32 AddPdf(size_t place, const QString& name) {
@@ -37,7 +37,7 @@ public:
         photo.fileName = name;
         photo.uploader = u"zhang"_s;
         photo.uploadTime = 1700000000;
-        return writer->FilePdfPhoto(photo, {{}, "jpeg"});
+        return writer->FilePdfPhoto(first, photo, {{}, "jpeg"});
     }
 
     [[nodiscard]] KX_DATA::PdfQueryFilter PdfFilter() const {
@@ -63,7 +63,7 @@ public:
 
 TEST(PdfPics, ARowTellsThePhotoItsPointAndItsDrawing) {
     PdfSite site;
-    site.writer->SetCheckpointVoice(site.points[0], {{}, "amr"});
+    site.writer->SetCheckpointVoice(site.first, site.points[0], {{}, "amr"});
     const qint32 picId = site.AddPdf(0, u"a.jpg"_s);
     const auto rows = site.Query(site.PdfFilter());
     ASSERT_EQ(rows.size(), 1u);

@@ -137,7 +137,7 @@ public:
         onPoint.fileName = photo.fileName;
         onPoint.uploader = photo.uploader;
         onPoint.uploadTime = photo.uploadTime;
-        writer.FilePdfPhoto(onPoint, Content(u"drawing picture"_s));
+        writer.FilePdfPhoto(kProject, onPoint, Content(u"drawing picture"_s));
         writer.CommitBatch();
     }
 
@@ -154,7 +154,8 @@ public:
         issue.rectifier = u"li"_s;
         writer.FileIssue(issue, Content(u"issue voice"_s));
         for (const bool rectification : {false, true}) {
-            writer.FileIssuePic({issue.questionId, rectification, u"a.jpg"_s, u"li"_s, kStart},
+            writer.FileIssuePic(kProject,
+                                {issue.questionId, rectification, u"a.jpg"_s, u"li"_s, kStart},
                                 Content(rectification ? u"after"_s : u"before"_s),
                                 Content(rectification ? u"small after"_s : u"small before"_s));
         }
@@ -208,7 +209,7 @@ void FillSite(site::DataFolder& folder) {
     point.drawingId = writer.AddDrawing(kProject, u"首层"_s);
     point.number = 1;
     point.updateTime = kStart;
-    writer.AddCheckpoint(point);
+    writer.AddCheckpoint(kProject, point);
     for (int number = -4; number < 0; ++number) {
         Deed deed(folder, number);
         deed.FilePhotos();
