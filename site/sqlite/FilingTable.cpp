@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kKeptLines = 100'000;
+constexpr qint64 kKeptFilings = 100'000;
 
 } // namespace
 
@@ -18,12 +18,13 @@ void FilingTable::Note(Database& database, ChangeKind kind, qint32 ppid, qint64 
 }
 
 void FilingTable::Trim(Database& database) {
-    if (database.Value(u"SELECT max(seq) - min(seq) FROM filing"_s).toLongLong() < 2 * kKeptLines) {
+    if (database.Value(u"SELECT max(seq) - min(seq) FROM filing"_s).toLongLong() <
+        2 * kKeptFilings) {
         return;
     }
     Transaction transaction(database);
     database.Exec(u"DELETE FROM filing WHERE seq <= (SELECT max(seq) FROM filing) - ?"_s,
-                  {kKeptLines});
+                  {kKeptFilings});
     transaction.Commit();
 }
 
