@@ -14,8 +14,8 @@ namespace {
 using namespace Qt::StringLiterals;
 using hosttest::TempSite;
 
-constexpr qint64 kFiled = 1'700'000'000;
-constexpr qint64 kLater = kFiled + 60;
+constexpr qint64 kFiledAt = 1'700'000'000;
+constexpr qint64 kLater = kFiledAt + 60;
 
 /// A photo, a checkpoint with a photo, and an issue in the first of two projects.
 struct FiledSite : TempSite {
@@ -28,25 +28,25 @@ struct FiledSite : TempSite {
         photo.ppid = ppid;
         photo.fileName = u"a.jpg"_s;
         photo.uploader = u"li"_s;
-        photo.uploadTime = kFiled;
+        photo.uploadTime = kFiledAt;
         picId = writer.FilePhoto(photo, {{}, "jpeg"});
         NewCheckpoint point;
         drawingId = writer.AddDrawing(ppid, u"首层"_s);
         point.drawingId = drawingId;
         point.number = 1;
-        point.updateTime = kFiled;
+        point.updateTime = kFiledAt;
         checkpointId = writer.AddCheckpoint(ppid, point);
         NewPdfPhoto onPoint;
         onPoint.checkpointId = checkpointId;
         onPoint.fileName = u"b.jpg"_s;
         onPoint.uploader = u"li"_s;
-        onPoint.uploadTime = kFiled;
+        onPoint.uploadTime = kFiledAt;
         pdfPicId = writer.FilePdfPhoto(ppid, onPoint, {{}, "jpeg"});
         NewIssue issue;
         issue.ppid = ppid;
         issue.theme = u"裂缝"_s;
         issue.creator = u"li"_s;
-        issue.createTime = kFiled;
+        issue.createTime = kFiledAt;
         questionId = writer.FileIssue(issue);
     }
     [[nodiscard]] KX_DATA::BimPicUpdate Named(const QString& name) const {
@@ -98,7 +98,7 @@ struct FiledSite : TempSite {
 TEST(Saved, APhotoIsSavedOverWhatWasSeenAndNotOverWhatSomebodySavedInTheSameSecond) {
     FiledSite site;
     IBimPhotos& photos = site.engine.BimPhotos();
-    const Signature by{u"li"_s, kFiled};
+    const Signature by{u"li"_s, kFiledAt};
     const auto seen = site.PhotoSeen();
     ASSERT_TRUE(seen);
     EXPECT_EQ(photos.Update(site.ppid, site.Named(u"1.jpg"_s), by, seen), Saved::Yes);
@@ -114,7 +114,7 @@ TEST(Saved, APhotoIsSavedOverWhatWasSeenAndNotOverWhatSomebodySavedInTheSameSeco
 TEST(Saved, ADrawingPhotoToo) {
     FiledSite site;
     IPdfPhotos& photos = site.engine.PdfPhotos();
-    const Signature by{u"li"_s, kFiled};
+    const Signature by{u"li"_s, kFiledAt};
     const auto seen = site.PdfPhotoSeen();
     ASSERT_TRUE(seen);
     KX_DATA::PdfPicDetail place;
@@ -133,7 +133,7 @@ TEST(Saved, ADrawingPhotoToo) {
 TEST(Saved, ACheckpointToo) {
     FiledSite site;
     IPdfPhotos& photos = site.engine.PdfPhotos();
-    const Signature by{u"li"_s, kFiled};
+    const Signature by{u"li"_s, kFiledAt};
     const auto seen = site.CheckpointSeen();
     ASSERT_TRUE(seen);
     EXPECT_EQ(photos.UpdateCheckpoint({site.ppid}, site.Remarked(u"一"_s), by, seen), Saved::Yes);
@@ -264,7 +264,7 @@ TEST(Filed, RowAndDetailOfAPhotoSayWhatAndWhereAndByWhom) {
     photo.description = u"空鼓"_s;
     photo.positionKey = u"two"_s;
     photo.uploader = u"wang"_s;
-    photo.uploadTime = kFiled;
+    photo.uploadTime = kFiledAt;
     const qint32 picId = writer.FilePhoto(photo, {{}, "jpeg"});
     SqliteSite engine(site.folder);
     const auto rows = engine.BimPhotos().Rows({photo.ppid}, {picId});
@@ -277,7 +277,7 @@ TEST(Filed, RowAndDetailOfAPhotoSayWhatAndWhereAndByWhom) {
     KX_DATA::BimPicDetail detail;
     ASSERT_TRUE(engine.BimPhotos().Detail(photo.ppid, picId, detail));
     EXPECT_EQ(detail.uploaderName, u"wang"_s);
-    EXPECT_EQ(detail.uploadTime, kFiled);
+    EXPECT_EQ(detail.uploadTime, kFiledAt);
 }
 
 } // namespace site
