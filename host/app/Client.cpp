@@ -5,6 +5,7 @@
 #include "host/app/LocateNames.h"
 #include "host/app/MarkFlow.h"
 #include "host/app/PlanReader.h"
+#include "host/app/ReminderFlow.h"
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/ActionLogModel.h"
 #include "host/ui/MainWindow.h"
@@ -30,6 +31,9 @@ namespace host {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Between two times that the marks are drawn anew, milliseconds.
+constexpr int kMarksPauseMs = 300;
 
 MessageKind KindOf(MessageLevel level) {
     switch (level) {
@@ -62,8 +66,9 @@ void TellAtTheActiveWindow(const QString& text) {
 } // namespace
 
 Client::Client(HostSession& hostSession)
-    : m_session(hostSession), m_serving(hostSession), m_axes(hostSession),
-      m_binSource(hostSession) {}
+    : m_session(hostSession), m_serving(hostSession), m_axes(hostSession), m_binSource(hostSession),
+      m_photoMarks(kMarksPauseMs, [this] { ReadPhotoMarks(); }),
+      m_issueMarks(kMarksPauseMs, [this] { ReadIssueMarks(); }) {}
 
 Client::~Client() {
     Stop();
@@ -90,6 +95,8 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     m_marks =
         std::make_unique<MarkFlow>(MarkFlow::Parts{m_session, m_window->Marks(), *m_view, m_hub,
                                                    *m_module.Pictures(), *m_module.PictureData()});
+    m_reminders = std::make_unique<ReminderFlow>(
+        ReminderFlow::Parts{m_session, *m_window, lent, *m_module.Pictures()});
     m_window->SetUserName(m_session.UserName());
     m_window->SetDataFolder(m_session.Site().Place());
     BringBackLayout();
@@ -106,6 +113,10 @@ void Client::Stop() {
     KeepLayout();
     if (m_marks) {
         m_marks->Keep();
+    }
+    if (m_reminders) {
+        m_reminders->Keep();
+        m_reminders.reset();
     }
     m_window->CloseOtherWindows();
     m_hub.Clear();
@@ -200,19 +211,10 @@ void Client::ConnectSession() {
 }
 
 void Client::ConnectSink() {
-    const auto tell = [this](const QString& what) {
-        m_window->ShowStatus(u"已刷新%1标识"_s.arg(what));
-    };
-    connect(&m_sink, &PictureSink::BimMarksChanged, this, [this, tell] {
-        tell(u"照片"_s);
-        ReadPlan();
-        m_marks->Reload(MarkKind::Photos);
-    });
-    connect(&m_sink, &PictureSink::IssueMarksChanged, this, [this, tell] {
-        tell(u"问题"_s);
-        m_marks->Reload(MarkKind::Issues);
-    });
-    connect(&m_sink, &PictureSink::PdfMarksChanged, this, [tell] { tell(u"图纸"_s); });
+    connect(&m_sink, &PictureSink::BimMarksChanged, this, [this] { m_photoMarks.Ask(); });
+    connect(&m_sink, &PictureSink::IssueMarksChanged, this, [this] { m_issueMarks.Ask(); });
+    connect(&m_sink, &PictureSink::PdfMarksChanged, this,
+            [this] { m_window->ShowStatus(u"已刷新图纸标识"_s); });
     connect(&m_sink, &PictureSink::DrawingWanted, this, &Client::BringUpDrawing);
     connect(&m_sink, &PictureSink::MarkWanted, this,
             [this](const QString& floor, qint32 markId, qint32 picId) {
@@ -262,6 +264,7 @@ void Client::ProjectChanged() {
     ReadDrawings();
     ReadPlan();
     m_marks->ProjectChanged();
+    m_reminders->ProjectChanged();
     m_window->ShowStatus(m_session.CurrentProject().ppid == 0 ? u"没有打开的工程"_s : u"就绪"_s);
 }
 
@@ -311,6 +314,21 @@ void Client::BringUpDrawing(qint32 drawingId) {
 void Client::ReadPlan() {
     m_window->Plan().SetModel(ReadFloorPlan(m_session, m_axes));
     EnableCommands();
+}
+
+void Client::ReadPhotoMarks() {
+    if (m_marks) {
+        m_window->ShowStatus(u"已刷新照片标识"_s);
+        ReadPlan();
+        m_marks->Reload(MarkKind::Photos);
+    }
+}
+
+void Client::ReadIssueMarks() {
+    if (m_marks) {
+        m_window->ShowStatus(u"已刷新问题标识"_s);
+        m_marks->Reload(MarkKind::Issues);
+    }
 }
 
 void Client::ReadAnew() {

@@ -1,6 +1,7 @@
 // The client at work: session, windows and module held together.
 #pragma once
 
+#include "host/app/Calmed.h"
 #include "host/app/ModuleLoader.h"
 #include "host/app/PlanAxes.h"
 #include "host/app/ProjectChoices.h"
@@ -26,6 +27,7 @@ class HostSession;
 class ImportFlow;
 class MainWindow;
 class MarkFlow;
+class ReminderFlow;
 
 /// Makes the main window over a session whose folder is open and whose user is signed in, loads the
 /// module and carries orders from one to the other. Start and Stop keep the order in which things
@@ -71,6 +73,8 @@ private:
     void TakeDrawing(int index);
     void BringUpDrawing(qint32 drawingId);
     void ReadPlan();
+    void ReadPhotoMarks();
+    void ReadIssueMarks();
     /// After a change of the data by the client itself.
     void ReadAnew();
     void EnableCommands();
@@ -84,10 +88,14 @@ private:
     PictureSink m_sink;
     ObserverHub m_hub;
     ModuleLoader m_module;
+    /// Of many reminders each tells of its mark.
+    Calmed m_photoMarks;
+    Calmed m_issueMarks;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<FloorPlanView> m_view;
     std::unique_ptr<ImportFlow> m_imports;
     std::unique_ptr<MarkFlow> m_marks;
+    std::unique_ptr<ReminderFlow> m_reminders;
     QPointer<BinWindow> m_binWindow;
     std::vector<ProjectChoice> m_choices;
     std::vector<KX_DATA::CurrentDrawing> m_drawings;

@@ -2,6 +2,7 @@
 
 #include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
+#include "host/app/ReminderFlow.h"
 #include "host/ui/HelpWindows.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
@@ -75,6 +76,12 @@ void Client::ObeyHost(Command command) {
     case Command::Refresh:
         ReadAnew();
         m_window->ShowStatus(u"平面图已刷新"_s);
+        break;
+    case Command::CatchUp:
+        m_window->ToggleCatchUp();
+        break;
+    case Command::MarkAllRead:
+        m_reminders->MarkAllRead();
         break;
     case Command::ClearMessages:
         m_window->Messages().Clear();

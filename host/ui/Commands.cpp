@@ -8,6 +8,7 @@ const std::vector<CommandRow>& CommandTable() {
     static const QString file = u"文件(&F)"_s;
     static const QString console = u"控制台(&C)"_s;
     static const QString view = u"视图(&V)"_s;
+    static const QString reminders = u"提醒(&R)"_s;
     static const QString help = u"帮助(&H)"_s;
     static const std::vector<CommandRow> rows = {
         {Command::NewProject,
@@ -71,6 +72,15 @@ const std::vector<CommandRow>& CommandTable() {
          u"close"_s,
          Qt::CTRL | Qt::Key_M,
          u"关闭消息栏中的所有消息"_s,
+         {}},
+        {Command::CatchUp, reminders, u"新到提醒"_s, u"bell"_s, Qt::CTRL | Qt::Key_R,
+         u"列出其他人新上传的照片和新提出的问题"_s, u"新到"_s},
+        {Command::MarkAllRead,
+         reminders,
+         u"全部标为已读"_s,
+         {},
+         Qt::CTRL | Qt::SHIFT | Qt::Key_R,
+         u"把新到提醒中的所有照片和问题标为已读"_s,
          {}},
         {Command::Keys, help, u"快捷键"_s, u"info"_s, Qt::Key_F1, u"列出所有快捷键"_s, {}},
         {Command::About, help, u"关于"_s, {}, {}, u"版本与数据文件夹"_s, {}},

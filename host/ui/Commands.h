@@ -22,6 +22,8 @@ enum class Command {
     Bin,
     Refresh,
     ClearMessages,
+    CatchUp,     ///< what others filed
+    MarkAllRead, ///< of it
     Keys,
     About,
 };

@@ -2,6 +2,7 @@
 
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/MessageBar.h"
+#include "host/ui/catchup/CatchUpDock.h"
 #include "host/ui/marks/MarkPanelDock.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "include/KXEvents.h"
@@ -92,6 +93,10 @@ void MainWindow::MakeCentre() {
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     m_marks = new MarkPanelDock(this);
     addDockWidget(Qt::RightDockWidgetArea, m_marks);
+    m_catchUp = new CatchUpDock(this);
+    addDockWidget(Qt::RightDockWidgetArea, m_catchUp);
+    tabifyDockWidget(m_marks, m_catchUp);
+    m_marks->raise();
     resizeDocks({m_marks}, {268}, Qt::Horizontal);
 }
 
@@ -130,6 +135,24 @@ void MainWindow::MakeMenus() {
     SetDrawings({}, -1);
 
     AddPanelsToMenu();
+    AddRemindersToMenu();
+}
+
+void MainWindow::AddRemindersToMenu() {
+    QMenu* menu = MenuNamed(u"提醒(&R)"_s);
+    menu->addSeparator();
+    const auto add = [&](const QString& text, const QString& tip, const QString& name) {
+        QAction* action = menu->addAction(text);
+        action->setObjectName(name);
+        action->setCheckable(true);
+        action->setChecked(true);
+        action->setToolTip(tip);
+        return action;
+    };
+    m_photoReminders =
+        add(u"弹出照片提醒"_s, u"其他人上传照片时在屏幕右下角弹出提醒"_s, u"photoReminders"_s);
+    m_issueReminders =
+        add(u"弹出TN问题提醒"_s, u"其他人提出问题时在屏幕右下角弹出提醒"_s, u"issueReminders"_s);
 }
 
 void MainWindow::AddPanelsToMenu() {
@@ -170,8 +193,9 @@ void MainWindow::MakeToolbar() {
     connect(m_projectCombo, &QComboBox::activated, this, &MainWindow::ProjectChosen);
 
     for (const Command command : {Command::BimConsole, Command::PdfConsole, Command::IssueConsole,
-                                  Command::Import, Command::Bin}) {
-        if (command == Command::BimConsole || command == Command::Import) {
+                                  Command::Import, Command::Bin, Command::CatchUp}) {
+        if (command == Command::BimConsole || command == Command::Import ||
+            command == Command::CatchUp) {
             bar->addSeparator();
         }
         QAction* action = m_actions[command];
@@ -249,8 +273,25 @@ void MainWindow::ShowStatus(const QString& text) {
     statusBar()->showMessage(text);
 }
 
+void MainWindow::ShowUnread(const QString& count) {
+    m_catchUp->ShowUnread(count);
+    m_actions[Command::CatchUp]->setIconText(count.isEmpty() ? u"新到"_s : u"新到 %1"_s.arg(count));
+    m_actions[Command::MarkAllRead]->setEnabled(!count.isEmpty());
+}
+
+void MainWindow::ToggleCatchUp() {
+    // Behind another tab a dock is visible to Qt and to nobody else.
+    const bool isInFront = m_catchUp->isVisible() && !m_catchUp->visibleRegion().isEmpty();
+    m_catchUp->setVisible(!isInFront);
+    m_catchUp->raise();
+}
+
 qintptr MainWindow::OnNumberedEvent(const toolkit::WindowEvent& event) {
     using namespace ZelvorNRQ_KXVeskPicture;
+    if (event.number == WM_VESK_PIC_MSG || event.number == WM_VESK_TN_MSG) {
+        emit RemindersReady(event.number == WM_VESK_PIC_MSG);
+        return 0;
+    }
     if (event.number != WM_VESK_PIC_LOCATE) {
         return 0;
     }

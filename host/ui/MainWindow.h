@@ -9,6 +9,7 @@
 
 #include <map>
 
+class QAction;
 class QActionGroup;
 class QComboBox;
 class QLabel;
@@ -17,6 +18,7 @@ class QMenu;
 namespace host {
 
 class ActionLogDock;
+class CatchUpDock;
 class FloorPlanPane;
 class MarkPanelDock;
 class MessageBar;
@@ -36,6 +38,10 @@ public:
     [[nodiscard]] FloorPlanPane& Plan() const { return *m_plan; }
     [[nodiscard]] ActionLogDock& ActionLog() const { return *m_actionLog; }
     [[nodiscard]] MarkPanelDock& Marks() const { return *m_marks; }
+    [[nodiscard]] CatchUpDock& CatchUpList() const { return *m_catchUp; }
+    /// Checked: toasts of photos, of issues.
+    [[nodiscard]] QAction& PhotoReminders() const { return *m_photoReminders; }
+    [[nodiscard]] QAction& IssueReminders() const { return *m_issueReminders; }
     [[nodiscard]] MessageBar& Messages() const { return *m_messages; }
 
     /// Entries of the choice of project; `current` -1: none is open. Sends no signal.
@@ -46,6 +52,10 @@ public:
     void SetDataFolder(const QString& folder);
     void SetEnabled(Command command, bool enabled);
     void ShowStatus(const QString& text);
+    /// How much of what others filed is unread, on the toolbar and in the list; empty: nothing.
+    void ShowUnread(const QString& count);
+    /// The list of it to the front; away if it lies there already.
+    void ToggleCatchUp();
     /// Sends all other windows of the program their close event; false if one of them stays.
     bool CloseOtherWindows();
 
@@ -59,6 +69,8 @@ signals:
     /// A lookup in the console: text floor-mark-picture.
     void PhotoLocated(const QString& text);
     void DrawingLocated(int drawingId);
+    /// The module has reminders to show, of photos or of issues.
+    void RemindersReady(bool ofPhotos);
     /// The person closes the window: first comes this, then the other windows are closed, and only
     /// if all of them went, Closed.
     void Closing();
@@ -75,6 +87,7 @@ private:
     void MakeToolbar();
     void MakeCentre();
     void AddPanelsToMenu();
+    void AddRemindersToMenu();
     void MakeStatusBar();
     QMenu* MenuNamed(const QString& title);
     qintptr OnNumberedEvent(const toolkit::WindowEvent& event);
@@ -83,6 +96,9 @@ private:
     FloorPlanPane* m_plan = nullptr;
     ActionLogDock* m_actionLog = nullptr;
     MarkPanelDock* m_marks = nullptr;
+    CatchUpDock* m_catchUp = nullptr;
+    QAction* m_photoReminders = nullptr;
+    QAction* m_issueReminders = nullptr;
     MessageBar* m_messages = nullptr;
     QComboBox* m_projectCombo = nullptr;
     QLabel* m_userLabel = nullptr;

@@ -1,0 +1,49 @@
+// Small pictures for the list of what others filed.
+#pragma once
+
+#include <QImage>
+#include <QObject>
+#include <QString>
+
+#include <stop_token>
+#include <vector>
+
+namespace host {
+
+class HostSession;
+
+/// Fetches and decodes on the session's transfer threads, two at a time, the latest wish first;
+/// what nobody waits for any more is dropped. Thread: user interface.
+class CatchUpPictures final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The session must outlive it.
+    explicit CatchUpPictures(const HostSession& owner) : m_session(owner) {}
+    ~CatchUpPictures() override;
+
+    /// At most so large, in pixels of the screen.
+    void SetSize(const QSize& size) { m_size = size; }
+    void Ask(qint32 ppid, const QString& uuid);
+
+signals:
+    /// Null: it can't be fetched or is no picture.
+    void Came(const QString& uuid, const QImage& picture);
+
+private:
+    struct Wish {
+        qint32 ppid = 0;
+        QString uuid;
+    };
+    void StartNext();
+    [[nodiscard]] bool Start(const Wish& wish);
+    void Take(const QString& uuid, const QImage& picture);
+
+    const HostSession& m_session;
+    QSize m_size{72, 54};
+    std::vector<Wish> m_wishes; ///< the latest last
+    int m_running = 0;
+    std::stop_source m_end;
+};
+
+} // namespace host

@@ -1,0 +1,266 @@
+#include "host/app/ReminderFlow.h"
+
+#include "host/app/Faults.h"
+#include "host/reminders/PushMessage.h"
+#include "host/services/Surroundings.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/catchup/CatchUpDock.h"
+#include "host/ui/catchup/CatchUpPaint.h"
+#include "include/IKXVeskPicture.h"
+#include "services/IKXView.h"
+#include "site/ICatalogue.h"
+#include "site/ISite.h"
+#include "toolkit/KXTools.h"
+
+#include <QAction>
+#include <QPixmap>
+
+#include <algorithm>
+#include <limits>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPage = 50;
+/// Changes that come closely behind each other are looked at together, milliseconds.
+constexpr int kRelistDelay = 300;
+constexpr qint64 kNewest = std::numeric_limits<qint64>::max();
+constexpr qint32 kUnread = 0;
+
+bool IsListed(site::ChangeKind kind) {
+    return kind == site::ChangeKind::Anything || kind == site::ChangeKind::BimPhoto ||
+           kind == site::ChangeKind::Issue || kind == site::ChangeKind::Mark ||
+           kind == site::ChangeKind::Place;
+}
+
+QString CountText(int count) {
+    if (count == 0) {
+        return {};
+    }
+    return count < CatchUp::kMostCounted ? QString::number(count)
+                                         : u"%1+"_s.arg(CatchUp::kMostCounted - 1);
+}
+
+} // namespace
+
+ReminderFlow::ReminderFlow(const Parts& flowParts) : m_parts(flowParts), m_thumbs(m_parts.session) {
+    m_relisting.setSingleShot(true);
+    m_relisting.setInterval(kRelistDelay);
+    connect(&m_relisting, &QTimer::timeout, this, &ReminderFlow::Relist);
+    ConnectSwitches();
+    ConnectDock();
+    WithoutFault(m_parts.session, [this] {
+        m_catchUp = std::make_unique<CatchUp>(m_parts.session);
+        m_channel = std::make_unique<PushChannel>(m_parts.session.Site());
+        m_changes = m_parts.session.Site().Changes().Subscribe(
+            [this](const site::Changes& changes) { NoteChanges(changes); });
+    });
+    if (m_channel) {
+        connect(m_channel.get(), &PushChannel::Filed, this, &ReminderFlow::OnFiled);
+        connect(m_channel.get(), &PushChannel::Failed, this, [this](const QString& text) {
+            m_parts.session.Desk()->Report(MessageLevel::Error, text);
+        });
+    }
+}
+
+void ReminderFlow::ConnectSwitches() {
+    QString kept;
+    WithoutFault(m_parts.session,
+                 [&] { kept = m_parts.session.Site().Catalogue().Setting(SwitchSetting()); });
+    m_popsPhotos = !kept.contains(u"photos-off"_s);
+    m_parts.around.remindOfIssues = !kept.contains(u"issues-off"_s);
+    QAction& photos = m_parts.window.PhotoReminders();
+    QAction& issues = m_parts.window.IssueReminders();
+    photos.setChecked(m_popsPhotos);
+    issues.setChecked(m_parts.around.remindOfIssues);
+    connect(&photos, &QAction::toggled, this, [this](bool on) {
+        m_popsPhotos = on;
+        KeepSwitches();
+    });
+    connect(&issues, &QAction::toggled, this, [this](bool on) {
+        m_parts.around.remindOfIssues = on;
+        KeepSwitches();
+    });
+}
+
+QString ReminderFlow::SwitchSetting() const {
+    return u"reminders:"_s + m_parts.session.UserName();
+}
+
+void ReminderFlow::KeepSwitches() {
+    QStringList off;
+    if (!m_popsPhotos) {
+        off << u"photos-off"_s;
+    }
+    if (!m_parts.around.remindOfIssues) {
+        off << u"issues-off"_s;
+    }
+    WithoutFault(m_parts.session, [&] {
+        m_parts.session.Site().Catalogue().SetSetting(SwitchSetting(), off.join(u' '));
+    });
+}
+
+void ReminderFlow::ConnectDock() {
+    CatchUpDock& dock = m_parts.window.CatchUpList();
+    const double ratio = m_parts.window.devicePixelRatio();
+    m_thumbs.SetSize(CatchUpPaint::kPicture * ratio);
+    connect(&dock, &CatchUpDock::ItemWanted, this, &ReminderFlow::Open);
+    connect(&dock, &CatchUpDock::AllReadWanted, this, &ReminderFlow::MarkAllRead);
+    connect(&m_parts.window, &MainWindow::RemindersReady, this, [this](bool ofPhotos) {
+        if (ofPhotos) {
+            m_parts.pictures.ShowPicPopups(m_parts.window.Id());
+        } else {
+            m_parts.pictures.ShowIssuePopups(m_parts.window.Id());
+        }
+    });
+    connect(&dock.Model(), &CatchUpModel::MoreWanted, this, &ReminderFlow::ListOlder);
+    connect(&dock.Model(), &CatchUpModel::PictureWanted, &m_thumbs, &CatchUpPictures::Ask);
+    connect(&m_thumbs, &CatchUpPictures::Came, &dock.Model(),
+            [&dock, ratio](const QString& uuid, const QImage& picture) {
+                QPixmap pixmap = QPixmap::fromImage(picture);
+                pixmap.setDevicePixelRatio(ratio);
+                dock.Model().SetPicture(uuid, pixmap);
+            });
+}
+
+void ReminderFlow::OnFiled(const site::Filings& filings) {
+    const site::Projects open = m_parts.session.OpenPpids();
+    site::Filings listed;
+    for (const site::Filing& filing : filings) {
+        if (filing.byThisSite) {
+            m_catchUp->TakeOwn(filing.seq);
+            continue;
+        }
+        Announce(filing);
+        if (site::Has(open, filing.ppid)) {
+            listed.insert(listed.begin(), filing);
+        }
+    }
+    if (!listed.empty()) {
+        m_parts.window.CatchUpList().Model().Prepend(ItemsOf(listed));
+        ShowCount();
+    }
+}
+
+void ReminderFlow::Announce(const site::Filing& filing) {
+    // Of projects that aren't open too: the module knows which it wants.
+    if (filing.kind == site::ChangeKind::Issue) {
+        m_parts.pictures.OnIssueMessage(m_parts.window.Id(), PushMessage(filing));
+    } else if (m_popsPhotos) {
+        m_parts.pictures.OnPicMessage(m_parts.window.Id(), PushMessage(filing));
+    }
+}
+
+void ReminderFlow::NoteChanges(const site::Changes& changes) {
+    if (std::any_of(changes.begin(), changes.end(),
+                    [](const site::Change& change) { return IsListed(change.kind); }) &&
+        !m_relisting.isActive()) {
+        m_relisting.start();
+    }
+}
+
+void ReminderFlow::ProjectChanged() {
+    m_relisting.stop();
+    m_parts.window.CatchUpList().Model().SetItems({});
+    if (m_catchUp) {
+        m_catchUp->Begin();
+        ListOlder(kNewest);
+    }
+    ShowCount();
+}
+
+void ReminderFlow::Relist() {
+    CatchUpModel& model = m_parts.window.CatchUpList().Model();
+    if (!m_catchUp || model.rowCount() == 0) {
+        return;
+    }
+    WithoutFault(m_parts.session, [&] {
+        // What came meanwhile and wasn't announced yet comes by itself.
+        const site::Filings filings =
+            m_catchUp->Page(m_channel->Mark() + 1, std::max(model.rowCount(), kPage));
+        model.SetItems(ItemsOf(filings));
+    });
+    ShowCount();
+}
+
+void ReminderFlow::ListOlder(qint64 before) {
+    WithoutFault(m_parts.session, [&] {
+        CatchUpModel& model = m_parts.window.CatchUpList().Model();
+        const qint64 told = m_channel ? m_channel->Mark() + 1 : kNewest;
+        const site::Filings filings = m_catchUp->Page(std::min(before, told), kPage);
+        model.Append(ItemsOf(filings));
+        model.SetHasMore(int(filings.size()) == kPage);
+    });
+}
+
+std::vector<CatchUpItem> ReminderFlow::ItemsOf(const site::Filings& filings) const {
+    const auto marks = m_parts.session.Tables().Marks();
+    std::vector<CatchUpItem> items;
+    for (const site::Filing& filing : filings) {
+        CatchUpItem item;
+        item.seq = filing.seq;
+        item.isIssue = filing.kind == site::ChangeKind::Issue;
+        item.isRead = m_catchUp->IsRead(filing.seq);
+        item.ppid = filing.ppid;
+        item.picId = filing.picId;
+        item.questionId = filing.questionId;
+        item.name = filing.name;
+        item.person = filing.person;
+        item.time = KXTools::SecondText(filing.at);
+        item.place =
+            filing.floor.isEmpty() ? filing.posText : filing.floor + u"层"_s + filing.posText;
+        item.floor = filing.floor;
+        item.positionKey = filing.positionKey;
+        item.handle = filing.handle;
+        item.markId = filing.markId;
+        const auto mark = marks.find(filing.markId);
+        item.markName = mark == marks.end() ? QString() : mark->second.name;
+        item.uuid = filing.uuid;
+        items.push_back(item);
+    }
+    return items;
+}
+
+void ReminderFlow::ShowCount() {
+    QString count;
+    WithoutFault(m_parts.session,
+                 [&] { count = m_catchUp ? CountText(m_catchUp->Unread()) : QString(); });
+    m_parts.window.ShowUnread(count);
+}
+
+void ReminderFlow::Open(int row) {
+    CatchUpModel& model = m_parts.window.CatchUpList().Model();
+    const CatchUpItem item = model.At(row);
+    model.MarkRead(row);
+    m_catchUp->MarkRead(item.seq);
+    ShowCount();
+    if (item.isIssue) {
+        m_parts.pictures.ShowIssueMngFor(kUnread, item.floor, item.markId, item.handle);
+        if (m_parts.around.view != nullptr) {
+            m_parts.around.view->LocateIssue(item.questionId); // the console lists it either way
+        }
+    } else {
+        m_parts.pictures.ViewBimPic(
+            {item.positionKey, item.picId, item.floor, item.markId, item.ppid});
+    }
+}
+
+void ReminderFlow::MarkAllRead() {
+    if (!m_channel) {
+        return;
+    }
+    m_catchUp->MarkAllRead(m_channel->Mark()); // not what nobody was told of yet
+    m_parts.window.CatchUpList().Model().MarkAllRead();
+    ShowCount();
+}
+
+void ReminderFlow::Keep() {
+    if (m_catchUp) {
+        m_catchUp->Keep();
+    }
+}
+
+} // namespace host
