@@ -56,17 +56,18 @@ bool HostSession::OpenProject(qint32 ppid) {
     if (found.ppid == 0) {
         return false;
     }
-    CloseProject();
+    // Never without one in between: a reminder on its way would find none and end them all.
     SetProject(found);
+    ForgetShown();
     return true;
 }
 
 bool HostSession::OpenWorkset(qint32 worksetId) {
     for (const site::WorksetEntry& entry : m_site->Catalogue().Worksets()) {
         if (entry.id == worksetId) {
-            CloseProject();
-            m_workset = entry;
             SetProject(m_site->Catalogue().Project(entry.ppids.front()));
+            ForgetShown();
+            m_workset = entry;
             return true;
         }
     }
@@ -75,6 +76,10 @@ bool HostSession::OpenWorkset(qint32 worksetId) {
 
 void HostSession::CloseProject() {
     SetProject({});
+    ForgetShown();
+}
+
+void HostSession::ForgetShown() {
     m_workset = {};
     m_drawing = {};
     ShowPhotos({});

@@ -67,6 +67,8 @@ public:
 
 private:
     void SetProject(const site::ProjectEntry& project);
+    /// Workset, drawing and ticked marks.
+    void ForgetShown();
 
     std::unique_ptr<site::ISite> m_site;
     std::unique_ptr<SiteTables> m_tables;

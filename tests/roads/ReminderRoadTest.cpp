@@ -12,9 +12,11 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QListView>
+#include <QProcess>
 #include <QStatusBar>
 #include <QToolButton>
 
@@ -281,6 +283,25 @@ TEST_F(ReminderRoad, ThePictureOfARowComes) {
         return qGreen(seen.pixel(40, seen.height() / 2)) > 150 &&
                qRed(seen.pixel(40, seen.height() / 2)) < 100;
     }));
+}
+
+TEST_F(ReminderRoad, APhotoThatAnotherProcessFilesPopsUpHereAndIsLocated) {
+    folder.Write(u"phone/现场.jpg"_s, JpegBytes(qRgb(10, 200, 10)));
+    QProcess phone;
+    phone.start(QDir(QCoreApplication::applicationDirPath()).filePath(u"vesk-client"_s),
+                {u"import"_s, folder.Path(u"phone"_s), u"--data"_s, folder.Path(u"data"_s),
+                 u"--project"_s, u"一期工程"_s, u"--user"_s, u"李娜"_s, u"--floor"_s, u"-1"_s,
+                 u"--x"_s, u"2"_s, u"--y"_s, u"B"_s});
+    ASSERT_TRUE(WaitFor([] { return !Toasts().empty(); }, std::chrono::seconds(60)));
+    ASSERT_TRUE(WaitFor([&] { return phone.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(phone.exitCode(), 0) << phone.readAllStandardError().toStdString();
+    EXPECT_EQ(FirstLines(), QStringList{u"名称:现场.jpg"_s});
+    EXPECT_EQ(Listed(), QStringList{u"现场.jpg*"_s});
+    ASSERT_TRUE(WaitFor([] { return hands::Click(Toasts()[0]->findChild<QWidget*>(u"look"_s)); }));
+    EXPECT_TRUE(WaitFor([] { return Toasts().empty(); }));
+    EXPECT_EQ(client->Window()->Plan().CurrentFloor(), u"-1"_s);
+    EXPECT_TRUE(client->Window()->statusBar()->currentMessage().contains(u"现场.jpg"_s))
+        << client->Window()->statusBar()->currentMessage().toStdString();
 }
 
 TEST_F(ReminderRoad, AnotherProjectLeavesWhatIsOnItsWayAlone) {
