@@ -63,6 +63,7 @@ std::vector<TourStep> WriteSteps(const TourWords& words, const TourPlaces& place
         WriteOtherConsoles(script);
         WriteMarks(script);
         WriteHostWindows(script);
+        WriteReminders(script, places);
     }
     WriteEnd(script);
     return script.Take();
@@ -76,8 +77,9 @@ int Walk(const TourWords& words) {
     }
     walked.sample = sample::SampleSize::Small;
     walked.isWatched = true;
-    TourRunner runner(WriteSteps(words, MakePlaces(ownFolder.path(), words.folder)),
-                      {words.folder});
+    TourPlaces places = MakePlaces(ownFolder.path(), words.folder);
+    places.dataFolder = walked.dataFolder;
+    TourRunner runner(WriteSteps(words, places), {words.folder});
     QObject::connect(&runner, &TourRunner::Finished, &runner, [](const QString& failure) {
         if (!failure.isEmpty()) {
             QCoreApplication::exit(host::kExitFault);

@@ -7,6 +7,7 @@ namespace tour {
 
 /// Where a walk finds its own files.
 struct TourPlaces {
+    QString dataFolder;     ///< of the client
     QString photoFolder;    ///< made by the tour: pictures to import, and a text file among them
     int photoCount = 0;     ///< pictures in it that can be read
     QString downloadFolder; ///< where downloaded photos go; made by the walk
@@ -51,6 +52,8 @@ void WriteOtherConsoles(TourScript& script);
 void WriteMarks(TourScript& script);
 /// Bin, help, another project, a workset.
 void WriteHostWindows(TourScript& script);
+/// What another client files while this one runs.
+void WriteReminders(TourScript& script, const TourPlaces& places);
 /// Closes the client.
 void WriteEnd(TourScript& script);
 

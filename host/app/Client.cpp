@@ -211,8 +211,15 @@ void Client::ConnectSession() {
 }
 
 void Client::ConnectSink() {
-    connect(&m_sink, &PictureSink::BimMarksChanged, this, [this] { m_photoMarks.Ask(); });
-    connect(&m_sink, &PictureSink::IssueMarksChanged, this, [this] { m_issueMarks.Ask(); });
+    // Told at once: later it would wipe out what a person asked for meanwhile.
+    connect(&m_sink, &PictureSink::BimMarksChanged, this, [this] {
+        m_window->ShowStatus(u"已刷新照片标识"_s);
+        m_photoMarks.Ask();
+    });
+    connect(&m_sink, &PictureSink::IssueMarksChanged, this, [this] {
+        m_window->ShowStatus(u"已刷新问题标识"_s);
+        m_issueMarks.Ask();
+    });
     connect(&m_sink, &PictureSink::PdfMarksChanged, this,
             [this] { m_window->ShowStatus(u"已刷新图纸标识"_s); });
     connect(&m_sink, &PictureSink::DrawingWanted, this, &Client::BringUpDrawing);
@@ -318,7 +325,6 @@ void Client::ReadPlan() {
 
 void Client::ReadPhotoMarks() {
     if (m_marks) {
-        m_window->ShowStatus(u"已刷新照片标识"_s);
         ReadPlan();
         m_marks->Reload(MarkKind::Photos);
     }
@@ -326,7 +332,6 @@ void Client::ReadPhotoMarks() {
 
 void Client::ReadIssueMarks() {
     if (m_marks) {
-        m_window->ShowStatus(u"已刷新问题标识"_s);
         m_marks->Reload(MarkKind::Issues);
     }
 }

@@ -3,6 +3,7 @@
 #include "host/app/Faults.h"
 #include "host/reminders/PushMessage.h"
 #include "host/services/Surroundings.h"
+#include "host/ui/LocateText.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/catchup/CatchUpDock.h"
 #include "host/ui/catchup/CatchUpPaint.h"
@@ -34,6 +35,15 @@ bool IsListed(site::ChangeKind kind) {
     return kind == site::ChangeKind::Anything || kind == site::ChangeKind::BimPhoto ||
            kind == site::ChangeKind::Issue || kind == site::ChangeKind::Mark ||
            kind == site::ChangeKind::Place;
+}
+
+/// "3层 A/5", "屋面 A/5"; without a floor the place alone.
+QString PlaceOf(const site::Filing& filing) {
+    const QString floor = filing.floor.isEmpty() ? QString() : FloorCaption(filing.floor);
+    // An issue's place may say the floor itself.
+    return floor.isEmpty() || filing.posText.startsWith(floor)
+               ? filing.posText
+               : (floor + u' ' + filing.posText).trimmed();
 }
 
 QString CountText(int count) {
@@ -148,9 +158,9 @@ void ReminderFlow::OnFiled(const site::Filings& filings) {
 void ReminderFlow::Announce(const site::Filing& filing) {
     // Of projects that aren't open too: the module knows which it wants.
     if (filing.kind == site::ChangeKind::Issue) {
-        m_parts.pictures.OnIssueMessage(m_parts.window.Id(), PushMessage(filing));
+        m_parts.pictures.OnIssueMessage(m_parts.window.Id(), PushMessage(filing, PlaceOf(filing)));
     } else if (m_popsPhotos) {
-        m_parts.pictures.OnPicMessage(m_parts.window.Id(), PushMessage(filing));
+        m_parts.pictures.OnPicMessage(m_parts.window.Id(), PushMessage(filing, PlaceOf(filing)));
     }
 }
 
@@ -210,8 +220,7 @@ std::vector<CatchUpItem> ReminderFlow::ItemsOf(const site::Filings& filings) con
         item.name = filing.name;
         item.person = filing.person;
         item.time = KXTools::SecondText(filing.at);
-        item.place =
-            filing.floor.isEmpty() ? filing.posText : filing.floor + u"层"_s + filing.posText;
+        item.place = PlaceOf(filing);
         item.floor = filing.floor;
         item.positionKey = filing.positionKey;
         item.handle = filing.handle;

