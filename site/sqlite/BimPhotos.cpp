@@ -244,7 +244,7 @@ Saved BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const 
         return Saved::ChangedMeanwhile;
     }
     const LastChange last(old.uploaderName, old.uploadTime, by.person, by.at);
-    RemoveSearchRow(m_database, ListKind::BimPhotos, update.picId);
+    RemoveSearchRowForEdit(m_database, ListKind::BimPhotos, update.picId);
     MoveTo(ppid, update.picId, update.positionKey, old.positionKey);
     m_database.Exec(u"UPDATE bim_photo SET description = ?, mark_id = ?, name = ?, status = ?,"
                     " updater = ?, updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,

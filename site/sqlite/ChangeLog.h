@@ -19,7 +19,9 @@ class Database;
 
 /// A transaction notes what it changes and its commit writes that down with it: each record once,
 /// and of very many records of a kind and project one line for all. A change that nobody noted, by
-/// another program, counts as one of anything.
+/// another program, counts as one of anything. It is missed if it falls between the same two looks
+/// as one that was noted: the engine says that there were commits, not how many. What shows it is
+/// right again at the next change of its kind; to count commits, each look would have to read more.
 /// Thread: the database's.
 class ChangeLog final {
 public:

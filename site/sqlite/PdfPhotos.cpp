@@ -142,7 +142,7 @@ Saved PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const 
         return Saved::ChangedMeanwhile;
     }
     const LastChange last(author, by.at, by.person, by.at);
-    RemoveSearchRow(m_database, ListKind::PdfPhotos, update.picId);
+    RemoveSearchRowForEdit(m_database, ListKind::PdfPhotos, update.picId);
     if (update.pointId > 0) {
         const QVariant owner = m_database.Value(
             u"SELECT d.ppid FROM checkpoint c JOIN drawing d ON d.id = c.drawing_id"

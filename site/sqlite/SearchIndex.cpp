@@ -1,9 +1,13 @@
 #include "site/sqlite/SearchIndex.h"
 
+#include "site/DataError.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SearchText.h"
 
 #include <QStringList>
+
+#include <map>
+#include <vector>
 
 namespace site {
 
@@ -39,28 +43,105 @@ const SearchSql& SqlOf(ListKind kind) {
     return all[static_cast<size_t>(kind) - 1];
 }
 
-void Write(Database& database, ListKind kind, qint64 id, bool add) {
-    const SearchSql& sql = SqlOf(kind);
-    QVariantList values;
-    database.ForEach(sql.read, {id}, [&](const Statement& row) {
-        values.append(SearchRowId(row.Int(0), id));
+/// The texts of a row as words, field by field.
+struct RowWords {
+    qint64 rowId = 0;
+    QStringList words; ///< empty where there is no such row
+};
+
+RowWords WordsOf(Database& database, ListKind kind, qint64 id) {
+    RowWords row;
+    database.ForEach(SqlOf(kind).read, {id}, [&](const Statement& read) {
+        row.rowId = SearchRowId(read.Int(0), id);
         for (size_t i = 0; i < ShapeOf(kind).searchColumns.size(); ++i) {
-            values.append(SearchWords(row.Text(static_cast<int>(i) + 1)));
+            row.words.append(SearchWords(read.Text(static_cast<int>(i) + 1)));
         }
     });
-    if (!values.isEmpty()) {
-        database.Exec(add ? sql.add : sql.remove, values);
+    return row;
+}
+
+/// True if the index has the row with these words, each field from its beginning.
+bool HasWords(Database& database, const ListShape& shape, const RowWords& row) {
+    QStringList phrases;
+    for (size_t i = 0; i < shape.searchFields.size(); ++i) {
+        const QString& words = row.words[static_cast<qsizetype>(i)];
+        if (!words.isEmpty()) {
+            phrases.append(u"%1 : ^ \"%2\""_s.arg(shape.searchFields[i], words));
+        }
+    }
+    const QString sql = u"SELECT 1 FROM %1 WHERE %1 MATCH ? AND rowid = ?"_s.arg(shape.searchTable);
+    return phrases.isEmpty() ||
+           database.Value(sql, {phrases.join(u" AND "_s), row.rowId}).isValid();
+}
+
+/// What the index has of the row, whatever the row says; a look at all of the index.
+QStringList IndexedWords(Database& database, const ListShape& shape, qint64 rowId) {
+    const QString table = shape.searchTable + u"_words"_s;
+    database.Exec(
+        u"CREATE VIRTUAL TABLE IF NOT EXISTS temp.%1 USING fts5vocab(main, %2, instance)"_s.arg(
+            table, shape.searchTable));
+    std::map<QString, QStringList> found;
+    database.ForEach(u"SELECT col, term FROM temp.%1 WHERE doc = ? ORDER BY offset"_s.arg(table),
+                     {rowId},
+                     [&](const Statement& read) { found[read.Text(0)].append(read.Text(1)); });
+    QStringList words;
+    for (const QString& field : shape.searchFields) {
+        words.append(found[field].join(u' '));
+    }
+    return found.empty() ? QStringList() : words;
+}
+
+void Tell(Database& database, const QString& sql, const RowWords& row) {
+    if (row.words.isEmpty()) {
+        return;
+    }
+    QVariantList values{row.rowId};
+    for (const QString& words : row.words) {
+        values.append(words);
+    }
+    database.Exec(sql, values);
+}
+
+/// Everything but one row. What other programs changed is found by its present texts from now on.
+void FillWithout(Database& database, ListKind kind, qint64 id) {
+    const ListShape& shape = ShapeOf(kind);
+    database.Exec(u"INSERT INTO %1 (%1) VALUES ('delete-all')"_s.arg(shape.searchTable));
+    std::vector<qint64> others;
+    database.ForEach(u"SELECT id FROM %1 WHERE id <> ?"_s.arg(shape.table), {id},
+                     [&](const Statement& read) { others.push_back(read.Int64(0)); });
+    for (const qint64 other : others) {
+        AddSearchRow(database, kind, other);
+    }
+}
+
+/// Told to forget words that it never had, the index may call itself damaged.
+void Forget(Database& database, ListKind kind, qint64 id, const RowWords& row) {
+    try {
+        Tell(database, SqlOf(kind).remove, row);
+    } catch (const DataError& fault) {
+        if (fault.GetFault() != Fault::Damaged) {
+            throw;
+        }
+        FillWithout(database, kind, id);
     }
 }
 
 } // namespace
 
 void AddSearchRow(Database& database, ListKind kind, qint64 id) {
-    Write(database, kind, id, true);
+    Tell(database, SqlOf(kind).add, WordsOf(database, kind, id));
 }
 
 void RemoveSearchRow(Database& database, ListKind kind, qint64 id) {
-    Write(database, kind, id, false);
+    Forget(database, kind, id, WordsOf(database, kind, id));
+}
+
+void RemoveSearchRowForEdit(Database& database, ListKind kind, qint64 id) {
+    RowWords row = WordsOf(database, kind, id);
+    if (!row.words.isEmpty() && !HasWords(database, ShapeOf(kind), row)) {
+        row.words = IndexedWords(database, ShapeOf(kind), row.rowId);
+    }
+    Forget(database, kind, id, row);
 }
 
 } // namespace site

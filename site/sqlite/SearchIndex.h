@@ -14,7 +14,15 @@ class Database;
 
 /// Adds the words of a row that has just been written; within the row's transaction.
 void AddSearchRow(Database& database, ListKind kind, qint64 id);
-/// Takes them out again; the row must still be as it was when its words were added.
+/// Takes them out again, before the row is removed. Where its texts aren't those that were added (a
+/// program that knows nothing of the search table has changed them), the old words may stay behind,
+/// of a row that is gone; or the table refuses, and is filled anew from all rows: some seconds
+/// where there are very many.
 void RemoveSearchRow(Database& database, ListKind kind, qint64 id);
+/// The same before the row is changed, when old words that stay would find it: they are looked for
+/// in all of the table if the present ones aren't those that were added. Of a text that was only
+/// cut short that isn't noticed. Asks once more than RemoveSearchRow, which is much for very many
+/// rows.
+void RemoveSearchRowForEdit(Database& database, ListKind kind, qint64 id);
 
 } // namespace site
