@@ -14,9 +14,11 @@ public:
     using SiteService::SiteService;
 
 protected:
-    [[nodiscard]] QString Made(const SessionDesk::Ask& ask) const;
-    [[nodiscard]] QString CacheOf(qint32 ppid, site::IClientFolders::Cache what) const;
-    [[nodiscard]] QString RichText(const QString& key) const;
+    /// `what` is the operation in Chinese, for the log.
+    [[nodiscard]] QString Made(const QString& what, const SessionDesk::Ask& ask) const;
+    [[nodiscard]] QString CacheOf(const QString& what, qint32 ppid,
+                                  site::IClientFolders::Cache cache) const;
+    [[nodiscard]] QString RichText(const QString& what, const QString& key) const;
 };
 
 /// Caches lie in the data folder, one for each project; they are other folders than the store.

@@ -49,6 +49,37 @@ private:
 
 } // namespace
 
+namespace {
+
+/// What is written to the log while it lives.
+class LogLines final {
+public:
+    LogLines() : m_before(qInstallMessageHandler(&LogLines::Take)) { lines.clear(); }
+    ~LogLines() { qInstallMessageHandler(m_before); }
+    LogLines(const LogLines&) = delete;
+    LogLines& operator=(const LogLines&) = delete;
+
+    static inline QStringList lines;
+
+private:
+    static void Take(QtMsgType, const QMessageLogContext&, const QString& text) { lines << text; }
+
+    QtMessageHandler m_before;
+};
+
+} // namespace
+
+TEST(Serving, WithoutASessionTheLogNamesTheFolderThatWasAskedFor) {
+    const LogLines log;
+    QString folder;
+    GetKXPathMng()->GetPicFolder(folder, 1, {});
+    GetKXPathMng()->GetThumbFolder(folder, 1, {});
+    EXPECT_EQ(folder, QString());
+    ASSERT_EQ(LogLines::lines.size(), 2);
+    EXPECT_TRUE(LogLines::lines[0].contains(u"读取照片文件夹"_s));
+    EXPECT_TRUE(LogLines::lines[1].contains(u"读取缩略图文件夹"_s));
+}
+
 TEST(Serving, WithoutASessionTheServicesAnswerWithFailures) {
     {
         ServiceSite site;
