@@ -265,6 +265,9 @@ TEST(Filed, RowAndDetailOfAPhotoSayWhatAndWhereAndByWhom) {
     photo.positionKey = u"two"_s;
     photo.uploader = u"wang"_s;
     photo.uploadTime = kFiledAt;
+    photo.updater = u"zhao"_s;
+    photo.updateTime = kLater;
+    photo.status = KX_DATA::kStatusHidden;
     const qint32 picId = writer.FilePhoto(photo, {{}, "jpeg"});
     SqliteSite engine(site.folder);
     const auto rows = engine.BimPhotos().Rows({photo.ppid}, {picId});
@@ -274,10 +277,41 @@ TEST(Filed, RowAndDetailOfAPhotoSayWhatAndWhereAndByWhom) {
     EXPECT_EQ(rows[0].axisY, u"1"_s);
     EXPECT_EQ(rows[0].floor, u"2"_s);
     EXPECT_EQ(rows[0].posValid, 1);
+    EXPECT_EQ(rows[0].fileName, u"a.jpg"_s);
+    EXPECT_EQ(rows[0].status, KX_DATA::kStatusHidden);
+    EXPECT_EQ(rows[0].updaterName, u"zhao"_s);
+    EXPECT_EQ(rows[0].updateStamp, kLater);
+    EXPECT_EQ(rows[0].uploaderName, u"wang"_s);
+    EXPECT_EQ(rows[0].uploadStamp, kFiledAt);
+    EXPECT_FALSE(rows[0].text8.isEmpty());
+    EXPECT_EQ(rows[0].text9, QString());
     KX_DATA::BimPicDetail detail;
     ASSERT_TRUE(engine.BimPhotos().Detail(photo.ppid, picId, detail));
     EXPECT_EQ(detail.uploaderName, u"wang"_s);
     EXPECT_EQ(detail.uploadTime, kFiledAt);
+}
+
+TEST(Saved, TheLabelsOfAPhotoAreThoseOfItsLastSave) {
+    FiledSite site;
+    SiteWriter writer(site.folder);
+    const qint32 first = writer.AddLabel(u"渗漏"_s);
+    const qint32 second = writer.AddLabel(u"裂缝"_s);
+    IBimPhotos& photos = site.engine.BimPhotos();
+    KX_DATA::BimPicUpdate update = site.Named(u"1.jpg"_s);
+    EXPECT_TRUE(photos.UsedLabels().empty());
+    for (const qint32 label : {first, second}) {
+        update.labelIds = {QString::number(label)};
+        EXPECT_EQ(photos.Update(site.ppid, update, {u"zhao"_s, kLater}), Saved::Yes);
+        const auto rows = photos.Rows({site.ppid}, {site.picId});
+        ASSERT_EQ(rows.size(), 1U);
+        const QString name = label == first ? u"渗漏"_s : u"裂缝"_s;
+        EXPECT_EQ(rows[0].labelNames, std::vector<QString>{name});
+        EXPECT_EQ(rows[0].updaterName, u"zhao"_s);
+        EXPECT_EQ(rows[0].updateStamp, kLater);
+        ASSERT_EQ(photos.UsedLabels().size(), 1U);
+        EXPECT_EQ(photos.UsedLabels()[0].labelId, QString::number(label));
+        EXPECT_EQ(photos.UsedLabels()[0].labelName, name);
+    }
 }
 
 } // namespace site

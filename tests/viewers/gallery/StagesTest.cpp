@@ -14,6 +14,7 @@
 #include <QPainter>
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -35,12 +36,18 @@ public:
     std::vector<QRect> repaints;
     std::vector<QRect> updates;
     std::vector<std::pair<int, int>> timers;
+    std::function<void()> onRepaint;
 
     /// Nobody has it: what is told to it is dropped.
     [[nodiscard]] toolkit::WindowId Window() const override { return toolkit::WindowId(1 << 20); }
     [[nodiscard]] bool IsShown() const override { return shown; }
     [[nodiscard]] qreal Ratio() const override { return 1; }
-    void Repaint(const QRect& place) override { repaints.push_back(place); }
+    void Repaint(const QRect& place) override {
+        repaints.push_back(place);
+        if (onRepaint) {
+            onRepaint();
+        }
+    }
     void Update(const QRect& place) override { updates.push_back(place); }
     void StartTimer(int timerId, int milliseconds) override {
         timers.emplace_back(timerId, milliseconds);
@@ -134,6 +141,29 @@ TEST_F(GalleryStages, AStepWithASlideWaitsForItsPictureAndThenRunsAllFrames) {
     EXPECT_EQ(clock.Sleeps().size(), 12U);
     EXPECT_FALSE(picture.IsSliding());
     EXPECT_EQ(Painted(picture).pixelColor(kBig.center()), ColourOf(4));
+}
+
+TEST_F(GalleryStages, AfterAPictureThatWasLeftBeforeItCameTheOneBeforeItSlidesFromItsPlace) {
+    state.items[1].picPath =
+        folder.Write(u"tall.png"_s, support::PngBytes(support::OneColour({100, 300}, ColourOf(1))));
+    state.items[1].picSize = {100, 300};
+    ShowFirst();
+    const QRect wide = state.picRect;
+    GoTo(1, true);
+    const QRect tall = state.picRect;
+    ASSERT_GT(tall.left(), wide.left() + 10);
+    GoTo(2, true);
+    std::vector<QImage> frames;
+    surface.onRepaint = [&] {
+        if (picture.IsSliding()) {
+            frames.push_back(Painted(picture));
+        }
+    };
+    WaitForPicture();
+    ASSERT_FALSE(frames.empty());
+    const int y = wide.center().y();
+    EXPECT_EQ(frames.front().pixelColor(wide.left(), y), ColourOf(0));
+    EXPECT_EQ(frames.front().pixelColor(wide.right(), y), ColourOf(0));
 }
 
 TEST_F(GalleryStages, ASurfaceThatIsHiddenWhenThePictureComesSeesNoSlide) {
