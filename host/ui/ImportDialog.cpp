@@ -7,6 +7,7 @@
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
 #include "toolkit/windows/Prompts.h"
+#include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WindowPlace.h"
 #include "toolkit/windows/WindowRegistry.h"
 #include "ui_ImportDialog.h"
@@ -148,9 +149,10 @@ void ImportDialog::FillAxesY() {
 }
 
 void ImportDialog::Browse() {
+    const toolkit::StillThere still(this);
     const QString folder =
         toolkit::Prompts().AskFolder(toolkit::WindowOf(parentWidget()), u"选择照片所在的文件夹"_s);
-    if (!folder.isEmpty()) {
+    if (still && !folder.isEmpty()) {
         m_form->pathsEdit->setText(QDir::toNativeSeparators(folder));
     }
 }

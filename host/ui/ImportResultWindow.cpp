@@ -3,6 +3,7 @@
 #include "host/ui/HintTable.h"
 #include "toolkit/Icons.h"
 #include "toolkit/windows/Prompts.h"
+#include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WindowPlace.h"
 #include "toolkit/windows/WindowRegistry.h"
 
@@ -116,14 +117,20 @@ void ImportResultWindow::Copy() {
 
 void ImportResultWindow::Save() {
     const toolkit::WindowId owner = toolkit::WindowOf(this);
+    const toolkit::StillThere still(this);
+    // Another import may end meanwhile, and its result takes this window's place.
+    const QString text = m_model->TextOf({});
     const QString path =
         toolkit::Prompts().AskSaveFile({owner, u"导入结果.txt"_s, u"txt"_s, u"文本文件 (*.txt)"_s});
-    if (!path.isEmpty() && !WriteUtf8(path, m_model->TextOf({}))) {
+    if (!path.isEmpty() && !WriteUtf8(path, text)) {
         toolkit::Prompts().ShowMessage(
             owner, u"没有保存：无法写入 %1，请检查文件夹权限和磁盘空间，或换一个位置。"_s.arg(
                        QDir::toNativeSeparators(path)));
     }
-    activateWindow(); // the file dialog was the main window's, to which the focus goes as it ends
+    if (still) {
+        // The file dialog was the main window's, to which the focus goes as it ends.
+        activateWindow();
+    }
 }
 
 } // namespace host

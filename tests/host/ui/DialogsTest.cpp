@@ -103,6 +103,15 @@ TEST_F(ImportQuestion, NeedsAFolderThatExists) {
     EXPECT_EQ(dialog.Choice().paths, QStringList{folder.Path()});
 }
 
+TEST_F(ImportQuestion, AFolderThatComesAfterItHasGoneIsNobodys) {
+    support::AnsweredPrompts prompts;
+    auto* dialog = new ImportDialog(nullptr, {}, projects);
+    prompts.ExpectFolder(u"选择照片所在的文件夹"_s, folder.Path());
+    prompts.Meanwhile([dialog] { delete dialog; });
+    dialog->findChild<QPushButton*>(u"browseButton"_s)->click();
+    EXPECT_TRUE(prompts.AllAnswered());
+}
+
 TEST_F(ImportQuestion, AsksForTheFolderOnWish) {
     support::AnsweredPrompts prompts;
     prompts.ExpectFolder(u"选择照片所在的文件夹"_s, folder.Path());

@@ -84,6 +84,16 @@ TEST_F(ImportResult, AFileThatCannotBeWrittenIsTold) {
     Click(u"importSave"_s);
 }
 
+TEST_F(ImportResult, AWindowThatGoesWhileItAsksStillSavesWhatItShowed) {
+    const QString path = folder.Path(u"导入结果.txt"_s);
+    auto* replaced = new ImportResultWindow(nullptr, u"导入 1 张照片。"_s, ManyRows());
+    replaced->show();
+    prompts.ExpectSaveFile(u"导入结果.txt"_s, path);
+    prompts.Meanwhile([replaced] { delete replaced; });
+    replaced->findChild<QPushButton*>(u"importSave"_s)->click();
+    EXPECT_EQ(Read(path).count(u'\n'), kFiles + 1);
+}
+
 TEST_F(ImportResult, ACancelledSavingSavesNothing) {
     prompts.ExpectSaveFile(u"导入结果.txt"_s, {});
     Click(u"importSave"_s);
