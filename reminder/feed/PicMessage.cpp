@@ -6,7 +6,9 @@
 #include <boost/property_tree/ptree.hpp>
 
 #include <algorithm>
-#include <sstream>
+#include <charconv>
+#include <istream>
+#include <streambuf>
 #include <string>
 
 namespace reminder {
@@ -14,39 +16,86 @@ namespace reminder {
 namespace {
 
 using boost::property_tree::ptree;
+using boost::property_tree::ptree_bad_data;
+using boost::property_tree::ptree_bad_path;
 using KX_DATA::PicMsgRecord;
 
-bool IsTooDeep(const QString& json) {
+bool IsTooDeep(const QByteArray& json) {
+    // Most have so few signs that they need no closer look.
+    if (std::count(json.begin(), json.end(), '{') + std::count(json.begin(), json.end(), '[') <=
+        kDeepest) {
+        return false;
+    }
     int depth = 0;
     bool inText = false;
     for (qsizetype at = 0; at < json.size(); ++at) {
-        const QChar c = json[at];
+        const char c = json[at];
         if (inText) {
-            at += c == u'\\' ? 1 : 0;
-            inText = c != u'"';
-        } else if (c == u'"') {
+            at += c == '\\' ? 1 : 0;
+            inText = c != '"';
+        } else if (c == '"') {
             inText = true;
-        } else if (c == u'{' || c == u'[') {
+        } else if (c == '{' || c == '[') {
             if (++depth > kDeepest) {
                 return true;
             }
-        } else if (c == u'}' || c == u']') {
+        } else if (c == '}' || c == ']') {
             --depth;
         }
     }
     return false;
 }
 
+/// The bytes as they lie: a string stream would copy them.
+class ByteStream final : public std::streambuf {
+public:
+    explicit ByteStream(QByteArray& bytes) {
+        setg(bytes.data(), bytes.data(), bytes.data() + bytes.size());
+    }
+};
+
 QString TextOf(const ptree& node) {
     return QString::fromStdString(node.data());
 }
 
-QString Text(const ptree& message, const char* key) {
-    return TextOf(message.get_child(key));
+/// Of a key that comes twice the first. A child by its path makes three texts of it.
+const ptree& Child(const ptree& message, const char* key) {
+    for (const auto& [name, child] : message) {
+        if (name == key) {
+            return child;
+        }
+    }
+    throw ptree_bad_path("a key is missing", ptree::path_type(key));
 }
 
+QString Text(const ptree& message, const char* key) {
+    return TextOf(Child(message, key));
+}
+
+bool IsBlank(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+/// What a stream would read of it, which takes much longer: blanks around, one sign, digits.
 qint32 Number(const ptree& message, const char* key) {
-    return message.get<qint32>(key);
+    const std::string& text = Child(message, key).data();
+    const char* from = text.data();
+    const char* to = from + text.size();
+    while (from < to && IsBlank(*from)) {
+        ++from;
+    }
+    while (from < to && IsBlank(to[-1])) {
+        --to;
+    }
+    if (to - from > 1 && *from == '+' && from[1] != '-') {
+        ++from;
+    }
+    qint32 number = 0;
+    const auto [end, error] = std::from_chars(from, to, number);
+    if (error != std::errc() || end != to) {
+        throw ptree_bad_data("no integer", text);
+    }
+    return number;
 }
 
 void ReadPicKeys(const ptree& message, PicMsgRecord& record) {
@@ -59,7 +108,7 @@ void ReadPicKeys(const ptree& message, PicMsgRecord& record) {
     record.userName = Text(message, "username");
     record.uuid = Text(message, "uuid");
     record.floor = Text(message, "floor");
-    for (const auto& [key, label] : message.get_child("labels")) {
+    for (const auto& [key, label] : Child(message, "labels")) {
         record.labelNames.push_back(TextOf(label));
     }
 }
@@ -80,11 +129,13 @@ using ReadKeys = void (*)(const ptree& message, PicMsgRecord& record);
 
 bool ReadMessage(const QString& json, const std::vector<qint32>& openProjects, ReadKeys readKeys,
                  std::vector<PicMsgRecord>& records) {
-    if (IsTooDeep(json)) {
+    QByteArray bytes = json.toUtf8();
+    if (IsTooDeep(bytes)) {
         return false;
     }
     try {
-        std::istringstream text(json.toUtf8().toStdString());
+        ByteStream source(bytes);
+        std::istream text(&source);
         ptree message;
         boost::property_tree::read_json(text, message);
         PicMsgRecord record;

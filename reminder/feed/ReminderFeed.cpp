@@ -75,7 +75,7 @@ void ReminderFeed::OnPicMessage(KXWindow window, const std::string& json) {
     Batch records;
     const auto text = MessageText(json);
     if (text && ReadPicMessage(*text, OpenProjects(), records)) {
-        PushAndWake(records, true);
+        PushAndWake(std::move(records), true);
     }
 }
 
@@ -86,19 +86,19 @@ void ReminderFeed::OnIssueMessage(KXWindow window, const std::string& json) {
         return;
     }
     if (!GetKXGlobalData()->IsTNReminderEnabled()) {
-        PushAndWake(records, false);
+        PushAndWake(std::move(records), false);
         return;
     }
     const auto text = MessageText(json);
     if (text && ReadIssueMessage(*text, OpenProjects(), records)) {
-        PushAndWake(records, false);
+        PushAndWake(std::move(records), false);
     }
 }
 
-void ReminderFeed::PushAndWake(const Batch& records, bool isPicture) {
+void ReminderFeed::PushAndWake(Batch records, bool isPicture) {
     {
         const std::lock_guard guard(m_incomingLock);
-        Append(m_incomingQueue, records);
+        Append(m_incomingQueue, std::move(records));
         m_picReminderActive = isPicture;
         m_resumed = true;
     }

@@ -43,7 +43,7 @@ public:
 
 private:
     using Batch = std::vector<KX_DATA::PicMsgRecord>;
-    void PushAndWake(const Batch& records, bool isPicture);
+    void PushAndWake(Batch records, bool isPicture);
     void Run(const std::stop_token& stop);
     /// Empty after a wake-up without a record.
     [[nodiscard]] Batch NextBatch(const std::stop_token& stop);

@@ -5,7 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <boost/property_tree/ptree.hpp>
 #include <map>
+#include <optional>
 
 namespace reminder {
 
@@ -130,6 +132,39 @@ TEST(PicMessage, AnIdMayBeATextOfDigitsAndNothingElse) {
     }
     EXPECT_TRUE(IsPic(With(kPicKeys, u"picId"_s, u"2147483647"_s)));
     EXPECT_TRUE(IsPic(With(kPicKeys, u"picId"_s, u"-1"_s)));
+}
+
+TEST(PicMessage, AnIdIsWhatAStreamWouldReadOfIt) {
+    for (const QString& id : {u"12"_s,          u" 12 "_s,
+                              u"\t12\n"_s,      u"\v\f12\r"_s,
+                              u"1 2"_s,         u"+12"_s,
+                              u"-12"_s,         u"+-12"_s,
+                              u"-+12"_s,        u"++12"_s,
+                              u"--12"_s,        u"+ 12"_s,
+                              u"+"_s,           u"-"_s,
+                              u" "_s,           u""_s,
+                              u"012"_s,         u"-0"_s,
+                              u"0x0c"_s,        u"12."_s,
+                              u"1,200"_s,       u"1e1"_s,
+                              u"１２"_s,        u"\u00a012"_s,
+                              u"2147483647"_s,  u"2147483648"_s,
+                              u"+2147483648"_s, u"-2147483648"_s,
+                              u"-2147483649"_s, u"99999999999999999999"_s}) {
+        boost::property_tree::ptree node;
+        node.data() = id.toStdString();
+        QString escaped;
+        for (const QChar c : id) {
+            escaped += u"\\u%1"_s.arg(c.unicode(), 4, 16, QChar(u'0'));
+        }
+        std::vector<PicMsgRecord> records;
+        std::optional<qint32> read;
+        if (ReadPicMessage(With(kPicKeys, u"picId"_s, u'"' + escaped + u'"'), kOpen, records)) {
+            read = records.at(0).picId;
+        }
+        const auto expected = node.get_value_optional<qint32>();
+        EXPECT_EQ(read.has_value(), expected.has_value()) << '"' << id.toStdString() << '"';
+        EXPECT_EQ(read.value_or(0), expected.value_or(0)) << '"' << id.toStdString() << '"';
+    }
 }
 
 TEST(PicMessage, OfAProjectThatIsNotOpenIsDropped) {
