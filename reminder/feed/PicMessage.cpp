@@ -1,6 +1,8 @@
 #include "reminder/feed/PicMessage.h"
 
-#include <QByteArray>
+#include <QByteArrayView>
+#include <QStringEncoder>
+#include <QVarLengthArray>
 
 #include <boost/property_tree/json_parser.hpp>
 #include <boost/property_tree/ptree.hpp>
@@ -20,7 +22,7 @@ using boost::property_tree::ptree_bad_data;
 using boost::property_tree::ptree_bad_path;
 using KX_DATA::PicMsgRecord;
 
-bool IsTooDeep(const QByteArray& json) {
+bool IsTooDeep(QByteArrayView json) {
     // Most have so few signs that they need no closer look.
     if (std::count(json.begin(), json.end(), '{') + std::count(json.begin(), json.end(), '[') <=
         kDeepest) {
@@ -46,12 +48,19 @@ bool IsTooDeep(const QByteArray& json) {
     return false;
 }
 
-/// The bytes as they lie: a string stream would copy them.
-class ByteStream final : public std::streambuf {
+/// UTF-8 of a text as a stream reads it; that of most messages needs no memory of its own.
+class Utf8Source final : public std::streambuf {
 public:
-    explicit ByteStream(QByteArray& bytes) {
-        setg(bytes.data(), bytes.data(), bytes.data() + bytes.size());
+    explicit Utf8Source(const QString& text) {
+        QStringEncoder encoder(QStringEncoder::Utf8);
+        m_bytes.resize(encoder.requiredSpace(text.size()));
+        setg(m_bytes.data(), m_bytes.data(), encoder.appendToBuffer(m_bytes.data(), text));
     }
+    [[nodiscard]] QByteArrayView Bytes() const { return {eback(), egptr()}; }
+
+private:
+    static constexpr qsizetype kUsual = 4096;
+    QVarLengthArray<char, kUsual> m_bytes;
 };
 
 QString TextOf(const ptree& node) {
@@ -129,12 +138,11 @@ using ReadKeys = void (*)(const ptree& message, PicMsgRecord& record);
 
 bool ReadMessage(const QString& json, const std::vector<qint32>& openProjects, ReadKeys readKeys,
                  std::vector<PicMsgRecord>& records) {
-    QByteArray bytes = json.toUtf8();
-    if (IsTooDeep(bytes)) {
+    Utf8Source source(json);
+    if (IsTooDeep(source.Bytes())) {
         return false;
     }
     try {
-        ByteStream source(bytes);
         std::istream text(&source);
         ptree message;
         boost::property_tree::read_json(text, message);

@@ -11,6 +11,7 @@
 #include "services/IKXPathMng.h"
 #include "toolkit/windows/WindowRegistry.h"
 
+#include <chrono>
 #include <system_error>
 #include <utility>
 
@@ -19,6 +20,8 @@ namespace reminder {
 namespace {
 
 constexpr qint32 kPreviewKind = 5;
+/// Nobody sees so short a time.
+constexpr std::chrono::milliseconds kBreath{1};
 
 std::vector<qint32> OpenProjects() {
     std::vector<qint32> ids;
@@ -96,13 +99,17 @@ void ReminderFeed::OnIssueMessage(KXWindow window, const std::string& json) {
 }
 
 void ReminderFeed::PushAndWake(Batch records, bool isPicture) {
+    bool isAsleep = false;
     {
         const std::lock_guard guard(m_incomingLock);
         Append(m_incomingQueue, std::move(records));
         m_picReminderActive = isPicture;
         m_resumed = true;
+        isAsleep = m_asleep;
     }
-    m_resume.notify_one();
+    if (isAsleep) {
+        m_resume.notify_one();
+    }
     if (m_reminderThread.joinable() || m_ended) {
         return;
     }
@@ -119,15 +126,23 @@ ReminderFeed::Batch ReminderFeed::NextBatch(const std::stop_token& stop) {
     Batch batch = std::exchange(m_incomingQueue, {});
     if (batch.empty()) {
         // Woken with the batch still empty: that pass tells the host as any other; required as is.
+        m_asleep = true;
         m_resume.wait(lock, stop, [this] { return m_resumed; });
+        m_asleep = false;
     }
     m_resumed = false;
     return batch;
 }
 
+void ReminderFeed::LetMoreCome(const std::stop_token& stop) {
+    std::unique_lock lock(m_incomingLock);
+    m_resume.wait_for(lock, stop, kBreath, [] { return false; });
+}
+
 void ReminderFeed::Run(const std::stop_token& stop) {
     while (!stop.stop_requested()) {
         Batch batch = NextBatch(stop);
+        const bool hadRecords = !batch.empty();
         for (KX_DATA::PicMsgRecord& record : batch) {
             if (stop.stop_requested() || !Fetch(record)) {
                 return; // for good, with the whole batch; required as is
@@ -139,6 +154,9 @@ void ReminderFeed::Run(const std::stop_token& stop) {
         }
         if (!stop.stop_requested()) {
             PostReady();
+        }
+        if (hadRecords) {
+            LetMoreCome(stop);
         }
     }
 }

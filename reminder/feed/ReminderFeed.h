@@ -47,11 +47,15 @@ private:
     void Run(const std::stop_token& stop);
     /// Empty after a wake-up without a record.
     [[nodiscard]] Batch NextBatch(const std::stop_token& stop);
+    /// After a batch, once: of many messages one after the other each would find the thread asleep,
+    /// and waking it takes longer than its work.
+    void LetMoreCome(const std::stop_token& stop);
     void PostReady();
 
-    std::mutex m_incomingLock; ///< guards the two below
+    std::mutex m_incomingLock; ///< guards the three below
     Batch m_incomingQueue;
     bool m_resumed = false; ///< since the last look into m_incomingQueue
+    bool m_asleep = false;  ///< until it is resumed
     std::condition_variable_any m_resume;
 
     std::mutex m_readyLock; ///< guards m_readyQueue

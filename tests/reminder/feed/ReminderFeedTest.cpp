@@ -11,7 +11,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <fstream>
 #include <semaphore>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -36,6 +39,18 @@ std::string IssueMessage(const QString& questionId, int ppid = 1) {
         "\"questionName\":\"漏水\",\"pos\":\"墙\",\"handle\":\"4F\",\"uuid\":\"u-1\","
         "\"floor\":\"1\",\"compName\":\"墙-3\"}"_s.arg(ppid)
             .arg(questionId));
+}
+
+/// How often a thread of this process has gone to sleep.
+int TimesWaited(int thread) {
+    std::ifstream status("/proc/self/task/" + std::to_string(thread) + "/status");
+    const std::string wanted = "voluntary_ctxt_switches:";
+    for (std::string line; std::getline(status, line);) {
+        if (line.rfind(wanted, 0) == 0) {
+            return std::stoi(line.substr(wanted.size()));
+        }
+    }
+    return 0;
 }
 
 class Reminders : public testing::Test {
@@ -176,6 +191,29 @@ TEST_F(Reminders, TwoInQuickSuccessionLeadToAtMostTwoEvents) {
     EXPECT_EQ(Events(reminder::kPicMessageEvent), 2);
 }
 
+TEST_F(Reminders, OfManyOneAfterTheOtherNoneIsLostAndTheirOrderIsKept) {
+    constexpr int kRounds = 5;
+    constexpr int kMessages = 50;
+    int next = 0;
+    for (int round = 0; round < kRounds; ++round) {
+        for (int message = 0; message < kMessages; ++message) {
+            feed.OnPicMessage(window.Id(), PicMessage(round * kMessages + message));
+        }
+        std::vector<KX_DATA::PicMsgRecord> taken;
+        ASSERT_TRUE(WaitFor([&] {
+            for (auto& record : feed.TakeReady()) {
+                taken.push_back(record);
+            }
+            return taken.size() >= kMessages;
+        })) << "round "
+            << round;
+        for (const auto& record : taken) {
+            ASSERT_EQ(record.picId, next++);
+        }
+    }
+    EXPECT_EQ(next, kRounds * kMessages);
+}
+
 TEST_F(Reminders, TheKindOfTheLastMessageTellsOfTheWholeBatch) {
     HoldDownloads();
     feed.OnPicMessage(window.Id(), PicMessage(1));
@@ -246,6 +284,23 @@ TEST_F(Reminders, WithNothingToDoTheThreadSleepsAndEachMessageWakesIt) {
     // Woken with an empty batch, then with the record: two passes for each.
     EXPECT_LE(Events(0) - before, 2 * 49);
     EXPECT_EQ(feed.TakeReady().size(), 50U);
+}
+
+TEST_F(Reminders, FastAsleepTheThreadIsWokenByTheNextMessage) {
+    std::atomic<int> thread{0};
+    std::atomic<int> before{0};
+    std::atomic<int> downloads{0};
+    host.script.During("DownloadFile", [&] {
+        thread = gettid();
+        before = TimesWaited(thread);
+        ++downloads;
+    });
+    for (int number = 1; number <= 5; ++number) {
+        feed.OnPicMessage(window.Id(), PicMessage(number));
+        ASSERT_TRUE(WaitFor([&] { return downloads == number; })) << "message " << number;
+        // It waits once for more to come, then for good.
+        ASSERT_TRUE(WaitFor([&] { return TimesWaited(thread) >= before + 2; }));
+    }
 }
 
 TEST_F(Reminders, TheEndDropsWhatIsLeftAndWaitsForTheDownloadThatRuns) {
