@@ -115,6 +115,17 @@ void BimPhotos::AddLabels(std::vector<KX_DATA::BimPicRow>& rows) {
 std::optional<Revision> BimPhotos::Detail(qint32 ppid, qint32 picId,
                                           KX_DATA::BimPicDetail& detail) {
     const ReadScope snapshot(m_database);
+    const std::optional<Revision> found = DetailWithoutLabels(ppid, picId, detail);
+    m_database.ForEach(u"SELECT l.id, l.name FROM bim_label b JOIN label l ON l.id = b.label_id"
+                       " WHERE b.photo_id = ? AND b.ppid = ? ORDER BY l.id"_s,
+                       {picId, ppid}, [&](const Statement& read) {
+                           detail.labels.push_back({read.Text(0), read.Text(1)});
+                       });
+    return found;
+}
+
+std::optional<Revision> BimPhotos::DetailWithoutLabels(qint32 ppid, qint32 picId,
+                                                       KX_DATA::BimPicDetail& detail) {
     std::optional<Revision> found;
     m_database.ForEach(
         u"SELECT b.position_key, b.axis_x, b.axis_y, b.description, b.floor, b.mark_id, m.name,"
@@ -141,11 +152,6 @@ std::optional<Revision> BimPhotos::Detail(qint32 ppid, qint32 picId,
             detail.updateTime = read.Int64(12);
             detail.status = read.Int(13);
         });
-    m_database.ForEach(u"SELECT l.id, l.name FROM bim_label b JOIN label l ON l.id = b.label_id"
-                       " WHERE b.photo_id = ? AND b.ppid = ? ORDER BY l.id"_s,
-                       {picId, ppid}, [&](const Statement& read) {
-                           detail.labels.push_back({read.Text(0), read.Text(1)});
-                       });
     return found;
 }
 
@@ -236,7 +242,7 @@ Saved BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const 
                         std::optional<Revision> seen) {
     Transaction transaction(m_database);
     KX_DATA::BimPicDetail old;
-    const std::optional<Revision> present = Detail(ppid, update.picId, old);
+    const std::optional<Revision> present = DetailWithoutLabels(ppid, update.picId, old);
     if (!present) {
         return Saved::Gone;
     }

@@ -29,6 +29,8 @@ public:
     [[nodiscard]] std::vector<qint32> UsedMarks() override;
 
 private:
+    [[nodiscard]] std::optional<Revision> DetailWithoutLabels(qint32 ppid, qint32 picId,
+                                                              KX_DATA::BimPicDetail& detail);
     [[nodiscard]] std::vector<KX_DATA::BimPicRow> RowsOf(const std::vector<qint64>& picIds);
     void AddLabels(std::vector<KX_DATA::BimPicRow>& rows);
     void MoveTo(qint32 ppid, qint32 picId, const QString& key, const QString& oldKey);
