@@ -29,7 +29,7 @@ constexpr int kPage = 50;
 /// Changes that come closely behind each other are looked at together, milliseconds.
 constexpr int kRelistDelay = 300;
 constexpr qint64 kNewest = std::numeric_limits<qint64>::max();
-constexpr qint32 kUnread = 0;
+constexpr qint32 kNoPreset = 0;
 
 bool IsListed(site::ChangeKind kind) {
     return kind == site::ChangeKind::Anything || kind == site::ChangeKind::BimPhoto ||
@@ -247,7 +247,7 @@ void ReminderFlow::Open(int row) {
     m_catchUp->MarkRead(item.seq);
     ShowCount();
     if (item.isIssue) {
-        m_parts.pictures.ShowIssueMngFor(kUnread, item.floor, item.markId, item.handle);
+        m_parts.pictures.ShowIssueMngFor(kNoPreset, item.floor, item.markId, item.handle);
         if (m_parts.around.view != nullptr) {
             m_parts.around.view->LocateIssue(item.questionId); // the console lists it either way
         }
