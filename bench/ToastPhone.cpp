@@ -35,9 +35,10 @@ class Phone {
 public:
     explicit Phone(site::ISite& into)
         : m_site(into), m_intake(into.NewIntake()), m_floor(into.Catalogue().Floors(1).front()),
-          m_axis(into.Catalogue().AxesX(1, m_floor).front()),
-          m_key(into.Catalogue().AxesY(1, m_floor, m_axis).front().second) {}
+          m_key(m_intake->AddPosition({1, m_floor, u"7"_s, u"C"_s, {}, true})) {}
 
+    void Begin() { m_intake->BeginBatch(); }
+    void Commit() { m_intake->CommitBatch(); }
     void FilePhoto() {
         site::NewBimPhoto photo;
         photo.ppid = 1;
@@ -53,7 +54,7 @@ public:
         issue.ppid = 1;
         issue.theme = u"问题 %1"_s.arg(++m_number);
         issue.floor = m_floor;
-        issue.posInfo = m_axis;
+        issue.posInfo = u"7-C"_s;
         issue.markId = 1;
         issue.creator = u"李娜"_s;
         issue.createTime = m_site.Now();
@@ -64,7 +65,6 @@ private:
     site::ISite& m_site;
     std::unique_ptr<site::IIntake> m_intake;
     QString m_floor;
-    QString m_axis;
     QString m_key;
     int m_number = 0;
 };
@@ -72,6 +72,7 @@ private:
 void Obey(Phone& phone, const QString& line) {
     const QString kind = line.section(u' ', 0, 0);
     const int count = line.section(u' ', 1, 1).toInt();
+    phone.Begin();
     for (int at = 0; at < count; ++at) {
         if (kind == u"issues"_s) {
             phone.FileIssue();
@@ -79,6 +80,7 @@ void Obey(Phone& phone, const QString& line) {
             phone.FilePhoto();
         }
     }
+    phone.Commit();
 }
 
 } // namespace

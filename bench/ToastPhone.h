@@ -16,7 +16,7 @@ public:
 
     /// When the commit of a photo was over; 0: it failed.
     [[nodiscard]] qint64 FileOne();
-    /// "photos" or "issues", a commit each; returns at once.
+    /// "photos" or "issues", in one commit; returns at once.
     [[nodiscard]] bool FileMany(int count, const QString& kind);
     void End();
 
