@@ -56,7 +56,9 @@ QString CountText(int count) {
 
 } // namespace
 
-ReminderFlow::ReminderFlow(const Parts& flowParts) : m_parts(flowParts), m_thumbs(m_parts.session) {
+ReminderFlow::ReminderFlow(const Parts& flowParts)
+    : m_parts(flowParts), m_messages([this](const ReminderMessage& message) { HandOn(message); }),
+      m_thumbs(m_parts.session) {
     m_relisting.setSingleShot(true);
     m_relisting.setInterval(kRelistDelay);
     connect(&m_relisting, &QTimer::timeout, this, &ReminderFlow::Relist);
@@ -125,6 +127,7 @@ void ReminderFlow::ConnectDock() {
         } else {
             m_parts.pictures.ShowIssuePopups(m_parts.window.Id());
         }
+        m_messages.Shown();
     });
     connect(&dock.Model(), &CatchUpModel::MoreWanted, this, &ReminderFlow::ListOlder);
     connect(&dock.Model(), &CatchUpModel::PictureWanted, &m_thumbs, &CatchUpPictures::Ask);
@@ -157,10 +160,17 @@ void ReminderFlow::OnFiled(const site::Filings& filings) {
 
 void ReminderFlow::Announce(const site::Filing& filing) {
     // Of projects that aren't open too: the module knows which it wants.
-    if (filing.kind == site::ChangeKind::Issue) {
-        m_parts.pictures.OnIssueMessage(m_parts.window.Id(), PushMessage(filing, PlaceOf(filing)));
-    } else if (m_popsPhotos) {
-        m_parts.pictures.OnPicMessage(m_parts.window.Id(), PushMessage(filing, PlaceOf(filing)));
+    const bool isIssue = filing.kind == site::ChangeKind::Issue;
+    if (isIssue || m_popsPhotos) {
+        m_messages.Add({isIssue, PushMessage(filing, PlaceOf(filing))});
+    }
+}
+
+void ReminderFlow::HandOn(const ReminderMessage& message) {
+    if (message.isIssue) {
+        m_parts.pictures.OnIssueMessage(m_parts.window.Id(), message.json);
+    } else {
+        m_parts.pictures.OnPicMessage(m_parts.window.Id(), message.json);
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include "host/app/CatchUpPictures.h"
 #include "host/reminders/CatchUp.h"
+#include "host/reminders/PacedMessages.h"
 #include "host/reminders/PushChannel.h"
 
 #include <QObject>
@@ -49,6 +50,7 @@ private:
     void KeepSwitches();
     void OnFiled(const site::Filings& filings);
     void Announce(const site::Filing& filing);
+    void HandOn(const ReminderMessage& message);
     void NoteChanges(const site::Changes& changes);
     /// The rows that are listed, as the site has them now.
     void Relist();
@@ -59,6 +61,7 @@ private:
     [[nodiscard]] QString SwitchSetting() const;
 
     Parts m_parts;
+    PacedMessages m_messages;
     CatchUpPictures m_thumbs;
     std::unique_ptr<CatchUp> m_catchUp; ///< null where it couldn't be read
     std::unique_ptr<PushChannel> m_channel;

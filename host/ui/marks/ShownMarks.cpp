@@ -30,6 +30,17 @@ bool IsWanted(qint32 ppid, qint32 wanted) {
     return wanted == 0 || ppid == 0 || ppid == wanted;
 }
 
+bool AreSameEntries(const KX_DATA::IssueMarkEntry& one, const KX_DATA::IssueMarkEntry& other) {
+    return std::tie(one.itemText, one.itemKey, one.text3, one.text4, one.value) ==
+           std::tie(other.itemText, other.itemKey, other.text3, other.text4, other.value);
+}
+
+bool AreSame(const KX_DATA::IssueMarkGroup& one, const KX_DATA::IssueMarkGroup& other) {
+    return std::tie(one.name, one.id, one.count) == std::tie(other.name, other.id, other.count) &&
+           std::equal(one.entries.begin(), one.entries.end(), other.entries.begin(),
+                      other.entries.end(), AreSameEntries);
+}
+
 } // namespace
 
 bool IsSameFlag(const MarkFlag& one, const MarkFlag& other) {
@@ -50,7 +61,12 @@ void ShownMarks::SetPhotos(const std::vector<KX_DATA::PicMarkGroup>& groups) {
     m_photos = groups;
 }
 
-void ShownMarks::SetIssues(const std::vector<KX_DATA::IssueMarkGroup>& groups) {
+bool ShownMarks::SetIssues(const std::vector<KX_DATA::IssueMarkGroup>& groups) {
+    if (std::equal(groups.begin(), groups.end(), m_issueGroups.begin(), m_issueGroups.end(),
+                   AreSame)) {
+        return false;
+    }
+    m_issueGroups = groups;
     m_issues.clear();
     // A ticked issue comes alone in its group, so one floor comes in very many of them.
     std::map<std::pair<QString, qint32>, std::size_t> floors;
@@ -63,6 +79,7 @@ void ShownMarks::SetIssues(const std::vector<KX_DATA::IssueMarkGroup>& groups) {
         auto& entries = m_issues[found->second].entries;
         entries.insert(entries.end(), group.entries.begin(), group.entries.end());
     }
+    return true;
 }
 
 void ShownMarks::Show(MarkKind kind, bool on) {

@@ -30,7 +30,8 @@ public:
     void SetMarkTable(std::map<qint32, KX_DATA::MarkRecord> table) { m_marks = std::move(table); }
     void SetHidden(HiddenPhotos counts) { m_hidden = std::move(counts); }
     void SetPhotos(const std::vector<KX_DATA::PicMarkGroup>& groups);
-    void SetIssues(const std::vector<KX_DATA::IssueMarkGroup>& groups);
+    /// False if they are those that it has already: of many reminders each hands them over anew.
+    bool SetIssues(const std::vector<KX_DATA::IssueMarkGroup>& groups);
     /// Switches the display of a kind; its marks are kept.
     void Show(MarkKind kind, bool on);
     [[nodiscard]] bool IsShown(MarkKind kind) const;
@@ -63,6 +64,7 @@ private:
     std::map<qint32, KX_DATA::MarkRecord> m_marks;
     HiddenPhotos m_hidden;
     std::vector<KX_DATA::PicMarkGroup> m_photos;
+    std::vector<KX_DATA::IssueMarkGroup> m_issueGroups; ///< as they were handed over
     std::vector<IssueFloor> m_issues;
     bool m_showPhotos = true;
     bool m_showIssues = true;

@@ -50,8 +50,9 @@ void FloorPlanView::SetVeskPicMarkers(const std::vector<KX_DATA::PicMarkGroup>& 
 }
 
 void FloorPlanView::SetTNIssueMarkers(const std::vector<KX_DATA::IssueMarkGroup>& groups) {
-    m_markSet.SetIssues(groups);
-    Redraw();
+    if (m_markSet.SetIssues(groups)) {
+        Redraw();
+    }
 }
 
 bool FloorPlanView::LocatePicture(const QString& positionKey, qint32 markId) {

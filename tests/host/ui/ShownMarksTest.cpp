@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace host {
 namespace {
 
@@ -124,6 +126,27 @@ TEST_F(Marks, NewMarksReplaceTheOldOnes) {
     marks.SetIssues({});
     EXPECT_TRUE(marks.FlagsOf(u"1"_s, 7).empty());
     EXPECT_FALSE(marks.FindIssue(u"q1"_s));
+}
+
+TEST_F(Marks, IssuesThatAreTheSameAreNoNews) {
+    const std::vector<KX_DATA::IssueMarkGroup> groups{IssueGroup(u"1"_s, u"q1"_s, u"2-B轴"_s, 1),
+                                                      IssueGroup(u"2"_s, u"q2"_s, u"2-B轴"_s, 1)};
+    EXPECT_TRUE(marks.SetIssues(groups));
+    EXPECT_FALSE(marks.SetIssues(groups));
+    for (const auto& change : std::vector<std::function<void(KX_DATA::IssueMarkGroup&)>>{
+             [](auto& group) { group.name = u"3"_s; }, [](auto& group) { group.id = 9; },
+             [](auto& group) { group.entries[0].itemText += u'x'; },
+             [](auto& group) { group.entries[0].itemKey += u'x'; },
+             [](auto& group) { group.entries[0].text3 += u'x'; },
+             [](auto& group) { group.entries[0].text4 += u'x'; },
+             [](auto& group) { group.entries[0].value += 1; },
+             [](auto& group) { group.entries.clear(); }}) {
+        auto changed = groups;
+        change(changed[1]);
+        EXPECT_TRUE(marks.SetIssues(changed));
+        EXPECT_TRUE(marks.SetIssues(groups));
+    }
+    EXPECT_TRUE(marks.SetIssues({groups[0]}));
 }
 
 TEST_F(Marks, FlagsStandAtTheirIntersectionsAndOthersOnTheShelf) {
