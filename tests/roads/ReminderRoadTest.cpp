@@ -92,6 +92,14 @@ protected:
         }
         return names;
     }
+    /// So many are listed and all of their toasts are made: one that is on its way when the client
+    /// ends would, as it should, end the reminders of the process.
+    [[nodiscard]] bool HaveArrived(int count) const {
+        return WaitFor([this, count] {
+            return Listed().size() == count &&
+                   CBCGPPopupWindow::CountShown() + CBCGPPopupWindow::CountWaiting() == count;
+        });
+    }
     [[nodiscard]] QString ToolbarCount() const {
         for (const QToolButton* button : client->Window()->findChildren<QToolButton*>()) {
             if (button->text().startsWith(u"新到"_s)) {
@@ -226,7 +234,7 @@ TEST_F(ReminderRoad, WhatCameWhileNoClientRanIsListedAndPopsNothingUp) {
 TEST_F(ReminderRoad, AClickInTheListOpensThePhotoAndARestartKnowsThatItWasRead) {
     FilePhoto(*theirs, u"新墙.jpg"_s);
     FilePhoto(*theirs, u"旧墙.jpg"_s);
-    ASSERT_TRUE(WaitFor([this] { return Listed().size() == 2; }));
+    ASSERT_TRUE(HaveArrived(2));
     CBCGPPopupWindow::CloseAll();
     ClickListed(1);
     EXPECT_TRUE(WaitFor([] { return Viewer() != nullptr; }));
@@ -239,7 +247,7 @@ TEST_F(ReminderRoad, AClickInTheListOpensThePhotoAndARestartKnowsThatItWasRead) 
 
 TEST_F(ReminderRoad, AClickOnAnIssueListsItInTheConsole) {
     FileIssue(u"钢筋外露"_s);
-    ASSERT_TRUE(WaitFor([this] { return Listed().size() == 1; }));
+    ASSERT_TRUE(HaveArrived(1));
     CBCGPPopupWindow::CloseAll();
     ClickListed(0);
     EXPECT_TRUE(WaitFor([] { return ConsoleColumnTexts(u"问题主题"_s).contains(u"钢筋外露"_s); }))
@@ -250,7 +258,7 @@ TEST_F(ReminderRoad, AClickOnAnIssueListsItInTheConsole) {
 TEST_F(ReminderRoad, OneCommandMarksAllAsReadAndARestartKnowsIt) {
     FilePhoto(*theirs, u"甲.jpg"_s);
     FilePhoto(*theirs, u"乙.jpg"_s);
-    ASSERT_TRUE(WaitFor([this] { return Listed().size() == 2; }));
+    ASSERT_TRUE(HaveArrived(2));
     ASSERT_TRUE(WaitFor([this] {
         return hands::PressKey(client->Window(), Qt::Key_R,
                                Qt::ControlModifier | Qt::ShiftModifier);
@@ -264,7 +272,7 @@ TEST_F(ReminderRoad, OneCommandMarksAllAsReadAndARestartKnowsIt) {
 TEST_F(ReminderRoad, WhatIsDeletedLeavesTheList) {
     FilePhoto(*theirs, u"甲.jpg"_s);
     FilePhoto(*theirs, u"乙.jpg"_s);
-    ASSERT_TRUE(WaitFor([this] { return Listed().size() == 2; }));
+    ASSERT_TRUE(HaveArrived(2));
     Other().DeletePhotos({Dock().Model().At(0).picId});
     EXPECT_TRUE(WaitFor([this] { return Listed() == QStringList{u"甲.jpg*"_s}; }))
         << Listed().join(u' ').toStdString();
@@ -273,7 +281,7 @@ TEST_F(ReminderRoad, WhatIsDeletedLeavesTheList) {
 
 TEST_F(ReminderRoad, ThePictureOfARowComes) {
     FilePhoto(*theirs, u"新墙.jpg"_s);
-    ASSERT_TRUE(WaitFor([this] { return Listed().size() == 1; }));
+    ASSERT_TRUE(HaveArrived(1));
     CBCGPPopupWindow::CloseAll();
     Dock().raise();
     auto* list = Dock().findChild<QListView*>(u"catchUpList"_s);

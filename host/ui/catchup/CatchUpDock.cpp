@@ -42,6 +42,7 @@ CatchUpDock::CatchUpDock(QWidget* parent) : QDockWidget(u"新到提醒"_s, paren
     m_list->setAccessibleName(u"新到的照片和问题"_s);
     m_list->setFrameShape(QFrame::NoFrame);
     m_list->setUniformItemSizes(true);
+    m_list->setMinimumHeight(48); // a low screen has no more
     m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     m_list->setMouseTracking(true);
     m_list->setItemDelegate(new CatchUpPaint(*m_model, this));
