@@ -26,7 +26,7 @@ public:
         ++m_generation;
         for (int row = 0; row < kRows; ++row) {
             for (int column = 0; column < kColumns; ++column) {
-                m_texts[size_t(row * kColumns + column)] =
+                m_texts[size_t(row) * kColumns + size_t(column)] =
                     u"外墙渗漏 "_s + QString::number(m_generation * kRows + row + column);
             }
         }
@@ -43,7 +43,7 @@ public:
         if (role != Qt::DisplayRole) {
             return {};
         }
-        return m_texts[size_t(index.row() * kColumns + index.column())];
+        return m_texts[size_t(index.row()) * kColumns + size_t(index.column())];
     }
 
 private:

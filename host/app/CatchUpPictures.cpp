@@ -35,7 +35,9 @@ CatchUpPictures::~CatchUpPictures() {
 void CatchUpPictures::Ask(qint32 ppid, const QString& uuid) {
     m_wishes.push_back({ppid, uuid});
     if (m_wishes.size() > kMostWishes) {
+        const QString dropped = m_wishes.front().uuid;
         m_wishes.erase(m_wishes.begin());
+        emit Dropped(dropped);
     }
     StartNext();
 }

@@ -29,6 +29,8 @@ public:
 signals:
     /// Null: it can't be fetched or is no picture.
     void Came(const QString& uuid, const QImage& picture);
+    /// Nobody fetches it any more; it may be asked for again.
+    void Dropped(const QString& uuid);
 
 private:
     struct Wish {

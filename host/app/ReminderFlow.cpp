@@ -131,6 +131,7 @@ void ReminderFlow::ConnectDock() {
     });
     connect(&dock.Model(), &CatchUpModel::MoreWanted, this, &ReminderFlow::ListOlder);
     connect(&dock.Model(), &CatchUpModel::PictureWanted, &m_thumbs, &CatchUpPictures::Ask);
+    connect(&m_thumbs, &CatchUpPictures::Dropped, &dock.Model(), &CatchUpModel::ForgetPicture);
     connect(&m_thumbs, &CatchUpPictures::Came, &dock.Model(),
             [&dock, ratio](const QString& uuid, const QImage& picture) {
                 QPixmap pixmap = QPixmap::fromImage(picture);
@@ -194,7 +195,7 @@ void ReminderFlow::ProjectChanged() {
 
 void ReminderFlow::Relist() {
     CatchUpModel& model = m_parts.window.CatchUpList().Model();
-    if (!m_catchUp || model.rowCount() == 0) {
+    if (!m_catchUp) {
         return;
     }
     WithoutFault(m_parts.session, [&] {

@@ -179,7 +179,7 @@ TEST_F(PictureLogTest, LinesOfSeveralThreadsStayWhole) {
     const QList<QByteArray> lines = folder.Read(u"VeskPicture.log"_s).split('\n');
     ASSERT_EQ(lines.size(), kThreads * kLines + 1);
     std::map<QByteArray, int> next;
-    for (const QByteArray& line : lines.first(kThreads * kLines)) {
+    for (const QByteArray& line : lines.first(lines.size() - 1)) {
         ASSERT_TRUE(line.startsWith("[2026-03-05 12:00:00] w")) << line.toStdString();
         ASSERT_TRUE(line.endsWith(".\r")) << line.toStdString();
         const QByteArray writer = line.mid(22, 2);

@@ -54,6 +54,8 @@ public:
     /// Null until it came; asks for one that wasn't wanted before.
     [[nodiscard]] QPixmap PictureOf(const CatchUpItem& item);
     void SetPicture(const QString& uuid, const QPixmap& picture);
+    /// It is asked for again when it is in sight again.
+    void ForgetPicture(const QString& uuid) { m_pictures.remove(uuid); }
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
