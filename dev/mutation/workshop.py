@@ -71,7 +71,10 @@ class Workshop:
         for entry in json.loads((self.build / "compile_commands.json").read_text()):
             path = Path(entry["file"])
             if path.is_relative_to(self.tree):
-                commands[str(path.relative_to(self.tree))] = entry
+                name = str(path.relative_to(self.tree))
+                # A source that a test program also compiles for itself is judged as its library's.
+                if name not in commands or not self._object_of(entry).startswith("tests/"):
+                    commands[name] = entry
         return commands
 
     def compile_command(self, path: str) -> tuple[list[str], str] | None:
