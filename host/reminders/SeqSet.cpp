@@ -12,9 +12,9 @@ void SeqSet::Add(const site::SeqRange& range) {
     }
     // Ranges that touch the new one become one with it.
     const auto first = std::find_if(m_ranges.begin(), m_ranges.end(),
-                                    [&](const auto& held) { return held.last + 1 >= range.first; });
+                                    [&](const auto& held) { return held.last >= range.first - 1; });
     const auto last = std::find_if(first, m_ranges.end(),
-                                   [&](const auto& held) { return held.first > range.last + 1; });
+                                   [&](const auto& held) { return held.first - 1 > range.last; });
     site::SeqRange joined = range;
     if (first != last) {
         joined.first = std::min(joined.first, first->first);
@@ -54,6 +54,9 @@ std::vector<site::SeqRange> SeqSet::Gaps(const site::SeqRange& within) const {
         }
         if (held.first > from) {
             gaps.push_back({from, held.first - 1});
+        }
+        if (held.last >= within.last) {
+            return gaps;
         }
         from = std::max(from, held.last + 1);
     }

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace host {
 namespace {
 
@@ -74,6 +76,16 @@ TEST(SeqSet, SetsAddUp) {
 
 TEST(SeqSet, TextThatIsNoneIsLeftOut) {
     EXPECT_EQ(SetOf(u"x,3-,-4,,7-5,0-2,9-10"_s).Text(), u"9-10"_s);
+}
+
+TEST(SeqSet, NumbersAtTheEndOfTheirRangeAreNumbersToo) {
+    SeqSet set = SetOf(u"5-9223372036854775807"_s);
+    set.Add(9);
+    set.Add(3);
+    set.Add({1, std::numeric_limits<qint64>::max()});
+    EXPECT_EQ(set.Text(), u"1-9223372036854775807"_s);
+    EXPECT_EQ(set.Gaps({1, std::numeric_limits<qint64>::max()}), Ranges());
+    EXPECT_TRUE(set.Has(std::numeric_limits<qint64>::max()));
 }
 
 } // namespace
