@@ -208,13 +208,16 @@ void ReminderFlow::Relist() {
 }
 
 void ReminderFlow::ListOlder(qint64 before) {
-    WithoutFault(m_parts.session, [&] {
-        CatchUpModel& model = m_parts.window.CatchUpList().Model();
+    CatchUpModel& model = m_parts.window.CatchUpList().Model();
+    const bool isRead = WithoutFault(m_parts.session, [&] {
         const qint64 told = m_channel ? m_channel->Mark() + 1 : kNewest;
         const site::Filings filings = m_catchUp->Page(std::min(before, told), kPage);
         model.Append(ItemsOf(filings));
         model.SetHasMore(int(filings.size()) == kPage);
     });
+    if (!isRead) {
+        model.SetHasMore(true); // asked for again when one scrolls on
+    }
 }
 
 std::vector<CatchUpItem> ReminderFlow::ItemsOf(const site::Filings& filings) const {
