@@ -12,7 +12,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <semaphore>
 #include <unistd.h>
 
@@ -51,6 +53,11 @@ int TimesWaited(int thread) {
         }
     }
     return 0;
+}
+
+int CountThreads() {
+    const auto tasks = std::filesystem::directory_iterator("/proc/self/task");
+    return int(std::distance(begin(tasks), end(tasks)));
 }
 
 class Reminders : public testing::Test {
@@ -308,10 +315,13 @@ TEST_F(Reminders, TheEndDropsWhatIsLeftAndWaitsForTheDownloadThatRuns) {
     feed.OnPicMessage(window.Id(), PicMessage(1));
     gate.entered.acquire();
     feed.OnPicMessage(window.Id(), PicMessage(2));
-    const std::jthread opener([this] { gate.open.release(); });
+    std::jthread opener([this] { gate.open.release(); });
     End();
+    opener.join();
+    const int threads = CountThreads();
     feed.OnPicMessage(window.Id(), PicMessage(3));
-    EXPECT_EQ(Downloads(), 1) << "no thread begins after the end";
+    EXPECT_EQ(CountThreads(), threads) << "none begins after the end";
+    EXPECT_EQ(Downloads(), 1);
 }
 
 TEST_F(Reminders, AWindowThatIsGoneIsNotTold) {

@@ -18,6 +18,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 using reminder::kIssuePopup;
@@ -226,15 +229,25 @@ TEST_F(Popups, TheFirstMoveOfTheMouseShowsAPictureThatCameLater) {
     EXPECT_LT(preview.grab().toImage().pixelColor(middle).blue(), 80);
 }
 
+TEST_F(Popups, TheMouseIsNoticedOverEveryPart) {
+    Show(Record(u"甲"_s), kPicPopup);
+    const QWidget* dialog = Preview(Toasts()[0]).parentWidget();
+    const auto parts = dialog->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    EXPECT_EQ(parts.size(), reminder::kMsgParts);
+    for (const QWidget* part : parts) {
+        EXPECT_TRUE(part->hasMouseTracking()) << part->objectName().toStdString();
+    }
+}
+
 TEST_F(Popups, WithoutAFileThePreviewIsBlank) {
     Show(Record(u"甲"_s), kPicPopup);
     EXPECT_EQ(Preview(Toasts()[0]).picPath, QString());
 }
 
-TEST_F(Popups, WhatIsReadyIsShownInItsOrderByTheFacade) {
+TEST_F(Popups, WhereNothingIsReadyTheFacadeShowsNothing) {
     facade.ShowPicPopups(toolkit::kNoWindow);
     facade.ShowIssuePopups(toolkit::kNoWindow);
-    EXPECT_THAT(Toasts(), IsEmpty()) << "nothing is ready";
+    EXPECT_THAT(Toasts(), IsEmpty());
 }
 
 TEST(MsgDlgLayout, PartsStandAsInDialogUnitsOneBelowTheOther) {
@@ -243,6 +256,19 @@ TEST(MsgDlgLayout, PartsStandAsInDialogUnitsOneBelowTheOther) {
     EXPECT_EQ(reminder::PlaceOf(reminder::MsgPart::First, false, base), QRect(36, 18, 278, 16));
     EXPECT_EQ(reminder::PlaceOf(reminder::MsgPart::Preview, false, base), QRect(90, 182, 204, 132));
     EXPECT_EQ(reminder::PlaceOf(reminder::MsgPart::Button, true, base), QRect(124, 330, 100, 28));
+    const reminder::DialogBase units{4, 8};
+    const std::array<QRect, reminder::kMsgParts> places{{{18, 9, 139, 8},
+                                                         {18, 24, 139, 8},
+                                                         {18, 39, 139, 8},
+                                                         {18, 54, 139, 8},
+                                                         {18, 69, 139, 8},
+                                                         {18, 84, 139, 8},
+                                                         {45, 91, 102, 66},
+                                                         {62, 165, 50, 14}}};
+    for (int part = 0; part < reminder::kMsgParts; ++part) {
+        EXPECT_EQ(reminder::PlaceOf(reminder::MsgPart(part), false, units), places[size_t(part)])
+            << part;
+    }
     EXPECT_EQ(reminder::PlaceOf(reminder::MsgPart::Second, true, base).y(),
               reminder::PlaceOf(reminder::MsgPart::Second, false, base).y() + 8);
     EXPECT_EQ(reminder::PlaceOf(reminder::MsgPart::Fourth, true, base).y(),
