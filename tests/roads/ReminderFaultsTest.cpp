@@ -90,8 +90,9 @@ TEST_F(ReminderFaults, WhatCannotBeFetchedPopsUpWithoutItsPicture) {
     EXPECT_TRUE(WaitFor([] { return ToastLines() == QStringList{u"名称:甲.jpg"_s}; }));
     SetFault(TransferFault::None);
     FilePhoto(u"乙.jpg"_s);
-    EXPECT_TRUE(WaitFor(
-        [] { return ToastLines() == QStringList({u"名称:甲.jpg"_s, u"名称:乙.jpg"_s}); }));
+    EXPECT_TRUE(WaitFor([] {
+        return ToastLines() == QStringList({u"名称:甲.jpg"_s, u"名称:乙.jpg"_s});
+    }));
     EXPECT_FALSE(Messages().filter(u"下载文件失败"_s).isEmpty());
 }
 
@@ -101,8 +102,9 @@ TEST_F(ReminderFaults, ADownloadThatStandsStillEndsByItsLimitAndTheNextOnesGoOn)
     FilePhoto(u"甲.jpg"_s);
     ASSERT_TRUE(WaitFor([this] { return CountListed() == 1; }));
     FilePhoto(u"乙.jpg"_s);
-    EXPECT_TRUE(WaitFor(
-        [] { return ToastLines() == QStringList({u"名称:甲.jpg"_s, u"名称:乙.jpg"_s}); }));
+    EXPECT_TRUE(WaitFor([] {
+        return ToastLines() == QStringList({u"名称:甲.jpg"_s, u"名称:乙.jpg"_s});
+    }));
 }
 
 TEST_F(ReminderFaults, WhereFilingsCannotBeReadTheClientSaysSoAndWorks) {

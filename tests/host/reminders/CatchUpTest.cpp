@@ -4,6 +4,8 @@
 #include "site/IBin.h"
 #include "site/ICatalogue.h"
 #include "tests/host/reminders/TwoSites.h"
+#include "tests/support/EngineFolder.h"
+#include "tests/support/WaitFor.h"
 
 #include <QStringList>
 
@@ -81,6 +83,32 @@ TEST(CatchUp, ARestartKeepsWhatIsUnreadAndLetsGoOfWhatWasReadBefore) {
         catchUp.Keep();
     }
     EXPECT_EQ(ListedAtTheNextStart(sites), (QStringList{u"d*"_s, u"c"_s, u"b*"_s}));
+}
+
+TEST(CatchUp, WhatWasReadIsKeptByItselfAMomentLater) {
+    TwoSites sites;
+    CatchUp catchUp(sites.session);
+    FileMany(sites, {u"a"_s, u"b"_s});
+    const auto kept = [&] { return sites.session.Site().Catalogue().Setting(u"news:li"_s); };
+    const QString before = kept();
+    catchUp.MarkRead(SeqOf(catchUp, u"b"_s));
+    support::RunPendingEvents();
+    EXPECT_EQ(kept(), before) << "several in a row are written once";
+    EXPECT_TRUE(support::WaitFor([&] { return kept() != before; }));
+    EXPECT_EQ(ListedAtTheNextStart(sites), (QStringList{u"b"_s, u"a*"_s}));
+}
+
+TEST(CatchUp, WhatCouldNotBeKeptIsKeptTheNextTime) {
+    TwoSites sites;
+    CatchUp catchUp(sites.session);
+    FileMany(sites, {u"a"_s, u"b"_s});
+    auto& database = support::FolderOf(*sites.other.site).Db();
+    catchUp.MarkRead(SeqOf(catchUp, u"b"_s));
+    database.Exec(u"ALTER TABLE setting RENAME TO setting_away"_s);
+    catchUp.Keep();
+    database.Exec(u"ALTER TABLE setting_away RENAME TO setting"_s);
+    catchUp.Keep();
+    EXPECT_EQ(ListedAtTheNextStart(sites), (QStringList{u"b"_s, u"a*"_s}));
 }
 
 TEST(CatchUp, MarkingAllReadsAlsoWhatIsNotListedYet) {

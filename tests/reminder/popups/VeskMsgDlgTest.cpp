@@ -101,6 +101,12 @@ TEST_F(Popups, APhotoShowsWhoDidWhatWhere) {
     EXPECT_EQ(Line(toast, 3), u"标签:裂缝;渗漏"_s);
     EXPECT_EQ(Line(toast, 4), u"位置:B/7"_s);
     EXPECT_EQ(Line(toast, 5), u"上传人:李娜"_s);
+    EXPECT_EQ(toast->findChild<QPushButton*>(u"look"_s)->text(), u"立即查看"_s);
+    QStringList captions;
+    for (const QLabel* label : toast->findChildren<QLabel*>()) {
+        captions << label->text();
+    }
+    EXPECT_TRUE(captions.contains(u"预览:"_s)) << captions.join(u' ').toStdString();
     EXPECT_FALSE(toast->isActiveWindow());
 }
 
