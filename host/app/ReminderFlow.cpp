@@ -26,6 +26,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kPage = 50;
+/// Looked at as the client ends; more would hold it up.
+constexpr int kLatest = 1000;
 /// Changes that come closely behind each other are looked at together, milliseconds.
 constexpr int kRelistDelay = 300;
 constexpr qint64 kNewest = std::numeric_limits<qint64>::max();
@@ -281,9 +283,22 @@ void ReminderFlow::MarkAllRead() {
 }
 
 void ReminderFlow::Keep() {
-    if (m_catchUp) {
-        m_catchUp->Keep();
+    if (!m_catchUp) {
+        return;
     }
+    if (m_channel) {
+        // The channel may not have told of the latest yet, and the next client can't know whose
+        // they were.
+        WithoutFault(m_parts.session, [this] {
+            site::IFilings& filings = m_parts.session.Site().Filings();
+            for (const site::Filing& filing : filings.After(m_channel->Mark(), kLatest).filings) {
+                if (filing.byThisSite) {
+                    m_catchUp->TakeOwn(filing.seq);
+                }
+            }
+        });
+    }
+    m_catchUp->Keep();
 }
 
 } // namespace host

@@ -40,7 +40,8 @@ protected:
         ASSERT_TRUE(session.SignIn(u"张伟"_s));
         Start();
     }
-    void FilePhoto(const QString& name) {
+    void FilePhoto(const QString& name) { FilePhoto(*m_theirs, name); }
+    void FilePhoto(site::IIntake& into, const QString& name) {
         site::NewBimPhoto photo;
         photo.ppid = site.firstProject;
         photo.fileName = name;
@@ -48,7 +49,7 @@ protected:
         photo.markId = 1;
         photo.uploader = u"李娜"_s;
         photo.uploadTime = 1'700'000'000;
-        static_cast<void>(m_theirs->FilePhoto(photo, {{}, JpegBytes(kGreen)}));
+        static_cast<void>(into.FilePhoto(photo, {{}, JpegBytes(kGreen)}));
     }
     void SetFault(TransferFault fault) {
         site::TransferRules rules;
@@ -105,6 +106,16 @@ TEST_F(ReminderFaults, ADownloadThatStandsStillEndsByItsLimitAndTheNextOnesGoOn)
     EXPECT_TRUE(WaitFor([] {
         return ToastLines() == QStringList({u"名称:甲.jpg"_s, u"名称:乙.jpg"_s});
     }));
+}
+
+TEST_F(ReminderFaults, OnesOwnThatIsFiledJustBeforeTheEndIsNoNewsAtTheNextStart) {
+    FilePhoto(u"他人.jpg"_s);
+    ASSERT_TRUE(WaitFor([] { return !ToastLines().isEmpty(); }));
+    FilePhoto(*session.Site().NewIntake(), u"我的.jpg"_s);
+    End();
+    StartAgain();
+    ASSERT_EQ(CountListed(), 1);
+    EXPECT_EQ(Dock().Model().At(0).name, u"他人.jpg"_s);
 }
 
 TEST_F(ReminderFaults, WhereFilingsCannotBeReadTheClientSaysSoAndWorks) {
