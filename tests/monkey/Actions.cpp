@@ -247,7 +247,10 @@ void DoTaskBar(const Deed& deed, const Surroundings& surroundings) {
     Q_UNUSED(surroundings);
     QList<QWidget*> windows = Windows();
     windows.removeIf([](const QWidget* window) {
-        return window->windowType() == Qt::Popup || !hands::CanReach(window);
+        // A toast stands in no task bar.
+        return window->windowType() == Qt::Popup ||
+               window->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus) ||
+               !hands::CanReach(window);
     });
     if (windows.isEmpty()) {
         return;
