@@ -284,6 +284,9 @@ void MainWindow::ToggleCatchUp() {
     const bool isInFront = m_catchUp->isVisible() && !m_catchUp->visibleRegion().isEmpty();
     m_catchUp->setVisible(!isInFront);
     m_catchUp->raise();
+    if (!isInFront) {
+        m_catchUp->TakeFocus();
+    }
 }
 
 qintptr MainWindow::OnNumberedEvent(const toolkit::WindowEvent& event) {

@@ -71,6 +71,12 @@ CatchUpDock::CatchUpDock(QWidget* parent) : QDockWidget(u"新到提醒"_s, paren
     ShowUnread({});
 }
 
+void CatchUpDock::TakeFocus() {
+    if (m_model->rowCount() > 0) {
+        m_list->setFocus(Qt::ShortcutFocusReason);
+    }
+}
+
 void CatchUpDock::ShowHint() {
     const bool isEmpty = m_model->rowCount() == 0;
     m_list->setVisible(!isEmpty);

@@ -22,6 +22,8 @@ public:
     [[nodiscard]] CatchUpModel& Model() const { return *m_model; }
     /// @param unread  0: none.
     void ShowUnread(const QString& unread);
+    /// The list takes the keys; without rows nothing does.
+    void TakeFocus();
 
 signals:
     /// Clicked, or chosen by the keyboard.

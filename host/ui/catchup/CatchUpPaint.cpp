@@ -88,6 +88,13 @@ void CatchUpPaint::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->setPen(toolkit::Colors::HintText());
     line.translate(0, line.height());
     PaintLine(*painter, line, Joined(item.person, item.time));
+    if (option.state.testFlag(QStyle::State_HasFocus) &&
+        !option.state.testFlag(QStyle::State_Selected)) {
+        // Nothing is chosen yet, and one sees where the keys go.
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(toolkit::Colors::Accent());
+        painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+    }
     painter->restore();
 }
 

@@ -1,6 +1,7 @@
 #include "host/ui/MainWindow.h"
 
 #include "host/ui/MessageBar.h"
+#include "host/ui/catchup/CatchUpDock.h"
 #include "include/KXEvents.h"
 #include "tests/support/WaitFor.h"
 
@@ -8,6 +9,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDropEvent>
+#include <QListView>
 #include <QMenu>
 #include <QMimeData>
 #include <QSignalSpy>
@@ -153,6 +155,16 @@ TEST_F(ClientWindow, TakesDroppedFilesOfThisMachineAlone) {
     EXPECT_TRUE(dropped.isEmpty());
     EXPECT_TRUE(Drop({QUrl::fromLocalFile(u"/tmp/a"_s), QUrl::fromLocalFile(u"/tmp/b.jpg"_s)}));
     EXPECT_EQ(dropped, QStringList({u"/tmp/a"_s, u"/tmp/b.jpg"_s}));
+}
+
+TEST_F(ClientWindow, TheListOfWhatOthersFiledTakesTheKeysWhenItIsCalled) {
+    CatchUpItem item;
+    item.seq = 1;
+    window.CatchUpList().Model().SetItems({item});
+    window.ToggleCatchUp();
+    const auto* list = window.findChild<QListView*>(u"catchUpList"_s);
+    EXPECT_TRUE(list->hasFocus());
+    EXPECT_EQ(list->currentIndex().row(), 0);
 }
 
 TEST_F(ClientWindow, ItsMenuOfDrawingsChecksTheCurrentOne) {
