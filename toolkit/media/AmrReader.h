@@ -40,7 +40,7 @@ private:
 
     QFile m_file;
     AmrBand m_band = AmrBand::None;
-    std::array<unsigned char, 64 * 1024> m_buffer{};
+    std::array<unsigned char, std::size_t(64) * 1024> m_buffer{};
     qint64 m_begin = 0; ///< of what isn't given out yet
     qint64 m_end = 0;
 };

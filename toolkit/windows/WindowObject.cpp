@@ -172,6 +172,7 @@ void WindowObject::SetTimer(int timerId, int milliseconds) {
     std::unique_ptr<QTimer>& timer = m_timers[timerId];
     if (!timer) {
         timer = std::make_unique<QTimer>();
+        timer->setTimerType(Qt::PreciseTimer); // a coarse one comes up to a twentieth early
         QObject::connect(timer.get(), &QTimer::timeout, m_widget,
                          [this, timerId] { OnTimer(timerId); });
     }
