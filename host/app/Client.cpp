@@ -226,6 +226,7 @@ void Client::ConnectSink() {
     connect(&m_sink, &PictureSink::MarkWanted, this,
             [this](const QString& floor, qint32 markId, qint32 picId) {
                 OnPhotoLocated(floor + u"-%1-%2"_s.arg(markId).arg(picId));
+                m_reminders->PhotoSeen(picId);
             });
 }
 

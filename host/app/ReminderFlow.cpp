@@ -33,10 +33,24 @@ constexpr int kRelistDelay = 300;
 constexpr qint64 kNewest = std::numeric_limits<qint64>::max();
 constexpr qint32 kNoPreset = 0;
 
-bool IsListed(site::ChangeKind kind) {
-    return kind == site::ChangeKind::Anything || kind == site::ChangeKind::BimPhoto ||
-           kind == site::ChangeKind::Issue || kind == site::ChangeKind::Mark ||
-           kind == site::ChangeKind::Place;
+/// May change what is listed. Of a photo one knows which, of an issue the list has another id.
+bool Concerns(const site::Change& change, const CatchUpModel::Items& items) {
+    switch (change.kind) {
+    case site::ChangeKind::Anything:
+    case site::ChangeKind::Mark:
+    case site::ChangeKind::Place:
+        return true;
+    case site::ChangeKind::BimPhoto:
+        return change.id == 0 ||
+               std::any_of(items.begin(), items.end(), [&](const CatchUpItem& item) {
+                   return !item.isIssue && item.picId == change.id;
+               });
+    case site::ChangeKind::Issue:
+        return std::any_of(items.begin(), items.end(),
+                           [](const CatchUpItem& item) { return item.isIssue; });
+    default:
+        return false;
+    }
 }
 
 /// "3层 A/5", "屋面 A/5"; without a floor the place alone.
@@ -147,7 +161,7 @@ void ReminderFlow::OnFiled(const site::Filings& filings) {
     site::Filings listed;
     for (const site::Filing& filing : filings) {
         if (filing.byThisSite) {
-            m_catchUp->TakeOwn(filing.seq);
+            m_catchUp->TakeOwn(filing.ppid, filing.seq);
             continue;
         }
         Announce(filing);
@@ -178,9 +192,10 @@ void ReminderFlow::HandOn(const ReminderMessage& message) {
 }
 
 void ReminderFlow::NoteChanges(const site::Changes& changes) {
-    if (std::any_of(changes.begin(), changes.end(),
-                    [](const site::Change& change) { return IsListed(change.kind); }) &&
-        !m_relisting.isActive()) {
+    const CatchUpModel::Items& items = m_parts.window.CatchUpList().Model().All();
+    if (!items.empty() && !m_relisting.isActive() &&
+        std::any_of(changes.begin(), changes.end(),
+                    [&](const site::Change& change) { return Concerns(change, items); })) {
         m_relisting.start();
     }
 }
@@ -229,7 +244,7 @@ std::vector<CatchUpItem> ReminderFlow::ItemsOf(const site::Filings& filings) con
         CatchUpItem item;
         item.seq = filing.seq;
         item.isIssue = filing.kind == site::ChangeKind::Issue;
-        item.isRead = m_catchUp->IsRead(filing.seq);
+        item.isRead = m_catchUp->IsRead(filing.ppid, filing.seq);
         item.ppid = filing.ppid;
         item.picId = filing.picId;
         item.questionId = filing.questionId;
@@ -260,7 +275,7 @@ void ReminderFlow::Open(int row) {
     CatchUpModel& model = m_parts.window.CatchUpList().Model();
     const CatchUpItem item = model.At(row);
     model.MarkRead(row);
-    m_catchUp->MarkRead(item.seq);
+    m_catchUp->MarkRead(item.ppid, item.seq);
     ShowCount();
     if (item.isIssue) {
         m_parts.pictures.ShowIssueMngFor(kNoPreset, item.floor, item.markId, item.handle);
@@ -270,6 +285,18 @@ void ReminderFlow::Open(int row) {
     } else {
         m_parts.pictures.ViewBimPic(
             {item.positionKey, item.picId, item.floor, item.markId, item.ppid});
+    }
+}
+
+void ReminderFlow::PhotoSeen(qint32 picId) {
+    CatchUpModel& model = m_parts.window.CatchUpList().Model();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const CatchUpItem item = model.At(row);
+        if (!item.isIssue && item.picId == picId && !item.isRead) {
+            model.MarkRead(row);
+            m_catchUp->MarkRead(item.ppid, item.seq);
+            ShowCount();
+        }
     }
 }
 
@@ -293,7 +320,7 @@ void ReminderFlow::Keep() {
             site::IFilings& filings = m_parts.session.Site().Filings();
             for (const site::Filing& filing : filings.After(m_channel->Mark(), kLatest).filings) {
                 if (filing.byThisSite) {
-                    m_catchUp->TakeOwn(filing.seq);
+                    m_catchUp->TakeOwn(filing.ppid, filing.seq);
                 }
             }
         });

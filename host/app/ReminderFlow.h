@@ -41,6 +41,8 @@ public:
     /// The list is that of the projects which are open now.
     void ProjectChanged();
     void MarkAllRead();
+    /// It was looked at on another way, such as by a toast.
+    void PhotoSeen(qint32 picId);
     /// Keeps what was read.
     void Keep();
 

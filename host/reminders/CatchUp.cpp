@@ -4,6 +4,9 @@
 #include "site/ICatalogue.h"
 #include "site/IFilings.h"
 
+#include <QStringList>
+
+#include <algorithm>
 #include <limits>
 
 namespace host {
@@ -22,9 +25,10 @@ CatchUp::CatchUp(HostSession& owner) : m_session(owner) {
     connect(&m_keeping, &QTimer::timeout, this, &CatchUp::Keep);
     const QString kept = m_session.Site().Catalogue().Setting(SettingName());
     if (kept.isEmpty()) {
-        MarkAllRead(m_session.Site().Filings().Newest());
+        m_first = m_session.Site().Filings().Newest();
         Keep();
     } else {
+        m_first = kept.section(u'/', 0, 0).toLongLong();
         TakeKept(kept);
     }
     Begin();
@@ -34,24 +38,57 @@ QString CatchUp::SettingName() const {
     return u"news:"_s + m_session.UserName();
 }
 
+CatchUp::Seen& CatchUp::Of(qint32 ppid) {
+    const auto [place, isNew] = m_projects.try_emplace(ppid);
+    if (isNew) {
+        place->second.read.Add({1, m_first});
+        place->second.from = m_first;
+    }
+    return place->second;
+}
+
+// "40/7:1-52,60;55/8:1-40;": known at first, then of each project what was read and what is own.
+QString CatchUp::Text() const {
+    QString text = QString::number(m_first);
+    for (const auto& [ppid, seen] : m_projects) {
+        text += u"/%1:%2;%3"_s.arg(QString::number(ppid), seen.read.Text(), seen.own.Text());
+    }
+    return text;
+}
+
 void CatchUp::TakeKept(const QString& text) {
-    m_read.Add(SeqSet::FromText(text.section(u';', 0, 0)));
-    m_own.Add(SeqSet::FromText(text.section(u';', 1, 1)));
+    const QStringList parts = text.split(u'/').mid(1);
+    for (const QString& part : parts) {
+        const qint32 ppid = part.section(u':', 0, 0).toInt();
+        const QString sets = part.section(u':', 1);
+        if (ppid > 0) {
+            Of(ppid).read.Add(SeqSet::FromText(sets.section(u';', 0, 0)));
+            Of(ppid).own.Add(SeqSet::FromText(sets.section(u';', 1, 1)));
+        }
+    }
 }
 
 void CatchUp::Begin() {
-    m_from = m_read.Whole();
-    m_own.Forget(m_from);
+    for (const qint32 ppid : m_session.OpenPpids()) {
+        Seen& seen = Of(ppid);
+        seen.from = seen.read.Whole();
+        seen.own.Forget(seen.from);
+    }
 }
 
 site::Filings CatchUp::Page(qint64 before, int most) {
     site::Filings page;
     const site::Projects open = m_session.OpenPpids();
+    qint64 from = before;
+    for (const qint32 ppid : open) {
+        from = std::min(from, Of(ppid).from + 1);
+    }
     while (int(page.size()) < most) {
         const site::Filings part =
-            m_session.Site().Filings().Latest(open, {m_from + 1, before - 1}, most);
+            m_session.Site().Filings().Latest(open, {from, before - 1}, most);
         for (const site::Filing& filing : part) {
-            if (!m_own.Has(filing.seq) && int(page.size()) < most) {
+            const Seen& seen = Of(filing.ppid);
+            if (filing.seq > seen.from && !seen.own.Has(filing.seq) && int(page.size()) < most) {
                 page.push_back(filing);
             }
         }
@@ -64,23 +101,42 @@ site::Filings CatchUp::Page(qint64 before, int most) {
 }
 
 int CatchUp::Unread() {
-    const auto unread = m_read.Gaps({m_from + 1, std::numeric_limits<qint64>::max()});
-    return m_session.Site().Filings().Count(m_session.OpenPpids(), unread, kMostCounted);
+    int count = 0;
+    for (const qint32 ppid : m_session.OpenPpids()) {
+        const Seen& seen = Of(ppid);
+        const auto unread = seen.read.Gaps({seen.from + 1, std::numeric_limits<qint64>::max()});
+        count += m_session.Site().Filings().Count({ppid}, unread, kMostCounted - count);
+    }
+    return count;
 }
 
-void CatchUp::TakeOwn(qint64 seq) {
-    m_own.Add(seq);
-    MarkRead(seq);
+bool CatchUp::IsRead(qint32 ppid, qint64 seq) {
+    return Of(ppid).read.Has(seq);
 }
 
-void CatchUp::MarkRead(qint64 seq) {
-    m_read.Add(seq);
+void CatchUp::TakeOwn(qint32 ppid, qint64 seq) {
+    Of(ppid).own.Add(seq);
+    MarkRead(ppid, seq);
+}
+
+void CatchUp::MarkRead(qint32 ppid, qint64 seq) {
     m_keeping.start();
+    qint64 from = seq;
+    try {
+        // What lies between it and the one before is of other projects: no gap.
+        const site::Filings before = m_session.Site().Filings().Latest({ppid}, {1, seq - 1}, 1);
+        from = before.empty() ? 1 : before.front().seq + 1;
+    } catch (const site::DataError&) {
+        from = seq;
+    }
+    Of(ppid).read.Add({from, seq});
 }
 
 void CatchUp::MarkAllRead(qint64 upTo) {
-    m_read.Add({1, upTo});
     m_keeping.start();
+    for (const qint32 ppid : m_session.OpenPpids()) {
+        Of(ppid).read.Add({1, upTo});
+    }
 }
 
 void CatchUp::Keep() {
@@ -89,7 +145,7 @@ void CatchUp::Keep() {
         site::ICatalogue& catalogue = m_session.Site().Catalogue();
         const QString kept = catalogue.Setting(SettingName());
         TakeKept(kept);
-        const QString text = m_read.Text() + u';' + m_own.Text();
+        const QString text = Text();
         if (text != kept) {
             catalogue.SetSetting(SettingName(), text);
         }

@@ -7,13 +7,16 @@
 #include <QString>
 #include <QTimer>
 
+#include <map>
+
 namespace host {
 
 class HostSession;
 
 /// Kept in the site for each person, a moment after each change; two clients of one person add up.
-/// For a person who never had it everything so far is known. The list reaches back to the oldest
-/// one that is unread as it begins. Operations that ask the site throw DataError.
+/// Each project has its own: what was read in one says nothing of another. For a person who never
+/// had it everything so far is known. The list reaches back to the oldest one of a project that is
+/// unread as it begins. Operations that ask the site throw DataError, save those that only note.
 /// Thread: user interface.
 class CatchUp final : public QObject {
     Q_OBJECT
@@ -30,11 +33,11 @@ public:
     [[nodiscard]] int Unread();
     static constexpr int kMostCounted = 1000;
 
-    [[nodiscard]] bool IsRead(qint64 seq) const { return m_read.Has(seq); }
+    [[nodiscard]] bool IsRead(qint32 ppid, qint64 seq);
     /// This client filed it: neither listed nor counted.
-    void TakeOwn(qint64 seq);
-    void MarkRead(qint64 seq);
-    /// Up to this number, also what isn't listed yet.
+    void TakeOwn(qint32 ppid, qint64 seq);
+    void MarkRead(qint32 ppid, qint64 seq);
+    /// Of the open projects, up to this number, also what isn't listed yet.
     void MarkAllRead(qint64 upTo);
     /// Writes what isn't kept yet; a fault leaves it for the next time.
     void Keep();
@@ -44,10 +47,17 @@ private:
     /// Adds what is kept in the site, by this client or another one of the person.
     void TakeKept(const QString& text);
 
+    struct Seen {
+        SeqSet read; ///< one's own among them
+        SeqSet own;
+        qint64 from = 0; ///< the list begins behind it
+    };
+    [[nodiscard]] Seen& Of(qint32 ppid);
+    [[nodiscard]] QString Text() const;
+
     HostSession& m_session;
-    SeqSet m_read; ///< one's own among them
-    SeqSet m_own;
-    qint64 m_from = 0; ///< the list begins behind it
+    qint64 m_first = 0; ///< up to here everything was known when the person had none
+    std::map<qint32, Seen> m_projects;
     QTimer m_keeping;
 };
 

@@ -53,12 +53,14 @@ void FilesDownloadMng::DownloadFile(KX_DATA::TransferResult& result, const QStri
     result = {};
     const auto desk = Around().Desk();
     site::TransferOutcome outcome;
+    bool siteCloses = false;
     const auto fetch = [&](site::IBlobs& blobs, const site::TransferTerms& terms) {
         // What needs no transfer needs no thread and nobody kept informed.
         site::ITransferWait* wait =
             blobs.IsFetched(uuid, localPath) ? nullptr : WaitOfThisThread(Around());
         outcome = wait == nullptr ? blobs.Fetch(uuid, localPath, terms)
                                   : FetchWaiting(blobs, terms, uuid, localPath, *wait);
+        siteCloses = terms.limits.stop.stop_requested();
     };
     if (desk == nullptr || !desk->Run(fetch)) {
         result.message = u"没有打开数据文件夹。"_s;
@@ -66,7 +68,8 @@ void FilesDownloadMng::DownloadFile(KX_DATA::TransferResult& result, const QStri
     }
     result.success = outcome.ok ? 1 : 0;
     result.message = outcome.text;
-    if (!outcome.ok) {
+    // Who ends the client needn't be told what it didn't fetch any more.
+    if (!outcome.ok && !siteCloses) {
         desk->Report(MessageLevel::Warning, u"下载文件失败："_s + outcome.text);
     }
 }

@@ -150,6 +150,8 @@ TEST_F(ReminderRoad, LookingAtOnceGoesToThePhotoInThePlan) {
     ASSERT_TRUE(WaitFor([] { return Toasts().size() == 1; }));
     ASSERT_TRUE(WaitFor([] { return hands::Click(Toasts()[0]->findChild<QWidget*>(u"look"_s)); }));
     EXPECT_TRUE(WaitFor([] { return Toasts().empty(); }));
+    EXPECT_EQ(Listed(), QStringList{u"新墙.jpg"_s}) << "read by that";
+    EXPECT_EQ(ToolbarCount(), u"新到"_s);
     EXPECT_EQ(client->Window()->Plan().CurrentFloor(), u"-1"_s);
     EXPECT_TRUE(client->Window()->statusBar()->currentMessage().contains(u"新墙.jpg"_s))
         << client->Window()->statusBar()->currentMessage().toStdString();

@@ -23,7 +23,7 @@ constexpr qint64 kNewest = std::numeric_limits<qint64>::max();
 QStringList Listed(CatchUp& catchUp, int most = 100, qint64 before = kNewest) {
     QStringList names;
     for (const site::Filing& filing : catchUp.Page(before, most)) {
-        names << filing.name + (catchUp.IsRead(filing.seq) ? u""_s : u"*"_s);
+        names << filing.name + (catchUp.IsRead(filing.ppid, filing.seq) ? u""_s : u"*"_s);
     }
     return names;
 }
@@ -76,8 +76,8 @@ TEST(CatchUp, ARestartKeepsWhatIsUnreadAndLetsGoOfWhatWasReadBefore) {
     {
         CatchUp catchUp(sites.session);
         FileMany(sites, {u"a"_s, u"b"_s, u"c"_s, u"d"_s});
-        catchUp.MarkRead(SeqOf(catchUp, u"a"_s));
-        catchUp.MarkRead(SeqOf(catchUp, u"c"_s));
+        catchUp.MarkRead(sites.ppid, SeqOf(catchUp, u"a"_s));
+        catchUp.MarkRead(sites.ppid, SeqOf(catchUp, u"c"_s));
         EXPECT_EQ(Listed(catchUp), (QStringList{u"d*"_s, u"c"_s, u"b*"_s, u"a"_s}));
         EXPECT_EQ(catchUp.Unread(), 2);
         catchUp.Keep();
@@ -91,7 +91,7 @@ TEST(CatchUp, WhatWasReadIsKeptByItselfAMomentLater) {
     FileMany(sites, {u"a"_s, u"b"_s});
     const auto kept = [&] { return sites.session.Site().Catalogue().Setting(u"news:li"_s); };
     const QString before = kept();
-    catchUp.MarkRead(SeqOf(catchUp, u"b"_s));
+    catchUp.MarkRead(sites.ppid, SeqOf(catchUp, u"b"_s));
     support::RunPendingEvents();
     EXPECT_EQ(kept(), before) << "several in a row are written once";
     EXPECT_TRUE(support::WaitFor([&] { return kept() != before; }));
@@ -103,7 +103,7 @@ TEST(CatchUp, WhatCouldNotBeKeptIsKeptTheNextTime) {
     CatchUp catchUp(sites.session);
     FileMany(sites, {u"a"_s, u"b"_s});
     auto& database = support::FolderOf(*sites.other.site).Db();
-    catchUp.MarkRead(SeqOf(catchUp, u"b"_s));
+    catchUp.MarkRead(sites.ppid, SeqOf(catchUp, u"b"_s));
     database.Exec(u"ALTER TABLE setting RENAME TO setting_away"_s);
     catchUp.Keep();
     database.Exec(u"ALTER TABLE setting_away RENAME TO setting"_s);
@@ -128,7 +128,7 @@ TEST(CatchUp, OnesOwnIsNeitherListedNorCountedNorAfterARestart) {
     CatchUp catchUp(sites.session);
     FileMany(sites, {u"theirs"_s});
     TwoSites::FilePhoto(*sites.own, sites.ppid, u"own"_s);
-    catchUp.TakeOwn(sites.session.Site().Filings().Newest());
+    catchUp.TakeOwn(sites.ppid, sites.session.Site().Filings().Newest());
     FileMany(sites, {u"theirs too"_s});
     EXPECT_EQ(Listed(catchUp), (QStringList{u"theirs too*"_s, u"theirs*"_s}));
     EXPECT_EQ(catchUp.Unread(), 2);
@@ -141,7 +141,7 @@ TEST(CatchUp, PagesGoOnBehindEachOther) {
     CatchUp catchUp(sites.session);
     FileMany(sites, {u"a"_s, u"b"_s});
     TwoSites::FilePhoto(*sites.own, sites.ppid, u"own"_s);
-    catchUp.TakeOwn(sites.session.Site().Filings().Newest());
+    catchUp.TakeOwn(sites.ppid, sites.session.Site().Filings().Newest());
     FileMany(sites, {u"c"_s, u"d"_s});
     EXPECT_EQ(Listed(catchUp, 3), (QStringList{u"d*"_s, u"c*"_s, u"b*"_s}));
     EXPECT_EQ(Listed(catchUp, 3, SeqOf(catchUp, u"b"_s)), QStringList{u"a*"_s});
@@ -159,6 +159,52 @@ TEST(CatchUp, ListsTheOpenProjectsAlone) {
     sites.session.CloseProject();
     EXPECT_EQ(Listed(catchUp), QStringList());
     EXPECT_EQ(catchUp.Unread(), 0);
+}
+
+TEST(CatchUp, AllOfOneProjectAsReadLeavesThoseOfAnotherUnread) {
+    TwoSites sites;
+    CatchUp catchUp(sites.session);
+    FileMany(sites, {u"here"_s});
+    TwoSites::FilePhoto(*sites.theirs, sites.otherPpid, u"there"_s);
+    FileMany(sites, {u"here too"_s});
+    catchUp.MarkAllRead(sites.session.Site().Filings().Newest());
+    EXPECT_EQ(catchUp.Unread(), 0);
+    catchUp.Keep();
+    ASSERT_TRUE(sites.session.OpenProject(sites.otherPpid));
+    EXPECT_EQ(Listed(catchUp), QStringList{u"there*"_s});
+    EXPECT_EQ(catchUp.Unread(), 1);
+    EXPECT_EQ(ListedAtTheNextStart(sites), QStringList{u"there*"_s});
+}
+
+TEST(CatchUp, WhatIsReadAmongFilingsOfOtherProjectsIsLetGoAtTheNextStart) {
+    TwoSites sites;
+    {
+        CatchUp catchUp(sites.session);
+        for (const QString& name : {u"a"_s, u"b"_s, u"c"_s}) {
+            FileMany(sites, {name});
+            TwoSites::FilePhoto(*sites.theirs, sites.otherPpid, u"x"_s + name);
+        }
+        TwoSites::FilePhoto(*sites.own, sites.ppid, u"own"_s);
+        catchUp.TakeOwn(sites.ppid, sites.session.Site().Filings().Newest());
+        catchUp.MarkRead(sites.ppid, SeqOf(catchUp, u"a"_s));
+        catchUp.MarkRead(sites.ppid, SeqOf(catchUp, u"b"_s));
+        catchUp.Keep();
+    }
+    EXPECT_EQ(ListedAtTheNextStart(sites), QStringList{u"c*"_s});
+}
+
+TEST(CatchUp, AWorksetListsItsProjectsTogether) {
+    TwoSites sites;
+    const qint32 workset = sites.own->AddWorkset(u"总包"_s, {sites.ppid, sites.otherPpid});
+    CatchUp catchUp(sites.session);
+    FileMany(sites, {u"here"_s});
+    TwoSites::FilePhoto(*sites.theirs, sites.otherPpid, u"there"_s);
+    catchUp.MarkAllRead(sites.session.Site().Filings().Newest());
+    FileMany(sites, {u"later"_s});
+    ASSERT_TRUE(sites.session.OpenWorkset(workset));
+    catchUp.Begin();
+    EXPECT_EQ(Listed(catchUp), (QStringList{u"later*"_s, u"there*"_s}));
+    EXPECT_EQ(catchUp.Unread(), 2);
 }
 
 TEST(CatchUp, EachPersonHasOne) {
@@ -185,8 +231,8 @@ TEST(CatchUp, TwoClientsOfOnePersonAddUpWhatWasRead) {
     ASSERT_TRUE(again.OpenProject(sites.ppid));
     CatchUp second(again);
     FileMany(sites, {u"a"_s, u"b"_s, u"c"_s});
-    first.MarkRead(SeqOf(first, u"b"_s));
-    second.MarkRead(SeqOf(second, u"a"_s));
+    first.MarkRead(sites.ppid, SeqOf(first, u"b"_s));
+    second.MarkRead(sites.ppid, SeqOf(second, u"a"_s));
     first.Keep();
     second.Keep();
     EXPECT_EQ(ListedAtTheNextStart(sites), (QStringList{u"c*"_s}));

@@ -9,6 +9,7 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QThread>
 
 #include <atomic>
@@ -294,6 +295,28 @@ TEST(Limits, WhateverIsAskedForAFileHasADeadlineAndCanBeStopped) {
     EXPECT_EQ(blobs.limited, blobs.asked);
     site.serving.Around().transferWait = nullptr;
     site.session.Desk()->Close();
+}
+
+TEST(Download, OneThatTheEndOfTheClientCutsShortIsNotReported) {
+    FilesSite site;
+    QStringList reports;
+    site.session.Desk()->SetMessageSink(
+        [&](MessageLevel, const QString& text) { reports << text; });
+    site.session.Desk()->SetRules({0, site::TransferFault::NeverEnds});
+    KX_DATA::TransferResult result;
+    std::thread reminders(
+        [&] { GetKXFilesDownloadMng()->DownloadFile(result, site.uuid, site.local, 5, false, 0); });
+    const QDir folder = QFileInfo(site.local).dir();
+    QDeadlineTimer patience(20'000);
+    while (folder.isEmpty() && !patience.hasExpired()) {
+        QThread::yieldCurrentThread();
+    }
+    site.writer.reset();
+    site.session.Close();
+    reminders.join();
+    EXPECT_EQ(result.success, 0);
+    EXPECT_TRUE(result.message.contains(u"已取消"_s)) << result.message.toStdString();
+    EXPECT_TRUE(reports.isEmpty()) << reports.join(u' ').toStdString();
 }
 
 TEST(BackgroundDownload, OneThatStandsStillFailsByItself) {
