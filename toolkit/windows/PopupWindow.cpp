@@ -6,11 +6,14 @@
 #include "toolkit/windows/PopupStack.h"
 #include "toolkit/windows/WindowEnd.h"
 
+#include <QEvent>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QWindow>
 
 using namespace Qt::StringLiterals;
 
@@ -37,11 +40,28 @@ public:
     ToastFrame& operator=(const ToastFrame&) = delete;
 
 protected:
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::WindowBlocked) {
+            QMetaObject::invokeMethod(
+                this, [this] { BelongToModalWindow(); }, Qt::QueuedConnection);
+        }
+        return QWidget::event(event);
+    }
     void paintEvent(QPaintEvent* event) override {
         Q_UNUSED(event);
         QPainter painter(this);
         painter.setPen(toolkit::Colors::Frame());
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
+
+private:
+    /// A window that waits for an answer holds up its owner, not the toasts: Qt lets alone what
+    /// belongs to it.
+    void BelongToModalWindow() {
+        QWindow* modal = QGuiApplication::modalWindow();
+        if (modal != nullptr && windowHandle() != nullptr) {
+            windowHandle()->setTransientParent(modal);
+        }
     }
 };
 

@@ -4,8 +4,12 @@
 #include "toolkit/windows/PopupPlaces.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
+#include <QMessageBox>
 #include <QScreen>
+#include <QTest>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -150,6 +154,40 @@ TEST_F(Toast, WhoWaitsPastItsTimeIsNeverShown) {
     Shown().front()->close();
     ASSERT_TRUE(WaitFor([] { return CBCGPPopupWindow::CountWaiting() == 0; }));
     EXPECT_EQ(int(Shown().size()), capacity - 1);
+}
+
+TEST_F(Toast, ClosesByItsButtonWhileADialogWaitsForAnAnswer) {
+    // By the window, as the platform does: what is blocked gets nothing.
+    const auto close = [](QWidget* toast) {
+        const auto* button = toast->findChild<QWidget*>(u"captionClose"_s);
+        QTest::mouseClick(toast->windowHandle(), Qt::LeftButton, {},
+                          button->mapTo(toast, button->rect().center()));
+    };
+    Make(0);
+    ASSERT_TRUE(WaitFor([] { return Shown().size() == 1; }));
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    Make(0);
+    ASSERT_TRUE(WaitFor([] { return Shown().size() == 2; }));
+    RunPendingEvents();
+    close(Shown()[0]);
+    EXPECT_TRUE(WaitFor([] { return Shown().size() == 1; }));
+    QMessageBox box(&dialog);
+    box.setModal(true);
+    box.show();
+    RunPendingEvents();
+    box.hide();
+    RunPendingEvents();
+    close(Shown()[0]);
+    EXPECT_TRUE(WaitFor([] { return Shown().empty(); }));
+    Make(0);
+    ASSERT_TRUE(WaitFor([] { return Shown().size() == 1; }));
+    dialog.hide();
+    RunPendingEvents();
+    EXPECT_EQ(Shown().size(), 1U) << "it doesn't go with the dialog";
+    close(Shown()[0]);
+    EXPECT_TRUE(WaitFor([] { return Shown().empty(); }));
 }
 
 TEST_F(Toast, DiesWithItsOwner) {
