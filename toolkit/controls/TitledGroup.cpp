@@ -23,8 +23,9 @@ void CTitledGroup::paintEvent(QPaintEvent* event) {
         painter.setClipRegion(QRegion(rect()) - place);
     }
     painter.setPen(toolkit::Colors::Frame());
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, place.height() / 2 + 0.5, -0.5, -0.5),
-                            kCorner, kCorner);
+    const int middle = place.height() / 2;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, middle + 0.5, -0.5, -0.5), kCorner,
+                            kCorner);
     painter.restore();
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(place, Qt::AlignCenter | Qt::TextSingleLine, title());
