@@ -184,14 +184,15 @@ TEST_F(GalleryPicturesTest, AThumbnailOnItsWayIsNotAskedForTwiceAndGivenUpWithIt
 
 TEST_F(GalleryPicturesTest, AThumbnailThatIsOnItsWayIsNotDecodedAgain) {
     std::vector<GalleryItem> items{Item()};
-    pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
-    toolkit::PictureRequest request;
-    request.path = items[0].picPath;
-    request.size = {2, 2};
-    const auto behind = std::make_shared<gallery::DecodeJob>(request);
-    gallery::DecodeInBackground(behind, gallery::Urgency::Ahead);
-    ASSERT_TRUE(support::WaitFor([&] { return behind->IsDone(); }));
-    gallery::JoinDecoders();
+    QWidget widget;
+    bool isReady = false;
+    const toolkit::WindowId window =
+        toolkit::RegisterWindow(&widget, [&](const toolkit::WindowEvent& event) -> qintptr {
+            isReady = event.number == gallery::kThumbReady;
+            return 0;
+        });
+    pictures.WantThumbs(items, {0, 0}, 1, window);
+    ASSERT_TRUE(support::WaitFor([&] { return isReady; }));
     folder.Write(u"a.png"_s, support::PngBytes(support::OneColour({300, 200}, Qt::black)));
     pictures.WantThumbs(items, {0, 0}, 1, toolkit::kNoWindow);
     EXPECT_EQ(pictures.TakeThumbs(items, 1), std::vector<int>{0});
