@@ -13,7 +13,6 @@
 #include "toolkit/Look.h"
 #include "toolkit/windows/PopupWindow.h"
 #include "tour/ConsoleEyes.h"
-#include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
 #include <QCommandLineParser>
@@ -67,15 +66,6 @@ double ResidentMegabytes() {
         }
     }
     return 0;
-}
-
-QWidget* NewestToast() {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->objectName() == u"popupWindow"_s && widget->isVisible()) {
-            return widget;
-        }
-    }
-    return nullptr;
 }
 
 bool Wait(const std::function<bool()>& until) {

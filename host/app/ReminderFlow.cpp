@@ -238,7 +238,9 @@ void ReminderFlow::ListOlder(qint64 before) {
 }
 
 std::vector<CatchUpItem> ReminderFlow::ItemsOf(const site::Filings& filings) const {
-    const auto marks = m_parts.session.Tables().Marks();
+    // Without their names the items are listed all the same.
+    const std::map<qint32, KX_DATA::MarkRecord>* marks = nullptr;
+    WithoutFault(m_parts.session, [&] { marks = &m_parts.session.Tables().Marks(); });
     std::vector<CatchUpItem> items;
     for (const site::Filing& filing : filings) {
         CatchUpItem item;
@@ -256,8 +258,9 @@ std::vector<CatchUpItem> ReminderFlow::ItemsOf(const site::Filings& filings) con
         item.positionKey = filing.positionKey;
         item.handle = filing.handle;
         item.markId = filing.markId;
-        const auto mark = marks.find(filing.markId);
-        item.markName = mark == marks.end() ? QString() : mark->second.name;
+        if (marks != nullptr && marks->contains(filing.markId)) {
+            item.markName = marks->at(filing.markId).name;
+        }
         item.uuid = filing.uuid;
         items.push_back(item);
     }
@@ -272,11 +275,8 @@ void ReminderFlow::ShowCount() {
 }
 
 void ReminderFlow::Open(int row) {
-    CatchUpModel& model = m_parts.window.CatchUpList().Model();
-    const CatchUpItem item = model.At(row);
-    model.MarkRead(row);
-    m_catchUp->MarkRead(item.ppid, item.seq);
-    ShowCount();
+    const CatchUpItem item = m_parts.window.CatchUpList().Model().At(row);
+    MarkRow(row);
     if (item.isIssue) {
         m_parts.pictures.ShowIssueMngFor(kNoPreset, item.floor, item.markId, item.handle);
         if (m_parts.around.view != nullptr) {
@@ -288,14 +288,19 @@ void ReminderFlow::Open(int row) {
     }
 }
 
-void ReminderFlow::PhotoSeen(qint32 picId) {
+void ReminderFlow::MarkRow(int row) {
     CatchUpModel& model = m_parts.window.CatchUpList().Model();
+    model.MarkRead(row);
+    m_catchUp->MarkRead(model.At(row).ppid, model.At(row).seq);
+    ShowCount();
+}
+
+void ReminderFlow::PhotoSeen(qint32 picId) {
+    const CatchUpModel& model = m_parts.window.CatchUpList().Model();
     for (int row = 0; row < model.rowCount(); ++row) {
-        const CatchUpItem item = model.At(row);
+        const CatchUpItem& item = model.At(row);
         if (!item.isIssue && item.picId == picId && !item.isRead) {
-            model.MarkRead(row);
-            m_catchUp->MarkRead(item.ppid, item.seq);
-            ShowCount();
+            MarkRow(row);
         }
     }
 }

@@ -10,7 +10,6 @@
 #include <QTimer>
 
 #include <memory>
-#include <optional>
 
 namespace ZelvorNRQ_KXVeskPicture {
 class IKXVeskPicture;
@@ -59,6 +58,7 @@ private:
     void ListOlder(qint64 before);
     void ShowCount();
     void Open(int row);
+    void MarkRow(int row);
     [[nodiscard]] std::vector<CatchUpItem> ItemsOf(const site::Filings& filings) const;
     [[nodiscard]] QString SwitchSetting() const;
 

@@ -6,20 +6,18 @@
 #include "site/OpenSite.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/EngineFolder.h"
+#include "tests/support/Toasts.h"
 #include "tests/support/WaitFor.h"
 #include "toolkit/windows/PopupWindow.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QLabel>
-
-#include <algorithm>
 
 namespace roads {
 namespace {
 
 using namespace Qt::StringLiterals;
 using site::TransferFault;
+using support::ToastLines;
 using support::WaitFor;
 
 class ReminderFaults : public PhotoRoad {
@@ -55,23 +53,6 @@ protected:
         site::TransferRules rules;
         rules.fault = fault;
         session.Desk()->SetRules(rules);
-    }
-    /// First line of each toast in sight, the oldest first.
-    [[nodiscard]] static QStringList ToastLines() {
-        std::vector<QWidget*> toasts;
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (widget->objectName() == u"popupWindow"_s && widget->isVisible()) {
-                toasts.push_back(widget);
-            }
-        }
-        std::sort(toasts.begin(), toasts.end(), [](const QWidget* one, const QWidget* other) {
-            return one->x() != other->x() ? one->x() > other->x() : one->y() > other->y();
-        });
-        QStringList lines;
-        for (const QWidget* toast : toasts) {
-            lines << toast->findChild<QLabel*>(u"line1"_s)->text();
-        }
-        return lines;
     }
     [[nodiscard]] host::CatchUpDock& Dock() const { return client->Window()->CatchUpList(); }
     [[nodiscard]] int CountListed() const { return Dock().Model().rowCount(); }
@@ -137,6 +118,22 @@ TEST_F(ReminderFaults, WhereFilingsCannotBeReadTheClientSaysSoAndWorks) {
     StartAgain();
     FilePhoto(u"甲.jpg"_s);
     EXPECT_TRUE(WaitFor([] { return !ToastLines().isEmpty(); }));
+}
+
+TEST_F(ReminderFaults, WhatIsFiledWhileMarksCannotBeReadIsListedAndPopsUpAllTheSame) {
+    InTheDatabase(u"ALTER TABLE mark RENAME TO mark_away"_s);
+    InTheDatabase(u"INSERT INTO change (kind, ppid, object, person, opening)"
+                  " VALUES (7, 0, 1, '', 99)"_s);
+    FilePhoto(u"甲.jpg"_s);
+    EXPECT_TRUE(WaitFor([this] { return CountListed() == 1; }));
+    EXPECT_TRUE(Dock().Model().At(0).markName.isEmpty());
+    EXPECT_TRUE(WaitFor([] { return ToastLines() == QStringList{u"名称:甲.jpg"_s}; }));
+    EXPECT_FALSE(Messages().isEmpty());
+    InTheDatabase(u"ALTER TABLE mark_away RENAME TO mark"_s);
+    FilePhoto(u"乙.jpg"_s);
+    EXPECT_TRUE(WaitFor([this] { return CountListed() == 2; }));
+    EXPECT_FALSE(Dock().Model().At(0).markName.isEmpty());
+    EXPECT_TRUE(WaitFor([] { return ToastLines().size() == 2; })) << "none comes later";
 }
 
 TEST_F(ReminderFaults, AListThatCannotBeReadForAWhileIsWholeAgainAfterwards) {

@@ -7,11 +7,11 @@
 #include "site/IIntake.h"
 #include "site/OpenSite.h"
 #include "tests/roads/PhotoRoad.h"
+#include "tests/support/Toasts.h"
 #include "tests/support/WaitFor.h"
 #include "toolkit/windows/PopupWindow.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -24,6 +24,8 @@ namespace roads {
 namespace {
 
 using namespace Qt::StringLiterals;
+using support::ToastLines;
+using support::ToastsInSight;
 using support::WaitFor;
 
 class ReminderRoad : public PhotoRoad {
@@ -62,26 +64,6 @@ protected:
         issue.creator = u"李娜"_s;
         issue.createTime = 1'700'000'000;
         return theirs->FileIssue(issue);
-    }
-    /// First and later ones from the corner upwards.
-    [[nodiscard]] static std::vector<QWidget*> Toasts() {
-        std::vector<QWidget*> toasts;
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (widget->objectName() == u"popupWindow"_s && widget->isVisible()) {
-                toasts.push_back(widget);
-            }
-        }
-        std::sort(toasts.begin(), toasts.end(), [](const QWidget* one, const QWidget* other) {
-            return one->x() != other->x() ? one->x() > other->x() : one->y() > other->y();
-        });
-        return toasts;
-    }
-    [[nodiscard]] static QStringList FirstLines() {
-        QStringList lines;
-        for (const QWidget* toast : Toasts()) {
-            lines << toast->findChild<QLabel*>(u"line1"_s)->text();
-        }
-        return lines;
     }
     [[nodiscard]] host::CatchUpDock& Dock() const { return client->Window()->CatchUpList(); }
     /// Names in the list, an unread one with a star.
@@ -134,11 +116,11 @@ TEST_F(ReminderRoad, APhotoOfAnotherClientPopsUpWithItsPictureWithinTwoSeconds) 
     QElapsedTimer since;
     since.start();
     FilePhoto(*theirs, u"新墙.jpg"_s);
-    ASSERT_TRUE(WaitFor([] { return Toasts().size() == 1; }));
+    ASSERT_TRUE(WaitFor([] { return ToastsInSight().size() == 1; }));
     EXPECT_LT(since.elapsed(), 2000);
-    const QWidget* toast = Toasts()[0];
+    const QWidget* toast = ToastsInSight()[0];
     EXPECT_EQ(toast->windowTitle(), u"Vesk照片提醒"_s);
-    EXPECT_EQ(FirstLines(), QStringList{u"名称:新墙.jpg"_s});
+    EXPECT_EQ(ToastLines(), QStringList{u"名称:新墙.jpg"_s});
     EXPECT_EQ(toast->findChild<QLabel*>(u"line4"_s)->text(), u"位置:-1层 2/B"_s);
     EXPECT_EQ(toast->findChild<QLabel*>(u"line5"_s)->text(), u"上传人:李娜"_s);
     const QImage preview = toast->findChild<QWidget*>(u"preview"_s)->grab().toImage();
@@ -147,9 +129,10 @@ TEST_F(ReminderRoad, APhotoOfAnotherClientPopsUpWithItsPictureWithinTwoSeconds) 
 
 TEST_F(ReminderRoad, LookingAtOnceGoesToThePhotoInThePlan) {
     FilePhoto(*theirs, u"新墙.jpg"_s);
-    ASSERT_TRUE(WaitFor([] { return Toasts().size() == 1; }));
-    ASSERT_TRUE(WaitFor([] { return hands::Click(Toasts()[0]->findChild<QWidget*>(u"look"_s)); }));
-    EXPECT_TRUE(WaitFor([] { return Toasts().empty(); }));
+    ASSERT_TRUE(WaitFor([] { return ToastsInSight().size() == 1; }));
+    ASSERT_TRUE(
+        WaitFor([] { return hands::Click(ToastsInSight()[0]->findChild<QWidget*>(u"look"_s)); }));
+    EXPECT_TRUE(WaitFor([] { return ToastsInSight().empty(); }));
     EXPECT_EQ(Listed(), QStringList{u"新墙.jpg"_s}) << "read by that";
     EXPECT_EQ(ToolbarCount(), u"新到"_s);
     EXPECT_EQ(client->Window()->Plan().CurrentFloor(), u"-1"_s);
@@ -160,9 +143,9 @@ TEST_F(ReminderRoad, LookingAtOnceGoesToThePhotoInThePlan) {
 
 TEST_F(ReminderRoad, AnIssuePopsUpAsOne) {
     FileIssue(u"钢筋外露"_s);
-    ASSERT_TRUE(WaitFor([] { return Toasts().size() == 1; }));
-    EXPECT_EQ(Toasts()[0]->windowTitle(), u"TN问题提醒"_s);
-    EXPECT_EQ(FirstLines(), QStringList{u"问题主题:钢筋外露"_s});
+    ASSERT_TRUE(WaitFor([] { return ToastsInSight().size() == 1; }));
+    EXPECT_EQ(ToastsInSight()[0]->windowTitle(), u"TN问题提醒"_s);
+    EXPECT_EQ(ToastLines(), QStringList{u"问题主题:钢筋外露"_s});
     EXPECT_EQ(Listed(), QStringList{u"钢筋外露*"_s});
 }
 
@@ -170,9 +153,9 @@ TEST_F(ReminderRoad, OnesOwnIsAnnouncedNowhere) {
     const auto own = session.Site().NewIntake();
     FilePhoto(*own, u"我的.jpg"_s);
     FilePhoto(*theirs, u"他人.jpg"_s);
-    ASSERT_TRUE(WaitFor([] { return !Toasts().empty(); }));
+    ASSERT_TRUE(WaitFor([] { return !ToastsInSight().empty(); }));
     support::RunPendingEvents();
-    EXPECT_EQ(FirstLines(), QStringList{u"名称:他人.jpg"_s});
+    EXPECT_EQ(ToastLines(), QStringList{u"名称:他人.jpg"_s});
     EXPECT_EQ(Listed(), QStringList{u"他人.jpg*"_s});
     EXPECT_EQ(ToolbarCount(), u"新到 1"_s);
 }
@@ -192,8 +175,8 @@ TEST_F(ReminderRoad, EachComesOnceAndInOrder) {
 TEST_F(ReminderRoad, AProjectThatIsNotOpenPopsNothingUpAndItsListWaitsForIt) {
     FilePhoto(*theirs, u"那边.jpg"_s, site.secondProject);
     FilePhoto(*theirs, u"这边.jpg"_s);
-    ASSERT_TRUE(WaitFor([] { return !Toasts().empty(); }));
-    EXPECT_EQ(FirstLines(), QStringList{u"名称:这边.jpg"_s});
+    ASSERT_TRUE(WaitFor([] { return !ToastsInSight().empty(); }));
+    EXPECT_EQ(ToastLines(), QStringList{u"名称:这边.jpg"_s});
     EXPECT_EQ(Listed(), QStringList{u"这边.jpg*"_s});
     ASSERT_TRUE(ChooseProject(u"二期工程"_s));
     EXPECT_EQ(Listed(), QStringList{u"那边.jpg*"_s});
@@ -207,7 +190,7 @@ TEST_F(ReminderRoad, SwitchedOffNothingPopsUpAndTheListStillTells) {
     FileIssue(u"钢筋外露"_s);
     ASSERT_TRUE(WaitFor([this] { return Listed().size() == 2; }));
     support::RunPendingEvents();
-    EXPECT_TRUE(Toasts().empty());
+    EXPECT_TRUE(ToastsInSight().empty());
 }
 
 TEST_F(ReminderRoad, TheSwitchesAreKept) {
@@ -217,8 +200,8 @@ TEST_F(ReminderRoad, TheSwitchesAreKept) {
     EXPECT_TRUE(client->Window()->IssueReminders().isChecked());
     FilePhoto(*theirs, u"新墙.jpg"_s);
     FileIssue(u"钢筋外露"_s);
-    ASSERT_TRUE(WaitFor([] { return !Toasts().empty(); }));
-    EXPECT_EQ(FirstLines(), QStringList{u"问题主题:钢筋外露"_s});
+    ASSERT_TRUE(WaitFor([] { return !ToastsInSight().empty(); }));
+    EXPECT_EQ(ToastLines(), QStringList{u"问题主题:钢筋外露"_s});
 }
 
 TEST_F(ReminderRoad, WhatCameWhileNoClientRanIsListedAndPopsNothingUp) {
@@ -230,7 +213,7 @@ TEST_F(ReminderRoad, WhatCameWhileNoClientRanIsListedAndPopsNothingUp) {
     EXPECT_EQ(Listed(), QStringList{u"夜里.jpg*"_s});
     EXPECT_EQ(ToolbarCount(), u"新到 1"_s);
     support::RunPendingEvents();
-    EXPECT_TRUE(Toasts().empty());
+    EXPECT_TRUE(ToastsInSight().empty());
 }
 
 TEST_F(ReminderRoad, AClickInTheListOpensThePhotoAndARestartKnowsThatItWasRead) {
@@ -302,13 +285,14 @@ TEST_F(ReminderRoad, APhotoThatAnotherProcessFilesPopsUpHereAndIsLocated) {
                 {u"import"_s, folder.Path(u"phone"_s), u"--data"_s, folder.Path(u"data"_s),
                  u"--project"_s, u"一期工程"_s, u"--user"_s, u"李娜"_s, u"--floor"_s, u"-1"_s,
                  u"--x"_s, u"2"_s, u"--y"_s, u"B"_s});
-    ASSERT_TRUE(WaitFor([] { return !Toasts().empty(); }, std::chrono::seconds(60)));
+    ASSERT_TRUE(WaitFor([] { return !ToastsInSight().empty(); }, std::chrono::seconds(60)));
     ASSERT_TRUE(WaitFor([&] { return phone.state() == QProcess::NotRunning; }));
     EXPECT_EQ(phone.exitCode(), 0) << phone.readAllStandardError().toStdString();
-    EXPECT_EQ(FirstLines(), QStringList{u"名称:现场.jpg"_s});
+    EXPECT_EQ(ToastLines(), QStringList{u"名称:现场.jpg"_s});
     EXPECT_EQ(Listed(), QStringList{u"现场.jpg*"_s});
-    ASSERT_TRUE(WaitFor([] { return hands::Click(Toasts()[0]->findChild<QWidget*>(u"look"_s)); }));
-    EXPECT_TRUE(WaitFor([] { return Toasts().empty(); }));
+    ASSERT_TRUE(
+        WaitFor([] { return hands::Click(ToastsInSight()[0]->findChild<QWidget*>(u"look"_s)); }));
+    EXPECT_TRUE(WaitFor([] { return ToastsInSight().empty(); }));
     EXPECT_EQ(client->Window()->Plan().CurrentFloor(), u"-1"_s);
     EXPECT_TRUE(client->Window()->statusBar()->currentMessage().contains(u"现场.jpg"_s))
         << client->Window()->statusBar()->currentMessage().toStdString();
@@ -318,7 +302,7 @@ TEST_F(ReminderRoad, AnotherProjectLeavesWhatIsOnItsWayAlone) {
     FilePhoto(*theirs, u"新墙.jpg"_s);
     ASSERT_TRUE(WaitFor([this] { return Listed().size() == 1; }));
     ASSERT_TRUE(ChooseProject(u"二期工程"_s));
-    EXPECT_TRUE(WaitFor([] { return FirstLines() == QStringList{u"名称:新墙.jpg"_s}; }));
+    EXPECT_TRUE(WaitFor([] { return ToastLines() == QStringList{u"名称:新墙.jpg"_s}; }));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "site/blobs/FileStore.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SiteWriter.h"
+#include "tests/support/StoredFiles.h"
 
 #include <QFile>
 
@@ -54,13 +55,7 @@ QByteArray PhoneSite::Bytes(const QString& uuid) const {
 }
 
 int PhoneSite::StoredFiles() const {
-    int count = 0;
-    QDirIterator walk(folder.StorePath(), QDir::Files, QDirIterator::Subdirectories);
-    while (walk.hasNext()) {
-        walk.next();
-        count += walk.filePath().contains(u"/incoming/"_s) ? 0 : 1;
-    }
-    return count;
+    return support::CountStored(folder);
 }
 
 void PhoneSite::ExpectWhole() const {

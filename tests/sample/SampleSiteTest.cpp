@@ -7,11 +7,11 @@
 #include "site/sqlite/SiteWriter.h"
 #include "site/sqlite/SqliteSite.h"
 #include "tests/sample/SampleChild.h"
+#include "tests/support/StoredFiles.h"
 
 #include <QCoreApplication>
 #include <QDate>
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -44,15 +44,7 @@ struct EmptySite {
     [[nodiscard]] int Count(const QString& table) const {
         return folder.Db().Value(u"SELECT count(*) FROM "_s + table).toInt();
     }
-    [[nodiscard]] int StoredFiles() const {
-        int count = 0;
-        QDirIterator walk(folder.StorePath(), QDir::Files, QDirIterator::Subdirectories);
-        while (walk.hasNext()) {
-            walk.next();
-            count += walk.filePath().contains(u"/incoming/"_s) ? 0 : 1;
-        }
-        return count;
-    }
+    [[nodiscard]] int StoredFiles() const { return support::CountStored(folder); }
     [[nodiscard]] bool HasWorkshop() const {
         return QDir(folder.Path() + u"/sample.part"_s).exists();
     }

@@ -3,9 +3,9 @@
 #include "site/blobs/FileStore.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SiteWriter.h"
+#include "tests/support/StoredFiles.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -60,13 +60,7 @@ std::vector<FiledPhoto> ImportSite::Filed(qint32 ppid) const {
 }
 
 int ImportSite::StoredFiles() const {
-    int count = 0;
-    QDirIterator walk(folder.StorePath(), QDir::Files, QDirIterator::Subdirectories);
-    while (walk.hasNext()) {
-        walk.next();
-        count += walk.filePath().contains(u"/incoming/"_s) ? 0 : 1;
-    }
-    return count;
+    return support::CountStored(folder);
 }
 
 int ImportSite::KnownFiles() const {

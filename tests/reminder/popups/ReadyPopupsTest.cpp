@@ -7,12 +7,11 @@
 #include "tests/support/RecordingMainWindow.h"
 #include "tests/support/RecordingSinks.h"
 #include "tests/support/ScriptedHost.h"
+#include "tests/support/Toasts.h"
 #include "tests/support/WaitFor.h"
 #include "toolkit/GbkText.h"
 
-#include <QApplication>
 #include <QElapsedTimer>
-#include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
 
@@ -24,6 +23,8 @@
 using namespace Qt::StringLiterals;
 
 using support::RunPendingEvents;
+using support::ToastLines;
+using support::ToastsInSight;
 using support::WaitFor;
 
 namespace {
@@ -68,26 +69,6 @@ protected:
             });
         });
     }
-    /// From the corner upwards, then by column: as they were made.
-    [[nodiscard]] static std::vector<QWidget*> InSight() {
-        std::vector<QWidget*> toasts;
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (widget->objectName() == u"popupWindow"_s && widget->isVisible()) {
-                toasts.push_back(widget);
-            }
-        }
-        std::sort(toasts.begin(), toasts.end(), [](const QWidget* one, const QWidget* other) {
-            return one->x() != other->x() ? one->x() > other->x() : one->y() > other->y();
-        });
-        return toasts;
-    }
-    [[nodiscard]] static QStringList FirstLines() {
-        QStringList lines;
-        for (const QWidget* toast : InSight()) {
-            lines << toast->findChild<QLabel*>(u"line1"_s)->text();
-        }
-        return lines;
-    }
 
     support::ScriptedHost host;
     support::RecordingMainWindow window{host.script};
@@ -111,11 +92,11 @@ TEST_F(ReadyPopups, AllThatIsReadyIsShownAtOnceInTheOrderOfItsMessages) {
     host.Log().Clear();
     open.release();
     ASSERT_TRUE(WaitForEvent(reminder::kPicMessageEvent)) << "of the second one";
-    EXPECT_EQ(FirstLines(), QStringList()) << "until the host asks";
+    EXPECT_EQ(ToastLines(), QStringList()) << "until the host asks";
     facade.ShowPicPopups(window.Id());
-    EXPECT_EQ(FirstLines(), (QStringList{u"名称:甲"_s, u"名称:乙"_s, u"名称:丙"_s}));
+    EXPECT_EQ(ToastLines(), (QStringList{u"名称:甲"_s, u"名称:乙"_s, u"名称:丙"_s}));
     facade.ShowPicPopups(window.Id());
-    EXPECT_EQ(InSight().size(), 3U) << "each once";
+    EXPECT_EQ(ToastsInSight().size(), 3U) << "each once";
 }
 
 TEST_F(ReadyPopups, APhotoInABatchWhoseLastIsAnIssueIsShownAsOne) {
@@ -129,10 +110,10 @@ TEST_F(ReadyPopups, APhotoInABatchWhoseLastIsAnIssueIsShownAsOne) {
     ASSERT_TRUE(WaitForEvent(reminder::kIssueMessageEvent));
     ASSERT_TRUE(WaitFor([this] {
         facade.ShowIssuePopups(window.Id());
-        return InSight().size() == 2;
+        return ToastsInSight().size() == 2;
     }));
-    EXPECT_EQ(FirstLines(), (QStringList{u"问题主题:"_s, u"问题主题:漏水"_s}));
-    for (const QWidget* toast : InSight()) {
+    EXPECT_EQ(ToastLines(), (QStringList{u"问题主题:"_s, u"问题主题:漏水"_s}));
+    for (const QWidget* toast : ToastsInSight()) {
         EXPECT_EQ(toast->windowTitle(), u"TN问题提醒"_s);
     }
 }
@@ -153,9 +134,9 @@ TEST_F(ReadyPopups, AChangeOfProjectLeavesWhatIsReadyAndWhatIsOnItsWayAlone) {
     open.release();
     EXPECT_TRUE(WaitFor([this] {
         facade.ShowPicPopups(window.Id());
-        return InSight().size() == 3;
+        return ToastsInSight().size() == 3;
     }));
-    EXPECT_EQ(FirstLines(), (QStringList{u"名称:甲"_s, u"名称:乙"_s, u"名称:丙"_s}));
+    EXPECT_EQ(ToastLines(), (QStringList{u"名称:甲"_s, u"名称:乙"_s, u"名称:丙"_s}));
 }
 
 TEST_F(ReadyPopups, AToastMayEndWhileTheMessageOfItsClickStandsOpen) {
@@ -168,9 +149,9 @@ TEST_F(ReadyPopups, AToastMayEndWhileTheMessageOfItsClickStandsOpen) {
     prompts.Meanwhile([] {
         CBCGPPopupWindow::CloseAll();
         RunPendingEvents();
-        EXPECT_TRUE(InSight().empty());
+        EXPECT_TRUE(ToastsInSight().empty());
     });
-    support::Click(InSight().at(0)->findChild<QWidget*>(u"look"_s));
+    support::Click(ToastsInSight().at(0)->findChild<QWidget*>(u"look"_s));
     EXPECT_TRUE(prompts.AllAnswered());
 }
 
@@ -186,7 +167,7 @@ TEST_F(ReadyPopups, AnIssuesPreviewIsPaintedAgainAfterEightSecondsAndBothCloseAf
         }
         int count = 0;
     } ofPhoto, ofIssue;
-    const std::vector<QWidget*> toasts = InSight();
+    const std::vector<QWidget*> toasts = ToastsInSight();
     ASSERT_EQ(toasts.size(), 2U);
     std::vector<QWidget*> dialogs;
     for (QWidget* toast : toasts) {
@@ -217,8 +198,8 @@ TEST_F(ReadyPopups, AnIssuesPreviewIsPaintedAgainAfterEightSecondsAndBothCloseAf
     }));
     EXPECT_GE(since.elapsed(), kPreviewMs - kLate);
     EXPECT_EQ(ofPhoto.count, 0) << "a photo has no timer";
-    EXPECT_EQ(InSight().size(), 2U);
-    ASSERT_TRUE(WaitFor([] { return InSight().empty(); }));
+    EXPECT_EQ(ToastsInSight().size(), 2U);
+    ASSERT_TRUE(WaitFor([] { return ToastsInSight().empty(); }));
     EXPECT_GE(since.elapsed(), kOpenMs - kLate);
 }
 

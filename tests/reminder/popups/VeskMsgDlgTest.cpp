@@ -6,10 +6,10 @@
 #include "tests/support/Hands.h"
 #include "tests/support/RecordingSinks.h"
 #include "tests/support/ScriptedHost.h"
+#include "tests/support/Toasts.h"
 #include "tests/support/WaitFor.h"
 #include "viewers/PicStatic.h"
 
-#include <QApplication>
 #include <QImage>
 #include <QLabel>
 #include <QMouseEvent>
@@ -18,13 +18,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
 
 using reminder::kIssuePopup;
 using reminder::kPicPopup;
+using support::ToastsInSight;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -58,19 +58,6 @@ protected:
     void Show(const KX_DATA::PicMsgRecord& record, qint32 kind) {
         reminder::ShowPopup(record, toolkit::kNoWindow, kind);
     }
-    /// In the order in which they were made.
-    [[nodiscard]] static std::vector<QWidget*> Toasts() {
-        std::vector<QWidget*> toasts;
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (widget->objectName() == u"popupWindow"_s && widget->isVisible()) {
-                toasts.push_back(widget);
-            }
-        }
-        std::sort(toasts.begin(), toasts.end(), [](const QWidget* one, const QWidget* other) {
-            return one->x() != other->x() ? one->x() > other->x() : one->y() > other->y();
-        });
-        return toasts;
-    }
     [[nodiscard]] static QWidget* Part(const QWidget* toast, const QString& name) {
         return toast->findChild<QWidget*>(name);
     }
@@ -93,8 +80,8 @@ TEST_F(Popups, APhotoShowsWhoDidWhatWhere) {
     KX_DATA::PicMsgRecord record = Record(u"甲.jpg"_s);
     record.labelNames = {u"裂缝"_s, u"渗漏"_s};
     Show(record, kPicPopup);
-    ASSERT_EQ(Toasts().size(), 1U);
-    const QWidget* toast = Toasts()[0];
+    ASSERT_EQ(ToastsInSight().size(), 1U);
+    const QWidget* toast = ToastsInSight()[0];
     EXPECT_EQ(toast->windowTitle(), u"Vesk照片提醒"_s);
     EXPECT_EQ(Line(toast, 1), u"名称:甲.jpg"_s);
     EXPECT_EQ(Line(toast, 2), u"标识:"_s + host.marks.marks.at(2).name);
@@ -113,9 +100,9 @@ TEST_F(Popups, APhotoShowsWhoDidWhatWhere) {
 TEST_F(Popups, AnIssueHidesTheThirdLineAndMovesItsNeighbours) {
     Show(Record(u"漏水"_s), kIssuePopup);
     Show(Record(u"甲.jpg"_s), kPicPopup);
-    ASSERT_EQ(Toasts().size(), 2U);
-    const QWidget* issue = Toasts()[0];
-    const QWidget* photo = Toasts()[1];
+    ASSERT_EQ(ToastsInSight().size(), 2U);
+    const QWidget* issue = ToastsInSight()[0];
+    const QWidget* photo = ToastsInSight()[1];
     EXPECT_EQ(issue->windowTitle(), u"TN问题提醒"_s);
     EXPECT_EQ(Line(issue, 1), u"问题主题:漏水"_s);
     EXPECT_EQ(Line(issue, 2), u"问题标识:"_s + host.marks.marks.at(2).name);
@@ -130,24 +117,24 @@ TEST_F(Popups, AnIssueHidesTheThirdLineAndMovesItsNeighbours) {
 
 TEST_F(Popups, ARecordWithoutLabelsShowsNothingBehindTheColon) {
     Show(Record(u"甲.jpg"_s), kPicPopup);
-    EXPECT_EQ(Line(Toasts()[0], 3), u"标签:"_s);
+    EXPECT_EQ(Line(ToastsInSight()[0], 3), u"标签:"_s);
 }
 
 TEST_F(Popups, LabelsAreCountedInBytesOfTheCodePage) {
     KX_DATA::PicMsgRecord record = Record(u"甲.jpg"_s);
     record.labelNames = {QString(13, u'缝'), u"b"_s};
     Show(record, kPicPopup);
-    EXPECT_EQ(Line(Toasts()[0], 3), u"标签:"_s + QString(13, u'缝') + u";..."_s);
+    EXPECT_EQ(Line(ToastsInSight()[0], 3), u"标签:"_s + QString(13, u'缝') + u";..."_s);
 }
 
 TEST_F(Popups, AnUnknownMarkAndAFailedTableLeaveTheMarkEmpty) {
     KX_DATA::PicMsgRecord record = Record(u"甲.jpg"_s);
     record.markerId = 99;
     Show(record, kPicPopup);
-    EXPECT_EQ(Line(Toasts()[0], 2), u"标识:"_s);
+    EXPECT_EQ(Line(ToastsInSight()[0], 2), u"标识:"_s);
     host.script.FailNext("GetMarkTable");
     Show(Record(u"乙.jpg"_s), kPicPopup);
-    EXPECT_EQ(Line(Toasts()[1], 2), u"标识:"_s);
+    EXPECT_EQ(Line(ToastsInSight()[1], 2), u"标识:"_s);
 }
 
 TEST_F(Popups, TheHostHearsOfEachAtOnce) {
@@ -164,33 +151,33 @@ TEST_F(Popups, ThreeRecordsMakeThreeWithTheirOwnWhateverCloses) {
     for (const QString& name : {u"甲"_s, u"乙"_s, u"丙"_s}) {
         Show(Record(name), kPicPopup);
     }
-    ASSERT_EQ(Toasts().size(), 3U);
-    Toasts()[1]->close();
+    ASSERT_EQ(ToastsInSight().size(), 3U);
+    ToastsInSight()[1]->close();
     support::RunPendingEvents();
-    ASSERT_EQ(Toasts().size(), 2U);
-    EXPECT_EQ(Line(Toasts()[0], 1), u"名称:甲"_s);
-    EXPECT_EQ(Line(Toasts()[1], 1), u"名称:丙"_s);
+    ASSERT_EQ(ToastsInSight().size(), 2U);
+    EXPECT_EQ(Line(ToastsInSight()[0], 1), u"名称:甲"_s);
+    EXPECT_EQ(Line(ToastsInSight()[1], 1), u"名称:丙"_s);
     Show(Record(u"丁"_s), kPicPopup);
-    EXPECT_EQ(Line(Toasts()[1], 1), u"名称:丁"_s) << "in the place that got free";
+    EXPECT_EQ(Line(ToastsInSight()[1], 1), u"名称:丁"_s) << "in the place that got free";
 }
 
 TEST_F(Popups, LookingFliesToThePhotoAndCloses) {
     Show(Record(u"甲"_s), kPicPopup);
     host.Log().Clear();
     host.script.FailAlways("LocatePicture");
-    Look(Toasts()[0]);
+    Look(ToastsInSight()[0]);
     EXPECT_THAT(
         host.Log().LinesOf({"SelectPictureMark", "LocatePicture", "LocateIssue"}),
         ElementsAre("SelectPictureMark(floor=1,mark=2,id=7)", "LocatePicture(position=K7,mark=2)"))
         << "whose result is ignored";
-    EXPECT_TRUE(support::WaitFor([] { return Toasts().empty(); }));
+    EXPECT_TRUE(support::WaitFor([] { return ToastsInSight().empty(); }));
 }
 
 TEST_F(Popups, TheButtonOfAnOlderOneGoesByTheKindOfTheNewest) {
     Show(Record(u"甲"_s), kPicPopup);
     Show(Record(u"漏水"_s), kIssuePopup);
     host.Log().Clear();
-    Look(Toasts()[0]);
+    Look(ToastsInSight()[0]);
     EXPECT_THAT(host.Log().LinesOf({"SelectPictureMark", "LocateIssue"}),
                 ElementsAre("LocateIssue(id=q-甲)"))
         << "with its own record";
@@ -200,7 +187,7 @@ TEST_F(Popups, TheFirstMoveOfTheMouseShowsAPictureThatCameLater) {
     KX_DATA::PicMsgRecord record = Record(u"甲"_s);
     record.localFile = host.folder.Path(u"late.jpg"_s);
     Show(record, kPicPopup);
-    QWidget* toast = Toasts()[0];
+    QWidget* toast = ToastsInSight()[0];
     CPicStatic& preview = Preview(toast);
     EXPECT_EQ(preview.picPath, record.localFile);
     const QPoint middle = preview.rect().center();
@@ -237,7 +224,7 @@ TEST_F(Popups, TheFirstMoveOfTheMouseShowsAPictureThatCameLater) {
 
 TEST_F(Popups, TheMouseIsNoticedOverEveryPart) {
     Show(Record(u"甲"_s), kPicPopup);
-    const QWidget* dialog = Preview(Toasts()[0]).parentWidget();
+    const QWidget* dialog = Preview(ToastsInSight()[0]).parentWidget();
     const auto parts = dialog->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     EXPECT_EQ(parts.size(), reminder::kMsgParts);
     for (const QWidget* part : parts) {
@@ -247,13 +234,13 @@ TEST_F(Popups, TheMouseIsNoticedOverEveryPart) {
 
 TEST_F(Popups, WithoutAFileThePreviewIsBlank) {
     Show(Record(u"甲"_s), kPicPopup);
-    EXPECT_EQ(Preview(Toasts()[0]).picPath, QString());
+    EXPECT_EQ(Preview(ToastsInSight()[0]).picPath, QString());
 }
 
 TEST_F(Popups, WhereNothingIsReadyTheFacadeShowsNothing) {
     facade.ShowPicPopups(toolkit::kNoWindow);
     facade.ShowIssuePopups(toolkit::kNoWindow);
-    EXPECT_THAT(Toasts(), IsEmpty());
+    EXPECT_THAT(ToastsInSight(), IsEmpty());
 }
 
 TEST(MsgDlgLayout, PartsStandAsInDialogUnitsOneBelowTheOther) {

@@ -1,9 +1,9 @@
 #include "toolkit/windows/PopupWindow.h"
 
+#include "tests/support/Toasts.h"
 #include "tests/support/WaitFor.h"
 #include "toolkit/windows/PopupPlaces.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QLabel>
 #include <QMessageBox>
@@ -16,6 +16,7 @@
 using namespace Qt::StringLiterals;
 
 using support::RunPendingEvents;
+using support::ToastsInSight;
 using support::WaitFor;
 
 namespace {
@@ -56,18 +57,9 @@ protected:
         popup->SetWindowText(u"提醒 <b>%1</b>"_s.arg(made++));
         popup->CreatePopup(owner, [this] { return std::make_unique<SmallDialog>(initialised); });
     }
-    [[nodiscard]] static std::vector<QWidget*> Shown() {
-        std::vector<QWidget*> toasts;
-        for (QWidget* widget : QApplication::topLevelWidgets()) {
-            if (widget->objectName() == u"popupWindow"_s && widget->isVisible()) {
-                toasts.push_back(widget);
-            }
-        }
-        return toasts;
-    }
     [[nodiscard]] static int Capacity() {
         return toolkit::PopupCapacity(QGuiApplication::primaryScreen()->availableGeometry(),
-                                      Shown().front()->size());
+                                      ToastsInSight().front()->size());
     }
 
     int made = 0;
@@ -97,8 +89,8 @@ TEST(PopupPlaces, AScreenThatIsTooSmallHasRoomForOne) {
 
 TEST_F(Toast, StandsInTheCornerUnderItsCaptionAndLeavesTheKeyboardAlone) {
     Make(0);
-    ASSERT_EQ(Shown().size(), 1U);
-    QWidget* toast = Shown().front();
+    ASSERT_EQ(ToastsInSight().size(), 1U);
+    QWidget* toast = ToastsInSight().front();
     EXPECT_EQ(QRect(toast->pos(), toast->size()),
               toolkit::PopupPlace(QGuiApplication::primaryScreen()->availableGeometry(),
                                   toast->size(), 0));
@@ -115,7 +107,7 @@ TEST_F(Toast, ClosesByItselfWhenItsTimeIsOver) {
     Make(30);
     EXPECT_EQ(CBCGPPopupWindow::CountShown(), 1);
     EXPECT_TRUE(WaitFor([] { return CBCGPPopupWindow::CountShown() == 0; }));
-    EXPECT_TRUE(Shown().empty());
+    EXPECT_TRUE(ToastsInSight().empty());
 }
 
 TEST_F(Toast, WhatHasNoRoomIsMadeAtOnceAndWaitsForTheFirstPlace) {
@@ -125,15 +117,15 @@ TEST_F(Toast, WhatHasNoRoomIsMadeAtOnceAndWaitsForTheFirstPlace) {
         Make(0);
     }
     EXPECT_EQ(initialised, capacity + 2);
-    EXPECT_EQ(int(Shown().size()), capacity);
+    EXPECT_EQ(int(ToastsInSight().size()), capacity);
     EXPECT_EQ(CBCGPPopupWindow::CountWaiting(), 2);
-    QWidget* first = Shown().front();
+    QWidget* first = ToastsInSight().front();
     const QRect place = first->geometry();
     first->close();
     ASSERT_TRUE(WaitFor([] { return CBCGPPopupWindow::CountWaiting() == 1; }));
-    EXPECT_EQ(int(Shown().size()), capacity);
+    EXPECT_EQ(int(ToastsInSight().size()), capacity);
     bool isTaken = false;
-    for (const QWidget* toast : Shown()) {
+    for (const QWidget* toast : ToastsInSight()) {
         isTaken = isTaken || (toast->geometry() == place &&
                               toast->windowTitle() == u"提醒 <b>%1</b>"_s.arg(capacity));
     }
@@ -151,9 +143,9 @@ TEST_F(Toast, WhoWaitsPastItsTimeIsNeverShown) {
     QElapsedTimer timer;
     timer.start();
     ASSERT_TRUE(WaitFor([&] { return timer.elapsed() > 5; }));
-    Shown().front()->close();
+    ToastsInSight().front()->close();
     ASSERT_TRUE(WaitFor([] { return CBCGPPopupWindow::CountWaiting() == 0; }));
-    EXPECT_EQ(int(Shown().size()), capacity - 1);
+    EXPECT_EQ(int(ToastsInSight().size()), capacity - 1);
 }
 
 TEST_F(Toast, ClosesByItsButtonWhileADialogWaitsForAnAnswer) {
@@ -164,30 +156,30 @@ TEST_F(Toast, ClosesByItsButtonWhileADialogWaitsForAnAnswer) {
                           button->mapTo(toast, button->rect().center()));
     };
     Make(0);
-    ASSERT_TRUE(WaitFor([] { return Shown().size() == 1; }));
+    ASSERT_TRUE(WaitFor([] { return ToastsInSight().size() == 1; }));
     QDialog dialog;
     dialog.setModal(true);
     dialog.show();
     Make(0);
-    ASSERT_TRUE(WaitFor([] { return Shown().size() == 2; }));
+    ASSERT_TRUE(WaitFor([] { return ToastsInSight().size() == 2; }));
     RunPendingEvents();
-    close(Shown()[0]);
-    EXPECT_TRUE(WaitFor([] { return Shown().size() == 1; }));
+    close(ToastsInSight()[0]);
+    EXPECT_TRUE(WaitFor([] { return ToastsInSight().size() == 1; }));
     QMessageBox box(&dialog);
     box.setModal(true);
     box.show();
     RunPendingEvents();
     box.hide();
     RunPendingEvents();
-    close(Shown()[0]);
-    EXPECT_TRUE(WaitFor([] { return Shown().empty(); }));
+    close(ToastsInSight()[0]);
+    EXPECT_TRUE(WaitFor([] { return ToastsInSight().empty(); }));
     Make(0);
-    ASSERT_TRUE(WaitFor([] { return Shown().size() == 1; }));
+    ASSERT_TRUE(WaitFor([] { return ToastsInSight().size() == 1; }));
     dialog.hide();
     RunPendingEvents();
-    EXPECT_EQ(Shown().size(), 1U) << "it doesn't go with the dialog";
-    close(Shown()[0]);
-    EXPECT_TRUE(WaitFor([] { return Shown().empty(); }));
+    EXPECT_EQ(ToastsInSight().size(), 1U) << "it doesn't go with the dialog";
+    close(ToastsInSight()[0]);
+    EXPECT_TRUE(WaitFor([] { return ToastsInSight().empty(); }));
 }
 
 TEST_F(Toast, DiesWithItsOwner) {
@@ -201,7 +193,7 @@ TEST_F(Toast, DiesWithItsOwner) {
         Make(0, id);
     }
     owner.reset();
-    EXPECT_TRUE(Shown().empty());
+    EXPECT_TRUE(ToastsInSight().empty());
     EXPECT_TRUE(WaitFor([] { return CBCGPPopupWindow::CountWaiting() == 0; }));
     EXPECT_EQ(CBCGPPopupWindow::CountShown(), 0);
 }
@@ -211,9 +203,9 @@ TEST_F(Toast, AThousandAtOnceMakeNoMoreWindowsThanHaveRoom) {
         Make(0);
     }
     EXPECT_EQ(initialised, 1000);
-    EXPECT_EQ(int(Shown().size()), Capacity());
+    EXPECT_EQ(int(ToastsInSight().size()), Capacity());
     EXPECT_EQ(CBCGPPopupWindow::CountWaiting(), 1000 - Capacity());
     CBCGPPopupWindow::CloseAll();
     EXPECT_EQ(CBCGPPopupWindow::CountWaiting(), 0);
-    EXPECT_TRUE(Shown().empty());
+    EXPECT_TRUE(ToastsInSight().empty());
 }
