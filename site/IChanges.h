@@ -22,7 +22,8 @@ enum class ChangeKind : int {
     Label = 8,
     Place = 9, ///< floors and intersections
     Person = 10,
-    Other = 11, ///< what no list, count or table shows: settings, records of actions, uploads
+    Other = 11,   ///< what no list, count or table shows: settings, records of actions, uploads
+    Comment = 12, ///< with the id of its checkpoint
 };
 
 struct Change {

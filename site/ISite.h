@@ -17,6 +17,7 @@ class IBlobs;
 class ICatalogue;
 class IChanges;
 class IClientFolders;
+class IComments;
 class IFilings;
 class IIntake;
 class IIssues;
@@ -32,6 +33,7 @@ public:
 
     [[nodiscard]] virtual IBimPhotos& BimPhotos() = 0;
     [[nodiscard]] virtual IPdfPhotos& PdfPhotos() = 0;
+    [[nodiscard]] virtual IComments& Comments() = 0;
     [[nodiscard]] virtual IIssues& Issues() = 0;
     [[nodiscard]] virtual IPanelCounts& PanelCounts() = 0;
     [[nodiscard]] virtual ICatalogue& Catalogue() = 0;

@@ -270,6 +270,14 @@ std::vector<QString> RevisionColumns() {
     return statements;
 }
 
+// What people write about a checkpoint; goes with it. The index is that of a page in its order.
+std::vector<QString> CommentTable() {
+    return {u"CREATE TABLE comment (id INTEGER PRIMARY KEY AUTOINCREMENT, checkpoint_id INTEGER NOT"
+            " NULL REFERENCES checkpoint(id) ON DELETE CASCADE, person TEXT NOT NULL,"
+            " text TEXT NOT NULL, at INTEGER NOT NULL)"_s,
+            u"CREATE INDEX comment_of_checkpoint ON comment (checkpoint_id, id)"_s};
+}
+
 } // namespace
 
 std::vector<std::vector<QString>> SchemaSteps() {
@@ -278,8 +286,8 @@ std::vector<std::vector<QString>> SchemaSteps() {
          {CatalogueTables(), FilesTables(), BimPhotosTables(), PdfPhotosTables(), IssuesTables()}) {
         first.insert(first.end(), part.begin(), part.end());
     }
-    return {first,         IssuePanelIndex(), PicPanelTables(), HiddenPhotosTable(),
-            ChangeTable(), FilingsTable(),    RevisionColumns()};
+    return {first,         IssuePanelIndex(), PicPanelTables(),  HiddenPhotosTable(),
+            ChangeTable(), FilingsTable(),    RevisionColumns(), CommentTable()};
 }
 
 } // namespace site

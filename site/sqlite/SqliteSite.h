@@ -6,6 +6,7 @@
 #include "site/sqlite/Bin.h"
 #include "site/sqlite/Catalogue.h"
 #include "site/sqlite/ChangeFeed.h"
+#include "site/sqlite/Comments.h"
 #include "site/sqlite/DataFolder.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/FilingTable.h"
@@ -26,6 +27,7 @@ public:
 
     [[nodiscard]] IBimPhotos& BimPhotos() override { return m_bimPhotos; }
     [[nodiscard]] IPdfPhotos& PdfPhotos() override { return m_pdfPhotos; }
+    [[nodiscard]] IComments& Comments() override { return m_comments; }
     [[nodiscard]] IIssues& Issues() override { return m_issues; }
     [[nodiscard]] IPanelCounts& PanelCounts() override { return m_panel; }
     [[nodiscard]] ICatalogue& Catalogue() override { return m_catalogue; }
@@ -52,6 +54,7 @@ private:
     ListQuery m_lists;
     site::BimPhotos m_bimPhotos;
     site::PdfPhotos m_pdfPhotos;
+    site::Comments m_comments;
     site::Issues m_issues;
     PanelCache m_panel;
     site::Catalogue m_catalogue;

@@ -161,36 +161,6 @@ TEST(DataFolder, AFolderThatCannotBeMadeIsNotWritable) {
         FaultOfOpening(dir.filePath(u"file/site"_s), Fault::NotWritable).contains(u"权限"_s));
 }
 
-TEST(DataFolder, AFolderOfTheSchemaBeforeOpensWithAllThatItHolds) {
-    const QTemporaryDir dir;
-    {
-        Database old(dir.filePath(u"site.db"_s), 500);
-        const auto steps = SchemaSteps();
-        for (std::size_t step = 0; step + 1 < steps.size(); ++step) {
-            for (const QString& statement : steps[step]) {
-                old.Exec(statement);
-            }
-        }
-        old.Exec(u"INSERT INTO schema_version VALUES (?, 0)"_s, {kSchemaVersion - 1});
-        old.Exec(u"INSERT INTO project VALUES (7, '一号楼', 1)"_s);
-        old.Exec(u"INSERT INTO setting VALUES ('a', 'b')"_s);
-        old.Exec(u"INSERT INTO drawing VALUES (1, 7, '首层', '')"_s);
-        old.Exec(u"INSERT INTO checkpoint VALUES (1, 1, 4, '', '', 0, 0, 0, 0, '')"_s);
-    }
-    DataFolder folder(dir.path());
-    const auto fault = folder.Open();
-    ASSERT_FALSE(fault.has_value()) << fault->text.toStdString();
-    const QString revision = u"SELECT revision FROM checkpoint WHERE number >= 4"_s;
-    EXPECT_EQ(folder.Db().Value(revision), QVariant(0LL));
-    folder.Db().Exec(u"UPDATE checkpoint SET number = 5"_s);
-    EXPECT_EQ(folder.Db().Value(revision), QVariant(1LL));
-    EXPECT_EQ(SiteWriter(folder).FindProject(u"一号楼"_s), 7);
-    EXPECT_EQ(folder.Db().Value(u"SELECT max(version) FROM schema_version"_s).toInt(),
-              kSchemaVersion);
-    SiteWriter(folder).AddProject(u"二号楼"_s);
-    EXPECT_EQ(folder.Db().Log().Since(0, 100).changes.back().kind, ChangeKind::Project);
-}
-
 TEST(DataFolder, ASecondOpeningOfTheSameFolderSeesTheChangesOfTheFirst) {
     TempSite site;
     DataFolder second(site.folder.Path());

@@ -102,7 +102,7 @@ public:
 /// What versions of the schema after this one brought.
 void DropTallies(Database& db, int version) {
     QStringList triggers{u"hide"_s, u"unhide"_s, u"rehide"_s};
-    QStringList tables{u"bim_hidden_tally"_s, u"change"_s, u"filing"_s};
+    QStringList tables{u"bim_hidden_tally"_s, u"change"_s, u"filing"_s, u"comment"_s};
     if (version < 3) {
         triggers << u"add"_s << u"remove"_s << u"move"_s;
         tables << u"bim_place_photo"_s << u"bim_place_tally"_s << u"bim_place"_s;

@@ -2,6 +2,7 @@
 
 #include "site/IBimPhotos.h"
 #include "site/IBin.h"
+#include "site/IComments.h"
 #include "site/IIssues.h"
 #include "site/IPdfPhotos.h"
 #include "site/sqlite/Database.h"
@@ -31,11 +32,11 @@ public:
 
     void Do() {
         using Way = void (Deed::*)();
-        constexpr std::array<Way, 10> kWays = {
+        constexpr std::array<Way, 11> kWays = {
             &Deed::SavePhoto,   &Deed::HidePhotos,        &Deed::DeletePhotos,
             &Deed::Restore,     &Deed::SaveCheckpoint,    &Deed::SavePdf,
             &Deed::DeletePdf,   &Deed::HideOrDeleteIssue, &Deed::FilePhotos,
-            &Deed::PurgeSeldom,
+            &Deed::PurgeSeldom, &Deed::Comment,
         };
         (this->*kWays[Below(int(kWays.size()))])();
     }
@@ -83,6 +84,18 @@ public:
         edit.markId = Below(3);
         edit.labelNames = {QString::number(1 + Below(kLabels))};
         static_cast<void>(m_engine.PdfPhotos().UpdateCheckpoint({kProject}, edit, Signature()));
+    }
+
+    void Comment() {
+        site::IComments& comments = m_engine.Comments();
+        const std::vector<qint64> ids = Some(u"comment"_s, 1);
+        if (ids.empty() || Below(3) > 0) {
+            static_cast<void>(
+                comments.Add({kProject}, 1, u"li：第 %1 次"_s.arg(m_number), Signature()));
+        } else {
+            static_cast<void>(
+                comments.Remove({kProject}, 1, ids.front(), Signature(), site::CommentsOf::Author));
+        }
     }
 
     void SavePdf() {

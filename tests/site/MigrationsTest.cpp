@@ -1,0 +1,81 @@
+// Data folders of earlier clients: what they hold is kept, and what came since works on it.
+#include "site/sqlite/Migrations.h"
+
+#include "site/IChanges.h"
+#include "site/IComments.h"
+#include "site/sqlite/Database.h"
+#include "site/sqlite/SqliteSite.h"
+#include "tests/site/TempSite.h"
+
+namespace site {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// A folder with a project, a setting, a drawing and a checkpoint, as a client of that schema left
+/// it, opened by this one.
+class OldSite {
+public:
+    explicit OldSite(int version) {
+        {
+            Database old(m_dir.filePath(u"site.db"_s), 500);
+            const auto steps = SchemaSteps();
+            for (int step = 0; step < version; ++step) {
+                for (const QString& statement : steps[size_t(step)]) {
+                    old.Exec(statement);
+                }
+            }
+            old.Exec(u"INSERT INTO schema_version VALUES (?, 0)"_s, {version});
+            old.Exec(u"INSERT INTO project VALUES (7, '一号楼', 1)"_s);
+            old.Exec(u"INSERT INTO setting VALUES ('a', 'b')"_s);
+            old.Exec(
+                u"INSERT INTO drawing (id, ppid, name, file_uuid) VALUES (1, 7, '首层', '')"_s);
+            old.Exec(
+                u"INSERT INTO checkpoint (id, drawing_id, number, description, remark, mark_id,"
+                " x, y, updated, audio_uuid) VALUES (1, 1, 4, '柱', '', 0, 250, 125, 0, '')"_s);
+        }
+        folder = std::make_unique<DataFolder>(m_dir.path());
+        const auto fault = folder->Open();
+        EXPECT_FALSE(fault.has_value()) << fault->text.toStdString();
+    }
+    Database& Db() { return folder->Db(); }
+
+private:
+    QTemporaryDir m_dir;
+
+public:
+    std::unique_ptr<DataFolder> folder;
+};
+
+} // namespace
+
+TEST(Migrations, EveryFolderOfAnEarlierClientReachesThePresentSchemaWithAllThatItHolds) {
+    for (int version = 1; version < kSchemaVersion; ++version) {
+        OldSite site(version);
+        EXPECT_EQ(site.Db().Value(u"SELECT max(version) FROM schema_version"_s).toInt(),
+                  kSchemaVersion);
+        EXPECT_EQ(SiteWriter(*site.folder).FindProject(u"一号楼"_s), 7) << version;
+        EXPECT_EQ(site.Db().Value(u"SELECT value FROM setting"_s), QVariant(u"b"_s));
+        EXPECT_EQ(site.Db().Value(u"SELECT description FROM checkpoint WHERE number = 4"_s),
+                  QVariant(u"柱"_s));
+        SiteWriter(*site.folder).AddProject(u"二号楼"_s);
+        EXPECT_EQ(site.Db().Log().Since(0, 100).changes.back().kind, ChangeKind::Project);
+    }
+}
+
+TEST(Migrations, ChangesOfACheckpointAreCountedFromTheSeventhOn) {
+    OldSite site(6);
+    const QString revision = u"SELECT revision FROM checkpoint WHERE number >= 4"_s;
+    EXPECT_EQ(site.Db().Value(revision), QVariant(0LL));
+    site.Db().Exec(u"UPDATE checkpoint SET number = 5"_s);
+    EXPECT_EQ(site.Db().Value(revision), QVariant(1LL));
+}
+
+TEST(Migrations, ACheckpointTakesCommentsFromTheEighthOn) {
+    OldSite site(7);
+    SqliteSite engine(*site.folder);
+    ASSERT_TRUE(engine.Comments().Add({7}, 1, u"li：好"_s, {u"li"_s, 1'700'000'000}));
+    EXPECT_EQ(engine.Comments().PageOf({7}, 1, 0, 50)->size(), 1U);
+}
+
+} // namespace site
