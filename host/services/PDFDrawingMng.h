@@ -6,7 +6,7 @@
 
 namespace host {
 
-/// Checkpoints of the open site; comments aren't built yet. Thread: user interface.
+/// Checkpoints of the open site and their comments. Thread: user interface.
 class PDFDrawingMng final : public KX_DATA::IPDFDrawingMng, private SiteService {
 public:
     using SiteService::SiteService;
@@ -24,6 +24,9 @@ public:
     bool DeleteComment(qint32 drawingId, qint64 commentId) override;
     qint32 GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) override;
     qint32 UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) override;
+
+private:
+    void LogIf(bool done, const QString& action) const;
 };
 
 } // namespace host

@@ -42,6 +42,7 @@ ScriptedSite::ScriptedSite() {
         m_host.states.states[state] = site::StateName(state);
     }
     m_host.drawings.pics = &m_host.pics;
+    m_host.drawings.rights = &m_host.auth.rights;
     m_host.pics.judges = m_host.pics.searches = true;
     m_host.questions.judges = m_host.questions.searches = true;
     m_host.richAuth.readOnly = true; // nothing can be written where there is no rich text

@@ -41,18 +41,6 @@ TEST_P(Unbuilt, ChangesOfIssuesFailAndChangeNothing) {
     EXPECT_TRUE(record.pics.empty());
 }
 
-TEST_P(Unbuilt, CommentsFailAndLeaveTheirRecordsAlone) {
-    FailDouble({"AddComment", "GetComments", "DeleteComment"});
-    KX_DATA::CheckpointComment comment;
-    comment.commentId = kUntouched;
-    EXPECT_NE(on.drawings->AddComment(1, u"x"_s, comment), kServiceOk);
-    EXPECT_EQ(comment.commentId, kUntouched);
-    std::vector<KX_DATA::CheckpointComment> comments(2);
-    EXPECT_NE(on.drawings->GetComments(1, 0, 50, comments), kServiceOk);
-    EXPECT_EQ(comments.size(), 2U);
-    EXPECT_FALSE(on.drawings->DeleteComment(1, 1));
-}
-
 TEST_P(Unbuilt, CodesRichTextsAndComponentsFailAndLeaveTheirRecordsAlone) {
     FailDouble({"CreateQRCode", "GetRichText", "SaveRichText", "GetComponentInfo"});
     QString text = u"old"_s;

@@ -1,6 +1,5 @@
 #include "services/Factories.h"
 #include "services/IKXReportDataMng.h"
-#include "services/IPDFDrawingMng.h"
 #include "services/IPicReportCtrl.h"
 #include "services/IRichTextMsgMng.h"
 #include "services/ITNQRCodeMng.h"
@@ -24,12 +23,6 @@ TEST(UnbuiltOperations, AnswerWithTheirFailureValueAndInventNothing) {
     EXPECT_FALSE(GetRichTextMsgMng()->SaveRichText({}, message, {}, {}, {}));
     std::vector<KX_DATA::ComponentInfo> components;
     EXPECT_EQ(GetIKXReportDataMng()->GetComponentInfo({}, components), 0);
-    std::vector<KX_DATA::CheckpointComment> comments;
-    EXPECT_NE(GetPDFDrawingMng()->GetComments(1, 0, 50, comments), KX_DATA::kServiceOk);
-    EXPECT_TRUE(comments.empty());
-    KX_DATA::CheckpointComment comment;
-    EXPECT_NE(GetPDFDrawingMng()->AddComment(1, u"x"_s, comment), KX_DATA::kServiceOk);
-    EXPECT_FALSE(GetPDFDrawingMng()->DeleteComment(1, 1));
     const QString id = site.AddIssue([](site::NewIssue&) {});
     KX_DATA::IssueUpdate update;
     update.questionId = id;

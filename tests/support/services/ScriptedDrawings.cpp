@@ -1,5 +1,6 @@
 #include "tests/support/services/ScriptedDrawings.h"
 
+#include "services/IKXAuthMng.h"
 #include "services/IVeskPicMng.h"
 #include "tests/support/ArgText.h"
 #include "tests/support/services/ScriptedVeskPicMng.h"
@@ -11,6 +12,7 @@ namespace support {
 namespace {
 
 constexpr qint32 kNoMarkColor = 0xFAFAFA; ///< of a mark that the table doesn't have
+constexpr qsizetype kMostText = 4000;     ///< of a comment, UTF-16 units
 
 } // namespace
 
@@ -22,38 +24,73 @@ KX_DATA::DrawingRecord* ScriptedPDFDrawingMng::Find(qint32 pointId) {
     return found != drawings.end() && isOpen ? &found->second : nullptr;
 }
 
+bool ScriptedPDFDrawingMng::Judges() const {
+    return pics != nullptr && pics->judges;
+}
+
+bool ScriptedPDFDrawingMng::Takes(qint32 pointId, const QString& text) {
+    return !Judges() ||
+           (Find(pointId) != nullptr && !text.trimmed().isEmpty() && text.size() <= kMostText);
+}
+
+bool ScriptedPDFDrawingMng::IsOf(const KX_DATA::CheckpointComment& comment, qint32 pointId) const {
+    const auto found = written.find(comment.commentId);
+    return found == written.end() || found->second.pointId == pointId;
+}
+
+bool ScriptedPDFDrawingMng::MayDelete(qint64 commentId) const {
+    const auto found = written.find(commentId);
+    return rights == nullptr || rights->contains(KX_DATA::kRightDelete) ||
+           (found != written.end() && pics != nullptr && found->second.person == pics->changer);
+}
+
 qint32 ScriptedPDFDrawingMng::AddComment(qint32 drawingId, const QString& text,
                                          KX_DATA::CheckpointComment& comment) {
-    if (!m_script.Call("AddComment", {Arg("drawing", drawingId), Arg("text", text)})) {
+    const bool succeeds =
+        m_script.Call("AddComment", {Arg("drawing", drawingId), Arg("text", text)});
+    if (!succeeds || !Takes(drawingId, text)) {
         return 0;
     }
+    for (const KX_DATA::CheckpointComment& known : comments) {
+        m_lastComment = std::max(m_lastComment, known.commentId);
+    }
+    comment = {};
     comment.exists = 1;
     comment.text = text;
-    comment.commentId = qint64(comments.size()) + 1;
+    comment.commentId = ++m_lastComment;
+    comment.time = commentTime;
     comments.push_back(comment);
+    written[comment.commentId] = {drawingId, pics != nullptr ? pics->changer : QString()};
     return KX_DATA::kServiceOk;
 }
 
 qint32 ScriptedPDFDrawingMng::GetComments(qint32 drawingId, qint32 page, qint32 pageSize,
                                           std::vector<KX_DATA::CheckpointComment>& list) {
-    if (!m_script.Call("GetComments",
-                       {Arg("drawing", drawingId), Arg("page", page), Arg("size", pageSize)})) {
+    const bool succeeds = m_script.Call(
+        "GetComments", {Arg("drawing", drawingId), Arg("page", page), Arg("size", pageSize)});
+    if (!succeeds || (Judges() && Find(drawingId) == nullptr)) {
         return 0;
     }
-    const auto first = std::min(comments.size(), std::size_t(page) * std::size_t(pageSize));
-    const auto last = std::min(comments.size(), first + std::size_t(pageSize));
-    list.assign(comments.begin() + std::ptrdiff_t(first), comments.begin() + std::ptrdiff_t(last));
+    list.clear();
+    qint64 place = 0;
+    for (const KX_DATA::CheckpointComment& comment : comments) {
+        if (IsOf(comment, drawingId) && place++ / pageSize == page) {
+            list.push_back(comment);
+        }
+    }
     return KX_DATA::kServiceOk;
 }
 
 bool ScriptedPDFDrawingMng::DeleteComment(qint32 drawingId, qint64 commentId) {
-    if (!m_script.Call("DeleteComment", {Arg("drawing", drawingId), Arg("id", commentId)})) {
+    const bool succeeds =
+        m_script.Call("DeleteComment", {Arg("drawing", drawingId), Arg("id", commentId)});
+    if (!succeeds || (Judges() && (Find(drawingId) == nullptr || !MayDelete(commentId)))) {
         return false;
     }
-    std::erase_if(comments, [&](const KX_DATA::CheckpointComment& comment) {
-        return comment.commentId == commentId;
+    const auto gone = std::erase_if(comments, [&](const KX_DATA::CheckpointComment& comment) {
+        return comment.commentId == commentId && IsOf(comment, drawingId);
     });
-    return true;
+    return gone > 0 || !Judges();
 }
 
 qint32 ScriptedPDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) {

@@ -8,6 +8,7 @@
 #include "tests/support/Script.h"
 
 #include <map>
+#include <set>
 
 namespace support {
 
@@ -19,7 +20,16 @@ public:
 
     std::map<qint32, KX_DATA::DrawingRecord> drawings; ///< by id of the checkpoint point
     std::map<qint32, qint32> projects; ///< by id of the point; those that aren't here are open
-    std::vector<KX_DATA::CheckpointComment> comments; ///< of every drawing
+    std::vector<KX_DATA::CheckpointComment> comments; ///< in the order of writing
+    /// Who wrote a comment, and to which point, by its id; those that aren't here are of every
+    /// point, and by nobody.
+    struct Written {
+        qint32 pointId = 0;
+        QString person;
+    };
+    std::map<qint64, Written> written;
+    qint64 commentTime = 1'700'000'000;       ///< of what is written next
+    const std::set<qint32>* rights = nullptr; ///< of who is signed in; null: all
     KX_DATA::CheckpointEdit lastEdit;
     ScriptedVeskPicMng* pics = nullptr; ///< the site's photos, which change with their checkpoints
 
@@ -32,10 +42,16 @@ public:
     qint32 UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) override;
 
 private:
+    /// As a site: ids and people are looked at.
+    [[nodiscard]] bool Judges() const;
+    [[nodiscard]] bool Takes(qint32 pointId, const QString& text);
+    [[nodiscard]] bool IsOf(const KX_DATA::CheckpointComment& comment, qint32 pointId) const;
+    [[nodiscard]] bool MayDelete(qint64 commentId) const;
     /// Null if it isn't there, or of a project that isn't open.
     [[nodiscard]] KX_DATA::DrawingRecord* Find(qint32 pointId);
 
     Script& m_script;
+    qint64 m_lastComment = 0;
 };
 
 class ScriptedTNQRCodeMng final : public KX_DATA::ITNQRCodeMng {
