@@ -1,6 +1,6 @@
 #include "viewers/PhotoBlock.h"
 
-#include "toolkit/Look.h"
+#include "viewers/PaneTexts.h"
 
 #include <utility>
 
@@ -10,16 +10,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-template <class Control> Control* Make(QWidget& pane, const QString& name) {
-    auto* control = new Control(&pane);
-    control->setObjectName(name);
-    control->show();
-    return control;
-}
-
-void Say(QLabel& line, const QString& caption, const QString& value, const QString& tip) {
-    line.setText(caption + value);
-    line.setToolTip(tip.isEmpty() ? QString() : toolkit::PlainTip(tip));
+/// These are made without path shortening.
+CStaticFilespec* MakeLine(QWidget& pane, const QString& name) {
+    auto* line = MakeControl<CStaticFilespec>(pane, name);
+    line->SetPathShortening(false);
+    return line;
 }
 
 } // namespace
@@ -28,21 +23,18 @@ PhotoBlock::PhotoBlock(const PhotoBlockShape& shape, QString updaterCaption)
     : m_shape(shape), m_updaterCaption(std::move(updaterCaption)) {}
 
 void PhotoBlock::MakeControls(QWidget& pane, NotePlayer& note) {
-    separator = Make<QFrame>(pane, u"separator"_s);
+    separator = MakeControl<QFrame>(pane, u"separator"_s);
     separator->setFrameStyle(QFrame::HLine | QFrame::Sunken);
-    markText = Make<CColorStatic>(pane, u"markText"_s);
-    markText->SetTxtAlian(CColorStatic::kCentredLine);
-    markText->SetFontColor(toolkit::ColorFromBgr(0));
-    markText->SetBGColor(toolkit::ColorFromBgr(0xfafafa));
-    posText = Make<CStaticFilespec>(pane, u"posText"_s);
-    uploaderText = Make<CStaticFilespec>(pane, u"uploaderText"_s);
-    uploadTimeText = Make<CStaticFilespec>(pane, u"uploadTimeText"_s);
-    updaterText = Make<CStaticFilespec>(pane, u"updaterText"_s);
-    updateTimeText = Make<CStaticFilespec>(pane, u"updateTimeText"_s);
-    labelText = Make<CStaticFilespec>(pane, u"labelText"_s);
-    descText = Make<CAutoLineStatic>(pane, u"descText"_s);
+    markText = MakeMarkText(pane);
+    posText = MakeLine(pane, u"posText"_s);
+    uploaderText = MakeLine(pane, u"uploaderText"_s);
+    uploadTimeText = MakeLine(pane, u"uploadTimeText"_s);
+    updaterText = MakeLine(pane, u"updaterText"_s);
+    updateTimeText = MakeLine(pane, u"updateTimeText"_s);
+    labelText = MakeLine(pane, u"labelText"_s);
+    descText = MakeControl<CAutoLineStatic>(pane, u"descText"_s);
     // Made before what stands in it, which therefore lies above it.
-    noteGroup = Make<CTitledGroup>(pane, u"noteGroup"_s);
+    noteGroup = MakeControl<CTitledGroup>(pane, u"noteGroup"_s);
     noteGroup->setTitle(u"语音"_s);
     note.MakeControls(&pane);
 }
@@ -68,10 +60,7 @@ void PhotoBlock::LayOut(const QSize& pane, NotePlayer& note) {
 }
 
 void PhotoBlock::ShowMark(const QString& name, qint32 color) {
-    markText->SetBGColor(toolkit::ColorFromBgr(color));
-    markText->setText(name);
-    markText->setToolTip(name.isEmpty() ? QString() : toolkit::PlainTip(name));
-    markText->repaint();
+    gallery::ShowMark(*markText, name, color);
 }
 
 void PhotoBlock::ShowTexts(const PhotoBlockTexts& texts) {

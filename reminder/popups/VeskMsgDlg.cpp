@@ -138,6 +138,7 @@ void CVeskMsgDlg::OnCreated() {
         auto* line = new CStaticFilespec(Widget());
         line->setObjectName(u"line%1"_s.arg(at + 1));
         line->setText(m_lines[size_t(at)]);
+        line->SetPathShortening(false);
         line->setToolTip(toolkit::PlainTip(m_lines[size_t(at)]));
         place(*line, MsgPart(at));
         line->setVisible(!m_isIssue || MsgPart(at) != MsgPart::Third);

@@ -14,4 +14,8 @@ namespace toolkit {
 ///          ellipsis, still longer than any line.
 [[nodiscard]] TOOLKIT_EXPORT QString LineStart(const QString& text);
 
+/// The same for a line that is elided in its middle: beginning and end of the text, together still
+/// longer than any line.
+[[nodiscard]] TOOLKIT_EXPORT QString LineEnds(const QString& text);
+
 } // namespace toolkit

@@ -34,15 +34,25 @@ CStaticFilespec::CStaticFilespec(QWidget* parent) : QLabel(parent) {
     setTextFormat(Qt::PlainText);
 }
 
+void CStaticFilespec::SetPathShortening(bool shortens) {
+    m_elision = shortens ? Qt::ElideMiddle : Qt::ElideRight;
+    update();
+}
+
 void CStaticFilespec::paintEvent(QPaintEvent* event) {
     Q_UNUSED(event);
     QPainter painter(this);
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
     // A line feed would take the rest out of sight.
-    const QString line = QString(text()).replace(u'\n', u' ');
+    const QString line = QString(m_elision == Qt::ElideMiddle ? toolkit::LineEnds(text()) : text())
+                             .replace(u'\n', u' ');
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(toolkit::LineStart(line), Qt::ElideRight, width()));
+                     fontMetrics().elidedText(toolkit::LineStart(line), m_elision, width()));
+}
+
+CAutoLineStatic::CAutoLineStatic(QWidget* parent) : CStaticFilespec(parent) {
+    SetPathShortening(false);
 }
 
 void CAutoLineStatic::paintEvent(QPaintEvent* event) {

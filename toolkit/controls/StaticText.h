@@ -6,21 +6,28 @@
 #include <QColor>
 #include <QLabel>
 
-/// One line of plain text, "&" as it stands, centred vertically; what doesn't fit is elided at its
-/// end. Screen readers get all of it. Thread: user interface. Owned by its parent.
+/// One line of plain text, "&" as it stands, centred vertically; what doesn't fit is elided in its
+/// middle, as a path is, or at its end. Screen readers get all of it. Thread: user interface. Owned
+/// by its parent.
 class TOOLKIT_EXPORT CStaticFilespec : public QLabel {
 public:
     explicit CStaticFilespec(QWidget* parent);
 
+    /// True to begin with; false: elided at its end.
+    void SetPathShortening(bool shortens);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    Qt::TextElideMode m_elision = Qt::ElideMiddle;
 };
 
 /// Plain text broken into as many lines as the height holds, at least one; the last one is elided.
 /// Thread: user interface. Owned by its parent.
 class TOOLKIT_EXPORT CAutoLineStatic final : public CStaticFilespec {
 public:
-    using CStaticFilespec::CStaticFilespec;
+    explicit CAutoLineStatic(QWidget* parent);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -79,6 +79,7 @@ QWidget* MakeCaption(QWidget& frame, const QString& text, int height) {
     auto* title = new CStaticFilespec(caption);
     title->setObjectName(u"captionText"_s);
     title->setText(text);
+    title->SetPathShortening(false);
     row->addWidget(title, 1);
     auto* close = new QToolButton(caption);
     close->setObjectName(u"captionClose"_s);

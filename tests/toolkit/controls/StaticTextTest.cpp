@@ -56,20 +56,32 @@ TEST(StaticFilespec, StandsInTheMiddleOfItsHeight) {
     EXPECT_NEAR((rows.front() + rows.back()) / 2, 30, 2);
 }
 
-TEST(StaticFilespec, ALongTextEndsInDotsWithinItsWidth) {
+TEST(StaticFilespec, ALongTextLosesItsMiddleWithinItsWidth) {
     QWidget parent;
     CStaticFilespec text(&parent);
-    const QString whole = QString(60, u'国');
+    const QString whole = QString(30, u'国') + QString(30, u'一');
     text.setText(whole);
     text.resize(100, 40);
-    EXPECT_EQ(Drawn(text), DrawnLine(text.fontMetrics().elidedText(whole, Qt::ElideRight, 100)));
+    EXPECT_EQ(Drawn(text), DrawnLine(text.fontMetrics().elidedText(whole, Qt::ElideMiddle, 100)));
+    EXPECT_NE(Drawn(text), DrawnLine(text.fontMetrics().elidedText(whole, Qt::ElideRight, 100)));
     EXPECT_EQ(text.text(), whole) << "screen readers get all of it";
 }
 
+TEST(StaticFilespec, WithoutPathShorteningALongTextEndsInDots) {
+    QWidget parent;
+    CStaticFilespec text(&parent);
+    const QString whole = QString(30, u'国') + QString(30, u'一');
+    text.setText(whole);
+    text.SetPathShortening(false);
+    text.resize(100, 40);
+    EXPECT_EQ(Drawn(text), DrawnLine(text.fontMetrics().elidedText(whole, Qt::ElideRight, 100)));
+}
+
 // The width of so many characters overflows.
-TEST(StaticFilespec, ATextOfMillionsOfCharactersEndsInDotsToo) {
-    const QString huge(5'000'000, u'国');
-    EXPECT_EQ(DrawnLine(huge), DrawnLine(QString(60, u'国')));
+TEST(StaticFilespec, ATextOfMillionsOfCharactersLosesItsMiddleToo) {
+    QString huge(5'000'000, u'国');
+    huge[huge.size() - 1] = u'一';
+    EXPECT_EQ(DrawnLine(huge), DrawnLine(QString(59, u'国') + u'一'));
 }
 
 TEST(StaticFilespec, ATextWithALineFeedStaysOneLine) {

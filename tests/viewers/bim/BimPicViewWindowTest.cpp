@@ -210,6 +210,18 @@ TEST_F(BimPicViewWindowTest, TheNameOfTheMarkIsCentredOnItsColour) {
     EXPECT_NEAR(ink.center().y(), painted.height() / 2, 2);
 }
 
+TEST_F(BimPicViewWindowTest, ALineThatIsTooLongEndsInDots) {
+    ASSERT_TRUE(Open());
+    CStaticFilespec& line = *Texts().labelText;
+    const QString whole = u"标签："_s + QString(40, u'国') + QString(40, u'一');
+    const auto drawn = [&](const QString& text) {
+        line.setText(text);
+        return line.grab().toImage();
+    };
+    EXPECT_EQ(drawn(whole),
+              drawn(line.fontMetrics().elidedText(whole, Qt::ElideRight, line.width())));
+}
+
 TEST_F(BimPicViewWindowTest, TheReportBlocksTheClientUntilTheFirstTick) {
     QWidget* client = toolkit::WidgetOf(toolkit::MainWindow());
     ASSERT_NE(client, nullptr);
