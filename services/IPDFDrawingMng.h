@@ -31,7 +31,8 @@ public:
     virtual bool DeleteComment(qint32 drawingId, qint64 commentId) = 0;
     /// `drawingId` is that of PdfPicRecord: the id of the checkpoint point.
     virtual qint32 GetDrawing(qint32 drawingId, DrawingRecord& record) = 0;
-    /// Who saves last wins: nothing says which state was seen.
+    /// Who saves last wins: nothing says which state was seen. Labels are ids here, and a mark of 0
+    /// leaves the mark as it is.
     virtual qint32 UpdateCheckpoint(const CheckpointEdit& edit, qint32& value) = 0;
 };
 

@@ -54,12 +54,14 @@ public:
     /// Status; callers treat an empty list as failure too.
     virtual qint32 GetPicFiles(const std::vector<qint32>& picIds,
                                std::vector<PicFileEntry>& files) = 0;
+    /// Status. Takes the current project, also for photos of the workset's others.
     virtual qint32 GetCheckpointPics(qint32 ppid, qint32 picId, CheckpointPicDetail& detail) = 0;
     /// Tree of the mark panel; `groups` holds the last fetch and is replaced.
     virtual void GetBimPicFilterValues(qint64 from, qint64 to, quint8 flag,
                                        MarkFilterArg& filterArg,
                                        std::vector<PicMarkGroup>& groups) = 0;
-    /// Non-zero on success.
+    /// Non-zero on success; 0 for a photo that doesn't hang there, perhaps any more. The viewers
+    /// call the checkpoint a drawing.
     virtual qint32 DeleteCheckpointPic(qint32 drawingId, qint32 picId) = 0;
     /// Status. Shown photos of one mark at one intersection.
     virtual qint32 GetPicFilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId,

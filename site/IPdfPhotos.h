@@ -25,8 +25,8 @@ public:
     PicDetail(qint32 ppid, qint32 picId, KX_DATA::CheckpointPicDetail& detail) = 0;
     /// Counts as a change by nobody: people and times stay. Returns how many there were.
     virtual int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) = 0;
-    /// A point of 0 or less leaves the photo where it is; one of another project is as unknown as
-    /// the photo would be.
+    /// A point of 0 or less leaves the photo where it is; one that isn't there, or not in the
+    /// project, is Missing with a sentence that asks for another.
     /// @param seen  the state that the person saw, hidden or shown and its mark with it; none:
     ///              whatever was before is overwritten.
     [[nodiscard]] virtual Saved Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update,
@@ -38,7 +38,8 @@ public:
     /// The state of the checkpoint, without its photos; nothing for one of none of the projects.
     [[nodiscard]] virtual std::optional<Revision>
     Checkpoint(const Projects& projects, qint32 checkpointId, KX_DATA::DrawingRecord& record) = 0;
-    /// Mark and labels of its photos change with it. A label that doesn't exist is a fault.
+    /// Mark and labels of its photos change with it; a mark of 0 or less leaves the mark as it is.
+    /// A label that doesn't exist is a fault.
     /// @param seen  as for a photo.
     [[nodiscard]] virtual Saved UpdateCheckpoint(const Projects& projects,
                                                  const KX_DATA::CheckpointEdit& edit,

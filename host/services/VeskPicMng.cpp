@@ -10,6 +10,8 @@
 #include "site/IPdfPhotos.h"
 #include "site/RectifyStates.h"
 
+#include <algorithm>
+
 namespace host {
 
 using namespace Qt::StringLiterals;
@@ -116,8 +118,10 @@ qint32 VeskPicMng::DeleteCheckpointPic(qint32 drawingId, qint32 picId) {
         // The viewers call the checkpoint a drawing.
         const qint32 ppid =
             session.Site().PdfPhotos().ProjectOf(session.OpenPpids(), drawingId, picId);
-        RequireFound(ppid != 0, u"检查点照片"_s);
-        return session.Site().Bin().DeletePdfPhotos(ppid, {picId}, SignatureOf(session));
+        RequireFound(ppid != 0 && session.Site().Bin().DeletePdfPhotos(ppid, {picId},
+                                                                       SignatureOf(session)) == 1,
+                     u"检查点照片"_s);
+        return 1;
     });
 }
 
@@ -205,8 +209,17 @@ qint32 VeskPicMng::GetPicFiles(const std::vector<qint32>& picIds,
 qint32 VeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
                                      KX_DATA::CheckpointPicDetail& detail) {
     return Status(u"读取照片"_s, [&](HostSession& session) {
-        RequireFound(session.Site().PdfPhotos().PicDetail(ppid, picId, detail).has_value(),
-                     u"照片"_s);
+        // Callers pass the current project, which in a workset stands for all of its projects.
+        const site::Projects open = session.OpenPpids();
+        const bool all = session.IsWorkset() && site::Has(open, ppid);
+        const site::Projects asked = all ? open : site::Projects{ppid};
+        RequireFound(
+            std::any_of(
+                asked.begin(), asked.end(),
+                [&](qint32 each) {
+                    return session.Site().PdfPhotos().PicDetail(each, picId, detail).has_value();
+                }),
+            u"照片"_s);
         return true;
     });
 }

@@ -144,12 +144,8 @@ Saved PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const 
     const LastChange last(author, by.at, by.person, by.at);
     RemoveSearchRowForEdit(m_database, ListKind::PdfPhotos, update.picId);
     if (update.pointId > 0) {
-        const QVariant owner = m_database.Value(
-            u"SELECT d.ppid FROM checkpoint c JOIN drawing d ON d.id = c.drawing_id"
-            " WHERE c.id = ?"_s,
-            {update.pointId});
-        if (!owner.isValid() || owner.toInt() != ppid) {
-            return Saved::Gone;
+        if (!StateOf({ppid}, update.pointId)) {
+            throw DataError(Fault::Missing, u"所选的检查点已不存在，请重新选择插入点。"_s);
         }
         m_database.Exec(u"UPDATE pdf_photo SET checkpoint_id = ? WHERE id = ?"_s,
                         {update.pointId, update.picId});
@@ -229,6 +225,16 @@ void PdfPhotos::AddParts(qint32 checkpointId, KX_DATA::DrawingRecord& record) {
                        });
 }
 
+void PdfPhotos::SetMark(qint32 checkpointId, qint32 markId) {
+    if (markId <= 0) {
+        return; // an editor in which no mark is selected
+    }
+    m_database.Exec(u"UPDATE checkpoint SET mark_id = ? WHERE id = ?"_s, {markId, checkpointId});
+    // A photo whose mark stays is no other than before.
+    m_database.Exec(u"UPDATE pdf_photo SET mark_id = ? WHERE checkpoint_id = ? AND mark_id <> ?"_s,
+                    {markId, checkpointId, markId});
+}
+
 Saved PdfPhotos::UpdateCheckpoint(const Projects& projects, const KX_DATA::CheckpointEdit& edit,
                                   const Signature& by, std::optional<Revision> seen) {
     Transaction transaction(m_database);
@@ -239,13 +245,11 @@ Saved PdfPhotos::UpdateCheckpoint(const Projects& projects, const KX_DATA::Check
     if (seen && *seen != last->revision) {
         return Saved::ChangedMeanwhile;
     }
-    m_database.Exec(u"UPDATE checkpoint SET x = ?, y = ?, description = ?, mark_id = ?,"
-                    " remark = ?, updated = ? WHERE id = ?"_s,
-                    {edit.position1, edit.position2, edit.description, edit.markId, edit.remark,
-                     by.at, edit.checkpointId});
-    // A photo whose mark stays is no other than before.
-    m_database.Exec(u"UPDATE pdf_photo SET mark_id = ? WHERE checkpoint_id = ? AND mark_id <> ?"_s,
-                    {edit.markId, edit.checkpointId, edit.markId});
+    m_database.Exec(
+        u"UPDATE checkpoint SET x = ?, y = ?, description = ?, remark = ?,"
+        " updated = ? WHERE id = ?"_s,
+        {edit.position1, edit.position2, edit.description, edit.remark, by.at, edit.checkpointId});
+    SetMark(edit.checkpointId, edit.markId);
     m_database.Exec(u"DELETE FROM checkpoint_label WHERE checkpoint_id = ?"_s, {edit.checkpointId});
     for (const QString& labelId : edit.labelNames) {
         m_database.Exec(u"INSERT INTO checkpoint_label (label_id, checkpoint_id) VALUES (?, ?)"

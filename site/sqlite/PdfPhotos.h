@@ -35,6 +35,8 @@ private:
     [[nodiscard]] std::vector<KX_DATA::PdfPicRecord> Rows(const std::vector<qint64>& picIds);
     void AddLabels(std::vector<KX_DATA::PdfPicRecord>& rows);
     void AddParts(qint32 checkpointId, KX_DATA::DrawingRecord& record);
+    /// On the checkpoint and its photos.
+    void SetMark(qint32 checkpointId, qint32 markId);
     /// Of a checkpoint of one of the projects.
     struct CheckpointState {
         qint32 ppid = 0;

@@ -280,6 +280,30 @@ TEST_P(Checkpoints, WhatIsSentAsLabelNamesAreIdsAndOthersAreRefusedWithNothingCh
     EXPECT_EQ(PdfRows()[0].markId, 1);
 }
 
+TEST_P(Checkpoints, AMarkOfZeroLeavesTheMarkAsItIs) {
+    KX_DATA::CheckpointEdit edit = EditOf(point);
+    edit.markId = 0;
+    qint32 value = 0;
+    ASSERT_EQ(on.drawings->UpdateCheckpoint(edit, value), kServiceOk);
+    KX_DATA::DrawingRecord record;
+    ASSERT_EQ(on.drawings->GetDrawing(point, record), kServiceOk);
+    EXPECT_EQ(record.description, u"新描述"_s);
+    EXPECT_EQ(record.markName, u"质量"_s);
+    EXPECT_EQ(PdfRows()[0].markId, 1);
+}
+
+TEST_P(Checkpoints, WithoutDescriptionRemarkAndLabelsItIsSavedAsSuch) {
+    KX_DATA::CheckpointEdit edit;
+    edit.checkpointId = point;
+    qint32 value = 0;
+    ASSERT_EQ(on.drawings->UpdateCheckpoint(edit, value), kServiceOk);
+    KX_DATA::DrawingRecord record;
+    ASSERT_EQ(on.drawings->GetDrawing(point, record), kServiceOk);
+    EXPECT_EQ(record.description, QString());
+    EXPECT_EQ(record.remark, QString());
+    EXPECT_TRUE(record.labels.empty());
+}
+
 class DrawingFailures : public OnDrawings<FailureContract> {};
 WHERE_READING_FAILS(DrawingFailures);
 

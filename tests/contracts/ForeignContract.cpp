@@ -93,6 +93,17 @@ TEST_P(OtherProjects, ACheckpointThereIsNotSaved) {
     EXPECT_EQ(on.drawings->UpdateCheckpoint(edit, value), kServiceOk);
 }
 
+TEST_P(OtherProjects, APhotoOfACheckpointThereTellsItselfInAWorksetOnly) {
+    KX_DATA::CheckpointPicDetail detail;
+    EXPECT_NE(on.pics->GetCheckpointPics(first, pdfPicId, detail), kServiceOk);
+    site->OpenWorkset();
+    ASSERT_EQ(on.pics->GetCheckpointPics(first, pdfPicId, detail), kServiceOk)
+        << "viewers pass the current project";
+    EXPECT_EQ(detail.name, u"p.jpg"_s);
+    EXPECT_NE(on.pics->GetCheckpointPics(kNobody, pdfPicId, detail), kServiceOk);
+    EXPECT_NE(on.pics->GetCheckpointPics(first, kNobody, detail), kServiceOk);
+}
+
 TEST_P(OtherProjects, APhotoThereIsNotTakenFromItsCheckpoint) {
     EXPECT_EQ(on.pics->DeleteCheckpointPic(point, pdfPicId), 0);
     site->OpenWorkset();

@@ -1,5 +1,7 @@
 #include "services/Factories.h"
 #include "services/IPDFDrawingMng.h"
+#include "site/IBin.h"
+#include "site/OpenSite.h"
 #include "tests/host/services/ServiceSite.h"
 
 #include <set>
@@ -162,8 +164,39 @@ TEST(PdfPics, AChangedPhotoMovesToAnotherPointWithItsMark) {
     EXPECT_EQ(rows[0].fileName, u"c.jpg"_s);
     EXPECT_EQ(rows[0].status, 1);
     EXPECT_EQ(rows[0].updaterName, u"li"_s);
-    update.pointId = 4711;
-    EXPECT_FALSE(GetVeskPicMng()->UpdatePdfPic(site.first, update));
+}
+
+TEST(PdfPics, APointThatWasRemovedMeanwhileOrIsOfAnotherProjectIsRefusedWithASentence) {
+    PdfSite site;
+    const qint32 picId = site.AddPdf(0, u"a.jpg"_s);
+    site::NewCheckpoint foreign;
+    foreign.drawingId = site.writer->AddDrawing(site.second, u"三层"_s);
+    KX_DATA::PdfPicUpdate update;
+    update.picId = picId;
+    update.fileName = u"c.jpg"_s;
+    for (const qint32 point : {4711, site.writer->AddCheckpoint(site.second, foreign)}) {
+        update.pointId = point;
+        EXPECT_FALSE(GetVeskPicMng()->UpdatePdfPic(site.first, update));
+    }
+    ASSERT_EQ(site.messages.size(), 2u);
+    EXPECT_EQ(site.messages[0], u"修改照片失败：所选的检查点已不存在，请重新选择插入点。"_s);
+    EXPECT_EQ(site.messages[1], site.messages[0]);
+    EXPECT_EQ(site.Query(site.PdfFilter())[0].fileName, u"a.jpg"_s);
+    KX_DATA::PdfQueryFilter filter = site.PdfFilter();
+    filter.keyword = u"a.jpg"_s;
+    EXPECT_EQ(site.Query(filter).size(), 1u) << "it is found as before";
+}
+
+TEST(PdfPics, APictureThatSomebodyElseDeletedFirstIsToldAndStaysInTheBinOnce) {
+    PdfSite site;
+    const qint32 picId = site.AddPdf(0, u"a.jpg"_s);
+    const site::OpenedSite other = site::OpenSite(site.session.Site().Place(), {500, false});
+    ASSERT_EQ(other.site->Bin().DeletePdfPhotos(site.first, {picId}, {u"wang"_s, 1700000000}), 1);
+    EXPECT_EQ(GetVeskPicMng()->DeleteCheckpointPic(site.points[0], picId), 0);
+    ASSERT_EQ(site.messages.size(), 1u);
+    EXPECT_TRUE(site.messages[0].startsWith(u"删除检查点照片失败："_s));
+    ASSERT_EQ(site.session.Site().Bin().List().size(), 1u);
+    EXPECT_EQ(site.session.Site().Bin().List()[0].deletedBy, u"wang"_s);
 }
 
 TEST(PdfPics, HidingShowingAndDeletingKeepToTheProject) {

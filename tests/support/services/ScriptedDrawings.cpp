@@ -128,9 +128,11 @@ qint32 ScriptedPDFDrawingMng::UpdateCheckpoint(const KX_DATA::CheckpointEdit& ed
         record.labels.emplace_back(label.labelId, label.labelName);
     }
     if (pics != nullptr) {
-        const auto mark = pics->markTable.find(edit.markId);
-        record.markName = mark != pics->markTable.end() ? mark->second.name : QString();
-        record.markColor = mark != pics->markTable.end() ? mark->second.color : kNoMarkColor;
+        if (edit.markId > 0) {
+            const auto mark = pics->markTable.find(edit.markId);
+            record.markName = mark != pics->markTable.end() ? mark->second.name : QString();
+            record.markColor = mark != pics->markTable.end() ? mark->second.color : kNoMarkColor;
+        }
         pics->ChangeCheckpoint(edit.checkpointId, edit.markId, labels);
     }
     return KX_DATA::kServiceOk;

@@ -410,7 +410,7 @@ void ScriptedVeskPicMng::ChangeCheckpoint(qint32 pointId, qint32 markId,
                                           const std::vector<KX_DATA::LabelEntry>& labels) {
     for (KX_DATA::PdfPicRecord& row : pdfPics) {
         if (row.drawingId == pointId) {
-            row.markId = markId;
+            row.markId = markId > 0 ? markId : row.markId;
             row.labels = labels;
         }
     }
@@ -443,8 +443,11 @@ qint32 ScriptedVeskPicMng::GetCheckpointPics(qint32 ppid, qint32 picId,
                                              KX_DATA::CheckpointPicDetail& detail) {
     const bool succeeds = m_script.Call("GetCheckpointPics", {Arg("ppid", ppid), Arg("id", picId)});
     const auto found = checkpointPics.find(picId);
-    const KX_DATA::PdfPicRecord* row = Find(pdfPics, Asked(ppid), picId);
-    if (judges ? row == nullptr : found == checkpointPics.end()) {
+    // In a workset the current project stands for all of its projects.
+    const bool anyOpen = global != nullptr && global->worksetMode && IsOpen(ppid);
+    const KX_DATA::PdfPicRecord* row = Find(pdfPics, anyOpen ? kEveryProject : Asked(ppid), picId);
+    const bool isAsked = row != nullptr && (!anyOpen || IsOpen(row->ppid));
+    if (judges ? !isAsked : found == checkpointPics.end()) {
         return kPicServiceFailed;
     }
     return Answer(succeeds, found != checkpointPics.end() ? found->second : PicDetailOf(*row),

@@ -120,7 +120,7 @@ public:
     bool GetUsedPdfMarks(std::vector<qint32>& markIds) override;
     void GetStateNames(std::vector<QString>& names) override;
 
-    /// A checkpoint's change reaches its photos.
+    /// A checkpoint's change reaches its photos; a mark of 0 or less leaves theirs.
     void ChangeCheckpoint(qint32 pointId, qint32 markId,
                           const std::vector<KX_DATA::LabelEntry>& labels);
     /// Of a checkpoint, in the order of the records.
