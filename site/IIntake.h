@@ -28,7 +28,10 @@ public:
     virtual void AddFloor(qint32 ppid, const QString& floor) = 0;
     /// Adds the floor too if it is missing; returns the position key.
     virtual QString AddPosition(const NewPosition& position) = 0;
-    virtual qint32 AddDrawing(qint32 ppid, const QString& name, const FileSource& file = {}) = 0;
+    /// Refused for an empty name and for one that a drawing of the project bears. `pages` 0: not
+    /// known.
+    virtual qint32 AddDrawing(qint32 ppid, const QString& name, const FileSource& file = {},
+                              int pages = 0) = 0;
     virtual qint32 AddCheckpoint(qint32 ppid, const NewCheckpoint& checkpoint) = 0;
     virtual void SetSetting(const QString& key, const QString& value) = 0;
 

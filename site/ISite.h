@@ -18,6 +18,7 @@ class ICatalogue;
 class IChanges;
 class IClientFolders;
 class IComments;
+class IDrawings;
 class IFilings;
 class IIntake;
 class IIssues;
@@ -34,6 +35,7 @@ public:
     [[nodiscard]] virtual IBimPhotos& BimPhotos() = 0;
     [[nodiscard]] virtual IPdfPhotos& PdfPhotos() = 0;
     [[nodiscard]] virtual IComments& Comments() = 0;
+    [[nodiscard]] virtual IDrawings& Drawings() = 0;
     [[nodiscard]] virtual IIssues& Issues() = 0;
     [[nodiscard]] virtual IPanelCounts& PanelCounts() = 0;
     [[nodiscard]] virtual ICatalogue& Catalogue() = 0;

@@ -58,7 +58,8 @@ struct NewCheckpoint {
     QString description;
     QString remark;
     qint32 markId = 0;
-    qint64 x = 0; ///< where it lies on the drawing, thousandths of its width and height
+    int page = 0; ///< of the drawing, from 0 on
+    qint64 x = 0; ///< where it lies on the page, thousandths of its width and height
     qint64 y = 0;
     qint64 updateTime = 0;
     std::vector<qint32> labelIds;

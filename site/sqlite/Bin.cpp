@@ -5,9 +5,14 @@
 #include "site/blobs/SetAside.h"
 #include "site/sqlite/BinContent.h"
 #include "site/sqlite/Database.h"
+#include "site/sqlite/Drawings.h"
 #include "site/sqlite/SearchIndex.h"
 
 #include <QJsonDocument>
+
+#include <algorithm>
+#include <iterator>
+#include <set>
 
 namespace site {
 
@@ -15,12 +20,24 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Whether it stands in one of the console's lists, whose kinds have the same numbers.
+bool IsListed(BinKind kind) {
+    return kind == BinKind::BimPhoto || kind == BinKind::PdfPhoto || kind == BinKind::Issue;
+}
+
 ListKind ListOf(BinKind kind) {
     return static_cast<ListKind>(kind);
 }
 
 bool IsKnown(BinKind kind) {
-    return kind == BinKind::BimPhoto || kind == BinKind::PdfPhoto || kind == BinKind::Issue;
+    return IsListed(kind) || kind == BinKind::Checkpoint || kind == BinKind::Drawing;
+}
+
+/// What can't come back since what it lay on is gone.
+QString OrphanText(BinKind kind, const QString& title) {
+    return kind == BinKind::Checkpoint
+               ? u"“%1”所在的图纸已不存在，没有恢复，仍在回收站中；请先恢复图纸。"_s.arg(title)
+               : u"“%1”所在的检查点已不存在，没有恢复，仍在回收站中；请先恢复检查点。"_s.arg(title);
 }
 
 ChangeKind ChangeOf(BinKind kind) {
@@ -29,6 +46,10 @@ ChangeKind ChangeOf(BinKind kind) {
         return ChangeKind::PdfPhoto;
     case BinKind::Issue:
         return ChangeKind::Issue;
+    case BinKind::Checkpoint:
+        return ChangeKind::Checkpoint;
+    case BinKind::Drawing:
+        return ChangeKind::Drawing;
     case BinKind::BimPhoto:
         break;
     }
@@ -41,12 +62,29 @@ std::vector<qint64> Ids(const std::vector<qint32>& picIds) {
 
 } // namespace
 
+void Bin::RequireNothingOn(BinKind kind, qint64 objectId, const QString& title) {
+    const auto require = [&](const QString& sql, const QString& sentence) {
+        const int count = m_database.Value(sql, {objectId}).toInt();
+        if (count > 0) {
+            throw DataError(Fault::Refused, sentence.arg(title).arg(count));
+        }
+    };
+    if (kind == BinKind::Checkpoint) {
+        require(u"SELECT count(*) FROM pdf_photo WHERE checkpoint_id = ?"_s,
+                u"“%1”上还有 %2 张照片，没有删除；请先把照片移到别的检查点，或删除照片。"_s);
+    } else if (kind == BinKind::Drawing) {
+        require(u"SELECT count(*) FROM checkpoint WHERE drawing_id = ?"_s,
+                u"图纸“%1”上还有 %2 个检查点，没有删除；请先删除检查点。"_s);
+    }
+}
+
 bool Bin::MoveToBin(BinKind kind, qint64 objectId, const Projects& projects, const Signature& by,
                     std::vector<QString>& files) {
     BinContent content = TakeContent(m_database, kind, objectId);
     if (content.title.isNull() || !Has(projects, content.ppid)) {
         return false;
     }
+    RequireNothingOn(kind, objectId, content.title);
     const QString json =
         QString::fromUtf8(QJsonDocument(content.sections).toJson(QJsonDocument::Compact));
     const qint64 binId = m_database.Insert(
@@ -58,9 +96,11 @@ bool Bin::MoveToBin(BinKind kind, qint64 objectId, const Projects& projects, con
         m_database.Exec(u"INSERT INTO bin_file (uuid, bin_id) VALUES (?, ?)"_s, {uuid, binId});
         files.push_back(uuid);
     }
-    RemoveSearchRow(m_database, ListOf(kind), objectId);
+    if (IsListed(kind)) {
+        RemoveSearchRow(m_database, ListOf(kind), objectId);
+    }
     // What hangs on the row goes with it by its foreign keys.
-    m_database.Exec(u"DELETE FROM %1 WHERE id = ?"_s.arg(ShapeOf(ListOf(kind)).table), {objectId});
+    m_database.Exec(u"DELETE FROM %1 WHERE id = ?"_s.arg(TableOf(kind)), {objectId});
     m_database.Log().Note(ChangeOf(kind), content.ppid, objectId, by.person);
     return true;
 }
@@ -107,6 +147,16 @@ int Bin::DeleteIssues(const Projects& projects, const std::vector<QString>& ques
     return Delete(BinKind::Issue, ids, projects, by);
 }
 
+bool Bin::DeleteCheckpoint(const Projects& projects, qint32 checkpointId, const Signature& by) {
+    const auto ids = [&] { return std::vector<qint64>{checkpointId}; };
+    return Delete(BinKind::Checkpoint, ids, projects, by) == 1;
+}
+
+bool Bin::DeleteDrawing(const Projects& projects, qint32 drawingId, const Signature& by) {
+    const auto ids = [&] { return std::vector<qint64>{drawingId}; };
+    return Delete(BinKind::Drawing, ids, projects, by) == 1;
+}
+
 std::vector<BinEntry> Bin::List() {
     std::vector<BinEntry> entries;
     m_database.ForEach(u"SELECT id, kind, ppid, title, deleted_by, deleted_at FROM bin"
@@ -137,29 +187,56 @@ void Bin::RestoreEntry(qint64 binId, std::vector<QString>& files) {
                         u"回收站中的“%1”不是本版本认识的类型，没有恢复，仍在回收站中；"
                         "请升级客户端后再恢复。"_s.arg(title));
     }
-    if (!PutContent(m_database, kind, objectId, content)) {
+    bool isPut = false;
+    try {
+        isPut = PutContent(m_database, kind, objectId, content);
+    } catch (const DataError& error) {
+        if (error.GetFault() != Fault::Refused ||
+            (kind != BinKind::PdfPhoto && kind != BinKind::Checkpoint)) {
+            throw;
+        }
+        throw DataError(Fault::Refused, OrphanText(kind, title), QString::fromUtf8(error.what()));
+    }
+    if (!isPut) {
         throw DataError(Fault::Damaged, u"回收站中的“%1”的记录已损坏，没有恢复，仍在回收站中；"
                                         "请从备份恢复数据文件夹。"_s.arg(title));
     }
     if (kind == BinKind::PdfPhoto) {
         RefreshFromCheckpoint(m_database, objectId);
+    } else if (kind == BinKind::Drawing) {
+        RequireDrawingName(m_database, ppid, title, static_cast<qint32>(objectId));
     }
-    AddSearchRow(m_database, ListOf(kind), objectId);
+    if (IsListed(kind)) {
+        AddSearchRow(m_database, ListOf(kind), objectId);
+    }
     m_database.ForEach(u"SELECT uuid FROM bin_file WHERE bin_id = ?"_s, {binId},
                        [&](const Statement& row) { files.push_back(row.Text(0)); });
     m_database.Exec(u"DELETE FROM bin WHERE id = ?"_s, {binId});
     m_database.Log().Note(ChangeOf(kind), ppid, objectId);
 }
 
+std::vector<qint64> Bin::InOrderOfRestoring(const std::vector<qint64>& binIds) {
+    std::set<std::pair<int, qint64>> ordered;
+    for (const qint64 binId : binIds) {
+        const QVariant kind = m_database.Value(u"SELECT kind FROM bin WHERE id = ?"_s, {binId});
+        if (kind.isValid()) {
+            // The numbers of drawings and checkpoints are the highest that are known.
+            ordered.emplace(-kind.toInt(), binId);
+        }
+    }
+    std::vector<qint64> ids;
+    std::transform(ordered.begin(), ordered.end(), std::back_inserter(ids),
+                   [](const auto& entry) { return entry.second; });
+    return ids;
+}
+
 int Bin::Restore(const std::vector<qint64>& binIds) {
     std::vector<QString> files;
     int count = 0;
     Transaction transaction(m_database);
-    for (const qint64 binId : binIds) {
-        if (m_database.Value(u"SELECT 1 FROM bin WHERE id = ?"_s, {binId}).isValid()) {
-            RestoreEntry(binId, files);
-            ++count;
-        }
+    for (const qint64 binId : InOrderOfRestoring(binIds)) {
+        RestoreEntry(binId, files);
+        ++count;
     }
     transaction.Commit();
     for (const QString& uuid : files) {

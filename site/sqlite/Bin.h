@@ -23,6 +23,9 @@ public:
                         const Signature& by) override;
     int DeleteIssues(const Projects& projects, const std::vector<QString>& questionIds,
                      const Signature& by) override;
+    bool DeleteCheckpoint(const Projects& projects, qint32 checkpointId,
+                          const Signature& by) override;
+    bool DeleteDrawing(const Projects& projects, qint32 drawingId, const Signature& by) override;
     [[nodiscard]] std::vector<BinEntry> List() override;
     int Restore(const std::vector<qint64>& binIds) override;
     void Purge(const std::vector<qint64>& binIds) override;
@@ -39,6 +42,10 @@ private:
     bool MoveToBin(BinKind kind, qint64 objectId, const Projects& projects, const Signature& by,
                    std::vector<QString>& files);
     void RestoreEntry(qint64 binId, std::vector<QString>& files);
+    /// Drawings first, then what lies on them; those that the bin has.
+    [[nodiscard]] std::vector<qint64> InOrderOfRestoring(const std::vector<qint64>& binIds);
+    /// Throws Refused for a checkpoint with photos and a drawing with checkpoints.
+    void RequireNothingOn(BinKind kind, qint64 objectId, const QString& title);
     [[nodiscard]] std::vector<QString> BinnedInStore();
     [[nodiscard]] std::vector<QString> UnbinnedInBin();
 

@@ -34,6 +34,12 @@ std::vector<Section> SectionsOf(BinKind kind) {
         return {{u"issue"_s, u"id"_s, {u"voice_uuid"_s}},
                 {u"rectification"_s, u"issue_id"_s, {u"voice_uuid"_s}},
                 {u"issue_pic"_s, u"issue_id"_s, {u"file_uuid"_s, u"thumb_uuid"_s}}};
+    case BinKind::Checkpoint:
+        return {{u"checkpoint"_s, u"id"_s, {u"audio_uuid"_s}},
+                {u"checkpoint_label"_s, u"checkpoint_id"_s, {}},
+                {u"comment"_s, u"checkpoint_id"_s, {}}};
+    case BinKind::Drawing:
+        return {{u"drawing"_s, u"id"_s, {u"file_uuid"_s}}};
     }
     return {};
 }
@@ -117,7 +123,26 @@ bool InsertRows(Database& database, const Section& section, const QJsonArray& ro
     });
 }
 
+/// Whose it is, and how a person knows it.
+void NameContent(Database& database, BinKind kind, const QJsonObject& row, BinContent& content) {
+    QString title = row.value(kind == BinKind::Issue ? u"theme"_s : u"name"_s).toString();
+    content.ppid = row.value(u"ppid"_s).toInt();
+    if (kind == BinKind::Checkpoint) {
+        database.ForEach(
+            u"SELECT ppid, name FROM drawing WHERE id = ?"_s,
+            {row.value(u"drawing_id"_s).toInteger()}, [&](const Statement& drawing) {
+                content.ppid = drawing.Int(0);
+                title = u"%1 检查点%2"_s.arg(drawing.Text(1)).arg(row.value(u"number"_s).toInt());
+            });
+    }
+    content.title = title.isNull() ? u""_s : title;
+}
+
 } // namespace
+
+QString TableOf(BinKind kind) {
+    return SectionsOf(kind).front().table;
+}
 
 BinContent TakeContent(Database& database, BinKind kind, qint64 objectId) {
     BinContent content;
@@ -128,11 +153,7 @@ BinContent TakeContent(Database& database, BinKind kind, qint64 objectId) {
             if (rows.isEmpty()) {
                 return content;
             }
-            const QJsonObject row = rows.first().toObject();
-            content.ppid = row.value(u"ppid"_s).toInt();
-            const QString title =
-                row.value(kind == BinKind::Issue ? u"theme"_s : u"name"_s).toString();
-            content.title = title.isNull() ? u""_s : title;
+            NameContent(database, kind, rows.first().toObject(), content);
         }
         content.sections.append(QJsonObject{{u"table"_s, section.table}, {u"rows"_s, rows}});
         AddFiles(database, section, rows, fileRows, content.files);

@@ -14,6 +14,8 @@ struct BinContent {
     std::vector<QString> files; ///< uuids that have a row in the table of files
 };
 
+/// The table of the object itself.
+[[nodiscard]] QString TableOf(BinKind kind);
 /// Reads an object whole; changes nothing.
 [[nodiscard]] BinContent TakeContent(Database& database, BinKind kind, qint64 objectId);
 /// Inserts the rows again from the text of an entry; throws kRefused if what they hang on is gone.

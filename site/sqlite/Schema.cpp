@@ -278,6 +278,27 @@ std::vector<QString> CommentTable() {
             u"CREATE INDEX comment_of_checkpoint ON comment (checkpoint_id, id)"_s};
 }
 
+// Pages, states and numbers of drawings. What is removed gives neither its id nor its number to
+// another one, as the bin may bring it back.
+std::vector<QString> DrawingColumns() {
+    std::vector<QString> statements{
+        u"ALTER TABLE drawing ADD COLUMN pages INTEGER NOT NULL DEFAULT 0"_s,
+        u"ALTER TABLE drawing ADD COLUMN last_number INTEGER NOT NULL DEFAULT 0"_s,
+        u"ALTER TABLE drawing ADD COLUMN revision INTEGER NOT NULL DEFAULT 0"_s,
+        u"CREATE TRIGGER drawing_revision AFTER UPDATE OF name, file_uuid, pages ON drawing BEGIN"
+        " UPDATE drawing SET revision = old.revision + 1 WHERE id = new.id; END"_s,
+        u"ALTER TABLE checkpoint ADD COLUMN page INTEGER NOT NULL DEFAULT 0"_s,
+        u"CREATE TABLE given_id (name TEXT PRIMARY KEY, id INTEGER NOT NULL) WITHOUT ROWID"_s,
+    };
+    for (const QString& table : {u"drawing"_s, u"checkpoint"_s}) {
+        statements.push_back(
+            u"CREATE TRIGGER %1_given AFTER DELETE ON %1 BEGIN INSERT INTO given_id VALUES ('%1',"
+            " old.id) ON CONFLICT (name) DO UPDATE SET id = max(id, excluded.id); END"_s.arg(
+                table));
+    }
+    return statements;
+}
+
 } // namespace
 
 std::vector<std::vector<QString>> SchemaSteps() {
@@ -286,8 +307,8 @@ std::vector<std::vector<QString>> SchemaSteps() {
          {CatalogueTables(), FilesTables(), BimPhotosTables(), PdfPhotosTables(), IssuesTables()}) {
         first.insert(first.end(), part.begin(), part.end());
     }
-    return {first,         IssuePanelIndex(), PicPanelTables(),  HiddenPhotosTable(),
-            ChangeTable(), FilingsTable(),    RevisionColumns(), CommentTable()};
+    return {first,          IssuePanelIndex(), PicPanelTables(), HiddenPhotosTable(), ChangeTable(),
+            FilingsTable(), RevisionColumns(), CommentTable(),   DrawingColumns()};
 }
 
 } // namespace site

@@ -28,7 +28,8 @@ public:
     qint32 AddLabel(const QString& name) override;
     void AddFloor(qint32 ppid, const QString& floor) override;
     QString AddPosition(const NewPosition& position) override;
-    qint32 AddDrawing(qint32 ppid, const QString& name, const FileSource& file = {}) override;
+    qint32 AddDrawing(qint32 ppid, const QString& name, const FileSource& file = {},
+                      int pages = 0) override;
     qint32 AddCheckpoint(qint32 ppid, const NewCheckpoint& checkpoint) override;
     void SetSetting(const QString& key, const QString& value) override;
     qint32 FilePhoto(const NewBimPhoto& photo, const FileSource& picture,

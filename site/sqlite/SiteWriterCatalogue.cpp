@@ -2,16 +2,20 @@
 
 #include "site/FloorOrder.h"
 #include "site/StoreName.h"
+#include "site/sqlite/Drawings.h"
 #include "site/sqlite/SiteWriterImpl.h"
 
 namespace site {
 
-qint32 SiteWriter::AddDrawing(qint32 ppid, const QString& name, const FileSource& source) {
+qint32 SiteWriter::AddDrawing(qint32 ppid, const QString& name, const FileSource& source,
+                              int pages) {
     const StoredFile file = m_impl->Put(source);
     return m_impl->Change([&] {
-        const qint64 id =
-            m_impl->db.Insert(u"INSERT INTO drawing (ppid, name, file_uuid) VALUES (?, ?, ?)"_s,
-                              {ppid, name, file.uuid});
+        RequireDrawingName(m_impl->db, ppid, name);
+        const qint64 id = NextIdOf(m_impl->db, u"drawing"_s);
+        m_impl->db.Exec(
+            u"INSERT INTO drawing (id, ppid, name, file_uuid, pages) VALUES (?, ?, ?, ?, ?)"_s,
+            {id, ppid, name, file.uuid, pages});
         m_impl->InsertFile(file, FileKind::Drawing, ppid, id);
         m_impl->Note(ChangeKind::Drawing, ppid, id);
         return static_cast<qint32>(id);
@@ -23,18 +27,9 @@ qint32 SiteWriter::AddCheckpoint(qint32 ppid, const NewCheckpoint& checkpoint) {
         RequireKnown(m_impl->Find(u"SELECT ppid FROM drawing WHERE id = ?"_s,
                                   {checkpoint.drawingId}) == ppid,
                      u"图纸"_s);
-        const qint64 id = m_impl->db.Insert(
-            u"INSERT INTO checkpoint (drawing_id, number, description, remark, mark_id, x, y,"
-            " updated, audio_uuid) VALUES (?, ?, ?, ?, ?, ?, ?, ?, '')"_s,
-            {checkpoint.drawingId, checkpoint.number, checkpoint.description, checkpoint.remark,
-             checkpoint.markId, checkpoint.x, checkpoint.y, checkpoint.updateTime});
-        for (const qint32 label : checkpoint.labelIds) {
-            m_impl->db.Exec(u"INSERT INTO checkpoint_label (label_id, checkpoint_id)"
-                            " VALUES (?, ?) ON CONFLICT DO NOTHING"_s,
-                            {label, id});
-        }
+        const qint32 id = InsertCheckpoint(m_impl->db, checkpoint);
         m_impl->Note(ChangeKind::Checkpoint, ppid, id);
-        return static_cast<qint32>(id);
+        return id;
     });
 }
 

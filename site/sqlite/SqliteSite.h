@@ -9,6 +9,7 @@
 #include "site/sqlite/Comments.h"
 #include "site/sqlite/DataFolder.h"
 #include "site/sqlite/Database.h"
+#include "site/sqlite/Drawings.h"
 #include "site/sqlite/FilingTable.h"
 #include "site/sqlite/FolderBlobs.h"
 #include "site/sqlite/FolderPlaces.h"
@@ -28,6 +29,7 @@ public:
     [[nodiscard]] IBimPhotos& BimPhotos() override { return m_bimPhotos; }
     [[nodiscard]] IPdfPhotos& PdfPhotos() override { return m_pdfPhotos; }
     [[nodiscard]] IComments& Comments() override { return m_comments; }
+    [[nodiscard]] IDrawings& Drawings() override { return m_drawings; }
     [[nodiscard]] IIssues& Issues() override { return m_issues; }
     [[nodiscard]] IPanelCounts& PanelCounts() override { return m_panel; }
     [[nodiscard]] ICatalogue& Catalogue() override { return m_catalogue; }
@@ -55,6 +57,7 @@ private:
     site::BimPhotos m_bimPhotos;
     site::PdfPhotos m_pdfPhotos;
     site::Comments m_comments;
+    site::Drawings m_drawings;
     site::Issues m_issues;
     PanelCache m_panel;
     site::Catalogue m_catalogue;

@@ -3,6 +3,7 @@
 
 #include "site/IChanges.h"
 #include "site/IComments.h"
+#include "site/IDrawings.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SqliteSite.h"
 #include "tests/site/TempSite.h"
@@ -76,6 +77,19 @@ TEST(Migrations, ACheckpointTakesCommentsFromTheEighthOn) {
     SqliteSite engine(*site.folder);
     ASSERT_TRUE(engine.Comments().Add({7}, 1, u"li：好"_s, {u"li"_s, 1'700'000'000}));
     EXPECT_EQ(engine.Comments().PageOf({7}, 1, 0, 50)->size(), 1U);
+}
+
+TEST(Migrations, ADrawingOfBeforeHasItsCheckpointsOnTheFirstPageAndNumbersGoOn) {
+    OldSite site(8);
+    SqliteSite engine(*site.folder);
+    const auto flags = engine.Drawings().Flags({7}, 1);
+    ASSERT_TRUE(flags && flags->size() == 1);
+    EXPECT_EQ(flags->at(0).place, (DrawingPlace{0, 250, 125}));
+    EXPECT_EQ(engine.Drawings().List(7)[0].pages, 0);
+    const auto next = engine.Drawings().AddCheckpoint({7}, 1, {3, 0, 0}, 0, {u"li"_s, 5});
+    ASSERT_TRUE(next);
+    EXPECT_EQ(next->number, 5);
+    EXPECT_GT(next->id, 1);
 }
 
 } // namespace site

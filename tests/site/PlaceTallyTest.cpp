@@ -99,10 +99,24 @@ public:
     std::vector<qint32> ids;
 };
 
+/// What the ninth step brought.
+void DropDrawingColumns(Database& db) {
+    for (const QString& trigger :
+         {u"drawing_revision"_s, u"drawing_given"_s, u"checkpoint_given"_s}) {
+        db.Exec(u"DROP TRIGGER "_s + trigger);
+    }
+    for (const QString& column : {u"pages"_s, u"last_number"_s, u"revision"_s}) {
+        db.Exec(u"ALTER TABLE drawing DROP COLUMN "_s + column);
+    }
+    db.Exec(u"ALTER TABLE checkpoint DROP COLUMN page"_s);
+}
+
 /// What versions of the schema after this one brought.
 void DropTallies(Database& db, int version) {
+    DropDrawingColumns(db);
     QStringList triggers{u"hide"_s, u"unhide"_s, u"rehide"_s};
-    QStringList tables{u"bim_hidden_tally"_s, u"change"_s, u"filing"_s, u"comment"_s};
+    QStringList tables{u"bim_hidden_tally"_s, u"change"_s, u"filing"_s, u"comment"_s,
+                       u"given_id"_s};
     if (version < 3) {
         triggers << u"add"_s << u"remove"_s << u"move"_s;
         tables << u"bim_place_photo"_s << u"bim_place_tally"_s << u"bim_place"_s;

@@ -3,6 +3,7 @@
 #include "site/IBimPhotos.h"
 #include "site/IBin.h"
 #include "site/IComments.h"
+#include "site/IDrawings.h"
 #include "site/IIssues.h"
 #include "site/IPdfPhotos.h"
 #include "site/sqlite/Database.h"
@@ -32,11 +33,11 @@ public:
 
     void Do() {
         using Way = void (Deed::*)();
-        constexpr std::array<Way, 11> kWays = {
+        constexpr std::array<Way, 12> kWays = {
             &Deed::SavePhoto,   &Deed::HidePhotos,        &Deed::DeletePhotos,
             &Deed::Restore,     &Deed::SaveCheckpoint,    &Deed::SavePdf,
             &Deed::DeletePdf,   &Deed::HideOrDeleteIssue, &Deed::FilePhotos,
-            &Deed::PurgeSeldom, &Deed::Comment,
+            &Deed::PurgeSeldom, &Deed::Comment,           &Deed::ChangeDrawing,
         };
         (this->*kWays[Below(int(kWays.size()))])();
     }
@@ -95,6 +96,24 @@ public:
         } else {
             static_cast<void>(
                 comments.Remove({kProject}, 1, ids.front(), Signature(), site::CommentsOf::Author));
+        }
+    }
+
+    /// Photos hang on the first checkpoint only: the others come and go.
+    void ChangeDrawing() {
+        site::IDrawings& drawings = m_engine.Drawings();
+        const std::vector<qint64> points = Some(u"checkpoint"_s, 1);
+        const site::DrawingPlace place{0, Below(1000), Below(1000)};
+        if (Below(3) == 0) {
+            static_cast<void>(
+                drawings.Rename({kProject}, 1, u"图纸%1"_s.arg(m_number), Signature()));
+        } else if (points.front() == 1) {
+            static_cast<void>(drawings.AddCheckpoint({kProject}, 1, place, 0, Signature()));
+        } else if (Below(2) == 0) {
+            static_cast<void>(
+                drawings.MoveCheckpoint({kProject}, qint32(points.front()), place, Signature()));
+        } else {
+            m_engine.Bin().DeleteCheckpoint({kProject}, qint32(points.front()), Signature());
         }
     }
 
