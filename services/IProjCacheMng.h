@@ -13,6 +13,7 @@ public:
 
     /// Null when no project is open.
     virtual const ProjectRecord* GetProjectRecord() = 0;
+    /// The one that the host has open; -1 and no name: none. Thread: user interface.
     virtual void GetCurrentDrawing(CurrentDrawing& drawing) = 0;
     /// Number of the trade that the project belongs to.
     virtual qint32 GetProjectMajor() = 0;
