@@ -7,8 +7,8 @@ namespace ZelvorNRQ_KXVeskPicture {
 /// A dialog, a feed or an output that comes with a later version. An entry goes when its dialog
 /// comes.
 enum class MissingDialog {
-    PdfPicViewer,
     PdfPicEditor,
+    CheckpointEditor,
     ConsolePicViewer,
     IssueViewer,
     IssueEditor,

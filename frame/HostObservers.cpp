@@ -9,6 +9,7 @@
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
 #include "viewers/BimPicViewWrap.h"
+#include "viewers/PdfPicViewWrap.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,6 +33,7 @@ QString CVeskPicProjChangeObs::GetObsClassName() const {
 void CVeskPicProjChangeObs::OnProjChange() {
     CVeskPicMngDlg::Instance().CloseConsole();
     CBimPicViewWrap::Instance().DestroyViews();
+    CPdfPicViewWrap::Instance().DestroyViews();
     CKXVeskPicDataImpl::Instance().Clear();
     const auto project = ZelvorNRQ_KXVeskPicture::CurrentProject();
     ZelvorNRQ_KXVeskPicture::LogProjectChange(project ? &project->name : nullptr,

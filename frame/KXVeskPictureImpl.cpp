@@ -21,9 +21,12 @@
 #include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WindowRegistry.h"
 #include "viewers/BimPicViewWrap.h"
+#include "viewers/PdfPicViewWrap.h"
 #include "viewers/SavePicAs.h"
 
 #include <QCoreApplication>
+
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -43,6 +46,29 @@ void ShowInFront(toolkit::WindowObject& window) {
     widget.setWindowState(widget.windowState() & ~Qt::WindowMinimized);
     widget.show();
     window.BringToForeground();
+}
+
+/// Fills a viewer's window and brings it up. False: there is no viewer; it couldn't be filled,
+/// which the user is told by `failure`, or was closed at once.
+bool FillAndShow(toolkit::WindowObject& viewer, const std::function<bool()>& fill,
+                 e_VeskPicMngStatus failure) {
+    const toolkit::WindowId window = viewer.Id();
+    const toolkit::StillThere still(window);
+    const bool isFilled = fill();
+    // Closed behind a message of its own, or with its project.
+    if (!still) {
+        return false;
+    }
+    if (isFilled) {
+        ShowInFront(viewer);
+        return true;
+    }
+    ShowStatus(window, failure);
+    // The window that failed, not one that was opened while the message was.
+    if (still) {
+        viewer.Widget()->close();
+    }
+    return false;
 }
 
 } // namespace
@@ -179,23 +205,13 @@ bool CKXVeskPictureImpl::OpenBimPicView(qint32 ppid, const QString& floor,
                                         const QString& positionKey, qint32 markId) {
     CBimPicViewWrap& viewer = CBimPicViewWrap::Instance();
     viewer.Create(toolkit::MainWindow());
-    const toolkit::WindowId window = viewer.Id();
-    const toolkit::StillThere still(window);
-    const bool isShown = viewer.OpenView({ppid, floor, positionKey, markId}, TakePendingPic());
-    // Closed behind a message of its own, or with its project.
-    if (!still) {
-        return false;
-    }
-    if (isShown) {
-        ShowInFront(viewer);
-        return true;
-    }
-    ShowStatus(window, e_VeskPicMngStatus::PicInfoFailed);
-    // The window that failed, not one that was opened while the message was.
-    if (still) {
-        viewer.Widget()->close();
-    }
-    return false;
+    const qint32 picId = TakePendingPic();
+    return FillAndShow(
+        viewer,
+        [&] {
+            return viewer.OpenView({ppid, floor, positionKey, markId}, picId);
+        },
+        e_VeskPicMngStatus::PicInfoFailed);
 }
 
 void CKXVeskPictureImpl::ShowPdfPicView(qint32 ppid, qint32 drawingId, const QString& drawingName,
@@ -205,17 +221,19 @@ void CKXVeskPictureImpl::ShowPdfPicView(qint32 ppid, qint32 drawingId, const QSt
 
 bool CKXVeskPictureImpl::OpenPdfPicView(qint32 ppid, qint32 drawingId, const QString& drawingName,
                                         KXWindow parent) {
-    Q_UNUSED(ppid);
-    Q_UNUSED(drawingId);
-    Q_UNUSED(drawingName);
-    Q_UNUSED(parent);
     if (backToPdfEdit) {
         backToPdfEdit = false;
         AnswerAsCancelled(MissingDialog::PdfPicEditor);
         return false;
     }
-    static_cast<void>(TakePendingPic());
-    return AnswerAsCancelled(MissingDialog::PdfPicViewer);
+    CPdfPicViewWrap& viewer = CPdfPicViewWrap::Instance();
+    viewer.drawingId = drawingId;
+    viewer.drawingName = drawingName;
+    viewer.ppid = ppid;
+    viewer.Create(parent);
+    const qint32 picId = TakePendingPic();
+    return FillAndShow(
+        viewer, [&] { return viewer.OpenView(picId); }, e_VeskPicMngStatus::CheckpointFailed);
 }
 
 bool CKXVeskPictureImpl::EditBimPic(qint32 ppid, qint32 picId) {

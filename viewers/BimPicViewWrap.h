@@ -2,15 +2,14 @@
 #pragma once
 
 #include "base/SingletonTmpl.h"
-#include "report/ReportFlow.h"
 #include "viewers/BimPicViewDlg.h"
-#include "viewers/PicViewWrap.h"
+#include "viewers/ReportViewWrap.h"
 
 /// Photos of one place in the model; a second opening shows another place in the same window.
 ///
 /// Knows the place, not its photos. Its window exists from the first opening until the user closes
 /// it. Thread: user interface. Exists once in a process.
-class CBimPicViewWrap final : public CPicViewWrap,
+class CBimPicViewWrap final : public CReportViewWrap,
                               public NRQUtility::SingletonTmpl<CBimPicViewWrap>,
                               public ITitleNotify {
 public:
@@ -21,16 +20,13 @@ public:
 
     [[nodiscard]] CBimPicViewDlg& Pane() { return static_cast<CBimPicViewDlg&>(PicView()); }
 
-    void OnTitleChanged(const QString& title) override;
-    void OnOutputReport() override;
-    void OnTimer(int timerId) override;
+    void OnTitleChanged(const QString& title) override { ShowTitle(title); }
+    void OnOutputReport() override { OutputReport(); }
 
 protected:
     void OnCreated() override;
-    void OnDestroyed() override;
-    void OnClose() override;
+    void StopNote() override { Pane().Note().StopIfPlaying(); }
 
 private:
     BimPlace m_place;
-    report::ReportFlow m_report{*this};
 };

@@ -8,6 +8,7 @@
 #include "viewers/BimPicViewWrap.h"
 #include "viewers/Decoders.h"
 #include "viewers/DownloadWorker.h"
+#include "viewers/PdfPicViewWrap.h"
 
 #include <QStringDecoder>
 
@@ -18,6 +19,7 @@ namespace {
 void ForgetModule() {
     CVeskPicMngDlg::ReleaseInstance();
     CBimPicViewWrap::ReleaseInstance();
+    CPdfPicViewWrap::ReleaseInstance();
     CKXVeskPicDataImpl::ReleaseInstance();
     CKXVeskPictureImpl::ReleaseInstance();
     ZelvorNRQ_KXVeskPicture::SetLogFilePath(QString());
@@ -39,6 +41,9 @@ ModuleFixture::~ModuleFixture() {
     }
     if (CBimPicViewWrap::HasInstance()) {
         CBimPicViewWrap::Instance().DestroyViews();
+    }
+    if (CPdfPicViewWrap::HasInstance()) {
+        CPdfPicViewWrap::Instance().DestroyViews();
     }
     support::RunPendingEvents();
     // They use the services, which end with the test.

@@ -75,6 +75,7 @@ void FillService(support::ScriptedHost& host, ConsoleMode mode, int count) {
             host.pics.bimPics.push_back(BimPhoto(number));
         } else if (mode == kModePdf) {
             host.pics.pdfPics.push_back(DrawingPhoto(number));
+            host.drawings.drawings[host.pics.pdfPics.back().drawingId] = {};
         } else {
             host.questions.issues.push_back(Issue(number));
         }

@@ -16,5 +16,6 @@ class ScriptedHost;
 /// "问题n" with the UUID "qn".
 [[nodiscard]] KX_DATA::IssueRow Issue(int number);
 
-/// Gives the services `count` records of a kind, numbered from 1; those before go.
+/// Gives the services `count` records of a kind, numbered from 1, and the points on which drawing
+/// photos stand; those before go.
 void FillService(support::ScriptedHost& host, ConsoleMode mode, int count);

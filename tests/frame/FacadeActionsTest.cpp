@@ -5,6 +5,7 @@
 #include "tests/support/Hands.h"
 #include "tests/support/ModalVisit.h"
 #include "toolkit/windows/WindowRegistry.h"
+#include "viewers/PdfPicViewWrap.h"
 
 #include <QPushButton>
 #include <gmock/gmock.h>
@@ -250,18 +251,21 @@ TEST_F(FacadeActionsTest, ADrawingGoesToTheEditorThatWaitsForIt) {
     Facade().ShowPdfPicView(1, 102, u"一层平面"_s, toolkit::kNoWindow);
     EXPECT_FALSE(Facade().backToPdfEdit);
     EXPECT_TRUE(ModuleLog().contains(u"图纸照片编辑"_s));
-    EXPECT_FALSE(ModuleLog().contains(u"图纸照片查看"_s));
+    EXPECT_FALSE(CPdfPicViewWrap::HasInstance());
     EXPECT_EQ(Facade().pendingPicId, 7) << "that is for the next viewer";
 }
 
 TEST_F(FacadeActionsTest, WithoutAWaitingEditorADrawingGoesToItsViewerWithThePendingPhoto) {
+    host.drawings.drawings[102].pics = {{6, 0, 0, u"u6"_s}, {7, 0, 0, u"u7"_s}};
+    host.pics.checkpointPics[7].name = u"七.jpg"_s;
     Facade().pendingPicId = 7;
     Facade().ShowPdfPicView(1, 102, u"一层平面"_s, toolkit::kNoWindow);
-    EXPECT_TRUE(ModuleLog().contains(u"图纸照片查看"_s));
+    EXPECT_EQ(CPdfPicViewWrap::Instance().Widget()->windowTitle(), u"检查点0 - 七.jpg   (2/2)");
     EXPECT_EQ(Facade().pendingPicId, -1);
 }
 
-TEST_F(FacadeActionsTest, NeitherTheWaitingEditorNorAMissingViewerIsAnOpenViewer) {
+TEST_F(FacadeActionsTest, NeitherTheWaitingEditorNorAFailedViewerIsAnOpenViewer) {
+    prompts.ExpectMessage(u"获取检查点信息失败！"_s);
     EXPECT_FALSE(Facade().OpenPdfPicView(1, 102, u"一层平面"_s, toolkit::kNoWindow));
     Facade().backToPdfEdit = true;
     EXPECT_FALSE(Facade().OpenPdfPicView(1, 102, u"一层平面"_s, toolkit::kNoWindow));

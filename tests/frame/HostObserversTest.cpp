@@ -9,6 +9,7 @@
 #include "tests/console/SampleRecords.h"
 #include "tests/support/WaitFor.h"
 #include "viewers/BimPicViewWrap.h"
+#include "viewers/PdfPicViewWrap.h"
 
 #include <gmock/gmock.h>
 
@@ -67,6 +68,8 @@ TEST_F(HostObserversTest, AChangeWithNoDialogEverOpenedMakesTheObjectsAndEndsNot
     EXPECT_TRUE(CBimPicViewWrap::HasInstance());
     EXPECT_FALSE(Console().HasWindow());
     EXPECT_FALSE(CBimPicViewWrap::Instance().HasWindow());
+    EXPECT_TRUE(CPdfPicViewWrap::HasInstance());
+    EXPECT_FALSE(CPdfPicViewWrap::Instance().HasWindow());
     EXPECT_THAT(Log().LinesOf({"GetCurrentProject", "GetProjectRecord"}),
                 ElementsAre("GetCurrentProject()", "GetProjectRecord()"));
 }

@@ -20,8 +20,7 @@ QColor InkOf(const QAbstractButton& button) {
 
 } // namespace
 
-UnderLineButton::UnderLineButton(const QString& text, QWidget* parent) : QAbstractButton(parent) {
-    setText(text);
+UnderLineButton::UnderLineButton(QWidget* parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
 }

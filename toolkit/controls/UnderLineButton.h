@@ -11,7 +11,7 @@
 class TOOLKIT_EXPORT UnderLineButton final : public QAbstractButton {
     Q_OBJECT
 public:
-    explicit UnderLineButton(const QString& text, QWidget* parent = nullptr);
+    explicit UnderLineButton(QWidget* parent = nullptr);
 
     [[nodiscard]] QSize sizeHint() const override;
 

@@ -4,6 +4,7 @@
 #include "tests/console/managers/ManagerFixture.h"
 #include "tests/support/WaitFor.h"
 #include "toolkit/windows/WindowRegistry.h"
+#include "viewers/PdfPicViewWrap.h"
 
 #include <gmock/gmock.h>
 
@@ -14,7 +15,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// The facade of a module that has a viewer for drawing photos.
+/// A facade whose viewer for drawing photos comes or not, as a test says.
 class FacadeWithPdfViewer final : public ZelvorNRQ_KXVeskPicture::IPictureFacade {
 public:
     explicit FacadeWithPdfViewer(IPictureFacade& real) : m_real(real) {
@@ -158,14 +159,15 @@ TEST_F(LocateTest, AHiddenDrawingPhotoIsShownOnItsDrawingWithoutAnyCheck) {
     qint32 pending = 0;
     host.script.During("SelectCheckpoint", [&] { pending = Facade().pendingPicId; });
     Manager().LocateRow(Row(1));
-    EXPECT_THAT(Log().Lines(), ElementsAre("SelectCheckpoint(drawing=500)"));
+    EXPECT_THAT(Log().LinesOf({"SelectCheckpoint", "GetDrawing"}),
+                ElementsAre("SelectCheckpoint(drawing=500)", "GetDrawing(drawing=102)"));
     // The drawing comes up before the photo waits for its viewer.
     EXPECT_EQ(pending, KX_DATA::kNoPic);
     support::RunPendingEvents();
     EXPECT_THAT(Log().LinesOf({"MainWindow"}),
                 ElementsAre("MainWindow(event=7529,first=3,second=102)"));
     EXPECT_EQ(Facade().pendingPicId, KX_DATA::kNoPic);
-    EXPECT_TRUE(ModuleLog().contains(u"图纸照片查看"_s));
+    EXPECT_TRUE(CPdfPicViewWrap::Instance().Widget()->isVisible());
 }
 
 TEST_F(LocateTest, ADrawingPhotoWhoseEditorWaitsGoesBackToTheEditor) {

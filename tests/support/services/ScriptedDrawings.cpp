@@ -55,6 +55,9 @@ qint32 ScriptedPDFDrawingMng::AddComment(qint32 drawingId, const QString& text,
         m_lastComment = std::max(m_lastComment, known.commentId);
     }
     comment = {};
+    if (!makesComments) {
+        return KX_DATA::kServiceOk;
+    }
     comment.exists = 1;
     comment.text = text;
     comment.commentId = ++m_lastComment;

@@ -29,6 +29,7 @@ public:
     };
     std::map<qint64, Written> written;
     qint64 commentTime = 1'700'000'000;       ///< of what is written next
+    bool makesComments = true;                ///< false: succeeds with a comment that doesn't exist
     const std::set<qint32>* rights = nullptr; ///< of who is signed in; null: all
     KX_DATA::CheckpointEdit lastEdit;
     ScriptedVeskPicMng* pics = nullptr; ///< the site's photos, which change with their checkpoints

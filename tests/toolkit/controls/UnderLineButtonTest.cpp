@@ -16,6 +16,7 @@ class UnderLineButtonTest : public testing::Test {
 protected:
     UnderLineButtonTest() {
         window.resize(200, 100);
+        button.setText(u"删除照片"_s);
         button.setGeometry(10, 10, 70, 20);
         QObject::connect(&button, &QAbstractButton::clicked, &window, [this] { ++pressed; });
         window.show();
@@ -35,7 +36,7 @@ protected:
     }
 
     QWidget window;
-    UnderLineButton button{u"删除照片"_s, &window};
+    UnderLineButton button{&window};
     int pressed = 0;
 };
 
