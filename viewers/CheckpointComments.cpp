@@ -63,6 +63,7 @@ void CheckpointComments::LayOut(const PdfPaneLayout& layout) {
 void CheckpointComments::Disable() {
     m_list->setEnabled(false);
     m_box->setEnabled(false);
+    m_box->setPlaceholderText({});
     m_send->setEnabled(false);
 }
 

@@ -110,7 +110,8 @@ void DiscussDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->setPen(Colors::GridLine());
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     painter->setFont(m_rows.Font());
-    painter->setPen(isEnabled ? Colors::Text() : Colors::DisabledText());
+    // Who may not delete reads all the same.
+    painter->setPen(isEnabled ? Colors::Text() : Colors::HintText());
     const int lineHeight = QFontMetrics(m_rows.Font()).lineSpacing();
     QRect line = option.rect.adjusted(kSide, kMargin, -kSide, 0);
     line.setHeight(lineHeight);
@@ -119,7 +120,7 @@ void DiscussDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
                           row.text.mid(part.start, part.length));
         line.translate(0, lineHeight);
     }
-    painter->setPen(isEnabled ? Colors::HintText() : Colors::DisabledText());
+    painter->setPen(Colors::HintText());
     painter->drawText(line.translated(0, kTimeLeap), Qt::AlignLeft | Qt::TextSingleLine, row.time);
     if (option.state.testFlag(QStyle::State_HasFocus)) {
         painter->setPen(Colors::Accent());

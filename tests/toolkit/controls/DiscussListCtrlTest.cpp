@@ -1,6 +1,7 @@
 // The list of comments.
 #include "toolkit/controls/DiscussListCtrl.h"
 #include "tests/support/WaitFor.h"
+#include "toolkit/Look.h"
 #include "toolkit/windows/WindowRegistry.h"
 
 #include <QAccessible>
@@ -184,6 +185,19 @@ TEST_F(DiscussListCtrlTest, ADisabledListTakesNoWish) {
     list.setEnabled(false);
     QTest::keyClick(&list, Qt::Key_Delete);
     EXPECT_THAT(sent, IsEmpty());
+}
+
+TEST_F(DiscussListCtrlTest, ADisabledListCanStillBeRead) {
+    list.InsertRows(Rows(3));
+    list.setEnabled(false);
+    const QImage image = list.viewport()->grab().toImage();
+    int darkest = 255;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            darkest = qMin(darkest, qGray(image.pixel(x, y)));
+        }
+    }
+    EXPECT_LE(darkest, qGray(toolkit::Colors::HintText().rgb()) + 8);
 }
 
 TEST_F(DiscussListCtrlTest, TheOwnerMayEndTheListInItsAnswer) {

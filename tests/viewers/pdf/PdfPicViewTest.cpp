@@ -217,6 +217,7 @@ TEST_F(PdfPicViewTest, AReadOnlyClientSeesEverythingAndChangesNothing) {
         EXPECT_TRUE(control->isVisible()) << control->objectName().toStdString();
         EXPECT_FALSE(control->isEnabled()) << control->objectName().toStdString();
     }
+    EXPECT_TRUE(Box().placeholderText().isEmpty()) << "nothing can be written";
     Press(Qt::Key_Right);
     EXPECT_EQ(Current(), 1);
     EXPECT_TRUE(Pane().Note().Button()->isEnabled());
