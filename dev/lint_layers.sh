@@ -34,6 +34,8 @@ sample/scenes: sample sample/render sample/scenes
 sample/site: sample sample/scenes sample/site site
 host: host/app
 host/app: host/app host/import host/reminders host/services host/session host/ui host/ui/catchup host/ui/marks host/ui/plan include sample services site site/transfer toolkit toolkit/controls toolkit/media toolkit/windows
+host/drawings: host/drawings
+host/drawings/reader: host/drawings host/drawings/reader
 host/import: host/import site
 host/pictures: host/pictures
 host/reminders: host/reminders host/session site toolkit
