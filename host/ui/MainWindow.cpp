@@ -1,8 +1,10 @@
 #include "host/ui/MainWindow.h"
 
 #include "host/ui/ActionLogDock.h"
+#include "host/ui/LocalPaths.h"
 #include "host/ui/MessageBar.h"
 #include "host/ui/catchup/CatchUpDock.h"
+#include "host/ui/drawing/DrawingPane.h"
 #include "host/ui/marks/MarkPanelDock.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "include/KXEvents.h"
@@ -19,9 +21,9 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPointer>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -33,18 +35,6 @@ namespace host {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// What a drop holds as paths on this machine.
-QStringList LocalPaths(const QMimeData* data) {
-    QStringList paths;
-    const QList<QUrl> urls = data->urls();
-    for (const QUrl& url : urls) {
-        if (url.isLocalFile()) {
-            paths << url.toLocalFile();
-        }
-    }
-    return paths;
-}
 
 /// A visible window beside this one and those; null: none.
 QWidget* OtherWindow(const QWidget* own, const QList<QPointer<QWidget>>& except) {
@@ -82,9 +72,17 @@ void MainWindow::MakeCentre() {
     lines->setContentsMargins(0, 0, 0, 0);
     lines->setSpacing(0);
     m_messages = new MessageBar(centre);
-    m_plan = new FloorPlanPane(centre);
+    m_faces = new QTabWidget(centre);
+    m_faces->setObjectName(u"faces"_s);
+    m_faces->setDocumentMode(true);
+    m_plan = new FloorPlanPane(m_faces);
+    m_drawing = new DrawingPane(m_faces);
+    m_faces->addTab(m_plan, toolkit::Icon(u"plan"_s), u"平面图"_s);
+    m_faces->addTab(m_drawing, toolkit::Icon(u"drawing"_s), u"图纸"_s);
+    connect(m_faces, &QTabWidget::currentChanged, this,
+            [this] { emit FaceChanged(IsDrawingInFront()); });
     lines->addWidget(m_messages);
-    lines->addWidget(m_plan, 1);
+    lines->addWidget(m_faces, 1);
     setCentralWidget(centre);
     m_actionLog = new ActionLogDock(this);
     addDockWidget(Qt::BottomDockWidgetArea, m_actionLog);
@@ -98,6 +96,14 @@ void MainWindow::MakeCentre() {
     tabifyDockWidget(m_marks, m_catchUp);
     m_marks->raise();
     resizeDocks({m_marks}, {268}, Qt::Horizontal);
+}
+
+bool MainWindow::IsDrawingInFront() const {
+    return m_faces->currentWidget() == m_drawing;
+}
+
+void MainWindow::ShowDrawingFace(bool drawing) {
+    m_faces->setCurrentWidget(drawing ? static_cast<QWidget*>(m_drawing) : m_plan);
 }
 
 QMenu* MainWindow::MenuNamed(const QString& title) {
@@ -241,6 +247,7 @@ void MainWindow::SetProjects(const QStringList& names, int current) {
 }
 
 void MainWindow::SetDrawings(const QStringList& names, int current) {
+    m_drawing->SetDrawings(names, current);
     m_drawingMenu->clear();
     for (int at = 0; at < int(names.size()); ++at) {
         QString text = names[at];
@@ -335,18 +342,16 @@ bool MainWindow::event(QEvent* event) {
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (QApplication::activeModalWidget() == nullptr && !LocalPaths(event->mimeData()).isEmpty()) {
+    if (MayDrop(*event)) {
         event->acceptProposedAction();
     }
 }
 
 void MainWindow::dropEvent(QDropEvent* event) {
-    const QStringList paths = LocalPaths(event->mimeData());
-    if (paths.isEmpty() || QApplication::activeModalWidget() != nullptr) {
-        return;
+    if (MayDrop(*event)) {
+        event->acceptProposedAction();
+        emit PathsDropped(LocalPaths(event->mimeData()));
     }
-    event->acceptProposedAction();
-    emit PathsDropped(paths);
 }
 
 } // namespace host

@@ -14,18 +14,20 @@ class QActionGroup;
 class QComboBox;
 class QLabel;
 class QMenu;
+class QTabWidget;
 
 namespace host {
 
 class ActionLogDock;
 class CatchUpDock;
+class DrawingPane;
 class FloorPlanPane;
 class MarkPanelDock;
 class MessageBar;
 
 /// Frame of the client: menus, toolbar with the choice of project and the user's name, messages,
-/// floor plan, action log, status bar. It tells what the person wants by signals and doesn't know
-/// the services or the module. Lives on the interface thread, owned by the client.
+/// floor plan and drawing, action log, status bar. It tells what the person wants by signals and
+/// doesn't know the services or the module. Lives on the interface thread, owned by the client.
 class MainWindow final : public QMainWindow {
     Q_OBJECT
 
@@ -36,6 +38,10 @@ public:
     /// Id in the registry of windows; the toolkit knows it as the main window.
     [[nodiscard]] toolkit::WindowId Id() const { return m_id; }
     [[nodiscard]] FloorPlanPane& Plan() const { return *m_plan; }
+    [[nodiscard]] DrawingPane& Drawing() const { return *m_drawing; }
+    /// Which face of the central area is seen: the drawing, or else the plan.
+    [[nodiscard]] bool IsDrawingInFront() const;
+    void ShowDrawingFace(bool drawing);
     [[nodiscard]] ActionLogDock& ActionLog() const { return *m_actionLog; }
     [[nodiscard]] MarkPanelDock& Marks() const { return *m_marks; }
     [[nodiscard]] CatchUpDock& CatchUpList() const { return *m_catchUp; }
@@ -64,6 +70,7 @@ signals:
     /// The person took another entry of the choice of project.
     void ProjectChosen(int index);
     void DrawingChosen(int index);
+    void FaceChanged(bool toDrawing);
     /// Files and folders were dropped on the window.
     void PathsDropped(const QStringList& paths);
     /// A lookup in the console: text floor-mark-picture.
@@ -93,7 +100,9 @@ private:
     qintptr OnNumberedEvent(const toolkit::WindowEvent& event);
 
     toolkit::WindowId m_id = toolkit::kNoWindow;
+    QTabWidget* m_faces = nullptr;
     FloorPlanPane* m_plan = nullptr;
+    DrawingPane* m_drawing = nullptr;
     ActionLogDock* m_actionLog = nullptr;
     MarkPanelDock* m_marks = nullptr;
     CatchUpDock* m_catchUp = nullptr;

@@ -1,7 +1,7 @@
 // From a row of the console to its photo's place and the viewer, and back to the console.
 #include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
-#include "host/ui/plan/FlagBlink.h"
+#include "host/ui/Blink.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/roads/PhotoRoad.h"
@@ -54,9 +54,9 @@ TEST_F(LookupRoad, FromARowToItsPlaceAndPhotoAndBackToTheSameRow) {
     LookUp(u"照片2.jpg"_s);
 
     EXPECT_EQ(Plan().State().floor, 0);
-    ASSERT_TRUE(Plan().Blink().Flag().has_value());
-    EXPECT_EQ(Plan().Blink().Flag()->positionKey, site.positionKey);
-    EXPECT_EQ(Plan().Blink().Flag()->markId, 1);
+    ASSERT_TRUE(Plan().Blinking() != nullptr);
+    EXPECT_EQ(Plan().Blinking()->positionKey, site.positionKey);
+    EXPECT_EQ(Plan().Blinking()->markId, 1);
     EXPECT_TRUE(Console()->isMinimized());
 
     ASSERT_NE(Viewer(), nullptr);

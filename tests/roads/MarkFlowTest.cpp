@@ -8,7 +8,7 @@
 #include "host/services/ServiceSet.h"
 #include "host/ui/ObserverHub.h"
 #include "host/ui/marks/MarkPanelDock.h"
-#include "host/ui/plan/FlagBlink.h"
+#include "host/ui/Blink.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "host/ui/plan/FloorPlanView.h"
@@ -446,7 +446,7 @@ TEST_F(MarksOfAFolder, IssuesHaveFlagsAreTickedAndLocated) {
     EXPECT_EQ(Plan().Chosen()->positionKey,
               site::SiteWriter(support::FolderOf(session))
                   .FindPosition(site.firstProject, u"1"_s, u"2"_s, u"B"_s));
-    EXPECT_TRUE(Plan().Blink().IsLit());
+    EXPECT_TRUE(Plan().Light().IsLit());
     host::MarkTreeModel& model = Page(MarkKind::Issues).Model();
     ASSERT_EQ(model.rowCount(), 2);
     Tick(MarkKind::Issues, 1, -1, false);

@@ -1,7 +1,7 @@
 #include "host/ui/plan/FloorPlanCanvas.h"
 
+#include "host/ui/Blink.h"
 #include "host/ui/LocateText.h"
-#include "host/ui/plan/FlagBlink.h"
 #include "host/ui/plan/FloorPlanPaint.h"
 #include "host/ui/plan/PlaceCard.h"
 #include "toolkit/Look.h"
@@ -22,8 +22,8 @@ FloorPlanCanvas::FloorPlanCanvas(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     m_card = new PlaceCard(this);
     connect(m_card, &PlaceCard::PhotosWanted, this, &FloorPlanCanvas::AskForPhotos);
-    m_blink = new FlagBlink(this);
-    connect(m_blink, &FlagBlink::Changed, this, qOverload<>(&QWidget::update));
+    m_blink = new Blink(this);
+    connect(m_blink, &Blink::Changed, this, qOverload<>(&QWidget::update));
 }
 
 void FloorPlanCanvas::SetModel(FloorPlanModel newModel) {
@@ -69,10 +69,10 @@ bool FloorPlanCanvas::LocateFlag(const MarkFlag& flag) {
         return false;
     }
     Apply(ShowFloor(m_state, m_model, floor));
-    MarkFlag wanted = flag;
+    m_blinking = flag;
     // A name that the code page lacks comes back from it in another shape.
-    wanted.floor = m_model.floors[floor].name;
-    m_blink->Start(wanted);
+    m_blinking.floor = m_model.floors[floor].name;
+    m_blink->Start();
     // A flag that was folded comes to the front.
     LayOutFlags();
     const int found = BlinkingFlag();
@@ -98,9 +98,13 @@ QPoint FloorPlanCanvas::CentreOf(int place) const {
     return m_layout.places[place].toPoint();
 }
 
+const MarkFlag* FloorPlanCanvas::Blinking() const {
+    return m_blink->IsOn() ? &m_blinking : nullptr;
+}
+
 int FloorPlanCanvas::BlinkingFlag() const {
-    for (int at = 0; m_blink->Flag() && at < int(m_flags.size()); ++at) {
-        if (IsSameFlag(m_flags[at].flag, *m_blink->Flag())) {
+    for (int at = 0; m_blink->IsOn() && at < int(m_flags.size()); ++at) {
+        if (IsSameFlag(m_flags[at].flag, m_blinking)) {
             return at;
         }
     }

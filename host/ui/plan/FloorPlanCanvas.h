@@ -9,7 +9,7 @@
 
 namespace host {
 
-class FlagBlink;
+class Blink;
 class PlaceCard;
 
 /// Shows one floor of a model with the flags that stand on it, and lets the person choose an
@@ -41,7 +41,9 @@ public:
     /// Of the present floor, and where they lie in this widget.
     [[nodiscard]] const std::vector<PlacedFlag>& Flags() const { return m_flags; }
     [[nodiscard]] const FlagLayout& FlagsLayout() const { return m_flagLayout; }
-    [[nodiscard]] const FlagBlink& Blink() const { return *m_blink; }
+    /// The flag that blinks; null: none does.
+    [[nodiscard]] const MarkFlag* Blinking() const;
+    [[nodiscard]] const Blink& Light() const { return *m_blink; }
 
     /// What the canvas needs in a window of this size.
     [[nodiscard]] QSize SizeIn(const QSize& window) const;
@@ -98,7 +100,8 @@ private:
     const ShownMarks* m_marks = nullptr;
     std::vector<PlacedFlag> m_flags;
     FlagLayout m_flagLayout;
-    FlagBlink* m_blink = nullptr;
+    Blink* m_blink = nullptr;
+    MarkFlag m_blinking;
     PlaceCard* m_card = nullptr;
     QRect m_visible;
     int m_pressedBox = -1;

@@ -1,5 +1,5 @@
 // Flags on the plan: mouse, keyboard, and what the module asks of the view.
-#include "host/ui/plan/FlagBlink.h"
+#include "host/ui/Blink.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "host/ui/plan/FloorPlanView.h"
@@ -185,11 +185,11 @@ TEST_F(FlagsOnThePlan, APhotoIsLocatedOnItsFloorChosenAndBlinks) {
     EXPECT_EQ(pane.CurrentFloor(), u"1"_s);
     ASSERT_NE(canvas.Chosen(), nullptr);
     EXPECT_EQ(canvas.Chosen()->positionKey, u"1:2/B"_s);
-    EXPECT_TRUE(canvas.Blink().IsLit());
-    EXPECT_EQ(canvas.Blink().Flag()->markId, 2);
-    EXPECT_TRUE(support::WaitFor([this] { return !canvas.Blink().IsLit(); }));
-    EXPECT_TRUE(support::WaitFor([this] { return canvas.Blink().IsLit(); }));
-    EXPECT_TRUE(support::WaitFor([this] { return !canvas.Blink().Flag(); }));
+    EXPECT_TRUE(canvas.Light().IsLit());
+    EXPECT_EQ(canvas.Blinking()->markId, 2);
+    EXPECT_TRUE(support::WaitFor([this] { return !canvas.Light().IsLit(); }));
+    EXPECT_TRUE(support::WaitFor([this] { return canvas.Light().IsLit(); }));
+    EXPECT_TRUE(support::WaitFor([this] { return canvas.Blinking() == nullptr; }));
 }
 
 TEST_F(FlagsOnThePlan, WhatIsNotShownIsNotLocatedAndMovesNothing) {
@@ -199,7 +199,7 @@ TEST_F(FlagsOnThePlan, WhatIsNotShownIsNotLocatedAndMovesNothing) {
     view.ShowMarks(MarkKind::Photos, false);
     EXPECT_FALSE(view.LocatePicture(u"1:2/B"_s, 2));
     EXPECT_EQ(pane.CurrentFloor(), u"-1"_s);
-    EXPECT_FALSE(canvas.Blink().Flag());
+    EXPECT_EQ(canvas.Blinking(), nullptr);
     view.ShowMarks(MarkKind::Photos, true);
     EXPECT_TRUE(view.LocatePicture(u"1:2/B"_s, 2));
 }
@@ -257,7 +257,7 @@ TEST_F(FlagsOnThePlan, AFloorWhoseNameTheCodePageLacksHasItsFlagsAndIsLocated) {
     EXPECT_TRUE(view.LocatePicture(u"1:2/B"_s, 2));
     ASSERT_EQ(canvas.Flags().size(), 1U);
     EXPECT_EQ(canvas.Flags()[0].flag.floor, u"ñ1"_s);
-    EXPECT_TRUE(canvas.Blink().IsLit());
+    EXPECT_TRUE(canvas.Light().IsLit());
     ASSERT_NE(canvas.Chosen(), nullptr);
     EXPECT_EQ(canvas.Chosen()->positionKey, u"1:2/B"_s);
 }
@@ -267,7 +267,7 @@ TEST_F(FlagsOnThePlan, IssuesAreLocatedOnlyWhileTheyAreShownAndBlinkToo) {
     view.SetTNIssueMarkers({IssueGroup(u"1"_s, u"q1"_s, u"3-B轴"_s, 1)});
     EXPECT_TRUE(view.LocateIssue(u"q1"_s));
     EXPECT_EQ(canvas.Chosen()->positionKey, u"1:3/B"_s);
-    EXPECT_EQ(canvas.Blink().Flag()->kind, MarkKind::Issues);
+    EXPECT_EQ(canvas.Blinking()->kind, MarkKind::Issues);
     view.ShowMarks(MarkKind::Issues, false);
     EXPECT_FALSE(view.LocateIssue(u"q1"_s));
     EXPECT_TRUE(view.LocatePicture(u"1:2/B"_s, 2));
@@ -276,7 +276,7 @@ TEST_F(FlagsOnThePlan, IssuesAreLocatedOnlyWhileTheyAreShownAndBlinkToo) {
 TEST_F(FlagsOnThePlan, AnotherFloorEndsTheBlinking) {
     ASSERT_TRUE(view.LocatePicture(u"1:2/B"_s, 2));
     QTest::keyClick(&canvas, Qt::Key_PageUp);
-    EXPECT_FALSE(canvas.Blink().Flag());
+    EXPECT_EQ(canvas.Blinking(), nullptr);
 }
 
 TEST_F(FlagsOnThePlan, MarksThatGoTakeTheirFlagsAlong) {
