@@ -1,7 +1,7 @@
 // From a row of the console to its photo's place and the viewer, and back to the console.
 #include "hands/Hands.h"
-#include "host/ui/MainWindow.h"
 #include "host/ui/Blink.h"
+#include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/roads/PhotoRoad.h"
