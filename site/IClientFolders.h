@@ -24,7 +24,7 @@ class IClientFolders {
 public:
     virtual ~IClientFolders() = default;
 
-    enum class Cache { Pictures, Thumbnails, Attachments };
+    enum class Cache { Pictures, Thumbnails, Attachments, Drawings };
     [[nodiscard]] virtual QString CacheOf(qint32 ppid, Cache what) const = 0;
     /// Of the rich text editor; `key` is a plain name, empty: the one that holds all of them.
     [[nodiscard]] virtual QString RichText(const QString& key) const = 0;

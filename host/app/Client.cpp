@@ -1,5 +1,8 @@
 #include "host/app/Client.h"
 
+#include "host/app/CheckpointMenu.h"
+#include "host/app/DrawingFlow.h"
+#include "host/app/DrawingImport.h"
 #include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
 #include "host/app/LocateNames.h"
@@ -10,6 +13,7 @@
 #include "host/ui/ActionLogModel.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
+#include "host/ui/drawing/DrawingPane.h"
 #include "host/ui/marks/MarkPanelDock.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
@@ -97,6 +101,7 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
                                                    *m_module.Pictures(), *m_module.PictureData()});
     m_reminders = std::make_unique<ReminderFlow>(
         ReminderFlow::Parts{m_session, *m_window, lent, *m_module.Pictures()});
+    MakeDrawingFlows();
     m_window->SetUserName(m_session.UserName());
     m_window->SetDataFolder(m_session.Site().Place());
     BringBackLayout();
@@ -119,6 +124,10 @@ void Client::Stop() {
         m_reminders.reset();
     }
     m_window->CloseOtherWindows();
+    m_sink.disconnect(this);
+    m_checkpoints.reset();
+    m_drawingImport.reset();
+    m_drawings.reset();
     m_hub.Clear();
     delete m_binWindow;
     m_progress.Close();
@@ -166,12 +175,12 @@ void Client::KeepLayout() {
 void Client::ConnectWindow() {
     connect(m_window.get(), &MainWindow::CommandGiven, this, &Client::Obey);
     connect(m_window.get(), &MainWindow::ProjectChosen, this, &Client::TakeProject);
-    connect(m_window.get(), &MainWindow::DrawingChosen, this, &Client::TakeDrawing);
     connect(m_window.get(), &MainWindow::PhotoLocated, this, &Client::OnPhotoLocated);
     connect(m_window.get(), &MainWindow::DrawingLocated, this, [this](int pointId) {
+        m_drawings->LocateCheckpoint(pointId);
         m_window->ShowStatus(CheckpointLocatedText(m_session, pointId));
     });
-    connect(m_window.get(), &MainWindow::PathsDropped, m_imports.get(), &ImportFlow::Ask);
+    connect(m_window.get(), &MainWindow::PathsDropped, this, &Client::OnPathsDropped);
     connect(m_window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
     connect(m_imports.get(), &ImportFlow::Imported, this, [this] {
         ReadAnew();
@@ -220,9 +229,12 @@ void Client::ConnectSink() {
         m_window->ShowStatus(u"已刷新问题标识"_s);
         m_issueMarks.Ask();
     });
-    connect(&m_sink, &PictureSink::PdfMarksChanged, this,
-            [this] { m_window->ShowStatus(u"已刷新图纸标识"_s); });
-    connect(&m_sink, &PictureSink::DrawingWanted, this, &Client::BringUpDrawing);
+    connect(&m_sink, &PictureSink::PdfMarksChanged, this, [this] {
+        m_window->ShowStatus(u"已刷新图纸标识"_s);
+        m_drawings->RefreshFlags();
+    });
+    connect(&m_sink, &PictureSink::DrawingWanted, this,
+            [this](qint32 drawingId) { m_drawings->OnDrawingWanted(drawingId); });
     connect(&m_sink, &PictureSink::MarkWanted, this,
             [this](const QString& floor, qint32 markId, qint32 picId) {
                 OnPhotoLocated(floor + u"-%1-%2"_s.arg(markId).arg(picId));
@@ -269,53 +281,46 @@ void Client::ProjectChanged() {
         names << choice.text;
     }
     m_window->SetProjects(names, OpenChoice(m_session, m_choices));
-    ReadDrawings();
+    m_checkpoints->Reset();
+    m_drawings->ProjectChanged();
     ReadPlan();
     m_marks->ProjectChanged();
     m_reminders->ProjectChanged();
     m_window->ShowStatus(m_session.CurrentProject().ppid == 0 ? u"没有打开的工程"_s : u"就绪"_s);
 }
 
-void Client::ReadDrawings() {
-    m_drawings.clear();
-    WithoutFault(m_session, [this] {
-        if (m_session.CurrentProject().ppid != 0) {
-            m_drawings = m_session.Site().Catalogue().Drawings(m_session.CurrentProject().ppid);
-        }
-    });
-    if (!m_drawings.empty() && m_session.Drawing().drawingId < 0) {
-        m_session.SetDrawing(m_drawings.front());
-    }
-    ShowDrawings();
+void Client::MakeDrawingFlows() {
+    m_drawings = std::make_unique<DrawingFlow>(
+        DrawingFlow::Parts{m_session, *m_window, *m_module.Pictures()});
+    m_drawingImport = std::make_unique<DrawingImport>(m_session, *m_window);
+    m_checkpoints = std::make_unique<CheckpointMenu>(
+        CheckpointMenu::Parts{m_session, *m_window, *m_drawings, *m_imports});
+    connect(m_drawings.get(), &DrawingFlow::Changed, this, &Client::EnableCommands);
+    connect(m_drawingImport.get(), &DrawingImport::Imported, m_drawings.get(),
+            &DrawingFlow::ShowDrawing);
+    DrawingPane& pane = m_window->Drawing();
+    connect(&pane, &DrawingPane::ImportWanted, m_drawingImport.get(), &DrawingImport::Ask);
+    connect(&pane, &DrawingPane::PathsDropped, this,
+            [this](const QStringList& paths, qint32 pointId) {
+                if (pointId != 0) {
+                    m_checkpoints->FilePhotos(pointId, paths);
+                } else {
+                    OnPathsDropped(paths);
+                }
+            });
 }
 
-void Client::ShowDrawings() {
-    QStringList names;
-    int current = -1;
-    for (const KX_DATA::CurrentDrawing& drawing : m_drawings) {
-        if (drawing.drawingId == m_session.Drawing().drawingId) {
-            current = int(names.size());
-        }
-        names << drawing.drawingName;
+void Client::OnPathsDropped(const QStringList& paths) {
+    QStringList drawings;
+    QStringList others;
+    for (const QString& path : paths) {
+        (path.endsWith(u".pdf"_s, Qt::CaseInsensitive) ? drawings : others) << path;
     }
-    m_window->SetDrawings(names, current);
-    EnableCommands();
-}
-
-void Client::TakeDrawing(int index) {
-    if (index < 0 || index >= int(m_drawings.size())) {
-        return;
+    if (!drawings.isEmpty()) {
+        m_drawingImport->Begin(drawings);
     }
-    m_session.SetDrawing(m_drawings[index]);
-    ShowDrawings();
-    m_window->ShowStatus(u"当前图纸：%1"_s.arg(m_drawings[index].drawingName));
-}
-
-void Client::BringUpDrawing(qint32 drawingId) {
-    for (int at = 0; at < int(m_drawings.size()); ++at) {
-        if (m_drawings[at].drawingId == drawingId) {
-            TakeDrawing(at);
-        }
+    if (!others.isEmpty()) {
+        m_imports->Ask(others);
     }
 }
 

@@ -12,7 +12,6 @@
 #include "host/ui/ExProgress.h"
 #include "host/ui/ObserverHub.h"
 #include "host/ui/PictureSink.h"
-#include "services/DrawingRecords.h"
 
 #include <QObject>
 #include <QPointer>
@@ -22,6 +21,9 @@
 
 namespace host {
 
+class CheckpointMenu;
+class DrawingFlow;
+class DrawingImport;
 class FloorPlanView;
 class HostSession;
 class ImportFlow;
@@ -68,10 +70,8 @@ private:
     void ReadProjects();
     void TakeProject(int index);
     void ProjectChanged();
-    void ReadDrawings();
-    void ShowDrawings();
-    void TakeDrawing(int index);
-    void BringUpDrawing(qint32 drawingId);
+    void MakeDrawingFlows();
+    void OnPathsDropped(const QStringList& paths);
     void ReadPlan();
     void ReadPhotoMarks();
     void ReadIssueMarks();
@@ -96,9 +96,11 @@ private:
     std::unique_ptr<ImportFlow> m_imports;
     std::unique_ptr<MarkFlow> m_marks;
     std::unique_ptr<ReminderFlow> m_reminders;
+    std::unique_ptr<DrawingFlow> m_drawings;
+    std::unique_ptr<DrawingImport> m_drawingImport;
+    std::unique_ptr<CheckpointMenu> m_checkpoints;
     QPointer<BinWindow> m_binWindow;
     std::vector<ProjectChoice> m_choices;
-    std::vector<KX_DATA::CurrentDrawing> m_drawings;
 };
 
 } // namespace host

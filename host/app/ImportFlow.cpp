@@ -29,6 +29,15 @@ QString OutcomeText(ImportOutcome outcome) {
     return u"失败"_s;
 }
 
+ImportRequest RequestOf(const ImportChoice& choice) {
+    ImportRequest request;
+    request.roots = choice.paths;
+    request.ppid = choice.ppid;
+    request.positionKey = choice.positionKey;
+    request.markId = choice.markId;
+    return request;
+}
+
 std::vector<ImportResultRow> RowsOf(const ImportReport& report) {
     std::vector<ImportResultRow> rows;
     for (const ImportLine& line : report.lines) {
@@ -63,11 +72,23 @@ void ImportFlow::Ask(const QStringList& paths) {
     }
     m_dialog = new ImportDialog(&m_window, paths, projects);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(m_dialog, &QDialog::accepted, this, [this] { Begin(m_dialog->Choice()); });
+    connect(m_dialog, &QDialog::accepted, this, [this] { Begin(RequestOf(m_dialog->Choice())); });
     m_dialog->open();
 }
 
-void ImportFlow::Begin(const ImportChoice& choice) {
+void ImportFlow::FileOnCheckpoint(qint32 ppid, qint32 checkpointId, const QStringList& paths) {
+    if (m_job || !m_dialog.isNull()) {
+        m_session.Desk()->Report(MessageLevel::Warning, u"正在导入照片，请等它结束。"_s);
+        return;
+    }
+    ImportRequest request;
+    request.roots = paths;
+    request.ppid = ppid;
+    request.checkpointId = checkpointId;
+    Begin(request);
+}
+
+void ImportFlow::Begin(ImportRequest request) {
     m_job = std::make_unique<ImportJob>(m_session.Site());
     m_progress = std::make_unique<ProgressWindow>(&m_window, u"导入照片"_s,
                                                   ProgressWindow::Cancel::Possible);
@@ -77,12 +98,7 @@ void ImportFlow::Begin(const ImportChoice& choice) {
         m_progress->Report(step.done, std::max(0, step.total));
     });
     connect(m_job.get(), &ImportJob::Finished, this, &ImportFlow::End);
-    ImportRequest request;
-    request.roots = choice.paths;
-    request.ppid = choice.ppid;
     request.user = m_session.UserName();
-    request.positionKey = choice.positionKey;
-    request.markId = choice.markId;
     m_progress->SetText(u"正在读取文件夹..."_s);
     m_progress->Begin();
     m_job->Start(request);

@@ -15,8 +15,8 @@ class ImportJob;
 class ImportResultWindow;
 class MainWindow;
 class ProgressWindow;
-struct ImportChoice;
 struct ImportReport;
+struct ImportRequest;
 
 /// One import at a time; a second one is refused with a message. Session and window must outlive
 /// the flow. Destroying it ends a running import after the present file. Thread: user interface.
@@ -29,13 +29,15 @@ public:
 
     /// Opens the question; `paths` are what was dropped, or empty.
     void Ask(const QStringList& paths);
+    /// Files and folders become photos of a checkpoint, without a question. One at a time, too.
+    void FileOnCheckpoint(qint32 ppid, qint32 checkpointId, const QStringList& paths);
 
 signals:
     /// An import has ended and filed something.
     void Imported();
 
 private:
-    void Begin(const ImportChoice& choice);
+    void Begin(ImportRequest request);
     void End(const ImportReport& report);
     /// Every file that wasn't filed, with its reason; takes the place of an earlier result.
     void ShowLeftOut(const ImportReport& report);

@@ -15,23 +15,45 @@ ImportLine ImportFiler::File(const ExaminedFile& file) {
         return {file.path, ImportOutcome::Refused, file.refusal};
     }
     try {
-        if (m_intake->FindPhotoByMd5(m_request.ppid, file.md5) != 0) {
+        if (IsThere(file)) {
             return {file.path, ImportOutcome::Duplicate, u"工程中已有相同的照片"_s};
         }
-        site::NewBimPhoto photo;
-        photo.ppid = m_request.ppid;
-        photo.fileName = file.displayName;
-        photo.positionKey = m_request.positionKey;
-        photo.markId = m_request.markId;
-        photo.uploader = m_request.user;
-        photo.uploadTime = file.time;
-        m_intake->FilePhoto(photo, {{}, file.bytes});
-        return {file.path, ImportOutcome::Filed, photo.fileName};
+        if (m_request.checkpointId != 0) {
+            FilePdfPhoto(file);
+        } else {
+            FileBimPhoto(file);
+        }
+        return {file.path, ImportOutcome::Filed, file.displayName};
     } catch (const site::DataError& error) {
         const bool onlyThisFile = error.GetFault() == site::Fault::BadName;
         return {file.path, onlyThisFile ? ImportOutcome::Refused : ImportOutcome::Failed,
                 error.Text()};
     }
+}
+
+bool ImportFiler::IsThere(const ExaminedFile& file) const {
+    return m_request.checkpointId != 0 ? m_intake->FindPdfPhotoByMd5(m_request.ppid, file.md5) != 0
+                                       : m_intake->FindPhotoByMd5(m_request.ppid, file.md5) != 0;
+}
+
+void ImportFiler::FileBimPhoto(const ExaminedFile& file) {
+    site::NewBimPhoto photo;
+    photo.ppid = m_request.ppid;
+    photo.fileName = file.displayName;
+    photo.positionKey = m_request.positionKey;
+    photo.markId = m_request.markId;
+    photo.uploader = m_request.user;
+    photo.uploadTime = file.time;
+    m_intake->FilePhoto(photo, {{}, file.bytes});
+}
+
+void ImportFiler::FilePdfPhoto(const ExaminedFile& file) {
+    site::NewPdfPhoto photo;
+    photo.checkpointId = m_request.checkpointId;
+    photo.fileName = file.displayName;
+    photo.uploader = m_request.user;
+    photo.uploadTime = file.time;
+    m_intake->FilePdfPhoto(m_request.ppid, photo, {{}, file.bytes});
 }
 
 } // namespace host

@@ -18,6 +18,10 @@ public:
     [[nodiscard]] ImportLine File(const ExaminedFile& file);
 
 private:
+    [[nodiscard]] bool IsThere(const ExaminedFile& file) const;
+    void FileBimPhoto(const ExaminedFile& file);
+    void FilePdfPhoto(const ExaminedFile& file);
+
     std::unique_ptr<site::IIntake> m_intake;
     ImportRequest m_request;
 };

@@ -15,6 +15,9 @@ struct ImportRequest {
     QString user;        ///< login name of the uploader
     QString positionKey; ///< empty: without position
     qint32 markId = 0;   ///< 0: none
+    /// Not 0: of a drawing; the pictures become drawing photos there, without position and mark of
+    /// their own.
+    qint32 checkpointId = 0;
 };
 
 enum class ImportOutcome {

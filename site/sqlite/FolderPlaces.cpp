@@ -68,6 +68,8 @@ QString LeafOf(IClientFolders::Cache what) {
         return u"pics"_s;
     case IClientFolders::Cache::Thumbnails:
         return u"thumbs"_s;
+    case IClientFolders::Cache::Drawings:
+        return u"drawings"_s;
     case IClientFolders::Cache::Attachments:
         break;
     }

@@ -1,0 +1,115 @@
+#include "host/app/DrawingImport.h"
+
+#include "host/app/Faults.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/ProgressWindow.h"
+#include "services/IKXAuthMng.h"
+#include "site/IIntake.h"
+#include "toolkit/windows/Prompts.h"
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+DrawingImport::DrawingImport(HostSession& hostSession, MainWindow& mainWindow)
+    : m_session(hostSession), m_window(mainWindow) {}
+
+DrawingImport::~DrawingImport() = default;
+
+void DrawingImport::Ask() {
+    const QStringList paths =
+        toolkit::Prompts().AskOpenFiles({m_window.Id(), u"PDF 图纸 (*.pdf)"_s});
+    if (!paths.isEmpty()) {
+        Begin(paths);
+    }
+}
+
+void DrawingImport::Begin(const QStringList& paths) {
+    QString lack;
+    if (m_progress) {
+        lack = u"正在导入图纸，请等它结束。"_s;
+    } else if (m_session.CurrentProject().ppid == 0) {
+        lack = u"请先打开一个工程，再导入图纸。"_s;
+    } else if (m_session.IsWorkset() || !m_session.HasRight(KX_DATA::kRightEdit)) {
+        lack = u"没有权限导入图纸。"_s;
+    }
+    if (!lack.isEmpty()) {
+        m_session.Desk()->Report(MessageLevel::Warning, lack);
+        return;
+    }
+    m_paths = paths;
+    m_ppid = m_session.CurrentProject().ppid;
+    m_count = int(paths.size());
+    m_filed = 0;
+    m_progress = std::make_unique<ProgressWindow>(&m_window, u"导入图纸"_s,
+                                                  ProgressWindow::Cancel::Possible);
+    connect(m_progress.get(), &ProgressWindow::Cancelled, this, [this] {
+        m_paths.clear();
+        m_examination.reset();
+        End();
+    });
+    m_progress->Begin();
+    ExamineNext();
+}
+
+void DrawingImport::ExamineNext() {
+    if (m_paths.isEmpty()) {
+        End();
+        return;
+    }
+    m_progress->SetText(QFileInfo(m_paths.front()).fileName());
+    m_progress->Report(m_count - int(m_paths.size()), m_count);
+    m_examination = std::make_unique<DrawingExamination>(DrawingReader::Terms());
+    // Queued: the examination is replaced by what follows.
+    connect(m_examination.get(), &DrawingExamination::Finished, this, &DrawingImport::OnExamined,
+            Qt::QueuedConnection);
+    m_examination->Start(m_paths.front());
+}
+
+void DrawingImport::OnExamined(DrawingFault fault, const SheetPages& pages) {
+    // The last word of one that was cancelled may come late.
+    if (m_paths.isEmpty() || sender() != m_examination.get()) {
+        return;
+    }
+    const QString path = m_paths.takeFirst();
+    if (fault == DrawingFault::None) {
+        File(path, int(pages.size()));
+    } else {
+        m_session.Desk()->Report(
+            MessageLevel::Error,
+            u"没有导入“%1”：%2"_s.arg(QFileInfo(path).fileName(), DrawingFaultText(fault)));
+    }
+    ExamineNext();
+}
+
+void DrawingImport::File(const QString& path, int pages) {
+    WithoutFault(m_session, [&] {
+        const QString name = DrawingNameOf(path);
+        m_lastId = m_session.Site().NewIntake()->AddDrawing(m_ppid, name, {path, {}}, pages);
+        ++m_filed;
+        m_session.Actions().Write(u"导入图纸“%1”"_s.arg(name));
+    });
+}
+
+void DrawingImport::End() {
+    if (!m_progress) {
+        return;
+    }
+    m_progress->End();
+    // It may be what tells this.
+    m_progress.release()->deleteLater();
+    if (m_filed > 0) {
+        m_session.Desk()->Report(MessageLevel::Info, u"已导入图纸 %1 张"_s.arg(m_filed));
+        emit Imported(m_lastId);
+    }
+}
+
+QString DrawingNameOf(const QString& path) {
+    return QFileInfo(path).completeBaseName().trimmed();
+}
+
+} // namespace host
