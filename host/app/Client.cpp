@@ -352,7 +352,7 @@ void Client::EnableCommands() {
     const bool hasProject = m_session.CurrentProject().ppid != 0;
     const PlanIntersection* chosen = m_window->Plan().Canvas().Chosen();
     for (const Command command : {Command::BimConsole, Command::PdfConsole, Command::IssueConsole,
-                                  Command::Import, Command::Refresh}) {
+                                  Command::Import, Command::Refresh, Command::ImportDrawing}) {
         m_window->SetEnabled(command, hasProject);
     }
     m_window->SetEnabled(Command::PlacePhotos, chosen != nullptr);

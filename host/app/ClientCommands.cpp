@@ -1,5 +1,7 @@
 #include "host/app/Client.h"
 
+#include "host/app/DrawingFlow.h"
+#include "host/app/DrawingImport.h"
 #include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
 #include "host/app/ReminderFlow.h"
@@ -7,6 +9,7 @@
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
 #include "host/ui/ProjectNameDialog.h"
+#include "host/ui/drawing/DrawingPane.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "include/IKXVeskPicture.h"
@@ -66,6 +69,17 @@ void Client::ObeyHost(Command command) {
         break;
     case Command::Import:
         m_imports->Ask({});
+        break;
+    case Command::ImportDrawing:
+        m_drawingImport->Ask();
+        break;
+    case Command::PlanFace:
+        m_window->ShowDrawingFace(false);
+        m_window->Plan().Canvas().setFocus();
+        break;
+    case Command::DrawingFace:
+        m_drawings->ShowFace();
+        m_window->Drawing().Canvas().setFocus();
         break;
     case Command::Bin:
         ShowBin();

@@ -99,6 +99,32 @@ CommandLine ParseSimulate(const QStringList& words) {
     return line;
 }
 
+/// Files, and the project to which they go.
+CommandLine ParseImportDrawing(const QStringList& words) {
+    CommandLine line;
+    line.road = Road::ImportDrawing;
+    for (qsizetype at = 1; at < words.size() && line.error.isEmpty(); ++at) {
+        const QString name = words[at].section(u'=', 0, 0);
+        if (IsHelp(name)) {
+            line.road = Road::Help;
+            return line;
+        }
+        if (!name.startsWith(u"--"_s)) {
+            line.drawings << words[at];
+        } else if (name == u"--project"_s) {
+            line.drawingProject = TakeValue(words, at).value_or(QString());
+        } else if (name == u"--data"_s || name == u"--sample"_s) {
+            TakeOption(name, TakeValue(words, at).value_or(QString()), line);
+        } else {
+            line.error = u"不认识“%1”。"_s.arg(name);
+        }
+    }
+    if (line.error.isEmpty() && (line.drawings.isEmpty() || line.drawingProject.isEmpty())) {
+        line.error = u"请写明 PDF 文件和工程：import-drawing 文件.pdf --project 工程"_s;
+    }
+    return line;
+}
+
 QString UnknownText(const QString& word, const QString& name) {
     if (name == u"--tour"_s || name == u"--tour-scale"_s) {
         return u"走查客户端的是另一个程序：vesk-tour --tour 文件夹。"_s;
@@ -132,6 +158,9 @@ CommandLine ParseCommandLine(const QStringList& words) {
     if (words.value(0) == u"import"_s) {
         return ParseImport(words);
     }
+    if (words.value(0) == u"import-drawing"_s) {
+        return ParseImportDrawing(words);
+    }
     if (words.value(0) == u"simulate"_s) {
         return ParseSimulate(words);
     }
@@ -157,6 +186,8 @@ QString HelpText() {
     return uR"(用法：
   vesk-client [选项]                  打开客户端
   vesk-client import 文件夹 [选项]    把一个文件夹里的照片导入工程
+  vesk-client import-drawing 文件.pdf --project 工程
+                                      把 PDF 图纸导入工程，可以写多个文件
   vesk-client simulate [选项]         模拟现场：像工地上的手机那样不断提交照片、语音和问题
   vesk-tour --tour 文件夹             无显示器时走一遍客户端，把各窗口的图片存到该文件夹
 

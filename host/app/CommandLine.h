@@ -14,9 +14,10 @@ namespace host {
 
 /// What the program is to do.
 enum class Road {
-    Client,   ///< open the client
-    Import,   ///< file a folder of photos and end
-    Simulate, ///< file what the phones on a site would, until it is stopped
+    Client,        ///< open the client
+    Import,        ///< file a folder of photos and end
+    ImportDrawing, ///< file PDF drawings and end
+    Simulate,      ///< file what the phones on a site would, until it is stopped
     Help,
 };
 
@@ -30,7 +31,9 @@ struct CommandLine {
     bool isWatched = false;        ///< somebody looks at the windows, also without a display
     QStringList importWords;       ///< what stands behind "import", without --data and --sample
     SimulateRequest simulate;
-    QString error; ///< Chinese; empty: nothing to complain of
+    QStringList drawings;   ///< files behind "import-drawing"
+    QString drawingProject; ///< where they go
+    QString error;          ///< Chinese; empty: nothing to complain of
 };
 
 /// What stands behind a program's name.

@@ -18,7 +18,9 @@ using namespace Qt::StringLiterals;
 DrawingImport::DrawingImport(HostSession& hostSession, MainWindow& mainWindow)
     : m_session(hostSession), m_window(mainWindow) {}
 
-DrawingImport::~DrawingImport() = default;
+DrawingImport::~DrawingImport() {
+    delete m_result;
+}
 
 void DrawingImport::Ask() {
     const QStringList paths =
@@ -45,6 +47,7 @@ void DrawingImport::Begin(const QStringList& paths) {
     m_ppid = m_session.CurrentProject().ppid;
     m_count = int(paths.size());
     m_filed = 0;
+    m_leftOut.clear();
     m_progress = std::make_unique<ProgressWindow>(&m_window, u"导入图纸"_s,
                                                   ProgressWindow::Cancel::Possible);
     connect(m_progress.get(), &ProgressWindow::Cancelled, this, [this] {
@@ -79,20 +82,24 @@ void DrawingImport::OnExamined(DrawingFault fault, const SheetPages& pages) {
     if (fault == DrawingFault::None) {
         File(path, int(pages.size()));
     } else {
-        m_session.Desk()->Report(
-            MessageLevel::Error,
-            u"没有导入“%1”：%2"_s.arg(QFileInfo(path).fileName(), DrawingFaultText(fault)));
+        LeaveOut(path, DrawingFaultText(fault));
     }
     ExamineNext();
 }
 
 void DrawingImport::File(const QString& path, int pages) {
-    WithoutFault(m_session, [&] {
+    try {
         const QString name = DrawingNameOf(path);
         m_lastId = m_session.Site().NewIntake()->AddDrawing(m_ppid, name, {path, {}}, pages);
         ++m_filed;
         m_session.Actions().Write(u"导入图纸“%1”"_s.arg(name));
-    });
+    } catch (const site::DataError& error) {
+        LeaveOut(path, error.Text());
+    }
+}
+
+void DrawingImport::LeaveOut(const QString& path, const QString& reason) {
+    m_leftOut.push_back({path, u"跳过"_s, reason});
 }
 
 void DrawingImport::End() {
@@ -102,8 +109,17 @@ void DrawingImport::End() {
     m_progress->End();
     // It may be what tells this.
     m_progress.release()->deleteLater();
+    QString summary = u"已导入图纸 %1 张"_s.arg(m_filed);
+    if (!m_leftOut.empty()) {
+        summary += u"，%1 个文件没有导入"_s.arg(m_leftOut.size());
+        delete m_result;
+        m_result = new ImportResultWindow(&m_window, summary, m_leftOut);
+        m_result->setAttribute(Qt::WA_DeleteOnClose);
+        m_result->show();
+    }
+    m_session.Desk()->Report(m_leftOut.empty() ? MessageLevel::Info : MessageLevel::Warning,
+                             summary);
     if (m_filed > 0) {
-        m_session.Desk()->Report(MessageLevel::Info, u"已导入图纸 %1 张"_s.arg(m_filed));
         emit Imported(m_lastId);
     }
 }

@@ -2,11 +2,14 @@
 #pragma once
 
 #include "host/drawings/DrawingExamination.h"
+#include "host/ui/ImportResultWindow.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 
 #include <memory>
+#include <vector>
 
 namespace host {
 
@@ -14,7 +17,8 @@ class HostSession;
 class MainWindow;
 class ProgressWindow;
 
-/// Examines one file after the other beside the interface, and files those that can be shown. The
+/// Examines one file after the other beside the interface, and files those that can be shown; the
+/// others are listed with their reasons. The
 /// session and the window must outlive it. Thread: user interface.
 class DrawingImport final : public QObject {
     Q_OBJECT
@@ -37,6 +41,7 @@ private:
     void ExamineNext();
     void OnExamined(DrawingFault fault, const SheetPages& pages);
     void File(const QString& path, int pages);
+    void LeaveOut(const QString& path, const QString& reason);
     void End();
 
     HostSession& m_session;
@@ -45,6 +50,8 @@ private:
     qint32 m_ppid = 0;
     int m_count = 0;
     int m_filed = 0;
+    std::vector<ImportResultRow> m_leftOut;
+    QPointer<ImportResultWindow> m_result;
     qint32 m_lastId = 0;
     std::unique_ptr<DrawingExamination> m_examination;
     std::unique_ptr<ProgressWindow> m_progress;

@@ -1,6 +1,7 @@
 #include "host/app/Program.h"
 
 #include "host/app/Client.h"
+#include "host/app/DrawingCommand.h"
 #include "host/app/Platform.h"
 #include "host/app/SimulateCommand.h"
 #include "host/app/StartUp.h"
@@ -55,6 +56,16 @@ int RunImport(const CommandLine& line) {
     return RunImportCommand(session.Site(), line.importWords, out, err);
 }
 
+int RunImportDrawing(const CommandLine& line) {
+    HostSession session;
+    if (const StartResult site = OpenSite(session, line); !site.goOn) {
+        return site.fault.isEmpty() ? kExitDone : TellFault(site.fault);
+    }
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    return RunDrawingCommand(session.Site(), {line.drawings, line.drawingProject}, {}, out, err);
+}
+
 int RunSimulation(const CommandLine& line) {
     HostSession session;
     if (const StartResult site = OpenSite(session, line); !site.goOn) {
@@ -73,6 +84,8 @@ int RunRoad(const CommandLine& line) {
     switch (line.road) {
     case Road::Import:
         return RunImport(line);
+    case Road::ImportDrawing:
+        return RunImportDrawing(line);
     case Road::Simulate:
         return RunSimulation(line);
     case Road::Client:

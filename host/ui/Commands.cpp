@@ -20,6 +20,13 @@ const std::vector<CommandRow>& CommandTable() {
          {}},
         {Command::Import, file, u"导入照片..."_s, u"import"_s, Qt::CTRL | Qt::Key_I,
          u"把一个文件夹里的照片导入当前工程，也可以把文件夹拖到窗口上"_s, u"导入照片"_s, true},
+        {Command::ImportDrawing,
+         file,
+         u"导入图纸..."_s,
+         u"drawing"_s,
+         Qt::CTRL | Qt::SHIFT | Qt::Key_I,
+         u"把 PDF 图纸导入当前工程，也可以把文件拖到窗口上"_s,
+         {}},
         {Command::Bin, file, u"回收站..."_s, u"bin"_s, Qt::CTRL | Qt::Key_B,
          u"查看并恢复 30 天内删除的照片和问题"_s, u"回收站"_s},
         {Command::OpenFolder,
@@ -58,6 +65,20 @@ const std::vector<CommandRow>& CommandTable() {
          u"drawing"_s,
          Qt::CTRL | Qt::Key_6,
          u"只列出当前图纸的照片"_s,
+         {}},
+        {Command::PlanFace,
+         view,
+         u"平面图"_s,
+         u"plan"_s,
+         Qt::CTRL | Qt::Key_P,
+         u"在窗口中央显示楼层平面图"_s,
+         {}},
+        {Command::DrawingFace,
+         view,
+         u"图纸"_s,
+         u"drawing"_s,
+         Qt::CTRL | Qt::Key_D,
+         u"在窗口中央显示图纸"_s,
          {}},
         {Command::Refresh,
          view,
@@ -111,6 +132,10 @@ Enter	平面图：打开所选交点的标识；没有标识时列出其照片
 菜单键	平面图：所选交点的标识和照片
 PageUp / PageDown	平面图：切换楼层
 Esc	平面图：关闭卡片，放弃选择
+方向键、+、-、0	图纸：移动、放大、缩小、显示整张
+Ctrl+左、Ctrl+右	图纸：上一个、下一个检查点
+Enter / 菜单键	图纸：打开所选检查点；列出可做的事
+PageUp / PageDown	图纸：换页
 F5	控制台：重新读取当前页)"_s;
 }
 

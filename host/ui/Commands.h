@@ -11,6 +11,7 @@ namespace host {
 enum class Command {
     NewProject,
     Import,
+    ImportDrawing,
     OpenFolder,
     Quit,
     BimConsole,
@@ -20,6 +21,8 @@ enum class Command {
     FloorIssues,   ///< issues of the shown floor
     DrawingPhotos, ///< photos of the current drawing
     Bin,
+    PlanFace,
+    DrawingFace,
     Refresh,
     ClearMessages,
     CatchUp,     ///< what others filed

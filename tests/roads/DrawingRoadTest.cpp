@@ -1,0 +1,396 @@
+// Drawings in the main window, on a real data folder and with a real reader.
+#include "hands/Hands.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/drawing/DrawingPane.h"
+#include "include/KXEvents.h"
+#include "site/IBin.h"
+#include "site/IDrawings.h"
+#include "site/IIntake.h"
+#include "site/IPdfPhotos.h"
+#include "site/OpenSite.h"
+#include "site/sqlite/SiteWriter.h"
+#include "tests/host/drawings/TestDrawings.h"
+#include "tests/roads/PhotoRoad.h"
+#include "tests/support/AnsweredPrompts.h"
+#include "tests/support/EngineFolder.h"
+#include "tests/support/StoredFiles.h"
+#include "tests/support/WaitFor.h"
+#include "toolkit/windows/WindowRegistry.h"
+#include "tour/TourEyes.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QDirIterator>
+#include <QDropEvent>
+#include <QFile>
+#include <QMenu>
+#include <QMimeData>
+#include <QToolButton>
+#include <QtTest/QTest>
+
+namespace roads {
+namespace {
+
+using namespace Qt::StringLiterals;
+using host::DrawingCanvas;
+using host::SheetStore;
+using support::WaitFor;
+
+constexpr QSizeF kSheet(1000, 800);
+/// Points of the drawing with a sheet.
+constexpr int kPoints = 2;
+
+class DrawingRoad : public PhotoRoad {
+protected:
+    void Furnish() override {
+        PhotoRoad::Furnish();
+        site::SiteWriter writer(support::FolderOf(session));
+        drawing = writer.AddDrawing(site.firstProject, u"首层平面图"_s,
+                                    {{}, drawingtest::PlainPdf(2, kSheet)}, 2);
+        site::NewCheckpoint point;
+        point.drawingId = drawing;
+        point.number = 3;
+        point.markId = 1;
+        point.x = 250;
+        point.y = 250;
+        withPhoto = writer.AddCheckpoint(site.firstProject, point);
+        point.number = 4;
+        point.x = 750;
+        without = writer.AddCheckpoint(site.firstProject, point);
+        site::NewPdfPhoto photo;
+        photo.checkpointId = withPhoto;
+        photo.fileName = u"墙面.jpg"_s;
+        photo.uploader = u"张伟"_s;
+        photo.uploadTime = 1'700'000'000;
+        static_cast<void>(
+            writer.FilePdfPhoto(site.firstProject, photo, {{}, JpegBytes(qRgb(9, 9, 200))}));
+    }
+    void SetUp() override {
+        PhotoRoad::SetUp();
+        Press(Qt::Key_D);
+        Choose(u"首层平面图"_s);
+        ASSERT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Open; }));
+        ASSERT_TRUE(WaitFor([this] { return int(Canvas().Flags().size()) == kPoints; }));
+    }
+    [[nodiscard]] host::DrawingPane& Pane() const { return client->Window()->Drawing(); }
+    [[nodiscard]] DrawingCanvas& Canvas() const { return Pane().Canvas(); }
+    [[nodiscard]] SheetStore& Store() const { return Pane().Store(); }
+    [[nodiscard]] QComboBox* Choice() const {
+        return Pane().findChild<QComboBox*>(u"drawingChoice"_s);
+    }
+    void Choose(const QString& name) const {
+        const int index = Choice()->findText(name);
+        ASSERT_GE(index, 0);
+        Choice()->setCurrentIndex(index);
+        emit Choice()->activated(index);
+    }
+    [[nodiscard]] QPoint PixelOf(double x, double y) const {
+        return host::ToPane(Canvas().View(), Canvas().size(),
+                            {x * kSheet.width(), y * kSheet.height()})
+            .toPoint();
+    }
+    void ClickOnSheet(double x, double y) const {
+        QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, PixelOf(x, y));
+    }
+    /// Opens the menu of a flag, or of a place with none, and takes an entry; false if it has none.
+    [[nodiscard]] bool ChooseInMenu(const QPoint& at, const QString& entry) const {
+        bool isThere = false;
+        QTimer::singleShot(0, [&] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            if (menu == nullptr) {
+                return;
+            }
+            for (QAction* action : menu->actions()) {
+                isThere = isThere || (action->text() == entry && action->isEnabled());
+            }
+            menu->close();
+            if (isThere) {
+                for (QAction* action : menu->actions()) {
+                    if (action->text() == entry) {
+                        action->trigger();
+                        return;
+                    }
+                }
+            }
+        });
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, Canvas().mapToGlobal(at));
+        QCoreApplication::sendEvent(&Canvas(), &event);
+        return isThere;
+    }
+    [[nodiscard]] QPoint OnFlag(qint32 point) const {
+        return Canvas().RectOf(point).center().toPoint() - QPoint(0, 3);
+    }
+    [[nodiscard]] std::vector<site::CheckpointFlag> Points() const {
+        return session.Site().Drawings().Flags({site.firstProject}, drawing).value();
+    }
+    [[nodiscard]] QStringList Drawings() const {
+        QStringList names;
+        for (const site::DrawingEntry& entry : session.Site().Drawings().List(site.firstProject)) {
+            names << entry.name;
+        }
+        return names;
+    }
+    [[nodiscard]] QToolButton* PlaceButton() const {
+        return Pane().findChild<QToolButton*>(u"placeCheckpoint"_s);
+    }
+    void Locate(qint32 point) const {
+        toolkit::PostWindowEvent(client->Window()->Id(),
+                                 ZelvorNRQ_KXVeskPicture::WM_VESK_PDF_LOCATE, 3, quintptr(point));
+    }
+    [[nodiscard]] bool Says(const QString& part) const {
+        return WaitFor([&] { return !Messages().filter(part).isEmpty(); });
+    }
+
+    qint32 drawing = 0;
+    qint32 withPhoto = 0;
+    qint32 without = 0;
+};
+
+TEST_F(DrawingRoad, TheDrawingIsShownWithItsCheckpointsAtTheirPlaces) {
+    EXPECT_TRUE(client->Window()->IsDrawingInFront());
+    EXPECT_EQ(Store().Pages().size(), 2U);
+    const auto& flags = Canvas().Flags();
+    EXPECT_EQ(flags[0].number, 3);
+    EXPECT_EQ(flags[0].place, QPointF(0.25, 0.25));
+    EXPECT_EQ(flags[0].photos, 1);
+    EXPECT_EQ(flags[1].photos, 0);
+    ASSERT_TRUE(WaitFor([this] { return Store().IsComplete(); }));
+    EXPECT_EQ(session.Drawing().drawingId, drawing);
+}
+
+TEST_F(DrawingRoad, ADrawingWithoutAFileSaysSoAndTheOtherComesBack) {
+    Choose(Drawings().front());
+    ASSERT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Broken; }));
+    EXPECT_EQ(Store().Fault(), host::DrawingFault::Missing);
+    Choose(u"首层平面图"_s);
+    EXPECT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Open; }));
+}
+
+TEST_F(DrawingRoad, ADrawingWhoseFileIsLostIsTriedAgain) {
+    Choose(Drawings().front());
+    site::DataFolder& data = support::FolderOf(session);
+    QString stored;
+    QDirIterator walk(data.StorePath(), QDir::Files, QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        QFile file(walk.next());
+        if (file.open(QIODevice::ReadOnly) && file.read(4) == "%PDF") {
+            stored = walk.filePath();
+        }
+    }
+    ASSERT_TRUE(QFile::rename(stored, stored + u".away"_s));
+    QDir(folder.Path(u"data/cache"_s)).removeRecursively();
+    Choose(u"首层平面图"_s);
+    ASSERT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Broken; }));
+    ASSERT_TRUE(QFile::rename(stored + u".away"_s, stored));
+    QTest::mouseClick(Pane().findChild<QWidget*>(u"retryDrawing"_s), Qt::LeftButton);
+    EXPECT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Open; }));
+}
+
+TEST_F(DrawingRoad, PdfFilesThatAreDroppedOnTheWindowBecomeDrawings) {
+    const QString path = folder.Write(u"新 图.PDF"_s, drawingtest::PlainPdf(3, kSheet));
+    ASSERT_TRUE(WaitFor([&] { return hands::DropPaths(client->Window(), {path}); }));
+    EXPECT_TRUE(Says(u"已导入图纸 1 张"_s));
+    EXPECT_EQ(Drawings().last(), u"新 图"_s);
+    EXPECT_TRUE(WaitFor(
+        [this] { return Choice()->currentText() == u"新 图"_s && Store().Pages().size() == 3U; }));
+    EXPECT_EQ(session.Site().Drawings().List(site.firstProject).back().pages, 3);
+}
+
+TEST_F(DrawingRoad, FilesThatAreNoUseAreNamedWithTheirReasonAndNothingIsFiled) {
+    const int stored = support::CountStored(support::FolderOf(session));
+    const QStringList before = Drawings();
+    const QString good = folder.Write(u"好.pdf"_s, drawingtest::PlainPdf(1, kSheet));
+    ASSERT_TRUE(WaitFor([&] {
+        return hands::DropPaths(
+            client->Window(),
+            {folder.Write(u"密码.pdf"_s, drawingtest::EncryptedPdf()),
+             folder.Write(u"坏.pdf"_s, "%PDF-1.4 no more"), folder.Write(u"不是.pdf"_s, "hello"),
+             folder.Write(u"千页.pdf"_s, drawingtest::PlainPdf(1000)),
+             folder.Write(u"巨大.pdf"_s, drawingtest::PlainPdf(1, {14'400, 14'400})),
+             folder.Path(u"没有.pdf"_s), good,
+             folder.Write(u"首层平面图.pdf"_s, drawingtest::PlainPdf(1, kSheet))});
+    }));
+    EXPECT_TRUE(Says(u"已导入图纸 1 张，7 个文件没有导入"_s));
+    const QWidget* result = tour::FindWindow(u"importResult"_s);
+    ASSERT_NE(result, nullptr);
+    const QAbstractItemModel* rows = result->findChild<QAbstractItemView*>()->model();
+    QStringList reasons;
+    for (int row = 0; row < rows->rowCount(); ++row) {
+        reasons << rows->index(row, 0).data().toString() + rows->index(row, 2).data().toString();
+    }
+    for (const QString& said :
+         {u"密码.pdfPDF 文件有密码"_s, u"/坏.pdfPDF 文件已损坏"_s, u"不是.pdf文件不是 PDF"_s,
+          u"千页.pdfPDF 文件超过"_s, u"巨大.pdfPDF 页面过大"_s, u"没有.pdf文件不存在"_s,
+          u"首层平面图.pdf"_s}) {
+        EXPECT_EQ(reasons.filter(said).size(), 1) << said.toStdString();
+    }
+    EXPECT_EQ(Drawings(), before + QStringList{u"好"_s});
+    EXPECT_EQ(support::CountStored(support::FolderOf(session)), stored + 1);
+}
+
+TEST_F(DrawingRoad, ClicksSetCheckpointsUntilOneLeavesOff) {
+    QTest::mouseClick(PlaceButton(), Qt::LeftButton);
+    EXPECT_FALSE(Pane().Hint().isEmpty());
+    ClickOnSheet(0.5, 0.6);
+    ClickOnSheet(0.6, 0.6);
+    EXPECT_EQ(Points().size(), 4U);
+    EXPECT_EQ(Points().back().number, 6);
+    EXPECT_NEAR(double(Points()[2].place.x), 500, 2);
+    EXPECT_NEAR(double(Points()[2].place.y), 600, 2);
+    EXPECT_TRUE(WaitFor([this] { return Canvas().Flags().size() == 4U; }));
+    QTest::keyClick(&Canvas(), Qt::Key_Escape);
+    EXPECT_TRUE(Pane().Hint().isEmpty());
+    ClickOnSheet(0.4, 0.4);
+    EXPECT_EQ(Points().size(), 4U);
+    EXPECT_FALSE(PlaceButton()->isChecked());
+}
+
+TEST_F(DrawingRoad, APlaceHasItsPage) {
+    Canvas().ShowPage(1);
+    EXPECT_TRUE(ChooseInMenu(PixelOf(0.5, 0.5), u"在此新建检查点"_s));
+    ASSERT_EQ(Points().size(), 3U);
+    EXPECT_EQ(Points().back().place.page, 1);
+}
+
+TEST_F(DrawingRoad, ACheckpointIsMovedByItsMenuAndAClick) {
+    EXPECT_TRUE(ChooseInMenu(OnFlag(without), u"移动检查点"_s));
+    EXPECT_TRUE(Pane().Hint().contains(u"检查点4"_s));
+    ClickOnSheet(0.9, 0.8);
+    EXPECT_TRUE(Pane().Hint().isEmpty());
+    EXPECT_NEAR(double(Points()[1].place.x), 900, 2);
+    EXPECT_NEAR(double(Points()[1].place.y), 800, 2);
+    EXPECT_TRUE(ChooseInMenu(OnFlag(without), u"移动检查点"_s));
+    QTest::keyClick(&Canvas(), Qt::Key_Escape);
+    ClickOnSheet(0.1, 0.1);
+    EXPECT_NEAR(double(Points()[1].place.x), 900, 2) << "left off";
+}
+
+TEST_F(DrawingRoad, WhatAnotherClientMovedMeanwhileIsNotMovedUnseen) {
+    EXPECT_TRUE(ChooseInMenu(OnFlag(without), u"移动检查点"_s));
+    auto theirs = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+    EXPECT_EQ(theirs.site->Drawings().MoveCheckpoint({site.firstProject}, without, {0, 10, 10},
+                                                     {u"李娜"_s, 1'700'000'000}),
+              site::Saved::Yes);
+    ClickOnSheet(0.9, 0.8);
+    EXPECT_TRUE(Says(u"检查点4刚被其他人修改"_s));
+    EXPECT_EQ(Points()[1].place.x, 10);
+    EXPECT_TRUE(WaitFor([this] { return Canvas().Flags()[1].place == QPointF(0.01, 0.01); }));
+}
+
+TEST_F(DrawingRoad, WhatAnotherClientChangesIsSeenAtOnce) {
+    auto theirs = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+    EXPECT_TRUE(theirs.site->Drawings()
+                    .AddCheckpoint({site.firstProject}, drawing, {0, 500, 500}, 0,
+                                   {u"李娜"_s, 1'700'000'000})
+                    .has_value());
+    EXPECT_TRUE(WaitFor([this] { return Canvas().Flags().size() == 3U; }));
+    site::NewPdfPhoto photo;
+    photo.checkpointId = without;
+    photo.fileName = u"新.jpg"_s;
+    photo.uploader = u"李娜"_s;
+    photo.uploadTime = 1'700'000'000;
+    static_cast<void>(theirs.site->NewIntake()->FilePdfPhoto(site.firstProject, photo,
+                                                             {{}, JpegBytes(qRgb(1, 2, 3))}));
+    EXPECT_TRUE(WaitFor([this] { return Canvas().Flags()[1].photos == 1; }));
+    static_cast<void>(theirs.site->NewIntake()->AddDrawing(site.firstProject, u"二层"_s,
+                                                           {{}, drawingtest::PlainPdf(1, kSheet)}));
+    EXPECT_TRUE(WaitFor([this] { return Choice()->findText(u"二层"_s) >= 0; }));
+    EXPECT_EQ(Choice()->currentText(), u"首层平面图"_s);
+    EXPECT_EQ(Store().Present(), SheetStore::State::Open) << "not opened again";
+}
+
+TEST_F(DrawingRoad, ACheckpointWithPhotosStaysAndOneWithoutGoesToTheBin) {
+    support::AnsweredPrompts prompts;
+    prompts.ExpectOkCancel(u"确定删除检查点3？30 天内可以从回收站恢复。"_s, true);
+    EXPECT_TRUE(ChooseInMenu(OnFlag(withPhoto), u"删除检查点"_s));
+    EXPECT_EQ(Points().size(), 2U);
+    EXPECT_FALSE(Messages().isEmpty());
+    prompts.ExpectOkCancel(u"确定删除检查点4？30 天内可以从回收站恢复。"_s, false);
+    EXPECT_TRUE(ChooseInMenu(OnFlag(without), u"删除检查点"_s));
+    EXPECT_EQ(Points().size(), 2U);
+    prompts.ExpectOkCancel(u"确定删除检查点4？30 天内可以从回收站恢复。"_s, true);
+    EXPECT_TRUE(ChooseInMenu(OnFlag(without), u"删除检查点"_s));
+    EXPECT_EQ(Points().size(), 1U);
+    EXPECT_EQ(session.Site().Bin().List().front().kind, site::BinKind::Checkpoint);
+    EXPECT_TRUE(WaitFor([this] { return Canvas().Flags().size() == 1U; }));
+}
+
+TEST_F(DrawingRoad, PhotosAreFiledOnAFlagByDropAndByMenu) {
+    const QString first = folder.Write(u"photos/甲.jpg"_s, JpegBytes(qRgb(250, 1, 1)));
+    const QString second = folder.Write(u"photos/乙.jpg"_s, JpegBytes(qRgb(1, 250, 1)));
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(first)});
+    const QPoint at = Canvas().mapTo(&Pane(), OnFlag(without));
+    QDragEnterEvent enter(at, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&Pane(), &enter);
+    QDropEvent drop(at, Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&Pane(), &drop);
+    EXPECT_TRUE(WaitFor([this] { return Points()[1].photos == 1; }));
+    EXPECT_TRUE(Says(u"1"_s));
+    support::AnsweredPrompts prompts;
+    prompts.ExpectOpenFiles(u"照片 (*.jpg *.jpeg *.png *.bmp)"_s, {second, first});
+    EXPECT_TRUE(WaitFor([this] { return ChooseInMenu(OnFlag(without), u"添加照片..."_s); }));
+    EXPECT_TRUE(WaitFor([this] { return Points()[1].photos == 2; })) << "one was there already";
+    EXPECT_TRUE(WaitFor([this] { return Canvas().Flags()[1].photos == 2; }));
+}
+
+TEST_F(DrawingRoad, ALookupBringsTheDrawingToTheFrontAndItsFlagBlinks) {
+    Choose(Drawings().front());
+    client->Window()->ShowDrawingFace(false);
+    Locate(without);
+    ASSERT_TRUE(WaitFor([this] { return client->Window()->IsDrawingInFront(); }));
+    EXPECT_TRUE(WaitFor([this] { return Canvas().IsLit(); }));
+    EXPECT_EQ(session.Drawing().drawingId, drawing);
+    Locate(987'654);
+    EXPECT_TRUE(WaitFor([this] { return !Canvas().IsLit(); }));
+    EXPECT_EQ(session.Drawing().drawingId, drawing) << "nobody knows where that is";
+}
+
+TEST_F(DrawingRoad, WithoutTheRightNothingCanBeChanged) {
+    End();
+    ASSERT_FALSE(session.Open(folder.Path(u"data"_s)));
+    ASSERT_TRUE(session.SignIn(u"李娜"_s));
+    Start();
+    ASSERT_TRUE(ChooseProject(u"一期工程"_s) || session.CurrentProject().ppid != 0);
+    Press(Qt::Key_D);
+    Choose(u"首层平面图"_s);
+    ASSERT_TRUE(WaitFor([this] { return Canvas().Flags().size() == kPoints; }));
+    ASSERT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Open; }));
+    EXPECT_FALSE(PlaceButton()->isVisible());
+    EXPECT_FALSE(ChooseInMenu(PixelOf(0.5, 0.5), u"在此新建检查点"_s));
+    EXPECT_FALSE(ChooseInMenu(OnFlag(without), u"删除检查点"_s));
+    ASSERT_TRUE(WaitFor([&] {
+        return hands::DropPaths(client->Window(),
+                                {folder.Write(u"甲.pdf"_s, drawingtest::PlainPdf(1, kSheet))});
+    }));
+    EXPECT_TRUE(Says(u"没有权限导入图纸"_s));
+    EXPECT_EQ(Drawings().size(), 2);
+}
+
+TEST_F(DrawingRoad, AnotherProjectHasItsOwnDrawings) {
+    ASSERT_TRUE(ChooseProject(u"二期工程"_s));
+    EXPECT_EQ(Choice()->count(), 0);
+    EXPECT_TRUE(Canvas().Flags().empty());
+    EXPECT_EQ(Store().Present(), SheetStore::State::Empty);
+    ASSERT_TRUE(ChooseProject(u"一期工程"_s));
+    EXPECT_EQ(Choice()->count(), 2);
+}
+
+TEST_F(DrawingRoad, ADrawingThatIsRemovedElsewhereGoesFromTheView) {
+    auto theirs = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+    const qint32 added = theirs.site->NewIntake()->AddDrawing(
+        site.firstProject, u"二层"_s, {{}, drawingtest::PlainPdf(1, kSheet)});
+    ASSERT_TRUE(WaitFor([this] { return Choice()->findText(u"二层"_s) >= 0; }));
+    Choose(u"二层"_s);
+    ASSERT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Open; }));
+    EXPECT_TRUE(
+        theirs.site->Bin().DeleteDrawing({site.firstProject}, added, {u"李娜"_s, 1'700'000'000}));
+    EXPECT_TRUE(WaitFor([this] { return Choice()->findText(u"二层"_s) < 0; }));
+    EXPECT_NE(session.Drawing().drawingId, added);
+}
+
+} // namespace
+} // namespace roads
