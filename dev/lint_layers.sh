@@ -4,7 +4,7 @@
 
 # A row for each folder that has sources, itself included in it; what stands in no row is forbidden.
 # Circles, all between rooms of one library: toolkit, toolkit/windows and toolkit/controls;
-# host/ui with host/ui/marks and host/ui/plan; sample with sample/render, sample/scenes, sample/site.
+# host/ui with host/ui/marks and host/ui/plan; sample with sample/drawings, sample/render, sample/scenes, sample/site.
 layers='
 services: services
 include: include services
@@ -29,9 +29,10 @@ site/blobs: site site/blobs
 site/transfer: site site/blobs site/transfer
 site/sqlite: site site/blobs site/sqlite site/transfer
 sample: sample sample/render sample/scenes sample/site site
+sample/drawings: sample sample/drawings
 sample/render: sample sample/render
 sample/scenes: sample sample/render sample/scenes
-sample/site: sample sample/scenes sample/site site
+sample/site: sample sample/drawings sample/scenes sample/site site
 host: host/app
 host/app: host/app host/drawings host/import host/reminders host/services host/session host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/plan include sample services site site/transfer toolkit toolkit/controls toolkit/media toolkit/windows
 host/drawings: host/drawings

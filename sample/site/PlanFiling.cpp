@@ -2,6 +2,7 @@
 
 #include "sample/VoiceNote.h"
 #include "sample/site/SiteVocabulary.h"
+#include "site/IComments.h"
 #include "site/IIntake.h"
 
 namespace sample {
@@ -35,8 +36,8 @@ std::vector<PictureOrder> OrdersOf(const SitePlan& plan) {
 
 PlanFiling::PlanFiling(site::ISite& target, const SitePlan& sitePlan,
                        std::function<QString(size_t)> pictureAt, std::function<void()> step)
-    : m_intake(target.NewIntake()), m_plan(sitePlan), m_pathOf(std::move(pictureAt)),
-      m_onStep(std::move(step)) {}
+    : m_site(target), m_intake(target.NewIntake()), m_plan(sitePlan),
+      m_pathOf(std::move(pictureAt)), m_onStep(std::move(step)) {}
 
 int PlanFiling::Steps(const SitePlan& plan) {
     return static_cast<int>(plan.photos.size() + plan.drawings.size() + plan.pdfPhotos.size() +
@@ -98,7 +99,7 @@ void PlanFiling::FileDrawings() {
     std::vector<qint32> drawings;
     for (const PlannedDrawing& drawing : m_plan.drawings) {
         drawings.push_back(m_intake->AddDrawing(m_projects[static_cast<size_t>(drawing.project)],
-                                                drawing.name, {{}, MakeDrawing(drawing.sheet)}));
+                                                drawing.name, {{}, MakeDrawing(drawing.sheet)}, 1));
         m_onStep();
     }
     std::vector<qint32> checkpointPpids;
@@ -112,6 +113,10 @@ void PlanFiling::FileDrawings() {
         m_checkpoints.push_back(m_intake->AddCheckpoint(ppid, record));
         if (checkpoint.voice.milliseconds > 0) {
             m_intake->SetCheckpointVoice(ppid, m_checkpoints.back(), VoiceOf(checkpoint.voice));
+        }
+        for (const PlannedComment& comment : checkpoint.comments) {
+            static_cast<void>(m_site.Comments().Add({ppid}, m_checkpoints.back(), comment.text,
+                                                    {comment.person, comment.at}));
         }
     }
     for (const PlannedPdfPhoto& photo : m_plan.pdfPhotos) {

@@ -34,6 +34,7 @@ private:
     [[nodiscard]] site::FileSource NextPicture();
     [[nodiscard]] std::vector<qint32> LabelIds(const std::vector<qint32>& numbers) const;
 
+    site::ISite& m_site;
     std::unique_ptr<site::IIntake> m_intake;
     const SitePlan& m_plan;
     std::function<QString(size_t)> m_pathOf;

@@ -56,7 +56,7 @@ PlanScale ScaleOf(SampleSize size) {
     case SampleSize::Small:
         return {40, 0, 10, 2, 8, {800, 600}, {640, 480}};
     case SampleSize::Full:
-        return {300, 10, 90, 9, 120, {1600, 1200}, {960, 720}};
+        return {300, 10, 90, 6, 120, {1600, 1200}, {960, 720}};
     }
     return {};
 }

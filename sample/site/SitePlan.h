@@ -1,9 +1,9 @@
 // Everything that the sample site consists of, before anything is drawn or stored.
 #pragma once
 
-#include "sample/DrawingSheet.h"
 #include "sample/PictureArtist.h"
 #include "sample/SampleSize.h"
+#include "sample/drawings/DrawingSheet.h"
 #include "site/NewRecords.h"
 
 #include <QString>
@@ -32,9 +32,16 @@ struct PlannedPdfPhoto {
     PictureOrder picture;
 };
 
+struct PlannedComment {
+    QString person;
+    QString text; ///< with the name before it, as a viewer sends it
+    qint64 at = 0;
+};
+
 struct PlannedCheckpoint {
     site::NewCheckpoint record; ///< drawingId: number of the drawing; labelIds: numbers of labels
     PlannedVoice voice;
+    std::vector<PlannedComment> comments; ///< the oldest first
 };
 
 struct PlannedDrawing {

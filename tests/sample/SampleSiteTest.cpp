@@ -1,5 +1,7 @@
 #include "sample/SampleSite.h"
 
+#include "site/ICatalogue.h"
+#include "site/IDrawings.h"
 #include "site/blobs/FileStore.h"
 #include "site/sqlite/Catalogue.h"
 #include "site/sqlite/DataFolder.h"
@@ -152,10 +154,28 @@ TEST_F(MadeSite, IsFiledWithItsFiles) {
     EXPECT_EQ(site->Count(u"workset"_s), 1);
     EXPECT_EQ(site->Count(u"bim_photo"_s), 40);
     EXPECT_EQ(site->Count(u"pdf_photo"_s), 10);
-    EXPECT_EQ(site->Count(u"drawing"_s), 4);
+    EXPECT_EQ(site->Count(u"drawing"_s), 6);
     EXPECT_EQ(site->Count(u"issue"_s), 8);
     EXPECT_EQ(site->StoredFiles(), site->Count(u"file"_s));
     EXPECT_FALSE(site->HasWorkshop());
+}
+
+TEST_F(MadeSite, EveryDrawingIsAPdfOfOnePageWithCheckpointsOnIt) {
+    site::SqliteSite opened(site->folder);
+    int drawings = 0;
+    for (const site::ProjectEntry& project : opened.Catalogue().Projects()) {
+        for (const site::DrawingEntry& drawing : opened.Drawings().List(project.ppid)) {
+            ++drawings;
+            EXPECT_EQ(drawing.pages, 1);
+            EXPECT_EQ(drawing.checkpoints, 2);
+            QFile file(site->folder.Store().PathOf(drawing.fileUuid));
+            ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+            EXPECT_EQ(file.read(5), "%PDF-");
+            const auto flags = opened.Drawings().Flags({project.ppid}, drawing.id);
+            EXPECT_GE(flags->front().comments, 3);
+        }
+    }
+    EXPECT_EQ(drawings, 6);
 }
 
 TEST_F(MadeSite, TheProgressRoseToTheTotal) {

@@ -1,5 +1,6 @@
 #include "sample/site/SitePlan.h"
 
+#include "sample/drawings/SheetGrid.h"
 #include "sample/site/PlanFiling.h"
 #include "sample/site/SiteVocabulary.h"
 #include "site/RectifyStates.h"
@@ -12,6 +13,7 @@
 #include <algorithm>
 #include <functional>
 #include <gtest/gtest.h>
+#include <map>
 #include <set>
 
 namespace {
@@ -76,7 +78,8 @@ TEST(SitePlan, TheFullSiteHasItsNumbers) {
     const sample::SitePlan plan = sample::MakeSitePlan(SampleSize::Full, kNow);
     EXPECT_EQ(plan.photos.size(), 300);
     EXPECT_EQ(plan.pdfPhotos.size(), 90);
-    EXPECT_EQ(plan.drawings.size(), 4);
+    EXPECT_EQ(plan.drawings.size(), 6);
+    EXPECT_EQ(plan.checkpoints.size(), 36);
     EXPECT_EQ(plan.issues.size(), 120);
     std::set<sample::SceneKind> bigKinds;
     int upright = 0;
@@ -158,6 +161,50 @@ TEST_P(SitePlanOf, EveryPlaceExists) {
     for (const auto& photo : plan.pdfPhotos) {
         EXPECT_LT(static_cast<size_t>(photo.record.checkpointId), plan.checkpoints.size());
     }
+}
+
+TEST_P(SitePlanOf, CheckpointsLieApartWithinTheAxesOfTheirDrawing) {
+    std::set<std::pair<QString, qint32>> names;
+    for (const auto& drawing : plan.drawings) {
+        EXPECT_TRUE(names.insert({drawing.name, drawing.project}).second) << "twice in a project";
+    }
+    std::map<qint32, std::vector<QPointF>> placed;
+    for (const auto& point : plan.checkpoints) {
+        const auto& order = plan.drawings[static_cast<size_t>(point.record.drawingId)].sheet;
+        const QRectF outline = sample::SheetGrid(order.columns, order.rows).Outline();
+        const QPointF at(static_cast<double>(point.record.x) * sample::kSheetWidth / 1000,
+                         static_cast<double>(point.record.y) * sample::kSheetHeight / 1000);
+        EXPECT_TRUE(outline.contains(at));
+        for (const QPointF& other : placed[point.record.drawingId]) {
+            EXPECT_GT((at - other).manhattanLength(), 300) << "3 cm";
+        }
+        placed[point.record.drawingId].push_back(at);
+    }
+    EXPECT_EQ(placed.size(), plan.drawings.size());
+}
+
+TEST_P(SitePlanOf, CheckpointsAreTalkedAboutAndSomeHaveSeveralPhotos) {
+    size_t most = 0;
+    for (const auto& point : plan.checkpoints) {
+        most = std::max(most, point.comments.size());
+        qint64 last = point.record.updateTime;
+        for (const auto& comment : point.comments) {
+            EXPECT_TRUE(comment.text.startsWith(comment.person + u"："_s));
+            EXPECT_GE(comment.at, last);
+            EXPECT_LE(comment.at, kNow);
+            last = comment.at;
+        }
+    }
+    EXPECT_GE(most, 3U);
+    std::map<qint32, int> photos;
+    for (const auto& photo : plan.pdfPhotos) {
+        ++photos[photo.record.checkpointId];
+    }
+    EXPECT_GE(std::max_element(
+                  photos.begin(), photos.end(),
+                  [](const auto& one, const auto& other) { return one.second < other.second; })
+                  ->second,
+              2);
 }
 
 TEST_P(SitePlanOf, NamesAreFitForTheStore) {
