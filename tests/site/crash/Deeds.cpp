@@ -33,11 +33,20 @@ public:
 
     void Do() {
         using Way = void (Deed::*)();
-        constexpr std::array<Way, 12> kWays = {
-            &Deed::SavePhoto,   &Deed::HidePhotos,        &Deed::DeletePhotos,
-            &Deed::Restore,     &Deed::SaveCheckpoint,    &Deed::SavePdf,
-            &Deed::DeletePdf,   &Deed::HideOrDeleteIssue, &Deed::FilePhotos,
-            &Deed::PurgeSeldom, &Deed::Comment,           &Deed::ChangeDrawing,
+        constexpr std::array<Way, 13> kWays = {
+            &Deed::SavePhoto,
+            &Deed::HidePhotos,
+            &Deed::DeletePhotos,
+            &Deed::Restore,
+            &Deed::SaveCheckpoint,
+            &Deed::SavePdf,
+            &Deed::DeletePdf,
+            &Deed::HideOrDeleteIssue,
+            &Deed::FilePhotos,
+            &Deed::PurgeSeldom,
+            &Deed::Comment,
+            &Deed::ChangeDrawing,
+            &Deed::FileOrRemoveDrawing,
         };
         (this->*kWays[Below(int(kWays.size()))])();
     }
@@ -114,6 +123,17 @@ public:
                 drawings.MoveCheckpoint({kProject}, qint32(points.front()), place, Signature()));
         } else {
             m_engine.Bin().DeleteCheckpoint({kProject}, qint32(points.front()), Signature());
+        }
+    }
+
+    /// The first one stays: it has checkpoints.
+    void FileOrRemoveDrawing() {
+        const std::vector<qint64> drawings = Some(u"drawing"_s, 1);
+        if (drawings.front() == 1) {
+            site::SiteWriter(m_folder).AddDrawing(kProject, u"新图纸%1"_s.arg(m_number),
+                                                  Content(u"sheet"_s), 1);
+        } else {
+            m_engine.Bin().DeleteDrawing({kProject}, qint32(drawings.front()), Signature());
         }
     }
 
