@@ -23,8 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kPlaceUnit = 1000;
-
 site::DrawingPlace PlaceOf(const SheetPlace& place) {
     return {place.page, std::lround(place.at.x() * kPlaceUnit),
             std::lround(place.at.y() * kPlaceUnit)};

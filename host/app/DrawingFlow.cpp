@@ -22,8 +22,6 @@ namespace {
 
 /// Between two times that checkpoints are drawn anew, milliseconds.
 constexpr int kFlagsPauseMs = 300;
-/// Places of checkpoints count thousandths of the page.
-constexpr double kPlaceUnit = 1000;
 
 SheetFlag FlagOf(const site::CheckpointFlag& point) {
     return {

@@ -22,6 +22,9 @@ class DrawingPane;
 class HostSession;
 class MainWindow;
 
+/// Places of checkpoints count thousandths of the page.
+inline constexpr double kPlaceUnit = 1000;
+
 /// Shows one drawing with its checkpoints, keeps both as they are in the site, opens checkpoints
 /// through the module, and lets one be picked for the editor of a photo. Session, window and module
 /// must outlive it. Thread: user interface.
