@@ -17,7 +17,7 @@ toolkit/windows: toolkit toolkit/controls toolkit/windows
 base: base include services toolkit toolkit/controls toolkit/windows
 editors: base editors services toolkit toolkit/controls toolkit/windows
 report: report toolkit/windows
-viewers: base report services toolkit toolkit/controls toolkit/media toolkit/windows viewers
+viewers: base editors report services toolkit toolkit/controls toolkit/media toolkit/windows viewers
 console: base console editors include services toolkit toolkit/controls toolkit/grid toolkit/media toolkit/windows viewers
 reminder/feed: base include reminder/feed services toolkit toolkit/windows
 reminder/marks: base include reminder/marks services toolkit

@@ -1,14 +1,12 @@
 #include "editors/BimPicEditDlg.h"
 
 #include "base/Guard.h"
-#include "base/MarkBox.h"
 #include "editors/LabelTreeEdit.h"
+#include "editors/MarkChoice.h"
 #include "editors/PositionPicker.h"
 #include "services/Factories.h"
 #include "services/IKXAuthMng.h"
-#include "services/IKXLocalCacheData.h"
 #include "services/IVeskPicMng.h"
-#include "toolkit/Look.h"
 #include "toolkit/controls/TextLimit.h"
 #include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WaitCursor.h"
@@ -117,19 +115,12 @@ void CBimPicEditDlg::FillStatus() {
 
 void CBimPicEditDlg::FillMarks() {
     const toolkit::StillThere still(Id());
-    std::map<qint32, KX_DATA::MarkRecord> table;
-    if (!GetKXLocalCacheData()->GetMarkTable(table)) {
-        throw e_VeskPicMngStatus::MarksFailed;
-    }
+    const auto table = ZelvorNRQ_KXVeskPicture::FetchMarks();
     if (!still) {
         return;
     }
-    std::vector<ZelvorNRQ_KXVeskPicture::MarkEntry> marks;
-    for (const auto& [markId, mark] : table) {
-        marks.push_back({markId, {mark.color, mark.name}});
-    }
     CColorTxtComboBox& combo = *m_form->markCombo;
-    m_edit.markIds = ZelvorNRQ_KXVeskPicture::FillMarkBox(combo, marks);
+    m_edit.markIds = ZelvorNRQ_KXVeskPicture::FillMarkBox(combo, table);
     const auto own = table.find(m_edit.markId);
     if (own == table.end()) {
         combo.setCurrentIndex(kNoEntry);
@@ -143,14 +134,8 @@ void CBimPicEditDlg::ConnectControls() {
     QObject::connect(m_form->okButton, &QPushButton::clicked, Widget(), [this] { OnSave(); });
     QObject::connect(m_form->cancelButton, &QPushButton::clicked, Widget(),
                      [this] { EndDialog(DialogResult::Cancelled); });
-    // What a box has no room for stands in its tip.
     for (QComboBox* combo : Widget()->findChildren<QComboBox*>()) {
-        const QString purpose = combo->toolTip();
-        QObject::connect(combo, &QComboBox::currentTextChanged, combo,
-                         [combo, purpose](const QString& text) {
-                             const QString tip = text.isEmpty() ? purpose : text + u'\n' + purpose;
-                             combo->setToolTip(toolkit::PlainTip(tip));
-                         });
+        ZelvorNRQ_KXVeskPicture::KeepTextInTip(*combo);
     }
 }
 

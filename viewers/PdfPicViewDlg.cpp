@@ -3,9 +3,9 @@
 #include "base/ConsoleMode.h"
 #include "base/FacadeAccess.h"
 #include "base/Guard.h"
-#include "base/MissingDialogs.h"
 #include "base/OpenProject.h"
 #include "base/PictureLog.h"
+#include "editors/CheckPtEditDlg.h"
 #include "services/Factories.h"
 #include "services/IKXAuthMng.h"
 #include "services/IKXGlobalData.h"
@@ -57,17 +57,16 @@ QString ThumbFolder() {
     return folder;
 }
 
-DialogResult NoEditor() {
-    ZelvorNRQ_KXVeskPicture::AnswerAsCancelled(
-        ZelvorNRQ_KXVeskPicture::MissingDialog::CheckpointEditor);
-    return DialogResult::Cancelled;
+DialogResult RunCheckpointEditor(const KX_DATA::CheckpointEdit& edit, const QString& markName,
+                                 toolkit::WindowId parent) {
+    CCheckPtEditDlg editor(edit, markName);
+    return editor.DoModal(parent);
 }
 
 } // namespace
 
 CPdfPicViewDlg::CPdfPicViewDlg(CPdfPicViewWrap* window)
-    : runEditor([](const auto&, const auto&, auto) { return NoEditor(); }), wrap(window),
-      m_note(*this, TermsOfNote()) {}
+    : runEditor(RunCheckpointEditor), wrap(window), m_note(*this, TermsOfNote()) {}
 
 gallery::NoteTerms CPdfPicViewDlg::TermsOfNote() {
     gallery::NoteTerms terms;

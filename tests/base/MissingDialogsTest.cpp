@@ -39,7 +39,6 @@ TEST(MissingDialogs, EachIsToldByItsName) {
     QStringList told;
     toolkit::SetNoticeSink([&](const QString& text) { told << text; });
     for (const auto& [dialog, name] : {std::pair(MissingDialog::PdfPicEditor, u"图纸照片编辑"_s),
-                                       std::pair(MissingDialog::CheckpointEditor, u"检查点编辑"_s),
                                        std::pair(MissingDialog::ConsolePicViewer, u"照片预览"_s),
                                        std::pair(MissingDialog::IssueViewer, u"问题查看"_s),
                                        std::pair(MissingDialog::IssueEditor, u"问题编辑"_s),

@@ -1,5 +1,7 @@
 // Deleting a picture and editing the checkpoint in the drawing photo viewer.
 #include "frame/KXVeskPictureImpl.h"
+#include "tests/support/Hands.h"
+#include "tests/support/ModalVisit.h"
 #include "tests/viewers/pdf/PdfViewFixture.h"
 
 #include <gmock/gmock.h>
@@ -135,9 +137,26 @@ TEST_F(PdfPicViewEditTest, TheEditorBeginsWithTheCheckpointsRecord) {
     EXPECT_EQ(openedParent, Pane().Id());
 }
 
+TEST_F(PdfPicViewEditTest, TheLinkOpensTheEditorOverTheViewerAndWhatItSavesIsShown) {
+    ASSERT_TRUE(Open());
+    const support::ModalVisit visit(u"CheckPtEditDlg"_s, [](QWidget& window) {
+        EXPECT_EQ(window.parentWidget(), Pane().Widget());
+        auto* remark = window.findChild<QPlainTextEdit*>(u"remarkEdit"_s);
+        EXPECT_EQ(remark->toPlainText(), u"请复查");
+        remark->selectAll();
+        remark->insertPlainText(u"已复查"_s);
+        support::Click(window.findChild<QPushButton*>(u"okButton"_s));
+    });
+    Click(Pane().EditButton());
+    EXPECT_TRUE(visit.HasCome());
+    EXPECT_EQ(host.drawings.lastEdit.checkpointId, 101);
+    EXPECT_EQ(Texts().remarkText->text(), u"检查点备注：已复查");
+    EXPECT_EQ(Log().CountOf("RefreshPdfMarks"), 1);
+}
+
 TEST_F(PdfPicViewEditTest, ACancelledEditReadsNothingAnew) {
     ASSERT_TRUE(Open());
-    EditWith(DialogResult::Cancelled, [this] { Stored().remark = u"neu"_s; });
+    EditWith(DialogResult::Cancelled, [this] { Stored().remark = u"新"_s; });
     EXPECT_THAT(Log().LinesOf({"GetDrawing", "RefreshPdfMarks"}), IsEmpty());
     EXPECT_EQ(Texts().remarkText->text(), u"检查点备注：请复查");
 }
