@@ -138,6 +138,11 @@ void CPdfPicViewDlg::BuildGallery(qint32 wantedPicId) {
     }
 }
 
+void CPdfPicViewDlg::OnCurPicChanged(int index) {
+    m_note.OnPicChanged();
+    ShowPicDetail(index);
+}
+
 void CPdfPicViewDlg::ShowPicDetail(int index) {
     // The gallery may show pictures that the checkpoint doesn't have.
     if (index < 0 || index >= int(items.size())) {

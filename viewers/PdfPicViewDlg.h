@@ -50,7 +50,7 @@ public:
     [[nodiscard]] QPushButton* ReportButton() const { return reportBtn; }
 
 protected:
-    void OnCurPicChanged(int index) override { ShowPicDetail(index); }
+    void OnCurPicChanged(int index) override;
     void OnCreated() override;
     void OnDestroyed() override;
     void OnResized() override { LayoutPicPane(); }

@@ -73,6 +73,14 @@ TEST_F(PdfPicViewNoteTest, PicturesThatAreOnlyKeptOnTheScreenLendNoNote) {
     EXPECT_FALSE(Pane().Note().Button()->isEnabled());
 }
 
+TEST_F(PdfPicViewNoteTest, BesidePicturesThatAreOnlyKeptTheCheckpointsOwnNotePlays) {
+    ASSERT_TRUE(Open(101));
+    ASSERT_TRUE(support::WaitFor([] { return Pane().State().activeDownloads == 0; }));
+    OpenAndPlay(103);
+    EXPECT_EQ(Pane().State().Count(), 3);
+    EXPECT_TRUE(Pane().Note().IsPlaying());
+}
+
 TEST_F(PdfPicViewNoteTest, AfterTheOnlyPictureWasDeletedTheNoteStillPlays) {
     GiveNote(102);
     ASSERT_TRUE(Open(102));
@@ -103,6 +111,24 @@ TEST_F(PdfPicViewNoteTest, ClosingTheWindowStopsTheNoteBeforeItGoes) {
     host.script.During("QueryPdfPics", [&] { plays = Pane().Note().IsPlaying(); });
     Wrap().Widget()->close();
     EXPECT_FALSE(plays);
+}
+
+TEST_F(PdfPicViewNoteTest, ThePanesOwnCloseStopsTheNoteBeforeTheConsoleComesBack) {
+    OpenAndPlay();
+    ASSERT_TRUE(Pane().Note().IsPlaying());
+    Facade().ShowPicMng(kModePdf);
+    Facade().reopenConsole = true;
+    bool plays = true;
+    host.script.During("QueryPdfPics", [&] { plays = Pane().Note().IsPlaying(); });
+    Pane().Widget()->close();
+    EXPECT_FALSE(plays);
+}
+
+TEST_F(PdfPicViewNoteTest, WindowsThatEndWithTheirProjectTakeTheNoteAlongAtOnce) {
+    OpenAndPlay();
+    ASSERT_TRUE(Pane().Note().IsPlaying());
+    Wrap().DestroyViews();
+    EXPECT_FALSE(Pane().Note().IsPlaying());
 }
 
 TEST_F(PdfPicViewNoteTest, AnEditWritesThePlayersTextAnewAndStopsNothing) {
