@@ -10,58 +10,58 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr QSizeF kSheet(2000, 1000);
-constexpr QSizeF kPane(824, 624);
+constexpr QSizeF kArea(824, 624);
 
 QPointF Rounded(const QPointF& point) {
     return {std::round(point.x() * 1e6) / 1e6, std::round(point.y() * 1e6) / 1e6};
 }
 
 TEST(SheetView, TheWholeSheetFitsWithALittleRoom) {
-    const SheetView fit = FitSheet(kSheet, kPane);
+    const SheetView fit = FitSheet(kSheet, kArea);
     EXPECT_DOUBLE_EQ(fit.scale, 0.4);
-    EXPECT_EQ(ToPane(fit, kPane, {0, 0}), QPointF(12, 112));
-    EXPECT_EQ(ToPane(fit, kPane, {2000, 1000}), QPointF(812, 512));
+    EXPECT_EQ(ToPane(fit, kArea, {0, 0}), QPointF(12, 112));
+    EXPECT_EQ(ToPane(fit, kArea, {2000, 1000}), QPointF(812, 512));
 }
 
 TEST(SheetView, PlacesGoToThePaneAndBack) {
     const SheetView view{1.7, {300, 400}};
-    EXPECT_EQ(Rounded(ToSheet(view, kPane, ToPane(view, kPane, {12, 34}))), QPointF(12, 34));
-    EXPECT_TRUE(SeenOfSheet(view, kPane).contains(QPointF(300, 400)));
-    EXPECT_DOUBLE_EQ(SeenOfSheet(view, kPane).width(), kPane.width() / 1.7);
+    EXPECT_EQ(Rounded(ToSheet(view, kArea, ToPane(view, kArea, {12, 34}))), QPointF(12, 34));
+    EXPECT_TRUE(SeenOfSheet(view, kArea).contains(QPointF(300, 400)));
+    EXPECT_DOUBLE_EQ(SeenOfSheet(view, kArea).width(), kArea.width() / 1.7);
 }
 
 TEST(SheetView, ZoomKeepsWhatIsUnderThePointer) {
-    SheetView view = ClampSheet({2, {1000, 500}}, kSheet, kPane);
+    SheetView view = ClampSheet({2, {1000, 500}}, kSheet, kArea);
     const QPointF pointer(200, 500);
-    const QPointF before = ToSheet(view, kPane, pointer);
+    const QPointF before = ToSheet(view, kArea, pointer);
     for (const double factor : {1.25, 1.25, 0.8, 1.6}) {
-        view = ZoomSheet(view, kSheet, kPane, pointer, factor);
-        EXPECT_EQ(Rounded(ToSheet(view, kPane, pointer)), Rounded(before));
+        view = ZoomSheet(view, kSheet, kArea, pointer, factor);
+        EXPECT_EQ(Rounded(ToSheet(view, kArea, pointer)), Rounded(before));
     }
 }
 
 TEST(SheetView, ZoomEndsAtTheWholeSheetAndAtTheSharpest) {
-    SheetView view = FitSheet(kSheet, kPane);
-    EXPECT_EQ(ZoomSheet(view, kSheet, kPane, {0, 0}, 0.1), view);
+    SheetView view = FitSheet(kSheet, kArea);
+    EXPECT_EQ(ZoomSheet(view, kSheet, kArea, {0, 0}, 0.1), view);
     for (int times = 0; times < 40; ++times) {
-        view = ZoomSheet(view, kSheet, kPane, {400, 300}, 1.5);
+        view = ZoomSheet(view, kSheet, kArea, {400, 300}, 1.5);
     }
     EXPECT_DOUBLE_EQ(view.scale, kMostScale);
 }
 
 TEST(SheetView, AHandThatMovesTakesTheSheetAlongButNotOutOfThePane) {
-    const SheetView view = ClampSheet({2, {1000, 500}}, kSheet, kPane);
-    const SheetView moved = PanSheet(view, kSheet, kPane, {30, -20});
-    EXPECT_EQ(ToPane(moved, kPane, {1000, 500}),
-              ToPane(view, kPane, {1000, 500}) + QPointF(30, -20));
-    const SheetView far = PanSheet(view, kSheet, kPane, {99'999, 99'999});
-    EXPECT_EQ(ToPane(far, kPane, {0, 0}), QPointF(64, 64));
-    const SheetView fit = FitSheet(kSheet, kPane);
-    EXPECT_EQ(PanSheet(fit, kSheet, kPane, {50, 50}), fit) << "a small sheet stays in the middle";
+    const SheetView view = ClampSheet({2, {1000, 500}}, kSheet, kArea);
+    const SheetView moved = PanSheet(view, kSheet, kArea, {30, -20});
+    EXPECT_EQ(ToPane(moved, kArea, {1000, 500}),
+              ToPane(view, kArea, {1000, 500}) + QPointF(30, -20));
+    const SheetView far = PanSheet(view, kSheet, kArea, {99'999, 99'999});
+    EXPECT_EQ(ToPane(far, kArea, {0, 0}), QPointF(64, 64));
+    const SheetView fit = FitSheet(kSheet, kArea);
+    EXPECT_EQ(PanSheet(fit, kSheet, kArea, {50, 50}), fit) << "a small sheet stays in the middle";
 }
 
 TEST(SheetView, ATinySheetIsNotBlownUpBeyondTheSharpest) {
-    EXPECT_DOUBLE_EQ(FitSheet({2, 1}, kPane).scale, kMostScale);
+    EXPECT_DOUBLE_EQ(FitSheet({2, 1}, kArea).scale, kMostScale);
 }
 
 std::vector<SheetFlag> Three() {
@@ -71,21 +71,21 @@ std::vector<SheetFlag> Three() {
 }
 
 TEST(SheetFlags, TheTipStandsOnThePlace) {
-    const SheetView view = FitSheet(kSheet, kPane);
-    const QRectF rect = FlagRect(Three()[0], kSheet, view, kPane);
-    EXPECT_EQ(QPointF(rect.center().x(), rect.bottom()), ToPane(view, kPane, {1000, 500}));
+    const SheetView view = FitSheet(kSheet, kArea);
+    const QRectF rect = FlagRect(Three()[0], kSheet, view, kArea);
+    EXPECT_EQ(QPointF(rect.center().x(), rect.bottom()), ToPane(view, kArea, {1000, 500}));
     SheetFlag large = Three()[0];
     large.number = 123'456;
-    EXPECT_GT(FlagRect(large, kSheet, view, kPane).width(), rect.width());
+    EXPECT_GT(FlagRect(large, kSheet, view, kArea).width(), rect.width());
 }
 
 TEST(SheetFlags, UnderAPointLiesTheFlagThatIsDrawnLastOfThePage) {
-    const SheetView view = FitSheet(kSheet, kPane);
+    const SheetView view = FitSheet(kSheet, kArea);
     const auto flags = Three();
-    const QPointF on = FlagRect(flags[0], kSheet, view, kPane).center();
-    EXPECT_EQ(FlagUnder(flags, 0, on, kSheet, view, kPane), 1);
-    EXPECT_EQ(FlagUnder(flags, 1, on, kSheet, view, kPane), -1);
-    EXPECT_EQ(FlagUnder(flags, 0, on + QPointF(60, 0), kSheet, view, kPane), -1);
+    const QPointF on = FlagRect(flags[0], kSheet, view, kArea).center();
+    EXPECT_EQ(FlagUnder(flags, 0, on, kSheet, view, kArea), 1);
+    EXPECT_EQ(FlagUnder(flags, 1, on, kSheet, view, kArea), -1);
+    EXPECT_EQ(FlagUnder(flags, 0, on + QPointF(60, 0), kSheet, view, kArea), -1);
 }
 
 TEST(SheetFlags, NextGoesByNumberRoundThePage) {
