@@ -10,7 +10,8 @@
 namespace bench {
 
 bool WatchedApplication::notify(QObject* receiver, QEvent* event) {
-    const bool painted = receiver == watched && event->type() == QEvent::Paint;
+    const bool isPaint = event->type() == QEvent::Paint;
+    const bool painted = isPaint && receiver == watched;
     const Stopwatch timer;
     ++m_depth;
     const bool answer = QApplication::notify(receiver, event);
@@ -21,6 +22,9 @@ bool WatchedApplication::notify(QObject* receiver, QEvent* event) {
     }
     if (painted && onPainted) {
         onPainted();
+    }
+    if (isPaint && onAnyPainted) {
+        onAnyPainted(*receiver);
     }
     return answer;
 }

@@ -14,6 +14,8 @@ public:
 
     const QObject* watched = nullptr;
     std::function<void()> onPainted;
+    /// The same for every object.
+    std::function<void(const QObject&)> onAnyPainted;
     /// Milliseconds of the longest event since this was last set to 0: so long the interface
     /// thread answered nobody.
     double longestEvent = 0;
