@@ -13,8 +13,6 @@ namespace {
 
 QString NameOf(MissingDialog dialog) {
     switch (dialog) {
-    case MissingDialog::PdfPicEditor:
-        return u"图纸照片编辑"_s;
     case MissingDialog::ConsolePicViewer:
         return u"照片预览"_s;
     case MissingDialog::IssueViewer:

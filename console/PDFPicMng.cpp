@@ -1,11 +1,11 @@
 #include "console/PDFPicMng.h"
 
 #include "base/FacadeAccess.h"
-#include "base/MissingDialogs.h"
 #include "base/OpenProject.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
+#include "editors/PdfPicEditDlg.h"
 #include "include/KXEvents.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
@@ -16,10 +16,8 @@
 
 using namespace Qt::StringLiterals;
 
-using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
 using ZelvorNRQ_KXVeskPicture::CurrentDrawing;
 using ZelvorNRQ_KXVeskPicture::IPictureFacade;
-using ZelvorNRQ_KXVeskPicture::MissingDialog;
 using ZelvorNRQ_KXVeskPicture::PictureFacade;
 
 namespace {
@@ -86,8 +84,9 @@ bool CPDFPicMng::IsRowInView(const CGridRow& row) {
 }
 
 bool CPDFPicMng::EditRow(CGridRow& row) {
-    Q_UNUSED(row);
-    return AnswerAsCancelled(MissingDialog::PdfPicEditor);
+    // False: the editor itself tells the console what it saved.
+    CPdfPicEditDlg::Instance().EditPic(RecordOf(row), grid->ParentId());
+    return false;
 }
 
 void CPDFPicMng::LocateRow(CGridRow& row) {

@@ -15,7 +15,7 @@ toolkit/media: toolkit toolkit/media
 toolkit/sound: toolkit/media toolkit/sound
 toolkit/windows: toolkit toolkit/controls toolkit/windows
 base: base include services toolkit toolkit/controls toolkit/windows
-editors: base editors services toolkit toolkit/controls toolkit/windows
+editors: base editors include services toolkit toolkit/controls toolkit/windows
 report: report toolkit/windows
 viewers: base editors report services toolkit toolkit/controls toolkit/media toolkit/windows viewers
 console: base console editors include services toolkit toolkit/controls toolkit/grid toolkit/media toolkit/windows viewers

@@ -7,6 +7,7 @@
 #include "console/ConsoleEvents.h"
 #include "console/VeskPicMngDlg.h"
 #include "editors/BimPicEditDlg.h"
+#include "editors/PdfPicEditDlg.h"
 #include "frame/HostObservers.h"
 #include "reminder/marks/KXVeskPicDataImpl.h"
 #include "reminder/popups/VeskMsgDlg.h"
@@ -223,7 +224,10 @@ bool CKXVeskPictureImpl::OpenPdfPicView(qint32 ppid, qint32 drawingId, const QSt
                                         KXWindow parent) {
     if (backToPdfEdit) {
         backToPdfEdit = false;
-        AnswerAsCancelled(MissingDialog::PdfPicEditor);
+        CPdfPicEditDlg& editor = CPdfPicEditDlg::Instance();
+        editor.OnPointPicked(drawingId);
+        editor.ShowRestored();
+        editor.BringToForeground();
         return false;
     }
     CPdfPicViewWrap& viewer = CPdfPicViewWrap::Instance();

@@ -38,8 +38,7 @@ TEST(MissingDialogs, EachIsToldByItsName) {
     SetLogFilePath(folder.Path(u"log"_s));
     QStringList told;
     toolkit::SetNoticeSink([&](const QString& text) { told << text; });
-    for (const auto& [dialog, name] : {std::pair(MissingDialog::PdfPicEditor, u"图纸照片编辑"_s),
-                                       std::pair(MissingDialog::ConsolePicViewer, u"照片预览"_s),
+    for (const auto& [dialog, name] : {std::pair(MissingDialog::ConsolePicViewer, u"照片预览"_s),
                                        std::pair(MissingDialog::IssueViewer, u"问题查看"_s),
                                        std::pair(MissingDialog::IssueEditor, u"问题编辑"_s),
                                        std::pair(MissingDialog::Report, u"输出报告"_s)}) {

@@ -2,6 +2,7 @@
 
 #include "base/PictureLog.h"
 #include "console/VeskPicMngDlg.h"
+#include "editors/PdfPicEditDlg.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "reminder/marks/KXVeskPicDataImpl.h"
 #include "tests/support/WaitFor.h"
@@ -20,6 +21,7 @@ void ForgetModule() {
     CVeskPicMngDlg::ReleaseInstance();
     CBimPicViewWrap::ReleaseInstance();
     CPdfPicViewWrap::ReleaseInstance();
+    CPdfPicEditDlg::ReleaseInstance();
     CKXVeskPicDataImpl::ReleaseInstance();
     CKXVeskPictureImpl::ReleaseInstance();
     ZelvorNRQ_KXVeskPicture::SetLogFilePath(QString());

@@ -1,153 +1,32 @@
 // Drawings in the main window, on a real data folder and with a real reader.
+#include "tests/roads/DrawingRoad.h"
+
 #include "hands/Hands.h"
-#include "host/ui/MainWindow.h"
-#include "host/ui/drawing/DrawingPane.h"
-#include "include/KXEvents.h"
 #include "site/IBin.h"
-#include "site/IDrawings.h"
 #include "site/IIntake.h"
 #include "site/IPdfPhotos.h"
 #include "site/OpenSite.h"
-#include "site/sqlite/SiteWriter.h"
 #include "tests/host/drawings/TestDrawings.h"
-#include "tests/roads/PhotoRoad.h"
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/EngineFolder.h"
 #include "tests/support/StoredFiles.h"
 #include "tests/support/WaitFor.h"
-#include "toolkit/windows/WindowRegistry.h"
 #include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
-#include <QComboBox>
-#include <QContextMenuEvent>
 #include <QDir>
 #include <QDirIterator>
 #include <QDropEvent>
 #include <QFile>
-#include <QMenu>
 #include <QMimeData>
-#include <QToolButton>
 #include <QtTest/QTest>
 
 namespace roads {
 namespace {
 
 using namespace Qt::StringLiterals;
-using host::DrawingCanvas;
 using host::SheetStore;
 using support::WaitFor;
-
-constexpr QSizeF kSheet(1000, 800);
-/// Points of the drawing with a sheet.
-constexpr int kPoints = 2;
-
-class DrawingRoad : public PhotoRoad {
-protected:
-    void Furnish() override {
-        PhotoRoad::Furnish();
-        site::SiteWriter writer(support::FolderOf(session));
-        drawing = writer.AddDrawing(site.firstProject, u"首层平面图"_s,
-                                    {{}, drawingtest::PlainPdf(2, kSheet)}, 2);
-        site::NewCheckpoint point;
-        point.drawingId = drawing;
-        point.number = 3;
-        point.markId = 1;
-        point.x = 250;
-        point.y = 250;
-        withPhoto = writer.AddCheckpoint(site.firstProject, point);
-        point.number = 4;
-        point.x = 750;
-        without = writer.AddCheckpoint(site.firstProject, point);
-        site::NewPdfPhoto photo;
-        photo.checkpointId = withPhoto;
-        photo.fileName = u"墙面.jpg"_s;
-        photo.uploader = u"张伟"_s;
-        photo.uploadTime = 1'700'000'000;
-        static_cast<void>(
-            writer.FilePdfPhoto(site.firstProject, photo, {{}, JpegBytes(qRgb(9, 9, 200))}));
-    }
-    void SetUp() override {
-        PhotoRoad::SetUp();
-        Press(Qt::Key_D);
-        Choose(u"首层平面图"_s);
-        ASSERT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Open; }));
-        ASSERT_TRUE(WaitFor([this] { return int(Canvas().Flags().size()) == kPoints; }));
-    }
-    [[nodiscard]] host::DrawingPane& Pane() const { return client->Window()->Drawing(); }
-    [[nodiscard]] DrawingCanvas& Canvas() const { return Pane().Canvas(); }
-    [[nodiscard]] SheetStore& Store() const { return Pane().Store(); }
-    [[nodiscard]] QComboBox* Choice() const {
-        return Pane().findChild<QComboBox*>(u"drawingChoice"_s);
-    }
-    void Choose(const QString& name) const {
-        const int index = Choice()->findText(name);
-        ASSERT_GE(index, 0);
-        Choice()->setCurrentIndex(index);
-        emit Choice()->activated(index);
-    }
-    [[nodiscard]] QPoint PixelOf(double x, double y) const {
-        return host::ToPane(Canvas().View(), Canvas().size(),
-                            {x * kSheet.width(), y * kSheet.height()})
-            .toPoint();
-    }
-    void ClickOnSheet(double x, double y) const {
-        QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, PixelOf(x, y));
-    }
-    /// Opens the menu of a flag, or of a place with none, and takes an entry; false if it has none.
-    [[nodiscard]] bool ChooseInMenu(const QPoint& at, const QString& entry) const {
-        bool isThere = false;
-        QTimer::singleShot(0, [&] {
-            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-            if (menu == nullptr) {
-                return;
-            }
-            for (QAction* action : menu->actions()) {
-                isThere = isThere || (action->text() == entry && action->isEnabled());
-            }
-            menu->close();
-            if (isThere) {
-                for (QAction* action : menu->actions()) {
-                    if (action->text() == entry) {
-                        action->trigger();
-                        return;
-                    }
-                }
-            }
-        });
-        QContextMenuEvent event(QContextMenuEvent::Mouse, at, Canvas().mapToGlobal(at));
-        QCoreApplication::sendEvent(&Canvas(), &event);
-        return isThere;
-    }
-    [[nodiscard]] QPoint OnFlag(qint32 point) const {
-        return Canvas().RectOf(point).center().toPoint() - QPoint(0, 3);
-    }
-    [[nodiscard]] std::vector<site::CheckpointFlag> Points() const {
-        return session.Site().Drawings().Flags({site.firstProject}, drawing).value();
-    }
-    [[nodiscard]] QStringList Drawings() const {
-        QStringList names;
-        for (const site::DrawingEntry& entry : session.Site().Drawings().List(site.firstProject)) {
-            names << entry.name;
-        }
-        return names;
-    }
-    [[nodiscard]] QToolButton* PlaceButton() const {
-        return Pane().findChild<QToolButton*>(u"placeCheckpoint"_s);
-    }
-    void Locate(qint32 point) const {
-        toolkit::PostWindowEvent(client->Window()->Id(),
-                                 ZelvorNRQ_KXVeskPicture::WM_VESK_PDF_LOCATE, 3, quintptr(point));
-    }
-    [[nodiscard]] bool Says(const QString& part) const {
-        return WaitFor([&] { return !Messages().filter(part).isEmpty(); });
-    }
-
-    qint32 drawing = 0;
-    qint32 withPhoto = 0;
-    qint32 without = 0;
-};
 
 TEST_F(DrawingRoad, TheDrawingIsShownWithItsCheckpointsAtTheirPlaces) {
     EXPECT_TRUE(client->Window()->IsDrawingInFront());
@@ -190,7 +69,7 @@ TEST_F(DrawingRoad, ADrawingWhoseFileIsLostIsTriedAgain) {
 }
 
 TEST_F(DrawingRoad, PdfFilesThatAreDroppedOnTheWindowBecomeDrawings) {
-    const QString path = folder.Write(u"新 图.PDF"_s, drawingtest::PlainPdf(3, kSheet));
+    const QString path = folder.Write(u"新 图.PDF"_s, drawingtest::PlainPdf(3, kDrawingSheet));
     ASSERT_TRUE(WaitFor([&] { return hands::DropPaths(client->Window(), {path}); }));
     EXPECT_TRUE(Says(u"已导入图纸 1 张"_s));
     EXPECT_EQ(Drawings().last(), u"新 图"_s);
@@ -202,7 +81,7 @@ TEST_F(DrawingRoad, PdfFilesThatAreDroppedOnTheWindowBecomeDrawings) {
 TEST_F(DrawingRoad, FilesThatAreNoUseAreNamedWithTheirReasonAndNothingIsFiled) {
     const int stored = support::CountStored(support::FolderOf(session));
     const QStringList before = Drawings();
-    const QString good = folder.Write(u"好.pdf"_s, drawingtest::PlainPdf(1, kSheet));
+    const QString good = folder.Write(u"好.pdf"_s, drawingtest::PlainPdf(1, kDrawingSheet));
     ASSERT_TRUE(WaitFor([&] {
         return hands::DropPaths(
             client->Window(),
@@ -211,7 +90,7 @@ TEST_F(DrawingRoad, FilesThatAreNoUseAreNamedWithTheirReasonAndNothingIsFiled) {
              folder.Write(u"千页.pdf"_s, drawingtest::PlainPdf(1000)),
              folder.Write(u"巨大.pdf"_s, drawingtest::PlainPdf(1, {14'400, 14'400})),
              folder.Path(u"没有.pdf"_s), good,
-             folder.Write(u"首层平面图.pdf"_s, drawingtest::PlainPdf(1, kSheet))});
+             folder.Write(u"首层平面图.pdf"_s, drawingtest::PlainPdf(1, kDrawingSheet))});
     }));
     EXPECT_TRUE(Says(u"已导入图纸 1 张，7 个文件没有导入"_s));
     const QWidget* result = tour::FindWindow(u"importResult"_s);
@@ -287,16 +166,16 @@ TEST_F(DrawingRoad, WhatAnotherClientChangesIsSeenAtOnce) {
                                    {u"李娜"_s, 1'700'000'000})
                     .has_value());
     EXPECT_TRUE(WaitFor([this] { return Canvas().Flags().size() == 3U; }));
-    site::NewPdfPhoto photo;
-    photo.checkpointId = without;
-    photo.fileName = u"新.jpg"_s;
-    photo.uploader = u"李娜"_s;
-    photo.uploadTime = 1'700'000'000;
-    static_cast<void>(theirs.site->NewIntake()->FilePdfPhoto(site.firstProject, photo,
+    site::NewPdfPhoto filed;
+    filed.checkpointId = without;
+    filed.fileName = u"新.jpg"_s;
+    filed.uploader = u"李娜"_s;
+    filed.uploadTime = 1'700'000'000;
+    static_cast<void>(theirs.site->NewIntake()->FilePdfPhoto(site.firstProject, filed,
                                                              {{}, JpegBytes(qRgb(1, 2, 3))}));
     EXPECT_TRUE(WaitFor([this] { return Canvas().Flags()[1].photos == 1; }));
-    static_cast<void>(theirs.site->NewIntake()->AddDrawing(site.firstProject, u"二层"_s,
-                                                           {{}, drawingtest::PlainPdf(1, kSheet)}));
+    static_cast<void>(theirs.site->NewIntake()->AddDrawing(
+        site.firstProject, u"二层"_s, {{}, drawingtest::PlainPdf(1, kDrawingSheet)}));
     EXPECT_TRUE(WaitFor([this] { return Choice()->findText(u"二层"_s) >= 0; }));
     EXPECT_EQ(Choice()->currentText(), u"首层平面图"_s);
     EXPECT_EQ(Store().Present(), SheetStore::State::Open) << "not opened again";
@@ -357,14 +236,14 @@ TEST_F(DrawingRoad, WithoutTheRightNothingCanBeChanged) {
     ASSERT_TRUE(ChooseProject(u"一期工程"_s) || session.CurrentProject().ppid != 0);
     Press(Qt::Key_D);
     Choose(u"首层平面图"_s);
-    ASSERT_TRUE(WaitFor([this] { return Canvas().Flags().size() == kPoints; }));
+    ASSERT_TRUE(WaitFor([this] { return Canvas().Flags().size() == 2U; }));
     ASSERT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Open; }));
     EXPECT_FALSE(PlaceButton()->isVisible());
     EXPECT_FALSE(ChooseInMenu(PixelOf(0.5, 0.5), u"在此新建检查点"_s));
     EXPECT_FALSE(ChooseInMenu(OnFlag(without), u"删除检查点"_s));
     ASSERT_TRUE(WaitFor([&] {
-        return hands::DropPaths(client->Window(),
-                                {folder.Write(u"甲.pdf"_s, drawingtest::PlainPdf(1, kSheet))});
+        return hands::DropPaths(
+            client->Window(), {folder.Write(u"甲.pdf"_s, drawingtest::PlainPdf(1, kDrawingSheet))});
     }));
     EXPECT_TRUE(Says(u"没有权限导入图纸"_s));
     EXPECT_EQ(Drawings().size(), 2);
@@ -382,7 +261,7 @@ TEST_F(DrawingRoad, AnotherProjectHasItsOwnDrawings) {
 TEST_F(DrawingRoad, ADrawingThatIsRemovedElsewhereGoesFromTheView) {
     auto theirs = site::OpenSite(folder.Path(u"data"_s), {5000, false});
     const qint32 added = theirs.site->NewIntake()->AddDrawing(
-        site.firstProject, u"二层"_s, {{}, drawingtest::PlainPdf(1, kSheet)});
+        site.firstProject, u"二层"_s, {{}, drawingtest::PlainPdf(1, kDrawingSheet)});
     ASSERT_TRUE(WaitFor([this] { return Choice()->findText(u"二层"_s) >= 0; }));
     Choose(u"二层"_s);
     ASSERT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Open; }));

@@ -175,7 +175,7 @@ TEST_F(LocateTest, ADrawingPhotoWhoseEditorWaitsGoesBackToTheEditor) {
     Facade().backToPdfEdit = true;
     Manager().LocateRow(Row(0));
     EXPECT_FALSE(Facade().backToPdfEdit);
-    EXPECT_TRUE(ModuleLog().contains(u"图纸照片编辑"_s));
+    EXPECT_FALSE(CPdfPicViewWrap::HasInstance());
 }
 
 TEST_F(LocateTest, ADrawingPhotoIsSelectedInItsViewerWhichBringsTheConsoleBack) {
