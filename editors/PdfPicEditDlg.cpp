@@ -27,8 +27,8 @@ using ZelvorNRQ_KXVeskPicture::PictureFacade;
 
 namespace {
 
-constexpr int kLongestName = 255;
-constexpr int kLongestDescription = 255;
+constexpr int kNameLimit = 255;
+constexpr int kDescriptionLimit = 255;
 /// What a box without a selection gives for the item's data.
 constexpr qint32 kNoData = -1;
 
@@ -69,8 +69,8 @@ void CPdfPicEditDlg::OnCreated() {
     m_form = std::make_unique<Ui::PdfPicEditDlg>();
     m_form->setupUi(Widget());
     toolkit::ScrollIfTooLarge(*Widget());
-    toolkit::LimitText(*m_form->picNameEdit, kLongestName);
-    toolkit::LimitText(*m_form->descriptionEdit, kLongestDescription);
+    toolkit::LimitText(*m_form->picNameEdit, kNameLimit);
+    toolkit::LimitText(*m_form->descriptionEdit, kDescriptionLimit);
     m_form->statusCombo->addItems({u"显示"_s, u"隐藏"_s});
     ConnectControls();
     const toolkit::StillThere still(Id());
