@@ -72,6 +72,10 @@ void CPdfPicEditDlg::OnCreated() {
     toolkit::LimitText(*m_form->picNameEdit, kNameLimit);
     toolkit::LimitText(*m_form->descriptionEdit, kDescriptionLimit);
     m_form->statusCombo->addItems({u"显示"_s, u"隐藏"_s});
+    // Looks like what it is: nobody writes here.
+    QPalette readOnly = m_form->checkLabelEdit->palette();
+    readOnly.setColor(QPalette::Base, readOnly.color(QPalette::Window));
+    m_form->checkLabelEdit->setPalette(readOnly);
     ConnectControls();
     const toolkit::StillThere still(Id());
     if (!GetKXAuthMng()->HasRight(KX_DATA::kRightShowHide) && still) {
@@ -79,6 +83,7 @@ void CPdfPicEditDlg::OnCreated() {
         m_form->statusCombo->hide();
     }
     if (still) {
+        Widget()->adjustSize();
         toolkit::CentreWindow(*Widget());
     }
 }

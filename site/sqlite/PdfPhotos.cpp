@@ -151,10 +151,11 @@ Saved PdfPhotos::Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update, const 
                         {update.pointId, update.picId});
         RefreshFromCheckpoint(m_database, update.picId);
     }
-    m_database.Exec(u"UPDATE pdf_photo SET description = ?, name = ?, status = ?, updater = ?,"
+    m_database.Exec(u"UPDATE pdf_photo SET description = ?, name = ?,"
+                    " status = CASE WHEN ? IN (0, 1) THEN ? ELSE status END, updater = ?,"
                     " updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
-                    {update.description, update.fileName, update.status, by.person, by.at,
-                     last.person, last.time, update.picId});
+                    {update.description, update.fileName, update.status, update.status, by.person,
+                     by.at, last.person, last.time, update.picId});
     AddSearchRow(m_database, ListKind::PdfPhotos, update.picId);
     m_database.Log().Note(ChangeKind::PdfPhoto, ppid, update.picId, by.person);
     transaction.Commit();

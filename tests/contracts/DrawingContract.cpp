@@ -160,6 +160,19 @@ TEST_P(DrawingPhotos, ASavedPhotoIsWhatIsReadThenAndMovesToAnotherPoint) {
     EXPECT_TRUE(row.labels.empty());
 }
 
+TEST_P(DrawingPhotos, AStatusThatIsNoneLeavesThePhotosAsItIs) {
+    KX_DATA::PdfPicUpdate update;
+    update.picId = picId;
+    update.fileName = u"c.jpg"_s;
+    update.status = KX_DATA::kStatusHidden;
+    ASSERT_TRUE(on.pics->UpdatePdfPic(first, update));
+    for (const qint32 none : {-1, 2, 12}) {
+        update.status = none;
+        ASSERT_TRUE(on.pics->UpdatePdfPic(first, update));
+        EXPECT_EQ(PdfRows()[0].status, KX_DATA::kStatusHidden) << none;
+    }
+}
+
 TEST_P(DrawingPhotos, WhatIsUnknownOrForeignIsNotSavedAndNothingChanges) {
     KX_DATA::PdfPicUpdate update;
     update.fileName = u"c.jpg"_s;

@@ -401,7 +401,9 @@ bool ScriptedVeskPicMng::UpdatePdfPic(qint32 ppid, const KX_DATA::PdfPicUpdate& 
     }
     row->description = update.description;
     row->fileName = update.fileName;
-    row->status = update.status;
+    if (update.status == KX_DATA::kStatusShown || update.status == KX_DATA::kStatusHidden) {
+        row->status = update.status;
+    }
     NoteChange(*row, changer);
     return true;
 }
