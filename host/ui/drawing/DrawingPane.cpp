@@ -19,7 +19,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kButtonZoom = 1.5;
-constexpr int kChoiceCharacters = 20;
+constexpr int kChoiceCharacters = 8;
+constexpr int kWidestChoice = 260;
 
 } // namespace
 
@@ -64,6 +65,9 @@ QWidget* DrawingPane::MakeBar() {
     m_choice->setObjectName(u"drawingChoice"_s);
     m_choice->setAccessibleName(u"图纸"_s);
     m_choice->setMinimumContentsLength(kChoiceCharacters);
+    m_choice->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_choice->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_choice->setMaximumWidth(kWidestChoice);
     auto* caption = new QLabel(u"图纸："_s, bar);
     caption->setBuddy(m_choice);
     m_previous = MakeButton(u"previous"_s, u"上一页（PageUp）"_s, u"previousPage"_s);
@@ -80,7 +84,7 @@ QWidget* DrawingPane::MakeBar() {
     line->setContentsMargins(8, 4, 8, 4);
     line->setSpacing(4);
     line->addWidget(caption);
-    line->addWidget(m_choice);
+    line->addWidget(m_choice, 1);
     line->addSpacing(8);
     for (QWidget* part :
          std::initializer_list<QWidget*>{m_previous, m_page, m_next, m_out, m_in, m_fit}) {
