@@ -25,7 +25,7 @@ std::optional<QString> PreparePlatform(const CommandLine& line) {
     if (!qEnvironmentVariableIsEmpty(kPlatformVariable)) {
         return std::nullopt;
     }
-    if (line.road == Road::Import || line.road == Road::Simulate) {
+    if (line.road != Road::Client) {
         qputenv(kPlatformVariable, "offscreen");
     } else if (line.road == Road::Client && !HasDisplay()) {
         return u"这台机器没有显示器，无法打开窗口。\n"

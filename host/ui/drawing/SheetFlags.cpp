@@ -18,6 +18,7 @@ constexpr double kTip = 6;
 constexpr double kDigit = 7;
 constexpr double kLeastWidth = 22;
 constexpr double kRound = 4;
+constexpr int kPale = 200; ///< lightness from 0 to 255
 
 double WidthOf(const SheetFlag& flag) {
     return std::max(kLeastWidth, 8 + kDigit * double(QString::number(flag.number).size()));
@@ -103,8 +104,9 @@ void PaintSheetFlag(QPainter& painter, const QRectF& rect, const SheetFlag& flag
         painter.setBrush(Qt::NoBrush);
         painter.drawPath(shape);
     }
-    // A white seam sets it off from the lines below.
-    painter.setPen(QPen(Qt::white, 1.5));
+    // A seam sets it off: a white one from the lines below, a dark one from the paper.
+    const bool isPale = flag.color.lightness() > kPale;
+    painter.setPen(QPen(isPale ? toolkit::Colors::TextAccent() : QColor(Qt::white), 1.5));
     painter.setBrush(flag.color);
     painter.drawPath(shape);
     QFont font = toolkit::UiFont();

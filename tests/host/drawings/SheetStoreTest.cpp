@@ -3,6 +3,7 @@
 #include "tests/host/drawings/TestDrawings.h"
 #include "tests/support/WaitFor.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -103,6 +104,23 @@ TEST_F(StoreTest, ADocumentThatStallsWhileItIsLookedAtIsBroken) {
     store.Want({0, 0, QRect(0, 0, 1, 1), {}});
     ASSERT_TRUE(WaitFor([&] { return store.Present() == SheetStore::State::Broken; }));
     EXPECT_EQ(store.Fault(), DrawingFault::Stalled);
+}
+
+TEST_F(StoreTest, AReaderThatCrashesWhileItIsLookedAtIsBrokenAndTheNextDrawingOpens) {
+    const QString odd = FileOf({}, u"crash"_s);
+    QFile::remove(odd);
+    ASSERT_TRUE(QFile::link(
+        QDir(QCoreApplication::applicationDirPath()).filePath(u"drawing_odd_reader"_s), odd));
+    SheetStore store({odd, 20'000});
+    for (int time = 0; time < 2; ++time) {
+        ASSERT_TRUE(Opens(store, "any"));
+        store.Want({0, 0, QRect(0, 0, 1, 1), {}});
+        ASSERT_TRUE(WaitFor([&] { return store.Present() == SheetStore::State::Broken; }));
+        EXPECT_EQ(store.Fault(), DrawingFault::Crashed);
+        EXPECT_FALSE(store.IsComplete());
+        store.Want({0, 0, QRect(0, 0, 1, 1), {}});
+        EXPECT_EQ(store.Present(), SheetStore::State::Broken);
+    }
 }
 
 TEST_F(StoreTest, NothingOfTheDrawingBeforeIsSeenInTheNext) {

@@ -133,5 +133,27 @@ TEST(CommandLine, ASizeThatDoesntExistIsAnError) {
     EXPECT_TRUE(ParseCommandLine({u"--sample"_s, u"huge"_s}).error.contains(u"huge"_s));
 }
 
+TEST(CommandLine, DrawingsAreImportedIntoAProject) {
+    const CommandLine line = ParseCommandLine({u"import-drawing"_s, u"甲.pdf"_s, u"--project"_s,
+                                               u"一期"_s, u"乙.pdf"_s, u"--data=/tmp/x"_s});
+    EXPECT_EQ(line.road, Road::ImportDrawing);
+    EXPECT_EQ(line.error, QString());
+    EXPECT_EQ(line.drawings, (QStringList{u"甲.pdf"_s, u"乙.pdf"_s}));
+    EXPECT_EQ(line.drawingProject, u"一期"_s);
+    EXPECT_EQ(line.dataFolder, u"/tmp/x"_s);
+}
+
+TEST(CommandLine, DrawingsWithoutFileOrProjectOrWithAnUnknownWordAreRefused) {
+    for (const QStringList& words :
+         {QStringList{u"import-drawing"_s},
+          {u"import-drawing"_s, u"甲.pdf"_s},
+          {u"import-drawing"_s, u"--project"_s, u"一期"_s},
+          {u"import-drawing"_s, u"甲.pdf"_s, u"--project"_s},
+          {u"import-drawing"_s, u"甲.pdf"_s, u"--project"_s, u"一期"_s, u"--odd"_s}}) {
+        EXPECT_NE(ParseCommandLine(words).error, QString()) << words.join(u' ').toStdString();
+    }
+    EXPECT_EQ(ParseCommandLine({u"import-drawing"_s, u"--help"_s}).road, Road::Help);
+}
+
 } // namespace
 } // namespace host
