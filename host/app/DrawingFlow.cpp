@@ -105,6 +105,11 @@ void DrawingFlow::ProjectChanged() {
     m_isPicking = false;
     m_toLocate = 0;
     Pane().SetHint({});
+    // Nothing of the project before may be seen, whatever can be read of this one.
+    m_drawings.clear();
+    ForgetSheet();
+    ReadFlags();
+    ShowChoice();
     ReadAnew();
 }
 
@@ -116,13 +121,16 @@ void DrawingFlow::ReadAnew() {
             drawings.insert(drawings.end(), some.begin(), some.end());
         }
     });
+    if (!isRead) {
+        return;
+    }
     m_drawings = std::move(drawings);
     if (Current() != nullptr) {
         // It may have another name now, or another file.
         Show(Current()->id);
     } else if (!m_drawings.empty()) {
         Show(m_drawings.front().id);
-    } else if (isRead) {
+    } else {
         m_parts.session.SetDrawing({});
         ForgetSheet();
         ReadFlags();
@@ -226,16 +234,19 @@ void DrawingFlow::OnFetched(int fetch, const QString& path, bool isThere) {
 }
 
 void DrawingFlow::ReadFlags() {
-    m_points.clear();
+    std::vector<site::CheckpointFlag> points;
     const site::DrawingEntry* drawing = Current();
-    if (drawing != nullptr) {
-        WithoutFault(m_parts.session, [&] {
-            m_points = m_parts.session.Site()
-                           .Drawings()
-                           .Flags(m_parts.session.OpenPpids(), drawing->id)
-                           .value_or(std::vector<site::CheckpointFlag>());
-        });
+    const bool isRead = drawing == nullptr || WithoutFault(m_parts.session, [&] {
+                            points = m_parts.session.Site()
+                                         .Drawings()
+                                         .Flags(m_parts.session.OpenPpids(), drawing->id)
+                                         .value_or(std::vector<site::CheckpointFlag>());
+                        });
+    if (!isRead && m_pointsOf == drawing->id) {
+        return;
     }
+    m_points = std::move(points);
+    m_pointsOf = drawing == nullptr ? 0 : drawing->id;
     std::vector<SheetFlag> flags;
     for (const site::CheckpointFlag& point : m_points) {
         flags.push_back(FlagOf(point));

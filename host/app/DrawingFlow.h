@@ -88,6 +88,7 @@ private:
     const Parts m_parts;
     std::vector<site::DrawingEntry> m_drawings;
     std::vector<site::CheckpointFlag> m_points;
+    qint32 m_pointsOf = 0; ///< drawing whose checkpoints these are
     qint32 m_sheetOf = 0;  ///< drawing whose sheet is open, or on its way; 0: none
     int m_fetch = 0;       ///< the latest one; what others bring is late
     qint32 m_toLocate = 0; ///< checkpoint that blinks as soon as it is there

@@ -2,10 +2,12 @@
 #include "tests/roads/DrawingRoad.h"
 
 #include "hands/Hands.h"
+#include "host/ui/MessageBar.h"
 #include "site/IBin.h"
 #include "site/IIntake.h"
 #include "site/IPdfPhotos.h"
 #include "site/OpenSite.h"
+#include "site/sqlite/Database.h"
 #include "tests/host/drawings/TestDrawings.h"
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/EngineFolder.h"
@@ -256,6 +258,23 @@ TEST_F(DrawingRoad, AnotherProjectHasItsOwnDrawings) {
     EXPECT_EQ(Store().Present(), SheetStore::State::Empty);
     ASSERT_TRUE(ChooseProject(u"一期工程"_s));
     EXPECT_EQ(Choice()->count(), 2);
+}
+
+TEST_F(DrawingRoad, WhatCannotBeReadForAWhileIsToldAndStaysAsItWasSeen) {
+    auto theirs = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+    site::Database& database = support::FolderOf(*theirs.site).Db();
+    for (const auto& [table, kind] : {std::pair(u"checkpoint"_s, 4), std::pair(u"drawing"_s, 5)}) {
+        database.Exec(u"ALTER TABLE %1 RENAME TO away"_s.arg(table));
+        database.Exec(u"INSERT INTO change (kind, ppid, object, person, opening)"
+                      " VALUES (?, ?, 0, '', 99)"_s,
+                      {kind, site.firstProject});
+        EXPECT_TRUE(WaitFor([this] { return !Messages().isEmpty(); })) << table.toStdString();
+        EXPECT_EQ(Canvas().Flags().size(), 2U);
+        EXPECT_EQ(Choice()->count(), 2);
+        EXPECT_EQ(Store().Present(), SheetStore::State::Open);
+        database.Exec(u"ALTER TABLE away RENAME TO "_s + table);
+        client->Window()->Messages().Clear();
+    }
 }
 
 TEST_F(DrawingRoad, ADrawingThatIsRemovedElsewhereGoesFromTheView) {
