@@ -111,6 +111,8 @@ void CPdfPicEditDlg::LoadPic() {
         throw e_VeskPicMngStatus::PicInfoFailed;
     }
     m_edit.drawingId = detail.drawingId;
+    // Of a photo that the console just showed or hid it is the number of a column, for which the
+    // box has no entry: -1 is saved then, with which the service leaves the status.
     m_edit.statusIndex = m_edit.pic.status;
     m_form->drawingCombo->clear();
     m_form->drawingCombo->addItem(m_edit.pic.drawingName, m_edit.drawingId);
@@ -271,4 +273,6 @@ void CPdfPicEditDlg::OnClose() {
 
 void CPdfPicEditDlg::OnDestroyed() {
     m_form.reset();
+    // Nobody waits for a checkpoint any more: the next one that is clicked opens its viewer.
+    PictureFacade().backToPdfEdit = false;
 }

@@ -48,6 +48,77 @@ TEST_F(PdfPicEditTest, OpeningShowsThePhotoInPlaceOfTheConsole) {
                            u"状态："_s, u"检查点标签："_s, u"描述："_s}));
 }
 
+TEST_F(PdfPicEditTest, ButtonsBearTheirCaptionsAndTheStatusItsTwoTexts) {
+    Open();
+    EXPECT_EQ(Find<QPushButton>("pickButton").text(), u"更改插入点"_s);
+    EXPECT_EQ(Find<QPushButton>("okButton").text(), u"确定"_s);
+    EXPECT_EQ(Find<QPushButton>("cancelButton").text(), u"取消"_s);
+    EXPECT_EQ(Entries(Status()), (QStringList{u"显示"_s, u"隐藏"_s}));
+}
+
+TEST_F(PdfPicEditTest, TabFollowsTheEye) {
+    Open();
+    ASSERT_TRUE(support::WaitFor([] { return Window()->isActiveWindow(); }));
+    EXPECT_THAT(support::TabOrder(&Name()),
+                ElementsAre("picNameEdit", "pointCombo", "statusCombo", "checkLabelEdit",
+                            "descriptionEdit", "pickButton", "okButton", "cancelButton"));
+}
+
+TEST_F(PdfPicEditTest, NothingIsCutAtItsLeastSize) {
+    Open();
+    Window()->resize(Window()->minimumSizeHint());
+    support::RunPendingEvents();
+    for (const QWidget* control : Window()->findChildren<QWidget*>()) {
+        const bool isText = qobject_cast<const QLabel*>(control) != nullptr ||
+                            qobject_cast<const QPushButton*>(control) != nullptr;
+        if (isText && control->isVisible()) {
+            const std::string name = control->objectName().toStdString();
+            EXPECT_GE(control->width(), control->sizeHint().width()) << name;
+            EXPECT_GE(control->height(), control->sizeHint().height()) << name;
+        }
+    }
+}
+
+TEST_F(PdfPicEditTest, EnterInTheNameSavesAndEscapeLosesNothing) {
+    Open();
+    TypeOver(Name(), u"新名"_s);
+    QTest::keyClick(&Name(), Qt::Key_Escape);
+    EXPECT_TRUE(Window()->isVisible());
+    EXPECT_EQ(Name().text(), u"新名"_s);
+    QTest::keyClick(&Name(), Qt::Key_Return);
+    EXPECT_EQ(Sent().fileName, u"新名.jpg"_s);
+    EXPECT_FALSE(Editor().HasWindow());
+}
+
+TEST_F(PdfPicEditTest, UntouchedTextsAreSentAsTheyCame) {
+    KX_DATA::PdfPicRecord photo = host.pics.pdfPics[0];
+    photo.description = u"一\r\n二\u00a0"_s + QString(300, u'长');
+    Open(photo);
+    Click("okButton");
+    EXPECT_EQ(Sent().description, photo.description);
+    EXPECT_EQ(Sent().fileName, photo.fileName);
+}
+
+TEST_F(PdfPicEditTest, MarksAreThoseOfTheTableByTheirIdsAndOfTwoWithOneNameTheFirstIsSelected) {
+    host.marks.marks = {{7, {u"乙"_s, 0x00FF00}}, {2, {u"甲"_s, 0x0000FF}}, {9, {u"乙"_s, 0}}};
+    KX_DATA::PdfPicRecord photo = host.pics.pdfPics[0];
+    photo.markId = 9;
+    Open(photo);
+    EXPECT_EQ(Entries(Mark()), (QStringList{u"甲"_s, u"乙"_s, u"乙"_s}));
+    EXPECT_EQ(Mark().currentIndex(), 1);
+}
+
+TEST_F(PdfPicEditTest, APhotoThatTheConsoleJustShowedOrHidHasNoStatusAndTheServiceLeavesIts) {
+    KX_DATA::PdfPicRecord photo = host.pics.pdfPics[0];
+    // The number of the status column, as the console leaves it there.
+    photo.status = 12;
+    Open(photo);
+    EXPECT_EQ(Status().currentIndex(), -1);
+    Click("okButton");
+    EXPECT_EQ(Sent().status, -1);
+    EXPECT_EQ(host.pics.pdfPics[0].status, KX_DATA::kStatusShown);
+}
+
 TEST_F(PdfPicEditTest, NameAndDescriptionTake255Characters) {
     Open();
     EXPECT_EQ(Name().maxLength(), 255);

@@ -1,5 +1,6 @@
 // Another checkpoint for a photo: picked on a drawing in the host.
 #include "tests/editors/pdf/PdfPicEditFixture.h"
+#include "viewers/PdfPicViewWrap.h"
 
 using namespace Qt::StringLiterals;
 
@@ -108,6 +109,18 @@ TEST_F(PdfPicPickTest, AWindowThatEndedMeanwhileComesBackByNothing) {
     Pick(201);
     EXPECT_FALSE(Facade().backToPdfEdit);
     EXPECT_FALSE(Editor().HasWindow());
+}
+
+TEST_F(PdfPicPickTest, BehindAnEditorThatEndedWhileItWaitedAClickOpensTheViewer) {
+    host.drawings.drawings[201].pics = {{1, 0, 0, u"u1"_s}};
+    host.pics.checkpointPics[1].name = u"一.jpg"_s;
+    Click("pickButton");
+    Console().CloseConsole();
+    support::RunPendingEvents();
+    ASSERT_FALSE(Editor().HasWindow());
+    EXPECT_FALSE(Facade().backToPdfEdit);
+    Pick(201);
+    EXPECT_TRUE(CPdfPicViewWrap::Instance().HasWindow());
 }
 
 TEST_F(PdfPicPickTest, AnotherPhotoAfterwardsFindsTheWindowAndShowsItsOwn) {
