@@ -4,6 +4,7 @@
 #include "base/OpenProject.h"
 #include "base/PictureLog.h"
 #include "console/VeskPicMngDlg.h"
+#include "editors/PdfPicEditDlg.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "reminder/marks/KXVeskPicDataImpl.h"
 #include "services/Factories.h"
@@ -34,6 +35,7 @@ void CVeskPicProjChangeObs::OnProjChange() {
     CVeskPicMngDlg::Instance().CloseConsole();
     CBimPicViewWrap::Instance().DestroyViews();
     CPdfPicViewWrap::Instance().DestroyViews();
+    CPdfPicEditDlg::Instance().Destroy();
     CKXVeskPicDataImpl::Instance().Clear();
     const auto project = ZelvorNRQ_KXVeskPicture::CurrentProject();
     ZelvorNRQ_KXVeskPicture::LogProjectChange(project ? &project->name : nullptr,

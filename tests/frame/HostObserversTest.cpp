@@ -3,6 +3,7 @@
 
 #include "base/PictureLog.h"
 #include "console/VeskPicMngDlg.h"
+#include "editors/PdfPicEditDlg.h"
 #include "frame/KXVeskPictureImpl.h"
 #include "reminder/marks/KXVeskPicDataImpl.h"
 #include "tests/console/ModuleFixture.h"
@@ -70,6 +71,8 @@ TEST_F(HostObserversTest, AChangeWithNoDialogEverOpenedMakesTheObjectsAndEndsNot
     EXPECT_FALSE(CBimPicViewWrap::Instance().HasWindow());
     EXPECT_TRUE(CPdfPicViewWrap::HasInstance());
     EXPECT_FALSE(CPdfPicViewWrap::Instance().HasWindow());
+    EXPECT_TRUE(CPdfPicEditDlg::HasInstance());
+    EXPECT_FALSE(CPdfPicEditDlg::Instance().HasWindow());
     EXPECT_THAT(Log().LinesOf({"GetCurrentProject", "GetProjectRecord"}),
                 ElementsAre("GetCurrentProject()", "GetProjectRecord()"));
 }
@@ -121,6 +124,22 @@ TEST_F(HostObserversTest, TheConsoleIsShutBeforeTheProjectIsLookedAt) {
     Log().Clear();
     ChangeProject(u"乙"_s, 2);
     EXPECT_EQ(Log().Lines().front(), "SaveRecent([])");
+}
+
+TEST_F(HostObserversTest, AChangeEndsTheEditorOfADrawingPhotoAndItsWaitForACheckpoint) {
+    CPdfPicEditDlg& editor = CPdfPicEditDlg::Instance();
+    // Without a console that would take it along.
+    editor.Create(toolkit::kNoWindow);
+    Facade().backToPdfEdit = true;
+    bool wasOpen = true;
+    host.script.During("GetCurrentProject", [&] { wasOpen = editor.HasWindow(); });
+    Log().Clear();
+    ChangeProject(u"乙"_s, 2);
+    EXPECT_FALSE(wasOpen);
+    EXPECT_FALSE(editor.HasWindow());
+    EXPECT_FALSE(Facade().backToPdfEdit);
+    EXPECT_EQ(Log().CountOf("UpdatePdfPic"), 0);
+    EXPECT_THAT(prompts.Parents(), IsEmpty());
 }
 
 TEST_F(HostObserversTest, EachChangeWritesTheBannerOfItsProject) {
