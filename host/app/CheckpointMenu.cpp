@@ -40,6 +40,7 @@ CheckpointMenu::CheckpointMenu(const Parts& parts) : m_parts(parts) {
     connect(&Pane(), &DrawingPane::PlacingWanted, this, &CheckpointMenu::BeginPlacing);
     connect(&Pane(), &DrawingPane::HintLeft, this, &CheckpointMenu::LeaveOff);
     connect(&m_parts.window, &MainWindow::FaceChanged, this, &CheckpointMenu::LeaveOff);
+    connect(&m_parts.drawings, &DrawingFlow::PickBegins, this, &CheckpointMenu::LeaveOff);
 }
 
 DrawingPane& CheckpointMenu::Pane() const {

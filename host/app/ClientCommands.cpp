@@ -32,10 +32,20 @@ constexpr qint32 kAnyMark = 0;
 constexpr qint32 kNoPhoto = -1;
 constexpr qint32 kNoCheckpoint = -1;
 
+/// Which gives up an editor's wait for a checkpoint.
+bool OpensConsole(Command command) {
+    return command == Command::BimConsole || command == Command::PdfConsole ||
+           command == Command::IssueConsole || command == Command::FloorIssues ||
+           command == Command::DrawingPhotos;
+}
+
 } // namespace
 
 void Client::Obey(Command command) {
     ZelvorNRQ_KXVeskPicture::IKXVeskPicture& pictures = *m_module.Pictures();
+    if (OpensConsole(command)) {
+        m_drawings->EndPick();
+    }
     switch (command) {
     case Command::BimConsole:
         pictures.ShowPicMng(ZelvorNRQ_KXVeskPicture::kBimPhotos);

@@ -259,9 +259,7 @@ void DrawingFlow::OpenCheckpoint(qint32 pointId) {
     if (Current() == nullptr) {
         return;
     }
-    if (std::exchange(m_isPicking, false)) {
-        Pane().SetHint({});
-    }
+    EndPick();
     m_parts.pictures.ShowPdfPicView(Current()->ppid, pointId, Current()->name, m_parts.window.Id());
 }
 
@@ -291,22 +289,28 @@ void DrawingFlow::OnDrawingWanted(qint32 drawingId) {
     ShowFace();
     // A lookup says so at once, by the event that follows.
     m_isPicking = true;
+    emit PickBegins();
     Pane().SetHint(u"请在图纸上点击照片所在的检查点，也可以先换一张图纸"_s);
     Pane().Canvas().setFocus();
 }
 
-void DrawingFlow::GiveUpPick() {
-    if (std::exchange(m_isPicking, false)) {
+bool DrawingFlow::EndPick() {
+    const bool wasPicking = std::exchange(m_isPicking, false);
+    if (wasPicking) {
         Pane().SetHint({});
+    }
+    return wasPicking;
+}
+
+void DrawingFlow::GiveUpPick() {
+    if (EndPick()) {
         // Opening the console gives up the editor's wait for a checkpoint.
         m_parts.pictures.ShowPicMng(ZelvorNRQ_KXVeskPicture::kDrawingPhotos);
     }
 }
 
 void DrawingFlow::LocateCheckpoint(qint32 pointId) {
-    if (std::exchange(m_isPicking, false)) {
-        Pane().SetHint({});
-    }
+    EndPick();
     std::optional<site::DrawingEntry> drawing;
     WithoutFault(m_parts.session, [&] {
         drawing = m_parts.session.Site().Drawings().DrawingOf(m_parts.session.OpenPpids(), pointId);

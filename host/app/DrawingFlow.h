@@ -59,6 +59,8 @@ public:
     void LocateCheckpoint(qint32 pointId);
 
     [[nodiscard]] bool IsPicking() const { return m_isPicking; }
+    /// Clicks open viewers again, as somebody opens the console; false: nothing was picked.
+    bool EndPick();
     /// The drawing that is shown; nothing without one.
     [[nodiscard]] const site::DrawingEntry* Current() const;
     /// A checkpoint of it, as it was read; nothing for another one.
@@ -69,6 +71,8 @@ public:
 signals:
     /// Drawings were read, or another one is shown.
     void Changed();
+    /// A checkpoint is to be picked: clicks are for that.
+    void PickBegins();
 
 private:
     [[nodiscard]] DrawingPane& Pane() const;

@@ -149,6 +149,43 @@ TEST_F(DrawingTrips, AnotherProjectWhileOneIsPickedEndsEverythingQuietly) {
     EXPECT_EQ(PointOfPhoto(), withPhoto);
 }
 
+TEST_F(DrawingTrips, AfterAnotherProjectTheFirstClickOnAFlagOpensItsViewer) {
+    Edit();
+    BeginPick();
+    ASSERT_TRUE(ChooseProject(u"二期工程"_s));
+    ASSERT_TRUE(ChooseProject(u"一期工程"_s));
+    Choose(u"首层平面图"_s);
+    ASSERT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Open; }));
+    QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, OnFlag(withPhoto));
+    EXPECT_TRUE(WaitFor([] { return IsShown(tour::FindWindow(u"PdfPicViewWrap"_s)); }));
+}
+
+TEST_F(DrawingTrips, WhoSetCheckpointsBeforePicksOneAndSetsNone) {
+    client->Window()->ShowDrawingFace(true);
+    ASSERT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Open; }));
+    QTest::mouseClick(PlaceButton(), Qt::LeftButton);
+    ASSERT_TRUE(PlaceButton()->isChecked());
+    Edit();
+    BeginPick();
+    EXPECT_FALSE(PlaceButton()->isChecked());
+    QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, OnFlag(without));
+    ASSERT_TRUE(WaitFor([] { return IsShown(Editor()); }));
+    EXPECT_EQ(Points().size(), 2U);
+    EXPECT_EQ(tour::ReadText(tour::FindIn(Editor(), u"pointCombo"_s)), u"检查点4"_s);
+}
+
+TEST_F(DrawingTrips, OpeningTheConsoleByItsKeyEndsThePickAndItsHint) {
+    Edit();
+    BeginPick();
+    ASSERT_TRUE(Press(Qt::Key_1));
+    ASSERT_TRUE(WaitFor([] { return IsShown(Console()); }));
+    EXPECT_TRUE(Pane().Hint().isEmpty());
+    QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, OnFlag(withPhoto));
+    EXPECT_TRUE(WaitFor([] { return IsShown(tour::FindWindow(u"PdfPicViewWrap"_s)); }));
+    EXPECT_FALSE(IsShown(Editor()));
+    EXPECT_EQ(PointOfPhoto(), withPhoto);
+}
+
 TEST_F(DrawingTrips, TheClientEndsWhileOneIsPicked) {
     Edit();
     BeginPick();
