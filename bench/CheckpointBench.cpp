@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <set>
+#include <string_view>
 
 namespace bench {
 
@@ -75,12 +76,16 @@ CheckpointTimes OpenCheckpoint(WatchedApplication& application, const Checkpoint
 
 /// The same rows, read the best way: each different statement once, the comments in one.
 std::vector<TracedStatement> BestStatements(const std::vector<TracedStatement>& traced) {
+    constexpr std::string_view kOfCheckpoint = " WHERE checkpoint_id = ";
     std::vector<TracedStatement> best;
     std::set<std::string> known;
     for (TracedStatement statement : traced) {
-        const size_t limit = statement.sql.find(" LIMIT ");
-        if (statement.sql.find("FROM comment") != std::string::npos && limit != std::string::npos) {
-            statement.sql.resize(limit);
+        const size_t condition = statement.sql.find(kOfCheckpoint);
+        if (statement.sql.find("FROM comment ") != std::string::npos &&
+            condition != std::string::npos) {
+            // What limits the page goes.
+            statement.sql.resize(statement.sql.find(' ', condition + kOfCheckpoint.size()));
+            statement.sql += " ORDER BY id";
         }
         const bool readsRows = statement.sql.starts_with("SELECT");
         if (readsRows && known.insert(statement.sql).second) {
