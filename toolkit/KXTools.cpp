@@ -30,7 +30,12 @@ QString MinuteText(qint64 time) {
 }
 
 QString SecondText(qint64 time) {
-    return QDateTime::fromSecsSinceEpoch(time).toString(u"yyyy-MM-dd HH:mm:ss"_s);
+    const QDateTime at = QDateTime::fromSecsSinceEpoch(time);
+    // Lists have thousands of them, and a pattern would be read for each. The other form has no
+    // years of five digits.
+    const QString day = at.date().toString(Qt::ISODate);
+    return day.isEmpty() ? at.toString(u"yyyy-MM-dd HH:mm:ss"_s)
+                         : day + u' ' + at.time().toString(Qt::ISODate);
 }
 
 QString timeToCString(qint64 time) {

@@ -18,6 +18,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Between two portions of measuring, for whatever else is to be done.
+constexpr int kPauseMs = 10;
+
 constexpr std::array kMoves{Qt::Key_Up,       Qt::Key_Down, Qt::Key_PageUp,
                             Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
 
@@ -36,6 +39,8 @@ DiscussListCtrl::DiscussListCtrl(QWidget* parent, int id)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
+    m_portions.setInterval(kPauseMs);
+    connect(&m_portions, &QTimer::timeout, this, [this] { MeasureSome(); });
     Measure();
 }
 
@@ -49,6 +54,34 @@ void DiscussListCtrl::Measure() {
     const int width = this->width() - 2 * frameWidth() - verticalScrollBar()->sizeHint().width();
     m_rows->SetShape(std::max(1, width), font());
     scheduleDelayedItemsLayout();
+    if (!m_rows->IsMeasured()) {
+        m_portions.start();
+    }
+}
+
+void DiscussListCtrl::MeasureSome() {
+    if (!m_rows->MeasureSome()) {
+        m_portions.stop();
+        LayOutAnew();
+    }
+}
+
+/// With other heights; what is in sight stays where it is.
+void DiscussListCtrl::LayOutAnew() {
+    const bool atEnd = IsAtEnd();
+    const QModelIndex first = indexAt(QPoint(viewport()->width() / 2, 0));
+    const int place = visualRect(first).top();
+    doItemsLayout();
+    if (atEnd) {
+        scrollToBottom();
+    } else if (first.isValid()) {
+        QScrollBar& bar = *verticalScrollBar();
+        bar.setValue(bar.value() + visualRect(first).top() - place);
+    }
+}
+
+bool DiscussListCtrl::IsAtEnd() const {
+    return verticalScrollBar()->value() == verticalScrollBar()->maximum();
 }
 
 int DiscussListCtrl::InsertRow(const QString& text, const QString& time, qint64 rowData) {
@@ -59,6 +92,9 @@ int DiscussListCtrl::InsertRow(const QString& text, const QString& time, qint64 
 void DiscussListCtrl::InsertRows(std::vector<toolkit::DiscussRow> rows) {
     m_rows->Append(std::move(rows));
     scrollToBottom();
+    if (!m_rows->IsMeasured()) {
+        m_portions.start();
+    }
 }
 
 void DiscussListCtrl::RemoveAll() {
@@ -145,7 +181,7 @@ void DiscussListCtrl::changeEvent(QEvent* event) {
 }
 
 void DiscussListCtrl::resizeEvent(QResizeEvent* event) {
-    const bool atEnd = verticalScrollBar()->value() == verticalScrollBar()->maximum();
+    const bool atEnd = IsAtEnd();
     QListView::resizeEvent(event);
     if (event->size().width() != event->oldSize().width()) {
         Measure();

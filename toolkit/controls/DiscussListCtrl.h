@@ -5,6 +5,7 @@
 
 #include <QListView>
 #include <QString>
+#include <QTimer>
 
 #include <memory>
 #include <vector>
@@ -29,9 +30,9 @@ struct DiscussRow {
 /// key and "删除" of the context menu send kDiscussDelete to the registered window that the list
 /// lies in. Arrows work with Ctrl as well, for windows that need the plain ones.
 ///
-/// Thousands of comments are measured in some tens of milliseconds, once, and painted as far as
-/// they are in sight. Screen readers get text and time of each. Thread: user interface. Owned by
-/// its parent.
+/// Of thousands of comments the newest are there at once; the others are measured in portions soon
+/// after, which moves nothing that is in sight. Painted is what is in sight. Screen readers get
+/// text and time of each. Thread: user interface. Owned by its parent.
 class TOOLKIT_EXPORT DiscussListCtrl final : public QListView {
     Q_OBJECT
 public:
@@ -68,8 +69,12 @@ protected:
 private:
     void AskToDelete();
     void Measure();
+    void MeasureSome();
+    void LayOutAnew();
+    [[nodiscard]] bool IsAtEnd() const;
 
     std::unique_ptr<toolkit::DiscussModel> m_rows;
+    QTimer m_portions;
     const int m_id;
     QString m_emptyText;
 };

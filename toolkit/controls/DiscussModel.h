@@ -11,7 +11,9 @@
 
 namespace toolkit {
 
-/// Texts as they are shown, with their heights at the present width, each measured once.
+/// Texts as they are shown, with their heights at the present width, each measured once: the newest
+/// when they are asked for, of thousands the others in portions; until then they have a likely
+/// height.
 class DiscussModel final : public QAbstractListModel {
     Q_OBJECT
 public:
@@ -25,6 +27,9 @@ public:
     [[nodiscard]] const std::vector<DiscussRow>& Rows() const { return m_rows; }
     [[nodiscard]] const QFont& Font() const { return m_font; }
     [[nodiscard]] QSize SizeOf(int row);
+    /// Measures some more, the newest first. False: no likely height is left.
+    [[nodiscard]] bool MeasureSome();
+    [[nodiscard]] bool IsMeasured() const { return m_unmeasured == 0; }
     /// The lines of its text.
     [[nodiscard]] std::vector<TextPart> LinesOf(int row) const;
 
@@ -33,10 +38,16 @@ public:
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 private:
+    [[nodiscard]] int HeightOf(int lines) const;
+    [[nodiscard]] int LikelyLines(const QString& text) const;
+
     std::vector<DiscussRow> m_rows;
-    std::vector<int> m_heights; ///< 0: not measured
+    std::vector<int> m_heights; ///< 0: not asked for; negative: a likely one
+    int m_unmeasured = 0;       ///< so many rows from the first on may have a likely one
     int m_width = 0;
     QFont m_font;
+    int m_signWidth = 1; ///< of a Chinese one
+    int m_lineHeight = 1;
 };
 
 /// Paints one comment. The model outlives it.

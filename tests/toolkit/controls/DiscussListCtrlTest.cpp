@@ -254,6 +254,58 @@ TEST_F(DiscussListCtrlTest, ScreenReadersGetTextAndTime) {
     EXPECT_EQ(reader->child(0)->text(QAccessible::Name), u"张三：好\n2026-03-05 12:00:00");
 }
 
+TEST_F(DiscussListCtrlTest, OfThousandsTheNewestAreMeasuredFirstAndAllInTheEnd) {
+    // Far narrower than signs mostly are.
+    const QString narrow(300, u'i');
+    list.InsertRow(narrow, QString(), 1);
+    const int measured = PlaceOf(0).height();
+    list.RemoveAll();
+    std::vector<DiscussRow> rows = Rows(1000);
+    rows.front().text = narrow;
+    rows.back().text = narrow;
+    list.InsertRows(std::move(rows));
+    EXPECT_TRUE(IsInSight(999));
+    EXPECT_EQ(PlaceOf(999).height(), measured);
+    EXPECT_GT(PlaceOf(0).height(), measured) << "nobody waits for it";
+    EXPECT_TRUE(support::WaitFor([&] { return PlaceOf(0).height() == measured; }));
+    EXPECT_TRUE(IsInSight(999)) << "who was at the end is there";
+    list.resize(120, 300);
+    const int narrower = PlaceOf(999).height();
+    EXPECT_GT(narrower, measured);
+    EXPECT_TRUE(support::WaitFor([&] { return PlaceOf(0).height() == narrower; }));
+}
+
+TEST_F(DiscussListCtrlTest, WhatIsReadStaysInPlaceWhileTheOthersAreMeasured) {
+    std::vector<DiscussRow> rows = Rows(1000);
+    for (int at = 0; at < 400; ++at) {
+        rows[size_t(at)].text = QString(300, u'i');
+    }
+    list.InsertRows(std::move(rows));
+    list.verticalScrollBar()->setValue(PlaceOf(500).top() - PlaceOf(0).top() + 5);
+    const int read = list.indexAt({50, 0}).row();
+    const QRect place = PlaceOf(read);
+    const int likely = PlaceOf(0).height();
+    EXPECT_TRUE(support::WaitFor([&] { return PlaceOf(0).height() < likely; }));
+    EXPECT_EQ(PlaceOf(read), place);
+}
+
+TEST_F(DiscussListCtrlTest, CommentsMayGoAndComeBeforeAllAreMeasured) {
+    const QString narrow(300, u'i');
+    std::vector<DiscussRow> rows = Rows(1000);
+    rows[1].text = narrow;
+    list.InsertRows(std::move(rows));
+    const int likely = PlaceOf(1).height();
+    list.RemoveRow(0);
+    list.InsertRow(narrow, QString(), 2000);
+    const int measured = PlaceOf(999).height();
+    EXPECT_TRUE(support::WaitFor([&] { return PlaceOf(0).height() < likely; }));
+    EXPECT_EQ(PlaceOf(0).height(), measured);
+    list.InsertRows(Rows(1000));
+    list.RemoveAll();
+    list.InsertRow(narrow, QString(), 1);
+    EXPECT_EQ(PlaceOf(0).height(), measured);
+}
+
 // Some tens of milliseconds without the sanitizers. Laid out anew for each of them it would be
 // minutes.
 TEST_F(DiscussListCtrlTest, FiveThousandCommentsComeAtOnce) {
