@@ -37,7 +37,8 @@ class IComments {
 public:
     virtual ~IComments() = default;
 
-    /// In the order of writing.
+    /// In the order of writing. Whoever reads page after page gets each comment once, though some
+    /// are removed meanwhile.
     /// @param page  from 0 on; past the end it is empty. @param size  > 0.
     /// @return      nothing for a checkpoint of none of the projects.
     [[nodiscard]] virtual std::optional<std::vector<Comment>>

@@ -41,12 +41,17 @@ std::optional<std::vector<Comment>> Comments::PageOf(const Projects& projects, q
     if (page < 0 || size <= 0) {
         return comments;
     }
+    const bool goesOn =
+        m_end.checkpointId == checkpointId && m_end.nextPage == page && m_end.size == size;
     m_database.ForEach(
-        u"SELECT id, person, text, at FROM comment WHERE checkpoint_id = ?"
+        u"SELECT id, person, text, at FROM comment WHERE checkpoint_id = ? AND id > ?"
         " ORDER BY id LIMIT ? OFFSET ?"_s,
-        {checkpointId, size, qint64(page) * size}, [&](const Statement& row) {
+        {checkpointId, goesOn ? m_end.lastId : 0, size, goesOn ? 0 : qint64(page) * size},
+        [&](const Statement& row) {
             comments.push_back({row.Int64(0), row.Text(1), row.Text(2), row.Int64(3)});
         });
+    const bool isFull = comments.size() == size_t(size);
+    m_end = isFull ? PageEnd{checkpointId, page + 1, size, comments.back().id} : PageEnd{};
     return comments;
 }
 

@@ -23,6 +23,14 @@ private:
     [[nodiscard]] qint32 ProjectOf(const Projects& projects, qint32 checkpointId);
 
     Database& m_database;
+    /// Where the page that was read last ended, so that the next one isn't counted out anew.
+    struct PageEnd {
+        qint32 checkpointId = 0; ///< 0: at no page's end
+        int nextPage = 0;
+        int size = 0;
+        qint64 lastId = 0;
+    };
+    PageEnd m_end;
 };
 
 } // namespace site

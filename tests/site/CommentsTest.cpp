@@ -34,7 +34,8 @@ struct CommentSite : TempSite {
     }
     [[nodiscard]] QStringList TextsOf(IComments& from) {
         QStringList texts;
-        for (const Comment& comment : *from.PageOf({ppid}, point, 0, 1000)) {
+        const auto page = from.PageOf({ppid}, point, 0, 1000);
+        for (const Comment& comment : *page) {
             texts << comment.text;
         }
         return texts;
@@ -109,6 +110,33 @@ TEST(Comments, NumbersOfPagesThatMakeNoSenseAreEmptyPages) {
              {-1, 50}, {0, 0}, {0, -1}, {std::numeric_limits<int>::max(), 50}}) {
         EXPECT_TRUE(comments.PageOf({site.ppid}, site.point, page, size)->empty()) << page;
     }
+}
+
+TEST(Comments, WhoReadsPageAfterPageGetsEachOnceThoughSomeAreRemovedMeanwhile) {
+    CommentSite site;
+    std::vector<qint64> ids;
+    for (int at = 0; at < 5; ++at) {
+        ids.push_back(site.Write(u"li：%1"_s.arg(at)));
+    }
+    IComments& comments = site.engine.Comments();
+    const auto page = [&](int number) {
+        std::vector<qint64> read;
+        const auto some = comments.PageOf({site.ppid}, site.point, number, 2);
+        for (const Comment& comment : *some) {
+            read.push_back(comment.id);
+        }
+        return read;
+    };
+    EXPECT_EQ(page(0), std::vector({ids[0], ids[1]}));
+    const Signature by{u"li"_s, kWrittenAt};
+    EXPECT_EQ(comments.Remove({site.ppid}, site.point, ids[0], by, CommentsOf::Author),
+              Removed::Yes);
+    EXPECT_EQ(page(1), std::vector({ids[2], ids[3]}));
+    EXPECT_EQ(page(2), std::vector({ids[4]}));
+    EXPECT_EQ(page(1), std::vector({ids[3], ids[4]}))
+        << "a page that isn't the next one is counted";
+    EXPECT_EQ(page(0), std::vector({ids[1], ids[2]}));
+    EXPECT_TRUE(comments.PageOf({site.ppid}, site.otherPoint, 1, 2)->empty());
 }
 
 TEST(Comments, OfAnotherProjectAreAsUnknownAsTheirCheckpoint) {
