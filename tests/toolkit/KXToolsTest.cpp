@@ -32,6 +32,11 @@ TEST(KXTools, TimesPrintInLocalForm) {
     EXPECT_EQ(KXTools::SecondText(At(7, 5, 9)), u"2026-03-05 07:05:09"_s);
 }
 
+TEST(KXTools, ATimeFarBeyondOursStillPrints) {
+    const QDateTime far(QDate(12345, 6, 7), QTime(8, 9, 1));
+    EXPECT_EQ(KXTools::SecondText(far.toSecsSinceEpoch()), u"12345-06-07 08:09:01"_s);
+}
+
 TEST(KXTools, ARecordsTimeIsShownToTheSecondAndNoTimeNotAtAll) {
     EXPECT_EQ(KXTools::timeToCString(At(7, 5, 9)), u"2026-03-05 07:05:09"_s);
     EXPECT_EQ(KXTools::timeToCString(0), QString());
