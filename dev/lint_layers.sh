@@ -47,7 +47,7 @@ host/ui/catchup: host/ui/catchup toolkit toolkit/controls
 host/ui/drawing: host/drawings host/ui host/ui/drawing toolkit toolkit/controls
 host/ui/marks: host/ui host/ui/marks services toolkit toolkit/controls
 host/ui/plan: host/ui host/ui/marks host/ui/plan toolkit
-tour: hands host/app host/services host/ui/plan services tour
+tour: hands host/app host/services host/ui/drawing host/ui/plan services tour
 '
 # These may include all, and know the engine.
 free_folders='tests bench'

@@ -62,6 +62,7 @@ std::vector<TourStep> WriteSteps(const TourWords& words, const TourPlaces& place
         WriteDownloads(script, places);
         WriteOtherConsoles(script);
         WriteMarks(script);
+        WriteDrawingView(script);
         WriteHostWindows(script);
         WriteReminders(script, places);
     }

@@ -50,6 +50,8 @@ void WriteDownloads(TourScript& script, const TourPlaces& places);
 void WriteOtherConsoles(TourScript& script);
 /// The plan's flags and the mark panel.
 void WriteMarks(TourScript& script);
+/// A drawing with its checkpoints, one in its viewer and editor; a photo gets another checkpoint.
+void WriteDrawingView(TourScript& script);
 /// Bin, help, another project, a workset.
 void WriteHostWindows(TourScript& script);
 /// What another client files while this one runs.
