@@ -98,12 +98,12 @@ void DrawingReader::OnBytes() {
         }
         return;
     }
-    const auto answer = ReadAnswer(m_bytes.first(*size));
-    if (!answer || !IsBusy() || m_bytes.size() > *size) {
+    const QByteArray frame = std::exchange(m_bytes, QByteArray());
+    const auto answer = frame.size() == *size ? ReadAnswer(frame) : std::nullopt;
+    if (!answer || !IsBusy()) {
         Fail(DrawingFault::Crashed);
         return;
     }
-    m_bytes.clear();
     OnAnswer(*answer);
 }
 

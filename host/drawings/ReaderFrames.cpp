@@ -8,11 +8,14 @@ namespace host {
 namespace {
 
 constexpr qsizetype kLengthBytes = 4;
+constexpr qsizetype kFewBytes = 512;
+constexpr int kPixelBytes = 4;
 constexpr QDataStream::Version kVersion = QDataStream::Qt_6_4;
 
-/// Puts the length before what `write` writes.
-template <typename Write> QByteArray Framed(const Write& write) {
+/// Puts the length before what `write` writes, mostly so many bytes.
+template <typename Write> QByteArray Framed(qint64 most, const Write& write) {
     QByteArray bytes;
+    bytes.reserve(most + kFewBytes);
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out.setVersion(kVersion);
     out << quint32(0);
@@ -55,14 +58,15 @@ std::optional<QImage> ReadImage(QDataStream& in, qsizetype atMost) {
 } // namespace
 
 QByteArray FrameOf(const ReaderQuestion& question) {
-    return Framed([&](QDataStream& out) {
+    return Framed(0, [&](QDataStream& out) {
         out << question.path << qint32(question.render.page) << question.render.full
             << question.render.clip;
     });
 }
 
 QByteArray FrameOf(const ReaderAnswer& answer) {
-    return Framed([&](QDataStream& out) {
+    const qint64 pixels = qint64(answer.image.width()) * answer.image.height();
+    return Framed(pixels * kPixelBytes, [&](QDataStream& out) {
         out << quint8(answer.fault) << qint32(answer.pages.size());
         for (const QSizeF& page : answer.pages) {
             out << page;

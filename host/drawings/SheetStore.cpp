@@ -4,9 +4,22 @@
 
 namespace host {
 
+namespace {
+
+constexpr int kCalmMs = 40;
+
+} // namespace
+
 SheetStore::SheetStore(const DrawingReader::Terms& terms, QObject* parent)
     : QObject(parent), m_reader(terms) {
+    m_calm.setSingleShot(true);
+    m_calm.setInterval(kCalmMs);
+    m_calm.callOnTimeout(this, &SheetStore::Proceed);
     connect(&m_reader, &DrawingReader::Opened, this, [this](const SheetPages& pages) {
+        if (std::exchange(m_isReopening, false)) {
+            RenderNext();
+            return;
+        }
         m_pages = pages;
         Become(State::Open, DrawingFault::None);
     });
@@ -16,12 +29,15 @@ SheetStore::SheetStore(const DrawingReader::Terms& terms, QObject* parent)
 
 void SheetStore::Open(const QString& path) {
     Close();
+    m_path = path;
     Become(State::Opening, DrawingFault::None);
     m_reader.Open(path);
 }
 
 void SheetStore::Close() {
     m_reader.Close();
+    m_isReopening = false;
+    m_calm.stop();
     m_cache.Clear();
     m_pages.clear();
     m_wish = {};
@@ -54,6 +70,25 @@ void SheetStore::Want(const SheetWish& wish) {
             m_cache.Touch({wish.page, wish.level, column, row});
         }
     }
+    if (m_cache.KeysOf(wish.page).empty()) {
+        Proceed();
+    } else {
+        m_calm.start();
+    }
+}
+
+bool SheetStore::IsOfUse() const {
+    return m_rendering->page == m_wish.page && m_rendering->level == m_wish.level &&
+           m_rendering->tiles.intersects(m_wish.tiles);
+}
+
+void SheetStore::Proceed() {
+    if (m_rendering && !IsOfUse()) {
+        // A part of a large sheet takes longer than a new reader.
+        m_rendering.reset();
+        m_isReopening = true;
+        m_reader.Open(m_path);
+    }
     RenderNext();
 }
 
@@ -71,7 +106,7 @@ void SheetStore::RenderNext() {
     if (!tiles) {
         return;
     }
-    m_rendering = Rendering{m_wish.level, *tiles};
+    m_rendering = Rendering{m_wish.page, m_wish.level, *tiles};
     m_reader.Render(RequestFor(m_wish.page, m_wish.level, *tiles, m_pages[size_t(m_wish.page)]));
 }
 
@@ -89,6 +124,8 @@ void SheetStore::OnRendered(const RenderRequest& request, const QImage& image) {
 }
 
 void SheetStore::OnFailed(DrawingFault fault) {
+    m_isReopening = false;
+    m_rendering.reset();
     Become(State::Broken, fault);
 }
 

@@ -4,6 +4,8 @@
 #include "host/drawings/DrawingReader.h"
 #include "host/drawings/SheetTiles.h"
 
+#include <QTimer>
+
 #include <optional>
 
 namespace host {
@@ -45,7 +47,9 @@ signals:
     void TilesCame();
 
 private:
+    void Proceed();
     void RenderNext();
+    [[nodiscard]] bool IsOfUse() const;
     void OnRendered(const RenderRequest& request, const QImage& image);
     void OnFailed(DrawingFault fault);
     void Become(State state, DrawingFault fault);
@@ -57,10 +61,14 @@ private:
     SheetPages m_pages;
     SheetWish m_wish;
     struct Rendering {
+        int page = 0;
         int level = 0;
         QRect tiles;
     };
     std::optional<Rendering> m_rendering;
+    QString m_path;
+    bool m_isReopening = false; ///< what was rendered is given up, the same file comes again
+    QTimer m_calm;              ///< until somebody who zooms or moves has stopped for a moment
 };
 
 } // namespace host

@@ -9,19 +9,24 @@ namespace host {
 
 namespace {
 
-/// Columns and rows of what is rendered in one piece: the document is read anew for each.
-constexpr int kMostAtOnce = 4;
+/// Squares that are rendered in one piece: the document is read anew for each.
+constexpr int kMostAtOnce = 28;
 /// A screen may be so much sharper before the next level is taken.
 constexpr double kTolerance = 1.02;
 
-/// `count` places out of [first, last], as near as can be to `middle`.
-std::pair<int, int> Around(int first, int last, double middle) {
-    if (last - first + 1 <= kMostAtOnce) {
-        return {first, last};
+/// The half of a rectangle of squares, along its longer side, in which one of them lies.
+QRect HalfWith(const QRect& tiles, const QPoint& tile) {
+    QRect half = tiles;
+    if (tiles.width() >= tiles.height()) {
+        half.setWidth((tiles.width() + 1) / 2);
+    } else {
+        half.setHeight((tiles.height() + 1) / 2);
     }
-    const int begin =
-        std::clamp(int(std::lround(middle - kMostAtOnce / 2.0)), first, last - kMostAtOnce + 1);
-    return {begin, begin + kMostAtOnce - 1};
+    if (!half.contains(tile)) {
+        half = tiles.width() >= tiles.height() ? tiles.adjusted(half.width(), 0, 0, 0)
+                                               : tiles.adjusted(0, half.height(), 0, 0);
+    }
+    return half;
 }
 
 } // namespace
@@ -86,9 +91,10 @@ std::optional<QRect> NextTiles(const SheetWish& wish,
     if (missing.isEmpty()) {
         return std::nullopt;
     }
-    const auto columns = Around(missing.left(), missing.right(), nearest.x() + 0.5);
-    const auto rows = Around(missing.top(), missing.bottom(), nearest.y() + 0.5);
-    return QRect(QPoint(columns.first, rows.first), QPoint(columns.second, rows.second));
+    while (missing.width() * missing.height() > kMostAtOnce) {
+        missing = HalfWith(missing, nearest);
+    }
+    return missing;
 }
 
 RenderRequest RequestFor(int page, int level, const QRect& tiles, const QSizeF& points) {

@@ -95,15 +95,17 @@ ReaderAnswer PageReader::Render(const RenderRequest& request) {
     // The library takes the distance from the first to the last pixel for the size, so that parts
     // would be too small by a pixel.
     options.setScaledClipRect(request.clip.adjusted(0, 0, 1, 1));
-    const QImage page = m_document.render(request.page, size, options);
-    if (page.isNull()) {
+    answer.image = m_document.render(request.page, size, options);
+    if (answer.image.isNull()) {
         answer.fault = DrawingFault::Damaged;
         return answer;
     }
-    // Pages have no ground of their own.
-    answer.image = QImage(size, QImage::Format_RGB32);
-    answer.image.fill(Qt::white);
-    QPainter(&answer.image).drawImage(0, 0, page);
+    // Pages have no ground of their own; it goes below what is there, without a second picture.
+    QPainter painter(&answer.image);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOver);
+    painter.fillRect(answer.image.rect(), Qt::white);
+    painter.end();
+    answer.image.convertTo(QImage::Format_RGB32);
     return answer;
 }
 

@@ -106,6 +106,18 @@ TEST_F(StoreTest, ADocumentThatStallsWhileItIsLookedAtIsBroken) {
     EXPECT_EQ(store.Fault(), DrawingFault::Stalled);
 }
 
+TEST_F(StoreTest, WhatNobodyWantsAnyMoreIsGivenUpAlsoInTheMiddle) {
+    SheetStore store;
+    ASSERT_TRUE(Opens(store, drawingtest::EndlessPdf()));
+    const QRect one(0, 0, 1, 1);
+    store.Want({0, 0, one, {}});
+    store.Want({1, 0, one, {}});
+    ASSERT_TRUE(WaitFor([&] { return store.IsComplete(); }, std::chrono::seconds(10)))
+        << "the first page would take years";
+    EXPECT_EQ(store.Present(), SheetStore::State::Open);
+    EXPECT_EQ(PixelOf(store, {1, 0, 0, 0}, {5, 5}), qRgb(255, 255, 255));
+}
+
 TEST_F(StoreTest, AReaderThatCrashesWhileItIsLookedAtIsBrokenAndTheNextDrawingOpens) {
     const QString odd = FileOf({}, u"crash"_s);
     QFile::remove(odd);

@@ -77,7 +77,7 @@ QByteArray EndlessPdf() {
     constexpr int kDeep = 12;
     constexpr int kFirstForm = 5;
     QList<QByteArray> objects{"<< /Type /Catalog /Pages 2 0 R >>",
-                              "<< /Type /Pages /Count 1 /Kids [3 0 R] >>",
+                              "<< /Type /Pages /Count 2 /Kids [3 0 R 17 0 R] >>",
                               "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 200 100] /Contents 4 0 R"
                               " /Resources << /XObject << /F 5 0 R >> >> >>",
                               Stream({}, "/F Do")};
@@ -93,6 +93,7 @@ QByteArray EndlessPdf() {
                               inner + " >>",
                           content);
     }
+    objects << "<< /Type /Page /Parent 2 0 R /MediaBox [0 0 200 100] /Resources << >> >>";
     return PdfOf(objects);
 }
 

@@ -14,7 +14,7 @@ namespace drawingtest {
 /// One page of lines and squares all over, with further entries of its dictionary.
 [[nodiscard]] QByteArray BusyPdf(const QByteArray& entries = {});
 [[nodiscard]] QByteArray EncryptedPdf();
-/// Forms that draw forms that draw forms: takes years.
+/// Forms that draw forms that draw forms on the first page: takes years. The second is empty.
 [[nodiscard]] QByteArray EndlessPdf();
 
 } // namespace drawingtest
