@@ -100,6 +100,7 @@ void CCheckPtEditDlg::ReadFields() {
     if (mark >= 0 && mark < int(markIds.size())) {
         checkpoint.markId = markIds[size_t(mark)];
     }
+    // Ids, where names came in; required as is.
     checkpoint.labelNames = m_labels->CheckedIds();
 }
 

@@ -1,5 +1,6 @@
 #include "tests/roads/DrawingRoad.h"
 
+#include "hands/Choices.h"
 #include "include/KXEvents.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/host/drawings/TestDrawings.h"
@@ -56,10 +57,8 @@ void DrawingRoad::SetUp() {
 }
 
 void DrawingRoad::Choose(const QString& name) const {
-    const int index = Choice()->findText(name);
-    ASSERT_GE(index, 0);
-    Choice()->setCurrentIndex(index);
-    emit Choice()->activated(index);
+    ASSERT_TRUE(WaitFor([&] { return hands::ChooseInCombo(Choice(), name); }))
+        << name.toStdString();
 }
 
 QPoint DrawingRoad::PixelOf(double x, double y) const {

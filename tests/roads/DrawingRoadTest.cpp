@@ -183,6 +183,22 @@ TEST_F(DrawingRoad, WhatAnotherClientChangesIsSeenAtOnce) {
     EXPECT_EQ(Store().Present(), SheetStore::State::Open) << "not opened again";
 }
 
+TEST_F(DrawingRoad, TheMarkThatAnotherClientGivesACheckpointColoursItsFlagAtOnce) {
+    auto theirs = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+    const auto colourOfFirst = [this] { return Canvas().Flags()[0].color; };
+    const QColor before = colourOfFirst();
+    KX_DATA::DrawingRecord record;
+    ASSERT_TRUE(theirs.site->PdfPhotos().Checkpoint({site.firstProject}, withPhoto, record));
+    KX_DATA::CheckpointEdit edit;
+    edit.checkpointId = withPhoto;
+    edit.markId = 2;
+    ASSERT_EQ(theirs.site->PdfPhotos().UpdateCheckpoint({site.firstProject}, edit,
+                                                        {u"李娜"_s, 1'700'000'000}),
+              site::Saved::Yes);
+    EXPECT_TRUE(WaitFor([&] { return colourOfFirst() != before; }));
+    EXPECT_EQ(Canvas().Flags()[0].photos, 1);
+}
+
 TEST_F(DrawingRoad, ACheckpointWithPhotosStaysAndOneWithoutGoesToTheBin) {
     support::AnsweredPrompts prompts;
     prompts.ExpectOkCancel(u"确定删除检查点3？30 天内可以从回收站恢复。"_s, true);

@@ -5,6 +5,7 @@
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
 #include "site/IBin.h"
+#include "site/IComments.h"
 #include "site/IIntake.h"
 #include "site/IPdfPhotos.h"
 #include "site/OpenSite.h"
@@ -13,6 +14,7 @@
 #include "tour/ConsoleEyes.h"
 #include "tour/TourEyes.h"
 
+#include <QAbstractItemView>
 #include <QtTest/QTest>
 
 namespace roads {
@@ -236,6 +238,32 @@ TEST_F(DrawingTrips, AClickOnAFlagOpensItsViewerWithThePictures) {
     const auto viewer = [] { return tour::FindWindow(u"PdfPicViewWrap"_s); };
     ASSERT_TRUE(WaitFor([&] { return IsShown(viewer()); }));
     EXPECT_EQ(viewer()->windowTitle(), u"检查点3 - 墙面.jpg   (1/1)"_s);
+}
+
+TEST_F(DrawingTrips, WhatAnotherClientWritesAndDeletesIsThereWhenTheViewerOpensNext) {
+    client->Window()->ShowDrawingFace(true);
+    ASSERT_TRUE(WaitFor([this] { return Store().Present() == SheetStore::State::Open; }));
+    const auto viewer = [] { return tour::FindWindow(u"PdfPicViewWrap"_s); };
+    const auto comments = [&] {
+        return viewer()->findChild<QAbstractItemView*>(u"commentList"_s)->model();
+    };
+    const auto open = [&] {
+        QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, OnFlag(withPhoto));
+        return WaitFor([&] { return IsShown(viewer()); });
+    };
+    ASSERT_TRUE(open());
+    EXPECT_EQ(comments()->rowCount(), 0);
+    auto theirs = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+    const site::Signature by{u"李娜"_s, 1'700'000'000};
+    ASSERT_TRUE(theirs.site->Comments()
+                    .Add({site.firstProject}, withPhoto, u"李娜：请复查"_s, by)
+                    .has_value());
+    ASSERT_EQ(theirs.site->Bin().DeletePdfPhotos(site.firstProject, {photo}, by), 1);
+    EXPECT_EQ(comments()->rowCount(), 0) << "what is shown stays";
+    EXPECT_TRUE(WaitFor([this] { return Canvas().Flags()[0].photos == 0; }));
+    ASSERT_TRUE(open());
+    ASSERT_TRUE(WaitFor([&] { return comments()->rowCount() == 1; }));
+    EXPECT_EQ(comments()->index(0, 0).data().toString(), u"李娜：请复查"_s);
 }
 
 } // namespace

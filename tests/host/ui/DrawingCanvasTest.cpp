@@ -4,17 +4,22 @@
 #include "tests/host/drawings/TestDrawings.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
+#include "toolkit/Look.h"
 
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QFile>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QToolButton>
 #include <QWheelEvent>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
 
 namespace host {
 namespace {
@@ -109,6 +114,107 @@ TEST_F(SheetOnTheScreen, TheWheelZoomsAboutThePointerAndWhatIsThereIsSeenAtOnce)
     EXPECT_EQ(canvas.grab().toImage().pixel(at), qRgb(0, 0, 0));
     Turn(at, -20);
     EXPECT_EQ(canvas.View(), FitSheet(kSheet, canvas.size()));
+}
+
+TEST_F(SheetOnTheScreen, AnotherPageIsRenderedAsItIsShown) {
+    OpenTwoPages();
+    EXPECT_TRUE(pane.Store().Tiles().KeysOf(1).empty());
+    canvas.ShowPage(1);
+    EXPECT_FALSE(pane.Store().IsComplete()) << "squares of that page";
+    ASSERT_TRUE(WaitFor([this] { return pane.Store().IsComplete(); }));
+    EXPECT_FALSE(pane.Store().Tiles().KeysOf(1).empty());
+    EXPECT_EQ(canvas.grab().toImage().pixel(PixelOf(0.4, 0.9)), qRgb(0, 0, 0));
+}
+
+TEST_F(SheetOnTheScreen, FlagsStandOnTheirPageInTheColourOfTheirMarkWithTheirNumber) {
+    OpenTwoPages();
+    const auto colours = [this](qint32 point) {
+        const QRect head = canvas.RectOf(point).toRect().adjusted(3, 3, -3, -9);
+        const QImage shown = canvas.grab(head).toImage();
+        std::map<QRgb, int> count;
+        for (int y = 0; y < shown.height(); ++y) {
+            for (int x = 0; x < shown.width(); ++x) {
+                ++count[shown.pixel(x, y)];
+            }
+        }
+        return count;
+    };
+    const auto isMostOf = [](const std::map<QRgb, int>& count, QRgb colour) {
+        return std::all_of(count.begin(), count.end(), [&](const auto& entry) {
+            return entry.first == colour || entry.second < count.at(colour);
+        });
+    };
+    const auto red = colours(11);
+    ASSERT_TRUE(red.contains(qRgb(255, 0, 0)));
+    EXPECT_TRUE(isMostOf(red, qRgb(255, 0, 0)));
+    EXPECT_GT(red.size(), 1U) << "its number";
+    EXPECT_TRUE(isMostOf(colours(12), QColor(Qt::green).rgb()));
+    EXPECT_TRUE(canvas.RectOf(13).isEmpty()) << "of the other page";
+    canvas.ShowPage(1);
+    EXPECT_TRUE(isMostOf(colours(13), qRgb(0, 0, 255)));
+    EXPECT_TRUE(canvas.RectOf(11).isEmpty());
+}
+
+TEST_F(SheetOnTheScreen, AFlagThatIsChosenUnderTheMouseOrBlinkingIsSetOffEachInItsWay) {
+    const SheetFlag flag{11, 3, 0, {0.5, 0.5}, u"质量"_s, Qt::red, 2};
+    const auto painted = [&flag](const SheetFlagLook& look) {
+        QImage image(60, 60, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        PaintSheetFlag(painter, {20, 20, 22, 26}, flag, look);
+        return image;
+    };
+    const std::vector<QImage> looks{painted({}), painted({true, false, false}),
+                                    painted({false, true, false}), painted({false, false, true})};
+    EXPECT_EQ(looks[0].pixel(18, 30), qRgb(255, 255, 255)) << "nothing around a plain one";
+    EXPECT_NE(looks[3].pixel(18, 30), qRgb(255, 255, 255));
+    for (size_t one = 0; one < looks.size(); ++one) {
+        for (size_t other = one + 1; other < looks.size(); ++other) {
+            EXPECT_NE(looks[one], looks[other]) << one << ' ' << other;
+        }
+    }
+}
+
+TEST_F(SheetOnTheScreen, ThePointerSaysWhatAClickDoes) {
+    OpenTwoPages();
+    const auto pointerAt = [this](const QPoint& at) {
+        QTest::mouseMove(&canvas, at);
+        QMouseEvent move(QEvent::MouseMove, at, canvas.mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(&canvas, &move);
+        return canvas.cursor().shape();
+    };
+    const QPoint onFlag = OnFlag(11);
+    EXPECT_EQ(pointerAt(onFlag), Qt::PointingHandCursor);
+    EXPECT_EQ(pointerAt(PixelOf(0.5, 0.5)), Qt::ArrowCursor);
+    pane.SetPlacing(true);
+    EXPECT_EQ(canvas.cursor().shape(), Qt::CrossCursor);
+    EXPECT_EQ(pointerAt(onFlag), Qt::PointingHandCursor);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&canvas, &leave);
+    EXPECT_EQ(canvas.cursor().shape(), Qt::CrossCursor);
+    pane.SetPlacing(false);
+    EXPECT_EQ(canvas.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(SheetOnTheScreen, AFrameShowsThatTheSheetHasTheKeyboard) {
+    OpenTwoPages();
+    ASSERT_TRUE(WaitFor([this] { return canvas.hasFocus(); }));
+    const QRgb with = canvas.grab().toImage().pixel(canvas.width() / 2, 0);
+    canvas.clearFocus();
+    EXPECT_NE(canvas.grab().toImage().pixel(canvas.width() / 2, 0), with);
+    EXPECT_EQ(with, toolkit::Colors::Accent().rgb());
+}
+
+TEST_F(SheetOnTheScreen, ThePlacingButtonIsPressedAndLeftAgain) {
+    OpenTwoPages();
+    pane.SetMayChange(true);
+    std::vector<bool> wanted;
+    QObject::connect(&pane, &DrawingPane::PlacingWanted, [&](bool on) { wanted.push_back(on); });
+    auto* place = pane.findChild<QToolButton*>(u"placeCheckpoint"_s);
+    place->click();
+    place->click();
+    EXPECT_EQ(wanted, (std::vector<bool>{true, false}));
 }
 
 TEST_F(SheetOnTheScreen, SquaresLeaveNoSeams) {

@@ -60,6 +60,12 @@ TEST(SheetView, AHandThatMovesTakesTheSheetAlongButNotOutOfThePane) {
     EXPECT_EQ(PanSheet(fit, kSheet, kArea, {50, 50}), fit) << "a small sheet stays in the middle";
 }
 
+TEST(SheetView, ASheetExactlyAsLargeAsThePaneStaysInItsMiddle) {
+    const QSizeF size(640, 480);
+    const SheetView dragged = PanSheet({1, {320, 240}}, size, size, {30, -20});
+    EXPECT_EQ(dragged.middle, QPointF(320, 240));
+}
+
 TEST(SheetView, ATinySheetIsNotBlownUpBeyondTheSharpest) {
     EXPECT_DOUBLE_EQ(FitSheet({2, 1}, kArea).scale, kMostScale);
 }

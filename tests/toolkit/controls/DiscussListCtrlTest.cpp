@@ -96,6 +96,22 @@ TEST_F(DiscussListCtrlTest, TextTakesAsManyLinesAsItNeedsAndItsTimeOneMore) {
     EXPECT_GE(PlaceOf(1).height(), one + (100 / signs - 1) * line);
 }
 
+TEST_F(DiscussListCtrlTest, ACommentHasRoomAboveItsTextAndBelowItsTime) {
+    list.InsertRow(u"短"_s, u"t"_s, 1);
+    const int lines = 2 * list.fontMetrics().lineSpacing();
+    EXPECT_GE(PlaceOf(0).height(), lines + 8);
+}
+
+TEST_F(DiscussListCtrlTest, ACommentHigherThanTheListIsScrolledThrough) {
+    list.InsertRow(QString(u"一行\n"_s).repeated(60), QString(), 1);
+    QScrollBar* bar = list.verticalScrollBar();
+    const int line = list.fontMetrics().lineSpacing();
+    ASSERT_GE(bar->maximum(), 60 * line - list.viewport()->height());
+    bar->setValue(bar->maximum() / 2);
+    EXPECT_LT(PlaceOf(0).top(), 0);
+    EXPECT_GT(PlaceOf(0).bottom(), list.viewport()->height());
+}
+
 TEST_F(DiscussListCtrlTest, MarkupIsShownAsItStands) {
     list.InsertRow(u"<b>一</b>"_s, QString(), 1);
     const int plain = PlaceOf(0).height();

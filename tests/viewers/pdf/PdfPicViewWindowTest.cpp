@@ -3,6 +3,7 @@
 #include "tests/support/Hands.h"
 #include "tests/support/WaitFor.h"
 #include "tests/viewers/pdf/PdfViewFixture.h"
+#include "tests/viewers/support/SamplePictures.h"
 
 #include <QTest>
 #include <gmock/gmock.h>
@@ -88,6 +89,12 @@ TEST_F(PdfPicViewWindowTest, TheButtonsAreAsLargeAsTheirTextsNeed) {
 TEST_F(PdfPicViewWindowTest, TheStripRunsFromLeftToRight) {
     ASSERT_TRUE(Open());
     EXPECT_TRUE(Pane().State().strip.horizontal);
+}
+
+TEST_F(PdfPicViewWindowTest, TheGallerysButtonsHaveTheWorkFoldersImages) {
+    folder.Write(u"work/left_pic.png"_s, support::PngBytes(support::OneColour({200, 90}, Qt::red)));
+    ASSERT_TRUE(Open());
+    EXPECT_TRUE(Pane().State().buttons[gallery::kPrevPic].HasImage());
 }
 
 TEST_F(PdfPicViewWindowTest, TabGoesAsTheEyeDoes) {
