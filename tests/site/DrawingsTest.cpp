@@ -174,6 +174,18 @@ TEST(Flags, TellNumberPlaceMarkAndWhatHangsOnThem) {
     EXPECT_FALSE(site.On().DrawingOf({site.other}, made.id));
 }
 
+TEST(Flags, ANewOneBearsTheTimeAtWhichItWasSet) {
+    DrawingSite site;
+    const CheckpointFlag made = site.Set();
+    KX_DATA::DrawingRecord before;
+    ASSERT_TRUE(site.engine.PdfPhotos().Checkpoint({site.ppid}, made.id, before));
+    EXPECT_EQ(site.On().MoveCheckpoint({site.ppid}, made.id, {0, 1, 1}, site.by), Saved::Yes);
+    KX_DATA::DrawingRecord after;
+    ASSERT_TRUE(site.engine.PdfPhotos().Checkpoint({site.ppid}, made.id, after));
+    EXPECT_FALSE(before.updateTime.isEmpty());
+    EXPECT_EQ(before.updateTime, after.updateTime) << "both by one signature";
+}
+
 TEST(Flags, ANewOneHasTheNextNumberWhichNoneOfTheDrawingEverHad) {
     DrawingSite site;
     EXPECT_EQ(site.Set().number, 1);

@@ -184,6 +184,7 @@ TEST_F(SheetOnTheScreen, ThePointerSaysWhatAClickDoes) {
         QCoreApplication::sendEvent(&canvas, &move);
         return canvas.cursor().shape();
     };
+    EXPECT_TRUE(canvas.hasMouseTracking());
     const QPoint onFlag = OnFlag(11);
     EXPECT_EQ(pointerAt(onFlag), Qt::PointingHandCursor);
     EXPECT_EQ(pointerAt(PixelOf(0.5, 0.5)), Qt::ArrowCursor);
@@ -299,6 +300,23 @@ TEST_F(SheetOnTheScreen, KeysReachEverything) {
     EXPECT_EQ(canvas.Page(), 1) << "the last one";
     QTest::keyClick(&canvas, Qt::Key_Escape);
     EXPECT_EQ(left, 1);
+}
+
+TEST_F(SheetOnTheScreen, ControlAndArrowsGoForwardAndBackAmongTheFlags) {
+    canvas.SetFlags({{11, 1, 0, {0.2, 0.2}, {}, Qt::red, 0},
+                     {12, 2, 0, {0.5, 0.5}, {}, Qt::red, 0},
+                     {13, 3, 0, {0.8, 0.8}, {}, Qt::red, 0}});
+    OpenTwoPages();
+    const auto chosenAfter = [this](Qt::Key key) {
+        QTest::keyClick(&canvas, key, Qt::ControlModifier);
+        QTest::keyClick(&canvas, Qt::Key_Return);
+        return opened.back();
+    };
+    EXPECT_EQ(chosenAfter(Qt::Key_Down), 11);
+    EXPECT_EQ(chosenAfter(Qt::Key_Right), 12);
+    EXPECT_EQ(chosenAfter(Qt::Key_Down), 13);
+    EXPECT_EQ(chosenAfter(Qt::Key_Left), 12);
+    EXPECT_EQ(chosenAfter(Qt::Key_Up), 11);
 }
 
 TEST_F(SheetOnTheScreen, TheMenuSaysFlagAndPlace) {

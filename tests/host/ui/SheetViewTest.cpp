@@ -23,6 +23,13 @@ TEST(SheetView, TheWholeSheetFitsWithALittleRoom) {
     EXPECT_EQ(ToPane(fit, kArea, {2000, 1000}), QPointF(812, 512));
 }
 
+TEST(SheetView, ATallSheetHasItsRoomAboveAndBelow) {
+    const QSizeF tall(1000, 2000);
+    const SheetView fit = FitSheet(tall, kArea);
+    EXPECT_EQ(Rounded(ToPane(fit, kArea, {500, 0})), QPointF(412, 12));
+    EXPECT_EQ(Rounded(ToPane(fit, kArea, {500, 2000})), QPointF(412, 612));
+}
+
 TEST(SheetView, PlacesGoToThePaneAndBack) {
     const SheetView view{1.7, {300, 400}};
     EXPECT_EQ(Rounded(ToSheet(view, kArea, ToPane(view, kArea, {12, 34}))), QPointF(12, 34));

@@ -8,6 +8,7 @@
 #include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QMenu>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
 #include <gmock/gmock.h>
@@ -110,6 +111,38 @@ TEST_F(DiscussListCtrlTest, ACommentHigherThanTheListIsScrolledThrough) {
     bar->setValue(bar->maximum() / 2);
     EXPECT_LT(PlaceOf(0).top(), 0);
     EXPECT_GT(PlaceOf(0).bottom(), list.viewport()->height());
+}
+
+TEST_F(DiscussListCtrlTest, TellsOfExactlyTheRowsThatCome) {
+    std::vector<std::pair<int, int>> told;
+    QObject::connect(
+        list.model(), &QAbstractItemModel::rowsInserted,
+        [&](const QModelIndex&, int first, int last) { told.emplace_back(first, last); });
+    list.InsertRows(Rows(3));
+    list.InsertRow(u"四"_s, QString(), 4);
+    EXPECT_THAT(told, ElementsAre(std::pair(0, 2), std::pair(3, 3)));
+}
+
+TEST_F(DiscussListCtrlTest, TheContextMenuOpensWhereItWasAskedFor) {
+    list.InsertRows(Rows(3));
+    const QPoint place = PlaceOf(1).center();
+    const QMenu* menu = MenuAt(place);
+    ASSERT_NE(menu, nullptr);
+    EXPECT_TRUE(menu->isVisible());
+    EXPECT_TRUE(
+        menu->geometry().adjusted(-2, -2, 2, 2).contains(list.viewport()->mapToGlobal(place)));
+}
+
+TEST_F(DiscussListCtrlTest, TabLeavesTheList) {
+    QPushButton next(&window);
+    next.show();
+    QWidget::setTabOrder(&list, &next);
+    list.InsertRows(Rows(3));
+    window.activateWindow();
+    list.setFocus();
+    ClickRow(0);
+    QTest::keyClick(&list, Qt::Key_Tab);
+    EXPECT_EQ(window.focusWidget(), &next);
 }
 
 TEST_F(DiscussListCtrlTest, MarkupIsShownAsItStands) {
