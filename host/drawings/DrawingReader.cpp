@@ -95,6 +95,8 @@ void DrawingReader::OnBytes() {
     if (!size || m_bytes.size() < *size) {
         if (size > kLongestFrame) {
             Fail(DrawingFault::Crashed);
+        } else if (size) {
+            m_bytes.reserve(*size); // growing by itself it would take up to twice as much
         }
         return;
     }

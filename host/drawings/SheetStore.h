@@ -22,8 +22,8 @@ public:
         Open,
         Broken, ///< it can't be shown, Fault says why
     };
-    /// Enough for two screens of eight million pixels.
-    static constexpr qint64 kMostBytes = qint64(96) * 1024 * 1024;
+    /// Enough for a screen of eight million pixels and what lies around it.
+    static constexpr qint64 kMostBytes = qint64(64) * 1024 * 1024;
 
     explicit SheetStore(const DrawingReader::Terms& terms = {}, QObject* parent = nullptr);
 
