@@ -223,7 +223,8 @@ void CheckpointMenu::AskForPhotos(qint32 pointId) {
 
 void CheckpointMenu::FilePhotos(qint32 pointId, const QStringList& paths) {
     if (!MayChange()) {
-        m_parts.session.Desk()->Report(MessageLevel::Warning, u"没有权限在检查点上添加照片。"_s);
+        m_parts.session.Desk()->Report(MessageLevel::Warning,
+                                       u"没有权限在检查点上添加照片，请找有编辑权限的人添加。"_s);
         return;
     }
     const site::CheckpointFlag* point = m_parts.drawings.Checkpoint(pointId);

@@ -37,7 +37,7 @@ void DrawingImport::Begin(const QStringList& paths) {
     } else if (m_session.CurrentProject().ppid == 0) {
         lack = u"请先打开一个工程，再导入图纸。"_s;
     } else if (m_session.IsWorkset() || !m_session.HasRight(KX_DATA::kRightEdit)) {
-        lack = u"没有权限导入图纸。"_s;
+        lack = u"没有权限导入图纸，请找有编辑权限的人导入。"_s;
     }
     if (!lack.isEmpty()) {
         m_session.Desk()->Report(MessageLevel::Warning, lack);

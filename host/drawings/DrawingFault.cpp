@@ -11,9 +11,9 @@ QString DrawingFaultText(DrawingFault fault) {
     case DrawingFault::Missing:
         return u"文件不存在或无法读取。"_s;
     case DrawingFault::NotPdf:
-        return u"文件不是 PDF 图纸。"_s;
+        return u"文件不是 PDF 图纸，请另存为 PDF 后再试。"_s;
     case DrawingFault::Damaged:
-        return u"PDF 文件已损坏，无法读取。"_s;
+        return u"PDF 文件已损坏，请重新导出或取得完整的文件。"_s;
     case DrawingFault::Encrypted:
         return u"PDF 文件有密码保护，请先去除密码。"_s;
     case DrawingFault::NoPages:
@@ -27,7 +27,7 @@ QString DrawingFaultText(DrawingFault fault) {
     case DrawingFault::Crashed:
         return u"读取 PDF 时程序出错或内存不足，无法显示此图纸。"_s;
     case DrawingFault::Stalled:
-        return u"读取 PDF 用时过长，已停止。"_s;
+        return u"读取 PDF 用时过长，已停止，请简化图纸后重新导出。"_s;
     case DrawingFault::NoReader:
         return u"图纸阅读程序无法启动，请检查安装。"_s;
     }
