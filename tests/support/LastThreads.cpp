@@ -27,7 +27,7 @@ struct LastThreads final {
     ~LastThreads() {
         const auto end = std::chrono::steady_clock::now() + kPatience;
         while (CountThreads() > 1 && std::chrono::steady_clock::now() < end) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            std::this_thread::yield();
         }
     }
 };
