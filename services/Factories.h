@@ -9,6 +9,7 @@ class IPicReportCtrl;
 }
 
 namespace KX_DATA {
+class CSoapError;
 class ICommonPathMng;
 class IConvertProjStateTool;
 class IExProgress;
@@ -20,6 +21,7 @@ class IKXGlobalData;
 class IKXHoopsModuleMng;
 class IKXLocalCacheData;
 class IKXPathMng;
+class IKXProgressStrip;
 class IKXReportDataMng;
 class IKXSysMng;
 class IMQFFileDownload;
@@ -65,6 +67,8 @@ KX_HOST_FUNCTION KX_DATA::IRichEditorAuth* GetRichEditorAuth();
 KX_HOST_FUNCTION KX_DATA::IRecentSearchMng* GetRecentSearchMng();
 KX_HOST_FUNCTION KX_DATA::IConvertProjStateTool* GetConvertProjStateTool();
 KX_HOST_FUNCTION KX_DATA::IExProgress* GetExProgress();
+KX_HOST_FUNCTION KX_DATA::IKXProgressStrip* GetKXProgressStrip();
+KX_HOST_FUNCTION KX_DATA::CSoapError* GetSoapError();
 KX_HOST_FUNCTION PIC_REPORT::IPicReportCtrl* GetPicReportCtrl();
 
 /// The present time for records that begin with it: seconds since 1970. Thread: any.

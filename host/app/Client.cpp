@@ -85,6 +85,7 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     Surroundings& lent = m_serving.Around();
     lent.view = m_view.get();
     lent.progress = &m_progress;
+    lent.strip = &m_strip;
     lent.transferWait = &m_transferWait;
     lent.imageFolder = QDir(moduleFolder).filePath(u"work"_s);
     ConnectWindow();
@@ -131,6 +132,7 @@ void Client::Stop() {
     m_hub.Clear();
     delete m_binWindow;
     m_progress.Close();
+    m_strip.CloseProgressBar();
     m_serving.TakeBack();
     m_session.Desk()->SetMessageSink({});
     m_session.Actions().SetSink({});

@@ -12,6 +12,7 @@
 #include "host/ui/ExProgress.h"
 #include "host/ui/ObserverHub.h"
 #include "host/ui/PictureSink.h"
+#include "host/ui/ProgressStrip.h"
 
 #include <QObject>
 #include <QPointer>
@@ -84,6 +85,7 @@ private:
     PlanAxes m_axes;
     SessionBin m_binSource;
     ExProgress m_progress;
+    ProgressStrip m_strip;
     TransferWait m_transferWait{m_progress};
     PictureSink m_sink;
     ObserverHub m_hub;

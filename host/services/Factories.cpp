@@ -77,6 +77,15 @@ KX_DATA::IExProgress* GetExProgress() {
     return services.around.progress != nullptr ? services.around.progress
                                                : &services.silentProgress;
 }
+KX_DATA::IKXProgressStrip* GetKXProgressStrip() {
+    host::ServiceSet& services = host::TheServices();
+    return services.around.strip != nullptr ? services.around.strip : &services.silentStrip;
+}
+
+KX_DATA::CSoapError* GetSoapError() {
+    return &host::TheServices().soapError;
+}
+
 PIC_REPORT::IPicReportCtrl* GetPicReportCtrl() {
     return &host::TheServices().reportCtrl;
 }

@@ -35,6 +35,7 @@ void Serving::TakeBack() {
     Surroundings& around = Around();
     around.view = nullptr;
     around.progress = nullptr;
+    around.strip = nullptr;
     around.transferWait = nullptr;
     around.imageFolder.clear();
     around.withdraw = {};

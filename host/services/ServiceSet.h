@@ -44,6 +44,8 @@ struct ServiceSet {
     RecentSearchMng recentMng{around};
     ConvertProjStateTool stateTool;
     SilentProgress silentProgress;
+    SilentStrip silentStrip;
+    SoapError soapError{around};
     PicReportCtrl reportCtrl;
 };
 

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "host/services/SiteService.h"
+#include "services/CSoapError.h"
 #include "services/IConvertProjStateTool.h"
 #include "services/IExProgress.h"
 #include "services/IKXDocMng.h"
+#include "services/IKXProgressStrip.h"
 #include "services/IKXSysMng.h"
 #include "services/IRecentSearchMng.h"
 
@@ -52,6 +54,22 @@ public:
     void SetTitle(const QString& /*title*/) override {}
     void SetRange(qint32 /*count*/) override {}
     void SetPos(qint32 /*done*/) override {}
+};
+
+/// Stands in for the progress strip where the program has none.
+class SilentStrip final : public KX_DATA::IKXProgressStrip {
+public:
+    void ShowProgressBar(const QString& /*text*/, qint32 /*value*/) override {}
+    void SetShowInfo(const QString& /*text*/) override {}
+    void CloseProgressBar() override {}
+};
+
+/// What was said last of the session that is open.
+class SoapError final : public KX_DATA::CSoapError, private SiteService {
+public:
+    using SiteService::SiteService;
+
+    void GetLastError(QString& text) override { text = Around().lastServiceText; }
 };
 
 } // namespace host

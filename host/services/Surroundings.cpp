@@ -6,6 +6,7 @@ namespace host {
 
 void Surroundings::SetSession(HostSession* session) {
     m_session = session;
+    lastServiceText.clear();
     const std::lock_guard guard(m_lock);
     m_desk = session != nullptr ? session->Desk() : nullptr;
 }

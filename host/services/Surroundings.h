@@ -11,6 +11,7 @@
 
 namespace KX_DATA {
 class IExProgress;
+class IKXProgressStrip;
 class IKXView;
 } // namespace KX_DATA
 
@@ -32,13 +33,16 @@ public:
     /// The session's, null while there is none. Thread: any.
     [[nodiscard]] std::shared_ptr<SessionDesk> Desk() const;
 
-    /// Null while there is none, as the two below.
+    /// Null while there is none, as the three below.
     KX_DATA::IKXView* view = nullptr;
     KX_DATA::IExProgress* progress = nullptr;
+    KX_DATA::IKXProgressStrip* strip = nullptr;
     site::ITransferWait* transferWait = nullptr;
     /// Folder of the module's fixed images; empty: the site's work folder.
     QString imageFolder;
     bool remindOfIssues = true;
+    /// What a service said when it last refused; empty if none did.
+    mutable QString lastServiceText;
     /// Is told how messages begin that no longer hold.
     std::function<void(const QString& beginning)> withdraw;
 

@@ -208,6 +208,22 @@ TEST_P(Environment, TheProgressWindowTakesItsCallsInAnyOrder) {
     on.progress->Close();
 }
 
+TEST_P(Environment, TheProgressStripTakesItsCallsInAnyOrder) {
+    on.strip->CloseProgressBar();
+    on.strip->SetShowInfo(u"正在上传照片(1/3)"_s);
+    on.strip->ShowProgressBar(u"正在上传照片(1/3)"_s, 0);
+    on.strip->ShowProgressBar(u"正在上传照片(2/3)"_s, 0);
+    on.strip->SetShowInfo(u"正在上传照片(3/3)"_s);
+    on.strip->CloseProgressBar();
+    on.strip->CloseProgressBar();
+}
+
+TEST_P(Environment, WithoutARefusalThereIsNoLastText) {
+    QString text;
+    on.soapError->GetLastError(text);
+    EXPECT_EQ(text, QString());
+}
+
 class EnvironmentFailures : public FailureContract {};
 WHERE_NOTHING_IS_OPEN(EnvironmentFailures);
 

@@ -96,7 +96,9 @@ FolderSite::FolderSite() {
           &all.recentMng,
           &all.stateTool,
           &all.silentProgress,
-          &all.reportCtrl};
+          &all.reportCtrl,
+          &all.silentStrip,
+          &all.soapError};
     on.project = all.cacheMng.GetCurrentProject();
     on.model = all.cacheMng.GetCurrentModel();
 }

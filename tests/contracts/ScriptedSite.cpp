@@ -47,13 +47,13 @@ ScriptedSite::ScriptedSite() {
     m_host.questions.judges = m_host.questions.searches = true;
     m_host.richAuth.readOnly = true; // nothing can be written where there is no rich text
     SignIn(u"li"_s);
-    on = {&m_host.pics,      &m_host.questions,  &m_host.drawings, &m_host.qrCodes,
-          &m_host.richTexts, &m_host.auth,       &m_host.auth,     &m_host.global,
-          &m_host.paths,     &m_host.paths,      &m_host.paths,    &m_host.project,
-          &m_host.project,   &m_host.project,    &m_host.marks,    &m_host.sys,
-          &m_host.view,      &m_host.files,      &m_host.files,    &m_host.files,
-          &m_host.docs,      &m_host.reportData, &m_host.richAuth, &m_host.recent,
-          &m_host.states,    &m_host.progress,   &m_host.reports};
+    on = {
+        &m_host.pics,     &m_host.questions,  &m_host.drawings, &m_host.qrCodes,  &m_host.richTexts,
+        &m_host.auth,     &m_host.auth,       &m_host.global,   &m_host.paths,    &m_host.paths,
+        &m_host.paths,    &m_host.project,    &m_host.project,  &m_host.project,  &m_host.marks,
+        &m_host.sys,      &m_host.view,       &m_host.files,    &m_host.files,    &m_host.files,
+        &m_host.docs,     &m_host.reportData, &m_host.richAuth, &m_host.recent,   &m_host.states,
+        &m_host.progress, &m_host.reports,    &m_host.strip,    &m_host.soapError};
     SetView(false);
 }
 

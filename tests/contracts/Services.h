@@ -1,6 +1,7 @@
 // All services of one site, each by its contract.
 #pragma once
 
+#include "services/CSoapError.h"
 #include "services/IConvertProjStateTool.h"
 #include "services/IExProgress.h"
 #include "services/IKXAuthMng.h"
@@ -9,6 +10,7 @@
 #include "services/IKXGlobalData.h"
 #include "services/IKXLocalCacheData.h"
 #include "services/IKXPathMng.h"
+#include "services/IKXProgressStrip.h"
 #include "services/IKXReportDataMng.h"
 #include "services/IKXSysMng.h"
 #include "services/IKXView.h"
@@ -54,6 +56,8 @@ struct Services {
     KX_DATA::IConvertProjStateTool* states = nullptr;
     KX_DATA::IExProgress* progress = nullptr;
     PIC_REPORT::IPicReportCtrl* reports = nullptr;
+    KX_DATA::IKXProgressStrip* strip = nullptr;
+    KX_DATA::CSoapError* soapError = nullptr;
 };
 
 } // namespace contracts

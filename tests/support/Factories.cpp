@@ -98,6 +98,14 @@ KX_DATA::IConvertProjStateTool* GetConvertProjStateTool() {
     return &ScriptedHost::Current().states;
 }
 
+KX_DATA::IKXProgressStrip* GetKXProgressStrip() {
+    return &ScriptedHost::Current().strip;
+}
+
+KX_DATA::CSoapError* GetSoapError() {
+    return &ScriptedHost::Current().soapError;
+}
+
 KX_DATA::IExProgress* GetExProgress() {
     return &ScriptedHost::Current().progress;
 }

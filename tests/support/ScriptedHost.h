@@ -47,6 +47,8 @@ public:
     ScriptedRecentSearchMng recent{script};
     ScriptedConvertProjStateTool states{script};
     ScriptedExProgress progress{script};
+    ScriptedProgressStrip strip{script};
+    ScriptedSoapError soapError{script};
     ScriptedPicReportCtrl reports{script};
 
     [[nodiscard]] CallLog& Log() { return script.log; }

@@ -1,4 +1,5 @@
 #include "host/ui/ExProgress.h"
+#include "host/ui/ProgressStrip.h"
 #include "host/ui/ProgressWindow.h"
 
 #include "tests/support/WaitFor.h"
@@ -164,6 +165,29 @@ TEST_F(LeftProgress, TheNextWorkBlocksAgain) {
 TEST(BytesText, CountsInUnitsThatSuitTheSize) {
     EXPECT_EQ(BytesText(0, 0), u"0 B"_s);
     EXPECT_EQ(BytesText(1536, 2 * 1024 * 1024), u"1.5 kB / 2.0 MB"_s);
+}
+
+TEST(ProgressStripTest, ShowsTheTextOfTheMomentUntilItIsClosed) {
+    host::ProgressStrip strip;
+    strip.SetShowInfo(u"正在上传照片(1/3)"_s);
+    EXPECT_EQ(strip.Window(), nullptr) << "nothing before it is shown";
+    strip.ShowProgressBar(u"正在上传照片(1/3)"_s, 0);
+    ASSERT_NE(strip.Window(), nullptr);
+    EXPECT_TRUE(strip.Window()->isVisible());
+    strip.SetShowInfo(u"正在上传照片(2/3)"_s);
+    EXPECT_EQ(strip.Window()->findChild<QLabel*>(u"progressStripText"_s)->text(),
+              u"正在上传照片(2/3)"_s);
+    strip.CloseProgressBar();
+    strip.CloseProgressBar();
+    EXPECT_EQ(strip.Window(), nullptr);
+}
+
+TEST(ProgressStripTest, BlocksNothingAndTakesNoKeyboard) {
+    host::ProgressStrip strip;
+    strip.ShowProgressBar(u"正在上传照片(1/3)"_s, 0);
+    EXPECT_EQ(strip.Window()->windowModality(), Qt::NonModal);
+    EXPECT_TRUE(strip.Window()->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    EXPECT_TRUE(strip.Window()->screen()->availableGeometry().contains(strip.Window()->geometry()));
 }
 
 } // namespace

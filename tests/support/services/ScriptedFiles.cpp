@@ -150,6 +150,30 @@ void ScriptedFiles::GetFileSize(const QString& taskId, qint32& size) {
     }
 }
 
+void ScriptedProgressStrip::ShowProgressBar(const QString& text, qint32 value) {
+    m_script.Call("Strip.ShowProgressBar", {Text(text), Text(value)});
+    isOpen = true;
+    texts = {text};
+}
+
+void ScriptedProgressStrip::SetShowInfo(const QString& text) {
+    m_script.Call("Strip.SetShowInfo", {Text(text)});
+    if (isOpen) {
+        texts.push_back(text);
+    }
+}
+
+void ScriptedProgressStrip::CloseProgressBar() {
+    m_script.Call("Strip.CloseProgressBar");
+    isOpen = false;
+}
+
+void ScriptedSoapError::GetLastError(QString& text) {
+    if (m_script.Call("GetLastError")) {
+        text = lastText;
+    }
+}
+
 void ScriptedExProgress::Close() {
     m_script.Call("Progress.Close");
 }

@@ -1,9 +1,11 @@
 // Folders and transfers in a folder of the test.
 #pragma once
 
+#include "services/CSoapError.h"
 #include "services/IExProgress.h"
 #include "services/IKXFilesMng.h"
 #include "services/IKXPathMng.h"
+#include "services/IKXProgressStrip.h"
 #include "services/IPicReportCtrl.h"
 #include "tests/support/Reserved.h"
 #include "tests/support/Script.h"
@@ -71,6 +73,34 @@ private:
     Script& m_script;
     std::mutex m_mutex;
     std::map<QString, qint32> m_tasks; ///< sizes by task id, -1 failed
+};
+
+class ScriptedProgressStrip final : public KX_DATA::IKXProgressStrip {
+public:
+    explicit ScriptedProgressStrip(Script& script) : m_script(script) {}
+
+    std::vector<QString> texts; ///< shown since the strip was opened
+    bool isOpen = false;
+
+    void ShowProgressBar(const QString& text, qint32 value) override;
+    void SetShowInfo(const QString& text) override;
+    void CloseProgressBar() override;
+
+private:
+    Script& m_script;
+};
+
+/// A failing GetLastError has nothing to tell.
+class ScriptedSoapError final : public KX_DATA::CSoapError {
+public:
+    explicit ScriptedSoapError(Script& script) : m_script(script) {}
+
+    QString lastText;
+
+    void GetLastError(QString& text) override;
+
+private:
+    Script& m_script;
 };
 
 class ScriptedExProgress final : public KX_DATA::IExProgress {
