@@ -8,14 +8,21 @@ namespace site {
 inline constexpr qint64 kBinSeconds = 30LL * 24 * 60 * 60;
 
 /// What an entry of the bin was; the numbers of the first three are those of the console's kinds.
-enum class BinKind { BimPhoto = 1, PdfPhoto = 2, Issue = 3, Checkpoint = 4, Drawing = 5 };
+enum class BinKind {
+    BimPhoto = 1,
+    PdfPhoto = 2,
+    Issue = 3,
+    Checkpoint = 4,
+    Drawing = 5,
+    IssuePic = 6, ///< a picture of an issue or of its rectification
+};
 
 struct BinEntry {
     qint64 id = 0;
     /// May be a number that this client doesn't know.
     BinKind kind = BinKind::BimPhoto;
     qint32 ppid = 0;
-    QString title; ///< file name of a photo, theme of an issue, name of a drawing
+    QString title; ///< file name of a photo or picture, theme of an issue, name of a drawing
     QString deletedBy;
     qint64 deletedAt = 0; ///< seconds since 1970
 };

@@ -1,6 +1,7 @@
 // How things get into a site.
 #pragma once
 
+#include "site/IComponents.h"
 #include "site/NewRecords.h"
 
 namespace site {
@@ -28,6 +29,8 @@ public:
     virtual void AddFloor(qint32 ppid, const QString& floor) = 0;
     /// Adds the floor too if it is missing; returns the position key.
     virtual QString AddPosition(const NewPosition& position) = 0;
+    /// An existing handle of the project is replaced; Refused for an empty one.
+    virtual void AddComponent(const Component& component) = 0;
     /// Refused for an empty name and for one that a drawing of the project bears. `pages` 0: not
     /// known.
     virtual qint32 AddDrawing(qint32 ppid, const QString& name, const FileSource& file = {},
@@ -41,9 +44,12 @@ public:
     virtual qint32 FilePdfPhoto(qint32 ppid, const NewPdfPhoto& photo,
                                 const FileSource& picture) = 0;
     virtual void SetCheckpointVoice(qint32 ppid, qint32 checkpointId, const FileSource& voice) = 0;
-    /// Returns the question id.
-    virtual QString FileIssue(const NewIssue& issue, const FileSource& voice = {}) = 0;
-    /// `thumb` may be empty: then the picture stands for it.
+    /// Returns the question id. `voice`: an AMR note, or empty, as that of the rectification, which
+    /// only an issue that is worked on has.
+    virtual QString FileIssue(const NewIssue& issue, const FileSource& voice = {},
+                              const FileSource& rectifyVoice = {}) = 0;
+    /// `thumb` may be empty: then the picture stands for it. What comes later than the issue is a
+    /// line of its history.
     virtual QString FileIssuePic(qint32 ppid, const NewIssuePic& pic, const FileSource& picture,
                                  const FileSource& thumb = {}) = 0;
 

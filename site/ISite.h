@@ -18,6 +18,7 @@ class ICatalogue;
 class IChanges;
 class IClientFolders;
 class IComments;
+class IComponents;
 class IDrawings;
 class IFilings;
 class IIntake;
@@ -35,6 +36,7 @@ public:
     [[nodiscard]] virtual IBimPhotos& BimPhotos() = 0;
     [[nodiscard]] virtual IPdfPhotos& PdfPhotos() = 0;
     [[nodiscard]] virtual IComments& Comments() = 0;
+    [[nodiscard]] virtual IComponents& Components() = 0;
     [[nodiscard]] virtual IDrawings& Drawings() = 0;
     [[nodiscard]] virtual IIssues& Issues() = 0;
     [[nodiscard]] virtual IPanelCounts& PanelCounts() = 0;

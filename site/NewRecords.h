@@ -82,7 +82,8 @@ struct NewIssue {
     qint64 createTime = 0;
     QString updater;
     qint64 updateTime = 0; ///< 0: never changed
-    QString rectifyText;   ///< with an empty rectifier there is no rectification
+    QString qrCode;
+    QString rectifyText; ///< with an empty rectifier there is no rectification
     QString rectifier;
 };
 

@@ -82,7 +82,8 @@ bool TNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& ques
 qint32 TNQuestionMng::GetIssueDetail(const qint32& ppid, const QString& questionId,
                                      KX_DATA::QuestionDetail& detail) {
     return Guarded(u"读取TN问题"_s, 0, [&](HostSession& session) {
-        RequireFound(session.Site().Issues().Detail(ppid, questionId, detail), u"TN问题"_s);
+        RequireFound(session.Site().Issues().Detail(ppid, questionId, detail).has_value(),
+                     u"TN问题"_s);
         return 1;
     });
 }

@@ -30,11 +30,15 @@ ListKind ListOf(BinKind kind) {
 }
 
 bool IsKnown(BinKind kind) {
-    return IsListed(kind) || kind == BinKind::Checkpoint || kind == BinKind::Drawing;
+    return IsListed(kind) || kind == BinKind::Checkpoint || kind == BinKind::Drawing ||
+           kind == BinKind::IssuePic;
 }
 
 /// What can't come back since what it lay on is gone.
 QString OrphanText(BinKind kind, const QString& title) {
+    if (kind == BinKind::IssuePic) {
+        return u"“%1”所属的问题已不存在，没有恢复，仍在回收站中；请先恢复问题。"_s.arg(title);
+    }
     return kind == BinKind::Checkpoint
                ? u"“%1”所在的图纸已不存在，没有恢复，仍在回收站中；请先恢复图纸。"_s.arg(title)
                : u"“%1”所在的检查点已不存在，没有恢复，仍在回收站中；请先恢复检查点。"_s.arg(title);
@@ -45,6 +49,7 @@ ChangeKind ChangeOf(BinKind kind) {
     case BinKind::PdfPhoto:
         return ChangeKind::PdfPhoto;
     case BinKind::Issue:
+    case BinKind::IssuePic:
         return ChangeKind::Issue;
     case BinKind::Checkpoint:
         return ChangeKind::Checkpoint;
@@ -78,8 +83,8 @@ void Bin::RequireNothingOn(BinKind kind, qint64 objectId, const QString& title) 
     }
 }
 
-bool Bin::MoveToBin(BinKind kind, qint64 objectId, const Projects& projects, const Signature& by,
-                    std::vector<QString>& files) {
+bool Bin::Take(BinKind kind, qint64 objectId, const Projects& projects, const Signature& by,
+               std::vector<QString>& files) {
     BinContent content = TakeContent(m_database, kind, objectId);
     if (content.title.isNull() || !Has(projects, content.ppid)) {
         return false;
@@ -101,8 +106,14 @@ bool Bin::MoveToBin(BinKind kind, qint64 objectId, const Projects& projects, con
     }
     // What hangs on the row goes with it by its foreign keys.
     m_database.Exec(u"DELETE FROM %1 WHERE id = ?"_s.arg(TableOf(kind)), {objectId});
-    m_database.Log().Note(ChangeOf(kind), content.ppid, objectId, by.person);
+    m_database.Log().Note(ChangeOf(kind), content.ppid, content.changed, by.person);
     return true;
+}
+
+void Bin::MoveFiles(const std::vector<QString>& files) {
+    for (const QString& uuid : files) {
+        m_store.MoveToBin(uuid);
+    }
 }
 
 int Bin::Delete(BinKind kind, const std::function<std::vector<qint64>()>& ids,
@@ -111,12 +122,10 @@ int Bin::Delete(BinKind kind, const std::function<std::vector<qint64>()>& ids,
     int count = 0;
     Transaction transaction(m_database);
     for (const qint64 id : ids()) {
-        count += MoveToBin(kind, id, projects, by, files) ? 1 : 0;
+        count += Take(kind, id, projects, by, files) ? 1 : 0;
     }
     transaction.Commit();
-    for (const QString& uuid : files) {
-        m_store.MoveToBin(uuid);
-    }
+    MoveFiles(files);
     return count;
 }
 
@@ -192,7 +201,8 @@ void Bin::RestoreEntry(qint64 binId, std::vector<QString>& files) {
         isPut = PutContent(m_database, kind, objectId, content);
     } catch (const DataError& error) {
         if (error.GetFault() != Fault::Refused ||
-            (kind != BinKind::PdfPhoto && kind != BinKind::Checkpoint)) {
+            (kind != BinKind::PdfPhoto && kind != BinKind::Checkpoint &&
+             kind != BinKind::IssuePic)) {
             throw;
         }
         throw DataError(Fault::Refused, OrphanText(kind, title), QString::fromUtf8(error.what()));
@@ -212,6 +222,11 @@ void Bin::RestoreEntry(qint64 binId, std::vector<QString>& files) {
     m_database.ForEach(u"SELECT uuid FROM bin_file WHERE bin_id = ?"_s, {binId},
                        [&](const Statement& row) { files.push_back(row.Text(0)); });
     m_database.Exec(u"DELETE FROM bin WHERE id = ?"_s, {binId});
+    if (kind == BinKind::IssuePic) {
+        // The id of the record that the feed tells of.
+        objectId = m_database.Value(u"SELECT issue_id FROM issue_pic WHERE id = ?"_s, {objectId})
+                       .toLongLong();
+    }
     m_database.Log().Note(ChangeOf(kind), ppid, objectId);
 }
 
@@ -220,8 +235,10 @@ std::vector<qint64> Bin::InOrderOfRestoring(const std::vector<qint64>& binIds) {
     for (const qint64 binId : binIds) {
         const QVariant kind = m_database.Value(u"SELECT kind FROM bin WHERE id = ?"_s, {binId});
         if (kind.isValid()) {
-            // The numbers of drawings and checkpoints are the highest that are known.
-            ordered.emplace(-kind.toInt(), binId);
+            // What lies on nothing first: the numbers of drawings, checkpoints and issues are
+            // higher than those of what lies on them, save that of an issue's picture.
+            const int number = kind.toInt();
+            ordered.emplace(number == static_cast<int>(BinKind::IssuePic) ? 0 : -number, binId);
         }
     }
     std::vector<qint64> ids;

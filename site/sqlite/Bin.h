@@ -30,6 +30,12 @@ public:
     int Restore(const std::vector<qint64>& binIds) override;
     void Purge(const std::vector<qint64>& binIds) override;
 
+    /// Inside of a transaction of the caller's, who calls MoveFiles with what was added to `files`
+    /// once that is committed. False for what is in none of the projects.
+    bool Take(BinKind kind, qint64 objectId, const Projects& projects, const Signature& by,
+              std::vector<QString>& files);
+    void MoveFiles(const std::vector<QString>& files);
+
     /// What has been in it for kBinSeconds.
     void PurgeOld(qint64 now);
     /// Moves files to where their rows say that they are, and what no row knows to `aside`.
@@ -39,8 +45,6 @@ private:
     /// Moves those whose row is one of the projects'; their ids are asked for in the transaction.
     int Delete(BinKind kind, const std::function<std::vector<qint64>()>& ids,
                const Projects& projects, const Signature& by);
-    bool MoveToBin(BinKind kind, qint64 objectId, const Projects& projects, const Signature& by,
-                   std::vector<QString>& files);
     void RestoreEntry(qint64 binId, std::vector<QString>& files);
     /// Drawings first, then what lies on them; those that the bin has.
     [[nodiscard]] std::vector<qint64> InOrderOfRestoring(const std::vector<qint64>& binIds);

@@ -21,6 +21,7 @@ struct Section {
     QString table;
     QString keyColumn;
     std::vector<QString> fileColumns;
+    bool isLater = false; ///< entries of earlier clients haven't got it
 };
 
 std::vector<Section> SectionsOf(BinKind kind) {
@@ -33,13 +34,16 @@ std::vector<Section> SectionsOf(BinKind kind) {
     case BinKind::Issue:
         return {{u"issue"_s, u"id"_s, {u"voice_uuid"_s}},
                 {u"rectification"_s, u"issue_id"_s, {u"voice_uuid"_s}},
-                {u"issue_pic"_s, u"issue_id"_s, {u"file_uuid"_s, u"thumb_uuid"_s}}};
+                {u"issue_pic"_s, u"issue_id"_s, {u"file_uuid"_s, u"thumb_uuid"_s}},
+                {u"issue_history"_s, u"issue_id"_s, {}, true}};
     case BinKind::Checkpoint:
         return {{u"checkpoint"_s, u"id"_s, {u"audio_uuid"_s}},
                 {u"checkpoint_label"_s, u"checkpoint_id"_s, {}},
                 {u"comment"_s, u"checkpoint_id"_s, {}}};
     case BinKind::Drawing:
         return {{u"drawing"_s, u"id"_s, {u"file_uuid"_s}}};
+    case BinKind::IssuePic:
+        return {{u"issue_pic"_s, u"id"_s, {u"file_uuid"_s, u"thumb_uuid"_s}}};
     }
     return {};
 }
@@ -127,6 +131,12 @@ bool InsertRows(Database& database, const Section& section, const QJsonArray& ro
 void NameContent(Database& database, BinKind kind, const QJsonObject& row, BinContent& content) {
     QString title = row.value(kind == BinKind::Issue ? u"theme"_s : u"name"_s).toString();
     content.ppid = row.value(u"ppid"_s).toInt();
+    content.changed = row.value(u"id"_s).toInteger();
+    if (kind == BinKind::IssuePic) {
+        content.changed = row.value(u"issue_id"_s).toInteger();
+        content.ppid =
+            database.Value(u"SELECT ppid FROM issue WHERE id = ?"_s, {content.changed}).toInt();
+    }
     if (kind == BinKind::Checkpoint) {
         database.ForEach(
             u"SELECT ppid, name FROM drawing WHERE id = ?"_s,
@@ -166,22 +176,23 @@ bool PutContent(Database& database, BinKind kind, qint64 objectId, const QString
     std::vector<Section> sections = SectionsOf(kind);
     sections.push_back(FileSection());
     const QJsonArray found = QJsonDocument::fromJson(text.toUtf8()).array();
-    if (found.size() != static_cast<qsizetype>(sections.size())) {
-        return false;
-    }
     const QJsonArray own = found.first().toObject().value(u"rows"_s).toArray();
     if (own.size() != 1 || own.first().toObject().value(u"id"_s).toInteger() != objectId) {
         return false;
     }
-    for (qsizetype at = 0; at < found.size(); ++at) {
+    qsizetype at = 0;
+    for (const Section& expected : sections) {
         const QJsonObject section = found[at].toObject();
-        const Section& expected = sections[static_cast<size_t>(at)];
-        if (section.value(u"table"_s).toString() != expected.table ||
-            !InsertRows(database, expected, section.value(u"rows"_s).toArray())) {
+        const bool isThere = section.value(u"table"_s).toString() == expected.table;
+        if (!isThere && expected.isLater) {
+            continue;
+        }
+        if (!isThere || !InsertRows(database, expected, section.value(u"rows"_s).toArray())) {
             return false;
         }
+        ++at;
     }
-    return true;
+    return at == found.size();
 }
 
 void RefreshFromCheckpoint(Database& database, qint64 photoId) {

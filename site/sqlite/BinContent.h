@@ -10,6 +10,7 @@ namespace site {
 struct BinContent {
     QString title; ///< null: there is no such object
     qint32 ppid = 0;
+    qint64 changed = 0;         ///< id of the record of which the feed tells
     QJsonArray sections;        ///< {"table", "rows"} in the order in which they are put back
     std::vector<QString> files; ///< uuids that have a row in the table of files
 };

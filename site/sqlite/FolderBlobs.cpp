@@ -22,7 +22,8 @@ constexpr int kBusyTimeoutMs = 5000;
 
 FolderBlobs::FolderBlobs(const DataFolder& dataFolder)
     : m_database(dataFolder.DatabasePath()), m_store(dataFolder.StorePath()),
-      m_bin(dataFolder.BinPath()), m_opening(dataFolder.Db().Log().Opening()) {}
+      m_bin(dataFolder.BinPath()), m_folder(dataFolder),
+      m_opening(dataFolder.Db().Log().Opening()) {}
 
 QString FolderBlobs::StoredMd5(const QString& uuid, const Limits& limits) const {
     Database reader(m_database, kBusyTimeoutMs);
@@ -77,6 +78,8 @@ KX_DATA::UploadResult FolderBlobs::Upload(const QString& path, const Limits& lim
         database.Exec(u"INSERT INTO file (uuid, md5, size, kind, ppid, owner)"
                       " VALUES (?, ?, ?, ?, 0, 0)"_s,
                       {file.uuid, file.md5, file.size, static_cast<int>(FileKind::Uploaded)});
+        database.Exec(u"INSERT INTO upload (uuid, at) VALUES (?, ?)"_s,
+                      {file.uuid, m_folder.Now()});
         transaction.Commit();
     } catch (...) {
         store.Discard(file.uuid);

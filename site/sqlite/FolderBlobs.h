@@ -25,6 +25,7 @@ private:
     const QString m_database;
     const QString m_store;
     const QString m_bin;
+    const DataFolder& m_folder; ///< for the time, which any thread may ask for
     const qint64 m_opening;
 };
 

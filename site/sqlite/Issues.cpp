@@ -3,6 +3,7 @@
 #include "site/RectifyStates.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/IdChunks.h"
+#include "site/sqlite/IssueLog.h"
 #include "site/sqlite/ListQuery.h"
 
 namespace site {
@@ -59,16 +60,17 @@ std::vector<KX_DATA::IssueRow> Issues::Rows(const std::vector<qint64>& ids) {
     return RowsInOrder(m_database, IssueRowSql(), ids, IssueRowOf);
 }
 
-bool Issues::Detail(qint32 ppid, const QString& questionId, KX_DATA::QuestionDetail& detail) {
+std::optional<Revision> Issues::Detail(qint32 ppid, const QString& questionId,
+                                       KX_DATA::QuestionDetail& detail) {
     const ReadScope snapshot(m_database);
-    bool found = false;
+    std::optional<Revision> found;
     QString voice;
     m_database.ForEach(u"SELECT component_name, created, creator, description, floor,"
                        " component_handle, mark_id, modified, updater, qr_code, theme, status,"
-                       " component_sub_name, voice_uuid FROM issue WHERE question_id = ?"
+                       " component_sub_name, voice_uuid, revision FROM issue WHERE question_id = ?"
                        " AND ppid = ?"_s,
                        {questionId, ppid}, [&](const Statement& read) {
-                           found = true;
+                           found = Revision{read.Int64(14)};
                            detail.componentName = read.Text(0);
                            detail.createTime = read.Int64(1);
                            detail.creatorName = read.Text(2);
@@ -155,19 +157,32 @@ bool Issues::Rectification(const Projects& projects, const QString& questionId,
     return found;
 }
 
-int Issues::SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status) {
-    int count = 0;
-    Transaction transaction(m_database);
-    for (const QString& questionId : questionIds) {
-        count +=
-            m_database.Exec(u"UPDATE issue SET status = ? WHERE question_id = ? AND ppid = ?"_s,
-                            {status, questionId, ppid});
-        const QVariant id =
-            m_database.Value(u"SELECT id FROM issue WHERE question_id = ?"_s, {questionId});
-        m_database.Log().Note(ChangeKind::Issue, ppid, id.toLongLong());
+std::vector<IssueChange> Issues::History(qint32 ppid, const QString& questionId) {
+    const ReadScope snapshot(m_database);
+    const std::optional<IssueKey> key = KeyOf(m_database, {ppid}, questionId);
+    if (!key) {
+        return {};
     }
-    transaction.Commit();
-    return count;
+    std::vector<IssueChange> lines = DeedsOf(m_database, key->id);
+    m_database.ForEach(
+        u"SELECT created, creator FROM issue WHERE id = ?"_s, {key->id},
+        [&](const Statement& read) {
+            lines.push_back({read.Int64(0), read.Text(1), IssueDeed::Raised, {}, {}, 0});
+        });
+    return lines;
+}
+
+std::optional<IssueRef> Issues::FindByQrCode(const Projects& projects, const QString& text) {
+    std::optional<IssueRef> found;
+    // The second condition leads to the index, which has no empty codes.
+    m_database.ForEach(u"SELECT ppid, question_id FROM issue WHERE qr_code = ? AND qr_code <> ''"
+                       " ORDER BY id DESC"_s,
+                       {text}, [&](const Statement& read) {
+                           if (Has(projects, read.Int(0))) {
+                               found = IssueRef{read.Int(0), read.Text(1)};
+                           }
+                       });
+    return found;
 }
 
 std::vector<qint32> Issues::UsedMarks() {

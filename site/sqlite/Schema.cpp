@@ -256,6 +256,17 @@ std::vector<QString> FilingsTable() {
             " ppid INTEGER NOT NULL, object INTEGER NOT NULL, opening INTEGER NOT NULL)"_s};
 }
 
+QString RevisionTrigger(const QString& table) {
+    return u"CREATE TRIGGER %1_revision AFTER UPDATE ON %1 WHEN new.revision = old.revision"
+           " BEGIN UPDATE %1 SET revision = old.revision + 1 WHERE id = new.id; END"_s.arg(table);
+}
+
+// Remembers the highest id of a row that is gone.
+QString GivenTrigger(const QString& table) {
+    return u"CREATE TRIGGER %1_given AFTER DELETE ON %1 BEGIN INSERT INTO given_id VALUES ('%1',"
+           " old.id) ON CONFLICT (name) DO UPDATE SET id = max(id, excluded.id); END"_s.arg(table);
+}
+
 // How often a record has changed: what two people who save in the same second don't have in common.
 // Counted by the database, so that no writer can forget it, other programs included.
 std::vector<QString> RevisionColumns() {
@@ -263,9 +274,7 @@ std::vector<QString> RevisionColumns() {
     for (const QString& table : {u"bim_photo"_s, u"pdf_photo"_s, u"checkpoint"_s}) {
         statements.push_back(
             u"ALTER TABLE %1 ADD COLUMN revision INTEGER NOT NULL DEFAULT 0"_s.arg(table));
-        statements.push_back(
-            u"CREATE TRIGGER %1_revision AFTER UPDATE ON %1 WHEN new.revision = old.revision"
-            " BEGIN UPDATE %1 SET revision = old.revision + 1 WHERE id = new.id; END"_s.arg(table));
+        statements.push_back(RevisionTrigger(table));
     }
     return statements;
 }
@@ -291,12 +300,33 @@ std::vector<QString> DrawingColumns() {
         u"CREATE TABLE given_id (name TEXT PRIMARY KEY, id INTEGER NOT NULL) WITHOUT ROWID"_s,
     };
     for (const QString& table : {u"drawing"_s, u"checkpoint"_s}) {
-        statements.push_back(
-            u"CREATE TRIGGER %1_given AFTER DELETE ON %1 BEGIN INSERT INTO given_id VALUES ('%1',"
-            " old.id) ON CONFLICT (name) DO UPDATE SET id = max(id, excluded.id); END"_s.arg(
-                table));
+        statements.push_back(GivenTrigger(table));
     }
     return statements;
+}
+
+// Components of the model, what was done to issues, and which files no record has yet. A picture
+// that is removed doesn't give its id to another one, as the bin may bring it back.
+std::vector<QString> IssueWork() {
+    return {
+        u"CREATE TABLE component (ppid INTEGER NOT NULL REFERENCES project(ppid), handle TEXT NOT"
+        " NULL, floor TEXT NOT NULL, position_key TEXT NOT NULL, name TEXT NOT NULL,"
+        " sub_name TEXT NOT NULL, kind TEXT NOT NULL, properties TEXT NOT NULL,"
+        " PRIMARY KEY (ppid, handle)) WITHOUT ROWID"_s,
+        u"CREATE INDEX component_of_floor ON component (ppid, floor, handle)"_s,
+        u"CREATE TABLE issue_history (id INTEGER PRIMARY KEY AUTOINCREMENT, issue_id INTEGER NOT"
+        " NULL REFERENCES issue(id) ON DELETE CASCADE, at INTEGER NOT NULL, person TEXT NOT NULL,"
+        " deed INTEGER NOT NULL, old_text TEXT NOT NULL, new_text TEXT NOT NULL,"
+        " n INTEGER NOT NULL)"_s,
+        u"CREATE INDEX history_of_issue ON issue_history (issue_id, id)"_s,
+        u"ALTER TABLE issue ADD COLUMN revision INTEGER NOT NULL DEFAULT 0"_s,
+        RevisionTrigger(u"issue"_s),
+        u"CREATE INDEX issue_by_code ON issue (qr_code) WHERE qr_code <> ''"_s,
+        GivenTrigger(u"issue_pic"_s),
+        u"CREATE TABLE upload (uuid TEXT PRIMARY KEY, at INTEGER NOT NULL) WITHOUT ROWID"_s,
+        u"INSERT INTO upload SELECT uuid, CAST(strftime('%s', 'now') AS INTEGER) FROM file"
+        " WHERE kind = 9"_s,
+    };
 }
 
 } // namespace
@@ -308,7 +338,7 @@ std::vector<std::vector<QString>> SchemaSteps() {
         first.insert(first.end(), part.begin(), part.end());
     }
     return {first,          IssuePanelIndex(), PicPanelTables(), HiddenPhotosTable(), ChangeTable(),
-            FilingsTable(), RevisionColumns(), CommentTable(),   DrawingColumns()};
+            FilingsTable(), RevisionColumns(), CommentTable(),   DrawingColumns(),    IssueWork()};
 }
 
 } // namespace site

@@ -3,11 +3,29 @@
 #include "site/FloorOrder.h"
 #include "site/LastChange.h"
 #include "site/StoreName.h"
+#include "site/sqlite/Drawings.h"
 #include "site/sqlite/FilingTable.h"
+#include "site/sqlite/IssueLog.h"
 #include "site/sqlite/SearchIndex.h"
 #include "site/sqlite/SiteWriterImpl.h"
 
 namespace site {
+
+namespace {
+
+/// Pictures that come with an issue are part of its raising.
+void NoteLatePic(Database& database, qint64 issueId, const NewIssuePic& pic) {
+    const qint64 raised =
+        database.Value(u"SELECT created FROM issue WHERE id = ?"_s, {issueId}).toLongLong();
+    if (pic.uploadTime > raised) {
+        const IssueDeed deed =
+            pic.rectification ? IssueDeed::RectifyPicsAdded : IssueDeed::PicsAdded;
+        NoteDeed(database, issueId, {pic.uploader, pic.uploadTime},
+                 {0, {}, deed, {}, pic.fileName, 1});
+    }
+}
+
+} // namespace
 
 SiteWriter::SiteWriter(DataFolder& dataFolder) : m_impl(std::make_unique<Impl>(dataFolder)) {}
 
@@ -118,8 +136,10 @@ void SiteWriter::SetCheckpointVoice(qint32 ppid, qint32 checkpointId, const File
     });
 }
 
-QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice) {
+QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice,
+                              const FileSource& rectifyVoice) {
     const StoredFile note = m_impl->Put(voice);
+    const StoredFile remedy = m_impl->Put(issue.rectifier.isEmpty() ? FileSource{} : rectifyVoice);
     const LastChange last(issue.creator, issue.createTime, issue.updater, issue.updateTime);
     const QString questionId = issue.questionId.isEmpty() ? NewStoreName() : issue.questionId;
     return m_impl->Change([&] {
@@ -129,7 +149,7 @@ QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice) {
             " component_name, component_sub_name, component_handle, mark_id, qr_code, voice_uuid,"
             " state, status, creator, created, updater, updated, modifier, modified) VALUES (?, ?, "
             "?, ?,"
-            " ?, ?, ?, ?, ?, ?, ?, '', ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
+            " ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"_s,
             {questionId,
              issue.ppid,
              issue.theme,
@@ -141,6 +161,7 @@ QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice) {
              issue.componentSubName,
              issue.componentHandle,
              issue.markId,
+             issue.qrCode,
              note.uuid,
              issue.state,
              issue.status,
@@ -152,10 +173,11 @@ QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice) {
              last.time});
         if (!issue.rectifier.isEmpty()) {
             m_impl->db.Exec(u"INSERT INTO rectification (issue_id, text, rectifier, voice_uuid)"
-                            " VALUES (?, ?, ?, '')"_s,
-                            {id, issue.rectifyText, issue.rectifier});
+                            " VALUES (?, ?, ?, ?)"_s,
+                            {id, issue.rectifyText, issue.rectifier, remedy.uuid});
         }
         m_impl->InsertFile(note, FileKind::IssueVoice, issue.ppid, id);
+        m_impl->InsertFile(remedy, FileKind::IssueVoice, issue.ppid, id);
         AddSearchRow(m_impl->db, ListKind::Issues, id);
         FilingTable::Note(m_impl->db, ChangeKind::Issue, issue.ppid, id);
         m_impl->Note(ChangeKind::Issue, issue.ppid, id, last.person);
@@ -172,10 +194,13 @@ QString SiteWriter::FileIssuePic(qint32 ppid, const NewIssuePic& pic, const File
             u"SELECT id FROM issue WHERE question_id = ? AND ppid = ?"_s, {pic.questionId, ppid});
         RequireKnown(issueId != 0, u"问题"_s);
         const QString picId = NewStoreName();
-        m_impl->db.Exec(u"INSERT INTO issue_pic (pic_id, issue_id, rectification, name, uploader,"
-                        " uploaded, file_uuid, thumb_uuid) VALUES (?, ?, ?, ?, ?, ?, ?, ?)"_s,
-                        {picId, issueId, pic.rectification ? 1 : 0, pic.fileName, pic.uploader,
-                         pic.uploadTime, file.uuid, small.uuid.isEmpty() ? file.uuid : small.uuid});
+        m_impl->db.Exec(u"INSERT INTO issue_pic (id, pic_id, issue_id, rectification, name,"
+                        " uploader, uploaded, file_uuid, thumb_uuid) VALUES (?, ?, ?, ?, ?, ?, ?,"
+                        " ?, ?)"_s,
+                        {NextIdOf(m_impl->db, u"issue_pic"_s), picId, issueId,
+                         pic.rectification ? 1 : 0, pic.fileName, pic.uploader, pic.uploadTime,
+                         file.uuid, small.uuid.isEmpty() ? file.uuid : small.uuid});
+        NoteLatePic(m_impl->db, issueId, pic);
         m_impl->InsertFile(file, FileKind::IssuePic, ppid, issueId);
         m_impl->InsertFile(small, FileKind::Thumb, ppid, issueId);
         m_impl->Note(ChangeKind::Issue, ppid, issueId, pic.uploader);

@@ -28,6 +28,7 @@ public:
     qint32 AddLabel(const QString& name) override;
     void AddFloor(qint32 ppid, const QString& floor) override;
     QString AddPosition(const NewPosition& position) override;
+    void AddComponent(const Component& component) override;
     qint32 AddDrawing(qint32 ppid, const QString& name, const FileSource& file = {},
                       int pages = 0) override;
     qint32 AddCheckpoint(qint32 ppid, const NewCheckpoint& checkpoint) override;
@@ -36,7 +37,8 @@ public:
                      const FileSource& voice = {}) override;
     qint32 FilePdfPhoto(qint32 ppid, const NewPdfPhoto& photo, const FileSource& picture) override;
     void SetCheckpointVoice(qint32 ppid, qint32 checkpointId, const FileSource& voice) override;
-    QString FileIssue(const NewIssue& issue, const FileSource& voice = {}) override;
+    QString FileIssue(const NewIssue& issue, const FileSource& voice = {},
+                      const FileSource& rectifyVoice = {}) override;
     QString FileIssuePic(qint32 ppid, const NewIssuePic& pic, const FileSource& picture,
                          const FileSource& thumb = {}) override;
     [[nodiscard]] qint32 FindProject(const QString& name) override;

@@ -2,6 +2,7 @@
 
 #include "site/FloorOrder.h"
 #include "site/StoreName.h"
+#include "site/sqlite/Components.h"
 #include "site/sqlite/Drawings.h"
 #include "site/sqlite/SiteWriterImpl.h"
 
@@ -118,6 +119,16 @@ QString SiteWriter::AddPosition(const NewPosition& position) {
                          position.valid ? 1 : 0});
         m_impl->Note(ChangeKind::Place, position.ppid, 0);
         return key;
+    });
+}
+
+void SiteWriter::AddComponent(const Component& component) {
+    m_impl->Change([&] {
+        if (component.handle.isEmpty()) {
+            throw DataError(Fault::Refused, u"构件没有编号，没有保存。"_s);
+        }
+        WriteComponent(m_impl->db, component);
+        return true;
     });
 }
 

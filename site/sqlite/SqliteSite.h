@@ -7,6 +7,7 @@
 #include "site/sqlite/Catalogue.h"
 #include "site/sqlite/ChangeFeed.h"
 #include "site/sqlite/Comments.h"
+#include "site/sqlite/Components.h"
 #include "site/sqlite/DataFolder.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/Drawings.h"
@@ -29,6 +30,7 @@ public:
     [[nodiscard]] IBimPhotos& BimPhotos() override { return m_bimPhotos; }
     [[nodiscard]] IPdfPhotos& PdfPhotos() override { return m_pdfPhotos; }
     [[nodiscard]] IComments& Comments() override { return m_comments; }
+    [[nodiscard]] IComponents& Components() override { return m_components; }
     [[nodiscard]] IDrawings& Drawings() override { return m_drawings; }
     [[nodiscard]] IIssues& Issues() override { return m_issues; }
     [[nodiscard]] IPanelCounts& PanelCounts() override { return m_panel; }
@@ -57,11 +59,12 @@ private:
     site::BimPhotos m_bimPhotos;
     site::PdfPhotos m_pdfPhotos;
     site::Comments m_comments;
+    site::Components m_components;
     site::Drawings m_drawings;
+    site::Bin m_bin; ///< before the issues, which put pictures into it
     site::Issues m_issues;
     PanelCache m_panel;
     site::Catalogue m_catalogue;
-    site::Bin m_bin;
     FilingTable m_filings;
     FolderBlobs m_blobs;
     FolderPlaces m_places;

@@ -1,9 +1,11 @@
 // Data folders of earlier clients: what they hold is kept, and what came since works on it.
 #include "site/sqlite/Migrations.h"
 
+#include "site/IBin.h"
 #include "site/IChanges.h"
 #include "site/IComments.h"
 #include "site/IDrawings.h"
+#include "site/IIssues.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SqliteSite.h"
 #include "tests/site/TempSite.h"
@@ -90,6 +92,25 @@ TEST(Migrations, ADrawingOfBeforeHasItsCheckpointsOnTheFirstPageAndNumbersGoOn) 
     ASSERT_TRUE(next);
     EXPECT_EQ(next->number, 5);
     EXPECT_GT(next->id, 1);
+}
+
+TEST(Migrations, AnIssueOfBeforeHasItsRaisingAsHistoryAndComesBackFromAnOldBin) {
+    OldSite site(9);
+    site.Db().Exec(u"INSERT INTO bin (kind, ppid, object_id, title, deleted_by, deleted_at,"
+                   " content) VALUES (3, 7, 5, '裂缝', 'li', 4000000000, ?)"_s,
+                   {uR"([{"table":"issue","rows":[{"id":5,"question_id":"q","ppid":7,
+"theme":"裂缝","description":"","floor":"1","floor_sort":"1","pos_info":"","component_name":"",
+"component_sub_name":"","component_handle":"","mark_id":1,"qr_code":"","voice_uuid":"","state":0,
+"status":0,"creator":"li","created":100,"updater":"","updated":0,"modifier":"li","modified":100}]},
+{"table":"rectification","rows":[]},{"table":"issue_pic","rows":[]},
+{"table":"file","rows":[]}])"_s});
+    SqliteSite engine(*site.folder);
+    ASSERT_EQ(engine.Bin().Restore({engine.Bin().List().front().id}), 1);
+    const auto lines = engine.Issues().History(7, u"q"_s);
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_EQ(lines[0].deed, IssueDeed::Raised);
+    EXPECT_EQ(lines[0].person, u"li"_s);
+    EXPECT_EQ(lines[0].at, 100);
 }
 
 } // namespace site

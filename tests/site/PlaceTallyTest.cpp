@@ -115,8 +115,8 @@ void DropDrawingColumns(Database& db) {
 void DropTallies(Database& db, int version) {
     DropDrawingColumns(db);
     QStringList triggers{u"hide"_s, u"unhide"_s, u"rehide"_s};
-    QStringList tables{u"bim_hidden_tally"_s, u"change"_s, u"filing"_s, u"comment"_s,
-                       u"given_id"_s};
+    QStringList tables{u"bim_hidden_tally"_s, u"change"_s,    u"filing"_s,        u"comment"_s,
+                       u"given_id"_s,         u"component"_s, u"issue_history"_s, u"upload"_s};
     if (version < 3) {
         triggers << u"add"_s << u"remove"_s << u"move"_s;
         tables << u"bim_place_photo"_s << u"bim_place_tally"_s << u"bim_place"_s;
@@ -127,7 +127,9 @@ void DropTallies(Database& db, int version) {
     for (const QString& table : tables) {
         db.Exec(u"DROP TABLE "_s + table);
     }
-    for (const QString& table : {u"bim_photo"_s, u"pdf_photo"_s, u"checkpoint"_s}) {
+    db.Exec(u"DROP INDEX issue_by_code"_s);
+    db.Exec(u"DROP TRIGGER issue_pic_given"_s);
+    for (const QString& table : {u"bim_photo"_s, u"pdf_photo"_s, u"checkpoint"_s, u"issue"_s}) {
         db.Exec(u"DROP TRIGGER %1_revision"_s.arg(table));
         db.Exec(u"ALTER TABLE %1 DROP COLUMN revision"_s.arg(table));
     }
