@@ -54,10 +54,11 @@ public:
     [[nodiscard]] virtual bool IsFetched(const QString& uuid, const QString& localPath) const = 0;
     /// Bytes, -1 if the site has no such file or the limits are passed.
     [[nodiscard]] virtual qint64 SizeOf(const QString& uuid, const Limits& limits) = 0;
-    /// Takes a file in before anything refers to it. Throws DataError: TooSlow and Cancelled with
-    /// nothing taken in.
+    /// Takes a file in before anything refers to it; what nothing refers to a day later goes.
+    /// Throws DataError, with nothing taken in: for the faults of the rules, TooSlow, Cancelled,
+    /// and for a file that isn't there or can't be read.
     [[nodiscard]] virtual KX_DATA::UploadResult Upload(const QString& path,
-                                                       const Limits& limits) = 0;
+                                                       const TransferTerms& terms) = 0;
 };
 
 } // namespace site

@@ -25,6 +25,7 @@ class IIntake;
 class IIssues;
 class IPanelCounts;
 class IPdfPhotos;
+class IPicFiling;
 
 /// What stands on it lasts as long as it does. Operations may take long; where they fail they throw
 /// DataError: TooSlow past the deadline, Cancelled when told to stop, with nothing changed.
@@ -43,6 +44,7 @@ public:
     [[nodiscard]] virtual ICatalogue& Catalogue() = 0;
     [[nodiscard]] virtual IBin& Bin() = 0;
     [[nodiscard]] virtual IBlobs& Blobs() = 0;
+    [[nodiscard]] virtual IPicFiling& PicFiling() = 0;
     /// Each has a batch of its own.
     [[nodiscard]] virtual std::unique_ptr<IIntake> NewIntake() = 0;
     [[nodiscard]] virtual IClientFolders& Folders() = 0;

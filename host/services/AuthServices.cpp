@@ -22,7 +22,9 @@ bool AuthMng::HasRight(qint32 right) {
 }
 
 KX_DATA::LoginInfo ActingUser::GetLoginInfo() {
-    return {SignedInName(Around().Session())};
+    // Uploads ask from a thread of their own.
+    const auto desk = Around().Desk();
+    return {desk != nullptr ? toolkit::ToGbk(desk->WhoActs().person) : std::string()};
 }
 
 } // namespace host

@@ -15,6 +15,7 @@ public:
     bool HasRight(qint32 right) override;
 };
 
+/// Thread: any.
 class ActingUser final : public KX_DATA::INRQAuthMng, private SiteService {
 public:
     using SiteService::SiteService;

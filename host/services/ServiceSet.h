@@ -3,6 +3,7 @@
 
 #include "host/services/AuthServices.h"
 #include "host/services/CacheServices.h"
+#include "host/services/ComponentServices.h"
 #include "host/services/FilesDownloadMng.h"
 #include "host/services/FilesUploadMng.h"
 #include "host/services/GlobalData.h"
@@ -23,7 +24,7 @@ struct ServiceSet {
     VeskPicMng picMng{around};
     TNQuestionMng questionMng{around};
     PDFDrawingMng drawingMng{around};
-    TNQRCodeMng qrCodeMng;
+    TNQRCodeMng qrCodeMng{around};
     RichTextMsgMng richTextMng;
     AuthMng authMng{around};
     ActingUser actingUser{around};
@@ -39,7 +40,7 @@ struct ServiceSet {
     FilesUploadMng uploadMng{around};
     MQFFileDownload backgroundMng{around};
     DocMng docMng{around};
-    ReportDataMng reportDataMng;
+    ReportDataMng reportDataMng{around};
     RichEditorAuth richEditorAuth;
     RecentSearchMng recentMng{around};
     ConvertProjStateTool stateTool;

@@ -8,13 +8,14 @@ using namespace Qt::StringLiterals;
 
 Q_LOGGING_CATEGORY(serviceLog, "host.services")
 
-void SiteService::ReportFault(const HostSession& session, const QString& what,
-                              const std::exception& fault) {
+void SiteService::ReportFault(SessionDesk& desk, const QString& what,
+                              const std::exception& fault) const {
     qCWarning(serviceLog, "%s: %s", qUtf8Printable(what), fault.what());
     const auto* known = dynamic_cast<const site::DataError*>(&fault);
     const QString reason =
         known != nullptr ? known->Text() : site::FaultText(site::Fault::Other, {});
-    session.Desk()->Report(MessageLevel::Error, FaultHead(what) + reason);
+    m_surroundings.NoteRefusal(reason);
+    desk.Report(MessageLevel::Error, FaultHead(what) + reason);
 }
 
 site::Signature SignatureOf(const HostSession& session) {

@@ -42,7 +42,7 @@ void RequireSome(const HostSession& session, const QString& what, int done, size
     return saved == site::Saved::Yes;
 }
 
-/// Base of the services over a site. Thread: user interface, but for Around().Desk().
+/// Base of the services over a site. Thread: user interface, but for Around().Desk() and faults.
 class SiteService {
 public:
     /// The surroundings must outlive the service.
@@ -61,12 +61,13 @@ protected:
         HostSession* session = m_surroundings.Session();
         if (session == nullptr || !session->IsOpen()) {
             qCWarning(serviceLog, "no site is open: %s", qUtf8Printable(what));
+            m_surroundings.NoteRefusal(NotOpenText());
             return failure;
         }
         try {
             return work(*session);
         } catch (const std::exception& fault) {
-            ReportFault(*session, what, fault);
+            ReportFault(*session->Desk(), what, fault);
             return failure;
         }
     }
@@ -84,15 +85,15 @@ protected:
         });
     }
 
+    /// To log and message bar; what services said last. Thread: any.
+    void ReportFault(SessionDesk& desk, const QString& what, const std::exception& fault) const;
+    [[nodiscard]] static QString NotOpenText() { return QStringLiteral("没有打开数据文件夹。"); }
+
 private:
     /// How the message of a fault begins.
     [[nodiscard]] static QString FaultHead(const QString& what) {
         return what + QStringLiteral("失败：");
     }
-    /// To log and message bar.
-    static void ReportFault(const HostSession& session, const QString& what,
-                            const std::exception& fault);
-
     const Surroundings& m_surroundings;
 };
 

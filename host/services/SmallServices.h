@@ -69,7 +69,7 @@ class SoapError final : public KX_DATA::CSoapError, private SiteService {
 public:
     using SiteService::SiteService;
 
-    void GetLastError(QString& text) override { text = Around().lastServiceText; }
+    void GetLastError(QString& text) override { text = Around().LastRefusal(); }
 };
 
 } // namespace host

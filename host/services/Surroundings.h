@@ -33,6 +33,10 @@ public:
     /// The session's, null while there is none. Thread: any.
     [[nodiscard]] std::shared_ptr<SessionDesk> Desk() const;
 
+    /// What a service said when it last refused; empty if none did. Thread: any.
+    void NoteRefusal(const QString& text) const;
+    [[nodiscard]] QString LastRefusal() const;
+
     /// Null while there is none, as the three below.
     KX_DATA::IKXView* view = nullptr;
     KX_DATA::IExProgress* progress = nullptr;
@@ -41,15 +45,14 @@ public:
     /// Folder of the module's fixed images; empty: the site's work folder.
     QString imageFolder;
     bool remindOfIssues = true;
-    /// What a service said when it last refused; empty if none did.
-    mutable QString lastServiceText;
     /// Is told how messages begin that no longer hold.
     std::function<void(const QString& beginning)> withdraw;
 
 private:
     HostSession* m_session = nullptr;
-    mutable std::mutex m_lock; ///< guards m_desk
+    mutable std::mutex m_lock; ///< guards what follows
     std::shared_ptr<SessionDesk> m_desk;
+    mutable QString m_lastRefusal;
 };
 
 } // namespace host

@@ -7,6 +7,8 @@
 #include "services/IVeskPicMng.h"
 #include "site/IBin.h"
 #include "site/IIssues.h"
+#include "site/IPicFiling.h"
+#include "toolkit/Clock.h"
 
 namespace host {
 
@@ -22,10 +24,29 @@ site::PanelFilter IssuePanelFilterOf(HostSession& session, quint8 flag, const qi
                          filterArg);
 }
 
+void RequireKind(qint32 kind, qint32 known) {
+    if (kind != known) {
+        throw site::DataError(site::Fault::Refused,
+                              site::FaultText(site::Fault::Refused, u"图片类别"_s));
+    }
+}
+
+/// Viewers look for "删除的图片" in what a service says and show its text then.
+void RequirePics(bool found) {
+    if (!found) {
+        throw site::DataError(site::Fault::Missing, u"要删除的图片已不存在，可能已被他人删除。"_s);
+    }
+}
+
 } // namespace
 
-bool TNQuestionMng::DeletePics(qint32 /*kind*/, const std::vector<QString>& /*picIds*/) {
-    return Unimplemented("ITNQuestionMng::DeletePics", false);
+bool TNQuestionMng::DeletePics(qint32 kind, const std::vector<QString>& picIds) {
+    return Guarded(u"删除问题图片"_s, false, [&](HostSession& session) {
+        RequireKind(kind, KX_DATA::kIssuePicKind);
+        RequirePics(
+            session.Site().Issues().DeletePics(session.OpenPpids(), picIds, SignatureOf(session)));
+        return true;
+    });
 }
 
 qint32 TNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
@@ -73,7 +94,8 @@ bool TNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& ques
                                    bool hidden) {
     return Guarded(u"修改问题状态"_s, false, [&](HostSession& session) {
         const int changed = session.Site().Issues().SetStatus(
-            ppid, questionIds, hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown);
+            ppid, questionIds, hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown,
+            SignatureOf(session));
         RequireSome(session, u"修改问题状态"_s, changed, questionIds.size());
         return true;
     });
@@ -88,8 +110,12 @@ qint32 TNQuestionMng::GetIssueDetail(const qint32& ppid, const QString& question
     });
 }
 
-bool TNQuestionMng::UpdateIssue(qint32 /*ppid*/, const KX_DATA::IssueUpdate& /*update*/) {
-    return Unimplemented("ITNQuestionMng::UpdateIssue", false);
+bool TNQuestionMng::UpdateIssue(qint32 ppid, const KX_DATA::IssueUpdate& update) {
+    return Guarded(u"修改TN问题"_s, false, [&](HostSession& session) {
+        RequireFound(IsSaved(session.Site().Issues().Update(ppid, update, SignatureOf(session))),
+                     u"TN问题"_s);
+        return true;
+    });
 }
 
 qint32 TNQuestionMng::GetIssuePics(const qint32& ppid, const QString& questionId, qint32 /*kind*/,
@@ -108,18 +134,45 @@ bool TNQuestionMng::GetRectification(const QString& questionId, KX_DATA::Rectify
     });
 }
 
-bool TNQuestionMng::SaveRectification(const KX_DATA::RectifySave& /*record*/) {
-    return Unimplemented("ITNQuestionMng::SaveRectification", false);
+bool TNQuestionMng::SaveRectification(const KX_DATA::RectifySave& record) {
+    return Guarded(u"保存整改情况"_s, false, [&](HostSession& session) {
+        RequireFound(session.Site().Issues().SaveRectification(session.OpenPpids(), record,
+                                                               SignatureOf(session)),
+                     u"TN问题"_s);
+        return true;
+    });
 }
 
-bool TNQuestionMng::DeleteRectifyPics(qint32 /*kind*/, const KX_DATA::RectifyRecord& /*record*/,
-                                      const std::vector<QString>& /*picIds*/) {
-    return Unimplemented("ITNQuestionMng::DeleteRectifyPics", false);
+bool TNQuestionMng::DeleteRectifyPics(qint32 kind, const KX_DATA::RectifyRecord& record,
+                                      const std::vector<QString>& picIds) {
+    return Guarded(u"删除整改图片"_s, false, [&](HostSession& session) {
+        RequireKind(kind, KX_DATA::kRectifyPicKind);
+        RequirePics(session.Site().Issues().DeleteRectifyPics(
+            session.OpenPpids(), record.questionId, picIds, SignatureOf(session)));
+        return true;
+    });
 }
 
-bool TNQuestionMng::AddRectifyPics(qint32 /*kind*/, const KX_DATA::RectifyRecord& /*record*/,
-                                   const std::vector<KX_DATA::QuestionPicRecord>& /*pics*/) {
-    return Unimplemented("ITNQuestionMng::AddRectifyPics", false);
+bool TNQuestionMng::AddRectifyPics(qint32 kind, const KX_DATA::RectifyRecord& record,
+                                   const std::vector<KX_DATA::QuestionPicRecord>& pics) {
+    const auto desk = Around().Desk();
+    bool added = false;
+    const auto add = [&](site::IPicFiling& filing, const site::Limits& limits) {
+        try {
+            RequireKind(kind, KX_DATA::kRectifyPicKind);
+            const SessionDesk::Acting who = desk->WhoActs();
+            RequireFound(filing.AddRectifyPics(who.ppids, record.questionId, pics,
+                                               {who.person, toolkit::Clock().NowSeconds()}, limits),
+                         u"TN问题"_s);
+            added = true;
+        } catch (const std::exception& fault) {
+            ReportFault(*desk, u"添加整改图片"_s, fault);
+        }
+    };
+    if (desk == nullptr || !desk->RunFiling(add)) {
+        Around().NoteRefusal(NotOpenText());
+    }
+    return added;
 }
 
 bool TNQuestionMng::GetUsedMarks(qint32 kind, std::vector<qint32>& markIds) {

@@ -6,7 +6,7 @@
 
 namespace host {
 
-/// Over the session's database. Thread: user interface.
+/// Over the session's site. Thread: user interface; AddRectifyPics: any.
 class TNQuestionMng final : public KX_DATA::ITNQuestionMng, private SiteService {
 public:
     using SiteService::SiteService;

@@ -4,10 +4,6 @@
 
 namespace host {
 
-qint32 TNQRCodeMng::CreateQRCode(const KX_DATA::QRCodeQuery& /*query*/, QString& /*text*/) {
-    return Unimplemented("ITNQRCodeMng::CreateQRCode", 0);
-}
-
 bool RichTextMsgMng::GetRichText(const KX_DATA::RichTextKey& /*key*/,
                                  KX_DATA::RichTextMsg& /*message*/,
                                  std::vector<KX_DATA::RichAttachment>& /*attachments*/) {
@@ -20,11 +16,6 @@ bool RichTextMsgMng::SaveRichText(const QString& /*stateText*/,
                                   const std::vector<QString>& /*removedUuids*/,
                                   const std::vector<KX_DATA::RichAttachment>& /*added*/) {
     return Unimplemented("IRichTextMsgMng::SaveRichText", false);
-}
-
-qint32 ReportDataMng::GetComponentInfo(const KX_DATA::ComponentInfoQuery& /*query*/,
-                                       std::vector<KX_DATA::ComponentInfo>& /*components*/) {
-    return Unimplemented("IKXReportDataMng::GetComponentInfo", 0);
 }
 
 void PicReportCtrl::OutputBimReport(const PIC_REPORT::BimReportRequest* /*request*/) {

@@ -1,17 +1,10 @@
 // Contracts that no part of the client needs yet: they fail, say so in the log, and invent nothing.
 #pragma once
 
-#include "services/IKXReportDataMng.h"
 #include "services/IPicReportCtrl.h"
 #include "services/IRichTextMsgMng.h"
-#include "services/ITNQRCodeMng.h"
 
 namespace host {
-
-class TNQRCodeMng final : public KX_DATA::ITNQRCodeMng {
-public:
-    qint32 CreateQRCode(const KX_DATA::QRCodeQuery& query, QString& text) override;
-};
 
 class RichTextMsgMng final : public KX_DATA::IRichTextMsgMng {
 public:
@@ -21,12 +14,6 @@ public:
     bool SaveRichText(const QString& stateText, const KX_DATA::RichTextMsg& message,
                       const KX_DATA::RichTextKey& key, const std::vector<QString>& removedUuids,
                       const std::vector<KX_DATA::RichAttachment>& added) override;
-};
-
-class ReportDataMng final : public KX_DATA::IKXReportDataMng {
-public:
-    qint32 GetComponentInfo(const KX_DATA::ComponentInfoQuery& query,
-                            std::vector<KX_DATA::ComponentInfo>& components) override;
 };
 
 class PicReportCtrl final : public PIC_REPORT::IPicReportCtrl {

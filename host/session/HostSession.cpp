@@ -20,7 +20,7 @@ std::optional<site::OpenFault> HostSession::Open(const QString& place, site::Ope
     m_site = std::move(opened.site);
     if (m_site != nullptr) {
         m_tables = std::make_unique<SiteTables>(*m_site);
-        m_desk->Open(m_site->Blobs(), &m_site->Folders(), m_site->Place());
+        m_desk->Open(m_site->Blobs(), &m_site->Folders(), m_site->Place(), &m_site->PicFiling());
         m_site->SetTold(
             [this](const QString& text) { m_desk->Report(MessageLevel::Warning, text); });
     }
@@ -32,6 +32,7 @@ void HostSession::Close() {
     CloseProject();
     m_user.clear();
     m_rights.clear();
+    TellWhoActs();
     m_tables.reset();
     m_site.reset();
 }
@@ -44,6 +45,7 @@ bool HostSession::SignIn(const QString& name) {
     m_user = name;
     m_site->Changes().SetPerson(name);
     m_rights = m_site->Catalogue().RightsOf(name);
+    TellWhoActs();
     return true;
 }
 
@@ -68,6 +70,7 @@ bool HostSession::OpenWorkset(qint32 worksetId) {
             SetProject(m_site->Catalogue().Project(entry.ppids.front()));
             ForgetShown();
             m_workset = entry;
+            TellWhoActs();
             return true;
         }
     }
@@ -84,6 +87,11 @@ void HostSession::ForgetShown() {
     m_drawing = {};
     ShowPhotos({});
     m_issues.clear();
+    TellWhoActs();
+}
+
+void HostSession::TellWhoActs() {
+    m_desk->SetActing({m_user, OpenPpids()});
 }
 
 void HostSession::SetProject(const site::ProjectEntry& project) {

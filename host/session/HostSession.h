@@ -69,6 +69,7 @@ private:
     void SetProject(const site::ProjectEntry& project);
     /// Workset, drawing and ticked marks.
     void ForgetShown();
+    void TellWhoActs();
 
     std::unique_ptr<site::ISite> m_site;
     std::unique_ptr<SiteTables> m_tables;

@@ -19,11 +19,13 @@ SessionDesk::~SessionDesk() {
     Close();
 }
 
-void SessionDesk::Open(site::IBlobs& blobs, site::IClientFolders* folders, const QString& place) {
+void SessionDesk::Open(site::IBlobs& blobs, site::IClientFolders* folders, const QString& place,
+                       site::IPicFiling* filing) {
     const std::lock_guard lock(m_lock);
     m_blobs = &blobs;
     m_folders = folders;
     m_place = place;
+    m_filing = filing;
     m_pool.Begin();
 }
 
@@ -80,6 +82,31 @@ std::optional<QString> SessionDesk::Folder(const Ask& ask) {
         }
     });
     return folder;
+}
+
+bool SessionDesk::RunFiling(const FilingWork& work) {
+    bool isDone = false;
+    m_pool.Run([&](const std::stop_token& stop) {
+        std::unique_lock lock(m_lock);
+        site::IPicFiling* filing = m_filing;
+        const site::Limits limits{m_longestSilence, stop};
+        lock.unlock();
+        if (filing != nullptr) {
+            work(*filing, limits);
+            isDone = true;
+        }
+    });
+    return isDone;
+}
+
+SessionDesk::Acting SessionDesk::WhoActs() const {
+    const std::lock_guard lock(m_lock);
+    return m_acting;
+}
+
+void SessionDesk::SetActing(Acting acting) {
+    const std::lock_guard lock(m_lock);
+    m_acting = std::move(acting);
 }
 
 std::optional<KX_DATA::ProjectRecord> SessionDesk::Project() const {

@@ -3,6 +3,7 @@
 
 #include "services/EnvRecords.h"
 #include "site/IBlobs.h"
+#include "site/Records.h"
 #include "site/transfer/TransferPool.h"
 
 #include <QString>
@@ -17,6 +18,7 @@
 
 namespace site {
 class IClientFolders;
+class IPicFiling;
 } // namespace site
 
 namespace host {
@@ -34,10 +36,11 @@ public:
     SessionDesk(const SessionDesk&) = delete;
     SessionDesk& operator=(const SessionDesk&) = delete;
 
-    /// The files, and the folders where there are any, must last until Close returns.
+    /// The files, and the folders and the filing where there are any, must last until Close
+    /// returns.
     /// @param place  of the site, for a person.
     void Open(site::IBlobs& blobs, site::IClientFolders* folders = nullptr,
-              const QString& place = {});
+              const QString& place = {}, site::IPicFiling* filing = nullptr);
     /// Nothing starts any more; tells what runs to stop, and returns when it has. Not from inside
     /// of a transfer.
     void Close();
@@ -62,6 +65,18 @@ public:
     using Ask = std::function<QString(site::IClientFolders&)>;
     [[nodiscard]] std::optional<QString> Folder(const Ask& ask);
 
+    /// Files uploaded pictures on the calling thread. False, and nothing done, while closed.
+    using FilingWork = std::function<void(site::IPicFiling&, const site::Limits&)>;
+    bool RunFiling(const FilingWork& work);
+
+    /// Who works on which projects.
+    struct Acting {
+        QString person;
+        site::Projects ppids;
+    };
+    [[nodiscard]] Acting WhoActs() const;
+    void SetActing(Acting acting);
+
     /// A copy of the session's open project; nothing while none is open.
     [[nodiscard]] std::optional<KX_DATA::ProjectRecord> Project() const;
     void SetProject(std::optional<KX_DATA::ProjectRecord> project);
@@ -81,6 +96,8 @@ private:
     site::IBlobs* m_blobs = nullptr;
     site::IClientFolders* m_folders = nullptr;
     QString m_place;
+    site::IPicFiling* m_filing = nullptr;
+    Acting m_acting;
     std::optional<KX_DATA::ProjectRecord> m_project;
     site::TransferRules m_rules;
     std::chrono::milliseconds m_longestSilence{60'000};

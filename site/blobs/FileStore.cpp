@@ -44,6 +44,28 @@ void LeaveNote(const QString& note, const QString& place) {
     QFile(note).open(QIODevice::WriteOnly);
 }
 
+CopyOutcome CopyToNote(QIODevice& device, const QString& note, const FileStore::OnBlock& onBlock) {
+    try {
+        return CopySynced(device, note, [&](qint64 bytes) {
+            if (onBlock) {
+                onBlock(bytes);
+            }
+            return true;
+        });
+    } catch (...) {
+        QFile::remove(note);
+        throw;
+    }
+}
+
+[[noreturn]] void ThrowUnreadable(const QString& path) {
+    if (!QFileInfo::exists(path)) {
+        throw DataError(Fault::Missing, FaultText(Fault::Missing, path));
+    }
+    throw DataError(Fault::Refused,
+                    path + u"：文件无法读取，请检查权限，或关闭占用它的程序后重试。"_s);
+}
+
 } // namespace
 
 FileStore::FileStore(QString storeFolder, QString binFolder)
@@ -92,22 +114,18 @@ void FileStore::TakeNotesFolder() {
     }
 }
 
-StoredFile FileStore::Put(const FileSource& source, const Limits& limits) {
-    TakeNotesFolder();
-    StoredFile stored{NewStoreName(), {}, 0};
+StoredFile FileStore::Put(const FileSource& source, const OnBlock& onBlock) {
     QFile file(source.path);
     QBuffer buffer;
     buffer.setData(source.bytes);
     QIODevice& device = source.path.isEmpty() ? static_cast<QIODevice&>(buffer) : file;
     if (!device.open(QIODevice::ReadOnly)) {
-        throw DataError(Fault::Missing, FaultText(Fault::Missing, source.path));
+        ThrowUnreadable(source.path);
     }
+    TakeNotesFolder();
+    StoredFile stored{NewStoreName(), {}, 0};
     const QString note = NotePath(stored.uuid);
-    LimitedSteps steps(limits);
-    const CopyOutcome outcome = CopySynced(device, note, [&](qint64) { return steps.Next(); });
-    if (const auto passed = steps.Passed()) {
-        throw DataError(*passed, FaultText(*passed, {}), note);
-    }
+    const CopyOutcome outcome = CopyToNote(device, note, onBlock);
     if (!outcome.ok) {
         const Fault fault = outcome.diskFull ? Fault::DiskFull : Fault::NotWritable;
         throw DataError(fault, FaultText(fault, u"保存文件"_s), note);
@@ -135,6 +153,12 @@ void FileStore::Settle(const QString& uuid) {
 void FileStore::Discard(const QString& uuid) {
     RemoveStored(uuid);
     QFile::remove(NotePath(uuid));
+}
+
+void FileStore::Remove(const QString& uuid) {
+    if (IsStoreName(uuid)) {
+        RemoveStored(uuid);
+    }
 }
 
 QString FileStore::PathOf(const QString& uuid) const {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "site/DataError.h"
-#include "site/Limits.h"
 #include "site/NewRecords.h"
 
 #include <QLockFile>
@@ -34,10 +33,15 @@ public:
     FileStore(QString storeFolder, QString binFolder);
     ~FileStore();
 
-    /// TooSlow or Cancelled past the limits, with nothing put.
-    [[nodiscard]] StoredFile Put(const FileSource& source, const Limits& limits = {});
+    /// Told the bytes so far after each block; what it throws ends the putting.
+    using OnBlock = std::function<void(qint64)>;
+    /// Missing for a path at which nothing is, Refused for one that can't be read, with nothing
+    /// put.
+    [[nodiscard]] StoredFile Put(const FileSource& source, const OnBlock& onBlock = {});
     void Settle(const QString& uuid);
     void Discard(const QString& uuid);
+    /// For good, a file that no record has.
+    void Remove(const QString& uuid);
 
     /// Path of a stored file. BadName for a text that is no uuid, Missing for a file that isn't
     /// there.

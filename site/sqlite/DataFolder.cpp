@@ -1,5 +1,6 @@
 #include "site/sqlite/DataFolder.h"
 
+#include "site/FileKinds.h"
 #include "site/blobs/FileStore.h"
 #include "site/blobs/FileSync.h"
 #include "site/blobs/FolderLook.h"
@@ -24,6 +25,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint64 kUploadSeconds = 24LL * 60 * 60;
+
 // Left behind when a statement met damage; the next opening then reads the whole database.
 QString SuspicionPath(const QString& work) {
     return work + u"/check-database"_s;
@@ -31,6 +34,27 @@ QString SuspicionPath(const QString& work) {
 
 [[noreturn]] void Throw(Fault fault, const QString& what) {
     throw DataError(fault, FaultText(fault, what));
+}
+
+/// Files that were uploaded and that nothing refers to: whoever uploaded them is gone. A younger
+/// one may be another running client's. The file goes first: what a crash leaves is a row, whose
+/// turn comes again.
+void SweepUploads(Database& database, FileStore& store, qint64 now) {
+    const qint64 limit = now - kUploadSeconds;
+    const QString oldOnes = u"SELECT uuid FROM upload WHERE at < ?"_s;
+    if (!database.Value(oldOnes, {limit}).isValid()) {
+        return;
+    }
+    Transaction transaction(database);
+    std::vector<QString> uuids;
+    database.ForEach(oldOnes, {limit}, [&](const Statement& row) { uuids.push_back(row.Text(0)); });
+    for (const QString& uuid : uuids) {
+        store.Remove(uuid);
+        database.Exec(u"DELETE FROM file WHERE uuid = ? AND kind = ?"_s,
+                      {uuid, static_cast<int>(FileKind::Uploaded)});
+        database.Exec(u"DELETE FROM upload WHERE uuid = ?"_s, {uuid});
+    }
+    transaction.Commit();
 }
 
 } // namespace
@@ -182,6 +206,7 @@ void DataFolder::CleanUp() {
         Bin bin(*m_database, *m_store);
         bin.Reconcile(aside);
         bin.PurgeOld(Now());
+        SweepUploads(*m_database, *m_store, Now());
         m_database->Log().Trim();
         FilingTable::Trim(*m_database);
     } catch (const DataError& error) {

@@ -7,6 +7,7 @@
 #include "site/sqlite/Database.h"
 #include "site/transfer/FetchedFiles.h"
 #include "site/transfer/Transfer.h"
+#include "site/transfer/TransferSteps.h"
 
 #include <QFileInfo>
 
@@ -64,16 +65,18 @@ qint64 FolderBlobs::SizeOf(const QString& uuid, const Limits& limits) {
     }
 }
 
-KX_DATA::UploadResult FolderBlobs::Upload(const QString& path, const Limits& limits) {
+KX_DATA::UploadResult FolderBlobs::Upload(const QString& path, const TransferTerms& terms) {
     if (path.isEmpty()) {
         throw DataError(Fault::Missing, FaultText(Fault::Missing, path));
     }
     FileStore store(m_store, m_bin);
-    const StoredFile file = store.Put({path, {}}, limits);
+    TransferSteps steps(terms, QFileInfo(path).size());
+    const StoredFile file = store.Put({path, {}}, [&](qint64 bytes) { steps.Next(bytes); });
     try {
         Database database(m_database, kBusyTimeoutMs);
         database.Log().SetOpening(m_opening);
-        database.Patient().Set(limits);
+        steps.End();
+        database.Patient().Set(terms.limits);
         Transaction transaction(database);
         database.Exec(u"INSERT INTO file (uuid, md5, size, kind, ppid, owner)"
                       " VALUES (?, ?, ?, ?, 0, 0)"_s,

@@ -17,7 +17,8 @@ public:
     [[nodiscard]] bool IsFetched(const QString& uuid, const QString& localPath) const override;
     [[nodiscard]] qint64 SizeOf(const QString& uuid, const Limits& limits) override;
     /// Stores the file and writes its row, owned by nothing yet.
-    [[nodiscard]] KX_DATA::UploadResult Upload(const QString& path, const Limits& limits) override;
+    [[nodiscard]] KX_DATA::UploadResult Upload(const QString& path,
+                                               const TransferTerms& terms) override;
 
 private:
     [[nodiscard]] QString StoredMd5(const QString& uuid, const Limits& limits) const;

@@ -11,7 +11,8 @@ SqliteSite::SqliteSite(DataFolder& dataFolder)
       m_comments(m_folder.Db()), m_components(m_folder.Db()), m_drawings(m_folder.Db()),
       m_bin(m_folder.Db(), m_folder.Store()),
       m_issues(m_folder.Db(), m_lists, m_folder.Store(), m_bin), m_panel(m_folder.Db()),
-      m_catalogue(m_folder.Db()), m_filings(m_folder.Db()), m_blobs(m_folder), m_places(m_folder) {}
+      m_catalogue(m_folder.Db()), m_filings(m_folder.Db()), m_blobs(m_folder),
+      m_picFiling(m_folder), m_places(m_folder) {}
 
 SqliteSite::SqliteSite(std::unique_ptr<DataFolder> dataFolder) : SqliteSite(*dataFolder) {
     m_owned = std::move(dataFolder);

@@ -13,6 +13,7 @@
 #include "site/sqlite/Drawings.h"
 #include "site/sqlite/FilingTable.h"
 #include "site/sqlite/FolderBlobs.h"
+#include "site/sqlite/FolderPicFiling.h"
 #include "site/sqlite/FolderPlaces.h"
 #include "site/sqlite/Issues.h"
 #include "site/sqlite/ListQuery.h"
@@ -37,6 +38,7 @@ public:
     [[nodiscard]] ICatalogue& Catalogue() override { return m_catalogue; }
     [[nodiscard]] IBin& Bin() override { return m_bin; }
     [[nodiscard]] IBlobs& Blobs() override { return m_blobs; }
+    [[nodiscard]] IPicFiling& PicFiling() override { return m_picFiling; }
     [[nodiscard]] std::unique_ptr<IIntake> NewIntake() override;
     [[nodiscard]] IClientFolders& Folders() override { return m_places; }
     [[nodiscard]] IChanges& Changes() override { return m_feed; }
@@ -67,6 +69,7 @@ private:
     site::Catalogue m_catalogue;
     FilingTable m_filings;
     FolderBlobs m_blobs;
+    FolderPicFiling m_picFiling;
     FolderPlaces m_places;
 };
 

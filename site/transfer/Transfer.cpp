@@ -5,6 +5,7 @@
 #include "site/blobs/FileSync.h"
 #include "site/blobs/FolderLook.h"
 #include "site/transfer/FetchedFiles.h"
+#include "site/transfer/TransferSteps.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -12,7 +13,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <chrono>
 #include <filesystem>
 
 namespace site {
@@ -24,10 +24,6 @@ namespace {
 constexpr int kSecondsOfADay = 24 * 3600;
 const QString kPartial = u".part"_s;
 
-[[noreturn]] void ThrowBroken() {
-    throw DataError(Fault::Other, u"文件传输中断，请检查网络后重试。"_s);
-}
-
 void Replace(const QString& from, const QString& to) {
     std::error_code error;
     std::filesystem::rename(from.toStdU16String(), to.toStdU16String(), error);
@@ -37,49 +33,23 @@ void Replace(const QString& from, const QString& to) {
     }
 }
 
-[[noreturn]] void ThrowPassed(Fault passed) {
-    throw DataError(passed, passed == Fault::Cancelled ? u"文件传输已取消。"_s
-                                                       : FaultText(passed, u"文件传输"_s));
-}
-
-/// What happens before a block is written. False: the transfer ends here.
-bool PassBlock(const TransferRules& rules, LimitedSteps& steps, qint64 bytes, qint64 total) {
-    const bool half = bytes * 2 >= total;
-    if (half && rules.fault == TransferFault::InTheMiddle) {
-        return false;
-    }
-    const bool hangs = half && rules.fault == TransferFault::NeverEnds;
-    steps.Wait(std::chrono::milliseconds(hangs ? -1 : rules.blockDelayMs));
-    return steps.Next();
-}
-
 void CopyChecked(const StoredCopy& stored, QFile& source, const QString& partial,
-                 const TransferTerms& terms) {
-    const qint64 total = source.size();
-    bool broken = false;
-    LimitedSteps steps(terms.limits);
-    const CopyOutcome outcome = CopySynced(source, partial, [&](qint64 bytes) {
-        broken = !PassBlock(terms.rules, steps, bytes, total);
-        if (!broken && terms.onBytes) {
-            terms.onBytes(bytes);
+                 TransferSteps& steps) {
+    try {
+        const CopyOutcome outcome =
+            CopySynced(source, partial, [&](qint64 bytes) { return steps.Next(bytes), true; });
+        steps.End();
+        if (!outcome.ok) {
+            const Fault fault = outcome.diskFull ? Fault::DiskFull : Fault::NotWritable;
+            throw DataError(fault, FaultText(fault, QFileInfo(partial).path()));
         }
-        return !broken;
-    });
-    if ((!broken && !steps.Next()) || steps.Passed()) {
+        if (outcome.md5 != stored.md5) {
+            throw DataError(Fault::Damaged,
+                            u"文件 "_s + stored.uuid + u" 的内容已损坏，请从备份恢复。"_s);
+        }
+    } catch (const DataError&) {
         QFile::remove(partial);
-        ThrowPassed(*steps.Passed());
-    }
-    if (broken) {
-        ThrowBroken();
-    }
-    if (!outcome.ok) {
-        const Fault fault = outcome.diskFull ? Fault::DiskFull : Fault::NotWritable;
-        throw DataError(fault, FaultText(fault, QFileInfo(partial).path()));
-    }
-    if (outcome.md5 != stored.md5) {
-        QFile::remove(partial);
-        throw DataError(Fault::Damaged,
-                        u"文件 "_s + stored.uuid + u" 的内容已损坏，请从备份恢复。"_s);
+        throw;
     }
 }
 
@@ -100,11 +70,9 @@ void FetchCopy(const StoredCopy& stored, const QString& localPath, const Transfe
     if (!QDir().mkpath(folder)) {
         throw DataError(Fault::NotWritable, FaultText(Fault::NotWritable, folder));
     }
-    if (terms.rules.fault == TransferFault::AtStart) {
-        ThrowBroken();
-    }
+    TransferSteps steps(terms, source.size());
     const QString partial = folder + u'/' + NewStoreName() + kPartial;
-    CopyChecked(stored, source, partial, terms);
+    CopyChecked(stored, source, partial, steps);
     Replace(partial, localPath);
     NoteWhole(localPath, stored.uuid);
 }

@@ -2,6 +2,7 @@
 // trouble.
 #pragma once
 
+#include "site/IComponents.h"
 #include "site/NewRecords.h"
 #include "tests/contracts/Services.h"
 
@@ -40,6 +41,7 @@ public:
     qint32 first = 0;
     qint32 second = 0;
 
+    virtual void AddComponent(const site::Component& component) = 0;
     /// The label's id.
     virtual QString AddLabel(const QString& name) = 0;
     virtual void AddFloor(qint32 ppid, const QString& floor) = 0;

@@ -107,6 +107,10 @@ FolderSite::~FolderSite() {
     m_other.reset();
 }
 
+void FolderSite::AddComponent(const site::Component& component) {
+    m_writer->AddComponent(component);
+}
+
 QString FolderSite::AddLabel(const QString& name) {
     return QString::number(m_writer->AddLabel(name));
 }

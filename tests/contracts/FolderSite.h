@@ -21,6 +21,7 @@ public:
     FolderSite();
     ~FolderSite() override;
 
+    void AddComponent(const site::Component& component) override;
     QString AddLabel(const QString& name) override;
     void AddFloor(qint32 ppid, const QString& floor) override;
     QString AddPosition(const site::NewPosition& position) override;

@@ -45,6 +45,9 @@ ScriptedSite::ScriptedSite() {
     m_host.drawings.rights = &m_host.auth.rights;
     m_host.pics.judges = m_host.pics.searches = true;
     m_host.questions.judges = m_host.questions.searches = true;
+    m_host.questions.photos = &m_host.pics;
+    m_host.questions.stored = &m_host.files.stored;
+    m_host.qrCodes.code = u"kxissue:1:1:5"_s;
     m_host.richAuth.readOnly = true; // nothing can be written where there is no rich text
     SignIn(u"li"_s);
     on = {
@@ -74,6 +77,17 @@ std::vector<KX_DATA::LabelEntry> ScriptedSite::Labels(const std::vector<qint32>&
         }
     }
     return labels;
+}
+
+void ScriptedSite::AddComponent(const site::Component& component) {
+    KX_DATA::PickedComponent picked;
+    picked.floor = component.floor;
+    picked.componentHandle = component.handle;
+    picked.componentName = component.name;
+    picked.componentSubName = component.subName;
+    m_host.questions.components.push_back(picked);
+    // The double of the report data answers every question with what it has.
+    m_host.reportData.components = {{component.handle, component.subName}};
 }
 
 QString ScriptedSite::AddLabel(const QString& name) {

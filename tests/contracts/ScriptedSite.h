@@ -11,6 +11,7 @@ class ScriptedSite final : public ContractSite {
 public:
     ScriptedSite();
 
+    void AddComponent(const site::Component& component) override;
     QString AddLabel(const QString& name) override;
     void AddFloor(qint32 ppid, const QString& floor) override;
     QString AddPosition(const site::NewPosition& position) override;

@@ -170,7 +170,7 @@ TEST(Upload, OneThatIsToldToStopTakesNothingIn) {
     const int before = rows();
     site.stop.request_stop();
     try {
-        (void)site.blobs.Upload(source, {{}, site.stop.get_token()});
+        (void)site.blobs.Upload(source, {{}, {{}, site.stop.get_token()}, {}});
         ADD_FAILURE() << "it was taken in";
     } catch (const DataError& error) {
         EXPECT_EQ(error.GetFault(), Fault::Cancelled);

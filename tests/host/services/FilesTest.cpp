@@ -255,8 +255,8 @@ public:
     }
     [[nodiscard]] bool IsFetched(const QString&, const QString&) const override { return false; }
     qint64 SizeOf(const QString&, const site::Limits& limits) override { return Note(limits), 1; }
-    KX_DATA::UploadResult Upload(const QString&, const site::Limits& limits) override {
-        return Note(limits), KX_DATA::UploadResult{};
+    KX_DATA::UploadResult Upload(const QString&, const site::TransferTerms& terms) override {
+        return Note(terms.limits), KX_DATA::UploadResult{};
     }
 
     std::atomic<int> asked = 0;

@@ -22,7 +22,7 @@ public:
     }
     [[nodiscard]] bool IsFetched(const QString&, const QString&) const override { return false; }
     qint64 SizeOf(const QString&, const site::Limits&) override { return -1; }
-    KX_DATA::UploadResult Upload(const QString&, const site::Limits&) override { return {}; }
+    KX_DATA::UploadResult Upload(const QString&, const site::TransferTerms&) override { return {}; }
 };
 
 /// Stays until it is told to stop.

@@ -19,7 +19,60 @@ std::string TimeArg(const char* name, const qint64* time) {
     return time != nullptr ? Arg(name, *time) : std::string(name) + "=none";
 }
 
+/// All of them, or nothing.
+bool TakeOut(std::vector<KX_DATA::QuestionPicRecord>& pics, const std::vector<QString>& ids) {
+    const auto isThere = [&](const QString& id) {
+        return std::any_of(pics.begin(), pics.end(),
+                           [&](const KX_DATA::QuestionPicRecord& pic) { return pic.picId == id; });
+    };
+    return std::all_of(ids.begin(), ids.end(), isThere) &&
+           (std::erase_if(
+                pics, [&](const KX_DATA::QuestionPicRecord& pic) { return Names(ids, pic.picId); }),
+            true);
+}
+
 } // namespace
+
+KX_DATA::IssueRow* ScriptedTNQuestionMng::OpenRow(const QString& questionId) {
+    const auto row = std::find_if(issues.begin(), issues.end(), [&](const KX_DATA::IssueRow& each) {
+        return each.questionId == questionId && IsOpen(each.ppid);
+    });
+    return row != issues.end() ? &*row : nullptr;
+}
+
+void ScriptedTNQuestionMng::Sign(const QString& questionId, bool rectification) {
+    KX_DATA::IssueRow* row = OpenRow(questionId);
+    if (row != nullptr && photos != nullptr) {
+        row->updaterName = photos->changer;
+    }
+    if (rectification && photos != nullptr) {
+        rectifications[questionId].rectifierName = photos->changer;
+    }
+}
+
+bool ScriptedTNQuestionMng::MoveTo(KX_DATA::IssueRow& row, const KX_DATA::IssueUpdate& update) {
+    KX_DATA::QuestionDetail& more = details[row.questionId];
+    const bool isSame = update.componentHandle == more.componentHandle && update.floor == row.floor;
+    if (update.componentHandle.isEmpty() || isSame) {
+        return true;
+    }
+    const auto found = std::find_if(components.begin(), components.end(), [&](const auto& each) {
+        return each.componentHandle == update.componentHandle && each.floor == update.floor;
+    });
+    if (found == components.end()) {
+        return false;
+    }
+    row.floor = found->floor;
+    row.compName = found->componentName;
+    more.componentHandle = found->componentHandle;
+    more.componentSubName = found->componentSubName;
+    return true;
+}
+
+bool ScriptedTNQuestionMng::MayAdd(const KX_DATA::QuestionPicRecord& pic) const {
+    return !pic.picId.isEmpty() && (stored == nullptr || (stored->contains(pic.fileUuid) &&
+                                                          stored->contains(pic.thumbUuid)));
+}
 
 const KX_DATA::IssueRow* ScriptedTNQuestionMng::Find(qint32 ppid, const QString& questionId) const {
     const auto row = std::find_if(issues.begin(), issues.end(), [&](const KX_DATA::IssueRow& each) {
@@ -40,7 +93,21 @@ PanelScope ScriptedTNQuestionMng::ScopeOf(quint8 flag, const qint64* from, const
 }
 
 bool ScriptedTNQuestionMng::DeletePics(qint32 kind, const std::vector<QString>& picIds) {
-    return m_script.Call("DeletePics", {Arg("kind", kind), Arg("ids", picIds)});
+    if (!m_script.Call("DeletePics", {Arg("kind", kind), Arg("ids", picIds)})) {
+        return false;
+    }
+    if (!judges) {
+        return true;
+    }
+    const auto found = std::find_if(pics.begin(), pics.end(), [&](auto& each) {
+        return kind == KX_DATA::kIssuePicKind && OpenRow(each.first) != nullptr &&
+               TakeOut(each.second, picIds);
+    });
+    if (found != pics.end()) {
+        Sign(found->first, false);
+        return true;
+    }
+    return false;
 }
 
 qint32 ScriptedTNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
@@ -150,7 +217,25 @@ qint32 ScriptedTNQuestionMng::GetIssueDetail(const qint32& ppid, const QString& 
 
 bool ScriptedTNQuestionMng::UpdateIssue(qint32 ppid, const KX_DATA::IssueUpdate& update) {
     lastUpdate = update;
-    return m_script.Call("UpdateIssue", {Arg("ppid", ppid), Arg("id", update.questionId)});
+    if (!m_script.Call("UpdateIssue", {Arg("ppid", ppid), Arg("id", update.questionId)})) {
+        return false;
+    }
+    KX_DATA::IssueRow* row = OpenRow(update.questionId);
+    if (!judges) {
+        return true;
+    }
+    if (row == nullptr || row->ppid != ppid || !MoveTo(*row, update)) {
+        return false;
+    }
+    row->theme = update.questionName;
+    row->description = update.description;
+    row->markId = update.markId > 0 ? update.markId : row->markId;
+    row->status = update.status == 0 || update.status == 1 ? update.status : row->status;
+    if (!update.qrCode.isEmpty()) {
+        details[update.questionId].qrCode = update.qrCode;
+    }
+    Sign(update.questionId, false);
+    return true;
 }
 
 qint32 ScriptedTNQuestionMng::GetIssuePics(const qint32& ppid, const QString& questionId,
@@ -185,21 +270,56 @@ bool ScriptedTNQuestionMng::GetRectification(const QString& questionId,
 
 bool ScriptedTNQuestionMng::SaveRectification(const KX_DATA::RectifySave& record) {
     lastRectifySave = record;
-    return m_script.Call("SaveRectification",
-                         {Arg("id", record.questionId), Arg("state", record.state)});
+    if (!m_script.Call("SaveRectification",
+                       {Arg("id", record.questionId), Arg("state", record.state)})) {
+        return false;
+    }
+    if (judges && OpenRow(record.questionId) == nullptr) {
+        return false;
+    }
+    if (judges) {
+        KX_DATA::RectifyRecord& known = rectifications[record.questionId];
+        known.rectifyText = record.rectifyText;
+        known.state = record.state;
+        Sign(record.questionId, true);
+    }
+    return true;
 }
 
 bool ScriptedTNQuestionMng::DeleteRectifyPics(qint32 kind, const KX_DATA::RectifyRecord& record,
                                               const std::vector<QString>& picIds) {
-    return m_script.Call("DeleteRectifyPics",
-                         {Arg("kind", kind), Arg("id", record.questionId), Arg("ids", picIds)});
+    if (!m_script.Call("DeleteRectifyPics",
+                       {Arg("kind", kind), Arg("id", record.questionId), Arg("ids", picIds)})) {
+        return false;
+    }
+    if (judges && (kind != KX_DATA::kRectifyPicKind || OpenRow(record.questionId) == nullptr ||
+                   !TakeOut(rectifications[record.questionId].pics, picIds))) {
+        return false;
+    }
+    if (judges) {
+        Sign(record.questionId, true);
+    }
+    return true;
 }
 
 bool ScriptedTNQuestionMng::AddRectifyPics(qint32 kind, const KX_DATA::RectifyRecord& record,
                                            const std::vector<KX_DATA::QuestionPicRecord>& list) {
     lastAddedPics = list;
-    return m_script.Call("AddRectifyPics", {Arg("kind", kind), Arg("id", record.questionId),
-                                            Arg("count", qint32(list.size()))});
+    if (!m_script.Call("AddRectifyPics", {Arg("kind", kind), Arg("id", record.questionId),
+                                          Arg("count", qint32(list.size()))})) {
+        return false;
+    }
+    const auto mayAdd = [this](const KX_DATA::QuestionPicRecord& pic) { return MayAdd(pic); };
+    if (judges && (kind != KX_DATA::kRectifyPicKind || OpenRow(record.questionId) == nullptr ||
+                   !std::all_of(list.begin(), list.end(), mayAdd))) {
+        return false;
+    }
+    if (judges) {
+        auto& known = rectifications[record.questionId].pics;
+        known.insert(known.end(), list.begin(), list.end());
+        Sign(record.questionId, true);
+    }
+    return true;
 }
 
 bool ScriptedTNQuestionMng::GetUsedMarks(qint32 kind, std::vector<qint32>& markIds) {

@@ -7,6 +7,8 @@
 #include "tests/support/services/Paging.h"
 #include "tests/support/services/RowPanel.h"
 
+#include <QByteArray>
+
 #include <map>
 
 namespace support {
@@ -26,6 +28,10 @@ public:
     std::map<QString, KX_DATA::RectifyRecord> rectifications;        ///< by questionId
     /// What a detail has beyond its row, by questionId.
     std::map<QString, KX_DATA::QuestionDetail> details;
+    /// Where one that judges finds the component of an update.
+    std::vector<KX_DATA::PickedComponent> components;
+    /// With which one that judges takes pictures; null: any.
+    const std::map<QString, QByteArray>* stored = nullptr;
     std::vector<qint32> usedMarks;
     std::vector<KX_DATA::IssueMarkGroup> markGroups;
     std::vector<KX_DATA::IssueFilterSource> filterEntries;
@@ -67,6 +73,11 @@ private:
     [[nodiscard]] PanelScope ScopeOf(quint8 flag, const qint64* from, const qint64* to,
                                      const KX_DATA::MarkFilterArg& filterArg) const;
     [[nodiscard]] const KX_DATA::IssueRow* Find(qint32 ppid, const QString& questionId) const;
+    /// Of an open project; null where there is none.
+    [[nodiscard]] KX_DATA::IssueRow* OpenRow(const QString& questionId);
+    void Sign(const QString& questionId, bool rectification);
+    [[nodiscard]] bool MoveTo(KX_DATA::IssueRow& row, const KX_DATA::IssueUpdate& update);
+    [[nodiscard]] bool MayAdd(const KX_DATA::QuestionPicRecord& pic) const;
 
     Script& m_script;
 };
