@@ -34,15 +34,16 @@ sample/render: sample sample/render
 sample/scenes: sample sample/render sample/scenes
 sample/site: sample sample/drawings sample/scenes sample/site site
 host: host/app
-host/app: host/app host/drawings host/import host/reminders host/services host/session host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/plan include sample services site site/transfer toolkit toolkit/controls toolkit/media toolkit/windows
+host/app: host/app host/drawings host/import host/qr host/reminders host/services host/session host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/plan include sample services site site/transfer toolkit toolkit/controls toolkit/media toolkit/windows
 host/drawings: host/drawings
 host/drawings/reader: host/drawings host/drawings/reader
 host/import: host/import site
 host/pictures: host/pictures
+host/qr: host/qr
 host/reminders: host/reminders host/session site toolkit
 host/services: host/services host/session services site site/transfer toolkit
 host/session: host/session services site site/transfer toolkit
-host/ui: host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/plan include services toolkit toolkit/controls toolkit/windows
+host/ui: host/qr host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/plan include services toolkit toolkit/controls toolkit/windows
 host/ui/catchup: host/ui/catchup toolkit toolkit/controls
 host/ui/drawing: host/drawings host/ui host/ui/drawing toolkit toolkit/controls
 host/ui/marks: host/ui host/ui/marks services toolkit toolkit/controls
