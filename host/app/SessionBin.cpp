@@ -13,12 +13,9 @@ namespace {
 
 QString KindText(site::BinKind kind) {
     static const std::map<site::BinKind, QString> texts = {
-        {site::BinKind::BimPhoto, u"BIM模型照片"_s},
-        {site::BinKind::PdfPhoto, u"图纸照片"_s},
-        {site::BinKind::Issue, u"TN问题"_s},
-        {site::BinKind::Checkpoint, u"检查点"_s},
-        {site::BinKind::Drawing, u"图纸"_s},
-        {site::BinKind::IssuePic, u"问题图片"_s}};
+        {site::BinKind::BimPhoto, u"BIM模型照片"_s}, {site::BinKind::PdfPhoto, u"图纸照片"_s},
+        {site::BinKind::Issue, u"TN问题"_s},         {site::BinKind::Checkpoint, u"检查点"_s},
+        {site::BinKind::Drawing, u"图纸"_s},         {site::BinKind::IssuePic, u"问题图片"_s}};
     const auto known = texts.find(kind);
     return known != texts.end() ? known->second : u"未知类型（%1）"_s.arg(static_cast<int>(kind));
 }
