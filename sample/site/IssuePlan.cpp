@@ -2,6 +2,8 @@
 #include "sample/site/SiteVocabulary.h"
 #include "site/RectifyStates.h"
 
+#include <QUuid>
+
 namespace sample {
 
 using namespace Qt::StringLiterals;
@@ -9,6 +11,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr quint64 kIssueSeed = 90'000;
+constexpr int kMostAtOnePlace = 12; ///< whatever number of components there are: 3 or 4
 
 void PlanPics(PlannedIssue& issue, SceneKind kind, QSize size, const QString& project, Dice& dice) {
     const site::NewIssue& record = issue.record;
@@ -33,7 +36,7 @@ void PlanPics(PlannedIssue& issue, SceneKind kind, QSize size, const QString& pr
     }
 }
 
-[[nodiscard]] PlannedIssue PlanIssue(int index, QSize size, qint64 now) {
+[[nodiscard]] PlannedIssue PlanIssue(const SitePlan& plan, int index, QSize size, qint64 now) {
     Dice dice(kIssueSeed + static_cast<quint64>(index));
     const SceneKind kind = kAllSceneKinds[static_cast<size_t>(index) % kAllSceneKinds.size()];
     PlannedIssue issue;
@@ -42,16 +45,17 @@ void PlanPics(PlannedIssue& issue, SceneKind kind, QSize size, const QString& pr
     const SampleProject& project = SampleProjects()[static_cast<size_t>(record.ppid)];
     const std::vector<QString> floors = FloorsOf(record.ppid);
     record.floor = floors[static_cast<size_t>(dice.Pick(static_cast<int>(floors.size())))];
-    record.posInfo =
-        u"%1-%2轴"_s.arg(1 + dice.Pick(project.columns)).arg(QChar(u'A' + dice.Pick(project.rows)));
+    const QString axisX = QString::number(1 + dice.Pick(project.columns));
+    const QString axisY(QChar(u'A' + dice.Pick(project.rows)));
+    record.posInfo = u"%1-%2轴"_s.arg(axisX, axisY);
     record.theme = Finding(kind, dice);
     record.description = index % 13 == 6 ? QString() : Elaborate(record.theme, dice);
-    const auto& components = SampleComponents();
-    const SampleComponent& component =
-        components[static_cast<size_t>(dice.Pick(static_cast<int>(components.size())))];
+    const site::Component& component =
+        ComponentAt(plan, SamplePositionKey(record.ppid, record.floor, axisX, axisY),
+                    dice.Pick(kMostAtOnePlace));
     record.componentName = component.name;
     record.componentSubName = component.subName;
-    record.componentHandle = QString::number(0x10000 + dice.Pick(0xEFFFF), 16).toUpper();
+    record.componentHandle = component.handle;
     record.markId =
         index % 29 == 8 ? kUnknownMark : 1 + dice.Pick(static_cast<int>(SampleMarks().size()));
     record.state = PlanState(dice);
@@ -73,6 +77,14 @@ void PlanPics(PlannedIssue& issue, SceneKind kind, QSize size, const QString& pr
     issue.voice = PlanVoice(0.15F, dice);
     issue.voice.text = record.description.isEmpty() ? record.theme : record.description;
     PlanPics(issue, kind, size, project.name, dice);
+    if (!record.rectifier.isEmpty()) {
+        issue.rectifyVoice = PlanVoice(index % 2 == 1 ? 1.0F : 0.0F, dice);
+        issue.rectifyVoice.text = record.rectifyText;
+    }
+    if (dice.Chance(0.5F)) {
+        issue.code =
+            QUuid::createUuidV5(QUuid(), u"issue %1"_s.arg(index)).toString(QUuid::WithoutBraces);
+    }
     return issue;
 }
 
@@ -80,7 +92,7 @@ void PlanPics(PlannedIssue& issue, SceneKind kind, QSize size, const QString& pr
 
 void PlanIssues(SitePlan& plan, const PlanScale& scale, qint64 now) {
     for (int index = 0; index < scale.issues; ++index) {
-        plan.issues.push_back(PlanIssue(index, scale.issuePicSize, now));
+        plan.issues.push_back(PlanIssue(plan, index, scale.issuePicSize, now));
     }
 }
 

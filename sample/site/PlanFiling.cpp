@@ -4,8 +4,12 @@
 #include "sample/site/SiteVocabulary.h"
 #include "site/IComments.h"
 #include "site/IIntake.h"
+#include "site/IIssues.h"
+#include "site/RectifyStates.h"
 
 namespace sample {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -14,6 +18,21 @@ namespace {
         return {};
     }
     return {{}, MakeSpokenNote(voice.text, voice.seed, voice.milliseconds)};
+}
+
+/// Without what was done to it later.
+[[nodiscard]] site::NewIssue AsRaised(const site::NewIssue& planned) {
+    site::NewIssue raised = planned;
+    raised.updater.clear();
+    raised.updateTime = 0;
+    raised.rectifyText.clear();
+    if (!planned.rectifier.isEmpty()) {
+        raised.state = site::kStateOpen;
+    }
+    if (planned.updateTime > 0) {
+        raised.description = planned.theme; // as somebody writes it down in passing
+    }
+    return raised;
 }
 
 } // namespace
@@ -83,6 +102,10 @@ void PlanFiling::FileTables() {
         position.ppid = m_projects[static_cast<size_t>(position.ppid)];
         m_intake->AddPosition(position);
     }
+    for (site::Component component : m_plan.components) {
+        component.ppid = m_projects[static_cast<size_t>(component.ppid)];
+        m_intake->AddComponent(component);
+    }
 }
 
 void PlanFiling::FilePhotos() {
@@ -132,14 +155,51 @@ void PlanFiling::FileIssues() {
     for (const PlannedIssue& issue : m_plan.issues) {
         site::NewIssue record = issue.record;
         record.ppid = m_projects[static_cast<size_t>(record.ppid)];
-        const QString questionId = m_intake->FileIssue(record, VoiceOf(issue.voice));
+        const QString questionId = m_intake->FileIssue(AsRaised(record), VoiceOf(issue.voice),
+                                                       VoiceOf(issue.rectifyVoice));
+        bool isRectified = false;
         for (const PlannedIssuePic& pic : issue.pics) {
+            if (pic.record.rectification && !isRectified) {
+                Rectify(issue, record.ppid, questionId);
+                isRectified = true;
+            }
             site::NewIssuePic picture = pic.record;
             picture.questionId = questionId;
             m_intake->FileIssuePic(record.ppid, picture, NextPicture());
         }
+        if (!isRectified) {
+            Rectify(issue, record.ppid, questionId);
+        }
+        Finish(issue, record.ppid, questionId);
         m_onStep();
     }
+}
+
+void PlanFiling::Rectify(const PlannedIssue& issue, qint32 ppid, const QString& questionId) {
+    const site::NewIssue& record = issue.record;
+    if (!record.rectifier.isEmpty()) {
+        const qint64 between = (record.createTime + record.updateTime) / 2;
+        static_cast<void>(m_site.Issues().SaveRectification(
+            {ppid}, {questionId, record.rectifyText, record.state, {}, 0, {}},
+            {record.rectifier, between}));
+    }
+}
+
+void PlanFiling::Finish(const PlannedIssue& issue, qint32 ppid, const QString& questionId) {
+    const site::NewIssue& record = issue.record;
+    if (record.updateTime == 0) {
+        return;
+    }
+    KX_DATA::IssueUpdate update;
+    update.questionId = questionId;
+    update.questionName = record.theme;
+    update.description = record.description;
+    update.markId = record.markId;
+    update.status = record.status;
+    if (!issue.code.isEmpty()) {
+        update.qrCode = u"kxissue:1:%1:%2"_s.arg(ppid).arg(issue.code);
+    }
+    static_cast<void>(m_site.Issues().Update(ppid, update, {record.updater, record.updateTime}));
 }
 
 } // namespace sample

@@ -31,6 +31,9 @@ private:
     void FilePhotos();
     void FileDrawings();
     void FileIssues();
+    /// What was done to an issue since it was raised: so its history has lines.
+    void Rectify(const PlannedIssue& issue, qint32 ppid, const QString& questionId);
+    void Finish(const PlannedIssue& issue, qint32 ppid, const QString& questionId);
     [[nodiscard]] site::FileSource NextPicture();
     [[nodiscard]] std::vector<qint32> LabelIds(const std::vector<qint32>& numbers) const;
 

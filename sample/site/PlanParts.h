@@ -51,6 +51,12 @@ struct CaptionFacts {
                                     const QString& extension);
 [[nodiscard]] bool IsBelowGround(SceneKind kind);
 
+/// Columns, beams, slabs and walls at every intersection, and one component on no floor.
+void PlanComponents(SitePlan& plan);
+/// One of those at an intersection that has some.
+[[nodiscard]] const site::Component& ComponentAt(const SitePlan& plan, const QString& positionKey,
+                                                 int number);
+
 /// The three parts of the plan that hold pictures. Each begins its own random sequence.
 void PlanPhotos(SitePlan& plan, const PlanScale& scale, qint64 now);
 void PlanDrawings(SitePlan& plan, const PlanScale& scale, qint64 now);

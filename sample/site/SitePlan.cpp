@@ -144,6 +144,7 @@ SitePlan MakeSitePlan(SampleSize size, qint64 now) {
     }
     const PlanScale scale = ScaleOf(size);
     PlanPositions(plan);
+    PlanComponents(plan);
     PlanPhotos(plan, scale, now);
     PlanDrawings(plan, scale, now);
     PlanIssues(plan, scale, now);

@@ -4,6 +4,7 @@
 #include "sample/PictureArtist.h"
 #include "sample/SampleSize.h"
 #include "sample/drawings/DrawingSheet.h"
+#include "site/IComponents.h"
 #include "site/NewRecords.h"
 
 #include <QString>
@@ -56,13 +57,16 @@ struct PlannedIssuePic {
 };
 
 struct PlannedIssue {
-    site::NewIssue record; ///< ppid: number of the project
-    std::vector<PlannedIssuePic> pics;
+    site::NewIssue record;             ///< ppid: number of the project
+    std::vector<PlannedIssuePic> pics; ///< those of the rectification last
     PlannedVoice voice;
+    PlannedVoice rectifyVoice;
+    QString code; ///< what its QR code ends with; empty: none
 };
 
 struct SitePlan {
     std::vector<site::NewPosition> positions; ///< ppid: number of the project
+    std::vector<site::Component> components;  ///< likewise; those of one position in a row
     std::vector<PlannedPhoto> photos;
     std::vector<PlannedDrawing> drawings;
     std::vector<PlannedCheckpoint> checkpoints;

@@ -1,7 +1,9 @@
 #include "sample/SampleSite.h"
 
 #include "site/ICatalogue.h"
+#include "site/IComponents.h"
 #include "site/IDrawings.h"
+#include "site/IIssues.h"
 #include "site/blobs/FileStore.h"
 #include "site/sqlite/Catalogue.h"
 #include "site/sqlite/DataFolder.h"
@@ -158,6 +160,35 @@ TEST_F(MadeSite, IsFiledWithItsFiles) {
     EXPECT_EQ(site->Count(u"issue"_s), 8);
     EXPECT_EQ(site->StoredFiles(), site->Count(u"file"_s));
     EXPECT_FALSE(site->HasWorkshop());
+}
+
+TEST_F(MadeSite, IssuesHaveAHistoryThatEndsInWhatIsShownAndSomeHaveACodeThatLeadsToThem) {
+    site::SqliteSite opened(site->folder);
+    int rectified = 0;
+    int coded = 0;
+    int notes = 0;
+    for (const qint32 ppid : {1, 2}) {
+        site::ListFilter filter;
+        filter.ppids = {ppid};
+        for (const auto& row : opened.Issues().PageOf(filter, {{}, 1, 100}).rows) {
+            const auto lines = opened.Issues().History(ppid, row.questionId);
+            EXPECT_EQ(lines.back().deed, site::IssueDeed::Raised);
+            EXPECT_GE(lines.front().at, lines.back().at);
+            KX_DATA::RectifyRecord record;
+            ASSERT_TRUE(opened.Issues().Rectification({ppid}, row.questionId, record));
+            rectified += !record.rectifierName.isEmpty() && lines.size() > 2 ? 1 : 0;
+            notes += record.voiceUuid.isEmpty() ? 0 : 1;
+            KX_DATA::QuestionDetail detail;
+            ASSERT_TRUE(opened.Issues().Detail(ppid, row.questionId, detail));
+            EXPECT_TRUE(opened.Components().Find(ppid, detail.floor, detail.componentHandle));
+            const auto found = opened.Issues().FindByQrCode({1, 2}, detail.qrCode);
+            EXPECT_EQ(found.has_value(), !detail.qrCode.isEmpty());
+            coded += found && found->questionId == row.questionId && found->ppid == ppid ? 1 : 0;
+        }
+    }
+    EXPECT_GT(rectified, 1);
+    EXPECT_GT(coded, 0);
+    EXPECT_GT(notes, 0);
 }
 
 TEST_F(MadeSite, EveryDrawingIsAPdfOfOnePageWithCheckpointsOnIt) {

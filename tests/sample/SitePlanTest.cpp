@@ -260,6 +260,28 @@ TEST_P(SitePlanOf, IssuesHavePicturesAndTheDoneOnesAPictureOfTheRemedy) {
     EXPECT_GE(done, 1);
 }
 
+TEST_P(SitePlanOf, AnIssuesComponentStandsWhereTheIssueIsAndHandlesAreEachTheirOwn) {
+    std::map<std::pair<qint32, QString>, const site::Component*> byHandle;
+    for (const auto& component : plan.components) {
+        EXPECT_TRUE(
+            byHandle.emplace(std::pair(component.ppid, component.handle), &component).second);
+    }
+    for (const auto& issue : plan.issues) {
+        const auto found = byHandle.find({issue.record.ppid, issue.record.componentHandle});
+        ASSERT_NE(found, byHandle.end());
+        const site::Component& component = *found->second;
+        EXPECT_EQ(component.floor, issue.record.floor);
+        EXPECT_EQ(component.name, issue.record.componentName);
+        EXPECT_EQ(component.subName, issue.record.componentSubName);
+        const QString axes = component.properties[3].second;
+        EXPECT_EQ(QString(axes).replace(u'/', u'-') + u'轴', issue.record.posInfo);
+    }
+    EXPECT_EQ(std::count_if(plan.components.begin(), plan.components.end(),
+                            [](const auto& each) { return each.floor.isEmpty(); }),
+              2)
+        << "one of each project stands on no floor";
+}
+
 TEST(SitePlan, FloorsGoFromTheBasementToTheRoofWithoutAZero) {
     EXPECT_EQ(sample::FloorsOf(1),
               (std::vector<QString>{u"-1"_s, u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s, u"7"_s,
