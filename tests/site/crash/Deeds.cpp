@@ -2,6 +2,7 @@
 
 #include "site/IBimPhotos.h"
 #include "site/IBin.h"
+#include "site/IBlobs.h"
 #include "site/IComments.h"
 #include "site/IDrawings.h"
 #include "site/IIssues.h"
@@ -9,6 +10,8 @@
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SiteWriter.h"
 #include "site/sqlite/SqliteSite.h"
+
+#include <QTemporaryFile>
 
 #include <array>
 #include <random>
@@ -33,7 +36,7 @@ public:
 
     void Do() {
         using Way = void (Deed::*)();
-        constexpr std::array<Way, 13> kWays = {
+        constexpr std::array<Way, 17> kWays = {
             &Deed::SavePhoto,
             &Deed::HidePhotos,
             &Deed::DeletePhotos,
@@ -47,6 +50,10 @@ public:
             &Deed::Comment,
             &Deed::ChangeDrawing,
             &Deed::FileOrRemoveDrawing,
+            &Deed::SaveIssue,
+            &Deed::SaveRectification,
+            &Deed::Upload,
+            &Deed::AddOrRemoveRectifyPics,
         };
         (this->*kWays[Below(int(kWays.size()))])();
     }
@@ -162,10 +169,67 @@ public:
                                     .toString());
         }
         if (Below(2) == 0) {
-            m_engine.Issues().SetStatus(kProject, questions, Below(2));
+            m_engine.Issues().SetStatus(kProject, questions, Below(2), Signature());
         } else {
             m_engine.Bin().DeleteIssues({kProject}, questions, Signature());
         }
+    }
+
+    void SaveIssue() {
+        KX_DATA::IssueUpdate update;
+        update.questionId = SomeIssue();
+        update.questionName = u"问题%1 第二次"_s.arg(m_number);
+        update.description = u"第 %1 次保存"_s.arg(m_number);
+        update.markId = Below(3);
+        update.status = Below(2);
+        if (Below(2) == 0) {
+            update.componentHandle = Below(2) == 0 ? u"2A"_s : u"2B"_s;
+            update.floor = u"2"_s;
+            update.qrCode = u"code %1"_s.arg(m_number);
+        }
+        static_cast<void>(m_engine.Issues().Update(kProject, update, Signature()));
+    }
+
+    void SaveRectification() {
+        static_cast<void>(m_engine.Issues().SaveRectification(
+            {kProject}, {SomeIssue(), u"第 %1 次"_s.arg(m_number), Below(4), {}, 0, {}},
+            Signature()));
+    }
+
+    void Upload() {
+        QTemporaryFile file;
+        file.open();
+        file.write(Content(u"upload"_s).bytes);
+        file.close();
+        static_cast<void>(m_engine.Blobs().Upload(file.fileName(), {}));
+    }
+
+    /// What was uploaded last becomes pictures; without uploads pictures go.
+    void AddOrRemoveRectifyPics() {
+        const QString questionId = SomeIssue();
+        std::vector<KX_DATA::QuestionPicRecord> pics;
+        m_folder.Db().ForEach(u"SELECT u.uuid, f.md5 FROM upload u JOIN file f USING (uuid)"
+                              " ORDER BY f.md5"_s,
+                              {}, [&](const site::Statement& row) {
+                                  KX_DATA::QuestionPicRecord pic;
+                                  pic.picId = u"pic %1 of %2"_s.arg(pics.size()).arg(m_number);
+                                  pic.fileName = pic.picId;
+                                  pic.fileUuid = pic.thumbUuid = row.Text(0);
+                                  pic.fileMd5 = pic.thumbMd5 = row.Text(1);
+                                  pics.push_back(pic);
+                              });
+        if (!pics.empty()) {
+            static_cast<void>(
+                m_engine.Issues().AddRectifyPics({kProject}, questionId, pics, Signature()));
+            return;
+        }
+        std::vector<QString> gone;
+        m_folder.Db().ForEach(
+            u"SELECT p.pic_id FROM issue_pic p JOIN issue i ON i.id = p.issue_id"
+            " WHERE i.question_id = ? AND p.rectification = 1 ORDER BY p.id LIMIT 2"_s,
+            {questionId}, [&](const site::Statement& row) { gone.push_back(row.Text(0)); });
+        static_cast<void>(
+            m_engine.Issues().DeleteRectifyPics({kProject}, questionId, gone, Signature()));
     }
 
     /// One with a voice note, and one on the checkpoint in the same batch.
@@ -220,6 +284,16 @@ private:
         return {{}, u"%1 of %2"_s.arg(what).arg(m_number).toUtf8()};
     }
 
+    /// Empty where there is none.
+    QString SomeIssue() {
+        const std::vector<qint64> ids = Some(u"issue"_s, 1);
+        return ids.empty()
+                   ? QString()
+                   : m_folder.Db()
+                         .Value(u"SELECT question_id FROM issue WHERE id = ?"_s, {ids.front()})
+                         .toString();
+    }
+
     /// Up to so many rows of a table, each once.
     std::vector<qint64> Some(const QString& table, int most) {
         std::vector<qint64> ids;
@@ -257,6 +331,9 @@ void FillSite(site::DataFolder& folder) {
     }
     writer.AddPosition({kProject, u"2"_s, u"A"_s, u"1"_s, u"two"_s, true});
     writer.AddPosition({kProject, u"-1"_s, u"B"_s, u"1"_s, u"low"_s, true});
+    for (const QString& handle : {u"2A"_s, u"2B"_s}) {
+        writer.AddComponent({kProject, handle, u"2"_s, u"two"_s, u"KZ "_s + handle, {}, {}, {}});
+    }
     site::NewCheckpoint point;
     point.drawingId = writer.AddDrawing(kProject, u"首层"_s);
     point.number = 1;

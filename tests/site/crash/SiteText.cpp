@@ -152,7 +152,9 @@ QStringList TextOf(site::DataFolder& folder) {
                 u"SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT IN"
                 " ('bim_text', 'pdf_text', 'issue_text', 'schema_version', 'change', 'filing')"
                 " AND name NOT LIKE '%\\_text\\_%' ESCAPE '\\' ORDER BY name"_s)) {
-        QStringList rows = Lines(database, u"SELECT * FROM "_s + table);
+        // When something was uploaded is the clock's.
+        const QString columns = table == u"upload"_s ? u"uuid"_s : u"*"_s;
+        QStringList rows = Lines(database, u"SELECT %1 FROM %2"_s.arg(columns, table));
         for (QString& row : rows) {
             row = table + u": "_s + WithoutNames(row, store, bin);
         }
