@@ -4,7 +4,7 @@
 
 # A row for each folder that has sources, itself included in it; what stands in no row is forbidden.
 # Circles, all between rooms of one library: toolkit, toolkit/windows and toolkit/controls;
-# host/ui with host/ui/marks and host/ui/plan; sample with sample/drawings, sample/render, sample/scenes, sample/site.
+# host/ui with host/ui/marks, host/ui/pick and host/ui/plan; sample with sample/drawings, sample/render, sample/scenes, sample/site.
 layers='
 services: services
 include: include services
@@ -34,7 +34,7 @@ sample/render: sample sample/render
 sample/scenes: sample sample/render sample/scenes
 sample/site: sample sample/drawings sample/scenes sample/site site
 host: host/app
-host/app: host/app host/drawings host/import host/qr host/reminders host/services host/session host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/plan include sample services site site/transfer toolkit toolkit/controls toolkit/media toolkit/windows
+host/app: host/app host/drawings host/import host/qr host/reminders host/services host/session host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/pick host/ui/plan include sample services site site/transfer toolkit toolkit/controls toolkit/media toolkit/windows
 host/drawings: host/drawings
 host/drawings/reader: host/drawings host/drawings/reader
 host/import: host/import site
@@ -43,11 +43,12 @@ host/qr: host/qr
 host/reminders: host/reminders host/session site toolkit
 host/services: host/services host/session services site site/transfer toolkit
 host/session: host/session services site site/transfer toolkit
-host/ui: host/qr host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/plan include services toolkit toolkit/controls toolkit/windows
+host/ui: host/qr host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/pick host/ui/plan include services toolkit toolkit/controls toolkit/windows
 host/ui/catchup: host/ui/catchup toolkit toolkit/controls
 host/ui/drawing: host/drawings host/ui host/ui/drawing toolkit toolkit/controls
 host/ui/marks: host/ui host/ui/marks services toolkit toolkit/controls
-host/ui/plan: host/ui host/ui/marks host/ui/plan toolkit
+host/ui/pick: host/ui host/ui/pick host/ui/plan toolkit
+host/ui/plan: host/ui host/ui/marks host/ui/pick host/ui/plan toolkit
 tour: hands host/app host/services host/ui/drawing host/ui/plan services tour
 '
 # These may include all, and know the engine.

@@ -56,4 +56,12 @@ bool ObserverHub::LocateIssue(qint32 ppid, const QString& questionId) const {
     return viewer != nullptr;
 }
 
+bool ObserverHub::TellPickEnded(bool confirmed) const {
+    KXFRAME::IViewBimPicObs* viewer = Viewer();
+    if (viewer != nullptr) {
+        viewer->OpenIssueEdit(confirmed ? 1 : 0);
+    }
+    return viewer != nullptr;
+}
+
 } // namespace host

@@ -23,6 +23,8 @@ public:
                     qint32 markId) const;
     /// The same for an issue.
     bool LocateIssue(qint32 ppid, const QString& questionId) const;
+    /// Tells that observer that a pick of components has ended.
+    bool TellPickEnded(bool confirmed) const;
     void Clear() { m_observers.clear(); }
     [[nodiscard]] std::size_t Count() const { return m_observers.size(); }
 

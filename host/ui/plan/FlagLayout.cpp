@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
+#include <limits>
 #include <numeric>
 
 namespace host {
@@ -60,12 +61,22 @@ void AddShelf(FlagLayout& all, const FloorPlanLayout& layout, std::vector<FlagBo
 
 FlagLayout LayoutFlags(const FloorPlanLayout& layout, const std::vector<PlacedFlag>& flags,
                        int first) {
+    std::vector<int> places;
+    places.reserve(flags.size());
+    for (const PlacedFlag& flag : flags) {
+        places.push_back(flag.place);
+    }
+    return LayoutAtPlaces(layout, places, first);
+}
+
+FlagLayout LayoutAtPlaces(const FloorPlanLayout& layout, const std::vector<int>& places,
+                          int first) {
     FlagLayout all;
     const int rows = std::max(1, int((layout.spacingY - 2) / kFlagPitch));
-    for (int at = 0; at < int(flags.size());) {
-        const int place = flags[at].place;
+    for (int at = 0; at < int(places.size());) {
+        const int place = places[at];
         int end = at;
-        while (end < int(flags.size()) && flags[end].place == place) {
+        while (end < int(places.size()) && places[end] == place) {
             ++end;
         }
         std::vector<int> here(end - at);
@@ -99,6 +110,28 @@ int BoxOf(const FlagLayout& layout, int flag) {
         }
     }
     return -1;
+}
+
+int NextBox(const FlagLayout& layout, int from, int dx, int dy) {
+    const auto& boxes = layout.boxes;
+    if (from < 0 || from >= int(boxes.size())) {
+        return boxes.empty() ? -1 : 0;
+    }
+    constexpr double kAsideCounts = 3; // what lies straight ahead comes before what lies near
+    const QPointF begin = boxes[from].rect.center();
+    int best = from;
+    double bestWay = std::numeric_limits<double>::max();
+    for (int at = 0; at < int(boxes.size()); ++at) {
+        const QPointF way = boxes[at].rect.center() - begin;
+        const double ahead = way.x() * dx - way.y() * dy;
+        const double aside = std::abs(way.x() * dy) + std::abs(way.y() * dx);
+        const double length = ahead + kAsideCounts * aside;
+        if (ahead > 0 && length < bestWay) {
+            best = at;
+            bestWay = length;
+        }
+    }
+    return best;
 }
 
 QString FlagTip(const PlanFloor& floor, const std::vector<PlacedFlag>& flags, const FlagBox& box) {

@@ -31,10 +31,19 @@ struct FlagLayout {
 [[nodiscard]] FlagLayout LayoutFlags(const FloorPlanLayout& layout,
                                      const std::vector<PlacedFlag>& flags, int first = -1);
 
+/// The same for anything that stands at places.
+/// @param places  the place of each thing, kShelf or an intersection, in the order of the places.
+[[nodiscard]] FlagLayout LayoutAtPlaces(const FloorPlanLayout& layout,
+                                        const std::vector<int>& places, int first = -1);
+
 /// Index of the box under a point; -1: none.
 [[nodiscard]] int BoxAt(const FlagLayout& layout, const QPointF& point);
 /// Index of the box in which a flag is, alone or folded; -1: none.
 [[nodiscard]] int BoxOf(const FlagLayout& layout, int flag);
+
+/// The box next to `from` in the direction (dx, dy), dy upwards; `from` itself where there is none,
+/// the first one for -1. -1 without boxes.
+[[nodiscard]] int NextBox(const FlagLayout& layout, int from, int dx, int dy);
 
 /// What a box says when the mouse rests on it: mark, place, how many; themes of its issues.
 [[nodiscard]] QString FlagTip(const PlanFloor& floor, const std::vector<PlacedFlag>& flags,

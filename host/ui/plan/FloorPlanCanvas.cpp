@@ -14,7 +14,7 @@ namespace host {
 
 using namespace Qt::StringLiterals;
 
-FloorPlanCanvas::FloorPlanCanvas(QWidget* parent) : QWidget(parent) {
+FloorPlanCanvas::FloorPlanCanvas(QWidget* parent) : PlanSurface(parent) {
     setObjectName(u"floorPlanCanvas"_s);
     setAccessibleName(u"楼层平面图"_s);
     setFocusPolicy(Qt::StrongFocus);
@@ -47,6 +47,11 @@ void FloorPlanCanvas::SetModel(FloorPlanModel newModel) {
 
 void FloorPlanCanvas::SetFloor(int floor) {
     Apply(ShowFloor(m_state, m_model, floor));
+}
+
+void FloorPlanCanvas::Show(int floor, int place) {
+    const auto& places = m_model.floors[size_t(floor)].intersections;
+    Apply(Locate({floor, place < 0 || place >= int(places.size()) ? kNoPlace : place}));
 }
 
 bool FloorPlanCanvas::LocateKey(const QString& positionKey) {

@@ -4,8 +4,7 @@
 #include "host/ui/ModelView.h"
 #include "host/ui/plan/FlagLayout.h"
 #include "host/ui/plan/FloorPlanState.h"
-
-#include <QWidget>
+#include "host/ui/plan/PlanSurface.h"
 
 namespace host {
 
@@ -15,7 +14,7 @@ class PlaceCard;
 /// Shows one floor of a model with the flags that stand on it, and lets the person choose an
 /// intersection or open a flag by mouse and keyboard. Knows neither services nor where model and
 /// marks come from. Lives on the interface thread, owned by its parent widget.
-class FloorPlanCanvas final : public QWidget {
+class FloorPlanCanvas final : public PlanSurface {
     Q_OBJECT
 
 public:
@@ -24,6 +23,9 @@ public:
     /// Keeps floor and chosen intersection where the new model still has them.
     void SetModel(FloorPlanModel newModel);
     void SetFloor(int floor);
+    /// A floor of the model with one of its intersections chosen, or with none for kNoPlace and
+    /// what it doesn't have.
+    void Show(int floor, int place);
     /// False if no floor has the key; then nothing changes.
     bool LocateKey(const QString& positionKey);
     /// Borrowed until the next call; to be told again after each change of the marks. Null: none.
@@ -45,10 +47,8 @@ public:
     [[nodiscard]] const MarkFlag* Blinking() const;
     [[nodiscard]] const Blink& Light() const { return *m_blink; }
 
-    /// What the canvas needs in a window of this size.
-    [[nodiscard]] QSize SizeIn(const QSize& window) const;
-    /// The part that its window shows.
-    void SetVisibleArea(const QRect& area);
+    [[nodiscard]] QSize SizeIn(const QSize& window) const override;
+    void SetVisibleArea(const QRect& area) override;
 
 signals:
     void FloorChanged(int floor);
@@ -58,10 +58,6 @@ signals:
     void PhotosWanted(const QString& positionKey);
     void FlagOpened(const host::MarkFlag& flag);
     void FlagMenuWanted(const host::FlagMenuRequest& request);
-    /// What SizeIn gives may be different now.
-    void NeedsOtherSize();
-    /// An area of this widget should come into sight.
-    void AreaWanted(const QRectF& area);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -27,13 +27,13 @@ void PaintEmpty(QPainter& painter, const FloorPlanScene& scene) {
     painter.drawText(scene.flags.visible, Qt::AlignCenter, text);
 }
 
-/// Stays where it is while the plan scrolls beneath it.
-void PaintTitle(QPainter& painter, const PlanFloor& floor, const QPointF& corner) {
+} // namespace
+
+void PaintPlanTitle(QPainter& painter, const QString& caption, const QString& note,
+                    const QPointF& corner) {
     const QFont big = toolkit::UiFont(16);
     const QFontMetricsF bigMetrics(big);
     const QFontMetricsF metrics(toolkit::UiFont());
-    const QString caption = PlanFloorCaption(floor);
-    const QString note = PlanTitleNote(floor);
     const double behind = kTitleX + bigMetrics.horizontalAdvance(caption) + 16;
     QColor ground = toolkit::Colors::Pane();
     ground.setAlphaF(0.85F);
@@ -47,6 +47,8 @@ void PaintTitle(QPainter& painter, const PlanFloor& floor, const QPointF& corner
     painter.setPen(toolkit::Colors::HintText());
     painter.drawText(corner + QPointF(behind, kTitleBase), note);
 }
+
+namespace {
 
 void PaintShelf(QPainter& painter, const FloorPlanScene& scene, const PlanFloor& floor) {
     const QRectF& shelf = scene.layout.shelf;
@@ -92,18 +94,28 @@ void PaintBubble(QPainter& painter, const QRectF& bubble, const QString& name, b
     painter.drawText(bubble, Qt::AlignCenter, name);
 }
 
-void PaintBubbles(QPainter& painter, const FloorPlanScene& scene, const PlanFloor& floor) {
-    const int chosen = scene.state.chosen;
-    const PlanIntersection* place = chosen >= 0 ? &floor.intersections[chosen] : nullptr;
-    for (int at = 0; at < int(floor.axesX.size()); ++at) {
-        PaintBubble(painter, scene.layout.bubblesX[at], floor.axesX[at],
+} // namespace
+
+void PaintPlanBubbles(QPainter& painter, const PlanFloor& floor, const FloorPlanLayout& layout,
+                      const PlanIntersection* place) {
+    for (int at = 0; at < int(layout.bubblesX.size()); ++at) {
+        PaintBubble(painter, layout.bubblesX[at], floor.axesX[at],
                     place != nullptr && place->axisX == at);
     }
-    for (int at = 0; at < int(floor.axesY.size()); ++at) {
-        PaintBubble(painter, scene.layout.bubblesY[at], floor.axesY[at],
+    for (int at = 0; at < int(layout.bubblesY.size()); ++at) {
+        PaintBubble(painter, layout.bubblesY[at], floor.axesY[at],
                     place != nullptr && place->axisY == at);
     }
 }
+
+void PaintPlanSlab(QPainter& painter, const FloorPlanLayout& layout) {
+    painter.setPen(QPen(toolkit::Colors::Frame(), 2));
+    painter.setBrush(Qt::white);
+    painter.drawRect(layout.building);
+    PaintAxes(painter, layout);
+}
+
+namespace {
 
 void PaintRing(QPainter& painter, const QRectF& rect, const QColor& color, double width) {
     painter.setPen(QPen(color, width));
@@ -162,6 +174,12 @@ void PaintPlaces(QPainter& painter, const FloorPlanScene& scene, const PlanFloor
 
 } // namespace
 
+void PaintPlanFocus(QPainter& painter, const QRectF& visible) {
+    painter.setPen(QPen(toolkit::Colors::Accent(), 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(visible.adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
 void PaintFloorPlan(QPainter& painter, const FloorPlanScene& scene) {
     const QRectF& visible = scene.flags.visible;
     painter.fillRect(visible, toolkit::Colors::Pane());
@@ -172,21 +190,18 @@ void PaintFloorPlan(QPainter& painter, const FloorPlanScene& scene) {
     }
     const PlanFloor& floor = scene.model.floors[scene.state.floor];
     if (!scene.layout.places.empty()) {
-        painter.setPen(QPen(toolkit::Colors::Frame(), 2));
-        painter.setBrush(Qt::white);
-        painter.drawRect(scene.layout.building);
-        PaintAxes(painter, scene.layout);
+        PaintPlanSlab(painter, scene.layout);
         PaintFlagPoles(painter, scene.flags);
         PaintPlaces(painter, scene, floor);
     }
     PaintShelf(painter, scene, floor);
     PaintFlags(painter, scene.flags);
-    PaintBubbles(painter, scene, floor);
-    PaintTitle(painter, floor, visible.topLeft());
+    const int chosen = scene.state.chosen;
+    PaintPlanBubbles(painter, floor, scene.layout,
+                     chosen >= 0 ? &floor.intersections[chosen] : nullptr);
+    PaintPlanTitle(painter, PlanFloorCaption(floor), PlanTitleNote(floor), visible.topLeft());
     if (scene.focused) {
-        painter.setPen(QPen(toolkit::Colors::Accent(), 1));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRect(visible.adjusted(0.5, 0.5, -0.5, -0.5));
+        PaintPlanFocus(painter, visible);
     }
 }
 

@@ -1,5 +1,7 @@
 #include "host/ui/plan/FloorPlanPane.h"
 
+#include "host/ui/pick/PickCanvas.h"
+#include "host/ui/pick/PickPane.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/PlanScroll.h"
 #include "toolkit/Look.h"
@@ -9,6 +11,7 @@
 #include <QListWidget>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStackedWidget>
 #include <QVBoxLayout>
 
 namespace host {
@@ -37,6 +40,12 @@ FloorPlanPane::FloorPlanPane(QWidget* parent) : QWidget(parent) {
     caption->setBuddy(m_floors);
     m_canvas = new FloorPlanCanvas(this);
     m_scroll = new PlanScroll(m_canvas, this);
+    m_picks = new PickPane(this);
+    m_plans = new QStackedWidget(this);
+    m_plans->addWidget(m_scroll);
+    m_plans->addWidget(m_picks);
+    // The bar of a pick that isn't there must not make the window wide.
+    m_plans->setMinimumSize(m_scroll->minimumSize());
 
     auto* left = new QVBoxLayout;
     left->setContentsMargins(8, 0, 0, 8);
@@ -47,20 +56,62 @@ FloorPlanPane::FloorPlanPane(QWidget* parent) : QWidget(parent) {
     all->setContentsMargins(0, 0, 0, 0);
     all->setSpacing(0);
     all->addLayout(left);
-    all->addWidget(m_scroll, 1);
+    all->addWidget(m_plans, 1);
     FitFloors();
 
-    connect(m_floors, &QListWidget::currentRowChanged, m_canvas, &FloorPlanCanvas::SetFloor);
-    connect(m_canvas, &FloorPlanCanvas::FloorChanged, this, [this](int floor) {
-        const QSignalBlocker quiet(m_floors);
-        m_floors->setCurrentRow(floor);
-    });
-    connect(m_canvas, &FloorPlanCanvas::NeedsOtherSize, m_scroll, &PlanScroll::Fit);
-    connect(m_canvas, &FloorPlanCanvas::AreaWanted, m_scroll, &PlanScroll::ShowArea);
+    connect(m_floors, &QListWidget::currentRowChanged, this, &FloorPlanPane::TakeFloor);
+    connect(m_canvas, &FloorPlanCanvas::FloorChanged, this, &FloorPlanPane::ShowFloorRow);
+    connect(&m_picks->Canvas(), &PickCanvas::FloorChanged, this, &FloorPlanPane::ShowFloorRow);
+}
+
+void FloorPlanPane::TakeFloor(int row) {
+    if (IsPicking()) {
+        m_picks->Canvas().SetFloor(row);
+    } else {
+        m_canvas->SetFloor(row);
+    }
+}
+
+void FloorPlanPane::ShowFloorRow() {
+    const QSignalBlocker quiet(m_floors);
+    m_floors->setCurrentRow(IsPicking() ? m_picks->Canvas().State().floor
+                                        : m_canvas->State().floor);
+}
+
+void FloorPlanPane::BeginPick(const ComponentSource& source) {
+    const int floor = IsPicking() ? m_picks->Canvas().State().floor : m_canvas->State().floor;
+    m_plans->setCurrentWidget(m_picks);
+    m_picks->Begin(m_canvas->Model(), floor, source);
+}
+
+void FloorPlanPane::EndPick() {
+    if (!IsPicking()) {
+        return;
+    }
+    m_plans->setCurrentWidget(m_scroll);
+    m_picks->Canvas().Clear();
+    ShowFloorRow();
+    m_canvas->setFocus();
+}
+
+bool FloorPlanPane::IsPicking() const {
+    return m_plans->currentWidget() == m_picks;
+}
+
+QPoint FloorPlanPane::Scrolled() const {
+    return {m_scroll->horizontalScrollBar()->value(), m_scroll->verticalScrollBar()->value()};
+}
+
+void FloorPlanPane::ScrollTo(const QPoint& place) {
+    m_scroll->horizontalScrollBar()->setValue(place.x());
+    m_scroll->verticalScrollBar()->setValue(place.y());
 }
 
 void FloorPlanPane::SetModel(FloorPlanModel model) {
     m_canvas->SetModel(std::move(model));
+    if (IsPicking()) {
+        m_picks->Canvas().SetModel(m_canvas->Model());
+    }
     FillFloors();
 }
 
@@ -76,7 +127,7 @@ void FloorPlanPane::FillFloors() {
             (floor.name.isEmpty() ? u"没有楼层的"_s : caption + u"："_s) + PhotosText(count)));
         item->setSizeHint(QSize(0, m_floors->fontMetrics().height() + 12));
     }
-    m_floors->setCurrentRow(m_canvas->State().floor);
+    ShowFloorRow();
     FitFloors();
 }
 

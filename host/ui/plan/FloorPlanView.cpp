@@ -1,5 +1,7 @@
 #include "host/ui/plan/FloorPlanView.h"
 
+#include "host/ui/pick/PickCanvas.h"
+#include "host/ui/pick/PickPane.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 
@@ -12,6 +14,11 @@ FloorPlanView::FloorPlanView(FloorPlanPane& planPane)
     const FloorPlanCanvas& canvas = m_pane.Canvas();
     connect(&canvas, &FloorPlanCanvas::FlagOpened, this, &ModelView::FlagOpened);
     connect(&canvas, &FloorPlanCanvas::FlagMenuWanted, this, &ModelView::FlagMenuWanted);
+    connect(&m_pane.Picks(), &PickPane::Ended, this, &FloorPlanView::EndPick);
+    connect(&m_pane.Picks(), &PickPane::PropertiesWanted, this,
+            [this](const PlanComponent& component) {
+                emit PropertiesWanted(component.ppid, component.floor, component.handle);
+            });
     Redraw();
 }
 
@@ -21,27 +28,36 @@ FloorPlanView::~FloorPlanView() {
 
 void FloorPlanView::GetPickedComponents(std::vector<KX_DATA::PickedComponent>& components) {
     components.clear();
+    for (const PlanComponent& picked :
+         IsPicking() ? m_pane.Picks().Canvas().State().picked : m_picked) {
+        KX_DATA::PickedComponent component;
+        component.id = picked.ppid;
+        component.floor = picked.floor;
+        component.text1 = picked.positionKey;
+        component.componentName = picked.name;
+        component.componentHandle = picked.handle;
+        component.componentSubName = picked.subName;
+        component.text4 = picked.kind;
+        components.push_back(component);
+    }
 }
 
 void FloorPlanView::SaveViewState(std::vector<qint32>& viewState) {
     const FloorPlanState& shown = m_pane.Canvas().State();
-    viewState = {shown.floor, shown.chosen};
+    const QPoint scrolled = m_pane.Scrolled();
+    viewState = {shown.floor, shown.chosen, scrolled.x(), scrolled.y()};
 }
 
 void FloorPlanView::RestoreViewState(const std::vector<qint32>& viewState) {
-    if (viewState.empty()) {
-        return;
-    }
+    constexpr std::size_t kValues = 4;
     FloorPlanCanvas& canvas = m_pane.Canvas();
-    canvas.SetFloor(viewState[0]);
     const auto& floors = canvas.Model().floors;
-    if (viewState.size() < 2 || canvas.State().floor != viewState[0] || floors.empty()) {
+    // The model may be another one by now.
+    if (viewState.size() != kValues || viewState[0] < 0 || viewState[0] >= int(floors.size())) {
         return;
     }
-    const auto& places = floors[canvas.State().floor].intersections;
-    if (viewState[1] >= 0 && viewState[1] < int(places.size())) {
-        canvas.LocateKey(places[viewState[1]].positionKey);
-    }
+    canvas.Show(viewState[0], viewState[1]);
+    m_pane.ScrollTo({viewState[2], viewState[3]});
 }
 
 void FloorPlanView::SetVeskPicMarkers(const std::vector<KX_DATA::PicMarkGroup>& groups) {
@@ -64,10 +80,13 @@ bool FloorPlanView::LocateIssue(const QString& questionId) {
 }
 
 bool FloorPlanView::Locate(const std::optional<MarkFlag>& flag) {
-    return flag && m_pane.Canvas().LocateFlag(*flag);
+    return flag && !IsPicking() && m_pane.Canvas().LocateFlag(*flag);
 }
 
-void FloorPlanView::ShowComponentProperties(qint32, const QString&, const QString&) {}
+void FloorPlanView::ShowComponentProperties(qint32 ppid, const QString& floor,
+                                            const QString& handle) {
+    emit PropertiesWanted(ppid, floor, handle);
+}
 
 qint32 FloorPlanView::GetViewTool() {
     return m_tool;
@@ -77,7 +96,26 @@ void FloorPlanView::SetViewTool(qint32 newTool) {
     m_tool = newTool;
 }
 
-void FloorPlanView::BeginComponentPick() {}
+void FloorPlanView::BeginComponentPick() {
+    emit PickBegins();
+    m_picked.clear();
+    m_pane.BeginPick([this](qint32 ppid, const QString& floor) {
+        return m_components ? m_components(ppid, floor) : std::vector<PlanComponent>();
+    });
+}
+
+bool FloorPlanView::IsPicking() const {
+    return m_pane.IsPicking();
+}
+
+void FloorPlanView::EndPick(bool confirmed) {
+    if (!IsPicking()) {
+        return;
+    }
+    m_picked = confirmed ? m_pane.Picks().Canvas().State().picked : std::vector<PlanComponent>();
+    m_pane.EndPick();
+    emit PickEnded(confirmed);
+}
 
 void FloorPlanView::SetMarkTable(const std::map<qint32, KX_DATA::MarkRecord>& marks) {
     m_markSet.SetMarkTable(marks);
@@ -93,6 +131,9 @@ void FloorPlanView::ShowMarks(MarkKind kind, bool on) {
 }
 
 bool FloorPlanView::ShowFloor(const QString& floor) {
+    if (IsPicking()) {
+        return false;
+    }
     const int index = FindFloor(m_pane.Canvas().Model(), floor);
     m_pane.Canvas().SetFloor(index);
     return index >= 0;

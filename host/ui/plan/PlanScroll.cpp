@@ -1,18 +1,20 @@
 #include "host/ui/plan/PlanScroll.h"
 
-#include "host/ui/plan/FloorPlanCanvas.h"
+#include "host/ui/plan/PlanSurface.h"
 
 #include <QScrollBar>
 
 namespace host {
 
-PlanScroll::PlanScroll(FloorPlanCanvas* planCanvas, QWidget* parent)
+PlanScroll::PlanScroll(PlanSurface* planCanvas, QWidget* parent)
     : QScrollArea(parent), m_canvas(planCanvas) {
     setFrameShape(QFrame::NoFrame);
     // The canvas takes the keys.
     setFocusPolicy(Qt::NoFocus);
     setWidget(m_canvas);
     setMinimumSize(160, 96); // on a small screen the panels beside it need room too
+    connect(m_canvas, &PlanSurface::NeedsOtherSize, this, &PlanScroll::Fit);
+    connect(m_canvas, &PlanSurface::AreaWanted, this, &PlanScroll::ShowArea);
     for (QScrollBar* bar : {horizontalScrollBar(), verticalScrollBar()}) {
         bar->setSingleStep(24);
     }

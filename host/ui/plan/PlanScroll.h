@@ -1,17 +1,17 @@
-// The floor plan's window onto its canvas.
+// The window onto a plan that may be larger.
 #pragma once
 
 #include <QScrollArea>
 
 namespace host {
 
-class FloorPlanCanvas;
+class PlanSurface;
 
 /// Makes the canvas as large as the window, or as much larger as its floor needs. Owns the canvas.
 /// Thread: user interface.
 class PlanScroll final : public QScrollArea {
 public:
-    PlanScroll(FloorPlanCanvas* planCanvas, QWidget* parent);
+    PlanScroll(PlanSurface* planCanvas, QWidget* parent);
 
     /// After a change of what the canvas shows.
     void Fit();
@@ -25,7 +25,7 @@ protected:
 private:
     void TellVisible();
 
-    FloorPlanCanvas* m_canvas;
+    PlanSurface* m_canvas;
 };
 
 } // namespace host

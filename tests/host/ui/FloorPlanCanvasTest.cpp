@@ -145,11 +145,12 @@ TEST_F(FloorPlan, TheViewsStateBringsBackFloorAndChoice) {
     view.RestoreViewState(state);
     EXPECT_EQ(canvas.Chosen()->positionKey, u"1:3/B"_s);
     view.RestoreViewState({});
-    view.RestoreViewState({7, 3});
+    view.RestoreViewState({7, 3, 0, 0});
+    view.RestoreViewState({-1, 3, 0, 0});
     EXPECT_EQ(canvas.Chosen()->positionKey, u"1:3/B"_s);
 }
 
-TEST_F(FloorPlan, TheViewPicksNothingYetAndKeepsItsTool) {
+TEST_F(FloorPlan, WithoutAPickNothingIsPickedAndTheToolIsKept) {
     FloorPlanView view(pane);
     std::vector<KX_DATA::PickedComponent> picked(1);
     view.GetPickedComponents(picked);

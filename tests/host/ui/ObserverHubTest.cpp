@@ -30,7 +30,7 @@ struct ViewObs final : NamedObs, KXFRAME::IViewBimPicObs {
                     qint32 markId) override {
         seen = u"%1 %2 %3 %4"_s.arg(*ppid).arg(floor, key).arg(markId);
     }
-    void OpenIssueEdit(qint32) override {}
+    void OpenIssueEdit(qint32 mode) override { seen = u"edit %1"_s.arg(mode); }
     void LocateIssue(qint32 ppid, const QString& questionId) override {
         seen = u"%1 %2"_s.arg(ppid).arg(questionId);
     }
@@ -97,6 +97,17 @@ TEST(ObserverHub, AsksTheFirstViewerUnderThatNameAndNobodyElse) {
     EXPECT_TRUE(second.seen.isEmpty());
     hub.Clear();
     EXPECT_FALSE(hub.ViewBimPic(4, u"-1"_s, u"key"_s, 3));
+}
+
+TEST(ObserverHub, TellsTheViewerHowAPickEnded) {
+    ViewObs viewer(u"ViewBimPic"_s);
+    ObserverHub hub;
+    EXPECT_FALSE(hub.TellPickEnded(true));
+    hub.AddObserver(&viewer);
+    EXPECT_TRUE(hub.TellPickEnded(true));
+    EXPECT_EQ(viewer.seen, u"edit 1"_s);
+    EXPECT_TRUE(hub.TellPickEnded(false));
+    EXPECT_EQ(viewer.seen, u"edit 0"_s);
 }
 
 } // namespace
