@@ -7,6 +7,8 @@
 #include "host/app/ImportFlow.h"
 #include "host/app/LocateNames.h"
 #include "host/app/MarkFlow.h"
+#include "host/app/ModelComponents.h"
+#include "host/app/PickFlow.h"
 #include "host/app/PlanReader.h"
 #include "host/app/ReminderFlow.h"
 #include "host/ui/ActionLogDock.h"
@@ -15,6 +17,7 @@
 #include "host/ui/MessageBar.h"
 #include "host/ui/drawing/DrawingPane.h"
 #include "host/ui/marks/MarkPanelDock.h"
+#include "host/ui/pick/ComponentDock.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "host/ui/plan/FloorPlanView.h"
@@ -91,6 +94,7 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     ConnectWindow();
     ConnectSession();
     ConnectSink();
+    ConnectComponents();
     if (auto lack = m_module.Load(moduleFolder)) {
         return lack;
     }
@@ -144,6 +148,7 @@ void Client::Stop() {
         m_module.Pictures()->SetPicSink(nullptr);
         m_module.Pictures()->SetIssueEditSink(nullptr);
     }
+    m_picks.reset();
     m_view.reset();
     m_window.reset();
     m_module.Release();
@@ -244,6 +249,29 @@ void Client::ConnectSink() {
             });
 }
 
+void Client::ConnectComponents() {
+    m_picks = std::make_unique<PickFlow>(PickFlow::Parts{*m_window, *m_view, m_hub});
+    m_view->SetComponents([this](qint32 ppid, const QString& floor) {
+        return ReadPlanComponents(m_session, ppid, floor);
+    });
+    connect(m_view.get(), &FloorPlanView::PropertiesWanted, this, &Client::ShowProperties);
+    connect(&m_sink, &PictureSink::IssueEditVisible, this, [this](bool visible) {
+        m_window->ShowStatus(visible ? u"就绪"_s
+                                     : u"编辑问题的窗口已让开，选完构件后它会回来"_s);
+    });
+}
+
+void Client::ShowProperties(qint32 ppid, const QString& floor, const QString& handle) {
+    const ComponentFacts facts = ReadComponentFacts(m_session, ppid, floor, handle);
+    if (facts.title.isEmpty()) {
+        m_window->Properties().ShowSentence(
+            handle.isEmpty() ? u"该问题没有指定构件。"_s
+                             : u"模型中没有这个构件（%1），它可能已被删除或换了楼层。"_s.arg(handle));
+    } else {
+        m_window->Properties().ShowFacts(facts);
+    }
+}
+
 void Client::OnPhotoLocated(const QString& text) {
     const auto target = ParseLocateText(text);
     if (target) {
@@ -272,12 +300,15 @@ void Client::TakeProject(int index) {
         return;
     }
     m_marks->Keep();
+    // What asked for a component works on the project from before.
+    m_picks->Cancel();
     WithoutFault(m_session, [&] { TakeChoice(m_session, m_choices[index]); });
     ProjectChanged();
 }
 
 void Client::ProjectChanged() {
     m_hub.TellProjectChange();
+    m_window->Properties().Empty();
     QStringList names;
     for (const ProjectChoice& choice : m_choices) {
         names << choice.text;

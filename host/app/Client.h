@@ -30,6 +30,7 @@ class HostSession;
 class ImportFlow;
 class MainWindow;
 class MarkFlow;
+class PickFlow;
 class ReminderFlow;
 
 /// Makes the main window over a session whose folder is open and whose user is signed in, loads the
@@ -55,6 +56,7 @@ private:
     void ConnectWindow();
     void ConnectSession();
     void ConnectSink();
+    void ConnectComponents();
     void Obey(Command command);
     void ObeyHost(Command command);
     void MakeProject();
@@ -73,6 +75,7 @@ private:
     void ProjectChanged();
     void MakeDrawingFlows();
     void OnPathsDropped(const QStringList& paths);
+    void ShowProperties(qint32 ppid, const QString& floor, const QString& handle);
     void ReadPlan();
     void ReadPhotoMarks();
     void ReadIssueMarks();
@@ -95,6 +98,7 @@ private:
     Calmed m_issueMarks;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<FloorPlanView> m_view;
+    std::unique_ptr<PickFlow> m_picks;
     std::unique_ptr<ImportFlow> m_imports;
     std::unique_ptr<MarkFlow> m_marks;
     std::unique_ptr<ReminderFlow> m_reminders;

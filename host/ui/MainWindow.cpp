@@ -6,6 +6,7 @@
 #include "host/ui/catchup/CatchUpDock.h"
 #include "host/ui/drawing/DrawingPane.h"
 #include "host/ui/marks/MarkPanelDock.h"
+#include "host/ui/pick/ComponentDock.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "include/KXEvents.h"
 #include "toolkit/Icons.h"
@@ -94,6 +95,10 @@ void MainWindow::MakeCentre() {
     m_catchUp = new CatchUpDock(this);
     addDockWidget(Qt::RightDockWidgetArea, m_catchUp);
     tabifyDockWidget(m_marks, m_catchUp);
+    m_properties = new ComponentDock(this);
+    addDockWidget(Qt::RightDockWidgetArea, m_properties);
+    tabifyDockWidget(m_marks, m_properties);
+    m_properties->hide();
     m_marks->raise();
     resizeDocks({m_marks}, {268}, Qt::Horizontal);
 }
@@ -173,6 +178,10 @@ void MainWindow::AddPanelsToMenu() {
     showMarks->setShortcut(Qt::CTRL | Qt::Key_K);
     showMarks->setToolTip(u"显示或隐藏标识面板（Ctrl+K）"_s);
     view->addAction(showMarks);
+    QAction* showProperties = m_properties->toggleViewAction();
+    showProperties->setIcon(toolkit::Icon(u"info"_s));
+    showProperties->setToolTip(u"显示或隐藏构件属性"_s);
+    view->addAction(showProperties);
     QAction* showLog = m_actionLog->toggleViewAction();
     showLog->setIcon(toolkit::Icon(u"log"_s));
     showLog->setShortcut(Qt::CTRL | Qt::Key_L);

@@ -20,6 +20,7 @@ namespace host {
 
 class ActionLogDock;
 class CatchUpDock;
+class ComponentDock;
 class DrawingPane;
 class FloorPlanPane;
 class MarkPanelDock;
@@ -44,6 +45,7 @@ public:
     void ShowDrawingFace(bool drawing);
     [[nodiscard]] ActionLogDock& ActionLog() const { return *m_actionLog; }
     [[nodiscard]] MarkPanelDock& Marks() const { return *m_marks; }
+    [[nodiscard]] ComponentDock& Properties() const { return *m_properties; }
     [[nodiscard]] CatchUpDock& CatchUpList() const { return *m_catchUp; }
     /// Checked: toasts of photos, of issues.
     [[nodiscard]] QAction& PhotoReminders() const { return *m_photoReminders; }
@@ -106,6 +108,7 @@ private:
     ActionLogDock* m_actionLog = nullptr;
     MarkPanelDock* m_marks = nullptr;
     CatchUpDock* m_catchUp = nullptr;
+    ComponentDock* m_properties = nullptr;
     QAction* m_photoReminders = nullptr;
     QAction* m_issueReminders = nullptr;
     MessageBar* m_messages = nullptr;
