@@ -256,8 +256,7 @@ void Client::ConnectComponents() {
     });
     connect(m_view.get(), &FloorPlanView::PropertiesWanted, this, &Client::ShowProperties);
     connect(&m_sink, &PictureSink::IssueEditVisible, this, [this](bool visible) {
-        m_window->ShowStatus(visible ? u"就绪"_s
-                                     : u"编辑问题的窗口已让开，选完构件后它会回来"_s);
+        m_window->ShowStatus(visible ? u"就绪"_s : u"编辑问题的窗口已让开，选完构件后它会回来"_s);
     });
 }
 
@@ -265,8 +264,9 @@ void Client::ShowProperties(qint32 ppid, const QString& floor, const QString& ha
     const ComponentFacts facts = ReadComponentFacts(m_session, ppid, floor, handle);
     if (facts.title.isEmpty()) {
         m_window->Properties().ShowSentence(
-            handle.isEmpty() ? u"该问题没有指定构件。"_s
-                             : u"模型中没有这个构件（%1），它可能已被删除或换了楼层。"_s.arg(handle));
+            handle.isEmpty()
+                ? u"该问题没有指定构件。"_s
+                : u"模型中没有这个构件（%1），它可能已被删除或换了楼层。"_s.arg(handle));
     } else {
         m_window->Properties().ShowFacts(facts);
     }

@@ -57,8 +57,8 @@ std::vector<PlanComponent> ReadPlanComponents(const HostSession& session, qint32
     WithoutFault(session, [&] {
         for (const qint32 project : asked) {
             for (const site::Component& one : session.Site().Components().OnFloor(project, floor)) {
-                components.push_back({one.handle, one.floor, one.positionKey, one.name,
-                                      one.subName, one.kind, one.ppid});
+                components.push_back({one.handle, one.floor, one.positionKey, one.name, one.subName,
+                                      one.kind, one.ppid});
             }
         }
     });
