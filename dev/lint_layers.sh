@@ -34,7 +34,7 @@ sample/render: sample sample/render
 sample/scenes: sample sample/render sample/scenes
 sample/site: sample sample/drawings sample/scenes sample/site site
 host: host/app
-host/app: host/app host/drawings host/import host/qr host/reminders host/services host/session host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/pick host/ui/plan include sample services site site/transfer toolkit toolkit/controls toolkit/media toolkit/windows
+host/app: host/app host/drawings host/import host/qr host/reminders host/services host/session host/ui host/ui/catchup host/ui/drawing host/ui/issues host/ui/marks host/ui/pick host/ui/plan include sample services site site/transfer toolkit toolkit/controls toolkit/media toolkit/windows
 host/drawings: host/drawings
 host/drawings/reader: host/drawings host/drawings/reader
 host/import: host/import site
@@ -47,6 +47,7 @@ host/ui: host/qr host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/p
 host/ui/catchup: host/ui/catchup toolkit toolkit/controls
 host/ui/drawing: host/drawings host/ui host/ui/drawing toolkit toolkit/controls
 host/ui/marks: host/ui host/ui/marks services toolkit toolkit/controls
+host/ui/issues: host/ui host/ui/issues host/ui/pick services toolkit toolkit/controls toolkit/media toolkit/windows
 host/ui/pick: host/ui host/ui/pick host/ui/plan toolkit
 host/ui/plan: host/ui host/ui/marks host/ui/pick host/ui/plan toolkit
 tour: hands host/app host/services host/ui/drawing host/ui/plan services tour

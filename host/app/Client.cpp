@@ -10,6 +10,7 @@
 #include "host/app/ModelComponents.h"
 #include "host/app/PickFlow.h"
 #include "host/app/PlanReader.h"
+#include "host/app/RaiseFlow.h"
 #include "host/app/ReminderFlow.h"
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/ActionLogModel.h"
@@ -120,6 +121,8 @@ void Client::Stop() {
         return;
     }
     m_imports.reset();
+    // Whoever closes the window was asked; at any other end nobody is there to answer.
+    m_raising.reset();
     KeepLayout();
     if (m_marks) {
         m_marks->Keep();
@@ -254,6 +257,13 @@ void Client::ConnectComponents() {
     m_view->SetComponents([this](qint32 ppid, const QString& floor) {
         return ReadPlanComponents(m_session, ppid, floor);
     });
+    m_raising =
+        std::make_unique<RaiseFlow>(RaiseFlow::Parts{m_session, *m_window, *m_view, *m_picks});
+    connect(m_raising.get(), &RaiseFlow::Raised, this, [this] {
+        m_issueMarks.Ask();
+        RefreshModule();
+    });
+    connect(m_window.get(), &MainWindow::Closing, m_raising.get(), &RaiseFlow::ComeBack);
     connect(m_view.get(), &FloorPlanView::PropertiesWanted, this, &Client::ShowProperties);
     connect(&m_sink, &PictureSink::IssueEditVisible, this, [this](bool visible) {
         m_window->ShowStatus(visible ? u"就绪"_s : u"编辑问题的窗口已让开，选完构件后它会回来"_s);
@@ -309,6 +319,7 @@ void Client::TakeProject(int index) {
 void Client::ProjectChanged() {
     m_hub.TellProjectChange();
     m_window->Properties().Empty();
+    m_raising->ProjectChanged();
     QStringList names;
     for (const ProjectChoice& choice : m_choices) {
         names << choice.text;
@@ -382,12 +393,16 @@ void Client::ReadAnew() {
 }
 
 void Client::EnableCommands() {
+    if (!m_raising) {
+        return; // the client ends
+    }
     const bool hasProject = m_session.CurrentProject().ppid != 0;
     const PlanIntersection* chosen = m_window->Plan().Canvas().Chosen();
     for (const Command command : {Command::BimConsole, Command::PdfConsole, Command::IssueConsole,
                                   Command::Import, Command::Refresh, Command::ImportDrawing}) {
         m_window->SetEnabled(command, hasProject);
     }
+    m_window->SetEnabled(Command::RaiseIssue, m_raising->MayRaise(), m_raising->WhyNot());
     m_window->SetEnabled(Command::PlacePhotos, chosen != nullptr);
     m_window->SetEnabled(Command::FloorIssues, !m_window->Plan().CurrentFloor().isEmpty());
     m_window->SetEnabled(Command::DrawingPhotos, m_session.Drawing().drawingId >= 0);

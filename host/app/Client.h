@@ -31,6 +31,7 @@ class ImportFlow;
 class MainWindow;
 class MarkFlow;
 class PickFlow;
+class RaiseFlow;
 class ReminderFlow;
 
 /// Makes the main window over a session whose folder is open and whose user is signed in, loads the
@@ -99,6 +100,7 @@ private:
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<FloorPlanView> m_view;
     std::unique_ptr<PickFlow> m_picks;
+    std::unique_ptr<RaiseFlow> m_raising;
     std::unique_ptr<ImportFlow> m_imports;
     std::unique_ptr<MarkFlow> m_marks;
     std::unique_ptr<ReminderFlow> m_reminders;

@@ -4,6 +4,7 @@
 #include "host/app/DrawingImport.h"
 #include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
+#include "host/app/RaiseFlow.h"
 #include "host/app/ReminderFlow.h"
 #include "host/ui/HelpWindows.h"
 #include "host/ui/MainWindow.h"
@@ -82,6 +83,9 @@ void Client::ObeyHost(Command command) {
         break;
     case Command::ImportDrawing:
         m_drawingImport->Ask();
+        break;
+    case Command::RaiseIssue:
+        m_raising->Ask();
         break;
     case Command::PlanFace:
         m_window->ShowDrawingFace(false);

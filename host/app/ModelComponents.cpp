@@ -11,33 +11,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// "3轴 / B轴"; empty for a key that the floor doesn't have.
-QString PlaceText(const HostSession& session, const site::Component& component) {
-    site::ICatalogue& catalogue = session.Site().Catalogue();
-    if (component.positionKey.isEmpty()) {
-        return {};
-    }
-    for (const QString& x : catalogue.AxesX(component.ppid, component.floor)) {
-        for (const auto& [y, key] : catalogue.AxesY(component.ppid, component.floor, x)) {
-            if (key == component.positionKey) {
-                return u"%1轴 / %2轴"_s.arg(x, y);
-            }
-        }
-    }
-    return {};
-}
-
 ComponentFacts FactsOf(const HostSession& session, const site::Component& component) {
     ComponentFacts facts;
     facts.title =
         component.kind.isEmpty() ? component.name : component.kind + u' ' + component.name;
-    const QString place = PlaceText(session, component);
+    const PlaceAxes axes =
+        AxesOfKey(session, component.ppid, component.floor, component.positionKey);
     const std::pair<QString, QString> first[] = {
         {u"名称"_s, component.name},
         {u"类型"_s, component.subName},
         {u"类别"_s, component.kind},
         {u"楼层"_s, component.floor.isEmpty() ? u"无楼层"_s : FloorCaption(component.floor)},
-        {u"位置"_s, place.isEmpty() ? u"不在轴网上"_s : place},
+        {u"位置"_s,
+         axes.axisX.isEmpty() ? u"不在轴网上"_s : u"%1轴 / %2轴"_s.arg(axes.axisX, axes.axisY)},
         {u"构件标识"_s, component.handle}};
     for (const auto& row : first) {
         if (!row.second.isEmpty()) {
@@ -49,6 +35,26 @@ ComponentFacts FactsOf(const HostSession& session, const site::Component& compon
 }
 
 } // namespace
+
+QString PlaceAxes::Short() const {
+    return axisX.isEmpty() ? QString() : u"%1-%2轴"_s.arg(axisX, axisY);
+}
+
+PlaceAxes AxesOfKey(const HostSession& session, qint32 ppid, const QString& floor,
+                    const QString& positionKey) {
+    site::ICatalogue& catalogue = session.Site().Catalogue();
+    if (positionKey.isEmpty()) {
+        return {};
+    }
+    for (const QString& x : catalogue.AxesX(ppid, floor)) {
+        for (const auto& [y, key] : catalogue.AxesY(ppid, floor, x)) {
+            if (key == positionKey) {
+                return {x, y};
+            }
+        }
+    }
+    return {};
+}
 
 std::vector<PlanComponent> ReadPlanComponents(const HostSession& session, qint32 ppid,
                                               const QString& floor) {

@@ -8,6 +8,19 @@ namespace host {
 
 class HostSession;
 
+/// The axes of an intersection; empty without one.
+struct PlaceAxes {
+    QString axisX;
+    QString axisY;
+
+    /// "3-B轴", as phones write it; empty without an intersection.
+    [[nodiscard]] QString Short() const;
+};
+
+/// Empty for a key that the floor doesn't have. May throw DataError.
+[[nodiscard]] PlaceAxes AxesOfKey(const HostSession& session, qint32 ppid, const QString& floor,
+                                  const QString& positionKey);
+
 /// Those of a floor as the plan wants them. What can't be read is told, and there are none then.
 [[nodiscard]] std::vector<PlanComponent> ReadPlanComponents(const HostSession& session, qint32 ppid,
                                                             const QString& floor);

@@ -17,6 +17,7 @@ enum class Command {
     BimConsole,
     PdfConsole,
     IssueConsole,
+    RaiseIssue,
     PlacePhotos,   ///< photos of the chosen intersection
     FloorIssues,   ///< issues of the shown floor
     DrawingPhotos, ///< photos of the current drawing

@@ -207,8 +207,9 @@ void MainWindow::MakeToolbar() {
     bar->addWidget(m_projectCombo);
     connect(m_projectCombo, &QComboBox::activated, this, &MainWindow::ProjectChosen);
 
-    for (const Command command : {Command::BimConsole, Command::PdfConsole, Command::IssueConsole,
-                                  Command::Import, Command::Bin, Command::CatchUp}) {
+    for (const Command command :
+         {Command::BimConsole, Command::PdfConsole, Command::IssueConsole, Command::RaiseIssue,
+          Command::Import, Command::Bin, Command::CatchUp}) {
         if (command == Command::BimConsole || command == Command::Import ||
             command == Command::CatchUp) {
             bar->addSeparator();
@@ -281,8 +282,15 @@ void MainWindow::SetDataFolder(const QString& folder) {
     m_folderLabel->setToolTip(toolkit::PlainTip(path));
 }
 
-void MainWindow::SetEnabled(Command command, bool enabled) {
-    m_actions[command]->setEnabled(enabled);
+void MainWindow::SetEnabled(Command command, bool enabled, const QString& whyNot) {
+    QAction* action = m_actions[command];
+    action->setEnabled(enabled);
+    for (const CommandRow& row : CommandTable()) {
+        if (row.command == command) {
+            action->setToolTip(whyNot.isEmpty() ? TipWithKey(row)
+                                                : TipWithKey(row) + u'\n' + whyNot);
+        }
+    }
 }
 
 void MainWindow::ShowStatus(const QString& text) {

@@ -58,7 +58,8 @@ public:
     void SetDrawings(const QStringList& names, int current);
     void SetUserName(const QString& name);
     void SetDataFolder(const QString& folder);
-    void SetEnabled(Command command, bool enabled);
+    /// A command that can't be given may say why in its tip.
+    void SetEnabled(Command command, bool enabled, const QString& whyNot = {});
     void ShowStatus(const QString& text);
     /// How much of what others filed is unread, on the toolbar and in the list; empty: nothing.
     void ShowUnread(const QString& count);

@@ -14,12 +14,12 @@ namespace {
 constexpr double kRadius = 2.5;
 constexpr double kTextEdge = 4;
 constexpr double kTextGap = 3;
-constexpr double kBadge = 10;
+constexpr double kIssueBadge = 10;
 constexpr double kRightEdge = 3;
 
 /// From the flag's edge to its name.
 double LeftEdge(const MarkFlag& flag) {
-    return flag.kind == MarkKind::Issues ? kBadge + 3 : kTextEdge;
+    return flag.kind == MarkKind::Issues ? kIssueBadge + 3 : kTextEdge;
 }
 
 QString FlagCountText(qint32 count) {
@@ -27,8 +27,8 @@ QString FlagCountText(qint32 count) {
 }
 
 void PaintBadge(QPainter& painter, const QRectF& rect) {
-    QRectF badge(rect.left() + 2, 0, kBadge, kBadge);
-    badge.moveTop(rect.center().y() - kBadge / 2);
+    QRectF badge(rect.left() + 2, 0, kIssueBadge, kIssueBadge);
+    badge.moveTop(rect.center().y() - kIssueBadge / 2);
     painter.setPen(Qt::NoPen);
     painter.setBrush(Qt::white);
     painter.drawEllipse(badge);

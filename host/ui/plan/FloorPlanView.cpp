@@ -28,8 +28,7 @@ FloorPlanView::~FloorPlanView() {
 
 void FloorPlanView::GetPickedComponents(std::vector<KX_DATA::PickedComponent>& components) {
     components.clear();
-    for (const PlanComponent& picked :
-         IsPicking() ? m_pane.Picks().Canvas().State().picked : m_picked) {
+    for (const PlanComponent& picked : Picked()) {
         KX_DATA::PickedComponent component;
         component.id = picked.ppid;
         component.floor = picked.floor;
@@ -106,6 +105,10 @@ void FloorPlanView::BeginComponentPick() {
 
 bool FloorPlanView::IsPicking() const {
     return m_pane.IsPicking();
+}
+
+const std::vector<PlanComponent>& FloorPlanView::Picked() const {
+    return IsPicking() ? m_pane.Picks().Canvas().State().picked : m_picked;
 }
 
 void FloorPlanView::EndPick(bool confirmed) {

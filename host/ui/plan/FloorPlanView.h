@@ -43,6 +43,8 @@ public:
     /// Where components come from; empty: there are none.
     void SetComponents(ComponentSource source) { m_components = std::move(source); }
     [[nodiscard]] bool IsPicking() const;
+    /// Of the pick that runs or was the last one.
+    [[nodiscard]] const std::vector<PlanComponent>& Picked() const;
     /// Ends a pick that runs, with what is picked or without.
     void EndPick(bool confirmed);
 
