@@ -402,7 +402,8 @@ void Client::EnableCommands() {
                                   Command::Import, Command::Refresh, Command::ImportDrawing}) {
         m_window->SetEnabled(command, hasProject);
     }
-    m_window->SetEnabled(Command::RaiseIssue, m_raising->MayRaise(), m_raising->WhyNot());
+    const QString whyNot = m_raising->WhyNot();
+    m_window->SetEnabled(Command::RaiseIssue, whyNot.isEmpty(), whyNot);
     m_window->SetEnabled(Command::PlacePhotos, chosen != nullptr);
     m_window->SetEnabled(Command::FloorIssues, !m_window->Plan().CurrentFloor().isEmpty());
     m_window->SetEnabled(Command::DrawingPhotos, m_session.Drawing().drawingId >= 0);

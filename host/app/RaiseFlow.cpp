@@ -26,12 +26,8 @@ QString RaiseFlow::WhyNot() const {
     return m_parts.session.HasRight(KX_DATA::kRightEdit) ? QString() : u"您没有编辑的权限"_s;
 }
 
-bool RaiseFlow::MayRaise() const {
-    return WhyNot().isEmpty();
-}
-
 void RaiseFlow::Ask() {
-    if (!MayRaise()) {
+    if (!WhyNot().isEmpty()) {
         return;
     }
     if (m_dialog.isNull()) {
@@ -76,7 +72,7 @@ void RaiseFlow::OnPicked(bool confirmed) {
 }
 
 void RaiseFlow::File(const IssueDraft& draft) {
-    if (!MayRaise()) {
+    if (!WhyNot().isEmpty()) {
         m_dialog->ShowFault(WhyNot() + u"，问题没有登记。"_s);
         return;
     }
@@ -91,7 +87,7 @@ void RaiseFlow::File(const IssueDraft& draft) {
     }
     m_parts.session.Actions().Write(u"登记TN问题“%1”"_s.arg(draft.subject));
     m_parts.window.ShowStatus(u"已登记问题“%1”"_s.arg(draft.subject));
-    m_dialog->Finish();
+    m_dialog->accept();
     emit Raised();
 }
 

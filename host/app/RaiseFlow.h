@@ -29,9 +29,8 @@ public:
     explicit RaiseFlow(const Parts& parts) : m_parts(parts) {}
     ~RaiseFlow() override;
 
-    /// A project is open, alone, and the person may change what is in it.
-    [[nodiscard]] bool MayRaise() const;
-    /// Why not, for a tip; empty if one may.
+    /// Why no issue can be raised now, for a tip; empty if a project is open, alone, and the person
+    /// may change what is in it.
     [[nodiscard]] QString WhyNot() const;
     /// The dialog that stands open already comes to the front.
     void Ask();

@@ -147,10 +147,6 @@ bool RaiseIssueDialog::IsBegun() const {
            !m_form->descriptionEdit->toPlainText().isEmpty() || !m_pictures->Pictures().empty();
 }
 
-void RaiseIssueDialog::Finish() {
-    accept();
-}
-
 void RaiseIssueDialog::reject() {
     const toolkit::StillThere still(this);
     const bool leave = !IsBegun() || toolkit::Prompts().AskYesNo(

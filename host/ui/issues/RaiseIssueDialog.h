@@ -48,8 +48,6 @@ public:
     void ShowFault(const QString& text);
     /// Something was typed, chosen or dropped.
     [[nodiscard]] bool IsBegun() const;
-    /// It is filed: the dialog ends.
-    void Finish();
     void reject() override;
 
 signals:

@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QMouseEvent>
 
+#include <map>
+
 namespace host {
 
 using namespace Qt::StringLiterals;
@@ -51,19 +53,15 @@ void PickCanvas::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void PickCanvas::keyPressEvent(QKeyEvent* event) {
+    static const std::map<int, QPoint> arrows = {{Qt::Key_Left, {-1, 0}},
+                                                 {Qt::Key_Right, {1, 0}},
+                                                 {Qt::Key_Up, {0, 1}},
+                                                 {Qt::Key_Down, {0, -1}}};
+    if (const auto step = arrows.find(event->key()); step != arrows.end()) {
+        MoveCursor(step->second.x(), step->second.y());
+        return;
+    }
     switch (event->key()) {
-    case Qt::Key_Left:
-        MoveCursor(-1, 0);
-        break;
-    case Qt::Key_Right:
-        MoveCursor(1, 0);
-        break;
-    case Qt::Key_Up:
-        MoveCursor(0, 1);
-        break;
-    case Qt::Key_Down:
-        MoveCursor(0, -1);
-        break;
     case Qt::Key_PageUp:
         SetFloor(m_state.floor - 1);
         break;
@@ -85,14 +83,6 @@ void PickCanvas::keyPressEvent(QKeyEvent* event) {
     default:
         PlanSurface::keyPressEvent(event);
     }
-}
-
-void PickCanvas::focusInEvent(QFocusEvent*) {
-    update();
-}
-
-void PickCanvas::focusOutEvent(QFocusEvent*) {
-    update();
 }
 
 void PickCanvas::resizeEvent(QResizeEvent*) {

@@ -83,7 +83,7 @@ TEST_F(RaisingAnIssue, HandsOverWhatWasFilledIn) {
     ASSERT_EQ(filed[0].pictures.size(), 1U);
     EXPECT_EQ(filed[0].pictures[0].path, path);
     EXPECT_TRUE(dialog->isVisible());
-    dialog->Finish();
+    dialog->accept();
     EXPECT_FALSE(dialog->isVisible());
 }
 
