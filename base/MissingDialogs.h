@@ -8,8 +8,7 @@ namespace ZelvorNRQ_KXVeskPicture {
 /// comes.
 enum class MissingDialog {
     ConsolePicViewer,
-    IssueViewer,
-    IssueEditor,
+    RectifyEditor,
     Report,
 };
 

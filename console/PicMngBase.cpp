@@ -120,8 +120,12 @@ std::vector<CGridRow*> CPicMngBase::CheckedRows() const {
 }
 
 void CPicMngBase::LeaveToViewer() {
+    LeaveToViewer(grid->ParentId());
+}
+
+void CPicMngBase::LeaveToViewer(toolkit::WindowId console) {
     ZelvorNRQ_KXVeskPicture::PictureFacade().reopenConsole = true;
-    if (QWidget* console = toolkit::WidgetOf(grid->ParentId())) {
-        toolkit::MinimiseWindow(*console);
+    if (QWidget* window = toolkit::WidgetOf(console)) {
+        toolkit::MinimiseWindow(*window);
     }
 }

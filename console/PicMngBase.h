@@ -6,6 +6,7 @@
 #include "services/PageQuery.h"
 #include "toolkit/ImageList.h"
 #include "toolkit/grid/GridRow.h"
+#include "toolkit/windows/WindowId.h"
 
 #include <QSize>
 #include <QString>
@@ -95,6 +96,8 @@ public:
 protected:
     /// A viewer has opened that brings the console back when it closes.
     void LeaveToViewer();
+    /// The same for who may have been replaced meanwhile.
+    static void LeaveToViewer(toolkit::WindowId console);
     /// Inserts the columns of a kind, then hides what rights and workset hide.
     void InsertColumns(ConsoleMode mode, std::map<int, bool>& sortable);
     /// A row with check box and running number; `place` counts from 0.

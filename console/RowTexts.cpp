@@ -1,5 +1,6 @@
 #include "console/RowTexts.h"
 
+#include "base/ComponentText.h"
 #include "console/ConsoleMode.h"
 
 #include <QDateTime>
@@ -64,11 +65,7 @@ IssuePairTexts IssuePairs(const KX_DATA::IssueRow& row) {
 }
 
 QString IssueComponentText(const KX_DATA::IssueRow& row) {
-    QString text = row.floor + u"层"_s;
-    if (!row.posInfo.isEmpty()) {
-        text += u' ' + row.posInfo;
-    }
-    return text + u' ' + row.compName;
+    return ZelvorNRQ_KXVeskPicture::ComponentText(row.floor, row.posInfo, row.compName);
 }
 
 QString LocateText(const QString& floor, qint32 markId, qint32 picId) {

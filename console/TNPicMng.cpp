@@ -1,11 +1,13 @@
 #include "console/TNPicMng.h"
 
 #include "base/FacadeAccess.h"
-#include "base/MissingDialogs.h"
 #include "console/ColumnTable.h"
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
+#include "issues/TNPicEditDlg.h"
+#include "issues/TNPicViewWrap.h"
 #include "services/Factories.h"
+#include "services/IKXGlobalData.h"
 #include "services/IKXView.h"
 #include "services/ITNQuestionMng.h"
 #include "services/IVeskPicMng.h"
@@ -13,13 +15,21 @@
 
 using namespace Qt::StringLiterals;
 
-using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
-using ZelvorNRQ_KXVeskPicture::MissingDialog;
 using ZelvorNRQ_KXVeskPicture::PictureFacade;
 
 namespace {
 
 enum IssueColumn { kIssuePeople = 5, kIssueTimes = 6, kComponent = 7, kState = 9, kIssueText = 10 };
+
+constexpr qint32 kReadOnly = 1;
+
+void OpenViewer(const KX_DATA::IssueRow& record, qint32 readOnly, toolkit::WindowId console) {
+    CTNPicEditDlg::Instance().CloseEditor();
+    CTNPicViewWrap& viewer = CTNPicViewWrap::Instance();
+    viewer.readOnly = readOnly;
+    viewer.outerRefresh = &PictureFacade().IssueRefresh();
+    viewer.ShowQuestion(record.ppid, record.questionId, console);
+}
 
 } // namespace
 
@@ -70,8 +80,18 @@ bool CTNPicMng::DeleteIds(qint32 projectId, const std::vector<qint32>& ids) {
 }
 
 bool CTNPicMng::EditRow(CGridRow& row) {
-    Q_UNUSED(row);
-    return AnswerAsCancelled(MissingDialog::IssueEditor);
+    // A copy: the editor may let the page be fetched again.
+    const KX_DATA::IssueRow record = RecordOf(row);
+    CTNPicEditDlg& editor = CTNPicEditDlg::Instance();
+    editor.refreshTarget = [handle = grid->RefreshHandle()] {
+        if (const auto listener = handle.lock()) {
+            listener->Refresh();
+        }
+    };
+    editor.ownerView = grid->Widget();
+    editor.OpenQuestion(record.ppid, record.questionId, grid->ParentId());
+    // False: the editor itself tells the grid what it saved.
+    return false;
 }
 
 void CTNPicMng::LocateRow(CGridRow& row) {
@@ -87,11 +107,17 @@ void CTNPicMng::LocateRow(CGridRow& row) {
         KXTools::ShowMsgBox(toolkit::kNoWindow, u"请先开启TN问题显示再定位！"_s);
         return;
     }
-    // The console stays as it is until the viewer exists that brings it back.
-    AnswerAsCancelled(MissingDialog::IssueViewer);
+    // Opening the console again replaces this manager.
+    const toolkit::WindowId console = grid->ParentId();
+    CTNPicViewWrap& viewer = CTNPicViewWrap::Instance();
+    if (viewer.HasWindow()) {
+        viewer.StopVoices();
+        PictureFacade().BringConsoleBack(kModeIssue);
+    }
+    LeaveToViewer(console);
+    OpenViewer(record, GetKXGlobalData()->IsWorksetMode() ? kReadOnly : 0, console);
 }
 
 void CTNPicMng::PreviewRow(CGridRow& row) {
-    Q_UNUSED(row);
-    AnswerAsCancelled(MissingDialog::IssueViewer);
+    OpenViewer(RecordOf(row), kReadOnly, grid->ParentId());
 }

@@ -18,11 +18,12 @@ base: base include services toolkit toolkit/controls toolkit/windows
 editors: base editors include services toolkit toolkit/controls toolkit/windows
 report: report toolkit/windows
 viewers: base editors report services toolkit toolkit/controls toolkit/media toolkit/windows viewers
-console: base console editors include services toolkit toolkit/controls toolkit/grid toolkit/media toolkit/windows viewers
+issues: base editors include issues report services toolkit toolkit/controls toolkit/windows viewers toolkit/media
+console: base console editors include issues services toolkit toolkit/controls toolkit/grid toolkit/media toolkit/windows viewers
 reminder/feed: base include reminder/feed services toolkit toolkit/windows
 reminder/marks: base include reminder/marks services toolkit
 reminder/popups: base reminder/popups services toolkit toolkit/controls toolkit/windows viewers
-frame: base console editors frame include reminder/feed reminder/marks reminder/popups services toolkit toolkit/windows viewers
+frame: base console editors frame include issues reminder/feed reminder/marks reminder/popups services toolkit toolkit/windows viewers
 hands: hands
 site: services site
 site/blobs: site site/blobs

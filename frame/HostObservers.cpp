@@ -1,11 +1,11 @@
 #include "frame/HostObservers.h"
 
-#include "base/MissingDialogs.h"
 #include "base/OpenProject.h"
 #include "base/PictureLog.h"
 #include "console/VeskPicMngDlg.h"
 #include "editors/PdfPicEditDlg.h"
 #include "frame/KXVeskPictureImpl.h"
+#include "issues/TNPicEditDlg.h"
 #include "reminder/marks/KXVeskPicDataImpl.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
@@ -13,9 +13,6 @@
 #include "viewers/PdfPicViewWrap.h"
 
 using namespace Qt::StringLiterals;
-
-using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
-using ZelvorNRQ_KXVeskPicture::MissingDialog;
 
 CVeskPicProjChangeObs::CVeskPicProjChangeObs() {
     QString folder;
@@ -56,8 +53,7 @@ void CViewBimPicObs::ViewBimPic(const qint32* ppid, const QString& floor,
 }
 
 void CViewBimPicObs::OpenIssueEdit(qint32 mode) {
-    Q_UNUSED(mode);
-    AnswerAsCancelled(MissingDialog::IssueEditor);
+    CTNPicEditDlg::Instance().OnPickFinished(mode);
 }
 
 void CViewBimPicObs::LocateIssue(qint32 ppid, const QString& questionId) {

@@ -1,7 +1,6 @@
 #include "frame/KXVeskPictureImpl.h"
 
 #include "base/Guard.h"
-#include "base/MissingDialogs.h"
 #include "base/OpenProject.h"
 #include "base/StoredFile.h"
 #include "console/ConsoleEvents.h"
@@ -9,6 +8,8 @@
 #include "editors/BimPicEditDlg.h"
 #include "editors/PdfPicEditDlg.h"
 #include "frame/HostObservers.h"
+#include "issues/TNPicEditDlg.h"
+#include "issues/TNPicViewWrap.h"
 #include "reminder/marks/KXVeskPicDataImpl.h"
 #include "reminder/popups/VeskMsgDlg.h"
 #include "services/Factories.h"
@@ -31,10 +32,8 @@
 
 using namespace Qt::StringLiterals;
 
-using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
 using ZelvorNRQ_KXVeskPicture::e_VeskPicMngStatus;
 using ZelvorNRQ_KXVeskPicture::kNoPendingPic;
-using ZelvorNRQ_KXVeskPicture::MissingDialog;
 using ZelvorNRQ_KXVeskPicture::SavePicAs;
 using ZelvorNRQ_KXVeskPicture::ShowStatus;
 using ZelvorNRQ_KXVeskPicture::ViewPicRequest;
@@ -255,9 +254,10 @@ bool CKXVeskPictureImpl::EditBimPic(qint32 ppid, qint32 picId) {
 }
 
 bool CKXVeskPictureImpl::EditIssue(const qint32* issueKey, QString questionId) {
-    Q_UNUSED(issueKey);
-    Q_UNUSED(questionId);
-    AnswerAsCancelled(MissingDialog::IssueEditor);
+    CTNPicEditDlg& editor = CTNPicEditDlg::Instance();
+    // The owner of an earlier opening stays; required as is.
+    editor.refreshTarget = [this] { Refresh(); };
+    editor.OpenQuestion(*issueKey, questionId, toolkit::MainWindow());
     return true;
 }
 
@@ -293,17 +293,22 @@ bool CKXVeskPictureImpl::DeleteIssue(const QString& questionId) {
 }
 
 void CKXVeskPictureImpl::LocateIssue(qint32 ppid, const QString& questionId) {
-    Q_UNUSED(ppid);
     KX_DATA::IKXView* view = GetKXHoopsModuleMng()->GetView();
     if (view == nullptr || !view->LocateIssue(questionId)) {
         KXTools::ShowMsgBox(toolkit::kNoWindow, u"请先开启TN问题显示再定位！"_s);
         return;
     }
-    AnswerAsCancelled(MissingDialog::IssueViewer);
+    CTNPicEditDlg::Instance().CloseEditor();
+    CTNPicViewWrap& viewer = CTNPicViewWrap::Instance();
+    viewer.readOnly = 0;
+    viewer.outerRefresh = this;
+    viewer.ShowQuestion(ppid, questionId, toolkit::MainWindow());
 }
 
 void CKXVeskPictureImpl::ShowIssueView() {
-    AnswerAsCancelled(MissingDialog::IssueViewer);
+    CTNPicViewWrap& viewer = CTNPicViewWrap::Instance();
+    viewer.CreateWindow(toolkit::MainWindow());
+    ShowInFront(viewer);
 }
 
 void CKXVeskPictureImpl::Refresh() {

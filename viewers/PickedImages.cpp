@@ -31,7 +31,7 @@ QString NameOf(const QString& path) {
 
 } // namespace
 
-void PickImageFiles(std::vector<PickedImage>& picked, bool& occupied) {
+void PickImageFiles(std::vector<PickedFile>& picked, bool& occupied) {
     for (QString path : toolkit::Prompts().AskOpenFiles({toolkit::kNoWindow, kFilter})) {
         // The doubled path is what is kept and opened; required as is.
         path.replace(u"\\"_s, u"\\\\"_s);

@@ -7,16 +7,16 @@
 
 namespace ZelvorNRQ_KXVeskPicture {
 
-struct PickedImage {
-    QString name;      ///< with extension
-    QString path;      ///< with each back-slash doubled
+struct PickedFile {
+    QString fileName;  ///< with extension, without folder
+    QString filePath;  ///< with each back-slash doubled
     QString extension; ///< from the last dot on; empty for a name without one
-    double length = 0; ///< bytes
+    double size = 0;   ///< bytes
 };
 
 /// Asks for picture files. Files that can be opened are added to `picked`, in the order chosen;
 /// `occupied` is set if one couldn't. Cancelling changes nothing. Thread: user interface.
-void PickImageFiles(std::vector<PickedImage>& picked, bool& occupied);
+void PickImageFiles(std::vector<PickedFile>& picked, bool& occupied);
 
 /// Writes a picture as JPEG of quality 30 in its own pixel size, upright. The target appears whole
 /// or not at all. False: the source is no picture, or the target can't be written. Thread: any.

@@ -39,8 +39,7 @@ TEST(MissingDialogs, EachIsToldByItsName) {
     QStringList told;
     toolkit::SetNoticeSink([&](const QString& text) { told << text; });
     for (const auto& [dialog, name] : {std::pair(MissingDialog::ConsolePicViewer, u"照片预览"_s),
-                                       std::pair(MissingDialog::IssueViewer, u"问题查看"_s),
-                                       std::pair(MissingDialog::IssueEditor, u"问题编辑"_s),
+                                       std::pair(MissingDialog::RectifyEditor, u"整改编辑"_s),
                                        std::pair(MissingDialog::Report, u"输出报告"_s)}) {
         told.clear();
         EXPECT_FALSE(AnswerAsCancelled(dialog));
@@ -60,7 +59,7 @@ TEST(MissingDialogs, WithoutASinkNobodyIsTold) {
     toolkit::SetNoticeSink([&](const QString& text) { told << text; });
     (void)AnswerAsCancelled(MissingDialog::ConsolePicViewer);
     toolkit::SetNoticeSink({});
-    (void)AnswerAsCancelled(MissingDialog::IssueViewer);
+    (void)AnswerAsCancelled(MissingDialog::RectifyEditor);
     EXPECT_EQ(told, QStringList{u"此版本尚不提供“照片预览”，请等待后续版本。"_s});
     SetLogFilePath(QString());
 }

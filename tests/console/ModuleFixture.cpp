@@ -4,6 +4,9 @@
 #include "console/VeskPicMngDlg.h"
 #include "editors/PdfPicEditDlg.h"
 #include "frame/KXVeskPictureImpl.h"
+#include "issues/RectifyUpload.h"
+#include "issues/TNPicEditDlg.h"
+#include "issues/TNPicViewWrap.h"
 #include "reminder/marks/KXVeskPicDataImpl.h"
 #include "tests/support/WaitFor.h"
 #include "viewers/BimPicViewWrap.h"
@@ -22,6 +25,8 @@ void ForgetModule() {
     CBimPicViewWrap::ReleaseInstance();
     CPdfPicViewWrap::ReleaseInstance();
     CPdfPicEditDlg::ReleaseInstance();
+    CTNPicEditDlg::ReleaseInstance();
+    CTNPicViewWrap::ReleaseInstance();
     CKXVeskPicDataImpl::ReleaseInstance();
     CKXVeskPictureImpl::ReleaseInstance();
     ZelvorNRQ_KXVeskPicture::SetLogFilePath(QString());
@@ -47,6 +52,13 @@ ModuleFixture::~ModuleFixture() {
     if (CPdfPicViewWrap::HasInstance()) {
         CPdfPicViewWrap::Instance().DestroyViews();
     }
+    if (CTNPicEditDlg::HasInstance()) {
+        CTNPicEditDlg::Instance().Destroy();
+    }
+    if (CTNPicViewWrap::HasInstance()) {
+        CTNPicViewWrap::Instance().Destroy();
+    }
+    issues::JoinUploads();
     support::RunPendingEvents();
     // They use the services, which end with the test.
     gallery::JoinDownloadWorkers();

@@ -4,12 +4,15 @@
 #include <QPlainTextEdit>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QVariant>
 
 #include <algorithm>
 
 namespace toolkit {
 
 namespace {
+
+constexpr const char* kMostCharacters = "mostCharacters";
 
 /// A document counts one character more than it has.
 int LengthOf(const QTextDocument& document) {
@@ -44,9 +47,12 @@ void LimitText(QLineEdit& box, int characters) {
 }
 
 void LimitText(QPlainTextEdit& box, int characters) {
-    const int most = std::max(characters, LengthOf(*box.document()));
-    QObject::connect(&box, &QPlainTextEdit::textChanged, &box,
-                     [&box, most] { Shorten(box, most); });
+    const bool isLimited = box.property(kMostCharacters).isValid();
+    box.setProperty(kMostCharacters, std::max(characters, LengthOf(*box.document())));
+    if (!isLimited) {
+        QObject::connect(&box, &QPlainTextEdit::textChanged, &box,
+                         [&box] { Shorten(box, box.property(kMostCharacters).toInt()); });
+    }
 }
 
 } // namespace toolkit

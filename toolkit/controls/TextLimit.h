@@ -12,7 +12,8 @@ namespace toolkit {
 /// is never split). The text that the box holds at the call is never cut: one that is longer may
 /// keep its length. Called after the text is set.
 TOOLKIT_EXPORT void LimitText(QLineEdit& box, int characters);
-/// The same; what is too much goes together with its undo step. Called once for a box.
+/// The same; what is too much goes together with its undo step. A text that code sets later is cut,
+/// too, unless the box's signals are blocked meanwhile.
 TOOLKIT_EXPORT void LimitText(QPlainTextEdit& box, int characters);
 
 } // namespace toolkit

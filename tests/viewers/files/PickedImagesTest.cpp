@@ -11,7 +11,7 @@
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
-using ZelvorNRQ_KXVeskPicture::PickedImage;
+using ZelvorNRQ_KXVeskPicture::PickedFile;
 using ZelvorNRQ_KXVeskPicture::PickImageFiles;
 using ZelvorNRQ_KXVeskPicture::SaveReducedJpeg;
 
@@ -32,22 +32,22 @@ TEST(PickImageFiles, ListsWhatCanBeOpenedAndTellsOfWhatCant) {
     const QString last = folder.Write(u"noext"_s, "1");
     support::AnsweredPrompts prompts;
     prompts.ExpectOpenFiles(kFilter, {first, folder.Path(u"gone.png"_s), last});
-    std::vector<PickedImage> picked;
+    std::vector<PickedFile> picked;
     bool occupied = false;
     PickImageFiles(picked, occupied);
     EXPECT_TRUE(occupied);
     ASSERT_EQ(picked.size(), 2U);
-    EXPECT_EQ(picked[0].name, u"梁.JPG");
-    EXPECT_EQ(picked[0].path, first);
+    EXPECT_EQ(picked[0].fileName, u"梁.JPG");
+    EXPECT_EQ(picked[0].filePath, first);
     EXPECT_EQ(picked[0].extension, u".JPG");
-    EXPECT_EQ(picked[0].length, 5.0);
-    EXPECT_EQ(picked[1].name, u"noext");
+    EXPECT_EQ(picked[0].size, 5.0);
+    EXPECT_EQ(picked[1].fileName, u"noext");
 }
 
 TEST(PickImageFiles, ACancelledDialogChangesNothing) {
     support::AnsweredPrompts prompts;
     prompts.ExpectOpenFiles(kFilter, {});
-    std::vector<PickedImage> picked;
+    std::vector<PickedFile> picked;
     bool occupied = false;
     PickImageFiles(picked, occupied);
     EXPECT_FALSE(occupied);
@@ -59,12 +59,12 @@ TEST(PickImageFiles, BackSlashesAreDoubledInWhatIsKeptAndOpened) {
     folder.Write(u"a\\\\b.jpg"_s, "1");
     support::AnsweredPrompts prompts;
     prompts.ExpectOpenFiles(kFilter, {folder.Path(u"a\\b.jpg"_s)});
-    std::vector<PickedImage> picked;
+    std::vector<PickedFile> picked;
     bool occupied = false;
     PickImageFiles(picked, occupied);
     ASSERT_EQ(picked.size(), 1U);
-    EXPECT_TRUE(picked[0].path.endsWith(u"a\\\\b.jpg"_s));
-    EXPECT_EQ(picked[0].name, u"b.jpg");
+    EXPECT_TRUE(picked[0].filePath.endsWith(u"a\\\\b.jpg"_s));
+    EXPECT_EQ(picked[0].fileName, u"b.jpg");
 }
 
 TEST(SaveReducedJpeg, KeepsThePixelSizeAndStandsUpright) {
