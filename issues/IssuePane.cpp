@@ -4,6 +4,7 @@
 #include "issues/IssueTexts.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
+#include "toolkit/Look.h"
 #include "toolkit/windows/StillThere.h"
 #include "viewers/PaneTexts.h"
 
@@ -176,7 +177,18 @@ QPlainTextEdit* MakeReadOnlyBox(QWidget& page, const QString& name) {
     box->setReadOnly(true);
     box->setEnabled(false);
     box->setTabChangesFocus(true);
+    // Disabled, since nobody writes here; to be read like any other text all the same.
+    QPalette readable = box->palette();
+    readable.setColor(QPalette::Disabled, QPalette::Text,
+                      readable.color(QPalette::Active, QPalette::Text));
+    box->setPalette(readable);
     return box;
+}
+
+void ShowInBox(QPlainTextEdit& box, const QString& text) {
+    box.setPlainText(text);
+    // A disabled box doesn't scroll.
+    box.setToolTip(text.isEmpty() ? QString() : toolkit::PlainTip(text));
 }
 
 } // namespace issues

@@ -113,5 +113,7 @@ private:
 [[nodiscard]] CStaticFilespec* MakeLine(QWidget& page, const QString& name);
 /// A box in which nobody writes.
 [[nodiscard]] QPlainTextEdit* MakeReadOnlyBox(QWidget& page, const QString& name);
+/// Its tip is the whole text.
+void ShowInBox(QPlainTextEdit& box, const QString& text);
 
 } // namespace issues

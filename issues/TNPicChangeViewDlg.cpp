@@ -54,19 +54,19 @@ void CTNPicChangeViewDlg::OnCreated() {
     QWidget& page = *Widget();
     page.setObjectName(u"rectifyPage"_s);
     EditButton()->setToolTip(u"编辑整改情况"_s);
-    stateText = issues::MakeLine(page, u"stateText"_s);
-    rectifierText = issues::MakeLine(page, u"rectifierText"_s);
-    textCaption = issues::MakeLine(page, u"textCaption"_s);
-    textCaption->setText(u"整改说明："_s);
-    rectifyBox = issues::MakeReadOnlyBox(page, u"rectifyBox"_s);
-    rectifyBox->setAccessibleName(u"整改说明"_s);
-    uploadButton = gallery::MakeControl<QPushButton>(page, u"uploadButton"_s);
-    uploadButton->setText(u"上传图片"_s);
-    uploadButton->setToolTip(u"为整改情况添加照片"_s);
-    uploadButton->setAutoDefault(false);
-    QObject::connect(uploadButton, &QAbstractButton::clicked, &page, [this] { PickAndUpload(); });
-    QWidget::setTabOrder(DeleteButton(), uploadButton);
-    QWidget::setTabOrder(uploadButton, Note().Button());
+    m_stateText = issues::MakeLine(page, u"stateText"_s);
+    m_rectifierText = issues::MakeLine(page, u"rectifierText"_s);
+    m_textCaption = issues::MakeLine(page, u"textCaption"_s);
+    m_textCaption->setText(u"整改说明："_s);
+    m_rectifyBox = issues::MakeReadOnlyBox(page, u"rectifyBox"_s);
+    m_rectifyBox->setAccessibleName(u"整改说明"_s);
+    m_uploadButton = gallery::MakeControl<QPushButton>(page, u"uploadButton"_s);
+    m_uploadButton->setText(u"上传图片"_s);
+    m_uploadButton->setToolTip(u"为整改情况添加照片"_s);
+    m_uploadButton->setAutoDefault(false);
+    QObject::connect(m_uploadButton, &QAbstractButton::clicked, &page, [this] { PickAndUpload(); });
+    QWidget::setTabOrder(DeleteButton(), m_uploadButton);
+    QWidget::setTabOrder(m_uploadButton, Note().Button());
     LayoutPane();
 }
 
@@ -85,14 +85,14 @@ const issues::IssuePaneLayout& CTNPicChangeViewDlg::LayoutOf(const QSize& page) 
 }
 
 void CTNPicChangeViewDlg::PlaceRest() {
-    if (!uploadButton) {
+    if (!m_uploadButton) {
         return;
     }
-    uploadButton->setGeometry(m_layout.uploadButton);
-    toolkit::PlaceLine(*stateText, m_layout.state);
-    toolkit::PlaceLine(*rectifierText, m_layout.rectifier);
-    toolkit::PlaceLine(*textCaption, m_layout.textCaption);
-    rectifyBox->setGeometry(m_layout.text);
+    m_uploadButton->setGeometry(m_layout.uploadButton);
+    toolkit::PlaceLine(*m_stateText, m_layout.state);
+    toolkit::PlaceLine(*m_rectifierText, m_layout.rectifier);
+    toolkit::PlaceLine(*m_textCaption, m_layout.textCaption);
+    m_rectifyBox->setGeometry(m_layout.text);
 }
 
 void CTNPicChangeViewDlg::EmptyGallery() {
@@ -127,14 +127,14 @@ void CTNPicChangeViewDlg::LoadRectify() {
 }
 
 void CTNPicChangeViewDlg::ShowRectifyText() {
-    if (!rectifyBox) {
+    if (!m_rectifyBox) {
         return;
     }
     QString state;
     GetConvertProjStateTool()->StateToText(state, rectify.state);
-    gallery::Say(*stateText, u"整改情况："_s, state, state);
-    gallery::Say(*rectifierText, u"    整改人："_s, rectify.rectifierName, rectify.rectifierName);
-    rectifyBox->setPlainText(rectify.rectifyText);
+    gallery::Say(*m_stateText, u"整改情况："_s, state, state);
+    gallery::Say(*m_rectifierText, u"    整改人："_s, rectify.rectifierName, rectify.rectifierName);
+    issues::ShowInBox(*m_rectifyBox, rectify.rectifyText);
 }
 
 bool CTNPicChangeViewDlg::MayChange() const {
@@ -146,7 +146,7 @@ bool CTNPicChangeViewDlg::MayChange() const {
 void CTNPicChangeViewDlg::ApplyRights() {
     const bool mayChange = MayChange();
     // Only one upload runs at a time, whichever issue is shown meanwhile.
-    Enable(uploadButton, mayChange && !IsUploading());
+    Enable(m_uploadButton, mayChange && !IsUploading());
     Enable(EditButton(), mayChange);
     Enable(DeleteButton(), mayChange && viewInner != nullptr && !rectify.pics.empty());
 }
@@ -169,7 +169,7 @@ void CTNPicChangeViewDlg::PickAndUpload() {
 }
 
 void CTNPicChangeViewDlg::Upload() {
-    Enable(uploadButton, false);
+    Enable(m_uploadButton, false);
     const auto project = ZelvorNRQ_KXVeskPicture::CurrentProject();
     ReadFolder(project ? project->ppid : 0, project ? project->name : QString());
     m_running = std::make_shared<Running>();
@@ -261,7 +261,7 @@ void CTNPicChangeViewDlg::EndUpload() {
         Widget()->window()->raise();
         Widget()->window()->activateWindow();
     }
-    Enable(uploadButton, MayChange());
+    Enable(m_uploadButton, MayChange());
 }
 
 void CTNPicChangeViewDlg::OnComplete() {

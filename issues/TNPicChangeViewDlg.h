@@ -27,7 +27,7 @@ public:
         return rectify.pics;
     }
     [[nodiscard]] const KX_DATA::RectifyRecord& Rectify() const { return rectify; }
-    [[nodiscard]] QPushButton* UploadButton() const { return uploadButton; }
+    [[nodiscard]] QPushButton* UploadButton() const { return m_uploadButton; }
     [[nodiscard]] bool IsUploading() const { return m_running != nullptr; }
 
 protected:
@@ -63,9 +63,9 @@ private:
     qint32 uploadCounter = 1;           ///< number of the file that is being uploaded
     std::shared_ptr<Running> m_running; ///< null: no upload runs, and none has just ended
     issues::RectifyPageLayout m_layout;
-    QPointer<QPushButton> uploadButton;
-    QPointer<CStaticFilespec> stateText;
-    QPointer<CStaticFilespec> rectifierText;
-    QPointer<CStaticFilespec> textCaption;
-    QPointer<QPlainTextEdit> rectifyBox;
+    QPointer<QPushButton> m_uploadButton;
+    QPointer<CStaticFilespec> m_stateText;
+    QPointer<CStaticFilespec> m_rectifierText;
+    QPointer<CStaticFilespec> m_textCaption;
+    QPointer<QPlainTextEdit> m_rectifyBox;
 };

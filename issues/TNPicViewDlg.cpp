@@ -30,16 +30,16 @@ void CTNPicViewDlg::OnCreated() {
     QWidget& page = *Widget();
     page.setObjectName(u"questionPage"_s);
     EditButton()->setToolTip(u"编辑此问题"_s);
-    markText = gallery::MakeMarkText(page);
-    nameText = issues::MakeLine(page, u"nameText"_s);
-    componentText = issues::MakeLine(page, u"componentText"_s);
-    creatorText = issues::MakeLine(page, u"creatorText"_s);
-    updaterText = issues::MakeLine(page, u"updaterText"_s);
-    updateTimeText = issues::MakeLine(page, u"updateTimeText"_s);
-    descriptionCaption = issues::MakeLine(page, u"descriptionCaption"_s);
-    descriptionCaption->setText(u"问题描述："_s);
-    descriptionBox = issues::MakeReadOnlyBox(page, u"descriptionBox"_s);
-    descriptionBox->setAccessibleName(u"问题描述"_s);
+    m_markText = gallery::MakeMarkText(page);
+    m_nameText = issues::MakeLine(page, u"nameText"_s);
+    m_componentText = issues::MakeLine(page, u"componentText"_s);
+    m_creatorText = issues::MakeLine(page, u"creatorText"_s);
+    m_updaterText = issues::MakeLine(page, u"updaterText"_s);
+    m_updateTimeText = issues::MakeLine(page, u"updateTimeText"_s);
+    m_descriptionCaption = issues::MakeLine(page, u"descriptionCaption"_s);
+    m_descriptionCaption->setText(u"问题描述："_s);
+    m_descriptionBox = issues::MakeReadOnlyBox(page, u"descriptionBox"_s);
+    m_descriptionBox->setAccessibleName(u"问题描述"_s);
     LayoutPane();
 }
 
@@ -49,17 +49,17 @@ const issues::IssuePaneLayout& CTNPicViewDlg::LayoutOf(const QSize& page) {
 }
 
 void CTNPicViewDlg::PlaceRest() {
-    if (!descriptionBox) {
+    if (!m_descriptionBox) {
         return;
     }
-    markText->setGeometry(m_layout.mark);
-    toolkit::PlaceLine(*nameText, m_layout.name);
-    toolkit::PlaceLine(*componentText, m_layout.component);
-    toolkit::PlaceLine(*creatorText, m_layout.creator);
-    toolkit::PlaceLine(*updaterText, m_layout.updater);
-    toolkit::PlaceLine(*updateTimeText, m_layout.updateTime);
-    toolkit::PlaceLine(*descriptionCaption, m_layout.descriptionCaption);
-    descriptionBox->setGeometry(m_layout.description);
+    m_markText->setGeometry(m_layout.mark);
+    toolkit::PlaceLine(*m_nameText, m_layout.name);
+    toolkit::PlaceLine(*m_componentText, m_layout.component);
+    toolkit::PlaceLine(*m_creatorText, m_layout.creator);
+    toolkit::PlaceLine(*m_updaterText, m_layout.updater);
+    toolkit::PlaceLine(*m_updateTimeText, m_layout.updateTime);
+    toolkit::PlaceLine(*m_descriptionCaption, m_layout.descriptionCaption);
+    m_descriptionBox->setGeometry(m_layout.description);
 }
 
 void CTNPicViewDlg::LoadPictures() {
@@ -90,16 +90,16 @@ void CTNPicViewDlg::LoadPictures() {
 }
 
 void CTNPicViewDlg::ShowQuestionText() {
-    if (!descriptionBox) {
+    if (!m_descriptionBox) {
         return;
     }
     const issues::IssueLines lines = issues::LinesOf(question);
-    gallery::Say(*nameText, lines.name, {}, lines.nameTip);
-    gallery::Say(*componentText, lines.component, {}, lines.componentTip);
-    gallery::Say(*creatorText, lines.creator, {}, {});
-    gallery::Say(*updaterText, lines.updater, {}, {});
-    gallery::Say(*updateTimeText, lines.updateTime, {}, {});
-    descriptionBox->setPlainText(question.description);
+    gallery::Say(*m_nameText, lines.name, {}, lines.nameTip);
+    gallery::Say(*m_componentText, lines.component, {}, lines.componentTip);
+    gallery::Say(*m_creatorText, lines.creator, {}, {});
+    gallery::Say(*m_updaterText, lines.updater, {}, {});
+    gallery::Say(*m_updateTimeText, lines.updateTime, {}, {});
+    issues::ShowInBox(*m_descriptionBox, question.description);
     ShowMark();
 }
 
@@ -110,7 +110,7 @@ void CTNPicViewDlg::ShowMark() {
     const auto found = table.find(question.markId);
     // A mark that isn't known leaves the last one standing; required as is.
     if (isSame() && isRead && found != table.end()) {
-        gallery::ShowMark(*markText, found->second.name, found->second.color);
+        gallery::ShowMark(*m_markText, found->second.name, found->second.color);
     }
 }
 
@@ -126,12 +126,12 @@ void CTNPicViewDlg::ApplyRights() {
         Enable(DeleteButton(), mayChange);
         Enable(EditButton(), mayChange);
         if (!pics.empty()) {
-            Enable(descriptionBox, false);
+            Enable(m_descriptionBox, false);
             return;
         }
     }
     Enable(DeleteButton(), false);
-    Enable(descriptionBox, false);
+    Enable(m_descriptionBox, false);
 }
 
 void CTNPicViewDlg::DeletePicture() {

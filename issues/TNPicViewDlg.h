@@ -39,12 +39,12 @@ private:
 
     std::vector<KX_DATA::QuestionPicRecord> pics;
     issues::QuestionPageLayout m_layout;
-    QPointer<CColorStatic> markText;
-    QPointer<CStaticFilespec> nameText;
-    QPointer<CStaticFilespec> componentText;
-    QPointer<CStaticFilespec> creatorText;
-    QPointer<CStaticFilespec> updaterText;
-    QPointer<CStaticFilespec> updateTimeText;
-    QPointer<CStaticFilespec> descriptionCaption;
-    QPointer<QPlainTextEdit> descriptionBox;
+    QPointer<CColorStatic> m_markText;
+    QPointer<CStaticFilespec> m_nameText;
+    QPointer<CStaticFilespec> m_componentText;
+    QPointer<CStaticFilespec> m_creatorText;
+    QPointer<CStaticFilespec> m_updaterText;
+    QPointer<CStaticFilespec> m_updateTimeText;
+    QPointer<CStaticFilespec> m_descriptionCaption;
+    QPointer<QPlainTextEdit> m_descriptionBox;
 };

@@ -118,12 +118,12 @@ void CTNPicViewWrap::OnCreated() {
     tabWnd->onTabChanged = [this](int tab) { OnTabChanged(tab); };
     questionView.Widget()->show();
     changeView.Hide();
-    reportButton = MakeButton(window, u"reportButton"_s, u"输出报告"_s);
-    reportButton->setToolTip(u"把此问题及其整改情况输出为报告"_s);
-    propertiesButton = MakeButton(window, u"propertiesButton"_s, u"构件属性"_s);
-    propertiesButton->setToolTip(u"查看此问题的构件的属性"_s);
-    QObject::connect(reportButton, &QAbstractButton::clicked, window, [this] { OutputReport(); });
-    QObject::connect(propertiesButton, &QAbstractButton::clicked, window,
+    m_reportButton = MakeButton(window, u"reportButton"_s, u"输出报告"_s);
+    m_reportButton->setToolTip(u"把此问题及其整改情况输出为报告"_s);
+    m_propertiesButton = MakeButton(window, u"propertiesButton"_s, u"构件属性"_s);
+    m_propertiesButton->setToolTip(u"查看此问题的构件的属性"_s);
+    QObject::connect(m_reportButton, &QAbstractButton::clicked, window, [this] { OutputReport(); });
+    QObject::connect(m_propertiesButton, &QAbstractButton::clicked, window,
                      [this] { ShowProperties(); });
     toolkit::CentreWindow(*window);
     LayOut();
@@ -136,16 +136,16 @@ void CTNPicViewWrap::OnDestroyed() {
 }
 
 void CTNPicViewWrap::LayOut() {
-    if (!propertiesButton) {
+    if (!m_propertiesButton) {
         return;
     }
-    const issues::IssueWrapLayout at =
-        issues::LayoutIssueWrap(Widget()->size(), reportButton->size(), propertiesButton->size());
+    const issues::IssueWrapLayout at = issues::LayoutIssueWrap(
+        Widget()->size(), m_reportButton->size(), m_propertiesButton->size());
     tabWnd->setGeometry(at.tabs);
-    reportButton->move(at.report);
-    propertiesButton->move(at.properties);
-    reportButton->raise();
-    propertiesButton->raise();
+    m_reportButton->move(at.report);
+    m_propertiesButton->move(at.properties);
+    m_reportButton->raise();
+    m_propertiesButton->raise();
 }
 
 void CTNPicViewWrap::OnTabChanged(int tab) {
@@ -159,7 +159,7 @@ void CTNPicViewWrap::OnTabChanged(int tab) {
 }
 
 void CTNPicViewWrap::ShowTitleAndReport() {
-    reportButton->setEnabled(!GetKXGlobalData()->IsWorksetMode() && readOnly == 0);
+    m_reportButton->setEnabled(!GetKXGlobalData()->IsWorksetMode() && readOnly == 0);
     Widget()->setWindowTitle(question.questionName);
 }
 

@@ -45,8 +45,8 @@ public:
     [[nodiscard]] CTNPicChangeViewDlg& ChangeView() { return changeView; }
     /// Null without a window, as the two below.
     [[nodiscard]] CTest* TabWnd() const { return tabWnd; }
-    [[nodiscard]] QPushButton* ReportButton() const { return reportButton; }
-    [[nodiscard]] QPushButton* PropertiesButton() const { return propertiesButton; }
+    [[nodiscard]] QPushButton* ReportButton() const { return m_reportButton; }
+    [[nodiscard]] QPushButton* PropertiesButton() const { return m_propertiesButton; }
 
 protected:
     void OnCreated() override;
@@ -69,8 +69,8 @@ private:
     CTNPicChangeViewDlg changeView;
     KX_DATA::QuestionDetail question; ///< as it was last fetched
     QPointer<CTest> tabWnd;
-    QPointer<QPushButton> reportButton;
-    QPointer<QPushButton> propertiesButton;
+    QPointer<QPushButton> m_reportButton;
+    QPointer<QPushButton> m_propertiesButton;
     QString questionId;
     qint32 projectId = 0;
     int m_opening = 0; ///< counts the issues that were opened

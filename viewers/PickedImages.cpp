@@ -2,7 +2,9 @@
 
 #include "toolkit/media/PictureFile.h"
 #include "toolkit/windows/Prompts.h"
+#include "viewers/ExifBlock.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QImageWriter>
 #include <QSaveFile>
@@ -48,14 +50,17 @@ void PickImageFiles(std::vector<PickedFile>& picked, bool& occupied) {
 
 bool SaveReducedJpeg(const QString& source, const QString& target) {
     const QImage image = toolkit::DecodeWholePicture(source);
+    QBuffer reduced;
+    QImageWriter writer(&reduced, "jpeg");
+    writer.setQuality(kReducedQuality);
     QSaveFile file(target);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!reduced.open(QIODevice::WriteOnly) || !writer.write(image) ||
+        !file.open(QIODevice::WriteOnly)) {
         return false;
     }
-    QImageWriter writer(&file, "jpeg");
-    writer.setQuality(kReducedQuality);
+    const QByteArray whole = WithExif(reduced.data(), ExifForUpright(source));
     // What closing writes is not looked at: on a full disk half a file would stand there.
-    return writer.write(image) && file.flush() && file.commit();
+    return file.write(whole) == whole.size() && file.flush() && file.commit();
 }
 
 } // namespace ZelvorNRQ_KXVeskPicture

@@ -29,7 +29,7 @@ struct TileKey {
     int column = 0;
     int row = 0;
 
-    auto operator<=>(const TileKey&) const = default;
+    auto operator<=>(const TileKey&) const = default; // NOLINT(modernize-use-nullptr): made up
 };
 
 /// Pixels for a point.

@@ -37,7 +37,8 @@ QPoint PlaceOf(const DrawingOrder& sheet, int number, Dice& dice) {
     const int bay = number * 7 % (across * (sheet.rows - 1));
     const double dx = 0.2 + 0.6 * static_cast<double>(dice.Unit());
     const double dy = 0.2 + 0.6 * static_cast<double>(dice.Unit());
-    return SheetGrid::Thousandths(grid.At(bay % across + dx, bay / across + dy));
+    const int row = bay / across;
+    return SheetGrid::Thousandths(grid.At(bay % across + dx, row + dy));
 }
 
 /// The first checkpoint of a drawing is talked about, and some of the others.

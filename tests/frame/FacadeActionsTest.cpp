@@ -1,5 +1,6 @@
 // The facade's operations for one photo or issue.
 #include "frame/KXVeskPictureImpl.h"
+#include "issues/TNPicViewWrap.h"
 #include "tests/console/ModuleFixture.h"
 #include "tests/console/SampleRecords.h"
 #include "tests/support/Hands.h"
@@ -158,9 +159,10 @@ TEST_F(FacadeActionsTest, APhotoThatCannotBeReadIsNotEdited) {
 }
 
 TEST_F(FacadeActionsTest, EditingAnIssueAlwaysAnswersTrue) {
-    const qint32 key = 5;
-    EXPECT_TRUE(Facade().EditIssue(&key, u"q1"_s));
-    EXPECT_TRUE(ModuleLog().contains(u"问题编辑"_s));
+    const qint32 project = 5;
+    prompts.ExpectMessage(u"获取问题详细信息失败!"_s);
+    EXPECT_TRUE(Facade().EditIssue(&project, u"none"_s));
+    EXPECT_THAT(Log().LinesOf({"GetIssueDetail"}), ElementsAre("GetIssueDetail(ppid=5,id=none)"));
 }
 
 TEST_F(FacadeActionsTest, SavingAPhotoAsksForItsFilesItsDetailAndItsFolder) {
@@ -223,10 +225,11 @@ TEST_F(FacadeActionsTest, ADeletedIssueIsNeverTold) {
     EXPECT_THAT(Log().Lines(), Each(testing::StartsWith("DeleteIssues")));
 }
 
-TEST_F(FacadeActionsTest, AnIssueThatTheViewShowsGoesUpToItsViewer) {
+TEST_F(FacadeActionsTest, AnIssueThatTheViewShowsGoesToItsViewer) {
+    prompts.ExpectMessage(u"获取问题详细信息失败!"_s);
     Facade().LocateIssue(1, u"q2"_s);
-    EXPECT_THAT(Log().Lines(), ElementsAre("GetView()", "LocateIssue(id=q2)"));
-    EXPECT_TRUE(ModuleLog().contains(u"问题查看"_s));
+    EXPECT_THAT(Log().LinesOf({"GetView", "LocateIssue", "GetIssueDetail"}),
+                ElementsAre("GetView()", "LocateIssue(id=q2)", "GetIssueDetail(ppid=1,id=q2)"));
 }
 
 TEST_F(FacadeActionsTest, AnIssueThatTheViewDoesNotShowGivesAMessageAndNothingElse) {
@@ -236,13 +239,13 @@ TEST_F(FacadeActionsTest, AnIssueThatTheViewDoesNotShowGivesAMessageAndNothingEl
     host.script.FailAlways("GetView");
     prompts.ExpectMessage(u"请先开启TN问题显示再定位！"_s);
     Facade().LocateIssue(1, u"q2"_s);
-    EXPECT_FALSE(ModuleLog().contains(u"问题查看"_s));
+    EXPECT_EQ(Log().CountOf("GetIssueDetail"), 0);
 }
 
 TEST_F(FacadeActionsTest, TheIssueViewGoesUpToItsWindow) {
     Facade().ShowIssueView();
-    EXPECT_TRUE(ModuleLog().contains(u"问题查看"_s));
-    EXPECT_THAT(Log().Lines(), IsEmpty());
+    EXPECT_TRUE(CTNPicViewWrap::Instance().Widget()->isVisible());
+    EXPECT_EQ(Log().CountOf("GetIssueDetail"), 0);
 }
 
 TEST_F(FacadeActionsTest, ADrawingGoesToTheEditorThatWaitsForIt) {

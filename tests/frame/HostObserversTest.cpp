@@ -5,6 +5,7 @@
 #include "console/VeskPicMngDlg.h"
 #include "editors/PdfPicEditDlg.h"
 #include "frame/KXVeskPictureImpl.h"
+#include "issues/TNPicEditDlg.h"
 #include "reminder/marks/KXVeskPicDataImpl.h"
 #include "tests/console/ModuleFixture.h"
 #include "tests/console/SampleRecords.h"
@@ -191,13 +192,19 @@ TEST_F(HostObserversTest, AnotherModuleOpensAPhotoWhichTakesThePendingOne) {
 }
 
 TEST_F(HostObserversTest, AnotherModuleLocatesAnIssue) {
+    prompts.ExpectMessage(u"获取问题详细信息失败!"_s);
     Observer<KXFRAME::IViewBimPicObs>(1).LocateIssue(1, u"q1"_s);
-    EXPECT_THAT(Log().Lines(), ElementsAre("GetView()", "LocateIssue(id=q1)"));
+    EXPECT_THAT(Log().LinesOf({"GetView", "LocateIssue"}),
+                ElementsAre("GetView()", "LocateIssue(id=q1)"));
 }
 
 TEST_F(HostObserversTest, AnotherModuleComesBackToTheIssueEditor) {
-    Observer<KXFRAME::IViewBimPicObs>(1).OpenIssueEdit(1);
-    EXPECT_TRUE(ModuleLog().contains(u"问题编辑"_s));
+    host.questions.issues.emplace_back().questionId = u"q1"_s;
+    host.questions.issues.back().ppid = 1;
+    ASSERT_TRUE(CTNPicEditDlg::Instance().OpenQuestion(1, u"q1"_s, mainWindow.Id()));
+    CTNPicEditDlg::Instance().Hide();
+    Observer<KXFRAME::IViewBimPicObs>(1).OpenIssueEdit(0);
+    EXPECT_TRUE(CTNPicEditDlg::Instance().Widget()->isVisible());
 }
 
 } // namespace

@@ -33,7 +33,7 @@ void Watchdog::Watch(const std::stop_token& stop) {
     std::unique_lock lock(m_mutex);
     while (!stop.stop_requested()) {
         m_wake.wait_for(lock, stop, std::chrono::milliseconds(200), [] { return false; });
-        if (stop.stop_requested() || Milliseconds() - m_lastBeat <= m_mostSeconds * 1000) {
+        if (stop.stop_requested() || Milliseconds() - m_lastBeat <= qint64(m_mostSeconds) * 1000) {
             continue;
         }
         std::fprintf(stderr, "monkey: FAULT: no answer for %d s\n", m_mostSeconds);

@@ -111,7 +111,8 @@ TEST_F(KeyboardRoad, APhotoIsFoundEditedLookedUpAndLeft) {
 TEST_F(KeyboardRoad, EveryDialogOfTheMainWindowIsLeftByEscape) {
     const std::vector<std::pair<Qt::Key, QString>> dialogs = {{Qt::Key_B, u"binWindow"_s},
                                                               {Qt::Key_I, u"importDialog"_s}};
-    for (const auto& [key, name] : dialogs) {
+    for (const auto& [key, dialog] : dialogs) {
+        const QString& name = dialog;
         ASSERT_TRUE(Press(key));
         ASSERT_TRUE(WaitFor([&] { return tour::FindWindow(name) != nullptr; }))
             << name.toStdString();

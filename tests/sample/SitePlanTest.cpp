@@ -23,7 +23,7 @@ using sample::SampleSize;
 using site::NewBimPhoto;
 
 constexpr qint64 kNow = 1'760'000'000;
-constexpr qint64 kDay = 24 * 60 * 60;
+constexpr qint64 kDay = 24LL * 60 * 60;
 
 /// Everything that a plan says, as text.
 QStringList Told(const sample::SitePlan& plan) {

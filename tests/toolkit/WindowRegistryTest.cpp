@@ -150,7 +150,7 @@ TEST(WindowRegistry, ManyWindowsAtOnceHaveEachTheirOwnEntry) {
     for (int i = 0; i < 40; ++i) {
         widgets.push_back(std::make_unique<QWidget>());
         ids.push_back(toolkit::RegisterWindow(widgets.back().get(),
-                                              [i](const WindowEvent&) { return qintptr(i + 1); }));
+                                              [i](const WindowEvent&) { return qintptr(i) + 1; }));
     }
     for (size_t i = 0; i < widgets.size(); ++i) {
         EXPECT_EQ(toolkit::WidgetOf(ids[i]), widgets[i].get());

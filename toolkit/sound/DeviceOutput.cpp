@@ -99,7 +99,7 @@ bool DeviceOutput::Write(std::span<const qint16> samples, const std::stop_token&
 }
 
 void DeviceOutput::Drain(const std::stop_token& stop) {
-    const QDeadlineTimer end(2 * kBufferMs);
+    const QDeadlineTimer end(qint64(2) * kBufferMs);
     while (!stop.stop_requested() && !end.hasExpired() && m_sink->state() == QAudio::ActiveState) {
         Look();
     }

@@ -1,6 +1,8 @@
 // Reverse lookup from a row into the view.
 #include "base/FacadeAccess.h"
 #include "frame/KXVeskPictureImpl.h"
+#include "issues/TNPicEditDlg.h"
+#include "issues/TNPicViewWrap.h"
 #include "tests/console/managers/ManagerFixture.h"
 #include "tests/support/WaitFor.h"
 #include "toolkit/windows/WindowRegistry.h"
@@ -209,16 +211,52 @@ TEST_F(LocateTest, AnIssueThatTheViewDoesNotShowGivesAMessage) {
     host.script.FailNext("LocateIssue");
     prompts.ExpectMessage(u"请先开启TN问题显示再定位！"_s);
     Manager().LocateRow(Row(0));
-    EXPECT_FALSE(ModuleLog().contains(u"问题查看"_s));
+    EXPECT_FALSE(CTNPicViewWrap::Instance().HasWindow());
     EXPECT_THAT(prompts.Parents(), ElementsAre(toolkit::kNoWindow));
 }
 
-TEST_F(LocateTest, AnIssueThatTheViewShowsGoesUpToItsViewer) {
+TEST_F(LocateTest, AnIssueThatTheViewShowsIsOpenedAndBringsTheConsoleBackLater) {
     Show(kModeIssue);
     Manager().LocateRow(Row(2));
-    EXPECT_THAT(Log().Lines(), ElementsAre("GetView()", "LocateIssue(id=q3)"));
-    EXPECT_TRUE(ModuleLog().contains(u"问题查看"_s));
+    EXPECT_THAT(Log().LinesOf({"GetView", "LocateIssue", "GetIssueDetail"}),
+                ElementsAre("GetView()", "LocateIssue(id=q3)", "GetIssueDetail(ppid=1,id=q3)"));
+    EXPECT_TRUE(CTNPicViewWrap::Instance().Widget()->isVisible());
+    EXPECT_EQ(CTNPicViewWrap::Instance().IsReadOnly(), 0);
+    EXPECT_TRUE(Facade().reopenConsole);
+}
+
+TEST_F(LocateTest, AnIssueLocatedInAWorksetIsReadOnly) {
+    Show(kModeIssue);
+    host.global.worksetMode = true;
+    Manager().LocateRow(Row(2));
+    EXPECT_EQ(CTNPicViewWrap::Instance().IsReadOnly(), 1);
+}
+
+TEST_F(LocateTest, ASecondIssueLocatedBringsTheConsoleBackFirstAndLeavesItAgain) {
+    Show(kModeIssue);
+    Manager().LocateRow(Row(2));
+    Log().Clear();
+    Manager().LocateRow(Row(0));
+    EXPECT_THAT(Log().LinesOf({"LocateIssue", "QueryIssues", "GetIssueDetail"}),
+                ElementsAre("LocateIssue(id=q1)", testing::StartsWith("QueryIssues"),
+                            "GetIssueDetail(ppid=1,id=q1)"));
+    EXPECT_TRUE(Facade().reopenConsole);
+}
+
+TEST_F(LocateTest, APreviewOfAnIssueIsReadOnlyAndLocatesNothing) {
+    Show(kModeIssue);
+    Manager().PreviewRow(Row(2));
+    EXPECT_THAT(Log().LinesOf({"GetView", "LocateIssue"}), IsEmpty());
+    EXPECT_EQ(CTNPicViewWrap::Instance().IsReadOnly(), 1);
+    EXPECT_EQ(CTNPicViewWrap::Instance().Question().questionId, u"q3");
     EXPECT_FALSE(Facade().reopenConsole);
+}
+
+TEST_F(LocateTest, AnIssueIsEditedWithoutARefetchByTheGrid) {
+    Show(kModeIssue);
+    EXPECT_FALSE(Manager().EditRow(Row(2)));
+    EXPECT_EQ(CTNPicEditDlg::Instance().Question().questionId, u"q3");
+    EXPECT_TRUE(CTNPicEditDlg::Instance().ownerView.has_value());
 }
 
 TEST_F(LocateTest, ThePageOfIssuesMayBeFetchedAgainByWhatTheViewDoes) {

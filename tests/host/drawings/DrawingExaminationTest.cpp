@@ -17,7 +17,7 @@ class ExaminationTest : public testing::Test {
 protected:
     [[nodiscard]] DrawingVerdict Examined(const QByteArray& bytes,
                                           const DrawingReader::Terms& terms = {}) {
-        QFile file(QDir(folder.path()).filePath(u"甲.pdf"_s));
+        QFile file(QDir(m_folder.path()).filePath(u"甲.pdf"_s));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
         file.write(bytes);
         file.close();
@@ -25,7 +25,7 @@ protected:
     }
 
 private:
-    QTemporaryDir folder;
+    QTemporaryDir m_folder;
 };
 
 TEST_F(ExaminationTest, ADrawingThatCanBeShownIsFound) {

@@ -21,7 +21,7 @@ constexpr QSizeF kSheet(1000, 800);
 class StoreTest : public testing::Test {
 protected:
     [[nodiscard]] QString FileOf(const QByteArray& bytes, const QString& name = u"甲.pdf"_s) {
-        QFile file(QDir(folder.path()).filePath(name));
+        QFile file(QDir(m_folder.path()).filePath(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
         return file.fileName();
@@ -43,7 +43,7 @@ protected:
     }
 
 private:
-    QTemporaryDir folder;
+    QTemporaryDir m_folder;
 };
 
 TEST_F(StoreTest, WhatIsLookedAtIsRenderedInSquares) {

@@ -100,7 +100,7 @@ TEST(TileCache, WhatWasLookedAtLongestAgoGoesFirst) {
     EXPECT_EQ(cache.Find({0, 0, 1, 0}), nullptr);
     EXPECT_EQ(cache.Bytes(), 3 * one);
     cache.Put({0, 0, 3, 0}, Square(1024 * 512));
-    EXPECT_EQ(cache.Bytes(), 2 * one + 1024 * 512) << "once, in its new size";
+    EXPECT_EQ(cache.Bytes(), 2 * one + qint64(1024) * 512) << "once, in its new size";
     cache.Clear();
     EXPECT_EQ(cache.Bytes(), 0);
     EXPECT_TRUE(cache.KeysOf(0).empty());

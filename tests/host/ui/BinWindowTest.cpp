@@ -23,7 +23,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr qint64 kDay = 24 * 60 * 60;
+constexpr qint64 kDay = 24LL * 60 * 60;
 
 TEST(DaysLeft, CountsABegunDayAndEndsAtZero) {
     EXPECT_EQ(DaysLeft(30 * kDay, 0), 30);

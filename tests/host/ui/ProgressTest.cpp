@@ -164,7 +164,7 @@ TEST_F(LeftProgress, TheNextWorkBlocksAgain) {
 
 TEST(BytesText, CountsInUnitsThatSuitTheSize) {
     EXPECT_EQ(BytesText(0, 0), u"0 B"_s);
-    EXPECT_EQ(BytesText(1536, 2 * 1024 * 1024), u"1.5 kB / 2.0 MB"_s);
+    EXPECT_EQ(BytesText(1536, 2LL * 1024 * 1024), u"1.5 kB / 2.0 MB"_s);
 }
 
 TEST(ProgressStripTest, ShowsTheTextOfTheMomentUntilItIsClosed) {

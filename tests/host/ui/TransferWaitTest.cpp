@@ -112,8 +112,8 @@ TEST_F(WaitingForATransfer, AfterAWhileTheWaitCursorShowsAndGoesWithTheEnd) {
 }
 
 TEST_F(WaitingForATransfer, AfterHalfASecondAWindowCountsTheBytes) {
-    transfer.NoteTotal(4 * 1024 * 1024);
-    transfer.NoteBytes(1024 * 1024);
+    transfer.NoteTotal(4LL * 1024 * 1024);
+    transfer.NoteBytes(1024LL * 1024);
     QString count;
     QElapsedTimer since;
     since.start();

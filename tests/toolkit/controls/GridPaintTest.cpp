@@ -269,7 +269,7 @@ TEST_F(GridPaint, TheImageOfAHeaderStandsInItsMiddle) {
         }
     }
     EXPECT_NEAR(ink.center().x(), 9, 1);
-    EXPECT_NEAR(ink.center().y(), (header->height() - 1) / 2, 1);
+    EXPECT_NEAR(ink.center().y(), (header->height() - 1) / 2.0, 1);
 }
 
 TEST_F(GridPaint, TheHeaderLightsUpAgainAfterAClick) {

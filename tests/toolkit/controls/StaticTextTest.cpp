@@ -53,7 +53,7 @@ TEST(StaticFilespec, StandsInTheMiddleOfItsHeight) {
     text.resize(100, 60);
     const std::vector<int> rows = InkRows(text);
     ASSERT_FALSE(rows.empty());
-    EXPECT_NEAR((rows.front() + rows.back()) / 2, 30, 2);
+    EXPECT_NEAR((rows.front() + rows.back()) / 2.0, 30, 2);
 }
 
 TEST(StaticFilespec, ALongTextLosesItsMiddleWithinItsWidth) {
@@ -130,7 +130,7 @@ TEST(ColorStatic, FillsItsGroundAndCentresItsText) {
             }
         }
     }
-    EXPECT_NEAR((left + right) / 2, 40, 2);
+    EXPECT_NEAR((left + right) / 2.0, 40, 2);
 }
 
 TEST(ColorStatic, ItsTextHasItsColourOnEveryGround) {

@@ -206,8 +206,8 @@ TEST_F(BimPicViewWindowTest, TheNameOfTheMarkIsCentredOnItsColour) {
         }
     }
     ASSERT_FALSE(ink.isEmpty());
-    EXPECT_NEAR(ink.center().x(), painted.width() / 2, 2);
-    EXPECT_NEAR(ink.center().y(), painted.height() / 2, 2);
+    EXPECT_NEAR(ink.center().x(), painted.width() / 2.0, 2);
+    EXPECT_NEAR(ink.center().y(), painted.height() / 2.0, 2);
 }
 
 TEST_F(BimPicViewWindowTest, ALineThatIsTooLongEndsInDots) {

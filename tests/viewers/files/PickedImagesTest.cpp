@@ -1,5 +1,7 @@
 #include "viewers/PickedImages.h"
 
+#include "viewers/ExifBlock.h"
+
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
@@ -9,6 +11,12 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <gtest/gtest.h>
+#include <libexif/exif-data.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string>
 
 using namespace Qt::StringLiterals;
 using ZelvorNRQ_KXVeskPicture::PickedFile;
@@ -23,6 +31,50 @@ const QString kFilter = u"全部图片(*) (*.jpeg *.jpg *.png *.tif *.tiff *.gif
                         u"tif,tiff文件(*.tif;*.tiff) (*.tif *.tiff);;"
                         u"gif,jpe文件(*.gif;*.jpe) (*.gif *.jpe);;"
                         u"bmp文件(*.bmp) (*.bmp)"_s;
+
+struct ExifRelease {
+    void operator()(ExifData* data) const { exif_data_unref(data); }
+};
+using ExifHolder = std::unique_ptr<ExifData, ExifRelease>;
+
+void AddEntry(ExifData& data, ExifIfd directory, ExifTag tag, ExifFormat format,
+              const QByteArray& bytes) {
+    ExifEntry* entry = exif_entry_new();
+    entry->tag = tag;
+    entry->format = format;
+    entry->components = format == EXIF_FORMAT_SHORT ? 1 : (unsigned long)bytes.size();
+    entry->size = (unsigned int)bytes.size();
+    entry->data = static_cast<unsigned char*>(malloc(size_t(bytes.size())));
+    memcpy(entry->data, bytes.constData(), size_t(bytes.size()));
+    exif_content_add_entry(data.ifd[directory], entry);
+    exif_entry_unref(entry);
+}
+
+/// Time, a place, an orientation and a small picture, as a camera writes them.
+QByteArray CameraBlock(char orientation) {
+    const ExifHolder data(exif_data_new());
+    exif_data_set_byte_order(data.get(), EXIF_BYTE_ORDER_INTEL);
+    AddEntry(*data, EXIF_IFD_0, EXIF_TAG_ORIENTATION, EXIF_FORMAT_SHORT,
+             QByteArray(1, orientation) + QByteArray(1, 0));
+    AddEntry(*data, EXIF_IFD_EXIF, EXIF_TAG_DATE_TIME_ORIGINAL, EXIF_FORMAT_ASCII,
+             QByteArray("2026:03:05 08:00:00", 20));
+    AddEntry(*data, EXIF_IFD_GPS, ExifTag(EXIF_TAG_GPS_LATITUDE_REF), EXIF_FORMAT_ASCII,
+             QByteArray("N", 2));
+    data->data = static_cast<unsigned char*>(calloc(1, 100));
+    data->size = 100;
+    unsigned char* bytes = nullptr;
+    unsigned int size = 0;
+    exif_data_save_data(data.get(), &bytes, &size);
+    QByteArray block(reinterpret_cast<const char*>(bytes), qsizetype(size));
+    free(bytes);
+    return block;
+}
+
+std::string TagText(const ExifData& data, ExifIfd directory, ExifTag tag) {
+    ExifEntry* entry = exif_content_get_entry(data.ifd[directory], tag);
+    char text[64] = "";
+    return entry == nullptr ? std::string() : exif_entry_get_value(entry, text, sizeof text);
+}
 
 } // namespace
 
@@ -79,6 +131,51 @@ TEST(SaveReducedJpeg, KeepsThePixelSizeAndStandsUpright) {
     EXPECT_EQ(small.size(), QSize(320, 160));
     EXPECT_TRUE(support::IsNear(small.pixelColor(40, 40), support::kTopLeft, 30));
     EXPECT_LT(QFileInfo(target).size(), QFileInfo(source).size());
+}
+
+TEST(SaveReducedJpeg, KeepsTimeAndPlaceOfTheCameraAndStandsUprightOnce) {
+    const support::TempFolder folder;
+    const QString source = folder.Write(
+        u"a.jpg"_s, ZelvorNRQ_KXVeskPicture::WithExif(
+                        support::JpegBytes(support::CornerMarked({160, 320})), CameraBlock(6)));
+    const QByteArray before = folder.Read(u"a.jpg"_s);
+    const QString target = folder.Path(u"small.jpg"_s);
+    ASSERT_TRUE(SaveReducedJpeg(source, target));
+    EXPECT_EQ(folder.Read(u"a.jpg"_s), before) << "the source is left as it is";
+    const ExifHolder data(exif_data_new_from_file(QFile::encodeName(target).constData()));
+    EXPECT_EQ(TagText(*data, EXIF_IFD_EXIF, EXIF_TAG_DATE_TIME_ORIGINAL), "2026:03:05 08:00:00");
+    EXPECT_EQ(TagText(*data, EXIF_IFD_GPS, ExifTag(EXIF_TAG_GPS_LATITUDE_REF)), "N");
+    EXPECT_EQ(TagText(*data, EXIF_IFD_0, EXIF_TAG_ORIENTATION), "Top-left");
+    EXPECT_EQ(data->size, 0U) << "no small picture inside";
+    EXPECT_EQ(QImageReader(target).size(), QSize(320, 160)) << "not turned a second time";
+}
+
+TEST(SaveReducedJpeg, APictureWithoutABlockGetsNone) {
+    const support::TempFolder folder;
+    const QString source =
+        folder.Write(u"a.jpg"_s, support::JpegBytes(support::CornerMarked({16, 8})));
+    ASSERT_TRUE(SaveReducedJpeg(source, folder.Path(u"small.jpg"_s)));
+    EXPECT_FALSE(folder.Read(u"small.jpg"_s).contains("Exif"));
+}
+
+TEST(SaveReducedJpeg, ABlockThatIsBrokenCostsNothingButItself) {
+    const support::TempFolder folder;
+    for (const qsizetype length : {8, 20, 60, 120}) {
+        const QString source = folder.Write(
+            u"a.jpg"_s,
+            ZelvorNRQ_KXVeskPicture::WithExif(support::JpegBytes(support::CornerMarked({16, 8})),
+                                              CameraBlock(1).left(length)));
+        EXPECT_TRUE(SaveReducedJpeg(source, folder.Path(u"small.jpg"_s))) << length;
+        EXPECT_EQ(QImage(folder.Path(u"small.jpg"_s)).size(), QSize(16, 8)) << length;
+    }
+}
+
+TEST(WithExif, ABlockThatNoSegmentHasRoomForIsLeftOut) {
+    const QByteArray jpeg = support::JpegBytes(support::CornerMarked({16, 8}));
+    EXPECT_EQ(ZelvorNRQ_KXVeskPicture::WithExif(jpeg, QByteArray(65534, 'x')), jpeg);
+    EXPECT_EQ(ZelvorNRQ_KXVeskPicture::WithExif(jpeg, QByteArray(65533, 'x')).size(),
+              jpeg.size() + 65533 + 4);
+    EXPECT_EQ(ZelvorNRQ_KXVeskPicture::WithExif({}, "x"), QByteArray());
 }
 
 TEST(SaveReducedJpeg, WhatIsNoPictureOrCantBeWrittenFails) {
