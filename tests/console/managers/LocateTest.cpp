@@ -269,6 +269,8 @@ TEST_F(LocateTest, ThePageOfIssuesMayBeFetchedAgainByWhatTheViewDoes) {
         Fetch();
         Fetch();
     });
+    // The one that was asked for is gone by then.
+    prompts.ExpectMessage(u"获取问题详细信息失败!"_s);
     Manager().LocateRow(Row(0));
     EXPECT_EQ(Log().LinesOf({"LocateIssue"}).front(), "LocateIssue(id=q1)");
 }
