@@ -73,7 +73,6 @@ const std::vector<Strategy>& Strategies() {
             .usedMarks = "GetUsedBimMarks()",
             .leastSize = QSize(1085, 845),
             .editorWindow = u"BimPicEditDlg"_s,
-            .editor = {},
             .locate = {"GetView()", "MainWindow(event=7529,first=0,text=1-1-1)",
                        "LocatePicture(position=K1,mark=1)"},
             .locatesHidden = false,
@@ -100,7 +99,6 @@ const std::vector<Strategy>& Strategies() {
             .usedMarks = "GetUsedPdfMarks()",
             .leastSize = QSize(1085, 845),
             .editorWindow = {},
-            .editor = {}, // modeless: it stands open afterwards
             .locate = {"SelectCheckpoint(drawing=500)",
                        "MainWindow(event=7529,first=3,second=101)"},
             .locatesHidden = true,
@@ -129,6 +127,7 @@ const std::vector<Strategy>& Strategies() {
             .editorWindow = {},
             .locate = {"GetView()", "LocateIssue(id=q1)"},
             .locatesHidden = false,
+            .viewer = {},
             // A stump that nothing reaches: an empty list, and no log.
             .deleteIds = {"DeleteIssues(ids=[])"},
         },
