@@ -18,9 +18,9 @@ struct PickedFile {
 /// `occupied` is set if one couldn't. Cancelling changes nothing. Thread: user interface.
 void PickImageFiles(std::vector<PickedFile>& picked, bool& occupied);
 
-/// Writes a picture as JPEG of quality 30 in its own pixel size, upright, with the time, the place and
-/// all else that the camera wrote of it. The source is left as it is, the target appears whole or not
-/// at all. False: the source is no picture, or the target can't be written. Thread: any.
+/// Writes a picture as JPEG of quality 30 in its own pixel size, upright, with the time, the place
+/// and all else that the camera wrote of it. The source is left as it is, the target appears whole
+/// or not at all. False: the source is no picture, or the target can't be written. Thread: any.
 bool SaveReducedJpeg(const QString& source, const QString& target);
 
 } // namespace ZelvorNRQ_KXVeskPicture
