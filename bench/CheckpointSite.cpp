@@ -1,5 +1,6 @@
 #include "bench/CheckpointSite.h"
 
+#include "bench/CachedPictures.h"
 #include "host/session/HostSession.h"
 #include "services/DrawingRecords.h"
 #include "services/Factories.h"
@@ -10,12 +11,6 @@
 #include "site/sqlite/SiteWriter.h"
 #include "tests/bulk/BulkText.h"
 #include "tests/support/EngineFolder.h"
-
-#include <QBuffer>
-#include <QFile>
-#include <QImage>
-
-#include <filesystem>
 
 namespace bench {
 
@@ -29,17 +24,6 @@ constexpr qint32 kCheckpointMark = 1;
 constexpr qint64 kFirstTime = 1'700'000'000;
 const QString kInspector = u"bench"_s;
 const QString kDrawing = u"总平面图"_s;
-
-/// What the store holds is never fetched here.
-QByteArray StoredPicture() {
-    QImage image(64, 48, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPG");
-    return bytes;
-}
 
 /// One to three sentences.
 QString CommentText(bulk::BulkRandom& random) {
@@ -76,26 +60,6 @@ void FilePictures(site::SiteWriter& writer, const CheckpointSite& place) {
     }
 }
 
-/// A photograph is copied once; its other names are links.
-bool PutIntoCache(const std::vector<KX_DATA::DrawingPicRef>& pics, const QString& folder,
-                  const QStringList& photos) {
-    const auto pathOf = [&](size_t pic) { return folder + pics[pic].uuid + u".jpg"_s; };
-    const auto count = size_t(photos.size());
-    for (size_t i = 0; i < pics.size(); ++i) {
-        std::error_code error;
-        if (i < count) {
-            QFile::copy(photos[qsizetype(i)], pathOf(i));
-        } else {
-            std::filesystem::create_hard_link(pathOf(i % count).toStdString(),
-                                              pathOf(i).toStdString(), error);
-        }
-        if (error || !QFile::exists(pathOf(i))) {
-            return false;
-        }
-    }
-    return !pics.empty();
-}
-
 } // namespace
 
 CheckpointSite FileCheckpoint(host::HostSession& session, const QStringList& photos) {
@@ -123,7 +87,11 @@ CheckpointSite FileCheckpoint(host::HostSession& session, const QStringList& pho
         return {};
     }
     GetKXPathMng()->GetThumbFolder(folder, place.ppid, {});
-    if (!PutIntoCache(record.pics, folder, photos)) {
+    QStringList uuids;
+    for (const KX_DATA::DrawingPicRef& pic : record.pics) {
+        uuids << pic.uuid;
+    }
+    if (!PutIntoCache(uuids, folder, photos)) {
         return {};
     }
     place.firstPicture = folder + record.pics.front().uuid + u".jpg"_s;

@@ -9,7 +9,6 @@
 #include "toolkit/Look.h"
 
 #include <QCommandLineParser>
-#include <QDir>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -19,15 +18,8 @@ namespace {
 
 bool MeasureCrowdedCheckpoint(bench::WatchedApplication& application,
                               const QCommandLineParser& options, bench::Report& report) {
-    const bench::PhotoClass& phone = bench::PhotoClasses().front();
-    const QStringList photos = bench::MakePhotos(
-        phone, options.value(u"originals"_s),
-        QDir(options.value(u"photos"_s)).filePath(phone.name.split(u' ').front()));
-    if (photos.isEmpty()) {
-        QTextStream(stderr) << u"no photographs"_s << Qt::endl;
-        return false;
-    }
-    return bench::MeasureCheckpoint(application, photos, report);
+    const QStringList photos = bench::PhonePhotos(options);
+    return !photos.isEmpty() && bench::MeasureCheckpoint(application, photos, report);
 }
 
 bool MeasureLargeSheet(bench::WatchedApplication& application, bench::Report& report) {
@@ -61,10 +53,7 @@ int main(int argc, char** argv) {
     bench::WatchedApplication app(argc, argv);
     QCommandLineParser options;
     options.addHelpOption();
-    options.addOption({u"photos"_s, u"Folder of the enlarged photographs; filled once."_s,
-                       u"folder"_s, u"build/bench-photos"_s});
-    options.addOption(
-        {u"originals"_s, u"Folder of photographs."_s, u"folder"_s, u"/usr/share/backgrounds"_s});
+    bench::AddPhotoOptions(options);
     options.addOption({u"out"_s, u"JSON file of the results."_s, u"file"_s, u"drawings.json"_s});
     options.addOption(QCommandLineOption(u"checkpoint"_s, u"Only the viewer."_s));
     options.addOption(QCommandLineOption(u"sheet"_s, u"Only the drawing view."_s));

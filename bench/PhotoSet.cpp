@@ -1,5 +1,6 @@
 #include "bench/PhotoSet.h"
 
+#include <QCommandLineParser>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -89,6 +90,24 @@ QStringList ManyNames(const QStringList& files, int count, const QString& folder
         }
     }
     return paths;
+}
+
+void AddPhotoOptions(QCommandLineParser& options) {
+    options.addOption({u"photos"_s, u"Folder of the enlarged photographs; filled once."_s,
+                       u"folder"_s, u"build/bench-photos"_s});
+    options.addOption(
+        {u"originals"_s, u"Folder of photographs."_s, u"folder"_s, u"/usr/share/backgrounds"_s});
+}
+
+QStringList PhonePhotos(const QCommandLineParser& options) {
+    const PhotoClass& phone = PhotoClasses().front();
+    QStringList photos =
+        MakePhotos(phone, options.value(u"originals"_s),
+                   QDir(options.value(u"photos"_s)).filePath(phone.name.split(u' ').front()));
+    if (photos.isEmpty()) {
+        QTextStream(stderr) << u"no photographs"_s << Qt::endl;
+    }
+    return photos;
 }
 
 } // namespace bench

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+class QCommandLineParser;
+
 namespace bench {
 
 /// Photographs of one size class.
@@ -26,5 +28,10 @@ struct PhotoClass {
 
 /// `count` names in `folder` for the given files, in turn: links, so that they cost no room.
 [[nodiscard]] QStringList ManyNames(const QStringList& files, int count, const QString& folder);
+
+/// The options --photos and --originals, and the photographs of phones that they lead to; what is
+/// missing is said.
+void AddPhotoOptions(QCommandLineParser& options);
+[[nodiscard]] QStringList PhonePhotos(const QCommandLineParser& options);
 
 } // namespace bench
