@@ -5,6 +5,7 @@
 #include "bench/StatementTrace.h"
 #include "bench/UploadBench.h"
 #include "bench/WatchedApplication.h"
+#include "frame/KXVeskPictureImpl.h"
 #include "toolkit/Look.h"
 
 #include <QCommandLineParser>
@@ -23,6 +24,8 @@ int main(int argc, char** argv) {
     options.process(app);
     toolkit::ApplyLook(app);
     QApplication::setQuitOnLastWindowClosed(false);
+    // The viewer's way back to the console goes by the facade.
+    static_cast<void>(CKXVeskPictureImpl::Instance());
     const QStringList photos = bench::PhonePhotos(options);
     bench::Report report;
     if (photos.isEmpty() || !bench::MeasureIssueOpening(app, photos, report) ||

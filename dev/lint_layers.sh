@@ -51,7 +51,7 @@ host/ui/marks: host/ui host/ui/marks services toolkit toolkit/controls
 host/ui/issues: host/ui host/ui/issues host/ui/pick services toolkit toolkit/controls toolkit/media toolkit/windows
 host/ui/pick: host/ui host/ui/pick host/ui/plan toolkit
 host/ui/plan: host/ui host/ui/marks host/ui/pick host/ui/plan toolkit
-tour: hands host/app host/services host/ui/drawing host/ui/plan services tour
+tour: hands host/app host/services host/ui/drawing host/ui/pick host/ui/plan services tour
 '
 # These may include all, and know the engine.
 free_folders='tests bench'

@@ -63,6 +63,7 @@ std::vector<TourStep> WriteSteps(const TourWords& words, const TourPlaces& place
         WriteOtherConsoles(script);
         WriteMarks(script);
         WriteDrawingView(script);
+        WriteIssueWindows(script, places);
         WriteHostWindows(script);
         WriteReminders(script, places);
     }

@@ -52,6 +52,8 @@ void WriteOtherConsoles(TourScript& script);
 void WriteMarks(TourScript& script);
 /// A drawing with its checkpoints, one in its viewer and editor; a photo gets another checkpoint.
 void WriteDrawingView(TourScript& script);
+/// An issue in its viewer, pictures for its rectification, another component.
+void WriteIssueWindows(TourScript& script, const TourPlaces& places);
 /// Bin, help, another project, a workset.
 void WriteHostWindows(TourScript& script);
 /// What another client files while this one runs.
