@@ -1,5 +1,6 @@
 #include "host/drawings/ReaderFrames.h"
 
+#include <QBuffer>
 #include <QDataStream>
 #include <QIODevice>
 
@@ -12,25 +13,21 @@ constexpr qsizetype kFewBytes = 512;
 constexpr int kPixelBytes = 4;
 constexpr QDataStream::Version kVersion = QDataStream::Qt_6_4;
 
-/// Puts the length before what `write` writes, mostly so many bytes.
-template <typename Write> QByteArray Framed(qint64 most, const Write& write) {
+/// Puts the length before what `write` writes; `more` bytes follow it.
+template <typename Write> QByteArray Framed(qint64 more, const Write& write) {
     QByteArray bytes;
-    bytes.reserve(most + kFewBytes);
+    bytes.reserve(kFewBytes);
     QDataStream out(&bytes, QIODevice::WriteOnly);
     out.setVersion(kVersion);
     out << quint32(0);
     write(out);
     out.device()->seek(0);
-    out << quint32(bytes.size() - kLengthBytes);
+    out << quint32(bytes.size() - kLengthBytes + more);
     return bytes;
 }
 
-void WriteImage(QDataStream& out, const QImage& image) {
-    out << qint32(image.width()) << qint32(image.height());
-    for (int line = 0; line < image.height(); ++line) {
-        out.writeRawData(reinterpret_cast<const char*>(image.constScanLine(line)),
-                         image.width() * 4);
-    }
+bool WriteAll(QIODevice& device, const char* bytes, qint64 size) {
+    return device.write(bytes, size) == size;
 }
 
 std::optional<QImage> ReadImage(QDataStream& in, qsizetype atMost) {
@@ -65,14 +62,27 @@ QByteArray FrameOf(const ReaderQuestion& question) {
 }
 
 QByteArray FrameOf(const ReaderAnswer& answer) {
-    const qint64 pixels = qint64(answer.image.width()) * answer.image.height();
-    return Framed(pixels * kPixelBytes, [&](QDataStream& out) {
+    QBuffer buffer;
+    const bool isWhole = buffer.open(QIODevice::WriteOnly) && SendFrame(answer, buffer);
+    return isWhole ? buffer.data() : QByteArray();
+}
+
+bool SendFrame(const ReaderAnswer& answer, QIODevice& device) {
+    const QImage& image = answer.image;
+    const qint64 pixels = qint64(image.width()) * image.height();
+    const QByteArray head = Framed(pixels * kPixelBytes, [&](QDataStream& out) {
         out << quint8(answer.fault) << qint32(answer.pages.size());
         for (const QSizeF& page : answer.pages) {
             out << page;
         }
-        WriteImage(out, answer.image);
+        out << qint32(image.width()) << qint32(image.height());
     });
+    bool isSent = WriteAll(device, head.constData(), head.size());
+    for (int line = 0; line < image.height() && isSent; ++line) {
+        isSent = WriteAll(device, reinterpret_cast<const char*>(image.constScanLine(line)),
+                          qint64(image.width()) * kPixelBytes);
+    }
+    return isSent;
 }
 
 std::optional<qint64> FrameSize(const QByteArray& bytes) {

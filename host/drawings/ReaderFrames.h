@@ -12,6 +12,8 @@
 #include <optional>
 #include <vector>
 
+class QIODevice;
+
 namespace host {
 
 /// Sizes of a document's pages in points, 1/72 inch, as they lie after their own rotation.
@@ -42,6 +44,9 @@ struct ReaderAnswer {
 /// A frame is its length (32-bit, big-endian, without itself) and its content.
 [[nodiscard]] QByteArray FrameOf(const ReaderQuestion& question);
 [[nodiscard]] QByteArray FrameOf(const ReaderAnswer& answer);
+/// The same straight onto a device, without a second copy of the picture. False: it doesn't take
+/// all of it.
+[[nodiscard]] bool SendFrame(const ReaderAnswer& answer, QIODevice& device);
 
 /// Bytes of a frame with its length, as soon as its length is there; nothing before.
 [[nodiscard]] std::optional<qint64> FrameSize(const QByteArray& bytes);

@@ -3,6 +3,7 @@
 #include "host/drawings/reader/ReaderLimits.h"
 
 #include <QCoreApplication>
+#include <QFile>
 
 #include <cstdio>
 
@@ -23,10 +24,8 @@ QByteArray NextFrame() {
     return std::fread(frame.data() + 4, 1, rest, stdin) == rest ? frame : QByteArray();
 }
 
-bool Send(const QByteArray& frame) {
-    return std::fwrite(frame.constData(), 1, size_t(frame.size()), stdout) ==
-               size_t(frame.size()) &&
-           std::fflush(stdout) == 0;
+bool Send(const host::ReaderAnswer& answer, QFile& output) {
+    return host::SendFrame(answer, output) && output.flush() && std::fflush(stdout) == 0;
 }
 
 } // namespace
@@ -35,10 +34,14 @@ int main(int argc, char** argv) {
     host::LimitReader();
     const QCoreApplication app(argc, argv);
     host::PageReader reader;
+    QFile output;
+    if (!output.open(stdout, QIODevice::WriteOnly)) {
+        return 1;
+    }
     for (;;) {
         const QByteArray frame = NextFrame();
         const auto question = host::ReadQuestion(frame);
-        if (frame.isEmpty() || !question || !Send(FrameOf(reader.Answer(*question)))) {
+        if (frame.isEmpty() || !question || !Send(reader.Answer(*question), output)) {
             return 0;
         }
     }
