@@ -1,6 +1,7 @@
 #include "editors/BimPicEditDlg.h"
 
 #include "base/Guard.h"
+#include "editors/EditorOpening.h"
 #include "editors/LabelTreeEdit.h"
 #include "editors/MarkChoice.h"
 #include "editors/PositionPicker.h"
@@ -54,18 +55,7 @@ void CBimPicEditDlg::OnCreated() {
         *this, PositionPicker::Boxes{m_form->floorCombo, m_form->axisXCombo, m_form->axisYCombo},
         m_edit.projectId, m_edit);
     ConnectControls();
-    const toolkit::StillThere still(Id());
-    const auto fault = CatchStatus([this] {
-        const toolkit::WaitCursor wait;
-        Open();
-    });
-    if (!fault || !still) {
-        return;
-    }
-    // Told once the dialog can be seen, which stays open with what it has.
-    QMetaObject::invokeMethod(
-        Widget(), [this, fault] { ZelvorNRQ_KXVeskPicture::ShowStatus(Id(), *fault); },
-        Qt::QueuedConnection);
+    ZelvorNRQ_KXVeskPicture::FillAtOpening(*this, [this] { Open(); });
 }
 
 void CBimPicEditDlg::Open() {

@@ -1,6 +1,7 @@
 #include "editors/CheckPtEditDlg.h"
 
 #include "base/Guard.h"
+#include "editors/EditorOpening.h"
 #include "editors/LabelTreeEdit.h"
 #include "editors/MarkChoice.h"
 #include "services/Factories.h"
@@ -53,18 +54,7 @@ void CCheckPtEditDlg::OnCreated() {
     QObject::connect(m_form->okButton, &QPushButton::clicked, Widget(), [this] { OnSave(); });
     QObject::connect(m_form->cancelButton, &QPushButton::clicked, Widget(),
                      [this] { EndDialog(DialogResult::Cancelled); });
-    const toolkit::StillThere still(Id());
-    const auto fault = CatchStatus([this] {
-        const toolkit::WaitCursor wait;
-        Open();
-    });
-    if (!fault || !still) {
-        return;
-    }
-    // Told once the dialog can be seen, which stays open with what it has.
-    QMetaObject::invokeMethod(
-        Widget(), [this, fault] { ZelvorNRQ_KXVeskPicture::ShowStatus(Id(), *fault); },
-        Qt::QueuedConnection);
+    ZelvorNRQ_KXVeskPicture::FillAtOpening(*this, [this] { Open(); });
 }
 
 void CCheckPtEditDlg::Open() {

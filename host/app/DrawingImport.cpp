@@ -106,10 +106,12 @@ void DrawingImport::End() {
     if (!m_progress) {
         return;
     }
+    const bool isCancelled = m_progress->IsCancelled();
     m_progress->End();
     // It may be what tells this.
     m_progress.release()->deleteLater();
-    QString summary = u"已导入图纸 %1 张"_s.arg(m_filed);
+    QString summary =
+        isCancelled && m_filed == 0 ? u"已取消导入图纸"_s : u"已导入图纸 %1 张"_s.arg(m_filed);
     if (!m_leftOut.empty()) {
         summary += u"，%1 个文件没有导入"_s.arg(m_leftOut.size());
         delete m_result;
