@@ -160,10 +160,13 @@ void IssuePane::OnTimer(int timerId) {
     }
 }
 
-int IndexOfPic(const std::vector<KX_DATA::QuestionPicRecord>& pics, const QString& picId) {
-    const auto found =
-        std::ranges::find_if(pics, [&](const auto& pic) { return pic.picId == picId; });
-    return found == pics.end() ? -1 : int(found - pics.begin());
+void RemovePic(std::vector<KX_DATA::QuestionPicRecord>& pics, const QString& picId, int index) {
+    const auto isIt = [&](const auto& pic) { return pic.picId == picId; };
+    const bool isThere = index >= 0 && index < int(pics.size()) && isIt(pics[size_t(index)]);
+    const auto found = isThere ? pics.begin() + index : std::ranges::find_if(pics, isIt);
+    if (found != pics.end()) {
+        pics.erase(found);
+    }
 }
 
 CStaticFilespec* MakeLine(QWidget& page, const QString& name) {

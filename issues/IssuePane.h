@@ -105,9 +105,9 @@ private:
     QPointer<CStaticFilespec> m_uploadTimeText;
 };
 
-/// Index of the picture that stands in the list, -1 for one that doesn't.
-[[nodiscard]] int IndexOfPic(const std::vector<KX_DATA::QuestionPicRecord>& pics,
-                             const QString& picId);
+/// Takes out one picture: the one at this index if it has the id, else the first that has it; none
+/// if none has.
+void RemovePic(std::vector<KX_DATA::QuestionPicRecord>& pics, const QString& picId, int index);
 
 /// A line of text of a page.
 [[nodiscard]] CStaticFilespec* MakeLine(QWidget& page, const QString& name);

@@ -309,7 +309,7 @@ void CTNPicChangeViewDlg::DeletePicture() {
 
 void CTNPicChangeViewDlg::RemovePicture(const QString& picId) {
     const int index = State().currentIndex;
-    std::erase_if(rectify.pics, [&](const auto& pic) { return pic.picId == picId; });
+    issues::RemovePic(rectify.pics, picId, index);
     ApplyRights();
     rectify.rectifierName = LoginName();
     RebuildGallery(std::max(index - 1, 0));

@@ -58,6 +58,7 @@ CTNPicEditDlg::~CTNPicEditDlg() = default;
 
 bool CTNPicEditDlg::OpenQuestion(qint32 ppid, const QString& questionId, toolkit::WindowId parent) {
     const int opening = ++m_opening;
+    // Of an issue that then can't be read too, while the one before stays; required as is.
     projectId = ppid;
     KX_DATA::QuestionDetail fetched;
     bool isRead = false;

@@ -173,7 +173,7 @@ void CTNPicViewDlg::TellRefusal() {
 
 void CTNPicViewDlg::RemovePicture(const QString& picId) {
     const int index = State().currentIndex;
-    std::erase_if(pics, [&](const auto& pic) { return pic.picId == picId; });
+    issues::RemovePic(pics, picId, index);
     ApplyRights();
     RebuildGallery(std::max(index - 1, 0));
 }
