@@ -62,6 +62,11 @@ void CTNPicViewDlg::PlaceRest() {
     m_descriptionBox->setGeometry(m_layout.description);
 }
 
+void CTNPicViewDlg::TakeQuestion(const KX_DATA::QuestionDetail& issue) {
+    SetQuestion(issue);
+    TakeVoice();
+}
+
 void CTNPicViewDlg::LoadPictures() {
     CountRecord();
     const auto isSame = SameRecord();

@@ -10,6 +10,8 @@
 /// edited. Thread: user interface. A member of the issue viewer's window.
 class CTNPicViewDlg final : public issues::IssuePane {
 public:
+    /// Another issue, or the same one read anew: its note is the one that is played from now on.
+    void TakeQuestion(const KX_DATA::QuestionDetail& issue);
     /// The three steps of showing an issue, in their order.
     void LoadPictures();
     void ShowQuestionText();

@@ -56,7 +56,7 @@ bool CTNPicViewWrap::FetchQuestion(qint32 ppid, const QString& issueId) {
 }
 
 void CTNPicViewWrap::HandOn() {
-    questionView.SetQuestion(question);
+    questionView.TakeQuestion(question);
     changeView.SetQuestion(question);
     questionView.refreshSink = this;
     questionView.viewInner = this;
