@@ -89,7 +89,7 @@ void IssuePane::ShowPhotoTexts(int index) {
         return;
     }
     const PhotoLines lines = LinesOf(pics.empty() ? nullptr : &pics[size_t(index)]);
-    gallery::Say(*m_uploaderText, lines.uploader, {}, pics.empty() ? QString() : lines.uploader);
+    gallery::Say(*m_uploaderText, lines.uploader, {}, {});
     gallery::Say(*m_uploadTimeText, lines.uploadTime, {}, {});
 }
 

@@ -113,6 +113,7 @@ void CTNPicChangeViewDlg::LoadRectify() {
         const toolkit::WaitCursor wait;
         isRead = GetTNQuestionMng()->GetRectification(question.questionId, fetched);
     }
+    // One that can't be read has no id either, under which pictures could be added; required as is.
     if (!isSame() || !isRead) {
         return;
     }
