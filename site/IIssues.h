@@ -39,7 +39,8 @@ public:
     /// Latest first, the raising last; empty for an issue of another project.
     [[nodiscard]] virtual std::vector<IssueChange> History(qint32 ppid,
                                                            const QString& questionId) = 0;
-    /// The issue whose code this text is; nothing for an empty one.
+    /// The issue whose code this text is, else the one whose own id stands in it (`IssueCode`);
+    /// nothing for an empty one.
     [[nodiscard]] virtual std::optional<IssueRef> FindByQrCode(const Projects& projects,
                                                                const QString& text) = 0;
 

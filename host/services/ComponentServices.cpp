@@ -1,6 +1,7 @@
 #include "host/services/ComponentServices.h"
 
 #include "site/IComponents.h"
+#include "site/IssueCode.h"
 
 #include <QUuid>
 
@@ -27,8 +28,7 @@ qint32 ReportDataMng::GetComponentInfo(const KX_DATA::ComponentInfoQuery& query,
 qint32 TNQRCodeMng::CreateQRCode(const KX_DATA::QRCodeQuery& query, QString& text) {
     return Guarded(u"生成二维码"_s, 0, [&](HostSession& session) {
         RequireFound(site::Has(session.OpenPpids(), query.ppid), u"工程"_s);
-        text = u"kxissue:1:%1:%2"_s.arg(query.ppid)
-                   .arg(QUuid::createUuid().toString(QUuid::WithoutBraces));
+        text = site::IssueCode(query.ppid, QUuid::createUuid().toString(QUuid::WithoutBraces));
         return 1;
     });
 }

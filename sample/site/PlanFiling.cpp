@@ -5,6 +5,7 @@
 #include "site/IComments.h"
 #include "site/IIntake.h"
 #include "site/IIssues.h"
+#include "site/IssueCode.h"
 #include "site/RectifyStates.h"
 
 namespace sample {
@@ -197,7 +198,7 @@ void PlanFiling::Finish(const PlannedIssue& issue, qint32 ppid, const QString& q
     update.markId = record.markId;
     update.status = record.status;
     if (!issue.code.isEmpty()) {
-        update.qrCode = u"kxissue:1:%1:%2"_s.arg(ppid).arg(issue.code);
+        update.qrCode = site::IssueCode(ppid, issue.code);
     }
     static_cast<void>(m_site.Issues().Update(ppid, update, {record.updater, record.updateTime}));
 }

@@ -1,5 +1,6 @@
 #include "site/sqlite/Issues.h"
 
+#include "site/IssueCode.h"
 #include "site/RectifyStates.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/IdChunks.h"
@@ -173,6 +174,7 @@ std::vector<IssueChange> Issues::History(qint32 ppid, const QString& questionId)
 }
 
 std::optional<IssueRef> Issues::FindByQrCode(const Projects& projects, const QString& text) {
+    const ReadScope snapshot(m_database);
     std::optional<IssueRef> found;
     // The second condition leads to the index, which has no empty codes.
     m_database.ForEach(u"SELECT ppid, question_id FROM issue WHERE qr_code = ? AND qr_code <> ''"
@@ -182,7 +184,13 @@ std::optional<IssueRef> Issues::FindByQrCode(const Projects& projects, const QSt
                                found = IssueRef{read.Int(0), read.Text(1)};
                            }
                        });
-    return found;
+    if (found) {
+        return found;
+    }
+    const std::optional<IssueRef> own = ReadIssueCode(text);
+    return own && Has(projects, own->ppid) && KeyOf(m_database, {own->ppid}, own->questionId)
+               ? own
+               : std::nullopt;
 }
 
 std::vector<qint32> Issues::UsedMarks() {

@@ -1,4 +1,5 @@
 #include "site/IChanges.h"
+#include "site/IssueCode.h"
 #include "tests/site/IssueSite.h"
 
 #include <gmock/gmock.h>
@@ -167,6 +168,28 @@ TEST(IssueEdits, ACodeLeadsToTheIssueInTheProjectsThatAreAskedForAlone) {
     EXPECT_EQ(found->ppid, site.ppid);
     EXPECT_FALSE(site.Issues().FindByQrCode({site.other}, u"kxissue:1"_s));
     EXPECT_FALSE(site.Issues().FindByQrCode({site.ppid}, u"kxissue:2"_s));
+}
+
+TEST(IssueEdits, AnIssueIsFoundByACodeOfItsOwnIdToo) {
+    IssueSite site;
+    ASSERT_TRUE(site.Detail().qrCode.isEmpty());
+    const QString own = u"kxissue:1:%1:%2"_s.arg(site.ppid).arg(site.questionId);
+    EXPECT_EQ(IssueCode(site.ppid, site.questionId), own);
+    const auto found = site.Issues().FindByQrCode({site.other, site.ppid}, own);
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->questionId, site.questionId);
+    EXPECT_EQ(found->ppid, site.ppid);
+    EXPECT_FALSE(site.Issues().FindByQrCode({site.other}, own));
+    for (const QString& text :
+         {own + u"x"_s, IssueCode(site.other, site.questionId), u"kxissue:1:x:"_s + site.questionId,
+          u"kxissue:1:%1:"_s.arg(site.ppid), u"kxissue:1:%1"_s.arg(site.ppid), site.questionId}) {
+        EXPECT_FALSE(site.Issues().FindByQrCode({site.other, site.ppid}, text))
+            << text.toStdString();
+    }
+    KX_DATA::IssueUpdate update = site.Read();
+    update.qrCode = IssueCode(site.ppid, u"new"_s);
+    ASSERT_EQ(site.Issues().Update(site.ppid, update, site.wang), Saved::Yes);
+    EXPECT_TRUE(site.Issues().FindByQrCode({site.ppid}, own)) << "printed before it had a code";
 }
 
 } // namespace
