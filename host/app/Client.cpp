@@ -5,6 +5,7 @@
 #include "host/app/DrawingImport.h"
 #include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
+#include "host/app/IssueFlow.h"
 #include "host/app/LocateNames.h"
 #include "host/app/MarkFlow.h"
 #include "host/app/ModelComponents.h"
@@ -102,9 +103,11 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     m_module.Pictures()->SetPicSink(&m_sink);
     m_module.Pictures()->SetIssueEditSink(&m_sink);
     m_module.Pictures()->AttachObservers(&m_hub);
-    m_marks =
-        std::make_unique<MarkFlow>(MarkFlow::Parts{m_session, m_window->Marks(), *m_view, m_hub,
-                                                   *m_module.Pictures(), *m_module.PictureData()});
+    m_issues = std::make_unique<IssueFlow>(
+        IssueFlow::Parts{m_session, *m_window, *m_view, *m_module.Pictures()});
+    m_marks = std::make_unique<MarkFlow>(MarkFlow::Parts{
+        m_session, m_window->Marks(), *m_view, m_hub, *m_module.Pictures(), *m_module.PictureData(),
+        [this](qint32 ppid, const QString& id) { m_issues->ShowIssue(ppid, id); }});
     m_reminders = std::make_unique<ReminderFlow>(
         ReminderFlow::Parts{m_session, *m_window, lent, *m_module.Pictures()});
     MakeDrawingFlows();
@@ -123,6 +126,7 @@ void Client::Stop() {
     m_imports.reset();
     // Whoever closes the window was asked; at any other end nobody is there to answer.
     m_raising.reset();
+    m_issues.reset();
     KeepLayout();
     if (m_marks) {
         m_marks->Keep();
@@ -320,6 +324,7 @@ void Client::ProjectChanged() {
     m_hub.TellProjectChange();
     m_window->Properties().Empty();
     m_raising->ProjectChanged();
+    m_issues->ProjectChanged();
     QStringList names;
     for (const ProjectChoice& choice : m_choices) {
         names << choice.text;
@@ -398,8 +403,9 @@ void Client::EnableCommands() {
     }
     const bool hasProject = m_session.CurrentProject().ppid != 0;
     const PlanIntersection* chosen = m_window->Plan().Canvas().Chosen();
-    for (const Command command : {Command::BimConsole, Command::PdfConsole, Command::IssueConsole,
-                                  Command::Import, Command::Refresh, Command::ImportDrawing}) {
+    for (const Command command :
+         {Command::BimConsole, Command::PdfConsole, Command::IssueConsole, Command::Import,
+          Command::Refresh, Command::ImportDrawing, Command::OpenByCode}) {
         m_window->SetEnabled(command, hasProject);
     }
     const QString whyNot = m_raising->WhyNot();

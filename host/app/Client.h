@@ -28,6 +28,7 @@ class DrawingImport;
 class FloorPlanView;
 class HostSession;
 class ImportFlow;
+class IssueFlow;
 class MainWindow;
 class MarkFlow;
 class PickFlow;
@@ -102,6 +103,7 @@ private:
     std::unique_ptr<PickFlow> m_picks;
     std::unique_ptr<RaiseFlow> m_raising;
     std::unique_ptr<ImportFlow> m_imports;
+    std::unique_ptr<IssueFlow> m_issues;
     std::unique_ptr<MarkFlow> m_marks;
     std::unique_ptr<ReminderFlow> m_reminders;
     std::unique_ptr<DrawingFlow> m_drawings;

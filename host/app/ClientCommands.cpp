@@ -4,6 +4,7 @@
 #include "host/app/DrawingImport.h"
 #include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
+#include "host/app/IssueFlow.h"
 #include "host/app/RaiseFlow.h"
 #include "host/app/ReminderFlow.h"
 #include "host/ui/HelpWindows.h"
@@ -86,6 +87,9 @@ void Client::ObeyHost(Command command) {
         break;
     case Command::RaiseIssue:
         m_raising->Ask();
+        break;
+    case Command::OpenByCode:
+        m_issues->OpenByCode();
         break;
     case Command::PlanFace:
         m_window->ShowDrawingFace(false);

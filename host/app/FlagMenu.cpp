@@ -157,6 +157,26 @@ void FlagMenu::AddIssues(QMenu& target, const MarkFlag& flag) {
     if (count > named) {
         target.addAction(u"另有 %1 个"_s.arg(count - named))->setEnabled(false);
     }
+    if (m_parts.showIssue && named > 0) {
+        AddIssueWindows(target, ppid, {flag.issues.begin(), flag.issues.begin() + named});
+    }
+}
+
+/// One issue needs no menu of its own.
+void FlagMenu::AddIssueWindows(QMenu& target, qint32 ppid, const std::vector<IssueName>& issues) {
+    const QIcon icon = toolkit::Icon(u"info"_s);
+    target.addSeparator();
+    QMenu* below = issues.size() == 1 ? &target : target.addMenu(icon, u"问题信息"_s);
+    below->setToolTipsVisible(true);
+    for (const IssueName& issue : issues) {
+        QAction* action = below->addAction(
+            issues.size() == 1 ? u"问题信息…"_s : MenuText(issue.theme + u"…"_s), &target,
+            [this, ppid, id = issue.questionId] { m_parts.showIssue(ppid, id); });
+        action->setToolTip(toolkit::PlainTip(issue.theme));
+        if (issues.size() == 1) {
+            action->setIcon(icon);
+        }
+    }
 }
 
 void FlagMenu::AddConsole(QMenu& target, const QString& text, const QString& positionKey,

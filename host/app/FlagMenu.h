@@ -6,6 +6,8 @@
 
 #include <QMenu>
 
+#include <functional>
+
 namespace ZelvorNRQ_KXVeskPicture {
 class IKXVeskPicture;
 }
@@ -16,14 +18,16 @@ class HostSession;
 class ObserverHub;
 
 /// Opens a flag's position in the viewer or one of its photos, lists them in the console, has one
-/// edited, locates issues. One flag makes the menu itself, several a menu of menus that are filled
-/// when they open. Thread: user interface.
+/// edited, locates issues and opens their windows. One flag makes the menu itself, several a menu
+/// of menus that are filled when they open. Thread: user interface.
 class FlagMenu final {
 public:
     struct Parts {
         HostSession& session;
         ObserverHub& hub;
         ZelvorNRQ_KXVeskPicture::IKXVeskPicture& pictures;
+        /// Opens the window of an issue; empty: the menu doesn't offer it.
+        std::function<void(qint32 ppid, const QString& questionId)> showIssue = {};
     };
     /// Photos and issues that are named; the rest is counted.
     static constexpr int kMostNamed = 20;
@@ -40,6 +44,7 @@ private:
     void AddPhotos(QMenu& target, const MarkFlag& flag);
     void AddEditing(QMenu& target, qint32 ppid, const std::vector<FlagPhoto>& photos);
     void AddIssues(QMenu& target, const MarkFlag& flag);
+    void AddIssueWindows(QMenu& target, qint32 ppid, const std::vector<IssueName>& issues);
     void AddConsole(QMenu& target, const QString& text, const QString& positionKey, qint32 markId);
     [[nodiscard]] qint32 ProjectOf(const MarkFlag& flag) const;
 

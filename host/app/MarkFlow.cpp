@@ -72,9 +72,7 @@ MarkFlow::MarkFlow(const Parts& flowParts) : m_parts(flowParts) {
     connect(&m_parts.panel, &MarkPanelDock::PageShown, this, &MarkFlow::Read);
     connect(&m_parts.view, &ModelView::FlagOpened, this, &MarkFlow::OpenFlag);
     connect(&m_parts.view, &ModelView::FlagMenuWanted, this,
-            [this](const FlagMenuRequest& request) {
-                FlagMenu({m_parts.session, m_parts.hub, m_parts.pictures}, request).Run();
-            });
+            [this](const FlagMenuRequest& request) { OpenMenu(request); });
     m_keeping.setSingleShot(true);
     m_keeping.setInterval(kKeepDelay);
     connect(&m_keeping, &QTimer::timeout, this, &MarkFlow::Keep);
@@ -354,9 +352,12 @@ void MarkFlow::OpenFlag(const MarkFlag& flag) {
     } else if (flag.issues.size() == 1) {
         m_parts.hub.LocateIssue(ppid, flag.issues.front().questionId);
     } else {
-        FlagMenu({m_parts.session, m_parts.hub, m_parts.pictures}, {{flag}, {}, {}, QCursor::pos()})
-            .Run();
+        OpenMenu({{flag}, {}, {}, QCursor::pos()});
     }
+}
+
+void MarkFlow::OpenMenu(const FlagMenuRequest& request) {
+    FlagMenu({m_parts.session, m_parts.hub, m_parts.pictures, m_parts.showIssue}, request).Run();
 }
 
 } // namespace host

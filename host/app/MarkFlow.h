@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include <functional>
 #include <map>
 #include <memory>
 
@@ -38,6 +39,8 @@ public:
         ObserverHub& hub;
         ZelvorNRQ_KXVeskPicture::IKXVeskPicture& pictures;
         ZelvorNRQ_KXVeskPicture::IKXVeskPicData& pictureData;
+        /// Opens the window of an issue; empty: there is none.
+        std::function<void(qint32 ppid, const QString& questionId)> showIssue = {};
     };
     explicit MarkFlow(const Parts& flowParts);
     ~MarkFlow() override;
@@ -70,6 +73,7 @@ private:
     void Apply(MarkKind kind);
     void OnShownChanged(MarkKind kind, bool on);
     void OpenFlag(const MarkFlag& flag);
+    void OpenMenu(const FlagMenuRequest& request);
     [[nodiscard]] bool IsNeeded(MarkKind kind) const;
     [[nodiscard]] site::PanelFilter FilterOf(MarkKind kind) const;
     [[nodiscard]] std::vector<IssueName> IssuesOf(const QString& group, qint32 markId) const;

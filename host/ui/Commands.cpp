@@ -47,6 +47,13 @@ const std::vector<CommandRow>& CommandTable() {
         {Command::RaiseIssue, console, u"登记问题..."_s, u"issue"_s,
          Qt::CTRL | Qt::SHIFT | Qt::Key_N, u"在当前工程里登记一个新问题：名称、构件、描述和图片"_s,
          u"登记问题"_s, true},
+        {Command::OpenByCode,
+         console,
+         u"按二维码打开问题..."_s,
+         u"search"_s,
+         Qt::CTRL | Qt::Key_O,
+         u"从图片中读取二维码，定位并打开它的问题"_s,
+         {}},
         {Command::PlacePhotos,
          console,
          u"所选轴线交点的照片"_s,
@@ -134,6 +141,9 @@ Ctrl+L	显示或隐藏操作记录
 Enter	平面图：打开所选交点的标识；没有标识时列出其照片
 菜单键	平面图：所选交点的标识和照片
 PageUp / PageDown	平面图：切换楼层
+方向键、空格	选择构件：移到相邻的构件，选中它
+Ctrl+单击、Ctrl+空格	选择构件：加选或取消一个
+Enter / Esc	选择构件：完成 / 取消
 Esc	平面图：关闭卡片，放弃选择
 方向键、+、-、0	图纸：移动、放大、缩小、显示整张
 Ctrl+左、Ctrl+右	图纸：上一个、下一个检查点

@@ -18,6 +18,7 @@ enum class Command {
     PdfConsole,
     IssueConsole,
     RaiseIssue,
+    OpenByCode,    ///< the issue of a QR code in a picture
     PlacePhotos,   ///< photos of the chosen intersection
     FloorIssues,   ///< issues of the shown floor
     DrawingPhotos, ///< photos of the current drawing

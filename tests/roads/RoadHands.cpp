@@ -38,19 +38,25 @@ bool IsNear(QRgb one, QRgb other) {
            std::abs(qBlue(one) - qBlue(other)) <= kJpegLoss;
 }
 
-QPoint FlagPlace(const host::FloorPlanCanvas& plan, const QString& key, qint32 markId) {
+template <class Wanted> QPoint PlaceOf(const host::FloorPlanCanvas& plan, const Wanted& wanted) {
     for (const host::FlagBox& box : plan.FlagsLayout().boxes) {
-        if (box.flag < 0) {
-            continue;
-        }
-        const host::MarkFlag& flag = plan.Flags()[size_t(box.flag)].flag;
-        if (flag.kind == host::MarkKind::Photos && flag.positionKey == key &&
-            flag.markId == markId) {
+        if (box.flag >= 0 && wanted(plan.Flags()[size_t(box.flag)].flag)) {
             return box.rect.center().toPoint();
         }
     }
     ADD_FAILURE() << "no such flag";
     return {-1, -1};
+}
+
+QPoint FlagPlace(const host::FloorPlanCanvas& plan, const QString& key, qint32 markId) {
+    return PlaceOf(plan, [&](const host::MarkFlag& flag) {
+        return flag.kind == host::MarkKind::Photos && flag.positionKey == key &&
+               flag.markId == markId;
+    });
+}
+
+bool IsIssueFlag(const host::MarkFlag& flag, qint32 markId) {
+    return flag.kind == host::MarkKind::Issues && flag.markId == markId;
 }
 
 /// Null while it isn't open.
@@ -74,6 +80,26 @@ void PickFrom(QMenu* menu, const QString& entry) {
     }
     ADD_FAILURE() << "no such entry: " << entry.toStdString();
     menu->close();
+}
+
+/// Opens the menu of what lies there and chooses in it.
+void ChooseAt(host::FloorPlanCanvas& plan, const QPoint& place, const QString& entry,
+              const std::function<void()>& meanwhile) {
+    // The menu holds the click that opens it.
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        QMenu* menu = FlagMenuInSight();
+        if (menu == nullptr) {
+            return;
+        }
+        look.stop();
+        if (meanwhile) {
+            meanwhile();
+        }
+        PickFrom(menu, entry);
+    });
+    look.start(kLookAgainMs);
+    EXPECT_TRUE(WaitFor([&] { return hands::ClickAt(&plan, place, Qt::RightButton); }));
 }
 
 } // namespace
@@ -132,22 +158,22 @@ void ClickFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId) {
 
 void ChooseOfFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId,
                   const QString& entry, const std::function<void()>& meanwhile) {
-    // The menu holds the click that opens it.
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, [&] {
-        QMenu* menu = FlagMenuInSight();
-        if (menu == nullptr) {
-            return;
+    ChooseAt(plan, FlagPlace(plan, key, markId), entry, meanwhile);
+}
+
+host::MarkFlag IssueFlag(const host::FloorPlanCanvas& plan, qint32 markId) {
+    for (const host::PlacedFlag& placed : plan.Flags()) {
+        if (IsIssueFlag(placed.flag, markId)) {
+            return placed.flag;
         }
-        look.stop();
-        if (meanwhile) {
-            meanwhile();
-        }
-        PickFrom(menu, entry);
-    });
-    look.start(kLookAgainMs);
-    EXPECT_TRUE(WaitFor(
-        [&] { return hands::ClickAt(&plan, FlagPlace(plan, key, markId), Qt::RightButton); }));
+    }
+    return {};
+}
+
+void ChooseOfIssueFlag(host::FloorPlanCanvas& plan, qint32 markId, const QString& entry) {
+    ChooseAt(plan,
+             PlaceOf(plan, [&](const host::MarkFlag& flag) { return IsIssueFlag(flag, markId); }),
+             entry, {});
 }
 
 QWidget* Viewer() {

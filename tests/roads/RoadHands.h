@@ -41,6 +41,11 @@ void ClickFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId);
 void ChooseOfFlag(host::FloorPlanCanvas& plan, const QString& key, qint32 markId,
                   const QString& entry, const std::function<void()>& meanwhile = {});
 
+/// The flag of issues of a mark on the shown floor; count 0: there is none.
+[[nodiscard]] host::MarkFlag IssueFlag(const host::FloorPlanCanvas& plan, qint32 markId);
+/// As ChooseOfFlag.
+void ChooseOfIssueFlag(host::FloorPlanCanvas& plan, qint32 markId, const QString& entry);
+
 /// The photo viewer's window; null while there is none.
 [[nodiscard]] QWidget* Viewer();
 [[nodiscard]] QString ViewerTitle();
