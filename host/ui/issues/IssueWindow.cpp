@@ -47,8 +47,8 @@ QLabel* MakeText(const QString& name, QWidget* parent) {
     return label;
 }
 
-QPushButton* MakeButton(const QString& name, const QString& icon, const QString& text,
-                        const QString& tip, QWidget* parent) {
+QPushButton* MakeSideButton(const QString& name, const QString& icon, const QString& text,
+                            const QString& tip, QWidget* parent) {
     auto* button = new QPushButton(text, parent);
     if (!icon.isEmpty()) {
         button->setIcon(toolkit::Icon(icon));
@@ -127,11 +127,11 @@ QWidget* IssueWindow::MakeCodeSide() {
     m_code->setFixedSize(kCodeSide, kCodeSide);
     m_codeNote = MakeText(u"issueCodeNote"_s, side);
     m_codeNote->setForegroundRole(QPalette::PlaceholderText);
-    m_copy = MakeButton(u"issueCopyCode"_s, u"copy"_s, u"复制"_s,
-                        u"把二维码复制到剪贴板，可粘贴到文档中（Alt+C）"_s, side);
+    m_copy = MakeSideButton(u"issueCopyCode"_s, u"copy"_s, u"复制"_s,
+                            u"把二维码复制到剪贴板，可粘贴到文档中（Alt+C）"_s, side);
     m_copy->setShortcut(Qt::ALT | Qt::Key_C);
-    m_save = MakeButton(u"issueSaveCode"_s, u"download"_s, u"保存…"_s,
-                        u"把二维码保存为 PNG 图片（Ctrl+S）"_s, side);
+    m_save = MakeSideButton(u"issueSaveCode"_s, u"download"_s, u"保存…"_s,
+                            u"把二维码保存为 PNG 图片（Ctrl+S）"_s, side);
     m_save->setShortcut(QKeySequence::Save);
     connect(m_copy, &QPushButton::clicked, this, &IssueWindow::CopyCode);
     connect(m_save, &QPushButton::clicked, this, &IssueWindow::SaveCode);
@@ -171,10 +171,10 @@ QWidget* IssueWindow::MakeHistory() {
 
 QWidget* IssueWindow::MakeIssueButtons() {
     auto* row = new QWidget(this);
-    m_view = MakeButton(u"issueView"_s, u"preview"_s, u"查看问题"_s,
-                        u"在平面图上定位这个问题并打开它（Alt+V）"_s, row);
+    m_view = MakeSideButton(u"issueView"_s, u"preview"_s, u"查看问题"_s,
+                            u"在平面图上定位这个问题并打开它（Alt+V）"_s, row);
     m_view->setShortcut(Qt::ALT | Qt::Key_V);
-    auto* close = MakeButton(u"issueClose"_s, {}, u"关闭"_s, u"关闭问题信息（Esc）"_s, row);
+    auto* close = MakeSideButton(u"issueClose"_s, {}, u"关闭"_s, u"关闭问题信息（Esc）"_s, row);
     connect(m_view, &QPushButton::clicked, this, &IssueWindow::ViewerWanted);
     connect(close, &QPushButton::clicked, this, &QDialog::close);
     const int width = std::max(m_view->sizeHint().width(), close->sizeHint().width());
