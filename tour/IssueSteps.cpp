@@ -2,14 +2,17 @@
 #include "hands/Hands.h"
 #include "host/services/ServiceSet.h"
 #include "host/ui/pick/PickCanvas.h"
+#include "host/ui/plan/FloorPlanCanvas.h"
 #include "tour/ConsoleEyes.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 #include "tour/TourScript.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QImage>
+#include <QMenu>
 #include <QPixmap>
 #include <QPushButton>
 #include <QTabBar>
@@ -157,12 +160,51 @@ void WriteEditing(TourScript& script) {
         [] { return Console() == nullptr; });
 }
 
+host::FloorPlanCanvas* IssuePlan() {
+    return Find<host::FloorPlanCanvas>(kMain, u"floorPlanCanvas"_s);
+}
+
+/// A flag of one issue alone; a null point: there is none in sight.
+QPoint SingleIssueFlag() {
+    const host::FloorPlanCanvas* plan = IssuePlan();
+    for (const host::FlagBox& box : plan->FlagsLayout().boxes) {
+        const bool isAlone = box.flag >= 0;
+        if (isAlone && plan->Flags()[size_t(box.flag)].flag.kind == host::MarkKind::Issues) {
+            return box.rect.center().toPoint();
+        }
+    }
+    return {};
+}
+
+QMenu* MenuOfIssue() {
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+void WriteCode(TourScript& script) {
+    script.Do(
+        u"在问题的标识上单击右键"_s,
+        [] {
+            const QPoint flag = SingleIssueFlag();
+            return !flag.isNull() && hands::ClickAt(IssuePlan(), flag, Qt::RightButton);
+        },
+        [] { return MenuOfIssue() != nullptr; });
+    script.Do(
+        u"单击“问题信息…”：二维码和修改记录"_s,
+        [] { return hands::ClickInMenu(MenuOfIssue(), u"问题信息…"_s); },
+        [] { return FindWindow(kIssueWindow) != nullptr; });
+    script.Picture(kIssueWindow, u"issue-code"_s);
+    script.Do(
+        u"关闭问题信息"_s, [] { return hands::CloseWindow(FindWindow(kIssueWindow)); },
+        [] { return FindWindow(kIssueWindow) == nullptr; });
+}
+
 } // namespace
 
 void WriteIssueWindows(TourScript& script, const TourPlaces& places) {
     WriteIssue(script);
     WriteUpload(script, places.downloadFolder);
     WriteEditing(script);
+    WriteCode(script);
 }
 
 } // namespace tour

@@ -161,7 +161,8 @@ bool TNQuestionMng::AddRectifyPics(qint32 kind, const KX_DATA::RectifyRecord& re
         try {
             RequireKind(kind, KX_DATA::kRectifyPicKind);
             const SessionDesk::Acting who = desk->WhoActs();
-            RequireFound(filing.AddRectifyPics(who.ppids, record.questionId, pics,
+            // Pictures uploaded while the project was changed are the all the same.
+            RequireFound(filing.AddRectifyPics(who.everOpen, record.questionId, pics,
                                                {who.person, toolkit::Clock().NowSeconds()}, limits),
                          u"TN问题"_s);
             added = true;

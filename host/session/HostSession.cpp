@@ -91,7 +91,7 @@ void HostSession::ForgetShown() {
 }
 
 void HostSession::TellWhoActs() {
-    m_desk->SetActing({m_user, OpenPpids()});
+    m_desk->SetActing(m_user, OpenPpids());
 }
 
 void HostSession::SetProject(const site::ProjectEntry& project) {

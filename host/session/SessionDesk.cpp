@@ -2,8 +2,9 @@
 
 #include "site/DataError.h"
 #include "site/IClientFolders.h"
-
 #include <QDebug>
+
+#include <algorithm>
 
 namespace host {
 
@@ -104,9 +105,18 @@ SessionDesk::Acting SessionDesk::WhoActs() const {
     return m_acting;
 }
 
-void SessionDesk::SetActing(Acting acting) {
+void SessionDesk::SetActing(const QString& person, const site::Projects& ppids) {
     const std::lock_guard lock(m_lock);
-    m_acting = std::move(acting);
+    if (person != m_acting.person) {
+        m_acting.everOpen.clear();
+    }
+    m_acting.person = person;
+    m_acting.ppids = ppids;
+    for (const qint32 ppid : ppids) {
+        if (std::ranges::find(m_acting.everOpen, ppid) == m_acting.everOpen.end()) {
+            m_acting.everOpen.push_back(ppid);
+        }
+    }
 }
 
 std::optional<KX_DATA::ProjectRecord> SessionDesk::Project() const {

@@ -73,9 +73,12 @@ public:
     struct Acting {
         QString person;
         site::Projects ppids;
+        /// Those and what the person worked on before, since the site was opened: what began there
+        /// comes to its end there.
+        site::Projects everOpen;
     };
     [[nodiscard]] Acting WhoActs() const;
-    void SetActing(Acting acting);
+    void SetActing(const QString& person, const site::Projects& ppids);
 
     /// A copy of the session's open project; nothing while none is open.
     [[nodiscard]] std::optional<KX_DATA::ProjectRecord> Project() const;
