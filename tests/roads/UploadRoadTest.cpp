@@ -64,7 +64,7 @@ protected:
         QDir(folder.Path()).mkpath(u"from"_s);
         const QString path = folder.Path(u"from/"_s + name);
         QImage image(64, 48, QImage::Format_RGB32);
-        image.fill(qHash(name));
+        image.fill(Qt::darkCyan);
         EXPECT_TRUE(image.save(path, "JPG"));
         return path;
     }
