@@ -81,20 +81,12 @@ set(VESK_TEST_ENVIRONMENT
   "TSAN_OPTIONS=ignore_noninstrumented_modules=1 halt_on_error=1 die_after_fork=0 intercept_tls_get_addr=0"
   ASAN_OPTIONS=detect_leaks=1:intercept_tls_get_addr=0)
 
-# A program whose leaks are looked for at its end looks when its threads have ended.
-function(vesk_wait_for_last_threads name)
-  if(VESK_SANITIZE STREQUAL "address")
-    target_sources(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests/support/LastThreads.cpp)
-  endif()
-endfunction()
-
 # vesk_test(NAME SOURCES... LINK libraries... [LABELS labels...]): one GoogleTest program, run
 # without a display; the label "threads" takes it into the thread sanitizer's run.
 function(vesk_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK;LABELS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gmock)
-  vesk_wait_for_last_threads(${name})
   # The module that a test loads finds the services' factories in the program.
   set_target_properties(${name} PROPERTIES ENABLE_EXPORTS ON)
   add_test(NAME ${name} COMMAND ${name})
