@@ -3,6 +3,7 @@
 
 #include "frame/KXVeskPictureImpl.h"
 #include "reminder/popups/MsgDlgLayout.h"
+#include "tests/support/AnsweredPrompts.h"
 #include "tests/support/Hands.h"
 #include "tests/support/RecordingSinks.h"
 #include "tests/support/ScriptedHost.h"
@@ -177,6 +178,9 @@ TEST_F(Popups, TheButtonOfAnOlderOneGoesByTheKindOfTheNewest) {
     Show(Record(u"甲"_s), kPicPopup);
     Show(Record(u"漏水"_s), kIssuePopup);
     host.Log().Clear();
+    // The photo's record names no issue that could be opened.
+    support::AnsweredPrompts prompts;
+    prompts.ExpectMessage(u"获取问题详细信息失败!"_s);
     Look(ToastsInSight()[0]);
     EXPECT_THAT(host.Log().LinesOf({"SelectPictureMark", "LocateIssue"}),
                 ElementsAre("LocateIssue(id=q-甲)"))
