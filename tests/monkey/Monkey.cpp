@@ -4,7 +4,9 @@
 #include "tests/monkey/Targets.h"
 #include "tests/monkey/Watchdog.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QMessageBox>
 #include <QTimer>
 #include <QWidget>
 
@@ -18,6 +20,12 @@ constexpr int kPaceMs = 2;
 constexpr int kLeavePaceMs = 20;
 constexpr int kLeaveMs = 60'000;
 constexpr int kMostWaitMs = 400;
+
+/// Of the question that is open: who closes a box says no, and is asked again for ever.
+QAbstractButton* YesButton() {
+    const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    return box == nullptr ? nullptr : box->button(QMessageBox::Yes);
+}
 
 } // namespace
 
@@ -70,6 +78,8 @@ void Monkey::Leave() {
     }
     if (QWidget* popup = QApplication::activePopupWidget()) {
         popup->close();
+    } else if (QAbstractButton* yes = YesButton()) {
+        yes->click();
     } else if (QWidget* modal = QApplication::activeModalWidget()) {
         modal->close();
     } else if (QWidget* client = ClientWindow()) {
