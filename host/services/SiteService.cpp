@@ -8,10 +8,25 @@ using namespace Qt::StringLiterals;
 
 Q_LOGGING_CATEGORY(serviceLog, "host.services")
 
+namespace {
+
+/// What happens where several people work: it is told, and nothing is wrong with site or client.
+bool IsOrdinary(const site::DataError* fault) {
+    return fault != nullptr && (fault->GetFault() == site::Fault::Missing ||
+                                fault->GetFault() == site::Fault::Refused ||
+                                fault->GetFault() == site::Fault::Cancelled);
+}
+
+} // namespace
+
 void SiteService::ReportFault(SessionDesk& desk, const QString& what,
                               const std::exception& fault) const {
-    qCWarning(serviceLog, "%s: %s", qUtf8Printable(what), fault.what());
     const auto* known = dynamic_cast<const site::DataError*>(&fault);
+    if (IsOrdinary(known)) {
+        qCInfo(serviceLog, "%s: %s", qUtf8Printable(what), fault.what());
+    } else {
+        qCWarning(serviceLog, "%s: %s", qUtf8Printable(what), fault.what());
+    }
     const QString reason =
         known != nullptr ? known->Text() : site::FaultText(site::Fault::Other, {});
     m_surroundings.NoteRefusal(reason);

@@ -85,7 +85,8 @@ protected:
         });
     }
 
-    /// To log and message bar; what services said last. Thread: any.
+    /// To log, as a warning only if somebody ought to look into it, and message bar; what services
+    /// said last. Thread: any.
     void ReportFault(SessionDesk& desk, const QString& what, const std::exception& fault) const;
     [[nodiscard]] static QString NotOpenText() { return QStringLiteral("没有打开数据文件夹。"); }
 

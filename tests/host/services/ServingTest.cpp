@@ -7,12 +7,14 @@
 #include "services/IKXSysMng.h"
 #include "services/IKXView.h"
 #include "services/IProjCacheMng.h"
+#include "services/ITNQuestionMng.h"
 #include "services/IVeskPicMng.h"
 #include "services/RichTextRecords.h"
 #include "site/IBimPhotos.h"
 #include "site/ICatalogue.h"
 #include "site/IChanges.h"
 #include "site/IIntake.h"
+#include "site/sqlite/Database.h"
 #include "tests/host/services/ServiceSite.h"
 #include "tests/support/EngineFolder.h"
 #include "toolkit/Clock.h"
@@ -54,15 +56,25 @@ namespace {
 /// What is written to the log while it lives.
 class LogLines final {
 public:
-    LogLines() : m_before(qInstallMessageHandler(&LogLines::Take)) { lines.clear(); }
+    LogLines() : m_before(qInstallMessageHandler(&LogLines::Take)) {
+        lines.clear();
+        warnings.clear();
+    }
     ~LogLines() { qInstallMessageHandler(m_before); }
     LogLines(const LogLines&) = delete;
     LogLines& operator=(const LogLines&) = delete;
 
     static inline QStringList lines;
+    static inline QStringList warnings; ///< those of them that somebody ought to look into
 
 private:
-    static void Take(QtMsgType, const QMessageLogContext&, const QString& text) { lines << text; }
+    static void Take(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+        Q_UNUSED(context);
+        lines << text;
+        if (type == QtWarningMsg || type == QtCriticalMsg) {
+            warnings << text;
+        }
+    }
 
     QtMessageHandler m_before;
 };
@@ -78,6 +90,25 @@ TEST(Serving, WithoutASessionTheLogNamesTheFolderThatWasAskedFor) {
     ASSERT_EQ(LogLines::lines.size(), 2);
     EXPECT_TRUE(LogLines::lines[0].contains(u"读取照片文件夹"_s));
     EXPECT_TRUE(LogLines::lines[1].contains(u"读取缩略图文件夹"_s));
+}
+
+TEST(Serving, WhatAnotherPersonDeletedIsToldAndIsNoWarningInTheLog) {
+    ServiceSite site;
+    const LogLines log;
+    EXPECT_FALSE(GetTNQuestionMng()->DeletePics(KX_DATA::kIssuePicKind, {u"gone"_s}));
+    EXPECT_TRUE(site.messages.back().contains(u"可能已被他人删除"_s));
+    EXPECT_TRUE(LogLines::lines.join(u'\n').contains(u"可能已被他人删除"_s));
+    EXPECT_EQ(LogLines::warnings, QStringList());
+}
+
+TEST(Serving, AFaultOfTheDataIsAWarningInTheLog) {
+    ServiceSite site;
+    support::FolderOf(site.session).Db().Exec(u"DROP TABLE bim_tally"_s);
+    const LogLines log;
+    KX_DATA::PageResult result;
+    std::vector<KX_DATA::BimPicRow> rows;
+    EXPECT_EQ(GetVeskPicMng()->QueryBimPics(site.Filter(), {}, result, rows), 0);
+    EXPECT_FALSE(LogLines::warnings.isEmpty());
 }
 
 TEST(Serving, WithoutASessionTheServicesAnswerWithFailures) {
