@@ -20,7 +20,7 @@ void PictureStage::Clear() {
     m_bigIndex = -1;
     m_waiting.reset();
     m_travel = 1;
-    m_jumped = false;
+    m_jumped = true;
 }
 
 void PictureStage::Expire() {
@@ -125,7 +125,7 @@ void PictureStage::Repaint() {
 }
 
 void PictureStage::LookAhead() {
-    // A jump has the decoders to itself; of a step the next one is as likely.
+    // A jump and an opening have the decoders to themselves; of a step the next one is as likely.
     if (m_surface.IsShown() && (m_big.IsFresh() || !m_jumped)) {
         m_pictures.LookAhead(m_state, m_travel, m_surface.Ratio(), m_surface.Window());
     }

@@ -72,8 +72,8 @@ private:
     int m_bigIndex = -1;                 ///< item whose picture `m_big` holds
     std::optional<SlideScene> m_waiting; ///< a slide whose new picture isn't there yet
     SlideRunner m_slides;
-    int m_travel = 1;      ///< direction in which the user steps
-    bool m_jumped = false; ///< to where nobody could foresee
+    int m_travel = 1;     ///< direction in which the user steps
+    bool m_jumped = true; ///< to where nobody could foresee, as the first picture is
 };
 
 } // namespace gallery

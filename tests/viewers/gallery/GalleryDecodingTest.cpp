@@ -318,6 +318,20 @@ TEST_F(GalleryDecoding, AJumpHasTheDecodersToItselfAndLooksAheadWhenItShows) {
     EXPECT_TRUE(support::WaitFor([this] { return Contained("d013 big"); }));
 }
 
+TEST_F(GalleryDecoding, TheFirstPictureHasTheDecodersToItselfAndLooksAheadWhenItShows) {
+    Open();
+    HoldAllDecoders();
+    SetItems(OnDisk(30));
+    const auto behind = HandIn(gallery::Urgency::Ahead);
+    notes.LetGo();
+    // No event is handled until this is done: the picture can't show.
+    static_cast<void>(behind->Await());
+    EXPECT_TRUE(Contained("d000 big"));
+    EXPECT_FALSE(Contained("d001 big"));
+    Rest();
+    EXPECT_TRUE(support::WaitFor([this] { return Contained("d001 big"); }));
+}
+
 TEST_F(GalleryDecoding, AStepLooksAheadBesideItsPicture) {
     Open();
     SetItems(OnDisk(30));
