@@ -8,6 +8,7 @@
 #include "services/Factories.h"
 #include "services/IKXAuthMng.h"
 #include "services/IVeskPicMng.h"
+#include "toolkit/Look.h"
 #include "toolkit/controls/TextLimit.h"
 #include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WaitCursor.h"
@@ -80,7 +81,7 @@ void CBimPicEditDlg::Open() {
 }
 
 void CBimPicEditDlg::ShowTexts() {
-    Widget()->setWindowTitle(EditTitle(m_edit));
+    Widget()->setWindowTitle(toolkit::PlainTitle(EditTitle(m_edit)));
     m_form->picNameEdit->setText(m_edit.picName);
     m_form->picNameEdit->setCursorPosition(0);
     m_form->extensionText->setText(m_edit.extension);

@@ -262,7 +262,8 @@ void CTNPicChangeViewDlg::EndUpload() {
         Widget()->window()->raise();
         Widget()->window()->activateWindow();
     }
-    Enable(m_uploadButton, MayChange());
+    // Whatever the rights are by now; required as is.
+    Enable(m_uploadButton, true);
 }
 
 void CTNPicChangeViewDlg::OnComplete() {

@@ -125,7 +125,7 @@ void CTNPicEditDlg::FillControls() {
     if (!still) {
         return;
     }
-    Widget()->setWindowTitle(u"编辑问题-"_s + question.questionName);
+    Widget()->setWindowTitle(toolkit::PlainTitle(u"编辑问题-"_s + question.questionName));
     FillMarks();
     if (!still) {
         return;

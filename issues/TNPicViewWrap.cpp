@@ -10,6 +10,7 @@
 #include "services/IKXView.h"
 #include "services/ITNQuestionMng.h"
 #include "toolkit/KXTools.h"
+#include "toolkit/Look.h"
 #include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WaitCursor.h"
 #include "toolkit/windows/WindowPlace.h"
@@ -160,7 +161,7 @@ void CTNPicViewWrap::OnTabChanged(int tab) {
 
 void CTNPicViewWrap::ShowTitleAndReport() {
     m_reportButton->setEnabled(!GetKXGlobalData()->IsWorksetMode() && readOnly == 0);
-    Widget()->setWindowTitle(question.questionName);
+    Widget()->setWindowTitle(toolkit::PlainTitle(question.questionName));
 }
 
 void CTNPicViewWrap::Refresh() {

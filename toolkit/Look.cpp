@@ -187,6 +187,10 @@ QString PlainTip(const QString& text) {
     return u"<span>%1</span>"_s.arg(escaped);
 }
 
+QString PlainTitle(QString text) {
+    return text.replace(u"[*]"_s, u"[*][*]"_s);
+}
+
 QFont UiFont(int pixelHeight) {
     static const QStringList faces = InstalledFaces();
     QFont font = QGuiApplication::font();

@@ -39,6 +39,8 @@ struct TOOLKIT_EXPORT Colors {
 /// A text for setToolTip and QToolTip that shows as it stands, whatever it looks like, and wraps
 /// when it is long.
 [[nodiscard]] TOOLKIT_EXPORT QString PlainTip(const QString& text);
+/// A text for setWindowTitle that shows as it stands: "[*]" means something else there.
+[[nodiscard]] TOOLKIT_EXPORT QString PlainTitle(QString text);
 
 /// Base step of all distances, device-independent pixels.
 inline constexpr int kStep = 4;

@@ -103,7 +103,7 @@ void CBimPicViewDlg::ShowItem(int index) {
     m_block.ShowTexts(texts);
     m_note.ShowNote();
     const QString title = gallery::BimViewTitle(item.name, index, int(items.size()));
-    Widget()->setWindowTitle(title);
+    Widget()->setWindowTitle(toolkit::PlainTitle(title));
     if (titleNotify != nullptr) {
         titleNotify->OnTitleChanged(title);
     }

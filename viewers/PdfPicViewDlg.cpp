@@ -12,6 +12,7 @@
 #include "services/IKXPathMng.h"
 #include "services/IPDFDrawingMng.h"
 #include "services/IVeskPicMng.h"
+#include "toolkit/Look.h"
 #include "toolkit/windows/Prompts.h"
 #include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WaitCursor.h"
@@ -169,7 +170,7 @@ void CPdfPicViewDlg::ShowItem(int index) {
     m_texts.ShowPicture(item);
     const QString title =
         gallery::DrawingViewTitle(record.checkpointNo, item.name, index, int(items.size()));
-    Widget()->setWindowTitle(title);
+    Widget()->setWindowTitle(toolkit::PlainTitle(title));
     if (wrap != nullptr) {
         wrap->ShowTitle(title);
     }

@@ -2,6 +2,7 @@
 
 #include "base/FacadeAccess.h"
 #include "base/MissingDialogs.h"
+#include "toolkit/Look.h"
 
 #include <utility>
 
@@ -18,7 +19,7 @@ void CReportViewWrap::ShowTitle(const QString& title) {
     if (!HasWindow()) {
         return;
     }
-    Widget()->setWindowTitle(title);
+    Widget()->setWindowTitle(toolkit::PlainTitle(title));
     LayoutWrap();
 }
 

@@ -211,6 +211,14 @@ TEST_F(RectifyUploadTest, RecordsThatTheServiceRefusesAreNotShown) {
     EXPECT_EQ(Uuids(Rectify()).size(), 2U);
 }
 
+TEST_F(RectifyUploadTest, AfterAFailureUploadingIsEnabledWhateverTheRightsAreByThen) {
+    ASSERT_TRUE(OpenRectify());
+    host.script.FailAlways("UploadFile");
+    host.global.worksetMode = true;
+    PickAndWait({Jpeg(u"a.jpg"_s)}, u"上传失败!"_s);
+    EXPECT_TRUE(Rectify().UploadButton()->isEnabled());
+}
+
 TEST_F(RectifyUploadTest, WhileItRunsTheWindowIsInUseAndOnlyTheUploadIsDisabled) {
     ASSERT_TRUE(OpenRectify());
     HoldFirstUpload();

@@ -119,7 +119,7 @@ void CBCGPPopupWindow::CreatePopup(toolkit::WindowId owner, const MakeDialog& ma
 void CBCGPPopupWindow::SetWindowText(const QString& caption) {
     m_caption = caption;
     if (HasWindow()) {
-        Widget()->setWindowTitle(caption);
+        Widget()->setWindowTitle(toolkit::PlainTitle(caption));
         Widget()->findChild<QLabel*>(u"captionText"_s)->setText(caption);
     }
 }
@@ -156,7 +156,7 @@ bool CBCGPPopupWindow::IsOver() const {
 QWidget* CBCGPPopupWindow::MakeWindow(QWidget* parent) {
     auto* frame = new ToastFrame(parent);
     frame->setObjectName(u"popupWindow"_s);
-    frame->setWindowTitle(m_caption);
+    frame->setWindowTitle(toolkit::PlainTitle(m_caption));
     auto* column = new QVBoxLayout(frame);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);

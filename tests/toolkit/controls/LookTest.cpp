@@ -16,6 +16,7 @@
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTextDocument>
+#include <QWindow>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
@@ -127,6 +128,15 @@ TEST(Look, FaceIsTwelvePixelsAndWindowsNamesLeadToAnInstalledOne) {
     const QString family = QFontInfo(toolkit::UiFont()).family();
     for (const QString& name : {u"宋体"_s, u"SimSun"_s, u"微软雅黑"_s, u"Microsoft YaHei"_s}) {
         EXPECT_EQ(QFontInfo(QFont(name, 12)).family(), family) << name.toStdString();
+    }
+}
+
+TEST(Look, ATitleShowsAsItStandsWhateverItLooksLike) {
+    QWidget window;
+    for (const QString& title : {u"外墙"_s, u"外墙[*]渗漏"_s, u"[*][*]"_s}) {
+        window.setWindowTitle(toolkit::PlainTitle(title));
+        window.show();
+        EXPECT_EQ(window.windowHandle()->title(), title);
     }
 }
 
