@@ -15,8 +15,6 @@ QString NameOf(MissingDialog dialog) {
     switch (dialog) {
     case MissingDialog::ConsolePicViewer:
         return u"照片预览"_s;
-    case MissingDialog::RectifyEditor:
-        return u"整改编辑"_s;
     case MissingDialog::Report:
         return u"输出报告"_s;
     }

@@ -8,7 +8,6 @@ namespace ZelvorNRQ_KXVeskPicture {
 /// comes.
 enum class MissingDialog {
     ConsolePicViewer,
-    RectifyEditor,
     Report,
 };
 

@@ -1,8 +1,8 @@
 #include "issues/TNPicChangeViewDlg.h"
 
-#include "base/MissingDialogs.h"
 #include "base/OpenProject.h"
 #include "issues/RectifyUpload.h"
+#include "issues/TNRectityEditDlg.h"
 #include "services/Factories.h"
 #include "services/IConvertProjStateTool.h"
 #include "services/IKXAuthMng.h"
@@ -321,6 +321,12 @@ void CTNPicChangeViewDlg::RemovePicture(const QString& picId) {
 }
 
 void CTNPicChangeViewDlg::Edit() {
-    static_cast<void>(ZelvorNRQ_KXVeskPicture::AnswerAsCancelled(
-        ZelvorNRQ_KXVeskPicture::MissingDialog::RectifyEditor));
+    const auto isSame = SameRecord();
+    CTNRectityEditDlg editor(rectify);
+    if (editor.DoModal(Id()) != DialogResult::Ok || !isSame()) {
+        return;
+    }
+    rectify = editor.Rectify();
+    rectify.rectifierName = LoginName();
+    ShowRectifyText();
 }

@@ -39,7 +39,6 @@ TEST(MissingDialogs, EachIsToldByItsName) {
     QStringList told;
     toolkit::SetNoticeSink([&](const QString& text) { told << text; });
     for (const auto& [dialog, name] : {std::pair(MissingDialog::ConsolePicViewer, u"照片预览"_s),
-                                       std::pair(MissingDialog::RectifyEditor, u"整改编辑"_s),
                                        std::pair(MissingDialog::Report, u"输出报告"_s)}) {
         told.clear();
         EXPECT_FALSE(AnswerAsCancelled(dialog));
@@ -59,7 +58,7 @@ TEST(MissingDialogs, WithoutASinkNobodyIsTold) {
     toolkit::SetNoticeSink([&](const QString& text) { told << text; });
     (void)AnswerAsCancelled(MissingDialog::ConsolePicViewer);
     toolkit::SetNoticeSink({});
-    (void)AnswerAsCancelled(MissingDialog::RectifyEditor);
+    (void)AnswerAsCancelled(MissingDialog::Report);
     EXPECT_EQ(told, QStringList{u"此版本尚不提供“照片预览”，请等待后续版本。"_s});
     SetLogFilePath(QString());
 }

@@ -121,10 +121,3 @@ TEST_F(RectifyPageTest, ADeletionThatIsDeclinedAsksNoService) {
     Delete(false);
     EXPECT_EQ(Log().CountOf("DeleteRectifyPics"), 0);
 }
-
-TEST_F(RectifyPageTest, TheEditorOfTheRectificationComesLater) {
-    ASSERT_TRUE(OpenRectify());
-    support::Click(Rectify().EditButton());
-    EXPECT_TRUE(ModuleLog().contains(u"整改编辑"_s));
-    EXPECT_EQ(Rectify().Rectify().rectifierName, u"王五");
-}
