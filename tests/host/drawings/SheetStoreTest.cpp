@@ -98,6 +98,19 @@ TEST_F(StoreTest, WhatCannotBeShownIsBrokenWithItsReasonUntilTheNext) {
     EXPECT_TRUE(store.Pages().empty());
 }
 
+TEST_F(StoreTest, AStateThatIsThereAlreadyIsNotToldAgain) {
+    SheetStore store;
+    int told = 0;
+    QObject::connect(&store, &SheetStore::StateChanged, [&told] { ++told; });
+    store.Close();
+    EXPECT_EQ(told, 0) << "it was empty";
+    store.Break(DrawingFault::Missing);
+    const int first = told;
+    EXPECT_GT(first, 0);
+    store.Break(DrawingFault::Encrypted);
+    EXPECT_GT(told, first) << "another reason";
+}
+
 TEST_F(StoreTest, ADocumentThatStallsWhileItIsLookedAtIsBroken) {
     SheetStore store({{}, 500});
     ASSERT_TRUE(Opens(store, drawingtest::EndlessPdf()));

@@ -126,6 +126,36 @@ TEST_F(SheetOnTheScreen, AnotherPageIsRenderedAsItIsShown) {
     EXPECT_EQ(canvas.grab().toImage().pixel(PixelOf(0.4, 0.9)), qRgb(0, 0, 0));
 }
 
+TEST_F(SheetOnTheScreen, AnotherPageIsShownWholeAndNoFlagOfTheOneBeforeStaysChosen) {
+    OpenTwoPages();
+    QTest::keyClick(&canvas, Qt::Key_Down, Qt::ControlModifier);
+    canvas.Zoom(4);
+    canvas.ShowPage(1);
+    EXPECT_EQ(canvas.View(), FitSheet(kSheet, canvas.size()));
+    QTest::keyClick(&canvas, Qt::Key_Return);
+    EXPECT_TRUE(opened.empty());
+    canvas.Zoom(4);
+    const SheetView view = canvas.View();
+    canvas.ShowPage(1);
+    canvas.ShowPage(2);
+    canvas.ShowPage(-1);
+    EXPECT_EQ(canvas.View(), view) << "the same page, and none at all";
+    EXPECT_EQ(canvas.Page(), 1);
+}
+
+TEST_F(SheetOnTheScreen, AFlagUnderTheMouseIsNotSetOffOnAnotherPageThatHasOneOfItsPlace) {
+    canvas.SetFlags(
+        {{11, 1, 0, {0.5, 0.5}, {}, Qt::red, 0}, {12, 2, 1, {0.5, 0.5}, {}, Qt::red, 0}});
+    OpenTwoPages();
+    const QImage plain = canvas.grab().toImage();
+    QTest::mouseMove(&canvas, OnFlag(11));
+    EXPECT_NE(canvas.grab().toImage(), plain);
+    canvas.ShowPage(1);
+    canvas.ShowPage(0);
+    ASSERT_TRUE(WaitFor([this] { return pane.Store().IsComplete(); }));
+    EXPECT_EQ(canvas.grab().toImage(), plain);
+}
+
 TEST_F(SheetOnTheScreen, FlagsStandOnTheirPageInTheColourOfTheirMarkWithTheirNumber) {
     OpenTwoPages();
     const auto colours = [this](qint32 point) {

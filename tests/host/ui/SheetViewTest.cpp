@@ -87,6 +87,7 @@ TEST(SheetFlags, TheTipStandsOnThePlace) {
     const SheetView view = FitSheet(kSheet, kArea);
     const QRectF rect = FlagRect(Three()[0], kSheet, view, kArea);
     EXPECT_EQ(QPointF(rect.center().x(), rect.bottom()), ToPane(view, kArea, {1000, 500}));
+    EXPECT_GT(rect.height(), rect.width() / 2) << "a head with a tip below";
     SheetFlag large = Three()[0];
     large.number = 123'456;
     EXPECT_GT(FlagRect(large, kSheet, view, kArea).width(), rect.width());
