@@ -1,6 +1,7 @@
 #include "site/sqlite/Comments.h"
 
 #include "site/sqlite/Database.h"
+#include "site/sqlite/Sqlite.h"
 
 namespace site {
 
@@ -43,11 +44,12 @@ std::optional<std::vector<Comment>> Comments::PageOf(const Projects& projects, q
     }
     const bool goesOn =
         m_end.checkpointId == checkpointId && m_end.nextPage == page && m_end.size == size;
-    m_database.ForEach(
+    // A thread of comments is read a page at a time, and may have a hundred of them.
+    m_database.Scan(
         u"SELECT id, person, text, at FROM comment WHERE checkpoint_id = ? AND id > ?"
         " ORDER BY id LIMIT ? OFFSET ?"_s,
         {checkpointId, goesOn ? m_end.lastId : 0, size, goesOn ? 0 : qint64(page) * size},
-        [&](const Statement& row) {
+        [&](const sqlite::RawRow& row) {
             comments.push_back({row.Int64(0), row.Text(1), row.Text(2), row.Int64(3)});
         });
     const bool isFull = comments.size() == size_t(size);
