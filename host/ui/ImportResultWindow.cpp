@@ -30,7 +30,9 @@ namespace {
 bool WriteUtf8(const QString& path, const QString& text) {
     QSaveFile file(path);
     const QByteArray bytes = "\xEF\xBB\xBF" + text.toUtf8();
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    // What closing writes is not looked at: on a full disk half a file would stand there.
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
+           file.commit();
 }
 
 QPushButton* NamedButton(QWidget* parent, const QString& name, const QString& icon,

@@ -284,7 +284,9 @@ void IssueWindow::SaveCode() {
     }
     const QString shown = QDir::toNativeSeparators(path);
     QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && code.save(&file, "PNG") && file.commit()) {
+    // What closing writes is not looked at: on a full disk half a picture would stand there.
+    if (file.open(QIODevice::WriteOnly) && code.save(&file, "PNG") && file.flush() &&
+        file.commit()) {
         ShowNotice(u"二维码已保存：%1"_s.arg(shown), false);
     } else {
         ShowNotice(u"无法保存二维码：%1。请换一个文件夹，或检查磁盘空间。"_s.arg(shown), true);

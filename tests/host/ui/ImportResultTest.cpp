@@ -2,6 +2,7 @@
 #include "host/ui/ImportResultWindow.h"
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/CallLog.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
 
 #include <QApplication>
@@ -82,6 +83,20 @@ TEST_F(ImportResult, AFileThatCannotBeWrittenIsTold) {
     prompts.ExpectMessage(
         u"没有保存：无法写入 /nowhere/at/all.txt，请检查文件夹权限和磁盘空间，或换一个位置。"_s);
     Click(u"importSave"_s);
+}
+
+TEST_F(ImportResult, AFullDiskIsToldAndWhatStoodThereStays) {
+    const QString path = folder.Write(u"导入结果.txt"_s, "an older one");
+    // So short that it reaches the disk at the end only.
+    ImportResultWindow shortOne(nullptr, {}, {{u"/现场/照片.txt"_s, u"跳过"_s, u"不是图片"_s}});
+    prompts.ExpectSaveFile(u"导入结果.txt"_s, path);
+    prompts.ExpectMessage(
+        u"没有保存：无法写入 %1，请检查文件夹权限和磁盘空间，或换一个位置。"_s.arg(path));
+    {
+        const support::FileSizeLimit full(8);
+        shortOne.findChild<QPushButton*>(u"importSave"_s)->click();
+    }
+    EXPECT_EQ(folder.Read(u"导入结果.txt"_s), "an older one");
 }
 
 TEST_F(ImportResult, AWindowThatGoesWhileItAsksStillSavesWhatItShowed) {

@@ -10,6 +10,7 @@
 #include "site/sqlite/SiteWriter.h"
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/EngineFolder.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
 
@@ -113,6 +114,18 @@ TEST_F(WindowOfAnIssue, AFolderThatIsNotThereIsTold) {
     Click(u"issueSaveCode"_s);
     EXPECT_EQ(Notice(), u"无法保存二维码：%1。请换一个文件夹，或检查磁盘空间。"_s.arg(path));
     EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(WindowOfAnIssue, AFullDiskIsToldAndWhatStoodThereStays) {
+    support::AnsweredPrompts prompts;
+    const QString path = folder.Write(u"code.png"_s, "an older one");
+    prompts.ExpectSaveFile(u"梁底_露筋.png"_s, path);
+    {
+        const support::FileSizeLimit full(64);
+        Click(u"issueSaveCode"_s);
+    }
+    EXPECT_EQ(Notice(), u"无法保存二维码：%1。请换一个文件夹，或检查磁盘空间。"_s.arg(path));
+    EXPECT_EQ(folder.Read(u"code.png"_s), "an older one");
 }
 
 TEST_F(WindowOfAnIssue, ClosedDuringTheSaveDialogItWritesNothing) {
