@@ -4,6 +4,7 @@
 #include "tests/issues/IssueFixture.h"
 #include "tests/support/HalfTyped.h"
 #include "tests/support/Hands.h"
+#include "tests/support/WaitFor.h"
 
 #include <QTest>
 #include <gmock/gmock.h>
@@ -95,6 +96,17 @@ TEST_F(IssueEditorTest, ADescriptionTakesTwoHundredAndFiftyFiveCharactersInEvery
     box.selectAll();
     QTest::keyClicks(&box, QString(260, u'a'));
     EXPECT_EQ(box.toPlainText().size(), 255);
+}
+
+TEST_F(IssueEditorTest, AComponentOfALongNameLeavesTheWindowAsWideAsItIs) {
+    ASSERT_TRUE(Edit());
+    const QSize before = Editor().Widget()->size();
+    Row().compName = QString(100'000, u'梁');
+    ASSERT_TRUE(Edit());
+    support::RunPendingEvents();
+    ASSERT_GT(Box<QLabel>("componentText").text().size(), 100000);
+    EXPECT_EQ(Editor().Widget()->size(), before);
+    EXPECT_LE(Box<QLabel>("componentText").width(), before.width());
 }
 
 TEST_F(IssueEditorTest, EverythingThatWasChangedIsSaved) {
