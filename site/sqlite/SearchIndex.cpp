@@ -60,14 +60,31 @@ RowWords WordsOf(Database& database, ListKind kind, qint64 id) {
     return row;
 }
 
-/// True if the index has the row with these words, each field from its beginning.
+/// A text of this many characters at most is looked for whole: the engine compares each word of a
+/// phrase with each place of it.
+constexpr qsizetype kLongestPhrase = 4000;
+
+/// Phrases that a field has which holds these words from its beginning. Of a text that no client
+/// lets a person type, its two ends.
+QStringList PhrasesOf(const QString& field, const QString& words) {
+    if (words.isEmpty()) {
+        return {};
+    }
+    const QString whole = u"%1 : ^ \"%2\""_s;
+    if (words.size() <= kLongestPhrase) {
+        return {whole.arg(field, words)};
+    }
+    constexpr qsizetype kEnd = kLongestPhrase / 4;
+    return {
+        whole.arg(field, words.left(words.indexOf(u' ', kEnd))),
+        u"%1 : \"%2\""_s.arg(field, words.mid(words.lastIndexOf(u' ', words.size() - kEnd) + 1))};
+}
+
+/// True if the index has the row with these words.
 bool HasWords(Database& database, const ListShape& shape, const RowWords& row) {
     QStringList phrases;
     for (size_t i = 0; i < shape.searchFields.size(); ++i) {
-        const QString& words = row.words[static_cast<qsizetype>(i)];
-        if (!words.isEmpty()) {
-            phrases.append(u"%1 : ^ \"%2\""_s.arg(shape.searchFields[i], words));
-        }
+        phrases += PhrasesOf(shape.searchFields[i], row.words[static_cast<qsizetype>(i)]);
     }
     const QString sql = u"SELECT 1 FROM %1 WHERE %1 MATCH ? AND rowid = ?"_s.arg(shape.searchTable);
     return phrases.isEmpty() ||

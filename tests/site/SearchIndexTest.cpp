@@ -8,6 +8,8 @@
 #include "site/sqlite/SqliteSite.h"
 #include "tests/site/TempSite.h"
 
+#include <QElapsedTimer>
+
 namespace site {
 namespace {
 
@@ -43,10 +45,11 @@ struct AlteredSite : TempSite {
         Database other(folder.DatabasePath(), 500);
         other.Exec(sql);
     }
-    Saved Save(qint32 picId, const QString& name) {
+    Saved Save(qint32 picId, const QString& name, const QString& description = {}) {
         KX_DATA::BimPicUpdate update;
         update.picId = picId;
         update.fileName = name;
+        update.description = description;
         return engine.BimPhotos().Update(ppid, update, kAlterer);
     }
     [[nodiscard]] ListFilter Having(const QString& keyword) const {
@@ -131,6 +134,33 @@ TEST(SearchIndex, DrawingPhotosAndIssuesTheSame) {
     EXPECT_EQ(site.engine.PdfPhotos().PageOf(site.Having(u"机房"_s), {{}, 1, 30}).total, 0);
     EXPECT_EQ(site.engine.Bin().DeleteIssues({site.ppid}, {questionId}, kAlterer), 1);
     EXPECT_EQ(site.engine.Issues().PageOf(site.Having(u"裂"_s), {{}, 1, 30}).total, 0);
+}
+
+TEST(SearchIndex, ATextWithoutEndIsForgottenAsQuicklyAsItIsTaken) {
+    AlteredSite site;
+    const qint32 picId = site.File(u"a.jpg"_s);
+    ASSERT_EQ(site.Save(picId, u"a.jpg"_s, u"墙"_s + QString(60'000, u'宽')), Saved::Yes);
+    ASSERT_EQ(site.Found(u"墙宽"_s).size(), 1);
+    QElapsedTimer watch;
+    watch.start();
+    EXPECT_EQ(site.Save(picId, u"b.jpg"_s), Saved::Yes);
+    EXPECT_LT(watch.elapsed(), 2000) << "compared word by word it takes 15 s";
+    EXPECT_TRUE(site.Found(u"墙宽"_s).isEmpty());
+    EXPECT_TRUE(site.Found(u"a.jp"_s).isEmpty());
+    EXPECT_EQ(site.Found(u"b.jp"_s).size(), 1);
+}
+
+TEST(SearchIndex, ATextWithoutEndWhoseTwoEndsChangedBehindItIsForgottenToo) {
+    for (const QString& altered : {u"'新' || description"_s, u"description || '新'"_s}) {
+        AlteredSite site;
+        const qint32 picId = site.File(u"a.jpg"_s);
+        ASSERT_EQ(site.Save(picId, u"a.jpg"_s, u"墙"_s + QString(6'000, u'宽')), Saved::Yes);
+        site.Alter(u"UPDATE bim_photo SET description = "_s + altered);
+        EXPECT_EQ(site.Save(picId, u"b.jpg"_s), Saved::Yes);
+        EXPECT_TRUE(site.Found(u"墙宽"_s).isEmpty());
+        EXPECT_TRUE(site.Found(u"a.jp"_s).isEmpty());
+        EXPECT_EQ(site.Found(u"b.jp"_s).size(), 1);
+    }
 }
 
 TEST(SearchIndex, APhotoThatItDoesNotHaveIsSavedAndThenFound) {
