@@ -88,6 +88,8 @@ bool CTNPicEditDlg::OpenQuestion(qint32 ppid, const QString& questionId, toolkit
         KXTools::ShowMsgBox(parent, ZelvorNRQ_KXVeskPicture::GetStatusMessage(*fault));
         return false;
     }
+    // The window stays from one issue to the next, and so would the place of the keys.
+    m_form->subjectEdit->setFocus(Qt::OtherFocusReason);
     ShowRestored();
     BringToForeground();
     return true;
@@ -171,6 +173,7 @@ void CTNPicEditDlg::StepAside() {
         issues::HideAbove(*ownerView);
     }
     Hide();
+    m_pickOf = question.questionId;
     if (QWidget* main = toolkit::WidgetOf(toolkit::MainWindow())) {
         main->show();
         main->raise();
@@ -198,7 +201,8 @@ void CTNPicEditDlg::OnPickFinished(qint32 result) {
     ShowRestored();
     BringToForeground();
     const toolkit::StillThere still(Id());
-    if (result == kConfirmed) {
+    // What was picked for an issue is no component of another one that was opened meanwhile.
+    if (result == kConfirmed && m_pickOf == question.questionId) {
         TakePick();
     }
     if (still) {

@@ -74,5 +74,6 @@ private:
     qint32 componentChanged = 0; ///< by a pick since the opening
     KX_DATA::QuestionDetail question;
     int m_opening = 0; ///< counts the issues that were opened
+    QString m_pickOf;  ///< the issue for which a component was picked last
     std::unique_ptr<Ui::TNPicEditDlg> m_form;
 };

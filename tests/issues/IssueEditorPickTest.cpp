@@ -158,6 +158,19 @@ TEST_F(IssueEditorPickTest, TheNextOpeningForgetsThePick) {
     EXPECT_EQ(Saved().componentHandle, u"H77");
 }
 
+TEST_F(IssueEditorPickTest, WhatWasPickedForOneIssueIsNoComponentOfAnotherOpenedMeanwhile) {
+    PickFrom();
+    ASSERT_TRUE(Edit(u"q2"_s));
+    const QString before = Component();
+    Finish();
+    EXPECT_TRUE(Editor().Widget()->isVisible());
+    EXPECT_EQ(Component(), before);
+    Press("okButton");
+    EXPECT_EQ(Log().CountOf("CreateQRCode"), 0);
+    EXPECT_EQ(Saved().questionId, u"q2");
+    EXPECT_EQ(Saved().componentHandle, u"H77");
+}
+
 TEST_F(IssueEditorPickTest, TheViewIsSavedByTheFirstPickOnlyAndRestoredAfterEach) {
     host.view.tool = 5;
     PickFrom();

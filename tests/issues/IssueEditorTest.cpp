@@ -37,6 +37,13 @@ TEST_F(IssueEditorTest, OpensOnWhatTheIssueHolds) {
     EXPECT_TRUE(Box<QLabel>("componentText").toolTip().contains(u"3层 框架梁 KL-5"_s));
 }
 
+TEST_F(IssueEditorTest, EveryOpeningPutsTheKeysIntoTheSubject) {
+    ASSERT_TRUE(Edit());
+    Box<QPushButton>("cancelButton").setFocus();
+    ASSERT_TRUE(Edit(u"q2"_s));
+    EXPECT_EQ(Editor().Widget()->focusWidget(), &Box<QLineEdit>("subjectEdit"));
+}
+
 TEST_F(IssueEditorTest, AnIssueThatCannotBeReadOpensNothing) {
     host.script.FailNext("GetIssueDetail");
     prompts.ExpectMessage(u"获取问题详细信息失败!"_s);
