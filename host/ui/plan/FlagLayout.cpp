@@ -16,8 +16,9 @@ namespace {
 
 constexpr double kFlagHeight = 17;
 constexpr double kFlagPitch = 18;
-constexpr double kPoleGap = 2; ///< from the circle of a place to the pole
-constexpr double kFlagGap = 2; ///< from the pole to the flags
+constexpr double kPoleGap = 2;     ///< from the circle of a place to the pole
+constexpr double kFlagGap = 2;     ///< from the pole to the flags
+constexpr double kBelowTitle = 36; ///< the ground of the floor's title ends here
 
 /// Boxes for the flags of one place, the last one for those that find no room.
 std::vector<FlagBox> FoldFlags(std::vector<int> flags, int place, int room, int first) {
@@ -36,11 +37,19 @@ std::vector<FlagBox> FoldFlags(std::vector<int> flags, int place, int room, int 
     return boxes;
 }
 
+/// How many boxes a place has room for: half a bay upwards, but not behind the title, and half a
+/// bay down.
+int RowsAt(const FloorPlanLayout& layout, int place) {
+    const double bay = layout.spacingY - 2;
+    const double belowTitle = layout.places[size_t(place)].y() + layout.spacingY / 2 - kBelowTitle;
+    return std::max(1, int(std::min(bay, belowTitle) / kFlagPitch));
+}
+
 void AddColumn(FlagLayout& all, const FloorPlanLayout& layout, std::vector<FlagBox> boxes) {
     const QRectF place = PlaceRect(layout, boxes.front().place);
     const double pole = place.right() + kPoleGap;
     const double height = double(boxes.size()) * kFlagPitch - (kFlagPitch - kFlagHeight);
-    const double top = std::round(place.center().y() - height / 2);
+    const double top = std::max(kBelowTitle, std::round(place.center().y() - height / 2));
     const double left = std::round(pole + kFlagGap);
     for (std::size_t at = 0; at < boxes.size(); ++at) {
         boxes[at].rect = QRectF(left, top + double(at) * kFlagPitch, layout.flagWidth, kFlagHeight);
@@ -72,7 +81,6 @@ FlagLayout LayoutFlags(const FloorPlanLayout& layout, const std::vector<PlacedFl
 FlagLayout LayoutAtPlaces(const FloorPlanLayout& layout, const std::vector<int>& places,
                           int first) {
     FlagLayout all;
-    const int rows = std::max(1, int((layout.spacingY - 2) / kFlagPitch));
     for (int at = 0; at < int(places.size());) {
         const int place = places[at];
         int end = at;
@@ -85,7 +93,7 @@ FlagLayout LayoutAtPlaces(const FloorPlanLayout& layout, const std::vector<int>&
             AddShelf(all, layout,
                      FoldFlags(here, place, layout.shelfColumns * layout.shelfRows, first));
         } else {
-            AddColumn(all, layout, FoldFlags(here, place, rows, first));
+            AddColumn(all, layout, FoldFlags(here, place, RowsAt(layout, place), first));
         }
         at = end;
     }

@@ -53,6 +53,29 @@ TEST(FlagLayout, AFlagStandsBesideItsPlaceAtItsHeight) {
     EXPECT_EQ(BoxAt(layout, plan.places[2]), -1);
 }
 
+/// Axes so close that a bay has room for three, four, five and six.
+class FlagsBelowTheTitle : public testing::TestWithParam<double> {};
+
+TEST_P(FlagsBelowTheTitle, NoneLiesUnderTheTitleAndNoneOnAnother) {
+    PlanFloor floor;
+    floor.axesX = {u"1"_s};
+    floor.axesY = {u"A"_s, u"B"_s, u"C"_s, u"D"_s, u"E"_s, u"F"_s};
+    std::vector<PlacedFlag> flags;
+    for (int at = 0; at < 6; ++at) {
+        floor.intersections.push_back({0, at, u"1/"_s + floor.axesY[at], {}});
+        const auto here = Flags(8, at);
+        flags.insert(flags.end(), here.begin(), here.end());
+    }
+    const FlagLayout layout = LayoutFlags(LayoutFloorPlan(floor, QSizeF(900, GetParam())), flags);
+    constexpr double kTitleEnds = 36;
+    for (const FlagBox& box : layout.boxes) {
+        EXPECT_GE(box.rect.top(), kTitleEnds);
+    }
+    ExpectNoOverlap(layout);
+}
+
+INSTANTIATE_TEST_SUITE_P(Heights, FlagsBelowTheTitle, testing::Values(200, 440, 520, 620, 720));
+
 TEST(FlagLayout, SeveralAtOnePlaceStandBelowEachOtherWithoutOverlap) {
     std::vector<PlacedFlag> flags;
     for (int place = 0; place < 6; ++place) {
