@@ -28,8 +28,9 @@ ProgressStrip::~ProgressStrip() {
 }
 
 void ProgressStrip::Make() {
-    auto* strip = new QFrame(nullptr, Qt::Tool | Qt::FramelessWindowHint |
-                                          Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus);
+    auto* strip =
+        new QFrame(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                                Qt::WindowDoesNotAcceptFocus | Qt::WindowTransparentForInput);
     strip->setObjectName(u"progressStrip"_s);
     strip->setFrameShape(QFrame::Box);
     strip->setAttribute(Qt::WA_ShowWithoutActivating);
@@ -52,7 +53,9 @@ void ProgressStrip::Place() const {
     m_window->adjustSize();
     if (const QScreen* screen = ScreenInUse()) {
         const QRect free = screen->availableGeometry();
-        m_window->move(free.left() + kFromEdge, free.bottom() + 1 - kFromEdge - m_window->height());
+        // Toasts come up in one corner, the buttons of the windows stand in the others.
+        m_window->move(free.center().x() - m_window->width() / 2,
+                       free.bottom() + 1 - kFromEdge - m_window->height());
     }
 }
 

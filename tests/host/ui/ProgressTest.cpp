@@ -182,6 +182,18 @@ TEST(ProgressStripTest, ShowsTheTextOfTheMomentUntilItIsClosed) {
     EXPECT_EQ(strip.Window(), nullptr);
 }
 
+TEST(ProgressStripTest, CoversNoButtonsInTheCornersAndLetsClicksThrough) {
+    host::ProgressStrip strip;
+    strip.ShowProgressBar(u"正在上传照片(1/3)"_s, 0);
+    const QWidget* window = strip.Window();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->windowFlags().testFlag(Qt::WindowTransparentForInput));
+    const QRect free = window->screen()->availableGeometry();
+    EXPECT_NEAR(window->geometry().center().x(), free.center().x(), 1);
+    EXPECT_LT(window->geometry().bottom(), free.bottom());
+    strip.CloseProgressBar();
+}
+
 TEST(ProgressStripTest, BlocksNothingAndTakesNoKeyboard) {
     host::ProgressStrip strip;
     strip.ShowProgressBar(u"正在上传照片(1/3)"_s, 0);
