@@ -51,7 +51,13 @@ void RaiseFlow::BringUp() {
 }
 
 void RaiseFlow::Pick() {
+    // Its editor would come up in front of the plan, with all that stepped aside for it.
+    if (m_parts.view.IsPicking() && !m_parts.picks.IsForClient()) {
+        m_dialog->ShowFault(u"正在为另一个问题选择构件，请先在平面图上完成或取消选择。"_s);
+        return;
+    }
     m_dialog->hide();
+    m_parts.window.ShowStatus(u"登记问题的窗口已让开，选完构件后它会回来"_s);
     m_parts.picks.Begin([this](bool confirmed) { OnPicked(confirmed); });
 }
 

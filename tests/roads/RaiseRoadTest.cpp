@@ -180,6 +180,26 @@ TEST_F(RaiseRoad, ThePickOfTheModuleTakesTheDialogsPlaceAndTheDialogComesBack) {
     client->Stop();
 }
 
+TEST_F(RaiseRoad, APickOfTheModuleIsFinishedBeforeTheDialogsOwnBegins) {
+    View().BeginComponentPick();
+    ASSERT_TRUE(IsPicking());
+    Open();
+    Type(*Dialog(), u"subjectEdit"_s, u"柱脚裂缝"_s);
+    ClickOn(*Dialog(), u"pickButton"_s);
+    ASSERT_NE(Dialog(), nullptr);
+    EXPECT_EQ(Fault(), u"正在为另一个问题选择构件，请先在平面图上完成或取消选择。"_s);
+    EXPECT_TRUE(IsPicking());
+    PressOnPicks(Qt::Key_Escape);
+    Pick(u"c3"_s);
+    EXPECT_EQ(Text(u"componentText"_s), u"1层 框架柱 KZ-3"_s);
+    EXPECT_EQ(Text(u"subjectEdit"_s), u"柱脚裂缝"_s);
+    {
+        support::AnsweredPrompts prompts;
+        prompts.ExpectYesNo(u"问题还没有登记，关闭后已填写的内容会丢失。要关闭吗？"_s, true);
+        Dialog()->close();
+    }
+}
+
 TEST_F(RaiseRoad, AnotherProjectDuringThePickKeepsTheTextsAndAsksForAnotherComponent) {
     Open();
     Type(*Dialog(), u"subjectEdit"_s, u"柱脚裂缝"_s);
