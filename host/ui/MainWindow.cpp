@@ -3,6 +3,7 @@
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/LocalPaths.h"
 #include "host/ui/MessageBar.h"
+#include "host/ui/WindowKeys.h"
 #include "host/ui/catchup/CatchUpDock.h"
 #include "host/ui/drawing/DrawingPane.h"
 #include "host/ui/marks/MarkPanelDock.h"
@@ -356,6 +357,10 @@ bool MainWindow::event(QEvent* event) {
         m_projectCombo->setEnabled(event->type() == QEvent::WindowUnblocked);
     }
     return QMainWindow::event(event);
+}
+
+bool MainWindow::focusNextPrevChild(bool next) {
+    return StepFocus(*this, next);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -89,8 +90,38 @@ void ComponentDock::Empty() {
 }
 
 void ComponentDock::BringUp() {
+    const QWidget* active = QApplication::activeWindow();
+    if (m_isOut && isFloating() && active == parentWidget()) {
+        setFloating(false);
+    }
     show();
     raise();
+    QApplication::sendPostedEvents(parentWidget(), QEvent::LayoutRequest); // it has its place now
+    BringOut(active);
+}
+
+/// A window above the main one stays above it: what it was asked for in front of that window comes
+/// out of the main one, to the place where it would be docked.
+void ComponentDock::BringOut(const QWidget* active) {
+    const QRect place(mapToGlobal(QPoint(0, 0)), size());
+    if (isFloating() || active == nullptr || active == parentWidget() ||
+        !active->frameGeometry().intersects(place)) {
+        return;
+    }
+    m_isOut = true;
+    setFloating(true);
+    setGeometry(place);
+    raise();
+    activateWindow();
+    m_table->setFocus();
+}
+
+void ComponentDock::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && isFloating()) {
+        close();
+        return;
+    }
+    QDockWidget::keyPressEvent(event);
 }
 
 QString ComponentDock::RowText(int row) const {

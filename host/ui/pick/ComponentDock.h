@@ -32,7 +32,12 @@ public:
     /// As before the first one.
     void Empty();
 
+protected:
+    /// Escape closes it where it floats.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
+    void BringOut(const QWidget* active);
     void Fill(const ComponentFacts& facts, const QString& sentence);
     void BringUp();
     void CopySelected() const;
@@ -41,6 +46,7 @@ private:
 
     QLabel* m_title = nullptr;
     QTableWidget* m_table = nullptr;
+    bool m_isOut = false; ///< floats because it was out of sight, not because a person wanted it
 };
 
 } // namespace host

@@ -2,12 +2,15 @@
 
 #include "host/ui/MessageBar.h"
 #include "host/ui/catchup/CatchUpDock.h"
+#include "host/ui/marks/MarkPanelDock.h"
+#include "host/ui/pick/ComponentDock.h"
 #include "include/KXEvents.h"
 #include "tests/support/WaitFor.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QDockWidget>
 #include <QDropEvent>
 #include <QListView>
 #include <QMenu>
@@ -66,9 +69,63 @@ protected:
     }
 
     MainWindow window;
+    /// The dock in which the focus is; empty: in none.
+    [[nodiscard]] QString FocusedDock() const {
+        for (const QWidget* at = window.focusWidget(); at != nullptr; at = at->parentWidget()) {
+            if (qobject_cast<const QDockWidget*>(at) != nullptr) {
+                return at->objectName();
+            }
+        }
+        return {};
+    }
+
     std::vector<Command> commands;
     QStringList dropped;
 };
+
+TEST_F(ClientWindow, TabPassesOverADockBehindAnotherTabInBothDirections) {
+    window.Marks().raise();
+    support::RunPendingEvents();
+    for (const bool forth : {true, false}) {
+        QSet<QString> docks;
+        for (int presses = 0; presses < 60; ++presses) {
+            QTest::keyClick(window.focusWidget() != nullptr ? window.focusWidget() : &window,
+                            forth ? Qt::Key_Tab : Qt::Key_Backtab);
+            docks << FocusedDock();
+        }
+        EXPECT_TRUE(docks.contains(window.Marks().objectName()));
+        EXPECT_FALSE(docks.contains(window.CatchUpList().objectName()));
+    }
+    window.CatchUpList().raise();
+    support::RunPendingEvents();
+    QSet<QString> docks;
+    for (int presses = 0; presses < 60; ++presses) {
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+        docks << FocusedDock();
+    }
+    EXPECT_FALSE(docks.contains(window.Marks().objectName()));
+}
+
+TEST_F(ClientWindow, PropertiesAskedForInFrontOfAnotherWindowComeOutOfTheMainOne) {
+    QDialog front(&window);
+    front.setGeometry(window.geometry());
+    front.show();
+    front.activateWindow();
+    ASSERT_TRUE(support::WaitFor([&] { return QApplication::activeWindow() == &front; }));
+    ComponentDock& dock = window.Properties();
+    dock.ShowFacts({u"柱 KZ-2"_s, {{u"名称"_s, u"KZ-2"_s}}});
+    EXPECT_TRUE(dock.isVisible());
+    EXPECT_TRUE(dock.isFloating());
+    auto& table = *dock.findChild<QWidget*>(u"componentTable"_s);
+    EXPECT_EQ(dock.focusWidget(), &table);
+    QTest::keyClick(&table, Qt::Key_Escape);
+    EXPECT_FALSE(dock.isVisible());
+    front.close();
+    window.activateWindow();
+    ASSERT_TRUE(support::WaitFor([&] { return QApplication::activeWindow() == &window; }));
+    dock.ShowFacts({u"柱 KZ-3"_s, {{u"名称"_s, u"KZ-3"_s}}});
+    EXPECT_FALSE(dock.isFloating());
+}
 
 TEST_F(ClientWindow, IsTheToolkitsMainWindowWhileItLives) {
     EXPECT_EQ(toolkit::MainWindow(), window.Id());
