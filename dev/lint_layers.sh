@@ -49,7 +49,7 @@ host/ui/catchup: host/ui/catchup toolkit toolkit/controls
 host/ui/drawing: host/drawings host/ui host/ui/drawing toolkit toolkit/controls
 host/ui/marks: host/ui host/ui/marks services toolkit toolkit/controls
 host/ui/issues: host/ui host/ui/issues host/ui/pick services toolkit toolkit/controls toolkit/media toolkit/windows
-host/ui/pick: host/ui host/ui/pick host/ui/plan toolkit
+host/ui/pick: host/ui host/ui/pick host/ui/plan toolkit toolkit/controls
 host/ui/plan: host/ui host/ui/marks host/ui/pick host/ui/plan toolkit
 tour: hands host/app host/services host/ui/drawing host/ui/pick host/ui/plan services tour
 '

@@ -1,6 +1,7 @@
 #include "host/ui/issues/IssueWindow.h"
 
 #include "host/ui/HintTable.h"
+#include "host/ui/WindowKeys.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
 #include "toolkit/windows/Prompts.h"
@@ -16,6 +17,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QImage>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
@@ -93,8 +95,16 @@ IssueWindow::IssueWindow(QWidget* parent, CodePainter codePainter)
     all->addWidget(MakeHistory(), 1);
     all->addWidget(m_notice);
     all->addWidget(MakeIssueButtons());
-    toolkit::ResizeWithinScreen(*this, QSize(720, 560));
     toolkit::ScrollIfTooLarge(*this);
+    toolkit::ResizeWithinScreen(*this, QSize(720, 560));
+    // Its questions lie on it, not on the main window.
+    toolkit::RegisterWindow(this, [](const toolkit::WindowEvent&) { return 0; });
+}
+
+void IssueWindow::keyPressEvent(QKeyEvent* event) {
+    if (!PressByEnter(*this, *event)) {
+        QDialog::keyPressEvent(event);
+    }
 }
 
 QWidget* IssueWindow::MakeFacts() {

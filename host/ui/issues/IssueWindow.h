@@ -52,6 +52,9 @@ signals:
     /// The person wants to see it in the viewer.
     void ViewerWanted();
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     QWidget* MakeFacts();
     QWidget* MakeCodeSide();

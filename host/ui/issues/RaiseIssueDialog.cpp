@@ -13,6 +13,7 @@
 
 #include <QDragEnterEvent>
 #include <QPushButton>
+#include <QScrollArea>
 
 namespace host {
 
@@ -41,6 +42,8 @@ RaiseIssueDialog::RaiseIssueDialog(QWidget* parent,
     ShowFault({});
     ShowCount();
     toolkit::ScrollIfTooLarge(*this);
+    // Its questions lie on it, not on the main window.
+    toolkit::RegisterWindow(this, [](const toolkit::WindowEvent&) { return 0; });
 }
 
 RaiseIssueDialog::~RaiseIssueDialog() = default;
@@ -116,11 +119,17 @@ void RaiseIssueDialog::ShowCount() {
 void RaiseIssueDialog::ShowFault(const QString& text) {
     m_form->faultLabel->setText(text);
     m_form->faultLabel->setVisible(!text.isEmpty());
+    // On a low screen the form scrolls, and its end is out of sight.
+    auto* area = findChild<QScrollArea*>();
+    if (area != nullptr && area->isAncestorOf(m_form->faultLabel) && !text.isEmpty()) {
+        area->widget()->layout()->activate();
+        area->ensureWidgetVisible(m_form->faultLabel);
+    }
 }
 
 void RaiseIssueDialog::RefuseAt(QWidget* control, const QString& text) {
-    ShowFault(text);
     control->setFocus();
+    ShowFault(text);
 }
 
 void RaiseIssueDialog::File() {

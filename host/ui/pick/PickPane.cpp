@@ -1,11 +1,14 @@
 #include "host/ui/pick/PickPane.h"
 
+#include "host/ui/WindowKeys.h"
 #include "host/ui/pick/PickCanvas.h"
 #include "host/ui/plan/PlanScroll.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
+#include "toolkit/controls/StaticText.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -13,6 +16,13 @@
 namespace host {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kBesideHint = 380; ///< for three buttons and a few words
+constexpr QStringView kProperties(u"属性");
+
+} // namespace
 
 PickPane::PickPane(QWidget* parent) : QWidget(parent) {
     setObjectName(u"pickPane"_s);
@@ -35,15 +45,15 @@ QWidget* PickPane::MakePickBar() {
     QPalette palette = bar->palette();
     palette.setColor(QPalette::Window, toolkit::Colors::Selection());
     bar->setPalette(palette);
-    auto* hint = new QLabel(u"请选择构件：单击选择，Ctrl+单击增减，可以换楼层"_s, bar);
-    hint->setObjectName(u"pickHint"_s);
-    hint->setWordWrap(true);
-    m_picked = new QLabel(bar);
+    m_hint = new QLabel(u"请选择构件：单击选择，Ctrl+单击增减，可以换楼层"_s, bar);
+    m_hint->setObjectName(u"pickHint"_s);
+    m_picked = new CStaticFilespec(bar);
     m_picked->setObjectName(u"pickedText"_s);
-    m_picked->setTextFormat(Qt::PlainText);
-    m_picked->setWordWrap(true);
-    m_properties = new QPushButton(toolkit::Icon(u"info"_s), u"属性"_s, bar);
+    m_picked->SetPathShortening(false);
+    m_picked->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_properties = new QPushButton(toolkit::Icon(u"info"_s), kProperties.toString(), bar);
     m_properties->setObjectName(u"pickProperties"_s);
+    m_properties->setAccessibleName(kProperties.toString());
     m_properties->setToolTip(u"显示所指构件的属性"_s);
     auto* done = new QPushButton(u"完成"_s, bar);
     done->setObjectName(u"pickDone"_s);
@@ -54,7 +64,7 @@ QWidget* PickPane::MakePickBar() {
     auto* line = new QHBoxLayout(bar);
     line->setContentsMargins(12, 4, 8, 4);
     line->setSpacing(8);
-    line->addWidget(hint, 1);
+    line->addWidget(m_hint);
     line->addWidget(m_picked, 1);
     for (QPushButton* button : {m_properties, done, leave}) {
         button->setAutoDefault(false);
@@ -75,10 +85,26 @@ void PickPane::Begin(const FloorPlanModel& model, int floor, const ComponentSour
     m_canvas->setFocus();
 }
 
+void PickPane::keyPressEvent(QKeyEvent* event) {
+    if (!PressByEnter(*this, *event)) {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void PickPane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    FitBar();
+}
+
+/// In a narrow pane the buttons keep their words, what is picked is elided, the hint goes.
+void PickPane::FitBar() {
+    m_hint->setVisible(width() >= m_hint->sizeHint().width() + kBesideHint);
+    m_properties->setText(width() >= kBesideHint ? kProperties.toString() : QString());
+}
+
 void PickPane::ShowPicked() {
-    constexpr int kMostShown = 60;
     const QString text = PickedText(m_canvas->State());
-    m_picked->setText(text.size() > kMostShown ? text.left(kMostShown) + u'…' : text);
+    m_picked->setText(text);
     m_picked->setToolTip(toolkit::PlainTip(text));
     m_properties->setEnabled(m_canvas->Current() != nullptr);
 }

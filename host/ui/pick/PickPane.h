@@ -6,6 +6,7 @@
 
 #include <QWidget>
 
+class CStaticFilespec;
 class QLabel;
 class QPushButton;
 
@@ -24,6 +25,10 @@ public:
     void Begin(const FloorPlanModel& model, int floor, const ComponentSource& source);
     [[nodiscard]] PickCanvas& Canvas() const { return *m_canvas; }
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
 signals:
     /// Left by "完成" or Enter, or by "取消" or Escape.
     void Ended(bool confirmed);
@@ -32,8 +37,10 @@ signals:
 private:
     QWidget* MakePickBar();
     void ShowPicked();
+    void FitBar();
 
-    QLabel* m_picked = nullptr;
+    QLabel* m_hint = nullptr;
+    CStaticFilespec* m_picked = nullptr;
     QPushButton* m_properties = nullptr;
     PickCanvas* m_canvas = nullptr;
 };

@@ -13,6 +13,7 @@
 #include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -21,6 +22,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTableView>
+#include <QtTest/QTest>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -62,6 +64,33 @@ protected:
     support::TempFolder folder;
     QPointer<IssueWindow> window = new IssueWindow(nullptr, &QrImageOf);
 };
+
+TEST_F(WindowOfAnIssue, ItsQuestionsLieOnItAndNotOnTheMainWindow) {
+    QWidget main;
+    toolkit::RegisterWindow(&main, [](const toolkit::WindowEvent&) { return 0; });
+    delete window;
+    window = new IssueWindow(&main, &QrImageOf);
+    window->ShowFacts(Facts());
+    window->show();
+    support::AnsweredPrompts prompts;
+    prompts.ExpectSaveFile(u"梁底_露筋.png"_s, {});
+    Click(u"issueSaveCode"_s);
+    ASSERT_EQ(prompts.Parents().size(), 1U);
+    EXPECT_EQ(toolkit::WidgetOf(prompts.Parents()[0]), window);
+    delete window;
+}
+
+TEST_F(WindowOfAnIssue, EnterPressesTheButtonThatHasTheFocus) {
+    support::AnsweredPrompts prompts;
+    prompts.ExpectSaveFile(u"梁底_露筋.png"_s, {});
+    window->activateWindow();
+    Find<QPushButton>(u"issueSaveCode"_s).setFocus();
+    QTest::keyClick(&Find<QPushButton>(u"issueSaveCode"_s), Qt::Key_Return);
+    EXPECT_TRUE(prompts.AllAnswered());
+    Find<QTableView>(u"issueHistory"_s).setFocus();
+    QTest::keyClick(&Find<QTableView>(u"issueHistory"_s), Qt::Key_Return);
+    EXPECT_TRUE(window->isVisible());
+}
 
 TEST_F(WindowOfAnIssue, ShowsSubjectTextsAndHistoryWithTheLatestFirst) {
     EXPECT_EQ(window->windowTitle(), u"问题信息 - 梁底/露筋"_s);

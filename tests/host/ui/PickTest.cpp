@@ -230,6 +230,30 @@ TEST_F(Picking, PickedOnesAreHighlighted) {
     EXPECT_EQ(after, toolkit::Colors::Selection());
 }
 
+TEST_F(Picking, EnterOnAButtonOfTheBarPressesThatButton) {
+    view.BeginComponentPick();
+    auto& cancel = Find<QPushButton>(u"pickCancel"_s);
+    cancel.setFocus();
+    QTest::keyClick(&cancel, Qt::Key_Return);
+    EXPECT_EQ(ends, (std::vector<bool>{false}));
+}
+
+TEST_F(Picking, InANarrowPaneTheButtonsKeepTheirRoomAndTheBarItsHeight) {
+    view.BeginComponentPick();
+    support::RunPendingEvents();
+    const int high = Find<QWidget>(u"pickBar"_s).height();
+    EXPECT_TRUE(Find<QLabel>(u"pickHint"_s).isVisible());
+    pane.resize(390, 460); // some 210 of them beside the list of floors
+    support::RunPendingEvents();
+    EXPECT_FALSE(Find<QLabel>(u"pickHint"_s).isVisible());
+    EXPECT_LE(Find<QWidget>(u"pickBar"_s).height(), high);
+    for (const QString& name : {u"pickProperties"_s, u"pickDone"_s, u"pickCancel"_s}) {
+        const auto& button = Find<QPushButton>(name);
+        EXPECT_GE(button.width(), button.minimumSizeHint().width()) << name.toStdString();
+        EXPECT_FALSE(button.accessibleName().isEmpty() && button.text().isEmpty());
+    }
+}
+
 TEST_F(Picking, ASecondBeginStartsAnew) {
     view.BeginComponentPick();
     Click(u"c1"_s);

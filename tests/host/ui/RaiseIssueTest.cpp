@@ -6,6 +6,7 @@
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
+#include "toolkit/windows/WindowRegistry.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -16,6 +17,7 @@
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
@@ -85,6 +87,41 @@ TEST_F(RaisingAnIssue, HandsOverWhatWasFilledIn) {
     EXPECT_TRUE(dialog->isVisible());
     dialog->accept();
     EXPECT_FALSE(dialog->isVisible());
+}
+
+TEST_F(RaisingAnIssue, ItsQuestionsLieOnItAndNotOnTheMainWindow) {
+    QWidget main;
+    const toolkit::WindowId mainId =
+        toolkit::RegisterWindow(&main, [](const toolkit::WindowEvent&) { return 0; });
+    delete dialog;
+    dialog = new RaiseIssueDialog(&main, {});
+    dialog->show();
+    Find<QLineEdit>(u"subjectEdit"_s).setText(u"柱脚裂缝"_s);
+    support::AnsweredPrompts prompts;
+    prompts.ExpectYesNo(kLeaveQuestion, false);
+    dialog->close();
+    ASSERT_EQ(prompts.Parents().size(), 1U);
+    EXPECT_NE(prompts.Parents()[0], mainId);
+    EXPECT_EQ(toolkit::WidgetOf(prompts.Parents()[0]), dialog);
+    delete dialog;
+}
+
+TEST_F(RaisingAnIssue, WhereTheFormScrollsAFaultIsBroughtIntoSight) {
+    // As on a screen that is too low for the form.
+    auto* area = new QScrollArea(dialog);
+    auto* page = new QWidget;
+    page->setLayout(dialog->layout());
+    area->setWidgetResizable(true);
+    area->setWidget(page);
+    area->resize(520, 200);
+    area->show();
+    dialog->resize(520, 200);
+    support::RunPendingEvents();
+    File();
+    support::RunPendingEvents();
+    const auto& fault = Find<QLabel>(u"faultLabel"_s);
+    EXPECT_EQ(Fault(), u"问题名称不能为空"_s);
+    EXPECT_FALSE(fault.visibleRegion().isEmpty());
 }
 
 TEST_F(RaisingAnIssue, ASubjectIsNeededFirstThenAComponent) {
