@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QCloseEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -104,16 +105,26 @@ void ComponentDock::BringUp() {
 /// out of the main one, to the place where it would be docked.
 void ComponentDock::BringOut(const QWidget* active) {
     const QRect place(mapToGlobal(QPoint(0, 0)), size());
-    if (isFloating() || active == nullptr || active == parentWidget() ||
-        !active->frameGeometry().intersects(place)) {
+    if (active == nullptr || active == parentWidget() ||
+        (!isFloating() && !active->frameGeometry().intersects(place))) {
         return;
     }
-    m_isOut = true;
-    setFloating(true);
-    setGeometry(place);
+    if (!isFloating()) {
+        m_isOut = true;
+        setFloating(true);
+        setGeometry(place);
+    }
     raise();
     activateWindow();
     m_table->setFocus();
+}
+
+void ComponentDock::closeEvent(QCloseEvent* event) {
+    QDockWidget::closeEvent(event);
+    if (m_isOut) {
+        m_isOut = false;
+        setFloating(false); // hidden as it is
+    }
 }
 
 void ComponentDock::keyPressEvent(QKeyEvent* event) {

@@ -33,6 +33,8 @@ public:
     void Empty();
 
 protected:
+    /// Back to its place in the main window, where it came out of it.
+    void closeEvent(QCloseEvent* event) override;
     /// Escape closes it where it floats.
     void keyPressEvent(QKeyEvent* event) override;
 

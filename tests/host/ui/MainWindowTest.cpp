@@ -118,8 +118,13 @@ TEST_F(ClientWindow, PropertiesAskedForInFrontOfAnotherWindowComeOutOfTheMainOne
     EXPECT_TRUE(dock.isFloating());
     auto& table = *dock.findChild<QWidget*>(u"componentTable"_s);
     EXPECT_EQ(dock.focusWidget(), &table);
+    front.activateWindow();
+    ASSERT_TRUE(support::WaitFor([&] { return QApplication::activeWindow() == &front; }));
+    dock.ShowFacts({u"柱 KZ-3"_s, {{u"名称"_s, u"KZ-3"_s}}});
+    EXPECT_TRUE(support::WaitFor([&] { return QApplication::activeWindow() == &dock; }));
     QTest::keyClick(&table, Qt::Key_Escape);
     EXPECT_FALSE(dock.isVisible());
+    EXPECT_FALSE(dock.isFloating()) << "it goes back to its place";
     front.close();
     window.activateWindow();
     ASSERT_TRUE(support::WaitFor([&] { return QApplication::activeWindow() == &window; }));
