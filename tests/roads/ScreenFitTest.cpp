@@ -1,7 +1,9 @@
 // Every window on small screens: run once for each of the screens in screens/.
 #include "hands/Hands.h"
+#include "host/qr/QrImage.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/SignInDialog.h"
+#include "host/ui/issues/IssueWindow.h"
 #include "tests/roads/ClientFixture.h"
 #include "tests/roads/RoadHands.h"
 #include "tests/support/ModalVisit.h"
@@ -171,6 +173,17 @@ TEST_F(SmallScreen, TheListOfKeysFits) {
     });
     ASSERT_TRUE(
         WaitFor([this] { return hands::PressKey(client->Window(), Qt::Key_F1, Qt::NoModifier); }));
+}
+
+TEST_F(SmallScreen, TheWindowOfAnIssueIsAsWideAsItsScreenAllows) {
+    host::IssueWindow window(nullptr, &host::QrImageOf);
+    window.ShowFacts({u"梁底露筋"_s, {{u"状态"_s, u"未整改"_s}}, {}, u"kxissue:1:7:abc"_s, {}});
+    window.show();
+    ASSERT_TRUE(WaitFor([&] { return window.isVisible(); }));
+    ExpectFits(window);
+    constexpr int kFrames = 16;
+    EXPECT_GE(window.width(),
+              std::min(720, window.screen()->availableGeometry().width() - kFrames));
 }
 
 TEST_F(SmallScreen, TheSignInFits) {
