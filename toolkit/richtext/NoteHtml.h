@@ -1,0 +1,48 @@
+// The document form of rich text: what of any HTML it allows.
+#pragma once
+
+#include "toolkit/ToolkitExport.h"
+
+#include <QString>
+#include <QStringView>
+
+#include <functional>
+
+namespace toolkit {
+
+/// Name of a file beside a document: MD5 of its content in 32 lower-case hexadecimal digits, then
+/// its ending with the dot, if it has one.
+[[nodiscard]] TOOLKIT_EXPORT bool IsStoreName(QStringView name);
+
+/// Gives the store name of the picture that stands under any address, or nothing for one that isn't
+/// brought into the document.
+using KeepPicture = std::function<QString(const QString& address)>;
+
+enum class NoteFault {
+    None,
+    TooLarge, ///< more than kMostNoteCharacters
+    TooDeep,  ///< elements more than kMostNoteDepth inside each other
+};
+
+/// UTF-16 units of HTML; pictures are files of their own.
+inline constexpr qsizetype kMostNoteCharacters = 32 * 1024 * 1024;
+inline constexpr int kMostNoteDepth = 400;
+
+struct CleanedNote {
+    QString html; ///< empty with a fault
+    NoteFault fault = NoteFault::None;
+};
+
+/// Brings any HTML, also a damaged one, into the document form: text, its looks, headings, lists,
+/// tables, rules, links and pictures. Nothing in it loads from elsewhere, runs, or speaks of other
+/// than its own element: scripts, style sheets, forms and embedded documents go with what is in
+/// them, of other unknown elements the content stays. Links lead to web pages, mail addresses and
+/// attachments ("attachment:" and a store name); a picture is a store name, or what `keepPicture`
+/// makes of its address; without one its text instead stays.
+///
+/// A document that is in the form already comes out with the same content. The time is linear in
+/// the length. Thread: any.
+[[nodiscard]] TOOLKIT_EXPORT CleanedNote CleanNoteHtml(const QString& html,
+                                                       const KeepPicture& keepPicture = {});
+
+} // namespace toolkit
