@@ -10,6 +10,10 @@
 
 namespace toolkit {
 
+/// How a link to an attachment begins; the store name follows, then "/" and the name of the file as
+/// it was attached, percent-encoded (RFC 3986).
+inline const QString kAttachmentScheme = QStringLiteral("attachment:");
+
 /// Name of a file beside a document: MD5 of its content in 32 lower-case hexadecimal digits, then
 /// its ending with the dot, if it has one.
 [[nodiscard]] TOOLKIT_EXPORT bool IsStoreName(QStringView name);

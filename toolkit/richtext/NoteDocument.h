@@ -1,0 +1,57 @@
+// One rich text while it is shown and edited.
+#pragma once
+
+#include "toolkit/ToolkitExport.h"
+#include "toolkit/richtext/NoteHtml.h"
+#include "toolkit/richtext/ZvEditorNotify.h"
+
+#include <QTextDocument>
+
+#include <optional>
+
+class QTextImageFormat;
+
+namespace toolkit {
+
+/// An attachment as a link names it.
+struct NoteAttachment {
+    QString storeName;
+    QString fileName; ///< as it was attached, without folder
+};
+/// Nothing for what is no link to an attachment.
+[[nodiscard]] TOOLKIT_EXPORT std::optional<NoteAttachment> AttachmentOf(const QString& address);
+[[nodiscard]] TOOLKIT_EXPORT QString AddressOf(const NoteAttachment& attachment);
+
+/// Pictures come from the folder alone, by their store names, and are decoded when they are seen
+/// for the first time, no larger than a screen needs them; one that isn't there or is no picture
+/// is a frame that says so. Thread: user interface.
+class TOOLKIT_EXPORT NoteDocument final : public QTextDocument {
+    Q_OBJECT
+
+public:
+    /// @param folder  of pages and pictures, with "/" at its end.
+    NoteDocument(QString folder, QObject* parent);
+
+    /// Replaces the content by what of the HTML is allowed; nothing is changed by one that can't be
+    /// read. Afterwards the document is unmodified and has nothing to undo.
+    NoteFault Load(const QString& html);
+    /// In the document form.
+    [[nodiscard]] QString Html() const;
+    /// The files that it consists of, the page excepted: each picture once, in the order of the
+    /// text, then each attachment once.
+    [[nodiscard]] std::vector<NoteFile> Files() const;
+    [[nodiscard]] const QString& Folder() const { return m_folder; }
+
+    /// How a picture of the folder stands in a text: as wide as it is, at most `room` (pixels).
+    /// Nothing for a file that is no picture.
+    [[nodiscard]] std::optional<QTextImageFormat> ImageFormat(const QString& storeName,
+                                                              int room) const;
+
+protected:
+    QVariant loadResource(int type, const QUrl& name) override;
+
+private:
+    const QString m_folder;
+};
+
+} // namespace toolkit

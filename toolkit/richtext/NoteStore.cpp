@@ -1,0 +1,76 @@
+#include "toolkit/richtext/NoteStore.h"
+
+#include "toolkit/media/FileCopy.h"
+#include "toolkit/richtext/NoteHtml.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <utility>
+
+namespace toolkit {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+EditorFolders& Folders() {
+    static EditorFolders folders;
+    return folders;
+}
+
+/// What can't be part of a store name is left out: the content counts, not what it is called.
+QString StoreNameOf(const QByteArray& md5, const QString& ending) {
+    const QString name = QString::fromLatin1(md5.toHex()) + ending;
+    return IsStoreName(name) ? name : QString::fromLatin1(md5.toHex());
+}
+
+} // namespace
+
+void SetEditorFolders(EditorFolders folders) {
+    Folders() = std::move(folders);
+}
+
+const EditorFolders& TheEditorFolders() {
+    return Folders();
+}
+
+std::optional<QString> StoreBytes(const QByteArray& bytes, const QString& folder,
+                                  const QString& ending) {
+    const QString name =
+        StoreNameOf(QCryptographicHash::hash(bytes, QCryptographicHash::Md5), ending);
+    if (folder.isEmpty() || !QDir().mkpath(folder)) {
+        return std::nullopt;
+    }
+    const QString path = folder + name;
+    if (QFile::exists(path)) {
+        return name;
+    }
+    QSaveFile file(path);
+    const bool isWritten =
+        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return isWritten ? std::optional(name) : std::nullopt;
+}
+
+std::optional<QString> StoreCopy(const QString& path, const QString& folder) {
+    QFile file(path);
+    QCryptographicHash sum(QCryptographicHash::Md5);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || !sum.addData(&file)) {
+        return std::nullopt;
+    }
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    const QString name = StoreNameOf(sum.result(), suffix.isEmpty() ? suffix : u'.' + suffix);
+    if (folder.isEmpty() || !QDir().mkpath(folder)) {
+        return std::nullopt;
+    }
+    const CopyOutcome outcome = CopyFileWhole(path, folder + name, IfExists::Keep);
+    if (outcome == CopyOutcome::Failed) {
+        return std::nullopt;
+    }
+    return name;
+}
+
+} // namespace toolkit
