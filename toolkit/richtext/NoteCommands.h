@@ -1,0 +1,59 @@
+// What a person does to the shape of a rich text: each one step to undo.
+#pragma once
+
+#include "toolkit/ToolkitExport.h"
+
+#include <QString>
+#include <QTextListFormat>
+
+class QTextCursor;
+class QTextImageFormat;
+
+namespace toolkit {
+
+struct NoteAttachment;
+
+/// Largest levels and numbers that the commands make.
+inline constexpr int kMostHeading = 4;
+inline constexpr int kMostIndent = 12;
+inline constexpr int kMostTableSide = 100;
+
+/// Of all paragraphs that the cursor touches; 0: running text. Beyond the ends nothing changes.
+TOOLKIT_EXPORT void SetHeading(QTextCursor cursor, int level);
+/// Of the paragraph of the cursor.
+[[nodiscard]] TOOLKIT_EXPORT int HeadingAt(const QTextCursor& cursor);
+
+/// Makes items of all paragraphs that the cursor touches, or running text if they are that list
+/// already.
+TOOLKIT_EXPORT void ToggleList(QTextCursor cursor, QTextListFormat::Style style);
+/// Whether the paragraph of the cursor is an item of such a list.
+[[nodiscard]] TOOLKIT_EXPORT bool IsInList(const QTextCursor& cursor, QTextListFormat::Style style);
+/// Moves paragraphs, and items by a level, inwards (1) or outwards (-1).
+TOOLKIT_EXPORT void Indent(QTextCursor cursor, int step);
+
+/// Over the whole width, its cells empty, the cursor's place behind it running text.
+TOOLKIT_EXPORT void InsertTable(QTextCursor cursor, int rows, int columns);
+enum class TableDeed {
+    RowAbove,
+    RowBelow,
+    ColumnBefore,
+    ColumnAfter,
+    RemoveRows,    ///< those that the cursor touches; the last ones take the table with them
+    RemoveColumns, ///< the same
+    RemoveTable,
+    Merge, ///< the cells that the cursor touches
+    Split, ///< the merged cell of the cursor into what it was merged from
+};
+/// Whether the cursor stands where the deed changes something.
+[[nodiscard]] TOOLKIT_EXPORT bool CanDo(const QTextCursor& cursor, TableDeed deed);
+TOOLKIT_EXPORT void Do(QTextCursor cursor, TableDeed deed);
+
+/// A line over the whole width in a paragraph of its own.
+TOOLKIT_EXPORT void InsertRule(QTextCursor cursor);
+TOOLKIT_EXPORT void InsertPicture(QTextCursor cursor, const QTextImageFormat& picture);
+/// The selected text, or `text` where nothing is selected, leads to the address; an empty address
+/// takes the link away.
+TOOLKIT_EXPORT void SetLink(QTextCursor cursor, const QString& address, const QString& text);
+TOOLKIT_EXPORT void InsertAttachment(QTextCursor cursor, const NoteAttachment& attachment);
+
+} // namespace toolkit
