@@ -12,6 +12,7 @@ toolkit: toolkit toolkit/windows
 toolkit/controls: toolkit toolkit/controls toolkit/windows
 toolkit/grid: toolkit toolkit/controls toolkit/grid toolkit/windows
 toolkit/media: toolkit toolkit/media
+toolkit/richtext: toolkit toolkit/media toolkit/richtext toolkit/windows
 toolkit/sound: toolkit/media toolkit/sound
 toolkit/windows: toolkit toolkit/controls toolkit/windows
 base: base include services toolkit toolkit/controls toolkit/windows
