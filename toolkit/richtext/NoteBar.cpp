@@ -10,7 +10,9 @@
 #include <QColorDialog>
 #include <QComboBox>
 #include <QFontComboBox>
+#include <QFontInfo>
 #include <QInputDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QSignalBlocker>
 #include <QTextTable>
@@ -254,8 +256,9 @@ void NoteBar::ShowWhatHolds() {
     const QSignalBlocker noSize(m_size);
     m_heading->setCurrentIndex(HeadingAt(m_sheet.textCursor()));
     m_face->setCurrentFont(format.font());
+    m_face->lineEdit()->setCursorPosition(0);
     // -1 for one that isn't in the list: the box is empty.
-    m_size->setCurrentIndex(m_size->findData(qRound(format.font().pointSizeF())));
+    m_size->setCurrentIndex(m_size->findData(qRound(QFontInfo(format.font()).pointSizeF())));
 }
 
 void NoteBar::ChooseColor(bool ofText) {

@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QComboBox>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QLabel>
@@ -278,6 +279,18 @@ TEST_F(ZelvorEditorTest, ShortcutsAndButtonsChangeTheLookOfTheText) {
     EXPECT_TRUE(toolkit::IsInList(Sheet().textCursor(), QTextListFormat::ListDisc));
     QTest::keyClick(&Sheet(), Qt::Key_Z, Qt::ControlModifier);
     EXPECT_FALSE(toolkit::IsInList(Sheet().textCursor(), QTextListFormat::ListDisc));
+}
+
+TEST_F(ZelvorEditorTest, BoxesShowHeadingFaceAndSizeOfTheTextUnderTheCursor) {
+    Load(u"<h2>题</h2><p><span style='font-size:18pt'>大</span></p>"_s);
+    const auto box = [this](const char* name) {
+        return editor.Widget()->findChild<QComboBox*>(QString::fromLatin1(name))->currentText();
+    };
+    EXPECT_EQ(box("headingBox"), u"标题 2");
+    EXPECT_FALSE(box("faceBox").isEmpty());
+    Sheet().moveCursor(QTextCursor::End);
+    EXPECT_EQ(box("headingBox"), u"正文");
+    EXPECT_EQ(box("sizeBox"), u"18");
 }
 
 TEST_F(ZelvorEditorTest, TextOfAnInputMethodIsPaintedWhileItIsComposed) {
