@@ -40,6 +40,15 @@ constexpr int kCodeSide = 200;
 /// Of a module in a file and on the clipboard: enough for printing.
 constexpr int kGivenModule = 8;
 
+/// Labels lay out all of a text, which takes minutes where it has no end, and the window grows with
+/// its lines. The viewer has all of it.
+QString BeginningOf(const QString& text) {
+    constexpr qsizetype kMostShown = 600;
+    constexpr int kMostLines = 12;
+    const QString lines = text.section(u'\n', 0, kMostLines - 1).left(kMostShown);
+    return lines.size() == text.size() ? text : u"%1……（共 %2 字）"_s.arg(lines).arg(text.size());
+}
+
 QLabel* MakeText(const QString& name, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setObjectName(name);
@@ -201,14 +210,14 @@ QWidget* IssueWindow::MakeIssueButtons() {
 
 void IssueWindow::ShowFacts(const IssueFacts& facts) {
     m_facts = facts;
-    setWindowTitle(u"问题信息 - "_s + facts.subject.simplified());
-    m_subject->setText(facts.subject);
+    setWindowTitle(u"问题信息 - "_s + BeginningOf(facts.subject).simplified());
+    m_subject->setText(BeginningOf(facts.subject));
     while (m_rows->rowCount() > 0) {
         m_rows->removeRow(0);
     }
     for (const auto& [caption, value] : facts.rows) {
         QLabel* text = MakeText({}, this);
-        text->setText(value);
+        text->setText(BeginningOf(value));
         text->setAccessibleName(caption);
         m_rows->addRow(caption + u'：', text);
     }

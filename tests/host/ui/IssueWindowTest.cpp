@@ -21,6 +21,7 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableView>
 #include <QtTest/QTest>
 
@@ -143,6 +144,27 @@ TEST_F(WindowOfAnIssue, AFolderThatIsNotThereIsTold) {
     Click(u"issueSaveCode"_s);
     EXPECT_EQ(Notice(), u"无法保存二维码：%1。请换一个文件夹，或检查磁盘空间。"_s.arg(path));
     EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(WindowOfAnIssue, OfATextWithoutEndTheBeginningIsShown) {
+    IssueFacts facts = Facts();
+    facts.subject = facts.rows[0].second = QString(1'000'000, u'宽');
+    window->ShowFacts(facts);
+    int cut = 0;
+    for (const QLabel* label : window->findChildren<QLabel*>()) {
+        EXPECT_LT(label->text().size(), 700);
+        cut += label->text().endsWith(u"宽……（共 1000000 字）"_s) ? 1 : 0;
+    }
+    EXPECT_EQ(cut, 2);
+    EXPECT_LT(window->windowTitle().size(), 700);
+}
+
+TEST_F(WindowOfAnIssue, ADescriptionOfVeryManyLinesLeavesTheWindowOnTheScreen) {
+    IssueFacts facts = Facts();
+    facts.rows.emplace_back(u"描述"_s, u"\n"_s.repeated(254) + u"尾"_s);
+    window->ShowFacts(facts);
+    support::RunPendingEvents();
+    EXPECT_LE(window->height(), window->screen()->availableGeometry().height());
 }
 
 TEST_F(WindowOfAnIssue, AFullDiskIsToldAndWhatStoodThereStays) {
