@@ -37,6 +37,16 @@ TEST_F(QuestionPageTest, ThePicturesLieInTheFolderOfTheProject) {
     EXPECT_EQ(TextOf(Page(), "uploaderText"), u"    上传人：上传者p1");
 }
 
+TEST_F(QuestionPageTest, EnterPressesNoneOfItsButtonsAndItsLinesStandBelowEachOther) {
+    ASSERT_TRUE(Open());
+    EXPECT_FALSE(Page().DeleteButton()->autoDefault());
+    EXPECT_FALSE(Page().EditButton()->autoDefault());
+    const auto* uploader = Page().Widget()->findChild<QWidget*>(u"uploaderText"_s);
+    const auto* time = Page().Widget()->findChild<QWidget*>(u"uploadTimeText"_s);
+    EXPECT_EQ(time->x(), uploader->x());
+    EXPECT_GT(time->y(), uploader->y());
+}
+
 TEST_F(QuestionPageTest, AnotherPictureShowsWhoUploadedIt) {
     ASSERT_TRUE(Open());
     Select(2);

@@ -39,6 +39,45 @@ TEST(IssueEdits, ASaveIsFoundByItsNewWordsAndByThePersonAndNotByTheOldOnes) {
     EXPECT_EQ(site.Detail().updateTime, site.wang.at);
 }
 
+TEST(IssueEdits, ARowOfTheListSaysWhatTheIssueHolds) {
+    IssueSite site;
+    KX_DATA::IssueUpdate update = site.Read();
+    update.status = 1;
+    ASSERT_EQ(site.Issues().Update(site.ppid, update, site.wang), Saved::Yes);
+    ListFilter filter;
+    filter.ppids = {site.ppid};
+    const auto rows = site.Issues().PageOf(filter, {{}, 1, 30}).rows;
+    ASSERT_EQ(rows.size(), 1U);
+    EXPECT_EQ(rows[0].questionId, site.questionId);
+    EXPECT_EQ(rows[0].theme, u"裂缝"_s);
+    EXPECT_EQ(rows[0].description, u"墙面"_s);
+    EXPECT_EQ(rows[0].floor, u"1"_s);
+    EXPECT_EQ(rows[0].compName, u"Q-1"_s);
+    EXPECT_EQ(rows[0].markId, 1);
+    EXPECT_EQ(rows[0].status, 1);
+    EXPECT_EQ(rows[0].creatorName, u"li"_s);
+    EXPECT_EQ(rows[0].createTime, sitetest::kRaisedAt);
+    EXPECT_EQ(rows[0].updaterName, u"wang"_s);
+    EXPECT_EQ(rows[0].updateTime, site.wang.at);
+    EXPECT_EQ(rows[0].ppid, site.ppid);
+}
+
+TEST(IssueEdits, TheMarkPanelHasAnIssueWithItsComponentAndItsPlace) {
+    IssueSite site;
+    KX_DATA::IssueUpdate update = site.Read();
+    update.componentHandle = u"2A"_s;
+    update.floor = u"2"_s;
+    ASSERT_EQ(site.Issues().Update(site.ppid, update, site.wang), Saved::Yes);
+    PanelFilter filter;
+    filter.ppids = {site.ppid};
+    const auto& floors = site.engine.PanelCounts().Issues(filter);
+    ASSERT_EQ(floors.size(), 1U);
+    EXPECT_EQ(floors[0].name, u"2"_s);
+    ASSERT_EQ(floors[0].issues.size(), 1U);
+    EXPECT_EQ(floors[0].issues[0].component, u"KZ-1"_s);
+    EXPECT_EQ(floors[0].issues[0].markId, 1);
+}
+
 TEST(IssueEdits, ASaveOverWhatSomebodySavedMeanwhileIsRefusedInTheSameSecondToo) {
     IssueSite site;
     KX_DATA::QuestionDetail detail;

@@ -44,6 +44,32 @@ TEST(IssuePics, UploadedPicturesBecomeTheRectificationsWithTheirOwnIds) {
     EXPECT_THAT(site.History(), ElementsAre(u"wang 11 >g1.jpg、g2.jpg 2"_s, u"li 0 > 0"_s));
 }
 
+TEST(IssuePics, ARemovedPictureStandsInTheHistoryOfItsOwnIssueAlone) {
+    IssueSite site;
+    SiteWriter writer(site.folder);
+    NewIssue second = site.Raised();
+    second.ppid = site.other;
+    writer.FileIssue(second); // so that issue and project have different numbers
+    const QString own = writer.FileIssue(second);
+    NewIssuePic picture = site.Picture(u"渗水.jpg"_s);
+    picture.questionId = own;
+    const QString picId = writer.FileIssuePic(site.other, picture, {{}, "wet"});
+    ASSERT_TRUE(site.Issues().DeletePics({site.other}, {picId}, site.wang));
+    const std::vector<IssueChange> lines = site.Issues().History(site.other, own);
+    ASSERT_EQ(lines.size(), 2U) << "raised with its picture, and one picture less";
+    EXPECT_EQ(lines[0].deed, IssueDeed::PicsRemoved);
+    EXPECT_EQ(lines[0].oldText, u"渗水.jpg"_s);
+    EXPECT_THAT(site.History(), ElementsAre(u"li 0 > 0"_s));
+}
+
+TEST(IssuePics, AreReadInPlaceOfWhatTheListHeld) {
+    IssueSite site;
+    std::vector<KX_DATA::QuestionPicRecord> pics(3);
+    ASSERT_TRUE(site.Issues().Pics(site.ppid, site.questionId, pics));
+    ASSERT_EQ(pics.size(), 1U);
+    EXPECT_EQ(pics[0].picId, site.picId);
+}
+
 TEST(IssuePics, OnePictureWithoutItsFileKeepsAllOfThemOut) {
     IssueSite site;
     KX_DATA::QuestionPicRecord bad = site.Uploaded(u"g2"_s);

@@ -142,6 +142,18 @@ TEST(IssueDetail, IsReadWithVoicePicturesAndRectificationAndLeavesTheCallersFiel
     EXPECT_FALSE(GetTNQuestionMng()->GetRectification(u"x"_s, record));
 }
 
+TEST(IssueDetail, APictureThatIsDeletedIsGoneAndTheServiceSaysSo) {
+    ServiceSite site;
+    const site::NewIssue issue = site.UsualIssue();
+    const QString id = site.writer->FileIssue(issue);
+    const QString picId =
+        site.writer->FileIssuePic(issue.ppid, {id, false, u"a.jpg"_s, u"zhang"_s, 5}, {{}, "abc"});
+    EXPECT_TRUE(GetTNQuestionMng()->DeletePics(KX_DATA::kIssuePicKind, {picId}));
+    std::vector<KX_DATA::QuestionPicRecord> pics(2);
+    EXPECT_NE(GetTNQuestionMng()->GetIssuePics(site.first, id, 0, pics), 0);
+    EXPECT_TRUE(pics.empty());
+}
+
 TEST(IssueMarks, AreThoseInUseThatTheTableKnows) {
     ServiceSite site;
     site.AddIssue([](site::NewIssue& issue) { issue.markId = 2; });

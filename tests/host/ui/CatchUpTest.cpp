@@ -66,6 +66,16 @@ TEST(CatchUpModel, OneOrAllBecomeRead) {
     EXPECT_EQ(model.data(model.index(0), Qt::AccessibleTextRole).toString(), u"照片  5"_s);
 }
 
+TEST(CatchUpModel, AllRowsAreToldWhenAllBecomeRead) {
+    CatchUpModel model;
+    model.SetItems({Item(5), Item(4), Item(3)});
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.MarkAllRead();
+    ASSERT_EQ(changed.count(), 1);
+    EXPECT_EQ(changed[0][0].toModelIndex().row(), 0);
+    EXPECT_EQ(changed[0][1].toModelIndex().row(), 2);
+}
+
 TEST(CatchUpModel, AnUnreadOneSaysSoToWhoCannotSeeIt) {
     CatchUpModel model;
     CatchUpItem item = Item(5);
@@ -122,6 +132,49 @@ TEST(CatchUpDock, SaysWhyItIsEmptyAndHowMuchIsUnread) {
     EXPECT_FALSE(list->isHidden());
     EXPECT_EQ(count->text(), u"未读 1 项"_s);
     EXPECT_TRUE(markAll->isEnabled());
+}
+
+/// A row of the list, painted alone.
+QImage RowOf(CatchUpDock& dock, const CatchUpItem& item) {
+    dock.Model().SetItems({});
+    dock.Model().SetItems({item});
+    auto* list = dock.findChild<QListView*>(u"catchUpList"_s);
+    return list->viewport()->grab(list->visualRect(dock.Model().index(0))).toImage();
+}
+
+TEST(CatchUpPaint, EachLineOfARowIsPaintedAndSoIsThePicture) {
+    CatchUpDock dock(nullptr);
+    dock.resize(320, 300);
+    dock.show();
+    ASSERT_TRUE(WaitFor([&] { return dock.isVisible(); }));
+    CatchUpItem item = Item(5, u"a"_s);
+    const QImage bare = RowOf(dock, item);
+    const auto changedLines = [&](const QImage& other) {
+        QString lines;
+        for (int line = 0; line < 3; ++line) {
+            const QRect part(bare.width() / 2, line * bare.height() / 3, bare.width() / 2,
+                             bare.height() / 3);
+            lines += bare.copy(part) == other.copy(part) ? u'-' : u'x';
+        }
+        return lines;
+    };
+    CatchUpItem filled = item;
+    filled.place = QString(30, u'轴');
+    EXPECT_EQ(changedLines(RowOf(dock, filled)), u"-x-"_s);
+    filled = item;
+    filled.person = QString(30, u'李');
+    EXPECT_EQ(changedLines(RowOf(dock, filled)), u"--x"_s);
+    QPixmap picture(40, 30);
+    picture.fill(Qt::red);
+    dock.Model().SetPicture(u"a"_s, picture);
+    const QImage pictured = RowOf(dock, item);
+    int red = 0;
+    for (int y = 0; y < pictured.height(); ++y) {
+        for (int x = 0; x < pictured.width() / 2; ++x) {
+            red += pictured.pixelColor(x, y) == QColor(Qt::red) ? 1 : 0;
+        }
+    }
+    EXPECT_EQ(red, 40 * 30);
 }
 
 TEST(CatchUpDock, AClickAndEnterWantTheirRow) {

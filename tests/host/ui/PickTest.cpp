@@ -213,6 +213,7 @@ TEST_F(Picking, WhatAPlaceHasNoRoomForIsOfferedAsAMenuAndComesToTheFront) {
     auto* menu = Canvas().findChild<QMenu*>(u"pickMenu"_s);
     ASSERT_NE(menu, nullptr);
     ASSERT_EQ(menu->actions().size(), qsizetype(rest.rest.size()));
+    EXPECT_TRUE(menu->actions().last()->isCheckable());
     menu->actions().last()->trigger();
     menu->close();
     EXPECT_EQ(Picked(), QStringList({u"m29"_s}));
@@ -252,6 +253,37 @@ TEST_F(Picking, InANarrowPaneTheButtonsKeepTheirRoomAndTheBarItsHeight) {
         EXPECT_GE(button.width(), button.minimumSizeHint().width()) << name.toStdString();
         EXPECT_FALSE(button.accessibleName().isEmpty() && button.text().isEmpty());
     }
+}
+
+TEST_F(Picking, TheTickOfAPickedOneIsWhite) {
+    view.BeginComponentPick();
+    const QRectF box = Canvas().Boxes().boxes[0].rect;
+    const auto whites = [&] {
+        const QImage shown = Canvas().grab().toImage();
+        int count = 0;
+        for (int x = 6; x < 13; ++x) {
+            for (int y = -3; y <= 3; ++y) {
+                const QPoint at(int(box.left()) + x, int(box.center().y()) + y);
+                count += shown.pixelColor(at).lightness() > 200 ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    EXPECT_GT(whites(), 40) << "an empty square";
+    Click(u"c1"_s);
+    QTest::mouseMove(&Canvas(), QPoint(1, 1));
+    EXPECT_GT(whites(), 3) << "the tick";
+    EXPECT_LT(whites(), 30) << "on a square that is filled";
+}
+
+TEST_F(Picking, TheOneBelowTheMouseHasARing) {
+    view.BeginComponentPick();
+    const QRectF box = Canvas().Boxes().boxes[0].rect;
+    const QPoint above(int(box.center().x()), int(box.top()) - 1);
+    QTest::mouseMove(&Canvas(), QPoint(2, Canvas().height() - 2));
+    EXPECT_NE(Canvas().grab().toImage().pixelColor(above), toolkit::Colors::Hover());
+    QTest::mouseMove(&Canvas(), box.center().toPoint());
+    EXPECT_EQ(Canvas().grab().toImage().pixelColor(above), toolkit::Colors::Hover());
 }
 
 TEST_F(Picking, ASecondBeginStartsAnew) {
