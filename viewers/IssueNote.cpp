@@ -66,8 +66,10 @@ bool IssueNote::VerifyVoice() const {
 /// Isn't counted among the gallery's downloads, though its end is: one more may run for a time;
 /// required as is.
 void IssueNote::StartVoiceDownload() {
-    // A worker takes a file that is there for the result.
-    QFile::remove(Path());
+    // A worker takes a file that is there for the result. A uuid that is no name has no file.
+    if (!Path().isEmpty()) {
+        QFile::remove(Path());
+    }
     DownloadTask task;
     task.target = m_window.Id();
     task.serverText = m_serverText;

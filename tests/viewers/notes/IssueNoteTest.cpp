@@ -3,6 +3,8 @@
 
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
+#include <atomic>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -13,6 +15,24 @@ namespace {
 QString SumOf(const QByteArray& contents) {
     return QString::fromLatin1(QCryptographicHash::hash(contents, QCryptographicHash::Md5).toHex());
 }
+
+std::atomic<int> warnings{0};
+
+/// Counts what Qt complains of.
+class Overheard {
+public:
+    Overheard() : m_before(qInstallMessageHandler(&Overheard::Count)) { warnings = 0; }
+    ~Overheard() { qInstallMessageHandler(m_before); }
+    Overheard(const Overheard&) = delete;
+    Overheard& operator=(const Overheard&) = delete;
+
+private:
+    static void Count(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+        warnings += type == QtWarningMsg && text.contains(u"QFile"_s) ? 1 : 0;
+    }
+
+    QtMessageHandler m_before;
+};
 
 class IssueVoice : public NoteFixture {
 protected:
@@ -74,6 +94,17 @@ TEST_F(IssueVoice, OnDiskWithTheRightSumPlaysAtOnce) {
     Press();
     EXPECT_FALSE(IsPlaying());
     EXPECT_EQ(Text(), u"00:00 / 00:03");
+}
+
+TEST_F(IssueVoice, OfAUuidThatIsAPathNothingIsRemovedAndNothingPlayed) {
+    const QString beside = folder.Write(u"beside.amr"_s, sound);
+    SetRecord(u"../beside"_s, SumOf(sound));
+    const Overheard overheard;
+    Press();
+    EXPECT_TRUE(WaitForEnd());
+    EXPECT_EQ(warnings, 0);
+    EXPECT_FALSE(IsPlaying());
+    EXPECT_TRUE(QFile::exists(beside));
 }
 
 TEST_F(IssueVoice, IsFetchedAtThePressAndThenPlaysByItself) {
