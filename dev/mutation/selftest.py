@@ -247,6 +247,12 @@ class Trials(unittest.TestCase):
             self.assertEqual(workshop.libraries_with("Alpha.o"), ["bin/libalpha.so"])
             self.assertEqual(workshop.libraries_with("pha.o"), [])
 
+    def test_a_test_may_make_a_file_of_three_gigabytes_without_content(self):
+        with tempfile.TemporaryDirectory() as folder:
+            words = ["truncate", "-s", "3G", f"{folder}/huge"]
+            done = subprocess.run(words, preexec_fn=trial._limit_resources, check=False)
+            self.assertEqual(done.returncode, 0)
+
     def test_a_mutant_that_is_in_no_program_is_unjudged(self):
         links = self.ARCHIVE | self.program("other", "return 1", "Other.o")
         self.assertEqual(self.outcomes(links, "other"), {("unjudged", "")})
