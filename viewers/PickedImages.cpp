@@ -6,6 +6,7 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QFileInfo>
 #include <QImageWriter>
 #include <QSaveFile>
 
@@ -38,7 +39,8 @@ void PickImageFiles(std::vector<PickedFile>& picked, bool& occupied) {
         // The doubled path is what is kept and opened; required as is.
         path.replace(u"\\"_s, u"\\\\"_s);
         QFile file(path);
-        if (!file.open(QIODevice::ReadOnly)) {
+        // Opening a pipe would wait for whoever writes into it.
+        if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly)) {
             occupied = true;
             continue;
         }

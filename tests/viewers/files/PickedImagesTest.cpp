@@ -17,6 +17,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
 using ZelvorNRQ_KXVeskPicture::PickedFile;
@@ -50,6 +51,15 @@ void AddEntry(ExifData& data, ExifIfd directory, ExifTag tag, ExifFormat format,
     exif_entry_unref(entry);
 }
 
+QByteArray BytesOf(ExifData& data) {
+    unsigned char* bytes = nullptr;
+    unsigned int size = 0;
+    exif_data_save_data(&data, &bytes, &size);
+    QByteArray block(reinterpret_cast<const char*>(bytes), qsizetype(size));
+    free(bytes);
+    return block;
+}
+
 /// Time, a place, an orientation and a small picture, as a camera writes them.
 QByteArray CameraBlock(char orientation) {
     const ExifHolder data(exif_data_new());
@@ -62,12 +72,7 @@ QByteArray CameraBlock(char orientation) {
              QByteArray("N", 2));
     data->data = static_cast<unsigned char*>(calloc(1, 100));
     data->size = 100;
-    unsigned char* bytes = nullptr;
-    unsigned int size = 0;
-    exif_data_save_data(data.get(), &bytes, &size);
-    QByteArray block(reinterpret_cast<const char*>(bytes), qsizetype(size));
-    free(bytes);
-    return block;
+    return BytesOf(*data);
 }
 
 std::string TagText(const ExifData& data, ExifIfd directory, ExifTag tag) {
@@ -94,6 +99,22 @@ TEST(PickImageFiles, ListsWhatCanBeOpenedAndTellsOfWhatCant) {
     EXPECT_EQ(picked[0].extension, u".JPG");
     EXPECT_EQ(picked[0].size, 5.0);
     EXPECT_EQ(picked[1].fileName, u"noext");
+}
+
+TEST(PickImageFiles, WhatIsNoFileCountsAsOneThatCannotBeOpened) {
+    const support::TempFolder folder;
+    const QString pipe = folder.Path(u"pipe.jpg"_s);
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    ASSERT_TRUE(QDir().mkpath(folder.Path(u"folder.jpg"_s)));
+    for (const QString& path : {pipe, folder.Path(u"folder.jpg"_s)}) {
+        support::AnsweredPrompts prompts;
+        prompts.ExpectOpenFiles(kFilter, {path});
+        std::vector<PickedFile> picked;
+        bool occupied = false;
+        PickImageFiles(picked, occupied);
+        EXPECT_TRUE(occupied) << path.toStdString();
+        EXPECT_TRUE(picked.empty()) << path.toStdString();
+    }
 }
 
 TEST(PickImageFiles, ACancelledDialogChangesNothing) {
@@ -167,6 +188,22 @@ TEST(SaveReducedJpeg, ABlockThatIsBrokenCostsNothingButItself) {
                                               CameraBlock(1).left(length)));
         EXPECT_TRUE(SaveReducedJpeg(source, folder.Path(u"small.jpg"_s))) << length;
         EXPECT_EQ(QImage(folder.Path(u"small.jpg"_s)).size(), QSize(16, 8)) << length;
+    }
+}
+
+TEST(SaveReducedJpeg, ABlockWithOneKindOfEntriesAloneIsKept) {
+    const support::TempFolder folder;
+    const QByteArray plain = support::JpegBytes(support::CornerMarked(QSize(40, 30)));
+    for (const ExifIfd directory : {EXIF_IFD_0, EXIF_IFD_EXIF, EXIF_IFD_GPS}) {
+        const ExifHolder data(exif_data_new());
+        exif_data_set_byte_order(data.get(), EXIF_BYTE_ORDER_INTEL);
+        const ExifTag tag = directory == EXIF_IFD_0      ? EXIF_TAG_MAKE
+                            : directory == EXIF_IFD_EXIF ? EXIF_TAG_DATE_TIME_ORIGINAL
+                                                         : ExifTag(EXIF_TAG_GPS_LATITUDE_REF);
+        AddEntry(*data, directory, tag, EXIF_FORMAT_ASCII, QByteArray("N", 2));
+        const QString path =
+            folder.Write(u"one.jpg"_s, ZelvorNRQ_KXVeskPicture::WithExif(plain, BytesOf(*data)));
+        EXPECT_FALSE(ZelvorNRQ_KXVeskPicture::ExifForUpright(path).isEmpty()) << directory;
     }
 }
 
