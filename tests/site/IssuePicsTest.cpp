@@ -59,6 +59,8 @@ TEST(IssuePics, ARemovedPictureStandsInTheHistoryOfItsOwnIssueAlone) {
     ASSERT_EQ(lines.size(), 2U) << "raised with its picture, and one picture less";
     EXPECT_EQ(lines[0].deed, IssueDeed::PicsRemoved);
     EXPECT_EQ(lines[0].oldText, u"渗水.jpg"_s);
+    EXPECT_EQ(site.folder.Db().Value(u"SELECT ppid FROM change ORDER BY seq DESC LIMIT 1"_s),
+              site.other);
     EXPECT_THAT(site.History(), ElementsAre(u"li 0 > 0"_s));
 }
 

@@ -53,6 +53,18 @@ TEST(IssueRefusals, APictureThatAnotherClientDeletedIsToldInTheWordsThatViewersL
     EXPECT_EQ(site.messages[0], u"删除问题图片失败："_s + site.Last());
 }
 
+TEST(IssueRefusals, PicturesOfARectificationAreNotDeletedAsAnothersKind) {
+    RefusalSite site;
+    KX_DATA::RectifyRecord record;
+    record.questionId = site.id;
+    ASSERT_TRUE(
+        GetTNQuestionMng()->AddRectifyPics(KX_DATA::kRectifyPicKind, record, {site.Uploaded()}));
+    EXPECT_FALSE(GetTNQuestionMng()->DeleteRectifyPics(KX_DATA::kIssuePicKind, record, {u"g1"_s}));
+    ASSERT_TRUE(GetTNQuestionMng()->GetRectification(site.id, record));
+    EXPECT_EQ(record.pics.size(), 1U);
+    EXPECT_TRUE(GetTNQuestionMng()->DeleteRectifyPics(KX_DATA::kRectifyPicKind, record, {u"g1"_s}));
+}
+
 TEST(IssueRefusals, EachServiceSaysWhatItRefusedLast) {
     RefusalSite site;
     KX_DATA::IssueUpdate update;

@@ -1,4 +1,5 @@
 // Picking components on the plan by mouse and keyboard, and what the view tells of it.
+#include "host/ui/pick/ComponentDock.h"
 #include "host/ui/pick/PickCanvas.h"
 #include "host/ui/pick/PickPane.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
@@ -12,11 +13,13 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
 #include <QPushButton>
+#include <QTableWidget>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
@@ -280,10 +283,23 @@ TEST_F(Picking, TheOneBelowTheMouseHasARing) {
     view.BeginComponentPick();
     const QRectF box = Canvas().Boxes().boxes[0].rect;
     const QPoint above(int(box.center().x()), int(box.top()) - 1);
+    EXPECT_NE(Canvas().grab().toImage().pixelColor(above), toolkit::Colors::Hover());
     QTest::mouseMove(&Canvas(), QPoint(2, Canvas().height() - 2));
     EXPECT_NE(Canvas().grab().toImage().pixelColor(above), toolkit::Colors::Hover());
     QTest::mouseMove(&Canvas(), box.center().toPoint());
     EXPECT_EQ(Canvas().grab().toImage().pixelColor(above), toolkit::Colors::Hover());
+}
+
+TEST(PickedProperties, StandBelowTheirTitleAndAreCopiedWhole) {
+    ComponentDock dock(nullptr);
+    dock.resize(300, 300);
+    dock.ShowFacts({u"柱 KZ-1"_s, {{u"名称"_s, u"KZ-1"_s}, {u"类别"_s, u"柱"_s}}});
+    const auto* title = dock.findChild<QLabel*>(u"componentTitle"_s);
+    auto* table = dock.findChild<QTableWidget*>(u"componentTable"_s);
+    EXPECT_GE(table->y(), title->geometry().bottom());
+    ASSERT_EQ(table->actions().size(), 2);
+    table->actions().last()->trigger();
+    EXPECT_EQ(QApplication::clipboard()->text(), u"柱 KZ-1\n名称\tKZ-1\n类别\t柱"_s);
 }
 
 TEST_F(Picking, ASecondBeginStartsAnew) {
