@@ -35,10 +35,16 @@ QString CodeIn(const QImage& grey) {
     }
 }
 
+/// Of what is very narrow a pixel is left.
+QSize Within(const QSize& size, int side) {
+    return size.scaled(side, side, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+}
+
 QImage NoLargerThan(const QImage& image, int side) {
     return qMax(image.width(), image.height()) <= side
                ? image
-               : image.scaled(side, side, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+               : image.scaled(Within(image.size(), side), Qt::IgnoreAspectRatio,
+                              Qt::SmoothTransformation);
 }
 
 } // namespace
@@ -69,7 +75,7 @@ QrReading ReadQrFile(const QString& path) {
     const bool isHuge = qint64(size.width()) * size.height() > kLargePixels;
     // Formats that can't be read smaller are refused by Qt where they would take too much memory.
     if (qMax(size.width(), size.height()) > kLargestSide) {
-        reader.setScaledSize(size.scaled(kLargestSide, kLargestSide, Qt::KeepAspectRatio));
+        reader.setScaledSize(Within(size, kLargestSide));
     }
     const QImage image = reader.read();
     if (image.isNull()) {

@@ -114,6 +114,18 @@ TEST(Qr, APictureWithoutACodeSaysSoWithoutAFault) {
     EXPECT_EQ(ReadQr({}), QString());
 }
 
+TEST(Qr, APictureOfOnePixelsWidthIsReadAndHasNoCode) {
+    QTemporaryDir dir;
+    QImage narrow(1, 30'000, QImage::Format_RGB32);
+    narrow.fill(Qt::white);
+    const QString path = dir.filePath(u"narrow.png"_s);
+    ASSERT_TRUE(narrow.save(path));
+    const QrReading reading = ReadQrFile(path);
+    EXPECT_EQ(reading.fault, QString());
+    EXPECT_EQ(reading.text, QString());
+    EXPECT_EQ(ReadQr(narrow), QString());
+}
+
 TEST(Qr, WhatIsNoPictureIsAFaultThatNamesIt) {
     QTemporaryDir dir;
     const QString path = dir.filePath(u"broken.jpg"_s);
