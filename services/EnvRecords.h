@@ -46,6 +46,8 @@ struct UploadResult {
 /// A file to upload.
 struct UploadItem {
     QString path;
+    QString name{};  ///< of the file as its owner calls it; empty: the path's own
+    qint32 kind = 0; ///< of a rich text's file
 };
 
 /// One background download.

@@ -41,6 +41,8 @@ public:
     virtual QStringList AskOpenFiles(const OpenFilesRequest& request) = 0;
     /// Shows a folder in the file manager.
     virtual void OpenFolder(const QString& folder) = 0;
+    /// Opens a file with the program that the system has for it, by the same means as a folder.
+    virtual void OpenFile(const QString& path) { OpenFolder(path); }
     /// Shows a file in the file manager, selected where the platform can.
     virtual void RevealFile(const QString& path) = 0;
 };

@@ -153,6 +153,7 @@ qint32 ScriptedTNQRCodeMng::CreateQRCode(const KX_DATA::QRCodeQuery& query, QStr
 bool ScriptedRichTextMsgMng::GetRichText(const KX_DATA::RichTextKey& key,
                                          KX_DATA::RichTextMsg& target,
                                          std::vector<KX_DATA::RichAttachment>& attachments) {
+    lastKey = key;
     if (!m_script.Call("GetRichText", {Arg("id", key.objectId)})) {
         return false;
     }
@@ -167,6 +168,8 @@ bool ScriptedRichTextMsgMng::SaveRichText(const QString& stateText,
                                           const std::vector<QString>& removedUuids,
                                           const std::vector<KX_DATA::RichAttachment>& added) {
     lastSaved = saved;
+    lastKey = key;
+    lastAdded = added;
     return m_script.Call("SaveRichText",
                          {Arg("id", key.objectId), Arg("state", stateText),
                           Arg("removed", removedUuids), Arg("added", qint32(added.size()))});

@@ -74,6 +74,8 @@ public:
 
     KX_DATA::RichTextMsg message; ///< of every object
     KX_DATA::RichTextMsg lastSaved;
+    KX_DATA::RichTextKey lastKey; ///< of a question or a save
+    std::vector<KX_DATA::RichAttachment> lastAdded;
 
     bool GetRichText(const KX_DATA::RichTextKey& key, KX_DATA::RichTextMsg& target,
                      std::vector<KX_DATA::RichAttachment>& attachments) override;

@@ -1,0 +1,91 @@
+// The pane of rich texts below the viewers' pictures.
+#pragma once
+
+#include "richtext/RichEditorNotify.h"
+#include "services/RichTextRecords.h"
+#include "toolkit/windows/WindowObject.h"
+
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+
+class CZelvorEditorImpl;
+class QComboBox;
+class QLabel;
+
+/// Which document a pane shows, and how. Its opener writes it.
+struct RichContext {
+    QString objectId;
+    qint32 subId = 0;
+    qint32 ownerId = 0;
+    qint32 objectType = 0; ///< 1: of a position, 2: of a drawing
+    qint32 readOnly = 0;   ///< 1: nothing can be changed in this pane
+    qint32 projectId = 0;
+};
+
+/// Shows one rich text and its rectification state, and saves them when its opener moves on.
+/// Nothing is locked meanwhile: a version that another person saved is found at the save, and the
+/// person is asked. Service calls block it behind a progress strip. Thread: user interface. A
+/// member of its opener.
+class CRichEditorDlg final : public toolkit::WindowObject {
+public:
+    CRichEditorDlg();
+    ~CRichEditorDlg() override;
+
+    /// Reads the document of the context and opens it. False: the person has been told why not, and
+    /// the editor shows what it showed.
+    bool LoadRichText();
+    /// Saves what has changed. True: the caller may go on, also if the person keeps what somebody
+    /// else saved and the own text is dropped; false: it must stay.
+    bool SaveRichText();
+    void ClosePane();
+    /// Forgets context and record; the document stays on screen until the next is loaded.
+    void ResetPane();
+    /// Places the editor below its row of controls.
+    void LayoutPane();
+    /// Saves, and goes to another document if it may: loads it as soon as the editor can.
+    void GoTo(const RichContext& next);
+
+    [[nodiscard]] QString GetEditorName() const { return msg.editorName; }
+    /// Of the selected state; empty without one.
+    [[nodiscard]] QString GetStateText() const;
+    /// Empty without an editor.
+    [[nodiscard]] QString GetLastHtml() const;
+
+    /// From the editor: shows an attachment with the program that the system has for it.
+    void OpenAttachment(const QString& folderKey, const QString& attachmentName,
+                        const QString& storeName);
+
+    [[nodiscard]] bool IsEditorReady() const { return editorReady; }
+    [[nodiscard]] const RichContext& Context() const { return context; }
+    [[nodiscard]] const KX_DATA::RichTextMsg& Message() const { return msg; }
+    [[nodiscard]] CZelvorEditorImpl* Editor() const { return editor.get(); }
+
+protected:
+    QWidget* MakeWindow(QWidget* parent) override;
+    void OnCreated() override;
+    void OnDestroyed() override;
+    void OnResized() override { LayoutPane(); }
+    qintptr OnEvent(const toolkit::WindowEvent& event) override;
+
+private:
+    class Frame;
+    class Busy;
+    /// The question of a save after somebody else's; true: the save goes on.
+    bool CheckRichTextConflict();
+    bool SaveChanges(const QString& state, const std::vector<NoteFile>& files);
+    bool FetchAttachment(const QString& name, const QString& target, QString& error);
+    void DropLists();
+    void FillStates();
+    void Tell(const QString& sentence) const;
+    [[nodiscard]] KX_DATA::RichTextKey Key() const;
+
+    std::unique_ptr<CZelvorEditorImpl> editor; ///< null until the window exists, and after closing
+    CRichEditorNotify notify;
+    RichContext context;
+    KX_DATA::RichTextMsg msg;
+    bool editorReady = false;
+    QPointer<QComboBox> stateCombo;
+    QPointer<QLabel> m_editorText;
+};
