@@ -117,6 +117,12 @@ KX_DATA::IVeskPathTool* GetVeskPathTool() {
 KX_DATA::IKXLocalCacheData* GetKXLocalCacheData() {
     return nullptr;
 }
+KX_DATA::IKXProgressStrip* GetKXProgressStrip() {
+    return nullptr;
+}
+KX_DATA::CSoapError* GetSoapError() {
+    return nullptr;
+}
 KX_DATA::IKXSysMng* GetKXSysMng() {
     return nullptr;
 }

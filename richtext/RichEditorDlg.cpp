@@ -70,9 +70,8 @@ class CRichEditorDlg::Busy final {
 public:
     Busy(QWidget* pane, const QString& text) : m_pane(pane) {
         if (m_pane) {
-            const QWidget* focus = m_pane->window()->focusWidget();
-            m_hadFocus = focus != nullptr && m_pane->isAncestorOf(focus);
-            m_focus = m_hadFocus ? m_pane->window()->focusWidget() : nullptr;
+            QWidget* focus = m_pane->window()->focusWidget();
+            m_focus = m_pane->isAncestorOf(focus) ? focus : nullptr;
             m_pane->setEnabled(false);
         }
         GetKXProgressStrip()->ShowProgressBar(text, 0);
@@ -91,8 +90,7 @@ public:
 
 private:
     QPointer<QWidget> m_pane;
-    QPointer<QWidget> m_focus;
-    bool m_hadFocus = false;
+    QPointer<QWidget> m_focus; ///< a part of the pane that had it; it loses it while disabled
 };
 
 CRichEditorDlg::CRichEditorDlg() {
@@ -181,7 +179,7 @@ void CRichEditorDlg::ClosePane() {
 }
 
 void CRichEditorDlg::ResetPane() {
-    context = {};
+    m_context = {};
     // A new record holds the present time.
     msg = {};
 }
@@ -191,7 +189,7 @@ void CRichEditorDlg::GoTo(const RichContext& next) {
     if (!SaveRichText()) {
         return;
     }
-    context = next;
+    m_context = next;
     if (still && editorReady) {
         LoadRichText();
     }
@@ -199,11 +197,11 @@ void CRichEditorDlg::GoTo(const RichContext& next) {
 
 KX_DATA::RichTextKey CRichEditorDlg::Key() const {
     KX_DATA::RichTextKey key;
-    key.objectId = context.objectId;
-    key.subId = context.subId;
-    key.ownerId = context.ownerId;
-    key.projectId = context.projectId;
-    key.objectType = context.objectType;
+    key.objectId = m_context.objectId;
+    key.subId = m_context.subId;
+    key.ownerId = m_context.ownerId;
+    key.projectId = m_context.projectId;
+    key.objectType = m_context.objectType;
     return key;
 }
 
@@ -236,10 +234,10 @@ bool CRichEditorDlg::LoadRichText() {
     if (state >= 0) {
         stateCombo->setCurrentIndex(state);
     }
-    stateCombo->setEnabled(context.readOnly == 0);
+    stateCombo->setEnabled(m_context.readOnly == 0);
     m_editorText->setText(msg.editorName);
     if (msg.docName.isEmpty()) {
-        editor->NewEditor(msg.docName, context.readOnly);
+        editor->NewEditor(msg.docName, m_context.readOnly);
         return true;
     }
     const richtext::Prepared prepared = richtext::PrepareFiles(msg.attachments);
@@ -250,7 +248,7 @@ bool CRichEditorDlg::LoadRichText() {
         Tell(prepared.error);
         return false;
     }
-    editor->LoadEditor(msg.docName, prepared.names, prepared.sizes, context.readOnly);
+    editor->LoadEditor(msg.docName, prepared.names, prepared.sizes, m_context.readOnly);
     return true;
 }
 
@@ -260,10 +258,13 @@ void CRichEditorDlg::DropLists() {
 }
 
 bool CRichEditorDlg::SaveRichText() {
-    if (!editor || msg.docName.isEmpty() || context.readOnly != 0) {
+    if (!editor || msg.docName.isEmpty() || m_context.readOnly != 0) {
         return true;
     }
-    editor->SaveEditor();
+    // Nobody goes on from a text that lies nowhere but on the screen.
+    if (!editor->SaveEditor()) {
+        return false;
+    }
     const QString state = stateCombo->currentText();
     // Without a state nothing is saved, whatever was written; required as is.
     if (state.isEmpty()) {
@@ -301,7 +302,7 @@ bool CRichEditorDlg::SaveChanges(const QString& state, const std::vector<NoteFil
     }
     if (state != msg.stateText) {
         toolkit::PostWindowEvent(toolkit::MainWindow(), WM_RICH_STATE_CHANGED,
-                                 quintptr(context.objectType), 0);
+                                 quintptr(m_context.objectType), 0);
     }
     DropLists();
     return true;

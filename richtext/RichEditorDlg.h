@@ -58,7 +58,7 @@ public:
                         const QString& storeName);
 
     [[nodiscard]] bool IsEditorReady() const { return editorReady; }
-    [[nodiscard]] const RichContext& Context() const { return context; }
+    [[nodiscard]] const RichContext& Context() const { return m_context; }
     [[nodiscard]] const KX_DATA::RichTextMsg& Message() const { return msg; }
     [[nodiscard]] CZelvorEditorImpl* Editor() const { return editor.get(); }
 
@@ -83,7 +83,7 @@ private:
 
     std::unique_ptr<CZelvorEditorImpl> editor; ///< null until the window exists, and after closing
     CRichEditorNotify notify;
-    RichContext context;
+    RichContext m_context;
     KX_DATA::RichTextMsg msg;
     bool editorReady = false;
     QPointer<QComboBox> stateCombo;

@@ -119,7 +119,7 @@ void WriteUpload(TourScript& script, const QString& pictures) {
                                    PicturesIn(pictures));
         },
         nullptr);
-    script.Do(u"确定：照片在后台上传，左下角显示进度"_s, AcceptFiles,
+    script.Do(u"确定：照片在后台上传，下方显示进度"_s, AcceptFiles,
               [] { return FindWindow(u"progressStrip"_s) != nullptr; });
     script.Picture(u"progressStrip"_s, u"upload-progress"_s);
     script.Do(u"上传完成"_s, nullptr, [] { return MessageBoxText() == u"上传完成!"_s; });
@@ -127,6 +127,15 @@ void WriteUpload(TourScript& script, const QString& pictures) {
         u"回答“确定”：整改情况里有了新照片"_s, [] { return AnswerMessageBox(u"确定"_s); },
         [] { return ShowsPictureIn(u"rectifyPage"_s) && SetUploadsSlow(false); });
     script.Picture(kIssueViewer, u"rectification"_s);
+    script.Do(
+        u"单击“编辑”：整改情况与说明"_s,
+        [] { return hands::Click(FindIn(InIssue(u"rectifyPage"_s), u"editButton"_s)); },
+        [] { return FindWindow(kRectifyEditor) != nullptr; });
+    script.Picture(kRectifyEditor, u"rectify-editor"_s);
+    script.Do(
+        u"取消"_s,
+        [] { return hands::Click(FindIn(FindWindow(kRectifyEditor), u"cancelButton"_s)); },
+        [] { return FindWindow(kRectifyEditor) == nullptr; });
 }
 
 void WriteEditing(TourScript& script) {

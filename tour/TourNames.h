@@ -14,6 +14,7 @@ inline const QString kCheckpointEditor = QStringLiteral("CheckPtEditDlg");
 inline const QString kDrawingEditor = QStringLiteral("PdfPicEditDlg");
 inline const QString kIssueViewer = QStringLiteral("TNPicViewWrap");
 inline const QString kIssueEditor = QStringLiteral("TNPicEditDlg");
+inline const QString kRectifyEditor = QStringLiteral("TNRectityEditDlg");
 inline const QString kIssueWindow = QStringLiteral("issueWindow");
 inline const QString kSignIn = QStringLiteral("signInDialog");
 inline const QString kBin = QStringLiteral("binWindow");

@@ -4,6 +4,7 @@
 #include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 #include "toolkit/richtext/NoteEdit.h"
+#include "toolkit/richtext/NoteStore.h"
 #include "toolkit/richtext/ZelvorEditorImpl.h"
 
 #include <QFile>
@@ -257,6 +258,25 @@ TEST_F(RichEditorTest, ASaveThatFailsIsToldAndTheCallerStays) {
     EXPECT_TRUE(pane.Widget()->isEnabled());
     EXPECT_EQ(Log().CountOf("Strip.ShowProgressBar"), Log().CountOf("Strip.CloseProgressBar"));
     EXPECT_TRUE(pane.SaveRichText());
+}
+
+TEST_F(RichEditorTest, ATextThatCannotBeWrittenToTheDiskKeepsTheCaller) {
+    Open();
+    Write(u"我的"_s);
+    toolkit::SetEditorFolders({folder.Write(u"file"_s, "x") + u"/in/"_s, {}});
+    host.Log().Clear();
+    EXPECT_FALSE(pane.SaveRichText());
+    EXPECT_THAT(CallsOf(), IsEmpty());
+    EXPECT_EQ(pane.Message().docName, u"doc");
+    EXPECT_EQ(Text(), u"雨后渗水我的");
+}
+
+TEST_F(RichEditorTest, TheKeysComeBackToTheTextAfterACall) {
+    Open();
+    owner.activateWindow();
+    pane.Editor()->Sheet()->setFocus();
+    pane.LoadRichText();
+    EXPECT_EQ(owner.focusWidget(), pane.Editor()->Sheet());
 }
 
 TEST_F(RichEditorTest, GoingToAnotherDocumentSavesFirstAndStaysIfItMust) {

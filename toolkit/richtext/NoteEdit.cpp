@@ -32,7 +32,7 @@ constexpr double kLeastWidth = 16;
 constexpr double kMostPictureWidth = 4000;
 constexpr int kLeastRoom = 120;
 /// Of a picture within pasted text, Base64.
-constexpr qsizetype kMostDataAddress = 48 * 1024 * 1024;
+constexpr qsizetype kMostDataAddress = qsizetype(48) * 1024 * 1024;
 
 QRectF HandleOf(const QRectF& place) {
     return {place.right() - kHandle, place.bottom() - kHandle, kHandle, kHandle};

@@ -29,7 +29,7 @@ enum class NoteFault {
 };
 
 /// UTF-16 units of HTML; pictures are files of their own.
-inline constexpr qsizetype kMostNoteCharacters = 32 * 1024 * 1024;
+inline constexpr qsizetype kMostNoteCharacters = qsizetype(32) * 1024 * 1024;
 inline constexpr int kMostNoteDepth = 400;
 
 struct CleanedNote {

@@ -166,17 +166,17 @@ void CZelvorEditorImpl::LoadEditor(const QString& name, const std::vector<QStrin
     Show(QString::fromUtf8(file.readAll()), name, readOnly);
 }
 
-void CZelvorEditorImpl::SaveEditor() {
+bool CZelvorEditorImpl::SaveEditor() {
     const toolkit::NoteEdit* sheet = Sheet();
     if (sheet == nullptr || m_isBroken || !sheet->Note()->isModified()) {
-        return;
+        return true;
     }
     const QString html = sheet->Note()->Html();
     const auto page =
         toolkit::StoreBytes(html.toUtf8(), toolkit::TheEditorFolders().pages, kPageEnding);
     if (!page) {
         static_cast<Frame*>(Widget())->Say(u"无法保存文档，请检查磁盘空间和文件夹权限。"_s);
-        return;
+        return false;
     }
     m_lastHtml = html;
     std::vector<NoteFile> files = sheet->Note()->Files();
@@ -187,6 +187,7 @@ void CZelvorEditorImpl::SaveEditor() {
     if (m_notify != nullptr) {
         m_notify->OnFilesChanged(m_name, files, sheet->Note()->toPlainText());
     }
+    return true;
 }
 
 void CZelvorEditorImpl::OpenLink(const QString& address) {

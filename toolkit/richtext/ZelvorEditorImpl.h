@@ -34,8 +34,9 @@ public:
     void LoadEditor(const QString& name, const std::vector<QString>& files,
                     const std::map<QString, quint64>& attachments, qint32 readOnly);
     /// Writes the page into the folder and tells all files of the document, if it has changed since
-    /// it was loaded; nothing at all otherwise.
-    void SaveEditor();
+    /// it was loaded; nothing at all otherwise. False: it couldn't be written, which the editor
+    /// says.
+    bool SaveEditor();
     /// As the document was at the last load or save.
     void GetLastHtml(QString& html) const { html = m_lastHtml; }
     void SetReadOnly(qint32 readOnly);

@@ -386,7 +386,7 @@ TEST_F(ZelvorEditorTest, WhatCannotBeStoredIsToldByName) {
     EXPECT_TRUE(Notice().contains(u"表.xlsx"_s));
     EXPECT_EQ(Sheet().toPlainText(), QString());
     QTest::keyClicks(&Sheet(), u"a"_s);
-    editor.SaveEditor();
+    EXPECT_FALSE(editor.SaveEditor());
     EXPECT_EQ(notes.told, 0);
     EXPECT_TRUE(Notice().contains(u"无法保存文档"_s));
 }
