@@ -5,7 +5,6 @@
 namespace contracts {
 
 using namespace Qt::StringLiterals;
-using KX_DATA::kServiceOk;
 
 class Unbuilt : public Contract {
 protected:
