@@ -12,8 +12,11 @@
 #include <QUuid>
 
 #include <atomic>
+#include <deque>
+#include <functional>
 #include <list>
 #include <memory>
+#include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -48,9 +51,46 @@ void EndWithApplication() {
     Q_UNUSED(once);
 }
 
+/// What waits for the interface thread, in its order. Whoever puts something in keeps no part of
+/// it. Thread: any.
+class Mailbox final {
+public:
+    void Put(std::function<void()> what) {
+        const std::lock_guard lock(m_lock);
+        m_waiting.push_back(std::move(what));
+    }
+    /// Nothing while nothing waits.
+    std::function<void()> Take() {
+        const std::lock_guard lock(m_lock);
+        std::function<void()> next;
+        if (!m_waiting.empty()) {
+            next = std::move(m_waiting.front());
+            m_waiting.pop_front();
+        }
+        return next;
+    }
+
+private:
+    std::mutex m_lock; ///< guards what follows
+    std::deque<std::function<void()>> m_waiting;
+};
+
+Mailbox& TheMailbox() {
+    static Mailbox mailbox;
+    return mailbox;
+}
+
 /// On the interface thread, unless the application ends first.
 void Tell(std::function<void()> what) {
-    QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(what), Qt::QueuedConnection);
+    TheMailbox().Put(std::move(what));
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(),
+        [] {
+            if (const auto next = TheMailbox().Take()) {
+                next();
+            }
+        },
+        Qt::QueuedConnection);
 }
 
 bool Fail(const PickedFile& file, const QString& reason) {
@@ -69,9 +109,10 @@ QString EndingOf(const PickedFile& file) {
     return isPath ? QString() : file.extension;
 }
 
+/// At its end nothing of the report is left here: it goes where the last word of it is read.
 void Run(const std::stop_token& stop, const UploadOrder& order,
-         const std::shared_ptr<const UploadReport>& report) {
-    auto stored = std::make_shared<std::vector<KX_DATA::QuestionPicRecord>>();
+         std::shared_ptr<const UploadReport> report) {
+    std::vector<KX_DATA::QuestionPicRecord> stored;
     for (size_t at = 0; at < order.files.size(); ++at) {
         if (stop.stop_requested()) {
             return;
@@ -79,10 +120,10 @@ void Run(const std::stop_token& stop, const UploadOrder& order,
         Tell([report, number = int(at) + 1] { report->onFile(number); });
         KX_DATA::QuestionPicRecord record;
         if (UploadPicture(order.files[at], order.folder, order.uploader, record)) {
-            stored->push_back(record);
+            stored.push_back(record);
         }
     }
-    Tell([report, stored] { report->onEnd(std::move(*stored)); });
+    Tell([ended = std::move(report), taken = std::move(stored)] { ended->onEnd(taken); });
 }
 
 } // namespace
@@ -94,9 +135,9 @@ void StartUpload(UploadOrder order, UploadReport report) {
     Upload& upload = uploads.emplace_back();
     const auto shared = std::make_shared<const UploadReport>(std::move(report));
     try {
-        upload.thread =
-            std::jthread([&upload, shared, work = std::move(order)](const std::stop_token& stop) {
-                Run(stop, work, shared);
+        upload.thread = std::jthread(
+            [&upload, mine = shared, work = std::move(order)](const std::stop_token& stop) mutable {
+                Run(stop, work, std::move(mine));
                 upload.done.store(true);
             });
     } catch (const std::system_error&) {
