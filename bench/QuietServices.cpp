@@ -99,6 +99,9 @@ KX_DATA::IPDFDrawingMng* GetPDFDrawingMng() {
 KX_DATA::ITNQRCodeMng* GetTNQRCodeMng() {
     return nullptr;
 }
+KX_DATA::IRichTextDrafts* GetRichTextDrafts() {
+    return nullptr;
+}
 KX_DATA::IRichTextMsgMng* GetRichTextMsgMng() {
     return nullptr;
 }

@@ -1,6 +1,7 @@
 #include "console/ConsoleFilterBar.h"
 
 #include "base/MarkBox.h"
+#include "base/StateNames.h"
 #include "base/Status.h"
 #include "console/ConsoleControls.h"
 #include "console/RecentKeywords.h"
@@ -34,7 +35,6 @@ namespace {
 
 constexpr qint64 kWeekSeconds = 604800;
 const QString kWorkset = u"工作集"_s;
-const QString kAllStates = u"全部"_s;
 const QString kAllStatesShown = u"全部状态"_s;
 const QString kAllLabels = u"全部标签"_s;
 
@@ -129,7 +129,7 @@ void ConsoleFilterBar::FillStates() {
     GetVeskPicMng()->GetStateNames(names);
     DropCombo& box = *m_controls->statusCombo;
     for (const QString& name : names) {
-        box.addItem(name == kAllStates ? kAllStatesShown : name);
+        box.addItem(name == ZelvorNRQ_KXVeskPicture::kEveryState ? kAllStatesShown : name);
     }
 }
 
@@ -295,7 +295,7 @@ QString ConsoleFilterBar::ChosenState() const {
         return {};
     }
     const QString state = m_controls->statusCombo->currentText();
-    return state == kAllStatesShown ? kAllStates : state;
+    return state == kAllStatesShown ? ZelvorNRQ_KXVeskPicture::kEveryState : state;
 }
 
 void ConsoleFilterBar::EndSearch() {

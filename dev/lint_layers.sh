@@ -18,8 +18,8 @@ toolkit/windows: toolkit toolkit/controls toolkit/windows
 base: base include services toolkit toolkit/controls toolkit/windows
 editors: base editors include services toolkit toolkit/controls toolkit/windows
 report: report toolkit/windows
-richtext: include richtext services toolkit toolkit/controls toolkit/richtext toolkit/windows
-viewers: base editors report services toolkit toolkit/controls toolkit/media toolkit/windows viewers
+richtext: base include richtext services toolkit toolkit/controls toolkit/richtext toolkit/windows
+viewers: base editors report richtext services toolkit toolkit/controls toolkit/media toolkit/richtext toolkit/windows viewers
 issues: base editors include issues report services toolkit toolkit/controls toolkit/windows viewers toolkit/media
 console: base console editors include issues services toolkit toolkit/controls toolkit/grid toolkit/media toolkit/windows viewers
 reminder/feed: base include reminder/feed services toolkit toolkit/windows

@@ -2,12 +2,12 @@
 
 #include "base/FacadeAccess.h"
 #include "base/IQuestionRefresh.h"
+#include "base/StateNames.h"
 #include "editors/EditorOpening.h"
 #include "editors/MarkChoice.h"
 #include "services/Factories.h"
 #include "services/IConvertProjStateTool.h"
 #include "services/ITNQuestionMng.h"
-#include "services/IVeskPicMng.h"
 #include "toolkit/KXTools.h"
 #include "toolkit/controls/TextLimit.h"
 #include "toolkit/windows/Prompts.h"
@@ -23,8 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMostOfRectifyText = 255;
-/// Stands for all of them; no state.
-const QString kStateOfFilters = u"全部"_s;
 
 } // namespace
 
@@ -56,17 +54,14 @@ void CTNRectityEditDlg::Open() {
 
 void CTNRectityEditDlg::FillStates() {
     const toolkit::StillThere still(Id());
-    std::vector<QString> names;
-    GetVeskPicMng()->GetStateNames(names);
+    const std::vector<QString> names = ZelvorNRQ_KXVeskPicture::ListStates();
     QString present;
     GetConvertProjStateTool()->StateToText(present, rectify.state);
     if (!still) {
         return;
     }
     for (const QString& name : names) {
-        if (name != kStateOfFilters) {
-            m_form->stateCombo->addItem(name);
-        }
+        m_form->stateCombo->addItem(name);
     }
     m_form->stateCombo->setCurrentIndex(
         m_form->stateCombo->findText(present, Qt::MatchFixedString | Qt::MatchCaseSensitive));

@@ -1,13 +1,14 @@
 #include "richtext/RichEditorDlg.h"
 
+#include "base/StateNames.h"
 #include "include/KXEvents.h"
 #include "richtext/HistroyTip.h"
 #include "richtext/RichFiles.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
 #include "services/IKXProgressStrip.h"
+#include "services/IRichTextDrafts.h"
 #include "services/IRichTextMsgMng.h"
-#include "services/IVeskPicMng.h"
 #include "toolkit/KXTools.h"
 #include "toolkit/Look.h"
 #include "toolkit/richtext/ZelvorEditorImpl.h"
@@ -35,8 +36,6 @@ namespace {
 constexpr int kRowHeight = 28;
 const QString kNoAttachment = u"附件文件不存在！"_s;
 const QString kNoRecord = u"富文本信息获取服务调用失败！"_s;
-/// Stands for all states in filters; no state.
-const QString kEveryState = u"全部"_s;
 
 /// What a system may run when it is opened.
 bool IsProgram(const QString& name) {
@@ -133,15 +132,12 @@ void CRichEditorDlg::OnCreated() {
 
 void CRichEditorDlg::FillStates() {
     const toolkit::StillThere still(Id());
-    std::vector<QString> names;
-    GetVeskPicMng()->GetStateNames(names);
+    const std::vector<QString> names = ZelvorNRQ_KXVeskPicture::ListStates();
     if (!still) {
         return;
     }
     for (const QString& name : names) {
-        if (name != kEveryState) {
-            stateCombo->addItem(name);
-        }
+        stateCombo->addItem(name);
     }
     stateCombo->setCurrentIndex(-1);
 }
@@ -167,6 +163,7 @@ qintptr CRichEditorDlg::OnEvent(const toolkit::WindowEvent& event) {
 
 void CRichEditorDlg::OnDestroyed() {
     editorReady = false;
+    KeepUnsaved();
     if (editor) {
         editor->Destroy();
         editor.reset();
@@ -268,19 +265,48 @@ bool CRichEditorDlg::SaveRichText() {
     const QString state = stateCombo->currentText();
     // Without a state nothing is saved, whatever was written; required as is.
     if (state.isEmpty()) {
+        KeepDraft();
         return true;
     }
     const toolkit::StillThere still(Id());
-    const auto listed = notify.fileLists.find(msg.docName);
-    const std::vector<NoteFile> files =
-        listed == notify.fileLists.end() ? std::vector<NoteFile>() : listed->second;
+    const std::vector<NoteFile> files = ListedFiles();
     const bool isChanged = !files.empty() || state != msg.stateText;
     // Who doesn't overwrite drops the own text and goes on; required as is.
-    if (!isChanged || !CheckRichTextConflict()) {
+    if (isChanged && !CheckRichTextConflict()) {
+        KeepDraft();
+        DropLists();
+        return true;
+    }
+    if (!isChanged) {
         DropLists();
         return true;
     }
     return still && SaveChanges(state, files);
+}
+
+std::vector<NoteFile> CRichEditorDlg::ListedFiles() const {
+    const auto listed = notify.fileLists.find(msg.docName);
+    return listed == notify.fileLists.end() ? std::vector<NoteFile>() : listed->second;
+}
+
+void CRichEditorDlg::KeepDraft() {
+    const std::vector<NoteFile> files = ListedFiles();
+    if (files.empty()) {
+        return;
+    }
+    KX_DATA::RichTextDraft draft;
+    draft.key = Key();
+    draft.docName = msg.docName;
+    draft.stateText = GetStateText();
+    draft.files = richtext::ListUploads({}, files);
+    GetRichTextDrafts()->Keep(draft);
+}
+
+void CRichEditorDlg::KeepUnsaved() {
+    if (editor && !msg.docName.isEmpty() && m_context.readOnly == 0 && editor->SaveEditor()) {
+        KeepDraft();
+        DropLists();
+    }
 }
 
 bool CRichEditorDlg::SaveChanges(const QString& state, const std::vector<NoteFile>& files) {
@@ -291,6 +317,9 @@ bool CRichEditorDlg::SaveChanges(const QString& state, const std::vector<NoteFil
     if (!files.empty()) {
         removed = richtext::ListRemoved(msg.attachments, files);
         uploaded = richtext::UploadAll(richtext::ListUploads(msg.attachments, files));
+    }
+    if (!still) {
+        return false;
     }
     if (!uploaded.isWhole) {
         Tell(u"上传文件失败："_s + uploaded.error);
@@ -312,7 +341,12 @@ bool CRichEditorDlg::CheckRichTextConflict() {
     const toolkit::StillThere still(Id());
     KX_DATA::RichTextMsg fresh;
     std::vector<KX_DATA::RichAttachment> attachments;
-    if (!GetRichTextMsgMng()->GetRichText(Key(), fresh, attachments)) {
+    const bool isRead = GetRichTextMsgMng()->GetRichText(Key(), fresh, attachments);
+    // A pane that ended meanwhile has given its text to the drafts.
+    if (!still) {
+        return false;
+    }
+    if (!isRead) {
         Tell(kNoRecord);
         return false;
     }

@@ -76,6 +76,12 @@ private:
     bool CheckRichTextConflict();
     bool SaveChanges(const QString& state, const std::vector<NoteFile>& files);
     bool FetchAttachment(const QString& name, const QString& target, QString& error);
+    /// What the editor has told of the open document.
+    [[nodiscard]] std::vector<NoteFile> ListedFiles() const;
+    /// A text that isn't saved is the host's to keep; nothing if it hasn't changed.
+    void KeepDraft();
+    /// The same for one that nobody asked to save, when the window ends.
+    void KeepUnsaved();
     void DropLists();
     void FillStates();
     void Tell(const QString& sentence) const;

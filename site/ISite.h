@@ -19,6 +19,7 @@ class IChanges;
 class IClientFolders;
 class IComments;
 class IComponents;
+class IDrafts;
 class IDrawings;
 class IFilings;
 class IIntake;
@@ -38,6 +39,7 @@ public:
     [[nodiscard]] virtual IPdfPhotos& PdfPhotos() = 0;
     [[nodiscard]] virtual IComments& Comments() = 0;
     [[nodiscard]] virtual IComponents& Components() = 0;
+    [[nodiscard]] virtual IDrafts& Drafts() = 0;
     [[nodiscard]] virtual IDrawings& Drawings() = 0;
     [[nodiscard]] virtual IIssues& Issues() = 0;
     [[nodiscard]] virtual IPanelCounts& PanelCounts() = 0;

@@ -1,13 +1,27 @@
 #include "viewers/PdfPicViewWrap.h"
 
 #include "base/ConsoleMode.h"
+#include "toolkit/windows/StillThere.h"
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int kPointRecordHeight = 150;
+constexpr qint32 kRecordOfDrawing = 2;
+
+} // namespace
+
 CPdfPicViewWrap::CPdfPicViewWrap()
     : CReportViewWrap(std::make_unique<CPdfPicViewDlg>(this),
-                      {u"PdfPicViewWrap"_s, u"PDF照片查看"_s, kModePdf}) {}
+                      {u"PdfPicViewWrap"_s, u"PDF照片查看"_s, kModePdf, kPointRecordHeight}) {}
 
 bool CPdfPicViewWrap::OpenView(qint32 wantedPicId) {
-    return Pane().LoadCheckpoint(drawingId, wantedPicId);
+    const toolkit::StillThere still(Id());
+    RichContext record;
+    record.ownerId = drawingId;
+    record.objectType = kRecordOfDrawing;
+    record.projectId = ppid;
+    ShowRecord(record);
+    return still && Pane().LoadCheckpoint(drawingId, wantedPicId);
 }

@@ -1,5 +1,6 @@
 #include "viewers/PicViewWrap.h"
 
+#include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WindowPlace.h"
 
 #include <utility>
@@ -18,9 +19,17 @@ void CPicViewWrap::OnCreated() {
     m_upDownView.clear();
     toolkit::SetLeastSize(*Widget(), kLeastSize);
     toolkit::ResizeWithinScreen(*Widget(), kFirstSize);
+    const toolkit::StillThere still(Id());
     m_pane->Create(Id());
     const Lower lower = LowerPane();
     m_lower = lower.pane;
+    if (m_lower != nullptr) {
+        m_lower->Create(Id());
+    }
+    // A service that was asked for the panes may have let the window be closed.
+    if (!still) {
+        return;
+    }
     if (m_lower != nullptr) {
         MakeDivider(lower);
     }
@@ -29,7 +38,6 @@ void CPicViewWrap::OnCreated() {
 }
 
 void CPicViewWrap::MakeDivider(const Lower& lower) {
-    m_lower->Create(Id());
     m_upDownView = new CZelvorUpDownView(Widget());
     m_upDownView->SetSplitterWnd(m_pane->Widget(), m_lower->Widget());
     m_upDownView->SetBottomHeight(lower.height);

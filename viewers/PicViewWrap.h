@@ -1,9 +1,9 @@
 // The window around a viewer's pane.
 #pragma once
 
+#include "toolkit/richtext/ZelvorUpDownView.h"
 #include "toolkit/windows/PopTipDlg.h"
 #include "viewers/PicViewDlg.h"
-#include "viewers/ZelvorUpDownView.h"
 
 #include <QPointer>
 

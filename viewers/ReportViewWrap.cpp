@@ -2,7 +2,11 @@
 
 #include "base/FacadeAccess.h"
 #include "base/MissingDialogs.h"
+#include "services/Factories.h"
+#include "services/IKXGlobalData.h"
+#include "services/IRichEditorAuth.h"
 #include "toolkit/Look.h"
+#include "toolkit/windows/StillThere.h"
 
 #include <utility>
 
@@ -11,8 +15,26 @@ CReportViewWrap::CReportViewWrap(std::unique_ptr<CPicViewDlg> pane, ViewerTerms 
 
 void CReportViewWrap::OnCreated() {
     CPicViewWrap::OnCreated();
+    if (!HasWindow()) {
+        return;
+    }
     Widget()->setObjectName(m_terms.name);
     Widget()->setWindowTitle(m_terms.caption);
+}
+
+CPicViewWrap::Lower CReportViewWrap::LowerPane() {
+    return GetRichEditorAuth()->IsRichTextEnabled() ? Lower{&richEditor, m_terms.recordHeight}
+                                                    : Lower{};
+}
+
+void CReportViewWrap::ShowRecord(RichContext context) {
+    if (!richEditor.HasWindow()) {
+        return;
+    }
+    const bool isReadOnly =
+        GetRichEditorAuth()->IsRichTextReadOnly() || GetKXGlobalData()->IsWorksetMode();
+    context.readOnly = isReadOnly ? 1 : 0;
+    richEditor.GoTo(context);
 }
 
 void CReportViewWrap::ShowTitle(const QString& title) {
@@ -34,6 +56,12 @@ void CReportViewWrap::OnTimer(int timerId) {
 }
 
 void CReportViewWrap::OnClose() {
+    const toolkit::StillThere still(Id());
+    // A record that can't be saved holds nobody back; required as is.
+    richEditor.SaveRichText();
+    if (!still) {
+        return;
+    }
     StopNote();
     ZelvorNRQ_KXVeskPicture::PictureFacade().BringConsoleBack(m_terms.consoleKind);
     DestroyViews();

@@ -1,7 +1,8 @@
-// The window around a viewer's pane that has a report, and a way back to the console.
+// The window around a viewer's pane: its report, the record below, the way back to the console.
 #pragma once
 
 #include "report/ReportFlow.h"
+#include "richtext/RichEditorDlg.h"
 #include "viewers/PicViewWrap.h"
 
 /// What one of these windows is called, and whom it belongs to.
@@ -9,10 +10,11 @@ struct ViewerTerms {
     QString name;           ///< of the widget
     QString caption;        ///< until the pane has a title
     qint32 consoleKind = 0; ///< of the console that a closing viewer brings back
+    int recordHeight = 0;   ///< of the record below the pane, to begin with
 };
 
-/// Takes the pane's titles, blocks the client for its report, and ends with all that is in it.
-/// Thread: user interface.
+/// Takes the pane's titles, blocks the client for its report, saves the record of what it shows
+/// when it goes on, and ends with all that is in it. Thread: user interface.
 class CReportViewWrap : public CPicViewWrap {
 public:
     /// Becomes the caption, and the window lays out again. Nothing without a window.
@@ -21,11 +23,18 @@ public:
     void OutputReport();
     void OnTimer(int timerId) override;
 
+    /// The record below the pane; without a window for people who have no rich text.
+    [[nodiscard]] CRichEditorDlg& RichEditor() { return richEditor; }
+
 protected:
     CReportViewWrap(std::unique_ptr<CPicViewDlg> pane, ViewerTerms terms);
     /// A note that plays stops.
     virtual void StopNote() = 0;
+    /// Goes to another record, once the present one is saved. Nothing without the pane of rich
+    /// texts. Who may write is found out here.
+    void ShowRecord(RichContext context);
 
+    Lower LowerPane() override;
     void OnCreated() override;
     void OnDestroyed() override;
     void OnClose() override;
@@ -33,4 +42,5 @@ protected:
 private:
     const ViewerTerms m_terms;
     report::ReportFlow m_report{*this};
+    CRichEditorDlg richEditor;
 };

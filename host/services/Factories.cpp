@@ -15,6 +15,9 @@ KX_DATA::IPDFDrawingMng* GetPDFDrawingMng() {
 KX_DATA::ITNQRCodeMng* GetTNQRCodeMng() {
     return &host::TheServices().qrCodeMng;
 }
+KX_DATA::IRichTextDrafts* GetRichTextDrafts() {
+    return &host::TheServices().richTextDrafts;
+}
 KX_DATA::IRichTextMsgMng* GetRichTextMsgMng() {
     return &host::TheServices().richTextMng;
 }

@@ -10,6 +10,7 @@
 #include "host/services/MQFFileDownload.h"
 #include "host/services/PDFDrawingMng.h"
 #include "host/services/PathServices.h"
+#include "host/services/RichTextDrafts.h"
 #include "host/services/SmallServices.h"
 #include "host/services/TNQuestionMng.h"
 #include "host/services/UnbuiltServices.h"
@@ -26,6 +27,7 @@ struct ServiceSet {
     PDFDrawingMng drawingMng{around};
     TNQRCodeMng qrCodeMng{around};
     RichTextMsgMng richTextMng;
+    RichTextDrafts richTextDrafts{around};
     AuthMng authMng{around};
     ActingUser actingUser{around};
     GlobalData globalData{around};

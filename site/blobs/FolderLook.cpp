@@ -19,9 +19,10 @@ file_type TypeOf(const QString& path) {
     return std::filesystem::symlink_status(path.toStdU16String(), error).type();
 }
 
-const std::array<QString, 6>& Parts() {
-    static const std::array<QString, 6> parts{place::kDatabase, place::kStore, place::kBin,
-                                              place::kWork,     place::kLogs,  place::kCache};
+const std::array<QString, 7>& Parts() {
+    static const std::array<QString, 7> parts{place::kDatabase, place::kStore, place::kBin,
+                                              place::kWork,     place::kLogs,  place::kCache,
+                                              place::kDrafts};
     return parts;
 }
 

@@ -14,6 +14,7 @@ inline const QString kBin = QStringLiteral("bin");
 inline const QString kWork = QStringLiteral("work");
 inline const QString kLogs = QStringLiteral("logs");
 inline const QString kCache = QStringLiteral("cache");
+inline const QString kDrafts = QStringLiteral("drafts");
 inline const QString kSampleLock = QStringLiteral("sample.lock");
 inline const QString kSamplePart = QStringLiteral("sample.part");
 inline const QString kSetAside = QStringLiteral("set-aside");

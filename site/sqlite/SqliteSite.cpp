@@ -1,6 +1,7 @@
 #include "site/sqlite/SqliteSite.h"
 
 #include "site/OpenSite.h"
+#include "site/blobs/FolderLook.h"
 #include "site/sqlite/SiteWriter.h"
 
 namespace site {
@@ -12,7 +13,8 @@ SqliteSite::SqliteSite(DataFolder& dataFolder)
       m_bin(m_folder.Db(), m_folder.Store()),
       m_issues(m_folder.Db(), m_lists, m_folder.Store(), m_bin), m_panel(m_folder.Db()),
       m_catalogue(m_folder.Db()), m_filings(m_folder.Db()), m_blobs(m_folder),
-      m_picFiling(m_folder), m_places(m_folder) {}
+      m_picFiling(m_folder), m_places(m_folder),
+      m_drafts(m_folder.Path() + u'/' + place::kDrafts, [this] { return m_folder.Now(); }) {}
 
 SqliteSite::SqliteSite(std::unique_ptr<DataFolder> dataFolder) : SqliteSite(*dataFolder) {
     m_owned = std::move(dataFolder);

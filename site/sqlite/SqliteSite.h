@@ -2,6 +2,7 @@
 #pragma once
 
 #include "site/ISite.h"
+#include "site/blobs/DraftFolder.h"
 #include "site/sqlite/BimPhotos.h"
 #include "site/sqlite/Bin.h"
 #include "site/sqlite/Catalogue.h"
@@ -32,6 +33,7 @@ public:
     [[nodiscard]] IPdfPhotos& PdfPhotos() override { return m_pdfPhotos; }
     [[nodiscard]] IComments& Comments() override { return m_comments; }
     [[nodiscard]] IComponents& Components() override { return m_components; }
+    [[nodiscard]] IDrafts& Drafts() override { return m_drafts; }
     [[nodiscard]] IDrawings& Drawings() override { return m_drawings; }
     [[nodiscard]] IIssues& Issues() override { return m_issues; }
     [[nodiscard]] IPanelCounts& PanelCounts() override { return m_panel; }
@@ -71,6 +73,7 @@ private:
     FolderBlobs m_blobs;
     FolderPicFiling m_picFiling;
     FolderPlaces m_places;
+    DraftFolder m_drafts;
 };
 
 } // namespace site

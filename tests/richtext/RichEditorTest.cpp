@@ -185,6 +185,57 @@ TEST_F(RichEditorTest, WithoutASelectedStateNothingIsSavedThoughTheTextChanged) 
     host.Log().Clear();
     EXPECT_TRUE(pane.SaveRichText());
     EXPECT_THAT(CallsOf(), IsEmpty());
+    ASSERT_THAT(host.drafts.kept, SizeIs(1)) << "nobody loses what was written";
+    EXPECT_EQ(host.drafts.kept[0].stateText, QString());
+    EXPECT_EQ(host.drafts.kept[0].key.objectId, u"A-1");
+}
+
+TEST_F(RichEditorTest, AStateAloneIsNoDraft) {
+    Open();
+    Choose(u"已整改"_s);
+    SomebodyElseSaves();
+    EXPECT_TRUE(SaveAnswering("cancelButton"));
+    EXPECT_THAT(host.drafts.kept, IsEmpty());
+}
+
+TEST_F(RichEditorTest, ADraftHasAllFilesOfTheDocumentAndNotOnlyNewOnes) {
+    const KX_DATA::RichAttachment picture = Stored("no picture", u".png"_s);
+    OnServer().attachments[0] =
+        Stored("<p>甲<img src=\"" + picture.name.toUtf8() + "\"></p>", u".html"_s);
+    OnServer().attachments.push_back(picture);
+    Open();
+    Write(u"我的"_s);
+    SomebodyElseSaves();
+    EXPECT_TRUE(SaveAnswering("cancelButton"));
+    ASSERT_THAT(host.drafts.kept, SizeIs(1));
+    ASSERT_THAT(host.drafts.kept[0].files, SizeIs(2));
+    EXPECT_EQ(host.drafts.kept[0].files[1].name, picture.name);
+    EXPECT_TRUE(QFile::exists(host.drafts.kept[0].files[1].path));
+}
+
+TEST_F(RichEditorTest, APaneThatEndsUnaskedKeepsADraftOnce) {
+    Open();
+    Write(u"我的"_s);
+    pane.ClosePane();
+    pane.ClosePane();
+    EXPECT_THAT(host.drafts.kept, SizeIs(1));
+    EXPECT_EQ(Log().CountOf("SaveRichText"), 0);
+}
+
+TEST_F(RichEditorTest, AReadOnlyPaneKeepsNoDraft) {
+    RichContext context = Place();
+    context.readOnly = 1;
+    Open(context);
+    pane.ClosePane();
+    EXPECT_THAT(host.drafts.kept, IsEmpty());
+}
+
+TEST_F(RichEditorTest, WhatIsSavedIsNoDraft) {
+    Open();
+    Write(u"我的"_s);
+    EXPECT_TRUE(pane.SaveRichText());
+    pane.ClosePane();
+    EXPECT_THAT(host.drafts.kept, IsEmpty());
 }
 
 TEST_F(RichEditorTest, WhoKeepsTheOtherPersonsVersionGoesOnAndTheOwnTextIsNotSaved) {

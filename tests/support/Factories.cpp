@@ -22,6 +22,10 @@ KX_DATA::ITNQRCodeMng* GetTNQRCodeMng() {
     return &ScriptedHost::Current().qrCodes;
 }
 
+KX_DATA::IRichTextDrafts* GetRichTextDrafts() {
+    return &ScriptedHost::Current().drafts;
+}
+
 KX_DATA::IRichTextMsgMng* GetRichTextMsgMng() {
     return &ScriptedHost::Current().richTexts;
 }

@@ -33,6 +33,7 @@ public:
     ScriptedPDFDrawingMng drawings{script};
     ScriptedTNQRCodeMng qrCodes{script};
     ScriptedRichTextMsgMng richTexts{script};
+    ScriptedRichTextDrafts drafts{script};
     ScriptedKXAuthMng auth{script};
     ScriptedKXGlobalData global{script};
     ScriptedPaths paths{script};

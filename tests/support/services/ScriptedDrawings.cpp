@@ -175,4 +175,11 @@ bool ScriptedRichTextMsgMng::SaveRichText(const QString& stateText,
                           Arg("removed", removedUuids), Arg("added", qint32(added.size()))});
 }
 
+void ScriptedRichTextDrafts::Keep(const KX_DATA::RichTextDraft& draft) {
+    if (m_script.Call("KeepDraft", {Arg("id", draft.key.objectId), Arg("state", draft.stateText),
+                                    Arg("files", qint32(draft.files.size()))})) {
+        kept.push_back(draft);
+    }
+}
+
 } // namespace support

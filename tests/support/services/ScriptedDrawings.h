@@ -2,6 +2,7 @@
 #pragma once
 
 #include "services/IPDFDrawingMng.h"
+#include "services/IRichTextDrafts.h"
 #include "services/IRichTextMsgMng.h"
 #include "services/ITNQRCodeMng.h"
 #include "tests/support/Reserved.h"
@@ -82,6 +83,18 @@ public:
     bool SaveRichText(const QString& stateText, const KX_DATA::RichTextMsg& saved,
                       const KX_DATA::RichTextKey& key, const std::vector<QString>& removedUuids,
                       const std::vector<KX_DATA::RichAttachment>& added) override;
+
+private:
+    Script& m_script;
+};
+
+class ScriptedRichTextDrafts final : public KX_DATA::IRichTextDrafts {
+public:
+    explicit ScriptedRichTextDrafts(Script& script) : m_script(script) {}
+
+    std::vector<KX_DATA::RichTextDraft> kept;
+
+    void Keep(const KX_DATA::RichTextDraft& draft) override;
 
 private:
     Script& m_script;

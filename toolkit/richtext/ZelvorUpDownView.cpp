@@ -1,4 +1,4 @@
-#include "viewers/ZelvorUpDownView.h"
+#include "toolkit/richtext/ZelvorUpDownView.h"
 
 #include <QResizeEvent>
 

@@ -1,12 +1,14 @@
 // Two panes above each other, with a divider that the user moves.
 #pragma once
 
+#include "toolkit/ToolkitExport.h"
+
 #include <QSplitter>
 
 /// The upper pane takes what the window gains or loses, the lower one keeps its height. Neither can
 /// be closed by the divider. Thread: user interface. Owned by its parent; the panes are its
 /// children.
-class CZelvorUpDownView final : public QSplitter {
+class TOOLKIT_EXPORT CZelvorUpDownView final : public QSplitter {
 public:
     explicit CZelvorUpDownView(QWidget* parent);
 

@@ -1,0 +1,40 @@
+// Rich texts that people wrote and that were not saved.
+#pragma once
+
+#include "services/IRichTextDrafts.h"
+
+#include <QString>
+
+#include <vector>
+
+namespace site {
+
+/// How long a draft is kept.
+inline constexpr qint64 kDraftSeconds = qint64(30) * 24 * 60 * 60;
+
+/// One text as its author left it.
+struct Draft {
+    QString id; ///< opaque
+    QString person;
+    qint64 at = 0; ///< seconds since 1970
+    /// What it was to become; its files lie in a folder of the draft, those of the page under their
+    /// own names.
+    KX_DATA::RichTextDraft text;
+    QString folder; ///< of the page's files, with "/" at its end
+};
+
+/// Drafts belong to the machine, not to the site: nobody else sees them, no change is told of them.
+/// Those past their time go by themselves. Operations throw DataError. Thread: the site's.
+class IDrafts {
+public:
+    virtual ~IDrafts() = default;
+
+    /// Copies the files. The same page of the same record, kept before, is replaced.
+    virtual void Keep(const KX_DATA::RichTextDraft& draft, const QString& person) = 0;
+    /// Latest first. What can't be read is left out, and left alone.
+    [[nodiscard]] virtual std::vector<Draft> Of(const QString& person) = 0;
+    /// Nothing if it isn't there any more.
+    virtual void Remove(const QString& id) = 0;
+};
+
+} // namespace site
