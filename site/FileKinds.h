@@ -13,7 +13,8 @@ enum class FileKind {
     IssueVoice = 6,
     IssuePic = 7, ///< owner: the issue, as for its thumbnails
     Thumb = 8,
-    Uploaded = 9, ///< not yet taken by anything
+    Uploaded = 9,  ///< not yet taken by anything
+    RichText = 10, ///< of any version; owner: the record
 };
 
 } // namespace site

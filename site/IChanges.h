@@ -24,6 +24,7 @@ enum class ChangeKind : int {
     Person = 10,
     Other = 11,   ///< what no list, count or table shows: settings, records of actions, uploads
     Comment = 12, ///< with the id of its checkpoint
+    RichText = 13,
 };
 
 struct Change {

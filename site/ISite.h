@@ -27,6 +27,7 @@ class IIssues;
 class IPanelCounts;
 class IPdfPhotos;
 class IPicFiling;
+class IRichTexts;
 
 /// What stands on it lasts as long as it does. Operations may take long; where they fail they throw
 /// DataError: TooSlow past the deadline, Cancelled when told to stop, with nothing changed.
@@ -42,6 +43,7 @@ public:
     [[nodiscard]] virtual IDrafts& Drafts() = 0;
     [[nodiscard]] virtual IDrawings& Drawings() = 0;
     [[nodiscard]] virtual IIssues& Issues() = 0;
+    [[nodiscard]] virtual IRichTexts& RichTexts() = 0;
     [[nodiscard]] virtual IPanelCounts& PanelCounts() = 0;
     [[nodiscard]] virtual ICatalogue& Catalogue() = 0;
     [[nodiscard]] virtual IBin& Bin() = 0;

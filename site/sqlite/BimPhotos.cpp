@@ -23,12 +23,6 @@ namespace {
 
 constexpr int kJpegKind = 1;
 
-struct Place {
-    QString floor;
-    QString axisX;
-    QString axisY;
-};
-
 const QString& RowSql() {
     static const QString sql =
         u"SELECT b.id, b.pos_text, b.axis_x, b.axis_y, b.description, b.floor, b.mark_id,"
@@ -208,7 +202,8 @@ int BimPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 
     return count;
 }
 
-void BimPhotos::MoveTo(qint32 ppid, qint32 picId, const QString& key, const QString& oldKey) {
+BimPhotos::Place BimPhotos::PlaceFor(qint32 ppid, const QString& key,
+                                     const KX_DATA::BimPicDetail& old) {
     std::optional<Place> place;
     m_database.ForEach(u"SELECT floor, axis_x, axis_y FROM position WHERE position_key = ?"
                        " AND ppid = ?"_s,
@@ -216,17 +211,13 @@ void BimPhotos::MoveTo(qint32 ppid, qint32 picId, const QString& key, const QStr
                            place = Place{read.Text(0), read.Text(1), read.Text(2)};
                        });
     // A key that the model has no longer keeps the place that the photo had with it.
-    if (!place && key == oldKey) {
-        return;
+    if (!place && key == old.positionKey) {
+        return {old.floor, old.axisX, old.axisY};
     }
     if (!place && !key.isEmpty()) {
         throw DataError(Fault::Missing, u"所选的位置已不在模型中，请重新选择楼层和轴线。"_s, key);
     }
-    const Place now = place.value_or(Place{});
-    m_database.Exec(u"UPDATE bim_photo SET position_key = ?, floor = ?, floor_sort = ?, axis_x = ?,"
-                    " axis_y = ?, pos_text = ? WHERE id = ?"_s,
-                    {key, now.floor, FloorSortKey(now.floor), now.axisX, now.axisY,
-                     PositionText(now.axisX, now.axisY), picId});
+    return place.value_or(Place{});
 }
 
 void BimPhotos::SetLabels(qint32 ppid, qint32 picId, const std::vector<QString>& labelIds) {
@@ -251,11 +242,16 @@ Saved BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const 
     }
     const LastChange last(old.uploaderName, old.uploadTime, by.person, by.at);
     RemoveSearchRowForEdit(m_database, ListKind::BimPhotos, update.picId);
-    MoveTo(ppid, update.picId, update.positionKey, old.positionKey);
-    m_database.Exec(u"UPDATE bim_photo SET description = ?, mark_id = ?, name = ?, status = ?,"
+    const Place place = PlaceFor(ppid, update.positionKey, old);
+    // In one statement: a photo takes the state of the place where it comes to, and of none on the
+    // way.
+    m_database.Exec(u"UPDATE bim_photo SET position_key = ?, floor = ?, floor_sort = ?, axis_x = ?,"
+                    " axis_y = ?, pos_text = ?, description = ?, mark_id = ?, name = ?, status = ?,"
                     " updater = ?, updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
-                    {update.description, update.markId, update.fileName, update.status, by.person,
-                     by.at, last.person, last.time, update.picId});
+                    {update.positionKey, place.floor, FloorSortKey(place.floor), place.axisX,
+                     place.axisY, PositionText(place.axisX, place.axisY), update.description,
+                     update.markId, update.fileName, update.status, by.person, by.at, last.person,
+                     last.time, update.picId});
     SetLabels(ppid, update.picId, update.labelIds);
     AddSearchRow(m_database, ListKind::BimPhotos, update.picId);
     m_database.Log().Note(ChangeKind::BimPhoto, ppid, update.picId, by.person);

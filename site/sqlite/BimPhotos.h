@@ -33,7 +33,13 @@ private:
                                                               KX_DATA::BimPicDetail& detail);
     [[nodiscard]] std::vector<KX_DATA::BimPicRow> RowsOf(const std::vector<qint64>& picIds);
     void AddLabels(std::vector<KX_DATA::BimPicRow>& rows);
-    void MoveTo(qint32 ppid, qint32 picId, const QString& key, const QString& oldKey);
+    struct Place {
+        QString floor;
+        QString axisX;
+        QString axisY;
+    };
+    /// Where a photo with that key is.
+    [[nodiscard]] Place PlaceFor(qint32 ppid, const QString& key, const KX_DATA::BimPicDetail& old);
     void SetLabels(qint32 ppid, qint32 picId, const std::vector<QString>& labelIds);
 
     Database& m_database;

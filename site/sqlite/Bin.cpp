@@ -6,7 +6,9 @@
 #include "site/sqlite/BinContent.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/Drawings.h"
+#include "site/sqlite/RichTexts.h"
 #include "site/sqlite/SearchIndex.h"
+#include "site/sqlite/UploadSweep.h"
 
 #include <QJsonDocument>
 
@@ -264,15 +266,38 @@ int Bin::Restore(const std::vector<qint64>& binIds) {
 
 void Bin::Purge(const std::vector<qint64>& binIds) {
     std::vector<QString> files;
+    bool hadCheckpoint = false;
     Transaction transaction(m_database);
     for (const qint64 binId : binIds) {
         m_database.ForEach(u"SELECT uuid FROM bin_file WHERE bin_id = ?"_s, {binId},
                            [&](const Statement& row) { files.push_back(row.Text(0)); });
+        hadCheckpoint = EndWithCheckpoint(binId) || hadCheckpoint;
         m_database.Exec(u"DELETE FROM bin WHERE id = ?"_s, {binId});
     }
     transaction.Commit();
     for (const QString& uuid : files) {
         m_store.RemoveFromBin(uuid);
+    }
+    if (hadCheckpoint) {
+        SweepEnded();
+    }
+}
+
+bool Bin::EndWithCheckpoint(qint64 binId) {
+    bool isCheckpoint = false;
+    m_database.ForEach(u"SELECT ppid, object_id FROM bin WHERE id = ? AND kind = ?"_s,
+                       {binId, static_cast<int>(BinKind::Checkpoint)}, [&](const Statement& row) {
+                           EndRichText(m_database, row.Int(0), row.Int64(1));
+                           isCheckpoint = true;
+                       });
+    return isCheckpoint;
+}
+
+void Bin::SweepEnded() {
+    try {
+        SweepUploads(m_database, m_store, kEnded + 1);
+    } catch (const DataError&) {
+        return; // what was asked for is done; the next opening sweeps too
     }
 }
 

@@ -50,6 +50,10 @@ private:
     [[nodiscard]] std::vector<qint64> InOrderOfRestoring(const std::vector<qint64>& binIds);
     /// Throws Refused for a checkpoint with photos and a drawing with checkpoints.
     void RequireNothingOn(BinKind kind, qint64 objectId, const QString& title);
+    /// Inside of a transaction: what hangs on a checkpoint by its id alone ends too. False for an
+    /// entry of another kind.
+    bool EndWithCheckpoint(qint64 binId);
+    void SweepEnded();
     [[nodiscard]] std::vector<QString> BinnedInStore();
     [[nodiscard]] std::vector<QString> UnbinnedInBin();
 

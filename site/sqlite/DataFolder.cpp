@@ -1,6 +1,5 @@
 #include "site/sqlite/DataFolder.h"
 
-#include "site/FileKinds.h"
 #include "site/blobs/FileStore.h"
 #include "site/blobs/FileSync.h"
 #include "site/blobs/FolderLook.h"
@@ -9,6 +8,7 @@
 #include "site/sqlite/Database.h"
 #include "site/sqlite/FilingTable.h"
 #include "site/sqlite/Migrations.h"
+#include "site/sqlite/UploadSweep.h"
 #include "site/transfer/Transfer.h"
 
 #include <QDateTime>
@@ -34,27 +34,6 @@ QString SuspicionPath(const QString& work) {
 
 [[noreturn]] void Throw(Fault fault, const QString& what) {
     throw DataError(fault, FaultText(fault, what));
-}
-
-/// Files that were uploaded and that nothing refers to: whoever uploaded them is gone. A younger
-/// one may be another running client's. The file goes first: what a crash leaves is a row, whose
-/// turn comes again.
-void SweepUploads(Database& database, FileStore& store, qint64 now) {
-    const qint64 limit = now - kUploadSeconds;
-    const QString oldOnes = u"SELECT uuid FROM upload WHERE at < ?"_s;
-    if (!database.Value(oldOnes, {limit}).isValid()) {
-        return;
-    }
-    Transaction transaction(database);
-    std::vector<QString> uuids;
-    database.ForEach(oldOnes, {limit}, [&](const Statement& row) { uuids.push_back(row.Text(0)); });
-    for (const QString& uuid : uuids) {
-        store.Remove(uuid);
-        database.Exec(u"DELETE FROM file WHERE uuid = ? AND kind = ?"_s,
-                      {uuid, static_cast<int>(FileKind::Uploaded)});
-        database.Exec(u"DELETE FROM upload WHERE uuid = ?"_s, {uuid});
-    }
-    transaction.Commit();
 }
 
 } // namespace
@@ -206,7 +185,8 @@ void DataFolder::CleanUp() {
         Bin bin(*m_database, *m_store);
         bin.Reconcile(aside);
         bin.PurgeOld(Now());
-        SweepUploads(*m_database, *m_store, Now());
+        // Whoever uploaded them is gone; a younger one may be another running client's.
+        SweepUploads(*m_database, *m_store, Now() - kUploadSeconds);
         m_database->Log().Trim();
         FilingTable::Trim(*m_database);
     } catch (const DataError& error) {

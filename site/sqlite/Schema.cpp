@@ -1,5 +1,6 @@
 #include "site/sqlite/Migrations.h"
 #include "site/sqlite/PlaceTally.h"
+#include "site/sqlite/RichTextSql.h"
 
 namespace site {
 
@@ -337,8 +338,10 @@ std::vector<std::vector<QString>> SchemaSteps() {
          {CatalogueTables(), FilesTables(), BimPhotosTables(), PdfPhotosTables(), IssuesTables()}) {
         first.insert(first.end(), part.begin(), part.end());
     }
-    return {first,          IssuePanelIndex(), PicPanelTables(), HiddenPhotosTable(), ChangeTable(),
-            FilingsTable(), RevisionColumns(), CommentTable(),   DrawingColumns(),    IssueWork()};
+    return {
+        first,           IssuePanelIndex(), PicPanelTables(), HiddenPhotosTable(), ChangeTable(),
+        FilingsTable(),  RevisionColumns(), CommentTable(),   DrawingColumns(),    IssueWork(),
+        RichTextSchema()};
 }
 
 } // namespace site

@@ -11,7 +11,8 @@ SqliteSite::SqliteSite(DataFolder& dataFolder)
       m_bimPhotos(m_folder.Db(), m_lists), m_pdfPhotos(m_folder.Db(), m_lists),
       m_comments(m_folder.Db()), m_components(m_folder.Db()), m_drawings(m_folder.Db()),
       m_bin(m_folder.Db(), m_folder.Store()),
-      m_issues(m_folder.Db(), m_lists, m_folder.Store(), m_bin), m_panel(m_folder.Db()),
+      m_issues(m_folder.Db(), m_lists, m_folder.Store(), m_bin),
+      m_richTexts(m_folder.Db(), m_folder.Store()), m_panel(m_folder.Db()),
       m_catalogue(m_folder.Db()), m_filings(m_folder.Db()), m_blobs(m_folder),
       m_picFiling(m_folder), m_places(m_folder),
       m_drafts(m_folder.Path() + u'/' + place::kDrafts, [this] { return m_folder.Now(); }) {}

@@ -20,6 +20,7 @@
 #include "site/sqlite/ListQuery.h"
 #include "site/sqlite/PanelCache.h"
 #include "site/sqlite/PdfPhotos.h"
+#include "site/sqlite/RichTexts.h"
 
 namespace site {
 
@@ -36,6 +37,7 @@ public:
     [[nodiscard]] IDrafts& Drafts() override { return m_drafts; }
     [[nodiscard]] IDrawings& Drawings() override { return m_drawings; }
     [[nodiscard]] IIssues& Issues() override { return m_issues; }
+    [[nodiscard]] IRichTexts& RichTexts() override { return m_richTexts; }
     [[nodiscard]] IPanelCounts& PanelCounts() override { return m_panel; }
     [[nodiscard]] ICatalogue& Catalogue() override { return m_catalogue; }
     [[nodiscard]] IBin& Bin() override { return m_bin; }
@@ -67,6 +69,7 @@ private:
     site::Drawings m_drawings;
     site::Bin m_bin; ///< before the issues, which put pictures into it
     site::Issues m_issues;
+    site::RichTexts m_richTexts;
     PanelCache m_panel;
     site::Catalogue m_catalogue;
     FilingTable m_filings;

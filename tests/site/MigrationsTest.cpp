@@ -6,6 +6,8 @@
 #include "site/IComments.h"
 #include "site/IDrawings.h"
 #include "site/IIssues.h"
+#include "site/IRichTexts.h"
+#include "site/RectifyStates.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SqliteSite.h"
 #include "tests/site/TempSite.h"
@@ -16,10 +18,10 @@ namespace {
 using namespace Qt::StringLiterals;
 
 /// A folder with a project, a setting, a drawing and a checkpoint, as a client of that schema left
-/// it, opened by this one.
+/// it, opened by this one; `more` is a statement of that client's.
 class OldSite {
 public:
-    explicit OldSite(int version) {
+    explicit OldSite(int version, const QString& more = {}) {
         {
             Database old(m_dir.filePath(u"site.db"_s), 500);
             const auto steps = SchemaSteps();
@@ -36,6 +38,9 @@ public:
             old.Exec(
                 u"INSERT INTO checkpoint (id, drawing_id, number, description, remark, mark_id,"
                 " x, y, updated, audio_uuid) VALUES (1, 1, 4, '柱', '', 0, 250, 125, 0, '')"_s);
+            if (!more.isEmpty()) {
+                old.Exec(more);
+            }
         }
         folder = std::make_unique<DataFolder>(m_dir.path());
         const auto fault = folder->Open();
@@ -111,6 +116,22 @@ TEST(Migrations, AnIssueOfBeforeHasItsRaisingAsHistoryAndComesBackFromAnOldBin) 
     EXPECT_EQ(lines[0].deed, IssueDeed::Raised);
     EXPECT_EQ(lines[0].person, u"li"_s);
     EXPECT_EQ(lines[0].at, 100);
+}
+
+TEST(Migrations, PhotosOfBeforeKeepTheirStatesUntilTheirPlaceIsSaved) {
+    OldSite site(10,
+                 u"INSERT INTO pdf_photo (id, ppid, checkpoint_id, drawing_id, drawing_name,"
+                 " checkpoint_no, name, description, mark_id, file_uuid, state, status,"
+                 " uploader, uploaded, updater, updated, modifier, modified) VALUES (5, 7, 1, 1,"
+                 " '首层', 4, 'a.jpg', '', 0, '', 2, 0, 'li', 100, '', 0, 'li', 100)"_s);
+    SqliteSite engine(*site.folder);
+    const RichPlace place = AtCheckpoint(1);
+    EXPECT_EQ(engine.RichTexts().Newest({7}, place)->state, kStateDone);
+    ASSERT_TRUE(engine.RichTexts().Save({7}, place, {{}, {}, kStateInProgress, {}, {}},
+                                        {u"li"_s, 1'700'000'000}));
+    const QString tally = u"SELECT n FROM pdf_tally WHERE state = ?"_s;
+    EXPECT_EQ(site.Db().Value(tally, {kStateDone}), QVariant(0LL));
+    EXPECT_EQ(site.Db().Value(tally, {kStateInProgress}), QVariant(1LL));
 }
 
 } // namespace site

@@ -124,6 +124,11 @@ void DropTallies(Database& db, int version) {
     for (const QString& trigger : triggers) {
         db.Exec(u"DROP TRIGGER bim_place_"_s + trigger);
     }
+    for (const QString& table : {u"bim_photo"_s, u"pdf_photo"_s}) {
+        db.Exec(u"DROP TRIGGER %1_rich_add"_s.arg(table));
+        db.Exec(u"DROP TRIGGER %1_rich_move"_s.arg(table));
+    }
+    tables << u"rich_file"_s << u"rich_version"_s << u"rich_text"_s;
     for (const QString& table : tables) {
         db.Exec(u"DROP TABLE "_s + table);
     }
