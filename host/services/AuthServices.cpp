@@ -27,4 +27,9 @@ KX_DATA::LoginInfo ActingUser::GetLoginInfo() {
     return {desk != nullptr ? toolkit::ToGbk(desk->WhoActs().person) : std::string()};
 }
 
+bool RichEditorAuth::IsRichTextReadOnly() {
+    const HostSession* session = Around().Session();
+    return session == nullptr || !session->HasRight(KX_DATA::kRightEdit);
+}
+
 } // namespace host

@@ -23,11 +23,14 @@ public:
     KX_DATA::LoginInfo GetLoginInfo() override;
 };
 
-/// Rich text isn't built yet: viewers come without its pane.
-class RichEditorAuth final : public KX_DATA::IRichEditorAuth {
+/// Viewers come without the pane of rich texts.
+class RichEditorAuth final : public KX_DATA::IRichEditorAuth, private SiteService {
 public:
+    using SiteService::SiteService;
+
     bool IsRichTextEnabled() override { return false; }
-    bool IsRichTextReadOnly() override { return true; }
+    /// Whoever may not edit photos reads.
+    bool IsRichTextReadOnly() override;
 };
 
 } // namespace host

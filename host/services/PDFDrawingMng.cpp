@@ -70,16 +70,6 @@ bool PDFDrawingMng::DeleteComment(qint32 drawingId, qint64 commentId) {
     return isGone;
 }
 
-// What was done stays done where the record of it can't be written.
-void PDFDrawingMng::LogIf(bool done, const QString& action) const {
-    if (done) {
-        Guarded(u"记录操作日志"_s, false, [&](HostSession& session) {
-            session.Actions().Write(action);
-            return true;
-        });
-    }
-}
-
 qint32 PDFDrawingMng::GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) {
     return Guarded(u"读取检查点"_s, 0, [&](HostSession& session) {
         site::IPdfPhotos& photos = session.Site().PdfPhotos();

@@ -24,9 +24,6 @@ public:
     bool DeleteComment(qint32 drawingId, qint64 commentId) override;
     qint32 GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) override;
     qint32 UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) override;
-
-private:
-    void LogIf(bool done, const QString& action) const;
 };
 
 } // namespace host

@@ -11,6 +11,7 @@
 #include "host/services/PDFDrawingMng.h"
 #include "host/services/PathServices.h"
 #include "host/services/RichTextDrafts.h"
+#include "host/services/RichTextMsgMng.h"
 #include "host/services/SmallServices.h"
 #include "host/services/TNQuestionMng.h"
 #include "host/services/UnbuiltServices.h"
@@ -26,8 +27,8 @@ struct ServiceSet {
     TNQuestionMng questionMng{around};
     PDFDrawingMng drawingMng{around};
     TNQRCodeMng qrCodeMng{around};
-    RichTextMsgMng richTextMng;
     RichTextDrafts richTextDrafts{around};
+    RichTextMsgMng richTextMng{around};
     AuthMng authMng{around};
     ActingUser actingUser{around};
     GlobalData globalData{around};
@@ -43,7 +44,7 @@ struct ServiceSet {
     MQFFileDownload backgroundMng{around};
     DocMng docMng{around};
     ReportDataMng reportDataMng{around};
-    RichEditorAuth richEditorAuth;
+    RichEditorAuth richEditorAuth{around};
     RecentSearchMng recentMng{around};
     ConvertProjStateTool stateTool;
     SilentProgress silentProgress;

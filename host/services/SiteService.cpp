@@ -33,6 +33,15 @@ void SiteService::ReportFault(SessionDesk& desk, const QString& what,
     desk.Report(MessageLevel::Error, FaultHead(what) + reason);
 }
 
+void SiteService::LogIf(bool done, const QString& action) const {
+    if (done) {
+        Guarded(u"记录操作日志"_s, false, [&](HostSession& session) {
+            session.Actions().Write(action);
+            return true;
+        });
+    }
+}
+
 site::Signature SignatureOf(const HostSession& session) {
     return {session.UserName(), toolkit::Clock().NowSeconds()};
 }

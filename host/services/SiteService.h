@@ -85,6 +85,10 @@ protected:
         });
     }
 
+    /// Writes into the record of what people did. What was done stays done where it can't be
+    /// written.
+    void LogIf(bool done, const QString& action) const;
+
     /// To log, as a warning only if somebody ought to look into it, and message bar; what services
     /// said last. Thread: any.
     void ReportFault(SessionDesk& desk, const QString& what, const std::exception& fault) const;

@@ -4,20 +4,6 @@
 
 namespace host {
 
-bool RichTextMsgMng::GetRichText(const KX_DATA::RichTextKey& /*key*/,
-                                 KX_DATA::RichTextMsg& /*message*/,
-                                 std::vector<KX_DATA::RichAttachment>& /*attachments*/) {
-    return Unimplemented("IRichTextMsgMng::GetRichText", false);
-}
-
-bool RichTextMsgMng::SaveRichText(const QString& /*stateText*/,
-                                  const KX_DATA::RichTextMsg& /*message*/,
-                                  const KX_DATA::RichTextKey& /*key*/,
-                                  const std::vector<QString>& /*removedUuids*/,
-                                  const std::vector<KX_DATA::RichAttachment>& /*added*/) {
-    return Unimplemented("IRichTextMsgMng::SaveRichText", false);
-}
-
 void PicReportCtrl::OutputBimReport(const PIC_REPORT::BimReportRequest* /*request*/) {
     Unimplemented("IPicReportCtrl::OutputBimReport");
 }

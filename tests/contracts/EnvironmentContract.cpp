@@ -192,8 +192,13 @@ TEST_P(Environment, TheViewIsNullUntilOneIsOpen) {
     EXPECT_NE(on.hoops->GetView(), nullptr);
 }
 
-TEST_P(Environment, WithoutRichTextViewersComeWithoutItsPane) {
+TEST_P(Environment, ViewersComeWithoutThePaneOfRichTexts) {
     EXPECT_FALSE(on.richAuth->IsRichTextEnabled());
+}
+
+TEST_P(Environment, WhoMayNotEditReadsRichTexts) {
+    EXPECT_FALSE(on.richAuth->IsRichTextReadOnly());
+    site->SignIn(u"guest"_s);
     EXPECT_TRUE(on.richAuth->IsRichTextReadOnly());
 }
 

@@ -48,7 +48,9 @@ ScriptedSite::ScriptedSite() {
     m_host.questions.photos = &m_host.pics;
     m_host.questions.stored = &m_host.files.stored;
     m_host.qrCodes.code = u"kxissue:1:1:5"_s;
-    m_host.richAuth.readOnly = true; // nothing can be written where there is no rich text
+    m_host.richTexts.pics = &m_host.pics;
+    m_host.richTexts.drawings = &m_host.drawings;
+    m_host.richTexts.stored = &m_host.files.stored;
     SignIn(u"li"_s);
     on = {
         &m_host.pics,     &m_host.questions,  &m_host.drawings, &m_host.qrCodes,  &m_host.richTexts,
@@ -168,7 +170,7 @@ qint32 ScriptedSite::AddPhoto(const site::NewBimPhoto& photo, const QByteArray& 
     row.posValid = place.valid ? 1 : 0;
     row.markId = photo.markId;
     row.status = photo.status;
-    row.rectifyText = site::StateName(photo.state);
+    row.rectifyText = m_host.richTexts.StateOfNew(row, site::StateName(photo.state));
     row.text8 = Store(picture);
     row.text9 = Store(voice);
     row.uploaderName = photo.uploader;
@@ -205,7 +207,7 @@ qint32 ScriptedSite::AddPdfPhoto(const site::NewPdfPhoto& photo, const QByteArra
     row.fileName = photo.fileName;
     row.description = photo.description;
     row.status = photo.status;
-    row.rectifyText = site::StateName(photo.state);
+    row.rectifyText = m_host.richTexts.StateOfNew(row, site::StateName(photo.state));
     row.text1 = Store(picture);
     row.text2 = point.voice;
     row.uploaderName = photo.uploader;
@@ -274,6 +276,7 @@ void ScriptedSite::SignIn(const QString& name) {
     m_host.auth.userName = name.toStdString();
     m_host.pics.changer = name;
     m_host.auth.rights = name == u"li"_s ? std::set<qint32>{5, 21, 22, 38} : std::set<qint32>{};
+    m_host.richAuth.readOnly = !m_host.auth.rights.contains(KX_DATA::kRightEdit);
 }
 
 void ScriptedSite::OpenWorkset() {

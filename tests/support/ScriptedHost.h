@@ -7,6 +7,7 @@
 #include "tests/support/services/ScriptedEnvironment.h"
 #include "tests/support/services/ScriptedFiles.h"
 #include "tests/support/services/ScriptedProject.h"
+#include "tests/support/services/ScriptedRichTexts.h"
 #include "tests/support/services/ScriptedTNQuestionMng.h"
 #include "tests/support/services/ScriptedVeskPicMng.h"
 

@@ -7,6 +7,7 @@
 #include "site/IDrawings.h"
 #include "site/IIssues.h"
 #include "site/IPdfPhotos.h"
+#include "site/IRichTexts.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SiteWriter.h"
 #include "site/sqlite/SqliteSite.h"
@@ -36,7 +37,7 @@ public:
 
     void Do() {
         using Way = void (Deed::*)();
-        constexpr std::array<Way, 17> kWays = {
+        constexpr std::array<Way, 18> kWays = {
             &Deed::SavePhoto,
             &Deed::HidePhotos,
             &Deed::DeletePhotos,
@@ -54,6 +55,7 @@ public:
             &Deed::SaveRectification,
             &Deed::Upload,
             &Deed::AddOrRemoveRectifyPics,
+            &Deed::SaveRichText,
         };
         (this->*kWays[Below(int(kWays.size()))])();
     }
@@ -230,6 +232,27 @@ public:
             {questionId}, [&](const site::Statement& row) { gone.push_back(row.Text(0)); });
         static_cast<void>(
             m_engine.Issues().DeleteRectifyPics({kProject}, questionId, gone, Signature()));
+    }
+
+    /// What was uploaded last comes into it. Records of checkpoints end in the bin.
+    void SaveRichText() {
+        const qint32 point = qint32(Some(u"checkpoint"_s, 1).front());
+        const site::RichPlace place =
+            Below(2) == 0 ? site::AtIntersection(kProject, u"two"_s, 1) : site::AtCheckpoint(point);
+        const auto base = m_engine.RichTexts().Newest({kProject}, place);
+        site::NewRichVersion version;
+        version.base = base->text;
+        version.docName = u"document"_s;
+        version.state = Below(4);
+        if (!base->files.empty()) {
+            version.removed = {base->files.front().uuid};
+        }
+        m_folder.Db().ForEach(
+            u"SELECT uuid FROM upload JOIN file USING (uuid) ORDER BY md5"_s, {},
+            [&](const site::Statement& row) {
+                version.added.push_back({u"page %1"_s.arg(m_number), {}, row.Text(0), 0, 1});
+            });
+        static_cast<void>(m_engine.RichTexts().Save({kProject}, place, version, Signature()));
     }
 
     /// One with a voice note, and one on the checkpoint in the same batch.

@@ -129,6 +129,20 @@ void CompareCounts(site::Database& database, QStringList& lines) {
                 u"SELECT id, modified FROM bim_photo WHERE status = 0"_s, lines);
 }
 
+void CompareRichTexts(site::Database& database, QStringList& lines) {
+    ComparePair(database, u"photos of another state than their place"_s,
+                u"SELECT b.id FROM bim_photo b JOIN rich_text t ON t.ppid = b.ppid AND"
+                " t.checkpoint_id = 0 AND t.position_key = b.position_key AND"
+                " t.mark_id = b.mark_id WHERE t.state <> b.state UNION ALL SELECT p.id FROM"
+                " pdf_photo p JOIN rich_text t ON t.checkpoint_id = p.checkpoint_id"
+                " WHERE t.state <> p.state"_s,
+                u"SELECT 1 WHERE 0"_s, lines);
+    ComparePair(database, u"files of records"_s,
+                u"SELECT DISTINCT t.id, f.uuid FROM rich_text t JOIN rich_version v ON"
+                " v.rich_id = t.id JOIN rich_file f ON f.version_id = v.id"_s,
+                u"SELECT owner, uuid FROM file WHERE kind = 10"_s, lines);
+}
+
 void CompareFiles(const Files& files, QStringList rows, const QString& what, QStringList& lines) {
     QStringList names;
     for (const auto& file : files) {
@@ -189,6 +203,7 @@ QStringList ContradictionsIn(site::DataFolder& folder) {
     CompareFiles(FilesBelow(folder.BinPath()), Column(database, u"SELECT uuid FROM bin_file"_s),
                  u"the bin"_s, lines);
     CompareCounts(database, lines);
+    CompareRichTexts(database, lines);
     return lines;
 }
 

@@ -150,36 +150,4 @@ qint32 ScriptedTNQRCodeMng::CreateQRCode(const KX_DATA::QRCodeQuery& query, QStr
     return 1;
 }
 
-bool ScriptedRichTextMsgMng::GetRichText(const KX_DATA::RichTextKey& key,
-                                         KX_DATA::RichTextMsg& target,
-                                         std::vector<KX_DATA::RichAttachment>& attachments) {
-    lastKey = key;
-    if (!m_script.Call("GetRichText", {Arg("id", key.objectId)})) {
-        return false;
-    }
-    target = message;
-    attachments = message.attachments;
-    return true;
-}
-
-bool ScriptedRichTextMsgMng::SaveRichText(const QString& stateText,
-                                          const KX_DATA::RichTextMsg& saved,
-                                          const KX_DATA::RichTextKey& key,
-                                          const std::vector<QString>& removedUuids,
-                                          const std::vector<KX_DATA::RichAttachment>& added) {
-    lastSaved = saved;
-    lastKey = key;
-    lastAdded = added;
-    return m_script.Call("SaveRichText",
-                         {Arg("id", key.objectId), Arg("state", stateText),
-                          Arg("removed", removedUuids), Arg("added", qint32(added.size()))});
-}
-
-void ScriptedRichTextDrafts::Keep(const KX_DATA::RichTextDraft& draft) {
-    if (m_script.Call("KeepDraft", {Arg("id", draft.key.objectId), Arg("state", draft.stateText),
-                                    Arg("files", qint32(draft.files.size()))})) {
-        kept.push_back(draft);
-    }
-}
-
 } // namespace support

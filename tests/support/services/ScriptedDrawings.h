@@ -1,9 +1,7 @@
-// The drawing service, QR codes and rich text, on records in memory.
+// The drawing service and QR codes, on records in memory.
 #pragma once
 
 #include "services/IPDFDrawingMng.h"
-#include "services/IRichTextDrafts.h"
-#include "services/IRichTextMsgMng.h"
 #include "services/ITNQRCodeMng.h"
 #include "tests/support/Reserved.h"
 #include "tests/support/Script.h"
@@ -43,6 +41,9 @@ public:
     qint32 GetDrawing(qint32 drawingId, KX_DATA::DrawingRecord& record) override;
     qint32 UpdateCheckpoint(const KX_DATA::CheckpointEdit& edit, qint32& value) override;
 
+    /// False for a point of a project that isn't open, too.
+    [[nodiscard]] bool IsThere(qint32 pointId) { return Find(pointId) != nullptr; }
+
 private:
     /// As a site: ids and people are looked at.
     [[nodiscard]] bool Judges() const;
@@ -64,37 +65,6 @@ public:
     KX_DATA::QRCodeQuery lastQuery;
 
     qint32 CreateQRCode(const KX_DATA::QRCodeQuery& query, QString& text) override;
-
-private:
-    Script& m_script;
-};
-
-class ScriptedRichTextMsgMng final : public WithReserved1<KX_DATA::IRichTextMsgMng> {
-public:
-    explicit ScriptedRichTextMsgMng(Script& script) : m_script(script) {}
-
-    KX_DATA::RichTextMsg message; ///< of every object
-    KX_DATA::RichTextMsg lastSaved;
-    KX_DATA::RichTextKey lastKey; ///< of a question or a save
-    std::vector<KX_DATA::RichAttachment> lastAdded;
-
-    bool GetRichText(const KX_DATA::RichTextKey& key, KX_DATA::RichTextMsg& target,
-                     std::vector<KX_DATA::RichAttachment>& attachments) override;
-    bool SaveRichText(const QString& stateText, const KX_DATA::RichTextMsg& saved,
-                      const KX_DATA::RichTextKey& key, const std::vector<QString>& removedUuids,
-                      const std::vector<KX_DATA::RichAttachment>& added) override;
-
-private:
-    Script& m_script;
-};
-
-class ScriptedRichTextDrafts final : public KX_DATA::IRichTextDrafts {
-public:
-    explicit ScriptedRichTextDrafts(Script& script) : m_script(script) {}
-
-    std::vector<KX_DATA::RichTextDraft> kept;
-
-    void Keep(const KX_DATA::RichTextDraft& draft) override;
 
 private:
     Script& m_script;

@@ -1,0 +1,101 @@
+#include "host/services/RichTextMsgMng.h"
+
+#include "site/IRichTexts.h"
+#include "site/RectifyStates.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint32 kAtIntersection = 1;
+constexpr qint32 kAtCheckpoint = 2;
+
+/// The viewers fill in what they have at hand: with an intersection its project or a checkpoint as
+/// owner, with a checkpoint a key and a mark or none. What doesn't name the place is left aside, so
+/// that all of them find the same record.
+site::RichPlace RichPlaceOf(const KX_DATA::RichTextKey& key) {
+    if (key.objectType == kAtIntersection) {
+        return site::AtIntersection(key.projectId, key.objectId, key.subId);
+    }
+    if (key.objectType != kAtCheckpoint) {
+        throw site::DataError(site::Fault::Refused,
+                              site::FaultText(site::Fault::Refused, u"富文本类别"_s));
+    }
+    return site::AtCheckpoint(key.ownerId);
+}
+
+KX_DATA::RichAttachment RichAttachmentOf(const site::RichFile& file) {
+    KX_DATA::RichAttachment attachment;
+    attachment.name = file.name;
+    attachment.md5 = file.md5;
+    attachment.uuid = file.uuid;
+    attachment.size = static_cast<qint32>(file.size);
+    attachment.kind = file.kind;
+    return attachment;
+}
+
+KX_DATA::RichTextMsg RichMessageOf(const site::RichVersion& version) {
+    KX_DATA::RichTextMsg message;
+    message.docName = version.docName;
+    if (version.number > 0) {
+        message.updateTime = version.at;
+    }
+    message.editorName = version.person;
+    message.versionText = version.text;
+    message.stateText = site::StateName(version.state);
+    std::transform(version.files.begin(), version.files.end(),
+                   std::back_inserter(message.attachments), RichAttachmentOf);
+    return message;
+}
+
+site::NewRichVersion NewVersionOf(const QString& stateText, const KX_DATA::RichTextMsg& message,
+                                  const std::vector<QString>& removedUuids,
+                                  const std::vector<KX_DATA::RichAttachment>& added) {
+    site::NewRichVersion version;
+    version.base = message.versionText;
+    version.docName = message.docName;
+    version.state = site::StateFromName(stateText);
+    version.removed = removedUuids;
+    std::transform(added.begin(), added.end(), std::back_inserter(version.added),
+                   [](const KX_DATA::RichAttachment& file) {
+                       return site::RichFile{file.name, {}, file.uuid, 0, file.kind};
+                   });
+    return version;
+}
+
+} // namespace
+
+bool RichTextMsgMng::GetRichText(const KX_DATA::RichTextKey& key, KX_DATA::RichTextMsg& message,
+                                 std::vector<KX_DATA::RichAttachment>& attachments) {
+    return GuardedQuestion(u"读取富文本"_s, false, [&](HostSession& session) {
+        const auto newest =
+            session.Site().RichTexts().Newest(session.OpenPpids(), RichPlaceOf(key));
+        RequireFound(newest.has_value(), u"富文本的位置"_s);
+        message = RichMessageOf(*newest);
+        attachments = message.attachments;
+        return true;
+    });
+}
+
+bool RichTextMsgMng::SaveRichText(const QString& stateText, const KX_DATA::RichTextMsg& message,
+                                  const KX_DATA::RichTextKey& key,
+                                  const std::vector<QString>& removedUuids,
+                                  const std::vector<KX_DATA::RichAttachment>& added) {
+    const QString what = u"保存富文本"_s;
+    const bool isSaved = Guarded(what, false, [&](HostSession& session) {
+        const auto saved = session.Site().RichTexts().Save(
+            session.OpenPpids(), RichPlaceOf(key),
+            NewVersionOf(stateText, message, removedUuids, added), SignatureOf(session));
+        RequireFound(saved.has_value(), u"富文本的位置"_s);
+        return true;
+    });
+    LogIf(isSaved, what);
+    return isSaved;
+}
+
+} // namespace host
