@@ -40,8 +40,8 @@ public:
     virtual int DeleteIssues(const Projects& projects, const std::vector<QString>& questionIds,
                              const Signature& by) = 0;
 
-    /// With its labels, comments and note. Refused, with a sentence, while photos hang on it,
-    /// hidden ones too. False for one of none of the projects, as below.
+    /// With its labels, comments, note and record. Refused, with a sentence, while photos hang on
+    /// it, hidden ones too. False for one of none of the projects, as below.
     virtual bool DeleteCheckpoint(const Projects& projects, qint32 checkpointId,
                                   const Signature& by) = 0;
     /// Refused, with a sentence, while checkpoints lie on it.
