@@ -90,8 +90,9 @@ public:
     ///
     /// An added file was uploaded, or belongs to a version of this place; one that the base has
     /// already stands at the end under its new name. MD5 and size are those of the store. Refused,
-    /// with a sentence: a state that is none, a base that isn't a version of this place, names that
-    /// are no names of files, too many or too large files. Missing: a file that isn't there.
+    /// with a sentence: a state that is none, a base that isn't a version of this place, a page
+    /// without a document's name, names that are no names of files, too many or too large files.
+    /// Missing: a file that isn't there.
     /// @return  what was saved; nothing also for a place that has neither photos nor a position.
     [[nodiscard]] virtual std::optional<RichVersion> Save(const Projects& projects,
                                                           const RichPlace& place,

@@ -240,6 +240,9 @@ RichVersion RichTexts::Insert(qint64 recordId, const NewRichVersion& version,
     const bool hasPage = std::any_of(files.begin(), files.end(),
                                      [](const RichFile& file) { return file.kind == kPageFile; });
     made.docName = hasPage ? version.docName : QString();
+    if (hasPage && version.docName.isEmpty()) {
+        throw DataError(Fault::Refused, u"富文本没有文档名，没有保存；请重新打开后再编辑。"_s);
+    }
     made.state = version.state;
     made.person = by.person;
     made.at = by.at;

@@ -252,8 +252,10 @@ TEST_P(RichTexts, StatesNamesAndFilesThatAreNoneAreRefused) {
         EXPECT_FALSE(Save(key, u"整改中"_s, Written(), {named})) << name.left(9).toStdString();
     }
     KX_DATA::RichTextMsg message = Written();
-    message.docName = u"../doc"_s;
-    EXPECT_FALSE(Save(key, u"整改中"_s, message, {page}));
+    for (const QString& name : {QString(), u"../doc"_s}) {
+        message.docName = name;
+        EXPECT_FALSE(Save(key, u"整改中"_s, message, {page})) << name.toStdString();
+    }
     KX_DATA::RichAttachment lost = page;
     lost.uuid = u"nowhere"_s;
     EXPECT_FALSE(Save(key, u"整改中"_s, Written(), {page, lost}));

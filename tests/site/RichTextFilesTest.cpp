@@ -138,6 +138,15 @@ TEST(RichTextFiles, FilesOfABaseCountToo) {
     EXPECT_EQ(site.Save(site.Two(), next).files.size(), size_t(kMostRichFiles));
 }
 
+TEST(RichTextFiles, APageWithoutADocumentsNameIsRefused) {
+    RichSite site;
+    NewRichVersion version = RichSite::Based({}, {site.Upload(u"p.html"_s)});
+    version.docName.clear();
+    EXPECT_TRUE(RefusalOf(site, version).contains(u"没有文档名"_s));
+    version.added.clear();
+    EXPECT_EQ(site.Save(site.Two(), version).number, 1) << "a state alone needs none";
+}
+
 TEST(RichTextFiles, AStateThatIsNoneIsRefused) {
     RichSite site;
     for (const qint32 state : {-1, 4, 4711}) {

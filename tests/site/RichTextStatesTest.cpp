@@ -192,10 +192,12 @@ TEST(RichTextStates, EveryStatementFindsItsRowsByAnIndex) {
 
 TEST(RichTextStates, WhatATriggerLooksForItFindsByAnIndex) {
     RichSite site;
+    int triggers = 0;
     site.folder.Db().ForEach(
         u"SELECT sql FROM sqlite_master WHERE type = 'trigger' AND name LIKE '%\\_rich\\_%'"
         " ESCAPE '\\'"_s,
         {}, [&](const Statement& trigger) {
+            ++triggers;
             const QString text = trigger.Text(0);
             QString asked = text.mid(text.indexOf(u"SELECT"_s));
             asked = asked.left(asked.indexOf(u"), new.state"_s));
@@ -210,6 +212,7 @@ TEST(RichTextStates, WhatATriggerLooksForItFindsByAnIndex) {
             EXPECT_TRUE(plan[0].startsWith(u"SEARCH rich_text USING"_s)) << plan[0].toStdString();
             EXPECT_TRUE(plan[0].contains(u"mark_id=?"_s)) << plan[0].toStdString();
         });
+    EXPECT_EQ(triggers, 4);
 }
 
 } // namespace site

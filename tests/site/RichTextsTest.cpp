@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 
 #include <set>
+#include <thread>
 
 namespace site {
 namespace {
@@ -152,6 +153,38 @@ TEST(RichTexts, TwoThatReadTheSameVersionSaveInEitherOrderAndBothVersionsAreTher
         EXPECT_EQ(site.Newest(site.Two()).files.size(), 2U) << "nothing is merged";
         EXPECT_EQ(site.Texts().Version({site.ppid}, site.Two(), 2)->text, earlier->text);
     }
+}
+
+TEST(RichTexts, ManyThatSaveAtOnceGetAVersionEach) {
+    RichSite site;
+    const QString folder = site.folder.Path();
+    const RichPlace place = site.Two();
+    const auto saveTen = [&](const QString& person) {
+        DataFolder own(folder);
+        EXPECT_FALSE(own.Open({20'000, false}).has_value());
+        SqliteSite engine(own);
+        for (int count = 0; count < 10; ++count) {
+            const auto base = engine.RichTexts().Newest({place.ppid}, place);
+            EXPECT_TRUE(engine.RichTexts().Save({place.ppid}, place,
+                                                RichSite::Based(base->text, {}, count % 4),
+                                                {person, kSavedAt}));
+        }
+    };
+    {
+        const std::jthread wang([&] { saveTen(u"wang"_s); });
+        const std::jthread zhao([&] { saveTen(u"zhao"_s); });
+    }
+    std::set<QString> texts;
+    std::set<int> numbers;
+    const auto versions = site.Texts().Versions({site.ppid}, place);
+    for (const RichVersion& version : *versions) {
+        texts.insert(version.text);
+        numbers.insert(version.number);
+    }
+    EXPECT_EQ(versions->size(), 20U);
+    EXPECT_EQ(texts.size(), 20U);
+    EXPECT_EQ(*numbers.begin(), 1);
+    EXPECT_EQ(*numbers.rbegin(), 20);
 }
 
 TEST(RichTexts, TheFirstSaveOfTwoClientsIsTwoVersionsOfOneRecord) {

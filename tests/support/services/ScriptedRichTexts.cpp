@@ -180,6 +180,9 @@ bool ScriptedRichTextMsgMng::SaveRichText(const QString& stateText,
     made.attachments = NextFiles(*place, saved.versionText, removedUuids, added);
     const bool hasPage = std::any_of(made.attachments.begin(), made.attachments.end(),
                                      [](const auto& file) { return file.kind == kRichPage; });
+    if (hasPage && saved.docName.isEmpty()) {
+        return false;
+    }
     made.docName = hasPage ? saved.docName : QString();
     made.editorName = pics->changer;
     made.stateText = stateText;
