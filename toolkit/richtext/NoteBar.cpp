@@ -55,9 +55,9 @@ NoteBar::NoteBar(NoteEdit& sheet, QWidget* parent) : QToolBar(parent), m_sheet(s
     addSeparator();
     Add({u"find"_s, u"search"_s, u"查找和替换"_s, QKeySequence::Find},
         [this] { emit FindWanted(); });
-    Add({u"zoomIn"_s, u"zoom-in"_s, u"放大"_s, QKeySequence::ZoomIn}, [this] { m_sheet.zoomIn(); });
+    Add({u"zoomIn"_s, u"zoom-in"_s, u"放大"_s, QKeySequence::ZoomIn}, [this] { m_sheet.Zoom(1); });
     Add({u"zoomOut"_s, u"zoom-out"_s, u"缩小"_s, QKeySequence::ZoomOut},
-        [this] { m_sheet.zoomOut(); });
+        [this] { m_sheet.Zoom(-1); });
     connect(&m_sheet, &QTextEdit::cursorPositionChanged, this, &NoteBar::ShowWhatHolds);
     connect(&m_sheet, &QTextEdit::currentCharFormatChanged, this, &NoteBar::ShowWhatHolds);
     ShowWhatHolds();

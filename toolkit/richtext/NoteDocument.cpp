@@ -1,8 +1,10 @@
 #include "toolkit/richtext/NoteDocument.h"
 
 #include "toolkit/Look.h"
-#include "toolkit/media/PictureFile.h"
+#include "toolkit/richtext/NotePictures.h"
+#include "toolkit/richtext/NoteStore.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QFont>
 #include <QPainter>
 #include <QTextBlock>
@@ -18,18 +20,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Wider than any page is shown at its usual size, device pixels.
-constexpr int kMostWidth = 2000;
-constexpr QSize kMissingSize(160, 60);
-
+/// For what asks for a picture by its name; the sheet shows it by NotePictures.
 QImage MissingPicture() {
-    QImage image(kMissingSize, QImage::Format_RGB32);
-    image.fill(Colors::Header());
+    QImage image(kMissingPicture, QImage::Format_RGB32);
     QPainter painter(&image);
-    painter.setFont(UiFont());
-    painter.setPen(Colors::HintText());
-    painter.drawRect(image.rect().adjusted(0, 0, -1, -1));
-    painter.drawText(image.rect(), Qt::AlignCenter, u"图片无法显示"_s);
+    NotePictures::PaintMissing(painter, image.rect());
     return image;
 }
 
@@ -75,8 +70,10 @@ QString AddressOf(const NoteAttachment& attachment) {
 }
 
 NoteDocument::NoteDocument(QString folder, QObject* parent)
-    : QTextDocument(parent), m_folder(std::move(folder)) {
+    : QTextDocument(parent), m_folder(std::move(folder)),
+      m_pictures(new NotePictures(m_folder, this)) {
     setDefaultFont(UiFont());
+    documentLayout()->registerHandler(QTextFormat::ImageObject, m_pictures);
 }
 
 NoteFault NoteDocument::Load(const QString& html) {
@@ -93,7 +90,13 @@ NoteFault NoteDocument::Load(const QString& html) {
 }
 
 QString NoteDocument::Html() const {
-    return CleanNoteHtml(toHtml()).html;
+    if (defaultFont() == UiFont()) {
+        return CleanNoteHtml(toHtml()).html;
+    }
+    // A sheet that is zoomed has another font, and what is as large as that would go unsaid.
+    const std::unique_ptr<QTextDocument> usual(clone());
+    usual->setDefaultFont(UiFont());
+    return CleanNoteHtml(usual->toHtml()).html;
 }
 
 std::vector<NoteFile> NoteDocument::Files() const {
@@ -107,11 +110,9 @@ std::vector<NoteFile> NoteDocument::Files() const {
         }
         const auto attachment = AttachmentOf(format.anchorHref());
         if (attachment && known.insert(format.anchorHref()).second) {
-            // The folder of an attachment is its content's, so that its own name stays its last
-            // part.
             attachments.push_back(
                 FileOf(attachment->storeName,
-                       m_folder + attachment->storeName + u".files/"_s + attachment->fileName));
+                       AttachedPath(m_folder, attachment->storeName, attachment->fileName)));
             attachments.back().isAttachment = 1;
         }
     });
@@ -121,8 +122,8 @@ std::vector<NoteFile> NoteDocument::Files() const {
 
 std::optional<QTextImageFormat> NoteDocument::ImageFormat(const QString& storeName,
                                                           int room) const {
-    QSize size = ReadPictureSize(m_folder + storeName);
-    if (!IsStoreName(storeName) || size.isEmpty()) {
+    QSize size = m_pictures->FileSize(storeName);
+    if (size.isEmpty()) {
         return std::nullopt;
     }
     if (size.width() > room) {
@@ -141,20 +142,8 @@ QVariant NoteDocument::loadResource(int type, const QUrl& name) {
         return {};
     }
     const QString storeName = name.toString();
-    QImage image;
-    if (IsStoreName(storeName)) {
-        const QString path = m_folder + storeName;
-        QSize size = ReadPictureSize(path);
-        if (size.width() > kMostWidth) {
-            size.scale(kMostWidth, size.height(), Qt::KeepAspectRatio);
-        }
-        if (!size.isEmpty()) {
-            image = DecodePicture({path, {}, size, Qt::white});
-        }
-    }
-    const QImage shown = image.isNull() ? MissingPicture() : image;
-    addResource(ImageResource, name, shown);
-    return shown;
+    const QImage image = m_pictures->Decoded(storeName, m_pictures->FileSize(storeName));
+    return image.isNull() ? MissingPicture() : image;
 }
 
 } // namespace toolkit

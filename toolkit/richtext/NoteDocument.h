@@ -13,6 +13,8 @@ class QTextImageFormat;
 
 namespace toolkit {
 
+class NotePictures;
+
 /// An attachment as a link names it.
 struct NoteAttachment {
     QString storeName;
@@ -22,9 +24,8 @@ struct NoteAttachment {
 [[nodiscard]] TOOLKIT_EXPORT std::optional<NoteAttachment> AttachmentOf(const QString& address);
 [[nodiscard]] TOOLKIT_EXPORT QString AddressOf(const NoteAttachment& attachment);
 
-/// Pictures come from the folder alone, by their store names, and are decoded when they are seen
-/// for the first time, no larger than a screen needs them; one that isn't there or is no picture
-/// is a frame that says so. Thread: user interface.
+/// Pictures come from the folder alone, by their store names, and are decoded when they come into
+/// sight (NotePictures.h). Thread: user interface.
 class TOOLKIT_EXPORT NoteDocument final : public QTextDocument {
     Q_OBJECT
 
@@ -35,7 +36,7 @@ public:
     /// Replaces the content by what of the HTML is allowed; nothing is changed by one that can't be
     /// read. Afterwards the document is unmodified and has nothing to undo.
     NoteFault Load(const QString& html);
-    /// In the document form.
+    /// In the document form; the same at whatever size it is shown.
     [[nodiscard]] QString Html() const;
     /// The files that it consists of, the page excepted: each picture once, in the order of the
     /// text, then each attachment once.
@@ -52,6 +53,7 @@ protected:
 
 private:
     const QString m_folder;
+    NotePictures* m_pictures; ///< a child
 };
 
 } // namespace toolkit

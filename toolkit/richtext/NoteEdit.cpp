@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QFontInfo>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
@@ -31,6 +32,8 @@ constexpr int kHandle = 8; ///< side of a handle, pixels
 constexpr double kLeastWidth = 16;
 constexpr double kMostPictureWidth = 4000;
 constexpr int kLeastRoom = 120;
+constexpr int kLeastFace = 6; ///< pixels
+constexpr int kMostFace = 96;
 /// Of a picture within pasted text, Base64.
 constexpr qsizetype kMostDataAddress = qsizetype(48) * 1024 * 1024;
 
@@ -111,13 +114,8 @@ void NoteEdit::InsertFiles(const QStringList& paths) {
 void NoteEdit::InsertAsAttachments(const QStringList& paths) {
     for (const QString& path : paths) {
         const QString fileName = QFileInfo(path).fileName();
-        const auto name = StoreCopy(path, m_note->Folder());
-        // Under its own name too, as it goes to the site.
-        const QString own = m_note->Folder() + name.value_or(QString()) + u".files/"_s;
-        const bool isKept = name && QDir().mkpath(own) &&
-                            (QFile::exists(own + fileName) ||
-                             QFile::copy(m_note->Folder() + *name, own + fileName));
-        if (!isKept) {
+        const auto name = StoreAttached(path, m_note->Folder());
+        if (!name) {
             emit Refused(u"无法添加附件“%1”，请检查文件、磁盘空间和文件夹权限。"_s.arg(fileName));
             continue;
         }
@@ -226,6 +224,13 @@ void NoteEdit::ResizePicture(int position, double width) {
     format.setHeight(std::max(1.0, format.height() * wanted / format.width()));
     format.setWidth(wanted);
     cursor.setCharFormat(format);
+}
+
+void NoteEdit::Zoom(int pixels) {
+    // Qt's own zooming knows no faces whose size is in pixels.
+    QFont face = document()->defaultFont();
+    face.setPixelSize(std::clamp(QFontInfo(face).pixelSize() + pixels, kLeastFace, kMostFace));
+    setFont(face);
 }
 
 void NoteEdit::mousePressEvent(QMouseEvent* event) {

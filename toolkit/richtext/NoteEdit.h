@@ -37,6 +37,8 @@ public:
     };
     [[nodiscard]] std::optional<Picked> PickedPicture() const;
     void ResizePicture(int position, double width);
+    /// Text of the usual size is shown so many pixels larger; the document stays as it is.
+    void Zoom(int pixels);
 
 signals:
     /// Ctrl and a click, or a click where nothing can be written.

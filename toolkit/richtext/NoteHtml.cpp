@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -22,6 +24,7 @@ namespace {
 
 constexpr qsizetype kMd5Digits = 32;
 constexpr qsizetype kLongestEnding = 10;
+constexpr size_t kMostKnownStyles = 1000;
 
 /// Elements of the form. Sorted.
 constexpr auto kElements = std::to_array<std::string_view>(
@@ -51,7 +54,24 @@ QString TextOf(const xmlChar* text) {
 }
 
 std::string_view ViewOf(const xmlChar* text) {
-    return reinterpret_cast<const char*>(text);
+    return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
+}
+
+/// UTF-8, as text of an element or within double quotes.
+void AddEscaped(QByteArray& html, std::string_view text) {
+    size_t from = 0;
+    for (size_t at = text.find_first_of("&<>\""); at != std::string_view::npos;
+         at = text.find_first_of("&<>\"", from)) {
+        html.append(text.data() + from, qsizetype(at - from));
+        const char sign = text[at];
+        html += sign == '&' ? "&amp;" : sign == '<' ? "&lt;" : sign == '>' ? "&gt;" : "&quot;";
+        from = at + 1;
+    }
+    html.append(text.data() + from, qsizetype(text.size() - from));
+}
+
+void AddPlain(QByteArray& html, std::string_view text) {
+    html.append(text.data(), qsizetype(text.size()));
 }
 
 bool IsLinkAllowed(const QString& address) {
@@ -70,7 +90,7 @@ public:
         m_html.reserve(expected);
     }
 
-    [[nodiscard]] QString Take() { return std::move(m_html); }
+    [[nodiscard]] QString Take() const { return QString::fromUtf8(m_html); }
     [[nodiscard]] bool IsTooDeep() const { return m_isTooDeep; }
     void SetParser(xmlParserCtxt* parser) { m_parser = parser; }
 
@@ -111,8 +131,7 @@ public:
 
     void Text(const xmlChar* text, int length) {
         if (m_gone == 0) {
-            m_html +=
-                QString::fromUtf8(reinterpret_cast<const char*>(text), length).toHtmlEscaped();
+            AddEscaped(m_html, {reinterpret_cast<const char*>(text), size_t(length)});
         }
     }
 
@@ -128,62 +147,96 @@ private:
         m_open.pop_back();
         m_gone -= last.open == Open::Gone ? 1 : 0;
         if (last.open == Open::Written && !Has(kEmpty, last.name)) {
-            m_html += u"</"_s + QLatin1String(last.name.data(), qsizetype(last.name.size())) + u'>';
+            m_html += "</";
+            AddPlain(m_html, last.name);
+            m_html += '>';
         }
     }
 
     /// Says that blanks and line breaks stand for themselves; all else of a head says nothing here.
     void WriteMeta(const xmlChar** attributes) {
         for (; attributes != nullptr && *attributes != nullptr; attributes += 2) {
-            if (TextOf(attributes[1]) == u"qrichtext"_s) {
-                m_html += u"<meta name=\"qrichtext\" content=\"1\" />"_s;
+            if (ViewOf(attributes[1]) == "qrichtext") {
+                m_html += "<meta name=\"qrichtext\" content=\"1\" />";
             }
         }
     }
 
     void WriteStart(std::string_view element, const xmlChar** attributes) {
-        QString picture;
-        QString instead;
-        QString written;
-        for (; attributes != nullptr && *attributes != nullptr; attributes += 2) {
-            const std::string_view name = ViewOf(attributes[0]);
-            const QString value = TextOf(attributes[1]);
-            if (element == "img" && name == "src") {
-                picture = IsStoreName(value) ? value : m_keep ? m_keep(value) : QString();
-            } else if (name == "alt") {
-                instead = value;
-            }
-            written += Attribute(element, name, value);
-        }
-        if (element == "img" && !IsStoreName(picture)) {
-            m_html += instead.toHtmlEscaped();
+        const bool isPicture = element == "img";
+        const QString picture = isPicture ? PictureOf(attributes) : QString();
+        if (isPicture && !IsStoreName(picture)) {
+            AddEscaped(m_html, ValueOf(attributes, "alt"));
             return;
         }
-        m_html += u'<' + QLatin1String(element.data(), qsizetype(element.size()));
-        if (element == "img") {
-            m_html += u" src=\""_s + picture + u'"';
+        m_html += '<';
+        AddPlain(m_html, element);
+        if (isPicture) {
+            AddAttribute("src", picture.toStdString());
         }
-        m_html += written + (Has(kEmpty, element) ? u" />"_s : u">"_s);
+        for (; attributes != nullptr && *attributes != nullptr; attributes += 2) {
+            WriteAttribute(element, ViewOf(attributes[0]), attributes[1]);
+        }
+        m_html += Has(kEmpty, element) ? " />" : ">";
     }
 
-    [[nodiscard]] static QString Attribute(std::string_view element, std::string_view name,
-                                           const QString& value) {
-        QString kept;
-        if (name == "style") {
-            kept = CleanNoteStyle(value);
-        } else if (element == "a" && name == "href") {
-            kept = IsLinkAllowed(value) ? value : QString();
-        } else if (Has(kAttributes, name)) {
-            kept = value;
+    [[nodiscard]] static std::string_view ValueOf(const xmlChar** attributes,
+                                                  std::string_view name) {
+        for (; attributes != nullptr && *attributes != nullptr; attributes += 2) {
+            if (ViewOf(attributes[0]) == name) {
+                return ViewOf(attributes[1]);
+            }
         }
-        return kept.isEmpty() ? QString()
-                              : u' ' + QLatin1String(name.data(), qsizetype(name.size())) +
-                                    u"=\""_s + kept.toHtmlEscaped() + u'"';
+        return {};
+    }
+
+    [[nodiscard]] QString PictureOf(const xmlChar** attributes) const {
+        const std::string_view source = ValueOf(attributes, "src");
+        const QString address = QString::fromUtf8(source.data(), qsizetype(source.size()));
+        if (IsStoreName(address) || !m_keep) {
+            return address;
+        }
+        return m_keep(address);
+    }
+
+    void WriteAttribute(std::string_view element, std::string_view name, const xmlChar* value) {
+        if (name == "style") {
+            AddAttribute(name, CleanedStyle(ViewOf(value)));
+        } else if (element == "a" && name == "href") {
+            AddAttribute(name, IsLinkAllowed(TextOf(value)) ? ViewOf(value) : std::string_view());
+        } else if (Has(kAttributes, name)) {
+            AddAttribute(name, ViewOf(value));
+        }
+    }
+
+    void AddAttribute(std::string_view name, std::string_view value) {
+        if (!value.empty()) {
+            m_html += ' ';
+            AddPlain(m_html, name);
+            m_html += "=\"";
+            AddEscaped(m_html, value);
+            m_html += '"';
+        }
+    }
+
+    /// A document has many paragraphs and few looks.
+    [[nodiscard]] std::string_view CleanedStyle(std::string_view style) {
+        const auto known = m_styles.find(style);
+        if (known != m_styles.end()) {
+            return known->second;
+        }
+        if (m_styles.size() >= kMostKnownStyles) {
+            m_styles.clear();
+        }
+        const QString cleaned =
+            CleanNoteStyle(QString::fromUtf8(style.data(), qsizetype(style.size())));
+        return m_styles.emplace(style, cleaned.toStdString()).first->second;
     }
 
     const KeepPicture& m_keep;
     xmlParserCtxt* m_parser = nullptr;
-    QString m_html;
+    QByteArray m_html; ///< UTF-8
+    std::map<std::string, std::string, std::less<>> m_styles;
     std::vector<Element> m_open;
     int m_gone = 0; ///< open elements that go, and those in them
     bool m_isTooDeep = false;
@@ -252,7 +305,8 @@ CleanedNote CleanNoteHtml(const QString& html, const KeepPicture& keepPicture) {
     if (html.size() > kMostNoteCharacters) {
         return {{}, NoteFault::TooLarge};
     }
-    NoteWriter writer(keepPicture, html.size());
+    const QByteArray bytes = html.toUtf8();
+    NoteWriter writer(keepPicture, bytes.size());
     xmlSAXHandler events = Events();
     const std::unique_ptr<htmlParserCtxt, ParserEnd> parser(
         htmlCreatePushParserCtxt(&events, &writer, nullptr, 0, nullptr, XML_CHAR_ENCODING_UTF8));
@@ -260,7 +314,7 @@ CleanedNote CleanNoteHtml(const QString& html, const KeepPicture& keepPicture) {
     htmlCtxtUseOptions(parser.get(), HTML_PARSE_RECOVER | HTML_PARSE_NOERROR |
                                          HTML_PARSE_NOWARNING | HTML_PARSE_NONET |
                                          HTML_PARSE_NOIMPLIED | HTML_PARSE_IGNORE_ENC);
-    Feed(*parser, html.toUtf8(), writer);
+    Feed(*parser, bytes, writer);
     if (writer.IsTooDeep()) {
         return {{}, NoteFault::TooDeep};
     }

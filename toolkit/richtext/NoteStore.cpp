@@ -28,6 +28,22 @@ QString StoreNameOf(const QByteArray& md5, const QString& ending) {
     return IsStoreName(name) ? name : QString::fromLatin1(md5.toHex());
 }
 
+/// Nothing for what can't be read.
+std::optional<QString> StoreNameOfFile(const QString& path) {
+    QFile file(path);
+    QCryptographicHash sum(QCryptographicHash::Md5);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || !sum.addData(&file)) {
+        return std::nullopt;
+    }
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    return StoreNameOf(sum.result(), suffix.isEmpty() ? suffix : u'.' + suffix);
+}
+
+bool CopyInto(const QString& path, const QString& folder, const QString& target) {
+    return !folder.isEmpty() && QDir().mkpath(QFileInfo(target).absolutePath()) &&
+           CopyFileWhole(path, target, IfExists::Keep) != CopyOutcome::Failed;
+}
+
 } // namespace
 
 void SetEditorFolders(EditorFolders folders) {
@@ -56,21 +72,19 @@ std::optional<QString> StoreBytes(const QByteArray& bytes, const QString& folder
 }
 
 std::optional<QString> StoreCopy(const QString& path, const QString& folder) {
-    QFile file(path);
-    QCryptographicHash sum(QCryptographicHash::Md5);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly) || !sum.addData(&file)) {
-        return std::nullopt;
-    }
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    const QString name = StoreNameOf(sum.result(), suffix.isEmpty() ? suffix : u'.' + suffix);
-    if (folder.isEmpty() || !QDir().mkpath(folder)) {
-        return std::nullopt;
-    }
-    const CopyOutcome outcome = CopyFileWhole(path, folder + name, IfExists::Keep);
-    if (outcome == CopyOutcome::Failed) {
-        return std::nullopt;
-    }
-    return name;
+    const auto name = StoreNameOfFile(path);
+    return name && CopyInto(path, folder, folder + *name) ? name : std::nullopt;
+}
+
+QString AttachedPath(const QString& folder, const QString& storeName, const QString& fileName) {
+    return folder + storeName + u".files/"_s + fileName;
+}
+
+std::optional<QString> StoreAttached(const QString& path, const QString& folder) {
+    const auto name = StoreNameOfFile(path);
+    const QString target =
+        AttachedPath(folder, name.value_or(QString()), QFileInfo(path).fileName());
+    return name && CopyInto(path, folder, target) ? name : std::nullopt;
 }
 
 } // namespace toolkit

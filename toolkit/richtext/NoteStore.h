@@ -31,4 +31,12 @@ StoreBytes(const QByteArray& bytes, const QString& folder, const QString& ending
 [[nodiscard]] TOOLKIT_EXPORT std::optional<QString> StoreCopy(const QString& path,
                                                               const QString& folder);
 
+/// Where an attached file lies: under its own name, which goes to the site with it, in a folder
+/// that is called by its content.
+[[nodiscard]] TOOLKIT_EXPORT QString AttachedPath(const QString& folder, const QString& storeName,
+                                                  const QString& fileName);
+/// As StoreCopy, but there. The only copy of it.
+[[nodiscard]] TOOLKIT_EXPORT std::optional<QString> StoreAttached(const QString& path,
+                                                                  const QString& folder);
+
 } // namespace toolkit

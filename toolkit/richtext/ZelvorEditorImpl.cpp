@@ -11,7 +11,8 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QLabel>
-#include <QPointer>
+#include <QTextBlock>
+#include <QTimer>
 #include <QUrl>
 #include <QUuid>
 #include <QVBoxLayout>
@@ -25,11 +26,17 @@ namespace {
 
 const QString kPageEnding = u".html"_s;
 
+/// So long nothing is written before what is written is counted.
+constexpr int kCountAfterMs = 200;
+
 QString CountText(const toolkit::NoteDocument& document) {
-    const QString text = document.toPlainText();
-    const auto count = std::count_if(text.begin(), text.end(), [](QChar letter) {
-        return !letter.isSpace() && letter != QChar::ObjectReplacementCharacter;
-    });
+    qsizetype count = 0;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        const QString text = block.text();
+        count += std::count_if(text.begin(), text.end(), [](QChar letter) {
+            return !letter.isSpace() && letter != QChar::ObjectReplacementCharacter;
+        });
+    }
     return u"字数 %1"_s.arg(count);
 }
 
@@ -62,6 +69,11 @@ public:
         lines->addWidget(finder);
         lines->addWidget(count);
         connect(bar, &toolkit::NoteBar::FindWanted, finder, &toolkit::NoteFinder::Begin);
+        m_counting.setSingleShot(true);
+        m_counting.setInterval(kCountAfterMs);
+        connect(&m_counting, &QTimer::timeout, this,
+                [this] { count->setText(CountText(*sheet->Note())); });
+        connect(sheet, &QTextEdit::textChanged, this, &Frame::CountSoon);
     }
     ~Frame() override { toolkit::TellWindowDies(*this); }
 
@@ -69,12 +81,17 @@ public:
         notice->setText(sentence);
         notice->setVisible(!sentence.isEmpty());
     }
+    /// All of the text is gone through, which would keep the next key waiting.
+    void CountSoon() { m_counting.start(); }
 
     toolkit::NoteEdit* sheet;
     toolkit::NoteBar* bar;
     toolkit::NoteFinder* finder;
     QLabel* notice;
     QLabel* count;
+
+private:
+    QTimer m_counting;
 };
 
 CZelvorEditorImpl::CZelvorEditorImpl() = default;
@@ -96,8 +113,6 @@ void CZelvorEditorImpl::OnCreated() {
                      [this](const QString& address) { OpenLink(address); });
     QObject::connect(frame->sheet, &toolkit::NoteEdit::Refused, frame,
                      [frame](const QString& sentence) { frame->Say(sentence); });
-    QObject::connect(frame->sheet, &QTextEdit::textChanged, frame,
-                     [frame] { frame->count->setText(CountText(*frame->sheet->Note())); });
     toolkit::PostWindowEvent(m_parent, kEditorReady);
 }
 
@@ -125,9 +140,22 @@ void CZelvorEditorImpl::Show(const QString& html, const QString& name, qint32 re
     frame->finder->hide();
     frame->Say(m_isBroken ? u"文档过大或已损坏，无法显示。"_s : QString());
     frame->sheet->SetNote(std::move(document));
-    frame->count->setText(CountText(*frame->sheet->Note()));
+    frame->count->clear();
+    frame->CountSoon();
     SetReadOnly(readOnly);
-    m_lastHtml = frame->sheet->Note()->Html();
+    m_loaded = html;
+    m_lastHtml.reset();
+    m_isTold = false;
+}
+
+void CZelvorEditorImpl::GetLastHtml(QString& html) const {
+    if (!m_lastHtml) {
+        // As long as a load takes: only who asks pays for it.
+        toolkit::NoteDocument loaded(toolkit::TheEditorFolders().pages, nullptr);
+        loaded.Load(m_loaded);
+        m_lastHtml = loaded.Html();
+    }
+    html = *m_lastHtml;
 }
 
 void CZelvorEditorImpl::NewEditor(QString& name, qint32 readOnly) {
@@ -168,7 +196,8 @@ void CZelvorEditorImpl::LoadEditor(const QString& name, const std::vector<QStrin
 
 bool CZelvorEditorImpl::SaveEditor() {
     const toolkit::NoteEdit* sheet = Sheet();
-    if (sheet == nullptr || m_isBroken || !sheet->Note()->isModified()) {
+    // What was told and is undone since is a change to whoever took it.
+    if (sheet == nullptr || m_isBroken || (!sheet->Note()->isModified() && !m_isTold)) {
         return true;
     }
     const QString html = sheet->Note()->Html();
@@ -184,6 +213,7 @@ bool CZelvorEditorImpl::SaveEditor() {
     file.storeName = *page;
     file.localPath = toolkit::TheEditorFolders().pages + *page;
     files.insert(files.begin(), file);
+    m_isTold = true;
     if (m_notify != nullptr) {
         m_notify->OnFilesChanged(m_name, files, sheet->Note()->toPlainText());
     }

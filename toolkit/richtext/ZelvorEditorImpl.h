@@ -6,6 +6,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace toolkit {
@@ -38,7 +39,7 @@ public:
     /// says.
     bool SaveEditor();
     /// As the document was at the last load or save.
-    void GetLastHtml(QString& html) const { html = m_lastHtml; }
+    void GetLastHtml(QString& html) const;
     void SetReadOnly(qint32 readOnly);
 
     [[nodiscard]] const QString& DocumentName() const { return m_name; }
@@ -58,6 +59,8 @@ private:
     IZvEditorNotify* m_notify = nullptr;
     toolkit::WindowId m_parent = toolkit::kNoWindow;
     QString m_name;
-    QString m_lastHtml;
-    bool m_isBroken = false; ///< what is shown isn't the document
+    QString m_loaded;                          ///< the page as it lay in the store
+    mutable std::optional<QString> m_lastHtml; ///< none before somebody asked since the load
+    bool m_isBroken = false;                   ///< what is shown isn't the document
+    bool m_isTold = false;                     ///< a change since the load
 };

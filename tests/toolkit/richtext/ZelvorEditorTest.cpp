@@ -1,19 +1,16 @@
 // The editor as its owners know it, and as a person uses it.
-#include "tests/support/AnsweredPrompts.h"
 #include "tests/support/Hands.h"
-#include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
+#include "tests/toolkit/richtext/EditorFixture.h"
 #include "tests/viewers/support/SamplePictures.h"
+#include "toolkit/Look.h"
 #include "toolkit/richtext/NoteCommands.h"
 #include "toolkit/richtext/NoteEdit.h"
 #include "toolkit/richtext/NoteStore.h"
-#include "toolkit/richtext/ZelvorEditorImpl.h"
-#include "toolkit/windows/WindowRegistry.h"
 
 #include <QAction>
-#include <QClipboard>
 #include <QComboBox>
-#include <QGuiApplication>
+#include <QDirIterator>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -30,100 +27,12 @@
 namespace {
 
 using namespace Qt::StringLiterals;
+using support::EditorFixture;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-class Notes final : public IZvEditorNotify {
-public:
-    int OnFilesChanged(const QString& name, const std::vector<NoteFile>& changed,
-                       const QString& text) override {
-        ++told;
-        document = name;
-        files = changed;
-        plain = text;
-        return 1;
-    }
-    void OnOpenAttachment(const QString& folderKey, const QString& attachment,
-                          const QString& store) override {
-        opened.push_back(folderKey.toStdString() + "|" + attachment.toStdString() + "|" +
-                         store.toStdString());
-    }
-
-    int told = 0;
-    QString document;
-    QString plain;
-    std::vector<NoteFile> files;
-    std::vector<std::string> opened;
-};
-
-class ZelvorEditorTest : public testing::Test {
-protected:
-    ZelvorEditorTest() {
-        toolkit::SetEditorFolders({pages, {}});
-        owner.resize(700, 400);
-        ownerId = toolkit::RegisterWindow(&owner, [this](const toolkit::WindowEvent& event) {
-            ready += event.number == kEditorReady ? 1 : 0;
-            return qintptr(0);
-        });
-        editor.SetZvEditorNotify(&notes);
-        editor.Create(ownerId);
-        editor.Widget()->setGeometry(owner.rect());
-        owner.show();
-        editor.Widget()->show();
-        support::RunPendingEvents();
-    }
-    ~ZelvorEditorTest() override {
-        editor.Destroy();
-        toolkit::SetEditorFolders({});
-    }
-
-    [[nodiscard]] toolkit::NoteEdit& Sheet() { return *editor.Sheet(); }
-    QString New() {
-        QString name;
-        editor.NewEditor(name, 0);
-        Sheet().setFocus();
-        return name;
-    }
-    /// A page in the folder, as another client saved it.
-    QString Page(const QString& html) {
-        return toolkit::StoreBytes(html.toUtf8(), pages, u".html"_s).value();
-    }
-    void Load(const QString& html, qint32 readOnly = 0) {
-        editor.LoadEditor(u"doc"_s, {Page(html)}, {}, readOnly);
-        Sheet().setFocus();
-    }
-    void Press(const char* action) {
-        Sheet().findChild<QAction*>(QString::fromLatin1(action)) != nullptr
-            ? Sheet().findChild<QAction*>(QString::fromLatin1(action))->trigger()
-            : editor.Widget()->findChild<QAction*>(QString::fromLatin1(action))->trigger();
-    }
-    [[nodiscard]] QString Notice() {
-        const auto* notice = editor.Widget()->findChild<QLabel*>(u"noteNotice"_s);
-        return notice->isVisible() ? notice->text() : QString();
-    }
-    void Paste(QMimeData* data) {
-        QGuiApplication::clipboard()->setMimeData(data);
-        QTest::keyClick(&Sheet(), Qt::Key_V, Qt::ControlModifier);
-    }
-    [[nodiscard]] QString PictureFile(const QString& name, const QSize& size = {300, 200}) {
-        return folder.Write(name, support::JpegBytes(support::CornerMarked(size)));
-    }
-    [[nodiscard]] QTextImageFormat PictureAt(int position) {
-        QTextCursor cursor(Sheet().document());
-        cursor.setPosition(position + 1);
-        return cursor.charFormat().toImageFormat();
-    }
-
-    support::TempFolder folder;
-    QString pages = folder.Path(u"pages/"_s);
-    support::AnsweredPrompts prompts;
-    QWidget owner;
-    toolkit::WindowId ownerId = toolkit::kNoWindow;
-    int ready = 0;
-    Notes notes;
-    CZelvorEditorImpl editor;
-};
+class ZelvorEditorTest : public EditorFixture {};
 
 } // namespace
 
@@ -202,6 +111,65 @@ TEST_F(ZelvorEditorTest, ASaveThatComesToNothingIsReportedAgainAtTheNext) {
     EXPECT_EQ(notes.told, 2) << "only a load makes it unchanged";
 }
 
+TEST_F(ZelvorEditorTest, AChangeThatWasToldAndIsUndoneIsToldToo) {
+    Load(u"<p>一</p>"_s);
+    QTest::keyClicks(&Sheet(), u"a"_s);
+    editor.SaveEditor();
+    Sheet().undo();
+    ASSERT_FALSE(Sheet().document()->isModified());
+    editor.SaveEditor();
+    EXPECT_EQ(notes.told, 2);
+    EXPECT_EQ(notes.plain, u"一");
+    Load(u"<p>一</p>"_s);
+    editor.SaveEditor();
+    EXPECT_EQ(notes.told, 2);
+}
+
+TEST_F(ZelvorEditorTest, TheLastHtmlIsThatOfTheLoadWhateverWasWrittenSince) {
+    Load(u"<p>一<script>x()</script></p>"_s);
+    const QString loaded = Sheet().Note()->Html();
+    QTest::keyClicks(&Sheet(), u"a"_s);
+    QString last;
+    editor.GetLastHtml(last);
+    EXPECT_EQ(last.toStdString(), loaded.toStdString());
+    editor.SaveEditor();
+    editor.GetLastHtml(last);
+    EXPECT_EQ(last.toStdString(), Sheet().Note()->Html().toStdString());
+    editor.Destroy();
+    editor.GetLastHtml(last);
+    EXPECT_TRUE(last.contains(u"a"_s)) << "without a window too";
+}
+
+TEST_F(ZelvorEditorTest, AnAttachmentLiesOnceOnTheDisk) {
+    New();
+    const QString file = folder.Write(u"报告.pdf"_s, "pdf");
+    Sheet().InsertAsAttachments({file, file});
+    QStringList stored;
+    QDirIterator all(pages, QDir::Files, QDirIterator::Subdirectories);
+    while (all.hasNext()) {
+        stored << all.next();
+    }
+    ASSERT_EQ(stored.size(), 1);
+    EXPECT_TRUE(stored[0].endsWith(u".files/报告.pdf"_s));
+    EXPECT_EQ(Sheet().Note()->Files().at(0).localPath, stored[0]);
+    EXPECT_EQ(Notice(), QString());
+}
+
+TEST_F(ZelvorEditorTest, ZoomingIsOfTheSheetAndNotOfThePage) {
+    editor.Widget()->setFont(toolkit::UiFont());
+    const int usual = toolkit::UiFont().pixelSize();
+    Load(u"<p style='font-size:%1px'>一</p><p style='font-size:%2px'>二</p><p>三</p>"_s
+             .arg(usual + 1)
+             .arg(usual + 3));
+    const QString before = Sheet().Note()->Html();
+    const double height = Sheet().document()->size().height();
+    Press("zoomIn");
+    Press("zoomIn");
+    Press("zoomIn");
+    EXPECT_GT(Sheet().document()->size().height(), height);
+    EXPECT_EQ(Sheet().Note()->Html().toStdString(), before.toStdString());
+}
+
 TEST_F(ZelvorEditorTest, OnePictureChangedReportsOneNewFileBesideThePage) {
     New();
     Sheet().InsertFiles({PictureFile(u"a.jpg"_s), PictureFile(u"b.jpg"_s, {200, 100})});
@@ -237,7 +205,7 @@ TEST_F(ZelvorEditorTest, APageThatCannotBeReadIsToldAndNeverSaved) {
     Load(u"<b>"_s.repeated(100'000));
     EXPECT_EQ(Notice(), u"文档过大或已损坏，无法显示。");
     EXPECT_TRUE(Sheet().isReadOnly());
-    editor.LoadEditor(u"doc"_s, {Page(QString(40 * 1024 * 1024, u'x'))}, {}, 0);
+    editor.LoadEditor(u"doc"_s, {Page(QByteArray(40 * 1024 * 1024, 'x'))}, {}, 0);
     EXPECT_EQ(Notice(), u"文档过大或已损坏，无法显示。");
     editor.SaveEditor();
     EXPECT_EQ(notes.told, 0);
@@ -434,7 +402,15 @@ TEST_F(ZelvorEditorTest, FindsGoesRoundAndReplaces) {
 
 TEST_F(ZelvorEditorTest, CountsWhatIsWritten) {
     Load(u"<p>一二 三</p><p>ab</p>"_s);
-    EXPECT_EQ(editor.Widget()->findChild<QLabel*>(u"noteCount"_s)->text(), u"字数 5");
+    const auto counts = [this](const QString& text) {
+        return support::WaitFor(
+            [&] { return editor.Widget()->findChild<QLabel*>(u"noteCount"_s)->text() == text; });
+    };
+    EXPECT_TRUE(counts(u"字数 5"_s));
+    QTest::keyClicks(&Sheet(), u"c d"_s);
+    EXPECT_FALSE(editor.Widget()->findChild<QLabel*>(u"noteCount"_s)->text().endsWith(u"7"_s))
+        << "no key waits for it";
+    EXPECT_TRUE(counts(u"字数 7"_s));
 }
 
 TEST_F(ZelvorEditorTest, WithoutAWindowNothingHappens) {

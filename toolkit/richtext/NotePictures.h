@@ -1,0 +1,43 @@
+// The pictures of a rich text on its sheet.
+#pragma once
+
+#include <QCache>
+#include <QHash>
+#include <QImage>
+#include <QObject>
+#include <QSize>
+#include <QTextObjectInterface>
+
+namespace toolkit {
+
+/// Gives pictures their place by the size that the text says, else by the file's header; decodes
+/// those in sight alone, as large as they are shown, and keeps no more of them than a few screens
+/// need. One that isn't there or is no picture is a frame that says so. Thread: user interface.
+class NotePictures final : public QObject, public QTextObjectInterface {
+    Q_OBJECT
+    Q_INTERFACES(QTextObjectInterface)
+
+public:
+    /// @param folder  of the files, with "/" at its end.
+    NotePictures(QString folder, QObject* parent);
+
+    QSizeF intrinsicSize(QTextDocument* document, int position, const QTextFormat& format) override;
+    void drawObject(QPainter* painter, const QRectF& place, QTextDocument* document, int position,
+                    const QTextFormat& format) override;
+
+    /// Device pixels as in the file; empty for what is no picture of the folder.
+    [[nodiscard]] QSize FileSize(const QString& storeName);
+    /// At most as large as the file has it and as a screen needs it; null for what is no picture.
+    [[nodiscard]] QImage Decoded(const QString& storeName, const QSize& most);
+    /// What stands in the place of one that can't be shown.
+    static void PaintMissing(QPainter& painter, const QRectF& place);
+
+private:
+    const QString m_folder;
+    QHash<QString, QSize> m_sizes;
+    QCache<QString, QImage> m_decoded; ///< by name and size; costs are kilobytes
+};
+
+inline constexpr QSize kMissingPicture(160, 60);
+
+} // namespace toolkit
