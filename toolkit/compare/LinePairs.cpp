@@ -7,7 +7,7 @@ namespace toolkit {
 namespace {
 
 /// Less in common is chance.
-constexpr double kAlike = 0.45;
+constexpr double kAlike = 0.4;
 /// Every line of a part is held against every other.
 constexpr int kPart = 48;
 constexpr qsizetype kLooked = 400;

@@ -98,7 +98,7 @@ QImage LostPicture() {
 }
 
 QSize ShownSize(const QString& path) {
-    const QSize size = toolkit::ReadPictureSize(path);
+    const QSize size = path.isEmpty() ? QSize() : toolkit::ReadPictureSize(path);
     if (size.isEmpty()) {
         return kLostPicture;
     }
@@ -251,7 +251,7 @@ QVariant CompareDocument::loadResource(int type, const QUrl& name) {
     const bool isOld = scheme == LookOf(toolkit::PieceKind::Removed).scheme;
     const QString path = PathOf(isOld ? m_folders.from : m_folders.to, address.mid(scheme.size()));
     QImage image;
-    if (!toolkit::ReadPictureSize(path).isEmpty()) {
+    if (!path.isEmpty()) {
         image = toolkit::DecodePicture({path, {}, ShownSize(path) * m_ratio, Qt::white});
     }
     if (image.isNull()) {

@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -22,8 +23,10 @@ QPushButton* MakeStep(const QString& name, const QString& icon, const QString& t
     auto* button = new QPushButton(toolkit::Icon(icon), text, parent);
     button->setObjectName(name);
     button->setToolTip(tip);
-    button->setShortcut(key);
     button->setAutoDefault(false);
+    // A button's own key is deaf while it shows that it was pressed.
+    auto* shortcut = new QShortcut(key, parent);
+    QObject::connect(shortcut, &QShortcut::activated, button, &QPushButton::click);
     return button;
 }
 

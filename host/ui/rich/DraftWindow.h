@@ -80,7 +80,7 @@ private:
     QLabel* m_notice = nullptr;
     QPushButton* m_bringBack = nullptr;
     QPushButton* m_remove = nullptr;
-    QTimer m_pause; ///< while keys run through the table, nothing is read
+    QTimer m_pause{this}; ///< while keys run through the table, nothing is read
     std::optional<Shown> m_shown;
     bool m_areDraftsRead = false;
     bool m_isAsking = false;

@@ -92,7 +92,6 @@ RecordPanel::RecordPanel(QWidget* parent) : QWidget(parent) {
     all->setSpacing(8);
     all->addWidget(m_filter);
     all->addWidget(m_table, 1);
-    setFocusProxy(m_table);
     auto* find = new QAction(this);
     find->setShortcut(QKeySequence::Find);
     addAction(find);
@@ -166,7 +165,6 @@ VersionPanel::VersionPanel(QWidget* parent) : QWidget(parent) {
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(m_table);
-    setFocusProxy(m_table);
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         if (!m_isFilling) {
             emit ChosenChanged();

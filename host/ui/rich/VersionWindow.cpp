@@ -249,7 +249,7 @@ void VersionWindow::ReadRecords() {
 }
 
 void VersionWindow::ReadVersions(const QString& record) {
-    const bool isSame = m_compared && m_compared->record == record;
+    const bool isSame = m_filled == record;
     const std::vector<qint64> chosen = isSame ? m_versions->ChosenNumbers() : std::vector<qint64>();
     m_listed = record;
     const toolkit::StillThere still(this);
@@ -265,6 +265,7 @@ void VersionWindow::ReadVersions(const QString& record) {
         list.rows.clear();
         ShowNotice(FaultSentence(u"版本"_s, list.fault), true);
     }
+    m_filled = record;
     m_versions->ShowHint(record.isEmpty()       ? u"请选择一条记录。"_s
                          : list.fault.isEmpty() ? u"该记录没有版本。"_s
                                                 : u"无法读取版本。"_s);

@@ -81,9 +81,10 @@ private:
     QLabel* m_notice = nullptr;
     QPushButton* m_restore = nullptr;
     VersionPages m_pages;
-    QTimer m_pause;                  ///< while keys run through a table, nothing is read
+    QTimer m_pause{this};            ///< while keys run through a table, nothing is read
     QString m_wanted;                ///< record to be chosen once the records are read
     std::optional<QString> m_listed; ///< whose versions were read
+    QString m_filled;                ///< whose versions are in the table
     std::optional<Pair> m_compared;
     bool m_areRecordsRead = false;
     bool m_wereRecordsRead = false; ///< before

@@ -86,7 +86,8 @@ TEST(NoteLines, ItemsHaveTheirMarkBesideTheirText) {
 
 TEST(NoteLines, PicturesKeepTheirNamesInOrder) {
     const auto lines = ReadHtml(
-        u"<p>一<img src='a.jpg'/>二<img src='b.jpg'/><img src='b.jpg'/></p><p><img src='c.png'/></p>"_s);
+        u"<p>一<img src='a.jpg'/>二<img src='b.jpg'/><img src='b.jpg'/></p>"
+                                "<p><img src='c.png'/></p>"_s);
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].text, u"一\uFFFC二\uFFFC\uFFFC"_s);
     EXPECT_EQ(lines[0].pictures, QStringList({u"a.jpg"_s, u"b.jpg"_s, u"b.jpg"_s}));
