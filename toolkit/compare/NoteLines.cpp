@@ -165,18 +165,18 @@ public:
     std::vector<NoteLine> lines;
 
 private:
-    /// The text needs a paragraph before a table at its beginning and behind one at its end.
+    /// The text needs a paragraph before a table at its beginning, and reading a page makes one
+    /// behind every table; neither is written down.
     static bool IsAroundATable(QTextFrame::iterator at, const QTextFrame* frame) {
         if (at.currentBlock().length() > 1 || at.currentBlock().textList() != nullptr) {
             return false;
         }
-        auto next = at;
-        ++next;
         if (at == frame->begin()) {
-            return !next.atEnd() && IsTable(next.currentFrame());
+            ++at;
+            return !at.atEnd() && IsTable(at.currentFrame());
         }
         --at;
-        return next.atEnd() && IsTable(at.currentFrame());
+        return IsTable(at.currentFrame());
     }
 
     void ReadTable(const QTextTable& table) {

@@ -25,8 +25,9 @@ struct NoteLine {
 inline const QString kCellGap = QStringLiteral(" | ");
 
 /// All lines in the order of the text. The cells of a row stand side by side with what is in them,
-/// a table in a cell too; a merged cell stands where it begins. The empty paragraphs that every
-/// table has around it are left out. An empty document has no line or one empty one.
+/// a table in a cell too; a merged cell stands where it begins. The empty paragraph that a
+/// table has behind it, or before it at the beginning, is left out. An empty document has no line
+/// or one empty one.
 ///
 /// A mark isn't part of its text: a number changes with every item that comes before.
 /// Thread: that of the document.

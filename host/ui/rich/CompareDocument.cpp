@@ -47,19 +47,12 @@ const PieceLook& LookOf(toolkit::PieceKind kind) {
     return looks[std::size_t(kind)];
 }
 
-QTextCharFormat GroundFormat(toolkit::PieceKind kind) {
-    const PieceLook& look = LookOf(kind);
-    QTextCharFormat format;
-    format.setForeground(look.text);
-    if (look.ground.isValid()) {
-        format.setBackground(look.ground);
-    }
-    return format;
-}
-
 QTextCharFormat PieceFormat(toolkit::PieceKind kind, const QTextCharFormat& look) {
-    QTextCharFormat format = GroundFormat(kind);
-    format.merge(look);
+    QTextCharFormat format = look;
+    format.setForeground(LookOf(kind).text);
+    if (LookOf(kind).ground.isValid()) {
+        format.setBackground(LookOf(kind).ground);
+    }
     format.setFontUnderline(kind == toolkit::PieceKind::Added);
     format.setFontStrikeOut(kind == toolkit::PieceKind::Removed);
     return format;
@@ -181,12 +174,13 @@ void CompareDocument::BeginBlock(QTextCursor& cursor, toolkit::LineChange change
         cursor.insertBlock(format, QTextCharFormat());
     }
     m_changes.push_back(change);
+    m_written = Written::Nothing;
 }
 
 void CompareDocument::WriteLine(QTextCursor& cursor, const toolkit::ComparedLine& line) {
     BeginBlock(cursor, line.change, line.line);
     if (!line.line.mark.isEmpty()) {
-        cursor.insertText(line.line.mark + u' ', HintFormat());
+        WriteText(cursor, line.line.mark + u' ', HintFormat());
     }
     const QTextCharFormat look = LineFormat(line.line);
     for (const toolkit::TextPiece& piece : line.pieces) {
@@ -209,11 +203,27 @@ void CompareDocument::WritePiece(QTextCursor& cursor, const toolkit::TextPiece& 
     qsizetype from = 0;
     for (const QString& picture : piece.pictures) {
         const qsizetype at = piece.text.indexOf(QChar::ObjectReplacementCharacter, from);
-        cursor.insertText(piece.text.sliced(from, at - from), format);
+        WriteText(cursor, piece.text.sliced(from, at - from), format);
         WritePicture(cursor, piece.kind, picture);
         from = at + 1;
     }
-    cursor.insertText(piece.text.sliced(from), format);
+    WriteText(cursor, piece.text.sliced(from), format);
+}
+
+void CompareDocument::WriteText(QTextCursor& cursor, const QString& text,
+                                const QTextCharFormat& format) {
+    if (!text.isEmpty()) {
+        BreakBefore(cursor, false);
+        cursor.insertText(text, format);
+    }
+}
+
+void CompareDocument::BreakBefore(QTextCursor& cursor, bool isPicture) {
+    const Written next = isPicture ? Written::Picture : Written::Text;
+    if (m_written != Written::Nothing && m_written != next) {
+        cursor.insertText(QString(QChar::LineSeparator), QTextCharFormat());
+    }
+    m_written = next;
 }
 
 void CompareDocument::WritePicture(QTextCursor& cursor, toolkit::PieceKind kind,
@@ -225,10 +235,11 @@ void CompareDocument::WritePicture(QTextCursor& cursor, toolkit::PieceKind kind,
     format.setName(look.scheme + name);
     format.setWidth(size.width());
     format.setHeight(size.height());
+    BreakBefore(cursor, true);
     cursor.insertImage(format);
-    if (!look.word.isEmpty()) {
-        cursor.insertText(u' ' + look.word + u' ', GroundFormat(kind));
-    }
+    QTextCharFormat word;
+    word.setForeground(look.text);
+    cursor.insertText(u' ' + look.word + u' ', word);
 }
 
 void CompareDocument::WriteFold(QTextCursor& cursor, int first, int count) {

@@ -49,10 +49,15 @@ protected:
     QVariant loadResource(int type, const QUrl& name) override;
 
 private:
+    enum class Written { Nothing, Text, Picture };
+
     void WriteLine(QTextCursor& cursor, const toolkit::ComparedLine& line);
     void WritePiece(QTextCursor& cursor, const toolkit::TextPiece& piece,
                     const QTextCharFormat& look);
+    void WriteText(QTextCursor& cursor, const QString& text, const QTextCharFormat& format);
     void WritePicture(QTextCursor& cursor, toolkit::PieceKind kind, const QString& name);
+    /// Text and pictures of a line stand below each other: a picture makes its row high.
+    void BreakBefore(QTextCursor& cursor, bool isPicture);
     void WriteFold(QTextCursor& cursor, int first, int count);
     void BeginBlock(QTextCursor& cursor, toolkit::LineChange change, const toolkit::NoteLine& look);
 
@@ -60,6 +65,7 @@ private:
     const qreal m_ratio;
     std::vector<toolkit::LineChange> m_changes; ///< one for each paragraph
     std::vector<ChangedPlace> m_places;
+    Written m_written = Written::Nothing; ///< last in the paragraph
 };
 
 /// The address of a fold, and the line that it begins with; -1 for another address.

@@ -58,6 +58,7 @@ void CompareSheet::ShowLines(std::vector<toolkit::ComparedLine> lines,
     setDocument(page);
     delete m_page;
     m_page = page;
+    setCursorWidth(m_lines.empty() ? 0 : 1);
     emit PlaceChanged();
 }
 

@@ -47,16 +47,17 @@ CompareView::CompareView(QWidget* parent) : QWidget(parent) {
     m_sheet = new CompareSheet(this);
     m_sheet->setObjectName(u"compareSheet"_s);
     m_sheet->setAccessibleName(u"版本比较"_s);
-    auto* top = new QHBoxLayout;
-    top->setSpacing(8);
-    top->addWidget(m_summary, 1);
-    top->addWidget(m_place);
-    top->addWidget(m_previous);
-    top->addWidget(m_next);
+    m_sheet->setMinimumHeight(88);
+    auto* steps = new QHBoxLayout;
+    steps->setSpacing(8);
+    steps->addWidget(m_place, 1);
+    steps->addWidget(m_previous);
+    steps->addWidget(m_next);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
-    all->setSpacing(8);
-    all->addLayout(top);
+    all->setSpacing(4);
+    all->addWidget(m_summary);
+    all->addLayout(steps);
     all->addWidget(m_sheet, 1);
     connect(m_previous, &QPushButton::clicked, this,
             [this] { m_sheet->GoTo(m_sheet->CurrentPlace() - 1); });
@@ -66,10 +67,9 @@ CompareView::CompareView(QWidget* parent) : QWidget(parent) {
     ShowPlace();
 }
 
-void CompareView::ShowLines(std::vector<toolkit::ComparedLine> lines, const CompareFolders& folders,
-                            const QString& summary) {
-    m_summary->setText(summary.isEmpty() ? toolkit::SummaryText(toolkit::CountsOf(lines))
-                                         : summary);
+void CompareView::ShowLines(std::vector<toolkit::ComparedLine> lines,
+                            const CompareFolders& folders) {
+    m_summary->setText(toolkit::SummaryText(toolkit::CountsOf(lines)));
     if (std::all_of(lines.begin(), lines.end(), [](const toolkit::ComparedLine& line) {
             return line.change == toolkit::LineChange::Same && toolkit::IsBlank(line.line);
         })) {

@@ -20,9 +20,7 @@ class CompareView final : public QWidget {
 public:
     explicit CompareView(QWidget* parent);
 
-    /// @param summary  stands above; empty: what differs, in words.
-    void ShowLines(std::vector<toolkit::ComparedLine> lines, const CompareFolders& folders,
-                   const QString& summary = {});
+    void ShowLines(std::vector<toolkit::ComparedLine> lines, const CompareFolders& folders);
     /// Nothing is compared; why, or what to do.
     void ShowHint(const QString& hint);
 

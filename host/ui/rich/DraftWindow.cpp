@@ -24,6 +24,9 @@
 #include <QScopedValueRollback>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextImageFormat>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -52,6 +55,31 @@ std::vector<RowCell> DraftCells(const DraftRow& row, qint64 now) {
             {u"%1 天"_s.arg(DaysLeft(row.keptUntil, now)), row.keptUntil}};
 }
 
+/// Wide pictures would take the text along to the side.
+void FitPictures(toolkit::NoteDocument& document, int width) {
+    const int room = std::max(100, width - 2 * int(document.documentMargin()));
+    std::vector<std::pair<QTextCursor, QTextImageFormat>> tooWide;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+            const QTextFragment fragment = piece.fragment();
+            const QTextImageFormat format = fragment.charFormat().toImageFormat();
+            if (!format.isValid() || (format.width() > 0 && format.width() <= room)) {
+                continue;
+            }
+            if (const auto fitting = document.ImageFormat(format.name(), room)) {
+                QTextCursor cursor(&document);
+                cursor.setPosition(fragment.position());
+                cursor.setPosition(fragment.position() + fragment.length(),
+                                   QTextCursor::KeepAnchor);
+                tooWide.emplace_back(cursor, *fitting);
+            }
+        }
+    }
+    for (auto& [cursor, format] : tooWide) {
+        cursor.mergeCharFormat(format);
+    }
+}
+
 QPushButton* MakeButton(const QString& name, const QIcon& icon, const QString& text,
                         const QString& tip, QWidget* parent) {
     auto* button = new QPushButton(icon, text, parent);
@@ -71,6 +99,7 @@ DraftWindow::DraftWindow(QWidget* parent, IDraftSource& draftSource)
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     auto* parts = new QSplitter(Qt::Vertical, this);
     parts->setChildrenCollapsible(false);
+    parts->setHandleWidth(8);
     parts->addWidget(MakeTable());
     parts->addWidget(MakePreview());
     parts->setSizes({240, 300});
@@ -132,6 +161,9 @@ QWidget* DraftWindow::MakePreview() {
     m_previewHint->setAlignment(Qt::AlignCenter);
     m_previewHint->setWordWrap(true);
     m_previewHint->setForegroundRole(QPalette::PlaceholderText);
+    m_previewHint->setBackgroundRole(QPalette::Base);
+    m_previewHint->setAutoFillBackground(true);
+    m_previewHint->setFrameShape(QFrame::StyledPanel);
     m_pages->addWidget(m_preview);
     m_pages->addWidget(m_previewHint);
     return m_pages;
@@ -275,6 +307,7 @@ void DraftWindow::ReadDraftText(const Shown& draft) {
             std::make_unique<toolkit::NoteDocument>(PictureFolder(text.folder), nullptr);
         fault = FaultText(document->Load(text.html));
         if (fault.isEmpty()) {
+            FitPictures(*document, m_preview->viewport()->width());
             m_preview->SetNote(std::move(document));
             m_pages->setCurrentWidget(m_preview);
             return;

@@ -59,7 +59,7 @@ void SetWidths(HintTable* table, const QList<int>& digits, int stretched) {
     for (int column = 0; column < digits.size(); ++column) {
         table->setColumnWidth(column, digits[column] * digit);
     }
-    table->horizontalHeader()->setMinimumSectionSize(4 * digit);
+    table->horizontalHeader()->setMinimumSectionSize(8 * digit);
     table->horizontalHeader()->setSectionResizeMode(stretched, QHeaderView::Stretch);
 }
 
@@ -83,7 +83,7 @@ RecordPanel::RecordPanel(QWidget* parent) : QWidget(parent) {
     m_table = MakeTable(u"recordTable"_s, u"记录"_s, this);
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setModel(m_shown);
-    SetWidths(m_table, {24, 11, 11, 19, 9}, kPlace);
+    SetWidths(m_table, {24, 10, 10, 18, 9}, kPlace);
     m_table->setSortingEnabled(true);
     m_table->sortByColumn(kRecordAt, Qt::DescendingOrder);
     Filter({});
@@ -92,6 +92,7 @@ RecordPanel::RecordPanel(QWidget* parent) : QWidget(parent) {
     all->setSpacing(8);
     all->addWidget(m_filter);
     all->addWidget(m_table, 1);
+    m_table->setFocus();
     auto* find = new QAction(this);
     find->setShortcut(QKeySequence::Find);
     addAction(find);
@@ -142,6 +143,7 @@ bool RecordPanel::Choose(const QString& id) {
         m_filter->clear();
     }
     m_table->setCurrentIndex(m_shown->mapFromSource(row));
+    m_table->scrollTo(m_table->currentIndex());
     return true;
 }
 
@@ -161,7 +163,7 @@ VersionPanel::VersionPanel(QWidget* parent) : QWidget(parent) {
     m_table = MakeTable(u"versionTable"_s, u"版本"_s, this);
     m_table->setModel(m_model);
     m_table->setToolTip(u"选择一个版本，与其前一个版本比较；按住 Ctrl 选择两个，相互比较"_s);
-    SetWidths(m_table, {20, 20, 20}, 2);
+    SetWidths(m_table, {18, 14, 12}, 2);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(m_table);

@@ -88,20 +88,20 @@ VersionWindow::VersionWindow(QWidget* parent, IVersionSource& versionSource)
 QWidget* VersionWindow::MakeTables() {
     auto* sides = new QSplitter(Qt::Horizontal, this);
     sides->setChildrenCollapsible(false);
+    sides->setHandleWidth(8);
     m_records = new RecordPanel(sides);
     m_records->setMinimumWidth(200);
     auto* right = new QSplitter(Qt::Vertical, sides);
     right->setChildrenCollapsible(false);
+    right->setHandleWidth(8);
     m_versions = new VersionPanel(right);
-    m_versions->setMinimumHeight(96);
+    m_versions->setMinimumHeight(72);
     right->addWidget(m_versions);
     right->addWidget(MakeComparison());
-    right->setSizes({180, 480});
-    right->setStretchFactor(1, 1);
+    right->setSizes({150, 510});
     sides->addWidget(m_records);
     sides->addWidget(right);
-    sides->setSizes({480, 700});
-    sides->setStretchFactor(1, 1);
+    sides->setSizes({540, 640});
     return sides;
 }
 
@@ -109,9 +109,8 @@ QWidget* VersionWindow::MakeComparison() {
     auto* side = new QWidget(this);
     m_heading = MakeLine(u"versionHeading"_s, side);
     m_compare = new CompareView(side);
-    m_compare->setMinimumHeight(140);
     auto* lines = new QVBoxLayout(side);
-    lines->setContentsMargins(0, 4, 0, 0);
+    lines->setContentsMargins(0, 0, 0, 0);
     lines->setSpacing(4);
     lines->addWidget(m_heading);
     lines->addWidget(m_compare, 1);
@@ -261,14 +260,14 @@ void VersionWindow::ReadVersions(const QString& record) {
     if (!still || record != m_records->Chosen()) {
         return;
     }
+    QString hint = record.isEmpty() ? u"请选择一条记录。"_s : u"该记录没有版本。"_s;
     if (!list.fault.isEmpty()) {
         list.rows.clear();
-        ShowNotice(FaultSentence(u"版本"_s, list.fault), true);
+        hint = FaultSentence(u"版本"_s, list.fault);
+        ShowNotice(hint, true);
     }
     m_filled = record;
-    m_versions->ShowHint(record.isEmpty()       ? u"请选择一条记录。"_s
-                         : list.fault.isEmpty() ? u"该记录没有版本。"_s
-                                                : u"无法读取版本。"_s);
+    m_versions->ShowHint(hint);
     m_versions->SetRows(std::move(list.rows), chosen);
 }
 
@@ -330,7 +329,7 @@ void VersionWindow::ShowHeading(const Pair& pair) {
     } else if (to != nullptr) {
         const QString state =
             from->state == to->state ? to->state : u"%1 → %2"_s.arg(from->state, to->state);
-        text = u"比较：%1 → %2\n整改情况：%3"_s.arg(NameOf(*from), NameOf(*to), state);
+        text = u"%1 → %2\n整改情况：%3"_s.arg(NameOf(*from), NameOf(*to), state);
     }
     m_heading->setText(text);
     m_heading->setVisible(!text.isEmpty());

@@ -183,7 +183,7 @@ TEST_F(ComparisonInSight, PicturesAreScaledFramedAndNamed) {
     const QString come = StoredPicture({1600, 800});
     const QString gone = StoredPicture({300, 200});
     Show(u"<p>图<img src='%1'/></p>"_s.arg(gone), u"<p>图<img src='%1'/></p>"_s.arg(come));
-    EXPECT_EQ(Text(), u"图\uFFFC 删除图片 \uFFFC 新增图片 ");
+    EXPECT_EQ(Text(), u"图\n\uFFFC 删除图片 \uFFFC 新增图片 ");
     const qreal ratio = view.devicePixelRatioF();
     const QImage added = Picture(u"added:"_s + come);
     EXPECT_EQ(added.size(), QSize(320, 160) * ratio);

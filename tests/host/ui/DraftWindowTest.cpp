@@ -6,13 +6,18 @@
 #include "tests/host/ui/RichSamples.h"
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/ManualClock.h"
+#include "tests/support/TempFolder.h"
 #include "tests/support/WaitFor.h"
+#include "tests/viewers/support/SamplePictures.h"
+#include "toolkit/richtext/NoteStore.h"
 #include "toolkit/windows/WindowRegistry.h"
 
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
+#include <QTextBlock>
 #include <QTextEdit>
 #include <QtTest/QTest>
 
@@ -181,6 +186,27 @@ TEST_F(DraftsInSight, ATextThatCannotBeReadIsToldInItsPlace) {
     source.texts[u"丙"_s] = u"<b>"_s.repeated(2000);
     Choose(2);
     EXPECT_EQ(Preview(), u"<无法读取草稿内容：内容嵌套过深。请稍后按 F5 重试。>");
+}
+
+TEST_F(DraftsInSight, AWidePictureIsShownNoWiderThanThePreview) {
+    const support::TempFolder folder;
+    source.folder = folder.Path(u"pages"_s);
+    const auto picture =
+        toolkit::StoreBytes(support::JpegBytes(support::OneColour({3000, 30}, Qt::blue)),
+                            source.folder + u'/', u".jpg"_s);
+    ASSERT_TRUE(picture);
+    source.texts[u"甲"_s] =
+        u"<p>一<img src='%1'/><img src='%1' width='2500'/><img src='%1' width='40'/></p>"_s.arg(
+            *picture);
+    Open();
+    const auto& preview = Find<QTextEdit>(u"draftPreview"_s);
+    EXPECT_EQ(preview.horizontalScrollBar()->maximum(), 0);
+    const QTextCursor last(preview.document()->findBlockByNumber(0));
+    std::vector<double> widths;
+    for (auto piece = last.block().begin(); !piece.atEnd(); ++piece) {
+        widths.push_back(piece.fragment().charFormat().toImageFormat().width());
+    }
+    EXPECT_EQ(widths.back(), 40) << "one that fits stays as it is";
 }
 
 TEST_F(DraftsInSight, ReadAnewTheChosenDraftStaysChosenAndWhatItsTextBecameIsRead) {

@@ -92,7 +92,7 @@ TEST_F(VersionsInSight, TheNewestRecordIsChosenAndItsNewestVersionComparedWithTh
     EXPECT_EQ(Row(Versions(), 2), QStringList({u"2026-03-05 12:00"_s, u"张伟"_s, u"未整改"_s}));
     EXPECT_EQ(Sheet(), u"梁底露筋");
     EXPECT_EQ(Label(u"versionHeading"_s),
-              u"比较：2026-03-05 13:00 张伟 → 2026-03-05 14:00 李娜\n整改情况：未整改 → 已整改");
+              u"2026-03-05 13:00 张伟 → 2026-03-05 14:00 李娜\n整改情况：未整改 → 已整改");
     EXPECT_EQ(Label(u"compareSummary"_s), u"修改 1 段");
     EXPECT_EQ(source.calls, QStringList({u"ReadRecords"_s, u"ReadVersions 甲"_s, u"ReadText 甲 2"_s,
                                          u"ReadText 甲 3"_s}));
@@ -119,7 +119,7 @@ TEST_F(VersionsInSight, TwoChosenVersionsAreComparedOlderFirst) {
     ClickRow(Versions(), 0);
     ClickRow(Versions(), 2, Qt::ControlModifier);
     EXPECT_EQ(Label(u"versionHeading"_s),
-              u"比较：2026-03-05 12:00 张伟 → 2026-03-05 14:00 李娜\n整改情况：未整改 → 已整改");
+              u"2026-03-05 12:00 张伟 → 2026-03-05 14:00 李娜\n整改情况：未整改 → 已整改");
     EXPECT_EQ(Sheet(), u"梁底露筋");
     EXPECT_FALSE(RestoreButton().isEnabled());
     ClickRow(Versions(), 1, Qt::ControlModifier);
@@ -400,7 +400,7 @@ TEST_F(VersionsInSight, TheKeyboardAloneReachesEverything) {
     Versions().setFocus();
     QTest::keyClick(&Versions(), Qt::Key_Down);
     Settle();
-    EXPECT_TRUE(Label(u"versionHeading"_s).startsWith(u"比较：2026-03-05 12:00"_s));
+    EXPECT_TRUE(Label(u"versionHeading"_s).startsWith(u"2026-03-05 12:00"_s));
     support::AnsweredPrompts prompts;
     prompts.ExpectYesNo(kAsksToRestore, false);
     QTest::keyClick(&Versions(), Qt::Key_R, Qt::ControlModifier);
