@@ -297,6 +297,7 @@ void CRichEditorDlg::KeepDraft() {
     KX_DATA::RichTextDraft draft;
     draft.key = Key();
     draft.docName = msg.docName;
+    draft.versionText = msg.versionText;
     draft.stateText = GetStateText();
     draft.files = richtext::ListUploads({}, files);
     GetRichTextDrafts()->Keep(draft);

@@ -10,6 +10,7 @@ namespace KX_DATA {
 struct RichTextDraft {
     RichTextKey key;
     QString docName;
+    QString versionText;           ///< of the saved version that it is built on; empty: of none
     QString stateText;             ///< what was selected; empty: nothing
     std::vector<UploadItem> files; ///< all of the document; they lie in the editor's folders
 };

@@ -99,6 +99,9 @@ public:
                                                           const NewRichVersion& version,
                                                           const Signature& by) = 0;
 
+    /// Where a place is, for a person, as the list says it.
+    [[nodiscard]] virtual std::optional<QString> Where(const Projects& projects,
+                                                       const RichPlace& place) = 0;
     /// All that have a record, the one that was saved last first.
     [[nodiscard]] virtual std::vector<RichEntry> List(const Projects& projects) = 0;
     /// Without their files, the newest first.

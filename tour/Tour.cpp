@@ -64,6 +64,7 @@ std::vector<TourStep> WriteSteps(const TourWords& words, const TourPlaces& place
         WriteMarks(script);
         WriteDrawingView(script);
         WriteIssueWindows(script, places);
+        WriteRecordWindows(script);
         WriteHostWindows(script);
         WriteReminders(script, places);
     }

@@ -40,6 +40,10 @@ void WriteBimSearch(TourScript& script);
 void WriteEditor(TourScript& script);
 /// From a row of the console into the viewer and back, with a voice note.
 void WriteViewer(TourScript& script);
+/// With the photo viewer open: what is written below the pictures; ends with the viewer closed.
+void WriteRecord(TourScript& script);
+/// Versions and drafts of such texts.
+void WriteRecordWindows(TourScript& script);
 /// Photos are imported by menu and by drop while the console is open.
 void WriteImport(TourScript& script, const TourPlaces& places);
 /// The console with BIM photos: order, pages, row actions; closed at the end.

@@ -3,6 +3,7 @@
 #include "services/IKXGlobalData.h"
 #include "services/IVeskPicMng.h"
 #include "tour/ConsoleEyes.h"
+#include "tour/NotedPhoto.h"
 #include "tour/TourEyes.h"
 #include "tour/TourNames.h"
 #include "tour/TourScript.h"
@@ -19,27 +20,6 @@ namespace {
 
 QWidget* Viewer() {
     return FindWindow(kPhotoViewer);
-}
-
-/// Name of a shown photo with a place and a voice note; empty without one.
-QString NameOfNotedPhoto() {
-    KX_DATA::PicQueryFilter filter;
-    filter.noDateLimit = true;
-    GetKXGlobalData()->GetOpenProjectIds(filter.projectIds);
-    KX_DATA::PageRequest request;
-    request.pageSize = 1000;
-    request.sortField = u"last_modifytime"_s;
-    request.sortOrder = u"desc"_s;
-    KX_DATA::PageResult result;
-    std::vector<KX_DATA::BimPicRow> rows;
-    GetVeskPicMng()->QueryBimPics(filter, request, result, rows);
-    for (const KX_DATA::BimPicRow& row : rows) {
-        if (!row.text9.isEmpty() && !row.floor.isEmpty() && row.posValid != 0 &&
-            row.status == KX_DATA::kStatusShown) {
-            return row.fileName;
-        }
-    }
-    return {};
 }
 
 bool Search(const QString& keyword) {
@@ -59,8 +39,8 @@ bool ShowsPicture() {
 
 void WriteLookingUp(TourScript& script) {
     script.Do(
-        u"搜索一张带语音的照片"_s, [] { return Search(NameOfNotedPhoto()); },
-        [] { return ConsoleText(0, u"照片名称"_s) == NameOfNotedPhoto(); });
+        u"搜索一张带语音的照片"_s, [] { return Search(RowOfNotedPhoto().fileName); },
+        [] { return ConsoleText(0, u"照片名称"_s) == RowOfNotedPhoto().fileName; });
     script.Do(
         u"双击这一行：平面图定位，照片查看窗口打开，控制台最小化"_s,
         [] {
@@ -81,9 +61,11 @@ void WriteListening(TourScript& script) {
         },
         [] { return ReadText(FindIn(Viewer(), u"noteStatus"_s)).startsWith(u"00:01"_s); });
     script.Picture(kPhotoViewer, u"viewer-playing"_s);
-    script.Do(
-        u"关闭查看窗口：控制台回来"_s, [] { return hands::CloseWindow(Viewer()); },
-        [] { return Viewer() == nullptr && Console() != nullptr && !Console()->isMinimized(); });
+}
+
+void WriteGoingBack(TourScript& script) {
+    script.Do(u"控制台回来"_s, nullptr,
+              [] { return Console() != nullptr && !Console()->isMinimized(); });
     script.Do(
         u"清空关键字，重新搜索"_s, [] { return Search(QString()); },
         [] { return ConsoleRows() > 1; });
@@ -91,9 +73,31 @@ void WriteListening(TourScript& script) {
 
 } // namespace
 
+KX_DATA::BimPicRow RowOfNotedPhoto() {
+    KX_DATA::PicQueryFilter filter;
+    filter.noDateLimit = true;
+    GetKXGlobalData()->GetOpenProjectIds(filter.projectIds);
+    KX_DATA::PageRequest request;
+    request.pageSize = 1000;
+    request.sortField = u"last_modifytime"_s;
+    request.sortOrder = u"desc"_s;
+    KX_DATA::PageResult result;
+    std::vector<KX_DATA::BimPicRow> rows;
+    GetVeskPicMng()->QueryBimPics(filter, request, result, rows);
+    for (const KX_DATA::BimPicRow& row : rows) {
+        if (!row.text9.isEmpty() && !row.floor.isEmpty() && row.posValid != 0 &&
+            row.status == KX_DATA::kStatusShown) {
+            return row;
+        }
+    }
+    return {};
+}
+
 void WriteViewer(TourScript& script) {
     WriteLookingUp(script);
     WriteListening(script);
+    WriteRecord(script);
+    WriteGoingBack(script);
 }
 
 } // namespace tour

@@ -13,6 +13,7 @@
 #include "host/app/PlanReader.h"
 #include "host/app/RaiseFlow.h"
 #include "host/app/ReminderFlow.h"
+#include "host/app/RichTextFlow.h"
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/ActionLogModel.h"
 #include "host/ui/MainWindow.h"
@@ -110,6 +111,9 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
         [this](qint32 ppid, const QString& id) { m_issues->ShowIssue(ppid, id); }});
     m_reminders = std::make_unique<ReminderFlow>(
         ReminderFlow::Parts{m_session, *m_window, lent, *m_module.Pictures()});
+    m_richTexts = std::make_unique<RichTextFlow>(m_session, *m_window);
+    connect(m_richTexts.get(), &RichTextFlow::Changed, this, &Client::RefreshModule);
+    connect(m_window.get(), &MainWindow::RecordStateChanged, this, &Client::RefreshModule);
     MakeDrawingFlows();
     m_window->SetUserName(m_session.UserName());
     m_window->SetDataFolder(m_session.Site().Place());
@@ -136,6 +140,8 @@ void Client::Stop() {
         m_reminders.reset();
     }
     m_window->CloseOtherWindows();
+    // The records of the viewers have been saved.
+    m_richTexts.reset();
     m_sink.disconnect(this);
     m_checkpoints.reset();
     m_drawingImport.reset();
@@ -335,6 +341,7 @@ void Client::ProjectChanged() {
     ReadPlan();
     m_marks->ProjectChanged();
     m_reminders->ProjectChanged();
+    m_richTexts->ProjectChanged();
     m_window->ShowStatus(m_session.CurrentProject().ppid == 0 ? u"没有打开的工程"_s : u"就绪"_s);
 }
 

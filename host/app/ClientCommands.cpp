@@ -7,6 +7,7 @@
 #include "host/app/IssueFlow.h"
 #include "host/app/RaiseFlow.h"
 #include "host/app/ReminderFlow.h"
+#include "host/app/RichTextFlow.h"
 #include "host/ui/HelpWindows.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
@@ -101,6 +102,12 @@ void Client::ObeyHost(Command command) {
         break;
     case Command::Bin:
         ShowBin();
+        break;
+    case Command::RecordVersions:
+        m_richTexts->ShowVersions();
+        break;
+    case Command::Drafts:
+        m_richTexts->ShowDrafts();
         break;
     case Command::OpenFolder:
         toolkit::Prompts().OpenFolder(m_session.Site().Place());

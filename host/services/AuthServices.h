@@ -23,12 +23,12 @@ public:
     KX_DATA::LoginInfo GetLoginInfo() override;
 };
 
-/// Viewers come without the pane of rich texts.
+/// Whoever uses this client has rich texts.
 class RichEditorAuth final : public KX_DATA::IRichEditorAuth, private SiteService {
 public:
     using SiteService::SiteService;
 
-    bool IsRichTextEnabled() override { return false; }
+    bool IsRichTextEnabled() override { return true; }
     /// Whoever may not edit photos reads.
     bool IsRichTextReadOnly() override;
 };

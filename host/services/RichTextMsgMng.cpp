@@ -1,6 +1,5 @@
 #include "host/services/RichTextMsgMng.h"
 
-#include "site/IRichTexts.h"
 #include "site/RectifyStates.h"
 
 #include <algorithm>
@@ -14,20 +13,6 @@ namespace {
 
 constexpr qint32 kAtIntersection = 1;
 constexpr qint32 kAtCheckpoint = 2;
-
-/// The viewers fill in what they have at hand: with an intersection its project or a checkpoint as
-/// owner, with a checkpoint a key and a mark or none. What doesn't name the place is left aside, so
-/// that all of them find the same record.
-site::RichPlace RichPlaceOf(const KX_DATA::RichTextKey& key) {
-    if (key.objectType == kAtIntersection) {
-        return site::AtIntersection(key.projectId, key.objectId, key.subId);
-    }
-    if (key.objectType != kAtCheckpoint) {
-        throw site::DataError(site::Fault::Refused,
-                              site::FaultText(site::Fault::Refused, u"富文本类别"_s));
-    }
-    return site::AtCheckpoint(key.ownerId);
-}
 
 KX_DATA::RichAttachment RichAttachmentOf(const site::RichFile& file) {
     KX_DATA::RichAttachment attachment;
@@ -69,6 +54,17 @@ site::NewRichVersion NewVersionOf(const QString& stateText, const KX_DATA::RichT
 }
 
 } // namespace
+
+site::RichPlace RichPlaceOf(const KX_DATA::RichTextKey& key) {
+    if (key.objectType == kAtIntersection) {
+        return site::AtIntersection(key.projectId, key.objectId, key.subId);
+    }
+    if (key.objectType != kAtCheckpoint) {
+        throw site::DataError(site::Fault::Refused,
+                              site::FaultText(site::Fault::Refused, u"富文本类别"_s));
+    }
+    return site::AtCheckpoint(key.ownerId);
+}
 
 bool RichTextMsgMng::GetRichText(const KX_DATA::RichTextKey& key, KX_DATA::RichTextMsg& message,
                                  std::vector<KX_DATA::RichAttachment>& attachments) {

@@ -3,8 +3,14 @@
 
 #include "host/services/SiteService.h"
 #include "services/IRichTextMsgMng.h"
+#include "site/IRichTexts.h"
 
 namespace host {
+
+/// The viewers fill in what they have at hand: with an intersection its project or a checkpoint as
+/// owner, with a checkpoint a key and a mark or none. What doesn't name the place is left aside, so
+/// that all of them find the same record. Throws DataError for a key of no kind.
+[[nodiscard]] site::RichPlace RichPlaceOf(const KX_DATA::RichTextKey& key);
 
 class RichTextMsgMng final : public KX_DATA::IRichTextMsgMng, private SiteService {
 public:

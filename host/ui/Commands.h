@@ -23,6 +23,8 @@ enum class Command {
     FloorIssues,   ///< issues of the shown floor
     DrawingPhotos, ///< photos of the current drawing
     Bin,
+    RecordVersions, ///< of the texts below the photos
+    Drafts,         ///< of such texts that weren't saved
     PlanFace,
     DrawingFace,
     Refresh,

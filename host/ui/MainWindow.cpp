@@ -320,6 +320,10 @@ qintptr MainWindow::OnNumberedEvent(const toolkit::WindowEvent& event) {
         emit RemindersReady(event.number == WM_VESK_PIC_MSG);
         return 0;
     }
+    if (event.number == WM_RICH_STATE_CHANGED) {
+        emit RecordStateChanged();
+        return 0;
+    }
     if (event.number != WM_VESK_PIC_LOCATE) {
         return 0;
     }

@@ -81,6 +81,8 @@ signals:
     void DrawingLocated(int drawingId);
     /// The module has reminders to show, of photos or of issues.
     void RemindersReady(bool ofPhotos);
+    /// Somebody here gave a place another state of rectification.
+    void RecordStateChanged();
     /// The person closes the window: first comes this, then the other windows are closed, and only
     /// if all of them went, Closed.
     void Closing();

@@ -55,6 +55,7 @@ QJsonObject ToldOf(const KX_DATA::RichTextDraft& draft, const QString& person, q
             {u"projectId"_s, draft.key.projectId},
             {u"objectType"_s, draft.key.objectType},
             {u"docName"_s, draft.docName},
+            {u"version"_s, draft.versionText},
             {u"state"_s, draft.stateText},
             {u"files"_s, files}};
 }
@@ -147,6 +148,7 @@ std::optional<Draft> DraftFolder::Read(const QString& id) const {
     draft.text.key.projectId = told[u"projectId"_s].toInt();
     draft.text.key.objectType = told[u"objectType"_s].toInt();
     draft.text.docName = told[u"docName"_s].toString();
+    draft.text.versionText = told[u"version"_s].toString();
     draft.text.stateText = told[u"state"_s].toString();
     const QJsonArray files = told[u"files"_s].toArray();
     for (const auto& entry : files) {

@@ -83,6 +83,10 @@ QString FloorWords(const QString& floor) {
     return isNumber ? floor + u"层"_s : floor;
 }
 
+QString CheckpointWords(const QString& drawing, int number) {
+    return u"%1 检查点%2"_s.arg(drawing).arg(number);
+}
+
 } // namespace
 
 std::optional<RichPlace> RichTexts::Known(const Projects& projects, const RichPlace& place) {
@@ -288,12 +292,10 @@ std::optional<RichVersion> RichTexts::Save(const Projects& projects, const RichP
     return made;
 }
 
-QString RichTexts::Where(const RichPlace& place, const Statement& row) {
-    if (place.checkpointId != 0) {
-        return u"%1 检查点%2"_s.arg(row.Text(16)).arg(row.Int(17));
-    }
-    QString floor = row.Text(12);
-    QString axes = PositionText(row.Text(13), row.Text(14));
+QString RichTexts::WordsOf(const RichPlace& place, const QString& modelFloor,
+                           const QString& modelAxes, const QString& mark) {
+    QString floor = modelFloor;
+    QString axes = modelAxes;
     if (floor.isEmpty() && !place.positionKey.isEmpty()) {
         // The model has the position no longer; its photos still say where they are.
         m_database.ForEach(
@@ -304,12 +306,40 @@ QString RichTexts::Where(const RichPlace& place, const Statement& row) {
             });
     }
     QStringList words{FloorWords(floor)};
-    for (const QString& word : {axes, row.Text(15)}) {
+    for (const QString& word : {axes, mark}) {
         if (!word.isEmpty()) {
             words << word;
         }
     }
     return words.join(u' ');
+}
+
+std::optional<QString> RichTexts::Where(const Projects& projects, const RichPlace& place) {
+    const ReadScope snapshot(m_database);
+    const std::optional<RichPlace> known = Known(projects, place);
+    if (!known) {
+        return std::nullopt;
+    }
+    QString floor;
+    QString axes;
+    QString point;
+    m_database.ForEach(u"SELECT d.name, c.number FROM checkpoint c JOIN drawing d"
+                       " ON d.id = c.drawing_id WHERE c.id = ?"_s,
+                       {known->checkpointId}, [&](const Statement& row) {
+                           point = CheckpointWords(row.Text(0), row.Int(1));
+                       });
+    if (!point.isEmpty()) {
+        return point;
+    }
+    m_database.ForEach(
+        u"SELECT floor, axis_x, axis_y FROM position WHERE position_key = ? AND ppid = ?"_s,
+        {known->positionKey, known->ppid}, [&](const Statement& row) {
+            floor = row.Text(0);
+            axes = PositionText(row.Text(1), row.Text(2));
+        });
+    const QString mark =
+        m_database.Value(u"SELECT name FROM mark WHERE id = ?"_s, {known->markId}).toString();
+    return WordsOf(*known, floor, axes, mark);
 }
 
 std::vector<RichEntry> RichTexts::List(const Projects& projects) {
@@ -318,7 +348,11 @@ std::vector<RichEntry> RichTexts::List(const Projects& projects) {
     const QVariantList ppids(projects.begin(), projects.end());
     m_database.ForEach(RichListSql(ppids.size()), ppids, [&](const Statement& row) {
         const RichPlace place{row.Int(1), row.Text(2), row.Int(3), row.Int(4)};
-        entries.push_back({row.Int64(0), place, Where(place, row), RichVersionOf(row, 5)});
+        const QString where = place.checkpointId != 0
+                                  ? CheckpointWords(row.Text(16), row.Int(17))
+                                  : WordsOf(place, row.Text(12),
+                                            PositionText(row.Text(13), row.Text(14)), row.Text(15));
+        entries.push_back({row.Int64(0), place, where, RichVersionOf(row, 5)});
     });
     return entries;
 }

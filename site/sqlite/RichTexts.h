@@ -18,6 +18,8 @@ public:
     [[nodiscard]] std::optional<RichVersion> Save(const Projects& projects, const RichPlace& place,
                                                   const NewRichVersion& version,
                                                   const Signature& by) override;
+    [[nodiscard]] std::optional<QString> Where(const Projects& projects,
+                                               const RichPlace& place) override;
     [[nodiscard]] std::vector<RichEntry> List(const Projects& projects) override;
     [[nodiscard]] std::optional<std::vector<RichVersion>> Versions(const Projects& projects,
                                                                    const RichPlace& place) override;
@@ -42,7 +44,9 @@ private:
     [[nodiscard]] RichVersion Insert(qint64 recordId, const NewRichVersion& version,
                                      std::vector<RichFile> files, const Signature& by);
     void SetStates(const RichPlace& known, qint32 state, const QString& person);
-    [[nodiscard]] QString Where(const RichPlace& place, const Statement& row);
+    /// @param axes  empty where the model doesn't know the position.
+    [[nodiscard]] QString WordsOf(const RichPlace& place, const QString& floor, const QString& axes,
+                                  const QString& mark);
 
     Database& m_database;
     FileStore& m_store;

@@ -68,6 +68,8 @@ public:
     virtual void SetView(bool open) = 0;
     /// What users did, newest last.
     [[nodiscard]] virtual std::vector<QString> Actions() = 0;
+    /// Texts that were not saved by the person who is signed in, the latest first.
+    [[nodiscard]] virtual std::vector<KX_DATA::RichTextDraft> Drafts() = 0;
     /// From now on files can't be fetched.
     virtual void FailTransfers() = 0;
     /// From now on these operations can't be done; the others may be affected too.

@@ -192,8 +192,8 @@ TEST_P(Environment, TheViewIsNullUntilOneIsOpen) {
     EXPECT_NE(on.hoops->GetView(), nullptr);
 }
 
-TEST_P(Environment, ViewersComeWithoutThePaneOfRichTexts) {
-    EXPECT_FALSE(on.richAuth->IsRichTextEnabled());
+TEST_P(Environment, PeopleHaveRichTexts) {
+    EXPECT_TRUE(on.richAuth->IsRichTextEnabled());
 }
 
 TEST_P(Environment, WhoMayNotEditReadsRichTexts) {

@@ -1,6 +1,7 @@
 #include "tests/contracts/FolderSite.h"
 
 #include "site/ICatalogue.h"
+#include "site/IDrafts.h"
 #include "tests/support/EngineFolder.h"
 
 #include <QSqlDatabase>
@@ -75,6 +76,7 @@ FolderSite::FolderSite() {
           &all.drawingMng,
           &all.qrCodeMng,
           &all.richTextMng,
+          &all.richTextDrafts,
           &all.authMng,
           &all.actingUser,
           &all.globalData,
@@ -195,6 +197,14 @@ std::vector<QString> FolderSite::Actions() {
         actions.insert(actions.begin(), entry.action);
     }
     return actions;
+}
+
+std::vector<KX_DATA::RichTextDraft> FolderSite::Drafts() {
+    std::vector<KX_DATA::RichTextDraft> drafts;
+    for (const site::Draft& draft : m_session.Site().Drafts().Of(m_session.UserName())) {
+        drafts.push_back(draft.text);
+    }
+    return drafts;
 }
 
 void FolderSite::FailTransfers() {

@@ -40,6 +40,7 @@ public:
     void SetDrawing(const KX_DATA::CurrentDrawing& drawing) override;
     void Tick(const Ticks& ticks) override;
     void SetView(bool open) override;
+    std::vector<KX_DATA::RichTextDraft> Drafts() override;
     std::vector<QString> Actions() override;
     void FailTransfers() override;
     void Enter(Trouble trouble, const std::vector<std::string>& operations) override;

@@ -119,9 +119,10 @@ bool IsWindow(const Operation& operation) {
 
 /// What asks nothing of the data, or what is open and nothing else, has no failure of its own.
 bool CannotFail(const Operation& operation) {
-    static const std::set<QString> contracts{
-        u"IExProgress"_s,     u"IKXProgressStrip"_s, u"CSoapError"_s,   u"IConvertProjStateTool"_s,
-        u"IRichEditorAuth"_s, u"IProjModelHandle"_s, u"IProjCacheMng"_s};
+    static const std::set<QString> contracts{u"IExProgress"_s,      u"IKXProgressStrip"_s,
+                                             u"CSoapError"_s,       u"IConvertProjStateTool"_s,
+                                             u"IRichEditorAuth"_s,  u"IRichTextDrafts"_s,
+                                             u"IProjModelHandle"_s, u"IProjCacheMng"_s};
     static const std::set<QString> operations{u"GetStateNames"_s,     u"GetClientVersionText"_s,
                                               u"GetGroupName"_s,      u"IsTNReminderEnabled"_s,
                                               u"GetCurrentDrawing"_s, u"GetView"_s,

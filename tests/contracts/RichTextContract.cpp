@@ -99,6 +99,37 @@ private:
 
 } // namespace
 
+class Drafts : public Contract {};
+ON_EVERY_SITE(Drafts);
+
+TEST_P(Drafts, ATextThatWasNotSavedIsKeptForWhoWroteIt) {
+    QTemporaryDir dir;
+    QFile page(dir.filePath(u"0123.html"_s));
+    ASSERT_TRUE(page.open(QIODevice::WriteOnly) && page.write("page") == 4);
+    page.close();
+    KX_DATA::RichTextDraft draft;
+    draft.key = {u"K"_s, 7, first, first, 1};
+    draft.docName = u"doc"_s;
+    draft.versionText = u"v1"_s;
+    draft.stateText = u"整改中"_s;
+    draft.files = {{page.fileName(), u"0123.html"_s, 1}};
+    on.drafts->Keep(draft);
+    const std::vector<KX_DATA::RichTextDraft> kept = site->Drafts();
+    ASSERT_EQ(kept.size(), 1U);
+    EXPECT_EQ(kept[0].key.objectId, u"K"_s);
+    EXPECT_EQ(kept[0].key.subId, 7);
+    EXPECT_EQ(kept[0].key.ownerId, first);
+    EXPECT_EQ(kept[0].key.projectId, first);
+    EXPECT_EQ(kept[0].key.objectType, 1);
+    EXPECT_EQ(kept[0].docName, u"doc"_s);
+    EXPECT_EQ(kept[0].versionText, u"v1"_s);
+    EXPECT_EQ(kept[0].stateText, u"整改中"_s);
+    ASSERT_EQ(kept[0].files.size(), 1U);
+    EXPECT_EQ(kept[0].files[0].name, u"0123.html"_s);
+    site->SignIn(u"guest"_s);
+    EXPECT_TRUE(site->Drafts().empty());
+}
+
 class RichTexts : public WithPlaces<Contract> {};
 ON_EVERY_SITE(RichTexts);
 

@@ -48,17 +48,19 @@ ScriptedSite::ScriptedSite() {
     m_host.questions.photos = &m_host.pics;
     m_host.questions.stored = &m_host.files.stored;
     m_host.qrCodes.code = u"kxissue:1:1:5"_s;
+    m_host.richAuth.enabled = true;
+    m_host.drafts.person = &m_host.auth.userName;
     m_host.richTexts.pics = &m_host.pics;
     m_host.richTexts.drawings = &m_host.drawings;
     m_host.richTexts.stored = &m_host.files.stored;
     SignIn(u"li"_s);
     on = {
-        &m_host.pics,     &m_host.questions,  &m_host.drawings, &m_host.qrCodes,  &m_host.richTexts,
-        &m_host.auth,     &m_host.auth,       &m_host.global,   &m_host.paths,    &m_host.paths,
-        &m_host.paths,    &m_host.project,    &m_host.project,  &m_host.project,  &m_host.marks,
-        &m_host.sys,      &m_host.view,       &m_host.files,    &m_host.files,    &m_host.files,
-        &m_host.docs,     &m_host.reportData, &m_host.richAuth, &m_host.recent,   &m_host.states,
-        &m_host.progress, &m_host.reports,    &m_host.strip,    &m_host.soapError};
+        &m_host.pics,   &m_host.questions, &m_host.drawings,   &m_host.qrCodes,  &m_host.richTexts,
+        &m_host.drafts, &m_host.auth,      &m_host.auth,       &m_host.global,   &m_host.paths,
+        &m_host.paths,  &m_host.paths,     &m_host.project,    &m_host.project,  &m_host.project,
+        &m_host.marks,  &m_host.sys,       &m_host.view,       &m_host.files,    &m_host.files,
+        &m_host.files,  &m_host.docs,      &m_host.reportData, &m_host.richAuth, &m_host.recent,
+        &m_host.states, &m_host.progress,  &m_host.reports,    &m_host.strip,    &m_host.soapError};
     SetView(false);
 }
 
@@ -321,6 +323,10 @@ std::vector<QString> ScriptedSite::Actions() {
         actions.push_back(text.mid(begin, text.size() - begin - 1));
     }
     return actions;
+}
+
+std::vector<KX_DATA::RichTextDraft> ScriptedSite::Drafts() {
+    return m_host.drafts.Of(m_host.auth.userName);
 }
 
 void ScriptedSite::FailTransfers() {

@@ -19,6 +19,7 @@
 #include "services/IProjCacheMng.h"
 #include "services/IRecentSearchMng.h"
 #include "services/IRichEditorAuth.h"
+#include "services/IRichTextDrafts.h"
 #include "services/IRichTextMsgMng.h"
 #include "services/ITNQRCodeMng.h"
 #include "services/ITNQuestionMng.h"
@@ -34,6 +35,7 @@ struct Services {
     KX_DATA::IPDFDrawingMng* drawings = nullptr;
     KX_DATA::ITNQRCodeMng* qrCodes = nullptr;
     KX_DATA::IRichTextMsgMng* richTexts = nullptr;
+    KX_DATA::IRichTextDrafts* drafts = nullptr;
     KX_DATA::IKXAuthMng* auth = nullptr;
     KX_DATA::INRQAuthMng* acting = nullptr;
     KX_DATA::IKXGlobalData* global = nullptr;

@@ -26,6 +26,7 @@ protected:
         KX_DATA::RichTextDraft draft;
         draft.key = {u"K"_s, 7, 1, 2, 1};
         draft.docName = u"doc"_s;
+        draft.versionText = u"v3"_s;
         draft.stateText = u"整改中"_s;
         draft.files = {{folder.Write(u"rich/"_s + page, bytes), page, 1},
                        {folder.Write(u"rich/45.png"_s, "picture"), u"45.png"_s, 1},
@@ -63,6 +64,7 @@ TEST_F(DraftsTest, OneComesBackAsItWasLeft) {
     EXPECT_EQ(text.key.projectId, 2);
     EXPECT_EQ(text.key.objectType, 1);
     EXPECT_EQ(text.docName, u"doc");
+    EXPECT_EQ(text.versionText, u"v3");
     EXPECT_EQ(text.stateText, u"整改中");
     ASSERT_THAT(text.files, SizeIs(3));
     EXPECT_EQ(text.files[0].path, kept[0].folder + kDraftPage)

@@ -202,7 +202,7 @@ TEST(ViewAndProgress, AreTheSessionsOrNone) {
     EXPECT_EQ(GetKXHoopsModuleMng()->GetView(), nullptr);
     ASSERT_NE(GetExProgress(), nullptr);
     GetExProgress()->Show(); // without a window nothing happens
-    EXPECT_FALSE(GetRichEditorAuth()->IsRichTextEnabled());
+    EXPECT_TRUE(GetRichEditorAuth()->IsRichTextEnabled());
 }
 
 TEST(SecondInstance, SeesWhatTheFirstChangesInItsLists) {

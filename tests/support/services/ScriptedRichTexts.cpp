@@ -229,7 +229,18 @@ void ScriptedRichTextDrafts::Keep(const KX_DATA::RichTextDraft& draft) {
     if (m_script.Call("KeepDraft", {Arg("id", draft.key.objectId), Arg("state", draft.stateText),
                                     Arg("files", qint32(draft.files.size()))})) {
         kept.push_back(draft);
+        m_people.push_back(person != nullptr ? *person : std::string());
     }
+}
+
+std::vector<KX_DATA::RichTextDraft> ScriptedRichTextDrafts::Of(const std::string& name) const {
+    std::vector<KX_DATA::RichTextDraft> drafts;
+    for (size_t i = kept.size(); i > 0; --i) {
+        if (m_people[i - 1] == name) {
+            drafts.push_back(kept[i - 1]);
+        }
+    }
+    return drafts;
 }
 
 } // namespace support

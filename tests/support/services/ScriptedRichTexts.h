@@ -11,6 +11,7 @@
 
 #include <map>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace support {
@@ -76,10 +77,15 @@ public:
     explicit ScriptedRichTextDrafts(Script& script) : m_script(script) {}
 
     std::vector<KX_DATA::RichTextDraft> kept;
+    const std::string* person = nullptr; ///< who is signed in; null: nobody asks
+
+    /// The latest first.
+    [[nodiscard]] std::vector<KX_DATA::RichTextDraft> Of(const std::string& name) const;
 
     void Keep(const KX_DATA::RichTextDraft& draft) override;
 
 private:
+    std::vector<std::string> m_people; ///< of what is kept
     Script& m_script;
 };
 

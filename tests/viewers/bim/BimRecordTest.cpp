@@ -142,6 +142,7 @@ TEST_F(BimRecordTest, ARecordThatCannotBeSavedHoldsNoClosingBackAndBecomesADraft
     EXPECT_EQ(draft.key.projectId, 1);
     EXPECT_EQ(draft.key.objectType, 1);
     EXPECT_EQ(draft.docName, u"doc");
+    EXPECT_EQ(draft.versionText, u"v1");
     EXPECT_EQ(draft.stateText, u"整改中");
     ASSERT_THAT(draft.files, SizeIs(1));
     EXPECT_TRUE(draft.files[0].name.endsWith(u".html"));

@@ -1,0 +1,142 @@
+#include "host/app/SessionDrafts.h"
+
+#include "host/app/Faults.h"
+#include "host/services/RichTextMsgMng.h"
+#include "services/Factories.h"
+#include "services/IKXFilesMng.h"
+
+#include <QFile>
+#include <QTextDocumentFragment>
+
+#include <algorithm>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kSummaryLetters = 60;
+constexpr qint64 kMostOfSummary = 64 * 1024; ///< of a page; its first words stand there
+
+QString PagePath(const site::Draft& draft) {
+    const auto page = std::ranges::find_if(draft.text.files, [](const auto& file) {
+        return file.kind == 1 && file.name.endsWith(u".html"_s);
+    });
+    return page == draft.text.files.end() ? QString() : page->path;
+}
+
+QString SummaryOf(const site::Draft& draft) {
+    QFile page(PagePath(draft));
+    if (!page.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    const QString html = QString::fromUtf8(page.read(kMostOfSummary));
+    const QString text = QTextDocumentFragment::fromHtml(html).toPlainText();
+    return QString(text)
+        .remove(QChar::ObjectReplacementCharacter)
+        .simplified()
+        .left(kSummaryLetters);
+}
+
+} // namespace
+
+DraftList SessionDrafts::ReadDrafts() {
+    DraftList list;
+    const bool isRead = WithoutFault(m_session, [&] {
+        const site::Projects ppids = m_session.OpenPpids();
+        for (const site::Draft& draft : m_session.Site().Drafts().Of(m_session.UserName())) {
+            DraftRow row;
+            row.id = draft.id;
+            const site::RichPlace place = RichPlaceOf(draft.text.key);
+            const auto where = m_session.Site().RichTexts().Where(ppids, place);
+            const QString project = m_session.Tables().ProjectName(draft.text.key.projectId);
+            row.place = where ? *where : u"%1（未打开的工程或已删除的位置）"_s.arg(project);
+            row.state = draft.text.stateText;
+            row.summary = SummaryOf(draft);
+            row.at = draft.at;
+            row.keptUntil = draft.at + site::kDraftSeconds;
+            const auto newest = m_session.Site().RichTexts().Newest(ppids, place);
+            row.isOlder = newest && newest->text != draft.text.versionText;
+            list.rows.push_back(row);
+        }
+    });
+    list.fault = isRead ? QString() : u"数据文件夹无法读取"_s;
+    return list;
+}
+
+std::optional<site::Draft> SessionDrafts::Find(const QString& id) {
+    std::optional<site::Draft> found;
+    WithoutFault(m_session, [&] {
+        for (const site::Draft& draft : m_session.Site().Drafts().Of(m_session.UserName())) {
+            if (draft.id == id) {
+                found = draft;
+            }
+        }
+    });
+    return found;
+}
+
+PageText SessionDrafts::ReadText(const QString& draftId) {
+    PageText page;
+    const auto draft = Find(draftId);
+    QFile file(draft ? PagePath(*draft) : QString());
+    if (!draft || !file.open(QIODevice::ReadOnly)) {
+        page.fault = u"草稿已不存在"_s;
+        return page;
+    }
+    page.isThere = true;
+    page.html = QString::fromUtf8(file.readAll());
+    page.folder = draft->folder;
+    return page;
+}
+
+QString SessionDrafts::SaveDraft(const site::Draft& draft) {
+    KX_DATA::RichTextMsg newest;
+    std::vector<KX_DATA::RichAttachment> files;
+    if (!GetRichTextMsgMng()->GetRichText(draft.text.key, newest, files)) {
+        return u"无法读取该位置的记录，请先打开它所属的工程。"_s;
+    }
+    std::vector<KX_DATA::RichAttachment> added;
+    for (const KX_DATA::UploadItem& item : draft.text.files) {
+        KX_DATA::UploadResult result;
+        QString error;
+        if (!GetKXFilesUploadMng()->UploadFile({item}, 1, result, error)) {
+            return u"上传文件失败：%1"_s.arg(error);
+        }
+        KX_DATA::RichAttachment file;
+        file.name = item.name;
+        file.md5 = result.md5;
+        file.uuid = result.uuid;
+        file.size = static_cast<qint32>(result.size);
+        file.kind = item.kind;
+        added.push_back(file);
+    }
+    std::vector<QString> removed;
+    for (const KX_DATA::RichAttachment& file : files) {
+        removed.push_back(file.uuid);
+    }
+    newest.docName = draft.text.docName;
+    const QString state = draft.text.stateText.isEmpty() ? newest.stateText : draft.text.stateText;
+    const bool isSaved =
+        GetRichTextMsgMng()->SaveRichText(state, newest, draft.text.key, removed, added);
+    return isSaved ? QString() : u"没有保存，请查看消息后重试。"_s;
+}
+
+bool SessionDrafts::BringBack(const QString& draftId) {
+    const auto draft = Find(draftId);
+    const QString lack = draft ? SaveDraft(*draft) : u"草稿已不存在。"_s;
+    if (!lack.isEmpty()) {
+        m_session.Desk()->Report(MessageLevel::Warning, u"草稿未恢复："_s + lack);
+        return false;
+    }
+    // It is saved; a draft that can't be removed now goes by itself one day.
+    Remove(draftId);
+    return true;
+}
+
+bool SessionDrafts::Remove(const QString& draftId) {
+    return WithoutFault(m_session, [&] { m_session.Site().Drafts().Remove(draftId); });
+}
+
+} // namespace host

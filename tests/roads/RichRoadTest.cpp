@@ -1,0 +1,252 @@
+// The record below the pictures, written by two clients on one data folder.
+#include "hands/Choices.h"
+#include "hands/Hands.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/plan/FloorPlanCanvas.h"
+#include "site/IBlobs.h"
+#include "site/IDrafts.h"
+#include "site/IRichTexts.h"
+#include "site/OpenSite.h"
+#include "site/RectifyStates.h"
+#include "tests/roads/PhotoRoad.h"
+#include "tests/support/ModalVisit.h"
+#include "tests/support/WaitFor.h"
+#include "toolkit/richtext/NoteEdit.h"
+#include "tour/ConsoleEyes.h"
+#include "tour/TourEyes.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPointer>
+
+namespace roads {
+namespace {
+
+using namespace Qt::StringLiterals;
+using support::WaitFor;
+
+const QString kMine = u"雨后复查，已注浆"_s;
+const QString kTheirs = u"李娜写的记录"_s;
+
+class RichRoad : public PhotoRoad {
+protected:
+    [[nodiscard]] site::RichPlace Place() const {
+        return site::AtIntersection(site.firstProject, site.positionKey, 1);
+    }
+    [[nodiscard]] static QTextEdit* Sheet(const QWidget* window) {
+        return window == nullptr ? nullptr : window->findChild<QTextEdit*>(u"noteSheet"_s);
+    }
+    /// Opens the viewer on the flag and waits until its record is loaded.
+    void OpenViewer() {
+        ClickFlag(Plan(), site.positionKey, 1);
+        ASSERT_TRUE(WaitFor([] { return Viewer() != nullptr; }));
+        ASSERT_TRUE(WaitFor([] {
+            const auto* states = Viewer()->findChild<QComboBox*>(u"stateCombo"_s);
+            return Sheet(Viewer()) != nullptr && states != nullptr && states->currentIndex() >= 0;
+        }));
+    }
+    static void Write(const QString& text) {
+        ASSERT_TRUE(WaitFor([&] { return hands::TypeOver(Sheet(Viewer()), text); }));
+        ASSERT_TRUE(WaitFor([&] { return Sheet(Viewer())->toPlainText() == text; }));
+    }
+    [[nodiscard]] site::RichVersion Newest() {
+        const auto newest = session.Site().RichTexts().Newest({site.firstProject}, Place());
+        return newest.value_or(site::RichVersion());
+    }
+    [[nodiscard]] std::vector<site::Draft> Drafts() {
+        return session.Site().Drafts().Of(u"张伟"_s);
+    }
+    /// The plain bytes of a version's page.
+    [[nodiscard]] QString PageOf(const site::RichVersion& version) {
+        for (const site::RichFile& file : version.files) {
+            if (file.name.endsWith(u".html"_s)) {
+                const QString path = folder.Path(u"fetched-"_s + file.name);
+                EXPECT_TRUE(session.Site().Blobs().Fetch(file.uuid, path, {}).ok);
+                return QString::fromUtf8(folder.Read(u"fetched-"_s + file.name));
+            }
+        }
+        return {};
+    }
+    /// 李娜, in another client, saves a page on what is there now.
+    void SaveByTheOther(qint32 state = site::kStateDone) {
+        const site::OpenedSite other = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+        ASSERT_NE(other.site, nullptr);
+        const QString page = folder.Write(u"other.html"_s, u"<p>%1</p>"_s.arg(kTheirs).toUtf8());
+        const KX_DATA::UploadResult up = other.site->Blobs().Upload(page, {});
+        site::IRichTexts& texts = other.site->RichTexts();
+        site::NewRichVersion version;
+        const auto newest = texts.Newest({site.firstProject}, Place());
+        version.base = newest->text;
+        version.docName = u"other-doc"_s;
+        version.state = state;
+        for (const site::RichFile& file : newest->files) {
+            version.removed.push_back(file.uuid);
+        }
+        version.added = {{up.md5 + u".html"_s, {}, up.uuid, 0, 1}};
+        ASSERT_TRUE(texts.Save({site.firstProject}, Place(), version, {u"李娜"_s, 0}));
+    }
+    /// Closes the viewer and presses a button of the question that this brings up.
+    static void CloseAnswering(const QString& button) {
+        const support::ModalVisit visit(u"HistroyTip"_s, [&](QWidget& question) {
+            EXPECT_TRUE(hands::Click(tour::FindIn(&question, button)));
+        });
+        CloseViewer();
+    }
+};
+
+TEST_F(RichRoad, WhatIsWrittenIsSavedWhenTheViewerClosesAndIsThereAgain) {
+    OpenViewer();
+    EXPECT_EQ(Newest().number, 0);
+    Write(kMine);
+    CloseViewer();
+    ASSERT_EQ(Newest().number, 1);
+    EXPECT_EQ(Newest().person, u"张伟");
+    EXPECT_TRUE(PageOf(Newest()).contains(kMine));
+    OpenViewer();
+    EXPECT_TRUE(WaitFor([] { return Sheet(Viewer())->toPlainText() == kMine; }));
+    CloseViewer();
+    EXPECT_EQ(Newest().number, 1) << "nothing has changed";
+    EXPECT_TRUE(Drafts().empty());
+}
+
+TEST_F(RichRoad, AnotherStateIsInTheConsoleAtOnce) {
+    OpenConsole();
+    OpenViewer();
+    auto* states = Viewer()->findChild<QComboBox*>(u"stateCombo"_s);
+    ASSERT_TRUE(hands::ChooseInCombo(states, u"已整改"_s));
+    CloseViewer();
+    EXPECT_EQ(Newest().state, site::kStateDone);
+    EXPECT_TRUE(WaitFor([] {
+        return tour::ConsoleText(RowOfPhoto(u"照片2.jpg"_s), u"整改情况"_s) == u"已整改"_s;
+    }));
+    EXPECT_NE(tour::ConsoleText(RowOfPhoto(u"转角.jpg"_s), u"整改情况"_s), u"已整改"_s)
+        << "another place";
+}
+
+TEST_F(RichRoad, WhoLooksAtWhatTheOtherWroteAndKeepsItFindsTheOwnTextAmongTheDrafts) {
+    OpenViewer();
+    Write(kMine);
+    SaveByTheOther();
+    QString seen;
+    QString editor;
+    // The look holds the question, which holds the closing.
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        QWidget* history = tour::FindWindow(u"HistroyEditor"_s);
+        if (history == nullptr || !history->isActiveWindow() ||
+            Sheet(history)->toPlainText().isEmpty()) {
+            return;
+        }
+        look.stop();
+        seen = Sheet(history)->toPlainText();
+        EXPECT_TRUE(Sheet(history)->isReadOnly());
+        for (const auto* label : history->findChildren<QLabel*>()) {
+            editor += label->text();
+        }
+        hands::CloseWindow(history);
+    });
+    {
+        const support::ModalVisit visit(u"HistroyTip"_s, [&](QWidget& question) {
+            look.start(10);
+            EXPECT_TRUE(hands::Click(tour::FindIn(&question, u"historyButton"_s)));
+            EXPECT_TRUE(hands::Click(tour::FindIn(&question, u"cancelButton"_s)));
+        });
+        CloseViewer();
+    }
+    EXPECT_EQ(seen, kTheirs);
+    EXPECT_TRUE(editor.contains(u"李娜"_s)) << editor.toStdString();
+    EXPECT_TRUE(editor.contains(u"已整改"_s)) << editor.toStdString();
+    EXPECT_EQ(Newest().number, 1);
+    EXPECT_EQ(Newest().person, u"李娜");
+    ASSERT_EQ(Drafts().size(), 1U);
+    EXPECT_TRUE(
+        folder.Read(u"data/drafts/%1/%2"_s.arg(Drafts()[0].id, Drafts()[0].text.files[0].name))
+            .contains(kMine.toUtf8()));
+}
+
+TEST_F(RichRoad, WhoOverwritesSavesOnWhatTheOtherWroteWhichStaysAVersion) {
+    OpenViewer();
+    Write(kMine);
+    SaveByTheOther();
+    CloseAnswering(u"okButton"_s);
+    ASSERT_EQ(Newest().number, 2);
+    EXPECT_EQ(Newest().person, u"张伟");
+    EXPECT_TRUE(PageOf(Newest()).contains(kMine));
+    EXPECT_FALSE(PageOf(Newest()).contains(kTheirs));
+    const auto first = session.Site().RichTexts().Version({site.firstProject}, Place(), 1);
+    ASSERT_TRUE(first);
+    EXPECT_TRUE(PageOf(*first).contains(kTheirs));
+    EXPECT_TRUE(Drafts().empty());
+}
+
+TEST_F(RichRoad, ADraftComesBackFromTheMenuAsTheNewestVersion) {
+    OpenViewer();
+    Write(kMine);
+    SaveByTheOther();
+    CloseAnswering(u"cancelButton"_s);
+    ASSERT_EQ(Drafts().size(), 1U);
+    ASSERT_TRUE(
+        hands::PressKey(client->Window(), Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier));
+    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"draftWindow"_s) != nullptr; }));
+    const QPointer<QWidget> window = tour::FindWindow(u"draftWindow"_s);
+    ASSERT_TRUE(WaitFor([&] {
+        auto* preview = window->findChild<QTextEdit*>(u"draftPreview"_s);
+        return preview != nullptr && preview->toPlainText() == kMine;
+    }));
+    const QString asked = BoxDuring([&] { ClickOn(*window, u"draftBringBack"_s); });
+    EXPECT_TRUE(asked.contains(u"此后已有人保存过新版本"_s)) << asked.toStdString();
+    EXPECT_TRUE(WaitFor([this] { return Newest().number == 2; }));
+    EXPECT_TRUE(PageOf(Newest()).contains(kMine));
+    EXPECT_EQ(Newest().person, u"张伟");
+    EXPECT_TRUE(WaitFor([this] { return Drafts().empty(); }));
+    OpenViewer();
+    EXPECT_TRUE(WaitFor([] { return Sheet(Viewer())->toPlainText() == kMine; }));
+}
+
+TEST_F(RichRoad, AnEarlierVersionIsComparedAndComesBackFromTheMenu) {
+    SaveByTheOther();
+    OpenViewer();
+    ASSERT_TRUE(WaitFor([] { return Sheet(Viewer())->toPlainText() == kTheirs; }));
+    Write(kMine);
+    CloseViewer();
+    ASSERT_EQ(Newest().number, 2);
+    ASSERT_TRUE(Press(Qt::Key_H));
+    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"versionWindow"_s) != nullptr; }));
+    const QPointer<QWidget> window = tour::FindWindow(u"versionWindow"_s);
+    const auto compared = [&] {
+        auto* sheet = window->findChild<QTextEdit*>(u"compareSheet"_s);
+        return sheet == nullptr ? QString() : sheet->toPlainText();
+    };
+    EXPECT_TRUE(WaitFor([&] { return compared().contains(kMine) && compared().contains(kTheirs); }))
+        << compared().toStdString();
+    auto* versions = window->findChild<QAbstractItemView*>(u"versionTable"_s);
+    ASSERT_NE(versions, nullptr);
+    ASSERT_TRUE(WaitFor([&] { return hands::ClickCell(versions, 1, 0); }));
+    static_cast<void>(BoxDuring([&] { ClickOn(*window, u"versionRestore"_s); }));
+    EXPECT_TRUE(WaitFor([this] { return Newest().number == 3; }));
+    EXPECT_TRUE(PageOf(Newest()).contains(kTheirs));
+}
+
+TEST_F(RichRoad, AnotherProjectSavesNothingAndLosesNothing) {
+    OpenViewer();
+    Write(kMine);
+    ASSERT_TRUE(ChooseProject(u"二期工程"_s));
+    EXPECT_TRUE(WaitFor([] { return Viewer() == nullptr; }));
+    EXPECT_EQ(Drafts().size(), 1U);
+    ASSERT_TRUE(ChooseProject(u"一期工程"_s));
+    EXPECT_EQ(Newest().number, 0);
+}
+
+TEST_F(RichRoad, QuittingWithTheViewerOpenSaves) {
+    OpenViewer();
+    Write(kMine);
+    End();
+    const site::OpenedSite other = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+    ASSERT_NE(other.site, nullptr);
+    const auto newest = other.site->RichTexts().Newest({site.firstProject}, Place());
+    ASSERT_TRUE(newest);
+    EXPECT_EQ(newest->number, 1);
+}
+
+} // namespace
+} // namespace roads
