@@ -257,6 +257,9 @@ TEST(RichTexts, APlaceThatTheModelHasNoLongerKeepsItsRecord) {
     RichSite site;
     site.Photo(u"two"_s);
     site.Save(site.Two(), RichSite::Based({}));
+    site.folder.Db().Exec(u"UPDATE position SET axis_x = '9' WHERE position_key = 'two'"_s);
+    EXPECT_EQ(site.Texts().List({site.ppid}).at(0).where, u"2层 9/B 质量"_s)
+        << "the model knows better than its photos";
     site.folder.Db().Exec(u"DELETE FROM position WHERE position_key = 'two'"_s);
     EXPECT_EQ(site.Newest(site.Two()).number, 1);
     EXPECT_EQ(site.Texts().List({site.ppid}).at(0).where, u"2层 3/B 质量"_s);
