@@ -9,7 +9,7 @@ namespace {
 /// Less in common is chance.
 constexpr double kAlike = 0.4;
 /// Every line of a part is held against every other.
-constexpr int kPart = 48;
+constexpr int kPart = 32;
 constexpr qsizetype kLooked = 400;
 
 /// Characters and pairs of neighbours, sorted.
@@ -49,7 +49,11 @@ double Likeness(const Traits& one, const Traits& other) {
         return 0;
     }
     std::size_t common = 0;
-    for (auto a = one.begin(), b = other.begin(); a != one.end() && b != other.end();) {
+    const quint32* a = one.data();
+    const quint32* b = other.data();
+    const quint32* const aEnd = a + one.size();
+    const quint32* const bEnd = b + other.size();
+    while (a != aEnd && b != bEnd) {
         if (*a < *b) {
             ++a;
         } else if (*b < *a) {

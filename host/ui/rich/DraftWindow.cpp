@@ -40,13 +40,6 @@ namespace {
 
 constexpr int kDraftPauseMilliseconds = 80;
 
-QString DraftFault(const QString& what, QString reason) {
-    while (reason.endsWith(u'。')) {
-        reason.chop(1);
-    }
-    return u"无法读取%1：%2。请稍后按 F5 重试。"_s.arg(what, reason);
-}
-
 std::vector<RowCell> DraftCells(const DraftRow& row, qint64 now) {
     return {{row.place, {}},
             {row.state, {}},
@@ -262,7 +255,7 @@ void DraftWindow::ReadDrafts() {
         return;
     }
     if (!list.fault.isEmpty()) {
-        const QString sentence = DraftFault(u"草稿"_s, list.fault);
+        const QString sentence = FaultSentence(u"草稿"_s, list.fault);
         m_table->SetHint(sentence);
         ShowNotice(sentence, true);
         return;
@@ -313,7 +306,7 @@ void DraftWindow::ReadDraftText(const Shown& draft) {
             return;
         }
     }
-    const QString sentence = DraftFault(u"草稿内容"_s, fault);
+    const QString sentence = FaultSentence(u"草稿内容"_s, fault);
     ShowPreviewHint(sentence);
     ShowNotice(sentence, true);
 }

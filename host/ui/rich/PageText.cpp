@@ -25,6 +25,13 @@ QString FaultText(toolkit::NoteFault fault) {
     return {};
 }
 
+QString FaultSentence(const QString& what, QString reason) {
+    while (reason.endsWith(u'。')) {
+        reason.chop(1);
+    }
+    return u"无法读取%1：%2。请稍后按 F5 重试。"_s.arg(what, reason);
+}
+
 QString PictureFolder(const QString& folder) {
     return folder.endsWith(u'/') ? folder : folder + u'/';
 }

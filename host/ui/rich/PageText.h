@@ -20,6 +20,8 @@ struct PageText {
 [[nodiscard]] QString FaultOf(const PageText& page);
 /// Why a text can't be read, as part of a sentence; empty without a fault.
 [[nodiscard]] QString FaultText(toolkit::NoteFault fault);
+/// "无法读取记录：原因。请稍后按 F5 重试。"
+[[nodiscard]] QString FaultSentence(const QString& what, QString reason);
 /// The folder with "/" at its end.
 [[nodiscard]] QString PictureFolder(const QString& folder);
 

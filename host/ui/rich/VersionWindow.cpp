@@ -31,13 +31,6 @@ namespace {
 
 constexpr int kPauseMilliseconds = 80;
 
-QString FaultSentence(const QString& what, QString reason) {
-    while (reason.endsWith(u'。')) {
-        reason.chop(1);
-    }
-    return u"无法读取%1：%2。请稍后按 F5 重试。"_s.arg(what, reason);
-}
-
 QLabel* MakeLine(const QString& name, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setObjectName(name);

@@ -284,19 +284,20 @@ double SecondsOf(const Lines& from, const Lines& to, const char* name) {
     return took.count();
 }
 
-// The bounds are for slow machines and builds with checks.
+// The bounds are for builds that check every access on a busy machine; those for users take a
+// quarter of a second where every line differs.
 TEST(NoteCompare, TwoHundredPagesTakeNoMoment) {
     const Lines from = ManyLines(u"修补。"_s);
     Lines some = from;
     for (std::size_t i = 0; i < some.size(); i += 40) {
         some[i].text.insert(10, u"改"_s);
     }
-    EXPECT_LT(SecondsOf(from, some, "someLines"), 5);
-    EXPECT_LT(SecondsOf(from, ManyLines(u"重新浇筑。"_s), "everyLine"), 5);
+    EXPECT_LT(SecondsOf(from, some, "someLines"), 20);
+    EXPECT_LT(SecondsOf(from, ManyLines(u"重新浇筑。"_s), "everyLine"), 20);
     Lines turned = from;
     std::reverse(turned.begin(), turned.end());
-    EXPECT_LT(SecondsOf(from, turned, "reversed"), 5);
-    EXPECT_LT(SecondsOf(from, LinesOfTexts({u"甲"_s}), "allGone"), 5);
+    EXPECT_LT(SecondsOf(from, turned, "reversed"), 20);
+    EXPECT_LT(SecondsOf(from, LinesOfTexts({u"甲"_s}), "allGone"), 20);
 }
 
 } // namespace
