@@ -2,7 +2,7 @@
 
 option(VESK_TESTS "Build the tests" ON)
 option(VESK_BENCH "Build the benchmark" OFF)
-option(VESK_FUZZ "Build the fuzz target; needs clang" OFF)
+option(VESK_FUZZ "Build the fuzz targets; needs clang" OFF)
 option(VESK_WERROR "Treat warnings as errors" OFF)
 set(VESK_SANITIZE "" CACHE STRING "address (with undefined behaviour) or thread")
 

@@ -8,9 +8,11 @@
 #include <QFont>
 #include <QPainter>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QTextImageFormat>
 #include <QUrl>
 
+#include <algorithm>
 #include <set>
 #include <utility>
 
@@ -35,12 +37,49 @@ NoteFile FileOf(const QString& storeName, const QString& localPath) {
     return file;
 }
 
+/// Names of devices on some systems are names too: a file that is called so was attached so.
+bool IsFileName(const QString& name) {
+    return !name.isEmpty() && name != u"."_s && name != u".."_s &&
+           std::none_of(name.begin(), name.end(),
+                        [](QChar letter) { return letter.category() == QChar::Other_Control; });
+}
+
 /// Every piece of text in one format, in the order of the text, also those in tables.
 template <class Take> void ForEachFragment(const QTextDocument& document, Take take) {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
             take(piece.fragment().charFormat());
         }
+    }
+}
+
+bool IsRuleWithText(const QTextBlock& block) {
+    return block.length() > 1 &&
+           block.blockFormat().hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth);
+}
+
+bool HasTextOnRule(const QTextDocument& document) {
+    QTextBlock block = document.begin();
+    while (block.isValid() && !IsRuleWithText(block)) {
+        block = block.next();
+    }
+    return block.isValid();
+}
+
+/// HTML knows no rule with a text on it, and Qt's writes the rule alone.
+void PutTextsBeforeTheirRules(QTextDocument& document) {
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (!IsRuleWithText(block)) {
+            continue;
+        }
+        const QTextBlockFormat rule = block.blockFormat();
+        QTextBlockFormat text = rule;
+        text.clearProperty(QTextFormat::BlockTrailingHorizontalRulerWidth);
+        QTextCursor cursor(block);
+        cursor.setBlockFormat(text);
+        cursor.movePosition(QTextCursor::EndOfBlock);
+        cursor.insertBlock(rule);
+        block = cursor.block();
     }
 }
 
@@ -58,7 +97,7 @@ std::optional<NoteAttachment> AttachmentOf(const QString& address) {
         slash < 0 ? QString() : QUrl::fromPercentEncoding(rest.mid(slash + 1).toUtf8());
     // Whatever a document says of folders isn't believed.
     attachment.fileName = name.section(u'/', -1).section(u'\\', -1);
-    if (attachment.fileName.isEmpty()) {
+    if (!IsFileName(attachment.fileName)) {
         attachment.fileName = attachment.storeName;
     }
     return IsStoreName(attachment.storeName) ? std::optional(attachment) : std::nullopt;
@@ -90,13 +129,15 @@ NoteFault NoteDocument::Load(const QString& html) {
 }
 
 QString NoteDocument::Html() const {
-    if (defaultFont() == UiFont()) {
+    const bool isZoomed = defaultFont() != UiFont();
+    if (!isZoomed && !HasTextOnRule(*this)) {
         return CleanNoteHtml(toHtml()).html;
     }
-    // A sheet that is zoomed has another font, and what is as large as that would go unsaid.
-    const std::unique_ptr<QTextDocument> usual(clone());
-    usual->setDefaultFont(UiFont());
-    return CleanNoteHtml(usual->toHtml()).html;
+    const std::unique_ptr<QTextDocument> saved(clone());
+    // What is as large as the sheet's own font goes unsaid, and a zoomed sheet has another one.
+    saved->setDefaultFont(UiFont());
+    PutTextsBeforeTheirRules(*saved);
+    return CleanNoteHtml(saved->toHtml()).html;
 }
 
 std::vector<NoteFile> NoteDocument::Files() const {

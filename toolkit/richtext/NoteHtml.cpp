@@ -1,8 +1,10 @@
 #include "toolkit/richtext/NoteHtml.h"
 
+#include "toolkit/richtext/NoteCells.h"
 #include "toolkit/richtext/NoteStyle.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QUrl>
 
 #include <libxml/HTMLparser.h>
@@ -28,21 +30,26 @@ constexpr size_t kMostKnownStyles = 1000;
 
 /// Elements of the form. Sorted.
 constexpr auto kElements = std::to_array<std::string_view>(
-    {"a",  "b",     "blockquote", "br",     "center", "code", "dd",    "del",   "div",
-     "dl", "dt",    "em",         "font",   "h1",     "h2",   "h3",    "h4",    "h5",
-     "h6", "hr",    "html",       "i",      "img",    "li",   "ol",    "p",     "pre",
-     "s",  "span",  "strike",     "strong", "sub",    "sup",  "table", "tbody", "td",
-     "th", "thead", "tr",         "u",      "ul"});
+    {"a",   "b",  "blockquote", "body",   "br",     "center", "code", "dd",    "del",
+     "div", "dl", "dt",         "em",     "font",   "h1",     "h2",   "h3",    "h4",
+     "h5",  "h6", "hr",         "html",   "i",      "img",    "li",   "ol",    "p",
+     "pre", "s",  "span",       "strike", "strong", "sub",    "sup",  "table", "tbody",
+     "td",  "th", "thead",      "tr",     "u",      "ul"});
 /// Elements that go with all that is in them. Sorted.
 constexpr auto kGone = std::to_array<std::string_view>(
     {"applet", "audio",  "button", "canvas", "embed", "form",     "frame",    "frameset",
      "iframe", "input",  "link",   "map",    "math",  "noframes", "noscript", "object",
      "option", "script", "select", "style",  "svg",   "template", "textarea", "title"});
 constexpr auto kEmpty = std::to_array<std::string_view>({"br", "hr", "img"});
-/// Attributes that say nothing but a look or a number. Sorted.
-constexpr auto kAttributes = std::to_array<std::string_view>(
-    {"align", "alt", "bgcolor", "border", "cellpadding", "cellspacing", "color", "colspan", "dir",
-     "face", "height", "rowspan", "size", "start", "title", "type", "valign", "width"});
+/// Attributes that say nothing but a look. Sorted.
+constexpr auto kAttributes =
+    std::to_array<std::string_view>({"align", "alt", "bgcolor", "color", "dir", "face", "size",
+                                     "start", "title", "type", "valign"});
+/// Attributes that are a number of pixels or a share. Sorted.
+constexpr auto kLengths =
+    std::to_array<std::string_view>({"border", "cellpadding", "cellspacing", "height", "width"});
+constexpr int kMostLine = 100; ///< around and between cells, pixels
+constexpr int kMostSide = 10'000;
 
 template <size_t Count>
 bool Has(const std::array<std::string_view, Count>& sorted, std::string_view name) {
@@ -57,21 +64,87 @@ std::string_view ViewOf(const xmlChar* text) {
     return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
 }
 
-/// UTF-8, as text of an element or within double quotes.
-void AddEscaped(QByteArray& html, std::string_view text) {
-    size_t from = 0;
-    for (size_t at = text.find_first_of("&<>\""); at != std::string_view::npos;
-         at = text.find_first_of("&<>\"", from)) {
-        html.append(text.data() + from, qsizetype(at - from));
-        const char sign = text[at];
-        html += sign == '&' ? "&amp;" : sign == '<' ? "&lt;" : sign == '>' ? "&gt;" : "&quot;";
-        from = at + 1;
+/// Length in bytes of a sign at the start of UTF-8 text by which a document holds its pictures and
+/// frames together (U+FFFC, U+FDD0 to U+FDEF): in a text it would stand for one that isn't there.
+size_t InnerSignAt(std::string_view text) {
+    constexpr size_t kBytes = 3;
+    const std::string_view sign = text.substr(0, kBytes);
+    const bool isInner =
+        sign == "\xEF\xBF\xBC" || (sign.size() == kBytes && sign.starts_with("\xEF\xB7") &&
+                                   uchar(sign[2]) >= 0x90U && uchar(sign[2]) <= 0xAFU);
+    return isInner ? kBytes : 0;
+}
+
+/// What doesn't stand for itself in HTML: its signs, and what has no place in a text at all.
+constexpr auto kSpecialBytes = [] {
+    std::array<bool, 256> special{};
+    for (size_t control = 0; control < ' '; ++control) {
+        special[control] = control != '\t' && control != '\n' && control != '\r';
     }
-    html.append(text.data() + from, qsizetype(text.size() - from));
+    for (const char sign : {'&', '<', '>', '"', '\xEF'}) {
+        special[uchar(sign)] = true;
+    }
+    return special;
+}();
+
+/// What is written for a sign of HTML; nothing for a control character.
+std::string_view EscapeOf(char sign) {
+    switch (sign) {
+    case '&':
+        return "&amp;";
+    case '<':
+        return "&lt;";
+    case '>':
+        return "&gt;";
+    case '"':
+        return "&quot;";
+    default:
+        return {};
+    }
 }
 
 void AddPlain(QByteArray& html, std::string_view text) {
     html.append(text.data(), qsizetype(text.size()));
+}
+
+/// UTF-8, as text of an element or within double quotes.
+void AddEscaped(QByteArray& html, std::string_view text) {
+    size_t from = 0;
+    for (size_t at = 0; at < text.size(); ++at) {
+        if (!kSpecialBytes[uchar(text[at])]) {
+            continue;
+        }
+        const bool mayBeInner = text[at] == '\xEF';
+        const size_t inner = mayBeInner ? InnerSignAt(text.substr(at)) : 0;
+        if (mayBeInner && inner == 0) {
+            continue;
+        }
+        AddPlain(html, text.substr(from, at - from));
+        AddPlain(html, EscapeOf(text[at]));
+        at += mayBeInner ? inner - 1 : 0;
+        from = at + 1;
+    }
+    AddPlain(html, text.substr(from));
+}
+
+/// Of a cell, in columns or rows; 1 for what is none.
+size_t SpanOf(std::string_view value) {
+    constexpr int kMostSpan = 1000;
+    return size_t(
+        std::clamp(QByteArrayView(value.data(), qsizetype(value.size())).toInt(), 1, kMostSpan));
+}
+
+/// Empty for what is no such number; larger ones take hours to be laid out and painted.
+std::string LengthOf(std::string_view name, std::string_view value) {
+    const QByteArray text = QByteArray(value.data(), qsizetype(value.size())).trimmed();
+    const bool isShare = text.endsWith('%');
+    bool isNumber = false;
+    const double number = (isShare ? text.chopped(1) : text).toDouble(&isNumber);
+    const int most = name == "width" || name == "height" ? kMostSide : kMostLine;
+    if (!isNumber || !(number >= 0)) {
+        return {};
+    }
+    return number > most ? std::to_string(most) + (isShare ? "%" : "") : text.toStdString();
 }
 
 bool IsLinkAllowed(const QString& address) {
@@ -91,14 +164,13 @@ public:
     }
 
     [[nodiscard]] QString Take() const { return QString::fromUtf8(m_html); }
-    [[nodiscard]] bool IsTooDeep() const { return m_isTooDeep; }
+    [[nodiscard]] NoteFault Fault() const { return m_fault; }
     void SetParser(xmlParserCtxt* parser) { m_parser = parser; }
 
     void Start(const xmlChar* name, const xmlChar** attributes) {
         const std::string_view element = ViewOf(name);
         if (int(m_open.size()) >= kMostNoteDepth) {
-            m_isTooDeep = true;
-            xmlStopParser(m_parser);
+            GiveUp(NoteFault::TooDeep);
             return;
         }
         if (m_gone > 0 || Has(kGone, element)) {
@@ -112,6 +184,7 @@ public:
         const bool isWritten = Has(kElements, element);
         m_open.push_back({std::string(element), isWritten ? Open::Written : Open::Left});
         if (isWritten) {
+            CountCells(element, attributes);
             WriteStart(element, attributes);
         }
     }
@@ -142,10 +215,34 @@ private:
         Open open;
     };
 
+    void GiveUp(NoteFault fault) {
+        m_fault = fault;
+        xmlStopParser(m_parser);
+    }
+
+    void CountCells(std::string_view element, const xmlChar** attributes) {
+        if (element == "table") {
+            m_cells.BeginTable();
+        } else if (element == "tr") {
+            m_cells.BeginRow();
+        } else if (element == "td" || element == "th") {
+            m_cells.AddCell(SpanOf(ValueOf(attributes, "colspan")),
+                            SpanOf(ValueOf(attributes, "rowspan")));
+        } else {
+            return;
+        }
+        if (m_cells.Count() > kMostNoteCells) {
+            GiveUp(NoteFault::TooLarge);
+        }
+    }
+
     void EndLast() {
         const Element last = std::move(m_open.back());
         m_open.pop_back();
         m_gone -= last.open == Open::Gone ? 1 : 0;
+        if (last.open == Open::Written && last.name == "table") {
+            m_cells.EndTable();
+        }
         if (last.open == Open::Written && !Has(kEmpty, last.name)) {
             m_html += "</";
             AddPlain(m_html, last.name);
@@ -171,6 +268,11 @@ private:
         }
         m_html += '<';
         AddPlain(m_html, element);
+        if (element == "body") {
+            // Its look is the reader's; without it Qt takes an empty first paragraph for two.
+            m_html += '>';
+            return;
+        }
         if (isPicture) {
             AddAttribute("src", picture.toStdString());
         }
@@ -204,6 +306,11 @@ private:
             AddAttribute(name, CleanedStyle(ViewOf(value)));
         } else if (element == "a" && name == "href") {
             AddAttribute(name, IsLinkAllowed(TextOf(value)) ? ViewOf(value) : std::string_view());
+        } else if (name == "colspan" || name == "rowspan") {
+            const size_t span = SpanOf(ViewOf(value));
+            AddAttribute(name, span > 1 ? std::to_string(span) : std::string());
+        } else if (Has(kLengths, name)) {
+            AddAttribute(name, LengthOf(name, ViewOf(value)));
         } else if (Has(kAttributes, name)) {
             AddAttribute(name, ViewOf(value));
         }
@@ -238,8 +345,9 @@ private:
     QByteArray m_html; ///< UTF-8
     std::map<std::string, std::string, std::less<>> m_styles;
     std::vector<Element> m_open;
+    NoteCells m_cells;
     int m_gone = 0; ///< open elements that go, and those in them
-    bool m_isTooDeep = false;
+    NoteFault m_fault = NoteFault::None;
 };
 
 NoteWriter& WriterOf(void* context) {
@@ -273,7 +381,7 @@ void Feed(htmlParserCtxt& parser, const QByteArray& bytes, const NoteWriter& wri
     constexpr qsizetype kPiece = 1 << 16;
     htmlParseChunk(&parser, kRootStart.data(), int(kRootStart.size()), 0);
     const auto continues = [&](qsizetype at) { return (uchar(bytes[at]) & 0xC0U) == 0x80U; };
-    for (qsizetype at = 0; at < bytes.size() && !writer.IsTooDeep();) {
+    for (qsizetype at = 0; at < bytes.size() && writer.Fault() == NoteFault::None;) {
         qsizetype end = std::min(at + kPiece, bytes.size());
         while (end < bytes.size() && continues(end)) {
             ++end;
@@ -315,8 +423,8 @@ CleanedNote CleanNoteHtml(const QString& html, const KeepPicture& keepPicture) {
                                          HTML_PARSE_NOWARNING | HTML_PARSE_NONET |
                                          HTML_PARSE_NOIMPLIED | HTML_PARSE_IGNORE_ENC);
     Feed(*parser, bytes, writer);
-    if (writer.IsTooDeep()) {
-        return {{}, NoteFault::TooDeep};
+    if (writer.Fault() != NoteFault::None) {
+        return {{}, writer.Fault()};
     }
     return {writer.Take(), NoteFault::None};
 }

@@ -24,13 +24,15 @@ using KeepPicture = std::function<QString(const QString& address)>;
 
 enum class NoteFault {
     None,
-    TooLarge, ///< more than kMostNoteCharacters
+    TooLarge, ///< more than kMostNoteCharacters, or more than kMostNoteCells
     TooDeep,  ///< elements more than kMostNoteDepth inside each other
 };
 
 /// UTF-16 units of HTML; pictures are files of their own.
 inline constexpr qsizetype kMostNoteCharacters = qsizetype(32) * 1024 * 1024;
 inline constexpr int kMostNoteDepth = 400;
+/// Of all tables together.
+inline constexpr size_t kMostNoteCells = 100'000;
 
 struct CleanedNote {
     QString html; ///< empty with a fault

@@ -5,6 +5,7 @@
 #include "toolkit/richtext/NoteStore.h"
 
 #include <QImage>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextImageFormat>
 #include <QUrl>
@@ -115,6 +116,49 @@ TEST_F(NoteDocumentTest, APictureStandsAsWideAsItIsButNoWiderThanThereIsRoom) {
     EXPECT_EQ(document.ImageFormat(name, 100)->height(), 50);
     EXPECT_FALSE(document.ImageFormat(StoreBytes("x", pages, u".jpg"_s).value(), 100));
     EXPECT_FALSE(document.ImageFormat(u"../x.jpg"_s, 100));
+}
+
+TEST_F(NoteDocumentTest, AnEmptyFirstParagraphStaysOneHoweverOftenItIsSaved) {
+    for (const QString& html : {QString(), u"<p><br/></p><p>一</p>"_s, u"<hr><p>一</p>"_s}) {
+        ASSERT_EQ(document.Load(html), NoteFault::None);
+        const int paragraphs = document.blockCount();
+        for (int times = 0; times < 3; ++times) {
+            ASSERT_EQ(document.Load(document.Html()), NoteFault::None);
+        }
+        EXPECT_EQ(document.blockCount(), paragraphs) << html.toStdString();
+    }
+}
+
+TEST_F(NoteDocumentTest, ATextThatIsWrittenOnARuleIsSavedBeforeIt) {
+    ASSERT_EQ(document.Load(u"<p>一</p><hr><p>二</p>"_s), NoteFault::None);
+    QTextBlock rule = document.findBlockByNumber(1);
+    ASSERT_TRUE(rule.blockFormat().hasProperty(QTextFormat::BlockTrailingHorizontalRulerWidth));
+    QTextCursor(rule).insertText(u"线上"_s);
+    const QString html = document.Html();
+    EXPECT_EQ(document.blockCount(), 3) << "the document stays as it is";
+    ASSERT_EQ(document.Load(html), NoteFault::None);
+    EXPECT_EQ(document.toPlainText(), u"一\n线上\n\n二");
+    EXPECT_EQ(html.count(u"<hr"_s), 1);
+}
+
+TEST_F(NoteDocumentTest, WhateverAnAttachmentIsCalledItsFileLiesInItsOwnFolder) {
+    const QString store = QString(32, u'a') + u".pdf"_s;
+    const QString own = pages + store + u".files/"_s;
+    const auto pathOf = [&](const QString& name) {
+        EXPECT_EQ(document.Load(u"<a href='%1'>a</a>"_s.arg(AddressOf({store, name}))),
+                  NoteFault::None);
+        return document.Files().at(0).localPath;
+    };
+    for (const QString& name : {u"CON"_s, u"NUL.pdf"_s, u"com1"_s, u"a:b.pdf"_s, u" 报告 .pdf"_s,
+                                u".pdf"_s, u"..."_s, QString(255, u'梁')}) {
+        EXPECT_EQ(pathOf(name), own + name) << "as it was attached";
+    }
+    for (const QString& name :
+         {u"."_s, u".."_s, u"x/.."_s, u"x\\.."_s, u"x/"_s, u"a\nb"_s, u"a"_s + QChar(0) + u"b"_s}) {
+        EXPECT_EQ(pathOf(name), own + store) << "no name of a file";
+    }
+    EXPECT_EQ(pathOf(u"../../x.pdf"_s), own + u"x.pdf"_s);
+    EXPECT_EQ(pathOf(u"C:\\windows\\x.pdf"_s), own + u"x.pdf"_s);
 }
 
 } // namespace toolkit

@@ -160,6 +160,51 @@ TEST(NoteHtml, WhatIsTooLargeOrTooDeepIsRefused) {
         << "a paragraph ends the one before";
 }
 
+TEST(NoteHtml, TablesHaveNoMoreCellsThanTheirLimit) {
+    const auto rows = [](int count, const QString& cells) {
+        return u"<table>"_s + (u"<tr>"_s + cells + u"</tr>"_s).repeated(count) + u"</table>"_s;
+    };
+    const QString wide = u"<td colspan=1000>a</td>"_s;
+    EXPECT_EQ(CleanNoteHtml(rows(100, wide)).fault, NoteFault::None);
+    EXPECT_EQ(CleanNoteHtml(rows(101, wide)).fault, NoteFault::TooLarge);
+    EXPECT_EQ(CleanNoteHtml(rows(51, wide).repeated(2)).fault, NoteFault::TooLarge) << "together";
+    EXPECT_EQ(CleanNoteHtml(rows(300, u"<td rowspan=1000>a</td>"_s)).fault, NoteFault::None);
+    EXPECT_EQ(CleanNoteHtml(rows(450, u"<td rowspan=1000>a</td><td></td>"_s)).fault,
+              NoteFault::TooLarge)
+        << "each row pushes the next one's cells to the right";
+    EXPECT_EQ(CleanNoteHtml(rows(9'000, u"<td>a</td>"_s.repeated(11))).fault, NoteFault::None);
+    EXPECT_EQ(Clean(u"<td colspan=\"99999\" rowspan=\"-1\">a</td><td colspan=\"1\">b</td>"_s),
+              u"<td colspan=\"1000\">a</td><td>b</td>");
+}
+
+TEST(NoteHtml, LengthsFarBeyondAPageAreBoundedOrLeftOut) {
+    EXPECT_EQ(Clean(u"<table border=\"99999999\" width=\"50%\" cellpadding=\"9x9\" "
+                    "cellspacing=\"-2\"></table>"_s),
+              u"<table border=\"100\" width=\"50%\"></table>");
+    EXPECT_EQ(Clean(u"<hr width=\"1e30\" />"_s), u"<hr width=\"10000\" />");
+    for (const char* style :
+         {"margin-left:99999999px", "text-indent:-99999px", "margin:1e30px", "margin:0 0 0 10001px",
+          "font-size:501pt", "line-height:1E9%", "border:99999px solid #ff0000"}) {
+        EXPECT_EQ(Clean(u"<p style=\"%1\">字</p>"_s.arg(QLatin1String(style))), u"<p>字</p>")
+            << style;
+    }
+    for (const char* style :
+         {"margin-left:40px;", "font-size:2em;", "color:#99999999;", "font-family:'Font 99999999';",
+          "border:1px solid #999999;", "background-color:rgba(255,0,0,0.498039);",
+          "line-height:150%;", "text-indent:-10000px;"}) {
+        const QString html = u"<p style=\"%1\">字</p>"_s.arg(QLatin1String(style));
+        EXPECT_EQ(Read(Clean(html)), Read(html));
+    }
+}
+
+TEST(NoteHtml, SignsByWhichADocumentHoldsItselfTogetherAreNoText) {
+    const QString inner = QString(QChar(0xFFFC)) + QChar(0xFDD0) + QChar(0xFDD1) + QChar(0xFDEF);
+    EXPECT_EQ(Clean(u"<p>一"_s + inner + u"，二</p>"_s), u"<p>一，二</p>");
+    EXPECT_EQ(Clean(u"a&#xFFFC;b&#64976;c"_s), u"abc");
+    EXPECT_EQ(Clean(u"<img src=\"x\" alt=\"a\u0001\u001Fb"_s + inner + u"\">"_s), u"ab");
+    EXPECT_EQ(Clean(u"\uFFFD\uFDF0\uFF0C"_s), u"\uFFFD\uFDF0\uFF0C") << "their neighbours are";
+}
+
 TEST(NoteHtml, StoreNamesAreDigestsWithAnEnding) {
     EXPECT_TRUE(IsStoreName(kPicture));
     EXPECT_TRUE(IsStoreName(kPicture.left(32)));
