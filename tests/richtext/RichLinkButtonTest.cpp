@@ -41,7 +41,7 @@ TEST(RichLinkButton, FitsItsTextWithThreePixelsAroundAndCentresInItsOldPlace) {
               QPoint(100 + (200 - wanted.width()) / 2, 50 + (80 - wanted.height()) / 2));
 }
 
-TEST(RichLinkButton, IsUnderlinedAndBluerUnderThePointer) {
+TEST(RichLinkButton, IsUnderlinedUnderThePointerOrAlways) {
     CRichLinkButton button(u"链接"_s, nullptr);
     button.SizeToContent();
     button.show();
@@ -50,4 +50,32 @@ TEST(RichLinkButton, IsUnderlinedAndBluerUnderThePointer) {
     button.SetAlwaysUnderline(true);
     const QImage underlined = button.grab().toImage();
     EXPECT_NE(underlined, resting);
+    button.SetAlwaysUnderline(false);
+    button.setAttribute(Qt::WA_UnderMouse);
+    EXPECT_NE(button.grab().toImage(), resting);
+}
+
+TEST(RichLinkButton, IsBlueAndPurelyBlueUnderThePointer) {
+    CRichLinkButton button(u"链接"_s, nullptr);
+    button.SizeToContent();
+    button.SetAlwaysUnderline(true); // its line has the colour unmixed
+    button.show();
+    support::RunPendingEvents();
+    const auto pixelsOf = [&button](const QColor& colour) {
+        const QImage image = button.grab().toImage();
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                count += image.pixelColor(x, y) == colour ? 1 : 0;
+            }
+        }
+        return count;
+    };
+    const QColor resting(0, 102, 204);
+    const QColor pointed(0, 0, 255);
+    EXPECT_GT(pixelsOf(resting), 10);
+    EXPECT_EQ(pixelsOf(pointed), 0);
+    button.setAttribute(Qt::WA_UnderMouse);
+    EXPECT_GT(pixelsOf(pointed), 10);
+    EXPECT_EQ(pixelsOf(resting), 0);
 }

@@ -25,6 +25,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kPageEnding = u".html"_s;
+/// Whoever saved it last may have it still.
+const QString kUnreadable =
+    u"文档过大或已损坏，无法显示。请联系最后编辑的人重新保存，或联系管理员。"_s;
 
 /// So long nothing is written before what is written is counted.
 constexpr int kCountAfterMs = 200;
@@ -138,7 +141,7 @@ void CZelvorEditorImpl::Show(const QString& html, const QString& name, qint32 re
     m_name = name;
     m_isBroken = fault != toolkit::NoteFault::None;
     frame->finder->hide();
-    frame->Say(m_isBroken ? u"文档过大或已损坏，无法显示。"_s : QString());
+    frame->Say(m_isBroken ? kUnreadable : QString());
     frame->sheet->SetNote(std::move(document));
     frame->count->clear();
     frame->CountSoon();
@@ -188,7 +191,7 @@ void CZelvorEditorImpl::LoadEditor(const QString& name, const std::vector<QStrin
     }
     if (file.size() > toolkit::kMostNoteCharacters) {
         Show({}, name, readOnly);
-        ShowLack(u"文档过大或已损坏，无法显示。"_s);
+        ShowLack(kUnreadable);
         return;
     }
     Show(QString::fromUtf8(file.readAll()), name, readOnly);

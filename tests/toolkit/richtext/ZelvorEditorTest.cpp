@@ -32,6 +32,9 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
+const QString kUnreadable =
+    u"文档过大或已损坏，无法显示。请联系最后编辑的人重新保存，或联系管理员。"_s;
+
 class ZelvorEditorTest : public EditorFixture {};
 
 } // namespace
@@ -203,10 +206,10 @@ TEST_F(ZelvorEditorTest, APageThatIsMissingIsToldAndNeverSaved) {
 
 TEST_F(ZelvorEditorTest, APageThatCannotBeReadIsToldAndNeverSaved) {
     Load(u"<b>"_s.repeated(100'000));
-    EXPECT_EQ(Notice(), u"文档过大或已损坏，无法显示。");
+    EXPECT_EQ(Notice(), kUnreadable);
     EXPECT_TRUE(Sheet().isReadOnly());
     editor.LoadEditor(u"doc"_s, {Page(QByteArray(40 * 1024 * 1024, 'x'))}, {}, 0);
-    EXPECT_EQ(Notice(), u"文档过大或已损坏，无法显示。");
+    EXPECT_EQ(Notice(), kUnreadable);
     editor.SaveEditor();
     EXPECT_EQ(notes.told, 0);
     Load(u"no page at all <<<>>>"_s);
