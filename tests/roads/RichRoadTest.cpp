@@ -15,6 +15,7 @@
 #include "tour/ConsoleEyes.h"
 #include "tour/TourEyes.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>
 #include <QPointer>
