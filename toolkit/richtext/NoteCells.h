@@ -18,6 +18,8 @@ public:
 
     /// Of all tables, those that have ended too.
     [[nodiscard]] size_t Count() const;
+    /// Tables in each other now.
+    [[nodiscard]] size_t Depth() const { return m_tables.size(); }
 
 private:
     struct Table {

@@ -40,6 +40,8 @@ constexpr auto kGone = std::to_array<std::string_view>(
     {"applet", "audio",  "button", "canvas", "embed", "form",     "frame",    "frameset",
      "iframe", "input",  "link",   "map",    "math",  "noframes", "noscript", "object",
      "option", "script", "select", "style",  "svg",   "template", "textarea", "title"});
+constexpr auto kTableElements =
+    std::to_array<std::string_view>({"table", "tbody", "td", "th", "thead", "tr"});
 constexpr auto kEmpty = std::to_array<std::string_view>({"br", "hr", "img"});
 /// Attributes that say nothing but a look. Sorted.
 constexpr auto kAttributes =
@@ -181,7 +183,7 @@ public:
         if (element == "meta") {
             WriteMeta(attributes);
         }
-        const bool isWritten = Has(kElements, element);
+        const bool isWritten = Has(kElements, element) && !IsTooFarIn(element);
         m_open.push_back({std::string(element), isWritten ? Open::Written : Open::Left});
         if (isWritten) {
             CountCells(element, attributes);
@@ -220,6 +222,13 @@ private:
         xmlStopParser(m_parser);
     }
 
+    /// Qt lays a table within tables out several times for each of those.
+    [[nodiscard]] bool IsTooFarIn(std::string_view element) {
+        const bool begins = element == "table";
+        m_leftTables += begins && m_cells.Depth() >= kMostNestedTables ? 1 : 0;
+        return m_leftTables > 0 && Has(kTableElements, element);
+    }
+
     void CountCells(std::string_view element, const xmlChar** attributes) {
         if (element == "table") {
             m_cells.BeginTable();
@@ -240,9 +249,10 @@ private:
         const Element last = std::move(m_open.back());
         m_open.pop_back();
         m_gone -= last.open == Open::Gone ? 1 : 0;
-        if (last.open == Open::Written && last.name == "table") {
+        if (last.name == "table" && last.open == Open::Written) {
             m_cells.EndTable();
         }
+        m_leftTables -= last.name == "table" && last.open == Open::Left ? 1 : 0;
         if (last.open == Open::Written && !Has(kEmpty, last.name)) {
             m_html += "</";
             AddPlain(m_html, last.name);
@@ -346,7 +356,8 @@ private:
     std::map<std::string, std::string, std::less<>> m_styles;
     std::vector<Element> m_open;
     NoteCells m_cells;
-    int m_gone = 0; ///< open elements that go, and those in them
+    int m_leftTables = 0; ///< open ones of which only the content stays
+    int m_gone = 0;       ///< open elements that go, and those in them
     NoteFault m_fault = NoteFault::None;
 };
 

@@ -34,6 +34,9 @@ inline constexpr int kMostNoteDepth = 400;
 /// Of all tables together.
 inline constexpr size_t kMostNoteCells = 100'000;
 
+/// In each other; of a table further in the content stays.
+inline constexpr size_t kMostNestedTables = 6;
+
 struct CleanedNote {
     QString html; ///< empty with a fault
     NoteFault fault = NoteFault::None;

@@ -177,6 +177,21 @@ TEST(NoteHtml, TablesHaveNoMoreCellsThanTheirLimit) {
               u"<td colspan=\"1000\">a</td><td>b</td>");
 }
 
+TEST(NoteHtml, OfTablesTooFarInEachOtherTheContentStays) {
+    const QString begin = u"<table><tr><td>a"_s;
+    const QString end = u"</td></tr></table>"_s;
+    const QString most = begin.repeated(6) + u"b"_s + end.repeated(6);
+    EXPECT_EQ(Read(Clean(most)), Read(most));
+    EXPECT_EQ(Read(Clean(begin + most + u"c"_s + end)),
+              Read(begin.repeated(6) + u"ab"_s + end.repeated(5) + u"c"_s + end));
+    EXPECT_EQ(Clean(begin.repeated(100) + end.repeated(100) + begin + end).count(u"<table>"_s), 7)
+        << "the next one stands by itself";
+    QTextDocument document;
+    document.setHtml(Clean(begin.repeated(120)));
+    document.setTextWidth(500);
+    EXPECT_GT(document.size().height(), 0) << "without hours of layout";
+}
+
 TEST(NoteHtml, LengthsFarBeyondAPageAreBoundedOrLeftOut) {
     EXPECT_EQ(Clean(u"<table border=\"99999999\" width=\"50%\" cellpadding=\"9x9\" "
                     "cellspacing=\"-2\"></table>"_s),
