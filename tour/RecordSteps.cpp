@@ -1,6 +1,7 @@
 #include "hands/Choices.h"
 #include "hands/Hands.h"
 #include "services/Factories.h"
+#include "services/IKXFilesMng.h"
 #include "services/IRichTextMsgMng.h"
 #include "tour/NotedPhoto.h"
 #include "tour/TourEyes.h"
@@ -12,6 +13,7 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QMimeData>
+#include <QTemporaryFile>
 #include <QTextEdit>
 
 namespace tour {
@@ -68,10 +70,22 @@ KX_DATA::RichTextKey KeyOfRecord() {
 
 /// A save between the reading and the closing, as by another client.
 bool SaveInBetween() {
+    QTemporaryFile page;
+    const QByteArray text = u"<h2>已处理</h2><p>裂缝已封闭，无渗水。</p>"_s.toUtf8();
+    if (!page.open() || page.write(text) != text.size() || !page.flush()) {
+        return false;
+    }
+    KX_DATA::UploadResult up;
+    QString error;
     KX_DATA::RichTextMsg message;
     std::vector<KX_DATA::RichAttachment> files;
-    return GetRichTextMsgMng()->GetRichText(KeyOfRecord(), message, files) &&
-           GetRichTextMsgMng()->SaveRichText(u"已整改"_s, message, KeyOfRecord(), {}, {});
+    if (!GetKXFilesUploadMng()->UploadFile({{page.fileName()}}, 1, up, error) ||
+        !GetRichTextMsgMng()->GetRichText(KeyOfRecord(), message, files)) {
+        return false;
+    }
+    message.docName = u"other"_s;
+    const KX_DATA::RichAttachment made{up.md5 + u".html"_s, up.md5, up.uuid, qint32(up.size), 1};
+    return GetRichTextMsgMng()->SaveRichText(u"已整改"_s, message, KeyOfRecord(), {}, {made});
 }
 
 void WriteText(TourScript& script) {
@@ -108,7 +122,10 @@ void WriteConflict(TourScript& script) {
     script.Do(
         u"单击“查看历史”"_s,
         [] { return hands::Click(FindIn(FindWindow(kConflict), u"historyButton"_s)); },
-        [] { return Sheet(kHistory) != nullptr; });
+        [] {
+            return Sheet(kHistory) != nullptr &&
+                   Sheet(kHistory)->toPlainText().contains(u"无渗水"_s);
+        });
     script.Picture(kHistory, u"record-history"_s);
     script.Do(
         u"关闭历史：问题还在"_s, [] { return hands::CloseWindow(FindWindow(kHistory)); },

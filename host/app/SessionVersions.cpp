@@ -18,7 +18,7 @@ namespace {
 
 constexpr qint32 kAttached = 2; ///< opened by itself, not shown in the page
 constexpr qint32 kTransferKind = 5;
-const QString kUnread = u"数据文件夹无法读取"_s;
+const QString kFolderUnread = u"数据文件夹无法读取"_s;
 const QString kNoRecord = u"记录已不存在"_s;
 
 /// Fetches what a page needs. An empty text: all of it is there; else why not.
@@ -61,7 +61,7 @@ RecordList SessionVersions::ReadRecords() {
                                  entry.last.at, entry.last.number});
         }
     });
-    list.fault = isRead ? QString() : kUnread;
+    list.fault = isRead ? QString() : kFolderUnread;
     return list;
 }
 
@@ -87,7 +87,7 @@ VersionList SessionVersions::ReadVersions(const QString& record) {
         }
     });
     if (!isRead) {
-        list.fault = kUnread;
+        list.fault = kFolderUnread;
     }
     return list;
 }
@@ -102,7 +102,7 @@ PageText SessionVersions::ReadText(const QString& record, qint64 version) {
                                                              static_cast<int>(version));
             }
         })) {
-        page.fault = kUnread;
+        page.fault = kFolderUnread;
         return page;
     }
     if (!found) {

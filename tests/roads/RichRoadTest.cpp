@@ -86,11 +86,20 @@ protected:
         version.added = {{up.md5 + u".html"_s, {}, up.uuid, 0, 1}};
         ASSERT_TRUE(texts.Save({site.firstProject}, Place(), version, {u"李娜"_s, 0}));
     }
+    /// Does what brings up a question, agrees to it and tells what it was.
+    static QString Agree(const std::function<void()>& action) {
+        QString text;
+        const support::ModalVisit visit(u"messageBox"_s, [&text](QWidget&) {
+            text = tour::MessageBoxText();
+            EXPECT_TRUE(WaitFor([] { return tour::AnswerMessageBox(u"是"_s); }));
+        });
+        action();
+        return text;
+    }
     /// Closes the viewer and presses a button of the question that this brings up.
     static void CloseAnswering(const QString& button) {
-        const support::ModalVisit visit(u"HistroyTip"_s, [&](QWidget& question) {
-            EXPECT_TRUE(hands::Click(tour::FindIn(&question, button)));
-        });
+        const support::ModalVisit visit(u"HistroyTip"_s,
+                                        [&](QWidget& question) { ClickOn(question, button); });
         CloseViewer();
     }
 };
@@ -114,7 +123,7 @@ TEST_F(RichRoad, AnotherStateIsInTheConsoleAtOnce) {
     OpenConsole();
     OpenViewer();
     auto* states = Viewer()->findChild<QComboBox*>(u"stateCombo"_s);
-    ASSERT_TRUE(hands::ChooseInCombo(states, u"已整改"_s));
+    ASSERT_TRUE(WaitFor([&] { return hands::ChooseInCombo(states, u"已整改"_s); }));
     CloseViewer();
     EXPECT_EQ(Newest().state, site::kStateDone);
     EXPECT_TRUE(WaitFor([] {
@@ -149,8 +158,8 @@ TEST_F(RichRoad, WhoLooksAtWhatTheOtherWroteAndKeepsItFindsTheOwnTextAmongTheDra
     {
         const support::ModalVisit visit(u"HistroyTip"_s, [&](QWidget& question) {
             look.start(10);
-            EXPECT_TRUE(hands::Click(tour::FindIn(&question, u"historyButton"_s)));
-            EXPECT_TRUE(hands::Click(tour::FindIn(&question, u"cancelButton"_s)));
+            ClickOn(question, u"historyButton"_s);
+            ClickOn(question, u"cancelButton"_s);
         });
         CloseViewer();
     }
@@ -186,15 +195,17 @@ TEST_F(RichRoad, ADraftComesBackFromTheMenuAsTheNewestVersion) {
     SaveByTheOther();
     CloseAnswering(u"cancelButton"_s);
     ASSERT_EQ(Drafts().size(), 1U);
-    ASSERT_TRUE(
-        hands::PressKey(client->Window(), Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier));
+    ASSERT_TRUE(WaitFor([this] {
+        return hands::PressKey(client->Window(), Qt::Key_D,
+                               Qt::ControlModifier | Qt::ShiftModifier);
+    }));
     ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"draftWindow"_s) != nullptr; }));
     const QPointer<QWidget> window = tour::FindWindow(u"draftWindow"_s);
     ASSERT_TRUE(WaitFor([&] {
         auto* preview = window->findChild<QTextEdit*>(u"draftPreview"_s);
         return preview != nullptr && preview->toPlainText() == kMine;
     }));
-    const QString asked = BoxDuring([&] { ClickOn(*window, u"draftBringBack"_s); });
+    const QString asked = Agree([&] { ClickOn(*window, u"draftBringBack"_s); });
     EXPECT_TRUE(asked.contains(u"此后已有人保存过新版本"_s)) << asked.toStdString();
     EXPECT_TRUE(WaitFor([this] { return Newest().number == 2; }));
     EXPECT_TRUE(PageOf(Newest()).contains(kMine));
@@ -223,7 +234,7 @@ TEST_F(RichRoad, AnEarlierVersionIsComparedAndComesBackFromTheMenu) {
     auto* versions = window->findChild<QAbstractItemView*>(u"versionTable"_s);
     ASSERT_NE(versions, nullptr);
     ASSERT_TRUE(WaitFor([&] { return hands::ClickCell(versions, 1, 0); }));
-    static_cast<void>(BoxDuring([&] { ClickOn(*window, u"versionRestore"_s); }));
+    static_cast<void>(Agree([&] { ClickOn(*window, u"versionRestore"_s); }));
     EXPECT_TRUE(WaitFor([this] { return Newest().number == 3; }));
     EXPECT_TRUE(PageOf(Newest()).contains(kTheirs));
 }
