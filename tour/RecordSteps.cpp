@@ -164,11 +164,11 @@ void WriteRecordWindows(TourScript& script) {
         u"回答“是”：草稿成为最新版本"_s, [] { return AnswerMessageBox(u"是"_s); },
         [] { return MessageBoxText().isEmpty(); });
     script.Do(
-        u"关闭草稿箱，Ctrl+H：记录版本"_s,
-        [] {
-            return hands::CloseWindow(FindWindow(u"draftWindow"_s)) &&
-                   hands::PressKey(FindWindow(kMain), Qt::Key_H, Qt::ControlModifier);
-        },
+        u"关闭草稿箱"_s, [] { return hands::CloseWindow(FindWindow(u"draftWindow"_s)); },
+        [] { return FindWindow(u"draftWindow"_s) == nullptr; });
+    script.Do(
+        u"主窗口 Ctrl+H：记录版本"_s,
+        [] { return hands::PressKey(FindWindow(kMain), Qt::Key_H, Qt::ControlModifier); },
         [] {
             const auto* sheet =
                 qobject_cast<QTextEdit*>(FindIn(FindWindow(u"versionWindow"_s), u"compareSheet"_s));

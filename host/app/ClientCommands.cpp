@@ -67,6 +67,12 @@ void Client::Obey(Command command) {
     case Command::FloorIssues:
         pictures.ShowIssueMngFor(kUnread, m_window->Plan().CurrentFloor(), kAnyMark, QString());
         break;
+    case Command::RecordVersions:
+        m_richTexts->ShowVersions();
+        break;
+    case Command::Drafts:
+        m_richTexts->ShowDrafts();
+        break;
     case Command::DrawingPhotos:
         pictures.ShowPdfPicMngFor(kUnread, kAnyMark, kNoCheckpoint);
         break;
@@ -102,12 +108,6 @@ void Client::ObeyHost(Command command) {
         break;
     case Command::Bin:
         ShowBin();
-        break;
-    case Command::RecordVersions:
-        m_richTexts->ShowVersions();
-        break;
-    case Command::Drafts:
-        m_richTexts->ShowDrafts();
         break;
     case Command::OpenFolder:
         toolkit::Prompts().OpenFolder(m_session.Site().Place());

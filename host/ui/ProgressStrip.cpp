@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QScreen>
+#include <QTimer>
 
 namespace host {
 
@@ -47,6 +48,8 @@ void ProgressStrip::Make() {
     bar->setFixedWidth(kBarWidth);
     row->addWidget(bar);
     m_window = strip;
+    // Nothing is painted before events run. What ends sooner would only take the windows' front.
+    QTimer::singleShot(0, strip, &QWidget::show);
 }
 
 void ProgressStrip::Place() const {
@@ -65,7 +68,6 @@ void ProgressStrip::ShowProgressBar(const QString& text, qint32 /*value*/) {
     }
     m_text->setText(text);
     Place();
-    m_window->show();
 }
 
 void ProgressStrip::SetShowInfo(const QString& text) {

@@ -12,7 +12,7 @@ namespace host {
 
 /// A strip with a text and a bar that moves, in the lower left corner of the screen of the window
 /// in use. It blocks nothing, never takes the keyboard, and stays above the other windows until it
-/// is closed. Thread: user interface.
+/// is closed. Work during which no event is handled doesn't show it. Thread: user interface.
 class ProgressStrip final : public KX_DATA::IKXProgressStrip {
 public:
     ProgressStrip() = default;

@@ -14,6 +14,9 @@ namespace roads {
 /// What a person is told where the photos of a place, or the details of one, can't be had.
 inline const QString kNotHad = QStringLiteral("获取Vesk照片信息失败！");
 
+/// And where the record of the place can't be had either.
+inline const QString kRecordNotHad = QStringLiteral("富文本信息获取服务调用失败！");
+
 /// The client on the small site and two more photos at places of their own. Downloads don't wait
 /// between their looks. No lookup of a test before waits for its viewer to close. A message box
 /// that nobody answers fails the test and is closed.

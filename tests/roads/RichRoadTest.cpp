@@ -41,10 +41,7 @@ protected:
     void OpenViewer() {
         ClickFlag(Plan(), site.positionKey, 1);
         ASSERT_TRUE(WaitFor([] { return Viewer() != nullptr; }));
-        ASSERT_TRUE(WaitFor([] {
-            const auto* states = Viewer()->findChild<QComboBox*>(u"stateCombo"_s);
-            return Sheet(Viewer()) != nullptr && states != nullptr && states->currentIndex() >= 0;
-        }));
+        WaitForRecord();
     }
     static void Write(const QString& text) {
         ASSERT_TRUE(WaitFor([&] { return hands::TypeOver(Sheet(Viewer()), text); }));

@@ -14,6 +14,7 @@
 #include <QComboBox>
 #include <QMenu>
 #include <QPixmap>
+#include <QSplitter>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -192,10 +193,20 @@ bool ViewerShows(QRgb color) {
     if (Viewer() == nullptr) {
         return false;
     }
-    const QSize picture = Viewer()->size() - kBesidePicture;
+    // Above its record, which the person may have.
+    const auto* divider = Viewer()->findChild<QSplitter*>(u"upDownView"_s);
+    const QWidget* pane = divider == nullptr ? Viewer() : divider->widget(0);
+    const QSize picture = pane->size() - kBesidePicture;
     const QImage seen = Viewer()->grab().toImage();
     const QPointF middle = QPointF(picture.width(), picture.height()) / 2 * seen.devicePixelRatio();
     return IsNear(seen.pixel(middle.toPoint()), color);
+}
+
+void WaitForRecord() {
+    EXPECT_TRUE(WaitFor([] {
+        const auto* states = qobject_cast<QComboBox*>(tour::FindIn(Viewer(), u"stateCombo"_s));
+        return states != nullptr && states->currentIndex() >= 0;
+    }));
 }
 
 void CloseViewer() {
@@ -211,6 +222,20 @@ QString BoxDuring(const std::function<void()>& action) {
     });
     action();
     return text;
+}
+
+QStringList BoxesDuring(const std::function<void()>& action) {
+    QStringList texts;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&texts] {
+        const QString text = tour::MessageBoxText();
+        if (!text.isEmpty() && tour::AnswerMessageBox(u"确定"_s)) {
+            texts << text;
+        }
+    });
+    look.start(kLookAgainMs);
+    action();
+    return texts;
 }
 
 QStringList OpenWindows() {

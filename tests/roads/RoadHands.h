@@ -53,11 +53,16 @@ void ChooseOfIssueFlag(host::FloorPlanCanvas& plan, qint32 markId, const QString
 [[nodiscard]] QString ViewerText(const QString& name);
 /// True once the middle of the viewer's picture has this colour, or one that JPEG made of it.
 [[nodiscard]] bool ViewerShows(QRgb color);
+/// Until the record below the pictures is read.
+void WaitForRecord();
 void CloseViewer();
 
 /// Does what brings up a message box, reads the box and closes it by its button. A box that doesn't
 /// come fails the test.
 [[nodiscard]] QString BoxDuring(const std::function<void()>& action);
+/// The same for an action that brings up several, one on another or one after another; in the order
+/// in which they were answered.
+[[nodiscard]] QStringList BoxesDuring(const std::function<void()>& action);
 /// Object names of the windows in sight, minimised ones included.
 [[nodiscard]] QStringList OpenWindows();
 

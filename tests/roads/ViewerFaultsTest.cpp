@@ -8,11 +8,14 @@
 #include "tour/ConsoleEyes.h"
 #include "tour/TourNames.h"
 
+#include <gmock/gmock.h>
+
 namespace roads {
 namespace {
 
 using namespace Qt::StringLiterals;
 using support::WaitFor;
+using testing::UnorderedElementsAre;
 
 class ViewerFaults : public PhotoRoad {
 protected:
@@ -88,10 +91,11 @@ TEST_F(ViewerFaults, APhotoChosenInTheMenuThatIsGoneByThenIsToldAndOpensNothing)
 TEST_F(ViewerFaults, AFlagWhosePhotosCannotBeReadIsToldAndLeavesTheMainWindowAlone) {
     OtherClient other = Other();
     other.TakePhotosAway();
-    EXPECT_EQ(BoxDuring([this] { ClickFlag(Plan(), site.positionKey, 1); }), kNotHad);
+    EXPECT_THAT(BoxesDuring([this] { ClickFlag(Plan(), site.positionKey, 1); }),
+                UnorderedElementsAre(kNotHad, kRecordNotHad));
     EXPECT_EQ(OpenWindows(), QStringList{tour::kMain});
-    EXPECT_TRUE(Messages().front().startsWith(u"读取照片文件失败"_s))
-        << Messages().front().toStdString();
+    EXPECT_FALSE(Messages().filter(u"读取照片文件失败"_s).isEmpty())
+        << Messages().join(u'\n').toStdString();
     other.BringPhotosBack();
     ClickFlag(Plan(), site.positionKey, 1);
     EXPECT_EQ(ViewerTitle(), u"照片4.jpg   (1/5)"_s);
@@ -99,9 +103,11 @@ TEST_F(ViewerFaults, AFlagWhosePhotosCannotBeReadIsToldAndLeavesTheMainWindowAlo
 
 TEST_F(ViewerFaults, AnOpenViewerWhoseNextPlaceCannotBeReadIsClosed) {
     ClickFlag(Plan(), site.positionKey, 1);
+    WaitForRecord();
     OtherClient other = Other();
     other.TakePhotosAway();
-    EXPECT_EQ(BoxDuring([this] { ClickFlag(Plan(), cornerKey, 1); }), kNotHad);
+    EXPECT_THAT(BoxesDuring([this] { ClickFlag(Plan(), cornerKey, 1); }),
+                UnorderedElementsAre(kNotHad, kRecordNotHad));
     EXPECT_EQ(OpenWindows(), QStringList{tour::kMain});
     other.BringPhotosBack();
 }

@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QMessageBox>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
@@ -173,6 +174,8 @@ TEST(ProgressStripTest, ShowsTheTextOfTheMomentUntilItIsClosed) {
     EXPECT_EQ(strip.Window(), nullptr) << "nothing before it is shown";
     strip.ShowProgressBar(u"正在上传照片(1/3)"_s, 0);
     ASSERT_NE(strip.Window(), nullptr);
+    EXPECT_FALSE(strip.Window()->isVisible()) << "it may be over in no time";
+    support::RunPendingEvents();
     EXPECT_TRUE(strip.Window()->isVisible());
     strip.SetShowInfo(u"正在上传照片(2/3)"_s);
     EXPECT_EQ(strip.Window()->findChild<QLabel*>(u"progressStripText"_s)->text(),
@@ -180,6 +183,16 @@ TEST(ProgressStripTest, ShowsTheTextOfTheMomentUntilItIsClosed) {
     strip.CloseProgressBar();
     strip.CloseProgressBar();
     EXPECT_EQ(strip.Window(), nullptr);
+}
+
+TEST(ProgressStripTest, WorkThatEndsAtOnceBringsUpNoWindow) {
+    host::ProgressStrip strip;
+    strip.ShowProgressBar(u"富文本信息加载中......"_s, 0);
+    const QPointer<QWidget> window = strip.Window();
+    strip.CloseProgressBar();
+    EXPECT_FALSE(window->isVisible());
+    support::RunPendingEvents();
+    EXPECT_TRUE(window.isNull());
 }
 
 TEST(ProgressStripTest, CoversNoButtonsInTheCornersAndLetsClicksThrough) {
