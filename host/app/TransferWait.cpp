@@ -46,9 +46,11 @@ void TransferWait::RunLoop(site::RunningTransfer& transfer, InputBlock& block) {
     const ExProgress::Hold hold(m_progress);
     QPointer<ProgressWindow> own; // goes with its parent if that ends meanwhile
     if (m_progress.Window() == nullptr) {
-        own = new ProgressWindow(QApplication::activeWindow(), u"正在下载文件"_s,
+        const bool goesUp = transfer.GetWay() == site::RunningTransfer::Way::Up;
+        const QString title = goesUp ? u"正在上传文件"_s : u"正在下载文件"_s;
+        own = new ProgressWindow(QApplication::activeWindow(), title,
                                  ProgressWindow::Cancel::Possible);
-        own->SetText(u"正在下载文件，请稍候..."_s);
+        own->SetText(title + u"，请稍候..."_s);
         own->Begin(std::max(0, m_times.windowMs - m_times.cursorMs));
     }
     ProgressWindow* shown = own ? own.get() : m_progress.Window();

@@ -1,4 +1,4 @@
-// What a person sees while a file is fetched on which everything waits.
+// What a person sees while a file goes down or up on which everything waits.
 #pragma once
 
 #include "site/transfer/RunningTransfer.h"

@@ -1,12 +1,6 @@
 #include "host/services/FilesDownloadMng.h"
 
-#include "site/transfer/RunningTransfer.h"
-
-#include <QCoreApplication>
-#include <QThread>
-
-#include <system_error>
-#include <thread>
+#include "host/services/WaitedTransfer.h"
 
 namespace host {
 
@@ -14,34 +8,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Who keeps the person informed; null where nobody waits at a window.
-site::ITransferWait* WaitOfThisThread(const Surroundings& around) {
-    const QCoreApplication* app = QCoreApplication::instance();
-    return app != nullptr && QThread::currentThread() == app->thread() ? around.transferWait
-                                                                       : nullptr;
-}
-
-/// On a thread of its own, while the interface thread keeps the person informed.
 site::TransferOutcome FetchWaiting(site::IBlobs& blobs, const site::TransferTerms& terms,
                                    const QString& uuid, const QString& localPath,
                                    site::ITransferWait& wait) {
     site::RunningTransfer transfer;
     site::TransferOutcome outcome;
-    const std::stop_callback siteCloses(terms.limits.stop, [&transfer] { transfer.Cancel(); });
-    const site::TransferTerms cancellable{terms.rules,
-                                          {terms.limits.deadline, transfer.StopToken()},
-                                          [&](qint64 bytes) { transfer.NoteBytes(bytes); }};
-    const auto work = [&] {
+    RunWaited(terms, transfer, wait, [&](const site::TransferTerms& cancellable) {
         transfer.NoteTotal(blobs.SizeOf(uuid, cancellable.limits));
         outcome = blobs.Fetch(uuid, localPath, cancellable);
-        transfer.Finish();
-    };
-    try {
-        const std::jthread worker(work);
-        wait.Wait(transfer);
-    } catch (const std::system_error&) {
-        work(); // no thread to be had
-    }
+    });
     return outcome;
 }
 

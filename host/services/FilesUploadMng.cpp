@@ -1,10 +1,32 @@
 #include "host/services/FilesUploadMng.h"
 
+#include "host/services/WaitedTransfer.h"
 #include "site/DataError.h"
+
+#include <QFileInfo>
 
 namespace host {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// @param wait  null: nobody waits at a window.
+KX_DATA::UploadResult StoreFile(site::IBlobs& blobs, const QString& path,
+                                const site::TransferTerms& terms, site::ITransferWait* wait) {
+    if (wait == nullptr) {
+        return blobs.Upload(path, terms);
+    }
+    KX_DATA::UploadResult result;
+    site::RunningTransfer transfer(site::RunningTransfer::Way::Up);
+    transfer.NoteTotal(QFileInfo(path).size());
+    RunWaited(terms, transfer, *wait, [&](const site::TransferTerms& cancellable) {
+        result = blobs.Upload(path, cancellable);
+    });
+    return result;
+}
+
+} // namespace
 
 bool FilesUploadMng::UploadFile(const std::vector<KX_DATA::UploadItem>& items, qint32 count,
                                 KX_DATA::UploadResult& result, QString& errorText) {
@@ -13,7 +35,7 @@ bool FilesUploadMng::UploadFile(const std::vector<KX_DATA::UploadItem>& items, q
     bool siteCloses = false;
     const auto store = [&](site::IBlobs& blobs, const site::TransferTerms& terms) {
         try {
-            result = blobs.Upload(items.front().path, terms);
+            result = StoreFile(blobs, items.front().path, terms, WaitOfThisThread(Around()));
             stored = true;
         } catch (const site::DataError& fault) {
             errorText = fault.Text();

@@ -13,6 +13,11 @@ namespace site {
 /// How far a transfer on another thread has come, and its end. Thread: any.
 class RunningTransfer final {
 public:
+    enum class Way { Down, Up };
+
+    explicit RunningTransfer(Way transferWay = Way::Down) : m_way(transferWay) {}
+    [[nodiscard]] Way GetWay() const { return m_way; }
+
     /// The person has had enough: what the transfer is told by StopToken. It still has to end.
     void Cancel() { m_stop.request_stop(); }
     [[nodiscard]] bool IsCancelled() const { return m_stop.stop_requested(); }
@@ -35,6 +40,7 @@ public:
     void WhenDone(std::function<void()> wake);
 
 private:
+    const Way m_way;
     std::stop_source m_stop;
     mutable std::mutex m_lock; ///< guards what follows
     mutable std::condition_variable m_end;

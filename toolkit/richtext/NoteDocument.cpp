@@ -5,6 +5,7 @@
 #include "toolkit/richtext/NoteStore.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QFile>
 #include <QFont>
 #include <QPainter>
 #include <QTextBlock>
@@ -159,6 +160,20 @@ std::vector<NoteFile> NoteDocument::Files() const {
     });
     pictures.insert(pictures.end(), attachments.begin(), attachments.end());
     return pictures;
+}
+
+bool NoteDocument::HasFileOf(const QString& attachmentAddress) const {
+    const auto wanted = AttachmentOf(attachmentAddress);
+    if (!wanted) {
+        return false;
+    }
+    bool isHere = QFile::exists(AttachedPath(m_folder, wanted->storeName, wanted->fileName));
+    ForEachFragment(*this, [&](const QTextCharFormat& format) {
+        const auto had = AttachmentOf(format.anchorHref());
+        isHere = isHere ||
+                 (had && had->storeName == wanted->storeName && had->fileName == wanted->fileName);
+    });
+    return isHere;
 }
 
 std::optional<QTextImageFormat> NoteDocument::ImageFormat(const QString& storeName,

@@ -41,6 +41,9 @@ public:
     /// The files that it consists of, the page excepted: each picture once, in the order of the
     /// text, then each attachment once.
     [[nodiscard]] std::vector<NoteFile> Files() const;
+    /// True for an attachment that lies here, or that the document has already: its owner may have
+    /// it, unfetched.
+    [[nodiscard]] bool HasFileOf(const QString& attachmentAddress) const;
     [[nodiscard]] const QString& Folder() const { return m_folder; }
 
     /// How a picture of the folder stands in a text: as wide as it is, at most `room` (pixels).

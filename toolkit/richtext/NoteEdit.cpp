@@ -141,6 +141,13 @@ void NoteEdit::PasteImage(const QImage& image) {
 }
 
 QString NoteEdit::KeepPasted(const QString& address) const {
+    // A name alone brings no file along: what was copied elsewhere may not lie here.
+    if (IsStoreName(address)) {
+        return QFile::exists(m_note->Folder() + address) ? address : QString();
+    }
+    if (AttachmentOf(address)) {
+        return m_note->HasFileOf(address) ? address : QString();
+    }
     const QByteArray bytes = DataOf(address);
     if (bytes.isEmpty()) {
         return {};

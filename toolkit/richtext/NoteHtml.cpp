@@ -161,7 +161,7 @@ bool IsLinkAllowed(const QString& address) {
 /// Takes the parser's events and writes what is allowed.
 class NoteWriter final {
 public:
-    NoteWriter(const KeepPicture& keep, qsizetype expected) : m_keep(keep) {
+    NoteWriter(const KeepFile& keep, qsizetype expected) : m_keep(keep) {
         m_html.reserve(expected);
     }
 
@@ -302,20 +302,22 @@ private:
         return {};
     }
 
+    [[nodiscard]] bool IsLinkKept(const QString& address) const {
+        return IsLinkAllowed(address) &&
+               (!address.startsWith(kAttachmentScheme) || !m_keep || !m_keep(address).isEmpty());
+    }
+
     [[nodiscard]] QString PictureOf(const xmlChar** attributes) const {
         const std::string_view source = ValueOf(attributes, "src");
         const QString address = QString::fromUtf8(source.data(), qsizetype(source.size()));
-        if (IsStoreName(address) || !m_keep) {
-            return address;
-        }
-        return m_keep(address);
+        return m_keep ? m_keep(address) : address;
     }
 
     void WriteAttribute(std::string_view element, std::string_view name, const xmlChar* value) {
         if (name == "style") {
             AddAttribute(name, CleanedStyle(ViewOf(value)));
         } else if (element == "a" && name == "href") {
-            AddAttribute(name, IsLinkAllowed(TextOf(value)) ? ViewOf(value) : std::string_view());
+            AddAttribute(name, IsLinkKept(TextOf(value)) ? ViewOf(value) : std::string_view());
         } else if (name == "colspan" || name == "rowspan") {
             const size_t span = SpanOf(ViewOf(value));
             AddAttribute(name, span > 1 ? std::to_string(span) : std::string());
@@ -350,7 +352,7 @@ private:
         return m_styles.emplace(style, cleaned.toStdString()).first->second;
     }
 
-    const KeepPicture& m_keep;
+    const KeepFile& m_keep;
     xmlParserCtxt* m_parser = nullptr;
     QByteArray m_html; ///< UTF-8
     std::map<std::string, std::string, std::less<>> m_styles;
@@ -420,12 +422,12 @@ bool IsStoreName(QStringView name) {
     return isMd5 && isEnding;
 }
 
-CleanedNote CleanNoteHtml(const QString& html, const KeepPicture& keepPicture) {
+CleanedNote CleanNoteHtml(const QString& html, const KeepFile& keepFile) {
     if (html.size() > kMostNoteCharacters) {
         return {{}, NoteFault::TooLarge};
     }
     const QByteArray bytes = html.toUtf8();
-    NoteWriter writer(keepPicture, bytes.size());
+    NoteWriter writer(keepFile, bytes.size());
     xmlSAXHandler events = Events();
     const std::unique_ptr<htmlParserCtxt, ParserEnd> parser(
         htmlCreatePushParserCtxt(&events, &writer, nullptr, 0, nullptr, XML_CHAR_ENCODING_UTF8));

@@ -18,9 +18,9 @@ inline const QString kAttachmentScheme = QStringLiteral("attachment:");
 /// its ending with the dot, if it has one.
 [[nodiscard]] TOOLKIT_EXPORT bool IsStoreName(QStringView name);
 
-/// Gives the store name of the picture that stands under any address, or nothing for one that isn't
-/// brought into the document.
-using KeepPicture = std::function<QString(const QString& address)>;
+/// Gives what a document may call the file that stands under an address: the store name of a
+/// picture or the address of an attachment; nothing for one that isn't brought into the document.
+using KeepFile = std::function<QString(const QString& address)>;
 
 enum class NoteFault {
     None,
@@ -46,12 +46,12 @@ struct CleanedNote {
 /// tables, rules, links and pictures. Nothing in it loads from elsewhere, runs, or speaks of other
 /// than its own element: scripts, style sheets, forms and embedded documents go with what is in
 /// them, of other unknown elements the content stays. Links lead to web pages, mail addresses and
-/// attachments ("attachment:" and a store name); a picture is a store name, or what `keepPicture`
-/// makes of its address; without one its text instead stays.
+/// attachments ("attachment:" and a store name); a picture is a store name. What `keepFile`
+/// doesn't keep of both goes; of a picture its text instead stays, of an attachment its words.
 ///
 /// A document that is in the form already comes out with the same content. The time is linear in
 /// the length. Thread: any.
 [[nodiscard]] TOOLKIT_EXPORT CleanedNote CleanNoteHtml(const QString& html,
-                                                       const KeepPicture& keepPicture = {});
+                                                       const KeepFile& keepFile = {});
 
 } // namespace toolkit

@@ -237,6 +237,63 @@ TEST(Download, OneThatNeverEndsIsLeftByACancelAndLeavesNothing) {
     EXPECT_FALSE(QFile::exists(site.local));
 }
 
+/// Waits, or has enough at once.
+class UploadWait final : public site::ITransferWait {
+public:
+    explicit UploadWait(bool isImpatient) : m_isImpatient(isImpatient) {}
+    void Wait(site::RunningTransfer& transfer) override {
+        if (m_isImpatient) {
+            transfer.Cancel();
+        }
+        transfer.WaitDone();
+        seen = u"%1 of %2"_s.arg(transfer.Bytes()).arg(transfer.Total());
+        goesUp = transfer.GetWay() == site::RunningTransfer::Way::Up;
+    }
+
+    QString seen;
+    bool goesUp = false;
+
+private:
+    bool m_isImpatient;
+};
+
+TEST(Upload, WhoWaitsAtAWindowIsKeptInformedAndAThreadIsNot) {
+    FilesSite site;
+    ASSERT_NE(site.Download().success, 0);
+    UploadWait wait(false);
+    site.serving.Around().transferWait = &wait;
+    KX_DATA::UploadResult result;
+    QString error;
+    EXPECT_TRUE(GetKXFilesUploadMng()->UploadFile({{site.local}}, 1, result, error));
+    EXPECT_EQ(wait.seen, u"4 of 4");
+    EXPECT_TRUE(wait.goesUp);
+    EXPECT_EQ(result.size, 4);
+    wait.seen.clear();
+    std::jthread([&] {
+        EXPECT_TRUE(GetKXFilesUploadMng()->UploadFile({{site.local}}, 1, result, error));
+    }).join();
+    EXPECT_EQ(wait.seen, QString());
+    site.serving.Around().transferWait = nullptr;
+}
+
+TEST(Upload, OneThatIsCancelledFailsWithATextAndSoDoesOneOfNoFile) {
+    FilesSite site;
+    ASSERT_NE(site.Download().success, 0);
+    UploadWait impatient(true);
+    site.serving.Around().transferWait = &impatient;
+    site.session.Desk()->SetRules({0, site::TransferFault::NeverEnds});
+    KX_DATA::UploadResult result;
+    QString error;
+    EXPECT_FALSE(GetKXFilesUploadMng()->UploadFile({{site.local}}, 1, result, error));
+    EXPECT_TRUE(error.contains(u"已取消"_s)) << error.toStdString();
+    UploadWait patient(false);
+    site.serving.Around().transferWait = &patient;
+    error.clear();
+    EXPECT_FALSE(GetKXFilesUploadMng()->UploadFile({{u"/nowhere/x"_s}}, 1, result, error));
+    EXPECT_FALSE(error.isEmpty());
+    site.serving.Around().transferWait = nullptr;
+}
+
 TEST(Download, WithoutASessionItFailsWithAText) {
     KX_DATA::TransferResult result;
     GetKXFilesDownloadMng()->DownloadFile(result, u"u"_s, u"/nowhere/u.jpg"_s, 5, true, 0);

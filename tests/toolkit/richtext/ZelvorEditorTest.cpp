@@ -292,6 +292,27 @@ TEST_F(ZelvorEditorTest, PastedHtmlIsBroughtIntoTheForm) {
     EXPECT_THAT(Sheet().Note()->Files(), SizeIs(1)) << "the picture that came with it";
 }
 
+TEST_F(ZelvorEditorTest, AFileThatWasCopiedElsewhereAndDoesNotLieHereIsNotPasted) {
+    New();
+    const QString absent = QString(32, u'a');
+    auto* data = new QMimeData;
+    data->setHtml(
+        u"<p>甲<img src='%1.png'><a href='attachment:%1.pdf/x.pdf'>乙</a></p>"_s.arg(absent));
+    Paste(data);
+    EXPECT_EQ(Sheet().toPlainText(), u"甲乙");
+    EXPECT_THAT(Sheet().Note()->Files(), SizeIs(0)) << "nothing that could not go up";
+}
+
+TEST_F(ZelvorEditorTest, AnUnfetchedAttachmentOfTheDocumentCanBeCopiedWithinIt) {
+    const QString link = u"attachment:%1.pdf/x.pdf"_s.arg(QString(32, u'a'));
+    Load(u"<p><a href='%1'>甲</a></p>"_s.arg(link));
+    Sheet().moveCursor(QTextCursor::End);
+    auto* data = new QMimeData;
+    data->setHtml(u"丙<a href='%1'>乙</a>"_s.arg(link));
+    Paste(data);
+    EXPECT_EQ(Sheet().Note()->Html().count(link), 2);
+}
+
 TEST_F(ZelvorEditorTest, HtmlThatCannotBeReadIsPastedAsItsText) {
     New();
     auto* data = new QMimeData;
