@@ -1,6 +1,7 @@
 #include "host/app/SessionDrafts.h"
 
 #include "host/app/Faults.h"
+#include "host/app/RichRights.h"
 #include "host/services/RichTextMsgMng.h"
 #include "services/Factories.h"
 #include "services/IKXFilesMng.h"
@@ -26,6 +27,15 @@ QString PagePath(const site::Draft& draft) {
     return page == draft.text.files.end() ? QString() : page->path;
 }
 
+/// Nothing for a key that somebody else wrote into the folder.
+std::optional<site::RichPlace> PlaceOfDraft(const site::Draft& draft) {
+    try {
+        return RichPlaceOf(draft.text.key);
+    } catch (const site::DataError&) {
+        return std::nullopt;
+    }
+}
+
 QString SummaryOf(const site::Draft& draft) {
     QFile page(PagePath(draft));
     if (!page.open(QIODevice::ReadOnly)) {
@@ -41,24 +51,29 @@ QString SummaryOf(const site::Draft& draft) {
 
 } // namespace
 
+DraftRow SessionDrafts::RowOf(const site::Draft& draft) const {
+    DraftRow row;
+    row.id = draft.id;
+    row.state = draft.text.stateText;
+    row.summary = SummaryOf(draft);
+    row.at = draft.at;
+    row.keptUntil = draft.at + site::kDraftSeconds;
+    const QString project = m_session.Tables().ProjectName(draft.text.key.projectId);
+    row.place = u"%1（未打开的工程或已删除的位置）"_s.arg(project);
+    const site::Projects ppids = m_session.OpenPpids();
+    if (const auto place = PlaceOfDraft(draft)) {
+        row.place = m_session.Site().RichTexts().Where(ppids, *place).value_or(row.place);
+        const auto newest = m_session.Site().RichTexts().Newest(ppids, *place);
+        row.isOlder = newest && newest->text != draft.text.versionText;
+    }
+    return row;
+}
+
 DraftList SessionDrafts::ReadDrafts() {
     DraftList list;
     const bool isRead = WithoutFault(m_session, [&] {
-        const site::Projects ppids = m_session.OpenPpids();
         for (const site::Draft& draft : m_session.Site().Drafts().Of(m_session.UserName())) {
-            DraftRow row;
-            row.id = draft.id;
-            const site::RichPlace place = RichPlaceOf(draft.text.key);
-            const auto where = m_session.Site().RichTexts().Where(ppids, place);
-            const QString project = m_session.Tables().ProjectName(draft.text.key.projectId);
-            row.place = where ? *where : u"%1（未打开的工程或已删除的位置）"_s.arg(project);
-            row.state = draft.text.stateText;
-            row.summary = SummaryOf(draft);
-            row.at = draft.at;
-            row.keptUntil = draft.at + site::kDraftSeconds;
-            const auto newest = m_session.Site().RichTexts().Newest(ppids, place);
-            row.isOlder = newest && newest->text != draft.text.versionText;
-            list.rows.push_back(row);
+            list.rows.push_back(RowOf(draft));
         }
     });
     list.fault = isRead ? QString() : u"数据文件夹无法读取"_s;
@@ -125,7 +140,10 @@ QString SessionDrafts::SaveDraft(const site::Draft& draft) {
 
 bool SessionDrafts::BringBack(const QString& draftId) {
     const auto draft = Find(draftId);
-    const QString lack = draft ? SaveDraft(*draft) : u"草稿已不存在。"_s;
+    QString lack = draft ? LackOfRichRight() : u"草稿已不存在。"_s;
+    if (draft && lack.isEmpty()) {
+        lack = SaveDraft(*draft);
+    }
     if (!lack.isEmpty()) {
         m_session.Desk()->Report(MessageLevel::Warning, u"草稿未恢复："_s + lack);
         return false;

@@ -22,6 +22,7 @@ public:
     bool Remove(const QString& draft) override;
 
 private:
+    [[nodiscard]] DraftRow RowOf(const site::Draft& draft) const;
     [[nodiscard]] std::optional<site::Draft> Find(const QString& id);
     /// Uploads its files and saves it as the newest version. An empty text: done; else why not.
     [[nodiscard]] QString SaveDraft(const site::Draft& draft);

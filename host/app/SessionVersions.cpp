@@ -1,6 +1,7 @@
 #include "host/app/SessionVersions.h"
 
 #include "host/app/Faults.h"
+#include "host/app/RichRights.h"
 #include "host/services/SiteService.h"
 #include "services/Factories.h"
 #include "services/IKXFilesMng.h"
@@ -127,6 +128,11 @@ PageText SessionVersions::ReadText(const QString& record, qint64 version) {
 }
 
 bool SessionVersions::Restore(const QString& record, qint64 version) {
+    const QString lack = LackOfRichRight();
+    if (!lack.isEmpty()) {
+        m_session.Desk()->Report(MessageLevel::Warning, u"版本未恢复："_s + lack);
+        return false;
+    }
     bool isDone = false;
     const auto place = PlaceOf(record);
     WithoutFault(m_session, [&] {

@@ -236,6 +236,44 @@ TEST_F(RichRoad, AnEarlierVersionIsComparedAndComesBackFromTheMenu) {
     EXPECT_TRUE(PageOf(Newest()).contains(kTheirs));
 }
 
+TEST_F(RichRoad, InAWorksetNothingIsWrittenAndNoVersionComesBack) {
+    SaveByTheOther();
+    SaveByTheOther(site::kStateOpen);
+    ASSERT_TRUE(ChooseProject(u"工作集：总包"_s));
+    ASSERT_TRUE(Press(Qt::Key_H));
+    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"versionWindow"_s) != nullptr; }));
+    const QPointer<QWidget> window = tour::FindWindow(u"versionWindow"_s);
+    auto* versions = window->findChild<QAbstractItemView*>(u"versionTable"_s);
+    ASSERT_NE(versions, nullptr);
+    ASSERT_TRUE(WaitFor([&] { return hands::ClickCell(versions, 1, 0); }));
+    static_cast<void>(Agree([&] { ClickOn(*window, u"versionRestore"_s); }));
+    EXPECT_TRUE(WaitFor(
+        [this] { return !Messages().filter(u"版本未恢复：工作集中不能修改记录"_s).isEmpty(); }));
+    EXPECT_EQ(Newest().number, 2);
+}
+
+TEST_F(RichRoad, ADraftOfNoKindOfPlaceHidesNoOther) {
+    OpenViewer();
+    Write(kMine);
+    SaveByTheOther();
+    CloseAnswering(u"cancelButton"_s);
+    ASSERT_EQ(Drafts().size(), 1U);
+    const QByteArray told = folder.Read(u"data/drafts/%1/draft.json"_s.arg(Drafts()[0].id));
+    const QString odd = u"data/drafts/00000000-0000-4000-8000-000000000001/"_s;
+    folder.Write(odd + u"draft.json"_s,
+                 QByteArray(told).replace("\"objectType\":1", "\"objectType\":7"));
+    folder.Write(odd + Drafts()[0].text.files[0].name, "<p>x</p>");
+    ASSERT_EQ(Drafts().size(), 2U);
+    ASSERT_TRUE(WaitFor([this] {
+        return hands::PressKey(client->Window(), Qt::Key_D,
+                               Qt::ControlModifier | Qt::ShiftModifier);
+    }));
+    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"draftWindow"_s) != nullptr; }));
+    const auto* table =
+        tour::FindWindow(u"draftWindow"_s)->findChild<QAbstractItemView*>(u"draftTable"_s);
+    EXPECT_TRUE(WaitFor([&] { return table->model()->rowCount() == 2; }));
+}
+
 TEST_F(RichRoad, AnotherProjectSavesNothingAndLosesNothing) {
     OpenViewer();
     Write(kMine);
