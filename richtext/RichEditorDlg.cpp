@@ -237,7 +237,9 @@ bool CRichEditorDlg::LoadRichText() {
         editor->NewEditor(msg.docName, m_context.readOnly);
         return true;
     }
-    const richtext::Prepared prepared = richtext::PrepareFiles(msg.attachments);
+    // A pane that ends meanwhile forgets its record.
+    const std::vector<KX_DATA::RichAttachment> wanted = msg.attachments;
+    const richtext::Prepared prepared = richtext::PrepareFiles(wanted);
     if (!still) {
         return false;
     }
@@ -326,13 +328,15 @@ bool CRichEditorDlg::SaveChanges(const QString& state, const std::vector<NoteFil
         Tell(u"上传文件失败："_s + uploaded.error);
         return false;
     }
-    if (!GetRichTextMsgMng()->SaveRichText(state, msg, Key(), removed, uploaded.files)) {
+    const KX_DATA::RichTextMsg saved = msg;
+    const KX_DATA::RichTextKey key = Key();
+    if (!GetRichTextMsgMng()->SaveRichText(state, saved, key, removed, uploaded.files)) {
         Tell(u"富文本信息保存服务调用失败！"_s);
         return false;
     }
-    if (state != msg.stateText) {
+    if (state != saved.stateText) {
         toolkit::PostWindowEvent(toolkit::MainWindow(), WM_RICH_STATE_CHANGED,
-                                 quintptr(m_context.objectType), 0);
+                                 quintptr(key.objectType), 0);
     }
     DropLists();
     return true;
@@ -378,8 +382,9 @@ bool CRichEditorDlg::FetchAttachment(const QString& name, const QString& target,
         error = kNoAttachment;
         return false;
     }
+    const QString uuid = found->uuid;
     const Busy busy(Widget(), u"附件下载中......"_s);
-    return richtext::FetchRichFile(found->uuid, target, error);
+    return richtext::FetchRichFile(uuid, target, error);
 }
 
 void CRichEditorDlg::OpenAttachment(const QString& folderKey, const QString& attachmentName,
