@@ -16,6 +16,7 @@
 #include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QPointer>
@@ -272,6 +273,17 @@ TEST_F(RichRoad, ADraftOfNoKindOfPlaceHidesNoOther) {
     const auto* table =
         tour::FindWindow(u"draftWindow"_s)->findChild<QAbstractItemView*>(u"draftTable"_s);
     EXPECT_TRUE(WaitFor([&] { return table->model()->rowCount() == 2; }));
+}
+
+TEST_F(RichRoad, TheWordsToFindAreTypedIntoTheFinder) {
+    OpenViewer();
+    Write(kMine);
+    ASSERT_TRUE(
+        WaitFor([] { return hands::PressKey(Sheet(Viewer()), Qt::Key_F, Qt::ControlModifier); }));
+    const auto* wanted = tour::FindIn(Viewer(), u"wantedEdit"_s);
+    ASSERT_NE(wanted, nullptr);
+    EXPECT_TRUE(WaitFor([&] { return wanted->hasFocus(); }))
+        << QApplication::focusWidget()->objectName().toStdString();
 }
 
 TEST_F(RichRoad, AnotherProjectSavesNothingAndLosesNothing) {

@@ -72,8 +72,9 @@ QAction* NoteBar::Add(const Command& command, const Deed& deed) {
     action->setShortcut(command.keys);
     m_sheet.addAction(action);
     connect(action, &QAction::triggered, &m_sheet, [this, deed] {
-        deed();
+        // First: the finder takes the keyboard for itself.
         m_sheet.setFocus();
+        deed();
         ShowWhatHolds();
     });
     return action;
@@ -159,6 +160,15 @@ void NoteBar::AddParagraphCommands() {
         [this] { Indent(m_sheet.textCursor(), 1); });
 }
 
+void NoteBar::ChangeTable(TableDeed deed) {
+    const int first = m_sheet.textCursor().selectionStart();
+    Do(m_sheet.textCursor(), deed);
+    // What was selected are other cells now, whose text the next key would delete.
+    QTextCursor here = m_sheet.textCursor();
+    here.setPosition(std::min(first, m_sheet.document()->characterCount() - 1));
+    m_sheet.setTextCursor(here);
+}
+
 void NoteBar::AddInsertions() {
     Add({u"picture"_s, u"photo"_s, u"插入图片"_s, {}}, [this] { ChooseFiles(false); });
     AddTableMenu();
@@ -227,8 +237,8 @@ void NoteBar::AddTableMenu() {
                               std::pair(TableDeed::RemoveTable, u"删除表格"_s)};
     std::vector<std::pair<QAction*, TableDeed>> actions;
     for (const auto& [deed, text] : deeds) {
-        QAction* action = menu->addAction(text, &m_sheet,
-                                          [this, what = deed] { Do(m_sheet.textCursor(), what); });
+        QAction* action =
+            menu->addAction(text, &m_sheet, [this, what = deed] { ChangeTable(what); });
         actions.emplace_back(action, deed);
     }
     connect(menu, &QMenu::aboutToShow, &m_sheet, [this, actions] {

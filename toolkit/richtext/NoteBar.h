@@ -43,6 +43,7 @@ private:
     void AddTextCommands();
     void AddParagraphCommands();
     void AddInsertions();
+    void ChangeTable(TableDeed deed);
     void AddBoxes();
     void AddTableMenu();
     void ShowWhatHolds();

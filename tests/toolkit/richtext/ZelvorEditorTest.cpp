@@ -17,6 +17,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTextImageFormat>
+#include <QTextTable>
 #include <QToolBar>
 #include <QUrl>
 #include <QtTest/QTest>
@@ -398,6 +399,29 @@ TEST_F(ZelvorEditorTest, AnAttachmentIsOpenedByItsOwnerUnderTheNameThatTheStoreK
     EXPECT_THAT(notes.opened, SizeIs(1)) << "a click writes there";
     QTest::mouseClick(Sheet().viewport(), Qt::LeftButton, Qt::ControlModifier, at);
     EXPECT_THAT(notes.opened, SizeIs(2));
+}
+
+TEST_F(ZelvorEditorTest, AfterAMergeAKeyDeletesNothing) {
+    Load(u"<table><tr><td>甲</td><td></td><td></td></tr>"
+         "<tr><td>乙</td><td></td><td></td></tr></table>"_s);
+    QTextCursor cursor = Sheet().textCursor();
+    cursor.movePosition(QTextCursor::Start);
+    const QTextTable* table =
+        qobject_cast<QTextTable*>(Sheet().document()->rootFrame()->childFrames().value(0));
+    ASSERT_NE(table, nullptr);
+    cursor.setPosition(table->cellAt(0, 1).firstPosition());
+    cursor.setPosition(table->cellAt(1, 2).firstPosition(), QTextCursor::KeepAnchor);
+    ASSERT_TRUE(cursor.hasComplexSelection());
+    Sheet().setTextCursor(cursor);
+    for (QAction* action : editor.Widget()->findChildren<QAction*>()) {
+        if (action->text() == u"合并单元格"_s) {
+            action->trigger();
+        }
+    }
+    EXPECT_EQ(table->cellAt(0, 1).columnSpan(), 2);
+    QTest::keyClicks(&Sheet(), u"x"_s);
+    const QString text = Sheet().toPlainText();
+    EXPECT_TRUE(text.contains(u"甲"_s) && text.contains(u"乙"_s) && text.contains(u'x'));
 }
 
 TEST_F(ZelvorEditorTest, FindsGoesRoundAndReplaces) {
