@@ -3,6 +3,7 @@
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
 #include "toolkit/richtext/NoteEdit.h"
+#include "toolkit/richtext/NoteHtml.h"
 #include "toolkit/windows/Prompts.h"
 #include "toolkit/windows/WindowRegistry.h"
 
@@ -302,9 +303,15 @@ void NoteBar::AskForLink() {
         QInputDialog::getText(&m_sheet, u"插入链接"_s, u"网址（留空则取消链接）："_s,
                               QLineEdit::Normal, present, &isGiven)
             .trimmed();
-    if (isGiven) {
-        const bool isBare = !address.isEmpty() && !address.contains(u':');
-        SetLink(m_sheet.textCursor(), isBare ? u"https://"_s + address : address, address);
+    if (!isGiven) {
+        return;
+    }
+    const bool isBare = !address.isEmpty() && !address.contains(u':');
+    const QString whole = isBare ? u"https://"_s + address : address;
+    if (whole.isEmpty() || IsLinkAllowed(whole)) {
+        SetLink(m_sheet.textCursor(), whole, address);
+    } else {
+        emit m_sheet.Refused(u"只能链接到以 http://、https:// 或 mailto: 开头的地址。"_s);
     }
 }
 

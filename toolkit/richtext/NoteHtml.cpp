@@ -149,15 +149,6 @@ std::string LengthOf(std::string_view name, std::string_view value) {
     return number > most ? std::to_string(most) + (isShare ? "%" : "") : text.toStdString();
 }
 
-bool IsLinkAllowed(const QString& address) {
-    if (address.startsWith(kAttachmentScheme)) {
-        const QString rest = address.mid(kAttachmentScheme.size());
-        return IsStoreName(QStringView(rest).left(rest.indexOf(u'/')));
-    }
-    const QString scheme = QUrl(address, QUrl::StrictMode).scheme();
-    return scheme == u"http"_s || scheme == u"https"_s || scheme == u"mailto"_s;
-}
-
 /// Takes the parser's events and writes what is allowed.
 class NoteWriter final {
 public:
@@ -406,6 +397,15 @@ void Feed(htmlParserCtxt& parser, const QByteArray& bytes, const NoteWriter& wri
 }
 
 } // namespace
+
+bool IsLinkAllowed(const QString& address) {
+    if (address.startsWith(kAttachmentScheme)) {
+        const QString rest = address.mid(kAttachmentScheme.size());
+        return IsStoreName(QStringView(rest).left(rest.indexOf(u'/')));
+    }
+    const QString scheme = QUrl(address, QUrl::StrictMode).scheme();
+    return scheme == u"http"_s || scheme == u"https"_s || scheme == u"mailto"_s;
+}
 
 bool IsStoreName(QStringView name) {
     const QStringView digits = name.left(kMd5Digits);

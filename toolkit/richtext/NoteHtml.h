@@ -18,6 +18,9 @@ inline const QString kAttachmentScheme = QStringLiteral("attachment:");
 /// its ending with the dot, if it has one.
 [[nodiscard]] TOOLKIT_EXPORT bool IsStoreName(QStringView name);
 
+/// What a link of a document may lead to: the web, mail, an attachment.
+[[nodiscard]] TOOLKIT_EXPORT bool IsLinkAllowed(const QString& address);
+
 /// Gives what a document may call the file that stands under an address: the store name of a
 /// picture or the address of an attachment; nothing for one that isn't brought into the document.
 using KeepFile = std::function<QString(const QString& address)>;

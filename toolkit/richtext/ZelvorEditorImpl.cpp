@@ -4,6 +4,7 @@
 #include "toolkit/richtext/NoteBar.h"
 #include "toolkit/richtext/NoteEdit.h"
 #include "toolkit/richtext/NoteFinder.h"
+#include "toolkit/richtext/NoteHtml.h"
 #include "toolkit/richtext/NoteStore.h"
 #include "toolkit/windows/WindowEnd.h"
 #include "toolkit/windows/WindowRegistry.h"
@@ -226,7 +227,10 @@ bool CZelvorEditorImpl::SaveEditor() {
 void CZelvorEditorImpl::OpenLink(const QString& address) {
     const auto attachment = toolkit::AttachmentOf(address);
     if (!attachment) {
-        QDesktopServices::openUrl(QUrl(address));
+        // Text that isn't saved yet hasn't been through the document form.
+        if (toolkit::IsLinkAllowed(address)) {
+            QDesktopServices::openUrl(QUrl(address));
+        }
     } else if (m_notify != nullptr) {
         // Its owner looks for it by the name under which the store keeps it.
         m_notify->OnOpenAttachment(m_name, attachment->storeName, attachment->storeName);
