@@ -104,7 +104,7 @@ DraftFolder::DraftFolder(QString folderPath, std::function<qint64()> now)
     : m_folder(std::move(folderPath)), m_now(std::move(now)) {}
 
 void DraftFolder::Keep(const KX_DATA::RichTextDraft& draft, const QString& person) {
-    ForgetOld();
+    const std::vector<Draft> others = Young();
     const QString id = QUuid::createUuid().toString(QUuid::WithoutBraces);
     const QString part = m_folder + u'/' + kUnfinished + id;
     if (!MakeFolderSynced(part)) {
@@ -123,8 +123,8 @@ void DraftFolder::Keep(const KX_DATA::RichTextDraft& draft, const QString& perso
         throw;
     }
     SyncFolder(m_folder);
-    for (const Draft& other : All()) {
-        if (other.id != id && other.person == person && IsSame(other.text, draft)) {
+    for (const Draft& other : others) {
+        if (other.person == person && IsSame(other.text, draft)) {
             Remove(other.id);
         }
     }
@@ -181,8 +181,7 @@ std::vector<Draft> DraftFolder::All() const {
 }
 
 std::vector<Draft> DraftFolder::Of(const QString& person) {
-    ForgetOld();
-    std::vector<Draft> drafts = All();
+    std::vector<Draft> drafts = Young();
     std::erase_if(drafts, [&](const Draft& draft) { return draft.person != person; });
     return drafts;
 }
@@ -197,12 +196,15 @@ void DraftFolder::Remove(const QString& id) {
     }
 }
 
-void DraftFolder::ForgetOld() {
-    for (const Draft& draft : All()) {
-        if (draft.at + kDraftSeconds < m_now()) {
+std::vector<Draft> DraftFolder::Young() {
+    std::vector<Draft> drafts = All();
+    std::erase_if(drafts, [this](const Draft& draft) {
+        const bool isOld = draft.at + kDraftSeconds < m_now();
+        if (isOld) {
             Remove(draft.id);
         }
-    }
+        return isOld;
+    });
     for (const QString& name : EntriesOf(m_folder)) {
         const QString path = m_folder + u'/' + name;
         // A young one may be another client's that is at it now.
@@ -211,6 +213,7 @@ void DraftFolder::ForgetOld() {
             QDir(path).removeRecursively();
         }
     }
+    return drafts;
 }
 
 } // namespace site

@@ -22,7 +22,8 @@ public:
 private:
     [[nodiscard]] std::optional<Draft> Read(const QString& id) const;
     [[nodiscard]] std::vector<Draft> All() const;
-    void ForgetOld();
+    /// All whose time isn't over; removes the others, and what a crash left.
+    [[nodiscard]] std::vector<Draft> Young();
 
     QString m_folder;
     std::function<qint64()> m_now;

@@ -314,7 +314,7 @@ TEST_F(RichEditorTest, ASaveThatFailsIsToldAndTheCallerStays) {
 TEST_F(RichEditorTest, ATextThatCannotBeWrittenToTheDiskKeepsTheCaller) {
     Open();
     Write(u"我的"_s);
-    toolkit::SetEditorFolders({folder.Write(u"file"_s, "x") + u"/in/"_s, {}});
+    toolkit::SetEditorFolders({folder.Write(u"file"_s, "x") + u"/in/"_s});
     host.Log().Clear();
     EXPECT_FALSE(pane.SaveRichText());
     EXPECT_THAT(CallsOf(), IsEmpty());

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 RichFixture::RichFixture() {
     QString pages;
     host.paths.GetRichFolder(pages);
-    toolkit::SetEditorFolders({pages, {}});
+    toolkit::SetEditorFolders({pages});
     OnServer().docName = u"doc"_s;
     OnServer().editorName = u"李四"_s;
     OnServer().versionText = u"v1"_s;

@@ -6,15 +6,13 @@
 #include <QByteArray>
 #include <QString>
 
-#include <functional>
 #include <optional>
 
 namespace toolkit {
 
-/// The folders of the editor, each with "/" at its end.
+/// Where the editor has its files, with "/" at the end.
 struct EditorFolders {
-    QString pages;                                             ///< pages and their pictures
-    std::function<QString(const QString& name)> attachments{}; ///< of a document, by its name
+    QString pages; ///< pages and their pictures
 };
 
 /// Of every editor that is made from now on. Set by the program, once a place is known; without

@@ -32,7 +32,7 @@ void EditorNotes::OnOpenAttachment(const QString& folderKey, const QString& atta
 }
 
 EditorFixture::EditorFixture() {
-    toolkit::SetEditorFolders({pages, {}});
+    toolkit::SetEditorFolders({pages});
     owner.resize(700, 400);
     ownerId = toolkit::RegisterWindow(&owner, [this](const toolkit::WindowEvent& event) {
         ready += event.number == kEditorReady ? 1 : 0;

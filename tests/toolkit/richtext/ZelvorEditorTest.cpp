@@ -374,7 +374,7 @@ TEST_F(ZelvorEditorTest, APictureIsResizedByItsHandleInItsProportion) {
 TEST_F(ZelvorEditorTest, WhatCannotBeStoredIsToldByName) {
     New();
     QFile::remove(pages);
-    toolkit::SetEditorFolders({folder.Write(u"file"_s, "x") + u"/in/"_s, {}});
+    toolkit::SetEditorFolders({folder.Write(u"file"_s, "x") + u"/in/"_s});
     New();
     Sheet().InsertFiles({PictureFile(u"梁.jpg"_s)});
     EXPECT_TRUE(Notice().contains(u"梁.jpg"_s));

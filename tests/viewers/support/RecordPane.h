@@ -22,7 +22,7 @@ public:
         m_host.richAuth.enabled = true;
         QString pages;
         m_host.paths.GetRichFolder(pages);
-        toolkit::SetEditorFolders({pages, {}});
+        toolkit::SetEditorFolders({pages});
         const QByteArray page = "<p>雨后渗水</p>";
         KX_DATA::RichAttachment file;
         file.md5 =
