@@ -5,6 +5,7 @@
 #include "services/Factories.h"
 #include "services/IKXFilesMng.h"
 #include "toolkit/Clock.h"
+#include "toolkit/InterfaceThread.h"
 #include "toolkit/media/FileCopy.h"
 
 #include <QCoreApplication>
@@ -12,11 +13,8 @@
 #include <QUuid>
 
 #include <atomic>
-#include <deque>
-#include <functional>
 #include <list>
 #include <memory>
-#include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -51,48 +49,6 @@ void EndWithApplication() {
     Q_UNUSED(once);
 }
 
-/// What waits for the interface thread, in its order. Whoever puts something in keeps no part of
-/// it. Thread: any.
-class Mailbox final {
-public:
-    void Put(std::function<void()> what) {
-        const std::lock_guard lock(m_lock);
-        m_waiting.push_back(std::move(what));
-    }
-    /// Nothing while nothing waits.
-    std::function<void()> Take() {
-        const std::lock_guard lock(m_lock);
-        std::function<void()> next;
-        if (!m_waiting.empty()) {
-            next = std::move(m_waiting.front());
-            m_waiting.pop_front();
-        }
-        return next;
-    }
-
-private:
-    std::mutex m_lock; ///< guards what follows
-    std::deque<std::function<void()>> m_waiting;
-};
-
-Mailbox& TheMailbox() {
-    static Mailbox mailbox;
-    return mailbox;
-}
-
-/// On the interface thread, unless the application ends first.
-void Tell(std::function<void()> what) {
-    TheMailbox().Put(std::move(what));
-    QMetaObject::invokeMethod(
-        QCoreApplication::instance(),
-        [] {
-            if (const auto next = TheMailbox().Take()) {
-                next();
-            }
-        },
-        Qt::QueuedConnection);
-}
-
 bool Fail(const PickedFile& file, const QString& reason) {
     WriteLog(u"上传照片失败,文件=%1, 信息=%2"_s.arg(file.fileName, reason));
     return false;
@@ -117,13 +73,14 @@ void Run(const std::stop_token& stop, const UploadOrder& order,
         if (stop.stop_requested()) {
             return;
         }
-        Tell([report, number = int(at) + 1] { report->onFile(number); });
+        toolkit::CallOnInterfaceThread([report, number = int(at) + 1] { report->onFile(number); });
         KX_DATA::QuestionPicRecord record;
         if (UploadPicture(order.files[at], order.folder, order.uploader, record)) {
             stored.push_back(record);
         }
     }
-    Tell([ended = std::move(report), taken = std::move(stored)] { ended->onEnd(taken); });
+    toolkit::CallOnInterfaceThread(
+        [ended = std::move(report), taken = std::move(stored)] { ended->onEnd(taken); });
 }
 
 } // namespace
@@ -142,7 +99,7 @@ void StartUpload(UploadOrder order, UploadReport report) {
             });
     } catch (const std::system_error&) {
         uploads.pop_back();
-        Tell([shared] { shared->onEnd({}); });
+        toolkit::CallOnInterfaceThread([shared] { shared->onEnd({}); });
     }
 }
 

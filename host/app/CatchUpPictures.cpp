@@ -2,9 +2,9 @@
 
 #include "host/session/HostSession.h"
 #include "site/IClientFolders.h"
+#include "toolkit/InterfaceThread.h"
 #include "toolkit/media/PictureFile.h"
 
-#include <QCoreApplication>
 #include <QPointer>
 
 namespace host {
@@ -67,7 +67,7 @@ bool CatchUpPictures::Start(const Wish& wish) {
             picture = Small(path, size);
         }
         // Looked up on the interface thread: the list may be gone by then.
-        QMetaObject::invokeMethod(QCoreApplication::instance(), [self, uuid, picture] {
+        toolkit::CallOnInterfaceThread([self, uuid, picture] {
             if (self) {
                 self->Take(uuid, picture);
             }

@@ -26,6 +26,7 @@
 #include "host/ui/plan/FloorPlanView.h"
 #include "include/IKXVeskPicture.h"
 #include "site/ICatalogue.h"
+#include "toolkit/InterfaceThread.h"
 #include "toolkit/Look.h"
 #include "toolkit/windows/Notices.h"
 #include "toolkit/windows/WindowPlace.h"
@@ -33,6 +34,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QDir>
+#include <QPointer>
 #include <QTimer>
 #include <QToolTip>
 
@@ -213,12 +215,20 @@ void Client::ConnectWindow() {
 }
 
 void Client::ConnectSession() {
-    m_session.Desk()->SetMessageSink([this](MessageLevel level, const QString& text) {
-        // Transfers report from their own threads.
-        QMetaObject::invokeMethod(m_window.get(), [this, level, text] {
-            m_window->Messages().Show(KindOf(level), text);
+    m_session.Desk()->SetMessageSink(
+        [window = QPointer<MainWindow>(m_window.get())](MessageLevel level, const QString& text) {
+            const auto show = [window, level, text] {
+                if (window) {
+                    window->Messages().Show(KindOf(level), text);
+                }
+            };
+            // Transfers report from their own threads.
+            if (toolkit::IsInterfaceThread()) {
+                show();
+            } else {
+                toolkit::CallOnInterfaceThread(show);
+            }
         });
-    });
     m_serving.Around().withdraw = [this](const QString& beginning) {
         m_window->Messages().Withdraw(beginning);
     };

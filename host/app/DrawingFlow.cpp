@@ -6,9 +6,9 @@
 #include "include/IKXVeskPicture.h"
 #include "site/IChanges.h"
 #include "site/IClientFolders.h"
+#include "toolkit/InterfaceThread.h"
 #include "toolkit/Look.h"
 
-#include <QCoreApplication>
 #include <QPointer>
 
 #include <algorithm>
@@ -213,7 +213,7 @@ void DrawingFlow::OpenSheet() {
                               u".pdf"_s](site::IBlobs& blobs, const site::TransferTerms& terms) {
         const bool isThere = blobs.Fetch(uuid, path, terms).ok;
         // Looked up on the interface thread: the client may have ended by then.
-        QMetaObject::invokeMethod(QCoreApplication::instance(), [self, fetch, path, isThere] {
+        toolkit::CallOnInterfaceThread([self, fetch, path, isThere] {
             if (self) {
                 self->OnFetched(fetch, path, isThere);
             }
