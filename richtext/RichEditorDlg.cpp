@@ -11,6 +11,7 @@
 #include "services/IRichTextMsgMng.h"
 #include "toolkit/KXTools.h"
 #include "toolkit/Look.h"
+#include "toolkit/richtext/NoteEdit.h"
 #include "toolkit/richtext/ZelvorEditorImpl.h"
 #include "toolkit/windows/Prompts.h"
 #include "toolkit/windows/StillThere.h"
@@ -92,7 +93,7 @@ private:
     QPointer<QWidget> m_focus; ///< a part of the pane that had it; it loses it while disabled
 };
 
-CRichEditorDlg::CRichEditorDlg() {
+CRichEditorDlg::CRichEditorDlg() : m_writing([this] { KeepOpen(); }) {
     notify.pane = this;
 }
 
@@ -126,6 +127,7 @@ void CRichEditorDlg::OnCreated() {
     editor->Create(Id());
     editor->SetZvEditorNotify(&notify);
     editor->Widget()->show();
+    m_writing.Watch(*editor->Sheet());
     FillStates();
     LayoutPane();
 }
@@ -164,6 +166,8 @@ qintptr CRichEditorDlg::OnEvent(const toolkit::WindowEvent& event) {
 void CRichEditorDlg::OnDestroyed() {
     editorReady = false;
     KeepUnsaved();
+    // What could not be kept now stays kept open: a draft after the next start.
+    m_writing.Stop();
     if (editor) {
         editor->Destroy();
         editor.reset();
@@ -251,7 +255,36 @@ bool CRichEditorDlg::LoadRichText() {
     return true;
 }
 
+void CRichEditorDlg::KeepOpen() {
+    if (!editor || msg.docName.isEmpty() || m_context.readOnly != 0) {
+        return;
+    }
+    const auto unsaved = editor->LookAtUnsaved();
+    if (!unsaved) {
+        DropOpen();
+        return;
+    }
+    KX_DATA::RichTextDraft draft;
+    draft.key = Key();
+    draft.docName = msg.docName;
+    draft.versionText = msg.versionText;
+    draft.stateText = GetStateText();
+    draft.files = richtext::ListUploads({}, unsaved->files);
+    draft.page = unsaved->html.toUtf8();
+    m_isKeptOpen = true;
+    GetRichTextDrafts()->KeepOpen(draft);
+}
+
+void CRichEditorDlg::DropOpen() {
+    m_writing.Stop();
+    if (m_isKeptOpen) {
+        m_isKeptOpen = false;
+        GetRichTextDrafts()->DropOpen(Key(), msg.docName);
+    }
+}
+
 void CRichEditorDlg::DropLists() {
+    DropOpen();
     notify.fileLists.clear();
     ResetPane();
 }
@@ -303,6 +336,9 @@ void CRichEditorDlg::KeepDraft() {
     draft.stateText = GetStateText();
     draft.files = richtext::ListUploads({}, files);
     GetRichTextDrafts()->Keep(draft);
+    // It has taken the place of the open one.
+    m_writing.Stop();
+    m_isKeptOpen = false;
 }
 
 void CRichEditorDlg::KeepUnsaved() {

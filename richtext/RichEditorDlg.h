@@ -2,6 +2,7 @@
 #pragma once
 
 #include "richtext/RichEditorNotify.h"
+#include "richtext/WritingWatch.h"
 #include "services/RichTextRecords.h"
 #include "toolkit/windows/WindowObject.h"
 
@@ -82,6 +83,9 @@ private:
     void KeepDraft();
     /// The same for one that nobody asked to save, when the window ends.
     void KeepUnsaved();
+    /// What is being written, should the program end badly; nobody is asked or told.
+    void KeepOpen();
+    void DropOpen();
     void DropLists();
     void FillStates();
     void Tell(const QString& sentence) const;
@@ -89,6 +93,8 @@ private:
 
     std::unique_ptr<CZelvorEditorImpl> editor; ///< null until the window exists, and after closing
     CRichEditorNotify notify;
+    richtext::WritingWatch m_writing;
+    bool m_isKeptOpen = false; ///< the host keeps the open document
     RichContext m_context;
     KX_DATA::RichTextMsg msg;
     bool editorReady = false;

@@ -31,7 +31,17 @@ public:
 
     /// Copies the files. The same page of the same record, kept before, is replaced.
     virtual void Keep(const KX_DATA::RichTextDraft& draft, const QString& person) = 0;
-    /// Latest first. What can't be read is left out, and left alone.
+    /// The same for a text that is still being written. It is no draft while this client runs; its
+    /// files aren't forced onto the disk, so a power cut may take it. Replaces what was kept open
+    /// of the same document.
+    virtual void KeepOpen(const KX_DATA::RichTextDraft& draft, const QString& person) = 0;
+    /// Nothing if nothing is kept open.
+    virtual void DropOpen(const KX_DATA::RichTextKey& key, const QString& docName,
+                          const QString& person) = 0;
+    /// Makes drafts of what the person's clients that ended badly have kept open; how many.
+    virtual int AdoptOpen(const QString& person) = 0;
+    /// Without those that are still being written in some client, latest first. What can't be read
+    /// is left out, and left alone.
     [[nodiscard]] virtual std::vector<Draft> Of(const QString& person) = 0;
     /// Nothing if it isn't there any more.
     virtual void Remove(const QString& id) = 0;

@@ -9,6 +9,7 @@
 #include "host/import/ImportCommand.h"
 #include "host/session/HostSession.h"
 #include "toolkit/GbkText.h"
+#include "toolkit/InterfaceThread.h"
 #include "toolkit/Look.h"
 #include "toolkit/windows/Prompts.h"
 
@@ -16,6 +17,7 @@
 #include <QTextStream>
 
 #include <cstdio>
+#include <stop_token>
 
 namespace host {
 
@@ -110,6 +112,11 @@ int RunClient(const CommandLine& line) {
     if (const auto lack = client.Start(QCoreApplication::applicationDirPath())) {
         return TellFault(*lack);
     }
+    // Who signs out of the desktop, or ends the client from a terminal, loses no text.
+    StopSignals signalled;
+    const std::stop_callback quit(signalled.Token(), [] {
+        toolkit::CallOnInterfaceThread([] { QCoreApplication::quit(); });
+    });
     const int code = QApplication::exec();
     client.Stop();
     return code;

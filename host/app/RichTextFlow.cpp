@@ -1,11 +1,13 @@
 #include "host/app/RichTextFlow.h"
 
 #include "host/app/Faults.h"
+#include "host/services/RichTextDrafts.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/rich/DraftWindow.h"
 #include "host/ui/rich/VersionWindow.h"
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
+#include "site/IDrafts.h"
 #include "toolkit/richtext/NoteStore.h"
 
 #include <algorithm>
@@ -19,6 +21,7 @@ namespace {
 
 /// Between two times that windows are read anew, milliseconds.
 constexpr int kRichRereadPauseMs = 300;
+const QString kLeftOpen = u"上次未正常退出"_s;
 
 /// The record itself, or what its place is called by.
 bool MayBeAboutRecords(const site::Change& change) {
@@ -44,6 +47,7 @@ RichTextFlow::RichTextFlow(HostSession& hostSession, MainWindow& mainWindow)
     QString pages;
     GetVeskPathTool()->GetRichFolder(pages);
     toolkit::SetEditorFolders({pages});
+    WithoutFault(m_session, [this] { AdoptOpenTexts(); });
     WithoutFault(m_session, [this] {
         m_changes = m_session.Site().Changes().Subscribe(
             [this](const site::Changes& changes) { NoteChanges(changes); });
@@ -54,6 +58,17 @@ RichTextFlow::~RichTextFlow() {
     delete m_versions;
     delete m_drafts;
     toolkit::SetEditorFolders({});
+}
+
+void RichTextFlow::AdoptOpenTexts() {
+    const int count = m_session.Site().Drafts().AdoptOpen(m_session.UserName());
+    if (count > 0) {
+        m_window.Messages().Show(
+            MessageKind::Warning,
+            kLeftOpen +
+                u"，未保存的富文本（%1 份）已放入草稿箱，可以从“文件”菜单的“草稿箱”恢复。"_s.arg(
+                    count));
+    }
 }
 
 void RichTextFlow::ShowVersions() {
@@ -75,6 +90,9 @@ void RichTextFlow::ShowDrafts() {
             emit Changed();
         });
     }
+    // Whoever looks needs not be told any more.
+    m_window.Messages().Withdraw(kLeftOpen);
+    m_window.Messages().Withdraw(DraftKeptText());
     BringUp(*m_drafts);
 }
 

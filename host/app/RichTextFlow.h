@@ -37,6 +37,8 @@ signals:
     void Changed();
 
 private:
+    /// Makes drafts of what a client of this person that ended badly was writing.
+    void AdoptOpenTexts();
     void NoteChanges(const site::Changes& changes);
     void ReadAgain();
 

@@ -13,6 +13,11 @@ public:
     using SiteService::SiteService;
 
     void Keep(const KX_DATA::RichTextDraft& draft) override;
+    void KeepOpen(const KX_DATA::RichTextDraft& draft) override;
+    void DropOpen(const KX_DATA::RichTextKey& key, const QString& docName) override;
 };
+
+/// What the person is told of a text that is kept.
+[[nodiscard]] QString DraftKeptText();
 
 } // namespace host

@@ -4,6 +4,7 @@
 #include "site/blobs/FileSync.h"
 #include "site/blobs/FolderLook.h"
 
+#include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -11,9 +12,12 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLockFile>
 #include <QUuid>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace site {
@@ -40,7 +44,8 @@ QString NameInFolder(const KX_DATA::UploadItem& file, std::size_t index) {
     return file.kind == kPageFile && IsPlainName(file.name) ? file.name : u"file-%1"_s.arg(index);
 }
 
-QJsonObject ToldOf(const KX_DATA::RichTextDraft& draft, const QString& person, qint64 at) {
+QJsonObject ToldOf(const KX_DATA::RichTextDraft& draft, const QString& person, qint64 at,
+                   const QString& client) {
     QJsonArray files;
     for (std::size_t i = 0; i < draft.files.size(); ++i) {
         files.append(QJsonObject{{u"name"_s, draft.files[i].name},
@@ -57,6 +62,7 @@ QJsonObject ToldOf(const KX_DATA::RichTextDraft& draft, const QString& person, q
             {u"docName"_s, draft.docName},
             {u"version"_s, draft.versionText},
             {u"state"_s, draft.stateText},
+            {u"client"_s, client},
             {u"files"_s, files}};
 }
 
@@ -76,6 +82,16 @@ void CopyFile(const QString& from, const QString& to) {
     }
 }
 
+/// A second name costs nothing, and the files of an editor are called by their content: nobody
+/// writes into them.
+void LinkFile(const QString& from, const QString& to) {
+    std::error_code fault;
+    std::filesystem::create_hard_link(from.toStdU16String(), to.toStdU16String(), fault);
+    if (fault) {
+        CopyFile(from, to); // another disk, or one without second names
+    }
+}
+
 void WriteTold(const QJsonObject& told, const QString& path) {
     QFile file(path);
     const QByteArray bytes = QJsonDocument(told).toJson(QJsonDocument::Compact);
@@ -91,30 +107,56 @@ QString PageOf(const KX_DATA::RichTextDraft& draft) {
     return page == draft.files.end() ? QString() : page->name;
 }
 
+bool IsOf(const KX_DATA::RichTextDraft& draft, const KX_DATA::RichTextKey& key,
+          const QString& docName) {
+    return draft.docName == docName && draft.key.objectId == key.objectId &&
+           draft.key.subId == key.subId && draft.key.ownerId == key.ownerId &&
+           draft.key.projectId == key.projectId && draft.key.objectType == key.objectType;
+}
+
 bool IsSame(const KX_DATA::RichTextDraft& one, const KX_DATA::RichTextDraft& other) {
-    return one.docName == other.docName && one.key.objectId == other.key.objectId &&
-           one.key.subId == other.key.subId && one.key.ownerId == other.key.ownerId &&
-           one.key.projectId == other.key.projectId && one.key.objectType == other.key.objectType &&
-           PageOf(one) == PageOf(other);
+    return IsOf(one, other.key, other.docName) && PageOf(one) == PageOf(other);
+}
+
+QString Md5Of(const QByteArray& bytes) {
+    return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Md5).toHex());
+}
+
+void WriteAll(const QByteArray& bytes, const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush()) {
+        Fail(file.error() == QFileDevice::ResourceError, path);
+    }
 }
 
 } // namespace
 
 DraftFolder::DraftFolder(QString folderPath, std::function<qint64()> now)
-    : m_folder(std::move(folderPath)), m_now(std::move(now)) {}
+    : m_folder(std::move(folderPath)), m_now(std::move(now)),
+      m_client(QUuid::createUuid().toString(QUuid::WithoutBraces)) {}
 
-void DraftFolder::Keep(const KX_DATA::RichTextDraft& draft, const QString& person) {
-    const std::vector<Draft> others = Young();
+DraftFolder::~DraftFolder() = default;
+
+QString DraftFolder::Put(const KX_DATA::RichTextDraft& whole, const QString& person,
+                         const QString& client) {
     const QString id = QUuid::createUuid().toString(QUuid::WithoutBraces);
     const QString part = m_folder + u'/' + kUnfinished + id;
     if (!MakeFolderSynced(part)) {
         Fail(false, part);
     }
     try {
-        for (std::size_t i = 0; i < draft.files.size(); ++i) {
-            CopyFile(draft.files[i].path, part + u'/' + NameInFolder(draft.files[i], i));
+        KX_DATA::RichTextDraft draft = whole;
+        if (!draft.page.isEmpty()) {
+            const QString name = Md5Of(draft.page) + u".html"_s;
+            WriteAll(draft.page, part + u'/' + name);
+            draft.files.insert(draft.files.begin(), {part + u'/' + name, name, kPageFile});
         }
-        WriteTold(ToldOf(draft, person, m_now()), part + u'/' + kTold);
+        for (std::size_t i = draft.page.isEmpty() ? 0 : 1; i < draft.files.size(); ++i) {
+            const QString to = part + u'/' + NameInFolder(draft.files[i], i);
+            client.isEmpty() ? CopyFile(draft.files[i].path, to)
+                             : LinkFile(draft.files[i].path, to);
+        }
+        WriteTold(ToldOf(draft, person, m_now(), client), part + u'/' + kTold);
         if (!SyncFolder(part) || !QDir().rename(part, m_folder + u'/' + id)) {
             Fail(false, part);
         }
@@ -123,14 +165,93 @@ void DraftFolder::Keep(const KX_DATA::RichTextDraft& draft, const QString& perso
         throw;
     }
     SyncFolder(m_folder);
-    for (const Draft& other : others) {
-        if (other.person == person && IsSame(other.text, draft)) {
-            Remove(other.id);
+    return id;
+}
+
+void DraftFolder::Keep(const KX_DATA::RichTextDraft& draft, const QString& person) {
+    const std::vector<Found> others = Young();
+    Put(draft, person, {});
+    for (const Found& other : others) {
+        const bool isMine = other.draft.person == person;
+        const bool isTheOpenOne =
+            other.client == m_client && IsOf(other.draft.text, draft.key, draft.docName);
+        if (isMine &&
+            (isTheOpenOne || (other.client.isEmpty() && IsSame(other.draft.text, draft)))) {
+            Remove(other.draft.id);
         }
     }
 }
 
-std::optional<Draft> DraftFolder::Read(const QString& id) const {
+void DraftFolder::KeepOpen(const KX_DATA::RichTextDraft& draft, const QString& person) {
+    TellThatThisRuns();
+    const QString id = Put(draft, person, m_client);
+    for (const Found& other : All()) {
+        if (other.draft.id != id && other.client == m_client && other.draft.person == person &&
+            IsOf(other.draft.text, draft.key, draft.docName)) {
+            Remove(other.draft.id);
+        }
+    }
+}
+
+void DraftFolder::DropOpen(const KX_DATA::RichTextKey& key, const QString& docName,
+                           const QString& person) {
+    for (const Found& found : All()) {
+        if (found.client == m_client && found.draft.person == person &&
+            IsOf(found.draft.text, key, docName)) {
+            Remove(found.draft.id);
+        }
+    }
+}
+
+int DraftFolder::AdoptOpen(const QString& person) {
+    int adopted = 0;
+    for (const Found& found : All()) {
+        const bool isLeft = !found.client.isEmpty() && !IsRunning(found.client);
+        if (isLeft && found.draft.person == person) {
+            const QString told = found.draft.folder + kTold;
+            const QString whole = told + kUnfinished;
+            WriteTold(ToldOf(found.draft.text, person, found.draft.at, {}), whole);
+            std::error_code fault; // replaces, as QFile doesn't
+            std::filesystem::rename(whole.toStdU16String(), told.toStdU16String(), fault);
+            adopted += fault ? 0 : 1;
+        }
+    }
+    return adopted;
+}
+
+QString DraftFolder::SignOf(const QString& client) const {
+    return m_folder + u"/.client-"_s + client;
+}
+
+void DraftFolder::TellThatThisRuns() {
+    if (m_sign) {
+        return;
+    }
+    if (!MakeFolderSynced(m_folder)) {
+        Fail(false, m_folder);
+    }
+    auto sign = std::make_unique<QLockFile>(SignOf(m_client));
+    sign->setStaleLockTime(0); // as long as the process runs
+    if (!sign->tryLock(0)) {
+        Fail(false, SignOf(m_client));
+    }
+    m_sign = std::move(sign);
+}
+
+bool DraftFolder::IsRunning(const QString& client) const {
+    if (client == m_client) {
+        return true;
+    }
+    if (QUuid::fromString(client).isNull() || !IsThere(SignOf(client))) {
+        return false;
+    }
+    QLockFile sign(SignOf(client));
+    sign.setStaleLockTime(0);
+    // One that is left behind by a process that has ended can be taken, and goes with it.
+    return !sign.tryLock(0) && sign.error() == QLockFile::LockFailedError;
+}
+
+std::optional<DraftFolder::Found> DraftFolder::Read(const QString& id) const {
     const QString folder = m_folder + u'/' + id + u'/';
     QFile file(folder + kTold);
     if (!IsRealFile(folder + kTold) || file.size() > kMostTold || !file.open(QIODevice::ReadOnly)) {
@@ -163,11 +284,11 @@ std::optional<Draft> DraftFolder::Read(const QString& id) const {
     if (draft.person.isEmpty() || draft.text.files.empty()) {
         return std::nullopt;
     }
-    return draft;
+    return Found{draft, told[u"client"_s].toString()};
 }
 
-std::vector<Draft> DraftFolder::All() const {
-    std::vector<Draft> drafts;
+std::vector<DraftFolder::Found> DraftFolder::All() const {
+    std::vector<Found> drafts;
     for (const QString& name : EntriesOf(m_folder)) {
         if (QUuid::fromString(name).isNull()) {
             continue;
@@ -176,13 +297,18 @@ std::vector<Draft> DraftFolder::All() const {
             drafts.push_back(*std::move(draft));
         }
     }
-    std::ranges::stable_sort(drafts, [](const Draft& a, const Draft& b) { return a.at > b.at; });
+    std::ranges::stable_sort(
+        drafts, [](const Found& a, const Found& b) { return a.draft.at > b.draft.at; });
     return drafts;
 }
 
 std::vector<Draft> DraftFolder::Of(const QString& person) {
-    std::vector<Draft> drafts = Young();
-    std::erase_if(drafts, [&](const Draft& draft) { return draft.person != person; });
+    std::vector<Draft> drafts;
+    for (Found& found : Young()) {
+        if (found.draft.person == person && (found.client.isEmpty() || !IsRunning(found.client))) {
+            drafts.push_back(std::move(found.draft));
+        }
+    }
     return drafts;
 }
 
@@ -196,12 +322,12 @@ void DraftFolder::Remove(const QString& id) {
     }
 }
 
-std::vector<Draft> DraftFolder::Young() {
-    std::vector<Draft> drafts = All();
-    std::erase_if(drafts, [this](const Draft& draft) {
-        const bool isOld = draft.at + kDraftSeconds < m_now();
+std::vector<DraftFolder::Found> DraftFolder::Young() {
+    std::vector<Found> drafts = All();
+    std::erase_if(drafts, [this](const Found& found) {
+        const bool isOld = found.draft.at + kDraftSeconds < m_now();
         if (isOld) {
-            Remove(draft.id);
+            Remove(found.draft.id);
         }
         return isOld;
     });

@@ -130,6 +130,22 @@ TEST_P(Drafts, ATextThatWasNotSavedIsKeptForWhoWroteIt) {
     EXPECT_TRUE(site->Drafts().empty());
 }
 
+TEST_P(Drafts, ATextThatIsStillWrittenIsNoDraftUntilItIsGivenUp) {
+    KX_DATA::RichTextDraft draft;
+    draft.key = {u"K"_s, 7, first, first, 1};
+    draft.docName = u"doc"_s;
+    draft.page = "<p>open</p>";
+    on.drafts->KeepOpen(draft);
+    EXPECT_TRUE(site->Drafts().empty());
+    on.drafts->DropOpen(draft.key, draft.docName);
+    on.drafts->DropOpen(draft.key, draft.docName);
+    EXPECT_TRUE(site->Drafts().empty());
+    on.drafts->KeepOpen(draft);
+    on.drafts->Keep(draft);
+    on.drafts->DropOpen(draft.key, draft.docName);
+    EXPECT_EQ(site->Drafts().size(), 1U) << "what is given up stays";
+}
+
 class RichTexts : public WithPlaces<Contract> {};
 ON_EVERY_SITE(RichTexts);
 

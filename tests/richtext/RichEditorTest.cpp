@@ -1,4 +1,6 @@
 // The pane of rich texts: loading, saving, the check for somebody else's save, attachments.
+#include "services/Factories.h"
+#include "services/IKXPathMng.h"
 #include "tests/richtext/RichFixture.h"
 #include "tests/support/Hands.h"
 #include "tests/support/ModalVisit.h"
@@ -7,6 +9,7 @@
 #include "toolkit/richtext/NoteStore.h"
 #include "toolkit/richtext/ZelvorEditorImpl.h"
 
+#include <QDir>
 #include <QFile>
 #include <QPushButton>
 #include <QtTest/QTest>
@@ -220,6 +223,48 @@ TEST_F(RichEditorTest, APaneThatEndsUnaskedKeepsADraftOnce) {
     pane.ClosePane();
     EXPECT_THAT(host.drafts.kept, SizeIs(1));
     EXPECT_EQ(Log().CountOf("SaveRichText"), 0);
+}
+
+TEST_F(RichEditorTest, WhatIsBeingWrittenIsKeptOpenUntilItIsSaved) {
+    Open();
+    Write(u"我的"_s);
+    EXPECT_THAT(host.drafts.open, IsEmpty());
+    ASSERT_TRUE(support::WaitFor([&] { return !host.drafts.open.empty(); }));
+    const KX_DATA::RichTextDraft& draft = host.drafts.open[0];
+    EXPECT_EQ(draft.key.objectId, u"A-1");
+    EXPECT_EQ(draft.docName, u"doc");
+    EXPECT_EQ(draft.versionText, u"v1");
+    EXPECT_EQ(draft.stateText, u"整改中");
+    EXPECT_TRUE(QString::fromUtf8(draft.page).contains(u"雨后渗水我的"_s));
+    EXPECT_EQ(Log().CountOf("UploadFile"), 0);
+    EXPECT_TRUE(pane.SaveRichText());
+    EXPECT_EQ(Log().CountOf("SaveRichText"), 1);
+    EXPECT_THAT(host.drafts.open, IsEmpty());
+    EXPECT_THAT(host.drafts.kept, IsEmpty());
+}
+
+TEST_F(RichEditorTest, WhatIsKeptOpenAndTakenBackIsNoChange) {
+    Open();
+    Write(u"我的"_s);
+    ASSERT_TRUE(support::WaitFor([&] { return !host.drafts.open.empty(); }));
+    pane.Editor()->Sheet()->undo();
+    ASSERT_TRUE(support::WaitFor([&] { return host.drafts.open.empty(); }));
+    EXPECT_TRUE(pane.SaveRichText());
+    EXPECT_EQ(Log().CountOf("SaveRichText"), 0) << "keeping told nobody of a change";
+}
+
+TEST_F(RichEditorTest, AFullDiskAtTheEndLeavesWhatIsKeptOpen) {
+    Open();
+    Write(u"我的"_s);
+    ASSERT_TRUE(support::WaitFor([&] { return !host.drafts.open.empty(); }));
+    QString pages;
+    GetVeskPathTool()->GetRichFolder(pages);
+    QDir(pages).removeRecursively();
+    QFile inTheWay(pages.chopped(1));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    pane.ClosePane();
+    EXPECT_THAT(host.drafts.open, SizeIs(1));
+    EXPECT_THAT(host.drafts.kept, IsEmpty());
 }
 
 TEST_F(RichEditorTest, AReadOnlyPaneKeepsNoDraft) {

@@ -1,11 +1,15 @@
 #include "tests/roads/SmallSite.h"
 #include "tests/support/TempFolder.h"
+#include "tests/support/WaitFor.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 
 #include <gtest/gtest.h>
+
+#include <csignal>
 
 namespace roads {
 namespace {
@@ -112,6 +116,31 @@ TEST(Program, ImportsAFolderFromTheCommandLineAndDoesNotDoubleIt) {
     const ProgramEnd second = RunProgram(words, false);
     EXPECT_EQ(second.code, 0);
     EXPECT_TRUE(second.out.contains(u"导入 0 张照片，重复 1 张"_s)) << second.out.toStdString();
+}
+
+/// Whether a process has its own answer to a signal.
+bool Catches(qint64 process, int signal) {
+    QFile status(u"/proc/%1/status"_s.arg(process));
+    static_cast<void>(status.open(QIODevice::ReadOnly));
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith("SigCgt:")) {
+            return ((line.mid(7).trimmed().toULongLong(nullptr, 16) >> (signal - 1)) & 1) != 0;
+        }
+    }
+    return false;
+}
+
+TEST(Program, AClientThatIsToldToEndEndsAsFromItsMenu) {
+    const support::TempFolder folder;
+    static_cast<void>(MakeSmallSite(folder.Path(u"data"_s)));
+    QProcess client;
+    client.start(QDir(QCoreApplication::applicationDirPath()).filePath(u"vesk-client"_s),
+                 {u"--data"_s, folder.Path(u"data"_s), u"--user"_s, u"张伟"_s});
+    ASSERT_TRUE(support::WaitFor([&] { return Catches(client.processId(), SIGTERM); }));
+    client.terminate();
+    ASSERT_TRUE(client.waitForFinished(60'000));
+    EXPECT_EQ(client.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(client.exitCode(), 0);
 }
 
 } // namespace

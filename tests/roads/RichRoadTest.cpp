@@ -18,6 +18,8 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QPointer>
 
@@ -284,6 +286,50 @@ TEST_F(RichRoad, TheWordsToFindAreTypedIntoTheFinder) {
     ASSERT_NE(wanted, nullptr);
     EXPECT_TRUE(WaitFor([&] { return wanted->hasFocus(); }))
         << QApplication::focusWidget()->objectName().toStdString();
+}
+
+TEST_F(RichRoad, WhatIsBeingWrittenWhenTheProcessIsKilledIsADraftOfTheNextStart) {
+    OpenViewer();
+    Write(kMine);
+    const QDir drafts(folder.Path(u"data/drafts"_s));
+    const auto open = [&] { return drafts.entryList(QDir::Dirs | QDir::NoDotAndDotDot); };
+    ASSERT_TRUE(WaitFor([&] { return open().size() == 1; }));
+    EXPECT_TRUE(Drafts().empty()) << "it is on the screen";
+    // Without the sign of a client that runs nobody writes it any more.
+    const QStringList signs = drafts.entryList({u".client-*"_s}, QDir::Files | QDir::Hidden);
+    ASSERT_EQ(signs.size(), 1);
+    ASSERT_TRUE(QFile::remove(drafts.filePath(signs[0])));
+    const site::OpenedSite next = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+    ASSERT_NE(next.site, nullptr);
+    EXPECT_EQ(next.site->Drafts().AdoptOpen(u"张伟"_s), 1);
+    ASSERT_EQ(next.site->Drafts().Of(u"张伟"_s).size(), 1U);
+    const site::Draft draft = next.site->Drafts().Of(u"张伟"_s)[0];
+    EXPECT_TRUE(folder.Read(u"data/drafts/%1/%2"_s.arg(draft.id, draft.text.files[0].name))
+                    .contains(kMine.toUtf8()));
+}
+
+TEST_F(RichRoad, AClientTellsOfTextsThatOneBeforeItLeftOpenUntilSomebodyLooks) {
+    End();
+    {
+        const site::OpenedSite before = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+        ASSERT_NE(before.site, nullptr);
+        KX_DATA::RichTextDraft text;
+        text.key = {site.positionKey, 1, 0, site.firstProject, 1};
+        text.docName = u"doc"_s;
+        text.page = "<p>half</p>";
+        before.site->Drafts().KeepOpen(text, u"张伟"_s);
+    }
+    ASSERT_FALSE(session.Open(folder.Path(u"data"_s)));
+    ASSERT_TRUE(session.SignIn(u"张伟"_s));
+    Start();
+    const auto told = [this] { return Messages().filter(u"上次未正常退出"_s); };
+    EXPECT_TRUE(WaitFor([&] { return told().size() == 1; }));
+    ASSERT_TRUE(WaitFor([this] {
+        return hands::PressKey(client->Window(), Qt::Key_D,
+                               Qt::ControlModifier | Qt::ShiftModifier);
+    }));
+    EXPECT_TRUE(WaitFor([&] { return told().isEmpty(); }));
+    EXPECT_EQ(Drafts().size(), 1U);
 }
 
 TEST_F(RichRoad, AnotherProjectSavesNothingAndLosesNothing) {

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSysInfo>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -181,4 +182,106 @@ TEST_F(DraftsTest, WhatSomebodyIsMakingNowAndWhatIsForeignStays) {
     folder.Write(u"drafts/foreign/x"_s, "1");
     EXPECT_THAT(Mine(), IsEmpty());
     EXPECT_THAT(Entries(), SizeIs(2));
+}
+
+namespace {
+
+/// A sign of a client whose process has ended; no system gives so high a number.
+QByteArray SignOfTheDead() {
+    return "2147483646\nvesk\n" + QSysInfo::machineHostName().toUtf8() + "\n";
+}
+
+} // namespace
+
+TEST_F(DraftsTest, WhatIsStillWrittenIsNoDraftInAnyClient) {
+    KX_DATA::RichTextDraft text = Text();
+    text.files.erase(text.files.begin());
+    text.page = "<p>open</p>";
+    drafts.KeepOpen(text, u"张工"_s);
+    EXPECT_THAT(Mine(), IsEmpty());
+    EXPECT_EQ(drafts.AdoptOpen(u"张工"_s), 0);
+    site::DraftFolder other(folder.Path(u"drafts"_s), [this] { return now; });
+    EXPECT_THAT(other.Of(u"张工"_s), IsEmpty());
+    EXPECT_EQ(other.AdoptOpen(u"张工"_s), 0) << "its client runs";
+}
+
+TEST_F(DraftsTest, WhatAClientLeftOpenIsADraftWhenItHasEnded) {
+    KX_DATA::RichTextDraft text = Text();
+    text.files.erase(text.files.begin());
+    text.page = "<p>open</p>";
+    {
+        site::DraftFolder ended(folder.Path(u"drafts"_s), [this] { return now; });
+        ended.KeepOpen(text, u"张工"_s);
+    }
+    now += 100;
+    EXPECT_EQ(drafts.AdoptOpen(u"李四"_s), 0) << "another person's";
+    EXPECT_EQ(drafts.AdoptOpen(u"张工"_s), 1);
+    EXPECT_EQ(drafts.AdoptOpen(u"张工"_s), 0) << "told once";
+    ASSERT_THAT(Mine(), SizeIs(1));
+    const site::Draft draft = Mine()[0];
+    EXPECT_EQ(draft.at, now - 100) << "when it was written";
+    EXPECT_EQ(draft.text.versionText, u"v3");
+    ASSERT_THAT(draft.text.files, SizeIs(3));
+    EXPECT_TRUE(draft.text.files[0].name.endsWith(u".html"_s));
+    EXPECT_EQ(Bytes(draft.text.files[0].path), "<p>open</p>");
+    EXPECT_EQ(Bytes(draft.text.files[1].path), "picture");
+    EXPECT_EQ(draft.text.files[2].name, u"表 1.pdf");
+    EXPECT_EQ(Bytes(draft.text.files[2].path), "attached");
+}
+
+TEST_F(DraftsTest, AClientThatWasKilledIsNotTakenForOneThatRuns) {
+    KX_DATA::RichTextDraft text = Text();
+    text.page = "<p>open</p>";
+    QString sign;
+    {
+        site::DraftFolder killed(folder.Path(u"drafts"_s), [this] { return now; });
+        killed.KeepOpen(text, u"张工"_s);
+        sign = Entries().filter(u".client-"_s).at(0);
+    }
+    folder.Write(u"drafts/"_s + sign, SignOfTheDead());
+    EXPECT_EQ(drafts.AdoptOpen(u"张工"_s), 1);
+    EXPECT_THAT(Mine(), SizeIs(1));
+    EXPECT_THAT(Entries(), SizeIs(1)) << "the sign has gone";
+}
+
+TEST_F(DraftsTest, OneDocumentIsKeptOpenOnceAndDroppedByItself) {
+    KX_DATA::RichTextDraft text = Text();
+    text.page = "<p>1</p>";
+    drafts.KeepOpen(text, u"张工"_s);
+    text.page = "<p>2</p>";
+    drafts.KeepOpen(text, u"张工"_s);
+    KX_DATA::RichTextDraft elsewhere = text;
+    elsewhere.key.subId = 8;
+    drafts.KeepOpen(elsewhere, u"张工"_s);
+    EXPECT_THAT(Entries(), SizeIs(3)) << "two texts and the client's sign";
+    drafts.DropOpen(text.key, u"another"_s, u"张工"_s);
+    drafts.DropOpen(text.key, text.docName, u"李四"_s);
+    EXPECT_THAT(Entries(), SizeIs(3));
+    drafts.DropOpen(text.key, text.docName, u"张工"_s);
+    EXPECT_THAT(Entries(), SizeIs(2));
+}
+
+TEST_F(DraftsTest, AGivenUpTextTakesThePlaceOfTheOpenOneAndLeavesOtherClients) {
+    KX_DATA::RichTextDraft text = Text();
+    text.page = "<p>open</p>";
+    site::DraftFolder other(folder.Path(u"drafts"_s), [this] { return now; });
+    other.KeepOpen(text, u"张工"_s);
+    drafts.KeepOpen(text, u"张工"_s);
+    Keep(Text());
+    EXPECT_THAT(Mine(), SizeIs(1));
+    drafts.DropOpen(text.key, text.docName, u"张工"_s);
+    EXPECT_THAT(Mine(), SizeIs(1)) << "it is no open one any more";
+    EXPECT_THAT(Entries(), SizeIs(4)) << "a draft, the other client's text, two signs";
+}
+
+TEST_F(DraftsTest, FilesOfAnOpenTextMayGoToo) {
+    KX_DATA::RichTextDraft text = Text();
+    text.page = "<p>open</p>";
+    {
+        site::DraftFolder ended(folder.Path(u"drafts"_s), [this] { return now; });
+        ended.KeepOpen(text, u"张工"_s);
+    }
+    QDir(folder.Path(u"rich"_s)).removeRecursively();
+    drafts.AdoptOpen(u"张工"_s);
+    EXPECT_EQ(Bytes(Mine().at(0).text.files[2].path), "picture");
 }

@@ -198,13 +198,21 @@ void CZelvorEditorImpl::LoadEditor(const QString& name, const std::vector<QStrin
     Show(QString::fromUtf8(file.readAll()), name, readOnly);
 }
 
-bool CZelvorEditorImpl::SaveEditor() {
+std::optional<CZelvorEditorImpl::Unsaved> CZelvorEditorImpl::LookAtUnsaved() const {
     const toolkit::NoteEdit* sheet = Sheet();
     // What was told and is undone since is a change to whoever took it.
     if (sheet == nullptr || m_isBroken || (!sheet->Note()->isModified() && !m_isTold)) {
+        return std::nullopt;
+    }
+    return Unsaved{sheet->Note()->Html(), sheet->Note()->Files()};
+}
+
+bool CZelvorEditorImpl::SaveEditor() {
+    const std::optional<Unsaved> unsaved = LookAtUnsaved();
+    if (!unsaved) {
         return true;
     }
-    const QString html = sheet->Note()->Html();
+    const QString& html = unsaved->html;
     const auto page =
         toolkit::StoreBytes(html.toUtf8(), toolkit::TheEditorFolders().pages, kPageEnding);
     if (!page) {
@@ -212,14 +220,14 @@ bool CZelvorEditorImpl::SaveEditor() {
         return false;
     }
     m_lastHtml = html;
-    std::vector<NoteFile> files = sheet->Note()->Files();
+    std::vector<NoteFile> files = unsaved->files;
     NoteFile file;
     file.storeName = *page;
     file.localPath = toolkit::TheEditorFolders().pages + *page;
     files.insert(files.begin(), file);
     m_isTold = true;
     if (m_notify != nullptr) {
-        m_notify->OnFilesChanged(m_name, files, sheet->Note()->toPlainText());
+        m_notify->OnFilesChanged(m_name, files, Sheet()->Note()->toPlainText());
     }
     return true;
 }

@@ -38,6 +38,12 @@ public:
     /// it was loaded; nothing at all otherwise. False: it couldn't be written, which the editor
     /// says.
     bool SaveEditor();
+    /// What a save would write and tell now; writes and tells nothing. Nothing if it would neither.
+    struct Unsaved {
+        QString html;
+        std::vector<NoteFile> files; ///< without the page
+    };
+    [[nodiscard]] std::optional<Unsaved> LookAtUnsaved() const;
     /// As the document was at the last load or save.
     void GetLastHtml(QString& html) const;
     void SetReadOnly(qint32 readOnly);

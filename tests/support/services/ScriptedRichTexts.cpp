@@ -228,9 +228,22 @@ ScriptedRichTextMsgMng::NextFiles(const Place& place, const QString& base,
 void ScriptedRichTextDrafts::Keep(const KX_DATA::RichTextDraft& draft) {
     if (m_script.Call("KeepDraft", {Arg("id", draft.key.objectId), Arg("state", draft.stateText),
                                     Arg("files", qint32(draft.files.size()))})) {
+        DropOpen(draft.key, draft.docName);
         kept.push_back(draft);
         m_people.push_back(person != nullptr ? *person : std::string());
     }
+}
+
+// Both come by the clock, so they are no calls of a script.
+void ScriptedRichTextDrafts::KeepOpen(const KX_DATA::RichTextDraft& draft) {
+    DropOpen(draft.key, draft.docName);
+    open.push_back(draft);
+}
+
+void ScriptedRichTextDrafts::DropOpen(const KX_DATA::RichTextKey& key, const QString& docName) {
+    std::erase_if(open, [&](const KX_DATA::RichTextDraft& draft) {
+        return draft.docName == docName && draft.key.objectId == key.objectId;
+    });
 }
 
 std::vector<KX_DATA::RichTextDraft> ScriptedRichTextDrafts::Of(const std::string& name) const {

@@ -77,12 +77,15 @@ public:
     explicit ScriptedRichTextDrafts(Script& script) : m_script(script) {}
 
     std::vector<KX_DATA::RichTextDraft> kept;
-    const std::string* person = nullptr; ///< who is signed in; null: nobody asks
+    std::vector<KX_DATA::RichTextDraft> open; ///< still being written
+    const std::string* person = nullptr;      ///< who is signed in; null: nobody asks
 
     /// The latest first.
     [[nodiscard]] std::vector<KX_DATA::RichTextDraft> Of(const std::string& name) const;
 
     void Keep(const KX_DATA::RichTextDraft& draft) override;
+    void KeepOpen(const KX_DATA::RichTextDraft& draft) override;
+    void DropOpen(const KX_DATA::RichTextKey& key, const QString& docName) override;
 
 private:
     std::vector<std::string> m_people; ///< of what is kept
