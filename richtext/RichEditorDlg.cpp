@@ -20,6 +20,7 @@
 
 #include <QComboBox>
 #include <QFile>
+#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -38,13 +39,31 @@ constexpr int kRowHeight = 28;
 const QString kNoAttachment = u"附件文件不存在！"_s;
 const QString kNoRecord = u"富文本信息获取服务调用失败！"_s;
 
-/// What a system may run when it is opened.
-bool IsProgram(const QString& name) {
+const QString kProgramQuestion = u"附件“%1”是可以运行的程序，可能有害。确定要打开它吗？"_s;
+
+/// As its author called it; one that isn't saved yet has the store's name.
+QString ShownName(const std::vector<KX_DATA::RichAttachment>& attachments,
+                  const QString& storeName) {
+    const auto found = std::ranges::find_if(attachments, [&](const auto& attachment) {
+        return richtext::StoreNameOf(attachment) == storeName;
+    });
+    return found == attachments.end() ? storeName : found->name;
+}
+
+/// What a system may run when it is opened: by its ending, or by what it begins with.
+bool IsProgram(const QString& path) {
     static const std::set<QString> endings = {
         u"bat"_s, u"cmd"_s, u"com"_s, u"cpl"_s, u"desktop"_s, u"exe"_s, u"hta"_s,     u"jar"_s,
         u"js"_s,  u"jse"_s, u"lnk"_s, u"msi"_s, u"pif"_s,     u"ps1"_s, u"py"_s,      u"scr"_s,
         u"sh"_s,  u"url"_s, u"vbe"_s, u"vbs"_s, u"wsf"_s,     u"run"_s, u"appimage"_s};
-    return endings.contains(name.mid(name.lastIndexOf(u'.') + 1).toLower());
+    if (endings.contains(QFileInfo(path).suffix().toLower())) {
+        return true;
+    }
+    QFile file(path);
+    const QByteArray begin = file.open(QIODevice::ReadOnly) ? file.read(4) : QByteArray();
+    return begin.startsWith("#!") || begin.startsWith("MZ") ||
+           begin == "\x7f"
+                    "ELF";
 }
 
 } // namespace
@@ -436,6 +455,7 @@ void CRichEditorDlg::OpenAttachment(const QString& folderKey, const QString& att
         }
         return;
     }
+    const QString shown = ShownName(msg.attachments, attachmentName);
     QString openPath;
     GetVeskPathTool()->GetOpenFolder(openPath);
     openPath += attachmentName;
@@ -444,11 +464,13 @@ void CRichEditorDlg::OpenAttachment(const QString& folderKey, const QString& att
         // Whatever came with it, the system runs nothing of it by itself.
         QFile::setPermissions(openPath, QFile::ReadOwner | QFile::WriteOwner);
     }
-    if (IsProgram(attachmentName) &&
-        !toolkit::Prompts().AskYesNo(Id(), u"附件是可以运行的程序，可能有害。确定要打开它吗？"_s)) {
+    if (IsProgram(openPath) && !toolkit::Prompts().AskNoYes(Id(), kProgramQuestion.arg(shown))) {
         return;
     }
-    toolkit::Prompts().OpenFile(openPath);
+    const bool isOpened = toolkit::Prompts().OpenFile(openPath);
+    if (still && !isOpened) {
+        Tell(u"没有可以打开该附件的程序：%1"_s.arg(shown));
+    }
     if (still) {
         LayoutPane();
     }

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 namespace site {
@@ -43,6 +44,8 @@ public:
     /// Without those that are still being written in some client, latest first. What can't be read
     /// is left out, and left alone.
     [[nodiscard]] virtual std::vector<Draft> Of(const QString& person) = 0;
+    /// Nothing if it isn't one of the person's, or none any more.
+    [[nodiscard]] virtual std::optional<Draft> One(const QString& id, const QString& person) = 0;
     /// Nothing if it isn't there any more.
     virtual void Remove(const QString& id) = 0;
 };

@@ -18,4 +18,14 @@ template <typename Work> bool WithoutFault(const HostSession& session, Work&& wo
     }
 }
 
+/// Does something with the data; gives the fault as a sentence, empty without one.
+template <typename Work> QString FaultOfWork(Work&& work) {
+    try {
+        std::forward<Work>(work)();
+        return {};
+    } catch (const site::DataError& error) {
+        return error.Text();
+    }
+}
+
 } // namespace host

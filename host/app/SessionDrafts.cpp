@@ -18,11 +18,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kSummaryLetters = 60;
+constexpr qint32 kOfThePage = 1;             ///< kind of a file
 constexpr qint64 kMostOfSummary = 64 * 1024; ///< of a page; its first words stand there
 
 QString PagePath(const site::Draft& draft) {
     const auto page = std::ranges::find_if(draft.text.files, [](const auto& file) {
-        return file.kind == 1 && file.name.endsWith(u".html"_s);
+        return file.kind == kOfThePage && file.name.endsWith(u".html"_s);
     });
     return page == draft.text.files.end() ? QString() : page->path;
 }
@@ -34,6 +35,15 @@ std::optional<site::RichPlace> PlaceOfDraft(const site::Draft& draft) {
     } catch (const site::DataError&) {
         return std::nullopt;
     }
+}
+
+/// What the record has already of a page's files, which are called by their content.
+std::optional<KX_DATA::RichAttachment> SameIn(const std::vector<KX_DATA::RichAttachment>& files,
+                                              const KX_DATA::UploadItem& item) {
+    const auto same = std::ranges::find_if(files, [&](const KX_DATA::RichAttachment& file) {
+        return item.kind == kOfThePage && file.kind == item.kind && file.name == item.name;
+    });
+    return same == files.end() ? std::nullopt : std::optional(*same);
 }
 
 QString SummaryOf(const site::Draft& draft) {
@@ -51,6 +61,23 @@ QString SummaryOf(const site::Draft& draft) {
 
 } // namespace
 
+QString SessionDrafts::WordsOf(const KX_DATA::RichTextKey& key,
+                               const std::optional<site::RichPlace>& place) const {
+    const site::Projects ppids = m_session.OpenPpids();
+    site::IRichTexts& texts = m_session.Site().RichTexts();
+    const auto here = place ? texts.Where(ppids, *place) : std::nullopt;
+    if (here && ppids.size() == 1) {
+        return *here;
+    }
+    const QString project = m_session.Tables().ProjectName(key.projectId);
+    if (here) {
+        return u"%1 / %2"_s.arg(project, *here);
+    }
+    const auto elsewhere = place ? texts.Where({key.projectId}, *place) : std::nullopt;
+    return elsewhere ? u"%1 / %2（工程未打开）"_s.arg(project, *elsewhere)
+                     : u"%1 / 已删除的位置"_s.arg(project);
+}
+
 DraftRow SessionDrafts::RowOf(const site::Draft& draft) const {
     DraftRow row;
     row.id = draft.id;
@@ -58,12 +85,10 @@ DraftRow SessionDrafts::RowOf(const site::Draft& draft) const {
     row.summary = SummaryOf(draft);
     row.at = draft.at;
     row.keptUntil = draft.at + site::kDraftSeconds;
-    const QString project = m_session.Tables().ProjectName(draft.text.key.projectId);
-    row.place = u"%1（未打开的工程或已删除的位置）"_s.arg(project);
-    const site::Projects ppids = m_session.OpenPpids();
-    if (const auto place = PlaceOfDraft(draft)) {
-        row.place = m_session.Site().RichTexts().Where(ppids, *place).value_or(row.place);
-        const auto newest = m_session.Site().RichTexts().Newest(ppids, *place);
+    const auto place = PlaceOfDraft(draft);
+    row.place = WordsOf(draft.text.key, place);
+    if (place) {
+        const auto newest = m_session.Site().RichTexts().Newest(m_session.OpenPpids(), *place);
         row.isOlder = newest && newest->text != draft.text.versionText;
     }
     return row;
@@ -82,13 +107,8 @@ DraftList SessionDrafts::ReadDrafts() {
 
 std::optional<site::Draft> SessionDrafts::Find(const QString& id) {
     std::optional<site::Draft> found;
-    WithoutFault(m_session, [&] {
-        for (const site::Draft& draft : m_session.Site().Drafts().Of(m_session.UserName())) {
-            if (draft.id == id) {
-                found = draft;
-            }
-        }
-    });
+    WithoutFault(m_session,
+                 [&] { found = m_session.Site().Drafts().One(id, m_session.UserName()); });
     return found;
 }
 
@@ -113,7 +133,15 @@ QString SessionDrafts::SaveDraft(const site::Draft& draft) {
         return u"无法读取该位置的记录，请先打开它所属的工程。"_s;
     }
     std::vector<KX_DATA::RichAttachment> added;
+    std::vector<QString> removed;
+    for (const KX_DATA::RichAttachment& file : files) {
+        removed.push_back(file.uuid);
+    }
     for (const KX_DATA::UploadItem& item : draft.text.files) {
+        if (const auto same = SameIn(files, item)) {
+            std::erase(removed, same->uuid);
+            continue;
+        }
         KX_DATA::UploadResult result;
         QString error;
         if (!GetKXFilesUploadMng()->UploadFile({item}, 1, result, error)) {
@@ -127,10 +155,6 @@ QString SessionDrafts::SaveDraft(const site::Draft& draft) {
         file.kind = item.kind;
         added.push_back(file);
     }
-    std::vector<QString> removed;
-    for (const KX_DATA::RichAttachment& file : files) {
-        removed.push_back(file.uuid);
-    }
     newest.docName = draft.text.docName;
     const QString state = draft.text.stateText.isEmpty() ? newest.stateText : draft.text.stateText;
     const bool isSaved =
@@ -138,23 +162,21 @@ QString SessionDrafts::SaveDraft(const site::Draft& draft) {
     return isSaved ? QString() : u"没有保存，请查看消息后重试。"_s;
 }
 
-bool SessionDrafts::BringBack(const QString& draftId) {
+QString SessionDrafts::BringBack(const QString& draftId) {
     const auto draft = Find(draftId);
     QString lack = draft ? LackOfRichRight() : u"草稿已不存在。"_s;
     if (draft && lack.isEmpty()) {
         lack = SaveDraft(*draft);
     }
-    if (!lack.isEmpty()) {
-        m_session.Desk()->Report(MessageLevel::Warning, u"草稿未恢复："_s + lack);
-        return false;
+    if (lack.isEmpty()) {
+        // It is saved; a draft that can't be removed now goes by itself one day.
+        WithoutFault(m_session, [&] { m_session.Site().Drafts().Remove(draftId); });
     }
-    // It is saved; a draft that can't be removed now goes by itself one day.
-    Remove(draftId);
-    return true;
+    return lack;
 }
 
-bool SessionDrafts::Remove(const QString& draftId) {
-    return WithoutFault(m_session, [&] { m_session.Site().Drafts().Remove(draftId); });
+QString SessionDrafts::Remove(const QString& draftId) {
+    return FaultOfWork([&] { m_session.Site().Drafts().Remove(draftId); });
 }
 
 } // namespace host

@@ -53,11 +53,13 @@ RecordList SessionVersions::ReadRecords() {
     RecordList list;
     m_places.clear();
     const bool isRead = WithoutFault(m_session, [&] {
-        for (const site::RichEntry& entry :
-             m_session.Site().RichTexts().List(m_session.OpenPpids())) {
+        const site::Projects ppids = m_session.OpenPpids();
+        for (const site::RichEntry& entry : m_session.Site().RichTexts().List(ppids)) {
             const QString id = QString::number(entry.id);
             m_places[id] = entry.place;
-            list.rows.push_back({id, entry.place.ppid, entry.where,
+            const QString project = m_session.Tables().ProjectName(entry.place.ppid);
+            list.rows.push_back({id, entry.place.ppid,
+                                 ppids.size() > 1 ? project + u" / "_s + entry.where : entry.where,
                                  site::StateName(entry.last.state), entry.last.person,
                                  entry.last.at, entry.last.number});
         }
@@ -127,21 +129,20 @@ PageText SessionVersions::ReadText(const QString& record, qint64 version) {
     return page;
 }
 
-bool SessionVersions::Restore(const QString& record, qint64 version) {
+QString SessionVersions::Restore(const QString& record, qint64 version) {
     const QString lack = LackOfRichRight();
     if (!lack.isEmpty()) {
-        m_session.Desk()->Report(MessageLevel::Warning, u"版本未恢复："_s + lack);
-        return false;
+        return lack;
     }
-    bool isDone = false;
     const auto place = PlaceOf(record);
-    WithoutFault(m_session, [&] {
+    return FaultOfWork([&] {
         site::IRichTexts& texts = m_session.Site().RichTexts();
         const site::Projects ppids = m_session.OpenPpids();
         const auto wanted =
             place ? texts.Version(ppids, *place, static_cast<int>(version)) : std::nullopt;
         const auto newest = place ? texts.Newest(ppids, *place) : std::nullopt;
         RequireFound(wanted && newest, u"记录版本"_s);
+        const QString where = texts.Where(ppids, *place).value_or(QString());
         site::NewRichVersion made;
         made.base = newest->text;
         made.docName = wanted->docName;
@@ -152,10 +153,8 @@ bool SessionVersions::Restore(const QString& record, qint64 version) {
         made.added = wanted->files;
         RequireFound(texts.Save(ppids, *place, made, SignatureOf(m_session)).has_value(),
                      u"记录版本"_s);
-        m_session.Actions().Write(u"恢复记录的第%1版"_s.arg(version));
-        isDone = true;
+        m_session.Actions().Write(u"恢复“%1”记录的第%2版"_s.arg(where).arg(version));
     });
-    return isDone;
 }
 
 } // namespace host

@@ -11,7 +11,7 @@ namespace host {
 
 class HostSession;
 
-/// Faults become messages of the host. Thread: user interface.
+/// Thread: user interface.
 class SessionVersions final : public IVersionSource {
 public:
     explicit SessionVersions(HostSession& hostSession) : m_session(hostSession) {}
@@ -19,7 +19,7 @@ public:
     [[nodiscard]] RecordList ReadRecords() override;
     [[nodiscard]] VersionList ReadVersions(const QString& record) override;
     [[nodiscard]] PageText ReadText(const QString& record, qint64 version) override;
-    bool Restore(const QString& record, qint64 version) override;
+    [[nodiscard]] QString Restore(const QString& record, qint64 version) override;
 
 private:
     /// Of a record that was read.

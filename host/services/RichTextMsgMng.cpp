@@ -82,15 +82,19 @@ bool RichTextMsgMng::SaveRichText(const QString& stateText, const KX_DATA::RichT
                                   const KX_DATA::RichTextKey& key,
                                   const std::vector<QString>& removedUuids,
                                   const std::vector<KX_DATA::RichAttachment>& added) {
-    const QString what = u"保存富文本"_s;
-    const bool isSaved = Guarded(what, false, [&](HostSession& session) {
-        const auto saved = session.Site().RichTexts().Save(
-            session.OpenPpids(), RichPlaceOf(key),
-            NewVersionOf(stateText, message, removedUuids, added), SignatureOf(session));
+    QString where;
+    const bool isSaved = Guarded(u"保存富文本"_s, false, [&](HostSession& session) {
+        site::IRichTexts& texts = session.Site().RichTexts();
+        const site::Projects ppids = session.OpenPpids();
+        // Before: nothing may fail once it is saved.
+        where = texts.Where(ppids, RichPlaceOf(key)).value_or(QString());
+        const auto saved =
+            texts.Save(ppids, RichPlaceOf(key),
+                       NewVersionOf(stateText, message, removedUuids, added), SignatureOf(session));
         RequireFound(saved.has_value(), u"富文本的位置"_s);
         return true;
     });
-    LogIf(isSaved, what);
+    LogIf(isSaved, u"保存富文本“%1”"_s.arg(where));
     return isSaved;
 }
 

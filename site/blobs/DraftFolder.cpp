@@ -312,6 +312,14 @@ std::vector<Draft> DraftFolder::Of(const QString& person) {
     return drafts;
 }
 
+std::optional<Draft> DraftFolder::One(const QString& id, const QString& person) {
+    auto found = QUuid::fromString(id).isNull() ? std::nullopt : Read(id);
+    if (!found || found->draft.person != person || found->draft.at + kDraftSeconds < m_now()) {
+        return std::nullopt;
+    }
+    return std::move(found->draft);
+}
+
 void DraftFolder::Remove(const QString& id) {
     if (QUuid::fromString(id).isNull()) {
         return;

@@ -25,6 +25,7 @@ public:
                   const QString& person) override;
     int AdoptOpen(const QString& person) override;
     [[nodiscard]] std::vector<Draft> Of(const QString& person) override;
+    [[nodiscard]] std::optional<Draft> One(const QString& id, const QString& person) override;
     void Remove(const QString& id) override;
 
 private:

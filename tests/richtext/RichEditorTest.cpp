@@ -456,14 +456,44 @@ TEST_F(RichEditorTest, AnAttachmentThatCannotBeFetchedIsToldWithTheServicesText)
     EXPECT_TRUE(pane.Widget()->isEnabled());
 }
 
-TEST_F(RichEditorTest, AProgramIsOpenedOnlyAfterAQuestion) {
-    OnServer().attachments.push_back(Stored("MZ", u".EXE"_s, 2));
-    Open();
+TEST_F(RichEditorTest, AProgramIsOpenedOnlyAfterAQuestionThatNamesIt) {
+    OnServer().attachments.push_back(Stored("anything", u".EXE"_s, 2));
     const QString store = OnServer().attachments[2].name;
-    prompts.ExpectYesNo(u"附件是可以运行的程序，可能有害。确定要打开它吗？"_s, false);
+    OnServer().attachments[2].name = u"安装.EXE"_s;
+    Open();
+    const QString question = u"附件“安装.EXE”是可以运行的程序，可能有害。确定要打开它吗？"_s;
+    prompts.ExpectNoYes(question, false);
     pane.OpenAttachment(u"doc"_s, store, store);
-    prompts.ExpectYesNo(u"附件是可以运行的程序，可能有害。确定要打开它吗？"_s, true);
+    prompts.ExpectNoYes(question, true);
     prompts.ExpectOpenFolder(folder.Path(u"rich/open/"_s + store));
+    pane.OpenAttachment(u"doc"_s, store, store);
+}
+
+TEST_F(RichEditorTest, AProgramIsKnownByItsBeginningToo) {
+    for (const QByteArray& bytes : {QByteArray("#!/bin/sh\n"), QByteArray("MZ\x90"),
+                                    QByteArray("\x7f"
+                                               "ELF\x02"),
+                                    QByteArray("\x7f"
+                                               "EL")}) {
+        OnServer().attachments.push_back(Stored(bytes, u".txt"_s, 2));
+    }
+    Open();
+    for (std::size_t i = 2; i < 5; ++i) {
+        const QString store = OnServer().attachments[i].name;
+        prompts.ExpectNoYes(u"附件“%1”是可以运行的程序，可能有害。确定要打开它吗？"_s.arg(store),
+                            false);
+        pane.OpenAttachment(u"doc"_s, store, store);
+    }
+    prompts.ExpectOpenFolder(folder.Path(u"rich/open/"_s + OnServer().attachments[5].name));
+    pane.OpenAttachment(u"doc"_s, OnServer().attachments[5].name, OnServer().attachments[5].name);
+}
+
+TEST_F(RichEditorTest, AnAttachmentThatNoProgramOpensIsTold) {
+    Open();
+    const QString store = OnServer().attachments[1].name;
+    prompts.hasPrograms = false;
+    prompts.ExpectOpenFolder(folder.Path(u"rich/open/"_s + store));
+    prompts.ExpectMessage(u"没有可以打开该附件的程序："_s + store);
     pane.OpenAttachment(u"doc"_s, store, store);
 }
 

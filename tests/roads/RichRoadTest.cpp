@@ -250,9 +250,35 @@ TEST_F(RichRoad, InAWorksetNothingIsWrittenAndNoVersionComesBack) {
     ASSERT_NE(versions, nullptr);
     ASSERT_TRUE(WaitFor([&] { return hands::ClickCell(versions, 1, 0); }));
     static_cast<void>(Agree([&] { ClickOn(*window, u"versionRestore"_s); }));
-    EXPECT_TRUE(WaitFor(
-        [this] { return !Messages().filter(u"版本未恢复：工作集中不能修改记录"_s).isEmpty(); }));
+    const auto* notice = window->findChild<QLabel*>(u"versionNotice"_s);
+    EXPECT_EQ(notice->text(),
+              u"该版本未恢复，没有任何改动：工作集中不能修改记录，请先打开单个工程。");
+    const auto* records = window->findChild<QAbstractItemView*>(u"recordTable"_s);
+    EXPECT_TRUE(records->model()->index(0, 0).data().toString().startsWith(u"一期工程 / "_s));
     EXPECT_EQ(Newest().number, 2);
+}
+
+TEST_F(RichRoad, ADraftOfAnotherProjectSaysWhereItIsFromAndWhyItDoesNotComeBack) {
+    OpenViewer();
+    Write(kMine);
+    ASSERT_TRUE(ChooseProject(u"二期工程"_s));
+    ASSERT_TRUE(WaitFor([this] { return Drafts().size() == 1; }));
+    ASSERT_TRUE(WaitFor([this] {
+        return hands::PressKey(client->Window(), Qt::Key_D,
+                               Qt::ControlModifier | Qt::ShiftModifier);
+    }));
+    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"draftWindow"_s) != nullptr; }));
+    const QPointer<QWidget> window = tour::FindWindow(u"draftWindow"_s);
+    const auto* table = window->findChild<QAbstractItemView*>(u"draftTable"_s);
+    ASSERT_TRUE(WaitFor([&] { return table->model()->rowCount() == 1; }));
+    const QString place = table->model()->index(0, 0).data().toString();
+    EXPECT_TRUE(place.startsWith(u"一期工程 / "_s)) << place.toStdString();
+    EXPECT_TRUE(place.endsWith(u"（工程未打开）"_s)) << place.toStdString();
+    static_cast<void>(Agree([&] { ClickOn(*window, u"draftBringBack"_s); }));
+    const auto* notice = window->findChild<QLabel*>(u"draftNotice"_s);
+    EXPECT_TRUE(WaitFor([&] { return notice->text().contains(u"请先打开它所属的工程"_s); }))
+        << notice->text().toStdString();
+    EXPECT_EQ(Drafts().size(), 1U);
 }
 
 TEST_F(RichRoad, ADraftOfNoKindOfPlaceHidesNoOther) {

@@ -122,6 +122,21 @@ TEST_F(DraftsTest, ARemovedOneIsGoneAndRemovingItAgainIsNothing) {
     EXPECT_THAT(Entries(), IsEmpty());
 }
 
+TEST_F(DraftsTest, OneIsFoundByItsIdAloneAndForItsPersonAlone) {
+    Keep(Text(u"1.html"_s));
+    Keep(Text(u"2.html"_s));
+    for (const site::Draft& draft : Mine()) {
+        const auto found = drafts.One(draft.id, u"张工"_s);
+        ASSERT_TRUE(found);
+        EXPECT_EQ(found->text.files[0].name, draft.text.files[0].name);
+        EXPECT_FALSE(drafts.One(draft.id, u"李四"_s));
+    }
+    EXPECT_FALSE(drafts.One(u"../drafts"_s, u"张工"_s));
+    const QString id = Mine()[0].id;
+    now += 30 * kDay + 1;
+    EXPECT_FALSE(drafts.One(id, u"张工"_s));
+}
+
 TEST_F(DraftsTest, AnIdThatLeadsElsewhereRemovesNothing) {
     const QString precious = folder.Write(u"precious/file"_s, "x");
     Keep(Text());

@@ -44,6 +44,10 @@ void AnsweredPrompts::ExpectYesNo(const QString& text, bool answer) {
     Expect("AskYesNo", text, YesOrNo(answer));
 }
 
+void AnsweredPrompts::ExpectNoYes(const QString& text, bool answer) {
+    Expect("AskNoYes", text, YesOrNo(answer));
+}
+
 void AnsweredPrompts::ExpectFolder(const QString& title, const QString& answer) {
     Expect("AskFolder", title, PathOrNone(answer));
 }
@@ -104,6 +108,10 @@ bool AnsweredPrompts::AskYesNo(toolkit::WindowId parent, const QString& text) {
     return !Answer(parent, "AskYesNo", text).isEmpty();
 }
 
+bool AnsweredPrompts::AskNoYes(toolkit::WindowId parent, const QString& text) {
+    return !Answer(parent, "AskNoYes", text).isEmpty();
+}
+
 QString AnsweredPrompts::AskFolder(toolkit::WindowId parent, const QString& title) {
     return Answer(parent, "AskFolder", title).value(0);
 }
@@ -120,6 +128,11 @@ QStringList AnsweredPrompts::AskOpenFiles(const toolkit::OpenFilesRequest& reque
 
 void AnsweredPrompts::OpenFolder(const QString& folder) {
     Answer(toolkit::kNoWindow, "OpenFolder", folder);
+}
+
+bool AnsweredPrompts::OpenFile(const QString& path) {
+    OpenFolder(path);
+    return hasPrograms;
 }
 
 void AnsweredPrompts::RevealFile(const QString& path) {

@@ -24,6 +24,7 @@ public:
     void ExpectMessage(const QString& text);
     void ExpectOkCancel(const QString& text, bool answer);
     void ExpectYesNo(const QString& text, bool answer);
+    void ExpectNoYes(const QString& text, bool answer);
     /// Empty answer: cancelled, here and below.
     void ExpectFolder(const QString& title, const QString& answer);
     void ExpectSaveFile(const QString& proposedName, const QString& answer);
@@ -42,11 +43,16 @@ public:
     void ShowMessage(toolkit::WindowId parent, const QString& text) override;
     bool AskOkCancel(toolkit::WindowId parent, const QString& text) override;
     bool AskYesNo(toolkit::WindowId parent, const QString& text) override;
+    bool AskNoYes(toolkit::WindowId parent, const QString& text) override;
     QString AskFolder(toolkit::WindowId parent, const QString& title) override;
     QString AskSaveFile(const toolkit::SaveFileRequest& request) override;
     QStringList AskOpenFiles(const toolkit::OpenFilesRequest& request) override;
     void OpenFolder(const QString& folder) override;
+    /// Expected as a folder is.
+    bool OpenFile(const QString& path) override;
     void RevealFile(const QString& path) override;
+
+    bool hasPrograms = true; ///< for the files that are opened
 
 private:
     /// Questions with two answers: no answer is the empty list, any other is yes.

@@ -32,12 +32,14 @@ template <class Dialog, class Read> void RunOnWindow(Dialog* dialog, Read read) 
 
 /// A box that says what it has to say as plain text. 0: its window died behind it.
 int RunBox(WindowId parent, QMessageBox::Icon icon, const QString& text,
-           QMessageBox::StandardButtons buttons, bool topmost) {
+           QMessageBox::StandardButtons buttons, bool topmost,
+           QMessageBox::StandardButton proposed = QMessageBox::NoButton) {
     auto* box = new QMessageBox(icon, QApplication::applicationDisplayName(), text, buttons,
                                 WidgetOf(parent));
     box->setObjectName(u"messageBox"_s);
     box->setTextFormat(Qt::PlainText);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    box->setDefaultButton(proposed);
     if (topmost) {
         box->setWindowFlag(Qt::WindowStaysOnTopHint);
     }
@@ -97,6 +99,11 @@ bool NativePrompts::AskYesNo(WindowId parent, const QString& text) {
            QMessageBox::Yes;
 }
 
+bool NativePrompts::AskNoYes(WindowId parent, const QString& text) {
+    return RunBox(parent, QMessageBox::Warning, text, QMessageBox::Yes | QMessageBox::No, false,
+                  QMessageBox::No) == QMessageBox::Yes;
+}
+
 QString NativePrompts::AskFolder(WindowId parent, const QString& title) {
     return RunFileDialog(parent, {title,
                                   QDir::homePath(),
@@ -144,6 +151,10 @@ QStringList NativePrompts::AskOpenFiles(const OpenFilesRequest& request) {
 
 void NativePrompts::OpenFolder(const QString& folder) {
     QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
+}
+
+bool NativePrompts::OpenFile(const QString& path) {
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
 void NativePrompts::RevealFile(const QString& path) {

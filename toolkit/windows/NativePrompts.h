@@ -12,10 +12,12 @@ public:
     void ShowMessage(WindowId parent, const QString& text) override;
     bool AskOkCancel(WindowId parent, const QString& text) override;
     bool AskYesNo(WindowId parent, const QString& text) override;
+    bool AskNoYes(WindowId parent, const QString& text) override;
     QString AskFolder(WindowId parent, const QString& title) override;
     QString AskSaveFile(const SaveFileRequest& request) override;
     QStringList AskOpenFiles(const OpenFilesRequest& request) override;
     void OpenFolder(const QString& folder) override;
+    bool OpenFile(const QString& path) override;
     void RevealFile(const QString& path) override;
 };
 

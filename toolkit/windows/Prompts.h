@@ -33,6 +33,8 @@ public:
     virtual bool AskOkCancel(WindowId parent, const QString& text) = 0;
     /// Yes and No. True: yes.
     virtual bool AskYesNo(WindowId parent, const QString& text) = 0;
+    /// The same before something that can't be taken back: "no" is what Enter and Escape answer.
+    virtual bool AskNoYes(WindowId parent, const QString& text) { return AskYesNo(parent, text); }
     /// Empty: cancelled.
     virtual QString AskFolder(WindowId parent, const QString& title) = 0;
     /// Final path, overwriting already confirmed. Empty: cancelled.
@@ -41,8 +43,12 @@ public:
     virtual QStringList AskOpenFiles(const OpenFilesRequest& request) = 0;
     /// Shows a folder in the file manager.
     virtual void OpenFolder(const QString& folder) = 0;
-    /// Opens a file with the program that the system has for it, by the same means as a folder.
-    virtual void OpenFile(const QString& path) { OpenFolder(path); }
+    /// Opens a file with the program that the system has for it. False: it has none, as far as it
+    /// tells.
+    virtual bool OpenFile(const QString& path) {
+        OpenFolder(path);
+        return true;
+    }
     /// Shows a file in the file manager, selected where the platform can.
     virtual void RevealFile(const QString& path) = 0;
 };

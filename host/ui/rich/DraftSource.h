@@ -34,11 +34,11 @@ public:
 
     [[nodiscard]] virtual DraftList ReadDrafts() = 0;
     [[nodiscard]] virtual PageText ReadText(const QString& draft) = 0;
-    /// Makes a draft the newest version of its record. False: nothing changed; the source says why
-    /// by itself.
-    virtual bool BringBack(const QString& draft) = 0;
-    /// False: it is still there; the source says why by itself.
-    virtual bool Remove(const QString& draft) = 0;
+    /// Makes a draft the newest version of its record. Empty: done; else a sentence why not, and
+    /// nothing changed.
+    [[nodiscard]] virtual QString BringBack(const QString& draft) = 0;
+    /// Empty: done; else a sentence why not, and it is still there.
+    [[nodiscard]] virtual QString Remove(const QString& draft) = 0;
 };
 
 } // namespace host

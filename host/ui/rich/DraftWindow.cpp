@@ -2,23 +2,16 @@
 
 #include "host/ui/BinModel.h"
 #include "host/ui/HintTable.h"
-#include "host/ui/WindowKeys.h"
 #include "host/ui/rich/RowModel.h"
 #include "toolkit/Clock.h"
 #include "toolkit/Icons.h"
 #include "toolkit/KXTools.h"
-#include "toolkit/Look.h"
 #include "toolkit/richtext/NoteEdit.h"
-#include "toolkit/windows/Prompts.h"
 #include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WaitCursor.h"
 #include "toolkit/windows/WindowPlace.h"
-#include "toolkit/windows/WindowRegistry.h"
 
-#include <QAction>
-#include <QHBoxLayout>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScopedValueRollback>
@@ -27,7 +20,6 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextImageFormat>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <memory>
@@ -38,7 +30,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kDraftPauseMilliseconds = 80;
+const QString kBringBack = u"draftBringBack"_s;
+const QString kRemove = u"draftRemove"_s;
 
 std::vector<RowCell> DraftCells(const DraftRow& row, qint64 now) {
     return {{row.place, {}},
@@ -73,46 +66,28 @@ void FitPictures(toolkit::NoteDocument& document, int width) {
     }
 }
 
-QPushButton* MakeButton(const QString& name, const QIcon& icon, const QString& text,
-                        const QString& tip, QWidget* parent) {
-    auto* button = new QPushButton(icon, text, parent);
-    button->setObjectName(name);
-    button->setToolTip(tip);
-    button->setAutoDefault(false);
-    return button;
-}
-
 } // namespace
 
 DraftWindow::DraftWindow(QWidget* parent, IDraftSource& draftSource)
-    : QDialog(parent), m_source(draftSource) {
-    setObjectName(u"draftWindow"_s);
-    setWindowTitle(u"草稿箱"_s);
-    setAttribute(Qt::WA_DeleteOnClose);
-    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    : ReadingWindow(parent, u"draftWindow"_s, u"草稿箱"_s), m_source(draftSource) {
     auto* parts = new QSplitter(Qt::Vertical, this);
     parts->setChildrenCollapsible(false);
     parts->setHandleWidth(8);
     parts->addWidget(MakeTable());
     parts->addWidget(MakePreview());
     parts->setSizes({240, 300});
-    auto* all = new QVBoxLayout(this);
-    all->setContentsMargins(12, 12, 12, 12);
-    all->setSpacing(12);
-    all->addWidget(parts, 1);
-    all->addWidget(MakeDraftButtons());
-    auto* refresh = new QAction(this);
-    refresh->setShortcut(QKeySequence::Refresh);
-    addAction(refresh);
-    connect(refresh, &QAction::triggered, this, &DraftWindow::Reload);
-    m_pause.setSingleShot(true);
-    connect(&m_pause, &QTimer::timeout, this, &DraftWindow::CatchUp);
+    Furnish(parts, u"draftNotice"_s,
+            {{kBringBack, toolkit::Icon(u"restore"_s), u"恢复"_s,
+              u"把选中的草稿恢复为最新版本（Ctrl+R）"_s, Qt::CTRL | Qt::Key_R},
+             {kRemove, toolkit::Icon(u"delete"_s), u"删除"_s, u"删除选中的草稿（Delete）"_s,
+              Qt::Key_Delete}},
+            {u"draftClose"_s, {}, u"关闭"_s, u"关闭草稿箱（Esc）"_s, {}});
+    connect(Button(kBringBack), &QPushButton::clicked, this, &DraftWindow::BringBack);
+    connect(Button(kRemove), &QPushButton::clicked, this, &DraftWindow::Remove);
     toolkit::ScrollIfTooLarge(*this);
     toolkit::ResizeWithinScreen(*this, QSize(900, 640));
-    // Its questions lie on it, not on the main window.
-    toolkit::RegisterWindow(this, [](const toolkit::WindowEvent&) { return 0; });
     ShowPreviewHint({});
-    ShowDraftButtons();
+    ShowButtons();
 }
 
 QWidget* DraftWindow::MakeTable() {
@@ -133,8 +108,8 @@ QWidget* DraftWindow::MakeTable() {
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
         if (!m_isFilling) {
             ShowNotice({}, false);
-            ShowDraftButtons();
-            m_pause.start(kDraftPauseMilliseconds);
+            ShowButtons();
+            CatchUpSoon();
         }
     });
     return m_table;
@@ -162,69 +137,10 @@ QWidget* DraftWindow::MakePreview() {
     return m_pages;
 }
 
-QWidget* DraftWindow::MakeDraftButtons() {
-    auto* row = new QWidget(this);
-    m_notice = new QLabel(row);
-    m_notice->setObjectName(u"draftNotice"_s);
-    m_notice->setTextFormat(Qt::PlainText);
-    m_notice->setWordWrap(true);
-    m_notice->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_bringBack = MakeButton(u"draftBringBack"_s, toolkit::Icon(u"restore"_s), u"恢复"_s,
-                             u"把选中的草稿恢复为最新版本（Ctrl+R）"_s, row);
-    m_bringBack->setShortcut(Qt::CTRL | Qt::Key_R);
-    m_remove = MakeButton(u"draftRemove"_s, toolkit::Icon(u"delete"_s), u"删除"_s,
-                          u"删除选中的草稿（Delete）"_s, row);
-    m_remove->setShortcut(Qt::Key_Delete);
-    auto* close = MakeButton(u"draftClose"_s, {}, u"关闭"_s, u"关闭草稿箱（Esc）"_s, row);
-    const int width = std::max(
-        {m_bringBack->sizeHint().width(), m_remove->sizeHint().width(), close->sizeHint().width()});
-    auto* line = new QHBoxLayout(row);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(8);
-    line->addWidget(m_notice, 1);
-    for (QPushButton* button : {m_bringBack, m_remove, close}) {
-        button->setMinimumWidth(width);
-        line->addWidget(button);
-    }
-    connect(m_bringBack, &QPushButton::clicked, this, &DraftWindow::BringBack);
-    connect(m_remove, &QPushButton::clicked, this, &DraftWindow::Remove);
-    connect(close, &QPushButton::clicked, this, &QDialog::close);
-    return row;
-}
-
-void DraftWindow::keyPressEvent(QKeyEvent* event) {
-    if (!PressByEnter(*this, *event)) {
-        QDialog::keyPressEvent(event);
-    }
-}
-
-void DraftWindow::showEvent(QShowEvent* event) {
-    QDialog::showEvent(event);
-    // A source that waits must not hold the window back.
-    m_pause.start(0);
-}
-
-void DraftWindow::Reload() {
+void DraftWindow::Forget(bool hadFault) {
     m_areDraftsRead = false;
-    if (m_hasFault) {
+    if (hadFault) {
         m_shown.reset();
-    }
-    ShowNotice({}, false);
-    CatchUp();
-}
-
-void DraftWindow::CatchUp() {
-    if (m_isAsking || !isVisible()) {
-        return;
-    }
-    m_isAsking = true;
-    ShowDraftButtons();
-    const toolkit::StillThere still(this);
-    while (ReadNext() && still && isVisible()) {
-    }
-    if (still) {
-        m_isAsking = false;
-        ShowDraftButtons();
     }
 }
 
@@ -316,35 +232,9 @@ const DraftRow* DraftWindow::Chosen() const {
     return chosen.isEmpty() ? nullptr : &m_rows[std::size_t(chosen[0].row())];
 }
 
-bool DraftWindow::AskAndDo(const QString& question, bool (IDraftSource::*deed)(const QString&),
-                           const QString& done, const QString& failed) {
-    const QString draft = Chosen()->id;
-    const toolkit::StillThere still(this);
-    const bool isWanted = toolkit::Prompts().AskYesNo(toolkit::WindowOf(this), question);
-    if (!still || !isWanted || m_isAsking) {
-        return false;
-    }
-    m_isAsking = true;
-    ShowDraftButtons();
-    bool isDone = false;
-    {
-        const toolkit::WaitCursor wait;
-        isDone = (m_source.*deed)(draft);
-    }
-    if (!still) {
-        return false;
-    }
-    m_isAsking = false;
-    Reload();
-    if (still) {
-        ShowNotice(isDone ? done : failed, !isDone);
-    }
-    return isDone && still;
-}
-
 void DraftWindow::BringBack() {
     const DraftRow* chosen = Chosen();
-    if (m_isAsking || chosen == nullptr) {
+    if (IsAsking() || chosen == nullptr) {
         return;
     }
     QString question = u"将该草稿恢复为最新版本？"_s;
@@ -353,17 +243,20 @@ void DraftWindow::BringBack() {
             u"\n此后已有人保存过新版本。恢复后草稿成为最新版本，原版本仍可在记录版本中查看。"_s;
     }
     const QString draft = chosen->id;
-    if (AskAndDo(question, &IDraftSource::BringBack, u"已恢复为最新版本。"_s,
-                 u"该草稿未能恢复，仍保留在草稿箱中。"_s)) {
+    if (AskAndDo({question, false, [this, draft] { return m_source.BringBack(draft); },
+                  u"已恢复为最新版本。"_s, u"草稿未恢复，仍保留在草稿箱中："_s})) {
         emit BroughtBack(draft);
     }
 }
 
 void DraftWindow::Remove() {
-    if (!m_isAsking && Chosen() != nullptr) {
-        AskAndDo(u"确认删除该草稿？删除后无法恢复。"_s, &IDraftSource::Remove, u"草稿已删除。"_s,
-                 u"该草稿未能删除。"_s);
+    const DraftRow* chosen = Chosen();
+    if (IsAsking() || chosen == nullptr) {
+        return;
     }
+    AskAndDo({u"确认删除该草稿？删除后无法恢复。"_s, true,
+              [this, draft = chosen->id] { return m_source.Remove(draft); }, u"草稿已删除。"_s,
+              u"该草稿未能删除："_s});
 }
 
 void DraftWindow::ShowPreviewHint(const QString& text) {
@@ -371,20 +264,10 @@ void DraftWindow::ShowPreviewHint(const QString& text) {
     m_pages->setCurrentWidget(m_previewHint);
 }
 
-void DraftWindow::ShowNotice(const QString& text, bool isFault) {
-    QPalette colors = palette();
-    if (isFault) {
-        colors.setColor(QPalette::WindowText, toolkit::Colors::ErrorText());
-    }
-    m_hasFault = isFault;
-    m_notice->setPalette(colors);
-    m_notice->setText(text);
-}
-
-void DraftWindow::ShowDraftButtons() {
-    const bool canDo = !m_isAsking && Chosen() != nullptr;
-    m_bringBack->setEnabled(canDo);
-    m_remove->setEnabled(canDo);
+void DraftWindow::ShowButtons() {
+    const bool canDo = !IsAsking() && Chosen() != nullptr;
+    Button(kBringBack)->setEnabled(canDo);
+    Button(kRemove)->setEnabled(canDo);
 }
 
 } // namespace host

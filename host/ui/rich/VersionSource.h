@@ -49,8 +49,8 @@ public:
     [[nodiscard]] virtual RecordList ReadRecords() = 0;
     [[nodiscard]] virtual VersionList ReadVersions(const QString& record) = 0;
     [[nodiscard]] virtual PageText ReadText(const QString& record, qint64 version) = 0;
-    /// Makes a version the newest one. False: nothing changed; the source says why by itself.
-    virtual bool Restore(const QString& record, qint64 version) = 0;
+    /// Makes a version the newest one. Empty: done; else a sentence why not, and nothing changed.
+    [[nodiscard]] virtual QString Restore(const QString& record, qint64 version) = 0;
 };
 
 } // namespace host

@@ -33,7 +33,10 @@ std::vector<RowCell> CellsOf(const RecordRow& row) {
 }
 
 std::vector<RowCell> CellsOf(const VersionRow& row) {
-    return {{KXTools::MinuteText(row.at), row.at}, {row.person, {}}, {row.state, {}}};
+    return {{u"第%1版"_s.arg(row.number), row.number},
+            {KXTools::timeToCString(row.at), row.at},
+            {row.person, {}},
+            {row.state, {}}};
 }
 
 template <class Row> std::vector<std::vector<RowCell>> AllCells(const std::vector<Row>& rows) {
@@ -159,11 +162,11 @@ QString RecordPanel::Chosen() const {
 }
 
 VersionPanel::VersionPanel(QWidget* parent) : QWidget(parent) {
-    m_model = new RowModel({u"时间"_s, u"整改人"_s, u"整改情况"_s}, this);
+    m_model = new RowModel({u"版本"_s, u"时间"_s, u"整改人"_s, u"整改情况"_s}, this);
     m_table = MakeTable(u"versionTable"_s, u"版本"_s, this);
     m_table->setModel(m_model);
     m_table->setToolTip(u"选择一个版本，与其前一个版本比较；按住 Ctrl 选择两个，相互比较"_s);
-    SetWidths(m_table, {18, 14, 12}, 2);
+    SetWidths(m_table, {10, 22, 12, 12}, 3);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(0, 0, 0, 0);
     all->addWidget(m_table);

@@ -1,20 +1,13 @@
 #include "host/ui/rich/VersionWindow.h"
 
-#include "host/ui/WindowKeys.h"
 #include "host/ui/rich/CompareView.h"
 #include "host/ui/rich/VersionTables.h"
 #include "toolkit/Icons.h"
 #include "toolkit/KXTools.h"
-#include "toolkit/Look.h"
-#include "toolkit/windows/Prompts.h"
 #include "toolkit/windows/StillThere.h"
 #include "toolkit/windows/WaitCursor.h"
 #include "toolkit/windows/WindowPlace.h"
-#include "toolkit/windows/WindowRegistry.h"
 
-#include <QAction>
-#include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QSplitter>
@@ -29,7 +22,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPauseMilliseconds = 80;
+const QString kRestore = u"versionRestore"_s;
 
 QLabel* MakeLine(const QString& name, QWidget* parent) {
     auto* label = new QLabel(parent);
@@ -47,35 +40,24 @@ const VersionRow* FindVersion(const std::vector<VersionRow>& rows, qint64 number
 }
 
 QString NameOf(const VersionRow& row) {
-    return u"%1 %2"_s.arg(KXTools::MinuteText(row.at), row.person.simplified());
+    return u"第%1版（%2 %3）"_s.arg(row.number)
+        .arg(KXTools::timeToCString(row.at), row.person.simplified());
 }
 
 } // namespace
 
 VersionWindow::VersionWindow(QWidget* parent, IVersionSource& versionSource)
-    : QDialog(parent), m_source(versionSource) {
-    setObjectName(u"versionWindow"_s);
-    setWindowTitle(u"记录版本"_s);
-    setAttribute(Qt::WA_DeleteOnClose);
-    setWindowFlag(Qt::WindowMaximizeButtonHint);
-    auto* all = new QVBoxLayout(this);
-    all->setContentsMargins(12, 12, 12, 12);
-    all->setSpacing(12);
-    all->addWidget(MakeTables(), 1);
-    all->addWidget(MakeVersionButtons());
-    auto* refresh = new QAction(this);
-    refresh->setShortcut(QKeySequence::Refresh);
-    addAction(refresh);
-    connect(refresh, &QAction::triggered, this, &VersionWindow::Reload);
-    m_pause.setSingleShot(true);
-    connect(&m_pause, &QTimer::timeout, this, &VersionWindow::CatchUp);
+    : ReadingWindow(parent, u"versionWindow"_s, u"记录版本"_s), m_source(versionSource) {
+    Furnish(MakeTables(), u"versionNotice"_s,
+            {{kRestore, toolkit::Icon(u"restore"_s), u"恢复此版本"_s,
+              u"把选中的版本恢复为最新版本（Ctrl+R）"_s, Qt::CTRL | Qt::Key_R}},
+            {u"versionClose"_s, {}, u"关闭"_s, u"关闭记录版本（Esc）"_s, {}});
+    connect(Button(kRestore), &QPushButton::clicked, this, &VersionWindow::Restore);
     connect(m_records, &RecordPanel::ChosenChanged, this, &VersionWindow::ChooseAnew);
     connect(m_versions, &VersionPanel::ChosenChanged, this, &VersionWindow::ChooseAnew);
     toolkit::ScrollIfTooLarge(*this);
     toolkit::ResizeWithinScreen(*this, QSize(1200, 760));
-    // Its questions lie on it, not on the main window.
-    toolkit::RegisterWindow(this, [](const toolkit::WindowEvent&) { return 0; });
-    ShowVersionButtons();
+    ShowButtons();
 }
 
 QWidget* VersionWindow::MakeTables() {
@@ -110,52 +92,12 @@ QWidget* VersionWindow::MakeComparison() {
     return side;
 }
 
-QWidget* VersionWindow::MakeVersionButtons() {
-    auto* row = new QWidget(this);
-    m_notice = MakeLine(u"versionNotice"_s, row);
-    m_restore = new QPushButton(toolkit::Icon(u"restore"_s), u"恢复此版本"_s, row);
-    m_restore->setObjectName(u"versionRestore"_s);
-    m_restore->setToolTip(u"把选中的版本恢复为最新版本（Ctrl+R）"_s);
-    m_restore->setShortcut(Qt::CTRL | Qt::Key_R);
-    auto* close = new QPushButton(u"关闭"_s, row);
-    close->setObjectName(u"versionClose"_s);
-    close->setToolTip(u"关闭记录版本（Esc）"_s);
-    const int width = std::max(m_restore->sizeHint().width(), close->sizeHint().width());
-    for (QPushButton* button : {m_restore, close}) {
-        button->setAutoDefault(false);
-        button->setMinimumWidth(width);
-    }
-    auto* line = new QHBoxLayout(row);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(8);
-    line->addWidget(m_notice, 1);
-    line->addWidget(m_restore);
-    line->addWidget(close);
-    connect(m_restore, &QPushButton::clicked, this, &VersionWindow::Restore);
-    connect(close, &QPushButton::clicked, this, &QDialog::close);
-    return row;
-}
-
-void VersionWindow::keyPressEvent(QKeyEvent* event) {
-    if (!PressByEnter(*this, *event)) {
-        QDialog::keyPressEvent(event);
-    }
-}
-
-void VersionWindow::showEvent(QShowEvent* event) {
-    QDialog::showEvent(event);
-    // A source that waits must not hold the window back.
-    m_pause.start(0);
-}
-
-void VersionWindow::Reload() {
+void VersionWindow::Forget(bool hadFault) {
     m_areRecordsRead = false;
     m_listed.reset();
-    if (m_hasFault) {
+    if (hadFault) {
         m_compared.reset();
     }
-    ShowNotice({}, false);
-    CatchUp();
 }
 
 void VersionWindow::ShowRecord(const QString& id) {
@@ -169,23 +111,8 @@ void VersionWindow::ShowRecord(const QString& id) {
 
 void VersionWindow::ChooseAnew() {
     ShowNotice({}, false);
-    ShowVersionButtons();
-    m_pause.start(kPauseMilliseconds);
-}
-
-void VersionWindow::CatchUp() {
-    if (m_isAsking || !isVisible()) {
-        return;
-    }
-    m_isAsking = true;
-    ShowVersionButtons();
-    const toolkit::StillThere still(this);
-    while (ReadNext() && still && isVisible()) {
-    }
-    if (still) {
-        m_isAsking = false;
-        ShowVersionButtons();
-    }
+    ShowButtons();
+    CatchUpSoon();
 }
 
 bool VersionWindow::ReadNext() {
@@ -331,50 +258,19 @@ void VersionWindow::ShowHeading(const Pair& pair) {
 void VersionWindow::Restore() {
     const std::vector<qint64> chosen = m_versions->ChosenNumbers();
     const QString record = m_records->Chosen();
-    if (m_isAsking || chosen.size() != 1) {
+    if (IsAsking() || chosen.size() != 1) {
         return;
     }
-    const toolkit::StillThere still(this);
-    const bool isWanted = toolkit::Prompts().AskYesNo(
-        toolkit::WindowOf(this), u"将该版本恢复为最新版本？当前版本仍会保留。"_s);
-    if (!still || !isWanted || m_isAsking) {
-        return;
-    }
-    m_isAsking = true;
-    ShowVersionButtons();
-    bool isRestored = false;
-    {
-        const toolkit::WaitCursor wait;
-        isRestored = m_source.Restore(record, chosen[0]);
-    }
-    if (!still) {
-        return;
-    }
-    m_isAsking = false;
-    Reload();
-    if (!still) {
-        return;
-    }
-    ShowNotice(isRestored ? u"已恢复为最新版本。"_s : u"该版本未能恢复，没有任何改动。"_s,
-               !isRestored);
-    if (isRestored) {
+    if (AskAndDo({u"将该版本恢复为最新版本？当前版本仍会保留。"_s, false,
+                  [this, record, version = chosen[0]] { return m_source.Restore(record, version); },
+                  u"已恢复为最新版本。"_s, u"该版本未恢复，没有任何改动："_s})) {
         emit Restored(record);
     }
 }
 
-void VersionWindow::ShowNotice(const QString& text, bool isFault) {
-    QPalette colors = palette();
-    if (isFault) {
-        colors.setColor(QPalette::WindowText, toolkit::Colors::ErrorText());
-    }
-    m_hasFault = isFault;
-    m_notice->setPalette(colors);
-    m_notice->setText(text);
-}
-
-void VersionWindow::ShowVersionButtons() {
+void VersionWindow::ShowButtons() {
     const std::vector<int> chosen = m_versions->ChosenRows();
-    m_restore->setEnabled(!m_isAsking && chosen.size() == 1 && chosen[0] > 0);
+    Button(kRestore)->setEnabled(!IsAsking() && chosen.size() == 1 && chosen[0] > 0);
 }
 
 } // namespace host

@@ -1,16 +1,13 @@
 // The window "记录版本".
 #pragma once
 
+#include "host/ui/rich/ReadingWindow.h"
 #include "host/ui/rich/VersionPages.h"
 #include "host/ui/rich/VersionSource.h"
-
-#include <QDialog>
-#include <QTimer>
 
 #include <optional>
 
 class QLabel;
-class QPushButton;
 
 namespace host {
 
@@ -19,19 +16,14 @@ class RecordPanel;
 class VersionPanel;
 
 /// Shows the records of the open projects, the versions of the chosen one, and what differs between
-/// two of these; makes an earlier one the newest again. Knows no database. What is read follows
-/// what is chosen, one question to the source after the other and only while it is shown; it may be
-/// closed meanwhile. Modeless, gone when it is closed. Thread: user interface. Owned by its parent
-/// widget.
-class VersionWindow final : public QDialog {
+/// two of these; makes an earlier one the newest again.
+class VersionWindow final : public ReadingWindow {
     Q_OBJECT
 
 public:
     /// The source must outlive the window.
     VersionWindow(QWidget* parent, IVersionSource& versionSource);
 
-    /// Reads records and versions anew; what is chosen stays chosen.
-    void Reload();
     /// Chooses a record, now or when the records have been read.
     void ShowRecord(const QString& id);
 
@@ -40,8 +32,9 @@ signals:
     void Restored(const QString& record);
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    bool ReadNext() override;
+    void Forget(bool hadFault) override;
+    void ShowButtons() override;
 
 private:
     /// What is compared.
@@ -56,12 +49,6 @@ private:
 
     QWidget* MakeTables();
     QWidget* MakeComparison();
-    QWidget* MakeVersionButtons();
-    /// Reads until what is shown is what is chosen.
-    void CatchUp();
-    /// At most one question to the source. False: nothing is left to be read. The window may be
-    /// gone, whatever the answer.
-    bool ReadNext();
     void ReadRecords();
     void ReadVersions(const QString& record);
     void ReadText(const Pair& pair, qint64 version);
@@ -70,26 +57,19 @@ private:
     void ShowHeading(const Pair& pair);
     void ChooseAnew();
     void Restore();
-    void ShowNotice(const QString& text, bool isFault);
-    void ShowVersionButtons();
 
     IVersionSource& m_source;
     RecordPanel* m_records = nullptr;
     VersionPanel* m_versions = nullptr;
     QLabel* m_heading = nullptr;
     CompareView* m_compare = nullptr;
-    QLabel* m_notice = nullptr;
-    QPushButton* m_restore = nullptr;
     VersionPages m_pages;
-    QTimer m_pause{this};            ///< while keys run through a table, nothing is read
     QString m_wanted;                ///< record to be chosen once the records are read
     std::optional<QString> m_listed; ///< whose versions were read
     QString m_filled;                ///< whose versions are in the table
     std::optional<Pair> m_compared;
     bool m_areRecordsRead = false;
     bool m_wereRecordsRead = false; ///< before
-    bool m_isAsking = false;
-    bool m_hasFault = false;
 };
 
 } // namespace host

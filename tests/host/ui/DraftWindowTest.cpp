@@ -140,7 +140,7 @@ TEST_F(DraftsInSight, ADraftIsRemovedAfterAQuestion) {
     int back = 0;
     QObject::connect(window, &DraftWindow::BroughtBack, [&] { ++back; });
     support::AnsweredPrompts prompts;
-    prompts.ExpectYesNo(kAsksToRemove, true);
+    prompts.ExpectNoYes(kAsksToRemove, true);
     Press(u"draftRemove"_s);
     EXPECT_EQ(source.calls.filter(u"Remove"_s), QStringList{u"Remove 丙"_s});
     EXPECT_EQ(Table().model()->rowCount(), 2);
@@ -155,11 +155,11 @@ TEST_F(DraftsInSight, WhatFailsIsToldAndTheDraftStays) {
     prompts.ExpectYesNo(kAsksToBringBack, true);
     source.nextFault = u"磁盘已满"_s;
     Press(u"draftBringBack"_s);
-    EXPECT_EQ(Notice(), u"该草稿未能恢复，仍保留在草稿箱中。");
-    prompts.ExpectYesNo(kAsksToRemove, true);
+    EXPECT_EQ(Notice(), u"草稿未恢复，仍保留在草稿箱中：磁盘已满");
+    prompts.ExpectNoYes(kAsksToRemove, true);
     source.nextFault = u"磁盘已满"_s;
     Press(u"draftRemove"_s);
-    EXPECT_EQ(Notice(), u"该草稿未能删除。");
+    EXPECT_EQ(Notice(), u"该草稿未能删除：磁盘已满");
     EXPECT_EQ(Table().model()->rowCount(), 3);
     EXPECT_EQ(Preview(), u"甲的内容");
 }
@@ -244,13 +244,13 @@ TEST_F(DraftsInSight, ClosedWhileASourceIsAskedItAsksNoMore) {
 TEST_F(DraftsInSight, ClosedDuringAQuestionOrWhatFollowsItDoesNothingMore) {
     Open();
     support::AnsweredPrompts prompts;
-    prompts.ExpectYesNo(kAsksToRemove, true);
+    prompts.ExpectNoYes(kAsksToRemove, true);
     prompts.Meanwhile([this] { delete window; });
     Press(u"draftRemove"_s);
     EXPECT_TRUE(source.calls.filter(u"Remove"_s).isEmpty());
     Open();
     source.calls.clear();
-    prompts.ExpectYesNo(kAsksToRemove, true);
+    prompts.ExpectNoYes(kAsksToRemove, true);
     source.happens = [this] { delete window; };
     Press(u"draftRemove"_s);
     EXPECT_EQ(source.calls, QStringList{u"Remove 甲"_s});
@@ -274,7 +274,7 @@ TEST_F(DraftsInSight, TheKeyboardAloneReachesEverything) {
     Wait();
     EXPECT_EQ(Preview(), u"乙的内容");
     support::AnsweredPrompts prompts;
-    prompts.ExpectYesNo(kAsksToRemove, false);
+    prompts.ExpectNoYes(kAsksToRemove, false);
     QTest::keyClick(&Table(), Qt::Key_Delete);
     EXPECT_TRUE(support::WaitFor([&] { return prompts.AllAnswered(); }));
     QTest::keyClick(&Table(), Qt::Key_Escape);

@@ -72,15 +72,16 @@ public:
         const QString fault = Enter(QStringLiteral("ReadText %1 %2").arg(record).arg(version));
         return {fault.isEmpty(), fault, texts[version], folder};
     }
-    bool Restore(const QString& record, qint64 version) override {
-        if (!Enter(QStringLiteral("Restore %1 %2").arg(record).arg(version)).isEmpty()) {
-            return false;
+    QString Restore(const QString& record, qint64 version) override {
+        const QString fault = Enter(QStringLiteral("Restore %1 %2").arg(record).arg(version));
+        if (!fault.isEmpty()) {
+            return fault;
         }
         std::vector<host::VersionRow>& rows = versions[record];
         const qint64 number = rows[0].number + 1;
         texts[number] = texts[version];
         rows.insert(rows.begin(), {number, rows[0].person, rows[0].state, rows[0].at + 60});
-        return true;
+        return {};
     }
 };
 
@@ -108,18 +109,18 @@ public:
         const QString fault = Enter(QStringLiteral("ReadText ") + draft);
         return {fault.isEmpty(), fault, texts[draft], folder};
     }
-    bool BringBack(const QString& draft) override {
+    QString BringBack(const QString& draft) override {
         return Take(QStringLiteral("BringBack "), draft);
     }
-    bool Remove(const QString& draft) override { return Take(QStringLiteral("Remove "), draft); }
+    QString Remove(const QString& draft) override { return Take(QStringLiteral("Remove "), draft); }
 
 private:
-    bool Take(const QString& call, const QString& draft) {
-        if (!Enter(call + draft).isEmpty()) {
-            return false;
+    QString Take(const QString& call, const QString& draft) {
+        const QString fault = Enter(call + draft);
+        if (fault.isEmpty()) {
+            Drop(draft);
         }
-        Drop(draft);
-        return true;
+        return fault;
     }
 };
 

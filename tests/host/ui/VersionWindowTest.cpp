@@ -88,11 +88,13 @@ TEST_F(VersionsInSight, TheNewestRecordIsChosenAndItsNewestVersionComparedWithTh
     EXPECT_EQ(Row(Records(), 0),
               QStringList({u"1号楼 甲"_s, u"已整改"_s, u"李娜"_s, u"2026-03-05 14:00"_s, u"3"_s}));
     ASSERT_EQ(Versions().model()->rowCount(), 3);
-    EXPECT_EQ(Row(Versions(), 0), QStringList({u"2026-03-05 14:00"_s, u"李娜"_s, u"已整改"_s}));
-    EXPECT_EQ(Row(Versions(), 2), QStringList({u"2026-03-05 12:00"_s, u"张伟"_s, u"未整改"_s}));
+    EXPECT_EQ(Row(Versions(), 0),
+              QStringList({u"第3版"_s, u"2026-03-05 14:00:00"_s, u"李娜"_s, u"已整改"_s}));
+    EXPECT_EQ(Row(Versions(), 2),
+              QStringList({u"第1版"_s, u"2026-03-05 12:00:00"_s, u"张伟"_s, u"未整改"_s}));
     EXPECT_EQ(Sheet(), u"梁底露筋");
-    EXPECT_EQ(Label(u"versionHeading"_s),
-              u"2026-03-05 13:00 张伟 → 2026-03-05 14:00 李娜\n整改情况：未整改 → 已整改");
+    EXPECT_EQ(Label(u"versionHeading"_s), u"第2版（2026-03-05 13:00:00 张伟） → 第3版（2026-03-05 "
+                                          u"14:00:00 李娜）\n整改情况：未整改 → 已整改");
     EXPECT_EQ(Label(u"compareSummary"_s), u"修改 1 段");
     EXPECT_EQ(source.calls, QStringList({u"ReadRecords"_s, u"ReadVersions 甲"_s, u"ReadText 甲 2"_s,
                                          u"ReadText 甲 3"_s}));
@@ -108,7 +110,8 @@ TEST_F(VersionsInSight, RecordsComeLatestFirstAndSortByTheirTimesAndCounts) {
 TEST_F(VersionsInSight, TheFirstVersionIsAddedWholly) {
     Open();
     EXPECT_EQ(Sheet(), u"独一");
-    EXPECT_EQ(Label(u"versionHeading"_s), u"首个版本：2026-03-06 12:00 李娜\n整改情况：已整改");
+    EXPECT_EQ(Label(u"versionHeading"_s),
+              u"首个版本：第101版（2026-03-06 12:00:00 李娜）\n整改情况：已整改");
     EXPECT_EQ(Label(u"compareSummary"_s), u"新增 1 段");
     EXPECT_FALSE(RestoreButton().isEnabled()) << "it is the newest";
 }
@@ -118,8 +121,8 @@ TEST_F(VersionsInSight, TwoChosenVersionsAreComparedOlderFirst) {
     ClickRow(Records(), 1);
     ClickRow(Versions(), 0);
     ClickRow(Versions(), 2, Qt::ControlModifier);
-    EXPECT_EQ(Label(u"versionHeading"_s),
-              u"2026-03-05 12:00 张伟 → 2026-03-05 14:00 李娜\n整改情况：未整改 → 已整改");
+    EXPECT_EQ(Label(u"versionHeading"_s), u"第1版（2026-03-05 12:00:00 张伟） → 第3版（2026-03-05 "
+                                          u"14:00:00 李娜）\n整改情况：未整改 → 已整改");
     EXPECT_EQ(Sheet(), u"梁底露筋");
     EXPECT_FALSE(RestoreButton().isEnabled());
     ClickRow(Versions(), 1, Qt::ControlModifier);
@@ -228,7 +231,7 @@ TEST_F(VersionsInSight, ARestoreThatFailsIsToldAndChangesNothing) {
     prompts.ExpectYesNo(kAsksToRestore, true);
     source.nextFault = u"磁盘已满"_s;
     RestoreButton().click();
-    EXPECT_EQ(Label(u"versionNotice"_s), u"该版本未能恢复，没有任何改动。");
+    EXPECT_EQ(Label(u"versionNotice"_s), u"该版本未恢复，没有任何改动：磁盘已满");
     EXPECT_EQ(restored, 0);
     EXPECT_EQ(Versions().selectionModel()->selectedRows().at(0).row(), 1);
     EXPECT_TRUE(RestoreButton().isEnabled());
@@ -400,7 +403,7 @@ TEST_F(VersionsInSight, TheKeyboardAloneReachesEverything) {
     Versions().setFocus();
     QTest::keyClick(&Versions(), Qt::Key_Down);
     Settle();
-    EXPECT_TRUE(Label(u"versionHeading"_s).startsWith(u"2026-03-05 12:00"_s));
+    EXPECT_TRUE(Label(u"versionHeading"_s).startsWith(u"第1版（2026-03-05 12:00"_s));
     support::AnsweredPrompts prompts;
     prompts.ExpectYesNo(kAsksToRestore, false);
     QTest::keyClick(&Versions(), Qt::Key_R, Qt::ControlModifier);
