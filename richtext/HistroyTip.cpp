@@ -12,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -92,6 +93,9 @@ void CHistroyEditor::OnCreated() {
     editor = std::make_unique<CZelvorEditorImpl>();
     editor->Create(Id());
     editor->Widget()->show();
+    const auto* leave = new QShortcut(Qt::Key_Escape, Widget());
+    QObject::connect(leave, &QShortcut::activated, Widget(),
+                     [this] { EndDialog(DialogResult::Cancelled); });
     toolkit::ResizeWithinScreen(*Widget(), kHistorySize);
     toolkit::CentreWindow(*Widget());
     Layout();

@@ -132,6 +132,10 @@ void MainWindow::MakeMenus() {
             action->setIcon(toolkit::Icon(row.icon));
         }
         action->setShortcut(row.key);
+        // A viewer or console in front is part of the client too.
+        if (row.command == Command::Quit) {
+            action->setShortcutContext(Qt::ApplicationShortcut);
+        }
         action->setToolTip(TipWithKey(row));
         connect(action, &QAction::triggered, this,
                 [this, command = row.command] { emit CommandGiven(command); });

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
+#include <QtTest/QTest>
 
 #include <gmock/gmock.h>
 
@@ -88,4 +89,17 @@ TEST_F(HistroyTest, TheQuestionShowsTheHistoryAndStaysOpen) {
     });
     EXPECT_EQ(question.DoModal(mainWindow.Id()), DialogResult::Ok);
     EXPECT_TRUE(isSeen);
+}
+
+TEST_F(HistroyTest, EscapeLeavesTheHistory) {
+    CHistroyEditor history(OnServer());
+    bool isGone = false;
+    const support::ModalVisit visit(u"HistroyEditor"_s, [&](QWidget& window) {
+        support::RunPendingEvents();
+        QTest::keyClick(&SheetIn(window), Qt::Key_Escape);
+        isGone = !history.HasWindow() || !window.isVisible();
+    });
+    EXPECT_EQ(history.DoModal(mainWindow.Id()), DialogResult::Cancelled);
+    EXPECT_TRUE(visit.HasCome());
+    EXPECT_TRUE(isGone);
 }

@@ -83,6 +83,17 @@ protected:
     QStringList dropped;
 };
 
+TEST_F(ClientWindow, CtrlQQuitsFromAnyWindowOfTheClientAndOtherKeysBelongToTheirs) {
+    QWidget viewer;
+    viewer.show();
+    viewer.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&viewer));
+    QTest::keyClick(&viewer, Qt::Key_B, Qt::ControlModifier);
+    EXPECT_TRUE(commands.empty());
+    QTest::keyClick(&viewer, Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_EQ(commands, std::vector{Command::Quit});
+}
+
 TEST_F(ClientWindow, TabPassesOverADockBehindAnotherTabInBothDirections) {
     window.Marks().raise();
     support::RunPendingEvents();
