@@ -10,6 +10,8 @@ namespace {
 /// Of the pane, and therefore of the window around it.
 constexpr QSize kLeastSize(800, 630);
 constexpr QSize kFirstSize(1200, 800);
+/// With a record below: texts and a photo over them.
+constexpr int kLeastPane = 200;
 
 } // namespace
 
@@ -39,6 +41,8 @@ void CPicViewWrap::OnCreated() {
 
 void CPicViewWrap::MakeDivider(const Lower& lower) {
     m_upDownView = new CZelvorUpDownView(Widget());
+    // On a screen that is too low for both, the photo stays in sight and off its own texts.
+    m_pane->Widget()->setMinimumHeight(kLeastPane);
     m_upDownView->SetSplitterWnd(m_pane->Widget(), m_lower->Widget());
     m_upDownView->SetBottomHeight(lower.height);
     m_upDownView->show();
