@@ -82,6 +82,7 @@ void CRichLinkButton::paintEvent(QPaintEvent* event) {
     if (hasFocus()) {
         QStyleOptionFocusRect focus;
         focus.initFrom(this);
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+        // Without the widget: the look leaves it out for buttons, which show it in their panels.
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter);
     }
 }
