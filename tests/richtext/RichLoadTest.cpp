@@ -257,7 +257,14 @@ TEST_F(RichLoadTest, WithoutAWindowItsTextsAreEmptyAndNothingIsSaved) {
     EXPECT_EQ(pane.GetEditorName(), QString());
     EXPECT_EQ(pane.GetLastHtml(), QString());
     EXPECT_TRUE(pane.SaveRichText());
+    EXPECT_EQ(pane.Editor(), nullptr);
     pane.LayoutPane();
     pane.ClosePane();
     EXPECT_THAT(CallsOf(), IsEmpty());
+    Open();
+    pane.ClosePane();
+    EXPECT_EQ(pane.Editor(), nullptr);
+    EXPECT_EQ(pane.GetLastHtml(), QString());
+    support::RunPendingEvents();
+    EXPECT_EQ(pane.GetStateText(), QString());
 }

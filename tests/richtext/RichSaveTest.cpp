@@ -10,6 +10,8 @@
 
 #include <gmock/gmock.h>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -120,6 +122,29 @@ TEST_F(RichSaveTest, AFailedUploadIsToldWhileTheStripStandsAndNothingIsSaved) {
                                        "ShowMessage(上传文件失败：scripted failure)", kSavingEnds));
     EXPECT_EQ(pane.Context().objectId, u"A-1");
     EXPECT_THAT(pane.Message().attachments, SizeIs(2));
+}
+
+TEST_F(RichSaveTest, WhatWentUpBeforeTheFailingFileIsNotSavedAndTheNextTrySendsAllAgain) {
+    const KX_DATA::RichAttachment picture = Stored("no picture", u".png"_s);
+    folder.Write(u"rich/"_s + picture.name, "no picture");
+    OnServer().attachments = {
+        Stored("<p>甲<img src=\"" + picture.name.toUtf8() + "\"></p>", u".html"_s)};
+    OpenWritten();
+    bool isFirst = true;
+    host.script.During("UploadFile", [&] {
+        if (std::exchange(isFirst, false)) {
+            host.script.FailAlways("UploadFile");
+        }
+    });
+    prompts.ExpectMessage(u"上传文件失败：scripted failure"_s);
+    EXPECT_FALSE(pane.SaveRichText());
+    host.script.During("UploadFile", nullptr);
+    host.script.Succeed("UploadFile");
+    EXPECT_EQ(Log().CountOf("UploadFile"), 2);
+    EXPECT_EQ(Log().CountOf("SaveRichText"), 0);
+    EXPECT_TRUE(pane.SaveRichText());
+    EXPECT_EQ(Log().CountOf("UploadFile"), 4);
+    EXPECT_THAT(host.richTexts.lastAdded, SizeIs(2));
 }
 
 TEST_F(RichSaveTest, AFailedSaveIsToldWhileTheStripStandsAndNobodyHearsOfAState) {
