@@ -238,6 +238,25 @@ TEST_F(RichLoadTest, TheFilesAreTakenAwayBeforeTheServiceIsAskedAndTheStripStand
     EXPECT_THAT(pane.Message().attachments, SizeIs(2));
 }
 
+TEST_F(RichLoadTest, TheFilesAreThoseOfTheListWhateverTheRecordHas) {
+    host.richTexts.filesInListOnly = true;
+    Open();
+    EXPECT_EQ(Text(), u"雨后渗水");
+    EXPECT_THAT(pane.Message().attachments, SizeIs(2));
+}
+
+TEST_F(RichLoadTest, EndedByItsOwnerItIsNotReadyAndMadeAgainItWaitsForItsEditor) {
+    Open();
+    pane.Destroy();
+    EXPECT_FALSE(pane.IsEditorReady());
+    pane.Create(ownerId);
+    host.Log().Clear();
+    pane.GoTo(Place(u"B-2"_s));
+    EXPECT_EQ(Log().CountOf("GetRichText"), 0);
+    support::RunPendingEvents();
+    EXPECT_EQ(Log().CountOf("GetRichText"), 1);
+}
+
 TEST_F(RichLoadTest, ThePaneIsDisabledWhileFilesComeAndAttachmentsToo) {
     bool wasEnabled = true;
     host.script.During("DownloadFile", [&] { wasEnabled = pane.Widget()->isEnabled(); });

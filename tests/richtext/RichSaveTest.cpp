@@ -244,6 +244,37 @@ TEST_F(RichSaveTest, AnOverwritingSaveStartsFromAllOfTheOthersRecord) {
         << "the question comes before the strip";
 }
 
+TEST_F(RichSaveTest, AnOverwritingSaveRemovesTheFilesOfTheFreshList) {
+    OpenWritten();
+    OtherSaves();
+    host.richTexts.filesInListOnly = true;
+    EXPECT_TRUE(SaveOver());
+    EXPECT_THAT(Log().LinesOf({"SaveRichText"}),
+                ElementsAre("SaveRichText(id=A-1,state=整改中,removed=[" +
+                            OnServer().attachments[0].uuid.toStdString() + "],added=1)"));
+    EXPECT_THAT(host.richTexts.lastSaved.attachments, SizeIs(1));
+}
+
+TEST_F(RichSaveTest, BackAtADocumentThatWasSavedNothingIsSentAgain) {
+    OpenWritten();
+    pane.GoTo(Place(u"B-2"_s));
+    EXPECT_EQ(Log().CountOf("SaveRichText"), 1);
+    pane.GoTo(Place());
+    host.Log().Clear();
+    EXPECT_TRUE(pane.SaveRichText());
+    EXPECT_THAT(CallsOf(), IsEmpty()) << "all places have a document of one name";
+}
+
+TEST_F(RichSaveTest, BackAtADocumentWhoseEditWasDroppedNothingIsSent) {
+    OpenWritten();
+    host.script.FailNext("GetRichText");
+    prompts.ExpectMessage(u"富文本信息获取服务调用失败！"_s);
+    pane.GoTo(Place());
+    host.Log().Clear();
+    EXPECT_TRUE(pane.SaveRichText());
+    EXPECT_THAT(CallsOf(), IsEmpty());
+}
+
 TEST_F(RichSaveTest, OverwritingTheHostHearsOfAStateThatDiffersFromTheOthers) {
     OpenWritten();
     OtherSaves();

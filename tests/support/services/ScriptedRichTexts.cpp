@@ -139,6 +139,9 @@ bool ScriptedRichTextMsgMng::GetRichText(const KX_DATA::RichTextKey& key,
         target.stateText = StateOf(*place);
     }
     attachments = target.attachments;
+    if (filesInListOnly) {
+        target.attachments.clear();
+    }
     return true;
 }
 

@@ -26,6 +26,8 @@ public:
     explicit ScriptedRichTextMsgMng(Script& script) : m_script(script) {}
 
     KX_DATA::RichTextMsg message; ///< of every object
+    /// Files are given in the list alone, and the record comes without them.
+    bool filesInListOnly = false;
     KX_DATA::RichTextMsg lastSaved;
     KX_DATA::RichTextKey lastKey; ///< of a question or a save
     std::vector<KX_DATA::RichAttachment> lastAdded;
