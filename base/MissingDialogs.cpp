@@ -13,8 +13,6 @@ namespace {
 
 QString NameOf(MissingDialog dialog) {
     switch (dialog) {
-    case MissingDialog::ConsolePicViewer:
-        return u"照片预览"_s;
     case MissingDialog::Report:
         return u"输出报告"_s;
     }

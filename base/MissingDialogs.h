@@ -7,7 +7,6 @@ namespace ZelvorNRQ_KXVeskPicture {
 /// A dialog, a feed or an output that comes with a later version. An entry goes when its dialog
 /// comes.
 enum class MissingDialog {
-    ConsolePicViewer,
     Report,
 };
 

@@ -9,6 +9,7 @@ struct BimPics : PhotoTraits<KX_DATA::BimPicRow> {
     static constexpr QStringView kHint = u"输入照片名称、相关人账号、描述等关键字";
     static constexpr QStringView kDeletionLog = u"删除Vesk照片";
     static constexpr int kPeople = 5;
+    static constexpr qint32 kPageKind = 1;
 
     static void TellHost();
     static bool Query(const CPicMngBase& mng, const KX_DATA::PageRequest& request,

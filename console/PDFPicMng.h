@@ -10,6 +10,7 @@ struct PdfPics : PhotoTraits<KX_DATA::PdfPicRecord> {
     /// Small letters, unlike for BIM photos; required as is.
     static constexpr QStringView kDeletionLog = u"删除vesk照片";
     static constexpr int kPeople = 6;
+    static constexpr qint32 kPageKind = 2;
 
     static void TellHost();
     /// Success is any answer of the service but 0.

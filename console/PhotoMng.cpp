@@ -1,6 +1,5 @@
 #include "console/PhotoMng.h"
 
-#include "base/MissingDialogs.h"
 #include "base/OpenProject.h"
 #include "base/StoredFile.h"
 #include "console/BimPicMng.h"
@@ -8,13 +7,14 @@
 #include "console/PDFPicMng.h"
 #include "console/RowTexts.h"
 #include "console/VeskPicMngGrid.h"
+#include "viewers/VeskPicViewWrap.h"
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
-using ZelvorNRQ_KXVeskPicture::AnswerAsCancelled;
 using ZelvorNRQ_KXVeskPicture::CurrentProject;
 using ZelvorNRQ_KXVeskPicture::kPictureEnding;
-using ZelvorNRQ_KXVeskPicture::MissingDialog;
 using ZelvorNRQ_KXVeskPicture::StoredFilePath;
 
 template <class Record> QString PhotoTraits<Record>::DeleteQuestion(const CGridRow& row) {
@@ -35,10 +35,14 @@ DownloadSource PhotoMng<Traits>::GetDownloadSource(const CGridRow& row) const {
 }
 
 template <class Traits> void PhotoMng<Traits>::PreviewRow(CGridRow& row) {
-    Q_UNUSED(row);
-    std::vector<KX_DATA::PicViewItem> items;
-    BuildPreviewList(items);
-    AnswerAsCancelled(MissingDialog::ConsolePicViewer);
+    VeskPicPage page;
+    BuildPreviewList(page.items);
+    page.kind = Traits::kPageKind;
+    page.page = this->currentPage;
+    page.index = int(&this->RecordOf(row) - this->records.data());
+    CVeskPicViewWrap viewer;
+    viewer.SetPage(std::move(page));
+    viewer.DoModal(this->grid->ParentId());
 }
 
 template <class Traits>

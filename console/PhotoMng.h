@@ -18,6 +18,7 @@ template <class PhotoRecord> struct PhotoTraits {
 ///
 ///     kPeople                     the column from which on people, times, position, labels, state
 ///                                 of rectification and description follow each other
+///     kPageKind                   in the viewer
 ///     Labels(record)              as the cell shows them
 ///     Uuid(record), FileText(record) names of what is stored
 ///     Folder(project)             where the pictures of a project lie

@@ -55,14 +55,15 @@ void NotePlayer::OnPicChanged() {
     }
     const QString uuid = m_terms.source().uuid;
     const bool other = uuid != m_lastUuid;
-    m_lastUuid = uuid;
-    if (other) {
-        StopIfPlaying();
-    }
     // A note that plays on keeps its time display.
     if (other || uuid.isEmpty()) {
         ShowNote();
     }
+    // The texts come first: what stops leaves its time display; required as is.
+    if (other) {
+        StopIfPlaying();
+    }
+    m_lastUuid = uuid;
 }
 
 bool NotePlayer::OnTimer(int timerId) {

@@ -59,4 +59,12 @@ BimViewerPlaces PlaceBimViewer(const QSize& pane) {
     return places;
 }
 
+ConsoleViewerPlaces PlaceConsoleViewer(const QSize& pane) {
+    const int top = pane.height() - kBlockHeight;
+    const int left = pane.width() - kStripColumn;
+    const QMargins gap(kGalleryGap, kGalleryGap, kGalleryGap, kGalleryGap);
+    return {QRect(0, 0, left, top).marginsRemoved(gap),
+            QRect(left, 0, kStripColumn, top).marginsRemoved(gap)};
+}
+
 } // namespace gallery

@@ -46,4 +46,11 @@ struct BimViewerPlaces {
 };
 [[nodiscard]] BimViewerPlaces PlaceBimViewer(const QSize& pane);
 
+/// Places of the console photo viewer's pictures.
+struct ConsoleViewerPlaces {
+    QRect bigArea;
+    QRect stripArea;
+};
+[[nodiscard]] ConsoleViewerPlaces PlaceConsoleViewer(const QSize& pane);
+
 } // namespace gallery

@@ -38,8 +38,7 @@ TEST(MissingDialogs, EachIsToldByItsName) {
     SetLogFilePath(folder.Path(u"log"_s));
     QStringList told;
     toolkit::SetNoticeSink([&](const QString& text) { told << text; });
-    for (const auto& [dialog, name] : {std::pair(MissingDialog::ConsolePicViewer, u"照片预览"_s),
-                                       std::pair(MissingDialog::Report, u"输出报告"_s)}) {
+    for (const auto& [dialog, name] : {std::pair(MissingDialog::Report, u"输出报告"_s)}) {
         told.clear();
         EXPECT_FALSE(AnswerAsCancelled(dialog));
         EXPECT_EQ(told, QStringList{u"此版本尚不提供“%1”，请等待后续版本。"_s.arg(name)});
@@ -56,10 +55,10 @@ TEST(MissingDialogs, WithoutASinkNobodyIsTold) {
     SetLogFilePath(folder.Path(u"log"_s));
     QStringList told;
     toolkit::SetNoticeSink([&](const QString& text) { told << text; });
-    (void)AnswerAsCancelled(MissingDialog::ConsolePicViewer);
+    (void)AnswerAsCancelled(MissingDialog::Report);
     toolkit::SetNoticeSink({});
     (void)AnswerAsCancelled(MissingDialog::Report);
-    EXPECT_EQ(told, QStringList{u"此版本尚不提供“照片预览”，请等待后续版本。"_s});
+    EXPECT_EQ(told, QStringList{u"此版本尚不提供“输出报告”，请等待后续版本。"_s});
     SetLogFilePath(QString());
 }
 

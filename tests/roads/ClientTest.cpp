@@ -31,7 +31,6 @@
 #include <QTableView>
 #include <QThreadPool>
 #include <QTimer>
-#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -275,18 +274,6 @@ TEST_F(ClientOnAFolder, WhatIsRestoredFromTheBinIsInTheConsoleAtOnce) {
     bin->findChild<QTableView*>(u"binTable"_s)->selectRow(0);
     ASSERT_TRUE(WaitFor([&] { return hands::Click(tour::FindIn(bin, u"binRestore"_s)); }));
     EXPECT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
-}
-
-TEST_F(ClientOnAFolder, WhatThisVersionLacksIsSaidInTheMessageBar) {
-    ASSERT_TRUE(Press(Qt::Key_1));
-    ASSERT_TRUE(WaitFor([] { return ConsoleTotal() == 5; }));
-    ClickRowIcon(0, u"预览"_s);
-    const QString sentence = u"此版本尚不提供“照片预览”，请等待后续版本。"_s;
-    EXPECT_EQ(Messages(), QStringList{sentence});
-    EXPECT_TRUE(WaitFor([&] {
-        return QToolTip::isVisible() && QToolTip::text().contains(sentence);
-    })) << "the bar may lie behind the console";
-    QToolTip::hideText();
 }
 
 TEST_F(ClientOnAFolder, StoppingWithOpenWindowsLeavesNone) {

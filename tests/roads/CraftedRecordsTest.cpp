@@ -118,7 +118,6 @@ TEST_F(CraftedRecords, ADrawingPhotoAndAnIssueStayInTheirRowsWhateverTheyHold) {
     OpenKind(Qt::Key_3, 2);
     EXPECT_EQ(RowHeight(0), RowHeight(1));
     EXPECT_FALSE(tour::Console()->grab().isNull());
-    // Nothing here opens; nothing here crashes.
     for (int row = 0; row < 2; ++row) {
         ClickRowIcon(row, u"预览"_s);
     }

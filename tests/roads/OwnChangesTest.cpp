@@ -9,8 +9,6 @@
 #include "tour/TourEyes.h"
 
 #include <QApplication>
-#include <QMenu>
-#include <QToolTip>
 
 namespace roads {
 namespace {
@@ -30,12 +28,6 @@ protected:
             return hands::Click(
                 tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
         }));
-    }
-    static void ChooseInRowMenu(const QString& entry) {
-        ASSERT_TRUE(WaitFor([] { return tour::OpenRowMenu(0); }));
-        const auto menu = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
-        ASSERT_TRUE(WaitFor([&] { return menu() != nullptr; }));
-        ASSERT_TRUE(WaitFor([&] { return hands::ClickInMenu(menu(), entry); }));
     }
 };
 
@@ -58,16 +50,6 @@ TEST_F(OwnChanges, WhatIsImportedIsInAConsoleOfAnotherKindOnlyOnceItsKindIsShown
     EXPECT_EQ(tour::ConsoleTotal(), 1);
     ASSERT_TRUE(Press(Qt::Key_1));
     EXPECT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 8; }));
-}
-
-TEST_F(OwnChanges, WhatThisVersionLacksIsSaidBesideThePointerAlsoWhenItIsChosenInARowsMenu) {
-    const QString sentence = u"此版本尚不提供“照片预览”，请等待后续版本。"_s;
-    ChooseInRowMenu(u"预览"_s);
-    EXPECT_TRUE(WaitFor([&] { return Messages() == QStringList{sentence}; }));
-    EXPECT_TRUE(WaitFor([&] { return QToolTip::text().contains(sentence); }));
-    support::RunPendingEvents();
-    EXPECT_TRUE(QToolTip::isVisible()) << "it outlasts the menu";
-    QToolTip::hideText();
 }
 
 } // namespace
