@@ -4,6 +4,7 @@
 #include "toolkit/Look.h"
 #include "toolkit/richtext/NoteEdit.h"
 #include "toolkit/richtext/NoteHtml.h"
+#include "toolkit/richtext/NoteTableMenu.h"
 #include "toolkit/windows/Prompts.h"
 #include "toolkit/windows/WindowRegistry.h"
 
@@ -14,14 +15,10 @@
 #include <QFontInfo>
 #include <QInputDialog>
 #include <QLineEdit>
-#include <QMenu>
 #include <QSignalBlocker>
-#include <QTextTable>
 #include <QToolButton>
 
-#include <algorithm>
 #include <array>
-#include <utility>
 
 namespace toolkit {
 
@@ -30,8 +27,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array kSizes = {9, 10, 11, 12, 14, 16, 18, 22, 26, 36}; ///< points
-constexpr int kNewTableRows = 3;
-constexpr int kNewTableColumns = 3;
 constexpr int kFaceCharacters = 8;
 
 QString TipOf(const QString& text, const QKeySequence& keys) {
@@ -161,15 +156,6 @@ void NoteBar::AddParagraphCommands() {
         [this] { Indent(m_sheet.textCursor(), 1); });
 }
 
-void NoteBar::ChangeTable(TableDeed deed) {
-    const int first = m_sheet.textCursor().selectionStart();
-    Do(m_sheet.textCursor(), deed);
-    // What was selected are other cells now, whose text the next key would delete.
-    QTextCursor here = m_sheet.textCursor();
-    here.setPosition(std::min(first, m_sheet.document()->characterCount() - 1));
-    m_sheet.setTextCursor(here);
-}
-
 void NoteBar::AddInsertions() {
     Add({u"picture"_s, u"photo"_s, u"插入图片"_s, {}}, [this] { ChooseFiles(false); });
     AddTableMenu();
@@ -222,38 +208,13 @@ void NoteBar::AddBoxes() {
 }
 
 void NoteBar::AddTableMenu() {
-    auto* menu = new QMenu(this);
-    menu->setObjectName(u"tableMenu"_s);
-    menu->addAction(u"插入表格"_s, &m_sheet,
-                    [this] { InsertTable(m_sheet.textCursor(), kNewTableRows, kNewTableColumns); });
-    menu->addSeparator();
-    const std::array deeds = {std::pair(TableDeed::RowAbove, u"在上方插入行"_s),
-                              std::pair(TableDeed::RowBelow, u"在下方插入行"_s),
-                              std::pair(TableDeed::ColumnBefore, u"在左侧插入列"_s),
-                              std::pair(TableDeed::ColumnAfter, u"在右侧插入列"_s),
-                              std::pair(TableDeed::Merge, u"合并单元格"_s),
-                              std::pair(TableDeed::Split, u"拆分单元格"_s),
-                              std::pair(TableDeed::RemoveRows, u"删除行"_s),
-                              std::pair(TableDeed::RemoveColumns, u"删除列"_s),
-                              std::pair(TableDeed::RemoveTable, u"删除表格"_s)};
-    std::vector<std::pair<QAction*, TableDeed>> actions;
-    for (const auto& [deed, text] : deeds) {
-        QAction* action =
-            menu->addAction(text, &m_sheet, [this, what = deed] { ChangeTable(what); });
-        actions.emplace_back(action, deed);
-    }
-    connect(menu, &QMenu::aboutToShow, &m_sheet, [this, actions] {
-        for (const auto& [action, deed] : actions) {
-            action->setEnabled(CanDo(m_sheet.textCursor(), deed));
-        }
-    });
     auto* button = new QToolButton(this);
     button->setObjectName(u"tableButton"_s);
     button->setIcon(Icon(u"table"_s));
     button->setToolTip(u"表格"_s);
     button->setAccessibleName(u"表格"_s);
     button->setPopupMode(QToolButton::InstantPopup);
-    button->setMenu(menu);
+    button->setMenu(new NoteTableMenu(m_sheet, this));
     addWidget(button);
 }
 

@@ -43,7 +43,6 @@ private:
     void AddTextCommands();
     void AddParagraphCommands();
     void AddInsertions();
-    void ChangeTable(TableDeed deed);
     void AddBoxes();
     void AddTableMenu();
     void ShowWhatHolds();

@@ -67,6 +67,22 @@ Cells CellsOf(const QTextCursor& cursor) {
     return cells;
 }
 
+/// In the order of reading; none at the ends. A merged cell stands where it begins.
+QTextTableCell CellBeside(const QTextTable& table, const QTextTableCell& cell, bool backwards) {
+    const int step = backwards ? -1 : 1;
+    const int count = table.rows() * table.columns();
+    for (int at = cell.row() * table.columns() + cell.column() + step; at >= 0 && at < count;
+         at += step) {
+        const int row = at / table.columns();
+        const int column = at % table.columns();
+        const QTextTableCell next = table.cellAt(row, column);
+        if (next.row() == row && next.column() == column) {
+            return next;
+        }
+    }
+    return {};
+}
+
 void RemoveTable(QTextCursor& cursor, const QTextTable& table) {
     cursor.setPosition(table.firstPosition() - 1);
     cursor.setPosition(table.lastPosition() + 1, QTextCursor::KeepAnchor);
@@ -153,7 +169,7 @@ void Indent(QTextCursor cursor, int step) {
     }
 }
 
-void InsertTable(QTextCursor cursor, int rows, int columns) {
+QTextCursor InsertTable(QTextCursor cursor, int rows, int columns) {
     const OneStep step(cursor);
     QTextTableFormat format;
     format.setBorder(kCellBorder);
@@ -163,8 +179,28 @@ void InsertTable(QTextCursor cursor, int rows, int columns) {
     format.setCellPadding(kCellPadding);
     format.setCellSpacing(0);
     format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
-    cursor.insertTable(std::clamp(rows, 1, kMostTableSide), std::clamp(columns, 1, kMostTableSide),
-                       format);
+    return cursor
+        .insertTable(std::clamp(rows, 1, kMostTableSide), std::clamp(columns, 1, kMostTableSide),
+                     format)
+        ->cellAt(0, 0)
+        .firstCursorPosition();
+}
+
+bool StepCell(QTextCursor& cursor, bool backwards) {
+    QTextTable* table = cursor.currentTable();
+    if (table == nullptr) {
+        return false;
+    }
+    const QTextTableCell from = table->cellAt(cursor.position());
+    QTextTableCell to = CellBeside(*table, from, backwards);
+    if (!to.isValid() && !backwards) {
+        table->appendRows(1);
+        to = table->cellAt(table->rows() - 1, 0);
+    }
+    const QTextTableCell reached = to.isValid() ? to : from;
+    cursor.setPosition(reached.firstPosition());
+    cursor.setPosition(reached.lastPosition(), QTextCursor::KeepAnchor);
+    return true;
 }
 
 bool CanDo(const QTextCursor& cursor, TableDeed deed) {

@@ -32,7 +32,12 @@ TOOLKIT_EXPORT void ToggleList(QTextCursor cursor, QTextListFormat::Style style)
 TOOLKIT_EXPORT void Indent(QTextCursor cursor, int step);
 
 /// Over the whole width, its cells empty, the cursor's place behind it running text.
-TOOLKIT_EXPORT void InsertTable(QTextCursor cursor, int rows, int columns);
+/// @return  a cursor in its first cell.
+TOOLKIT_EXPORT QTextCursor InsertTable(QTextCursor cursor, int rows, int columns);
+/// Selects the text of the cell that is read next, or before. Behind the last cell a row begins,
+/// one step to undo; before the first one there is nowhere to go.
+/// @return  false outside of tables, where nothing changes.
+[[nodiscard]] TOOLKIT_EXPORT bool StepCell(QTextCursor& cursor, bool backwards);
 enum class TableDeed {
     RowAbove,
     RowBelow,

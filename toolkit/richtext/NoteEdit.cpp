@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QFontInfo>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
@@ -238,6 +239,23 @@ void NoteEdit::Zoom(int pixels) {
     QFont face = document()->defaultFont();
     face.setPixelSize(std::clamp(QFontInfo(face).pixelSize() + pixels, kLeastFace, kMostFace));
     setFont(face);
+}
+
+void NoteEdit::keyPressEvent(QKeyEvent* event) {
+    const bool isTab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    const bool backwards =
+        event->key() == Qt::Key_Backtab || event->modifiers().testFlag(Qt::ShiftModifier);
+    if (isTab && event->modifiers().testFlag(Qt::ControlModifier)) {
+        // QTextEdit's own stays in a sheet that takes Tab as text.
+        QWidget::focusNextPrevChild(!backwards);
+        return;
+    }
+    QTextCursor cursor = textCursor();
+    if (isTab && !isReadOnly() && StepCell(cursor, backwards)) {
+        setTextCursor(cursor);
+        return;
+    }
+    QTextEdit::keyPressEvent(event);
 }
 
 void NoteEdit::mousePressEvent(QMouseEvent* event) {
