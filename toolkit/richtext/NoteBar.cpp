@@ -2,21 +2,20 @@
 
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
+#include "toolkit/richtext/NoteColors.h"
+#include "toolkit/richtext/NoteCommands.h"
 #include "toolkit/richtext/NoteEdit.h"
-#include "toolkit/richtext/NoteHtml.h"
+#include "toolkit/richtext/NoteLinkDialog.h"
 #include "toolkit/richtext/NoteTableMenu.h"
 #include "toolkit/windows/Prompts.h"
 #include "toolkit/windows/WindowRegistry.h"
 
 #include <QAction>
-#include <QColorDialog>
 #include <QComboBox>
 #include <QFontComboBox>
 #include <QFontInfo>
-#include <QInputDialog>
 #include <QLineEdit>
 #include <QSignalBlocker>
-#include <QToolButton>
 
 #include <array>
 
@@ -29,45 +28,83 @@ namespace {
 constexpr std::array kSizes = {9, 10, 11, 12, 14, 16, 18, 22, 26, 36}; ///< points
 constexpr int kFaceCharacters = 8;
 
-QString TipOf(const QString& text, const QKeySequence& keys) {
-    return keys.isEmpty() ? text : u"%1（%2）"_s.arg(text, keys.toString(QKeySequence::NativeText));
+QString TipOf(const QString& text, const QList<QKeySequence>& keys) {
+    QStringList names;
+    for (const QKeySequence& one : keys) {
+        names << one.toString(QKeySequence::NativeText);
+    }
+    return keys.isEmpty() ? text : u"%1（%2）"_s.arg(text, names.join(u"、"_s));
 }
 
 } // namespace
 
-NoteBar::NoteBar(NoteEdit& sheet, QWidget* parent) : QToolBar(parent), m_sheet(sheet) {
+NoteBar::NoteBar(NoteEdit& sheet, QWidget* parent) : NoteToolLine(parent), m_sheet(sheet) {
     setObjectName(u"noteBar"_s);
-    setIconSize({16, 16});
-    setMovable(false);
-    Add({u"undo"_s, u"undo"_s, u"撤销"_s, QKeySequence::Undo}, [this] { m_sheet.undo(); });
-    Add({u"redo"_s, u"redo"_s, u"重做"_s, QKeySequence::Redo}, [this] { m_sheet.redo(); });
-    addSeparator();
+    AddSteps();
+    AddSeparator();
     AddBoxes();
     AddTextCommands();
-    addSeparator();
+    AddSeparator();
     AddParagraphCommands();
-    addSeparator();
+    AddSeparator();
     AddInsertions();
-    addSeparator();
-    Add({u"find"_s, u"search"_s, u"查找和替换"_s, QKeySequence::Find},
-        [this] { emit FindWanted(); });
-    Add({u"zoomIn"_s, u"zoom-in"_s, u"放大"_s, QKeySequence::ZoomIn}, [this] { m_sheet.Zoom(1); });
-    Add({u"zoomOut"_s, u"zoom-out"_s, u"缩小"_s, QKeySequence::ZoomOut},
-        [this] { m_sheet.Zoom(-1); });
+    AddSeparator();
+    AddLooks();
+    AddWayIn();
     connect(&m_sheet, &QTextEdit::cursorPositionChanged, this, &NoteBar::ShowWhatHolds);
     connect(&m_sheet, &QTextEdit::currentCharFormatChanged, this, &NoteBar::ShowWhatHolds);
+    connect(&m_sheet, &QTextEdit::undoAvailable, this, &NoteBar::ShowSteps);
+    connect(&m_sheet, &QTextEdit::redoAvailable, this, &NoteBar::ShowSteps);
     ShowWhatHolds();
 }
 
-QAction* NoteBar::Add(const Command& command, const Deed& deed) {
-    QAction* action = addAction(Icon(command.icon), command.text);
+void NoteBar::AddSteps() {
+    m_undo = Add({u"undo"_s, u"undo"_s, u"撤销"_s, {QKeySequence(QKeySequence::Undo)}},
+                 [this] { m_sheet.undo(); });
+    // Both are in use, whichever of them the platform has for its own.
+    m_redo = Add({u"redo"_s,
+                  u"redo"_s,
+                  u"重做"_s,
+                  {QKeySequence(u"Ctrl+Y"_s), QKeySequence(u"Ctrl+Shift+Z"_s)}},
+                 [this] { m_sheet.redo(); });
+}
+
+void NoteBar::AddLooks() {
+    Add(
+        {u"find"_s, u"search"_s, u"查找和替换"_s, {QKeySequence(QKeySequence::Find)}},
+        [this] { emit FindWanted(); }, Kind::Looks);
+    Add(
+        {u"zoomIn"_s, u"zoom-in"_s, u"放大"_s, {QKeySequence(QKeySequence::ZoomIn)}},
+        [this] { m_sheet.Zoom(1); }, Kind::Looks);
+    Add(
+        {u"zoomOut"_s, u"zoom-out"_s, u"缩小"_s, {QKeySequence(QKeySequence::ZoomOut)}},
+        [this] { m_sheet.Zoom(-1); }, Kind::Looks);
+}
+
+void NoteBar::AddWayIn() {
+    auto* wayIn = new QAction(u"进入工具栏"_s, this);
+    wayIn->setObjectName(u"enterBar"_s);
+    wayIn->setShortcutContext(Qt::WidgetShortcut);
+    wayIn->setShortcut(QKeySequence(u"Alt+F10"_s));
+    m_sheet.addAction(wayIn);
+    connect(wayIn, &QAction::triggered, this, [this] { Enter(); });
+    connect(this, &NoteToolLine::Left, &m_sheet, [this] { m_sheet.setFocus(); });
+}
+
+QAction* NoteBar::Add(const Command& command, const Deed& deed, Kind kind) {
+    auto* action = new QAction(Icon(command.icon), command.text, this);
     action->setObjectName(command.name);
     action->setToolTip(TipOf(command.text, command.keys));
     // While another part of the window has the keyboard, its own shortcuts work.
     action->setShortcutContext(Qt::WidgetShortcut);
-    action->setShortcut(command.keys);
+    action->setShortcuts(command.keys);
     m_sheet.addAction(action);
-    connect(action, &QAction::triggered, &m_sheet, [this, deed] {
+    AddCommand(action);
+    connect(action, &QAction::triggered, &m_sheet, [this, deed, kind] {
+        // Hidden commands have their shortcuts still.
+        if (kind == Kind::Writes && m_sheet.isReadOnly()) {
+            return;
+        }
         // First: the finder takes the keyboard for itself.
         m_sheet.setFocus();
         deed();
@@ -92,29 +129,30 @@ void NoteBar::AddTextCommands() {
         };
     };
     using Format = QTextCharFormat;
-    AddSwitch({u"bold"_s, u"bold"_s, u"加粗"_s, QKeySequence::Bold},
+    AddSwitch({u"bold"_s, u"bold"_s, u"加粗"_s, {QKeySequence(QKeySequence::Bold)}},
               look([](Format& format, const Format& before) {
                   const bool isBold = before.fontWeight() >= QFont::Bold;
                   format.setFontWeight(isBold ? QFont::Normal : QFont::Bold);
               }),
               [this] { return m_sheet.currentCharFormat().fontWeight() >= QFont::Bold; });
-    AddSwitch({u"italic"_s, u"italic"_s, u"倾斜"_s, QKeySequence::Italic},
+    AddSwitch({u"italic"_s, u"italic"_s, u"倾斜"_s, {QKeySequence(QKeySequence::Italic)}},
               look([](Format& format, const Format& before) {
                   format.setFontItalic(!before.fontItalic());
               }),
               [this] { return m_sheet.currentCharFormat().fontItalic(); });
-    AddSwitch({u"underline"_s, u"underline"_s, u"下划线"_s, QKeySequence::Underline},
-              look([](Format& format, const Format& before) {
-                  format.setFontUnderline(!before.fontUnderline());
-              }),
-              [this] { return m_sheet.currentCharFormat().fontUnderline(); });
-    AddSwitch({u"strike"_s, u"strike"_s, u"删除线"_s, QKeySequence(u"Ctrl+Shift+X"_s)},
+    AddSwitch(
+        {u"underline"_s, u"underline"_s, u"下划线"_s, {QKeySequence(QKeySequence::Underline)}},
+        look([](Format& format, const Format& before) {
+            format.setFontUnderline(!before.fontUnderline());
+        }),
+        [this] { return m_sheet.currentCharFormat().fontUnderline(); });
+    AddSwitch({u"strike"_s, u"strike"_s, u"删除线"_s, {QKeySequence(u"Ctrl+Shift+X"_s)}},
               look([](Format& format, const Format& before) {
                   format.setFontStrikeOut(!before.fontStrikeOut());
               }),
               [this] { return m_sheet.currentCharFormat().fontStrikeOut(); });
-    Add({u"textColor"_s, u"text-color"_s, u"文字颜色"_s, {}}, [this] { ChooseColor(true); });
-    Add({u"highlight"_s, u"highlight"_s, u"突出显示"_s, {}}, [this] { ChooseColor(false); });
+    AddMenu(new NoteColorMenu(m_sheet, NotePaint::Text, this), u"textColorButton"_s);
+    AddMenu(new NoteColorMenu(m_sheet, NotePaint::Ground, this), u"highlightButton"_s);
 }
 
 void NoteBar::AddParagraphCommands() {
@@ -129,7 +167,7 @@ void NoteBar::AddParagraphCommands() {
                              Side{"align-right", u"右对齐"_s, Qt::AlignRight, "Ctrl+R"}}) {
         const QString name = QLatin1String(side.name);
         AddSwitch(
-            {name, name, side.text, QKeySequence(QLatin1String(side.keys))},
+            {name, name, side.text, {QKeySequence(QLatin1String(side.keys))}},
             [this, at = side.side] { m_sheet.setAlignment(at); },
             [this, at = side.side] {
                 return (m_sheet.alignment() & Qt::AlignHorizontal_Mask).testFlags(at);
@@ -146,20 +184,21 @@ void NoteBar::AddParagraphCommands() {
           List{"list-number", u"编号"_s, QTextListFormat::ListDecimal, "Ctrl+Shift+7"}}) {
         const QString name = QLatin1String(list.name);
         AddSwitch(
-            {name, name, list.text, QKeySequence(QLatin1String(list.keys))},
+            {name, name, list.text, {QKeySequence(QLatin1String(list.keys))}},
             [this, style = list.style] { ToggleList(m_sheet.textCursor(), style); },
             [this, style = list.style] { return IsInList(m_sheet.textCursor(), style); });
     }
-    Add({u"outdent"_s, u"outdent"_s, u"减少缩进"_s, QKeySequence(u"Ctrl+["_s)},
+    Add({u"outdent"_s, u"outdent"_s, u"减少缩进"_s, {QKeySequence(u"Ctrl+["_s)}},
         [this] { Indent(m_sheet.textCursor(), -1); });
-    Add({u"indent"_s, u"indent"_s, u"增加缩进"_s, QKeySequence(u"Ctrl+]"_s)},
+    Add({u"indent"_s, u"indent"_s, u"增加缩进"_s, {QKeySequence(u"Ctrl+]"_s)}},
         [this] { Indent(m_sheet.textCursor(), 1); });
 }
 
 void NoteBar::AddInsertions() {
     Add({u"picture"_s, u"photo"_s, u"插入图片"_s, {}}, [this] { ChooseFiles(false); });
-    AddTableMenu();
-    Add({u"link"_s, u"link"_s, u"插入链接"_s, QKeySequence(u"Ctrl+K"_s)}, [this] { AskForLink(); });
+    AddMenu(new NoteTableMenu(m_sheet, this), u"tableButton"_s);
+    Add({u"link"_s, u"link"_s, u"插入链接"_s, {QKeySequence(u"Ctrl+K"_s)}},
+        [this] { AskForLink(); });
     Add({u"attach"_s, u"attach"_s, u"添加附件"_s, {}}, [this] { ChooseFiles(true); });
     Add({u"rule"_s, u"rule"_s, u"插入横线"_s, {}}, [this] { InsertRule(m_sheet.textCursor()); });
 }
@@ -177,7 +216,7 @@ void NoteBar::AddBoxes() {
         SetHeading(m_sheet.textCursor(), level);
         m_sheet.setFocus();
     });
-    addWidget(m_heading);
+    AddBox(m_heading);
     m_face = new QFontComboBox(this);
     m_face->setObjectName(u"faceBox"_s);
     m_face->setAccessibleName(u"字体"_s);
@@ -190,7 +229,7 @@ void NoteBar::AddBoxes() {
         m_sheet.mergeCurrentCharFormat(format);
         m_sheet.setFocus();
     });
-    addWidget(m_face);
+    AddBox(m_face);
     m_size = new QComboBox(this);
     m_size->setObjectName(u"sizeBox"_s);
     m_size->setAccessibleName(u"字号"_s);
@@ -204,21 +243,16 @@ void NoteBar::AddBoxes() {
         m_sheet.mergeCurrentCharFormat(format);
         m_sheet.setFocus();
     });
-    addWidget(m_size);
+    AddBox(m_size);
 }
 
-void NoteBar::AddTableMenu() {
-    auto* button = new QToolButton(this);
-    button->setObjectName(u"tableButton"_s);
-    button->setIcon(Icon(u"table"_s));
-    button->setToolTip(u"表格"_s);
-    button->setAccessibleName(u"表格"_s);
-    button->setPopupMode(QToolButton::InstantPopup);
-    button->setMenu(new NoteTableMenu(m_sheet, this));
-    addWidget(button);
+void NoteBar::ShowSteps() {
+    m_undo->setEnabled(m_sheet.document()->isUndoAvailable());
+    m_redo->setEnabled(m_sheet.document()->isRedoAvailable());
 }
 
 void NoteBar::ShowWhatHolds() {
+    ShowSteps();
     for (const Switch& one : m_switches) {
         one.action->setChecked(one.holds());
     }
@@ -233,19 +267,6 @@ void NoteBar::ShowWhatHolds() {
     m_size->setCurrentIndex(m_size->findData(qRound(QFontInfo(format.font()).pointSizeF())));
 }
 
-void NoteBar::ChooseColor(bool ofText) {
-    const QTextCharFormat before = m_sheet.currentCharFormat();
-    const QColor present = ofText ? before.foreground().color() : before.background().color();
-    const QColor color =
-        QColorDialog::getColor(present, &m_sheet, ofText ? u"文字颜色"_s : u"突出显示"_s);
-    if (!color.isValid()) {
-        return;
-    }
-    QTextCharFormat format;
-    ofText ? format.setForeground(color) : format.setBackground(color);
-    m_sheet.mergeCurrentCharFormat(format);
-}
-
 void NoteBar::ChooseFiles(bool areAttached) {
     const QString filter =
         areAttached ? u"所有文件 (*)"_s : u"图片 (*.jpg *.jpeg *.png *.bmp *.gif *.tif *.tiff)"_s;
@@ -258,22 +279,24 @@ void NoteBar::ChooseFiles(bool areAttached) {
 }
 
 void NoteBar::AskForLink() {
-    bool isGiven = false;
-    const QString present = m_sheet.currentCharFormat().anchorHref();
-    const QString address =
-        QInputDialog::getText(&m_sheet, u"插入链接"_s, u"网址（留空则取消链接）："_s,
-                              QLineEdit::Normal, present, &isGiven)
-            .trimmed();
-    if (!isGiven) {
-        return;
-    }
-    const bool isBare = !address.isEmpty() && !address.contains(u':');
-    const QString whole = isBare ? u"https://"_s + address : address;
-    if (whole.isEmpty() || IsLinkAllowed(whole)) {
-        SetLink(m_sheet.textCursor(), whole, address);
-    } else {
-        emit m_sheet.Refused(u"只能链接到以 http://、https:// 或 mailto: 开头的地址。"_s);
-    }
+    const QTextCursor linked = LinkedText(m_sheet.textCursor());
+    const QString text = linked.selectedText();
+    // Pictures, and more than a paragraph, are linked as they are.
+    const bool isTextFixed = text.contains(QChar::ObjectReplacementCharacter) ||
+                             text.contains(QChar::ParagraphSeparator) ||
+                             text.contains(QChar::LineSeparator);
+    auto* dialog = new NoteLinkDialog({AddressAt(linked), isTextFixed ? QString() : text},
+                                      isTextFixed, &m_sheet);
+    connect(dialog, &QDialog::accepted, this, [this, dialog, linked] {
+        const NoteLinkWords words = dialog->Words();
+        // Another document may have come meanwhile.
+        if (linked.document() != m_sheet.document()) {
+            return;
+        }
+        SetLink(linked, words.address, words.text);
+        m_sheet.setFocus();
+    });
+    dialog->open();
 }
 
 } // namespace toolkit

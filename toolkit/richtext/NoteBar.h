@@ -1,9 +1,10 @@
 // The commands of the editor of rich texts, as buttons and shortcuts.
 #pragma once
 
-#include "toolkit/richtext/NoteCommands.h"
+#include "toolkit/richtext/NoteToolLine.h"
 
-#include <QToolBar>
+#include <QKeySequence>
+#include <QList>
 
 #include <functional>
 #include <vector>
@@ -16,10 +17,11 @@ namespace toolkit {
 
 class NoteEdit;
 
-/// Buttons show what holds where the cursor stands. What has no room is behind the button at the
-/// end. The shortcuts work while the sheet has the keyboard. Thread: user interface. Owned by its
-/// parent; the sheet must outlive it.
-class NoteBar final : public QToolBar {
+/// Buttons show what holds where the cursor stands. The shortcuts work while the sheet has the
+/// keyboard; those that write do nothing in one that is read only. Alt+F10 leads from the sheet
+/// into the line, Escape back. Thread: user interface. Owned by its parent; the sheet must outlive
+/// it.
+class NoteBar final : public NoteToolLine {
     Q_OBJECT
 
 public:
@@ -34,19 +36,22 @@ private:
         QString name; ///< of the action
         QString icon;
         QString text;
-        QKeySequence keys;
+        QList<QKeySequence> keys; ///< the first one is told first
     };
 
-    QAction* Add(const Command& command, const Deed& deed);
+    enum class Kind { Writes, Looks };
+    QAction* Add(const Command& command, const Deed& deed, Kind kind = Kind::Writes);
     /// A command that holds or doesn't where the cursor stands.
     void AddSwitch(const Command& command, const Deed& deed, const std::function<bool()>& holds);
     void AddTextCommands();
     void AddParagraphCommands();
     void AddInsertions();
     void AddBoxes();
-    void AddTableMenu();
+    void AddSteps();
+    void AddLooks();
+    void AddWayIn();
     void ShowWhatHolds();
-    void ChooseColor(bool ofText);
+    void ShowSteps();
     void ChooseFiles(bool areAttached);
     void AskForLink();
 
@@ -56,6 +61,8 @@ private:
     };
     NoteEdit& m_sheet;
     std::vector<Switch> m_switches;
+    QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
     QComboBox* m_heading = nullptr;
     QFontComboBox* m_face = nullptr;
     QComboBox* m_size = nullptr;

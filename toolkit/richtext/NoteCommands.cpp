@@ -277,14 +277,51 @@ void InsertPicture(QTextCursor cursor, const QTextImageFormat& picture) {
     cursor.insertImage(picture);
 }
 
+QString AddressAt(const QTextCursor& cursor) {
+    QTextCursor first = cursor;
+    // The format of a place is that of the letter before it.
+    first.setPosition(cursor.hasSelection() ? cursor.selectionStart() + 1 : cursor.position());
+    return first.charFormat().anchorHref();
+}
+
+QTextCursor LinkedText(QTextCursor cursor) {
+    const QString address = AddressAt(cursor);
+    if (cursor.hasSelection() || address.isEmpty()) {
+        return cursor;
+    }
+    const QTextBlock block = cursor.block();
+    int from = cursor.position();
+    int to = from;
+    for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+        const QTextFragment part = piece.fragment();
+        const int end = part.position() + part.length();
+        if (part.charFormat().anchorHref() != address) {
+            if (part.position() >= to) {
+                break;
+            }
+            from = end;
+            continue;
+        }
+        from = std::min(from, part.position());
+        to = std::max(to, end);
+    }
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    return cursor;
+}
+
 void SetLink(QTextCursor cursor, const QString& address, const QString& text) {
+    const bool isNew = !cursor.hasSelection();
+    if (isNew && address.isEmpty()) {
+        return;
+    }
     const OneStep step(cursor);
     QTextCharFormat look;
     look.setAnchor(!address.isEmpty());
     look.setAnchorHref(address);
     look.setFontUnderline(!address.isEmpty());
-    look.setForeground(address.isEmpty() ? QBrush(Colors::Text()) : QBrush(Colors::Link()));
-    if (cursor.hasSelection()) {
+    look.setForeground(address.isEmpty() ? QBrush(Qt::NoBrush) : QBrush(Colors::Link()));
+    if (!isNew && (text.isEmpty() || text == cursor.selectedText())) {
         cursor.mergeCharFormat(look);
         return;
     }
@@ -292,8 +329,10 @@ void SetLink(QTextCursor cursor, const QString& address, const QString& text) {
     QTextCharFormat link = before;
     link.merge(look);
     cursor.insertText(text.isEmpty() ? address : text, link);
-    // What is typed next is no part of it.
-    cursor.insertText(u" "_s, before);
+    if (isNew) {
+        // What is typed next is no part of it.
+        cursor.insertText(u" "_s, before);
+    }
 }
 
 void InsertAttachment(QTextCursor cursor, const NoteAttachment& attachment) {

@@ -56,8 +56,13 @@ TOOLKIT_EXPORT void Do(QTextCursor cursor, TableDeed deed);
 /// A line over the whole width in a paragraph of its own.
 TOOLKIT_EXPORT void InsertRule(QTextCursor cursor);
 TOOLKIT_EXPORT void InsertPicture(QTextCursor cursor, const QTextImageFormat& picture);
-/// The selected text, or `text` where nothing is selected, leads to the address; an empty address
-/// takes the link away.
+/// What a link would be of: what is selected, else all of the link that the cursor stands in, else
+/// nothing, at the cursor.
+[[nodiscard]] TOOLKIT_EXPORT QTextCursor LinkedText(QTextCursor cursor);
+/// Where the text of the cursor leads; empty: nowhere.
+[[nodiscard]] TOOLKIT_EXPORT QString AddressAt(const QTextCursor& cursor);
+/// The selected text leads to the address; it reads `text` from now on, if that isn't empty. Where
+/// nothing is selected `text` is inserted, or the address. An empty address takes the link away.
 TOOLKIT_EXPORT void SetLink(QTextCursor cursor, const QString& address, const QString& text);
 TOOLKIT_EXPORT void InsertAttachment(QTextCursor cursor, const NoteAttachment& attachment);
 
