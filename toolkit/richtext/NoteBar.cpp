@@ -13,7 +13,6 @@
 #include <QAction>
 #include <QComboBox>
 #include <QFontComboBox>
-#include <QFontInfo>
 #include <QLineEdit>
 #include <QSignalBlocker>
 
@@ -34,6 +33,18 @@ QString TipOf(const QString& text, const QList<QKeySequence>& keys) {
         names << one.toString(QKeySequence::NativeText);
     }
     return keys.isEmpty() ? text : u"%1（%2）"_s.arg(text, names.join(u"、"_s));
+}
+
+/// As the document says: what goes unsaid is as large as the sheet shows it, zoomed.
+double PointsOf(const QTextCharFormat& format, const NoteEdit& sheet) {
+    constexpr double kPointsOfInch = 72;
+    const QFont font = format.font();
+    if (font.pixelSize() <= 0) {
+        return font.pointSizeF();
+    }
+    const bool isSaid = format.hasProperty(QTextFormat::FontPixelSize);
+    const double zoom = sheet.Note() == nullptr || isSaid ? 1 : sheet.Note()->ShownFactor();
+    return font.pixelSize() * kPointsOfInch / sheet.logicalDpiY() / zoom;
 }
 
 } // namespace
@@ -264,7 +275,7 @@ void NoteBar::ShowWhatHolds() {
     m_face->setCurrentFont(format.font());
     m_face->lineEdit()->setCursorPosition(0);
     // -1 for one that isn't in the list: the box is empty.
-    m_size->setCurrentIndex(m_size->findData(qRound(QFontInfo(format.font()).pointSizeF())));
+    m_size->setCurrentIndex(m_size->findData(qRound(PointsOf(format, m_sheet))));
 }
 
 void NoteBar::ChooseFiles(bool areAttached) {

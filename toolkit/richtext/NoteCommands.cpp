@@ -262,6 +262,17 @@ void Do(QTextCursor cursor, TableDeed deed) {
     }
 }
 
+void LetLinesBreak(QTextDocument& document, int from, int to) {
+    QTextBlockFormat breaks;
+    breaks.setNonBreakableLines(false);
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to;
+         block = block.next()) {
+        if (block.blockFormat().nonBreakableLines()) {
+            QTextCursor(block).mergeBlockFormat(breaks);
+        }
+    }
+}
+
 void InsertRule(QTextCursor cursor) {
     const OneStep step(cursor);
     const QTextBlockFormat before = cursor.blockFormat();

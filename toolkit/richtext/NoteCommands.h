@@ -7,6 +7,7 @@
 #include <QTextListFormat>
 
 class QTextCursor;
+class QTextDocument;
 class QTextImageFormat;
 
 namespace toolkit {
@@ -52,6 +53,10 @@ enum class TableDeed {
 /// Whether the cursor stands where the deed changes something.
 [[nodiscard]] TOOLKIT_EXPORT bool CanDo(const QTextCursor& cursor, TableDeed deed);
 TOOLKIT_EXPORT void Do(QTextCursor cursor, TableDeed deed);
+
+/// Lines of these paragraphs end where the sheet ends, also of those that were to go on ("pre").
+/// @param from, to  places in the document.
+TOOLKIT_EXPORT void LetLinesBreak(QTextDocument& document, int from, int to);
 
 /// A line over the whole width in a paragraph of its own.
 TOOLKIT_EXPORT void InsertRule(QTextCursor cursor);

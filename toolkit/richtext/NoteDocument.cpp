@@ -1,11 +1,14 @@
 #include "toolkit/richtext/NoteDocument.h"
 
 #include "toolkit/Look.h"
+#include "toolkit/richtext/NoteCommands.h"
 #include "toolkit/richtext/NotePictures.h"
 #include "toolkit/richtext/NoteStore.h"
+#include "toolkit/richtext/NoteZoom.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFile>
+#include <QFileInfo>
 #include <QFont>
 #include <QPainter>
 #include <QTextBlock>
@@ -111,7 +114,7 @@ QString AddressOf(const NoteAttachment& attachment) {
 
 NoteDocument::NoteDocument(QString folder, QObject* parent)
     : QTextDocument(parent), m_folder(std::move(folder)),
-      m_pictures(new NotePictures(m_folder, this)) {
+      m_pictures(new NotePictures(m_folder, this)), m_zoom(new NoteZoom(*this)) {
     setDefaultFont(UiFont());
     documentLayout()->registerHandler(QTextFormat::ImageObject, m_pictures);
 }
@@ -124,6 +127,7 @@ NoteFault NoteDocument::Load(const QString& html) {
     const bool keepsUndo = isUndoRedoEnabled();
     setUndoRedoEnabled(false);
     setHtml(note.html);
+    LetLinesBreak(*this, 0, characterCount() - 1);
     setUndoRedoEnabled(keepsUndo);
     setModified(false);
     return NoteFault::None;
@@ -177,19 +181,37 @@ bool NoteDocument::HasFileOf(const QString& attachmentAddress) const {
 }
 
 std::optional<QTextImageFormat> NoteDocument::ImageFormat(const QString& storeName,
-                                                          int room) const {
+                                                          const QSize& room) const {
     QSize size = m_pictures->FileSize(storeName);
     if (size.isEmpty()) {
         return std::nullopt;
     }
-    if (size.width() > room) {
-        size = QSize(room, std::max(1, qRound(double(size.height()) * room / size.width())));
+    if (size.width() > room.width() || size.height() > room.height()) {
+        size = size.scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1});
     }
     QTextImageFormat format;
     format.setName(storeName);
     format.setWidth(size.width());
     format.setHeight(size.height());
     return format;
+}
+
+void NoteDocument::ShowAt(int face) {
+    m_pictures->ShowAt(double(std::clamp(face, kLeastFace, kMostFace)) / kUsualFace);
+    m_zoom->SetFace(face);
+}
+
+double NoteDocument::ShownFactor() const {
+    return m_zoom->Factor();
+}
+
+std::optional<quint64> NoteDocument::SizeOf(const NoteAttachment& attachment) const {
+    const QFileInfo file(AttachedPath(m_folder, attachment.storeName, attachment.fileName));
+    const auto told = m_sizes.find(attachment.storeName);
+    if (told != m_sizes.end()) {
+        return told->second;
+    }
+    return file.isFile() ? std::optional(quint64(file.size())) : std::nullopt;
 }
 
 QVariant NoteDocument::loadResource(int type, const QUrl& name) {

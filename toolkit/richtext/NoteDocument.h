@@ -5,15 +5,19 @@
 #include "toolkit/richtext/NoteHtml.h"
 #include "toolkit/richtext/ZvEditorNotify.h"
 
+#include <QSize>
 #include <QTextDocument>
 
+#include <map>
 #include <optional>
+#include <utility>
 
 class QTextImageFormat;
 
 namespace toolkit {
 
 class NotePictures;
+class NoteZoom;
 
 /// An attachment as a link names it.
 struct NoteAttachment {
@@ -46,10 +50,21 @@ public:
     [[nodiscard]] bool HasFileOf(const QString& attachmentAddress) const;
     [[nodiscard]] const QString& Folder() const { return m_folder; }
 
-    /// How a picture of the folder stands in a text: as wide as it is, at most `room` (pixels).
-    /// Nothing for a file that is no picture.
+    /// How a picture of the folder stands in a text: as large as it is, or in its proportion as
+    /// large as there is room (pixels of the document). Nothing for a file that is no picture.
     [[nodiscard]] std::optional<QTextImageFormat> ImageFormat(const QString& storeName,
-                                                              int room) const;
+                                                              const QSize& room) const;
+
+    /// Everything is shown so large that running text has this face, pixels; what the document says
+    /// stays as it is.
+    void ShowAt(int face);
+    /// 1 at the usual size.
+    [[nodiscard]] double ShownFactor() const;
+
+    /// @param sizes  bytes by store name, of attachments that needn't lie here.
+    void SetAttachmentSizes(std::map<QString, quint64> sizes) { m_sizes = std::move(sizes); }
+    /// Bytes; nothing if nobody knows.
+    [[nodiscard]] std::optional<quint64> SizeOf(const NoteAttachment& attachment) const;
 
 protected:
     QVariant loadResource(int type, const QUrl& name) override;
@@ -57,6 +72,8 @@ protected:
 private:
     const QString m_folder;
     NotePictures* m_pictures; ///< a child
+    NoteZoom* m_zoom;         ///< a child
+    std::map<QString, quint64> m_sizes;
 };
 
 } // namespace toolkit

@@ -3,14 +3,16 @@
 #include "toolkit/Look.h"
 #include "toolkit/media/PictureFile.h"
 #include "toolkit/richtext/NoteCommands.h"
+#include "toolkit/richtext/NoteLinkTip.h"
 #include "toolkit/richtext/NoteStore.h"
+#include "toolkit/richtext/NoteZoom.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QFontInfo>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -18,7 +20,9 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
+#include <QToolTip>
 #include <QUrl>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <utility>
@@ -33,8 +37,8 @@ constexpr int kHandle = 8; ///< side of a handle, pixels
 constexpr double kLeastWidth = 16;
 constexpr double kMostPictureWidth = 4000;
 constexpr int kLeastRoom = 120;
-constexpr int kLeastFace = 6; ///< pixels
-constexpr int kMostFace = 96;
+/// Of the sheet's height, for a new picture: something of the text stays in sight.
+constexpr double kPictureShare = 0.6;
 /// Of a picture within pasted text, Base64.
 constexpr qsizetype kMostDataAddress = qsizetype(48) * 1024 * 1024;
 
@@ -69,7 +73,7 @@ QByteArray DataOf(const QString& address) {
 
 } // namespace
 
-NoteEdit::NoteEdit(QWidget* parent) : QTextEdit(parent) {
+NoteEdit::NoteEdit(QWidget* parent) : QTextEdit(parent), m_face(kUsualFace) {
     setAcceptRichText(true);
     setTabChangesFocus(false);
     viewport()->setMouseTracking(true);
@@ -79,19 +83,28 @@ void NoteEdit::SetNote(std::unique_ptr<NoteDocument> document) {
     m_resized.reset();
     NoteDocument* before = std::exchange(m_note, document.release());
     m_note->setParent(this);
+    m_note->ShowAt(m_face);
     setDocument(m_note);
+    // Qt's goes on with the look of the text before.
+    setTextCursor(QTextCursor(m_note));
     delete before;
 }
 
-int NoteEdit::RoomForPictures() const {
-    const int margins = int(2 * document()->documentMargin());
-    return std::max(kLeastRoom, viewport()->width() - margins);
+QSize NoteEdit::RoomForPictures() const {
+    // A tall picture brings the bar, which takes of the width.
+    const QScrollBar& bar = *verticalScrollBar();
+    const int forBar = bar.isVisible() ? 0 : bar.sizeHint().width();
+    const double zoom = m_note->ShownFactor();
+    const QSize room(int((viewport()->width() - forBar) / zoom - 2 * document()->documentMargin()),
+                     int(viewport()->height() * kPictureShare / zoom));
+    return room.expandedTo({kLeastRoom, kLeastRoom});
 }
 
 bool NoteEdit::InsertStored(const QString& storeName) {
     const auto format = m_note->ImageFormat(storeName, RoomForPictures());
     if (format) {
         InsertPicture(textCursor(), *format);
+        ensureCursorVisible();
     }
     return format.has_value();
 }
@@ -169,7 +182,12 @@ void NoteEdit::insertFromMimeData(const QMimeData* source) {
         const CleanedNote note = CleanNoteHtml(
             source->html(), [this](const QString& address) { return KeepPasted(address); });
         if (note.fault == NoteFault::None && !note.html.trimmed().isEmpty()) {
-            textCursor().insertHtml(note.html);
+            QTextCursor cursor = textCursor();
+            cursor.beginEditBlock();
+            const int from = cursor.selectionStart();
+            cursor.insertHtml(note.html);
+            LetLinesBreak(*document(), from, cursor.position());
+            cursor.endEditBlock();
         } else {
             textCursor().insertText(source->text());
         }
@@ -192,7 +210,7 @@ QRectF NoteEdit::PlaceOf(int position) const {
     const double right = line.cursorToX(position - block.position() + 1);
     QTextCursor cursor(document());
     cursor.setPosition(position + 1);
-    const double height = cursor.charFormat().toImageFormat().height();
+    const double height = cursor.charFormat().toImageFormat().height() * m_note->ShownFactor();
     const double bottom = area.top() + line.y() + line.ascent();
     return QRectF(area.left() + left, bottom - height, right - left, height)
         .translated(-horizontalScrollBar()->value(), -verticalScrollBar()->value());
@@ -235,10 +253,42 @@ void NoteEdit::ResizePicture(int position, double width) {
 }
 
 void NoteEdit::Zoom(int pixels) {
-    // Qt's own zooming knows no faces whose size is in pixels.
-    QFont face = document()->defaultFont();
-    face.setPixelSize(std::clamp(QFontInfo(face).pixelSize() + pixels, kLeastFace, kMostFace));
-    setFont(face);
+    m_face = std::clamp(m_face + pixels, kLeastFace, kMostFace);
+    if (m_note != nullptr) {
+        m_note->ShowAt(m_face);
+    }
+}
+
+void NoteEdit::wheelEvent(QWheelEvent* event) {
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        // Qt's own zooming knows no faces whose size is in pixels.
+        const int turned = event->angleDelta().y();
+        Zoom(int(turned > 0) - int(turned < 0));
+        event->accept();
+        return;
+    }
+    QTextEdit::wheelEvent(event);
+}
+
+void NoteEdit::changeEvent(QEvent* event) {
+    QTextEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange && m_note != nullptr) {
+        // Qt has given the document the face of the window.
+        m_note->ShowAt(m_face);
+    }
+}
+
+bool NoteEdit::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && m_note != nullptr) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        const QString address = anchorAt(help->pos());
+        if (!address.isEmpty()) {
+            QToolTip::showText(help->globalPos(), PlainTip(LinkTip(*m_note, address, isReadOnly())),
+                               viewport());
+            return true;
+        }
+    }
+    return QTextEdit::viewportEvent(event);
 }
 
 void NoteEdit::keyPressEvent(QKeyEvent* event) {
@@ -300,7 +350,7 @@ void NoteEdit::mouseMoveEvent(QMouseEvent* event) {
 
 void NoteEdit::mouseReleaseEvent(QMouseEvent* event) {
     if (const auto resized = std::exchange(m_resized, std::nullopt)) {
-        ResizePicture(resized->position, m_width);
+        ResizePicture(resized->position, m_width / m_note->ShownFactor());
         return;
     }
     QTextEdit::mouseReleaseEvent(event);

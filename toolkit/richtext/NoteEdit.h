@@ -36,8 +36,10 @@ public:
         QRectF place;
     };
     [[nodiscard]] std::optional<Picked> PickedPicture() const;
+    /// @param width  pixels of the document.
     void ResizePicture(int position, double width);
-    /// Text of the usual size is shown so many pixels larger; the document stays as it is.
+    /// Everything is shown in proportion to running text, which gets so many pixels larger; also in
+    /// the documents that follow. What they say stays as it is.
     void Zoom(int pixels);
 
 signals:
@@ -53,18 +55,24 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    /// Tells what a link leads to and how it is opened.
+    bool viewportEvent(QEvent* event) override;
 
 private:
     [[nodiscard]] std::optional<Picked> PictureUnder(const QPoint& pixel) const;
     [[nodiscard]] QRectF PlaceOf(int position) const;
-    [[nodiscard]] int RoomForPictures() const;
+    /// Pixels of the document.
+    [[nodiscard]] QSize RoomForPictures() const;
     bool InsertStored(const QString& storeName);
     /// The store name of a picture that stands under an address in pasted text; empty: none.
     [[nodiscard]] QString KeepPasted(const QString& address) const;
     void PasteImage(const QImage& image);
 
     NoteDocument* m_note = nullptr; ///< a child
+    int m_face;
     std::optional<Picked> m_resized;
     double m_width = 0; ///< of the picture while it is resized
 };

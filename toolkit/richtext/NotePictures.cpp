@@ -43,6 +43,10 @@ QSizeF NotePictures::intrinsicSize(QTextDocument* document, int position,
                                    const QTextFormat& format) {
     Q_UNUSED(document);
     Q_UNUSED(position);
+    return SizeOf(format) * m_factor;
+}
+
+QSizeF NotePictures::SizeOf(const QTextFormat& format) {
     const QTextImageFormat picture = format.toImageFormat();
     const QSizeF given(picture.width(), picture.height());
     if (!given.isEmpty()) {

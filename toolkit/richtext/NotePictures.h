@@ -29,11 +29,17 @@ public:
     [[nodiscard]] QSize FileSize(const QString& storeName);
     /// At most as large as the file has it and as a screen needs it; null for what is no picture.
     [[nodiscard]] QImage Decoded(const QString& storeName, const QSize& most);
+    /// So many times as large as the text says.
+    void ShowAt(double factor) { m_factor = factor; }
     /// What stands in the place of one that can't be shown.
     static void PaintMissing(QPainter& painter, const QRectF& place);
 
 private:
+    /// As the text says, else as in the file.
+    [[nodiscard]] QSizeF SizeOf(const QTextFormat& format);
+
     const QString m_folder;
+    double m_factor = 1;
     QHash<QString, QSize> m_sizes;
     QCache<QString, QImage> m_decoded; ///< by name and size; costs are kilobytes
 };

@@ -177,8 +177,6 @@ void CZelvorEditorImpl::ShowLack(const QString& sentence) {
 
 void CZelvorEditorImpl::LoadEditor(const QString& name, const std::vector<QString>& files,
                                    const std::map<QString, quint64>& attachments, qint32 readOnly) {
-    // What is attached is opened by its owner, who knows more of it than its size.
-    Q_UNUSED(attachments);
     if (!HasWindow()) {
         return;
     }
@@ -196,6 +194,7 @@ void CZelvorEditorImpl::LoadEditor(const QString& name, const std::vector<QStrin
         return;
     }
     Show(QString::fromUtf8(file.readAll()), name, readOnly);
+    Sheet()->Note()->SetAttachmentSizes(attachments);
 }
 
 std::optional<CZelvorEditorImpl::Unsaved> CZelvorEditorImpl::LookAtUnsaved() const {

@@ -109,13 +109,17 @@ TEST_F(NoteDocumentTest, AnAttachmentKeepsItsNameAndNothingOfAFolder) {
     EXPECT_FALSE(AttachmentOf(u"https://x"_s));
 }
 
-TEST_F(NoteDocumentTest, APictureStandsAsWideAsItIsButNoWiderThanThereIsRoom) {
+TEST_F(NoteDocumentTest, APictureStandsAsLargeAsItIsButNoLargerThanThereIsRoom) {
     const QString name = StoredPicture({400, 200});
-    EXPECT_EQ(document.ImageFormat(name, 1000)->width(), 400);
-    EXPECT_EQ(document.ImageFormat(name, 100)->width(), 100);
-    EXPECT_EQ(document.ImageFormat(name, 100)->height(), 50);
-    EXPECT_FALSE(document.ImageFormat(StoreBytes("x", pages, u".jpg"_s).value(), 100));
-    EXPECT_FALSE(document.ImageFormat(u"../x.jpg"_s, 100));
+    const auto sizeIn = [&](const QSize& room) {
+        const auto format = document.ImageFormat(name, room);
+        return QSizeF(format->width(), format->height());
+    };
+    EXPECT_EQ(sizeIn({1000, 1000}), QSizeF(400, 200));
+    EXPECT_EQ(sizeIn({100, 1000}), QSizeF(100, 50));
+    EXPECT_EQ(sizeIn({1000, 20}), QSizeF(40, 20));
+    EXPECT_FALSE(document.ImageFormat(StoreBytes("x", pages, u".jpg"_s).value(), {100, 100}));
+    EXPECT_FALSE(document.ImageFormat(u"../x.jpg"_s, {100, 100}));
 }
 
 TEST_F(NoteDocumentTest, AnEmptyFirstParagraphStaysOneHoweverOftenItIsSaved) {
