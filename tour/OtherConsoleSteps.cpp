@@ -4,6 +4,8 @@
 #include "tour/TourNames.h"
 #include "tour/TourScript.h"
 
+#include <QImage>
+#include <QPixmap>
 #include <QWidget>
 
 namespace tour {
@@ -16,11 +18,36 @@ bool PressInMain(Qt::Key key) {
     return hands::PressKey(FindWindow(kMain), key, Qt::ControlModifier);
 }
 
+/// The picture has arrived: the pane has no longer one colour off its middle, where words may
+/// stand.
+bool PreviewShows() {
+    const QImage seen = FindWindow(kPreview)->grab().toImage();
+    return seen.pixelColor(seen.width() * 35 / 100, seen.height() * 20 / 100) !=
+           seen.pixelColor(1, 1);
+}
+
 void WriteDrawings(TourScript& script) {
     script.Do(
         u"主窗口 Ctrl+2：控制台列出图纸照片"_s, [] { return PressInMain(Qt::Key_2); },
         [] { return ConsoleTotal() > 0 && ConsoleColumn(u"图纸"_s) >= 0; });
     script.Picture(kConsole, u"console-drawings"_s);
+    script.Do(
+        u"单击一行的“预览”：逐张查看本页照片"_s,
+        [] { return hands::ClickCell(ConsoleGrid(), 1, ConsoleColumn(u"预览"_s)); },
+        [] {
+            return FindWindow(kPreview) != nullptr &&
+                   FindWindow(kPreview)->windowTitle().contains(u"    2/(1-"_s);
+        });
+    script.Do(
+        u"按右方向键：下一张"_s,
+        [] { return hands::PressKey(FindWindow(kPreview), Qt::Key_Right); },
+        [] {
+            return FindWindow(kPreview)->windowTitle().contains(u"    3/(1-"_s) && PreviewShows();
+        });
+    script.Picture(kPreview, u"preview"_s);
+    script.Do(
+        u"关闭预览"_s, [] { return hands::CloseWindow(FindWindow(kPreview)); },
+        [] { return FindWindow(kPreview) == nullptr; });
     script.Do(
         u"主窗口 Ctrl+6：只列出当前图纸的照片"_s,
         [] {

@@ -8,6 +8,7 @@ namespace tour {
 inline const QString kMain = QStringLiteral("mainWindow");
 inline const QString kConsole = QStringLiteral("VeskPicMngDlg");
 inline const QString kPhotoEditor = QStringLiteral("BimPicEditDlg");
+inline const QString kPreview = QStringLiteral("VeskPicViewWrap");
 inline const QString kPhotoViewer = QStringLiteral("BimPicViewWrap");
 inline const QString kCheckpointViewer = QStringLiteral("PdfPicViewWrap");
 inline const QString kCheckpointEditor = QStringLiteral("CheckPtEditDlg");
