@@ -6,11 +6,15 @@
 #include "toolkit/richtext/NoteStore.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
 
 #include <gmock/gmock.h>
+
+#include <mutex>
+#include <thread>
 
 namespace {
 
@@ -24,11 +28,21 @@ public:
     DecodedPictures(const DecodedPictures&) = delete;
     DecodedPictures& operator=(const DecodedPictures&) = delete;
 
-    void OnDecode(const toolkit::PictureRequest& request) override { requests.push_back(request); }
+    void OnDecode(const toolkit::PictureRequest& request) override {
+        const std::lock_guard lock(m_lock);
+        (std::this_thread::get_id() == m_interface ? requests : beside).push_back(request);
+    }
+    [[nodiscard]] size_t CountBeside() {
+        const std::lock_guard lock(m_lock);
+        return beside.size();
+    }
 
-    std::vector<toolkit::PictureRequest> requests;
+    std::vector<toolkit::PictureRequest> requests; ///< on the interface thread
+    std::vector<toolkit::PictureRequest> beside;
 
 private:
+    const std::thread::id m_interface = std::this_thread::get_id();
+    std::mutex m_lock;
     toolkit::IDecodeWatch* m_before;
 };
 
@@ -110,4 +124,54 @@ TEST_F(NotePicturesTest, OneThatIsMissingIsAFrameAndShowsOnceItIsThere) {
     EXPECT_FALSE(support::IsNear(PixelAt({margin + 40, margin + 50}), Qt::red));
     ASSERT_EQ(toolkit::StoreBytes(bytes, pages, u".jpg"_s), name);
     EXPECT_TRUE(support::IsNear(PixelAt({margin + 40, margin + 50}), Qt::red));
+}
+
+TEST_F(NotePicturesTest, ALargeOneIsGreyUntilItIsDecodedBesideTheInterface) {
+    const QString name = Stored(support::OneColour({2400, 1800}, Qt::red));
+    DecodedPictures decoded;
+    Open(u"<img src='%1' width='200' height='150'/>"_s.arg(name));
+    const int margin = int(Sheet().document()->documentMargin());
+    const QPoint middle(margin + 100, margin + 75);
+    EXPECT_TRUE(support::WaitFor([&] { return support::IsNear(PixelAt(middle), Qt::red); }));
+    EXPECT_TRUE(decoded.requests.empty());
+    EXPECT_EQ(decoded.CountBeside(), 1U) << "asked for once, however often it was painted";
+}
+
+TEST_F(NotePicturesTest, WhileALargeOneIsDecodedAnewTheOneBeforeIsShown) {
+    const QString name = Stored(support::OneColour({2400, 1800}, Qt::red));
+    DecodedPictures decoded;
+    Open(u"<img src='%1' width='100' height='75'/>"_s.arg(name));
+    const int margin = int(Sheet().document()->documentMargin());
+    const QPoint middle(margin + 50, margin + 37);
+    ASSERT_TRUE(support::WaitFor([&] { return support::IsNear(PixelAt(middle), Qt::red); }));
+    Sheet().Zoom(12);
+    EXPECT_TRUE(support::IsNear(PixelAt(middle), Qt::red));
+    EXPECT_TRUE(support::WaitFor([&] { return decoded.CountBeside() == 2; }));
+}
+
+TEST_F(NotePicturesTest, OnPaperAndInPicturesALargeOneIsThereAtOnce) {
+    const QString name = Stored(support::OneColour({2400, 1800}, Qt::red));
+    toolkit::NoteDocument document(pages, nullptr);
+    document.Load(u"<img src='%1' width='200' height='150'/>"_s.arg(name));
+    QImage paper(400, 300, QImage::Format_RGB32);
+    paper.fill(Qt::white);
+    QPainter painter(&paper);
+    document.drawContents(&painter);
+    painter.end();
+    EXPECT_TRUE(support::IsNear(paper.pixelColor(100, 75), Qt::red));
+}
+
+TEST_F(NotePicturesTest, ADocumentMayEndWhileItsLargePicturesAreDecoded) {
+    QString html;
+    for (int i = 0; i < 12; ++i) {
+        html += u"<img src='%1' width='40' height='30'/>"_s.arg(
+            Stored(support::OneColour({2400, 1800}, QColor(i, 0, 0))));
+    }
+    for (int times = 0; times < 5; ++times) {
+        Load(html);
+        Sheet().viewport()->grab();
+    }
+    New();
+    support::RunPendingEvents();
+    EXPECT_EQ(Sheet().toPlainText(), QString());
 }
