@@ -40,7 +40,7 @@ struct RecordSite : ServiceSite {
 TEST(RichTextServices, ASaveIsRecordedAndWhatFailedIsNot) {
     RecordSite site;
     EXPECT_TRUE(site.Save(u"整改中"_s));
-    EXPECT_EQ(site.Recorded(), QStringList{u"li 保存富文本“首层 检查点 4”"_s});
+    EXPECT_EQ(site.Recorded(), QStringList{u"li 保存富文本“首层 检查点4”"_s});
     EXPECT_FALSE(site.Save(u"完成"_s));
     EXPECT_EQ(site.Recorded().size(), 1);
 }
