@@ -31,6 +31,13 @@ const QString kUnfinished = u".part-"_s;
 constexpr qint32 kPageFile = 1;
 constexpr qint64 kMostTold = 1 << 20;
 constexpr qint64 kHour = 3600;
+constexpr qint64 kLastTime = 253'402'300'799; // of the year 9999
+
+/// As they are made here; Qt takes what follows one for a part of it.
+bool IsId(const QString& text) {
+    const QUuid id = QUuid::fromString(text);
+    return !id.isNull() && id.toString(QUuid::WithoutBraces) == text;
+}
 
 /// A name below a folder and nothing else.
 bool IsPlainName(const QString& name) {
@@ -92,10 +99,19 @@ void LinkFile(const QString& from, const QString& to) {
     }
 }
 
+/// Of folders all, of links the link; a link may stand in anybody's folder.
+bool RemoveAll(const QString& path) {
+    std::error_code fault;
+    std::filesystem::remove_all(path.toStdU16String(), fault);
+    return !fault;
+}
+
+/// The file is new: a link that stands there leads elsewhere.
 void WriteTold(const QJsonObject& told, const QString& path) {
     QFile file(path);
     const QByteArray bytes = QJsonDocument(told).toJson(QJsonDocument::Compact);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !SyncFile(file)) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly) ||
+        file.write(bytes) != bytes.size() || !SyncFile(file)) {
         Fail(file.error() == QFileDevice::ResourceError, path);
     }
 }
@@ -161,7 +177,7 @@ QString DraftFolder::Put(const KX_DATA::RichTextDraft& whole, const QString& per
             Fail(false, part);
         }
     } catch (const DataError&) {
-        QDir(part).removeRecursively();
+        RemoveAll(part);
         throw;
     }
     SyncFolder(m_folder);
@@ -177,7 +193,7 @@ void DraftFolder::Keep(const KX_DATA::RichTextDraft& draft, const QString& perso
             other.client == m_client && IsOf(other.draft.text, draft.key, draft.docName);
         if (isMine &&
             (isTheOpenOne || (other.client.isEmpty() && IsSame(other.draft.text, draft)))) {
-            Remove(other.draft.id);
+            RemoveAll(other.draft.folder); // what stays is one too many, and nothing is lost
         }
     }
 }
@@ -188,7 +204,7 @@ void DraftFolder::KeepOpen(const KX_DATA::RichTextDraft& draft, const QString& p
     for (const Found& other : All()) {
         if (other.draft.id != id && other.client == m_client && other.draft.person == person &&
             IsOf(other.draft.text, draft.key, draft.docName)) {
-            Remove(other.draft.id);
+            RemoveAll(other.draft.folder); // the next one takes what stays
         }
     }
 }
@@ -210,6 +226,7 @@ int DraftFolder::AdoptOpen(const QString& person) {
         if (isLeft && found.draft.person == person) {
             const QString told = found.draft.folder + kTold;
             const QString whole = told + kUnfinished;
+            RemoveAll(whole);
             WriteTold(ToldOf(found.draft.text, person, found.draft.at, {}), whole);
             std::error_code fault; // replaces, as QFile doesn't
             std::filesystem::rename(whole.toStdU16String(), told.toStdU16String(), fault);
@@ -242,19 +259,25 @@ bool DraftFolder::IsRunning(const QString& client) const {
     if (client == m_client) {
         return true;
     }
-    if (QUuid::fromString(client).isNull() || !IsThere(SignOf(client))) {
+    // Anything else that stands there may hold its reader, or lead elsewhere.
+    if (!IsId(client) || !IsRealFile(SignOf(client))) {
         return false;
     }
     QLockFile sign(SignOf(client));
     sign.setStaleLockTime(0);
     // One that is left behind by a process that has ended can be taken, and goes with it.
-    return !sign.tryLock(0) && sign.error() == QLockFile::LockFailedError;
+    qint64 process = 0;
+    QString machine;
+    QString program;
+    return !sign.tryLock(0) && sign.error() == QLockFile::LockFailedError &&
+           sign.getLockInfo(&process, &machine, &program);
 }
 
 std::optional<DraftFolder::Found> DraftFolder::Read(const QString& id) const {
     const QString folder = m_folder + u'/' + id + u'/';
     QFile file(folder + kTold);
-    if (!IsRealFile(folder + kTold) || file.size() > kMostTold || !file.open(QIODevice::ReadOnly)) {
+    if (!IsRealFolder(m_folder + u'/' + id) || !IsRealFile(folder + kTold) ||
+        file.size() > kMostTold || !file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }
     const QJsonObject told = QJsonDocument::fromJson(file.readAll()).object();
@@ -262,7 +285,7 @@ std::optional<DraftFolder::Found> DraftFolder::Read(const QString& id) const {
     draft.id = id;
     draft.folder = folder;
     draft.person = told[u"person"_s].toString();
-    draft.at = told[u"at"_s].toInteger();
+    draft.at = std::clamp(told[u"at"_s].toInteger(), qint64(0), kLastTime);
     draft.text.key.objectId = told[u"objectId"_s].toString();
     draft.text.key.subId = told[u"subId"_s].toInt();
     draft.text.key.ownerId = told[u"ownerId"_s].toInt();
@@ -281,7 +304,7 @@ std::optional<DraftFolder::Found> DraftFolder::Read(const QString& id) const {
         draft.text.files.push_back(
             {folder + name, one[u"name"_s].toString(), one[u"kind"_s].toInt()});
     }
-    if (draft.person.isEmpty() || draft.text.files.empty()) {
+    if (draft.person.isEmpty() || PageOf(draft.text).isEmpty()) {
         return std::nullopt;
     }
     return Found{draft, told[u"client"_s].toString()};
@@ -290,7 +313,7 @@ std::optional<DraftFolder::Found> DraftFolder::Read(const QString& id) const {
 std::vector<DraftFolder::Found> DraftFolder::All() const {
     std::vector<Found> drafts;
     for (const QString& name : EntriesOf(m_folder)) {
-        if (QUuid::fromString(name).isNull()) {
+        if (!IsId(name)) {
             continue;
         }
         if (auto draft = Read(name)) {
@@ -313,7 +336,7 @@ std::vector<Draft> DraftFolder::Of(const QString& person) {
 }
 
 std::optional<Draft> DraftFolder::One(const QString& id, const QString& person) {
-    auto found = QUuid::fromString(id).isNull() ? std::nullopt : Read(id);
+    auto found = IsId(id) ? Read(id) : std::nullopt;
     if (!found || found->draft.person != person || found->draft.at + kDraftSeconds < m_now()) {
         return std::nullopt;
     }
@@ -321,11 +344,11 @@ std::optional<Draft> DraftFolder::One(const QString& id, const QString& person) 
 }
 
 void DraftFolder::Remove(const QString& id) {
-    if (QUuid::fromString(id).isNull()) {
+    if (!IsId(id)) {
         return;
     }
     const QString path = m_folder + u'/' + id;
-    if (IsThere(path) && !QDir(path).removeRecursively()) {
+    if (!RemoveAll(path)) {
         throw DataError(Fault::NotWritable, FaultText(Fault::NotWritable, u"删除草稿"_s), path);
     }
 }
@@ -335,7 +358,7 @@ std::vector<DraftFolder::Found> DraftFolder::Young() {
     std::erase_if(drafts, [this](const Found& found) {
         const bool isOld = found.draft.at + kDraftSeconds < m_now();
         if (isOld) {
-            Remove(found.draft.id);
+            RemoveAll(found.draft.folder); // in use by somebody, perhaps; the next time then
         }
         return isOld;
     });
@@ -344,7 +367,7 @@ std::vector<DraftFolder::Found> DraftFolder::Young() {
         // A young one may be another client's that is at it now.
         if (name.startsWith(kUnfinished) &&
             QFileInfo(path).lastModified().secsTo(QDateTime::currentDateTime()) > kHour) {
-            QDir(path).removeRecursively();
+            RemoveAll(path);
         }
     }
     return drafts;
