@@ -3,6 +3,7 @@
 #include "host/app/Faults.h"
 #include "host/services/RichTextDrafts.h"
 #include "host/ui/MainWindow.h"
+#include "host/ui/MessageBar.h"
 #include "host/ui/rich/DraftWindow.h"
 #include "host/ui/rich/VersionWindow.h"
 #include "services/Factories.h"
