@@ -30,6 +30,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kAnyHeight = 1 << 20;
 const QString kBringBack = u"draftBringBack"_s;
 const QString kRemove = u"draftRemove"_s;
 
@@ -52,7 +53,7 @@ void FitPictures(toolkit::NoteDocument& document, int width) {
             if (!format.isValid() || (format.width() > 0 && format.width() <= room)) {
                 continue;
             }
-            if (const auto fitting = document.ImageFormat(format.name(), room)) {
+            if (const auto fitting = document.ImageFormat(format.name(), QSize(room, kAnyHeight))) {
                 QTextCursor cursor(&document);
                 cursor.setPosition(fragment.position());
                 cursor.setPosition(fragment.position() + fragment.length(),
