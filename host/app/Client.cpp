@@ -194,6 +194,13 @@ void Client::KeepLayout() {
     });
 }
 
+void Client::AskToEnd() {
+    // To quit the application at once is refused where the module decides what a close means.
+    if (m_window) {
+        m_window->close();
+    }
+}
+
 void Client::ConnectWindow() {
     connect(m_window.get(), &MainWindow::CommandGiven, this, &Client::Obey);
     connect(m_window.get(), &MainWindow::ProjectChosen, this, &Client::TakeProject);

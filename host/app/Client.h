@@ -52,6 +52,8 @@ public:
     [[nodiscard]] std::optional<QString> Start(const QString& moduleFolder);
     /// Closes the windows and lets go of the module. Does nothing the second time.
     void Stop();
+    /// As from its menu: the windows close, which may ask something; then the program's loop ends.
+    void AskToEnd();
 
     [[nodiscard]] MainWindow* Window() const { return m_window.get(); }
 

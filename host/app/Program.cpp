@@ -14,6 +14,7 @@
 #include "toolkit/windows/Prompts.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QTextStream>
 
 #include <cstdio>
@@ -114,8 +115,12 @@ int RunClient(const CommandLine& line) {
     }
     // Who signs out of the desktop, or ends the client from a terminal, loses no text.
     StopSignals signalled;
-    const std::stop_callback quit(signalled.Token(), [] {
-        toolkit::CallOnInterfaceThread([] { QCoreApplication::quit(); });
+    const std::stop_callback quit(signalled.Token(), [asked = QPointer(&client)] {
+        toolkit::CallOnInterfaceThread([asked] {
+            if (asked) {
+                asked->AskToEnd();
+            }
+        });
     });
     const int code = QApplication::exec();
     client.Stop();

@@ -22,6 +22,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QPointer>
+#include <QTimer>
 
 namespace roads {
 namespace {
@@ -377,6 +378,17 @@ TEST_F(RichRoad, QuittingWithTheViewerOpenSaves) {
     const auto newest = other.site->RichTexts().Newest({site.firstProject}, Place());
     ASSERT_TRUE(newest);
     EXPECT_EQ(newest->number, 1);
+}
+
+TEST_F(RichRoad, AClientThatIsToldToEndSavesAndEndsThoughAViewerIsOpen) {
+    OpenViewer();
+    Write(kMine);
+    QTimer::singleShot(0, client.get(), [this] { client->AskToEnd(); });
+    constexpr int kStillThere = 7;
+    QTimer::singleShot(10'000, client.get(), [] { QCoreApplication::exit(kStillThere); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    EXPECT_EQ(Viewer(), nullptr);
+    EXPECT_EQ(Newest().number, 1);
 }
 
 } // namespace
