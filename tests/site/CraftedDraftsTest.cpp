@@ -41,6 +41,17 @@ private:
     uid_t m_before;
 };
 
+class CurrentFolder final {
+public:
+    explicit CurrentFolder(const QString& path) { EXPECT_TRUE(QDir::setCurrent(path)); }
+    ~CurrentFolder() { QDir::setCurrent(m_before); }
+    CurrentFolder(const CurrentFolder&) = delete;
+    CurrentFolder& operator=(const CurrentFolder&) = delete;
+
+private:
+    QString m_before = QDir::currentPath();
+};
+
 class CraftedDraftsTest : public testing::Test {
 protected:
     [[nodiscard]] KX_DATA::RichTextDraft OneText() const {
@@ -136,15 +147,17 @@ TEST_F(CraftedDraftsTest, ADraftThatCannotBeRemovedKeepsNobodyFromKeeping) {
     const QString id = drafts.Of(kWho).at(0).id;
     QFile(folder.Path()).setPermissions(QFile::Permissions(0x7755));
     QFile(Folder(u""_s)).setPermissions(QFile::Permissions(0x7777));
-    QFile(Folder(id))
-        .setPermissions(QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther);
     now += site::kDraftSeconds + 1;
-    const KX_DATA::RichTextDraft text = OneText();
+    KX_DATA::RichTextDraft text = OneText();
+    text.files[0].path = u"rich/01.html"_s;
     {
+        // From here: whoever has no rights can't come by the folders above.
+        const CurrentFolder here(folder.Path());
         const AsNobody nobody;
-        EXPECT_NO_THROW(drafts.Keep(text, kWho));
-        EXPECT_THAT(drafts.Of(kWho), SizeIs(1));
-        EXPECT_THROW(drafts.Remove(id), site::DataError) << "a person who asks for it is told";
+        site::DraftFolder others(u"drafts"_s, [this] { return now; });
+        EXPECT_NO_THROW(others.Keep(text, kWho));
+        EXPECT_THAT(others.Of(kWho), SizeIs(1));
+        EXPECT_THROW(others.Remove(id), site::DataError) << "a person who asks for it is told";
     }
     QFile(Folder(id)).setPermissions(QFile::Permissions(0x7777));
 }

@@ -87,20 +87,28 @@ TEST_F(NotesOfPreviews, TheSameNotePlaysOnAndKeepsItsTimeDisplay) {
     ExpectPlaysOn();
 }
 
-TEST_F(NotesOfPreviews, AnotherNoteStopsIt) {
+TEST_F(NotesOfPreviews, AnotherNoteStopsItAndItsTimeDisplayStays) {
     SetItems({Item(u"a"_s, 500), Item(u"b"_s, 500)});
     Press();
     Tick();
     Step(1);
+    ExpectAtRest(u"00:00 / 00:10"_s);
+}
+
+TEST_F(NotesOfPreviews, AnotherNoteWhileNonePlaysIsReady) {
+    SetItems({Item(u"a"_s, 500), Item(u"b"_s, 500)});
+    Step(1);
     ExpectAtRest(u"就绪"_s);
 }
 
-TEST_F(NotesOfPreviews, APhotoWithoutANoteStopsItAndSaysSo) {
-    SetItems({Item(u"a"_s, 500), Item(QString())});
+TEST_F(NotesOfPreviews, APhotoWithoutANoteStopsItAndItsTimeDisplayStays) {
+    SetItems({Item(u"a"_s, 500), Item(QString()), Item(QString())});
     Press();
     Step(1);
     EXPECT_FALSE(IsPlaying());
     EXPECT_FALSE(IsEnabled());
+    EXPECT_EQ(Text(), u"00:00 / 00:10");
+    Step(2);
     EXPECT_EQ(Text(), u"无语音");
 }
 
