@@ -2,12 +2,13 @@
 
 #include "base/ConsoleMode.h"
 #include "base/FacadeAccess.h"
-#include "base/MissingDialogs.h"
 #include "issues/IssuePaneLayout.h"
 #include "issues/WindowsAbove.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "services/IKXView.h"
+#include "services/IPicReportCtrl.h"
+#include "services/IRichEditorAuth.h"
 #include "services/ITNQuestionMng.h"
 #include "toolkit/KXTools.h"
 #include "toolkit/Look.h"
@@ -212,8 +213,11 @@ void CTNPicViewWrap::OutputReport() {
     }
     // This window has no rich text: there is nothing to save, and its texts in the report are
     // empty.
-    m_report.Run([] {
-        ZelvorNRQ_KXVeskPicture::AnswerAsCancelled(ZelvorNRQ_KXVeskPicture::MissingDialog::Report);
+    m_report.Run([this] {
+        PIC_REPORT::IssueReportRequest request;
+        request.richTextEnabled = GetRichEditorAuth()->IsRichTextEnabled();
+        request.questionId = question.questionId;
+        GetPicReportCtrl()->OutputIssueReport(&request);
     });
 }
 

@@ -338,6 +338,12 @@ bool CRichEditorDlg::SaveRichText() {
     return still && SaveChanges(state, files);
 }
 
+void CRichEditorDlg::SaveEditor() {
+    if (editor) {
+        editor->SaveEditor();
+    }
+}
+
 std::vector<NoteFile> CRichEditorDlg::ListedFiles() const {
     const auto listed = notify.fileLists.find(msg.docName);
     return listed == notify.fileLists.end() ? std::vector<NoteFile>() : listed->second;

@@ -48,6 +48,9 @@ public:
     /// Saves, and goes to another document if it may: loads it as soon as the editor can.
     void GoTo(const RichContext& next);
 
+    /// Has the editor save its page, so that GetLastHtml has what was typed. The record stays as it
+    /// is. Nothing without an editor.
+    void SaveEditor();
     [[nodiscard]] QString GetEditorName() const { return msg.editorName; }
     /// Of the selected state; empty without one.
     [[nodiscard]] QString GetStateText() const;

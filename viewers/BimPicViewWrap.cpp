@@ -1,6 +1,8 @@
 #include "viewers/BimPicViewWrap.h"
 
 #include "base/ConsoleMode.h"
+#include "services/Factories.h"
+#include "services/IPicReportCtrl.h"
 #include "toolkit/windows/StillThere.h"
 
 using namespace Qt::StringLiterals;
@@ -32,4 +34,17 @@ bool CBimPicViewWrap::OpenView(const BimPlace& place, qint32 wantedPicId) {
 void CBimPicViewWrap::OnCreated() {
     CReportViewWrap::OnCreated();
     Pane().titleNotify = this;
+}
+
+// Of the place with all its photos, whichever is on show.
+void CBimPicViewWrap::AskForReport(const ReportTexts& texts) {
+    PIC_REPORT::BimReportRequest request;
+    request.htmlText = texts.html;
+    request.richTextEnabled = texts.isEnabled;
+    request.floor = m_place.floor;
+    request.positionKey = m_place.positionKey;
+    request.markId = m_place.markId;
+    request.versionText = texts.state;
+    request.recordText = texts.editorName;
+    GetPicReportCtrl()->OutputBimReport(&request);
 }

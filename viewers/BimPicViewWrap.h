@@ -25,6 +25,7 @@ public:
 
 protected:
     void OnCreated() override;
+    void AskForReport(const ReportTexts& texts) override;
     void StopNote() override { Pane().Note().StopIfPlaying(); }
 
 private:

@@ -1,6 +1,8 @@
 #include "viewers/PdfPicViewWrap.h"
 
 #include "base/ConsoleMode.h"
+#include "services/Factories.h"
+#include "services/IPicReportCtrl.h"
 #include "toolkit/windows/StillThere.h"
 
 using namespace Qt::StringLiterals;
@@ -24,4 +26,16 @@ bool CPdfPicViewWrap::OpenView(qint32 wantedPicId) {
     record.projectId = ppid;
     ShowRecord(record);
     return still && Pane().LoadCheckpoint(drawingId, wantedPicId);
+}
+
+// Of the drawing with all its checkpoints.
+void CPdfPicViewWrap::AskForReport(const ReportTexts& texts) {
+    PIC_REPORT::PdfReportRequest request;
+    request.htmlText = texts.html;
+    request.richTextEnabled = texts.isEnabled;
+    request.drawingId = drawingId;
+    request.versionText = texts.state;
+    request.recordText = texts.editorName;
+    request.drawingName = drawingName;
+    GetPicReportCtrl()->OutputPdfReport(&request);
 }

@@ -25,5 +25,6 @@ public:
     qint32 ppid = 0;
 
 protected:
+    void AskForReport(const ReportTexts& texts) override;
     void StopNote() override { Pane().Note().StopIfPlaying(); }
 };

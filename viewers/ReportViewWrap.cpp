@@ -1,7 +1,6 @@
 #include "viewers/ReportViewWrap.h"
 
 #include "base/FacadeAccess.h"
-#include "base/MissingDialogs.h"
 #include "services/Factories.h"
 #include "services/IKXGlobalData.h"
 #include "services/IRichEditorAuth.h"
@@ -46,9 +45,30 @@ void CReportViewWrap::ShowTitle(const QString& title) {
 }
 
 void CReportViewWrap::OutputReport() {
-    m_report.Run([] {
-        ZelvorNRQ_KXVeskPicture::AnswerAsCancelled(ZelvorNRQ_KXVeskPicture::MissingDialog::Report);
+    const toolkit::StillThere still(Id());
+    ReportTexts texts = TextsForReport();
+    // An editor that couldn't write says so, and meanwhile the window may be closed.
+    if (!still) {
+        return;
+    }
+    m_report.Run([&] {
+        texts.isEnabled = GetRichEditorAuth()->IsRichTextEnabled();
+        AskForReport(texts);
     });
+}
+
+CReportViewWrap::ReportTexts CReportViewWrap::TextsForReport() {
+    const toolkit::StillThere still(Id());
+    if (!GetRichEditorAuth()->IsRichTextReadOnly()) {
+        richEditor.SaveEditor();
+    }
+    ReportTexts texts;
+    if (still && richEditor.HasWindow()) {
+        texts.html = richEditor.GetLastHtml();
+        texts.state = richEditor.GetStateText();
+        texts.editorName = richEditor.GetEditorName();
+    }
+    return texts;
 }
 
 void CReportViewWrap::OnTimer(int timerId) {

@@ -28,6 +28,15 @@ public:
 
 protected:
     CReportViewWrap(std::unique_ptr<CPicViewDlg> pane, ViewerTerms terms);
+    /// What every report is told of the record below the pane.
+    struct ReportTexts {
+        QString html; ///< of the page, with what has been typed
+        bool isEnabled = false;
+        QString state;
+        QString editorName;
+    };
+    /// Hands the request for what the window shows to whoever makes reports.
+    virtual void AskForReport(const ReportTexts& texts) = 0;
     /// A note that plays stops.
     virtual void StopNote() = 0;
     /// Goes to another record, once the present one is saved. Nothing without the pane of rich
@@ -40,6 +49,9 @@ protected:
     void OnClose() override;
 
 private:
+    /// All empty without the pane of rich texts.
+    [[nodiscard]] ReportTexts TextsForReport();
+
     const ViewerTerms m_terms;
     report::ReportFlow m_report{*this};
     CRichEditorDlg richEditor;

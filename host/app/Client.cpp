@@ -28,7 +28,6 @@
 #include "site/ICatalogue.h"
 #include "toolkit/InterfaceThread.h"
 #include "toolkit/Look.h"
-#include "toolkit/windows/Notices.h"
 #include "toolkit/windows/WindowPlace.h"
 
 #include <QApplication>
@@ -56,23 +55,6 @@ MessageKind KindOf(MessageLevel level) {
     default:
         return MessageKind::Info;
     }
-}
-
-/// Beside the pointer, or in the middle of the window that has the keyboard: the bar may lie behind
-/// it. A little later: a menu from which it comes takes along what is shown while it closes.
-void TellAtTheActiveWindow(const QString& text) {
-    constexpr int kMenuClosesMs = 100;
-    QWidget* active = QApplication::activeWindow();
-    if (active == nullptr) {
-        return;
-    }
-    QTimer::singleShot(kMenuClosesMs, active, [active, text] {
-        constexpr int kShownMs = 6000;
-        const QPoint pointer = QCursor::pos();
-        const QRect place = active->frameGeometry();
-        QToolTip::showText(place.contains(pointer) ? pointer : place.center(),
-                           toolkit::PlainTip(text), active, {}, kShownMs);
-    });
 }
 
 } // namespace
@@ -155,7 +137,6 @@ void Client::Stop() {
     m_serving.TakeBack();
     m_session.Desk()->SetMessageSink({});
     m_session.Actions().SetSink({});
-    toolkit::SetNoticeSink({});
     m_window->disconnect(this);
     m_window->hide();
     m_marks.reset();
@@ -239,10 +220,6 @@ void Client::ConnectSession() {
     m_serving.Around().withdraw = [this](const QString& beginning) {
         m_window->Messages().Withdraw(beginning);
     };
-    toolkit::SetNoticeSink([this](const QString& text) {
-        m_window->Messages().Show(MessageKind::Info, text);
-        TellAtTheActiveWindow(text);
-    });
     m_session.Actions().SetSink([this](const site::LoggedAction& action) {
         m_window->ActionLog().Model().Add({action.at, action.person, action.action});
     });

@@ -10,11 +10,11 @@
 #include "host/services/MQFFileDownload.h"
 #include "host/services/PDFDrawingMng.h"
 #include "host/services/PathServices.h"
+#include "host/services/PicReportCtrl.h"
 #include "host/services/RichTextDrafts.h"
 #include "host/services/RichTextMsgMng.h"
 #include "host/services/SmallServices.h"
 #include "host/services/TNQuestionMng.h"
-#include "host/services/UnbuiltServices.h"
 #include "host/services/VeskPicMng.h"
 
 namespace host {
@@ -50,7 +50,7 @@ struct ServiceSet {
     SilentProgress silentProgress;
     SilentStrip silentStrip;
     SoapError soapError{around};
-    PicReportCtrl reportCtrl;
+    PicReportCtrl reportCtrl{around};
 };
 
 /// The set that the module's factory functions take from.

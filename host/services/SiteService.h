@@ -15,15 +15,6 @@ namespace host {
 
 Q_DECLARE_LOGGING_CATEGORY(serviceLog)
 
-/// Tells the log that an operation isn't built yet; returns its failure value.
-template <typename Result> Result Unimplemented(const char* operation, Result failure) {
-    qCWarning(serviceLog, "%s is not available yet", operation);
-    return failure;
-}
-inline void Unimplemented(const char* operation) {
-    qCWarning(serviceLog, "%s is not available yet", operation);
-}
-
 /// Inside of Guarded: what was asked for isn't there, perhaps any more. `name` names it.
 inline void RequireFound(bool found, const QString& name) {
     if (!found) {

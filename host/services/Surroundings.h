@@ -15,6 +15,10 @@ class IKXProgressStrip;
 class IKXView;
 } // namespace KX_DATA
 
+namespace PIC_REPORT {
+class IPicReportCtrl;
+} // namespace PIC_REPORT
+
 namespace site {
 class ITransferWait;
 } // namespace site
@@ -37,11 +41,12 @@ public:
     void NoteRefusal(const QString& text) const;
     [[nodiscard]] QString LastRefusal() const;
 
-    /// Null while there is none, as the three below.
+    /// Null while there is none, as the four below.
     KX_DATA::IKXView* view = nullptr;
     KX_DATA::IExProgress* progress = nullptr;
     KX_DATA::IKXProgressStrip* strip = nullptr;
     site::ITransferWait* transferWait = nullptr;
+    PIC_REPORT::IPicReportCtrl* reports = nullptr;
     /// Folder of the module's fixed images; empty: the site's work folder.
     QString imageFolder;
     bool remindOfIssues = true;

@@ -147,6 +147,31 @@ TEST_F(IssueViewerTest, TheReportKeepsTheClientFromTheUserUntilItsFirstLook) {
     EXPECT_TRUE(support::WaitFor([this] { return mainWindow.Widget()->isEnabled(); }));
 }
 
+TEST_F(IssueViewerTest, TheReportIsOfTheIssueOnShowWithoutTextsOfARecord) {
+    host.richAuth.enabled = true;
+    ASSERT_TRUE(Open());
+    support::Click(Wrap().ReportButton());
+    EXPECT_EQ(Log().CountOf("OutputIssueReport"), 1);
+    const PIC_REPORT::IssueReportRequest& request = host.reports.lastIssue;
+    EXPECT_EQ(request.questionId, u"q1");
+    EXPECT_TRUE(request.richTextEnabled);
+    EXPECT_TRUE(request.htmlText.isEmpty());
+    EXPECT_TRUE(request.versionText.isEmpty());
+    EXPECT_TRUE(request.recordText.isEmpty());
+}
+
+TEST_F(IssueViewerTest, AHiddenOrUnreadableIssueIsNoReportsAffair) {
+    ASSERT_TRUE(Open());
+    Row().status = 1;
+    prompts.ExpectMessage(u"该问题状态为隐藏，不能输出报告！"_s);
+    support::Click(Wrap().ReportButton());
+    host.script.FailNext("GetIssueDetail");
+    prompts.ExpectMessage(u"获取问题状态服务调用失败！"_s);
+    support::Click(Wrap().ReportButton());
+    EXPECT_EQ(Log().CountOf("OutputIssueReport"), 0);
+    EXPECT_TRUE(mainWindow.Widget()->isEnabled());
+}
+
 TEST_F(IssueViewerTest, ThePropertiesOfTheComponentAreTheViewsAffair) {
     ASSERT_TRUE(Open());
     support::Click(Wrap().PropertiesButton());

@@ -97,7 +97,7 @@ TEST_F(BimPicViewWindowTest, EnterAndEscapeDoNotCloseIt) {
     }
     EXPECT_TRUE(Wrap().Widget()->isVisible());
     EXPECT_EQ(Current(), 0);
-    EXPECT_FALSE(ModuleLog().contains(u"输出报告"_s)) << "nor do they press the button";
+    EXPECT_EQ(Log().CountOf("OutputBimReport"), 0) << "nor do they press the button";
 }
 
 TEST_F(BimPicViewWindowTest, ClosedItHoldsNothingOfItsPlaceAnyMore) {
@@ -231,7 +231,7 @@ TEST_F(BimPicViewWindowTest, TheReportBlocksTheClientUntilTheFirstTick) {
     Click(Pane().ReportButton());
     EXPECT_FALSE(client->isEnabled());
     EXPECT_TRUE(Wrap().Widget()->isEnabled()) << "the viewer itself can still be used";
-    EXPECT_TRUE(ModuleLog().contains(u"输出报告"_s));
+    EXPECT_EQ(Log().CountOf("OutputBimReport"), 1);
     EXPECT_TRUE(support::WaitFor([&] { return client->isEnabled(); }));
     EXPECT_GE(blocked.elapsed(), 900);
 }

@@ -45,7 +45,7 @@ TEST_F(BimRecordStepsTest, ClosingSavesBeforeTheNoteStopsAndTheConsoleComesBack)
     Facade().reopenConsole = true;
     OpenReady(2);
     Click(Pane().Note().Button());
-    ASSERT_TRUE(Pane().Note().IsPlaying());
+    ASSERT_TRUE(support::WaitFor([] { return Pane().Note().IsPlaying(); }));
     ChooseState(u"已整改"_s);
     Calls seen;
     const auto look = [&](const char* call) {

@@ -205,5 +205,5 @@ TEST_F(BimRecordTest, EnterAndEscapeInTheRecordCloseNothing) {
         QTest::keyClick(Record().Widget(), Qt::Key(key));
     }
     EXPECT_TRUE(Wrap().Widget()->isVisible());
-    EXPECT_FALSE(ModuleLog().contains(u"输出报告"_s));
+    EXPECT_EQ(Log().CountOf("OutputBimReport"), 0);
 }

@@ -175,7 +175,7 @@ TEST_F(PdfPicViewWindowTest, TheReportBlocksTheClientUntilItIsGone) {
     report.show();
     Click(Pane().ReportButton());
     EXPECT_FALSE(client->isEnabled());
-    EXPECT_TRUE(ModuleLog().contains(u"输出报告"_s));
+    EXPECT_EQ(Log().CountOf("OutputPdfReport"), 1);
     Wrap().OnTimer(1);
     EXPECT_FALSE(client->isEnabled());
     report.hide();
