@@ -24,6 +24,12 @@ QString LastPart(const QString& path) {
     return path.mid(slash + 1);
 }
 
+/// A path made of it stays in its folder.
+bool IsNameInFolder(const QString& name) {
+    return !name.isEmpty() && name != u"."_s && name != u".."_s && !name.contains(u':') &&
+           LastPart(name) == name;
+}
+
 QString KeyOf(const KX_DATA::RichAttachment& attachment) {
     return attachment.md5 + u'$' + attachment.name;
 }
@@ -90,13 +96,17 @@ bool FetchRichFile(const QString& uuid, const QString& path, QString& error) {
 Prepared PrepareFiles(const std::vector<KX_DATA::RichAttachment>& attachments) {
     Prepared prepared;
     for (const KX_DATA::RichAttachment& attachment : attachments) {
+        const bool isFetched = attachment.kind == kPageFile || attachment.kind == kEmbedded;
+        if (isFetched && !IsNameInFolder(attachment.name)) {
+            continue; // no client of ours saved it
+        }
         if (attachment.kind != kPageFile) {
             prepared.sizes.try_emplace(StoreNameOf(attachment), quint64(attachment.size));
         }
         if (attachment.kind == kPageFile) {
             prepared.names.push_back(attachment.name);
         }
-        if (attachment.kind != kPageFile && attachment.kind != kEmbedded) {
+        if (!isFetched) {
             continue;
         }
         QString path;

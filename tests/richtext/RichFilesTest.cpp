@@ -72,6 +72,20 @@ TEST_F(RichFilesTest, PagesAndEmbeddedFilesAreFetchedOnceAndOnlyPagesAreListedBy
     EXPECT_EQ(Log().CountOf("DownloadFile"), 2) << "they are there";
 }
 
+TEST_F(RichFilesTest, ANameThatLeadsOutOfTheFolderIsNoFileOfThePage) {
+    std::vector<KX_DATA::RichAttachment> files;
+    for (const QString& name : {u"../out.html"_s, u"a/out.html"_s, u"..\\out.html"_s, u".."_s,
+                                u"."_s, u""_s, u"/out.html"_s, u"C:out.html"_s}) {
+        files.push_back(File(name, u"m"_s, 1));
+        files.push_back(File(name, u"m"_s, 3));
+        host.files.stored[u"uuid-"_s + name] = "out";
+    }
+    const auto prepared = richtext::PrepareFiles(files);
+    EXPECT_TRUE(prepared.isWhole) << "the rest is shown";
+    EXPECT_THAT(prepared.names, IsEmpty());
+    EXPECT_EQ(Log().CountOf("DownloadFile"), 0);
+}
+
 TEST_F(RichFilesTest, TheFirstDownloadThatFailsEndsItWithTheServicesText) {
     host.files.stored[u"uuid-b.html"_s] = "b";
     const auto prepared =
