@@ -87,6 +87,9 @@ protected:
         version.added = {{up.md5 + u".html"_s, {}, up.uuid, 0, 1}};
         ASSERT_TRUE(texts.Save({site.firstProject}, Place(), version, {u"李娜"_s, 0}));
     }
+    [[nodiscard]] QString Status() const {
+        return tour::ReadText(client->Window()->findChild<QWidget*>(u"mainStatus"_s));
+    }
     /// Does what brings up a question, agrees to it and tells what it was.
     static QString Agree(const std::function<void()>& action) {
         QString text;
@@ -212,8 +215,29 @@ TEST_F(RichRoad, ADraftComesBackFromTheMenuAsTheNewestVersion) {
     EXPECT_TRUE(PageOf(Newest()).contains(kMine));
     EXPECT_EQ(Newest().person, u"张伟");
     EXPECT_TRUE(WaitFor([this] { return Drafts().empty(); }));
+    EXPECT_TRUE(WaitFor([this] { return Status().startsWith(u"草稿已恢复为最新版本"_s); }))
+        << Status().toStdString();
     OpenViewer();
     EXPECT_TRUE(WaitFor([] { return Sheet(Viewer())->toPlainText() == kMine; }));
+}
+
+TEST_F(RichRoad, ADraftThatComesBackIsInTheConsoleAtOnce) {
+    OpenViewer();
+    const QString before = Viewer()->findChild<QComboBox*>(u"stateCombo"_s)->currentText();
+    Write(kMine);
+    SaveByTheOther();
+    CloseAnswering(u"cancelButton"_s);
+    OpenConsole();
+    const auto state = [] { return tour::ConsoleText(RowOfPhoto(u"照片2.jpg"_s), u"整改情况"_s); };
+    ASSERT_TRUE(WaitFor([&] { return state() == u"已整改"_s; })) << state().toStdString();
+    ASSERT_TRUE(WaitFor([this] {
+        return hands::PressKey(client->Window(), Qt::Key_D,
+                               Qt::ControlModifier | Qt::ShiftModifier);
+    }));
+    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"draftWindow"_s) != nullptr; }));
+    const QPointer<QWidget> window = tour::FindWindow(u"draftWindow"_s);
+    static_cast<void>(Agree([&] { ClickOn(*window, u"draftBringBack"_s); }));
+    EXPECT_TRUE(WaitFor([&] { return state() == before; })) << state().toStdString();
 }
 
 TEST_F(RichRoad, AnEarlierVersionIsComparedAndComesBackFromTheMenu) {
@@ -238,6 +262,8 @@ TEST_F(RichRoad, AnEarlierVersionIsComparedAndComesBackFromTheMenu) {
     static_cast<void>(Agree([&] { ClickOn(*window, u"versionRestore"_s); }));
     EXPECT_TRUE(WaitFor([this] { return Newest().number == 3; }));
     EXPECT_TRUE(PageOf(Newest()).contains(kTheirs));
+    EXPECT_TRUE(WaitFor([this] { return Status().startsWith(u"已恢复为最新版本"_s); }))
+        << Status().toStdString();
 }
 
 TEST_F(RichRoad, InAWorksetNothingIsWrittenAndNoVersionComesBack) {

@@ -96,6 +96,16 @@ TEST_F(DraftsInSight, ListsTheDraftsAndShowsTheFirst) {
     EXPECT_EQ(source.calls, QStringList({u"ReadDrafts"_s, u"ReadText 甲"_s, u"ReadText 乙"_s}));
 }
 
+TEST_F(DraftsInSight, EveryColumnSaysWhatItHolds) {
+    Open();
+    QStringList captions;
+    for (int column = 0; column < Table().model()->columnCount(); ++column) {
+        captions << Table().model()->headerData(column, Qt::Horizontal).toString();
+    }
+    EXPECT_EQ(captions,
+              QStringList({u"位置"_s, u"整改情况"_s, u"修改时间"_s, u"摘要"_s, u"剩余天数"_s}));
+}
+
 TEST_F(DraftsInSight, WithoutDraftsThereIsAHint) {
     source.drafts.clear();
     Open();
@@ -168,6 +178,10 @@ TEST_F(DraftsInSight, DraftsThatCannotBeReadAreToldAndF5TriesAgain) {
     source.nextFault = u"没有权限"_s;
     Open();
     EXPECT_EQ(Notice(), u"无法读取草稿：没有权限。请稍后按 F5 重试。");
+    const auto picture = [this] { return Table().viewport()->grab().toImage(); };
+    const QImage told = picture();
+    Table().SetHint(Notice());
+    EXPECT_EQ(picture(), told) << "it stands in the table's place too";
     EXPECT_TRUE(support::WaitFor([this] { return hands::PressKey(window, Qt::Key_F5); }));
     Wait();
     EXPECT_EQ(Table().model()->rowCount(), 3);
