@@ -135,7 +135,9 @@ NoteFault NoteDocument::Load(const QString& html) {
 
 QString NoteDocument::Html() const {
     const bool isZoomed = defaultFont() != UiFont();
-    if (!isZoomed && !HasTextOnRule(*this)) {
+    // An empty document has no text that is as large as something. A copy by Qt of one that stands
+    // in a list would look for that list where there is none, and end the program.
+    if (isEmpty() || (!isZoomed && !HasTextOnRule(*this))) {
         return CleanNoteHtml(toHtml()).html;
     }
     const std::unique_ptr<QTextDocument> saved(clone());

@@ -4,6 +4,7 @@
 #include "tests/viewers/support/SamplePictures.h"
 #include "toolkit/richtext/NoteStore.h"
 
+#include <QFontInfo>
 #include <QImage>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -143,6 +144,16 @@ TEST_F(NoteDocumentTest, ATextThatIsWrittenOnARuleIsSavedBeforeIt) {
     ASSERT_EQ(document.Load(html), NoteFault::None);
     EXPECT_EQ(document.toPlainText(), u"一\n线上\n\n二");
     EXPECT_EQ(html.count(u"<hr"_s), 1);
+}
+
+TEST_F(NoteDocumentTest, AnEmptyListIsTheSameListOnAZoomedSheet) {
+    QTextCursor(&document).createList(QTextListFormat::ListDisc);
+    const QString plain = document.Html();
+    EXPECT_TRUE(plain.contains(u"<li"_s)) << plain.toStdString();
+    QFont larger = document.defaultFont();
+    larger.setPixelSize(2 * QFontInfo(larger).pixelSize());
+    document.setDefaultFont(larger);
+    EXPECT_EQ(document.Html(), plain) << document.Html().toStdString();
 }
 
 TEST_F(NoteDocumentTest, WhateverAnAttachmentIsCalledItsFileLiesInItsOwnFolder) {
