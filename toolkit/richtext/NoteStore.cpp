@@ -62,12 +62,15 @@ std::optional<QString> StoreBytes(const QByteArray& bytes, const QString& folder
         return std::nullopt;
     }
     const QString path = folder + name;
-    if (QFile::exists(path)) {
+    // A shorter one is what a fault of the disk left.
+    const QFileInfo there(path);
+    if (there.isFile() && there.size() == bytes.size()) {
         return name;
     }
     QSaveFile file(path);
-    const bool isWritten =
-        file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    // Flushed here: a commit keeps silent about what is still buffered and has no room on the disk.
+    const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() &&
+                           file.flush() && file.commit();
     return isWritten ? std::optional(name) : std::nullopt;
 }
 

@@ -20,8 +20,8 @@ struct EditorFolders {
 TOOLKIT_EXPORT void SetEditorFolders(EditorFolders folders);
 [[nodiscard]] TOOLKIT_EXPORT const EditorFolders& TheEditorFolders();
 
-/// Writes bytes into a folder under their MD5 and `ending` (with its dot, may be empty); a file of
-/// that name stays as it is. Gives the store name; nothing if it can't be written.
+/// Writes bytes into a folder under their MD5 and `ending` (with its dot, may be empty); a
+/// whole file of that name stays as it is. Gives the store name; nothing if it can't be written.
 [[nodiscard]] TOOLKIT_EXPORT std::optional<QString>
 StoreBytes(const QByteArray& bytes, const QString& folder, const QString& ending);
 /// The same with a copy of a file, of any size. The ending is the file's own, in lower case, if it

@@ -1,5 +1,6 @@
 // Files of rich texts by their content.
 #include "toolkit/richtext/NoteStore.h"
+#include "tests/support/FileSizeLimit.h"
 #include "tests/support/TempFolder.h"
 #include "toolkit/richtext/NoteHtml.h"
 
@@ -59,6 +60,45 @@ TEST(NoteStore, WhatCannotBeReadOrWrittenGivesNothing) {
     EXPECT_FALSE(StoreCopy(file, file + u"/in/"_s));
     EXPECT_FALSE(StoreBytes("y", {}, {})) << "no place is known";
     EXPECT_FALSE(StoreCopy(file, {}));
+}
+
+TEST(NoteStore, OnAFullDiskNothingIsStoredAndLaterAllOfIt) {
+    const support::TempFolder folder;
+    const QString pages = folder.Path(u"pages/"_s);
+    // Less and more than Qt buffers.
+    for (const int size : {3'000, 40'000}) {
+        const QByteArray bytes(size, 'a');
+        {
+            const support::FileSizeLimit limit(1'000);
+            EXPECT_FALSE(StoreBytes(bytes, pages, u".html"_s)) << size;
+        }
+        EXPECT_TRUE(QDir(pages).isEmpty());
+        const auto name = StoreBytes(bytes, pages, u".html"_s);
+        ASSERT_TRUE(name);
+        EXPECT_EQ(folder.Read(u"pages/"_s + *name), bytes);
+        EXPECT_TRUE(QFile::remove(pages + *name));
+    }
+}
+
+TEST(NoteStore, OnAFullDiskNothingIsCopied) {
+    const support::TempFolder folder;
+    const QString pages = folder.Path(u"pages/"_s);
+    for (const int size : {3'000, 40'000}) {
+        const QString picked = folder.Write(u"a.png"_s, QByteArray(size, 'a'));
+        const support::FileSizeLimit limit(1'000);
+        EXPECT_FALSE(StoreCopy(picked, pages)) << size;
+        EXPECT_FALSE(StoreAttached(picked, pages)) << size;
+    }
+}
+
+TEST(NoteStore, AFileThatAFaultLeftShortIsWrittenAnew) {
+    const support::TempFolder folder;
+    const QString pages = folder.Path(u"pages/"_s);
+    const auto name = StoreBytes("page", pages, u".html"_s);
+    ASSERT_TRUE(name);
+    folder.Write(u"pages/"_s + *name, "");
+    EXPECT_EQ(StoreBytes("page", pages, u".html"_s), name);
+    EXPECT_EQ(folder.Read(u"pages/"_s + *name), "page");
 }
 
 } // namespace toolkit
