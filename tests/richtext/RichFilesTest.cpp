@@ -37,6 +37,7 @@ class RichFilesTest : public ModuleFixture {};
 TEST_F(RichFilesTest, AStoreNameIsTheDigestWithTheEndingOfTheName) {
     EXPECT_EQ(richtext::StoreNameOf(File(u"a.b.pdf"_s, u"md5"_s, 2)), u"md5.pdf");
     EXPECT_EQ(richtext::StoreNameOf(File(u"plain"_s, u"md5"_s, 2)), u"md5");
+    EXPECT_EQ(richtext::StoreNameOf(File(u".pdf"_s, u"md5"_s, 2)), u"md5.pdf");
 }
 
 TEST_F(RichFilesTest, AnEmptyListWithoutTextKeepsAnOlderList) {

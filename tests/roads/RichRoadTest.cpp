@@ -266,6 +266,18 @@ TEST_F(RichRoad, AnEarlierVersionIsComparedAndComesBackFromTheMenu) {
         << Status().toStdString();
 }
 
+TEST_F(RichRoad, WhatAnotherClientSavesIsListedWithoutAsking) {
+    SaveByTheOther();
+    ASSERT_TRUE(Press(Qt::Key_H));
+    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"versionWindow"_s) != nullptr; }));
+    const QPointer<QWidget> window = tour::FindWindow(u"versionWindow"_s);
+    const auto* versions = window->findChild<QAbstractItemView*>(u"versionTable"_s);
+    ASSERT_NE(versions, nullptr);
+    ASSERT_TRUE(WaitFor([&] { return versions->model()->rowCount() == 1; }));
+    SaveByTheOther(site::kStateOpen);
+    EXPECT_TRUE(WaitFor([&] { return versions->model()->rowCount() == 2; }));
+}
+
 TEST_F(RichRoad, InAWorksetNothingIsWrittenAndNoVersionComesBack) {
     SaveByTheOther();
     SaveByTheOther(site::kStateOpen);
