@@ -97,7 +97,7 @@ TEST_F(CraftedRich, AFileWhoseNameIsAPathIsNotFetchedAndTheRecordCannotBeWritten
         Db().Exec(u"UPDATE rich_file SET name = ?"_s, {name});
         const QStringList told = LookAndClose([] {
             ASSERT_NE(Sheet(), nullptr);
-            EXPECT_TRUE(Sheet()->isReadOnly());
+            EXPECT_TRUE(WaitFor([] { return Sheet()->isReadOnly(); }));
             EXPECT_TRUE(Sheet()->toPlainText().isEmpty());
         });
         EXPECT_TRUE(told.isEmpty()) << told.join(u'|').toStdString();
@@ -125,7 +125,8 @@ TEST_F(CraftedRich, APageOfAnyBytesIsShownOrToldAndTheViewerCanBeLeft) {
         SavePage(page);
         const QStringList told = LookAndClose([isWritable = isShown] {
             ASSERT_NE(Sheet(), nullptr);
-            EXPECT_NE(Sheet()->isReadOnly(), isWritable);
+            // The row is filled before the files are fetched.
+            EXPECT_TRUE(WaitFor([&] { return Sheet()->isReadOnly() != isWritable; }));
         });
         EXPECT_TRUE(told.isEmpty()) << told.join(u'|').toStdString();
     }
