@@ -31,11 +31,8 @@
 #include "toolkit/windows/WindowPlace.h"
 
 #include <QApplication>
-#include <QCursor>
 #include <QDir>
 #include <QPointer>
-#include <QTimer>
-#include <QToolTip>
 
 namespace host {
 
