@@ -7,7 +7,6 @@
 #include "services/Factories.h"
 #include "services/IKXPathMng.h"
 #include "services/IKXProgressStrip.h"
-#include "services/IRichTextDrafts.h"
 #include "services/IRichTextMsgMng.h"
 #include "toolkit/KXTools.h"
 #include "toolkit/Look.h"
@@ -243,9 +242,11 @@ bool CRichEditorDlg::LoadRichText() {
         return false;
     }
     if (!isRead) {
+        Lock();
         Tell(kNoRecord);
         return false;
     }
+    m_givenUp.clear();
     msg = std::move(fresh);
     msg.attachments = std::move(attachments);
     // A text that is no state leaves the one of the document before; required as is.
@@ -267,6 +268,7 @@ bool CRichEditorDlg::LoadRichText() {
         return false;
     }
     if (!prepared.isWhole) {
+        Lock();
         Tell(prepared.error);
         return false;
     }
@@ -290,16 +292,23 @@ void CRichEditorDlg::KeepOpen() {
     draft.stateText = GetStateText();
     draft.files = richtext::ListUploads({}, unsaved->files);
     draft.page = unsaved->html.toUtf8();
-    m_isKeptOpen = true;
+    m_keptOpen = draft;
+    m_keptOpen->page.clear();
     GetRichTextDrafts()->KeepOpen(draft);
 }
 
 void CRichEditorDlg::DropOpen() {
     m_writing.Stop();
-    if (m_isKeptOpen) {
-        m_isKeptOpen = false;
-        GetRichTextDrafts()->DropOpen(Key(), msg.docName);
+    // A save over somebody else's has another name by now.
+    if (m_keptOpen) {
+        GetRichTextDrafts()->DropOpen(m_keptOpen->key, m_keptOpen->docName);
+        m_keptOpen.reset();
     }
+}
+
+void CRichEditorDlg::Lock() {
+    editor->SetReadOnly(1);
+    m_writing.Stop();
 }
 
 void CRichEditorDlg::DropLists() {
@@ -351,9 +360,12 @@ std::vector<NoteFile> CRichEditorDlg::ListedFiles() const {
 
 void CRichEditorDlg::KeepDraft() {
     const std::vector<NoteFile> files = ListedFiles();
-    if (files.empty()) {
+    const QString given = files.empty() ? QString() : files.front().storeName + GetStateText();
+    // Closing a window gives up a second time what had no state to be saved with.
+    if (files.empty() || given == m_givenUp) {
         return;
     }
+    m_givenUp = given;
     KX_DATA::RichTextDraft draft;
     draft.key = Key();
     draft.docName = msg.docName;
@@ -363,7 +375,7 @@ void CRichEditorDlg::KeepDraft() {
     GetRichTextDrafts()->Keep(draft);
     // It has taken the place of the open one.
     m_writing.Stop();
-    m_isKeptOpen = false;
+    m_keptOpen.reset();
 }
 
 void CRichEditorDlg::KeepUnsaved() {

@@ -3,6 +3,7 @@
 
 #include "richtext/RichEditorNotify.h"
 #include "richtext/WritingWatch.h"
+#include "services/IRichTextDrafts.h"
 #include "services/RichTextRecords.h"
 #include "toolkit/windows/WindowObject.h"
 
@@ -10,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class CZelvorEditorImpl;
 class QComboBox;
@@ -90,6 +92,8 @@ private:
     void KeepOpen();
     void DropOpen();
     void DropLists();
+    /// What is on the screen isn't the record of the context: nothing of it could be saved.
+    void Lock();
     void FillStates();
     void Tell(const QString& sentence) const;
     [[nodiscard]] KX_DATA::RichTextKey Key() const;
@@ -97,7 +101,9 @@ private:
     std::unique_ptr<CZelvorEditorImpl> editor; ///< null until the window exists, and after closing
     CRichEditorNotify notify;
     richtext::WritingWatch m_writing;
-    bool m_isKeptOpen = false; ///< the host keeps the open document
+    /// What the host keeps of the open document, as it was called then; nothing: it keeps none.
+    std::optional<KX_DATA::RichTextDraft> m_keptOpen;
+    QString m_givenUp; ///< page and state of what was given up last and is still on the screen
     RichContext m_context;
     KX_DATA::RichTextMsg msg;
     bool editorReady = false;

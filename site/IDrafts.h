@@ -19,7 +19,7 @@ struct Draft {
     QString person;
     qint64 at = 0; ///< seconds since 1970
     /// What it was to become; its files lie in a folder of the draft, those of the page under their
-    /// own names.
+    /// own names. What was attached and never fetched has a name and no path.
     KX_DATA::RichTextDraft text;
     QString folder; ///< of the page's files, with "/" at its end
 };

@@ -18,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kSummaryLetters = 60;
+const QString kNotHere = u"无法读取该位置的记录，请先打开它所属的工程。"_s;
 constexpr qint32 kOfThePage = 1;             ///< kind of a file
 constexpr qint64 kMostOfSummary = 64 * 1024; ///< of a page; its first words stand there
 
@@ -37,11 +38,13 @@ std::optional<site::RichPlace> PlaceOfDraft(const site::Draft& draft) {
     }
 }
 
-/// What the record has already of a page's files, which are called by their content.
+/// What the record has already: of a page's files, which are called by their content, and of what
+/// is attached and wasn't fetched.
 std::optional<KX_DATA::RichAttachment> SameIn(const std::vector<KX_DATA::RichAttachment>& files,
                                               const KX_DATA::UploadItem& item) {
     const auto same = std::ranges::find_if(files, [&](const KX_DATA::RichAttachment& file) {
-        return item.kind == kOfThePage && file.kind == item.kind && file.name == item.name;
+        return (item.kind == kOfThePage || item.path.isEmpty()) && file.kind == item.kind &&
+               file.name == item.name;
     });
     return same == files.end() ? std::nullopt : std::optional(*same);
 }
@@ -127,10 +130,14 @@ PageText SessionDrafts::ReadText(const QString& draftId) {
 }
 
 QString SessionDrafts::SaveDraft(const site::Draft& draft) {
+    const auto place = PlaceOfDraft(draft);
+    if (!place || !m_session.Site().RichTexts().Newest(m_session.OpenPpids(), *place)) {
+        return kNotHere;
+    }
     KX_DATA::RichTextMsg newest;
     std::vector<KX_DATA::RichAttachment> files;
     if (!GetRichTextMsgMng()->GetRichText(draft.text.key, newest, files)) {
-        return u"无法读取该位置的记录，请先打开它所属的工程。"_s;
+        return kNotHere;
     }
     std::vector<KX_DATA::RichAttachment> added;
     std::vector<QString> removed;
@@ -141,6 +148,9 @@ QString SessionDrafts::SaveDraft(const site::Draft& draft) {
         if (const auto same = SameIn(files, item)) {
             std::erase(removed, same->uuid);
             continue;
+        }
+        if (item.path.isEmpty()) {
+            continue; // another version has taken it out since
         }
         KX_DATA::UploadResult result;
         QString error;
@@ -166,7 +176,8 @@ QString SessionDrafts::BringBack(const QString& draftId) {
     const auto draft = Find(draftId);
     QString lack = draft ? LackOfRichRight() : u"草稿已不存在。"_s;
     if (draft && lack.isEmpty()) {
-        lack = SaveDraft(*draft);
+        const QString fault = FaultOfWork([&] { lack = SaveDraft(*draft); });
+        lack = fault.isEmpty() ? lack : fault;
     }
     if (lack.isEmpty()) {
         // It is saved; a draft that can't be removed now goes by itself one day.

@@ -49,7 +49,12 @@ void ProgressStrip::Make() {
     row->addWidget(bar);
     m_window = strip;
     // Nothing is painted before events run. What ends sooner would only take the windows' front.
-    QTimer::singleShot(0, strip, &QWidget::show);
+    QTimer::singleShot(0, strip, [this, strip] {
+        // Work that has ended may have brought up a box, whose loop deletes nothing.
+        if (m_window == strip) {
+            strip->show();
+        }
+    });
 }
 
 void ProgressStrip::Place() const {

@@ -29,6 +29,7 @@ namespace {
 const QString kTold = u"draft.json"_s;
 const QString kUnfinished = u".part-"_s;
 constexpr qint32 kPageFile = 1;
+constexpr qint32 kAttached = 2;
 constexpr qint64 kMostTold = 1 << 20;
 constexpr qint64 kHour = 3600;
 constexpr qint64 kLastTime = 253'402'300'799; // of the year 9999
@@ -48,6 +49,9 @@ bool IsPlainName(const QString& name) {
 /// Files of the page keep their names, by which it knows them. Others may be called like each
 /// other.
 QString NameInFolder(const KX_DATA::UploadItem& file, std::size_t index) {
+    if (file.path.isEmpty()) {
+        return {};
+    }
     return file.kind == kPageFile && IsPlainName(file.name) ? file.name : u"file-%1"_s.arg(index);
 }
 
@@ -168,6 +172,11 @@ QString DraftFolder::Put(const KX_DATA::RichTextDraft& whole, const QString& per
             draft.files.insert(draft.files.begin(), {part + u'/' + name, name, kPageFile});
         }
         for (std::size_t i = draft.page.isEmpty() ? 0 : 1; i < draft.files.size(); ++i) {
+            // What is attached was fetched only if somebody opened it; the site has it.
+            if (draft.files[i].kind == kAttached && !IsThere(draft.files[i].path)) {
+                draft.files[i].path.clear();
+                continue;
+            }
             const QString to = part + u'/' + NameInFolder(draft.files[i], i);
             client.isEmpty() ? CopyFile(draft.files[i].path, to)
                              : LinkFile(draft.files[i].path, to);
@@ -298,6 +307,10 @@ std::optional<DraftFolder::Found> DraftFolder::Read(const QString& id) const {
     for (const auto& entry : files) {
         const QJsonObject one = entry.toObject();
         const QString name = one[u"file"_s].toString();
+        if (name.isEmpty() && one[u"kind"_s].toInt() == kAttached) {
+            draft.text.files.push_back({QString(), one[u"name"_s].toString(), kAttached});
+            continue;
+        }
         if (!IsPlainName(name) || !IsRealFile(folder + name)) {
             return std::nullopt;
         }

@@ -267,6 +267,56 @@ TEST_F(RichEditorTest, AFullDiskAtTheEndLeavesWhatIsKeptOpen) {
     EXPECT_THAT(host.drafts.kept, IsEmpty());
 }
 
+TEST_F(RichEditorTest, WhatIsKeptOpenGoesWithASaveOverAnotherDocumentToo) {
+    Open();
+    Write(u"我的"_s);
+    ASSERT_TRUE(support::WaitFor([&] { return !host.drafts.open.empty(); }));
+    SomebodyElseSaves();
+    OnServer().docName = u"doc2"_s;
+    EXPECT_TRUE(SaveAnswering("okButton"));
+    EXPECT_EQ(host.richTexts.lastSaved.docName, u"doc2");
+    EXPECT_THAT(host.drafts.open, IsEmpty());
+}
+
+TEST_F(RichEditorTest, WhatHadNoStateIsGivenUpOnceWhenThePaneEndsBehindIt) {
+    OnServer().stateText = u"不存在"_s;
+    Open();
+    Write(u"我的"_s);
+    EXPECT_TRUE(pane.SaveRichText());
+    pane.ClosePane();
+    EXPECT_THAT(host.drafts.kept, SizeIs(1));
+}
+
+TEST_F(RichEditorTest, WhatIsWrittenAfterItWasGivenUpIsGivenUpAgain) {
+    OnServer().stateText = u"不存在"_s;
+    Open();
+    Write(u"我的"_s);
+    EXPECT_TRUE(pane.SaveRichText());
+    Write(u"另外"_s);
+    pane.ClosePane();
+    EXPECT_THAT(host.drafts.kept, SizeIs(2));
+}
+
+TEST_F(RichEditorTest, NothingCanBeWrittenWhereALoadHasFailed) {
+    Open();
+    EXPECT_FALSE(pane.Editor()->Sheet()->isReadOnly());
+    host.script.FailNext("GetRichText");
+    prompts.ExpectMessage(u"富文本信息获取服务调用失败！"_s);
+    pane.GoTo(Place(u"A-2"_s));
+    EXPECT_EQ(Text(), u"雨后渗水") << "it stays on the screen";
+    EXPECT_TRUE(pane.Editor()->Sheet()->isReadOnly());
+    pane.GoTo(Place(u"A-3"_s));
+    EXPECT_FALSE(pane.Editor()->Sheet()->isReadOnly());
+    OnServer().attachments[0] = Stored("<p>anders</p>", u".html"_s);
+    host.script.FailNext("DownloadFile");
+    prompts.ExpectMessage(u"scripted failure"_s);
+    pane.GoTo(Place(u"A-4"_s));
+    EXPECT_TRUE(pane.Editor()->Sheet()->isReadOnly());
+    pane.GoTo(Place(u"A-5"_s));
+    EXPECT_FALSE(pane.Editor()->Sheet()->isReadOnly());
+    EXPECT_EQ(Text(), u"anders");
+}
+
 TEST_F(RichEditorTest, AReadOnlyPaneKeepsNoDraft) {
     RichContext context = Place();
     context.readOnly = 1;

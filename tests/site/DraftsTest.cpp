@@ -154,6 +154,19 @@ TEST_F(DraftsTest, AFileThatIsNotThereIsToldAndNothingIsLeftBehind) {
     EXPECT_THAT(Entries(), IsEmpty());
 }
 
+TEST_F(DraftsTest, WhatIsAttachedAndWasNeverFetchedKeepsItsNameAlone) {
+    KX_DATA::RichTextDraft draft = Text();
+    draft.files[2].path += u"x"_s;
+    Keep(draft);
+    draft.key.subId = 8;
+    drafts.KeepOpen(draft, u"张工"_s);
+    ASSERT_THAT(Mine(), SizeIs(1));
+    const KX_DATA::UploadItem attached = Mine()[0].text.files.at(2);
+    EXPECT_EQ(attached.path, QString());
+    EXPECT_EQ(attached.name, u"表 1.pdf");
+    EXPECT_EQ(attached.kind, 2);
+}
+
 TEST_F(DraftsTest, AFullDiskIsToldAndNothingIsLeftBehind) {
     const KX_DATA::RichTextDraft draft = Text(kDraftPage, QByteArray(100'000, 'a'));
     {

@@ -13,6 +13,8 @@
 #include <QTimer>
 #include <QtTest/QTest>
 
+#include <QApplication>
+#include <QEventLoop>
 #include <gtest/gtest.h>
 
 namespace host {
@@ -193,6 +195,22 @@ TEST(ProgressStripTest, WorkThatEndsAtOnceBringsUpNoWindow) {
     EXPECT_FALSE(window->isVisible());
     support::RunPendingEvents();
     EXPECT_TRUE(window.isNull());
+}
+
+TEST(ProgressStripTest, NoneComesUpBehindABoxThatTheWorkBroughtUp) {
+    host::ProgressStrip strip;
+    strip.ShowProgressBar(u"附件下载中......"_s, 0);
+    strip.CloseProgressBar();
+    bool isSeen = false;
+    QEventLoop box;
+    QTimer::singleShot(50, &box, [&] {
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            isSeen = isSeen || (window->objectName() == u"progressStrip" && window->isVisible());
+        }
+        box.quit();
+    });
+    box.exec();
+    EXPECT_FALSE(isSeen);
 }
 
 TEST(ProgressStripTest, CoversNoButtonsInTheCornersAndLetsClicksThrough) {
