@@ -320,7 +320,7 @@ int main(int argc, char** argv) {
         QTextStream(stderr) << u"the document can't be made"_s << Qt::endl;
         return 1;
     }
-    toolkit::SetEditorFolders({pages->folder, {}});
+    toolkit::SetEditorFolders({pages->folder});
     bench::Report report;
     {
         EditorSheet ours(app);
