@@ -49,12 +49,8 @@ void ProgressStrip::Make() {
     row->addWidget(bar);
     m_window = strip;
     // Nothing is painted before events run. What ends sooner would only take the windows' front.
-    QTimer::singleShot(0, strip, [this, strip] {
-        // Work that has ended may have brought up a box, whose loop deletes nothing.
-        if (m_window == strip) {
-            strip->show();
-        }
-    });
+    m_coming = new QObject(strip);
+    QTimer::singleShot(0, m_coming, [strip] { strip->show(); });
 }
 
 void ProgressStrip::Place() const {
@@ -84,6 +80,8 @@ void ProgressStrip::SetShowInfo(const QString& text) {
 
 void ProgressStrip::CloseProgressBar() {
     if (m_window) {
+        // Work that has ended may bring up a box, in whose loop nothing is deleted.
+        delete m_coming.data();
         m_window->hide();
         m_window->deleteLater();
         m_window.clear();

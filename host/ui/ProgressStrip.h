@@ -33,6 +33,7 @@ private:
 
     QPointer<QWidget> m_window;
     QPointer<QLabel> m_text;
+    QPointer<QObject> m_coming; ///< with it goes the showing that is still to come
 };
 
 } // namespace host
