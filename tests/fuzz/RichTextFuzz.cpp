@@ -97,10 +97,11 @@ QString Words(const NoteDocument& document) {
     return document.toPlainText().simplified();
 }
 
-/// Qt moves a table that stands in a list a step to the right whenever it writes it.
-QString WithoutTablePlaces(QString html) {
+/// Qt moves a table that stands in a list a step to the right whenever it writes it, and gives the
+/// paragraph behind a table the direction of the last one in its cells when it reads it.
+QString WithoutWhatQtMoves(QString html) {
     static const QRegularExpression place(u"(<table[^>]*margin-left:)[^;]*;"_s);
-    return html.replace(place, u"\\1;"_s);
+    return html.replace(place, u"\\1;"_s).remove(u" dir=\"rtl\""_s);
 }
 
 void Load(NoteDocument& document, const QString& html) {
@@ -120,7 +121,7 @@ void ExpectLasts(const NoteDocument& document) {
     ExpectClean(again, second);
     NoteDocument third(document.Folder(), nullptr);
     Load(third, second);
-    Compare(WithoutTablePlaces(second), WithoutTablePlaces(third.Html()),
+    Compare(WithoutWhatQtMoves(second), WithoutWhatQtMoves(third.Html()),
             "what was saved twice loads as the same");
     Compare(Words(again), Words(third), "nor do its words change");
 }

@@ -5,23 +5,27 @@
 
 #include <QElapsedTimer>
 #include <QTextEdit>
-#include <QThread>
 
 #include <gtest/gtest.h>
-
-using namespace std::chrono_literals;
 
 namespace {
 
 using richtext::WritingWatch;
+using Ms = std::chrono::milliseconds;
 
-void WriteFor(std::chrono::milliseconds time, QTextEdit& sheet, const std::function<bool()>& end) {
+/// Lets events run so long.
+void WaitFor(Ms time) {
+    QElapsedTimer waiting;
+    waiting.start();
+    EXPECT_TRUE(support::WaitFor([&] { return waiting.elapsed() >= time.count(); }));
+}
+
+void WriteFor(Ms time, QTextEdit& sheet, const std::function<bool()>& end) {
     QElapsedTimer writing;
     writing.start();
     while (writing.elapsed() < time.count() && !end()) {
         sheet.insertPlainText(QStringLiteral("a"));
         QCoreApplication::processEvents();
-        QThread::msleep(1);
     }
 }
 
@@ -30,34 +34,32 @@ void WriteFor(std::chrono::milliseconds time, QTextEdit& sheet, const std::funct
 TEST(WritingWatch, KeepsOnceAfterARest) {
     int kept = 0;
     QTextEdit sheet;
-    WritingWatch watch([&kept] { ++kept; }, {30ms, 100s});
+    WritingWatch watch([&kept] { ++kept; }, {Ms(30), Ms(100000)});
     watch.Watch(sheet);
     sheet.insertPlainText(QStringLiteral("a"));
     EXPECT_EQ(kept, 0);
     EXPECT_TRUE(support::WaitFor([&] { return kept == 1; }));
-    QThread::msleep(60);
-    QCoreApplication::processEvents();
+    WaitFor(Ms(60));
     EXPECT_EQ(kept, 1) << "nothing was written since";
 }
 
 TEST(WritingWatch, WhoNeverRestsIsKeptFromTimeToTime) {
     int kept = 0;
     QTextEdit sheet;
-    WritingWatch watch([&kept] { ++kept; }, {200ms, 400ms});
+    WritingWatch watch([&kept] { ++kept; }, {Ms(200), Ms(400)});
     watch.Watch(sheet);
-    WriteFor(20s, sheet, [&] { return kept >= 2; });
+    WriteFor(Ms(20000), sheet, [&] { return kept >= 2; });
     EXPECT_GE(kept, 2);
 }
 
 TEST(WritingWatch, AStoppedOneKeepsNothingUntilMoreIsWritten) {
     int kept = 0;
     QTextEdit sheet;
-    WritingWatch watch([&kept] { ++kept; }, {1ms, 100s});
+    WritingWatch watch([&kept] { ++kept; }, {Ms(1), Ms(100000)});
     watch.Watch(sheet);
     sheet.insertPlainText(QStringLiteral("a"));
     watch.Stop();
-    QThread::msleep(20);
-    QCoreApplication::processEvents();
+    WaitFor(Ms(20));
     EXPECT_EQ(kept, 0);
     sheet.insertPlainText(QStringLiteral("b"));
     EXPECT_TRUE(support::WaitFor([&] { return kept == 1; }));
@@ -69,9 +71,11 @@ TEST(WritingWatch, KeepingThatTakesLongComesSeldom) {
     WritingWatch watch(
         [&kept] {
             ++kept;
-            QThread::msleep(100);
+            QElapsedTimer work;
+            for (work.start(); work.elapsed() < 100;) {
+            }
         },
-        {1ms, 1ms});
+        {Ms(1), Ms(1)});
     watch.Watch(sheet);
     sheet.insertPlainText(QStringLiteral("a"));
     ASSERT_TRUE(support::WaitFor([&] { return kept == 1; }));
