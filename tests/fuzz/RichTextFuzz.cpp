@@ -97,10 +97,11 @@ QString Words(const NoteDocument& document) {
     return document.toPlainText().simplified();
 }
 
-/// Qt moves a table that stands in a list a step to the right whenever it writes it, and gives the
-/// paragraph behind a table the direction of the last one in its cells when it reads it.
+/// Qt moves a table that stands in a list a step to the right whenever it writes it, and an item of
+/// a list in a list whose item has a margin by that margin; it gives the paragraph behind a table
+/// the direction of the last one in its cells when it reads it.
 QString WithoutWhatQtMoves(QString html) {
-    static const QRegularExpression place(u"(<table[^>]*margin-left:)[^;]*;"_s);
+    static const QRegularExpression place(u"(<(?:table|li)[^>]*margin-left:)[^;]*;"_s);
     return html.replace(place, u"\\1;"_s).remove(u" dir=\"rtl\""_s);
 }
 
