@@ -44,7 +44,7 @@ host/drawings/reader: host/drawings host/drawings/reader
 host/import: host/import site
 host/pictures: host/pictures
 host/qr: host/qr
-host/report: host/report toolkit/media
+host/report: host/report toolkit/media toolkit/richtext
 host/reminders: host/reminders host/session site toolkit
 host/services: host/services host/session services site site/transfer toolkit
 host/session: host/session services site site/transfer toolkit

@@ -14,7 +14,7 @@ constexpr double kMarginMm = 18;
 constexpr double kPageLinesMm = 12; ///< room for header and footer, above and below the text
 /// Of a page's width, for a picture with its text beside.
 constexpr double kBesideShare = 0.62;
-constexpr double kGap = 14;
+constexpr double kPhotoGap = 14;     ///< as pages have it between blocks
 constexpr double kProportion = 0.75; ///< 4 : 3, as cameras have them
 constexpr int kSmallOfPage = 6;
 
@@ -101,12 +101,12 @@ PhotoGrid GridOf(const ReportOptions& options) {
     }
     const int rows = grid.picturesOfPage / grid.columns;
     const double share = grid.textBeside ? kBesideShare : 1;
-    const double width = (text.width() - (grid.columns - 1) * kGap) / grid.columns * share;
+    const double width = (text.width() - (grid.columns - 1) * kPhotoGap) / grid.columns * share;
     // What is known of a photo takes some lines below it.
     const double ofText = grid.textBeside                             ? 1
                           : options.pictures == ReportPictures::Small ? 0.66
                                                                       : 0.8;
-    grid.picture = FourByThree(width, (text.height() / rows - kGap) * ofText);
+    grid.picture = FourByThree(width, (text.height() / rows - kPhotoGap) * ofText);
     return grid;
 }
 
