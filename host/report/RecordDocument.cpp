@@ -80,11 +80,13 @@ void RecordDocument::Paint(QPainter& painter, int page, IPageInk& ink) {
     const QSizeF size = m_text.pageSize();
     QAbstractTextDocumentLayout::PaintContext context;
     context.clip = QRectF(QPointF(0, page * size.height()), size);
+    // A line that begins where the page ends is the next one's.
+    context.clip.adjust(0, 0, 0, -1);
     context.palette.setColor(QPalette::Text, kTextInk);
     painter.save();
     painter.scale(m_scale, m_scale);
     painter.translate(0, -context.clip.top());
-    painter.setClipRect(context.clip);
+    painter.setClipRect(context.clip.adjusted(0, 0, 0, 1));
     m_text.documentLayout()->draw(&painter, context);
     painter.restore();
     m_ink = nullptr;
