@@ -54,6 +54,7 @@ host/ui/drawing: host/drawings host/ui host/ui/drawing toolkit toolkit/controls
 host/ui/marks: host/ui host/ui/marks services toolkit toolkit/controls
 host/ui/issues: host/ui host/ui/issues host/ui/pick services toolkit toolkit/controls toolkit/media toolkit/windows
 host/ui/pick: host/ui host/ui/pick host/ui/plan toolkit toolkit/controls
+host/ui/report: host/report host/ui host/ui/report toolkit toolkit/controls toolkit/media toolkit/windows
 host/ui/rich: host/ui host/ui/rich toolkit toolkit/compare toolkit/controls toolkit/media toolkit/richtext toolkit/windows
 host/ui/plan: host/ui host/ui/marks host/ui/pick host/ui/plan toolkit
 tour: hands host/app host/services host/ui/drawing host/ui/pick host/ui/plan services tour
