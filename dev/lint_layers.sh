@@ -38,7 +38,7 @@ sample/render: sample sample/render
 sample/scenes: sample sample/render sample/scenes
 sample/site: sample sample/drawings sample/scenes sample/site site
 host: host/app
-host/app: host/app host/drawings host/import host/qr host/reminders host/services host/session host/ui host/ui/catchup host/ui/drawing host/ui/issues host/ui/marks host/ui/pick host/ui/plan host/ui/rich include sample services site site/transfer toolkit toolkit/controls toolkit/media toolkit/richtext toolkit/windows
+host/app: host/app host/drawings host/import host/qr host/reminders host/report host/services host/session host/ui host/ui/catchup host/ui/drawing host/ui/issues host/ui/marks host/ui/pick host/ui/plan host/ui/report host/ui/rich include sample services site site/transfer toolkit toolkit/controls toolkit/media toolkit/richtext toolkit/windows
 host/drawings: host/drawings
 host/drawings/reader: host/drawings host/drawings/reader
 host/import: host/import site

@@ -13,6 +13,7 @@
 #include "host/app/PlanReader.h"
 #include "host/app/RaiseFlow.h"
 #include "host/app/ReminderFlow.h"
+#include "host/app/ReportOutput.h"
 #include "host/app/RichTextFlow.h"
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/ActionLogModel.h"
@@ -74,6 +75,8 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     lent.progress = &m_progress;
     lent.strip = &m_strip;
     lent.transferWait = &m_transferWait;
+    m_reports = std::make_unique<ReportOutput>(m_session, m_axes);
+    lent.reports = m_reports.get();
     lent.imageFolder = QDir(moduleFolder).filePath(u"work"_s);
     ConnectWindow();
     ConnectSession();
@@ -112,6 +115,8 @@ void Client::Stop() {
     // Whoever closes the window was asked; at any other end nobody is there to answer.
     m_raising.reset();
     m_issues.reset();
+    m_serving.Around().reports = nullptr;
+    m_reports.reset();
     KeepLayout();
     if (m_marks) {
         m_marks->Keep();

@@ -34,6 +34,7 @@ class MarkFlow;
 class PickFlow;
 class RaiseFlow;
 class ReminderFlow;
+class ReportOutput;
 class RichTextFlow;
 
 /// Makes the main window over a session whose folder is open and whose user is signed in, loads the
@@ -110,6 +111,7 @@ private:
     std::unique_ptr<MarkFlow> m_marks;
     std::unique_ptr<ReminderFlow> m_reminders;
     std::unique_ptr<RichTextFlow> m_richTexts;
+    std::unique_ptr<ReportOutput> m_reports;
     std::unique_ptr<DrawingFlow> m_drawings;
     std::unique_ptr<DrawingImport> m_drawingImport;
     std::unique_ptr<CheckpointMenu> m_checkpoints;

@@ -23,14 +23,6 @@ namespace {
 /// Between two times that checkpoints are drawn anew, milliseconds.
 constexpr int kFlagsPauseMs = 300;
 
-SheetFlag FlagOf(const site::CheckpointFlag& point) {
-    return {
-        point.id,         point.number,
-        point.place.page, {double(point.place.x) / kPlaceUnit, double(point.place.y) / kPlaceUnit},
-        point.markName,   toolkit::ColorFromBgr(point.markColor),
-        point.shownPhotos};
-}
-
 bool ChangesFlags(const site::Change& change) {
     using site::ChangeKind;
     return change.kind == ChangeKind::Anything || change.kind == ChangeKind::Checkpoint ||
@@ -42,6 +34,14 @@ bool ChangesDrawings(const site::Change& change) {
 }
 
 } // namespace
+
+SheetFlag FlagOf(const site::CheckpointFlag& point) {
+    return {
+        point.id,         point.number,
+        point.place.page, {double(point.place.x) / kPlaceUnit, double(point.place.y) / kPlaceUnit},
+        point.markName,   toolkit::ColorFromBgr(point.markColor),
+        point.shownPhotos};
+}
 
 DrawingFlow::DrawingFlow(const Parts& parts)
     : m_parts(parts), m_flagsSoon(kFlagsPauseMs, [this] { ReadFlags(); }),

@@ -3,6 +3,7 @@
 
 #include "host/app/Calmed.h"
 #include "host/ui/drawing/DrawingCanvas.h"
+#include "host/ui/drawing/SheetFlags.h"
 #include "site/IDrawings.h"
 
 #include <QObject>
@@ -24,6 +25,7 @@ class MainWindow;
 
 /// Places of checkpoints count thousandths of the page.
 inline constexpr double kPlaceUnit = 1000;
+[[nodiscard]] SheetFlag FlagOf(const site::CheckpointFlag& point);
 
 /// Shows one drawing with its checkpoints, keeps both as they are in the site, opens checkpoints
 /// through the module, and lets one be picked for the editor of a photo. Session, window and module
