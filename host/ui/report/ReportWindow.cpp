@@ -376,7 +376,8 @@ void ReportWindow::closeEvent(QCloseEvent* event) {
     m_calm.stop();
     KeepTemplate();
     emit FetchingStopped();
-    QDialog::closeEvent(event);
+    // A dialog would have itself rejected, and that closes it again.
+    event->accept();
 }
 
 void ReportWindow::keyPressEvent(QKeyEvent* event) {
