@@ -57,7 +57,7 @@ host/ui/pick: host/ui host/ui/pick host/ui/plan toolkit toolkit/controls
 host/ui/report: host/report host/ui host/ui/report toolkit toolkit/controls toolkit/media toolkit/windows
 host/ui/rich: host/ui host/ui/rich toolkit toolkit/compare toolkit/controls toolkit/media toolkit/richtext toolkit/windows
 host/ui/plan: host/ui host/ui/marks host/ui/pick host/ui/plan toolkit
-tour: hands host/app host/services host/ui/drawing host/ui/pick host/ui/plan services tour
+tour: hands host/app host/services host/ui/drawing host/ui/pick host/ui/plan host/ui/report services tour
 '
 # These may include all, and know the engine.
 free_folders='tests bench'

@@ -136,6 +136,8 @@ void WriteCheckpoint(TourScript& script) {
         u"单击“发表”：评论在列表最后"_s, [] { return hands::Click(InCheckpoint(u"sendButton"_s)); },
         [] { return CommentRows() == Remembered() + 1; });
     script.Picture(kCheckpointViewer, u"checkpoint-commented"_s);
+    WriteReport(script, kCheckpointViewer, u"report-drawing"_s);
+    WriteReportEnd(script);
 }
 
 void WriteCheckpointEditor(TourScript& script) {

@@ -136,6 +136,8 @@ void WriteUpload(TourScript& script, const QString& pictures) {
         u"取消"_s,
         [] { return hands::Click(FindIn(FindWindow(kRectifyEditor), u"cancelButton"_s)); },
         [] { return FindWindow(kRectifyEditor) == nullptr; });
+    WriteReport(script, kIssueViewer, u"report-issue"_s);
+    WriteReportEnd(script);
 }
 
 void WriteEditing(TourScript& script) {

@@ -138,8 +138,11 @@ void WriteConflict(TourScript& script) {
 
 } // namespace
 
-void WriteRecord(TourScript& script) {
+void WriteRecord(TourScript& script, const TourPlaces& places) {
     WriteText(script);
+    WriteReport(script, kPhotoViewer, u"report"_s);
+    WriteReportPages(script, places.pictures + u"/report.pdf"_s);
+    WriteReportEnd(script);
     WriteConflict(script);
 }
 

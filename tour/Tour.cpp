@@ -55,7 +55,7 @@ std::vector<TourStep> WriteSteps(const TourWords& words, const TourPlaces& place
     WriteStart(script);
     WriteBimSearch(script);
     WriteEditor(script);
-    WriteViewer(script);
+    WriteViewer(script, places);
     if (words.scale == 1) {
         WriteImport(script, places);
         WriteBimActions(script);

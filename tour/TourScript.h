@@ -39,9 +39,15 @@ void WriteBimSearch(TourScript& script);
 /// The editor of a photo, from a row of the console that is open.
 void WriteEditor(TourScript& script);
 /// From a row of the console into the viewer and back, with a voice note.
-void WriteViewer(TourScript& script);
-/// With the photo viewer open: what is written below the pictures; ends with the viewer closed.
-void WriteRecord(TourScript& script);
+void WriteViewer(TourScript& script, const TourPlaces& places);
+/// With the photo viewer open: what is written below the pictures, its report in the folder for
+/// downloads; ends with the viewer closed.
+void WriteRecord(TourScript& script, const TourPlaces& places);
+/// With a viewer open: its report comes up and stays open.
+void WriteReport(TourScript& script, const QString& viewer, const QString& what);
+/// Looks through a report that is open and saves it as a PDF.
+void WriteReportPages(TourScript& script, const QString& file);
+void WriteReportEnd(TourScript& script);
 /// Versions and drafts of such texts.
 void WriteRecordWindows(TourScript& script);
 /// Photos are imported by menu and by drop while the console is open.

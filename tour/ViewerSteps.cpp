@@ -93,10 +93,10 @@ KX_DATA::BimPicRow RowOfNotedPhoto() {
     return {};
 }
 
-void WriteViewer(TourScript& script) {
+void WriteViewer(TourScript& script, const TourPlaces& places) {
     WriteLookingUp(script);
     WriteListening(script);
-    WriteRecord(script);
+    WriteRecord(script, places);
     WriteGoingBack(script);
 }
 

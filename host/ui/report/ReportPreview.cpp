@@ -141,6 +141,18 @@ void ReportPreview::SetZoom(std::optional<double> zoom) {
     emit Moved();
 }
 
+bool ReportPreview::IsPainted() const {
+    for (int page = 0; page < PageCount(); ++page) {
+        if (PlaceOf(page).intersects(viewport()->rect())) {
+            const Shot* shot = m_shots.object(page);
+            if (shot == nullptr || !shot->isComplete) {
+                return false;
+            }
+        }
+    }
+    return PageCount() > 0;
+}
+
 const ReportPreview::Shot& ReportPreview::ShotOf(int page) {
     if (const Shot* known = m_shots.object(page)) {
         return *known;

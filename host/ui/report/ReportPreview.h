@@ -35,6 +35,8 @@ public:
     [[nodiscard]] double Zoom() const;
     /// All pages are known, the record's too.
     [[nodiscard]] bool IsWhole() const { return m_isWhole; }
+    /// No photograph in sight is still to come.
+    [[nodiscard]] bool IsPainted() const;
     [[nodiscard]] const ReportPages& Pages() const { return m_pages; }
 
 signals:
