@@ -11,6 +11,7 @@
 #include <QTextFrame>
 #include <QTextList>
 #include <QTextTable>
+#include <QUrl>
 
 #include <algorithm>
 #include <array>
@@ -52,8 +53,15 @@ QColor RecordColorOf(const QTextFormat& format, int property) {
     return brush.style() == Qt::SolidPattern && color.alpha() > 0 ? color : QColor();
 }
 
-bool LeadsToTheWeb(const QString& address) {
-    return toolkit::IsLinkAllowed(address) && !address.startsWith(toolkit::kAttachmentScheme);
+/// In the signs that an address may have (RFC 3986): Word takes a document with another for
+/// damaged. Empty for one that leads nowhere outside, and for one that is too long for Word.
+QString WebAddressOf(const QString& address) {
+    constexpr qsizetype kMostAddress = 2000;
+    if (!toolkit::IsLinkAllowed(address) || address.startsWith(toolkit::kAttachmentScheme)) {
+        return {};
+    }
+    const QString written = QString::fromLatin1(QUrl(address).toEncoded());
+    return written.size() <= kMostAddress ? written : QString();
 }
 
 RecordLook RecordLookOf(const QTextCharFormat& format, bool isHeading) {
@@ -70,11 +78,9 @@ RecordLook RecordLookOf(const QTextCharFormat& format, bool isHeading) {
     } else if (format.verticalAlignment() == QTextCharFormat::AlignSubScript) {
         look.rise = RecordLook::Rise::Below;
     }
-    const QString address = format.anchorHref();
-    if (LeadsToTheWeb(address)) {
-        look.link = WritableText(address);
-    } else if (address.isEmpty()) {
-        // The look of a link, an attachment's too, is the reader's.
+    look.link = WebAddressOf(format.anchorHref());
+    // The look of a link, an attachment's too, is the reader's.
+    if (format.anchorHref().isEmpty()) {
         look.isUnderlined = format.fontUnderline();
         look.color = RecordColorOf(format, QTextFormat::ForegroundBrush);
     }

@@ -7,7 +7,6 @@ using namespace Qt::StringLiterals;
 ReportPrints::ReportPrints(const ReportSheet& sheet, PrintPictures& pictures,
                            const ReportSteps& steps, int more)
     : m_pictures(pictures), m_steps(steps), m_total(more) {
-    m_steps.Next(0, m_total);
     const QSizeF room = ShapeOf(sheet.options).text.size();
     for (const ReportBlock& block : sheet.blocks) {
         if (const auto* photos = std::get_if<PhotosBlock>(&block)) {
@@ -18,6 +17,7 @@ ReportPrints::ReportPrints(const ReportSheet& sheet, PrintPictures& pictures,
             PrepareRecord(*record, room);
         }
     }
+    m_steps.Next(0, m_total);
 }
 
 void ReportPrints::Prepare(const QString& file, const QSizeF& box) {

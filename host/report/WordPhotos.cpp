@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kBetweenPhotos = 105; ///< right of each, twentieths of a point
+constexpr int kBetweenPhotos = 210; ///< beside each other, twentieths of a point
 constexpr double kBetweenRows = 8;
 constexpr double kLackHeight = 72;
 /// What a picture that fills a page leaves for the heading above it, and for each line below.
@@ -63,10 +63,11 @@ void WordPhotos::End() {
 void WordPhotos::BeginTable(const PhotoGrid& grid) {
     const int picture = TwipsOf(grid.picture.width()) + kBetweenPhotos;
     m_columns.assign(size_t(std::max(grid.columns, 1)), picture);
+    m_columns.back() -= grid.textBeside ? 0 : kBetweenPhotos;
     if (grid.textBeside) {
         m_columns.push_back(std::max(TwipsOf(m_room.width()) - picture, kBetweenPhotos));
     }
-    m_xml.BeginTable({u"TableNormal"_s, false}, m_columns);
+    m_xml.BeginTable({u"PhotoTable"_s, false}, m_columns);
 }
 
 void WordPhotos::WriteRow(const PhotosBlock& block) {
@@ -80,11 +81,11 @@ void WordPhotos::WriteRow(const PhotosBlock& block) {
         if (place >= block.photos.size()) {
             m_xml.Gap(kBetweenRows);
         } else if (isText) {
-            WriteTexts(block.photos[place], block.grid);
+            WriteTexts(block.photos[place], block.grid, column + 1 == m_columns.size());
         } else {
             WritePicture(block.photos[place], block.grid);
             if (!block.grid.textBeside) {
-                WriteTexts(block.photos[place], block.grid);
+                WriteTexts(block.photos[place], block.grid, column + 1 == m_columns.size());
             }
             m_xml.Gap(kBetweenRows);
         }
@@ -131,8 +132,9 @@ void WordPhotos::WriteLack(const QString& text, const PhotoGrid& grid) {
     m_xml.Gap(1);
 }
 
-void WordPhotos::WriteTexts(const ReportPhoto& photo, const PhotoGrid& grid) {
+void WordPhotos::WriteTexts(const ReportPhoto& photo, const PhotoGrid& grid, bool isLast) {
     WordParagraph line;
+    line.right = isLast ? 0 : kBetweenPhotos;
     if (grid.picturesOfPage == 1) {
         line.alignment = u"center"_s;
     }

@@ -25,7 +25,7 @@ private:
     void WriteRow(const PhotosBlock& block);
     void WritePicture(const ReportPhoto& photo, const PhotoGrid& grid);
     void WriteLack(const QString& text, const PhotoGrid& grid);
-    void WriteTexts(const ReportPhoto& photo, const PhotoGrid& grid);
+    void WriteTexts(const ReportPhoto& photo, const PhotoGrid& grid, bool isLast);
 
     WordXml& m_xml;
     WordRelations& m_relations;

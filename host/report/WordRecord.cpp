@@ -5,6 +5,7 @@
 #include "host/report/WordXml.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace host {
@@ -18,6 +19,9 @@ constexpr int kReportLevels = 2;
 constexpr int kWordLevels = 6;
 /// Height of what stands behind a table, where something must.
 constexpr double kBehindRecordTable = 4;
+/// More columns, and longer names of faces, Word doesn't open.
+constexpr size_t kMostWordColumns = 63;
+constexpr qsizetype kMostFaceName = 31;
 
 QString WordAlignmentOf(const RecordParagraph& paragraph) {
     switch (static_cast<int>(paragraph.alignment)) {
@@ -65,7 +69,7 @@ void WordRecord::BeginParagraph(const RecordParagraph& paragraph) {
 WordLook WordRecord::LookOf(const RecordLook& look) const {
     WordLook told;
     told.style = look.link.isEmpty() ? QString() : u"Hyperlink"_s;
-    told.face = look.face;
+    told.face = look.face.left(kMostFaceName);
     told.isBold = look.isBold;
     told.isNotBold = m_isInHeading && !look.isBold;
     told.isItalic = look.isItalic;
@@ -108,18 +112,28 @@ void WordRecord::BeginTable(const RecordTable& table) {
     told.style = table.hasLines ? u"LinedTable"_s : u"TableNormal"_s;
     told.isAsWideAsItsTexts = table.isAsWideAsItsTexts;
     std::vector<int> columns;
-    columns.reserve(table.columns.size());
     for (const double width : table.columns) {
-        columns.push_back(TwipsOf(width));
+        columns.push_back(std::max(TwipsOf(width), 1));
+    }
+    m_joinsCells.push_back(columns.size() > kMostWordColumns);
+    if (m_joinsCells.back()) {
+        columns = {std::accumulate(columns.begin(), columns.end(), 0)};
     }
     m_xml.BeginTable(told, columns);
 }
 
 void WordRecord::BeginRow() {
     m_xml.BeginRow(false, false);
+    if (m_joinsCells.back()) {
+        m_xml.BeginCell({});
+        m_isEmptyCell = true;
+    }
 }
 
 void WordRecord::BeginCell(const RecordCell& cell) {
+    if (m_joinsCells.back()) {
+        return;
+    }
     WordCell told;
     told.width = TwipsOf(cell.width);
     told.columns = cell.columns;
@@ -137,6 +151,12 @@ void WordRecord::BeginCell(const RecordCell& cell) {
 }
 
 void WordRecord::EndCell() {
+    if (!m_joinsCells.back()) {
+        CloseCell();
+    }
+}
+
+void WordRecord::CloseCell() {
     if (m_isEmptyCell) {
         m_xml.Gap(kBehindRecordTable);
     }
@@ -145,10 +165,14 @@ void WordRecord::EndCell() {
 }
 
 void WordRecord::EndRow() {
+    if (m_joinsCells.back()) {
+        CloseCell();
+    }
     m_xml.End();
 }
 
 void WordRecord::EndTable() {
+    m_joinsCells.pop_back();
     m_xml.End();
     // Two tables in a row would be one.
     m_xml.Gap(kBehindRecordTable);

@@ -34,12 +34,15 @@ public:
     void EndTable() override;
 
 private:
+    void CloseCell();
     [[nodiscard]] WordLook LookOf(const RecordLook& look) const;
 
     WordXml& m_xml;
     WordRelations& m_relations;
     WordLists& m_lists;
     const GetPicture m_getPicture;
+    /// Of open tables: one has more columns than Word has, and rows of one cell therefore.
+    std::vector<bool> m_joinsCells;
     bool m_isInHeading = false;
     bool m_isEmptyCell = false; ///< Word wants a paragraph in each
 };

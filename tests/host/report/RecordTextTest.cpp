@@ -97,6 +97,18 @@ TEST(RecordText, TellsLooks) {
     EXPECT_EQ(heard.looks[4].link, QString());
 }
 
+TEST(RecordText, TellsAddressesInTheirOwnSigns) {
+    const auto link = [](const QString& address) {
+        return Walked(u"<a href=\"%1\">x</a>"_s.arg(address)).looks.at(0).link;
+    };
+    EXPECT_EQ(link(u"https://example.org/中?q=a%20b&amp;c#d"_s),
+              u"https://example.org/%E4%B8%AD?q=a%20b&c#d"_s);
+    EXPECT_FALSE(
+        link(u"https://example.org/a b&quot;&lt;"_s).contains(QRegularExpression(u"[\\s\"<>]"_s)));
+    EXPECT_EQ(link(u"https://example.org/"_s + QString(2000, u'a')), QString());
+    EXPECT_EQ(link(u"attachment:0123456789abcdef0123456789abcdef.pdf/a.pdf"_s), QString());
+}
+
 TEST(RecordText, TellsListsApartAndTheirLevels) {
     const Listener heard =
         Walked(u"<ul><li>a<ol><li>b</li></ol></li><li>c</li></ul><ol><li>d</li></ol><p>e</p>"_s);

@@ -260,6 +260,29 @@ TEST_F(WordReport, TakesNoPictureFromOutsideOfTheRecordsFolder) {
     EXPECT_EQ(WrittenFile(SheetFor(content)).Pictures().size(), 1);
 }
 
+TEST_F(WordReport, JoinsTheCellsOfATableWithMoreColumnsThanWordHas) {
+    const auto table = [](int columns) {
+        QString html = u"<table border=1><tr>"_s;
+        for (int column = 0; column < columns; ++column) {
+            html += u"<td>c%1</td>"_s.arg(column);
+        }
+        return html + u"</tr><tr><td>a<table><tr><td>inner</td></tr></table></td></tr></table>"_s;
+    };
+    host::ReportContent content;
+    content.record = host::ReportRecord{table(63), {}, {}};
+    const WordFile most = WrittenFile(SheetFor(content));
+    ExpectSound(most);
+    EXPECT_EQ(CountOf(most.Text(), u"w:gridCol"_s), 63 + 1);
+    content.record->html = table(64);
+    const WordFile more = WrittenFile(SheetFor(content));
+    ExpectSound(more);
+    EXPECT_EQ(CountOf(more.Text(), u"w:gridCol"_s), 1 + 1);
+    EXPECT_EQ(CountOf(more.Text(), u"w:tc"_s), 2 + 1);
+    for (const QString& text : {u"c0"_s, u"c63"_s, u"inner"_s}) {
+        EXPECT_TRUE(ParagraphsOf(more.Text()).contains(text));
+    }
+}
+
 TEST_F(WordReport, TakesHundredsOfPhotos) {
     const WordFile file = WrittenFile(SheetFor(PhotoReport(Folder(), 300, {64, 48})));
     ExpectSound(file);
