@@ -15,6 +15,7 @@
 #include "host/app/ReminderFlow.h"
 #include "host/app/ReportOutput.h"
 #include "host/app/RichTextFlow.h"
+#include "host/app/SheetFlow.h"
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/ActionLogModel.h"
 #include "host/ui/MainWindow.h"
@@ -78,6 +79,7 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     m_reports = std::make_unique<ReportOutput>(m_session, m_axes);
     lent.reports = m_reports.get();
     lent.imageFolder = QDir(moduleFolder).filePath(u"work"_s);
+    m_sheets = std::make_unique<SheetFlow>(SheetFlow::Parts{m_session, *m_window, lent});
     ConnectWindow();
     ConnectSession();
     ConnectSink();
@@ -112,6 +114,7 @@ void Client::Stop() {
         return;
     }
     m_imports.reset();
+    m_sheets.reset();
     // Whoever closes the window was asked; at any other end nobody is there to answer.
     m_raising.reset();
     m_issues.reset();
@@ -194,6 +197,7 @@ void Client::ConnectWindow() {
     });
     connect(m_window.get(), &MainWindow::PathsDropped, this, &Client::OnPathsDropped);
     connect(m_window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
+    connect(m_sheets.get(), &SheetFlow::Changed, this, &Client::EnableCommands);
     connect(m_imports.get(), &ImportFlow::Imported, this, [this] {
         ReadAnew();
         RefreshModule();
@@ -411,6 +415,8 @@ void Client::EnableCommands() {
           Command::Refresh, Command::ImportDrawing, Command::OpenByCode}) {
         m_window->SetEnabled(command, hasProject);
     }
+    const QString noList = m_sheets->WhyNot();
+    m_window->SetEnabled(Command::ExportList, noList.isEmpty(), noList);
     const QString whyNot = m_raising->WhyNot();
     m_window->SetEnabled(Command::RaiseIssue, whyNot.isEmpty(), whyNot);
     m_window->SetEnabled(Command::PlacePhotos, chosen != nullptr);

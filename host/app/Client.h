@@ -36,6 +36,7 @@ class RaiseFlow;
 class ReminderFlow;
 class ReportOutput;
 class RichTextFlow;
+class SheetFlow;
 
 /// Makes the main window over a session whose folder is open and whose user is signed in, loads the
 /// module and carries orders from one to the other. Start and Stop keep the order in which things
@@ -115,6 +116,7 @@ private:
     std::unique_ptr<DrawingFlow> m_drawings;
     std::unique_ptr<DrawingImport> m_drawingImport;
     std::unique_ptr<CheckpointMenu> m_checkpoints;
+    std::unique_ptr<SheetFlow> m_sheets;
     QPointer<BinWindow> m_binWindow;
     std::vector<ProjectChoice> m_choices;
 };

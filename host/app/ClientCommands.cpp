@@ -8,6 +8,7 @@
 #include "host/app/RaiseFlow.h"
 #include "host/app/ReminderFlow.h"
 #include "host/app/RichTextFlow.h"
+#include "host/app/SheetFlow.h"
 #include "host/ui/HelpWindows.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
@@ -91,6 +92,9 @@ void Client::ObeyHost(Command command) {
         break;
     case Command::ImportDrawing:
         m_drawingImport->Ask();
+        break;
+    case Command::ExportList:
+        m_sheets->Ask();
         break;
     case Command::RaiseIssue:
         m_raising->Ask();

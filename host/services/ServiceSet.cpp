@@ -39,6 +39,7 @@ void Serving::TakeBack() {
     around.transferWait = nullptr;
     around.imageFolder.clear();
     around.withdraw = {};
+    around.listAsked = {};
 }
 
 } // namespace host

@@ -76,6 +76,15 @@ protected:
         });
     }
 
+    /// The question for a page of a list, as the site is asked it.
+    [[nodiscard]] site::PageAsked Noted(site::ListKind kind, const site::ListFilter& filter,
+                                        site::PageAsked asked) const {
+        if (m_surroundings.listAsked) {
+            m_surroundings.listAsked(kind, filter, asked.order);
+        }
+        return asked;
+    }
+
     /// Writes into the record of what people did. What was done stays done where it can't be
     /// written.
     void LogIf(bool done, const QString& action) const;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/session/SessionDesk.h"
+#include "site/ListFilter.h"
 
 #include <QString>
 
@@ -52,6 +53,8 @@ public:
     bool remindOfIssues = true;
     /// Is told how messages begin that no longer hold.
     std::function<void(const QString& beginning)> withdraw;
+    /// Is told each question for a page of a list, before it is asked: the console alone has any.
+    std::function<void(site::ListKind, const site::ListFilter&, const site::ListOrder&)> listAsked;
 
 private:
     HostSession* m_session = nullptr;

@@ -53,7 +53,9 @@ qint32 TNQuestionMng::QueryIssues(const KX_DATA::PicQueryFilter& filter,
                                   const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                   std::vector<KX_DATA::IssueRow>& rows) {
     return GuardedQuestion(u"查询TN问题"_s, 0, [&](HostSession& session) {
-        auto page = session.Site().Issues().PageOf(IssueFilterOf(filter), PageAskedOf(request));
+        const site::ListFilter asked = IssueFilterOf(filter);
+        auto page = session.Site().Issues().PageOf(
+            asked, Noted(site::ListKind::Issues, asked, PageAskedOf(request)));
         result = ResultOf(page.total, request);
         rows = std::move(page.rows);
         return KX_DATA::kServiceOk;

@@ -48,7 +48,9 @@ qint32 VeskPicMng::QueryBimPics(const KX_DATA::PicQueryFilter& filter,
                                 const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                 std::vector<KX_DATA::BimPicRow>& rows) {
     return Page(u"查询BIM模型照片"_s, [&](HostSession& session) {
-        auto page = session.Site().BimPhotos().PageOf(BimFilterOf(filter), PageAskedOf(request));
+        const site::ListFilter asked = BimFilterOf(filter);
+        auto page = session.Site().BimPhotos().PageOf(
+            asked, Noted(site::ListKind::BimPhotos, asked, PageAskedOf(request)));
         result = ResultOf(page.total, request);
         rows = std::move(page.rows);
     });
@@ -58,7 +60,9 @@ qint32 VeskPicMng::QueryPdfPics(const KX_DATA::PdfQueryFilter& filter,
                                 const KX_DATA::PageRequest& request, KX_DATA::PageResult& result,
                                 std::vector<KX_DATA::PdfPicRecord>& rows) {
     return Page(u"查询平面图纸照片"_s, [&](HostSession& session) {
-        auto page = session.Site().PdfPhotos().PageOf(PdfFilterOf(filter), PageAskedOf(request));
+        const site::ListFilter asked = PdfFilterOf(filter);
+        auto page = session.Site().PdfPhotos().PageOf(
+            asked, Noted(site::ListKind::PdfPhotos, asked, PageAskedOf(request)));
         result = ResultOf(page.total, request);
         rows = std::move(page.rows);
     });

@@ -22,6 +22,7 @@ enum class Command {
     PlacePhotos,   ///< photos of the chosen intersection
     FloorIssues,   ///< issues of the shown floor
     DrawingPhotos, ///< photos of the current drawing
+    ExportList,    ///< the console's, as a spreadsheet
     Bin,
     RecordVersions, ///< of the texts below the photos
     Drafts,         ///< of such texts that weren't saved

@@ -298,6 +298,10 @@ void MainWindow::SetEnabled(Command command, bool enabled, const QString& whyNot
     }
 }
 
+void MainWindow::HearIn(Command command, QWidget& other) {
+    other.addAction(m_actions[command]);
+}
+
 void MainWindow::ShowStatus(const QString& text) {
     statusBar()->showMessage(text);
 }

@@ -60,6 +60,8 @@ public:
     void SetDataFolder(const QString& folder);
     /// A command that can't be given may say why in its tip.
     void SetEnabled(Command command, bool enabled, const QString& whyNot = {});
+    /// The command's key is heard in another window, too.
+    void HearIn(Command command, QWidget& other);
     void ShowStatus(const QString& text);
     /// How much of what others filed is unread, on the toolbar and in the list; empty: nothing.
     void ShowUnread(const QString& count);

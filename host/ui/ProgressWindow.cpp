@@ -76,6 +76,10 @@ void ProgressWindow::SetCancel(Cancel cancel) {
     m_cancelButton->setVisible(cancel == Cancel::Possible);
 }
 
+void ProgressWindow::SetCancelTip(const QString& tip) {
+    m_cancelButton->setToolTip(tip);
+}
+
 void ProgressWindow::Begin(int delayMs) {
     m_delay = delayMs;
     m_cancelled = false;

@@ -41,6 +41,8 @@ public:
     [[nodiscard]] bool IsCancelled() const { return m_cancelled; }
     /// For a piece of the work that can be cancelled, or no longer can.
     void SetCancel(Cancel cancel);
+    /// What becomes of the work, other than that its done part stays.
+    void SetCancelTip(const QString& tip);
 
 signals:
     void Cancelled();

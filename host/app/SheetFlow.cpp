@@ -1,0 +1,220 @@
+#include "host/app/SheetFlow.h"
+
+#include "host/app/Faults.h"
+#include "host/app/SmallPictures.h"
+#include "host/services/Surroundings.h"
+#include "host/sheet/SheetJob.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/ProgressWindow.h"
+#include "sheets/CsvFile.h"
+#include "sheets/XlsxFile.h"
+#include "toolkit/Clock.h"
+#include "toolkit/windows/Prompts.h"
+#include "toolkit/windows/StillThere.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Null while it isn't open; one that is about to be deleted is none. The name is the window's own.
+QWidget* OpenConsole() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == u"VeskPicMngDlg"_s &&
+            toolkit::WindowOf(window) != toolkit::kNoWindow) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+/// The beginning of a name that may stand in the name of a file.
+QString FileNamePart(const QString& name) {
+    static const QRegularExpression forbidden(uR"([\x00-\x1f<>:"/\\|?*])"_s);
+    constexpr qsizetype kMost = 40;
+    return name.left(kMost).replace(forbidden, u"_"_s).trimmed();
+}
+
+/// Of Excel or LibreOffice, beside a file that is open there.
+bool IsOpenElsewhere(const QString& path) {
+    const QFileInfo file(path);
+    return file.dir().exists(u".~lock.%1#"_s.arg(file.fileName())) ||
+           file.dir().exists(u"~$"_s + file.fileName());
+}
+
+QString NotesText(const sheets::SheetNotes& notes) {
+    QString text;
+    if (notes.sheets > 1) {
+        text += u"行数超过一个工作表的上限，分在 %1 个工作表中。"_s.arg(notes.sheets);
+    }
+    if (notes.cutTexts > 0) {
+        text += u"%1 处文字超过单元格的上限 32,767 字，已截断并以“…”结尾。"_s.arg(notes.cutTexts);
+    }
+    if (notes.missingPictures > 0) {
+        text += u"%1 张图片缺失或已损坏，单元格中注明“图片缺失”。"_s.arg(notes.missingPictures);
+    }
+    if (notes.leftOutPictures > 0) {
+        text += u"%1 张图片超过上限 10,000 张，没有附上。"_s.arg(notes.leftOutPictures);
+    }
+    return text;
+}
+
+} // namespace
+
+SheetFlow::SheetFlow(const Parts& flowParts) : m_parts(flowParts) {
+    m_parts.around.listAsked = [this](site::ListKind kind, const site::ListFilter& filter,
+                                      const site::ListOrder& order) {
+        NoteAsked(kind, filter, order);
+    };
+}
+
+SheetFlow::~SheetFlow() {
+    m_parts.around.listAsked = {};
+    m_pictures.request_stop();
+    delete m_dialog;
+    m_job.reset();
+    delete m_progress;
+}
+
+void SheetFlow::NoteAsked(site::ListKind kind, const site::ListFilter& filter,
+                          const site::ListOrder& order) {
+    QWidget* console = OpenConsole();
+    if (console == nullptr) {
+        return;
+    }
+    m_asked = {kind, filter, order};
+    if (m_console == console) {
+        return;
+    }
+    m_console = console;
+    m_parts.window.HearIn(Command::ExportList, *console);
+    // Another one may have been opened by the time the old one is deleted.
+    connect(console, &QObject::destroyed, this, &SheetFlow::Changed);
+    emit Changed();
+}
+
+QString SheetFlow::WhyNot() const {
+    if (m_console.isNull() || toolkit::WindowOf(m_console) == toolkit::kNoWindow) {
+        return u"请先打开控制台并搜索"_s;
+    }
+    return m_job ? u"正在输出列表，请等它结束"_s : QString();
+}
+
+void SheetFlow::Ask() {
+    const QString whyNot = WhyNot();
+    if (!whyNot.isEmpty() || !m_dialog.isNull()) {
+        m_parts.window.ShowStatus(whyNot);
+        return;
+    }
+    m_dialog = new SheetDialog(
+        m_console, u"输出控制台中搜索到的全部%1（所有页）。"_s.arg(TitleOf(m_asked.kind)),
+        m_choice);
+    m_dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(m_dialog, &QDialog::accepted, this, [this] {
+        m_choice = m_dialog->Choice();
+        AskForFile();
+    });
+    m_dialog->open();
+}
+
+QString SheetFlow::ProjectsName() const {
+    QString name;
+    WithoutFault(m_parts.session, [&] {
+        name = m_asked.filter.ppids.size() == 1
+                   ? m_parts.session.Tables().ProjectName(m_asked.filter.ppids.front())
+                   : m_parts.session.CurrentWorkset().name;
+    });
+    return name;
+}
+
+QString SheetFlow::ProposedName() const {
+    const QDateTime now = QDateTime::fromSecsSinceEpoch(toolkit::Clock().NowSeconds());
+    QStringList parts{TitleOf(m_asked.kind), FileNamePart(ProjectsName()),
+                      now.toString(u"yyyyMMdd"_s)};
+    parts.removeAll(QString());
+    const QString name = parts.join(u'_') + (m_choice.isWorkbook ? u".xlsx"_s : u".csv"_s);
+    return m_folder.isEmpty() ? name : QDir(m_folder).filePath(name);
+}
+
+void SheetFlow::AskForFile() {
+    const toolkit::StillThere still(this);
+    const QString path = toolkit::Prompts().AskSaveFile(
+        {toolkit::WindowOf(m_console), ProposedName(), m_choice.isWorkbook ? u"xlsx"_s : u"csv"_s,
+         m_choice.isWorkbook ? u"Excel 工作簿 (*.xlsx)"_s : u"CSV 文件 (*.csv)"_s});
+    if (still && !path.isEmpty() && !m_job) {
+        Begin(path);
+    }
+}
+
+void SheetFlow::Begin(const QString& path) {
+    m_path = path;
+    m_folder = QFileInfo(path).absolutePath();
+    const bool pictures = m_choice.isWorkbook && m_choice.pictures;
+    std::unique_ptr<sheets::ISheetFile> file;
+    if (m_choice.isWorkbook) {
+        sheets::XlsxOptions options;
+        m_pictures = {};
+        if (pictures) {
+            options.pictureOf = SmallPictures(m_parts.session.Desk(), m_pictures.get_token());
+        }
+        file = std::make_unique<sheets::XlsxFile>(path, options);
+    } else {
+        file = std::make_unique<sheets::CsvFile>(path);
+    }
+    QWidget* parent = m_console.isNull() ? &m_parts.window : m_console.data();
+    m_progress = new ProgressWindow(parent, u"输出列表"_s, ProgressWindow::Cancel::Possible);
+    m_progress->SetCancelTip(u"停止（Esc），不留下文件"_s);
+    m_progress->SetText(QFileInfo(path).fileName());
+    m_job = std::make_unique<SheetJob>();
+    connect(m_progress, &ProgressWindow::Cancelled, m_job.get(), [this] {
+        m_pictures.request_stop();
+        m_job->Cancel();
+    });
+    connect(m_job.get(), &SheetJob::Stepped, m_progress, [this](const SheetStep& step) {
+        m_progress->SetDetail(step.packing ? u"正在生成文件..."_s : QString());
+        m_progress->Report(int(step.written), int(step.total));
+    });
+    connect(m_job.get(), &SheetJob::Finished, this, &SheetFlow::End);
+    m_progress->Begin();
+    m_job->Start(std::make_unique<ListReader>(m_parts.session.Site(), m_asked, pictures),
+                 std::move(file), LayoutOf(m_asked.kind, pictures));
+    emit Changed();
+}
+
+void SheetFlow::End(const SheetResult& result) {
+    const auto report = [this](MessageLevel level, const QString& text) {
+        m_parts.session.Desk()->Report(level, text);
+    };
+    if (m_progress) {
+        m_progress->End();
+        m_progress->deleteLater();
+    }
+    const QString shown = QDir::toNativeSeparators(m_path);
+    if (!result.fault.isEmpty()) {
+        report(MessageLevel::Error, result.fault);
+    } else if (result.cancelled) {
+        report(MessageLevel::Info, u"已取消输出列表，没有留下文件。"_s);
+    } else {
+        QString notes = NotesText(result.notes);
+        if (IsOpenElsewhere(m_path)) {
+            notes += u"该文件可能正在其他程序中打开，请在那里重新打开它。"_s;
+        }
+        report(notes.isEmpty() ? MessageLevel::Info : MessageLevel::Warning,
+               u"已输出 %1 行到 %2。%3"_s.arg(result.notes.rows).arg(shown, notes));
+        WithoutFault(m_parts.session, [&] {
+            m_parts.session.Actions().Write(u"输出列表 %1 行"_s.arg(result.notes.rows));
+        });
+    }
+    // It is in the middle of telling this.
+    m_job.release()->deleteLater();
+    emit Changed();
+}
+
+} // namespace host
