@@ -24,11 +24,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Null while it isn't open; one that is about to be deleted is none. The name is the window's own.
+/// A console that has ended may still wait to be deleted, and is no window of the toolkit then.
+bool IsOpen(QWidget* console) {
+    return console != nullptr && toolkit::WidgetOf(toolkit::WindowOf(console)) == console;
+}
+
+/// Null while it isn't open. The name is the window's own.
 QWidget* OpenConsole() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == u"VeskPicMngDlg"_s &&
-            toolkit::WindowOf(window) != toolkit::kNoWindow) {
+        if (window->objectName() == u"VeskPicMngDlg"_s && IsOpen(window)) {
             return window;
         }
     }
@@ -95,13 +99,18 @@ void SheetFlow::NoteAsked(site::ListKind kind, const site::ListFilter& filter,
     }
     m_console = console;
     m_parts.window.HearIn(Command::ExportList, *console);
-    // Another one may have been opened by the time the old one is deleted.
-    connect(console, &QObject::destroyed, this, &SheetFlow::Changed);
+    connect(console, &QObject::destroyed, this, [this, console] {
+        // Another one may have been opened by then.
+        if (m_console == console) {
+            m_console.clear();
+        }
+        emit Changed();
+    });
     emit Changed();
 }
 
 QString SheetFlow::WhyNot() const {
-    if (m_console.isNull() || toolkit::WindowOf(m_console) == toolkit::kNoWindow) {
+    if (!IsOpen(m_console)) {
         return u"请先打开控制台并搜索"_s;
     }
     return m_job ? u"正在输出列表，请等它结束"_s : QString();

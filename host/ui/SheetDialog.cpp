@@ -39,14 +39,15 @@ SheetDialog::SheetDialog(QWidget* parent, const QString& what, const SheetChoice
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* below = new QHBoxLayout;
     below->addSpacing(style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth) + 6);
-    below->addWidget(m_pictures, 1);
+    below->addWidget(m_pictures);
+    below->addStretch(1);
     auto* all = new QVBoxLayout(this);
     all->setContentsMargins(16, 16, 16, 12);
     all->setSpacing(8);
     all->addWidget(caption);
-    all->addWidget(m_workbook);
+    all->addWidget(m_workbook, 0, Qt::AlignLeft);
     all->addLayout(below);
-    all->addWidget(csv);
+    all->addWidget(csv, 0, Qt::AlignLeft);
     all->addSpacing(4);
     all->addWidget(buttons);
 }

@@ -1,4 +1,5 @@
 // From the viewers to a report in a file, and back to a client that answers again.
+#include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/report/ReportPreview.h"
 #include "host/ui/report/ReportWindow.h"
@@ -14,8 +15,6 @@
 #include "toolkit/windows/WindowRegistry.h"
 #include "tour/ConsoleEyes.h"
 #include "tour/TourEyes.h"
-
-#include "hands/Hands.h"
 
 #include <QFile>
 #include <QLabel>
@@ -244,8 +243,9 @@ protected:
 TEST_F(DrawingReportRoad, ADrawingBecomesAPdfWithAllItsCheckpoints) {
     ASSERT_TRUE(session.Site().Comments().Add({site.firstProject}, without, u"尚未拍照"_s,
                                               {u"张伟"_s, 1'700'000'000}));
-    Locate(withPhoto);
-    hands::ClickAt(&Canvas(), OnFlag(withPhoto));
+    client->Window()->ShowDrawingFace(true);
+    ASSERT_TRUE(WaitFor([this] { return Store().Present() == host::SheetStore::State::Open; }));
+    EXPECT_TRUE(hands::ClickAt(&Canvas(), OnFlag(withPhoto)));
     ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"PdfPicViewWrap"_s) != nullptr; }));
     AskForReport(*tour::FindWindow(u"PdfPicViewWrap"_s));
     const auto& preview = *Report()->findChild<host::ReportPreview*>();
