@@ -110,6 +110,24 @@ bool WriteCellText(const QString& text, QByteArray& utf8) {
     return isCut;
 }
 
+int LinesIn(const QString& text, int width, int most) {
+    constexpr char16_t kFirstWide = 0x1100;
+    int lines = 1;
+    int used = 0;
+    for (const QChar letter : text) {
+        if (lines >= most) {
+            break;
+        }
+        const int room = letter.unicode() < kFirstWide ? 1 : 2;
+        used += room;
+        if (letter == u'\n' || used > width) {
+            ++lines;
+            used = letter == u'\n' ? 0 : room;
+        }
+    }
+    return lines;
+}
+
 void AppendCsvText(const QString& text, QByteArray& line) {
     const QStringView whole = QStringView(text);
     const bool isQuoted = whole.contains(u',') || whole.contains(u'"') || whole.contains(u'\n') ||

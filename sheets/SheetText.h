@@ -16,6 +16,10 @@ inline constexpr qsizetype kLongestCell = 32'767;
 /// @return  true: the text was too long, and ends with "…" now. Thread: any.
 bool WriteCellText(const QString& text, QByteArray& utf8);
 
+/// About how many lines a text takes in a column of so many digits, at least 1 and at most `most`;
+/// Chinese characters take the room of two. Thread: any.
+[[nodiscard]] int LinesIn(const QString& text, int width, int most);
+
 /// One field of CSV (RFC 4180) in UTF-8, appended to `line`: quoted where it holds a comma, a quote
 /// or a line end, quotes doubled. Programs that open such files take what begins with = + - @, a
 /// tab or a line end for a formula, some the wide forms of the four, too; behind an apostrophe it

@@ -21,6 +21,8 @@ namespace {
 /// Of a row with a small picture, and of the header, points.
 constexpr double kPictureRow = 76;
 constexpr double kHeaderRow = 22;
+constexpr double kLine = 15;         ///< of a row, points
+constexpr int kMostLines = 12;       ///< the rest of a longer text is read in its cell
 constexpr int kPictureWidth = 20;    ///< digits
 constexpr int kPictureMargin = 2;    ///< pixels
 constexpr double kUnixEpoch = 25569; ///< 1970-01-01 as spreadsheets count days
@@ -140,6 +142,7 @@ void XlsxFile::AddSheet() {
     worksheet_set_paper(m_sheet, 9); // A4
     worksheet_fit_to_pages(m_sheet, 1, 0);
     worksheet_repeat_rows(m_sheet, 0, 0);
+    worksheet_gridlines(m_sheet, LXW_SHOW_ALL_GRIDLINES);
     m_row = 0;
 }
 
@@ -165,11 +168,31 @@ void XlsxFile::Add(const SheetRow& row) {
         AddSheet();
     }
     ++m_row;
+    SetHeight(row);
     for (int at = 0; at < int(row.size()); ++at) {
         std::visit(CellWriter{*this, at}, row[size_t(at)]);
     }
     ++m_notes.rows;
     RequireRoom();
+}
+
+void XlsxFile::SetHeight(const SheetRow& row) {
+    // Rows with pictures have room for some lines, and differing heights make each picture dearer
+    // than the one before.
+    if (m_options.pictureOf) {
+        return;
+    }
+    int lines = 1;
+    for (size_t at = 0; at < row.size(); ++at) {
+        if (const auto* text = std::get_if<QString>(&row[at])) {
+            // A little of the width is the cell's margin.
+            lines = std::max(lines, LinesIn(*text, m_layout.columns[at].width - 1, kMostLines));
+        }
+    }
+    // Not every program finds the height itself.
+    if (lines > 1) {
+        worksheet_set_row(m_sheet, Row(m_row), lines * kLine, nullptr);
+    }
 }
 
 void XlsxFile::PutWord(int column, const char* word) {

@@ -48,6 +48,7 @@ private:
     void AddSheet();
     void EndSheet();
     void MakeFormats();
+    void SetHeight(const SheetRow& row);
     void PutPicture(int column, const SheetPicture& picture);
     void PutWord(int column, const char* word);
     void RequireRoom() const;

@@ -60,6 +60,17 @@ TEST(SheetText, EscapesCountForTheLimit) {
     EXPECT_TRUE(utf8.endsWith("…"));
 }
 
+TEST(SheetText, LinesOfATextInItsColumn) {
+    EXPECT_EQ(sheets::LinesIn({}, 10, 5), 1);
+    EXPECT_EQ(sheets::LinesIn(u"0123456789"_s, 10, 5), 1);
+    EXPECT_EQ(sheets::LinesIn(u"0123456789a"_s, 10, 5), 2);
+    EXPECT_EQ(sheets::LinesIn(u"一二三四五"_s, 10, 5), 1);
+    EXPECT_EQ(sheets::LinesIn(u"一二三四五六"_s, 10, 5), 2);
+    EXPECT_EQ(sheets::LinesIn(u"一\n二\n三"_s, 10, 5), 3);
+    EXPECT_EQ(sheets::LinesIn(QString(100, u'长'), 10, 5), 5);
+    EXPECT_EQ(sheets::LinesIn(u"一"_s, 0, 5), 2) << "a column without width";
+}
+
 TEST(SheetText, AFieldIsQuotedWhereItMustBe) {
     EXPECT_EQ(CsvText(u"墙面"_s), "墙面");
     EXPECT_EQ(CsvText(u"一,二"_s), "\"一,二\"");

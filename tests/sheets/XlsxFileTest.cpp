@@ -93,6 +93,14 @@ TEST(XlsxFile, TheHeaderIsBoldStaysAndFilters) {
     EXPECT_EQ(sheet.filter, u"A1:C3"_s);
 }
 
+TEST(XlsxFile, ARowIsAsHighAsItsLongestText) {
+    const Book book = Written({RowWith(1, u"短"_s), RowWith(2, QString(40, u'长'))});
+    const QByteArray sheet = book.parts[u"xl/worksheets/sheet1.xml"_s];
+    EXPECT_TRUE(sheet.contains("<row r=\"2\"><c"));
+    EXPECT_TRUE(sheet.contains("<row r=\"3\" ht=\"45\" customHeight=\"1\"><c"))
+        << sheet.toStdString();
+}
+
 TEST(XlsxFile, NoTextIsAFormulaOrALink) {
     const QStringList texts{u"=1+1"_s,        u"+1"_s,
                             u"-1"_s,          u"@SUM(A1)"_s,
