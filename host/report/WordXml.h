@@ -15,10 +15,10 @@ namespace host {
 
 /// Twentieths of a point and English Metric Units of a length in 1/96 inch.
 [[nodiscard]] constexpr int TwipsOf(double length) {
-    return static_cast<int>(length * 15 + (length < 0 ? -0.5 : 0.5));
+    return qRound(length * 15);
 }
 [[nodiscard]] constexpr qint64 EmuOf(double length) {
-    return static_cast<qint64>(length * 9525 + 0.5);
+    return qRound64(length * 9525);
 }
 
 /// How text looks; what is empty, invalid or 0 is the paragraph's own.
