@@ -22,6 +22,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QTextEdit>
+#include <QtTest/QTest>
 
 namespace roads {
 namespace {
@@ -245,7 +246,7 @@ TEST_F(DrawingReportRoad, ADrawingBecomesAPdfWithAllItsCheckpoints) {
                                               {u"张伟"_s, 1'700'000'000}));
     client->Window()->ShowDrawingFace(true);
     ASSERT_TRUE(WaitFor([this] { return Store().Present() == host::SheetStore::State::Open; }));
-    EXPECT_TRUE(hands::ClickAt(&Canvas(), OnFlag(withPhoto)));
+    QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, OnFlag(withPhoto));
     ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"PdfPicViewWrap"_s) != nullptr; }));
     AskForReport(*tour::FindWindow(u"PdfPicViewWrap"_s));
     const auto& preview = *Report()->findChild<host::ReportPreview*>();
