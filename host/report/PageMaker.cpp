@@ -178,11 +178,11 @@ void PageMaker::FillContents() {
         const TextColumn number(QString::number(heading.page + 1), TextLook::Body, 60);
         const double numberLeft = room.right() - number.NaturalWidth();
         const TextColumn text(heading.text, TextLook::Body, numberLeft - left - 2 * kBesideGap);
-        items.push_back(TextItem{{left, place.top}, text, 0, 1});
-        items.push_back(TextItem{{numberLeft, place.top}, number, 0, 1});
+        items.emplace_back(TextItem{{left, place.top}, text, 0, 1});
+        items.emplace_back(TextItem{{numberLeft, place.top}, number, 0, 1});
         const double end = left + text.NaturalWidth() + 8;
         if (end < numberLeft - 8) {
-            items.push_back(BoxItem{
+            items.emplace_back(BoxItem{
                 {end, place.top + kContentsLine * 0.6, numberLeft - 8 - end, 0}, {}, kFrameInk});
         }
         m_made.links.push_back(

@@ -45,7 +45,9 @@ private:
     [[nodiscard]] double HeadingsHeight() const;
     [[nodiscard]] double Left() const { return m_made.shape.text.bottom() - m_y; }
     [[nodiscard]] bool IsPageEmpty() const { return m_made.pages.back().items.empty(); }
-    void Put(PageItem item) { m_made.pages.back().items.push_back(std::move(item)); }
+    template <class Item> void Put(Item item) {
+        m_made.pages.back().items.emplace_back(std::move(item));
+    }
     void PutText(const TextColumn& text, double left);
     /// The row from where the page stands; told for each page that it has a part on.
     using RowPart = std::function<void(double top, double height)>;

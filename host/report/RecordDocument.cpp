@@ -32,10 +32,14 @@ RecordDocument::RecordDocument(const RecordBlock& block, const QSizeF& room, dou
     m_text.setDocumentMargin(0);
     QFont face = FontOf(TextLook::Body);
     m_text.setDefaultFont(face);
-    m_text.setHtml(toolkit::CleanNoteHtml(block.html, [](const QString& address) {
-                       // Its owner has brought in what it names.
-                       return address;
-                   }).html);
+    // Its owner has brought in what it names.
+    const toolkit::CleanedNote note =
+        toolkit::CleanNoteHtml(block.html, [](const QString& address) { return address; });
+    if (note.fault == toolkit::NoteFault::None) {
+        m_text.setHtml(note.html);
+    } else {
+        m_text.setPlainText(kRecordTooLarge);
+    }
     m_text.setPageSize(m_room);
     ShrinkToFit();
     LeaveRoom(taken / m_scale);

@@ -26,6 +26,8 @@ public:
     /// Within `room`, whose upper left corner is the painter's origin.
     void Paint(QPainter& painter, int page, IPageInk& ink);
 
+    [[nodiscard]] QString PlainText() const { return m_text.toPlainText(); }
+
     struct Picture {
         QString file;
         QSizeF size; ///< on the page

@@ -60,6 +60,9 @@ struct RecordBlock {
     QString folder;
 };
 
+/// Stands in the place of a record that the document form doesn't take (NoteHtml.h).
+inline const QString kRecordTooLarge = QStringLiteral("整改记录过大，无法放入报告。");
+
 using ReportBlock = std::variant<TitleBlock, HeadingBlock, ParagraphBlock, FactsBlock,
                                  ContentsBlock, PhotosBlock, TableBlock, ImageBlock, RecordBlock>;
 

@@ -156,7 +156,7 @@ private:
     void WriteBlock(const RecordBlock& block) {
         const RecordText& record = m_prints.Record(block);
         if (!record.IsRead()) {
-            m_text.Add(u"<p>整改记录过大，无法放入报告。</p>\n"_s);
+            m_text.Add(u"<p>%1</p>\n"_s.arg(kRecordTooLarge));
             return;
         }
         m_text.Add(u"<div class=\"record\">\n"_s);

@@ -211,7 +211,7 @@ private:
     void WriteBlock(const RecordBlock& block) {
         const RecordText& record = m_prints.Record(block);
         if (!record.IsRead()) {
-            m_xml.Paragraph({}, u"整改记录过大，无法放入报告。"_s);
+            m_xml.Paragraph({}, kRecordTooLarge);
             return;
         }
         WordRecord taker(m_xml, m_relations, m_lists, [this](const RecordPicture& picture) {

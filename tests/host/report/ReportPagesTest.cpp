@@ -263,6 +263,15 @@ TEST(ReportPages, AWideTableOfARecordIsMadeSmallerAndNotCut) {
     }
 }
 
+TEST(ReportPages, ARecordTooDeepForItsFormSaysSo) {
+    ReportContent content;
+    content.kind = u"照片报告"_s;
+    reporttest::AddRecord(content, QString(u"<div>"_s).repeated(500) + u"x"_s);
+    const ReportPages pages = PagesOf(content);
+    ASSERT_NE(pages.record, nullptr);
+    EXPECT_EQ(pages.record->PlainText().trimmed(), kRecordTooLarge);
+}
+
 TEST(ReportPages, APhotoThatIsNotThereSaysWhy) {
     ReportContent content = reporttest::PhotosAt(u"a.jpg"_s, 2);
     content.sections[0].photos[1].file.clear();
