@@ -487,7 +487,7 @@ void CRichEditorDlg::OpenAttachment(const QString& folderKey, const QString& att
     }
     const bool isOpened = toolkit::Prompts().OpenFile(openPath);
     if (still && !isOpened) {
-        Tell(u"没有可以打开该附件的程序：%1"_s.arg(shown));
+        Tell(u"没有可以打开该附件的程序：%1。请安装相应的程序后重试。"_s.arg(shown));
     }
     if (still) {
         LayoutPane();

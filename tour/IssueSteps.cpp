@@ -11,9 +11,7 @@
 #include <QApplication>
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QImage>
 #include <QMenu>
-#include <QPixmap>
 #include <QPushButton>
 #include <QTabBar>
 
@@ -37,17 +35,6 @@ bool SetUploadsSlow(bool slow) {
 
 QWidget* InIssue(const QString& name) {
     return FindIn(FindWindow(kIssueViewer), name);
-}
-
-/// A picture stands where the empty gallery would be.
-bool ShowsPictureIn(const QString& page) {
-    QWidget* pane = InIssue(page);
-    if (pane == nullptr) {
-        return false;
-    }
-    const QImage seen = pane->grab().toImage();
-    const QColor middle = seen.pixelColor(seen.width() * 35 / 100, seen.height() * 35 / 100);
-    return middle != seen.pixelColor(1, seen.height() - 2);
 }
 
 bool ClickTab(int tab) {
@@ -100,7 +87,7 @@ void WriteIssue(TourScript& script) {
     script.Do(
         u"单击第一行的“反查”：控制台让位，问题在平面图上闪烁并打开"_s,
         [] { return hands::ClickCell(ConsoleGrid(), 0, ConsoleColumn(u"反查"_s)); },
-        [] { return ShowsPictureIn(u"questionPage"_s); });
+        [] { return ShowsPhoto(InIssue(u"questionPage"_s), 0.35, 0.35); });
     script.Picture(kIssueViewer, u"issue"_s);
 }
 
@@ -125,7 +112,7 @@ void WriteUpload(TourScript& script, const QString& pictures) {
     script.Do(u"上传完成"_s, nullptr, [] { return MessageBoxText() == u"上传完成!"_s; });
     script.Do(
         u"回答“确定”：整改情况里有了新照片"_s, [] { return AnswerMessageBox(u"确定"_s); },
-        [] { return ShowsPictureIn(u"rectifyPage"_s) && SetUploadsSlow(false); });
+        [] { return ShowsPhoto(InIssue(u"rectifyPage"_s), 0.35, 0.35) && SetUploadsSlow(false); });
     script.Picture(kIssueViewer, u"rectification"_s);
     script.Do(
         u"单击“编辑”：整改情况与说明"_s,

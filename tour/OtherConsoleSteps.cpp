@@ -4,8 +4,6 @@
 #include "tour/TourNames.h"
 #include "tour/TourScript.h"
 
-#include <QImage>
-#include <QPixmap>
 #include <QWidget>
 
 namespace tour {
@@ -16,14 +14,6 @@ namespace {
 
 bool PressInMain(Qt::Key key) {
     return hands::PressKey(FindWindow(kMain), key, Qt::ControlModifier);
-}
-
-/// The picture has arrived: the pane has no longer one colour off its middle, where words may
-/// stand.
-bool PreviewShows() {
-    const QImage seen = FindWindow(kPreview)->grab().toImage();
-    return seen.pixelColor(seen.width() * 35 / 100, seen.height() * 20 / 100) !=
-           seen.pixelColor(1, 1);
 }
 
 void WriteDrawings(TourScript& script) {
@@ -42,7 +32,8 @@ void WriteDrawings(TourScript& script) {
         u"按右方向键：下一张"_s,
         [] { return hands::PressKey(FindWindow(kPreview), Qt::Key_Right); },
         [] {
-            return FindWindow(kPreview)->windowTitle().contains(u"    3/(1-"_s) && PreviewShows();
+            return FindWindow(kPreview)->windowTitle().contains(u"    3/(1-"_s) &&
+                   ShowsPhoto(FindWindow(kPreview), 0.35, 0.2);
         });
     script.Picture(kPreview, u"preview"_s);
     script.Do(

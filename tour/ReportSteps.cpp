@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace tour {
 
 using namespace Qt::StringLiterals;
@@ -29,6 +31,14 @@ bool ShowsPages() {
     return save != nullptr && save->isEnabled() && Preview()->IsWhole() && Preview()->IsPainted();
 }
 
+bool HasPlan() {
+    return std::ranges::any_of(Preview()->Pages().pages, [](const host::ReportPage& page) {
+        return std::ranges::any_of(page.items, [](const host::PageItem& item) {
+            return std::holds_alternative<host::ImageItem>(item);
+        });
+    });
+}
+
 bool Choose(const QString& box, const QString& entry) {
     return hands::ChooseInCombo(Find<QComboBox>(kReport, box), entry);
 }
@@ -40,6 +50,10 @@ void WriteReport(TourScript& script, const QString& viewer, const QString& what)
         u"单击“输出报告”：预览各页"_s,
         [viewer] { return hands::Click(FindIn(FindWindow(viewer), u"reportButton"_s)); },
         ShowsPages);
+    if (what == u"report-drawing"_s) {
+        // Another process draws the sheet.
+        script.Do(u"图纸中的位置画好"_s, nullptr, [] { return HasPlan() && ShowsPages(); });
+    }
     script.Picture(kReport, what);
 }
 

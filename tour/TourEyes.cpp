@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPainter>
+#include <QImage>
 #include <QPixmap>
 #include <QStatusBar>
 
@@ -113,6 +114,16 @@ QString ReadText(const QWidget* widget) {
         }
     }
     return text;
+}
+
+bool ShowsPhoto(QWidget* pane, double xShare, double yShare) {
+    if (pane == nullptr) {
+        return false;
+    }
+    const QImage seen = pane->grab().toImage();
+    const QPoint place(static_cast<int>(seen.width() * xShare),
+                       static_cast<int>(seen.height() * yShare));
+    return seen.pixelColor(place) != seen.pixelColor(1, 1);
 }
 
 bool SavePicture(QWidget* window, const QString& path) {

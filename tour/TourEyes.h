@@ -27,6 +27,10 @@ bool AnswerMessageBox(const QString& button);
 /// All texts that a person can read in a label, combo, line edit, button or status bar.
 [[nodiscard]] QString ReadText(const QWidget* widget);
 
+/// A photo has arrived in a pane: at this share of its width and height, off the middle, where
+/// words may stand, it hasn't the colour of its corner any more.
+[[nodiscard]] bool ShowsPhoto(QWidget* pane, double xShare, double yShare);
+
 /// A picture of the window as it stands on the screen: with the menus, lists and balloons that lie
 /// over it. False if the file could not be written.
 bool SavePicture(QWidget* window, const QString& path);

@@ -9,8 +9,6 @@
 #include "tour/TourScript.h"
 
 #include <QAbstractItemView>
-#include <QImage>
-#include <QPixmap>
 
 namespace tour {
 
@@ -27,16 +25,6 @@ bool Search(const QString& keyword) {
            hands::Click(ConsoleControl(u"searchButton"_s));
 }
 
-/// The picture has arrived: its middle is no longer the colour of the empty pane.
-bool ShowsPicture() {
-    if (Viewer() == nullptr) {
-        return false;
-    }
-    const QImage seen = Viewer()->grab().toImage();
-    const QPoint middle(seen.width() * 4 / 10, seen.height() * 4 / 10);
-    return seen.pixelColor(middle) != seen.pixelColor(1, 1);
-}
-
 void WriteLookingUp(TourScript& script) {
     script.Do(
         u"搜索一张带语音的照片"_s, [] { return Search(RowOfNotedPhoto().fileName); },
@@ -48,7 +36,7 @@ void WriteLookingUp(TourScript& script) {
             const QModelIndex cell = grid->model()->index(0, ConsoleColumn(u"照片名称"_s));
             return hands::DoubleClickAt(grid->viewport(), grid->visualRect(cell).center());
         },
-        [] { return ShowsPicture() && Console()->isMinimized(); });
+        [] { return ShowsPhoto(Viewer(), 0.4, 0.4) && Console()->isMinimized(); });
     script.Picture(kMain, u"main-flag"_s);
 }
 

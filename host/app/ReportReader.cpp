@@ -144,7 +144,10 @@ void AddBimPhoto(Reading& reading, const KX_DATA::BimPicDetail& detail,
     ReportPhoto photo;
     photo.title = detail.fileName;
     AddFact(photo.facts, u"上传"_s, SignedLine(detail.uploaderName, detail.uploadTime));
-    AddFact(photo.facts, u"更新"_s, SignedLine(detail.updaterName, detail.updateTime));
+    // Nobody has changed one without an updater.
+    if (!detail.updaterName.isEmpty()) {
+        AddFact(photo.facts, u"更新"_s, SignedLine(detail.updaterName, detail.updateTime));
+    }
     QStringList labels;
     for (const KX_DATA::LabelEntry& label : detail.labels) {
         labels << label.labelName;
@@ -194,7 +197,9 @@ void AddCheckpoint(HostSession& session, Reading& reading, const site::Checkpoin
         ReportPhoto photo;
         photo.title = detail.name;
         AddFact(photo.facts, u"上传"_s, SignedLine(detail.uploader, detail.uploadTime));
-        AddFact(photo.facts, u"更新"_s, SignedLine(detail.updater, detail.updateTime));
+        if (!detail.updater.isEmpty()) {
+            AddFact(photo.facts, u"更新"_s, SignedLine(detail.updater, detail.updateTime));
+        }
         AddFact(photo.facts, u"描述"_s, detail.description);
         reading.AddPhoto(std::move(photo), pic.uuid);
     }

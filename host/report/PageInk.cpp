@@ -10,6 +10,10 @@ namespace host {
 
 using namespace Qt::StringLiterals;
 
+void IPageInk::DrawImage(QPainter& painter, const QRectF& place, const QImage& image) {
+    painter.drawImage(place, image);
+}
+
 QRectF IPageInk::PlaceIn(const PhotoPlace& place, const QSizeF& picture) {
     const QRectF& room = place.room;
     const QSizeF own = picture * (kReportDpi / kPrintDpi);

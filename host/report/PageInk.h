@@ -4,6 +4,7 @@
 #include <QRectF>
 #include <QString>
 
+class QImage;
 class QPainter;
 
 namespace host {
@@ -22,6 +23,8 @@ public:
     /// One that isn't there becomes its reason.
     virtual void DrawPhoto(QPainter& painter, const PhotoPlace& place, const QString& file,
                            const QString& lack) = 0;
+    /// One that was drawn for the report: a plan, a code, a logo.
+    virtual void DrawImage(QPainter& painter, const QRectF& place, const QImage& image);
 
     /// Of a picture in its room: in its proportions, never larger than in its own dots.
     [[nodiscard]] static QRectF PlaceIn(const PhotoPlace& place, const QSizeF& picture);

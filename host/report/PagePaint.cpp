@@ -19,7 +19,7 @@ struct ItemPainter {
     void operator()(const PhotoItem& item) const {
         ink.DrawPhoto(painter, item.place, item.file, item.lack);
     }
-    void operator()(const ImageItem& item) const { painter.drawImage(item.place, item.image); }
+    void operator()(const ImageItem& item) const { ink.DrawImage(painter, item.place, item.image); }
     void operator()(const BoxItem& item) const {
         painter.setPen(item.frame.isValid() ? QPen(item.frame, 0.75) : QPen(Qt::NoPen));
         painter.setBrush(item.fill.isValid() ? QBrush(item.fill) : QBrush(Qt::NoBrush));

@@ -544,7 +544,7 @@ TEST_F(RichEditorTest, AnAttachmentThatNoProgramOpensIsTold) {
     const QString store = OnServer().attachments[1].name;
     prompts.hasPrograms = false;
     prompts.ExpectOpenFolder(folder.Path(u"rich/open/"_s + store));
-    prompts.ExpectMessage(u"没有可以打开该附件的程序："_s + store);
+    prompts.ExpectMessage(u"没有可以打开该附件的程序：%1。请安装相应的程序后重试。"_s.arg(store));
     pane.OpenAttachment(u"doc"_s, store, store);
 }
 

@@ -185,7 +185,7 @@ void CZelvorEditorImpl::LoadEditor(const QString& name, const std::vector<QStrin
     QFile file(page == files.end() ? QString() : toolkit::TheEditorFolders().pages + *page);
     if (page == files.end() || !toolkit::IsStoreName(*page) || !file.open(QIODevice::ReadOnly)) {
         Show({}, name, readOnly);
-        ShowLack(u"文档的文件不存在，无法显示。"_s);
+        ShowLack(u"文档的文件不存在，无法显示。请检查网络或数据文件夹后重新打开。"_s);
         return;
     }
     if (file.size() > toolkit::kMostNoteCharacters) {

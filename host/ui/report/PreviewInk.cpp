@@ -30,4 +30,12 @@ void PreviewInk::DrawPhoto(QPainter& painter, const PhotoPlace& place, const QSt
     painter.drawImage(where, toolkit::DecodePicture({photo->path, {}, size}));
 }
 
+void PreviewInk::DrawImage(QPainter& painter, const QRectF& place, const QImage& image) {
+    const QSize size = (place.size() * m_pixels).toSize().expandedTo(QSize(1, 1));
+    const bool isSmaller = size.width() < image.width() && size.height() < image.height();
+    painter.drawImage(
+        place,
+        isSmaller ? image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation) : image);
+}
+
 } // namespace host

@@ -14,6 +14,8 @@ public:
 
     void DrawPhoto(QPainter& painter, const PhotoPlace& place, const QString& file,
                    const QString& lack) override;
+    /// Made smaller as a whole: a painter leaves lines of a plan out.
+    void DrawImage(QPainter& painter, const QRectF& place, const QImage& image) override;
     /// Nothing that was drawn is still to come.
     [[nodiscard]] bool IsComplete() const { return m_isComplete; }
 

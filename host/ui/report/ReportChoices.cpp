@@ -59,6 +59,7 @@ QComboBox* MakeChoice(const QString& name, const QString& caption, const QString
     box->setAccessibleName(caption);
     box->setToolTip(caption);
     box->addItems(entries);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     return box;
 }
 

@@ -187,6 +187,10 @@ QWidget* ReportWindow::MakeBottom() {
     m_save = MakeBottomButton(u"reportSave"_s, u"保存..."_s, u"把报告保存为文件（Ctrl+S）"_s, row);
     m_save->setShortcut(QKeySequence::Save);
     m_close = MakeBottomButton(u"reportClose"_s, u"关闭"_s, u"关闭窗口（Esc）"_s, row);
+    const int width = m_show->sizeHint().width();
+    for (QPushButton* button : {m_stop, m_show, m_open, m_save, m_close}) {
+        button->setMinimumWidth(width);
+    }
     connect(m_stop, &QPushButton::clicked, this, &ReportWindow::StopWork);
     connect(m_show, &QPushButton::clicked, this,
             [this] { toolkit::Prompts().RevealFile(m_saved); });

@@ -192,7 +192,7 @@ TEST_F(ZelvorEditorTest, APageThatIsMissingIsToldAndNeverSaved) {
     for (const std::vector<QString>& files :
          {std::vector<QString>{}, {QString(32, u'0') + u".html"_s}, {u"../x.html"_s}}) {
         editor.LoadEditor(u"doc"_s, files, {}, 0);
-        EXPECT_EQ(Notice(), u"文档的文件不存在，无法显示。");
+        EXPECT_EQ(Notice(), u"文档的文件不存在，无法显示。请检查网络或数据文件夹后重新打开。");
         EXPECT_TRUE(Sheet().isReadOnly());
         editor.SetReadOnly(0);
         EXPECT_TRUE(Sheet().isReadOnly()) << "there is nothing to write in";
