@@ -11,6 +11,7 @@
 #include "site/IClientFolders.h"
 #include "site/IDrawings.h"
 #include "toolkit/InterfaceThread.h"
+#include "toolkit/windows/WaitCursor.h"
 
 #include <QTimer>
 
@@ -50,6 +51,7 @@ void ReportOutput::Output(const std::function<ReportReading()>& read) {
     m_window->activateWindow();
     // The caller looks for the window soon; reading may take longer.
     QTimer::singleShot(0, m_window, [this, read] {
+        const toolkit::WaitCursor wait;
         ReportReading reading;
         const QString fault = !m_session.IsOpen() ? u"没有打开数据文件夹。"_s
                                                   : FaultOfWork([&] { reading = read(); });

@@ -74,7 +74,7 @@ ReportWindow::ReportWindow(IReportStore& reportStore) : QDialog(nullptr), m_stor
     m_calm.setSingleShot(true);
     m_calm.setInterval(kCalmMs);
     connect(&m_calm, &QTimer::timeout, this, [this] {
-        KeepTemplate();
+        (void)KeepTemplate();
         ShowSheet();
     });
     connect(m_choices, &ReportChoices::OptionsChanged, this, [this] {
@@ -271,14 +271,16 @@ void ReportWindow::ShowPageLine() {
                             : u"第 %1 页，正在排版记录..."_s.arg(m_preview->CurrentPage() + 1));
 }
 
-void ReportWindow::KeepTemplate() {
+QString ReportWindow::KeepTemplate() {
     if (!std::exchange(m_isTemplateChanged, false)) {
-        return;
+        return {};
     }
     const QString fault = m_store.KeepTemplate(m_content.ppid, m_choices->Template());
-    if (!fault.isEmpty()) {
-        ShowNotice(u"版式没有保留：%1"_s.arg(fault), true);
+    const QString sentence = fault.isEmpty() ? QString() : u"版式没有保留：%1"_s.arg(fault);
+    if (!sentence.isEmpty()) {
+        ShowNotice(sentence, true);
     }
+    return sentence;
 }
 
 QString ReportWindow::ProposedName() const {
@@ -300,7 +302,7 @@ void ReportWindow::Save() {
         return;
     }
     m_calm.stop();
-    KeepTemplate();
+    (void)KeepTemplate();
     const FormRow& form = FormTable()[static_cast<size_t>(m_form->currentIndex())];
     const toolkit::StillThere still(this);
     const QString path = toolkit::Prompts().AskSaveFile(
@@ -378,7 +380,13 @@ void ReportWindow::closeEvent(QCloseEvent* event) {
     }
     m_job.reset();
     m_calm.stop();
-    KeepTemplate();
+    if (const QString fault = KeepTemplate(); !fault.isEmpty()) {
+        const toolkit::StillThere still(this);
+        toolkit::Prompts().ShowMessage(toolkit::WindowOf(this), fault);
+        if (!still) {
+            return;
+        }
+    }
     emit FetchingStopped();
     // A dialog would have itself rejected, and that closes it again.
     event->accept();

@@ -62,7 +62,8 @@ private:
     void Become(State state);
     void ShowSheet();
     void ShowPageLine();
-    void KeepTemplate();
+    /// In words why it couldn't be kept, which is also shown.
+    QString KeepTemplate();
     void Save();
     void OnStepped(int done, int total);
     void OnEnded(bool isThere, const QString& fault);

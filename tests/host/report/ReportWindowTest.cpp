@@ -203,9 +203,11 @@ TEST_F(WindowOfReports, TheWindowMayEndAtAnyMoment) {
         for (int turn = 0; turn < round; ++turn) {
             QApplication::processEvents(QEventLoop::AllEvents, 20);
         }
-        const bool wasSaving = other->IsSaving();
         delete other;
-        EXPECT_EQ(Names().size(), wasSaving ? 1 : 2);
+        // Whole, if it was done by then, and else not there.
+        const QByteArray left = folder.Read(u"b.pdf"_s);
+        EXPECT_TRUE(left.isEmpty() || left.endsWith("%%EOF\n"));
+        EXPECT_EQ(Names().size(), left.isEmpty() ? 1 : 2);
         QFile::remove(folder.Path(u"b.pdf"_s));
     }
     QApplication::processEvents();
@@ -262,6 +264,17 @@ TEST_F(WindowOfReports, ATemplateThatCannotBeKeptIsTold) {
     store.fault = u"数据文件夹无法写入。"_s;
     QTest::keyClicks(&Find<QLineEdit>(u"reportHeader"_s), u"x"_s);
     EXPECT_TRUE(WaitFor([this] { return Notice() == u"版式没有保留：数据文件夹无法写入。"; }));
+}
+
+TEST_F(WindowOfReports, ATemplateLostAtTheEndIsToldBeforeTheWindowGoes) {
+    Show();
+    store.fault = u"数据文件夹无法写入。"_s;
+    QTest::keyClicks(&Find<QLineEdit>(u"reportHeader"_s), u"x"_s);
+    support::AnsweredPrompts prompts;
+    prompts.ExpectMessage(u"版式没有保留：数据文件夹无法写入。"_s);
+    window->close();
+    EXPECT_TRUE(prompts.AllAnswered());
+    EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(WindowOfReports, ALogoIsChosenAndDropped) {
