@@ -184,7 +184,7 @@ void PutPartsIn(const QString& painted, const QString& whole, const PdfParts& pa
                 const ReportFile& file, const ReportSteps& steps) {
     QFile target(whole);
     if (!target.open(QIODevice::WriteOnly)) {
-        throw file.WriteFault(target.errorString());
+        throw file.WriteFault();
     }
     try {
         QPDF pdf;
@@ -202,11 +202,11 @@ void PutPartsIn(const QString& painted, const QString& whole, const PdfParts& pa
         writer.write();
     } catch (const ReportFault&) {
         throw;
-    } catch (const std::exception& fault) {
-        throw file.WriteFault(QString::fromLocal8Bit(fault.what()));
+    } catch (const std::exception&) {
+        throw file.WriteFault();
     }
     if (!target.flush()) {
-        throw file.WriteFault(target.errorString());
+        throw file.WriteFault();
     }
 }
 

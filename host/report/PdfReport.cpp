@@ -107,12 +107,12 @@ void WritePdf(const ReportSheet& sheet, PrintPictures& pictures, ReportFile& fil
     {
         QFile target(file.WorkPath());
         if (!target.open(QIODevice::WriteOnly)) {
-            throw file.WriteFault(target.errorString());
+            throw file.WriteFault();
         }
         PaintPages(sheet, pages, target, ink);
         // Qt's writer tells nobody that a disk is full.
         if (!target.flush() || target.error() != QFile::NoError) {
-            throw file.WriteFault(target.errorString());
+            throw file.WriteFault();
         }
     }
     steps.Next(stepCount, stepCount);

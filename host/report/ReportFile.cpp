@@ -26,6 +26,11 @@ QString TargetOf(const QString& path) {
     return target.isEmpty() ? info.absoluteFilePath() : target;
 }
 
+ReportFault FaultAt(const QString& path, const QString& why) {
+    return ReportFault(u"无法保存“%1”：%2。请检查文件夹后重试，或保存到其他位置。"_s.arg(
+        QDir::toNativeSeparators(path), why));
+}
+
 std::filesystem::path NativePath(const QString& path) {
     return {path.toStdU16String()};
 }
@@ -44,13 +49,13 @@ void ReportSteps::Next(int done, int total) const {
 ReportFile::ReportFile(const QString& finalPath) : m_finalPath(TargetOf(finalPath)) {
     const QFileInfo target(m_finalPath);
     if (target.isDir()) {
-        throw WriteFault(u"这是一个文件夹"_s);
+        throw FaultAt(m_finalPath, u"这是一个文件夹"_s);
     }
     if (!target.dir().exists()) {
-        throw WriteFault(u"文件夹已不存在"_s);
+        throw FaultAt(m_finalPath, u"文件夹已不存在"_s);
     }
     if (target.exists() && !target.isWritable()) {
-        throw WriteFault(u"已有的文件是只读的"_s);
+        throw FaultAt(m_finalPath, u"已有的文件是只读的"_s);
     }
     for (int tries = 0; tries < kMostTries; ++tries) {
         const auto number = QRandomGenerator::global()->bounded(0x100000);
@@ -61,10 +66,10 @@ ReportFile::ReportFile(const QString& finalPath) : m_finalPath(TargetOf(finalPat
             return;
         }
         if (!file.exists()) {
-            throw WriteFault(file.errorString());
+            throw FaultAt(m_finalPath, u"文件夹不能写入，没有权限或磁盘只读"_s);
         }
     }
-    throw WriteFault(u"文件夹中有太多未完成的文件"_s);
+    throw FaultAt(m_finalPath, u"文件夹中有太多未完成的文件"_s);
 }
 
 ReportFile::~ReportFile() {
@@ -76,7 +81,7 @@ void ReportFile::Commit(const QString& path) {
     std::error_code fault;
     std::filesystem::rename(NativePath(path), NativePath(m_finalPath), fault);
     if (fault) {
-        throw WriteFault(u"文件可能正被其他程序打开"_s);
+        throw FaultAt(m_finalPath, u"文件可能正被其他程序打开"_s);
     }
 }
 
@@ -84,9 +89,7 @@ ReportFault ReportFile::WriteFault(const QString& reason) const {
     const QFileInfo target(m_finalPath);
     const QStorageInfo disk(target.path());
     const bool isFull = disk.isValid() && disk.bytesAvailable() < kFullDisk;
-    const QString why = isFull ? u"磁盘已满"_s : reason;
-    return ReportFault(u"无法保存“%1”：%2。请检查文件夹后重试，或保存到其他位置。"_s.arg(
-        QDir::toNativeSeparators(m_finalPath), why));
+    return FaultAt(m_finalPath, isFull ? u"磁盘已满"_s : reason);
 }
 
 } // namespace host

@@ -49,8 +49,9 @@ public:
     /// Puts the file at `path`, WorkPath or SecondPath, in place of what bore the final name.
     /// Throws ReportFault, and what was there stays.
     void Commit(const QString& path);
-    /// Nothing more can be written, for a reason in words: the disk is full, the right is missing.
-    [[nodiscard]] ReportFault WriteFault(const QString& reason) const;
+    /// Nothing more can be written. What the system calls the reason isn't always Chinese.
+    [[nodiscard]] ReportFault
+    WriteFault(const QString& reason = QStringLiteral("写入失败，磁盘可能已满或已断开")) const;
 
 private:
     const QString m_finalPath;

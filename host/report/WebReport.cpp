@@ -218,12 +218,12 @@ void WriteWeb(const ReportSheet& sheet, PrintPictures& pictures, ReportFile& fil
     ReportPrints prints(sheet, pictures, steps, 1);
     QFile out(file.WorkPath());
     if (!out.open(QIODevice::WriteOnly)) {
-        throw file.WriteFault(out.errorString());
+        throw file.WriteFault();
     }
     WebText text(out);
     WebBody(sheet, text, prints).Write();
     if (!out.flush() || text.HasFault()) {
-        throw file.WriteFault(out.errorString());
+        throw file.WriteFault();
     }
     out.close();
     prints.Step();

@@ -307,12 +307,12 @@ void WriteWord(const ReportSheet& sheet, PrintPictures& pictures, ReportFile& fi
     }
     QFile text(file.SecondPath());
     if (!text.open(QIODevice::WriteOnly)) {
-        throw file.WriteFault(text.errorString());
+        throw file.WriteFault();
     }
     WordXml xml(&text);
     WordBody(sheet, xml, relations, lists, prints).Write();
     if (!text.flush() || xml.HasFault()) {
-        throw file.WriteFault(text.errorString());
+        throw file.WriteFault();
     }
     text.close();
     prints.Step();

@@ -121,10 +121,31 @@ TEST_F(PdfReports, TheCheckerHasNothingToSay) {
     const QString info = QString::fromUtf8(OutputOf(u"pdfinfo"_s, {path}));
     EXPECT_TRUE(info.contains(u"PDF version:     1.4"_s)) << qUtf8Printable(info);
     EXPECT_TRUE(info.contains(u"照片报告"_s));
+}
+
+TEST_F(PdfReports, ItHoldsItsFontsAndWhatTheirSignsMean) {
+    ReportContent content = PhotosAt({}, 1);
+    AddRecord(content,
+              u"<p><b>粗</b><i>斜</i><span style='font-family:monospace'>abc</span></p>"_s);
+    ASSERT_EQ(Save(content), u"");
     const QString fonts = QString::fromUtf8(OutputOf(u"pdffonts"_s, {path}));
-    for (const QString& line : fonts.split(u'\n', Qt::SkipEmptyParts).mid(2)) {
-        EXPECT_TRUE(line.contains(u" yes "_s)) << qUtf8Printable(line);
+    const QStringList lines = fonts.split(u'\n', Qt::SkipEmptyParts).mid(2);
+    EXPECT_GE(lines.size(), 1);
+    for (const QString& line : lines) {
+        // Behind names that may have blanks: embedded, subset, Unicode, object, generation.
+        const QStringList words = line.simplified().split(u' ');
+        ASSERT_GE(words.size(), 7);
+        EXPECT_EQ(words[words.size() - 5], u"yes") << qUtf8Printable(line);
+        EXPECT_EQ(words[words.size() - 3], u"yes") << qUtf8Printable(line);
     }
+}
+
+TEST_F(PdfReports, ItSaysThatItIsMadeForArchives) {
+    ASSERT_EQ(Save(PhotosAt(WritePhoto(folder, u"a.jpg"_s, Qt::red), 1)), u"");
+    const QByteArray whole = folder.Read(u"报告.pdf"_s);
+    EXPECT_TRUE(whole.contains("<pdfaid:part>1</pdfaid:part>") ||
+                whole.contains("pdfaid:part=\"1\""));
+    EXPECT_TRUE(whole.contains("/GTS_PDFA1"));
 }
 
 TEST_F(PdfReports, HeadingsAreBookmarksInTheirTree) {
