@@ -3,6 +3,7 @@
 
 #include "tests/support/RecordingMainWindow.h"
 #include "tests/support/ScriptedHost.h"
+#include "tests/support/WaitFor.h"
 
 #include <QWidget>
 #include <gtest/gtest.h>
@@ -18,11 +19,15 @@ public:
     ~Viewer() override { Destroy(); }
 
     report::ReportFlow flow{*this};
+    int looks = 0;
 
 protected:
     QWidget* MakeWindow(QWidget* parent) override { return new QWidget(parent, Qt::Window); }
     void OnDestroyed() override { flow.End(); }
-    void OnTimer(int timerId) override { flow.OnTimer(timerId); }
+    void OnTimer(int timerId) override {
+        ++looks;
+        flow.OnTimer(timerId);
+    }
 };
 
 class ReportFlowTest : public testing::Test {
@@ -59,6 +64,40 @@ TEST_F(ReportFlowTest, AReportThatShowsNothingUnblocksTheClientAtTheFirstLook) {
     EXPECT_TRUE(viewer.Widget()->isEnabled());
     viewer.flow.OnTimer(report::kReportTimer);
     EXPECT_TRUE(ClientAnswers());
+}
+
+TEST_F(ReportFlowTest, ItLooksEachSecondUntilTheWindowHasGone) {
+    QWidget window;
+    window.setWindowTitle(u"输出报告"_s);
+    window.show();
+    viewer.looks = 0;
+    viewer.flow.Run([] {});
+    EXPECT_TRUE(support::WaitFor([this] { return viewer.looks == 2; }));
+    EXPECT_FALSE(ClientAnswers());
+    window.hide();
+    EXPECT_TRUE(support::WaitFor([this] { return ClientAnswers(); }));
+    EXPECT_EQ(viewer.looks, 3);
+}
+
+TEST_F(ReportFlowTest, AWindowOfAnotherTitleOrOneInsideAnotherIsNoReport) {
+    QWidget other;
+    other.setWindowTitle(u"输出报告 "_s);
+    other.show();
+    QWidget inside(&other);
+    inside.setWindowTitle(u"输出报告"_s);
+    inside.show();
+    viewer.flow.Run([] {});
+    viewer.flow.OnTimer(report::kReportTimer);
+    EXPECT_TRUE(ClientAnswers());
+}
+
+TEST_F(ReportFlowTest, TheWindowOfTheReportStaysUsable) {
+    QWidget window;
+    window.setWindowTitle(u"输出报告"_s);
+    window.show();
+    viewer.flow.Run([] {});
+    EXPECT_TRUE(window.isEnabled());
+    EXPECT_FALSE(ClientAnswers());
 }
 
 TEST_F(ReportFlowTest, OtherTimersAreNotItsOwn) {
