@@ -269,6 +269,16 @@ TEST_F(BimRowsTest, TheListForTheViewerHoldsEveryRowAsItIsDisplayed) {
     EXPECT_EQ(items[1].positionText, QString());
 }
 
+TEST_F(BimRowsTest, TheListForTheViewerNamesTheProjectOfEachRow) {
+    KX_DATA::BimPicRow photo = BimPhoto(7);
+    photo.ppid = 42;
+    Show(photo);
+    std::vector<KX_DATA::PicViewItem> items;
+    dynamic_cast<CBimPicMng&>(Manager()).BuildPreviewList(items);
+    ASSERT_EQ(items.size(), 1U);
+    EXPECT_EQ(items[0].ppid, 42);
+}
+
 TEST_F(BimRowsTest, EditRowRunsTheEditorOnTheRowsRecordAndAnswersHowItEnded) {
     KX_DATA::BimPicRow photo = BimPhoto(7);
     photo.ppid = 42;

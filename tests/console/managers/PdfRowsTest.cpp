@@ -141,6 +141,16 @@ TEST_F(PdfRowsTest, TheListForTheViewerHoldsEveryRow) {
     EXPECT_EQ(item.rectifyText, u"整改中"_s);
 }
 
+TEST_F(PdfRowsTest, TheListForTheViewerNamesTheProjectOfEachRow) {
+    KX_DATA::PdfPicRecord photo = DrawingPhoto(7);
+    photo.ppid = 42;
+    Show(photo);
+    std::vector<KX_DATA::PicViewItem> items;
+    dynamic_cast<CPDFPicMng&>(Manager()).BuildPreviewList(items);
+    ASSERT_EQ(items.size(), 1U);
+    EXPECT_EQ(items[0].ppid, 42);
+}
+
 TEST_F(PdfRowsTest, TheListForTheViewerTakesTheLabelsFromTheCell) {
     Open(kModePdf, 1);
     Fetch();

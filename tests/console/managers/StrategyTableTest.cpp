@@ -423,6 +423,24 @@ TEST_P(StrategyTable, PreviewRowGoesUpToItsViewer) {
     EXPECT_THAT(Log().LinesOf({"LocatePicture", "ShowPdfPicView", "GetBimPicDetail"}), IsEmpty());
 }
 
+TEST_P(StrategyTable, PreviewRowNamesThePageOfTheGridAndTheFolderOfItsKind) {
+    if (GetParam().mode == kModeIssue) {
+        return; // the issue viewer has no pages
+    }
+    OpenKind();
+    Manager().currentPage = 3;
+    const support::ModalVisit visit(u"VeskPicViewWrap"_s, [](QWidget& window) {
+        EXPECT_TRUE(window.windowTitle().endsWith(u"    62/(61-63)"_s))
+            << window.windowTitle().toStdString();
+        window.close();
+    });
+    Manager().PreviewRow(Row(1));
+    EXPECT_TRUE(visit.HasCome());
+    const bool isBim = GetParam().mode == kModeBim;
+    EXPECT_EQ(Log().CountOf("GetPicFolder"), isBim ? 3 : 0);
+    EXPECT_EQ(Log().CountOf("GetThumbFolder"), isBim ? 0 : 3);
+}
+
 TEST_P(StrategyTable, DeleteIds) {
     OpenKind();
     EXPECT_TRUE(CallDeleteIds());
