@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <malloc.h>
+
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -201,6 +203,21 @@ TEST(XlsxFile, SmallPicturesAndWordsWhereThereAreNone) {
     EXPECT_TRUE(drawing.contains("<xdr:row>1</xdr:row>"));
     EXPECT_TRUE(drawing.contains("<xdr:row>5</xdr:row>"));
     EXPECT_FALSE(drawing.contains("<xdr:row>2</xdr:row>")) << "a picture stays within its row";
+}
+
+// What the sanitizers count themselves, this doesn't.
+TEST(XlsxFile, ItsMemoryDoesNotGrowWithItsRows) {
+    const support::TempFolder folder;
+    sheets::XlsxFile file(folder.Path(u"a.xlsx"_s), {});
+    file.Begin(ThreeColumns());
+    const auto add = [&file](int from, int count) {
+        for (int number = from; number < from + count; ++number) {
+            file.Add(RowWith(number, QString(100, u'长') + QString::number(number)));
+        }
+        return qint64(mallinfo2().uordblks);
+    };
+    const qint64 before = add(0, 1'000);
+    EXPECT_LT(add(1'000, 20'000) - before, 1'000'000);
 }
 
 TEST(XlsxFile, AFullDiskForTheRowsLeavesWhatWasThere) {
