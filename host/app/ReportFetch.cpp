@@ -65,6 +65,7 @@ void ReportFetch::StartNext() {
     }
     const size_t wish = m_left.back();
     m_left.pop_back();
+    m_running = wish;
     const QPointer<ReportFetch> self(this);
     const auto work =
         [self, wish, uuid = m_reading.wishes[wish].uuid, path = m_reading.wishes[wish].path,
@@ -87,6 +88,7 @@ void ReportFetch::Take(size_t wish, bool isThere, const QString& fault) {
     if (m_isEnded) {
         return;
     }
+    m_running.reset();
     const ReportWish& one = m_reading.wishes[wish];
     if (isThere) {
         PutIn(one);
@@ -114,12 +116,15 @@ void ReportFetch::Stop() {
     if (m_isEnded) {
         return;
     }
-    for (ReportSection& section : m_reading.content.sections) {
-        for (ReportPhoto& photo : section.photos) {
-            if (photo.file.isEmpty() && !photo.lack.isEmpty()) {
-                photo.lack = u"图片没有下载：已取消"_s;
-                ++m_missing;
-            }
+    if (m_running) {
+        m_left.push_back(*m_running);
+    }
+    for (const size_t wish : m_left) {
+        const ReportWish& one = m_reading.wishes[wish];
+        if (one.what == ReportWish::What::Photo) {
+            ++m_missing;
+            m_reading.content.sections[one.section].photos[one.index].lack =
+                u"图片没有下载：已取消"_s;
         }
     }
     End();

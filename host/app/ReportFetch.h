@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+#include <optional>
 #include <stop_token>
 
 namespace host {
@@ -40,7 +41,8 @@ private:
 
     HostSession& m_session;
     ReportReading m_reading;
-    std::vector<size_t> m_left; ///< indexes of wishes, the next one last
+    std::vector<size_t> m_left;      ///< indexes of wishes, the next one last
+    std::optional<size_t> m_running; ///< the wish on its way
     int m_total = 0;
     int m_missing = 0;
     bool m_isEnded = false;

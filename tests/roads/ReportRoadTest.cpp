@@ -1,14 +1,20 @@
 // From the viewers to a report in a file, and back to a client that answers again.
 #include "hands/Hands.h"
+#include "host/app/ReportFetch.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/report/ReportPreview.h"
 #include "host/ui/report/ReportWindow.h"
+#include "services/Factories.h"
+#include "services/IPicReportCtrl.h"
 #include "site/IBimPhotos.h"
+#include "site/IBlobs.h"
+#include "site/ICatalogue.h"
 #include "site/IComments.h"
 #include "site/IIssues.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/roads/DrawingRoad.h"
 #include "tests/roads/PhotoRoad.h"
+#include "tests/support/AmrFiles.h"
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/EngineFolder.h"
 #include "tests/support/WaitFor.h"
@@ -16,6 +22,7 @@
 #include "tour/ConsoleEyes.h"
 #include "tour/TourEyes.h"
 
+#include <QCheckBox>
 #include <QFile>
 #include <QLabel>
 #include <QPointer>
@@ -125,6 +132,24 @@ TEST_F(ReportRoad, AskedForTwiceThereIsOneWindowWithTheLatest) {
     EXPECT_EQ(windows, 1);
 }
 
+TEST_F(ReportRoad, AskedForWhileAFileIsMadeTheWindowStaysUntilItIsThere) {
+    OpenViewer();
+    AskForReport(*Viewer());
+    const QPointer<QWidget> first(Report());
+    {
+        support::AnsweredPrompts prompts;
+        prompts.ExpectSaveFile(u"照片报告 -1层 2-B轴 质量"_s, folder.Path(u"report.pdf"_s));
+        // Nothing else happens between this and the next request.
+        first->findChild<QPushButton*>(u"reportSave"_s)->click();
+    }
+    ASSERT_TRUE(Report()->IsSaving());
+    const PIC_REPORT::BimReportRequest request;
+    GetPicReportCtrl()->OutputBimReport(&request);
+    EXPECT_EQ(Report(), first.data());
+    EXPECT_TRUE(WaitFor([] { return Report() != nullptr && !Report()->IsSaving(); }));
+    EXPECT_TRUE(folder.Read(u"report.pdf"_s).endsWith("%%EOF\n"));
+}
+
 TEST_F(ReportRoad, PicturesThatDoNotComeAreTold) {
     OpenViewer();
     // The other photos of the place, which the viewer hasn't fetched yet.
@@ -156,6 +181,75 @@ TEST_F(ReportRoad, SlowPicturesCanBeDoneWithout) {
     session.Desk()->SetRules({});
 }
 
+TEST_F(ReportRoad, WhatFailedBeforeTheRestIsDoneWithoutKeepsItsReasonAndCountsOnce) {
+    PIC_REPORT::BimReportRequest request;
+    request.floor = u"-1"_s;
+    request.positionKey = site.positionKey;
+    request.markId = 1;
+    host::ReportReading reading = host::ReadBimReport(session, request);
+    const size_t wanted = reading.wishes.size();
+    ASSERT_GE(wanted, 3U);
+    reading.wishes[0].uuid = u"unknown"_s;
+    host::ReportPhoto without;
+    without.lack = u"没有图片文件"_s;
+    reading.content.sections[0].photos.push_back(without);
+    host::ReportFetch fetch(session, reading, nullptr);
+    int done = 0;
+    int missing = -1;
+    QObject::connect(&fetch, &host::ReportFetch::Stepped, &fetch, [&](int step, int) {
+        done = step;
+        session.Desk()->SetRules({0, site::TransferFault::NeverEnds});
+    });
+    QObject::connect(&fetch, &host::ReportFetch::Ended, &fetch,
+                     [&](int pictures) { missing = pictures; });
+    fetch.Begin();
+    EXPECT_TRUE(WaitFor([&] { return done == 1; }));
+    fetch.Stop();
+    session.Desk()->SetRules({});
+    EXPECT_EQ(missing, static_cast<int>(wanted));
+    const auto& photos = fetch.Content().sections[0].photos;
+    EXPECT_TRUE(photos[0].lack.startsWith(u"图片没有下载成功"_s)) << qUtf8Printable(photos[0].lack);
+    EXPECT_EQ(photos[1].lack, u"图片没有下载：已取消");
+    EXPECT_EQ(photos.back().lack, u"没有图片文件");
+}
+
+TEST_F(ReportRoad, ThePlaceIsShownInThePlan) {
+    OpenViewer();
+    AskForReport(*Viewer());
+    const auto& preview = *Report()->findChild<host::ReportPreview*>();
+    const auto hasImage = [&] {
+        for (const host::ReportPage& page : preview.Pages().pages) {
+            for (const host::PageItem& item : page.items) {
+                if (std::holds_alternative<host::ImageItem>(item)) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(hasImage());
+    Report()->findChild<QCheckBox*>(u"reportPlan"_s)->click();
+    EXPECT_FALSE(hasImage());
+}
+
+TEST_F(ReportRoad, AVoiceNoteIsFetchedAndToldWithItsLength) {
+    host::ReportReading reading;
+    reading.content.sections.resize(1);
+    reading.content.sections[0].voices = {{u"照片0.jpg"_s, 0}};
+    const QString path = folder.Write(u"voice.amr"_s, support::SilentAmr(250));
+    QString uuid;
+    session.Desk()->Run([&](site::IBlobs& blobs, const site::TransferTerms& terms) {
+        uuid = blobs.Upload(path, terms).uuid;
+    });
+    reading.wishes = {{host::ReportWish::What::Voice, uuid, folder.Path(u"fetched.amr"_s), 0, 0}};
+    host::ReportFetch fetch(session, reading, nullptr);
+    bool isEnded = false;
+    QObject::connect(&fetch, &host::ReportFetch::Ended, &fetch, [&] { isEnded = true; });
+    fetch.Begin();
+    EXPECT_TRUE(WaitFor([&] { return isEnded; }));
+    EXPECT_EQ(fetch.Content().sections[0].voices[0].seconds, 5);
+}
+
 TEST_F(ReportRoad, ThePlaceMayBeGoneMeanwhile) {
     OpenViewer();
     Other().DeletePhotos(site.photos);
@@ -173,6 +267,11 @@ TEST_F(ReportRoad, TheTemplateStaysWithTheProjectAndTheChoiceWithThePerson) {
     AskForReport(*Viewer());
     EXPECT_EQ(tour::ReadText(tour::FindIn(Report(), u"reportHeader"_s)), u"示例集团");
     EXPECT_EQ(tour::ReadText(tour::FindIn(Report(), u"reportPictures"_s)), u"每页一张");
+    const auto kept = [this](qint32 ppid) {
+        return session.Site().Catalogue().Setting(u"report-template:%1"_s.arg(ppid));
+    };
+    EXPECT_TRUE(kept(site.firstProject).contains(u"示例集团"_s));
+    EXPECT_EQ(kept(site.secondProject), u"");
 }
 
 TEST_F(ReportRoad, TheClientMayEndUnderTheReport) {
@@ -233,6 +332,20 @@ TEST_F(IssueReportRoad, AnIssueBecomesAPdfWithItsFactsHistoryAndCode) {
     }
 }
 
+TEST_F(IssueReportRoad, AnIssueThatIsHiddenOrUnknownHasNoReportAndSaysWhy) {
+    client->Window()->show();
+    session.Site().Issues().SetStatus(site.firstProject, {issue}, KX_DATA::kStatusHidden);
+    for (const auto& [id, why] : {std::pair(issue, u"该问题已被隐藏，请先在控制台中显示它。"_s),
+                                  std::pair(u"none"_s, u"该问题已被删除，请刷新后再试。"_s)}) {
+        PIC_REPORT::IssueReportRequest request;
+        request.questionId = id;
+        GetPicReportCtrl()->OutputIssueReport(&request);
+        EXPECT_TRUE(WaitFor([&why = why] { return ReportNotice() == why; }))
+            << qUtf8Printable(ReportNotice());
+        EXPECT_FALSE(IsReportReady());
+    }
+}
+
 class DrawingReportRoad : public DrawingRoad {
 protected:
     void TearDown() override {
@@ -266,6 +379,25 @@ TEST_F(DrawingReportRoad, ADrawingBecomesAPdfWithAllItsCheckpoints) {
         EXPECT_TRUE(text.contains(words)) << qUtf8Printable(words) << qUtf8Printable(text);
     }
     EXPECT_EQ(PicturesIn(path), 1);
+}
+
+TEST_F(DrawingReportRoad, ACheckpointHasAllItsCommentsHoweverMany) {
+    for (int number = 0; number < 201; ++number) {
+        ASSERT_TRUE(session.Site().Comments().Add({site.firstProject}, without,
+                                                  QString::number(number),
+                                                  {u"张伟"_s, 1'700'000'000 + number}));
+    }
+    PIC_REPORT::PdfReportRequest request;
+    request.drawingId = without;
+    const host::ReportReading reading = host::ReadPdfReport(session, request);
+    ASSERT_EQ(reading.content.sections.size(), 2U);
+    const auto& comments = reading.content.sections[1].comments;
+    ASSERT_EQ(comments.size(), 201U);
+    EXPECT_EQ(comments.front().text, u"0");
+    EXPECT_EQ(comments.back().text, u"200");
+    EXPECT_EQ(comments.back().person, u"张伟");
+    request.drawingId = 12345;
+    EXPECT_EQ(host::ReadPdfReport(session, request).lack, u"该检查点已被删除，请刷新后再试。");
 }
 
 } // namespace

@@ -190,6 +190,21 @@ TEST_F(SheetRoad, AFolderThatIsGoneIsToldAndTheListCanBeWrittenElsewhere) {
     ASSERT_TRUE(IsTold(u"已输出 7 行到"_s));
 }
 
+TEST_F(SheetRoad, AFileThatIsOpenInAnotherProgramIsReplacedAndThatIsTold) {
+    const QString path = folder.Write(u"清单.csv"_s, "before");
+    folder.Write(u".~lock.清单.csv#"_s, "");
+    OpenConsole();
+    support::AnsweredPrompts prompts;
+    prompts.ExpectSaveFile(u"BIM模型照片_一期工程_%1.csv"_s.arg(Today()), path);
+    AskInTheConsole();
+    ClickOn(*Dialog(), u"sheetCsv"_s);
+    Accept();
+    ASSERT_TRUE(
+        IsTold(u"已输出 7 行到 %1。该文件可能正在其他程序中打开，请在那里重新打开它。"_s.arg(path)))
+        << Messages().join(u'\n').toStdString();
+    EXPECT_TRUE(folder.Read(u"清单.csv"_s).startsWith("\xEF\xBB\xBF"));
+}
+
 TEST_F(SheetRoad, CancelledAtTheQuestionsNothingHappens) {
     OpenConsole();
     support::AnsweredPrompts prompts;
