@@ -48,7 +48,7 @@ host/qr: host/qr
 host/report: host/report toolkit/media toolkit/richtext
 host/reminders: host/reminders host/session site toolkit
 host/services: host/services host/session services site site/transfer toolkit
-host/sheet: host/sheet services sheets site
+host/sheet: host/sheet services sheets site toolkit
 host/session: host/session services site site/transfer toolkit
 host/ui: host/qr host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/pick host/ui/plan include services toolkit toolkit/controls toolkit/windows
 host/ui/catchup: host/ui/catchup toolkit toolkit/controls

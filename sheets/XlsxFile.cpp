@@ -177,11 +177,6 @@ void XlsxFile::Add(const SheetRow& row) {
 }
 
 void XlsxFile::SetHeight(const SheetRow& row) {
-    // Rows with pictures have room for some lines, and differing heights make each picture dearer
-    // than the one before.
-    if (m_options.pictureOf) {
-        return;
-    }
     int lines = 1;
     for (size_t at = 0; at < row.size(); ++at) {
         if (const auto* text = std::get_if<QString>(&row[at])) {
@@ -189,8 +184,10 @@ void XlsxFile::SetHeight(const SheetRow& row) {
             lines = std::max(lines, LinesIn(*text, m_layout.columns[at].width - 1, kMostLines));
         }
     }
-    // Not every program finds the height itself.
-    if (lines > 1) {
+    // Rows with pictures have room for some lines, and differing heights make each picture dearer
+    // than the one before. Not every program finds the height itself.
+    const double room = m_options.pictureOf ? kPictureRow : kLine;
+    if (lines * kLine > room) {
         worksheet_set_row(m_sheet, Row(m_row), lines * kLine, nullptr);
     }
 }

@@ -183,6 +183,8 @@ void Client::KeepLayout() {
 void Client::AskToEnd() {
     // To quit the application at once is refused where the module decides what a close means.
     if (m_window) {
+        // Nobody is there to say whether a report may be given up.
+        m_reports->End();
         m_window->close();
     }
 }

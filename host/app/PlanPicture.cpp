@@ -15,10 +15,10 @@ namespace host {
 
 namespace {
 
-/// The plan is painted as for a pane of this size, device-independent pixels; the picture has twice
-/// as many dots.
-constexpr QSizeF kPlanPane(800, 500);
-constexpr double kSharpness = 2;
+/// The plan is painted as for a pane of this size, device-independent pixels; the picture has
+/// more dots.
+constexpr QSizeF kPlanPane(640, 400);
+constexpr double kSharpness = 2.5;
 
 } // namespace
 

@@ -28,6 +28,7 @@ ReportFetch::ReportFetch(HostSession& hostSession, ReportReading reportReading, 
 
 ReportFetch::~ReportFetch() {
     m_stop.request_stop();
+    m_transfer.request_stop();
 }
 
 void ReportFetch::Begin() {
@@ -79,7 +80,8 @@ void ReportFetch::StartNext() {
                 }
             });
         };
-    if (!m_session.Desk()->Start(work).stop_possible()) {
+    m_transfer = m_session.Desk()->Start(work);
+    if (!m_transfer.stop_possible()) {
         Take(wish, false, u"数据文件夹已关闭"_s);
     }
 }
@@ -113,6 +115,7 @@ void ReportFetch::PutIn(const ReportWish& wish) {
 
 void ReportFetch::Stop() {
     m_stop.request_stop();
+    m_transfer.request_stop();
     if (m_isEnded) {
         return;
     }

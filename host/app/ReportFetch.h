@@ -47,6 +47,7 @@ private:
     int m_missing = 0;
     bool m_isEnded = false;
     std::stop_source m_stop;
+    std::stop_source m_transfer{std::nostopstate}; ///< of the file that is on its way
 };
 
 } // namespace host

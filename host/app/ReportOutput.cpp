@@ -5,6 +5,7 @@
 #include "host/app/PlanAxes.h"
 #include "host/app/PlanPicture.h"
 #include "host/app/PlanReader.h"
+#include "host/app/RichRights.h"
 #include "host/ui/report/ReportWindow.h"
 #include "site/IBlobs.h"
 #include "site/ICatalogue.h"
@@ -21,7 +22,7 @@ namespace host {
 
 using namespace Qt::StringLiterals;
 
-ReportOutput::~ReportOutput() {
+void ReportOutput::End() {
     delete m_window;
 }
 
@@ -39,12 +40,15 @@ void ReportOutput::OutputIssueReport(const PIC_REPORT::IssueReportRequest* reque
 
 void ReportOutput::Output(const std::function<ReportReading()>& read) {
     if (m_window && m_window->IsSaving()) {
+        m_window->TellBusy();
         m_window->raise();
         m_window->activateWindow();
         return;
     }
     delete m_window;
     m_plan = {};
+    m_isSheetAwaited = false;
+    m_missing.reset();
     m_window = new ReportWindow(*this);
     m_window->show();
     m_window->raise();
@@ -70,15 +74,32 @@ void ReportOutput::Begin(ReportReading reading) {
     connect(m_window, &ReportWindow::FetchingStopped, m_fetch, &ReportFetch::Stop);
     connect(m_fetch, &ReportFetch::Stepped, m_window, &ReportWindow::SetFetching);
     connect(m_fetch, &ReportFetch::Ended, m_window, [this](int missing) {
-        ShowContent();
-        m_window->EndFetching(missing == 0
-                                  ? QString()
-                                  : u"有 %1 张图片没有下载成功，报告中注明了原因。"_s.arg(missing));
+        m_missing = missing;
+        EndFetching();
+    });
+    connect(m_window, &ReportWindow::FetchingStopped, this, [this] {
+        if (m_isSheetAwaited) {
+            TakePlan({});
+        }
     });
     AddPlan(place);
     ShowContent();
     m_fetch->Begin();
     ShowContent();
+}
+
+void ReportOutput::EndFetching() {
+    if (!m_window || !m_missing) {
+        return;
+    }
+    ShowContent();
+    if (m_isSheetAwaited) {
+        m_window->SetDrawing();
+        return;
+    }
+    m_window->EndFetching(*m_missing == 0
+                              ? QString()
+                              : u"有 %1 张图片没有下载成功，报告中注明了原因。"_s.arg(*m_missing));
 }
 
 void ReportOutput::ShowContent() {
@@ -125,12 +146,17 @@ void ReportOutput::FetchSheet(const ReportPlace& place) {
         const bool isThere = blobs.Fetch(uuid, path, terms).ok;
         toolkit::CallOnInterfaceThread([self, report, place, page, path, isThere] {
             // Another report may stand in the window by then.
-            if (isThere && self && report && self->m_fetch == report) {
+            if (!self || !report || self->m_fetch != report || !self->m_isSheetAwaited) {
+                return;
+            }
+            if (isThere) {
                 self->DrawSheet(place, page, path);
+            } else {
+                self->TakePlan({});
             }
         });
     };
-    (void)m_session.Desk()->Start(work);
+    m_isSheetAwaited = m_session.Desk()->Start(work).stop_possible();
 }
 
 void ReportOutput::DrawSheet(const ReportPlace& place, int page, const QString& path) {
@@ -149,11 +175,9 @@ void ReportOutput::DrawSheet(const ReportPlace& place, int page, const QString& 
 
 void ReportOutput::TakePlan(const QImage& plan) {
     delete m_sheet;
-    if (!plan.isNull() && m_window) {
+    if (std::exchange(m_isSheetAwaited, false)) {
         m_plan = plan;
-        if (!m_window->IsSaving()) {
-            ShowContent();
-        }
+        EndFetching();
     }
 }
 
@@ -183,9 +207,15 @@ ReportTemplate ReportOutput::Template(qint32 ppid) {
 }
 
 QString ReportOutput::KeepTemplate(qint32 ppid, const ReportTemplate& dress) {
+    // What everybody's reports look like is for those who may write on them.
+    if (!LackOfRichRight().isEmpty()) {
+        return u"您没有修改记录的权限，只用于本次报告。"_s;
+    }
     return FaultOfWork([&] {
         m_session.Site().Catalogue().SetSetting(u"report-template:%1"_s.arg(ppid),
                                                 ToSetting(dress));
+        m_session.Actions().Write(
+            u"更改工程“%1”的报告版式"_s.arg(m_session.Tables().ProjectName(ppid)));
     });
 }
 

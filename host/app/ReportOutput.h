@@ -10,6 +10,7 @@
 #include <QPointer>
 
 #include <functional>
+#include <optional>
 
 namespace host {
 
@@ -25,8 +26,10 @@ class ReportOutput final : public QObject, public PIC_REPORT::IPicReportCtrl, pr
 public:
     ReportOutput(HostSession& hostSession, PlanAxes& planAxes)
         : m_session(hostSession), m_axes(planAxes) {}
-    /// Closes the window without a question.
-    ~ReportOutput() override;
+    ~ReportOutput() override { End(); }
+
+    /// Closes the window without a question; nothing is left of a file that was being made.
+    void End();
 
     void Reserved1() override {}
     void OutputBimReport(const PIC_REPORT::BimReportRequest* request) override;
@@ -47,6 +50,8 @@ private:
     void DrawSheet(const ReportPlace& place, int page, const QString& path);
     void TakePlan(const QImage& plan);
     void ShowContent();
+    /// Of the pictures, or of the sheet: what comes last opens the way to saving.
+    void EndFetching();
 
     HostSession& m_session;
     PlanAxes& m_axes;
@@ -54,6 +59,8 @@ private:
     QPointer<ReportFetch> m_fetch; ///< a child of the window, as the one below
     QPointer<SheetPicture> m_sheet;
     QImage m_plan;
+    bool m_isSheetAwaited = false;
+    std::optional<int> m_missing; ///< pictures that didn't come; nothing while they are coming
 };
 
 } // namespace host

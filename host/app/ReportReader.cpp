@@ -167,8 +167,11 @@ void AddComments(const HostSession& session, ReportSection& section, qint32 poin
             return;
         }
         for (const site::Comment& comment : *comments) {
-            section.comments.push_back(
-                {comment.person, KXTools::MinuteText(comment.at), comment.text});
+            // Some clients write the name into the text too.
+            const QString name = comment.person + u'：';
+            const bool isNamed = comment.text.startsWith(name);
+            section.comments.push_back({comment.person, KXTools::MinuteText(comment.at),
+                                        isNamed ? comment.text.mid(name.size()) : comment.text});
         }
     }
 }
@@ -197,8 +200,9 @@ void AddCheckpoint(HostSession& session, Reading& reading, const site::Checkpoin
         ReportPhoto photo;
         photo.title = detail.name;
         AddFact(photo.facts, u"上传"_s, SignedLine(detail.uploader, detail.uploadTime));
-        if (!detail.updater.isEmpty()) {
-            AddFact(photo.facts, u"更新"_s, SignedLine(detail.updater, detail.updateTime));
+        const QString update = SignedLine(detail.updater, detail.updateTime);
+        if (update != SignedLine(detail.uploader, detail.uploadTime)) {
+            AddFact(photo.facts, u"更新"_s, update);
         }
         AddFact(photo.facts, u"描述"_s, detail.description);
         reading.AddPhoto(std::move(photo), pic.uuid);

@@ -17,6 +17,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QTimer>
 
 namespace host {
 
@@ -51,6 +52,13 @@ bool IsOpenElsewhere(const QString& path) {
     const QFileInfo file(path);
     return file.dir().exists(u".~lock.%1#"_s.arg(file.fileName())) ||
            file.dir().exists(u"~$"_s + file.fileName());
+}
+
+site::IClientFolders::Cache CacheOf(site::ListKind kind) {
+    using Cache = site::IClientFolders::Cache;
+    return kind == site::ListKind::BimPhotos   ? Cache::Pictures
+           : kind == site::ListKind::PdfPhotos ? Cache::Thumbnails
+                                               : Cache::Attachments;
 }
 
 QString NotesText(const sheets::SheetNotes& notes) {
@@ -171,7 +179,8 @@ void SheetFlow::Begin(const QString& path) {
         sheets::XlsxOptions options;
         m_pictures = {};
         if (pictures) {
-            options.pictureOf = SmallPictures(m_parts.session.Desk(), m_pictures.get_token());
+            options.pictureOf = SmallPictures(m_parts.session.Desk(), CacheOf(m_asked.kind),
+                                              m_pictures.get_token());
         }
         file = std::make_unique<sheets::XlsxFile>(path, options);
     } else {
@@ -198,6 +207,8 @@ void SheetFlow::Begin(const QString& path) {
 }
 
 void SheetFlow::End(const SheetResult& result) {
+    QString question;
+    QString fault;
     const auto report = [this](MessageLevel level, const QString& text) {
         m_parts.session.Desk()->Report(level, text);
     };
@@ -207,7 +218,8 @@ void SheetFlow::End(const SheetResult& result) {
     }
     const QString shown = QDir::toNativeSeparators(m_path);
     if (!result.fault.isEmpty()) {
-        report(MessageLevel::Error, result.fault);
+        fault = result.fault;
+        report(MessageLevel::Error, fault);
     } else if (result.cancelled) {
         report(MessageLevel::Info, u"已取消输出列表，没有留下文件。"_s);
     } else {
@@ -215,8 +227,9 @@ void SheetFlow::End(const SheetResult& result) {
         if (IsOpenElsewhere(m_path)) {
             notes += u"该文件可能正在其他程序中打开，请在那里重新打开它。"_s;
         }
-        report(notes.isEmpty() ? MessageLevel::Info : MessageLevel::Warning,
-               u"已输出 %1 行到 %2。%3"_s.arg(result.notes.rows).arg(shown, notes));
+        const QString text = u"已输出 %1 行到 %2。%3"_s.arg(result.notes.rows).arg(shown, notes);
+        report(notes.isEmpty() ? MessageLevel::Info : MessageLevel::Warning, text);
+        question = text + u"\n要打开它所在的文件夹吗？"_s;
         WithoutFault(m_parts.session, [&] {
             m_parts.session.Actions().Write(u"输出列表 %1 行"_s.arg(result.notes.rows));
         });
@@ -224,6 +237,19 @@ void SheetFlow::End(const SheetResult& result) {
     // It is in the middle of telling this.
     m_job.release()->deleteLater();
     emit Changed();
+    // The message bar lies behind the console.
+    QTimer::singleShot(0, this, [this, fault, question] { TellEnd(fault, question); });
+}
+
+void SheetFlow::TellEnd(const QString& fault, const QString& question) {
+    const toolkit::WindowId parent =
+        IsOpen(m_console) ? toolkit::WindowOf(m_console) : m_parts.window.Id();
+    const QString path = m_path;
+    if (!fault.isEmpty()) {
+        toolkit::Prompts().ShowMessage(parent, fault);
+    } else if (!question.isEmpty() && toolkit::Prompts().AskYesNo(parent, question)) {
+        toolkit::Prompts().RevealFile(path);
+    }
 }
 
 } // namespace host

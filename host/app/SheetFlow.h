@@ -51,6 +51,8 @@ private:
     void AskForFile();
     void Begin(const QString& path);
     void End(const SheetResult& result);
+    /// Where the person is; one of the two is empty.
+    void TellEnd(const QString& fault, const QString& question);
     [[nodiscard]] QString ProposedName() const;
     /// Of the projects that were searched.
     [[nodiscard]] QString ProjectsName() const;

@@ -1,7 +1,6 @@
 #include "host/app/SmallPictures.h"
 
 #include "host/session/SessionDesk.h"
-#include "site/IClientFolders.h"
 #include "toolkit/media/PictureFile.h"
 
 #include <QBuffer>
@@ -34,30 +33,32 @@ QByteArray SmallJpeg(const QString& path) {
 
 } // namespace
 
-sheets::PictureSource SmallPictures(std::shared_ptr<SessionDesk> desk, std::stop_token end) {
-    return [desk = std::move(desk), end = std::move(end)](const sheets::SheetPicture& picture) {
-        QByteArray bytes;
-        const auto folder = desk->Folder([&picture](site::IClientFolders& folders) {
-            return folders.CacheOf(picture.ppid, site::IClientFolders::Cache::Pictures);
-        });
-        if (!folder || folder->isEmpty()) {
-            return bytes;
-        }
-        // Where the module looks for it too.
-        const QString path = *folder + u'/' + picture.uuid + u".jpg"_s;
-        desk->Run([&](site::IBlobs& blobs, const site::TransferTerms& terms) {
-            std::stop_source stop;
-            const auto ask = [&stop] { stop.request_stop(); };
-            const std::stop_callback siteCloses(terms.limits.stop, ask);
-            const std::stop_callback hadEnough(end, ask);
-            const site::TransferTerms both{
-                terms.rules, {terms.limits.deadline, stop.get_token()}, {}};
-            if (!stop.stop_requested() && blobs.Fetch(picture.uuid, path, both).ok) {
-                bytes = SmallJpeg(path);
+sheets::PictureSource SmallPictures(std::shared_ptr<SessionDesk> desk,
+                                    site::IClientFolders::Cache cache, std::stop_token end) {
+    return
+        [desk = std::move(desk), cache, end = std::move(end)](const sheets::SheetPicture& picture) {
+            QByteArray bytes;
+            const auto folder = desk->Folder([&](site::IClientFolders& folders) {
+                return folders.CacheOf(picture.ppid, cache);
+            });
+            if (!folder || folder->isEmpty()) {
+                return bytes;
             }
-        });
-        return bytes;
-    };
+            // Where the module looks for it too.
+            const QString path = *folder + u'/' + picture.uuid + u".jpg"_s;
+            desk->Run([&](site::IBlobs& blobs, const site::TransferTerms& terms) {
+                std::stop_source stop;
+                const auto ask = [&stop] { stop.request_stop(); };
+                const std::stop_callback siteCloses(terms.limits.stop, ask);
+                const std::stop_callback hadEnough(end, ask);
+                const site::TransferTerms both{
+                    terms.rules, {terms.limits.deadline, stop.get_token()}, {}};
+                if (!stop.stop_requested() && blobs.Fetch(picture.uuid, path, both).ok) {
+                    bytes = SmallJpeg(path);
+                }
+            });
+            return bytes;
+        };
 }
 
 } // namespace host

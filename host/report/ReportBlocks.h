@@ -54,7 +54,7 @@ struct ImageBlock {
     QString note;
 };
 
-/// The rich text, behind its facts; the last of all, on a page of its own.
+/// The rich text, behind its facts; the last of all.
 struct RecordBlock {
     QString html;
     QString folder;

@@ -64,8 +64,7 @@ bool HeadsPage(const ReportSheet& sheet, size_t place) {
         return false;
     }
     const auto* photos = std::get_if<PhotosBlock>(&sheet.blocks[next]);
-    return std::holds_alternative<RecordBlock>(sheet.blocks[next]) ||
-           (photos != nullptr && photos->grid.picturesOfPage == 1);
+    return photos != nullptr && photos->grid.picturesOfPage == 1;
 }
 
 QString LackOf(const ReportPhoto& photo) {

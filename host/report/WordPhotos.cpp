@@ -101,7 +101,6 @@ void WordPhotos::WritePicture(const ReportPhoto& photo, const PhotoGrid& grid) {
         return;
     }
     WordParagraph line;
-    line.staysWithNext = true;
     line.below = 0;
     if (grid.picturesOfPage == 1) {
         line.alignment = u"center"_s;

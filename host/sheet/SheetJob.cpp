@@ -2,6 +2,7 @@
 
 #include "sheets/SheetFault.h"
 #include "site/DataError.h"
+#include "toolkit/InterfaceThread.h"
 
 #include <QElapsedTimer>
 
@@ -94,18 +95,24 @@ SheetJob::Portion SheetJob::TakePortion() {
     m_waiting.pop_front();
     if (!m_isReading && !m_allRead) {
         m_isReading = true;
-        QMetaObject::invokeMethod(this, &SheetJob::ReadNext, Qt::QueuedConnection);
+        CallSoon([](SheetJob& job) { job.ReadNext(); });
     }
     return portion;
 }
 
+void SheetJob::CallSoon(std::function<void(SheetJob&)> what) const {
+    // Looked up on the interface thread: the job may have ended by then.
+    toolkit::CallOnInterfaceThread([self = m_self, what = std::move(what)] {
+        if (self) {
+            what(*self);
+        }
+    });
+}
+
 void SheetJob::TellStep(bool packing) {
-    QMetaObject::invokeMethod(
-        this,
-        [this, packing] {
-            emit Stepped({m_written, m_source->Total(), packing});
-        },
-        Qt::QueuedConnection);
+    CallSoon([packing](SheetJob& job) {
+        emit job.Stepped({job.m_written, job.m_source->Total(), packing});
+    });
 }
 
 void SheetJob::WritePortions() {
@@ -142,7 +149,7 @@ void SheetJob::Write() {
     // Nothing of it is left when the end is told.
     m_file.reset();
     m_cancelled = true;
-    QMetaObject::invokeMethod(this, &SheetJob::End, Qt::QueuedConnection);
+    CallSoon([](SheetJob& job) { job.End(); });
 }
 
 void SheetJob::End() {

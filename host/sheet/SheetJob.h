@@ -5,10 +5,12 @@
 #include "sheets/SheetFile.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <atomic>
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -60,6 +62,9 @@ private:
     void WritePortions();
     [[nodiscard]] Portion TakePortion();
     void TellStep(bool packing);
+    void CallSoon(std::function<void(SheetJob&)> what) const;
+
+    const QPointer<SheetJob> m_self{this};
 
     std::unique_ptr<sheets::IRowSource> m_source;
     std::unique_ptr<sheets::ISheetFile> m_file; ///< the writer's while it runs, as the layout
@@ -68,7 +73,8 @@ private:
     SheetResult m_result; ///< the writer's until it has told its end
 
     std::mutex m_lock; ///< guards what follows
-    std::condition_variable m_changed;
+    /// Whose waiting the thread sanitizer sees; that of the plain one is in the library.
+    std::condition_variable_any m_changed;
     std::deque<Portion> m_waiting;
     bool m_allRead = false;
     bool m_isReading = false; ///< another ReadNext is on its way

@@ -344,6 +344,11 @@ qintptr MainWindow::OnNumberedEvent(const toolkit::WindowEvent& event) {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
+    // A window manager closes it also while a report keeps the person from it.
+    if (!isEnabled() && event->spontaneous()) {
+        event->ignore();
+        return;
+    }
     emit Closing();
     if (!CloseOtherWindows()) {
         event->ignore();

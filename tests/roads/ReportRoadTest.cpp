@@ -22,14 +22,18 @@
 #include "tour/ConsoleEyes.h"
 #include "tour/TourEyes.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QFile>
 #include <QLabel>
 #include <QPointer>
 #include <QProcess>
 #include <QPushButton>
 #include <QTextEdit>
+#include <QTimer>
 #include <QtTest/QTest>
+#include <QtTest/qtestspontaneevent.h>
 
 namespace roads {
 namespace {
@@ -272,6 +276,36 @@ TEST_F(ReportRoad, TheTemplateStaysWithTheProjectAndTheChoiceWithThePerson) {
     };
     EXPECT_TRUE(kept(site.firstProject).contains(u"示例集团"_s));
     EXPECT_EQ(kept(site.secondProject), u"");
+}
+
+TEST_F(ReportRoad, AWindowManagerCannotCloseTheBlockedClient) {
+    OpenViewer();
+    AskForReport(*Viewer());
+    ASSERT_TRUE(IsBlocked());
+    QCloseEvent close;
+    QSpontaneKeyEvent::setSpontaneous(&close);
+    QApplication::instance()->notify(client->Window(), &close);
+    EXPECT_FALSE(close.isAccepted());
+    EXPECT_TRUE(client->Window()->isVisible());
+    EXPECT_NE(Report(), nullptr);
+    EXPECT_NE(Viewer(), nullptr);
+    EXPECT_TRUE(IsBlocked());
+}
+
+TEST_F(ReportRoad, AClientThatIsToldToEndAsksNothingOfAReportThatIsSaved) {
+    OpenViewer();
+    AskForReport(*Viewer());
+    support::AnsweredPrompts prompts;
+    prompts.ExpectSaveFile(u"照片报告 -1层 2-B轴 质量"_s, folder.Path(u"report.pdf"_s));
+    ClickOn(*Report(), u"reportSave"_s);
+    QTimer::singleShot(0, client.get(), [this] { client->AskToEnd(); });
+    constexpr int kStillThere = 7;
+    QTimer::singleShot(10'000, client.get(), [] { QCoreApplication::exit(kStillThere); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    // One that is still to come would end every loop of the tests behind this one.
+    QCoreApplication::removePostedEvents(QCoreApplication::instance(), QEvent::Quit);
+    const QByteArray left = folder.Read(u"report.pdf"_s);
+    EXPECT_TRUE(left.isEmpty() || left.endsWith("%%EOF\n")) << left.size();
 }
 
 TEST_F(ReportRoad, TheClientMayEndUnderTheReport) {

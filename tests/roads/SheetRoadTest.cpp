@@ -8,6 +8,7 @@
 #include "tests/support/EngineFolder.h"
 #include "tests/support/ManualClock.h"
 #include "tests/support/WaitFor.h"
+#include "toolkit/windows/WindowRegistry.h"
 #include "tour/ConsoleEyes.h"
 #include "tour/TourEyes.h"
 
@@ -62,6 +63,14 @@ protected:
             return !messages.isEmpty() && messages.front().startsWith(beginning);
         });
     }
+    /// The question that stands at the end.
+    static void ExpectDone(support::AnsweredPrompts& prompts, const QString& told,
+                           bool shows = false) {
+        prompts.ExpectYesNo(told + u"\n要打开它所在的文件夹吗？"_s, shows);
+    }
+    static void WaitForAnswers(support::AnsweredPrompts& prompts) {
+        ASSERT_TRUE(WaitFor([&prompts] { return prompts.AllAnswered(); }));
+    }
     [[nodiscard]] QStringList NamesIn(const sheettest::Book& book, size_t column) const {
         QStringList names;
         for (const auto& row : book.sheets.at(0).rows) {
@@ -86,9 +95,13 @@ TEST_F(SheetRoad, TheWholeListAsAWorkbook) {
     const QStringList shown = ConsoleColumnTexts(u"照片名称"_s);
     support::AnsweredPrompts prompts;
     prompts.ExpectSaveFile(u"BIM模型照片_一期工程_%1.xlsx"_s.arg(Today()), path);
+    ExpectDone(prompts, u"已输出 7 行到 %1。"_s.arg(path), true);
+    prompts.ExpectRevealFile(path);
     AskInTheConsole();
     Accept();
     ASSERT_TRUE(IsTold(u"已输出 7 行到 %1。"_s.arg(path)));
+    WaitForAnswers(prompts);
+    EXPECT_EQ(toolkit::WidgetOf(prompts.Parents().at(1)), Console());
     EXPECT_EQ(prompts.LastFilter(), u"Excel 工作簿 (*.xlsx)"_s);
     const sheettest::Book book = sheettest::ReadBook(path);
     EXPECT_EQ(NamesIn(book, 2), QStringList{u"照片名称"_s} + shown);
@@ -123,10 +136,12 @@ TEST_F(SheetRoad, AllPagesOfWhatWasSearchedInTheOrderThatIsShown) {
     const QString path = folder.Path(u"清单.csv"_s);
     support::AnsweredPrompts prompts;
     prompts.ExpectSaveFile(u"BIM模型照片_一期工程_%1.csv"_s.arg(Today()), path);
+    ExpectDone(prompts, u"已输出 70 行到 %1。"_s.arg(path));
     AskInTheConsole();
     ClickOn(*Dialog(), u"sheetCsv"_s);
     Accept();
     ASSERT_TRUE(IsTold(u"已输出 70 行到"_s));
+    WaitForAnswers(prompts);
     const QStringList lines = QString::fromUtf8(folder.Read(u"清单.csv"_s)).split(u"\r\n"_s);
     ASSERT_EQ(lines.size(), 72);
     EXPECT_TRUE(lines[1].startsWith(u"1,,梁00.jpg,一期工程,张伟,,2027-01-15 16:00,"_s))
@@ -141,6 +156,7 @@ TEST_F(SheetRoad, FromTheMainWindowWithSmallPicturesOfTheKindInSight) {
     const QString path = folder.Path(u"图.xlsx"_s);
     support::AnsweredPrompts prompts;
     prompts.ExpectSaveFile(u"图纸照片_一期工程_%1.xlsx"_s.arg(Today()), path);
+    ExpectDone(prompts, u"已输出 1 行到 %1。"_s.arg(path));
     // The console lies above the menus.
     ASSERT_TRUE(WaitFor([this] {
         return hands::PressKey(client->Window(), Qt::Key_E,
@@ -150,6 +166,7 @@ TEST_F(SheetRoad, FromTheMainWindowWithSmallPicturesOfTheKindInSight) {
     ClickOn(*Dialog(), u"sheetPictures"_s);
     Accept();
     ASSERT_TRUE(IsTold(u"已输出 1 行到"_s));
+    WaitForAnswers(prompts);
     const sheettest::Book book = sheettest::ReadBook(path);
     EXPECT_EQ(book.sheets[0].name, u"图纸照片"_s);
     EXPECT_EQ(NamesIn(book, 3), (QStringList{u"照片名称"_s, u"图纸照片.jpg"_s}));
@@ -166,11 +183,14 @@ TEST_F(SheetRoad, ADamagedPictureIsNamedInItsCell) {
     support::AnsweredPrompts prompts;
     const QString path = folder.Path(u"图.xlsx"_s);
     prompts.ExpectSaveFile(u"BIM模型照片_一期工程_%1.xlsx"_s.arg(Today()), path);
+    ExpectDone(prompts,
+               u"已输出 7 行到 %1。7 张图片缺失或已损坏，单元格中注明“图片缺失”。"_s.arg(path));
     AskInTheConsole();
     ClickOn(*Dialog(), u"sheetPictures"_s);
     Accept();
     ASSERT_TRUE(IsTold(u"已输出 7 行到 %1。7 张图片缺失或已损坏"_s.arg(path)))
         << Messages().join(u'\n').toStdString();
+    WaitForAnswers(prompts);
     EXPECT_EQ(sheettest::ReadBook(path).sheets[0].rows[1][1].text, u"图片缺失"_s);
     session.Desk()->SetRules({});
 }
@@ -180,14 +200,20 @@ TEST_F(SheetRoad, AFolderThatIsGoneIsToldAndTheListCanBeWrittenElsewhere) {
     support::AnsweredPrompts prompts;
     prompts.ExpectSaveFile(u"BIM模型照片_一期工程_%1.xlsx"_s.arg(Today()),
                            folder.Path(u"gone/a.xlsx"_s));
+    prompts.ExpectMessage(
+        u"无法输出列表：文件夹 %1 不存在，可能已被删除或断开。请换一个文件夹后再输出。"_s.arg(
+            folder.Path(u"gone"_s)));
     AskInTheConsole();
     Accept();
     ASSERT_TRUE(IsTold(u"无法输出列表：文件夹 %1 不存在"_s.arg(folder.Path(u"gone"_s))));
+    WaitForAnswers(prompts);
     prompts.ExpectSaveFile(folder.Path(u"gone"_s) + u"/BIM模型照片_一期工程_%1.xlsx"_s.arg(Today()),
                            folder.Path(u"a.xlsx"_s));
+    ExpectDone(prompts, u"已输出 7 行到 %1。"_s.arg(folder.Path(u"a.xlsx"_s)));
     AskInTheConsole();
     Accept();
     ASSERT_TRUE(IsTold(u"已输出 7 行到"_s));
+    WaitForAnswers(prompts);
 }
 
 TEST_F(SheetRoad, AFileThatIsOpenInAnotherProgramIsReplacedAndThatIsTold) {

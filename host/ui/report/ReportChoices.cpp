@@ -16,6 +16,8 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace host {
 
 using namespace Qt::StringLiterals;
@@ -109,7 +111,7 @@ void ReportChoices::AddContent(QVBoxLayout& column) {
         box->setToolTip(row.tip);
         connect(box, &QCheckBox::clicked, this, &ReportChoices::OptionsChanged);
         lines->addWidget(box);
-        m_checks.push_back({box, row.value});
+        m_checks.push_back({box, row.value, row.tip});
     }
     column.addWidget(group);
 }
@@ -178,6 +180,25 @@ void ReportChoices::Show(const ReportOptions& options, const ReportTemplate& dre
     m_footer->setText(dress.footer);
     m_logoImage = dress.logo;
     ShowLogo();
+}
+
+void ReportChoices::SetAvailable(const ReportContent& content) {
+    const auto hasSome = [&content](auto part) {
+        return std::ranges::any_of(content.sections, [&](const ReportSection& section) {
+            return !(section.*part).empty();
+        });
+    };
+    for (const Check& check : m_checks) {
+        const bool isThere =
+            check.value == &ReportOptions::withPlan       ? !content.plan.isNull()
+            : check.value == &ReportOptions::withCode     ? !content.code.isNull()
+            : check.value == &ReportOptions::withComments ? hasSome(&ReportSection::comments)
+            : check.value == &ReportOptions::withVoices   ? hasSome(&ReportSection::voices)
+            : check.value == &ReportOptions::withRecord   ? content.record.has_value()
+                                                          : true;
+        check.box->setEnabled(isThere);
+        check.box->setToolTip(isThere ? check.tip : u"此报告没有这部分内容"_s);
+    }
 }
 
 ReportOptions ReportChoices::Options() const {

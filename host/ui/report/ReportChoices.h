@@ -1,6 +1,7 @@
 // The column in which a person chooses what a report shows, and how it is dressed.
 #pragma once
 
+#include "host/report/ReportContent.h"
 #include "host/report/ReportOptions.h"
 #include "host/report/ReportTemplate.h"
 
@@ -26,6 +27,8 @@ public:
     explicit ReportChoices(QWidget* parent);
 
     void Show(const ReportOptions& options, const ReportTemplate& dress);
+    /// Parts that a report hasn't can't be chosen; what was chosen of them stays.
+    void SetAvailable(const ReportContent& content);
     [[nodiscard]] ReportOptions Options() const;
     [[nodiscard]] ReportTemplate Template() const;
 
@@ -39,6 +42,7 @@ private:
     struct Check {
         QCheckBox* box;
         bool ReportOptions::*value;
+        QString tip;
     };
 
     void AddPaper(QVBoxLayout& column);

@@ -83,6 +83,9 @@ ReportWindow::ReportWindow(IReportStore& reportStore) : QDialog(nullptr), m_stor
     });
     connect(m_choices, &ReportChoices::TemplateChanged, this, [this] {
         m_isTemplateChanged = true;
+        if (m_state == State::Ready) {
+            ShowNotice({}, false); // of a logo that was no picture
+        }
         m_calm.start();
     });
     connect(m_choices, &ReportChoices::Refused, this,
@@ -108,10 +111,8 @@ ReportWindow::~ReportWindow() {
 
 QWidget* ReportWindow::MakePages() {
     auto* pages = new QWidget(this);
-    m_preview = new ReportPreview(m_pictures, pages);
     m_pageLine = new QLabel(pages);
     m_pageLine->setObjectName(u"reportPageLine"_s);
-    connect(m_preview, &ReportPreview::Moved, this, &ReportWindow::ShowPageLine);
     auto* line = new QHBoxLayout;
     line->setSpacing(4);
     line->addWidget(m_pageLine, 1);
@@ -138,6 +139,9 @@ QWidget* ReportWindow::MakePages() {
                 [this, zoom = look.zoom] { m_preview->SetZoom(zoom()); });
         line->addWidget(button);
     }
+    // Behind the buttons above it, for the Tab key.
+    m_preview = new ReportPreview(m_pictures, pages);
+    connect(m_preview, &ReportPreview::Moved, this, &ReportWindow::ShowPageLine);
     auto* lines = new QVBoxLayout(pages);
     lines->setContentsMargins(0, 0, 0, 0);
     lines->setSpacing(4);
@@ -171,6 +175,7 @@ QWidget* ReportWindow::MakeBottom() {
     m_progress->setObjectName(u"reportProgress"_s);
     m_progress->setAccessibleName(u"进度"_s);
     m_progress->setFixedWidth(200);
+    m_progress->setFormat(u"%v / %m"_s);
     line->addWidget(m_progress);
     m_stop = MakeBottomButton(u"reportStop"_s, u"取消"_s, u"停止，不留下未完成的文件"_s, row);
     m_show = MakeBottomButton(u"reportReveal"_s, u"打开所在文件夹"_s,
@@ -229,6 +234,7 @@ void ReportWindow::SetContent(const ReportContent& content) {
         Become(State::Ready);
         m_preview->setFocus();
     }
+    m_choices->SetAvailable(content);
     ShowSheet();
 }
 
@@ -244,6 +250,16 @@ void ReportWindow::SetFetching(int done, int total) {
     m_progress->setRange(0, total);
     m_progress->setValue(done);
     ShowNotice(u"正在下载图片：%1 / %2"_s.arg(done).arg(total), false);
+}
+
+void ReportWindow::SetDrawing() {
+    Become(State::Fetching);
+    m_progress->setRange(0, 0);
+    ShowNotice(u"正在绘制图纸中的位置..."_s, false);
+}
+
+void ReportWindow::TellBusy() {
+    ShowNotice(u"正在保存这份报告，请等它完成后再输出另一份。"_s, true);
 }
 
 void ReportWindow::EndFetching(const QString& sentence) {
@@ -314,6 +330,7 @@ void ReportWindow::Save() {
     m_saved.clear();
     Become(State::Saving);
     m_progress->setRange(0, 0);
+    m_stop->setFocus();
     ShowNotice(u"正在生成报告，请稍候..."_s, false);
     m_job = std::make_unique<ReportJob>(
         ReportJob::Order{Sheet(), static_cast<ReportForm>(m_form->currentIndex()), path},

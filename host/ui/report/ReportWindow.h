@@ -39,6 +39,10 @@ public:
     void SetLack(const QString& sentence);
     /// Pictures are on their way: saving waits for them, unless the person stops them.
     void SetFetching(int done, int total);
+    /// Nothing but the place in the drawing is still missing.
+    void SetDrawing();
+    /// Another report was asked for while this one is saved.
+    void TellBusy();
     /// They have come, or won't. @param sentence  what is missing; may be empty.
     void EndFetching(const QString& sentence);
     [[nodiscard]] bool IsSaving() const { return m_job != nullptr; }
