@@ -1,5 +1,7 @@
 #include "host/sheet/ListRows.h"
 
+#include <QStringList>
+
 namespace host {
 
 using namespace Qt::StringLiterals;
