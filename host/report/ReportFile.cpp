@@ -16,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMostTries = 100;
+constexpr qsizetype kMostWorkName = 40; ///< letters of the final name
 /// With less than that a disk counts as full, bytes: the write that failed was no larger.
 constexpr qint64 kFullDisk = 1024 * 1024;
 
@@ -33,6 +34,18 @@ ReportFault FaultAt(const QString& path, const QString& why) {
 
 std::filesystem::path NativePath(const QString& path) {
     return {path.toStdU16String()};
+}
+
+bool IsNameTooLong(const QString& path) {
+    std::error_code fault;
+    (void)std::filesystem::status(NativePath(path), fault);
+    return fault == std::errc::filename_too_long;
+}
+
+/// The beginning of a name; no half of a character, which no path can have.
+QString WorkNameOf(const QString& name) {
+    const QString begin = name.left(kMostWorkName);
+    return !begin.isEmpty() && begin.back().isHighSurrogate() ? begin.chopped(1) : begin;
 }
 
 } // namespace
@@ -57,9 +70,12 @@ ReportFile::ReportFile(const QString& finalPath) : m_finalPath(TargetOf(finalPat
     if (target.exists() && !target.isWritable()) {
         throw FaultAt(m_finalPath, u"已有的文件是只读的"_s);
     }
+    if (IsNameTooLong(m_finalPath)) {
+        throw WriteFault(u"文件名太长"_s);
+    }
     for (int tries = 0; tries < kMostTries; ++tries) {
         const auto number = QRandomGenerator::global()->bounded(0x100000);
-        QFile file(target.dir().filePath(u"~%1.%2.part"_s.arg(target.completeBaseName().left(40))
+        QFile file(target.dir().filePath(u"~%1.%2.part"_s.arg(WorkNameOf(target.completeBaseName()))
                                              .arg(number, 5, 16, QLatin1Char('0'))));
         if (file.open(QIODevice::NewOnly | QIODevice::WriteOnly)) {
             m_workPath = file.fileName();

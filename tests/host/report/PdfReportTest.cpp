@@ -273,6 +273,18 @@ TEST_F(PdfReports, AFullDiskIsToldAndTheFileFromBeforeStays) {
     EXPECT_EQ(Save(content), u"");
 }
 
+TEST_F(PdfReports, OddNamesAreTheirs) {
+    // The work file bears the beginning of the name.
+    for (const QString& name : {QString(39, u'a') + u"😀😀"_s, u"50%1 %2 %L3"_s, u".pdf"_s}) {
+        path = folder.Path(name);
+        EXPECT_EQ(Save(PhotosAt({}, 1)), u"") << qUtf8Printable(name);
+        EXPECT_TRUE(QFile::remove(path));
+    }
+    path = folder.Path(QString(300, u'a'));
+    EXPECT_TRUE(Save(PhotosAt({}, 1)).contains(u"文件名太长"_s));
+    EXPECT_EQ(QDir(folder.Path()).entryList(QDir::Files | QDir::Hidden), QStringList());
+}
+
 TEST_F(PdfReports, ALinkKeepsLeadingToItsFile) {
     ASSERT_TRUE(QDir(folder.Path()).mkdir(u"there"_s));
     const QString real = folder.Write(u"there/real.pdf"_s, "old");
