@@ -39,6 +39,11 @@ public:
         }
     }
 
+    /// One of a single line would be taken for a stand-in.
+    void DrawImage(QPainter& painter, const QRectF& place, const QImage& image) override {
+        painter.drawImage(place, image.height() == 1 ? image.scaled(image.width(), 2) : image);
+    }
+
     void Step() { m_steps.Next(m_done++, m_stepCount); }
     void Check() const {
         if (m_fault) {

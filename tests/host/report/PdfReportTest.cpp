@@ -273,6 +273,16 @@ TEST_F(PdfReports, AFullDiskIsToldAndTheFileFromBeforeStays) {
     EXPECT_EQ(Save(content), u"");
 }
 
+TEST_F(PdfReports, ALogoOfOneLineIsNoPhoto) {
+    dress.logo = QImage(2, 1, QImage::Format_RGB32);
+    dress.logo.fill(Qt::blue);
+    ReportContent content = PhotosAt(WritePhoto(folder, u"a.jpg"_s, Qt::red), 1);
+    const QString other = WritePhoto(folder, u"b.jpg"_s, Qt::green);
+    content.sections.push_back(PhotosAt(other, 1).sections.front());
+    ASSERT_EQ(Save(content), u"");
+    EXPECT_EQ(Pictures().filter(u"400x300 jpeg"_s).size(), 2);
+}
+
 TEST_F(PdfReports, OddNamesAreTheirs) {
     // The work file bears the beginning of the name.
     for (const QString& name : {QString(39, u'a') + u"😀😀"_s, u"50%1 %2 %L3"_s, u".pdf"_s}) {
