@@ -1,6 +1,7 @@
 #include "toolkit/media/PictureFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QImageReader>
 #include <QLoggingCategory>
 #include <QPainter>
@@ -69,7 +70,8 @@ bool Open(QImageReader& reader, QFile& file) {
         QImageReader::setAllocationLimit(kAllocationLimitMb);
         filterBefore = QLoggingCategory::installFilter(SilenceDecoders);
     });
-    if (!file.open(QIODevice::ReadOnly)) {
+    // Opening a pipe would wait for who writes into it.
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) {
         return false;
     }
     reader.setDecideFormatFromContent(true);

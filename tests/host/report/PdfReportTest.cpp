@@ -14,6 +14,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <future>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace host {
 namespace {
 
@@ -316,6 +321,23 @@ TEST(PrintPictures, ReducesOnceAndNeverEnlarges) {
     const QString small = WritePhoto(folder, u"b.jpg"_s, Qt::red, {20, 10});
     EXPECT_EQ(pictures.Wait(small, room, {}).size, QSize(20, 10));
     EXPECT_FALSE(pictures.Wait(folder.Path(u"none"_s), room, {}).IsThere());
+}
+
+TEST(PrintPictures, APipeIsNoPictureAndIsNotWaitedFor) {
+    const support::TempFolder folder;
+    const QByteArray pipe = QFile::encodeName(folder.Path(u"a.jpg"_s));
+    ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+    PrintPictures pictures;
+    auto made = std::async(std::launch::async, [&] {
+        return pictures.Wait(QFile::decodeName(pipe), {10, 10}, {}).IsThere();
+    });
+    EXPECT_EQ(made.wait_for(std::chrono::seconds(10)), std::future_status::ready);
+    // Whoever waits for it all the same goes on, so that this ends.
+    const int writer = open(pipe.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (writer >= 0) {
+        close(writer);
+    }
+    EXPECT_FALSE(made.get());
 }
 
 TEST(PrintPictures, WhoIsToldToStopWaitsNoLonger) {
