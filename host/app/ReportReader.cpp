@@ -286,9 +286,9 @@ ReportReading ReadPdfReport(HostSession& session, const PIC_REPORT::PdfReportReq
         for (const site::CheckpointFlag& flag : *flags) {
             AddCheckpoint(session, reading, flag);
             content.planNote = flag.id == pointId
-                                   ? u"图纸“%1”第 %2 页，打开的是检查点 %3"_s.arg(drawing->name)
-                                         .arg(flag.place.page + 1)
-                                         .arg(flag.number)
+                                   ? u"图纸“%1”第 %2 页，打开的是检查点 %3"_s.arg(
+                                         drawing->name, QString::number(flag.place.page + 1),
+                                         QString::number(flag.number))
                                    : content.planNote;
         }
     }

@@ -386,26 +386,30 @@ protected:
         delete Report();
         DrawingRoad::TearDown();
     }
+    /// Of the checkpoint with a photo; its sheet is there.
+    void OpenReport() {
+        client->Window()->ShowDrawingFace(true);
+        ASSERT_TRUE(WaitFor([this] { return Store().Present() == host::SheetStore::State::Open; }));
+        QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, OnFlag(withPhoto));
+        ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"PdfPicViewWrap"_s) != nullptr; }));
+        AskForReport(*tour::FindWindow(u"PdfPicViewWrap"_s));
+        const auto& preview = *Report()->findChild<host::ReportPreview*>();
+        const auto hasPlan = [&] {
+            for (const host::PageItem& item : preview.Pages().pages[0].items) {
+                if (std::holds_alternative<host::ImageItem>(item)) {
+                    return true;
+                }
+            }
+            return false;
+        };
+        EXPECT_TRUE(WaitFor(hasPlan));
+    }
 };
 
 TEST_F(DrawingReportRoad, ADrawingBecomesAPdfWithAllItsCheckpoints) {
     ASSERT_TRUE(session.Site().Comments().Add({site.firstProject}, without, u"尚未拍照"_s,
                                               {u"张伟"_s, 1'700'000'000}));
-    client->Window()->ShowDrawingFace(true);
-    ASSERT_TRUE(WaitFor([this] { return Store().Present() == host::SheetStore::State::Open; }));
-    QTest::mouseClick(&Canvas(), Qt::LeftButton, {}, OnFlag(withPhoto));
-    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"PdfPicViewWrap"_s) != nullptr; }));
-    AskForReport(*tour::FindWindow(u"PdfPicViewWrap"_s));
-    const auto& preview = *Report()->findChild<host::ReportPreview*>();
-    const auto hasPlan = [&] {
-        for (const host::PageItem& item : preview.Pages().pages[0].items) {
-            if (std::holds_alternative<host::ImageItem>(item)) {
-                return true;
-            }
-        }
-        return false;
-    };
-    EXPECT_TRUE(WaitFor(hasPlan));
+    OpenReport();
     const QString path = folder.Path(u"drawing.pdf"_s);
     const QString text = SavedText(path, u"图纸照片报告 首层平面图"_s);
     for (const QString& words : {u"首层平面图"_s, u"检查点 3"_s, u"墙面.jpg"_s, u"检查点 4"_s,
@@ -432,6 +436,16 @@ TEST_F(DrawingReportRoad, ACheckpointHasAllItsCommentsHoweverMany) {
     EXPECT_EQ(comments.back().person, u"张伟");
     request.drawingId = 12345;
     EXPECT_EQ(host::ReadPdfReport(session, request).lack, u"该检查点已被删除，请刷新后再试。");
+}
+
+TEST_F(DrawingReportRoad, TheNameOfADrawingIsNoPlaceForNumbers) {
+    ASSERT_EQ(session.Site().Drawings().Rename({site.firstProject}, drawing, u"坡度50%2号"_s,
+                                               {u"张伟"_s, 1'700'000'000}),
+              site::Saved::Yes);
+    OpenReport();
+    const QString text = SavedText(folder.Path(u"drawing.pdf"_s), u"图纸照片报告 坡度50%2号"_s);
+    EXPECT_TRUE(text.contains(u"图纸“坡度50%2号”第 1 页，打开的是检查点 3"_s))
+        << qUtf8Printable(text);
 }
 
 } // namespace
