@@ -97,6 +97,15 @@ TEST(RecordText, TellsLooks) {
     EXPECT_EQ(heard.looks[4].link, QString());
 }
 
+TEST(RecordText, TellsSizesBySteps) {
+    const Listener heard = Walked(u"<p><font size=\"1\">a</font><font size=\"3\">b</font>"
+                                  "<font size=\"7\">c</font></p>"_s);
+    ASSERT_EQ(heard.told, QStringList({u"a"_s, u"b"_s, u"c"_s}));
+    EXPECT_DOUBLE_EQ(heard.looks[0].points, 0.7 * 9);
+    EXPECT_EQ(heard.looks[1].points, 0);
+    EXPECT_DOUBLE_EQ(heard.looks[2].points, 2.4 * 9);
+}
+
 TEST(RecordText, TellsAddressesInTheirOwnSigns) {
     const auto link = [](const QString& address) {
         return Walked(u"<a href=\"%1\">x</a>"_s.arg(address)).looks.at(0).link;

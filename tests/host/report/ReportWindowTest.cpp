@@ -17,6 +17,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QWheelEvent>
 #include <QtTest/QTest>
 
 #include <gtest/gtest.h>
@@ -77,6 +78,7 @@ protected:
         support::AnsweredPrompts prompts;
         prompts.ExpectSaveFile(proposed, name.isEmpty() ? QString() : folder.Path(name));
         Click(u"reportSave"_s);
+        askedFilter = prompts.LastFilter();
     }
     [[nodiscard]] bool WaitForEnd() {
         return WaitFor([this] { return !window->IsSaving(); });
@@ -88,6 +90,7 @@ protected:
     support::TempFolder folder;
     NotedStore store;
     QString photo;
+    QString askedFilter; ///< of the last file dialog
     QPointer<ReportWindow> window;
 };
 
@@ -137,6 +140,7 @@ TEST_F(WindowOfReports, AFileIsSavedInEachForm) {
          {std::pair(0, u"a.pdf"_s), std::pair(1, u"a.docx"_s), std::pair(2, u"a.html"_s)}) {
         Find<QComboBox>(u"reportForm"_s).setCurrentIndex(form);
         SaveAs(name, form == 0 ? kProposed : folder.Path(kProposed));
+        EXPECT_TRUE(askedFilter.endsWith(u"(*%1)"_s.arg(name.mid(1)))) << form;
         EXPECT_TRUE(WaitForEnd());
         EXPECT_EQ(Notice(), u"报告已保存：%1"_s.arg(folder.Path(name)));
         EXPECT_GT(folder.Read(name).size(), 1000);
@@ -333,6 +337,11 @@ TEST_F(WindowOfReports, KeysAndWheelMoveAndZoomThePages) {
     EXPECT_DOUBLE_EQ(Preview().Zoom(), fit);
     QTest::keyClick(&Preview(), Qt::Key_Plus);
     EXPECT_GT(Preview().horizontalScrollBar()->maximum(), 0);
+    const double before = Preview().Zoom();
+    QWheelEvent notch({50, 50}, {50, 50}, {}, {0, -120}, Qt::NoButton, Qt::ControlModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(Preview().viewport(), &notch);
+    EXPECT_NEAR(Preview().Zoom(), before / 1.2, 1e-9);
 }
 
 TEST_F(WindowOfReports, EscapeClosesAndEnterPressesTheButtonInFocus) {

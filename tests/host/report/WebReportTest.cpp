@@ -190,6 +190,7 @@ TEST_F(WebReport, WritesTheRichText) {
     for (const QString& part :
          {u"<span style=\"font-weight:bold;\">渗漏</span>"_s,
           u"color:#FF0000;background:#FFFF00;font-size:18pt;font-family:'SimHei';"_s,
+          u"text-decoration:underline ;\">下划线"_s, u"text-decoration:line-through;\">删除"_s,
           u"<td colspan=\"2\">"_s, u"<td rowspan=\"2\">"_s, u"text-align:center;"_s,
           u"<ol style=\"list-style-type:lower-alpha\"><li>"_s, u"<hr>"_s}) {
         EXPECT_TRUE(page.contains(part)) << qPrintable(part);

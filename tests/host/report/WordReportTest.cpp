@@ -96,6 +96,23 @@ TEST_F(WordReport, TellsHeadingsFactsAndCaptionsInTheirOrder) {
               QStringList(u"页脚文字\t第 1 页，共 1 页"_s));
 }
 
+TEST_F(WordReport, HasItsHeaderAndFooterOnEachPage) {
+    const WordFile file = WrittenFile(SheetFor(PhotoReport(Folder(), 1)));
+    const QByteArray relations = file.Part(u"word/_rels/document.xml.rels"_s);
+    const QStringList ids = ValuesOf(relations, u"Relationship"_s, u"Id"_s);
+    const QStringList types = ValuesOf(relations, u"Relationship"_s, u"Type"_s);
+    const QStringList targets = ValuesOf(relations, u"Relationship"_s, u"Target"_s);
+    for (const auto& [name, text] :
+         {std::pair(u"header"_s, u"页眉文字"_s), std::pair(u"footer"_s, u"页脚文字"_s)}) {
+        const QStringList used = ValuesOf(file.Text(), u"w:%1Reference"_s.arg(name), u"r:id"_s);
+        ASSERT_EQ(used.size(), 1) << qUtf8Printable(name);
+        const qsizetype place = ids.indexOf(used.first());
+        ASSERT_GE(place, 0);
+        EXPECT_TRUE(types[place].endsWith(u'/' + name)) << qUtf8Printable(types[place]);
+        EXPECT_TRUE(QString::fromUtf8(file.Part(u"word/"_s + targets[place])).contains(text));
+    }
+}
+
 TEST_F(WordReport, LinksItsContentsToTheHeadings) {
     const WordFile file = WrittenFile(SheetFor(IssueReport(Folder())));
     QStringList anchors = ValuesOf(file.Text(), u"w:hyperlink"_s, u"w:anchor"_s);
@@ -121,6 +138,7 @@ TEST_F(WordReport, HasEachPictureOnceUnpackedAndFitted) {
     ExpectSound(file);
     ASSERT_EQ(file.Pictures().size(), 3);
     EXPECT_EQ(CountOf(file.Text(), u"w:drawing"_s), 4);
+    EXPECT_GE(CountOf(file.Text(), u"w:keepNext"_s), 4); // no caption without its photo
     const host::PhotoGrid grid = host::GridOf(sheet.options);
     for (const QString& name : file.Pictures()) {
         EXPECT_FALSE(file.IsPacked(name));
@@ -186,6 +204,8 @@ TEST_F(WordReport, WritesTheRichText) {
     EXPECT_EQ(ValuesOf(text, u"w:numId"_s, u"w:val"_s),
               QStringList({u"1"_s, u"2"_s, u"2"_s, u"1"_s, u"3"_s, u"3"_s, u"4"_s}));
     EXPECT_EQ(CountOf(file.Part(u"word/numbering.xml"_s), u"w:num"_s), 4);
+    // Each list begins with its first number.
+    EXPECT_GE(CountOf(file.Part(u"word/numbering.xml"_s), u"w:startOverride"_s), 4);
     const QByteArray relations = file.Part(u"word/_rels/document.xml.rels"_s);
     QStringList outside;
     const QStringList targets = ValuesOf(relations, u"Relationship"_s, u"Target"_s);
