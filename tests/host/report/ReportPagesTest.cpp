@@ -241,6 +241,21 @@ TEST(ReportPages, PicturesOfARecordComeFromItsFolderAlone) {
     EXPECT_NEAR(photos[0].room.width() / photos[0].room.height(), 2.0 / 3, 0.02);
 }
 
+TEST(ReportPages, APictureOfARecordWithOneLengthKeepsItsProportions) {
+    const support::TempFolder folder;
+    const QString name = QString(32, u'a') + u".jpg"_s;
+    (void)reporttest::WritePhoto(folder, name, Qt::red, {2000, 3000});
+    for (const QString& length : {u"height=\"300\""_s, u"width=\"200\""_s}) {
+        ReportContent content;
+        reporttest::AddRecord(content, u"<p><img src=\"%1\" %2></p>"_s.arg(name, length),
+                              folder.Path() + u'/');
+        const auto photos = PhotosOf(PagesOf(content));
+        ASSERT_EQ(photos.size(), 1U);
+        EXPECT_NEAR(photos[0].room.width(), 200, 1) << qUtf8Printable(length);
+        EXPECT_NEAR(photos[0].room.height(), 300, 1);
+    }
+}
+
 TEST(ReportPages, AWideTableOfARecordIsMadeSmallerAndNotCut) {
     ReportContent content;
     content.kind = u"照片报告"_s;

@@ -142,6 +142,9 @@ TEST_F(WindowOfReports, AFileIsSavedInEachForm) {
         SaveAs(name, form == 0 ? kProposed : folder.Path(kProposed));
         EXPECT_TRUE(askedFilter.endsWith(u"(*%1)"_s.arg(name.mid(1)))) << form;
         EXPECT_TRUE(WaitForEnd());
+        const auto& progress = Find<QProgressBar>(u"reportProgress"_s);
+        EXPECT_GT(progress.maximum(), 0) << form;
+        EXPECT_EQ(progress.value(), progress.maximum());
         EXPECT_EQ(Notice(), u"报告已保存：%1"_s.arg(folder.Path(name)));
         EXPECT_GT(folder.Read(name).size(), 1000);
         EXPECT_TRUE(Button(u"reportOpen"_s).isVisible());

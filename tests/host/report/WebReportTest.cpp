@@ -188,7 +188,7 @@ TEST_F(WebReport, KeepsOddTextsAsTheyAre) {
 TEST_F(WebReport, WritesTheRichText) {
     const QString page = PageOf(SheetFor(IssueReport(Folder())));
     for (const QString& part :
-         {u"<span style=\"font-weight:bold;\">渗漏</span>"_s,
+         {u"<p>滨江一期</p>\n"_s, u"<span style=\"font-weight:bold;\">渗漏</span>"_s,
           u"color:#FF0000;background:#FFFF00;font-size:18pt;font-family:'SimHei';"_s,
           u"text-decoration:underline ;\">下划线"_s, u"text-decoration:line-through;\">删除"_s,
           u"<td colspan=\"2\">"_s, u"<td rowspan=\"2\">"_s, u"text-align:center;"_s,
