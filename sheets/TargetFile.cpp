@@ -5,6 +5,9 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <filesystem>
+#include <system_error>
+
 namespace sheets {
 
 using namespace Qt::StringLiterals;
@@ -13,6 +16,12 @@ namespace {
 
 QString Shown(const QString& path) {
     return QDir::toNativeSeparators(path);
+}
+
+bool IsSheetNameTooLong(const QString& path) {
+    std::error_code fault;
+    (void)std::filesystem::status(path.toStdU16String(), fault);
+    return fault == std::errc::filename_too_long;
 }
 
 } // namespace
@@ -27,6 +36,10 @@ void TargetFile::Open() {
     }
     if (target.isDir()) {
         throw SheetFault(u"无法输出列表：%1 是一个文件夹。请换一个文件名。"_s.arg(shown));
+    }
+    // A work file without a name may be opened all the same.
+    if (IsSheetNameTooLong(m_file.fileName())) {
+        throw SheetFault(u"无法输出列表：文件名太长。请换一个短一些的文件名后再输出。"_s);
     }
     if (!m_file.open(QIODevice::WriteOnly)) {
         throw SheetFault(

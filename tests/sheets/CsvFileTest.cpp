@@ -85,6 +85,14 @@ TEST(CsvFile, AFolderOfThatNameIsTold) {
     EXPECT_TRUE(FaultOf([&file] { file.Begin(ThreeColumns()); }).contains(u"是一个文件夹"_s));
 }
 
+TEST(CsvFile, ANameThatIsTooLongIsTold) {
+    const support::TempFolder folder;
+    sheets::CsvFile fits(folder.Path(QString(240, u'a') + u".csv"_s));
+    EXPECT_EQ(FaultOf([&fits] { WriteAll(fits, {RowWith(1, u"一"_s)}); }), QString());
+    sheets::CsvFile file(folder.Path(QString(252, u'a') + u".csv"_s));
+    EXPECT_TRUE(FaultOf([&file] { file.Begin(ThreeColumns()); }).contains(u"文件名太长"_s));
+}
+
 TEST(CsvFile, AFileAsItsFolderIsTold) {
     const support::TempFolder folder;
     folder.Write(u"plain"_s, "x");
