@@ -1,8 +1,9 @@
 #include "tests/sheets/BookReader.h"
 
+#include "tests/support/OtherProgram.h"
+
 #include <QDir>
 #include <QDirIterator>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 
@@ -16,8 +17,7 @@ namespace {
 
 QMap<QString, QByteArray> Unpacked(const QString& path) {
     const QTemporaryDir folder;
-    EXPECT_EQ(
-        QProcess::execute(u"python3"_s, {u"-m"_s, u"zipfile"_s, u"-e"_s, path, folder.path()}), 0);
+    (void)support::OutputOf(u"python3"_s, {u"-m"_s, u"zipfile"_s, u"-e"_s, path, folder.path()});
     QMap<QString, QByteArray> parts;
     QDirIterator files(folder.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (files.hasNext()) {

@@ -3,13 +3,13 @@
 #include "host/report/PageText.h"
 #include "tests/host/report/PageSamples.h"
 #include "tests/support/FileSizeLimit.h"
+#include "tests/support/OtherProgram.h"
 
 #include <QCryptographicHash>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -26,14 +26,7 @@ using namespace Qt::StringLiterals;
 using reporttest::AddRecord;
 using reporttest::PhotosAt;
 using reporttest::WritePhoto;
-
-QByteArray OutputOf(const QString& program, const QStringList& words) {
-    QProcess process;
-    process.start(program, words);
-    EXPECT_TRUE(process.waitForFinished(60'000)) << qUtf8Printable(program);
-    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().constData();
-    return process.readAllStandardOutput();
-}
+using support::OutputOf;
 
 class PdfReports : public testing::Test {
 protected:

@@ -6,17 +6,18 @@
 #include "tests/host/report/ReportSamples.h"
 #include "tests/host/report/WordFile.h"
 #include "tests/support/FileSizeLimit.h"
+#include "tests/support/OtherProgram.h"
 #include "tests/viewers/support/FlatJpeg.h"
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
+using support::OutputOf;
 
 namespace reporttest {
 
@@ -61,15 +62,6 @@ protected:
 
     const QTemporaryDir m_target;
     const QTemporaryDir m_pictures;
-
-private:
-    static QByteArray OutputOf(const QString& program, const QStringList& words) {
-        QProcess process;
-        process.start(program, words);
-        EXPECT_TRUE(process.waitForFinished(60'000)) << qUtf8Printable(program);
-        EXPECT_EQ(process.exitCode(), 0);
-        return process.readAllStandardOutput();
-    }
 };
 
 TEST_P(ReportTargets, ARecordOfTwoHundredPagesIsThereToItsEnd) {

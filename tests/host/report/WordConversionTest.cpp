@@ -2,11 +2,10 @@
 #include "host/report/WordReport.h"
 
 #include "tests/host/report/ReportSamples.h"
+#include "tests/support/OtherProgram.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QRegularExpression>
-#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -14,22 +13,11 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+using support::OutputOf;
 
 namespace reporttest {
 
 namespace {
-
-constexpr int kMostTime = 240'000; ///< milliseconds
-
-QByteArray OutputOf(const QString& program, const QStringList& arguments) {
-    EXPECT_FALSE(QStandardPaths::findExecutable(program).isEmpty()) << qPrintable(program);
-    QProcess process;
-    process.start(program, arguments);
-    const bool hasEnded = process.waitForFinished(kMostTime);
-    EXPECT_TRUE(hasEnded && process.exitCode() == 0) << qPrintable(program);
-    process.kill();
-    return process.readAllStandardOutput();
-}
 
 TEST(WordConversion, AnotherProgramShowsAllOfIt) {
     const QTemporaryDir folder;
