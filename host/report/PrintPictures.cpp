@@ -5,6 +5,7 @@
 #include "toolkit/media/PictureFile.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QImageWriter>
 
 #include <algorithm>
@@ -106,7 +107,9 @@ void PrintPictures::Serve(const std::stop_token& stop) {
 }
 
 PrintPicture PrintPictures::Make(const Wanted& wanted, const QString& path) {
-    const QSize own = toolkit::ReadPictureSize(wanted.file);
+    // Opening a pipe would wait for who writes into it.
+    const QSize own =
+        QFileInfo(wanted.file).isFile() ? toolkit::ReadPictureSize(wanted.file) : QSize();
     if (own.isEmpty()) {
         return {};
     }

@@ -99,7 +99,7 @@ void RecordDocument::Paint(QPainter& painter, int page, IPageInk& ink) {
 QString RecordDocument::FileOf(const QTextFormat& format) const {
     const QString name = format.toImageFormat().name();
     const QString path = m_folder + name;
-    return toolkit::IsStoreName(name) && QFileInfo::exists(path) ? path : QString();
+    return toolkit::IsStoreName(name) && QFileInfo(path).isFile() ? path : QString();
 }
 
 QSizeF RecordDocument::intrinsicSize(QTextDocument*, int, const QTextFormat& format) {

@@ -3,6 +3,7 @@
 #include "toolkit/media/PictureFile.h"
 
 #include <QBuffer>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -19,7 +20,7 @@ QString Line(const QJsonValue& value) {
 } // namespace
 
 QImage LogoOf(const QString& path) {
-    const QSize own = toolkit::ReadPictureSize(path);
+    const QSize own = QFileInfo(path).isFile() ? toolkit::ReadPictureSize(path) : QSize();
     if (own.isEmpty()) {
         return {};
     }

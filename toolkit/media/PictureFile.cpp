@@ -1,7 +1,6 @@
 #include "toolkit/media/PictureFile.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QImageReader>
 #include <QLoggingCategory>
 #include <QPainter>
@@ -70,8 +69,7 @@ bool Open(QImageReader& reader, QFile& file) {
         QImageReader::setAllocationLimit(kAllocationLimitMb);
         filterBefore = QLoggingCategory::installFilter(SilenceDecoders);
     });
-    // Opening a pipe would wait for who writes into it.
-    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) {
+    if (!file.open(QIODevice::ReadOnly)) {
         return false;
     }
     reader.setDecideFormatFromContent(true);
