@@ -24,7 +24,9 @@ int SecondsOf(const QString& path) {
 } // namespace
 
 ReportFetch::ReportFetch(HostSession& hostSession, ReportReading reportReading, QObject* parent)
-    : QObject(parent), m_session(hostSession), m_reading(std::move(reportReading)) {}
+    : QObject(parent), m_session(hostSession), m_reading(std::move(reportReading)) {
+    TakeCached();
+}
 
 ReportFetch::~ReportFetch() {
     m_stop.request_stop();
@@ -32,7 +34,6 @@ ReportFetch::~ReportFetch() {
 }
 
 void ReportFetch::Begin() {
-    TakeCached();
     m_total = static_cast<int>(m_left.size());
     if (m_left.empty()) {
         QMetaObject::invokeMethod(

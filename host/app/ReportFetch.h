@@ -16,12 +16,11 @@ class ReportFetch final : public QObject {
     Q_OBJECT
 
 public:
-    /// The session must outlive it.
+    /// Takes what lies in the cache. The session must outlive it.
     ReportFetch(HostSession& hostSession, ReportReading reportReading, QObject* parent);
     ~ReportFetch() override;
 
-    /// What lies in the cache is taken at once; then Stepped and Ended come, Ended at the latest
-    /// with the next events.
+    /// Stepped and Ended come, Ended at the latest with the next events where nothing is left.
     void Begin();
     /// What hasn't come by now won't.
     void Stop();

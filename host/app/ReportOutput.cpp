@@ -85,7 +85,6 @@ void ReportOutput::Begin(ReportReading reading) {
     AddPlan(place);
     ShowContent();
     m_fetch->Begin();
-    ShowContent();
 }
 
 void ReportOutput::EndFetching() {
@@ -97,9 +96,11 @@ void ReportOutput::EndFetching() {
         m_window->SetDrawing();
         return;
     }
-    m_window->EndFetching(*m_missing == 0
-                              ? QString()
-                              : u"有 %1 张图片没有下载成功，报告中注明了原因。"_s.arg(*m_missing));
+    m_window->EndFetching(
+        *m_missing == 0
+            ? QString()
+            : u"有 %1 张图片没有下载成功，报告中注明了原因。请检查网络后重新输出。"_s.arg(
+                  *m_missing));
 }
 
 void ReportOutput::ShowContent() {
