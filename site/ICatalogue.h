@@ -20,10 +20,13 @@ public:
     /// ppid 0 for an unknown project.
     [[nodiscard]] virtual ProjectEntry Project(qint32 ppid) = 0;
     [[nodiscard]] virtual std::vector<WorksetEntry> Worksets() = 0;
+    /// Those who may sign in.
     [[nodiscard]] virtual std::vector<QString> People() = 0;
     [[nodiscard]] virtual std::vector<qint32> RightsOf(const QString& person) = 0;
 
     [[nodiscard]] virtual std::map<qint32, KX_DATA::MarkRecord> Marks() = 0;
+    /// Their ids in the order that people gave them.
+    [[nodiscard]] virtual std::vector<qint32> MarkOrder() = 0;
     [[nodiscard]] virtual std::vector<KX_DATA::LabelEntry> Labels() = 0;
     /// The id of the label, new or known; 0 for an empty name.
     virtual qint32 AddLabel(const QString& name) = 0;

@@ -28,6 +28,7 @@ class IPanelCounts;
 class IPdfPhotos;
 class IPicFiling;
 class IRichTexts;
+class ISetup;
 
 /// What stands on it lasts as long as it does. Operations may take long; where they fail they throw
 /// DataError: TooSlow past the deadline, Cancelled when told to stop, with nothing changed.
@@ -49,6 +50,7 @@ public:
     [[nodiscard]] virtual IBin& Bin() = 0;
     [[nodiscard]] virtual IBlobs& Blobs() = 0;
     [[nodiscard]] virtual IPicFiling& PicFiling() = 0;
+    [[nodiscard]] virtual ISetup& Setup() = 0;
     /// Each has a batch of its own.
     [[nodiscard]] virtual std::unique_ptr<IIntake> NewIntake() = 0;
     [[nodiscard]] virtual IClientFolders& Folders() = 0;

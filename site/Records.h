@@ -21,12 +21,14 @@ struct ProjectEntry {
     qint32 ppid = 0;
     QString name;
     qint32 major = 0; ///< 1 to 4, the trade
+    bool archived = false;
 };
 
 struct WorksetEntry {
     qint32 id = 0;
     QString name;
     std::vector<qint32> ppids;
+    bool archived = false;
 };
 
 /// Where a checkpoint is, as a person knows it.

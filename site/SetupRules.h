@@ -10,7 +10,7 @@ inline constexpr int kMostAxisLetters = 20;
 
 /// One entry that can't be taken.
 struct SetupFault {
-    SetupList list = SetupList::Projects;
+    SetupList list = SetupList::Project;
     /// Of the entry in its list; of floors and crossings in their grid's.
     int at = 0;
     QString project; ///< of floors and crossings
@@ -22,7 +22,7 @@ struct SetupFault {
 /// Empty, long, doubled names and such with control characters or blanks at an end; worksets of
 /// unknown projects or of none; people whose name code page 936 lacks letters for; nobody left who
 /// may set up; colours and trades out of range; crossings of unknown floors, doubled or with one
-/// axis only. In the order of the lists. Thread: any.
+/// axis only. In the order of the lists, for whatever entry. Thread: any.
 [[nodiscard]] std::vector<SetupFault> FaultsOf(const SetupState& wanted);
 
 /// A name as it is stored: without blanks at its ends, composed (Unicode NFC).

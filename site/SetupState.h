@@ -73,8 +73,8 @@ struct SetupCrossing {
 
 /// Floors and crossings of one project.
 struct SetupGrid {
-    QString project; ///< its name in the same state
-    std::vector<SetupFloor> floors; ///< in their order, lowest first
+    QString project;                      ///< its name in the same state
+    std::vector<SetupFloor> floors;       ///< in their order, lowest first
     std::vector<SetupCrossing> crossings; ///< by floor, X axis, Y axis; in a wanted state in any
 
     bool operator==(const SetupGrid&) const = default;
@@ -92,7 +92,7 @@ struct SetupState {
 };
 
 /// The lists, for what is said of one.
-enum class SetupList { Projects, Worksets, People, Marks, Labels, Floors, Crossings };
+enum class SetupList { Project, Workset, Person, Mark, Label, Floor, Crossing };
 
 /// "工程", "人员", ...
 [[nodiscard]] QString NameOf(SetupList list);

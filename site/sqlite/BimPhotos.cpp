@@ -10,6 +10,7 @@
 #include "site/sqlite/IdChunks.h"
 #include "site/sqlite/ListQuery.h"
 #include "site/sqlite/SearchIndex.h"
+#include "site/sqlite/SetupTables.h"
 
 #include <algorithm>
 #include <optional>
@@ -248,10 +249,10 @@ Saved BimPhotos::Update(qint32 ppid, const KX_DATA::BimPicUpdate& update, const 
     m_database.Exec(u"UPDATE bim_photo SET position_key = ?, floor = ?, floor_sort = ?, axis_x = ?,"
                     " axis_y = ?, pos_text = ?, description = ?, mark_id = ?, name = ?, status = ?,"
                     " updater = ?, updated = ?, modifier = ?, modified = ? WHERE id = ?"_s,
-                    {update.positionKey, place.floor, FloorSortKey(place.floor), place.axisX,
-                     place.axisY, PositionText(place.axisX, place.axisY), update.description,
-                     update.markId, update.fileName, update.status, by.person, by.at, last.person,
-                     last.time, update.picId});
+                    {update.positionKey, place.floor, SortKeyOfFloor(m_database, ppid, place.floor),
+                     place.axisX, place.axisY, PositionText(place.axisX, place.axisY),
+                     update.description, update.markId, update.fileName, update.status, by.person,
+                     by.at, last.person, last.time, update.picId});
     SetLabels(ppid, update.picId, update.labelIds);
     AddSearchRow(m_database, ListKind::BimPhotos, update.picId);
     m_database.Log().Note(ChangeKind::BimPhoto, ppid, update.picId, by.person);

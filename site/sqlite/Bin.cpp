@@ -8,6 +8,7 @@
 #include "site/sqlite/Drawings.h"
 #include "site/sqlite/RichTexts.h"
 #include "site/sqlite/SearchIndex.h"
+#include "site/sqlite/SetupTables.h"
 #include "site/sqlite/UploadSweep.h"
 
 #include <QJsonDocument>
@@ -213,6 +214,7 @@ void Bin::RestoreEntry(qint64 binId, std::vector<QString>& files) {
         throw DataError(Fault::Damaged, u"回收站中的“%1”的记录已损坏，没有恢复，仍在回收站中；"
                                         "请从备份恢复数据文件夹。"_s.arg(title));
     }
+    RefreshPlace(m_database, kind, objectId);
     if (kind == BinKind::PdfPhoto) {
         RefreshFromCheckpoint(m_database, objectId);
     } else if (kind == BinKind::Drawing) {

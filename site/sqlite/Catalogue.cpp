@@ -10,29 +10,29 @@ using namespace Qt::StringLiterals;
 
 std::vector<ProjectEntry> Catalogue::Projects() {
     std::vector<ProjectEntry> projects;
-    m_database.ForEach(u"SELECT ppid, name, major FROM project ORDER BY ppid"_s, {},
+    m_database.ForEach(u"SELECT ppid, name, major, archived FROM project ORDER BY ppid"_s, {},
                        [&](const Statement& row) {
-                           projects.push_back({row.Int(0), row.Text(1), row.Int(2)});
+                           projects.push_back({row.Int(0), row.Text(1), row.Int(2), row.Int(3) != 0});
                        });
     return projects;
 }
 
 ProjectEntry Catalogue::Project(qint32 ppid) {
     ProjectEntry project;
-    m_database.ForEach(u"SELECT ppid, name, major FROM project WHERE ppid = ?"_s, {ppid},
+    m_database.ForEach(u"SELECT ppid, name, major, archived FROM project WHERE ppid = ?"_s, {ppid},
                        [&](const Statement& row) {
-                           project = {row.Int(0), row.Text(1), row.Int(2)};
+                           project = {row.Int(0), row.Text(1), row.Int(2), row.Int(3) != 0};
                        });
     return project;
 }
 
 std::vector<WorksetEntry> Catalogue::Worksets() {
     std::vector<WorksetEntry> worksets;
-    m_database.ForEach(u"SELECT w.id, w.name, p.ppid FROM workset w JOIN workset_project p"
+    m_database.ForEach(u"SELECT w.id, w.name, p.ppid, w.archived FROM workset w JOIN workset_project p"
                        " ON p.workset_id = w.id ORDER BY w.id, p.place"_s,
                        {}, [&](const Statement& row) {
                            if (worksets.empty() || worksets.back().id != row.Int(0)) {
-                               worksets.push_back({row.Int(0), row.Text(1), {}});
+                               worksets.push_back({row.Int(0), row.Text(1), {}, row.Int(3) != 0});
                            }
                            worksets.back().ppids.push_back(row.Int(2));
                        });
@@ -41,7 +41,7 @@ std::vector<WorksetEntry> Catalogue::Worksets() {
 
 std::vector<QString> Catalogue::People() {
     std::vector<QString> people;
-    m_database.ForEach(u"SELECT name FROM person ORDER BY id"_s, {},
+    m_database.ForEach(u"SELECT name FROM person WHERE active <> 0 ORDER BY id"_s, {},
                        [&](const Statement& row) { people.push_back(row.Text(0)); });
     return people;
 }
@@ -60,6 +60,13 @@ std::map<qint32, KX_DATA::MarkRecord> Catalogue::Marks() {
         marks[row.Int(0)] = {row.Text(1), row.Int(2)};
     });
     return marks;
+}
+
+std::vector<qint32> Catalogue::MarkOrder() {
+    std::vector<qint32> ids;
+    m_database.ForEach(u"SELECT id FROM mark ORDER BY place, id"_s, {},
+                       [&](const Statement& row) { ids.push_back(row.Int(0)); });
+    return ids;
 }
 
 std::vector<KX_DATA::LabelEntry> Catalogue::Labels() {

@@ -17,6 +17,7 @@ public:
     [[nodiscard]] std::vector<QString> People() override;
     [[nodiscard]] std::vector<qint32> RightsOf(const QString& person) override;
     [[nodiscard]] std::map<qint32, KX_DATA::MarkRecord> Marks() override;
+    [[nodiscard]] std::vector<qint32> MarkOrder() override;
     [[nodiscard]] std::vector<KX_DATA::LabelEntry> Labels() override;
     qint32 AddLabel(const QString& name) override;
     [[nodiscard]] std::vector<QString> Floors(qint32 ppid) override;

@@ -6,6 +6,7 @@
 #include "site/sqlite/Components.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/IssueLog.h"
+#include "site/sqlite/SetupTables.h"
 
 namespace site {
 
@@ -100,7 +101,8 @@ void IssueEdits::MoveToComponent(qint64 issueId, const Component& component) {
         [&](const Statement& read) { place = PositionText(read.Text(0), read.Text(1)); });
     m_database.Exec(u"UPDATE issue SET component_handle = ?, floor = ?, floor_sort = ?,"
                     " pos_info = ?, component_name = ?, component_sub_name = ? WHERE id = ?"_s,
-                    {component.handle, component.floor, FloorSortKey(component.floor), place,
+                    {component.handle, component.floor,
+                     SortKeyOfFloor(m_database, component.ppid, component.floor), place,
                      component.name, component.subName, issueId});
 }
 

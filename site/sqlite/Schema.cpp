@@ -1,6 +1,7 @@
 #include "site/sqlite/Migrations.h"
 #include "site/sqlite/PlaceTally.h"
 #include "site/sqlite/RichTextSql.h"
+#include "site/sqlite/SetupTables.h"
 
 namespace site {
 
@@ -338,10 +339,18 @@ std::vector<std::vector<QString>> SchemaSteps() {
          {CatalogueTables(), FilesTables(), BimPhotosTables(), PdfPhotosTables(), IssuesTables()}) {
         first.insert(first.end(), part.begin(), part.end());
     }
-    return {
-        first,           IssuePanelIndex(), PicPanelTables(), HiddenPhotosTable(), ChangeTable(),
-        FilingsTable(),  RevisionColumns(), CommentTable(),   DrawingColumns(),    IssueWork(),
-        RichTextSchema()};
+    return {first,
+            IssuePanelIndex(),
+            PicPanelTables(),
+            HiddenPhotosTable(),
+            ChangeTable(),
+            FilingsTable(),
+            RevisionColumns(),
+            CommentTable(),
+            DrawingColumns(),
+            IssueWork(),
+            RichTextSchema(),
+            SetupSchema()};
 }
 
 } // namespace site

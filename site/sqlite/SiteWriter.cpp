@@ -7,6 +7,7 @@
 #include "site/sqlite/FilingTable.h"
 #include "site/sqlite/IssueLog.h"
 #include "site/sqlite/SearchIndex.h"
+#include "site/sqlite/SetupTables.h"
 #include "site/sqlite/SiteWriterImpl.h"
 
 namespace site {
@@ -70,7 +71,7 @@ qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture
              photo.fileName,
              photo.description,
              floor,
-             FloorSortKey(floor),
+             SortKeyOfFloor(m_impl->db, photo.ppid, floor),
              axisX,
              axisY,
              PositionText(axisX, axisY),
@@ -155,7 +156,7 @@ QString SiteWriter::FileIssue(const NewIssue& issue, const FileSource& voice,
              issue.theme,
              issue.description,
              issue.floor,
-             FloorSortKey(issue.floor),
+             SortKeyOfFloor(m_impl->db, issue.ppid, issue.floor),
              issue.posInfo,
              issue.componentName,
              issue.componentSubName,

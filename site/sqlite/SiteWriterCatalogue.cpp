@@ -82,7 +82,8 @@ void SiteWriter::AddMark(qint32 markId, const QString& name, qint32 color) {
     m_impl->Change([&] {
         m_impl->Note(ChangeKind::Mark, 0, markId);
         return m_impl->db.Exec(
-            u"INSERT INTO mark (id, name, color) VALUES (?, ?, ?) ON CONFLICT (id)"
+            u"INSERT INTO mark (id, name, color, place) SELECT ?, ?, ?, 1 + coalesce(max(place), 0)"
+            " FROM mark WHERE true ON CONFLICT (id)"
             " DO UPDATE SET name = excluded.name, color = excluded.color"_s,
             {markId, name, color});
     });

@@ -21,6 +21,7 @@
 #include "site/sqlite/PanelCache.h"
 #include "site/sqlite/PdfPhotos.h"
 #include "site/sqlite/RichTexts.h"
+#include "site/sqlite/Setup.h"
 
 namespace site {
 
@@ -43,6 +44,7 @@ public:
     [[nodiscard]] IBin& Bin() override { return m_bin; }
     [[nodiscard]] IBlobs& Blobs() override { return m_blobs; }
     [[nodiscard]] IPicFiling& PicFiling() override { return m_picFiling; }
+    [[nodiscard]] ISetup& Setup() override { return m_setup; }
     [[nodiscard]] std::unique_ptr<IIntake> NewIntake() override;
     [[nodiscard]] IClientFolders& Folders() override { return m_places; }
     [[nodiscard]] IChanges& Changes() override { return m_feed; }
@@ -77,6 +79,7 @@ private:
     FolderPicFiling m_picFiling;
     FolderPlaces m_places;
     DraftFolder m_drafts;
+    site::Setup m_setup;
 };
 
 } // namespace site
