@@ -14,6 +14,7 @@ namespace site {
 class IBimPhotos;
 class IBin;
 class IBlobs;
+class IBulkFiling;
 class ICatalogue;
 class IChanges;
 class IClientFolders;
@@ -29,6 +30,7 @@ class IPdfPhotos;
 class IPicFiling;
 class IRichTexts;
 class ISetup;
+class IStatistics;
 
 /// What stands on it lasts as long as it does. Operations may take long; where they fail they throw
 /// DataError: TooSlow past the deadline, Cancelled when told to stop, with nothing changed.
@@ -51,6 +53,8 @@ public:
     [[nodiscard]] virtual IBlobs& Blobs() = 0;
     [[nodiscard]] virtual IPicFiling& PicFiling() = 0;
     [[nodiscard]] virtual ISetup& Setup() = 0;
+    [[nodiscard]] virtual IBulkFiling& BulkFiling() = 0;
+    [[nodiscard]] virtual IStatistics& Statistics() = 0;
     /// Each has a batch of its own.
     [[nodiscard]] virtual std::unique_ptr<IIntake> NewIntake() = 0;
     [[nodiscard]] virtual IClientFolders& Folders() = 0;

@@ -29,6 +29,11 @@ QString KeyOf(ListKind kind, const ListFilter& filter) {
     for (const auto& text : {filter.positionKey, filter.floor, filter.componentHandle}) {
         parts << (text ? u't' + *text : u"-"_s);
     }
+    parts << (filter.unfiled ? u"u"_s : u"-"_s);
+    if (filter.filed) {
+        parts << u"f%1-%2"_s.arg(filter.filed->first).arg(filter.filed->last)
+              << filter.filed->person;
+    }
     parts << filter.keyword; // last, as it may hold anything
     return parts.join(QChar(0x1f));
 }

@@ -12,6 +12,15 @@ namespace site {
 /// The numbers are those of the console's kinds.
 enum class ListKind { BimPhotos = 1, PdfPhotos = 2, Issues = 3 };
 
+/// Photos that one person filed in one go.
+struct FiledRun {
+    qint64 first = 0; ///< ids, both inclusive
+    qint64 last = 0;
+    QString person; ///< who uploaded them: others file meanwhile
+
+    bool operator==(const FiledRun&) const = default;
+};
+
 /// Absent members mean no limit, but no project means no row.
 struct ListFilter {
     std::vector<qint32> ppids;
@@ -21,11 +30,13 @@ struct ListFilter {
     std::optional<qint32> labelId;
     std::optional<std::pair<qint64, qint64>> modified; ///< both inclusive
     std::optional<QString> positionKey;                ///< of BIM photos
-    std::optional<QString> floor;                      ///< of issues
+    std::optional<QString> floor;                      ///< of issues and BIM photos; "": none
     std::optional<QString> componentHandle;            ///< of issues; only with their floor
     std::optional<qint32> drawingId;                   ///< of drawing photos, as the one below
     std::optional<qint32> checkpointId;
-    bool nothing = false; ///< a value that no row can have was asked for
+    bool unfiled = false;          ///< BIM photos without a floor or a mark that the site has
+    std::optional<FiledRun> filed; ///< of BIM photos
+    bool nothing = false;          ///< a value that no row can have was asked for
 };
 
 struct ListOrder {

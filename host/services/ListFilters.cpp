@@ -1,5 +1,6 @@
 #include "host/services/ListFilters.h"
 
+#include "host/services/ListPresets.h"
 #include "site/RectifyStates.h"
 
 namespace host {
@@ -39,7 +40,9 @@ void AddLabel(const QString& labelId, site::ListFilter& filter) {
 site::ListFilter BimFilterOf(const KX_DATA::PicQueryFilter& filter) {
     site::ListFilter result = CommonFilterOf(filter);
     AddLabel(filter.labelId, result);
-    if (!filter.presetKey.isEmpty()) {
+    if (const auto preset = PresetOfKey(filter.presetKey)) {
+        Limit(result, *preset);
+    } else if (!filter.presetKey.isEmpty()) {
         result.positionKey = filter.presetKey;
     }
     return result;
@@ -47,7 +50,9 @@ site::ListFilter BimFilterOf(const KX_DATA::PicQueryFilter& filter) {
 
 site::ListFilter IssueFilterOf(const KX_DATA::PicQueryFilter& filter) {
     site::ListFilter result = CommonFilterOf(filter);
-    if (!filter.presetKey.isEmpty()) {
+    if (const auto preset = PresetOfKey(filter.presetKey)) {
+        Limit(result, *preset);
+    } else if (!filter.presetKey.isEmpty()) {
         result.floor = filter.presetKey;
         if (!filter.presetExtra.isEmpty()) {
             result.componentHandle = filter.presetExtra;
@@ -60,6 +65,11 @@ site::ListFilter PdfFilterOf(const KX_DATA::PdfQueryFilter& filter) {
     constexpr qint32 kNoLimit = -1;
     site::ListFilter result = CommonFilterOf(filter);
     AddLabel(filter.labelId, result);
+    if (const auto preset = PresetOfNumber(filter.checkpointId)) {
+        // The console adds the present drawing to whatever it is asked for.
+        Limit(result, *preset);
+        return result;
+    }
     if (filter.drawingId != kNoLimit) {
         result.drawingId = filter.drawingId;
     }

@@ -6,6 +6,7 @@
 
 namespace host {
 
+/// A preset of the client's own (ListPresets.h) takes the place of what follows here.
 /// presetKey is a position key; picId never limits.
 [[nodiscard]] site::ListFilter BimFilterOf(const KX_DATA::PicQueryFilter& filter);
 /// presetKey is a floor, presetExtra the handle of a component on it; labels don't limit.

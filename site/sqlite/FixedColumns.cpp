@@ -4,12 +4,13 @@ namespace site {
 
 using namespace Qt::StringLiterals;
 
-FixedColumns FixedOf(const ListFilter& filter) {
+FixedColumns FixedOf(ListKind kind, const ListFilter& filter) {
     FixedColumns fixed;
     if (filter.positionKey) {
         fixed = {{{u"position_key"_s, *filter.positionKey}}, u"bim_by_key"_s};
     }
-    if (filter.floor) {
+    // A floor has as many photos as a mark: see ListHits.
+    if (filter.floor && kind == ListKind::Issues) {
         fixed = {{{u"floor"_s, *filter.floor}}, u"issue_of_floor"_s};
         if (filter.componentHandle) {
             fixed.values.emplace_back(u"component_handle"_s, *filter.componentHandle);

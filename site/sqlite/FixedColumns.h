@@ -14,6 +14,6 @@ struct FixedColumns {
     [[nodiscard]] bool IsEmpty() const { return values.empty(); }
 };
 
-[[nodiscard]] FixedColumns FixedOf(const ListFilter& filter);
+[[nodiscard]] FixedColumns FixedOf(ListKind kind, const ListFilter& filter);
 
 } // namespace site

@@ -4,6 +4,7 @@
 #include "site/sqlite/SearchText.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace site {
 
@@ -32,17 +33,28 @@ QString LabelSql(const ListShape& shape) {
                  " ON p.checkpoint_id = c.checkpoint_id WHERE c.label_id = ? AND p.ppid = ?"_s;
 }
 
-} // namespace
-
-std::shared_ptr<ListHits::Hits> ListHits::Of(const ListShape& shape, const ListFilter& filter,
-                                             quint64 state) {
-    if (filter.keyword.isEmpty() && !filter.labelId) {
-        return nullptr;
-    }
+/// What of a filter decides about the hits.
+ListFilter PartOf(const ListShape& shape, const ListFilter& filter) {
     ListFilter part;
     part.ppids = filter.ppids;
     part.keyword = filter.keyword;
     part.labelId = filter.labelId;
+    if (shape.kind == ListKind::BimPhotos) {
+        part.floor = filter.floor;
+        part.unfiled = filter.unfiled;
+        part.filed = filter.filed;
+    }
+    return part;
+}
+
+} // namespace
+
+std::shared_ptr<ListHits::Hits> ListHits::Of(const ListShape& shape, const ListFilter& filter,
+                                             quint64 state) {
+    const ListFilter part = PartOf(shape, filter);
+    if (part.keyword.isEmpty() && !part.labelId && !part.floor && !part.unfiled && !part.filed) {
+        return nullptr;
+    }
     const QString key = KeyOf(shape.kind, part);
     const auto found = std::find_if(m_kept.begin(), m_kept.end(), [&](const Kept& entry) {
         return entry.key == key && entry.state == state;
@@ -52,18 +64,31 @@ std::shared_ptr<ListHits::Hits> ListHits::Of(const ListShape& shape, const ListF
         return m_kept.front().hits;
     }
     auto hits = std::make_shared<Hits>(Hits{HitSet(shape.firstId), 0});
-    if (!part.keyword.isEmpty()) {
-        AddKeyword(shape, part, hits->set);
-    }
-    if (part.labelId) {
-        HitSet labelled(shape.firstId);
-        AddLabel(shape, part, labelled);
-        if (part.keyword.isEmpty()) {
-            hits->set = std::move(labelled);
-        } else {
-            hits->set.Intersect(labelled);
+    bool isFirst = true;
+    const auto limit = [&](bool wanted, const std::function<void(HitSet&)>& fill) {
+        if (!wanted) {
+            return;
         }
-    }
+        HitSet limited(shape.firstId);
+        fill(limited);
+        if (isFirst) {
+            hits->set = std::move(limited);
+        } else {
+            hits->set.Intersect(limited);
+        }
+        isFirst = false;
+    };
+    limit(!part.keyword.isEmpty(), [&](HitSet& set) { AddKeyword(shape, part, set); });
+    limit(part.labelId.has_value(), [&](HitSet& set) { AddLabel(shape, part, set); });
+    limit(part.floor.has_value(),
+          [&](HitSet& set) { AddRows(part, u"floor = ?"_s, {*part.floor}, set); });
+    limit(part.unfiled, [&](HitSet& set) {
+        AddRows(part, u"(floor = '' OR mark_id NOT IN (SELECT id FROM mark))"_s, {}, set);
+    });
+    limit(part.filed.has_value(), [&](HitSet& set) {
+        AddRows(part, u"id BETWEEN ? AND ? AND uploader = ?"_s,
+                {part.filed->first, part.filed->last, part.filed->person}, set);
+    });
     hits->count = hits->set.Count();
     m_kept.remove_if([&](const Kept& entry) { return entry.key == key; });
     m_kept.push_front({key, state, hits});
@@ -80,6 +105,16 @@ void ListHits::AddKeyword(const ListShape& shape, const ListFilter& filter, HitS
     for (const qint32 ppid : filter.ppids) {
         (void)m_database.Value(sql, {SearchPhrase(filter.keyword), SearchRowId(ppid, 0),
                                      SearchRowId(ppid, 0xffffffffLL)});
+    }
+}
+
+void ListHits::AddRows(const ListFilter& filter, const QString& condition,
+                       const QVariantList& values, HitSet& set) {
+    const HitTarget target(m_database, set);
+    for (const qint32 ppid : filter.ppids) {
+        (void)m_database.Value(u"SELECT count(add_hit(id)) FROM bim_photo WHERE ppid = ? AND "_s +
+                                   condition,
+                               QVariantList{ppid} + values);
     }
 }
 

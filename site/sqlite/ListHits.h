@@ -1,4 +1,4 @@
-// Which rows a keyword and a label leave, kept until the data change.
+// Which rows a keyword, a label and the like leave, kept until the data change.
 #pragma once
 
 #include "site/ListFilter.h"
@@ -20,7 +20,7 @@ public:
         HitSet set;
         qint64 count = 0;
     };
-    /// Null if the filter has neither keyword nor label. Holds rows of the filter's projects only.
+    /// Null if the filter has nothing of that kind. Holds rows of the filter's projects only.
     /// @param state  of the data that the filter is about, see ChangeLog
     [[nodiscard]] std::shared_ptr<Hits> Of(const ListShape& shape, const ListFilter& filter,
                                            quint64 state);
@@ -33,6 +33,8 @@ private:
     };
     void AddKeyword(const ListShape& shape, const ListFilter& filter, HitSet& set);
     void AddLabel(const ListShape& shape, const ListFilter& filter, HitSet& set);
+    void AddRows(const ListFilter& filter, const QString& condition, const QVariantList& values,
+                 HitSet& set);
 
     Database& m_database;
     std::list<Kept> m_kept; ///< latest first

@@ -72,7 +72,8 @@ quint64 ListQuery::StateOf(ListKind kind, const Projects& ppids) const {
     case ListKind::BimPhotos:
         break;
     }
-    return m_database.Log().StateOf({ChangeKind::BimPhoto}, ppids);
+    // Which photos have no mark goes by the marks, too.
+    return m_database.Log().StateOf({ChangeKind::BimPhoto, ChangeKind::Mark}, ppids);
 }
 
 ListPage ListQuery::Fetch(ListKind kind, ListFilter filter, const PageAsked& asked) {
@@ -93,7 +94,7 @@ ListPage ListQuery::Fetch(ListKind kind, ListFilter filter, const PageAsked& ask
                         SortOf(shape, asked.order.field),
                         asked.order.descending,
                         m_listHits.Of(shape, filter, m_state),
-                        FixedOf(filter)};
+                        FixedOf(kind, filter)};
     const HitSource hits(m_database, search.hits);
     result.total = TotalOf(search);
     const PageSpan span = SpanOf(result.total, asked.page, asked.pageSize);

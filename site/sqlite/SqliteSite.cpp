@@ -16,7 +16,7 @@ SqliteSite::SqliteSite(DataFolder& dataFolder)
       m_catalogue(m_folder.Db()), m_filings(m_folder.Db()), m_blobs(m_folder),
       m_picFiling(m_folder), m_places(m_folder),
       m_drafts(m_folder.Path() + u'/' + place::kDrafts, [this] { return m_folder.Now(); }),
-      m_setup(m_folder.Db()) {}
+      m_setup(m_folder.Db()), m_bulk(m_folder.Db()), m_statistics(m_folder.Db()) {}
 
 SqliteSite::SqliteSite(std::unique_ptr<DataFolder> dataFolder) : SqliteSite(*dataFolder) {
     m_owned = std::move(dataFolder);

@@ -5,6 +5,7 @@
 #include "site/blobs/DraftFolder.h"
 #include "site/sqlite/BimPhotos.h"
 #include "site/sqlite/Bin.h"
+#include "site/sqlite/BulkFiling.h"
 #include "site/sqlite/Catalogue.h"
 #include "site/sqlite/ChangeFeed.h"
 #include "site/sqlite/Comments.h"
@@ -22,6 +23,7 @@
 #include "site/sqlite/PdfPhotos.h"
 #include "site/sqlite/RichTexts.h"
 #include "site/sqlite/Setup.h"
+#include "site/sqlite/Statistics.h"
 
 namespace site {
 
@@ -45,6 +47,8 @@ public:
     [[nodiscard]] IBlobs& Blobs() override { return m_blobs; }
     [[nodiscard]] IPicFiling& PicFiling() override { return m_picFiling; }
     [[nodiscard]] ISetup& Setup() override { return m_setup; }
+    [[nodiscard]] IBulkFiling& BulkFiling() override { return m_bulk; }
+    [[nodiscard]] IStatistics& Statistics() override { return m_statistics; }
     [[nodiscard]] std::unique_ptr<IIntake> NewIntake() override;
     [[nodiscard]] IClientFolders& Folders() override { return m_places; }
     [[nodiscard]] IChanges& Changes() override { return m_feed; }
@@ -80,6 +84,8 @@ private:
     FolderPlaces m_places;
     DraftFolder m_drafts;
     site::Setup m_setup;
+    site::BulkFiling m_bulk;
+    site::Statistics m_statistics;
 };
 
 } // namespace site
