@@ -1,7 +1,9 @@
 #include "host/ui/MessageBar.h"
 
+#include "host/ui/WindowKeys.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
+#include "toolkit/controls/UnderLineButton.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -11,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include <array>
+#include <utility>
 
 namespace host {
 
@@ -47,6 +50,12 @@ QToolButton* MakeButton(QWidget* parent, const QString& name, const QString& ico
     return button;
 }
 
+/// Later: the click on its own button may still be under way.
+void RemoveLater(QWidget* widget) {
+    widget->hide();
+    widget->deleteLater();
+}
+
 } // namespace
 
 MessageBar::MessageBar(QWidget* parent) : QFrame(parent) {
@@ -58,9 +67,14 @@ MessageBar::MessageBar(QWidget* parent) : QFrame(parent) {
     hide();
 }
 
-void MessageBar::Show(MessageKind kind, const QString& text) {
-    m_list.Add(kind, text);
+MessageBar::~MessageBar() {
+    m_list.Clear();
+}
+
+qint64 MessageBar::Show(MessageKind kind, const QString& text, MessageAction action) {
+    const qint64 id = m_list.Add(kind, text, std::move(action));
     Rebuild();
+    return id;
 }
 
 void MessageBar::Clear() {
@@ -74,21 +88,65 @@ void MessageBar::Withdraw(const QString& beginning) {
     }
 }
 
+void MessageBar::Withdraw(qint64 id) {
+    m_list.Remove(id);
+    Rebuild();
+}
+
+void MessageBar::keyPressEvent(QKeyEvent* event) {
+    if (!PressByEnter(*this, *event)) {
+        QFrame::keyPressEvent(event);
+    }
+}
+
+void MessageBar::Act(qint64 id) {
+    const std::function<void()> work = m_list.TakeWork(id);
+    Rebuild();
+    if (work) {
+        work();
+    }
+}
+
 void MessageBar::Rebuild() {
-    while (QLayoutItem* item = m_lines->takeAt(0)) {
-        item->widget()->hide();
-        // Later: the click on its own close button may still be under way.
-        item->widget()->deleteLater();
-        delete item;
+    std::map<qint64, QWidget*> before;
+    before.swap(m_lineOf);
+    for (const HostMessage& message : m_list.All()) {
+        const auto known = before.find(message.id);
+        QWidget* line = known != before.end() ? known->second : MakeLine(message);
+        if (known != before.end()) {
+            before.erase(known);
+            m_lines->removeWidget(line);
+        }
+        m_lines->addWidget(line);
+        line->raise(); // readers of the screen meet children in this order
+        m_lineOf[message.id] = line;
+        line->findChild<QLabel*>(u"messageText"_s)->setText(MessageLine(message));
+        auto* act = line->findChild<UnderLineButton*>(u"messageAction"_s);
+        if (act != nullptr && message.action.caption.isEmpty()) {
+            RemoveLater(act);
+        }
     }
-    for (int at = 0; at < int(m_list.All().size()); ++at) {
-        m_lines->addWidget(MakeLine(at));
+    for (const auto& [id, line] : before) {
+        m_lines->removeWidget(line);
+        RemoveLater(line);
     }
+    PutInTabOrder();
     setVisible(!m_list.All().empty());
 }
 
-QWidget* MessageBar::MakeLine(int at) {
-    const HostMessage& message = m_list.All()[at];
+void MessageBar::PutInTabOrder() {
+    QWidget* last = this;
+    for (const HostMessage& message : m_list.All()) {
+        for (QWidget* part : m_lineOf[message.id]->findChildren<QWidget*>()) {
+            if (part->focusPolicy() != Qt::NoFocus) {
+                setTabOrder(last, part);
+                last = part;
+            }
+        }
+    }
+}
+
+QWidget* MessageBar::MakeLine(const HostMessage& message) {
     const KindLook& look = LookOf(message.kind);
     auto* line = new QFrame(this);
     line->setObjectName(u"messageLine"_s);
@@ -106,26 +164,40 @@ QWidget* MessageBar::MakeLine(int at) {
     } else {
         sign->setPixmap(icon.pixmap(16, 16));
     }
-    auto* text = new QLabel(MessageLine(message), line);
+    auto* text = new QLabel(line);
     text->setObjectName(u"messageText"_s);
     text->setTextFormat(Qt::PlainText);
     text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     text->setWordWrap(true);
     text->setContentsMargins(0, 4, 0, 4);
     text->setAccessibleName(look.name);
-    auto* copy = MakeButton(line, u"messageCopy"_s, u"copy"_s, u"复制这条消息"_s);
-    auto* close = MakeButton(line, u"messageClose"_s, u"close"_s, u"关闭这条消息"_s);
     row->addWidget(sign, 0, Qt::AlignTop);
     row->addWidget(text, 1);
+    AddButtons(line, message);
+    return line;
+}
+
+void MessageBar::AddButtons(QWidget* line, const HostMessage& message) {
+    auto* row = static_cast<QHBoxLayout*>(line->layout());
+    const qint64 id = message.id;
+    if (!message.action.caption.isEmpty()) {
+        auto* act = new UnderLineButton(line);
+        act->setObjectName(u"messageAction"_s);
+        act->setText(message.action.caption);
+        act->setToolTip(toolkit::PlainTip(message.action.tip));
+        // A reader of screens hears what it is about, not "undo" alone.
+        act->setAccessibleName(u"%1：%2"_s.arg(message.action.caption, message.text));
+        row->addWidget(act, 0, Qt::AlignTop);
+        connect(act, &UnderLineButton::clicked, this, [this, id] { Act(id); });
+    }
+    auto* copy = MakeButton(line, u"messageCopy"_s, u"copy"_s, u"复制这条消息"_s);
+    auto* close = MakeButton(line, u"messageClose"_s, u"close"_s, u"关闭这条消息"_s);
     row->addWidget(copy, 0, Qt::AlignTop);
     row->addWidget(close, 0, Qt::AlignTop);
-    connect(copy, &QToolButton::clicked, this,
-            [this, at] { QApplication::clipboard()->setText(MessageLine(m_list.All()[at])); });
-    connect(close, &QToolButton::clicked, this, [this, at] {
-        m_list.Remove(at);
-        Rebuild();
-    });
-    return line;
+    const auto* text = line->findChild<QLabel*>(u"messageText"_s);
+    connect(copy, &QToolButton::clicked, text,
+            [text] { QApplication::clipboard()->setText(text->text()); });
+    connect(close, &QToolButton::clicked, this, [this, id] { Withdraw(id); });
 }
 
 } // namespace host
