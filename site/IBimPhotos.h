@@ -29,8 +29,10 @@ public:
     [[nodiscard]] virtual std::vector<KX_DATA::PicFileEntry>
     FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId) = 0;
 
-    /// Counts as a change by nobody: people and times stay. Returns how many there were.
-    virtual int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) = 0;
+    /// Counts as a change by nobody: people and times stay. Returns how many there were. `changed`
+    /// gets those that had another status before; null: nobody asks.
+    virtual int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status,
+                          std::vector<NamedPhoto>* changed = nullptr) = 0;
     /// The signature becomes updater and time. The position key decides about floor and axes: they
     /// are what the model says of it, and stay where the model has the photo's key no longer.
     /// Throws, with nothing changed, for another key that the project hasn't and for an unknown

@@ -27,25 +27,28 @@ struct BinEntry {
     qint64 deletedAt = 0; ///< seconds since 1970
 };
 
-/// Operations throw DataError; changes are one transaction each. Thread: the site's.
+/// Operations throw DataError; changes are one transaction each. `made` and `restored` get the
+/// entries of the bin that this very operation made or brought back, behind what they hold; null:
+/// nobody asks, and as they were where it failed. Thread: the site's.
 class IBin {
 public:
     virtual ~IBin() = default;
 
     /// Ids that none of the projects has are passed over; returns how many went, here and below.
     virtual int DeleteBimPhotos(const Projects& projects, const std::vector<qint32>& picIds,
-                                const Signature& by) = 0;
-    virtual int DeletePdfPhotos(qint32 ppid, const std::vector<qint32>& picIds,
-                                const Signature& by) = 0;
+                                const Signature& by, std::vector<BinEntry>* made = nullptr) = 0;
+    virtual int DeletePdfPhotos(qint32 ppid, const std::vector<qint32>& picIds, const Signature& by,
+                                std::vector<BinEntry>* made = nullptr) = 0;
     virtual int DeleteIssues(const Projects& projects, const std::vector<QString>& questionIds,
-                             const Signature& by) = 0;
+                             const Signature& by, std::vector<BinEntry>* made = nullptr) = 0;
 
     /// With its labels, comments, note and record. Refused, with a sentence, while photos hang on
     /// it, hidden ones too. False for one of none of the projects, as below.
     virtual bool DeleteCheckpoint(const Projects& projects, qint32 checkpointId,
-                                  const Signature& by) = 0;
+                                  const Signature& by, std::vector<BinEntry>* made = nullptr) = 0;
     /// Refused, with a sentence, while checkpoints lie on it.
-    virtual bool DeleteDrawing(const Projects& projects, qint32 drawingId, const Signature& by) = 0;
+    virtual bool DeleteDrawing(const Projects& projects, qint32 drawingId, const Signature& by,
+                               std::vector<BinEntry>* made = nullptr) = 0;
 
     /// Of the whole site, as the two below: what was deleted comes back in whatever project it was.
     /// Latest first.
@@ -53,7 +56,8 @@ public:
     /// Brings rows, labels and files back under their old ids; ids that the bin doesn't have are
     /// passed over. What lies on another entry comes back with it, in any order. All or none: an
     /// entry that can't come back is named in the fault, and stays.
-    virtual int Restore(const std::vector<qint64>& binIds) = 0;
+    virtual int Restore(const std::vector<qint64>& binIds,
+                        std::vector<qint64>* restored = nullptr) = 0;
     /// Ends them for good.
     virtual void Purge(const std::vector<qint64>& binIds) = 0;
 };

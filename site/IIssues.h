@@ -10,6 +10,8 @@
 
 namespace site {
 
+struct BinEntry;
+
 /// Where an issue is found.
 struct IssueRef {
     qint32 ppid = 0;
@@ -45,9 +47,10 @@ public:
                                                                const QString& text) = 0;
 
     /// Counts as a change by nobody: people and times stay; the history names who did it. Returns
-    /// how many there were.
+    /// how many there were. `changed` gets those that had another status before, with their
+    /// themes; null: nobody asks.
     virtual int SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status,
-                          const Signature& by = {}) = 0;
+                          const Signature& by = {}, std::vector<NamedIssue>* changed = nullptr) = 0;
     /// What an update can't know stays as it is: the component for an empty handle, the mark for a
     /// number of 0 or less, the status for a number that is none, the code for an empty text. A
     /// component gives the issue its floor, its place and its names; throws Missing, with a
@@ -56,11 +59,11 @@ public:
     ///              whatever was before is overwritten.
     [[nodiscard]] virtual Saved Update(qint32 ppid, const KX_DATA::IssueUpdate& update,
                                        const Signature& by, std::optional<Revision> seen = {}) = 0;
-    /// Into the bin. False, with nothing changed, if one of them is no picture of an issue there,
-    /// and for pictures of rectifications, which have an operation of their own.
+    /// Into the bin; `made` as there. False, with nothing changed, if one of them is no picture of
+    /// an issue there, and for pictures of rectifications, which have an operation of their own.
     [[nodiscard]] virtual bool DeletePics(const Projects& projects,
-                                          const std::vector<QString>& picIds,
-                                          const Signature& by) = 0;
+                                          const std::vector<QString>& picIds, const Signature& by,
+                                          std::vector<BinEntry>* made = nullptr) = 0;
 
     /// Who signs a change of the rectification is its rectifier from then on, here and below. A
     /// number that is no state leaves the state as it is.
@@ -74,12 +77,13 @@ public:
     [[nodiscard]] virtual bool AddRectifyPics(const Projects& projects, const QString& questionId,
                                               const std::vector<KX_DATA::QuestionPicRecord>& pics,
                                               const Signature& by) = 0;
-    /// Into the bin. False, with nothing changed, if one of them isn't a picture of this
-    /// rectification.
+    /// Into the bin; `made` as there. False, with nothing changed, if one of them isn't a picture
+    /// of this rectification.
     [[nodiscard]] virtual bool DeleteRectifyPics(const Projects& projects,
                                                  const QString& questionId,
                                                  const std::vector<QString>& picIds,
-                                                 const Signature& by) = 0;
+                                                 const Signature& by,
+                                                 std::vector<BinEntry>* made = nullptr) = 0;
     /// Of the whole site: marks in use on any issue that the mark table knows.
     [[nodiscard]] virtual std::vector<qint32> UsedMarks() = 0;
 };

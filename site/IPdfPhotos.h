@@ -23,8 +23,10 @@ public:
                                                          KX_DATA::PdfPicDetail& detail) = 0;
     [[nodiscard]] virtual std::optional<Revision>
     PicDetail(qint32 ppid, qint32 picId, KX_DATA::CheckpointPicDetail& detail) = 0;
-    /// Counts as a change by nobody: people and times stay. Returns how many there were.
-    virtual int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) = 0;
+    /// Counts as a change by nobody: people and times stay. Returns how many there were. `changed`
+    /// gets those that had another status before; null: nobody asks.
+    virtual int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status,
+                          std::vector<NamedPhoto>* changed = nullptr) = 0;
     /// A point of 0 or less leaves the photo where it is, a status that is none as it is; one that
     /// isn't there, or not in the project, is Missing with a sentence that asks for another.
     /// @param seen  the state that the person saw, hidden or shown and its mark with it; none:

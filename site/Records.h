@@ -44,6 +44,18 @@ struct LoggedAction {
     QString action;
 };
 
+/// A photo and its file name, for who must tell of it when it is gone.
+struct NamedPhoto {
+    qint32 picId = 0;
+    QString name;
+};
+
+/// An issue and its theme.
+struct NamedIssue {
+    QString questionId;
+    QString theme;
+};
+
 /// Who makes a change, and when: seconds since 1970.
 struct Signature {
     QString person;

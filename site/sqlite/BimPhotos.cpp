@@ -191,15 +191,25 @@ BimPhotos::FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markI
     return files;
 }
 
-int BimPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) {
+int BimPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status,
+                         std::vector<NamedPhoto>* changed) {
     int count = 0;
+    std::vector<NamedPhoto> others;
     Transaction transaction(m_database);
     for (const qint32 picId : picIds) {
+        m_database.ForEach(
+            u"SELECT name FROM bim_photo WHERE id = ? AND ppid = ? AND status <> ?"_s,
+            {picId, ppid, status}, [&](const Statement& read) {
+                others.push_back({picId, read.Text(0)});
+            });
         count += m_database.Exec(u"UPDATE bim_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
                                  {status, picId, ppid});
         m_database.Log().Note(ChangeKind::BimPhoto, ppid, picId);
     }
     transaction.Commit();
+    if (changed != nullptr) {
+        changed->insert(changed->end(), others.begin(), others.end());
+    }
     return count;
 }
 

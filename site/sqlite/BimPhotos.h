@@ -22,7 +22,8 @@ public:
     Files(const Projects& projects, const std::vector<qint32>& picIds) override;
     [[nodiscard]] std::vector<KX_DATA::PicFileEntry>
     FilesByPosition(qint32 ppid, const QString& positionKey, qint32 markId) override;
-    int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) override;
+    int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status,
+                  std::vector<NamedPhoto>* changed = nullptr) override;
     [[nodiscard]] Saved Update(qint32 ppid, const KX_DATA::BimPicUpdate& update,
                                const Signature& by, std::optional<Revision> seen) override;
     [[nodiscard]] std::vector<KX_DATA::LabelEntry> UsedLabels() override;

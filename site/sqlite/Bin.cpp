@@ -87,7 +87,7 @@ void Bin::RequireNothingOn(BinKind kind, qint64 objectId, const QString& title) 
 }
 
 bool Bin::Take(BinKind kind, qint64 objectId, const Projects& projects, const Signature& by,
-               std::vector<QString>& files) {
+               BinTaken& taken) {
     BinContent content = TakeContent(m_database, kind, objectId);
     if (content.title.isNull() || !Has(projects, content.ppid)) {
         return false;
@@ -99,10 +99,11 @@ bool Bin::Take(BinKind kind, qint64 objectId, const Projects& projects, const Si
         u"INSERT INTO bin (kind, ppid, object_id, title, deleted_by, deleted_at, content)"
         " VALUES (?, ?, ?, ?, ?, ?, ?)"_s,
         {static_cast<int>(kind), content.ppid, objectId, content.title, by.person, by.at, json});
+    taken.entries.push_back({binId, kind, content.ppid, content.title, by.person, by.at});
     for (const QString& uuid : content.files) {
         m_database.Exec(u"DELETE FROM file WHERE uuid = ?"_s, {uuid});
         m_database.Exec(u"INSERT INTO bin_file (uuid, bin_id) VALUES (?, ?)"_s, {uuid, binId});
-        files.push_back(uuid);
+        taken.files.push_back(uuid);
     }
     if (IsListed(kind)) {
         RemoveSearchRow(m_database, ListOf(kind), objectId);
@@ -113,38 +114,42 @@ bool Bin::Take(BinKind kind, qint64 objectId, const Projects& projects, const Si
     return true;
 }
 
-void Bin::MoveFiles(const std::vector<QString>& files) {
-    for (const QString& uuid : files) {
+void Bin::Finish(const BinTaken& taken, std::vector<BinEntry>* made) {
+    // First: it is committed, whatever becomes of the files, which the next opening puts right.
+    if (made != nullptr) {
+        made->insert(made->end(), taken.entries.begin(), taken.entries.end());
+    }
+    for (const QString& uuid : taken.files) {
         m_store.MoveToBin(uuid);
     }
 }
 
 int Bin::Delete(BinKind kind, const std::function<std::vector<qint64>()>& ids,
-                const Projects& projects, const Signature& by) {
-    std::vector<QString> files;
-    int count = 0;
+                const Projects& projects, const Signature& by, std::vector<BinEntry>* made) {
+    BinTaken taken;
     Transaction transaction(m_database);
     for (const qint64 id : ids()) {
-        count += Take(kind, id, projects, by, files) ? 1 : 0;
+        (void)Take(kind, id, projects, by, taken);
     }
     transaction.Commit();
-    MoveFiles(files);
-    return count;
+    Finish(taken, made);
+    return static_cast<int>(taken.entries.size());
 }
 
 int Bin::DeleteBimPhotos(const Projects& projects, const std::vector<qint32>& picIds,
-                         const Signature& by) {
+                         const Signature& by, std::vector<BinEntry>* made) {
     return Delete(
-        BinKind::BimPhoto, [&] { return Ids(picIds); }, projects, by);
+        BinKind::BimPhoto, [&] { return Ids(picIds); }, projects, by, made);
 }
 
-int Bin::DeletePdfPhotos(qint32 ppid, const std::vector<qint32>& picIds, const Signature& by) {
+int Bin::DeletePdfPhotos(qint32 ppid, const std::vector<qint32>& picIds, const Signature& by,
+                         std::vector<BinEntry>* made) {
     return Delete(
-        BinKind::PdfPhoto, [&] { return Ids(picIds); }, {ppid}, by);
+        BinKind::PdfPhoto, [&] { return Ids(picIds); }, {ppid}, by, made);
 }
 
 int Bin::DeleteIssues(const Projects& projects, const std::vector<QString>& questionIds,
-                      const Signature& by) {
+                      const Signature& by, std::vector<BinEntry>* made) {
     const auto ids = [&] {
         std::vector<qint64> found;
         for (const QString& questionId : questionIds) {
@@ -156,17 +161,19 @@ int Bin::DeleteIssues(const Projects& projects, const std::vector<QString>& ques
         }
         return found;
     };
-    return Delete(BinKind::Issue, ids, projects, by);
+    return Delete(BinKind::Issue, ids, projects, by, made);
 }
 
-bool Bin::DeleteCheckpoint(const Projects& projects, qint32 checkpointId, const Signature& by) {
+bool Bin::DeleteCheckpoint(const Projects& projects, qint32 checkpointId, const Signature& by,
+                           std::vector<BinEntry>* made) {
     const auto ids = [&] { return std::vector<qint64>{checkpointId}; };
-    return Delete(BinKind::Checkpoint, ids, projects, by) == 1;
+    return Delete(BinKind::Checkpoint, ids, projects, by, made) == 1;
 }
 
-bool Bin::DeleteDrawing(const Projects& projects, qint32 drawingId, const Signature& by) {
+bool Bin::DeleteDrawing(const Projects& projects, qint32 drawingId, const Signature& by,
+                        std::vector<BinEntry>* made) {
     const auto ids = [&] { return std::vector<qint64>{drawingId}; };
-    return Delete(BinKind::Drawing, ids, projects, by) == 1;
+    return Delete(BinKind::Drawing, ids, projects, by, made) == 1;
 }
 
 std::vector<BinEntry> Bin::List() {
@@ -251,19 +258,21 @@ std::vector<qint64> Bin::InOrderOfRestoring(const std::vector<qint64>& binIds) {
     return ids;
 }
 
-int Bin::Restore(const std::vector<qint64>& binIds) {
+int Bin::Restore(const std::vector<qint64>& binIds, std::vector<qint64>* restored) {
     std::vector<QString> files;
-    int count = 0;
     Transaction transaction(m_database);
-    for (const qint64 binId : InOrderOfRestoring(binIds)) {
+    const std::vector<qint64> present = InOrderOfRestoring(binIds);
+    for (const qint64 binId : present) {
         RestoreEntry(binId, files);
-        ++count;
     }
     transaction.Commit();
+    if (restored != nullptr) {
+        restored->insert(restored->end(), present.begin(), present.end());
+    }
     for (const QString& uuid : files) {
         m_store.MoveFromBin(uuid);
     }
-    return count;
+    return static_cast<int>(present.size());
 }
 
 void Bin::Purge(const std::vector<qint64>& binIds) {

@@ -35,22 +35,32 @@ QString ComponentText(const QString& floor, const QString& subName, const QStrin
 } // namespace
 
 int IssueEdits::SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status,
-                          const Signature& by) {
+                          const Signature& by, std::vector<NamedIssue>* changed) {
     int count = 0;
+    std::vector<NamedIssue> others;
     Transaction transaction(m_database);
     for (const QString& questionId : questionIds) {
         const std::optional<IssueKey> key = KeyOf(m_database, {ppid}, questionId);
         if (!key) {
             continue;
         }
-        const qint32 old =
-            m_database.Value(u"SELECT status FROM issue WHERE id = ?"_s, {key->id}).toInt();
+        qint32 old = status;
+        m_database.ForEach(u"SELECT status, theme FROM issue WHERE id = ?"_s, {key->id},
+                           [&](const Statement& read) {
+                               old = read.Int(0);
+                               if (old != status) {
+                                   others.push_back({questionId, read.Text(1)});
+                               }
+                           });
         count += m_database.Exec(u"UPDATE issue SET status = ? WHERE id = ?"_s, {status, key->id});
         NoteDeed(m_database, key->id, by,
                  {0, {}, IssueDeed::Status, ShownText(old), ShownText(status), 0});
         m_database.Log().Note(ChangeKind::Issue, ppid, key->id, by.person);
     }
     transaction.Commit();
+    if (changed != nullptr) {
+        changed->insert(changed->end(), others.begin(), others.end());
+    }
     return count;
 }
 

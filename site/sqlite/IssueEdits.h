@@ -18,7 +18,7 @@ public:
     explicit IssueEdits(Database& owner) : m_database(owner) {}
 
     int SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status,
-                  const Signature& by);
+                  const Signature& by, std::vector<NamedIssue>* changed);
     [[nodiscard]] Saved Update(qint32 ppid, const KX_DATA::IssueUpdate& update, const Signature& by,
                                std::optional<Revision> seen);
     [[nodiscard]] bool SaveRectification(const Projects& projects,

@@ -35,39 +35,47 @@ std::optional<IssuePics::Pic> IssuePics::Find(const QString& picId) {
 }
 
 bool IssuePics::DeletePics(const Projects& projects, const std::vector<QString>& picIds,
-                           const Signature& by) {
-    return Remove(projects, picIds, by, [](const Pic& pic) { return !pic.rectification; });
+                           const Signature& by, std::vector<BinEntry>* made) {
+    BinTaken taken;
+    Transaction transaction(m_database);
+    const bool good =
+        Remove(projects, picIds, by, taken, [](const Pic& pic) { return !pic.rectification; });
+    if (good) {
+        transaction.Commit();
+        m_bin.Finish(taken, made);
+    }
+    return good;
 }
 
 bool IssuePics::DeleteRectifyPics(const Projects& projects, const QString& questionId,
-                                  const std::vector<QString>& picIds, const Signature& by) {
+                                  const std::vector<QString>& picIds, const Signature& by,
+                                  std::vector<BinEntry>* made) {
+    BinTaken taken;
     Transaction transaction(m_database);
     const std::optional<IssueKey> key = KeyOf(m_database, projects, questionId);
-    const bool good = key && Remove(projects, picIds, by, [&](const Pic& pic) {
+    const bool good = key && Remove(projects, picIds, by, taken, [&](const Pic& pic) {
                           return pic.rectification && pic.issueId == key->id;
                       });
     if (good) {
         SignRectification(m_database, key->id, by);
         transaction.Commit();
+        m_bin.Finish(taken, made);
     }
     return good;
 }
 
 bool IssuePics::Remove(const Projects& projects, const std::vector<QString>& picIds,
-                       const Signature& by, const std::function<bool(const Pic&)>& mayGo) {
-    std::vector<QString> files;
+                       const Signature& by, BinTaken& taken,
+                       const std::function<bool(const Pic&)>& mayGo) {
     std::vector<Pic> gone;
-    Transaction transaction(m_database);
     for (const QString& picId : picIds) {
         const std::optional<Pic> pic = Find(picId);
-        if (!pic || !mayGo(*pic) || !m_bin.Take(BinKind::IssuePic, pic->id, projects, by, files)) {
+        if (!pic || !mayGo(*pic) || !m_bin.Take(BinKind::IssuePic, pic->id, projects, by, taken)) {
             return false;
         }
         gone.push_back(*pic);
     }
     NoteRemoved(gone, by);
-    transaction.Commit();
-    m_bin.MoveFiles(files);
     return true;
 }
 

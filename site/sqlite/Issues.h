@@ -26,16 +26,16 @@ public:
     [[nodiscard]] std::optional<IssueRef> FindByQrCode(const Projects& projects,
                                                        const QString& text) override;
     int SetStatus(qint32 ppid, const std::vector<QString>& questionIds, qint32 status,
-                  const Signature& by) override {
-        return m_edits.SetStatus(ppid, questionIds, status, by);
+                  const Signature& by, std::vector<NamedIssue>* changed) override {
+        return m_edits.SetStatus(ppid, questionIds, status, by, changed);
     }
     [[nodiscard]] Saved Update(qint32 ppid, const KX_DATA::IssueUpdate& update, const Signature& by,
                                std::optional<Revision> seen) override {
         return m_edits.Update(ppid, update, by, seen);
     }
     [[nodiscard]] bool DeletePics(const Projects& projects, const std::vector<QString>& picIds,
-                                  const Signature& by) override {
-        return m_pics.DeletePics(projects, picIds, by);
+                                  const Signature& by, std::vector<BinEntry>* made) override {
+        return m_pics.DeletePics(projects, picIds, by, made);
     }
     [[nodiscard]] bool SaveRectification(const Projects& projects,
                                          const KX_DATA::RectifySave& record,
@@ -48,9 +48,9 @@ public:
         return m_pics.AddRectifyPics(projects, questionId, pics, by);
     }
     [[nodiscard]] bool DeleteRectifyPics(const Projects& projects, const QString& questionId,
-                                         const std::vector<QString>& picIds,
-                                         const Signature& by) override {
-        return m_pics.DeleteRectifyPics(projects, questionId, picIds, by);
+                                         const std::vector<QString>& picIds, const Signature& by,
+                                         std::vector<BinEntry>* made) override {
+        return m_pics.DeleteRectifyPics(projects, questionId, picIds, by, made);
     }
     [[nodiscard]] std::vector<qint32> UsedMarks() override;
 

@@ -113,15 +113,25 @@ std::optional<Revision> PdfPhotos::PicDetail(qint32 ppid, qint32 picId,
     return found;
 }
 
-int PdfPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) {
+int PdfPhotos::SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status,
+                         std::vector<NamedPhoto>* changed) {
     int count = 0;
+    std::vector<NamedPhoto> others;
     Transaction transaction(m_database);
     for (const qint32 picId : picIds) {
+        m_database.ForEach(
+            u"SELECT name FROM pdf_photo WHERE id = ? AND ppid = ? AND status <> ?"_s,
+            {picId, ppid, status}, [&](const Statement& read) {
+                others.push_back({picId, read.Text(0)});
+            });
         count += m_database.Exec(u"UPDATE pdf_photo SET status = ? WHERE id = ? AND ppid = ?"_s,
                                  {status, picId, ppid});
         m_database.Log().Note(ChangeKind::PdfPhoto, ppid, picId);
     }
     transaction.Commit();
+    if (changed != nullptr) {
+        changed->insert(changed->end(), others.begin(), others.end());
+    }
     return count;
 }
 

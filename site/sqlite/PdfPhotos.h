@@ -18,7 +18,8 @@ public:
                                                  KX_DATA::PdfPicDetail& detail) override;
     [[nodiscard]] std::optional<Revision> PicDetail(qint32 ppid, qint32 picId,
                                                     KX_DATA::CheckpointPicDetail& detail) override;
-    int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status) override;
+    int SetStatus(qint32 ppid, const std::vector<qint32>& picIds, qint32 status,
+                  std::vector<NamedPhoto>* changed = nullptr) override;
     [[nodiscard]] Saved Update(qint32 ppid, const KX_DATA::PdfPicUpdate& update,
                                const Signature& by, std::optional<Revision> seen) override;
     [[nodiscard]] qint32 ProjectOf(const Projects& projects, qint32 checkpointId,
