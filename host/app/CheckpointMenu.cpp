@@ -3,6 +3,7 @@
 #include "host/app/DrawingFlow.h"
 #include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
+#include "host/app/UndoFlow.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/drawing/DrawingPane.h"
 #include "services/IKXAuthMng.h"
@@ -203,9 +204,11 @@ void CheckpointMenu::Remove(qint32 pointId) {
     }
     HostSession& session = m_parts.session;
     WithoutFault(session, [&] {
+        std::vector<site::BinEntry> made;
         const bool isRemoved = session.Site().Bin().DeleteCheckpoint(
-            session.OpenPpids(), pointId, {session.UserName(), session.Site().Now()});
+            session.OpenPpids(), pointId, {session.UserName(), session.Site().Now()}, &made);
         if (isRemoved) {
+            m_parts.undo.Note(DeedOf(made));
             session.Actions().Write(u"删除%1"_s.arg(name));
         }
         m_parts.window.ShowStatus(isRemoved ? u"已删除%1"_s.arg(name) : u"%1已被删除"_s.arg(name));

@@ -22,6 +22,7 @@ class DrawingPane;
 class HostSession;
 class ImportFlow;
 class MainWindow;
+class UndoFlow;
 
 /// The menu on the sheet; setting, moving and removing checkpoints; photos that are filed on one.
 /// Session, window and flows must outlive it. Thread: user interface.
@@ -34,6 +35,7 @@ public:
         MainWindow& window;
         DrawingFlow& drawings;
         ImportFlow& imports;
+        UndoFlow& undo;
     };
 
     explicit CheckpointMenu(const Parts& parts);

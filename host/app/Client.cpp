@@ -16,6 +16,7 @@
 #include "host/app/ReportOutput.h"
 #include "host/app/RichTextFlow.h"
 #include "host/app/SheetFlow.h"
+#include "host/app/UndoFlow.h"
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/ActionLogModel.h"
 #include "host/ui/MainWindow.h"
@@ -84,6 +85,7 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     ConnectSession();
     ConnectSink();
     ConnectComponents();
+    ConnectUndo();
     if (auto lack = m_module.Load(moduleFolder)) {
         return lack;
     }
@@ -140,6 +142,7 @@ void Client::Stop() {
     m_progress.Close();
     m_strip.CloseProgressBar();
     m_serving.TakeBack();
+    m_undo.reset();
     m_session.Desk()->SetMessageSink({});
     m_session.Actions().SetSink({});
     m_window->disconnect(this);
@@ -282,6 +285,20 @@ void Client::ConnectComponents() {
     });
 }
 
+void Client::ConnectUndo() {
+    m_undo = std::make_unique<UndoFlow>(m_session, *m_window);
+    m_serving.Around().deedDone = [this](const DoneDeed& deed) { m_undo->Note(deed); };
+    m_binSource.SetRestored(
+        [this](const std::vector<qint64>& binIds) { m_undo->EntriesRestored(binIds); });
+    connect(m_undo.get(), &UndoFlow::Undone, this, [this] {
+        if (m_binWindow) {
+            m_binWindow->Reload();
+        }
+        ReadAnew();
+        RefreshModule();
+    });
+}
+
 void Client::ShowProperties(qint32 ppid, const QString& floor, const QString& handle) {
     const ComponentFacts facts = ReadComponentFacts(m_session, ppid, floor, handle);
     if (facts.title.isEmpty()) {
@@ -352,7 +369,7 @@ void Client::MakeDrawingFlows() {
         DrawingFlow::Parts{m_session, *m_window, *m_module.Pictures()});
     m_drawingImport = std::make_unique<DrawingImport>(m_session, *m_window);
     m_checkpoints = std::make_unique<CheckpointMenu>(
-        CheckpointMenu::Parts{m_session, *m_window, *m_drawings, *m_imports});
+        CheckpointMenu::Parts{m_session, *m_window, *m_drawings, *m_imports, *m_undo});
     connect(m_drawings.get(), &DrawingFlow::Changed, this, &Client::EnableCommands);
     connect(m_drawingImport.get(), &DrawingImport::Imported, m_drawings.get(),
             &DrawingFlow::ShowDrawing);

@@ -37,6 +37,7 @@ class ReminderFlow;
 class ReportOutput;
 class RichTextFlow;
 class SheetFlow;
+class UndoFlow;
 
 /// Makes the main window over a session whose folder is open and whose user is signed in, loads the
 /// module and carries orders from one to the other. Start and Stop keep the order in which things
@@ -64,6 +65,7 @@ private:
     void ConnectSession();
     void ConnectSink();
     void ConnectComponents();
+    void ConnectUndo();
     void Obey(Command command);
     void ObeyHost(Command command);
     void MakeProject();
@@ -117,6 +119,7 @@ private:
     std::unique_ptr<DrawingImport> m_drawingImport;
     std::unique_ptr<CheckpointMenu> m_checkpoints;
     std::unique_ptr<SheetFlow> m_sheets;
+    std::unique_ptr<UndoFlow> m_undo;
     QPointer<BinWindow> m_binWindow;
     std::vector<ProjectChoice> m_choices;
 };

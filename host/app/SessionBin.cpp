@@ -37,7 +37,11 @@ std::vector<BinRow> SessionBin::ReadBin() {
 int SessionBin::RestoreFromBin(const std::vector<qint64>& binIds) {
     int restored = 0;
     WithoutFault(m_session, [&] {
-        restored = m_session.Site().Bin().Restore(binIds);
+        std::vector<qint64> back;
+        restored = m_session.Site().Bin().Restore(binIds, &back);
+        if (m_restored) {
+            m_restored(back);
+        }
         m_session.Actions().Write(u"从回收站恢复 %1 项"_s.arg(restored));
     });
     return restored;

@@ -3,6 +3,8 @@
 
 #include "host/ui/BinWindow.h"
 
+#include <functional>
+
 namespace host {
 
 class HostSession;
@@ -14,9 +16,14 @@ public:
 
     [[nodiscard]] std::vector<BinRow> ReadBin() override;
     int RestoreFromBin(const std::vector<qint64>& binIds) override;
+    /// Is told which came back.
+    void SetRestored(std::function<void(const std::vector<qint64>& binIds)> told) {
+        m_restored = std::move(told);
+    }
 
 private:
     HostSession& m_session;
+    std::function<void(const std::vector<qint64>&)> m_restored;
 };
 
 } // namespace host

@@ -40,6 +40,7 @@ void Serving::TakeBack() {
     around.imageFolder.clear();
     around.withdraw = {};
     around.listAsked = {};
+    around.deedDone = {};
 }
 
 } // namespace host

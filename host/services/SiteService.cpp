@@ -42,6 +42,34 @@ void SiteService::LogIf(bool done, const QString& action) const {
     }
 }
 
+void SiteService::Tell(const DoneDeed& deed) const {
+    if (!deed.items.empty() && m_surroundings.deedDone) {
+        m_surroundings.deedDone(deed);
+    }
+}
+
+void SiteService::TellDeleted(const std::vector<site::BinEntry>& made) const {
+    Tell(DeedOf(made));
+}
+
+void SiteService::TellStatus(site::BinKind what, bool hidden, qint32 ppid,
+                             const std::vector<site::NamedPhoto>& changed) const {
+    DoneDeed deed{hidden ? DeedKind::Hidden : DeedKind::Shown, what};
+    for (const site::NamedPhoto& photo : changed) {
+        deed.items.push_back({ppid, photo.picId, {}, photo.name});
+    }
+    Tell(deed);
+}
+
+void SiteService::TellStatus(bool hidden, qint32 ppid,
+                             const std::vector<site::NamedIssue>& changed) const {
+    DoneDeed deed{hidden ? DeedKind::Hidden : DeedKind::Shown, site::BinKind::Issue};
+    for (const site::NamedIssue& issue : changed) {
+        deed.items.push_back({ppid, 0, issue.questionId, issue.theme});
+    }
+    Tell(deed);
+}
+
 site::Signature SignatureOf(const HostSession& session) {
     return {session.UserName(), toolkit::Clock().NowSeconds()};
 }

@@ -1,6 +1,7 @@
 // What every service does around its work: no session, a fault of the data, nothing built yet.
 #pragma once
 
+#include "host/services/DoneDeed.h"
 #include "host/services/Surroundings.h"
 #include "host/session/HostSession.h"
 #include "site/Records.h"
@@ -85,6 +86,12 @@ protected:
         return asked;
     }
 
+    /// To the surroundings; nothing if nothing was changed.
+    void TellDeleted(const std::vector<site::BinEntry>& made) const;
+    void TellStatus(site::BinKind what, bool hidden, qint32 ppid,
+                    const std::vector<site::NamedPhoto>& changed) const;
+    void TellStatus(bool hidden, qint32 ppid, const std::vector<site::NamedIssue>& changed) const;
+
     /// Writes into the record of what people did. What was done stays done where it can't be
     /// written.
     void LogIf(bool done, const QString& action) const;
@@ -95,6 +102,7 @@ protected:
     [[nodiscard]] static QString NotOpenText() { return QStringLiteral("没有打开数据文件夹。"); }
 
 private:
+    void Tell(const DoneDeed& deed) const;
     /// How the message of a fault begins.
     [[nodiscard]] static QString FaultHead(const QString& what) {
         return what + QStringLiteral("失败：");

@@ -27,6 +27,7 @@ class ITransferWait;
 namespace host {
 
 class HostSession;
+struct DoneDeed;
 
 /// Nothing in it is owned. Thread: user interface, except where said.
 class Surroundings final {
@@ -55,6 +56,8 @@ public:
     std::function<void(const QString& beginning)> withdraw;
     /// Is told each question for a page of a list, before it is asked: the console alone has any.
     std::function<void(site::ListKind, const site::ListFilter&, const site::ListOrder&)> listAsked;
+    /// Is told what was deleted, hidden or shown, once it is done.
+    std::function<void(const DoneDeed&)> deedDone;
 
 private:
     HostSession* m_session = nullptr;

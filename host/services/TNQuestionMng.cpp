@@ -43,8 +43,10 @@ void RequirePics(bool found) {
 bool TNQuestionMng::DeletePics(qint32 kind, const std::vector<QString>& picIds) {
     return Guarded(u"删除问题图片"_s, false, [&](HostSession& session) {
         RequireKind(kind, KX_DATA::kIssuePicKind);
-        RequirePics(
-            session.Site().Issues().DeletePics(session.OpenPpids(), picIds, SignatureOf(session)));
+        std::vector<site::BinEntry> made;
+        RequirePics(session.Site().Issues().DeletePics(session.OpenPpids(), picIds,
+                                                       SignatureOf(session), &made));
+        TellDeleted(made);
         return true;
     });
 }
@@ -85,9 +87,11 @@ void TNQuestionMng::GetIssueFilterList(quint8 flag, const qint64* from, const qi
 
 bool TNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
     return Guarded(u"删除TN问题"_s, false, [&](HostSession& session) {
+        std::vector<site::BinEntry> made;
         const int gone = session.Site().Bin().DeleteIssues(session.OpenPpids(), questionIds,
-                                                           SignatureOf(session));
+                                                           SignatureOf(session), &made);
         RequireSome(session, u"删除TN问题"_s, gone, questionIds.size());
+        TellDeleted(made);
         return true;
     });
 }
@@ -95,10 +99,12 @@ bool TNQuestionMng::DeleteIssues(const std::vector<QString>& questionIds) {
 bool TNQuestionMng::SetIssuesShown(qint32 ppid, const std::vector<QString>& questionIds,
                                    bool hidden) {
     return Guarded(u"修改问题状态"_s, false, [&](HostSession& session) {
-        const int changed = session.Site().Issues().SetStatus(
+        std::vector<site::NamedIssue> changed;
+        const int found = session.Site().Issues().SetStatus(
             ppid, questionIds, hidden ? KX_DATA::kStatusHidden : KX_DATA::kStatusShown,
-            SignatureOf(session));
-        RequireSome(session, u"修改问题状态"_s, changed, questionIds.size());
+            SignatureOf(session), &changed);
+        RequireSome(session, u"修改问题状态"_s, found, questionIds.size());
+        TellStatus(hidden, ppid, changed);
         return true;
     });
 }
@@ -149,8 +155,10 @@ bool TNQuestionMng::DeleteRectifyPics(qint32 kind, const KX_DATA::RectifyRecord&
                                       const std::vector<QString>& picIds) {
     return Guarded(u"删除整改图片"_s, false, [&](HostSession& session) {
         RequireKind(kind, KX_DATA::kRectifyPicKind);
+        std::vector<site::BinEntry> made;
         RequirePics(session.Site().Issues().DeleteRectifyPics(
-            session.OpenPpids(), record.questionId, picIds, SignatureOf(session)));
+            session.OpenPpids(), record.questionId, picIds, SignatureOf(session), &made));
+        TellDeleted(made);
         return true;
     });
 }

@@ -102,17 +102,22 @@ void VeskPicMng::GetBimPicFilterValues(qint64 from, qint64 to, quint8 flag,
 
 bool VeskPicMng::DeleteBimPics(const std::vector<qint32>& picIds) {
     return Done(u"删除BIM模型照片"_s, [&](HostSession& session) {
-        const int gone =
-            session.Site().Bin().DeleteBimPhotos(session.OpenPpids(), picIds, SignatureOf(session));
+        std::vector<site::BinEntry> made;
+        const int gone = session.Site().Bin().DeleteBimPhotos(session.OpenPpids(), picIds,
+                                                              SignatureOf(session), &made);
         RequireSome(session, u"删除BIM模型照片"_s, gone, picIds.size());
+        TellDeleted(made);
         return true;
     });
 }
 
 bool VeskPicMng::DeletePdfPics(qint32 ppid, const std::vector<qint32>& picIds) {
     return Done(u"删除平面图纸照片"_s, [&](HostSession& session) {
-        const int gone = session.Site().Bin().DeletePdfPhotos(ppid, picIds, SignatureOf(session));
+        std::vector<site::BinEntry> made;
+        const int gone =
+            session.Site().Bin().DeletePdfPhotos(ppid, picIds, SignatureOf(session), &made);
         RequireSome(session, u"删除平面图纸照片"_s, gone, picIds.size());
+        TellDeleted(made);
         return true;
     });
 }
@@ -122,25 +127,33 @@ qint32 VeskPicMng::DeleteCheckpointPic(qint32 drawingId, qint32 picId) {
         // The viewers call the checkpoint a drawing.
         const qint32 ppid =
             session.Site().PdfPhotos().ProjectOf(session.OpenPpids(), drawingId, picId);
-        RequireFound(ppid != 0 && session.Site().Bin().DeletePdfPhotos(ppid, {picId},
-                                                                       SignatureOf(session)) == 1,
+        std::vector<site::BinEntry> made;
+        RequireFound(ppid != 0 && session.Site().Bin().DeletePdfPhotos(
+                                      ppid, {picId}, SignatureOf(session), &made) == 1,
                      u"检查点照片"_s);
+        TellDeleted(made);
         return 1;
     });
 }
 
 bool VeskPicMng::SetBimPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) {
     return Done(u"修改照片状态"_s, [&](HostSession& session) {
-        const int changed = session.Site().BimPhotos().SetStatus(ppid, picIds, StatusOf(hidden));
-        RequireSome(session, u"修改照片状态"_s, changed, picIds.size());
+        std::vector<site::NamedPhoto> changed;
+        const int found =
+            session.Site().BimPhotos().SetStatus(ppid, picIds, StatusOf(hidden), &changed);
+        RequireSome(session, u"修改照片状态"_s, found, picIds.size());
+        TellStatus(site::BinKind::BimPhoto, hidden, ppid, changed);
         return true;
     });
 }
 
 bool VeskPicMng::SetPdfPicsShown(qint32 ppid, const std::vector<qint32>& picIds, bool hidden) {
     return Done(u"修改照片状态"_s, [&](HostSession& session) {
-        const int changed = session.Site().PdfPhotos().SetStatus(ppid, picIds, StatusOf(hidden));
-        RequireSome(session, u"修改照片状态"_s, changed, picIds.size());
+        std::vector<site::NamedPhoto> changed;
+        const int found =
+            session.Site().PdfPhotos().SetStatus(ppid, picIds, StatusOf(hidden), &changed);
+        RequireSome(session, u"修改照片状态"_s, found, picIds.size());
+        TellStatus(site::BinKind::PdfPhoto, hidden, ppid, changed);
         return true;
     });
 }

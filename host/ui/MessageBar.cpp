@@ -184,6 +184,7 @@ void MessageBar::AddButtons(QWidget* line, const HostMessage& message) {
         auto* act = new UnderLineButton(line);
         act->setObjectName(u"messageAction"_s);
         act->setText(message.action.caption);
+        act->setMinimumHeight(QToolButton().sizeHint().height()); // in line with those beside it
         act->setToolTip(toolkit::PlainTip(message.action.tip));
         // A reader of screens hears what it is about, not "undo" alone.
         act->setAccessibleName(u"%1：%2"_s.arg(message.action.caption, message.text));
