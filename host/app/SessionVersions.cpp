@@ -153,7 +153,7 @@ QString SessionVersions::Restore(const QString& record, qint64 version) {
         made.added = wanted->files;
         RequireFound(texts.Save(ppids, *place, made, SignatureOf(m_session)).has_value(),
                      u"记录版本"_s);
-        m_session.Actions().Write(u"恢复“%1”记录的第%2版"_s.arg(where).arg(version));
+        m_session.Actions().Write(u"恢复“%1”记录的第%2版"_s.arg(where, QString::number(version)));
     });
 }
 

@@ -27,8 +27,7 @@ QString ImportReport::Summary() const {
         u"导入 %1 张照片，重复 %2 张，跳过 %3 个文件。"_s.arg(filed).arg(duplicates).arg(refused);
     if (!fault.isEmpty()) {
         return u"导入中止：%1 已导入的 %2 张照片均已保存，排除故障后重新导入同一文件夹即可继续。"_s
-            .arg(fault)
-            .arg(filed);
+            .arg(fault, QString::number(filed));
     }
     return cancelled ? u"已取消。"_s + counts : counts;
 }

@@ -19,14 +19,15 @@ constexpr qsizetype kNamesTold = 5;
 QString FreePath(const QString& path) {
     QString free = path;
     for (int number = 2; IsThere(free); ++number) {
-        free = u"%1 (%2)"_s.arg(path).arg(number);
+        free = u"%1 (%2)"_s.arg(path, QString::number(number));
     }
     return free;
 }
 
 QString Names(const QStringList& names) {
     const QString some = names.mid(0, kNamesTold).join(u"、"_s);
-    return names.size() > kNamesTold ? u"%1 等 %2 项"_s.arg(some).arg(names.size()) : some;
+    return names.size() > kNamesTold ? u"%1 等 %2 项"_s.arg(some, QString::number(names.size()))
+                                     : some;
 }
 
 } // namespace

@@ -74,7 +74,7 @@ void Bin::RequireNothingOn(BinKind kind, qint64 objectId, const QString& title) 
     const auto require = [&](const QString& sql, const QString& sentence) {
         const int count = m_database.Value(sql, {objectId}).toInt();
         if (count > 0) {
-            throw DataError(Fault::Refused, sentence.arg(title).arg(count));
+            throw DataError(Fault::Refused, sentence.arg(title, QString::number(count)));
         }
     };
     if (kind == BinKind::Checkpoint) {

@@ -138,12 +138,12 @@ void NameContent(Database& database, BinKind kind, const QJsonObject& row, BinCo
             database.Value(u"SELECT ppid FROM issue WHERE id = ?"_s, {content.changed}).toInt();
     }
     if (kind == BinKind::Checkpoint) {
-        database.ForEach(
-            u"SELECT ppid, name FROM drawing WHERE id = ?"_s,
-            {row.value(u"drawing_id"_s).toInteger()}, [&](const Statement& drawing) {
-                content.ppid = drawing.Int(0);
-                title = u"%1 检查点%2"_s.arg(drawing.Text(1)).arg(row.value(u"number"_s).toInt());
-            });
+        database.ForEach(u"SELECT ppid, name FROM drawing WHERE id = ?"_s,
+                         {row.value(u"drawing_id"_s).toInteger()}, [&](const Statement& drawing) {
+                             content.ppid = drawing.Int(0);
+                             title = u"%1 检查点%2"_s.arg(
+                                 drawing.Text(1), QString::number(row.value(u"number"_s).toInt()));
+                         });
     }
     content.title = title.isNull() ? u""_s : title;
 }

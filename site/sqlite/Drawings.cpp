@@ -162,8 +162,8 @@ std::optional<CheckpointFlag> Drawings::AddCheckpoint(const Projects& projects, 
                           .Value(u"SELECT 1 FROM checkpoint WHERE drawing_id = ? AND number = ?"_s,
                                  {drawingId, number})
                           .isValid()) {
-        throw DataError(Fault::Refused,
-                        u"图纸“%1”上已有检查点%2，没有增加。"_s.arg(drawing->name).arg(number));
+        throw DataError(Fault::Refused, u"图纸“%1”上已有检查点%2，没有增加。"_s.arg(
+                                            drawing->name, QString::number(number)));
     }
     NewCheckpoint made;
     made.drawingId = drawingId;

@@ -84,7 +84,7 @@ QString FloorWords(const QString& floor) {
 }
 
 QString CheckpointWords(const QString& drawing, int number) {
-    return u"%1 检查点%2"_s.arg(drawing).arg(number);
+    return u"%1 检查点%2"_s.arg(drawing, QString::number(number));
 }
 
 } // namespace

@@ -283,6 +283,16 @@ TEST(RemovedCheckpoints, OneWithPhotosStaysWithASentenceAlsoWhereTheyAreHidden) 
         << "what isn't there is no refusal";
 }
 
+TEST(RemovedCheckpoints, ANameIsNeverTakenForAPlaceholder) {
+    DrawingSite site;
+    ASSERT_EQ(site.On().Rename({site.ppid}, site.drawing, u"%2层"_s, site.by), Saved::Yes);
+    const CheckpointFlag made = site.Set({}, 4);
+    site.AddPhoto(made.id);
+    EXPECT_EQ(Refusal([&] { site.Set({}, 4); }), u"图纸“%2层”上已有检查点4，没有增加。"_s);
+    EXPECT_EQ(Refusal([&] { site.engine.Bin().DeleteCheckpoint({site.ppid}, made.id, site.by); }),
+              u"“%2层 检查点4”上还有 1 张照片，没有删除；请先把照片移到别的检查点，或删除照片。"_s);
+}
+
 TEST(RemovedCheckpoints, APhotoInTheBinComesBackWithItsCheckpointAndNotWithout) {
     DrawingSite site;
     const CheckpointFlag made = site.Set();

@@ -186,6 +186,21 @@ TEST_F(SiteWithAStranger, OfTwoWithOneNameBothAreKept) {
     EXPECT_EQ(first.readAll(), "first");
 }
 
+TEST_F(SiteWithAStranger, ANameIsNeverTakenForAPlaceholder) {
+    for (int time = 0; time < 2; ++time) {
+        for (const QString& name : {u"%2"_s, u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s}) {
+            WriteFile(Inside(u"bin/"_s + name), name.toUtf8());
+        }
+        told.clear();
+        Open();
+        ASSERT_EQ(told.size(), 1);
+        EXPECT_TRUE(told[0].contains(u"bin/%2、"_s)) << told[0].toStdString();
+        EXPECT_TRUE(told[0].contains(u" 等 6 项"_s)) << told[0].toStdString();
+        site.folder.Close();
+    }
+    EXPECT_THAT(FilesBelow(Aside(u"bin"_s)), testing::Contains(u"%2 (2)"_s));
+}
+
 TEST_F(SiteWithAStranger, LinksInTheBinAreMovedNotFollowed) {
     ASSERT_TRUE(QFile::link(Elsewhere(uuid), Inside(u"bin/"_s + uuid)));
     ASSERT_TRUE(QFile::link(Elsewhere({}), Inside(u"bin/folder"_s)));

@@ -46,7 +46,9 @@ QString BeginningOf(const QString& text) {
     constexpr qsizetype kMostShown = 600;
     constexpr int kMostLines = 12;
     const QString lines = text.section(u'\n', 0, kMostLines - 1).left(kMostShown);
-    return lines.size() == text.size() ? text : u"%1……（共 %2 字）"_s.arg(lines).arg(text.size());
+    return lines.size() == text.size()
+               ? text
+               : u"%1……（共 %2 字）"_s.arg(lines, QString::number(text.size()));
 }
 
 QLabel* MakeText(const QString& name, QWidget* parent) {

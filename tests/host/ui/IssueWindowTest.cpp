@@ -224,6 +224,15 @@ TEST_F(WindowOfAnIssue, ReadAnewTheChosenLineStaysChosenAndCanBeCopied) {
     EXPECT_EQ(QApplication::clipboard()->text(), u"2026-01-01 08:00\t张伟\t提出问题"_s);
 }
 
+TEST_F(WindowOfAnIssue, ALongSubjectIsNeverTakenForAPlaceholder) {
+    IssueFacts facts = Facts();
+    facts.subject = u"%2"_s + QString(698, u'宽');
+    window->ShowFacts(facts);
+    EXPECT_TRUE(window->windowTitle().startsWith(u"问题信息 - %2宽"_s))
+        << window->windowTitle().toStdString();
+    EXPECT_TRUE(window->windowTitle().endsWith(u"宽……（共 700 字）"_s));
+}
+
 TEST(CodeFileName, HasNothingThatNoFileSystemTakes) {
     EXPECT_EQ(CodeFileName(u"a:b/c\\d*e?f\"g<h>i|j\nk"_s), u"a_b_c_d_e_f_g_h_i_j_k.png"_s);
     EXPECT_EQ(CodeFileName(u" .. "_s), u"问题.png"_s);
