@@ -4,6 +4,7 @@
 #include "host/app/SmallPictures.h"
 #include "host/services/Surroundings.h"
 #include "host/sheet/SheetJob.h"
+#include "host/ui/FileNames.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/ProgressWindow.h"
 #include "sheets/CsvFile.h"
@@ -16,7 +17,6 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QTimer>
 
 namespace host {
@@ -38,13 +38,6 @@ QWidget* OpenConsole() {
         }
     }
     return nullptr;
-}
-
-/// The beginning of a name that may stand in the name of a file.
-QString FileNamePart(const QString& name) {
-    static const QRegularExpression forbidden(uR"([\x00-\x1f<>:"/\\|?*])"_s);
-    constexpr qsizetype kMost = 40;
-    return name.left(kMost).replace(forbidden, u"_"_s).trimmed();
 }
 
 /// Of Excel or LibreOffice, beside a file that is open there.
@@ -153,7 +146,8 @@ QString SheetFlow::ProjectsName() const {
 
 QString SheetFlow::ProposedName() const {
     const QDateTime now = QDateTime::fromSecsSinceEpoch(toolkit::Clock().NowSeconds());
-    QStringList parts{TitleOf(m_asked.kind), FileNamePart(ProjectsName()),
+    constexpr qsizetype kMostOfProject = 40;
+    QStringList parts{TitleOf(m_asked.kind), FileNameFrom(ProjectsName(), kMostOfProject),
                       now.toString(u"yyyyMMdd"_s)};
     parts.removeAll(QString());
     const QString name = parts.join(u'_') + (m_choice.isWorkbook ? u".xlsx"_s : u".csv"_s);

@@ -1,5 +1,6 @@
 #include "host/ui/issues/IssueWindow.h"
 
+#include "host/ui/FileNames.h"
 #include "host/ui/HintTable.h"
 #include "host/ui/WindowKeys.h"
 #include "toolkit/Icons.h"
@@ -21,7 +22,6 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QSaveFile>
 #include <QScrollBar>
 #include <QStandardItemModel>
@@ -75,15 +75,8 @@ QPushButton* MakeSideButton(const QString& name, const QString& icon, const QStr
 } // namespace
 
 QString CodeFileName(const QString& subject) {
-    static const QRegularExpression forbidden(uR"([\x00-\x1f<>:"/\\|?*])"_s);
-    // Leaves room for an ending within 255 bytes of UTF-8.
     constexpr qsizetype kMost = 60;
-    QString name = subject.left(kMost);
-    name.replace(forbidden, u"_"_s);
-    name = name.trimmed();
-    while (name.startsWith(u'.') || name.endsWith(u'.')) {
-        name = name.startsWith(u'.') ? name.sliced(1) : name.chopped(1);
-    }
+    const QString name = FileNameFrom(subject, kMost);
     return (name.isEmpty() ? u"问题"_s : name) + u".png"_s;
 }
 

@@ -1,5 +1,6 @@
 #include "host/ui/report/ReportWindow.h"
 
+#include "host/ui/FileNames.h"
 #include "host/ui/WindowKeys.h"
 #include "host/ui/report/ReportChoices.h"
 #include "host/ui/report/ReportPreview.h"
@@ -21,7 +22,6 @@
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -300,15 +300,12 @@ QString ReportWindow::KeepTemplate() {
 }
 
 QString ReportWindow::ProposedName() const {
-    static const QRegularExpression odd(uR"([\\/:*?"<>|\x00-\x1f]+)"_s);
+    constexpr qsizetype kMost = 80;
     QString name = Sheet().title;
     if (!m_content.place.isEmpty()) {
         name += u' ' + m_content.place;
     }
-    name = name.replace(odd, u" "_s).simplified().left(80);
-    while (name.startsWith(u'.')) {
-        name.remove(0, 1);
-    }
+    name = FileNameFrom(name, kMost, u' ');
     name = name.isEmpty() ? u"报告"_s : name;
     return m_folder.isEmpty() ? name : QDir(m_folder).filePath(name);
 }
