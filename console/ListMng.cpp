@@ -7,6 +7,8 @@
 #include "console/VeskPicMngGrid.h"
 #include "toolkit/windows/Prompts.h"
 
+#include <QVariant>
+
 template <class Traits> QString ListMng<Traits>::GetSearchHint() const {
     return Traits::kHint.toString();
 }
@@ -43,6 +45,7 @@ void ListMng<Traits>::BuildRow(const toolkit::ImageList& rowImages, int place, R
     PutIcons(*row, FirstIconColumn(Traits::kMode), rowImages);
     FillCells(*row, record);
     row->SetData(&record);
+    row->SetKey(QVariant(Traits::IdOf(record)).toString());
     grid->AddRow(std::move(row));
 }
 

@@ -29,6 +29,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     }
     const auto* icon = dynamic_cast<const CIconGridItem*>(item);
     switch (role) {
+    case kRowKeyRole:
+        return m_grid->GetRow(index.row())->GetKey();
     case Qt::DisplayRole:
         return item->GetText();
     case Qt::AccessibleTextRole:

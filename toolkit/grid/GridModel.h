@@ -11,6 +11,9 @@ namespace toolkit {
 class GridModel final : public QAbstractTableModel {
     Q_OBJECT
 public:
+    /// Of any cell: the key of its row, a text.
+    static constexpr int kRowKeyRole = Qt::UserRole + 1;
+
     GridModel(const CMultiPageGrid& grid, QObject* parent);
 
     /// The grid is about to end: no rows and columns from now on.

@@ -25,6 +25,9 @@ public:
 
     void SetData(void* data) { m_data = data; }
     [[nodiscard]] void* GetData() const { return m_data; }
+    /// By what others name what stands behind the row: an id as text. Empty: it has none.
+    void SetKey(const QString& key) { m_key = key; }
+    [[nodiscard]] const QString& GetKey() const { return m_key; }
     /// Place in the grid; -1 for a row that isn't in one.
     [[nodiscard]] int GetRowId() const { return m_index; }
 
@@ -34,6 +37,7 @@ private:
 
     std::vector<std::unique_ptr<CGridItem>> m_items;
     void* m_data = nullptr;
+    QString m_key;
     CMultiPageGrid* m_grid = nullptr;
     int m_index = -1;
 };
