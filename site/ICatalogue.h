@@ -22,6 +22,7 @@ public:
     [[nodiscard]] virtual std::vector<WorksetEntry> Worksets() = 0;
     /// Those who may sign in.
     [[nodiscard]] virtual std::vector<QString> People() = 0;
+    /// None of somebody who may not sign in any more.
     [[nodiscard]] virtual std::vector<qint32> RightsOf(const QString& person) = 0;
 
     [[nodiscard]] virtual std::map<qint32, KX_DATA::MarkRecord> Marks() = 0;

@@ -25,10 +25,14 @@ QString ChoiceText(const ProjectChoice& choice) {
 std::vector<ProjectChoice> ReadProjectChoices(HostSession& session) {
     std::vector<ProjectChoice> choices;
     for (const site::ProjectEntry& project : session.Site().Catalogue().Projects()) {
-        choices.push_back({project.name, project.ppid, 0});
+        if (!project.archived) {
+            choices.push_back({project.name, project.ppid, 0});
+        }
     }
     for (const site::WorksetEntry& workset : session.Site().Catalogue().Worksets()) {
-        choices.push_back({u"工作集：%1"_s.arg(workset.name), 0, workset.id});
+        if (!workset.archived) {
+            choices.push_back({u"工作集：%1"_s.arg(workset.name), 0, workset.id});
+        }
     }
     return choices;
 }

@@ -16,7 +16,7 @@ struct ProjectChoice {
     qint32 worksetId = 0;
 };
 
-/// Projects first, worksets behind them. Throws DataError.
+/// Projects first, worksets behind them, without those that are archived. Throws DataError.
 [[nodiscard]] std::vector<ProjectChoice> ReadProjectChoices(HostSession& session);
 /// The one that is open; -1: none.
 [[nodiscard]] int OpenChoice(const HostSession& session, const std::vector<ProjectChoice>& choices);

@@ -1,5 +1,6 @@
 #include "host/session/HostSession.h"
 
+#include "site/DataError.h"
 #include "site/ICatalogue.h"
 #include "site/IChanges.h"
 #include "toolkit/Clock.h"
@@ -21,6 +22,13 @@ std::optional<site::OpenFault> HostSession::Open(const QString& place, site::Ope
     if (m_site != nullptr) {
         m_tables = std::make_unique<SiteTables>(*m_site);
         m_desk->Open(m_site->Blobs(), &m_site->Folders(), m_site->Place(), &m_site->PicFiling());
+        m_changes = m_site->Changes().Subscribe([this](const site::Changes& changes) {
+            m_rightsOld = m_rightsOld ||
+                          std::any_of(changes.begin(), changes.end(), [](const site::Change& one) {
+                              return one.kind == site::ChangeKind::Person ||
+                                     one.kind == site::ChangeKind::Anything;
+                          });
+        });
         m_site->SetTold(
             [this](const QString& text) { m_desk->Report(MessageLevel::Warning, text); });
     }
@@ -33,6 +41,7 @@ void HostSession::Close() {
     m_user.clear();
     m_rights.clear();
     TellWhoActs();
+    m_changes.reset();
     m_tables.reset();
     m_site.reset();
 }
@@ -50,6 +59,14 @@ bool HostSession::SignIn(const QString& name) {
 }
 
 bool HostSession::HasRight(qint32 right) const {
+    if (m_rightsOld && m_site != nullptr) {
+        try {
+            m_rights = m_site->Catalogue().RightsOf(m_user);
+            m_rightsOld = false;
+        } catch (const site::DataError&) {
+            return false; // asked again when the site answers
+        }
+    }
     return std::find(m_rights.begin(), m_rights.end(), right) != m_rights.end();
 }
 
@@ -80,6 +97,27 @@ bool HostSession::OpenWorkset(qint32 worksetId) {
 void HostSession::CloseProject() {
     SetProject({});
     ForgetShown();
+}
+
+void HostSession::ReadNames() {
+    const site::ProjectEntry found = m_site->Catalogue().Project(m_project.ppid);
+    if (found.ppid == 0) {
+        CloseProject();
+        return;
+    }
+    SetProject(found);
+    if (!IsWorkset()) {
+        return;
+    }
+    for (const site::WorksetEntry& entry : m_site->Catalogue().Worksets()) {
+        if (entry.id == m_workset.id) {
+            m_workset = entry;
+            TellWhoActs();
+            return;
+        }
+    }
+    m_workset = {};
+    TellWhoActs();
 }
 
 void HostSession::ForgetShown() {

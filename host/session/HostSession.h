@@ -35,6 +35,7 @@ public:
     /// False for a person whom the site doesn't know.
     bool SignIn(const QString& name);
     [[nodiscard]] QString UserName() const { return m_user; }
+    /// As the site has it now: a right that was taken away is gone at once.
     [[nodiscard]] bool HasRight(qint32 right) const;
 
     /// Ends an open workset. Clears drawing and ticked marks. False for an unknown project.
@@ -42,6 +43,9 @@ public:
     /// Its first project becomes the current one. False for an unknown workset.
     bool OpenWorkset(qint32 worksetId);
     void CloseProject();
+    /// The open project and workset as they are called now; what is gone is closed. Throws
+    /// DataError.
+    void ReadNames();
     /// ppid 0: none is open.
     [[nodiscard]] const site::ProjectEntry& CurrentProject() const { return m_project; }
     [[nodiscard]] bool IsWorkset() const { return m_workset.id != 0; }
@@ -74,7 +78,9 @@ private:
     std::unique_ptr<site::ISite> m_site;
     std::unique_ptr<SiteTables> m_tables;
     QString m_user;
-    std::vector<qint32> m_rights;
+    mutable std::vector<qint32> m_rights;
+    mutable bool m_rightsOld = false; ///< somebody has changed a person
+    std::shared_ptr<void> m_changes;  ///< keeps it told
     site::ProjectEntry m_project;
     site::WorksetEntry m_workset;
     KX_DATA::CurrentDrawing m_drawing;

@@ -1,5 +1,7 @@
 #include "sample/site/SiteVocabulary.h"
 
+#include "site/SetupState.h"
+
 #include <QStringList>
 
 #include <array>
@@ -10,12 +12,12 @@ using namespace Qt::StringLiterals;
 
 const std::vector<SamplePerson>& SamplePeople() {
     static const std::vector<SamplePerson> people{
-        {u"张工"_s, {5, 21, 22, 38}}, // everything
-        {u"李工"_s, {5, 21, 22}},     // may not show and hide
-        {u"王工"_s, {5, 21, 38}},     // may not delete
-        {u"刘监理"_s, {21, 22, 38}},  // may not add labels
-        {u"陈质检"_s, {5, 21}},       // may edit only
-        {u"赵总"_s, {}},              // reads
+        {u"张工"_s, {5, 21, 22, 38, site::kRightSetup}}, // everything
+        {u"李工"_s, {5, 21, 22}},                        // may not show and hide
+        {u"王工"_s, {5, 21, 38}},                        // may not delete
+        {u"刘监理"_s, {21, 22, 38}},                     // may not add labels
+        {u"陈质检"_s, {5, 21}},                          // may edit only
+        {u"赵总"_s, {}},                                 // reads
     };
     return people;
 }

@@ -49,7 +49,7 @@ std::vector<QString> Catalogue::People() {
 std::vector<qint32> Catalogue::RightsOf(const QString& person) {
     std::vector<qint32> rights;
     m_database.ForEach(u"SELECT r.number FROM person_right r JOIN person p ON p.id = r.person_id"
-                       " WHERE p.name = ? ORDER BY r.number"_s,
+                       " WHERE p.name = ? AND p.active <> 0 ORDER BY r.number"_s,
                        {person}, [&](const Statement& row) { rights.push_back(row.Int(0)); });
     return rights;
 }
