@@ -39,7 +39,7 @@ sample/scenes: sample sample/render sample/scenes
 sample/site: sample sample/drawings sample/scenes sample/site site
 sheets: sheets
 host: host/app
-host/app: host/app host/drawings host/import host/qr host/reminders host/report host/services host/session host/sheet host/ui host/ui/catchup host/ui/drawing host/ui/issues host/ui/marks host/ui/pick host/ui/plan host/ui/report host/ui/rich include sample services sheets site site/transfer toolkit toolkit/controls toolkit/media toolkit/richtext toolkit/windows
+host/app: host/app host/drawings host/import host/qr host/reminders host/report host/services host/session host/setup host/sheet host/ui host/ui/catchup host/ui/drawing host/ui/issues host/ui/marks host/ui/pick host/ui/plan host/ui/report host/ui/rich include sample services sheets site site/transfer toolkit toolkit/controls toolkit/media toolkit/richtext toolkit/windows
 host/drawings: host/drawings
 host/drawings/reader: host/drawings host/drawings/reader
 host/import: host/import site
@@ -48,6 +48,7 @@ host/qr: host/qr
 host/report: host/report toolkit/media toolkit/richtext
 host/reminders: host/reminders host/session site toolkit
 host/services: host/services host/session services site site/transfer toolkit
+host/setup: host/setup services sheets site
 host/sheet: host/sheet services sheets site toolkit
 host/session: host/session services site site/transfer toolkit
 host/ui: host/qr host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/pick host/ui/plan include services toolkit toolkit/controls toolkit/windows

@@ -3,6 +3,7 @@
 #include "sheets/SheetText.h"
 #include "sheets/TableTaker.h"
 
+#include <QList>
 #include <QStringDecoder>
 
 namespace sheets {
