@@ -31,7 +31,7 @@ hands: hands
 site: services site
 site/blobs: site site/blobs
 site/transfer: site site/blobs site/transfer
-site/sqlite: site site/blobs site/sqlite site/transfer
+site/sqlite: services site site/blobs site/sqlite site/transfer
 sample: sample sample/render sample/scenes sample/site site
 sample/drawings: sample sample/drawings
 sample/render: sample sample/render
@@ -39,7 +39,7 @@ sample/scenes: sample sample/render sample/scenes
 sample/site: sample sample/drawings sample/scenes sample/site site
 sheets: sheets
 host: host/app
-host/app: host/app host/drawings host/import host/qr host/reminders host/report host/services host/session host/setup host/sheet host/ui host/ui/catchup host/ui/drawing host/ui/issues host/ui/marks host/ui/pick host/ui/plan host/ui/report host/ui/rich include sample services sheets site site/transfer toolkit toolkit/controls toolkit/media toolkit/richtext toolkit/windows
+host/app: host/app host/drawings host/import host/qr host/reminders host/report host/services host/session host/setup host/sheet host/ui host/ui/catchup host/ui/drawing host/ui/issues host/ui/marks host/ui/pick host/ui/plan host/ui/report host/ui/rich host/ui/setup include sample services sheets site site/transfer toolkit toolkit/controls toolkit/media toolkit/richtext toolkit/windows
 host/drawings: host/drawings
 host/drawings/reader: host/drawings host/drawings/reader
 host/import: host/import site
@@ -59,6 +59,7 @@ host/ui/issues: host/ui host/ui/issues host/ui/pick services toolkit toolkit/con
 host/ui/pick: host/ui host/ui/pick host/ui/plan toolkit toolkit/controls
 host/ui/report: host/report host/ui host/ui/report toolkit toolkit/controls toolkit/media toolkit/windows
 host/ui/rich: host/ui host/ui/rich toolkit toolkit/compare toolkit/controls toolkit/media toolkit/richtext toolkit/windows
+host/ui/setup: host/setup host/ui host/ui/setup site toolkit toolkit/windows
 host/ui/plan: host/ui host/ui/marks host/ui/pick host/ui/plan toolkit
 tour: hands host/app host/services host/ui/drawing host/ui/pick host/ui/plan host/ui/report services tour
 '

@@ -195,7 +195,7 @@ for fault in \
     'base/Inline.h:2: a function of 61 lines' \
     'base/ InHeader: 62 lines in 60 functions' \
     'base/ InBody: 598 lines in 49 functions' \
-    'lines, more than a third' \
+    'lines, more than two fifths' \
     'toolkit/Umbrella.cpp:1:' \
     'base/Sql.cpp:1:' \
     'tests/SleepTest.cpp:1:' \

@@ -1,6 +1,7 @@
 #include "host/app/Client.h"
 
 #include "host/app/CheckpointMenu.h"
+#include "host/app/ConsoleCommands.h"
 #include "host/app/DrawingFlow.h"
 #include "host/app/DrawingImport.h"
 #include "host/app/Faults.h"
@@ -11,10 +12,12 @@
 #include "host/app/ModelComponents.h"
 #include "host/app/PickFlow.h"
 #include "host/app/PlanReader.h"
+#include "host/app/ProjectFlow.h"
 #include "host/app/RaiseFlow.h"
 #include "host/app/ReminderFlow.h"
 #include "host/app/ReportOutput.h"
 #include "host/app/RichTextFlow.h"
+#include "host/app/SetupFlow.h"
 #include "host/app/SheetFlow.h"
 #include "host/app/UndoFlow.h"
 #include "host/ui/ActionLogDock.h"
@@ -92,6 +95,7 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     m_module.Pictures()->SetPicSink(&m_sink);
     m_module.Pictures()->SetIssueEditSink(&m_sink);
     m_module.Pictures()->AttachObservers(&m_hub);
+    m_consoles = std::make_unique<ConsoleCommands>(*m_module.Pictures(), *m_window);
     m_issues = std::make_unique<IssueFlow>(
         IssueFlow::Parts{m_session, *m_window, *m_view, *m_module.Pictures()});
     m_marks = std::make_unique<MarkFlow>(MarkFlow::Parts{
@@ -103,11 +107,13 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     connect(m_richTexts.get(), &RichTextFlow::Changed, this, &Client::RefreshModule);
     connect(m_window.get(), &MainWindow::RecordStateChanged, this, &Client::RefreshModule);
     MakeDrawingFlows();
+    MakeProjects();
+    MakeSetup();
     m_window->SetUserName(m_session.UserName());
     m_window->SetDataFolder(m_session.Site().Place());
     BringBackLayout();
     m_window->show();
-    OpenRemembered();
+    m_projects->OpenRemembered();
     return std::nullopt;
 }
 
@@ -134,6 +140,7 @@ void Client::Stop() {
     // The records of the viewers have been saved.
     m_richTexts.reset();
     m_sink.disconnect(this);
+    m_setup.reset();
     m_checkpoints.reset();
     m_drawingImport.reset();
     m_drawings.reset();
@@ -188,13 +195,13 @@ void Client::AskToEnd() {
     if (m_window) {
         // Nobody is there to say whether a report may be given up.
         m_reports->End();
+        m_setup->End();
         m_window->close();
     }
 }
 
 void Client::ConnectWindow() {
     connect(m_window.get(), &MainWindow::CommandGiven, this, &Client::Obey);
-    connect(m_window.get(), &MainWindow::ProjectChosen, this, &Client::TakeProject);
     connect(m_window.get(), &MainWindow::PhotoLocated, this, &Client::OnPhotoLocated);
     connect(m_window.get(), &MainWindow::DrawingLocated, this, [this](int pointId) {
         m_drawings->LocateCheckpoint(pointId);
@@ -208,7 +215,8 @@ void Client::ConnectWindow() {
         RefreshModule();
     });
     FloorPlanCanvas& canvas = m_window->Plan().Canvas();
-    connect(&canvas, &FloorPlanCanvas::PhotosWanted, this, &Client::ShowPhotosAt);
+    connect(&canvas, &FloorPlanCanvas::PhotosWanted, this,
+            [this](const QString& positionKey) { m_consoles->ShowPhotosAt(positionKey); });
     connect(&canvas, &FloorPlanCanvas::ChoiceChanged, this, &Client::EnableCommands);
     connect(&canvas, &FloorPlanCanvas::FloorChanged, this, &Client::EnableCommands);
 }
@@ -319,42 +327,11 @@ void Client::OnPhotoLocated(const QString& text) {
     m_window->ShowStatus(target ? PhotoLocatedText(m_session, *target) : u"无法识别的定位请求"_s);
 }
 
-void Client::OpenRemembered() {
-    ReadProjects();
-    WithoutFault(m_session, [this] {
-        const int remembered = RememberedChoice(m_session, m_choices);
-        if (remembered >= 0) {
-            TakeChoice(m_session, m_choices[remembered]);
-        }
-    });
-    ProjectChanged();
-}
-
-void Client::ReadProjects() {
-    WithoutFault(m_session, [this] { m_choices = ReadProjectChoices(m_session); });
-}
-
-void Client::TakeProject(int index) {
-    if (index < 0 || index >= int(m_choices.size()) || index == OpenChoice(m_session, m_choices)) {
-        return;
-    }
-    m_marks->Keep();
-    // What asked for a component works on the project from before.
-    m_picks->Cancel();
-    WithoutFault(m_session, [&] { TakeChoice(m_session, m_choices[index]); });
-    ProjectChanged();
-}
-
 void Client::ProjectChanged() {
     m_hub.TellProjectChange();
     m_window->Properties().Empty();
     m_raising->ProjectChanged();
     m_issues->ProjectChanged();
-    QStringList names;
-    for (const ProjectChoice& choice : m_choices) {
-        names << choice.text;
-    }
-    m_window->SetProjects(names, OpenChoice(m_session, m_choices));
     m_checkpoints->Reset();
     m_drawings->ProjectChanged();
     ReadPlan();
@@ -383,6 +360,28 @@ void Client::MakeDrawingFlows() {
                     OnPathsDropped(paths);
                 }
             });
+}
+
+void Client::MakeProjects() {
+    m_projects = std::make_unique<ProjectFlow>(m_session, *m_window);
+    connect(m_projects.get(), &ProjectFlow::Leaving, this, [this] {
+        m_marks->Keep();
+        // What asked for a component works on the project from before.
+        m_picks->Cancel();
+    });
+    connect(m_projects.get(), &ProjectFlow::Changed, this, &Client::ProjectChanged);
+}
+
+void Client::MakeSetup() {
+    m_setup = std::make_unique<SetupFlow>(SetupFlow::Parts{m_session, *m_window, *m_drawingImport});
+    connect(m_setup.get(), &SetupFlow::Changed, this, &Client::OnSetupChanged);
+}
+
+void Client::OnSetupChanged() {
+    m_projects->ReadAnew();
+    m_drawings->ReadAnew();
+    ReadAnew();
+    RefreshModule();
 }
 
 void Client::OnPathsDropped(const QStringList& paths) {
@@ -437,6 +436,9 @@ void Client::EnableCommands() {
     const QString noList = m_sheets->WhyNot();
     m_window->SetEnabled(Command::ExportList, noList.isEmpty(), noList);
     const QString whyNot = m_raising->WhyNot();
+    const QString noSetup = m_setup ? m_setup->WhyNot() : QString();
+    m_window->SetEnabled(Command::Setup, noSetup.isEmpty(), noSetup);
+    m_window->SetEnabled(Command::NewProject, noSetup.isEmpty(), noSetup);
     m_window->SetEnabled(Command::RaiseIssue, whyNot.isEmpty(), whyNot);
     m_window->SetEnabled(Command::PlacePhotos, chosen != nullptr);
     m_window->SetEnabled(Command::FloorIssues, !m_window->Plan().CurrentFloor().isEmpty());

@@ -4,7 +4,6 @@
 #include "host/app/Calmed.h"
 #include "host/app/ModuleLoader.h"
 #include "host/app/PlanAxes.h"
-#include "host/app/ProjectChoices.h"
 #include "host/app/SessionBin.h"
 #include "host/app/TransferWait.h"
 #include "host/services/ServiceSet.h"
@@ -23,6 +22,7 @@
 namespace host {
 
 class CheckpointMenu;
+class ConsoleCommands;
 class DrawingFlow;
 class DrawingImport;
 class FloorPlanView;
@@ -32,10 +32,12 @@ class IssueFlow;
 class MainWindow;
 class MarkFlow;
 class PickFlow;
+class ProjectFlow;
 class RaiseFlow;
 class ReminderFlow;
 class ReportOutput;
 class RichTextFlow;
+class SetupFlow;
 class SheetFlow;
 class UndoFlow;
 
@@ -67,22 +69,23 @@ private:
     void ConnectComponents();
     void ConnectUndo();
     void Obey(Command command);
+    /// True for a command of the view or the help.
+    bool ObeyView(Command command);
     void ObeyHost(Command command);
-    void MakeProject();
     void ShowBin();
     /// The module's windows fetch anew what they list.
     void RefreshModule();
-    void ShowPhotosAt(const QString& positionKey);
     void OnPhotoLocated(const QString& text);
     /// Size of the window and place of its docks, for each person.
     [[nodiscard]] QString LayoutSetting() const;
     void BringBackLayout();
     void KeepLayout();
-    void OpenRemembered();
-    void ReadProjects();
-    void TakeProject(int index);
     void ProjectChanged();
     void MakeDrawingFlows();
+    void MakeProjects();
+    void MakeSetup();
+    /// Others may have renamed, archived, ordered: what the window lists is read anew.
+    void OnSetupChanged();
     void OnPathsDropped(const QStringList& paths);
     void ShowProperties(qint32 ppid, const QString& floor, const QString& handle);
     void ReadPlan();
@@ -107,6 +110,8 @@ private:
     Calmed m_issueMarks;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<FloorPlanView> m_view;
+    std::unique_ptr<ConsoleCommands> m_consoles;
+    std::unique_ptr<ProjectFlow> m_projects;
     std::unique_ptr<PickFlow> m_picks;
     std::unique_ptr<RaiseFlow> m_raising;
     std::unique_ptr<ImportFlow> m_imports;
@@ -120,8 +125,8 @@ private:
     std::unique_ptr<CheckpointMenu> m_checkpoints;
     std::unique_ptr<SheetFlow> m_sheets;
     std::unique_ptr<UndoFlow> m_undo;
+    std::unique_ptr<SetupFlow> m_setup;
     QPointer<BinWindow> m_binWindow;
-    std::vector<ProjectChoice> m_choices;
 };
 
 } // namespace host

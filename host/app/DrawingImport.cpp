@@ -43,8 +43,16 @@ void DrawingImport::Begin(const QStringList& paths) {
         m_session.Desk()->Report(MessageLevel::Warning, lack);
         return;
     }
+    BeginIn(m_session.CurrentProject().ppid, paths);
+}
+
+void DrawingImport::BeginIn(qint32 ppid, const QStringList& paths) {
+    if (m_progress) {
+        m_session.Desk()->Report(MessageLevel::Warning, u"正在导入图纸，请等它结束。"_s);
+        return;
+    }
     m_paths = paths;
-    m_ppid = m_session.CurrentProject().ppid;
+    m_ppid = ppid;
     m_count = int(paths.size());
     m_filed = 0;
     m_leftOut.clear();

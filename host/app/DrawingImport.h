@@ -32,6 +32,8 @@ public:
     /// Those that aren't files of drawings are named and left out. A second import at the same time
     /// is refused with a message.
     void Begin(const QStringList& paths);
+    /// The same into a project that needn't be open, for who may set it up.
+    void BeginIn(qint32 ppid, const QStringList& paths);
 
 signals:
     /// At least one was filed; the id of the last one.

@@ -48,10 +48,10 @@ bool IsOpenElsewhere(const QString& path) {
 }
 
 site::IClientFolders::Cache CacheOf(site::ListKind kind) {
-    using Cache = site::IClientFolders::Cache;
-    return kind == site::ListKind::BimPhotos   ? Cache::Pictures
-           : kind == site::ListKind::PdfPhotos ? Cache::Thumbnails
-                                               : Cache::Attachments;
+    using SheetCache = site::IClientFolders::Cache;
+    return kind == site::ListKind::BimPhotos   ? SheetCache::Pictures
+           : kind == site::ListKind::PdfPhotos ? SheetCache::Thumbnails
+                                               : SheetCache::Attachments;
 }
 
 QString NotesText(const sheets::SheetNotes& notes) {

@@ -2,8 +2,8 @@
 
 #include "host/app/SampleMaking.h"
 #include "host/session/HostSession.h"
+#include "host/setup/SetupRoles.h"
 #include "host/ui/SignInDialog.h"
-#include "services/IKXAuthMng.h"
 #include "site/ICatalogue.h"
 #include "site/IIntake.h"
 
@@ -20,18 +20,9 @@ QString LastUserSetting() {
     return u"lastUser"_s;
 }
 
-const std::vector<std::pair<qint32, QString>>& RightWords() {
-    static const std::vector<std::pair<qint32, QString>> words = {
-        {KX_DATA::kRightEdit, u"编辑"_s},
-        {KX_DATA::kRightDelete, u"删除"_s},
-        {KX_DATA::kRightShowHide, u"显示与隐藏"_s},
-        {KX_DATA::kRightAddLabels, u"新增标签"_s}};
-    return words;
-}
-
 QString RightsText(const std::vector<qint32>& rights) {
     QStringList words;
-    for (const auto& [right, word] : RightWords()) {
+    for (const auto& [right, word] : RightNames()) {
         if (std::find(rights.begin(), rights.end(), right) != rights.end()) {
             words << word;
         }
@@ -43,7 +34,7 @@ QString RightsText(const std::vector<qint32>& rights) {
 QString MakeFirstUser(HostSession& session, const QString& wanted) {
     const QString name = wanted.isEmpty() ? u"管理员"_s : wanted;
     std::vector<qint32> rights;
-    for (const auto& [right, word] : RightWords()) {
+    for (const auto& [right, word] : RightNames()) {
         rights.push_back(right);
     }
     session.Site().NewIntake()->AddUser(name, rights);

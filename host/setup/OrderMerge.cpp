@@ -56,10 +56,9 @@ QStringList MergedOrder(const QStringList& present, const QStringList& named) {
 }
 
 std::optional<double> FloorHeight(const QString& name) {
-    static const QRegularExpression form(
-        u"^(-|负|地下|B)?(?:F|第)?(\\d{1,3}(?:\\.\\d{1,2})?|"
-        "[一二三四五六七八九十]{1,3})(?:F|层|楼)?$"_s,
-        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression form(u"^(-|负|地下|B)?(?:F|第)?(\\d{1,3}(?:\\.\\d{1,2})?|"
+                                         "[一二三四五六七八九十]{1,3})(?:F|层|楼)?$"_s,
+                                         QRegularExpression::CaseInsensitiveOption);
     const auto match = form.match(name);
     if (!match.hasMatch()) {
         return std::nullopt;

@@ -10,10 +10,11 @@ using namespace Qt::StringLiterals;
 
 std::vector<ProjectEntry> Catalogue::Projects() {
     std::vector<ProjectEntry> projects;
-    m_database.ForEach(u"SELECT ppid, name, major, archived FROM project ORDER BY ppid"_s, {},
-                       [&](const Statement& row) {
-                           projects.push_back({row.Int(0), row.Text(1), row.Int(2), row.Int(3) != 0});
-                       });
+    m_database.ForEach(
+        u"SELECT ppid, name, major, archived FROM project ORDER BY ppid"_s, {},
+        [&](const Statement& row) {
+            projects.push_back({row.Int(0), row.Text(1), row.Int(2), row.Int(3) != 0});
+        });
     return projects;
 }
 
@@ -28,14 +29,15 @@ ProjectEntry Catalogue::Project(qint32 ppid) {
 
 std::vector<WorksetEntry> Catalogue::Worksets() {
     std::vector<WorksetEntry> worksets;
-    m_database.ForEach(u"SELECT w.id, w.name, p.ppid, w.archived FROM workset w JOIN workset_project p"
-                       " ON p.workset_id = w.id ORDER BY w.id, p.place"_s,
-                       {}, [&](const Statement& row) {
-                           if (worksets.empty() || worksets.back().id != row.Int(0)) {
-                               worksets.push_back({row.Int(0), row.Text(1), {}, row.Int(3) != 0});
-                           }
-                           worksets.back().ppids.push_back(row.Int(2));
-                       });
+    m_database.ForEach(
+        u"SELECT w.id, w.name, p.ppid, w.archived FROM workset w JOIN workset_project p"
+        " ON p.workset_id = w.id ORDER BY w.id, p.place"_s,
+        {}, [&](const Statement& row) {
+            if (worksets.empty() || worksets.back().id != row.Int(0)) {
+                worksets.push_back({row.Int(0), row.Text(1), {}, row.Int(3) != 0});
+            }
+            worksets.back().ppids.push_back(row.Int(2));
+        });
     return worksets;
 }
 

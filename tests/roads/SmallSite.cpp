@@ -1,5 +1,6 @@
 #include "tests/roads/SmallSite.h"
 
+#include "site/SetupState.h"
 #include "site/sqlite/DataFolder.h"
 #include "site/sqlite/SiteWriter.h"
 
@@ -85,7 +86,7 @@ SmallSite MakeSmallSite(const QString& folder) {
     site.firstProject = writer.AddProject(u"一期工程"_s);
     site.secondProject = writer.AddProject(u"二期工程"_s);
     writer.AddWorkset(u"总包"_s, {site.firstProject, site.secondProject});
-    writer.AddUser(u"张伟"_s, {5, 21, 22, 38});
+    writer.AddUser(u"张伟"_s, {5, 21, 22, 38, site::kRightSetup});
     writer.AddUser(u"李娜"_s, {});
     writer.AddMark(1, u"质量"_s, 0x0000FF);
     AddPlaces(writer, site);

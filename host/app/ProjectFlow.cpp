@@ -1,0 +1,88 @@
+#include "host/app/ProjectFlow.h"
+
+#include "host/app/Faults.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/ProjectNameDialog.h"
+#include "site/ICatalogue.h"
+#include "site/IIntake.h"
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+ProjectFlow::ProjectFlow(HostSession& hostSession, MainWindow& mainWindow)
+    : m_session(hostSession), m_window(mainWindow) {
+    connect(&m_window, &MainWindow::ProjectChosen, this, &ProjectFlow::Take);
+}
+
+void ProjectFlow::ReadChoices() {
+    WithoutFault(m_session, [this] { m_choices = ReadProjectChoices(m_session); });
+}
+
+void ProjectFlow::ShowChoices() {
+    QStringList names;
+    for (const ProjectChoice& choice : m_choices) {
+        names << choice.text;
+    }
+    m_window.SetProjects(names, OpenChoice(m_session, m_choices));
+}
+
+void ProjectFlow::OpenRemembered() {
+    ReadChoices();
+    WithoutFault(m_session, [this] {
+        const int remembered = RememberedChoice(m_session, m_choices);
+        if (remembered >= 0) {
+            TakeChoice(m_session, m_choices[remembered]);
+        }
+    });
+    ShowChoices();
+    emit Changed();
+}
+
+void ProjectFlow::Take(int index) {
+    if (index < 0 || index >= int(m_choices.size()) || index == OpenChoice(m_session, m_choices)) {
+        return;
+    }
+    emit Leaving();
+    WithoutFault(m_session, [&] { TakeChoice(m_session, m_choices[index]); });
+    ShowChoices();
+    emit Changed();
+}
+
+void ProjectFlow::Make() {
+    QStringList taken;
+    const bool isRead = WithoutFault(m_session, [&] {
+        // Archived ones have their names, too.
+        for (const site::ProjectEntry& project : m_session.Site().Catalogue().Projects()) {
+            taken << project.name;
+        }
+    });
+    ProjectNameDialog dialog(&m_window, taken);
+    if (!isRead || dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    const bool isMade = WithoutFault(m_session, [&] {
+        m_session.Site().NewIntake()->AddProject(dialog.Name());
+        m_session.Actions().Write(u"新建工程“%1”"_s.arg(dialog.Name()));
+    });
+    if (!isMade) {
+        return;
+    }
+    ReadChoices();
+    for (int at = 0; at < int(m_choices.size()); ++at) {
+        if (m_choices[at].ppid != 0 && m_choices[at].text == dialog.Name()) {
+            Take(at);
+        }
+    }
+}
+
+void ProjectFlow::ReadAnew() {
+    ReadChoices();
+    WithoutFault(m_session, [this] { m_session.ReadNames(); });
+    ShowChoices();
+    if (m_session.CurrentProject().ppid == 0 && !m_choices.empty()) {
+        Take(0);
+    }
+}
+
+} // namespace host

@@ -1,0 +1,43 @@
+// Which project or workset is open: the choice in the main window, the last one, a new one.
+#pragma once
+
+#include "host/app/ProjectChoices.h"
+
+#include <QObject>
+
+namespace host {
+
+class HostSession;
+class MainWindow;
+
+/// The session and the window must outlive it. Thread: user interface.
+class ProjectFlow final : public QObject {
+    Q_OBJECT
+
+public:
+    ProjectFlow(HostSession& hostSession, MainWindow& mainWindow);
+
+    /// What the person had open at last; Changed follows in any case.
+    void OpenRemembered();
+    /// Asks for a name, makes the project and opens it.
+    void Make();
+    /// Names and choices as the site has them now; the open project stays, if it is still there.
+    void ReadAnew();
+
+signals:
+    /// Another one is about to be opened.
+    void Leaving();
+    /// Another one is open, or none.
+    void Changed();
+
+private:
+    void ReadChoices();
+    void ShowChoices();
+    void Take(int index);
+
+    HostSession& m_session;
+    MainWindow& m_window;
+    std::vector<ProjectChoice> m_choices;
+};
+
+} // namespace host

@@ -1,0 +1,205 @@
+// The settings in the whole client: who may open them, what they save, what follows.
+#include "hands/Choices.h"
+#include "hands/Hands.h"
+#include "host/ui/HintTable.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/plan/FloorPlanPane.h"
+#include "host/ui/setup/SetupListPage.h"
+#include "host/ui/setup/SetupWindow.h"
+#include "site/ICatalogue.h"
+#include "site/ISetup.h"
+#include "site/sqlite/SiteWriter.h"
+#include "tests/roads/ClientFixture.h"
+#include "tests/roads/RoadHands.h"
+#include "tests/support/AnsweredPrompts.h"
+#include "tests/support/EngineFolder.h"
+#include "tests/support/WaitFor.h"
+#include "tour/TourEyes.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+
+#include <gmock/gmock.h>
+
+namespace roads {
+namespace {
+
+using namespace Qt::StringLiterals;
+using support::AnsweredPrompts;
+using support::WaitFor;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+class SetupRoad : public ClientOnAFolder {
+protected:
+    [[nodiscard]] host::SetupWindow* Settings() const {
+        return client->Window()->findChild<host::SetupWindow*>();
+    }
+    [[nodiscard]] host::SetupListPage& Page(host::SetupWindow::Page page, const QString& name) {
+        Settings()->ShowPage(page);
+        auto* table = Settings()->findChild<host::HintTable*>(name + u"Table"_s);
+        return *qobject_cast<host::SetupListPage*>(table->parentWidget());
+    }
+    void Open() {
+        ASSERT_TRUE(Press(Qt::Key_Comma));
+        ASSERT_TRUE(WaitFor([&] { return Settings() != nullptr && Settings()->isVisible(); }));
+    }
+    static void Set(host::SetupListPage& page, int row, int column, const QString& text) {
+        ASSERT_TRUE(page.Model().setData(page.Model().index(row, column), text, Qt::EditRole));
+    }
+    void Save() {
+        ClickOn(*Settings(), u"setupSave"_s);
+        EXPECT_FALSE(Settings()->HasUnsaved());
+    }
+    [[nodiscard]] QStringList Projects() const {
+        const auto* combo = client->Window()->findChild<QComboBox*>(u"projectChoice"_s);
+        QStringList names;
+        for (int at = 0; at < combo->count(); ++at) {
+            names << combo->itemText(at);
+        }
+        return names;
+    }
+};
+
+TEST_F(SetupRoad, ARenamedProjectIsCalledSoAtOnceAndAnArchivedOneIsNoLongerOffered) {
+    Open();
+    auto& projects = Page(host::SetupWindow::Page::Projects, u"projects"_s);
+    Set(projects, 0, 0, u"一期（新）"_s);
+    ASSERT_TRUE(
+        projects.Model().setData(projects.Model().index(1, 2), Qt::Checked, Qt::CheckStateRole));
+    Save();
+    EXPECT_THAT(Projects(), ElementsAre(u"一期（新）"_s, u"工作集：总包"_s));
+    EXPECT_THAT(client->Window()->windowTitle().toStdString(), HasSubstr("一期（新）"));
+    EXPECT_THAT(Messages(), testing::IsEmpty());
+}
+
+TEST_F(SetupRoad, ANewFloorStandsInThePlanAndTheImportOffersIt) {
+    Open();
+    Settings()->ShowPage(host::SetupWindow::Page::Grid);
+    ClickOn(*Settings(), u"floorsAdd"_s);
+    auto& floors = Page(host::SetupWindow::Page::Grid, u"floors"_s);
+    const int row = floors.Model().rowCount() - 1;
+    Set(floors, row, 0, u"屋顶"_s);
+    Type(*Settings(), u"axesX"_s, u"1-2"_s);
+    Type(*Settings(), u"axesY"_s, u"A"_s);
+    ClickOn(*Settings(), u"axesCross"_s);
+    Save();
+    EXPECT_THAT(session.Site().Catalogue().Floors(site.firstProject), Contains(u"屋顶"_s));
+    // In a list beside the plan: it has photos or none.
+    const auto* shown = client->Window()->Plan().findChild<QAbstractItemView*>(u"floorList"_s);
+    ASSERT_NE(shown, nullptr);
+    EXPECT_EQ(shown->model()->match(shown->model()->index(0, 0), Qt::DisplayRole, u"屋顶"_s, 1,
+                                      Qt::MatchStartsWith)
+                  .size(),
+              1);
+}
+
+TEST_F(SetupRoad, WhoeverMayNotSetUpCannotOpenIt) {
+    site::SiteWriter(support::FolderOf(session)).AddUser(u"张伟"_s, {5, 21, 22, 38});
+    ASSERT_TRUE(Press(Qt::Key_Comma));
+    EXPECT_EQ(Settings(), nullptr);
+}
+
+TEST_F(SetupRoad, ARightThatIsTakenAwayMeanwhileSavesNothing) {
+    Open();
+    auto& labels = Page(host::SetupWindow::Page::Labels, u"labels"_s);
+    ClickOn(*Settings(), u"labelsAdd"_s);
+    Set(labels, labels.Model().rowCount() - 1, 0, u"偷偷"_s);
+    site::SiteWriter(support::FolderOf(session)).AddUser(u"张伟"_s, {5, 21});
+    AnsweredPrompts prompts;
+    prompts.ExpectMessage(u"没有保存：\n您没有设置的权限，请找有权限的人。"_s);
+    ClickOn(*Settings(), u"setupSave"_s);
+    EXPECT_TRUE(Settings()->HasUnsaved());
+    for (const auto& label : session.Site().Catalogue().Labels()) {
+        EXPECT_NE(label.labelName, u"偷偷"_s);
+    }
+    prompts.ExpectNoYes(u"有未保存的修改。不保存就关闭吗？"_s, true);
+    Settings()->close();
+}
+
+TEST_F(SetupRoad, OnesOwnRightsChangeAtOnce) {
+    Open();
+    auto& people = Page(host::SetupWindow::Page::People, u"people"_s);
+    // 李娜 may set up from now on; 张伟 not any more.
+    Set(people, 1, 1, u"管理员"_s);
+    Set(people, 0, 1, u"查看者"_s);
+    Save();
+    EXPECT_FALSE(session.HasRight(site::kRightSetup));
+    EXPECT_FALSE(session.HasRight(21));
+}
+
+TEST_F(SetupRoad, APastedTableIsPreviewedTakenAndSaved) {
+    Open();
+    Settings()->ShowPage(host::SetupWindow::Page::Labels);
+    QApplication::clipboard()->setText(u"名称\n钢筋\n模板\n"_s);
+    ClickOn(*Settings(), u"labelsPaste"_s);
+    auto* preview = Settings()->findChild<QDialog*>(u"setupPreview"_s);
+    ASSERT_NE(preview, nullptr);
+    ClickOn(*preview, u"setupPreviewTake"_s);
+    Save();
+    const auto labels = session.Site().Catalogue().Labels();
+    ASSERT_GE(labels.size(), 2U);
+    EXPECT_EQ(labels.back().labelName, u"模板"_s);
+}
+
+TEST_F(SetupRoad, AWrittenFileIsReadAsTheSameSetup) {
+    Open();
+    const QString path = folder.Path(u"设置.txt"_s);
+    {
+        AnsweredPrompts prompts;
+        prompts.ExpectSaveFile(u"设置.txt"_s, path);
+        ClickOn(*Settings(), u"setupExport"_s);
+        prompts.ExpectOpenFiles(u"设置文件、工作簿和 CSV (*.xlsx *.csv *.txt);;所有文件 (*)"_s,
+                                {path});
+        ClickOn(*Settings(), u"setupImport"_s);
+    }
+    auto* preview = Settings()->findChild<QDialog*>(u"setupPreview"_s);
+    ASSERT_NE(preview, nullptr);
+    EXPECT_THAT(preview->findChild<QLabel*>(u"setupPreviewHead"_s)->text().toStdString(),
+                HasSubstr("没有变化"));
+}
+
+TEST_F(SetupRoad, AFileWithFaultsChangesNothing) {
+    QFile file(folder.Path(u"坏.csv"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(u"[标签]\n名称\n甲\n甲\n"_s.toUtf8());
+    file.close();
+    Open();
+    AnsweredPrompts prompts;
+    prompts.ExpectOpenFiles(u"设置文件、工作簿和 CSV (*.xlsx *.csv *.txt);;所有文件 (*)"_s,
+                            {file.fileName()});
+    ClickOn(*Settings(), u"setupImport"_s);
+    auto* preview = Settings()->findChild<QDialog*>(u"setupPreview"_s);
+    ASSERT_NE(preview, nullptr);
+    EXPECT_EQ(preview->findChild<QPushButton*>(u"setupPreviewTake"_s), nullptr);
+    EXPECT_FALSE(Settings()->HasUnsaved());
+}
+
+TEST_F(SetupRoad, TheClientEndsOverUnsavedSettings) {
+    Open();
+    Settings()->ShowPage(host::SetupWindow::Page::Labels);
+    ClickOn(*Settings(), u"labelsAdd"_s);
+    client->AskToEnd();
+    EXPECT_FALSE(client->Window()->isVisible());
+}
+
+TEST_F(SetupRoad, AnotherProjectWhileItIsOpenKeepsWhatWasTyped) {
+    Open();
+    auto& labels = Page(host::SetupWindow::Page::Labels, u"labels"_s);
+    ClickOn(*Settings(), u"labelsAdd"_s);
+    Set(labels, labels.Model().rowCount() - 1, 0, u"留着"_s);
+    ASSERT_TRUE(ChooseProject(u"二期工程"_s));
+    EXPECT_TRUE(Settings()->HasUnsaved());
+    Save();
+    EXPECT_EQ(session.CurrentProject().name, u"二期工程"_s);
+}
+
+} // namespace
+} // namespace roads
