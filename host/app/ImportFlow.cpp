@@ -41,7 +41,8 @@ ImportRequest RequestOf(const ImportChoice& choice) {
 std::vector<ImportResultRow> RowsOf(const ImportReport& report) {
     std::vector<ImportResultRow> rows;
     for (const ImportLine& line : report.lines) {
-        rows.push_back({line.path, OutcomeText(line.outcome), line.text});
+        const bool isFiled = line.outcome == ImportOutcome::Filed;
+        rows.push_back({line.path, OutcomeText(line.outcome), isFiled ? line.note : line.text});
     }
     return rows;
 }

@@ -2,6 +2,7 @@
 
 #include "host/import/ImageSniff.h"
 #include "host/import/PhotoTime.h"
+#include "host/import/ViewJpeg.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -10,6 +11,8 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QStringList>
+
+#include <utility>
 
 namespace host {
 
@@ -22,18 +25,16 @@ constexpr int kCheckSide = 256; // a JPEG is decoded to about this size to see t
 constexpr qint64 kFullDecodePixels = 30'000'000; // what the reader's memory limit lets through
 
 [[nodiscard]] bool IsImageName(const QString& suffix) {
-    static const QStringList known{u"jpg"_s, u"jpeg"_s, u"jpe"_s, u"jfif"_s,
-                                   u"png"_s, u"bmp"_s,  u"gif"_s};
+    static const QStringList known{u"jpg"_s, u"jpeg"_s, u"jpe"_s,  u"jfif"_s, u"png"_s,
+                                   u"bmp"_s, u"gif"_s,  u"heic"_s, u"heif"_s, u"hif"_s,
+                                   u"tif"_s, u"tiff"_s, u"webp"_s};
     return known.contains(suffix);
 }
 
 [[nodiscard]] QString KindRefusal(ImageKind kind, const QString& suffix) {
-    if (kind == ImageKind::Heic || suffix == u"heic"_s || suffix == u"heif"_s) {
-        return u"HEIC 格式无法读取，请先转换为 JPEG"_s;
-    }
     if (kind == ImageKind::None) {
         return IsImageName(suffix) ? u"内容不是图片，虽然扩展名是 .%1"_s.arg(suffix)
-                                   : u"不是 JPEG、PNG、BMP 或 GIF 图片"_s;
+                                   : u"不是 JPEG、PNG、BMP、GIF、HEIC、TIFF 或 WebP 图片"_s;
     }
     if (!suffix.isEmpty() && !IsImageName(suffix)) {
         return u"扩展名 .%1 不是图片的扩展名"_s.arg(suffix);
@@ -51,15 +52,13 @@ constexpr qint64 kFullDecodePixels = 30'000'000; // what the reader's memory lim
         return "bmp";
     case ImageKind::Gif:
         return "gif";
-    case ImageKind::None:
-    case ImageKind::Heic:
-        break;
+    default:
+        return ""; // read by libraries of their own, or not at all
     }
-    return "";
 }
 
 /// Empty if the picture decodes to its end.
-[[nodiscard]] QString DecodeRefusal(ImageKind kind, QByteArray& bytes) {
+[[nodiscard]] QString PlainRefusal(ImageKind kind, QByteArray& bytes) {
     if (!ReachesItsEnd(kind, bytes)) {
         return u"文件不完整，图片在中途断开"_s;
     }
@@ -70,12 +69,10 @@ constexpr qint64 kFullDecodePixels = 30'000'000; // what the reader's memory lim
     if (size.isEmpty()) {
         return u"图片已损坏，读不出尺寸"_s;
     }
-    const qint64 pixels = static_cast<qint64>(size.width()) * size.height();
-    if (pixels > kMaxPixels) {
-        return u"图片太大：%1×%2 像素，上限为 %3 万像素"_s.arg(size.width())
-            .arg(size.height())
-            .arg(kMaxPixels / 10000);
+    if (const QString tooLarge = TooManyPixels(size); !tooLarge.isEmpty()) {
+        return tooLarge;
     }
+    const qint64 pixels = static_cast<qint64>(size.width()) * size.height();
     if (kind == ImageKind::Jpeg) {
         reader.setScaledSize(
             size.scaled(kCheckSide, kCheckSide, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
@@ -118,12 +115,43 @@ constexpr qint64 kFullDecodePixels = 30'000'000; // what the reader's memory lim
     if (file.error() != QFileDevice::NoError) {
         return u"无法读取：%1"_s.arg(file.errorString());
     }
-    return DecodeRefusal(kind, result.bytes);
+    return {};
+}
+
+[[nodiscard]] ImageKind KindOf(const QByteArray& bytes) {
+    return SniffImage(QByteArrayView(bytes).first(std::min(kHeadBytes, bytes.size())));
+}
+
+/// The name with the suffix of what was made of it.
+[[nodiscard]] QString JpegName(const QString& name) {
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return (dot > 0 ? name.left(dot) : name) + u".jpg"_s;
+}
+
+/// The JPEG takes the file's place, and the file becomes the original.
+[[nodiscard]] QString ForeignRefusal(ImageKind kind, ExaminedFile& file,
+                                     const PictureLibraries& libraries) {
+    const std::unique_ptr<ForeignPicture> picture = OpenForeignPicture(kind, file.bytes, libraries);
+    ViewJpeg jpeg = MakeViewJpeg(*picture);
+    if (jpeg.refusal.isEmpty()) {
+        file.note = picture->Head().note;
+        file.original = std::exchange(file.bytes, std::move(jpeg.bytes));
+        file.originalName = std::exchange(file.displayName, JpegName(file.displayName));
+    }
+    return jpeg.refusal;
 }
 
 } // namespace
 
-ExaminedFile ExamineFile(const QString& path) {
+QString TooManyPixels(QSize size) {
+    return qint64{size.width()} * size.height() <= kMaxPixels
+               ? QString()
+               : u"图片太大：%1×%2 像素，上限为 %3 万像素"_s.arg(size.width())
+                     .arg(size.height())
+                     .arg(kMaxPixels / 10000);
+}
+
+ExaminedFile ReadFile(const QString& path) {
     const QFileInfo info(path);
     ExaminedFile result;
     result.path = path;
@@ -136,11 +164,27 @@ ExaminedFile ExamineFile(const QString& path) {
     result.md5 = QString::fromLatin1(
         QCryptographicHash::hash(result.bytes, QCryptographicHash::Md5).toHex());
     result.time = info.lastModified().toSecsSinceEpoch();
-    if (SniffImage(QByteArrayView(result.bytes).first(std::min(kHeadBytes, result.bytes.size()))) ==
-        ImageKind::Jpeg) {
-        result.time = ExifTime(result.bytes).value_or(result.time);
-    }
     return result;
+}
+
+void Examine(ExaminedFile& file, const PictureLibraries& libraries) {
+    if (!file.refusal.isEmpty()) {
+        return;
+    }
+    const ImageKind kind = KindOf(file.bytes);
+    file.refusal =
+        IsForeign(kind) ? ForeignRefusal(kind, file, libraries) : PlainRefusal(kind, file.bytes);
+    if (!file.refusal.isEmpty()) {
+        file.bytes.clear();
+    } else if (KindOf(file.bytes) == ImageKind::Jpeg) {
+        file.time = ExifTime(file.bytes).value_or(file.time);
+    }
+}
+
+ExaminedFile ExamineFile(const QString& path, const PictureLibraries& libraries) {
+    ExaminedFile file = ReadFile(path);
+    Examine(file, libraries);
+    return file;
 }
 
 QString CleanDisplayName(const QString& name) {

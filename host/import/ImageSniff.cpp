@@ -156,6 +156,14 @@ constexpr qsizetype kStartOfScan = 0xDA;
     return row == 0 || height <= there / row;
 }
 
+/// Byte order and 42, or 43 for a BigTIFF.
+[[nodiscard]] bool IsTiffHead(QByteArrayView head) {
+    return head.startsWith(QByteArrayView("II*\0", 4)) ||
+           head.startsWith(QByteArrayView("MM\0*", 4)) ||
+           head.startsWith(QByteArrayView("II+\0", 4)) ||
+           head.startsWith(QByteArrayView("MM\0+", 4));
+}
+
 } // namespace
 
 ImageKind SniffImage(QByteArrayView head) {
@@ -174,9 +182,17 @@ ImageKind SniffImage(QByteArrayView head) {
     }
     if (head.size() >= 12 && head.sliced(4, 4) == QByteArrayView("ftyp")) {
         const QByteArrayView brand = head.sliced(8, 4);
-        if (brand.startsWith("hei") || brand.startsWith("hev") || brand == QByteArrayView("mif1")) {
+        if (brand.startsWith("hei") || brand.startsWith("hev") || brand == QByteArrayView("mif1") ||
+            brand == QByteArrayView("msf1")) {
             return ImageKind::Heic;
         }
+    }
+    if (head.size() >= 12 && head.startsWith("RIFF") &&
+        head.sliced(8, 4) == QByteArrayView("WEBP")) {
+        return ImageKind::WebP;
+    }
+    if (IsTiffHead(head)) {
+        return ImageKind::Tiff;
     }
     return ImageKind::None;
 }
@@ -193,6 +209,8 @@ bool ReachesItsEnd(ImageKind kind, QByteArrayView bytes) {
         return BmpIsWhole(bytes);
     case ImageKind::None:
     case ImageKind::Heic:
+    case ImageKind::Tiff:
+    case ImageKind::WebP:
         break;
     }
     return false;

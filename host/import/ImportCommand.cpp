@@ -64,8 +64,9 @@ constexpr std::array kOptions{
     QElapsedTimer sinceLast;
     sinceLast.start();
     const ImportReport report = Importer(site).Run(request, [&](const ImportStep& step) {
-        if (step.line.outcome != ImportOutcome::Filed) {
-            out << step.line.path << u'：' << step.line.text << u'\n';
+        const bool isFiled = step.line.outcome == ImportOutcome::Filed;
+        if (const QString& text = isFiled ? step.line.note : step.line.text; !text.isEmpty()) {
+            out << step.line.path << u'：' << text << u'\n';
         }
         if (sinceLast.elapsed() >= kProgressMs) {
             sinceLast.restart();

@@ -15,15 +15,12 @@ ImportLine ImportFiler::File(const ExaminedFile& file) {
         return {file.path, ImportOutcome::Refused, file.refusal};
     }
     try {
-        if (IsThere(file)) {
+        // Asked again: another file of this import may have had the same bytes.
+        if (file.isKnown || IsThere(file.md5)) {
             return {file.path, ImportOutcome::Duplicate, u"工程中已有相同的照片"_s};
         }
-        if (m_request.checkpointId != 0) {
-            FilePdfPhoto(file);
-        } else {
-            FileBimPhoto(file);
-        }
-        return {file.path, ImportOutcome::Filed, file.displayName};
+        const qint32 id = m_request.checkpointId != 0 ? FilePdfPhoto(file) : FileBimPhoto(file);
+        return {file.path, ImportOutcome::Filed, file.displayName, file.note, id};
     } catch (const site::DataError& error) {
         const bool onlyThisFile = error.GetFault() == site::Fault::BadName;
         return {file.path, onlyThisFile ? ImportOutcome::Refused : ImportOutcome::Failed,
@@ -31,12 +28,20 @@ ImportLine ImportFiler::File(const ExaminedFile& file) {
     }
 }
 
-bool ImportFiler::IsThere(const ExaminedFile& file) const {
-    return m_request.checkpointId != 0 ? m_intake->FindPdfPhotoByMd5(m_request.ppid, file.md5) != 0
-                                       : m_intake->FindPhotoByMd5(m_request.ppid, file.md5) != 0;
+bool ImportFiler::IsKnown(const QString& md5) const {
+    try {
+        return IsThere(md5);
+    } catch (const site::DataError&) {
+        return false;
+    }
 }
 
-void ImportFiler::FileBimPhoto(const ExaminedFile& file) {
+bool ImportFiler::IsThere(const QString& md5) const {
+    return m_request.checkpointId != 0 ? m_intake->FindPdfPhotoByMd5(m_request.ppid, md5) != 0
+                                       : m_intake->FindPhotoByMd5(m_request.ppid, md5) != 0;
+}
+
+qint32 ImportFiler::FileBimPhoto(const ExaminedFile& file) {
     site::NewBimPhoto photo;
     photo.ppid = m_request.ppid;
     photo.fileName = file.displayName;
@@ -44,16 +49,16 @@ void ImportFiler::FileBimPhoto(const ExaminedFile& file) {
     photo.markId = m_request.markId;
     photo.uploader = m_request.user;
     photo.uploadTime = file.time;
-    m_intake->FilePhoto(photo, {{}, file.bytes});
+    return m_intake->FilePhoto(photo, {{}, file.bytes});
 }
 
-void ImportFiler::FilePdfPhoto(const ExaminedFile& file) {
+qint32 ImportFiler::FilePdfPhoto(const ExaminedFile& file) {
     site::NewPdfPhoto photo;
     photo.checkpointId = m_request.checkpointId;
     photo.fileName = file.displayName;
     photo.uploader = m_request.user;
     photo.uploadTime = file.time;
-    m_intake->FilePdfPhoto(m_request.ppid, photo, {{}, file.bytes});
+    return m_intake->FilePdfPhoto(m_request.ppid, photo, {{}, file.bytes});
 }
 
 } // namespace host

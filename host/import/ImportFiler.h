@@ -14,13 +14,16 @@ class ImportFiler final {
 public:
     ImportFiler(site::ISite& site, ImportRequest target);
 
-    /// Never throws; kFailed means that no further file needs to be tried.
+    /// Never throws; Failed means that no further file needs to be tried.
     [[nodiscard]] ImportLine File(const ExaminedFile& file);
+    /// Whether a photo was made of a file of this MD5. False too if the site can't say: then the
+    /// filing will tell why.
+    [[nodiscard]] bool IsKnown(const QString& md5) const;
 
 private:
-    [[nodiscard]] bool IsThere(const ExaminedFile& file) const;
-    void FileBimPhoto(const ExaminedFile& file);
-    void FilePdfPhoto(const ExaminedFile& file);
+    [[nodiscard]] bool IsThere(const QString& md5) const;
+    [[nodiscard]] qint32 FileBimPhoto(const ExaminedFile& file);
+    [[nodiscard]] qint32 FilePdfPhoto(const ExaminedFile& file);
 
     std::unique_ptr<site::IIntake> m_intake;
     ImportRequest m_request;

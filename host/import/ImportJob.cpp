@@ -53,7 +53,8 @@ bool ImportJob::event(QEvent* happening) {
 }
 
 void ImportJob::FileOne() {
-    if (const std::optional<ExaminedFile> file = m_scanner->TakeReady()) {
+    const auto isKnown = [this](const QString& md5) { return m_filer->IsKnown(md5); };
+    if (const std::optional<ExaminedFile> file = m_scanner->TakeReady(isKnown)) {
         m_step.line = m_filer->File(*file);
         m_step.total = m_scanner->Total();
         ++m_step.done;
@@ -63,6 +64,9 @@ void ImportJob::FileOne() {
     // A receiver of the signal may have cancelled.
     if (IsRunning() && (!m_report.fault.isEmpty() || m_scanner->AtEnd())) {
         End();
+    } else if (IsRunning() && m_scanner->HasReady()) {
+        // What the project has is ready without a word of the worker.
+        QCoreApplication::postEvent(this, new QEvent(WakeEvent()));
     }
 }
 

@@ -8,7 +8,11 @@ void ImportReport::Add(const ImportLine& line) {
     switch (line.outcome) {
     case ImportOutcome::Filed:
         ++filed;
-        return;
+        photoIds.push_back(line.photoId);
+        if (line.note.isEmpty()) {
+            return;
+        }
+        break;
     case ImportOutcome::Duplicate:
         ++duplicates;
         break;

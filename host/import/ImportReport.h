@@ -30,7 +30,9 @@ enum class ImportOutcome {
 struct ImportLine {
     QString path;
     ImportOutcome outcome = ImportOutcome::Filed;
-    QString text; ///< Chinese, why; for a filed photo its display name
+    QString text;       ///< Chinese, why; for a filed photo its display name
+    QString note{};     ///< Chinese, what of a filed file was left out; often empty
+    qint32 photoId = 0; ///< of a filed one
 };
 
 /// One file is done.
@@ -46,7 +48,8 @@ struct ImportReport {
     int refused = 0;
     bool cancelled = false;
     QString fault;                 ///< Chinese, what ended the import; empty: nothing did
-    std::vector<ImportLine> lines; ///< of all files that weren't filed
+    std::vector<ImportLine> lines; ///< of all files that weren't filed, or not with all of them
+    std::vector<qint32> photoIds;  ///< of what was filed, ascending
 
     void Add(const ImportLine& line);
     /// One sentence in Chinese: the counts, and how it ended.

@@ -10,7 +10,8 @@ ImportReport Importer::Run(const ImportRequest& request, const ImportProgress& p
     ImportFiler filer(m_site, request);
     ImportScanner scanner(request.roots);
     ImportStep step;
-    while (const std::optional<ExaminedFile> file = scanner.WaitForNext()) {
+    const auto isKnown = [&](const QString& md5) { return filer.IsKnown(md5); };
+    while (const std::optional<ExaminedFile> file = scanner.WaitForNext(isKnown)) {
         step.line = filer.File(*file);
         step.total = scanner.Total();
         ++step.done;

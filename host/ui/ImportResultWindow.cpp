@@ -89,7 +89,7 @@ ImportResultWindow::ImportResultWindow(QWidget* parent, const QString& summary,
 void ImportResultWindow::MakeTable() {
     m_table = new HintTable(this);
     m_table->setObjectName(u"importTable"_s);
-    m_table->setAccessibleName(u"没有导入的文件"_s);
+    m_table->setAccessibleName(u"没有导入或只导入一部分的文件"_s);
     m_table->setModel(m_model);
     m_table->setTextElideMode(Qt::ElideMiddle);
     m_table->setColumnWidth(ImportResultModel::kFile, 400);

@@ -1,5 +1,6 @@
 #include "host/import/FileExamination.h"
 
+#include "tests/host/import/ForeignPictures.h"
 #include "tests/host/import/TestPictures.h"
 #include "tests/support/TempFolder.h"
 
@@ -86,7 +87,8 @@ TEST(FileExamination, ATextNamedJpgIsRefused) {
 }
 
 TEST(FileExamination, OtherFilesAreRefused) {
-    EXPECT_EQ(Examine(u"plan.dwg"_s, "AC1032").refusal, u"不是 JPEG、PNG、BMP 或 GIF 图片"_s);
+    EXPECT_EQ(Examine(u"plan.dwg"_s, "AC1032").refusal,
+              u"不是 JPEG、PNG、BMP、GIF、HEIC、TIFF 或 WebP 图片"_s);
     EXPECT_EQ(Examine(u"notes.txt"_s, Picture("jpeg", 1)).refusal,
               u"扩展名 .txt 不是图片的扩展名"_s);
 }
@@ -128,14 +130,13 @@ TEST(FileExamination, APhonesHundredAndEightMegapixelsAreTaken) {
     EXPECT_EQ(Examine(u"a.jpg"_s, JpegOfSize(12000, 9000)).refusal, QString());
 }
 
-TEST(FileExamination, HeicIsRefusedByNameAndByContent) {
-    EXPECT_EQ(Examine(u"IMG_1.HEIC"_s, "whatever").refusal,
-              u"HEIC 格式无法读取，请先转换为 JPEG"_s);
-    EXPECT_EQ(Examine(u"IMG_1.jpg"_s, QByteArray("\0\0\0\x18"
-                                                 "ftypheic\0\0\0\0",
-                                                 16))
-                  .refusal,
-              u"HEIC 格式无法读取，请先转换为 JPEG"_s);
+TEST(FileExamination, ATextNamedHeicIsRefused) {
+    EXPECT_EQ(Examine(u"IMG_1.HEIC"_s, "whatever").refusal, u"内容不是图片，虽然扩展名是 .heic"_s);
+}
+
+TEST(FileExamination, RawFilesOfCamerasAreRefusedThoughTheyBeginAsTiff) {
+    EXPECT_EQ(Examine(u"a.dng"_s, importtest::Tiff(importtest::Corners())).refusal,
+              u"扩展名 .dng 不是图片的扩展名"_s);
 }
 
 TEST(FileExamination, HiddenFilesAreRefused) {

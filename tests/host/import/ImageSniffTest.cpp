@@ -18,10 +18,15 @@ TEST(ImageSniff, TellsTheKindByTheFirstBytes) {
                                               "ftypheic\0\0\0\0",
                                               16)),
               ImageKind::Heic);
+    EXPECT_EQ(host::SniffImage(QByteArrayView("RIFF\x24\0\0\0WEBPVP8 ", 16)), ImageKind::WebP);
+    for (const char* head : {"II*", "MM\0*", "II+", "MM\0+"}) {
+        EXPECT_EQ(host::SniffImage(QByteArrayView(head, 4)), ImageKind::Tiff);
+    }
 }
 
 TEST(ImageSniff, TextIsNoPicture) {
     EXPECT_EQ(host::SniffImage("BMW drove up the site road, said the log."), ImageKind::None);
+    EXPECT_EQ(host::SniffImage(QByteArrayView("RIFF\x24\0\0\0WAVEfmt ", 16)), ImageKind::None);
     EXPECT_EQ(host::SniffImage("\xFF\xD8"), ImageKind::None);
     EXPECT_EQ(host::SniffImage(""), ImageKind::None);
 }

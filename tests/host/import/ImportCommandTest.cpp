@@ -39,7 +39,8 @@ TEST(ImportCommand, FilesAFolderAndPrintsTheCounts) {
     const Printed printed = RunCommand(site, Words(site));
     EXPECT_EQ(printed.code, 0);
     EXPECT_EQ(printed.err, QString());
-    EXPECT_TRUE(printed.out.contains(u"b.txt：不是 JPEG、PNG、BMP 或 GIF 图片\n"_s));
+    EXPECT_TRUE(
+        printed.out.contains(u"b.txt：不是 JPEG、PNG、BMP、GIF、HEIC、TIFF 或 WebP 图片\n"_s));
     EXPECT_TRUE(printed.out.endsWith(u"导入 1 张照片，重复 0 张，跳过 1 个文件。\n"_s));
 }
 

@@ -83,6 +83,22 @@ TEST(ImportJob, OneAtATime) {
     EXPECT_EQ(run.reports[1].duplicates, 3);
 }
 
+TEST(ImportJob, WhatIsKnownAlreadyDoesntHoldItUp) {
+    JobRun run(9);
+    // Every other one is new, so that known ones wait behind such as are being decoded.
+    host::ImportRequest half = run.site.Request();
+    half.roots.clear();
+    for (int index = 0; index < 9; index += 2) {
+        half.roots.append(run.site.Pictures() + u"/0%1.jpg"_s.arg(index));
+    }
+    run.job.Start(half);
+    ASSERT_TRUE(run.WaitForEnd());
+    run.job.Start(run.site.Request());
+    ASSERT_TRUE(support::WaitFor([&] { return run.reports.size() == 2; }));
+    EXPECT_EQ(run.reports[1].filed, 4);
+    EXPECT_EQ(run.reports[1].duplicates, 5);
+}
+
 TEST(ImportJob, CancelledFromItsOwnSignalItKeepsWhatWasFiled) {
     JobRun run(10);
     QObject::connect(&run.job, &host::ImportJob::Stepped, &run.job,

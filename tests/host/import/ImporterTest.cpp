@@ -1,5 +1,7 @@
 #include "host/import/Importer.h"
 
+#include "host/import/ImportFiler.h"
+#include "tests/host/import/ForeignPictures.h"
 #include "tests/host/import/ImportSite.h"
 #include "tests/host/import/TestPictures.h"
 
@@ -7,6 +9,8 @@
 #include <QImageReader>
 
 #include <gmock/gmock.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -72,6 +76,54 @@ TEST(Importer, ASecondRunDoublesNothing) {
     EXPECT_EQ(again.lines[0].text, u"工程中已有相同的照片"_s);
     EXPECT_EQ(site.Filed().size(), 2);
     EXPECT_EQ(site.StoredFiles(), 2);
+}
+
+TEST(Importer, WhatTheProjectHasIsntDecodedAgain) {
+    ImportSite site;
+    const QByteArray photo = Picture("jpeg", 1);
+    const QString path = site.Put(u"a.jpg"_s, photo);
+    host::ExaminedFile unreadable = host::ReadFile(path);
+    unreadable.bytes = photo.left(photo.size() / 2);
+    (void)host::ImportFiler(*site.Engine(), site.Request()).File(unreadable);
+    ASSERT_EQ(site.Filed().size(), 1);
+    // Decoding it would refuse it.
+    site.Put(u"a.jpg"_s, unreadable.bytes);
+    const host::ImportReport report = host::Importer(*site.Engine()).Run(site.Request());
+    EXPECT_EQ(report.duplicates, 1);
+    EXPECT_EQ(report.refused, 0);
+}
+
+TEST(Importer, TheListNamesEveryFileInTheOrderOfTheWalk) {
+    ImportSite site;
+    for (int index = 0; index < 12; ++index) {
+        const QString name = u"%1.jpg"_s.arg(index, 2, 10, QChar(u'0'));
+        site.Put(name, index % 3 == 2 ? QByteArray("text") : Picture("jpeg", index % 3));
+    }
+    std::vector<QString> paths;
+    const host::ImportReport report =
+        host::Importer(*site.Engine()).Run(site.Request(), [&](const host::ImportStep& step) {
+            paths.push_back(step.line.path);
+            return true;
+        });
+    EXPECT_TRUE(std::is_sorted(paths.begin(), paths.end()));
+    EXPECT_EQ(paths.size(), 12);
+    EXPECT_EQ(report.filed, 2);
+    EXPECT_EQ(report.duplicates, 6);
+    EXPECT_EQ(report.refused, 4);
+    EXPECT_THAT(report.photoIds, testing::ElementsAre(1, 2));
+}
+
+TEST(Importer, AFiledPictureOfSeveralIsInTheListToo) {
+    ImportSite site;
+    importtest::TiffWishes wishes;
+    wishes.pages = 3;
+    site.Put(u"scan.tif"_s, importtest::Tiff(importtest::Corners(), wishes));
+    const host::ImportReport report = host::Importer(*site.Engine()).Run(site.Request());
+    EXPECT_EQ(report.filed, 1);
+    EXPECT_EQ(report.refused, 0);
+    ASSERT_EQ(report.lines.size(), 1);
+    EXPECT_EQ(report.lines[0].outcome, host::ImportOutcome::Filed);
+    EXPECT_EQ(report.lines[0].note, u"共 3 页，只取第一页"_s);
 }
 
 TEST(Importer, EqualBytesUnderTwoNamesAreOnePhoto) {
