@@ -15,6 +15,7 @@ enum class FileKind {
     Thumb = 8,
     Uploaded = 9,  ///< not yet taken by anything
     RichText = 10, ///< of any version; owner: the record
+    Original = 11, ///< what a photo's picture was made of; owner: the photo, of either kind
 };
 
 } // namespace site

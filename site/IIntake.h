@@ -39,6 +39,7 @@ public:
     virtual void SetSetting(const QString& key, const QString& value) = 0;
 
     /// Stores the picture and files the photo; returns its id. `voice`: an AMR note, or empty.
+    /// Refused for facts that can't be, see PhotoFacts.h.
     virtual qint32 FilePhoto(const NewBimPhoto& photo, const FileSource& picture,
                              const FileSource& voice = {}) = 0;
     virtual qint32 FilePdfPhoto(qint32 ppid, const NewPdfPhoto& photo,
@@ -59,7 +60,8 @@ public:
     [[nodiscard]] virtual qint32 FindMark(const QString& name) = 0;
     [[nodiscard]] virtual QString FindPosition(qint32 ppid, const QString& floor,
                                                const QString& axisX, const QString& axisY) = 0;
-    /// By the MD5 of the picture, 32 lower-case hexadecimal digits; photos in the bin don't count.
+    /// By the MD5 of the picture or of what it was made of, 32 lower-case hexadecimal digits;
+    /// photos in the bin don't count.
     [[nodiscard]] virtual qint32 FindPhotoByMd5(qint32 ppid, const QString& md5) = 0;
     [[nodiscard]] virtual qint32 FindPdfPhotoByMd5(qint32 ppid, const QString& md5) = 0;
     [[nodiscard]] virtual bool IsEmpty() = 0;

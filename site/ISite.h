@@ -27,6 +27,7 @@ class IIntake;
 class IIssues;
 class IPanelCounts;
 class IPdfPhotos;
+class IPhotoFacts;
 class IPicFiling;
 class IRichTexts;
 class ISetup;
@@ -41,6 +42,7 @@ public:
 
     [[nodiscard]] virtual IBimPhotos& BimPhotos() = 0;
     [[nodiscard]] virtual IPdfPhotos& PdfPhotos() = 0;
+    [[nodiscard]] virtual IPhotoFacts& PhotoFacts() = 0;
     [[nodiscard]] virtual IComments& Comments() = 0;
     [[nodiscard]] virtual IComponents& Components() = 0;
     [[nodiscard]] virtual IDrafts& Drafts() = 0;

@@ -1,6 +1,8 @@
 // What is filed into a site: positions, photos, drawings, issues, and where their files come from.
 #pragma once
 
+#include "site/PhotoFacts.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -37,6 +39,9 @@ struct NewBimPhoto {
     QString updater;
     qint64 updateTime = 0;
     std::vector<qint32> labelIds;
+    PhotoFacts facts{};
+    FileSource original{};  ///< the file as it came, if the picture was made of it
+    QString originalName{}; ///< its name; empty without one
 };
 
 /// Mark and labels are those of the checkpoint.
@@ -50,6 +55,9 @@ struct NewPdfPhoto {
     qint64 uploadTime = 0;
     QString updater;
     qint64 updateTime = 0;
+    PhotoFacts facts{}; ///< these three as those of a BIM photo
+    FileSource original{};
+    QString originalName{};
 };
 
 struct NewCheckpoint {

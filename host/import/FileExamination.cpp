@@ -1,12 +1,11 @@
 #include "host/import/FileExamination.h"
 
+#include "host/import/ExifFacts.h"
 #include "host/import/ImageSniff.h"
-#include "host/import/PhotoTime.h"
 #include "host/import/ViewJpeg.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
-#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -163,7 +162,6 @@ ExaminedFile ReadFile(const QString& path) {
     }
     result.md5 = QString::fromLatin1(
         QCryptographicHash::hash(result.bytes, QCryptographicHash::Md5).toHex());
-    result.time = info.lastModified().toSecsSinceEpoch();
     return result;
 }
 
@@ -177,7 +175,7 @@ void Examine(ExaminedFile& file, const PictureLibraries& libraries) {
     if (!file.refusal.isEmpty()) {
         file.bytes.clear();
     } else if (KindOf(file.bytes) == ImageKind::Jpeg) {
-        file.time = ExifTime(file.bytes).value_or(file.time);
+        file.facts = ReadPhotoFacts(file.bytes);
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/import/ForeignPicture.h"
+#include "site/PhotoFacts.h"
 
 #include <QByteArray>
 #include <QSize>
@@ -12,15 +13,15 @@ namespace host {
 /// One file as the worker hands it over.
 struct ExaminedFile {
     QString path;
-    QString refusal;      ///< Chinese, why it is passed over; empty: it can be filed
-    QString note;         ///< Chinese, what of a file that can be filed is left out; often empty
-    QString displayName;  ///< name to show, without separators and control characters
-    QByteArray bytes;     ///< what viewers read: the whole file as it is, or a JPEG made of it
-    QByteArray original;  ///< the whole file as it is if `bytes` were made of it, else empty
-    QString originalName; ///< its name, cleaned as the other one
-    QString md5;          ///< of the file as it is, 32 lower-case hexadecimal digits
-    bool isKnown = false; ///< the project has it: not examined, and without its bytes
-    qint64 time = 0;      ///< seconds since 1970, from the photo itself or from the file
+    QString refusal;        ///< Chinese, why it is passed over; empty: it can be filed
+    QString note;           ///< Chinese, what of a file that can be filed is left out; often empty
+    QString displayName;    ///< name to show, without separators and control characters
+    QByteArray bytes;       ///< what viewers read: the whole file as it is, or a JPEG made of it
+    QByteArray original;    ///< the whole file as it is if `bytes` were made of it, else empty
+    QString originalName;   ///< its name, cleaned as the other one
+    QString md5;            ///< of the file as it is, 32 lower-case hexadecimal digits
+    bool isKnown = false;   ///< the project has it: not examined, and without its bytes
+    site::PhotoFacts facts; ///< what the picture tells of its taking
 };
 
 /// Largest picture that is taken; above the 108 megapixels of today's phones.

@@ -8,7 +8,7 @@ namespace host {
 using namespace Qt::StringLiterals;
 
 ImportFiler::ImportFiler(site::ISite& site, ImportRequest target)
-    : m_intake(site.NewIntake()), m_request(std::move(target)) {}
+    : m_site(site), m_intake(site.NewIntake()), m_request(std::move(target)) {}
 
 ImportLine ImportFiler::File(const ExaminedFile& file) {
     if (!file.refusal.isEmpty()) {
@@ -41,23 +41,29 @@ bool ImportFiler::IsThere(const QString& md5) const {
                                        : m_intake->FindPhotoByMd5(m_request.ppid, md5) != 0;
 }
 
+template <typename Photo>
+void ImportFiler::SetCommon(Photo& photo, const ExaminedFile& file) const {
+    photo.fileName = file.displayName;
+    photo.uploader = m_request.user;
+    photo.uploadTime = m_site.Now();
+    photo.facts = file.facts;
+    photo.original = {{}, file.original};
+    photo.originalName = file.originalName;
+}
+
 qint32 ImportFiler::FileBimPhoto(const ExaminedFile& file) {
     site::NewBimPhoto photo;
     photo.ppid = m_request.ppid;
-    photo.fileName = file.displayName;
     photo.positionKey = m_request.positionKey;
     photo.markId = m_request.markId;
-    photo.uploader = m_request.user;
-    photo.uploadTime = file.time;
+    SetCommon(photo, file);
     return m_intake->FilePhoto(photo, {{}, file.bytes});
 }
 
 qint32 ImportFiler::FilePdfPhoto(const ExaminedFile& file) {
     site::NewPdfPhoto photo;
     photo.checkpointId = m_request.checkpointId;
-    photo.fileName = file.displayName;
-    photo.uploader = m_request.user;
-    photo.uploadTime = file.time;
+    SetCommon(photo, file);
     return m_intake->FilePdfPhoto(m_request.ppid, photo, {{}, file.bytes});
 }
 

@@ -25,6 +25,9 @@ private:
     [[nodiscard]] qint32 FileBimPhoto(const ExaminedFile& file);
     [[nodiscard]] qint32 FilePdfPhoto(const ExaminedFile& file);
 
+    template <typename Photo> void SetCommon(Photo& photo, const ExaminedFile& file) const;
+
+    site::ISite& m_site;
     std::unique_ptr<site::IIntake> m_intake;
     ImportRequest m_request;
 };

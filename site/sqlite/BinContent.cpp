@@ -24,13 +24,19 @@ struct Section {
     bool isLater = false; ///< entries of earlier clients haven't got it
 };
 
+/// Of photos of both kinds.
+Section FactSection() {
+    return {u"photo_fact"_s, u"photo_id"_s, {u"original_uuid"_s}, true};
+}
+
 std::vector<Section> SectionsOf(BinKind kind) {
     switch (kind) {
     case BinKind::BimPhoto:
         return {{u"bim_photo"_s, u"id"_s, {u"file_uuid"_s, u"audio_uuid"_s}},
-                {u"bim_label"_s, u"photo_id"_s, {}}};
+                {u"bim_label"_s, u"photo_id"_s, {}},
+                FactSection()};
     case BinKind::PdfPhoto:
-        return {{u"pdf_photo"_s, u"id"_s, {u"file_uuid"_s}}};
+        return {{u"pdf_photo"_s, u"id"_s, {u"file_uuid"_s}}, FactSection()};
     case BinKind::Issue:
         return {{u"issue"_s, u"id"_s, {u"voice_uuid"_s}},
                 {u"rectification"_s, u"issue_id"_s, {u"voice_uuid"_s}},
@@ -52,7 +58,10 @@ QJsonObject BinRowOf(const Statement& statement) {
     QJsonObject row;
     const QSqlRecord record = statement.Query().record();
     for (int i = 0; i < record.count(); ++i) {
-        row.insert(record.fieldName(i), QJsonValue::fromVariant(statement.Query().value(i)));
+        // A number that isn't known would else become 0.
+        const QVariant value = statement.Query().value(i);
+        row.insert(record.fieldName(i),
+                   value.isNull() ? QJsonValue() : QJsonValue::fromVariant(value));
     }
     return row;
 }

@@ -10,7 +10,7 @@ namespace site {
 class Database;
 
 /// The schema that this client reads and writes.
-inline constexpr int kSchemaVersion = 12;
+inline constexpr int kSchemaVersion = 13;
 
 /// Statements of each step, in order; statements_i lead to version i + 1.
 [[nodiscard]] std::vector<std::vector<QString>> SchemaSteps();

@@ -1,4 +1,5 @@
 #include "site/sqlite/Migrations.h"
+#include "site/sqlite/PhotoFactTable.h"
 #include "site/sqlite/PlaceTally.h"
 #include "site/sqlite/RichTextSql.h"
 #include "site/sqlite/SetupTables.h"
@@ -350,7 +351,8 @@ std::vector<std::vector<QString>> SchemaSteps() {
             DrawingColumns(),
             IssueWork(),
             RichTextSchema(),
-            SetupSchema()};
+            SetupSchema(),
+            PhotoFactSchema()};
 }
 
 } // namespace site

@@ -49,8 +49,10 @@ qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture
     if (!IsPlainFileName(photo.fileName)) {
         throw DataError(Fault::BadName, FaultText(Fault::BadName, photo.fileName.left(80)));
     }
+    Impl::RequireFacts(photo.facts, photo.fileName);
     const StoredFile file = m_impl->Put(picture);
     const StoredFile note = m_impl->Put(voice);
+    const StoredFile original = m_impl->Put(photo.original);
     const LastChange last(photo.uploader, photo.uploadTime, photo.updater, photo.updateTime);
     return m_impl->Change([&] {
         QString floor;
@@ -94,6 +96,7 @@ qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture
         }
         m_impl->InsertFile(file, FileKind::BimPhoto, photo.ppid, id);
         m_impl->InsertFile(note, FileKind::PhotoVoice, photo.ppid, id);
+        m_impl->NoteFacts(photo, photo.ppid, id, original);
         AddSearchRow(m_impl->db, ListKind::BimPhotos, id);
         FilingTable::Note(m_impl->db, ChangeKind::BimPhoto, photo.ppid, id);
         m_impl->Note(ChangeKind::BimPhoto, photo.ppid, id, last.person);
@@ -105,7 +108,9 @@ qint32 SiteWriter::FilePdfPhoto(qint32 ppid, const NewPdfPhoto& photo, const Fil
     if (!IsPlainFileName(photo.fileName)) {
         throw DataError(Fault::BadName, FaultText(Fault::BadName, photo.fileName.left(80)));
     }
+    Impl::RequireFacts(photo.facts, photo.fileName);
     const StoredFile file = m_impl->Put(picture);
+    const StoredFile original = m_impl->Put(photo.original);
     const LastChange last(photo.uploader, photo.uploadTime, photo.updater, photo.updateTime);
     return m_impl->Change([&] {
         m_impl->RequireCheckpoint(ppid, photo.checkpointId);
@@ -119,6 +124,7 @@ qint32 SiteWriter::FilePdfPhoto(qint32 ppid, const NewPdfPhoto& photo, const Fil
              photo.uploader, photo.uploadTime, photo.updater, photo.updateTime, last.person,
              last.time, photo.checkpointId});
         m_impl->InsertFile(file, FileKind::PdfPhoto, ppid, id);
+        m_impl->NoteFacts(photo, ppid, id, original);
         AddSearchRow(m_impl->db, ListKind::PdfPhotos, id);
         m_impl->Note(ChangeKind::PdfPhoto, ppid, id, last.person);
         return static_cast<qint32>(id);

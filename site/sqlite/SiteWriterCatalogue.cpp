@@ -165,13 +165,11 @@ QString SiteWriter::FindPosition(qint32 ppid, const QString& floor, const QStrin
 }
 
 qint32 SiteWriter::FindPhotoByMd5(qint32 ppid, const QString& md5) {
-    return m_impl->Find(u"SELECT owner FROM file WHERE md5 = ? AND kind = ? AND ppid = ?"_s,
-                        {md5, static_cast<int>(FileKind::BimPhoto), ppid});
+    return m_impl->FindPhoto(u"bim_photo"_s, FileKind::BimPhoto, ppid, md5);
 }
 
 qint32 SiteWriter::FindPdfPhotoByMd5(qint32 ppid, const QString& md5) {
-    return m_impl->Find(u"SELECT owner FROM file WHERE md5 = ? AND kind = ? AND ppid = ?"_s,
-                        {md5, static_cast<int>(FileKind::PdfPhoto), ppid});
+    return m_impl->FindPhoto(u"pdf_photo"_s, FileKind::PdfPhoto, ppid, md5);
 }
 
 bool SiteWriter::IsEmpty() {

@@ -5,6 +5,7 @@
 #include "site/blobs/FileStore.h"
 #include "site/sqlite/DataFolder.h"
 #include "site/sqlite/Database.h"
+#include "site/sqlite/PhotoFactTable.h"
 #include "site/sqlite/SiteWriter.h"
 
 #include <memory>
@@ -104,6 +105,32 @@ public:
 
     [[nodiscard]] qint32 Find(const QString& sql, const QVariantList& values) {
         return db.Value(sql, values).toInt();
+    }
+
+    /// By the MD5 of its picture or of what that was made of. The owners of originals are photos of
+    /// both kinds.
+    [[nodiscard]] qint32 FindPhoto(const QString& table, FileKind picture, qint32 ppid,
+                                   const QString& md5) {
+        return Find(u"SELECT f.owner FROM file f JOIN %1 p ON p.id = f.owner WHERE f.md5 = ?"
+                    " AND f.kind IN (?, ?) AND f.ppid = ?"_s.arg(table),
+                    {md5, static_cast<int>(picture), static_cast<int>(FileKind::Original), ppid});
+    }
+
+    /// Before anything is stored.
+    static void RequireFacts(const PhotoFacts& facts, const QString& fileName) {
+        if (!PhotoFactTable::IsSound(facts)) {
+            throw DataError(Fault::Refused,
+                            u"照片“%1”的位置或方向不是有效的数值，没有保存。"_s.arg(fileName));
+        }
+    }
+
+    /// Facts and original of a photo that was filed in this transaction.
+    template <typename Photo>
+    void NoteFacts(const Photo& photo, qint32 ppid, qint64 id, const StoredFile& original) {
+        InsertFile(original, FileKind::Original, ppid, id);
+        PhotoFactTable::Note(db, ppid, id, photo.facts,
+                             original.uuid.isEmpty() ? QString() : photo.originalName,
+                             original.uuid);
     }
 
     Database& db;

@@ -9,8 +9,8 @@ namespace site {
 SqliteSite::SqliteSite(DataFolder& dataFolder)
     : m_folder(dataFolder), m_feed(m_folder.Db()), m_lists(m_folder.Db()),
       m_bimPhotos(m_folder.Db(), m_lists), m_pdfPhotos(m_folder.Db(), m_lists),
-      m_comments(m_folder.Db()), m_components(m_folder.Db()), m_drawings(m_folder.Db()),
-      m_bin(m_folder.Db(), m_folder.Store()),
+      m_facts(m_folder.Db()), m_comments(m_folder.Db()), m_components(m_folder.Db()),
+      m_drawings(m_folder.Db()), m_bin(m_folder.Db(), m_folder.Store()),
       m_issues(m_folder.Db(), m_lists, m_folder.Store(), m_bin),
       m_richTexts(m_folder.Db(), m_folder.Store()), m_panel(m_folder.Db()),
       m_catalogue(m_folder.Db()), m_filings(m_folder.Db()), m_blobs(m_folder),

@@ -21,6 +21,7 @@
 #include "site/sqlite/ListQuery.h"
 #include "site/sqlite/PanelCache.h"
 #include "site/sqlite/PdfPhotos.h"
+#include "site/sqlite/PhotoFactTable.h"
 #include "site/sqlite/RichTexts.h"
 #include "site/sqlite/Setup.h"
 #include "site/sqlite/Statistics.h"
@@ -35,6 +36,7 @@ public:
 
     [[nodiscard]] IBimPhotos& BimPhotos() override { return m_bimPhotos; }
     [[nodiscard]] IPdfPhotos& PdfPhotos() override { return m_pdfPhotos; }
+    [[nodiscard]] IPhotoFacts& PhotoFacts() override { return m_facts; }
     [[nodiscard]] IComments& Comments() override { return m_comments; }
     [[nodiscard]] IComponents& Components() override { return m_components; }
     [[nodiscard]] IDrafts& Drafts() override { return m_drafts; }
@@ -70,6 +72,7 @@ private:
     ListQuery m_lists;
     site::BimPhotos m_bimPhotos;
     site::PdfPhotos m_pdfPhotos;
+    PhotoFactTable m_facts;
     site::Comments m_comments;
     site::Components m_components;
     site::Drawings m_drawings;

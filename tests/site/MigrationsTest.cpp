@@ -6,6 +6,7 @@
 #include "site/IComments.h"
 #include "site/IDrawings.h"
 #include "site/IIssues.h"
+#include "site/IPhotoFacts.h"
 #include "site/IRichTexts.h"
 #include "site/RectifyStates.h"
 #include "site/sqlite/Database.h"
@@ -132,6 +133,18 @@ TEST(Migrations, PhotosOfBeforeKeepTheirStatesUntilTheirPlaceIsSaved) {
     const QString tally = u"SELECT n FROM pdf_tally WHERE state = ?"_s;
     EXPECT_EQ(site.Db().Value(tally, {kStateDone}), QVariant(0LL));
     EXPECT_EQ(site.Db().Value(tally, {kStateInProgress}), QVariant(1LL));
+}
+
+TEST(Migrations, APhotoOfBeforeHasNoFactsAndThoseThatComeHave) {
+    OldSite site(12);
+    SqliteSite engine(*site.folder);
+    NewBimPhoto photo;
+    photo.ppid = 7;
+    photo.fileName = u"a.jpg"_s;
+    photo.facts.camera = u"Model"_s;
+    const qint32 picId = SiteWriter(*site.folder).FilePhoto(photo, {{}, "x"});
+    ASSERT_EQ(engine.PhotoFacts().Of({7}, {picId}).size(), 1U);
+    EXPECT_EQ(engine.PhotoFacts().Of({7}, {picId})[0].facts.camera, u"Model"_s);
 }
 
 } // namespace site

@@ -127,8 +127,9 @@ void DropTallies(Database& db, int version) {
     for (const QString& table : {u"bim_photo"_s, u"pdf_photo"_s}) {
         db.Exec(u"DROP TRIGGER %1_rich_add"_s.arg(table));
         db.Exec(u"DROP TRIGGER %1_rich_move"_s.arg(table));
+        db.Exec(u"DROP TRIGGER %1_fact_gone"_s.arg(table));
     }
-    tables << u"rich_file"_s << u"rich_version"_s << u"rich_text"_s;
+    tables << u"photo_fact"_s << u"rich_file"_s << u"rich_version"_s << u"rich_text"_s;
     for (const QString& table : tables) {
         db.Exec(u"DROP TABLE "_s + table);
     }

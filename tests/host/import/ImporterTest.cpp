@@ -1,11 +1,14 @@
 #include "host/import/Importer.h"
 
 #include "host/import/ImportFiler.h"
+#include "site/IBlobs.h"
+#include "site/IPhotoFacts.h"
 #include "tests/host/import/ForeignPictures.h"
 #include "tests/host/import/ImportSite.h"
 #include "tests/host/import/TestPictures.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QImageReader>
 
 #include <gmock/gmock.h>
@@ -111,6 +114,42 @@ TEST(Importer, TheListNamesEveryFileInTheOrderOfTheWalk) {
     EXPECT_EQ(report.duplicates, 6);
     EXPECT_EQ(report.refused, 4);
     EXPECT_THAT(report.photoIds, testing::ElementsAre(1, 2));
+}
+
+TEST(Importer, TakenAndFiledAreTwoTimes) {
+    ImportSite site;
+    site.Put(u"a.jpg"_s, importtest::WithExif(Picture("jpeg", 1),
+                                              {"2024:03:12 14:25:36", "+08:00", {}, {}, 0}));
+    const auto engine = site.Engine();
+    const qint64 before = engine->Now();
+    (void)host::Importer(*engine).Run(site.Request());
+    const auto details = engine->PhotoFacts().Of({1}, {1});
+    ASSERT_EQ(details.size(), 1);
+    EXPECT_GE(details[0].filed, before);
+    EXPECT_LE(details[0].filed, engine->Now());
+    EXPECT_EQ(details[0].facts.taken, 1710224736);
+}
+
+TEST(Importer, TheFileAsItCameIsStoredBesideTheJpegAndFoundAgain) {
+    ImportSite site;
+    const QByteArray heic =
+        importtest::Heic(importtest::Corners(), {importtest::CameraExif(1), {}, 1, 1});
+    site.Put(u"IMG_7.HEIC"_s, heic);
+    const auto engine = site.Engine();
+    EXPECT_EQ(host::Importer(*engine).Run(site.Request()).filed, 1);
+    const auto details = engine->PhotoFacts().Of({1}, {1});
+    ASSERT_EQ(details.size(), 1);
+    EXPECT_EQ(details[0].name, u"IMG_7.jpg"_s);
+    EXPECT_EQ(details[0].originalName, u"IMG_7.HEIC"_s);
+    EXPECT_EQ(details[0].facts.camera, u"Maker Model 7"_s);
+    const QString fetched = site.temp.Path(u"fetched"_s);
+    EXPECT_TRUE(engine->Blobs().Fetch(details[0].originalUuid, fetched, {}).ok);
+    QFile file(fetched);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), heic);
+    EXPECT_EQ(site.StoredFiles(), 2);
+    EXPECT_EQ(host::Importer(*engine).Run(site.Request()).duplicates, 1);
+    EXPECT_EQ(site.StoredFiles(), 2);
 }
 
 TEST(Importer, AFiledPictureOfSeveralIsInTheListToo) {

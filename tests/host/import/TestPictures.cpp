@@ -50,7 +50,7 @@ void PutLong(QByteArray& target, qsizetype value) {
 
 struct Entry {
     int tag;
-    int type; ///< 2 text, 3 short, 4 long
+    int type; ///< 2 text, 3 short, 4 long, 5 quotients
     QByteArray value;
 };
 
@@ -63,7 +63,9 @@ struct Entry {
     for (const Entry& entry : entries) {
         PutShort(table, entry.tag);
         PutShort(table, entry.type);
-        PutLong(table, entry.type == 2 ? entry.value.size() : 1);
+        PutLong(table, entry.type == 2   ? entry.value.size()
+                       : entry.type == 5 ? entry.value.size() / 8
+                                         : 1);
         if (entry.value.size() <= 4) {
             table.append(entry.value.leftJustified(4, '\0'));
         } else {
@@ -107,6 +109,37 @@ QByteArray WithExif(const QByteArray& jpeg, const ExifText& text) {
     QByteArray block("Exif\0\0II*\0", 10);
     PutLong(block, 8);
     block += Directory(main, 8) + Directory(details, detailsAt);
+    return WithSegment(jpeg, '\xE1', block);
+}
+
+QByteArray WithGps(const QByteArray& jpeg, const GpsText& text) {
+    const auto quotients = [](const QList<GpsText::Ratio>& ratios) {
+        QByteArray bytes;
+        for (const auto& [above, below] : ratios) {
+            PutLong(bytes, above);
+            PutLong(bytes, below);
+        }
+        return bytes;
+    };
+    const QList<Entry> place{
+        {1, 2, QByteArray(1, text.north) + '\0'},
+        {2, 5, quotients({text.degrees, {13, 1}, {4944, 100}})},
+        {3, 2, QByteArray(1, text.east) + '\0'},
+        {4, 5, quotients({{121, 1}, {28, 1}, {2532, 100}})},
+        {0x11, 5, quotients({text.direction})},
+    };
+    QList<Entry> main{{0x010F, 2, text.maker + '\0'}, {0x0110, 2, text.model + '\0'}};
+    const auto placeAt = [&] { return 8 + Directory(main, 8).size(); };
+    const auto pointer = [](qsizetype at) {
+        QByteArray bytes;
+        PutLong(bytes, at);
+        return bytes;
+    };
+    main.append({0x8825, 4, pointer(0)});
+    main.last().value = pointer(placeAt());
+    QByteArray block("Exif\0\0II*\0", 10);
+    PutLong(block, 8);
+    block += Directory(main, 8) + Directory(place, placeAt());
     return WithSegment(jpeg, '\xE1', block);
 }
 

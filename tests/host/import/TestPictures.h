@@ -5,6 +5,8 @@
 #include <QColor>
 #include <QSize>
 
+#include <utility>
+
 namespace importtest {
 
 /// A picture in the format that is told apart from others by its seed. `format`: "jpeg", "png",
@@ -24,6 +26,17 @@ struct ExifText {
 };
 /// The JPEG with an EXIF block behind its first two bytes.
 [[nodiscard]] QByteArray WithExif(const QByteArray& jpeg, const ExifText& text);
+/// What a camera with a receiver writes; a place of 31.2304 and 121.4737 degrees.
+struct GpsText {
+    using Ratio = std::pair<int, int>;
+    QByteArray maker = "Maker";
+    QByteArray model = "Model 7";
+    char north = 'N';
+    char east = 'E';
+    Ratio degrees{31, 1};
+    Ratio direction{2715, 10};
+};
+[[nodiscard]] QByteArray WithGps(const QByteArray& jpeg, const GpsText& text);
 /// The same with any segment.
 [[nodiscard]] QByteArray WithSegment(const QByteArray& jpeg, char marker,
                                      const QByteArray& content);
