@@ -12,6 +12,7 @@ namespace site {
 struct PhotoDetails {
     qint32 picId = 0;
     qint32 ppid = 0;
+    bool isOfDrawing = false;
     QString name;
     QString uploader;
     qint64 filed = 0; ///< seconds since 1970

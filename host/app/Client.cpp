@@ -10,6 +10,7 @@
 #include "host/app/LocateNames.h"
 #include "host/app/MarkFlow.h"
 #include "host/app/ModelComponents.h"
+#include "host/app/PhotoFlow.h"
 #include "host/app/PickFlow.h"
 #include "host/app/PlanReader.h"
 #include "host/app/ProjectFlow.h"
@@ -22,6 +23,7 @@
 #include "host/app/UndoFlow.h"
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/ActionLogModel.h"
+#include "host/ui/DropHint.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
 #include "host/ui/drawing/DrawingPane.h"
@@ -75,6 +77,7 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     m_window = std::make_unique<MainWindow>();
     m_view = std::make_unique<FloorPlanView>(m_window->Plan());
     m_imports = std::make_unique<ImportFlow>(m_session, *m_window);
+    m_photos = std::make_unique<PhotoFlow>(m_session, *m_window);
     Surroundings& lent = m_serving.Around();
     lent.view = m_view.get();
     lent.progress = &m_progress;
@@ -100,7 +103,8 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
         IssueFlow::Parts{m_session, *m_window, *m_view, *m_module.Pictures()});
     m_marks = std::make_unique<MarkFlow>(MarkFlow::Parts{
         m_session, m_window->Marks(), *m_view, m_hub, *m_module.Pictures(), *m_module.PictureData(),
-        [this](qint32 ppid, const QString& id) { m_issues->ShowIssue(ppid, id); }});
+        [this](qint32 ppid, const QString& id) { m_issues->ShowIssue(ppid, id); },
+        [this](qint32 picId) { m_photos->Show(picId); }});
     m_reminders = std::make_unique<ReminderFlow>(
         ReminderFlow::Parts{m_session, *m_window, lent, *m_module.Pictures()});
     m_richTexts = std::make_unique<RichTextFlow>(m_session, *m_window);
@@ -159,6 +163,7 @@ void Client::Stop() {
         m_module.Pictures()->SetPicSink(nullptr);
         m_module.Pictures()->SetIssueEditSink(nullptr);
     }
+    m_photos.reset();
     m_picks.reset();
     m_view.reset();
     m_window.reset();
@@ -207,7 +212,9 @@ void Client::ConnectWindow() {
         m_drawings->LocateCheckpoint(pointId);
         m_window->ShowStatus(CheckpointLocatedText(m_session, pointId));
     });
-    connect(m_window.get(), &MainWindow::PathsDropped, this, &Client::OnPathsDropped);
+    connect(m_window.get(), &MainWindow::PathsDropped, this,
+            [this](const QStringList& paths) { OnPathsDropped(paths); });
+    ShowWhereDropped();
     connect(m_window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
     connect(m_sheets.get(), &SheetFlow::Changed, this, &Client::EnableCommands);
     connect(m_imports.get(), &ImportFlow::Imported, this, [this] {
@@ -323,6 +330,7 @@ void Client::OnPhotoLocated(const QString& text) {
     const auto target = ParseLocateText(text);
     if (target) {
         m_view->ShowFloor(target->floor);
+        m_photos->Show(target->picId);
     }
     m_window->ShowStatus(target ? PhotoLocatedText(m_session, *target) : u"无法识别的定位请求"_s);
 }
@@ -330,6 +338,7 @@ void Client::OnPhotoLocated(const QString& text) {
 void Client::ProjectChanged() {
     m_hub.TellProjectChange();
     m_window->Properties().Empty();
+    m_photos->ProjectChanged();
     m_raising->ProjectChanged();
     m_issues->ProjectChanged();
     m_checkpoints->Reset();
@@ -384,7 +393,27 @@ void Client::OnSetupChanged() {
     RefreshModule();
 }
 
-void Client::OnPathsDropped(const QStringList& paths) {
+void Client::ShowWhereDropped() {
+    const auto where = [this](const QStringList& paths, const QPoint&) {
+        return m_imports ? m_imports->WhereDropped(paths) : QString();
+    };
+    new DropHint(m_window.get(), where, DropHint::Drops::OfWindow);
+    DrawingPane& pane = m_window->Drawing();
+    new DropHint(
+        &pane,
+        [where, &pane](const QStringList& paths, const QPoint& at) {
+            const QString point = pane.PointCaptionUnder(at);
+            return point.isEmpty() ? where(paths, at) : u"松开后导入到：%1"_s.arg(point);
+        },
+        DropHint::Drops::OfWindow);
+    connect(m_sheets.get(), &SheetFlow::ConsoleOpened, this, [this, where](QWidget* console) {
+        auto* hint = new DropHint(console, where, DropHint::Drops::Taken);
+        connect(hint, &DropHint::PathsDropped, this,
+                [this, console](const QStringList& paths) { OnPathsDropped(paths, console); });
+    });
+}
+
+void Client::OnPathsDropped(const QStringList& paths, QWidget* over) {
     QStringList drawings;
     QStringList others;
     for (const QString& path : paths) {
@@ -394,7 +423,7 @@ void Client::OnPathsDropped(const QStringList& paths) {
         m_drawingImport->Begin(drawings);
     }
     if (!others.isEmpty()) {
-        m_imports->Ask(others);
+        m_imports->Ask(others, over);
     }
 }
 
@@ -405,6 +434,7 @@ void Client::ReadPlan() {
 
 void Client::ReadPhotoMarks() {
     if (m_marks) {
+        m_photos->Refresh();
         ReadPlan();
         m_marks->Reload(MarkKind::Photos);
     }
@@ -417,6 +447,7 @@ void Client::ReadIssueMarks() {
 }
 
 void Client::ReadAnew() {
+    m_photos->Refresh();
     ReadPlan();
     m_marks->Reload(MarkKind::Photos);
     m_marks->Reload(MarkKind::Issues);

@@ -31,6 +31,7 @@ class ImportFlow;
 class IssueFlow;
 class MainWindow;
 class MarkFlow;
+class PhotoFlow;
 class PickFlow;
 class ProjectFlow;
 class RaiseFlow;
@@ -86,7 +87,9 @@ private:
     void MakeSetup();
     /// Others may have renamed, archived, ordered: what the window lists is read anew.
     void OnSetupChanged();
-    void OnPathsDropped(const QStringList& paths);
+    void OnPathsDropped(const QStringList& paths, QWidget* over = nullptr);
+    /// What is held over the window is told where it will go.
+    void ShowWhereDropped();
     void ShowProperties(qint32 ppid, const QString& floor, const QString& handle);
     void ReadPlan();
     void ReadPhotoMarks();
@@ -112,6 +115,7 @@ private:
     std::unique_ptr<FloorPlanView> m_view;
     std::unique_ptr<ConsoleCommands> m_consoles;
     std::unique_ptr<ProjectFlow> m_projects;
+    std::unique_ptr<PhotoFlow> m_photos;
     std::unique_ptr<PickFlow> m_picks;
     std::unique_ptr<RaiseFlow> m_raising;
     std::unique_ptr<ImportFlow> m_imports;

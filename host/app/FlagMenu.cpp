@@ -60,6 +60,12 @@ void FlagMenu::Run() {
     m_menu.exec(m_request.at);
 }
 
+void FlagMenu::TellChosen(qint32 picId) const {
+    if (m_parts.photoChosen) {
+        m_parts.photoChosen(picId);
+    }
+}
+
 qint32 FlagMenu::ProjectOf(const MarkFlag& flag) const {
     return flag.ppid != 0 ? flag.ppid : m_parts.session.CurrentProject().ppid;
 }
@@ -112,8 +118,10 @@ void FlagMenu::AddPhotos(QMenu& target, const MarkFlag& flag) {
     const FlagPhotos photos = ReadFlagPhotos(m_parts.session, ppid, flag, kMostNamed);
     for (const FlagPhoto& photo : photos.named) {
         const ViewPicRequest wanted{flag.positionKey, photo.picId, flag.floor, flag.markId, ppid};
-        QAction* action = target.addAction(MenuText(photo.caption), &target,
-                                           [this, wanted] { m_parts.pictures.ViewBimPic(wanted); });
+        QAction* action = target.addAction(MenuText(photo.caption), &target, [this, wanted] {
+            TellChosen(wanted.picId);
+            m_parts.pictures.ViewBimPic(wanted);
+        });
         action->setToolTip(toolkit::PlainTip(photo.tip));
     }
     if (photos.others > 0) {
@@ -137,6 +145,7 @@ void FlagMenu::AddEditing(QMenu& target, qint32 ppid, const std::vector<FlagPhot
     for (const FlagPhoto& photo : photos) {
         QAction* action =
             editing->addAction(MenuText(photo.caption), &target, [this, ppid, id = photo.picId] {
+                TellChosen(id);
                 m_parts.pictures.EditBimPic(ppid, id);
             });
         action->setToolTip(toolkit::PlainTip(photo.tip));

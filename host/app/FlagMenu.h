@@ -28,6 +28,8 @@ public:
         ZelvorNRQ_KXVeskPicture::IKXVeskPicture& pictures;
         /// Opens the window of an issue; empty: the menu doesn't offer it.
         std::function<void(qint32 ppid, const QString& questionId)> showIssue = {};
+        /// Is told which photo the person opens or edits; may be empty.
+        std::function<void(qint32 picId)> photoChosen = {};
     };
     /// Photos and issues that are named; the rest is counted.
     static constexpr int kMostNamed = 20;
@@ -46,6 +48,7 @@ private:
     void AddIssues(QMenu& target, const MarkFlag& flag);
     void AddIssueWindows(QMenu& target, qint32 ppid, const std::vector<IssueName>& issues);
     void AddConsole(QMenu& target, const QString& text, const QString& positionKey, qint32 markId);
+    void TellChosen(qint32 picId) const;
     [[nodiscard]] qint32 ProjectOf(const MarkFlag& flag) const;
 
     Parts m_parts;

@@ -1,6 +1,7 @@
 #include "host/app/FlagPhotos.h"
 
 #include "host/app/Faults.h"
+#include "host/app/PhotoFlow.h"
 #include "host/session/PanelNames.h"
 #include "services/Factories.h"
 #include "services/IVeskPicMng.h"
@@ -66,6 +67,12 @@ FlagPhotos ReadFlagPhotos(HostSession& session, qint32 ppid, const MarkFlag& fla
             photos.named.push_back(PhotoOf(row));
         }
     });
+    const auto tips = ReadPhotoTips(session, {ids.begin(), ids.end()});
+    for (FlagPhoto& photo : photos.named) {
+        if (const auto tip = tips.find(photo.picId); tip != tips.end()) {
+            photo.tip += u'\n' + tip->second;
+        }
+    }
     return photos;
 }
 

@@ -6,8 +6,12 @@
 #include "host/ui/ImportResultWindow.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/ProgressWindow.h"
+#include "host/ui/plan/FloorPlanCanvas.h"
+#include "host/ui/plan/FloorPlanPane.h"
 
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace host {
 
@@ -47,6 +51,23 @@ std::vector<ImportResultRow> RowsOf(const ImportReport& report) {
     return rows;
 }
 
+/// The intersection that is chosen on the plan, if the plan is what one sees.
+struct PlaceOnPlan {
+    ImportPlace place;
+    QString caption;
+};
+
+PlaceOnPlan ChosenPlace(const MainWindow& window) {
+    const FloorPlanCanvas& canvas = window.Plan().Canvas();
+    const PlanIntersection* chosen = canvas.Chosen();
+    if (chosen == nullptr || window.IsDrawingInFront()) {
+        return {};
+    }
+    const PlanFloor& floor = canvas.Model().floors[size_t(canvas.State().floor)];
+    return {{floor.ppid, floor.name, floor.axesX[size_t(chosen->axisX)], chosen->positionKey},
+            PlanFloorCaption(floor) + u' ' + PlaceCaption(floor, *chosen)};
+}
+
 } // namespace
 
 ImportFlow::ImportFlow(HostSession& hostSession, MainWindow& mainWindow)
@@ -57,7 +78,7 @@ ImportFlow::~ImportFlow() {
     delete m_result;
 }
 
-void ImportFlow::Ask(const QStringList& paths) {
+void ImportFlow::Ask(const QStringList& paths, QWidget* over) {
     if (!m_dialog.isNull() || m_job) {
         return;
     }
@@ -71,10 +92,26 @@ void ImportFlow::Ask(const QStringList& paths) {
         m_session.Desk()->Report(MessageLevel::Warning, u"请先打开一个工程，再导入照片。"_s);
         return;
     }
-    m_dialog = new ImportDialog(&m_window, paths, projects);
+    m_dialog = new ImportDialog(over == nullptr ? &m_window : over, paths, projects,
+                                ChosenPlace(m_window).place);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_dialog, &QDialog::accepted, this, [this] { Begin(RequestOf(m_dialog->Choice())); });
     m_dialog->open();
+}
+
+QString ImportFlow::WhereDropped(const QStringList& paths) const {
+    const bool areDrawings = std::all_of(paths.begin(), paths.end(), [](const QString& path) {
+        return path.endsWith(u".pdf"_s, Qt::CaseInsensitive);
+    });
+    if (areDrawings) {
+        return u"松开后导入为图纸"_s;
+    }
+    if (m_session.CurrentProject().ppid == 0) {
+        return u"请先打开一个工程，再导入照片"_s;
+    }
+    const QString place = ChosenPlace(m_window).caption;
+    return place.isEmpty() ? u"松开后导入到当前工程，不指定位置"_s
+                           : u"松开后导入到：%1"_s.arg(place);
 }
 
 void ImportFlow::FileOnCheckpoint(qint32 ppid, qint32 checkpointId, const QStringList& paths) {

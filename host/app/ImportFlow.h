@@ -28,7 +28,10 @@ public:
     ~ImportFlow() override;
 
     /// Opens the question; `paths` are what was dropped, or empty.
-    void Ask(const QStringList& paths);
+    /// @param over  the window where it was asked; null: the main one.
+    void Ask(const QStringList& paths, QWidget* over = nullptr);
+    /// Chinese: where files that are dropped now would go.
+    [[nodiscard]] QString WhereDropped(const QStringList& paths) const;
     /// Files and folders become photos of a checkpoint, without a question. One at a time, too.
     void FileOnCheckpoint(qint32 ppid, qint32 checkpointId, const QStringList& paths);
 

@@ -357,7 +357,10 @@ void MarkFlow::OpenFlag(const MarkFlag& flag) {
 }
 
 void MarkFlow::OpenMenu(const FlagMenuRequest& request) {
-    FlagMenu({m_parts.session, m_parts.hub, m_parts.pictures, m_parts.showIssue}, request).Run();
+    FlagMenu(
+        {m_parts.session, m_parts.hub, m_parts.pictures, m_parts.showIssue, m_parts.photoChosen},
+        request)
+        .Run();
 }
 
 } // namespace host

@@ -41,6 +41,8 @@ public:
         ZelvorNRQ_KXVeskPicture::IKXVeskPicData& pictureData;
         /// Opens the window of an issue; empty: there is none.
         std::function<void(qint32 ppid, const QString& questionId)> showIssue = {};
+        /// Is told which photo is chosen of a flag's menu.
+        std::function<void(qint32 picId)> photoChosen = {};
     };
     explicit MarkFlow(const Parts& flowParts);
     ~MarkFlow() override;

@@ -1,6 +1,7 @@
 #include "host/app/ReminderFlow.h"
 
 #include "host/app/Faults.h"
+#include "host/app/PhotoFlow.h"
 #include "host/reminders/PushMessage.h"
 #include "host/services/Surroundings.h"
 #include "host/ui/LocateText.h"
@@ -60,6 +61,21 @@ QString PlaceOf(const site::Filing& filing) {
     return floor.isEmpty() || filing.posText.startsWith(floor)
                ? filing.posText
                : (floor + u' ' + filing.posText).trimmed();
+}
+
+void AddTips(HostSession& session, std::vector<CatchUpItem>& items) {
+    std::vector<qint32> picIds;
+    for (const CatchUpItem& item : items) {
+        if (!item.isIssue) {
+            picIds.push_back(item.picId);
+        }
+    }
+    const auto tips = ReadPhotoTips(session, picIds);
+    for (CatchUpItem& item : items) {
+        if (const auto tip = tips.find(item.picId); !item.isIssue && tip != tips.end()) {
+            item.tip = tip->second;
+        }
+    }
 }
 
 QString CountText(int count) {
@@ -264,6 +280,7 @@ std::vector<CatchUpItem> ReminderFlow::ItemsOf(const site::Filings& filings) con
         item.uuid = filing.uuid;
         items.push_back(item);
     }
+    AddTips(m_parts.session, items);
     return items;
 }
 

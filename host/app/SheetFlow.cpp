@@ -48,10 +48,10 @@ bool IsOpenElsewhere(const QString& path) {
 }
 
 site::IClientFolders::Cache CacheOf(site::ListKind kind) {
-    using SheetCache = site::IClientFolders::Cache;
-    return kind == site::ListKind::BimPhotos   ? SheetCache::Pictures
-           : kind == site::ListKind::PdfPhotos ? SheetCache::Thumbnails
-                                               : SheetCache::Attachments;
+    using Folder = site::IClientFolders::Cache;
+    return kind == site::ListKind::BimPhotos   ? Folder::Pictures
+           : kind == site::ListKind::PdfPhotos ? Folder::Thumbnails
+                                               : Folder::Attachments;
 }
 
 QString NotesText(const sheets::SheetNotes& notes) {
@@ -108,6 +108,7 @@ void SheetFlow::NoteAsked(site::ListKind kind, const site::ListFilter& filter,
         emit Changed();
     });
     emit Changed();
+    emit ConsoleOpened(console);
 }
 
 QString SheetFlow::WhyNot() const {

@@ -44,6 +44,8 @@ public:
 signals:
     /// Another answer of WhyNot.
     void Changed();
+    /// A console that wasn't open before has asked for its list.
+    void ConsoleOpened(QWidget* console);
 
 private:
     void NoteAsked(site::ListKind kind, const site::ListFilter& filter,

@@ -34,6 +34,15 @@ void Refill(QComboBox* combo, const std::vector<std::pair<QString, QString>>& na
     combo->setEnabled(!namesAndData.empty());
 }
 
+/// False for what isn't listed; then nothing changes.
+bool ChooseData(QComboBox* combo, const QString& data) {
+    const int index = combo->findData(data);
+    if (index > 0) {
+        combo->setCurrentIndex(index);
+    }
+    return index > 0;
+}
+
 QPixmap MarkSwatch(qint32 color) {
     QPixmap swatch(12, 12);
     swatch.fill(toolkit::ColorFromBgr(color));
@@ -43,7 +52,7 @@ QPixmap MarkSwatch(qint32 color) {
 } // namespace
 
 ImportDialog::ImportDialog(QWidget* parent, const QStringList& paths,
-                           const std::vector<ImportProject>& projects)
+                           const std::vector<ImportProject>& projects, const ImportPlace& place)
     : QDialog(parent), m_form(std::make_unique<Ui::ImportDialog>()), m_dropped(paths) {
     m_form->setupUi(this);
     setObjectName(u"importDialog"_s);
@@ -68,6 +77,7 @@ ImportDialog::ImportDialog(QWidget* parent, const QStringList& paths,
     toolkit::ScrollIfTooLarge(*this);
     FillMarks();
     FillFloors();
+    TakePlace(place);
     Validate();
 
     connect(m_form->pathsEdit, &QLineEdit::textChanged, this, &ImportDialog::Validate);
@@ -101,6 +111,27 @@ ImportChoice ImportDialog::Choice() const {
     choice.positionKey = m_form->axisYCombo->currentData().toString();
     choice.markId = m_form->markCombo->currentData().toInt();
     return choice;
+}
+
+// A floor without its axes would keep the import from beginning: all or nothing.
+void ImportDialog::TakePlace(const ImportPlace& place) {
+    if (place.positionKey.isEmpty()) {
+        return;
+    }
+    if (const int project = m_form->projectCombo->findData(place.ppid); project >= 0) {
+        m_form->projectCombo->setCurrentIndex(project);
+        FillFloors();
+    }
+    if (!ChooseData(m_form->floorCombo, place.floor)) {
+        return;
+    }
+    FillAxesX();
+    const bool isThere = ChooseData(m_form->axisXCombo, place.axisX);
+    FillAxesY();
+    if (!isThere || !ChooseData(m_form->axisYCombo, place.positionKey)) {
+        m_form->floorCombo->setCurrentIndex(0);
+        FillAxesX();
+    }
 }
 
 void ImportDialog::FillMarks() {

@@ -21,6 +21,14 @@ struct ImportChoice {
     qint32 markId = 0;   ///< 0: none
 };
 
+/// Where the photos may belong, as it was chosen elsewhere; the person can still change it.
+struct ImportPlace {
+    qint32 ppid = 0; ///< 0: of the first project
+    QString floor;   ///< empty: none was chosen
+    QString axisX;
+    QString positionKey;
+};
+
 /// One entry of the dialog's lists.
 struct ImportProject {
     qint32 ppid = 0;
@@ -35,13 +43,15 @@ class ImportDialog final : public QDialog {
 public:
     /// @param paths     what was dropped; empty: the person names a folder.
     /// @param projects  at least one.
+    /// @param place     what of it isn't known any more is left to the person.
     ImportDialog(QWidget* parent, const QStringList& paths,
-                 const std::vector<ImportProject>& projects);
+                 const std::vector<ImportProject>& projects, const ImportPlace& place = {});
     ~ImportDialog() override;
 
     [[nodiscard]] ImportChoice Choice() const;
 
 private:
+    void TakePlace(const ImportPlace& place);
     void FillMarks();
     void FillFloors();
     void FillAxesX();

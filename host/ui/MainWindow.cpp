@@ -7,6 +7,7 @@
 #include "host/ui/catchup/CatchUpDock.h"
 #include "host/ui/drawing/DrawingPane.h"
 #include "host/ui/marks/MarkPanelDock.h"
+#include "host/ui/photo/PhotoDock.h"
 #include "host/ui/pick/ComponentDock.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "include/KXEvents.h"
@@ -100,6 +101,10 @@ void MainWindow::MakeCentre() {
     addDockWidget(Qt::RightDockWidgetArea, m_properties);
     tabifyDockWidget(m_marks, m_properties);
     m_properties->hide();
+    m_photoFacts = new PhotoDock(this);
+    addDockWidget(Qt::RightDockWidgetArea, m_photoFacts);
+    tabifyDockWidget(m_marks, m_photoFacts);
+    m_photoFacts->hide();
     m_marks->raise();
     resizeDocks({m_marks}, {268}, Qt::Horizontal);
 }
@@ -187,6 +192,10 @@ void MainWindow::AddPanelsToMenu() {
     showProperties->setIcon(toolkit::Icon(u"info"_s));
     showProperties->setToolTip(u"显示或隐藏构件属性"_s);
     view->addAction(showProperties);
+    QAction* showPhotoFacts = m_photoFacts->toggleViewAction();
+    showPhotoFacts->setIcon(toolkit::Icon(u"photo"_s));
+    showPhotoFacts->setToolTip(u"显示或隐藏照片的拍摄时间、相机、位置和原始文件"_s);
+    view->addAction(showPhotoFacts);
     QAction* showLog = m_actionLog->toggleViewAction();
     showLog->setIcon(toolkit::Icon(u"log"_s));
     showLog->setShortcut(Qt::CTRL | Qt::Key_L);

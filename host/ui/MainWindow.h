@@ -25,6 +25,7 @@ class DrawingPane;
 class FloorPlanPane;
 class MarkPanelDock;
 class MessageBar;
+class PhotoDock;
 
 /// Frame of the client: menus, toolbar with the choice of project and the user's name, messages,
 /// floor plan and drawing, action log, status bar. It tells what the person wants by signals and
@@ -46,6 +47,7 @@ public:
     [[nodiscard]] ActionLogDock& ActionLog() const { return *m_actionLog; }
     [[nodiscard]] MarkPanelDock& Marks() const { return *m_marks; }
     [[nodiscard]] ComponentDock& Properties() const { return *m_properties; }
+    [[nodiscard]] PhotoDock& PhotoFacts() const { return *m_photoFacts; }
     [[nodiscard]] CatchUpDock& CatchUpList() const { return *m_catchUp; }
     /// Checked: toasts of photos, of issues.
     [[nodiscard]] QAction& PhotoReminders() const { return *m_photoReminders; }
@@ -115,6 +117,7 @@ private:
     MarkPanelDock* m_marks = nullptr;
     CatchUpDock* m_catchUp = nullptr;
     ComponentDock* m_properties = nullptr;
+    PhotoDock* m_photoFacts = nullptr;
     QAction* m_photoReminders = nullptr;
     QAction* m_issueReminders = nullptr;
     MessageBar* m_messages = nullptr;

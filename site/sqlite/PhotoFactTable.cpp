@@ -1,8 +1,10 @@
 #include "site/sqlite/PhotoFactTable.h"
 
 #include "site/sqlite/Database.h"
+#include "site/sqlite/IdChunks.h"
 
 #include <cmath>
+#include <unordered_map>
 
 namespace site {
 
@@ -24,9 +26,30 @@ bool IsWithin(const std::optional<double>& value, double lowest, double highest)
 }
 
 QString DetailsSql(const QString& table) {
-    return u"SELECT p.ppid, p.name, p.uploader, p.uploaded, p.file_uuid, f.taken, f.camera,"
+    return u"SELECT p.id, p.ppid, p.name, p.uploader, p.uploaded, p.file_uuid, f.taken, f.camera,"
            " f.latitude, f.longitude, f.direction, f.original_name, f.original_uuid FROM %1 p"
-           " LEFT JOIN photo_fact f ON f.photo_id = p.id WHERE p.id = ?"_s.arg(table);
+           " LEFT JOIN photo_fact f ON f.photo_id = p.id WHERE p.id IN (%2)"_s.arg(table,
+                                                                                   IdMarks());
+}
+
+PhotoDetails DetailsOf(const Statement& row, bool isOfDrawing) {
+    const QVariant taken = row.Query().value(6);
+    PhotoDetails details;
+    details.picId = row.Int(0);
+    details.ppid = row.Int(1);
+    details.isOfDrawing = isOfDrawing;
+    details.name = row.Text(2);
+    details.uploader = row.Text(3);
+    details.filed = row.Int64(4);
+    details.uuid = row.Text(5);
+    details.facts.taken = taken.isNull() ? std::nullopt : std::optional(taken.toLongLong());
+    details.facts.camera = row.Text(7);
+    details.facts.latitude = RealOf(row, 8);
+    details.facts.longitude = RealOf(row, 9);
+    details.facts.direction = RealOf(row, 10);
+    details.originalName = row.Text(11);
+    details.originalUuid = row.Text(12);
+    return details;
 }
 
 } // namespace
@@ -62,39 +85,23 @@ void PhotoFactTable::Note(Database& database, qint32 ppid, qint64 photoId, const
     }
 }
 
-bool PhotoFactTable::Read(qint32 picId, PhotoDetails& details) {
-    for (const QString& table : {u"bim_photo"_s, u"pdf_photo"_s}) {
-        m_database.ForEach(DetailsSql(table), {picId}, [&](const Statement& row) {
-            const QVariant taken = row.Query().value(5);
-            details.picId = picId;
-            details.ppid = row.Int(0);
-            details.name = row.Text(1);
-            details.uploader = row.Text(2);
-            details.filed = row.Int64(3);
-            details.uuid = row.Text(4);
-            details.facts.taken = taken.isNull() ? std::nullopt : std::optional(taken.toLongLong());
-            details.facts.camera = row.Text(6);
-            details.facts.latitude = RealOf(row, 7);
-            details.facts.longitude = RealOf(row, 8);
-            details.facts.direction = RealOf(row, 9);
-            details.originalName = row.Text(10);
-            details.originalUuid = row.Text(11);
-        });
-        if (details.picId != 0) {
-            return true;
-        }
-    }
-    return false;
-}
-
 std::vector<PhotoDetails> PhotoFactTable::Of(const Projects& projects,
                                              const std::vector<qint32>& picIds) {
     const ReadScope snapshot(m_database);
+    const std::vector<qint64> ids(picIds.begin(), picIds.end());
+    std::unordered_map<qint64, PhotoDetails> found;
+    for (const bool isOfDrawing : {false, true}) {
+        const QString sql = DetailsSql(isOfDrawing ? u"pdf_photo"_s : u"bim_photo"_s);
+        ForEachOfIds(m_database, sql, ids, [&](const Statement& row) {
+            if (Has(projects, row.Int(1))) {
+                found[row.Int64(0)] = DetailsOf(row, isOfDrawing);
+            }
+        });
+    }
     std::vector<PhotoDetails> all;
-    for (const qint32 picId : picIds) {
-        PhotoDetails details;
-        if (Read(picId, details) && Has(projects, details.ppid)) {
-            all.push_back(std::move(details));
+    for (const qint64 id : ids) {
+        if (const auto details = found.find(id); details != found.end()) {
+            all.push_back(details->second);
         }
     }
     return all;

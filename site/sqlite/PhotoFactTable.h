@@ -25,8 +25,6 @@ public:
     [[nodiscard]] static bool IsSound(const PhotoFacts& facts);
 
 private:
-    [[nodiscard]] bool Read(qint32 picId, PhotoDetails& details);
-
     Database& m_database;
 };
 

@@ -88,6 +88,8 @@ TEST(PhotoFacts, ComeBackAsTheyWereFiledWithPhotosOfBothKinds) {
     ASSERT_EQ(found.size(), 2u);
     EXPECT_EQ(found[0].picId, pdf);
     EXPECT_EQ(found[0].originalName, u"梁.tif"_s);
+    EXPECT_TRUE(found[0].isOfDrawing);
+    EXPECT_FALSE(found[1].isOfDrawing);
     EXPECT_EQ(found[1].picId, bim);
     EXPECT_EQ(found[1].ppid, site.ppid);
     EXPECT_EQ(found[1].name, u"墙.jpg"_s);
@@ -97,6 +99,20 @@ TEST(PhotoFacts, ComeBackAsTheyWereFiledWithPhotosOfBothKinds) {
     EXPECT_EQ(found[1].originalName, u"墙.HEIC"_s);
     EXPECT_TRUE(site.folder.Store().Has(found[1].originalUuid));
     EXPECT_TRUE(site.folder.Store().Has(found[1].uuid));
+}
+
+TEST(PhotoFacts, OfAPageAreReadAtOnce) {
+    FactSite site;
+    std::vector<qint32> ids;
+    for (int number = 0; number < 40; ++number) {
+        ids.insert(ids.begin(), site.File(site.Photo()));
+    }
+    const qint64 before = site.folder.Db().StatementsRun();
+    const auto found = site.engine.PhotoFacts().Of({site.ppid}, ids);
+    EXPECT_LE(site.folder.Db().StatementsRun() - before, 8);
+    ASSERT_EQ(found.size(), 40u);
+    EXPECT_EQ(found.front().picId, ids.front());
+    EXPECT_EQ(found.back().picId, ids.back());
 }
 
 TEST(PhotoFacts, WhatIsNotKnownStaysUnknown) {

@@ -108,7 +108,8 @@ QVariant CatchUpModel::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return TextOf(item);
     case Qt::ToolTipRole:
-        return toolkit::PlainTip(TextOf(item));
+        return toolkit::PlainTip(item.tip.isEmpty() ? TextOf(item)
+                                                    : TextOf(item) + u'\n' + item.tip);
     case Qt::AccessibleTextRole:
         return item.isRead ? TextOf(item) : u"未读  "_s + TextOf(item);
     default:

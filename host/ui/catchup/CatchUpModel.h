@@ -26,6 +26,7 @@ struct CatchUpItem {
     qint32 markId = 0;
     QString markName;
     QString uuid; ///< of its picture; empty: none
+    QString tip;  ///< a further line for who looks closer; empty: none
 
     bool operator==(const CatchUpItem& other) const = default;
 };

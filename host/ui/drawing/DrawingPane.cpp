@@ -179,6 +179,16 @@ void DrawingPane::ShowState() {
     ShowPages();
 }
 
+QString DrawingPane::PointCaptionUnder(const QPoint& at) const {
+    const qint32 pointId = m_canvas->PointUnder(m_canvas->mapFrom(this, QPointF(at)));
+    for (const SheetFlag& flag : m_canvas->Flags()) {
+        if (pointId != 0 && flag.pointId == pointId) {
+            return u"检查点 %1"_s.arg(flag.number);
+        }
+    }
+    return {};
+}
+
 void DrawingPane::dragEnterEvent(QDragEnterEvent* event) {
     if (MayDrop(*event)) {
         event->acceptProposedAction();

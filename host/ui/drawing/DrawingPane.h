@@ -30,6 +30,8 @@ public:
     void SetHint(const QString& hint);
     [[nodiscard]] QString Hint() const;
     void SetPlacing(bool on);
+    /// "检查点 4" for the flag at this place of the pane; empty beside one.
+    [[nodiscard]] QString PointCaptionUnder(const QPoint& at) const;
 
 signals:
     void DrawingChosen(int index);

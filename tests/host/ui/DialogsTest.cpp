@@ -153,6 +153,31 @@ TEST_F(ImportQuestion, AnotherProjectForgetsTheFloor) {
     EXPECT_TRUE(CanStart(dialog));
 }
 
+TEST_F(ImportQuestion, TheChosenPlaceIsTakenOver) {
+    const ImportDialog dialog(nullptr, {folder.Path()}, projects,
+                              {2, u"-1"_s, u"3"_s, u"key-3B"_s});
+    EXPECT_EQ(dialog.Choice().ppid, 2);
+    EXPECT_EQ(Combo(dialog, u"floorCombo"_s)->currentText(), u"-1层"_s);
+    EXPECT_EQ(Combo(dialog, u"axisXCombo"_s)->currentText(), u"3"_s);
+    EXPECT_EQ(Combo(dialog, u"axisYCombo"_s)->currentText(), u"B"_s);
+    EXPECT_EQ(dialog.Choice().positionKey, u"key-3B"_s);
+    EXPECT_TRUE(CanStart(dialog));
+}
+
+TEST_F(ImportQuestion, APlaceThatIsNotKnownAnyMoreLeavesTheQuestionOpen) {
+    const std::vector<ImportPlace> gone{{0, u"7"_s, u"3"_s, u"key-3B"_s},
+                                        {0, u"-1"_s, u"9"_s, u"key-3B"_s},
+                                        {0, u"-1"_s, u"3"_s, u"key-9Z"_s},
+                                        {0, u"-1"_s, {}, {}}};
+    for (const ImportPlace& place : gone) {
+        const ImportDialog dialog(nullptr, {folder.Path()}, projects, place);
+        EXPECT_EQ(Combo(dialog, u"floorCombo"_s)->currentIndex(), 0);
+        EXPECT_TRUE(dialog.Choice().positionKey.isEmpty());
+        EXPECT_EQ(dialog.Choice().ppid, 1);
+        EXPECT_TRUE(CanStart(dialog));
+    }
+}
+
 TEST_F(ImportQuestion, SeveralDroppedPathsStandAsTheyWereDropped) {
     const QStringList paths = {folder.Path(u"a.jpg"_s), folder.Path(u"b.jpg"_s)};
     const ImportDialog dialog(nullptr, paths, projects);
