@@ -125,6 +125,39 @@ CommandLine ParseImportDrawing(const QStringList& words) {
     return line;
 }
 
+/// A file, and the data folders that it is for.
+CommandLine ParseSetup(const QStringList& words) {
+    CommandLine line;
+    line.road = Road::Setup;
+    for (qsizetype at = 1; at < words.size() && line.error.isEmpty(); ++at) {
+        const QString name = words[at].section(u'=', 0, 0);
+        if (IsHelp(name)) {
+            line.road = Road::Help;
+            return line;
+        }
+        if (words[at] == u"--check"_s) {
+            line.setup.isCheck = true;
+        } else if (words[at] == u"--write"_s) {
+            line.setup.isWritten = true;
+        } else if (name == u"--data"_s) {
+            TakeOption(name, TakeValue(words, at).value_or(QString()), line);
+            line.setup.dataFolders << line.dataFolder;
+        } else if (!name.startsWith(u"--"_s) && line.setup.file.isEmpty()) {
+            line.setup.file = words[at];
+        } else {
+            line.error = u"不认识“%1”。"_s.arg(words[at]);
+        }
+    }
+    const SetupRequest& setup = line.setup;
+    if (line.error.isEmpty() && setup.file.isEmpty()) {
+        line.error = u"请写明设置文件：setup 文件，或 setup --write 文件"_s;
+    } else if (line.error.isEmpty() && setup.isWritten &&
+               (setup.isCheck || setup.dataFolders.size() > 1)) {
+        line.error = u"--write 只写一个数据文件夹的设置，也不能和 --check 一起用。"_s;
+    }
+    return line;
+}
+
 QString UnknownText(const QString& word, const QString& name) {
     if (name == u"--tour"_s || name == u"--tour-scale"_s) {
         return u"走查客户端的是另一个程序：vesk-tour --tour 文件夹。"_s;
@@ -161,6 +194,9 @@ CommandLine ParseCommandLine(const QStringList& words) {
     if (words.value(0) == u"import-drawing"_s) {
         return ParseImportDrawing(words);
     }
+    if (words.value(0) == u"setup"_s) {
+        return ParseSetup(words);
+    }
     if (words.value(0) == u"simulate"_s) {
         return ParseSimulate(words);
     }
@@ -188,6 +224,8 @@ QString HelpText() {
   vesk-client import 文件夹 [选项]    把一个文件夹里的照片导入工程
   vesk-client import-drawing 文件.pdf --project 工程
                                       把 PDF 图纸导入工程，可以写多个文件
+  vesk-client setup 文件 [--check]    按设置文件（.xlsx 或文本）设置工程、人员、标识、楼层和轴网
+  vesk-client setup --write 文件      把现有设置写成设置文件
   vesk-client simulate [选项]         模拟现场：像工地上的手机那样不断提交照片、语音和问题
   vesk-tour --tour 文件夹             无显示器时走一遍客户端，把各窗口的图片存到该文件夹
 
@@ -200,6 +238,10 @@ QString HelpText() {
 
 导入选项：
   --project 工程  --user 姓名  [--floor 楼层 --x 轴 --y 轴 --mark 标识]
+
+设置选项：
+  --data 文件夹       可以写多次；每个数据文件夹要么全部修改，要么不变
+  --check             只检查并列出将要修改的内容
 
 模拟选项：
   --project 工程      提交到这个已有的工程

@@ -1,6 +1,7 @@
 // What the person wrote behind the program's name.
 #pragma once
 
+#include "host/app/SetupWords.h"
 #include "host/app/SimulateWords.h"
 #include "sample/SampleSize.h"
 #include "site/IBlobs.h"
@@ -17,6 +18,7 @@ enum class Road {
     Client,        ///< open the client
     Import,        ///< file a folder of photos and end
     ImportDrawing, ///< file PDF drawings and end
+    Setup,         ///< set up sites as a file says, or write such a file, and end
     Simulate,      ///< file what the phones on a site would, until it is stopped
     Help,
 };
@@ -30,6 +32,7 @@ struct CommandLine {
     site::TransferRules transfers; ///< slow or failing, for demonstrations
     bool isWatched = false;        ///< somebody looks at the windows, also without a display
     QStringList importWords;       ///< what stands behind "import", without --data and --sample
+    SetupRequest setup;
     SimulateRequest simulate;
     QStringList drawings;   ///< files behind "import-drawing"
     QString drawingProject; ///< where they go

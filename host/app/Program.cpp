@@ -3,6 +3,7 @@
 #include "host/app/Client.h"
 #include "host/app/DrawingCommand.h"
 #include "host/app/Platform.h"
+#include "host/app/SetupCommand.h"
 #include "host/app/SimulateCommand.h"
 #include "host/app/StartUp.h"
 #include "host/app/StopSignals.h"
@@ -69,6 +70,16 @@ int RunImportDrawing(const CommandLine& line) {
     return RunDrawingCommand(session.Site(), {line.drawings, line.drawingProject}, {}, out, err);
 }
 
+int RunSetup(const CommandLine& line) {
+    SetupRequest request = line.setup;
+    if (request.dataFolders.isEmpty()) {
+        request.dataFolders << DataFolderOf(line);
+    }
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    return RunSetupCommand(request, {}, out, err);
+}
+
 int RunSimulation(const CommandLine& line) {
     HostSession session;
     if (const StartResult site = OpenSite(session, line); !site.goOn) {
@@ -89,6 +100,8 @@ int RunRoad(const CommandLine& line) {
         return RunImport(line);
     case Road::ImportDrawing:
         return RunImportDrawing(line);
+    case Road::Setup:
+        return RunSetup(line);
     case Road::Simulate:
         return RunSimulation(line);
     case Road::Client:

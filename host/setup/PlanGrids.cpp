@@ -290,7 +290,7 @@ void PlanDrawings(PlanDesk& desk, const KnownDrawings& drawings) {
     QHash<QString, int> lines;
     for (const SetupRow& row : desk.tables.Rows(kTable)) {
         const QString project = projects.Of(kTable, row);
-        const QString& file = row.Cell(column::kDrawingFile);
+        const QString file = QString(row.Cell(column::kDrawingFile)).replace(u'\\', u'/');
         const QString& said = row.Cell(column::kDrawingName);
         const QString name = said.isEmpty() ? QFileInfo(file).completeBaseName().trimmed() : said;
         const QString key = project + u'\x1F' + name;

@@ -31,7 +31,7 @@ struct SetupChange {
 /// A drawing that isn't there yet.
 struct WantedDrawing {
     QString project;
-    QString file; ///< as the table has it
+    QString file; ///< as the table has it, with / between its folders
     QString name;
     int line = 0;
 };

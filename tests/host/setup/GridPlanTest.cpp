@@ -134,7 +134,7 @@ TEST(GridPlan, MillionsOfCrossingsAreNotMade) {
 
 TEST(GridPlan, DrawingsThatAreNotThereYet) {
     const auto tables =
-        host::ReadSetupText(u"[图纸]\n工程,文件,名称\n一期,图/一层.pdf,\n一期,b.pdf,二层\n"
+        host::ReadSetupText(u"[图纸]\n工程,文件,名称\n一期,图\\一层.pdf,\n一期,b.pdf,二层\n"
                             "一期,有.pdf,\n二期,有.pdf,\n一期,c.pdf,二层\n一期,,\n"_s);
     const host::SetupPlan plan = host::PlanSetup(tables, SomeState(), {{u"一期"_s, {u"有"_s}}});
     EXPECT_EQ(setuptest::TextsOf(plan.faults),

@@ -72,6 +72,38 @@ TEST(CommandLine, ASimulationHasItsOwnOptionsAndGivesTheDataFolderToTheClient) {
     EXPECT_EQ(fast.simulate.count, 0);
 }
 
+TEST(CommandLine, ASetupFileMayBeForManyDataFolders) {
+    const CommandLine line = ParseCommandLine(
+        {u"setup"_s, u"a.xlsx"_s, u"--data"_s, u"甲"_s, u"--data=乙"_s, u"--check"_s});
+    EXPECT_EQ(line.error, QString());
+    EXPECT_EQ(line.road, Road::Setup);
+    EXPECT_EQ(line.setup.file, u"a.xlsx");
+    EXPECT_EQ(line.setup.dataFolders, QStringList({u"甲"_s, u"乙"_s}));
+    EXPECT_TRUE(line.setup.isCheck);
+    EXPECT_FALSE(line.setup.isWritten);
+    const CommandLine written = ParseCommandLine({u"setup"_s, u"--write"_s, u"b.txt"_s});
+    EXPECT_EQ(written.error, QString());
+    EXPECT_EQ(written.setup.file, u"b.txt");
+    EXPECT_TRUE(written.setup.isWritten);
+    EXPECT_TRUE(written.setup.dataFolders.isEmpty());
+    EXPECT_EQ(ParseCommandLine({u"setup"_s, u"-h"_s}).road, Road::Help);
+}
+
+TEST(CommandLine, OfASetupEachWrongWordIsNamed) {
+    const auto error = [](const QStringList& words) {
+        return ParseCommandLine(QStringList{u"setup"_s} + words).error;
+    };
+    EXPECT_TRUE(error({}).startsWith(u"请写明设置文件"_s));
+    EXPECT_TRUE(error({u"--check"_s}).startsWith(u"请写明设置文件"_s));
+    EXPECT_EQ(error({u"a"_s, u"b"_s}), u"不认识“b”。");
+    EXPECT_EQ(error({u"a"_s, u"--check=1"_s}), u"不认识“--check=1”。");
+    EXPECT_EQ(error({u"a"_s, u"--user=张"_s}), u"不认识“--user=张”。");
+    EXPECT_EQ(error({u"a"_s, u"--data"_s}), u"选项 --data 后面缺少内容。");
+    EXPECT_TRUE(error({u"--write"_s, u"a"_s, u"--check"_s}).startsWith(u"--write "_s));
+    EXPECT_TRUE(
+        error({u"--write"_s, u"a"_s, u"--data=1"_s, u"--data=2"_s}).startsWith(u"--write "_s));
+}
+
 TEST(CommandLine, OfASimulationEachWrongWordIsNamed) {
     const QStringList right = {u"simulate"_s, u"--project"_s, u"一期"_s, u"--rate"_s, u"12"_s};
     ASSERT_EQ(ParseCommandLine(right).error, QString());
