@@ -26,6 +26,22 @@ QString FlagWord(bool isSo) {
     return isSo ? u"是"_s : u"否"_s;
 }
 
+PlanDesk::PlanDesk(const SetupTables& said, const site::SetupState& state)
+    : tables(said), seen(state) {
+    plan.wanted = state;
+    plan.faults = said.faults;
+    for (const SetupLineFault& fault : said.faults) {
+        m_unread.insert({fault.table, fault.line});
+    }
+}
+
+void PlanDesk::Tell(SetupTable table, int line, const QString& text) {
+    const QString& name = FormOf(table).name;
+    if (line == 0 || !m_unread.contains({name, line})) {
+        plan.faults.push_back({name, line, text});
+    }
+}
+
 void PlanDesk::Move(SetupTable table, const QString& what, const QStringList& names) {
     plan.changes.push_back({table, SetupStep::Moved, what, {}, QuotedNames(names)});
 }

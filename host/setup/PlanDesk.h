@@ -16,14 +16,10 @@ struct SetupLine {
 /// Holds the plan that is being made. Thread: any, one at a time.
 class PlanDesk final {
 public:
-    PlanDesk(const SetupTables& said, const site::SetupState& state) : tables(said), seen(state) {
-        plan.wanted = state;
-        plan.faults = said.faults;
-    }
+    PlanDesk(const SetupTables& said, const site::SetupState& state);
 
-    void Tell(SetupTable table, int line, const QString& text) {
-        plan.faults.push_back({FormOf(table).name, line, text});
-    }
+    /// Not of a line of which a reader has told something: a cell that it left out isn't empty.
+    void Tell(SetupTable table, int line, const QString& text);
     void Add(SetupTable table, const QString& what, const QString& after = {}) {
         plan.changes.push_back({table, SetupStep::New, what, {}, after});
     }
@@ -56,6 +52,7 @@ public:
 
 private:
     QHash<QString, SetupLine> m_lines;
+    QSet<std::pair<QString, int>> m_unread; ///< lines of which a reader has told something
 };
 
 /// What a crossing is called where lines are remembered.

@@ -127,6 +127,12 @@ TEST(SetupPlan, FaultsOfMarks) {
              u"标识 第 8 行：没有编号为“0”的标识；新标识的编号由系统给定，请空着"_s}));
 }
 
+TEST(SetupPlan, ACellThatCouldNotBeReadIsNotCalledEmptyToo) {
+    EXPECT_EQ(
+        FaultsIn(u"[楼层]\n工程,楼层\n一期,=1\n一期,\n"_s),
+        QStringList({u"楼层 第 3 行：B 列是公式，请换成数值"_s, u"楼层 第 4 行：楼层是空的"_s}));
+}
+
 TEST(SetupPlan, FaultsOfTheFileAreTheFirstOnes) {
     const host::SetupPlan plan = PlanOf(u"[标签]\n名称\n=1\n,\n地面\n地面\n"_s);
     EXPECT_FALSE(plan.IsGood());
