@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool ReadSample(const QString& value, sample::SampleSize& sample) {
+bool ReadSample(const QString& value, std::optional<sample::SampleSize>& sample) {
     static const std::map<QString, sample::SampleSize> sizes = {
         {u"small"_s, sample::SampleSize::Small},
         {u"full"_s, sample::SampleSize::Full},
@@ -230,9 +230,10 @@ QString HelpText() {
   vesk-tour --tour 文件夹             无显示器时走一遍客户端，把各窗口的图片存到该文件夹
 
 选项：
-  --data 文件夹       数据文件夹；不写则用当前用户自己的数据文件夹
+  --data 文件夹       数据文件夹；不写则用第一次使用时选定的，或当前用户自己的数据文件夹
   --user 姓名         以此用户登录，不再询问
-  --sample 规模       数据文件夹还没有工程时生成的示例：small（小）、full（完整）、none（不生成）
+  --sample 规模       数据文件夹还没有工程时生成的示例：small（小）、full（完整）、none（不生成）；
+                      不写则在窗口里询问，没有窗口时生成完整的示例
   --transfers 方式    演示文件传输：normal（正常）、slow（慢）、fail（中途失败）、hang（停住不动）
   --help              显示本说明
 

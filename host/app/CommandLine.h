@@ -27,8 +27,9 @@ struct CommandLine {
     Road road = Road::Client;
     QString dataFolder; ///< empty: the user's own
     QString userName;   ///< empty: asked for
-    sample::SampleSize sample =
-        sample::SampleSize::Full;  ///< the site that a folder without one gets
+    /// The site that a folder without one gets; nothing: whoever sees the windows is asked, for
+    /// others it is the full one.
+    std::optional<sample::SampleSize> sample;
     site::TransferRules transfers; ///< slow or failing, for demonstrations
     bool isWatched = false;        ///< somebody looks at the windows, also without a display
     QStringList importWords;       ///< what stands behind "import", without --data and --sample

@@ -2,6 +2,7 @@
 
 #include "host/app/Client.h"
 #include "host/app/DrawingCommand.h"
+#include "host/app/FirstStart.h"
 #include "host/app/Platform.h"
 #include "host/app/SetupCommand.h"
 #include "host/app/SimulateCommand.h"
@@ -115,16 +116,24 @@ int RunRoad(const CommandLine& line) {
 
 int RunClient(const CommandLine& line) {
     HostSession session;
-    if (const StartResult site = OpenSite(session, line); !site.goOn) {
+    const Beginning beginning = BeginClient(session, line);
+    if (const StartResult& site = beginning.site; !site.goOn) {
         return site.fault.isEmpty() ? kExitDone : TellFault(site.fault);
     }
-    if (const StartResult user = SignInUser(session, line); !user.goOn) {
+    CommandLine signIn = line;
+    if (!beginning.userName.isEmpty()) {
+        signIn.userName = beginning.userName;
+    }
+    if (const StartResult user = SignInUser(session, signIn); !user.goOn) {
         return user.fault.isEmpty() ? kExitDone : TellFault(user.fault);
     }
     session.Desk()->SetRules(line.transfers);
     Client client(session);
     if (const auto lack = client.Start(QCoreApplication::applicationDirPath())) {
         return TellFault(*lack);
+    }
+    for (const QString& message : beginning.messages) {
+        session.Desk()->Report(MessageLevel::Info, message);
     }
     // Who signs out of the desktop, or ends the client from a terminal, loses no text.
     StopSignals signalled;

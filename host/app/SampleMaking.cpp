@@ -60,9 +60,10 @@ bool CreateWithWindow(site::ISite& site, sample::SampleSize size, QString& error
 
 StartResult MakeSample(HostSession& session, const CommandLine& line) {
     QString error;
+    const sample::SampleSize size = line.sample.value_or(sample::SampleSize::Full);
     const bool isSeen = line.isWatched || !IsHeadless();
-    const bool isMade = isSeen ? CreateWithWindow(session.Site(), line.sample, error)
-                               : CreateWithLines(session.Site(), line.sample, error);
+    const bool isMade = isSeen ? CreateWithWindow(session.Site(), size, error)
+                               : CreateWithLines(session.Site(), size, error);
     return {isMade, error};
 }
 

@@ -1,14 +1,15 @@
 #include "host/app/StartUp.h"
 
+#include "host/app/FolderMemory.h"
 #include "host/app/SampleMaking.h"
 #include "host/session/HostSession.h"
 #include "host/setup/SetupRoles.h"
 #include "host/ui/SignInDialog.h"
+#include "site/FreshPlace.h"
 #include "site/ICatalogue.h"
 #include "site/IIntake.h"
 
 #include <QDir>
-#include <QStandardPaths>
 
 namespace host {
 
@@ -33,11 +34,7 @@ QString RightsText(const std::vector<qint32>& rights) {
 /// A folder without a sample is still somebody's: its first user may do everything.
 QString MakeFirstUser(HostSession& session, const QString& wanted) {
     const QString name = wanted.isEmpty() ? u"管理员"_s : wanted;
-    std::vector<qint32> rights;
-    for (const auto& [right, word] : RightNames()) {
-        rights.push_back(right);
-    }
-    session.Site().NewIntake()->AddUser(name, rights);
+    session.Site().NewIntake()->AddUser(name, AllRights());
     return name;
 }
 
@@ -72,15 +69,35 @@ StartResult SignInOne(HostSession& session, const CommandLine& line) {
 } // namespace
 
 QString DataFolderOf(const CommandLine& line) {
-    const QString folder =
-        line.dataFolder.isEmpty()
-            ? QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation)
-            : line.dataFolder;
-    return QDir(folder).absolutePath();
+    if (!line.dataFolder.isEmpty()) {
+        return QDir(line.dataFolder).absolutePath();
+    }
+    return IsRemembered(line) ? RememberedFolder() : OwnDataFolder();
+}
+
+bool IsRemembered(const CommandLine& line) {
+    return line.dataFolder.isEmpty() && !RememberedFolder().isEmpty();
+}
+
+QString LostFolderText(const QString& folder) {
+    return u"上次使用的数据文件夹 %1 里没有站点了，可能它已被移动或改名，或者所在的磁盘没有接上。"_s
+        .arg(QDir::toNativeSeparators(folder));
+}
+
+std::vector<qint32> AllRights() {
+    std::vector<qint32> rights;
+    for (const auto& [right, word] : RightNames()) {
+        rights.push_back(right);
+    }
+    return rights;
 }
 
 StartResult OpenSite(HostSession& session, const CommandLine& line) {
-    if (const auto fault = session.Open(DataFolderOf(line))) {
+    const QString folder = DataFolderOf(line);
+    if (IsRemembered(line) && site::FreshPlace(folder).IsFree()) {
+        return {false, LostFolderText(folder) + u"请用 --data 写明数据文件夹。"_s};
+    }
+    if (const auto fault = session.Open(folder)) {
         return {false, fault->text};
     }
     try {

@@ -1,6 +1,8 @@
 // Every window on small screens: run once for each of the screens in screens/.
 #include "hands/Hands.h"
+#include "host/app/StartUp.h"
 #include "host/qr/QrImage.h"
+#include "host/ui/FirstStartPage.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/SignInDialog.h"
 #include "host/ui/issues/IssueWindow.h"
@@ -195,6 +197,14 @@ TEST_F(SmallScreen, TheSignInFits) {
     dialog.show();
     ASSERT_TRUE(WaitFor([&] { return dialog.isVisible(); }));
     ExpectFits(dialog);
+}
+
+TEST_F(SmallScreen, TheFirstPageFitsWithANote) {
+    host::FirstStartPage page({folder.Path(), {}, {}});
+    page.ShowNote(host::LostFolderText(folder.Path()));
+    page.show();
+    ASSERT_TRUE(WaitFor([&] { return page.isVisible(); }));
+    ExpectFits(page);
 }
 
 } // namespace

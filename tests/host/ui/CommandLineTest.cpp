@@ -7,12 +7,12 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-TEST(CommandLine, WithoutWordsTheClientOpensOnTheUsersFolderWithTheFullSample) {
+TEST(CommandLine, WithoutWordsTheClientOpensOnTheUsersFolderAndNoSampleIsNamed) {
     const CommandLine line = ParseCommandLine({});
     EXPECT_EQ(line.road, Road::Client);
     EXPECT_TRUE(line.dataFolder.isEmpty());
     EXPECT_TRUE(line.userName.isEmpty());
-    EXPECT_EQ(line.sample, sample::SampleSize::Full);
+    EXPECT_EQ(line.sample, std::nullopt);
     EXPECT_TRUE(line.error.isEmpty());
 }
 
