@@ -95,10 +95,11 @@ TEST_F(SetupRoad, ANewFloorStandsInThePlanAndTheImportOffersIt) {
     // In a list beside the plan: it has photos or none.
     const auto* shown = client->Window()->Plan().findChild<QAbstractItemView*>(u"floorList"_s);
     ASSERT_NE(shown, nullptr);
-    EXPECT_EQ(shown->model()->match(shown->model()->index(0, 0), Qt::DisplayRole, u"屋顶"_s, 1,
-                                      Qt::MatchStartsWith)
-                  .size(),
-              1);
+    EXPECT_EQ(
+        shown->model()
+            ->match(shown->model()->index(0, 0), Qt::DisplayRole, u"屋顶"_s, 1, Qt::MatchStartsWith)
+            .size(),
+        1);
 }
 
 TEST_F(SetupRoad, WhoeverMayNotSetUpCannotOpenIt) {
