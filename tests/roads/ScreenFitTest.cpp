@@ -6,6 +6,7 @@
 #include "host/ui/MainWindow.h"
 #include "host/ui/SignInDialog.h"
 #include "host/ui/issues/IssueWindow.h"
+#include "host/ui/setup/SetupWindow.h"
 #include "tests/roads/ClientFixture.h"
 #include "tests/roads/RoadHands.h"
 #include "tests/support/ModalVisit.h"
@@ -166,6 +167,18 @@ TEST_F(SmallScreen, TheEditorFits) {
 TEST_F(SmallScreen, TheHostsOtherWindowsFit) {
     ExpectFitsAfter(Qt::Key_B, u"binWindow"_s);
     ExpectFitsAfter(Qt::Key_I, u"importDialog"_s);
+}
+
+TEST_F(SmallScreen, TheSettingsFitOnEachPage) {
+    ASSERT_TRUE(Press(Qt::Key_Comma));
+    ASSERT_TRUE(WaitFor([] { return WindowNamed(u"setupWindow"_s) != nullptr; }));
+    auto* settings = qobject_cast<host::SetupWindow*>(WindowNamed(u"setupWindow"_s));
+    for (int page = 0; page <= int(host::SetupWindow::Page::Drawings); ++page) {
+        settings->ShowPage(host::SetupWindow::Page(page));
+        support::RunPendingEvents();
+        ExpectFits(*settings);
+    }
+    settings->close();
 }
 
 TEST_F(SmallScreen, TheListOfKeysFits) {

@@ -130,6 +130,7 @@ SetupWindow::SetupWindow(QWidget* parent, ISetupDesk& setupDesk)
     all->addLayout(middle, 1);
     all->addLayout(MakeBottom());
     toolkit::ResizeWithinScreen(*this, QSize(980, 620));
+    toolkit::ScrollIfTooLarge(*this);
     m_check = new QTimer(this);
     m_check->setSingleShot(true);
     m_check->setInterval(kCheckPauseMs);
