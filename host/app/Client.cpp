@@ -4,6 +4,7 @@
 #include "host/app/ConsoleCommands.h"
 #include "host/app/DrawingFlow.h"
 #include "host/app/DrawingImport.h"
+#include "host/app/DropFlow.h"
 #include "host/app/Faults.h"
 #include "host/app/ImportFlow.h"
 #include "host/app/IssueFlow.h"
@@ -23,7 +24,6 @@
 #include "host/app/UndoFlow.h"
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/ActionLogModel.h"
-#include "host/ui/DropHint.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/MessageBar.h"
 #include "host/ui/drawing/DrawingPane.h"
@@ -125,6 +125,7 @@ void Client::Stop() {
     if (!m_window) {
         return;
     }
+    m_drops.reset();
     m_imports.reset();
     m_sheets.reset();
     // Whoever closes the window was asked; at any other end nobody is there to answer.
@@ -212,15 +213,14 @@ void Client::ConnectWindow() {
         m_drawings->LocateCheckpoint(pointId);
         m_window->ShowStatus(CheckpointLocatedText(m_session, pointId));
     });
-    connect(m_window.get(), &MainWindow::PathsDropped, this,
-            [this](const QStringList& paths) { OnPathsDropped(paths); });
-    ShowWhereDropped();
     connect(m_window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
     connect(m_sheets.get(), &SheetFlow::Changed, this, &Client::EnableCommands);
     connect(m_imports.get(), &ImportFlow::Imported, this, [this] {
         ReadAnew();
         RefreshModule();
     });
+    connect(m_imports.get(), &ImportFlow::ListWanted, this,
+            [this](const site::FiledRun& filed) { m_consoles->ShowFiled(filed); });
     FloorPlanCanvas& canvas = m_window->Plan().Canvas();
     connect(&canvas, &FloorPlanCanvas::PhotosWanted, this,
             [this](const QString& positionKey) { m_consoles->ShowPhotosAt(positionKey); });
@@ -361,14 +361,8 @@ void Client::MakeDrawingFlows() {
             &DrawingFlow::ShowDrawing);
     DrawingPane& pane = m_window->Drawing();
     connect(&pane, &DrawingPane::ImportWanted, m_drawingImport.get(), &DrawingImport::Ask);
-    connect(&pane, &DrawingPane::PathsDropped, this,
-            [this](const QStringList& paths, qint32 pointId) {
-                if (pointId != 0) {
-                    m_checkpoints->FilePhotos(pointId, paths);
-                } else {
-                    OnPathsDropped(paths);
-                }
-            });
+    m_drops = std::make_unique<DropFlow>(
+        DropFlow::Parts{*m_window, *m_imports, *m_drawingImport, *m_checkpoints, *m_sheets});
 }
 
 void Client::MakeProjects() {
@@ -391,40 +385,6 @@ void Client::OnSetupChanged() {
     m_drawings->ReadAnew();
     ReadAnew();
     RefreshModule();
-}
-
-void Client::ShowWhereDropped() {
-    const auto where = [this](const QStringList& paths, const QPoint&) {
-        return m_imports ? m_imports->WhereDropped(paths) : QString();
-    };
-    new DropHint(m_window.get(), where, DropHint::Drops::OfWindow);
-    DrawingPane& pane = m_window->Drawing();
-    new DropHint(
-        &pane,
-        [where, &pane](const QStringList& paths, const QPoint& at) {
-            const QString point = pane.PointCaptionUnder(at);
-            return point.isEmpty() ? where(paths, at) : u"松开后导入到：%1"_s.arg(point);
-        },
-        DropHint::Drops::OfWindow);
-    connect(m_sheets.get(), &SheetFlow::ConsoleOpened, this, [this, where](QWidget* console) {
-        auto* hint = new DropHint(console, where, DropHint::Drops::Taken);
-        connect(hint, &DropHint::PathsDropped, this,
-                [this, console](const QStringList& paths) { OnPathsDropped(paths, console); });
-    });
-}
-
-void Client::OnPathsDropped(const QStringList& paths, QWidget* over) {
-    QStringList drawings;
-    QStringList others;
-    for (const QString& path : paths) {
-        (path.endsWith(u".pdf"_s, Qt::CaseInsensitive) ? drawings : others) << path;
-    }
-    if (!drawings.isEmpty()) {
-        m_drawingImport->Begin(drawings);
-    }
-    if (!others.isEmpty()) {
-        m_imports->Ask(others, over);
-    }
 }
 
 void Client::ReadPlan() {

@@ -25,6 +25,7 @@ class CheckpointMenu;
 class ConsoleCommands;
 class DrawingFlow;
 class DrawingImport;
+class DropFlow;
 class FloorPlanView;
 class HostSession;
 class ImportFlow;
@@ -87,9 +88,6 @@ private:
     void MakeSetup();
     /// Others may have renamed, archived, ordered: what the window lists is read anew.
     void OnSetupChanged();
-    void OnPathsDropped(const QStringList& paths, QWidget* over = nullptr);
-    /// What is held over the window is told where it will go.
-    void ShowWhereDropped();
     void ShowProperties(qint32 ppid, const QString& floor, const QString& handle);
     void ReadPlan();
     void ReadPhotoMarks();
@@ -128,6 +126,7 @@ private:
     std::unique_ptr<DrawingImport> m_drawingImport;
     std::unique_ptr<CheckpointMenu> m_checkpoints;
     std::unique_ptr<SheetFlow> m_sheets;
+    std::unique_ptr<DropFlow> m_drops; ///< behind what it works with
     std::unique_ptr<UndoFlow> m_undo;
     std::unique_ptr<SetupFlow> m_setup;
     QPointer<BinWindow> m_binWindow;

@@ -1,5 +1,6 @@
 #include "host/app/ConsoleCommands.h"
 
+#include "host/services/ListPresets.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
@@ -52,6 +53,12 @@ void ConsoleCommands::Obey(Command command) {
 
 void ConsoleCommands::ShowPhotosAt(const QString& positionKey) {
     m_module.ShowBimPicMngFor(kUnread, positionKey, kAnyMark, kNoPhoto);
+}
+
+void ConsoleCommands::ShowFiled(const site::FiledRun& filed) {
+    ListPreset preset;
+    preset.filed = filed;
+    m_module.ShowBimPicMngFor(kUnread, KeyOfPreset(preset), kAnyMark, kNoPhoto);
 }
 
 } // namespace host

@@ -1,4 +1,5 @@
-// The commands that open the console: of one kind, of a place, of a floor, of a drawing.
+// The commands that open the console: of one kind, of a place, of a floor, of a drawing,
+// of an import.
 #pragma once
 
 #include "host/ui/Commands.h"
@@ -6,6 +7,10 @@
 namespace ZelvorNRQ_KXVeskPicture {
 class IKXVeskPicture;
 } // namespace ZelvorNRQ_KXVeskPicture
+
+namespace site {
+struct FiledRun;
+} // namespace site
 
 namespace host {
 
@@ -21,6 +26,8 @@ public:
     void Obey(Command command);
     /// The photos of an intersection.
     void ShowPhotosAt(const QString& positionKey);
+    /// The photos of an import.
+    void ShowFiled(const site::FiledRun& filed);
 
 private:
     ZelvorNRQ_KXVeskPicture::IKXVeskPicture& m_module;

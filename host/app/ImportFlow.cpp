@@ -5,6 +5,7 @@
 #include "host/ui/ImportDialog.h"
 #include "host/ui/ImportResultWindow.h"
 #include "host/ui/MainWindow.h"
+#include "host/ui/MessageBar.h"
 #include "host/ui/ProgressWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
@@ -137,6 +138,7 @@ void ImportFlow::Begin(ImportRequest request) {
     });
     connect(m_job.get(), &ImportJob::Finished, this, &ImportFlow::End);
     request.user = m_session.UserName();
+    m_request = request;
     m_progress->SetText(u"正在读取文件夹..."_s);
     m_progress->Begin();
     m_job->Start(request);
@@ -149,14 +151,41 @@ void ImportFlow::ShowLeftOut(const ImportReport& report) {
     m_result->show();
 }
 
-void ImportFlow::End(const ImportReport& report) {
-    m_progress->End();
+void ImportFlow::Tell(const ImportReport& report) {
     const bool failed = !report.fault.isEmpty();
     const bool partly = report.cancelled || report.refused > 0;
-    m_session.Desk()->Report(failed   ? MessageLevel::Error
-                             : partly ? MessageLevel::Warning
-                                      : MessageLevel::Info,
-                             report.Summary());
+    MessageAction action;
+    // The console lists photos of drawings by their drawing or checkpoint alone.
+    if (!report.photoIds.empty() && m_request.checkpointId == 0) {
+        const site::FiledRun filed{report.photoIds.front(), report.photoIds.back(), m_request.user};
+        action.caption = u"在控制台中查看"_s;
+        action.tip = u"列出这次导入的照片"_s;
+        action.work = [self = QPointer(this), filed, ppid = m_request.ppid] {
+            if (self) {
+                self->ShowFiled(filed, ppid);
+            }
+        };
+    }
+    m_window.Messages().Show(failed   ? MessageKind::Error
+                             : partly ? MessageKind::Warning
+                                      : MessageKind::Info,
+                             report.Summary(), action);
+}
+
+void ImportFlow::ShowFiled(const site::FiledRun& filed, qint32 ppid) {
+    if (site::Has(m_session.OpenPpids(), ppid)) {
+        emit ListWanted(filed);
+        return;
+    }
+    QString name;
+    WithoutFault(m_session, [&] { name = m_session.Tables().ProjectName(ppid); });
+    m_session.Desk()->Report(MessageLevel::Info,
+                             u"这些照片在工程“%1”中，请先打开该工程。"_s.arg(name));
+}
+
+void ImportFlow::End(const ImportReport& report) {
+    m_progress->End();
+    Tell(report);
     if (!report.lines.empty()) {
         ShowLeftOut(report);
     }

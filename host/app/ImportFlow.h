@@ -1,6 +1,9 @@
 // The import of photos from the main window: question, progress, result.
 #pragma once
 
+#include "host/import/ImportReport.h"
+#include "site/ListFilter.h"
+
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
@@ -15,8 +18,6 @@ class ImportJob;
 class ImportResultWindow;
 class MainWindow;
 class ProgressWindow;
-struct ImportReport;
-struct ImportRequest;
 
 /// One import at a time; a second one is refused with a message. Session and window must outlive
 /// the flow. Destroying it ends a running import after the present file. Thread: user interface.
@@ -38,10 +39,15 @@ public:
 signals:
     /// An import has ended and filed something.
     void Imported();
+    /// The person wants to see what an import filed as photos of the model.
+    void ListWanted(const site::FiledRun& filed);
 
 private:
     void Begin(ImportRequest request);
     void End(const ImportReport& report);
+    /// The counts; with a way to what was filed, if it is listed anywhere.
+    void Tell(const ImportReport& report);
+    void ShowFiled(const site::FiledRun& filed, qint32 ppid);
     /// Every file that wasn't filed, with its reason; takes the place of an earlier result.
     void ShowLeftOut(const ImportReport& report);
 
@@ -49,6 +55,7 @@ private:
     MainWindow& m_window;
     QPointer<ImportDialog> m_dialog;
     QPointer<ImportResultWindow> m_result;
+    ImportRequest m_request; ///< of the present import, or of the last one
     std::unique_ptr<ImportJob> m_job;
     std::unique_ptr<ProgressWindow> m_progress;
 };

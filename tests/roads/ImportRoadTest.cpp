@@ -1,6 +1,7 @@
 // Photos on their way in: where a drop says it goes, where it goes, and what is told of it then.
 #include "hands/Hands.h"
 #include "host/ui/MainWindow.h"
+#include "host/ui/MessageBar.h"
 #include "host/ui/catchup/CatchUpDock.h"
 #include "host/ui/photo/PhotoDock.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
@@ -15,6 +16,7 @@
 #include "tour/ConsoleEyes.h"
 #include "tour/TourEyes.h"
 
+#include <QAbstractButton>
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QLabel>
@@ -77,6 +79,16 @@ protected:
         EXPECT_EQ(window.findChild<QLabel*>(u"dropHint"_s), nullptr);
         return enter.isAccepted() ? text : u"not taken"_s;
     }
+    /// What the newest message offers; null: nothing.
+    [[nodiscard]] QAbstractButton* MessageButton() const {
+        for (auto* button :
+             Window().Messages().findChildren<QAbstractButton*>(u"messageAction"_s)) {
+            if (button->text() == u"在控制台中查看"_s && button->isVisible()) {
+                return button;
+            }
+        }
+        return nullptr;
+    }
     [[nodiscard]] QVariant Asked(const QString& sql) const {
         return support::FolderOf(session).Db().Value(sql);
     }
@@ -112,6 +124,41 @@ TEST_F(ImportRoad, WhatIsDroppedOnTheConsoleIsImportedToo) {
     ASSERT_TRUE(Press(Qt::Key_1));
     ASSERT_TRUE(WaitFor([] { return Console() != nullptr; }));
     EXPECT_TRUE(WaitFor([] { return !HintOver(*Console()).isEmpty(); }));
+}
+
+TEST_F(ImportRoad, TheMessageLeadsToWhatWasImportedAndToNothingElse) {
+    folder.Write(u"new/一.jpg"_s, JpegBytes(qRgb(250, 1, 1)));
+    folder.Write(u"new/二.jpg"_s, JpegBytes(qRgb(1, 250, 1)));
+    folder.Write(u"new/旧.jpg"_s, JpegBytes(ColorOf(0)));
+    ASSERT_TRUE(WaitFor([&] { return hands::DropPaths(&Window(), {folder.Path(u"new"_s)}); }));
+    ASSERT_TRUE(WaitFor([] {
+        return hands::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
+    }));
+    ASSERT_TRUE(
+        WaitFor([&] { return Messages().value(0).startsWith(u"导入 2 张照片，重复 1 张"_s); }));
+    QWidget* result = tour::FindWindow(u"importResult"_s);
+    ASSERT_NE(result, nullptr) << "the doubles are listed";
+    result->close();
+    ASSERT_TRUE(WaitFor([this] { return hands::Click(MessageButton()); }));
+    ASSERT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 2; }));
+    EXPECT_GE(RowOfPhoto(u"一.jpg"_s), 0);
+    EXPECT_GE(RowOfPhoto(u"二.jpg"_s), 0);
+    EXPECT_EQ(MessageButton(), nullptr) << "it is done once";
+}
+
+TEST_F(ImportRoad, OfAProjectThatIsClosedTheMessageSaysWhich) {
+    const QString photo = folder.Write(u"new/新.jpg"_s, JpegBytes(qRgb(250, 1, 1)));
+    ASSERT_TRUE(WaitFor([&] { return hands::DropPaths(&Window(), {photo}); }));
+    ASSERT_TRUE(WaitFor([] {
+        return hands::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
+    }));
+    ASSERT_TRUE(WaitFor([this] { return MessageButton() != nullptr; }));
+    ASSERT_TRUE(ChooseProject(u"二期工程"_s));
+    ASSERT_TRUE(WaitFor([this] { return hands::Click(MessageButton()); }));
+    EXPECT_TRUE(WaitFor([this] {
+        return Messages().value(0) == u"这些照片在工程“一期工程”中，请先打开该工程。"_s;
+    }));
+    EXPECT_EQ(Console(), nullptr);
 }
 
 TEST_F(ImportRoad, AConsoleThatIsClosedTakesItsQuestionAlong) {

@@ -1,0 +1,68 @@
+#include "host/app/DropFlow.h"
+
+#include "host/app/CheckpointMenu.h"
+#include "host/app/DrawingImport.h"
+#include "host/app/ImportFlow.h"
+#include "host/app/SheetFlow.h"
+#include "host/ui/DropHint.h"
+#include "host/ui/MainWindow.h"
+#include "host/ui/drawing/DrawingPane.h"
+
+#include <QPointer>
+
+namespace host {
+
+using namespace Qt::StringLiterals;
+
+DropFlow::DropFlow(const Parts& flowParts) : m_parts(flowParts) {
+    connect(&m_parts.window, &MainWindow::PathsDropped, this,
+            [this](const QStringList& paths) { Take(paths); });
+    connect(&m_parts.window.Drawing(), &DrawingPane::PathsDropped, this,
+            [this](const QStringList& paths, qint32 pointId) {
+                if (pointId != 0) {
+                    m_parts.checkpoints.FilePhotos(pointId, paths);
+                } else {
+                    Take(paths);
+                }
+            });
+    Watch();
+}
+
+DropFlow::~DropFlow() = default;
+
+void DropFlow::Watch() {
+    // The windows may outlast it.
+    const auto where = [self = QPointer(this)](const QStringList& paths, const QPoint&) {
+        return self ? self->m_parts.imports.WhereDropped(paths) : QString();
+    };
+    new DropHint(&m_parts.window, where, DropHint::Drops::OfWindow);
+    DrawingPane& pane = m_parts.window.Drawing();
+    new DropHint(
+        &pane,
+        [where, &pane](const QStringList& paths, const QPoint& at) {
+            const QString point = pane.PointCaptionUnder(at);
+            return point.isEmpty() ? where(paths, at) : u"松开后导入到：%1"_s.arg(point);
+        },
+        DropHint::Drops::OfWindow);
+    connect(&m_parts.consoles, &SheetFlow::ConsoleOpened, this, [this, where](QWidget* console) {
+        auto* hint = new DropHint(console, where, DropHint::Drops::Taken);
+        connect(hint, &DropHint::PathsDropped, this,
+                [this, console](const QStringList& paths) { Take(paths, console); });
+    });
+}
+
+void DropFlow::Take(const QStringList& paths, QWidget* over) {
+    QStringList drawings;
+    QStringList others;
+    for (const QString& path : paths) {
+        (path.endsWith(u".pdf"_s, Qt::CaseInsensitive) ? drawings : others) << path;
+    }
+    if (!drawings.isEmpty()) {
+        m_parts.drawings.Begin(drawings);
+    }
+    if (!others.isEmpty()) {
+        m_parts.imports.Ask(others, over);
+    }
+}
+
+} // namespace host
