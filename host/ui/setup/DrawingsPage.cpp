@@ -21,10 +21,9 @@ DrawingsPage::DrawingsPage(QWidget* parent, ISetupDesk& setupDesk)
     : QWidget(parent), m_desk(setupDesk) {
     auto* title = new QLabel(u"图纸"_s, this);
     title->setFont(toolkit::UiFont(16));
-    auto* about = new QLabel(
-        u"PDF 图纸，检查点和图纸照片在它上面。导入和删除立即生效，不用保存；"
-        "上面还有检查点的图纸不能删除。"_s,
-        this);
+    auto* about = new QLabel(u"PDF 图纸，检查点和图纸照片在它上面。导入和删除立即生效，不用保存；"
+                             "上面还有检查点的图纸不能删除。"_s,
+                             this);
     about->setWordWrap(true);
     about->setForegroundRole(QPalette::PlaceholderText);
     m_project = new QComboBox(this);
