@@ -32,7 +32,7 @@ public:
                 }
             }
             old.Exec(u"INSERT INTO schema_version VALUES (?, 0)"_s, {version});
-            old.Exec(u"INSERT INTO project VALUES (7, '一号楼', 1)"_s);
+            old.Exec(u"INSERT INTO project (ppid, name, major) VALUES (7, '一号楼', 1)"_s);
             old.Exec(u"INSERT INTO setting VALUES ('a', 'b')"_s);
             old.Exec(
                 u"INSERT INTO drawing (id, ppid, name, file_uuid) VALUES (1, 7, '首层', '')"_s);

@@ -139,6 +139,11 @@ void DropTallies(Database& db, int version) {
         db.Exec(u"DROP TRIGGER %1_revision"_s.arg(table));
         db.Exec(u"ALTER TABLE %1 DROP COLUMN revision"_s.arg(table));
     }
+    for (const QString& column :
+         {u"project DROP COLUMN archived"_s, u"workset DROP COLUMN archived"_s,
+          u"person DROP COLUMN active"_s, u"mark DROP COLUMN place"_s}) {
+        db.Exec(u"ALTER TABLE "_s + column);
+    }
     if (version == 3) {
         db.Exec(u"DELETE FROM bim_place WHERE place NOT IN (SELECT place FROM bim_place_tally)"_s);
     }
