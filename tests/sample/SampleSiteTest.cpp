@@ -4,6 +4,7 @@
 #include "site/IComponents.h"
 #include "site/IDrawings.h"
 #include "site/IIssues.h"
+#include "site/SetupState.h"
 #include "site/blobs/FileStore.h"
 #include "site/sqlite/Catalogue.h"
 #include "site/sqlite/DataFolder.h"
@@ -216,7 +217,7 @@ TEST_F(MadeSite, TheProgressRoseToTheTotal) {
 
 TEST_F(MadeSite, PeopleHaveDifferentRights) {
     site::Catalogue tables(site->folder.Db());
-    EXPECT_EQ(tables.RightsOf(u"张工"_s), (std::vector<qint32>{5, 21, 22, 38}));
+    EXPECT_EQ(tables.RightsOf(u"张工"_s), (std::vector<qint32>{5, 21, 22, 38, site::kRightSetup}));
     EXPECT_EQ(tables.RightsOf(u"李工"_s), (std::vector<qint32>{5, 21, 22}));
     EXPECT_EQ(tables.RightsOf(u"王工"_s), (std::vector<qint32>{5, 21, 38}));
     EXPECT_TRUE(tables.RightsOf(u"赵总"_s).empty());
