@@ -226,7 +226,7 @@ TEST(PhotoFacts, AnOpeningOfTheFolderKnowsTheOriginals) {
     FactSite site;
     const qint32 bim = site.File(site.Photo());
     const QString original = site.Of(bim).originalUuid;
-    site.folder.Close();
+    // Beside the one that is open, whose parts stand on it to the end.
     DataFolder again(site.folder.Path());
     ASSERT_FALSE(again.Open({500, true}).has_value());
     EXPECT_TRUE(again.Store().Has(original));
