@@ -315,7 +315,14 @@ TEST_F(Reminders, TheEndDropsWhatIsLeftAndWaitsForTheDownloadThatRuns) {
     feed.OnPicMessage(window.Id(), PicMessage(1));
     gate.entered.acquire();
     feed.OnPicMessage(window.Id(), PicMessage(2));
-    std::jthread opener([this] { gate.open.release(); });
+    // Not before the end waits: else the second message may be fetched first, rightly.
+    const int ending = gettid();
+    std::atomic<int> before{-1};
+    std::jthread opener([&] {
+        EXPECT_TRUE(WaitFor([&] { return before >= 0 && TimesWaited(ending) > before; }));
+        gate.open.release();
+    });
+    before = TimesWaited(ending);
     End();
     opener.join();
     const int threads = CountThreads();
