@@ -7,6 +7,7 @@
 
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QPushButton>
 
@@ -94,6 +95,8 @@ void WriteReportPages(TourScript& script, const QString& file) {
     script.Do(
         u"输入文件名"_s,
         [file] {
+            // That of an earlier walk: nobody is there to say that it may be replaced.
+            QFile::remove(file);
             return hands::TypeOver(FindIn(FindWindow(kSaveQuestion), u"fileNameEdit"_s), file);
         },
         nullptr);
