@@ -18,26 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-SetupTable TableOf(site::SetupList list) {
-    switch (list) {
-    case site::SetupList::Project:
-        return SetupTable::Project;
-    case site::SetupList::Workset:
-        return SetupTable::Workset;
-    case site::SetupList::Person:
-        return SetupTable::Person;
-    case site::SetupList::Mark:
-        return SetupTable::Mark;
-    case site::SetupList::Label:
-        return SetupTable::Label;
-    case site::SetupList::Floor:
-        return SetupTable::Floor;
-    case site::SetupList::Crossing:
-        break;
-    }
-    return SetupTable::Crossing;
-}
-
 /// The page of floors takes tables of axes too.
 bool NamesAxes(const sheets::TableBook& book) {
     return std::any_of(book.sheets.begin(), book.sheets.end(), [](const sheets::TableSheet& sheet) {

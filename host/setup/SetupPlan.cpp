@@ -11,9 +11,7 @@ namespace host {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-constexpr SetupTable TableOf(site::SetupList list) {
+SetupTable TableOf(site::SetupList list) {
     switch (list) {
     case site::SetupList::Project:
         return SetupTable::Project;
@@ -32,6 +30,8 @@ constexpr SetupTable TableOf(site::SetupList list) {
     }
     return SetupTable::Crossing;
 }
+
+namespace {
 
 template <typename Entry> QString NameAt(const std::vector<Entry>& entries, int at) {
     return at >= 0 && size_t(at) < entries.size() ? entries[size_t(at)].name : QString();

@@ -28,6 +28,9 @@ struct SetupChange {
 /// "新增楼层“一期 3F”", "标识“裂缝”：颜色 #FF0000 改为 #00FF00".
 [[nodiscard]] QString TextOf(const SetupChange& change);
 
+/// In which a list of the site is written.
+[[nodiscard]] SetupTable TableOf(site::SetupList list);
+
 /// A drawing that isn't there yet.
 struct WantedDrawing {
     QString project;

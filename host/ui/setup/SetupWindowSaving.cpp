@@ -60,7 +60,6 @@ void SetupWindow::OnSaved(const site::SetupOutcome& outcome) {
         toolkit::Prompts().ShowMessage(toolkit::WindowOf(this),
                                        u"没有保存：\n"_s + FirstLines(outcome.refusals));
     } else {
-        const QString project = m_grid->Project();
         if (Begin()) {
             m_grid->ReadProjects();
             m_drawings->ReadProjects(m_draft->Seen().projects);
