@@ -27,6 +27,8 @@ enum class Command {
     RecordVersions, ///< of the texts below the photos
     Drafts,         ///< of such texts that weren't saved
     Setup,          ///< of the site: people, marks, floors, ...
+    Inbox,          ///< photos without a place or a mark
+    FileTicked,     ///< the console's ticked rows, all at once
     PlanFace,
     DrawingFace,
     Refresh,
