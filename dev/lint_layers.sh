@@ -42,7 +42,7 @@ host: host/app
 host/app: host/app host/drawings host/import host/qr host/reminders host/report host/services host/session host/setup host/sheet host/ui host/ui/catchup host/ui/drawing host/ui/issues host/ui/marks host/ui/photo host/ui/pick host/ui/plan host/ui/report host/ui/rich host/ui/setup include sample services sheets site site/transfer toolkit toolkit/controls toolkit/media toolkit/richtext toolkit/windows
 host/drawings: host/drawings
 host/drawings/reader: host/drawings host/drawings/reader
-host/import: host/import site
+host/import: host/import services site
 host/pictures: host/pictures
 host/qr: host/qr
 host/report: host/report toolkit/media toolkit/richtext

@@ -419,11 +419,12 @@ void Client::EnableCommands() {
     }
     const bool hasProject = m_session.CurrentProject().ppid != 0;
     const PlanIntersection* chosen = m_window->Plan().Canvas().Chosen();
-    for (const Command command :
-         {Command::BimConsole, Command::PdfConsole, Command::IssueConsole, Command::Import,
-          Command::Refresh, Command::ImportDrawing, Command::OpenByCode}) {
+    for (const Command command : {Command::BimConsole, Command::PdfConsole, Command::IssueConsole,
+                                  Command::Refresh, Command::ImportDrawing, Command::OpenByCode}) {
         m_window->SetEnabled(command, hasProject);
     }
+    const QString noImport = m_imports ? m_imports->WhyNot() : QString();
+    m_window->SetEnabled(Command::Import, hasProject && noImport.isEmpty(), noImport);
     const QString noList = m_sheets->WhyNot();
     m_window->SetEnabled(Command::ExportList, noList.isEmpty(), noList);
     const QString whyNot = m_raising->WhyNot();

@@ -9,6 +9,7 @@
 #include "host/ui/ProgressWindow.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
+#include "services/IKXAuthMng.h"
 
 #include <QFileInfo>
 
@@ -79,8 +80,18 @@ ImportFlow::~ImportFlow() {
     delete m_result;
 }
 
+QString ImportFlow::WhyNot() const {
+    return m_session.HasRight(KX_DATA::kRightEdit) ? QString()
+                                                   : u"您没有编辑的权限，不能导入照片。"_s;
+}
+
 void ImportFlow::Ask(const QStringList& paths, QWidget* over) {
     if (!m_dialog.isNull() || m_job) {
+        return;
+    }
+    const QString whyNot = WhyNot();
+    if (!whyNot.isEmpty()) {
+        m_session.Desk()->Report(MessageLevel::Warning, whyNot);
         return;
     }
     std::vector<ImportProject> projects;
@@ -110,6 +121,9 @@ QString ImportFlow::WhereDropped(const QStringList& paths) const {
     if (m_session.CurrentProject().ppid == 0) {
         return u"请先打开一个工程，再导入照片"_s;
     }
+    if (const QString whyNot = WhyNot(); !whyNot.isEmpty()) {
+        return whyNot;
+    }
     const QString place = ChosenPlace(m_window).caption;
     return place.isEmpty() ? u"松开后导入到当前工程，不指定位置"_s
                            : u"松开后导入到：%1"_s.arg(place);
@@ -128,6 +142,12 @@ void ImportFlow::FileOnCheckpoint(qint32 ppid, qint32 checkpointId, const QStrin
 }
 
 void ImportFlow::Begin(ImportRequest request) {
+    // It may have been taken away while the question stood open.
+    const QString whyNot = WhyNot();
+    if (!whyNot.isEmpty()) {
+        m_session.Desk()->Report(MessageLevel::Warning, whyNot);
+        return;
+    }
     m_job = std::make_unique<ImportJob>(m_session.Site());
     m_progress = std::make_unique<ProgressWindow>(&m_window, u"导入照片"_s,
                                                   ProgressWindow::Cancel::Possible);

@@ -31,6 +31,8 @@ public:
     /// Opens the question; `paths` are what was dropped, or empty.
     /// @param over  the window where it was asked; null: the main one.
     void Ask(const QStringList& paths, QWidget* over = nullptr);
+    /// Why nothing may be imported; empty: it may.
+    [[nodiscard]] QString WhyNot() const;
     /// Chinese: where files that are dropped now would go.
     [[nodiscard]] QString WhereDropped(const QStringList& paths) const;
     /// Files and folders become photos of a checkpoint, without a question. One at a time, too.

@@ -1,5 +1,6 @@
 #include "host/import/ImportTarget.h"
 
+#include "services/IKXAuthMng.h"
 #include "site/ICatalogue.h"
 #include "site/ISite.h"
 
@@ -46,6 +47,12 @@ namespace {
                                   ImportRequest& request) {
     QStringList known;
     for (const site::ProjectEntry& project : catalogue.Projects()) {
+        if (project.archived) {
+            if (project.name == names.project) {
+                return u"工程“%1”已归档，不再导入照片。请先在设置中取消归档。"_s.arg(names.project);
+            }
+            continue;
+        }
         known.append(project.name);
         if (project.name == names.project) {
             request.ppid = project.ppid;
@@ -58,9 +65,13 @@ namespace {
                                ImportRequest& request) {
     const QStringList known = AsList(catalogue.People());
     request.user = names.user;
-    return !names.user.isEmpty() && known.contains(names.user)
-               ? QString()
-               : Unknown(u"用户"_s, names.user, known);
+    if (names.user.isEmpty() || !known.contains(names.user)) {
+        return Unknown(u"用户"_s, names.user, known);
+    }
+    const std::vector<qint32> rights = catalogue.RightsOf(names.user);
+    const bool mayFile =
+        std::find(rights.begin(), rights.end(), KX_DATA::kRightEdit) != rights.end();
+    return mayFile ? QString() : u"用户“%1”没有编辑的权限，不能导入照片。"_s.arg(names.user);
 }
 
 [[nodiscard]] QString FindMark(site::ICatalogue& catalogue, const ImportNames& names,

@@ -9,6 +9,7 @@
 #include "site/blobs/FileStore.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/PhotoFactTable.h"
+#include "site/sqlite/SiteWriter.h"
 #include "tests/roads/PhotoRoad.h"
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/EngineFolder.h"
@@ -106,6 +107,25 @@ TEST_F(ImportRoad, ADropSaysWhereItWillGoAndGoesThere) {
     ASSERT_TRUE(
         WaitFor([&] { return Messages().value(0).startsWith(u"导入 1 张照片，重复 0 张"_s); }));
     EXPECT_EQ(Asked(u"SELECT position_key FROM bim_photo ORDER BY id DESC LIMIT 1"_s), cornerKey);
+}
+
+TEST_F(ImportRoad, WhoeverMayNotEditImportsNothing) {
+    site::SiteWriter(support::FolderOf(session)).AddUser(u"张伟"_s, {22, 38});
+    const QString photo = folder.Write(u"new/新.jpg"_s, JpegBytes(qRgb(250, 1, 1)));
+    const QString whyNot = u"您没有编辑的权限，不能导入照片。"_s;
+    EXPECT_EQ(HintOver(Window()), whyNot);
+    ASSERT_TRUE(WaitFor([&] { return hands::DropPaths(&Window(), {photo}); }));
+    EXPECT_TRUE(WaitFor([&] { return Messages().value(0) == whyNot; }));
+    EXPECT_EQ(tour::FindWindow(u"importDialog"_s), nullptr);
+}
+
+TEST_F(ImportRoad, ARightThatIsTakenAwayWhileTheQuestionStandsImportsNothing) {
+    const QString photo = folder.Write(u"new/新.jpg"_s, JpegBytes(qRgb(250, 1, 1)));
+    ASSERT_TRUE(WaitFor([&] { return hands::DropPaths(&Window(), {photo}); }));
+    ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"importDialog"_s) != nullptr; }));
+    site::SiteWriter(support::FolderOf(session)).AddUser(u"张伟"_s, {});
+    ASSERT_TRUE(hands::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s)));
+    EXPECT_TRUE(WaitFor([&] { return Messages().value(0).contains(u"没有编辑的权限"_s); }));
 }
 
 TEST_F(ImportRoad, WhatIsDroppedOnTheConsoleIsImportedToo) {

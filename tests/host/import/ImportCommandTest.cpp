@@ -72,6 +72,8 @@ TEST(ImportCommand, UnknownNamesAreAnsweredWithWhatExists) {
          u"没有名为“海外”的工程。现有工程：滨江花园、科技大厦。\n"_s},
         {{folder, u"--project"_s, u"滨江花园"_s, u"--user"_s, u"王工"_s},
          u"没有名为“王工”的用户。现有用户：张工、李工。\n"_s},
+        {{folder, u"--project"_s, u"滨江花园"_s, u"--user"_s, u"李工"_s},
+         u"用户“李工”没有编辑的权限，不能导入照片。\n"_s},
         {{folder, u"--user"_s, u"张工"_s}, u"请写明工程。现有工程：滨江花园、科技大厦。\n"_s},
         {Words(site, {u"--mark"_s, u"装饰"_s}),
          u"没有名为“装饰”的标识。现有标识：质量、安全。\n"_s},
