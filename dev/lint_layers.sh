@@ -39,7 +39,7 @@ sample/scenes: sample sample/render sample/scenes
 sample/site: sample sample/drawings sample/scenes sample/site site
 sheets: sheets
 host: host/app
-host/app: host/app host/drawings host/import host/qr host/reminders host/report host/services host/session host/setup host/sheet host/ui host/ui/catchup host/ui/drawing host/ui/issues host/ui/marks host/ui/photo host/ui/pick host/ui/plan host/ui/report host/ui/rich host/ui/setup include sample services sheets site site/transfer toolkit toolkit/controls toolkit/media toolkit/richtext toolkit/windows
+host/app: host/app host/drawings host/import host/qr host/reminders host/report host/services host/session host/setup host/sheet host/ui host/ui/catchup host/ui/drawing host/ui/issues host/ui/marks host/ui/photo host/ui/pick host/ui/plan host/ui/report host/ui/rich host/ui/setup host/ui/statistics include sample services sheets site site/transfer toolkit toolkit/controls toolkit/media toolkit/richtext toolkit/windows
 host/drawings: host/drawings
 host/drawings/reader: host/drawings host/drawings/reader
 host/import: host/import services site
@@ -51,7 +51,7 @@ host/services: host/services host/session services site site/transfer toolkit
 host/setup: host/setup services sheets site
 host/sheet: host/sheet services sheets site toolkit
 host/session: host/session services site site/transfer toolkit
-host/ui: host/qr host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/photo host/ui/pick host/ui/plan include services toolkit toolkit/controls toolkit/windows
+host/ui: host/qr host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/photo host/ui/pick host/ui/plan host/ui/statistics include services toolkit toolkit/controls toolkit/windows
 host/ui/catchup: host/ui/catchup toolkit toolkit/controls
 host/ui/drawing: host/drawings host/ui host/ui/drawing toolkit toolkit/controls
 host/ui/marks: host/ui host/ui/marks services toolkit toolkit/controls
@@ -61,6 +61,7 @@ host/ui/pick: host/ui host/ui/pick host/ui/plan toolkit toolkit/controls
 host/ui/report: host/report host/ui host/ui/report toolkit toolkit/controls toolkit/media toolkit/windows
 host/ui/rich: host/ui host/ui/rich toolkit toolkit/compare toolkit/controls toolkit/media toolkit/richtext toolkit/windows
 host/ui/setup: host/setup host/ui host/ui/setup site toolkit toolkit/windows
+host/ui/statistics: host/ui/statistics toolkit
 host/ui/plan: host/ui host/ui/marks host/ui/pick host/ui/plan toolkit
 tour: hands host/app host/services host/ui/drawing host/ui/pick host/ui/plan host/ui/report services tour
 '

@@ -21,6 +21,7 @@
 #include "host/app/RichTextFlow.h"
 #include "host/app/SetupFlow.h"
 #include "host/app/SheetFlow.h"
+#include "host/app/StatisticsFlow.h"
 #include "host/app/UndoFlow.h"
 #include "host/ui/ActionLogDock.h"
 #include "host/ui/ActionLogModel.h"
@@ -146,6 +147,7 @@ void Client::Stop() {
     m_richTexts.reset();
     m_sink.disconnect(this);
     m_setup.reset();
+    m_statistics.reset();
     m_checkpoints.reset();
     m_drawingImport.reset();
     m_drawings.reset();
@@ -347,6 +349,7 @@ void Client::ProjectChanged() {
     m_marks->ProjectChanged();
     m_reminders->ProjectChanged();
     m_richTexts->ProjectChanged();
+    m_statistics->ProjectChanged();
     m_window->ShowStatus(m_session.CurrentProject().ppid == 0 ? u"没有打开的工程"_s : u"就绪"_s);
 }
 
@@ -356,6 +359,8 @@ void Client::MakeDrawingFlows() {
     m_drawingImport = std::make_unique<DrawingImport>(m_session, *m_window);
     m_checkpoints = std::make_unique<CheckpointMenu>(
         CheckpointMenu::Parts{m_session, *m_window, *m_drawings, *m_imports, *m_undo});
+    m_statistics = std::make_unique<StatisticsFlow>(
+        StatisticsFlow::Parts{m_session, *m_window, *m_drawings, *m_module.Pictures()});
     connect(m_drawings.get(), &DrawingFlow::Changed, this, &Client::EnableCommands);
     connect(m_drawingImport.get(), &DrawingImport::Imported, m_drawings.get(),
             &DrawingFlow::ShowDrawing);

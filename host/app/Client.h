@@ -41,6 +41,7 @@ class ReportOutput;
 class RichTextFlow;
 class SetupFlow;
 class SheetFlow;
+class StatisticsFlow;
 class UndoFlow;
 
 /// Makes the main window over a session whose folder is open and whose user is signed in, loads the
@@ -129,6 +130,7 @@ private:
     std::unique_ptr<DropFlow> m_drops; ///< behind what it works with
     std::unique_ptr<UndoFlow> m_undo;
     std::unique_ptr<SetupFlow> m_setup;
+    std::unique_ptr<StatisticsFlow> m_statistics;
     QPointer<BinWindow> m_binWindow;
 };
 

@@ -276,6 +276,12 @@ void DrawingFlow::OnFaceChanged(bool toDrawing) {
     }
 }
 
+bool DrawingFlow::MakeCurrent(qint32 drawingId) {
+    Show(drawingId);
+    ShowChoice();
+    return Current() != nullptr && Current()->id == drawingId;
+}
+
 void DrawingFlow::ShowDrawing(qint32 drawingId) {
     ReadAnew();
     Show(drawingId);

@@ -52,6 +52,8 @@ public:
 
     /// An entry of the choice; -1 and the like: nothing.
     void TakeDrawing(int index);
+    /// The drawing that the console asks about becomes another one; false: it isn't there.
+    bool MakeCurrent(qint32 drawingId);
     /// A drawing comes to the front.
     void ShowDrawing(qint32 drawingId);
     /// Somebody wants a drawing to be seen: the editor, to have a checkpoint picked on it, or a

@@ -1,5 +1,6 @@
 #include "host/app/SheetFlow.h"
 
+#include "host/app/ConsoleWindow.h"
 #include "host/app/Faults.h"
 #include "host/app/SmallPictures.h"
 #include "host/services/Surroundings.h"
@@ -13,7 +14,6 @@
 #include "toolkit/windows/Prompts.h"
 #include "toolkit/windows/StillThere.h"
 
-#include <QApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
@@ -24,21 +24,6 @@ namespace host {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// A console that has ended may still wait to be deleted, and is no window of the toolkit then.
-bool IsOpen(QWidget* console) {
-    return console != nullptr && toolkit::WidgetOf(toolkit::WindowOf(console)) == console;
-}
-
-/// Null while it isn't open. The name is the window's own.
-QWidget* OpenConsole() {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == u"VeskPicMngDlg"_s && IsOpen(window)) {
-            return window;
-        }
-    }
-    return nullptr;
-}
 
 /// Of Excel or LibreOffice, beside a file that is open there.
 bool IsOpenElsewhere(const QString& path) {

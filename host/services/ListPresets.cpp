@@ -16,6 +16,9 @@ constexpr QChar kSign{0x1f};
 
 constexpr qint32 kFirstState = -100;
 constexpr qint32 kFirstWeek = -10'000;
+constexpr qint32 kFirstBefore = -1'000'000;
+constexpr qint32 kFirstFrom = -2'000'000;
+constexpr qint32 kFirstMark = -10'000'000;
 /// A Monday.
 const QDate kWeekZero(2000, 1, 3);
 
@@ -31,10 +34,22 @@ QDate MondayOf(const QDate& day) {
     return day.addDays(1 - day.dayOfWeek());
 }
 
+qint32 CountOfWeek(qint64 firstSecond) {
+    const QDate monday = MondayOf(QDateTime::fromSecsSinceEpoch(firstSecond).date());
+    return static_cast<qint32>(kWeekZero.daysTo(monday) / 7);
+}
+
+qint64 WeekOfCount(qint32 count) {
+    return kWeekZero.addDays(7LL * count).startOfDay().toSecsSinceEpoch();
+}
+
 } // namespace
 
 QString KeyOfPreset(const ListPreset& preset) {
     QJsonObject object;
+    if (preset.mark) {
+        object.insert(u"mark"_s, *preset.mark);
+    }
     if (preset.floor) {
         object.insert(u"floor"_s, *preset.floor);
     }
@@ -60,6 +75,9 @@ std::optional<ListPreset> PresetOfKey(const QString& key) {
     }
     const QJsonObject object = QJsonDocument::fromJson(key.mid(1).toUtf8()).object();
     ListPreset preset;
+    if (object.contains(u"mark"_s)) {
+        preset.mark = object.value(u"mark"_s).toInt();
+    }
     if (object.contains(u"floor"_s)) {
         preset.floor = object.value(u"floor"_s).toString();
     }
@@ -75,20 +93,36 @@ std::optional<ListPreset> PresetOfKey(const QString& key) {
     return preset;
 }
 
+qint32 NumberOfMark(qint32 mark) {
+    return kFirstMark - mark;
+}
+
 qint32 NumberOfState(qint32 state) {
     return kFirstState - state;
 }
 
 qint32 NumberOfWeek(qint64 firstSecond) {
-    const QDate monday = MondayOf(QDateTime::fromSecsSinceEpoch(firstSecond).date());
-    return kFirstWeek - static_cast<qint32>(kWeekZero.daysTo(monday) / 7);
+    return kFirstWeek - CountOfWeek(firstSecond);
+}
+
+qint32 NumberBefore(qint64 firstSecond) {
+    return kFirstBefore - CountOfWeek(firstSecond);
+}
+
+qint32 NumberFrom(qint64 firstSecond) {
+    return kFirstFrom - CountOfWeek(firstSecond);
 }
 
 std::optional<ListPreset> PresetOfNumber(qint32 number) {
     ListPreset preset;
-    if (number <= kFirstWeek) {
-        const QDate monday = kWeekZero.addDays(7LL * (kFirstWeek - number));
-        const qint64 first = monday.startOfDay().toSecsSinceEpoch();
+    if (number <= kFirstMark) {
+        preset.mark = kFirstMark - number;
+    } else if (number <= kFirstFrom) {
+        preset.modified = {WeekOfCount(kFirstFrom - number), kEndOfTime};
+    } else if (number <= kFirstBefore) {
+        preset.modified = {kBeginOfTime, WeekOfCount(kFirstBefore - number) - 1};
+    } else if (number <= kFirstWeek) {
+        const qint64 first = WeekOfCount(kFirstWeek - number);
         preset.modified = {first, EndOfWeek(first)};
     } else if (number <= kFirstState) {
         preset.state = kFirstState - number;
@@ -99,6 +133,10 @@ std::optional<ListPreset> PresetOfNumber(qint32 number) {
 }
 
 void Limit(site::ListFilter& filter, const ListPreset& preset) {
+    if (preset.mark) {
+        filter.nothing = filter.nothing || (filter.markId && filter.markId != preset.mark);
+        filter.markId = preset.mark;
+    }
     if (preset.floor) {
         filter.floor = preset.floor;
     }

@@ -12,6 +12,7 @@ namespace host {
 /// The console carries the texts and numbers of its presets to the services without looking into
 /// them; a place has a key of the site, these have keys of the client's own.
 struct ListPreset {
+    std::optional<qint32> mark;   ///< 0: none, which the console's own number can't say
     std::optional<QString> floor; ///< "": none
     std::optional<qint32> state;
     std::optional<std::pair<qint64, qint64>> modified; ///< both inclusive
@@ -26,10 +27,18 @@ struct ListPreset {
 /// Nothing for any other text.
 [[nodiscard]] std::optional<ListPreset> PresetOfKey(const QString& key);
 
-/// For the preset number of drawing photos: a state, or a week that begins at such a second; of
-/// weeks one a number. Less than any id.
+/// Bounds of a time that has no other end.
+inline constexpr qint64 kBeginOfTime = -(1LL << 40);
+inline constexpr qint64 kEndOfTime = 1LL << 40;
+
+/// For the preset number of drawing photos: a mark, a state, or a week that begins at such a
+/// second, with what came before it or what comes from it on; of weeks one a number. Less than any
+/// id.
+[[nodiscard]] qint32 NumberOfMark(qint32 mark);
 [[nodiscard]] qint32 NumberOfState(qint32 state);
 [[nodiscard]] qint32 NumberOfWeek(qint64 firstSecond);
+[[nodiscard]] qint32 NumberBefore(qint64 firstSecond);
+[[nodiscard]] qint32 NumberFrom(qint64 firstSecond);
 /// Nothing for any other number.
 [[nodiscard]] std::optional<ListPreset> PresetOfNumber(qint32 number);
 

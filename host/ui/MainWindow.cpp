@@ -10,6 +10,7 @@
 #include "host/ui/photo/PhotoDock.h"
 #include "host/ui/pick/ComponentDock.h"
 #include "host/ui/plan/FloorPlanPane.h"
+#include "host/ui/statistics/StatisticsDock.h"
 #include "include/KXEvents.h"
 #include "toolkit/Icons.h"
 #include "toolkit/Look.h"
@@ -105,6 +106,10 @@ void MainWindow::MakeCentre() {
     addDockWidget(Qt::RightDockWidgetArea, m_photoFacts);
     tabifyDockWidget(m_marks, m_photoFacts);
     m_photoFacts->hide();
+    m_statistics = new StatisticsDock(this);
+    addDockWidget(Qt::RightDockWidgetArea, m_statistics);
+    tabifyDockWidget(m_marks, m_statistics);
+    m_statistics->hide();
     m_marks->raise();
     resizeDocks({m_marks}, {268}, Qt::Horizontal);
 }
@@ -196,6 +201,12 @@ void MainWindow::AddPanelsToMenu() {
     showPhotoFacts->setIcon(toolkit::Icon(u"photo"_s));
     showPhotoFacts->setToolTip(u"显示或隐藏照片的拍摄时间、相机、位置和原始文件"_s);
     view->addAction(showPhotoFacts);
+    QAction* showStatistics = m_statistics->toggleViewAction();
+    showStatistics->setIcon(toolkit::Icon(u"chart"_s));
+    showStatistics->setToolTip(u"显示或隐藏照片和问题的统计"_s);
+    // It comes up behind the other panels otherwise.
+    connect(showStatistics, &QAction::triggered, m_statistics, &QWidget::raise);
+    view->addAction(showStatistics);
     QAction* showLog = m_actionLog->toggleViewAction();
     showLog->setIcon(toolkit::Icon(u"log"_s));
     showLog->setShortcut(Qt::CTRL | Qt::Key_L);

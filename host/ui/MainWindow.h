@@ -26,6 +26,7 @@ class FloorPlanPane;
 class MarkPanelDock;
 class MessageBar;
 class PhotoDock;
+class StatisticsDock;
 
 /// Frame of the client: menus, toolbar with the choice of project and the user's name, messages,
 /// floor plan and drawing, action log, status bar. It tells what the person wants by signals and
@@ -49,6 +50,7 @@ public:
     [[nodiscard]] ComponentDock& Properties() const { return *m_properties; }
     [[nodiscard]] PhotoDock& PhotoFacts() const { return *m_photoFacts; }
     [[nodiscard]] CatchUpDock& CatchUpList() const { return *m_catchUp; }
+    [[nodiscard]] StatisticsDock& Statistics() const { return *m_statistics; }
     /// Checked: toasts of photos, of issues.
     [[nodiscard]] QAction& PhotoReminders() const { return *m_photoReminders; }
     [[nodiscard]] QAction& IssueReminders() const { return *m_issueReminders; }
@@ -118,6 +120,7 @@ private:
     CatchUpDock* m_catchUp = nullptr;
     ComponentDock* m_properties = nullptr;
     PhotoDock* m_photoFacts = nullptr;
+    StatisticsDock* m_statistics = nullptr;
     QAction* m_photoReminders = nullptr;
     QAction* m_issueReminders = nullptr;
     MessageBar* m_messages = nullptr;

@@ -198,12 +198,12 @@ TEST(Look, EveryPictureOfQtsThatTheClientDrawsIsItsOwnIcon) {
 
 TEST(Icons, EveryNameThatTheProgramUsesHasADrawing) {
     for (const char* name :
-         {"edit",        "locate",   "preview", "download", "delete",  "first", "previous",
-          "next",        "last",     "search",  "refresh",  "import",  "bin",   "restore",
-          "user",        "project",  "console", "drawing",  "issue",   "log",   "plan",
-          "warning",     "error",    "info",    "question", "close",   "show",  "hide",
-          "calendar",    "settings", "folder",  "flag",     "play",    "stop",  "checkbox-off",
-          "checkbox-on", "pin",      "fit",     "zoom-in",  "zoom-out"}) {
+         {"edit",        "locate",   "preview", "download", "delete",   "first", "previous",
+          "next",        "last",     "search",  "refresh",  "import",   "bin",   "restore",
+          "user",        "project",  "console", "drawing",  "issue",    "log",   "plan",
+          "warning",     "error",    "info",    "question", "close",    "show",  "hide",
+          "calendar",    "settings", "folder",  "flag",     "play",     "stop",  "checkbox-off",
+          "checkbox-on", "pin",      "fit",     "zoom-in",  "zoom-out", "chart"}) {
         const QIcon icon = toolkit::Icon(QLatin1String(name));
         ASSERT_FALSE(icon.isNull()) << name;
         const QImage image = icon.pixmap(16).toImage();
