@@ -37,7 +37,7 @@ struct BulkChange {
 };
 
 struct BulkSkipped {
-    QString name; ///< its number if it isn't there any more
+    QString name; ///< its id if it isn't there any more
     QString why;  ///< Chinese
 };
 

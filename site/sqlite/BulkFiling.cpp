@@ -10,6 +10,7 @@
 #include "site/sqlite/SetupTables.h"
 
 #include <algorithm>
+#include <map>
 
 namespace site {
 
@@ -138,12 +139,32 @@ void BulkFiling::WriteLabels(const BulkChange& photo) {
     }
 }
 
+void BulkFiling::LookForOtherWords(ListKind kind, const std::vector<qint64>& ids) {
+    m_otherWords = RowsWithOtherWords(m_database, kind, ids);
+}
+
+void BulkFiling::LookForOtherWords(const std::vector<BulkChange>& changes) {
+    std::map<ListKind, std::vector<qint64>> ids;
+    for (const BulkChange& change : changes) {
+        ids[change.kind].push_back(change.id);
+    }
+    m_otherWords.clear();
+    for (const auto& [kind, ofKind] : ids) {
+        // An id that two kinds have is looked at once more than it need be.
+        m_otherWords.merge(RowsWithOtherWords(m_database, kind, ofKind));
+    }
+}
+
 bool BulkFiling::Write(const BulkChange& before, const BulkChange& after) {
     if (IsSame(before, after)) {
         return false;
     }
     const QString table = ShapeOf(after.kind).table;
-    RemoveSearchRowForEdit(m_database, after.kind, after.id);
+    if (m_otherWords.contains(after.id)) {
+        RemoveSearchRowForEdit(m_database, after.kind, after.id);
+    } else {
+        RemoveSearchRow(m_database, after.kind, after.id);
+    }
     if (after.kind == ListKind::BimPhotos) {
         // In one statement: a photo takes the state of the place where it comes to, and of none on
         // the way.
@@ -238,6 +259,7 @@ BulkOutcome BulkFiling::FileBimPhotos(const Projects& projects, const std::vecto
         }
         return {};
     };
+    LookForOtherWords(ListKind::BimPhotos, {picIds.begin(), picIds.end()});
     for (const qint32 picId : picIds) {
         FileOne(ListKind::BimPhotos, picId, projects, by, want, outcome);
     }
@@ -253,6 +275,7 @@ BulkOutcome BulkFiling::FilePdfPhotos(const Projects& projects, const std::vecto
         photo.status = wish.status.value_or(photo.status);
         return QString();
     };
+    LookForOtherWords(ListKind::PdfPhotos, {picIds.begin(), picIds.end()});
     for (const qint32 picId : picIds) {
         FileOne(ListKind::PdfPhotos, picId, projects, by, want, outcome);
     }
@@ -272,9 +295,17 @@ BulkOutcome BulkFiling::FileIssues(const Projects& projects,
         issue.status = wish.status.value_or(issue.status);
         return QString();
     };
+    std::vector<qint64> ids;
     for (const QString& questionId : questionIds) {
-        const std::optional<IssueKey> key = KeyOf(m_database, projects, questionId);
-        FileOne(ListKind::Issues, key ? key->id : 0, projects, by, want, outcome);
+        if (const std::optional<IssueKey> key = KeyOf(m_database, projects, questionId)) {
+            ids.push_back(key->id);
+        } else {
+            outcome.skipped.push_back({questionId, u"已被删除"_s});
+        }
+    }
+    LookForOtherWords(ListKind::Issues, ids);
+    for (const qint64 id : ids) {
+        FileOne(ListKind::Issues, id, projects, by, want, outcome);
     }
     transaction.Commit();
     return outcome;
@@ -283,6 +314,7 @@ BulkOutcome BulkFiling::FileIssues(const Projects& projects,
 BulkOutcome BulkFiling::TakeBack(const std::vector<BulkChange>& changes, const Signature& by) {
     BulkOutcome outcome;
     Transaction transaction(m_database);
+    LookForOtherWords(changes);
     for (const BulkChange& change : changes) {
         const std::optional<BulkChange> present = Present(change.kind, change.id);
         if (!present || present->ppid != change.ppid) {

@@ -4,6 +4,7 @@
 #include "site/IBulkFiling.h"
 
 #include <functional>
+#include <set>
 
 namespace site {
 
@@ -40,7 +41,12 @@ private:
     void FileOne(ListKind kind, qint64 id, const Projects& projects, const Signature& by,
                  const std::function<QString(BulkChange&)>& want, BulkOutcome& outcome);
 
+    /// Looks at the search table while nothing of it is changed.
+    void LookForOtherWords(ListKind kind, const std::vector<qint64>& ids);
+    void LookForOtherWords(const std::vector<BulkChange>& changes);
+
     Database& m_database;
+    std::set<qint64> m_otherWords; ///< of those that are changed now
 };
 
 } // namespace site

@@ -3,10 +3,14 @@
 #include "site/DataError.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SearchText.h"
+#include "site/sqlite/Sqlite.h"
 
 #include <QStringList>
 
+#include <algorithm>
 #include <map>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace site {
@@ -91,12 +95,18 @@ bool HasWords(Database& database, const ListShape& shape, const RowWords& row) {
            database.Value(sql, {phrases.join(u" AND "_s), row.rowId}).isValid();
 }
 
-/// What the index has of the row, whatever the row says; a look at all of the index.
-QStringList IndexedWords(Database& database, const ListShape& shape, qint64 rowId) {
+/// All words of the index with their places; gives its name.
+QString TableOfWords(Database& database, const ListShape& shape) {
     const QString table = shape.searchTable + u"_words"_s;
     database.Exec(
         u"CREATE VIRTUAL TABLE IF NOT EXISTS temp.%1 USING fts5vocab(main, %2, instance)"_s.arg(
             table, shape.searchTable));
+    return table;
+}
+
+/// What the index has of the row, whatever the row says; a look at all of the index.
+QStringList IndexedWords(Database& database, const ListShape& shape, qint64 rowId) {
+    const QString table = TableOfWords(database, shape);
     std::map<QString, QStringList> found;
     database.ForEach(u"SELECT col, term FROM temp.%1 WHERE doc = ? ORDER BY offset"_s.arg(table),
                      {rowId},
@@ -118,6 +128,50 @@ void Tell(Database& database, const QString& sql, const RowWords& row) {
     }
     database.Exec(sql, values);
 }
+
+/// A word of the index where it stands.
+struct PlacedWord {
+    int field = 0;
+    qint64 offset = 0;
+    QString word;
+};
+using WordsOfRows = std::unordered_map<qint64, std::vector<PlacedWord>>; ///< by row id
+
+/// Fills in what the index has of these rows, in one look at all of it.
+void ReadIndexedWords(Database& database, const ListShape& shape, WordsOfRows& rows) {
+    std::map<std::string, int, std::less<>> fields;
+    for (size_t i = 0; i < shape.searchFields.size(); ++i) {
+        fields[shape.searchFields[i].toStdString()] = static_cast<int>(i);
+    }
+    database.Scan(
+        u"SELECT doc, col, offset, term FROM temp.%1"_s.arg(TableOfWords(database, shape)), {},
+        [&](const sqlite::RawRow& read) {
+            const auto row = rows.find(read.Int64(0));
+            const auto field = fields.find(read.Utf8(1));
+            if (row != rows.end() && field != fields.end()) {
+                row->second.push_back({field->second, read.Int64(2), read.Text(3)});
+            }
+        });
+}
+
+QStringList JoinedByField(const ListShape& shape, std::vector<PlacedWord> words) {
+    std::sort(words.begin(), words.end(), [](const PlacedWord& one, const PlacedWord& other) {
+        return std::pair(one.field, one.offset) < std::pair(other.field, other.offset);
+    });
+    std::vector<QStringList> fields(shape.searchFields.size());
+    for (const PlacedWord& word : words) {
+        fields[static_cast<size_t>(word.field)].append(word.word);
+    }
+    QStringList joined;
+    for (const QStringList& field : fields) {
+        joined.append(field.join(u' '));
+    }
+    return joined;
+}
+
+/// Of more rows than this all of the index is read once: a question about one row goes through the
+/// lists of its words, and those of single letters and figures have nearly every row.
+constexpr size_t kFewRows = 50;
 
 /// Everything but one row. What other programs changed is found by its present texts from now on.
 void FillWithout(Database& database, ListKind kind, qint64 id) {
@@ -159,6 +213,33 @@ void RemoveSearchRowForEdit(Database& database, ListKind kind, qint64 id) {
         row.words = IndexedWords(database, ShapeOf(kind), row.rowId);
     }
     Forget(database, kind, id, row);
+}
+
+std::set<qint64> RowsWithOtherWords(Database& database, ListKind kind,
+                                    const std::vector<qint64>& ids) {
+    const ListShape& shape = ShapeOf(kind);
+    std::vector<std::pair<qint64, RowWords>> rows;
+    WordsOfRows indexed;
+    for (const qint64 id : ids) {
+        RowWords row = WordsOf(database, kind, id);
+        if (!row.words.isEmpty()) {
+            indexed[row.rowId];
+            rows.emplace_back(id, std::move(row));
+        }
+    }
+    const bool isMany = rows.size() > kFewRows;
+    if (isMany) {
+        ReadIndexedWords(database, shape, indexed);
+    }
+    std::set<qint64> others;
+    for (const auto& [id, row] : rows) {
+        const bool has = isMany ? JoinedByField(shape, indexed[row.rowId]) == row.words
+                                : HasWords(database, shape, row);
+        if (!has) {
+            others.insert(id);
+        }
+    }
+    return others;
 }
 
 } // namespace site

@@ -3,6 +3,9 @@
 
 #include "site/sqlite/ListShape.h"
 
+#include <set>
+#include <vector>
+
 namespace site {
 
 class Database;
@@ -24,5 +27,11 @@ void RemoveSearchRow(Database& database, ListKind kind, qint64 id);
 /// cut short that isn't noticed. Asks once more than RemoveSearchRow, which is much for very many
 /// rows.
 void RemoveSearchRowForEdit(Database& database, ListKind kind, qint64 id);
+
+/// Those of the rows of which the table has other words than the ones that they say now: to be
+/// removed for an edit, the rest as for a removal. For many rows, before the first of them is
+/// changed: a table that is asked between two changes writes out the first one each time.
+[[nodiscard]] std::set<qint64> RowsWithOtherWords(Database& database, ListKind kind,
+                                                  const std::vector<qint64>& ids);
 
 } // namespace site

@@ -196,7 +196,8 @@ TEST(BulkFiling, IssuesGetMarkAndStatusAsLinesOfTheirHistory) {
         site.engine.BulkFiling().FileIssues({site.ppid}, {site.questionId, u"none"_s}, wish, kWang);
     ASSERT_EQ(outcome.changed.size(), 1U);
     EXPECT_EQ(outcome.changed[0].name, u"渗水"_s);
-    EXPECT_EQ(outcome.skipped.size(), 1U);
+    ASSERT_EQ(outcome.skipped.size(), 1U);
+    EXPECT_EQ(outcome.skipped[0].name, u"none"_s);
     KX_DATA::QuestionDetail detail;
     ASSERT_TRUE(site.engine.Issues().Detail(site.ppid, site.questionId, detail));
     EXPECT_EQ(detail.markId, 1);

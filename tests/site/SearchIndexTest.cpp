@@ -74,6 +74,24 @@ struct AlteredSite : TempSite {
     qint32 ppid = 0;
 };
 
+TEST(SearchIndex, OfFewAndOfManyRowsThoseWithOtherWordsAreFound) {
+    AlteredSite site;
+    std::vector<qint64> ids;
+    for (int number = 0; number < 120; ++number) {
+        ids.push_back(site.File(u"裂缝%1 IMG.jpg"_s.arg(number)));
+    }
+    Database& database = site.folder.Db();
+    EXPECT_TRUE(RowsWithOtherWords(database, ListKind::BimPhotos, ids).empty());
+    site.Alter(u"UPDATE bim_photo SET name = '渗水.jpg' WHERE id = %1"_s.arg(ids[7]));
+    site.Alter(u"UPDATE bim_photo SET description = '新' WHERE id = %1"_s.arg(ids[9]));
+    const std::set<qint64> altered{ids[7], ids[9]};
+    EXPECT_EQ(RowsWithOtherWords(database, ListKind::BimPhotos, ids), altered);
+    ids.resize(10);
+    EXPECT_EQ(RowsWithOtherWords(database, ListKind::BimPhotos, ids), altered);
+    EXPECT_TRUE(RowsWithOtherWords(database, ListKind::BimPhotos, {}).empty());
+    EXPECT_TRUE(RowsWithOtherWords(database, ListKind::BimPhotos, {4711}).empty()) << "no row";
+}
+
 TEST(SearchIndex, APhotoWhoseTextGrewBehindItIsSaved) {
     AlteredSite site;
     const qint32 picId = site.File(u"a.jpg"_s);
