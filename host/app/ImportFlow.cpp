@@ -10,6 +10,7 @@
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "services/IKXAuthMng.h"
+#include "site/ICatalogue.h"
 
 #include <QFileInfo>
 
@@ -106,6 +107,8 @@ void ImportFlow::Ask(const QStringList& paths, QWidget* over) {
     }
     m_dialog = new ImportDialog(over == nullptr ? &m_window : over, paths, projects,
                                 ChosenPlace(m_window).place);
+    WithoutFault(m_session,
+                 [&] { m_dialog->OrderMarks(m_session.Site().Catalogue().MarkOrder()); });
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_dialog, &QDialog::accepted, this, [this] { Begin(RequestOf(m_dialog->Choice())); });
     m_dialog->open();

@@ -75,7 +75,7 @@ ImportDialog::ImportDialog(QWidget* parent, const QStringList& paths,
     ok->setText(u"导入"_s);
     ok->setToolTip(u"开始导入（Enter）"_s);
     toolkit::ScrollIfTooLarge(*this);
-    FillMarks();
+    OrderMarks({});
     FillFloors();
     TakePlace(place);
     Validate();
@@ -134,12 +134,21 @@ void ImportDialog::TakePlace(const ImportPlace& place) {
     }
 }
 
-void ImportDialog::FillMarks() {
+void ImportDialog::OrderMarks(const std::vector<qint32>& markIds) {
+    m_form->markCombo->clear();
     m_form->markCombo->addItem(u"不指定"_s, 0);
     std::map<qint32, KX_DATA::MarkRecord> marks;
     GetKXLocalCacheData()->GetMarkTable(marks);
-    for (const auto& [markId, mark] : marks) {
+    const auto add = [this](qint32 markId, const KX_DATA::MarkRecord& mark) {
         m_form->markCombo->addItem(MarkSwatch(mark.color), mark.name, markId);
+    };
+    for (const qint32 markId : markIds) {
+        if (const auto named = marks.extract(markId)) {
+            add(markId, named.mapped());
+        }
+    }
+    for (const auto& [markId, mark] : marks) {
+        add(markId, mark);
     }
 }
 

@@ -48,11 +48,13 @@ public:
                  const std::vector<ImportProject>& projects, const ImportPlace& place = {});
     ~ImportDialog() override;
 
+    /// Marks in this order, those that it doesn't name behind them; else they are in that of their
+    /// ids. Before anything is chosen.
+    void OrderMarks(const std::vector<qint32>& markIds);
     [[nodiscard]] ImportChoice Choice() const;
 
 private:
     void TakePlace(const ImportPlace& place);
-    void FillMarks();
     void FillFloors();
     void FillAxesX();
     void FillAxesY();

@@ -129,6 +129,21 @@ TEST_F(ImportQuestion, WithoutAPlacePhotosGoToTheFirstProjectWithoutPosition) {
     EXPECT_EQ(choice.markId, 0);
 }
 
+TEST_F(ImportQuestion, MarksComeInTheOrderThatPeopleGave) {
+    ImportDialog dialog(nullptr, {folder.Path()}, projects);
+    const auto ids = [&] {
+        std::vector<int> found;
+        for (int row = 0; row < Combo(dialog, u"markCombo"_s)->count(); ++row) {
+            found.push_back(Combo(dialog, u"markCombo"_s)->itemData(row).toInt());
+        }
+        return found;
+    };
+    const std::vector<int> byId = ids();
+    ASSERT_EQ(byId.size(), 4U) << "none and three marks";
+    dialog.OrderMarks({byId[3], 4711, byId[1]});
+    EXPECT_EQ(ids(), (std::vector<int>{0, byId[3], byId[1], byId[2]}));
+}
+
 TEST_F(ImportQuestion, AFloorNeedsBothAxes) {
     ImportDialog dialog(nullptr, {folder.Path()}, projects);
     dialog.show();
