@@ -39,7 +39,7 @@ sample/scenes: sample sample/render sample/scenes
 sample/site: sample sample/drawings sample/scenes sample/site site
 sheets: sheets
 host: host/app
-host/app: host/app host/drawings host/import host/qr host/reminders host/report host/services host/session host/setup host/sheet host/ui host/ui/catchup host/ui/drawing host/ui/issues host/ui/marks host/ui/photo host/ui/pick host/ui/plan host/ui/report host/ui/rich host/ui/setup host/ui/statistics include sample services sheets site site/transfer toolkit toolkit/controls toolkit/media toolkit/richtext toolkit/windows
+host/app: host/app host/drawings host/import host/qr host/reminders host/report host/services host/session host/setup host/sheet host/ui host/ui/catchup host/ui/drawing host/ui/filing host/ui/issues host/ui/marks host/ui/photo host/ui/pick host/ui/plan host/ui/report host/ui/rich host/ui/setup host/ui/statistics include sample services sheets site site/transfer toolkit toolkit/controls toolkit/grid toolkit/media toolkit/richtext toolkit/windows
 host/drawings: host/drawings
 host/drawings/reader: host/drawings host/drawings/reader
 host/import: host/import services site
@@ -54,6 +54,7 @@ host/session: host/session services site site/transfer toolkit
 host/ui: host/qr host/ui host/ui/catchup host/ui/drawing host/ui/marks host/ui/photo host/ui/pick host/ui/plan host/ui/statistics include services toolkit toolkit/controls toolkit/windows
 host/ui/catchup: host/ui/catchup toolkit toolkit/controls
 host/ui/drawing: host/drawings host/ui host/ui/drawing toolkit toolkit/controls
+host/ui/filing: host/ui host/ui/filing services toolkit toolkit/controls toolkit/windows
 host/ui/marks: host/ui host/ui/marks services toolkit toolkit/controls
 host/ui/issues: host/ui host/ui/issues host/ui/pick services toolkit toolkit/controls toolkit/media toolkit/windows
 host/ui/photo: host/ui/photo toolkit

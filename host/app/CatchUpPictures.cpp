@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAtOnce = 2;
-/// More can't be in sight.
-constexpr std::size_t kMostWishes = 60;
 
 QImage Small(const QString& path, const QSize& within) {
     const QSize whole = toolkit::ReadPictureSize(path);
@@ -34,7 +32,7 @@ CatchUpPictures::~CatchUpPictures() {
 
 void CatchUpPictures::Ask(qint32 ppid, const QString& uuid) {
     m_wishes.push_back({ppid, uuid});
-    if (m_wishes.size() > kMostWishes) {
+    if (m_wishes.size() > m_most) {
         const QString dropped = m_wishes.front().uuid;
         m_wishes.erase(m_wishes.begin());
         emit Dropped(dropped);

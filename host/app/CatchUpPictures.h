@@ -1,4 +1,4 @@
-// Small pictures for the list of what others filed.
+// Small pictures for the lists of the host: what others filed, what waits to be filed.
 #pragma once
 
 #include <QImage>
@@ -18,8 +18,13 @@ class CatchUpPictures final : public QObject {
     Q_OBJECT
 
 public:
+    /// More can't be in sight of a list that is as high as the screen.
+    static constexpr std::size_t kMostOfList = 60;
+
     /// The session must outlive it.
-    explicit CatchUpPictures(const HostSession& owner) : m_session(owner) {}
+    /// @param mostWishes  those that wait; older ones are dropped.
+    explicit CatchUpPictures(const HostSession& owner, std::size_t mostWishes = kMostOfList)
+        : m_session(owner), m_most(mostWishes) {}
     ~CatchUpPictures() override;
 
     /// At most so large, in pixels of the screen.
@@ -42,6 +47,7 @@ private:
     void Take(const QString& uuid, const QImage& picture);
 
     const HostSession& m_session;
+    const std::size_t m_most;
     QSize m_size{72, 54};
     std::vector<Wish> m_wishes; ///< the latest last
     int m_running = 0;

@@ -2,10 +2,12 @@
 
 #include "host/app/CheckpointMenu.h"
 #include "host/app/ConsoleCommands.h"
+#include "host/app/ConsoleWatch.h"
 #include "host/app/DrawingFlow.h"
 #include "host/app/DrawingImport.h"
 #include "host/app/DropFlow.h"
 #include "host/app/Faults.h"
+#include "host/app/FilingFlows.h"
 #include "host/app/ImportFlow.h"
 #include "host/app/IssueFlow.h"
 #include "host/app/LocateNames.h"
@@ -87,7 +89,8 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     m_reports = std::make_unique<ReportOutput>(m_session, m_axes);
     lent.reports = m_reports.get();
     lent.imageFolder = QDir(moduleFolder).filePath(u"work"_s);
-    m_sheets = std::make_unique<SheetFlow>(SheetFlow::Parts{m_session, *m_window, lent});
+    m_console = std::make_unique<ConsoleWatch>(*m_window, lent);
+    m_sheets = std::make_unique<SheetFlow>(SheetFlow::Parts{m_session, *m_window, *m_console});
     ConnectWindow();
     ConnectSession();
     ConnectSink();
@@ -114,6 +117,9 @@ std::optional<QString> Client::Start(const QString& moduleFolder) {
     MakeDrawingFlows();
     MakeProjects();
     MakeSetup();
+    m_filing = std::make_unique<FilingFlows>(
+        FilingFlows::Parts{m_session, *m_window, *m_console, *m_module.Pictures()});
+    connect(m_filing.get(), &FilingFlows::Changed, this, &Client::ShowChanges);
     m_window->SetUserName(m_session.UserName());
     m_window->SetDataFolder(m_session.Site().Place());
     BringBackLayout();
@@ -128,7 +134,9 @@ void Client::Stop() {
     }
     m_drops.reset();
     m_imports.reset();
+    m_filing.reset();
     m_sheets.reset();
+    m_console.reset();
     // Whoever closes the window was asked; at any other end nobody is there to answer.
     m_raising.reset();
     m_issues.reset();
@@ -216,11 +224,9 @@ void Client::ConnectWindow() {
         m_window->ShowStatus(CheckpointLocatedText(m_session, pointId));
     });
     connect(m_window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
+    connect(m_console.get(), &ConsoleWatch::Changed, this, &Client::EnableCommands);
     connect(m_sheets.get(), &SheetFlow::Changed, this, &Client::EnableCommands);
-    connect(m_imports.get(), &ImportFlow::Imported, this, [this] {
-        ReadAnew();
-        RefreshModule();
-    });
+    connect(m_imports.get(), &ImportFlow::Imported, this, &Client::ShowChanges);
     connect(m_imports.get(), &ImportFlow::ListWanted, this,
             [this](const site::FiledRun& filed) { m_consoles->ShowFiled(filed); });
     FloorPlanCanvas& canvas = m_window->Plan().Canvas();
@@ -311,8 +317,7 @@ void Client::ConnectUndo() {
         if (m_binWindow) {
             m_binWindow->Reload();
         }
-        ReadAnew();
-        RefreshModule();
+        ShowChanges();
     });
 }
 
@@ -350,6 +355,7 @@ void Client::ProjectChanged() {
     m_reminders->ProjectChanged();
     m_richTexts->ProjectChanged();
     m_statistics->ProjectChanged();
+    m_filing->ProjectChanged();
     m_window->ShowStatus(m_session.CurrentProject().ppid == 0 ? u"没有打开的工程"_s : u"就绪"_s);
 }
 
@@ -367,7 +373,7 @@ void Client::MakeDrawingFlows() {
     DrawingPane& pane = m_window->Drawing();
     connect(&pane, &DrawingPane::ImportWanted, m_drawingImport.get(), &DrawingImport::Ask);
     m_drops = std::make_unique<DropFlow>(
-        DropFlow::Parts{*m_window, *m_imports, *m_drawingImport, *m_checkpoints, *m_sheets});
+        DropFlow::Parts{*m_window, *m_imports, *m_drawingImport, *m_checkpoints, *m_console});
 }
 
 void Client::MakeProjects() {
@@ -388,8 +394,7 @@ void Client::MakeSetup() {
 void Client::OnSetupChanged() {
     m_projects->ReadAnew();
     m_drawings->ReadAnew();
-    ReadAnew();
-    RefreshModule();
+    ShowChanges();
 }
 
 void Client::ReadPlan() {
@@ -418,20 +423,27 @@ void Client::ReadAnew() {
     m_marks->Reload(MarkKind::Issues);
 }
 
+void Client::ShowChanges() {
+    ReadAnew();
+    RefreshModule();
+}
+
 void Client::EnableCommands() {
     if (!m_raising) {
         return; // the client ends
     }
     const bool hasProject = m_session.CurrentProject().ppid != 0;
     const PlanIntersection* chosen = m_window->Plan().Canvas().Chosen();
-    for (const Command command : {Command::BimConsole, Command::PdfConsole, Command::IssueConsole,
-                                  Command::Refresh, Command::ImportDrawing, Command::OpenByCode}) {
+    for (const Command command :
+         {Command::BimConsole, Command::PdfConsole, Command::IssueConsole, Command::Refresh,
+          Command::ImportDrawing, Command::OpenByCode, Command::Inbox}) {
         m_window->SetEnabled(command, hasProject);
     }
     const QString noImport = m_imports ? m_imports->WhyNot() : QString();
     m_window->SetEnabled(Command::Import, hasProject && noImport.isEmpty(), noImport);
     const QString noList = m_sheets->WhyNot();
     m_window->SetEnabled(Command::ExportList, noList.isEmpty(), noList);
+    m_filing->Enable();
     const QString whyNot = m_raising->WhyNot();
     const QString noSetup = m_setup ? m_setup->WhyNot() : QString();
     m_window->SetEnabled(Command::Setup, noSetup.isEmpty(), noSetup);

@@ -23,9 +23,11 @@ namespace host {
 
 class CheckpointMenu;
 class ConsoleCommands;
+class ConsoleWatch;
 class DrawingFlow;
 class DrawingImport;
 class DropFlow;
+class FilingFlows;
 class FloorPlanView;
 class HostSession;
 class ImportFlow;
@@ -93,8 +95,9 @@ private:
     void ReadPlan();
     void ReadPhotoMarks();
     void ReadIssueMarks();
-    /// After a change of the data by the client itself.
     void ReadAnew();
+    /// After a change of the data by the client itself.
+    void ShowChanges();
     void EnableCommands();
 
     HostSession& m_session;
@@ -126,7 +129,9 @@ private:
     std::unique_ptr<DrawingFlow> m_drawings;
     std::unique_ptr<DrawingImport> m_drawingImport;
     std::unique_ptr<CheckpointMenu> m_checkpoints;
+    std::unique_ptr<ConsoleWatch> m_console;
     std::unique_ptr<SheetFlow> m_sheets;
+    std::unique_ptr<FilingFlows> m_filing;
     std::unique_ptr<DropFlow> m_drops; ///< behind what it works with
     std::unique_ptr<UndoFlow> m_undo;
     std::unique_ptr<SetupFlow> m_setup;

@@ -4,6 +4,7 @@
 #include "host/app/DrawingFlow.h"
 #include "host/app/DrawingImport.h"
 #include "host/app/Faults.h"
+#include "host/app/FilingFlows.h"
 #include "host/app/ImportFlow.h"
 #include "host/app/IssueFlow.h"
 #include "host/app/ProjectFlow.h"
@@ -113,7 +114,7 @@ void Client::ObeyHost(Command command) {
         m_window->close();
         break;
     default:
-        break;
+        m_filing->Obey(command);
     }
 }
 
@@ -132,8 +133,7 @@ void Client::ShowBin() {
         m_binWindow->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_binWindow, &BinWindow::Restored, this, [this](int count) {
             m_window->ShowStatus(u"已恢复 %1 项"_s.arg(count));
-            ReadAnew();
-            RefreshModule();
+            ShowChanges();
         });
     }
     m_binWindow->show();

@@ -1,9 +1,9 @@
 #include "host/app/DropFlow.h"
 
 #include "host/app/CheckpointMenu.h"
+#include "host/app/ConsoleWatch.h"
 #include "host/app/DrawingImport.h"
 #include "host/app/ImportFlow.h"
-#include "host/app/SheetFlow.h"
 #include "host/ui/DropHint.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/drawing/DrawingPane.h"
@@ -44,7 +44,7 @@ void DropFlow::Watch() {
             return point.isEmpty() ? where(paths, at) : u"松开后导入到：%1"_s.arg(point);
         },
         DropHint::Drops::OfWindow);
-    connect(&m_parts.consoles, &SheetFlow::ConsoleOpened, this, [this, where](QWidget* console) {
+    connect(&m_parts.consoles, &ConsoleWatch::Opened, this, [this, where](QWidget* console) {
         auto* hint = new DropHint(console, where, DropHint::Drops::Taken);
         connect(hint, &DropHint::PathsDropped, this,
                 [this, console](const QStringList& paths) { Take(paths, console); });

@@ -7,10 +7,10 @@
 namespace host {
 
 class CheckpointMenu;
+class ConsoleWatch;
 class DrawingImport;
 class ImportFlow;
 class MainWindow;
-class SheetFlow;
 
 /// PDF files become drawings; all else goes to a checkpoint of the drawing or into the question of
 /// the import. Of the main window, the drawing and each console that is opened. What it is made of
@@ -24,7 +24,7 @@ public:
         ImportFlow& imports;
         DrawingImport& drawings;
         CheckpointMenu& checkpoints;
-        SheetFlow& consoles;
+        ConsoleWatch& consoles;
     };
     explicit DropFlow(const Parts& flowParts);
     ~DropFlow() override;

@@ -1,9 +1,8 @@
 #include "host/app/SheetFlow.h"
 
-#include "host/app/ConsoleWindow.h"
+#include "host/app/ConsoleWatch.h"
 #include "host/app/Faults.h"
 #include "host/app/SmallPictures.h"
-#include "host/services/Surroundings.h"
 #include "host/sheet/SheetJob.h"
 #include "host/ui/FileNames.h"
 #include "host/ui/MainWindow.h"
@@ -58,46 +57,17 @@ QString NotesText(const sheets::SheetNotes& notes) {
 
 } // namespace
 
-SheetFlow::SheetFlow(const Parts& flowParts) : m_parts(flowParts) {
-    m_parts.around.listAsked = [this](site::ListKind kind, const site::ListFilter& filter,
-                                      const site::ListOrder& order) {
-        NoteAsked(kind, filter, order);
-    };
-}
+SheetFlow::SheetFlow(const Parts& flowParts) : m_parts(flowParts) {}
 
 SheetFlow::~SheetFlow() {
-    m_parts.around.listAsked = {};
     m_pictures.request_stop();
     delete m_dialog;
     m_job.reset();
     delete m_progress;
 }
 
-void SheetFlow::NoteAsked(site::ListKind kind, const site::ListFilter& filter,
-                          const site::ListOrder& order) {
-    QWidget* console = OpenConsole();
-    if (console == nullptr) {
-        return;
-    }
-    m_asked = {kind, filter, order};
-    if (m_console == console) {
-        return;
-    }
-    m_console = console;
-    m_parts.window.HearIn(Command::ExportList, *console);
-    connect(console, &QObject::destroyed, this, [this, console] {
-        // Another one may have been opened by then.
-        if (m_console == console) {
-            m_console.clear();
-        }
-        emit Changed();
-    });
-    emit Changed();
-    emit ConsoleOpened(console);
-}
-
 QString SheetFlow::WhyNot() const {
-    if (!IsOpen(m_console)) {
+    if (m_parts.console.Console() == nullptr) {
         return u"请先打开控制台并搜索"_s;
     }
     return m_job ? u"正在输出列表，请等它结束"_s : QString();
@@ -110,7 +80,8 @@ void SheetFlow::Ask() {
         return;
     }
     m_dialog = new SheetDialog(
-        m_console, u"输出控制台中搜索到的全部%1（所有页）。"_s.arg(TitleOf(m_asked.kind)),
+        m_parts.console.Console(),
+        u"输出控制台中搜索到的全部%1（所有页）。"_s.arg(TitleOf(m_parts.console.Asked().kind)),
         m_choice);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(m_dialog, &QDialog::accepted, this, [this] {
@@ -123,9 +94,10 @@ void SheetFlow::Ask() {
 QString SheetFlow::ProjectsName() const {
     QString name;
     WithoutFault(m_parts.session, [&] {
-        name = m_asked.filter.ppids.size() == 1
-                   ? m_parts.session.Tables().ProjectName(m_asked.filter.ppids.front())
-                   : m_parts.session.CurrentWorkset().name;
+        name =
+            m_parts.console.Asked().filter.ppids.size() == 1
+                ? m_parts.session.Tables().ProjectName(m_parts.console.Asked().filter.ppids.front())
+                : m_parts.session.CurrentWorkset().name;
     });
     return name;
 }
@@ -133,8 +105,8 @@ QString SheetFlow::ProjectsName() const {
 QString SheetFlow::ProposedName() const {
     const QDateTime now = QDateTime::fromSecsSinceEpoch(toolkit::Clock().NowSeconds());
     constexpr qsizetype kMostOfProject = 40;
-    QStringList parts{TitleOf(m_asked.kind), FileNameFrom(ProjectsName(), kMostOfProject),
-                      now.toString(u"yyyyMMdd"_s)};
+    QStringList parts{TitleOf(m_parts.console.Asked().kind),
+                      FileNameFrom(ProjectsName(), kMostOfProject), now.toString(u"yyyyMMdd"_s)};
     parts.removeAll(QString());
     const QString name = parts.join(u'_') + (m_choice.isWorkbook ? u".xlsx"_s : u".csv"_s);
     return m_folder.isEmpty() ? name : QDir(m_folder).filePath(name);
@@ -143,7 +115,8 @@ QString SheetFlow::ProposedName() const {
 void SheetFlow::AskForFile() {
     const toolkit::StillThere still(this);
     const QString path = toolkit::Prompts().AskSaveFile(
-        {toolkit::WindowOf(m_console), ProposedName(), m_choice.isWorkbook ? u"xlsx"_s : u"csv"_s,
+        {toolkit::WindowOf(m_parts.console.Console()), ProposedName(),
+         m_choice.isWorkbook ? u"xlsx"_s : u"csv"_s,
          m_choice.isWorkbook ? u"Excel 工作簿 (*.xlsx)"_s : u"CSV 文件 (*.csv)"_s});
     if (still && !path.isEmpty() && !m_job) {
         Begin(path);
@@ -159,14 +132,16 @@ void SheetFlow::Begin(const QString& path) {
         sheets::XlsxOptions options;
         m_pictures = {};
         if (pictures) {
-            options.pictureOf = SmallPictures(m_parts.session.Desk(), CacheOf(m_asked.kind),
-                                              m_pictures.get_token());
+            options.pictureOf =
+                SmallPictures(m_parts.session.Desk(), CacheOf(m_parts.console.Asked().kind),
+                              m_pictures.get_token());
         }
         file = std::make_unique<sheets::XlsxFile>(path, options);
     } else {
         file = std::make_unique<sheets::CsvFile>(path);
     }
-    QWidget* parent = m_console.isNull() ? &m_parts.window : m_console.data();
+    QWidget* console = m_parts.console.Console();
+    QWidget* parent = console == nullptr ? &m_parts.window : console;
     m_progress = new ProgressWindow(parent, u"输出列表"_s, ProgressWindow::Cancel::Possible);
     m_progress->SetCancelTip(u"停止（Esc），不留下文件"_s);
     m_progress->SetText(QFileInfo(path).fileName());
@@ -181,8 +156,9 @@ void SheetFlow::Begin(const QString& path) {
     });
     connect(m_job.get(), &SheetJob::Finished, this, &SheetFlow::End);
     m_progress->Begin();
-    m_job->Start(std::make_unique<ListReader>(m_parts.session.Site(), m_asked, pictures),
-                 std::move(file), LayoutOf(m_asked.kind, pictures));
+    m_job->Start(
+        std::make_unique<ListReader>(m_parts.session.Site(), m_parts.console.Asked(), pictures),
+        std::move(file), LayoutOf(m_parts.console.Asked().kind, pictures));
     emit Changed();
 }
 
@@ -222,8 +198,9 @@ void SheetFlow::End(const SheetResult& result) {
 }
 
 void SheetFlow::TellEnd(const QString& fault, const QString& question) {
+    const QWidget* console = m_parts.console.Console();
     const toolkit::WindowId parent =
-        IsOpen(m_console) ? toolkit::WindowOf(m_console) : m_parts.window.Id();
+        console != nullptr ? toolkit::WindowOf(console) : m_parts.window.Id();
     const QString path = m_path;
     if (!fault.isEmpty()) {
         toolkit::Prompts().ShowMessage(parent, fault);

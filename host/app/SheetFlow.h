@@ -12,17 +12,16 @@
 
 namespace host {
 
+class ConsoleWatch;
 class HostSession;
 class MainWindow;
 class ProgressWindow;
 class SheetJob;
-class Surroundings;
 struct SheetResult;
 
-/// Remembers what the open console asked last, in whatever order and of whichever kind; all pages
-/// of that are written, not only the one in sight. The rows are those that the console shows this
-/// person. One at a time. What it is made of must outlive it; destroying it cancels. Thread: user
-/// interface.
+/// Writes what the open console asked last: all pages of that, not only the one in sight. The rows
+/// are those that the console shows this person. One at a time. What it is made of must outlive it;
+/// destroying it cancels. Thread: user interface.
 class SheetFlow final : public QObject {
     Q_OBJECT
 
@@ -30,7 +29,7 @@ public:
     struct Parts {
         HostSession& session;
         MainWindow& window;
-        Surroundings& around;
+        const ConsoleWatch& console;
     };
 
     explicit SheetFlow(const Parts& flowParts);
@@ -42,14 +41,10 @@ public:
     void Ask();
 
 signals:
-    /// Another answer of WhyNot.
+    /// Another answer of WhyNot, whatever the console.
     void Changed();
-    /// A console that wasn't open before has asked for its list.
-    void ConsoleOpened(QWidget* console);
 
 private:
-    void NoteAsked(site::ListKind kind, const site::ListFilter& filter,
-                   const site::ListOrder& order);
     void AskForFile();
     void Begin(const QString& path);
     void End(const SheetResult& result);
@@ -60,8 +55,6 @@ private:
     [[nodiscard]] QString ProjectsName() const;
 
     const Parts m_parts;
-    QPointer<QWidget> m_console; ///< that asked
-    ListQuestion m_asked;
     QPointer<SheetDialog> m_dialog;
     SheetChoice m_choice; ///< the last one
     QString m_folder;     ///< the last one; empty: none yet

@@ -12,11 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QStringList& Captions() {
-    static const QStringList captions = {u"文件"_s, u"结果"_s, u"原因"_s};
-    return captions;
-}
-
 QString CellText(const ImportResultRow& row, int column) {
     switch (column) {
     case ImportResultModel::kFile:
@@ -35,8 +30,11 @@ QString OneCell(QString text) {
 
 } // namespace
 
-ImportResultModel::ImportResultModel(std::vector<ImportResultRow> resultRows, QObject* parent)
-    : QAbstractTableModel(parent), m_rows(std::move(resultRows)) {}
+ImportResultModel::ImportResultModel(std::vector<ImportResultRow> resultRows, QObject* parent,
+                                     const QString& firstCaption)
+    : QAbstractTableModel(parent),
+      m_rows(std::move(resultRows)), m_captions{firstCaption.isEmpty() ? u"文件"_s : firstCaption,
+                                                u"结果"_s, u"原因"_s} {}
 
 int ImportResultModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : int(m_rows.size());
@@ -58,7 +56,7 @@ QVariant ImportResultModel::headerData(int section, Qt::Orientation orientation,
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
     }
-    return Captions().value(section);
+    return m_captions.value(section);
 }
 
 QString ImportResultModel::TextOf(const std::vector<int>& chosen) const {
@@ -67,7 +65,7 @@ QString ImportResultModel::TextOf(const std::vector<int>& chosen) const {
         wanted.resize(m_rows.size());
         std::iota(wanted.begin(), wanted.end(), 0);
     }
-    QString text = Captions().join(u'\t') + u'\n';
+    QString text = m_captions.join(u'\t') + u'\n';
     for (const int row : wanted) {
         QStringList cells;
         for (int column = 0; column < kColumns; ++column) {

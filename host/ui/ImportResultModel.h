@@ -21,7 +21,9 @@ class ImportResultModel final : public QAbstractTableModel {
 public:
     enum Column { kFile, kOutcome, kReason, kColumns };
 
-    ImportResultModel(std::vector<ImportResultRow> resultRows, QObject* parent);
+    /// @param firstCaption  what the rows are about; empty: files.
+    ImportResultModel(std::vector<ImportResultRow> resultRows, QObject* parent,
+                      const QString& firstCaption = {});
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -33,6 +35,7 @@ public:
 
 private:
     std::vector<ImportResultRow> m_rows;
+    QStringList m_captions;
 };
 
 } // namespace host

@@ -50,10 +50,11 @@ QPushButton* NamedButton(QWidget* parent, const QString& name, const QString& ic
 } // namespace
 
 ImportResultWindow::ImportResultWindow(QWidget* parent, const QString& summary,
-                                       std::vector<ImportResultRow> rows)
-    : QDialog(parent), m_model(new ImportResultModel(std::move(rows), this)) {
+                                       std::vector<ImportResultRow> rows, ResultTexts resultTexts)
+    : QDialog(parent), m_texts(std::move(resultTexts)),
+      m_model(new ImportResultModel(std::move(rows), this, m_texts.firstCaption)) {
     setObjectName(u"importResult"_s);
-    setWindowTitle(u"导入结果"_s);
+    setWindowTitle(m_texts.title);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     MakeTable();
     auto* head = new QLabel(summary, this);
@@ -89,7 +90,7 @@ ImportResultWindow::ImportResultWindow(QWidget* parent, const QString& summary,
 void ImportResultWindow::MakeTable() {
     m_table = new HintTable(this);
     m_table->setObjectName(u"importTable"_s);
-    m_table->setAccessibleName(u"没有导入或只导入一部分的文件"_s);
+    m_table->setAccessibleName(m_texts.listName);
     m_table->setModel(m_model);
     m_table->setTextElideMode(Qt::ElideMiddle);
     m_table->setColumnWidth(ImportResultModel::kFile, 400);
@@ -122,8 +123,8 @@ void ImportResultWindow::Save() {
     const toolkit::StillThere still(this);
     // Another import may end meanwhile, and its result takes this window's place.
     const QString text = m_model->TextOf({});
-    const QString path =
-        toolkit::Prompts().AskSaveFile({owner, u"导入结果.txt"_s, u"txt"_s, u"文本文件 (*.txt)"_s});
+    const QString path = toolkit::Prompts().AskSaveFile(
+        {owner, m_texts.title + u".txt"_s, u"txt"_s, u"文本文件 (*.txt)"_s});
     if (!path.isEmpty() && !WriteUtf8(path, text)) {
         toolkit::Prompts().ShowMessage(
             owner, u"没有保存：无法写入 %1，请检查文件夹权限和磁盘空间，或换一个位置。"_s.arg(

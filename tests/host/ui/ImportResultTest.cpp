@@ -71,6 +71,18 @@ TEST_F(ImportResult, CopiesAllWhenNothingIsChosenAndElseTheChosenRows) {
               u"文件\t结果\t原因\n/现场/照片 2.txt\t跳过\t内容不是图片\n"_s);
 }
 
+TEST_F(ImportResult, OfOtherThingsItSaysWhatTheyAre) {
+    const QString path = folder.Path(u"批量归档结果.txt"_s);
+    ImportResultWindow other(nullptr, u"已归档 1 张照片，1 张跳过。"_s,
+                             {{u"a.jpg"_s, u"跳过"_s, u"已被删除"_s}},
+                             {u"批量归档结果"_s, u"名称"_s, u"跳过的照片"_s});
+    EXPECT_EQ(other.windowTitle(), u"批量归档结果"_s);
+    EXPECT_EQ(other.findChild<HintTable*>()->accessibleName(), u"跳过的照片"_s);
+    prompts.ExpectSaveFile(u"批量归档结果.txt"_s, path);
+    other.findChild<QPushButton*>(u"importSave"_s)->click();
+    EXPECT_EQ(Read(path), u"名称\t结果\t原因\na.jpg\t跳过\t已被删除\n"_s);
+}
+
 TEST_F(ImportResult, SavesAllOfIt) {
     const QString path = folder.Path(u"导入结果.txt"_s);
     prompts.ExpectSaveFile(u"导入结果.txt"_s, path);
