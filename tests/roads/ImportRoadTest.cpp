@@ -124,7 +124,9 @@ TEST_F(ImportRoad, ARightThatIsTakenAwayWhileTheQuestionStandsImportsNothing) {
     ASSERT_TRUE(WaitFor([&] { return hands::DropPaths(&Window(), {photo}); }));
     ASSERT_TRUE(WaitFor([] { return tour::FindWindow(u"importDialog"_s) != nullptr; }));
     site::SiteWriter(support::FolderOf(session)).AddUser(u"张伟"_s, {});
-    ASSERT_TRUE(hands::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s)));
+    ASSERT_TRUE(WaitFor([] {
+        return hands::Click(tour::FindIn(tour::FindWindow(u"importDialog"_s), u"importStart"_s));
+    }));
     EXPECT_TRUE(WaitFor([&] { return Messages().value(0).contains(u"没有编辑的权限"_s); }));
 }
 

@@ -4,9 +4,12 @@
 #include "host/ui/catchup/CatchUpDock.h"
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
+#include "services/IKXAuthMng.h"
 #include "site/IIntake.h"
 #include "site/OpenSite.h"
+#include "site/sqlite/SiteWriter.h"
 #include "tests/roads/PhotoRoad.h"
+#include "tests/support/EngineFolder.h"
 #include "tests/support/Toasts.h"
 #include "tests/support/WaitFor.h"
 #include "toolkit/windows/PopupWindow.h"
@@ -280,6 +283,7 @@ TEST_F(ReminderRoad, ThePictureOfARowComes) {
 
 TEST_F(ReminderRoad, APhotoThatAnotherProcessFilesPopsUpHereAndIsLocated) {
     folder.Write(u"phone/现场.jpg"_s, JpegBytes(qRgb(10, 200, 10)));
+    site::SiteWriter(support::FolderOf(session)).AddUser(u"李娜"_s, {KX_DATA::kRightEdit});
     QProcess phone;
     phone.start(QDir(QCoreApplication::applicationDirPath()).filePath(u"vesk-client"_s),
                 {u"import"_s, folder.Path(u"phone"_s), u"--data"_s, folder.Path(u"data"_s),
