@@ -85,6 +85,17 @@ std::optional<BulkFiling::Place> BulkFiling::PlaceOf(const QString& positionKey)
     return place;
 }
 
+void BulkFiling::NamePlace(BulkChange& photo) {
+    if (photo.kind != ListKind::BimPhotos || photo.positionKey.isEmpty()) {
+        return;
+    }
+    if (const std::optional<Place> place = PlaceOf(photo.positionKey)) {
+        photo.floor = place->floor;
+        photo.axisX = place->axisX;
+        photo.axisY = place->axisY;
+    }
+}
+
 std::vector<qint32> BulkFiling::LabelsOf(qint64 photoId) {
     std::vector<qint32> labels;
     m_database.ForEach(u"SELECT label_id FROM bim_label WHERE photo_id = ? ORDER BY label_id"_s,
@@ -315,7 +326,8 @@ BulkOutcome BulkFiling::TakeBack(const std::vector<BulkChange>& changes, const S
     BulkOutcome outcome;
     Transaction transaction(m_database);
     LookForOtherWords(changes);
-    for (const BulkChange& change : changes) {
+    for (BulkChange change : changes) {
+        NamePlace(change);
         const std::optional<BulkChange> present = Present(change.kind, change.id);
         if (!present || present->ppid != change.ppid) {
             outcome.skipped.push_back({change.name, u"已被删除"_s});

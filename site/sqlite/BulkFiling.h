@@ -33,6 +33,8 @@ private:
     [[nodiscard]] std::vector<qint32> LabelsOf(qint64 photoId);
     void RequireKnown(const BulkWish& wish);
     [[nodiscard]] std::optional<Place> PlaceOf(const QString& positionKey);
+    /// As the photo's place is called by now; one that is gone keeps the names that it had.
+    void NamePlace(BulkChange& photo);
     /// Writes what differs between the two; false if nothing does.
     bool Write(const BulkChange& before, const BulkChange& after);
     void WriteLabels(const BulkChange& photo);

@@ -187,6 +187,32 @@ TEST(BulkFiling, ALabelThatWasRemovedSinceIsLeftOutWhenTakenBack) {
     EXPECT_THAT(site.Row(site.photo).labelNames, IsEmpty());
 }
 
+TEST(BulkFiling, APlaceThatWasRenamedSinceIsTakenBackUnderItsNewName) {
+    BulkSite site;
+    BulkWish wish;
+    wish.positionKey = u""_s;
+    const BulkOutcome outcome = site.File({site.photo}, wish);
+    site.Do([&](SetupState& s) {
+        s.grids[0].floors[0].name = u"一层"_s;
+        for (SetupCrossing& crossing : s.grids[0].crossings) {
+            if (crossing.positionKey == site.keys[u"11A"_s]) {
+                crossing = {crossing.positionKey, u"一层"_s, u"1a"_s, u"A"_s, true};
+            } else if (crossing.floor == u"1"_s) {
+                crossing.floor = u"一层"_s;
+            }
+        }
+    });
+    EXPECT_EQ(site.Back(outcome).changed.size(), 1U);
+    const auto row = site.Row(site.photo);
+    EXPECT_EQ(row.floor, u"一层"_s);
+    EXPECT_EQ(row.posText, u"1a/A"_s);
+    EXPECT_EQ(row.positionKey, site.keys[u"11A"_s]);
+    ListFilter filter;
+    filter.ppids = {site.ppid};
+    filter.floor = u"一层"_s;
+    EXPECT_THAT(site.Listed(filter), ElementsAre(site.photo));
+}
+
 TEST(BulkFiling, IssuesGetMarkAndStatusAsLinesOfTheirHistory) {
     BulkSite site;
     BulkWish wish;
