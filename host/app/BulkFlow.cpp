@@ -10,6 +10,7 @@
 #include "host/ui/plan/FloorPlanCanvas.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "site/IBimPhotos.h"
+#include "site/IIntake.h"
 #include "toolkit/windows/BalloonTip.h"
 #include "toolkit/windows/WaitCursor.h"
 
@@ -273,10 +274,21 @@ site::BulkOutcome BulkFlow::Do(const BulkAnswer& answer) {
     BulkRights needed = NeededForAnswer(answer);
     needed.addLabels = !answer.newLabel.isEmpty();
     RequireRights(ReadBulkRights(m_parts.session, m_asked.kind), needed);
-    site::ISite& site = m_parts.session.Site();
+    // A new label is for what is filed: where nothing is, it isn't made.
+    const auto batch = m_parts.session.Site().NewIntake();
+    batch->BeginBatch();
     if (needed.addLabels) {
-        wish.labelIds.push_back(site.Catalogue().AddLabel(answer.newLabel));
+        wish.labelIds.push_back(batch->AddLabel(answer.newLabel));
     }
+    const site::BulkOutcome outcome = FileAll(wish);
+    if (!outcome.changed.empty()) {
+        batch->CommitBatch();
+    }
+    return outcome;
+}
+
+site::BulkOutcome BulkFlow::FileAll(const site::BulkWish& wish) {
+    site::ISite& site = m_parts.session.Site();
     const site::Projects projects = m_parts.session.OpenPpids();
     const site::Signature by = SignatureOf(m_parts.session);
     switch (m_asked.kind) {

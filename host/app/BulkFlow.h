@@ -65,6 +65,7 @@ private:
     void ProposePlace(BulkQuestion& question) const;
     void File(const BulkAnswer& answer);
     [[nodiscard]] site::BulkOutcome Do(const BulkAnswer& answer);
+    [[nodiscard]] site::BulkOutcome FileAll(const site::BulkWish& wish);
     void Tell(const site::BulkOutcome& outcome, const BulkRights& needed);
     /// Every one with its reason; takes the place of an earlier list.
     void ShowSkipped(const QString& summary, const std::vector<site::BulkSkipped>& skipped);

@@ -295,6 +295,24 @@ TEST_F(BulkConsoleRoad, AMarkThatWentMeanwhileIsTold) {
     EXPECT_EQ(Photo(bare).markId, 0);
 }
 
+TEST_F(BulkConsoleRoad, ALabelIsNotMadeWhereTheFilingFails) {
+    OpenConsoleOf(Qt::Key_1, 10);
+    Tick({u"散1.jpg"_s});
+    AskIn(Console());
+    ChooseAll({{u"markCombo"_s, u"安全"_s}, {u"labelCombo"_s, u"添加"_s}});
+    Type(*Question(), u"newLabelEdit"_s, u"新的"_s);
+    const size_t before = session.Site().Catalogue().Labels().size();
+    support::FolderOf(session).Db().Exec(u"DELETE FROM mark WHERE id = 2"_s);
+    EXPECT_EQ(RefusedBecause(), u"所选的标识已被删除，请重新选择标识。"_s);
+    EXPECT_EQ(session.Site().Catalogue().Labels().size(), before);
+    Other().DeletePhotos({bare});
+    ChooseAll({{u"markCombo"_s, u"不修改"_s}});
+    Accept();
+    EXPECT_TRUE(IsTold(u"没有修改任何照片，1 张跳过。"_s)) << Messages().join(u'|').toStdString();
+    EXPECT_EQ(session.Site().Catalogue().Labels().size(), before) << "nobody bears it";
+    ASSERT_TRUE(WaitFor([] { return hands::CloseWindow(Skipped()); }));
+}
+
 TEST_F(BulkConsoleRoad, AnotherProjectGivesTheQuestionUp) {
     OpenConsoleOf(Qt::Key_1, 10);
     Tick({u"散1.jpg"_s});
