@@ -26,6 +26,16 @@ std::vector<SiteRow> AllSites() {
     return {DoubleRow(), FolderRow()};
 }
 
+std::vector<SiteRow> EngineSites() {
+    return {FolderRow()};
+}
+
+std::vector<FailureRow> EngineFailures() {
+    return {{FolderRow(), Trouble::Broken, "FolderBroken"},
+            {FolderRow(), Trouble::Locked, "FolderLocked"},
+            {FolderRow(), Trouble::ReadOnly, "FolderReadOnly"}};
+}
+
 std::vector<FailureRow> ClosingFailures() {
     return {{DoubleRow(), Trouble::Scripted, "Double"},
             {FolderRow(), Trouble::Closed, "FolderClosed"}};

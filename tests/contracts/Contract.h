@@ -32,12 +32,16 @@ inline void PrintTo(const FailureRow& row, std::ostream* out) {
 }
 
 [[nodiscard]] std::vector<SiteRow> AllSites();
+/// Those that have an engine.
+[[nodiscard]] std::vector<SiteRow> EngineSites();
 /// For operations that ask what is open, and not the tables.
 [[nodiscard]] std::vector<FailureRow> ClosingFailures();
 /// For operations that read.
 [[nodiscard]] std::vector<FailureRow> ReadingFailures();
 /// For operations that change: those above, and two under which reading goes on.
 [[nodiscard]] std::vector<FailureRow> WritingFailures();
+/// Of engines, while they stay open.
+[[nodiscard]] std::vector<FailureRow> EngineFailures();
 
 template <class Row> std::string RowName(const testing::TestParamInfo<Row>& info) {
     return info.param.name;
@@ -98,6 +102,13 @@ inline constexpr qint32 kNobody = 987654;
 #define ON_EVERY_SITE(suite)                                                                       \
     INSTANTIATE_TEST_SUITE_P(OnEverySite, suite, testing::ValuesIn(contracts::AllSites()),         \
                              contracts::RowName<contracts::SiteRow>)
+#define ON_EVERY_ENGINE(suite)                                                                     \
+    INSTANTIATE_TEST_SUITE_P(OnEveryEngine, suite, testing::ValuesIn(contracts::EngineSites()),    \
+                             contracts::RowName<contracts::SiteRow>)
+#define WHERE_AN_ENGINE_FAILS(suite)                                                               \
+    INSTANTIATE_TEST_SUITE_P(WhereAnEngineFails, suite,                                            \
+                             testing::ValuesIn(contracts::EngineFailures()),                       \
+                             contracts::RowName<contracts::FailureRow>)
 #define WHERE_NOTHING_IS_OPEN(suite)                                                               \
     INSTANTIATE_TEST_SUITE_P(WhereNothingIsOpen, suite,                                            \
                              testing::ValuesIn(contracts::ClosingFailures()),                      \

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "site/IComponents.h"
+#include "site/ISite.h"
 #include "site/NewRecords.h"
 #include "tests/contracts/Services.h"
 
@@ -56,6 +57,10 @@ public:
     /// The question id.
     virtual QString AddIssue(const site::NewIssue& issue, const QByteArray& voice) = 0;
     virtual void AddIssuePic(const site::NewIssuePic& pic, const QByteArray& picture) = 0;
+
+    /// The site itself, for what its services don't reach: setting it up, filing many at once,
+    /// bringing back. Null: a double, which is a table of records and no site.
+    [[nodiscard]] virtual site::ISite* Engine() { return nullptr; }
 
     /// Runs it, which files very much: at once, where the site can.
     virtual void Fill(const std::function<void()>& filing) { filing(); }

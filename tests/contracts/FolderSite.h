@@ -32,6 +32,7 @@ public:
     qint32 AddPdfPhoto(const site::NewPdfPhoto& photo, const QByteArray& picture) override;
     QString AddIssue(const site::NewIssue& issue, const QByteArray& voice) override;
     void AddIssuePic(const site::NewIssuePic& pic, const QByteArray& picture) override;
+    site::ISite* Engine() override { return &m_session.Site(); }
     void Fill(const std::function<void()>& filing) override;
 
     void SignIn(const QString& name) override;
