@@ -218,7 +218,9 @@ void CheckpointMenu::Remove(qint32 pointId) {
 
 void CheckpointMenu::AskForPhotos(qint32 pointId) {
     const QStringList paths = toolkit::Prompts().AskOpenFiles(
-        {m_parts.window.Id(), u"照片 (*.jpg *.jpeg *.png *.bmp)"_s});
+        {m_parts.window.Id(),
+         u"照片 (*.jpg *.jpeg *.png *.bmp *.gif *.heic *.heif *.hif *.tif *.tiff"
+         " *.webp);;所有文件 (*)"_s});
     if (!paths.isEmpty()) {
         FilePhotos(pointId, paths);
     }

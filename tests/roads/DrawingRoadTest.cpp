@@ -228,7 +228,9 @@ TEST_F(DrawingRoad, PhotosAreFiledOnAFlagByDropAndByMenu) {
     EXPECT_TRUE(WaitFor([this] { return Points()[1].photos == 1; }));
     EXPECT_TRUE(Says(u"1"_s));
     support::AnsweredPrompts prompts;
-    prompts.ExpectOpenFiles(u"照片 (*.jpg *.jpeg *.png *.bmp)"_s, {second, first});
+    prompts.ExpectOpenFiles(u"照片 (*.jpg *.jpeg *.png *.bmp *.gif *.heic *.heif *.hif *.tif *.tiff"
+                            " *.webp);;所有文件 (*)"_s,
+                            {second, first});
     EXPECT_TRUE(WaitFor([this] { return ChooseInMenu(OnFlag(without), u"添加照片..."_s); }));
     EXPECT_TRUE(WaitFor([this] { return Points()[1].photos == 2; })) << "one was there already";
     EXPECT_TRUE(WaitFor([this] { return Canvas().Flags()[1].photos == 2; }));
