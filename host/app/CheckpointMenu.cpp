@@ -59,7 +59,15 @@ bool CheckpointMenu::MayRemove() const {
 
 void CheckpointMenu::Reset() {
     LeaveOff();
+    ShowRights();
+}
+
+void CheckpointMenu::ShowRights() {
     Pane().SetMayChange(MayChange());
+}
+
+QString CheckpointMenu::WhyNot() const {
+    return MayChange() ? QString() : u"没有权限在检查点上添加照片，请找有编辑权限的人添加。"_s;
 }
 
 void CheckpointMenu::Open(const SheetMenuRequest& request) {
@@ -227,9 +235,9 @@ void CheckpointMenu::AskForPhotos(qint32 pointId) {
 }
 
 void CheckpointMenu::FilePhotos(qint32 pointId, const QStringList& paths) {
-    if (!MayChange()) {
-        m_parts.session.Desk()->Report(MessageLevel::Warning,
-                                       u"没有权限在检查点上添加照片，请找有编辑权限的人添加。"_s);
+    const QString whyNot = WhyNot();
+    if (!whyNot.isEmpty()) {
+        m_parts.session.Desk()->Report(MessageLevel::Warning, whyNot);
         return;
     }
     const site::CheckpointFlag* point = m_parts.drawings.Checkpoint(pointId);

@@ -42,6 +42,10 @@ public:
 
     /// After another person, project or drawing: nothing that was begun goes on.
     void Reset();
+    /// After the person's rights have changed.
+    void ShowRights();
+    /// Why photos can't be filed on a checkpoint; empty: they can.
+    [[nodiscard]] QString WhyNot() const;
     /// Files and folders that were dropped on a flag are filed there.
     void FilePhotos(qint32 pointId, const QStringList& paths);
 

@@ -37,6 +37,7 @@
 #include "host/ui/plan/FloorPlanView.h"
 #include "include/IKXVeskPicture.h"
 #include "site/ICatalogue.h"
+#include "site/IChanges.h"
 #include "toolkit/InterfaceThread.h"
 #include "toolkit/Look.h"
 #include "toolkit/windows/WindowPlace.h"
@@ -44,6 +45,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QPointer>
+
+#include <algorithm>
 
 namespace host {
 
@@ -132,6 +135,7 @@ void Client::Stop() {
     if (!m_window) {
         return;
     }
+    m_rights.reset();
     m_drops.reset();
     m_imports.reset();
     m_filing.reset();
@@ -254,6 +258,17 @@ void Client::ConnectSession() {
     m_serving.Around().withdraw = [this](const QString& beginning) {
         m_window->Messages().Withdraw(beginning);
     };
+    WithoutFault(m_session, [this] {
+        m_rights = m_session.Site().Changes().Subscribe([this](const site::Changes& changes) {
+            const bool may = std::any_of(changes.begin(), changes.end(), [](const auto& change) {
+                return change.kind == site::ChangeKind::Person ||
+                       change.kind == site::ChangeKind::Anything;
+            });
+            if (may) {
+                QMetaObject::invokeMethod(this, &Client::ShowRights, Qt::QueuedConnection);
+            }
+        });
+    });
     m_session.Actions().SetSink([this](const site::LoggedAction& action) {
         m_window->ActionLog().Model().Add({action.at, action.person, action.action});
     });
@@ -426,6 +441,13 @@ void Client::ReadAnew() {
 void Client::ShowChanges() {
     ReadAnew();
     RefreshModule();
+}
+
+void Client::ShowRights() {
+    EnableCommands();
+    if (m_checkpoints) {
+        m_checkpoints->ShowRights();
+    }
 }
 
 void Client::EnableCommands() {

@@ -99,6 +99,8 @@ private:
     /// After a change of the data by the client itself.
     void ShowChanges();
     void EnableCommands();
+    /// After somebody's rights have changed, whoever did it.
+    void ShowRights();
 
     HostSession& m_session;
     Serving m_serving;
@@ -110,6 +112,7 @@ private:
     PictureSink m_sink;
     ObserverHub m_hub;
     ModuleLoader m_module;
+    std::shared_ptr<void> m_rights; ///< tells of changed ones
     /// Of many reminders each tells of its mark.
     Calmed m_photoMarks;
     Calmed m_issueMarks;

@@ -5,6 +5,7 @@
 #include "host/ui/ProjectNameDialog.h"
 #include "site/ICatalogue.h"
 #include "site/IIntake.h"
+#include "site/SetupState.h"
 
 namespace host {
 
@@ -59,6 +60,11 @@ void ProjectFlow::Make() {
     });
     ProjectNameDialog dialog(&m_window, taken);
     if (!isRead || dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    // It may have been taken away while the question stood open.
+    if (!m_session.HasRight(site::kRightSetup)) {
+        m_session.Desk()->Report(MessageLevel::Warning, u"您没有设置的权限，没有新建工程。"_s);
         return;
     }
     const bool isMade = WithoutFault(m_session, [&] {

@@ -7,21 +7,26 @@
 #include "host/ui/setup/SetupListPage.h"
 #include "host/ui/setup/SetupWindow.h"
 #include "site/ICatalogue.h"
+#include "site/IIntake.h"
 #include "site/ISetup.h"
+#include "site/OpenSite.h"
 #include "site/sqlite/SiteWriter.h"
 #include "tests/roads/ClientFixture.h"
 #include "tests/roads/RoadHands.h"
 #include "tests/support/AnsweredPrompts.h"
 #include "tests/support/EngineFolder.h"
+#include "tests/support/ModalVisit.h"
 #include "tests/support/WaitFor.h"
 #include "tour/TourEyes.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
 
@@ -134,6 +139,44 @@ TEST_F(SetupRoad, OnesOwnRightsChangeAtOnce) {
     Save();
     EXPECT_FALSE(session.HasRight(site::kRightSetup));
     EXPECT_FALSE(session.HasRight(21));
+}
+
+TEST_F(SetupRoad, RightsThatAnotherClientTakesAndGivesAreSoAtOnce) {
+    const site::OpenedSite other = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+    ASSERT_NE(other.site, nullptr);
+    const auto isOffered = [this](const QString& command) {
+        for (const QAction* action : client->Window()->findChildren<QAction*>()) {
+            if (action->text() == command) {
+                return action->isEnabled();
+            }
+        }
+        return false;
+    };
+    const QStringList commands{u"设置..."_s, u"新建工程..."_s, u"导入照片..."_s, u"登记问题..."_s};
+    for (const QString& command : commands) {
+        EXPECT_TRUE(WaitFor([&] { return isOffered(command); })) << command.toStdString();
+    }
+    other.site->NewIntake()->AddUser(u"张伟"_s, {5, 22, 38});
+    for (const QString& command : commands) {
+        EXPECT_TRUE(WaitFor([&] { return !isOffered(command); })) << command.toStdString();
+    }
+    other.site->NewIntake()->AddUser(u"张伟"_s, {21, site::kRightSetup});
+    for (const QString& command : commands) {
+        EXPECT_TRUE(WaitFor([&] { return isOffered(command); })) << command.toStdString();
+    }
+    Open();
+}
+
+TEST_F(SetupRoad, ARightThatIsTakenAwayWhileTheNameIsAskedMakesNoProject) {
+    support::ModalVisit visit(u"projectNameDialog"_s, [this](QWidget& window) {
+        window.findChild<QLineEdit*>(u"projectName"_s)->setText(u"三期工程"_s);
+        site::SiteWriter(support::FolderOf(session)).AddUser(u"张伟"_s, {5, 21});
+        qobject_cast<QDialog*>(&window)->accept();
+    });
+    ASSERT_TRUE(Press(Qt::Key_N));
+    EXPECT_TRUE(visit.HasCome());
+    EXPECT_THAT(Projects(), testing::Not(Contains(u"三期工程"_s)));
+    EXPECT_THAT(Messages(), ElementsAre(u"您没有设置的权限，没有新建工程。"_s));
 }
 
 TEST_F(SetupRoad, APastedTableIsPreviewedTakenAndSaved) {
