@@ -30,15 +30,21 @@ void DrawingImport::Ask() {
     }
 }
 
-void DrawingImport::Begin(const QStringList& paths) {
-    QString lack;
+QString DrawingImport::WhyNot() const {
     if (m_progress) {
-        lack = u"正在导入图纸，请等它结束。"_s;
-    } else if (m_session.CurrentProject().ppid == 0) {
-        lack = u"请先打开一个工程，再导入图纸。"_s;
-    } else if (m_session.IsWorkset() || !m_session.HasRight(KX_DATA::kRightEdit)) {
-        lack = u"没有权限导入图纸，请找有编辑权限的人导入。"_s;
+        return u"正在导入图纸，请等它结束。"_s;
     }
+    if (m_session.CurrentProject().ppid == 0) {
+        return u"请先打开一个工程，再导入图纸。"_s;
+    }
+    if (m_session.IsWorkset() || !m_session.HasRight(KX_DATA::kRightEdit)) {
+        return u"没有权限导入图纸，请找有编辑权限的人导入。"_s;
+    }
+    return {};
+}
+
+void DrawingImport::Begin(const QStringList& paths) {
+    const QString lack = WhyNot();
     if (!lack.isEmpty()) {
         m_session.Desk()->Report(MessageLevel::Warning, lack);
         return;

@@ -27,6 +27,8 @@ public:
     DrawingImport(HostSession& hostSession, MainWindow& mainWindow);
     ~DrawingImport() override;
 
+    /// Why nothing may be imported into the open project; empty: it may.
+    [[nodiscard]] QString WhyNot() const;
     /// Has the person choose files.
     void Ask();
     /// Those that aren't files of drawings are named and left out. A second import at the same time

@@ -10,9 +10,19 @@
 
 #include <QPointer>
 
+#include <algorithm>
+
 namespace host {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+bool IsDrawing(const QString& path) {
+    return path.endsWith(u".pdf"_s, Qt::CaseInsensitive);
+}
+
+} // namespace
 
 DropFlow::DropFlow(const Parts& flowParts) : m_parts(flowParts) {
     connect(&m_parts.window, &MainWindow::PathsDropped, this,
@@ -30,18 +40,32 @@ DropFlow::DropFlow(const Parts& flowParts) : m_parts(flowParts) {
 
 DropFlow::~DropFlow() = default;
 
+QString DropFlow::WhereDropped(const QStringList& paths) const {
+    if (!std::all_of(paths.begin(), paths.end(), IsDrawing)) {
+        return m_parts.imports.WhereDropped();
+    }
+    const QString whyNot = m_parts.drawings.WhyNot();
+    return whyNot.isEmpty() ? u"松开后导入为图纸"_s : whyNot;
+}
+
+QString DropFlow::WhereDroppedOn(const QString& checkpoint) const {
+    const QString whyNot = m_parts.checkpoints.WhyNot();
+    return whyNot.isEmpty() ? u"松开后导入到：%1"_s.arg(checkpoint) : whyNot;
+}
+
 void DropFlow::Watch() {
     // The windows may outlast it.
-    const auto where = [self = QPointer(this)](const QStringList& paths, const QPoint&) {
-        return self ? self->m_parts.imports.WhereDropped(paths) : QString();
+    const QPointer self(this);
+    const auto where = [self](const QStringList& paths, const QPoint&) {
+        return self ? self->WhereDropped(paths) : QString();
     };
     new DropHint(&m_parts.window, where, DropHint::Drops::OfWindow);
     DrawingPane& pane = m_parts.window.Drawing();
     new DropHint(
         &pane,
-        [where, &pane](const QStringList& paths, const QPoint& at) {
+        [self, where, &pane](const QStringList& paths, const QPoint& at) {
             const QString point = pane.PointCaptionUnder(at);
-            return point.isEmpty() ? where(paths, at) : u"松开后导入到：%1"_s.arg(point);
+            return point.isEmpty() || !self ? where(paths, at) : self->WhereDroppedOn(point);
         },
         DropHint::Drops::OfWindow);
     connect(&m_parts.consoles, &ConsoleWatch::Opened, this, [this, where](QWidget* console) {
@@ -55,7 +79,7 @@ void DropFlow::Take(const QStringList& paths, QWidget* over) {
     QStringList drawings;
     QStringList others;
     for (const QString& path : paths) {
-        (path.endsWith(u".pdf"_s, Qt::CaseInsensitive) ? drawings : others) << path;
+        (IsDrawing(path) ? drawings : others) << path;
     }
     if (!drawings.isEmpty()) {
         m_parts.drawings.Begin(drawings);

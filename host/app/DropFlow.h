@@ -31,6 +31,9 @@ public:
 
 private:
     void Watch();
+    /// Chinese: where files that are dropped now would go, or why nowhere.
+    [[nodiscard]] QString WhereDropped(const QStringList& paths) const;
+    [[nodiscard]] QString WhereDroppedOn(const QString& checkpoint) const;
     /// @param over  the window; null: the main one.
     void Take(const QStringList& paths, QWidget* over = nullptr);
 

@@ -114,13 +114,7 @@ void ImportFlow::Ask(const QStringList& paths, QWidget* over) {
     m_dialog->open();
 }
 
-QString ImportFlow::WhereDropped(const QStringList& paths) const {
-    const bool areDrawings = std::all_of(paths.begin(), paths.end(), [](const QString& path) {
-        return path.endsWith(u".pdf"_s, Qt::CaseInsensitive);
-    });
-    if (areDrawings) {
-        return u"松开后导入为图纸"_s;
-    }
+QString ImportFlow::WhereDropped() const {
     if (m_session.CurrentProject().ppid == 0) {
         return u"请先打开一个工程，再导入照片"_s;
     }

@@ -33,8 +33,8 @@ public:
     void Ask(const QStringList& paths, QWidget* over = nullptr);
     /// Why nothing may be imported; empty: it may.
     [[nodiscard]] QString WhyNot() const;
-    /// Chinese: where files that are dropped now would go.
-    [[nodiscard]] QString WhereDropped(const QStringList& paths) const;
+    /// Chinese: where files that are dropped now would go, or why nowhere.
+    [[nodiscard]] QString WhereDropped() const;
     /// Files and folders become photos of a checkpoint, without a question. One at a time, too.
     void FileOnCheckpoint(qint32 ppid, qint32 checkpointId, const QStringList& paths);
 

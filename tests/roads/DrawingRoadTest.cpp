@@ -18,8 +18,10 @@
 #include <QAbstractItemView>
 #include <QDir>
 #include <QDirIterator>
+#include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QFile>
+#include <QLabel>
 #include <QMimeData>
 #include <QtTest/QTest>
 
@@ -78,6 +80,24 @@ TEST_F(DrawingRoad, PdfFilesThatAreDroppedOnTheWindowBecomeDrawings) {
     EXPECT_TRUE(WaitFor(
         [this] { return Choice()->currentText() == u"新 图"_s && Store().Pages().size() == 3U; }));
     EXPECT_EQ(session.Site().Drawings().List(site.firstProject).back().pages, 3);
+}
+
+TEST_F(DrawingRoad, PhotosThatAreHeldOverAFlagAreToldItsCheckpoint) {
+    const auto hintAt = [this](const QPoint& onCanvas) {
+        QMimeData files;
+        files.setUrls({QUrl::fromLocalFile(u"/somewhere/a.jpg"_s)});
+        QDragEnterEvent enter(Canvas().mapTo(&Pane(), onCanvas), Qt::CopyAction, &files,
+                              Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&Pane(), &enter);
+        const auto* hint = Pane().findChild<QLabel*>(u"dropHint"_s, Qt::FindDirectChildrenOnly);
+        return hint == nullptr ? QString() : hint->text();
+    };
+    EXPECT_EQ(hintAt(OnFlag(without)), u"松开后导入到：检查点 4"_s);
+    EXPECT_EQ(hintAt(PixelOf(0.9, 0.9)), u"松开后导入到当前工程，不指定位置"_s);
+    session.Site().NewIntake()->AddUser(u"张伟"_s, {22});
+    EXPECT_EQ(hintAt(OnFlag(without)), u"没有权限在检查点上添加照片，请找有编辑权限的人添加。"_s);
+    EXPECT_TRUE(WaitFor([this] { return !PlaceButton()->isVisible(); }))
+        << "nor can a new one be set";
 }
 
 TEST_F(DrawingRoad, FilesThatAreNoUseAreNamedWithTheirReasonAndNothingIsFiled) {

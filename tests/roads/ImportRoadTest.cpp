@@ -68,9 +68,10 @@ protected:
         ASSERT_TRUE(WaitFor([this] { return Dock().IsSeen(); }));
     }
     /// What a window says while a file is held over it.
-    [[nodiscard]] static QString HintOver(QWidget& window) {
+    [[nodiscard]] static QString HintOver(QWidget& window,
+                                          const QString& file = u"/somewhere/a.jpg"_s) {
         QMimeData files;
-        files.setUrls({QUrl::fromLocalFile(u"/somewhere/a.jpg"_s)});
+        files.setUrls({QUrl::fromLocalFile(file)});
         QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &files, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&window, &enter);
         const auto* hint = window.findChild<QLabel*>(u"dropHint"_s, Qt::FindDirectChildrenOnly);
@@ -117,6 +118,13 @@ TEST_F(ImportRoad, WhoeverMayNotEditImportsNothing) {
     ASSERT_TRUE(WaitFor([&] { return hands::DropPaths(&Window(), {photo}); }));
     EXPECT_TRUE(WaitFor([&] { return Messages().value(0) == whyNot; }));
     EXPECT_EQ(tour::FindWindow(u"importDialog"_s), nullptr);
+}
+
+TEST_F(ImportRoad, ADrawingThatIsHeldIsToldWhereItGoesToo) {
+    const QString drawing = u"/somewhere/A.PDF"_s;
+    EXPECT_EQ(HintOver(Window(), drawing), u"松开后导入为图纸"_s);
+    site::SiteWriter(support::FolderOf(session)).AddUser(u"张伟"_s, {22, 38});
+    EXPECT_EQ(HintOver(Window(), drawing), u"没有权限导入图纸，请找有编辑权限的人导入。"_s);
 }
 
 TEST_F(ImportRoad, ARightThatIsTakenAwayWhileTheQuestionStandsImportsNothing) {
