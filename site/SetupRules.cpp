@@ -115,6 +115,10 @@ bool MaySetUp(const SetupPerson& person) {
                                 person.rights.end();
 }
 
+QString NobodyLeft() {
+    return u"至少要有一位未停用的人员有“设置”的权限，否则再也没有人能修改设置。"_s;
+}
+
 void CheckPeople(const SetupState& wanted, std::vector<SetupFault>& faults) {
     ListCheck check(faults, SetupList::Person);
     int at = 0;
@@ -127,7 +131,7 @@ void CheckPeople(const SetupState& wanted, std::vector<SetupFault>& faults) {
         ++at;
     }
     if (std::none_of(wanted.people.begin(), wanted.people.end(), MaySetUp)) {
-        check.Tell(0, u"至少要有一位未停用的人员有“设置”的权限，否则再也没有人能修改设置。"_s);
+        check.Tell(0, NobodyLeft());
     }
 }
 
@@ -218,6 +222,25 @@ std::vector<SetupFault> FaultsOf(const SetupState& wanted) {
     CheckPeople(wanted, faults);
     CheckMarksAndLabels(wanted, faults);
     CheckGrids(wanted, faults);
+    return faults;
+}
+
+std::vector<SetupFault> FaultsOf(const SetupState& seen, const SetupState& wanted) {
+    std::vector<SetupFault> before = FaultsOf(seen);
+    // A new site has nobody, and mustn't stay so.
+    std::erase_if(before, [](const SetupFault& fault) { return fault.text == NobodyLeft(); });
+    std::vector<SetupFault> faults;
+    for (SetupFault& fault : FaultsOf(wanted)) {
+        const auto same = std::find_if(before.begin(), before.end(), [&](const SetupFault& each) {
+            return each.list == fault.list && each.project == fault.project &&
+                   each.text == fault.text;
+        });
+        if (same == before.end()) {
+            faults.push_back(std::move(fault));
+        } else {
+            before.erase(same); // a second one of the kind is new
+        }
+    }
     return faults;
 }
 

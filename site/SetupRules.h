@@ -24,6 +24,9 @@ struct SetupFault {
 /// may set up; colours and trades out of range; crossings of unknown floors, doubled or with one
 /// axis only. In the order of the lists, for whatever entry. Thread: any.
 [[nodiscard]] std::vector<SetupFault> FaultsOf(const SetupState& wanted);
+/// Without those of entries that `seen` has too: editors, imports and older sites know no such
+/// rules, and what came from them mustn't keep anybody from changing the rest.
+[[nodiscard]] std::vector<SetupFault> FaultsOf(const SetupState& seen, const SetupState& wanted);
 
 /// A name as it is stored: without blanks at its ends, composed (Unicode NFC).
 [[nodiscard]] QString TidyName(const QString& name);

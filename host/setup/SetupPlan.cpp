@@ -76,14 +76,14 @@ bool IsOfEntry(const site::SetupFault& fault, const QString& name) {
 /// A rule that holds for a whole list is told only if all of its lines could be taken: otherwise it
 /// may well hold once they can. A line is told one of them, however many crossings it makes, and
 /// none if something else was wrong with it.
-void TellRules(PlanDesk& desk) {
+void TellRules(PlanDesk& desk, const site::SetupState& seen) {
     std::set<QString> faulty;
     std::set<std::pair<QString, int>> told;
     for (const SetupLineFault& fault : desk.plan.faults) {
         faulty.insert(fault.table);
         told.emplace(fault.table, fault.line);
     }
-    for (const site::SetupFault& fault : site::FaultsOf(desk.plan.wanted)) {
+    for (const site::SetupFault& fault : site::FaultsOf(seen, desk.plan.wanted)) {
         const QString name = NameOfFaulty(desk.plan.wanted, fault);
         const auto line = desk.LineOf(fault.list, fault.project, name);
         if (!line || !IsOfEntry(fault, name)) {
@@ -124,7 +124,7 @@ SetupPlan PlanSetup(const SetupTables& tables, const site::SetupState& seen,
     PlanLabels(desk);
     PlanGrids(desk);
     PlanDrawings(desk, drawings);
-    TellRules(desk);
+    TellRules(desk, seen);
     return std::move(desk.plan);
 }
 

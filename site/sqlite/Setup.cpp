@@ -119,7 +119,7 @@ SetupState Setup::Read(const Projects& grids) {
 
 SetupOutcome Setup::Apply(const SetupState& seen, const SetupState& wanted, const Signature& by) {
     SetupOutcome outcome;
-    for (const SetupFault& fault : FaultsOf(wanted)) {
+    for (const SetupFault& fault : FaultsOf(seen, wanted)) {
         outcome.refusals.push_back(fault.text);
     }
     if (!outcome.IsDone()) {

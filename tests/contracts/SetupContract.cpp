@@ -22,7 +22,7 @@ template <class Base> class WithSetup : public Base {
 protected:
     WithSetup() {
         corner = this->Position(u"1"_s, u"1"_s, u"A"_s);
-        this->Position(u"2"_s, u"1"_s, u"A"_s);
+        upper = this->Position(u"2"_s, u"1"_s, u"A"_s);
         label = this->site->AddLabel(u"渗漏"_s).toInt();
         picId = this->Photo([&](site::NewBimPhoto& photo) {
             photo.positionKey = corner;
@@ -48,6 +48,7 @@ protected:
     }
 
     QString corner;
+    QString upper;
     qint32 label = 0;
     qint32 picId = 0;
 };
@@ -173,6 +174,56 @@ TEST_P(SetupOfASite, WhatIsUsedStaysAndTheRefusalSaysByWhat) {
     EXPECT_EQ(Settings().UsesOf(SetupList::Mark, 2), QString());
 }
 
+TEST_P(SetupOfASite, EveryKindOfUseIsNamed) {
+    const auto uses = [this](SetupList list, qint32 id) { return Settings().UsesOf(list, id); };
+    const auto has = [](const QString& text) { return HasSubstr(text.toStdString()); };
+    site->AddComponent({first, u"h7"_s, u"2"_s, upper, {}, {}, {}, {}});
+    Issue([](site::NewIssue& issue) { issue.markId = 2; });
+    const qint32 drawing = site->AddDrawing(first, u"首层"_s);
+    const qint32 point = Point(drawing, 1, [this](site::NewCheckpoint& made) {
+        made.markId = 2;
+        made.labelIds = {label};
+    });
+    PdfPhoto(point, u"p.jpg"_s);
+    KX_DATA::CheckpointComment comment;
+    ASSERT_EQ(on.drawings->AddComment(point, u"请复查"_s, comment), KX_DATA::kServiceOk);
+    KX_DATA::RichTextKey key;
+    key.objectType = 1;
+    key.objectId = corner;
+    key.subId = 1;
+    key.projectId = key.ownerId = first;
+    KX_DATA::RichTextMsg message;
+    message.docName = u"doc"_s;
+    ASSERT_TRUE(on.richTexts->SaveRichText(u"已整改"_s, message, key, {}, {}));
+
+    const std::string project = uses(SetupList::Project, first).toStdString();
+    for (const QString& said :
+         {u"照片 1 张、图纸照片 1 张、问题 1 个、图纸 1 张"_s, u"富文本记录 1 条"_s}) {
+        EXPECT_THAT(project, has(said));
+    }
+    EXPECT_EQ(uses(SetupList::Mark, 2), u"检查点 1 个、问题 1 个"_s);
+    EXPECT_EQ(uses(SetupList::Mark, 1), u"照片 1 张、富文本记录 1 条"_s);
+    EXPECT_EQ(uses(SetupList::Label, label), u"照片 1 张、检查点 1 个"_s);
+    const qint32 li = Read().people[0].id;
+    EXPECT_EQ(uses(SetupList::Person, li), u"照片 1 张、评论 1 条、富文本版本 1 个"_s);
+    EXPECT_EQ(Settings().UsesOfFloor(first, u"1"_s), u"照片 1 张、问题 1 个、富文本记录 1 条"_s);
+    EXPECT_EQ(Settings().UsesOfFloor(first, u"2"_s), u"构件 1 个"_s);
+    EXPECT_EQ(Settings().UsesOfCrossing(corner), u"照片 1 张、富文本记录 1 条"_s);
+    EXPECT_EQ(Settings().UsesOfCrossing(upper), u"构件 1 个"_s);
+}
+
+TEST_P(SetupOfASite, WhoSignedAnythingIsUsedAndKeepsTheName) {
+    const SetupState seen = Read();
+    SetupState wanted = seen;
+    wanted.people.push_back({0, u"zhang"_s, {}, true});
+    ASSERT_TRUE(Apply(seen, wanted).IsDone());
+    Issue();
+    PdfPhoto(Point(site->AddDrawing(first, u"首层"_s), 1), u"p.jpg"_s);
+    EXPECT_EQ(Settings().UsesOf(SetupList::Person, Read().people.back().id),
+              u"图纸照片 1 张、问题 1 个"_s);
+    EXPECT_FALSE(Change([](SetupState& state) { state.people.back().name = u"zhao"_s; }).IsDone());
+}
+
 TEST_P(SetupOfASite, WhatOnlyTheBinUsesStaysToo) {
     ASSERT_TRUE(on.pics->DeleteBimPics({picId}));
     EXPECT_EQ(Settings().UsesOf(SetupList::Mark, 1), u"回收站 1 项"_s);
@@ -210,6 +261,50 @@ TEST_P(SetupOfASite, OfTwoWhoChangeTheSameListTheSecondIsTold) {
     EXPECT_EQ(Read().labels.size(), 1U) << "of the other list neither";
     two.marks = seen.marks;
     EXPECT_TRUE(Apply(seen, two).IsDone()) << "another list was changed";
+}
+
+TEST_P(SetupOfASite, WhatIsAgainstTheRulesAlreadyKeepsNobodyFromChangingTheRest) {
+    site->AddLabel(u"ab"_s);
+    site->AddLabel(u"AB"_s); // an editor takes both
+    EXPECT_TRUE(Change([](SetupState& state) { state.marks[0].name = u"外观"_s; }).IsDone());
+    EXPECT_TRUE(Change([](SetupState& state) { state.labels.push_back({0, u"裂缝"_s}); }).IsDone());
+    const SetupOutcome third = Change([](SetupState& state) {
+        state.labels.push_back({0, u"Ab"_s});
+    });
+    EXPECT_EQ(third.refusals.size(), 1U);
+    EXPECT_EQ(Read().labels.size(), 4U);
+}
+
+TEST_P(SetupOfASite, EachListIsToldThatWasChangedMeanwhile) {
+    const std::vector<std::pair<SetupList, std::function<void(SetupState&, const QString&)>>>
+        changes{{SetupList::Project,
+                 [](SetupState& state, const QString& name) {
+                     state.projects.push_back({0, name, 1, false});
+                 }},
+                {SetupList::Workset,
+                 [](SetupState& state, const QString& name) { state.worksets[0].name = name; }},
+                {SetupList::Person,
+                 [](SetupState& state, const QString& name) {
+                     state.people.push_back({0, name, {}, true});
+                 }},
+                {SetupList::Label,
+                 [](SetupState& state, const QString& name) { state.labels[0].name = name; }},
+                {SetupList::Floor,
+                 [](SetupState& state, const QString& name) {
+                     state.grids[0].floors.push_back({name, {}});
+                 }},
+                {SetupList::Crossing, [](SetupState& state, const QString& name) {
+                     state.grids[0].crossings[0].axisX = name;
+                 }}};
+    for (const auto& [list, change] : changes) {
+        const SetupState seen = Read();
+        SetupState mine = seen;
+        SetupState theirs = seen;
+        change(theirs, u"x1"_s);
+        change(mine, u"x2"_s);
+        ASSERT_TRUE(Apply(seen, theirs).IsDone());
+        EXPECT_EQ(Apply(seen, mine).changedMeanwhile, list);
+    }
 }
 
 TEST_P(SetupOfASite, SomebodyAlwaysMaySetUp) {

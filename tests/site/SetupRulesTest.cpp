@@ -108,6 +108,24 @@ TEST(SetupRules, AllFaultsAreToldAtOnce) {
     EXPECT_EQ(FaultsOf(state).size(), 3U);
 }
 
+TEST(SetupRules, ANewSiteHasNobodyAndMustNotStaySo) {
+    SetupState wanted;
+    wanted.projects = {{0, u"一期"_s, 1, false}};
+    EXPECT_EQ(FaultsOf({}, wanted).size(), 1U);
+    EXPECT_EQ(FaultsOf(wanted, wanted).size(), 1U);
+}
+
+TEST(SetupRules, WhatWasWrongBeforeIsPassedOverOnce) {
+    SetupState seen;
+    seen.people = {{1, u"li"_s, {kRightSetup}, true}};
+    seen.labels = {{1, u"a"_s}, {2, u"A"_s}};
+    SetupState wanted = seen;
+    EXPECT_TRUE(FaultsOf(seen, wanted).empty());
+    wanted.labels.push_back({0, u"A"_s});
+    ASSERT_EQ(FaultsOf(seen, wanted).size(), 1U);
+    EXPECT_EQ(FaultsOf(seen, wanted)[0].list, SetupList::Label);
+}
+
 TEST(SetupRules, ATidyNameHasNoBlanksAroundAndIsComposed) {
     EXPECT_EQ(TidyName(u"  e\u0301 1 "_s), u"\u00e9 1"_s);
 }

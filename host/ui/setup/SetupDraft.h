@@ -31,7 +31,10 @@ public:
     [[nodiscard]] bool IsChanged() const { return m_seen != m_wanted; }
     /// Of a project by the name that it is to have; null: nobody has looked at it.
     [[nodiscard]] const site::SetupGrid* GridOf(const QString& project) const;
-    [[nodiscard]] std::vector<site::SetupFault> Faults() const { return site::FaultsOf(m_wanted); }
+    /// What keeps it from being saved.
+    [[nodiscard]] std::vector<site::SetupFault> Faults() const {
+        return site::FaultsOf(m_seen, m_wanted);
+    }
 
     /// What is typed into a list. Emits Changed.
     template <typename Change> void Edit(Change change) {
