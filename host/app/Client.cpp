@@ -402,7 +402,8 @@ void Client::MakeProjects() {
 }
 
 void Client::MakeSetup() {
-    m_setup = std::make_unique<SetupFlow>(SetupFlow::Parts{m_session, *m_window, *m_drawingImport});
+    m_setup = std::make_unique<SetupFlow>(
+        SetupFlow::Parts{m_session, *m_window, *m_drawingImport, *m_undo});
     connect(m_setup.get(), &SetupFlow::Changed, this, &Client::OnSetupChanged);
 }
 

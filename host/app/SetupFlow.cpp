@@ -2,6 +2,7 @@
 
 #include "host/app/DrawingImport.h"
 #include "host/app/Faults.h"
+#include "host/app/UndoFlow.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/setup/SetupWindow.h"
 #include "site/IBin.h"
@@ -29,11 +30,13 @@ std::optional<Answer> AnswerOf(const HostSession& session, Ask ask) {
 } // namespace
 
 SetupFlow::SetupFlow(const Parts& flowParts) : m_parts(flowParts) {
-    connect(&m_parts.drawings, &DrawingImport::Imported, this, [this] {
+    const auto reload = [this] {
         if (!m_setup.isNull()) {
             m_setup->ReloadDrawings();
         }
-    });
+    };
+    connect(&m_parts.drawings, &DrawingImport::Imported, this, reload);
+    connect(&m_parts.undo, &UndoFlow::Undone, this, reload);
 }
 
 SetupFlow::~SetupFlow() {
@@ -130,7 +133,10 @@ QString SetupFlow::RemoveDrawing(qint32 ppid, qint32 drawingId) {
     }
     const site::Signature by{m_parts.session.UserName(), m_parts.session.Site().Now()};
     return FaultOfWork([&] {
-        (void)m_parts.session.Site().Bin().DeleteDrawing({ppid}, drawingId, by);
+        std::vector<site::BinEntry> made;
+        if (m_parts.session.Site().Bin().DeleteDrawing({ppid}, drawingId, by, &made)) {
+            m_parts.undo.Note(DeedOf(made));
+        }
         emit Changed();
     });
 }

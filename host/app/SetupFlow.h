@@ -12,6 +12,7 @@ class DrawingImport;
 class HostSession;
 class MainWindow;
 class SetupWindow;
+class UndoFlow;
 struct SetupTables;
 
 /// Whoever has the right to set up opens the window; what it saves is asked for the right again.
@@ -24,6 +25,7 @@ public:
         HostSession& session;
         MainWindow& window;
         DrawingImport& drawings;
+        UndoFlow& undo;
     };
 
     explicit SetupFlow(const Parts& flowParts);

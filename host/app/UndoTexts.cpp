@@ -1,6 +1,7 @@
 #include "host/app/UndoTexts.h"
 
 #include "services/IKXAuthMng.h"
+#include "site/SetupState.h"
 
 #include <QStringList>
 
@@ -90,11 +91,17 @@ qint32 RightFor(DeedKind kind, site::BinKind what) {
     if (what == site::BinKind::Issue || what == site::BinKind::IssuePic) {
         return 0; // the module asks for none either
     }
+    if (what == site::BinKind::Drawing) {
+        return site::kRightSetup; // they are removed in the settings
+    }
     return kind == DeedKind::Deleted ? KX_DATA::kRightDelete : KX_DATA::kRightShowHide;
 }
 
 QString NoRightText(const DoneDeed& deed) {
-    return u"您没有%1的权限。"_s.arg(deed.kind == DeedKind::Deleted ? u"删除"_s : u"显示和隐藏"_s);
+    return deed.what == site::BinKind::Drawing
+               ? u"您没有设置的权限。"_s
+               : u"您没有%1的权限。"_s.arg(deed.kind == DeedKind::Deleted ? u"删除"_s
+                                                                          : u"显示和隐藏"_s);
 }
 
 } // namespace host

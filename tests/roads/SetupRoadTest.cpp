@@ -3,10 +3,12 @@
 #include "hands/Hands.h"
 #include "host/ui/HintTable.h"
 #include "host/ui/MainWindow.h"
+#include "host/ui/MessageBar.h"
 #include "host/ui/plan/FloorPlanPane.h"
 #include "host/ui/setup/SetupListPage.h"
 #include "host/ui/setup/SetupWindow.h"
 #include "site/ICatalogue.h"
+#include "site/IDrawings.h"
 #include "site/IIntake.h"
 #include "site/ISetup.h"
 #include "site/OpenSite.h"
@@ -19,6 +21,7 @@
 #include "tests/support/WaitFor.h"
 #include "tour/TourEyes.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
@@ -27,6 +30,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPointer>
 #include <QPushButton>
 
@@ -41,6 +45,8 @@ using support::WaitFor;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
+
+const QString kNoSetup = u"您没有设置的权限，请找有权限的人。"_s;
 
 class SetupRoad : public ClientOnAFolder {
 protected:
@@ -177,6 +183,52 @@ TEST_F(SetupRoad, ARightThatIsTakenAwayWhileTheNameIsAskedMakesNoProject) {
     EXPECT_TRUE(visit.HasCome());
     EXPECT_THAT(Projects(), testing::Not(Contains(u"三期工程"_s)));
     EXPECT_THAT(Messages(), ElementsAre(u"您没有设置的权限，没有新建工程。"_s));
+}
+
+TEST_F(SetupRoad, ARightThatIsTakenAwayMeanwhileLeavesDrawingsAlone) {
+    const auto drawings = [this] {
+        return session.Site().Drawings().List(site.firstProject).size();
+    };
+    const size_t before = drawings();
+    ASSERT_GT(before, 0U);
+    Open();
+    Settings()->ShowPage(host::SetupWindow::Page::Drawings);
+    auto* list = Settings()->findChild<QListWidget*>(u"drawingsList"_s);
+    ASSERT_NE(list, nullptr);
+    list->setCurrentRow(0);
+    site::SiteWriter(support::FolderOf(session)).AddUser(u"张伟"_s, {5, 21, 22});
+    AnsweredPrompts prompts;
+    prompts.ExpectYesNo(u"把图纸“一层平面图”放入回收站吗？30 天内可以恢复。"_s, true);
+    prompts.ExpectMessage(kNoSetup);
+    ClickOn(*Settings(), u"drawingsRemove"_s);
+    prompts.ExpectOpenFiles(u"PDF 图纸 (*.pdf)"_s, {folder.Path(u"a.pdf"_s)});
+    ClickOn(*Settings(), u"drawingsImport"_s);
+    EXPECT_THAT(Messages(), ElementsAre(kNoSetup));
+    EXPECT_EQ(drawings(), before);
+}
+
+TEST_F(SetupRoad, ADrawingThatIsRemovedComesBackByAClick) {
+    site::SiteWriter(support::FolderOf(session)).AddDrawing(site.firstProject, u"空图"_s);
+    const auto drawings = [this] {
+        return session.Site().Drawings().List(site.firstProject).size();
+    };
+    const size_t before = drawings();
+    Open();
+    Settings()->ShowPage(host::SetupWindow::Page::Drawings);
+    auto* list = Settings()->findChild<QListWidget*>(u"drawingsList"_s);
+    list->setCurrentItem(list->findItems(u"空图"_s, Qt::MatchExactly).value(0));
+    {
+        AnsweredPrompts prompts;
+        prompts.ExpectYesNo(u"把图纸“空图”放入回收站吗？30 天内可以恢复。"_s, true);
+        ClickOn(*Settings(), u"drawingsRemove"_s);
+    }
+    EXPECT_EQ(drawings(), before - 1);
+    ASSERT_TRUE(WaitFor([this] { return Messages().contains(u"已删除 1 张图纸。"_s); }));
+    Settings()->close();
+    auto* undo = client->Window()->Messages().findChild<QAbstractButton*>(u"messageAction"_s);
+    ASSERT_NE(undo, nullptr);
+    undo->click();
+    EXPECT_EQ(drawings(), before);
 }
 
 TEST_F(SetupRoad, APastedTableIsPreviewedTakenAndSaved) {

@@ -1,6 +1,7 @@
 #include "host/app/UndoTexts.h"
 
 #include "services/IKXAuthMng.h"
+#include "site/SetupState.h"
 
 #include <gtest/gtest.h>
 
@@ -58,6 +59,9 @@ TEST(UndoTexts, TellWhatIsGoneByName) {
 TEST(UndoTexts, TheRightIsThatOfTheDeed) {
     EXPECT_EQ(RightFor(DeedKind::Deleted, site::BinKind::BimPhoto), KX_DATA::kRightDelete);
     EXPECT_EQ(RightFor(DeedKind::Deleted, site::BinKind::Checkpoint), KX_DATA::kRightDelete);
+    EXPECT_EQ(RightFor(DeedKind::Deleted, site::BinKind::Drawing), site::kRightSetup);
+    EXPECT_EQ(NoRightText(DeedOn(DeedKind::Deleted, site::BinKind::Drawing, {})),
+              u"您没有设置的权限。"_s);
     EXPECT_EQ(RightFor(DeedKind::Shown, site::BinKind::PdfPhoto), KX_DATA::kRightShowHide);
     EXPECT_EQ(RightFor(DeedKind::Deleted, site::BinKind::Issue), 0);
     EXPECT_EQ(RightFor(DeedKind::Deleted, site::BinKind::IssuePic), 0);
