@@ -229,6 +229,7 @@ void Client::ConnectWindow() {
     });
     connect(m_window.get(), &MainWindow::Closed, qApp, &QApplication::quit);
     connect(m_console.get(), &ConsoleWatch::Changed, this, &Client::EnableCommands);
+    connect(m_console.get(), &ConsoleWatch::PhotoChosen, m_photos.get(), &PhotoFlow::Show);
     connect(m_sheets.get(), &SheetFlow::Changed, this, &Client::EnableCommands);
     connect(m_imports.get(), &ImportFlow::Imported, this, &Client::ShowChanges);
     connect(m_imports.get(), &ImportFlow::ListWanted, this,

@@ -6,6 +6,7 @@
 #include "toolkit/grid/GridModel.h"
 
 #include <QAbstractItemView>
+#include <QItemSelectionModel>
 
 namespace host {
 
@@ -57,8 +58,24 @@ void ConsoleWatch::NoteAsked(const ListQuestion& asked) {
         }
         emit Changed();
     });
+    FollowRows();
     emit Changed();
     emit Opened(console);
+}
+
+void ConsoleWatch::FollowRows() {
+    const QAbstractItemView* grid = Grid();
+    if (grid == nullptr) {
+        return;
+    }
+    connect(grid->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& row) {
+                if (row.isValid() && m_asked.kind == site::ListKind::BimPhotos) {
+                    const QModelIndex first = row.siblingAtColumn(0);
+                    emit PhotoChosen(
+                        first.data(toolkit::GridModel::kRowKeyRole).toString().toInt());
+                }
+            });
 }
 
 QWidget* ConsoleWatch::Console() const {

@@ -47,9 +47,12 @@ signals:
     void Changed();
     /// Another one has searched for the first time.
     void Opened(QWidget* console);
+    /// The current row is another photo of the model now.
+    void PhotoChosen(qint32 picId);
 
 private:
     void NoteAsked(const ListQuestion& asked);
+    void FollowRows();
 
     MainWindow& m_window;
     Surroundings& m_around;

@@ -2,6 +2,7 @@
 
 #include "host/app/BulkFlow.h"
 #include "host/app/Faults.h"
+#include "host/app/PhotoFlow.h"
 #include "host/services/ListPresets.h"
 #include "host/ui/MainWindow.h"
 #include "host/ui/filing/InboxWindow.h"
@@ -115,6 +116,11 @@ InboxFlow::Photos InboxFlow::Read(qint64 page, qint64 pageSize) const {
 
 std::vector<InboxItem> InboxFlow::ItemsOf(const Photos& photos) const {
     const std::map<qint32, KX_DATA::MarkRecord>& marks = m_parts.session.Tables().Marks();
+    std::vector<qint32> ids;
+    for (const KX_DATA::BimPicRow& row : photos.rows) {
+        ids.push_back(row.picId);
+    }
+    const std::map<qint32, QString> facts = ReadPhotoTips(m_parts.session, ids);
     std::vector<InboxItem> items;
     items.reserve(photos.rows.size());
     for (const KX_DATA::BimPicRow& row : photos.rows) {
@@ -125,8 +131,10 @@ std::vector<InboxItem> InboxFlow::ItemsOf(const Photos& photos) const {
         if (!marks.contains(row.markId)) {
             lacks << u"无标识"_s;
         }
+        const auto found = facts.find(row.picId);
         items.push_back({row.picId, row.ppid, row.fileName, row.uploadTime, lacks.join(u'、'),
-                         row.uploaderName, row.floor, row.positionKey, row.markId, row.text8});
+                         row.uploaderName, row.floor, row.positionKey, row.markId, row.text8,
+                         found == facts.end() ? QString() : found->second});
     }
     return items;
 }

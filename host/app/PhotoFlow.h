@@ -19,9 +19,9 @@ class MainWindow;
 [[nodiscard]] std::map<qint32, QString> ReadPhotoTips(HostSession& session,
                                                       const std::vector<qint32>& picIds);
 
-/// Shows the photo that was looked up or chosen last. Asks the site while somebody sees the dock,
-/// and for the picture's size on a transfer thread. Session and window must outlive it; destroying
-/// it ends its transfers. Thread: user interface.
+/// Shows the photo that was looked up or chosen last, by a flag or a row of the console. Asks the
+/// site while somebody sees the dock, and for the picture's size on a transfer thread. Session and
+/// window must outlive it; destroying it ends its transfers. Thread: user interface.
 class PhotoFlow final : public QObject {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include "host/session/HostSession.h"
 #include "host/session/PanelNames.h"
+#include "host/ui/LocateText.h"
 #include "site/IStatistics.h"
 #include "site/RectifyStates.h"
 #include "toolkit/Look.h"
@@ -75,9 +76,13 @@ public:
                 Add({counted.name, counted.count, {}}, part);
                 continue;
             }
-            CountedPart part{counted.name.isEmpty() ? u"没有楼层"_s : counted.name + u" 层"_s, {}};
+            const bool hasFloor = !counted.name.isEmpty();
+            CountedPart part{hasFloor ? FloorCaption(counted.name) : u"没有楼层"_s, {}};
             part.preset.floor = counted.name;
-            Add({PanelGroupName(counted.name), counted.count, {}}, part);
+            Add({hasFloor ? FloorCaption(counted.name) : PanelGroupName(counted.name),
+                 counted.count,
+                 {}},
+                part);
         }
     }
 

@@ -44,8 +44,8 @@ public:
         }
         const bool isAllData = captions == Captions::MayLack && !HasCaption(sheet.rows.front());
         if (isAllData) {
-            for (qsizetype i = 0; i < m_form.captions.size(); ++i) {
-                m_places.push_back(int(i));
+            for (int place = FirstOf(sheet); place < int(m_form.captions.size()); ++place) {
+                m_places.push_back(place);
             }
         } else if (!ReadCaptions(sheet.rows.front())) {
             return;
@@ -58,6 +58,18 @@ public:
 private:
     void Tell(int line, const QString& text) {
         m_tables.faults.push_back({m_form.name, line, text});
+    }
+    /// One column less than the form has, all of which are needed but the project: it is left out.
+    [[nodiscard]] int FirstOf(const sheets::TableSheet& sheet) const {
+        size_t widest = 0;
+        for (const sheets::TableRow& row : sheet.rows) {
+            widest = std::max(widest, row.cells.size());
+        }
+        return m_form.captions.front() == FormOf(SetupTable::Project).name &&
+                       m_form.needed.size() == widest &&
+                       widest + 1 == size_t(m_form.captions.size())
+                   ? column::kProject + 1
+                   : 0;
     }
     [[nodiscard]] int PlaceOf(const QString& caption) const {
         return int(m_form.captions.indexOf(PlainCaption(caption)));

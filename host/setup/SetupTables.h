@@ -83,7 +83,8 @@ enum class Captions { Needed, MayLack };
 /// Adds the rows of one table; what is wrong with its captions is told.
 ///
 /// @param captions  MayLack: a first row without any known caption is one of the table's own, its
-///                  columns are then all of the form, in their order.
+///                  columns are then all of the form, in their order; of floors, axes and
+///                  crossings the project may be left out.
 void AddSetupTable(SetupTable table, const sheets::TableSheet& sheet, Captions captions,
                    SetupTables& tables);
 

@@ -204,7 +204,8 @@ void MainWindow::AddPanelsToMenu() {
     QAction* showStatistics = m_statistics->toggleViewAction();
     showStatistics->setIcon(toolkit::Icon(u"chart"_s));
     showStatistics->setToolTip(u"显示或隐藏照片和问题的统计"_s);
-    // It comes up behind the other panels otherwise.
+    // They come up behind the other panels otherwise.
+    connect(showPhotoFacts, &QAction::triggered, m_photoFacts, &QWidget::raise);
     connect(showStatistics, &QAction::triggered, m_statistics, &QWidget::raise);
     view->addAction(showStatistics);
     QAction* showLog = m_actionLog->toggleViewAction();

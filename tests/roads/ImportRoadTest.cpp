@@ -220,6 +220,21 @@ TEST_F(ImportRoad, APhotoThatIsLookedUpTellsOfItsTaking) {
     EXPECT_TRUE(WaitFor([this] { return ShownTitle().startsWith(u"还没有照片"_s); }));
 }
 
+TEST_F(ImportRoad, ARowOfTheConsoleTellsOfItsTaking) {
+    BringUpDock();
+    OpenConsole();
+    const int name = tour::ConsoleColumn(u"照片名称"_s);
+    const auto click = [name](const QString& photo) {
+        return hands::ClickCell(tour::ConsoleGrid(),
+                                int(ConsoleColumnTexts(u"照片名称"_s).indexOf(photo)), name);
+    };
+    ASSERT_TRUE(WaitFor([&] { return click(u"转角.jpg"_s); }));
+    ASSERT_TRUE(WaitFor([this] { return ShownTitle() == u"转角.jpg"_s; }));
+    EXPECT_EQ(Shown(u"相机"_s), u"Maker Model 7"_s);
+    ASSERT_TRUE(WaitFor([&] { return click(u"照片0.jpg"_s); }));
+    EXPECT_TRUE(WaitFor([this] { return ShownTitle() == u"照片0.jpg"_s; }));
+}
+
 TEST_F(ImportRoad, WhatWasLookedUpWhileNobodySawTheDockIsThereWhenItComesUp) {
     OpenConsole();
     LookUp(u"转角.jpg"_s);

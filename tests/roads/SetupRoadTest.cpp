@@ -68,6 +68,7 @@ protected:
     void Save() {
         ClickOn(*Settings(), u"setupSave"_s);
         EXPECT_FALSE(Settings()->HasUnsaved());
+        EXPECT_EQ(Settings()->findChild<QLabel*>(u"setupNote"_s)->text(), u"已保存。"_s);
     }
     [[nodiscard]] QStringList Projects() const {
         const auto* combo = client->Window()->findChild<QComboBox*>(u"projectChoice"_s);

@@ -155,7 +155,7 @@ TEST_F(StatisticsRoad, OfAWorksetAllProjectsCount) {
 TEST_F(StatisticsRoad, MarksHaveTheirNamesAndWhatHasNoneIsNamedToo) {
     EXPECT_EQ(Names(), (QStringList{u"无标识"_s, u"质量"_s, u"标识 77"_s}));
     Choose(u"statisticsGrouping"_s, u"按楼层"_s);
-    EXPECT_EQ(Names(), (QStringList{u"其他"_s, u"-1"_s, u"1"_s}));
+    EXPECT_EQ(Names(), (QStringList{u"其他"_s, u"-1层"_s, u"1层"_s}));
     Choose(u"statisticsGrouping"_s, u"按周"_s);
     EXPECT_EQ(Names().size(), 27);
     EXPECT_EQ(Names().front(), u"更早"_s);
@@ -170,7 +170,7 @@ TEST_F(StatisticsRoad, AClickSaysWhatTheConsoleShows) {
     ASSERT_TRUE(WaitFor(
         [&] { return hands::ClickAt(Bars().viewport(), Bars().visualRect(cell).center()); }));
     ASSERT_TRUE(WaitFor([] { return tour::ConsoleTotal() == 4; }));
-    EXPECT_EQ(Status(), u"控制台只列出：1 层的照片 4 张"_s);
+    EXPECT_EQ(Status(), u"控制台只列出：1层的照片 4 张"_s);
 }
 
 TEST_F(StatisticsRoad, WhatTheConsoleWasLimitedToBeforeDoesntLimitABar) {

@@ -19,6 +19,14 @@ int KilobytesOf(const QPixmap& picture) {
     return 1 + picture.width() * picture.height() * kBytesOfPixel / 1024;
 }
 
+QString TipOf(const InboxItem& item) {
+    QStringList lines{item.name, item.person + u"  "_s + item.time, item.lack};
+    if (!item.facts.isEmpty()) {
+        lines << item.facts;
+    }
+    return lines.join(u'\n');
+}
+
 } // namespace
 
 InboxModel::InboxModel(QObject* parent)
@@ -87,8 +95,7 @@ QVariant InboxModel::data(const QModelIndex& index, int role) const {
     case Qt::DecorationRole:
         return PictureOf(item);
     case Qt::ToolTipRole:
-        return toolkit::PlainTip(
-            QStringList{item.name, item.person + u"  "_s + item.time, item.lack}.join(u'\n'));
+        return toolkit::PlainTip(TipOf(item));
     case Qt::AccessibleTextRole:
         return QStringList{item.name, item.lack, item.time}.join(u"，"_s);
     default:

@@ -20,7 +20,8 @@ struct InboxItem {
     QString floor;
     QString positionKey;
     qint32 markId = 0;
-    QString uuid; ///< of its picture; empty: none
+    QString uuid;  ///< of its picture; empty: none
+    QString facts; ///< what its camera knew, in one line; empty: nothing
 
     bool operator==(const InboxItem& other) const = default;
 };

@@ -34,7 +34,8 @@ QPushButton* NewButton(QWidget* parent, const QString& name, const QString& text
     return button;
 }
 
-/// A chosen photo is seen to be chosen as a whole.
+/// A chosen photo is seen to be chosen as a whole. All have the room of a picture and its caption,
+/// whatever has come by then: the view measures the first alone.
 class InboxCell final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -43,6 +44,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
         option->showDecorationSelected = true;
+        option->decorationSize = InboxWindow::kPicture;
     }
 };
 

@@ -128,7 +128,7 @@ void PhotoDock::ShowSentence(const QString& text) {
 }
 
 void PhotoDock::Empty() {
-    Fill({}, u"还没有照片：在控制台或照片查看窗口中定位一张，或从标识、新到提醒中打开一张。"_s);
+    Fill({}, u"还没有照片：请在控制台中选中一张，或从标识、新到提醒中打开一张。"_s);
 }
 
 QString PhotoDock::RowText(int row) const {

@@ -263,7 +263,8 @@ void GridPage::ShowFloor(int row) {
 
 void GridPage::OnProject() {
     emit GridWanted(Project());
-    const int row = m_shown == Project() ? m_floors->CurrentRow() : 0;
+    // Of the first floors that there are, one is chosen: the axes go to it.
+    const int row = m_shown == Project() ? std::max(m_floors->CurrentRow(), 0) : 0;
     m_shown = Project();
     m_floors->Model().Reset();
     m_floors->SelectRow(std::min(row, m_floors->Model().rowCount() - 1));

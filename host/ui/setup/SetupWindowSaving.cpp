@@ -64,6 +64,9 @@ void SetupWindow::OnSaved(const site::SetupOutcome& outcome) {
             m_grid->ReadProjects();
             m_drawings->ReadProjects(m_draft->Seen().projects);
         }
+        m_check->stop();
+        ShowFaults();
+        m_note->setText(u"已保存。"_s);
         emit Saved();
     }
 }

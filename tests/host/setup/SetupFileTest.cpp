@@ -134,4 +134,17 @@ TEST(SetupFile, APastedTableMayLackItsCaptions) {
               QStringList({u"1: 一期|1F|1|A"_s, u"2: |2F|1|A"_s}));
 }
 
+TEST(SetupFile, APastedTableWithoutCaptionsMayLackTheProject) {
+    SetupTables tables;
+    const sheets::TableSheet floors{{}, {{1, {u"-1"_s}}, {2, {u"1"_s}}}};
+    AddSetupTable(SetupTable::Floor, floors, host::Captions::MayLack, tables);
+    const sheets::TableSheet named{{}, {{1, {u"一期"_s, u"2"_s}}, {2, {u"一期"_s}}}};
+    AddSetupTable(SetupTable::Floor, named, host::Captions::MayLack, tables);
+    const sheets::TableSheet axes{{}, {{1, {u"1"_s, u"1-6"_s, u"A-D"_s}}}};
+    AddSetupTable(SetupTable::Axes, axes, host::Captions::MayLack, tables);
+    EXPECT_EQ(RowsOf(tables, SetupTable::Floor),
+              QStringList({u"1: |-1"_s, u"2: |1"_s, u"1: 一期|2"_s, u"2: 一期|"_s}));
+    EXPECT_EQ(RowsOf(tables, SetupTable::Axes), QStringList{u"1: |1|1-6|A-D"_s});
+}
+
 } // namespace

@@ -140,6 +140,31 @@ TEST_F(Inbox, EmptySaysSoAndOffersNothing) {
     EXPECT_FALSE(Button(u"inboxFile"_s).isEnabled());
 }
 
+TEST_F(Inbox, TheTipSaysWhatTheCameraKnew) {
+    InboxModel::Items items = Waiting(1, 2);
+    items[1].facts = u"拍摄 2026-03-02 09:54:00  Maker Model 7"_s;
+    window.SetItems(items, 2);
+    const auto tip = [this](int row) {
+        return List().model()->index(row, 0).data(Qt::ToolTipRole).toString();
+    };
+    EXPECT_FALSE(tip(0).contains(u"拍摄"_s));
+    EXPECT_TRUE(tip(1).contains(u"Maker Model 7"_s)) << tip(1).toStdString();
+}
+
+TEST_F(Inbox, CaptionsHaveTheirRoomBelowThePicturesThatCome) {
+    window.SetItems(Waiting(1, 3), 3);
+    support::RunPendingEvents();
+    QPixmap picture(InboxWindow::kPicture);
+    picture.fill(Qt::red);
+    window.Model().SetPicture(window.Model().At(0).uuid, picture);
+    support::RunPendingEvents();
+    for (int row = 0; row < 2; ++row) {
+        const QRect cell = List().visualRect(List().model()->index(row, 0));
+        const int captions = 3 * List().fontMetrics().height();
+        EXPECT_GE(cell.height(), InboxWindow::kPicture.height() + captions) << row;
+    }
+}
+
 TEST_F(Inbox, WhatIsChosenIsHandedOverFromAbove) {
     window.SetItems(Waiting(1, 5), 5);
     Click(3);
