@@ -1,5 +1,5 @@
-// vesk-tour --tour FOLDER [--tour-scale N] and the client's own options
-// Exit code: 0 all steps happened, 1 one did not, 2 words that make no sense.
+// vesk-tour --tour FOLDER [--tour-walk W] [--tour-screen WxH] [--tour-scale N] and the client's own
+// options Exit code: 0 all steps happened, 1 one did not, 2 words that make no sense.
 #include "host/app/Program.h"
 #include "tour/Tour.h"
 #include "tour/TourScreen.h"
@@ -17,6 +17,6 @@ int main(int argc, char** argv) {
                      qUtf8Printable(tour::TourHelpText()));
         return host::kExitWrongWords;
     }
-    tour::PrepareScreen(words.scale);
+    tour::PrepareScreen(words.screen, words.scale);
     return host::RunApplication(argc, argv, [&words] { return tour::RunTour(words); });
 }

@@ -80,6 +80,33 @@ void WriteFloorPlan(TourScript& script) {
 
 } // namespace
 
+void WriteFirstStart(TourScript& script) {
+    script.Do(u"首次启动：选择怎样开始"_s, nullptr,
+              [] { return FindWindow(kFirstStart) != nullptr; });
+    script.Picture(kFirstStart, u"first-start"_s);
+    script.Do(
+        u"“新建站点”：写工程和姓名"_s,
+        [] { return hands::Click(FindIn(FindWindow(kFirstStart), u"chooseNewSite"_s)); },
+        [] { return FindIn(FindWindow(kFirstStart), u"firstProject"_s) != nullptr; });
+    script.Do(
+        u"填写工程名称和自己的姓名"_s,
+        [] {
+            QWidget* page = FindWindow(kFirstStart);
+            return hands::TypeOver(FindIn(page, u"firstProject"_s), u"一号楼"_s) &&
+                   hands::TypeOver(FindIn(page, u"firstPerson"_s), u"王强"_s);
+        },
+        [] { return hands::CanReach(FindIn(FindWindow(kFirstStart), u"firstMake"_s)); });
+    script.Picture(kFirstStart, u"new-site"_s);
+    script.Do(
+        u"“新建”：空的工程打开了"_s,
+        [] { return hands::Click(FindIn(FindWindow(kFirstStart), u"firstMake"_s)); },
+        [] {
+            return FindWindow(kMain) != nullptr &&
+                   FindWindow(kMain)->windowTitle().startsWith(u"一号楼"_s);
+        });
+    script.Picture(kMain, u"empty-project"_s);
+}
+
 void WriteStart(TourScript& script) {
     // Fast machines may be done before the progress comes up.
     script.Do(u"首次启动：显示生成示例工程的进度"_s, nullptr,

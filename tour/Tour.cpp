@@ -1,6 +1,7 @@
 #include "tour/Tour.h"
 
 #include "host/app/Program.h"
+#include "tour/SitePhotos.h"
 #include "tour/TourRunner.h"
 #include "tour/TourScript.h"
 
@@ -8,7 +9,6 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -34,14 +34,7 @@ TourPlaces MakePlaces(const QString& folder, const QString& pictures) {
     places.downloadFolder = QDir(folder).filePath(u"下载"_s);
     places.photoFolder = QDir(folder).filePath(u"现场照片"_s);
     QDir().mkpath(places.photoFolder);
-    for (int number = 1; number <= kImports; ++number) {
-        QImage picture(640, 480, QImage::Format_RGB32);
-        picture.fill(QColor::fromHsv((number - 1) * 360 / kImports, 90, 210));
-        const QString name = u"巡检_%1.jpg"_s.arg(number, 2, 10, QChar(u'0'));
-        if (picture.save(QDir(places.photoFolder).filePath(name))) {
-            ++places.photoCount;
-        }
-    }
+    places.photoCount = WriteSitePhotos(places.photoFolder, kImports);
     QFile note(QDir(places.photoFolder).filePath(u"说明.jpg"_s));
     if (note.open(QIODevice::WriteOnly)) {
         note.write("not a picture\n");
@@ -49,8 +42,20 @@ TourPlaces MakePlaces(const QString& folder, const QString& pictures) {
     return places;
 }
 
+std::vector<TourStep> WriteOwnSite(const TourPlaces& places) {
+    TourScript script;
+    WriteFirstStart(script);
+    WriteSetup(script);
+    WriteUnplacedImport(script, places);
+    WriteInbox(script, places);
+    WriteStatistics(script);
+    WritePhotoFacts(script);
+    WriteEnd(script);
+    return script.Take();
+}
+
 /// At another scale a look at the windows with most in them is enough.
-std::vector<TourStep> WriteSteps(const TourWords& words, const TourPlaces& places) {
+std::vector<TourStep> WriteSampleSite(const TourWords& words, const TourPlaces& places) {
     TourScript script;
     WriteStart(script);
     WriteBimSearch(script);
@@ -78,11 +83,15 @@ int Walk(const TourWords& words) {
     if (walked.dataFolder.isEmpty()) {
         walked.dataFolder = ownFolder.filePath(u"data"_s);
     }
-    walked.sample = sample::SampleSize::Small;
+    if (words.walk == WalkKind::Sample) {
+        walked.sample = sample::SampleSize::Small;
+    }
     walked.isWatched = true;
     TourPlaces places = MakePlaces(ownFolder.path(), words.folder);
     places.dataFolder = walked.dataFolder;
-    TourRunner runner(WriteSteps(words, places), {words.folder});
+    TourRunner runner(words.walk == WalkKind::OwnSite ? WriteOwnSite(places)
+                                                      : WriteSampleSite(words, places),
+                      {words.folder});
     QObject::connect(&runner, &TourRunner::Finished, &runner, [](const QString& failure) {
         if (!failure.isEmpty()) {
             QCoreApplication::exit(host::kExitFault);
@@ -97,14 +106,14 @@ int Walk(const TourWords& words) {
     return code == host::kExitDone ? host::kExitDone : Complain(u"客户端以 %1 结束"_s.arg(code));
 }
 
-/// The screen's scale is fixed for a process.
-int WalkScaled(const TourWords& words) {
+/// A walk on another screen, in a folder of its own: the screen is fixed for a process.
+int WalkElsewhere(const TourWords& words, const QString& name, const QStringList& options) {
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedChannels);
     process.start(QCoreApplication::applicationFilePath(),
-                  {u"--tour"_s, QDir(words.folder).filePath(u"x2"_s), u"--tour-scale"_s, u"2"_s});
+                  QStringList{u"--tour"_s, QDir(words.folder).filePath(name)} + options);
     if (!process.waitForFinished(-1) || process.exitStatus() != QProcess::NormalExit) {
-        return Complain(u"放大 2 倍的走查没有正常结束"_s);
+        return Complain(u"走查 %1 没有正常结束"_s.arg(name));
     }
     return process.exitCode();
 }
@@ -118,8 +127,15 @@ int RunTour(const TourWords& words) {
     QElapsedTimer sinceStart;
     sinceStart.start();
     int code = Walk(words);
-    if (code == host::kExitDone && words.scale == 1) {
-        code = WalkScaled(words);
+    const std::vector<std::pair<QString, QStringList>> others{
+        {u"x2"_s, {u"--tour-scale"_s, u"2"_s}},
+        {u"own"_s, {u"--tour-walk"_s, u"own"_s}},
+        {u"own-small-screen"_s, {u"--tour-walk"_s, u"own"_s, u"--tour-screen"_s, u"1366x768"_s}}};
+    const TourWords plain;
+    const bool isFirst =
+        words.walk == plain.walk && words.scale == plain.scale && words.screen == plain.screen;
+    for (std::size_t at = 0; isFirst && code == host::kExitDone && at < others.size(); ++at) {
+        code = WalkElsewhere(words, others[at].first, others[at].second);
     }
     if (code == host::kExitDone) {
         std::printf("走查通过，用时 %.1f 秒，图片在 %s\n", double(sinceStart.elapsed()) / 1000,

@@ -24,6 +24,11 @@ inline const QString kImportResult = QStringLiteral("importResult");
 inline const QString kProgress = QStringLiteral("progressWindow");
 inline const QString kAbout = QStringLiteral("aboutWindow");
 inline const QString kNewProject = QStringLiteral("projectNameDialog");
+inline const QString kFirstStart = QStringLiteral("firstStartPage");
+inline const QString kSetup = QStringLiteral("setupWindow");
+inline const QString kSetupPreview = QStringLiteral("setupPreview");
+inline const QString kInbox = QStringLiteral("inboxWindow");
+inline const QString kBulk = QStringLiteral("bulkDialog");
 inline const QString kKeys = QStringLiteral("keysWindow");
 
 /// A number that a step saw before it did something. Thread: user interface.

@@ -32,6 +32,18 @@ private:
     int m_pictures = 0;
 };
 
+/// With nothing there yet: from the first page into a site of one's own.
+void WriteFirstStart(TourScript& script);
+/// Floors, axes, marks, labels and people of the site in the settings.
+void WriteSetup(TourScript& script);
+/// The walk's photos come in without a place or a mark.
+void WriteUnplacedImport(TourScript& script, const TourPlaces& places);
+/// They wait for both, are filed together, taken back and filed again.
+void WriteInbox(TourScript& script, const TourPlaces& places);
+/// Bars of the project's photos, and the console on what one stands for; it stays open.
+void WriteStatistics(TourScript& script);
+/// What the camera knew of a photo of the console that is open.
+void WritePhotoFacts(TourScript& script);
 /// Sign-in and main window with its floor plan.
 void WriteStart(TourScript& script);
 /// The console with BIM photos: search and filters.

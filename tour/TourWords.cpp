@@ -9,6 +9,34 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLargestScale = 4;
+constexpr int kLeastScreen = 600;
+
+bool TakeWalk(const QString& value, TourWords& words) {
+    if (value != u"sample"_s && value != u"own"_s) {
+        words.error = u"--tour-walk 只能是 sample 或 own，不能是“%1”。"_s.arg(value);
+        return false;
+    }
+    words.walk = value == u"own"_s ? WalkKind::OwnSite : WalkKind::Sample;
+    return true;
+}
+
+bool TakeScreen(const QString& value, TourWords& words) {
+    words.screen = {value.section(u'x', 0, 0).toInt(), value.section(u'x', 1).toInt()};
+    if (words.screen.width() < kLeastScreen || words.screen.height() < kLeastScreen) {
+        words.error = u"--tour-screen 要写成 1366x768 这样，不能是“%1”。"_s.arg(value);
+        return false;
+    }
+    return true;
+}
+
+bool TakeScale(const QString& value, TourWords& words) {
+    words.scale = value.toInt();
+    if (words.scale < 1 || words.scale > kLargestScale) {
+        words.error = u"--tour-scale 只能是 1 到 4 的整数，不能是“%1”。"_s.arg(value);
+        return false;
+    }
+    return true;
+}
 
 /// Takes an option of the walk itself. False: `words.error` says why.
 bool TakeTourOption(const QString& name, const std::optional<QString>& value, TourWords& words) {
@@ -20,12 +48,10 @@ bool TakeTourOption(const QString& name, const std::optional<QString>& value, To
         words.folder = *value;
         return true;
     }
-    words.scale = value->toInt();
-    if (words.scale < 1 || words.scale > kLargestScale) {
-        words.error = u"--tour-scale 只能是 1 到 4 的整数，不能是“%1”。"_s.arg(*value);
-        return false;
+    if (name == u"--tour-walk"_s) {
+        return TakeWalk(*value, words);
     }
-    return true;
+    return name == u"--tour-screen"_s ? TakeScreen(*value, words) : TakeScale(*value, words);
 }
 
 QString FaultOf(const TourWords& words) {
@@ -41,11 +67,13 @@ QString FaultOf(const TourWords& words) {
 } // namespace
 
 TourWords ReadTourWords(const QStringList& words) {
+    static const QStringList tourOptions{u"--tour"_s, u"--tour-walk"_s, u"--tour-screen"_s,
+                                         u"--tour-scale"_s};
     TourWords read;
     QStringList rest;
     for (qsizetype at = 0; at < words.size(); ++at) {
         const QString name = words[at].section(u'=', 0, 0);
-        if (name != u"--tour"_s && name != u"--tour-scale"_s) {
+        if (!tourOptions.contains(name)) {
             rest << words[at];
         } else if (!TakeTourOption(name, host::TakeValue(words, at), read)) {
             return read;
@@ -62,6 +90,8 @@ QString TourHelpText() {
   vesk-tour --tour 文件夹 [选项]      无显示器时走一遍客户端，把各窗口的图片存到该文件夹
 
 选项：
+  --tour-walk 走法    sample（示例站点，各窗口都走到）或 own（从空白到自己的工程）
+  --tour-screen 尺寸  屏幕的大小，例如 1366x768
   --tour-scale 倍数   走查时的屏幕缩放，1 到 4
   --data 文件夹       数据文件夹；不写则用临时文件夹里的小示例
   --user 姓名         以此用户登录，不再询问

@@ -40,6 +40,20 @@ TEST(TourWords, ScalesThatDontExistAreErrors) {
     EXPECT_TRUE(ReadTourWords({u"--tour=out"_s, u"--tour-scale=4"_s}).error.isEmpty());
 }
 
+TEST(TourWords, TheWalkAndItsScreenAreNamed) {
+    EXPECT_EQ(ReadTourWords({u"--tour=out"_s}).walk, WalkKind::Sample);
+    const TourWords own = ReadTourWords(
+        {u"--tour=out"_s, u"--tour-walk"_s, u"own"_s, u"--tour-screen"_s, u"1366x768"_s});
+    EXPECT_TRUE(own.error.isEmpty()) << qPrintable(own.error);
+    EXPECT_EQ(own.walk, WalkKind::OwnSite);
+    EXPECT_EQ(own.screen, QSize(1366, 768));
+    EXPECT_TRUE(ReadTourWords({u"--tour=out"_s, u"--tour-walk=far"_s}).error.contains(u"far"_s));
+    for (const QString& size : {u"1366"_s, u"axb"_s, u"1366x"_s, u"10x10"_s}) {
+        const TourWords words = ReadTourWords({u"--tour=out"_s, u"--tour-screen"_s, size});
+        EXPECT_TRUE(words.error.contains(size)) << qPrintable(words.error);
+    }
+}
+
 TEST(TourWords, AWordThatTheClientDoesntKnowIsAnError) {
     EXPECT_TRUE(ReadTourWords({u"--tour"_s, u"out"_s, u"--dta"_s}).error.contains(u"--dta"_s));
     EXPECT_TRUE(ReadTourWords({u"import"_s, u"--tour"_s, u"out"_s}).error.contains(u"import"_s));
