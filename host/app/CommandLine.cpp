@@ -142,6 +142,9 @@ CommandLine ParseSetup(const QStringList& words) {
         } else if (name == u"--data"_s) {
             TakeOption(name, TakeValue(words, at).value_or(QString()), line);
             line.setup.dataFolders << line.dataFolder;
+        } else if (name == u"--user"_s) {
+            TakeOption(name, TakeValue(words, at).value_or(QString()), line);
+            line.setup.user = line.userName;
         } else if (!name.startsWith(u"--"_s) && line.setup.file.isEmpty()) {
             line.setup.file = words[at];
         } else {
@@ -242,6 +245,7 @@ QString HelpText() {
 
 设置选项：
   --data 文件夹       可以写多次；每个数据文件夹要么全部修改，要么不变
+  --user 姓名         由谁修改：已经有人能设置的站点，只有能设置的人可以修改
   --check             只检查并列出将要修改的内容
 
 模拟选项：

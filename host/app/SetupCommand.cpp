@@ -17,6 +17,8 @@
 #include <QFileInfo>
 #include <QTextStream>
 
+#include <algorithm>
+
 namespace host {
 
 using namespace Qt::StringLiterals;
@@ -27,7 +29,7 @@ constexpr int kSetupDone = 0;
 constexpr int kSetupNotAll = 1;
 constexpr int kSetupWrongWords = 2;
 
-/// Stands in the log of actions where a person would.
+/// Stands in the log of actions where a person would: nobody may set up the site yet.
 const QString kSetupBy = u"（命令行）"_s;
 
 site::SetupState WholeState(site::ISite& site) {
@@ -46,6 +48,25 @@ KnownDrawings DrawingsOf(site::ISite& site, const site::SetupState& state) {
         }
     }
     return known;
+}
+
+/// Why this person can't change a site; empty: nothing is against it. A site in which nobody has
+/// the right yet gets its people from the file.
+QString LackOfPerson(const site::SetupState& state, const QString& user) {
+    QStringList able;
+    for (const site::SetupPerson& person : state.people) {
+        const auto& rights = person.rights;
+        if (person.active &&
+            std::find(rights.begin(), rights.end(), site::kRightSetup) != rights.end()) {
+            able << person.name;
+        }
+    }
+    if (able.isEmpty() || able.contains(user)) {
+        return {};
+    }
+    const QString who = able.join(u'、');
+    return user.isEmpty() ? u"请用 --user 写明由谁修改。能修改设置的人：%1。"_s.arg(who)
+                          : u"“%1”没有设置的权限。能修改设置的人：%2。"_s.arg(user, who);
 }
 
 bool IsUnused(const QString& folder) {
@@ -115,8 +136,13 @@ private:
             if (TellFaults(plan)) {
                 return false;
             }
-            outcome = m_request.isCheck || plan.changes.empty() ? site::SetupOutcome()
-                                                                : Take(site, seen, plan);
+            const bool isRead = m_request.isCheck || plan.changes.empty();
+            const QString lack = isRead ? QString() : LackOfPerson(seen, m_request.user);
+            if (!lack.isEmpty()) {
+                m_err << lack << u'\n';
+                return false;
+            }
+            outcome = isRead ? site::SetupOutcome() : Take(site, seen, plan);
             if (outcome.IsDone()) {
                 TellDone(plan);
                 return true;
@@ -139,8 +165,9 @@ private:
                             const SetupPlan& plan) {
         const auto intake = site.NewIntake();
         const qint64 now = site.Now();
+        const QString& by = m_request.user.isEmpty() ? kSetupBy : m_request.user;
         intake->BeginBatch();
-        site::SetupOutcome outcome = site.Setup().Apply(seen, plan.wanted, {kSetupBy, now});
+        site::SetupOutcome outcome = site.Setup().Apply(seen, plan.wanted, {by, now});
         if (!outcome.IsDone()) {
             return outcome;
         }
@@ -150,8 +177,7 @@ private:
                                int(m_verdicts[path].pages.size()));
         }
         site.Catalogue().LogAction(
-            {now, kSetupBy, 0,
-             u"按设置文件“%1”修改设置"_s.arg(QFileInfo(m_request.file).fileName())});
+            {now, by, 0, u"按设置文件“%1”修改设置"_s.arg(QFileInfo(m_request.file).fileName())});
         intake->CommitBatch();
         return outcome;
     }
@@ -201,6 +227,11 @@ private:
 };
 
 int WriteSetup(const SetupRequest& request, QTextStream& out, QTextStream& err) {
+    if (QFileInfo(request.file).suffix().startsWith(u"xls"_s, Qt::CaseInsensitive)) {
+        err << u"设置写成文本，不写成工作簿：请把 %1 改为 .txt 结尾的文件名。\n"_s.arg(
+            request.file);
+        return kSetupWrongWords;
+    }
     try {
         const QString& folder = request.dataFolders.front();
         site::SetupState state;

@@ -11,6 +11,7 @@ struct SetupRequest {
     QStringList dataFolders; ///< none: the user's own
     bool isCheck = false;    ///< only say what would change
     bool isWritten = false;  ///< the other way round: the setup goes into the file
+    QString user;            ///< who changes the sites; may be empty where nobody may set them up
 };
 
 } // namespace host

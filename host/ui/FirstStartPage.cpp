@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -214,6 +215,14 @@ QWidget* FirstStartPage::MakeButtons() {
     row->addWidget(m_make);
     row->addWidget(quit);
     return line;
+}
+
+void FirstStartPage::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && m_stack->currentIndex() == 1) {
+        ShowForm(false); // what was typed stays
+        return;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 void FirstStartPage::ShowForm(bool form) {

@@ -23,8 +23,9 @@ struct FirstStartProposal {
 };
 
 /// Asks which of the three, for names, and for folders by the prompts. It makes nothing and knows
-/// neither site nor session: accepted, it says what was chosen, and may be run again. Escape and
-/// its close button reject it. Lives on the interface thread, owned by its maker.
+/// neither site nor session: accepted, it says what was chosen, and may be run again. Escape leads
+/// back from the form of a new site, else it and the close button reject it. Lives on the interface
+/// thread, owned by its maker.
 class FirstStartPage final : public QDialog {
     Q_OBJECT
 
@@ -42,6 +43,7 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     [[nodiscard]] QWidget* MakeNote();

@@ -32,7 +32,7 @@ class SetupCommand : public testing::Test {
 protected:
     [[nodiscard]] QString Data(const QString& name = u"data"_s) const { return folder.Path(name); }
     [[nodiscard]] int Run(const QString& file, const QStringList& folders, bool isCheck = false) {
-        return RunRequest({file, folders, isCheck, false});
+        return RunRequest({file, folders, isCheck, false, u"张伟"_s});
     }
     [[nodiscard]] int RunRequest(const host::SetupRequest& request) {
         said.clear();
@@ -181,14 +181,35 @@ TEST_F(SetupCommand, TheSetupIsWrittenAndSetsUpAnotherSite) {
     static_cast<void>(MakeSmallSite(Data()));
     ASSERT_EQ(Run(folder.Write(u"a.txt"_s, kNewSetup), {Data()}), 0);
     const QString file = folder.Path(u"b.txt"_s);
-    EXPECT_EQ(RunRequest({file, {Data()}, false, true}), 0) << blamed.toStdString();
+    EXPECT_EQ(RunRequest({file, {Data()}, false, true, {}}), 0) << blamed.toStdString();
     EXPECT_EQ(said, u"已写入设置文件 %1\n"_s.arg(file));
     EXPECT_EQ(Run(file, {Data()}), 0);
     EXPECT_EQ(said, u"已经是这样，没有要修改的内容。\n") << blamed.toStdString();
     EXPECT_EQ(Run(file, {Data(u"other"_s)}), 0) << blamed.toStdString();
     EXPECT_EQ(StateOf(Data(u"other"_s)).grids.size(), StateOf(Data()).grids.size());
-    EXPECT_EQ(RunRequest({folder.Path(u"gone/b.txt"_s), {Data()}, false, true}), 1);
+    EXPECT_EQ(RunRequest({folder.Path(u"b.xlsx"_s), {Data()}, false, true, {}}), 2);
+    EXPECT_TRUE(blamed.contains(u".txt"_s)) << blamed.toStdString();
+    EXPECT_FALSE(QFileInfo::exists(folder.Path(u"b.xlsx"_s)));
+    EXPECT_EQ(RunRequest({folder.Path(u"gone/b.txt"_s), {Data()}, false, true, {}}), 1);
     EXPECT_TRUE(blamed.contains(u"不存在"_s)) << blamed.toStdString();
+}
+
+TEST_F(SetupCommand, ASiteThatSomebodyMaySetUpIsChangedByThemAlone) {
+    static_cast<void>(MakeSmallSite(Data()));
+    const site::SetupState before = StateOf(Data());
+    const QString file = folder.Write(u"a.txt"_s, kNewSetup);
+    const host::SetupRequest nobody{file, {Data()}, false, false, {}};
+    EXPECT_EQ(RunRequest(nobody), 1);
+    EXPECT_EQ(blamed,
+              u"请用 --user 写明由谁修改。能修改设置的人：张伟。\n没有修改：%1\n"_s.arg(Data()));
+    const host::SetupRequest other{file, {Data()}, false, false, u"李娜"_s};
+    EXPECT_EQ(RunRequest(other), 1);
+    EXPECT_TRUE(blamed.startsWith(u"“李娜”没有设置的权限。能修改设置的人：张伟。\n"_s))
+        << blamed.toStdString();
+    EXPECT_EQ(StateOf(Data()), before);
+    EXPECT_EQ(Run(file, {Data()}), 0) << blamed.toStdString();
+    const site::OpenedSite opened = site::OpenSite(Data(), {5000, false});
+    EXPECT_EQ(opened.site->Catalogue().Actions(1).front().userName, u"张伟"_s);
 }
 
 TEST_F(SetupCommand, TheProgramDoesItFromItsWords) {

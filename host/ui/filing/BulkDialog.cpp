@@ -90,8 +90,8 @@ void BulkDialog::KeepRoomForHint() {
 void BulkDialog::FillWays() {
     QComboBox& place = *m_form->placeCombo;
     place.addItem(kStaysText, kStays);
-    place.addItem(u"清除"_s, kPlaceCleared);
     place.addItem(u"指定"_s, kPlaceChosen);
+    place.addItem(u"清除"_s, kPlaceCleared);
     QComboBox& labels = *m_form->labelCombo;
     labels.addItem(kStaysText, kStays);
     labels.addItem(u"添加"_s, kLabelsAdded);
@@ -240,7 +240,8 @@ QString BulkDialog::HintText() const {
 QString BulkDialog::Lack() const {
     const BulkAnswer answer = Answer();
     if (WantsPlace() && m_place->PositionKey().isEmpty()) {
-        return u"请选择楼层、X轴和Y轴。"_s;
+        return m_place->LacksAxes() ? u"这个楼层没有轴线，请先在“设置”中录入。"_s
+                                    : u"请选择楼层、X轴和Y轴。"_s;
     }
     const bool changesLabels = m_form->labelCombo->currentData().isValid();
     const bool hasLabels = !answer.labelIds.empty() || !answer.newLabel.isEmpty();

@@ -51,6 +51,10 @@ QString PlaceCombos::PositionKey() const {
     return m_boxes.axisY.currentData().toString();
 }
 
+bool PlaceCombos::LacksAxes() const {
+    return !m_boxes.floor.currentData().toString().isEmpty() && m_boxes.axisX.count() <= 1;
+}
+
 void PlaceCombos::FillFloors() {
     std::vector<QString> floors;
     GetVeskPicMng()->GetProjectFloors(m_ppid, floors);

@@ -30,6 +30,8 @@ public:
     void SetEnabled(bool enabled);
     /// Empty while one of the three isn't chosen.
     [[nodiscard]] QString PositionKey() const;
+    /// A floor is chosen on which nothing crosses.
+    [[nodiscard]] bool LacksAxes() const;
 
 signals:
     /// By the person.

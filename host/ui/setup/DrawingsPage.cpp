@@ -84,6 +84,14 @@ void DrawingsPage::ReadProjects(const std::vector<site::SetupProject>& projects)
     Reload();
 }
 
+void DrawingsPage::ShowProject(const QString& project) {
+    const int at = m_project->findText(project);
+    if (at >= 0) {
+        m_project->setCurrentIndex(at);
+        Reload();
+    }
+}
+
 void DrawingsPage::Reload() {
     m_list->clear();
     if (Ppid() != 0) {

@@ -22,6 +22,8 @@ public:
 
     /// Saved projects only: a drawing needs one.
     void ReadProjects(const std::vector<site::SetupProject>& projects);
+    /// One of them.
+    void ShowProject(const QString& project);
     /// Reads the drawings anew.
     void Reload();
 

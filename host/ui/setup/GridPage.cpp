@@ -132,6 +132,10 @@ QLineEdit* GridPage::MakeAxesEdit(const QString& name, const QString& hint, cons
     line->setToolTip(tip);
     line->setAccessibleName(tip);
     connect(line, &QLineEdit::returnPressed, this, &GridPage::Cross);
+    connect(line, &QLineEdit::textChanged, this, [this] {
+        m_note->hide();
+        emit Typed();
+    });
     return line;
 }
 
@@ -269,6 +273,18 @@ void GridPage::OnProject() {
     m_floors->Model().Reset();
     m_floors->SelectRow(std::min(row, m_floors->Model().rowCount() - 1));
     ShowMatrix();
+}
+
+bool GridPage::HasTyped() const {
+    const bool isEmpty = m_axesX->text().trimmed().isEmpty() && m_axesY->text().trimmed().isEmpty();
+    return !isEmpty && !Floor().isEmpty();
+}
+
+bool GridPage::TakeTyped() {
+    if (HasTyped()) {
+        Cross();
+    }
+    return !HasTyped();
 }
 
 QString GridPage::Floor() const {

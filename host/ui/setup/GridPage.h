@@ -31,10 +31,16 @@ public:
     void ShowProject(const QString& project);
     /// Chooses a floor.
     void ShowFloor(int row);
+    /// Axes stand in their fields that cross nowhere yet.
+    [[nodiscard]] bool HasTyped() const;
+    /// Lets them cross. False: they can't, and the page says why.
+    bool TakeTyped();
 
 signals:
     /// The grid of this project is to be in the draft when this returns.
     void GridWanted(const QString& project);
+    /// In the fields of the axes.
+    void Typed();
 
 private:
     QLayout* MakeAxes();

@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -137,6 +138,10 @@ void SetupListPage::Add() {
     const int row = m_model->AddRow();
     SelectRow(row);
     m_table->edit(m_model->index(row, 0));
+    // What is typed takes the place of the proposed name.
+    if (auto* name = m_table->viewport()->findChild<QLineEdit*>()) {
+        name->selectAll();
+    }
 }
 
 void SetupListPage::Move(bool up) {

@@ -111,6 +111,8 @@ QString Instead(SetupList list) {
 SetupWindow::SetupWindow(QWidget* parent, ISetupDesk& setupDesk)
     : QDialog(parent), m_desk(setupDesk), m_draft(new SetupDraft(this)) {
     setObjectName(u"setupWindow"_s);
+    // Boxes and file dialogs lie on this window and give the keyboard back to it.
+    toolkit::RegisterWindow(this, [](const toolkit::WindowEvent&) { return 0; });
     setWindowTitle(u"设置"_s);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     m_pages = new QListWidget(this);
@@ -174,6 +176,7 @@ void SetupWindow::MakePages() {
     new QListWidgetItem(toolkit::Icon(u"plan"_s), u"楼层和轴线"_s, m_pages);
     connect(m_grid, &GridPage::GridWanted, this, &SetupWindow::WantGrid);
     connect(&m_grid->Floors(), &SetupListPage::RemovalWanted, this, &SetupWindow::RemoveFloor);
+    connect(m_grid, &GridPage::Typed, this, &SetupWindow::ShowState);
     connect(&m_grid->Floors(), &SetupListPage::PasteWanted, this,
             [this] { Paste(SetupList::Floor); });
     m_grid->Matrix().SetKeeps([this](const QString& positionKey) {
@@ -247,6 +250,8 @@ void SetupWindow::ShowPage(Page page) {
 void SetupWindow::ShowProject(const QString& project) {
     m_grid->ReadProjects();
     m_grid->ShowProject(project);
+    m_drawings->ReadProjects(m_draft->Seen().projects);
+    m_drawings->ShowProject(project);
 }
 
 void SetupWindow::ReloadDrawings() {
@@ -254,7 +259,7 @@ void SetupWindow::ReloadDrawings() {
 }
 
 bool SetupWindow::HasUnsaved() const {
-    return m_draft->IsChanged();
+    return m_draft->IsChanged() || m_grid->HasTyped();
 }
 
 void SetupWindow::EndTyping() {

@@ -36,6 +36,10 @@ QString FirstLines(const std::vector<QString>& lines) {
 
 void SetupWindow::Save() {
     EndTyping();
+    if (!m_grid->TakeTyped()) {
+        ShowPage(Page::Grid); // on which the reason stands
+        return;
+    }
     if (!HasUnsaved()) {
         return;
     }

@@ -73,13 +73,15 @@ TEST(CommandLine, ASimulationHasItsOwnOptionsAndGivesTheDataFolderToTheClient) {
 }
 
 TEST(CommandLine, ASetupFileMayBeForManyDataFolders) {
-    const CommandLine line = ParseCommandLine(
-        {u"setup"_s, u"a.xlsx"_s, u"--data"_s, u"甲"_s, u"--data=乙"_s, u"--check"_s});
+    const CommandLine line =
+        ParseCommandLine({u"setup"_s, u"a.xlsx"_s, u"--data"_s, u"甲"_s, u"--data=乙"_s,
+                          u"--check"_s, u"--user"_s, u"王强"_s});
     EXPECT_EQ(line.error, QString());
     EXPECT_EQ(line.road, Road::Setup);
     EXPECT_EQ(line.setup.file, u"a.xlsx");
     EXPECT_EQ(line.setup.dataFolders, QStringList({u"甲"_s, u"乙"_s}));
     EXPECT_TRUE(line.setup.isCheck);
+    EXPECT_EQ(line.setup.user, u"王强");
     EXPECT_FALSE(line.setup.isWritten);
     const CommandLine written = ParseCommandLine({u"setup"_s, u"--write"_s, u"b.txt"_s});
     EXPECT_EQ(written.error, QString());

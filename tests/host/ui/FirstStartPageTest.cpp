@@ -88,16 +88,28 @@ TEST_F(FirstPage, TabGoesThroughTheChoicesToTheWayOut) {
                                   u"firstQuit"_s, u"chooseSample"_s}));
 }
 
-TEST_F(FirstPage, EscapeAndTheWayOutRejectItFromAnywhere) {
+TEST_F(FirstPage, EscapeAndTheWayOutRejectIt) {
     PressHere(Qt::Key_Escape);
     EXPECT_EQ(page.result(), QDialog::Rejected);
     EXPECT_FALSE(page.isVisible());
     Show();
     OpenForm();
-    PressHere(Qt::Key_Escape);
+    Button(u"firstQuit"_s)->click();
     EXPECT_FALSE(page.isVisible());
     Show();
-    Button(u"firstQuit"_s)->click();
+    page.close();
+    EXPECT_FALSE(page.isVisible());
+}
+
+TEST_F(FirstPage, EscapeOnTheFormLeadsBackAndKeepsWhatWasTyped) {
+    FillForm();
+    PressHere(Qt::Key_Escape);
+    EXPECT_TRUE(page.isVisible());
+    EXPECT_TRUE(Card(u"chooseNewSite"_s)->isVisible());
+    OpenForm();
+    EXPECT_EQ(Field(u"firstProject"_s)->text(), u" 一号楼 "_s);
+    PressHere(Qt::Key_Escape);
+    PressHere(Qt::Key_Escape);
     EXPECT_FALSE(page.isVisible());
 }
 

@@ -110,6 +110,9 @@ struct OpenSettings {
     [[nodiscard]] QString Text(SetupListPage& page, int row, int column) {
         return page.Model().index(row, column).data().toString();
     }
+    void Type(const QString& field, const QString& text) {
+        window.findChild<QLineEdit*>(field)->setText(text);
+    }
     [[nodiscard]] GridPage& Grid() {
         window.ShowPage(SetupWindow::Page::Grid);
         return *window.findChild<GridPage*>();
@@ -171,6 +174,23 @@ TEST(SetupWindow, WhatStillStandsInACellIsSavedToo) {
     QTest::keyClick(open.window.windowHandle(), Qt::Key_S, Qt::ControlModifier);
     EXPECT_TRUE(QTest::qWaitFor([&] { return !open.window.HasUnsaved(); }));
     EXPECT_EQ(open.site.Read().labels.back().name, u"没有确认"_s);
+}
+
+TEST(SetupWindow, WhatIsTypedTakesThePlaceOfTheProposedName) {
+    OpenSettings open;
+    SetupListPage& labels = open.Labels();
+    open.Click(u"labelsAdd"_s);
+    auto* editor = labels.Table().findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->selectedText(), editor->text());
+}
+
+TEST(SetupWindow, TheDrawingsAreThoseOfTheProjectThatIsOpen) {
+    OpenSettings open;
+    open.window.ShowProject(u"科技大厦"_s);
+    open.window.ShowPage(SetupWindow::Page::Drawings);
+    EXPECT_EQ(open.window.findChild<QComboBox*>(u"drawingsProject"_s)->currentText(),
+              u"科技大厦"_s);
 }
 
 TEST(SetupWindow, FaultsAreShownInTheirRowAndNothingIsSaved) {
@@ -331,7 +351,38 @@ TEST(SetupGrid, AxesThatCrossNowhereAndOddRangesAreTold) {
     };
     EXPECT_THAT(note(u"1-3"_s, {}), HasSubstr("同时写X轴和Y轴"));
     EXPECT_NE(note(u"9-1"_s, u"A"_s), "");
+    EXPECT_TRUE(open.window.HasUnsaved()) << "what stands in the fields";
+    open.Type(u"axesX"_s, {});
+    EXPECT_FALSE(open.window.findChild<QLabel*>(u"axesNote"_s)->isVisible());
+    open.Type(u"axesY"_s, {});
     EXPECT_FALSE(open.window.HasUnsaved());
+}
+
+TEST(SetupGrid, AxesThatStillStandInTheirFieldsAreSavedTooOrKeepAllFromIt) {
+    OpenSettings open;
+    (void)open.Grid();
+    open.Type(u"axesX"_s, u"7"_s);
+    open.window.ShowPage(SetupWindow::Page::Labels);
+    open.Click(u"setupSave"_s);
+    EXPECT_TRUE(open.window.HasUnsaved());
+    EXPECT_TRUE(open.window.findChild<QLabel*>(u"axesNote"_s)->isVisible());
+    open.Type(u"axesY"_s, u"Z"_s);
+    open.Click(u"setupSave"_s);
+    EXPECT_FALSE(open.window.HasUnsaved());
+    EXPECT_TRUE(open.Grid().Matrix().AxesX().contains(u"7"_s));
+}
+
+TEST(SetupGrid, TheFirstFloorIsChosenForItsAxes) {
+    OpenSettings open;
+    SetupListPage& projects = open.Page(SetupWindow::Page::Projects, u"projects"_s);
+    open.Click(u"projectsAdd"_s);
+    open.Set(projects, 2, 0, u"新校区"_s);
+    GridPage& grid = open.Grid();
+    grid.ShowProject(u"新校区"_s);
+    grid.Floors().Model().AddRow();
+    grid.ReadProjects();
+    EXPECT_EQ(grid.Floors().CurrentRow(), 0);
+    EXPECT_TRUE(open.window.findChild<QLineEdit*>(u"axesX"_s)->isEnabled());
 }
 
 TEST(SetupGrid, ABoxMakesAndEndsACrossingAndAUsedOneIsOnlyNoLongerInTheModel) {
