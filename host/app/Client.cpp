@@ -263,10 +263,11 @@ void Client::ConnectSession() {
         m_rights = m_session.Site().Changes().Subscribe([this](const site::Changes& changes) {
             const bool may = std::any_of(changes.begin(), changes.end(), [](const auto& change) {
                 return change.kind == site::ChangeKind::Person ||
+                       change.kind == site::ChangeKind::Project ||
                        change.kind == site::ChangeKind::Anything;
             });
             if (may) {
-                QMetaObject::invokeMethod(this, &Client::ShowRights, Qt::QueuedConnection);
+                QMetaObject::invokeMethod(this, &Client::ShowOthersSetup, Qt::QueuedConnection);
             }
         });
     });
@@ -445,7 +446,10 @@ void Client::ShowChanges() {
     RefreshModule();
 }
 
-void Client::ShowRights() {
+void Client::ShowOthersSetup() {
+    if (m_projects) {
+        m_projects->ReadOthers();
+    }
     EnableCommands();
     if (m_checkpoints) {
         m_checkpoints->ShowRights();

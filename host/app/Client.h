@@ -100,7 +100,7 @@ private:
     void ShowChanges();
     void EnableCommands();
     /// After somebody's rights have changed, whoever did it.
-    void ShowRights();
+    void ShowOthersSetup();
 
     HostSession& m_session;
     Serving m_serving;

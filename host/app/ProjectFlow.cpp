@@ -2,6 +2,7 @@
 
 #include "host/app/Faults.h"
 #include "host/ui/MainWindow.h"
+#include "host/ui/MessageBar.h"
 #include "host/ui/ProjectNameDialog.h"
 #include "site/ICatalogue.h"
 #include "site/IIntake.h"
@@ -18,6 +19,17 @@ ProjectFlow::ProjectFlow(HostSession& hostSession, MainWindow& mainWindow)
 
 void ProjectFlow::ReadChoices() {
     WithoutFault(m_session, [this] { m_choices = ReadProjectChoices(m_session); });
+    const site::WorksetEntry& workset = m_session.CurrentWorkset();
+    const site::ProjectEntry& project = m_session.CurrentProject();
+    const bool isOpen = workset.id != 0 || project.ppid != 0;
+    m_isArchived = isOpen && OpenChoice(m_session, m_choices) < 0;
+    if (m_isArchived) {
+        // Somebody is at work in it.
+        m_choices.push_back(
+            workset.id != 0
+                ? ProjectChoice{u"工作集：%1（已归档）"_s.arg(workset.name), 0, workset.id}
+                : ProjectChoice{u"%1（已归档）"_s.arg(project.name), project.ppid, 0});
+    }
 }
 
 void ProjectFlow::ShowChoices() {
@@ -83,12 +95,23 @@ void ProjectFlow::Make() {
 }
 
 void ProjectFlow::ReadAnew() {
-    ReadChoices();
-    WithoutFault(m_session, [this] { m_session.ReadNames(); });
-    ShowChoices();
-    if (m_session.CurrentProject().ppid == 0 && !m_choices.empty()) {
+    ReadOthers();
+    const bool isNoneOpen = m_session.CurrentProject().ppid == 0;
+    if (isNoneOpen && !m_choices.empty()) {
         Take(0);
+    } else if (m_isArchived && m_choices.size() > 1) {
+        const QString left = m_choices.back().text;
+        Take(0);
+        ReadOthers();
+        m_window.Messages().Show(MessageKind::Info,
+                                 u"离开了%1，现在打开的是%2。"_s.arg(left, m_choices.front().text));
     }
+}
+
+void ProjectFlow::ReadOthers() {
+    WithoutFault(m_session, [this] { m_session.ReadNames(); });
+    ReadChoices();
+    ShowChoices();
 }
 
 } // namespace host

@@ -21,8 +21,11 @@ public:
     void OpenRemembered();
     /// Asks for a name, makes the project and opens it.
     void Make();
-    /// Names and choices as the site has them now; the open project stays, if it is still there.
+    /// Names and choices as the site has them now. The open project stays, if it is still there and
+    /// wasn't archived.
     void ReadAnew();
+    /// The same after another client's change: what is open stays in any case.
+    void ReadOthers();
 
 signals:
     /// Another one is about to be opened.
@@ -38,6 +41,7 @@ private:
     HostSession& m_session;
     MainWindow& m_window;
     std::vector<ProjectChoice> m_choices;
+    bool m_isArchived = false; ///< what is open; it is the last of the choices then
 };
 
 } // namespace host

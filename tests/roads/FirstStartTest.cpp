@@ -284,7 +284,7 @@ TEST_F(FirstStart, ANewSiteIsNotMadeOverAnotherNorAmongOthersFiles) {
     });
     ExpectPage([&](QWidget& page) {
         EXPECT_TRUE(NoteOf(page).contains(u"note.txt"_s)) << NoteOf(page).toStdString();
-        hands::PressKey(&page, Qt::Key_Escape);
+        page.close();
     });
     ExpectGivenUp(Begin());
     ASSERT_FALSE(session.Open(folder.Path(u"data"_s)));
@@ -296,7 +296,7 @@ TEST_F(FirstStart, WhereNothingCanBeWrittenThePageComesBackWithTheReason) {
     ExpectPage([&](QWidget& page) { MakeNewSiteIn(page, folder.Path(u"file/data"_s)); });
     ExpectPage([&](QWidget& page) {
         EXPECT_TRUE(NoteOf(page).contains(folder.Path(u"file/data"_s)));
-        hands::PressKey(&page, Qt::Key_Escape);
+        page.close();
     });
     ExpectGivenUp(Begin());
     EXPECT_EQ(AllFiles(), QStringList{folder.Path(u"file"_s)});
@@ -312,7 +312,7 @@ TEST_F(FirstStart, AFullDiskIsToldAndNothingHalfStays) {
         full.reset();
         EXPECT_FALSE(NoteOf(page).isEmpty());
         EXPECT_EQ(AllFiles(), QStringList());
-        hands::PressKey(&page, Qt::Key_Escape);
+        page.close();
     });
     ExpectGivenUp(Begin());
 }

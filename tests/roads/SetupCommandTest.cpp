@@ -209,7 +209,7 @@ TEST_F(SetupCommand, ASiteThatSomebodyMaySetUpIsChangedByThemAlone) {
     EXPECT_EQ(StateOf(Data()), before);
     EXPECT_EQ(Run(file, {Data()}), 0) << blamed.toStdString();
     const site::OpenedSite opened = site::OpenSite(Data(), {5000, false});
-    EXPECT_EQ(opened.site->Catalogue().Actions(1).front().userName, u"张伟"_s);
+    EXPECT_EQ(opened.site->Catalogue().Actions(1).front().person, u"张伟"_s);
 }
 
 TEST_F(SetupCommand, TheProgramDoesItFromItsWords) {

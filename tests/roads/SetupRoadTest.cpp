@@ -92,6 +92,41 @@ TEST_F(SetupRoad, ARenamedProjectIsCalledSoAtOnceAndAnArchivedOneIsNoLongerOffer
     EXPECT_THAT(Messages(), testing::IsEmpty());
 }
 
+TEST_F(SetupRoad, WhoArchivesTheOpenProjectIsLedToAnother) {
+    Open();
+    auto& projects = Page(host::SetupWindow::Page::Projects, u"projects"_s);
+    const QString open = session.CurrentProject().name;
+    const int row = open == u"一期工程"_s ? 0 : 1;
+    ASSERT_TRUE(
+        projects.Model().setData(projects.Model().index(row, 2), Qt::Checked, Qt::CheckStateRole));
+    Save();
+    EXPECT_NE(session.CurrentProject().name, open);
+    EXPECT_NE(session.CurrentProject().ppid, 0);
+    EXPECT_THAT(client->Window()->windowTitle().toStdString(),
+                HasSubstr(session.CurrentProject().name.toStdString()));
+    EXPECT_FALSE(Projects().join(u' ').contains(open)) << Projects().join(u' ').toStdString();
+    EXPECT_TRUE(Messages().value(0).startsWith(u"离开了%1（已归档）"_s.arg(open)));
+}
+
+TEST_F(SetupRoad, WhatAnotherClientArchivesStaysOpenAndIsOfferedNoMore) {
+    const site::OpenedSite other = site::OpenSite(folder.Path(u"data"_s), {5000, false});
+    const QString open = session.CurrentProject().name;
+    const auto archive = [&](const QString& name) {
+        const site::SetupState seen = other.site->Setup().Read({});
+        site::SetupState wanted = seen;
+        for (site::SetupProject& project : wanted.projects) {
+            project.archived = project.archived || project.name == name;
+        }
+        EXPECT_TRUE(other.site->Setup().Apply(seen, wanted, {u"张伟"_s, 1'700'000'000}).IsDone());
+    };
+    const QString second = open == u"一期工程"_s ? u"二期工程"_s : u"一期工程"_s;
+    archive(second);
+    EXPECT_TRUE(WaitFor([&] { return !Projects().contains(second); }));
+    archive(open);
+    EXPECT_TRUE(WaitFor([&] { return Projects().contains(open + u"（已归档）"_s); }));
+    EXPECT_EQ(session.CurrentProject().name, open);
+}
+
 TEST_F(SetupRoad, ANewFloorStandsInThePlanAndTheImportOffersIt) {
     Open();
     Settings()->ShowPage(host::SetupWindow::Page::Grid);

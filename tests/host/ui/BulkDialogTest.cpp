@@ -84,7 +84,7 @@ TEST_F(BulkAsking, BeginsWithNothingToChangeAndSaysSo) {
 
 TEST_F(BulkAsking, APlaceNeedsFloorAndBothAxes) {
     Open();
-    Choose(u"placeCombo"_s, 2);
+    Choose(u"placeCombo"_s, 1);
     EXPECT_FALSE(CanStart());
     EXPECT_EQ(Note(), u"请选择楼层、X轴和Y轴。"_s);
     Choose(u"floorCombo"_s, 1);
@@ -96,7 +96,7 @@ TEST_F(BulkAsking, APlaceNeedsFloorAndBothAxes) {
     EXPECT_EQ(dialog->Answer().positionKey, u"key-3B"_s);
     Choose(u"floorCombo"_s, 2);
     EXPECT_FALSE(CanStart()) << "axes are those of the floor";
-    Choose(u"placeCombo"_s, 1);
+    Choose(u"placeCombo"_s, 2);
     EXPECT_TRUE(CanStart());
     EXPECT_EQ(dialog->Answer().positionKey, QString());
     EXPECT_FALSE(Find<QComboBox>(u"floorCombo"_s).isEnabled());
@@ -110,13 +110,13 @@ TEST_F(BulkAsking, TheIntersectionOfThePlanIsProposed) {
     asked.positionKey = u"key-3B"_s;
     Open();
     EXPECT_FALSE(CanStart()) << "it is the person who wants a place";
-    Choose(u"placeCombo"_s, 2);
+    Choose(u"placeCombo"_s, 1);
     EXPECT_TRUE(CanStart());
     EXPECT_EQ(Find<QComboBox>(u"axisXCombo"_s).currentText(), u"4"_s);
     EXPECT_EQ(dialog->Answer().positionKey, u"key-3B"_s);
     asked.positionKey = u"gone"_s;
     Open();
-    Choose(u"placeCombo"_s, 2);
+    Choose(u"placeCombo"_s, 1);
     EXPECT_FALSE(CanStart()) << "a place that the services don't have";
 }
 
@@ -205,9 +205,9 @@ TEST_F(BulkAsking, PhotosOfOtherProjectsAreToldOfOnceAPlaceIsWanted) {
     asked.elsewhere = 3;
     Open();
     EXPECT_EQ(Hint(), QString());
-    Choose(u"placeCombo"_s, 2);
-    EXPECT_EQ(Hint(), u"这里是工程“一期”的位置，其他工程的 3 张照片会跳过。"_s);
     Choose(u"placeCombo"_s, 1);
+    EXPECT_EQ(Hint(), u"这里是工程“一期”的位置，其他工程的 3 张照片会跳过。"_s);
+    Choose(u"placeCombo"_s, 2);
     EXPECT_EQ(Hint(), QString());
 }
 
