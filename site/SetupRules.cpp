@@ -15,11 +15,19 @@ namespace {
 constexpr qint32 kMostColor = 0xFFFFFF;
 constexpr qint32 kMostMajor = 4;
 
+/// Joins of emoji and of some scripts are spelling; other signs that nobody sees make names that
+/// look the same, run backwards, or come back from the database without their beginning.
+bool IsControl(QChar letter) {
+    constexpr QChar kNonJoiner(0x200C);
+    constexpr QChar kJoiner(0x200D);
+    return letter.category() == QChar::Other_Control || letter == QChar::LineSeparator ||
+           letter == QChar::ParagraphSeparator ||
+           (letter.category() == QChar::Other_Format && letter != kNonJoiner && letter != kJoiner);
+}
+
+/// Half a pair of surrogates is no text that a database could give back.
 bool HasControls(const QString& text) {
-    return std::any_of(text.begin(), text.end(), [](QChar letter) {
-        return letter.category() == QChar::Other_Control || letter == QChar::LineSeparator ||
-               letter == QChar::ParagraphSeparator;
-    });
+    return !text.isValidUtf16() || std::any_of(text.begin(), text.end(), IsControl);
 }
 
 /// Login names cross the services as 8-bit text.

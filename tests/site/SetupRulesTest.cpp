@@ -50,6 +50,20 @@ TEST(SetupRules, EmptyLongDoubledAndOddNamesAreTold) {
     EXPECT_EQ(doubled.at, 2);
 }
 
+TEST(SetupRules, NamesOfSignsThatNobodySeesAreTold) {
+    const auto faults = [](const QString& name) {
+        SetupState state = Good();
+        state.labels = {{0, name}};
+        return FaultsOf(state).size();
+    };
+    for (const int sign : {0xFEFF, 0x200B, 0x202E, 0x2066, 0x200F, 0x00AD, 0xD800, 0xDC00}) {
+        EXPECT_EQ(faults(QString(QChar(sign))), 1U) << std::hex << sign;
+        EXPECT_EQ(faults(u"墙"_s + QChar(sign) + u'面'), 1U) << std::hex << sign;
+    }
+    EXPECT_EQ(faults(u"👨\u200D👩"_s), 0U);
+    EXPECT_EQ(faults(u"می\u200Cروم"_s), 0U);
+}
+
 TEST(SetupRules, AWorksetHasProjectsThatThereAre) {
     const auto workset = [](const std::vector<QString>& projects) {
         return FaultAfter([&](SetupState& s) { s.worksets = {{0, u"w"_s, projects, false}}; }).text;
