@@ -26,7 +26,7 @@ void AddOnce(const QStringList& more, QStringList& names, QSet<QString>& taken) 
     }
 }
 
-ListedNames NumberRange(const QString& before, int from, int to, const QString& part) {
+ListedNames NumberRange(const QString& before, qint64 from, qint64 to, const QString& part) {
     if (from >= to) {
         return {{}, u"“%1”不是从小到大的范围"_s.arg(part)};
     }
@@ -34,7 +34,7 @@ ListedNames NumberRange(const QString& before, int from, int to, const QString& 
         return {{}, u"“%1”超过 %2 个"_s.arg(part).arg(kMostListed)};
     }
     ListedNames listed;
-    for (int number = from; number <= to; ++number) {
+    for (qint64 number = from; number <= to; ++number) {
         listed.names << before + QString::number(number);
     }
     return listed;
@@ -57,7 +57,7 @@ ListedNames LetterRange(const QString& before, QChar from, QChar to, const QStri
 /// One part of a list: a name, or the names of a range.
 ListedNames AxesOfPart(const QString& part) {
     static const QRegularExpression numbers(
-        u"^(?:(\\d{1,6})-(\\d{1,6})|(.*?)(\\d{1,6})[~～至]\\3(\\d{1,6}))$"_s);
+        u"^(?:(\\d{1,18})-(\\d{1,18})|(.*?)(\\d{1,18})[~～至]\\3(\\d{1,18}))$"_s);
     static const QRegularExpression letters(
         u"^(?:([A-Za-z])-([A-Za-z])|(.*?)([A-Za-z])[~～至]\\3([A-Za-z]))$"_s);
     for (const bool isNumber : {true, false}) {
@@ -66,8 +66,9 @@ ListedNames AxesOfPart(const QString& part) {
             const int shift = match.capturedLength(1) > 0 ? 1 : 4;
             const QString from = match.captured(shift);
             const QString to = match.captured(shift + 1);
-            return isNumber ? NumberRange(match.captured(3), from.toInt(), to.toInt(), part)
-                            : LetterRange(match.captured(3), from.front(), to.front(), part);
+            return isNumber
+                       ? NumberRange(match.captured(3), from.toLongLong(), to.toLongLong(), part)
+                       : LetterRange(match.captured(3), from.front(), to.front(), part);
         }
     }
     if (part.contains(QRegularExpression(u"[~～]"_s))) {

@@ -45,6 +45,9 @@ TEST(AxisList, RangesThatAreNoneAreTold) {
     EXPECT_EQ(Axes(u"A-c"_s), u"“A-c”不是从小到大的范围");
     EXPECT_EQ(Axes(u"1~B"_s), u"看不懂范围“1~B”");
     EXPECT_EQ(Axes(u"1-1001"_s), u"“1-1001”超过 1000 个");
+    EXPECT_EQ(Axes(u"1-99999999"_s), u"“1-99999999”超过 1000 个");
+    EXPECT_EQ(Axes(u"1-999999999999999999"_s), u"“1-999999999999999999”超过 1000 个");
+    EXPECT_EQ(Axes(u"20261123-20261124"_s), u"20261123 20261124");
     EXPECT_EQ(Axes(u"1-1000、2000"_s), u"轴线超过 1000 条");
 }
 
