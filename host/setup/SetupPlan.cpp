@@ -74,8 +74,9 @@ bool IsOfEntry(const site::SetupFault& fault, const QString& name) {
 }
 
 /// A rule that holds for a whole list is told only if all of its lines could be taken: otherwise it
-/// may well hold once they can. A line is told one of them, however many crossings it makes, and
-/// none if something else was wrong with it.
+/// may well hold once they can. A fault of the file itself may be about lines of any table. A line
+/// is told one of them, however many crossings it makes, and none if something else was wrong with
+/// it.
 void TellRules(PlanDesk& desk, const site::SetupState& seen) {
     std::set<QString> faulty;
     std::set<std::pair<QString, int>> told;
@@ -88,7 +89,7 @@ void TellRules(PlanDesk& desk, const site::SetupState& seen) {
         const auto line = desk.LineOf(fault.list, fault.project, name);
         if (!line || !IsOfEntry(fault, name)) {
             const SetupTable table = TableOf(fault.list);
-            if (!faulty.contains(FormOf(table).name)) {
+            if (!faulty.contains(FormOf(table).name) && !faulty.contains(QString())) {
                 desk.Tell(table, 0, fault.text);
             }
         } else if (told.emplace(FormOf(line->table).name, line->line).second) {

@@ -141,4 +141,12 @@ TEST(SetupPlan, FaultsOfTheFileAreTheFirstOnes) {
                            u"标签 第 6 行：“地面”与第 5 行重复"_s}));
 }
 
+TEST(SetupPlan, AFileThatCouldNotBeReadIsNotBlamedForThePeopleItLacks) {
+    EXPECT_EQ(FaultsIn(u"[人 员]\n姓名,角色\n王工,管理员\n"_s, {}),
+              QStringList{u"第 1 行：不认识的表“人 员”，可用的表：工程、工作集、人员、标识、标签、"
+                          "楼层、轴网、交点、图纸"_s});
+    EXPECT_EQ(setuptest::TextsOf(host::PlanSetup(host::ReadSetupFile(u"/proc/self"_s), {}).faults),
+              QStringList{u"不是文件：/proc/self"_s});
+}
+
 } // namespace
