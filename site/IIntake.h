@@ -39,7 +39,8 @@ public:
     virtual void SetSetting(const QString& key, const QString& value) = 0;
 
     /// Stores the picture and files the photo; returns its id. `voice`: an AMR note, or empty.
-    /// Refused for facts that can't be, see PhotoFacts.h.
+    /// Refused for facts that can't be, see PhotoFacts.h. 0, and nothing is left, if the project
+    /// has a photo with `onceMd5`, as below, by the time that this one would be filed.
     virtual qint32 FilePhoto(const NewBimPhoto& photo, const FileSource& picture,
                              const FileSource& voice = {}) = 0;
     virtual qint32 FilePdfPhoto(qint32 ppid, const NewPdfPhoto& photo,

@@ -42,6 +42,7 @@ struct NewBimPhoto {
     PhotoFacts facts{};
     FileSource original{};  ///< the file as it came, if the picture was made of it
     QString originalName{}; ///< its name; empty without one
+    QString onceMd5{};      ///< filed only if no photo has it, see IIntake.h; empty: filed anyway
 };
 
 /// Mark and labels are those of the checkpoint.
@@ -55,9 +56,10 @@ struct NewPdfPhoto {
     qint64 uploadTime = 0;
     QString updater;
     qint64 updateTime = 0;
-    PhotoFacts facts{}; ///< these three as those of a BIM photo
+    PhotoFacts facts{}; ///< these four as those of a BIM photo
     FileSource original{};
     QString originalName{};
+    QString onceMd5{};
 };
 
 struct NewCheckpoint {

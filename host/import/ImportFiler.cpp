@@ -16,10 +16,13 @@ ImportLine ImportFiler::File(const ExaminedFile& file) {
     }
     try {
         // Asked again: another file of this import may have had the same bytes.
-        if (file.isKnown || IsThere(file.md5)) {
+        const bool isThere = file.isKnown || IsThere(file.md5);
+        const qint32 id = isThere                       ? 0
+                          : m_request.checkpointId != 0 ? FilePdfPhoto(file)
+                                                        : FileBimPhoto(file);
+        if (id == 0) {
             return {file.path, ImportOutcome::Duplicate, u"工程中已有相同的照片"_s};
         }
-        const qint32 id = m_request.checkpointId != 0 ? FilePdfPhoto(file) : FileBimPhoto(file);
         return {file.path, ImportOutcome::Filed, file.displayName, file.note, id};
     } catch (const site::DataError& error) {
         const bool onlyThisFile = error.GetFault() == site::Fault::BadName;
@@ -49,6 +52,8 @@ void ImportFiler::SetCommon(Photo& photo, const ExaminedFile& file) const {
     photo.facts = file.facts;
     photo.original = {{}, file.original};
     photo.originalName = file.originalName;
+    // Somebody else may import the same folder at the same time.
+    photo.onceMd5 = file.md5;
 }
 
 qint32 ImportFiler::FileBimPhoto(const ExaminedFile& file) {

@@ -55,6 +55,10 @@ qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture
     const StoredFile original = m_impl->Put(photo.original);
     const LastChange last(photo.uploader, photo.uploadTime, photo.updater, photo.updateTime);
     return m_impl->Change([&] {
+        if (!photo.onceMd5.isEmpty() && FindPhotoByMd5(photo.ppid, photo.onceMd5) != 0) {
+            m_impl->Drop({file.uuid, note.uuid, original.uuid});
+            return 0;
+        }
         QString floor;
         QString axisX;
         QString axisY;
@@ -89,11 +93,7 @@ qint32 SiteWriter::FilePhoto(const NewBimPhoto& photo, const FileSource& picture
              photo.updateTime,
              last.person,
              last.time});
-        for (const qint32 label : photo.labelIds) {
-            m_impl->db.Exec(u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?)"
-                            " ON CONFLICT DO NOTHING"_s,
-                            {label, photo.ppid, id});
-        }
+        m_impl->InsertLabels(photo, id);
         m_impl->InsertFile(file, FileKind::BimPhoto, photo.ppid, id);
         m_impl->InsertFile(note, FileKind::PhotoVoice, photo.ppid, id);
         m_impl->NoteFacts(photo, photo.ppid, id, original);
@@ -114,6 +114,10 @@ qint32 SiteWriter::FilePdfPhoto(qint32 ppid, const NewPdfPhoto& photo, const Fil
     const LastChange last(photo.uploader, photo.uploadTime, photo.updater, photo.updateTime);
     return m_impl->Change([&] {
         m_impl->RequireCheckpoint(ppid, photo.checkpointId);
+        if (!photo.onceMd5.isEmpty() && FindPdfPhotoByMd5(ppid, photo.onceMd5) != 0) {
+            m_impl->Drop({file.uuid, original.uuid});
+            return 0;
+        }
         const qint64 id = m_impl->db.Insert(
             u"INSERT INTO pdf_photo (ppid, checkpoint_id, drawing_id, drawing_name, checkpoint_no,"
             " name, description, mark_id, file_uuid, state, status, uploader, uploaded, updater,"

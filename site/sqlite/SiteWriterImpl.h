@@ -8,6 +8,7 @@
 #include "site/sqlite/PhotoFactTable.h"
 #include "site/sqlite/SiteWriter.h"
 
+#include <initializer_list>
 #include <memory>
 #include <vector>
 
@@ -80,6 +81,14 @@ public:
         }
     }
 
+    void InsertLabels(const NewBimPhoto& photo, qint64 id) {
+        for (const qint32 label : photo.labelIds) {
+            db.Exec(u"INSERT INTO bim_label (label_id, ppid, photo_id) VALUES (?, ?, ?)"
+                    " ON CONFLICT DO NOTHING"_s,
+                    {label, photo.ppid, id});
+        }
+    }
+
     void Note(ChangeKind kind, qint32 ppid, qint64 id, const QString& person = {}) {
         db.Log().Note(kind, ppid, id, person);
     }
@@ -101,6 +110,15 @@ public:
     void Undo() {
         batch.reset();
         DiscardAll();
+    }
+
+    /// Files that were stored and come into no row.
+    void Drop(std::initializer_list<QString> uuids) {
+        for (const QString& uuid : uuids) {
+            if (std::erase(waiting, uuid) > 0) {
+                store.Discard(uuid);
+            }
+        }
     }
 
     [[nodiscard]] qint32 Find(const QString& sql, const QVariantList& values) {

@@ -75,6 +75,45 @@ TEST(SiteWriter, ABatchThatIsNotCommittedLeavesNeitherRowsNorFiles) {
     EXPECT_TRUE(SiteWriter(site.folder).IsEmpty());
 }
 
+TEST(SiteWriter, WhatIsToBeThereOnceIsFiledOnceAndLeavesNoFilesTheSecondTime) {
+    TempSite site;
+    const Filed filed = FileOne(site.folder, "picture");
+    const auto fileRows = [&] {
+        return site.folder.Db().Value(u"SELECT COUNT(*) FROM file"_s).toInt();
+    };
+    NewBimPhoto photo;
+    photo.ppid = filed.ppid;
+    photo.fileName = u"b.jpg"_s;
+    photo.original = {{}, "original"};
+    photo.originalName = u"b.heic"_s;
+    photo.onceMd5 =
+        QString::fromLatin1(QCryptographicHash::hash("original", QCryptographicHash::Md5).toHex());
+    SiteWriter writer(site.folder);
+    const qint32 first = writer.FilePhoto(photo, {{}, "view"});
+    EXPECT_GT(first, filed.picId);
+    const int rows = fileRows();
+    writer.BeginBatch();
+    photo.onceMd5.clear();
+    const qint32 anyway = writer.FilePhoto(photo, {{}, "view"});
+    EXPECT_GT(anyway, first);
+    const auto stored = [&] {
+        int count = 0;
+        QDirIterator below(site.folder.StorePath(), QDir::Files, QDirIterator::Subdirectories);
+        while (below.hasNext()) {
+            count += below.next().contains(u"/incoming/"_s) ? 0 : 1;
+        }
+        return count;
+    };
+    const int before = stored();
+    photo.onceMd5 =
+        QString::fromLatin1(QCryptographicHash::hash("picture", QCryptographicHash::Md5).toHex());
+    EXPECT_EQ(writer.FilePhoto(photo, {{}, "picture"}, {{}, "voice"}), 0);
+    EXPECT_EQ(stored(), before);
+    writer.CommitBatch();
+    EXPECT_TRUE(site.folder.Store().Has(UuidOf(site.folder, anyway)));
+    EXPECT_EQ(fileRows(), rows + 2);
+}
+
 TEST(SiteWriter, NotesOfABatchStayUntilItsCommitIsOnTheDisk) {
     TempSite site;
     const auto notes = [&] {

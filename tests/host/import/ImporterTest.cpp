@@ -14,6 +14,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <thread>
 
 namespace {
 
@@ -37,6 +38,27 @@ TEST(Importer, FilesEachPictureWithItsOwnBytes) {
     EXPECT_EQ(photos[1].bytes, Picture("png", 2));
     EXPECT_EQ(photos[2].name, u"c.bmp"_s);
     EXPECT_EQ(photos[2].bytes, Picture("bmp", 3));
+}
+
+TEST(Importer, WhatTwoImportAtOnceIsFiledOnce) {
+    constexpr int kPictures = 60;
+    ImportSite site;
+    for (int i = 0; i < kPictures; ++i) {
+        site.Put(u"%1.jpg"_s.arg(i, 2, 10, QChar(u'0')), Picture("jpeg", i));
+    }
+    host::ImportReport theirs;
+    std::thread other([&] {
+        site::DataFolder folder(site.DataPath());
+        ASSERT_FALSE(folder.Open());
+        site::SqliteSite engine(folder);
+        theirs = host::Importer(engine).Run(site.Request());
+    });
+    const host::ImportReport ours = host::Importer(*site.Engine()).Run(site.Request());
+    other.join();
+    EXPECT_EQ(ours.filed + theirs.filed, kPictures);
+    EXPECT_EQ(ours.duplicates + theirs.duplicates, kPictures);
+    EXPECT_EQ(site.Filed().size(), kPictures);
+    EXPECT_EQ(site.StoredFiles(), kPictures);
 }
 
 TEST(Importer, PlaceAndMarkGoToEveryPhoto) {
