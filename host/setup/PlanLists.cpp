@@ -56,7 +56,9 @@ struct WorksetLines {
 void ReadWorksetLine(PlanDesk& desk, const SetupRow& row, const QHash<QString, size_t>& projects,
                      WorksetLines& lines) {
     constexpr SetupTable kTable = SetupTable::Workset;
-    const QStringList parts = ListedParts(row.Cell(column::kWorksetProjects));
+    const QString& cell = row.Cell(column::kWorksetProjects);
+    // A project's own name may hold what separates others.
+    const QStringList parts = projects.contains(cell) ? QStringList{cell} : ListedParts(cell);
     if (parts.isEmpty()) {
         desk.Tell(kTable, row.line, u"没有写工程"_s);
     }

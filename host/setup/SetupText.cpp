@@ -21,6 +21,14 @@ QString Listed(const std::vector<QString>& names) {
     return QStringList(names.begin(), names.end()).join(u'、');
 }
 
+/// One cell, or one for each project if a name would be taken for several.
+QStringList WorksetCells(const std::vector<QString>& projects) {
+    const bool isPlain = std::all_of(projects.begin(), projects.end(), [](const QString& name) {
+        return ListedParts(name) == QStringList{name};
+    });
+    return isPlain ? QStringList{Listed(projects)} : QStringList(projects.begin(), projects.end());
+}
+
 QString FlagText(bool isSo) {
     return isSo ? u"是"_s : QString();
 }
@@ -197,7 +205,9 @@ QByteArray SetupTextOf(const site::SetupState& state) {
     }
     words.Begin(SetupTable::Workset);
     for (const site::SetupWorkset& workset : state.worksets) {
-        words.Row({workset.name, Listed(workset.projects), FlagText(workset.archived)});
+        for (const QString& projects : WorksetCells(workset.projects)) {
+            words.Row({workset.name, projects, FlagText(workset.archived)});
+        }
     }
     words.Begin(SetupTable::Person);
     for (const site::SetupPerson& person : state.people) {

@@ -67,7 +67,7 @@ const QString kWholeSetup =
     u"[工程]\n名称,专业,归档\n一期,土建\n\"#1楼, "
     u"\"\"东\"\"\",Revit,是\n[工作集]\n名称,工程,归档\n全部,\"一期\",是\n"
     "[人员]\n姓名,角色,权限,停用\n王工,管理员\n小李,,删除、新增标签,是\n小张,查看者\n"
-    "[标识]\n名称,颜色\n渗水,#102030\n裂缝,#ABCDEF\n[标签]\n名称\n=墙\n'-1\n[地面]\n"
+    "[标识]\n名称,颜色\n渗水,#050009\n裂缝,#ABCDEF\n[标签]\n名称\n=墙\n'-1\n[地面]\n"
     "[楼层]\n工程,楼层\n一期,-1\n一期,1\n一期,2\n一期,3\n一期,\"屋;面\"\n"
     "[轴网]\n工程,楼层,X轴,Y轴\n一期,-1~2,1-3、1/3,A-C\n一期,3,1-2,A\n"
     "[交点]\n工程,楼层,X轴,Y轴\n一期,3,9-1,B\n一期,3,1,B\n一期,屋;面,1,A\n"_s;
@@ -84,8 +84,23 @@ TEST(SetupText, AnotherSiteBecomesTheSame) {
     EXPECT_EQ(Plain(StateOf(*two)), Plain(StateOf(*one))) << exported.toStdString();
     EXPECT_EQ(TextOfSite(*two), exported);
     EXPECT_EQ(StateOf(*one).labels.at(2).name, u"[地面]");
+    EXPECT_TRUE(exported.contains(u"渗水,#050009\n"_s)) << exported.toStdString();
     EXPECT_EQ(StateOf(*one).projects.at(1).name, u"#1楼, \"东\"");
     EXPECT_EQ(StateOf(*one).grids.at(0).crossings.size(), 3U * 12U + 2U + 3U);
+}
+
+TEST(SetupText, AWorksetOfProjectsWithSeparatorsInTheirNamesIsReadAgain) {
+    const support::TempFolder folder;
+    const auto one = site::OpenSite(folder.Path(u"one"_s)).site;
+    const auto two = site::OpenSite(folder.Path(u"two"_s)).site;
+    const QString text =
+        u"[工程]\n名称,专业\n\"甲、乙\",土建\n丙,安装\n[人员]\n姓名,角色\n王工,管理员\n"
+        "[工作集]\n名称,工程,归档\n全部,\"甲、乙\",是\n全部,丙,是\n"_s;
+    ASSERT_EQ(Apply(*one, text), QStringList());
+    const QString exported = TextOfSite(*one);
+    ASSERT_EQ(Apply(*two, exported), QStringList()) << exported.toStdString();
+    EXPECT_EQ(StateOf(*two).worksets.at(0).projects, (std::vector<QString>{u"甲、乙"_s, u"丙"_s}));
+    EXPECT_TRUE(StateOf(*two).worksets.at(0).archived);
 }
 
 TEST(SetupText, TakenAgainItChangesNothing) {
