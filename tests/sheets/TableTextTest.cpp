@@ -34,6 +34,7 @@ TEST(TableText, TabsCommasAndSemicolons) {
     EXPECT_EQ(Pasted(u"a\tb,c\n1\t2\n"_s), QStringList({u"1: a|b,c"_s, u"2: 1|2"_s}));
     EXPECT_EQ(Pasted(u"a,b;c,d\r\n1,2\r3,4"_s),
               QStringList({u"1: a|b;c|d"_s, u"2: 1|2"_s, u"3: 3|4"_s}));
+    EXPECT_EQ(Pasted(u"a,b;c"_s), QStringList{u"1: a|b;c"_s});
     EXPECT_EQ(Pasted(u"a;b;c,d"_s), QStringList{u"1: a|b|c,d"_s});
     EXPECT_EQ(Pasted(u"标题\n \"a;b;\t\"\"c\",d\n"_s),
               QStringList({u"1: 标题"_s, u"2: a;b;\t\"c|d"_s}));

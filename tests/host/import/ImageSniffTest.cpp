@@ -61,6 +61,27 @@ TEST(ImageSniff, TheEndOfAThumbnailIsNotTheEndOfThePicture) {
     EXPECT_FALSE(host::ReachesItsEnd(ImageKind::Jpeg, whole.chopped(40)));
 }
 
+TEST(ImageSniff, AGifWithColoursOfItsPictureIsWhole) {
+    QByteArray gif = importtest::Gif();
+    const qsizetype flags = gif.indexOf(QByteArray::fromHex("2C")) + 9;
+    gif[flags] = '\x80';
+    gif.insert(flags + 1,
+               QByteArray::fromHex("3B3B3B000000")); // two colours, the first like an end
+    EXPECT_TRUE(host::ReachesItsEnd(ImageKind::Gif, gif));
+    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::Gif, gif.chopped(1)));
+}
+
+TEST(ImageSniff, APackedBitmapIsWholeWithAllTheBytesThatItsHeaderNames) {
+    QByteArray bmp = Picture("bmp", 1);
+    bmp.replace(30, 4, QByteArray::fromHex("01000000")); // run lengths
+    const qsizetype there = bmp.size() - quint8(bmp[10]);
+    for (int byte = 0; byte < 4; ++byte) {
+        bmp[34 + byte] = char(there >> 8 * byte & 0xFF);
+    }
+    EXPECT_TRUE(host::ReachesItsEnd(ImageKind::Bmp, bmp));
+    EXPECT_FALSE(host::ReachesItsEnd(ImageKind::Bmp, bmp.chopped(1)));
+}
+
 TEST(ImageSniff, HostileLengthsEndTheWalk) {
     EXPECT_FALSE(host::ReachesItsEnd(ImageKind::Jpeg, QByteArray::fromHex("FFD8FFE0FFFF00")));
     EXPECT_FALSE(host::ReachesItsEnd(ImageKind::Jpeg, QByteArray::fromHex("FFD8FFE00000FFD9")));

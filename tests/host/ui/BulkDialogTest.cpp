@@ -68,6 +68,20 @@ protected:
     std::vector<BulkAnswer> answers;
 };
 
+TEST_F(BulkAsking, WaysAreCalledByWhatTheyDo) {
+    Open();
+    const auto texts = [this](const QString& name) {
+        QStringList words;
+        const auto& combo = Find<QComboBox>(name);
+        for (int row = 0; row < combo.count(); ++row) {
+            words << combo.itemText(row);
+        }
+        return words;
+    };
+    EXPECT_EQ(texts(u"placeCombo"_s).mid(1), QStringList({u"清除"_s, u"指定"_s}));
+    EXPECT_EQ(texts(u"labelCombo"_s).mid(1), QStringList({u"添加"_s, u"替换为"_s}));
+}
+
 TEST_F(BulkAsking, BeginsWithNothingToChangeAndSaysSo) {
     Open();
     EXPECT_EQ(Find<QLabel>(u"headLabel"_s).text(), u"将修改勾选的 12 张BIM模型照片"_s);
