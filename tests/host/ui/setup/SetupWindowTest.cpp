@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -421,6 +422,18 @@ TEST(SetupGrid, AnAxisGoesFromItsFloorAloneAndAFloorIsCopied) {
     EXPECT_THAT(grid.Matrix().AxesX(), testing::IsEmpty());
     grid.ShowFloor(1);
     EXPECT_THAT(grid.Matrix().AxesX(), ElementsAre(u"1"_s, u"2"_s));
+}
+
+TEST(SetupWindow, TheColourOfAMarkIsChosen) {
+    OpenSettings open;
+    SetupListPage& marks = open.Page(SetupWindow::Page::Marks, u"marks"_s);
+    marks.SelectRow(0);
+    open.Click(u"marksColor"_s);
+    auto* dialog = open.window.findChild<QColorDialog*>(u"markColor"_s);
+    ASSERT_NE(dialog, nullptr);
+    dialog->setCurrentColor(QColor(0x12, 0x34, 0x56));
+    dialog->accept();
+    EXPECT_EQ(open.Text(marks, 0, 1), u"#123456"_s);
 }
 
 TEST(SetupGrid, FloorsAreRenamedOrderedAndRemovedIfUnused) {
