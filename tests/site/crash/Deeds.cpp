@@ -3,11 +3,13 @@
 #include "site/IBimPhotos.h"
 #include "site/IBin.h"
 #include "site/IBlobs.h"
+#include "site/IBulkFiling.h"
 #include "site/IComments.h"
 #include "site/IDrawings.h"
 #include "site/IIssues.h"
 #include "site/IPdfPhotos.h"
 #include "site/IRichTexts.h"
+#include "site/ISetup.h"
 #include "site/sqlite/Database.h"
 #include "site/sqlite/SiteWriter.h"
 #include "site/sqlite/SqliteSite.h"
@@ -37,7 +39,7 @@ public:
 
     void Do() {
         using Way = void (Deed::*)();
-        constexpr std::array<Way, 18> kWays = {
+        constexpr std::array<Way, 20> kWays = {
             &Deed::SavePhoto,
             &Deed::HidePhotos,
             &Deed::DeletePhotos,
@@ -56,6 +58,8 @@ public:
             &Deed::Upload,
             &Deed::AddOrRemoveRectifyPics,
             &Deed::SaveRichText,
+            &Deed::FileMany,
+            &Deed::SaveSettings,
         };
         (this->*kWays[Below(int(kWays.size()))])();
     }
@@ -278,6 +282,41 @@ public:
         onPoint.uploadTime = photo.uploadTime;
         writer.FilePdfPhoto(kProject, onPoint, Content(u"drawing picture"_s));
         writer.CommitBatch();
+    }
+
+    /// Photos or issues.
+    void FileMany() {
+        site::BulkWish wish;
+        wish.markId = 1 + Below(2);
+        wish.status = Below(2);
+        if (Below(2) == 0) {
+            static_cast<void>(
+                m_engine.BulkFiling().FileIssues({kProject}, {SomeIssue()}, wish, Signature()));
+            return;
+        }
+        wish.labelIds = {1 + Below(kLabels)};
+        wish.replaceLabels = Below(2) == 0;
+        static_cast<void>(m_engine.BulkFiling().FileBimPhotos(
+            {kProject}, Narrow(Some(u"bim_photo"_s, 3)), wish, Signature()));
+    }
+
+    /// A label is renamed; somebody, and a floor with its crossings, are added.
+    void SaveSettings() {
+        const site::SetupState seen = m_engine.Setup().Read({kProject});
+        site::SetupState wanted = seen;
+        const QString name = QString::number(m_number);
+        wanted.people.push_back({0, u"p"_s + name, {site::kRightSetup}, true});
+        wanted.labels[size_t(Below(int(wanted.labels.size())))].name = u"标签"_s + name;
+        site::SetupGrid& grid = wanted.grids.front();
+        grid.floors.push_back({u"层"_s + name, {}});
+        for (const QString& axis : {u"1"_s, u"2"_s, u"3"_s}) {
+            grid.crossings.push_back({{}, u"层"_s + name, axis, u"A"_s, true});
+        }
+        const site::SetupOutcome saved = m_engine.Setup().Apply(seen, wanted, Signature());
+        if (!saved.IsDone()) {
+            qFatal("settings: %s",
+                   qPrintable(saved.refusals.empty() ? QString() : saved.refusals.front()));
+        }
     }
 
     void FileIssue() {
