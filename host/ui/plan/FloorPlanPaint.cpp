@@ -20,8 +20,9 @@ void PaintEmpty(QPainter& painter, const FloorPlanScene& scene) {
     const QString text =
         scene.model.projectName.isEmpty()
             ? u"没有打开的工程\n请在工具栏左端选择工程，或用“文件 / 新建工程”（Ctrl+N）建一个。"_s
-            : u"工程“%1”没有楼层和轴网\n请在“文件 / 设置”（Ctrl+,）中录入；没有位置的照片在控制台中。"_s
-                  .arg(scene.model.projectName);
+            : u"工程“%1”没有楼层和轴网\n"
+              "请在“文件 / 设置”（Ctrl+,）中录入；没有位置的照片在控制台中。"_s.arg(
+                  scene.model.projectName);
     painter.setFont(toolkit::UiFont(14));
     painter.setPen(toolkit::Colors::HintText());
     painter.drawText(scene.flags.visible, Qt::AlignCenter, text);

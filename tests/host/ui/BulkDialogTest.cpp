@@ -78,7 +78,7 @@ TEST_F(BulkAsking, WaysAreCalledByWhatTheyDo) {
         }
         return words;
     };
-    EXPECT_EQ(texts(u"placeCombo"_s).mid(1), QStringList({u"清除"_s, u"指定"_s}));
+    EXPECT_EQ(texts(u"placeCombo"_s).mid(1), QStringList({u"指定"_s, u"清除"_s}));
     EXPECT_EQ(texts(u"labelCombo"_s).mid(1), QStringList({u"添加"_s, u"替换为"_s}));
 }
 

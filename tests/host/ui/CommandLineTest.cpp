@@ -99,7 +99,7 @@ TEST(CommandLine, OfASetupEachWrongWordIsNamed) {
     EXPECT_TRUE(error({u"--check"_s}).startsWith(u"请写明设置文件"_s));
     EXPECT_EQ(error({u"a"_s, u"b"_s}), u"不认识“b”。");
     EXPECT_EQ(error({u"a"_s, u"--check=1"_s}), u"不认识“--check=1”。");
-    EXPECT_EQ(error({u"a"_s, u"--user=张"_s}), u"不认识“--user=张”。");
+    EXPECT_EQ(error({u"a"_s, u"--floor=1"_s}), u"不认识“--floor=1”。");
     EXPECT_EQ(error({u"a"_s, u"--data"_s}), u"选项 --data 后面缺少内容。");
     EXPECT_TRUE(error({u"--write"_s, u"a"_s, u"--check"_s}).startsWith(u"--write "_s));
     EXPECT_TRUE(
