@@ -71,6 +71,12 @@ void UndoFlow::Note(const DoneDeed& deed) {
 void UndoFlow::ShowGathered() {
     for (const DoneDeed& deed : std::exchange(m_gathered, {})) {
         Show(deed);
+        // What was deleted is written down by who deletes.
+        if (deed.kind == DeedKind::Hidden || deed.kind == DeedKind::Shown) {
+            WithoutFault(m_session, [&] {
+                m_session.Actions().Write(DeedName(deed.kind, deed.what, deed.items.size()));
+            });
+        }
     }
 }
 

@@ -27,6 +27,12 @@ using support::WaitFor;
 
 constexpr qint64 kWeekSeconds = 7LL * 24 * 60 * 60;
 
+/// Monday, midnight.
+qint64 BeginOfWeek(qint64 time) {
+    const QDate day = QDateTime::fromSecsSinceEpoch(time).date();
+    return day.addDays(1 - day.dayOfWeek()).startOfDay().toSecsSinceEpoch();
+}
+
 class StatisticsRoad : public ClientOnAFolder {
 protected:
     void SetUp() override {
@@ -59,6 +65,9 @@ protected:
             photo.state = number % 3;
             photo.uploader = u"张伟"_s;
             photo.uploadTime = now - number * kWeekSeconds;
+            if (number == 3) {
+                photo.uploadTime = BeginOfWeek(photo.uploadTime); // of no week before
+            }
             writer.FilePhoto(photo, {QString(), JpegBytes(qRgb(9, 30 * number, 200))});
         }
         AddDrawing(writer, now);

@@ -147,6 +147,7 @@ TEST_F(UndoRoad, OnlyWhatWasReallyHiddenIsShownAgain) {
     Tick({u"照片2.jpg"_s, u"照片3.jpg"_s});
     ClickOn(*Console(), u"hideButton"_s);
     ASSERT_TRUE(Offers(u"已隐藏 2 张照片。"_s));
+    EXPECT_EQ(LastAction(), u"隐藏 2 张照片"_s);
     ASSERT_TRUE(ClickUndo(*client));
     EXPECT_TRUE(WaitFor([] { return StatusOf(u"照片2.jpg"_s) == u"显示"_s; }));
     EXPECT_EQ(StatusOf(u"照片3.jpg"_s), u"显示"_s);
