@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QStackedWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -106,6 +107,16 @@ QString Instead(SetupList list) {
                                        : QString();
 }
 
+/// On a low screen a page scrolls by itself; the list of pages and the buttons below stay in sight.
+QWidget* Scrolling(QWidget* page) {
+    auto* room = new QScrollArea;
+    room->setFrameShape(QFrame::NoFrame);
+    room->setWidgetResizable(true);
+    room->setFocusPolicy(Qt::NoFocus);
+    room->setWidget(page);
+    return room;
+}
+
 } // namespace
 
 SetupWindow::SetupWindow(QWidget* parent, ISetupDesk& setupDesk)
@@ -172,7 +183,7 @@ void SetupWindow::MakePages() {
     marks->AddButton(m_color);
     connect(m_color, &QPushButton::clicked, this, &SetupWindow::PickColor);
     m_grid = new GridPage(m_stack, *m_draft);
-    m_stack->addWidget(m_grid);
+    m_stack->addWidget(Scrolling(m_grid));
     new QListWidgetItem(toolkit::Icon(u"plan"_s), u"楼层和轴线"_s, m_pages);
     connect(m_grid, &GridPage::GridWanted, this, &SetupWindow::WantGrid);
     connect(&m_grid->Floors(), &SetupListPage::RemovalWanted, this, &SetupWindow::RemoveFloor);
@@ -185,7 +196,7 @@ void SetupWindow::MakePages() {
         return !uses || !uses->isEmpty();
     });
     m_drawings = new DrawingsPage(m_stack, m_desk);
-    m_stack->addWidget(m_drawings);
+    m_stack->addWidget(Scrolling(m_drawings));
     new QListWidgetItem(toolkit::Icon(u"drawing"_s), u"图纸"_s, m_pages);
     for (int at = 0; at < m_pages->count(); ++at) {
         m_pages->item(at)->setSizeHint(QSize(0, 32));
@@ -194,7 +205,7 @@ void SetupWindow::MakePages() {
 
 void SetupWindow::MakeListPage(Page page, SetupListPage* made) {
     m_lists.push_back(made);
-    m_stack->insertWidget(int(page), made);
+    m_stack->insertWidget(int(page), Scrolling(made));
     connect(made, &SetupListPage::RemovalWanted, this,
             [this, made](int row) { Remove(*made, row); });
     connect(made, &SetupListPage::PasteWanted, this,
