@@ -11,6 +11,8 @@
 #include <QDir>
 #include <QGridLayout>
 #include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace host {
@@ -18,6 +20,9 @@ namespace host {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// Margins and the line of the button.
+constexpr int kBelowKeys = 80;
 
 QLabel* PlainLabel(const QString& text, QWidget* parent) {
     auto* label = new QLabel(text, parent);
@@ -43,7 +48,10 @@ void ShowKeys(QWidget* parent) {
     auto* lines = new QVBoxLayout(&dialog);
     lines->setContentsMargins(16, 16, 16, 12);
     lines->setSpacing(12);
-    auto* table = new QGridLayout;
+    // There are more of them than a screen has room for; the button stays in sight.
+    auto* page = new QWidget;
+    auto* table = new QGridLayout(page);
+    table->setContentsMargins(0, 0, 8, 0);
     table->setHorizontalSpacing(24);
     table->setVerticalSpacing(8);
     const QStringList rows = KeysText().split(u'\n');
@@ -55,7 +63,13 @@ void ShowKeys(QWidget* parent) {
         table->addWidget(key, row, 0);
         table->addWidget(PlainLabel(rows[row].section(u'\t', 1), &dialog), row, 1);
     }
-    lines->addLayout(table);
+    auto* room = new QScrollArea(&dialog);
+    room->setFrameShape(QFrame::NoFrame);
+    room->setWidgetResizable(true);
+    room->setWidget(page);
+    lines->addWidget(room, 1);
+    const QSize beside(2 * 16 + room->verticalScrollBar()->sizeHint().width(), kBelowKeys);
+    toolkit::ResizeWithinScreen(dialog, page->sizeHint() + beside);
     RunWithClose(dialog, lines);
 }
 

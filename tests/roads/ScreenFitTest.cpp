@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QMainWindow>
+#include <QPushButton>
 #include <QScreen>
 #include <QSizeGrip>
 #include <QWindow>
@@ -184,6 +185,8 @@ TEST_F(SmallScreen, TheSettingsFitOnEachPage) {
 TEST_F(SmallScreen, TheListOfKeysFits) {
     const ModalVisit visit(u"keysWindow"_s, [](QWidget& keys) {
         ExpectFits(keys);
+        const auto* button = keys.findChild<QPushButton*>();
+        EXPECT_TRUE(keys.rect().contains(QRect(button->mapTo(&keys, QPoint()), button->size())));
         keys.close();
     });
     ASSERT_TRUE(
