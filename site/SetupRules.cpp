@@ -10,6 +10,11 @@ namespace site {
 
 using namespace Qt::StringLiterals;
 
+bool MaySetUp(const SetupPerson& person) {
+    return person.active && std::find(person.rights.begin(), person.rights.end(), kRightSetup) !=
+                                person.rights.end();
+}
+
 namespace {
 
 constexpr qint32 kMostColor = 0xFFFFFF;
@@ -116,11 +121,6 @@ void CheckWorksets(const SetupState& wanted, std::vector<SetupFault>& faults) {
         }
         ++at;
     }
-}
-
-bool MaySetUp(const SetupPerson& person) {
-    return person.active && std::find(person.rights.begin(), person.rights.end(), kRightSetup) !=
-                                person.rights.end();
 }
 
 QString NobodyLeft() {

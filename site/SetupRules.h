@@ -28,6 +28,9 @@ struct SetupFault {
 /// rules, and what came from them mustn't keep anybody from changing the rest.
 [[nodiscard]] std::vector<SetupFault> FaultsOf(const SetupState& seen, const SetupState& wanted);
 
+/// Signs in and has the right to set up.
+[[nodiscard]] bool MaySetUp(const SetupPerson& person);
+
 /// A name as it is stored: without blanks at its ends, composed (Unicode NFC).
 [[nodiscard]] QString TidyName(const QString& name);
 

@@ -58,6 +58,7 @@ void ProjectFlow::Take(int index) {
     }
     emit Leaving();
     WithoutFault(m_session, [&] { TakeChoice(m_session, m_choices[index]); });
+    ReadChoices(); // an archived one was offered only while it was open
     ShowChoices();
     emit Changed();
 }
@@ -102,7 +103,6 @@ void ProjectFlow::ReadAnew() {
     } else if (m_isArchived && m_choices.size() > 1) {
         const QString left = m_choices.back().text;
         Take(0);
-        ReadOthers();
         m_window.Messages().Show(MessageKind::Info,
                                  u"离开了%1，现在打开的是%2。"_s.arg(left, m_choices.front().text));
     }

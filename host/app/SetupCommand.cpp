@@ -12,12 +12,11 @@
 #include "site/IIntake.h"
 #include "site/ISetup.h"
 #include "site/OpenSite.h"
+#include "site/SetupRules.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QTextStream>
-
-#include <algorithm>
 
 namespace host {
 
@@ -55,9 +54,7 @@ KnownDrawings DrawingsOf(site::ISite& site, const site::SetupState& state) {
 QString LackOfPerson(const site::SetupState& state, const QString& user) {
     QStringList able;
     for (const site::SetupPerson& person : state.people) {
-        const auto& rights = person.rights;
-        if (person.active &&
-            std::find(rights.begin(), rights.end(), site::kRightSetup) != rights.end()) {
+        if (site::MaySetUp(person)) {
             able << person.name;
         }
     }

@@ -125,6 +125,8 @@ TEST_F(SetupRoad, WhatAnotherClientArchivesStaysOpenAndIsOfferedNoMore) {
     archive(open);
     EXPECT_TRUE(WaitFor([&] { return Projects().contains(open + u"（已归档）"_s); }));
     EXPECT_EQ(session.CurrentProject().name, open);
+    ASSERT_TRUE(ChooseProject(u"工作集：总包"_s));
+    EXPECT_THAT(Projects(), ElementsAre(u"工作集：总包"_s)) << "left, it is offered no more";
 }
 
 TEST_F(SetupRoad, ANewFloorStandsInThePlanAndTheImportOffersIt) {
